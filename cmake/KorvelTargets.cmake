@@ -1,5 +1,8 @@
 # How a folder of src/ becomes a target, and how a test program links what it tests.
 
+# Lets a folder that holds only headers so far be a target.
+set(KORVEL_EMPTY_SOURCE ${CMAKE_CURRENT_LIST_DIR}/empty.cpp)
+
 # korvel_folder(NAME USES folder... LINKS library...)
 #
 # One object library korvel_NAME from src/NAME. USES lists the folders whose objects a program that
@@ -8,7 +11,7 @@ function(korvel_folder name)
   cmake_parse_arguments(arg "" "" "USES;LINKS" ${ARGN})
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp
                                       ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h)
-  add_library(korvel_${name} OBJECT ${sources})
+  add_library(korvel_${name} OBJECT ${sources} ${KORVEL_EMPTY_SOURCE})
   set_target_properties(korvel_${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_include_directories(korvel_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_link_libraries(korvel_${name} PRIVATE korvel_flags PUBLIC ${arg_LINKS})

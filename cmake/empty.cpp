@@ -1,0 +1,1 @@
+// Deliberately empty: the source of a folder that holds only headers.
