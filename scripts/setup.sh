@@ -5,7 +5,7 @@ build_packages=(g++ cmake ninja-build ccache libicu-dev libsqlite3-dev libpugixm
                 qt6-base-dev fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
-bench_packages=(libbenchmark-dev libfmt-dev libmuparser-dev libfparser-dev libwxgtk3.2-dev)
+bench_packages=(libfmt-dev libmuparser-dev libfparser-dev libwxgtk3.2-dev xvfb xauth)
 
 require_packages() {
     local missing=() package

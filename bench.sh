@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Builds in release mode, installs the peers and measures all of them in the same run. Each line holds, between
+# tabs: operation, n, ours, unit, peer, the peer's figure, and how many times our figure the peer's is.
+#
+#   ./bench.sh                   every measure, trees with 1,000 to 1,000,000 members
+#   ./bench.sh MEMBERS...        the same with trees of these sizes
+set -u
+cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
+. scripts/setup.sh
+
+require_packages "${build_packages[@]}" "${bench_packages[@]}"
+cmake --preset release -DKORVEL_BUILD_BENCHMARKS=ON >&2 || exit 1
+build release tree_bench wx_bench text_bench expression_bench || exit 1
+
+[ $# -gt 0 ] || set -- 1000 10000 100000 1000000
+programs=build/release/benchmarks
+{
+    LC_ALL=de_DE.UTF-8 $programs/text_bench
+    $programs/expression_bench
+    QT_QPA_PLATFORM=offscreen $programs/tree_bench "$@"
+    xvfb-run -a $programs/wx_bench "$@"
+} | awk -F '\t' -v OFS='\t' '
+    BEGIN { print "operation", "n", "ours", "unit", "peer", "peer figure", "ratio" }
+    $3 == "ours" { ours[$1, $2] = $5; next }
+    { print $1, $2, ours[$1, $2], $4, $3, $5, (ours[$1, $2] > 0 ? sprintf("%.2f", $5 / ours[$1, $2]) : "-") }'
