@@ -1,0 +1,7 @@
+#include "window/window_record.h"
+
+namespace korvel::internal {
+
+void RegisterControlClasses() {}
+
+} // namespace korvel::internal
