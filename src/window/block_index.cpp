@@ -1,0 +1,54 @@
+#include "window/block_index.h"
+
+#include <bit>
+
+namespace korvel {
+
+namespace {
+
+// The number of blocks whose sum entry `position` holds.
+int Span(int position) {
+    return position & -position;
+}
+
+} // namespace
+
+void BlockIndex::Rebuild(const std::vector<int>& sizes) {
+    const int count = static_cast<int>(sizes.size());
+    m_sums.assign(sizes.size() + 1, 0);
+    for (int position = 1; position <= count; ++position) {
+        m_sums[position] += sizes[position - 1];
+        const int parent = position + Span(position);
+        if (parent <= count)
+            m_sums[parent] += m_sums[position];
+    }
+    m_highestStep = static_cast<int>(std::bit_floor(static_cast<unsigned>(count)));
+}
+
+void BlockIndex::Add(int block, int difference) {
+    const int count = static_cast<int>(m_sums.size()) - 1;
+    for (int position = block + 1; position <= count; position += Span(position))
+        m_sums[position] += difference;
+}
+
+int BlockIndex::Start(int block) const {
+    int sum = 0;
+    for (int position = block; position > 0; position -= Span(position))
+        sum += m_sums[position];
+    return sum;
+}
+
+BlockIndex::Place BlockIndex::Find(int row) const {
+    const int count = static_cast<int>(m_sums.size()) - 1;
+    int position = 0;
+    for (int step = m_highestStep; step > 0; step /= 2) {
+        const int next = position + step;
+        if (next <= count && m_sums[next] <= row) {
+            position = next;
+            row -= m_sums[next];
+        }
+    }
+    return {position, row};
+}
+
+} // namespace korvel

@@ -1,0 +1,123 @@
+#include "window/row_blocks.h"
+
+#include <chrono>
+#include <gtest/gtest.h>
+#include <numeric>
+#include <random>
+
+namespace korvel {
+namespace {
+
+std::vector<RowRecord> RowsFrom(LPARAM first, int count) {
+    std::vector<RowRecord> rows(count);
+    for (auto& row : rows)
+        row.data = first++;
+    return rows;
+}
+
+/// The same rows in a plain vector: what the blocks must not differ from.
+struct Model {
+    struct Row {
+        LPARAM data;
+        bool selected;
+    };
+    std::vector<Row> rows;
+
+    int FindSelected(int from) const {
+        for (int row = from; row < static_cast<int>(rows.size()); ++row)
+            if (rows[row].selected)
+                return row;
+        return -1;
+    }
+};
+
+void ExpectSame(const RowBlocks& blocks, const Model& model, std::mt19937& random) {
+    ASSERT_EQ(blocks.Size(), static_cast<int>(model.rows.size()));
+    int selected = 0;
+    for (int row = 0; row < blocks.Size(); ++row) {
+        ASSERT_EQ(blocks.At(row).data, model.rows[row].data) << "row " << row;
+        ASSERT_EQ(blocks.At(row).IsSelected(), model.rows[row].selected) << "row " << row;
+        selected += model.rows[row].selected;
+    }
+    ASSERT_EQ(blocks.SelectedCount(), selected);
+    for (int trial = 0; trial < 20; ++trial) {
+        const int from = static_cast<int>(random() % (model.rows.size() + 1));
+        ASSERT_EQ(blocks.FindSelected(from), model.FindSelected(from)) << "from " << from;
+    }
+}
+
+struct Mixture {
+    const char* name;
+    int longestInsert;
+    int longestErase;
+};
+
+class RowBlocksRun : public testing::TestWithParam<Mixture> {};
+
+TEST_P(RowBlocksRun, StaysEqualToAPlainVector) {
+    std::mt19937 random(4711);
+    RowBlocks blocks;
+    Model model;
+    LPARAM next = 0;
+    const auto upTo = [&](int bound) { return static_cast<int>(random() % (bound + 1)); };
+    for (int step = 0; step < 3000; ++step) {
+        const int size = blocks.Size();
+        if (size == 0 || random() % 2 == 0) {
+            const int row = upTo(size);
+            const int count = 1 + upTo(GetParam().longestInsert - 1);
+            blocks.Insert(row, RowsFrom(next, count));
+            std::vector<Model::Row> added;
+            for (int i = 0; i < count; ++i)
+                added.push_back({next++, false});
+            model.rows.insert(model.rows.begin() + row, added.begin(), added.end());
+        } else {
+            const int first = upTo(size - 1);
+            const int last = std::min(size, first + 1 + upTo(GetParam().longestErase - 1));
+            blocks.Erase(first, last);
+            model.rows.erase(model.rows.begin() + first, model.rows.begin() + last);
+        }
+        if (blocks.Size() > 0) {
+            const int row = upTo(blocks.Size() - 1);
+            blocks.Select(row, !model.rows[row].selected);
+            model.rows[row].selected = !model.rows[row].selected;
+        }
+        if (step % 50 == 0)
+            ASSERT_NO_FATAL_FAILURE(ExpectSame(blocks, model, random));
+    }
+    ExpectSame(blocks, model, random);
+}
+
+INSTANTIATE_TEST_SUITE_P(Mixtures, RowBlocksRun,
+                         testing::Values(Mixture{"SingleRows", 1, 1}, Mixture{"RowsInsideOneBlock", 100, 100},
+                                         Mixture{"RowsOverSeveralBlocks", 1500, 1500},
+                                         Mixture{"GrowsAndIsEmptied", 40, 4000},
+                                         Mixture{"SingleErasesFromLongRuns", 300, 1}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(RowBlocks, InsertedRowsAreNeverSelected) {
+    RowBlocks rows;
+    rows.Insert(0, RowsFrom(0, 2));
+    rows.Select(1, true);
+    std::vector<RowRecord> moved;
+    moved.push_back(std::move(rows.At(1)));
+    rows.Erase(0, 2);
+    rows.Insert(0, std::move(moved));
+    EXPECT_EQ(rows.SelectedCount(), 0);
+    EXPECT_EQ(rows.FindSelected(0), -1);
+}
+
+// With one vector this takes minutes: each insertion would move 24 MB.
+TEST(RowBlocks, InsertionsNearTheTopOfAMillionRowsAreCheap) {
+    RowBlocks rows;
+    rows.Insert(0, RowsFrom(0, 1000000));
+    const auto begin = std::chrono::steady_clock::now();
+    for (int i = 0; i < 100000; ++i) {
+        rows.Insert(3, RowsFrom(-1, 1));
+        ASSERT_EQ(rows.At(rows.Size() - 1).data, 999999);
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+    EXPECT_EQ(rows.At(100003).data, 3);
+}
+
+} // namespace
+} // namespace korvel
