@@ -60,7 +60,8 @@ KORVEL_API SettingsStatus CreateKey(SettingsRoot root, std::string_view path);
 KORVEL_API SettingsStatus ReadSetting(SettingsRoot root, std::string_view path, std::string_view name,
                                       SettingValue& value);
 
-/// Replaces a value of that name, of whatever type. KeyMissing: the key is not created here.
+/// Replaces a value of that name, of whatever type. KeyMissing: the key is not created here. Error for a
+/// number that has not four bytes.
 KORVEL_API SettingsStatus WriteSetting(SettingsRoot root, std::string_view path, std::string_view name,
                                        const SettingValue& value);
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvel::platform {
+
+/// A date or time pattern in the letters of the Unicode locale data, as a picture of the platform.
+///
+///     PictureOfPattern("EEEE, d. MMMM y")  -> "dddd, d. MMMM yyyy"
+///     PictureOfPattern("h:mm:ss a")        -> "h:mm:ss tt"
+///
+/// A year always has four digits, as the platform's first pictures have it everywhere. Fields without a
+/// counterpart (era) are left out, with a blank behind them. Both sides are UTF-8.
+std::string PictureOfPattern(std::string_view pattern);
+
+} // namespace korvel::platform

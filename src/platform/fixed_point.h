@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+namespace korvel::platform {
+
+/// A number with a fixed count of decimals, exact. It spares the way through printf to the first decimals of
+/// a double, and rounds as that way does, in both of its steps.
+struct FixedPoint {
+    static constexpr int mostDecimals = 15;
+
+    std::uint64_t integer = 0;
+    std::uint64_t fraction = 0; ///< below ten to the power of the decimals
+    int decimals = 0;
+    bool negative = false; ///< may be set for zero
+
+    /// The digits that printf("%.*f") writes, its exact halves to even included. Nothing for not-a-number and
+    /// from two to the power of 64 on.
+    static std::optional<FixedPoint> Of(double value, int decimals);
+
+    /// Drops decimals, rounding half away from zero what stands there.
+    void RoundTo(int fewerDecimals);
+
+    bool IsZero() const { return integer == 0 && fraction == 0; }
+};
+
+} // namespace korvel::platform

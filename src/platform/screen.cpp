@@ -1,0 +1,11 @@
+#include "platform/screen.h"
+
+#include "platform/environment.h"
+
+namespace korvel::platform {
+
+bool HasScreen() {
+    return !EnvironmentValue("WAYLAND_DISPLAY").empty() || !EnvironmentValue("DISPLAY").empty();
+}
+
+} // namespace korvel::platform
