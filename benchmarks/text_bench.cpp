@@ -47,8 +47,8 @@ void Numbers() {
     format.LeadingZero = 1;
     format.Grouping = 3;
     format.NegativeOrder = 1;
-    format.lpDecimalSep = decimal;
-    format.lpThousandSep = thousands;
+    format.DecimalSep = decimal;
+    format.ThousandSep = thousands;
     korvel::SetFormatDouble(format);
     const auto write = [](const char* subject, const std::function<void()>& call) {
         bench::Write("number text", 1, subject, "ns", bench::NanosecondsPerCall(call));
