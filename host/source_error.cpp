@@ -30,15 +30,25 @@ SourcePlace PlaceOf(std::string_view text, std::size_t offset) {
             lineStart = i + 1;
         }
     }
-    place.position += static_cast<std::size_t>(
-        std::count_if(before.begin() + static_cast<std::ptrdiff_t>(lineStart), before.end(), StartsCharacter));
+    place.position += static_cast<std::size_t>(std::count_if(
+        before.begin() + static_cast<std::ptrdiff_t>(lineStart), before.end(), StartsCharacter));
     return place;
 }
 
+std::string Quoted(std::string_view piece) {
+    constexpr std::size_t Longest = 60;
+    if (piece.size() <= Longest)
+        return "'" + std::string(piece) + "'";
+    std::size_t end = Longest;
+    while (end > 0 && !StartsCharacter(piece[end]))
+        --end;
+    return "'" + std::string(piece.substr(0, end)) + "...'";
+}
+
 DocumentError::DocumentError(const std::string& file, const std::string& reason)
-    : Error(platform::FromUtf8(file + ": " + reason)), m_text(file + ": " + reason) {}
+    : Error(platform::FromUtf8(file + ": " + reason).text), m_text(file + ": " + reason) {}
 
 DocumentError::DocumentError(const std::string& file, const SourceError& error)
-    : Error(platform::FromUtf8(WithFile(file, error))), m_text(WithFile(file, error)) {}
+    : Error(platform::FromUtf8(WithFile(file, error)).text), m_text(WithFile(file, error)) {}
 
 } // namespace korvel::inspector

@@ -17,6 +17,9 @@ struct SourcePlace {
 /// The place of a byte in UTF-8 text. A line ends with LF, CR LF or CR. Costs a walk over the text before it.
 SourcePlace PlaceOf(std::string_view text, std::size_t offset);
 
+/// A piece of a document for a message: in quotes, and cut where it is long.
+std::string Quoted(std::string_view piece);
+
 /// What is wrong with a document, and where; the file is not known here.
 class SourceError : public Error {
 public:
