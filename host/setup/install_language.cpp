@@ -1,0 +1,16 @@
+// Run once by set-up and installation: chooses the language of the machine.
+
+#include "setup/machine_language.h"
+
+#include <exception>
+#include <iostream>
+
+int main() {
+    try {
+        inspector::InstallMachineLanguage();
+        return 0;
+    } catch (const std::exception& failure) {
+        std::cerr << failure.what() << '\n';
+        return 1;
+    }
+}
