@@ -40,11 +40,13 @@ std::string Utf8(const icu::UnicodeString& text) {
 
 /// The letter below its accents.
 char32_t BaseLetter(char32_t character) {
-    switch (character) { // letters with a stroke, which Unicode does not take apart
+    switch (character) { // letters that Unicode does not take apart, mostly those with a stroke
     case U'\u0141':
         return U'L';
     case U'\u0142':
         return U'l';
+    case U'\u0131': // the Turkish i without a dot
+        return U'i';
     case U'\u0110':
         return U'D';
     case U'\u0111':

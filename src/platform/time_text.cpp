@@ -257,8 +257,10 @@ bool TimeWriter::WriteSpecifier(char letter, Form form) {
 }
 
 void TimeWriter::WriteNumber(const NumberSpecifier& specifier, Form form) {
+    constexpr std::string_view alwaysPadded = "gG"; // the platform ignores `#` here
     const std::string digits = std::to_string(specifier.value(m_fields));
-    if (form == Form::Usual && digits.size() < specifier.width) {
+    const bool padded = form == Form::Usual || alwaysPadded.find(specifier.letter) != std::string_view::npos;
+    if (padded && digits.size() < specifier.width) {
         m_text.append(specifier.width - digits.size(), specifier.letter == 'e' ? ' ' : '0');
     }
     m_text += digits;

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/settings_store.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace korvel::platform {
+
+/// A folder of its own below the system's temporary one, gone at the end.
+class ScratchFolder {
+public:
+    ScratchFolder() {
+        std::string name = std::filesystem::temp_directory_path() / "korvel-XXXXXX";
+        m_path = mkdtemp(name.data());
+    }
+    ~ScratchFolder() { std::filesystem::remove_all(m_path); }
+    ScratchFolder(const ScratchFolder&) = delete;
+    ScratchFolder& operator=(const ScratchFolder&) = delete;
+    const std::filesystem::path& Path() const { return m_path; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+/// The user's settings in a store of their own, empty at first.
+class ScratchStore : public ScratchFolder {
+public:
+    ScratchStore() { SetStorePath(SettingsRoot::User, File()); }
+    ~ScratchStore() { SetStorePath(SettingsRoot::User, {}); }
+    std::filesystem::path File() const { return Path() / "below" / "settings.sqlite"; }
+};
+
+/// One variable of the environment, as it was before at the end; a null value removes it.
+class ScratchVariable {
+public:
+    ScratchVariable(const char* name, const char* value) : m_name(name) {
+        if (const char* before = std::getenv(name)) {
+            m_before = before;
+        }
+        Set(value);
+    }
+    ~ScratchVariable() { Set(m_before ? m_before->c_str() : nullptr); }
+    ScratchVariable(const ScratchVariable&) = delete;
+    ScratchVariable& operator=(const ScratchVariable&) = delete;
+
+private:
+    void Set(const char* value) { value != nullptr ? setenv(m_name, value, 1) : unsetenv(m_name); }
+
+    const char* m_name;
+    std::optional<std::string> m_before;
+};
+
+} // namespace korvel::platform
