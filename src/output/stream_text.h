@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace korvel {
+
+/// Appends a number as a default stream writes it: six significant digits, "1e-05", "inf". Not-a-number is
+/// "nan" whatever its sign. Independent of every locale.
+void AppendStreamText(std::string& out, double value);
+
+/// Appends a number with this many decimals, exactly rounded, halves to even; "inf" and "nan" as above.
+void AppendFixedText(std::string& out, double value, int decimals);
+
+} // namespace korvel
