@@ -1,8 +1,6 @@
 #include "platform/error.h"
 #include "platform/scratch.h"
-#include "platform/screen.h"
 #include "platform/settings_store.h"
-#include "platform/user_folders.h"
 
 #include <csignal>
 #include <fstream>
@@ -235,33 +233,6 @@ TEST_F(SettingsStoreTest, OutlivesAKilledWriter) {
         EXPECT_TRUE(text == oldText || text == newText);
         EXPECT_EQ(WriteSetting(root, "A", "name", SettingValue::Text(oldText)), done);
     }
-}
-
-TEST(UserFolders, FollowTheEnvironment) {
-    const ScratchVariable home("HOME", "/home/someone");
-    const ScratchVariable noConfig("XDG_CONFIG_HOME", nullptr);
-    const ScratchVariable noFolders("XDG_CONFIG_DIRS", nullptr);
-    EXPECT_EQ(UserConfigFolder(), "/home/someone/.config/korvel");
-    EXPECT_EQ(MachineConfigFolder(), "/etc/xdg/korvel");
-    EXPECT_EQ(StorePath(SettingsRoot::Machine), "/etc/xdg/korvel/settings.sqlite");
-    {
-        const ScratchVariable config("XDG_CONFIG_HOME", "/config");
-        const ScratchVariable folders("XDG_CONFIG_DIRS", "/first:/second");
-        EXPECT_EQ(UserConfigFolder(), "/config/korvel");
-        EXPECT_EQ(MachineConfigFolder(), "/first/korvel");
-    }
-    const ScratchVariable config("XDG_CONFIG_HOME", "relative");
-    const ScratchVariable folders("XDG_CONFIG_DIRS", "relative:/second");
-    EXPECT_EQ(UserConfigFolder(), "/home/someone/.config/korvel") << "a relative folder does not count";
-    EXPECT_EQ(MachineConfigFolder(), "/etc/xdg/korvel");
-}
-
-TEST(Screen, IsNamedByTheSession) {
-    const ScratchVariable noWayland("WAYLAND_DISPLAY", nullptr);
-    const ScratchVariable empty("DISPLAY", "");
-    EXPECT_FALSE(HasScreen());
-    const ScratchVariable wayland("WAYLAND_DISPLAY", "wayland-0");
-    EXPECT_TRUE(HasScreen());
 }
 
 } // namespace
