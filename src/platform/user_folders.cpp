@@ -21,8 +21,7 @@ std::filesystem::path HomeFolder() {
 
 } // namespace
 
-// The names and defaults are those of the XDG Base Directory Specification, which also wants relative paths
-// ignored.
+// The names and defaults are those of the XDG base directories, which also want relative paths ignored.
 
 std::filesystem::path UserConfigFolder() {
     std::filesystem::path folder = EnvironmentValue("XDG_CONFIG_HOME");
