@@ -43,6 +43,8 @@ public:
     /// Detaches and puts the former procedure back. Answers the window.
     HWND UnsubclassWindow();
     bool DestroyWindow();
+    /// The message that the calling thread handles now; all zero outside of any.
+    static MSG GetCurrentMessage();
     /// The object attached to a window, or null.
     static CWnd* FromHandlePermanent(HWND window);
 
@@ -86,7 +88,7 @@ public:
     /// Sees each key and mouse message before the window does, innermost window first, up to the
     /// top-level window; true drops the message.
     virtual bool PreTranslateMessage(MSG& message);
-    /// Called when a window is about to be attached.
+    /// Called when a window was attached, before its first message.
     virtual void PreSubclassWindow() {}
 
 protected:
@@ -104,8 +106,6 @@ protected:
 
 private:
     friend struct CWndAccess;
-    void Attach(HWND window);
-    WNDPROC m_pfnSuper = nullptr;
 };
 
 } // namespace korvel

@@ -51,6 +51,11 @@ class KORVEL_API IDisplay {
 public:
     virtual ~IDisplay() = default;
 
+    /// True for a display without native widgets and without foreign code below its handlers: controls act
+    /// themselves on what was left to their default, and an exception of a handler goes on to whoever
+    /// pumped (called an input function) while no exception handler is set. Callable on any thread.
+    virtual bool IsHeadless() const { return false; }
+
     // Windows.
     virtual void Created(HWND window) = 0;
     virtual void Destroyed(HWND window) = 0;
@@ -93,14 +98,17 @@ public:
     virtual std::optional<CString> ClipboardText() = 0;
 };
 
-/// The display in force: a HeadlessDisplay that is made at first use, until one is installed.
+/// The display in force: a HeadlessDisplay that is made at first use and belongs to the thread that needed
+/// it, until one is installed.
 KORVEL_API IDisplay& Display();
-/// Installs a display (not owned; null puts the headless one back). Windows that exist already are told
-/// to it by Created.
+/// Installs a display (not owned; null puts the headless one back); the calling thread becomes the
+/// display's. Its windows that exist already are told to it by Created, parents first, then the focus; the
+/// periods of running timers begin anew. A display takes itself out of force before it dies.
 KORVEL_API void SetDisplay(IDisplay* display);
 
 /// Hears what no handler caught while a display delivered input; the default shows its text in an error
-/// box with the caption "Korvel". Null puts the default back.
+/// box with the caption "Korvel", and lets it pass under a headless display. Null puts the default back.
+/// Called on the thread of the failure; a sender that waits in another thread is released before.
 KORVEL_API void SetExceptionHandler(std::function<void(const CString& text)> handler);
 
 } // namespace korvel

@@ -2,8 +2,10 @@
 
 #include "window/display.h"
 
+#include <condition_variable>
 #include <deque>
 #include <map>
+#include <mutex>
 #include <string>
 
 namespace korvel {
@@ -27,10 +29,16 @@ struct PaintCall {
 ///     display.Advance(500ms);              // fires the timers that are due
 ///     auto calls = display.PaintWindow(list.m_hWnd);   // what an owner-drawn list draws
 ///
-/// A modal loop that is idle with no step left throws Error: a hang becomes a failure with a text.
-/// Handlers' exceptions go to whoever pumped.
+/// A modal loop that is idle with no step left throws Error, and so does a question without an answer: a
+/// hang becomes a failure with a text. What a handler throws comes out of whatever pumped it (a function of
+/// window/input.h, Advance, PumpUntil, RunUntil), unless an exception handler is set. Controls act themselves
+/// on the keys and the mouse, as there is no native widget.
 class KORVEL_API HeadlessDisplay : public IDisplay {
 public:
+    HeadlessDisplay() = default;
+    /// Takes itself out of force.
+    ~HeadlessDisplay() override;
+
     /// One message box or menu as it was shown.
     struct Shown {
         CString text;
@@ -42,7 +50,13 @@ public:
     void AnswerNextFile(std::optional<CString> path); // file and folder choosers
     void AnswerNextColor(std::optional<COLORREF> color);
     void Then(std::function<void()> step);
+    /// Moves the clock on and fires each timer at its time; posted messages run in between. The clock stands
+    /// at the timer whose handler threw.
     void Advance(std::chrono::milliseconds time);
+    /// Runs what other threads send and post until `done` answers true; throws Error when that takes longer
+    /// than `limit` of real time.
+    void PumpUntil(const std::function<bool()>& done,
+                   std::chrono::milliseconds limit = std::chrono::seconds(30));
     void MovePointer(CPoint screen) { m_pointer = screen; }
     void PressKey(UINT key, bool down) { m_keys[key] = down; }
     void SetColor(int index, COLORREF color) { m_colors[index] = color; }
@@ -52,8 +66,12 @@ public:
     std::vector<PaintCall> PaintWindow(HWND window, const CRect* clip = nullptr);
     /// True when something of the window was invalidated since the last PaintWindow.
     bool IsInvalid(HWND window) const;
+    /// What Changed told of a window since the last call.
+    Aspects TakeChanges(HWND window);
     int CursorShown() const { return m_cursor; }
+    HWND FocusShown() const { return m_focus; }
 
+    bool IsHeadless() const override { return true; }
     void Created(HWND window) override;
     void Destroyed(HWND window) override;
     void Changed(HWND window, Aspects aspects) override;
@@ -80,12 +98,19 @@ public:
     std::optional<CString> ClipboardText() override;
 
 private:
+    bool TakeWoken();
+
+    std::mutex m_wakeMutex;
+    std::condition_variable m_wakeSignal;
+    bool m_woken = false;
     std::chrono::milliseconds m_now{0};
     std::optional<std::chrono::milliseconds> m_alarm;
     CPoint m_pointer;
     std::map<UINT, bool> m_keys;
     std::map<int, COLORREF> m_colors;
     std::map<HWND, CRect> m_invalid;
+    std::map<HWND, Aspects> m_changes;
+    HWND m_focus = nullptr;
     std::deque<int> m_answers;
     std::deque<std::optional<CString>> m_files;
     std::deque<std::optional<COLORREF>> m_colorAnswers;

@@ -19,7 +19,8 @@ class KORVEL_API CImageList {
 public:
     CImageList(int width, int height) : m_size{width, height} {}
 
-    /// Takes a picture of the list's size (scaled by the display when it differs) and answers its index.
+    /// Takes a picture of the list's size (scaled by the display when it differs) and answers its index; -1
+    /// for a picture whose pixels are not width times height.
     int Add(Image image);
     int GetImageCount() const { return static_cast<int>(m_images.size()); }
     CSize GetImageSize() const { return m_size; }

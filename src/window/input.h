@@ -3,9 +3,10 @@
 #include "window/dc.h"
 #include "window/types.h"
 
-/// What the user does, as a display reports it. The functions are called on the display's thread; no
-/// exception leaves them. They find out themselves whether the window takes input: it is dropped for a
-/// window that is disabled or has a disabled ancestor.
+/// What the user does, as a display reports it. The functions are called on the display's thread. What a
+/// handler throws goes to the exception handler and does not leave them; under a headless display without
+/// exception handler it comes out to the caller. They find out themselves whether the window takes input:
+/// it is dropped for a window that is disabled or has a disabled ancestor.
 namespace korvel::input {
 
 /// WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN or WM_SYSKEYUP with the key's code and the characters that it
@@ -35,7 +36,8 @@ KORVEL_API void Activated(HWND window, bool active);
 KORVEL_API void Paint(HWND window, ISurface& surface, const CRect& clip);
 /// Sends WM_TIMER for every timer that is due and sets the next alarm.
 KORVEL_API void FireTimers();
-/// Runs the sends of other threads and the posted messages of the display's thread.
+/// Runs the sends of other threads and the posted messages of the calling thread: the display's, or another
+/// one that has windows of its own.
 KORVEL_API void DispatchMessages();
 
 } // namespace korvel::input

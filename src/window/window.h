@@ -61,7 +61,8 @@ KORVEL_API void RegisterClassA(const char* className, WNDPROC procedure);
 KORVEL_API LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 /// Runs at the owner's next message retrieval, in order.
 KORVEL_API bool PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-/// The number of a message name: 0xC000 to 0xFFFF, the same for the same name during the process.
+/// The number of a message name, whatever its case: 0xC000 to 0xFFFF, the same for the same name during the
+/// process; 0 without a name or when all numbers are taken.
 KORVEL_API UINT RegisterWindowMessageA(const char* name);
 KORVEL_API LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 KORVEL_API LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam,

@@ -16,6 +16,8 @@ KORVEL_API UINT Style(HWND window);
 KORVEL_API UINT ExStyle(HWND window);
 /// Relative to the parent's client area, or to the screen for a top-level window.
 KORVEL_API CRect Rectangle(HWND window);
+/// The client area in the window's own coordinates: without border and scroll bars.
+KORVEL_API CRect ClientRectangle(HWND window);
 /// The window's own flags, whatever its parents are.
 KORVEL_API bool IsShown(HWND window);
 KORVEL_API bool IsSwitchedOn(HWND window);

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "window/cwnd.h"
+
+namespace korvel {
+
+/// Makes a message the one that the calling thread handles (CWnd::GetCurrentMessage) for a scope.
+class KORVEL_API CurrentMessageScope {
+public:
+    explicit CurrentMessageScope(const MSG& message);
+    ~CurrentMessageScope();
+    CurrentMessageScope(const CurrentMessageScope&) = delete;
+    CurrentMessageScope& operator=(const CurrentMessageScope&) = delete;
+
+private:
+    MSG m_former;
+};
+
+} // namespace korvel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <exception>
+#include <utility>
+
+namespace korvel::internal {
+
+/// Keeps the first exception of several steps that must all be done.
+class FirstFailure {
+public:
+    template <class Step>
+    void Try(Step&& step) {
+        try {
+            std::forward<Step>(step)();
+        } catch (...) {
+            if (!m_exception)
+                m_exception = std::current_exception();
+        }
+    }
+    void Rethrow() const {
+        if (m_exception)
+            std::rethrow_exception(m_exception);
+    }
+
+private:
+    std::exception_ptr m_exception;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,139 @@
+#include "window/place.h"
+
+#include "window/desktop.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+constexpr int BorderWidth = 1;
+constexpr int ClientEdgeWidth = 2;
+constexpr int FarthestCoordinate = 1 << 24;
+
+// The frame of a captioned window lies outside of its rectangle: it is the desktop's.
+int EdgeWidth(const WindowRecord& record) {
+    const bool border = (record.style & WS_CAPTION) == WS_BORDER;
+    const bool edge = (record.exStyle & WS_EX_CLIENTEDGE) != 0;
+    return (border ? BorderWidth : 0) + (edge ? ClientEdgeWidth : 0);
+}
+
+CRect WithoutInsets(CRect rect, const CRect& insets) {
+    rect.left += insets.left;
+    rect.top += insets.top;
+    rect.right -= insets.right;
+    rect.bottom -= insets.bottom;
+    return Placeable(rect);
+}
+
+} // namespace
+
+bool MoveWindow(HWND window, const CRect& rect, bool /*repaint*/) {
+    return OnOwner(window, [&](WindowRecord& record) {
+        Place(record, rect, PlaceOrigin::Program);
+        return true;
+    });
+}
+
+bool SetWindowPos(HWND window, HWND /*insertAfter*/, const CRect& rect, UINT flags) {
+    return OnOwner(window, [&](WindowRecord& record) {
+        const CPoint corner = flags & SWP_NOMOVE ? record.rect.TopLeft() : rect.TopLeft();
+        const CRect size = flags & SWP_NOSIZE ? record.rect : Placeable(rect);
+        Place(record, {corner.x, corner.y, corner.x + size.Width(), corner.y + size.Height()},
+              PlaceOrigin::Program);
+        if (flags & SWP_HIDEWINDOW)
+            ShowWindow(window, SW_HIDE);
+        else if (flags & SWP_SHOWWINDOW)
+            ShowWindow(window, flags & SWP_NOACTIVATE ? SW_SHOWNA : SW_SHOW);
+        return true;
+    });
+}
+
+CRect GetWindowRect(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) {
+        CRect rect = record.rect;
+        const CPoint origin = ClientToScreen(record.parent, {});
+        rect.OffsetRect(origin.x, origin.y);
+        return rect;
+    });
+}
+
+CRect GetClientRect(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) {
+        const CRect area = ClientArea(record);
+        return CRect{0, 0, area.Width(), area.Height()};
+    });
+}
+
+CPoint ClientToScreen(HWND window, CPoint point) {
+    return OnOwner(window, [&](WindowRecord& record) {
+        return IsOnDisplay(record) ? Display().ToScreen(window, point) : ScreenPointInMemory(window, point);
+    });
+}
+
+CPoint ScreenToClient(HWND window, CPoint point) {
+    return OnOwner(window, [&](WindowRecord& record) {
+        const CPoint origin = ClientToScreen(record.handle, {});
+        return CPoint{point.x - origin.x, point.y - origin.y};
+    });
+}
+
+namespace internal {
+
+CRect Placeable(CRect rect) {
+    rect.left = std::clamp(rect.left, -FarthestCoordinate, FarthestCoordinate);
+    rect.top = std::clamp(rect.top, -FarthestCoordinate, FarthestCoordinate);
+    rect.right = std::clamp(rect.right, rect.left, FarthestCoordinate);
+    rect.bottom = std::clamp(rect.bottom, rect.top, FarthestCoordinate);
+    return rect;
+}
+
+CRect ClientArea(const WindowRecord& record) {
+    CRect area{0, 0, record.rect.Width(), record.rect.Height()};
+    const int edge = EdgeWidth(record);
+    area = WithoutInsets(area, {edge, edge, edge, edge});
+    return record.control ? WithoutInsets(area, record.control->ClientInsets()) : area;
+}
+
+CPoint ScreenPointInMemory(HWND window, CPoint client) {
+    for (RecordRef record = Find(window); record; record = Find(record->parent)) {
+        const CRect area = ClientArea(*record);
+        client.x += record->rect.left + area.left;
+        client.y += record->rect.top + area.top;
+    }
+    return client;
+}
+
+void TellSize(const WindowRecord& record) {
+    const CRect client = GetClientRect(record.handle);
+    SendMessageA(record.handle, WM_SIZE, 0, MAKELPARAM(client.Width(), client.Height()));
+}
+
+void TellMove(const WindowRecord& record) {
+    const CRect area = ClientArea(record);
+    SendMessageA(record.handle, WM_MOVE, 0,
+                 MAKELPARAM(record.rect.left + area.left, record.rect.top + area.top));
+}
+
+void Place(WindowRecord& record, const CRect& rect, PlaceOrigin origin) {
+    const CRect placed = Placeable(rect);
+    if (record.rect == placed)
+        return;
+    SendMessageA(record.handle, WM_WINDOWPOSCHANGING, 0, 0);
+    if (!IsWindow(record.handle))
+        return;
+    const CRect former = std::exchange(record.rect, placed);
+    if (origin == PlaceOrigin::Program)
+        TellDisplay(record, Aspect::Rectangle);
+    SendMessageA(record.handle, WM_WINDOWPOSCHANGED, 0, 0);
+    if (former.TopLeft() != placed.TopLeft())
+        TellMove(record);
+    if (former.Width() != placed.Width() || former.Height() != placed.Height())
+        TellSize(record);
+}
+
+} // namespace internal
+} // namespace korvel

@@ -1,0 +1,128 @@
+#include "window/desktop.h"
+#include "window/window_record.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+void CollectTabStops(const WindowRecord& record, std::vector<HWND>& stops) {
+    for (const HWND child : record.children) {
+        const RecordRef childRecord = Find(child);
+        if (!childRecord || !childRecord->IsShown() || !childRecord->IsSwitchedOn())
+            continue;
+        if (childRecord->style & WS_TABSTOP)
+            stops.push_back(child);
+        CollectTabStops(*childRecord, stops);
+    }
+}
+
+void Adopt(WindowRecord& record, HWND parent) {
+    if (const RecordRef former = Find(record.parent))
+        std::erase(former->children, record.handle);
+    record.parent = parent;
+    record.style = parent ? record.style | WS_CHILD : record.style & ~WS_CHILD;
+    if (const RecordRef next = Find(parent))
+        next->children.push_back(record.handle);
+    TellDisplay(record, Aspect::Style | Aspect::Rectangle);
+}
+
+HWND ParentOrOwner(const WindowRecord& record) {
+    return record.parent ? record.parent : record.owner;
+}
+
+} // namespace
+
+HWND GetParent(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) { return ParentOrOwner(record); });
+}
+
+HWND GetOwner(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) { return record.owner; });
+}
+
+HWND GetTopLevelParent(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) {
+        HWND top = record.handle;
+        for (HWND above = ParentOrOwner(record); above; above = ParentOrOwner(*Find(above)))
+            top = above;
+        return top;
+    });
+}
+
+HWND SetParent(HWND window, HWND parent) {
+    return OnOwner(window, [&](WindowRecord& record) -> HWND {
+        const RecordRef next = Find(parent);
+        if (parent && (!next || next->queue != record.queue || next->destroying || IsWithin(window, parent)))
+            return nullptr;
+        const HWND former = record.parent;
+        Adopt(record, parent);
+        return former;
+    });
+}
+
+bool IsChild(HWND parent, HWND window) {
+    return OnOwner(window,
+                   [&](WindowRecord& record) { return record.handle != parent && IsWithin(parent, window); });
+}
+
+HWND GetDlgItem(HWND parent, int id) {
+    return OnOwner(parent, [&](WindowRecord& record) -> HWND {
+        const auto found = std::find_if(record.children.begin(), record.children.end(), [&](HWND child) {
+            const RecordRef childRecord = Find(child);
+            return childRecord && childRecord->id == id;
+        });
+        return found == record.children.end() ? nullptr : *found;
+    });
+}
+
+int GetDlgCtrlID(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) { return record.id; });
+}
+
+HWND GetFirstChild(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) -> HWND {
+        return record.children.empty() ? nullptr : record.children.front();
+    });
+}
+
+HWND GetNextSibling(HWND window) {
+    return OnOwner(window, [&](WindowRecord& record) -> HWND {
+        const RecordRef parent = Find(record.parent);
+        if (!parent)
+            return nullptr;
+        auto position = std::find(parent->children.begin(), parent->children.end(), window);
+        return position == parent->children.end() || ++position == parent->children.end() ? nullptr
+                                                                                          : *position;
+    });
+}
+
+HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous) {
+    return OnOwner(parent, [&](WindowRecord& record) -> HWND {
+        std::vector<HWND> stops;
+        CollectTabStops(record, stops);
+        if (stops.empty())
+            return nullptr;
+        const auto position = std::find(stops.begin(), stops.end(), from);
+        const std::size_t count = stops.size();
+        if (position == stops.end())
+            return previous ? stops.back() : stops.front();
+        const auto index = static_cast<std::size_t>(position - stops.begin());
+        return stops[(index + (previous ? count - 1 : 1)) % count];
+    });
+}
+
+namespace internal {
+
+bool IsWithin(HWND ancestor, HWND window) {
+    RecordRef level = Find(window);
+    while (level && level->handle != ancestor)
+        level = Find(level->parent);
+    return level != nullptr;
+}
+
+} // namespace internal
+} // namespace korvel
