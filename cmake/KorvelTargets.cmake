@@ -43,3 +43,12 @@ function(korvel_link_folders target)
   endforeach()
   target_link_libraries(${target} PRIVATE korvel_flags)
 endfunction()
+
+# Hands what the build was told of its maker to the one source that holds it. In a text, \n stands for a line break.
+function(korvel_maker_texts source)
+  foreach(name KORVEL_RIGHTS_LINE KORVEL_WEB_ADDRESS KORVEL_MAIL_ADDRESS)
+    string(REPLACE "\"" "\\\"" text "${${name}}")
+    string(REPLACE ";" "\\073" text "${text}") # a list of definitions ends at a semicolon
+    set_property(SOURCE ${source} APPEND PROPERTY COMPILE_DEFINITIONS "${name}=\"${text}\"")
+  endforeach()
+endfunction()
