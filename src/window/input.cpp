@@ -149,6 +149,10 @@ void Close(HWND window) {
     });
 }
 
+void Destroy(HWND window) {
+    Guarded(Uncaught::ToPump, [&] { DestroyWindow(window); });
+}
+
 void Activated(HWND window, bool active) {
     Guarded(Uncaught::ToPump, [&] { SendMessageA(window, WM_ACTIVATE, active, 0); });
 }

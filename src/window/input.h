@@ -29,6 +29,8 @@ KORVEL_API void Placed(HWND window, const CRect& rect);
 KORVEL_API void Scrolled(HWND window, int x, int row);
 /// The user closes a top-level window: WM_CLOSE.
 KORVEL_API void Close(HWND window);
+/// A host's widget that holds the window goes: DestroyWindow.
+KORVEL_API void Destroy(HWND window);
 /// A top-level window became (in)active: WM_ACTIVATE.
 KORVEL_API void Activated(HWND window, bool active);
 

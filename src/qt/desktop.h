@@ -1,0 +1,16 @@
+#pragma once
+
+#include "qt/focus_tracker.h"
+#include "qt/mouse.h"
+#include "qt/peer_table.h"
+
+namespace korvel::qt {
+
+/// What the peers of one display share.
+struct Desktop {
+    PeerTable peers;
+    FocusTracker focus{peers};
+    Mouse mouse;
+};
+
+} // namespace korvel::qt

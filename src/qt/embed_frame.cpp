@@ -1,0 +1,122 @@
+#include "qt/embed_frame.h"
+
+#include "qt/convert.h"
+#include "qt/desktop.h"
+#include "qt/display_parts.h"
+#include "qt/qt_display.h"
+#include "window/input.h"
+#include "window/window.h"
+#include "window/window_view.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+namespace korvel::qt {
+
+namespace {
+
+struct PressMessage {
+    Qt::MouseButton button;
+    UINT message;
+};
+
+constexpr PressMessage pressMessages[] = {
+    {Qt::LeftButton, WM_NCLBUTTONDOWN},
+    {Qt::RightButton, WM_NCRBUTTONDOWN},
+    {Qt::MiddleButton, WM_NCMBUTTONDOWN},
+};
+
+constexpr UINT topLevelStyles = WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_SYSMENU;
+
+} // namespace
+
+EmbedFrame::EmbedFrame(QtDisplay& display, HWND window)
+    : m_window(window), m_hint(ToQRect(view::Rectangle(window)).size()) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    display.m_parts->siteToShow = this;
+    m_site = CreateWindowExA(0, "KorvelFrame", "", WS_VISIBLE, {}, nullptr, 0);
+    display.m_parts->siteToShow = nullptr;
+    setFocusPolicy(Qt::TabFocus);
+    MoveInto(display, window);
+    qApp->installEventFilter(this);
+}
+
+EmbedFrame::~EmbedFrame() {
+    qApp->removeEventFilter(this);
+    input::Destroy(m_site);
+}
+
+void EmbedFrame::MoveInto(QtDisplay& display, HWND window) {
+    SetParent(window, m_site);
+    SetWindowLongPtrA(window, GWL_STYLE, static_cast<LPARAM>(view::Style(window) & ~topLevelStyles));
+    if (Peer* peer = display.m_parts->desktop.peers.Find(window))
+        peer->Apply(everyAspect);
+    ShowWindow(window, SW_SHOW);
+    Place();
+}
+
+void EmbedFrame::resizeEvent(QResizeEvent*) {
+    Place();
+}
+
+void EmbedFrame::Place() {
+    input::Placed(m_site, FromQRect(QRect(mapToGlobal(QPoint(0, 0)), size())));
+    if (!IsWindow(m_window))
+        return;
+    for (QObject* child : children()) {
+        if (auto* widget = qobject_cast<QWidget*>(child); widget && !widget->isWindow())
+            widget->setGeometry(rect());
+    }
+    input::Placed(m_window, FromQRect(rect()));
+}
+
+// Sees what happens to the host's top-level window, whichever that is now: widgets move between windows.
+bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::NonClientAreaMouseButtonPress: {
+        const auto* widget = qobject_cast<const QWidget*>(object);
+        if (widget && widget->window() == window() && widget != this && !isAncestorOf(widget))
+            ReportPress(*event);
+        break;
+    }
+    case QEvent::Move:
+        if (object == window() && isVisible())
+            Place();
+        break;
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        if (object == window())
+            input::Activated(m_site, event->type() == QEvent::WindowActivate);
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void EmbedFrame::ReportPress(const QEvent& event) {
+    const auto& press = static_cast<const QMouseEvent&>(event);
+    for (const PressMessage& row : pressMessages) {
+        if (row.button == press.button())
+            input::Mouse(m_site, row.message, 0, FromQPoint(mapFromGlobal(press.globalPosition().toPoint())));
+    }
+}
+
+void EmbedFrame::PassFocusOn(Desktop& desktop, const QWidget* former) {
+    if (former && isAncestorOf(former)) {
+        focusNextPrevChild(false);
+        return;
+    }
+    desktop.focus.Show(m_window);
+    input::FocusMoved(m_window);
+}
+
+SitePeer::SitePeer(Desktop& desktop, HWND window, EmbedFrame& frame)
+    : Peer(desktop, window, frame, frame), m_frame(frame) {}
+
+void SitePeer::TakeFocus(QWidget* former) {
+    m_frame.PassFocusOn(Shared(), former);
+}
+
+} // namespace korvel::qt

@@ -1,0 +1,94 @@
+#include "qt/top_level.h"
+
+#include "qt/convert.h"
+#include "qt/desktop.h"
+#include "qt/peer.h"
+#include "window/input.h"
+#include "window/window.h"
+#include "window/window_view.h"
+
+#include <QApplication>
+
+namespace korvel::qt {
+
+namespace {
+
+bool IsToolPopup(HWND window) {
+    return (view::Style(window) & WS_POPUP) &&
+           (view::ExStyle(window) & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE));
+}
+
+bool IsFixedSize(HWND window) {
+    return !IsToolPopup(window) && !(view::Style(window) & WS_THICKFRAME);
+}
+
+} // namespace
+
+Qt::WindowFlags TopLevel::FlagsOf(HWND window) {
+    if (IsToolPopup(window))
+        return Qt::ToolTip | Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint;
+    const UINT style = view::Style(window);
+    Qt::WindowFlags flags = GetOwner(window) ? Qt::Dialog : Qt::Window;
+    if ((style & WS_POPUP) && (style & WS_CAPTION) != WS_CAPTION)
+        flags |= Qt::FramelessWindowHint;
+    if (view::ExStyle(window) & WS_EX_TOPMOST)
+        flags |= Qt::WindowStaysOnTopHint;
+    return flags;
+}
+
+TopLevel::TopLevel(Desktop& desktop, Peer& peer) : m_desktop(desktop), m_peer(peer) {
+    m_peer.Outer().setAttribute(Qt::WA_QuitOnClose, !GetOwner(peer.Window()));
+    m_peer.Outer().setAttribute(Qt::WA_ShowWithoutActivating, IsToolPopup(peer.Window()));
+}
+
+void TopLevel::Apply(Aspects aspects) {
+    const HWND window = m_peer.Window();
+    QWidget& widget = m_peer.Outer();
+    if ((aspects & (Aspect::Rectangle | Aspect::Style)) && IsFixedSize(window))
+        widget.setFixedSize(ToQRect(view::Rectangle(window)).size());
+    if (aspects & static_cast<Aspects>(Aspect::Text))
+        widget.setWindowTitle(TextOf(window));
+    const bool appears =
+        (aspects & static_cast<Aspects>(Aspect::Visible)) && view::IsShown(window) && !widget.isVisible();
+    if (appears && !IsToolPopup(window) && QApplication::activeWindow())
+        m_desktop.focus.ExpectActivation(widget);
+}
+
+bool TopLevel::OnEvent(QEvent& event) {
+    switch (event.type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+        ReportPlace();
+        return false;
+    case QEvent::WindowActivate:
+        m_desktop.focus.Activated();
+        input::Activated(m_peer.Window(), true);
+        return false;
+    case QEvent::WindowDeactivate:
+        input::Activated(m_peer.Window(), false);
+        return false;
+    case QEvent::Close:
+        event.ignore();
+        input::Close(m_peer.Window());
+        return true;
+    default:
+        return false;
+    }
+}
+
+// What memory asked for comes back as well, and is no news.
+void TopLevel::ReportPlace() {
+    const CRect place = FromQRect(m_peer.Outer().geometry());
+    if (m_peer.Outer().isVisible() && place != view::Rectangle(m_peer.Window()))
+        input::Placed(m_peer.Window(), place);
+}
+
+void TopLevel::ShowModal() {
+    QWidget& widget = m_peer.Outer();
+    widget.hide(); // modality holds from the next showing
+    widget.setWindowModality(widget.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
+    m_desktop.focus.ExpectActivation(widget);
+    widget.show();
+}
+
+} // namespace korvel::qt
