@@ -40,15 +40,13 @@ struct GermanNumbers : std::numpunct<char> {
 
 void Numbers() {
     Values values;
-    char decimal[] = ",";
-    char thousands[] = ".";
     korvel::_numberfmtA format = korvel::GetFormatDouble();
     format.NumDigits = 2;
     format.LeadingZero = 1;
     format.Grouping = 3;
     format.NegativeOrder = 1;
-    format.DecimalSep = decimal;
-    format.ThousandSep = thousands;
+    format.DecimalSep = ",";
+    format.ThousandSep = ".";
     korvel::SetFormatDouble(format);
     const auto write = [](const char* subject, const std::function<void()>& call) {
         bench::Write("number text", 1, subject, "ns", bench::NanosecondsPerCall(call));

@@ -1,0 +1,127 @@
+#include "german_machine.h"
+#include "output/date_picture.h"
+#include "platform/time_text.h"
+
+#include <ctime>
+#include <limits>
+
+namespace korvel {
+namespace {
+
+using Dates = GermanMachine;
+
+constexpr double Thursday = 44000.0; // 18 June 2020
+
+TEST(DatePictures, BecomeFormats) {
+    struct Row {
+        const char* picture;
+        const char* format;
+    };
+    const Row dates[] = {
+        {"dddd, d. MMMM yyyy", "%A, %#d. %B %Y"},
+        {"dd.MM.yy", "%d.%m.%y"},
+        {"ddd MMM y", "%a %b %y"},
+        {"yyy", ""},
+        {"ddddd", ""},
+        {"DdmM", "%d%m"},
+        {"d 'de' m", "%#d '%#de' %#m"}, // apostrophes mean nothing
+        {"100%", "100%"},
+        {"", ""},
+    };
+    for (const Row& row : dates)
+        EXPECT_EQ(DatePictureToFormat(row.picture), row.format) << row.picture;
+
+    const Row times[] = {
+        {"HH:mm:ss", "%H:%M:%S"},
+        {"h 'Uhr' tt", "%#I Uhr %p"},
+        {"Hh", "%#H%#I"},
+        {"hhh:m", ":%#M"},
+        {"M'open", "%#Mopen"},
+        {"''t", "%p"},
+        {"'", ""},
+        {"ddX", "dd%p"},
+    };
+    for (const Row& row : times)
+        EXPECT_EQ(TimePictureToFormat(row.picture), row.format) << row.picture;
+}
+
+TEST_F(Dates, AsText) {
+    EXPECT_EQ(DatetoString(Thursday), "Donnerstag, 18. Juni 2020");
+    EXPECT_EQ(DatetoString("GDT_VALID", 61), "Donnerstag, 1. M\xE4rz 1900");
+    EXPECT_EQ(DatetoString("GDT_NONE", Thursday), "");
+    EXPECT_EQ(DatetoString("gdt_valid", Thursday), "");
+    EXPECT_EQ(DatetoString(3e6), "Invalid DateTime");
+    EXPECT_EQ(DatetoString(std::numeric_limits<double>::quiet_NaN()), "Invalid DateTime");
+    SetDateCurrentFormatString(false, "%d.%Q");
+    EXPECT_EQ(DatetoString(Thursday), "");
+}
+
+TEST_F(Dates, TimesAreLocal) {
+    const platform::ScratchVariable zone("TZ", "UTC");
+    tzset();
+    const std::string before = platform::TimeLocale();
+    EXPECT_EQ(TimetoString(3723), "01:02:03");
+    EXPECT_EQ(TimetoString(-1), "Invalid DateTime");
+    EXPECT_EQ(TimetoString(std::numeric_limits<std::int64_t>::max()), "Invalid DateTime");
+    EXPECT_EQ(platform::TimeLocale(), before); // "DEU" is no name that the C library knows
+}
+
+TEST_F(Dates, SettingTheCurrentFormat) {
+    CountingSink sink(EFormatService::Date);
+    bool isLong = false;
+    std::string format;
+    GetDateCurrentFormatString(isLong, format);
+    EXPECT_TRUE(isLong);
+    EXPECT_EQ(format, "%A, %#d. %B %Y");
+
+    SetDateCurrentFormatString(false, format); // in use already
+    EXPECT_EQ(sink.count, 0);
+    EXPECT_STREQ(GetFormatStringShort(), "%d.%m.%Y");
+
+    SetDateCurrentFormatString(false, "%Y");
+    EXPECT_EQ(sink.count, 1);
+    EXPECT_STREQ(GetFormatStringShort(), "%Y");
+    EXPECT_STREQ(GetFormatStringLong(), "%A, %#d. %B %Y");
+    GetDateCurrentFormatString(isLong, format);
+    EXPECT_FALSE(isLong);
+    EXPECT_EQ(DatetoString(Thursday), "2020");
+
+    CDateOutput::Instance().SetCurrentPicture(EDateFormat::Long, "d/m");
+    EXPECT_STREQ(GetFormatStringLong(), "%#d/%#m");
+    CDateOutput::Instance().ReturnToSystemFormat(EDateFormat::Short);
+    EXPECT_EQ(DatetoString(Thursday), "18.06.2020");
+    EXPECT_EQ(sink.count, 3);
+    CDateOutput::Instance().ReturnToSystemFormat(EDateFormat::Short);
+    EXPECT_EQ(sink.count, 3);
+}
+
+TEST_F(Dates, AFormatStringIsStoredAndNotTold) {
+    CountingSink sink(EFormatService::Date);
+    SetFormatStringLong("%Y!");
+    SetFormatStringShort("%y!");
+    EXPECT_EQ(sink.count, 0);
+    EXPECT_STREQ(GetFormatStringLong(), "%Y!");
+    EXPECT_EQ(DatetoString(Thursday), "Donnerstag, 18. Juni 2020");
+    EXPECT_THROW(SetFormatStringLong(nullptr), std::invalid_argument);
+    EXPECT_STREQ(GetFormatStringLong(), "%Y!");
+}
+
+TEST_F(Dates, TheUsersFormatSurvivesAChangeOfTheSettings) {
+    CountingSink sink(EFormatService::Date);
+    SetRegional("sLongDate", "dd MMMM yyyy");
+    EXPECT_EQ(DatetoString(Thursday), "18 Juni 2020");
+    EXPECT_EQ(sink.count, 1);
+
+    SetFormatStringLong("%Y"); // not in use, and no longer the system's
+    SetRegional("sLongDate", "d MMM yyyy");
+    EXPECT_STREQ(GetFormatStringLong(), "%Y");
+    EXPECT_EQ(DatetoString(Thursday), "18 Juni 2020");
+    EXPECT_EQ(sink.count, 1);
+
+    SetRegional("sTimeFormat", "H 'Uhr'");
+    EXPECT_EQ(CDateOutput::Instance().Formats().DefaultTime, "%#H Uhr");
+    EXPECT_EQ(sink.count, 2);
+}
+
+} // namespace
+} // namespace korvel

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "../platform/scratch.h"
+#include "output/angle_output.h"
+#include "output/date_output.h"
+#include "output/number_output.h"
+#include "output/system_formats.h"
+#include "platform/regional_settings.h"
+#include "platform/settings_store.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace korvel {
+
+/// Counts the changes that a service tells of, as long as it lives.
+class CountingSink final : public IFormatSink {
+public:
+    explicit CountingSink(EFormatService service) : m_service(service) {
+        NotificationOf(service).AddSink(this);
+    }
+    ~CountingSink() { NotificationOf(m_service).RemoveSink(this); }
+    void OnFormatChanged(EFormatService) override { ++count; }
+    int count = 0;
+
+private:
+    EFormatService m_service;
+};
+
+/// A machine with German regional settings, stores of its own, and services that all follow these settings.
+class GermanMachine : public ::testing::Test {
+protected:
+    GermanMachine() {
+        platform::SetStorePath(platform::SettingsRoot::Machine, m_store.Path() / "machine.sqlite");
+        platform::UseLocale("de-DE");
+        FollowSystemAgain();
+    }
+    ~GermanMachine() override {
+        FollowSystemAgain();
+        platform::SetStorePath(platform::SettingsRoot::Machine, {});
+        platform::UseLocale("");
+    }
+
+    /// What the user sets in the regional settings, and the host then tells of.
+    void SetRegional(const std::string& name, const std::string& text) {
+        const char* key = "Control Panel\\International";
+        platform::CreateKey(platform::SettingsRoot::User, key);
+        platform::WriteSetting(platform::SettingsRoot::User, key, name, platform::SettingValue::Text(text));
+        Fire_OnSystemChanged(nullptr, nullptr);
+    }
+
+private:
+    static void FollowSystemAgain() {
+        RereadSystemSettings();
+        const CNumberFormat& integers = SystemNumberFormat(ESystemFormat::Integer);
+        const CNumberFormat& floats = SystemNumberFormat(ESystemFormat::Float);
+        CNumberOutput& numbers = CNumberOutput::Instance();
+        numbers.ReplaceFormat(ENumberRecord::Integer, integers);
+        numbers.ReplaceFormat(ENumberRecord::Long, integers);
+        numbers.ReplaceFormat(ENumberRecord::Float, floats);
+        numbers.ReplaceFormat(ENumberRecord::Double, floats);
+        CAngleOutput& angles = CAngleOutput::Instance();
+        angles.ReplaceFormat(EAngleRecord::Double, floats);
+        angles.ReplaceFormat(EAngleRecord::Float, floats);
+        angles.SetUnit(CAngleOutput::Radians);
+        CDateOutput& dates = CDateOutput::Instance();
+        dates.ReturnToSystemFormat(EDateFormat::Short);
+        dates.ReturnToSystemFormat(EDateFormat::Long);
+        Fire_OnSystemChanged(nullptr, nullptr);
+    }
+
+    platform::ScratchStore m_store;
+};
+
+/// The German format with this many digits.
+inline CNumberFormat GermanFormat(std::uint32_t digits) {
+    CNumberFormat format = SystemNumberFormat(ESystemFormat::Float);
+    format.NumDigits = digits;
+    return format;
+}
+
+} // namespace korvel

@@ -1,0 +1,63 @@
+#include "german_machine.h"
+#include "output/station_output.h"
+
+#include <limits>
+
+namespace korvel {
+namespace {
+
+using Stations = GermanMachine;
+
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+
+TEST_F(Stations, AsText) {
+    struct Row {
+        const char* border;
+        const char* digits;
+        double station;
+        const char* railway;
+        const char* road;
+    };
+    const Row rows[] = {
+        {"both halves", "2", 12345.6, "12,3+45,60", "12+345,60"},
+        {"full kilometre", "0", 1000.0, "1,0+00", "1+000"},
+        {"below the first hectometre", "0", 99.0, "0,0+99", "0+099"},
+        {"below the first kilometre", "1", 999.5, "0,9+99,5", "0+999,5"},
+        {"zero", "2", 0.0, "0,0+00,00", "0+000,00"},
+        {"negative zero", "0", -0.0, "0,0+00", "0+000"},
+        {"metres count up from the kilometre below", "0", -1500.0, "-1,5+00", "-2+500"},
+        {"just below zero", "1", -0.5, "-0,1+99,5", "-1+999,5"},
+        {"never grouped", "0", 1234567890.0, "1234567,8+90", "1234567+890"},
+        {"padding counts the digits before rounding", "0", 9.75, "0,0+010", "0+0010"},
+        {"metres round past their width", "0", 999.75, "0,9+100", "0+1000"},
+        {"not a number", "2", std::numeric_limits<double>::quiet_NaN(), "+", "+"},
+        {"infinite", "2", -Infinity, "-inf+", "-inf+"},
+    };
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.border);
+        SetRegional("iDigits", row.digits);
+        EXPECT_EQ(RailwayStationToString(row.station), row.railway);
+        EXPECT_EQ(RoadStationToString(row.station), row.road);
+    }
+}
+
+TEST_F(Stations, FloatsSplitInTheirOwnPrecision) {
+    EXPECT_EQ(RailwayStationToString(12345.6f), "12,3+45,60");
+    EXPECT_EQ(RoadStationToString(12345.6f), "12+345,60");
+    EXPECT_EQ(RoadStationToString(123456.7f), "123+456,70");
+    SetRegional("iDigits", "5");
+    EXPECT_EQ(RoadStationToString(123456.7f), "123+456,70312"); // what the float holds
+}
+
+TEST_F(Stations, FollowTheDecimalsButNotTheSignOfTheSettings) {
+    CountingSink sink(EFormatService::Station);
+    ASSERT_EQ(RoadStationToString(1.5), "0+001,50");
+    SetRegional("sDecimal", ";");
+    EXPECT_EQ(RoadStationToString(1.5), "0+001,50"); // the first one of the process
+    SetRegional("iDigits", "-1");
+    EXPECT_EQ(RoadStationToString(1.5).size(), 8u + platform::longestNumberText - 2u);
+    EXPECT_EQ(sink.count, 6);
+}
+
+} // namespace
+} // namespace korvel
