@@ -40,6 +40,12 @@ struct NMLVDISPINFO {
     LPARAM lParam = 0;
 };
 
+/// What LVM_SETITEMSTATE carries (lParam): the bits of `stateMask` become those of `state` (LVIS_*).
+struct LVITEMSTATE {
+    UINT state = 0;
+    UINT stateMask = 0;
+};
+
 /// What a row is made of. A row with many columns takes its further texts in `subItems`
 /// (entry i belongs to column i + 1).
 struct ListRow {
@@ -117,6 +123,7 @@ public:
     int HitTest(CPoint point, UINT* flags = nullptr) const;
     int SubItemHitTest(LVHITTESTINFO* info) const;
     bool GetItemRect(int row, CRect* rect, int part = LVIR_BOUNDS) const;
+    /// LVIR_BOUNDS of column 0 is the whole row, as everywhere on the platform; LVIR_LABEL is the cell.
     bool GetSubItemRect(int row, int column, int part, CRect* rect) const;
     int GetTopIndex() const;
     int GetCountPerPage() const;

@@ -33,6 +33,7 @@ inline constexpr UINT WM_WINDOWPOSCHANGING = 0x0046;
 inline constexpr UINT WM_WINDOWPOSCHANGED = 0x0047;
 inline constexpr UINT WM_NOTIFY = 0x004E;
 inline constexpr UINT WM_CONTEXTMENU = 0x007B;
+inline constexpr UINT WM_STYLECHANGED = 0x007D; // wParam: GWL_STYLE or GWL_EXSTYLE
 inline constexpr UINT WM_NCDESTROY = 0x0082;
 inline constexpr UINT WM_GETDLGCODE = 0x0087;
 inline constexpr UINT WM_NCLBUTTONDOWN = 0x00A1;
@@ -139,11 +140,23 @@ inline constexpr int GWL_STYLE = -16;
 inline constexpr int GWL_EXSTYLE = -20;
 inline constexpr int GWLP_USERDATA = -21;
 
+// Scroll bars (low word of wParam in WM_VSCROLL and WM_HSCROLL).
+inline constexpr UINT SB_LINEUP = 0;
+inline constexpr UINT SB_LINEDOWN = 1;
+inline constexpr UINT SB_PAGEUP = 2;
+inline constexpr UINT SB_PAGEDOWN = 3;
+inline constexpr UINT SB_THUMBPOSITION = 4;
+inline constexpr UINT SB_THUMBTRACK = 5;
+inline constexpr UINT SB_TOP = 6;
+inline constexpr UINT SB_BOTTOM = 7;
+
 // WM_GETDLGCODE answers.
 inline constexpr UINT DLGC_WANTARROWS = 0x0001;
 inline constexpr UINT DLGC_WANTTAB = 0x0002;
 inline constexpr UINT DLGC_WANTALLKEYS = 0x0004;
 inline constexpr UINT DLGC_HASSETSEL = 0x0008;
+inline constexpr UINT DLGC_WANTCHARS = 0x0080;
+inline constexpr UINT DLGC_STATIC = 0x0100;
 inline constexpr UINT DLGC_BUTTON = 0x2000;
 
 // Message boxes.

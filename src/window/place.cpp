@@ -95,7 +95,9 @@ CRect ClientArea(const WindowRecord& record) {
     CRect area{0, 0, record.rect.Width(), record.rect.Height()};
     const int edge = EdgeWidth(record);
     area = WithoutInsets(area, {edge, edge, edge, edge});
-    return record.control ? WithoutInsets(area, record.control->ClientInsets()) : area;
+    if (!record.control)
+        return area;
+    return WithoutInsets(area, record.control->ClientInsets({area.Width(), area.Height()}));
 }
 
 CPoint ScreenPointInMemory(HWND window, CPoint client) {

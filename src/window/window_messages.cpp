@@ -52,10 +52,12 @@ LPARAM SetWindowLongPtrA(HWND window, int index, LPARAM value) {
         case GWL_STYLE:
             record.style = static_cast<UINT>(value);
             TellDisplay(record, Aspect::Style | Aspect::Visible | static_cast<Aspects>(Aspect::Enabled));
+            SendMessageA(window, WM_STYLECHANGED, static_cast<WPARAM>(index), 0);
             break;
         case GWL_EXSTYLE:
             record.exStyle = static_cast<UINT>(value);
             TellDisplay(record, Aspect::Style);
+            SendMessageA(window, WM_STYLECHANGED, static_cast<WPARAM>(index), 0);
             break;
         case GWLP_USERDATA:
             record.userData = value;

@@ -32,8 +32,9 @@ public:
     virtual view::EditView Edit() const { return {}; }
     virtual view::ScrollView Scroll() const { return {}; }
     virtual int Check() const { return 0; }
-    /// What scroll bars take from the client area on each side; borders are counted already.
-    virtual CRect ClientInsets() const { return {}; }
+    /// What scroll bars take from the client area on each side, of a window that has that size inside its
+    /// border.
+    virtual CRect ClientInsets(CSize /*insideBorder*/) const { return {}; }
 
     /// What the user did in a native widget (see window/input.h). Called for enabled windows only.
     virtual void Edited(const CString&, int /*selectionStart*/, int /*selectionEnd*/) {}

@@ -81,8 +81,9 @@ TEST_P(RowBlocksRun, StaysEqualToAPlainVector) {
             blocks.Select(row, !model.rows[row].selected);
             model.rows[row].selected = !model.rows[row].selected;
         }
-        if (step % 50 == 0)
+        if (step % 50 == 0) {
             ASSERT_NO_FATAL_FAILURE(ExpectSame(blocks, model, random));
+        }
     }
     ExpectSame(blocks, model, random);
 }

@@ -1,0 +1,53 @@
+#include "window/list_columns.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace korvel::internal {
+
+namespace {
+
+constexpr int DividerReach = 4; // pixels to each side of a divider
+
+} // namespace
+
+int ListColumns::Insert(int column, ListColumn content) {
+    const int at = std::min(column, Count());
+    content.width = std::max(content.width, 0);
+    m_columns.insert(m_columns.begin() + at, std::move(content));
+    return at;
+}
+
+int ListColumns::Left(int column) const {
+    int left = 0;
+    for (int i = 0; i < column; ++i)
+        left += m_columns[i].width;
+    return left;
+}
+
+int ListColumns::At(int x) const {
+    int right = 0;
+    for (int column = 0; x >= 0 && column < Count(); ++column) {
+        right += m_columns[column].width;
+        if (x < right)
+            return column;
+    }
+    return None;
+}
+
+int ListColumns::DividerAt(int x) const {
+    int found = None;
+    int nearest = DividerReach + 1;
+    int right = 0;
+    for (int column = 0; column < Count(); ++column) {
+        right += m_columns[column].width;
+        const int distance = std::abs(x - right);
+        if (distance <= DividerReach && distance <= nearest) {
+            found = column;
+            nearest = distance;
+        }
+    }
+    return found;
+}
+
+} // namespace korvel::internal

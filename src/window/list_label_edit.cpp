@@ -1,0 +1,105 @@
+#include "window/list_label_edit.h"
+
+#include "window/control_procedures.h"
+#include "window/list_notify.h"
+#include "window/list_rows.h"
+#include "window/list_scroll.h"
+
+namespace korvel::internal {
+
+namespace {
+
+constexpr int SmallestEdit = 40; // pixels: a label that is cut off can still be edited
+
+/// The edit's procedure: Return takes the text, Escape gives it up, and so does whatever takes the focus
+/// away. It replaces the procedure alone, so that a host may still attach an object to the edit.
+LRESULT LabelEditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto list = ControlOf<ListState>(GetParent(window));
+    if (list && list->labelEdit.window == window) {
+        const bool isKey = message == WM_KEYDOWN;
+        if (isKey && wParam == VK_RETURN)
+            return EndLabelEdit(*list, LabelEditEnd::Take), 0;
+        if (isKey && wParam == VK_ESCAPE)
+            return EndLabelEdit(*list, LabelEditEnd::Cancel), 0;
+        if (message == WM_GETDLGCODE)
+            return DLGC_WANTALLKEYS | DLGC_HASSETSEL;
+        if (message == WM_KILLFOCUS) {
+            const LRESULT result = EditProcedure(window, message, wParam, lParam);
+            EndLabelEdit(*list, LabelEditEnd::Take);
+            return result;
+        }
+        if (message == WM_DESTROY)
+            list->labelEdit = {};
+    }
+    return EditProcedure(window, message, wParam, lParam);
+}
+
+CRect EditRect(const ListState& list, int row) {
+    const CSize client = ClientSize(list);
+    CRect rect = PartsOfCell(list, row, 0).label;
+    rect.left = std::clamp(rect.left, 0, std::max(0, client.cx - SmallestEdit));
+    rect.right = std::max(std::min(rect.right, client.cx), rect.left + SmallestEdit);
+    return rect;
+}
+
+void OfferText(ListState& list, LabelEditEnd end) {
+    const CString text = GetWindowTextA(list.labelEdit.window);
+    const bool taken = end == LabelEditEnd::Take;
+    const bool accepted =
+        NotifyLabelEdit(list, LVN_ENDLABELEDIT, list.labelEdit.row, taken ? text.c_str() : nullptr) != 0;
+    const int row = list.labelEdit.row; // rows may have moved
+    if (taken && accepted && list.rows.Has(row))
+        SetText(list, row, 0, text);
+}
+
+void Close(ListState& list) {
+    const HWND edit = std::exchange(list.labelEdit, {}).window;
+    const bool hadFocus = edit && GetFocus() == edit;
+    DestroyWindow(edit);
+    if (hadFocus)
+        SetFocus(list.Handle());
+}
+
+} // namespace
+
+HWND BeginLabelEdit(ListState& list, int row) {
+    EndLabelEdit(list, LabelEditEnd::Take);
+    if (!list.rows.Has(row) || list.columns.Count() == 0)
+        return nullptr;
+    SetFocus(list.Handle());
+    if (!list.rows.Has(row))
+        return nullptr;
+    EnsureVisible(list, row, Visibility::Whole);
+    const CString text = TextOf(list, row, 0);
+    const HWND edit = CreateWindowExA(0, "EDIT", text.c_str(), WS_CHILD | WS_BORDER | ES_AUTOHSCROLL,
+                                      EditRect(list, row), list.Handle(), 0);
+    SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LPARAM>(&LabelEditProcedure));
+    list.labelEdit = {edit, row, false};
+    const bool refused = NotifyLabelEdit(list, LVN_BEGINLABELEDIT, row, text.c_str()) != 0;
+    if (list.labelEdit.window != edit)
+        return nullptr; // a handler has ended it
+    if (refused || list.labelEdit.row == NoRow) {
+        list.labelEdit = {};
+        DestroyWindow(edit);
+        return nullptr;
+    }
+    SendMessageA(edit, EM_SETSEL, 0, -1);
+    ShowWindow(edit, SW_SHOW);
+    SetFocus(edit);
+    return list.labelEdit.window;
+}
+
+void EndLabelEdit(ListState& list, LabelEditEnd end) {
+    if (!list.labelEdit.window || list.labelEdit.isEnding)
+        return;
+    list.labelEdit.isEnding = true;
+    try {
+        OfferText(list, end);
+    } catch (...) {
+        Close(list);
+        throw;
+    }
+    Close(list);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,104 @@
+#include "window/list_rows.h"
+
+#include "window/list_label_edit.h"
+#include "window/list_notify.h"
+#include "window/list_scroll.h"
+#include "window/list_selection.h"
+
+namespace korvel::internal {
+
+namespace {
+
+// Rows that the list remembers by number move along.
+void ShiftForInsertion(int& remembered, int row, int count) {
+    if (remembered >= row)
+        remembered += count;
+}
+
+void ShiftForErasure(int& remembered, int row) {
+    if (remembered > row)
+        --remembered;
+    else if (remembered == row)
+        remembered = NoRow;
+}
+
+void EraseRow(ListState& list, int row) {
+    const bool hadFocus = list.focusRow == row;
+    list.rows.Erase(row, row + 1);
+    ShiftForErasure(list.focusRow, row);
+    ShiftForErasure(list.markRow, row);
+    ShiftForErasure(list.labelEdit.row, row);
+    ShiftForErasure(list.press.row, row);
+    if (hadFocus)
+        list.focusRow = std::min(row, list.rows.Size() - 1);
+}
+
+void Deselect(ListState& list, int row) {
+    const UINT before = StateOf(list, row);
+    if ((before & LVIS_SELECTED) == 0)
+        return;
+    const UINT after = before & ~LVIS_SELECTED;
+    NotifyState(list, LVN_ITEMCHANGING, row, before, after);
+    if (!list.rows.Has(row))
+        return;
+    list.rows.Select(row, false);
+    NotifyState(list, LVN_ITEMCHANGED, row, before, after);
+}
+
+} // namespace
+
+int InsertRows(ListState& list, int row, std::vector<RowRecord> rows) {
+    if (row < 0)
+        return NoRow;
+    row = std::min(row, list.rows.Size());
+    const int count = static_cast<int>(rows.size());
+    list.rows.Insert(row, std::move(rows));
+    ShiftForInsertion(list.focusRow, row, count);
+    ShiftForInsertion(list.markRow, row, count);
+    ShiftForInsertion(list.labelEdit.row, row, count);
+    ShiftForInsertion(list.press.row, row, count);
+    RepaintFrom(list, row);
+    UpdateExtent(list);
+    return row;
+}
+
+void DeleteRows(ListState& list, int first, int last, DeletionNotice notice) {
+    if (list.labelEdit.row >= first && list.labelEdit.row < last)
+        EndLabelEdit(list, LabelEditEnd::Cancel);
+    for (int row = last - 1; row >= first; --row) {
+        if (!list.rows.Has(row))
+            continue; // a handler has removed rows itself
+        Deselect(list, row);
+        if (notice == DeletionNotice::Told)
+            NotifyRow(list, LVN_DELETEITEM, row);
+        if (list.rows.Has(row))
+            EraseRow(list, row);
+    }
+    RepaintFrom(list, first);
+    UpdateExtent(list);
+}
+
+void DeleteAllRows(ListState& list) {
+    const bool quiet = NotifyRow(list, LVN_DELETEALLITEMS, NoRow) != 0;
+    DeleteRows(list, 0, list.rows.Size(), quiet ? DeletionNotice::Suppressed : DeletionNotice::Told);
+}
+
+CString TextOf(const ListState& list, int row, int column) {
+    const auto& record = list.rows.At(row);
+    if (!record.texts)
+        return list.textSource ? list.textSource(record.data, column) : CString();
+    const auto& texts = *record.texts;
+    return column < static_cast<int>(texts.size()) ? texts[column] : CString();
+}
+
+void SetText(ListState& list, int row, int column, const CString& text) {
+    auto& texts = list.rows.At(row).texts;
+    if (!texts)
+        texts = std::make_unique<std::vector<CString>>();
+    if (static_cast<int>(texts->size()) <= column)
+        texts->resize(column + 1);
+    (*texts)[column] = text;
+    RepaintRows(list, row, row + 1);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,129 @@
+#include "window/list_fixture.h"
+
+namespace korvel {
+namespace {
+
+class ListRows : public ListTest {};
+
+TEST_F(ListRows, InsertionAtMinusOneIsRefusedAndBeyondTheEndAppends) {
+    MakeList(2);
+    EXPECT_EQ(list.InsertItem(-1, "refused"), -1);
+    EXPECT_EQ(list.InsertItem(99, "last"), 2);
+    EXPECT_EQ(list.InsertItem(0, "first"), 0);
+    EXPECT_EQ(list.GetItemText(1, 0), "row 0");
+    EXPECT_EQ(list.GetItemCount(), 4);
+}
+
+TEST_F(ListRows, DeletingTheSelectedRowLeavesNothingSelectedAndMovesTheFocus) {
+    struct Case {
+        const char* border;
+        int deleted;
+        int focusAfter;
+    };
+    for (const Case& row :
+         {Case{"the next row takes its place", 1, 1}, Case{"the last one has no next", 3, 2}}) {
+        SCOPED_TRACE(row.border);
+        MakeList(4);
+        list.SetItemState(row.deleted, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        parent.notices.clear();
+        const auto number = " " + std::to_string(row.deleted);
+        list.DeleteItem(row.deleted);
+        EXPECT_EQ(parent.Take(), (Notices{"changing" + number, "changed" + number, "delete" + number}));
+        EXPECT_EQ(Selected(), Rows{});
+        EXPECT_EQ(Focused(), row.focusAfter);
+        list.DestroyWindow();
+    }
+}
+
+TEST_F(ListRows, DeletingARangeTellsFromTheLastRowUp) {
+    MakeList(5);
+    list.SetItemState(2, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    parent.notices.clear();
+    EXPECT_FALSE(list.DeleteRows(3, 6)); // reaches beyond the rows: nothing happens
+    EXPECT_TRUE(list.DeleteRows(1, 4));
+    EXPECT_EQ(parent.Take(), (Notices{"delete 3", "changing 2", "changed 2", "delete 2", "delete 1"}));
+    EXPECT_EQ(list.GetItemText(1, 0), "row 4");
+    EXPECT_EQ(Focused(), 1);
+}
+
+TEST_F(ListRows, TheAnswerToDeleteAllSuppressesTheSingleNotices) {
+    MakeList(3);
+    list.DeleteAllItems();
+    EXPECT_EQ(parent.Take(), (Notices{"delete all -1", "delete 2", "delete 1", "delete 0"}));
+    list.DestroyWindow();
+
+    MakeList(3);
+    parent.answer = [](const NMLISTVIEW& notice) -> LRESULT { return notice.hdr.code == LVN_DELETEALLITEMS; };
+    list.DeleteAllItems();
+    EXPECT_EQ(parent.Take(), Notices{"delete all -1"});
+    EXPECT_EQ(list.GetItemCount(), 0);
+}
+
+TEST_F(ListRows, AHandlerMayRemoveRowsOrTheWholeListDuringARemoval) {
+    MakeList(6);
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code == LVN_DELETEITEM && notice.iItem == 4)
+            list.DeleteRows(0, 4);
+        return 0;
+    };
+    list.DeleteRows(2, 6);
+    EXPECT_EQ(list.GetItemCount(), 1);
+
+    parent.answer = [&](const NMLISTVIEW&) -> LRESULT { return list.DestroyWindow(); };
+    list.DeleteAllItems();
+    EXPECT_EQ(list.GetItemCount(), 0);
+}
+
+TEST_F(ListRows, RowsRememberTheirPlaceWhenOthersComeAndGo) {
+    MakeList(3);
+    list.SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    list.SetSelectionMark(1);
+    const LPARAM data[] = {7, 8};
+    EXPECT_EQ(list.InsertRows(0, data, 2, 3), 0);
+    EXPECT_EQ(Selected(), Rows{3});
+    EXPECT_EQ(Focused(), 3);
+    EXPECT_EQ(list.GetSelectionMark(), 3);
+    EXPECT_EQ(list.GetItemData(1), 8);
+    EXPECT_EQ(list.GetItemIndent(0), 3);
+    list.DeleteItem(0);
+    EXPECT_EQ(Focused(), 2);
+    list.DeleteItem(2);
+    EXPECT_EQ(list.GetSelectionMark(), -1);
+}
+
+TEST_F(ListRows, ARowWithoutTextsAsksTheTextSource) {
+    MakeList(0);
+    list.SetTextSource([](LPARAM data, int column) { return std::to_string(data * 10 + column); });
+    const LPARAM data[] = {4, 5};
+    list.InsertRows(0, data, 2, 0);
+    EXPECT_EQ(list.GetItemText(1, 1), "51");
+    list.SetItemText(1, 0, "own");
+    EXPECT_EQ(list.GetItemText(1, 0), "own");
+    EXPECT_EQ(list.GetItemText(0, 0), "40");
+}
+
+TEST_F(ListRows, StoredTextsMoveWithTheirColumns) {
+    MakeList(1);
+    list.SetItemText(0, 1, "value");
+    list.InsertColumn(0, "New", 10);
+    EXPECT_EQ(list.GetItemText(0, 0), "");
+    EXPECT_EQ(list.GetItemText(0, 2), "value");
+    list.DeleteColumn(1);
+    EXPECT_EQ(list.GetItemText(0, 1), "value");
+    EXPECT_FALSE(list.SetItemText(0, 2, "no such column"));
+}
+
+TEST_F(ListRows, AMillionRowsComeAndGoInOneStep) {
+    MakeList(1);
+    const std::vector<LPARAM> data(1000000, 9);
+    EXPECT_EQ(list.InsertRows(0, data.data(), 1000000, 1), 0);
+    EXPECT_EQ(list.GetItemText(1000000, 0), "row 0");
+    list.EnsureVisible(1000000, false);
+    EXPECT_EQ(list.HitTest(InRow(4)), 1000000);
+    EXPECT_TRUE(list.DeleteRows(0, 1000000));
+    EXPECT_EQ(list.GetTopIndex(), 0);
+    EXPECT_EQ(list.GetItemText(0, 0), "row 0");
+}
+
+} // namespace
+} // namespace korvel
