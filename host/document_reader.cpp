@@ -1,6 +1,7 @@
 #include "document_reader.h"
 
 #include "source_error.h"
+#include "source_file.h"
 
 #include <algorithm>
 #include <utility>
@@ -182,6 +183,16 @@ private:
 
 ElementTree ReadElements(std::string source) {
     return DocumentReader(std::move(source)).Read();
+}
+
+LoadedDocument LoadDocument(const std::string& path) {
+    std::string bytes = ReadSourceFile(path);
+    try {
+        DecodedDocument decoded = DecodeDocument(std::move(bytes));
+        return {ReadElements(std::move(decoded.text)), decoded.encoding, decoded.hasByteOrderMark};
+    } catch (const SourceError& error) {
+        throw DocumentError(path, error);
+    }
 }
 
 } // namespace korvel::inspector

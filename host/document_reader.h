@@ -1,5 +1,6 @@
 #pragma once
 
+#include "document_encoding.h"
 #include "element_tree.h"
 
 #include <string>
@@ -13,5 +14,15 @@ inline constexpr std::size_t DeepestLevel = 1000;
 /// well-formed, declares entities, nests deeper than DeepestLevel or has an attribute longer than
 /// LongestAttribute throws SourceError.
 ElementTree ReadElements(std::string source);
+
+/// A document's elements, and how its file writes characters.
+struct LoadedDocument {
+    ElementTree tree;
+    TextEncoding encoding = TextEncoding::Utf8;
+    bool hasByteOrderMark = false;
+};
+
+/// Reads an XML file of any encoding that DecodeDocument knows. Throws DocumentError.
+LoadedDocument LoadDocument(const std::string& path);
 
 } // namespace korvel::inspector

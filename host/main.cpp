@@ -1,0 +1,67 @@
+#include "list_writer.h"
+#include "options.h"
+#include "platform/code_page.h"
+#include "run_settings.h"
+#include "source_error.h"
+
+#include <exception>
+#include <iostream>
+#include <string>
+#include <vector>
+
+using namespace korvel;
+using namespace korvel::inspector;
+
+namespace {
+
+enum ExitStatus { Done = 0, Failed = 1, NotUnderstood = 2 };
+
+void Complain(const std::string& utf8) {
+    std::cerr << "inspector: " << utf8 << '\n';
+}
+
+int List(const Options& options) {
+    LandXmlDocument document(options.file, {options.stations, GetFileContainer().GetFileValue(0)});
+    for (const std::string& notice : document.Notices())
+        Complain(options.file + ": " + platform::ToUtf8(notice));
+    std::ios::sync_with_stdio(false);
+    WriteList(document.Root(), std::cout);
+    std::cout.flush();
+    if (!std::cout) {
+        Complain("standard output cannot be written");
+        return Failed;
+    }
+    return Done;
+}
+
+int Run(const Options& options) {
+    if (options.help) {
+        std::cout << HelpText();
+        return Done;
+    }
+    if (options.version) {
+        std::cout << "inspector " KORVEL_VERSION "\n";
+        return Done;
+    }
+    ApplySettings(options);
+    if (options.list)
+        return List(options);
+    throw UsageError("this build has no window; it knows --list");
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    try {
+        return Run(ReadOptions({arguments + 1, arguments + count}));
+    } catch (const UsageError& error) {
+        Complain(std::string(error.what()) + "; --help tells what there is");
+        return NotUnderstood;
+    } catch (const DocumentError& error) {
+        Complain(error.Utf8Text());
+        return NotUnderstood;
+    } catch (const std::exception& error) {
+        Complain(platform::ToUtf8(error.what()));
+        return Failed;
+    }
+}
