@@ -18,9 +18,11 @@ bool IsDown(UINT key) {
     return (GetKeyState(key) & 0x8000) != 0;
 }
 
+// Letters of code page 1252 begin at 0xC0.
 bool IsWordCharacter(char character) {
     const auto byte = static_cast<unsigned char>(character);
-    return std::isalnum(byte) != 0 || byte >= 0xC0 || byte == '_';
+    const bool isLetter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte >= 0xC0;
+    return isLetter || (byte >= '0' && byte <= '9') || byte == '_';
 }
 
 int LineStart(const CString& text, int place) {

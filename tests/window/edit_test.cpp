@@ -1,0 +1,249 @@
+#include "window/controls.h"
+#include "window/headless_display.h"
+#include "window/input.h"
+#include "window/window_view.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvel {
+namespace {
+
+class EditParent : public CWnd {
+public:
+    std::vector<UINT> notices;
+    std::function<void(UINT)> onNotice;
+
+    std::vector<UINT> Take() { return std::exchange(notices, {}); }
+
+protected:
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+        notices.push_back(HIWORD(wParam));
+        if (onNotice)
+            onNotice(HIWORD(wParam));
+        return CWnd::OnCommand(wParam, lParam);
+    }
+};
+
+using Codes = std::vector<UINT>;
+
+class EditTest : public testing::Test {
+protected:
+    void SetUp() override {
+        SetDisplay(&display);
+        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
+    }
+    void MakeEdit(UINT style = 0, const char* text = "") {
+        edit.DestroyWindow();
+        edit.Create(WS_CHILD | WS_VISIBLE | style, {0, 0, 100, 20}, &parent, 5);
+        edit.SetWindowTextA(text);
+        parent.notices.clear();
+    }
+    void Type(const CString& text) {
+        for (const char character : text)
+            input::Key(edit.m_hWnd, WM_KEYDOWN, 0, CString(1, character));
+    }
+    void Press(UINT key, std::vector<UINT> modifiers = {}) {
+        for (const UINT modifier : modifiers)
+            display.PressKey(modifier, true);
+        input::Key(edit.m_hWnd, WM_KEYDOWN, key, {});
+        for (const UINT modifier : modifiers)
+            display.PressKey(modifier, false);
+    }
+    std::pair<int, int> Selection() const {
+        std::pair<int, int> selection;
+        edit.GetSel(selection.first, selection.second);
+        return selection;
+    }
+
+    HeadlessDisplay display;
+    EditParent parent;
+    CEdit edit;
+};
+
+TEST_F(EditTest, SettingTheTextTellsAChangeOnASingleLineOnly) {
+    MakeEdit(0, "same");
+    edit.SetWindowTextA("same");
+    EXPECT_EQ(parent.Take(), (Codes{EN_UPDATE, EN_CHANGE}));
+    MakeEdit(ES_READONLY | ES_NUMBER);
+    edit.LimitText(2);
+    edit.SetWindowTextA("longer than that");
+    EXPECT_EQ(edit.GetWindowTextA(), "longer than that");
+    MakeEdit(ES_MULTILINE);
+    edit.SetWindowTextA("text");
+    EXPECT_EQ(parent.Take(), Codes{});
+}
+
+TEST_F(EditTest, WhatTheUserTypesIsHeldToTheStyles) {
+    struct Case {
+        const char* border;
+        UINT style;
+        int limit;
+        const char* typed;
+        const char* text;
+    };
+    for (const Case& row :
+         {Case{"no limit", 0, 0, "a b", "a b"}, Case{"at the limit", 0, 3, "abcd", "abc"},
+          Case{"digits only", ES_NUMBER, 0, "1a-2", "12"}, Case{"read-only", ES_READONLY, 0, "a\b", ""},
+          Case{"Return in one line", 0, 0, "a\rb", "ab"},
+          Case{"Return in several", ES_MULTILINE, 0, "a\rb", "a\r\nb"},
+          Case{"control characters", 0, 0, "a\x1B\x11", "a"},
+          Case{"Backspace at the start", 0, 0, "\ba\b\b", ""},
+          Case{"Backspace over a line break", ES_MULTILINE, 0, "a\r\b", "a"}}) {
+        MakeEdit(row.style);
+        edit.LimitText(row.limit);
+        Type(row.typed);
+        EXPECT_EQ(edit.GetWindowTextA(), row.text) << row.border;
+    }
+}
+
+TEST_F(EditTest, TypingReplacesTheSelectionAndCountsItAsRoom) {
+    MakeEdit(0, "abcd");
+    edit.LimitText(4);
+    edit.SetSel(1, 3);
+    Type("XYZ");
+    EXPECT_EQ(edit.GetWindowTextA(), "aXYd");
+    EXPECT_EQ(Selection(), std::pair(3, 3));
+    EXPECT_EQ(parent.Take(), (Codes{EN_UPDATE, EN_CHANGE, EN_UPDATE, EN_CHANGE})); // Z found no room
+    EXPECT_TRUE(edit.GetModify());
+    edit.ReplaceSel("beyond"); // a program is not limited
+    EXPECT_EQ(edit.GetWindowTextA(), "aXYbeyondd");
+    edit.SetWindowTextA("");
+    EXPECT_FALSE(edit.GetModify());
+}
+
+TEST_F(EditTest, KeysMoveTheCaretAndExtendTheSelection) {
+    MakeEdit(ES_MULTILINE, "one two\r\nx");
+    struct Case {
+        const char* border;
+        UINT key;
+        std::vector<UINT> modifiers;
+        std::pair<int, int> selection;
+    };
+    for (const Case& step :
+         {Case{"before the text", VK_LEFT, {}, {0, 0}}, Case{"one place", VK_RIGHT, {}, {1, 1}},
+          Case{"a word", VK_RIGHT, {VK_CONTROL}, {4, 4}}, Case{"extended", VK_END, {VK_SHIFT}, {4, 7}},
+          Case{"over the line break in one step", VK_RIGHT, {VK_SHIFT}, {4, 9}},
+          Case{"from the caret, not the selection's start", VK_END, {}, {10, 10}},
+          Case{"behind the text", VK_RIGHT, {}, {10, 10}}, Case{"the line above", VK_UP, {}, {1, 1}},
+          Case{"no line above", VK_UP, {}, {1, 1}}, Case{"to the end", VK_END, {}, {7, 7}},
+          Case{"the shorter line below", VK_DOWN, {}, {10, 10}}, Case{"its start", VK_HOME, {}, {9, 9}},
+          Case{"the line break backwards", VK_LEFT, {}, {7, 7}},
+          Case{"a word back", VK_LEFT, {VK_CONTROL, VK_SHIFT}, {4, 7}},
+          Case{"all", 'A', {VK_CONTROL}, {0, 10}}, Case{"the text's start", VK_HOME, {VK_CONTROL}, {0, 0}}}) {
+        Press(step.key, step.modifiers);
+        EXPECT_EQ(Selection(), step.selection) << step.border;
+    }
+}
+
+TEST_F(EditTest, TheClipboardIsTheDisplays) {
+    MakeEdit(0, "abcd");
+    edit.SetSel(1, 3);
+    Press('X', {VK_CONTROL});
+    EXPECT_EQ(display.ClipboardText(), "bc");
+    EXPECT_EQ(edit.GetWindowTextA(), "ad");
+    Press('V', {VK_CONTROL});
+    Press('V', {VK_CONTROL});
+    EXPECT_EQ(edit.GetWindowTextA(), "abcbcd");
+
+    struct Case {
+        const char* border;
+        UINT style;
+        const char* clipboard;
+        const char* text;
+    };
+    for (const Case& row :
+         {Case{"one line takes the first", 0, "1\r\n2", "1"},
+          Case{"several take all", ES_MULTILINE, "1\r\n2", "1\r\n2"},
+          Case{"digits only", ES_NUMBER, "1a2", "12"}, Case{"read-only", ES_READONLY, "1", ""}}) {
+        MakeEdit(row.style);
+        display.SetClipboardText(row.clipboard);
+        edit.SendMessageA(WM_PASTE);
+        EXPECT_EQ(edit.GetWindowTextA(), row.text) << row.border;
+    }
+    MakeEdit(ES_PASSWORD, "secret");
+    edit.SetSel(0, -1);
+    Press('C', {VK_CONTROL});
+    Press('X', {VK_CONTROL});
+    EXPECT_EQ(display.ClipboardText(), "1");
+    EXPECT_EQ(edit.GetWindowTextA(), "secret");
+}
+
+TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {
+    MakeEdit(0, "");
+    Type("abc");
+    edit.SendMessageA(EM_UNDO);
+    EXPECT_EQ(edit.GetWindowTextA(), "");
+    Press('Z', {VK_CONTROL});
+    EXPECT_EQ(edit.GetWindowTextA(), "abc");
+    edit.SetSel(1, 2);
+    Press(VK_DELETE);
+    Type("x");
+    Press('Z', {VK_CONTROL});
+    EXPECT_EQ(edit.GetWindowTextA(), "ac"); // the deletion is a step of its own
+    edit.SetWindowTextA("new");
+    EXPECT_EQ(edit.SendMessageA(EM_UNDO), 0);
+}
+
+TEST_F(EditTest, TheFocusIsToldNested) {
+    MakeEdit();
+    CEdit other;
+    other.Create(WS_CHILD | WS_VISIBLE, {0, 30, 100, 50}, &parent, 6);
+    edit.SetFocus();
+    other.SetFocus();
+    EXPECT_EQ(parent.Take(), (Codes{EN_SETFOCUS, EN_KILLFOCUS, EN_SETFOCUS}));
+}
+
+TEST_F(EditTest, AHandlerMayReplaceTheTextOrDestroyTheFieldDuringItsChange) {
+    MakeEdit();
+    int depth = 0;
+    parent.onNotice = [&](UINT code) {
+        if (code == EN_CHANGE && depth++ == 0)
+            edit.SetWindowTextA("!");
+    };
+    Type("a");
+    EXPECT_EQ(edit.GetWindowTextA(), "!");
+    Press(VK_END);
+    parent.onNotice = [&](UINT code) {
+        if (code == EN_CHANGE)
+            edit.DestroyWindow();
+    };
+    Type("a");
+    EXPECT_EQ(edit.m_hWnd, nullptr);
+}
+
+TEST_F(EditTest, WhatANativeWidgetReportsIsToldOnce) {
+    MakeEdit(0, "ab");
+    input::Edited(edit.m_hWnd, "abc", 3, 3);
+    EXPECT_EQ(parent.Take(), (Codes{EN_UPDATE, EN_CHANGE}));
+    EXPECT_TRUE(edit.GetModify());
+    input::Edited(edit.m_hWnd, "abc", 0, 2); // the selection alone
+    EXPECT_EQ(parent.Take(), Codes{});
+    EXPECT_EQ(view::Edit(edit.m_hWnd).selectionEnd, 2);
+    Press(VK_DELETE);
+    EXPECT_EQ(edit.GetWindowTextA(), "c");
+}
+
+TEST_F(EditTest, TheMousePlacesTheCaretAndSelects) {
+    MakeEdit(0, "one two"); // 7 pixels a character
+    const auto mouse = [&](UINT message, UINT flags, int x) {
+        input::Mouse(edit.m_hWnd, message, flags, {x, 5});
+    };
+    mouse(WM_LBUTTONDOWN, MK_LBUTTON, 15);
+    EXPECT_EQ(GetFocus(), edit.m_hWnd);
+    EXPECT_EQ(Selection(), std::pair(2, 2));
+    mouse(WM_MOUSEMOVE, MK_LBUTTON, 900);
+    mouse(WM_LBUTTONUP, 0, 900);
+    mouse(WM_MOUSEMOVE, 0, 0);
+    EXPECT_EQ(Selection(), std::pair(2, 7));
+    mouse(WM_LBUTTONDBLCLK, MK_LBUTTON, 10);
+    EXPECT_EQ(Selection(), std::pair(0, 3));
+    edit.SetSel(-1, 0);
+    EXPECT_EQ(Selection(), std::pair(3, 3));
+}
+
+} // namespace
+} // namespace korvel

@@ -1,0 +1,146 @@
+#include "window/list_fixture.h"
+#include "window/window_view.h"
+
+namespace korvel {
+namespace {
+
+/// A list that hears its header, as the grid does.
+class TrackedList : public CListCtrl {
+public:
+    std::vector<std::string> notices; // "name column width"
+    bool refusesTracking = false;
+
+protected:
+    bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+        const auto& notice = *reinterpret_cast<const NMHEADER*>(lParam);
+        const auto note = [&](const char* name) {
+            notices.push_back(name + (" " + std::to_string(notice.iItem)) + " " + std::to_string(notice.cxy));
+        };
+        if (notice.hdr.code == HDN_BEGINTRACK) {
+            note("begin");
+            *result = refusesTracking;
+            return true;
+        }
+        if (notice.hdr.code == HDN_ITEMCHANGED)
+            note("changed");
+        if (notice.hdr.code == HDN_ENDTRACK)
+            note("end");
+        return CListCtrl::OnNotify(wParam, lParam, result);
+    }
+};
+
+class HeaderTest : public ListTest {
+protected:
+    void SetUp() override {
+        ListTest::SetUp();
+        tracked.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 200, 124}, &parent, 105);
+        tracked.InsertColumn(0, "Name", 100);
+        tracked.InsertColumn(1, "Value", 50);
+        tracked.InsertItem(0, "eight ch");
+        header = tracked.GetHeaderCtrl()->m_hWnd;
+    }
+
+    void Mouse(UINT message, int x) {
+        const UINT flags = message == WM_LBUTTONUP ? 0 : MK_LBUTTON;
+        input::Mouse(header, message, flags, {x, 10});
+    }
+
+    TrackedList tracked;
+    HWND header = nullptr;
+};
+
+TEST_F(HeaderTest, ADividerIsDraggedWithTheMouse) {
+    Mouse(WM_LBUTTONDOWN, 102);
+    Mouse(WM_MOUSEMOVE, 112);
+    Mouse(WM_MOUSEMOVE, 112); // no step
+    Mouse(WM_MOUSEMOVE, -500);
+    Mouse(WM_LBUTTONUP, -500);
+    Mouse(WM_MOUSEMOVE, 60);
+    EXPECT_EQ(tracked.notices, (Notices{"begin 0 100", "changed 0 110", "changed 0 0", "end 0 0"}));
+    tracked.notices.clear();
+    Mouse(WM_LBUTTONDOWN, 1); // the hidden column is drawn open again
+    Mouse(WM_MOUSEMOVE, 31);
+    ReleaseCapture(); // taken away: the drag ends there
+    EXPECT_EQ(tracked.notices, (Notices{"begin 0 0", "changed 0 30", "end 0 30"}));
+}
+
+TEST_F(HeaderTest, TheListMayRefuseADrag) {
+    tracked.refusesTracking = true;
+    Mouse(WM_LBUTTONDOWN, 100);
+    Mouse(WM_MOUSEMOVE, 120);
+    Mouse(WM_LBUTTONUP, 120);
+    EXPECT_EQ(tracked.notices, Notices{"begin 0 100"});
+    EXPECT_EQ(tracked.GetColumnWidth(0), 100);
+}
+
+TEST_F(HeaderTest, ADoubleClickFitsTheColumnToItsContent) {
+    Mouse(WM_LBUTTONDBLCLK, 99);
+    EXPECT_EQ(tracked.GetColumnWidth(0), 8 * 7 + 8);
+    EXPECT_EQ(tracked.notices, (Notices{"changed 0 64", "end 0 64"}));
+}
+
+TEST_F(HeaderTest, TheColumnMayGoDuringItsDrag) {
+    Mouse(WM_LBUTTONDOWN, 150);
+    tracked.DeleteColumn(1);
+    Mouse(WM_MOUSEMOVE, 160);
+    Mouse(WM_LBUTTONUP, 160);
+    EXPECT_EQ(tracked.GetColumnWidth(0), 100);
+    EXPECT_EQ(tracked.notices.back(), "end 1 0");
+}
+
+TEST_F(HeaderTest, DividersChangeTheCursorWithinTheirReach) {
+    struct Case {
+        int x;
+        int cursor;
+    };
+    for (const Case& row : {Case{95, IDC_ARROW}, Case{96, IDC_SIZEWE}, Case{104, IDC_SIZEWE},
+                            Case{105, IDC_ARROW}, Case{0, IDC_ARROW}}) {
+        input::Mouse(header, WM_MOUSEMOVE, 0, {row.x, 10});
+        EXPECT_EQ(display.CursorShown(), row.cursor) << row.x;
+    }
+}
+
+TEST_F(HeaderTest, AClickOnATitleTellsItsColumn) {
+    parent.Take();
+    int clicked = -1;
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code == LVN_COLUMNCLICK)
+            clicked = notice.iSubItem;
+        return 0;
+    };
+    Mouse(WM_LBUTTONDOWN, 120);
+    Mouse(WM_LBUTTONUP, 60); // released over another one
+    EXPECT_EQ(clicked, -1);
+    Mouse(WM_LBUTTONDOWN, 120);
+    Mouse(WM_LBUTTONUP, 125);
+    EXPECT_EQ(clicked, 1);
+}
+
+TEST_F(HeaderTest, ScrollsWithTheListAndHidesByItsStyle) {
+    EXPECT_EQ(view::Rectangle(header), (CRect{0, 0, 200, 24}));
+    tracked.SetColumnWidth(1, 300);
+    tracked.Scroll({70, 0});
+    EXPECT_EQ(view::Rectangle(header), (CRect{-70, 0, 330, 24}));
+    CRect row;
+    tracked.GetItemRect(0, &row);
+    EXPECT_EQ(row.top, 24);
+    tracked.ModifyStyle(0, LVS_NOCOLUMNHEADER);
+    EXPECT_FALSE(IsWindowVisible(header));
+    tracked.GetItemRect(0, &row);
+    EXPECT_EQ(row.top, 0);
+}
+
+TEST_F(HeaderTest, AHostMayAttachItsOwnObject) {
+    class OwnHeader : public CHeaderCtrl {};
+    OwnHeader own;
+    TrackedList other;
+    other.Create(WS_CHILD | LVS_REPORT, {0, 0, 10, 10}, &parent, 1);
+    const HWND window = GetFirstChild(other.m_hWnd);
+    ASSERT_TRUE(own.SubclassWindow(window));
+    EXPECT_EQ(other.GetHeaderCtrl(), &own);
+    other.InsertColumn(0, "", 10);
+    EXPECT_EQ(own.GetItemCount(), 1);
+}
+
+} // namespace
+} // namespace korvel

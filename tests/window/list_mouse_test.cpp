@@ -1,0 +1,221 @@
+#include "window/list_fixture.h"
+
+namespace korvel {
+namespace {
+
+class ListMouse : public ListTest {};
+
+TEST_F(ListMouse, APressSelectsAndAReleaseIsTheClick) {
+    MakeList(3);
+    Press(InRow(1));
+    EXPECT_EQ(Selected(), Rows{1});
+    EXPECT_EQ(GetFocus(), list.m_hWnd);
+    EXPECT_EQ(parent.Take(), (Notices{"changing 1", "changed 1"}));
+    input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(1));
+    EXPECT_EQ(parent.Take(), Notices{"click 1"});
+    input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1));
+    input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(1));
+    EXPECT_EQ(parent.Take(), Notices{"double click 1"});
+    Click({180, 100}); // beside the columns
+    EXPECT_EQ(Selected(), Rows{});
+    EXPECT_EQ(parent.Take(), (Notices{"changing 1", "changed 1", "click -1"}));
+}
+
+TEST_F(ListMouse, ShiftAndControlChooseSeveralRows) {
+    MakeList(5, 0);
+    Click(InRow(1));
+    Click(InRow(3), MK_SHIFT);
+    EXPECT_EQ(Selected(), (Rows{1, 2, 3}));
+    Click(InRow(2), MK_CONTROL);
+    EXPECT_EQ(Selected(), (Rows{1, 3}));
+    Click({180, 100}, MK_CONTROL); // a miss with a modifier keeps the selection
+    EXPECT_EQ(Selected(), (Rows{1, 3}));
+    Press(InRow(3)); // it might be a drag of all selected rows
+    EXPECT_EQ(Selected(), (Rows{1, 3}));
+    input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(3));
+    EXPECT_EQ(Selected(), Rows{3});
+}
+
+TEST_F(ListMouse, ADragBeginsAFewPixelsFromThePress) {
+    MakeList(3);
+    const auto move = [&](CPoint point, UINT flags) {
+        input::Mouse(list.m_hWnd, WM_MOUSEMOVE, flags, point);
+    };
+    Press(InRow(1));
+    parent.notices.clear();
+    move({33, RowTop(1) + 13}, MK_LBUTTON);
+    EXPECT_EQ(parent.Take(), Notices{});
+    move({34, RowTop(1) + 10}, MK_LBUTTON);
+    EXPECT_EQ(parent.Take(), Notices{"drag 1"});
+    input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(2));
+    EXPECT_EQ(parent.Take(), Notices{}); // what became a drag is no click
+
+    Press(InRow(1));
+    parent.notices.clear();
+    move({90, RowTop(1)}, 0); // released outside of the list
+    move({95, RowTop(1)}, MK_LBUTTON);
+    EXPECT_EQ(parent.Take(), Notices{});
+}
+
+TEST_F(ListMouse, TheRightButtonSelectsAndTellsItsClick) {
+    MakeList(4, 0);
+    Click(InRow(0));
+    Click(InRow(1), MK_SHIFT);
+    parent.notices.clear();
+    const auto rightClick = [&](int row) {
+        input::Mouse(list.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, InRow(row));
+        input::Mouse(list.m_hWnd, WM_RBUTTONUP, 0, InRow(row));
+    };
+    rightClick(0); // a menu for all selected rows
+    EXPECT_EQ(Selected(), (Rows{0, 1}));
+    EXPECT_EQ(parent.Take().back(), "right click 0");
+    rightClick(3);
+    EXPECT_EQ(Selected(), Rows{3});
+}
+
+TEST_F(ListMouse, AClickOnTheCheckBoxTogglesIt) {
+    MakeList(2);
+    list.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    Click(InRow(1, 5));
+    EXPECT_TRUE(list.GetCheck(1));
+    EXPECT_EQ(Selected(), Rows{});
+    Click(InRow(1, 20)); // the label beside it selects
+    EXPECT_TRUE(list.GetCheck(1));
+    EXPECT_EQ(Selected(), Rows{1});
+}
+
+TEST_F(ListMouse, AHandlerMayDestroyTheListInAnyNotice) {
+    for (const UINT code :
+         {LVN_ITEMCHANGING, LVN_ITEMCHANGED, NM_CLICK, NM_DBLCLK, LVN_KEYDOWN, NM_SETFOCUS}) {
+        parent.answer = nullptr;
+        MakeList(3);
+        parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+            if (notice.hdr.code == code)
+                list.DestroyWindow();
+            return 0;
+        };
+        Click(InRow(1));
+        input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1));
+        Key(VK_DOWN);
+        EXPECT_EQ(list.m_hWnd, nullptr) << NoticeName(code);
+    }
+}
+
+class ListLabelEdit : public ListTest {
+protected:
+    LRESULT acceptance = 1;
+    std::vector<std::string> texts; // of the end notices
+
+    void SetUp() override {
+        ListTest::SetUp();
+        MakeList(3);
+        parent.answer = [this](const NMLISTVIEW& notice) -> LRESULT {
+            if (notice.hdr.code != LVN_ENDLABELEDIT)
+                return 0;
+            const char* text = reinterpret_cast<const NMLVDISPINFO&>(notice).pszText;
+            texts.push_back(text ? text : "(null)");
+            return acceptance;
+        };
+    }
+
+    HWND Begin(int row, const char* typed) {
+        const HWND edit = list.EditLabel(row);
+        SetWindowTextA(edit, typed);
+        return edit;
+    }
+};
+
+TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
+    struct Case {
+        const char* border;
+        LRESULT acceptance;
+        std::function<void(HWND)> end;
+        std::vector<std::string> told;
+        const char* textAfter;
+    };
+    const auto press = [](UINT key) { return [key](HWND edit) { input::Key(edit, WM_KEYDOWN, key, "\r"); }; };
+    for (const Case& row :
+         {Case{"Return takes", 1, press(VK_RETURN), {"typed"}, "typed"},
+          Case{"a refused text", 0, press(VK_RETURN), {"typed"}, "row 1"},
+          Case{"Escape gives up", 1, press(VK_ESCAPE), {"(null)"}, "row 1"},
+          Case{"the focus leaves", 1, [&](HWND) { SetFocus(parent.m_hWnd); }, {"typed"}, "typed"},
+          Case{"a click into the list", 1, [&](HWND) { Click(InRow(2)); }, {"typed"}, "typed"},
+          Case{"scrolling",
+               1,
+               [&](HWND) {
+                   list.MoveWindow({0, 0, 200, 64}), list.Scroll({0, 20});
+               },
+               {"typed"},
+               "typed"},
+          Case{"cancelled", 1, [&](HWND) { list.CancelEditLabel(); }, {"(null)"}, "row 1"},
+          Case{"the row goes", 1, [&](HWND) { list.DeleteItem(1); }, {"(null)"}, "row 2"}}) {
+        SCOPED_TRACE(row.border);
+        acceptance = row.acceptance;
+        texts.clear();
+        list.SetItemText(1, 0, "row 1");
+        const HWND edit = Begin(1, "typed");
+        ASSERT_EQ(GetFocus(), edit);
+        EXPECT_EQ(list.GetEditControl(), edit);
+        row.end(edit);
+        EXPECT_EQ(texts, row.told);
+        EXPECT_EQ(list.GetItemText(1, 0), row.textAfter);
+        EXPECT_FALSE(IsWindow(edit));
+        EXPECT_EQ(list.GetEditControl(), nullptr);
+    }
+}
+
+TEST_F(ListLabelEdit, TheEditExistsWhileItsBeginningCanBeRefused) {
+    HWND seen = nullptr;
+    LRESULT refusal = 1;
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code != LVN_BEGINLABELEDIT)
+            return 0;
+        seen = list.GetEditControl();
+        SetWindowTextA(seen, "from the host");
+        return refusal;
+    };
+    EXPECT_EQ(list.EditLabel(0), nullptr);
+    EXPECT_NE(seen, nullptr);
+    EXPECT_FALSE(IsWindow(seen));
+    refusal = 0;
+    EXPECT_EQ(GetWindowTextA(list.EditLabel(0)), "from the host");
+    EXPECT_EQ(list.EditLabel(3), nullptr); // no such row: the running edit has ended all the same
+    EXPECT_EQ(list.GetEditControl(), nullptr);
+}
+
+TEST_F(ListLabelEdit, FollowsItsRowWhenRowsAreInsertedAbove) {
+    Begin(1, "typed");
+    list.InsertItem(0, "new");
+    input::Key(list.GetEditControl(), WM_KEYDOWN, VK_RETURN, "\r");
+    EXPECT_EQ(list.GetItemText(2, 0), "typed");
+}
+
+TEST_F(ListLabelEdit, AThrowingHandlerLeavesNoEditBehind) {
+    HWND edit = Begin(1, "typed");
+    parent.answer = [](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code == LVN_ENDLABELEDIT)
+            throw std::runtime_error("refused");
+        return 0;
+    };
+    EXPECT_THROW(list.CancelEditLabel(), std::runtime_error);
+    EXPECT_FALSE(IsWindow(edit));
+    EXPECT_EQ(list.GetEditControl(), nullptr);
+}
+
+TEST_F(ListLabelEdit, ASecondSlowClickBeginsIt) {
+    using namespace std::chrono_literals;
+    list.ModifyStyle(0, LVS_EDITLABELS);
+    Click(InRow(1));
+    display.Advance(1s);
+    EXPECT_EQ(list.GetEditControl(), nullptr);
+    Click(InRow(1));
+    input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1)); // it was a double click
+    display.Advance(1s);
+    EXPECT_EQ(list.GetEditControl(), nullptr);
+    Click(InRow(1));
+    display.Advance(1s);
+    EXPECT_NE(list.GetEditControl(), nullptr);
+}
+
+} // namespace
+} // namespace korvel

@@ -1,0 +1,94 @@
+#include "window/list_fixture.h"
+
+#include <algorithm>
+
+namespace korvel {
+namespace {
+
+class ListPaint : public ListTest {
+protected:
+    std::vector<CString> Texts(const CRect* clip = nullptr) {
+        std::vector<CString> texts;
+        for (const auto& call : display.PaintWindow(list.m_hWnd, clip))
+            if (call.kind == PaintCall::Kind::Text)
+                texts.push_back(call.text);
+        return texts;
+    }
+    bool Paints(PaintCall::Kind kind, const CRect& rect, COLORREF color) {
+        const auto calls = display.PaintWindow(list.m_hWnd);
+        return std::any_of(calls.begin(), calls.end(), [&](const PaintCall& call) {
+            return call.kind == kind && call.rect == rect && call.color == color;
+        });
+    }
+};
+
+TEST_F(ListPaint, AsksOnlyForTheTextsOfRowsInTheClipBox) {
+    MakeList(0);
+    std::vector<LPARAM> asked;
+    list.SetTextSource([&](LPARAM data, int column) {
+        asked.push_back(data);
+        return column == 0 ? std::to_string(data) : CString();
+    });
+    std::vector<LPARAM> data(1000);
+    for (int row = 0; row < 1000; ++row)
+        data[row] = row;
+    list.InsertRows(0, data.data(), 1000, 0);
+    list.EnsureVisible(504, false);
+    EXPECT_TRUE(asked.empty());
+    const CRect clip{0, RowTop(1), 100, RowTop(2) + 1}; // the first pixel of a row counts
+    EXPECT_EQ(Texts(&clip), (std::vector<CString>{"501", "502"}));
+    EXPECT_EQ(asked, (std::vector<LPARAM>{501, 502})); // column 1 lies outside the clip box
+}
+
+TEST_F(ListPaint, SelectionShowsByFocusAndStyle) {
+    using enum PaintCall::Kind;
+    MakeList(3);
+    list.SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    const CRect label{0, RowTop(1), 100, RowTop(2)};
+    const CRect row{0, RowTop(1), 150, RowTop(2)};
+    const COLORREF mark = GetSysColor(COLOR_HIGHLIGHT);
+    EXPECT_FALSE(Paints(Fill, label, mark)); // without the focus the selection is hidden
+    list.SetFocus();
+    EXPECT_TRUE(Paints(Fill, label, mark));
+    list.SetExtendedStyle(LVS_EX_FULLROWSELECT);
+    EXPECT_TRUE(Paints(Fill, row, mark));
+    parent.SetFocus();
+    list.ModifyStyle(0, LVS_SHOWSELALWAYS);
+    EXPECT_TRUE(Paints(Fill, row, GetSysColor(COLOR_BTNFACE)));
+    list.EnableWindow(false);
+    EXPECT_FALSE(Paints(Fill, row, GetSysColor(COLOR_BTNFACE)));
+    EXPECT_TRUE(Paints(Text, {4, RowTop(1), 96, RowTop(2)}, GetSysColor(COLOR_GRAYTEXT)));
+}
+
+TEST_F(ListPaint, AColumnTooNarrowForItsMarginsPaintsNoText) {
+    MakeList(1);
+    list.SetColumnWidth(0, 8);
+    EXPECT_EQ(Texts(), std::vector<CString>{""}); // column 1 alone
+}
+
+TEST_F(ListPaint, OwnerDrawnRowsReachDrawItem) {
+    class Drawing : public CListCtrl {
+    public:
+        std::vector<DRAWITEMSTRUCT> items;
+
+    protected:
+        void DrawItem(DRAWITEMSTRUCT* item) override { items.push_back(*item); }
+    };
+    Drawing drawn;
+    drawn.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDRAWFIXED, {0, 0, 200, 124}, &parent, 7);
+    drawn.InsertColumn(0, "", 100);
+    for (int row = 0; row < 20; ++row)
+        drawn.InsertItem(row, "");
+    drawn.SetFocus();
+    drawn.SetItemState(2, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    display.PaintWindow(drawn.m_hWnd);
+    ASSERT_EQ(drawn.items.size(), 5u); // the visible rows
+    EXPECT_EQ(drawn.items[0].itemState, 0u);
+    EXPECT_EQ(drawn.items[2].itemState, ODS_SELECTED | ODS_FOCUS);
+    EXPECT_EQ(drawn.items[2].itemID, 2u);
+    EXPECT_EQ(drawn.items[2].CtlID, 7u);
+    EXPECT_EQ(drawn.items[2].rcItem, (CRect{0, RowTop(2), 100, RowTop(3)}));
+}
+
+} // namespace
+} // namespace korvel

@@ -1,0 +1,156 @@
+#include "window/list_fixture.h"
+
+namespace korvel {
+namespace {
+
+constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
+
+class ListSelection : public ListTest {};
+
+TEST_F(ListSelection, TheFormerRowLosesFocusAndThenSelectionBeforeTheNewOneGains) {
+    MakeList(3);
+    list.SetItemState(0, Both, Both);
+    parent.notices.clear();
+    list.SetItemState(2, Both, Both);
+    EXPECT_EQ(parent.Take(),
+              (Notices{"changing 0", "changed 0", "changing 0", "changed 0", "changing 2", "changed 2"}));
+    EXPECT_EQ(Selected(), Rows{2});
+    list.SetItemState(2, Both, Both); // no change is told
+    EXPECT_EQ(parent.Take(), Notices{});
+}
+
+TEST_F(ListSelection, ARefusedChangeLeavesTheRowAsItWas) {
+    MakeList(3);
+    parent.answer = [](const NMLISTVIEW& notice) -> LRESULT {
+        return notice.hdr.code == LVN_ITEMCHANGING && notice.iItem == 1;
+    };
+    EXPECT_FALSE(list.SetItemState(1, Both, Both));
+    EXPECT_EQ(Selected(), Rows{});
+    EXPECT_EQ(Focused(), -1);
+    EXPECT_EQ(parent.Take(), Notices{"changing 1"});
+}
+
+TEST_F(ListSelection, RowMinusOneMeansAllRows) {
+    MakeList(3, 0);
+    EXPECT_TRUE(list.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED));
+    EXPECT_EQ(Selected(), (Rows{0, 1, 2}));
+    EXPECT_TRUE(list.SetItemState(-1, 0, LVIS_SELECTED));
+    EXPECT_EQ(Selected(), Rows{});
+    list.DestroyWindow();
+    MakeList(3);
+    EXPECT_FALSE(list.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED)); // only one can be
+    EXPECT_EQ(Selected(), Rows{});
+}
+
+TEST_F(ListSelection, NextItemCombinesItsFlags) {
+    MakeList(4, 0);
+    list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+    list.SetItemState(3, Both, Both);
+    struct Case {
+        const char* border;
+        int from;
+        UINT flags;
+        int found;
+    };
+    for (const Case& row : {Case{"any row", -1, 0, 0}, Case{"behind the last row", 3, 0, -1},
+                            Case{"behind a selected row", 1, LVNI_SELECTED, 3},
+                            Case{"selected and focused", -1, LVNI_SELECTED | LVNI_FOCUSED, 3},
+                            Case{"the focused row itself is not behind", 3, LVNI_FOCUSED, -1},
+                            Case{"far below the first row", -1000, LVNI_SELECTED, 1}})
+        EXPECT_EQ(list.GetNextItem(row.from, row.flags), row.found) << row.border;
+}
+
+TEST_F(ListSelection, ACheckIsPartOfTheState) {
+    MakeList(2);
+    list.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    UINT before = 0;
+    UINT after = 0;
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        before = notice.uOldState;
+        after = notice.uNewState;
+        return 0;
+    };
+    EXPECT_TRUE(list.SetCheck(1, true));
+    EXPECT_EQ(before, 0x1000u);
+    EXPECT_EQ(after, 0x2000u);
+    EXPECT_EQ(list.GetItemState(1, LVIS_STATEIMAGEMASK), 0x2000u);
+    EXPECT_TRUE(list.SetItemState(1, 0x1000, LVIS_STATEIMAGEMASK));
+    EXPECT_FALSE(list.GetCheck(1));
+}
+
+TEST_F(ListSelection, KeysMoveFocusAndSelection) {
+    MakeList(12); // five are on screen
+    struct Case {
+        const char* border;
+        UINT key;
+        int row;
+        int top;
+    };
+    for (const Case& step :
+         {Case{"nothing has the focus yet", VK_DOWN, 0, 0}, Case{"the first row stays", VK_UP, 0, 0},
+          Case{"to the border of the page", VK_NEXT, 4, 0}, Case{"on by a page", VK_NEXT, 8, 4},
+          Case{"to the upper border", VK_PRIOR, 4, 4}, Case{"back by a page", VK_PRIOR, 0, 0},
+          Case{"the last row", VK_END, 11, 7}, Case{"the last row stays", VK_DOWN, 11, 7},
+          Case{"the first row", VK_HOME, 0, 0}}) {
+        Key(step.key);
+        EXPECT_EQ(Selected(), Rows{step.row}) << step.border;
+        EXPECT_EQ(Focused(), step.row) << step.border;
+        EXPECT_EQ(list.GetTopIndex(), step.top) << step.border;
+    }
+}
+
+TEST_F(ListSelection, ShiftExtendsAndControlMovesTheFocusAlone) {
+    MakeList(6, 0);
+    Key(VK_DOWN);
+    Key(VK_DOWN);
+    KeyWith(VK_SHIFT, VK_DOWN);
+    KeyWith(VK_SHIFT, VK_DOWN);
+    EXPECT_EQ(Selected(), (Rows{1, 2, 3}));
+    KeyWith(VK_SHIFT, VK_HOME); // over the mark, where the selection began
+    EXPECT_EQ(Selected(), (Rows{0, 1}));
+    KeyWith(VK_CONTROL, VK_END);
+    EXPECT_EQ(Selected(), (Rows{0, 1}));
+    EXPECT_EQ(Focused(), 5);
+    KeyWith(VK_CONTROL, VK_SPACE);
+    EXPECT_EQ(Selected(), (Rows{0, 1, 5}));
+}
+
+TEST_F(ListSelection, SpaceTogglesTheCheckOfTheFocusRow) {
+    MakeList(3, 0);
+    list.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    Key(VK_SPACE, " "); // without a focus row nothing happens
+    Key(VK_DOWN);
+    Key(VK_SPACE, " ");
+    EXPECT_TRUE(list.GetCheck(0));
+    KeyWith(VK_SHIFT, VK_DOWN); // the other selected rows take the check of the one that is toggled
+    Key(VK_SPACE, " ");
+    EXPECT_TRUE(list.GetCheck(0));
+    EXPECT_TRUE(list.GetCheck(1));
+    EXPECT_FALSE(list.GetCheck(2));
+}
+
+TEST_F(ListSelection, TypingFindsTheNextRowThatBeginsSo) {
+    using namespace std::chrono_literals;
+    MakeList(0);
+    for (const char* text : {"Bahn", "Berg", "anders", "Bergwerk", "\xC4nderung"})
+        list.InsertItem(99, text);
+    display.Advance(10s);
+    struct Case {
+        const char* border;
+        const char* typed;
+        std::chrono::milliseconds pause;
+        int row;
+    };
+    for (const Case& step :
+         {Case{"small letters find capital ones", "b", 0ms, 0}, Case{"the same letter goes on", "b", 0ms, 1},
+          Case{"and on", "b", 0ms, 3}, Case{"round the end, after the pause", "b", 1001ms, 0},
+          Case{"a second letter narrows", "e", 0ms, 1}, Case{"the found row still fits", "rg", 0ms, 1},
+          Case{"no row begins so", "z", 0ms, 1}, Case{"a capital umlaut", "\xE4", 1001ms, 4}}) {
+        display.Advance(step.pause);
+        Key(0, step.typed);
+        EXPECT_EQ(Focused(), step.row) << step.border;
+    }
+}
+
+} // namespace
+} // namespace korvel
