@@ -26,9 +26,15 @@ std::string Join(const std::string& path, const std::string& subkey) {
     return subkey.empty() ? path : path + '\\' + subkey;
 }
 
-Error Failure(std::string text, const std::string& first, const std::string& second = {}) {
-    ReplaceFirst(text, "$1", first);
-    ReplaceFirst(text, "$2", second);
+Error Failure(std::string text, const std::string& name) {
+    ReplaceFirst(text, "$1", name);
+    return Error(text);
+}
+
+Error CreationFailure(const std::string& subkey, const std::string& path) {
+    std::string text = CannotCreate;
+    ReplaceFirst(text, "$1", subkey);
+    ReplaceFirst(text, "$2", path);
     return Error(text);
 }
 
@@ -57,7 +63,7 @@ void WriteRegistry(ERegistryRoot root, const std::string& path, const std::strin
         if (platform::CheckKey(store, path, SettingsAccess::Write) != SettingsStatus::Done)
             throw Failure(CannotOpen, path);
         if (platform::CreateKey(store, key) != SettingsStatus::Done)
-            throw Failure(CannotCreate, subkey, path);
+            throw CreationFailure(subkey, path);
     }
     // Another program may have taken the key away meanwhile.
     if (platform::WriteSetting(store, key, name, SettingValue::Text(text)) != SettingsStatus::Done)
