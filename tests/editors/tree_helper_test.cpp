@@ -114,7 +114,7 @@ TEST(TreeHelper, BearsPathsOfManySegments) {
         path += "a/";
     }
     CTreeHelper tree(true, '/');
-    tree.Insert(Text(path));
+    tree.Insert(Text(path + "leaf"));
     EXPECT_EQ(tree.Add(DT_String, "b", path).Text, path + "b");
 }
 
