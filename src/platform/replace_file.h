@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace korvel::platform {
+
+/// Replaces a file by new content, whole or not at all: also when the machine stops in the middle, the file
+/// holds either the old content or the new one.
+///
+/// The content is written to a file beside it, flushed, and renamed over it, and the folder is flushed. A
+/// new file gets the usual permissions, a replaced one keeps its own; a link is followed. The folder must
+/// exist.
+/// \throws Error with the file's name and the reason when a step fails; the old file stays and nothing is
+/// left beside it
+void ReplaceFile(const std::string& path, std::string_view content);
+
+} // namespace korvel::platform
