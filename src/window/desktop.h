@@ -32,8 +32,8 @@ auto OnDisplayThread(Function&& function) {
     }
 }
 
-/// Clears everything that refers to a window whose end is near: waiting messages, timers, capture, focus,
-/// its object. Sends nothing.
+/// Clears everything that refers to a window whose end is near: timers, capture, focus, its object. Sends
+/// nothing.
 void ForgetWindow(WindowRecord& record);
 
 // --- focus ---

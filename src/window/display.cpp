@@ -98,7 +98,6 @@ void WakeDisplayOf(const ThreadQueue& queue) {
 }
 
 void ForgetWindow(WindowRecord& record) {
-    record.queue->Forget(record.handle);
     CWndAccess::Detach(record);
     if (!IsOnDisplay(record))
         return;

@@ -39,7 +39,7 @@ void ThreadQueue::Send(HWND window, const Action& action) {
     bool done = false; // guarded by the mutex of the own queue
     {
         const std::lock_guard lock(m_mutex);
-        if (m_closed)
+        if (m_closed || (window && !Find(window)))
             return;
         m_calls.push_back({window, &action, own, &done});
         m_arrived.notify_all();

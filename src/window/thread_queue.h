@@ -22,7 +22,7 @@ public:
 
     /// Has `action` run by the queue's thread and waits for it. While it waits, the calling thread runs
     /// the calls that other threads send to it, so that two threads may send to each other. Returns without
-    /// a run when `window` (null: no window) is forgotten or the queue closes first.
+    /// a run when `window` (null: no window) is gone, is forgotten or the queue closes first.
     void Send(HWND window, const Action& action);
     /// False when the queue's thread has ended.
     bool Post(HWND window, Action action);

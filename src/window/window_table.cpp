@@ -51,15 +51,21 @@ RecordRef WindowTable::Find(HWND window) {
 }
 
 void WindowTable::Remove(HWND window) {
-    RecordRef record; // freed outside of the lock: a control's state may look windows up
+    // Whoever waits for the window is released after it is gone from the table: a sender that still found
+    // it there has either been seen in the queue by then, or sees that it is gone.
+    if (const RecordRef record = Take(window))
+        record->queue->Forget(window);
+}
+
+RecordRef WindowTable::Take(HWND window) {
     const std::lock_guard lock(m_mutex);
     const std::size_t index = SlotOf(window);
     if (index >= m_slots.size() || HandleOf(index, m_slots[index].generation) != window)
-        return;
+        return nullptr;
     Slot& slot = m_slots[index];
-    record = std::exchange(slot.record, nullptr);
     slot.generation = std::max(slot.generation + 1, 1u); // 0 would make the null handle of slot 0
     m_free.push_back(static_cast<std::uint32_t>(index));
+    return std::exchange(slot.record, nullptr);
 }
 
 std::vector<RecordRef> WindowTable::OfThread(const ThreadQueue& queue) {

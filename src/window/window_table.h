@@ -17,6 +17,7 @@ public:
     /// A record for a new window of the calling thread.
     RecordRef Add();
     RecordRef Find(HWND window);
+    /// Ends the handle and releases whoever waits for the window.
     void Remove(HWND window);
     /// The windows of one thread, parents before their children.
     std::vector<RecordRef> OfThread(const ThreadQueue& queue);
@@ -29,6 +30,8 @@ private:
         std::uint64_t order = 0; // counts creations
         RecordRef record;
     };
+
+    RecordRef Take(HWND window);
 
     std::mutex m_mutex;
     std::vector<Slot> m_slots;

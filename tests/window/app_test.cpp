@@ -1,0 +1,41 @@
+#include "window/app.h"
+#include "window/registered_messages.h"
+#include "window/window.h"
+
+#include <gtest/gtest.h>
+#include <set>
+#include <stdexcept>
+
+namespace korvel {
+namespace {
+
+TEST(ModuleState, AGuardPutsBackWhatWasThereAlsoWhenItIsLeftByAnException) {
+    CWinApp host;
+    SetHostApp(&host);
+    EXPECT_EQ(GetModuleState().app, &host);
+    try {
+        const ModuleStateGuard outer;
+        { const ModuleStateGuard inner; }
+        EXPECT_EQ(GetModuleState().app, &GetModuleApp());
+        throw std::runtime_error("left");
+    } catch (const std::runtime_error&) {
+        EXPECT_EQ(GetModuleState().app, &host);
+    }
+    SetHostApp(nullptr);
+    EXPECT_EQ(GetModuleState().app, nullptr);
+}
+
+TEST(RegisteredMessages, AreDistinctAndKnownByTheirNames) {
+    const std::set<UINT> numbers = {WM_DLG_STATE,        WM_DLG_STATE_REGISTRY,      WM_SHOW_SETTINGS,
+                                    WM_DTM_COLOR_DIRTY,  WM_OPENGLSINK_NOTIFICATION, WM_HISTORY,
+                                    WM_HISTORY_ROLLBACK, WM_GET_IMAGEINDEX};
+    EXPECT_EQ(numbers.size(), 8u);
+    EXPECT_GE(*numbers.begin(), 0xC000u);
+    EXPECT_EQ(RegisterWindowMessageA("WM_HISTORY"), WM_HISTORY);
+    EXPECT_EQ(RegisterWindowMessageA("wm_history"), WM_HISTORY);
+    EXPECT_EQ(RegisterWindowMessageA(""), 0u);
+    EXPECT_EQ(RegisterWindowMessageA(nullptr), 0u);
+}
+
+} // namespace
+} // namespace korvel

@@ -1,0 +1,131 @@
+#include "recorded_window.h"
+#include "window/input.h"
+
+namespace korvel {
+namespace {
+
+class FocusTest : public WindowTest {
+protected:
+    FocusTest() {
+        constexpr UINT Shown = WS_CHILD | WS_VISIBLE;
+        frame.Create(WS_VISIBLE, nullptr);
+        group.Create(Shown, &frame);
+        first.Create(Shown, &group);
+        second.Create(Shown, &frame);
+        first.SetFocus();
+        Heard();
+    }
+
+    RecordedWindow frame{"frame", log};
+    RecordedWindow group{"group", log};
+    RecordedWindow first{"first", log};
+    RecordedWindow second{"second", log};
+};
+
+TEST_F(FocusTest, TellsTheDisplayBeforeTheLoserAndTheLoserBeforeTheWinner) {
+    HWND shownAtLoss = nullptr;
+    first.on[WM_KILLFOCUS] = [&] { shownAtLoss = display.FocusShown(); };
+    EXPECT_EQ(second.SetFocus(), first.m_hWnd);
+    EXPECT_EQ(shownAtLoss, second.m_hWnd);
+    EXPECT_THAT(Heard(), ElementsAre("first no focus", "second focus"));
+    second.SetFocus();
+    EXPECT_THAT(Heard(), IsEmpty());
+}
+
+TEST_F(FocusTest, StopsWhenAHandlerMovesItOn) {
+    first.on[WM_KILLFOCUS] = [&] { group.SetFocus(); };
+    second.SetFocus();
+    EXPECT_EQ(GetFocus(), group.m_hWnd);
+    EXPECT_THAT(Heard(), ElementsAre("first no focus", "group focus"));
+}
+
+TEST_F(FocusTest, AHandlerMayHoldTheFocusBack) {
+    first.on[WM_KILLFOCUS] = [&] { first.SetFocus(); };
+    second.SetFocus();
+    EXPECT_EQ(GetFocus(), first.m_hWnd);
+    EXPECT_EQ(display.FocusShown(), first.m_hWnd);
+    EXPECT_THAT(Heard(), ElementsAre("first no focus", "first focus"));
+}
+
+TEST_F(FocusTest, TheLoserHearsOfItsLossWhenTheDisplayMovesTheFocusOn) {
+    struct CommittingDisplay : HeadlessDisplay {
+        std::function<void()> commit;
+        void Focus(HWND window) override {
+            HeadlessDisplay::Focus(window);
+            if (commit)
+                std::exchange(commit, nullptr)();
+        }
+    } committing;
+    SetDisplay(&committing);
+    committing.commit = [&] { group.SetFocus(); };
+    second.SetFocus();
+    EXPECT_THAT(Heard(), ElementsAre("first no focus", "group focus"));
+}
+
+TEST_F(FocusTest, LeavesWhileTheWindowStillCountsAsVisible) {
+    struct Row {
+        const char* border;
+        std::function<void()> act;
+        HWND heir;
+    };
+    const Row rows[] = {
+        {"hidden", [this] { first.ShowWindow(SW_HIDE); }, group.m_hWnd},
+        {"its parent hidden", [this] { group.ShowWindow(SW_HIDE); }, frame.m_hWnd},
+        {"disabled", [this] { first.EnableWindow(false); }, nullptr},
+        {"its parent disabled", [this] { group.EnableWindow(false); }, nullptr},
+        {"its top-level window hidden", [this] { frame.ShowWindow(SW_HIDE); }, nullptr},
+        {"destroyed", [this] { first.DestroyWindow(); }, group.m_hWnd},
+    };
+    for (const Row& row : rows) {
+        bool visible = false;
+        first.on[WM_KILLFOCUS] = [&] { visible = first.IsWindowVisible(); };
+        row.act();
+        EXPECT_TRUE(visible) << row.border;
+        EXPECT_EQ(GetFocus(), row.heir) << row.border;
+        for (RecordedWindow* window : {&frame, &group, &first}) {
+            window->EnableWindow(true);
+            window->ShowWindow(SW_SHOW);
+        }
+        first.SetFocus();
+    }
+}
+
+TEST_F(FocusTest, DoesNotGoWhereInputIsDropped) {
+    frame.EnableWindow(false);
+    Heard();
+    EXPECT_EQ(second.SetFocus(), nullptr);
+    input::FocusMoved(second.m_hWnd);
+    EXPECT_EQ(GetFocus(), nullptr);
+    EXPECT_THAT(Heard(), IsEmpty());
+}
+
+TEST_F(FocusTest, FollowsTheDisplay) {
+    input::FocusMoved(second.m_hWnd);
+    input::FocusMoved(nullptr);
+    EXPECT_THAT(Heard(), ElementsAre("first no focus", "second focus", "second no focus"));
+    EXPECT_EQ(GetFocus(), nullptr);
+}
+
+TEST_F(FocusTest, ComesBackFromABox) {
+    display.AnswerNext(IDYES);
+    EXPECT_EQ(MessageBoxA(frame.m_hWnd, "Erase?", "Korvel", MB_YESNO), IDYES);
+    EXPECT_THAT(Heard(), ElementsAre("first no focus", "first focus"));
+    first.on[WM_KILLFOCUS] = [&] { first.DestroyWindow(); };
+    display.AnswerNext(IDNO);
+    MessageBoxA(frame.m_hWnd, "Erase?", "Korvel", MB_YESNO);
+    EXPECT_EQ(GetFocus(), nullptr) << "who had it is gone";
+}
+
+TEST_F(FocusTest, CaptureEndsWithItsWindow) {
+    SetCapture(first.m_hWnd);
+    SetCapture(second.m_hWnd);
+    EXPECT_THAT(Heard(), ElementsAre("first capture lost"));
+    second.ShowWindow(SW_HIDE);
+    EXPECT_EQ(GetCapture(), nullptr);
+    SetCapture(first.m_hWnd);
+    frame.DestroyWindow();
+    EXPECT_EQ(GetCapture(), nullptr);
+}
+
+} // namespace
+} // namespace korvel

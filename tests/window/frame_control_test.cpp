@@ -1,0 +1,88 @@
+#include "recorded_window.h"
+#include "window/dc.h"
+#include "window/recording_surface.h"
+
+namespace korvel {
+namespace {
+
+class FrameControlTest : public WindowTest {
+protected:
+    std::vector<PaintCall> Draw(const CRect& rect, UINT type, UINT state) {
+        internal::RecordingSurface surface;
+        CDC dc(surface, {});
+        dc.DrawFrameControl(rect, type, state);
+        return surface.calls;
+    }
+
+    static COLORREF LineColor(const std::vector<PaintCall>& calls) {
+        for (const PaintCall& call : calls)
+            if (call.kind == PaintCall::Kind::Line)
+                return call.color;
+        return 0xFFFFFFFF;
+    }
+};
+
+TEST_F(FrameControlTest, StaysInsideItsRectangleAtAnySize) {
+    const UINT kinds[][2] = {{DFC_BUTTON, DFCS_BUTTONCHECK | DFCS_CHECKED},
+                             {DFC_BUTTON, DFCS_BUTTONPUSH},
+                             {DFC_SCROLL, DFCS_SCROLLDOWN}};
+    for (const auto& kind : kinds)
+        for (int width = 5; width < 40; width += 3)
+            for (int height = 5; height < 40; height += 3) {
+                const CRect rect{10, 20, 10 + width, 20 + height};
+                for (const PaintCall& call : Draw(rect, kind[0], kind[1])) {
+                    EXPECT_GE(call.rect.left, rect.left);
+                    EXPECT_GE(call.rect.top, rect.top);
+                    EXPECT_LE(call.rect.right, rect.right);
+                    EXPECT_LE(call.rect.bottom, rect.bottom);
+                }
+            }
+    EXPECT_THAT(Draw({5, 5, 5, 9}, DFC_BUTTON, 0), IsEmpty());
+}
+
+TEST_F(FrameControlTest, FollowsTheColoursOfTheDesktop) {
+    const CRect rect{0, 0, 13, 13};
+    const auto calls = [&](UINT state) { return Draw(rect, DFC_BUTTON, DFCS_BUTTONCHECK | state); };
+    EXPECT_EQ(LineColor(calls(0)), 0xFFFFFFFF) << "no tick";
+    EXPECT_EQ(LineColor(calls(DFCS_CHECKED)), GetSysColor(COLOR_WINDOWTEXT));
+    EXPECT_EQ(LineColor(calls(DFCS_CHECKED | DFCS_INACTIVE)), GetSysColor(COLOR_GRAYTEXT));
+    EXPECT_EQ(calls(0)[0].color, GetSysColor(COLOR_WINDOW));
+    display.SetColor(COLOR_WINDOW, RGB(30, 30, 30));
+    display.SetColor(COLOR_WINDOWTEXT, RGB(230, 230, 230));
+    EXPECT_EQ(calls(0)[0].color, RGB(30, 30, 30));
+    EXPECT_EQ(LineColor(calls(DFCS_CHECKED)), RGB(230, 230, 230));
+}
+
+TEST_F(FrameControlTest, APushedFaceMovesTowardsItsText) {
+    const auto face = [&](UINT state) {
+        return GetRValue(Draw({0, 0, 20, 20}, DFC_BUTTON, DFCS_BUTTONPUSH | state)[0].color);
+    };
+    EXPECT_LT(face(DFCS_PUSHED), face(0));
+    EXPECT_EQ(face(DFCS_PUSHED | DFCS_INACTIVE), face(0));
+    display.SetColor(COLOR_BTNFACE, RGB(40, 40, 40));
+    display.SetColor(COLOR_BTNTEXT, RGB(240, 240, 240));
+    EXPECT_GT(face(DFCS_PUSHED), face(0));
+}
+
+TEST_F(FrameControlTest, LeavesThePenAsItWas) {
+    internal::RecordingSurface surface;
+    CDC dc(surface, {});
+    dc.SelectPen(PS_SOLID, RGB(1, 2, 3));
+    dc.MoveTo({7, 8});
+    dc.DrawFrameControl({0, 0, 13, 13}, DFC_BUTTON, DFCS_CHECKED);
+    dc.LineTo({9, 9});
+    EXPECT_EQ(surface.calls.back().color, RGB(1, 2, 3));
+    EXPECT_EQ(surface.calls.back().rect, (CRect{7, 8, 9, 9}));
+}
+
+TEST(ImageList, RefusesAPictureThatLacksPixels) {
+    CImageList images(2, 2);
+    EXPECT_EQ(images.Add({2, 2, {1, 2, 3}}), -1);
+    EXPECT_EQ(images.Add({-2, -2, {1, 2, 3, 4}}), -1);
+    EXPECT_EQ(images.Add({2, 2, {1, 2, 3, 4}}), 0);
+    EXPECT_EQ(images.GetImage(1), nullptr);
+    EXPECT_EQ(images.GetImage(-1), nullptr);
+}
+
+} // namespace
+} // namespace korvel

@@ -1,0 +1,220 @@
+#include "platform/error.h"
+#include "recorded_window.h"
+#include "window/input.h"
+#include "window/window_record.h"
+
+namespace korvel {
+namespace {
+
+/// Like a display on a screen: native widgets act on what is left to them.
+struct NativeDisplay : HeadlessDisplay {
+    bool IsHeadless() const override { return false; }
+};
+
+class InputTest : public WindowTest {
+protected:
+    InputTest() {
+        frame.Create(WS_VISIBLE, nullptr, 0, {100, 100, 400, 400});
+        child.Create(WS_CHILD | WS_VISIBLE, &frame, 1, {10, 20, 110, 120});
+        Heard();
+    }
+
+    RecordedWindow frame{"frame", log};
+    RecordedWindow child{"child", log};
+};
+
+TEST_F(InputTest, IsDroppedForADisabledAncestor) {
+    frame.EnableWindow(false);
+    Heard();
+    EXPECT_TRUE(input::Key(child.m_hWnd, WM_KEYDOWN, 'A', "a"));
+    EXPECT_TRUE(input::Mouse(child.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {1, 1}));
+    input::Close(frame.m_hWnd);
+    EXPECT_THAT(Heard(), IsEmpty());
+    EXPECT_FALSE(input::Key(nullptr, WM_KEYDOWN, 'A', "a"));
+}
+
+TEST_F(InputTest, ObjectsSeeItFromTheInside) {
+    Log seen;
+    child.preTranslate = [&](const MSG& message) {
+        seen.push_back("child " + std::to_string(message.message));
+        return false;
+    };
+    frame.preTranslate = [&](const MSG& message) {
+        seen.push_back("frame " + std::to_string(message.message));
+        return message.message == WM_KEYDOWN && message.wParam == VK_RETURN;
+    };
+    input::Key(child.m_hWnd, WM_KEYDOWN, VK_RETURN, "\r");
+    EXPECT_THAT(Heard(), ElementsAre("frame drops")) << "and a dropped key makes no characters";
+    input::Key(child.m_hWnd, WM_KEYDOWN, 'A', "a");
+    input::Mouse(child.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {1, 1});
+    EXPECT_THAT(Heard(), ElementsAre("child key", "child char", "child press"));
+    EXPECT_THAT(seen, ElementsAre("child 256", "frame 256", "child 256", "frame 256", "child 258",
+                                  "frame 258", "child 513", "frame 513"));
+}
+
+TEST_F(InputTest, SystemKeysMakeSystemCharacters) {
+    input::Key(child.m_hWnd, WM_SYSKEYDOWN, 'A', "a");
+    EXPECT_THAT(Heard(), ElementsAre("child syskey", "child syschar"));
+}
+
+TEST_F(InputTest, AWindowMayDieOnTheWay) {
+    child.preTranslate = [&](const MSG&) {
+        frame.DestroyWindow();
+        return false;
+    };
+    EXPECT_TRUE(input::Key(child.m_hWnd, WM_KEYDOWN, 'A', "aa"));
+    EXPECT_THAT(Heard(), ElementsAre("frame destroy", "child destroy", "child end", "frame end"));
+}
+
+TEST_F(InputTest, ANativeWidgetActsOnlyWhenEverythingWasLeftToIt) {
+    NativeDisplay native;
+    SetDisplay(&native);
+    static bool acted;
+    RegisterClassA("InputTestControl",
+                   [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
+                       if (message == WM_KEYDOWN || message == WM_CHAR)
+                           acted |= !internal::LeaveToNativeWidget(window, message);
+                       return DefWindowProcA(window, message, wParam, lParam);
+                   });
+    RecordedWindow control("control", log);
+    control.CreateEx(0, "InputTestControl", "", WS_CHILD | WS_VISIBLE, {}, &frame, 2);
+    struct Row {
+        const char* border;
+        std::function<void(RecordedWindow&)> prepare;
+        bool consumed;
+        bool actedItself;
+    };
+    const Row rows[] = {
+        {"all left", [](RecordedWindow&) {}, false, false},
+        {"the key is handled", [](RecordedWindow& w) { w.answer[WM_KEYDOWN] = 0; }, true, false},
+        {"a character is handled", [](RecordedWindow& w) { w.answer[WM_CHAR] = 0; }, true, false},
+        {"a handler sends a character of its own",
+         [](RecordedWindow& w) { w.on[WM_KEYDOWN] = [&w] { w.SendMessageA(WM_CHAR, 'x'); }; }, false, true},
+        {"a handler forwards to another window",
+         [](RecordedWindow& w) { w.preTranslate = [](const MSG&) { return true; }; }, true, false},
+    };
+    for (const Row& row : rows) {
+        acted = false;
+        control.on.clear();
+        control.answer.clear();
+        control.preTranslate = [](const MSG&) { return false; };
+        row.prepare(control);
+        EXPECT_EQ(input::Key(control.m_hWnd, WM_KEYDOWN, 'A', "a"), row.consumed) << row.border;
+        EXPECT_EQ(acted, row.actedItself) << row.border;
+    }
+    control.on.clear();
+    control.preTranslate = [](const MSG&) { return false; };
+    SetDisplay(&display);
+    input::Key(control.m_hWnd, WM_KEYDOWN, 'A', "");
+    EXPECT_TRUE(acted) << "without native widgets the control acts";
+    SetDisplay(&native);
+    control.DestroyWindow();
+    frame.DestroyWindow();
+}
+
+TEST_F(InputTest, TheMouseGoesToWhoHasTheCapture) {
+    CPoint seen;
+    child.preTranslate = [&](const MSG& message) {
+        seen = PointOf(message.lParam);
+        return true;
+    };
+    SetCapture(child.m_hWnd);
+    input::Mouse(frame.m_hWnd, WM_MOUSEMOVE, 0, {5, 5});
+    EXPECT_EQ(seen, (CPoint{-5, -15}));
+}
+
+TEST_F(InputTest, TheWheelAndTheMenuGoOutwardsUntilSomebodyWantsThem) {
+    CPoint at;
+    frame.preTranslate = [&](const MSG& message) {
+        at = PointOf(message.lParam);
+        return false;
+    };
+    input::Mouse(child.m_hWnd, WM_MOUSEWHEEL, 0, {1, 2}, -120);
+    EXPECT_THAT(Heard(), ElementsAre("child wheel", "frame wheel"));
+    EXPECT_EQ(at, (CPoint{111, 122})) << "on the screen";
+    input::Mouse(child.m_hWnd, WM_RBUTTONUP, 0, {1, 2});
+    EXPECT_THAT(Heard(), ElementsAre("child menu", "frame menu"));
+}
+
+TEST_F(InputTest, TheOutermostWindowThatSetsACursorDecides) {
+    input::Mouse(child.m_hWnd, WM_MOUSEMOVE, 0, {1, 2});
+    EXPECT_EQ(display.CursorShown(), IDC_ARROW);
+    frame.answer[WM_SETCURSOR] = 1;
+    SetCursor(IDC_SIZEWE);
+    input::Mouse(child.m_hWnd, WM_MOUSEMOVE, 0, {1, 2});
+    EXPECT_EQ(display.CursorShown(), IDC_SIZEWE);
+}
+
+TEST_F(InputTest, WhatTheUserMovedIsNotToldBackToTheDisplay) {
+    display.TakeChanges(frame.m_hWnd);
+    input::Placed(frame.m_hWnd, {0, 0, 50, 60});
+    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), 0u);
+    EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame move", "frame size"));
+    EXPECT_EQ(frame.GetWindowRect(), (CRect{0, 0, 50, 60}));
+}
+
+TEST_F(InputTest, AFailureLeavesNoFunctionThatADisplayCalls) {
+    struct Row {
+        const char* name;
+        UINT message;
+        std::function<void(HWND)> report;
+    };
+    HeadlessDisplay& screen = display;
+    const Row rows[] = {
+        {"key", WM_KEYDOWN, [](HWND window) { input::Key(window, WM_KEYDOWN, 'A', ""); }},
+        {"mouse", WM_LBUTTONDOWN, [](HWND window) { input::Mouse(window, WM_LBUTTONDOWN, 0, {}); }},
+        {"focus", WM_SETFOCUS, [](HWND window) { input::FocusMoved(window); }},
+        {"placed", WM_SIZE,
+         [](HWND window) {
+             input::Placed(window, {0, 0, 7, 7});
+         }},
+        {"close", WM_CLOSE, [](HWND window) { input::Close(window); }},
+        {"activation", WM_ACTIVATE, [](HWND window) { input::Activated(window, true); }},
+        {"paint", WM_PAINT, [&](HWND window) { screen.PaintWindow(window); }},
+        {"post", WM_USER,
+         [](HWND window) {
+             PostMessageA(window, WM_USER, 0, 0);
+             input::DispatchMessages();
+         }},
+    };
+    const auto prepare = [&](UINT message) {
+        child.on.clear();
+        input::FocusMoved(nullptr);
+        input::Placed(child.m_hWnd, {});
+        child.on[message] = [] { throw Error("handler"); };
+    };
+    for (const Row& row : rows) {
+        prepare(row.message);
+        EXPECT_THROW(row.report(child.m_hWnd), Error) << row.name << ": nobody else hears of it";
+        prepare(row.message);
+        Log heard;
+        SetExceptionHandler([&](const CString& text) {
+            heard.push_back(text);
+            throw Error("the handler itself");
+        });
+        EXPECT_NO_THROW(row.report(child.m_hWnd)) << row.name;
+        EXPECT_THAT(heard, ElementsAre("handler")) << row.name;
+        SetExceptionHandler(nullptr);
+    }
+    child.on.clear();
+}
+
+TEST_F(InputTest, OnAScreenAFailureIsShownOnceAtATime) {
+    NativeDisplay native;
+    SetDisplay(&native);
+    native.AnswerNext(IDOK);
+    child.SetFocus();
+    child.on[WM_KILLFOCUS] = [&] { // as a paint that fails while the box stands
+        input::Key(child.m_hWnd, WM_KEYDOWN, 'A', "");
+    };
+    child.on[WM_KEYDOWN] = [] { throw Error("no such member"); };
+    input::Key(child.m_hWnd, WM_KEYDOWN, 'A', "");
+    ASSERT_EQ(native.ShownBoxes().size(), 1u);
+    EXPECT_EQ(native.ShownBoxes()[0].text, "no such member");
+    EXPECT_EQ(native.ShownBoxes()[0].caption, "Korvel");
+    child.on.clear();
+    frame.DestroyWindow();
+}
+
+} // namespace
+} // namespace korvel

@@ -1,0 +1,137 @@
+#include "recorded_window.h"
+#include "window/dc.h"
+
+namespace korvel {
+namespace {
+
+using SubclassTest = WindowTest;
+
+Log* g_log = nullptr;
+WNDPROC g_former = nullptr;
+
+LRESULT HookProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_USER)
+        g_log->push_back("hook user");
+    return CallWindowProcA(g_former, window, message, wParam, lParam);
+}
+
+LRESULT ClassProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_USER) {
+        g_log->push_back("class user");
+        return static_cast<LRESULT>(wParam) + 1;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+HWND MakeClassWindow() {
+    RegisterClassA("SubclassTestClass", ClassProcedure);
+    return CreateWindowExA(0, "subclasstestCLASS", "", 0, {}, nullptr, 0);
+}
+
+void Hook(HWND window) {
+    g_former = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(HookProcedure)));
+}
+
+TEST_F(SubclassTest, TheNewestProcedureHearsFirst) {
+    g_log = &log;
+    RecordedWindow object("object", log);
+    const HWND window = MakeClassWindow();
+    ASSERT_TRUE(object.SubclassWindow(window));
+    Hook(window);
+    EXPECT_EQ(SendMessageA(window, WM_USER, 41, 0), 42);
+    EXPECT_THAT(Heard(), ElementsAre("hook user", "object user", "class user"));
+    object.DestroyWindow();
+}
+
+TEST_F(SubclassTest, AnObjectMayGoFromBelowAHook) {
+    g_log = &log;
+    RecordedWindow object("object", log), next("next", log);
+    const HWND window = MakeClassWindow();
+    object.SubclassWindow(window);
+    Hook(window);
+    EXPECT_EQ(object.UnsubclassWindow(), window);
+    SendMessageA(window, WM_USER, 0, 0);
+    EXPECT_THAT(Heard(), ElementsAre("hook user", "class user"));
+    next.SubclassWindow(window);
+    SendMessageA(window, WM_USER, 0, 0);
+    EXPECT_THAT(Heard(), ElementsAre("hook user", "next user", "class user"));
+    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(g_former));
+    next.UnsubclassWindow();
+    EXPECT_EQ(GetWindowLongPtrA(window, GWLP_WNDPROC), reinterpret_cast<LPARAM>(ClassProcedure));
+    DestroyWindow(window);
+}
+
+TEST_F(SubclassTest, OneObjectAWindowAndOneWindowAnObject) {
+    RecordedWindow object("object", log), rival("rival", log);
+    object.Create(0, nullptr);
+    EXPECT_FALSE(rival.SubclassWindow(object.m_hWnd));
+    EXPECT_FALSE(rival.SubclassWindow(nullptr));
+    const HWND other = MakeClassWindow();
+    EXPECT_FALSE(object.SubclassWindow(other));
+    EXPECT_FALSE(object.Create(0, nullptr));
+    EXPECT_EQ(CWnd::FromHandlePermanent(other), nullptr);
+    DestroyWindow(other);
+}
+
+struct ReflectingControl : CWnd {
+    int offered = 0;
+    bool handles = true;
+    UINT atDefault = 0;
+
+    bool OnChildNotify(UINT, WPARAM, LPARAM, LRESULT* result) override {
+        ++offered;
+        *result = 5;
+        return handles;
+    }
+};
+
+// Each message with the control named where that message names it.
+LRESULT SendFrom(HWND control, HWND parent, UINT message) {
+    NMHDR notification;
+    DRAWITEMSTRUCT item;
+    item.hwndItem = control;
+    if (message == WM_COMMAND)
+        return NotifyParentCommand(control, 1);
+    if (message == WM_NOTIFY)
+        return NotifyParent(control, 1, notification);
+    return SendMessageA(parent, message, 0, reinterpret_cast<LPARAM>(&item));
+}
+
+TEST_F(SubclassTest, AParentLeavesToTheControlWhatItDoesNotHandle) {
+    RecordedWindow frame("frame", log);
+    frame.Create(0, nullptr);
+    const HWND plain = MakeClassWindow();
+    for (const HWND parent : {frame.m_hWnd, plain})
+        for (const UINT message : {WM_COMMAND, WM_NOTIFY, WM_DRAWITEM}) {
+            ReflectingControl control;
+            control.SubclassWindow(CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {}, parent, 9));
+            const bool answersOne = message == WM_COMMAND && parent == frame.m_hWnd;
+            EXPECT_EQ(SendFrom(control.m_hWnd, parent, message), answersOne ? 1 : 5) << message;
+            control.handles = false;
+            SendFrom(control.m_hWnd, parent, message);
+            EXPECT_EQ(control.offered, 2) << message << ": a control that declines is not asked again";
+        }
+    EXPECT_EQ(SendMessageA(frame.m_hWnd, WM_NOTIFY, 0, 0), 0);
+    EXPECT_EQ(SendMessageA(frame.m_hWnd, WM_DRAWITEM, 0, 0), 0);
+    DestroyWindow(plain);
+}
+
+TEST_F(SubclassTest, DefaultPassesOnTheMessageThatIsHandledAlsoAfterANestedOne) {
+    g_log = &log;
+    struct DefaultingWindow : CWnd {
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message != WM_USER)
+                return CWnd::WindowProc(message, wParam, lParam);
+            SetWindowTextA("nested");
+            return Default();
+        }
+    } object;
+    object.SubclassWindow(MakeClassWindow());
+    EXPECT_EQ(object.SendMessageA(WM_USER, 6), 7);
+    EXPECT_EQ(CWnd::GetCurrentMessage().message, 0u);
+    object.DestroyWindow();
+}
+
+} // namespace
+} // namespace korvel

@@ -1,0 +1,224 @@
+#include "platform/error.h"
+#include "recorded_window.h"
+
+#include <limits>
+#include <memory>
+
+namespace korvel {
+namespace {
+
+using WindowTreeTest = WindowTest;
+
+TEST_F(WindowTreeTest, HearsItsCreationBeforeItIsShown) {
+    RecordedWindow frame("frame", log);
+    bool shownAtCreation = true;
+    frame.on[WM_CREATE] = [&] { shownAtCreation = frame.IsWindowVisible(); };
+    ASSERT_TRUE(frame.Create(WS_VISIBLE, nullptr));
+    EXPECT_FALSE(shownAtCreation);
+    EXPECT_TRUE(frame.IsWindowVisible());
+    EXPECT_THAT(Heard(), ElementsAre("frame create", "frame size", "frame move", "frame show"));
+}
+
+TEST_F(WindowTreeTest, RefusesWhatCannotLive) {
+    const HWND gone = CreateWindowExA(0, "KorvelFrame", "", 0, {}, nullptr, 0);
+    DestroyWindow(gone);
+    EXPECT_EQ(CreateWindowExA(0, "NoSuchClass", "", 0, {}, nullptr, 0), nullptr);
+    EXPECT_EQ(CreateWindowExA(0, nullptr, "", 0, {}, nullptr, 0), nullptr);
+    EXPECT_EQ(CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {}, nullptr, 0), nullptr);
+    EXPECT_EQ(CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {}, gone, 0), nullptr);
+    RecordedWindow refused("refused", log);
+    refused.answer[WM_CREATE] = -1;
+    EXPECT_FALSE(refused.Create(0, nullptr));
+    EXPECT_EQ(refused.m_hWnd, nullptr);
+    EXPECT_THAT(Heard(), ElementsAre("refused create", "refused destroy", "refused end"));
+}
+
+TEST_F(WindowTreeTest, DestroysFromTheRootAndEndsFromTheLeaves) {
+    RecordedWindow frame("frame", log), left("left", log), leaf("leaf", log), right("right", log);
+    RecordedWindow owned("owned", log);
+    frame.Create(0, nullptr);
+    left.Create(WS_CHILD, &frame);
+    leaf.Create(WS_CHILD, &left);
+    right.Create(WS_CHILD, &frame);
+    owned.Create(WS_POPUP, &leaf);
+    EXPECT_EQ(GetOwner(owned.m_hWnd), frame.m_hWnd) << "owners are top-level windows";
+    Heard();
+    EXPECT_TRUE(frame.DestroyWindow());
+    EXPECT_THAT(Heard(),
+                ElementsAre("owned destroy", "owned end", "frame destroy", "left destroy", "leaf destroy",
+                            "right destroy", "leaf end", "left end", "right end", "frame end"));
+    EXPECT_EQ(leaf.m_hWnd, nullptr);
+}
+
+TEST_F(WindowTreeTest, AStaleHandleReachesNoOtherWindow) {
+    const HWND stale = CreateWindowExA(0, "KorvelFrame", "old", 0, {}, nullptr, 0);
+    DestroyWindow(stale);
+    RecordedWindow next("next", log); // takes the place of the window that is gone
+    next.Create(WS_VISIBLE, nullptr, 7);
+    Heard();
+    EXPECT_FALSE(IsWindow(stale));
+    EXPECT_EQ(SendMessageA(stale, WM_USER, 0, 0), 0);
+    EXPECT_FALSE(PostMessageA(stale, WM_USER, 0, 0));
+    EXPECT_FALSE(SetWindowTextA(stale, "lost"));
+    EXPECT_FALSE(DestroyWindow(stale));
+    EXPECT_FALSE(ShowWindow(stale, SW_HIDE));
+    EXPECT_EQ(SetFocus(stale), nullptr);
+    EXPECT_EQ(SetTimer(stale, 1, 10), 0u);
+    EXPECT_EQ(GetWindowRect(stale), CRect());
+    EXPECT_EQ(SetParent(next.m_hWnd, stale), nullptr);
+    EXPECT_EQ(GetDlgCtrlID(stale), 0);
+    display.Advance(std::chrono::seconds(1));
+    EXPECT_THAT(log, IsEmpty());
+    EXPECT_EQ(next.GetWindowTextA(), "next");
+}
+
+TEST_F(WindowTreeTest, AWindowMayDieInsideItsOwnHandlers) {
+    for (const UINT message : {WM_USER, WM_SIZE, WM_SHOWWINDOW, WM_DESTROY, WM_NCDESTROY, WM_COMMAND}) {
+        auto window = std::make_unique<RecordedWindow>("window", log);
+        window->Create(WS_VISIBLE, nullptr);
+        const HWND handle = window->m_hWnd;
+        window->on[message] = [&window, handle] {
+            DestroyWindow(handle);
+            window.reset();
+        };
+        SendMessageA(handle, message, 0, 0);
+        MoveWindow(handle, {1, 2, 300, 400});
+        ShowWindow(handle, SW_HIDE);
+        DestroyWindow(handle);
+        EXPECT_FALSE(IsWindow(handle)) << message;
+    }
+}
+
+TEST_F(WindowTreeTest, AChildMayDestroyItsParentWhileItIsDestroyed) {
+    RecordedWindow frame("frame", log), child("child", log);
+    frame.Create(0, nullptr);
+    child.Create(WS_CHILD, &frame);
+    child.on[WM_DESTROY] = [&] { frame.DestroyWindow(); };
+    child.DestroyWindow();
+    EXPECT_EQ(frame.m_hWnd, nullptr);
+    EXPECT_EQ(child.m_hWnd, nullptr);
+}
+
+TEST_F(WindowTreeTest, AThrowingHandlerDoesNotKeepItsWindowAlive) {
+    RecordedWindow frame("frame", log), child("child", log);
+    frame.Create(0, nullptr);
+    child.Create(WS_CHILD, &frame);
+    child.on[WM_DESTROY] = [] { throw Error("first"); };
+    child.on[WM_NCDESTROY] = [] { throw Error("second"); };
+    try {
+        frame.DestroyWindow();
+        ADD_FAILURE() << "the failure was lost";
+    } catch (const Error& error) {
+        EXPECT_STREQ(error.what(), "first");
+    }
+    EXPECT_EQ(frame.m_hWnd, nullptr);
+    EXPECT_EQ(child.m_hWnd, nullptr);
+}
+
+TEST_F(WindowTreeTest, AnObjectThatDiesHandsItsFailureToTheNextPump) {
+    {
+        RecordedWindow frame("frame", log);
+        frame.Create(0, nullptr);
+        korvel::SetWindowLongPtrA(
+            frame.m_hWnd, GWLP_WNDPROC,
+            reinterpret_cast<LPARAM>(+[](HWND, UINT, WPARAM, LPARAM) -> LRESULT { throw Error("late"); }));
+    }
+    EXPECT_THROW(display.Advance(std::chrono::milliseconds(0)), Error);
+    EXPECT_NO_THROW(display.Advance(std::chrono::milliseconds(0)));
+}
+
+TEST_F(WindowTreeTest, TurnsPointsThroughBordersAndParents) {
+    RecordedWindow frame("frame", log);
+    frame.Create(WS_OVERLAPPEDWINDOW, nullptr, 0, {100, 200, 500, 600});
+    const HWND edged = CreateWindowExA(WS_EX_CLIENTEDGE, "KorvelFrame", "", WS_CHILD | WS_BORDER,
+                                       {10, 20, 110, 70}, frame.m_hWnd, 0);
+    const HWND inner = CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {5, 5, 25, 15}, edged, 0);
+    EXPECT_EQ(GetClientRect(frame.m_hWnd), (CRect{0, 0, 400, 400})) << "the caption is the desktop's";
+    EXPECT_EQ(GetClientRect(edged), (CRect{0, 0, 94, 44}));
+    EXPECT_EQ(GetWindowRect(inner), (CRect{118, 228, 138, 238}));
+    EXPECT_EQ(ScreenToClient(inner, {120, 230}), (CPoint{2, 2}));
+}
+
+TEST_F(WindowTreeTest, KeepsExtremeRectanglesComputable) {
+    constexpr int Least = std::numeric_limits<int>::min();
+    constexpr int Most = std::numeric_limits<int>::max();
+    const HWND frame = CreateWindowExA(0, "KorvelFrame", "", 0, {Least, Least, Most, Most}, nullptr, 0);
+    SetWindowPos(frame, nullptr, {Most, Most, Least, Least}, 0);
+    EXPECT_TRUE(GetClientRect(frame).IsRectEmpty());
+    DestroyWindow(frame);
+}
+
+TEST_F(WindowTreeTest, PlacesWithoutWordWhenNothingMoves) {
+    RecordedWindow frame("frame", log);
+    frame.Create(0, nullptr, 0, {0, 0, 100, 50});
+    Heard();
+    frame.MoveWindow({0, 0, 100, 50});
+    EXPECT_THAT(Heard(), IsEmpty());
+    frame.MoveWindow({5, 0, 105, 50});
+    EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame move"));
+    SetWindowPos(frame.m_hWnd, nullptr, {0, 0, 20, 30}, SWP_NOMOVE);
+    EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame size"));
+    EXPECT_EQ(frame.GetWindowRect(), (CRect{5, 0, 25, 30}));
+}
+
+TEST_F(WindowTreeTest, TabGoesRoundOverWhatCanBeReached) {
+    RecordedWindow frame("frame", log), group("group", log), hidden("hidden", log);
+    RecordedWindow first("first", log), second("second", log), unreachable("unreachable", log);
+    constexpr UINT Stop = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+    frame.Create(WS_VISIBLE, nullptr);
+    first.Create(Stop, &frame);
+    hidden.Create(WS_CHILD, &frame);
+    unreachable.Create(Stop, &hidden);
+    group.Create(WS_CHILD | WS_VISIBLE, &frame);
+    second.Create(Stop, &group);
+    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, first.m_hWnd, false), second.m_hWnd);
+    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, second.m_hWnd, false), first.m_hWnd);
+    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, nullptr, true), second.m_hWnd);
+    second.EnableWindow(false);
+    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, first.m_hWnd, true), first.m_hWnd);
+}
+
+TEST_F(WindowTreeTest, RefusesToHangAWindowBelowItself) {
+    RecordedWindow frame("frame", log), child("child", log), other("other", log);
+    frame.Create(0, nullptr);
+    child.Create(WS_CHILD, &frame);
+    other.Create(0, nullptr);
+    EXPECT_EQ(SetParent(frame.m_hWnd, child.m_hWnd), nullptr);
+    EXPECT_EQ(GetParent(frame.m_hWnd), nullptr);
+    EXPECT_EQ(SetParent(child.m_hWnd, other.m_hWnd), frame.m_hWnd);
+    EXPECT_TRUE(IsChild(other.m_hWnd, child.m_hWnd));
+    EXPECT_EQ(GetFirstChild(frame.m_hWnd), nullptr);
+}
+
+TEST_F(WindowTreeTest, TellsTheDisplayOnceWhenRedrawIsOnAgain) {
+    RecordedWindow frame("frame", log);
+    frame.Create(0, nullptr);
+    display.PaintWindow(frame.m_hWnd);
+    display.TakeChanges(frame.m_hWnd);
+    frame.SetRedraw(false);
+    frame.SetWindowTextA("changed");
+    frame.Invalidate();
+    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), 0u);
+    EXPECT_FALSE(display.IsInvalid(frame.m_hWnd));
+    frame.SetRedraw(true);
+    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), static_cast<Aspects>(Aspect::Text));
+    EXPECT_TRUE(display.IsInvalid(frame.m_hWnd));
+}
+
+TEST_F(WindowTreeTest, ANewDisplayIsToldOfTheWindowsThatExist) {
+    RecordedWindow frame("frame", log), child("child", log);
+    frame.Create(WS_VISIBLE, nullptr);
+    child.Create(WS_CHILD | WS_VISIBLE, &frame);
+    child.SetFocus();
+    {
+        HeadlessDisplay second;
+        SetDisplay(&second);
+        EXPECT_TRUE(second.IsInvalid(frame.m_hWnd) && second.IsInvalid(child.m_hWnd));
+        EXPECT_EQ(second.FocusShown(), child.m_hWnd);
+    }
+    EXPECT_NE(&Display(), &display) << "a display that dies leaves the default one";
+    frame.Invalidate();
+}
+
+} // namespace
+} // namespace korvel
