@@ -1,0 +1,144 @@
+#include "grid/cell_conversion.h"
+#include "grid/editable_grid.h"
+#include "grid/member_reads.h"
+#include "values/group_presentation.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+void CEditableGrid::OnChangeIdent(const std::string&, const std::string&) {}
+
+void CEditableGrid::OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
+    if (!LookupTreeItem(disp, name))
+        return;
+    const EDataTyps type = ReadMemberType(*disp, name);
+    if (type == DT_Bool) {
+        WriteFlagThrough(*disp, name, value);
+    } else if (FindCellConversion(type)) {
+        SCell cell = MakeCell(*disp, name, value);
+        // Looked up again: the object may have told of removals while it was read.
+        if (const CTreeItem* node = LookupTreeItem(disp, name))
+            StoreCell(*node->info, GetSubItem(name) - 1, std::move(cell));
+    }
+    RedrawNode(LookupTreeItem(disp, name));
+}
+
+void CEditableGrid::WriteFlagThrough(IMemberDispatch& disp, const std::string& name,
+                                     const CVariantValue& value) const {
+    CVariantValue current;
+    if (ReadMember(disp, name, current) && (current.Value.Bool != 0) != (value.Value.Bool != 0))
+        disp.SetMember(name, value);
+}
+
+void CEditableGrid::OnChangeEditFlag(IMemberDispatch* disp, const std::string& name, const bool& editable) {
+    const CTreeItem* node = LookupTreeItem(disp, name);
+    if (!node)
+        return;
+    if (const int cell = GetSubItem(name) - 1; cell >= 0)
+        node->info->SetCellEnabled(cell, editable);
+    RefreshRowTexts(node);
+}
+
+void CEditableGrid::OnChangeControlType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
+                                        const CVariantValue& value) {
+    const CTreeItem* node = LookupTreeItem(disp, name);
+    if (!node)
+        return;
+    RemoveSink(oldType, disp, name);
+    Register(disp, name, ServiceOf(value));
+    const auto conversion = FindCellConversion(value.Type);
+    if (!conversion || conversion->service == EFormatService::None ||
+        conversion->control == CItemInfo::ctDate)
+        return;
+    // Kept: the first value cell, whatever the member's column is.
+    node->info->SetControlType(0, conversion->control);
+}
+
+void CEditableGrid::OnOperationAdd(IMemberDispatch* disp, const std::string& name,
+                                   const CVariantValue& value) {
+    const SShown shown = FindShown(disp);
+    if (!shown.isShown)
+        return;
+    InsertDispMember(shown.row, disp, static_cast<unsigned long>(-1), name, value);
+    IMemberDispatch* const sub = value.Value.Dispatch;
+    if (value.Type != DT_Group || !sub || !m_pObserver)
+        return;
+    if (const auto group = m_Groups.find(sub); group != m_Groups.end())
+        m_pObserver->AddSink(sub, &group->second.sink);
+    else if (m_Groups.empty())
+        m_pObserver->AddSink(sub, nullptr);
+}
+
+void CEditableGrid::OnOperationInsert(IMemberDispatch* disp, const unsigned long& position,
+                                      const std::string& name, const CVariantValue& value) {
+    if (const SShown shown = FindShown(disp); shown.isShown)
+        InsertDispMember(shown.row, disp, position, name, value);
+}
+
+void CEditableGrid::OnOperationRemove(IMemberDispatch* disp, const std::string& name,
+                                      const CVariantValue& value) {
+    CTreeItem* const node = LookupTreeItem(disp, name);
+    if (!node)
+        return;
+    int selected = -1;
+    if (GetSelectedNode() == node) {
+        selected = RowOfNode(node);
+        SetItemState(selected, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    }
+    RemoveDispMember(FindShown(disp).row, disp, name, value);
+    if (selected == -1)
+        return;
+    const int rows = GetItemCount();
+    if (const int row = selected < rows ? selected : std::max(selected - 1, 0); row < rows)
+        SelectRow(row);
+}
+
+void CEditableGrid::OnOperationRename(IMemberDispatch* disp, const std::string& name,
+                                      const std::string& newName) {
+    const MemberIndex::Found found = m_Items.Find(disp, name);
+    if (name == newName || !found.node)
+        return;
+    CVariantValue value;
+    const bool isRead = ReadMember(*disp, newName, value);
+    const EFormatService service = isRead ? ServiceOf(value) : EFormatService::None;
+    if (m_Items.Find(disp, name).node != found.node)
+        return; // gone while the object was read
+    m_Items.Remove(disp, name);
+    m_Items.Remove(disp, newName);
+    if (found.isCell) {
+        m_Items.AddCell(disp, newName, found.node, service);
+        MoveCell(*found.node->info, GetSubItem(name) - 1, GetSubItem(newName) - 1);
+    } else {
+        found.node->info->text = newName;
+        m_Items.AddRow(disp, newName, found.node, service);
+    }
+    UpdateSubscriptions();
+    RefreshRowTexts(found.node);
+}
+
+void CEditableGrid::MoveCell(CItemInfo& info, int from, int to) {
+    if (from < 0 || from == to)
+        return;
+    SCell cell{info.GetSubItem(from), info.GetControlType(from), info.GetCellColor(from)};
+    StoreCell(info, from, SCell());
+    StoreCell(info, to, std::move(cell));
+}
+
+void CEditableGrid::OnOperationChangeType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
+                                          const CVariantValue& value) {
+    OnChangeControlType(disp, name, oldType, value);
+    OnChange(disp, name, value);
+}
+
+void CEditableGrid::OnOperationChangeTupelPresentation(IMemberDispatch* disp, const std::string& text) {
+    const CTreeItem* node = LookupTreeItem(disp);
+    if (!node || !node->info)
+        return;
+    node->info->SetSubItem(0, text);
+    if (PresentationOf(*disp))
+        node->info->SetControlType(0, CItemInfo::ctButton);
+    RefreshRowTexts(node);
+}
+
+} // namespace korvel
