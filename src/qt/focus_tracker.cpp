@@ -31,10 +31,8 @@ void FocusTracker::Show(HWND window) {
     if (Peer* peer = m_peers.Find(window)) {
         QWidget& top = *peer->Content().window();
         peer->Content().setFocus(Qt::OtherFocusReason);
-        if (top.isVisible() && !top.isActiveWindow() && QApplication::activeWindow()) {
-            ExpectActivation(top);
-            top.activateWindow();
-        }
+        if (top.isVisible() && !top.isActiveWindow() && QApplication::activeWindow())
+            Activate(top);
     } else if (current && m_peers.FindAt(current)) {
         current->clearFocus();
     }
@@ -67,11 +65,9 @@ void FocusTracker::OnFocusChanged(QWidget* former, QWidget* now) {
         peer->TakeFocus(former);
 }
 
-void FocusTracker::Reactivate(QWidget* top) {
-    if (!top || !top->isVisible() || QApplication::activeWindow())
-        return;
-    ExpectActivation(*top);
-    top->activateWindow();
+void FocusTracker::Activate(QWidget& top) {
+    ExpectActivation(top);
+    top.activateWindow();
 }
 
 FocusTracker::Question::Question(FocusTracker& tracker, QWidget* owner) : m_tracker(tracker), m_owner(owner) {
@@ -79,7 +75,8 @@ FocusTracker::Question::Question(FocusTracker& tracker, QWidget* owner) : m_trac
 }
 
 FocusTracker::Question::~Question() {
-    m_tracker.Reactivate(m_owner);
+    if (m_owner && m_owner->isVisible() && !QApplication::activeWindow())
+        m_tracker.Activate(*m_owner); // where no window manager sees to that
     --m_tracker.m_questions;
 }
 

@@ -25,11 +25,10 @@ public:
     void Show(HWND window);
     /// The top-level window is about to become active by our own doing.
     void ExpectActivation(QWidget& top);
+    /// Makes a top-level window active.
+    void Activate(QWidget& top);
     /// A top-level window of ours became active.
     void Activated() { m_expected.clear(); }
-
-    /// Makes a window active again after one in front of it is gone, where no window manager sees to that.
-    void Reactivate(QWidget* top);
 
     /// While one lives, a box of ours has the focus. At its end the window that asked becomes active.
     class Question {

@@ -50,6 +50,12 @@ void PaintedPeer::Apply(Aspects aspects) {
         Content().update();
 }
 
+void PaintedPeer::Disappear() {
+    if (m_topLevel)
+        m_topLevel->PassActivationOn();
+    Peer::Disappear();
+}
+
 void PaintedPeer::ShowModal() {
     if (m_topLevel)
         m_topLevel->ShowModal();

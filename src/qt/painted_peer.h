@@ -26,6 +26,7 @@ public:
 
 protected:
     bool OnEvent(QWidget& widget, QEvent& event) override;
+    void Disappear() override;
     /// Puts the content, and what lies beside it, where memory has the client area.
     virtual void Arrange();
 

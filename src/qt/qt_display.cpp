@@ -143,14 +143,9 @@ std::chrono::milliseconds QtDisplay::Now() {
 }
 
 void QtDisplay::RunUntil(HWND modal, const std::function<bool()>& done) {
-    QPointer<QWidget> owner;
-    if (Peer* peer = m_parts->desktop.peers.Find(modal)) {
-        owner = m_parts->TopOf(GetOwner(modal));
+    if (Peer* peer = m_parts->desktop.peers.Find(modal))
         peer->ShowModal();
-    }
     WaitUntil(done);
-    if (modal)
-        m_parts->desktop.focus.Reactivate(owner);
 }
 
 // --- questions ---
@@ -162,7 +157,9 @@ int QtDisplay::MessageBox(HWND owner, const CString& text, const CString& captio
 }
 
 unsigned QtDisplay::TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) {
-    return AskMenu(m_parts->TopOf(owner), screen, entries);
+    QWidget* top = m_parts->TopOf(owner);
+    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    return AskMenu(top, screen, entries);
 }
 
 std::optional<COLORREF> QtDisplay::ChooseColor(HWND owner, COLORREF color) {

@@ -48,10 +48,18 @@ void TopLevel::Apply(Aspects aspects) {
         widget.setFixedSize(ToQRect(view::Rectangle(window)).size());
     if (aspects & static_cast<Aspects>(Aspect::Text))
         widget.setWindowTitle(TextOf(window));
-    const bool appears =
-        (aspects & static_cast<Aspects>(Aspect::Visible)) && view::IsShown(window) && !widget.isVisible();
-    if (appears && !IsToolPopup(window) && QApplication::activeWindow())
+    if (!(aspects & static_cast<Aspects>(Aspect::Visible)))
+        return;
+    if (!view::IsShown(window))
+        PassActivationOn();
+    else if (!widget.isVisible() && !IsToolPopup(window) && QApplication::activeWindow())
         m_desktop.focus.ExpectActivation(widget);
+}
+
+void TopLevel::PassActivationOn() {
+    const QWidget* owner = m_peer.Outer().parentWidget();
+    if (owner && m_peer.Outer().isActiveWindow())
+        m_desktop.focus.Activate(*owner->window());
 }
 
 bool TopLevel::OnEvent(QEvent& event) {

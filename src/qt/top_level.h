@@ -21,6 +21,8 @@ public:
     void Apply(Aspects aspects);
     /// An event of the outer widget. True: the widget does not see it.
     bool OnEvent(QEvent& event);
+    /// The widget is about to be hidden: its owner becomes active where it was.
+    void PassActivationOn();
     /// Shows it in front of its owner, which takes no input until this window is hidden.
     void ShowModal();
 

@@ -1,0 +1,229 @@
+#include "qt/scenario.h"
+
+#include "window/controls.h"
+#include "window/display.h"
+#include "window/list_ctrl.h"
+
+#include <memory>
+
+namespace korvel::test {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr UINT shown = WS_VISIBLE;
+constexpr UINT child = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+enum Id { FirstEdit = 1, SecondEdit, Check, Push, Rows, Surface };
+
+class Scenario {
+public:
+    explicit Scenario(User& user) : m_user(user) {}
+    Log Run();
+
+private:
+    void Make();
+    void Type();
+    void ChangeTextWhileItChanges();
+    void ClickButtons();
+    void MoveInList();
+    void UseDropDown();
+    void LoseFocus();
+    void DestroyEditWhileItChanges();
+    void Ask();
+    void RunModal();
+
+    void Step(const std::string& title) { m_log.push_back("-- " + title); }
+    void Holds(const Recorder& window) { m_log.push_back("text '" + window.GetWindowTextA() + "'"); }
+    void MakeControl(Recorder& control, const char* className, UINT style, const CRect& rect, int id) {
+        control.CreateEx(0, className, "", child | style, rect, &m_frame, id);
+    }
+
+    User& m_user;
+    Log m_log;
+    Recorder m_frame{m_log, "frame"};
+    Recorder m_first{m_log, "first edit"};
+    Recorder m_second{m_log, "second edit"};
+    Recorder m_check{m_log, "check box"};
+    Recorder m_push{m_log, "push button"};
+    Recorder m_surface{m_log, "surface"};
+    CListCtrl m_rows;
+};
+
+void Scenario::Make() {
+    m_frame.CreateEx(0, "KorvelFrame", "Scenario", WS_OVERLAPPEDWINDOW | shown, {50, 50, 450, 350}, nullptr,
+                     0);
+    MakeControl(m_first, "EDIT", ES_AUTOHSCROLL, {10, 10, 150, 34}, FirstEdit);
+    MakeControl(m_second, "EDIT", ES_AUTOHSCROLL | WS_BORDER, {10, 40, 150, 64}, SecondEdit);
+    MakeControl(m_check, "BUTTON", BS_AUTOCHECKBOX, {10, 70, 150, 94}, Check);
+    MakeControl(m_push, "BUTTON", BS_PUSHBUTTON, {10, 100, 150, 124}, Push);
+    MakeControl(m_surface, "KorvelFrame", 0, {10, 130, 150, 160}, Surface);
+    m_rows.Create(child | LVS_REPORT | LVS_SINGLESEL, {160, 10, 390, 200}, &m_frame, Rows);
+    m_rows.InsertColumn(0, "Name", 120);
+    for (const char* name : {"one", "two", "three", "four"})
+        m_rows.InsertItem(m_rows.GetItemCount(), name);
+}
+
+void Scenario::Type() {
+    Step("typing, with a letter that the window refuses");
+    m_first.onMessage = [](UINT message, WPARAM wParam, LPARAM) {
+        return message == WM_CHAR && wParam == 'x';
+    };
+    SetFocus(m_first.m_hWnd);
+    m_user.Key('A', "a");
+    m_user.Key('X', "x");
+    m_user.Key('B', "b");
+    m_user.Key(VK_LEFT);
+    m_user.Key('C', "\xE7");
+    Holds(m_first);
+    m_user.Key(VK_BACK, "\b");
+    m_user.Key(VK_DELETE);
+    Holds(m_first);
+}
+
+void Scenario::ChangeTextWhileItChanges() {
+    Step("a text that its parent changes while it changes");
+    m_frame.onMessage = [this](UINT message, WPARAM wParam, LPARAM) {
+        if (message == WM_COMMAND && wParam == MAKEWPARAM(SecondEdit, EN_CHANGE) &&
+            m_second.GetWindowTextA() == "7")
+            m_second.SetWindowTextA("seven");
+        return false;
+    };
+    m_user.Click(m_second.m_hWnd, {20, 8});
+    m_user.Key('7', "7");
+    Holds(m_second);
+    m_frame.onMessage = nullptr;
+}
+
+void Scenario::ClickButtons() {
+    Step("buttons by mouse and keyboard");
+    m_user.Click(m_check.m_hWnd, {8, 12});
+    m_log.push_back("checked " + std::to_string(m_check.SendMessageA(BM_GETCHECK)));
+    m_user.Key(VK_SPACE, " ");
+    m_log.push_back("checked " + std::to_string(m_check.SendMessageA(BM_GETCHECK)));
+    m_user.Click(m_push.m_hWnd, {30, 12});
+}
+
+void Scenario::MoveInList() {
+    Step("a list by mouse and keyboard");
+    CRect row;
+    m_rows.GetItemRect(1, &row);
+    m_user.Click(m_rows.m_hWnd, {row.left + 10, row.top + 5});
+    m_user.Key(VK_DOWN);
+    m_user.Key(VK_END);
+    m_log.push_back("selected " + std::to_string(m_rows.GetNextItem(-1, LVNI_SELECTED)));
+}
+
+void Scenario::UseDropDown() {
+    Step("a drop-down window takes neither focus nor keys");
+    SetFocus(m_second.m_hWnd);
+    Recorder list(m_log, "drop-down");
+    list.CreateEx(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "KorvelFrame", "", WS_POPUP | WS_BORDER | shown,
+                  {60, 120, 200, 200}, &m_frame, 0);
+    m_user.Click(list.m_hWnd, {10, 10});
+    m_user.Key('Q', "q");
+    Holds(m_second);
+    list.DestroyWindow();
+    m_log.push_back(GetFocus() == m_second.m_hWnd ? "focus kept" : "focus lost");
+}
+
+void Scenario::LoseFocus() {
+    Step("windows that lose the focus");
+    m_second.EnableWindow(false);
+    m_user.Click(m_second.m_hWnd, {20, 8});
+    m_second.EnableWindow(true);
+    SetFocus(m_second.m_hWnd);
+    m_second.ShowWindow(SW_HIDE);
+    m_log.push_back(GetFocus() == m_frame.m_hWnd ? "focus at the parent" : "focus elsewhere");
+    m_second.ShowWindow(SW_SHOW);
+    m_user.Click(m_surface.m_hWnd, {5, 5});
+    SetTimer(m_surface.m_hWnd, 9, 20);
+    m_user.Wait(30ms);
+    KillTimer(m_surface.m_hWnd, 9);
+}
+
+void Scenario::DestroyEditWhileItChanges() {
+    Step("an edit that dies while its text changes");
+    Recorder edit(m_log, "mortal edit");
+    MakeControl(edit, "EDIT", ES_AUTOHSCROLL, {10, 170, 150, 194}, 99);
+    m_frame.onMessage = [&](UINT message, WPARAM wParam, LPARAM) {
+        if (message == WM_COMMAND && wParam == MAKEWPARAM(99, EN_CHANGE))
+            edit.DestroyWindow();
+        return false;
+    };
+    SetFocus(edit.m_hWnd);
+    m_user.Key('A', "a");
+    m_log.push_back(edit.m_hWnd ? "alive" : "gone");
+    m_frame.onMessage = nullptr;
+}
+
+void Scenario::Ask() {
+    Step("a box and a menu give the focus back");
+    SetFocus(m_first.m_hWnd);
+    m_user.AnswerBox(IDNO);
+    const int answer = MessageBoxA(m_frame.m_hWnd, "Really?", "Scenario", MB_YESNO | MB_ICONQUESTION);
+    m_log.push_back("answer " + std::to_string(answer));
+    MenuEntry one, two;
+    one.text = "one";
+    one.command = 11;
+    two.text = "two";
+    two.command = 12;
+    m_user.AnswerMenu(two.command);
+    const unsigned command = Display().TrackMenu(m_frame.m_hWnd, {100, 100}, {one, two});
+    m_log.push_back("command " + std::to_string(command));
+    m_log.push_back(GetFocus() == m_first.m_hWnd ? "focus kept" : "focus lost");
+    m_user.Key('Z', "z");
+    Holds(m_first);
+}
+
+void Scenario::RunModal() {
+    Step("a modal window");
+    Recorder dialog(m_log, "dialog");
+    dialog.CreateEx(0, "KorvelFrame", "Modal", WS_POPUP | WS_CAPTION, {80, 80, 280, 180}, &m_frame, 0);
+    Recorder edit(m_log, "edit of the dialog");
+    edit.CreateEx(0, "EDIT", "", child, {10, 10, 100, 34}, &dialog, 1);
+    bool done = false;
+    edit.onMessage = [&](UINT message, WPARAM wParam, LPARAM) {
+        done |= message == WM_KEYDOWN && wParam == VK_RETURN;
+        return false;
+    };
+    m_frame.EnableWindow(false);
+    dialog.ShowWindow(SW_SHOW);
+    SetFocus(edit.m_hWnd);
+    m_user.WhenIdle([&] {
+        m_user.Click(m_first.m_hWnd, {5, 5}); // the owner takes no input
+        m_user.Key('M', "m");
+        m_user.Key(VK_RETURN, "\r");
+    });
+    Display().RunUntil(dialog.m_hWnd, [&] { return done; });
+    Holds(edit);
+    m_frame.EnableWindow(true);
+    dialog.DestroyWindow();
+    SetFocus(m_first.m_hWnd);
+    m_user.Key('E', "e");
+    Holds(m_first);
+}
+
+Log Scenario::Run() {
+    Make();
+    Type();
+    ChangeTextWhileItChanges();
+    ClickButtons();
+    MoveInList();
+    UseDropDown();
+    LoseFocus();
+    DestroyEditWhileItChanges();
+    Ask();
+    RunModal();
+    Step("the end");
+    m_frame.DestroyWindow();
+    return m_log;
+}
+
+} // namespace
+
+Log RunScenario(User& user) {
+    return Scenario(user).Run();
+}
+
+} // namespace korvel::test

@@ -1,0 +1,107 @@
+#include "qt/users.h"
+
+#include "qt/convert.h"
+#include "window/input.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMenu>
+#include <QMessageBox>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace korvel::test {
+
+void HeadlessUser::Key(UINT key, const CString& characters) {
+    input::Key(GetFocus(), WM_KEYDOWN, key, characters);
+    input::Key(GetFocus(), WM_KEYUP, key, "");
+}
+
+void HeadlessUser::Click(HWND window, CPoint point) {
+    input::Mouse(window, WM_LBUTTONDOWN, MK_LBUTTON, point);
+    input::Mouse(window, WM_LBUTTONUP, 0, point);
+}
+
+namespace {
+
+struct KeyRow {
+    UINT key;
+    Qt::Key qtKey;
+};
+
+constexpr KeyRow keys[] = {
+    {VK_BACK, Qt::Key_Backspace}, {VK_DELETE, Qt::Key_Delete}, {VK_LEFT, Qt::Key_Left},
+    {VK_DOWN, Qt::Key_Down},      {VK_END, Qt::Key_End},       {VK_RETURN, Qt::Key_Return},
+    {VK_SPACE, Qt::Key_Space},
+};
+
+Qt::Key ToQtKey(UINT key) {
+    for (const KeyRow& row : keys) {
+        if (row.key == key)
+            return row.qtKey;
+    }
+    return static_cast<Qt::Key>(key); // letters and digits have the same codes
+}
+
+// Shown only later, so whoever shall answer tries again until there is something to answer.
+void TryUntil(const std::function<bool()>& attempt) {
+    QTimer::singleShot(1, qApp, [attempt] {
+        if (!attempt())
+            TryUntil(attempt);
+    });
+}
+
+} // namespace
+
+void QtUser::Key(UINT key, const CString& characters) {
+    Settle();
+    for (const auto action : {QTest::Press, QTest::Release}) {
+        if (QWidget* widget = QApplication::focusWidget()) // another one when the press moved the focus
+            QTest::sendKeyEvent(action, widget, ToQtKey(key), qt::ToQString(characters), Qt::NoModifier);
+    }
+}
+
+void QtUser::Click(HWND window, CPoint point) {
+    Settle();
+    QTest::mouseClick(Widget(window), Qt::LeftButton, Qt::NoModifier, {point.x, point.y});
+}
+
+void QtUser::Wait(std::chrono::milliseconds time) {
+    QTest::qWait(static_cast<int>(time.count()));
+}
+
+void QtUser::WhenIdle(std::function<void()> step) {
+    QTimer::singleShot(0, qApp, std::move(step));
+}
+
+void QtUser::AnswerBox(int button) {
+    TryUntil([button] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (box)
+            box->button(button == IDYES ? QMessageBox::Yes : QMessageBox::No)->click();
+        return box != nullptr;
+    });
+}
+
+void QtUser::AnswerMenu(unsigned command) {
+    TryUntil([command] {
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        for (QAction* action : menu ? menu->actions() : QList<QAction*>()) {
+            if (action->data().toUInt() != command)
+                continue;
+            menu->setActiveAction(action);
+            QTest::keyClick(menu, Qt::Key_Return);
+        }
+        return menu != nullptr;
+    });
+}
+
+void QtUser::Settle() const {
+    QApplication::processEvents();
+    const bool followed = QTest::qWaitFor(
+        [this] { return !GetFocus() || QApplication::focusWidget() == Widget(GetFocus()); }, 2000);
+    EXPECT_TRUE(followed) << "the focus of the desktop is not where memory has it";
+}
+
+} // namespace korvel::test
