@@ -16,6 +16,9 @@ using EnumPosition = void*;
 enum EEnumFlags : std::uint32_t {
     ENF_CheckBoxes = 0x00000001, ///< several entries can be selected
     ENF_Tree = 0x00000200,       ///< entry names are paths
+    ENF_Add = 0x08000000,        ///< the user may add entries
+    ENF_Delete = 0x10000000,     ///< the user may delete entries
+    ENF_Rename = 0x20000000,     ///< the user may rename entries
 };
 
 /// One enumeration of the host: a list of numbered entries, possibly a tree through names that are paths.
