@@ -6,6 +6,7 @@
 #include "qt/event_wait.h"
 #include "qt/look.h"
 #include "qt/make_peer.h"
+#include "qt/picture_file.h"
 #include "qt/questions.h"
 #include "window/input.h"
 #include "window/window.h"
@@ -223,6 +224,10 @@ std::optional<CString> QtDisplay::ClipboardText() {
     if (!data || !data->hasText())
         return std::nullopt;
     return FromQString(data->text());
+}
+
+std::optional<Image> QtDisplay::LoadPicture(const CString& path, CSize room) {
+    return ReadPicture(path, room);
 }
 
 } // namespace korvel::qt

@@ -53,6 +53,7 @@ public:
     void SetCursor(int cursor) override;
     bool SetClipboardText(const CString& text) override;
     std::optional<CString> ClipboardText() override;
+    std::optional<Image> LoadPicture(const CString& path, CSize room) override;
 
 private:
     friend class EmbedFrame;

@@ -96,6 +96,10 @@ public:
     // Clipboard; false when it is not to be had.
     virtual bool SetClipboardText(const CString& text) = 0;
     virtual std::optional<CString> ClipboardText() = 0;
+
+    /// The picture in a file, made smaller where it does not fit into `room`. Nothing for a file that is
+    /// missing, broken or of a format that the display does not know; a display may know none.
+    virtual std::optional<Image> LoadPicture(const CString& /*path*/, CSize /*room*/) { return std::nullopt; }
 };
 
 /// The display in force: a HeadlessDisplay that is made at first use and belongs to the thread that needed

@@ -232,4 +232,9 @@ std::optional<CString> HeadlessDisplay::ClipboardText() {
     return m_clipboard;
 }
 
+std::optional<Image> HeadlessDisplay::LoadPicture(const CString& path, CSize) {
+    const auto found = m_pictures.find(path);
+    return found == m_pictures.end() ? std::nullopt : std::optional(found->second);
+}
+
 } // namespace korvel

@@ -60,6 +60,8 @@ public:
     void MovePointer(CPoint screen) { m_pointer = screen; }
     void PressKey(UINT key, bool down) { m_keys[key] = down; }
     void SetColor(int index, COLORREF color) { m_colors[index] = color; }
+    /// What LoadPicture answers for that path, as it is; without it there is no such picture.
+    void SetPicture(const CString& path, Image image) { m_pictures[path] = std::move(image); }
 
     const std::vector<Shown>& ShownBoxes() const { return m_boxes; }
     const std::vector<std::vector<MenuEntry>>& ShownMenus() const { return m_menus; }
@@ -96,6 +98,7 @@ public:
     void SetCursor(int cursor) override;
     bool SetClipboardText(const CString& text) override;
     std::optional<CString> ClipboardText() override;
+    std::optional<Image> LoadPicture(const CString& path, CSize room) override;
 
 private:
     bool TakeWoken();
@@ -108,6 +111,7 @@ private:
     CPoint m_pointer;
     std::map<UINT, bool> m_keys;
     std::map<int, COLORREF> m_colors;
+    std::map<CString, Image> m_pictures;
     std::map<HWND, CRect> m_invalid;
     std::map<HWND, Aspects> m_changes;
     HWND m_focus = nullptr;

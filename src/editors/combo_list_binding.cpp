@@ -1,0 +1,193 @@
+#include "editors/combo_list.h"
+#include "editors/grid_ctrl_combo_box_input_states.h"
+#include "platform/error.h"
+
+#include <utility>
+
+namespace korvel {
+
+namespace {
+
+void Require(const IEnumValue* enumeration) {
+    if (!enumeration) {
+        throw Error("A value without an enumeration has no entries to choose from.");
+    }
+}
+
+} // namespace
+
+void CComboList::Initialize(IMemberDispatch* disp, const std::string& name) {
+    m_pDisp = disp;
+    m_strMemberName = name;
+    CVariantValue value;
+    if (!disp || !disp->GetMember(name, value)) {
+        return;
+    }
+    const std::string memberName = name; // may be the list's own, which UnIntialize forgets
+    Initialize(memberName, value);
+    if (IsInitialized()) {
+        m_pDisp = disp;
+        m_strMemberName = memberName;
+    }
+}
+
+void CComboList::Initialize(const std::string& name, const CVariantValue& value) {
+    Require(value.EnumValue);
+    const CVariantValue ownValue = value; // may be the list's own, which UnIntialize forgets
+    const std::string ownName = name;
+    UnIntialize();
+    m_pDisp = nullptr;
+    m_strMemberName.clear();
+    m_strValueName = ownName;
+    m_Model.SetValue(ownValue);
+    Initialize();
+}
+
+void CComboList::Initialize() {
+    if (IsInitialized()) {
+        return;
+    }
+    Require(GetEnumValue());
+    try {
+        Build();
+    } catch (...) {
+        Reset();
+        throw;
+    }
+}
+
+void CComboList::Build() {
+    const ComboTree::Keep keep(m_Model.Tree());
+    m_ImageColumn = m_Model.HasFlag(ENF_Tree) ? 0 : -1;
+    CreateColumns();
+    const CTreeItem* const selected = m_Model.Open();
+    if (!IsInitialized()) {
+        return; // the host has ended the binding meanwhile
+    }
+    OnRowsCame({0, m_Model.Tree().RowCount()});
+    if (selected && selected->HasRow()) {
+        SetItemState(selected->GetRow(), LVIS_SELECTED, LVIS_SELECTED);
+        EnsureVisible(selected->GetRow(), true);
+    }
+    m_pInputState = MakeComboInputState(*this);
+}
+
+/// Titles are German in every language: kept, saved layouts name columns by them.
+void CComboList::CreateColumns() {
+    if (m_Model.IsTable()) {
+        CreateTableColumns();
+    } else {
+        InsertColumn(0, "Bezeichnung", GetClientRect().Width());
+        ModifyStyle(0, LVS_NOCOLUMNHEADER);
+        AddSink(GetEnumValue()->GetDataType());
+    }
+    LayColumns();
+}
+
+void CComboList::CreateTableColumns() {
+    ModifyStyle(LVS_NOCOLUMNHEADER, 0);
+    InsertColumn(0, "Bezeichnung", 0);
+    const CVariantValue* const pattern = GetEnumValue()->GetTemplate();
+    IMemberDispatch* const object = pattern && pattern->Type == DT_Group ? pattern->Value.Dispatch : nullptr;
+    if (!object) {
+        return;
+    }
+    std::list<std::string> names;
+    object->GetMemberNames(names);
+    int column = 0;
+    for (const std::string& name : names) {
+        InsertColumn(++column, name, 0);
+        m_Columns[column] = name;
+        EDataTyps type = DT_Void;
+        if (object->GetMemberType(name, type)) {
+            AddSink(type);
+        }
+    }
+}
+
+void CComboList::LayColumns() {
+    const int count = GetColumnCount();
+    for (int column = 0; column < count; ++column) {
+        SetColumnWidth(column, GetClientRect().Width() / count);
+    }
+}
+
+void CComboList::UnIntialize() {
+    if (IsInitialized()) {
+        Reset();
+    }
+}
+
+void CComboList::Reset() {
+    m_Preview.Close();
+    m_bDirty = false;
+    // What the list control tells while its rows go finds a list without them; their data lives on so long.
+    const ComboTree::Keep keep(m_Model.Tree());
+    if (const auto state = std::exchange(m_pInputState, nullptr)) {
+        state->Detach();
+    }
+    m_Model.Close();
+    DeleteAllItems();
+    while (GetColumnCount() > 0) {
+        DeleteColumn(0);
+    }
+    m_strValueName.clear();
+    m_pDisp = nullptr;
+    m_strMemberName.clear();
+    SetImageList(nullptr);
+    m_ImageColumn = -1;
+    m_Columns.clear();
+    RemoveSinks();
+}
+
+void CComboList::UpdateDisp(IObserverGrid* observer) {
+    if (!m_pDisp || IsRunningUpdateDisp()) {
+        return;
+    }
+    m_Flags |= FlagUpdating;
+    try {
+        WriteBack(*m_pDisp, m_strMemberName, observer);
+    } catch (...) {
+        EndUpdate();
+        throw;
+    }
+    EndUpdate();
+}
+
+/// By value: the host may end the binding meanwhile.
+void CComboList::WriteBack(IMemberDispatch& disp, const std::string name, IObserverGrid* observer) {
+    const unsigned binding = m_Model.Binding();
+    const CVariantValue written = GetValue();
+    disp.SetMember(name, written);
+    if (observer) {
+        observer->OnChange(&disp, nullptr, name, written);
+    }
+    CVariantValue now = written;
+    disp.GetMember(name, now);
+    if (binding == m_Model.Binding()) {
+        m_Model.Value() = now;
+    }
+    if (observer && now != written) {
+        observer->OnChange(&disp, nullptr, name, now);
+    }
+}
+
+void CComboList::EndUpdate() {
+    const bool hidesPreview = (m_Flags & FlagHidePreview) != 0;
+    m_Flags = 0;
+    if (hidesPreview) {
+        m_Preview.Hide();
+        RedrawWindow();
+    }
+}
+
+const bool& CComboList::IsDirty() {
+    m_bDirty = false;
+    CVariantValue now;
+    if (m_pDisp && !IsRunningUpdateDisp() && m_pDisp->GetMember(m_strMemberName, now)) {
+        m_bDirty = now != GetValue();
+    }
+    return m_bDirty;
+}
+
+} // namespace korvel

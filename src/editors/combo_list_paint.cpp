@@ -1,0 +1,55 @@
+#include "editors/combo_list.h"
+#include "editors/combo_row_painter.h"
+
+namespace korvel {
+
+void CComboList::DrawItem(DRAWITEMSTRUCT* item) {
+    ComboRowPainter(*this, *item->hDC).Draw(static_cast<int>(item->itemID), item->itemState);
+}
+
+std::optional<ComboRowGeometry> CComboList::GetRowGeometry(int row) const {
+    const CTreeItem* const item = GetTreeItem(row);
+    ComboRowGeometry place;
+    if (!item || !GetItemRect(row, &place.bounds)) {
+        return std::nullopt;
+    }
+    place.level = item->GetLevel();
+    place.columnWidth = GetColumnWidth(0);
+    place.hasChecks = HasCheckBoxes();
+    place.hasIcons = HasTree();
+    return place;
+}
+
+CRect CComboList::GetRectTreeBox(int row) const {
+    const auto place = GetRowGeometry(row);
+    return place ? place->TreeBox() : CRect();
+}
+
+CRect CComboList::GetRectCheckBox(int row) const {
+    const auto place = GetRowGeometry(row);
+    return place ? place->CheckBox() : CRect();
+}
+
+CRect CComboList::GetIconRect(int row) const {
+    const auto place = GetRowGeometry(row);
+    return place ? place->Icon() : CRect();
+}
+
+CRect CComboList::GetRectLabel(int row) const {
+    const auto place = GetRowGeometry(row);
+    return place ? place->Label() : CRect();
+}
+
+CString CComboList::GetColumnText(const CTreeItem& item, int column) const {
+    if (item.HasLabel(column)) {
+        return item.GetLabel(column);
+    }
+    const auto member = m_Columns.find(column);
+    const CVariantValue& value = item.GetValue();
+    CVariantValue cell;
+    const bool hasCell = member != m_Columns.end() && value.Type == DT_Group && value.Value.Dispatch &&
+                         value.Value.Dispatch->GetMember(member->second, cell);
+    return hasCell ? cell.ToText() : CString();
+}
+
+} // namespace korvel

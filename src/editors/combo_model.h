@@ -1,0 +1,136 @@
+#pragma once
+
+#include "editors/combo_tree.h"
+#include "values/enum_value.h"
+
+#include <list>
+
+namespace korvel {
+
+enum EComboListMode {
+    eDesignFlat, ///< stands in a dialog; entries can be added, renamed and removed; names stay flat
+    eDesignTree, ///< the same; names are split into a tree where the enumeration asks for it
+    eDropDown,   ///< drops down under a field; has no context menu
+};
+
+/// Hears which rows of a ComboModel came and went, after it happened.
+class IComboRowSink {
+public:
+    virtual void OnRowsCame(ComboTree::RowRange rows) = 0;
+    virtual void OnRowsWent(ComboTree::RowRange rows) = 0;
+
+protected:
+    ~IComboRowSink() = default;
+};
+
+/// What a CComboList decides: the tree of an enumeration's entries, the value that selects some of them,
+/// names and paths. It knows no window.
+///
+/// The enumeration may change, or the model be closed, while it is being asked: what was under way then
+/// stops. What it throws passes through, and leaves rows and counts that agree.
+class KORVEL_API ComboModel {
+public:
+    ComboModel(EComboListMode mode, IComboRowSink& sink) : m_Mode(mode), m_sink(sink) {}
+
+    // Life.
+
+    /// What the model is about from the next Open on.
+    void SetValue(const CVariantValue& value);
+    CVariantValue& Value() { return m_Value; }
+    const CVariantValue& Value() const { return m_Value; }
+    IEnumValue* Enumeration() const { return m_pEnumValue; }
+    EComboListMode Mode() const { return m_Mode; }
+    /// Makes the tree; expands it down to what the value selects, and answers the last such entry, or null.
+    /// The sink hears nothing of it. A failure closes the model.
+    CComboTreeItem* Open();
+    void Close();
+    bool IsOpen() const { return m_bOpen; }
+    /// Another number after every Close.
+    unsigned Binding() const { return m_binding; }
+    ComboTree& Tree() { return m_Tree; }
+    const ComboTree& Tree() const { return m_Tree; }
+
+    // The enumeration.
+
+    bool HasFlag(EEnumFlags flag) const;
+    bool IsTable() const;
+    /// Names are split into a tree.
+    bool IsTreePreview() const { return m_Mode != eDesignFlat && HasFlag(ENF_Tree); }
+    char Separator() const;
+
+    // Rows.
+
+    void Expand(CComboTreeItem& item);
+    void Collapse(CComboTreeItem& item);
+    /// The item and everything above it.
+    void ExpandParent(CComboTreeItem* item);
+
+    // Entries and groups; a null parent is the root.
+
+    CComboTreeItem* InsertItem(CComboTreeItem* parent, long id, const CVariantValue& value);
+    CComboTreeItem* InsertItem(CComboTreeItem* parent, const std::string& name);
+    /// Has the enumeration make an entry; answers its item, null when it refuses.
+    CComboTreeItem* AddValue(const std::string& name, const std::string& group);
+    /// Has the enumeration remove every entry at and under the item, then the groups.
+    void DestroySubTree(CComboTreeItem& item);
+    /// An entry came (its item, shown), went or was renamed.
+    CComboTreeItem* EntryCame(long id);
+    void EntryWent(long id);
+    void EntryRenamed(long id);
+
+    // Names.
+
+    std::string Path(const CComboTreeItem& item) const;
+    std::string UniqueNameUnder(const CComboTreeItem& parent, const std::string& base) const;
+    /// The same for the last part of the path, as the user typed it. False also for a text that is not one
+    /// part.
+    bool RenameLabel(CComboTreeItem& item, const std::string& label);
+    /// Has the enumeration rename the entry, or every entry under the group. False when it refuses one;
+    /// the entries of a group that it did rename then stand under their new path.
+    bool RenameName(CComboTreeItem& item, const std::string& oldPath, const std::string& newPath);
+    /// Labels written anew, under the formats of today.
+    void RefreshLabels();
+
+    // Choice.
+
+    /// Selects every entry whose name equals that of the item (null: the empty text); in a table, of those
+    /// with the same object.
+    void Apply(const CComboTreeItem* item);
+    void ToggleCheck(CComboTreeItem& item);
+    void SetCheck(CComboTreeItem& item, bool check);
+
+private:
+    /// Calls `visit(id)` for each entry while this binding lasts.
+    template <class Visit>
+    void WalkEntries(Visit visit);
+    CComboTreeItem* InsertEntries();
+    std::list<std::string> Segments(const std::string& text) const;
+    std::string LabelOf(const CVariantValue& value) const;
+    void RemoveEntry(CComboTreeItem& item);
+    bool RenameValue(CComboTreeItem& item, const std::string& newPath);
+    bool RenameGroup(CComboTreeItem& group, const std::string& oldPath, const std::string& newPath);
+    struct RenamedEntry {
+        CComboTreeItem* item;
+        std::string path;
+        bool isRenamed = false;
+    };
+    void SplitGroup(CComboTreeItem& group, const std::string& oldLabel,
+                    const std::vector<RenamedEntry>& entries);
+    void RenameTreeItem(CComboTreeItem& item);
+    void RenameGroupItem(CComboTreeItem& item, std::list<std::string> segments);
+    void MoveToItsPath(CComboTreeItem& item, const CVariantValue& name);
+    void CheckValue(CComboTreeItem& item, bool check);
+    void Came(ComboTree::RowRange rows);
+    void Went(ComboTree::RowRange rows);
+
+    const EComboListMode m_Mode;
+    IComboRowSink& m_sink;
+    IEnumValue* m_pEnumValue = nullptr;
+    CVariantValue m_Value;
+    ComboTree m_Tree;
+    bool m_bOpen = false;
+    bool m_bBuilding = false;
+    unsigned m_binding = 0; // counts on with every end of a binding
+};
+
+} // namespace korvel

@@ -1,0 +1,170 @@
+#include "editors/combo_model.h"
+#include "editors/path_name.h"
+
+#include <unordered_set>
+
+namespace korvel {
+
+namespace {
+
+bool KeepsText(const CVariantValue& value) {
+    return value.Type == DT_String || value.Type == DT_FileName;
+}
+
+} // namespace
+
+std::string ComboModel::Path(const CComboTreeItem& item) const {
+    std::vector<const std::string*> labels;
+    for (const CComboTreeItem* level = &item; level->GetParent(); level = level->GetParent()) {
+        labels.push_back(&level->GetLabel());
+    }
+    std::string path;
+    for (auto label = labels.rbegin(); label != labels.rend(); ++label) {
+        if (label != labels.rbegin()) {
+            path += Separator();
+        }
+        path += **label;
+    }
+    return path;
+}
+
+std::string ComboModel::UniqueNameUnder(const CComboTreeItem& parent, const std::string& base) const {
+    const char separator = Separator();
+    std::unordered_set<std::string> taken;
+    for (const CComboTreeItem* child = parent.GetFirstChild(); child; child = child->GetNextSibling()) {
+        std::list<std::string> segments = SplitPathName(child->GetLabel(), separator);
+        if (!segments.empty()) {
+            taken.insert(std::move(segments.front()));
+        }
+    }
+    return UniqueName(base, [&](const std::string& name) { return taken.count(name) != 0; });
+}
+
+bool ComboModel::RenameLabel(CComboTreeItem& item, const std::string& label) {
+    std::list<std::string> segments = IsTreePreview() ? Segments(label) : std::list<std::string>{label};
+    if (segments.size() != 1 || label.empty() || segments.front() == item.GetLabel()) {
+        return false;
+    }
+    const std::string above = item.GetLevel() > 1 ? Path(*item.GetParent()) + Separator() : std::string();
+    return RenameName(item, Path(item), above + segments.front());
+}
+
+bool ComboModel::RenameName(CComboTreeItem& item, const std::string& oldPath, const std::string& newPath) {
+    const ComboTree::Keep keep(m_Tree);
+    const bool isEntryAlone = item.IsValue() && !item.HasChildren();
+    return isEntryAlone ? RenameValue(item, newPath) : RenameGroup(item, oldPath, newPath);
+}
+
+/// A name that is no text is renamed by the text that the user typed: what it means is the enumeration's
+/// affair.
+bool ComboModel::RenameValue(CComboTreeItem& item, const std::string& newPath) {
+    const unsigned binding = m_binding;
+    const long id = item.GetId();
+    CVariantValue name;
+    if (!m_pEnumValue->GetName(id, name) || binding != m_binding) {
+        return false;
+    }
+    if (!KeepsText(name)) {
+        name = CVariantValue();
+        name.Type = DT_String;
+    }
+    name.Text = newPath;
+    if (!m_pEnumValue->SetName(id, name)) {
+        return false;
+    }
+    if (binding == m_binding && item.GetParent() && item.IsValue()) {
+        RenameTreeItem(item);
+    }
+    return binding == m_binding;
+}
+
+/// A group takes its new label when the enumeration has renamed every entry in it.
+bool ComboModel::RenameGroup(CComboTreeItem& group, const std::string& oldPath, const std::string& newPath) {
+    const unsigned binding = m_binding;
+    const std::string oldLabel = group.GetLabel();
+    std::vector<RenamedEntry> entries;
+    for (CComboTreeItem* under = &group; under; under = under->GetNextUnder(group)) {
+        if (under->IsValue()) {
+            entries.push_back({under, newPath + Path(*under).substr(oldPath.size())});
+        }
+    }
+    bool all = true;
+    try {
+        for (RenamedEntry& entry : entries) {
+            entry.isRenamed = entry.item->GetParent() && RenameValue(*entry.item, entry.path);
+            all = all && entry.isRenamed;
+            if (binding != m_binding) {
+                return false;
+            }
+        }
+    } catch (...) {
+        if (binding == m_binding) {
+            SplitGroup(group, oldLabel, entries);
+        }
+        throw;
+    }
+    if (!all) {
+        SplitGroup(group, oldLabel, entries);
+    } else if (group.GetParent()) {
+        const std::list<std::string> segments = Segments(newPath);
+        m_Tree.SetLabel(group, 0, segments.empty() ? newPath : segments.back());
+    }
+    return all;
+}
+
+/// The entries that were renamed go to their new path; the others stay where they were.
+void ComboModel::SplitGroup(CComboTreeItem& group, const std::string& oldLabel,
+                            const std::vector<RenamedEntry>& entries) {
+    m_Tree.SetLabel(group, 0, oldLabel);
+    for (const RenamedEntry& entry : entries) {
+        if (entry.isRenamed && entry.item->GetParent() && entry.item->IsValue()) {
+            MoveToItsPath(*entry.item, entry.item->GetValue());
+        }
+    }
+}
+
+void ComboModel::EntryRenamed(long id) {
+    const ComboTree::Keep keep(m_Tree);
+    if (CComboTreeItem* const item = m_Tree.FindValue(id)) {
+        RenameTreeItem(*item);
+    }
+}
+
+/// The labels above follow the name, also where other entries stand under them: kept. A host that moves one
+/// entry of several to another group by its name sees the whole group renamed.
+void ComboModel::RenameTreeItem(CComboTreeItem& item) {
+    const unsigned binding = m_binding;
+    CVariantValue name;
+    if (!m_pEnumValue->GetName(item.GetId(), name) || binding != m_binding) {
+        return;
+    }
+    const std::string text = name.ToText();
+    std::list<std::string> segments = Segments(text);
+    if (segments.empty()) {
+        segments.push_back(text);
+    }
+    if (static_cast<int>(segments.size()) != item.GetLevel()) {
+        MoveToItsPath(item, name);
+        return;
+    }
+    m_Tree.SetValue(item, name);
+    RenameGroupItem(item, std::move(segments));
+}
+
+void ComboModel::RenameGroupItem(CComboTreeItem& item, std::list<std::string> segments) {
+    for (CComboTreeItem* level = &item; !segments.empty(); level = level->GetParent()) {
+        if (level->GetLabel() != segments.back()) {
+            m_Tree.SetLabel(*level, 0, std::move(segments.back()));
+        }
+        segments.pop_back();
+    }
+}
+
+void ComboModel::MoveToItsPath(CComboTreeItem& item, const CVariantValue& name) {
+    const bool isChecked = ComboTree::IsChecked(item);
+    CComboTreeItem* const moved = InsertItem(nullptr, item.GetId(), name);
+    m_Tree.SetCheck(*moved, isChecked);
+    Went(m_Tree.RemoveValue(item));
+}
+
+} // namespace korvel
