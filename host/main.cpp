@@ -1,3 +1,4 @@
+#include "desktop/desktop_run.h"
 #include "list_writer.h"
 #include "options.h"
 #include "platform/code_page.h"
@@ -46,7 +47,7 @@ int Run(const Options& options) {
     ApplySettings(options);
     if (options.list)
         return List(options);
-    throw UsageError("this build has no window; it knows --list");
+    return RunOnDesktop(options);
 }
 
 } // namespace

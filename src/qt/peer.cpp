@@ -71,6 +71,8 @@ void Peer::FollowParent() {
     if (!parent || m_outer.parentWidget() == &parent->m_content)
         return;
     m_outer.setParent(&parent->m_content, Qt::Widget);
+    m_outer.setMinimumSize(0, 0); // a top-level window may have had a size of its own
+    m_outer.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
     m_outer.setVisible(view::IsShown(m_window));
 }

@@ -1,0 +1,99 @@
+#include "desktop/desktop_run.h"
+
+#include "desktop/button_texts.h"
+#include "desktop/inspector_window.h"
+#include "platform/code_page.h"
+#include "platform/screen.h"
+#include "qt/qt_display.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QPixmap>
+#include <clocale>
+#include <iostream>
+
+namespace korvel::inspector {
+
+namespace {
+
+// A platform that the user chose for Qt counts as a screen.
+bool HasScreen() {
+    return platform::HasScreen() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+std::string PictureBeside(const std::string& file) {
+    const QFileInfo info(QFile::decodeName(file.c_str()));
+    return QFile::encodeName(QDir::current().filePath(info.completeBaseName() + QStringLiteral(".png")))
+        .toStdString();
+}
+
+void ExpandAsAsked(GridPane& pane, const Options& options) {
+    if (options.expandAll)
+        pane.ExpandAll();
+    for (const std::string& path : options.expand) {
+        if (!pane.Expand(platform::FromUtf8(path).text))
+            throw UsageError("--expand: there is no '" + path + "'");
+    }
+}
+
+void WritePicture(InspectorWindow& window, const Options& options, const std::string& path) {
+    window.resize(options.size.width, options.size.height);
+    window.show();
+    if (!options.file.empty())
+        window.Open(options.file);
+    ExpandAsAsked(window.Pane(), options);
+    QApplication::processEvents();
+    if (!window.grab().save(QFile::decodeName(path.c_str()), "PNG"))
+        throw Error("the picture '" + platform::FromUtf8(path).text + "' cannot be written");
+}
+
+// What Qt finds missing where there is no screen is no news, and would hide what is.
+void KeepQuiet(QtMsgType type, const QMessageLogContext&, const QString& message) {
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::cerr << message.toStdString() << '\n';
+}
+
+int ShowUntilClosed(InspectorWindow& window, const Options& options) {
+    window.show();
+    if (!options.file.empty()) {
+        window.OpenOrTell(options.file);
+        ExpandAsAsked(window.Pane(), options);
+    }
+    return QApplication::exec();
+}
+
+} // namespace
+
+int RunOnDesktop(const Options& options) {
+    const bool picture = !options.screenshot.empty() || !HasScreen();
+    if (picture && options.screenshot.empty() && options.file.empty())
+        throw UsageError("there is no screen, and no file to make a picture of");
+    if (picture) {
+        qInstallMessageHandler(KeepQuiet);
+        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+            qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    int count = 1;
+    char name[] = "inspector";
+    char* arguments[] = {name, nullptr};
+    QApplication application(count, arguments);
+    std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written
+    QApplication::setApplicationDisplayName(QStringLiteral("LandXML Inspector"));
+    QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
+    ButtonTexts buttonTexts;
+    QApplication::installTranslator(&buttonTexts);
+    qt::QtDisplay display;
+    SetDisplay(&display);
+    InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0)});
+    if (!picture)
+        return ShowUntilClosed(window, options);
+    const std::string path = options.screenshot.empty() ? PictureBeside(options.file) : options.screenshot;
+    WritePicture(window, options, path);
+    if (options.screenshot.empty())
+        std::cout << "There is no screen; the picture of the window is " << path << '\n';
+    return 0;
+}
+
+} // namespace korvel::inspector

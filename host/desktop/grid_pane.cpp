@@ -1,0 +1,105 @@
+#include "desktop/grid_pane.h"
+
+#include "desktop/program_texts.h"
+#include "platform/code_page.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace korvel::inspector {
+
+namespace {
+
+constexpr CRect firstPlace = {0, 0, 900, 600}; // until a layout places it
+constexpr int smallestValueColumn = 120;
+constexpr int gridId = 105;
+constexpr int nameShare = 2; // of fifths of the width
+
+std::string InCodePage(const char* utf8) {
+    return platform::FromUtf8(utf8).text;
+}
+
+// The child whose name begins the path; of several, the one with the longest name.
+grid::CTreeItem* FindStep(const ChildList& children, std::string_view path) {
+    grid::CTreeItem* found = nullptr;
+    for (grid::CTreeItem* child : children) {
+        const std::string& name = child->info->text;
+        const bool matches =
+            path.starts_with(name) && (path.size() == name.size() || path[name.size()] == '/');
+        if (matches && (!found || found->info->text.size() < name.size()))
+            found = child;
+    }
+    return found;
+}
+
+} // namespace
+
+LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CEditableGrid::WindowProc(message, wParam, lParam);
+    const bool dragged = message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ENDTRACK;
+    if (message == WM_SIZE || dragged)
+        FitValueColumn();
+    return result;
+}
+
+void AttributeGrid::FitValueColumn() {
+    if (GetColumnCount() == 2)
+        SetColumnWidth(1, std::max(smallestValueColumn, GetClientRect().Width() - GetColumnWidth(0)));
+}
+
+GridPane::GridPane() : m_grid(nullptr, nullptr) {
+    CreateEx(0, "KorvelFrame", "", 0, firstPlace, nullptr, 0);
+    m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
+                  firstPlace, this, gridId);
+}
+
+void GridPane::Show(IMemberDispatch& root) {
+    m_grid.Clear();
+    const int width = m_grid.GetClientRect().Width();
+    const int name = width * nameShare / 5;
+    m_grid.SetColumnInfo({{0, name}, {1, width - name}});
+    const ProgramTexts& texts = TheProgramTexts();
+    m_grid.Initialize(&root, InCodePage(texts.name), InCodePage(texts.value), 0);
+    constexpr UINT both = LVIS_SELECTED | LVIS_FOCUSED;
+    m_grid.SetItemState(0, both, both);
+    m_grid.SetFocus();
+}
+
+bool GridPane::Expand(const std::string& path) {
+    const ChildList* children = &m_grid.rootItems();
+    for (std::string_view rest = path; !rest.empty();) {
+        grid::CTreeItem* node = FindStep(*children, rest);
+        if (!node)
+            return false;
+        m_grid.ExpandNode(node, m_grid.RowOfNode(node));
+        children = &node->children();
+        rest.remove_prefix(std::min(rest.size(), node->info->text.size() + 1));
+    }
+    return true;
+}
+
+GridPane::Counts GridPane::Count() const {
+    Counts counts;
+    std::vector<const ChildList*> families = {&m_grid.rootItems()};
+    while (!families.empty()) {
+        const ChildList& family = *families.back();
+        families.pop_back();
+        for (const grid::CTreeItem* node : family) {
+            ++(node->info->disp ? counts.objects : counts.members);
+            if (!node->children().empty())
+                families.push_back(&node->children());
+        }
+    }
+    return counts;
+}
+
+LRESULT GridPane::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    if (message == WM_SIZE)
+        m_grid.MoveWindow(GetClientRect());
+    else if (message == WM_SETFOCUS)
+        m_grid.SetFocus();
+    return result;
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,147 @@
+#include "desktop/inspector_window.h"
+
+#include "desktop/program_texts.h"
+#include "platform/code_page.h"
+#include "qt/embed.h"
+#include "source_error.h"
+
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLocale>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+
+namespace korvel::inspector {
+
+namespace {
+
+constexpr QSize firstSize = {1000, 700};
+
+/// Shows the wait cursor for its lifetime.
+class WaitCursor {
+public:
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+// The one local file that is being dragged; empty for anything else.
+QString DraggedFile(const QMimeData* data) {
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+} // namespace
+
+InspectorWindow::InspectorWindow(const ReadingOptions& options)
+    : m_options(options), m_pane(std::make_unique<GridPane>()) {
+    setWindowTitle(QGuiApplication::applicationDisplayName());
+    resize(firstSize);
+    setAcceptDrops(true);
+    MakeMenus();
+    m_pages = new QStackedWidget;
+    auto* invitation = new QLabel(QString::fromUtf8(TheProgramTexts().invitation));
+    invitation->setAlignment(Qt::AlignCenter);
+    m_pages->addWidget(invitation);
+    m_pages->addWidget(qt::Embed(m_pane->m_hWnd));
+    setCentralWidget(m_pages);
+    m_status = new QLabel;
+    statusBar()->addWidget(m_status);
+}
+
+InspectorWindow::~InspectorWindow() {
+    delete takeCentralWidget(); // ends the windows inside while the objects that they show are alive
+}
+
+void InspectorWindow::MakeMenus() {
+    const ProgramTexts& texts = TheProgramTexts();
+    QMenu* file = menuBar()->addMenu(QString::fromUtf8(texts.fileMenu));
+    QAction* open = file->addAction(QString::fromUtf8(texts.open), this, [this] { ChooseFile(); });
+    open->setShortcut(QKeySequence::Open);
+    file->addSeparator();
+    QAction* quit = file->addAction(QString::fromUtf8(texts.quit), this, [this] { close(); });
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    QMenu* help = menuBar()->addMenu(QString::fromUtf8(texts.helpMenu));
+    help->addAction(QString::fromUtf8(texts.about), this, [this] { TellAbout(); });
+}
+
+void InspectorWindow::Open(const std::string& path) {
+    const WaitCursor wait;
+    auto document = std::make_unique<LandXmlDocument>(path, m_options);
+    m_pane->Clear();
+    m_document = std::move(document);
+    m_pages->setCurrentIndex(1);
+    m_pane->Show(m_document->Root());
+    ShowStatus(path);
+}
+
+void InspectorWindow::OpenOrTell(const std::string& path) {
+    QString failure;
+    try {
+        Open(path);
+    } catch (const DocumentError& error) {
+        failure = QString::fromStdString(error.Utf8Text());
+    } catch (const std::exception& error) {
+        failure = QString::fromStdString(platform::ToUtf8(error.what()));
+    }
+    if (!failure.isEmpty())
+        QMessageBox(QMessageBox::Critical, QGuiApplication::applicationDisplayName(), failure,
+                    QMessageBox::Ok, this)
+            .exec();
+}
+
+void InspectorWindow::ShowStatus(const std::string& path) {
+    const ProgramTexts& texts = TheProgramTexts();
+    const QFileInfo file(QFile::decodeName(path.c_str()));
+    setWindowTitle(file.fileName() + QStringLiteral(" – ") + QGuiApplication::applicationDisplayName());
+    const GridPane::Counts counts = m_pane->Count();
+    const QLocale locale;
+    QString status = QString::fromUtf8(texts.counts)
+                         .arg(locale.toString(static_cast<qulonglong>(counts.objects)),
+                              locale.toString(static_cast<qulonglong>(counts.members)));
+    if (m_document->IsReadOnly())
+        status += QStringLiteral(" – ") + QString::fromUtf8(texts.readOnly);
+    for (const std::string& notice : m_document->Notices())
+        status += QStringLiteral(" – ") + QString::fromStdString(platform::ToUtf8(notice));
+    m_status->setText(status);
+}
+
+void InspectorWindow::ChooseFile() {
+    const ProgramTexts& texts = TheProgramTexts();
+    const QString filter = QStringLiteral("%1 (*.xml *.XML);;%2 (*)")
+                               .arg(QString::fromUtf8(texts.landXmlFiles), QString::fromUtf8(texts.allFiles));
+    const QString path =
+        QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption), QString(), filter);
+    if (!path.isEmpty())
+        OpenOrTell(QFile::encodeName(path).toStdString());
+}
+
+void InspectorWindow::TellAbout() {
+    QMessageBox::about(
+        this, QGuiApplication::applicationDisplayName(),
+        QString::fromUtf8(TheProgramTexts().aboutText).arg(QGuiApplication::applicationVersion()));
+}
+
+void InspectorWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DraggedFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+// The file is read when the drag is over: the program that it comes from waits for the answer.
+void InspectorWindow::dropEvent(QDropEvent* event) {
+    const std::string path = QFile::encodeName(DraggedFile(event->mimeData())).toStdString();
+    event->acceptProposedAction();
+    QTimer::singleShot(0, this, [this, path] { OpenOrTell(path); });
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "desktop/grid_pane.h"
+#include "landxml_document.h"
+
+#include <QMainWindow>
+#include <memory>
+#include <string>
+
+class QLabel;
+class QStackedWidget;
+
+namespace korvel::inspector {
+
+/// The inspector's main window: menus, the grid of the open document, and a status line. It is to be made
+/// while a QtDisplay is in force.
+class InspectorWindow final : public QMainWindow {
+public:
+    explicit InspectorWindow(const ReadingOptions& options);
+    ~InspectorWindow() override;
+
+    /// Opens a document instead of the one that is shown. Throws DocumentError; what was shown stays then.
+    void Open(const std::string& path);
+    /// The same; a box tells what went wrong.
+    void OpenOrTell(const std::string& path);
+    GridPane& Pane() { return *m_pane; }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void MakeMenus();
+    void ChooseFile();
+    void TellAbout();
+    void ShowStatus(const std::string& path);
+
+    const ReadingOptions m_options;
+    std::unique_ptr<LandXmlDocument> m_document; // outlives the grid that shows it
+    std::unique_ptr<GridPane> m_pane;
+    QStackedWidget* m_pages = nullptr;
+    QLabel* m_status = nullptr;
+};
+
+} // namespace korvel::inspector

@@ -1,0 +1,32 @@
+#pragma once
+
+namespace korvel::inspector {
+
+/// What the inspector itself says, in UTF-8; the library's texts are its own.
+struct ProgramTexts {
+    const char* fileMenu;
+    const char* open;
+    const char* quit;
+    const char* helpMenu;
+    const char* about;
+    const char* aboutText; // %1: the version
+    const char* openCaption;
+    const char* landXmlFiles;
+    const char* allFiles;
+    const char* invitation;
+    const char* name;
+    const char* value;
+    const char* counts; // %1: objects, %2: members
+    const char* readOnly;
+    const char* ok;
+    const char* cancel;
+    const char* yes;
+    const char* no;
+    const char* close;
+    const char* openButton;
+};
+
+/// The texts in the language of the process, which is German when it is not English.
+const ProgramTexts& TheProgramTexts();
+
+} // namespace korvel::inspector
