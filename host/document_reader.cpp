@@ -50,6 +50,7 @@ public:
             m_scanner.Fail(m_source.size(), "the document has no element");
         std::sort(m_tree.m_mixedTexts.begin(), m_tree.m_mixedTexts.end(),
                   [](const auto& a, const auto& b) { return a.element < b.element; });
+        m_tree.IndexNamespaces();
         return std::move(m_tree);
     }
 

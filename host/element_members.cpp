@@ -1,6 +1,6 @@
 #include "element_members.h"
 
-#include "platform/code_page.h"
+#include "number_reading.h"
 
 #include <algorithm>
 #include <array>
@@ -135,19 +135,22 @@ MemberName ElementMembers::NameOfElement(ElementIndex element) const {
         name += ' ' + text.utf8 + (text.complete ? "" : "...");
         break;
     }
-    return {platform::FromUtf8(name).text, IsForeign(element) ? ForeignMark : ""};
+    return {ToLibraryText(name).text, IsForeign(element) ? ForeignMark : ""};
 }
 
 MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) const {
     if (member.kind == MemberKind::Object)
         return NameOfElement(member.place);
+    if (member.kind == MemberKind::TextElement) {
+        MemberName name = NameOfElement(member.place);
+        name.mark = IsValidTextElement(member.place) ? "" : InvalidMark;
+        return name;
+    }
     const TypedValue value = ValueOf(owner, member);
     MemberName name;
-    if (member.kind == MemberKind::TextElement) {
-        name = NameOfElement(member.place);
-    } else if (member.kind == MemberKind::Attribute) {
+    if (member.kind == MemberKind::Attribute) {
         const AttributeSource attribute = AttributeAt(member.place);
-        name.stem = platform::FromUtf8(attribute.name).text;
+        name.stem = ToLibraryText(std::string(attribute.name)).text;
         name.mark = IsForeign(owner, attribute) ? ForeignMark : "";
     } else {
         name.stem = member.place == WholeText ? "text" : TextTypeOf(owner).parts[member.place].name;
@@ -224,20 +227,22 @@ TypedValue ElementMembers::TextPartValue(ElementIndex owner, std::uint32_t part)
     return Read(owner, type.parts[part].type, text);
 }
 
+// Only the points of terrains have a type: rows of numbers.
+bool ElementMembers::IsValidTextElement(ElementIndex element) const {
+    const TextType type = TypeOfText(m_tree.LocalName(element));
+    if (type.parts.size() == 1)
+        return true;
+    const DecodedText text = DecodeText(m_tree.Text(element), LongestShownText);
+    const std::vector<std::string_view> words = SplitAtBlanks(text.utf8);
+    return text.complete && words.size() >= type.required && words.size() <= type.parts.size() &&
+           std::all_of(words.begin(), words.end(),
+                       [](std::string_view word) { return ReadDouble(word) || IsNotFinite(word); });
+}
+
 TypedValue ElementMembers::TextElementValue(ElementIndex element) const {
     DecodedText text = DecodeText(m_tree.Text(element), LongestShownText);
-    const TextType type = TextTypeOf(element);
-    std::vector<std::string_view> words = SplitAtBlanks(text.utf8);
-    bool isValid = text.complete;
-    if (type.parts.size() > 1) {
-        isValid = isValid && words.size() >= type.required && words.size() <= type.parts.size();
-        for (std::size_t i = 0; isValid && i < words.size(); ++i)
-            isValid = Read(element, type.parts[i].type, {std::string(words[i])}).isValid;
-    }
-    text.utf8 = JoinWithBlanks(words);
-    TypedValue value = Read(element, {}, text);
-    value.isValid = isValid;
-    return value;
+    text.utf8 = JoinWithBlanks(SplitAtBlanks(text.utf8));
+    return Read(element, {}, text);
 }
 
 bool ElementMembers::IsReplaceable(ElementIndex owner, const Member& member) const {

@@ -75,6 +75,7 @@ private:
 
     void ListTextParts(ElementIndex owner, std::vector<Member>& members) const;
     bool IsTextElement(ElementIndex element) const;
+    bool IsValidTextElement(ElementIndex element) const;
     bool IsForeign(ElementIndex element) const;
     bool IsForeign(ElementIndex owner, const AttributeSource& attribute) const;
     bool IsLandXml(std::string_view address) const;

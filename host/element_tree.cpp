@@ -84,19 +84,41 @@ TextSource ElementTree::Text(ElementIndex element) const {
     return {Trim(std::string_view(m_source).substr(begin, EndOfCharacters(m_source, begin) - begin)), true};
 }
 
+AttributeSource ElementTree::DeclarationAt(const NamespaceDeclaration& declaration) const {
+    SourceScanner scanner(m_source, declaration.attribute - 1); // from the blank before it
+    AttributeSource attribute;
+    scanner.NextAttribute(attribute);
+    attribute.name = attribute.name == "xmlns" ? std::string_view() : LocalPart(attribute.name);
+    return attribute;
+}
+
+void ElementTree::IndexNamespaces() {
+    std::sort(m_namespaces.begin(), m_namespaces.end(),
+              [this](const NamespaceDeclaration& a, const NamespaceDeclaration& b) {
+                  return a.element != b.element ? a.element < b.element
+                                                : DeclarationAt(a).name < DeclarationAt(b).name;
+              });
+    ElementIndex last = NoElement;
+    for (const NamespaceDeclaration& declaration : m_namespaces) {
+        if (declaration.element != last)
+            m_namespaceScopes.Add(declaration.element, SubtreeEnd(declaration.element));
+        last = declaration.element;
+    }
+}
+
 std::string_view ElementTree::NamespaceOf(ElementIndex element, std::string_view prefix) const {
-    for (; element != NoElement; element = Parent(element)) {
-        auto found =
-            std::lower_bound(m_namespaces.begin(), m_namespaces.end(), element,
-                             [](const NamespaceDeclaration& d, ElementIndex e) { return d.element < e; });
-        for (; found != m_namespaces.end() && found->element == element; ++found) {
-            SourceScanner scanner(m_source, found->attribute - 1); // from the blank before it
-            AttributeSource attribute;
-            scanner.NextAttribute(attribute);
-            const bool isDefault = attribute.name == "xmlns";
-            if (isDefault ? prefix.empty() : LocalPart(attribute.name) == prefix)
-                return attribute.value;
-        }
+    for (std::uint32_t scope = m_namespaceScopes.Innermost(element); scope != ScopeIndex::None;
+         scope = m_namespaceScopes.Outer(scope)) {
+        const ElementIndex holder = m_namespaceScopes.Begin(scope);
+        const auto found =
+            std::lower_bound(m_namespaces.begin(), m_namespaces.end(), holder,
+                             [&](const NamespaceDeclaration& d, ElementIndex e) {
+                                 return d.element != e ? d.element < e : DeclarationAt(d).name < prefix;
+                             });
+        if (found == m_namespaces.end() || found->element != holder)
+            continue;
+        if (const AttributeSource declaration = DeclarationAt(*found); declaration.name == prefix)
+            return declaration.value;
     }
     return {};
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "scope_index.h"
 #include "source_scanner.h"
 
 #include <cstdint>
@@ -9,8 +10,6 @@
 
 namespace korvel::inspector {
 
-/// The number of an element in document order; the root is 0.
-using ElementIndex = std::uint32_t;
 inline constexpr ElementIndex NoElement = 0xFFFFFFFF;
 
 /// The text directly inside an element, as written: from its first to its last character that is not blank.
@@ -85,11 +84,14 @@ private:
     };
 
     SourceScanner AtAttributes(ElementIndex element) const;
+    AttributeSource DeclarationAt(const NamespaceDeclaration& declaration) const;
+    void IndexNamespaces();
 
     std::string m_source;
     std::vector<Element> m_elements;
     std::vector<MixedText> m_mixedTexts;            // by element
-    std::vector<NamespaceDeclaration> m_namespaces; // by element
+    std::vector<NamespaceDeclaration> m_namespaces; // by element, then by prefix
+    ScopeIndex m_namespaceScopes;                   // the elements with declarations
 };
 
 class ElementTree::ChildRange {

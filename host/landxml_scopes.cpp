@@ -3,12 +3,18 @@
 #include "source_text.h"
 
 #include <algorithm>
+#include <map>
 
 namespace korvel::inspector {
 namespace {
 
 // Kept unit sets: real files have one to three, a made one must not fill the memory.
 constexpr std::size_t MostKeptUnitSets = 64;
+
+bool NamesAlignments(const ElementTree& tree, ElementIndex element) {
+    return !tree.FindAttribute(element, "alignmentRef").empty() ||
+           !tree.FindAttribute(element, "alignmentRefs").empty();
+}
 
 std::string NameText(std::string_view raw) {
     return DecodeAttribute(Trim(raw), LongestAttribute).utf8;
@@ -17,48 +23,52 @@ std::string NameText(std::string_view raw) {
 } // namespace
 
 LandXmlScopes::LandXmlScopes(const ElementTree& tree) : m_tree(tree) {
-    for (ElementIndex element = 1; element < tree.Count(); ++element) {
-        const std::string_view name = tree.LocalName(element);
-        if (name == "Units")
-            AddUnits(element);
-        else if (name == "Cant")
-            AddCant(element);
+    FindUnits();
+    FindRailways();
+}
+
+void LandXmlScopes::FindUnits() {
+    std::map<ElementIndex, ElementIndex> units; // by the element that they hold for; the first ones count
+    for (ElementIndex element = 1; element < m_tree.Count(); ++element) {
+        if (m_tree.LocalName(element) != "Units" || !m_tree.HasChildren(element))
+            continue;
+        ElementIndex holder = m_tree.Parent(element);
+        if (m_tree.LocalName(holder) == "SurveyHeader" && m_tree.Parent(holder) != NoElement)
+            holder = m_tree.Parent(holder);
+        units.emplace(holder, element);
     }
-    std::sort(m_railways.begin(), m_railways.end());
-    std::stable_sort(m_unitScopes.begin(), m_unitScopes.end(),
-                     [](const UnitScope& a, const UnitScope& b) { return a.begin < b.begin; });
+    for (const auto& [holder, element] : units) {
+        m_unitScopes.Add(holder, m_tree.SubtreeEnd(holder));
+        m_unitElements.push_back(element);
+    }
 }
 
-void LandXmlScopes::AddUnits(ElementIndex units) {
-    ElementIndex begin = m_tree.Parent(units);
-    if (m_tree.LocalName(begin) == "SurveyHeader" && m_tree.Parent(begin) != NoElement)
-        begin = m_tree.Parent(begin);
-    m_unitScopes.push_back({begin, units});
-}
-
-void LandXmlScopes::AddCant(ElementIndex cant) {
-    const ElementIndex alignment = m_tree.Parent(cant);
-    const bool isKnown = !m_railways.empty() && m_railways.back() == alignment;
-    if (isKnown || m_tree.LocalName(alignment) != "Alignment")
+void LandXmlScopes::FindRailways() {
+    std::unordered_set<ElementIndex> railways;
+    for (ElementIndex element = 1; element < m_tree.Count(); ++element) {
+        if (m_tree.LocalName(element) != "Cant")
+            continue;
+        const ElementIndex alignment = m_tree.Parent(element);
+        if (m_tree.LocalName(alignment) != "Alignment")
+            continue;
+        railways.insert(alignment);
+        if (const std::string_view name = m_tree.FindAttribute(alignment, "name"); !name.empty())
+            m_railwayNames.insert(NameText(name));
+    }
+    if (railways.empty())
         return;
-    m_railways.push_back(alignment);
-    if (const std::string_view name = m_tree.FindAttribute(alignment, "name"); !name.empty())
-        m_railwayNames.insert(NameText(name));
-}
-
-ElementIndex LandXmlScopes::UnitsElementAt(ElementIndex element) const {
-    for (; element != NoElement; element = m_tree.Parent(element)) {
-        const auto found =
-            std::lower_bound(m_unitScopes.begin(), m_unitScopes.end(), element,
-                             [](const UnitScope& scope, ElementIndex begin) { return scope.begin < begin; });
-        if (found != m_unitScopes.end() && found->begin == element)
-            return found->units;
+    for (ElementIndex element = 0; element < m_tree.Count(); ++element) {
+        const bool isAlignment = m_tree.LocalName(element) == "Alignment";
+        if (!isAlignment && !NamesAlignments(m_tree, element))
+            continue;
+        m_stationScopes.Add(element, m_tree.SubtreeEnd(element));
+        m_isRailway.push_back(isAlignment ? railways.contains(element) : NamesRailway(element));
     }
-    return NoElement;
 }
 
 const UnitSet& LandXmlScopes::UnitsAt(ElementIndex element) const {
-    const ElementIndex units = UnitsElementAt(element);
+    const std::uint32_t scope = m_unitScopes.Innermost(element);
+    const ElementIndex units = scope == ScopeIndex::None ? NoElement : m_unitElements[scope];
     if (const auto known = m_unitSets.find(units); known != m_unitSets.end())
         return known->second;
     if (m_unitSets.size() == MostKeptUnitSets)
@@ -67,15 +77,8 @@ const UnitSet& LandXmlScopes::UnitsAt(ElementIndex element) const {
 }
 
 bool LandXmlScopes::IsRailway(ElementIndex element) const {
-    if (m_railways.empty())
-        return false;
-    for (; element != NoElement; element = m_tree.Parent(element)) {
-        if (m_tree.LocalName(element) == "Alignment")
-            return std::binary_search(m_railways.begin(), m_railways.end(), element);
-        if (NamesRailway(element))
-            return true;
-    }
-    return false;
+    const std::uint32_t scope = m_stationScopes.Innermost(element);
+    return scope != ScopeIndex::None && m_isRailway[scope];
 }
 
 bool LandXmlScopes::NamesRailway(ElementIndex element) const {

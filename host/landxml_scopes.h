@@ -21,24 +21,20 @@ public:
     /// The units that hold for an element; the answer stays until the next call.
     const UnitSet& UnitsAt(ElementIndex element) const;
 
-    /// True when the stations of an element are those of a railway: it lies in one, or it, or an element
-    /// around it, names one by `alignmentRef` or `alignmentRefs`.
+    /// True when the stations of an element are those of a railway. The innermost element around it that is an
+    /// alignment, or names some by `alignmentRef` or `alignmentRefs`, decides.
     bool IsRailway(ElementIndex element) const;
 
 private:
-    struct UnitScope {
-        ElementIndex begin;
-        ElementIndex units; // the Units element
-    };
-
-    void AddUnits(ElementIndex units);
-    void AddCant(ElementIndex cant);
-    ElementIndex UnitsElementAt(ElementIndex element) const;
+    void FindUnits();
+    void FindRailways();
     bool NamesRailway(ElementIndex element) const;
 
     const ElementTree& m_tree;
-    std::vector<UnitScope> m_unitScopes;  // by begin
-    std::vector<ElementIndex> m_railways; // by number
+    ScopeIndex m_unitScopes;
+    std::vector<ElementIndex> m_unitElements; // of each scope
+    ScopeIndex m_stationScopes;               // alignments, and elements that name some
+    std::vector<bool> m_isRailway;            // of each scope
     std::unordered_set<std::string> m_railwayNames;
     mutable std::unordered_map<ElementIndex, UnitSet> m_unitSets; // of Units elements asked for lately
 };

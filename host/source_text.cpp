@@ -19,21 +19,29 @@ public:
     TextDecoder(Whitespace whitespace, std::size_t longest) : m_whitespace(whitespace), m_longest(longest) {}
 
     void AppendCharacters(std::string_view raw) {
-        for (std::size_t i = 0; i < raw.size() && !IsFull(); ++i) {
-            if (raw[i] == '&') {
-                const std::size_t end = std::min(raw.find(';', i), raw.size());
-                AppendUtf8(m_text.utf8, ReferencedCharacter(raw.substr(i + 1, end - i - 1)));
-                i = end;
-            } else {
-                AppendCharacter(raw, i);
-            }
+        while (!raw.empty() && !IsFull()) {
+            const std::size_t reference = std::min(raw.find('&'), raw.size());
+            AppendSection(raw.substr(0, reference));
+            raw.remove_prefix(reference);
+            if (raw.empty() || IsFull())
+                break;
+            const std::size_t end = std::min(raw.find(';'), raw.size() - 1);
+            AppendUtf8(m_text.utf8, ReferencedCharacter(raw.substr(1, end - 1)));
+            raw.remove_prefix(end + 1);
         }
         CutWhenTooLong();
     }
 
     void AppendSection(std::string_view raw) {
-        for (std::size_t i = 0; i < raw.size() && !IsFull(); ++i)
-            AppendCharacter(raw, i);
+        const std::string_view changed = m_whitespace == Whitespace::AsBlanks ? "\t\n\r" : "\r";
+        while (!raw.empty() && !IsFull()) {
+            const std::size_t room = m_longest + 1 - m_text.utf8.size();
+            const std::size_t end = std::min({raw.find_first_of(changed), raw.size(), room});
+            m_text.utf8 += raw.substr(0, end);
+            raw.remove_prefix(end);
+            if (!raw.empty() && end != room)
+                AppendBlank(raw);
+        }
         CutWhenTooLong();
     }
 
@@ -42,14 +50,9 @@ public:
 private:
     bool IsFull() const { return !m_text.complete || m_text.utf8.size() > m_longest; }
 
-    void AppendCharacter(std::string_view raw, std::size_t& i) {
-        char c = raw[i];
-        if (c == '\r') {
-            c = '\n';
-            if (i + 1 < raw.size() && raw[i + 1] == '\n')
-                ++i;
-        }
-        m_text.utf8 += m_whitespace == Whitespace::AsBlanks && IsBlank(c) ? ' ' : c;
+    void AppendBlank(std::string_view& raw) {
+        m_text.utf8 += m_whitespace == Whitespace::AsBlanks ? ' ' : '\n';
+        raw.remove_prefix(raw.starts_with("\r\n") ? 2 : 1);
     }
 
     void CutWhenTooLong() {
@@ -85,6 +88,11 @@ void AppendUtf8(std::string& out, char32_t c) {
         out += static_cast<char>(0x80 | (c >> 6 & 0x3F));
         out += static_cast<char>(0x80 | (c & 0x3F));
     }
+}
+
+platform::ConvertedText ToLibraryText(const std::string& utf8) {
+    const bool isAscii = std::all_of(utf8.begin(), utf8.end(), [](char c) { return (c & 0x80) == 0; });
+    return isAscii ? platform::ConvertedText{utf8, true} : platform::FromUtf8(utf8);
 }
 
 DecodedText DecodeAttribute(std::string_view raw, std::size_t longest) {

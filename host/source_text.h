@@ -1,6 +1,7 @@
 #pragma once
 
 #include "element_tree.h"
+#include "platform/code_page.h"
 
 #include <cstddef>
 #include <string>
@@ -19,6 +20,9 @@ DecodedText DecodeAttribute(std::string_view raw, std::size_t longest);
 
 /// The characters of a text; its comments and instructions are left out.
 DecodedText DecodeText(const TextSource& source, std::size_t longest);
+
+/// The text in the code page of the library, in which most texts of a file are the same.
+platform::ConvertedText ToLibraryText(const std::string& utf8);
 
 void AppendUtf8(std::string& out, char32_t character);
 

@@ -1,7 +1,6 @@
 #include "value_reading.h"
 
 #include "number_reading.h"
-#include "platform/code_page.h"
 
 #include <algorithm>
 #include <optional>
@@ -212,7 +211,7 @@ private:
 } // namespace
 
 TypedValue ReadValue(const ValueType& type, const DecodedText& text, const ValuePlace& place) {
-    platform::ConvertedText shown = platform::FromUtf8(text.utf8);
+    platform::ConvertedText shown = ToLibraryText(text.utf8);
     if (!text.complete)
         shown.text += "...";
     std::optional<TypedValue> value;
