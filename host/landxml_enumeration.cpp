@@ -43,7 +43,7 @@ constexpr Definition Definitions[] = {
     {"cairn|chimney|large quadripod|lighthouse|marine beacon|mast|mast with targets|no "
      "beacon|other|pillar|post|small quadripod|tower|tripod|unknown",
      "Monument@beacon"},
-    {"cw|ccw", "rot"},
+    {"cw|ccw", "rot CantStation@curvature"},
     {"arc|chord", "Curve@crvType"},
     {"determinebyfeature|donotinclude|spot|spotandbreak|void|drapevoid|breakvoid|island|boundary|contour|"
      "feature|ground|xsection|user",

@@ -1,0 +1,262 @@
+#include "../output/german_machine.h"
+#include "landxml_document.h"
+#include "list_writer.h"
+#include "source_file.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <set>
+#include <sstream>
+
+namespace korvel::inspector {
+namespace {
+
+using ::testing::ElementsAre;
+
+class LandXmlDocumentTest : public GermanMachine {
+protected:
+    LandXmlDocument& Open(const std::string& xml, StationKind stations = StationKind::Automatic) {
+        const std::string path = m_folder.Path() / "document.xml";
+        std::ofstream(path) << xml;
+        m_document = std::make_unique<LandXmlDocument>(path, ReadingOptions{stations, nullptr});
+        return *m_document;
+    }
+
+    static std::list<std::string> Names(IMemberDispatch& object) {
+        std::list<std::string> names{"left over"};
+        object.GetMemberNames(names);
+        return names;
+    }
+
+    static std::string ListOf(IMemberDispatch& object) {
+        std::ostringstream out;
+        WriteList(object, out);
+        return out.str();
+    }
+
+    static IMemberDispatch& Child(IMemberDispatch& object, const std::string& name) {
+        CVariantValue value;
+        EXPECT_TRUE(object.GetMember(name, value)) << name;
+        EXPECT_EQ(value.Type, DT_Group);
+        return *value.Value.Dispatch;
+    }
+
+private:
+    platform::ScratchFolder m_folder;
+    std::unique_ptr<LandXmlDocument> m_document;
+};
+
+TEST_F(LandXmlDocumentTest, ShowsWholeDocuments) {
+    SetAngleUnit('d');
+    for (const std::string name : {"railway", "imperial"}) {
+        const std::string path = KORVEL_TEST_DATA "/" + name;
+        LandXmlDocument document(path + ".xml", {});
+        EXPECT_EQ(ListOf(document.Root()), ReadSourceFile(path + ".list"));
+    }
+}
+
+TEST_F(LandXmlDocumentTest, NamesAreUniqueInOneObject) {
+    struct Case {
+        const char* name;
+        const char* xml;
+        std::list<std::string> names;
+    };
+    const Case cases[] = {
+        {"an only child has no number", "<a><b/></a>", {"b"}},
+        {"children without names are numbered", "<a><b/><c/><b/></a>", {"b 1", "c", "b 2"}},
+        {"one name twice", "<a><b name='x'/><b name='x'/><b id='x'/></a>", {"b x", "b x (2)", "b x (3)"}},
+        {"a number that is a name already", "<a><b/><b/><b id='2'/></a>", {"b 1", "b 2", "b 2 (2)"}},
+        {"a bracket that is a name already",
+         "<a><b id='x'/><b id='x (2)'/><b id='x'/></a>",
+         {"b x", "b x (2)", "b x (3)"}},
+        {"name goes before id", "<a><b id='i' name=' n '/></a>", {"b n"}},
+        {"blank names are none", "<a><b name=' ' id=''/></a>", {"b"}},
+        {"an element like an attribute", "<a b='1'><b/></a>", {"b", "b (2)"}},
+        {"an attribute like the text", "<a text='1'>x</a>", {"text", "text (2)"}},
+        {"names that differ in what is not shown",
+         "<a><b id='\xD0\x96'/><b id='\xD0\x97'/></a>",
+         {"b ?", "b ? (2)"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        ElementObject& root = Open(c.xml).Root();
+        EXPECT_EQ(Names(root), c.names);
+        std::set<ElementIndex> elements;
+        for (const std::string& name : c.names) {
+            CVariantValue value;
+            ASSERT_TRUE(root.GetMember(name, value)) << name;
+            if (value.Type == DT_Group) {
+                EXPECT_EQ(value.Value.Dispatch->GetIdent(), name);
+                elements.insert(static_cast<ElementObject*>(value.Value.Dispatch)->Element());
+            }
+        }
+        EXPECT_EQ(elements.size(), root.Element() + Open(c.xml).Tree().Count() - 1)
+            << "each name has its own";
+    }
+}
+
+TEST_F(LandXmlDocumentTest, FindsEachOfManyMembers) {
+    constexpr int Count = 50'000; // a cost with the square of it would take minutes
+    std::string xml = "<LandXML><Pnts>";
+    for (int i = 0; i < Count; ++i)
+        xml += "<P id='" + std::to_string(i % 2 == 0 ? i : 7) + "'>" + std::to_string(i) + " 0</P>";
+    LandXmlDocument& document = Open(xml + "</Pnts></LandXML>");
+    IMemberDispatch& points = Child(document.Root(), "Pnts");
+    const std::list<std::string> names = Names(points);
+    EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), static_cast<std::size_t>(Count));
+    int i = 0;
+    for (const std::string& name : names) {
+        CVariantValue value;
+        ASSERT_TRUE(points.GetMember(name, value)) << name;
+        ASSERT_EQ(value.Text, std::to_string(i++) + " 0");
+    }
+}
+
+TEST_F(LandXmlDocumentTest, AnAbsentMemberChangesNothing) {
+    ElementObject& root = Open("<a b='1'/>").Root();
+    CVariantValue value;
+    value.Text = "kept";
+    EDataTyps type = DT_Bool;
+    EXPECT_FALSE(root.GetMember("c", value));
+    EXPECT_FALSE(root.GetMemberType("c", type));
+    EXPECT_FALSE(root.IsMemberEditable("c"));
+    EXPECT_EQ(value.Text, "kept");
+    EXPECT_EQ(type, DT_Bool);
+    EXPECT_EQ(root.GetOptions(), DO_KeepOrder);
+}
+
+TEST_F(LandXmlDocumentTest, TellsWhatCouldBeReplaced) {
+    LandXmlDocument& document =
+        Open("<LandXML xmlns:o='urn:o' version='1.2' o:n='x' desc='\xC5\x81' date='bad'>"
+             "<A>x&amp;y</A><B>x<!-- c -->y</B><C>x<D/>y</C></LandXML>");
+    const auto isEditable = [&](const char* element, const char* member) {
+        IMemberDispatch& root = document.Root();
+        return (*element ? Child(root, element) : root).IsMemberEditable(member);
+    };
+    EXPECT_TRUE(isEditable("", "version"));
+    EXPECT_TRUE(isEditable("", "o:n [foreign]"));
+    EXPECT_TRUE(isEditable("", "date [invalid]"));
+    EXPECT_FALSE(isEditable("", "xmlns:o"));
+    EXPECT_FALSE(isEditable("", "desc")) << "its text cannot be shown";
+    EXPECT_FALSE(isEditable("", "A")) << "an object";
+    EXPECT_TRUE(isEditable("A", "text"));
+    EXPECT_FALSE(isEditable("B", "text")) << "a comment stands in it";
+    EXPECT_FALSE(isEditable("C", "text")) << "it goes on elsewhere";
+}
+
+TEST_F(LandXmlDocumentTest, ShowsUnknownVersionsReadOnly) {
+    struct Case {
+        const char* xml;
+        std::vector<std::string> notices;
+    };
+    const Case cases[] = {
+        {"<LandXML version='1.2'/>", {}},
+        {"<LandXML version='1.2' xmlns='http://www.landxml.org/schema/LandXML-1.0'/>", {}},
+        {"<l:LandXML version='1.2' xmlns:l='http://www.landxml.org/schema/LandXML-2.0'/>", {}},
+        {"<LandXML version='1.2' xmlns='http://www.inframodel.fi/inframodel'/>", {}},
+        {"<LandXML version='1.2' xmlns='LandXML-99.0'/>",
+         {"unknown LandXML version 'LandXML-99.0': shown, but read-only"}},
+        {"<html version='1.2'/>", {"no LandXML document, its root element is 'html': shown, but read-only"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.xml);
+        LandXmlDocument& document = Open(c.xml);
+        EXPECT_EQ(document.Notices(), c.notices);
+        EXPECT_EQ(document.Root().IsMemberEditable("version"), c.notices.empty());
+    }
+}
+
+TEST_F(LandXmlDocumentTest, AnOptionOverridesTheKindOfStation) {
+    const std::string xml = "<LandXML><Alignment name='r' staStart='1'><Cant/></Alignment>"
+                            "<Alignment name='s' staStart='1'/></LandXML>";
+    struct Case {
+        StationKind stations;
+        EDataTyps rail, road;
+    };
+    for (const Case& c : {Case{StationKind::Automatic, DT_RailwayStationDouble, DT_RoadStationDouble},
+                          Case{StationKind::Road, DT_RoadStationDouble, DT_RoadStationDouble},
+                          Case{StationKind::Railway, DT_RailwayStationDouble, DT_RailwayStationDouble}}) {
+        IMemberDispatch& root = Open(xml, c.stations).Root();
+        EDataTyps type = DT_Void;
+        EXPECT_TRUE(Child(root, "Alignment r").GetMemberType("staStart", type));
+        EXPECT_EQ(type, c.rail);
+        EXPECT_TRUE(Child(root, "Alignment s").GetMemberType("staStart", type));
+        EXPECT_EQ(type, c.road);
+    }
+}
+
+TEST_F(LandXmlDocumentTest, AlignmentsShowLengthAndStations) {
+    struct Case {
+        const char* attributes;
+        const char* text;
+    };
+    const std::string units = "<Units><Metric linearUnit='meter'/></Units>";
+    const Case cases[] = {
+        {"length='1234.5' staStart='10'", "1.234,50 m, 0+010,00 - 1+244,50"},
+        {"length='1234.5' staStart='10' staEnd='20'", "1.234,50 m, 0+010,00 - 0+020,00"},
+        {"length='1234.5'", "1.234,50 m"},
+        {"staStart='10'", "0+010,00"},
+        {"length='x' staStart='10'", "x, 0+010,00"},
+        {"length='INF' staStart='NaN'", "INF, NaN"},
+        {"", ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.attributes);
+        IMemberDispatch& root =
+            Open("<LandXML>" + units + "<Alignment name='a' " + c.attributes + "/></LandXML>").Root();
+        IMemberDispatch& alignment = Child(root, "Alignment a");
+        auto* presentation = dynamic_cast<IGroupPresentation*>(alignment.m_pEnumValue);
+        ASSERT_NE(presentation, nullptr);
+        EXPECT_EQ(presentation->GetPresentationKind(), 1);
+        EXPECT_EQ(presentation->GetPresentationText(nullptr), c.text);
+        EXPECT_EQ(presentation->GetPresentationText("name"), "a");
+        EXPECT_EQ(presentation->GetPresentationText("nothing"), "");
+        EXPECT_EQ(Child(root, "Units").m_pEnumValue, nullptr);
+    }
+}
+
+TEST_F(LandXmlDocumentTest, LongTextsAreCutAndSaySo) {
+    const std::string longText(100'000, 'x');
+    ElementObject& root = Open("<a n='" + longText + "'>" + longText + "</a>").Root();
+    for (const char* name : {"n", "text"}) {
+        CVariantValue value;
+        ASSERT_TRUE(root.GetMember(name, value));
+        EXPECT_LT(value.Text.size(), longText.size());
+        EXPECT_TRUE(value.Text.ends_with("x..."));
+        EXPECT_FALSE(root.IsMemberEditable(name));
+    }
+}
+
+// A host's object as bad as it can be: it holds itself, and denies a member that it names.
+class UnreliableObject : public IMemberDispatch {
+public:
+    const std::string& GetIdent() const override { return m_ident; }
+    void GetMemberNames(std::list<std::string>& names) override { names = {"self", "gone", "b\n\tc"}; }
+    bool GetMember(const std::string& name, CVariantValue& value) override {
+        value.Type = name == "self" ? DT_Group : DT_String;
+        value.Value.Dispatch = this;
+        value.Text = "1\r\n2";
+        return name != "gone" || (value = CVariantValue(), false);
+    }
+    bool GetMemberType(const std::string&, EDataTyps&) override { return false; }
+    bool IsMemberEditable(const std::string&) override { return false; }
+    bool SetMemberEditable(const std::string&, const bool&) override { return false; }
+    bool SetMember(const std::string&, const CVariantValue&) override { return false; }
+    bool AddMember(const std::string&, bool, const CVariantValue&) override { return false; }
+    bool RemoveMember(const std::string&) override { return false; }
+    bool RenameMember(const std::string&, const std::string&) override { return false; }
+    bool ChangeMemberType(const std::string&, const EDataTyps&) override { return false; }
+    void SetIdent(const std::string&) override {}
+
+private:
+    std::string m_ident = "it";
+};
+
+TEST_F(LandXmlDocumentTest, ListsUnreliableObjects) {
+    UnreliableObject object;
+    EXPECT_EQ(ListOf(object), "b  c\t1  2\ngone\t\nself\tit\n");
+}
+
+} // namespace
+} // namespace korvel::inspector

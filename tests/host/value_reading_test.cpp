@@ -1,0 +1,182 @@
+#include "document_reader.h"
+#include "landxml_scopes.h"
+#include "number_reading.h"
+#include "value_reading.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+#include <numbers>
+
+namespace korvel::inspector {
+namespace {
+
+constexpr const char* Metric = R"(<Metric linearUnit="meter" areaUnit="squareMeter" volumeUnit="cubicMeter"
+    diameterUnit="millimeter" angularUnit="grads" directionUnit="decimal dd.mm.ss"/>)";
+constexpr const char* Imperial = R"(<Imperial linearUnit="foot" areaUnit="acre" volumeUnit="cubicYard"
+    angularUnit="decimal degrees" directionUnit="turns" velocityUnit="milesPerHour"/>)";
+constexpr const char* Nothing = "<Metric/>";
+
+struct TypedText {
+    const char* name;
+    const char* units;
+    const char* element;
+    const char* attribute;
+    const char* text;
+    EDataTyps type;
+    const char* plain; // plain form of the value
+    const char* unit;
+    bool isValid;
+};
+
+void PrintTo(const TypedText& text, std::ostream* out) {
+    *out << text.name;
+}
+
+class TypedTexts : public ::testing::TestWithParam<TypedText> {};
+
+TEST_P(TypedTexts, BecomeValues) {
+    const TypedText& row = GetParam();
+    const ElementTree tree = ReadElements("<Units>" + std::string(row.units) + "</Units>");
+    const UnitSet units = ReadUnits(tree, 0);
+    const TypedValue value = ReadValue(TypeOfAttribute(row.element, row.attribute), {row.text}, {units});
+    EXPECT_EQ(value.value.Type, row.type);
+    EXPECT_EQ(value.value.ToText(ETextForm::Plain), row.plain);
+    EXPECT_EQ(value.unit, row.unit);
+    EXPECT_EQ(value.isValid, row.isValid);
+}
+
+const TypedText Rows[] = {
+    {"LengthInMetres", Metric, "Line", "length", " 12.5 ", DT_LengthDouble, "12.5", "", true},
+    {"LengthInFeet", Imperial, "Line", "length", "12.5", DT_Double, "12.5", "ft", true},
+    {"LengthInUnknownUnit", Nothing, "Line", "length", "12.5", DT_Double, "12.5", "", true},
+    {"InfiniteLength", Metric, "Spiral", "radiusEnd", "INF", DT_String, "INF", "", true},
+    {"CommaAsDecimal", Metric, "Line", "length", "12,5", DT_String, "12,5", "", false},
+    {"TwoNumbers", Metric, "Line", "length", "1 2", DT_String, "1 2", "", false},
+    {"HexadecimalIsNoNumber", Metric, "Line", "length", "0x10", DT_String, "0x10", "", false},
+    {"WordOfTheCLibrary", Metric, "Line", "length", "inf", DT_String, "inf", "", false},
+    {"LeadingPlus", Metric, "Line", "length", "+1e2", DT_LengthDouble, "100", "", true},
+    {"TooLargeForADouble", Metric, "Line", "length", "1e999", DT_String, "1e999", "", false},
+    {"EmptyIsNotZero", Metric, "Line", "length", "", DT_String, "", "", false},
+    {"DiameterInItsOwnUnit", Metric, "CircPipe", "diameter", "300", DT_Double, "300", "mm", true},
+    {"DiameterInLinearUnit", Imperial, "CircPipe", "diameter", "2", DT_Double, "2", "ft", true},
+    {"WidthOfAPipeIsALengthWithoutUnit", Metric, "RectPipe", "width", "2", DT_LengthDouble, "2", "", true},
+    {"ElevationUnitIsMetreByDefault", Imperial, "Location", "ellipsoidHeight", "2", DT_LengthDouble, "2", "",
+     true},
+    {"AreaInAcres", Imperial, "Parcel", "area", "2", DT_Double, "2", "acre", true},
+    {"AreaInMetres", Metric, "Parcel", "area", "2", DT_AreaDouble, "2", "", true},
+    {"VolumeInMetres", Metric, "SurfVolume", "volCut", "2", DT_VolumeDouble, "2", "", true},
+    {"VolumeOfAParcelIsText", Metric, "Parcel", "volume", "2", DT_String, "2", "", true},
+    {"VolumeOfTrafficIsANumber", Metric, "PeakHour", "volume", "2", DT_Double, "2", "", true},
+    {"StationKeepsItsFormInFeet", Imperial, "Alignment", "staStart", "100", DT_RoadStationDouble, "100", "ft",
+     true},
+    {"AngleInGon", Metric, "Curve", "delta", "200", DT_AngleDouble, "3.14159", "", true},
+    {"AngleInRadiansByDefault", Nothing, "Curve", "delta", "2", DT_AngleDouble, "2", "", true},
+    {"DirectionInDegreesAndMinutes", Metric, "Line", "dir", "-90.3000", DT_AngleDouble, "-1.57952", "", true},
+    {"DirectionInUnknownUnit", Imperial, "Line", "dir", "90", DT_Double, "90", "", true},
+    {"LatitudeInDegreesByDefault", Metric, "CgPoint", "latitude", "180", DT_AngleDouble, "3.14159", "", true},
+    {"PercentAsItStands", Metric, "ZoneSlope", "cutSlope", "2.5", DT_PercentDouble, "2.5", "", true},
+    {"CantIsNeverInLinearUnit", Metric, "CantStation", "appliedCant", "150", DT_Double, "150", "mm", true},
+    {"CantInInches", Imperial, "CantStation", "appliedCant", "6", DT_Double, "6", "in", true},
+    {"SpeedInMiles", Imperial, "DesignSpeed", "speed", "60", DT_Double, "60", "mph", true},
+    {"VelocityInItsUnit", Imperial, "Pipe", "velocityCritical", "6", DT_Double, "6", "mph", true},
+    {"Flag", Metric, "LandXML", "readOnly", "1", DT_Bool, "1", "", true},
+    {"FlagInCapitals", Metric, "LandXML", "readOnly", "TRUE", DT_String, "TRUE", "", false},
+    {"Integer", Metric, "F", "i", "-1", DT_Int, "-1", "", true},
+    {"IntegerOf33Bits", Metric, "F", "i", "4294967296", DT_String, "4294967296", "", false},
+    {"PointNumberZero", Metric, "P", "id", "0", DT_String, "0", "", false},
+    {"IdElsewhereIsText", Metric, "InstrumentSetup", "id", "0", DT_String, "0", "", true},
+    {"Date", Metric, "LandXML", "date", "1899-12-31", DT_Date, "1", "", true},
+    {"DateWithZoneStaysOnItsDay", Metric, "LandXML", "date", "1899-12-31-12:00", DT_Date, "1", "", true},
+    {"DateOfMonthZero", Metric, "LandXML", "date", "2018-00-00", DT_String, "2018-00-00", "", false},
+    {"DateOfNoLeapYear", Metric, "LandXML", "date", "2023-02-29", DT_String, "2023-02-29", "", false},
+    {"DateWithRest", Metric, "LandXML", "date", "2023-02-28x", DT_String, "2023-02-28x", "", false},
+    {"TimeStamp", Metric, "Application", "timeStamp", "2024-05-17T08:30:00.5Z", DT_String,
+     "2024-05-17T08:30:00.5Z", "", true},
+    {"EmptyTimeStamp", Metric, "Application", "timeStamp", "", DT_String, "", "", false},
+    {"SecondsOfGps", Metric, "GPSSetup", "startTime", "1.5", DT_Double, "1.5", "", true},
+    {"Enumeration", Metric, "Spiral", "spiType", "bloss", DT_ListString, "bloss", "", true},
+    {"WordOfAnotherList", Metric, "Parcel", "state", "abandoned", DT_String, "abandoned", "", false},
+    {"WordThatEndsWithABlank", Metric, "Classification", "functionalClass", "collector", DT_ListString,
+     "collector ", "", true},
+    {"WordInWrongCase", Metric, "CgPoint", "pntSurv", "sideShot", DT_String, "sideShot", "", false},
+    {"FileName", Metric, "DocFileRef", "location", "a b.pdf", DT_FileName, "a b.pdf", "", true},
+    {"Color", Metric, "Material", "color", "1,2,3", DT_ColorRGB, "197121", "", true},
+    {"ColorOfFourParts", Metric, "Material", "color", "1,2,3,4", DT_String, "1,2,3,4", "", false},
+    {"PatternAtTheEnd", Metric, "Point", "northingStdError", "1", DT_Double, "1", "", true},
+    {"Unknown", Metric, "Anything", "else", "12.5", DT_String, "12.5", "", true},
+};
+INSTANTIATE_TEST_SUITE_P(Texts, TypedTexts, ::testing::ValuesIn(Rows),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(AnglesInMinutesAndSeconds, AreReadFromTheirDigits) {
+    struct Case {
+        const char* text;
+        double degrees; // not-a-number: refused
+    };
+    constexpr double Refused = std::numeric_limits<double>::quiet_NaN();
+    const Case cases[] = {
+        {"45.3025", 45 + 30.0 / 60 + 25.0 / 3600},
+        {"45.3", 45.5},
+        {"45", 45},
+        {"45.", 45},
+        {".3", 0.5},
+        {"-0.3000", -0.5},
+        {"10.00305", 10 + 30.5 / 3600},
+        {"359.595999", 359 + 59.0 / 60 + 59.99 / 3600},
+        {"45.6000", Refused},
+        {"45.0060", Refused},
+        {"45.3e1", Refused},
+        {"45.-3", Refused},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        const std::optional<double> radians = RadiansOf(c.text, AngleUnit::DegreesMinutesSeconds);
+        ASSERT_EQ(radians.has_value(), c.degrees == c.degrees);
+        if (radians) {
+            EXPECT_NEAR(*radians, c.degrees * std::numbers::pi / 180, 1e-12);
+        }
+    }
+}
+
+TEST(LandXmlScopes, HoldWhereTheirElementsStand) {
+    const ElementTree tree = ReadElements(R"(<LandXML>
+        <Units><Metric linearUnit="meter"/></Units>
+        <Alignments><Alignment name="rail"><Cant/></Alignment><Alignment name="road"><Cant2/></Alignment></Alignments>
+        <Pipes><Units><Imperial linearUnit="foot"/></Units><Pipe alignmentRef="rail"/></Pipes>
+        <Survey><SurveyHeader><Units><Imperial linearUnit="inch"/></Units></SurveyHeader><Setup/></Survey>
+        <Roadway alignmentRefs="road rail"><Speeds><Speed/></Speeds></Roadway><Roadway alignmentRefs="road"/>
+    </LandXML>)");
+    const LandXmlScopes scopes(tree);
+    std::string found;
+    for (ElementIndex element = 0; element < tree.Count(); ++element)
+        found += std::string(tree.LocalName(element)) + ":" +
+                 std::string(scopes.UnitsAt(element).Of(Quantity::Length).label) +
+                 (scopes.IsRailway(element) ? ":rail " : " ");
+    EXPECT_EQ(found,
+              "LandXML:m Units:m Metric:m Alignments:m Alignment:m:rail Cant:m:rail Alignment:m Cant2:m "
+              "Pipes:ft Units:ft Imperial:ft Pipe:ft:rail Survey:in SurveyHeader:in Units:in Imperial:in "
+              "Setup:in Roadway:m:rail Speeds:m:rail Speed:m:rail Roadway:m ");
+}
+
+TEST(Enumeration, WalksAndSelects) {
+    Enumeration* words = TypeOfAttribute("Classification", "functionalClass").enumeration;
+    std::string names;
+    for (EnumPosition position = words->GetFirstPosition(); position != nullptr;) {
+        CVariantValue name;
+        ASSERT_TRUE(words->GetName(words->GetNext(position), name));
+        names += name.Text + "|";
+    }
+    EXPECT_EQ(names, "arterial|collector |local|");
+    CVariantValue value;
+    words->Select(1, value);
+    EXPECT_EQ(value.Text, "collector ") << "as it is to be written";
+    EXPECT_TRUE(words->IsValue(1, value));
+    words->Deselect(0, value);
+    EXPECT_TRUE(words->IsValue(1, value)) << "another entry was meant";
+    EXPECT_FALSE(words->GetName(3, value));
+    words->Select(-1, value);
+    EXPECT_EQ(value.Text, "collector ");
+}
+
+} // namespace
+} // namespace korvel::inspector
