@@ -1,6 +1,7 @@
 // The attribute grid, QTreeWidget and QTreeView over a model of its own, with the objects of the comparison.
 
 #include "grid/editable_grid.h"
+#include "qt/embed.h"
 #include "qt/qt_display.h"
 #include "tree_scenario.h"
 #include "window/display.h"
@@ -39,21 +40,8 @@ public:
     ~GridTree() override { delete m_widget; }
 
     void Fill(bench::LiveRoot& root) override { m_grid.Initialize(&root, "Name", "Value", 0); }
-    void ExpandAll() override {
-        int last = 0;
-        m_grid.SetRedraw(false);
-        for (auto* node : m_grid.GetRootNodes()) {
-            m_grid.ExpandSubtree(node, &last);
-        }
-        m_grid.SetRedraw(true);
-    }
-    void CollapseAll() override {
-        m_grid.SetRedraw(false);
-        for (auto* node : m_grid.GetRootNodes()) {
-            m_grid.CollapseNode(node);
-        }
-        m_grid.SetRedraw(true);
-    }
+    void ExpandAll() override { m_grid.ExpandAll(); }
+    void CollapseAll() override { m_grid.CollapseAll(); }
     void OpenGroup(int group) override {
         auto* node = Node(group);
         m_grid.ExpandNode(node, m_grid.RowOfNode(node));
@@ -69,9 +57,7 @@ public:
     void Clear() override { m_grid.Clear(); }
 
 private:
-    korvel::CSuperGridCtrl::CTreeItem* Node(int group) {
-        return m_grid.GetRootNodes()[static_cast<std::size_t>(group)];
-    }
+    korvel::CSuperGridCtrl::CTreeItem* Node(int group) { return m_grid.rootItems()[group]; }
 
     korvel::CWnd m_frame;
     korvel::CEditableGrid m_grid;
@@ -155,7 +141,9 @@ public:
         if (!parent.isValid()) {
             return static_cast<int>(m_groups.size());
         }
-        return parent.internalId() != 0 ? 0 : static_cast<int>(Of(parent.row()).names.size());
+        return parent.internalId() != 0 || parent.column() != 0
+                   ? 0
+                   : static_cast<int>(Of(parent.row()).names.size());
     }
     int columnCount(const QModelIndex&) const override { return 2; }
     QVariant data(const QModelIndex& index, int role) const override {
