@@ -16,7 +16,7 @@ case "${1:-}" in
 --fuzz)
     [[ "${2:-}" =~ ^[1-9][0-9]*$ ]] || { echo "usage: ./test.sh --fuzz SECONDS" >&2; exit 2; }
     require_packages "${build_packages[@]}" "${test_packages[@]}" "${fuzz_packages[@]}"
-    build fuzz || exit 1
+    build fuzz fuzzers || exit 1
     exec scripts/run_fuzzers.sh "$2"
     ;;
 *) sed -n '2,7s/^# \{0,1\}//p' "$0" >&2; exit 2 ;;

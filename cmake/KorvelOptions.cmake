@@ -38,3 +38,7 @@ if(KORVEL_SANITIZE)
     -fsanitize=${KORVEL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   target_link_options(korvel_flags INTERFACE -fsanitize=${KORVEL_SANITIZE})
 endif()
+
+if(KORVEL_BUILD_FUZZERS)
+  target_compile_options(korvel_flags INTERFACE -fsanitize=fuzzer-no-link)
+endif()
