@@ -2,7 +2,7 @@
 # `require_packages PACKAGE...`. Whatever it prints goes to standard error.
 
 build_packages=(g++ cmake ninja-build ccache libicu-dev libsqlite3-dev libpugixml-dev libboost-dev
-                qt6-base-dev fonts-dejavu-core)
+                qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
 test_packages=(libgtest-dev libgmock-dev)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 bench_packages=(libfmt-dev libmuparser-dev libfparser-dev libwxgtk3.2-dev xvfb xauth)

@@ -1,16 +1,19 @@
 #include "desktop/desktop_run.h"
 
-#include "desktop/button_texts.h"
 #include "desktop/inspector_window.h"
 #include "platform/code_page.h"
 #include "platform/screen.h"
 #include "qt/qt_display.h"
+#include "values/text_table.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLibraryInfo>
+#include <QLocale>
 #include <QPixmap>
+#include <QTranslator>
 #include <clocale>
 #include <iostream>
 
@@ -55,6 +58,15 @@ void KeepQuiet(QtMsgType type, const QMessageLogContext&, const QString& message
         std::cerr << message.toStdString() << '\n';
 }
 
+// Qt's own boxes follow the language of the library, and its numbers the locale of the command line.
+void SpeakTheLanguage(const Options& options, QTranslator& translator) {
+    if (!options.locale.empty())
+        QLocale::setDefault(QLocale(QString::fromStdString(options.locale)));
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (GetLanguage().Column != 0 && translator.load(QStringLiteral("qtbase_de"), folder))
+        QApplication::installTranslator(&translator);
+}
+
 int ShowUntilClosed(InspectorWindow& window, const Options& options) {
     window.show();
     if (!options.file.empty()) {
@@ -82,8 +94,8 @@ int RunOnDesktop(const Options& options) {
     std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written
     QApplication::setApplicationDisplayName(QStringLiteral("LandXML Inspector"));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
-    ButtonTexts buttonTexts;
-    QApplication::installTranslator(&buttonTexts);
+    QTranslator translator;
+    SpeakTheLanguage(options, translator);
     qt::QtDisplay display;
     SetDisplay(&display);
     InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0)});

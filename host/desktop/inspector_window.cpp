@@ -16,8 +16,10 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTimer>
 
 namespace korvel::inspector {
@@ -46,7 +48,10 @@ QString DraggedFile(const QMimeData* data) {
 InspectorWindow::InspectorWindow(const ReadingOptions& options)
     : m_options(options), m_pane(std::make_unique<GridPane>()) {
     setWindowTitle(QGuiApplication::applicationDisplayName());
-    resize(firstSize);
+    // A place of its own from the start, so that the first box stands in front of it.
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    setGeometry(
+        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, firstSize.boundedTo(screen.size()), screen));
     setAcceptDrops(true);
     MakeMenus();
     m_pages = new QStackedWidget;

@@ -22,12 +22,6 @@ constexpr ProgramTexts english = {
     .value = "Value",
     .counts = "%1 objects, %2 members",
     .readOnly = "read only",
-    .ok = "OK",
-    .cancel = "Cancel",
-    .yes = "&Yes",
-    .no = "&No",
-    .close = "Close",
-    .openButton = "&Open",
 };
 
 constexpr ProgramTexts german = {
@@ -47,12 +41,6 @@ constexpr ProgramTexts german = {
     .value = "Wert",
     .counts = "%1 Objekte, %2 Attribute",
     .readOnly = "schreibgeschützt",
-    .ok = "OK",
-    .cancel = "Abbrechen",
-    .yes = "&Ja",
-    .no = "&Nein",
-    .close = "Schließen",
-    .openButton = "Ö&ffnen",
 };
 
 } // namespace

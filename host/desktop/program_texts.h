@@ -18,12 +18,6 @@ struct ProgramTexts {
     const char* value;
     const char* counts; // %1: objects, %2: members
     const char* readOnly;
-    const char* ok;
-    const char* cancel;
-    const char* yes;
-    const char* no;
-    const char* close;
-    const char* openButton;
 };
 
 /// The texts in the language of the process, which is German when it is not English.

@@ -1,0 +1,186 @@
+#include "platform/error.h"
+#include "qt/users.h"
+#include "window/controls.h"
+#include "window/list_ctrl.h"
+#include "window/window_view.h"
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+#include <gmock/gmock.h>
+#include <thread>
+
+namespace korvel::test {
+
+namespace {
+
+using testing::Contains;
+using testing::Not;
+
+/// A frame with an edit and a surface on a desktop.
+class Delivery : public testing::Test {
+protected:
+    Delivery() {
+        m_frame.CreateEx(0, "KorvelFrame", "Delivery", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {40, 40, 340, 240},
+                         nullptr, 0);
+        m_edit.CreateEx(0, "EDIT", "", WS_CHILD | WS_VISIBLE, {10, 10, 120, 34}, &m_frame, 1);
+        m_surface.CreateEx(0, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, {10, 40, 120, 80}, &m_frame, 2);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_user.Widget(m_frame.m_hWnd)));
+        SetFocus(m_edit.m_hWnd);
+        m_log.clear();
+        SetExceptionHandler([this](const CString& text) { m_failures.push_back(text); });
+    }
+    ~Delivery() override { SetExceptionHandler(nullptr); }
+
+    QtUser m_user;
+    Log m_log;
+    Log m_failures;
+    Recorder m_frame{m_log, "frame"};
+    Recorder m_edit{m_log, "edit"};
+    Recorder m_surface{m_log, "surface"};
+};
+
+struct OverrideCase {
+    Qt::Key key;
+    Qt::KeyboardModifiers modifiers;
+    bool accepted;
+};
+
+TEST_F(Delivery, KeysComeBeforeTheShortcutsOfTheHostUnlessControlOrAltIsHeld) {
+    SetFocus(m_surface.m_hWnd);
+    const OverrideCase cases[] = {
+        {Qt::Key_F2, Qt::NoModifier, true},
+        {Qt::Key_Delete, Qt::ShiftModifier, true},
+        {Qt::Key_O, Qt::ControlModifier, false},
+        {Qt::Key_F, Qt::AltModifier, false},
+    };
+    for (const OverrideCase& row : cases) {
+        QKeyEvent event(QEvent::ShortcutOverride, row.key, row.modifiers);
+        event.ignore();
+        QApplication::sendEvent(m_user.Widget(m_surface.m_hWnd), &event);
+        EXPECT_EQ(event.isAccepted(), row.accepted) << row.key;
+    }
+}
+
+TEST_F(Delivery, AKeyThatNobodyWantsIsNotHeardAgainByTheParents) {
+    m_user.Key(VK_RETURN, "\r");
+    EXPECT_THAT(m_log, Contains("edit: key down 13"));
+    EXPECT_THAT(m_log, Not(Contains("frame: key down 13")));
+}
+
+TEST_F(Delivery, AnInputMethodChangesTheTextWithoutCharacters) {
+    QInputMethodEvent event;
+    event.setCommitString(QStringLiteral("\u00ea\u0142"));
+    QApplication::sendEvent(m_user.Widget(m_edit.m_hWnd), &event);
+    EXPECT_EQ(m_edit.GetWindowTextA(), "\xEA?");
+    EXPECT_EQ(static_cast<QLineEdit*>(m_user.Widget(m_edit.m_hWnd))->text(), QStringLiteral("\u00ea?"))
+        << "the widget shows what memory holds";
+    EXPECT_THAT(m_log, Contains("frame: command 768 of 1"));
+    EXPECT_THAT(m_log, Not(Contains(testing::HasSubstr("character"))));
+}
+
+TEST_F(Delivery, SelectionsTravelBothWays) {
+    m_edit.SetWindowTextA("12345");
+    m_edit.SendMessageA(EM_SETSEL, 1, 3);
+    auto* widget = static_cast<QLineEdit*>(m_user.Widget(m_edit.m_hWnd));
+    EXPECT_EQ(widget->selectedText(), QStringLiteral("23"));
+    QTest::keyClick(widget, Qt::Key_End, Qt::ShiftModifier);
+    EXPECT_EQ(view::Edit(m_edit.m_hWnd).selectionStart, 1);
+    EXPECT_EQ(view::Edit(m_edit.m_hWnd).selectionEnd, 5);
+}
+
+TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {
+    m_surface.onMessage = [](UINT message, WPARAM, LPARAM) -> bool {
+        if (message == WM_LBUTTONDOWN || message == WM_PAINT || message == WM_TIMER || message == WM_USER)
+            throw Error("thrown at " + std::to_string(message));
+        return false;
+    };
+    m_user.Click(m_surface.m_hWnd, {5, 5});
+    m_user.Widget(m_surface.m_hWnd)->repaint();
+    SetTimer(m_surface.m_hWnd, 1, 1);
+    PostMessageA(m_surface.m_hWnd, WM_USER, 0, 0);
+    QTest::qWait(20);
+    KillTimer(m_surface.m_hWnd, 1);
+    for (const UINT message : {WM_LBUTTONDOWN, WM_PAINT, WM_TIMER, WM_USER})
+        EXPECT_THAT(m_failures, Contains("thrown at " + std::to_string(message)));
+    m_surface.onMessage = nullptr;
+}
+
+TEST_F(Delivery, AWindowMayEndInALoopInsideItsOwnEvent) {
+    m_surface.onMessage = [this](UINT message, WPARAM, LPARAM) {
+        if (message == WM_LBUTTONDOWN) {
+            bool done = false;
+            m_user.WhenIdle([&] {
+                m_frame.DestroyWindow();
+                QTest::qWait(5); // what was to be deleted later is deleted, if nothing holds it
+                done = true;
+            });
+            Display().RunUntil(nullptr, [&] { return done; });
+        }
+        return false;
+    };
+    m_user.Click(m_surface.m_hWnd, {5, 5});
+    EXPECT_EQ(m_surface.m_hWnd, nullptr);
+}
+
+TEST_F(Delivery, AnotherThreadIsAnsweredByTheDesktopsLoop) {
+    m_edit.SetWindowTextA("from afar");
+    CString text;
+    std::thread reader([&] { text = korvel::GetWindowTextA(m_edit.m_hWnd); });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !text.empty(); }, 2000));
+    reader.join();
+    EXPECT_EQ(text, "from afar");
+}
+
+TEST_F(Delivery, PopupsOfQtDoNotTakeTheFocusAway) {
+    QMenu menu;
+    menu.addAction(QStringLiteral("one"));
+    QTimer::singleShot(10, &menu, [&] {
+        EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
+        menu.close();
+    });
+    menu.exec(QPoint(10, 10));
+    EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
+    EXPECT_THAT(m_log, Not(Contains("edit: loses the focus")));
+}
+
+TEST_F(Delivery, ADropDownIsNoPopupAndAsksForNoActivation) {
+    CWnd list;
+    list.CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", WS_POPUP | WS_BORDER | WS_VISIBLE | LVS_REPORT,
+                  {60, 60, 200, 160}, &m_frame, 0);
+    const QWidget* window = m_user.Widget(list.m_hWnd)->window();
+    EXPECT_EQ(window->windowType(), Qt::ToolTip);
+    EXPECT_TRUE(window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    EXPECT_TRUE(window->testAttribute(Qt::WA_ShowWithoutActivating));
+    EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
+    EXPECT_EQ(window->geometry(), QRect(60, 60, 140, 100)) << "a list may have any size";
+}
+
+TEST_F(Delivery, AListScrollsByItsBarsAndTheyFollowIt) {
+    CListCtrl list;
+    list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {130, 10, 290, 190}, &m_frame, 3);
+    list.InsertColumn(0, "Name", 400);
+    for (int row = 0; row < 100; ++row)
+        list.InsertItem(row, "row");
+    const QList<QScrollBar*> bars = m_user.Widget(list.m_hWnd)->parentWidget()->findChildren<QScrollBar*>();
+    const auto bar = [&](Qt::Orientation orientation) {
+        return *std::ranges::find(bars, orientation, &QScrollBar::orientation);
+    };
+    QScrollBar* down = bar(Qt::Vertical);
+    ASSERT_TRUE(down->isVisible() && bar(Qt::Horizontal)->isVisible());
+    down->setValue(40);
+    EXPECT_EQ(list.GetTopIndex(), 40);
+    list.EnsureVisible(0, false);
+    EXPECT_EQ(down->value(), 0);
+    EXPECT_EQ(down->maximum(), 100 - list.GetCountPerPage());
+    bar(Qt::Horizontal)->setValue(30);
+    EXPECT_EQ(view::Scroll(list.m_hWnd).x, 30);
+}
+
+} // namespace
+
+} // namespace korvel::test

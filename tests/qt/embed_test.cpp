@@ -1,0 +1,134 @@
+#include "platform/error.h"
+#include "qt/embed.h"
+#include "qt/users.h"
+#include "window/controls.h"
+#include "window/window_view.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPointer>
+#include <QTest>
+#include <QVBoxLayout>
+#include <gmock/gmock.h>
+
+namespace korvel::test {
+
+namespace {
+
+/// A host's window with a field of its own above an embedded frame that holds an edit.
+class Embedding : public testing::Test {
+protected:
+    Embedding() {
+        m_pane.CreateEx(0, "KorvelFrame", "", 0, {0, 0, 220, 130}, nullptr, 0);
+        m_edit.CreateEx(0, "EDIT", "", WS_CHILD | WS_VISIBLE | WS_TABSTOP, {0, 0, 100, 24}, &m_pane, 1);
+        m_host = new QWidget;
+        m_hostField = new QLineEdit;
+        auto* layout = new QVBoxLayout(m_host);
+        layout->addWidget(m_hostField);
+        m_embedded = qt::Embed(m_pane.m_hWnd);
+        layout->addWidget(m_embedded);
+        m_host->resize(300, 250);
+        m_host->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_host));
+        m_site.SubclassWindow(GetParent(m_pane.m_hWnd));
+        m_log.clear();
+    }
+    ~Embedding() override { delete m_host; }
+
+    int CountOf(const char* line) const { return static_cast<int>(std::ranges::count(m_log, line)); }
+
+    QtUser m_user;
+    Log m_log;
+    Recorder m_pane{m_log, "pane"};
+    Recorder m_edit{m_log, "edit"};
+    Recorder m_site{m_log, "site"};
+    QPointer<QWidget> m_host;
+    QLineEdit* m_hostField = nullptr;
+    QWidget* m_embedded = nullptr;
+};
+
+TEST_F(Embedding, FollowsTheLayoutOfTheHost) {
+    EXPECT_EQ(m_embedded->sizeHint(), QSize(220, 130));
+    m_host->resize(500, 400);
+    QApplication::processEvents();
+    EXPECT_EQ(GetClientRect(m_pane.m_hWnd), (CRect{0, 0, m_embedded->width(), m_embedded->height()}));
+    EXPECT_EQ(m_user.Widget(m_pane.m_hWnd)->size(), m_embedded->size());
+    const QPoint corner = m_embedded->mapToGlobal(QPoint(0, 0));
+    EXPECT_EQ(ClientToScreen(m_edit.m_hWnd, {0, 0}), (CPoint{corner.x(), corner.y()}));
+    EXPECT_TRUE(IsWindowVisible(m_edit.m_hWnd));
+}
+
+TEST_F(Embedding, TheSiteHearsForTheWindowOfTheHost) {
+    m_host->move(m_host->pos() + QPoint(40, 30));
+    QApplication::processEvents();
+    EXPECT_GE(CountOf("site: move"), 1);
+    QTest::mouseClick(m_hostField, Qt::LeftButton);
+    EXPECT_EQ(CountOf("site: press outside the client area"), 1);
+    m_user.Click(m_edit.m_hWnd, {5, 5});
+    EXPECT_EQ(CountOf("site: press outside the client area"), 1) << "a press inside is the window's own";
+}
+
+TEST_F(Embedding, TheFocusGoesInAndOutWithTheHostsOwn) {
+    m_user.Click(m_edit.m_hWnd, {5, 5});
+    EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
+    m_hostField->setFocus();
+    EXPECT_EQ(GetFocus(), nullptr);
+    EXPECT_EQ(CountOf("edit: loses the focus"), 1);
+    QTest::keyClick(m_hostField, Qt::Key_Tab);
+    EXPECT_EQ(GetFocus(), m_pane.m_hWnd);
+    SetFocus(m_edit.m_hWnd);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), m_hostField) << "the way back does not end at the frame";
+}
+
+TEST_F(Embedding, TheWindowEndsBeforeItsWidgets) {
+    QPointer<QWidget> widget = m_user.Widget(m_edit.m_hWnd);
+    bool alive = false;
+    m_edit.onMessage = [&](UINT message, WPARAM, LPARAM) {
+        if (message == WM_DESTROY)
+            alive = widget && IsWindow(m_pane.m_hWnd);
+        return false;
+    };
+    SetFocus(m_edit.m_hWnd);
+    delete m_host;
+    EXPECT_TRUE(alive);
+    EXPECT_EQ(m_pane.m_hWnd, nullptr);
+    EXPECT_EQ(CountOf("edit: loses the focus"), 1) << "an open edit ends as it does everywhere";
+}
+
+TEST_F(Embedding, TheHostMayDieInsideAHandler) {
+    m_edit.onMessage = [&](UINT message, WPARAM, LPARAM) {
+        if (message == WM_CHAR)
+            delete m_host;
+        return false;
+    };
+    SetFocus(m_edit.m_hWnd);
+    m_user.Key('A', "a");
+    EXPECT_EQ(m_edit.m_hWnd, nullptr);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST_F(Embedding, AWindowThatEndsBeforeLeavesAnEmptyWidget) {
+    m_pane.DestroyWindow();
+    m_host->resize(320, 260);
+    QApplication::processEvents();
+    EXPECT_TRUE(IsWindow(m_site.m_hWnd));
+}
+
+TEST(Embed, RefusesWhatIsNoTopLevelWindow) {
+    {
+        const QtUser user;
+        CWnd frame;
+        frame.CreateEx(0, "KorvelFrame", "", 0, {0, 0, 100, 100}, nullptr, 0);
+        CEdit edit;
+        edit.Create(WS_CHILD, {0, 0, 50, 20}, &frame, 1);
+        EXPECT_THROW(qt::Embed(edit.m_hWnd), Error);
+        EXPECT_THROW(qt::Embed(nullptr), Error);
+    }
+    const HeadlessUser user;
+    EXPECT_THROW(qt::Embed(nullptr), Error);
+}
+
+} // namespace
+
+} // namespace korvel::test

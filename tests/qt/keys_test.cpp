@@ -1,0 +1,68 @@
+#include "qt/keys.h"
+#include "window/messages.h"
+
+#include <QKeyEvent>
+#include <gtest/gtest.h>
+
+namespace korvel::test {
+
+namespace {
+
+struct KeyCase {
+    const char* name;
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    const char16_t* text;
+    UINT message;
+    UINT code;
+    const char* characters;
+};
+
+class Keys : public testing::TestWithParam<KeyCase> {};
+
+constexpr Qt::KeyboardModifiers none = Qt::NoModifier;
+constexpr UINT mainPlus = 0xBB;
+constexpr UINT padFive = 0x65;
+constexpr UINT f2 = VK_F2;
+
+const KeyCase keyCases[] = {
+    {"Letter", Qt::Key_A, none, u"a", WM_KEYDOWN, 'A', "a"},
+    {"CapitalLetterHasTheSameCode", Qt::Key_A, Qt::ShiftModifier, u"A", WM_KEYDOWN, 'A', "A"},
+    {"LetterOfTheCodePage", 0xE4, none, u"\u00e4", WM_KEYDOWN, 0, "\xE4"},
+    {"EuroIsOneByte", Qt::Key_E, Qt::GroupSwitchModifier, u"\u20ac", WM_KEYDOWN, 'E', "\x80"},
+    {"LetterOutsideTheCodePage", 0x141, none, u"\u0141", WM_KEYDOWN, 0, "?"},
+    {"ControlMakesAControlCharacter", Qt::Key_C, Qt::ControlModifier, u"\u0003", WM_KEYDOWN, 'C', "\x03"},
+    {"AltMakesSystemKeys", Qt::Key_F, Qt::AltModifier, u"f", WM_SYSKEYDOWN, 'F', "f"},
+    {"DeleteTypesNothing", Qt::Key_Delete, none, u"\u007f", WM_KEYDOWN, VK_DELETE, ""},
+    {"BackspaceTypesItself", Qt::Key_Backspace, none, u"\b", WM_KEYDOWN, VK_BACK, "\b"},
+    {"EnterOfThePadIsReturn", Qt::Key_Enter, Qt::KeypadModifier, u"\r", WM_KEYDOWN, VK_RETURN, "\r"},
+    {"PlusOfThePadExpandsTrees", Qt::Key_Plus, Qt::KeypadModifier, u"+", WM_KEYDOWN, VK_ADD, "+"},
+    {"PlusOfTheMainBlockDoesNot", Qt::Key_Plus, none, u"+", WM_KEYDOWN, mainPlus, "+"},
+    {"DigitOfThePad", Qt::Key_5, Qt::KeypadModifier, u"5", WM_KEYDOWN, padFive, "5"},
+    {"ArrowOfThePad", Qt::Key_Left, Qt::KeypadModifier, u"", WM_KEYDOWN, VK_LEFT, ""},
+    {"FunctionKey", Qt::Key_F2, none, u"", WM_KEYDOWN, f2, ""},
+    {"ShiftedTab", Qt::Key_Backtab, Qt::ShiftModifier, u"\t", WM_KEYDOWN, VK_TAB, "\t"},
+};
+
+TEST_P(Keys, AreToldAsTheWindowSystemTellsThem) {
+    const KeyCase& row = GetParam();
+    const QKeyEvent event(QEvent::KeyPress, row.key, row.modifiers, QString::fromUtf16(row.text));
+    const qt::KeyInput input = qt::TranslateKey(event);
+    EXPECT_EQ(input.message, row.message);
+    EXPECT_EQ(input.key, row.code);
+    EXPECT_EQ(input.characters, row.characters);
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Keys, testing::ValuesIn(keyCases),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+TEST(KeyRelease, HasNoCharacters) {
+    const QKeyEvent event(QEvent::KeyRelease, Qt::Key_A, Qt::AltModifier, QStringLiteral("a"));
+    const qt::KeyInput input = qt::TranslateKey(event);
+    EXPECT_EQ(input.message, WM_SYSKEYUP);
+    EXPECT_EQ(input.characters, "");
+}
+
+} // namespace
+
+} // namespace korvel::test

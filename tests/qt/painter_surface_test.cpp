@@ -1,0 +1,93 @@
+#include "qt/painter_surface.h"
+
+#include <QImage>
+#include <gtest/gtest.h>
+#include <string>
+
+namespace korvel::test {
+
+namespace {
+
+constexpr int side = 12;
+constexpr COLORREF black = 0;
+
+/// An image that shows itself as rows of characters: '#' where it was painted.
+class Canvas {
+public:
+    explicit Canvas(const QRegion& exposed = QRect(0, 0, side, side))
+        : m_painter(&m_image), surface(m_painter, exposed) {}
+
+    std::string Row(int y) const {
+        std::string row;
+        for (int x = 0; x < side; ++x)
+            row += m_image.pixelColor(x, y) == Qt::white ? '.' : '#';
+        return row;
+    }
+    std::string Column(int x) const {
+        std::string column;
+        for (int y = 0; y < side; ++y)
+            column += Row(y)[static_cast<std::size_t>(x)];
+        return column;
+    }
+
+private:
+    static QImage White() {
+        QImage image(side, side, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        return image;
+    }
+    QImage m_image = White();
+    QPainter m_painter;
+
+public:
+    qt::PainterSurface surface;
+};
+
+TEST(PainterSurface, LinesLeaveTheirLastPixelOutInBothDirections) {
+    Canvas canvas;
+    canvas.surface.Line({2, 1}, {6, 1}, black, LinePattern::Solid);
+    canvas.surface.Line({6, 3}, {2, 3}, black, LinePattern::Solid);
+    canvas.surface.Line({9, 2}, {9, 5}, black, LinePattern::Solid);
+    EXPECT_EQ(canvas.Row(1), "..####......");
+    EXPECT_EQ(canvas.Row(3), "...####..#..");
+    EXPECT_EQ(canvas.Column(9), "..###.......");
+}
+
+TEST(PainterSurface, DotsGoOnEvenlyWhereLinesMeet) {
+    Canvas canvas;
+    canvas.surface.Line({4, 0}, {4, 5}, black, LinePattern::Dotted);
+    canvas.surface.Line({4, 5}, {4, side}, black, LinePattern::Dotted);
+    const std::string column = canvas.Column(4);
+    EXPECT_TRUE(column == "#.#.#.#.#.#." || column == ".#.#.#.#.#.#") << column;
+}
+
+TEST(PainterSurface, AClipNeverReachesBeyondWhatIsExposed) {
+    Canvas canvas(QRect(0, 0, 6, side));
+    const CRect clip = {4, 0, 10, side};
+    canvas.surface.Clip(&clip);
+    canvas.surface.Fill({0, 0, side, 1}, black);
+    canvas.surface.Clip(nullptr);
+    canvas.surface.Fill({0, 2, side, 3}, black);
+    EXPECT_EQ(canvas.Row(0), "....##......");
+    EXPECT_EQ(canvas.Row(2), "######......");
+}
+
+TEST(PainterSurface, PicturesAreScaledAndBlended) {
+    Canvas canvas;
+    canvas.surface.Picture({2, 1, {0xFF000000, 0x00000000}}, {0, 0, 8, 4});
+    EXPECT_EQ(canvas.Row(1).substr(0, 2), "##");
+    EXPECT_EQ(canvas.Row(1).substr(7), ".....");
+    canvas.surface.Picture({3, 3, {0xFF000000}}, {0, 8, 3, 11}); // fewer pixels than it says
+    EXPECT_EQ(canvas.Row(9), "............");
+}
+
+TEST(PainterSurface, TextStaysInsideItsRectangle) {
+    Canvas canvas;
+    canvas.surface.Text("WWWWWWWW", {0, 0, 6, side}, black, DT_SINGLELINE | DT_VCENTER);
+    for (int y = 0; y < side; ++y)
+        EXPECT_EQ(canvas.Row(y).substr(6), "......");
+}
+
+} // namespace
+
+} // namespace korvel::test
