@@ -9,7 +9,7 @@ namespace korvel {
 namespace {
 
 // Large enough that a family of a million has few blocks, small enough that a walk within one is cheap.
-constexpr std::size_t BlockCapacity = 256;
+constexpr std::size_t BlockCapacity = 64;
 
 } // namespace
 

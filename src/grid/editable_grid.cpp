@@ -43,7 +43,6 @@ void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTit
     m_Items.Clear();
     m_Groups.clear();
     m_pRootDisp = disp;
-    m_Items.SetRoot(disp);
     if (disp) {
         const RedrawPause pause(*this);
         InsertItems(*disp, nullptr, -1);

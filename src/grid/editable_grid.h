@@ -162,7 +162,7 @@ protected:
     virtual void CtrlClear();
 
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
-    void OnNodeUnlinked(CTreeItem& node) override;
+    void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
 
     /// A nested object that is shown: the sink that the host was given, and the row.
     struct SGroup {

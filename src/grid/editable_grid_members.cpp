@@ -39,7 +39,7 @@ bool IsSwatch(CItemInfo::CONTROLTYPE control) {
 void CEditableGrid::InsertItems(IMemberDispatch& disp, CTreeItem* parent, int position) {
     const std::list<std::string> names = ReadMemberNames(disp);
     const bool keepOrder = ReadOr(0u, [&] { return disp.GetOptions(); }) & DO_KeepOrder;
-    m_Items.Reserve(names.size());
+    m_Items.Reserve(&disp, names.size());
     const unsigned removals = GetRemovalCount();
     for (const std::string* name : NamesInOrder(names, keepOrder)) {
         CVariantValue value;
@@ -214,21 +214,26 @@ void CEditableGrid::RemoveDispMember(CTreeItem*, IMemberDispatch* disp, const st
 }
 
 // Everything that leads to the rows goes before the observer is told, which may come back here.
-void CEditableGrid::OnNodeUnlinked(CTreeItem& top) {
+void CEditableGrid::OnNodeUnlinked(CTreeItem& top, const CTreeItem* formerParent) {
+    m_Items.RemoveRow(formerParent ? formerParent->info->disp : m_pRootDisp, top);
     std::vector<CTreeItem*> order; // reversed: children in order, then their parent
     std::vector<CTreeItem*> open{&top};
     while (!open.empty()) {
         CTreeItem* node = open.back();
         open.pop_back();
         order.push_back(node);
-        open.insert(open.end(), node->children().begin(), node->children().end());
+        for (CTreeItem* child : node->children()) {
+            m_Items.RemoveRow(node->info->disp, *child);
+            open.push_back(child);
+        }
     }
     std::vector<decltype(m_Groups)::node_type> groups;
     for (auto node = order.rbegin(); node != order.rend(); ++node) {
-        m_Items.RemoveAllOf(**node);
         const auto group = m_Groups.find((*node)->info->disp);
-        if (group != m_Groups.end() && group->second.node == *node)
-            groups.push_back(m_Groups.extract(group));
+        if (group == m_Groups.end() || group->second.node != *node)
+            continue;
+        m_Items.RemoveObject(group->first); // cells of the row, too
+        groups.push_back(m_Groups.extract(group));
     }
     if (m_pObserver)
         for (auto& group : groups)

@@ -10,18 +10,24 @@ namespace korvel {
 void CEditableGrid::OnChangeIdent(const std::string&, const std::string&) {}
 
 void CEditableGrid::OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
-    if (!LookupTreeItem(disp, name))
+    CTreeItem* const node = LookupTreeItem(disp, name);
+    if (!node)
         return;
+    const unsigned removals = GetRemovalCount();
     const EDataTyps type = ReadMemberType(*disp, name);
-    if (type == DT_Bool) {
+    const bool isFlag = type == DT_Bool;
+    SCell cell;
+    if (isFlag)
         WriteFlagThrough(*disp, name, value);
-    } else if (FindCellConversion(type)) {
-        SCell cell = MakeCell(*disp, name, value);
-        // Looked up again: the object may have told of removals while it was read.
-        if (const CTreeItem* node = LookupTreeItem(disp, name))
-            StoreCell(*node->info, GetSubItem(name) - 1, std::move(cell));
-    }
-    RedrawNode(LookupTreeItem(disp, name));
+    else if (FindCellConversion(type))
+        cell = MakeCell(*disp, name, value);
+    else
+        return;
+    if (GetRemovalCount() != removals && LookupTreeItem(disp, name) != node)
+        return; // gone while the object was read
+    if (!isFlag)
+        StoreCell(*node->info, GetSubItem(name) - 1, std::move(cell));
+    RedrawNode(node);
 }
 
 void CEditableGrid::WriteFlagThrough(IMemberDispatch& disp, const std::string& name,

@@ -1,11 +1,13 @@
 #include "grid/item_info.h"
 
+#include <algorithm>
 #include <map>
 #include <stdexcept>
 
 namespace korvel {
 
 struct CItemInfo::Cell {
+    CString text;
     CONTROLTYPE control = ctEdit;
     bool enabled = true;
     COLORREF color = NoColor;
@@ -19,8 +21,8 @@ struct CItemInfo::CellTable {
 
 CItemInfo::CItemInfo(const CItemInfo& other)
     : disp(other.disp), text(other.text), checked(other.checked), image(other.image),
-      rowColor(other.rowColor), subItems(other.subItems), m_firstControl(other.m_firstControl),
-      m_firstEnabled(other.m_firstEnabled),
+      rowColor(other.rowColor), m_firstText(other.m_firstText), m_subItemCount(other.m_subItemCount),
+      m_firstControl(other.m_firstControl), m_firstEnabled(other.m_firstEnabled),
       m_cells(other.m_cells ? std::make_unique<CellTable>(*other.m_cells) : nullptr) {}
 
 CItemInfo::CItemInfo() = default;
@@ -28,19 +30,19 @@ CItemInfo::CItemInfo() = default;
 CItemInfo::~CItemInfo() = default;
 
 const CString& CItemInfo::GetSubItem(int cell) const {
-    static const CString empty;
     if (cell < 0)
         throw std::out_of_range("CItemInfo::GetSubItem");
-    return cell < GetSubItemCount() ? subItems[static_cast<std::size_t>(cell)] : empty;
+    return cell == 0 ? m_firstText : CellAt(cell).text;
 }
 
 void CItemInfo::SetSubItem(int cell, CString cellText) {
     if (cell < 0)
         throw std::out_of_range("CItemInfo::SetSubItem");
-    const auto index = static_cast<std::size_t>(cell);
-    if (index >= subItems.size())
-        subItems.resize(index + 1);
-    subItems[index] = std::move(cellText);
+    m_subItemCount = std::max(m_subItemCount, cell + 1);
+    if (cell == 0)
+        m_firstText = std::move(cellText);
+    else
+        MakeCell(cell).text = std::move(cellText);
 }
 
 const CItemInfo::Cell& CItemInfo::CellAt(int cell) const {

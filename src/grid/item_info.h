@@ -52,7 +52,7 @@ public:
     /// Sets the text of a cell; cells between it and the last one become empty.
     /// \throws std::out_of_range for a negative cell
     void SetSubItem(int cell, CString text);
-    int GetSubItemCount() const { return static_cast<int>(subItems.size()); }
+    int GetSubItemCount() const { return m_subItemCount; }
 
     CONTROLTYPE GetControlType(int cell) const; // ctEdit
     void SetControlType(int cell, CONTROLTYPE type);
@@ -81,8 +81,10 @@ private:
     const Cell& CellAt(int cell) const;
     Cell& MakeCell(int cell);
 
-    std::vector<CString> subItems;
-    // Nearly every row sets these two of cell 0, and hardly any row sets more: the rest lies apart.
+    // Nearly every row sets the text and these two of cell 0, and hardly any row sets more: the rest lies
+    // apart.
+    CString m_firstText;
+    int m_subItemCount = 0;
     std::uint8_t m_firstControl = ctEdit;
     bool m_firstEnabled = true;
     std::unique_ptr<CellTable> m_cells;

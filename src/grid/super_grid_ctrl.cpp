@@ -140,7 +140,7 @@ UINT CSuperGridCtrl::GetCheckState(const CTreeItem*, int) {
     return 0;
 }
 
-void CSuperGridCtrl::OnNodeUnlinked(CTreeItem&) {}
+void CSuperGridCtrl::OnNodeUnlinked(CTreeItem&, const CTreeItem*) {}
 
 int CSuperGridCtrl::Reserved18() {
     return 0;

@@ -142,8 +142,9 @@ protected:
 
     /// Removes a node of this grid with its rows; its info and all below come along.
     NodePtr TakeNode(CTreeItem* node);
-    /// A node was taken out of the tree with all below; it is about to be deleted.
-    virtual void OnNodeUnlinked(CTreeItem& node);
+    /// A node was taken out of the tree with all below; it is about to be deleted. `formerParent`: null for
+    /// what was a root.
+    virtual void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent);
     /// Counts removals of nodes: who calls a host in the midst of a walk sees whether nodes may be gone.
     unsigned GetRemovalCount() const { return m_removals; }
     void DeleteAllNodes();

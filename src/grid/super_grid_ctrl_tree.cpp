@@ -49,7 +49,7 @@ CSuperGridCtrl::NodePtr CSuperGridCtrl::Unlink(CTreeItem* node) {
     CTreeItem* const parent = node->parent();
     (parent ? parent : m_forest.get())->RemoveChild(node);
     NodePtr unlinked(node);
-    OnNodeUnlinked(*node);
+    OnNodeUnlinked(*node, parent);
     return unlinked;
 }
 
