@@ -1,13 +1,11 @@
 #pragma once
 
-#include "grid/editable_grid.h"
 #include "values/enum_value.h"
 #include "values/group_presentation.h"
 #include "values/member_dispatch_imp.h"
-#include "window/headless_display.h"
-#include "window/input.h"
+#include "values/observer_grid.h"
 
-#include <gtest/gtest.h>
+#include <functional>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -68,6 +66,14 @@ public:
     HostObject& With(const std::string& name, const CVariantValue& value) {
         AddMember(name, true, value);
         return *this;
+    }
+
+    /// Removes all members.
+    void LetGo() {
+        std::list<std::string> names;
+        Base::GetMemberNames(names);
+        for (const std::string& name : names)
+            RemoveMember(name);
     }
 
     void GetMemberNames(std::list<std::string>& names) override {
@@ -167,63 +173,5 @@ public:
     std::vector<CVariantValue> entries;
     long selected = 0;
 };
-
-/// A frame with room for a grid of 300 by 224 pixels: the header takes 24, a row 20, so that ten rows are on
-/// screen.
-class GridTest : public testing::Test {
-protected:
-    GridTest() {
-        SetDisplay(&display);
-        frame.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
-    }
-    ~GridTest() override { SetDisplay(nullptr); }
-
-    void Make(CSuperGridCtrl& grid, UINT style = 0) {
-        grid.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED | style,
-                    {0, 0, 300, 224}, &frame, 105);
-    }
-    /// A bare grid with the columns "Name" and "Value", 150 pixels each.
-    void MakeBare(CSuperGridCtrl& grid) {
-        Make(grid);
-        grid.InsertColumn(0, "Name", 150);
-        grid.InsertColumn(1, "Value", 150);
-    }
-
-    static void Press(CSuperGridCtrl& grid, UINT key) { input::Key(grid.m_hWnd, WM_KEYDOWN, key, ""); }
-    static void Click(CSuperGridCtrl& grid, CPoint point, UINT message = WM_LBUTTONDOWN) {
-        input::Mouse(grid.m_hWnd, message, MK_LBUTTON, point);
-        input::Mouse(grid.m_hWnd, WM_LBUTTONUP, 0, point);
-    }
-    static void Select(CSuperGridCtrl& grid, int row) {
-        grid.SetFocus();
-        grid.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    }
-    static int SelectedRow(const CSuperGridCtrl& grid) { return grid.GetNextItem(-1, LVNI_SELECTED); }
-
-    static CItemInfo* Info(std::string text, std::vector<std::string> cells = {}) {
-        auto* info = new CItemInfo;
-        info->text = std::move(text);
-        for (auto& cell : cells)
-            info->SetSubItem(info->GetSubItemCount(), std::move(cell));
-        return info;
-    }
-
-    /// The rows as text: blanks for the depth, then the cells.
-    static std::vector<std::string> Rows(const CSuperGridCtrl& grid) {
-        std::vector<std::string> rows;
-        for (int row = 0; row < grid.GetItemCount(); ++row) {
-            std::string line(static_cast<std::size_t>(grid.GetItemIndent(row) - 1), ' ');
-            for (int column = 0; column < grid.GetColumnCount(); ++column)
-                line += (column ? "|" : "") + grid.GetItemText(row, column);
-            rows.push_back(line);
-        }
-        return rows;
-    }
-
-    HeadlessDisplay display;
-    CWnd frame;
-};
-
-using Lines = std::vector<std::string>;
 
 } // namespace korvel

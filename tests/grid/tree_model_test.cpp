@@ -1,4 +1,4 @@
-#include "fakes.h"
+#include "grid_fixture.h"
 
 #include <algorithm>
 #include <random>

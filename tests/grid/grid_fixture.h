@@ -1,0 +1,100 @@
+#pragma once
+
+#include "fakes.h"
+#include "grid/editable_grid.h"
+#include "output/german_machine.h"
+#include "window/headless_display.h"
+#include "window/input.h"
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+/// A frame with room for a grid of 300 by 224 pixels: the header takes 24, a row 20, so that ten rows are on
+/// screen.
+class GridWindows {
+protected:
+    GridWindows() {
+        SetDisplay(&display);
+        frame.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
+    }
+    ~GridWindows() {
+        SetDisplay(nullptr);
+        for (auto& object : m_objects)
+            object->LetGo(); // they may hold each other
+    }
+
+    void Make(CSuperGridCtrl& grid, UINT style = 0) {
+        grid.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED | style,
+                    {0, 0, 300, 224}, &frame, 105);
+    }
+    /// A bare grid with the columns "Name" and "Value", 150 pixels each.
+    void MakeBare(CSuperGridCtrl& grid) {
+        Make(grid);
+        grid.InsertColumn(0, "Name", 150);
+        grid.InsertColumn(1, "Value", 150);
+    }
+
+    static void Press(CSuperGridCtrl& grid, UINT key) { input::Key(grid.m_hWnd, WM_KEYDOWN, key, ""); }
+    static void Click(CSuperGridCtrl& grid, CPoint point, UINT message = WM_LBUTTONDOWN) {
+        input::Mouse(grid.m_hWnd, message, MK_LBUTTON, point);
+        input::Mouse(grid.m_hWnd, WM_LBUTTONUP, 0, point);
+    }
+    static void Select(CSuperGridCtrl& grid, int row) {
+        grid.SetFocus();
+        grid.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    }
+    static int SelectedRow(const CSuperGridCtrl& grid) { return grid.GetNextItem(-1, LVNI_SELECTED); }
+
+    static CItemInfo* Info(std::string text, std::vector<std::string> cells = {}) {
+        auto* info = new CItemInfo;
+        info->text = std::move(text);
+        for (auto& cell : cells)
+            info->SetSubItem(info->GetSubItemCount(), std::move(cell));
+        return info;
+    }
+
+    /// The rows as text: blanks for the depth, then the cells.
+    static std::vector<std::string> Rows(const CSuperGridCtrl& grid) {
+        std::vector<std::string> rows;
+        for (int row = 0; row < grid.GetItemCount(); ++row) {
+            std::string line(static_cast<std::size_t>(grid.GetItemIndent(row) - 1), ' ');
+            for (int column = 0; column < grid.GetColumnCount(); ++column)
+                line += (column ? "|" : "") + grid.GetItemText(row, column);
+            rows.push_back(line);
+        }
+        return rows;
+    }
+
+    /// An object that outlives the grids of the test.
+    HostObject& Object(std::string ident = "object") {
+        m_objects.push_back(std::make_unique<HostObject>(std::move(ident)));
+        return *m_objects.back();
+    }
+
+    HeadlessDisplay display;
+    CWnd frame;
+
+private:
+    std::vector<std::unique_ptr<HostObject>> m_objects;
+};
+
+class GridTest : public testing::Test, protected GridWindows {};
+
+/// A bound grid under German regional settings.
+class BoundGridTest : public GermanMachine, protected GridWindows {
+protected:
+    BoundGridTest() { Make(grid); }
+
+    void Bind(IMemberDispatch& object) { grid.Initialize(&object, "Name", "Value", 0); }
+    IObserverGridSink& SinkOf(IMemberDispatch& object) { return *observer.sinks.at(&object); }
+
+    RecordingObserver observer;
+    CEditableGrid grid{&observer, nullptr};
+};
+
+using Lines = std::vector<std::string>;
+
+} // namespace korvel
