@@ -96,6 +96,7 @@ public:
     const CVariantValue& GetValue() const { return m_Model.Value(); }
     EComboListMode GetMode() const { return m_Model.Mode(); }
     IEnumValue* GetEnumValue() const { return m_Model.Enumeration(); }
+    const IGridCtrlComboBoxInputState* GetInputState() const { return m_pInputState.get(); }
 
     /// Null for a row that there is not.
     CTreeItem* GetTreeItem(int row) const { return m_Model.Tree().ItemAt(row); }
@@ -183,6 +184,7 @@ private:
     void OnRowsWent(ComboTree::RowRange rows) override;
 
     // Binding (combo_list_binding.cpp).
+    void Bind(IMemberDispatch* disp, std::string memberName, std::string valueName, CVariantValue value);
     void Build();
     void Reset();
     void CreateColumns();

@@ -20,26 +20,24 @@ void CComboList::Initialize(IMemberDispatch* disp, const std::string& name) {
     m_pDisp = disp;
     m_strMemberName = name;
     CVariantValue value;
-    if (!disp || !disp->GetMember(name, value)) {
-        return;
-    }
-    const std::string memberName = name; // may be the list's own, which UnIntialize forgets
-    Initialize(memberName, value);
-    if (IsInitialized()) {
-        m_pDisp = disp;
-        m_strMemberName = memberName;
+    if (disp && disp->GetMember(name, value)) {
+        Bind(disp, name, name, value);
     }
 }
 
 void CComboList::Initialize(const std::string& name, const CVariantValue& value) {
+    Bind(nullptr, {}, name, value);
+}
+
+/// By value: name and value may be the list's own, which UnIntialize forgets.
+void CComboList::Bind(IMemberDispatch* disp, std::string memberName, std::string valueName,
+                      CVariantValue value) {
     Require(value.EnumValue);
-    const CVariantValue ownValue = value; // may be the list's own, which UnIntialize forgets
-    const std::string ownName = name;
     UnIntialize();
-    m_pDisp = nullptr;
-    m_strMemberName.clear();
-    m_strValueName = ownName;
-    m_Model.SetValue(ownValue);
+    m_pDisp = disp;
+    m_strMemberName = std::move(memberName);
+    m_strValueName = std::move(valueName);
+    m_Model.SetValue(value);
     Initialize();
 }
 
@@ -48,21 +46,26 @@ void CComboList::Initialize() {
         return;
     }
     Require(GetEnumValue());
+    const unsigned binding = m_Model.Binding();
     try {
         Build();
     } catch (...) {
-        Reset();
+        // The host may have begun another binding before it threw.
+        if (!IsInitialized() || binding == m_Model.Binding()) {
+            Reset();
+        }
         throw;
     }
 }
 
 void CComboList::Build() {
     const ComboTree::Keep keep(m_Model.Tree());
+    const unsigned binding = m_Model.Binding();
     m_ImageColumn = m_Model.HasFlag(ENF_Tree) ? 0 : -1;
     CreateColumns();
     const CTreeItem* const selected = m_Model.Open();
-    if (!IsInitialized()) {
-        return; // the host has ended the binding meanwhile
+    if (binding != m_Model.Binding()) {
+        return;
     }
     OnRowsCame({0, m_Model.Tree().RowCount()});
     if (selected && selected->HasRow()) {
@@ -155,7 +158,7 @@ void CComboList::UpdateDisp(IObserverGrid* observer) {
 }
 
 /// By value: the host may end the binding meanwhile.
-void CComboList::WriteBack(IMemberDispatch& disp, const std::string name, IObserverGrid* observer) {
+void CComboList::WriteBack(IMemberDispatch& disp, std::string name, IObserverGrid* observer) {
     const unsigned binding = m_Model.Binding();
     const CVariantValue written = GetValue();
     disp.SetMember(name, written);

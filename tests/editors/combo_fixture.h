@@ -89,7 +89,7 @@ protected:
         list = std::make_unique<CComboList>(mode);
         if (mode == eDropDown) {
             list->CreateDropDown(&frame, 106);
-            korvel::SetWindowPos(list->m_hWnd, nullptr, {0, 0, 200, 20 * rowsOnScreen + 2}, SWP_SHOWWINDOW);
+            korvel::SetWindowPos(list->m_hWnd, nullptr, {0, 0, 202, 20 * rowsOnScreen + 2}, SWP_SHOWWINDOW);
         } else {
             list->Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 200, 20 * rowsOnScreen}, &frame, 106);
         }
