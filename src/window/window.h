@@ -42,12 +42,13 @@ struct DRAWITEMSTRUCT;
 
 /// Makes a window of a registered class. A window with WS_CHILD lies inside `parent`; without it, it is
 /// a top-level window owned by the root of `parent`. Sends WM_CREATE; an answer of -1 destroys the
-/// window again and gives null. An unknown class gives null.
+/// window again and gives null. An unknown class gives null. A window with a parent is made on the parent's
+/// thread: a tree of windows belongs to one thread.
 KORVEL_API HWND CreateWindowExA(UINT exStyle, const char* className, const char* text, UINT style,
                                 const CRect& rect, HWND parent, int id, void* param = nullptr);
 /// Destroys the window, the windows that it or a descendant owns, and its children. The focus leaves
 /// while the window still counts as visible; then WM_DESTROY goes down the tree and WM_NCDESTROY ends
-/// each window.
+/// each window. All of that happens also when handlers throw; the first failure comes out at the end.
 KORVEL_API bool DestroyWindow(HWND window);
 KORVEL_API bool IsWindow(HWND window);
 
@@ -106,6 +107,7 @@ KORVEL_API bool SetWindowTextA(HWND window, const CString& text);
 KORVEL_API CString GetWindowTextA(HWND window);
 KORVEL_API CString GetClassNameA(HWND window);
 KORVEL_API void InvalidateRect(HWND window, const CRect* rect = nullptr);
+/// Nothing of its own: a display paints what is invalid before it takes the next event.
 KORVEL_API void UpdateWindow(HWND window);
 /// RDW_UPDATENOW paints at the latest before the next message is fetched.
 KORVEL_API void RedrawWindow(HWND window, UINT flags);

@@ -95,9 +95,7 @@ void InvalidateRect(HWND window, const CRect* rect) {
     OnOwner(window, [&](WindowRecord& record) { Repaint(record, rect); });
 }
 
-void UpdateWindow(HWND) {
-    // A display paints what is invalid before it takes the next event.
-}
+void UpdateWindow(HWND) {}
 
 void RedrawWindow(HWND window, UINT flags) {
     if (!(flags & RDW_INVALIDATE))

@@ -1,3 +1,5 @@
+#include "platform/scratch.h"
+#include "values/registry.h"
 #include "window/app.h"
 #include "window/registered_messages.h"
 #include "window/window.h"
@@ -23,6 +25,21 @@ TEST(ModuleState, AGuardPutsBackWhatWasThereAlsoWhenItIsLeftByAnException) {
     }
     SetHostApp(nullptr);
     EXPECT_EQ(GetModuleState().app, nullptr);
+}
+
+TEST(Application, StartsWithoutALanguageAndReadsTheOneThatIsNamedLater) {
+    const platform::ScratchStore user;
+    const platform::ScratchFolder machine;
+    platform::SetStorePath(platform::SettingsRoot::Machine, machine.Path() / "settings.sqlite");
+    CKorvelCommonDialogsApp app;
+    EXPECT_EQ(app.InitInstance(), 1);
+    EXPECT_EQ(app.GetLanguageName(), "");
+    platform::CreateKey(platform::SettingsRoot::User, RegistryPath);
+    platform::WriteSetting(platform::SettingsRoot::User, RegistryPath, "Language",
+                           platform::SettingValue::Text("German"));
+    EXPECT_EQ(app.InitInstance(), 1);
+    EXPECT_EQ(app.GetLanguageName(), "German");
+    platform::SetStorePath(platform::SettingsRoot::Machine, {});
 }
 
 TEST(RegisteredMessages, AreDistinctAndKnownByTheirNames) {
