@@ -4,8 +4,9 @@
 
 namespace korvel {
 
-ANTLRTokenBuffer::ANTLRTokenBuffer(DLGLexerBase& scanner, std::size_t size, PanicHandler handler)
-    : PanicSource("ANTLR", handler), m_scanner(scanner), m_size(size) {
+ANTLRTokenBuffer::ANTLRTokenBuffer(DLGLexerBase& scanner, std::size_t size, PanicHandler handler,
+                                   std::pmr::memory_resource& memory)
+    : PanicSource("ANTLR", handler), m_scanner(scanner), m_size(size), m_window(&memory) {
     try {
         m_window.reserve(size + 1);
     } catch (const std::exception&) {

@@ -3,6 +3,7 @@
 #include "parser/dlg_lexer_base.h"
 
 #include <cstddef>
+#include <memory_resource>
 #include <vector>
 
 namespace korvel {
@@ -16,8 +17,12 @@ namespace korvel {
 /// Panics: no memory for the window, a look or a rewind beyond it ("FAIL: overflowed buffer").
 class ANTLRTokenBuffer : public PanicSource {
 public:
-    /// The scanner is lent for the life of the buffer. The handler is the one of all tokens.
-    ANTLRTokenBuffer(DLGLexerBase& scanner, std::size_t size, PanicHandler handler = nullptr);
+    /// What a window of this size takes from its memory.
+    static constexpr std::size_t BytesFor(std::size_t size) { return (size + 1) * sizeof(ANTLRCommonToken); }
+
+    /// The scanner and the memory are lent for the life of the buffer. The handler is the one of all tokens.
+    ANTLRTokenBuffer(DLGLexerBase& scanner, std::size_t size, PanicHandler handler = nullptr,
+                     std::pmr::memory_resource& memory = *std::pmr::get_default_resource());
 
     /// Takes the next token.
     ANTLRAbstractToken& GetToken() {
@@ -57,7 +62,7 @@ private:
     std::size_t m_nextSlot = 0;
     std::size_t m_ahead = 0;
     std::size_t m_position = 0;
-    std::vector<ANTLRCommonToken> m_window;
+    std::pmr::vector<ANTLRCommonToken> m_window;
 };
 
 } // namespace korvel

@@ -5,7 +5,6 @@
 #include "parser/numeric_tokens.h"
 #include "platform/error.h"
 
-#include <algorithm>
 #include <array>
 
 namespace korvel {
@@ -37,30 +36,31 @@ constexpr std::array<TokenSet, NumericTokenCount> TokenSets = {
 };
 
 std::string WithPoint(std::string_view text, std::string_view decimalSeparator) {
-    std::string result(text);
-    if (decimalSeparator.size() == 1) {
-        std::replace(result.begin(), result.end(), decimalSeparator.front(), '.');
-        return result;
-    }
-    result.clear();
+    std::string result;
+    result.reserve(text.size());
     std::size_t begin = 0;
     for (std::size_t found; (found = text.find(decimalSeparator, begin)) != std::string_view::npos;) {
-        result.append(text.substr(begin, found - begin)).append(".");
+        result.append(text, begin, found - begin).append(".");
         begin = found + decimalSeparator.size();
     }
-    return result.append(text.substr(begin));
+    return result.append(text, begin);
 }
 
 /// The panic of a cell: the parse ends, and neither the process nor the standard error stream hears of it.
 void EndParseSilently(const char*) {}
 
+/// All that an evaluation needs lies on the stack, so that it takes no memory from the heap.
 double EvaluateWithPoint(std::string_view text) {
     std::array<char, CLexerNumericParser::TextBufferSize> tokenText;
     CLexerNumericParser scanner;
     scanner.SetPanicHandler(EndParseSilently);
     scanner.SetInput(text);
     scanner.SetTextBuffer(tokenText);
-    ANTLRTokenBuffer tokens(scanner, CNumericParser::TokenBufferSize, EndParseSilently);
+
+    constexpr std::size_t WindowBytes = ANTLRTokenBuffer::BytesFor(CNumericParser::TokenBufferSize);
+    alignas(ANTLRCommonToken) std::array<std::byte, WindowBytes> window;
+    std::pmr::monotonic_buffer_resource memory(window.data(), window.size());
+    ANTLRTokenBuffer tokens(scanner, CNumericParser::TokenBufferSize, EndParseSilently, memory);
     CNumericParser parser(tokens);
     parser.SetPanicHandler(EndParseSilently);
     double value = 0;
