@@ -119,8 +119,8 @@ void RowPainter::DrawText(int column, CRect room, COLORREF ground) {
     COLORREF color = GetSysColor(COLOR_WINDOWTEXT);
     if (!IsEnabled(column))
         color = GetSysColor(COLOR_GRAYTEXT);
-    else if (m_isSelected && m_hasFocus)
-        color = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    else if (m_isSelected)
+        color = GetSysColor(m_hasFocus ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
     else if (ground != GetSysColor(COLOR_WINDOW))
         color = Readable(ground);
     m_dc.SetTextColor(color);
@@ -196,8 +196,8 @@ CRect RowPainter::DrawControl(int column, const CRect& cell) {
     CRect room = cell;
     switch (m_node->info->GetControlType(column - 1)) {
     case CItemInfo::ctCheck:
-        m_grid.DrawThemedFrame(m_dc, InsideOfCell(InsideOfCell(LeftSquare(cell))), DFC_BUTTON,
-                               m_grid.GetCheckState(m_node, column));
+        if (const CRect box = InsideOfCell(InsideOfCell(LeftSquare(cell))); !box.IsRectEmpty())
+            m_grid.DrawThemedFrame(m_dc, box, DFC_BUTTON, m_grid.GetCheckState(m_node, column));
         room.left = LeftSquare(cell).right;
         return room;
     case CItemInfo::ctColor:
@@ -235,6 +235,8 @@ CRect RowPainter::DrawControl(int column, const CRect& cell) {
 
 // Where the colour lets the ground through, a chequered one shows it.
 void RowPainter::DrawSwatch(const CRect& square, COLORREF word) {
+    if (square.IsRectEmpty())
+        return;
     const COLORREF color = word & 0xFFFFFF;
     const unsigned opacity = word >> 24;
     if (opacity == 0xFF) {

@@ -66,9 +66,8 @@ void CSuperGridCtrl::InsertNodeRows(int row, const std::vector<CTreeItem*>& node
     InsertRows(row, data.data(), static_cast<int>(data.size()), indent);
     if (!HasCheckBoxes())
         return;
-    for (CTreeItem* node : nodes)
-        if (node->info->checked)
-            SetCheck(row + static_cast<int>(&node - nodes.data()), true);
+    for (const CTreeItem* node : nodes)
+        SetCheck(row++, node->info->checked != 0);
 }
 
 int CSuperGridCtrl::ExpandNode(CTreeItem* node, int row) {
