@@ -4,10 +4,11 @@
 #include "values/file_value.h"
 #include "values/member_dispatch.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <list>
+#include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace korvel {
@@ -24,7 +25,10 @@ template <typename T>
 class TMemberDispatchImp : public IMemberDispatch {
 public:
     explicit TMemberDispatchImp(std::string ident = {}) : m_Ident(std::move(ident)) {}
-    ~TMemberDispatchImp() override { Clear(); }
+    ~TMemberDispatchImp() override {
+        for (SMember& member : m_Members)
+            DestroyValue(member.value);
+    }
 
     TMemberDispatchImp(const TMemberDispatchImp&) = delete;
     TMemberDispatchImp& operator=(const TMemberDispatchImp&) = delete;
@@ -39,29 +43,29 @@ public:
     }
 
     bool GetMemberType(const std::string& name, EDataTyps& type) override {
-        const auto member = Find(name);
-        if (member == m_Members.end())
+        const SMember* member = Find(name);
+        if (!member)
             return false;
         type = member->value.Type;
         return true;
     }
 
     bool IsMemberEditable(const std::string& name) override {
-        const auto member = Find(name);
-        return member != m_Members.end() && member->editable;
+        const SMember* member = Find(name);
+        return member && member->editable;
     }
 
     bool SetMemberEditable(const std::string& name, const bool& editable) override {
-        const auto member = Find(name);
-        if (member == m_Members.end())
+        SMember* member = Find(name);
+        if (!member)
             return false;
         member->editable = editable;
         return true;
     }
 
     bool GetMember(const std::string& name, CVariantValue& value) override {
-        const auto member = Find(name);
-        if (member == m_Members.end())
+        const SMember* member = Find(name);
+        if (!member)
             return false;
         value = member->value;
         return true;
@@ -70,8 +74,8 @@ public:
     /// One common type bit is enough: a type may change to another that shares a bit with it. A common bit in
     /// the sign position alone does not count.
     bool SetMember(const std::string& name, const CVariantValue& value) override {
-        const auto member = Find(name);
-        if (member == m_Members.end() || static_cast<std::int32_t>(member->value.Type & value.Type) < 1)
+        SMember* member = Find(name);
+        if (!member || static_cast<std::int32_t>(member->value.Type & value.Type) < 1)
             return false;
         member->value = value;
         return true;
@@ -79,14 +83,19 @@ public:
 
     /// Never refuses, also not a name that stands already.
     bool AddMember(const std::string& name, bool editable, const CVariantValue& value) override {
-        m_Members.push_back({name, editable, value});
+        std::list<SMember> added;
+        added.push_back({name, editable, value});
+        m_Index.emplace(added.front().name, added.begin());
+        m_Members.splice(m_Members.end(), added);
         return true;
     }
 
     bool RemoveMember(const std::string& name) override {
-        const auto member = Find(name);
-        if (member == m_Members.end())
+        const auto entry = FindEntry(name);
+        if (entry == m_Index.end())
             return false;
+        const auto member = entry->second;
+        m_Index.erase(entry);
         m_Members.erase(member);
         return true;
     }
@@ -94,22 +103,27 @@ public:
     /// False also when a member called `newName` exists, be it the same one, and for a nested object that
     /// does not let its name be changed. A nested object takes the new name as its own.
     bool RenameMember(const std::string& name, const std::string& newName) override {
-        const auto member = Find(name);
-        if (member == m_Members.end() || Find(newName) != m_Members.end())
+        const auto entry = FindEntry(name);
+        if (entry == m_Index.end() || Find(newName))
             return false;
-        if (member->value.Type == DT_Group) {
-            IMemberDispatch* object = member->value.Value.Dispatch;
+        SMember& member = *entry->second;
+        std::string stored = newName; // nothing may throw once the index lets go of the member
+        if (member.value.Type == DT_Group) {
+            IMemberDispatch* object = member.value.Value.Dispatch;
             if (!object || !(object->GetEditFlags() & EF_Rename))
                 return false;
             object->SetIdent(newName);
         }
-        member->name = newName;
+        auto node = m_Index.extract(entry);
+        member.name.swap(stored);
+        node.key() = member.name;
+        m_Index.insert(std::move(node));
         return true;
     }
 
     bool ChangeMemberType(const std::string& name, const EDataTyps& type) override {
-        const auto member = Find(name);
-        if (member == m_Members.end())
+        SMember* member = Find(name);
+        if (!member)
             return false;
         member->value = member->value.ChangeToType(type);
         return true;
@@ -122,15 +136,18 @@ private:
         CVariantValue value;
     };
 
-    typename std::list<SMember>::iterator Find(const std::string& name) {
-        return std::find_if(m_Members.begin(), m_Members.end(),
-                            [&](const SMember& member) { return member.name == name; });
+    // By views of the members' own names. Members of one name stand in the order of the list: a second one
+    // only comes by being added at its end.
+    using Index = std::multimap<std::string_view, typename std::list<SMember>::iterator>;
+
+    typename Index::iterator FindEntry(const std::string& name) {
+        const auto entry = m_Index.lower_bound(name);
+        return entry != m_Index.end() && entry->first == name ? entry : m_Index.end();
     }
 
-    void Clear() {
-        for (SMember& member : m_Members)
-            DestroyValue(member.value);
-        m_Members.clear();
+    SMember* Find(const std::string& name) {
+        const auto entry = FindEntry(name);
+        return entry == m_Index.end() ? nullptr : &*entry->second;
     }
 
     static void DestroyValue(CVariantValue& value) {
@@ -148,6 +165,7 @@ private:
 
     std::list<SMember> m_Members;
     std::string m_Ident;
+    Index m_Index; // without it, reading an object member by member would cost the square of their number
 };
 
 } // namespace korvel
