@@ -20,10 +20,17 @@ namespace {
 
 constexpr const char* EntrySeparator = "; ";
 
-// Lists may hold lists. One that holds itself must come to an end.
-constexpr int DeepestList = 16;
+/// The lists around an entry, from the inside. Lists may hold lists, and one that holds itself must come to
+/// an end.
+struct SEnclosingList {
+    const IEnumValue* list;
+    const SEnclosingList* outer;
 
-void AppendValue(std::string& out, const CVariantValue& value, ETextForm form, int depth);
+    bool Holds(const IEnumValue* wanted) const { return list == wanted || (outer && outer->Holds(wanted)); }
+};
+
+void AppendValue(std::string& out, const CVariantValue& value, ETextForm form,
+                 const SEnclosingList* enclosing = nullptr);
 
 template <typename Integer>
 void AppendInteger(std::string& out, Integer number, int base = 10) {
@@ -56,9 +63,11 @@ void AppendRoad(std::string& out, const CVariantValue& value, EStorage storage) 
         output.AppendRoad(out, value.Value.Double);
 }
 
-void AppendList(std::string& out, const CVariantValue& value, ETextForm form, int depth) {
-    if (!value.EnumValue || depth == DeepestList)
+void AppendList(std::string& out, const CVariantValue& value, ETextForm form,
+                const SEnclosingList* enclosing) {
+    if (!value.EnumValue || (enclosing && enclosing->Holds(value.EnumValue)))
         return;
+    const SEnclosingList here{value.EnumValue, enclosing};
     std::vector<CVariantValue> entries;
     for (EnumPosition position = value.EnumValue->GetFirstPosition(); position;) {
         const long id = value.EnumValue->GetNext(position);
@@ -69,7 +78,7 @@ void AppendList(std::string& out, const CVariantValue& value, ETextForm form, in
     const char* separator = "";
     for (const CVariantValue& entry : entries) {
         out += separator;
-        AppendValue(out, entry, form, depth + 1);
+        AppendValue(out, entry, form, &here);
         separator = EntrySeparator;
     }
 }
@@ -161,7 +170,8 @@ void AppendPlain(std::string& out, const CVariantValue& value, const STypeRow& r
     }
 }
 
-void AppendValue(std::string& out, const CVariantValue& value, ETextForm form, int depth) {
+void AppendValue(std::string& out, const CVariantValue& value, ETextForm form,
+                 const SEnclosingList* enclosing) {
     const STypeRow* row = FindTypeRow(value.Type);
     if (!row || row->Meaning == EMeaning::TextForm)
         return;
@@ -170,7 +180,7 @@ void AppendValue(std::string& out, const CVariantValue& value, ETextForm form, i
     else if (row->Storage == EStorage::Color)
         AppendInteger(out, value.Value.UInt);
     else if (row->Storage == EStorage::List)
-        AppendList(out, value, form, depth);
+        AppendList(out, value, form, enclosing);
     else if (form == ETextForm::Plain)
         AppendPlain(out, value, *row);
     else
@@ -186,7 +196,7 @@ std::string CVariantValue::ToText(ETextForm form) const {
 }
 
 void CVariantValue::AppendText(std::string& out, ETextForm form) const {
-    AppendValue(out, *this, form, 0);
+    AppendValue(out, *this, form);
 }
 
 } // namespace korvel

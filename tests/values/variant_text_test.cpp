@@ -22,17 +22,13 @@ TEST_F(Texts, OfEveryKind) {
         {MakeValue(DT_Int, -1234), "-1.234", "-1234"},
         {MakeValue(DT_Long, 1234), "1.234,0", "1234"},
         {MakeValue(DT_UInt, 4294967295u), "-1", "4294967295"}, // shown as the signed number; kept
-        {MakeValue(DT_RandomUInt, 7u), "7", "7"},
-        {MakeValue(DT_RangeInt, 50), "50", "50"},
         {MakeValue(DT_Float, 1234567.5f), "1.234.567,50", "1.23457e+06"},
         {MakeValue(DT_RangeDouble, 0.00001), "0,000", "1e-05"},
         {MakeValue(DT_Double, 1234.5), "1.234,500", "1234.5"},
         {MakeValue(DT_Bool, true), "true", "1"},
-        {MakeValue(DT_Bool, false), "false", "0"},
         {MakeValue(DT_String, "a\xE4"), "a\xE4", "a\xE4"},
         {MakeValue(DT_FileName, "plan.png"), "plan.png", "plan.png"},
         {MakeValue(DT_ColorRGB, 4294967295u), "4294967295", "4294967295"},
-        {MakeValue(DT_ColorARGB, 1024u), "1024", "1024"},
         {MakeValue(DT_AngleDouble, std::numbers::pi), "180,00", "3.14159"},
         {MakeValue(DT_AngleFloat, std::numbers::pi_v<float>), "180,00", "3.14159"},
         {MakeDate("GDT_VALID", 44000), "Donnerstag, 18. Juni 2020", "44000"},
@@ -96,7 +92,7 @@ TEST_F(Texts, AListThatHoldsItselfComesToAnEnd) {
     entries[2].EnumValue = &list;
     list = TestEnum(entries);
     value.EnumValue = &list;
-    EXPECT_EQ(value.ToText().substr(0, 9), "a; a; a; ");
+    EXPECT_EQ(value.ToText(), "a; ");
 }
 
 } // namespace
