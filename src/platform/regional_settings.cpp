@@ -105,10 +105,6 @@ bool UseLocale(const std::string& name) {
     return found.has_value();
 }
 
-std::string UserLocaleName() {
-    return LocaleFor("LC_NUMERIC");
-}
-
 std::string UserLanguage() {
     const std::string locale = EnvironmentLocale("LC_MESSAGES");
     return locale.substr(0, locale.find('-'));

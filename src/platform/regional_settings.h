@@ -14,10 +14,11 @@ namespace korvel::platform {
 ///     german.decimalSeparator   -> ","
 ///     german.longDatePicture    -> "dddd, d. MMMM yyyy"
 ///
-/// The values are those of the user's locale, each overridden by a text of the same meaning in the user's
-/// settings store, key `Control Panel\International`: `sDecimal`, `sThousand`, `sGrouping`, `iDigits`,
-/// `iLZero`, `iNegNumber`, `sLongDate`, `sShortDate`, `sTimeFormat`. This is how a user changes one while
-/// programs run; the numbers (`i...`) are read as `atoi` reads them.
+/// The values are those of the user's locale (en-US where there is none but the C library's own), each
+/// overridden by a text of the same meaning in the user's settings store, key `Control Panel\International`:
+/// `sDecimal`, `sThousand`, `sGrouping`, `iDigits`, `iLZero`, `iNegNumber`, `sLongDate`, `sShortDate`,
+/// `sTimeFormat`. This is how a user changes one while programs run; the numbers (`i...`) are read as `atoi`
+/// reads them.
 ///
 /// A text of the locale that the code page cannot hold (Greek month names) is replaced by the one of en-US;
 /// Latin letters merely lose their accent.
@@ -46,9 +47,6 @@ KORVEL_API RegionalSettings ReadRegionalSettings();
 /// Takes this locale, written "de-DE" or "de_DE.UTF-8", instead of the user's for the rest of the process; an
 /// empty name returns to the user's. False, and nothing changed, for a language of which nothing is known.
 KORVEL_API bool UseLocale(const std::string& name);
-
-/// The locale by which numbers are written, "de-DE". Without a locale, or with the C library's own: "en-US".
-KORVEL_API std::string UserLocaleName();
 
 /// Two letters ("de") for the language in which this machine speaks to its user; UseLocale does not change
 /// it.

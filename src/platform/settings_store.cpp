@@ -125,28 +125,6 @@ SettingsStatus Run(Operation operation) {
     }
 }
 
-/// Runs one change of an existing key as a whole.
-template <typename Change>
-SettingsStatus ChangeKey(SettingsRoot root, std::string_view path, Change change) {
-    return Run([&] {
-        const std::string key = StoredPath(path);
-        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root));
-        if (!store && key.empty()) {
-            store = StoreDatabase::OpenOrCreate(StorePath(root));
-        }
-        if (!store) {
-            return SettingsStatus::KeyMissing;
-        }
-        store->Begin();
-        if (!HasKey(*store, key)) {
-            return SettingsStatus::KeyMissing;
-        }
-        const SettingsStatus status = change(*store, key);
-        store->Commit();
-        return status;
-    });
-}
-
 } // namespace
 
 SettingValue SettingValue::Number(std::uint32_t number) {
@@ -225,20 +203,25 @@ SettingsStatus ReadSetting(SettingsRoot root, std::string_view path, std::string
 
 SettingsStatus WriteSetting(SettingsRoot root, std::string_view path, std::string_view name,
                             const SettingValue& value) {
-    return ChangeKey(root, path, [&](StoreDatabase& store, const std::string& key) {
-        StoreStatement statement(store, "INSERT OR REPLACE INTO settings VALUES(?, ?, ?)");
+    return Run([&] {
+        const std::string key = StoredPath(path);
+        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root));
+        if (!store && key.empty()) {
+            store = StoreDatabase::OpenOrCreate(StorePath(root));
+        }
+        if (!store) {
+            return SettingsStatus::KeyMissing;
+        }
+        store->Begin();
+        if (!HasKey(*store, key)) {
+            return SettingsStatus::KeyMissing;
+        }
+        StoreStatement statement(*store, "INSERT OR REPLACE INTO settings VALUES(?, ?, ?)");
         statement.BindText(1, key).BindText(2, StoredName(name));
         BindValue(statement, 3, value);
         statement.Step();
+        store->Commit();
         return SettingsStatus::Done;
-    });
-}
-
-SettingsStatus DeleteSetting(SettingsRoot root, std::string_view path, std::string_view name) {
-    return ChangeKey(root, path, [&](StoreDatabase& store, const std::string& key) {
-        StoreStatement statement(store, "DELETE FROM settings WHERE path = ? AND name = ? RETURNING 1");
-        const bool found = statement.BindText(1, key).BindText(2, StoredName(name)).Step();
-        return found ? SettingsStatus::Done : SettingsStatus::ValueMissing;
     });
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <clocale>
 #include <ctime>
+#include <utility>
 
 namespace korvel::platform {
 namespace {
@@ -95,29 +96,24 @@ const std::string& NameAt(const Names& names, int index) {
     return names[static_cast<std::size_t>(index)];
 }
 
+const std::string& ShortDay(const Fields& f, const CalendarNames& n) {
+    return NameAt(n.shortDays, f.weekday);
+}
+const std::string& Day(const Fields& f, const CalendarNames& n) {
+    return NameAt(n.days, f.weekday);
+}
+const std::string& ShortMonth(const Fields& f, const CalendarNames& n) {
+    return NameAt(n.shortMonths, f.month - 1);
+}
+const std::string& Month(const Fields& f, const CalendarNames& n) {
+    return NameAt(n.months, f.month - 1);
+}
+const std::string& HalfOfDay(const Fields& f, const CalendarNames& n) {
+    return f.hour < 12 ? n.beforeNoon : n.afterNoon;
+}
+
 constexpr std::array<NameSpecifier, 6> calendarNames{
-    {{'a', [](const Fields& f, const CalendarNames& n) -> auto& {return NameAt(n.shortDays, f.weekday);
-} // namespace
-} // namespace korvel::platform
-, {'A', [](const Fields& f, const CalendarNames& n) -> auto& {return NameAt(n.days, f.weekday);
-}
-}
-, {'b', [](const Fields& f, const CalendarNames& n) -> auto& {return NameAt(n.shortMonths, f.month - 1);
-}
-}
-, {'B', [](const Fields& f, const CalendarNames& n) -> auto& {return NameAt(n.months, f.month - 1);
-}
-}
-, {'h', [](const Fields& f, const CalendarNames& n) -> auto& {return NameAt(n.shortMonths, f.month - 1);
-}
-}
-, {'p', [](const Fields& f, const CalendarNames& n) -> auto& {return f.hour < 12 ? n.beforeNoon : n.afterNoon;
-}
-}
-,
-}
-}
-;
+    {{'a', ShortDay}, {'A', Day}, {'b', ShortMonth}, {'B', Month}, {'h', ShortMonth}, {'p', HalfOfDay}}};
 
 /// Specifiers that stand for others. `#` reaches each of these.
 struct CompoundSpecifier {
@@ -284,11 +280,6 @@ std::string TimeText(std::string_view format, const CalendarFields& fields,
     const bool understood = writer.Write(format, Form::Usual);
     std::string text = writer.Take();
     return understood && text.size() <= longestText ? text : std::string();
-}
-
-std::string TimeLocale() {
-    const char* name = std::setlocale(LC_TIME, nullptr);
-    return name == nullptr ? "" : name;
 }
 
 bool SetTimeLocale(const std::string& name) {

@@ -21,10 +21,8 @@ namespace korvel::platform {
 KORVEL_API std::string TimeText(std::string_view format, const CalendarFields& fields,
                                 const RegionalSettings& settings);
 
-/// The C library's setting for times, which is one for the whole process; hosts may print with it.
-KORVEL_API std::string TimeLocale();
-
-/// False, and nothing changed, when the C library does not know the name.
+/// Sets the C library's locale for times, which is one for the whole process; hosts may print with it. False,
+/// and nothing changed, when the C library does not know the name.
 KORVEL_API bool SetTimeLocale(const std::string& name);
 
 } // namespace korvel::platform

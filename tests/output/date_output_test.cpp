@@ -1,7 +1,7 @@
 #include "german_machine.h"
 #include "output/date_picture.h"
-#include "platform/time_text.h"
 
+#include <clocale>
 #include <ctime>
 #include <limits>
 
@@ -59,11 +59,11 @@ TEST_F(Dates, AsText) {
 TEST_F(Dates, TimesAreLocal) {
     const platform::ScratchVariable zone("TZ", "UTC");
     tzset();
-    const std::string before = platform::TimeLocale();
+    const std::string before = std::setlocale(LC_TIME, nullptr);
     EXPECT_EQ(TimetoString(3723), "01:02:03");
     EXPECT_EQ(TimetoString(-1), "Invalid DateTime");
     EXPECT_EQ(TimetoString(std::numeric_limits<std::int64_t>::max()), "Invalid DateTime");
-    EXPECT_EQ(platform::TimeLocale(), before); // "DEU" is no name that the C library knows
+    EXPECT_EQ(std::setlocale(LC_TIME, nullptr), before); // "DEU" is no name that the C library knows
 }
 
 TEST_F(Dates, SettingTheCurrentFormat) {
