@@ -35,6 +35,7 @@ const char* NotNull(const char* format) {
 
 CDateOutput::CDateOutput() : m_notification(EFormatService::Date) {
     FollowSystem();
+    m_formats.CurrentFormat = m_formats.DateFormatLong; // also where the long picture means nothing
 }
 
 CDateOutput& CDateOutput::Instance() {

@@ -1,17 +1,10 @@
 #include "output/system_formats.h"
 
-#include <charconv>
+#include "platform/integer_text.h"
 
 namespace korvel {
 
 namespace {
-
-// The first group size only, as the services have always read it: "3;0" and "3;2;0" are both 3.
-std::uint32_t GroupingOf(const std::string& sizes) {
-    std::uint32_t grouping = 0;
-    std::from_chars(sizes.data(), sizes.data() + sizes.size(), grouping);
-    return grouping;
-}
 
 struct SSystem {
     SSystem() {
@@ -24,7 +17,8 @@ struct SSystem {
         settings = platform::ReadRegionalSettings();
         floatFormat.NumDigits = static_cast<std::uint32_t>(settings.digits);
         floatFormat.LeadingZero = static_cast<std::uint32_t>(settings.leadingZero);
-        floatFormat.Grouping = GroupingOf(settings.grouping);
+        // The first group size only, as the services have always read it: "3;0" and "3;2;0" are both 3.
+        floatFormat.Grouping = static_cast<std::uint32_t>(platform::ReadInteger(settings.grouping));
         floatFormat.NegativeOrder = static_cast<std::uint32_t>(settings.negativeOrder);
         floatFormat.SetDecimalSep(settings.decimalSeparator);
         floatFormat.SetThousandSep(settings.thousandsSeparator);
