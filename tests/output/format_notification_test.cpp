@@ -72,21 +72,6 @@ TEST_F(Notification, AChangeWithinAChangeIsAnError) {
     SetAngleFormatDouble(GermanFormat(6)); // another service is not affected
 }
 
-TEST_F(Notification, EachServiceTellsItsOwnName) {
-    for (const EFormatService service : {EFormatService::Number, EFormatService::Angle, EFormatService::Date,
-                                         EFormatService::Station, EFormatService::ManDays}) {
-        struct HeardService final : IFormatSink {
-            void OnFormatChanged(EFormatService service) override { heard = service; }
-            EFormatService heard = EFormatService::None;
-        } sink;
-        NotificationOf(service).AddSink(&sink);
-        NotificationOf(service).Fire();
-        NotificationOf(service).RemoveSink(&sink);
-        EXPECT_EQ(sink.heard, service);
-    }
-    EXPECT_THROW(NotificationOf(EFormatService::None), std::invalid_argument);
-}
-
 TEST_F(Notification, RecordsFollowOneAfterTheOther) {
     const CNumberOutput& output = CNumberOutput::Instance();
     std::vector<std::string> steps;

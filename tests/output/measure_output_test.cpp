@@ -8,13 +8,7 @@ namespace {
 
 using Measures = GermanMachine;
 
-TEST_F(Measures, NumberAndSign) {
-    EXPECT_EQ(LengthToString(1234.5), "1.234,50 m");
-    EXPECT_EQ(AreaToString(1234.5), "1.234,50 m\xB2");
-    EXPECT_EQ(VolumeToString(1234.5), "1.234,50 m\xB3");
-    EXPECT_EQ(PercentToString(12.5), "12,50 %");
-    EXPECT_EQ(CurrencyToString(-0.5), "-0,50 \x80");
-    EXPECT_EQ(ManDaysToString(3.0), "3,00 MT");
+TEST_F(Measures, TheSignFollowsWhatCannotBeFormatted) {
     EXPECT_EQ(LengthToString(std::numeric_limits<double>::quiet_NaN()), "nan m");
     EXPECT_EQ(ManDaysToString(-std::numeric_limits<double>::infinity()), "-inf MT");
     EXPECT_EQ(ManDaysToString(std::numeric_limits<double>::max()).size(), 309u + 102u + 6u);

@@ -1,5 +1,4 @@
 #include "platform/scratch.h"
-#include "platform/screen.h"
 #include "platform/user_folders.h"
 
 #include <gtest/gtest.h>
@@ -24,14 +23,6 @@ TEST(UserFolders, FollowTheEnvironment) {
     const ScratchVariable folders("XDG_CONFIG_DIRS", "relative:/second");
     EXPECT_EQ(UserConfigFolder(), "/home/someone/.config/korvel") << "a relative folder does not count";
     EXPECT_EQ(MachineConfigFolder(), "/etc/xdg/korvel");
-}
-
-TEST(Screen, IsNamedByTheSession) {
-    const ScratchVariable noWayland("WAYLAND_DISPLAY", nullptr);
-    const ScratchVariable empty("DISPLAY", "");
-    EXPECT_FALSE(HasScreen());
-    const ScratchVariable wayland("WAYLAND_DISPLAY", "wayland-0");
-    EXPECT_TRUE(HasScreen());
 }
 
 } // namespace

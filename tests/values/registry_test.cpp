@@ -1,6 +1,5 @@
 #include "../platform/scratch.h"
 #include "platform/error.h"
-#include "values/entity_function.h"
 #include "values/registry.h"
 
 #include <gtest/gtest.h>
@@ -55,17 +54,6 @@ TEST_F(Registry, FailuresNameWhatIsMissing) {
               "ffnet werden");
     EXPECT_EQ(platform::CheckKey(platform::SettingsRoot::User, "A\\X", platform::SettingsAccess::Read),
               platform::SettingsStatus::KeyMissing);
-}
-
-TEST(EntityFunction, IsWhatWasSetLast) {
-    struct Hook : KorvelCommonEntityFunction::IKorvelCommonEntityFunction {
-        bool OnText(const char*) override { return true; }
-    } hook;
-    EXPECT_EQ(KV_GetKorvelCommonEntityFunction(), nullptr);
-    KV_SetKorvelCommonEntityFunction(&hook);
-    EXPECT_EQ(KV_GetKorvelCommonEntityFunction(), &hook);
-    KV_SetKorvelCommonEntityFunction(nullptr);
-    EXPECT_EQ(KV_GetKorvelCommonEntityFunction(), nullptr);
 }
 
 } // namespace
