@@ -21,8 +21,8 @@ public:
     /// The units that hold for an element; the answer stays until the next call.
     const UnitSet& UnitsAt(ElementIndex element) const;
 
-    /// True when the stations of an element are those of a railway. The innermost element around it that is an
-    /// alignment, or names some by `alignmentRef` or `alignmentRefs`, decides.
+    /// True when the stations of an element are those of a railway. The innermost element around it that is
+    /// an alignment, or names some by `alignmentRef` or `alignmentRefs`, decides.
     bool IsRailway(ElementIndex element) const;
 
 private:

@@ -44,10 +44,10 @@ int Run(const Options& options) {
         std::cout << "inspector " KORVEL_VERSION "\n";
         return Done;
     }
-    ApplySettings(options);
-    if (options.list)
-        return List(options);
-    return RunOnDesktop(options);
+    const std::string notice = ApplySettings(options);
+    if (!notice.empty())
+        Complain(notice);
+    return options.list ? List(options) : RunOnDesktop(options, notice);
 }
 
 } // namespace

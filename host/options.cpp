@@ -8,7 +8,8 @@
 namespace korvel::inspector {
 namespace {
 
-constexpr int LargestSide = 16'384; // of a picture
+constexpr int LargestSide = 16'384;      // of a picture
+constexpr std::uint32_t MostDigits = 15; // a double holds no more
 
 PictureSize ReadSize(const std::string& text) {
     PictureSize size;
@@ -64,7 +65,23 @@ void SetLanguage(Options& options, const std::string& value) {
 }
 void SetAngle(Options& options, const std::string& value) {
     static constexpr Choice<char> Choices[] = {{"deg", '\xB0'}, {"rad", 'r'}, {"gon", 'g'}};
-    options.angleUnit = Choose("--angle-unit", value, Choices);
+    options.formats.angleUnit = Choose("--angle-unit", value, Choices);
+}
+std::uint32_t ReadNumber(const char* option, const std::string& text, std::uint32_t largest) {
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end || number > largest)
+        throw UsageError(std::string(option) + " takes a number from 0 to " + std::to_string(largest) +
+                         ", not '" + text + "'");
+    return number;
+}
+void SetDigits(Options& options, const std::string& value) {
+    options.formats.digits = ReadNumber("--digits", value, MostDigits);
+}
+void SetGrouping(Options& options, const std::string& value) {
+    static constexpr Choice<std::uint32_t> Choices[] = {{"none", 0}, {"3", 3}, {"3,2", 32}};
+    options.formats.grouping = Choose("--grouping", value, Choices);
 }
 void SetStations(Options& options, const std::string& value) {
     static constexpr Choice<StationKind> Choices[] = {
@@ -94,6 +111,8 @@ constexpr Option KnownOptions[] = {
     {"--locale", Takes::Value, SetLocale},
     {"--language", Takes::Value, SetLanguage},
     {"--angle-unit", Takes::Value, SetAngle},
+    {"--digits", Takes::Value, SetDigits},
+    {"--grouping", Takes::Value, SetGrouping},
     {"--station-kind", Takes::Value, SetStations},
     {"--help", Takes::Nothing, SetHelp},
     {"--version", Takes::Nothing, SetVersion},
@@ -169,9 +188,14 @@ Shows a LandXML file as a tree of objects with typed attributes.
   --expand-all              open all groups
   --locale NAME             write numbers and dates as in de-DE, en-US, ...
   --language NAME           English or German, for this run
-  --angle-unit UNIT         deg, rad or gon
   --station-kind KIND       road, railway, or auto: railway where an alignment has cant
   --help, --version         write this text, or the version
+
+These are kept for later runs:
+
+  --angle-unit UNIT         deg (at first), rad or gon
+  --digits NUMBER           digits behind the decimal separator of numbers and angles
+  --grouping SIZES          digits of a group: none, 3 (123.456.789), or 3,2 (12.34.56.789)
 
 Exit status: 0 done, 1 failed, 2 a file or an option that cannot be understood.
 )";

@@ -3,6 +3,7 @@
 #include "landxml_document.h"
 #include "platform/error.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -14,6 +15,15 @@ struct PictureSize {
     int height = 700;
 };
 
+/// The formats that the command line chooses; they are kept for later runs.
+struct FormatChoice {
+    std::optional<char> angleUnit;         ///< as SetAngleUnit takes it
+    std::optional<std::uint32_t> digits;   ///< behind the decimal separator, of numbers and angles
+    std::optional<std::uint32_t> grouping; ///< as in a number format: 0, 3, 32
+
+    bool IsEmpty() const { return !angleUnit && !digits && !grouping; }
+};
+
 /// What the command line of the inspector asks for.
 struct Options {
     std::string file; ///< empty when none is named
@@ -22,9 +32,9 @@ struct Options {
     PictureSize size;
     std::vector<std::string> expand; ///< paths of member names, separated by '/'
     bool expandAll = false;
-    std::string locale;            ///< empty: the user's
-    std::string language;          ///< empty: the one that is set
-    std::optional<char> angleUnit; ///< as SetAngleUnit takes it
+    std::string locale;   ///< empty: the user's
+    std::string language; ///< empty: the one that is set
+    FormatChoice formats;
     StationKind stations = StationKind::Automatic;
     bool help = false;
     bool version = false;

@@ -2,10 +2,14 @@
 
 #include "options.h"
 
+#include <string>
+
 namespace korvel::inspector {
 
-/// Gives the library the locale, the language and the angle unit of a command line, for this run only. To be
-/// called before the first text or number is made. Throws UsageError for a locale that nobody knows.
-void ApplySettings(const Options& options);
+/// Gives the library the locale and the language of a command line, for this run only, and the formats that
+/// are kept, changed as the command line asks. To be called before the first text or number is made. Answers
+/// what the user should know of the kept formats, in UTF-8; empty: nothing. Throws UsageError for a locale
+/// that nobody knows.
+std::string ApplySettings(const Options& options);
 
 } // namespace korvel::inspector

@@ -67,8 +67,10 @@ void SpeakTheLanguage(const Options& options, QTranslator& translator) {
         QApplication::installTranslator(&translator);
 }
 
-int ShowUntilClosed(InspectorWindow& window, const Options& options) {
+int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::string& notice) {
     window.show();
+    if (!notice.empty())
+        window.Warn(notice);
     if (!options.file.empty()) {
         window.OpenOrTell(options.file);
         ExpandAsAsked(window.Pane(), options);
@@ -78,7 +80,7 @@ int ShowUntilClosed(InspectorWindow& window, const Options& options) {
 
 } // namespace
 
-int RunOnDesktop(const Options& options) {
+int RunOnDesktop(const Options& options, const std::string& notice) {
     const bool picture = !options.screenshot.empty() || !HasScreen();
     if (picture && options.screenshot.empty() && options.file.empty())
         throw UsageError("there is no screen, and no file to make a picture of");
@@ -100,7 +102,7 @@ int RunOnDesktop(const Options& options) {
     SetDisplay(&display);
     InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0)});
     if (!picture)
-        return ShowUntilClosed(window, options);
+        return ShowUntilClosed(window, options, notice);
     const std::string path = options.screenshot.empty() ? PictureBeside(options.file) : options.screenshot;
     WritePicture(window, options, path);
     if (options.screenshot.empty())

@@ -105,6 +105,12 @@ void InspectorWindow::OpenOrTell(const std::string& path) {
             .exec();
 }
 
+void InspectorWindow::Warn(const std::string& text) {
+    QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), QString::fromStdString(text),
+                QMessageBox::Ok, this)
+        .exec();
+}
+
 void InspectorWindow::ShowStatus(const std::string& path) {
     const ProgramTexts& texts = TheProgramTexts();
     const QFileInfo file(QFile::decodeName(path.c_str()));

@@ -23,6 +23,8 @@ public:
     void Open(const std::string& path);
     /// The same; a box tells what went wrong.
     void OpenOrTell(const std::string& path);
+    /// Shows a text (UTF-8) in a box.
+    void Warn(const std::string& text);
     GridPane& Pane() { return *m_pane; }
 
 protected:

@@ -186,6 +186,17 @@ private:
     bool m_datesTouched = false;
 };
 
+/// Makes the records follow the regional settings again.
+template <typename Service, typename Records>
+void FollowSystem(Service& service, const Records& records) {
+    for (const auto& saved : records) {
+        CNumberFormat format = service.Format(saved.record);
+        format.System = true;
+        service.ReplaceFormat(saved.record, format);
+    }
+    service.FollowSystem();
+}
+
 std::string PathText(const char* path) {
     return path != nullptr ? path : "";
 }
@@ -213,6 +224,18 @@ void LoadFormatStates(const char* path) {
         failure = std::current_exception();
     }
     loader.FireTouched(failure);
+}
+
+void ResetFormatStates() {
+    FollowSystem(CNumberOutput::Instance(), NumberRecords);
+    CAngleOutput::Instance().SetUnit(CAngleOutput::Radians);
+    FollowSystem(CAngleOutput::Instance(), AngleRecords);
+    CDateOutput& dates = CDateOutput::Instance();
+    for (const EDateFormat kind : {EDateFormat::Short, EDateFormat::Long}) {
+        dates.Formats().CurrentFormat.clear(); // a format in use already would leave the other one alone
+        dates.ReturnToSystemFormat(kind);
+    }
+    dates.FollowSystem();
 }
 
 } // namespace korvel

@@ -31,4 +31,8 @@ KORVEL_API void SaveFormatStates(const char* path);
 /// value; what was read before it stays in force, and the listeners are told all the same.
 KORVEL_API void LoadFormatStates(const char* path);
 
+/// Puts every format that these files hold back to the regional settings, and angles to radians; the
+/// listeners of each service are told. For a host that starts anew behind a failed load.
+KORVEL_API void ResetFormatStates();
+
 } // namespace korvel

@@ -20,7 +20,7 @@ TEST(Options, AreRead) {
     EXPECT_EQ(options.size.height, 480);
     EXPECT_THAT(options.expand, ElementsAre("A/B", "C"));
     EXPECT_TRUE(options.expandAll);
-    EXPECT_EQ(options.angleUnit, 'g');
+    EXPECT_EQ(options.formats.angleUnit, 'g');
     EXPECT_EQ(options.stations, StationKind::Railway);
     EXPECT_EQ(options.language, "English");
     EXPECT_EQ(options.locale, "de-CH");

@@ -1,0 +1,116 @@
+#include "kept_formats.h"
+
+#include "output/angle_output.h"
+#include "output/format_persistence.h"
+#include "output/number_output.h"
+#include "platform/code_page.h"
+#include "platform/error.h"
+
+#include <system_error>
+
+namespace korvel::inspector {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char Degrees = '\xB0';
+
+struct FormatAccess {
+    const _numberfmtA& (*get)();
+    void (*set)(const _numberfmtA&);
+};
+
+constexpr FormatAccess NumbersWithDigits[] = {
+    {GetFormatFloat, SetFormatFloat},
+    {GetFormatDouble, SetFormatDouble},
+    // The getters of angles are crossed over.
+    {GetAngleFormatFloat, SetAngleFormatDouble},
+    {GetAngleFormatDouble, SetAngleFormatFloat},
+};
+constexpr FormatAccess WholeNumbers[] = {{GetFormatInt, SetFormatInt}, {GetFormatLong, SetFormatLong}};
+
+void SetGrouping(const FormatAccess& access, std::uint32_t grouping) {
+    _numberfmtA format = access.get();
+    format.Grouping = grouping;
+    access.set(format);
+}
+
+void SetDigits(const FormatAccess& access, std::uint32_t digits) {
+    _numberfmtA format = access.get();
+    format.NumDigits = digits;
+    access.set(format);
+}
+
+void Apply(const FormatChoice& choice) {
+    if (choice.angleUnit)
+        SetAngleUnit(*choice.angleUnit);
+    for (const FormatAccess& access : NumbersWithDigits) {
+        if (choice.digits)
+            SetDigits(access, *choice.digits);
+        if (choice.grouping)
+            SetGrouping(access, *choice.grouping);
+    }
+    if (choice.grouping) {
+        for (const FormatAccess& access : WholeNumbers)
+            SetGrouping(access, *choice.grouping);
+    }
+}
+
+/// A name beside `file` that nothing has yet.
+fs::path NameAside(const fs::path& file) {
+    fs::path aside = file;
+    aside += ".damaged";
+    for (int number = 2; fs::exists(aside); ++number) {
+        aside = file;
+        aside += ".damaged" + std::to_string(number);
+    }
+    return aside;
+}
+
+std::string SetAside(const fs::path& file, const std::string& reason) {
+    const fs::path aside = NameAside(file);
+    std::error_code failure;
+    fs::rename(file, aside, failure);
+    return "the kept formats cannot be read and the regional ones are used: " + reason +
+           (failure ? "" : "; the file is now " + aside.string());
+}
+
+std::string Load(const fs::path& file) {
+    if (!fs::exists(file))
+        return {};
+    try {
+        LoadFormatStates(file.c_str());
+        return {};
+    } catch (const Error& error) {
+        ResetFormatStates();
+        SetAngleUnit(Degrees);
+        return SetAside(file, platform::ToUtf8(error.what()));
+    }
+}
+
+std::string Keep(const fs::path& file) {
+    try {
+        fs::create_directories(file.parent_path());
+        SaveFormatStates(file.c_str());
+        return {};
+    } catch (const std::exception& error) {
+        return "the formats cannot be kept: " + platform::ToUtf8(error.what());
+    }
+}
+
+} // namespace
+
+std::string TakeFormats(const std::filesystem::path& folder, const FormatChoice& choice) {
+    const fs::path file = folder / "inspector-formats.xml";
+    const bool hasFolder = !folder.empty();
+    SetAngleUnit(Degrees);
+    const std::string notice = hasFolder ? Load(file) : std::string();
+    Apply(choice);
+    if (choice.IsEmpty() || !hasFolder)
+        return notice;
+    const std::string failure = Keep(file);
+    return notice.empty() || failure.empty() ? notice + failure : notice + "; " + failure;
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,89 @@
+#include "../platform/scratch.h"
+#include "kept_formats.h"
+#include "output/angle_output.h"
+#include "output/date_output.h"
+#include "output/format_persistence.h"
+#include "output/number_output.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace korvel::inspector {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+class KeptFormats : public ::testing::Test {
+protected:
+    KeptFormats() {
+        platform::UseLocale("de-DE");
+        ResetFormatStates();
+    }
+    ~KeptFormats() override { ResetFormatStates(); }
+
+    std::string NextRun(const FormatChoice& choice = {}) {
+        ResetFormatStates();
+        return TakeFormats(folder.Path(), choice);
+    }
+    /// What a user sees of the formats.
+    static std::string Shown() {
+        return NumberToString(1234567.8912) + " " + AngleToString(3.141592653589793) + " " +
+               NumberToString(12345);
+    }
+
+    platform::ScratchFolder folder;
+    const std::filesystem::path file = folder.Path() / "inspector-formats.xml";
+};
+
+TEST_F(KeptFormats, LastUntilTheyAreChangedAgain) {
+    struct Run {
+        const char* name;
+        FormatChoice choice;
+        const char* shown;
+    };
+    const Run runs[] = {
+        {"first run", {}, "1.234.567,89 180,00 12.345"},
+        {"digits", {{}, 3, {}}, "1.234.567,891 180,000 12.345"},
+        {"kept", {}, "1.234.567,891 180,000 12.345"},
+        {"grouping beside them", {{}, {}, 0}, "1234567,891 180,000 12345"},
+        {"unit beside them", {'g', {}, {}}, "1234567,891 200,000 12345"},
+        {"all kept", {}, "1234567,891 200,000 12345"},
+    };
+    for (const Run& run : runs) {
+        EXPECT_THAT(NextRun(run.choice), IsEmpty()) << run.name;
+        EXPECT_EQ(Shown(), run.shown) << run.name;
+    }
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "inspector-formats.xml.damaged"));
+}
+
+TEST_F(KeptFormats, SetADamagedFileAsideAndStartWithTheRegionalOnes) {
+    for (const char* aside : {"inspector-formats.xml.damaged", "inspector-formats.xml.damaged2"}) {
+        NextRun({'g', 5, 0});
+        // What stands before the cut is taken over before the failure shows.
+        std::ifstream whole(file);
+        const std::string text{std::istreambuf_iterator<char>(whole), {}};
+        const std::string damaged =
+            text.substr(0, text.find("<DateFormatShort>")) + "</DateFormat></FORMATS>";
+        std::ofstream(file) << damaged;
+
+        EXPECT_THAT(NextRun(), HasSubstr(aside));
+        EXPECT_EQ(Shown(), "1.234.567,89 180,00 12.345");
+        EXPECT_EQ(DatetoString(44000.0), "Donnerstag, 18. Juni 2020");
+        EXPECT_FALSE(std::filesystem::exists(file));
+        EXPECT_EQ(std::filesystem::file_size(folder.Path() / aside), damaged.size());
+    }
+}
+
+TEST_F(KeptFormats, ThatCannotBeWrittenServeThisRun) {
+    const std::filesystem::path blocked = folder.Path() / "file" / "below";
+    std::ofstream(folder.Path() / "file") << "no folder";
+    EXPECT_THAT(TakeFormats(blocked, {'g', {}, {}}), HasSubstr("cannot be kept"));
+    EXPECT_EQ(AngleToString(3.141592653589793), "200,00");
+    EXPECT_THAT(TakeFormats({}, {'r', {}, {}}), IsEmpty()) << "a user without a home";
+    EXPECT_EQ(AngleToString(3.141592653589793), "3,14");
+}
+
+} // namespace
+} // namespace korvel::inspector
