@@ -1,6 +1,7 @@
 #include "desktop/desktop_run.h"
 
 #include "desktop/inspector_window.h"
+#include "desktop/program_texts.h"
 #include "platform/code_page.h"
 #include "platform/screen.h"
 #include "qt/qt_display.h"
@@ -94,7 +95,7 @@ int RunOnDesktop(const Options& options, const std::string& notice) {
     char* arguments[] = {name, nullptr};
     QApplication application(count, arguments);
     std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written
-    QApplication::setApplicationDisplayName(QStringLiteral("LandXML Inspector"));
+    QApplication::setApplicationDisplayName(QString::fromUtf8(TheProgramTexts().programName));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
     QTranslator translator;
     SpeakTheLanguage(options, translator);

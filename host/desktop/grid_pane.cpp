@@ -60,21 +60,31 @@ void GridPane::Show(IMemberDispatch& root) {
     m_grid.SetColumnInfo({{0, name}, {1, width - name}});
     const ProgramTexts& texts = TheProgramTexts();
     m_grid.Initialize(&root, InCodePage(texts.name), InCodePage(texts.value), 0);
-    constexpr UINT both = LVIS_SELECTED | LVIS_FOCUSED;
-    m_grid.SetItemState(0, both, both);
+    Select(0);
     m_grid.SetFocus();
+}
+
+void GridPane::Select(int row) {
+    constexpr UINT both = LVIS_SELECTED | LVIS_FOCUSED;
+    m_grid.SetItemState(row, both, both);
 }
 
 bool GridPane::Expand(const std::string& path) {
     const ChildList* children = &m_grid.rootItems();
+    int row = 0;
+    int lastRow = 0;
     for (std::string_view rest = path; !rest.empty();) {
         grid::CTreeItem* node = FindStep(*children, rest);
         if (!node)
             return false;
-        m_grid.ExpandNode(node, m_grid.RowOfNode(node));
+        row = m_grid.RowOfNode(node);
+        lastRow = m_grid.ExpandNode(node, row);
         children = &node->children();
         rest.remove_prefix(std::min(rest.size(), node->info->text.size() + 1));
     }
+    m_grid.EnsureVisible(lastRow, false);
+    m_grid.EnsureVisible(row, false);
+    Select(row);
     return true;
 }
 

@@ -25,8 +25,8 @@ public:
     void Show(IMemberDispatch& root);
     void Clear() { m_grid.Clear(); }
 
-    /// Expands the rows on the way to a member and the member itself. The names of the path are separated
-    /// by '/'; they may hold one themselves. False when there is no such row.
+    /// Expands the rows on the way to a member and the member itself, which is selected. The names of the
+    /// path are separated by '/'; they may hold one themselves. False when there is no such row.
     bool Expand(const std::string& path);
     void ExpandAll() { m_grid.ExpandAll(); }
     /// How many rows there are when all is expanded: those that can hold others, and those that cannot.
@@ -39,6 +39,8 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    void Select(int row);
+
     AttributeGrid m_grid;
 };
 

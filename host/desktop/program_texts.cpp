@@ -7,13 +7,13 @@ namespace korvel::inspector {
 namespace {
 
 constexpr ProgramTexts english = {
+    .programName = "LandXML Inspector",
     .fileMenu = "&File",
     .open = "&Open…",
     .quit = "&Quit",
     .helpMenu = "&Help",
     .about = "&About the Inspector",
-    .aboutText =
-        "LandXML Inspector %1\n\nShows a LandXML document as a tree of objects with typed attributes.",
+    .aboutText = "Version %1\n\nShows a LandXML document as a tree of objects with typed attributes.",
     .openCaption = "Open a LandXML file",
     .landXmlFiles = "LandXML files",
     .allFiles = "All files",
@@ -25,12 +25,13 @@ constexpr ProgramTexts english = {
 };
 
 constexpr ProgramTexts german = {
+    .programName = "LandXML-Inspektor",
     .fileMenu = "&Datei",
     .open = "Ö&ffnen…",
     .quit = "&Beenden",
     .helpMenu = "&Hilfe",
     .about = "Ü&ber den Inspektor",
-    .aboutText = "LandXML-Inspektor %1\n\nZeigt ein LandXML-Dokument als Baum von Objekten mit typisierten "
+    .aboutText = "Version %1\n\nZeigt ein LandXML-Dokument als Baum von Objekten mit typisierten "
                  "Attributen.",
     .openCaption = "LandXML-Datei öffnen",
     .landXmlFiles = "LandXML-Dateien",

@@ -4,6 +4,7 @@ namespace korvel::inspector {
 
 /// What the inspector itself says, in UTF-8; the library's texts are its own.
 struct ProgramTexts {
+    const char* programName;
     const char* fileMenu;
     const char* open;
     const char* quit;

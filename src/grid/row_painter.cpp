@@ -30,6 +30,12 @@ COLORREF Readable(COLORREF ground) {
     return brightness < 128 ? RGB(255, 255, 255) : RGB(0, 0, 0);
 }
 
+/// The colour halfway between two others: what is disabled on a ground of any brightness.
+COLORREF Midway(COLORREF first, COLORREF second) {
+    return RGB((GetRValue(first) + GetRValue(second)) / 2, (GetGValue(first) + GetGValue(second)) / 2,
+               (GetBValue(first) + GetBValue(second)) / 2);
+}
+
 bool IsSwatch(CItemInfo::CONTROLTYPE control) {
     return control == CItemInfo::ctColor || control == CItemInfo::ctColorAlpha;
 }
@@ -117,10 +123,13 @@ void RowPainter::DrawText(int column, CRect room, COLORREF ground) {
     if (text.empty() || room.IsRectEmpty())
         return;
     COLORREF color = GetSysColor(COLOR_WINDOWTEXT);
-    if (!IsEnabled(column))
+    if (m_isSelected && m_hasFocus)
+        color = IsEnabled(column) ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                                  : Midway(GetSysColor(COLOR_HIGHLIGHTTEXT), ground);
+    else if (!IsEnabled(column))
         color = GetSysColor(COLOR_GRAYTEXT);
     else if (m_isSelected)
-        color = GetSysColor(m_hasFocus ? COLOR_HIGHLIGHTTEXT : COLOR_BTNTEXT);
+        color = GetSysColor(COLOR_BTNTEXT);
     else if (ground != GetSysColor(COLOR_WINDOW))
         color = Readable(ground);
     m_dc.SetTextColor(color);

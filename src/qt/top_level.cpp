@@ -76,8 +76,8 @@ bool TopLevel::OnEvent(QEvent& event) {
         input::Activated(m_peer.Window(), false);
         return false;
     case QEvent::Close:
-        event.ignore();
         input::Close(m_peer.Window());
+        event.setAccepted(!m_peer.Window()); // Qt counts the windows that were closed, to end with the last
         return true;
     default:
         return false;

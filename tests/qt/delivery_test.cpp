@@ -160,6 +160,22 @@ TEST_F(Delivery, ADropDownIsNoPopupAndAsksForNoActivation) {
     EXPECT_EQ(window->geometry(), QRect(60, 60, 140, 100)) << "a list may have any size";
 }
 
+TEST_F(Delivery, AWindowClosesWhenItsHandlersLetItAndTheLastOneEndsTheApplication) {
+    QApplication::setQuitOnLastWindowClosed(true);
+    bool refuse = true;
+    m_frame.onMessage = [&](UINT message, WPARAM, LPARAM) { return message == WM_CLOSE && refuse; };
+    QTimer::singleShot(0, qApp, [&] {
+        m_user.Widget(m_frame.m_hWnd)->close();
+        EXPECT_TRUE(m_user.Widget(m_frame.m_hWnd)->isVisible());
+        refuse = false;
+        m_user.Widget(m_frame.m_hWnd)->close();
+        EXPECT_EQ(m_frame.m_hWnd, nullptr);
+    });
+    QTimer::singleShot(2000, qApp, [] { QApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    QApplication::setQuitOnLastWindowClosed(false);
+}
+
 TEST_F(Delivery, AListScrollsByItsBarsAndTheyFollowIt) {
     CListCtrl list;
     list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {130, 10, 290, 190}, &m_frame, 3);
