@@ -18,6 +18,7 @@ struct InForce {
     std::mutex mutex; // keeps a display alive while another thread wakes it
     std::atomic<IDisplay*> display = nullptr;
     std::shared_ptr<ThreadQueue> queue;
+    std::atomic<const ThreadQueue*> thread = nullptr; // the same queue, to ask for without the mutex
 };
 
 // Never destroyed, as windows may end while the process does.
@@ -58,6 +59,7 @@ void SetDisplay(IDisplay* newDisplay) {
         sameThread = Current().queue == queue;
         Current().display = &display;
         Current().queue = queue;
+        Current().thread = queue.get();
     }
     if (!sameThread) {
         ForgetFocusAndCapture();
@@ -80,11 +82,13 @@ std::shared_ptr<ThreadQueue> DisplayQueue() {
 }
 
 bool IsDisplayThread() {
-    return DisplayQueue()->IsCurrent();
+    Display();
+    return Current().thread.load() == ThreadQueue::Current().get();
 }
 
 bool IsOnDisplay(const WindowRecord& record) {
-    return DisplayQueue() == record.queue;
+    Display();
+    return Current().thread.load() == record.queue.get();
 }
 
 bool IsInForce(const IDisplay& display) {

@@ -84,16 +84,15 @@ void PaintHeader(Header header, CDC& dc) {
     const COLORREF shadow = GetSysColor(COLOR_BTNSHADOW);
     dc.FillSolidRect(client, GetSysColor(COLOR_BTNFACE));
     dc.SetTextColor(GetSysColor(COLOR_BTNTEXT));
-    int left = 0;
     for (int column = 0; column < header.list.columns.Count(); ++column) {
-        const int right = left + header.list.columns[column].width;
+        const int left = header.list.columns.Left(column);
+        const int right = header.list.columns.Left(column + 1);
         CRect text{left, client.top, right, client.bottom};
         text.DeflateRect(CellTextInset, 0);
         if (!text.Intersected(dc.GetClipBox()).IsRectEmpty())
             dc.DrawText(header.list.columns[column].title, text,
                         DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
         dc.FillSolidRect({right - 1, client.top, right, client.bottom}, shadow);
-        left = right;
     }
     dc.FillSolidRect({client.left, client.bottom - 1, client.right, client.bottom}, shadow);
 }
@@ -104,14 +103,14 @@ void CreateHeader(ListState& list) {
     list.header = CreateWindowExA(0, "SysHeader32", "", WS_CHILD, {}, list.Handle(), 0);
 }
 
-void PlaceHeader(ListState& list) {
-    const int height = HeaderHeight(list);
-    const int width = std::max(list.columns.TotalWidth(), list.scrollX + ClientSize(list).cx);
-    const CRect rect{-list.scrollX, 0, -list.scrollX + width, height};
-    if (height > 0 && view::Rectangle(list.header) != rect)
-        MoveWindow(list.header, rect);
-    if (view::IsShown(list.header) != (height > 0))
-        ShowWindow(list.header, height > 0 ? SW_SHOWNA : SW_HIDE);
+void PlaceHeader(ListState& list, int clientWidth) {
+    const int width = std::max(list.columns.TotalWidth(), list.scrollX + clientWidth);
+    const CRect place{-list.scrollX, 0, -list.scrollX + width, HeaderHeight(list)};
+    if (place == list.headerPlace)
+        return;
+    list.headerPlace = place;
+    MoveWindow(list.header, place);
+    ShowWindow(list.header, place.Height() > 0 ? SW_SHOWNA : SW_HIDE);
 }
 
 LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -124,6 +123,8 @@ LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     case WM_PAINT:
         PaintHeader(header, *reinterpret_cast<CDC*>(wParam));
         return 0;
+    case WM_ERASEBKGND:
+        return 1;
     case WM_SETCURSOR: // the move that follows sets it
         return 1;
     case WM_LBUTTONDOWN:

@@ -26,7 +26,7 @@ public:
     /// Beyond the end appends; answers where the column stands.
     int Insert(int column, ListColumn content);
     void Erase(int column) { m_columns.erase(m_columns.begin() + column); }
-    void SetWidth(int column, int width) { m_columns[column].width = std::max(width, 0); }
+    void SetWidth(int column, int width);
 
     int Left(int column) const;
     int TotalWidth() const { return Left(Count()); }

@@ -7,6 +7,7 @@
 #include "window/list_scroll.h"
 #include "window/list_selection.h"
 
+#include <optional>
 #include <type_traits>
 
 namespace korvel {
@@ -18,12 +19,11 @@ namespace {
 /// Runs `call(ListState&)` on the list's thread; `otherwise` for a window that is gone or no list.
 template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
 Result OnList(HWND window, Call call, Result otherwise = Result()) {
-    if (!IsWindow(window))
-        return otherwise;
-    return OnOwner(window, [&](WindowRecord& record) {
+    const auto answer = OnOwner(window, [&](WindowRecord& record) -> std::optional<Result> {
         auto* list = dynamic_cast<ListState*>(record.control.get());
-        return list ? call(*list) : otherwise;
+        return list ? std::optional<Result>(call(*list)) : std::nullopt;
     });
+    return answer ? *answer : otherwise;
 }
 
 /// The same for one row; `otherwise` for a row that the list has not.
@@ -84,27 +84,26 @@ int CListCtrl::InsertItem(int row, const CString& text, int image) {
 
 int CListCtrl::InsertRow(int row, const ListRow& content) {
     const auto insert = [&](ListState& list) {
-        std::vector<RowRecord> records;
-        records.push_back(RecordOf(content, list.textSource != nullptr));
-        return internal::InsertRows(list, row, std::move(records));
+        RowRecord record = RecordOf(content, list.textSource != nullptr);
+        return internal::InsertRows(list, row, 1, [&](int) { return std::move(record); });
     };
     return OnList(m_hWnd, insert, NoRow);
 }
 
 int CListCtrl::InsertRows(int row, const LPARAM* data, int count, int indent) {
-    const auto insert = [&](ListState& list) {
-        std::vector<RowRecord> records(static_cast<std::size_t>(std::max(count, 0)));
-        for (auto& record : records) {
-            record.data = *data++;
-            record.indent = Indent(indent);
-        }
-        return internal::InsertRows(list, row, std::move(records));
+    const auto make = [=](int index) {
+        RowRecord record;
+        record.data = data[index];
+        record.indent = Indent(indent);
+        return record;
     };
-    return OnList(m_hWnd, insert, NoRow);
+    return OnList(
+        m_hWnd, [&](ListState& list) { return internal::InsertRows(list, row, std::max(count, 0), make); },
+        NoRow);
 }
 
 bool CListCtrl::DeleteItem(int row) {
-    return DeleteRows(row, row + 1);
+    return SendMessageA(LVM_DELETEITEM, static_cast<WPARAM>(row)) != 0;
 }
 
 bool CListCtrl::DeleteRows(int first, int last) {
@@ -302,7 +301,7 @@ int CListCtrl::GetTopIndex() const {
 }
 
 int CListCtrl::GetCountPerPage() const {
-    return OnList(m_hWnd, [](ListState& list) { return RowsPerPage(list); });
+    return OnList(m_hWnd, [](ListState& list) { return LayoutOf(list).rowsPerPage; });
 }
 
 int CListCtrl::GetRowHeight() const {
@@ -318,7 +317,9 @@ void CListCtrl::Scroll(CSize size) {
 }
 
 void CListCtrl::RedrawItems(int first, int last) {
-    OnList(m_hWnd, [&](ListState& list) { return RepaintRows(list, first, last + 1), true; });
+    OnList(m_hWnd, [&](ListState& list) {
+        return RepaintRows(list, first, std::min(last, list.rows.Size() - 1) + 1), true;
+    });
 }
 
 UINT CListCtrl::SetExtendedStyle(UINT style) {

@@ -53,13 +53,17 @@ CRect ListState::ClientInsets(CSize insideBorder) const {
 }
 
 view::ScrollView ListState::Scroll() const {
+    return ScrollOf(*this, LayoutOf(*this));
+}
+
+view::ScrollView ScrollOf(const ListState& list, const ListLayout& layout) {
     view::ScrollView view;
-    view.x = scrollX;
-    view.contentWidth = columns.TotalWidth();
-    view.pageWidth = ClientSize(*this).cx;
-    view.topRow = topRow;
-    view.rowCount = rows.Size();
-    view.rowsPerPage = RowsPerPage(*this);
+    view.x = list.scrollX;
+    view.contentWidth = list.columns.TotalWidth();
+    view.pageWidth = layout.client.cx;
+    view.topRow = list.topRow;
+    view.rowCount = list.rows.Size();
+    view.rowsPerPage = layout.rowsPerPage;
     return view;
 }
 
@@ -77,21 +81,18 @@ CSize ClientSize(const ListState& list) {
     return {area.Width(), area.Height()};
 }
 
-int RowsPerPage(const ListState& list) {
-    return RowsIn(list, ClientSize(list).cy);
-}
-
-int LastTopRow(const ListState& list) {
-    return std::max(0, list.rows.Size() - std::max(1, RowsPerPage(list)));
-}
-
-int LastScrollX(const ListState& list) {
-    return std::max(0, list.columns.TotalWidth() - ClientSize(list).cx);
+ListLayout LayoutOf(const ListState& list) {
+    ListLayout layout;
+    layout.client = ClientSize(list);
+    layout.rowsPerPage = RowsIn(list, layout.client.cy);
+    layout.lastTopRow = std::max(0, list.rows.Size() - std::max(1, layout.rowsPerPage));
+    layout.lastScrollX = std::max(0, list.columns.TotalWidth() - layout.client.cx);
+    return layout;
 }
 
 CRect RowBounds(const ListState& list, int row) {
     const int height = RowHeight(list);
-    const auto distance = std::clamp(std::int64_t{row - list.topRow} * height, -Farthest, Farthest);
+    const auto distance = std::clamp((std::int64_t{row} - list.topRow) * height, -Farthest, Farthest);
     const int top = HeaderHeight(list) + static_cast<int>(distance);
     return {-list.scrollX, top, -list.scrollX + list.columns.TotalWidth(), top + height};
 }

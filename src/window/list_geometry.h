@@ -23,11 +23,16 @@ int RowHeight(const ListState& list);
 /// 0 for a list without a header.
 int HeaderHeight(const ListState& list);
 CSize ClientSize(const ListState& list);
-/// The rows that fit in whole.
-int RowsPerPage(const ListState& list);
-/// The greatest top row.
-int LastTopRow(const ListState& list);
-int LastScrollX(const ListState& list);
+
+/// What follows from size, rows and columns; for those who need several of them.
+struct ListLayout {
+    CSize client;
+    int rowsPerPage = 0; // whole rows
+    int lastTopRow = 0;  // the greatest top row
+    int lastScrollX = 0;
+};
+ListLayout LayoutOf(const ListState& list);
+view::ScrollView ScrollOf(const ListState& list, const ListLayout& layout);
 
 /// All columns of a row, on screen or not.
 CRect RowBounds(const ListState& list, int row);

@@ -23,7 +23,7 @@ bool IsDown(UINT key) {
 std::optional<int> TargetOf(const ListState& list, UINT key) {
     const int last = list.rows.Size() - 1;
     const int focus = list.focusRow;
-    const int page = std::max(1, RowsPerPage(list));
+    const int page = std::max(1, LayoutOf(list).rowsPerPage);
     switch (key) {
     case VK_UP:
         return focus - 1;

@@ -60,10 +60,21 @@ void Close(ListState& list) {
         SetFocus(list.Handle());
 }
 
+// Whatever is thrown while the edit begins or ends, none stays behind.
+template <class Tell>
+auto ClosedOnThrow(ListState& list, Tell tell) {
+    try {
+        return tell();
+    } catch (...) {
+        Close(list);
+        throw;
+    }
+}
+
 } // namespace
 
 HWND BeginLabelEdit(ListState& list, int row) {
-    EndLabelEdit(list, LabelEditEnd::Take);
+    EndLabelEdit(list, list.rows.Has(row) ? LabelEditEnd::Take : LabelEditEnd::Cancel);
     if (!list.rows.Has(row) || list.columns.Count() == 0)
         return nullptr;
     SetFocus(list.Handle());
@@ -73,14 +84,16 @@ HWND BeginLabelEdit(ListState& list, int row) {
     const CString text = TextOf(list, row, 0);
     const HWND edit = CreateWindowExA(0, "EDIT", text.c_str(), WS_CHILD | WS_BORDER | ES_AUTOHSCROLL,
                                       EditRect(list, row), list.Handle(), 0);
+    if (!edit)
+        return nullptr;
     SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LPARAM>(&LabelEditProcedure));
     list.labelEdit = {edit, row, false};
-    const bool refused = NotifyLabelEdit(list, LVN_BEGINLABELEDIT, row, text.c_str()) != 0;
+    const bool refused = ClosedOnThrow(
+        list, [&] { return NotifyLabelEdit(list, LVN_BEGINLABELEDIT, row, text.c_str()) != 0; });
     if (list.labelEdit.window != edit)
         return nullptr; // a handler has ended it
-    if (refused || list.labelEdit.row == NoRow) {
-        list.labelEdit = {};
-        DestroyWindow(edit);
+    if (refused) {
+        Close(list);
         return nullptr;
     }
     SendMessageA(edit, EM_SETSEL, 0, -1);
@@ -93,12 +106,7 @@ void EndLabelEdit(ListState& list, LabelEditEnd end) {
     if (!list.labelEdit.window || list.labelEdit.isEnding)
         return;
     list.labelEdit.isEnding = true;
-    try {
-        OfferText(list, end);
-    } catch (...) {
-        Close(list);
-        throw;
-    }
+    ClosedOnThrow(list, [&] { OfferText(list, end); });
     Close(list);
 }
 

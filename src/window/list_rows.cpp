@@ -47,12 +47,11 @@ void Deselect(ListState& list, int row) {
 
 } // namespace
 
-int InsertRows(ListState& list, int row, std::vector<RowRecord> rows) {
+int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make) {
     if (row < 0)
         return NoRow;
     row = std::min(row, list.rows.Size());
-    const int count = static_cast<int>(rows.size());
-    list.rows.Insert(row, std::move(rows));
+    list.rows.Insert(row, count, make);
     ShiftForInsertion(list.focusRow, row, count);
     ShiftForInsertion(list.markRow, row, count);
     ShiftForInsertion(list.labelEdit.row, row, count);

@@ -6,7 +6,7 @@
 namespace korvel::internal {
 
 /// Answers the row at which they stand, or NoRow for a row below 0; beyond the end appends.
-int InsertRows(ListState& list, int row, std::vector<RowRecord> rows);
+int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make);
 
 enum class DeletionNotice { Told, Suppressed };
 /// Removes the rows from `first` to before `last`, the last one first. For each: a selected one is

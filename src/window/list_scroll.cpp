@@ -2,6 +2,7 @@
 
 #include "window/header_state.h"
 #include "window/list_label_edit.h"
+#include "window/place.h"
 
 #include <limits>
 
@@ -18,8 +19,8 @@ bool SameScroll(const view::ScrollView& a, const view::ScrollView& b) {
            a.topRow == b.topRow && a.rowCount == b.rowCount && a.rowsPerPage == b.rowsPerPage;
 }
 
-void TellScroll(ListState& list) {
-    const auto scroll = list.Scroll();
+void TellScroll(ListState& list, const ListLayout& layout) {
+    const auto scroll = ScrollOf(list, layout);
     if (SameScroll(scroll, list.toldScroll))
         return;
     list.toldScroll = scroll;
@@ -28,14 +29,13 @@ void TellScroll(ListState& list) {
 
 // What a handler of WM_SIZE changes is answered by no further WM_SIZE, or two layouts that undo each
 // other would never end.
-void TellClientSize(ListState& list) {
-    const CSize size = ClientSize(list);
-    if (size == list.toldClientSize || list.isTellingSize || !list.record.redraw)
+void TellClientSize(ListState& list, CSize size) {
+    if (list.isTellingSize)
         return;
     list.toldClientSize = size;
     list.isTellingSize = true;
     try {
-        SendMessageA(list.Handle(), WM_SIZE, 0, MAKELPARAM(size.cx, size.cy));
+        TellSize(list.record);
     } catch (...) {
         list.isTellingSize = false;
         throw;
@@ -81,69 +81,69 @@ void ListState::Scrolled(int x, int row) {
         SendMessageA(Handle(), WM_HSCROLL, SB_THUMBTRACK, 0);
 }
 
-void ScrollTo(ListState& list, int x, int topRow) {
-    x = Clamped(x, LastScrollX(list));
-    topRow = Clamped(topRow, LastTopRow(list));
-    if (x == list.scrollX && topRow == list.topRow)
+void ScrollTo(ListState& list, std::int64_t x, std::int64_t topRow) {
+    const ListLayout layout = LayoutOf(list);
+    const int newX = Clamped(x, layout.lastScrollX);
+    const int newTopRow = Clamped(topRow, layout.lastTopRow);
+    if (newX == list.scrollX && newTopRow == list.topRow)
         return;
+    list.scrollX = newX;
+    list.topRow = newTopRow;
     EndLabelEdit(list, LabelEditEnd::Take);
-    list.scrollX = x;
-    list.topRow = topRow;
-    PlaceHeader(list);
-    TellScroll(list);
+    PlaceHeader(list, layout.client.cx);
+    TellScroll(list, layout);
     RepaintAll(list);
 }
 
 void ScrollBy(ListState& list, CSize size) {
-    const auto x = std::int64_t{list.scrollX} + size.cx;
-    const auto row = std::int64_t{list.topRow} + size.cy / RowHeight(list);
-    ScrollTo(list, Clamped(x, LastScrollX(list)), Clamped(row, LastTopRow(list)));
+    ScrollTo(list, std::int64_t{list.scrollX} + size.cx,
+             std::int64_t{list.topRow} + size.cy / RowHeight(list));
 }
 
 void EnsureVisible(ListState& list, int row, Visibility wanted) {
-    const int page = std::max(1, RowsPerPage(list));
+    const ListLayout layout = LayoutOf(list);
+    const int page = std::max(1, layout.rowsPerPage);
     if (row < list.topRow)
         return ScrollTo(list, list.scrollX, row);
     if (row < list.topRow + page)
         return;
-    if (wanted == Visibility::Part && RowBounds(list, row).top < ClientSize(list).cy)
+    if (wanted == Visibility::Part && RowBounds(list, row).top < layout.client.cy)
         return;
     ScrollTo(list, list.scrollX, row - page + 1);
 }
 
-void EnsureColumnVisible(ListState& list, int column) {
-    const int left = list.columns.Left(column);
-    const int right = left + list.columns[column].width;
-    const int x = std::min(std::max(list.scrollX, right - ClientSize(list).cx), left);
-    ScrollTo(list, x, list.topRow);
-}
-
 void HandleScrollBar(ListState& list, UINT message, UINT command) {
-    if (message == WM_VSCROLL) {
-        const auto row =
-            Target(command, list.topRow, 1, std::max(1, RowsPerPage(list)), list.trackedScroll.y);
-        ScrollTo(list, list.scrollX, Clamped(row, LastTopRow(list)));
-    } else {
-        const auto x = Target(command, list.scrollX, LineWidth, ClientSize(list).cx, list.trackedScroll.x);
-        ScrollTo(list, Clamped(x, LastScrollX(list)), list.topRow);
-    }
+    const ListLayout layout = LayoutOf(list);
+    const CPoint tracked = list.trackedScroll;
+    if (message == WM_VSCROLL)
+        ScrollTo(list, list.scrollX,
+                 Target(command, list.topRow, 1, std::max(1, layout.rowsPerPage), tracked.y));
+    else
+        ScrollTo(list, Target(command, list.scrollX, LineWidth, layout.client.cx, tracked.x), list.topRow);
 }
 
 bool TurnWheel(ListState& list, int delta) {
-    if (LastTopRow(list) == 0)
+    if (LayoutOf(list).lastTopRow == 0)
         return false;
     list.wheelRest += delta * RowsPerNotch;
     const int rows = list.wheelRest / WheelNotch;
     list.wheelRest -= rows * WheelNotch;
-    ScrollTo(list, list.scrollX, list.topRow - rows);
+    ScrollTo(list, list.scrollX, std::int64_t{list.topRow} - rows);
     return true;
 }
 
 void UpdateExtent(ListState& list) {
-    ScrollTo(list, list.scrollX, list.topRow);
-    TellClientSize(list);
-    PlaceHeader(list);
-    TellScroll(list);
+    if (!list.record.redraw)
+        return;
+    ListLayout layout = LayoutOf(list);
+    if (list.scrollX > layout.lastScrollX || list.topRow > layout.lastTopRow)
+        ScrollTo(list, list.scrollX, list.topRow);
+    if (layout.client != list.toldClientSize) {
+        TellClientSize(list, layout.client);
+        layout = LayoutOf(list); // a handler may have changed columns and rows
+    }
+    PlaceHeader(list, layout.client.cx);
+    TellScroll(list, layout);
 }
 
 void RepaintAll(ListState& list) {
@@ -151,7 +151,7 @@ void RepaintAll(ListState& list) {
 }
 
 void RepaintRows(ListState& list, int first, int last) {
-    if (first >= last)
+    if (first >= last || !list.record.redraw)
         return;
     const CSize client = ClientSize(list);
     const CRect area{0, std::max(RowBounds(list, first).top, HeaderHeight(list)), client.cx,
@@ -161,6 +161,8 @@ void RepaintRows(ListState& list, int first, int last) {
 }
 
 void RepaintFrom(ListState& list, int row) {
+    if (!list.record.redraw)
+        return;
     const CSize client = ClientSize(list);
     const CRect area{0, std::max(RowBounds(list, row).top, HeaderHeight(list)), client.cx, client.cy};
     if (!area.IsRectEmpty())

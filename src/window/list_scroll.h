@@ -8,19 +8,18 @@ namespace korvel::internal {
 enum class Visibility { Whole, Part };
 
 /// Scrolls as far as there is content; tells the display and moves the header along.
-void ScrollTo(ListState& list, int x, int topRow);
+void ScrollTo(ListState& list, std::int64_t x, std::int64_t topRow);
 /// Pixels to the right; pixels down, of which whole rows count.
 void ScrollBy(ListState& list, CSize size);
 void EnsureVisible(ListState& list, int row, Visibility wanted);
-/// Scrolls to the right or left until as much as possible of the column is on screen.
-void EnsureColumnVisible(ListState& list, int column);
 /// WM_VSCROLL and WM_HSCROLL.
 void HandleScrollBar(ListState& list, UINT message, UINT command);
 /// WM_MOUSEWHEEL; false when there is nothing to scroll.
 bool TurnWheel(ListState& list, int delta);
 
 /// To be called when rows, columns, size or style have changed: scrolls back into the content, sends
-/// WM_SIZE when a scroll bar came or went, places the header and tells the display.
+/// WM_SIZE when a scroll bar came or went, places the header and tells the display. While redraw is off
+/// this waits until it is on again.
 void UpdateExtent(ListState& list);
 
 void RepaintAll(ListState& list);

@@ -77,7 +77,7 @@ bool SetStateOfAll(ListState& list, UINT state, UINT mask) {
 }
 
 int NextRow(const ListState& list, int row, UINT flags) {
-    const int first = std::max(row, NoRow) + 1;
+    const int first = std::clamp(row, NoRow, list.rows.Size() - 1) + 1;
     if ((flags & LVNI_FOCUSED) != 0) {
         const int focus = list.focusRow;
         const bool fits =

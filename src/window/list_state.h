@@ -69,6 +69,7 @@ public:
     CListCtrl::TextSource textSource;
 
     HWND header = nullptr;
+    CRect headerPlace;                         // where it was moved to; without height while it is hidden
     std::unique_ptr<CHeaderCtrl> headerObject; // made when it is first asked for
 
     ListPress press;

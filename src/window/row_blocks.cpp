@@ -7,19 +7,20 @@ namespace korvel {
 
 namespace {
 
-constexpr std::size_t BlockCapacity = 512; // 12 KB: what one insertion moves at most
+constexpr int BlockCapacity = 512; // 12 KB: what one insertion moves at most
 // The number of blocks changes only after that many rows came or went, so that the index is not built
 // anew for every row.
-constexpr std::size_t HalfBlock = BlockCapacity / 2;
+constexpr int HalfBlock = BlockCapacity / 2;
 
-auto MoveIn(std::vector<RowRecord>& target, std::size_t offset, std::span<RowRecord> rows) {
-    return target.insert(target.begin() + static_cast<std::ptrdiff_t>(offset),
-                         std::make_move_iterator(rows.begin()), std::make_move_iterator(rows.end()));
+void Append(std::vector<RowRecord>& target, std::vector<RowRecord>::iterator first,
+            std::vector<RowRecord>::iterator last) {
+    target.insert(target.end(), std::make_move_iterator(first), std::make_move_iterator(last));
 }
 
-int SelectedIn(std::span<const RowRecord> rows) {
+template <class Iterator>
+int SelectedIn(Iterator first, Iterator last) {
     return static_cast<int>(
-        std::count_if(rows.begin(), rows.end(), [](const RowRecord& row) { return row.IsSelected(); }));
+        std::count_if(first, last, [](const RowRecord& row) { return row.IsSelected(); }));
 }
 
 } // namespace
@@ -29,29 +30,28 @@ RowRecord& RowBlocks::At(int row) {
     return m_blocks[place.block].rows[place.offset];
 }
 
-void RowBlocks::Insert(int row, std::span<RowRecord> rows) {
-    if (rows.empty())
+void RowBlocks::Insert(int row, int count, const Maker& make) {
+    if (count <= 0)
         return;
-    for (auto& record : rows)
-        record.selected = false;
     if (m_blocks.empty()) {
         m_blocks.emplace_back();
         RebuildIndex();
     }
-    const auto place = PlaceToInsert(row);
+    auto place = PlaceToInsert(row);
     const bool isAppend = row == m_size;
-    m_size += static_cast<int>(rows.size());
-    const auto& target = m_blocks[place.block].rows;
-    if (target.size() + rows.size() <= BlockCapacity) {
-        InsertIntoBlock(place, rows);
-    } else if (rows.size() > HalfBlock || isAppend) {
-        InsertBlocks(place, rows);
+    const int blockSize = static_cast<int>(m_blocks[place.block].rows.size());
+    m_size += count;
+    if (blockSize + count <= BlockCapacity) {
+        InsertIntoBlock(place, count, make);
+    } else if (count > HalfBlock || isAppend) {
+        InsertBlocks(place, count, make);
     } else {
-        const int half = static_cast<int>(target.size() / 2);
+        const int half = blockSize / 2;
         SplitAt({place.block, half});
         RebuildIndex();
-        InsertIntoBlock(
-            place.offset <= half ? place : BlockIndex::Place{place.block + 1, place.offset - half}, rows);
+        if (place.offset > half)
+            place = {place.block + 1, place.offset - half};
+        InsertIntoBlock(place, count, make);
     }
 }
 
@@ -61,17 +61,28 @@ BlockIndex::Place RowBlocks::PlaceToInsert(int row) const {
     return {static_cast<int>(m_blocks.size()) - 1, static_cast<int>(m_blocks.back().rows.size())};
 }
 
-void RowBlocks::InsertIntoBlock(BlockIndex::Place place, std::span<RowRecord> rows) {
-    MoveIn(m_blocks[place.block].rows, place.offset, rows);
-    m_index.Add(place.block, static_cast<int>(rows.size()));
+void RowBlocks::InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make) {
+    auto& rows = m_blocks[place.block].rows;
+    const auto formerSize = static_cast<std::ptrdiff_t>(rows.size());
+    rows.resize(rows.size() + static_cast<std::size_t>(count));
+    std::move_backward(rows.begin() + place.offset, rows.begin() + formerSize, rows.end());
+    for (int index = 0; index < count; ++index) {
+        rows[place.offset + index] = make(index);
+        rows[place.offset + index].selected = false;
+    }
+    m_index.Add(place.block, count);
 }
 
-void RowBlocks::InsertBlocks(BlockIndex::Place place, std::span<RowRecord> rows) {
+void RowBlocks::InsertBlocks(BlockIndex::Place place, int count, const Maker& make) {
     std::vector<Block> added;
-    added.reserve(rows.size() / BlockCapacity + 1);
-    for (std::size_t begin = 0; begin < rows.size(); begin += BlockCapacity)
-        MoveIn(added.emplace_back().rows, 0,
-               rows.subspan(begin, std::min(BlockCapacity, rows.size() - begin)));
+    added.reserve(static_cast<std::size_t>(count / BlockCapacity + 1));
+    for (int index = 0; index < count; ++index) {
+        if (index % BlockCapacity == 0)
+            added.emplace_back().rows.reserve(
+                static_cast<std::size_t>(std::min(count - index, BlockCapacity)));
+        added.back().rows.push_back(make(index));
+        added.back().rows.back().selected = false;
+    }
     const int at = SplitAt(place);
     m_blocks.insert(m_blocks.begin() + at, std::make_move_iterator(added.begin()),
                     std::make_move_iterator(added.end()));
@@ -87,9 +98,9 @@ int RowBlocks::SplitAt(BlockIndex::Place place) {
     if (place.offset == static_cast<int>(rows.size()))
         return place.block + 1;
     Block tail;
-    MoveIn(tail.rows, 0, std::span(rows).subspan(place.offset));
+    Append(tail.rows, rows.begin() + place.offset, rows.end());
     rows.resize(place.offset);
-    tail.selectedCount = SelectedIn(tail.rows);
+    tail.selectedCount = SelectedIn(tail.rows.begin(), tail.rows.end());
     m_blocks[place.block].selectedCount -= tail.selectedCount;
     m_blocks.insert(m_blocks.begin() + place.block + 1, std::move(tail));
     return place.block + 1;
@@ -105,7 +116,7 @@ void RowBlocks::Erase(int first, int last) {
         auto& rows = m_blocks[block].rows;
         const auto from = rows.begin() + (block == begin.block ? begin.offset : 0);
         const auto to = block == end.block ? rows.begin() + end.offset + 1 : rows.end();
-        const int selected = SelectedIn({from, to});
+        const int selected = SelectedIn(from, to);
         m_blocks[block].selectedCount -= selected;
         m_selectedCount -= selected;
         m_index.Add(block, -static_cast<int>(to - from));
@@ -153,9 +164,9 @@ bool RowBlocks::JoinSmall(int block) {
         return false;
     auto& target = m_blocks[block];
     auto& source = m_blocks[block + 1];
-    if (target.rows.size() + source.rows.size() > HalfBlock)
+    if (target.rows.size() + source.rows.size() > static_cast<std::size_t>(HalfBlock))
         return false;
-    MoveIn(target.rows, target.rows.size(), source.rows);
+    Append(target.rows, source.rows.begin(), source.rows.end());
     target.selectedCount += source.selectedCount;
     m_blocks.erase(m_blocks.begin() + block + 1);
     return true;

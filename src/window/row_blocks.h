@@ -4,8 +4,8 @@
 #include "window/types.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
-#include <span>
 #include <vector>
 
 namespace korvel {
@@ -30,7 +30,7 @@ private:
 /// and of the logarithm of their number; a range is inserted at the cost of its own length.
 ///
 ///     RowBlocks rows;
-///     rows.Insert(0, std::vector<RowRecord>(1000000));
+///     rows.Insert(0, 1000000, [](int) { return RowRecord(); });
 ///     rows.At(999999).data = 7;
 ///     rows.Erase(0, 10);
 ///     rows.At(999989).data;   // 7
@@ -46,9 +46,10 @@ public:
     RowRecord& At(int row);
     const RowRecord& At(int row) const { return const_cast<RowBlocks*>(this)->At(row); }
 
-    /// Moves `rows` in front of row `row` (Size() appends). None of them is selected afterwards.
-    void Insert(int row, std::span<RowRecord> rows);
-    void Insert(int row, std::vector<RowRecord> rows) { Insert(row, std::span(rows)); }
+    /// Makes the record of the inserted row `index` (from 0); called in order, once each.
+    using Maker = std::function<RowRecord(int index)>;
+    /// Inserts rows in front of row `row` (Size() appends). None of them is selected afterwards.
+    void Insert(int row, int count, const Maker& make);
     /// Removes the rows from `first` to before `last`.
     void Erase(int first, int last);
 
@@ -64,8 +65,8 @@ private:
     };
 
     BlockIndex::Place PlaceToInsert(int row) const;
-    void InsertIntoBlock(BlockIndex::Place place, std::span<RowRecord> rows);
-    void InsertBlocks(BlockIndex::Place place, std::span<RowRecord> rows);
+    void InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make);
+    void InsertBlocks(BlockIndex::Place place, int count, const Maker& make);
     /// Answers the block that begins with what stood at `place`.
     int SplitAt(BlockIndex::Place place);
     bool JoinSmall(int block);

@@ -68,6 +68,12 @@ protected:
         parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
     }
 
+    // What is still told while the windows go finds no test any more.
+    void TearDown() override {
+        parent.answer = nullptr;
+        list.DestroyWindow();
+    }
+
     void MakeList(int rows, UINT style = LVS_SINGLESEL) {
         list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | style, {0, 0, 200, 124}, &parent, 105);
         list.InsertColumn(0, "Name", 100);
