@@ -104,8 +104,8 @@ int WidthBeforeLabel(const ListState& list, int row) {
 CellParts PartsOfCell(const ListState& list, int row, int column) {
     CellParts parts;
     parts.bounds = RowBounds(list, row);
+    parts.bounds.right = parts.bounds.left + list.columns.Left(column + 1);
     parts.bounds.left += list.columns.Left(column);
-    parts.bounds.right = parts.bounds.left + list.columns[column].width;
     parts.stateIcon = parts.icon = parts.label = parts.bounds;
     // A narrow column cuts off its parts, the label first. Other columns than the first are all label.
     const auto inside = [&](int x) {

@@ -1,6 +1,8 @@
 #include "window/list_fixture.h"
 #include "window/window_view.h"
 
+#include <limits>
+
 namespace korvel {
 
 namespace {
@@ -155,6 +157,23 @@ TEST_F(ListGeometry, AutomaticWidthsFitTextsTitleAndTheRest) {
     list.SetItemText(0, 0, "");
     list.SetColumnWidth(0, LVSCW_AUTOSIZE_USEHEADER); // "Name" needs more than the check box
     EXPECT_EQ(list.GetColumnWidth(0), 4 * 7 + 8);
+}
+
+TEST_F(ListGeometry, NumbersFarOutsideAreHeldInRange) {
+    constexpr int most = std::numeric_limits<int>::max();
+    MakeList(3);
+    list.SetColumnWidth(0, most);
+    list.SetColumnWidth(1, most);
+    list.Scroll({most, most});
+    CRect rect;
+    EXPECT_TRUE(list.GetSubItemRect(2, 1, LVIR_LABEL, &rect));
+    EXPECT_LE(rect.right, list.GetClientRect().right);
+    EXPECT_EQ(list.HitTest({most, most}), -1);
+    EXPECT_EQ(list.GetNextItem(most, LVNI_SELECTED), -1);
+    EXPECT_FALSE(list.DeleteItem(most));
+    EXPECT_FALSE(list.EnsureVisible(most, false));
+    list.RedrawItems(-most, most);
+    display.PaintWindow(list.GetHeaderCtrl()->m_hWnd);
 }
 
 class ListScrolling : public ListTest {};

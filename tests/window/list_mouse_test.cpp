@@ -148,6 +148,7 @@ TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
                {"typed"},
                "typed"},
           Case{"cancelled", 1, [&](HWND) { list.CancelEditLabel(); }, {"(null)"}, "row 1"},
+          Case{"an edit of no row", 1, [&](HWND) { list.EditLabel(-1); }, {"(null)"}, "row 1"},
           Case{"the row goes", 1, [&](HWND) { list.DeleteItem(1); }, {"(null)"}, "row 2"}}) {
         SCOPED_TRACE(row.border);
         acceptance = row.acceptance;
@@ -191,14 +192,15 @@ TEST_F(ListLabelEdit, FollowsItsRowWhenRowsAreInsertedAbove) {
 }
 
 TEST_F(ListLabelEdit, AThrowingHandlerLeavesNoEditBehind) {
-    HWND edit = Begin(1, "typed");
+    const HWND edit = Begin(1, "typed");
     parent.answer = [](const NMLISTVIEW& notice) -> LRESULT {
-        if (notice.hdr.code == LVN_ENDLABELEDIT)
+        if (notice.hdr.code == LVN_ENDLABELEDIT || notice.hdr.code == LVN_BEGINLABELEDIT)
             throw std::runtime_error("refused");
         return 0;
     };
     EXPECT_THROW(list.CancelEditLabel(), std::runtime_error);
     EXPECT_FALSE(IsWindow(edit));
+    EXPECT_THROW(list.EditLabel(1), std::runtime_error);
     EXPECT_EQ(list.GetEditControl(), nullptr);
 }
 
