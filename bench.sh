@@ -10,7 +10,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 
 require_packages "${build_packages[@]}" "${bench_packages[@]}"
 cmake --preset release -DKORVEL_BUILD_BENCHMARKS=ON >&2 || exit 1
-build release tree_bench wx_bench text_bench expression_bench || exit 1
+build release tree_bench combo_bench wx_bench text_bench expression_bench || exit 1
 
 [ $# -gt 0 ] || set -- 1000 10000 100000 1000000
 programs=build/release/benchmarks
@@ -18,6 +18,7 @@ programs=build/release/benchmarks
     LC_ALL=de_DE.UTF-8 $programs/text_bench
     $programs/expression_bench
     QT_QPA_PLATFORM=offscreen $programs/tree_bench "$@"
+    QT_QPA_PLATFORM=offscreen $programs/combo_bench
     xvfb-run -a $programs/wx_bench "$@"
 } | awk -F '\t' -v OFS='\t' '
     BEGIN { print "operation", "n", "ours", "unit", "peer", "peer figure", "ratio" }

@@ -81,8 +81,9 @@ int CComboList::GetCurrentRow() const {
 }
 
 void CComboList::SetCurrentRow(int row) {
-    if (m_pInputState) {
-        m_pInputState->SetCurrent(GetTreeItem(row) ? row : -1);
+    if (const auto state = m_pInputState) {
+        state->SetCurrent(GetTreeItem(row) ? row : -1);
+        EnsureVisible(state->GetCurrent(), false);
     }
 }
 

@@ -3,6 +3,8 @@
 #include "editors/combo_enum_walk.h"
 #include "editors/path_name.h"
 
+#include <utility>
+
 namespace korvel {
 
 void ComboModel::SetValue(const CVariantValue& value) {
@@ -35,7 +37,7 @@ CComboTreeItem* ComboModel::InsertEntries() {
         if (!m_pEnumValue->GetName(id, name) || binding != m_binding) {
             return;
         }
-        CComboTreeItem* const item = InsertItem(nullptr, id, name);
+        CComboTreeItem* const item = InsertItem(nullptr, id, std::move(name));
         if (!m_pEnumValue->IsValue(id, m_Value) || binding != m_binding || !item->GetParent()) {
             return;
         }
@@ -82,34 +84,41 @@ void ComboModel::ExpandParent(CComboTreeItem* item) {
     }
 }
 
-CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, long id, const CVariantValue& value) {
-    std::string label = value.ToText();
+CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, long id, CVariantValue value) {
+    const std::string text = value.ToText();
     CComboTreeItem* under = parent ? parent : &m_Tree.Root();
-    std::list<std::string> segments = Segments(label);
-    if (!segments.empty()) {
-        label = std::move(segments.back());
-        segments.pop_back();
+    std::string_view label = text; // a text without any segment stays whole
+    if (IsTreePreview()) {
+        const char separator = Separator();
+        std::string_view rest = text;
+        std::string_view segment = TakeSegment(rest, separator);
+        while (!segment.empty()) {
+            label = segment;
+            segment = TakeSegment(rest, separator);
+            if (!segment.empty()) {
+                under = InsertItem(under, label);
+            }
+        }
     }
-    for (const std::string& segment : segments) {
-        under = InsertItem(under, segment);
-    }
-    CComboTreeItem& item = m_Tree.AddValue(*under, id, value, std::move(label));
-    if (item.HasRow()) {
-        Came({item.GetRow(), 1});
-    }
+    CComboTreeItem& item = m_Tree.AddValue(*under, id, std::move(value), std::string(label));
+    TellNew(item);
     return &item;
 }
 
-CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, const std::string& name) {
+CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, std::string_view name) {
     CComboTreeItem& under = parent ? *parent : m_Tree.Root();
     if (CComboTreeItem* const known = m_Tree.FindChild(under, name)) {
         return known;
     }
-    CComboTreeItem& item = m_Tree.AddGroup(under, name);
-    if (item.HasRow()) {
-        Came({item.GetRow(), 1});
-    }
+    CComboTreeItem& item = m_Tree.AddGroup(under, std::string(name));
+    TellNew(item);
     return &item;
+}
+
+void ComboModel::TellNew(const CComboTreeItem& item) {
+    if (!m_bBuilding && item.HasRow()) {
+        m_sink.OnRowsCame({item.GetRow(), 1});
+    }
 }
 
 CComboTreeItem* ComboModel::AddValue(const std::string& name, const std::string& group) {
@@ -131,7 +140,7 @@ CComboTreeItem* ComboModel::EntryCame(long id) {
     if (!m_pEnumValue->GetName(id, name) || binding != m_binding) {
         return nullptr;
     }
-    CComboTreeItem* const item = InsertItem(nullptr, id, name);
+    CComboTreeItem* const item = InsertItem(nullptr, id, std::move(name));
     ExpandParent(item->GetParent());
     return item;
 }

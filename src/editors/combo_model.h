@@ -67,8 +67,8 @@ public:
 
     // Entries and groups; a null parent is the root.
 
-    CComboTreeItem* InsertItem(CComboTreeItem* parent, long id, const CVariantValue& value);
-    CComboTreeItem* InsertItem(CComboTreeItem* parent, const std::string& name);
+    CComboTreeItem* InsertItem(CComboTreeItem* parent, long id, CVariantValue value);
+    CComboTreeItem* InsertItem(CComboTreeItem* parent, std::string_view name);
     /// Has the enumeration make an entry; answers its item, null when it refuses.
     CComboTreeItem* AddValue(const std::string& name, const std::string& group);
     /// Has the enumeration remove every entry at and under the item, then the groups.
@@ -120,6 +120,7 @@ private:
     void RenameGroupItem(CComboTreeItem& item, std::list<std::string> segments);
     void MoveToItsPath(CComboTreeItem& item, const CVariantValue& name);
     void CheckValue(CComboTreeItem& item, bool check);
+    void TellNew(const CComboTreeItem& item);
     void Came(ComboTree::RowRange rows);
     void Went(ComboTree::RowRange rows);
 

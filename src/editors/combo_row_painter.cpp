@@ -9,6 +9,8 @@ namespace {
 
 constexpr COLORREF TreeLineColor = 0xB8B8B8;
 constexpr int ButtonMargin = 2; // between the sign of a tree button and its frame
+constexpr int BoxMargin = 2;    // around a check box, whose region is as high as the row
+constexpr int TextInset = 2;    // left of a text
 
 /// What the button takes of its box: an odd square around the box's centre.
 CRect ButtonRect(const CRect& box) {
@@ -35,7 +37,9 @@ void ComboRowPainter::Draw(int row, UINT itemState) {
     }
     if (place->hasChecks) {
         const UINT check = item->GetChecked() > 0 ? DFCS_CHECKED : 0;
-        m_dc.DrawFrameControl(place->CheckBox(), DFC_BUTTON, DFCS_BUTTONCHECK | check);
+        CRect box = place->CheckBox();
+        box.DeflateRect(BoxMargin, BoxMargin);
+        m_dc.DrawFrameControl(box, DFC_BUTTON, DFCS_BUTTONCHECK | check);
     }
     if (place->hasIcons) {
         DrawIcon(*item, place->Icon());
@@ -92,7 +96,8 @@ void ComboRowPainter::DrawColumns(int row, const CComboTreeItem& item) {
     }
 }
 
-void ComboRowPainter::DrawDispValue(const CRect& rect, const CString& text) {
+void ComboRowPainter::DrawDispValue(CRect rect, const CString& text) {
+    rect.left += TextInset;
     if (!rect.Intersected(m_dc.GetClipBox()).IsRectEmpty()) {
         m_dc.DrawText(text, rect, DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
     }

@@ -20,7 +20,7 @@ private:
     void DrawTreeButton(bool expanded, const CRect& box);
     void DrawIcon(const CComboTreeItem& item, const CRect& rect);
     void DrawColumns(int row, const CComboTreeItem& item);
-    void DrawDispValue(const CRect& rect, const CString& text);
+    void DrawDispValue(CRect rect, const CString& text);
     void Line(int fromX, int fromY, int toX, int toY);
 
     const CComboList& m_list;

@@ -8,7 +8,7 @@ namespace korvel {
 
 namespace {
 
-constexpr std::size_t LargestBlock = 512;
+constexpr std::size_t LargestBlock = 256;
 
 } // namespace
 

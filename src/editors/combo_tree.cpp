@@ -54,12 +54,11 @@ ComboTree::~ComboTree() {
     Clear();
 }
 
-CComboTreeItem& ComboTree::AddValue(CComboTreeItem& parent, long id, const CVariantValue& value,
-                                    std::string label) {
+CComboTreeItem& ComboTree::AddValue(CComboTreeItem& parent, long id, CVariantValue value, std::string label) {
     auto child = std::make_unique<CComboTreeItem>();
     child->m_bIsValue = true;
     child->m_Id = id;
-    child->m_Value = value;
+    child->m_Value = std::move(value);
     child->m_strLabel = std::move(label);
     child->m_nUnchecked = 1;
     CComboTreeItem& item = AddChild(parent, std::move(child));
@@ -106,6 +105,10 @@ void ComboTree::ShowNewChild(CComboTreeItem& child) {
 }
 
 CComboTreeItem* ComboTree::FindChild(CComboTreeItem& parent, std::string_view label) {
+    // The entries of a group mostly come one after the other.
+    if (m_pLastFound && m_pLastFound->m_pParent == &parent && m_pLastFound->m_strLabel == label) {
+        return m_pLastFound;
+    }
     if (!parent.m_pIndex) {
         parent.m_pIndex = std::make_unique<CComboTreeItem::LabelIndex>();
         for (CComboTreeItem* child = parent.m_pFirstChild; child; child = child->m_pNextSibling) {
@@ -113,7 +116,8 @@ CComboTreeItem* ComboTree::FindChild(CComboTreeItem& parent, std::string_view la
         }
     }
     const auto found = parent.m_pIndex->lower_bound(label);
-    return found != parent.m_pIndex->end() && (*found)->m_strLabel == label ? *found : nullptr;
+    m_pLastFound = found != parent.m_pIndex->end() && (*found)->m_strLabel == label ? *found : nullptr;
+    return m_pLastFound;
 }
 
 CComboTreeItem* ComboTree::FindValue(long id) {
@@ -173,6 +177,7 @@ ComboTree::RowRange ComboTree::RemoveSubTree(CComboTreeItem& item) {
 }
 
 void ComboTree::Unlink(CComboTreeItem& item) {
+    m_pLastFound = nullptr;
     CComboTreeItem& parent = *item.m_pParent;
     if (parent.m_pIndex) {
         parent.m_pIndex->erase(&item);
@@ -200,6 +205,7 @@ void ComboTree::EndKeeping() {
 }
 
 void ComboTree::Clear() {
+    m_pLastFound = nullptr;
     m_pIndex.reset();
     m_Root.m_pIndex.reset();
     m_rows.Erase(0, m_rows.Size());
@@ -262,6 +268,7 @@ void ComboTree::SetLabel(CComboTreeItem& item, int column, std::string text) {
         (*item.m_pFurtherLabels)[column] = std::move(text);
         return;
     }
+    m_pLastFound = nullptr;
     CComboTreeItem::LabelIndex* const index = item.m_pParent ? item.m_pParent->m_pIndex.get() : nullptr;
     if (index) {
         index->erase(&item);

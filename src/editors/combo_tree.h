@@ -52,7 +52,7 @@ public:
     CComboTreeItem* ItemAt(int row) const { return m_rows.Has(row) ? m_rows.At(row) : nullptr; }
 
     /// A new last child of `parent`; it has a row when `parent` and everything above it is expanded.
-    CComboTreeItem& AddValue(CComboTreeItem& parent, long id, const CVariantValue& value, std::string label);
+    CComboTreeItem& AddValue(CComboTreeItem& parent, long id, CVariantValue value, std::string label);
     CComboTreeItem& AddGroup(CComboTreeItem& parent, std::string label);
     /// The first child with this label, group or value, or null.
     CComboTreeItem* FindChild(CComboTreeItem& parent, std::string_view label);
@@ -91,7 +91,7 @@ private:
     void ShowNewChild(CComboTreeItem& child);
     static void ChangeCounts(CComboTreeItem& item, int checked, int unchecked);
     static CComboTreeItem* NextShownUnder(const CComboTreeItem& item, const CComboTreeItem& top);
-    static void Unlink(CComboTreeItem& item);
+    void Unlink(CComboTreeItem& item);
     void Bury(CComboTreeItem& item);
     void ForgetId(CComboTreeItem& item);
     void BuildIndex();
@@ -100,7 +100,8 @@ private:
     CComboTreeItem m_Root;
     ComboRows m_rows;
     std::uint64_t m_born = 0;
-    std::unique_ptr<IdIndex> m_pIndex; // the values, from the first search on
+    CComboTreeItem* m_pLastFound = nullptr; // by FindChild, while that is still its answer
+    std::unique_ptr<IdIndex> m_pIndex;      // the values, from the first search on
     int m_keeping = 0;
     std::vector<std::unique_ptr<CComboTreeItem>> m_removed;
 };

@@ -2,20 +2,24 @@
 
 namespace korvel {
 
+std::string_view TakeSegment(std::string_view& path, char separator) {
+    while (!path.empty() && path.front() == separator) {
+        path.remove_prefix(1);
+    }
+    std::size_t end = 0;
+    while (end < path.size() && (path[end] != separator || path[end - 1] == '\\')) {
+        ++end;
+    }
+    const std::string_view segment = path.substr(0, end);
+    path.remove_prefix(end);
+    return segment;
+}
+
 std::list<std::string> SplitPathName(std::string_view path, char separator) {
     std::list<std::string> segments;
-    std::string segment;
-    for (const char character : path) {
-        const bool separates = character == separator && (segment.empty() || segment.back() != '\\');
-        if (!separates) {
-            segment += character;
-        } else if (!segment.empty()) {
-            segments.push_back(std::move(segment));
-            segment.clear();
-        }
-    }
-    if (!segment.empty()) {
-        segments.push_back(std::move(segment));
+    for (auto segment = TakeSegment(path, separator); !segment.empty();
+         segment = TakeSegment(path, separator)) {
+        segments.emplace_back(segment);
     }
     return segments;
 }

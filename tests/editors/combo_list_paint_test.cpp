@@ -69,7 +69,9 @@ TEST_F(ComboPaintTest, ARowShowsItsParts) {
                                    [](const PaintCall& call) { return call.kind == PaintCall::Kind::Text; });
     ASSERT_NE(text, selected.end());
     EXPECT_EQ(text->text, "b");
-    EXPECT_EQ(text->rect, list->GetRectLabel(2));
+    CRect label = list->GetRectLabel(2);
+    label.left += 2;
+    EXPECT_EQ(text->rect, label);
     EXPECT_EQ(text->color, GetSysColor(COLOR_HIGHLIGHTTEXT));
     // A check mark is more than an empty box, on a group with one checked entry too.
     EXPECT_GT(PaintRow(2).size(), PaintRow(1).size());
