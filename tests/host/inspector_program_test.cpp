@@ -62,6 +62,35 @@ TEST(InspectorProgram, AnswersWithItsStatus) {
     EXPECT_THAT(RunInspector("--help").output, StartsWith("Usage: inspector"));
 }
 
+/// Width and height of a PNG file, from its header; 0x0 when there is none.
+std::string SizeOfPicture(const std::filesystem::path& path) {
+    std::array<unsigned char, 24> header{};
+    std::ifstream(path, std::ios::binary).read(reinterpret_cast<char*>(header.data()), header.size());
+    return std::to_string(header[18] * 256 + header[19]) + "x" +
+           std::to_string(header[22] * 256 + header[23]);
+}
+
+TEST(InspectorProgram, WritesPicturesWithoutScreen) {
+    const platform::ScratchFolder folder;
+    const platform::ScratchVariable settings("XDG_CONFIG_HOME", folder.Path().c_str());
+    const platform::ScratchVariable noDisplay("DISPLAY", nullptr);
+    const platform::ScratchVariable noWayland("WAYLAND_DISPLAY", nullptr);
+    const std::string railway = KORVEL_TEST_DATA "/railway.xml";
+    const std::string picture = folder.Path() / "picture.png";
+    EXPECT_EQ(RunInspector(railway + " --size 640x480 --screenshot " + picture).output, "");
+    EXPECT_EQ(SizeOfPicture(picture), "640x480");
+
+    const Outcome beside = RunInspector("--version >/dev/null; cd " + folder.Path().string() +
+                                        " && " KORVEL_INSPECTOR " " + railway);
+    EXPECT_EQ(beside.status, 0);
+    EXPECT_EQ(SizeOfPicture(folder.Path() / "railway.png"), "1000x700");
+    EXPECT_THAT(beside.output, testing::HasSubstr((folder.Path() / "railway.png").string()));
+
+    EXPECT_EQ(RunInspector("").status, 2) << "nothing to make a picture of";
+    EXPECT_EQ(RunInspector(railway + " --expand Nowhere --screenshot " + picture).status, 2);
+    EXPECT_EQ(RunInspector(railway + " --screenshot /dev/null/picture.png").status, 1);
+}
+
 TEST(InspectorProgram, FailsWhenItsOutputIsFull) {
     const platform::ScratchFolder folder;
     const platform::ScratchVariable settings("XDG_CONFIG_HOME", folder.Path().c_str());

@@ -1,0 +1,131 @@
+#include "../platform/scratch.h"
+#include "desktop/inspector_window.h"
+#include "qt/qt_display.h"
+#include "source_error.h"
+#include "values/text_table.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTest>
+#include <QUrl>
+#include <fstream>
+#include <gmock/gmock.h>
+
+namespace korvel::inspector {
+
+namespace {
+
+/// The inspector's window with a small document.
+class InspectorWindowTest : public testing::Test {
+protected:
+    InspectorWindowTest() {
+        SetLanguageForThisRun("English");
+        SetDisplay(&m_display);
+        m_window = std::make_unique<InspectorWindow>(ReadingOptions{});
+        m_window->resize(600, 400);
+        m_window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+    }
+
+    std::string Write(const char* name, const char* text) {
+        const std::string path = m_folder.Path() / name;
+        std::ofstream(path) << text;
+        return path;
+    }
+    void OpenSample() {
+        m_window->Open(Write("sample.xml", "<LandXML a='1'><Group name='one'><Leaf name='deep/name' b='2'/>"
+                                           "</Group><Other c='3'/></LandXML>"));
+    }
+    CEditableGrid& Grid() {
+        return dynamic_cast<CEditableGrid&>(
+            *CWnd::FromHandlePermanent(GetFirstChild(m_window->Pane().m_hWnd)));
+    }
+    std::string Rows() {
+        std::string rows;
+        for (int row = 0; row < Grid().GetItemCount(); ++row)
+            rows += Grid().GetItemText(row, 0) + ";";
+        return rows;
+    }
+    int Selected() { return Grid().GetNextItem(-1, LVNI_SELECTED | LVNI_FOCUSED); }
+    QString Status() const { return m_window->statusBar()->findChild<QLabel*>()->text(); }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+    }
+
+    platform::ScratchFolder m_folder;
+    qt::QtDisplay m_display;
+    std::unique_ptr<InspectorWindow> m_window;
+};
+
+TEST_F(InspectorWindowTest, StartsReadyForTheKeyboard) {
+    OpenSample();
+    EXPECT_EQ(GetFocus(), Grid().m_hWnd);
+    EXPECT_EQ(Selected(), 0);
+    EXPECT_THAT(m_window->windowTitle().toStdString(), testing::StartsWith("sample.xml"));
+    EXPECT_EQ(Status(), QStringLiteral("3 objects, 5 members"));
+    EXPECT_EQ(Rows(), "a;Group one;Other;");
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Asterisk, Qt::KeypadModifier);
+    EXPECT_EQ(Rows(), "a;Group one;name;Leaf deep/name;name;b;Other;");
+    Press(Qt::Key_Minus, Qt::KeypadModifier);
+    Press(Qt::Key_End);
+    EXPECT_EQ(Selected(), 2);
+}
+
+TEST_F(InspectorWindowTest, FindsPathsWhoseNamesHoldTheSeparator) {
+    OpenSample();
+    EXPECT_TRUE(m_window->Pane().Expand("Group one/Leaf deep/name"));
+    EXPECT_EQ(Rows(), "a;Group one;name;Leaf deep/name;name;b;Other;");
+    EXPECT_EQ(Selected(), 3);
+    EXPECT_FALSE(m_window->Pane().Expand("Group one/Leaf"));
+    EXPECT_FALSE(m_window->Pane().Expand("Group"));
+}
+
+TEST_F(InspectorWindowTest, AFileThatCannotBeReadLeavesTheOpenOneAlone) {
+    OpenSample();
+    const std::string rows = Rows();
+    EXPECT_THROW(m_window->Open(Write("bad.xml", "<LandXML><a></LandXML>")), DocumentError);
+    EXPECT_THAT(m_window->windowTitle().toStdString(), testing::StartsWith("sample.xml"));
+    EXPECT_EQ(Rows(), rows);
+}
+
+TEST_F(InspectorWindowTest, ValuesTakeTheWidthThatNamesLeave) {
+    OpenSample();
+    for (const int width : {900, 500}) {
+        m_window->resize(width, 400);
+        QApplication::processEvents();
+        EXPECT_EQ(Grid().GetColumnWidth(0) + Grid().GetColumnWidth(1), Grid().GetClientRect().Width());
+    }
+    Grid().SetColumnWidth(0, 2000);
+    m_window->resize(510, 400);
+    QApplication::processEvents();
+    EXPECT_GT(Grid().GetColumnWidth(1), 0) << "a wide name column does not take the values away";
+}
+
+TEST_F(InspectorWindowTest, OpensWhatIsDroppedOnIt) {
+    OpenSample();
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(QString::fromStdString(Write("dropped.xml", "<LandXML z='1'/>")))});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window.get(), &drop);
+    EXPECT_EQ(Rows(), "a;Group one;Other;") << "the source of the drag does not wait for the reading";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Rows() == "z;"; }, 2000)) << Rows();
+}
+
+TEST_F(InspectorWindowTest, ManyFilesOneAfterTheOther) {
+    for (int i = 0; i < 5; ++i)
+        OpenSample();
+    EXPECT_EQ(Rows(), "a;Group one;Other;");
+    m_window.reset();
+    EXPECT_EQ(GetFocus(), nullptr);
+}
+
+} // namespace
+
+} // namespace korvel::inspector
