@@ -120,11 +120,11 @@ void CSuperGridCtrl::ExpandAll() {
 
 void CSuperGridCtrl::CollapseAll() {
     const RedrawPause pause(*this);
+    const std::vector<CTreeItem*> roots(rootItems().begin(), rootItems().end());
+    const unsigned removals = m_removals;
     // From the last root up, so that no rows move that are deleted later.
-    const auto& blocks = rootItems().GetBlocks();
-    for (auto block = blocks.rbegin(); block != blocks.rend(); ++block)
-        for (auto root = (*block)->items.rbegin(); root != (*block)->items.rend(); ++root)
-            CollapseNode(*root);
+    for (auto root = roots.rbegin(); root != roots.rend() && m_removals == removals; ++root)
+        CollapseNode(*root);
 }
 
 void CSuperGridCtrl::CollapseNode(CTreeItem* node) {

@@ -55,8 +55,11 @@ CSuperGridCtrl::NodePtr CSuperGridCtrl::Unlink(CTreeItem* node) {
 
 CSuperGridCtrl::NodePtr CSuperGridCtrl::TakeNode(CTreeItem* node) {
     CTreeItem* const parent = node->parent();
+    const unsigned removals = m_removals;
     if (const int row = RowOfNode(node); row >= 0 && NodeAtRow(row) == node)
         DeleteRows(row, row + node->rows());
+    if (m_removals != removals)
+        return nullptr; // who heard of the rows has removed nodes; this one may be gone
     NodePtr taken = Unlink(node);
     RenumberRows();
     if (parent && parent->children().empty())
