@@ -218,25 +218,32 @@ CRect RowPainter::DrawControl(int column, const CRect& cell) {
         if (!IsEnabled(column))
             return room;
         DrawButton(RightSquare(cell), CString(1, GetAngleUnit()));
-        return BesideRightSquare(cell);
+        room.right = RightSquare(cell).left;
+        return room;
     case CItemInfo::ctRandom:
         if (!IsEnabled(column))
             return room;
         DrawDice(RightSquare(cell));
-        return BesideRightSquare(cell);
+        room.right = RightSquare(cell).left;
+        return room;
     case CItemInfo::ctButton:
         DrawButton(RightSquare(inside), "...");
-        return BesideRightSquare(inside);
-    case CItemInfo::ctFile:
+        room.right = RightSquare(inside).left;
+        return room;
+    case CItemInfo::ctFile: {
+        const CRect open = RightSquare(BesideRightSquare(inside));
         DrawButton(RightSquare(inside), "...");
-        DrawButton(RightSquare(BesideRightSquare(inside)), "\xBB");
-        return BesideRightSquare(BesideRightSquare(inside));
+        DrawButton(open, "\xBB");
+        room.right = open.left;
+        return room;
+    }
     case CItemInfo::ctCombo:
     case CItemInfo::ctList:
         if (!m_isSelected || !IsEnabled(column))
             return room;
         m_grid.DrawThemedFrame(m_dc, RightSquare(inside), DFC_SCROLL, DFCS_SCROLLDOWN);
-        return BesideRightSquare(inside);
+        room.right = RightSquare(inside).left;
+        return room;
     default:
         return room;
     }
