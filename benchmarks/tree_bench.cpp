@@ -125,17 +125,17 @@ public:
     }
     void SetValue(int group, int member, const QString& text) {
         m_groups[static_cast<std::size_t>(group)].values[static_cast<std::size_t>(member)] = text;
-        const QModelIndex cell = createIndex(member, 1, static_cast<quintptr>(group) + 1);
+        const QModelIndex cell = createIndex(member, 1, IdOfMembers(group));
         emit dataChanged(cell, cell);
     }
 
-    // The internal id is 0 for a group, else the group's row plus 1.
+    // The internal id is 0 for a group; the members' ids keep Qt's hash of an index, row * 16 + column + id,
+    // free of collisions, on which the expanded ones would otherwise pile up.
     QModelIndex index(int row, int column, const QModelIndex& parent) const override {
-        return createIndex(row, column, parent.isValid() ? static_cast<quintptr>(parent.row()) + 1 : 0);
+        return createIndex(row, column, parent.isValid() ? IdOfMembers(parent.row()) : 0);
     }
     QModelIndex parent(const QModelIndex& child) const override {
-        return child.internalId() == 0 ? QModelIndex()
-                                       : createIndex(static_cast<int>(child.internalId()) - 1, 0);
+        return child.internalId() == 0 ? QModelIndex() : createIndex(GroupOf(child), 0);
     }
     int rowCount(const QModelIndex& parent) const override {
         if (!parent.isValid()) {
@@ -153,12 +153,18 @@ public:
         if (index.internalId() == 0) {
             return index.column() == 0 ? QVariant(Of(index.row()).name) : QVariant();
         }
-        const Group& group = Of(static_cast<int>(index.internalId()) - 1);
+        const Group& group = Of(GroupOf(index));
         const auto row = static_cast<std::size_t>(index.row());
         return index.column() == 0 ? group.names[row] : group.values[row];
     }
 
 private:
+    quintptr IdOfMembers(int group) const {
+        return 16 * (static_cast<quintptr>(group) * m_groups.front().names.size() + 1);
+    }
+    int GroupOf(const QModelIndex& member) const {
+        return static_cast<int>((member.internalId() / 16 - 1) / m_groups.front().names.size());
+    }
     const Group& Of(int row) const { return m_groups[static_cast<std::size_t>(row)]; }
     std::vector<Group> m_groups;
 };
