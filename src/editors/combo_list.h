@@ -199,6 +199,7 @@ private:
     LRESULT HandleMouseMove(WPARAM wParam, LPARAM lParam);
     LRESULT HandleWheel(WPARAM wParam, LPARAM lParam);
     LRESULT HandleKey(UINT message, WPARAM wParam, LPARAM lParam);
+    void TakeForwardedCharacters(UINT key, LPARAM data);
     LRESULT HandleCharacter(WPARAM wParam, LPARAM lParam);
     LRESULT HandleFocus(UINT message, WPARAM wParam, LPARAM lParam);
     int FindRowByText(const TypeAhead::Search& search) const;

@@ -1,4 +1,5 @@
 #include "editors/combo_list.h"
+#include "window/input.h"
 
 namespace korvel {
 
@@ -139,12 +140,25 @@ LRESULT CComboList::HandleKey(UINT message, WPARAM wParam, LPARAM lParam) {
         const auto key = static_cast<UINT>(wParam);
         if (message == WM_KEYDOWN) {
             state->OnKeyDown(key, RepeatOf(lParam), FlagsOf(lParam));
+            TakeForwardedCharacters(key, lParam);
         } else {
             state->OnKeyUp(key, RepeatOf(lParam), FlagsOf(lParam));
         }
     }
     DismissPreview();
     return IsKeyOfLists(wParam) ? 0 : DefWindowProcA(m_hWnd, message, wParam, lParam);
+}
+
+/// An owner that hands its keys to the dropped list gets no characters for them.
+void CComboList::TakeForwardedCharacters(UINT key, LPARAM data) {
+    const input::KeyOnTheWay* const typed = input::CurrentKey();
+    if (!typed || typed->window == m_hWnd || typed->key != key) {
+        return;
+    }
+    const CString characters = typed->characters;
+    for (const char character : characters) {
+        HandleCharacter(static_cast<unsigned char>(character), data);
+    }
 }
 
 LRESULT CComboList::HandleCharacter(WPARAM wParam, LPARAM lParam) {

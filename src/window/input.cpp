@@ -6,6 +6,8 @@
 #include "window/place.h"
 #include "window/uncaught.h"
 
+#include <utility>
+
 namespace korvel::input {
 
 using namespace internal;
@@ -33,8 +35,26 @@ Outcome Deliver(MSG message) {
     return delivery.WasLeftToDefault() ? Outcome::LeftToDefault : Outcome::Consumed;
 }
 
+const KeyOnTheWay*& TheKey() {
+    static thread_local const KeyOnTheWay* key = nullptr;
+    return key;
+}
+
+class KeyScope {
+public:
+    explicit KeyScope(const KeyOnTheWay& key) : m_former(std::exchange(TheKey(), &key)) {}
+    ~KeyScope() { TheKey() = m_former; }
+    KeyScope(const KeyScope&) = delete;
+    KeyScope& operator=(const KeyScope&) = delete;
+
+private:
+    const KeyOnTheWay* m_former;
+};
+
 // A key that a PreTranslateMessage dropped makes no characters.
 Outcome DeliverKey(HWND window, UINT message, UINT key, const CString& characters) {
+    const KeyOnTheWay onTheWay{window, key, characters};
+    const KeyScope scope(onTheWay);
     MSG down{window, message, key, 1};
     if (PreTranslate(down))
         return Outcome::Consumed;
@@ -106,6 +126,10 @@ bool Key(HWND window, UINT message, UINT key, const CString& characters) {
             outcome = DeliverKey(window, message, key, characters);
     });
     return outcome == Outcome::Consumed;
+}
+
+const KeyOnTheWay* CurrentKey() {
+    return TheKey();
 }
 
 bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int wheel) {

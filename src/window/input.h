@@ -13,6 +13,14 @@ namespace korvel::input {
 /// makes (each follows as WM_CHAR or WM_SYSCHAR). True: consumed; false: the message and all its
 /// characters were left to the window's default, and a native widget may act on the event.
 KORVEL_API bool Key(HWND window, UINT message, UINT key, const CString& characters);
+/// The key that the calling thread delivers now, or null: for a window that is handed the keys of the one
+/// with the focus, since a key that a PreTranslateMessage takes makes no WM_CHAR.
+struct KeyOnTheWay {
+    HWND window = nullptr; // whom the user typed it to
+    UINT key = 0;
+    CString characters;
+};
+KORVEL_API const KeyOnTheWay* CurrentKey();
 /// A mouse message (WM_MOUSEMOVE to WM_MOUSEWHEEL, WM_NC*BUTTONDOWN, WM_MOUSELEAVE) at a client point.
 /// `flags` are MK_*; `wheel` the delta of WM_MOUSEWHEEL. True: consumed.
 KORVEL_API bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int wheel = 0);

@@ -313,6 +313,26 @@ TEST_F(ComboStatesTest, LettersFindTheNextEntry) {
     EXPECT_EQ(Current(), "new value");
 }
 
+TEST_F(ComboStatesTest, KeysThatTheFieldHandsOn) {
+    struct Field : CWnd {
+        CComboList* dropped = nullptr;
+        bool PreTranslateMessage(MSG& message) override {
+            dropped->SendMessageA(message.message, message.wParam, message.lParam);
+            return true;
+        }
+    } field;
+    field.CreateEx(0, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, {0, 0, 9, 9}, &frame, 0);
+    TestEnumeration shown({"a", "b", "stone", "sand"});
+    field.dropped = &Show(shown);
+    input::Key(field.m_hWnd, WM_KEYDOWN, 'S', "s");
+    EXPECT_EQ(Current(), "stone");
+    input::Key(field.m_hWnd, WM_KEYDOWN, 'A', "a"); // still the same search
+    EXPECT_EQ(Current(), "sand");
+    input::Key(field.m_hWnd, WM_KEYDOWN, VK_UP, {});
+    EXPECT_EQ(Current(), "stone");
+    EXPECT_EQ(input::CurrentKey(), nullptr);
+}
+
 TEST_F(ComboStatesTest, AListThatDropsDownLeavesTheKeyboardAlone) {
     TestEnumeration shown({"a", "b"});
     frame.SetFocus();
