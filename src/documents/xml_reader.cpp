@@ -1,5 +1,6 @@
 #include "documents/xml_reader.h"
 
+#include "platform/code_page.h"
 #include "platform/error.h"
 
 #include <cerrno>
@@ -19,8 +20,9 @@ struct Position {
 };
 
 [[noreturn]] void ThrowReadError(const std::string& path, Position position, const std::string& reason) {
-    throw Error(path + "(line " + std::to_string(position.line) + ", position " +
-                std::to_string(position.character) + ": " + reason + ")");
+    const std::string place =
+        "(line " + std::to_string(position.line) + ", position " + std::to_string(position.character) + ": ";
+    throw Error(platform::FromUtf8(path + place + reason + ")").text);
 }
 
 std::string ReadFile(const std::string& path) {
@@ -125,6 +127,10 @@ void ReadXmlFile(const std::string& path, pugi::xml_document& document) {
         const auto offset = static_cast<std::size_t>(result.offset);
         ThrowReadError(path, PositionAt(content, result.encoding, offset), result.description());
     }
+    // The parser takes a zero byte for the end of the file and reads nothing behind it.
+    const std::size_t zero = CodeUnitsOf(result.encoding).size == 1 ? content.find('\0') : std::string::npos;
+    if (zero != std::string::npos)
+        ThrowReadError(path, PositionAt(content, result.encoding, zero), "Zero byte");
 }
 
 void ThrowSchemaError() {

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 namespace korvel {
 
 /// Called in place of the default panic; the text has no prefix.

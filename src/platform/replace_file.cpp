@@ -1,5 +1,6 @@
 #include "platform/replace_file.h"
 
+#include "platform/code_page.h"
 #include "platform/error.h"
 
 #include <cerrno>
@@ -15,7 +16,7 @@ namespace korvel::platform {
 namespace {
 
 [[noreturn]] void Fail(const std::string& path, int error) {
-    throw Error(path + ": " + std::generic_category().message(error));
+    throw Error(FromUtf8(path + ": " + std::generic_category().message(error)).text);
 }
 
 void Require(bool succeeded, const std::string& path) {

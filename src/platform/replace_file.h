@@ -12,7 +12,7 @@ namespace korvel::platform {
 /// new file gets the usual permissions, a replaced one keeps its own; a link is followed. The folder must
 /// exist.
 /// \throws Error with the file's name and the reason when a step fails; the old file stays and nothing is
-/// left beside it
+/// left beside it. Only the last step, the flush of the folder, fails with the new content in place
 void ReplaceFile(const std::string& path, std::string_view content);
 
 } // namespace korvel::platform

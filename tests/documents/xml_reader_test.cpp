@@ -55,6 +55,7 @@ TEST_F(XmlReader, NamesFileLinePositionAndReason) {
     EXPECT_EQ(FailureOfContent(Utf16("<a>\n <b>_</a>")), "(line 2, position 8: Start-end tags mismatch)");
     EXPECT_EQ(FailureOfContent("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n <b>\xFC</a>"),
               "(line 2, position 8: Start-end tags mismatch)");
+    EXPECT_EQ(FailureOfContent(std::string_view("<a/>\n\0<b/>", 10)), "(line 2, position 1: Zero byte)");
     EXPECT_EQ(FailureOfContent(""), "(line 1, position 1: No document element found)");
     EXPECT_EQ(FailureOfContent("no XML"), "(line 1, position 7: No document element found)");
 }
@@ -71,6 +72,8 @@ TEST_F(XmlReader, SaysWhyAFileCannotBeRead) {
     std::ofstream(m_path) << "<a/>";
     for (const auto& [path, reason] : cases)
         EXPECT_EQ(FailureOf(path), path + "(line 0, position 0: " + reason + ")");
+    EXPECT_EQ(FailureOf("/missing/Br\xC3\xBCgg"),
+              "/missing/Br\xFCgg(line 0, position 0: No such file or directory)");
 }
 
 TEST_F(XmlReader, GivesTheBytesOfTheCharacters) {

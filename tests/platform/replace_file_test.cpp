@@ -1,3 +1,4 @@
+#include "platform/code_page.h"
 #include "platform/error.h"
 #include "platform/replace_file.h"
 #include "scratch.h"
@@ -41,7 +42,7 @@ TEST(ReplaceFile, NamesFileAndReasonAndLeavesNothingBeside) {
     const ScratchFolder folder;
     fs::create_directory(folder.Path() / "folder");
     const std::pair<fs::path, const char*> cases[] = {
-        {folder.Path() / "missing" / "file", "No such file or directory"},
+        {folder.Path() / "missing" / "Br\xC3\xBCgg", "No such file or directory"},
         {folder.Path() / "folder", "Is a directory"},
         {"/dev/null", "Invalid argument"},
         {folder.Path() / std::string(250, 'n'), "File name too long"},
@@ -53,7 +54,7 @@ TEST(ReplaceFile, NamesFileAndReasonAndLeavesNothingBeside) {
             ReplaceFile(path, "content");
             ADD_FAILURE() << "written";
         } catch (const Error& error) {
-            EXPECT_EQ(error.what(), path.string() + ": " + reason);
+            EXPECT_EQ(ToUtf8(error.what()), path.string() + ": " + reason);
         }
     }
     EXPECT_EQ(EntriesOf(folder.Path()), 1U);
