@@ -5,7 +5,6 @@
 #include "output/date_output.h"
 #include "output/format_persistence.h"
 #include "output/number_output.h"
-#include "output/system_formats.h"
 #include "platform/error.h"
 
 #include <sstream>
@@ -14,17 +13,6 @@
 namespace {
 
 using namespace korvel;
-
-void FollowTheSystem() {
-    const CNumberFormat& format = SystemNumberFormat(ESystemFormat::Float);
-    for (const auto record :
-         {ENumberRecord::Integer, ENumberRecord::Long, ENumberRecord::Float, ENumberRecord::Double})
-        CNumberOutput::Instance().ReplaceFormat(record, format);
-    for (const auto record : {EAngleRecord::Double, EAngleRecord::Float})
-        CAngleOutput::Instance().ReplaceFormat(record, format);
-    CAngleOutput::Instance().SetUnit(CAngleOutput::Radians);
-    CDateOutput::Instance().Formats() = {"%d", "%H", "%d", "%m"};
-}
 
 bool Load(const std::string& path) {
     try {
@@ -62,7 +50,7 @@ void UseTheFormats() {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const fuzz::GermanMachine machine;
-    FollowTheSystem();
+    ResetFormatStates();
     const std::string path = machine.Folder().File(fuzz::Input(data, size).Rest());
     const bool loaded = Load(path);
     UseTheFormats();

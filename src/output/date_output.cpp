@@ -76,6 +76,12 @@ void CDateOutput::ReturnToSystemFormat(EDateFormat kind) {
     SetCurrentFormat(kind, kind == EDateFormat::Long ? m_systemLong : m_systemShort);
 }
 
+void CDateOutput::ReturnToSystem() {
+    m_formats = {m_systemLong, TimePictureToFormat(SystemSettings().timePicture), m_systemLong,
+                 m_systemShort};
+    m_notification.Fire();
+}
+
 bool CDateOutput::FollowSystem() {
     const platform::RegionalSettings& settings = SystemSettings();
     bool changed = FollowSystemDate(m_formats.DateFormatLong, m_systemLong, settings.longDatePicture);

@@ -79,6 +79,9 @@ public:
     /// Back to the regional settings' format, as the long or short format and the one in use.
     void ReturnToSystemFormat(EDateFormat kind);
 
+    /// Forgets all that the user has set, as at the start: the long date of the regional settings is in use.
+    void ReturnToSystem();
+
     CFormatNotification& Notification() { return m_notification; }
     bool FollowSystem();
 

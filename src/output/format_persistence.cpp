@@ -230,12 +230,7 @@ void ResetFormatStates() {
     FollowSystem(CNumberOutput::Instance(), NumberRecords);
     CAngleOutput::Instance().SetUnit(CAngleOutput::Radians);
     FollowSystem(CAngleOutput::Instance(), AngleRecords);
-    CDateOutput& dates = CDateOutput::Instance();
-    for (const EDateFormat kind : {EDateFormat::Short, EDateFormat::Long}) {
-        dates.Formats().CurrentFormat.clear(); // a format in use already would leave the other one alone
-        dates.ReturnToSystemFormat(kind);
-    }
-    dates.FollowSystem();
+    CDateOutput::Instance().ReturnToSystem();
 }
 
 } // namespace korvel

@@ -3,6 +3,7 @@
 #include "../platform/scratch.h"
 #include "output/angle_output.h"
 #include "output/date_output.h"
+#include "output/format_persistence.h"
 #include "output/number_output.h"
 #include "output/system_formats.h"
 #include "platform/regional_settings.h"
@@ -51,21 +52,7 @@ protected:
 
 private:
     static void FollowSystemAgain() {
-        RereadSystemSettings();
-        const CNumberFormat& integers = SystemNumberFormat(ESystemFormat::Integer);
-        const CNumberFormat& floats = SystemNumberFormat(ESystemFormat::Float);
-        CNumberOutput& numbers = CNumberOutput::Instance();
-        numbers.ReplaceFormat(ENumberRecord::Integer, integers);
-        numbers.ReplaceFormat(ENumberRecord::Long, integers);
-        numbers.ReplaceFormat(ENumberRecord::Float, floats);
-        numbers.ReplaceFormat(ENumberRecord::Double, floats);
-        CAngleOutput& angles = CAngleOutput::Instance();
-        angles.ReplaceFormat(EAngleRecord::Double, floats);
-        angles.ReplaceFormat(EAngleRecord::Float, floats);
-        angles.SetUnit(CAngleOutput::Radians);
-        CDateOutput& dates = CDateOutput::Instance();
-        dates.ReturnToSystemFormat(EDateFormat::Short);
-        dates.ReturnToSystemFormat(EDateFormat::Long);
+        ResetFormatStates();
         Fire_OnSystemChanged(nullptr, nullptr);
     }
 
