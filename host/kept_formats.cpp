@@ -59,9 +59,10 @@ void Apply(const FormatChoice& choice) {
 
 /// A name beside `file` that nothing has yet.
 fs::path NameAside(const fs::path& file) {
+    std::error_code ignored;
     fs::path aside = file;
     aside += ".damaged";
-    for (int number = 2; fs::exists(aside); ++number) {
+    for (int number = 2; fs::exists(aside, ignored); ++number) {
         aside = file;
         aside += ".damaged" + std::to_string(number);
     }
@@ -77,7 +78,8 @@ std::string SetAside(const fs::path& file, const std::string& reason) {
 }
 
 std::string Load(const fs::path& file) {
-    if (!fs::exists(file))
+    std::error_code failure;
+    if (fs::status(file, failure).type() == fs::file_type::not_found)
         return {};
     try {
         LoadFormatStates(file.c_str());
@@ -90,12 +92,16 @@ std::string Load(const fs::path& file) {
 }
 
 std::string Keep(const fs::path& file) {
+    const std::string complaint = "the formats cannot be kept: ";
+    std::error_code failure;
+    fs::create_directories(file.parent_path(), failure);
+    if (failure)
+        return complaint + file.parent_path().string() + ": " + failure.message();
     try {
-        fs::create_directories(file.parent_path());
         SaveFormatStates(file.c_str());
         return {};
-    } catch (const std::exception& error) {
-        return "the formats cannot be kept: " + platform::ToUtf8(error.what());
+    } catch (const Error& error) {
+        return complaint + platform::ToUtf8(error.what());
     }
 }
 

@@ -1,13 +1,8 @@
-#include "../platform/scratch.h"
+#include "../output/german_machine.h"
 #include "kept_formats.h"
-#include "output/angle_output.h"
-#include "output/date_output.h"
-#include "output/format_persistence.h"
-#include "output/number_output.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace korvel::inspector {
 namespace {
@@ -15,14 +10,8 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-class KeptFormats : public ::testing::Test {
+class KeptFormats : public GermanMachine {
 protected:
-    KeptFormats() {
-        platform::UseLocale("de-DE");
-        ResetFormatStates();
-    }
-    ~KeptFormats() override { ResetFormatStates(); }
-
     std::string NextRun(const FormatChoice& choice = {}) {
         ResetFormatStates();
         return TakeFormats(folder.Path(), choice);
@@ -83,6 +72,16 @@ TEST_F(KeptFormats, ThatCannotBeWrittenServeThisRun) {
     EXPECT_EQ(AngleToString(3.141592653589793), "200,00");
     EXPECT_THAT(TakeFormats({}, {'r', {}, {}}), IsEmpty()) << "a user without a home";
     EXPECT_EQ(AngleToString(3.141592653589793), "3,14");
+}
+
+TEST_F(KeptFormats, ThatNobodyCanReachStopNoRun) {
+    const std::filesystem::path endless = folder.Path() / "Br\xC3\xBCgg";
+    std::filesystem::create_symlink(endless, endless);
+    const std::string notice = TakeFormats(endless, {'g', {}, {}});
+    EXPECT_THAT(notice, HasSubstr("cannot be read"));
+    EXPECT_THAT(notice, HasSubstr((endless / "inspector-formats.xml(line 0").string()));
+    EXPECT_THAT(notice, HasSubstr("cannot be kept: " + endless.string()));
+    EXPECT_EQ(AngleToString(3.141592653589793), "200,00");
 }
 
 } // namespace

@@ -13,7 +13,7 @@ TEST(Options, AreRead) {
     const Options options =
         ReadOptions({"--size=640x480", "road.xml", "--screenshot", "a=b.png", "--expand", "A/B", "--expand=C",
                      "--angle-unit", "gon", "--station-kind", "railway", "--language=English", "--locale",
-                     "de-CH", "--expand-all"});
+                     "de-CH", "--expand-all", "--digits", "15", "--grouping=3,2"});
     EXPECT_EQ(options.file, "road.xml");
     EXPECT_EQ(options.screenshot, "a=b.png");
     EXPECT_EQ(options.size.width, 640);
@@ -21,6 +21,8 @@ TEST(Options, AreRead) {
     EXPECT_THAT(options.expand, ElementsAre("A/B", "C"));
     EXPECT_TRUE(options.expandAll);
     EXPECT_EQ(options.formats.angleUnit, 'g');
+    EXPECT_EQ(options.formats.digits, 15U);
+    EXPECT_EQ(options.formats.grouping, 32U);
     EXPECT_EQ(options.stations, StationKind::Railway);
     EXPECT_EQ(options.language, "English");
     EXPECT_EQ(options.locale, "de-CH");
@@ -50,6 +52,10 @@ TEST(Options, AreRefusedWithAReason) {
         {{"--size", "0x480"}, "not '0x480'"},
         {{"--size", "99999999999x1"}, "not '99999999999x1'"},
         {{"--angle-unit", "grad"}, "takes one of deg, rad, gon, not 'grad'"},
+        {{"--digits", "16"}, "takes a number from 0 to 15, not '16'"},
+        {{"--digits", "-1"}, "not '-1'"},
+        {{"--digits", "3x"}, "not '3x'"},
+        {{"--grouping", "2"}, "takes one of none, 3, 3,2, not '2'"},
         {{"--language", "Hungarian"}, "takes one of English, German"},
         {{"--station-kind", "canal"}, "takes one of auto, road, railway"},
     };
