@@ -102,7 +102,9 @@ void CSuperGridCtrl::ToggleCheck(CTreeItem& node) {
 
 void CSuperGridCtrl::ExpandAllBelow(CTreeItem* node, int row) {
     int last = row;
+    SetCursor(IDC_WAIT);
     ExpandSubtree(node, &last);
+    SetCursor(IDC_ARROW);
     RedrawItems(row, last);
     EnsureVisible(last, false);
 }

@@ -87,6 +87,8 @@ void Mouse::SetCursor(int cursor) {
         return;
     if (cursor == IDC_SIZEWE)
         m_under->setCursor(Qt::SplitHCursor);
+    else if (cursor == IDC_WAIT)
+        m_under->setCursor(Qt::WaitCursor);
     else
         m_under->unsetCursor();
 }

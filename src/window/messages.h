@@ -314,6 +314,7 @@ inline constexpr UINT HDN_BEGINTRACK = static_cast<UINT>(-306);
 inline constexpr UINT HDN_ENDTRACK = static_cast<UINT>(-307);
 
 inline constexpr int IDC_ARROW = 32512;
+inline constexpr int IDC_WAIT = 32514;
 inline constexpr int IDC_SIZEWE = 32644;
 
 } // namespace korvel
