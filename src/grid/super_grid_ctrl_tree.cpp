@@ -100,7 +100,8 @@ int CSuperGridCtrl::CopyNodeUnder(CTreeItem* target, const CTreeItem* src) {
 void CSuperGridCtrl::CopySubtree(CTreeItem* dest, const CTreeItem* src) {
     if (!dest || !src || src->children().empty() || IsNodeInSubtree(src, dest))
         return;
-    CollapseNode(dest); // copies get no rows
+    CollapseNode(dest);
+    dest->SetCollapsed(true); // copies get no rows, also below a node that lost its children while expanded
     std::vector<std::pair<CTreeItem*, const CTreeItem*>> open{{dest, src}};
     while (!open.empty()) {
         const auto [parent, original] = open.back();

@@ -283,6 +283,22 @@ TEST_F(GridTest, CopiesAreCollapsedAndOnlyTheTopOneGetsARow) {
     EXPECT_EQ(0, grid.CopyNodeUnder(inner, source)); // would have no end
 }
 
+TEST_F(GridTest, CopiesBelowANodeThatLostItsChildrenGetNoRows) {
+    CopyingGrid grid;
+    MakeBare(grid);
+    auto* source = grid.AddRootNode(Info("source"), nullptr);
+    grid.AddChildNode(source, Info("inner"), 1, nullptr);
+    auto* target = grid.AddRootNode(Info("target"), nullptr);
+    grid.AddChildNode(target, Info("old"), 1, nullptr);
+    grid.ExpandNode(target, 1);
+    grid.RemoveNode(target->children().front());
+    grid.RebuildRows();
+    grid.CopySubtree(target, source);
+    EXPECT_EQ(Lines({"source|", "target|"}), Rows(grid));
+    EXPECT_EQ(2, grid.ExpandNode(target, 1));
+    EXPECT_EQ(Lines({"source|", "target|", " inner|"}), Rows(grid));
+}
+
 TEST_F(TreeModel, AChainDeeperThanTheStackIsFreedAndCollapsed) {
     auto* root = grid.AddRootNode(nullptr, nullptr);
     CTreeItem* node = root;
