@@ -5,6 +5,7 @@
 
 #include <cinttypes>
 #include <cstdio>
+#include <utility>
 
 namespace korvel {
 
@@ -103,8 +104,14 @@ void UnescapeDashes(const CVariantValue& value, CString& text) {
         value.Type & TypeBitList && value.EnumValue && value.EnumValue->GetEnumFlags() & ENF_Tree;
     if (!isTree)
         return;
-    for (std::size_t at = text.find("\\-"); at != CString::npos; at = text.find("\\-", at + 1))
-        text.erase(at, 1);
+    const CString escaped = std::exchange(text, CString());
+    std::size_t from = 0;
+    for (std::size_t at = escaped.find("\\-"); at != CString::npos; at = escaped.find("\\-", from)) {
+        text.append(escaped, from, at - from);
+        text += '-';
+        from = at + 2;
+    }
+    text.append(escaped, from, CString::npos);
 }
 
 } // namespace korvel

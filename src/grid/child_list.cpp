@@ -124,8 +124,15 @@ void ChildList::Adjust(ChildBlock& block, const FamilyTally& change) {
 }
 
 ChildBlock& ChildList::AddBlock(std::size_t number) {
+    const bool isLast = number == m_blocks.size();
     m_blocks.insert(m_blocks.begin() + static_cast<std::ptrdiff_t>(number), std::make_unique<ChildBlock>());
-    Renumber(number);
+    if (isLast && m_sumsValid) { // a family that grows at its end keeps its sums
+        m_blocks.back()->number = number;
+        m_itemSums.Append();
+        m_rowSums.Append();
+    } else {
+        Renumber(number);
+    }
     return *m_blocks[number];
 }
 
@@ -139,6 +146,7 @@ void ChildList::Split(ChildBlock& block) {
         behind.tally += moved->GetTally();
     }
     block.tally = block.tally - behind.tally;
+    m_sumsValid = false;
 }
 
 void ChildList::RemoveBlock(std::size_t number) {

@@ -28,6 +28,12 @@ public:
             m_tree[i - 1] += delta;
     }
 
+    /// A further number, 0, behind the last.
+    void Append() {
+        const std::size_t end = m_tree.size() + 1;
+        m_tree.push_back(Before(end - 1) - Before(end - LowBit(end)));
+    }
+
     int Before(std::size_t index) const {
         int sum = 0;
         for (std::size_t i = index; i > 0; i -= LowBit(i))
