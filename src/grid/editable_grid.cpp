@@ -7,6 +7,22 @@
 
 namespace korvel {
 
+namespace {
+
+/// Raises a flag for its lifetime.
+class Rebinding {
+public:
+    explicit Rebinding(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~Rebinding() { m_flag = false; }
+    Rebinding(const Rebinding&) = delete;
+    Rebinding& operator=(const Rebinding&) = delete;
+
+private:
+    bool& m_flag;
+};
+
+} // namespace
+
 CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
     : m_pObserver(observer), m_pEnumContainer(enumerations) {}
 
@@ -33,8 +49,9 @@ bool CEditableGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LR
 void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTitle,
                                const std::string& valueTitle, const unsigned long& extendedStyle) {
     const ModuleStateGuard guard;
-    if (m_bInitialized)
+    if (m_bInitialized || m_isRebinding)
         return;
+    const Rebinding rebinding(m_isRebinding);
     iconWidth = iconHeight = 16;
     SetExtendedStyle(static_cast<UINT>(extendedStyle));
     ModifyStyle(0, LVS_OWNERDRAWFIXED);
@@ -89,22 +106,24 @@ void CEditableGrid::SetColumnWidths() {
 
 void CEditableGrid::Clear() {
     const ModuleStateGuard guard;
-    if (!m_bInitialized)
+    if (!m_bInitialized || m_isRebinding)
         return;
+    const Rebinding rebinding(m_isRebinding);
     CtrlClear();
-    m_bInitialized = 0; // the observer may come back here
-    // The sinks must live until the observer has let go of them.
-    const auto groups = std::exchange(m_Groups, {});
+    // The sinks must live until the observer has let go of them; nothing that it tells meanwhile adds rows.
+    auto groups = std::exchange(m_Groups, {});
+    IMemberDispatch* const root = std::exchange(m_pRootDisp, nullptr);
     if (m_pObserver) {
-        for (const auto& [sub, group] : groups)
-            m_pObserver->RemoveSink(sub, const_cast<IOpenGLDispatchSinkImp*>(&group.sink));
-        m_pObserver->RemoveSink(m_pRootDisp, &m_RootSink);
+        for (auto& [sub, group] : groups)
+            m_pObserver->RemoveSink(sub, &group.sink);
+        m_pObserver->RemoveSink(root, &m_RootSink);
     }
-    m_pRootDisp = nullptr;
     m_Items.Clear();
+    m_Groups.clear();
     UpdateSubscriptions();
     m_ColumnNames.clear();
     m_ColumnIndices.clear();
+    m_bInitialized = 0;
     DeleteAllNodes();
     Invalidate();
     SaveAndDeleteColumns();
@@ -121,6 +140,7 @@ void CEditableGrid::SaveAndDeleteColumns() {
 }
 
 void CEditableGrid::SetLayoutMultiColumn(const std::list<std::string>& columns) {
+    const ModuleStateGuard guard;
     m_ColumnNames.clear();
     m_ColumnIndices.clear();
     int index = 0;
@@ -132,6 +152,7 @@ void CEditableGrid::SetLayoutMultiColumn(const std::list<std::string>& columns) 
 }
 
 void CEditableGrid::SetLayoutSingleAttrColumn() {
+    const ModuleStateGuard guard;
     m_ColumnNames.clear();
     m_ColumnIndices.clear();
     SetGridLayout(eSingleAttrColumn);
@@ -212,13 +233,13 @@ UINT CEditableGrid::GetCheckState(const CTreeItem* node, int column) {
     if (!disp)
         return 0;
     const std::string name = MemberOfCell(*node, column);
-    CVariantValue value;
-    ReadMember(*disp, name, value);
     UINT state = DFCS_BUTTONCHECK;
-    if ((value.Type == DT_Bool && value.Value.Bool) || OnGetCheckState(disp, name, value))
-        state |= DFCS_CHECKED;
     if (!node->info->IsCellEnabled(column - 1))
         state |= DFCS_INACTIVE;
+    CVariantValue value;
+    ReadMember(*disp, name, value); // the node may be gone then
+    if ((value.Type == DT_Bool && value.Value.Bool) || OnGetCheckState(disp, name, value))
+        state |= DFCS_CHECKED;
     return state;
 }
 

@@ -11,7 +11,9 @@
 #include <cstdint>
 #include <list>
 #include <map>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace korvel {
@@ -228,7 +230,7 @@ private:
     SCell MakeCell(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
     static void StoreCell(CItemInfo& info, int cell, SCell content);
     static void MoveCell(CItemInfo& info, int from, int to);
-    void WriteFlagThrough(IMemberDispatch& disp, const std::string& name, const CVariantValue& value) const;
+    void WriteFlagThrough(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
     static EFormatService ServiceOf(const CVariantValue& value);
     void Register(IMemberDispatch* disp, const std::string& name, EFormatService service);
     /// Listens to exactly those services on which a member's text depends.
@@ -243,6 +245,8 @@ private:
     std::string MemberOfCell(const CTreeItem& node, int column) const;
 
     std::vector<EFormatService> m_subscriptions;
+    bool m_isRebinding = false; // in Initialize or Clear: what is called from within begins neither anew
+    std::set<std::pair<IMemberDispatch*, std::string>> m_flagsInWriting;
 };
 
 } // namespace korvel

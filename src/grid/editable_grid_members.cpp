@@ -3,6 +3,7 @@
 #include "grid/member_reads.h"
 #include "grid/row_icons.h"
 #include "values/group_presentation.h"
+#include "window/app.h"
 #include "window/registered_messages.h"
 
 #include <algorithm>
@@ -54,6 +55,7 @@ void CEditableGrid::InsertItems(IMemberDispatch& disp, CTreeItem* parent, int po
 
 void CEditableGrid::InsertDispMember(CTreeItem* parent, IMemberDispatch* disp, const unsigned long& position,
                                      const std::string& name, const CVariantValue& value) {
+    const ModuleStateGuard guard;
     if (!disp)
         return;
     if (value.Type == DT_Group)
@@ -200,6 +202,7 @@ void CEditableGrid::FileRow(IMemberDispatch* disp, const std::string& name, CTre
 
 void CEditableGrid::RemoveDispMember(CTreeItem*, IMemberDispatch* disp, const std::string& name,
                                      const CVariantValue&) {
+    const ModuleStateGuard guard;
     const MemberIndex::Found found = m_Items.Find(disp, name);
     if (!found.node)
         return;

@@ -2,6 +2,7 @@
 #include "grid/editable_grid.h"
 #include "grid/member_reads.h"
 #include "values/group_presentation.h"
+#include "window/app.h"
 
 #include <algorithm>
 
@@ -10,6 +11,7 @@ namespace korvel {
 void CEditableGrid::OnChangeIdent(const std::string&, const std::string&) {}
 
 void CEditableGrid::OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
+    const ModuleStateGuard guard;
     CTreeItem* const node = LookupTreeItem(disp, name);
     if (!node)
         return;
@@ -31,13 +33,24 @@ void CEditableGrid::OnChange(IMemberDispatch* disp, const std::string& name, con
 }
 
 void CEditableGrid::WriteFlagThrough(IMemberDispatch& disp, const std::string& name,
-                                     const CVariantValue& value) const {
+                                     const CVariantValue& value) {
     CVariantValue current;
-    if (ReadMember(disp, name, current) && (current.Value.Bool != 0) != (value.Value.Bool != 0))
+    if (!ReadMember(disp, name, current) || (current.Value.Bool != 0) == (value.Value.Bool != 0))
+        return;
+    const auto [member, isNew] = m_flagsInWriting.emplace(&disp, name);
+    if (!isNew)
+        return; // the object tells of the flag before it keeps it
+    try {
         disp.SetMember(name, value);
+    } catch (...) {
+        m_flagsInWriting.erase(member);
+        throw;
+    }
+    m_flagsInWriting.erase(member);
 }
 
 void CEditableGrid::OnChangeEditFlag(IMemberDispatch* disp, const std::string& name, const bool& editable) {
+    const ModuleStateGuard guard;
     const CTreeItem* node = LookupTreeItem(disp, name);
     if (!node)
         return;
@@ -48,6 +61,7 @@ void CEditableGrid::OnChangeEditFlag(IMemberDispatch* disp, const std::string& n
 
 void CEditableGrid::OnChangeControlType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
                                         const CVariantValue& value) {
+    const ModuleStateGuard guard;
     const CTreeItem* node = LookupTreeItem(disp, name);
     if (!node)
         return;
@@ -63,6 +77,7 @@ void CEditableGrid::OnChangeControlType(IMemberDispatch* disp, const std::string
 
 void CEditableGrid::OnOperationAdd(IMemberDispatch* disp, const std::string& name,
                                    const CVariantValue& value) {
+    const ModuleStateGuard guard;
     const SShown shown = FindShown(disp);
     if (!shown.isShown)
         return;
@@ -78,12 +93,14 @@ void CEditableGrid::OnOperationAdd(IMemberDispatch* disp, const std::string& nam
 
 void CEditableGrid::OnOperationInsert(IMemberDispatch* disp, const unsigned long& position,
                                       const std::string& name, const CVariantValue& value) {
+    const ModuleStateGuard guard;
     if (const SShown shown = FindShown(disp); shown.isShown)
         InsertDispMember(shown.row, disp, position, name, value);
 }
 
 void CEditableGrid::OnOperationRemove(IMemberDispatch* disp, const std::string& name,
                                       const CVariantValue& value) {
+    const ModuleStateGuard guard;
     CTreeItem* const node = LookupTreeItem(disp, name);
     if (!node)
         return;
@@ -102,6 +119,7 @@ void CEditableGrid::OnOperationRemove(IMemberDispatch* disp, const std::string& 
 
 void CEditableGrid::OnOperationRename(IMemberDispatch* disp, const std::string& name,
                                       const std::string& newName) {
+    const ModuleStateGuard guard;
     const MemberIndex::Found found = m_Items.Find(disp, name);
     if (name == newName || !found.node)
         return;
@@ -133,16 +151,21 @@ void CEditableGrid::MoveCell(CItemInfo& info, int from, int to) {
 
 void CEditableGrid::OnOperationChangeType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
                                           const CVariantValue& value) {
+    const ModuleStateGuard guard;
     OnChangeControlType(disp, name, oldType, value);
     OnChange(disp, name, value);
 }
 
 void CEditableGrid::OnOperationChangeTupelPresentation(IMemberDispatch* disp, const std::string& text) {
+    const ModuleStateGuard guard;
     const CTreeItem* node = LookupTreeItem(disp);
     if (!node || !node->info)
         return;
+    const bool isButton = PresentationOf(*disp) != nullptr;
+    if (LookupTreeItem(disp) != node)
+        return; // gone while the object was read
     node->info->SetSubItem(0, text);
-    if (PresentationOf(*disp))
+    if (isButton)
         node->info->SetControlType(0, CItemInfo::ctButton);
     RefreshRowTexts(node);
 }

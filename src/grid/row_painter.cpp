@@ -64,13 +64,12 @@ RowPainter::RowPainter(CSuperGridCtrl& grid, CDC& dc, int row)
 }
 
 void RowPainter::Draw() {
-    if (!m_node || !m_node->info)
-        return;
     const int columns = m_grid.GetColumnCount();
-    for (int column = 0; column < columns; ++column)
+    for (int column = 0; column < columns && IsThere() && m_node->info; ++column)
         DrawCell(column);
     CRect bounds;
-    if (m_hasFocus && m_grid.GetItemState(m_row, LVIS_FOCUSED) && m_grid.GetItemRect(m_row, &bounds))
+    if (IsThere() && m_hasFocus && m_grid.GetItemState(m_row, LVIS_FOCUSED) &&
+        m_grid.GetItemRect(m_row, &bounds))
         m_dc.DrawFocusRect(bounds);
 }
 
@@ -84,6 +83,11 @@ void RowPainter::DrawCell(int column) {
     if (seen.IsRectEmpty())
         return;
     m_dc.IntersectClipRect(seen);
+    DrawContent(column, cell);
+    m_dc.ResetClip();
+}
+
+void RowPainter::DrawContent(int column, const CRect& cell) {
     const COLORREF ground = GroundOf(column);
     m_dc.FillSolidRect(cell, ground);
     CRect room = cell;
@@ -94,12 +98,13 @@ void RowPainter::DrawCell(int column) {
             room.left = label.left;
     } else {
         room = DrawControl(column, cell);
+        if (!IsThere())
+            return;
     }
     DrawText(column, room, ground);
     if (m_isSelected && m_hasFocus && column == m_grid.GetCurrentColumn())
         m_dc.FrameRect(cell, m_grid.GetFocusCellColor());
     m_grid.DrawSpezialItem(m_dc, m_node, column, cell);
-    m_dc.ResetClip();
 }
 
 COLORREF RowPainter::GroundOf(int column) const {

@@ -15,7 +15,10 @@ public:
 private:
     using CTreeItem = CSuperGridCtrl::CTreeItem;
 
+    /// An object that is read for its row may remove it.
+    bool IsThere() const { return m_node && m_grid.NodeAtRow(m_row) == m_node; }
     void DrawCell(int column);
+    void DrawContent(int column, const CRect& cell);
     void DrawTree(const CRect& bounds);
     void DrawTreeLines(const CRect& bounds, int width);
     void DrawSign(const CRect& square);

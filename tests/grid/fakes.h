@@ -90,17 +90,21 @@ public:
     }
     bool SetMember(const std::string& name, const CVariantValue& value) override {
         ++writes;
+        if (onWrite)
+            onWrite(name, value);
         return Base::SetMember(name, value);
     }
 
     int writes = 0;
     std::string throwsOn; // a member's name; "*": the names
     std::function<void(const std::string&)> onRead;
+    std::function<void(const std::string&, const CVariantValue&)> onWrite; // before the value is kept
 };
 
 /// The host's observer: writes down what it hears, objects by their names, and keeps the sinks.
-class RecordingObserver final : public IObserverGrid {
+class RecordingObserver : public IObserverGrid {
 public:
+    virtual ~RecordingObserver() = default;
     void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
         log.push_back("+" + NameOf(disp) + (sink ? "" : " without sink"));
         sinks[disp] = sink;

@@ -94,6 +94,68 @@ TEST_F(BoundGridTest, AnObjectMayTellOfRemovalsWhileItIsRead) {
     EXPECT_EQ(nullptr, grid.LookupTreeItem(&point, "x"));
 }
 
+TEST_F(BoundGridTest, AnObjectMayRemoveARowThatIsBeingPainted) {
+    HostObject& root = Object("root");
+    root.With("on", Flag(true)).With("stays", Words(DT_String, "here"));
+    Bind(root);
+    root.onRead = [&](const std::string& name) { SinkOf(root).OnOperationRemove(name, Flag(true)); };
+    display.PaintWindow(grid.m_hWnd);
+    EXPECT_EQ(Lines({"stays|here"}), Rows(grid));
+}
+
+TEST_F(BoundGridTest, AnObjectMayTellOfAFlagBeforeItKeepsIt) {
+    HostObject& root = Object("root");
+    root.With("on", Flag(false));
+    Bind(root);
+    root.onWrite = [&](const std::string& name, const CVariantValue& value) {
+        SinkOf(root).OnChange(name, value);
+    };
+    SinkOf(root).OnChange("on", Flag(true));
+    EXPECT_EQ(1, root.writes);
+    SinkOf(root).OnChange("on", Flag(false));
+    EXPECT_EQ(2, root.writes);
+}
+
+TEST_F(BoundGridTest, AnObjectThatBindsTheGridWhileItIsReadIsShownOnce) {
+    HostObject& root = Object("root");
+    root.With("a", Flag(true));
+    root.onRead = [&](const std::string&) { Bind(root); };
+    Bind(root);
+    EXPECT_EQ(Lines({"a|"}), Rows(grid));
+    EXPECT_EQ(2, grid.GetColumnCount());
+}
+
+/// Comes back to the grid with whatever it hears of an object that is no longer shown.
+class ReturningObserver final : public RecordingObserver {
+public:
+    void RemoveSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
+        RecordingObserver::RemoveSink(disp, sink);
+        sink->OnOperationAdd("late", Group(&late));
+        grid->Clear();
+        grid->Initialize(disp, "Name", "Value", 0);
+    }
+    HostObject late{"late"};
+    CEditableGrid* grid = nullptr;
+};
+
+TEST_F(GridTest, AnObserverMayComeBackWhileTheGridIsCleared) {
+    HostObject& point = Object("point");
+    HostObject& root = Object("root");
+    root.With("p", Group(&point));
+    ReturningObserver observer;
+    CEditableGrid grid(&observer, nullptr);
+    observer.grid = &grid;
+    Make(grid);
+    grid.Initialize(&root, "Name", "Value", 0);
+    observer.Take();
+    grid.Clear();
+    EXPECT_EQ(Lines({"-point", "-root"}), observer.Take());
+    EXPECT_EQ(0, grid.GetColumnCount());
+    EXPECT_EQ(nullptr, grid.LookupTreeItem(&observer.late));
+    grid.Initialize(&root, "Name", "Value", 0);
+    EXPECT_EQ(Lines({"p|"}), Rows(grid));
+}
+
 // A row's text is the host's to touch; a removal must still leave nothing behind that leads to the row.
 TEST_F(BoundGridTest, ARowWhoseTextWasOverwrittenIsForgottenWithItsGroup) {
     HostObject& point = Object("point");
