@@ -72,7 +72,9 @@ void CComboList::Build() {
         SetItemState(selected->GetRow(), LVIS_SELECTED, LVIS_SELECTED);
         EnsureVisible(selected->GetRow(), true);
     }
-    m_pInputState = MakeComboInputState(*this);
+    if (binding == m_Model.Binding()) {
+        m_pInputState = MakeComboInputState(*this);
+    }
 }
 
 /// Titles are German in every language: kept, saved layouts name columns by them.

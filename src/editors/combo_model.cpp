@@ -65,7 +65,7 @@ bool ComboModel::IsTable() const {
 }
 
 char ComboModel::Separator() const {
-    const char* const separator = m_pEnumValue->GetSeparator(HasFlag(ENF_Tree));
+    const char* const separator = m_pEnumValue ? m_pEnumValue->GetSeparator(HasFlag(ENF_Tree)) : nullptr;
     return separator ? *separator : '\0';
 }
 

@@ -35,9 +35,10 @@ void IGridCtrlComboBoxInputState::SetCurrent(int row) {
 }
 
 void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
-    if (m_pList && row != -1) {
-        m_pList->SetItemState(row, highlighted ? LVIS_SELECTED : 0, LVIS_SELECTED);
-        m_pList->RedrawRow(row);
+    CComboList* const list = m_pList; // telling of the change may detach this state
+    if (list && row != -1) {
+        list->SetItemState(row, highlighted ? LVIS_SELECTED : 0, LVIS_SELECTED);
+        list->RedrawRow(row);
     }
 }
 

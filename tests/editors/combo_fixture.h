@@ -18,8 +18,14 @@ public:
     std::vector<int> codes; // signed, as owners read them
     std::function<void(int code)> onCode;
     std::vector<UINT> commands;
+    std::function<void(UINT code)> onNotify;
 
 protected:
+    bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+        if (onNotify)
+            onNotify(reinterpret_cast<const NMHDR*>(lParam)->code);
+        return CWnd::OnNotify(wParam, lParam, result);
+    }
     bool OnCommand(WPARAM wParam, LPARAM lParam) override {
         const int code = static_cast<short>(HIWORD(wParam));
         if (code == 0) {

@@ -345,6 +345,25 @@ TEST_F(ComboStatesTest, AListThatDropsDownLeavesTheKeyboardAlone) {
     EXPECT_TRUE(display.ShownMenus().empty());
 }
 
+TEST_F(ComboStatesTest, AnOwnerMayEndTheBindingWhenARowIsSelected) {
+    TestEnumeration shown({"a", "b"}, ENF_Tree | ENF_CheckBoxes);
+    for (const int countdown : {1, 2, 3, 4}) {
+        int left = countdown;
+        Make(eDesignTree);
+        frame.onNotify = [&](UINT code) {
+            if (code == LVN_ITEMCHANGED && --left == 0)
+                list->UnIntialize();
+        };
+        list->Initialize("value", shown.ValueOf(",1,"));
+        Key(VK_DOWN);
+        Mouse(WM_LBUTTONDOWN, {30, 10});
+        Mouse(WM_LBUTTONDOWN, {30, 30});
+        ExpectConsistent(*list);
+        EXPECT_FALSE(list->IsInitialized());
+        frame.onNotify = nullptr;
+    }
+}
+
 TEST_F(ComboStatesTest, AnOwnerMayEndTheBindingAtAnyNotification) {
     for (const std::uint32_t flags : {0u, 1u, 512u, 513u}) {
         for (const EComboListMode mode : {eDropDown, eDesignTree}) {
