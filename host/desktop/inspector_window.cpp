@@ -65,6 +65,7 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options)
 }
 
 InspectorWindow::~InspectorWindow() {
+    m_lists.reset();
     delete takeCentralWidget(); // ends the windows inside while the objects that they show are alive
 }
 
@@ -76,6 +77,10 @@ void InspectorWindow::MakeMenus() {
     file->addSeparator();
     QAction* quit = file->addAction(QString::fromUtf8(texts.quit), this, [this] { close(); });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    QMenu* view = menuBar()->addMenu(QString::fromUtf8(texts.viewMenu));
+    m_listsAction = view->addAction(QString::fromUtf8(texts.lists), this, [this] { ShowLists(); });
+    m_listsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    m_listsAction->setEnabled(false);
     QMenu* help = menuBar()->addMenu(QString::fromUtf8(texts.helpMenu));
     help->addAction(QString::fromUtf8(texts.about), this, [this] { TellAbout(); });
 }
@@ -83,10 +88,12 @@ void InspectorWindow::MakeMenus() {
 void InspectorWindow::Open(const std::string& path) {
     const WaitCursor wait;
     auto document = std::make_unique<LandXmlDocument>(path, m_options);
+    m_lists.reset();
     m_pane->Clear();
     m_document = std::move(document);
     m_pages->setCurrentIndex(1);
     m_pane->Show(m_document->Root());
+    m_listsAction->setEnabled(true);
     ShowStatus(path);
 }
 
@@ -135,6 +142,14 @@ void InspectorWindow::ChooseFile() {
         QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption), QString(), filter);
     if (!path.isEmpty())
         OpenOrTell(QFile::encodeName(path).toStdString());
+}
+
+void InspectorWindow::ShowLists() {
+    if (!m_lists) {
+        const WaitCursor wait;
+        m_lists = std::make_unique<ListsWindow>(*m_document, *m_pane);
+    }
+    m_lists->Show();
 }
 
 void InspectorWindow::TellAbout() {

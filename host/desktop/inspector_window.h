@@ -1,12 +1,14 @@
 #pragma once
 
 #include "desktop/grid_pane.h"
+#include "desktop/lists_window.h"
 #include "landxml_document.h"
 
 #include <QMainWindow>
 #include <memory>
 #include <string>
 
+class QAction;
 class QLabel;
 class QStackedWidget;
 
@@ -34,12 +36,15 @@ protected:
 private:
     void MakeMenus();
     void ChooseFile();
+    void ShowLists();
     void TellAbout();
     void ShowStatus(const std::string& path);
 
     const ReadingOptions m_options;
     std::unique_ptr<LandXmlDocument> m_document; // outlives the grid that shows it
     std::unique_ptr<GridPane> m_pane;
+    std::unique_ptr<ListsWindow> m_lists; // of the open document, made when first asked for
+    QAction* m_listsAction = nullptr;
     QStackedWidget* m_pages = nullptr;
     QLabel* m_status = nullptr;
 };

@@ -11,6 +11,8 @@ constexpr ProgramTexts english = {
     .fileMenu = "&File",
     .open = "&Open…",
     .quit = "&Quit",
+    .viewMenu = "&View",
+    .lists = "&Lists",
     .helpMenu = "&Help",
     .about = "&About the Inspector",
     .aboutText = "Version %1\n\nShows a LandXML document as a tree of objects with typed attributes.",
@@ -22,6 +24,16 @@ constexpr ProgramTexts english = {
     .value = "Value",
     .counts = "%1 objects, %2 members",
     .readOnly = "read only",
+    .listOfLists = "List:",
+    .asTree = "As a tree",
+    .newValue = "new value",
+    .listHelp = "Checked: used in this file. Right click: add, rename, remove.",
+    .listsAreNotSaved = "Changes stay in this window; they are not saved.",
+    .valueOfList = "Value:",
+    .usedTimes = "used %1 times",
+    .usedOnce = "used once",
+    .notUsed = "not used",
+    .noLists = "This file uses no lists.",
 };
 
 constexpr ProgramTexts german = {
@@ -29,6 +41,8 @@ constexpr ProgramTexts german = {
     .fileMenu = "&Datei",
     .open = "Ö&ffnen…",
     .quit = "&Beenden",
+    .viewMenu = "&Ansicht",
+    .lists = "&Listen",
     .helpMenu = "&Hilfe",
     .about = "Ü&ber den Inspektor",
     .aboutText = "Version %1\n\nZeigt ein LandXML-Dokument als Baum von Objekten mit typisierten "
@@ -42,6 +56,16 @@ constexpr ProgramTexts german = {
     .value = "Wert",
     .counts = "%1 Objekte, %2 Attribute",
     .readOnly = "schreibgeschützt",
+    .listOfLists = "Liste:",
+    .asTree = "Als Baum",
+    .newValue = "neuer Wert",
+    .listHelp = "Angehakt: in dieser Datei verwendet. Rechtsklick: hinzufügen, umbenennen, löschen.",
+    .listsAreNotSaved = "Änderungen bleiben in diesem Fenster; sie werden nicht gespeichert.",
+    .valueOfList = "Wert:",
+    .usedTimes = "%1-mal verwendet",
+    .usedOnce = "einmal verwendet",
+    .notUsed = "nicht verwendet",
+    .noLists = "Diese Datei verwendet keine Listen.",
 };
 
 } // namespace

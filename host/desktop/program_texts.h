@@ -8,6 +8,8 @@ struct ProgramTexts {
     const char* fileMenu;
     const char* open;
     const char* quit;
+    const char* viewMenu;
+    const char* lists;
     const char* helpMenu;
     const char* about;
     const char* aboutText; // %1: the version
@@ -19,6 +21,16 @@ struct ProgramTexts {
     const char* value;
     const char* counts; // %1: objects, %2: members
     const char* readOnly;
+    const char* listOfLists;
+    const char* asTree;
+    const char* newValue; // what new entries are called
+    const char* listHelp;
+    const char* listsAreNotSaved;
+    const char* valueOfList;
+    const char* usedTimes; // %1: how often
+    const char* usedOnce;
+    const char* notUsed;
+    const char* noLists;
 };
 
 /// The texts in the language of the process, which is German when it is not English.

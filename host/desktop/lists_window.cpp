@@ -1,0 +1,225 @@
+#include "desktop/lists_window.h"
+
+#include "desktop/program_texts.h"
+#include "platform/code_page.h"
+#include "values/text_table.h"
+
+#include <algorithm>
+
+namespace korvel::inspector {
+
+namespace {
+
+constexpr const char* pictureFolder = ":/pictures"; // in the program itself
+constexpr int width = 560;
+constexpr int height = 460;
+constexpr int margin = 10;
+constexpr int line = 24;
+constexpr int gap = 8;
+constexpr int textDrop = 5; // text stands at the top of its rectangle, in fields in the middle
+constexpr int labelWidth = 60;
+constexpr int comboWidth = 280;
+constexpr int smallestList = 60;
+constexpr UINT refreshChoice = WM_USER;
+
+enum ControlId { TitleId = 201, TreeId, ListId, ValueId };
+
+std::string InCodePage(std::string_view utf8) {
+    return platform::FromUtf8(std::string(utf8)).text;
+}
+
+// A menu text without the mark of its key.
+std::string Plain(std::string text) {
+    ReplaceFirst(text, "&", "");
+    return text;
+}
+
+std::vector<std::string> TitlesOf(const std::deque<DocumentList>& lists) {
+    std::vector<std::string> titles;
+    for (const DocumentList& list : lists)
+        titles.push_back(list.title);
+    return titles;
+}
+
+std::string UseText(std::size_t count) {
+    const ProgramTexts& texts = TheProgramTexts();
+    if (count < 2)
+        return InCodePage(count == 0 ? texts.notUsed : texts.usedOnce);
+    std::string text = InCodePage(texts.usedTimes);
+    ReplaceFirst(text, "%1", std::to_string(count));
+    return text;
+}
+
+} // namespace
+
+ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner) : m_lists(document, pictureFolder) {
+    const CRect around = korvel::GetWindowRect(GetTopLevelParent(owner.m_hWnd));
+    const int left = around.left + std::max(0, (around.Width() - width) / 2);
+    const int top = around.top + std::max(0, (around.Height() - height) / 2);
+    const std::string caption = Plain(InCodePage(TheProgramTexts().lists));
+    CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW, {left, top, left + width, top + height},
+             &owner, 0);
+    CreateControls();
+    m_titles = std::make_unique<ListEnumeration>(TitlesOf(m_lists.All()), 0);
+    m_title.Show(m_titles->Selected({0}));
+    ShowList();
+}
+
+void ListsWindow::Show() {
+    ShowWindow(SW_SHOW);
+    m_title.SetFocus();
+}
+
+void ListsWindow::CreateControls() {
+    const ProgramTexts& texts = TheProgramTexts();
+    constexpr UINT visible = WS_CHILD | WS_VISIBLE;
+    constexpr int comboLeft = margin + labelWidth;
+    constexpr CRect combo = {comboLeft, margin, comboLeft + comboWidth, margin + line};
+    m_titleLabel.Create(InCodePage(texts.listOfLists), visible, {}, this, 0);
+    m_title.Create(combo, this, TitleId);
+    m_asTree.Create(InCodePage(texts.asTree), visible | WS_TABSTOP | BS_AUTOCHECKBOX, {}, this, TreeId);
+    CreateList();
+    m_valueLabel.Create(InCodePage(texts.valueOfList), visible, {}, this, 0);
+    m_value.Create(combo, this, ValueId);
+    m_use.Create("", visible, {}, this, 0);
+    m_help.Create(InCodePage(texts.listHelp), visible, {}, this, 0);
+    m_notice.Create(InCodePage(texts.listsAreNotSaved), visible, {}, this, 0);
+    Place();
+}
+
+// A list is flat or a tree for its life.
+void ListsWindow::CreateList() {
+    m_list = std::make_unique<CComboList>(IsTree() ? eDesignTree : eDesignFlat);
+    m_list->Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SINGLESEL |
+                       LVS_SHOWSELALWAYS | LVS_EDITLABELS,
+                   {}, this, ListId);
+    m_list->EnableCommands(CComboList::eCommandAdd | CComboList::eCommandRename | CComboList::eCommandDelete,
+                           true);
+}
+
+void ListsWindow::Place() {
+    const CRect room = GetClientRect();
+    const int right = room.right - margin;
+    const int afterCombo = margin + labelWidth + comboWidth + gap;
+    const auto across = [&](int top) { return CRect{margin, top, right, top + line}; };
+    const auto label = [](int top) { return CRect{margin, top + textDrop, margin + labelWidth, top + line}; };
+    const auto beside = [&](int top) { return CRect{afterCombo, top, right, top + line}; };
+    m_titleLabel.MoveWindow(label(margin));
+    m_title.MoveWindow({margin + labelWidth, margin, afterCombo - gap, margin + line});
+    m_asTree.MoveWindow(beside(margin));
+    const int listTop = margin + line + gap;
+    const int listBottom = std::max(room.bottom - margin - 3 * line - 2 * gap, listTop + smallestList);
+    m_list->MoveWindow({margin, listTop, right, listBottom});
+    const int valueTop = listBottom + gap;
+    m_valueLabel.MoveWindow(label(valueTop));
+    m_value.MoveWindow({margin + labelWidth, valueTop, afterCombo - gap, valueTop + line});
+    m_use.MoveWindow(beside(valueTop + textDrop));
+    m_help.MoveWindow(across(valueTop + line + gap));
+    m_notice.MoveWindow(across(valueTop + 2 * line + gap));
+}
+
+DocumentList* ListsWindow::Shown() {
+    return m_shown < m_lists.All().size() ? &m_lists.All()[m_shown] : nullptr;
+}
+
+void ListsWindow::ShowList() {
+    DocumentList* const list = Shown();
+    if (!list) {
+        m_use.SetWindowTextA(InCodePage(TheProgramTexts().noLists));
+        return;
+    }
+    list->words.SetFlags((list->words.GetEnumFlags() & ~std::uint32_t{ENF_Tree}) | TreeFlag());
+    list->words.SetChanged([this] { OnWordsChanged(); });
+    m_list->Initialize(InCodePage(TheProgramTexts().newValue), list->used);
+    ShowChoice(ListEnumeration::FirstSelected(list->used));
+}
+
+// The list tells of a check by the mouse, but not of one by the keyboard: it is asked instead.
+void ListsWindow::KeepChecks() {
+    DocumentList* const list = Shown();
+    if (list && m_list->IsInitialized())
+        list->used = m_list->GetValue();
+    m_list->UnIntialize();
+}
+
+// A command on a group changes many words: the choice follows once, when all is done.
+void ListsWindow::OnWordsChanged() {
+    if (!m_isRefreshing)
+        m_isRefreshing = korvel::PostMessageA(m_hWnd, refreshChoice, 0, 0);
+}
+
+// The numbers of a copy are those of the words.
+void ListsWindow::ShowChoice(long id) {
+    auto choice = std::make_unique<ListEnumeration>(Shown()->words);
+    choice->SetChanged(nullptr);
+    choice->SetFlags(TreeFlag());
+    m_value.Show(choice->Selected({id}));
+    m_choice = std::move(choice);
+    TellUse();
+}
+
+void ListsWindow::TellUse() {
+    const long id = ListEnumeration::FirstSelected(m_value.Value());
+    const auto& counts = Shown()->counts;
+    const auto count = counts.find(id);
+    m_use.SetWindowTextA(id == -1 ? std::string() : UseText(count == counts.end() ? 0 : count->second));
+}
+
+LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CLOSE) {
+        ShowWindow(SW_HIDE);
+        return 0;
+    }
+    if (message == refreshChoice) {
+        m_isRefreshing = false;
+        ShowChoice(ListEnumeration::FirstSelected(m_value.Value()));
+        return 0;
+    }
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    if (message == WM_SIZE && m_list)
+        Place();
+    return result;
+}
+
+bool ListsWindow::PreTranslateMessage(MSG& message) {
+    const bool isDown = message.message == WM_KEYDOWN;
+    const bool isEditingLabel = m_list && m_list->GetEditControl() != nullptr;
+    if (isDown && message.wParam == VK_TAB && !isEditingLabel) {
+        const bool back = (GetKeyState(VK_SHIFT) & 0x8000) != 0;
+        korvel::SetFocus(GetNextDlgTabItem(m_hWnd, GetFocus(), back));
+        return true;
+    }
+    if (isDown && message.wParam == VK_ESCAPE && !isEditingLabel) {
+        ShowWindow(SW_HIDE);
+        return true;
+    }
+    return CWnd::PreTranslateMessage(message);
+}
+
+bool ListsWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const int id = LOWORD(wParam);
+    const UINT code = HIWORD(wParam);
+    if (id == TitleId && code == ComboListChanged) {
+        const auto chosen = static_cast<std::size_t>(ListEnumeration::FirstSelected(m_title.Value()));
+        if (chosen != m_shown) {
+            KeepChecks();
+            m_shown = chosen;
+            ShowList();
+        }
+        return true;
+    }
+    if (id == ValueId && code == ComboListChanged) {
+        TellUse();
+        return true;
+    }
+    if (id == TreeId) {
+        KeepChecks();
+        CreateList();
+        Place();
+        ShowList();
+        return true;
+    }
+    return CWnd::OnCommand(wParam, lParam);
+}
+
+} // namespace korvel::inspector
