@@ -11,6 +11,7 @@ struct Desktop {
     PeerTable peers;
     FocusTracker focus{peers};
     Mouse mouse;
+    bool isPainting = false;
 };
 
 } // namespace korvel::qt

@@ -15,17 +15,6 @@ namespace korvel::qt {
 
 namespace {
 
-struct PressMessage {
-    Qt::MouseButton button;
-    UINT message;
-};
-
-constexpr PressMessage pressMessages[] = {
-    {Qt::LeftButton, WM_NCLBUTTONDOWN},
-    {Qt::RightButton, WM_NCRBUTTONDOWN},
-    {Qt::MiddleButton, WM_NCMBUTTONDOWN},
-};
-
 constexpr UINT topLevelStyles = WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_SYSMENU;
 
 } // namespace
@@ -76,8 +65,8 @@ bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
     case QEvent::MouseButtonPress:
     case QEvent::NonClientAreaMouseButtonPress: {
         const auto* widget = qobject_cast<const QWidget*>(object);
-        if (widget && widget->window() == window() && widget != this && !isAncestorOf(widget))
-            ReportPress(*event);
+        if (m_sitePeer && widget && widget->window() == window() && widget != this && !isAncestorOf(widget))
+            m_sitePeer->ReportPress(*event);
         break;
     }
     case QEvent::Move:
@@ -95,14 +84,6 @@ bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
     return false;
 }
 
-void EmbedFrame::ReportPress(const QEvent& event) {
-    const auto& press = static_cast<const QMouseEvent&>(event);
-    for (const PressMessage& row : pressMessages) {
-        if (row.button == press.button())
-            input::Mouse(m_site, row.message, 0, FromQPoint(mapFromGlobal(press.globalPosition().toPoint())));
-    }
-}
-
 void EmbedFrame::PassFocusOn(Desktop& desktop, const QWidget* former) {
     if (former && isAncestorOf(former)) {
         focusNextPrevChild(false);
@@ -113,7 +94,13 @@ void EmbedFrame::PassFocusOn(Desktop& desktop, const QWidget* former) {
 }
 
 SitePeer::SitePeer(Desktop& desktop, HWND window, EmbedFrame& frame)
-    : Peer(desktop, window, frame, frame), m_frame(frame) {}
+    : Peer(desktop, window, frame, frame), m_frame(frame) {
+    m_frame.m_sitePeer = this;
+}
+
+void SitePeer::ReportPress(const QEvent& event) {
+    Shared().mouse.ReportPressOutside(*this, event);
+}
 
 void SitePeer::TakeFocus(QWidget* former) {
     m_frame.PassFocusOn(Shared(), former);

@@ -2,9 +2,12 @@
 
 #include "qt/peer.h"
 
+#include <QPointer>
+
 namespace korvel::qt {
 
 class QtDisplay;
+class SitePeer;
 
 /// The widget that Embed gives a host; its site window lies exactly where it is.
 class EmbedFrame final : public QWidget {
@@ -24,9 +27,10 @@ protected:
 private:
     void MoveInto(QtDisplay& display, HWND window);
     void Place();
-    void ReportPress(const QEvent& event);
 
+    friend class SitePeer;
     HWND m_site = nullptr;
+    QPointer<SitePeer> m_sitePeer; // gone when the display goes first
     HWND m_window = nullptr;
     QSize m_hint;
 };
@@ -38,6 +42,8 @@ public:
 
     void Apply(Aspects) override {}
     void TakeFocus(QWidget* former) override;
+    /// A press in the host's window, outside the frame.
+    void ReportPress(const QEvent& event);
 
 protected:
     void Disappear() override {}

@@ -1,6 +1,7 @@
 #include "qt/list_peer.h"
 
 #include "qt/convert.h"
+#include "qt/desktop.h"
 #include "window/input.h"
 #include "window/window_view.h"
 
@@ -31,6 +32,7 @@ ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets)
     for (QScrollBar* bar : {&m_across, &m_down}) {
         bar->setFocusPolicy(Qt::NoFocus);
         bar->hide();
+        Watch(*bar);
         connect(bar, &QScrollBar::valueChanged, this, [this] { Report(); });
     }
 }
@@ -73,6 +75,10 @@ void ListPeer::Report() {
 }
 
 bool ListPeer::OnEvent(QWidget& widget, QEvent& event) {
+    if (&widget == &m_across || &widget == &m_down) {
+        Shared().mouse.ReportPressOutside(*this, event);
+        return false;
+    }
     if (event.type() == QEvent::Wheel && &widget == &Content()) {
         const QPoint delta = static_cast<QWheelEvent&>(event).angleDelta();
         m_across.setValue(m_across.value() - delta.x());

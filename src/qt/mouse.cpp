@@ -32,6 +32,12 @@ constexpr ButtonMessage buttonMessages[] = {
     {QEvent::MouseButtonDblClick, Qt::MiddleButton, WM_MBUTTONDOWN},
 };
 
+constexpr ButtonMessage outsideMessages[] = {
+    {QEvent::MouseButtonPress, Qt::LeftButton, WM_NCLBUTTONDOWN},
+    {QEvent::MouseButtonPress, Qt::RightButton, WM_NCRBUTTONDOWN},
+    {QEvent::MouseButtonPress, Qt::MiddleButton, WM_NCMBUTTONDOWN},
+};
+
 UINT MessageOf(const QMouseEvent& event) {
     if (event.type() == QEvent::MouseMove)
         return WM_MOUSEMOVE;
@@ -66,6 +72,17 @@ bool Mouse::Deliver(Peer& peer, const QEvent& event) {
         return false;
     return Send(peer, message, FlagsOf(button.buttons(), button.modifiers()),
                 button.globalPosition().toPoint(), 0);
+}
+
+void Mouse::ReportPressOutside(Peer& peer, const QEvent& event) {
+    if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::NonClientAreaMouseButtonPress)
+        return;
+    const auto& press = static_cast<const QMouseEvent&>(event);
+    for (const ButtonMessage& row : outsideMessages) {
+        if (row.button == press.button())
+            Send(peer, row.message, FlagsOf(press.buttons(), press.modifiers()),
+                 press.globalPosition().toPoint(), 0);
+    }
 }
 
 bool Mouse::Send(Peer& peer, UINT message, UINT flags, QPoint screen, int wheel) {

@@ -19,6 +19,9 @@ class Mouse {
 public:
     /// Answers true when the window consumed the event. Only for the mouse events of Qt.
     bool Deliver(Peer& peer, const QEvent& event);
+    /// Tells a window of a press that met what belongs to it outside its client area; other events are
+    /// passed over.
+    void ReportPressOutside(Peer& peer, const QEvent& event);
     /// Where the pointer is; during an event, where the event happened.
     QPoint Position() const;
     /// The form of the pointer over the window that is being told of the mouse.

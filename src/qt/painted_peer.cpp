@@ -1,6 +1,7 @@
 #include "qt/painted_peer.h"
 
 #include "qt/convert.h"
+#include "qt/desktop.h"
 #include "qt/painter_surface.h"
 #include "window/input.h"
 #include "window/messages.h"
@@ -8,6 +9,7 @@
 
 #include <QFrame>
 #include <QPaintEvent>
+#include <QScopedValueRollback>
 
 namespace korvel::qt {
 
@@ -74,6 +76,7 @@ bool PaintedPeer::OnEvent(QWidget& widget, QEvent& event) {
     if (event.type() != QEvent::Paint)
         return Peer::OnEvent(widget, event);
     const QRegion& exposed = static_cast<QPaintEvent&>(event).region();
+    const QScopedValueRollback painting(Shared().isPainting, true);
     QPainter painter(&widget);
     PainterSurface surface(painter, exposed);
     input::Paint(Window(), surface, FromQRect(exposed.boundingRect()));

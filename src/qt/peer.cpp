@@ -59,6 +59,8 @@ void Peer::Apply(Aspects aspects) {
     if (aspects & static_cast<Aspects>(Aspect::Rectangle))
         m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
     if (aspects & static_cast<Aspects>(Aspect::Visible)) {
+        if (!view::IsShown(m_window))
+            LeaveFocusToParent();
         m_outer.setVisible(view::IsShown(m_window));
         if (GetFocus() == m_window)
             m_desktop.focus.Show(m_window);
@@ -93,7 +95,16 @@ void Peer::Detach() {
         End();
 }
 
+// An inactive window of Qt keeps a widget that is to get the focus when the window is active again. When
+// that widget goes meanwhile, any other widget of the host would get it.
+void Peer::LeaveFocusToParent() {
+    const QWidget* kept = m_outer.isWindow() ? nullptr : m_outer.window()->focusWidget();
+    if (kept && kept != QApplication::focusWidget() && (kept == &m_outer || m_outer.isAncestorOf(kept)))
+        m_outer.parentWidget()->setFocus(Qt::OtherFocusReason);
+}
+
 void Peer::Disappear() {
+    LeaveFocusToParent();
     m_outer.hide();
     if (IsBusy() && !m_outer.isWindow())
         m_outer.setParent(nullptr); // so that the end of the parent does not take it away inside its event

@@ -71,6 +71,7 @@ protected:
 private:
     bool OnKey(QKeyEvent& event);
     bool OnContextMenu(QEvent& event);
+    void LeaveFocusToParent();
     void Leave();
 
     Desktop& m_desktop;

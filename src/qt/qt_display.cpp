@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMimeData>
+#include <algorithm>
 
 namespace korvel::qt {
 
@@ -26,6 +27,9 @@ constexpr int keyIsDown = 0x8000;
 constexpr UINT leftButton = 0x01;
 constexpr UINT rightButton = 0x02;
 constexpr UINT middleButton = 0x04;
+
+// Timers of Qt count in 32 bits. An alarm that comes too early finds no timer due, and the next is set.
+constexpr std::chrono::milliseconds longestWait = std::chrono::hours(24);
 
 bool IsDown(UINT key) {
     const Qt::KeyboardModifiers modifiers = QGuiApplication::keyboardModifiers();
@@ -134,7 +138,7 @@ void QtDisplay::Wake() {
 
 void QtDisplay::Alarm(std::optional<std::chrono::milliseconds> when) {
     if (when)
-        m_parts->alarm.start(std::max(std::chrono::milliseconds(0), *when - Now()));
+        m_parts->alarm.start(std::clamp(*when - Now(), std::chrono::milliseconds(0), longestWait));
     else
         m_parts->alarm.stop();
 }
@@ -152,6 +156,11 @@ void QtDisplay::RunUntil(HWND modal, const std::function<bool()>& done) {
 // --- questions ---
 
 int QtDisplay::MessageBox(HWND owner, const CString& text, const CString& caption, UINT type) {
+    if (m_parts->desktop.isPainting) {
+        // What failed while a window was painted; Qt cannot show a box in the midst of that.
+        QTimer::singleShot(0, &m_parts->receiver, [=, this] { MessageBox(owner, text, caption, type); });
+        return IDOK;
+    }
     QWidget* top = m_parts->TopOf(owner);
     const FocusTracker::Question question(m_parts->desktop.focus, top);
     return AskMessage(top, text, caption, type);

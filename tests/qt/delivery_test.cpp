@@ -110,6 +110,27 @@ TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {
     m_surface.onMessage = nullptr;
 }
 
+TEST_F(Delivery, AFailureOfPaintingIsShownWhenThePaintingIsOver) {
+    SetExceptionHandler(nullptr);
+    bool failed = false;
+    m_surface.onMessage = [&](UINT message, WPARAM, LPARAM) -> bool {
+        if (message == WM_PAINT && !std::exchange(failed, true))
+            throw Error("paint");
+        return false;
+    };
+    m_user.Widget(m_surface.m_hWnd)->repaint();
+    EXPECT_TRUE(failed);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    bool answered = false;
+    QTimer::singleShot(50, qApp, [&] {
+        QWidget* box = QApplication::activeModalWidget();
+        ASSERT_NE(box, nullptr);
+        QTest::keyClick(box, Qt::Key_Escape);
+        answered = true;
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return answered; }, 2000));
+}
+
 TEST_F(Delivery, AWindowMayEndInALoopInsideItsOwnEvent) {
     m_surface.onMessage = [this](UINT message, WPARAM, LPARAM) {
         if (message == WM_LBUTTONDOWN) {
@@ -177,7 +198,14 @@ TEST_F(Delivery, AWindowClosesWhenItsHandlersLetItAndTheLastOneEndsTheApplicatio
 }
 
 TEST_F(Delivery, AListScrollsByItsBarsAndTheyFollowIt) {
-    CListCtrl list;
+    class : public CListCtrl {
+    public:
+        int pressesOutside = 0;
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            pressesOutside += message == WM_NCLBUTTONDOWN;
+            return CListCtrl::WindowProc(message, wParam, lParam);
+        }
+    } list;
     list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {130, 10, 290, 190}, &m_frame, 3);
     list.InsertColumn(0, "Name", 400);
     for (int row = 0; row < 100; ++row)
@@ -188,6 +216,9 @@ TEST_F(Delivery, AListScrollsByItsBarsAndTheyFollowIt) {
     };
     QScrollBar* down = bar(Qt::Vertical);
     ASSERT_TRUE(down->isVisible() && bar(Qt::Horizontal)->isVisible());
+    QTest::mousePress(down, Qt::LeftButton, Qt::NoModifier, {3, 3});
+    QTest::mouseRelease(down, Qt::LeftButton, Qt::NoModifier, {3, 3});
+    EXPECT_EQ(list.pressesOutside, 1) << "closes what dropped down over the list";
     down->setValue(40);
     EXPECT_EQ(list.GetTopIndex(), 40);
     list.EnsureVisible(0, false);

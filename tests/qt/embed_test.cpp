@@ -81,6 +81,24 @@ TEST_F(Embedding, TheFocusGoesInAndOutWithTheHostsOwn) {
     EXPECT_EQ(QApplication::focusWidget(), m_hostField) << "the way back does not end at the frame";
 }
 
+TEST_F(Embedding, AnEditThatGoesWhileTheHostIsInactiveLeavesTheFocusToItsParent) {
+    m_edit.onMessage = [this](UINT message, WPARAM, LPARAM) {
+        if (message == WM_KILLFOCUS)
+            m_edit.ShowWindow(SW_HIDE);
+        return false;
+    };
+    SetFocus(m_edit.m_hWnd);
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    EXPECT_EQ(GetFocus(), nullptr);
+    EXPECT_FALSE(IsWindowVisible(m_edit.m_hWnd));
+    m_host->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(m_host));
+    EXPECT_EQ(GetFocus(), m_pane.m_hWnd);
+}
+
 TEST_F(Embedding, TheWindowEndsBeforeItsWidgets) {
     QPointer<QWidget> widget = m_user.Widget(m_edit.m_hWnd);
     bool alive = false;
