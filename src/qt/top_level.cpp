@@ -52,8 +52,17 @@ void TopLevel::Apply(Aspects aspects) {
         return;
     if (!view::IsShown(window))
         PassActivationOn();
-    else if (!widget.isVisible() && !IsToolPopup(window) && QApplication::activeWindow())
-        m_desktop.focus.ExpectActivation(widget);
+    else if (!widget.isVisible() && !IsToolPopup(window))
+        PrepareToAppear();
+}
+
+// A window whose owner is disabled already is a modal one. Qt has to know before it shows the window.
+void TopLevel::PrepareToAppear() {
+    const HWND owner = GetOwner(m_peer.Window());
+    const bool modal = owner && !view::IsSwitchedOn(owner);
+    m_peer.Outer().setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
+    if (QApplication::activeWindow())
+        m_desktop.focus.ExpectActivation(m_peer.Outer());
 }
 
 void TopLevel::PassActivationOn() {
@@ -93,6 +102,8 @@ void TopLevel::ReportPlace() {
 
 void TopLevel::ShowModal() {
     QWidget& widget = m_peer.Outer();
+    if (widget.isVisible() && widget.isModal())
+        return;
     widget.hide(); // modality holds from the next showing
     widget.setWindowModality(widget.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
     m_desktop.focus.ExpectActivation(widget);

@@ -27,6 +27,7 @@ public:
     void ShowModal();
 
 private:
+    void PrepareToAppear();
     void ReportPlace();
 
     Desktop& m_desktop;

@@ -137,9 +137,15 @@ void Scenario::LoseFocus() {
     m_log.push_back(GetFocus() == m_frame.m_hWnd ? "focus at the parent" : "focus elsewhere");
     m_second.ShowWindow(SW_SHOW);
     m_user.Click(m_surface.m_hWnd, {5, 5});
+    bool fired = false;
+    m_surface.onMessage = [&](UINT message, WPARAM wParam, LPARAM) {
+        if (message == WM_TIMER)
+            fired = KillTimer(m_surface.m_hWnd, wParam);
+        return false;
+    };
     SetTimer(m_surface.m_hWnd, 9, 20);
-    m_user.Wait(30ms);
-    KillTimer(m_surface.m_hWnd, 9);
+    m_user.WaitForTimer(20ms, [&] { return fired; });
+    m_surface.onMessage = nullptr;
 }
 
 void Scenario::DestroyEditWhileItChanges() {

@@ -67,8 +67,8 @@ void QtUser::Click(HWND window, CPoint point) {
     QTest::mouseClick(Widget(window), Qt::LeftButton, Qt::NoModifier, {point.x, point.y});
 }
 
-void QtUser::Wait(std::chrono::milliseconds time) {
-    QTest::qWait(static_cast<int>(time.count()));
+void QtUser::WaitForTimer(std::chrono::milliseconds, const std::function<bool()>& done) {
+    EXPECT_TRUE(QTest::qWaitFor(done, 2000));
 }
 
 void QtUser::WhenIdle(std::function<void()> step) {
