@@ -16,7 +16,8 @@ KORVEL_API bool EndsComboList(HWND owner, UINT message, WPARAM wParam, LPARAM lP
 ///     m_ComboHook.HookWindow(nullptr);                     // the list is closed
 ///
 /// The owner hears 4, then 9, through its SendParentComboMessage, then `end` is called; unless the message
-/// has closed the list itself. T is a CWnd with a SendParentComboMessage(UINT).
+/// has closed the list itself. An owner whose window ends meanwhile hears no more. T is a CWnd with a
+/// SendParentComboMessage(UINT).
 template <typename T>
 class CComboListHook : public CSubclassWnd {
 public:
@@ -29,12 +30,19 @@ public:
         constexpr UINT chosen = 9;
         const HWND window = GetHookedWindow();
         T* const owner = m_pOwner;
+        const HWND ownerWindow = owner ? owner->m_hWnd : nullptr;
         const EndRoutine end = m_end;
-        const bool ends = owner && EndsComboList(owner->m_hWnd, message, wParam, lParam);
+        const bool ends = owner && EndsComboList(ownerWindow, message, wParam, lParam);
         const LRESULT result = CSubclassWnd::WindowProc(message, wParam, lParam);
-        if (ends && IsHooking(this, window)) {
-            owner->SendParentComboMessage(focusLost);
+        if (!ends || !IsHooking(this, window)) {
+            return result;
+        }
+        // Who hears the owner may destroy it, and this hook with it.
+        owner->SendParentComboMessage(focusLost);
+        if (IsWindow(ownerWindow)) {
             owner->SendParentComboMessage(chosen);
+        }
+        if (IsWindow(ownerWindow)) {
             (owner->*end)();
         }
         return result;

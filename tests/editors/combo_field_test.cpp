@@ -166,5 +166,31 @@ TEST_F(ComboFieldTest, TheMessageGoesItsWayFirstAndMayCloseTheListItself) {
     EXPECT_EQ(owner.Take(), Strings{"end"});
 }
 
+TEST_F(ComboFieldTest, AnOwnerThatIsDestroyedByWhatItTellsHearsNoMore) {
+    struct Owner : CWnd {
+        Owner(UINT code, Strings& heard) : last(code), log(heard) {}
+        void SendParentComboMessage(UINT code) {
+            log.push_back(std::to_string(code));
+            if (code == last) {
+                DestroyWindow();
+                delete this;
+            }
+        }
+        void CtrlEnd() { log.push_back("end"); }
+        UINT last;
+        Strings& log;
+        CComboListHook<Owner> hook{this, &Owner::CtrlEnd};
+    };
+    const std::pair<UINT, Strings> cases[] = {{4, {"4"}}, {9, {"4", "9"}}};
+    for (const auto& [last, expected] : cases) {
+        Strings heard;
+        auto* const mortal = new Owner(last, heard);
+        mortal->CreateEx(0, "KorvelFrame", "", WS_CHILD, {0, 0, 9, 9}, &frame, 78);
+        mortal->hook.HookWindow(frame.m_hWnd);
+        SendMessageA(frame.m_hWnd, WM_LBUTTONDOWN, 0, 0);
+        EXPECT_EQ(heard, expected);
+    }
+}
+
 } // namespace
 } // namespace korvel
