@@ -181,7 +181,7 @@ void CComboList::EndUpdate() {
     const bool hidesPreview = (m_Flags & FlagHidePreview) != 0;
     m_Flags = 0;
     if (hidesPreview) {
-        m_Preview.Hide();
+        m_Preview.Dismiss();
         RedrawWindow();
     }
 }

@@ -225,6 +225,24 @@ TEST_F(UpdateDispTest, DoesNothingInsideItself) {
     EXPECT_FALSE(list->IsRunningUpdateDisp());
 }
 
+TEST_F(UpdateDispTest, APictureThatIsDismissedMeanwhileGoesAfterwardsForGood) {
+    using namespace std::chrono_literals;
+    display.SetPicture("plan.png", Image{30, 20, std::vector<std::uint32_t>(600)});
+    shown.commonImage = "plan.png";
+    for (int i = 0; i < 3; ++i)
+        Mouse(WM_MOUSEMOVE, InRow(0));
+    display.Advance(500ms);
+    ASSERT_TRUE(list->IsPreviewShown());
+    object.inside = [&] {
+        Mouse(WM_LBUTTONUP, InRow(0));
+        EXPECT_TRUE(list->IsPreviewShown());
+    };
+    list->UpdateDisp(&observer);
+    EXPECT_FALSE(list->IsPreviewShown());
+    display.Advance(2s); // until the next move
+    EXPECT_FALSE(list->IsPreviewShown());
+}
+
 TEST_F(UpdateDispTest, AnObjectThatThrowsLeavesNoUpdateRunning) {
     object.throws = true;
     EXPECT_THROW(list->UpdateDisp(&observer), Error);
