@@ -3,6 +3,7 @@
 #include "tree_scenario.h"
 
 #include <wx/app.h>
+#include <wx/evtloop.h>
 #include <wx/frame.h>
 #include <wx/propgrid/propgrid.h>
 
