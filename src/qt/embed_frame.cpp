@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 
 namespace korvel::qt {
 
@@ -22,9 +23,10 @@ constexpr UINT topLevelStyles = WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_SYSME
 EmbedFrame::EmbedFrame(QtDisplay& display, HWND window)
     : m_window(window), m_hint(ToQRect(view::Rectangle(window)).size()) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    display.m_parts->siteToShow = this;
-    m_site = CreateWindowExA(0, "KorvelFrame", "", WS_VISIBLE, {}, nullptr, 0);
-    display.m_parts->siteToShow = nullptr;
+    {
+        const QScopedValueRollback site(display.m_parts->siteToShow, this);
+        m_site = CreateWindowExA(0, "KorvelFrame", "", WS_VISIBLE, {}, nullptr, 0);
+    }
     setFocusPolicy(Qt::TabFocus);
     MoveInto(display, window);
     qApp->installEventFilter(this);
@@ -61,16 +63,17 @@ void EmbedFrame::Place() {
 
 // Sees what happens to the host's top-level window, whichever that is now: widgets move between windows.
 bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
+    const auto* widget = qobject_cast<const QWidget*>(object);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-    case QEvent::NonClientAreaMouseButtonPress: {
-        const auto* widget = qobject_cast<const QWidget*>(object);
-        if (m_sitePeer && widget && widget->window() == window() && widget != this && !isAncestorOf(widget))
+    case QEvent::NonClientAreaMouseButtonPress:
+        // What a widget leaves to its parents comes by again, and is no other press.
+        if (m_sitePeer && event->spontaneous() && widget && widget->window() == window() && widget != this &&
+            !isAncestorOf(widget))
             m_sitePeer->ReportPress(*event);
         break;
-    }
     case QEvent::Move:
-        if (object == window() && isVisible())
+        if (widget && isVisible() && (widget == this || widget->isAncestorOf(this)))
             Place();
         break;
     case QEvent::WindowActivate:
@@ -86,7 +89,8 @@ bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
 
 void EmbedFrame::PassFocusOn(Desktop& desktop, const QWidget* former) {
     if (former && isAncestorOf(former)) {
-        focusNextPrevChild(false);
+        if (!focusNextPrevChild(false))
+            desktop.focus.Show(korvel::GetFocus()); // the host has nothing else that takes it
         return;
     }
     desktop.focus.Show(m_window);

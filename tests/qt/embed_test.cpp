@@ -5,6 +5,7 @@
 #include "window/window_view.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
 #include <QTest>
@@ -62,8 +63,11 @@ TEST_F(Embedding, TheSiteHearsForTheWindowOfTheHost) {
     m_host->move(m_host->pos() + QPoint(40, 30));
     QApplication::processEvents();
     EXPECT_GE(CountOf("site: move"), 1);
-    QTest::mouseClick(m_hostField, Qt::LeftButton);
-    EXPECT_EQ(CountOf("site: press outside the client area"), 1);
+    m_log.clear();
+    m_embedded->move(m_embedded->pos() + QPoint(3, 3));
+    EXPECT_EQ(CountOf("site: move"), 1) << "a layout moves it as well";
+    QTest::mouseClick(new QLabel(QStringLiteral("label"), m_host), Qt::LeftButton);
+    EXPECT_EQ(CountOf("site: press outside the client area"), 1) << "also when a parent hears it again";
     m_user.Click(m_edit.m_hWnd, {5, 5});
     EXPECT_EQ(CountOf("site: press outside the client area"), 1) << "a press inside is the window's own";
 }
@@ -79,6 +83,11 @@ TEST_F(Embedding, TheFocusGoesInAndOutWithTheHostsOwn) {
     SetFocus(m_edit.m_hWnd);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_EQ(QApplication::focusWidget(), m_hostField) << "the way back does not end at the frame";
+    SetFocus(m_edit.m_hWnd);
+    m_hostField->hide();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    m_user.Key('A', "a");
+    EXPECT_EQ(m_edit.GetWindowTextA(), "a") << "where nothing else takes the focus, it stays";
 }
 
 TEST_F(Embedding, AnEditThatGoesWhileTheHostIsInactiveLeavesTheFocusToItsParent) {
