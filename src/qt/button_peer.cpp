@@ -83,6 +83,8 @@ LabelPeer::LabelPeer(Desktop& desktop, HWND window, QWidget& label) : Peer(deskt
 
 void LabelPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
+    if (aspects & static_cast<Aspects>(Aspect::Enabled))
+        Outer().setEnabled(view::IsSwitchedOn(Window()));
     if (!(aspects & static_cast<Aspects>(Aspect::Text)))
         return;
     const QString text = TextOf(Window());

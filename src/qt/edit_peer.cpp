@@ -140,6 +140,8 @@ void TextPeer::Report() {
     const QTextCursor cursor = m_edit.textCursor();
     input::Edited(Window(), FromLines(lines), ToMemory(lines, cursor.selectionStart()),
                   ToMemory(lines, cursor.selectionEnd()));
+    if (Window() && ToLines(TextOf(Window())) != lines)
+        Apply(static_cast<Aspects>(Aspect::Text));
 }
 
 } // namespace korvel::qt

@@ -80,7 +80,9 @@ UINT CodeOf(const QKeyEvent& event) {
 
 KeyInput TranslateKey(const QKeyEvent& event) {
     const bool press = event.type() == QEvent::KeyPress;
-    const bool system = event.modifiers().testFlag(Qt::AltModifier);
+    // Alt and Control together stand for AltGr on many keyboards, and make plain keys.
+    const bool system =
+        event.modifiers().testFlag(Qt::AltModifier) && !event.modifiers().testFlag(Qt::ControlModifier);
     KeyInput input;
     input.message = press ? (system ? WM_SYSKEYDOWN : WM_KEYDOWN) : (system ? WM_SYSKEYUP : WM_KEYUP);
     input.key = CodeOf(event);

@@ -36,9 +36,11 @@ bool IsInput(QEvent::Type type) {
 
 Peer::Peer(Desktop& desktop, HWND window, QWidget& outer, QWidget& content)
     : QObject(&outer), m_desktop(desktop), m_window(window), m_outer(outer), m_content(content) {
-    // Memory moves the focus; Qt must not do it on its own.
-    m_outer.setFocusPolicy(Qt::NoFocus);
-    m_content.setFocusPolicy(Qt::NoFocus);
+    // Memory moves the focus, and hands on what a window does not want; Qt must not do so on its own.
+    for (QWidget* widget : {&m_outer, &m_content}) {
+        widget->setFocusPolicy(Qt::NoFocus);
+        widget->setAttribute(Qt::WA_NoMousePropagation);
+    }
     m_content.setMouseTracking(true);
     Watch(m_content);
     m_desktop.peers.Add(*this);
@@ -164,8 +166,8 @@ bool Peer::OnKey(QKeyEvent& event) {
 
 // The one of the mouse follows from the release of its button; here is the one of the keyboard.
 bool Peer::OnContextMenu(QEvent& event) {
-    if (!IsPainted())
-        return false;
+    if (view::KindOf(m_window) == view::Kind::Edit)
+        return false; // it has a menu of its own
     if (static_cast<QContextMenuEvent&>(event).reason() == QContextMenuEvent::Keyboard)
         PostMessageA(m_window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_window), MAKELPARAM(-1, -1));
     return true;

@@ -84,6 +84,8 @@ QWidget* QtDisplay::Parts::TopOf(HWND window) const {
 QtDisplay::QtDisplay() : m_parts(std::make_unique<Parts>()) {}
 
 QtDisplay::~QtDisplay() {
+    // The windows live on with their focus, whatever Qt does to that of their widgets.
+    const FocusTracker::Question silence(m_parts->desktop.focus, nullptr);
     if (&Display() == this)
         SetDisplay(nullptr);
     for (Peer* peer : m_parts->desktop.peers.All())

@@ -29,7 +29,7 @@ const ButtonsRow buttonRows[] = {
     {MB_OK, QMessageBox::Ok, QMessageBox::Ok},
     {MB_OKCANCEL, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel},
     {MB_YESNOCANCEL, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel},
-    {MB_YESNO, QMessageBox::Yes | QMessageBox::No, QMessageBox::NoButton},
+    {MB_YESNO, QMessageBox::Yes | QMessageBox::No, QMessageBox::No},
 };
 
 QMessageBox::Icon IconOf(UINT type) {
@@ -128,8 +128,7 @@ int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT
     }
     const Shown<QMessageBox> box(IconOf(type), ToQString(caption), ToQString(text), row->buttons, owner);
     box->setTextFormat(Qt::PlainText);
-    if (row->escape != QMessageBox::NoButton)
-        box->setEscapeButton(row->escape);
+    box->setEscapeButton(row->escape);
     const int button = box->exec();
     return AnswerOf(box.IsAlive() ? button : row->escape);
 }

@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <gmock/gmock.h>
 #include <thread>
 
@@ -73,12 +74,17 @@ TEST_F(Delivery, AKeyThatNobodyWantsIsNotHeardAgainByTheParents) {
 }
 
 TEST_F(Delivery, AnInputMethodChangesTheTextWithoutCharacters) {
-    QInputMethodEvent event;
-    event.setCommitString(QStringLiteral("\u00ea\u0142"));
-    QApplication::sendEvent(m_user.Widget(m_edit.m_hWnd), &event);
-    EXPECT_EQ(m_edit.GetWindowTextA(), "\xEA?");
-    EXPECT_EQ(static_cast<QLineEdit*>(m_user.Widget(m_edit.m_hWnd))->text(), QStringLiteral("\u00ea?"))
-        << "the widget shows what memory holds";
+    CEdit lines;
+    lines.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, {10, 90, 120, 140}, &m_frame, 3);
+    for (const HWND edit : {m_edit.m_hWnd, lines.m_hWnd}) {
+        SetFocus(edit);
+        QInputMethodEvent event;
+        event.setCommitString(QStringLiteral("\u00ea\u0142"));
+        QApplication::sendEvent(m_user.Widget(edit), &event);
+        EXPECT_EQ(GetWindowTextA(edit), "\xEA?");
+        EXPECT_EQ(m_user.Widget(edit)->inputMethodQuery(Qt::ImSurroundingText), QStringLiteral("\u00ea?"))
+            << "the widget shows what memory holds";
+    }
     EXPECT_THAT(m_log, Contains("frame: command 768 of 1"));
     EXPECT_THAT(m_log, Not(Contains(testing::HasSubstr("character"))));
 }
@@ -169,18 +175,6 @@ TEST_F(Delivery, PopupsOfQtDoNotTakeTheFocusAway) {
     EXPECT_THAT(m_log, Not(Contains("edit: loses the focus")));
 }
 
-TEST_F(Delivery, ADropDownIsNoPopupAndAsksForNoActivation) {
-    CWnd list;
-    list.CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", WS_POPUP | WS_BORDER | WS_VISIBLE | LVS_REPORT,
-                  {60, 60, 200, 160}, &m_frame, 0);
-    const QWidget* window = m_user.Widget(list.m_hWnd)->window();
-    EXPECT_EQ(window->windowType(), Qt::ToolTip);
-    EXPECT_TRUE(window->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
-    EXPECT_TRUE(window->testAttribute(Qt::WA_ShowWithoutActivating));
-    EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
-    EXPECT_EQ(window->geometry(), QRect(60, 60, 140, 100)) << "a list may have any size";
-}
-
 TEST_F(Delivery, AWindowClosesWhenItsHandlersLetItAndTheLastOneEndsTheApplication) {
     QApplication::setQuitOnLastWindowClosed(true);
     bool refuse = true;
@@ -226,6 +220,26 @@ TEST_F(Delivery, AListScrollsByItsBarsAndTheyFollowIt) {
     EXPECT_EQ(down->maximum(), 100 - list.GetCountPerPage());
     bar(Qt::Horizontal)->setValue(30);
     EXPECT_EQ(view::Scroll(list.m_hWnd).x, 30);
+    CEdit cell;
+    cell.Create(WS_CHILD | WS_VISIBLE, {0, 40, 60, 60}, &list, 4);
+    QWheelEvent notch({5, 5}, m_user.Widget(cell.m_hWnd)->mapToGlobal(QPointF(5, 5)), {}, {0, -120},
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&notch); // Qt hands on only what the user does
+    qApp->notify(m_user.Widget(cell.m_hWnd), &notch);
+    EXPECT_EQ(list.GetTopIndex(), 3) << "hears once of a wheel that turns over its child";
+}
+
+TEST(Display, LeavesTheFocusToTheWindowsThatOutliveIt) {
+    CWnd frame;
+    CEdit edit;
+    {
+        const QtUser user;
+        frame.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {40, 40, 340, 240}, nullptr, 0);
+        edit.Create(WS_CHILD | WS_VISIBLE, {10, 10, 120, 34}, &frame, 1);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(user.Widget(frame.m_hWnd)));
+        SetFocus(edit.m_hWnd);
+    }
+    EXPECT_EQ(GetFocus(), edit.m_hWnd);
 }
 
 } // namespace

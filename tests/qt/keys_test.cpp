@@ -33,6 +33,8 @@ const KeyCase keyCases[] = {
     {"LetterOutsideTheCodePage", 0x141, none, u"\u0141", WM_KEYDOWN, 0, "?"},
     {"ControlMakesAControlCharacter", Qt::Key_C, Qt::ControlModifier, u"\u0003", WM_KEYDOWN, 'C', "\x03"},
     {"AltMakesSystemKeys", Qt::Key_F, Qt::AltModifier, u"f", WM_SYSKEYDOWN, 'F', "f"},
+    {"ControlAndAltMakePlainKeys", Qt::Key_Q, Qt::ControlModifier | Qt::AltModifier, u"@", WM_KEYDOWN, 'Q',
+     "@"},
     {"DeleteTypesNothing", Qt::Key_Delete, none, u"\u007f", WM_KEYDOWN, VK_DELETE, ""},
     {"BackspaceTypesItself", Qt::Key_Backspace, none, u"\b", WM_KEYDOWN, VK_BACK, "\b"},
     {"EnterOfThePadIsReturn", Qt::Key_Enter, Qt::KeypadModifier, u"\r", WM_KEYDOWN, VK_RETURN, "\r"},

@@ -81,13 +81,6 @@ TEST(PainterSurface, PicturesAreScaledAndBlended) {
     EXPECT_EQ(canvas.Row(9), "............");
 }
 
-TEST(PainterSurface, TextStaysInsideItsRectangle) {
-    Canvas canvas;
-    canvas.surface.Text("WWWWWWWW", {0, 0, 6, side}, black, DT_SINGLELINE | DT_VCENTER);
-    for (int y = 0; y < side; ++y)
-        EXPECT_EQ(canvas.Row(y).substr(6), "......");
-}
-
 } // namespace
 
 } // namespace korvel::test
