@@ -1,9 +1,9 @@
 #include "document_encoding.h"
 
 #include "platform/code_page.h"
+#include "platform/utf8.h"
 #include "source_error.h"
 #include "source_scanner.h"
-#include "source_text.h"
 
 #include <algorithm>
 #include <cctype>
@@ -71,93 +71,74 @@ bool IsXmlCharacter(char32_t c) {
     throw SourceError(text, offset, "the character " + HexNumber(character) + " is not allowed in XML");
 }
 
-// Length of the well-formed UTF-8 sequence at `offset` and its character; length 0 when there is none.
-struct Sequence {
-    std::size_t length = 0;
-    char32_t character = 0;
-};
-
-Sequence SequenceAt(std::string_view text, std::size_t offset) {
-    const auto byte = [&](std::size_t i) {
-        return offset + i < text.size() ? static_cast<unsigned char>(text[offset + i]) : 0u;
-    };
-    const unsigned lead = byte(0);
-    const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : 2;
-    if (length == 1)
-        return {1, lead};
-    if (lead < 0xC2 || lead > 0xF4)
-        return {};
-    char32_t character = lead & (0xFFu >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0) != 0x80)
-            return {};
-        character = character << 6 | (byte(i) & 0x3F);
-    }
-    constexpr char32_t Shortest[] = {0, 0, 0x80, 0x800, 0x10000};
-    const bool surrogate = character >= 0xD800 && character <= 0xDFFF;
-    if (character < Shortest[length] || surrogate || character > 0x10FFFF)
-        return {};
-    return {length, character};
-}
-
 void CheckUtf8(std::string_view text, std::string_view declared) {
-    for (std::size_t i = 0; i < text.size();) {
-        const auto byte = static_cast<unsigned char>(text[i]);
+    std::string_view rest = text;
+    while (!rest.empty()) {
+        const auto byte = static_cast<unsigned char>(rest.front());
         if (byte >= 0x20 && byte < 0x80) {
-            ++i;
+            rest.remove_prefix(1);
             continue;
         }
-        const Sequence sequence = SequenceAt(text, i);
-        if (sequence.length == 0)
-            throw SourceError(text, i,
+        const std::size_t offset = text.size() - rest.size();
+        const std::optional<char32_t> character = platform::TakeUtf8(rest);
+        if (!character)
+            throw SourceError(text, offset,
                               declared.empty()
                                   ? "the bytes are not UTF-8, and no other encoding is declared"
                                   : "the bytes are not in the declared encoding " + Quoted(declared));
-        if (!IsXmlCharacter(sequence.character))
-            RefuseCharacter(text, i, sequence.character);
-        i += sequence.length;
+        if (!IsXmlCharacter(*character))
+            RefuseCharacter(text, offset, *character);
     }
+}
+
+bool IsHalfOfPair(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDFFF;
+}
+
+// Bytes of a unit in UTF-8; a pair has four.
+std::size_t LengthInUtf8(char32_t unit) {
+    return unit < 0x80 ? 1 : unit < 0x800 || IsHalfOfPair(unit) ? 2 : 3;
+}
+
+// `unitAt` answers the characters, those above FFFF as the two units of UTF-16. The length is counted first:
+// a text that grows while it is made takes twice its memory.
+template <typename UnitAt>
+std::string Decode(std::size_t count, UnitAt unitAt) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        length += LengthInUtf8(unitAt(i));
+    std::string text;
+    text.reserve(length);
+    for (std::size_t i = 0; i < count; ++i) {
+        char32_t character = unitAt(i);
+        const bool high = (character & 0xFC00) == 0xD800;
+        if (high && i + 1 < count && (unitAt(i + 1) & 0xFC00) == 0xDC00)
+            character = 0x10000 + ((character & 0x3FF) << 10 | (unitAt(++i) & 0x3FF));
+        else if (IsHalfOfPair(character))
+            throw SourceError(text, text.size(), "half a character: the bytes are not UTF-16");
+        if (!IsXmlCharacter(character))
+            RefuseCharacter(text, text.size(), character);
+        platform::AppendUtf8(text, character);
+    }
+    return text;
 }
 
 std::string DecodeUtf16(std::string_view bytes, TextEncoding encoding) {
     const std::size_t low = encoding == TextEncoding::Utf16LittleEndian ? 0 : 1;
-    const auto unit = [&](std::size_t i) {
-        return static_cast<char32_t>(static_cast<unsigned char>(bytes[i + low]) |
-                                     static_cast<unsigned char>(bytes[i + 1 - low]) << 8);
-    };
-    std::string text;
-    text.reserve(bytes.size() / 2 + bytes.size() / 8);
-    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        char32_t character = unit(i);
-        const bool high = character >= 0xD800 && character <= 0xDBFF;
-        if (high && i + 3 < bytes.size() && (unit(i + 2) & 0xFC00) == 0xDC00) {
-            character = 0x10000 + ((character & 0x3FF) << 10 | (unit(i + 2) & 0x3FF));
-            i += 2;
-        } else if (character >= 0xD800 && character <= 0xDFFF) {
-            throw SourceError(text, text.size(), "half a character: the bytes are not UTF-16");
-        }
-        if (!IsXmlCharacter(character))
-            RefuseCharacter(text, text.size(), character);
-        AppendUtf8(text, character);
-    }
+    std::string text = Decode(bytes.size() / 2, [&](std::size_t i) {
+        return static_cast<char32_t>(static_cast<unsigned char>(bytes[2 * i + low]) |
+                                     static_cast<unsigned char>(bytes[2 * i + 1 - low]) << 8);
+    });
     if (bytes.size() % 2 != 0)
         throw SourceError(text, text.size(), "the last character is cut off");
     return text;
 }
 
 std::string DecodeSingleBytes(std::string_view bytes, TextEncoding encoding) {
-    const auto above = std::count_if(bytes.begin(), bytes.end(), [](char c) { return (c & 0x80) != 0; });
-    std::string text;
-    text.reserve(bytes.size() + static_cast<std::size_t>(above));
-    for (const char byte : bytes) {
-        const char32_t character = encoding == TextEncoding::Windows1252
-                                       ? platform::ToUnicode(byte)
-                                       : static_cast<char32_t>(static_cast<unsigned char>(byte));
-        if (!IsXmlCharacter(character))
-            RefuseCharacter(text, text.size(), character);
-        AppendUtf8(text, character);
-    }
-    return text;
+    const bool isLatin1 = encoding == TextEncoding::Latin1;
+    return Decode(bytes.size(), [&](std::size_t i) {
+        return isLatin1 ? static_cast<unsigned char>(bytes[i]) : platform::ToUnicode(bytes[i]);
+    });
 }
 
 // What the first bytes say by themselves: a mark, or the zeros of a '<' in two bytes.

@@ -164,7 +164,7 @@ private:
         const ElementIndex end = m_tree.Count();
         m_tree.m_elements[open.element].end = end;
         if (open.textEnd != 0 && end != open.element + 1)
-            m_tree.m_mixedTexts.push_back({open.element, open.textBegin, open.textEnd, !open.severalTexts});
+            m_tree.m_mixedTexts.push_back({open.element, !open.severalTexts, open.textBegin, open.textEnd});
     }
 
     [[noreturn]] void FailCutOff() {

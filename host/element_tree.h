@@ -4,6 +4,7 @@
 #include "source_scanner.h"
 
 #include <cstdint>
+#include <deque>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -73,10 +74,10 @@ private:
         ElementIndex parent;
     };
     struct MixedText {
-        ElementIndex element;
+        std::uint32_t element : 31; // an element has at least four bytes of text
+        bool complete : 1;
         std::uint32_t begin;
         std::uint32_t end;
-        bool complete;
     };
     struct NamespaceDeclaration {
         ElementIndex element;
@@ -89,9 +90,11 @@ private:
 
     std::string m_source;
     std::vector<Element> m_elements;
-    std::vector<MixedText> m_mixedTexts;            // by element
-    std::vector<NamespaceDeclaration> m_namespaces; // by element, then by prefix
-    ScopeIndex m_namespaceScopes;                   // the elements with declarations
+    // Hardly any element has these, so nobody counts them before; deques, because a vector that grows takes
+    // twice its memory.
+    std::deque<MixedText> m_mixedTexts;            // by element
+    std::deque<NamespaceDeclaration> m_namespaces; // by element, then by prefix
+    ScopeIndex m_namespaceScopes;                  // the elements with declarations
 };
 
 class ElementTree::ChildRange {

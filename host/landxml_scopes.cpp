@@ -44,25 +44,27 @@ void LandXmlScopes::FindUnits() {
 }
 
 void LandXmlScopes::FindRailways() {
-    std::unordered_set<ElementIndex> railways;
+    std::vector<ElementIndex> railways;
     for (ElementIndex element = 1; element < m_tree.Count(); ++element) {
         if (m_tree.LocalName(element) != "Cant")
             continue;
         const ElementIndex alignment = m_tree.Parent(element);
         if (m_tree.LocalName(alignment) != "Alignment")
             continue;
-        railways.insert(alignment);
+        railways.push_back(alignment);
         if (const std::string_view name = m_tree.FindAttribute(alignment, "name"); !name.empty())
             m_railwayNames.insert(NameText(name));
     }
     if (railways.empty())
         return;
+    std::sort(railways.begin(), railways.end());
     for (ElementIndex element = 0; element < m_tree.Count(); ++element) {
         const bool isAlignment = m_tree.LocalName(element) == "Alignment";
         if (!isAlignment && !NamesAlignments(m_tree, element))
             continue;
         m_stationScopes.Add(element, m_tree.SubtreeEnd(element));
-        m_isRailway.push_back(isAlignment ? railways.contains(element) : NamesRailway(element));
+        m_isRailway.push_back(isAlignment ? std::binary_search(railways.begin(), railways.end(), element)
+                                          : NamesRailway(element));
     }
 }
 

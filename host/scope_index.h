@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <vector>
+#include <deque>
 
 namespace korvel::inspector {
 
@@ -47,7 +47,7 @@ private:
         ElementIndex end;
         std::uint32_t outer;
     };
-    std::vector<Scope> m_scopes;
+    std::deque<Scope> m_scopes; // a vector that grows takes twice its memory
 };
 
 } // namespace korvel::inspector

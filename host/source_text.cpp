@@ -1,5 +1,6 @@
 #include "source_text.h"
 
+#include "platform/utf8.h"
 #include "source_scanner.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ public:
             if (raw.empty() || IsFull())
                 break;
             const std::size_t end = std::min(raw.find(';'), raw.size() - 1);
-            AppendUtf8(m_text.utf8, ReferencedCharacter(raw.substr(1, end - 1)));
+            platform::AppendUtf8(m_text.utf8, ReferencedCharacter(raw.substr(1, end - 1)));
             raw.remove_prefix(end + 1);
         }
         CutWhenTooLong();
@@ -71,24 +72,6 @@ private:
 };
 
 } // namespace
-
-void AppendUtf8(std::string& out, char32_t c) {
-    if (c < 0x80) {
-        out += static_cast<char>(c);
-    } else if (c < 0x800) {
-        out += static_cast<char>(0xC0 | c >> 6);
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else if (c < 0x10000) {
-        out += static_cast<char>(0xE0 | c >> 12);
-        out += static_cast<char>(0x80 | (c >> 6 & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | c >> 18);
-        out += static_cast<char>(0x80 | (c >> 12 & 0x3F));
-        out += static_cast<char>(0x80 | (c >> 6 & 0x3F));
-        out += static_cast<char>(0x80 | (c & 0x3F));
-    }
-}
 
 platform::ConvertedText ToLibraryText(const std::string& utf8) {
     const bool isAscii = std::all_of(utf8.begin(), utf8.end(), [](char c) { return (c & 0x80) == 0; });

@@ -24,6 +24,4 @@ DecodedText DecodeText(const TextSource& source, std::size_t longest);
 /// The text in the code page of the library, in which most texts of a file are the same.
 platform::ConvertedText ToLibraryText(const std::string& utf8);
 
-void AppendUtf8(std::string& out, char32_t character);
-
 } // namespace korvel::inspector

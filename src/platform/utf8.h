@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/export.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace korvel::platform {
+
+/// Single characters of UTF-8.
+
+/// `character` is at most 10FFFF and no half of a pair.
+KORVEL_API void AppendUtf8(std::string& utf8, char32_t character);
+
+/// Takes one character from the front of a text that is not empty, or the longest piece that could have begun
+/// one: then nothing is answered.
+KORVEL_API std::optional<char32_t> TakeUtf8(std::string_view& utf8);
+
+} // namespace korvel::platform
