@@ -3,8 +3,10 @@
 #include "output/angle_output.h"
 #include "output/format_persistence.h"
 #include "output/number_output.h"
+#include "output/system_change.h"
 #include "platform/code_page.h"
 #include "platform/error.h"
+#include "platform/regional_settings.h"
 
 #include <system_error>
 
@@ -117,6 +119,21 @@ std::string TakeFormats(const std::filesystem::path& folder, const FormatChoice&
         return notice;
     const std::string failure = Keep(file);
     return notice.empty() || failure.empty() ? notice + failure : notice + "; " + failure;
+}
+
+// What differs from the regional settings was chosen once; the rest is the locale's.
+void WriteAsIn(const std::string& locale) {
+    const _numberfmtA chosen = GetFormatDouble();
+    FormatChoice kept{GetAngleUnit(), {}, {}};
+    ResetFormatStates();
+    const _numberfmtA& regional = GetFormatDouble();
+    if (chosen.NumDigits != regional.NumDigits)
+        kept.digits = chosen.NumDigits;
+    if (chosen.Grouping != regional.Grouping)
+        kept.grouping = chosen.Grouping;
+    platform::UseLocale(locale);
+    Fire_OnSystemChanged(nullptr, nullptr);
+    Apply(kept);
 }
 
 } // namespace korvel::inspector

@@ -18,4 +18,9 @@ namespace korvel::inspector {
 /// name and the formats are those of the first run; formats that cannot be kept are in force for this run.
 std::string TakeFormats(const std::filesystem::path& folder, const FormatChoice& choice);
 
+/// Writes numbers and dates as a locale has them, for this run, with the digits, the grouping and the angle
+/// unit that the user has chosen. To be called behind TakeFormats, so that nothing of the locale is kept;
+/// nothing changes for a locale that nobody knows.
+void WriteAsIn(const std::string& locale);
+
 } // namespace korvel::inspector

@@ -3,18 +3,24 @@
 #include "kept_formats.h"
 #include "platform/regional_settings.h"
 #include "platform/user_folders.h"
+#include "setup/machine_language.h"
 #include "values/text_table.h"
 
 namespace korvel::inspector {
 
 std::string ApplySettings(const Options& options) {
-    if (!options.locale.empty() && !platform::UseLocale(options.locale))
+    if (!platform::UseLocale(options.locale))
         throw UsageError("the locale '" + options.locale + "' is not known");
+    platform::UseLocale({}); // what is kept is kept as the user's own locale has it
+    UseBuildFolderSettings();
     if (options.language.empty())
         UseLocaleLanguageIfUnset();
     else
         SetLanguageForThisRun(options.language);
-    return TakeFormats(platform::UserConfigFolder(), options.formats);
+    std::string notice = TakeFormats(platform::UserConfigFolder(), options.formats);
+    if (!options.locale.empty())
+        WriteAsIn(options.locale);
+    return notice;
 }
 
 } // namespace korvel::inspector

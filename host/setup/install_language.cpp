@@ -7,7 +7,7 @@
 
 int main() {
     try {
-        inspector::InstallMachineLanguage();
+        korvel::inspector::InstallMachineLanguage();
         return 0;
     } catch (const std::exception& failure) {
         std::cerr << failure.what() << '\n';

@@ -6,45 +6,42 @@
 #include "values/registry.h"
 
 #include <filesystem>
+#include <string>
+#include <system_error>
 
-namespace inspector {
-
+namespace korvel::inspector {
 namespace {
 
-using namespace korvel::platform;
+using namespace platform;
 
-const std::filesystem::path kBuildStore =
-    std::filesystem::path(KORVEL_BUILD_FOLDER) / "machine-settings.sqlite";
+constexpr const char* BuildFolderStore = KORVEL_BUILD_FOLDER "/machine-settings.sqlite";
 
 bool IsInstalled() {
     SettingValue value;
-    return ReadSetting(SettingsRoot::Machine, korvel::RegistryPath, "InstallLanguage", value) ==
-           SettingsStatus::Done;
+    return ReadSetting(SettingsRoot::Machine, RegistryPath, "InstallLanguage", value) == SettingsStatus::Done;
 }
 
 bool Install() {
     const auto language = SettingValue::Text(UserLanguage() == "de" ? "German" : "English");
-    return CreateKey(SettingsRoot::Machine, korvel::RegistryPath) == SettingsStatus::Done &&
-           WriteSetting(SettingsRoot::Machine, korvel::RegistryPath, "InstallLanguage", language) ==
+    return CreateKey(SettingsRoot::Machine, RegistryPath) == SettingsStatus::Done &&
+           WriteSetting(SettingsRoot::Machine, RegistryPath, "InstallLanguage", language) ==
                SettingsStatus::Done;
 }
 
 } // namespace
 
 void InstallMachineLanguage() {
-    if (IsInstalled() || Install()) {
+    if (IsInstalled() || Install())
         return;
-    }
-    SetStorePath(SettingsRoot::Machine, kBuildStore);
-    if (!IsInstalled() && !Install()) {
-        throw korvel::Error("The language could not be written to " + kBuildStore.string());
-    }
+    SetStorePath(SettingsRoot::Machine, BuildFolderStore);
+    if (!IsInstalled() && !Install())
+        throw Error(std::string("The language could not be written to ") + BuildFolderStore);
 }
 
 void UseBuildFolderSettings() {
-    if (!IsInstalled() && std::filesystem::exists(kBuildStore)) {
-        SetStorePath(SettingsRoot::Machine, kBuildStore);
-    }
+    std::error_code unreachable;
+    if (!IsInstalled() && std::filesystem::exists(BuildFolderStore, unreachable))
+        SetStorePath(SettingsRoot::Machine, BuildFolderStore);
 }
 
-} // namespace inspector
+} // namespace korvel::inspector

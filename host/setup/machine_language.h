@@ -1,15 +1,15 @@
 #pragma once
 
 /// The language that set-up chooses for a machine, and where it is kept.
-namespace inspector {
+namespace korvel::inspector {
 
 /// Writes the machine's language unless it stands already: German where the machine's locale is German, else
 /// English. Without the right to write the machine's settings, it goes to a store in the build folder.
-/// \throws korvel::Error when neither can be written
+/// \throws Error when neither can be written
 void InstallMachineLanguage();
 
 /// Lets a program that runs from its build folder find the language there when the machine's settings hold
 /// none.
 void UseBuildFolderSettings();
 
-} // namespace inspector
+} // namespace korvel::inspector

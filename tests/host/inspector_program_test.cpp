@@ -45,6 +45,8 @@ TEST(InspectorProgram, AnswersWithItsStatus) {
     const Case cases[] = {
         {"--list --locale de-DE --language German " + good, 0,
          "Line\tLine\n  length\t1,50\n  note\t\xC3\xBC\n"},
+        {"--list --locale de-DE --digits 3 " + good, 0, "Line\tLine\n  length\t1,500\n  note\t\xC3\xBC\n"},
+        {"--list --locale en-US " + good, 0, "Line\tLine\n  length\t1.500\n  note\t\xC3\xBC\n"},
         {"--list " + bad, 2,
          "inspector: " + bad + ": line 2, position 25: the value of the attribute 'note' is not in quotes\n"},
         {"--list " + folder.Path().string(), 2, "inspector: " + folder.Path().string() + ": is a folder\n"},
