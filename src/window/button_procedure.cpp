@@ -32,7 +32,7 @@ void UncheckOthersInGroup(const ButtonState& button) {
         --first;
     const auto last = std::find_if(self + 1, siblings.end(), beginsGroup);
     for (auto sibling = first; sibling != last; ++sibling) {
-        const auto other = ControlOf<ButtonState>(*sibling);
+        const ControlOf<ButtonState> other(*sibling);
         if (other && other.get() != &button && other->Type() == BS_AUTORADIOBUTTON)
             SetCheck(*other, 0);
     }
@@ -172,7 +172,7 @@ void ButtonState::Value(double value) {
 }
 
 LRESULT ButtonProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const auto button = ControlOf<ButtonState>(window);
+    const ControlOf<ButtonState> button(window);
     const auto answer = button ? HandleMessage(*button, message, wParam, lParam) : std::nullopt;
     return answer ? *answer : DefWindowProcA(window, message, wParam, lParam);
 }

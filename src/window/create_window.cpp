@@ -1,9 +1,9 @@
 #include "window/cwnd_access.h"
 #include "window/desktop.h"
+#include "window/own_windows.h"
 #include "window/place.h"
 #include "window/window_class.h"
 #include "window/window_life.h"
-#include "window/window_table.h"
 
 namespace korvel {
 
@@ -29,7 +29,7 @@ void Link(WindowRecord& record, HWND parent) {
 }
 
 RecordRef MakeRecord(const CREATESTRUCTA& parameters, const WindowClass& windowClass) {
-    RecordRef record = WindowTable::Instance().Add();
+    RecordRef record = AddOwnWindow();
     record->id = parameters.id;
     record->className = windowClass.name;
     record->style = parameters.style & ~WS_VISIBLE; // it is shown once it is made

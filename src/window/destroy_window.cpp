@@ -1,5 +1,6 @@
 #include "window/desktop.h"
 #include "window/first_failure.h"
+#include "window/own_windows.h"
 #include "window/window_table.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ void End(const RecordRef& record, FirstFailure& failure) {
     Unlink(*record);
     if (IsOnDisplay(*record))
         Display().Destroyed(record->handle);
-    WindowTable::Instance().Remove(record->handle);
+    RemoveOwnWindow(record->handle);
 }
 
 bool Destroy(WindowRecord& record) {
@@ -88,7 +89,7 @@ bool DestroyWindow(HWND window) {
 }
 
 bool IsWindow(HWND window) {
-    return Find(window) != nullptr;
+    return Find(window) || WindowTable::Instance().OwnerOf(window);
 }
 
 } // namespace korvel

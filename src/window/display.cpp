@@ -3,7 +3,7 @@
 #include "window/cwnd_access.h"
 #include "window/desktop.h"
 #include "window/headless_display.h"
-#include "window/window_table.h"
+#include "window/own_windows.h"
 
 #include <atomic>
 #include <mutex>
@@ -65,7 +65,7 @@ void SetDisplay(IDisplay* newDisplay) {
         ForgetFocusAndCapture();
         ForgetTimers();
     }
-    for (const RecordRef& record : WindowTable::Instance().OfThread(*queue))
+    for (const RecordRef& record : OwnWindows())
         if (!record->parent)
             TellCreated(display, record->handle);
     TellFocusAndCapture(display);

@@ -117,7 +117,7 @@ std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam
 } // namespace
 
 LRESULT EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (const auto edit = ControlOf<EditState>(window)) {
+    if (const ControlOf<EditState> edit(window); edit) {
         for (const auto handle : {HandleWindow, HandleEditMessage})
             if (const auto answer = handle(*edit, message, wParam, lParam))
                 return *answer;

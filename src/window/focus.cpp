@@ -35,9 +35,10 @@ void TellMove(unsigned move) {
 } // namespace
 
 HWND SetFocus(HWND window) {
-    if (!IsDisplayThread() && IsWindow(window))
-        return OnOwner(window, [&](WindowRecord&) { return SetFocus(window); });
-    if (!IsDisplayThread() || (window && !CanTakeFocus(window)))
+    if (!IsDisplayThread())
+        return OnOwner(
+            window, [&](WindowRecord& record) { return IsOnDisplay(record) ? SetFocus(window) : nullptr; });
+    if (window && !CanTakeFocus(window))
         return nullptr;
     const HWND former = TheFocus().window;
     MoveFocus(window, FocusOrigin::Program);

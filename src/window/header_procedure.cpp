@@ -114,8 +114,8 @@ void PlaceHeader(ListState& list, int clientWidth) {
 }
 
 LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const auto state = ControlOf<HeaderState>(window);
-    const auto list = ControlOf<ListState>(GetParent(window));
+    const ControlOf<HeaderState> state(window);
+    const ControlOf<ListState> list(GetParent(window));
     if (!state || !list)
         return DefWindowProcA(window, message, wParam, lParam);
     const Header header{window, *state, *list};

@@ -149,7 +149,7 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
 } // namespace
 
 LRESULT ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (const auto list = ControlOf<ListState>(window)) {
+    if (const ControlOf<ListState> list(window); list) {
         for (const auto handle : {HandleWindow, HandleMouse, HandleListMessage})
             if (const auto answer = handle(*list, message, wParam, lParam))
                 return *answer;

@@ -1,8 +1,9 @@
 #include "window/thread_queue.h"
 
 #include "window/desktop.h"
+#include "window/own_windows.h"
 #include "window/uncaught.h"
-#include "window/window_table.h"
+#include "window/window.h"
 
 #include <optional>
 #include <utility>
@@ -17,7 +18,7 @@ thread_local std::shared_ptr<ThreadQueue>* t_queue = nullptr;
 struct ThreadEnd {
     ~ThreadEnd() {
         const std::shared_ptr<ThreadQueue> queue = *t_queue;
-        WindowTable::Instance().EndThread(*queue);
+        EndOwnWindows();
         queue->Close();
         delete t_queue;
         t_queue = nullptr;
@@ -39,7 +40,7 @@ void ThreadQueue::Send(HWND window, const Action& action) {
     bool done = false; // guarded by the mutex of the own queue
     {
         const std::lock_guard lock(m_mutex);
-        if (m_closed || (window && !Find(window)))
+        if (m_closed || (window && !IsWindow(window)))
             return;
         m_calls.push_back({window, &action, own, &done});
         m_arrived.notify_all();

@@ -18,7 +18,6 @@ public:
 
     /// The queue of the calling thread.
     static const std::shared_ptr<ThreadQueue>& Current();
-    bool IsCurrent() const { return this == Current().get(); }
 
     /// Has `action` run by the queue's thread and waits for it. While it waits, the calling thread runs
     /// the calls that other threads send to it, so that two threads may send to each other. Returns without

@@ -1,5 +1,6 @@
 #include "window/thread_queue.h"
 #include "window/window_record.h"
+#include "window/window_table.h"
 
 namespace korvel {
 
@@ -12,8 +13,8 @@ LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const RecordRef record = Find(window);
-    return record && record->queue->Post(window, [=] { SendMessageA(window, message, wParam, lParam); });
+    const auto owner = WindowTable::Instance().OwnerOf(window);
+    return owner && owner->Post(window, [=] { SendMessageA(window, message, wParam, lParam); });
 }
 
 LRESULT CallWindowProcA(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -71,7 +72,7 @@ LPARAM SetWindowLongPtrA(HWND window, int index, LPARAM value) {
 
 LRESULT NotifyParentCommand(HWND control, UINT code) {
     return OnOwner(control, [&](WindowRecord& record) {
-        return SendMessageA(GetParent(control), WM_COMMAND,
+        return SendMessageA(record.ParentOrOwner(), WM_COMMAND,
                             MAKEWPARAM(static_cast<unsigned>(record.id), code),
                             reinterpret_cast<LPARAM>(control));
     });
@@ -80,20 +81,20 @@ LRESULT NotifyParentCommand(HWND control, UINT code) {
 LRESULT NotifyParent(HWND control, UINT code, NMHDR& header) {
     return OnOwner(control, [&](WindowRecord& record) {
         header = {control, static_cast<std::uintptr_t>(record.id), code};
-        return SendMessageA(GetParent(control), WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+        return SendMessageA(record.ParentOrOwner(), WM_NOTIFY, header.idFrom,
+                            reinterpret_cast<LPARAM>(&header));
     });
 }
 
 namespace internal {
 
-bool IsOwnThread(const WindowRecord& record) {
-    return record.queue->IsCurrent();
-}
-
-void CallOnOwner(const WindowRecord& record, const std::function<void()>& call) {
-    record.queue->Send(record.handle, [&] {
-        if (Find(record.handle)) // it may have ended between the look-up and the call
-            call();
+void CallOnOwner(HWND window, const std::function<void(WindowRecord&)>& call) {
+    const auto owner = WindowTable::Instance().OwnerOf(window);
+    if (!owner)
+        return;
+    owner->Send(window, [&] {
+        if (const RecordRef record = Find(window)) // it may have ended between the look-up and the call
+            call(*record);
     });
 }
 

@@ -4,6 +4,9 @@
 #include "window/window.h"
 #include "window/window_view.h"
 
+#include <boost/smart_ptr/intrusive_ptr.hpp>
+#include <boost/smart_ptr/intrusive_ref_counter.hpp>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -42,13 +45,14 @@ public:
     virtual void Scrolled(int /*x*/, int /*row*/) {}
 };
 
-/// One window. Read and written on its own thread only, except for what is const.
-struct WindowRecord {
-    WindowRecord(HWND windowHandle, std::shared_ptr<ThreadQueue> ownQueue)
-        : handle(windowHandle), queue(std::move(ownQueue)) {}
+/// One window. Read, written, counted and freed on its own thread only.
+struct WindowRecord : boost::intrusive_ref_counter<WindowRecord, boost::thread_unsafe_counter> {
+    WindowRecord(HWND windowHandle, std::shared_ptr<ThreadQueue> ownQueue, std::uint64_t number)
+        : handle(windowHandle), queue(std::move(ownQueue)), creationNumber(number) {}
 
     const HWND handle;
     const std::shared_ptr<ThreadQueue> queue; // of the thread that made the window
+    const std::uint64_t creationNumber;       // grows from window to window of the thread
     HWND parent = nullptr;                    // null for a top-level window
     HWND owner = nullptr;                     // of a top-level window
     std::vector<HWND> children;               // in order of creation
@@ -69,47 +73,55 @@ struct WindowRecord {
     bool destroying = false;
     std::unique_ptr<ControlState> control;
 
+    HWND ParentOrOwner() const { return parent ? parent : owner; }
     bool IsShown() const { return (style & WS_VISIBLE) != 0; }
     bool IsSwitchedOn() const { return (style & WS_DISABLED) == 0; }
 };
 
 /// Keeps record and control state alive, also after the window has ended: message dispatch holds one, so
 /// that a control may be destroyed inside its own handlers.
-using RecordRef = std::shared_ptr<WindowRecord>;
+using RecordRef = boost::intrusive_ptr<WindowRecord>;
 
-/// The record of a living window, or null for a null or stale handle. Any thread, constant time.
+/// The record of a living window of the calling thread; null for a null or stale handle and for a window of
+/// another thread. Constant time, without a lock.
 RecordRef Find(HWND window);
 
-/// The state of a control, or null when the window is gone or is no control of that type.
+/// The state of a control, which it keeps alive; null when the window is gone or is no control of that type.
 template <class State>
-std::shared_ptr<State> ControlOf(HWND window) {
-    RecordRef record = Find(window);
-    State* state = record ? dynamic_cast<State*>(record->control.get()) : nullptr;
-    return state ? std::shared_ptr<State>(std::move(record), state) : nullptr;
-}
+class ControlOf {
+public:
+    explicit ControlOf(HWND window)
+        : m_record(Find(window)),
+          m_state(m_record ? dynamic_cast<State*>(m_record->control.get()) : nullptr) {}
+
+    explicit operator bool() const { return m_state != nullptr; }
+    State* get() const { return m_state; }
+    State& operator*() const { return *m_state; }
+    State* operator->() const { return m_state; }
+
+private:
+    RecordRef m_record;
+    State* m_state;
+};
 
 // --- threads ---
 
-bool IsOwnThread(const WindowRecord& record);
-/// Runs `call` on the thread of the window at its next message retrieval and waits. The call is dropped
-/// when the window or its thread ends before.
-void CallOnOwner(const WindowRecord& record, const std::function<void()>& call);
+/// Runs `call` on the thread of another thread's window at its next message retrieval and waits. The call is
+/// dropped when the window is gone, or it or its thread ends before.
+void CallOnOwner(HWND window, const std::function<void(WindowRecord&)>& call);
 
 /// Runs `function(WindowRecord&)` on the window's thread and answers its result; a value-initialised one
 /// for a window that is gone, or when the function threw on another thread.
 template <class Function>
 auto OnOwner(HWND window, Function&& function) {
     using Result = decltype(function(std::declval<WindowRecord&>()));
-    const RecordRef record = Find(window);
-    if (!record)
-        return Result();
-    if (IsOwnThread(*record))
+    if (const RecordRef record = Find(window))
         return function(*record);
     if constexpr (std::is_void_v<Result>) {
-        CallOnOwner(*record, [&] { function(*record); });
+        CallOnOwner(window, function);
     } else {
         Result result{};
-        CallOnOwner(*record, [&] { result = function(*record); });
+        CallOnOwner(window, [&](WindowRecord& record) { result = function(record); });
         return result;
     }
 }

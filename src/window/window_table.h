@@ -1,42 +1,43 @@
 #pragma once
 
-#include "window/window_record.h"
+#include "window/types.h"
 
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <vector>
 
 namespace korvel::internal {
 
-/// All windows of the process by handle. A handle is the number of a slot and the slot's generation, so
-/// that a handle whose slot serves another window is recognised.
+class ThreadQueue;
+
+/// Which thread each window of the process belongs to. A handle is the number of a slot and the slot's
+/// generation, so that a handle whose slot serves another window is recognised. Any thread may ask.
 class WindowTable {
 public:
     static WindowTable& Instance();
+    static std::size_t SlotOf(HWND window) { return reinterpret_cast<std::uintptr_t>(window) & 0xFFFFFFFF; }
 
-    /// A record for a new window of the calling thread.
-    RecordRef Add();
-    RecordRef Find(HWND window);
+    /// The handle of a new window.
+    HWND Add(std::shared_ptr<ThreadQueue> owner);
+    /// The queue of the window's thread, or null for a null or stale handle.
+    std::shared_ptr<ThreadQueue> OwnerOf(HWND window);
     /// Ends the handle and releases whoever waits for the window.
     void Remove(HWND window);
-    /// The windows of one thread, parents before their children.
-    std::vector<RecordRef> OfThread(const ThreadQueue& queue);
-    /// Forgets the windows of a thread that ends: their objects are detached, no message is sent.
-    void EndThread(const ThreadQueue& queue);
 
 private:
     struct Slot {
         std::uint32_t generation = 1;
-        std::uint64_t order = 0; // counts creations
-        RecordRef record;
+        std::shared_ptr<ThreadQueue> owner; // null: free
     };
 
-    RecordRef Take(HWND window);
+    /// The slot of a living window, or null. Only under the mutex.
+    Slot* Find(HWND window);
+    std::shared_ptr<ThreadQueue> Take(HWND window);
 
     std::mutex m_mutex;
     std::vector<Slot> m_slots;
     std::vector<std::uint32_t> m_free;
-    std::uint64_t m_created = 0;
 };
 
 } // namespace korvel::internal

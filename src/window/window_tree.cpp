@@ -30,14 +30,10 @@ void Adopt(WindowRecord& record, HWND parent) {
     TellDisplay(record, Aspect::Style | Aspect::Rectangle);
 }
 
-HWND ParentOrOwner(const WindowRecord& record) {
-    return record.parent ? record.parent : record.owner;
-}
-
 } // namespace
 
 HWND GetParent(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return ParentOrOwner(record); });
+    return OnOwner(window, [](WindowRecord& record) { return record.ParentOrOwner(); });
 }
 
 HWND GetOwner(HWND window) {
@@ -47,7 +43,7 @@ HWND GetOwner(HWND window) {
 HWND GetTopLevelParent(HWND window) {
     return OnOwner(window, [](WindowRecord& record) {
         HWND top = record.handle;
-        for (HWND above = ParentOrOwner(record); above; above = ParentOrOwner(*Find(above)))
+        for (HWND above = record.ParentOrOwner(); above; above = Find(above)->ParentOrOwner())
             top = above;
         return top;
     });

@@ -46,21 +46,13 @@ bool IsSwitchedOn(HWND window) {
     return OnOwner(window, [](WindowRecord& record) { return record.IsSwitchedOn(); });
 }
 
-std::vector<HWND> TopLevelWindows() {
-    std::vector<HWND> windows;
-    for (const RecordRef& record : WindowTable::Instance().OfThread(*DisplayQueue()))
-        if (!record->parent)
-            windows.push_back(record->handle);
-    return windows;
-}
-
 std::vector<HWND> Children(HWND window) {
     return OnOwner(window, [](WindowRecord& record) { return record.children; });
 }
 
 bool BelongsToDisplay(HWND window) {
-    const RecordRef record = Find(window);
-    return record && IsOnDisplay(*record);
+    const auto owner = WindowTable::Instance().OwnerOf(window);
+    return owner && owner == DisplayQueue();
 }
 
 EditView Edit(HWND window) {

@@ -21,7 +21,6 @@ KORVEL_API CRect ClientRectangle(HWND window);
 /// The window's own flags, whatever its parents are.
 KORVEL_API bool IsShown(HWND window);
 KORVEL_API bool IsSwitchedOn(HWND window);
-KORVEL_API std::vector<HWND> TopLevelWindows();
 KORVEL_API std::vector<HWND> Children(HWND window);
 /// True for windows of the thread that installed the display.
 KORVEL_API bool BelongsToDisplay(HWND window);

@@ -200,6 +200,8 @@ TEST_F(ThreadsTest, AWindowOfAnotherThreadIsNotShown) {
         const HWND own = CreateWindowExA(0, "KorvelFrame", "", WS_VISIBLE, {}, nullptr, 0);
         EXPECT_EQ(SetTimer(own, 1, 100), 0u);
         EXPECT_EQ(SetCapture(own), nullptr);
+        EXPECT_EQ(SetFocus(own), nullptr);
+        EXPECT_FALSE(view::BelongsToDisplay(own));
         EXPECT_EQ(ClientToScreen(own, {1, 2}), (CPoint{1, 2}));
         PostMessageA(own, WM_CLOSE, 0, 0);
         input::DispatchMessages();

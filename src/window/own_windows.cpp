@@ -1,0 +1,69 @@
+#include "window/own_windows.h"
+
+#include "window/desktop.h"
+#include "window/window_table.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvel::internal {
+namespace {
+
+struct Records {
+    std::vector<RecordRef> bySlot; // those of other threads' windows are null
+    std::uint64_t created = 0;
+};
+
+// Trivially destroyed, so that objects that die late in a thread find that their windows are gone.
+constinit thread_local Records* t_records = nullptr;
+
+} // namespace
+
+RecordRef AddOwnWindow() {
+    const auto& queue = ThreadQueue::Current(); // ends the windows with the thread
+    if (!t_records)
+        t_records = new Records;
+    const HWND window = WindowTable::Instance().Add(queue);
+    const std::size_t slot = WindowTable::SlotOf(window);
+    auto& bySlot = t_records->bySlot;
+    bySlot.resize(std::max(bySlot.size(), slot + 1));
+    bySlot[slot] = new WindowRecord(window, queue, ++t_records->created);
+    return bySlot[slot];
+}
+
+RecordRef Find(HWND window) {
+    const std::size_t slot = WindowTable::SlotOf(window);
+    if (!t_records || slot >= t_records->bySlot.size())
+        return nullptr;
+    const RecordRef& record = t_records->bySlot[slot];
+    return record && record->handle == window ? record : nullptr;
+}
+
+std::vector<RecordRef> OwnWindows() {
+    std::vector<RecordRef> records;
+    if (t_records)
+        std::copy_if(t_records->bySlot.begin(), t_records->bySlot.end(), std::back_inserter(records),
+                     [](const RecordRef& record) { return record != nullptr; });
+    std::sort(records.begin(), records.end(), [](const RecordRef& left, const RecordRef& right) {
+        return left->creationNumber < right->creationNumber;
+    });
+    return records;
+}
+
+void RemoveOwnWindow(HWND window) {
+    const RecordRef record = Find(window);
+    if (!record)
+        return;
+    t_records->bySlot[WindowTable::SlotOf(window)] = nullptr;
+    WindowTable::Instance().Remove(window);
+}
+
+void EndOwnWindows() {
+    for (const RecordRef& record : OwnWindows()) {
+        ForgetWindow(*record);
+        RemoveOwnWindow(record->handle);
+    }
+    delete std::exchange(t_records, nullptr);
+}
+
+} // namespace korvel::internal
