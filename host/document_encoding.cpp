@@ -1,9 +1,9 @@
 #include "document_encoding.h"
 
+#include "blanks.h"
 #include "platform/code_page.h"
 #include "platform/utf8.h"
 #include "source_error.h"
-#include "source_scanner.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,5 +1,6 @@
 #include "document_reader.h"
 
+#include "blanks.h"
 #include "source_error.h"
 #include "source_file.h"
 

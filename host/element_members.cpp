@@ -1,5 +1,6 @@
 #include "element_members.h"
 
+#include "blanks.h"
 #include "number_reading.h"
 
 #include <algorithm>
@@ -31,18 +32,6 @@ std::string_view PrefixOf(std::string_view name) {
 
 bool DeclaresNamespace(std::string_view attribute) {
     return attribute == "xmlns" || PrefixOf(attribute) == "xmlns";
-}
-
-std::vector<std::string_view> SplitAtBlanks(std::string_view text) {
-    std::vector<std::string_view> words;
-    for (text = Trim(text); !text.empty(); text = Trim(text)) {
-        std::size_t end = 0;
-        while (end < text.size() && !IsBlank(text[end]))
-            ++end;
-        words.push_back(text.substr(0, end));
-        text.remove_prefix(end);
-    }
-    return words;
 }
 
 std::string JoinWithBlanks(const std::vector<std::string_view>& words) {
@@ -115,10 +104,11 @@ bool ElementMembers::IsTextElement(ElementIndex element) const {
     return attributes.empty() || (attributes.size() == 1 && attributes.front().name == "id");
 }
 
-bool ElementMembers::HasOwnName(ElementIndex element) const {
-    return std::any_of(NameAttributes.begin(), NameAttributes.end(), [&](std::string_view attribute) {
-        return !Trim(m_tree.FindAttribute(element, attribute)).empty();
-    });
+std::string_view ElementMembers::OwnName(ElementIndex element) const {
+    for (const std::string_view attribute : NameAttributes)
+        if (const std::string_view name = Trim(m_tree.FindAttribute(element, attribute)); !name.empty())
+            return name;
+    return {};
 }
 
 std::string ElementMembers::DisplayName(ElementIndex element) const {
@@ -127,13 +117,9 @@ std::string ElementMembers::DisplayName(ElementIndex element) const {
 
 MemberName ElementMembers::NameOfElement(ElementIndex element) const {
     std::string name = DisplayName(element);
-    for (const std::string_view attribute : NameAttributes) {
-        const std::string_view own = Trim(m_tree.FindAttribute(element, attribute));
-        if (own.empty())
-            continue;
+    if (const std::string_view own = OwnName(element); !own.empty()) {
         const DecodedText text = DecodeAttribute(own, LongestOwnName);
         name += ' ' + text.utf8 + (text.complete ? "" : "...");
-        break;
     }
     return {ToLibraryText(name).text, IsForeign(element) ? ForeignMark : ""};
 }

@@ -67,12 +67,13 @@ public:
     /// True when the value stands in the document as plain characters that could be replaced.
     bool IsReplaceable(ElementIndex owner, const Member& member) const;
 
-    bool HasOwnName(ElementIndex element) const;
+    bool HasOwnName(ElementIndex element) const { return !OwnName(element).empty(); }
     MemberName NameOfElement(ElementIndex element) const;
 
 private:
     static constexpr std::uint32_t WholeText = 0xFFFFFFFF;
 
+    std::string_view OwnName(ElementIndex element) const; // as written; empty: none
     void ListTextParts(ElementIndex owner, std::vector<Member>& members) const;
     bool IsTextElement(ElementIndex element) const;
     bool IsValidTextElement(ElementIndex element) const;

@@ -1,5 +1,7 @@
 #include "element_tree.h"
 
+#include "blanks.h"
+
 #include <algorithm>
 
 namespace korvel::inspector {

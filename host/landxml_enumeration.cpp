@@ -1,29 +1,21 @@
 #include "landxml_enumeration.h"
 
-#include "source_scanner.h"
+#include "blanks.h"
+#include "enum_position.h"
 
 #include <algorithm>
 
 namespace korvel::inspector {
 namespace {
 
-std::vector<std::string_view> Split(std::string_view text, char separator) {
-    std::vector<std::string_view> parts;
-    for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(text.find(separator, start), text.size());
-        parts.push_back(text.substr(start, end - start));
-        start = end + 1;
+std::vector<std::string> SplitAtBars(std::string_view text) {
+    std::vector<std::string> words;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('|'), text.size());
+        words.emplace_back(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
     }
-    return parts;
-}
-
-// Places count entries from 1, because the null position is the end.
-EnumPosition PositionOf(std::size_t entry) {
-    return reinterpret_cast<EnumPosition>(entry + 1);
-}
-
-std::size_t EntryAt(EnumPosition position) {
-    return reinterpret_cast<std::size_t>(position) - 1;
+    return words;
 }
 
 struct Definition {
@@ -139,17 +131,14 @@ std::vector<EnumerationUse> MakeUses() {
     std::vector<EnumerationUse> uses;
     for (const Definition& definition : Definitions) {
         enumerations.emplace_back(definition.words);
-        uses.push_back({&enumerations.back(), Split(definition.places, ' ')});
+        uses.push_back({&enumerations.back(), SplitAtBlanks(definition.places)});
     }
     return uses;
 }
 
 } // namespace
 
-Enumeration::Enumeration(std::string_view words) {
-    for (const std::string_view word : Split(words, '|'))
-        m_words.emplace_back(word);
-}
+Enumeration::Enumeration(std::string_view words) : m_words(SplitAtBars(words)) {}
 
 bool Enumeration::Holds(std::string_view text) const {
     return std::any_of(m_words.begin(), m_words.end(),
@@ -190,9 +179,9 @@ EnumPosition Enumeration::GetFirstPosition() {
 long Enumeration::GetNext(EnumPosition& position) {
     if (position == nullptr)
         return -1;
-    const std::size_t entry = EntryAt(position);
-    position = entry + 1 < m_words.size() ? PositionOf(entry + 1) : nullptr;
-    return static_cast<long>(entry);
+    const long entry = EntryAt(position);
+    position = IsEntry(entry + 1) ? PositionOf(entry + 1) : nullptr;
+    return entry;
 }
 
 bool Enumeration::IsValue(long id, const CVariantValue& value) {

@@ -1,5 +1,6 @@
 #include "landxml_scopes.h"
 
+#include "blanks.h"
 #include "source_text.h"
 
 #include <algorithm>
@@ -88,14 +89,9 @@ bool LandXmlScopes::NamesRailway(ElementIndex element) const {
         !name.empty() && m_railwayNames.contains(NameText(name)))
         return true;
     const std::string names = NameText(m_tree.FindAttribute(element, "alignmentRefs"));
-    std::string_view rest = Trim(names);
-    while (!rest.empty()) {
-        const std::size_t end = std::min(rest.find(' '), rest.size());
-        if (m_railwayNames.contains(std::string(rest.substr(0, end))))
-            return true;
-        rest = Trim(rest.substr(end));
-    }
-    return false;
+    const std::vector<std::string_view> words = SplitAtBlanks(names);
+    return std::any_of(words.begin(), words.end(),
+                       [&](std::string_view name) { return m_railwayNames.contains(std::string(name)); });
 }
 
 } // namespace korvel::inspector

@@ -1,5 +1,7 @@
 #include "landxml_types.h"
 
+#include "blanks.h"
+
 #include <algorithm>
 #include <array>
 #include <optional>
@@ -104,18 +106,11 @@ struct AttributeTypes {
     }
 };
 
-void AddWords(AttributeTypes& types, std::string_view words, ValueType type) {
-    while (!words.empty()) {
-        const std::size_t end = std::min(words.find(' '), words.size());
-        types.Add(words.substr(0, end), type);
-        words.remove_prefix(std::min(end + 1, words.size()));
-    }
-}
-
 AttributeTypes MakeAttributeTypes() {
     AttributeTypes types;
     for (const TypedAttributes& row : AttributeTable)
-        AddWords(types, row.attributes, {row.meaning, nullptr});
+        for (const std::string_view word : SplitAtBlanks(row.attributes))
+            types.Add(word, {row.meaning, nullptr});
     for (const EnumerationUse& use : EnumerationUses())
         for (const std::string_view place : use.places)
             types.Add(place, {Meaning::Enumeration, use.enumeration});

@@ -1,5 +1,6 @@
 #include "landxml_units.h"
 
+#include "blanks.h"
 #include "number_reading.h"
 
 #include <algorithm>
@@ -118,20 +119,7 @@ Unit ReadUnit(const ElementTree& tree, ElementIndex system, const UnitAttribute&
 
 // Some files have two blanks between the words.
 bool SameWords(std::string_view a, std::string_view b) {
-    const auto next = [](std::string_view& text) {
-        text = Trim(text);
-        const std::size_t end = std::min(text.find(' '), text.size());
-        const std::string_view word = text.substr(0, end);
-        text.remove_prefix(end);
-        return word;
-    };
-    while (true) {
-        const std::string_view word = next(a);
-        if (word != next(b))
-            return false;
-        if (word.empty())
-            return true;
-    }
+    return SplitAtBlanks(a) == SplitAtBlanks(b);
 }
 
 std::optional<AngleUnit> ReadAngleUnit(const ElementTree& tree, ElementIndex system,
@@ -148,6 +136,7 @@ std::optional<AngleUnit> ReadAngleUnit(const ElementTree& tree, ElementIndex sys
 // Degrees from "ddd.mmss" with more digits of the second behind. Read from the digits, as 45.30 stored in
 // binary can fall short of 30 minutes.
 std::optional<double> DegreesOfMinutesSeconds(std::string_view text) {
+    text = Trim(text);
     if (text.find_first_of("eE") != std::string_view::npos || !ReadDouble(text))
         return std::nullopt;
     const std::size_t point = std::min(text.find('.'), text.size());

@@ -1,18 +1,11 @@
 #include "list_enumeration.h"
 
+#include "enum_position.h"
+
 #include <algorithm>
 
 namespace korvel::inspector {
 namespace {
-
-// Places count entries from 1, because the null position is the end.
-EnumPosition PositionOf(long id) {
-    return reinterpret_cast<EnumPosition>(static_cast<std::uintptr_t>(id) + 1);
-}
-
-long EntryAt(EnumPosition position) {
-    return static_cast<long>(reinterpret_cast<std::uintptr_t>(position) - 1);
-}
 
 void Mark(std::string& marks, long id, char mark) {
     const auto place = static_cast<std::size_t>(id);

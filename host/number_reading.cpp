@@ -1,7 +1,7 @@
 #include "number_reading.h"
 
+#include "blanks.h"
 #include "platform/calendar.h"
-#include "source_scanner.h"
 
 #include <algorithm>
 #include <charconv>
@@ -18,9 +18,10 @@ std::string_view WithoutPlus(std::string_view text) {
 
 // A number of exactly `count` digits at the front of `text`, which moves behind it; -1 when there is none.
 int TakeDigits(std::string_view& text, std::size_t count) {
+    if (text.size() < count)
+        return -1;
     int number = 0;
-    const auto [end, error] =
-        std::from_chars(text.data(), text.data() + std::min(count, text.size()), number);
+    const auto [end, error] = std::from_chars(text.data(), text.data() + count, number);
     if (error != std::errc() || end != text.data() + count || text[0] == '-')
         return -1;
     text.remove_prefix(count);

@@ -1,5 +1,6 @@
 #include "source_scanner.h"
 
+#include "blanks.h"
 #include "source_error.h"
 
 #include <algorithm>
@@ -18,14 +19,6 @@ bool ContinuesName(char c) {
 }
 
 } // namespace
-
-std::string_view Trim(std::string_view text) {
-    while (!text.empty() && IsBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
 
 char32_t ReferencedCharacter(std::string_view reference) {
     struct NamedCharacter {

@@ -15,13 +15,6 @@ struct AttributeSource {
 inline constexpr std::size_t LongestName = 1000;
 inline constexpr std::size_t LongestAttribute = 10'000'000;
 
-inline bool IsBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
-/// `text` without the blanks around it.
-std::string_view Trim(std::string_view text);
-
 /// Moves through the text of a document and reads the pieces that XML is made of, strictly: whatever is not
 /// well-formed throws SourceError with its place.
 class SourceScanner {

@@ -130,7 +130,7 @@ private:
             return ReadNumber(DT_Double, {}, shown);
         if (IsNotFinite(m_utf8))
             return Valid(OfText(DT_String, shown));
-        const std::optional<double> radians = RadiansOf(Trim(m_utf8), *unit);
+        const std::optional<double> radians = RadiansOf(m_utf8, *unit);
         if (!radians)
             return std::nullopt;
         return Valid(OfDouble(DT_AngleDouble, *radians));

@@ -30,8 +30,8 @@ struct TypedValue {
 ///     "100.5", Length, linearUnit "meter"    -> DT_LengthDouble 100.5
 ///     "100.5", Length, linearUnit "foot"     -> DT_Double 100.5, unit "ft"
 ///     "200", Angle, angularUnit "grads"      -> DT_AngleDouble, pi
-///     "INF", Length                          -> DT_String "INF": valid, but no number that could be
-///     formatted "abc", Length                          -> DT_String "abc", not valid
+///     "INF", Length                          -> DT_String "INF": valid, but no number to be formatted
+///     "abc", Length                          -> DT_String "abc", not valid
 TypedValue ReadValue(const ValueType& type, const DecodedText& text, const ValuePlace& place);
 
 } // namespace korvel::inspector

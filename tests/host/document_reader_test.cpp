@@ -1,4 +1,5 @@
 #include "../platform/scratch.h"
+#include "blanks.h"
 #include "document_reader.h"
 #include "source_error.h"
 #include "source_file.h"
