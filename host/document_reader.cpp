@@ -5,6 +5,7 @@
 #include "source_file.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace korvel::inspector {
@@ -38,6 +39,8 @@ public:
     explicit DocumentReader(std::string source) {
         m_tree.m_source = std::move(source);
         m_source = m_tree.m_source;
+        if (m_source.size() >= std::numeric_limits<std::uint32_t>::max()) // of offsets; UTF-8 may be longer
+            m_scanner.Fail(0, "the document is larger than 4 GB in UTF-8");
         m_scanner = SourceScanner(m_source);
         m_tree.m_elements.reserve(CountStartTags(m_source));
     }

@@ -22,7 +22,7 @@ constexpr std::array<std::string_view, 2> TextElements = {"P", "F"};
 constexpr std::string_view KnownNamespaces[] = {
     "http://www.landxml.org/schema/LandXML-1.0", "http://www.landxml.org/schema/LandXML-1.1",
     "http://www.landxml.org/schema/LandXML-1.2", "http://www.landxml.org/schema/LandXML-2.0",
-    "http://www.inframodel.fi/inframodel",
+    "http://www.inframodel.fi/inframodel",       "http://buildingsmart.fi/inframodel/404",
 };
 
 std::string_view PrefixOf(std::string_view name) {

@@ -110,6 +110,8 @@ bool SourceScanner::NextAttribute(AttributeSource& attribute) {
 std::string_view SourceScanner::CharacterData() {
     const std::size_t end = std::min(m_text.find('<', m_position), m_text.size());
     const std::string_view data = m_text.substr(m_position, end - m_position);
+    if (const std::size_t section = data.find("]]>"); section != std::string_view::npos)
+        Fail(m_position + section, "']]>' ends no character section");
     CheckReferences(data);
     m_position = end;
     return data;

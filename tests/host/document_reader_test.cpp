@@ -69,6 +69,7 @@ const BadDocument Refused[] = {
     {"EndWithoutStart", "<a/></a>", 1, 5, "'a' is closed but not open"},
     {"SecondRoot", "<a/>\n<b/>", 2, 1, "a second root element"},
     {"TextBehindRoot", "<a/>\n x", 2, 2, "text outside the root element"},
+    {"EndOfSectionInText", "<a>x]]></a>", 1, 5, "ends no character section"},
     {"SectionOutside", "<![CDATA[x]]><a/>", 1, 1, "text outside the root element"},
     {"LateDeclaration", "\n<?xml version='1.0'?><a/>", 2, 3, "does not stand at the beginning"},
     {"AttributeTwice", "<a b='1' c='' b='2'/>", 1, 15, "the attribute 'b' stands here twice"},

@@ -155,6 +155,7 @@ TEST_F(LandXmlDocumentTest, ShowsUnknownVersionsReadOnly) {
         {"<LandXML version='1.2' xmlns='http://www.landxml.org/schema/LandXML-1.0'/>", {}},
         {"<l:LandXML version='1.2' xmlns:l='http://www.landxml.org/schema/LandXML-2.0'/>", {}},
         {"<LandXML version='1.2' xmlns='http://www.inframodel.fi/inframodel'/>", {}},
+        {"<LandXML version='1.2' xmlns='http://buildingsmart.fi/inframodel/404'/>", {}},
         {"<LandXML version='1.2' xmlns='LandXML-99.0'/>",
          {"unknown LandXML version 'LandXML-99.0': shown, but read-only"}},
         {"<html version='1.2'/>", {"no LandXML document, its root element is 'html': shown, but read-only"}},
