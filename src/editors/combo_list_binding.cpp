@@ -136,6 +136,7 @@ void CComboList::Reset() {
     while (GetColumnCount() > 0) {
         DeleteColumn(0);
     }
+    m_TypeAhead = {};
     m_strValueName.clear();
     m_pDisp = nullptr;
     m_strMemberName.clear();
