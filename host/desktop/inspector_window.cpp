@@ -14,7 +14,6 @@
 #include <QLabel>
 #include <QLocale>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
 #include <QStackedWidget>
@@ -78,7 +77,8 @@ void InspectorWindow::MakeMenus() {
     QAction* quit = file->addAction(QString::fromUtf8(texts.quit), this, [this] { close(); });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
     QMenu* view = menuBar()->addMenu(QString::fromUtf8(texts.viewMenu));
-    m_listsAction = view->addAction(QString::fromUtf8(texts.lists), this, [this] { ShowLists(); });
+    m_listsAction =
+        view->addAction(QString::fromUtf8(texts.lists), this, [this] { Try([this] { ShowLists(); }); });
     m_listsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     m_listsAction->setEnabled(false);
     QMenu* help = menuBar()->addMenu(QString::fromUtf8(texts.helpMenu));
@@ -98,30 +98,37 @@ void InspectorWindow::Open(const std::string& path) {
 }
 
 void InspectorWindow::OpenOrTell(const std::string& path) {
+    Try([&] { Open(path); });
+}
+
+void InspectorWindow::Warn(const std::string& text) {
+    Tell(QMessageBox::Warning, QString::fromStdString(text));
+}
+
+void InspectorWindow::Tell(QMessageBox::Icon icon, const QString& text) {
+    QMessageBox box(icon, QGuiApplication::applicationDisplayName(), text, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+void InspectorWindow::Try(const std::function<void()>& action) {
     QString failure;
     try {
-        Open(path);
+        action();
     } catch (const DocumentError& error) {
         failure = QString::fromStdString(error.Utf8Text());
     } catch (const std::exception& error) {
         failure = QString::fromStdString(platform::ToUtf8(error.what()));
     }
     if (!failure.isEmpty())
-        QMessageBox(QMessageBox::Critical, QGuiApplication::applicationDisplayName(), failure,
-                    QMessageBox::Ok, this)
-            .exec();
-}
-
-void InspectorWindow::Warn(const std::string& text) {
-    QMessageBox(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), QString::fromStdString(text),
-                QMessageBox::Ok, this)
-        .exec();
+        Tell(QMessageBox::Critical, failure);
 }
 
 void InspectorWindow::ShowStatus(const std::string& path) {
     const ProgramTexts& texts = TheProgramTexts();
     const QFileInfo file(QFile::decodeName(path.c_str()));
-    setWindowTitle(file.fileName() + QStringLiteral(" – ") + QGuiApplication::applicationDisplayName());
+    setWindowTitle(file.fileName()); // Qt adds the name of the program
+    m_folder = file.absolutePath();
     const GridPane::Counts counts = m_pane->Count();
     const QLocale locale;
     QString status = QString::fromUtf8(texts.counts)
@@ -139,7 +146,7 @@ void InspectorWindow::ChooseFile() {
     const QString filter = QStringLiteral("%1 (*.xml *.XML);;%2 (*)")
                                .arg(QString::fromUtf8(texts.landXmlFiles), QString::fromUtf8(texts.allFiles));
     const QString path =
-        QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption), QString(), filter);
+        QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption), m_folder, filter);
     if (!path.isEmpty())
         OpenOrTell(QFile::encodeName(path).toStdString());
 }
@@ -149,7 +156,10 @@ void InspectorWindow::ShowLists() {
         const WaitCursor wait;
         m_lists = std::make_unique<ListsWindow>(*m_document, *m_pane);
     }
-    m_lists->Show();
+    if (m_lists->HasLists())
+        m_lists->Show();
+    else
+        Tell(QMessageBox::Information, QString::fromUtf8(TheProgramTexts().noLists));
 }
 
 void InspectorWindow::TellAbout() {

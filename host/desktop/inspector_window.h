@@ -5,6 +5,8 @@
 #include "landxml_document.h"
 
 #include <QMainWindow>
+#include <QMessageBox>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -35,6 +37,9 @@ protected:
 
 private:
     void MakeMenus();
+    void Tell(QMessageBox::Icon icon, const QString& text);
+    /// A box tells what went wrong.
+    void Try(const std::function<void()>& action);
     void ChooseFile();
     void ShowLists();
     void TellAbout();
@@ -47,6 +52,7 @@ private:
     QAction* m_listsAction = nullptr;
     QStackedWidget* m_pages = nullptr;
     QLabel* m_status = nullptr;
+    QString m_folder; // of the open document
 };
 
 } // namespace korvel::inspector

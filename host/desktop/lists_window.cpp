@@ -11,15 +11,12 @@ namespace korvel::inspector {
 namespace {
 
 constexpr const char* pictureFolder = ":/pictures"; // in the program itself
-constexpr int width = 560;
-constexpr int height = 460;
+constexpr int smallestWidth = 560;
+constexpr int firstListHeight = 320;
+constexpr int smallestList = 60;
 constexpr int margin = 10;
-constexpr int line = 24;
 constexpr int gap = 8;
 constexpr int textDrop = 5; // text stands at the top of its rectangle, in fields in the middle
-constexpr int labelWidth = 60;
-constexpr int comboWidth = 280;
-constexpr int smallestList = 60;
 constexpr UINT refreshChoice = WM_USER;
 
 enum ControlId { TitleId = 201, TreeId, ListId, ValueId };
@@ -32,6 +29,14 @@ std::string InCodePage(std::string_view utf8) {
 std::string Plain(std::string text) {
     ReplaceFirst(text, "&", "");
     return text;
+}
+
+int LineHeight() {
+    return GetSystemMetrics(SM_KORVEL_TEXTHEIGHT) + 2 * textDrop;
+}
+
+int WidthOf(const std::string& text) {
+    return Display().TextWidth(text) + gap;
 }
 
 std::vector<std::string> TitlesOf(const std::deque<DocumentList>& lists) {
@@ -50,15 +55,37 @@ std::string UseText(std::size_t count) {
     return text;
 }
 
+/// What the font of the desktop makes of the sizes of the window and its parts.
+struct Sizes {
+    int line = LineHeight();
+    int label = 0;
+    int combo = 0;
+    int width = 0;
+    int height = firstListHeight + 2 * margin + 4 * line + 3 * gap;
+};
+
+Sizes TheSizes() {
+    const ProgramTexts& texts = TheProgramTexts();
+    constexpr std::size_t manyTimes = 99'999;
+    Sizes sizes;
+    sizes.label =
+        std::max(WidthOf(InCodePage(texts.listOfLists)), WidthOf(InCodePage(texts.valueOfList))) + gap;
+    const int beside = std::max(sizes.line + WidthOf(InCodePage(texts.asTree)), WidthOf(UseText(manyTimes)));
+    sizes.width = std::max(smallestWidth, WidthOf(InCodePage(texts.listHelp)) + 2 * margin);
+    sizes.combo = sizes.width - 2 * margin - sizes.label - gap - beside;
+    return sizes;
+}
+
 } // namespace
 
 ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner) : m_lists(document, pictureFolder) {
     const CRect around = korvel::GetWindowRect(GetTopLevelParent(owner.m_hWnd));
-    const int left = around.left + std::max(0, (around.Width() - width) / 2);
-    const int top = around.top + std::max(0, (around.Height() - height) / 2);
+    const Sizes sizes = TheSizes();
+    const int left = around.left + std::max(0, (around.Width() - sizes.width) / 2);
+    const int top = around.top + std::max(0, (around.Height() - sizes.height) / 2);
     const std::string caption = Plain(InCodePage(TheProgramTexts().lists));
-    CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW, {left, top, left + width, top + height},
-             &owner, 0);
+    CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW,
+             {left, top, left + sizes.width, top + sizes.height}, &owner, 0);
     CreateControls();
     m_titles = std::make_unique<ListEnumeration>(TitlesOf(m_lists.All()), 0);
     m_title.Show(m_titles->Selected({0}));
@@ -73,8 +100,8 @@ void ListsWindow::Show() {
 void ListsWindow::CreateControls() {
     const ProgramTexts& texts = TheProgramTexts();
     constexpr UINT visible = WS_CHILD | WS_VISIBLE;
-    constexpr int comboLeft = margin + labelWidth;
-    constexpr CRect combo = {comboLeft, margin, comboLeft + comboWidth, margin + line};
+    const Sizes sizes = TheSizes();
+    const CRect combo = {0, 0, sizes.combo, sizes.line};
     m_titleLabel.Create(InCodePage(texts.listOfLists), visible, {}, this, 0);
     m_title.Create(combo, this, TitleId);
     m_asTree.Create(InCodePage(texts.asTree), visible | WS_TABSTOP | BS_AUTOCHECKBOX, {}, this, TreeId);
@@ -99,20 +126,24 @@ void ListsWindow::CreateList() {
 
 void ListsWindow::Place() {
     const CRect room = GetClientRect();
+    const Sizes sizes = TheSizes();
+    const int line = sizes.line;
     const int right = room.right - margin;
-    const int afterCombo = margin + labelWidth + comboWidth + gap;
+    const int comboLeft = margin + sizes.label;
+    const int comboRight = comboLeft + sizes.combo;
     const auto across = [&](int top) { return CRect{margin, top, right, top + line}; };
-    const auto label = [](int top) { return CRect{margin, top + textDrop, margin + labelWidth, top + line}; };
-    const auto beside = [&](int top) { return CRect{afterCombo, top, right, top + line}; };
+    const auto label = [&](int top) { return CRect{margin, top + textDrop, comboLeft, top + line}; };
+    const auto combo = [&](int top) { return CRect{comboLeft, top, comboRight, top + line}; };
+    const auto beside = [&](int top) { return CRect{comboRight + gap, top, right, top + line}; };
     m_titleLabel.MoveWindow(label(margin));
-    m_title.MoveWindow({margin + labelWidth, margin, afterCombo - gap, margin + line});
+    m_title.MoveWindow(combo(margin));
     m_asTree.MoveWindow(beside(margin));
     const int listTop = margin + line + gap;
     const int listBottom = std::max(room.bottom - margin - 3 * line - 2 * gap, listTop + smallestList);
     m_list->MoveWindow({margin, listTop, right, listBottom});
     const int valueTop = listBottom + gap;
     m_valueLabel.MoveWindow(label(valueTop));
-    m_value.MoveWindow({margin + labelWidth, valueTop, afterCombo - gap, valueTop + line});
+    m_value.MoveWindow(combo(valueTop));
     m_use.MoveWindow(beside(valueTop + textDrop));
     m_help.MoveWindow(across(valueTop + line + gap));
     m_notice.MoveWindow(across(valueTop + 2 * line + gap));
@@ -124,10 +155,8 @@ DocumentList* ListsWindow::Shown() {
 
 void ListsWindow::ShowList() {
     DocumentList* const list = Shown();
-    if (!list) {
-        m_use.SetWindowTextA(InCodePage(TheProgramTexts().noLists));
+    if (!list)
         return;
-    }
     list->words.SetFlags((list->words.GetEnumFlags() & ~std::uint32_t{ENF_Tree}) | TreeFlag());
     list->words.SetChanged([this] { OnWordsChanged(); });
     m_list->Initialize(InCodePage(TheProgramTexts().newValue), list->used);
@@ -172,7 +201,8 @@ LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     if (message == refreshChoice) {
         m_isRefreshing = false;
-        ShowChoice(ListEnumeration::FirstSelected(m_value.Value()));
+        if (Shown())
+            ShowChoice(ListEnumeration::FirstSelected(m_value.Value()));
         return 0;
     }
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
@@ -200,10 +230,10 @@ bool ListsWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     const int id = LOWORD(wParam);
     const UINT code = HIWORD(wParam);
     if (id == TitleId && code == ComboListChanged) {
-        const auto chosen = static_cast<std::size_t>(ListEnumeration::FirstSelected(m_title.Value()));
-        if (chosen != m_shown) {
+        const long chosen = ListEnumeration::FirstSelected(m_title.Value());
+        if (chosen != -1 && static_cast<std::size_t>(chosen) != m_shown) {
             KeepChecks();
-            m_shown = chosen;
+            m_shown = static_cast<std::size_t>(chosen);
             ShowList();
         }
         return true;

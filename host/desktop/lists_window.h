@@ -19,6 +19,8 @@ public:
     ListsWindow(const LandXmlDocument& document, CWnd& owner);
     ~ListsWindow() override { DestroyWindow(); } // while what its windows tell can still be heard
 
+    bool HasLists() { return !m_lists.All().empty(); }
+    /// Only where there are lists.
     void Show();
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;

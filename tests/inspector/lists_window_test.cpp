@@ -1,0 +1,176 @@
+#include "../platform/scratch.h"
+#include "desktop/lists_window.h"
+#include "landxml_document.h"
+#include "qt/qt_display.h"
+#include "values/text_table.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QTest>
+#include <fstream>
+#include <gmock/gmock.h>
+
+namespace korvel::inspector {
+
+namespace {
+
+constexpr int titleId = 201;
+constexpr int treeId = 202;
+constexpr int listId = 203;
+constexpr int valueId = 204;
+constexpr int fieldId = 108;
+
+/// The window "Lists" of a document that uses three of them, on a desktop.
+class ListsWindowTest : public testing::Test {
+protected:
+    ListsWindowTest() {
+        SetDisplay(&m_display);
+        m_owner.CreateEx(0, "KorvelFrame", "", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {20, 20, 220, 120}, nullptr,
+                         0);
+    }
+    void Open(const char* language) {
+        SetLanguageForThisRun(language);
+        const std::string path = m_folder.Path() / "lists.xml";
+        std::ofstream(path) << "<LandXML><Curve rot='cw' crvType='arc'/><Curve rot='cw'/>"
+                               "<Parcel state='existing'/></LandXML>";
+        const LandXmlDocument document(path, {});
+        m_lists = std::make_unique<ListsWindow>(document, m_owner);
+        m_lists->Show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(Widget(m_lists->m_hWnd)));
+    }
+    QWidget* Widget(HWND window) const { return m_display.WidgetOf(window); }
+    HWND Child(int id) const { return GetDlgItem(m_lists->m_hWnd, id); }
+    HWND Field(int id) const { return GetDlgItem(Child(id), fieldId); }
+    std::string Text(int id) const { return korvel::GetWindowTextA(Field(id)); }
+    std::string Use() const {
+        const auto labels = Widget(m_lists->m_hWnd)->findChildren<QLabel*>();
+        const auto use = std::ranges::find_if(labels, [](const QLabel* label) {
+            return label->text().contains(QRegularExpression("^(not )?used"));
+        });
+        return use == labels.end() ? "" : (*use)->text().toStdString();
+    }
+    void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
+    /// Chooses the entry that begins with a letter.
+    void Choose(int id, Qt::Key letter) const {
+        SetFocus(Child(id));
+        Press(letter);
+        Press(Qt::Key_Return);
+    }
+    /// The list that has dropped, or null.
+    static QWidget* Dropped() {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (window->windowType() == Qt::ToolTip && window->isVisible())
+                return window;
+        return nullptr;
+    }
+    CComboList& List() { return dynamic_cast<CComboList&>(*CWnd::FromHandlePermanent(Child(listId))); }
+    std::string Rows() {
+        std::string rows;
+        for (int row = 0; row < List().GetItemCount(); ++row) {
+            const CComboList::CTreeItem& item = *List().GetTreeItem(row);
+            rows += (item.GetChecked() > 0 ? "+" : "-") + item.GetLabel() + ";";
+        }
+        return rows;
+    }
+
+    platform::ScratchFolder m_folder;
+    qt::QtDisplay m_display;
+    CWnd m_owner;
+    std::unique_ptr<ListsWindow> m_lists;
+};
+
+TEST_F(ListsWindowTest, ADroppedListEndsWithWhateverTheUserDoesElsewhere) {
+    Open("English");
+    const int bottom = GetSystemMetrics(SM_CYSCREEN);
+    m_lists->MoveWindow({40, bottom - 60, 640, bottom + 400}); // the list has no room below
+    QTest::qWait(50);                                          // a window manager follows later
+    struct Case {
+        const char* name;
+        std::function<void()> act;
+        bool taken;
+    };
+    const Case cases[] = {
+        {"Return", [&] { Press(Qt::Key_Return); }, true},
+        {"Escape", [&] { Press(Qt::Key_Escape); }, false},
+        {"F4", [&] { Press(Qt::Key_F4); }, true},
+        {"a press elsewhere in the window",
+         [&] {
+             QTest::mouseClick(Widget(m_lists->m_hWnd), Qt::LeftButton, {}, {2, 2});
+         },
+         true},
+        {"a press on the arrow",
+         [&] { QTest::mouseClick(Widget(GetDlgItem(Child(titleId), 107)), Qt::LeftButton); }, true},
+        {"the window moves",
+         [&] { Widget(m_lists->m_hWnd)->move(Widget(m_lists->m_hWnd)->pos() + QPoint(5, 0)); }, true},
+        {"the focus goes", [&] { Press(Qt::Key_Tab); }, true},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
+        Choose(titleId, Qt::Key_C);
+        ASSERT_EQ(Text(titleId), "Curve crvType");
+        Press(Qt::Key_Down); // drops the list
+        Press(Qt::Key_Down);
+        ASSERT_EQ(Text(titleId), "Parcel state");
+        ASSERT_NE(Dropped(), nullptr);
+        const QWidget* combo = Widget(Child(titleId))->parentWidget(); // with its border
+        EXPECT_EQ(Dropped()->geometry().y(), combo->mapToGlobal(QPoint(0, combo->height())).y());
+        EXPECT_EQ(GetFocus(), Field(titleId));
+        row.act();
+        QApplication::processEvents();
+        EXPECT_EQ(Dropped(), nullptr);
+        EXPECT_EQ(Text(titleId), row.taken ? "Parcel state" : "Curve crvType");
+    }
+}
+
+TEST_F(ListsWindowTest, ChangesStayWhileOtherListsAreShown) {
+    Open("English");
+    Choose(titleId, Qt::Key_R);
+    EXPECT_EQ(Rows(), "+cw;-ccw;");
+    EXPECT_EQ(Text(valueId), "cw");
+    EXPECT_EQ(Use(), "used 2 times");
+    SetFocus(List().m_hWnd);
+    Press(Qt::Key_Down);
+    Press(Qt::Key_Space);
+    List().SendMessageA(WM_COMMAND, ComboCommandAddRootItem);
+    QTest::mouseClick(Widget(Child(treeId)), Qt::LeftButton, {}, {8, 8});
+    Choose(titleId, Qt::Key_P);
+    EXPECT_EQ(Text(titleId), "Parcel state") << "letters typed for a list that is closed begin no search";
+    Choose(titleId, Qt::Key_R);
+    EXPECT_EQ(Rows(), "+cw;+ccw;-new value;");
+    EXPECT_TRUE(List().HasTree());
+    Choose(valueId, Qt::Key_N);
+    EXPECT_EQ(Text(valueId), "new value");
+    EXPECT_EQ(Use(), "not used");
+    SetFocus(List().m_hWnd);
+    List().SetCurrentRow(2);
+    List().SendMessageA(WM_COMMAND, ComboCommandDelete);
+    QApplication::processEvents();
+    EXPECT_EQ(Text(valueId), "") << "the chosen value is gone";
+    EXPECT_EQ(Use(), "");
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(m_lists->IsWindowVisible());
+}
+
+TEST_F(ListsWindowTest, ItsTextsFitInEachLanguageAndFont) {
+    const QFont font = QApplication::font();
+    for (const char* language : {"English", "German"}) {
+        for (const int size : {9, 18}) {
+            QApplication::setFont(QFont(font.family(), size));
+            Open(language);
+            for (const QLabel* label : Widget(m_lists->m_hWnd)->findChildren<QLabel*>()) {
+                const QSize needed = label->fontMetrics().size(0, label->text());
+                EXPECT_LE(needed.width(), label->width()) << label->text().toStdString();
+                EXPECT_LE(needed.height(), label->height()) << label->text().toStdString();
+            }
+            const auto* tree = Widget(m_lists->m_hWnd)->findChild<QCheckBox*>();
+            EXPECT_LE(tree->sizeHint().width(), tree->width());
+        }
+    }
+    QApplication::setFont(font);
+}
+
+} // namespace
+
+} // namespace korvel::inspector
