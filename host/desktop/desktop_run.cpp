@@ -22,9 +22,14 @@ namespace korvel::inspector {
 
 namespace {
 
-// A platform that the user chose for Qt counts as a screen.
-bool HasScreen() {
-    return platform::HasScreen() || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+constexpr const char* platformVariable = "QT_QPA_PLATFORM";
+
+// The display that the session names need not answer: then Qt takes the next one here.
+void ChoosePlatform(bool onScreen) {
+    if (!onScreen)
+        qputenv(platformVariable, "offscreen");
+    else if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !qEnvironmentVariableIsEmpty("DISPLAY"))
+        qputenv(platformVariable, "xcb;offscreen");
 }
 
 std::string PictureBeside(const std::string& file) {
@@ -82,18 +87,22 @@ int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::
 } // namespace
 
 int RunOnDesktop(const Options& options, const std::string& notice) {
-    const bool picture = !options.screenshot.empty() || !HasScreen();
-    if (picture && options.screenshot.empty() && options.file.empty())
-        throw UsageError("there is no screen, and no file to make a picture of");
-    if (picture) {
+    // A platform that the user chose for Qt counts as a screen.
+    const bool isChosen = !qEnvironmentVariableIsEmpty(platformVariable);
+    const bool onScreen = options.screenshot.empty() && (isChosen || platform::HasScreen());
+    if (!onScreen)
         qInstallMessageHandler(KeepQuiet);
-        if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-    }
+    if (!isChosen)
+        ChoosePlatform(onScreen);
     int count = 1;
     char name[] = "inspector";
     char* arguments[] = {name, nullptr};
     QApplication application(count, arguments);
+    const bool picture = !onScreen || (!isChosen && QApplication::platformName() == u"offscreen");
+    if (picture && options.screenshot.empty() && options.file.empty())
+        throw UsageError("there is no screen, and no file to make a picture of");
+    if (!isChosen)
+        qunsetenv(platformVariable); // not for the programs that are started from here
     std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written
     QApplication::setApplicationDisplayName(QString::fromUtf8(TheProgramTexts().programName));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
