@@ -205,10 +205,23 @@ LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
             ShowChoice(ListEnumeration::FirstSelected(m_value.Value()));
         return 0;
     }
+    if (message == WM_CONTEXTMENU && lParam == MAKELPARAM(-1, -1)) {
+        ShowListMenu();
+        return 0;
+    }
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
     if (message == WM_SIZE && m_list)
         Place();
     return result;
+}
+
+// The list has a menu at a press of the mouse; the key for menus means the row that the keyboard is at.
+void ListsWindow::ShowListMenu() {
+    if (GetFocus() != m_list->m_hWnd)
+        return;
+    m_list->EnsureVisible(m_list->GetCurrentRow(), false);
+    const CRect label = m_list->GetRectLabel(m_list->GetCurrentRow());
+    m_list->SendMessageA(WM_RBUTTONDOWN, 0, MAKELPARAM(label.left, std::max(0, label.bottom - 1)));
 }
 
 bool ListsWindow::PreTranslateMessage(MSG& message) {

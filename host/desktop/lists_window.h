@@ -37,6 +37,7 @@ private:
     bool IsTree() const { return m_asTree.GetCheck() != 0; }
     std::uint32_t TreeFlag() const { return IsTree() ? std::uint32_t{ENF_Tree} : 0; }
     void ShowList();
+    void ShowListMenu();
     void KeepChecks();
     void OnWordsChanged();
     void ShowChoice(long id);
