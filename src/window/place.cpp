@@ -3,6 +3,7 @@
 #include "window/desktop.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace korvel {
 
@@ -19,6 +20,13 @@ int EdgeWidth(const WindowRecord& record) {
     const bool border = (record.style & WS_CAPTION) == WS_BORDER;
     const bool edge = (record.exStyle & WS_EX_CLIENTEDGE) != 0;
     return (border ? BorderWidth : 0) + (edge ? ClientEdgeWidth : 0);
+}
+
+// Points come from anywhere: what lies beyond the numbers of a coordinate is held at their border.
+CPoint Held(std::int64_t x, std::int64_t y) {
+    using Limits = std::numeric_limits<int>;
+    return {static_cast<int>(std::clamp<std::int64_t>(x, Limits::min(), Limits::max())),
+            static_cast<int>(std::clamp<std::int64_t>(y, Limits::min(), Limits::max()))};
 }
 
 CRect WithoutInsets(CRect rect, const CRect& insets) {
@@ -40,8 +48,9 @@ bool MoveWindow(HWND window, const CRect& rect, bool /*repaint*/) {
 
 bool SetWindowPos(HWND window, HWND /*insertAfter*/, const CRect& rect, UINT flags) {
     return OnOwner(window, [&](WindowRecord& record) {
-        const CPoint corner = flags & SWP_NOMOVE ? record.rect.TopLeft() : rect.TopLeft();
-        const CRect size = flags & SWP_NOSIZE ? record.rect : Placeable(rect);
+        const CRect wanted = Placeable(rect);
+        const CPoint corner = flags & SWP_NOMOVE ? record.rect.TopLeft() : wanted.TopLeft();
+        const CRect size = flags & SWP_NOSIZE ? record.rect : wanted;
         Place(record, {corner.x, corner.y, corner.x + size.Width(), corner.y + size.Height()},
               PlaceOrigin::Program);
         if (flags & SWP_HIDEWINDOW)
@@ -77,7 +86,7 @@ CPoint ClientToScreen(HWND window, CPoint point) {
 CPoint ScreenToClient(HWND window, CPoint point) {
     return OnOwner(window, [&](WindowRecord& record) {
         const CPoint origin = ClientToScreen(record.handle, {});
-        return CPoint{point.x - origin.x, point.y - origin.y};
+        return Held(std::int64_t{point.x} - origin.x, std::int64_t{point.y} - origin.y);
     });
 }
 
@@ -101,12 +110,14 @@ CRect ClientArea(const WindowRecord& record) {
 }
 
 CPoint ScreenPointInMemory(HWND window, CPoint client) {
+    std::int64_t x = client.x;
+    std::int64_t y = client.y;
     for (RecordRef record = Find(window); record; record = Find(record->parent)) {
         const CRect area = ClientArea(*record);
-        client.x += record->rect.left + area.left;
-        client.y += record->rect.top + area.top;
+        x += record->rect.left + area.left;
+        y += record->rect.top + area.top;
     }
-    return client;
+    return Held(x, y);
 }
 
 void TellSize(const WindowRecord& record) {

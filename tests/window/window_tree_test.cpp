@@ -145,6 +145,10 @@ TEST_F(WindowTreeTest, KeepsExtremeRectanglesComputable) {
     const HWND frame = CreateWindowExA(0, "KorvelFrame", "", 0, {Least, Least, Most, Most}, nullptr, 0);
     SetWindowPos(frame, nullptr, {Most, Most, Least, Least}, 0);
     EXPECT_TRUE(GetClientRect(frame).IsRectEmpty());
+    SetWindowPos(frame, nullptr, {0, 0, 100, 100}, 0);
+    SetWindowPos(frame, nullptr, {Most, Most, 0, 0}, SWP_NOSIZE);
+    EXPECT_EQ(ClientToScreen(frame, {Most, Most}), (CPoint{Most, Most}));
+    EXPECT_EQ(ScreenToClient(frame, {Least, Least}), (CPoint{Least, Least}));
     DestroyWindow(frame);
 }
 
