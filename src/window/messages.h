@@ -118,6 +118,7 @@ inline constexpr UINT WS_OVERLAPPEDWINDOW = 0x00CF0000;
 inline constexpr UINT WS_EX_TOPMOST = 0x00000008;
 inline constexpr UINT WS_EX_TOOLWINDOW = 0x00000080;
 inline constexpr UINT WS_EX_CLIENTEDGE = 0x00000200;
+inline constexpr UINT WS_EX_CONTROLPARENT = 0x00010000;
 inline constexpr UINT WS_EX_NOACTIVATE = 0x08000000;
 
 // ShowWindow, SetWindowPos, RedrawWindow, SetWindowLongPtrA.

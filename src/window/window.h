@@ -83,8 +83,9 @@ KORVEL_API HWND GetDlgItem(HWND parent, int id);
 KORVEL_API int GetDlgCtrlID(HWND window);
 KORVEL_API HWND GetFirstChild(HWND window);
 KORVEL_API HWND GetNextSibling(HWND window);
-/// The next (previous) visible, enabled descendant of `parent` with WS_TABSTOP, going round; `from` may be
-/// null.
+/// The next (previous) visible, enabled control of `parent` with WS_TABSTOP behind `from`, going round. The
+/// children of a control count only if it has WS_EX_CONTROLPARENT; from inside another one the way leads
+/// out of it. `from` may be null.
 KORVEL_API HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous);
 
 // --- place and look ---

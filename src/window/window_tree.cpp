@@ -9,14 +9,20 @@ using namespace internal;
 
 namespace {
 
-void CollectTabStops(const WindowRecord& record, std::vector<HWND>& stops) {
+struct DialogControl {
+    HWND window;
+    bool isTabStop;
+};
+
+void CollectControls(const WindowRecord& record, bool reachable, std::vector<DialogControl>& controls) {
     for (const HWND child : record.children) {
         const RecordRef childRecord = Find(child);
-        if (!childRecord || !childRecord->IsShown() || !childRecord->IsSwitchedOn())
+        if (!childRecord)
             continue;
-        if (childRecord->style & WS_TABSTOP)
-            stops.push_back(child);
-        CollectTabStops(*childRecord, stops);
+        const bool reaches = reachable && childRecord->IsShown() && childRecord->IsSwitchedOn();
+        controls.push_back({child, reaches && (childRecord->style & WS_TABSTOP) != 0});
+        if (childRecord->exStyle & WS_EX_CONTROLPARENT)
+            CollectControls(*childRecord, reaches, controls);
     }
 }
 
@@ -98,16 +104,21 @@ HWND GetNextSibling(HWND window) {
 
 HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous) {
     return OnOwner(parent, [&](WindowRecord& record) -> HWND {
-        std::vector<HWND> stops;
-        CollectTabStops(record, stops);
-        if (stops.empty())
-            return nullptr;
-        const auto position = std::find(stops.begin(), stops.end(), from);
-        const std::size_t count = stops.size();
-        if (position == stops.end())
-            return previous ? stops.back() : stops.front();
-        const auto index = static_cast<std::size_t>(position - stops.begin());
-        return stops[(index + (previous ? count - 1 : 1)) % count];
+        std::vector<DialogControl> controls;
+        CollectControls(record, true, controls);
+        const int count = static_cast<int>(controls.size());
+        int place = count - 1;
+        // The innermost control around `from`: its inside is no part of the round.
+        while (place >= 0 && !IsWithin(controls[place].window, from))
+            --place;
+        if (place < 0 && previous)
+            place = count;
+        for (int step = 0; step < count; ++step) {
+            place = (place + (previous ? count - 1 : 1)) % count;
+            if (controls[place].isTabStop)
+                return controls[place].window;
+        }
+        return nullptr;
     });
 }
 

@@ -167,19 +167,41 @@ TEST_F(WindowTreeTest, PlacesWithoutWordWhenNothingMoves) {
 
 TEST_F(WindowTreeTest, TabGoesRoundOverWhatCanBeReached) {
     RecordedWindow frame("frame", log), group("group", log), hidden("hidden", log);
-    RecordedWindow first("first", log), second("second", log), unreachable("unreachable", log);
-    constexpr UINT Stop = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+    RecordedWindow first("first", log), second("second", log), inside("inside", log);
+    RecordedWindow label("label", log), unreachable("unreachable", log);
+    constexpr UINT Shown = WS_CHILD | WS_VISIBLE;
+    constexpr UINT Stop = Shown | WS_TABSTOP;
     frame.Create(WS_VISIBLE, nullptr);
     first.Create(Stop, &frame);
+    inside.Create(Stop, &first); // as an edit in a cell
+    label.Create(Shown, &frame);
     hidden.Create(WS_CHILD, &frame);
+    hidden.ModifyStyleEx(0, WS_EX_CONTROLPARENT);
     unreachable.Create(Stop, &hidden);
-    group.Create(WS_CHILD | WS_VISIBLE, &frame);
+    group.Create(Shown, &frame);
+    group.ModifyStyleEx(0, WS_EX_CONTROLPARENT);
     second.Create(Stop, &group);
-    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, first.m_hWnd, false), second.m_hWnd);
-    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, second.m_hWnd, false), first.m_hWnd);
-    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, nullptr, true), second.m_hWnd);
+    struct Case {
+        const char* border;
+        HWND from;
+        bool previous;
+        HWND found;
+    };
+    for (const Case& row : {
+             Case{"into a group", first.m_hWnd, false, second.m_hWnd},
+             Case{"round the end", second.m_hWnd, false, first.m_hWnd},
+             Case{"from nowhere back", nullptr, true, second.m_hWnd},
+             Case{"from nowhere on", nullptr, false, first.m_hWnd},
+             Case{"out of a control", inside.m_hWnd, false, second.m_hWnd},
+             Case{"on from what is no stop", label.m_hWnd, false, second.m_hWnd},
+             Case{"back from what is no stop", label.m_hWnd, true, first.m_hWnd},
+             Case{"from what is hidden", unreachable.m_hWnd, false, second.m_hWnd},
+         })
+        EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, row.from, row.previous), row.found) << row.border;
     second.EnableWindow(false);
     EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, first.m_hWnd, true), first.m_hWnd);
+    first.ShowWindow(SW_HIDE);
+    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, first.m_hWnd, true), nullptr);
 }
 
 TEST_F(WindowTreeTest, RefusesToHangAWindowBelowItself) {
