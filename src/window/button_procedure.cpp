@@ -133,8 +133,10 @@ std::optional<LRESULT> HandleMessage(ButtonState& button, UINT message, WPARAM w
         if (button.Type() == BS_OWNERDRAW)
             DrawOwn(button, *reinterpret_cast<CDC*>(wParam));
         return 0;
+    case WM_KILLFOCUS: // Space may be released somewhere else
+        button.isPressed = false;
+        [[fallthrough]];
     case WM_SETFOCUS:
-    case WM_KILLFOCUS:
     case WM_ENABLE:
         Repaint(button.record);
         return 0;

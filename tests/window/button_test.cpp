@@ -78,6 +78,10 @@ TEST_F(ButtonTest, SpaceClicksWhenItIsReleased) {
     CButton button;
     Make(button, BS_PUSHBUTTON);
     input::Key(button.m_hWnd, WM_KEYUP, VK_SPACE, {}); // pressed elsewhere
+    button.SetFocus();
+    input::Key(button.m_hWnd, WM_KEYDOWN, VK_SPACE, " ");
+    parent.SetFocus(); // the focus leaves before the key is released
+    input::Key(button.m_hWnd, WM_KEYUP, VK_SPACE, {});
     input::Key(button.m_hWnd, WM_KEYDOWN, VK_SPACE, " ");
     EXPECT_TRUE(parent.clicked.empty());
     input::Key(button.m_hWnd, WM_KEYUP, VK_SPACE, {});
