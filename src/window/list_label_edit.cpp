@@ -74,14 +74,17 @@ auto ClosedOnThrow(ListState& list, Tell tell) {
 } // namespace
 
 HWND BeginLabelEdit(ListState& list, int row) {
+    const auto hasLabel = [&] { return list.rows.Has(row) && list.columns.Count() > 0; };
     EndLabelEdit(list, list.rows.Has(row) ? LabelEditEnd::Take : LabelEditEnd::Cancel);
-    if (!list.rows.Has(row) || list.columns.Count() == 0)
+    if (list.labelEdit.isEnding || !hasLabel())
         return nullptr;
     SetFocus(list.Handle());
-    if (!list.rows.Has(row))
+    if (!hasLabel())
         return nullptr;
     EnsureVisible(list, row, Visibility::Whole);
     const CString text = TextOf(list, row, 0);
+    if (!hasLabel())
+        return nullptr;
     const HWND edit = CreateWindowExA(0, "EDIT", text.c_str(), WS_CHILD | WS_BORDER | ES_AUTOHSCROLL,
                                       EditRect(list, row), list.Handle(), 0);
     if (!edit)

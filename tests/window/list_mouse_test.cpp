@@ -191,6 +191,21 @@ TEST_F(ListLabelEdit, FollowsItsRowWhenRowsAreInsertedAbove) {
     EXPECT_EQ(list.GetItemText(2, 0), "typed");
 }
 
+TEST_F(ListLabelEdit, NoOtherBeginsWhileOneEnds) {
+    const HWND edit = Begin(1, "typed");
+    HWND next = edit;
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code == LVN_ENDLABELEDIT)
+            next = list.EditLabel(2);
+        return 1;
+    };
+    input::Key(edit, WM_KEYDOWN, VK_RETURN, "\r");
+    EXPECT_EQ(next, nullptr);
+    EXPECT_FALSE(IsWindow(edit));
+    EXPECT_EQ(list.GetItemText(1, 0), "typed");
+    EXPECT_EQ(list.GetItemText(2, 0), "row 2");
+}
+
 TEST_F(ListLabelEdit, AThrowingHandlerLeavesNoEditBehind) {
     const HWND edit = Begin(1, "typed");
     parent.answer = [](const NMLISTVIEW& notice) -> LRESULT {
