@@ -41,6 +41,8 @@ void DeleteColumn(ListState& list, int column) {
 }
 
 void ChangeColumnWidth(ListState& list, int column, int width) {
+    if (!list.columns.Has(column))
+        return; // the text source has removed it while the texts were measured
     const int before = list.columns[column].width;
     list.columns.SetWidth(column, width);
     if (list.columns[column].width == before)
@@ -61,7 +63,8 @@ int FittingWidth(const ListState& list, int column) {
 }
 
 int FittingWidthWithTitle(const ListState& list, int column) {
-    int width = std::max(FittingWidth(list, column), WidthOf(list.columns[column].title));
+    const int titleWidth = WidthOf(list.columns[column].title);
+    int width = std::max(titleWidth, FittingWidth(list, column));
     if (column == list.columns.Count() - 1)
         width = std::max(width, ClientSize(list).cx - list.columns.Left(column));
     return width;

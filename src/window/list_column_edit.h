@@ -9,7 +9,7 @@ namespace korvel::internal {
 int InsertColumn(ListState& list, int column, ListColumn content);
 void DeleteColumn(ListState& list, int column);
 
-/// Tells the list HDN_ITEMCHANGED when the width is another one.
+/// Tells the list HDN_ITEMCHANGED when the width is another one. A column that is not there has none.
 void ChangeColumnWidth(ListState& list, int column, int width);
 /// The width that shows the texts of all rows; measures each of them.
 int FittingWidth(const ListState& list, int column);

@@ -85,6 +85,8 @@ int FindText(const ListState& list, const CString& lowerStart, int from) {
     const int count = list.rows.Size();
     for (int step = 0; step < count; ++step) {
         const int row = (from + step) % count;
+        if (!list.rows.Has(row))
+            break; // the text source has removed rows
         if (BeginsWith(TextOf(list, row, 0), lowerStart))
             return row;
     }
@@ -123,7 +125,7 @@ bool TypeCharacter(ListState& list, char character) {
     const bool isRepeated = search.typed.find_first_not_of(search.typed.front()) == CString::npos;
     const CString start = isRepeated ? search.typed.substr(0, 1) : search.typed;
     const int row = FindText(list, start, std::max(0, list.focusRow + (isRepeated ? 1 : 0)));
-    if (row != NoRow)
+    if (list.rows.Has(row))
         MoveTo(list, row, SelectionChange::Replace);
     return true;
 }

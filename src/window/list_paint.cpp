@@ -73,7 +73,8 @@ void PaintRow(const ListState& list, int row, CDC& dc) {
     const RowColors colors = ColorsOf(list, row);
     if (colors.isMarked)
         dc.FillSolidRect(MarkRect(list, row), colors.background);
-    for (int column = 0; column < list.columns.Count(); ++column)
+    // The text source may remove the row.
+    for (int column = 0; column < list.columns.Count() && list.rows.Has(row); ++column)
         PaintCell(list, row, column, colors, dc);
     if (row == list.focusRow && GetFocus() == list.Handle())
         dc.DrawFocusRect(MarkRect(list, row));

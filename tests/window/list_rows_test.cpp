@@ -102,6 +102,29 @@ TEST_F(ListRows, ARowWithoutTextsAsksTheTextSource) {
     EXPECT_EQ(list.GetItemText(0, 0), "40");
 }
 
+TEST_F(ListRows, ATextSourceMayRemoveRowsWhileItIsAsked) {
+    const std::function<void()> askers[] = {
+        [&] { display.PaintWindow(list.m_hWnd); },
+        [&] { list.SetColumnWidth(0, LVSCW_AUTOSIZE); },
+        [&] { Key(0, "a"); },
+        [&] { list.EditLabel(2); },
+    };
+    for (const auto& ask : askers) {
+        MakeList(0);
+        list.SetTextSource([&](LPARAM data, int) {
+            if (data == 2)
+                list.DeleteAllItems();
+            return CString("a");
+        });
+        const LPARAM data[] = {0, 1, 2};
+        list.InsertRows(0, data, 3, 0);
+        list.SetItemState(1, LVIS_FOCUSED, LVIS_FOCUSED);
+        ask();
+        EXPECT_EQ(list.GetItemCount(), 0);
+        list.DestroyWindow();
+    }
+}
+
 TEST_F(ListRows, StoredTextsMoveWithTheirColumns) {
     MakeList(1);
     list.SetItemText(0, 1, "value");
