@@ -31,7 +31,7 @@ void ListColumns::SetWidth(int column, int width) {
 
 int ListColumns::Left(int column) const {
     int left = 0;
-    for (int i = 0; i < column; ++i)
+    for (int i = 0; i < std::min(column, Count()); ++i)
         left = RightOf(left, m_columns[i].width);
     return left;
 }

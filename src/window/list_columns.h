@@ -28,6 +28,7 @@ public:
     void Erase(int column) { m_columns.erase(m_columns.begin() + column); }
     void SetWidth(int column, int width);
 
+    /// Behind the last column: where the content ends.
     int Left(int column) const;
     int TotalWidth() const { return Left(Count()); }
     /// The column that covers x, or None.

@@ -66,6 +66,15 @@ TEST_F(ListPaint, AColumnTooNarrowForItsMarginsPaintsNoText) {
     EXPECT_EQ(Texts(), std::vector<CString>{""}); // column 1 alone
 }
 
+TEST_F(ListPaint, AListWithoutColumnsPaintsItsMarkNowhere) {
+    MakeList(1);
+    list.SetFocus();
+    list.SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    list.DeleteColumn(0);
+    list.DeleteColumn(0);
+    EXPECT_TRUE(Paints(PaintCall::Kind::Fill, {0, RowTop(0), 0, RowTop(1)}, GetSysColor(COLOR_HIGHLIGHT)));
+}
+
 TEST_F(ListPaint, OwnerDrawnRowsReachDrawItem) {
     class Drawing : public CListCtrl {
     public:
