@@ -65,7 +65,7 @@ bool CListCtrl::Create(UINT style, const CRect& rect, CWnd* parent, int id) {
 
 void CListCtrl::SetTextSource(TextSource source) {
     OnList(m_hWnd, [&](ListState& list) {
-        list.textSource = std::move(source);
+        list.textSource = source ? std::make_shared<const TextSource>(std::move(source)) : nullptr;
         RepaintAll(list);
         return true;
     });

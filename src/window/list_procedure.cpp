@@ -104,6 +104,9 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
     case WM_CREATE:
         CreateHeader(list);
         return 0;
+    case WM_NCDESTROY: // whoever asks goes on without what the text source refers to
+        list.textSource = nullptr;
+        return std::nullopt;
     case WM_SIZE:
         list.toldClientSize = ClientSize(list);
         UpdateExtent(list);

@@ -84,8 +84,10 @@ void DeleteAllRows(ListState& list) {
 
 CString TextOf(const ListState& list, int row, int column) {
     const auto& record = list.rows.At(row);
-    if (!record.texts)
-        return list.textSource ? list.textSource(record.data, column) : CString();
+    if (!record.texts) {
+        const auto source = list.textSource;
+        return source ? (*source)(record.data, column) : CString();
+    }
     const auto& texts = *record.texts;
     return column < static_cast<int>(texts.size()) ? texts[column] : CString();
 }

@@ -66,7 +66,7 @@ public:
 
     UINT extendedStyle = 0;
     const CImageList* images = nullptr;
-    CListCtrl::TextSource textSource;
+    std::shared_ptr<const CListCtrl::TextSource> textSource; // may be replaced while it is asked
 
     HWND header = nullptr;
     CRect headerPlace;                         // where it was moved to; without height while it is hidden

@@ -125,6 +125,23 @@ TEST_F(ListRows, ATextSourceMayRemoveRowsWhileItIsAsked) {
     }
 }
 
+TEST_F(ListRows, ATextSourceMayEndItselfOrItsListWhileItIsAsked) {
+    for (const bool endsList : {false, true}) {
+        MakeList(0);
+        int asked = 0;
+        list.SetTextSource([&](LPARAM, int) {
+            endsList ? void(list.DestroyWindow()) : list.SetTextSource(nullptr);
+            ++asked;
+            return CString("last");
+        });
+        const LPARAM data[] = {0, 1, 2};
+        list.InsertRows(0, data, 3, 0);
+        display.PaintWindow(list.m_hWnd);
+        EXPECT_EQ(asked, 1);
+        list.DestroyWindow();
+    }
+}
+
 TEST_F(ListRows, StoredTextsMoveWithTheirColumns) {
     MakeList(1);
     list.SetItemText(0, 1, "value");
