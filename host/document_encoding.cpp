@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace korvel::inspector {
@@ -185,8 +186,7 @@ TextEncoding EncodingAsDeclared(std::string_view text, std::string_view declared
     return *encoding;
 }
 
-} // namespace
-
+// The encoding that an XML declaration at the start of `text` names; empty when it names none.
 std::string_view DeclaredEncoding(std::string_view text) {
     if (!text.starts_with("<?xml") || text.size() < 6 || !std::isspace(static_cast<unsigned char>(text[5])))
         return {};
@@ -202,6 +202,8 @@ std::string_view DeclaredEncoding(std::string_view text) {
         return {};
     return declaration.substr(open + 1, close - open - 1);
 }
+
+} // namespace
 
 DecodedDocument DecodeDocument(std::string bytes) {
     const Recognized recognized = Recognize(bytes);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 
 namespace korvel::inspector {
 
@@ -24,8 +23,5 @@ struct DecodedDocument {
 /// Throws SourceError when the declaration names an encoding that the bytes are not in, or one that is not
 /// known, and for characters that XML does not allow.
 DecodedDocument DecodeDocument(std::string bytes);
-
-/// The encoding that an XML declaration at the start of `text` names; empty when it names none.
-std::string_view DeclaredEncoding(std::string_view text);
 
 } // namespace korvel::inspector

@@ -20,7 +20,6 @@ public:
     MemberTable(const ElementMembers& members, ElementIndex owner);
 
     std::size_t Count() const { return m_members.size(); }
-    const Member& At(std::size_t index) const { return m_members[index]; }
     std::string NameAt(std::size_t index) const;
 
     std::optional<Member> Find(const std::string& name) const;

@@ -1,18 +1,15 @@
 #include "source_error.h"
 
 #include "platform/code_page.h"
+#include "platform/utf8.h"
 
 #include <algorithm>
 
 namespace korvel::inspector {
 namespace {
 
-bool StartsCharacter(char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-}
-
-std::string WithFile(const std::string& file, const SourceError& error) {
-    return file + ": line " + std::to_string(error.Place().line) + ", position " +
+std::string AtPlace(const SourceError& error) {
+    return "line " + std::to_string(error.Place().line) + ", position " +
            std::to_string(error.Place().position) + ": " + error.what();
 }
 
@@ -30,25 +27,22 @@ SourcePlace PlaceOf(std::string_view text, std::size_t offset) {
             lineStart = i + 1;
         }
     }
-    place.position += static_cast<std::size_t>(std::count_if(
-        before.begin() + static_cast<std::ptrdiff_t>(lineStart), before.end(), StartsCharacter));
+    const std::string_view line = before.substr(lineStart);
+    place.position += line.size() - static_cast<std::size_t>(
+                                        std::count_if(line.begin(), line.end(), platform::ContinuesUtf8));
     return place;
 }
 
 std::string Quoted(std::string_view piece) {
     constexpr std::size_t Longest = 60;
-    if (piece.size() <= Longest)
-        return "'" + std::string(piece) + "'";
-    std::size_t end = Longest;
-    while (end > 0 && !StartsCharacter(piece[end]))
-        --end;
-    return "'" + std::string(piece.substr(0, end)) + "...'";
+    const std::string_view shown = platform::CutUtf8(piece, Longest);
+    return "'" + std::string(shown) + (shown.size() < piece.size() ? "...'" : "'");
 }
 
 DocumentError::DocumentError(const std::string& file, const std::string& reason)
     : Error(platform::FromUtf8(file + ": " + reason).text), m_text(file + ": " + reason) {}
 
 DocumentError::DocumentError(const std::string& file, const SourceError& error)
-    : Error(platform::FromUtf8(WithFile(file, error)).text), m_text(WithFile(file, error)) {}
+    : DocumentError(file, AtPlace(error)) {}
 
 } // namespace korvel::inspector

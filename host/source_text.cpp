@@ -59,10 +59,7 @@ private:
     void CutWhenTooLong() {
         if (m_text.utf8.size() <= m_longest)
             return;
-        std::size_t end = m_longest;
-        while (end > 0 && (static_cast<unsigned char>(m_text.utf8[end]) & 0xC0) == 0x80)
-            --end;
-        m_text.utf8.resize(end);
+        m_text.utf8.resize(platform::CutUtf8(m_text.utf8, m_longest).size());
         m_text.complete = false;
     }
 

@@ -76,4 +76,12 @@ std::optional<char32_t> TakeUtf8(std::string_view& utf8) {
     return taken == length ? std::optional(character) : std::nullopt;
 }
 
+std::string_view CutUtf8(std::string_view utf8, std::size_t longest) {
+    if (utf8.size() <= longest)
+        return utf8;
+    while (longest > 0 && ContinuesUtf8(utf8[longest]))
+        --longest;
+    return utf8.substr(0, longest);
+}
+
 } // namespace korvel::platform

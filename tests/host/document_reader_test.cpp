@@ -66,6 +66,7 @@ const BadDocument Refused[] = {
     {"CutInSection", "<a><![CDATA[ ", 1, 4, "inside a character section"},
     {"CutInDocumentType", "<!DOCTYPE a [", 1, 1, "inside a document type"},
     {"WrongEnd", "<a>\n<b></a>", 2, 4, "the element 'b' is closed by 'a'"},
+    {"WrongEndOfLongName", "<a></" + std::string(59, 'x') + "\xC3\xA4>", 1, 4, "xxx...'"},
     {"EndWithoutStart", "<a/></a>", 1, 5, "'a' is closed but not open"},
     {"SecondRoot", "<a/>\n<b/>", 2, 1, "a second root element"},
     {"TextBehindRoot", "<a/>\n x", 2, 2, "text outside the root element"},
