@@ -31,8 +31,9 @@ public:
     CSubclassWnd(const CSubclassWnd&) = delete;
     CSubclassWnd& operator=(const CSubclassWnd&) = delete;
 
-    /// Hooks a window; null, or a window that does not exist, leaves the hook off. A hook on another window
-    /// leaves that one first. Always answers 1.
+    /// Hooks a window; null, or a window that does not exist, leaves the hook off. Always answers 1. To leave
+    /// another window before is the caller's part; a hook that is still on one leaves it here all the same,
+    /// because it is a link in one chain only: the first window would go on to call it after its end.
     BOOL HookWindow(HWND window);
     /// Null while the hook is off.
     HWND GetHookedWindow() const { return m_hWnd; }
