@@ -54,7 +54,7 @@ LRESULT CGridCtrlComboBoxEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lP
     default:
         break;
     }
-    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    const LRESULT result = CEdit::WindowProc(message, wParam, lParam);
     switch (message) {
     case WM_SETFOCUS:
         NotifyParentCommand(window, EN_SETFOCUS);
@@ -95,7 +95,7 @@ bool CGridCtrlComboBoxEdit::OnChildNotify(UINT message, WPARAM wParam, LPARAM lP
         OnKillFocus();
         return true;
     }
-    return CWnd::OnChildNotify(message, wParam, lParam, result);
+    return CEdit::OnChildNotify(message, wParam, lParam, result);
 }
 
 void CGridCtrlComboBoxEdit::OnSetFocus() {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "values/combo_box_parent.h"
-#include "window/cwnd.h"
+#include "window/controls.h"
 
 namespace korvel {
 
@@ -17,7 +17,10 @@ class CDC;
 /// A press opens or closes the list through IComboBoxParent, the arrow keys go to it as well, and the loss of
 /// the focus ends the choice with OnOK. The field enables itself when it gets the focus and disables itself
 /// when it loses it.
-class KORVEL_API CGridCtrlComboBoxEdit : public CWnd {
+///
+/// Its window is of a class of its own, which every display has paint itself: what CEdit offers to select or
+/// change text has no effect.
+class KORVEL_API CGridCtrlComboBoxEdit : public CEdit {
 public:
     /// Not owned; must outlive the field.
     explicit CGridCtrlComboBoxEdit(IComboBoxParent* parent) : m_pParent(parent) {}

@@ -54,8 +54,10 @@ std::list<std::string> CTreeHelper::SplitStringName(const std::string& name, cha
 
 void CTreeHelper::Insert(const CVariantValue& value) {
     const std::string text = value.ToText();
-    const std::list<std::string> segments =
-        m_bUseSeparator ? SplitStringName(text, m_Separator) : std::list<std::string>{text};
+    InsertItem(m_bUseSeparator ? SplitStringName(text, m_Separator) : std::list<std::string>{text}, value);
+}
+
+void CTreeHelper::InsertItem(const std::list<std::string>& segments, const CVariantValue& value) {
     SNode* node = nullptr;
     for (const std::string& segment : segments) {
         if (node) {

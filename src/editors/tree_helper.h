@@ -51,6 +51,7 @@ public:
     const SNodeMap& GetRoot() const { return *m_pRoot; }
 
 private:
+    void InsertItem(const std::list<std::string>& segments, const CVariantValue& value);
     static SNodePtr& NodeAt(SNodeMap& level, const std::string& name);
     static CVariantValue AddNode(EDataTyps type, const std::string& base, const SNodeMap* level,
                                  const std::string& prefix);
