@@ -10,10 +10,13 @@ void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
     }
     SetCurrent(row);
     CComboTreeItem* const item = CurrentItem();
-    // An entry that others stand under has a button as well; a press on it takes nothing.
-    if (item && !PressTreeButton(*item, point) && item->IsValue()) {
+    // An entry is taken wherever it is pressed, also on the button for those that stand under it: kept. The
+    // key to the right opens it.
+    if (item && item->IsValue()) {
         Apply();
         SendFinished();
+    } else if (item) {
+        PressTreeButton(*item, point);
     }
 }
 

@@ -43,12 +43,14 @@ void CComboList::PreSubclassWindow() {
 void CComboList::Expand(CTreeItem* item) {
     if (item) {
         m_Model.Expand(*item);
+        RedrawRow(RowOf(*item)); // also an empty group looks another
     }
 }
 
 void CComboList::Collapse(CTreeItem* item) {
     if (item) {
         m_Model.Collapse(*item);
+        RedrawRow(RowOf(*item));
     }
 }
 

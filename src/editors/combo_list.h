@@ -10,6 +10,7 @@
 #include "window/display.h"
 #include "window/list_ctrl.h"
 
+#include <list>
 #include <map>
 #include <memory>
 #include <optional>
@@ -187,8 +188,16 @@ private:
     void Bind(IMemberDispatch* disp, std::string memberName, std::string valueName, CVariantValue value);
     void Build();
     void Reset();
-    void CreateColumns();
-    void CreateTableColumns();
+    /// What the host says of the columns.
+    struct Columns {
+        bool isTable = false;
+        std::list<std::string> names; // of a table, behind the first column
+        std::set<EDataTyps> types;    // whose formats the texts depend on
+    };
+    Columns AskColumns() const;
+    void CreateColumns(const Columns& columns);
+    /// None for a mode that there is not; the list then takes no events.
+    void CreateInputState();
     void LayColumns();
     void WriteBack(IMemberDispatch& disp, std::string name, IObserverGrid* observer);
     void EndUpdate();

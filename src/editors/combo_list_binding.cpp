@@ -46,24 +46,31 @@ void CComboList::Initialize() {
         return;
     }
     Require(GetEnumValue());
+    m_Model.Begin();
     const unsigned binding = m_Model.Binding();
     try {
         Build();
     } catch (...) {
         // The host may have begun another binding before it threw.
-        if (!IsInitialized() || binding == m_Model.Binding()) {
+        if (binding == m_Model.Binding()) {
             Reset();
         }
         throw;
     }
 }
 
+/// The host may end the binding, and begin another, whenever it is asked.
 void CComboList::Build() {
     const ComboTree::Keep keep(m_Model.Tree());
     const unsigned binding = m_Model.Binding();
-    m_ImageColumn = m_Model.HasFlag(ENF_Tree) ? 0 : -1;
-    CreateColumns();
-    const CTreeItem* const selected = m_Model.Open();
+    const bool hasTree = m_Model.HasFlag(ENF_Tree);
+    const Columns columns = AskColumns();
+    if (binding != m_Model.Binding()) {
+        return;
+    }
+    m_ImageColumn = hasTree ? 0 : -1;
+    CreateColumns(columns);
+    const CTreeItem* const selected = m_Model.InsertEntries();
     if (binding != m_Model.Binding()) {
         return;
     }
@@ -73,41 +80,45 @@ void CComboList::Build() {
         EnsureVisible(selected->GetRow(), true);
     }
     if (binding == m_Model.Binding()) {
-        m_pInputState = MakeComboInputState(*this);
+        CreateInputState();
     }
 }
 
-/// Titles are German in every language: kept, saved layouts name columns by them.
-void CComboList::CreateColumns() {
-    if (m_Model.IsTable()) {
-        CreateTableColumns();
-    } else {
-        InsertColumn(0, "Bezeichnung", GetClientRect().Width());
-        ModifyStyle(0, LVS_NOCOLUMNHEADER);
-        AddSink(GetEnumValue()->GetDataType());
+CComboList::Columns CComboList::AskColumns() const {
+    Columns columns;
+    columns.isTable = m_Model.IsTable();
+    if (!columns.isTable) {
+        columns.types.insert(GetEnumValue()->GetDataType());
+        return columns;
     }
-    LayColumns();
-}
-
-void CComboList::CreateTableColumns() {
-    ModifyStyle(LVS_NOCOLUMNHEADER, 0);
-    InsertColumn(0, "Bezeichnung", 0);
     const CVariantValue* const pattern = GetEnumValue()->GetTemplate();
     IMemberDispatch* const object = pattern && pattern->Type == DT_Group ? pattern->Value.Dispatch : nullptr;
     if (!object) {
-        return;
+        return columns;
     }
-    std::list<std::string> names;
-    object->GetMemberNames(names);
-    int column = 0;
-    for (const std::string& name : names) {
-        InsertColumn(++column, name, 0);
-        m_Columns[column] = name;
+    object->GetMemberNames(columns.names);
+    for (const std::string& name : columns.names) {
         EDataTyps type = DT_Void;
         if (object->GetMemberType(name, type)) {
-            AddSink(type);
+            columns.types.insert(type);
         }
     }
+    return columns;
+}
+
+/// Titles are German in every language: kept, saved layouts name columns by them.
+void CComboList::CreateColumns(const Columns& columns) {
+    InsertColumn(0, "Bezeichnung", 0);
+    for (const std::string& name : columns.names) {
+        const int column = GetColumnCount();
+        InsertColumn(column, name, 0);
+        m_Columns[column] = name;
+    }
+    ModifyStyle(columns.isTable ? LVS_NOCOLUMNHEADER : 0, columns.isTable ? 0 : LVS_NOCOLUMNHEADER);
+    for (const EDataTyps type : columns.types) {
+        AddSink(type);
+    }
+    LayColumns();
 }
 
 void CComboList::LayColumns() {

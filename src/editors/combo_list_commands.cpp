@@ -86,7 +86,8 @@ void CComboList::AddMenuCommand_ADD(std::vector<MenuEntry>& menu) const {
     }
 }
 
-/// What new entries come under: the current item, or its group.
+/// What new entries come under: the current item, or its group. That of an entry at the top is the root,
+/// whose path is empty: the menu then reads "at ''". Kept.
 CComboList::CTreeItem* CComboList::GetCurrentGroup() const {
     CTreeItem* const item = GetCurrentItem();
     return item && item->IsValue() ? item->GetParent() : item;
@@ -197,16 +198,16 @@ LRESULT CComboList::OnLvnBeginlabeledit(int row) {
     return 0;
 }
 
-/// Never lets the list control take the text: what a row shows is asked from the tree, where it stands by
-/// now.
+/// 1 when the row has its new label.
 LRESULT CComboList::OnLvnEndlabeledit(int row, const char* text) {
     CTreeItem* const item = GetTreeItem(row);
-    if (item && text) {
-        const ComboTree::Keep keep(m_Model.Tree());
-        m_Model.RenameLabel(*item, text);
-        RedrawWindow();
+    if (!item || !text) {
+        return 0;
     }
-    return 0;
+    const ComboTree::Keep keep(m_Model.Tree());
+    const bool isRenamed = m_Model.RenameLabel(*item, text);
+    RedrawWindow();
+    return isRenamed;
 }
 
 } // namespace korvel

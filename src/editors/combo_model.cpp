@@ -7,31 +7,41 @@
 
 namespace korvel {
 
+namespace {
+
+CComboTreeItem* Innermost(CComboTreeItem* item) {
+    while (item->HasChildren()) {
+        item = item->GetFirstChild();
+    }
+    return item;
+}
+
+/// The items at and under `top`, each behind what stands under it.
+std::vector<CComboTreeItem*> ChildrenFirst(CComboTreeItem& top) {
+    std::vector<CComboTreeItem*> items = {Innermost(&top)};
+    while (items.back() != &top) {
+        CComboTreeItem* const next = items.back()->GetNextSibling();
+        items.push_back(next ? Innermost(next) : items.back()->GetParent());
+    }
+    return items;
+}
+
+} // namespace
+
 void ComboModel::SetValue(const CVariantValue& value) {
     m_Value = value;
     m_pEnumValue = value.EnumValue;
 }
 
-CComboTreeItem* ComboModel::Open() {
+void ComboModel::Begin() {
     m_bOpen = true;
     m_bBuilding = true;
-    const ComboTree::Keep keep(m_Tree);
-    const unsigned binding = m_binding;
-    try {
-        CComboTreeItem* const selected = InsertEntries();
-        m_bBuilding = false;
-        return selected && selected->GetParent() ? selected : nullptr;
-    } catch (...) {
-        if (binding == m_binding) {
-            Close();
-        }
-        throw;
-    }
 }
 
 CComboTreeItem* ComboModel::InsertEntries() {
-    CComboTreeItem* selected = nullptr;
+    const ComboTree::Keep keep(m_Tree);
     const unsigned binding = m_binding;
+    CComboTreeItem* selected = nullptr;
     WalkEntries([&](long id) {
         CVariantValue name;
         if (!m_pEnumValue->GetName(id, name) || binding != m_binding) {
@@ -45,7 +55,11 @@ CComboTreeItem* ComboModel::InsertEntries() {
         ExpandParent(item->GetParent());
         selected = item;
     });
-    return binding == m_binding ? selected : nullptr;
+    if (binding != m_binding) {
+        return nullptr;
+    }
+    m_bBuilding = false;
+    return selected && selected->GetParent() ? selected : nullptr;
 }
 
 void ComboModel::Close() {
@@ -88,13 +102,12 @@ CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, long id, CVariant
     const std::string text = value.ToText();
     CComboTreeItem* under = parent ? parent : &m_Tree.Root();
     std::string_view label = text; // a text without any segment stays whole
-    if (IsTreePreview()) {
-        const char separator = Separator();
+    if (const auto separator = PathSeparator()) {
         std::string_view rest = text;
-        std::string_view segment = TakeSegment(rest, separator);
+        std::string_view segment = TakeSegment(rest, *separator);
         while (!segment.empty()) {
             label = segment;
-            segment = TakeSegment(rest, separator);
+            segment = TakeSegment(rest, *separator);
             if (!segment.empty()) {
                 under = InsertItem(under, label);
             }
@@ -133,6 +146,7 @@ CComboTreeItem* ComboModel::AddValue(const std::string& name, const std::string&
     return known ? known : EntryCame(id);
 }
 
+/// Opened all the way up, not its own group alone: a new entry becomes the current row.
 CComboTreeItem* ComboModel::EntryCame(long id) {
     const ComboTree::Keep keep(m_Tree);
     const unsigned binding = m_binding;
@@ -154,29 +168,23 @@ void ComboModel::EntryWent(long id) {
 void ComboModel::DestroySubTree(CComboTreeItem& item) {
     const ComboTree::Keep keep(m_Tree);
     const unsigned binding = m_binding;
-    std::vector<CComboTreeItem*> values;
-    for (CComboTreeItem* under = &item; under; under = under->GetNextUnder(item)) {
+    for (CComboTreeItem* const under : ChildrenFirst(item)) {
         if (under->IsValue()) {
-            values.push_back(under);
-        }
-    }
-    // An item with entries under it comes after them.
-    for (auto value = values.rbegin(); value != values.rend(); ++value) {
-        if ((*value)->GetParent()) {
-            RemoveEntry(**value);
+            RemoveEntry(*under);
+        } else if (under->GetParent() && !under->HasChildren()) {
+            Went(m_Tree.RemoveSubTree(*under));
         }
         if (binding != m_binding) {
             return;
         }
     }
-    const bool isEmptied = item.GetChecked() + item.GetUnchecked() == 0;
-    if (item.GetParent() && isEmptied) {
-        Went(m_Tree.RemoveSubTree(item));
-    }
 }
 
 /// An entry that the enumeration does not know any more only loses its row.
 void ComboModel::RemoveEntry(CComboTreeItem& item) {
+    if (!item.GetParent()) {
+        return; // the host has taken it away meanwhile
+    }
     const unsigned binding = m_binding;
     const long id = item.GetId();
     CVariantValue name;
@@ -189,21 +197,28 @@ void ComboModel::RemoveEntry(CComboTreeItem& item) {
 }
 
 void ComboModel::RefreshLabels() {
+    const ComboTree::Keep keep(m_Tree);
+    const auto separator = PathSeparator();
     for (CComboTreeItem* item = &m_Tree.Root(); item; item = item->GetNextUnder(m_Tree.Root())) {
         if (item->IsValue() && item->GetValue().Type != DT_Group) {
-            m_Tree.SetLabel(*item, 0, LabelOf(item->GetValue()));
+            m_Tree.SetLabel(*item, 0, Segments(item->GetValue().ToText(), separator).back());
         }
     }
 }
 
-std::string ComboModel::LabelOf(const CVariantValue& value) const {
-    std::string text = value.ToText();
-    std::list<std::string> segments = Segments(text);
-    return segments.empty() ? text : std::move(segments.back());
+std::list<std::string> ComboModel::Segments(const std::string& text, std::optional<char> separator) {
+    std::list<std::string> segments;
+    if (separator) {
+        segments = SplitPathName(text, *separator);
+    }
+    if (segments.empty()) {
+        segments.push_back(text);
+    }
+    return segments;
 }
 
-std::list<std::string> ComboModel::Segments(const std::string& text) const {
-    return IsTreePreview() ? SplitPathName(text, Separator()) : std::list<std::string>();
+std::optional<char> ComboModel::PathSeparator() const {
+    return IsTreePreview() ? std::optional(Separator()) : std::nullopt;
 }
 
 void ComboModel::Came(ComboTree::RowRange rows) {

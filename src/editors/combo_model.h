@@ -4,6 +4,7 @@
 #include "values/enum_value.h"
 
 #include <list>
+#include <optional>
 
 namespace korvel {
 
@@ -34,15 +35,16 @@ public:
 
     // Life.
 
-    /// What the model is about from the next Open on.
+    /// What the model is about from the next Begin on.
     void SetValue(const CVariantValue& value);
     CVariantValue& Value() { return m_Value; }
     const CVariantValue& Value() const { return m_Value; }
     IEnumValue* Enumeration() const { return m_pEnumValue; }
     EComboListMode Mode() const { return m_Mode; }
+    /// From here on the model is open. The sink hears nothing until all entries are there.
+    void Begin();
     /// Makes the tree; expands it down to what the value selects, and answers the last such entry, or null.
-    /// The sink hears nothing of it. A failure closes the model.
-    CComboTreeItem* Open();
+    CComboTreeItem* InsertEntries();
     void Close();
     bool IsOpen() const { return m_bOpen; }
     /// Another number after every Close.
@@ -82,12 +84,12 @@ public:
 
     std::string Path(const CComboTreeItem& item) const;
     std::string UniqueNameUnder(const CComboTreeItem& parent, const std::string& base) const;
-    /// The same for the last part of the path, as the user typed it. False also for a text that is not one
-    /// part.
-    bool RenameLabel(CComboTreeItem& item, const std::string& label);
     /// Has the enumeration rename the entry, or every entry under the group. False when it refuses one;
     /// the entries of a group that it did rename then stand under their new path.
     bool RenameName(CComboTreeItem& item, const std::string& oldPath, const std::string& newPath);
+    /// The same for the last part of the path, as the user typed it. A text that is not one part is false,
+    /// and nobody is asked: an entry would leave its group by a slip of the hand.
+    bool RenameLabel(CComboTreeItem& item, const std::string& label);
     /// Labels written anew, under the formats of today.
     void RefreshLabels();
 
@@ -97,15 +99,17 @@ public:
     /// with the same object.
     void Apply(const CComboTreeItem* item);
     void ToggleCheck(CComboTreeItem& item);
+    /// Of an entry alone, or of every entry in the group.
     void SetCheck(CComboTreeItem& item, bool check);
 
 private:
     /// Calls `visit(id)` for each entry while this binding lasts.
     template <class Visit>
     void WalkEntries(Visit visit);
-    CComboTreeItem* InsertEntries();
-    std::list<std::string> Segments(const std::string& text) const;
-    std::string LabelOf(const CVariantValue& value) const;
+    /// What splits names; none where they stay whole.
+    std::optional<char> PathSeparator() const;
+    /// At least one: a text that has none is one itself.
+    static std::list<std::string> Segments(const std::string& text, std::optional<char> separator);
     void RemoveEntry(CComboTreeItem& item);
     bool RenameValue(CComboTreeItem& item, const std::string& newPath);
     bool RenameGroup(CComboTreeItem& group, const std::string& oldPath, const std::string& newPath);
@@ -119,7 +123,9 @@ private:
     void RenameTreeItem(CComboTreeItem& item);
     void RenameGroupItem(CComboTreeItem& item, std::list<std::string> segments);
     void MoveToItsPath(CComboTreeItem& item, const CVariantValue& name);
+    void SetCheckUnder(CComboTreeItem& item, bool check);
     void CheckValue(CComboTreeItem& item, bool check);
+    void TellHost(const CComboTreeItem& item, bool check);
     void TellNew(const CComboTreeItem& item);
     void Came(ComboTree::RowRange rows);
     void Went(ComboTree::RowRange rows);

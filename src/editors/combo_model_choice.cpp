@@ -33,15 +33,33 @@ void ComboModel::Apply(const CComboTreeItem* item) {
     });
 }
 
+/// The host selects first, and finds the counts as they were.
 void ComboModel::ToggleCheck(CComboTreeItem& item) {
     const ComboTree::Keep keep(m_Tree);
-    if (item.IsValue()) {
-        CheckValue(item, !ComboTree::IsChecked(item));
+    if (!item.IsValue()) {
+        return;
+    }
+    const unsigned binding = m_binding;
+    const bool check = item.GetChecked() < 1;
+    TellHost(item, check);
+    if (binding == m_binding) {
+        m_Tree.SetCheck(item, check);
     }
 }
 
+/// An entry changes alone, also when others stand under it, although its count has theirs in it: kept. While
+/// only those are checked, a press on its box deselects what is not selected, and its box stays checked.
 void ComboModel::SetCheck(CComboTreeItem& item, bool check) {
     const ComboTree::Keep keep(m_Tree);
+    if (!item.IsValue()) {
+        SetCheckUnder(item, check);
+    } else if ((item.GetChecked() > 0) != check) {
+        CheckValue(item, check);
+    }
+}
+
+/// Every entry in the group, however deep.
+void ComboModel::SetCheckUnder(CComboTreeItem& item, bool check) {
     const unsigned binding = m_binding;
     std::vector<CComboTreeItem*> values;
     for (CComboTreeItem* under = &item; under; under = under->GetNextUnder(item)) {
@@ -59,22 +77,27 @@ void ComboModel::SetCheck(CComboTreeItem& item, bool check) {
     }
 }
 
-/// The counts come first, so that a host that looks at the list while it selects finds them changed. A host
-/// that throws has selected nothing.
+/// Here the counts come first, so that a host that looks at the list while it selects finds them changed. A
+/// host that throws has selected nothing.
 void ComboModel::CheckValue(CComboTreeItem& item, bool check) {
     const unsigned binding = m_binding;
+    const bool former = ComboTree::IsChecked(item);
     m_Tree.SetCheck(item, check);
     try {
-        if (check) {
-            m_pEnumValue->Select(item.GetId(), m_Value);
-        } else {
-            m_pEnumValue->Deselect(item.GetId(), m_Value);
-        }
+        TellHost(item, check);
     } catch (...) {
-        if (binding == m_binding && item.GetParent()) {
-            m_Tree.SetCheck(item, !check);
+        if (binding == m_binding) {
+            m_Tree.SetCheck(item, former);
         }
         throw;
+    }
+}
+
+void ComboModel::TellHost(const CComboTreeItem& item, bool check) {
+    if (check) {
+        m_pEnumValue->Select(item.GetId(), m_Value);
+    } else {
+        m_pEnumValue->Deselect(item.GetId(), m_Value);
     }
 }
 

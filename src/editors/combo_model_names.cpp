@@ -41,21 +41,23 @@ std::string ComboModel::UniqueNameUnder(const CComboTreeItem& parent, const std:
 }
 
 bool ComboModel::RenameLabel(CComboTreeItem& item, const std::string& label) {
-    std::list<std::string> segments = IsTreePreview() ? Segments(label) : std::list<std::string>{label};
-    if (segments.size() != 1 || label.empty() || segments.front() == item.GetLabel()) {
+    const auto separator = PathSeparator();
+    const std::list<std::string> parts =
+        separator ? SplitPathName(label, *separator) : std::list<std::string>{label};
+    if (parts.size() != 1 || label.empty()) {
         return false;
     }
     const std::string above = item.GetLevel() > 1 ? Path(*item.GetParent()) + Separator() : std::string();
-    return RenameName(item, Path(item), above + segments.front());
+    return RenameName(item, Path(item), above + parts.front());
 }
 
 bool ComboModel::RenameName(CComboTreeItem& item, const std::string& oldPath, const std::string& newPath) {
     const ComboTree::Keep keep(m_Tree);
-    const bool isEntryAlone = item.IsValue() && !item.HasChildren();
-    return isEntryAlone ? RenameValue(item, newPath) : RenameGroup(item, oldPath, newPath);
+    return item.IsValue() ? RenameValue(item, newPath) : RenameGroup(item, oldPath, newPath);
 }
 
-/// A name that is no text is renamed by the text that the user typed: what it means is the enumeration's
+/// What stands under an entry keeps its name, and only seems renamed as long as the rows stand: kept. A name
+/// that is no text is renamed by the text that the user typed: what it means is the enumeration's
 /// affair.
 bool ComboModel::RenameValue(CComboTreeItem& item, const std::string& newPath) {
     const unsigned binding = m_binding;
@@ -106,8 +108,7 @@ bool ComboModel::RenameGroup(CComboTreeItem& group, const std::string& oldPath, 
     if (!all) {
         SplitGroup(group, oldLabel, entries);
     } else if (group.GetParent()) {
-        const std::list<std::string> segments = Segments(newPath);
-        m_Tree.SetLabel(group, 0, segments.empty() ? newPath : segments.back());
+        m_Tree.SetLabel(group, 0, Segments(newPath, PathSeparator()).back());
     }
     return all;
 }
@@ -130,20 +131,17 @@ void ComboModel::EntryRenamed(long id) {
     }
 }
 
-/// The labels above follow the name, also where other entries stand under them: kept. A host that moves one
-/// entry of several to another group by its name sees the whole group renamed.
+/// The labels above follow the name as far as it reaches, also where other entries stand under them: kept. A
+/// host that moves one entry of several to another group by its name sees the whole group renamed; an entry
+/// whose name is shorter now stays in its group. Only a name that is too long for the place moves.
 void ComboModel::RenameTreeItem(CComboTreeItem& item) {
     const unsigned binding = m_binding;
     CVariantValue name;
     if (!m_pEnumValue->GetName(item.GetId(), name) || binding != m_binding) {
         return;
     }
-    const std::string text = name.ToText();
-    std::list<std::string> segments = Segments(text);
-    if (segments.empty()) {
-        segments.push_back(text);
-    }
-    if (static_cast<int>(segments.size()) != item.GetLevel()) {
+    std::list<std::string> segments = Segments(name.ToText(), PathSeparator());
+    if (static_cast<int>(segments.size()) > item.GetLevel()) {
         MoveToItsPath(item, name);
         return;
     }

@@ -254,6 +254,9 @@ void ComboTree::SetCheck(CComboTreeItem& item, bool check) {
 }
 
 void ComboTree::ChangeCounts(CComboTreeItem& item, int checked, int unchecked) {
+    if (checked == 0 && unchecked == 0) {
+        return; // a path of empty groups can be of any length
+    }
     for (CComboTreeItem* level = &item; level; level = level->m_pParent) {
         level->m_nChecked += checked;
         level->m_nUnchecked += unchecked;

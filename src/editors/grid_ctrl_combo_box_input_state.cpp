@@ -128,8 +128,7 @@ void IGridCtrlComboBoxInputState::ExpandByKey(UINT key) {
 }
 
 bool IGridCtrlComboBoxInputState::PressTreeButton(CComboTreeItem& item, CPoint point) {
-    const bool hasButton = !item.IsValue() || item.HasChildren();
-    if (!hasButton || !m_pList->GetRectTreeBox(item).PtInRect(point)) {
+    if (!m_pList->GetRectTreeBox(item).PtInRect(point)) {
         return false;
     }
     ToggleExpanded(item);

@@ -26,7 +26,7 @@ public:
     virtual void OnLButtonDown(UINT flags, CPoint point) = 0;
     virtual void OnLButtonUp(UINT, CPoint) {}
     virtual void OnMouseMove(UINT, CPoint) {}
-    /// Scrolls: the wheel reaches every row, whatever the list shows.
+    /// Scrolls, in every state: arrows and wheel are to reach every row, whatever the list shows.
     virtual void OnMouseWheel(UINT flags, short delta, CPoint point);
     virtual void OnLButtonDblClk(UINT, CPoint) {}
     /// The base steps with the arrows up and down.
@@ -64,7 +64,7 @@ protected:
     void ToggleExpanded(CComboTreeItem& item);
     /// Left closes the current item, right opens it.
     void ExpandByKey(UINT key);
-    /// A press on the button of an item that others stand under opens or closes it. False elsewhere.
+    /// A press where the tree button stands opens or closes the item. False elsewhere.
     bool PressTreeButton(CComboTreeItem& item, CPoint point);
 
 private:

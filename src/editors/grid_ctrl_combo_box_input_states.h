@@ -2,8 +2,6 @@
 
 #include "editors/grid_ctrl_combo_box_input_state.h"
 
-#include <memory>
-
 namespace korvel {
 
 /// A plain list that drops down: the highlight follows the pointer, and a click takes what is highlighted.
@@ -60,8 +58,5 @@ public:
 private:
     void SetCheck(CComboTreeItem& item, bool check);
 };
-
-/// The state for the list's enumeration and mode; null for a mode that there is not.
-std::unique_ptr<IGridCtrlComboBoxInputState> MakeComboInputState(CComboList& list);
 
 } // namespace korvel

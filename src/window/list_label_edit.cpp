@@ -48,7 +48,11 @@ void OfferText(ListState& list, LabelEditEnd end) {
     const bool accepted =
         NotifyLabelEdit(list, LVN_ENDLABELEDIT, list.labelEdit.row, taken ? text.c_str() : nullptr) != 0;
     const int row = list.labelEdit.row; // rows may have moved
-    if (taken && accepted && list.rows.Has(row))
+    if (!taken || !accepted || !list.rows.Has(row))
+        return;
+    if (list.textSource)
+        RepaintRows(list, row, row + 1); // who gives the texts has taken this one
+    else
         SetText(list, row, 0, text);
 }
 

@@ -9,15 +9,17 @@
 
 #include <gtest/gtest.h>
 #include <memory>
+#include <sstream>
 
 namespace korvel {
+
+using Strings = std::vector<std::string>;
 
 /// Hears what a list tells.
 class ListOwner : public CWnd {
 public:
-    std::vector<int> codes; // signed, as owners read them
+    std::string heard; // codes with their sign, commands, with blanks between
     std::function<void(int code)> onCode;
-    std::vector<UINT> commands;
     std::function<void(UINT code)> onNotify;
 
 protected:
@@ -28,27 +30,13 @@ protected:
     }
     bool OnCommand(WPARAM wParam, LPARAM lParam) override {
         const int code = static_cast<short>(HIWORD(wParam));
-        if (code == 0) {
-            commands.push_back(LOWORD(wParam));
-            return true;
-        }
-        codes.push_back(code);
+        heard +=
+            (heard.empty() ? "" : " ") + std::to_string(code != 0 ? code : static_cast<int>(LOWORD(wParam)));
         if (onCode)
             onCode(code);
-        return CWnd::OnCommand(wParam, lParam);
+        return code == 0 || CWnd::OnCommand(wParam, lParam);
     }
 };
-
-/// The rows of a tree as text: two blanks a level, a group with "+" (closed) or "-" (open) before its label,
-/// an entry with "x" when it is checked.
-inline std::string RowText(const CComboTreeItem& item, bool isChecked) {
-    std::string text(2 * static_cast<std::size_t>(item.GetLevel() - 1), ' ');
-    if (item.HasChildren())
-        text += item.IsExpanded() ? '-' : '+';
-    if (item.IsValue() && isChecked)
-        text += 'x';
-    return text + item.GetLabel();
-}
 
 /// Row numbers, shown items and counts of a list against what a walk over its items gives.
 inline void ExpectConsistent(const CComboList& list) {
@@ -91,7 +79,7 @@ protected:
 
     CComboList& Make(EComboListMode mode, int rowsOnScreen = 10) {
         list.reset();
-        frame.codes.clear();
+        frame.heard.clear();
         list = std::make_unique<CComboList>(mode);
         if (mode == eDropDown) {
             list->CreateDropDown(&frame, 106);
@@ -107,11 +95,16 @@ protected:
         return *list;
     }
 
-    std::vector<std::string> Rows() const {
-        std::vector<std::string> rows;
+    /// The rows with a bar between: two blanks a level, "+" (closed) or "-" (open) before what others stand
+    /// under, "x" before a checked entry.
+    std::string Rows() const {
+        std::string rows;
         for (int row = 0; row < list->GetItemCount(); ++row) {
             const CComboTreeItem& item = *list->GetTreeItem(row);
-            rows.push_back(RowText(item, ComboTree::IsChecked(item)));
+            rows +=
+                (row > 0 ? "|" : "") + std::string(2 * static_cast<std::size_t>(item.GetLevel() - 1), ' ');
+            rows += item.HasChildren() ? item.IsExpanded() ? "-" : "+" : "";
+            rows += (item.IsValue() && ComboTree::IsChecked(item) ? "x" : "") + item.GetLabel();
         }
         return rows;
     }
@@ -121,29 +114,60 @@ protected:
                 return list->GetTreeItem(row);
         return nullptr;
     }
-    std::string Highlighted() const {
+    /// The label of the one highlighted row, which is the current one.
+    std::string Current() const {
         std::string labels;
         for (int row = -1; (row = list->GetNextItem(row, LVNI_SELECTED)) != -1;)
             labels += (labels.empty() ? "" : ",") + list->GetTreeItem(row)->GetLabel();
+        const CComboTreeItem* current = list->GetTreeItem(list->GetCurrentRow());
+        EXPECT_EQ(labels, current ? current->GetLabel() : "");
         return labels;
     }
-    std::string Current() const {
-        const CComboTreeItem* item = list->GetTreeItem(list->GetCurrentRow());
-        return item ? item->GetLabel() : std::string();
-    }
+    std::string Heard() { return std::exchange(frame.heard, {}); }
 
     static CPoint InRow(int row, int x = 150) { return {x, 20 * row + 10}; }
     void Mouse(UINT message, CPoint point) { input::Mouse(list->m_hWnd, message, 0, point); }
     void Key(UINT key) { input::Key(list->m_hWnd, WM_KEYDOWN, key, {}); }
     void Type(char letter) { input::Key(list->m_hWnd, WM_KEYDOWN, 0, std::string(1, letter)); }
-    std::vector<int> TakeCodes() { return std::exchange(frame.codes, {}); }
+    void Command(UINT command) { list->SendMessageA(WM_COMMAND, command); }
+    /// Acts with commas between: "down", "type st"; "press button g", the corner of a part of the row with
+    /// that label; "press row 7".
+    void Do(const std::string& acts) {
+        std::istringstream all(acts);
+        for (std::string act; std::getline(all, act, ',');) {
+            std::istringstream words(act);
+            std::string verb, part, where;
+            words >> verb >> part >> where;
+            DoOne(verb, part, where);
+        }
+    }
 
     HeadlessDisplay display;
     ListOwner frame;
     std::unique_ptr<CComboList> list;
-};
 
-using Strings = std::vector<std::string>;
-using Codes = std::vector<int>;
+private:
+    void DoOne(const std::string& verb, const std::string& part, const std::string& where) {
+        static const std::map<std::string, UINT> keys = {
+            {"up", VK_UP}, {"down", VK_DOWN}, {"left", VK_LEFT}, {"right", VK_RIGHT}, {"space", VK_SPACE}};
+        static const std::map<std::string, UINT> messages = {{"press", WM_LBUTTONDOWN},
+                                                             {"release", WM_LBUTTONUP},
+                                                             {"double", WM_LBUTTONDBLCLK},
+                                                             {"move", WM_MOUSEMOVE}};
+        if (keys.count(verb) != 0)
+            return Key(keys.at(verb));
+        if (verb == "wheel")
+            return input::Mouse(list->m_hWnd, WM_MOUSEWHEEL, 0, {5, 5}, 120), void();
+        if (verb == "type")
+            return std::for_each(part.begin(), part.end(), [this](char letter) { Type(letter); }), void();
+        if (part == "row")
+            return Mouse(messages.at(verb), InRow(std::stoi(where)));
+        const CComboTreeItem& item = *Item(where);
+        const CRect rect = part == "button"  ? list->GetRectTreeBox(item)
+                           : part == "check" ? list->GetRectCheckBox(item)
+                                             : list->GetRectLabel(item);
+        Mouse(messages.at(verb), {rect.left, rect.top});
+    }
+};
 
 } // namespace korvel

@@ -18,32 +18,34 @@ protected:
         for (int i = 0; i < 3; ++i)
             Mouse(WM_MOUSEMOVE, InRow(row));
     }
+    bool IsShownAfter(std::chrono::milliseconds time) {
+        display.Advance(time);
+        return list->IsPreviewShown();
+    }
 
     TestEnumeration shown{{"a", "b", "c", "g/d"}, ENF_Tree};
 };
 
 TEST_F(ComboPreviewTest, OpensAfterAPauseAndGoesByItself) {
     Rest(0);
-    display.Advance(499ms);
-    EXPECT_FALSE(list->IsPreviewShown());
-    display.Advance(1ms);
-    EXPECT_TRUE(list->IsPreviewShown());
-    display.Advance(1999ms);
-    EXPECT_TRUE(list->IsPreviewShown());
-    display.Advance(1ms);
-    EXPECT_FALSE(list->IsPreviewShown());
-    display.Advance(10s); // until the next move
-    EXPECT_FALSE(list->IsPreviewShown());
+    EXPECT_FALSE(IsShownAfter(499ms));
+    EXPECT_TRUE(IsShownAfter(1ms));
+    EXPECT_TRUE(IsShownAfter(1999ms));
+    EXPECT_FALSE(IsShownAfter(1ms));
+    EXPECT_FALSE(IsShownAfter(10s)); // until the next move
+}
+
+TEST_F(ComboPreviewTest, APointerThatMovesOnBeginsThePauseAnew) {
+    Rest(0);
+    display.Advance(400ms);
+    Do("move row 0");
+    EXPECT_FALSE(IsShownAfter(400ms));
+    Do("move row 2"); // another row: waits for a move in it
+    EXPECT_FALSE(IsShownAfter(5s));
 }
 
 TEST_F(ComboPreviewTest, WhichRowsShowOne) {
-    struct Case {
-        const char* name;
-        int row;
-        std::string common;
-        bool isShown;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, int, const char*, bool> cases[] = {
         {"its own", 0, "", true},
         {"none", 1, "", false},
         {"the common one", 1, "plan.png", true},
@@ -51,51 +53,28 @@ TEST_F(ComboPreviewTest, WhichRowsShowOne) {
         {"a group", 3, "plan.png", false},
         {"no row", 7, "plan.png", false},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
-        shown.commonImage = row.common;
+    for (const auto& [name, row, common, isShown] : cases) {
+        shown.commonImage = common;
         list->Initialize("value", shown.ValueOf(""));
-        Rest(row.row);
-        display.Advance(500ms);
-        EXPECT_EQ(list->IsPreviewShown(), row.isShown);
+        Rest(row);
+        EXPECT_EQ(IsShownAfter(500ms), isShown) << name;
         display.Advance(5s);
     }
 }
 
 TEST_F(ComboPreviewTest, WhatMakesItGo) {
-    const std::function<void()> acts[] = {
-        [&] { Key(VK_DOWN); },
-        [&] { Mouse(WM_LBUTTONDOWN, InRow(2)); },
-        [&] { Mouse(WM_LBUTTONUP, InRow(2)); },
-        [&] {
-            input::Mouse(list->m_hWnd, WM_MOUSEWHEEL, 0, {5, 5}, 120);
-        },
-        [&] { Mouse(WM_MOUSEMOVE, InRow(1)); },
-        [&] { list->UnIntialize(); },
-    };
-    for (const auto& act : acts) {
+    for (const char* act : {"down", "press row 2", "release row 2", "wheel", "move row 1", ""}) {
         list->Initialize("value", shown.ValueOf(""));
         Rest(2);
-        display.Advance(500ms);
-        EXPECT_TRUE(list->IsPreviewShown());
+        EXPECT_TRUE(IsShownAfter(500ms));
         Mouse(WM_MOUSEMOVE, InRow(2, 20)); // a move in its row does not
         EXPECT_TRUE(list->IsPreviewShown());
-        act();
+        if (*act == '\0')
+            list->UnIntialize();
+        Do(act);
         EXPECT_FALSE(list->IsPreviewShown());
-        display.Advance(5s);
-        EXPECT_FALSE(list->IsPreviewShown());
+        EXPECT_FALSE(IsShownAfter(5s));
     }
-}
-
-TEST_F(ComboPreviewTest, APointerThatMovesOnBeginsThePauseAnew) {
-    Rest(0);
-    display.Advance(400ms);
-    Mouse(WM_MOUSEMOVE, InRow(0));
-    display.Advance(400ms);
-    EXPECT_FALSE(list->IsPreviewShown());
-    Mouse(WM_MOUSEMOVE, InRow(2)); // another row: waits for a move in it
-    display.Advance(5s);
-    EXPECT_FALSE(list->IsPreviewShown());
 }
 
 TEST_F(ComboPreviewTest, ThePictureStaysOnTheScreen) {
@@ -114,13 +93,10 @@ TEST_F(ComboPreviewTest, ThePictureStaysOnTheScreen) {
     CTooltippBitmap preview;
     ASSERT_TRUE(preview.Load("plan.png"));
     for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
         preview.Show(frame, row.beside);
-        EXPECT_EQ(preview.GetWindowRect().TopLeft(), row.corner);
+        EXPECT_EQ(preview.GetWindowRect().TopLeft(), row.corner) << row.name;
         EXPECT_EQ(preview.GetWindowRect().Height(), 22);
     }
-    preview.Hide();
-    EXPECT_FALSE(preview.IsWindowVisible());
     EXPECT_FALSE(preview.Load("nowhere.png"));
 }
 

@@ -40,14 +40,13 @@ public:
     std::string images; // of every entry with an odd number
     std::string commonImage;
     bool refuses = false;
-    /// Called at the start of each operation that acts on an entry, with its name and number.
+    std::string calls; // those that change something, with commas between
+    /// Called at the start of each operation, with its name and the number of the entry that it acts on.
     std::function<void(const std::string& operation, long id)> onCall;
-    std::vector<std::string> calls; // those that change something
 
     CVariantValue ValueOf(const std::string& selection) const {
-        CVariantValue value;
+        CVariantValue value = TextValue(selection);
         value.Type = DT_ListString;
-        value.Text = selection;
         value.EnumValue = const_cast<TestEnumeration*>(this);
         return value;
     }
@@ -57,11 +56,14 @@ public:
             std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) { return entry.id == id; });
         return found == entries.end() ? nullptr : &*found;
     }
+    void Forget(long id) {
+        std::erase_if(entries, [&](const Entry& entry) { return entry.id == id; });
+    }
 
     bool IsAutoDestroy() const override { return false; }
     void Destroy() override {}
-    const EDataTyps& GetDataType() const override { return type; }
-    const std::uint32_t& GetEnumFlags() const override { return flags; }
+    const EDataTyps& GetDataType() const override { return Call("type"), type; }
+    const std::uint32_t& GetEnumFlags() const override { return Call("flags"), flags; }
     long AddValue(const std::string& name, const std::string& group) override {
         Note("add", 0, name + "@" + group);
         if (refuses)
@@ -73,7 +75,7 @@ public:
     void RemoveValue(long id) override {
         Note("remove", id);
         if (!refuses)
-            std::erase_if(entries, [&](const Entry& entry) { return entry.id == id; });
+            Forget(id);
     }
     bool GetName(long id, CVariantValue& name) override {
         Call("name", id);
@@ -90,16 +92,16 @@ public:
         return entry != nullptr;
     }
     EnumPosition GetFirstPosition() override {
-        Call("first", 0);
+        Call("first");
         return entries.empty() ? nullptr : reinterpret_cast<EnumPosition>(1);
     }
     long GetNext(EnumPosition& position) override {
-        Call("next", 0);
+        Call("next");
         const auto index = reinterpret_cast<std::uintptr_t>(position); // one more than the entry's
         position = index < entries.size() ? reinterpret_cast<EnumPosition>(index + 1) : nullptr;
         return index <= entries.size() ? entries[index - 1].id : -1;
     }
-    const CVariantValue* GetTemplate() const override { return pattern; }
+    const CVariantValue* GetTemplate() const override { return Call("template"), pattern; }
     bool IsValue(long id, const CVariantValue& value) override {
         Call("is", id);
         return value.Text.find(Key(id)) != std::string::npos;
@@ -113,17 +115,19 @@ public:
         if (const auto at = value.Text.find(Key(id)); at != std::string::npos)
             value.Text.erase(at, Key(id).size());
     }
-    const char* GetSeparator(bool) const override { return separator.c_str(); }
-    std::string GetImagePath(long id) override { return id % 2 == 1 ? images : std::string(); }
-    std::string GetCommonImagePath() override { return commonImage; }
+    const char* GetSeparator(bool) const override { return Call("separator"), separator.c_str(); }
+    std::string GetImagePath(long id) override {
+        return Call("image", id), id % 2 == 1 ? images : std::string();
+    }
+    std::string GetCommonImagePath() override { return Call("image"), commonImage; }
 
 private:
-    void Call(const std::string& operation, long id) {
+    void Call(const std::string& operation, long id = 0) const {
         if (onCall)
             onCall(operation, id);
     }
     void Note(const std::string& operation, long id, const std::string& text = {}) {
-        calls.push_back(operation + " " + (text.empty() ? std::to_string(id) : text));
+        calls += (calls.empty() ? "" : ", ") + operation + " " + (text.empty() ? std::to_string(id) : text);
         Call(operation, id);
     }
 };

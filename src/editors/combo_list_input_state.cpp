@@ -28,18 +28,20 @@ constexpr std::uint32_t KindMask = 0xC4FFFAFF;
 
 } // namespace
 
-StatePtr MakeComboInputState(CComboList& list) {
-    if (list.GetMode() < eDesignFlat || list.GetMode() > eDropDown) {
-        return nullptr;
+void CComboList::CreateInputState() {
+    const unsigned binding = m_Model.Binding();
+    const std::uint32_t kind = GetEnumValue()->GetEnumFlags() & KindMask;
+    if (binding != m_Model.Binding() || GetMode() < eDesignFlat || GetMode() > eDropDown) {
+        return;
     }
-    const std::uint32_t kind = list.GetEnumValue()->GetEnumFlags() & KindMask;
     for (const StateRow& row : States) {
         if (row.kind == kind) {
-            return row.make(list);
+            m_pInputState = row.make(*this);
+            return;
         }
     }
-    return list.GetMode() == eDropDown ? Make<CGridCtrlComboBoxInputState>(list)
-                                       : Make<CGridCtrlComboBoxInputStateDesignDefault>(list);
+    m_pInputState = GetMode() == eDropDown ? Make<CGridCtrlComboBoxInputState>(*this)
+                                           : Make<CGridCtrlComboBoxInputStateDesignDefault>(*this);
 }
 
 } // namespace korvel

@@ -1,0 +1,186 @@
+// Enumerations that throw, refuse, give a number twice, and change or leave while they are asked.
+
+#include "combo_fixture.h"
+
+#include <random>
+
+namespace korvel {
+namespace {
+
+constexpr std::uint32_t Both = ENF_Tree | ENF_CheckBoxes;
+
+class BadEnumerationTest : public ComboTest {
+protected:
+    void SetUp() override {
+        ComboTest::SetUp();
+        display.SetPicture("plan.png", Image{30, 20, std::vector<std::uint32_t>(600)});
+        frame.onCode = [this](int) { MeddleAsOwner(); };
+        frame.onNotify = [this](UINT) { MeddleAsOwner(); };
+    }
+    void TearDown() override {
+        frame.onCode = nullptr;
+        frame.onNotify = nullptr;
+    }
+
+    int Pick(std::size_t count) { return static_cast<int>(random() % std::max<std::size_t>(count, 1)); }
+    std::string AnyName() {
+        static const Strings odd = {"", "///", "\xC4\xFF/\x80", "a\\/b/c", std::string(3, '\0')};
+        if (Pick(3) == 0)
+            return odd[static_cast<std::size_t>(Pick(odd.size()))];
+        std::string path;
+        for (int depth = Pick(4); depth >= 0; --depth)
+            path += std::string(1, static_cast<char>('a' + Pick(4))) + (depth > 0 ? "/" : "");
+        return path;
+    }
+    long AnyId() { return shown.entries.empty() ? 0 : shown.entries[Pick(shown.entries.size())].id; }
+    CComboTreeItem* AnyItem() { return list->GetTreeItem(Pick(list->GetItemCount())); }
+
+    void MakeEnumeration() {
+        static const std::uint32_t kinds[] = {0, ENF_CheckBoxes, ENF_Tree, Both, Both | 2};
+        shown = TestEnumeration({}, kinds[Pick(5)] | ENF_Add | ENF_Delete | ENF_Rename);
+        for (long id = 10 + Pick(15); id >= 10; --id)
+            shown.entries.push_back({Pick(6) == 0 ? 3 : id, TextValue(AnyName())});
+        shown.type = Pick(6) == 0 ? DT_Group : DT_String;
+        shown.separator = Pick(10) == 0 ? "" : "/";
+        shown.images = "plan.png";
+        shown.onCall = [this](const std::string& operation, long) { Meddle(operation); };
+    }
+
+    /// What the host does when it has been asked often enough.
+    void Meddle(const std::string& operation) {
+        static const std::set<std::string> queries = {"type", "flags", "separator", "image"};
+        if (countdown < 0 || countdown-- > 0 || (deed != 0 && queries.count(operation) != 0))
+            return;
+        const long id = AnyId();
+        const std::function<void()> deeds[] = {
+            [] { throw Error("no"); },
+            [&] { list->UnIntialize(); },
+            [&] { list->Initialize("other", shown.ValueOf(",11,")); },
+            [&] { list->Initialize("other", shown.ValueOf(",10,")), throw Error("no"); },
+            [&] { shown.refuses = !shown.refuses; },
+            [&] { shown.entries.clear(); },
+            [&] { list->Collapse(AnyItem()); },
+            [&] { shown.Forget(id), list->OnDestroyEnumValue(&shown, id); },
+            [&] {
+                for (const auto& entry : std::exchange(shown.entries, {}))
+                    list->OnDestroyEnumValue(&shown, entry.id);
+            },
+            [&] {
+                shown.entries.push_back({50 + Pick(5), TextValue(AnyName())});
+                list->OnAddEnumValue(&shown, shown.entries.back().id);
+            },
+            [&] {
+                if (auto* const entry = shown.Find(id))
+                    entry->name = TextValue(AnyName());
+                list->OnRenameEnumValue(&shown, id, {});
+            },
+        };
+        deeds[deed]();
+    }
+    /// The owner of the list may end the binding, whatever it hears.
+    void MeddleAsOwner() {
+        if (deed == 1)
+            Meddle("command");
+    }
+
+    void Act() {
+        static const UINT keys[] = {VK_DOWN, VK_UP, VK_LEFT, VK_RIGHT, VK_SPACE, 'A'};
+        static const UINT messages[] = {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MOUSEMOVE};
+        static const UINT commands[] = {15005, 15006, 15007, 15008, 15044, 15045};
+        CComboTreeItem* const item = AnyItem();
+        const std::function<void()> acts[] = {
+            [&] { Key(keys[Pick(6)]); },
+            [&] {
+                Mouse(messages[Pick(3)], {Pick(200), Pick(110)});
+            },
+            [&] { Command(commands[Pick(6)]); },
+            [&] { display.Advance(std::chrono::milliseconds(600)); }, // a picture comes or goes
+            [&] { display.PaintWindow(list->m_hWnd); },
+            [&] { list->OnEventFormatChanged(); },
+            [&] { list->Expand(item); },
+            [&] { list->Initialize("value", shown.ValueOf(",11,,3,,12,")); },
+            [&] { item ? list->GetModel().SetCheck(*item, Pick(2) == 0) : void(); },
+            [&] { item ? list->GetModel().ToggleCheck(*item) : void(); },
+            [&] { item ? void(list->GetModel().RenameLabel(*item, AnyName())) : void(); },
+        };
+        acts[Pick(std::size(acts))]();
+    }
+
+    std::mt19937 random{7};
+    TestEnumeration shown;
+    int countdown = -1; // calls until the host meddles; negative: it does not
+    int deed = 0;
+};
+
+/// Whatever the user and the host do, rows are the visible order and counts a recount.
+TEST_F(BadEnumerationTest, RowsAndCountsAgreeWhateverHappens) {
+    int thrown = 0;
+    for (int round = 0; round < 1000; ++round) {
+        MakeEnumeration();
+        Make(static_cast<EComboListMode>(Pick(3)), 5).EnableCommands(7, true);
+        for (int step = 0; step < 30; ++step) {
+            countdown = Pick(3) > 0 ? Pick(12) : -1;
+            deed = Pick(11);
+            try {
+                Act();
+            } catch (const Error&) {
+                ++thrown;
+            }
+            countdown = -1;
+            ExpectConsistent(*list);
+            if (HasFailure())
+                FAIL() << "round " << round << ", step " << step << ", deed " << deed;
+        }
+    }
+    EXPECT_GT(thrown, 100);
+}
+
+TEST_F(BadEnumerationTest, AFailureWhileTheListIsBuiltLeavesItEmpty) {
+    for (const std::string operation : {"type", "flags", "separator", "first", "next", "name", "is"}) {
+        SCOPED_TRACE(operation);
+        TestEnumeration failing({"g/a", "g/b"}, ENF_Tree);
+        Make(eDropDown);
+        failing.onCall = [&](const std::string& called, long id) {
+            if (called == operation && id != 1)
+                throw Error("no");
+        };
+        EXPECT_THROW(list->Initialize("value", failing.ValueOf(",1,")), Error);
+        failing.onCall = nullptr;
+        EXPECT_FALSE(list->IsInitialized());
+        EXPECT_EQ(list->GetItemCount() + list->GetColumnCount(), 0);
+        list->Initialize("value", failing.ValueOf(",1,"));
+        EXPECT_EQ(Rows(), "-g|  xa|  b");
+    }
+}
+
+TEST_F(BadEnumerationTest, ChecksShowWhatIsSelectedAlsoAfterAFailure) {
+    const std::function<void(ComboModel&)> acts[] = {
+        [&](ComboModel& model) { model.SetCheck(*Item("g"), true); },
+        [&](ComboModel& model) { model.SetCheck(*Item("g"), false); },
+        [&](ComboModel& model) { model.SetCheck(*Item("b"), true); },
+        [&](ComboModel& model) { model.ToggleCheck(*Item("b")); },
+    };
+    for (const auto& act : acts) {
+        for (int calls = 1; calls <= 2; ++calls) {
+            TestEnumeration failing({"g/a", "g/b", "g/c"}, Both);
+            Show(failing, eDesignTree, ",1,,3,");
+            failing.onCall = [left = calls](const std::string& operation, long) mutable {
+                if ((operation == "select" || operation == "deselect") && --left == 0)
+                    throw Error("no");
+            };
+            try {
+                act(list->GetModel());
+            } catch (const Error&) {
+            }
+            for (const TestEnumeration::Entry& entry : failing.entries) {
+                const bool isSelected =
+                    list->GetValue().Text.find(TestEnumeration::Key(entry.id)) != CString::npos;
+                EXPECT_EQ(ComboTree::IsChecked(*Item(entry.name.Text.substr(2))), isSelected);
+            }
+            ExpectConsistent(*list);
+        }
+    }
+}
+
+} // namespace
+} // namespace korvel
