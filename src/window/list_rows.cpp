@@ -34,9 +34,9 @@ void EraseRow(ListState& list, int row) {
 }
 
 void Deselect(ListState& list, int row) {
-    const UINT before = StateOf(list, row);
-    if ((before & LVIS_SELECTED) == 0)
+    if (!list.rows.At(row).IsSelected())
         return;
+    const UINT before = StateOf(list, row);
     const UINT after = before & ~LVIS_SELECTED;
     NotifyState(list, LVN_ITEMCHANGING, row, before, after);
     if (!list.rows.Has(row))

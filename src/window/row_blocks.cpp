@@ -17,17 +17,22 @@ void Append(std::vector<RowRecord>& target, std::vector<RowRecord>::iterator fir
     target.insert(target.end(), std::make_move_iterator(first), std::make_move_iterator(last));
 }
 
-template <class Iterator>
-int SelectedIn(Iterator first, Iterator last) {
-    return static_cast<int>(
-        std::count_if(first, last, [](const RowRecord& row) { return row.IsSelected(); }));
-}
-
 } // namespace
 
 RowRecord& RowBlocks::At(int row) {
+    const auto place = PlaceOf(row);
+    return m_blocks[place.block].rows.At(place.offset);
+}
+
+BlockIndex::Place RowBlocks::PlaceOf(int row) const {
+    if (m_found.block >= 0) {
+        const int offset = row - m_found.start;
+        if (offset >= 0 && offset < m_blocks[m_found.block].rows.Size())
+            return {m_found.block, offset};
+    }
     const auto place = m_index.Find(row);
-    return m_blocks[place.block].rows[place.offset];
+    m_found = {place.block, row - place.offset};
+    return place;
 }
 
 void RowBlocks::Insert(int row, int count, const Maker& make) {
@@ -39,7 +44,7 @@ void RowBlocks::Insert(int row, int count, const Maker& make) {
     }
     auto place = PlaceToInsert(row);
     const bool isAppend = row == m_size;
-    const int blockSize = static_cast<int>(m_blocks[place.block].rows.size());
+    const int blockSize = m_blocks[place.block].rows.Size();
     m_size += count;
     if (blockSize + count <= BlockCapacity) {
         InsertIntoBlock(place, count, make);
@@ -57,12 +62,12 @@ void RowBlocks::Insert(int row, int count, const Maker& make) {
 
 BlockIndex::Place RowBlocks::PlaceToInsert(int row) const {
     if (row < m_size)
-        return m_index.Find(row);
-    return {static_cast<int>(m_blocks.size()) - 1, static_cast<int>(m_blocks.back().rows.size())};
+        return PlaceOf(row);
+    return {static_cast<int>(m_blocks.size()) - 1, m_blocks.back().rows.Size()};
 }
 
 void RowBlocks::InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make) {
-    auto& rows = m_blocks[place.block].rows;
+    auto& rows = m_blocks[place.block].rows.Closed();
     const auto formerSize = static_cast<std::ptrdiff_t>(rows.size());
     rows.resize(rows.size() + static_cast<std::size_t>(count));
     std::move_backward(rows.begin() + place.offset, rows.begin() + formerSize, rows.end());
@@ -78,10 +83,11 @@ void RowBlocks::InsertBlocks(BlockIndex::Place place, int count, const Maker& ma
     added.reserve(static_cast<std::size_t>(count / BlockCapacity + 1));
     for (int index = 0; index < count; ++index) {
         if (index % BlockCapacity == 0)
-            added.emplace_back().rows.reserve(
+            added.emplace_back().rows.Closed().reserve(
                 static_cast<std::size_t>(std::min(count - index, BlockCapacity)));
-        added.back().rows.push_back(make(index));
-        added.back().rows.back().selected = false;
+        auto& rows = added.back().rows.Closed();
+        rows.push_back(make(index));
+        rows.back().selected = false;
     }
     const int at = SplitAt(place);
     m_blocks.insert(m_blocks.begin() + at, std::make_move_iterator(added.begin()),
@@ -94,13 +100,15 @@ void RowBlocks::InsertBlocks(BlockIndex::Place place, int count, const Maker& ma
 int RowBlocks::SplitAt(BlockIndex::Place place) {
     if (place.offset == 0)
         return place.block;
-    auto& rows = m_blocks[place.block].rows;
+    auto& rows = m_blocks[place.block].rows.Closed();
     if (place.offset == static_cast<int>(rows.size()))
         return place.block + 1;
     Block tail;
-    Append(tail.rows, rows.begin() + place.offset, rows.end());
+    auto& tailRows = tail.rows.Closed();
+    Append(tailRows, rows.begin() + place.offset, rows.end());
     rows.resize(place.offset);
-    tail.selectedCount = SelectedIn(tail.rows.begin(), tail.rows.end());
+    tail.selectedCount = static_cast<int>(
+        std::count_if(tailRows.begin(), tailRows.end(), [](const RowRecord& row) { return row.selected; }));
     m_blocks[place.block].selectedCount -= tail.selectedCount;
     m_blocks.insert(m_blocks.begin() + place.block + 1, std::move(tail));
     return place.block + 1;
@@ -109,20 +117,13 @@ int RowBlocks::SplitAt(BlockIndex::Place place) {
 void RowBlocks::Erase(int first, int last) {
     if (first >= last)
         return;
-    const auto begin = m_index.Find(first);
-    const auto end = m_index.Find(last - 1);
+    const auto end = PlaceOf(last - 1);
+    const auto begin = PlaceOf(first); // the block found last: it begins where it did
     m_size -= last - first;
-    for (int block = begin.block; block <= end.block; ++block) {
-        auto& rows = m_blocks[block].rows;
-        const auto from = rows.begin() + (block == begin.block ? begin.offset : 0);
-        const auto to = block == end.block ? rows.begin() + end.offset + 1 : rows.end();
-        const int selected = SelectedIn(from, to);
-        m_blocks[block].selectedCount -= selected;
-        m_selectedCount -= selected;
-        m_index.Add(block, -static_cast<int>(to - from));
-        rows.erase(from, to);
-    }
-    const auto isEmpty = [](const Block& block) { return block.rows.empty(); };
+    for (int block = begin.block; block <= end.block; ++block)
+        EraseInBlock(block, block == begin.block ? begin.offset : 0,
+                     block == end.block ? end.offset + 1 : m_blocks[block].rows.Size());
+    const auto isEmpty = [](const Block& block) { return block.rows.Size() == 0; };
     const auto stop = m_blocks.begin() + end.block + 1;
     const auto kept = std::remove_if(m_blocks.begin() + begin.block, stop, isEmpty);
     const bool fewerBlocks = kept != stop;
@@ -133,10 +134,21 @@ void RowBlocks::Erase(int first, int last) {
         RebuildIndex();
 }
 
+void RowBlocks::EraseInBlock(int number, int first, int last) {
+    Block& block = m_blocks[number];
+    int selected = 0;
+    for (int row = first; row < last && selected < block.selectedCount; ++row)
+        selected += block.rows.At(row).selected;
+    block.selectedCount -= selected;
+    m_selectedCount -= selected;
+    block.rows.Erase(first, last);
+    m_index.Add(number, first - last);
+}
+
 void RowBlocks::Select(int row, bool selected) {
-    const auto place = m_index.Find(row);
+    const auto place = PlaceOf(row);
     auto& block = m_blocks[place.block];
-    auto& record = block.rows[place.offset];
+    auto& record = block.rows.At(place.offset);
     const int difference = static_cast<int>(selected) - static_cast<int>(record.selected);
     record.selected = selected;
     block.selectedCount += difference;
@@ -146,37 +158,45 @@ void RowBlocks::Select(int row, bool selected) {
 int RowBlocks::FindSelected(int row) const {
     if (m_selectedCount == 0 || row >= m_size)
         return -1;
-    auto place = m_index.Find(std::max(row, 0));
+    auto place = PlaceOf(std::max(row, 0));
     for (; place.block < static_cast<int>(m_blocks.size()); ++place.block, place.offset = 0) {
         const auto& block = m_blocks[place.block];
         if (block.selectedCount == 0)
             continue;
-        const auto found = std::find_if(block.rows.begin() + place.offset, block.rows.end(),
-                                        [](const RowRecord& record) { return record.selected; });
-        if (found != block.rows.end())
-            return m_index.Start(place.block) + static_cast<int>(found - block.rows.begin());
+        for (; place.offset < block.rows.Size(); ++place.offset)
+            if (block.rows.At(place.offset).selected)
+                return m_index.Start(place.block) + place.offset;
     }
     return -1;
 }
 
 bool RowBlocks::JoinSmall(int block) {
-    if (block < 0 || block + 1 >= static_cast<int>(m_blocks.size()))
-        return false;
+    const bool joins = CanJoin(block);
+    if (joins)
+        Join(block);
+    return joins;
+}
+
+bool RowBlocks::CanJoin(int block) const {
+    return block >= 0 && block + 1 < static_cast<int>(m_blocks.size()) &&
+           m_blocks[block].rows.Size() + m_blocks[block + 1].rows.Size() <= HalfBlock;
+}
+
+void RowBlocks::Join(int block) {
     auto& target = m_blocks[block];
     auto& source = m_blocks[block + 1];
-    if (target.rows.size() + source.rows.size() > static_cast<std::size_t>(HalfBlock))
-        return false;
-    Append(target.rows, source.rows.begin(), source.rows.end());
+    auto& moved = source.rows.Closed();
+    Append(target.rows.Closed(), moved.begin(), moved.end());
     target.selectedCount += source.selectedCount;
     m_blocks.erase(m_blocks.begin() + block + 1);
-    return true;
 }
 
 void RowBlocks::RebuildIndex() {
     std::vector<int> sizes(m_blocks.size());
     std::transform(m_blocks.begin(), m_blocks.end(), sizes.begin(),
-                   [](const Block& block) { return static_cast<int>(block.rows.size()); });
+                   [](const Block& block) { return block.rows.Size(); });
     m_index.Rebuild(sizes);
+    m_found = {};
 }
 
 } // namespace korvel

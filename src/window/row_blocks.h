@@ -1,30 +1,12 @@
 #pragma once
 
 #include "window/block_index.h"
-#include "window/types.h"
+#include "window/row_run.h"
 
-#include <cstdint>
 #include <functional>
-#include <memory>
 #include <vector>
 
 namespace korvel {
-
-/// What a list keeps of one row: 24 bytes, and texts only where the row stores its own.
-struct RowRecord {
-    LPARAM data = 0;
-    /// Entry i belongs to column i. Null: the texts come from the list's text source.
-    std::unique_ptr<std::vector<CString>> texts;
-    std::int32_t image = -1;
-    std::uint32_t indent : 24 = 0;
-    bool checked : 1 = false;
-
-    bool IsSelected() const { return selected; }
-
-private:
-    friend class RowBlocks; // counts the selected rows
-    bool selected : 1 = false;
-};
 
 /// The rows of a list in blocks: a row is found, inserted or removed anywhere at the cost of one block
 /// and of the logarithm of their number; a range is inserted at the cost of its own length.
@@ -60,20 +42,31 @@ public:
 
 private:
     struct Block {
-        std::vector<RowRecord> rows;
+        RowRun rows;
         int selectedCount = 0;
     };
 
+    BlockIndex::Place PlaceOf(int row) const;
     BlockIndex::Place PlaceToInsert(int row) const;
     void InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make);
     void InsertBlocks(BlockIndex::Place place, int count, const Maker& make);
     /// Answers the block that begins with what stood at `place`.
     int SplitAt(BlockIndex::Place place);
+    void EraseInBlock(int block, int first, int last);
+    /// Whether the block and the one behind are so small that one does.
+    bool CanJoin(int block) const;
+    void Join(int block);
     bool JoinSmall(int block);
     void RebuildIndex();
 
     std::vector<Block> m_blocks;
     BlockIndex m_index;
+    /// The block found last and its first row: who walks over rows finds most of them there.
+    struct FoundBlock {
+        int block = -1;
+        int start = 0;
+    };
+    mutable FoundBlock m_found;
     int m_size = 0;
     int m_selectedCount = 0;
 };

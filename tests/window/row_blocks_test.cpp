@@ -60,6 +60,7 @@ TEST_P(RowBlocksRun, StaysEqualToAPlainVector) {
     RowBlocks blocks;
     Model model;
     LPARAM next = 0;
+    int lastErased = 0;
     const auto upTo = [&](int bound) { return static_cast<int>(random() % (bound + 1)); };
     for (int step = 0; step < 3000; ++step) {
         const int size = blocks.Size();
@@ -72,8 +73,10 @@ TEST_P(RowBlocksRun, StaysEqualToAPlainVector) {
                 added.push_back({next++, false});
             model.rows.insert(model.rows.begin() + row, added.begin(), added.end());
         } else {
-            const int first = upTo(size - 1);
-            const int last = std::min(size, first + 1 + upTo(GetParam().longestErase - 1));
+            // Every other time next to what was erased before, as a list removes a range row by row.
+            const int last = 1 + (random() % 2 == 0 ? upTo(size - 1) : std::min(lastErased, size - 1));
+            const int first = std::max(0, last - 1 - upTo(GetParam().longestErase - 1));
+            lastErased = std::max(0, first - static_cast<int>(random() % 2));
             blocks.Erase(first, last);
             model.rows.erase(model.rows.begin() + first, model.rows.begin() + last);
         }
