@@ -63,9 +63,7 @@ const CTreeItem* CTreeItem::Top() const {
 }
 
 FamilyTally CTreeItem::GetTally() const {
-    if (!m_children)
-        return {1, !m_collapsed, 0};
-    return {m_collapsed ? 1 : 1 + m_children->GetTally().rows, !m_collapsed, 1};
+    return {rows(), !m_collapsed, m_children ? 1 : 0};
 }
 
 void CTreeItem::Report(FamilyTally former) {

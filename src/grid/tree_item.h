@@ -44,7 +44,7 @@ public:
 
     bool CanExpand() const { return expandMarker != -1 || !children().empty(); }
     /// Rows that the node and what it shows below take, when the node itself is shown.
-    int rows() const { return GetTally().rows; }
+    int rows() const { return m_collapsed || !m_children ? 1 : 1 + m_children->GetTally().rows; }
     bool IsLastChild() const;
     /// The unseen node above all when the node has a place in a grid, else the topmost ancestor.
     const CTreeItem* Top() const;

@@ -51,7 +51,8 @@ CSubclassWnd* CSubclassWndMap::OlderThan(HWND window, std::uint64_t age) const {
 
 LRESULT CSubclassWndMap::HookProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const ModuleStateGuard moduleState;
-    const CurrentMessageScope current({window, message, wParam, lParam});
+    const MSG current{window, message, wParam, lParam};
+    const CurrentMessageScope scope(current);
     CSubclassWndMap& map = Instance();
     CSubclassWnd* const head = map.Head(window);
     if (!head) {

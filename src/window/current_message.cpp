@@ -5,21 +5,18 @@
 namespace korvel {
 namespace {
 
-MSG& Current() {
-    static thread_local MSG message;
-    return message;
-}
+constinit thread_local const MSG* t_current = nullptr;
 
 } // namespace
 
-CurrentMessageScope::CurrentMessageScope(const MSG& message) : m_former(std::exchange(Current(), message)) {}
+CurrentMessageScope::CurrentMessageScope(const MSG& message) : m_former(std::exchange(t_current, &message)) {}
 
 CurrentMessageScope::~CurrentMessageScope() {
-    Current() = m_former;
+    t_current = m_former;
 }
 
 MSG CWnd::GetCurrentMessage() {
-    return Current();
+    return t_current ? *t_current : MSG();
 }
 
 } // namespace korvel

@@ -17,7 +17,8 @@ LRESULT ObjectProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         return 0;
     if (!record->object)
         return CallWindowProcA(record->superProcedure, window, message, wParam, lParam);
-    const CurrentMessageScope scope({window, message, wParam, lParam});
+    const MSG current{window, message, wParam, lParam};
+    const CurrentMessageScope scope(current);
     return record->object->WindowProc(message, wParam, lParam);
 }
 

@@ -1,7 +1,7 @@
 #include "window/own_windows.h"
 
 #include "window/desktop.h"
-#include "window/window_table.h"
+#include "window/thread_queue.h"
 
 #include <algorithm>
 #include <utility>
@@ -10,33 +10,30 @@ namespace korvel::internal {
 namespace {
 
 struct Records {
-    std::vector<RecordRef> bySlot; // those of other threads' windows are null
+    std::vector<RecordRef> bySlot;
     std::uint64_t created = 0;
 };
 
-// Trivially destroyed, so that objects that die late in a thread find that their windows are gone.
 constinit thread_local Records* t_records = nullptr;
 
 } // namespace
 
+constinit thread_local const std::vector<RecordRef>* t_ownRecords = nullptr;
+
+WindowRecord::~WindowRecord() = default;
+
 RecordRef AddOwnWindow() {
     const auto& queue = ThreadQueue::Current(); // ends the windows with the thread
-    if (!t_records)
+    if (!t_records) {
         t_records = new Records;
+        t_ownRecords = &t_records->bySlot;
+    }
     const HWND window = WindowTable::Instance().Add(queue);
     const std::size_t slot = WindowTable::SlotOf(window);
     auto& bySlot = t_records->bySlot;
     bySlot.resize(std::max(bySlot.size(), slot + 1));
     bySlot[slot] = new WindowRecord(window, queue, ++t_records->created);
     return bySlot[slot];
-}
-
-RecordRef Find(HWND window) {
-    const std::size_t slot = WindowTable::SlotOf(window);
-    if (!t_records || slot >= t_records->bySlot.size())
-        return nullptr;
-    const RecordRef& record = t_records->bySlot[slot];
-    return record && record->handle == window ? record : nullptr;
 }
 
 std::vector<RecordRef> OwnWindows() {
@@ -63,6 +60,7 @@ void EndOwnWindows() {
         ForgetWindow(*record);
         RemoveOwnWindow(record->handle);
     }
+    t_ownRecords = nullptr;
     delete std::exchange(t_records, nullptr);
 }
 

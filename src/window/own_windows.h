@@ -4,8 +4,7 @@
 
 #include <vector>
 
-/// The records of the calling thread's windows. No other thread touches them, so that a window is found
-/// (see Find in window_record.h) without a lock: every message does it several times.
+/// How the records of the calling thread's windows come and go; window_record.h tells how they are found.
 namespace korvel::internal {
 
 /// The record of a new window.

@@ -2,6 +2,7 @@
 
 #include "window/display.h"
 #include "window/window.h"
+#include "window/window_table.h"
 #include "window/window_view.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
@@ -49,6 +50,7 @@ public:
 struct WindowRecord : boost::intrusive_ref_counter<WindowRecord, boost::thread_unsafe_counter> {
     WindowRecord(HWND windowHandle, std::shared_ptr<ThreadQueue> ownQueue, std::uint64_t number)
         : handle(windowHandle), queue(std::move(ownQueue)), creationNumber(number) {}
+    ~WindowRecord();
 
     const HWND handle;
     const std::shared_ptr<ThreadQueue> queue; // of the thread that made the window
@@ -82,9 +84,20 @@ struct WindowRecord : boost::intrusive_ref_counter<WindowRecord, boost::thread_u
 /// that a control may be destroyed inside its own handlers.
 using RecordRef = boost::intrusive_ptr<WindowRecord>;
 
+/// The records of the calling thread's windows by slot; null before the first and behind the end of the
+/// thread. No other thread touches them, so that they are found without a lock: every message does it often.
+/// Trivially destroyed, for objects that die late in a thread.
+extern constinit thread_local const std::vector<RecordRef>* t_ownRecords;
+
 /// The record of a living window of the calling thread; null for a null or stale handle and for a window of
-/// another thread. Constant time, without a lock.
-RecordRef Find(HWND window);
+/// another thread.
+inline RecordRef Find(HWND window) {
+    const std::size_t slot = WindowTable::SlotOf(window);
+    if (!t_ownRecords || slot >= t_ownRecords->size())
+        return nullptr;
+    const RecordRef& record = (*t_ownRecords)[slot];
+    return record && record->handle == window ? record : nullptr;
+}
 
 /// The state of a control, which it keeps alive; null when the window is gone or is no control of that type.
 template <class State>
