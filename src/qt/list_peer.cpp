@@ -25,9 +25,13 @@ void ShowRange(QScrollBar& bar, int position, int extent, int page) {
 
 } // namespace
 
+// The bars come first: their making is an event of the outer widget, which is watched from then on.
 ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets)
-    : PaintedPeer(desktop, window, widgets), m_across(*new QScrollBar(Qt::Horizontal, &widgets.outer)),
-      m_down(*new QScrollBar(Qt::Vertical, &widgets.outer)) {
+    : ListPeer(desktop, window, widgets, *new QScrollBar(Qt::Horizontal, &widgets.outer),
+               *new QScrollBar(Qt::Vertical, &widgets.outer)) {}
+
+ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down)
+    : PaintedPeer(desktop, window, widgets), m_across(across), m_down(down) {
     m_across.setSingleStep(sidewaysStep);
     for (QScrollBar* bar : {&m_across, &m_down}) {
         bar->setFocusPolicy(Qt::NoFocus);

@@ -18,6 +18,7 @@ protected:
     void Arrange() override;
 
 private:
+    ListPeer(Desktop& desktop, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down);
     void ShowPosition();
     void Report();
 
