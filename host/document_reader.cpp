@@ -140,11 +140,18 @@ private:
         for (AttributeSource attribute; m_scanner.NextAttribute(attribute);) {
             m_names.push_back(attribute.name);
             if (attribute.name == "xmlns" || attribute.name.starts_with("xmlns:"))
-                m_tree.m_namespaces.push_back(
-                    {element, static_cast<std::uint32_t>(m_tree.OffsetOf(attribute.name))});
+                DeclareNamespace(element, attribute);
         }
         if (m_names.size() > 1)
             CheckUniqueNames(m_scanner, m_source, m_names);
+    }
+
+    // It is asked for with every name, so a long one would be read again and again.
+    void DeclareNamespace(ElementIndex element, const AttributeSource& attribute) {
+        const std::size_t offset = m_tree.OffsetOf(attribute.name);
+        if (attribute.value.size() > LongestName)
+            m_scanner.Fail(offset, "a namespace is longer than 1,000 characters");
+        m_tree.m_namespaces.push_back({element, static_cast<std::uint32_t>(offset)});
     }
 
     void EndTag() {

@@ -135,7 +135,7 @@ MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) cons
     const TypedValue value = ValueOf(owner, member);
     MemberName name;
     if (member.kind == MemberKind::Attribute) {
-        const AttributeSource attribute = AttributeAt(member.place);
+        const AttributeSource attribute = m_tree.AttributeAt(member.place);
         name.stem = ToLibraryText(std::string(attribute.name)).text;
         name.mark = IsForeign(owner, attribute) ? ForeignMark : "";
     } else {
@@ -146,13 +146,6 @@ MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) cons
     if (!value.isValid)
         name.mark = InvalidMark;
     return name;
-}
-
-AttributeSource ElementMembers::AttributeAt(std::uint32_t offset) const {
-    SourceScanner scanner(m_tree.Source(), offset - 1); // from the blank before it
-    AttributeSource attribute;
-    scanner.NextAttribute(attribute);
-    return attribute;
 }
 
 ValueType ElementMembers::AttributeType(ElementIndex owner, std::string_view attribute) const {
@@ -183,7 +176,7 @@ TypedValue ElementMembers::Read(ElementIndex owner, const ValueType& type, const
 TypedValue ElementMembers::ValueOf(ElementIndex owner, const Member& member) const {
     switch (member.kind) {
     case MemberKind::Attribute:
-        return AttributeValue(owner, AttributeAt(member.place));
+        return AttributeValue(owner, m_tree.AttributeAt(member.place));
     case MemberKind::TextPart:
         return TextPartValue(owner, member.place);
     case MemberKind::TextElement:
@@ -234,7 +227,7 @@ TypedValue ElementMembers::TextElementValue(ElementIndex element) const {
 bool ElementMembers::IsReplaceable(ElementIndex owner, const Member& member) const {
     switch (member.kind) {
     case MemberKind::Attribute:
-        return !DeclaresNamespace(AttributeAt(member.place).name) && ValueOf(owner, member).isExact;
+        return !DeclaresNamespace(m_tree.AttributeAt(member.place).name) && ValueOf(owner, member).isExact;
     case MemberKind::TextPart:
         return m_tree.Text(owner).IsPlain() && ValueOf(owner, member).isExact;
     case MemberKind::TextElement:

@@ -80,7 +80,6 @@ private:
     bool IsForeign(ElementIndex element) const;
     bool IsForeign(ElementIndex owner, const AttributeSource& attribute) const;
     bool IsLandXml(std::string_view address) const;
-    AttributeSource AttributeAt(std::uint32_t offset) const;
     ValueType AttributeType(ElementIndex owner, std::string_view attribute) const;
     TextType TextTypeOf(ElementIndex element) const;
     TypedValue TextPartValue(ElementIndex owner, std::uint32_t part) const;

@@ -86,43 +86,46 @@ TextSource ElementTree::Text(ElementIndex element) const {
     return {Trim(std::string_view(m_source).substr(begin, EndOfCharacters(m_source, begin) - begin)), true};
 }
 
-AttributeSource ElementTree::DeclarationAt(const NamespaceDeclaration& declaration) const {
-    SourceScanner scanner(m_source, declaration.attribute - 1); // from the blank before it
+AttributeSource ElementTree::AttributeAt(std::uint32_t offset) const {
+    SourceScanner scanner(m_source, offset - 1); // from the blank before it
     AttributeSource attribute;
     scanner.NextAttribute(attribute);
-    attribute.name = attribute.name == "xmlns" ? std::string_view() : LocalPart(attribute.name);
     return attribute;
+}
+
+std::string_view ElementTree::PrefixAt(const NamespaceDeclaration& declaration) const {
+    const std::string_view name = SourceScanner(m_source, declaration.attribute).Name();
+    return name == "xmlns" ? std::string_view() : LocalPart(name);
 }
 
 void ElementTree::IndexNamespaces() {
     std::sort(m_namespaces.begin(), m_namespaces.end(),
               [this](const NamespaceDeclaration& a, const NamespaceDeclaration& b) {
-                  return a.element != b.element ? a.element < b.element
-                                                : DeclarationAt(a).name < DeclarationAt(b).name;
+                  const int order = PrefixAt(a).compare(PrefixAt(b));
+                  return order != 0 ? order < 0 : a.element < b.element;
               });
-    ElementIndex last = NoElement;
-    for (const NamespaceDeclaration& declaration : m_namespaces) {
-        if (declaration.element != last)
-            m_namespaceScopes.Add(declaration.element, SubtreeEnd(declaration.element));
-        last = declaration.element;
-    }
+    for (std::uint32_t i = 1; i < m_namespaces.size(); ++i)
+        if (PrefixAt(m_namespaces[i - 1]) == PrefixAt(m_namespaces[i]))
+            m_namespaces[i].outer = InnermostDeclaration(i - 1, m_namespaces[i].element);
+}
+
+std::uint32_t ElementTree::InnermostDeclaration(std::uint32_t from, ElementIndex element) const {
+    while (from != None && SubtreeEnd(m_namespaces[from].element) <= element)
+        from = m_namespaces[from].outer;
+    return from;
 }
 
 std::string_view ElementTree::NamespaceOf(ElementIndex element, std::string_view prefix) const {
-    for (std::uint32_t scope = m_namespaceScopes.Innermost(element); scope != ScopeIndex::None;
-         scope = m_namespaceScopes.Outer(scope)) {
-        const ElementIndex holder = m_namespaceScopes.Begin(scope);
-        const auto found =
-            std::lower_bound(m_namespaces.begin(), m_namespaces.end(), holder,
-                             [&](const NamespaceDeclaration& d, ElementIndex e) {
-                                 return d.element != e ? d.element < e : DeclarationAt(d).name < prefix;
-                             });
-        if (found == m_namespaces.end() || found->element != holder)
-            continue;
-        if (const AttributeSource declaration = DeclarationAt(*found); declaration.name == prefix)
-            return declaration.value;
-    }
-    return {};
+    const auto next = std::partition_point(m_namespaces.begin(), m_namespaces.end(),
+                                           [&](const NamespaceDeclaration& declaration) {
+                                               const int order = PrefixAt(declaration).compare(prefix);
+                                               return order != 0 ? order < 0 : declaration.element <= element;
+                                           });
+    if (next == m_namespaces.begin() || PrefixAt(*(next - 1)) != prefix)
+        return {};
+    const auto last = static_cast<std::uint32_t>(next - m_namespaces.begin() - 1);
+    const std::uint32_t found = InnermostDeclaration(last, element);
+    return found == None ? std::string_view() : AttributeAt(m_namespaces[found].attribute).value;
 }
 
 } // namespace korvel::inspector

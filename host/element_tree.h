@@ -1,6 +1,5 @@
 #pragma once
 
-#include "scope_index.h"
 #include "source_scanner.h"
 
 #include <cstdint>
@@ -11,6 +10,8 @@
 
 namespace korvel::inspector {
 
+/// The number of an element in document order; the root is 0.
+using ElementIndex = std::uint32_t;
 inline constexpr ElementIndex NoElement = 0xFFFFFFFF;
 
 /// The text directly inside an element, as written: from its first to its last character that is not blank.
@@ -56,6 +57,9 @@ public:
     /// The value as written; a null view when there is no such attribute.
     std::string_view FindAttribute(ElementIndex element, std::string_view name) const;
 
+    /// The attribute whose name begins at an offset of the source.
+    AttributeSource AttributeAt(std::uint32_t offset) const;
+
     TextSource Text(ElementIndex element) const;
 
     /// The address that a prefix (empty: none) stands for in an element; empty when it stands for nothing.
@@ -79,22 +83,24 @@ private:
         std::uint32_t begin;
         std::uint32_t end;
     };
+    static constexpr std::uint32_t None = 0xFFFFFFFF; // no declaration
     struct NamespaceDeclaration {
         ElementIndex element;
-        std::uint32_t attribute; // offset of its name
+        std::uint32_t attribute;    // offset of its name
+        std::uint32_t outer = None; // the next declaration of the same prefix around this one
     };
 
     SourceScanner AtAttributes(ElementIndex element) const;
-    AttributeSource DeclarationAt(const NamespaceDeclaration& declaration) const;
     void IndexNamespaces();
+    std::string_view PrefixAt(const NamespaceDeclaration& declaration) const;
+    std::uint32_t InnermostDeclaration(std::uint32_t from, ElementIndex element) const;
 
     std::string m_source;
     std::vector<Element> m_elements;
     // Hardly any element has these, so nobody counts them before; deques, because a vector that grows takes
     // twice its memory.
     std::deque<MixedText> m_mixedTexts;            // by element
-    std::deque<NamespaceDeclaration> m_namespaces; // by element, then by prefix
-    ScopeIndex m_namespaceScopes;                  // the elements with declarations
+    std::deque<NamespaceDeclaration> m_namespaces; // by prefix, then by element
 };
 
 class ElementTree::ChildRange {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "landxml_units.h"
+#include "scope_index.h"
 
 #include <string>
 #include <unordered_map>

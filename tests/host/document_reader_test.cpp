@@ -90,6 +90,8 @@ const BadDocument Refused[] = {
     {"OverlongUtf8", "<a>\xC0\xAF</a>", 1, 4, "not UTF-8"},
     {"TooDeep", Repeat("<a>", 1001), 1, 3001, "deeper than 1,000 levels"},
     {"LongAttribute", "<a\nb='" + std::string(10'000'001, 'x') + "'/>", 2, 1, "longer than 10 MB"},
+    {"LongNamespace", "<a><b xmlns:c='" + std::string(1001, 'x') + "'/></a>", 1, 7,
+     "longer than 1,000 characters"},
     {"LongName", "<" + std::string(1001, 'x') + "/>", 1, 2, "longer than 1,000 characters"},
 };
 INSTANTIATE_TEST_SUITE_P(Documents, BadDocuments, ::testing::ValuesIn(Refused),
