@@ -44,6 +44,13 @@ ElementObject& LandXmlDocument::ObjectOf(ElementIndex element) {
     return object->second;
 }
 
+void LandXmlDocument::Forget(ElementIndex element) {
+    m_objects.erase(element);
+    m_presentations.erase(element);
+    m_idents.erase(element);
+    m_largeTables.erase(element);
+}
+
 const std::string& LandXmlDocument::IdentOf(ElementIndex element) {
     const auto known = m_idents.find(element);
     if (known != m_idents.end())

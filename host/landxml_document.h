@@ -51,6 +51,9 @@ public:
 
     ElementObject& ObjectOf(ElementIndex element);
 
+    /// Gives back the memory of an element's object, for walks over a whole document; nobody may hold it.
+    void Forget(ElementIndex element);
+
     /// The name of an element's object: the one that it has as a member.
     const std::string& IdentOf(ElementIndex element);
 

@@ -17,7 +17,8 @@ std::string OneLine(std::string text) {
 
 class ListWriter {
 public:
-    explicit ListWriter(std::ostream& out) : m_out(out) {}
+    ListWriter(std::ostream& out, const std::function<void(IMemberDispatch&)>& onWritten)
+        : m_out(out), m_onWritten(onWritten) {}
 
     void Write(IMemberDispatch& object) {
         m_open.push_back(&object);
@@ -38,18 +39,23 @@ private:
         m_out << std::string((m_open.size() - 1) * 2, ' ') << OneLine(name) << '\t' << OneLine(text) << '\n';
         if (value.Type != DT_Group || value.Value.Dispatch == nullptr)
             return;
-        if (std::find(m_open.begin(), m_open.end(), value.Value.Dispatch) == m_open.end())
-            Write(*value.Value.Dispatch);
+        if (std::find(m_open.begin(), m_open.end(), value.Value.Dispatch) != m_open.end())
+            return;
+        Write(*value.Value.Dispatch);
+        if (m_onWritten)
+            m_onWritten(*value.Value.Dispatch);
     }
 
     std::ostream& m_out;
+    const std::function<void(IMemberDispatch&)>& m_onWritten;
     std::vector<IMemberDispatch*> m_open; // from the root to the object whose members are written
 };
 
 } // namespace
 
-void WriteList(IMemberDispatch& root, std::ostream& out) {
-    ListWriter(out).Write(root);
+void WriteList(IMemberDispatch& root, std::ostream& out,
+               const std::function<void(IMemberDispatch&)>& onWritten) {
+    ListWriter(out, onWritten).Write(root);
 }
 
 } // namespace korvel::inspector

@@ -2,6 +2,7 @@
 
 #include "values/member_dispatch.h"
 
+#include <functional>
 #include <ostream>
 
 namespace korvel::inspector {
@@ -14,7 +15,9 @@ namespace korvel::inspector {
 ///         linearUnit	meter
 ///
 /// Objects may answer anything: one that holds itself is not entered again, and a member that vanishes
-/// between two calls has an empty value.
-void WriteList(IMemberDispatch& root, std::ostream& out);
+/// between two calls has an empty value. `onWritten` (may be empty) is called with each object below `root`
+/// once all below it is written: the list asks it for nothing any more.
+void WriteList(IMemberDispatch& root, std::ostream& out,
+               const std::function<void(IMemberDispatch&)>& onWritten = {});
 
 } // namespace korvel::inspector

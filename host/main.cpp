@@ -26,7 +26,9 @@ int List(const Options& options) {
     for (const std::string& notice : document.Notices())
         Complain(options.file + ": " + platform::ToUtf8(notice));
     std::ios::sync_with_stdio(false);
-    WriteList(document.Root(), std::cout);
+    WriteList(document.Root(), std::cout, [&](IMemberDispatch& written) {
+        document.Forget(static_cast<ElementObject&>(written).Element());
+    });
     std::cout.flush();
     if (!std::cout) {
         Complain("standard output cannot be written");

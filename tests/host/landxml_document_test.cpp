@@ -52,7 +52,14 @@ TEST_F(LandXmlDocumentTest, ShowsWholeDocuments) {
     for (const std::string name : {"railway", "imperial"}) {
         const std::string path = KORVEL_TEST_DATA "/" + name;
         LandXmlDocument document(path + ".xml", {});
-        EXPECT_EQ(ListOf(document.Root()), ReadSourceFile(path + ".list"));
+        const std::string expected = ReadSourceFile(path + ".list");
+        EXPECT_EQ(ListOf(document.Root()), expected);
+        std::ostringstream forgetting;
+        WriteList(document.Root(), forgetting, [&](IMemberDispatch& written) {
+            document.Forget(static_cast<ElementObject&>(written).Element());
+        });
+        EXPECT_EQ(forgetting.str(), expected);
+        EXPECT_EQ(ListOf(document.Root()), expected) << "with objects made anew";
     }
 }
 
