@@ -11,11 +11,7 @@ constexpr int BlockCapacity = 512; // 12 KB: what one insertion moves at most
 // The number of blocks changes only after that many rows came or went, so that the index is not built
 // anew for every row.
 constexpr int HalfBlock = BlockCapacity / 2;
-
-void Append(std::vector<RowRecord>& target, std::vector<RowRecord>::iterator first,
-            std::vector<RowRecord>::iterator last) {
-    target.insert(target.end(), std::make_move_iterator(first), std::make_move_iterator(last));
-}
+constexpr int FewRows = BlockCapacity / 8; // a block that has no more left looks for one to join
 
 } // namespace
 
@@ -67,13 +63,12 @@ BlockIndex::Place RowBlocks::PlaceToInsert(int row) const {
 }
 
 void RowBlocks::InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make) {
-    auto& rows = m_blocks[place.block].rows.Closed();
-    const auto formerSize = static_cast<std::ptrdiff_t>(rows.size());
-    rows.resize(rows.size() + static_cast<std::size_t>(count));
-    std::move_backward(rows.begin() + place.offset, rows.begin() + formerSize, rows.end());
+    auto& rows = m_blocks[place.block].rows;
+    rows.Insert(place.offset, count);
     for (int index = 0; index < count; ++index) {
-        rows[place.offset + index] = make(index);
-        rows[place.offset + index].selected = false;
+        RowRecord& row = rows.At(place.offset + index);
+        row = make(index);
+        row.selected = false;
     }
     m_index.Add(place.block, count);
 }
@@ -82,12 +77,12 @@ void RowBlocks::InsertBlocks(BlockIndex::Place place, int count, const Maker& ma
     std::vector<Block> added;
     added.reserve(static_cast<std::size_t>(count / BlockCapacity + 1));
     for (int index = 0; index < count; ++index) {
-        if (index % BlockCapacity == 0)
-            added.emplace_back().rows.Closed().reserve(
-                static_cast<std::size_t>(std::min(count - index, BlockCapacity)));
-        auto& rows = added.back().rows.Closed();
-        rows.push_back(make(index));
-        rows.back().selected = false;
+        const int offset = index % BlockCapacity;
+        if (offset == 0)
+            added.emplace_back().rows.Insert(0, std::min(count - index, BlockCapacity));
+        RowRecord& row = added.back().rows.At(offset);
+        row = make(index);
+        row.selected = false;
     }
     const int at = SplitAt(place);
     m_blocks.insert(m_blocks.begin() + at, std::make_move_iterator(added.begin()),
@@ -100,16 +95,13 @@ void RowBlocks::InsertBlocks(BlockIndex::Place place, int count, const Maker& ma
 int RowBlocks::SplitAt(BlockIndex::Place place) {
     if (place.offset == 0)
         return place.block;
-    auto& rows = m_blocks[place.block].rows.Closed();
-    if (place.offset == static_cast<int>(rows.size()))
+    Block& block = m_blocks[place.block];
+    if (place.offset == block.rows.Size())
         return place.block + 1;
     Block tail;
-    auto& tailRows = tail.rows.Closed();
-    Append(tailRows, rows.begin() + place.offset, rows.end());
-    rows.resize(place.offset);
-    tail.selectedCount = static_cast<int>(
-        std::count_if(tailRows.begin(), tailRows.end(), [](const RowRecord& row) { return row.selected; }));
-    m_blocks[place.block].selectedCount -= tail.selectedCount;
+    tail.selectedCount = CountSelected(block, place.offset, block.rows.Size());
+    tail.rows.Take(block.rows, place.offset);
+    block.selectedCount -= tail.selectedCount;
     m_blocks.insert(m_blocks.begin() + place.block + 1, std::move(tail));
     return place.block + 1;
 }
@@ -123,22 +115,32 @@ void RowBlocks::Erase(int first, int last) {
     for (int block = begin.block; block <= end.block; ++block)
         EraseInBlock(block, block == begin.block ? begin.offset : 0,
                      block == end.block ? end.offset + 1 : m_blocks[block].rows.Size());
-    const auto isEmpty = [](const Block& block) { return block.rows.Size() == 0; };
-    const auto stop = m_blocks.begin() + end.block + 1;
-    const auto kept = std::remove_if(m_blocks.begin() + begin.block, stop, isEmpty);
-    const bool fewerBlocks = kept != stop;
+    if (m_blocks[begin.block].rows.Size() <= FewRows || begin.block != end.block)
+        Tidy(begin.block, end.block);
+}
+
+void RowBlocks::Tidy(int first, int last) {
+    const auto stop = m_blocks.begin() + last + 1;
+    const auto kept = std::remove_if(m_blocks.begin() + first, stop,
+                                     [](const Block& block) { return block.rows.Size() == 0; });
+    const bool dropped = kept != stop;
     m_blocks.erase(kept, stop);
-    const bool joinedBehind = JoinSmall(begin.block);
-    const bool joinedBefore = JoinSmall(begin.block - 1);
-    if (fewerBlocks || joinedBehind || joinedBefore)
+    const bool joinedBehind = JoinSmall(first);
+    const bool joinedBefore = JoinSmall(first - 1);
+    if (dropped || joinedBehind || joinedBefore)
         RebuildIndex();
+}
+
+int RowBlocks::CountSelected(const Block& block, int first, int last) {
+    int selected = 0;
+    for (int row = first; row < last && selected < block.selectedCount; ++row)
+        selected += block.rows.At(row).selected;
+    return selected;
 }
 
 void RowBlocks::EraseInBlock(int number, int first, int last) {
     Block& block = m_blocks[number];
-    int selected = 0;
-    for (int row = first; row < last && selected < block.selectedCount; ++row)
-        selected += block.rows.At(row).selected;
+    const int selected = CountSelected(block, first, last);
     block.selectedCount -= selected;
     m_selectedCount -= selected;
     block.rows.Erase(first, last);
@@ -185,8 +187,7 @@ bool RowBlocks::CanJoin(int block) const {
 void RowBlocks::Join(int block) {
     auto& target = m_blocks[block];
     auto& source = m_blocks[block + 1];
-    auto& moved = source.rows.Closed();
-    Append(target.rows.Closed(), moved.begin(), moved.end());
+    target.rows.Take(source.rows, 0);
     target.selectedCount += source.selectedCount;
     m_blocks.erase(m_blocks.begin() + block + 1);
 }

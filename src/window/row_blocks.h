@@ -52,7 +52,10 @@ private:
     void InsertBlocks(BlockIndex::Place place, int count, const Maker& make);
     /// Answers the block that begins with what stood at `place`.
     int SplitAt(BlockIndex::Place place);
+    static int CountSelected(const Block& block, int first, int last);
     void EraseInBlock(int block, int first, int last);
+    /// After rows of the blocks from `first` to `last` were erased: drops empty blocks and joins small ones.
+    void Tidy(int first, int last);
     /// Whether the block and the one behind are so small that one does.
     bool CanJoin(int block) const;
     void Join(int block);

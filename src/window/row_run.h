@@ -24,21 +24,26 @@ private:
     bool selected : 1 = false;
 };
 
-/// A run of rows, counted from 0. What is erased leaves a hole, which is closed when rows are erased
-/// elsewhere or inserted: to erase a range row by row from one of its ends moves the rows behind it once at
-/// most.
+/// A run of rows, counted from 0, with a hole somewhere among them, as editors keep text: what is inserted or
+/// erased beside the place of the last change moves no other rows.
 class RowRun {
 public:
-    int Size() const { return static_cast<int>(m_rows.size()) - m_holeSize; }
+    int Size() const { return m_size; }
     const RowRecord& At(int row) const { return m_rows[row < m_hole ? row : row + m_holeSize]; }
     RowRecord& At(int row) { return m_rows[row < m_hole ? row : row + m_holeSize]; }
-    /// All rows, without a hole.
-    std::vector<RowRecord>& Closed();
+
+    /// Inserts `count` rows in front of row `row` (Size() appends). Their records are the caller's to set.
+    void Insert(int row, int count);
     /// Erases the rows from `first` to before `last`.
     void Erase(int first, int last);
+    /// Moves the rows of `other` from `first` on behind the own ones.
+    void Take(RowRun& other, int first);
 
 private:
-    std::vector<RowRecord> m_rows;
+    void MoveHole(int row);
+
+    std::vector<RowRecord> m_rows; // with the hole
+    int m_size = 0;
     int m_hole = 0; // the row behind it
     int m_holeSize = 0;
 };
