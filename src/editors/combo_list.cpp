@@ -42,6 +42,7 @@ void CComboList::PreSubclassWindow() {
 
 void CComboList::Expand(CTreeItem* item) {
     if (item) {
+        const ComboTree::Keep keep(m_Model.Tree());
         m_Model.Expand(*item);
         RedrawRow(RowOf(*item)); // also an empty group looks another
     }
@@ -49,6 +50,7 @@ void CComboList::Expand(CTreeItem* item) {
 
 void CComboList::Collapse(CTreeItem* item) {
     if (item) {
+        const ComboTree::Keep keep(m_Model.Tree());
         m_Model.Collapse(*item);
         RedrawRow(RowOf(*item));
     }

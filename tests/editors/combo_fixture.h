@@ -38,34 +38,33 @@ protected:
     }
 };
 
-/// Row numbers, shown items and counts of a list against what a walk over its items gives.
+/// The checked and unchecked entries at and under an item; what is shown of them goes to `rows`.
+inline std::pair<int, int> Recount(const CComboTreeItem& item, bool isShown,
+                                   std::vector<const CComboTreeItem*>& rows) {
+    const bool isChecked = ComboTree::IsChecked(item);
+    std::pair<int, int> counts{item.IsValue() && isChecked, item.IsValue() && !isChecked};
+    EXPECT_EQ(item.HasRow(), isShown && item.GetParent()) << item.GetLabel();
+    if (item.HasRow())
+        rows.push_back(&item);
+    for (const CComboTreeItem* child = item.GetFirstChild(); child; child = child->GetNextSibling()) {
+        const auto [checked, unchecked] = Recount(*child, isShown && item.IsExpanded(), rows);
+        counts.first += checked;
+        counts.second += unchecked;
+    }
+    EXPECT_EQ(std::pair(item.GetChecked(), item.GetUnchecked()), counts) << item.GetLabel();
+    return counts;
+}
+
+/// The rows of a list and its counts against what a walk over its items gives.
 inline void ExpectConsistent(const CComboList& list) {
-    struct Walk {
-        const CComboList& list;
-        int row = 0;
-        void Check(const CComboTreeItem& item, bool isShown, int& checked, int& unchecked) {
-            int ownChecked = item.IsValue() && ComboTree::IsChecked(item) ? 1 : 0;
-            int ownUnchecked = item.IsValue() ? 1 - ownChecked : 0;
-            if (item.GetParent()) {
-                ASSERT_EQ(item.HasRow(), isShown) << item.GetLabel();
-                if (isShown) {
-                    ASSERT_EQ(item.GetRow(), row) << item.GetLabel();
-                    ASSERT_EQ(list.GetTreeItem(row), &item);
-                    ASSERT_EQ(list.GetItemData(row), reinterpret_cast<LPARAM>(&item));
-                    ++row;
-                }
-            }
-            for (const CComboTreeItem* child = item.GetFirstChild(); child; child = child->GetNextSibling())
-                Check(*child, isShown && item.IsExpanded(), ownChecked, ownUnchecked);
-            ASSERT_EQ(item.GetChecked(), ownChecked) << item.GetLabel();
-            ASSERT_EQ(item.GetUnchecked(), ownUnchecked) << item.GetLabel();
-            checked += ownChecked;
-            unchecked += ownUnchecked;
-        }
-    } walk{list};
-    int checked = 0, unchecked = 0;
-    walk.Check(list.GetRootItem(), true, checked, unchecked);
-    EXPECT_EQ(list.GetItemCount(), walk.row);
+    std::vector<const CComboTreeItem*> rows;
+    Recount(list.GetRootItem(), true, rows);
+    ASSERT_EQ(list.GetItemCount(), static_cast<int>(rows.size()));
+    for (int row = 0; row < list.GetItemCount(); ++row) {
+        ASSERT_EQ(list.GetTreeItem(row), rows[static_cast<std::size_t>(row)]);
+        ASSERT_EQ(list.GetItemData(row), reinterpret_cast<LPARAM>(list.GetTreeItem(row)));
+        ASSERT_EQ(list.GetTreeItem(row)->GetRow(), row);
+    }
 }
 
 /// A list of 200 pixels' width in a frame; a row is 20 pixels high. Flat lists and trees have no header.

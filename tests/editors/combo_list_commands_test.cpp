@@ -24,9 +24,8 @@ protected:
             texts += (texts.empty() ? "" : "|") + entry.text;
         return texts;
     }
-    /// Edits the label of a row and types over it.
-    void EditLabel(int row, const CString& text, UINT end) {
-        list->SetCurrentRow(row);
+    /// Types over the label of the current row.
+    void EditLabel(const CString& text, UINT end) {
         Command(ComboCommandRename);
         ASSERT_NE(list->GetEditControl(), nullptr);
         SetWindowTextA(list->GetEditControl(), text);
@@ -160,21 +159,19 @@ TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
         const char* name;
         int row;
         CString typed;
-        UINT end;
+        long refused; // the entry that keeps its name
         std::string calls, rows;
-        int result;
     };
-    const std::string before = "-g|  a|  xb|-c|  d", renames = "rename g/new";
-    const UINT ok = VK_RETURN;
+    const std::string before = "-g|  a|  xb|-c|  d", renames = "rename k/a, rename k/b";
     const Case cases[] = {
-        {"an entry", 1, "new", ok, renames, "-g|  new|  xb|-c|  d", 1},
-        {"a group: every entry", 0, "k", ok, "rename k/a, rename k/b", "-k|  a|  xb|-c|  d", 1},
-        {"an entry with others: alone", 3, "new", ok, "rename new", "-g|  a|  xb|-new|  d", 1},
-        {"given up", 1, "new", VK_ESCAPE, "", before, 1},
-        {"nothing typed", 1, "", ok, "", before, 0},
-        {"a path is no label", 1, "x/y", ok, "", before, 0},
-        {"a separator that is text", 1, "x\\/y", ok, "rename g/x\\/y", "-g|  x\\/y|  xb|-c|  d", 1},
-        {"refused", 1, "no", ok, "rename g/no", before, 0},
+        {"an entry", 1, "new", 0, "rename g/new", "-g|  new|  xb|-c|  d"},
+        {"a separator that is text", 1, "x\\/y", 0, "rename g/x\\/y", "-g|  x\\/y|  xb|-c|  d"},
+        {"an entry with others: alone", 3, "new", 0, "rename new", "-g|  a|  xb|-new|  d"},
+        {"a group: every entry", 0, "k", 0, renames, "-k|  a|  xb|-c|  d"},
+        {"nothing typed", 1, "", 0, "", before},
+        {"a path is no label", 1, "x/y", 0, "", before},
+        {"refused", 1, "new", 1, "rename g/new", before},
+        {"a group of which one refuses is split", 0, "k", 1, renames, "-g|  a|-c|  d|+k"},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
@@ -182,27 +179,21 @@ TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
         Show(shown, eDesignTree, ",2,");
         list->Expand(Item("c"));
         list->EnableCommands(All, true);
-        shown.refuses = row.typed == "no";
-        EditLabel(row.row, row.typed, row.end);
+        list->SetCurrentRow(row.row);
+        shown.onCall = [&](const std::string& operation, long id) {
+            shown.refuses = operation == "rename" ? id == row.refused : shown.refuses;
+        };
+        EditLabel(row.typed, VK_ESCAPE);
+        EXPECT_EQ(shown.calls, "");
+        EditLabel(row.typed, VK_RETURN);
         EXPECT_EQ(shown.calls, row.calls);
         EXPECT_EQ(Rows(), row.rows);
-        EXPECT_EQ(TellEndOfEdit(row.row, row.end == ok ? row.typed.c_str() : nullptr),
-                  row.end == ok && row.result);
+        ExpectConsistent(*list);
+        const bool isTaken = !row.calls.empty() && row.refused == 0;
+        EXPECT_EQ(TellEndOfEdit(row.row, row.typed.c_str()), isTaken);
         list->GetModel().Tree().SetLabel(*list->GetTreeItem(row.row), 0, "later");
         EXPECT_EQ(list->GetItemText(row.row, 0), "later"); // the list keeps no text of its own
     }
-}
-
-TEST_F(ComboCommandsTest, AGroupOfWhichOneEntryRefusesIsSplit) {
-    TestEnumeration shown({"g/a", "g/b", "g/c"}, ENF_Tree);
-    Show(shown, eDesignTree, ",1,");
-    shown.onCall = [&](const std::string& operation, long id) {
-        shown.refuses = operation == "rename" ? id == 2 : shown.refuses;
-    };
-    EXPECT_FALSE(list->GetModel().RenameLabel(*Item("g"), "n"));
-    EXPECT_EQ(Rows(), "-g|  b|+n");
-    EXPECT_EQ(Item("n")->GetChecked(), 1);
-    ExpectConsistent(*list);
 }
 
 } // namespace

@@ -78,6 +78,11 @@ TEST_F(ComboPaintTest, TreeLinesAndButtons) {
     EXPECT_TRUE(HasLine(0, bar));
     EXPECT_TRUE(HasLine(0, upright));
     EXPECT_TRUE(Of(PaintRow(1), PaintCall::Kind::Frame).empty()); // no children, no box
+    list->OnDestroyEnumValue(&shown, 2);
+    Do("down, right, down, down, right"); // g, a, the emptied h
+    display.PaintWindow(list->m_hWnd);
+    Do("left"); // no row goes, but it looks another
+    EXPECT_TRUE(display.IsInvalid(list->m_hWnd));
 }
 
 TEST_F(ComboPaintTest, ColumnsFollowTheWidth) {

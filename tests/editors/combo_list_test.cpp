@@ -8,44 +8,38 @@ using namespace std::chrono_literals;
 
 class ComboListTest : public ComboTest {};
 
-TEST_F(ComboListTest, ShapesOfNames) {
+TEST_F(ComboListTest, RowsAndSelectionAtTheStart) {
     struct Case {
         const char* name;
         EComboListMode mode;
         std::uint32_t flags;
         Strings names;
-        std::string rows;
+        std::string selection, rows, current;
     };
+    const Strings deep = {"g/a", "g/h/b", "g/c", "k/d"};
     const Case cases[] = {
-        {"no entries", eDropDown, 0, {}, ""},
-        {"a flat list splits nothing", eDropDown, 0, {"a/b", "/"}, "a/b|/"},
-        {"mode 0 stays flat", eDesignFlat, ENF_Tree, {"a/b"}, "a/b"},
-        {"groups are closed", eDesignTree, ENF_Tree, {"g/a", "g/b", "c"}, "+g|c"},
-        {"repeated and leading separators", eDropDown, ENF_Tree, {"/a", "g//b"}, "a|+g"},
-        {"a separator behind a backslash", eDropDown, ENF_Tree, {"a\\/b"}, "a\\/b"},
-        {"no segment at all", eDropDown, ENF_Tree, {"", "///"}, "|///"},
-        {"an entry that others stand under", eDropDown, ENF_Tree, {"a", "a/b"}, "+a"},
-        {"a group comes before the entry of its name", eDropDown, ENF_Tree, {"a/b", "a"}, "+a|a"},
-        {"bytes above 127", eDropDown, ENF_Tree, {"\xC4\xFF/\xB2"}, "+\xC4\xFF"},
+        {"no entries", eDropDown, 0, {}, "", "", ""},
+        {"a flat list splits nothing", eDropDown, 0, {"a/b", "/"}, ",1,", "xa/b|/", "a/b"},
+        {"mode 0 stays flat", eDesignFlat, ENF_Tree, {"a/b"}, "", "a/b", ""},
+        {"groups are closed", eDesignTree, ENF_Tree, {"g/a", "g/b", "c"}, "", "+g|c", ""},
+        {"repeated and leading separators", eDropDown, ENF_Tree, {"/a", "g//b"}, "", "a|+g", ""},
+        {"a separator behind a backslash", eDropDown, ENF_Tree, {"a\\/b"}, "", "a\\/b", ""},
+        {"no segment at all", eDropDown, ENF_Tree, {"", "///"}, "", "|///", ""},
+        {"an entry that others stand under", eDropDown, ENF_Tree, {"a", "a/b"}, "", "+a", ""},
+        {"a group before the entry of its name", eDropDown, ENF_Tree, {"a/b", "a"}, "", "+a|a", ""},
+        {"bytes above 127", eDropDown, ENF_Tree, {"\xC4\xFF/\xB2"}, "", "+\xC4\xFF", ""},
+        {"the last match leads", eDropDown, ENF_Tree, deep, ",1,,2,", "-g|  xa|  -h|    xb|  c|+k", "b"},
+        {"no match", eDropDown, ENF_Tree, deep, ",99,", "+g|+k", ""},
     };
     for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
         TestEnumeration shown(row.names, row.flags);
-        Show(shown, row.mode);
-        EXPECT_EQ(Rows(), row.rows) << row.name;
-        EXPECT_NE(list->GetInputState(), nullptr) << row.name;
+        Show(shown, row.mode, row.selection);
+        EXPECT_EQ(Rows(), row.rows);
+        EXPECT_EQ(Current(), row.current);
+        EXPECT_NE(list->GetInputState(), nullptr);
+        ExpectConsistent(*list);
     }
-}
-
-TEST_F(ComboListTest, SelectionAtTheStart) {
-    TestEnumeration shown({"g/a", "g/h/b", "g/c", "k/d"}, ENF_Tree | ENF_CheckBoxes);
-    Show(shown, eDropDown, ",1,,2,");
-    EXPECT_EQ(Rows(), "-g|  xa|  -h|    xb|  c|+k");
-    EXPECT_EQ(Current(), "b"); // the last match
-    ExpectConsistent(*list);
-    Show(shown, eDropDown, ",99,");
-    EXPECT_EQ(Rows(), "+g|+k");
-    EXPECT_EQ(Current(), "");
-    EXPECT_EQ(list->GetCurrentRow(), -1);
 }
 
 TEST_F(ComboListTest, RowNumbersOfItemsThatAreNotShown) {

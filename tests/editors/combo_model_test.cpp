@@ -24,24 +24,19 @@ TEST_F(ComboModelTest, EntriesThatTheHostReports) {
 }
 
 TEST_F(ComboModelTest, NamesThatTheHostChanges) {
-    struct Case {
-        const char* name;
-        long id;
-        std::string newName, rows;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, long, const char*, const char*> cases[] = {
         {"the last part", 1, "g/h/new", "-g|  -h|    xnew|    b|c"},
         {"labels above follow, for the others too", 1, "k/h/a", "-k|  -h|    xa|    b|c"},
         {"a shorter path stays in its group", 1, "z", "-g|  -h|    xz|    b|c"},
         {"a longer one moves the entry", 3, "g/h/i/c", "-g|  -h|    xa|    b|    +i"},
         {"no part at all", 3, "/", "-g|  -h|    xa|    b|/"},
     };
-    for (const Case& row : cases) {
+    for (const auto& [name, id, newName, rows] : cases) {
         TestEnumeration shown({"g/h/a", "g/h/b", "c"}, ENF_Tree | ENF_CheckBoxes);
         Show(shown, eDesignTree, ",1,");
-        shown.Find(row.id)->name = TextValue(row.newName);
-        list->OnRenameEnumValue(&shown, row.id, {});
-        EXPECT_EQ(Rows(), row.rows) << row.name;
+        shown.Find(id)->name = TextValue(newName);
+        list->OnRenameEnumValue(&shown, id, {});
+        EXPECT_EQ(Rows(), rows) << name;
         ExpectConsistent(*list);
     }
 }

@@ -33,12 +33,9 @@ TEST_F(ComboPreviewTest, OpensAfterAPauseAndGoesByItself) {
     EXPECT_TRUE(IsShownAfter(1999ms));
     EXPECT_FALSE(IsShownAfter(1ms));
     EXPECT_FALSE(IsShownAfter(10s)); // until the next move
-}
-
-TEST_F(ComboPreviewTest, APointerThatMovesOnBeginsThePauseAnew) {
     Rest(0);
     display.Advance(400ms);
-    Do("move row 0");
+    Do("move row 0"); // the pause begins anew
     EXPECT_FALSE(IsShownAfter(400ms));
     Do("move row 2"); // another row: waits for a move in it
     EXPECT_FALSE(IsShownAfter(5s));
@@ -78,12 +75,7 @@ TEST_F(ComboPreviewTest, WhatMakesItGo) {
 }
 
 TEST_F(ComboPreviewTest, ThePictureStaysOnTheScreen) {
-    struct Case {
-        const char* name;
-        CRect beside;
-        CPoint corner;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, CRect, CPoint> cases[] = {
         {"below its row", {100, 200, 180, 220}, {100, 220}},
         {"held at the right edge", {1900, 200, 1980, 220}, {1888, 220}},
         {"above where there is no room below", {100, 1050, 180, 1070}, {100, 1028}},
@@ -92,9 +84,9 @@ TEST_F(ComboPreviewTest, ThePictureStaysOnTheScreen) {
     };
     CTooltippBitmap preview;
     ASSERT_TRUE(preview.Load("plan.png"));
-    for (const Case& row : cases) {
-        preview.Show(frame, row.beside);
-        EXPECT_EQ(preview.GetWindowRect().TopLeft(), row.corner) << row.name;
+    for (const auto& [name, beside, corner] : cases) {
+        preview.Show(frame, beside);
+        EXPECT_EQ(preview.GetWindowRect().TopLeft(), corner) << name;
         EXPECT_EQ(preview.GetWindowRect().Height(), 22);
     }
     EXPECT_FALSE(preview.Load("nowhere.png"));

@@ -32,13 +32,7 @@ TEST(PathName, SplitsAtSeparators) {
 }
 
 TEST(TreeHelper, InsertsByPath) {
-    struct Row {
-        const char* name;
-        bool useSeparator;
-        std::vector<const char*> texts;
-        const char* shape;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, bool, std::vector<const char*>, const char*> rows[] = {
         {"one name without separators", false, {"a/b"}, "a/b"},
         {"a shared group", true, {"a/b", "a/c"}, "a[b c]"},
         {"byte order", true, {"b", "a", "B"}, "B a b"},
@@ -46,11 +40,11 @@ TEST(TreeHelper, InsertsByPath) {
         {"a leaf becomes a group", true, {"a", "a/b"}, "a[b]"},
         {"a group stays a group", true, {"a/b", "a"}, "a[b]"},
     };
-    for (const Row& row : rows) {
-        CTreeHelper tree(row.useSeparator, '/');
-        for (const char* text : row.texts)
+    for (const auto& [name, useSeparator, texts, shape] : rows) {
+        CTreeHelper tree(useSeparator, '/');
+        for (const char* text : texts)
             tree.Insert(TextValue(text));
-        EXPECT_EQ(Shape(tree.GetRoot()), row.shape) << row.name;
+        EXPECT_EQ(Shape(tree.GetRoot()), shape) << name;
     }
 }
 
