@@ -21,6 +21,11 @@ TEST_F(ComboModelTest, EntriesThatTheHostReports) {
     list->OnRenameEnumValue(&shown, 77, {});
     list->OnDestroyEnumValue(&shown, 9);
     EXPECT_EQ(Rows(), "-g|  a|  h|b"); // an emptied group stays
+    TestEnumeration parents({"a", "p", "p/c"}, ENF_Tree);
+    Show(parents, eDesignTree);
+    for (const long id : {2, 1})
+        list->OnDestroyEnumValue(&parents, id);
+    EXPECT_EQ(Rows(), "+p"); // a group from now on
 }
 
 TEST_F(ComboModelTest, NamesThatTheHostChanges) {

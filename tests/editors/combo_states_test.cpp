@@ -20,8 +20,9 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
     const auto drop = eDropDown, page = eDesignFlat;
     const std::uint32_t commandBits = 0x38000000 | 0x03000500;
     const Strings abc = {"a", "b", "c"}, tree = {"g/a", "b"}, family = {"g/a", "g/b", "c"};
-    const Strings parent = {"a", "a/b"}, words = {"gravel", "Sand", "stone", "\xE4sche", "new value"};
-    const std::string wordRows = "gravel|Sand|stone|\xE4sche|new value";
+    const Strings parent = {"a", "a/b"},
+                  words = {"gravel", "Sand", "stone", "\xE4sche", "new value", "sandy"};
+    const std::string wordRows = "gravel|Sand|stone|\xE4sche|new value|sandy";
     const Case cases[] = {
         {"plain, down", drop, 0, abc, ",1,", "down", "xa|b|c", "b", "9", "select 2"},
         {"up stays in the list", drop, 0, abc, "", "up, up", "a|b|c", "a", "9 9", "select 1, select 1"},
@@ -77,7 +78,8 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
 
         {"the next one", drop, 0, words, "", "down, type s", wordRows, "Sand", "9 9", "select 1, select 2"},
         {"what follows belongs to it", drop, Both, words, "", "type st", wordRows, "stone", "", ""},
-        {"a letter again goes on, and round", drop, Both, words, "", "type sss", wordRows, "Sand", "", ""},
+        {"from this row on", drop, Both, words, "", "type sa", wordRows, "Sand", "", ""},
+        {"a letter again goes on, and round", drop, Both, words, "", "type ssss", wordRows, "Sand", "", ""},
         {"whatever the case, accents too", drop, Both, words, "", "type \xC4", wordRows, "\xE4sche", "", ""},
         {"a blank inside", drop, 0, words, "", "type new, space, type v", wordRows, "new value", "9",
          "select 5"},
