@@ -108,8 +108,8 @@ void Peer::LeaveFocusToParent() {
 void Peer::Disappear() {
     LeaveFocusToParent();
     m_outer.hide();
-    if (IsBusy() && !m_outer.isWindow())
-        m_outer.setParent(nullptr); // so that the end of the parent does not take it away inside its event
+    if (IsBusy()) // the end of the parent or owner must not take it away inside its event
+        m_outer.setParent(nullptr, m_outer.windowFlags());
 }
 
 void Peer::Leave() {

@@ -130,21 +130,28 @@ TEST_F(Delivery, AFailureOfPaintingIsShownWhenThePaintingIsOver) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return answered; }, 2000));
 }
 
-TEST_F(Delivery, AWindowMayEndInALoopInsideItsOwnEvent) {
-    m_surface.onMessage = [this](UINT message, WPARAM, LPARAM) {
-        if (message == WM_LBUTTONDOWN) {
-            bool done = false;
-            m_user.WhenIdle([&] {
-                m_frame.DestroyWindow();
-                QTest::qWait(5); // what was to be deleted later is deleted, if nothing holds it
-                done = true;
-            });
-            Display().RunUntil(nullptr, [&] { return done; });
-        }
-        return false;
+TEST_F(Delivery, WindowsMayEndInALoopInsideTheirOwnEvents) {
+    Recorder dialog(m_log, "dialog");
+    dialog.CreateEx(0, "KorvelFrame", "", WS_POPUP | WS_VISIBLE, {60, 60, 160, 160}, &m_frame, 0);
+    const auto runWhenPressed = [this](Recorder& window, std::function<void()> step) {
+        window.onMessage = [this, step](UINT message, WPARAM, LPARAM) {
+            if (message == WM_LBUTTONDOWN) {
+                bool done = false;
+                m_user.WhenIdle([&] {
+                    step();
+                    QTest::qWait(5); // what was to be deleted later is deleted, if nothing holds it
+                    done = true;
+                });
+                Display().RunUntil(nullptr, [&] { return done; });
+            }
+            return false;
+        };
     };
+    runWhenPressed(m_surface, [&] { QTest::mouseClick(m_user.Widget(dialog.m_hWnd), Qt::LeftButton); });
+    runWhenPressed(dialog, [&] { m_frame.DestroyWindow(); });
     m_user.Click(m_surface.m_hWnd, {5, 5});
     EXPECT_EQ(m_surface.m_hWnd, nullptr);
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
 }
 
 TEST_F(Delivery, AnotherThreadIsAnsweredByTheDesktopsLoop) {
