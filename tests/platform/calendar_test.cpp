@@ -1,54 +1,40 @@
 #include "platform/calendar.h"
 #include "platform/scratch.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 
 namespace korvel::platform {
 
-void PrintTo(const CalendarFields& f, std::ostream* out) {
-    *out << f.year << '-' << f.month << '-' << f.day << ' ' << f.hour << ':' << f.minute << ':' << f.second
-         << " weekday " << f.weekday << " day " << f.dayOfYear;
-}
-
 namespace {
 
-struct DateCase {
-    const char* border;
-    double date;
-    CalendarFields fields;
-};
-
-const DateCase dates[] = {
+const std::tuple<const char*, double, CalendarFields> dates[] = {
     {"the zero day is a Saturday", 0, {1899, 12, 30, 0, 0, 0, 6, 364}},
     {"1900 has no leap day", 60, {1900, 2, 28, 0, 0, 0, 3, 59}},
     {"the day after it", 61, {1900, 3, 1, 0, 0, 0, 4, 60}},
     {"2000 has one", 36585, {2000, 2, 29, 0, 0, 0, 2, 60}},
-    {"a usual moment", 44000.75, {2020, 6, 18, 18, 0, 0, 4, 170}},
     {"the fraction of a negative date counts forward", -1.25, {1899, 12, 29, 6, 0, 0, 5, 363}},
-    {"the first year", -657434, {100, 1, 1, 0, 0, 0, 5, 1}},
+    {"a time on the first day", -657434.5, {100, 1, 1, 12, 0, 0, 5, 1}},
     {"the last day", 2958465, {9999, 12, 31, 0, 0, 0, 5, 365}},
+    {"just below the half of the last second", 44000.99999421, {2020, 6, 18, 23, 59, 59, 4, 170}},
+    {"just above it: all fields move along", 44000.99999422, {2020, 6, 19, 0, 0, 0, 5, 171}},
+    {"into the next year", 43830.999999, {2020, 1, 1, 0, 0, 0, 3, 1}},
+    {"forward on a negative day", -1.999999, {1899, 12, 30, 0, 0, 0, 6, 364}},
+    {"below zero is the zero day", -0.5, {1899, 12, 30, 12, 0, 0, 6, 364}},
 };
 
 TEST(Calendar, TakesDatesApartAndPutsThemTogether) {
-    for (const DateCase& row : dates) {
-        EXPECT_EQ(FieldsFromDate(row.date), row.fields) << row.border;
-        EXPECT_EQ(DateFromFields(row.fields), row.date) << row.border;
+    for (const auto& [border, date, fields] : dates) {
+        EXPECT_EQ(FieldsFromDate(date), fields) << border;
+        EXPECT_EQ(FieldsFromDate(DateFromFields(fields).value()), fields) << border;
     }
-}
-
-TEST(Calendar, RoundsToTheNearestSecond) {
-    const DateCase rounded[] = {
-        {"just below the half of the last second", 44000.99999421, {2020, 6, 18, 23, 59, 59, 4, 170}},
-        {"just above it: all fields move along", 44000.99999422, {2020, 6, 19, 0, 0, 0, 5, 171}},
-        {"into the next year", 43830.999999, {2020, 1, 1, 0, 0, 0, 3, 1}},
-        {"forward on a negative day", -1.999999, {1899, 12, 30, 0, 0, 0, 6, 364}},
-        {"below zero is the zero day", -0.5, {1899, 12, 30, 12, 0, 0, 6, 364}},
-        {"a time on the first day", -657434.5, {100, 1, 1, 12, 0, 0, 5, 1}},
-    };
-    for (const DateCase& row : rounded) {
-        EXPECT_EQ(FieldsFromDate(row.date), row.fields) << row.border;
+    for (const int year : {1899, 2024}) { // before and after the zero day
+        for (int second = 0; second < 86400; second += 7) {
+            const CalendarFields fields{year, 2, 27, second / 3600, second / 60 % 60, second % 60};
+            const auto back = FieldsFromDate(DateFromFields(fields).value()).value();
+            ASSERT_EQ(back.hour * 3600 + back.minute * 60 + back.second, second) << year;
+            ASSERT_EQ(back.day, 27) << year << " at " << second;
+        }
     }
 }
 
@@ -63,32 +49,17 @@ TEST(Calendar, RefusesWhatIsNoDate) {
                                     {10000, 1, 1},  {2020, 1, 1, 24},    {2020, 1, -1},
                                     {2020, 257, 1}, {2020, 1, 1, 0, 60}, {2020, 1, 1, 0, 0, -1}};
     for (const CalendarFields& fields : wrong) {
-        EXPECT_EQ(DateFromFields(fields), std::nullopt) << testing::PrintToString(fields);
-    }
-}
-
-TEST(Calendar, KeepsEverySecondOfADay) {
-    for (const int year : {1899, 2024}) { // before and after the zero day
-        for (int second = 0; second < 86400; second += 7) {
-            const CalendarFields fields{year, 2, 27, second / 3600, second / 60 % 60, second % 60};
-            const auto back = FieldsFromDate(DateFromFields(fields).value());
-            ASSERT_TRUE(back && DateFromFields(*back) == DateFromFields(fields) &&
-                        back->second == fields.second && back->hour == fields.hour && back->day == fields.day)
-                << testing::PrintToString(fields);
-        }
+        EXPECT_EQ(DateFromFields(fields), std::nullopt) << fields.year << '-' << fields.month;
     }
 }
 
 TEST(Calendar, TellsLocalTime) {
     const ScratchVariable zone("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
-    const CalendarFields winter{1970, 1, 1, 1, 0, 0, 4, 1};
-    const CalendarFields summer{2020, 6, 18, 2, 0, 0, 4, 170};
-    EXPECT_EQ(LocalFieldsFromEpoch(0), winter);
-    EXPECT_EQ(LocalFieldsFromEpoch(1592438400), summer);
+    EXPECT_EQ(LocalFieldsFromEpoch(0), (CalendarFields{1970, 1, 1, 1, 0, 0, 4, 1}));
+    EXPECT_EQ(LocalFieldsFromEpoch(1592438400), (CalendarFields{2020, 6, 18, 2, 0, 0, 4, 170})); // in summer
     EXPECT_EQ(LocalFieldsFromEpoch(-1), std::nullopt);
     EXPECT_TRUE(LocalFieldsFromEpoch(32535215999));
     EXPECT_EQ(LocalFieldsFromEpoch(32535216000), std::nullopt);
-    EXPECT_EQ(LocalFieldsFromEpoch(std::numeric_limits<std::int64_t>::max()), std::nullopt);
 }
 
 } // namespace

@@ -7,22 +7,22 @@ namespace korvel::platform {
 namespace {
 
 TEST(UserFolders, FollowTheEnvironment) {
+    struct Row {
+        const char* config;
+        const char* folders;
+        const char* user;
+        const char* machine;
+    };
     const ScratchVariable home("HOME", "/home/someone");
-    const ScratchVariable noConfig("XDG_CONFIG_HOME", nullptr);
-    const ScratchVariable noFolders("XDG_CONFIG_DIRS", nullptr);
-    EXPECT_EQ(UserConfigFolder(), "/home/someone/.config/korvel");
-    EXPECT_EQ(MachineConfigFolder(), "/etc/xdg/korvel");
-    EXPECT_EQ(StorePath(SettingsRoot::Machine), "/etc/xdg/korvel/settings.sqlite");
-    {
-        const ScratchVariable config("XDG_CONFIG_HOME", "/config");
-        const ScratchVariable folders("XDG_CONFIG_DIRS", "/first:/second");
-        EXPECT_EQ(UserConfigFolder(), "/config/korvel");
-        EXPECT_EQ(MachineConfigFolder(), "/first/korvel");
+    for (const Row& row :
+         {Row{nullptr, nullptr, "/home/someone/.config/korvel", "/etc/xdg/korvel"},
+          Row{"/config", "/first:/second", "/config/korvel", "/first/korvel"},
+          Row{"relative", "relative:/second", "/home/someone/.config/korvel", "/etc/xdg/korvel"}}) {
+        const ScratchVariable config("XDG_CONFIG_HOME", row.config);
+        const ScratchVariable folders("XDG_CONFIG_DIRS", row.folders);
+        EXPECT_EQ(UserConfigFolder(), row.user);
+        EXPECT_EQ(StorePath(SettingsRoot::Machine), std::string(row.machine) + "/settings.sqlite");
     }
-    const ScratchVariable config("XDG_CONFIG_HOME", "relative");
-    const ScratchVariable folders("XDG_CONFIG_DIRS", "relative:/second");
-    EXPECT_EQ(UserConfigFolder(), "/home/someone/.config/korvel") << "a relative folder does not count";
-    EXPECT_EQ(MachineConfigFolder(), "/etc/xdg/korvel");
 }
 
 } // namespace

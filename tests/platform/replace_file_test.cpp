@@ -3,21 +3,14 @@
 #include "platform/replace_file.h"
 #include "scratch.h"
 
-#include <fstream>
+#include <csignal>
 #include <gtest/gtest.h>
-#include <sstream>
-#include <unistd.h>
+#include <sys/resource.h>
 
 namespace korvel::platform {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string ContentOf(const fs::path& path) {
-    std::ostringstream content;
-    content << std::ifstream(path, std::ios::binary).rdbuf();
-    return content.str();
-}
 
 std::size_t EntriesOf(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
@@ -28,7 +21,6 @@ TEST(ReplaceFile, KeepsThePermissionsAndFollowsALink) {
     const fs::path file = folder.Path() / "file";
     const fs::path link = folder.Path() / "link";
     ReplaceFile(file, "old and longer");
-    EXPECT_EQ(ContentOf(file), "old and longer");
     fs::permissions(file, fs::perms(0640));
     fs::create_symlink("file", link);
     ReplaceFile(link, "new");
@@ -38,38 +30,45 @@ TEST(ReplaceFile, KeepsThePermissionsAndFollowsALink) {
     EXPECT_EQ(EntriesOf(folder.Path()), 2U);
 }
 
-TEST(ReplaceFile, NamesFileAndReasonAndLeavesNothingBeside) {
-    const ScratchFolder folder;
-    fs::create_directory(folder.Path() / "folder");
-    const std::pair<fs::path, const char*> cases[] = {
-        {folder.Path() / "missing" / "Br\xC3\xBCgg", "No such file or directory"},
-        {folder.Path() / "folder", "Is a directory"},
-        {"/dev/null", "Invalid argument"},
-        {folder.Path() / std::string(250, 'n'), "File name too long"},
-        {"", "No such file or directory"},
-    };
-    for (const auto& [path, reason] : cases) {
-        SCOPED_TRACE(path);
-        try {
-            ReplaceFile(path, "content");
-            ADD_FAILURE() << "written";
-        } catch (const Error& error) {
-            EXPECT_EQ(ToUtf8(error.what()), path.string() + ": " + reason);
-        }
+std::string FailureOf(const fs::path& path, std::string_view content = "content") {
+    try {
+        ReplaceFile(path, content);
+    } catch (const Error& error) {
+        return ToUtf8(error.what());
     }
-    EXPECT_EQ(EntriesOf(folder.Path()), 1U);
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    return "none";
 }
 
-TEST(ReplaceFile, LeavesTheOldFileWhenTheNewOneCannotBeWritten) {
+TEST(ReplaceFile, NamesFileAndReasonAndLeavesTheOldFileAndNothingBeside) {
     const ScratchFolder folder;
     const fs::path file = folder.Path() / "file";
     ReplaceFile(file, "old");
+    rlimit former{};
+    getrlimit(RLIMIT_FSIZE, &former);
+    const rlimit fewBytes{100, former.rlim_max};
+    const auto formerHandler = std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &fewBytes);
+    const std::string cutOff = FailureOf(file, std::string(101, 'x'));
+    setrlimit(RLIMIT_FSIZE, &former);
+    std::signal(SIGXFSZ, formerHandler);
+    EXPECT_EQ(cutOff, file.string() + ": File too large");
+    EXPECT_EQ(EntriesOf(folder.Path()), 1U);
     // A folder of the name that is used beside the file, which even the machine's owner cannot open as a
     // file.
-    fs::create_directory(file.string() + "." + std::to_string(::getpid()) + ".new");
-    EXPECT_THROW(ReplaceFile(file, "new"), Error);
+    const fs::path beside = file.string() + "." + std::to_string(::getpid()) + ".new";
+    fs::create_directory(beside);
+    const std::pair<fs::path, const char*> cases[] = {
+        {file, "File exists"},
+        {beside, "Is a directory"},
+        {folder.Path() / "missing" / "Br\xC3\xBCgg", "No such file or directory"},
+        {"/dev/null", "Invalid argument"},
+        {"", "No such file or directory"},
+    };
+    for (const auto& [path, reason] : cases) {
+        EXPECT_EQ(FailureOf(path), path.string() + ": " + reason);
+    }
     EXPECT_EQ(ContentOf(file), "old");
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
 
 } // namespace

@@ -4,8 +4,12 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 #include <optional>
+#include <sstream>
+#include <stdexcept>
 #include <string>
+#include <unistd.h>
 
 namespace korvel::platform {
 
@@ -52,5 +56,28 @@ private:
     const char* m_name;
     std::optional<std::string> m_before;
 };
+
+/// A user to whom rights apply, while this object lives: they do not for root.
+class OrdinaryUser {
+public:
+    OrdinaryUser() : m_user(geteuid()) {
+        if (m_user == 0 && seteuid(65534) != 0) {
+            throw std::runtime_error("the tests cannot give up their rights");
+        }
+    }
+    ~OrdinaryUser() { [[maybe_unused]] const int answer = seteuid(m_user); }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+private:
+    uid_t m_user;
+};
+
+/// The bytes of a file.
+inline std::string ContentOf(const std::filesystem::path& path) {
+    std::ostringstream content;
+    content << std::ifstream(path, std::ios::binary).rdbuf();
+    return content.str();
+}
 
 } // namespace korvel::platform

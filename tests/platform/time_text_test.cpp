@@ -7,13 +7,6 @@
 namespace korvel::platform {
 namespace {
 
-struct TimeCase {
-    const char* border;
-    const char* format;
-    CalendarFields fields;
-    std::string expected;
-};
-
 constexpr CalendarFields monday{2024, 2, 5, 9, 8, 7, 1, 36};
 constexpr CalendarFields midnight{2000, 1, 1, 0, 0, 0, 6, 1};
 constexpr CalendarFields lastDay{2024, 12, 31, 23, 59, 59, 2, 366};
@@ -33,20 +26,18 @@ protected:
 };
 
 TEST_F(TimeTextTest, FollowsTheFormat) {
-    const TimeCase cases[] = {
-        {"the German long date", "%A, %#d. %B %Y", monday, "Montag, 5. Februar 2024"},
-        {"zeros", "%d.%m.%y %H:%M:%S %j", monday, "05.02.24 09:08:07 036"},
-        {"zeros dropped", "%#d.%#m.%#y %#H:%#M:%#S %#j", monday, "5.2.24 9:8:7 36"},
-        {"all zeros dropped leave one", "%#y %#H %#S", midnight, "0 0 0"},
+    const std::tuple<const char*, const char*, CalendarFields, const char*> cases[] = {
+        {"names", "%A %a %B %b %h", monday, "Montag Mo Februar Feb Feb"},
+        {"zeros, and without", "%d.%m.%H:%M:%S %j %#d.%#m.%#H:%#M:%#S %#j", monday,
+         "05.02.09:08:07 036 5.2.9:8:7 36"},
+        {"all zeros dropped leave one", "%#y %#H", midnight, "0 0"},
         {"midnight is 12", "%I %#I %p", midnight, "12 12 AM"},
         {"noon is 12", "%I %p", firstSunday, "12 PM"},
-        {"short names", "%a %b %h", monday, "Mo Feb Feb"},
         {"a blank instead of a zero", "[%e] [%#e]", monday, "[ 5] [5]"},
         {"# does nothing to names and signs", "%#A %#p %#%", monday, "Montag AM %"},
         {"# reaches the parts", "%#D %D %#T %T", monday, "2/5/24 02/05/24 9:8:7 09:08:07"},
-        {"short and long date, time", "%x | %#x | %X", monday,
-         "05.02.2024 | Montag, 5. Februar 2024 | 09:08:07"},
-        {"date and time", "%c | %#c", monday, "05.02.2024 09:08:07 | Montag, 5. Februar 2024 09:08:07"},
+        {"short and long date, time", "%c | %#c", monday,
+         "05.02.2024 09:08:07 | Montag, 5. Februar 2024 09:08:07"},
         {"week of the year before", "%G-%V %g", firstSunday, "2022-52 22"},
         {"# does nothing to the year of a week", "%#g %#G", {2009, 6, 1, 0, 0, 0, 1, 152}, "09 2009"},
         {"week 53 of a long year", "%G-%V", longYearsEnd, "2020-53"},
@@ -57,13 +48,11 @@ TEST_F(TimeTextTest, FollowsTheFormat) {
         {"other numerals are ignored", "%Ey %#Od", monday, "24 5"},
         {"unknown specifier", "%d %Q", monday, ""},
         {"trailing percent sign", "%d %", monday, ""},
-        {"trailing flag", "%d %#", monday, ""},
-        {"trailing modifier", "%d %E", monday, ""},
         {"month out of range", "%d", {2024, 13, 1, 0, 0, 0, 0, 1}, ""},
         {"weekday out of range", "%A", {2024, 1, 1, 0, 0, 0, 7, 1}, ""},
     };
-    for (const TimeCase& row : cases) {
-        EXPECT_EQ(TimeText(row.format, row.fields, m_german), row.expected) << row.border;
+    for (const auto& [border, format, fields, text] : cases) {
+        EXPECT_EQ(TimeText(format, fields, m_german), text) << border;
     }
 }
 
@@ -71,18 +60,13 @@ TEST_F(TimeTextTest, EndsWithTheBuffer) {
     const std::string longest(255, 'x');
     EXPECT_EQ(TimeText(longest, monday, m_german), longest);
     EXPECT_EQ(TimeText(longest + "x", monday, m_german), "");
-    EXPECT_EQ(TimeText(longest + "%d", monday, m_german), "");
 }
 
-TEST_F(TimeTextTest, ReadsPicturesOfTheUser) {
+TEST_F(TimeTextTest, ReadsPicturesOfTheUserAndTheZone) {
     m_german.longDatePicture = "d' de 'MMM 'yy'' %d' yy";
     m_german.timePicture = "tt h 'Uhr";
-    EXPECT_EQ(TimeText("%#x|%X", monday, m_german), "5 de Feb yy %d 24|AM 9 Uhr");
-}
-
-TEST_F(TimeTextTest, TellsTheZone) {
     const ScratchVariable zone("TZ", "NST3:30NDT");
-    EXPECT_EQ(TimeText("%z %Z", monday, m_german), "-0330 NST");
+    EXPECT_EQ(TimeText("%#x|%X|%z %Z", monday, m_german), "5 de Feb yy %d 24|AM 9 Uhr|-0330 NST");
 }
 
 TEST(TimeLocale, StaysWhenTheNameIsUnknown) {
