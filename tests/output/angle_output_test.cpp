@@ -11,38 +11,27 @@ using std::numbers::pi;
 using std::numbers::pi_v;
 
 TEST_F(Angles, UnitsConvertBothWays) {
-    struct Row {
-        char unit;
-        char answered;
-        double halfCircle;
-        const char* text;
-    };
-    const Row rows[] = {
+    const std::tuple<char, char, double, const char*> rows[] = {
         {'\xB0', '\xB0', 180, "180,00"},
         {'r', 'r', pi, "3,14"},
         {'g', 'g', 200, "200,00"},
         {'x', '\xB0', 180, "180,00"}, // any other character
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.unit);
-        SetAngleUnit(row.unit);
-        EXPECT_EQ(GetAngleUnit(), row.answered);
-        EXPECT_EQ(RadToAngle(pi), row.halfCircle);
-        EXPECT_EQ(AngleToRad(row.halfCircle), pi);
-        EXPECT_EQ(RadToAngle(pi_v<float>), static_cast<float>(row.halfCircle));
-        EXPECT_EQ(AngleToRad(static_cast<float>(row.halfCircle)), pi_v<float>);
-        EXPECT_EQ(AngleToString(pi), row.text);
-        EXPECT_EQ(AngleToString(pi_v<float>), row.text);
+    for (const auto& [unit, answered, halfCircle, text] : rows) {
+        SetAngleUnit(unit);
+        EXPECT_EQ(GetAngleUnit(), answered);
+        EXPECT_EQ(RadToAngle(pi), halfCircle) << unit;
+        EXPECT_EQ(AngleToRad(halfCircle), pi) << unit;
+        EXPECT_EQ(RadToAngle(pi_v<float>), static_cast<float>(halfCircle)) << unit;
+        EXPECT_EQ(AngleToRad(static_cast<float>(halfCircle)), pi_v<float>) << unit;
+        EXPECT_EQ(AngleToString(pi) + AngleToString(pi_v<float>), std::string(text) + text);
     }
 }
 
-TEST_F(Angles, AFileMayHoldAnUnknownUnit) {
-    CAngleOutput::Instance().SetUnit(7);
+TEST_F(Angles, WhatIsNoUnitAndWhatCannotBeFormattedStaysInRadians) {
+    CAngleOutput::Instance().SetUnit(7); // a file may hold it
     EXPECT_EQ(GetAngleUnit(), '\xB0');
     EXPECT_EQ(RadToAngle(pi), pi);
-}
-
-TEST_F(Angles, WhatCannotBeFormattedIsWrittenInRadians) {
     SetAngleUnit('g');
     EXPECT_EQ(AngleToString(std::numeric_limits<double>::quiet_NaN()), "nan");
     EXPECT_EQ(AngleToString(std::numeric_limits<double>::max()), "1.79769e+308"); // times 200 is infinite
@@ -50,12 +39,9 @@ TEST_F(Angles, WhatCannotBeFormattedIsWrittenInRadians) {
 
 TEST_F(Angles, GettersAreCrossedOver) {
     SetAngleFormatDouble(GermanFormat(4));
-    EXPECT_EQ(AngleToString(1.0), "1,0000");
-    EXPECT_EQ(AngleToString(1.0f), "1,00");
-    EXPECT_EQ(GetAngleFormatFloat().NumDigits, 4u);
-    EXPECT_EQ(GetAngleFormatDouble().NumDigits, 2u);
     SetAngleFormatFloat(GermanFormat(3));
-    EXPECT_EQ(AngleToString(1.0f), "1,000");
+    EXPECT_EQ(AngleToString(1.0) + AngleToString(1.0f), "1,00001,000");
+    EXPECT_EQ(GetAngleFormatFloat().NumDigits, 4u);
     EXPECT_EQ(GetAngleFormatDouble().NumDigits, 3u);
 }
 

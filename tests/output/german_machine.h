@@ -9,7 +9,8 @@
 #include "platform/regional_settings.h"
 #include "platform/settings_store.h"
 
-#include <gtest/gtest.h>
+#include <functional>
+#include <gmock/gmock.h>
 #include <vector>
 
 namespace korvel {
@@ -17,15 +18,26 @@ namespace korvel {
 /// Counts the changes that a service tells of, as long as it lives.
 class CountingSink final : public IFormatSink {
 public:
-    explicit CountingSink(EFormatService service) : m_service(service) {
-        NotificationOf(service).AddSink(this);
+    CountingSink(
+        CFormatNotification& notification, std::function<void()> reaction = [] {})
+        : m_notification(notification), m_reaction(std::move(reaction)) {
+        m_notification.AddSink(this);
     }
-    ~CountingSink() { NotificationOf(m_service).RemoveSink(this); }
-    void OnFormatChanged(EFormatService) override { ++count; }
+    CountingSink(
+        EFormatService service, std::function<void()> reaction = [] {})
+        : CountingSink(NotificationOf(service), std::move(reaction)) {}
+    CountingSink(const CountingSink&) = delete;
+    CountingSink& operator=(const CountingSink&) = delete;
+    ~CountingSink() { m_notification.RemoveSink(this); }
+    void OnFormatChanged(EFormatService) override {
+        ++count;
+        m_reaction();
+    }
     int count = 0;
 
 private:
-    EFormatService m_service;
+    CFormatNotification& m_notification;
+    std::function<void()> m_reaction;
 };
 
 /// A machine with German regional settings, stores of its own, and services that all follow these settings.

@@ -1,5 +1,5 @@
 #include "german_machine.h"
-#include "output/system_change.h"
+#include "output/measure_output.h"
 #include "output/type_table.h"
 
 #include <cmath>
@@ -14,32 +14,22 @@ constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NotANumber = std::numeric_limits<double>::quiet_NaN();
 
 TEST_F(Numbers, DoublesAsText) {
-    struct Row {
-        const char* border;
-        std::uint32_t digits;
-        double value;
-        const char* text;
-        const char* textEx;
-    };
-    const Row rows[] = {
+    const std::tuple<const char*, std::uint32_t, double, const char*, const char*> rows[] = {
         {"grouped", 2, 1234567.891, "1.234.567,89", "1.234.567,89"},
         {"below the half on 15 places", 2, 9.995, "9,99", "9,99"},
         {"smaller than the last place", 2, 0.00001, "0,00", "1e-05"},
         {"zero", 2, 0.0, "0,00", "0"},
         {"the last place itself", 2, 0.01, "0,01", "0,01"},
         {"negative and small", 2, -0.001, "0,00", "-0.001"},
-        {"no decimals, below one", 0, 0.5, "1", "0.5"},
-        {"not a number", 2, NotANumber, "nan", "nan"},
         {"negative not-a-number has no sign", 2, -NotANumber, "nan", "nan"},
         {"infinite", 2, -Infinity, "-inf", "-inf"},
         {"text over the limit", 2000, 1.5, "1.5", "1.5"},
         {"more digits than any number has", 4294967295u, 2.0, "2", "2"},
     };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.border);
-        SetFormatDouble(GermanFormat(row.digits));
-        EXPECT_EQ(NumberToString(row.value), row.text);
-        EXPECT_EQ(NumberToStringEx(row.value), row.textEx);
+    for (const auto& [border, digits, value, text, textEx] : rows) {
+        SetFormatDouble(GermanFormat(digits));
+        EXPECT_EQ(NumberToString(value), text) << border;
+        EXPECT_EQ(NumberToStringEx(value), textEx) << border;
     }
 }
 
@@ -50,28 +40,19 @@ TEST_F(Numbers, FloatsAreRoundedOnEightPlaces) {
     EXPECT_EQ(NumberToString(std::numeric_limits<float>::infinity()), "inf");
 }
 
-TEST_F(Numbers, IntegersAsText) {
-    EXPECT_EQ(NumberToString(1234567), "1.234.567");
+TEST_F(Numbers, IntegersAsTextOrAFailureThatNamesTheirType) {
     EXPECT_EQ(NumberToString(std::numeric_limits<int>::min()), "-2.147.483.648");
     EXPECT_EQ(NumberToString(4294967295u), "-1"); // kept
     EXPECT_EQ(NumberToString(std::numeric_limits<long>::min()), "-9.223.372.036.854.775.808");
-}
-
-TEST_F(Numbers, IntegersFailWhereTheFormatCannotWriteThem) {
     CNumberFormat format = GermanFormat(0);
     format.NegativeOrder = 5;
     SetFormatInt(format);
     SetFormatLong(format);
     EXPECT_EQ(NumberToString(7), "7"); // the order of a sign that is not there
-    const auto messageOf = [](auto value) -> std::string {
-        try {
-            return NumberToString(value);
-        } catch (const std::invalid_argument& error) {
-            return error.what();
-        }
-    };
-    EXPECT_EQ(messageOf(-7), "CNumberOutput::ConvertNumber( int )");
-    EXPECT_EQ(messageOf(-7L), "CNumberOutput::ConvertNumber( long )");
+    using testing::ThrowsMessage;
+    using Invalid = std::invalid_argument;
+    EXPECT_THAT([] { NumberToString(-7); }, ThrowsMessage<Invalid>("CNumberOutput::ConvertNumber( int )"));
+    EXPECT_THAT([] { NumberToString(-7L); }, ThrowsMessage<Invalid>("CNumberOutput::ConvertNumber( long )"));
 }
 
 TEST_F(Numbers, EachTypeHasItsFormat) {
@@ -79,40 +60,25 @@ TEST_F(Numbers, EachTypeHasItsFormat) {
     SetFormatLong(GermanFormat(3));
     SetFormatFloat(GermanFormat(4));
     SetFormatDouble(GermanFormat(5));
-    EXPECT_EQ(NumberToString(1), "1,0");
-    EXPECT_EQ(NumberToString(1u), "1,0");
-    EXPECT_EQ(NumberToString(1L), "1,000");
-    EXPECT_EQ(NumberToString(1.0f), "1,0000");
-    EXPECT_EQ(NumberToString(1.0), "1,00000");
-
-    const CNumberOutput& numbers = CNumberOutput::Instance();
+    EXPECT_EQ(NumberToString(1) + " " + NumberToString(1u) + " " + NumberToString(1L), "1,0 1,0 1,000");
+    EXPECT_EQ(NumberToString(1.0f) + " " + NumberToString(1.0), "1,0000 1,00000");
+    CNumberOutput& numbers = CNumberOutput::Instance();
     EXPECT_EQ(numbers.FormatFor(DT_RandomUInt).NumDigits, 1u);
     EXPECT_EQ(numbers.FormatFor(DT_Long).NumDigits, 3u);
     EXPECT_EQ(numbers.FormatFor(DT_ManDaysFloat).NumDigits, 4u);
     EXPECT_EQ(numbers.FormatFor(DT_AngleFloat).NumDigits, 5u);
-    EXPECT_EQ(numbers.FormatFor(static_cast<EDataTyps>(DT_Int | TypeBitButton)).NumDigits, 5u);
-}
-
-TEST_F(Numbers, StoringForATypeKnowsFourTypesOnly) {
-    struct Row {
-        EDataTyps type;
-        ENumberRecord record;
-    };
-    const Row rows[] = {
-        {DT_Int, ENumberRecord::Integer},        {DT_UInt, ENumberRecord::Integer},
-        {DT_Long, ENumberRecord::Long},          {DT_Float, ENumberRecord::Float},
-        {DT_Double, ENumberRecord::Double},      {DT_RangeInt, ENumberRecord::Double},
-        {DT_LengthFloat, ENumberRecord::Double},
-    };
-    CNumberOutput& numbers = CNumberOutput::Instance();
-    std::uint32_t digits = 3;
-    for (const Row& row : rows) {
-        numbers.SetFormatFor(row.type, GermanFormat(++digits));
-        EXPECT_EQ(numbers.Format(row.record).NumDigits, digits) << row.type;
+    std::uint32_t digits = 5;
+    const std::pair<EDataTyps, ENumberRecord> stored[] = {{DT_UInt, ENumberRecord::Integer},
+                                                          {DT_Long, ENumberRecord::Long},
+                                                          {DT_Float, ENumberRecord::Float},
+                                                          {DT_LengthFloat, ENumberRecord::Double}};
+    for (const auto& [type, record] : stored) { // only few types store elsewhere than in Double
+        numbers.SetFormatFor(type, GermanFormat(++digits));
+        EXPECT_EQ(numbers.Format(record).NumDigits, digits) << type;
     }
 }
 
-TEST_F(Numbers, AnEqualFormatTellsNobody) {
+TEST_F(Numbers, FormatsThatEqualTheSettingsFollowThem) {
     CountingSink sink(EFormatService::Number);
     SetFormatDouble(GetFormatDouble());
     EXPECT_EQ(sink.count, 0);
@@ -120,48 +86,51 @@ TEST_F(Numbers, AnEqualFormatTellsNobody) {
     SetFormatDouble(GermanFormat(4));
     EXPECT_EQ(sink.count, 1);
     SetFormatFloat(GermanFormat(4));
-    EXPECT_EQ(sink.count, 2);
-}
-
-TEST_F(Numbers, FormatsThatEqualTheSettingsFollowThem) {
-    SetFormatDouble(GermanFormat(4));
-    SetFormatFloat(GermanFormat(4));
     SetFormatFloat(SystemNumberFormat(ESystemFormat::Float));
-    CountingSink sink(EFormatService::Number);
+    EXPECT_EQ(sink.count, 3);
     SetRegional("iDigits", "3");
-    EXPECT_EQ(sink.count, 3); // both integer records and Float
+    EXPECT_EQ(sink.count, 6); // both integer records and Float
     EXPECT_EQ(NumberToString(1.0f), "1,000");
     EXPECT_EQ(NumberToString(1.0), "1,0000");
     EXPECT_EQ(NumberToString(1), "1"); // never decimals
 }
 
-TEST_F(Numbers, TheFirstGroupAloneCounts) {
-    SetRegional("sGrouping", "3;2;0");
-    EXPECT_EQ(NumberToString(123456789), "123.456.789");
-    SetRegional("sGrouping", "0;0");
-    EXPECT_EQ(NumberToString(123456789), "123456789");
-}
-
-TEST_F(Numbers, SeparatorsBelongToTheirRecord) {
-    SetFormatDouble(GermanFormat(3));
+TEST_F(Numbers, SeparatorsBelongToTheirRecordAndHaveThreeBytesAtMost) {
     CNumberFormat copy = CNumberOutput::Instance().Format(ENumberRecord::Double);
-    ASSERT_TRUE(copy.SetDecimalSep("::"));
+    ASSERT_TRUE(copy.SetDecimalSep(":::"));
     SetFormatFloat(copy);
-    EXPECT_EQ(NumberToString(1.0f), "1::000");
-    EXPECT_EQ(NumberToString(1.0), "1,000");
-    EXPECT_EQ(SystemNumberFormat(ESystemFormat::Float).DecimalSep, std::string(","));
-}
-
-TEST_F(Numbers, LongSeparatorsAreRefused) {
+    EXPECT_EQ(NumberToString(1.5f) + NumberToString(1.5), "1:::501,50");
     _numberfmtA format = GetFormatDouble();
     format.NumDigits = 7;
-    format.ThousandSep = "four";
-    EXPECT_THROW(SetFormatDouble(format), std::invalid_argument);
-    format.ThousandSep = nullptr;
-    EXPECT_THROW(SetFormatDouble(format), std::invalid_argument);
-    EXPECT_EQ(GetFormatDouble().NumDigits, 2u);
+    for (const char* refused : {"four", static_cast<const char*>(nullptr)}) {
+        format.ThousandSep = refused;
+        EXPECT_THROW(SetFormatDouble(format), std::invalid_argument);
+    }
     SetRegional("sDecimal", "long");
-    EXPECT_EQ(NumberToString(1.5), "1,50");
+    SetRegional("sGrouping", "3;2;0"); // of which the first group alone counts
+    EXPECT_EQ(NumberToString(123456789.5), "123.456.789,50");
+}
+
+TEST_F(Numbers, MeasuresFollowThemAndManDaysTheirOwnRounding) {
+    EXPECT_EQ(LengthToString(NotANumber), "nan m");
+    EXPECT_EQ(ManDaysToString(-Infinity), "-inf MT");
+    EXPECT_EQ(ManDaysToString(std::numeric_limits<double>::max()).size(), 309u + 102u + 6u);
+    SetRegional("iDigits", "8");
+    EXPECT_EQ(LengthToString(0.12345678), "0,12345678 m");
+    EXPECT_EQ(ManDaysToString(0.12345678), "0,12345700 MT"); // of six places
+    EXPECT_EQ(ManDaysToString(0.5f), "0,50000000 MT");
+
+    const CountingSink manDays(EFormatService::ManDays);
+    CountingSink sink(EFormatService::Number);
+    CLengthOutput::Instance().RemoveSink(&sink);
+    SetFormatDouble(GermanFormat(3));
+    EXPECT_EQ(sink.count, 0);
+    CLengthOutput::Instance().AddSink(&sink);
+    SetFormatDouble(GermanFormat(4));
+    EXPECT_EQ(sink.count, 1);
+    EXPECT_EQ(manDays.count, 0);
+    SetRegional("iDigits", "3");
+    EXPECT_EQ(manDays.count, 2);
 }
 
 TEST(TypeTable, StorageAgreesWithTheBitsOfTheType) {
