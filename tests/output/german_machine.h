@@ -44,13 +44,11 @@ private:
 class GermanMachine : public ::testing::Test {
 protected:
     GermanMachine() {
-        platform::SetStorePath(platform::SettingsRoot::Machine, m_store.Path() / "machine.sqlite");
         platform::UseLocale("de-DE");
         FollowSystemAgain();
     }
     ~GermanMachine() override {
         FollowSystemAgain();
-        platform::SetStorePath(platform::SettingsRoot::Machine, {});
         platform::UseLocale("");
     }
 

@@ -29,11 +29,17 @@ private:
     std::filesystem::path m_path;
 };
 
-/// The user's settings in a store of their own, empty at first.
+/// The settings of the user and of the machine in stores of their own, empty at first.
 class ScratchStore : public ScratchFolder {
 public:
-    ScratchStore() { SetStorePath(SettingsRoot::User, File()); }
-    ~ScratchStore() { SetStorePath(SettingsRoot::User, {}); }
+    ScratchStore() {
+        SetStorePath(SettingsRoot::User, File());
+        SetStorePath(SettingsRoot::Machine, Path() / "machine.sqlite");
+    }
+    ~ScratchStore() {
+        SetStorePath(SettingsRoot::User, {});
+        SetStorePath(SettingsRoot::Machine, {});
+    }
     std::filesystem::path File() const { return Path() / "below" / "settings.sqlite"; }
 };
 

@@ -6,6 +6,7 @@
 #include <map>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 namespace korvel {
 
@@ -36,10 +37,19 @@ inline CVariantValue MakeDate(const std::string& state, double date) {
     return value;
 }
 
-/// A list of numbered entries; the text of a value names the selected ones, one digit each.
+inline CVariantValue MakeList(EDataTyps type, const std::string& text, IEnumValue* list) {
+    CVariantValue value = MakeValue(type, text);
+    value.EnumValue = list;
+    return value;
+}
+
+/// A list of entries with numbers from 1; the text of a value names the selected ones, one digit each.
 class TestEnum : public IEnumValue {
 public:
-    explicit TestEnum(std::map<long, CVariantValue> entries) : m_entries(std::move(entries)) {}
+    explicit TestEnum(const std::vector<CVariantValue>& entries) {
+        for (const CVariantValue& entry : entries)
+            m_entries.emplace(static_cast<long>(m_entries.size() + 1), entry);
+    }
 
     bool IsAutoDestroy() const override { return isAutoDestroy; }
     void Destroy() override { ++destroyed; }

@@ -3,7 +3,7 @@
 #include "values/registry.h"
 #include "values/text_table.h"
 
-#include <cstdlib>
+#include <functional>
 #include <gtest/gtest.h>
 #include <iostream>
 
@@ -12,154 +12,87 @@ namespace {
 
 using platform::SettingsRoot;
 
-/// The language is chosen once in a process, so each case runs in one of its own.
-class Language : public ::testing::Test {
-protected:
-    Language() {
-        GTEST_FLAG_SET(death_test_style, "threadsafe");
-        platform::SetStorePath(SettingsRoot::Machine, m_store.Path() / "machine.sqlite");
-    }
-    ~Language() override { platform::SetStorePath(SettingsRoot::Machine, {}); }
-
-    static void Store(SettingsRoot root, const char* name, const char* text) {
-        if (!text)
-            return;
-        platform::CreateKey(root, RegistryPath);
+void Store(SettingsRoot root, const char* name, const char* text) {
+    platform::CreateKey(root, RegistryPath);
+    if (text)
         platform::WriteSetting(root, RegistryPath, name, platform::SettingValue::Text(text));
-    }
+}
 
-    [[noreturn]] static void Say(const std::string& text) {
-        std::cerr << "<" << text << ">";
+/// The language is chosen once in a process, so each case runs in one of its own, which writes the answer.
+void ExpectAnswer(const std::function<std::string()>& run, const std::string& answer) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const platform::ScratchStore store;
+    const auto write = [&] {
+        try {
+            std::cerr << "<" << run() << ">";
+        } catch (const Error& error) {
+            std::cerr << "<" << error.what() << ">";
+        }
         std::exit(0);
-    }
-
-private:
-    platform::ScratchStore m_store;
-};
-
-std::string ErrorTextOf(int id) {
-    try {
-        return Text(id);
-    } catch (const Error& error) {
-        return error.what();
-    }
+    };
+    EXPECT_EXIT(write(), ::testing::ExitedWithCode(0), "<" + answer + ">");
 }
 
-TEST_F(Language, IsTheUsersElseTheInstalledOne) {
-    struct Row {
-        const char* language;
-        const char* installLanguage;
-        const char* forThisRun;
-        const char* error;
+constexpr int ErrorText = 26; // "Error", "Fehler" and nothing
+
+TEST(Language, IsTheOneOfTheRunElseTheUsersElseTheInstalledOneElseTheLocales) {
+    constexpr const char* none = nullptr;
+    const std::tuple<const char*, const char*, const char*, const char*, const char*> rows[] = {
+        {"English", "German", none, none, "Error"},
+        {none, "English", "German", none, "Error"},
+        {none, "Hungarian", "English", none, ""},
+        {none, "english", "English", none, "Fehler"},
+        {none, none, "English", "de_DE.UTF-8", "Error"},
+        {none, none, none, "de_DE.UTF-8", "Fehler"},
+        {none, none, none, "fr_FR.UTF-8", "Error"},
+        {none, none, none, none, "Auslesen der Registrievariable .InstallLanguage. schlug fehl"},
     };
-    const Row rows[] = {
-        {"English", "German", nullptr, "<Error>"},
-        {"Hungarian", "English", nullptr, "<>"},
-        {"French", "English", nullptr, "<Fehler>"},
-        {"english", "English", nullptr, "<Fehler>"},
-        {"", "English", nullptr, "<Fehler>"},
-        {nullptr, "English", nullptr, "<Error>"},
-        {"German", nullptr, "English", "<Error>"},
-        {nullptr, nullptr, "Hungarian", "<>"},
-        {nullptr, nullptr, nullptr, "<Registriepfad .SOFTWARE.Halmond.Korvel. konnte nicht ge.ffnet werden>"},
-    };
-    for (const Row& row : rows) {
-        SCOPED_TRACE(row.error);
-        EXPECT_EXIT(
-            {
-                Store(SettingsRoot::User, "Language", row.language);
-                Store(SettingsRoot::Machine, "InstallLanguage", row.installLanguage);
-                if (row.forThisRun)
-                    SetLanguageForThisRun(row.forThisRun);
-                Say(ErrorTextOf(26));
-            },
-            ::testing::ExitedWithCode(0), row.error);
+    for (const auto& row : rows) {
+        const auto run = [&] {
+            const auto& [forThisRun, language, installLanguage, locale, text] = row;
+            const platform::ScratchVariable all("LC_ALL", locale);
+            Store(SettingsRoot::User, "Language", language);
+            Store(SettingsRoot::Machine, "InstallLanguage", installLanguage);
+            if (forThisRun)
+                SetLanguageForThisRun(forThisRun);
+            if (locale)
+                UseLocaleLanguageIfUnset();
+            return std::string(Text(ErrorText));
+        };
+        ExpectAnswer(run, std::get<4>(row));
     }
 }
 
-TEST_F(Language, IsTriedAgainAfterAFailureAndThenStays) {
-    EXPECT_EXIT(
-        {
-            Store(SettingsRoot::Machine, "Other", "");
-            std::string said = ErrorTextOf(26);
-            Store(SettingsRoot::Machine, "InstallLanguage", "English");
-            said += std::string("|") + Text(26);
-            Store(SettingsRoot::User, "Language", "German");
-            said += std::string("|") + Text(26) + "|" + GetLanguageName();
-            Say(said + (SetLanguageForThisRun("German") ? "|yes|" : "|no|") + Text(26));
-        },
-        ::testing::ExitedWithCode(0),
-        "<Auslesen der Registrievariable .InstallLanguage. schlug fehl.Error.Error.German.no.Error>");
+TEST(Language, IsTriedAgainAfterAFailureAndThenStays) {
+    const auto run = [] {
+        EXPECT_THROW(Text(ErrorText), Error);
+        Store(SettingsRoot::Machine, "InstallLanguage", "English");
+        const std::string said = Text(ErrorText);
+        Store(SettingsRoot::User, "Language", "German");
+        return said + GetLanguageName() + (SetLanguageForThisRun("German") ? "yes" : "no") + Text(ErrorText);
+    };
+    ExpectAnswer(run, "ErrorGermannoError");
 }
 
-TEST_F(Language, OfTheLocaleWhereTheSettingsNameNone) {
-    EXPECT_EXIT(
-        {
-            const platform::ScratchVariable all("LC_ALL", "de_DE.UTF-8");
-            const platform::ScratchVariable language("LANGUAGE", nullptr);
-            UseLocaleLanguageIfUnset();
-            Say(Text(26));
-        },
-        ::testing::ExitedWithCode(0), "<Fehler>");
-    EXPECT_EXIT(
-        {
-            const platform::ScratchVariable all("LC_ALL", "de_DE.UTF-8");
-            Store(SettingsRoot::User, "Language", "English");
-            UseLocaleLanguageIfUnset();
-            Say(Text(26));
-        },
-        ::testing::ExitedWithCode(0), "<Error>");
-}
-
-TEST_F(Language, RowsStandWhereCallersLookForThem) {
-    struct Row {
-        int id;
-        const char* english;
-        const char* german;
+TEST(Language, RowsStandWhereCallersLookForThem) {
+    const auto show = [](const char* language) {
+        SetLanguageForThisRun(language);
+        std::string empty;
+        for (int id = -1; id <= TextCount; ++id)
+            empty += *Text(id) ? "" : std::to_string(id) + " ";
+        return empty + Text(0) + "|" + Text(129) + "|" + Text(132);
     };
-    const Row rows[] = {
-        {-1, "", ""},
-        {0, "invalid input", "Eingabe inkorrekt"},
-        {129, "Source coordinate system", "Ziellagebezugssystem"}, // kept: two different systems
-        {132, "Unkown", "Unbekannt"},
-        {133, "", ""},
-    };
-    for (const char* language : {"English", "German"}) {
-        EXPECT_EXIT(
-            {
-                SetLanguageForThisRun(language);
-                for (const Row& row : rows) {
-                    const char* expected = GetLanguage().Column == 0 ? row.english : row.german;
-                    if (Text(row.id) != std::string(expected))
-                        Say(std::to_string(row.id) + " " + Text(row.id));
-                }
-                for (int id = 0; id < TextCount; ++id)
-                    if ((*Text(id) == '\0') != (id == 53 || id == 85 || id == 86))
-                        Say("empty " + std::to_string(id));
-                Say("all right");
-            },
-            ::testing::ExitedWithCode(0), "<all right>");
-    }
+    ExpectAnswer([&] { return show("English"); },
+                 "-1 53 85 86 133 invalid input.Source coordinate system.Unkown");
+    // Kept: the German text names another system.
+    ExpectAnswer([&] { return show("German"); },
+                 "-1 53 85 86 133 Eingabe inkorrekt.Ziellagebezugssystem.Unbekannt");
 }
 
 TEST(ReplaceFirst, ReplacesOnceAndDoesNotLookAgain) {
-    struct Row {
-        const char* text;
-        const char* value;
-        const char* result;
-    };
-    const Row rows[] = {
-        {"erase '$1'", "A", "erase 'A'"},
-        {"$1 and $1", "B", "B and $1"},
-        {"$1", "$1$1", "$1$1"},
-        {"none", "C", "none"},
-        {"$$1", "", "$"},
-    };
-    for (const Row& row : rows) {
-        std::string text = row.text;
-        ReplaceFirst(text, "$1", row.value);
-        EXPECT_EQ(text, row.result);
-    }
+    std::string text = "$$1 and $1";
+    ReplaceFirst(text, "$1", "$1$1");
+    EXPECT_EQ(text, "$$1$1 and $1");
 }
 
 } // namespace
