@@ -12,127 +12,93 @@ CVariantValue WithText(CVariantValue value, std::string text) {
     return value;
 }
 
-struct ShownRow {
-    const char* name;
-    CVariantValue value;
-    const char* text;
-    CItemInfo::CONTROLTYPE control;
-};
-
 class CellConversion : public BoundGridTest {};
 
 TEST_F(CellConversion, EachTypeHasItsTextAndItsEditor) {
     const CVariantValue tenth = Number(DT_TextFormDouble, 0.1);
-    const ShownRow rows[] = {
-        {"int", Whole(DT_Int, -1234), "-1.234", CItemInfo::ctEdit},
-        {"unsigned", Word(DT_UInt, 4000), "4.000", CItemInfo::ctEdit},
-        {"long", Whole(DT_Long, 5), "5", CItemInfo::ctEdit},
-        {"double", Number(DT_Double, 1.5), "1,50", CItemInfo::ctEdit},
-        {"text", Words(DT_String, "a\\-b"), "a\\-b", CItemInfo::ctEdit},
-        {"bool", Flag(true), "", CItemInfo::ctCheck},
-        {"colour", Word(DT_ColorRGB, 0xFF00AB0Fu), "0xff00ab0f", CItemInfo::ctColor},
-        {"colour unpadded", Word(DT_ColorRGB, 0xA), "0xa", CItemInfo::ctColor},
-        {"alpha colour", Word(DT_ColorARGB, 0x80FF0000u), "0x80ff0000", CItemInfo::ctColorAlpha},
-        {"angle", Number(DT_AngleDouble, 0.5), "0,50", CItemInfo::ctAngle},
-        {"list without an enumeration", Words(DT_ListString, "ignored"), "", CItemInfo::ctList},
-        {"file", Words(DT_FileName, "/tmp/plan.png"), "/tmp/plan.png", CItemInfo::ctFile},
-        {"range", Whole(DT_RangeInt, 50), "50", CItemInfo::ctRange},
-        {"random", Whole(DT_RandomInt, 6), "6", CItemInfo::ctRandom},
-        {"station", Number(DT_RoadStationDouble, 12345.6), "12+345,60", CItemInfo::ctEdit},
-        {"area", Number(DT_AreaDouble, 2), "2,00 m\xB2", CItemInfo::ctEdit},
-        {"man-days", Number(DT_ManDaysDouble, 3), "3,00 MT", CItemInfo::ctEdit},
-        {"text form", WithText(tenth, "a tenth"), "a tenth", CItemInfo::ctEdit},
+    using C = CItemInfo;
+    const std::tuple<const char*, CVariantValue, const char*, C::CONTROLTYPE> rows[] = {
+        {"int", Whole(DT_Int, -1234), "-1.234", C::ctEdit},
+        {"text", Words(DT_String, "a\\-b"), "a\\-b", C::ctEdit},
+        {"bool", Flag(true), "", C::ctCheck},
+        {"colour", Word(DT_ColorRGB, 0xFF00AB0Fu), "0xff00ab0f", C::ctColor},
+        {"colour unpadded", Word(DT_ColorRGB, 0xA), "0xa", C::ctColor},
+        {"alpha colour", Word(DT_ColorARGB, 0x80FF0000u), "0x80ff0000", C::ctColorAlpha},
+        {"angle", Number(DT_AngleDouble, 0.5), "0,50", C::ctAngle},
+        {"list without an enumeration", Words(DT_ListString, "ignored"), "", C::ctList},
+        {"file", Words(DT_FileName, "/tmp/plan.png"), "/tmp/plan.png", C::ctFile},
+        {"range", Whole(DT_RangeInt, 50), "50", C::ctRange},
+        {"random", Whole(DT_RandomInt, 6), "6", C::ctRandom},
+        {"station", Number(DT_RoadStationDouble, 12345.6), "12+345,60", C::ctEdit},
+        {"text form", WithText(tenth, "a tenth"), "a tenth", C::ctEdit},
         {"button on a double", WithText(Number(Modified(TypeBitButton, DT_Double), 1), "press"), "press",
-         CItemInfo::ctButton},
+         C::ctButton},
         {"button on a type without a name", Words(Modified(TypeBitButton, DT_LengthDouble), "press"), "press",
-         CItemInfo::ctButton},
-        {"both modifiers", Words(Modified(TypeBitButton, DT_TextFormInt), "press"), "press",
-         CItemInfo::ctButton},
-        {"text form of a date", Words(Modified(TypeBitTextForm, DT_Date), "soon"), "soon", CItemInfo::ctEdit},
-        {"a list is no button", Words(Modified(TypeBitButton, DT_ListInt), "press"), "", CItemInfo::ctEdit},
-        {"void", CVariantValue(), "", CItemInfo::ctEdit},
-        {"no type", Words(static_cast<EDataTyps>(0x8008), "text"), "", CItemInfo::ctEdit},
+         C::ctButton},
+        {"both modifiers", Words(Modified(TypeBitButton, DT_TextFormInt), "press"), "press", C::ctButton},
+        {"text form of a date", Words(Modified(TypeBitTextForm, DT_Date), "soon"), "soon", C::ctEdit},
+        {"a list is no button", Words(Modified(TypeBitButton, DT_ListInt), "press"), "", C::ctEdit},
+        {"void", CVariantValue(), "", C::ctEdit},
+        {"no type", Words(static_cast<EDataTyps>(0x8008), "text"), "", C::ctEdit},
     };
-    HostObject& object = Object();
-    for (const ShownRow& row : rows)
-        object.With(row.name, row.value);
-    Bind(object);
-    for (const ShownRow& row : rows) {
-        const CSuperGridCtrl::CTreeItem* node = grid.LookupTreeItem(&object, row.name);
-        EXPECT_EQ(row.text, node->info->GetSubItem(0)) << row.name;
-        EXPECT_EQ(row.control, node->info->GetControlType(0)) << row.name;
-        EXPECT_TRUE(node->info->IsCellEnabled(0)) << row.name;
+    for (const auto& [name, value, text, control] : rows)
+        root.With(name, value);
+    Bind(root);
+    for (const auto& [name, value, text, control] : rows) {
+        const CItemInfo& info = *grid.LookupTreeItem(&root, name)->info;
+        EXPECT_EQ(text, info.GetSubItem(0)) << name;
+        EXPECT_EQ(control, info.GetControlType(0)) << name;
+        EXPECT_TRUE(info.IsCellEnabled(0)) << name;
     }
-}
-
-TEST_F(CellConversion, ATypeThatIsNotShownLeavesTheTextAlone) {
-    std::string text = "as it was";
-    CItemInfo::CONTROLTYPE control = CItemInfo::ctCheck;
+    std::string text = "as it was"; // of what is not shown
+    C::CONTROLTYPE control = C::ctCheck;
     grid.ConvertToOutput(nullptr, "", Group(nullptr), text, control);
     EXPECT_EQ("as it was", text);
-    EXPECT_EQ(CItemInfo::ctEdit, control);
+    EXPECT_EQ(C::ctEdit, control);
 }
 
 TEST_F(CellConversion, ColoursAreSwatchesAndLeaveNoneBehind) {
-    HostObject& object = Object();
-    object.With("c", Word(DT_ColorRGB, 0xFF112233u));
-    Bind(object);
+    root.With("c", Word(DT_ColorRGB, 0xFF112233u));
+    Bind(root);
     const CItemInfo& info = *grid.NodeAtRow(0)->info;
     EXPECT_EQ(0xFF112233u, info.GetCellColor(0));
-    SinkOf(object).OnChange("c", Word(DT_ColorRGB, 0xFF445566u));
+    SinkOf(root).OnChange("c", Word(DT_ColorRGB, 0xFF445566u));
     EXPECT_EQ(0xFF445566u, info.GetCellColor(0));
-    SinkOf(object).OnChange("c", Whole(DT_Int, 1));
+    SinkOf(root).OnChange("c", Whole(DT_Int, 1));
     EXPECT_EQ(CItemInfo::NoColor, info.GetCellColor(0));
 }
 
 TEST_F(CellConversion, DashesOfPathsLoseTheirEscapeInTheCell) {
     HostEnumeration enumeration;
     enumeration.entries = {Words(DT_String, "rail\\-road\\-x"), Words(DT_String, "other\\-one")};
-    HostObject& object = Object();
-    object.With("flat", enumeration.ListValue(DT_ListString));
-    Bind(object);
+    root.With("flat", enumeration.ListValue(DT_ListString));
+    Bind(root);
     EXPECT_EQ("rail\\-road\\-x", grid.GetItemText(0, 1));
     enumeration.flags = ENF_Tree;
-    enumeration.selected = 1;
-    SinkOf(object).OnChange("flat", enumeration.ListValue(DT_ListString));
-    EXPECT_EQ("other-one", grid.GetItemText(0, 1));
+    SinkOf(root).OnChange("flat", enumeration.ListValue(DT_ListString));
+    EXPECT_EQ("rail-road-x", grid.GetItemText(0, 1));
     // Asked directly, the text is the value's.
     std::string text;
     CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
-    grid.ConvertToOutput(&object, "flat", enumeration.ListValue(DT_ListString), text, control);
-    EXPECT_EQ("other\\-one", text);
+    grid.ConvertToOutput(&root, "flat", enumeration.ListValue(DT_ListString), text, control);
+    EXPECT_EQ("rail\\-road\\-x", text);
 }
 
-struct ServiceRow {
-    const char* name;
-    EDataTyps type;
-    EFormatService service;
-};
-
-constexpr ServiceRow Services[] = {
-    {"double", DT_Double, EFormatService::Number},
-    {"length", DT_LengthFloat, EFormatService::Number},
-    {"range", DT_RangeInt, EFormatService::Number},
-    {"angle", DT_AngleFloat, EFormatService::Angle},
-    {"date", DT_Date, EFormatService::Date},
-    {"station", DT_RoadStationDouble, EFormatService::Station},
-    {"man-days", DT_ManDaysDouble, EFormatService::ManDays},
-    {"text", DT_String, EFormatService::None},
-    {"text form", DT_TextFormDouble, EFormatService::None},
-    {"bool", DT_Bool, EFormatService::None},
-};
-
 TEST_F(CellConversion, AMemberIsRegisteredWithTheServiceOfItsTypeAlone) {
-    HostObject& object = Object();
-    object.With("m", Flag(true));
-    Bind(object);
-    for (const ServiceRow& row : Services) {
-        grid.AddSink(row.type, &object, "m");
-        for (const ServiceRow& other : Services)
-            EXPECT_FALSE(other.service != row.service && grid.RemoveSink(other.type, &object, "m"))
-                << row.name << ", " << other.name;
-        EXPECT_EQ(row.service != EFormatService::None, grid.RemoveSink(row.type, &object, "m")) << row.name;
-        EXPECT_FALSE(grid.RemoveSink(row.type, &object, "m")) << row.name;
+    using S = EFormatService;
+    const std::pair<EDataTyps, S> rows[] = {
+        {DT_Double, S::Number}, {DT_LengthFloat, S::Number},        {DT_AngleFloat, S::Angle},
+        {DT_Date, S::Date},     {DT_RoadStationDouble, S::Station}, {DT_ManDaysDouble, S::ManDays},
+        {DT_String, S::None},   {DT_TextFormDouble, S::None},       {DT_Bool, S::None}};
+    root.With("m", Flag(true));
+    Bind(root);
+    for (const auto& [type, service] : rows) {
+        grid.AddSink(type, &root, "m");
+        for (const auto& [otherType, otherService] : rows)
+            EXPECT_FALSE(otherService != service && grid.RemoveSink(otherType, &root, "m"))
+                << type << ", " << otherType;
+        EXPECT_EQ(service != S::None, grid.RemoveSink(type, &root, "m")) << type;
+        EXPECT_FALSE(grid.RemoveSink(type, &root, "m")) << type;
     }
 }
 
@@ -140,29 +106,24 @@ TEST_F(CellConversion, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) {
     HostEnumeration numbers;
     numbers.type = DT_Double;
     numbers.entries = {Number(DT_Double, 1.25)};
-    HostObject& inner = Object();
-    inner.With("x", Number(DT_LengthDouble, 1));
-    HostObject& object = Object();
-    object.With("double", Number(DT_Double, 2)).With("list", numbers.ListValue(DT_ListDouble));
-    object.With("angle", Number(DT_AngleDouble, 3)).With("inner", Group(&inner));
-    Bind(object);
-    grid.ExpandAll();
-    int angleReads = 0;
-    object.onRead = [&](const std::string& name) { angleReads += name == "angle"; };
+    point.With("x", Number(DT_LengthDouble, 1));
+    root.With("double", Number(DT_Double, 2)).With("list", numbers.ListValue(DT_ListDouble));
+    root.With("angle", Number(DT_AngleDouble, 3)).With("inner", Group(&point));
+    BindAndExpand();
+    root.onRead = [&](const std::string& name) { EXPECT_NE("angle", name); };
     SetFormatDouble(GermanFormat(3));
     EXPECT_EQ(Lines({"double|2,000", "list|1,250", "angle|3,00", "inner|", " x|1,000 m"}), Rows(grid));
-    EXPECT_EQ(0, angleReads);
+    root.onRead = nullptr;
     SetAngleFormatDouble(GermanFormat(0));
     EXPECT_EQ("3", grid.GetItemText(2, 1));
 }
 
 TEST_F(CellConversion, WhatIsGoneWhileAFormatChangesIsSkipped) {
-    HostObject& object = Object();
-    object.With("a", Number(DT_Double, 1)).With("b", Number(DT_Double, 2));
-    Bind(object);
-    object.onRead = [&](const std::string& name) {
-        object.onRead = nullptr;
-        SinkOf(object).OnOperationRemove(name == "a" ? "b" : "a", Number(DT_Double, 0));
+    root.With("a", Number(DT_Double, 1)).With("b", Number(DT_Double, 2));
+    Bind(root);
+    root.onRead = [&](const std::string& name) {
+        root.onRead = nullptr;
+        SinkOf(root).OnOperationRemove(name == "a" ? "b" : "a", Number(DT_Double, 0));
     };
     SetFormatDouble(GermanFormat(1));
     EXPECT_EQ(1, grid.GetItemCount());

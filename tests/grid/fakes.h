@@ -1,9 +1,11 @@
 #pragma once
 
-#include "values/enum_value.h"
+#include "../values/make_value.h"
+#include "grid/editable_grid.h"
 #include "values/group_presentation.h"
 #include "values/member_dispatch_imp.h"
 #include "values/observer_grid.h"
+#include "window/registered_messages.h"
 
 #include <functional>
 #include <map>
@@ -15,45 +17,22 @@
 namespace korvel {
 
 inline CVariantValue Number(EDataTyps type, double number) {
-    CVariantValue value;
-    value.Type = type;
-    value.Value.Double = number;
-    return value;
+    return MakeValue(type, number);
 }
-
 inline CVariantValue Whole(EDataTyps type, std::int32_t number) {
-    CVariantValue value;
-    value.Type = type;
-    value.Value.Int = number;
-    return value;
+    return MakeValue(type, number);
 }
-
 inline CVariantValue Word(EDataTyps type, std::uint32_t word) {
-    CVariantValue value;
-    value.Type = type;
-    value.Value.UInt = word;
-    return value;
+    return MakeValue(type, word);
 }
-
 inline CVariantValue Flag(bool on) {
-    CVariantValue value;
-    value.Type = DT_Bool;
-    value.Value.Bool = on;
-    return value;
+    return MakeValue(DT_Bool, on);
 }
-
-inline CVariantValue Words(EDataTyps type, std::string text) {
-    CVariantValue value;
-    value.Type = type;
-    value.Text = std::move(text);
-    return value;
+inline CVariantValue Words(EDataTyps type, const std::string& text) {
+    return MakeValue(type, text);
 }
-
 inline CVariantValue Group(IMemberDispatch* object) {
-    CVariantValue value;
-    value.Type = DT_Group;
-    value.Value.Dispatch = object;
-    return value;
+    return MakeValue(DT_Group, object);
 }
 
 /// An object of the host. Counts the writes that reach it, and misbehaves when told.
@@ -164,18 +143,77 @@ public:
     unsigned char GetPresentationKind() override { return kind; }
     void OnPresentationClick() override {}
 
-    CVariantValue ListValue(EDataTyps listType) {
-        CVariantValue value;
-        value.Type = listType;
-        value.EnumValue = this;
-        return value;
-    }
+    CVariantValue ListValue(EDataTyps listType) { return MakeList(listType, "", this); }
 
     EDataTyps type = DT_String;
     std::uint32_t flags = 0;
     unsigned char kind = 1;
     std::vector<CVariantValue> entries;
     long selected = 0;
+};
+
+using Lines = std::vector<std::string>;
+
+/// A bare grid of the host that copies its infos, writes down its hooks, and refuses the one that it is told
+/// to.
+class HookedGrid : public CSuperGridCtrl {
+public:
+    BOOL OnNodeExpanding(CTreeItem* node, int row) override { return Hook("expanding", node, row); }
+    BOOL OnNodeExpanded(CTreeItem* node, int row) override { return Hook("expanded", node, row); }
+    BOOL OnNodeCollapsing(CTreeItem* node) override { return Hook("collapsing", node, node->row()); }
+    BOOL OnNodeCollapsed(CTreeItem* node) override { return Hook("collapsed", node, node->row()); }
+    BOOL OnRowDeleting(CTreeItem* node, int row) override { return Hook("deleting", node, row); }
+    BOOL OnExpandAllKey(CTreeItem* node, int row) override { return Hook("expand all", node, row); }
+    BOOL OnCollapseKey(CTreeItem* node, int row) override { return Hook("collapse key", node, row); }
+    BOOL OnExpandKey(CTreeItem* node, int row) override { return Hook("expand key", node, row); }
+    BOOL OnRowClick(LVHITTESTINFO& hit) override { return Hook("click", NodeAtRow(hit.iItem), hit.iItem); }
+    void OnControlLButtonDown(UINT, CPoint, LVHITTESTINFO& hit) override {
+        Hook("cell " + std::to_string(hit.iSubItem), NodeAtRow(hit.iItem), hit.iItem);
+    }
+
+    CItemInfo* CopyItemInfo(const CItemInfo* source) override { return new CItemInfo(*source); }
+
+    Lines Take() { return std::exchange(m_log, {}); }
+    std::string refused;
+
+private:
+    BOOL Hook(const std::string& name, const CTreeItem* node, int row) {
+        m_log.push_back(name + " " + node->info->text + " " + std::to_string(row));
+        return name != refused;
+    }
+    Lines m_log;
+};
+
+/// An attribute grid of the host that writes down the edits that clicks ask for, and draws flags of one name
+/// checked.
+class HostGrid : public CEditableGrid {
+public:
+    using CEditableGrid::CEditableGrid;
+    bool OnGetCheckState(IMemberDispatch*, const std::string& name, const CVariantValue&) override {
+        return name == "always";
+    }
+    std::string edits;
+
+protected:
+    void OnEdit(CItemInfo*, int row, int column, CPoint, IMemberDispatch* disp,
+                const CString& name) override {
+        edits +=
+            std::to_string(row) + ":" + std::to_string(column) + " " + disp->GetIdent() + "." + name + " ";
+    }
+};
+
+/// Answers which image a row gets, and writes down what it was asked.
+class ImageParent : public CWnd {
+public:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message != WM_GET_IMAGEINDEX)
+            return CWnd::WindowProc(message, wParam, lParam);
+        auto& question = *reinterpret_cast<SImageIndex*>(lParam);
+        asked.push_back(*question.name + std::to_string(question.index) + question.disp->GetIdent());
+        question.index += 40;
+        return 0;
+    }
+    Lines asked;
 };
 
 } // namespace korvel

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "fakes.h"
-#include "grid/editable_grid.h"
 #include "output/german_machine.h"
 #include "window/headless_display.h"
 #include "window/input.h"
@@ -13,9 +12,13 @@
 namespace korvel {
 
 /// A frame with room for a grid of 300 by 224 pixels: the header takes 24, a row 20, so that ten rows are on
-/// screen.
+/// screen; and two objects of the host to begin with.
 class GridWindows {
+    std::vector<std::unique_ptr<HostObject>> m_objects;
+
 protected:
+    using CTreeItem = CSuperGridCtrl::CTreeItem;
+
     GridWindows() {
         SetDisplay(&display);
         frame.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
@@ -37,6 +40,11 @@ protected:
         grid.InsertColumn(1, "Value", 150);
     }
 
+    static int Middle(int row) { return 24 + row * 20 + 10; }
+    static CPoint Sign(int row, int depth) { return {(depth - 1) * 16 + 8, Middle(row)}; }
+    static CPoint Label(int row) { return {100, Middle(row)}; }
+    static CPoint Value(int row) { return {200, Middle(row)}; }
+
     static void Press(CSuperGridCtrl& grid, UINT key) { input::Key(grid.m_hWnd, WM_KEYDOWN, key, ""); }
     static void Click(CSuperGridCtrl& grid, CPoint point, UINT message = WM_LBUTTONDOWN) {
         input::Mouse(grid.m_hWnd, message, MK_LBUTTON, point);
@@ -54,6 +62,13 @@ protected:
         for (auto& cell : cells)
             info->SetSubItem(info->GetSubItemCount(), std::move(cell));
         return info;
+    }
+
+    /// A node of a bare grid, under no other one a root.
+    static CTreeItem* Add(CSuperGridCtrl& grid, CTreeItem* parent, std::string text,
+                          std::vector<std::string> cells = {}, int position = -1) {
+        CItemInfo* info = Info(std::move(text), std::move(cells));
+        return parent ? grid.AddChildNode(parent, info, 1, &position) : grid.AddRootNode(info, &position);
     }
 
     /// The rows as text: blanks for the depth, then the cells.
@@ -76,9 +91,8 @@ protected:
 
     HeadlessDisplay display;
     CWnd frame;
-
-private:
-    std::vector<std::unique_ptr<HostObject>> m_objects;
+    HostObject& root = Object("root");
+    HostObject& point = Object("point");
 };
 
 class GridTest : public testing::Test, protected GridWindows {};
@@ -89,12 +103,15 @@ protected:
     BoundGridTest() { Make(grid); }
 
     void Bind(IMemberDispatch& object) { grid.Initialize(&object, "Name", "Value", 0); }
+    void BindAndExpand() {
+        Bind(root);
+        grid.ExpandAll();
+        observer.Take();
+    }
     IObserverGridSink& SinkOf(IMemberDispatch& object) { return *observer.sinks.at(&object); }
 
     RecordingObserver observer;
     CEditableGrid grid{&observer, nullptr};
 };
-
-using Lines = std::vector<std::string>;
 
 } // namespace korvel
