@@ -109,6 +109,19 @@ private:
     static std::string NameOf(IMemberDispatch* disp) { return disp ? disp->GetIdent() : "null"; }
 };
 
+/// Comes back to the grid with whatever it hears of an object that is no longer shown.
+class ReturningObserver final : public RecordingObserver {
+public:
+    void RemoveSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
+        RecordingObserver::RemoveSink(disp, sink);
+        sink->OnOperationAdd("late", Group(&late));
+        grid.Clear();
+        grid.Initialize(disp, "Name", "Value", 0);
+    }
+    HostObject late{"late"};
+    CEditableGrid grid{this, nullptr};
+};
+
 /// An enumeration with entries "entry 0" and so on, of which the value's Text names the selected one. It may
 /// be the presentation of a group at the same time.
 class HostEnumeration : public IEnumValue, public IGroupPresentation {

@@ -162,15 +162,14 @@ TEST_F(GridInput, ReturnEditsTheCurrentCellOfABareGrid) {
         SetWindowTextA(edit, "typed");
     };
     for (const auto& [border, ending, text] : rows) {
-        SCOPED_TRACE(border);
         grid.NodeAtRow(1)->info->SetSubItem(0, "value");
         ASSERT_NO_FATAL_FAILURE(beginEdit(1));
         if (ending)
             input::Key(edit, WM_KEYDOWN, ending, "");
         else
             SetFocus(frame.m_hWnd);
-        EXPECT_EQ(text, grid.NodeAtRow(1)->info->GetSubItem(0));
-        EXPECT_FALSE(IsWindowVisible(edit));
+        EXPECT_EQ(text, grid.NodeAtRow(1)->info->GetSubItem(0)) << border;
+        EXPECT_FALSE(IsWindowVisible(edit)) << border;
     }
     ASSERT_NO_FATAL_FAILURE(beginEdit(0)); // an edit does not outlive its row, nor the grid its edit
     grid.RemoveRootNode(grid.NodeAtRow(0));

@@ -1,13 +1,10 @@
 #include "grid/cell_geometry.h"
 #include "grid_fixture.h"
 
-#include <algorithm>
 #include <set>
 
 namespace korvel {
 namespace {
-
-using Kind = PaintCall::Kind;
 
 class Painting : public BoundGridTest {
 protected:
@@ -19,37 +16,13 @@ protected:
         for (const auto& [index, color] : colors)
             display.SetColor(index, color);
     }
-
-    void Paint() { m_calls = display.PaintWindow(grid.m_hWnd); }
-
+    Picture Paint() { return Picture{display.PaintWindow(grid.m_hWnd)}; }
     CRect Cell(int row, int column) {
         CRect cell;
         grid.GetSubItemRect(row, column, LVIR_LABEL, &cell);
         return cell;
     }
-
-    /// The colour that lies last at a point.
-    COLORREF At(CPoint place) const {
-        COLORREF color = 0xFFFFFFFF;
-        for (const PaintCall& call : m_calls)
-            if (call.kind == Kind::Fill && call.rect.PtInRect(place))
-                color = call.color;
-        return color;
-    }
-
-    const PaintCall* FindText(const std::string& text) const {
-        const auto found = std::find_if(m_calls.begin(), m_calls.end(), [&](const PaintCall& call) {
-            return call.kind == Kind::Text && call.text == text;
-        });
-        return found == m_calls.end() ? nullptr : &*found;
-    }
-
-    std::vector<PaintCall> m_calls;
 };
-
-CPoint MiddleOf(const CRect& rect) {
-    return {rect.left + rect.Width() / 2, rect.top + rect.Height() / 2};
-}
 
 TEST_F(Painting, TextsTakeTheColourOfTheirState) {
     root.With("plain", Words(DT_String, "enabled")).With("chosen", Words(DT_String, "selected"));
@@ -57,22 +30,19 @@ TEST_F(Painting, TextsTakeTheColourOfTheirState) {
     Bind(root);
     Select(grid, 1);
     Press(grid, VK_RIGHT);
-    Paint();
-    EXPECT_EQ(0x111111u, FindText("enabled")->color);
-    EXPECT_EQ(0x777777u, FindText("disabled")->color);
-    EXPECT_EQ(0x111111u, FindText("protected")->color); // the name is not greyed
-    EXPECT_EQ(0xEEEEEEu, FindText("selected")->color);
-    EXPECT_EQ(0xAA0000u, At(MiddleOf(Cell(1, 1))));
-    EXPECT_EQ(1, std::count_if(m_calls.begin(), m_calls.end(),
-                               [&](const PaintCall& call) {
-                                   return call.kind == Kind::Frame && call.rect == Cell(1, 1) &&
-                                          call.color == 0xC0;
-                               }))
-        << "around the focus cell";
+    const Picture picture = Paint();
+    EXPECT_EQ(0x111111u, picture.FindText("enabled")->color);
+    EXPECT_EQ(0x777777u, picture.FindText("disabled")->color);
+    EXPECT_EQ(0x111111u, picture.FindText("protected")->color); // the name is not greyed
+    EXPECT_EQ(0xEEEEEEu, picture.FindText("selected")->color);
+    EXPECT_EQ(0xAA0000u, picture.At(MiddleOf(Cell(1, 1))));
+    EXPECT_TRUE(std::any_of(picture.calls.begin(), picture.calls.end(), [&](const PaintCall& call) {
+        return call.kind == PaintCall::Kind::Frame && call.rect == Cell(1, 1) && call.color == 0xC0;
+    })) << "around the focus cell";
     SetFocus(frame.m_hWnd);
-    Paint();
-    EXPECT_EQ(0x222222u, FindText("selected")->color);
-    EXPECT_EQ(0xCCCCCCu, At(MiddleOf(Cell(1, 1))));
+    const Picture unfocused = Paint();
+    EXPECT_EQ(0x222222u, unfocused.FindText("selected")->color);
+    EXPECT_EQ(0xCCCCCCu, unfocused.At(MiddleOf(Cell(1, 1))));
 }
 
 TEST_F(Painting, SwatchesShowTheirColourAndLetTheGroundThrough) {
@@ -82,17 +52,17 @@ TEST_F(Painting, SwatchesShowTheirColourAndLetTheGroundThrough) {
     root.With("full", Word(DT_ColorARGB, 0xFF3366FFu));
     display.SetColor(COLOR_WINDOW, 0x202020); // dark
     Bind(root);
-    Paint();
-    const auto swatch = [&](int row) { return MiddleOf(LeftSquare(Cell(row, 1))); };
-    EXPECT_EQ(0x3366FFu, At(swatch(0)));
-    EXPECT_EQ(0xFFFFFFu, At(swatch(1)));
-    EXPECT_EQ(0x3366FFu, At(swatch(3)));
+    const Picture picture = Paint();
+    const auto swatch = [&](int row) { return picture.At(MiddleOf(LeftSquare(Cell(row, 1)))); };
+    EXPECT_EQ(0x3366FFu, swatch(0));
+    EXPECT_EQ(0xFFFFFFu, swatch(1));
+    EXPECT_EQ(0x3366FFu, swatch(3));
     std::set<COLORREF> tiles;
     const CRect square = LeftSquare(Cell(2, 1));
     for (int x = square.left + 3; x < square.right - 3; ++x)
-        tiles.insert(At({x, square.top + 5}));
+        tiles.insert(picture.At({x, square.top + 5}));
     EXPECT_EQ((std::set<COLORREF>{0x4F4F4F, 0x7F7F7F}), tiles); // half black over grey and white
-    EXPECT_GE(FindText("0x3366ff")->rect.left, LeftSquare(Cell(0, 1)).right);
+    EXPECT_GE(picture.FindText("0x3366ff")->rect.left, LeftSquare(Cell(0, 1)).right);
 }
 
 TEST_F(Painting, TextOnARowOfItsOwnColourStaysReadable) {
@@ -100,12 +70,12 @@ TEST_F(Painting, TextOnARowOfItsOwnColourStaysReadable) {
     Bind(root);
     grid.NodeAtRow(0)->info->rowColor = 0x400000;
     grid.NodeAtRow(1)->info->SetCellColor(0, 0x80FFFF);
-    Paint();
-    EXPECT_EQ(0x400000u, At(MiddleOf(Cell(0, 1))));
-    EXPECT_EQ(0xFFFFFFu, FindText("on dark")->color);
-    EXPECT_EQ(0x80FFFFu, At(MiddleOf(Cell(1, 1))));
-    EXPECT_EQ(0x000000u, FindText("on light")->color);
-    EXPECT_EQ(0xFFFFFFu, At(MiddleOf(Cell(1, 0))));
+    const Picture picture = Paint();
+    EXPECT_EQ(0x400000u, picture.At(MiddleOf(Cell(0, 1))));
+    EXPECT_EQ(0xFFFFFFu, picture.FindText("on dark")->color);
+    EXPECT_EQ(0x80FFFFu, picture.At(MiddleOf(Cell(1, 1))));
+    EXPECT_EQ(0x000000u, picture.FindText("on light")->color);
+    EXPECT_EQ(0xFFFFFFu, picture.At(MiddleOf(Cell(1, 0))));
 }
 
 TEST_F(Painting, SignsStandWhereRowsCanExpandAndTellTheirState) {
@@ -113,14 +83,10 @@ TEST_F(Painting, SignsStandWhereRowsCanExpandAndTellTheirState) {
     root.With("closed", Group(&point)).With("plain", Flag(true));
     Bind(root);
     const auto bars = [&](int row) {
-        Paint();
-        CRect sign;
-        grid.GetItemRect(row, &sign);
-        sign.right = sign.left + 16;
-        ++sign.top;
-        return std::count_if(m_calls.begin(), m_calls.end(), [&](const PaintCall& call) {
-            return call.kind == Kind::Fill && sign.PtInRect(call.rect.TopLeft());
-        });
+        CRect bounds;
+        grid.GetItemRect(row, &bounds);
+        return Paint().Count(PaintCall::Kind::Fill,
+                             {bounds.left, bounds.top + 1, bounds.left + 16, bounds.bottom});
     };
     EXPECT_EQ(3, bars(0)); // ground, both bars of the plus
     EXPECT_EQ(0, bars(1));
@@ -140,13 +106,12 @@ TEST_F(Painting, ButtonsStandOnlyWhereAPressDoesSomething) {
         HostObject& object = Object();
         object.AddMember(name, editable, value);
         Bind(object);
-        Paint();
-        const PaintCall* drawn = FindText(face);
+        const Picture picture = Paint();
+        const PaintCall* drawn = picture.FindText(face);
         ASSERT_EQ(isDrawn, drawn != nullptr) << name;
-        const CRect cell = Cell(0, 1);
-        EXPECT_TRUE(!drawn ||
-                    (drawn->rect.right <= cell.right && drawn->rect.left >= cell.right - 2 * cell.Height()))
-            << name;
+        CRect end = Cell(0, 1);
+        end.left = end.right - 2 * end.Height();
+        EXPECT_TRUE(!drawn || (drawn->rect.left >= end.left && drawn->rect.right <= end.right)) << name;
         grid.Clear();
     }
 }
@@ -170,8 +135,7 @@ TEST_F(Painting, OnlyWhatIsOnScreenIsRepainted) {
     for (int i = 0; i < 100; ++i)
         root.With("m" + std::to_string(i), Whole(DT_Int, i));
     Bind(root);
-    Paint();
-    EXPECT_LT(m_calls.size(), 200u);
+    EXPECT_LT(Paint().calls.size(), 200u);
     SinkOf(root).OnChange("m50", Whole(DT_Int, 7));
     EXPECT_FALSE(display.IsInvalid(grid.m_hWnd));
     SinkOf(root).OnChange("m5", Whole(DT_Int, 7));
@@ -185,8 +149,7 @@ TEST_F(Painting, NarrowAndEmptyCellsAreHarmless) {
     for (const int width : {0, 1, 5, 12}) {
         grid.SetColumnWidth(0, width);
         grid.SetColumnWidth(1, width);
-        Paint();
-        for (const PaintCall& call : m_calls)
+        for (const PaintCall& call : Paint().calls)
             EXPECT_LE(call.rect.left, call.rect.right) << width;
     }
 }
