@@ -13,17 +13,6 @@ constexpr std::size_t BlockCapacity = 64;
 
 } // namespace
 
-FamilyTally& FamilyTally::operator+=(const FamilyTally& other) {
-    rows += other.rows;
-    open += other.open;
-    families += other.families;
-    return *this;
-}
-
-FamilyTally FamilyTally::operator-(const FamilyTally& other) const {
-    return {rows - other.rows, open - other.open, families - other.families};
-}
-
 ChildList::Iterator& ChildList::Iterator::operator++() {
     if (++m_item == m_list->m_blocks[m_block]->items.size()) {
         ++m_block;

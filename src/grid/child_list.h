@@ -19,8 +19,15 @@ struct FamilyTally {
     int open = 0;     // how many are expanded
     int families = 0; // how many have children
 
-    FamilyTally& operator+=(const FamilyTally& other);
-    FamilyTally operator-(const FamilyTally& other) const;
+    FamilyTally& operator+=(const FamilyTally& other) {
+        rows += other.rows;
+        open += other.open;
+        families += other.families;
+        return *this;
+    }
+    FamilyTally operator-(const FamilyTally& other) const {
+        return {rows - other.rows, open - other.open, families - other.families};
+    }
     bool operator==(const FamilyTally&) const = default;
 };
 

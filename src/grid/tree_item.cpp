@@ -91,6 +91,8 @@ void CTreeItem::InsertChild(int position, CTreeItem* child) {
 void CTreeItem::Settle(CTreeItem* newParent) {
     m_parent = newParent;
     m_indent = newParent->m_indent + 1;
+    if (!m_children)
+        return;
     std::vector<CTreeItem*> open{this};
     while (!open.empty()) {
         const CTreeItem* node = open.back();

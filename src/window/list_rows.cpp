@@ -34,7 +34,7 @@ void EraseRow(ListState& list, int row) {
 }
 
 void Deselect(ListState& list, int row) {
-    if (!list.rows.At(row).IsSelected())
+    if (!list.rows.IsSelected(row))
         return;
     const UINT before = StateOf(list, row);
     const UINT after = before & ~LVIS_SELECTED;
