@@ -30,7 +30,6 @@ constexpr MessageRow recorded[] = {
     {WM_KILLFOCUS, "loses the focus", Detail::None},
     {WM_COMMAND, "command", Detail::Command},
     {WM_NOTIFY, "notification", Detail::Notification},
-    {WM_TIMER, "timer", Detail::Number},
     {WM_ENABLE, "enable", Detail::Number},
     {WM_SHOWWINDOW, "show", Detail::Number},
     {WM_CLOSE, "close", Detail::None},

@@ -10,8 +10,6 @@ namespace korvel::test {
 
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr UINT shown = WS_VISIBLE;
 constexpr UINT child = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 enum Id { FirstEdit = 1, SecondEdit, Check, Push, Rows, Surface };
@@ -137,15 +135,6 @@ void Scenario::LoseFocus() {
     m_log.push_back(GetFocus() == m_frame.m_hWnd ? "focus at the parent" : "focus elsewhere");
     m_second.ShowWindow(SW_SHOW);
     m_user.Click(m_surface.m_hWnd, {5, 5});
-    bool fired = false;
-    m_surface.onMessage = [&](UINT message, WPARAM wParam, LPARAM) {
-        if (message == WM_TIMER)
-            fired = KillTimer(m_surface.m_hWnd, wParam);
-        return false;
-    };
-    SetTimer(m_surface.m_hWnd, 9, 20);
-    m_user.WaitForTimer(20ms, [&] { return fired; });
-    m_surface.onMessage = nullptr;
 }
 
 void Scenario::DestroyEditWhileItChanges() {

@@ -2,8 +2,6 @@
 
 #include "qt/recorder.h"
 
-#include <chrono>
-
 namespace korvel::test {
 
 /// Somebody who works with windows: through the input functions without a screen, or by events on one.
@@ -13,8 +11,6 @@ public:
     /// Presses and releases a key in the window with the focus.
     virtual void Key(UINT key, const CString& characters = "") = 0;
     virtual void Click(HWND window, CPoint point) = 0;
-    /// Waits until a timer of that period has done its work.
-    virtual void WaitForTimer(std::chrono::milliseconds period, const std::function<bool()>& done) = 0;
     /// Done when the next modal loop waits.
     virtual void WhenIdle(std::function<void()> step) = 0;
     /// Answers the next box or menu.

@@ -67,10 +67,6 @@ void QtUser::Click(HWND window, CPoint point) {
     QTest::mouseClick(Widget(window), Qt::LeftButton, Qt::NoModifier, {point.x, point.y});
 }
 
-void QtUser::WaitForTimer(std::chrono::milliseconds, const std::function<bool()>& done) {
-    EXPECT_TRUE(QTest::qWaitFor(done, 2000));
-}
-
 void QtUser::WhenIdle(std::function<void()> step) {
     QTimer::singleShot(0, qApp, std::move(step));
 }

@@ -14,9 +14,6 @@ public:
 
     void Key(UINT key, const CString& characters) override;
     void Click(HWND window, CPoint point) override;
-    void WaitForTimer(std::chrono::milliseconds period, const std::function<bool()>&) override {
-        m_display.Advance(period);
-    }
     void WhenIdle(std::function<void()> step) override { m_display.Then(std::move(step)); }
     void AnswerBox(int button) override { m_display.AnswerNext(button); }
     void AnswerMenu(unsigned command) override { m_display.AnswerNext(static_cast<int>(command)); }
@@ -32,7 +29,6 @@ public:
 
     void Key(UINT key, const CString& characters) override;
     void Click(HWND window, CPoint point) override;
-    void WaitForTimer(std::chrono::milliseconds period, const std::function<bool()>& done) override;
     void WhenIdle(std::function<void()> step) override;
     void AnswerBox(int button) override;
     void AnswerMenu(unsigned command) override;
