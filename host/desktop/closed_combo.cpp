@@ -20,7 +20,8 @@ bool IsListKey(WPARAM key) {
 } // namespace
 
 bool ClosedCombo::Create(const CRect& rect, CWnd* parent, int id) {
-    if (!CreateEx(WS_EX_CLIENTEDGE, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, rect, parent, id))
+    constexpr UINT ownStyle = WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT; // Tab goes to the field
+    if (!CreateEx(ownStyle, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, rect, parent, id))
         return false;
     CRect field = GetClientRect();
     CRect arrow = field;
