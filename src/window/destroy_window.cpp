@@ -28,11 +28,11 @@ void Withdraw(WindowRecord& record) {
 }
 
 void Announce(WindowRecord& record, FirstFailure& failure) {
-    record.destroying = true;
+    record.destroying = record.announced = true;
     failure.Try([&] { SendMessageA(record.handle, WM_DESTROY, 0, 0); });
     const std::vector<HWND> children = record.children;
     for (const HWND child : children)
-        if (const RecordRef childRecord = Find(child); childRecord && !childRecord->destroying)
+        if (const RecordRef childRecord = Find(child); childRecord && !childRecord->announced)
             Announce(*childRecord, failure);
 }
 
@@ -66,6 +66,7 @@ void End(const RecordRef& record, FirstFailure& failure) {
 bool Destroy(WindowRecord& record) {
     if (record.destroying)
         return false;
+    record.destroying = true;
     const RecordRef keep = Find(record.handle);
     FirstFailure failure;
     failure.Try([&] { Withdraw(record); });
@@ -73,11 +74,10 @@ bool Destroy(WindowRecord& record) {
     CollectOwned(record, owned);
     for (const HWND window : owned)
         failure.Try([&] { DestroyWindow(window); });
-    if (!record.destroying && IsWindow(record.handle)) {
+    if (IsWindow(record.handle) && !record.announced)
         Announce(record, failure);
-        if (IsWindow(record.handle))
-            End(keep, failure);
-    }
+    if (IsWindow(record.handle))
+        End(keep, failure);
     failure.Rethrow();
     return true;
 }

@@ -72,7 +72,8 @@ struct WindowRecord : boost::intrusive_ref_counter<WindowRecord, boost::thread_u
     CWnd* object = nullptr;
     bool redraw = true; // WM_SETREDRAW
     Aspects untold = 0; // what changed while redraw was off
-    bool destroying = false;
+    bool destroying = false; // its end has begun, though it still counts as visible at first
+    bool announced = false;  // it has heard WM_DESTROY
     std::unique_ptr<ControlState> control;
 
     HWND ParentOrOwner() const { return parent ? parent : owner; }

@@ -26,9 +26,22 @@ void CollectControls(const WindowRecord& record, bool reachable, std::vector<Dia
     }
 }
 
+// Through parents and owners: what dies with `above` in the end.
+bool DependsOn(HWND above, HWND window) {
+    RecordRef level = Find(window);
+    while (level && level->handle != above)
+        level = Find(level->ParentOrOwner());
+    return level != nullptr;
+}
+
+// Owners and owned windows are top-level ones: a parent takes the place of an owner.
 void Adopt(WindowRecord& record, HWND parent) {
     if (const RecordRef former = Find(record.parent))
         std::erase(former->children, record.handle);
+    if (const RecordRef owner = Find(record.owner); owner && parent) {
+        std::erase(owner->owned, record.handle);
+        record.owner = nullptr;
+    }
     record.parent = parent;
     record.style = parent ? record.style | WS_CHILD : record.style & ~WS_CHILD;
     if (const RecordRef next = Find(parent))
@@ -49,8 +62,8 @@ HWND GetOwner(HWND window) {
 HWND GetTopLevelParent(HWND window) {
     return OnOwner(window, [](WindowRecord& record) {
         HWND top = record.handle;
-        for (HWND above = record.ParentOrOwner(); above; above = Find(above)->ParentOrOwner())
-            top = above;
+        for (RecordRef level = Find(top); level; level = Find(level->ParentOrOwner()))
+            top = level->handle;
         return top;
     });
 }
@@ -58,7 +71,7 @@ HWND GetTopLevelParent(HWND window) {
 HWND SetParent(HWND window, HWND parent) {
     return OnOwner(window, [&](WindowRecord& record) -> HWND {
         const RecordRef next = Find(parent);
-        if (parent && (!next || next->queue != record.queue || next->destroying || IsWithin(window, parent)))
+        if (parent && (!next || next->destroying || DependsOn(window, parent)))
             return nullptr;
         const HWND former = record.parent;
         Adopt(record, parent);

@@ -73,19 +73,25 @@ TEST_F(WindowTreeTest, AStaleHandleReachesNoOtherWindow) {
 }
 
 TEST_F(WindowTreeTest, AWindowMayDieInsideItsOwnHandlers) {
-    for (const UINT message : {WM_USER, WM_SIZE, WM_SHOWWINDOW, WM_DESTROY, WM_NCDESTROY, WM_COMMAND}) {
+    RecordedWindow frame("frame", log);
+    frame.Create(WS_VISIBLE, nullptr);
+    for (const UINT message : {WM_USER, WM_SIZE, WM_SHOWWINDOW, WM_KILLFOCUS, WM_DESTROY, WM_NCDESTROY}) {
         auto window = std::make_unique<RecordedWindow>("window", log);
-        window->Create(WS_VISIBLE, nullptr);
+        window->Create(WS_CHILD | WS_VISIBLE, &frame);
+        window->SetFocus();
         const HWND handle = window->m_hWnd;
         window->on[message] = [&window, handle] {
             DestroyWindow(handle);
             window.reset();
         };
-        SendMessageA(handle, message, 0, 0);
-        MoveWindow(handle, {1, 2, 300, 400});
-        ShowWindow(handle, SW_HIDE);
-        DestroyWindow(handle);
+        if (message == WM_SIZE)
+            MoveWindow(handle, {1, 2, 300, 400});
+        else if (message == WM_USER)
+            SendMessageA(handle, message, 0, 0);
+        else // hides it first, which takes the focus away
+            DestroyWindow(handle);
         EXPECT_FALSE(IsWindow(handle)) << message;
+        EXPECT_EQ(window, nullptr) << message;
     }
 }
 
@@ -214,6 +220,13 @@ TEST_F(WindowTreeTest, RefusesToHangAWindowBelowItself) {
     EXPECT_EQ(SetParent(child.m_hWnd, other.m_hWnd), frame.m_hWnd);
     EXPECT_TRUE(IsChild(other.m_hWnd, child.m_hWnd));
     EXPECT_EQ(GetFirstChild(frame.m_hWnd), nullptr);
+    RecordedWindow owned("owned", log);
+    owned.Create(WS_POPUP, &frame);
+    EXPECT_EQ(SetParent(frame.m_hWnd, owned.m_hWnd), nullptr) << "each would take the other along";
+    EXPECT_EQ(GetParent(frame.m_hWnd), nullptr);
+    SetParent(owned.m_hWnd, other.m_hWnd);
+    frame.DestroyWindow();
+    EXPECT_TRUE(IsWindow(owned.m_hWnd)) << "a parent takes the place of the owner";
 }
 
 TEST_F(WindowTreeTest, TellsTheDisplayOnceWhenRedrawIsOnAgain) {
