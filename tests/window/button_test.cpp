@@ -1,42 +1,23 @@
-#include "window/controls.h"
-#include "window/headless_display.h"
-#include "window/input.h"
+#include "control_fixture.h"
 
 #include <array>
-#include <gtest/gtest.h>
-#include <vector>
 
 namespace korvel {
 namespace {
 
-class ButtonParent : public CWnd {
-public:
-    std::vector<unsigned> clicked; // control ids
-
+class ButtonTest : public ControlTest {
 protected:
-    bool OnCommand(WPARAM wParam, LPARAM lParam) override {
-        if (HIWORD(wParam) == BN_CLICKED)
-            clicked.push_back(LOWORD(wParam));
-        return CWnd::OnCommand(wParam, lParam);
-    }
-};
-
-class ButtonTest : public testing::Test {
-protected:
-    void SetUp() override {
-        SetDisplay(&display);
-        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
-    }
     void Make(CButton& button, UINT style, int id = 3) {
         button.Create("text", WS_CHILD | WS_VISIBLE | style, {0, 0, 80, 20}, &parent, id);
     }
-    void Click(CButton& button, CPoint release = {10, 10}) {
-        input::Mouse(button.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {10, 10});
-        input::Mouse(button.m_hWnd, WM_LBUTTONUP, 0, release);
+    void Mouse(CButton& button, UINT message, CPoint point = {10, 10}) {
+        input::Mouse(button.m_hWnd, message, message == WM_LBUTTONUP ? 0 : MK_LBUTTON, point);
     }
-
-    HeadlessDisplay display;
-    ButtonParent parent;
+    void Click(CButton& button, CPoint release = {10, 10}) {
+        Mouse(button, WM_LBUTTONDOWN);
+        Mouse(button, WM_LBUTTONUP, release);
+    }
+    void Space(CButton& button, UINT message) { input::Key(button.m_hWnd, message, VK_SPACE, {}); }
 };
 
 TEST_F(ButtonTest, EachKindAnswersAClickInItsWay) {
@@ -54,38 +35,31 @@ TEST_F(ButtonTest, EachKindAnswersAClickInItsWay) {
           Case{"radio button", BS_AUTORADIOBUTTON, 2, 1, 1}, Case{"group box", BS_GROUPBOX, 0, 0, 0}}) {
         CButton button;
         Make(button, row.style);
-        parent.clicked.clear();
+        parent.senders.clear();
         Click(button);
         EXPECT_EQ(button.GetCheck(), row.firstCheck) << row.border;
         Click(button);
         EXPECT_EQ(button.GetCheck(), row.secondCheck) << row.border;
-        EXPECT_EQ(parent.clicked.size(), row.clicks) << row.border;
+        EXPECT_EQ(parent.senders.size(), row.clicks) << row.border;
     }
 }
 
-TEST_F(ButtonTest, AReleaseOutsideOrALostCaptureIsNoClick) {
+TEST_F(ButtonTest, WhatIsNotReleasedOverItIsNoClick) {
     CButton button;
     Make(button, BS_PUSHBUTTON);
     Click(button, {80, 10});
-    input::Mouse(button.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {10, 10});
+    Mouse(button, WM_LBUTTONDOWN);
     ReleaseCapture();
-    input::Mouse(button.m_hWnd, WM_LBUTTONUP, 0, {10, 10});
-    EXPECT_TRUE(parent.clicked.empty());
+    Mouse(button, WM_LBUTTONUP);
     EXPECT_EQ(GetFocus(), button.m_hWnd);
-}
-
-TEST_F(ButtonTest, SpaceClicksWhenItIsReleased) {
-    CButton button;
-    Make(button, BS_PUSHBUTTON);
-    input::Key(button.m_hWnd, WM_KEYUP, VK_SPACE, {}); // pressed elsewhere
-    button.SetFocus();
-    input::Key(button.m_hWnd, WM_KEYDOWN, VK_SPACE, " ");
-    parent.SetFocus(); // the focus leaves before the key is released
-    input::Key(button.m_hWnd, WM_KEYUP, VK_SPACE, {});
-    input::Key(button.m_hWnd, WM_KEYDOWN, VK_SPACE, " ");
-    EXPECT_TRUE(parent.clicked.empty());
-    input::Key(button.m_hWnd, WM_KEYUP, VK_SPACE, {});
-    EXPECT_EQ(parent.clicked, std::vector<unsigned>{3});
+    Space(button, WM_KEYUP); // pressed elsewhere
+    Space(button, WM_KEYDOWN);
+    parent.SetFocus();
+    Space(button, WM_KEYUP); // the focus was away
+    Space(button, WM_KEYDOWN);
+    EXPECT_TRUE(parent.senders.empty());
+    Space(button, WM_KEYUP);
+    EXPECT_EQ(parent.senders.size(), 1u);
     EXPECT_FALSE(input::Key(button.m_hWnd, WM_KEYDOWN, VK_RETURN, "\r")); // a dialog's matter
 }
 
@@ -101,7 +75,7 @@ TEST_F(ButtonTest, RadioButtonsExcludeEachOtherInsideTheirGroup) {
     EXPECT_EQ(radio[3].GetCheck(), 1); // another group
     input::Value(radio[2].m_hWnd, 1);  // clicked in its native widget
     EXPECT_EQ(radio[3].GetCheck(), 0);
-    EXPECT_EQ(parent.clicked, (std::vector<unsigned>{1, 2}));
+    EXPECT_EQ(parent.senders, (std::vector<unsigned>{1, 2}));
 }
 
 TEST_F(ButtonTest, AnOwnerDrawnButtonShowsThatItIsPressed) {
@@ -112,10 +86,10 @@ TEST_F(ButtonTest, AnOwnerDrawnButtonShowsThatItIsPressed) {
     };
     Drawn button;
     Make(button, BS_OWNERDRAW);
-    input::Mouse(button.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {10, 10});
+    Mouse(button, WM_LBUTTONDOWN);
     display.PaintWindow(button.m_hWnd);
     EXPECT_EQ(button.state, ODS_SELECTED | ODS_FOCUS);
-    input::Mouse(button.m_hWnd, WM_MOUSEMOVE, MK_LBUTTON, {90, 10});
+    Mouse(button, WM_MOUSEMOVE, {90, 10});
     display.PaintWindow(button.m_hWnd);
     EXPECT_EQ(button.state, ODS_FOCUS);
     button.EnableWindow(false);

@@ -1,46 +1,18 @@
-#include "window/controls.h"
-#include "window/headless_display.h"
-#include "window/input.h"
+#include "control_fixture.h"
 #include "window/window_view.h"
 
-#include <functional>
-#include <gtest/gtest.h>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace korvel {
 namespace {
 
-class EditParent : public CWnd {
-public:
-    std::vector<UINT> notices;
-    std::function<void(UINT)> onNotice;
-
-    std::vector<UINT> Take() { return std::exchange(notices, {}); }
-
+class EditTest : public ControlTest {
 protected:
-    bool OnCommand(WPARAM wParam, LPARAM lParam) override {
-        notices.push_back(HIWORD(wParam));
-        if (onNotice)
-            onNotice(HIWORD(wParam));
-        return CWnd::OnCommand(wParam, lParam);
-    }
-};
-
-using Codes = std::vector<UINT>;
-
-class EditTest : public testing::Test {
-protected:
-    void SetUp() override {
-        SetDisplay(&display);
-        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
-    }
     void MakeEdit(UINT style = 0, const char* text = "") {
         edit.DestroyWindow();
         edit.Create(WS_CHILD | WS_VISIBLE | style, {0, 0, 100, 20}, &parent, 5);
         edit.SetWindowTextA(text);
-        parent.notices.clear();
+        parent.codes.clear();
     }
     void Type(const CString& text) {
         for (const char character : text)
@@ -59,8 +31,6 @@ protected:
         return selection;
     }
 
-    HeadlessDisplay display;
-    EditParent parent;
     CEdit edit;
 };
 
@@ -190,9 +160,9 @@ TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {
 
 TEST_F(EditTest, TheFocusIsToldNested) {
     MakeEdit();
+    edit.SetFocus();
     CEdit other;
     other.Create(WS_CHILD | WS_VISIBLE, {0, 30, 100, 50}, &parent, 6);
-    edit.SetFocus();
     other.SetFocus();
     EXPECT_EQ(parent.Take(), (Codes{EN_SETFOCUS, EN_KILLFOCUS, EN_SETFOCUS}));
 }

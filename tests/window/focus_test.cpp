@@ -32,22 +32,7 @@ TEST_F(FocusTest, TellsTheDisplayBeforeTheLoserAndTheLoserBeforeTheWinner) {
     EXPECT_THAT(Heard(), IsEmpty());
 }
 
-TEST_F(FocusTest, StopsWhenAHandlerMovesItOn) {
-    first.on[WM_KILLFOCUS] = [&] { group.SetFocus(); };
-    second.SetFocus();
-    EXPECT_EQ(GetFocus(), group.m_hWnd);
-    EXPECT_THAT(Heard(), ElementsAre("first no focus", "group focus"));
-}
-
-TEST_F(FocusTest, AHandlerMayHoldTheFocusBack) {
-    first.on[WM_KILLFOCUS] = [&] { first.SetFocus(); };
-    second.SetFocus();
-    EXPECT_EQ(GetFocus(), first.m_hWnd);
-    EXPECT_EQ(display.FocusShown(), first.m_hWnd);
-    EXPECT_THAT(Heard(), ElementsAre("first no focus", "first focus"));
-}
-
-TEST_F(FocusTest, TheLoserHearsOfItsLossWhenTheDisplayMovesTheFocusOn) {
+TEST_F(FocusTest, StopsWhenItIsMovedOn) {
     struct CommittingDisplay : HeadlessDisplay {
         std::function<void()> commit;
         void Focus(HWND window) override {
@@ -57,9 +42,36 @@ TEST_F(FocusTest, TheLoserHearsOfItsLossWhenTheDisplayMovesTheFocusOn) {
         }
     } committing;
     SetDisplay(&committing);
-    committing.commit = [&] { group.SetFocus(); };
-    second.SetFocus();
-    EXPECT_THAT(Heard(), ElementsAre("first no focus", "group focus"));
+    struct Row {
+        const char* border;
+        std::function<void()> prepare;
+        HWND winner;
+        Log heard;
+    };
+    const Row rows[] = {
+        {"by the loser",
+         [this] { first.on[WM_KILLFOCUS] = [this] { group.SetFocus(); }; },
+         group.m_hWnd,
+         {"first no focus", "group focus"}},
+        {"by the loser, who holds it back",
+         [this] { first.on[WM_KILLFOCUS] = [this] { first.SetFocus(); }; },
+         first.m_hWnd,
+         {"first no focus", "first focus"}},
+        {"by the display, which commits an input",
+         [&] { committing.commit = [this] { group.SetFocus(); }; },
+         group.m_hWnd,
+         {"first no focus", "group focus"}},
+    };
+    for (const Row& row : rows) {
+        first.on.clear();
+        first.SetFocus();
+        Heard();
+        row.prepare();
+        second.SetFocus();
+        EXPECT_EQ(GetFocus(), row.winner) << row.border;
+        EXPECT_EQ(committing.FocusShown(), row.winner) << row.border;
+        EXPECT_EQ(Heard(), row.heard) << row.border;
+    }
 }
 
 TEST_F(FocusTest, LeavesWhileTheWindowStillCountsAsVisible) {
@@ -90,20 +102,16 @@ TEST_F(FocusTest, LeavesWhileTheWindowStillCountsAsVisible) {
     }
 }
 
-TEST_F(FocusTest, DoesNotGoWhereInputIsDropped) {
+TEST_F(FocusTest, FollowsTheDisplayButNotWhereInputIsDropped) {
+    input::FocusMoved(second.m_hWnd);
+    input::FocusMoved(nullptr);
+    EXPECT_THAT(Heard(), ElementsAre("first no focus", "second focus", "second no focus"));
     frame.EnableWindow(false);
     Heard();
     EXPECT_EQ(second.SetFocus(), nullptr);
     input::FocusMoved(second.m_hWnd);
     EXPECT_EQ(GetFocus(), nullptr);
     EXPECT_THAT(Heard(), IsEmpty());
-}
-
-TEST_F(FocusTest, FollowsTheDisplay) {
-    input::FocusMoved(second.m_hWnd);
-    input::FocusMoved(nullptr);
-    EXPECT_THAT(Heard(), ElementsAre("first no focus", "second focus", "second no focus"));
-    EXPECT_EQ(GetFocus(), nullptr);
 }
 
 TEST_F(FocusTest, ComesBackFromABox) {

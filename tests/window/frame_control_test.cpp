@@ -13,13 +13,6 @@ protected:
         dc.DrawFrameControl(rect, type, state);
         return surface.calls;
     }
-
-    static COLORREF LineColor(const std::vector<PaintCall>& calls) {
-        for (const PaintCall& call : calls)
-            if (call.kind == PaintCall::Kind::Line)
-                return call.color;
-        return 0xFFFFFFFF;
-    }
 };
 
 TEST_F(FrameControlTest, StaysInsideItsRectangleAtAnySize) {
@@ -38,30 +31,6 @@ TEST_F(FrameControlTest, StaysInsideItsRectangleAtAnySize) {
                 }
             }
     EXPECT_THAT(Draw({5, 5, 5, 9}, DFC_BUTTON, 0), IsEmpty());
-}
-
-TEST_F(FrameControlTest, FollowsTheColoursOfTheDesktop) {
-    const CRect rect{0, 0, 13, 13};
-    const auto calls = [&](UINT state) { return Draw(rect, DFC_BUTTON, DFCS_BUTTONCHECK | state); };
-    EXPECT_EQ(LineColor(calls(0)), 0xFFFFFFFF) << "no tick";
-    EXPECT_EQ(LineColor(calls(DFCS_CHECKED)), GetSysColor(COLOR_WINDOWTEXT));
-    EXPECT_EQ(LineColor(calls(DFCS_CHECKED | DFCS_INACTIVE)), GetSysColor(COLOR_GRAYTEXT));
-    EXPECT_EQ(calls(0)[0].color, GetSysColor(COLOR_WINDOW));
-    display.SetColor(COLOR_WINDOW, RGB(30, 30, 30));
-    display.SetColor(COLOR_WINDOWTEXT, RGB(230, 230, 230));
-    EXPECT_EQ(calls(0)[0].color, RGB(30, 30, 30));
-    EXPECT_EQ(LineColor(calls(DFCS_CHECKED)), RGB(230, 230, 230));
-}
-
-TEST_F(FrameControlTest, APushedFaceMovesTowardsItsText) {
-    const auto face = [&](UINT state) {
-        return GetRValue(Draw({0, 0, 20, 20}, DFC_BUTTON, DFCS_BUTTONPUSH | state)[0].color);
-    };
-    EXPECT_LT(face(DFCS_PUSHED), face(0));
-    EXPECT_EQ(face(DFCS_PUSHED | DFCS_INACTIVE), face(0));
-    display.SetColor(COLOR_BTNFACE, RGB(40, 40, 40));
-    display.SetColor(COLOR_BTNTEXT, RGB(240, 240, 240));
-    EXPECT_GT(face(DFCS_PUSHED), face(0));
 }
 
 TEST_F(FrameControlTest, LeavesThePenAsItWas) {

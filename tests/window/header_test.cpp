@@ -13,19 +13,12 @@ public:
 protected:
     bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
         const auto& notice = *reinterpret_cast<const NMHEADER*>(lParam);
-        const auto note = [&](const char* name) {
-            notices.push_back(name + (" " + std::to_string(notice.iItem)) + " " + std::to_string(notice.cxy));
-        };
-        if (notice.hdr.code == HDN_BEGINTRACK) {
-            note("begin");
-            *result = refusesTracking;
-            return true;
-        }
-        if (notice.hdr.code == HDN_ITEMCHANGED)
-            note("changed");
-        if (notice.hdr.code == HDN_ENDTRACK)
-            note("end");
-        return CListCtrl::OnNotify(wParam, lParam, result);
+        for (const auto& [code, name] : {std::pair(HDN_BEGINTRACK, "begin "), std::pair(HDN_ENDTRACK, "end "),
+                                         std::pair(HDN_ITEMCHANGED, "changed ")})
+            if (notice.hdr.code == code)
+                notices.push_back(name + std::to_string(notice.iItem) + " " + std::to_string(notice.cxy));
+        *result = refusesTracking;
+        return notice.hdr.code == HDN_BEGINTRACK || CListCtrl::OnNotify(wParam, lParam, result);
     }
 };
 
@@ -89,14 +82,10 @@ TEST_F(HeaderTest, TheColumnMayGoDuringItsDrag) {
 }
 
 TEST_F(HeaderTest, DividersChangeTheCursorWithinTheirReach) {
-    struct Case {
-        int x;
-        int cursor;
-    };
-    for (const Case& row : {Case{95, IDC_ARROW}, Case{96, IDC_SIZEWE}, Case{104, IDC_SIZEWE},
-                            Case{105, IDC_ARROW}, Case{0, IDC_ARROW}}) {
-        input::Mouse(header, WM_MOUSEMOVE, 0, {row.x, 10});
-        EXPECT_EQ(display.CursorShown(), row.cursor) << row.x;
+    for (const auto& [x, cursor] : {std::pair(95, IDC_ARROW), std::pair(96, IDC_SIZEWE),
+                                    std::pair(104, IDC_SIZEWE), std::pair(105, IDC_ARROW)}) {
+        input::Mouse(header, WM_MOUSEMOVE, 0, {x, 10});
+        EXPECT_EQ(display.CursorShown(), cursor) << x;
     }
 }
 
@@ -131,12 +120,10 @@ TEST_F(HeaderTest, ScrollsWithTheListAndHidesByItsStyle) {
 }
 
 TEST_F(HeaderTest, AHostMayAttachItsOwnObject) {
-    class OwnHeader : public CHeaderCtrl {};
-    OwnHeader own;
-    TrackedList other;
+    CHeaderCtrl own;
+    CListCtrl other;
     other.Create(WS_CHILD | LVS_REPORT, {0, 0, 10, 10}, &parent, 1);
-    const HWND window = GetFirstChild(other.m_hWnd);
-    ASSERT_TRUE(own.SubclassWindow(window));
+    ASSERT_TRUE(own.SubclassWindow(GetFirstChild(other.m_hWnd)));
     EXPECT_EQ(other.GetHeaderCtrl(), &own);
     other.InsertColumn(0, "", 10);
     EXPECT_EQ(own.GetItemCount(), 1);

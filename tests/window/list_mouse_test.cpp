@@ -97,14 +97,14 @@ TEST_F(ListMouse, AHandlerMayDestroyTheListInAnyNotice) {
         Click(InRow(1));
         input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1));
         Key(VK_DOWN);
-        EXPECT_EQ(list.m_hWnd, nullptr) << NoticeName(code);
+        EXPECT_EQ(list.m_hWnd, nullptr) << code;
     }
 }
 
 class ListLabelEdit : public ListTest {
 protected:
     LRESULT acceptance = 1;
-    std::vector<std::string> texts; // of the end notices
+    Notices texts; // of the end notices
 
     void SetUp() override {
         ListTest::SetUp();
@@ -130,26 +130,24 @@ TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
         const char* border;
         LRESULT acceptance;
         std::function<void(HWND)> end;
-        std::vector<std::string> told;
+        const char* told;
         const char* textAfter;
     };
     const auto press = [](UINT key) { return [key](HWND edit) { input::Key(edit, WM_KEYDOWN, key, "\r"); }; };
+    const auto scroll = [this](HWND) {
+        list.MoveWindow({0, 0, 200, 64});
+        list.Scroll({0, 20});
+    };
     for (const Case& row :
-         {Case{"Return takes", 1, press(VK_RETURN), {"typed"}, "typed"},
-          Case{"a refused text", 0, press(VK_RETURN), {"typed"}, "row 1"},
-          Case{"Escape gives up", 1, press(VK_ESCAPE), {"(null)"}, "row 1"},
-          Case{"the focus leaves", 1, [&](HWND) { SetFocus(parent.m_hWnd); }, {"typed"}, "typed"},
-          Case{"a click into the list", 1, [&](HWND) { Click(InRow(2)); }, {"typed"}, "typed"},
-          Case{"scrolling",
-               1,
-               [&](HWND) {
-                   list.MoveWindow({0, 0, 200, 64}), list.Scroll({0, 20});
-               },
-               {"typed"},
-               "typed"},
-          Case{"cancelled", 1, [&](HWND) { list.CancelEditLabel(); }, {"(null)"}, "row 1"},
-          Case{"an edit of no row", 1, [&](HWND) { list.EditLabel(-1); }, {"(null)"}, "row 1"},
-          Case{"the row goes", 1, [&](HWND) { list.DeleteItem(1); }, {"(null)"}, "row 2"}}) {
+         {Case{"Return takes", 1, press(VK_RETURN), "typed", "typed"},
+          Case{"a refused text", 0, press(VK_RETURN), "typed", "row 1"},
+          Case{"Escape gives up", 1, press(VK_ESCAPE), "(null)", "row 1"},
+          Case{"the focus leaves", 1, [this](HWND) { SetFocus(parent.m_hWnd); }, "typed", "typed"},
+          Case{"a click into the list", 1, [this](HWND) { Click(InRow(2)); }, "typed", "typed"},
+          Case{"scrolling", 1, scroll, "typed", "typed"},
+          Case{"cancelled", 1, [this](HWND) { list.CancelEditLabel(); }, "(null)", "row 1"},
+          Case{"an edit of no row", 1, [this](HWND) { list.EditLabel(-1); }, "(null)", "row 1"},
+          Case{"the row goes", 1, [this](HWND) { list.DeleteItem(1); }, "(null)", "row 2"}}) {
         SCOPED_TRACE(row.border);
         acceptance = row.acceptance;
         texts.clear();
@@ -158,7 +156,7 @@ TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
         ASSERT_EQ(GetFocus(), edit);
         EXPECT_EQ(list.GetEditControl(), edit);
         row.end(edit);
-        EXPECT_EQ(texts, row.told);
+        EXPECT_EQ(texts, Notices{row.told});
         EXPECT_EQ(list.GetItemText(1, 0), row.textAfter);
         EXPECT_FALSE(IsWindow(edit));
         EXPECT_EQ(list.GetEditControl(), nullptr);

@@ -30,7 +30,7 @@ public:
     }
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (const auto named = Names().find(message); named != Names().end())
+        if (const auto named = names.find(message); named != names.end())
             m_log.push_back(m_name + " " + named->second);
         if (!React(message))
             return 0;
@@ -57,34 +57,27 @@ private:
         return FromHandlePermanent(window) == this;
     }
 
-    static const std::map<UINT, std::string>& Names() {
-        static const std::map<UINT, std::string> names = {
-            {WM_CREATE, "create"},
-            {WM_DESTROY, "destroy"},
-            {WM_NCDESTROY, "end"},
-            {WM_SIZE, "size"},
-            {WM_MOVE, "move"},
-            {WM_SHOWWINDOW, "show"},
-            {WM_SETFOCUS, "focus"},
-            {WM_KILLFOCUS, "no focus"},
-            {WM_ENABLE, "enable"},
-            {WM_TIMER, "timer"},
-            {WM_KEYDOWN, "key"},
-            {WM_CHAR, "char"},
-            {WM_SYSKEYDOWN, "syskey"},
-            {WM_SYSCHAR, "syschar"},
-            {WM_LBUTTONDOWN, "press"},
-            {WM_MOUSEWHEEL, "wheel"},
-            {WM_CAPTURECHANGED, "capture lost"},
-            {WM_CONTEXTMENU, "menu"},
-            {WM_COMMAND, "command"},
-            {WM_USER, "user"},
-            {WM_WINDOWPOSCHANGED, "placed"},
-            {WM_ACTIVATE, "activate"},
-        };
-        return names;
-    }
-
+    inline static const std::map<UINT, std::string> names = {
+        {WM_CREATE, "create"},
+        {WM_DESTROY, "destroy"},
+        {WM_NCDESTROY, "end"},
+        {WM_SIZE, "size"},
+        {WM_MOVE, "move"},
+        {WM_SHOWWINDOW, "show"},
+        {WM_SETFOCUS, "focus"},
+        {WM_KILLFOCUS, "no focus"},
+        {WM_TIMER, "timer"},
+        {WM_KEYDOWN, "key"},
+        {WM_CHAR, "char"},
+        {WM_SYSKEYDOWN, "syskey"},
+        {WM_SYSCHAR, "syschar"},
+        {WM_LBUTTONDOWN, "press"},
+        {WM_MOUSEWHEEL, "wheel"},
+        {WM_CAPTURECHANGED, "capture lost"},
+        {WM_CONTEXTMENU, "menu"},
+        {WM_USER, "user"},
+        {WM_WINDOWPOSCHANGED, "placed"},
+    };
     std::string m_name;
     Log& m_log;
 };
