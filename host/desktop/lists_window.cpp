@@ -228,7 +228,7 @@ bool ListsWindow::PreTranslateMessage(MSG& message) {
     const bool isDown = message.message == WM_KEYDOWN;
     const bool isEditingLabel = m_list && m_list->GetEditControl() != nullptr;
     if (isDown && message.wParam == VK_TAB && !isEditingLabel) {
-        const bool back = (GetKeyState(VK_SHIFT) & 0x8000) != 0;
+        const bool back = IsKeyDown(VK_SHIFT);
         korvel::SetFocus(GetNextDlgTabItem(m_hWnd, GetFocus(), back));
         return true;
     }

@@ -21,8 +21,6 @@ namespace korvel::qt {
 
 namespace {
 
-constexpr int keyIsDown = 0x8000;
-
 // Codes of the mouse buttons among the keys.
 constexpr UINT leftButton = 0x01;
 constexpr UINT rightButton = 0x02;
@@ -206,7 +204,7 @@ CPoint QtDisplay::ToScreen(HWND window, CPoint client) {
 }
 
 int QtDisplay::KeyState(UINT key) {
-    return IsDown(key) ? keyIsDown : 0;
+    return IsDown(key) ? KeyIsDown : 0;
 }
 
 CPoint QtDisplay::Pointer() {

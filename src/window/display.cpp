@@ -46,7 +46,12 @@ void TellCreated(IDisplay& display, HWND window) {
 IDisplay& Display() {
     if (IDisplay* display = Current().display.load())
         return *display;
-    SetDisplay(nullptr);
+    // Only one of several threads that are the first to need one makes it its own.
+    static std::once_flag once;
+    std::call_once(once, [] {
+        if (!Current().display.load())
+            SetDisplay(nullptr);
+    });
     return *Current().display.load();
 }
 

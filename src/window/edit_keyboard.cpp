@@ -14,10 +14,6 @@ constexpr unsigned char DeleteCharacter = 0x7F;
 
 enum class Direction { Back = -1, Forward = 1 };
 
-bool IsDown(UINT key) {
-    return (GetKeyState(key) & 0x8000) != 0;
-}
-
 // Letters of code page 1252 begin at 0xC0.
 bool IsWordCharacter(char character) {
     const auto byte = static_cast<unsigned char>(character);
@@ -77,7 +73,7 @@ int LineStep(const CString& text, int place, Direction direction) {
 std::optional<int> TargetOf(const EditState& edit, UINT key) {
     const CString& text = edit.record.text;
     const int place = std::clamp(edit.caret, 0, LengthOf(edit));
-    const auto step = IsDown(VK_CONTROL) ? WordStep : Step;
+    const auto step = IsKeyDown(VK_CONTROL) ? WordStep : Step;
     switch (key) {
     case VK_LEFT:
         return step(text, place, Direction::Back);
@@ -88,9 +84,9 @@ std::optional<int> TargetOf(const EditState& edit, UINT key) {
     case VK_DOWN:
         return LineStep(text, place, Direction::Forward);
     case VK_HOME:
-        return IsDown(VK_CONTROL) ? 0 : LineStart(text, place);
+        return IsKeyDown(VK_CONTROL) ? 0 : LineStart(text, place);
     case VK_END:
-        return IsDown(VK_CONTROL) ? LengthOf(edit) : LineEnd(text, place);
+        return IsKeyDown(VK_CONTROL) ? LengthOf(edit) : LineEnd(text, place);
     default:
         return std::nullopt;
     }
@@ -129,7 +125,7 @@ int PlaceAt(const EditState& edit, CPoint point) {
 } // namespace
 
 bool PressKey(EditState& edit, UINT key) {
-    const bool withControl = IsDown(VK_CONTROL);
+    const bool withControl = IsKeyDown(VK_CONTROL);
     const UINT message = withControl ? MessageOf(key) : 0;
     const auto target = TargetOf(edit, key);
     if (withControl && key == 'A') {
@@ -140,7 +136,7 @@ bool PressKey(EditState& edit, UINT key) {
         const int place = SelectionOf(edit).end;
         EraseByUser(edit, {place, Step(edit.record.text, place, Direction::Forward)});
     } else if (target) {
-        Select(edit, IsDown(VK_SHIFT) ? edit.anchor : *target, *target);
+        Select(edit, IsKeyDown(VK_SHIFT) ? edit.anchor : *target, *target);
     } else {
         return false;
     }

@@ -2,15 +2,7 @@
 
 #include "window/cwnd.h"
 
-#include <vector>
-
 namespace korvel {
-
-/// One column of a report list.
-struct HeaderItem {
-    CString text;
-    int width = 0; // pixels
-};
 
 struct NMHEADER {
     NMHDR hdr;

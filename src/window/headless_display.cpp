@@ -201,9 +201,8 @@ CPoint HeadlessDisplay::ToScreen(HWND window, CPoint client) {
 }
 
 int HeadlessDisplay::KeyState(UINT key) {
-    constexpr int Down = 0x8000;
     const auto known = m_keys.find(key);
-    return known != m_keys.end() && known->second ? Down : 0;
+    return known != m_keys.end() && known->second ? KeyIsDown : 0;
 }
 
 CPoint HeadlessDisplay::Pointer() {

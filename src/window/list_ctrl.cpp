@@ -245,7 +245,8 @@ CHeaderCtrl* CListCtrl::GetHeaderCtrl() const {
         // An object that a host has attached comes before the list's own.
         if (CWnd* attached = FromHandlePermanent(list.header))
             return dynamic_cast<CHeaderCtrl*>(attached);
-        list.headerObject = std::make_unique<CHeaderCtrl>();
+        if (!list.headerObject)
+            list.headerObject = std::make_unique<CHeaderCtrl>();
         list.headerObject->SubclassWindow(list.header);
         return list.headerObject.get();
     });

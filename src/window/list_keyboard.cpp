@@ -15,10 +15,6 @@ using namespace std::chrono_literals;
 
 constexpr auto SearchPause = 1s; // what is typed after it begins a new search
 
-bool IsDown(UINT key) {
-    return (GetKeyState(key) & 0x8000) != 0;
-}
-
 /// The row to which a key moves the focus.
 std::optional<int> TargetOf(const ListState& list, UINT key) {
     const int last = list.rows.Size() - 1;
@@ -46,9 +42,9 @@ std::optional<int> TargetOf(const ListState& list, UINT key) {
 }
 
 SelectionChange ChangeByKeys() {
-    if (IsDown(VK_SHIFT))
+    if (IsKeyDown(VK_SHIFT))
         return SelectionChange::Extend;
-    return IsDown(VK_CONTROL) ? SelectionChange::MoveFocus : SelectionChange::Replace;
+    return IsKeyDown(VK_CONTROL) ? SelectionChange::MoveFocus : SelectionChange::Replace;
 }
 
 void MoveTo(ListState& list, int target, SelectionChange change) {
@@ -65,7 +61,7 @@ void PressSpace(ListState& list) {
         ToggleCheck(list, list.focusRow);
     else
         MoveSelection(list, list.focusRow,
-                      IsDown(VK_CONTROL) ? SelectionChange::Toggle : SelectionChange::Replace);
+                      IsKeyDown(VK_CONTROL) ? SelectionChange::Toggle : SelectionChange::Replace);
 }
 
 // Capital letters of code page 1252 to small ones, as far as both have a place there.

@@ -24,9 +24,7 @@ inline constexpr UINT WM_ERASEBKGND = 0x0014;
 inline constexpr UINT WM_SHOWWINDOW = 0x0018;
 inline constexpr UINT WM_SETCURSOR = 0x0020;
 inline constexpr UINT WM_MOUSEACTIVATE = 0x0021;
-inline constexpr UINT WM_GETMINMAXINFO = 0x0024;
 inline constexpr UINT WM_DRAWITEM = 0x002B;
-inline constexpr UINT WM_MEASUREITEM = 0x002C;
 inline constexpr UINT WM_SETFONT = 0x0030;
 inline constexpr UINT WM_GETFONT = 0x0031;
 inline constexpr UINT WM_WINDOWPOSCHANGING = 0x0046;
@@ -46,7 +44,6 @@ inline constexpr UINT WM_SYSKEYDOWN = 0x0104;
 inline constexpr UINT WM_SYSKEYUP = 0x0105;
 inline constexpr UINT WM_SYSCHAR = 0x0106;
 inline constexpr UINT WM_KEYLAST = 0x0109;
-inline constexpr UINT WM_INITDIALOG = 0x0110;
 inline constexpr UINT WM_COMMAND = 0x0111;
 inline constexpr UINT WM_SYSCOMMAND = 0x0112;
 inline constexpr UINT WM_TIMER = 0x0113;
@@ -91,8 +88,8 @@ inline constexpr UINT VK_DELETE = 0x2E;
 inline constexpr UINT VK_MULTIPLY = 0x6A;
 inline constexpr UINT VK_ADD = 0x6B;
 inline constexpr UINT VK_SUBTRACT = 0x6D;
-inline constexpr UINT VK_F2 = 0x71;
 inline constexpr UINT VK_F4 = 0x73;
+inline constexpr int KeyIsDown = 0x8000; // own: the high bit of what GetKeyState answers
 
 // Mouse message flags (wParam).
 inline constexpr UINT MK_LBUTTON = 0x0001;
@@ -106,7 +103,6 @@ inline constexpr UINT WS_TABSTOP = 0x00010000;
 inline constexpr UINT WS_GROUP = 0x00020000;
 inline constexpr UINT WS_THICKFRAME = 0x00040000;
 inline constexpr UINT WS_SYSMENU = 0x00080000;
-inline constexpr UINT WS_HSCROLL = 0x00100000;
 inline constexpr UINT WS_VSCROLL = 0x00200000;
 inline constexpr UINT WS_BORDER = 0x00800000;
 inline constexpr UINT WS_CAPTION = 0x00C00000;
@@ -153,7 +149,6 @@ inline constexpr UINT SB_BOTTOM = 7;
 
 // WM_GETDLGCODE answers.
 inline constexpr UINT DLGC_WANTARROWS = 0x0001;
-inline constexpr UINT DLGC_WANTTAB = 0x0002;
 inline constexpr UINT DLGC_WANTALLKEYS = 0x0004;
 inline constexpr UINT DLGC_HASSETSEL = 0x0008;
 inline constexpr UINT DLGC_WANTCHARS = 0x0080;
@@ -193,7 +188,6 @@ inline constexpr int SM_CXDOUBLECLK = 36;
 inline constexpr int SM_KORVEL_TEXTHEIGHT = 0x1000; // own: height of a line of the default font
 
 // Edit control.
-inline constexpr UINT ES_LEFT = 0x0000;
 inline constexpr UINT ES_MULTILINE = 0x0004;
 inline constexpr UINT ES_PASSWORD = 0x0020;
 inline constexpr UINT ES_AUTOHSCROLL = 0x0080;
@@ -226,8 +220,6 @@ inline constexpr UINT BM_GETCHECK = 0x00F0;
 inline constexpr UINT BM_SETCHECK = 0x00F1;
 inline constexpr UINT BM_CLICK = 0x00F5;
 inline constexpr UINT BN_CLICKED = 0;
-inline constexpr UINT BN_SETFOCUS = 6;
-inline constexpr UINT BN_KILLFOCUS = 7;
 
 // Owner drawing and frame controls.
 inline constexpr UINT ODT_LISTVIEW = 102;
@@ -261,13 +253,8 @@ inline constexpr UINT LVS_OWNERDRAWFIXED = 0x0400;
 inline constexpr UINT LVS_NOCOLUMNHEADER = 0x4000;
 inline constexpr UINT LVS_EX_GRIDLINES = 0x0001;
 inline constexpr UINT LVS_EX_CHECKBOXES = 0x0004;
-inline constexpr UINT LVS_EX_HEADERDRAGDROP = 0x0010;
 inline constexpr UINT LVS_EX_FULLROWSELECT = 0x0020;
-inline constexpr UINT LVIF_TEXT = 0x0001;
-inline constexpr UINT LVIF_IMAGE = 0x0002;
-inline constexpr UINT LVIF_PARAM = 0x0004;
 inline constexpr UINT LVIF_STATE = 0x0008;
-inline constexpr UINT LVIF_INDENT = 0x0010;
 inline constexpr UINT LVIS_FOCUSED = 0x0001;
 inline constexpr UINT LVIS_SELECTED = 0x0002;
 inline constexpr UINT LVIS_STATEIMAGEMASK = 0xF000;

@@ -52,7 +52,8 @@ KORVEL_API HWND CreateWindowExA(UINT exStyle, const char* className, const char*
 KORVEL_API bool DestroyWindow(HWND window);
 KORVEL_API bool IsWindow(HWND window);
 
-/// Registers a class of windows. A second registration of a name replaces the first for new windows.
+/// Registers a class of windows; nothing without a name or a procedure. A second registration of a name
+/// replaces the first for new windows.
 /// The predefined classes: "KorvelFrame" (a plain top-level window), "#32770" (dialog),
 /// "SysListView32", "SysHeader32", "EDIT", "BUTTON", "STATIC".
 KORVEL_API void RegisterClassA(const char* className, WNDPROC procedure);
@@ -122,8 +123,11 @@ KORVEL_API void ReleaseCapture();
 KORVEL_API HWND GetCapture();
 KORVEL_API CPoint GetCursorPos();
 KORVEL_API void SetCursor(int cursor); // IDC_*
-/// The high bit (0x8000) is set while the key is down.
+/// KeyIsDown is set while the key is down.
 KORVEL_API int GetKeyState(UINT key);
+inline bool IsKeyDown(UINT key) {
+    return (GetKeyState(key) & KeyIsDown) != 0;
+}
 /// A repeating timer on the display's clock; WM_TIMER with the id in wParam. Answers the id.
 KORVEL_API std::uintptr_t SetTimer(HWND window, std::uintptr_t id, unsigned milliseconds);
 KORVEL_API bool KillTimer(HWND window, std::uintptr_t id);

@@ -30,7 +30,7 @@ void RegisterPredefinedClasses() {
 } // namespace
 
 void RegisterClassA(const char* className, WNDPROC procedure) {
-    if (className)
+    if (className && procedure)
         RegisterWindowClass({className, procedure});
 }
 
