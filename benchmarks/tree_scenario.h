@@ -55,6 +55,8 @@ inline void MeasureTree(const char* subject, long n, const std::function<std::un
         index = static_cast<int>(engine() % static_cast<unsigned>(n));
     }
 
+    // All runs in one process, for every tree and every n alike: what the first one pays for memory that the
+    // process did not have before falls out of the median.
     std::map<std::string, std::array<double, kRuns>> figures;
     for (std::size_t run = 0; run < kRuns; ++run) {
         const auto tree = make();
