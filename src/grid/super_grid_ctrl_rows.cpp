@@ -101,7 +101,7 @@ void CSuperGridCtrl::ExpandSubtree(CTreeItem* node, int* scrollRow) {
         open.pop_back();
         if (family->children().empty())
             continue;
-        const int last = ExpandNode(family, RowOfNode(family));
+        const int last = family->collapsed() ? ExpandNode(family, -1) : RowOfNode(family);
         if (scrollRow)
             *scrollRow = last;
         // The last child lies on the stack first, so that families open in the order of their rows.
@@ -211,7 +211,9 @@ void CSuperGridCtrl::RefreshRowTexts(const CTreeItem* node) {
 }
 
 void CSuperGridCtrl::RedrawNode(const CTreeItem* node) {
-    const int row = m_redrawPauses == 0 ? RowOfNode(node) : -1;
+    if (m_redrawPauses > 0)
+        return;
+    const int row = RowOfNode(node);
     const int top = GetTopIndex();
     if (row < top || row > top + GetCountPerPage())
         return;
