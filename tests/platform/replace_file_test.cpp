@@ -61,14 +61,14 @@ TEST(ReplaceFile, NamesFileAndReasonAndLeavesTheOldFileAndNothingBeside) {
         {file, "File exists"},
         {beside, "Is a directory"},
         {folder.Path() / "missing" / "Br\xC3\xBCgg", "No such file or directory"},
-        {"/dev/null", "Invalid argument"},
+        {MakeSocketFile(folder.Path() / "socket"), "Invalid argument"},
         {"", "No such file or directory"},
     };
     for (const auto& [path, reason] : cases) {
         EXPECT_EQ(FailureOf(path), path.string() + ": " + reason);
     }
     EXPECT_EQ(ContentOf(file), "old");
-    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+    EXPECT_TRUE(fs::is_socket(folder.Path() / "socket"));
 }
 
 } // namespace

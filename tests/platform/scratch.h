@@ -9,6 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 #include <string>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace korvel::platform {
@@ -78,6 +79,14 @@ public:
 private:
     uid_t m_user;
 };
+
+/// A file that is none: a socket, which nothing can be read from or written to.
+inline std::filesystem::path MakeSocketFile(const std::filesystem::path& path) {
+    if (mknod(path.c_str(), S_IFSOCK | 0600, 0) != 0) {
+        throw std::runtime_error("the tests cannot make a socket");
+    }
+    return path;
+}
 
 /// The bytes of a file.
 inline std::string ContentOf(const std::filesystem::path& path) {
