@@ -39,28 +39,18 @@ void AppendInteger(std::string& out, Integer number, int base = 10) {
     out.append(text.data(), end);
 }
 
+/// Calls `write` with the payload of a float or of a double type.
+template <typename Write>
+void WithReal(const CVariantValue& value, EStorage storage, Write write) {
+    if (storage == EStorage::Float)
+        write(value.Value.Float);
+    else
+        write(value.Value.Double);
+}
+
 template <typename Output>
 void AppendReal(std::string& out, const CVariantValue& value, EStorage storage, const Output& output) {
-    if (storage == EStorage::Float)
-        output.Append(out, value.Value.Float);
-    else
-        output.Append(out, value.Value.Double);
-}
-
-void AppendRailway(std::string& out, const CVariantValue& value, EStorage storage) {
-    const CStationOutput& output = CStationOutput::Instance();
-    if (storage == EStorage::Float)
-        output.AppendRailway(out, value.Value.Float);
-    else
-        output.AppendRailway(out, value.Value.Double);
-}
-
-void AppendRoad(std::string& out, const CVariantValue& value, EStorage storage) {
-    const CStationOutput& output = CStationOutput::Instance();
-    if (storage == EStorage::Float)
-        output.AppendRoad(out, value.Value.Float);
-    else
-        output.AppendRoad(out, value.Value.Double);
+    WithReal(value, storage, [&](auto number) { output.Append(out, number); });
 }
 
 void AppendList(std::string& out, const CVariantValue& value, ETextForm form,
@@ -88,9 +78,11 @@ void AppendUserFacingNumber(std::string& out, const CVariantValue& value, const 
     case EMeaning::Angle:
         return AppendReal(out, value, row.Storage, CAngleOutput::Instance());
     case EMeaning::RailwayStation:
-        return AppendRailway(out, value, row.Storage);
+        return WithReal(value, row.Storage,
+                        [&](auto station) { CStationOutput::Instance().AppendRailway(out, station); });
     case EMeaning::RoadStation:
-        return AppendRoad(out, value, row.Storage);
+        return WithReal(value, row.Storage,
+                        [&](auto station) { CStationOutput::Instance().AppendRoad(out, station); });
     case EMeaning::Length:
         return AppendReal(out, value, row.Storage, CLengthOutput::Instance());
     case EMeaning::Area:
