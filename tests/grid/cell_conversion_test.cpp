@@ -22,8 +22,6 @@ TEST_F(CellConversion, EachTypeHasItsTextAndItsEditor) {
         {"file", Words(DT_FileName, "/tmp/plan.png"), "/tmp/plan.png", C::ctFile},
         {"range", Whole(DT_RangeInt, 50), "50", C::ctRange},
         {"random", Whole(DT_RandomInt, 6), "6", C::ctRandom},
-        {"station", Number(DT_RoadStationDouble, 12345.6), "12+345,60", C::ctEdit},
-        {"text form", Words(DT_TextFormDouble, "a tenth"), "a tenth", C::ctEdit},
         {"button on a type without a name", Words(Modified(TypeBitButton, DT_LengthDouble), "press"), "press",
          C::ctButton},
         {"both modifiers", Words(Modified(TypeBitButton, DT_TextFormInt), "press"), "press", C::ctButton},

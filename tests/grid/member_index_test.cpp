@@ -30,6 +30,8 @@ TEST(MemberIndex, AnswersAsAPlainMapThroughoutRandomOperations) {
             if (!isKnown)
                 plain[{disp, name}] = std::move(node);
         } else if (kind == 2) {
+            index.SetService(disp, name, EFormatService::Angle);
+            ASSERT_EQ(isKnown, index.CountOf(EFormatService::Angle)) << step;
             ASSERT_EQ(isKnown, index.Remove(disp, name)) << step;
             plain.erase({disp, name});
         } else if (isKnown) {

@@ -111,8 +111,6 @@ TEST_F(Notifications, ChangeOfTypeMovesTheRegistrationAndTheEditor) {
 
     SinkOf(point).OnChangeEditFlag("y", false);
     EXPECT_FALSE(grid.NodeAtRow(3)->info->IsCellEnabled(0));
-    SinkOf(point).OnChangeEditFlag("y", true);
-    EXPECT_TRUE(grid.NodeAtRow(3)->info->IsCellEnabled(0));
 }
 
 TEST_F(Notifications, InTheMultiColumnLayoutMembersAreCells) {

@@ -33,6 +33,8 @@ TEST_F(Angles, WhatIsNoUnitAndWhatCannotBeFormattedStaysInRadians) {
     EXPECT_EQ(GetAngleUnit(), '\xB0');
     EXPECT_EQ(RadToAngle(pi), pi);
     SetAngleUnit('g');
+    EXPECT_EQ(AngleToRad(7.0), 0.10995574287564278); // another order of operations gives other last digits
+    EXPECT_EQ(RadToAngle(7.0), 445.63384065730696);
     EXPECT_EQ(AngleToString(std::numeric_limits<double>::quiet_NaN()), "nan");
     EXPECT_EQ(AngleToString(std::numeric_limits<double>::max()), "1.79769e+308"); // times 200 is infinite
 }

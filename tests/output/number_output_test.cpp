@@ -93,6 +93,9 @@ TEST_F(Numbers, FormatsThatEqualTheSettingsFollowThem) {
     EXPECT_EQ(NumberToString(1.0f), "1,000");
     EXPECT_EQ(NumberToString(1.0), "1,0000");
     EXPECT_EQ(NumberToString(1), "1"); // never decimals
+    SetRegional("iDigits", "4");
+    SetFormatDouble(GetFormatDouble());
+    EXPECT_EQ(sink.count, 10); // the same text, but it follows from now on
 }
 
 TEST_F(Numbers, SeparatorsBelongToTheirRecordAndHaveThreeBytesAtMost) {

@@ -12,6 +12,7 @@ TEST_F(Stations, AsText) {
     const std::tuple<const char*, const char*, double, const char*, const char*> rows[] = {
         {"both halves", "2", 12345.6, "12,3+45,60", "12+345,60"},
         {"below the first hectometre", "0", 99.0, "0,0+99", "0+099"},
+        {"two digits begin", "0", 10.0, "0,0+10", "0+010"},
         {"below the first kilometre", "1", 999.5, "0,9+99,5", "0+999,5"},
         {"zero", "2", 0.0, "0,0+00,00", "0+000,00"},
         {"negative zero", "0", -0.0, "0,0+00", "0+000"},
@@ -32,7 +33,7 @@ TEST_F(Stations, AsText) {
 
 TEST_F(Stations, FloatsSplitInTheirOwnPrecision) {
     EXPECT_EQ(RailwayStationToString(12345.6f), "12,3+45,60");
-    EXPECT_EQ(RoadStationToString(123456.7f), "123+456,70");
+    EXPECT_EQ(RoadStationToString(262146992.0f), "262147+016,00"); // divided by 1000 the next one
     SetRegional("iDigits", "5");
     EXPECT_EQ(RoadStationToString(123456.7f), "123+456,70312"); // what the float holds
 }

@@ -43,6 +43,7 @@ TEST_F(TimeTextTest, FollowsTheFormat) {
         {"week 53 of a long year", "%G-%V", longYearsEnd, "2020-53"},
         {"week of the year after", "%G-%V", lastDay, "2025-01"},
         {"weeks from Sunday and from Monday", "%U %W", firstSunday, "01 00"},
+        {"weeks in the midst of a year", "%U %W", monday, "05 06"},
         {"weekday numbers", "%u %w", firstSunday, "7 0"},
         {"century", "%C %F %R", monday, "20 2024-02-05 09:08"},
         {"other numerals are ignored", "%Ey %#Od", monday, "24 5"},

@@ -48,7 +48,6 @@ TEST(MemberDispatch, ACommonTypeBitIsEnoughToSet) {
     const std::tuple<const char*, unsigned, unsigned, bool> rows[] = {
         {"same storage", DT_Double, DT_LengthDouble, true},
         {"nothing in common", DT_Int, DT_String, false},
-        {"void has no bits", DT_Void, DT_Void, false},
         {"the sign bit alone", 0x80000001, 0x80000002, false},
         {"the sign bit and another", 0x80000001, 0x80000001, false},
     };
