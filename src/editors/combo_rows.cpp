@@ -134,13 +134,12 @@ void ComboRows::JoinSmall(int block) {
 }
 
 void ComboRows::RebuildIndex() {
-    std::vector<int> sizes;
-    for (std::size_t i = 0; i < m_blocks.size(); ++i) {
+    const int count = static_cast<int>(m_blocks.size());
+    for (int i = 0; i < count; ++i) {
         m_blocks[i]->owner = this;
-        m_blocks[i]->index = static_cast<int>(i);
-        sizes.push_back(static_cast<int>(m_blocks[i]->items.size()));
+        m_blocks[i]->index = i;
     }
-    m_index.Rebuild(sizes);
+    m_index.Rebuild(count, [&](int block) { return static_cast<int>(m_blocks[block]->items.size()); });
 }
 
 int CComboTreeItem::GetRow() const {

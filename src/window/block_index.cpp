@@ -1,29 +1,6 @@
 #include "window/block_index.h"
 
-#include <bit>
-
 namespace korvel {
-
-namespace {
-
-// The number of blocks whose sum entry `position` holds.
-int Span(int position) {
-    return position & -position;
-}
-
-} // namespace
-
-void BlockIndex::Rebuild(const std::vector<int>& sizes) {
-    const int count = static_cast<int>(sizes.size());
-    m_sums.assign(sizes.size() + 1, 0);
-    for (int position = 1; position <= count; ++position) {
-        m_sums[position] += sizes[position - 1];
-        const int parent = position + Span(position);
-        if (parent <= count)
-            m_sums[parent] += m_sums[position];
-    }
-    m_highestStep = static_cast<int>(std::bit_floor(static_cast<unsigned>(count)));
-}
 
 void BlockIndex::Add(int block, int difference) {
     const int count = static_cast<int>(m_sums.size()) - 1;

@@ -50,8 +50,8 @@ void OfferText(ListState& list, LabelEditEnd end) {
     const int row = list.labelEdit.row; // rows may have moved
     if (!taken || !accepted || !list.rows.Has(row))
         return;
-    if (list.textSource)
-        RepaintRows(list, row, row + 1); // who gives the texts has taken this one
+    if (list.textSource && !list.rows.At(row).texts)
+        RepaintRows(list, row, row + 1); // who gives the text has taken it
     else
         SetText(list, row, 0, text);
 }

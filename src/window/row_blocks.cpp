@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 namespace korvel {
 
@@ -34,25 +35,17 @@ BlockIndex::Place RowBlocks::PlaceOf(int row) const {
 void RowBlocks::Insert(int row, int count, const Maker& make) {
     if (count <= 0)
         return;
-    if (m_blocks.empty()) {
-        m_blocks.emplace_back();
-        RebuildIndex();
-    }
-    auto place = PlaceToInsert(row);
-    const bool isAppend = row == m_size;
+    if (m_blocks.empty())
+        AddBlocks(0, std::vector<Block>(1));
+    const auto place = PlaceToInsert(row);
     const int blockSize = m_blocks[place.block].rows.Size();
-    m_size += count;
     if (blockSize + count <= BlockCapacity) {
         InsertIntoBlock(place, count, make);
-    } else if (count > HalfBlock || isAppend) {
+    } else if (count > HalfBlock || row == m_size) {
         InsertBlocks(place, count, make);
     } else {
-        const int half = blockSize / 2;
-        SplitAt({place.block, half});
-        RebuildIndex();
-        if (place.offset > half)
-            place = {place.block + 1, place.offset - half};
-        InsertIntoBlock(place, count, make);
+        SplitAt({place.block, blockSize / 2});
+        Insert(row, count, make);
     }
 }
 
@@ -65,12 +58,18 @@ BlockIndex::Place RowBlocks::PlaceToInsert(int row) const {
 void RowBlocks::InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make) {
     auto& rows = m_blocks[place.block].rows;
     rows.Insert(place.offset, count);
-    for (int index = 0; index < count; ++index) {
-        RowRecord& row = rows.At(place.offset + index);
-        row = make(index);
-        row.selected = false;
+    try {
+        for (int index = 0; index < count; ++index) {
+            RowRecord& row = rows.At(place.offset + index);
+            row = make(index);
+            row.selected = false;
+        }
+    } catch (...) {
+        rows.Erase(place.offset, place.offset + count);
+        throw;
     }
     m_index.Add(place.block, count);
+    m_size += count;
 }
 
 void RowBlocks::InsertBlocks(BlockIndex::Place place, int count, const Maker& make) {
@@ -84,26 +83,38 @@ void RowBlocks::InsertBlocks(BlockIndex::Place place, int count, const Maker& ma
         row = make(index);
         row.selected = false;
     }
+    const int addedBlocks = static_cast<int>(added.size());
     const int at = SplitAt(place);
+    AddBlocks(at, std::move(added));
+    m_size += count;
+    JoinSmall(at + addedBlocks - 1);
+    JoinSmall(at - 1);
+}
+
+void RowBlocks::AddBlocks(int at, std::vector<Block> added) {
+    m_index.Reserve(static_cast<int>(m_blocks.size() + added.size()));
     m_blocks.insert(m_blocks.begin() + at, std::make_move_iterator(added.begin()),
                     std::make_move_iterator(added.end()));
-    JoinSmall(at + static_cast<int>(added.size()) - 1);
-    JoinSmall(at - 1);
     RebuildIndex();
 }
 
 int RowBlocks::SplitAt(BlockIndex::Place place) {
     if (place.offset == 0)
         return place.block;
+    const int next = place.block + 1;
+    const int size = m_blocks[place.block].rows.Size();
+    if (place.offset == size)
+        return next;
+    AddBlocks(next, std::vector<Block>(1));
     Block& block = m_blocks[place.block];
-    if (place.offset == block.rows.Size())
-        return place.block + 1;
-    Block tail;
-    tail.selectedCount = CountSelected(block, place.offset, block.rows.Size());
+    Block& tail = m_blocks[next];
+    const int selected = CountSelected(block, place.offset, size);
     tail.rows.Take(block.rows, place.offset);
-    block.selectedCount -= tail.selectedCount;
-    m_blocks.insert(m_blocks.begin() + place.block + 1, std::move(tail));
-    return place.block + 1;
+    tail.selectedCount = selected;
+    block.selectedCount -= selected;
+    m_index.Add(place.block, place.offset - size);
+    m_index.Add(next, size - place.offset);
+    return next;
 }
 
 void RowBlocks::Erase(int first, int last) {
@@ -123,12 +134,12 @@ void RowBlocks::Tidy(int first, int last) {
     const auto stop = m_blocks.begin() + last + 1;
     const auto kept = std::remove_if(m_blocks.begin() + first, stop,
                                      [](const Block& block) { return block.rows.Size() == 0; });
-    const bool dropped = kept != stop;
-    m_blocks.erase(kept, stop);
-    const bool joinedBehind = JoinSmall(first);
-    const bool joinedBefore = JoinSmall(first - 1);
-    if (dropped || joinedBehind || joinedBefore)
+    if (kept != stop) {
+        m_blocks.erase(kept, stop);
         RebuildIndex();
+    }
+    JoinSmall(first);
+    JoinSmall(first - 1);
 }
 
 int RowBlocks::CountSelected(const Block& block, int first, int last) {
@@ -172,11 +183,14 @@ int RowBlocks::FindSelected(int row) const {
     return -1;
 }
 
-bool RowBlocks::JoinSmall(int block) {
-    const bool joins = CanJoin(block);
-    if (joins)
+void RowBlocks::JoinSmall(int block) {
+    if (!CanJoin(block))
+        return;
+    try {
         Join(block);
-    return joins;
+    } catch (const std::bad_alloc&) {
+        // They stay two: only the room that one would save is lost.
+    }
 }
 
 bool RowBlocks::CanJoin(int block) const {
@@ -190,13 +204,12 @@ void RowBlocks::Join(int block) {
     target.rows.Take(source.rows, 0);
     target.selectedCount += source.selectedCount;
     m_blocks.erase(m_blocks.begin() + block + 1);
+    RebuildIndex();
 }
 
 void RowBlocks::RebuildIndex() {
-    std::vector<int> sizes(m_blocks.size());
-    std::transform(m_blocks.begin(), m_blocks.end(), sizes.begin(),
-                   [](const Block& block) { return block.rows.Size(); });
-    m_index.Rebuild(sizes);
+    m_index.Rebuild(static_cast<int>(m_blocks.size()),
+                    [&](int block) { return m_blocks[block].rows.Size(); });
     m_found = {};
 }
 

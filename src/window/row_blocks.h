@@ -30,9 +30,10 @@ public:
 
     /// Makes the record of the inserted row `index` (from 0); called in order, once each.
     using Maker = std::function<RowRecord(int index)>;
-    /// Inserts rows in front of row `row` (Size() appends). None of them is selected afterwards.
+    /// Inserts rows in front of row `row` (Size() appends). None of them is selected afterwards. What `make`
+    /// or a lack of memory throws leaves the rows as they were.
     void Insert(int row, int count, const Maker& make);
-    /// Removes the rows from `first` to before `last`.
+    /// Removes the rows from `first` to before `last`. Does not fail.
     void Erase(int first, int last);
 
     void Select(int row, bool selected);
@@ -51,6 +52,8 @@ private:
     BlockIndex::Place PlaceToInsert(int row) const;
     void InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make);
     void InsertBlocks(BlockIndex::Place place, int count, const Maker& make);
+    /// Changes nothing when it fails. Empty blocks do no harm.
+    void AddBlocks(int at, std::vector<Block> added);
     /// Answers the block that begins with what stood at `place`.
     int SplitAt(BlockIndex::Place place);
     static int CountSelected(const Block& block, int first, int last);
@@ -60,7 +63,7 @@ private:
     /// Whether the block and the one behind are so small that one does.
     bool CanJoin(int block) const;
     void Join(int block);
-    bool JoinSmall(int block);
+    void JoinSmall(int block);
     void RebuildIndex();
 
     std::vector<Block> m_blocks;

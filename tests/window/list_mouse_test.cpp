@@ -182,11 +182,15 @@ TEST_F(ListLabelEdit, TheEditExistsWhileItsBeginningCanBeRefused) {
     EXPECT_EQ(list.GetEditControl(), nullptr);
 }
 
-TEST_F(ListLabelEdit, FollowsItsRowWhenRowsAreInsertedAbove) {
-    Begin(1, "typed");
-    list.InsertItem(0, "new");
-    input::Key(list.GetEditControl(), WM_KEYDOWN, VK_RETURN, "\r");
-    EXPECT_EQ(list.GetItemText(2, 0), "typed");
+TEST_F(ListLabelEdit, FollowsItsRowAndGivesItTheTextThatItKeepsItself) {
+    for (const bool hasTextSource : {false, true}) {
+        list.SetTextSource(hasTextSource ? [](LPARAM, int) { return CString("lent"); }
+                                         : CListCtrl::TextSource());
+        Begin(1, "typed");
+        list.InsertItem(0, "new");
+        input::Key(list.GetEditControl(), WM_KEYDOWN, VK_RETURN, "\r");
+        EXPECT_EQ(list.GetItemText(2, 0), "typed");
+    }
 }
 
 TEST_F(ListLabelEdit, NoOtherBeginsWhileOneEnds) {

@@ -1,3 +1,4 @@
+#include "platform/error.h"
 #include "window/row_blocks.h"
 
 #include <chrono>
@@ -14,6 +15,10 @@ RowBlocks::Maker CountedFrom(LPARAM first) {
         row.data = first + index;
         return row;
     };
+}
+
+RowBlocks::Maker FailingAt(int failing) {
+    return [failing](int index) { return index == failing ? throw Error("no such row") : RowRecord(); };
 }
 
 /// The same rows in a plain vector: what the blocks must not differ from.
@@ -67,6 +72,7 @@ TEST_P(RowBlocksRun, StaysEqualToAPlainVector) {
         if (size == 0 || random() % 2 == 0) {
             const int row = upTo(size);
             const int count = 1 + upTo(GetParam().longestInsert - 1);
+            EXPECT_THROW(blocks.Insert(row, count, FailingAt(upTo(count - 1))), Error);
             blocks.Insert(row, count, CountedFrom(next));
             std::vector<Model::Row> added;
             for (int i = 0; i < count; ++i)
