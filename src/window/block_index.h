@@ -9,8 +9,9 @@ namespace korvel {
 /// (after P. Fenwick, "A new data structure for cumulative frequency tables", 1994), so that a change of
 /// one size and the search for a row both cost the logarithm of the number of blocks.
 ///
+///     const int sizes[] = {3, 5, 2};
 ///     BlockIndex index;
-///     index.Rebuild(3, [](int block) { return sizes[block]; });
+///     index.Rebuild(3, [&](int block) { return sizes[block]; });
 ///     index.Find(4);        // block 1, offset 1
 ///     index.Add(0, 1);      // one row more in block 0
 ///     index.Start(2);       // 9

@@ -7,6 +7,24 @@
 
 namespace korvel::internal {
 
+/// Rows that are removed one by one, the last one first. Who hears of one may insert and remove rows itself:
+/// those that are still to go are followed.
+struct LeavingRows {
+    LeavingRows(ListState& owner, int firstRow, int lastRow)
+        : list(owner), outer(owner.leaving), first(firstRow), next(lastRow - 1) {
+        list.leaving = this;
+    }
+    ~LeavingRows() { list.leaving = outer; }
+    LeavingRows(const LeavingRows&) = delete;
+    LeavingRows& operator=(const LeavingRows&) = delete;
+
+    ListState& list;
+    LeavingRows* const outer; // whose notice led to this removal
+    int first;
+    int next;
+    int row = NoRow; // the one that is told of, until it is gone
+};
+
 namespace {
 
 // Rows that the list remembers by number move along.
@@ -29,17 +47,23 @@ void EraseRow(ListState& list, int row) {
     ShiftForErasure(list.markRow, row);
     ShiftForErasure(list.labelEdit.row, row);
     ShiftForErasure(list.press.row, row);
+    for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->outer) {
+        ShiftForErasure(leaving->row, row);
+        leaving->first -= leaving->first > row;
+        leaving->next -= leaving->next >= row;
+    }
     if (hadFocus)
         list.focusRow = std::min(row, list.rows.Size() - 1);
 }
 
-void Deselect(ListState& list, int row) {
+// `row` is followed: its number may be another one after each notice.
+void Deselect(ListState& list, const int& row) {
     if (!list.rows.IsSelected(row))
         return;
     const UINT before = StateOf(list, row);
     const UINT after = before & ~LVIS_SELECTED;
     NotifyState(list, LVN_ITEMCHANGING, row, before, after);
-    if (!list.rows.Has(row))
+    if (row == NoRow)
         return;
     list.rows.Select(row, false);
     NotifyState(list, LVN_ITEMCHANGED, row, before, after);
@@ -56,24 +80,28 @@ int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make
     ShiftForInsertion(list.markRow, row, count);
     ShiftForInsertion(list.labelEdit.row, row, count);
     ShiftForInsertion(list.press.row, row, count);
+    for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->outer)
+        for (int* followed : {&leaving->row, &leaving->first, &leaving->next})
+            ShiftForInsertion(*followed, row, count);
     RepaintFrom(list, row);
     UpdateExtent(list);
     return row;
 }
 
 void DeleteRows(ListState& list, int first, int last, DeletionNotice notice) {
+    LeavingRows leaving(list, first, last);
     if (list.labelEdit.row >= first && list.labelEdit.row < last)
         EndLabelEdit(list, LabelEditEnd::Cancel);
-    for (int row = last - 1; row >= first; --row) {
-        if (!list.rows.Has(row))
-            continue; // a handler has removed rows itself
-        Deselect(list, row);
-        if (notice == DeletionNotice::Told)
-            NotifyRow(list, LVN_DELETEITEM, row);
-        if (list.rows.Has(row))
-            EraseRow(list, row);
+    // Counted, so that a handler that inserts among the rest cannot keep this going.
+    for (int left = last - first; left > 0 && leaving.next >= leaving.first; --left) {
+        leaving.row = leaving.next--;
+        Deselect(list, leaving.row);
+        if (leaving.row != NoRow && notice == DeletionNotice::Told)
+            NotifyRow(list, LVN_DELETEITEM, leaving.row);
+        if (leaving.row != NoRow)
+            EraseRow(list, leaving.row);
     }
-    RepaintFrom(list, first);
+    RepaintFrom(list, leaving.first);
     UpdateExtent(list);
 }
 

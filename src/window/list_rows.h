@@ -11,7 +11,8 @@ int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make
 enum class DeletionNotice { Told, Suppressed };
 /// Removes the rows from `first` to before `last`, the last one first. For each: a selected one is
 /// deselected (LVN_ITEMCHANGING, LVN_ITEMCHANGED; a refusal does not count), LVN_DELETEITEM, then it is
-/// gone. The focus of a removed row goes to the one that takes its place, or to the last one.
+/// gone. The focus of a removed row goes to the one that takes its place, or to the last one. Rows that a
+/// handler inserts or removes meanwhile do not change which ones go.
 void DeleteRows(ListState& list, int first, int last, DeletionNotice notice);
 /// LVN_DELETEALLITEMS first; when that is answered with 1, LVN_DELETEITEM is left out.
 void DeleteAllRows(ListState& list);

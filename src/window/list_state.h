@@ -12,6 +12,8 @@ namespace korvel::internal {
 
 constexpr int NoRow = -1;
 
+struct LeavingRows;
+
 /// A mouse button that went down over the list and is still held.
 struct ListPress {
     UINT button = 0; // MK_LBUTTON, MK_RBUTTON; 0: none
@@ -54,7 +56,8 @@ public:
     RowBlocks rows;
     ListColumns columns;
     int focusRow = NoRow;
-    int markRow = NoRow; // where a range selection begins
+    int markRow = NoRow;            // where a range selection begins
+    LeavingRows* leaving = nullptr; // the removal that goes on, if one does
 
     int topRow = 0;
     int scrollX = 0;             // pixels

@@ -58,16 +58,33 @@ TEST_F(ListRows, TheAnswerToDeleteAllSuppressesTheSingleNotices) {
     EXPECT_EQ(list.GetItemCount(), 0);
 }
 
-TEST_F(ListRows, AHandlerMayRemoveRowsOrTheWholeListDuringARemoval) {
-    MakeList(6);
-    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
-        if (notice.hdr.code == LVN_DELETEITEM && notice.iItem == 4)
-            list.DeleteRows(0, 4);
-        return 0;
+TEST_F(ListRows, AHandlerMayInsertAndRemoveRowsOrEndTheListDuringARemoval) {
+    struct Case {
+        const char* border;
+        std::function<void()> act; // when the list tells that row 4 goes
+        std::string left;
     };
-    list.DeleteRows(2, 6);
-    EXPECT_EQ(list.GetItemCount(), 1);
-
+    for (const Case& row :
+         {Case{"some that are to go, and others", [&] { list.DeleteRows(0, 4); }, ""},
+          Case{"the one that is told of", [&] { list.DeleteItem(4); }, "row 0,row 1,"},
+          Case{"one above", [&] { list.InsertItem(0, "new"); }, "new,row 0,row 1,"},
+          Case{"one behind the rest", [&] { list.InsertItem(4, "new"); }, "row 0,row 1,new,"}}) {
+        parent.answer = nullptr;
+        MakeList(6);
+        bool acted = false;
+        parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+            if (notice.hdr.code == LVN_DELETEITEM && notice.iItem == 4 && !std::exchange(acted, true))
+                row.act();
+            return 0;
+        };
+        list.DeleteRows(2, 6);
+        std::string left;
+        for (int i = 0; i < list.GetItemCount(); ++i)
+            left += list.GetItemText(i, 0) + ",";
+        EXPECT_EQ(left, row.left) << row.border;
+        list.DestroyWindow();
+    }
+    MakeList(6);
     parent.answer = [&](const NMLISTVIEW&) -> LRESULT { return list.DestroyWindow(); };
     list.DeleteAllItems();
     EXPECT_EQ(list.GetItemCount(), 0);
