@@ -33,6 +33,18 @@ Result OnRow(HWND window, int row, Call call, Result otherwise = Result()) {
         window, [&](ListState& list) { return list.rows.Has(row) ? call(list) : otherwise; }, otherwise);
 }
 
+/// False, and no call, when the list has not all of the rows from `first` to before `last`, or there are
+/// none.
+template <class Call>
+bool OnRows(HWND window, int first, int last, Call call) {
+    return OnList(window, [&](ListState& list) {
+        if (first < 0 || first >= last || last > list.rows.Size())
+            return false;
+        call(list);
+        return true;
+    });
+}
+
 template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
 Result OnColumn(HWND window, int column, Call call) {
     return OnList(window, [&](ListState& list) { return list.columns.Has(column) ? call(list) : Result(); });
@@ -107,12 +119,13 @@ bool CListCtrl::DeleteItem(int row) {
 }
 
 bool CListCtrl::DeleteRows(int first, int last) {
-    return OnList(m_hWnd, [&](ListState& list) {
-        if (first < 0 || first >= last || last > list.rows.Size())
-            return false;
-        internal::DeleteRows(list, first, last, DeletionNotice::Told);
-        return true;
-    });
+    return OnRows(m_hWnd, first, last,
+                  [&](ListState& list) { internal::DeleteRows(list, first, last, DeletionNotice::Told); });
+}
+
+bool CListCtrl::DeleteRowsQuietly(int first, int last) {
+    return OnRows(m_hWnd, first, last,
+                  [&](ListState& list) { internal::DeleteRowsQuietly(list, first, last); });
 }
 
 bool CListCtrl::DeleteAllItems() {

@@ -89,6 +89,9 @@ public:
     bool DeleteItem(int row);
     /// Removes the rows from `first` to before `last`; notifies like single removals, from the last row up.
     bool DeleteRows(int first, int last);
+    /// The same at once, and nobody is told: for a list whose rows follow a model, which a handler would find
+    /// without the rows that are still there.
+    bool DeleteRowsQuietly(int first, int last);
     bool DeleteAllItems();
     LPARAM GetItemData(int row) const;
     bool SetItemData(int row, LPARAM data);

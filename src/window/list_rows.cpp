@@ -33,27 +33,28 @@ void ShiftForInsertion(int& remembered, int row, int count) {
         remembered += count;
 }
 
-void ShiftForErasure(int& remembered, int row) {
-    if (remembered > row)
-        --remembered;
-    else if (remembered == row)
+void ShiftForErasure(int& remembered, int first, int last) {
+    if (remembered >= last)
+        remembered -= last - first;
+    else if (remembered >= first)
         remembered = NoRow;
 }
 
-void EraseRow(ListState& list, int row) {
-    const bool hadFocus = list.focusRow == row;
-    list.rows.Erase(row, row + 1);
-    ShiftForErasure(list.focusRow, row);
-    ShiftForErasure(list.markRow, row);
-    ShiftForErasure(list.labelEdit.row, row);
-    ShiftForErasure(list.press.row, row);
+void EraseRows(ListState& list, int first, int last) {
+    const bool hadFocus = list.focusRow >= first && list.focusRow < last;
+    list.rows.Erase(first, last);
+    ShiftForErasure(list.focusRow, first, last);
+    ShiftForErasure(list.markRow, first, last);
+    ShiftForErasure(list.labelEdit.row, first, last);
+    ShiftForErasure(list.press.row, first, last);
+    const auto erasedBefore = [=](int row) { return std::max(0, std::min(row, last) - first); };
     for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->outer) {
-        ShiftForErasure(leaving->row, row);
-        leaving->first -= leaving->first > row;
-        leaving->next -= leaving->next >= row;
+        ShiftForErasure(leaving->row, first, last);
+        leaving->first -= erasedBefore(leaving->first);
+        leaving->next -= erasedBefore(leaving->next + 1);
     }
     if (hadFocus)
-        list.focusRow = std::min(row, list.rows.Size() - 1);
+        list.focusRow = std::min(first, list.rows.Size() - 1);
 }
 
 // `row` is followed: its number may be another one after each notice.
@@ -99,10 +100,18 @@ void DeleteRows(ListState& list, int first, int last, DeletionNotice notice) {
         if (leaving.row != NoRow && notice == DeletionNotice::Told)
             NotifyRow(list, LVN_DELETEITEM, leaving.row);
         if (leaving.row != NoRow)
-            EraseRow(list, leaving.row);
+            EraseRows(list, leaving.row, leaving.row + 1);
     }
     RepaintFrom(list, leaving.first);
     UpdateExtent(list);
+}
+
+void DeleteRowsQuietly(ListState& list, int first, int last) {
+    EraseRows(list, first, last);
+    RepaintFrom(list, first);
+    UpdateExtent(list);
+    if (list.labelEdit.row == NoRow)
+        EndLabelEdit(list, LabelEditEnd::Cancel);
 }
 
 void DeleteAllRows(ListState& list) {

@@ -14,6 +14,8 @@ enum class DeletionNotice { Told, Suppressed };
 /// gone. The focus of a removed row goes to the one that takes its place, or to the last one. Rows that a
 /// handler inserts or removes meanwhile do not change which ones go.
 void DeleteRows(ListState& list, int first, int last, DeletionNotice notice);
+/// The same at once, and nobody is told. A label edit in one of the rows is given up when they are gone.
+void DeleteRowsQuietly(ListState& list, int first, int last);
 /// LVN_DELETEALLITEMS first; when that is answered with 1, LVN_DELETEITEM is left out.
 void DeleteAllRows(ListState& list);
 

@@ -45,6 +45,27 @@ TEST_F(ListRows, DeletingARangeTellsFromTheLastRowUp) {
     EXPECT_EQ(Focused(), 1);
 }
 
+TEST_F(ListRows, RowsGoQuietlyAndTheEndOfALabelEditIsToldBehind) {
+    MakeList(6, LVS_EDITLABELS);
+    list.SetItemState(3, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    ASSERT_TRUE(list.SendMessageA(LVM_EDITLABEL, 3));
+    EXPECT_FALSE(list.DeleteRowsQuietly(4, 7));
+    parent.notices.clear();
+    Rows told;
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code == LVN_ENDLABELEDIT)
+            told.push_back(list.GetItemCount());
+        return 0;
+    };
+    EXPECT_TRUE(list.DeleteRowsQuietly(2, 5));
+    EXPECT_EQ(parent.Take(), Notices{});
+    EXPECT_EQ(told, Rows{3});
+    EXPECT_EQ(list.GetEditControl(), nullptr);
+    EXPECT_EQ(list.GetItemText(2, 0), "row 5");
+    EXPECT_EQ(Focused(), 2);
+    EXPECT_EQ(Selected(), Rows{});
+}
+
 TEST_F(ListRows, TheAnswerToDeleteAllSuppressesTheSingleNotices) {
     MakeList(3);
     list.DeleteAllItems();
