@@ -10,7 +10,7 @@ void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDown(UINT, CPoint point) {
     }
     SetCurrent(row);
     CComboTreeItem* const item = CurrentItem();
-    if (item && List()->GetRectCheckBox(row).PtInRect(point)) {
+    if (item && Hits(&CComboList::GetRectCheckBox, *item, point)) {
         Toggle(*item);
     } else {
         SendFinished();

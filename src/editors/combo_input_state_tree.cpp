@@ -22,7 +22,7 @@ void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
 
 void CGridCtrlComboBoxInputStateTree::OnLButtonDblClk(UINT, CPoint point) {
     CComboTreeItem* const item = ItemAt(HitRow(point));
-    if (!item || !List()->GetRectLabel(*item).PtInRect(point)) {
+    if (!item || !Hits(&CComboList::GetRectLabel, *item, point)) {
         return;
     }
     if (item->HasChildren()) {

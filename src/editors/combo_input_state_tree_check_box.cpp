@@ -10,7 +10,7 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) 
     }
     SetCurrent(row);
     CComboTreeItem* const item = CurrentItem();
-    if (!item || PressTreeButton(*item, point) || !List()->GetRectCheckBox(*item).PtInRect(point)) {
+    if (!item || PressTreeButton(*item, point) || !Hits(&CComboList::GetRectCheckBox, *item, point)) {
         return;
     }
     SetCheck(*item, item->GetChecked() <= 0);
@@ -19,7 +19,7 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) 
 
 void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDblClk(UINT, CPoint point) {
     CComboTreeItem* const item = ItemAt(HitRow(point));
-    if (item && item->HasChildren() && List()->GetRectLabel(*item).PtInRect(point)) {
+    if (item && item->HasChildren() && Hits(&CComboList::GetRectLabel, *item, point)) {
         ToggleExpanded(*item);
     } else {
         SendFinished();

@@ -76,7 +76,7 @@ void CComboList::OnRowsWent(ComboTree::RowRange rows) {
     if (m_pInputState) {
         m_pInputState->RowsWent(rows.first, rows.count);
     }
-    DeleteRows(rows.first, rows.first + rows.count);
+    DeleteRowsQuietly(rows.first, rows.first + rows.count);
     RedrawWindow();
 }
 
@@ -127,8 +127,9 @@ std::string CComboList::GetImagePath(int row) const {
     if (!images) {
         return {};
     }
+    const unsigned binding = m_Model.Binding();
     const std::string own = images->GetImagePath(item->GetId());
-    return own.empty() ? images->GetCommonImagePath() : own;
+    return own.empty() && binding == m_Model.Binding() ? images->GetCommonImagePath() : own;
 }
 
 } // namespace korvel

@@ -190,11 +190,14 @@ private:
     void Reset();
     /// What the host says of the columns.
     struct Columns {
+        bool hasTree = false; // texts stand behind icons in the first one
         bool isTable = false;
         std::list<std::string> names; // of a table, behind the first column
         std::set<EDataTyps> types;    // whose formats the texts depend on
     };
-    Columns AskColumns() const;
+    /// None when the host has ended the binding meanwhile.
+    std::optional<Columns> AskColumns() const;
+    void AskMembers(Columns& columns) const;
     void CreateColumns(const Columns& columns);
     /// None for a mode that there is not; the list then takes no events.
     void CreateInputState();
@@ -227,6 +230,7 @@ private:
     void OnAddGroup();
     void OnDeleteEnum();
     void OnRenameEnumValue();
+    bool TakesRootItems() const;
     void AddEntry(CTreeItem& parent);
     void AddGroup(CTreeItem& parent);
     CTreeItem* GetCurrentItem() const { return GetTreeItem(GetCurrentRow()); }

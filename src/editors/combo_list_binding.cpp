@@ -63,13 +63,12 @@ void CComboList::Initialize() {
 void CComboList::Build() {
     const ComboTree::Keep keep(m_Model.Tree());
     const unsigned binding = m_Model.Binding();
-    const bool hasTree = m_Model.HasFlag(ENF_Tree);
-    const Columns columns = AskColumns();
-    if (binding != m_Model.Binding()) {
+    const std::optional<Columns> columns = AskColumns();
+    if (!columns) {
         return;
     }
-    m_ImageColumn = hasTree ? 0 : -1;
-    CreateColumns(columns);
+    m_ImageColumn = columns->hasTree ? 0 : -1;
+    CreateColumns(*columns);
     const CTreeItem* const selected = m_Model.InsertEntries();
     if (binding != m_Model.Binding()) {
         return;
@@ -84,26 +83,40 @@ void CComboList::Build() {
     }
 }
 
-CComboList::Columns CComboList::AskColumns() const {
+std::optional<CComboList::Columns> CComboList::AskColumns() const {
+    const unsigned binding = m_Model.Binding();
     Columns columns;
-    columns.isTable = m_Model.IsTable();
+    columns.hasTree = m_Model.HasFlag(ENF_Tree);
+    if (binding != m_Model.Binding()) {
+        return std::nullopt;
+    }
+    const EDataTyps type = GetEnumValue()->GetDataType();
+    columns.isTable = type == DT_Group;
     if (!columns.isTable) {
-        columns.types.insert(GetEnumValue()->GetDataType());
-        return columns;
+        columns.types.insert(type);
+    } else if (binding == m_Model.Binding()) {
+        AskMembers(columns);
     }
+    return binding == m_Model.Binding() ? std::optional(columns) : std::nullopt;
+}
+
+void CComboList::AskMembers(Columns& columns) const {
+    const unsigned binding = m_Model.Binding();
     const CVariantValue* const pattern = GetEnumValue()->GetTemplate();
-    IMemberDispatch* const object = pattern && pattern->Type == DT_Group ? pattern->Value.Dispatch : nullptr;
-    if (!object) {
-        return columns;
+    if (binding != m_Model.Binding() || !pattern || pattern->Type != DT_Group || !pattern->Value.Dispatch) {
+        return;
     }
-    object->GetMemberNames(columns.names);
+    IMemberDispatch& object = *pattern->Value.Dispatch;
+    object.GetMemberNames(columns.names);
     for (const std::string& name : columns.names) {
+        if (binding != m_Model.Binding()) {
+            return;
+        }
         EDataTyps type = DT_Void;
-        if (object->GetMemberType(name, type)) {
+        if (object.GetMemberType(name, type)) {
             columns.types.insert(type);
         }
     }
-    return columns;
 }
 
 /// Titles are German in every language: kept, saved layouts name columns by them.
@@ -128,8 +141,9 @@ void CComboList::LayColumns() {
     }
 }
 
+/// Who hears the end of a label edit may begin another binding.
 void CComboList::UnIntialize() {
-    if (IsInitialized()) {
+    while (IsInitialized()) {
         Reset();
     }
 }
@@ -137,13 +151,11 @@ void CComboList::UnIntialize() {
 void CComboList::Reset() {
     m_Preview.Close();
     m_bDirty = false;
-    // What the list control tells while its rows go finds a list without them; their data lives on so long.
     const ComboTree::Keep keep(m_Model.Tree());
     if (const auto state = std::exchange(m_pInputState, nullptr)) {
         state->Detach();
     }
     m_Model.Close();
-    DeleteAllItems();
     while (GetColumnCount() > 0) {
         DeleteColumn(0);
     }
@@ -155,6 +167,7 @@ void CComboList::Reset() {
     m_ImageColumn = -1;
     m_Columns.clear();
     RemoveSinks();
+    DeleteRowsQuietly(0, GetItemCount()); // last: the end of a label edit is told
 }
 
 void CComboList::UpdateDisp(IObserverGrid* observer) {

@@ -123,15 +123,20 @@ void CComboList::OnDataSheet() {
 }
 
 void CComboList::OnAddRootItem() {
-    if (GetEnumValue()->GetDataType() == DT_String) {
+    if (TakesRootItems()) {
         AddEntry(m_Model.Tree().Root());
     }
 }
 
 void CComboList::OnAddRootGroup() {
-    if (GetEnumValue()->GetDataType() == DT_String) {
+    if (TakesRootItems()) {
         AddGroup(m_Model.Tree().Root());
     }
+}
+
+bool CComboList::TakesRootItems() const {
+    const unsigned binding = m_Model.Binding();
+    return GetEnumValue()->GetDataType() == DT_String && binding == m_Model.Binding();
 }
 
 void CComboList::OnAddItem() {
@@ -147,7 +152,13 @@ void CComboList::OnAddGroup() {
 }
 
 void CComboList::AddEntry(CTreeItem& parent) {
-    const CTreeItem* const item = m_Model.AddValue(CreateUniqueName(m_strValueName, parent), GetPath(parent));
+    const unsigned binding = m_Model.Binding();
+    const std::string name = CreateUniqueName(m_strValueName, parent);
+    const std::string path = GetPath(parent);
+    if (binding != m_Model.Binding() || !m_Model.IsInTree(parent)) {
+        return;
+    }
+    const CTreeItem* const item = m_Model.AddValue(name, path);
     if (item && item->HasRow()) {
         SetCurrentRow(item->GetRow());
         RedrawWindow();
@@ -155,9 +166,14 @@ void CComboList::AddEntry(CTreeItem& parent) {
 }
 
 void CComboList::AddGroup(CTreeItem& parent) {
-    const CTreeItem* const group = m_Model.InsertItem(&parent, CreateUniqueName(m_strValueName, parent));
+    const unsigned binding = m_Model.Binding();
+    const std::string name = CreateUniqueName(m_strValueName, parent);
+    if (binding != m_Model.Binding() || !m_Model.IsInTree(parent)) {
+        return;
+    }
+    const CTreeItem* const group = m_Model.InsertItem(&parent, name);
     m_Model.ExpandParent(&parent);
-    SetCurrentRow(group->GetRow());
+    SetCurrentRow(RowOf(*group));
     RedrawWindow();
 }
 

@@ -26,6 +26,16 @@ constexpr StateRow States[] = {
 /// The flags that say how a list is used. Any other bit in the mask makes it a plain one.
 constexpr std::uint32_t KindMask = 0xC4FFFAFF;
 
+StatePtr MakeState(CComboList& list, std::uint32_t kind) {
+    for (const StateRow& row : States) {
+        if (row.kind == kind) {
+            return row.make(list);
+        }
+    }
+    return list.GetMode() == eDropDown ? Make<CGridCtrlComboBoxInputState>(list)
+                                       : Make<CGridCtrlComboBoxInputStateDesignDefault>(list);
+}
+
 } // namespace
 
 void CComboList::CreateInputState() {
@@ -34,14 +44,12 @@ void CComboList::CreateInputState() {
     if (binding != m_Model.Binding() || GetMode() < eDesignFlat || GetMode() > eDropDown) {
         return;
     }
-    for (const StateRow& row : States) {
-        if (row.kind == kind) {
-            m_pInputState = row.make(*this);
-            return;
-        }
+    StatePtr state = MakeState(*this, kind);
+    if (binding == m_Model.Binding()) {
+        m_pInputState = std::move(state);
+    } else {
+        state->Detach(); // the row that it repaints has asked the host
     }
-    m_pInputState = GetMode() == eDropDown ? Make<CGridCtrlComboBoxInputState>(*this)
-                                           : Make<CGridCtrlComboBoxInputStateDesignDefault>(*this);
 }
 
 } // namespace korvel

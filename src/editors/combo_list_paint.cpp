@@ -44,12 +44,14 @@ CString CComboList::GetColumnText(const CTreeItem& item, int column) const {
     if (item.HasLabel(column)) {
         return item.GetLabel(column);
     }
-    const auto member = m_Columns.find(column);
+    const auto named = m_Columns.find(column);
     const CVariantValue& value = item.GetValue();
+    if (named == m_Columns.end() || value.Type != DT_Group || !value.Value.Dispatch) {
+        return {};
+    }
+    const std::string member = named->second; // who is asked may end the binding, and the column with it
     CVariantValue cell;
-    const bool hasCell = member != m_Columns.end() && value.Type == DT_Group && value.Value.Dispatch &&
-                         value.Value.Dispatch->GetMember(member->second, cell);
-    return hasCell ? cell.ToText() : CString();
+    return value.Value.Dispatch->GetMember(member, cell) ? cell.ToText() : CString();
 }
 
 } // namespace korvel

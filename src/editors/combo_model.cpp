@@ -48,7 +48,7 @@ CComboTreeItem* ComboModel::InsertEntries() {
             return;
         }
         CComboTreeItem* const item = InsertItem(nullptr, id, std::move(name));
-        if (!m_pEnumValue->IsValue(id, m_Value) || binding != m_binding || !item->GetParent()) {
+        if (!item || !m_pEnumValue->IsValue(id, m_Value) || binding != m_binding || !item->GetParent()) {
             return;
         }
         m_Tree.SetCheck(*item, true);
@@ -79,7 +79,8 @@ bool ComboModel::IsTable() const {
 }
 
 char ComboModel::Separator() const {
-    const char* const separator = m_pEnumValue ? m_pEnumValue->GetSeparator(HasFlag(ENF_Tree)) : nullptr;
+    const bool hasTree = HasFlag(ENF_Tree); // who ends the binding here is asked nothing more
+    const char* const separator = m_pEnumValue ? m_pEnumValue->GetSeparator(hasTree) : nullptr;
     return separator ? *separator : '\0';
 }
 
@@ -93,39 +94,57 @@ void ComboModel::Collapse(CComboTreeItem& item) {
 
 /// From the inside out: what is not shown yet only remembers, and all rows come at once.
 void ComboModel::ExpandParent(CComboTreeItem* item) {
+    const ComboTree::Keep keep(m_Tree);
     for (; item; item = item->GetParent()) {
         Expand(*item);
     }
 }
 
+/// The sink hears when all is there. At most one row came: what stands under a new group is not shown.
 CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, long id, CVariantValue value) {
+    const ComboTree::Keep keep(m_Tree);
+    const unsigned binding = m_binding;
+    const auto separator = PathSeparator();
+    if (binding != m_binding || (parent && !IsInTree(*parent))) {
+        return nullptr;
+    }
     const std::string text = value.ToText();
     CComboTreeItem* under = parent ? parent : &m_Tree.Root();
+    CComboTreeItem* newGroup = nullptr;
     std::string_view label = text; // a text without any segment stays whole
-    if (const auto separator = PathSeparator()) {
+    if (separator) {
         std::string_view rest = text;
         std::string_view segment = TakeSegment(rest, *separator);
         while (!segment.empty()) {
             label = segment;
             segment = TakeSegment(rest, *separator);
             if (!segment.empty()) {
-                under = InsertItem(under, label);
+                under = &GroupUnder(*under, label, newGroup);
             }
         }
     }
     CComboTreeItem& item = m_Tree.AddValue(*under, id, std::move(value), std::string(label));
-    TellNew(item);
+    TellNew(newGroup ? *newGroup : item);
     return &item;
 }
 
 CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, std::string_view name) {
-    CComboTreeItem& under = parent ? *parent : m_Tree.Root();
-    if (CComboTreeItem* const known = m_Tree.FindChild(under, name)) {
-        return known;
+    CComboTreeItem* newGroup = nullptr;
+    CComboTreeItem& group = GroupUnder(parent ? *parent : m_Tree.Root(), name, newGroup);
+    if (newGroup) {
+        TellNew(group);
     }
-    CComboTreeItem& item = m_Tree.AddGroup(under, std::string(name));
-    TellNew(item);
-    return &item;
+    return &group;
+}
+
+CComboTreeItem& ComboModel::GroupUnder(CComboTreeItem& parent, std::string_view name,
+                                       CComboTreeItem*& firstNew) {
+    if (CComboTreeItem* const known = m_Tree.FindChild(parent, name)) {
+        return *known;
+    }
+    CComboTreeItem& group = m_Tree.AddGroup(parent, std::string(name));
+    firstNew = firstNew ? firstNew : &group;
+    return group;
 }
 
 void ComboModel::TellNew(const CComboTreeItem& item) {
@@ -155,7 +174,9 @@ CComboTreeItem* ComboModel::EntryCame(long id) {
         return nullptr;
     }
     CComboTreeItem* const item = InsertItem(nullptr, id, std::move(name));
-    ExpandParent(item->GetParent());
+    if (item) {
+        ExpandParent(item->GetParent());
+    }
     return item;
 }
 
@@ -197,8 +218,11 @@ void ComboModel::RemoveEntry(CComboTreeItem& item) {
 }
 
 void ComboModel::RefreshLabels() {
-    const ComboTree::Keep keep(m_Tree);
+    const unsigned binding = m_binding;
     const auto separator = PathSeparator();
+    if (binding != m_binding) {
+        return;
+    }
     for (CComboTreeItem* item = &m_Tree.Root(); item; item = item->GetNextUnder(m_Tree.Root())) {
         if (item->IsValue() && item->GetValue().Type != DT_Group) {
             m_Tree.SetLabel(*item, 0, Segments(item->GetValue().ToText(), separator).back());

@@ -51,6 +51,8 @@ public:
     unsigned Binding() const { return m_binding; }
     ComboTree& Tree() { return m_Tree; }
     const ComboTree& Tree() const { return m_Tree; }
+    /// False when it has been removed.
+    bool IsInTree(const CComboTreeItem& item) const { return item.GetParent() || &item == &m_Tree.Root(); }
 
     // The enumeration.
 
@@ -69,6 +71,7 @@ public:
 
     // Entries and groups; a null parent is the root.
 
+    /// Null when the host has ended the binding, or taken the parent away, meanwhile.
     CComboTreeItem* InsertItem(CComboTreeItem* parent, long id, CVariantValue value);
     CComboTreeItem* InsertItem(CComboTreeItem* parent, std::string_view name);
     /// Has the enumeration make an entry; answers its item, null when it refuses.
@@ -108,8 +111,11 @@ private:
     void WalkEntries(Visit visit);
     /// What splits names; none where they stay whole.
     std::optional<char> PathSeparator() const;
+    static std::string PathOf(const CComboTreeItem& item, char separator);
     /// At least one: a text that has none is one itself.
     static std::list<std::string> Segments(const std::string& text, std::optional<char> separator);
+    /// Finds or makes it; `firstNew` becomes the first one made.
+    CComboTreeItem& GroupUnder(CComboTreeItem& parent, std::string_view name, CComboTreeItem*& firstNew);
     void RemoveEntry(CComboTreeItem& item);
     bool RenameValue(CComboTreeItem& item, const std::string& newPath);
     bool RenameGroup(CComboTreeItem& group, const std::string& oldPath, const std::string& newPath);

@@ -20,6 +20,9 @@ void ComboModel::Apply(const CComboTreeItem* item) {
     const CVariantValue wanted = item ? item->GetValue() : EmptyText();
     const unsigned binding = m_binding;
     const bool isTable = IsTable();
+    if (binding != m_binding) {
+        return;
+    }
     WalkEntries([&](long id) {
         CVariantValue name;
         if (!m_pEnumValue->GetName(id, name) || binding != m_binding) {

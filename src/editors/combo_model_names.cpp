@@ -14,6 +14,11 @@ bool KeepsText(const CVariantValue& value) {
 } // namespace
 
 std::string ComboModel::Path(const CComboTreeItem& item) const {
+    const ComboTree::Keep keep(m_Tree);
+    return PathOf(item, Separator());
+}
+
+std::string ComboModel::PathOf(const CComboTreeItem& item, char separator) {
     std::vector<const std::string*> labels;
     for (const CComboTreeItem* level = &item; level->GetParent(); level = level->GetParent()) {
         labels.push_back(&level->GetLabel());
@@ -21,7 +26,7 @@ std::string ComboModel::Path(const CComboTreeItem& item) const {
     std::string path;
     for (auto label = labels.rbegin(); label != labels.rend(); ++label) {
         if (label != labels.rbegin()) {
-            path += Separator();
+            path += separator;
         }
         path += **label;
     }
@@ -29,6 +34,7 @@ std::string ComboModel::Path(const CComboTreeItem& item) const {
 }
 
 std::string ComboModel::UniqueNameUnder(const CComboTreeItem& parent, const std::string& base) const {
+    const ComboTree::Keep keep(m_Tree);
     const char separator = Separator();
     std::unordered_set<std::string> taken;
     for (const CComboTreeItem* child = parent.GetFirstChild(); child; child = child->GetNextSibling()) {
@@ -41,14 +47,19 @@ std::string ComboModel::UniqueNameUnder(const CComboTreeItem& parent, const std:
 }
 
 bool ComboModel::RenameLabel(CComboTreeItem& item, const std::string& label) {
+    const ComboTree::Keep keep(m_Tree);
     const auto separator = PathSeparator();
     const std::list<std::string> parts =
         separator ? SplitPathName(label, *separator) : std::list<std::string>{label};
     if (parts.size() != 1 || label.empty()) {
         return false;
     }
-    const std::string above = item.GetLevel() > 1 ? Path(*item.GetParent()) + Separator() : std::string();
-    return RenameName(item, Path(item), above + parts.front());
+    const std::string path = Path(item);
+    if (!item.GetParent()) {
+        return false; // the host has taken it away meanwhile
+    }
+    const std::string above = path.substr(0, path.size() - item.GetLabel().size());
+    return RenameName(item, path, above + parts.front());
 }
 
 bool ComboModel::RenameName(CComboTreeItem& item, const std::string& oldPath, const std::string& newPath) {
@@ -83,11 +94,15 @@ bool ComboModel::RenameValue(CComboTreeItem& item, const std::string& newPath) {
 /// A group takes its new label when the enumeration has renamed every entry in it.
 bool ComboModel::RenameGroup(CComboTreeItem& group, const std::string& oldPath, const std::string& newPath) {
     const unsigned binding = m_binding;
+    const char separator = Separator();
+    if (binding != m_binding) {
+        return false;
+    }
     const std::string oldLabel = group.GetLabel();
     std::vector<RenamedEntry> entries;
     for (CComboTreeItem* under = &group; under; under = under->GetNextUnder(group)) {
         if (under->IsValue()) {
-            entries.push_back({under, newPath + Path(*under).substr(oldPath.size())});
+            entries.push_back({under, newPath + PathOf(*under, separator).substr(oldPath.size())});
         }
     }
     bool all = true;
@@ -141,6 +156,9 @@ void ComboModel::RenameTreeItem(CComboTreeItem& item) {
         return;
     }
     std::list<std::string> segments = Segments(name.ToText(), PathSeparator());
+    if (!item.GetParent() || !item.IsValue()) {
+        return; // the host has taken it away meanwhile
+    }
     if (static_cast<int>(segments.size()) > item.GetLevel()) {
         MoveToItsPath(item, name);
         return;
@@ -161,8 +179,12 @@ void ComboModel::RenameGroupItem(CComboTreeItem& item, std::list<std::string> se
 void ComboModel::MoveToItsPath(CComboTreeItem& item, const CVariantValue& name) {
     const bool isChecked = ComboTree::IsChecked(item);
     CComboTreeItem* const moved = InsertItem(nullptr, item.GetId(), name);
-    m_Tree.SetCheck(*moved, isChecked);
-    Went(m_Tree.RemoveValue(item));
+    if (moved) {
+        m_Tree.SetCheck(*moved, isChecked);
+    }
+    if (item.GetParent() && item.IsValue()) {
+        Went(m_Tree.RemoveValue(item));
+    }
 }
 
 } // namespace korvel

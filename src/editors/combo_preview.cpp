@@ -47,10 +47,11 @@ void ComboPreview::OnTimer() {
 bool ComboPreview::Show() {
     const int row = m_source.rowAt(m_point);
     const std::string path = m_source.imagePath(row);
-    if (path.empty() || !m_window.Load(path)) {
+    CRect label = m_source.labelRect(row);
+    const bool isClosed = m_state == EState::Idle; // by who was asked
+    if (isClosed || path.empty() || !m_window.Load(path)) {
         return false;
     }
-    CRect label = m_source.labelRect(row);
     const CPoint origin = ClientToScreen(m_list.m_hWnd, {0, 0});
     label.OffsetRect(origin.x, origin.y);
     m_row = row;

@@ -198,7 +198,7 @@ void ComboTree::Bury(CComboTreeItem& item) {
     }
 }
 
-void ComboTree::EndKeeping() {
+void ComboTree::EndKeeping() const {
     if (--m_keeping == 0) {
         m_removed.clear();
     }

@@ -31,13 +31,13 @@ public:
 
     class KORVEL_API Keep {
     public:
-        explicit Keep(ComboTree& tree) : m_tree(tree) { ++m_tree.m_keeping; }
+        explicit Keep(const ComboTree& tree) : m_tree(tree) { ++m_tree.m_keeping; }
         ~Keep() { m_tree.EndKeeping(); }
         Keep(const Keep&) = delete;
         Keep& operator=(const Keep&) = delete;
 
     private:
-        ComboTree& m_tree;
+        const ComboTree& m_tree;
     };
 
     ComboTree();
@@ -95,15 +95,15 @@ private:
     void Bury(CComboTreeItem& item);
     void ForgetId(CComboTreeItem& item);
     void BuildIndex();
-    void EndKeeping();
+    void EndKeeping() const;
 
     CComboTreeItem m_Root;
     ComboRows m_rows;
     std::uint64_t m_born = 0;
     CComboTreeItem* m_pLastFound = nullptr; // by FindChild, while that is still its answer
     std::unique_ptr<IdIndex> m_pIndex;      // the values, from the first search on
-    int m_keeping = 0;
-    std::vector<std::unique_ptr<CComboTreeItem>> m_removed;
+    mutable int m_keeping = 0;
+    mutable std::vector<std::unique_ptr<CComboTreeItem>> m_removed;
 };
 
 } // namespace korvel

@@ -110,6 +110,10 @@ void IGridCtrlComboBoxInputState::SendFinished() {
     }
 }
 
+bool IGridCtrlComboBoxInputState::Hits(Region region, const CComboTreeItem& item, CPoint point) const {
+    return m_pList && (m_pList->*region)(item).PtInRect(point) && m_pList;
+}
+
 void IGridCtrlComboBoxInputState::ToggleExpanded(CComboTreeItem& item) {
     if (item.IsExpanded()) {
         m_pList->Collapse(&item);
@@ -128,7 +132,7 @@ void IGridCtrlComboBoxInputState::ExpandByKey(UINT key) {
 }
 
 bool IGridCtrlComboBoxInputState::PressTreeButton(CComboTreeItem& item, CPoint point) {
-    if (!m_pList->GetRectTreeBox(item).PtInRect(point)) {
+    if (!Hits(&CComboList::GetRectTreeBox, item, point)) {
         return false;
     }
     ToggleExpanded(item);

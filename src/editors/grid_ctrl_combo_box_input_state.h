@@ -64,6 +64,10 @@ protected:
     void ToggleExpanded(CComboTreeItem& item);
     /// Left closes the current item, right opens it.
     void ExpandByKey(UINT key);
+    /// A part of the item's row. False also when the host, who is asked where it stands, has detached the
+    /// state.
+    using Region = CRect (CComboList::*)(const CComboTreeItem& item) const;
+    bool Hits(Region region, const CComboTreeItem& item, CPoint point) const;
     /// A press where the tree button stands opens or closes the item. False elsewhere.
     bool PressTreeButton(CComboTreeItem& item, CPoint point);
 
