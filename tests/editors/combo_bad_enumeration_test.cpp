@@ -130,6 +130,58 @@ TEST_F(BadEnumerationTest, RowsAndCountsAgreeWhateverHappens) {
     EXPECT_GT(thrown, 100);
 }
 
+/// The host throws, ends the binding or begins another, in each call that an act leads to.
+TEST_F(BadEnumerationTest, TheBindingMayEndInAnyCall) {
+    const auto on = [this](const char* verb, const std::string& label) {
+        return [=, this] { Item(label) ? Do(verb + (" " + label)) : void(); };
+    };
+    const auto command = [this](UINT id) { return [=, this] { Command(id); }; };
+    const std::function<void()> acts[] = {
+        on("press check", "c"),
+        on("press check", "g"),
+        on("press button", "g"),
+        on("double label", "g"),
+        on("press label", "c"),
+        on("double label", "c"),
+        [this] { Do("down,space,up,right"); },
+        command(ComboCommandAddRootItem),
+        command(ComboCommandAddRootGroup),
+        command(ComboCommandAddItem),
+        command(ComboCommandAddGroup),
+        command(ComboCommandDelete),
+        [this] { list->GetModel().RenameLabel(*list->GetTreeItem(0), "n"); },
+        [this] { list->GetModel().RenameLabel(*list->GetTreeItem(1), "n"); },
+        [this] { shown.entries[0].name = TextValue("p/q/r"), list->OnRenameEnumValue(&shown, 1, {}); },
+        [this] { list->OnEventFormatChanged(); },
+        [this] { list->Initialize("value", shown.ValueOf(",1,")); },
+        [this] { Mouse(WM_RBUTTONDOWN, InRow(1)); },
+        [this] { display.PaintWindow(list->m_hWnd); },
+        [this] { Mouse(WM_MOUSEMOVE, InRow(1)), display.Advance(std::chrono::milliseconds(600)); },
+    };
+    for (const std::uint32_t kind :
+         {std::uint32_t{0}, std::uint32_t{ENF_CheckBoxes}, std::uint32_t{ENF_Tree}, Both})
+        for (std::size_t act = 0; act < std::size(acts); ++act)
+            for (deed = 0; deed < 3; ++deed)
+                for (int calls = 0;; ++calls) {
+                    SCOPED_TRACE(testing::Message() << "kind " << kind << ", act " << act << ", deed " << deed
+                                                    << ", behind " << calls << " calls");
+                    shown = TestEnumeration({"g/a", "g/b", "c"}, kind | ENF_Add | ENF_Delete | ENF_Rename);
+                    shown.images = "plan.png";
+                    shown.onCall = [this](const std::string&, long) { Meddle(); };
+                    Show(shown, eDesignTree, ",1,").EnableCommands(7, true);
+                    list->SetCurrentRow(1);
+                    countdown = calls;
+                    try {
+                        acts[act]();
+                    } catch (const Error&) {
+                    }
+                    ExpectConsistent(*list);
+                    ASSERT_FALSE(HasFailure());
+                    if (std::exchange(countdown, -1) >= 0)
+                        break; // it leads to no more
+                }
+}
+
 TEST_F(BadEnumerationTest, AFailureWhileTheListIsBuiltLeavesItEmpty) {
     for (const std::string operation : {"type", "flags", "separator", "first", "next", "name", "is"}) {
         SCOPED_TRACE(operation);
