@@ -215,13 +215,14 @@ LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// The list has a menu at a press of the mouse; the key for menus means the row that the keyboard is at.
+// The list has a menu at a press of the mouse; the key for menus means the row that the keyboard is at. Where
+// there is none, as behind a removal, the press is above all rows: it must not name the first one.
 void ListsWindow::ShowListMenu() {
     if (GetFocus() != m_list->m_hWnd)
         return;
     m_list->EnsureVisible(m_list->GetCurrentRow(), false);
     const CRect label = m_list->GetRectLabel(m_list->GetCurrentRow());
-    m_list->SendMessageA(WM_RBUTTONDOWN, 0, MAKELPARAM(label.left, std::max(0, label.bottom - 1)));
+    m_list->SendMessageA(WM_RBUTTONDOWN, 0, MAKELPARAM(label.left, label.bottom - 1));
 }
 
 bool ListsWindow::PreTranslateMessage(MSG& message) {

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTimer>
 #include <fstream>
 #include <gmock/gmock.h>
 
@@ -73,6 +74,23 @@ protected:
             rows += (item.GetChecked() > 0 ? "+" : "-") + item.GetLabel() + ";";
         }
         return rows;
+    }
+
+    /// The entries of the menu that the key for menus opens over the list.
+    std::string MenuByKey() {
+        std::string entries;
+        SetFocus(List().m_hWnd);
+        QTimer::singleShot(0, [&] {
+            QWidget* const menu = QApplication::activePopupWidget();
+            for (const QAction* entry : menu->actions())
+                entries += entry->text().toStdString() + ";";
+            menu->close();
+        });
+        m_lists->SendMessageA(WM_CONTEXTMENU, 0, MAKELPARAM(-1, -1));
+        Widget(m_lists->m_hWnd)->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(Widget(m_lists->m_hWnd)));
+        SetFocus(List().m_hWnd);
+        return entries;
     }
 
     platform::ScratchFolder m_folder;
@@ -149,6 +167,10 @@ TEST_F(ListsWindowTest, ChangesStayWhileOtherListsAreShown) {
     QApplication::processEvents();
     EXPECT_EQ(Text(valueId), "") << "the chosen value is gone";
     EXPECT_EQ(Use(), "");
+    EXPECT_EQ(MenuByKey(), "new value;insert group;") << "no row is meant";
+    List().SetCurrentRow(0);
+    EXPECT_EQ(MenuByKey(), "new value;insert group;insert new value at '';insert new group at '';"
+                           "erase 'cw';rename 'cw';");
     Press(Qt::Key_Escape);
     EXPECT_FALSE(m_lists->IsWindowVisible());
 }
