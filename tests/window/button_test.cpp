@@ -21,26 +21,20 @@ protected:
 };
 
 TEST_F(ButtonTest, EachKindAnswersAClickInItsWay) {
-    struct Case {
-        const char* border;
-        UINT style;
-        std::size_t clicks;
-        int firstCheck;
-        int secondCheck;
-    };
-    for (const Case& row :
-         {Case{"push button", BS_PUSHBUTTON, 2, 0, 0},
-          Case{"check box that checks itself", BS_AUTOCHECKBOX, 2, 1, 0},
-          Case{"check box that its parent checks", BS_CHECKBOX, 2, 0, 0},
-          Case{"radio button", BS_AUTORADIOBUTTON, 2, 1, 1}, Case{"group box", BS_GROUPBOX, 0, 0, 0}}) {
+    for (const auto& [border, style, clicks, firstCheck, secondCheck] :
+         Table<UINT, std::size_t, int, int>{{"push button", BS_PUSHBUTTON, 2, 0, 0},
+                                            {"check box that checks itself", BS_AUTOCHECKBOX, 2, 1, 0},
+                                            {"check box that its parent checks", BS_CHECKBOX, 2, 0, 0},
+                                            {"radio button", BS_AUTORADIOBUTTON, 2, 1, 1},
+                                            {"group box", BS_GROUPBOX, 0, 0, 0}}) {
         CButton button;
-        Make(button, row.style);
+        Make(button, style);
         parent.senders.clear();
         Click(button);
-        EXPECT_EQ(button.GetCheck(), row.firstCheck) << row.border;
+        EXPECT_EQ(button.GetCheck(), firstCheck) << border;
         Click(button);
-        EXPECT_EQ(button.GetCheck(), row.secondCheck) << row.border;
-        EXPECT_EQ(parent.senders.size(), row.clicks) << row.border;
+        EXPECT_EQ(button.GetCheck(), secondCheck) << border;
+        EXPECT_EQ(parent.senders.size(), clicks) << border;
     }
 }
 
@@ -79,22 +73,23 @@ TEST_F(ButtonTest, RadioButtonsExcludeEachOtherInsideTheirGroup) {
 }
 
 TEST_F(ButtonTest, AnOwnerDrawnButtonShowsThatItIsPressed) {
-    class Drawn : public CButton {
-    public:
+    struct Drawn : CButton {
         UINT state = 0;
         void DrawItem(DRAWITEMSTRUCT* item) override { state = item->itemState; }
-    };
-    Drawn button;
+    } button;
     Make(button, BS_OWNERDRAW);
-    Mouse(button, WM_LBUTTONDOWN);
-    display.PaintWindow(button.m_hWnd);
-    EXPECT_EQ(button.state, ODS_SELECTED | ODS_FOCUS);
-    Mouse(button, WM_MOUSEMOVE, {90, 10});
-    display.PaintWindow(button.m_hWnd);
-    EXPECT_EQ(button.state, ODS_FOCUS);
-    button.EnableWindow(false);
-    display.PaintWindow(button.m_hWnd);
-    EXPECT_EQ(button.state, ODS_DISABLED);
+    for (const auto& [border, act, state] : Table<std::function<void()>, UINT>{
+             {"pressed", [&] { Mouse(button, WM_LBUTTONDOWN); }, ODS_SELECTED | ODS_FOCUS},
+             {"left",
+              [&] {
+                  Mouse(button, WM_MOUSEMOVE, {90, 10});
+              },
+              ODS_FOCUS},
+             {"disabled", [&] { button.EnableWindow(false); }, ODS_DISABLED}}) {
+        act();
+        display.PaintWindow(button.m_hWnd);
+        EXPECT_EQ(button.state, state) << border;
+    }
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "table.h"
 #include "window/controls.h"
 #include "window/headless_display.h"
 #include "window/input.h"

@@ -48,25 +48,20 @@ TEST_F(EditTest, SettingTheTextTellsAChangeOnASingleLineOnly) {
 }
 
 TEST_F(EditTest, WhatTheUserTypesIsHeldToTheStyles) {
-    struct Case {
-        const char* border;
-        UINT style;
-        int limit;
-        const char* typed;
-        const char* text;
-    };
-    for (const Case& row :
-         {Case{"no limit", 0, 0, "a b", "a b"}, Case{"at the limit", 0, 3, "abcd", "abc"},
-          Case{"digits only", ES_NUMBER, 0, "1a-2", "12"}, Case{"read-only", ES_READONLY, 0, "a\b", ""},
-          Case{"Return in one line", 0, 0, "a\rb", "ab"},
-          Case{"Return in several", ES_MULTILINE, 0, "a\rb", "a\r\nb"},
-          Case{"control characters", 0, 0, "a\x1B\x11", "a"},
-          Case{"Backspace at the start", 0, 0, "\ba\b\b", ""},
-          Case{"Backspace over a line break", ES_MULTILINE, 0, "a\r\b", "a"}}) {
-        MakeEdit(row.style);
-        edit.LimitText(row.limit);
-        Type(row.typed);
-        EXPECT_EQ(edit.GetWindowTextA(), row.text) << row.border;
+    for (const auto& [border, style, limit, typed, text] : Table<UINT, int, const char*, const char*>{
+             {"no limit", 0, 0, "a b", "a b"},
+             {"at the limit", 0, 3, "abcd", "abc"},
+             {"digits only", ES_NUMBER, 0, "1a-2", "12"},
+             {"read-only", ES_READONLY, 0, "a\b", ""},
+             {"Return in one line", 0, 0, "a\rb", "ab"},
+             {"Return in several", ES_MULTILINE, 0, "a\rb", "a\r\nb"},
+             {"control characters", 0, 0, "a\x1B\x11", "a"},
+             {"Backspace at the start", 0, 0, "\ba\b\b", ""},
+             {"Backspace over a line break", ES_MULTILINE, 0, "a\r\b", "a"}}) {
+        MakeEdit(style);
+        edit.LimitText(limit);
+        Type(typed);
+        EXPECT_EQ(edit.GetWindowTextA(), text) << border;
     }
 }
 
@@ -87,25 +82,26 @@ TEST_F(EditTest, TypingReplacesTheSelectionAndCountsItAsRoom) {
 
 TEST_F(EditTest, KeysMoveTheCaretAndExtendTheSelection) {
     MakeEdit(ES_MULTILINE, "one two\r\nx");
-    struct Case {
-        const char* border;
-        UINT key;
-        std::vector<UINT> modifiers;
-        std::pair<int, int> selection;
-    };
-    for (const Case& step :
-         {Case{"before the text", VK_LEFT, {}, {0, 0}}, Case{"one place", VK_RIGHT, {}, {1, 1}},
-          Case{"a word", VK_RIGHT, {VK_CONTROL}, {4, 4}}, Case{"extended", VK_END, {VK_SHIFT}, {4, 7}},
-          Case{"over the line break in one step", VK_RIGHT, {VK_SHIFT}, {4, 9}},
-          Case{"from the caret, not the selection's start", VK_END, {}, {10, 10}},
-          Case{"behind the text", VK_RIGHT, {}, {10, 10}}, Case{"the line above", VK_UP, {}, {1, 1}},
-          Case{"no line above", VK_UP, {}, {1, 1}}, Case{"to the end", VK_END, {}, {7, 7}},
-          Case{"the shorter line below", VK_DOWN, {}, {10, 10}}, Case{"its start", VK_HOME, {}, {9, 9}},
-          Case{"the line break backwards", VK_LEFT, {}, {7, 7}},
-          Case{"a word back", VK_LEFT, {VK_CONTROL, VK_SHIFT}, {4, 7}},
-          Case{"all", 'A', {VK_CONTROL}, {0, 10}}, Case{"the text's start", VK_HOME, {VK_CONTROL}, {0, 0}}}) {
-        Press(step.key, step.modifiers);
-        EXPECT_EQ(Selection(), step.selection) << step.border;
+    for (const auto& [border, key, modifiers, selection] :
+         Table<UINT, std::vector<UINT>, std::pair<int, int>>{
+             {"before the text", VK_LEFT, {}, {0, 0}},
+             {"one place", VK_RIGHT, {}, {1, 1}},
+             {"a word", VK_RIGHT, {VK_CONTROL}, {4, 4}},
+             {"extended", VK_END, {VK_SHIFT}, {4, 7}},
+             {"over the line break in one step", VK_RIGHT, {VK_SHIFT}, {4, 9}},
+             {"from the caret, not the selection's start", VK_END, {}, {10, 10}},
+             {"behind the text", VK_RIGHT, {}, {10, 10}},
+             {"the line above", VK_UP, {}, {1, 1}},
+             {"no line above", VK_UP, {}, {1, 1}},
+             {"to the end", VK_END, {}, {7, 7}},
+             {"the shorter line below", VK_DOWN, {}, {10, 10}},
+             {"its start", VK_HOME, {}, {9, 9}},
+             {"the line break backwards", VK_LEFT, {}, {7, 7}},
+             {"a word back", VK_LEFT, {VK_CONTROL, VK_SHIFT}, {4, 7}},
+             {"all", 'A', {VK_CONTROL}, {0, 10}},
+             {"the text's start", VK_HOME, {VK_CONTROL}, {0, 0}}}) {
+        Press(key, modifiers);
+        EXPECT_EQ(Selection(), selection) << border;
     }
 }
 
@@ -119,20 +115,15 @@ TEST_F(EditTest, TheClipboardIsTheDisplays) {
     Press('V', {VK_CONTROL});
     EXPECT_EQ(edit.GetWindowTextA(), "abcbcd");
 
-    struct Case {
-        const char* border;
-        UINT style;
-        const char* clipboard;
-        const char* text;
-    };
-    for (const Case& row :
-         {Case{"one line takes the first", 0, "1\r\n2", "1"},
-          Case{"several take all", ES_MULTILINE, "1\r\n2", "1\r\n2"},
-          Case{"digits only", ES_NUMBER, "1a2", "12"}, Case{"read-only", ES_READONLY, "1", ""}}) {
-        MakeEdit(row.style);
-        display.SetClipboardText(row.clipboard);
+    for (const auto& [border, style, clipboard, text] :
+         Table<UINT, const char*, const char*>{{"one line takes the first", 0, "1\r\n2", "1"},
+                                               {"several take all", ES_MULTILINE, "1\r\n2", "1\r\n2"},
+                                               {"digits only", ES_NUMBER, "1a2", "12"},
+                                               {"read-only", ES_READONLY, "1", ""}}) {
+        MakeEdit(style);
+        display.SetClipboardText(clipboard);
         edit.SendMessageA(WM_PASTE);
-        EXPECT_EQ(edit.GetWindowTextA(), row.text) << row.border;
+        EXPECT_EQ(edit.GetWindowTextA(), text) << border;
     }
     MakeEdit(ES_PASSWORD, "secret");
     edit.SetSel(0, -1);
@@ -158,15 +149,6 @@ TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {
     EXPECT_EQ(edit.SendMessageA(EM_UNDO), 0);
 }
 
-TEST_F(EditTest, TheFocusIsToldNested) {
-    MakeEdit();
-    edit.SetFocus();
-    CEdit other;
-    other.Create(WS_CHILD | WS_VISIBLE, {0, 30, 100, 50}, &parent, 6);
-    other.SetFocus();
-    EXPECT_EQ(parent.Take(), (Codes{EN_SETFOCUS, EN_KILLFOCUS, EN_SETFOCUS}));
-}
-
 TEST_F(EditTest, AHandlerMayReplaceTheTextOrDestroyTheFieldDuringItsChange) {
     MakeEdit();
     int depth = 0;
@@ -185,7 +167,7 @@ TEST_F(EditTest, AHandlerMayReplaceTheTextOrDestroyTheFieldDuringItsChange) {
     EXPECT_EQ(edit.m_hWnd, nullptr);
 }
 
-TEST_F(EditTest, WhatANativeWidgetReportsIsToldOnce) {
+TEST_F(EditTest, WhatANativeWidgetReportsIsToldOnceAndTheFocusToo) {
     MakeEdit(0, "ab");
     input::Edited(edit.m_hWnd, "abc", 3, 3);
     EXPECT_EQ(parent.Take(), (Codes{EN_UPDATE, EN_CHANGE}));
@@ -195,6 +177,10 @@ TEST_F(EditTest, WhatANativeWidgetReportsIsToldOnce) {
     EXPECT_EQ(view::Edit(edit.m_hWnd).selectionEnd, 2);
     Press(VK_DELETE);
     EXPECT_EQ(edit.GetWindowTextA(), "c");
+    parent.Take();
+    edit.SetFocus();
+    parent.SetFocus();
+    EXPECT_EQ(parent.Take(), (Codes{EN_SETFOCUS, EN_KILLFOCUS}));
 }
 
 TEST_F(EditTest, TheMousePlacesTheCaretAndSelects) {

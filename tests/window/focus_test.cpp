@@ -42,13 +42,7 @@ TEST_F(FocusTest, StopsWhenItIsMovedOn) {
         }
     } committing;
     SetDisplay(&committing);
-    struct Row {
-        const char* border;
-        std::function<void()> prepare;
-        HWND winner;
-        Log heard;
-    };
-    const Row rows[] = {
+    const Table<std::function<void()>, HWND, Log> rows = {
         {"by the loser",
          [this] { first.on[WM_KILLFOCUS] = [this] { group.SetFocus(); }; },
          group.m_hWnd,
@@ -62,25 +56,20 @@ TEST_F(FocusTest, StopsWhenItIsMovedOn) {
          group.m_hWnd,
          {"first no focus", "group focus"}},
     };
-    for (const Row& row : rows) {
+    for (const auto& [border, prepare, winner, heard] : rows) {
         first.on.clear();
         first.SetFocus();
         Heard();
-        row.prepare();
+        prepare();
         second.SetFocus();
-        EXPECT_EQ(GetFocus(), row.winner) << row.border;
-        EXPECT_EQ(committing.FocusShown(), row.winner) << row.border;
-        EXPECT_EQ(Heard(), row.heard) << row.border;
+        EXPECT_EQ(GetFocus(), winner) << border;
+        EXPECT_EQ(committing.FocusShown(), winner) << border;
+        EXPECT_EQ(Heard(), heard) << border;
     }
 }
 
 TEST_F(FocusTest, LeavesWhileTheWindowStillCountsAsVisible) {
-    struct Row {
-        const char* border;
-        std::function<void()> act;
-        HWND heir;
-    };
-    const Row rows[] = {
+    const Table<std::function<void()>, HWND> rows = {
         {"hidden", [this] { first.ShowWindow(SW_HIDE); }, group.m_hWnd},
         {"its parent hidden", [this] { group.ShowWindow(SW_HIDE); }, frame.m_hWnd},
         {"disabled", [this] { first.EnableWindow(false); }, nullptr},
@@ -88,12 +77,12 @@ TEST_F(FocusTest, LeavesWhileTheWindowStillCountsAsVisible) {
         {"its top-level window hidden", [this] { frame.ShowWindow(SW_HIDE); }, nullptr},
         {"destroyed", [this] { first.DestroyWindow(); }, group.m_hWnd},
     };
-    for (const Row& row : rows) {
+    for (const auto& [border, act, heir] : rows) {
         bool visible = false;
         first.on[WM_KILLFOCUS] = [&] { visible = first.IsWindowVisible(); };
-        row.act();
-        EXPECT_TRUE(visible) << row.border;
-        EXPECT_EQ(GetFocus(), row.heir) << row.border;
+        act();
+        EXPECT_TRUE(visible) << border;
+        EXPECT_EQ(GetFocus(), heir) << border;
         for (RecordedWindow* window : {&frame, &group, &first}) {
             window->EnableWindow(true);
             window->ShowWindow(SW_SHOW);

@@ -16,20 +16,15 @@ protected:
 };
 
 TEST_F(FrameControlTest, StaysInsideItsRectangleAtAnySize) {
-    const UINT kinds[][2] = {{DFC_BUTTON, DFCS_BUTTONCHECK | DFCS_CHECKED},
-                             {DFC_BUTTON, DFCS_BUTTONPUSH},
-                             {DFC_SCROLL, DFCS_SCROLLDOWN}};
-    for (const auto& kind : kinds)
+    for (const auto& [type, state] :
+         {std::pair(DFC_BUTTON, DFCS_BUTTONCHECK | DFCS_CHECKED), std::pair(DFC_BUTTON, DFCS_BUTTONPUSH),
+          std::pair(DFC_SCROLL, DFCS_SCROLLDOWN)})
         for (int width = 5; width < 40; width += 3)
-            for (int height = 5; height < 40; height += 3) {
-                const CRect rect{10, 20, 10 + width, 20 + height};
-                for (const PaintCall& call : Draw(rect, kind[0], kind[1])) {
-                    EXPECT_GE(call.rect.left, rect.left);
-                    EXPECT_GE(call.rect.top, rect.top);
-                    EXPECT_LE(call.rect.right, rect.right);
-                    EXPECT_LE(call.rect.bottom, rect.bottom);
+            for (int height = 5; height < 40; height += 3)
+                for (const PaintCall& call : Draw({10, 20, 10 + width, 20 + height}, type, state)) {
+                    EXPECT_TRUE(call.rect.left >= 10 && call.rect.right <= 10 + width) << width;
+                    EXPECT_TRUE(call.rect.top >= 20 && call.rect.bottom <= 20 + height) << height;
                 }
-            }
     EXPECT_THAT(Draw({5, 5, 5, 9}, DFC_BUTTON, 0), IsEmpty());
 }
 

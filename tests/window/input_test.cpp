@@ -35,14 +35,14 @@ TEST_F(InputTest, IsDroppedForADisabledAncestor) {
 
 TEST_F(InputTest, ObjectsSeeItFromTheInside) {
     Log seen;
-    child.preTranslate = [&](const MSG& message) {
-        seen.push_back("child " + std::to_string(message.message));
-        return false;
+    const auto watch = [&](RecordedWindow& window, const std::string& name) {
+        window.preTranslate = [&seen, name](const MSG& message) {
+            seen.push_back(name + std::to_string(message.message));
+            return name == "frame " && message.message == WM_KEYDOWN && message.wParam == VK_RETURN;
+        };
     };
-    frame.preTranslate = [&](const MSG& message) {
-        seen.push_back("frame " + std::to_string(message.message));
-        return message.message == WM_KEYDOWN && message.wParam == VK_RETURN;
-    };
+    watch(child, "child ");
+    watch(frame, "frame ");
     input::Key(child.m_hWnd, WM_KEYDOWN, VK_RETURN, "\r");
     EXPECT_THAT(Heard(), ElementsAre("frame drops")) << "and a dropped key makes no characters";
     input::Key(child.m_hWnd, WM_KEYDOWN, 'A', "a");
@@ -76,26 +76,20 @@ TEST_F(InputTest, ANativeWidgetActsOnlyWhenEverythingWasLeftToIt) {
                    });
     RecordedWindow control("control", log);
     control.CreateEx(0, "InputTestControl", "", WS_CHILD | WS_VISIBLE, {}, &frame, 2);
-    struct Row {
-        const char* border;
-        std::function<void(RecordedWindow&)> prepare;
-        bool consumed;
-        bool actedItself;
-    };
-    const Row rows[] = {
+    const Table<std::function<void(RecordedWindow&)>, bool, bool> rows = {
         {"all left", [](RecordedWindow&) {}, false, false},
         {"the key is handled", [](RecordedWindow& w) { w.answer[WM_KEYDOWN] = 0; }, true, false},
         {"a character is handled", [](RecordedWindow& w) { w.answer[WM_CHAR] = 0; }, true, false},
         {"a handler sends a character of its own",
          [](RecordedWindow& w) { w.on[WM_KEYDOWN] = [&w] { w.SendMessageA(WM_CHAR, 'x'); }; }, false, true},
     };
-    for (const Row& row : rows) {
+    for (const auto& [border, prepare, consumed, actedItself] : rows) {
         acted = false;
         control.on.clear();
         control.answer.clear();
-        row.prepare(control);
-        EXPECT_EQ(input::Key(control.m_hWnd, WM_KEYDOWN, 'A', "a"), row.consumed) << row.border;
-        EXPECT_EQ(acted, row.actedItself) << row.border;
+        prepare(control);
+        EXPECT_EQ(input::Key(control.m_hWnd, WM_KEYDOWN, 'A', "a"), consumed) << border;
+        EXPECT_EQ(acted, actedItself) << border;
     }
     control.on.clear();
     SetDisplay(&display);
@@ -106,28 +100,18 @@ TEST_F(InputTest, ANativeWidgetActsOnlyWhenEverythingWasLeftToIt) {
     frame.DestroyWindow();
 }
 
-TEST_F(InputTest, TheMouseGoesToWhoHasTheCapture) {
-    CPoint seen;
-    child.preTranslate = [&](const MSG& message) {
-        seen = PointOf(message.lParam);
-        return true;
-    };
-    SetCapture(child.m_hWnd);
-    input::Mouse(frame.m_hWnd, WM_MOUSEMOVE, 0, {5, 5});
-    EXPECT_EQ(seen, (CPoint{-5, -15}));
-}
-
-TEST_F(InputTest, TheWheelAndTheMenuGoOutwardsUntilSomebodyWantsThem) {
+TEST_F(InputTest, TheWheelAndTheMenuGoOutwardsAndTheMouseToWhoHasTheCapture) {
     CPoint at;
-    frame.preTranslate = [&](const MSG& message) {
-        at = PointOf(message.lParam);
-        return false;
-    };
+    const auto look = [&](const MSG& message) { return at = PointOf(message.lParam), false; };
+    frame.preTranslate = look;
     input::Mouse(child.m_hWnd, WM_MOUSEWHEEL, 0, {1, 2}, -120);
     EXPECT_THAT(Heard(), ElementsAre("child wheel", "frame wheel"));
     EXPECT_EQ(at, (CPoint{111, 122})) << "on the screen";
     input::Mouse(child.m_hWnd, WM_RBUTTONUP, 0, {1, 2});
     EXPECT_THAT(Heard(), ElementsAre("child menu", "frame menu"));
+    SetCapture(child.m_hWnd);
+    input::Mouse(frame.m_hWnd, WM_MOUSEMOVE, 0, {5, 5});
+    EXPECT_EQ(at, (CPoint{-5, -15}));
 }
 
 TEST_F(InputTest, TheOutermostWindowThatSetsACursorDecides) {
@@ -148,43 +132,36 @@ TEST_F(InputTest, WhatTheUserMovedIsNotToldBackToTheDisplay) {
 }
 
 TEST_F(InputTest, AFailureLeavesNoFunctionThatADisplayCalls) {
-    struct Row {
-        const char* name;
-        UINT message;
-        std::function<void(HWND)> report;
-    };
-    HeadlessDisplay& screen = display;
-    const Row rows[] = {
-        {"key", WM_KEYDOWN, [](HWND window) { input::Key(window, WM_KEYDOWN, 'A', ""); }},
-        {"mouse", WM_LBUTTONDOWN, [](HWND window) { input::Mouse(window, WM_LBUTTONDOWN, 0, {}); }},
-        {"focus", WM_SETFOCUS, [](HWND window) { input::FocusMoved(window); }},
-        {"placed", WM_SIZE,
-         [](HWND window) {
-             input::Placed(window, CRect{0, 0, 7, 7});
-         }},
-        {"close", WM_CLOSE, [](HWND window) { input::Close(window); }},
-        {"activation", WM_ACTIVATE, [](HWND window) { input::Activated(window, true); }},
-        {"paint", WM_PAINT, [&](HWND window) { screen.PaintWindow(window); }},
-        {"post", WM_USER,
-         [](HWND window) { PostMessageA(window, WM_USER, 0, 0), input::DispatchMessages(); }},
-    };
-    const auto prepare = [&](UINT message) {
-        child.on.clear();
-        input::FocusMoved(nullptr);
-        input::Placed(child.m_hWnd, {});
-        child.on[message] = [] { throw Error("handler"); };
-    };
-    for (const Row& row : rows) {
-        prepare(row.message);
-        EXPECT_THROW(row.report(child.m_hWnd), Error) << row.name << ": nobody else hears of it";
-        prepare(row.message);
+    const HWND window = child.m_hWnd;
+    for (const auto& [border, message, report] : Table<UINT, std::function<void()>>{
+             {"key", WM_KEYDOWN, [&] { input::Key(window, WM_KEYDOWN, 'A', ""); }},
+             {"mouse", WM_LBUTTONDOWN, [&] { input::Mouse(window, WM_LBUTTONDOWN, 0, {}); }},
+             {"focus", WM_SETFOCUS, [&] { input::FocusMoved(window); }},
+             {"placed", WM_SIZE,
+              [&] {
+                  input::Placed(window, {0, 0, 7, 7});
+              }},
+             {"close", WM_CLOSE, [&] { input::Close(window); }},
+             {"activation", WM_ACTIVATE, [&] { input::Activated(window, true); }},
+             {"paint", WM_PAINT, [&] { display.PaintWindow(window); }},
+             {"post", WM_USER, [&] { PostMessageA(window, WM_USER, 0, 0), input::DispatchMessages(); }}}) {
         Log heard;
-        SetExceptionHandler([&](const CString& text) {
-            heard.push_back(text);
-            throw Error("the handler itself");
-        });
-        EXPECT_NO_THROW(row.report(child.m_hWnd)) << row.name;
-        EXPECT_THAT(heard, ElementsAre("handler")) << row.name;
+        for (const bool hasHandler : {false, true}) {
+            child.on.clear();
+            input::FocusMoved(nullptr);
+            input::Placed(window, {});
+            child.on[message] = [] { throw Error("handler"); };
+            if (!hasHandler) {
+                EXPECT_THROW(report(), Error) << border << ": nobody else hears of it";
+                continue;
+            }
+            SetExceptionHandler([&](const CString& text) {
+                heard.push_back(text);
+                throw Error("the handler itself");
+            });
+            EXPECT_NO_THROW(report()) << border;
+        }
+        EXPECT_THAT(heard, ElementsAre("handler")) << border;
         SetExceptionHandler(nullptr);
     }
     child.on.clear();

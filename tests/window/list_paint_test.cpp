@@ -1,6 +1,7 @@
 #include "window/list_fixture.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace korvel {
 namespace {
@@ -25,19 +26,18 @@ protected:
 TEST_F(ListPaint, AsksOnlyForTheTextsOfRowsInTheClipBox) {
     MakeList(0);
     std::vector<LPARAM> asked;
-    list.SetTextSource([&](LPARAM data, int column) {
+    list.SetTextSource([&](LPARAM data, int) {
         asked.push_back(data);
-        return column == 0 ? std::to_string(data) : CString();
+        return std::to_string(data);
     });
     std::vector<LPARAM> data(1000);
-    for (int row = 0; row < 1000; ++row)
-        data[row] = row;
+    std::iota(data.begin(), data.end(), 0);
     list.InsertRows(0, data.data(), 1000, 0);
     list.EnsureVisible(504, false);
     EXPECT_TRUE(asked.empty());
     const CRect clip{0, RowTop(1), 100, RowTop(2) + 1}; // the first pixel of a row counts
     EXPECT_EQ(Texts(&clip), (std::vector<CString>{"501", "502"}));
-    EXPECT_EQ(asked, (std::vector<LPARAM>{501, 502})); // column 1 lies outside the clip box
+    EXPECT_EQ(asked, (std::vector<LPARAM>{501, 502})) << "column 1 lies outside the clip box";
 }
 
 TEST_F(ListPaint, SelectionShowsByFocusAndStyle) {
@@ -60,43 +60,15 @@ TEST_F(ListPaint, SelectionShowsByFocusAndStyle) {
     EXPECT_TRUE(Paints(Text, {4, RowTop(1), 96, RowTop(2)}, GetSysColor(COLOR_GRAYTEXT)));
 }
 
-TEST_F(ListPaint, AColumnTooNarrowForItsMarginsPaintsNoText) {
+TEST_F(ListPaint, ColumnsTooNarrowPaintNoTextAndNoneNoMark) {
     MakeList(1);
     list.SetColumnWidth(0, 8);
-    EXPECT_EQ(Texts(), std::vector<CString>{""}); // column 1 alone
-}
-
-TEST_F(ListPaint, AListWithoutColumnsPaintsItsMarkNowhere) {
-    MakeList(1);
+    EXPECT_EQ(Texts(), std::vector<CString>{""}) << "column 1 alone";
     list.SetFocus();
     list.SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
     list.DeleteColumn(0);
     list.DeleteColumn(0);
     EXPECT_TRUE(Paints(PaintCall::Kind::Fill, {0, RowTop(0), 0, RowTop(1)}, GetSysColor(COLOR_HIGHLIGHT)));
-}
-
-TEST_F(ListPaint, OwnerDrawnRowsReachDrawItem) {
-    class Drawing : public CListCtrl {
-    public:
-        std::vector<DRAWITEMSTRUCT> items;
-
-    protected:
-        void DrawItem(DRAWITEMSTRUCT* item) override { items.push_back(*item); }
-    };
-    Drawing drawn;
-    drawn.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_OWNERDRAWFIXED, {0, 0, 200, 124}, &parent, 7);
-    drawn.InsertColumn(0, "", 100);
-    for (int row = 0; row < 20; ++row)
-        drawn.InsertItem(row, "");
-    drawn.SetFocus();
-    drawn.SetItemState(2, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
-    display.PaintWindow(drawn.m_hWnd);
-    ASSERT_EQ(drawn.items.size(), 5u); // the visible rows
-    EXPECT_EQ(drawn.items[0].itemState, 0u);
-    EXPECT_EQ(drawn.items[2].itemState, ODS_SELECTED | ODS_FOCUS);
-    EXPECT_EQ(drawn.items[2].itemID, 2u);
-    EXPECT_EQ(drawn.items[2].CtlID, 7u);
-    EXPECT_EQ(drawn.items[2].rcItem, (CRect{0, RowTop(2), 100, RowTop(3)}));
 }
 
 } // namespace

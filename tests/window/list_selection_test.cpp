@@ -43,52 +43,32 @@ TEST_F(ListSelection, NextItemCombinesItsFlags) {
     MakeList(4, 0);
     list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
     list.SetItemState(3, Both, Both);
-    struct Case {
-        const char* border;
-        int from;
-        UINT flags;
-        int found;
-    };
-    for (const Case& row : {Case{"any row", -1, 0, 0}, Case{"behind the last row", 3, 0, -1},
-                            Case{"behind a selected row", 1, LVNI_SELECTED, 3},
-                            Case{"selected and focused", -1, LVNI_SELECTED | LVNI_FOCUSED, 3},
-                            Case{"the focused row itself is not behind", 3, LVNI_FOCUSED, -1},
-                            Case{"far below the first row", -1000, LVNI_SELECTED, 1}})
-        EXPECT_EQ(list.GetNextItem(row.from, row.flags), row.found) << row.border;
-}
-
-TEST_F(ListSelection, ACheckIsPartOfTheState) {
-    MakeList(2);
-    list.SetExtendedStyle(LVS_EX_CHECKBOXES);
-    std::pair<UINT, UINT> told;
-    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
-        told = {notice.uOldState, notice.uNewState};
-        return 0;
-    };
-    EXPECT_TRUE(list.SetCheck(1, true));
-    EXPECT_EQ(told, std::pair(0x1000u, 0x2000u));
-    EXPECT_TRUE(list.SetItemState(1, 0x1000, LVIS_STATEIMAGEMASK));
-    EXPECT_FALSE(list.GetCheck(1));
+    for (const auto& [border, from, flags, found] :
+         Table<int, UINT, int>{{"any row", -1, 0, 0},
+                               {"behind the last row", 3, 0, -1},
+                               {"behind a selected row", 1, LVNI_SELECTED, 3},
+                               {"selected and focused", -1, LVNI_SELECTED | LVNI_FOCUSED, 3},
+                               {"the focused row itself is not behind", 3, LVNI_FOCUSED, -1},
+                               {"far below the first row", -1000, LVNI_SELECTED, 1}})
+        EXPECT_EQ(list.GetNextItem(from, flags), found) << border;
 }
 
 TEST_F(ListSelection, KeysMoveFocusAndSelection) {
     MakeList(12); // five are on screen
-    struct Case {
-        const char* border;
-        UINT key;
-        int row;
-        int top;
-    };
-    for (const Case& step :
-         {Case{"nothing has the focus yet", VK_DOWN, 0, 0}, Case{"the first row stays", VK_UP, 0, 0},
-          Case{"to the border of the page", VK_NEXT, 4, 0}, Case{"on by a page", VK_NEXT, 8, 4},
-          Case{"to the upper border", VK_PRIOR, 4, 4}, Case{"back by a page", VK_PRIOR, 0, 0},
-          Case{"the last row", VK_END, 11, 7}, Case{"the last row stays", VK_DOWN, 11, 7},
-          Case{"the first row", VK_HOME, 0, 0}}) {
-        Key(step.key);
-        EXPECT_EQ(Selected(), Rows{step.row}) << step.border;
-        EXPECT_EQ(Focused(), step.row) << step.border;
-        EXPECT_EQ(list.GetTopIndex(), step.top) << step.border;
+    for (const auto& [border, key, row, top] :
+         Table<UINT, int, int>{{"nothing has the focus yet", VK_DOWN, 0, 0},
+                               {"the first row stays", VK_UP, 0, 0},
+                               {"to the border of the page", VK_NEXT, 4, 0},
+                               {"on by a page", VK_NEXT, 8, 4},
+                               {"to the upper border", VK_PRIOR, 4, 4},
+                               {"back by a page", VK_PRIOR, 0, 0},
+                               {"the last row", VK_END, 11, 7},
+                               {"the last row stays", VK_DOWN, 11, 7},
+                               {"the first row", VK_HOME, 0, 0}}) {
+        Key(key);
+        EXPECT_EQ(Selected(), Rows{row}) << border;
+        EXPECT_EQ(Focused(), row) << border;
+        EXPECT_EQ(list.GetTopIndex(), top) << border;
     }
 }
 
@@ -108,18 +88,23 @@ TEST_F(ListSelection, ShiftExtendsAndControlMovesTheFocusAlone) {
     EXPECT_EQ(Selected(), (Rows{0, 1, 5}));
 }
 
-TEST_F(ListSelection, SpaceTogglesTheCheckOfTheFocusRow) {
+TEST_F(ListSelection, SpaceTogglesTheCheckWhichIsPartOfTheState) {
     MakeList(3, 0);
     list.SetExtendedStyle(LVS_EX_CHECKBOXES);
     Key(VK_SPACE, " "); // without a focus row nothing happens
     Key(VK_DOWN);
+    std::pair<UINT, UINT> told;
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        told = {notice.uOldState & LVIS_STATEIMAGEMASK, notice.uNewState & LVIS_STATEIMAGEMASK};
+        return 0;
+    };
     Key(VK_SPACE, " ");
-    EXPECT_TRUE(list.GetCheck(0));
+    EXPECT_EQ(told, std::pair(0x1000u, 0x2000u));
     KeyWith(VK_SHIFT, VK_DOWN); // the other selected rows take the check of the one that is toggled
     Key(VK_SPACE, " ");
-    EXPECT_TRUE(list.GetCheck(0));
-    EXPECT_TRUE(list.GetCheck(1));
-    EXPECT_FALSE(list.GetCheck(2));
+    EXPECT_TRUE(list.GetCheck(0) && list.GetCheck(1) && !list.GetCheck(2));
+    EXPECT_TRUE(list.SetItemState(1, 0x1000, LVIS_STATEIMAGEMASK));
+    EXPECT_FALSE(list.GetCheck(1));
 }
 
 TEST_F(ListSelection, TypingFindsTheNextRowThatBeginsSo) {
@@ -128,20 +113,18 @@ TEST_F(ListSelection, TypingFindsTheNextRowThatBeginsSo) {
     for (const char* text : {"Bahn", "Berg", "anders", "Bergwerk", "\xC4nderung"})
         list.InsertItem(99, text);
     display.Advance(10s);
-    struct Case {
-        const char* border;
-        const char* typed;
-        std::chrono::milliseconds pause;
-        int row;
-    };
-    for (const Case& step :
-         {Case{"small letters find capital ones", "b", 0ms, 0}, Case{"the same letter goes on", "b", 0ms, 1},
-          Case{"and on", "b", 0ms, 3}, Case{"round the end, after the pause", "b", 1001ms, 0},
-          Case{"a second letter narrows", "e", 0ms, 1}, Case{"the found row still fits", "rg", 0ms, 1},
-          Case{"no row begins so", "z", 0ms, 1}, Case{"a capital umlaut", "\xE4", 1001ms, 4}}) {
-        display.Advance(step.pause);
-        Key(0, step.typed);
-        EXPECT_EQ(Focused(), step.row) << step.border;
+    for (const auto& [border, typed, pause, row] : Table<const char*, std::chrono::milliseconds, int>{
+             {"small letters find capital ones", "b", 0ms, 0},
+             {"the same letter goes on", "b", 0ms, 1},
+             {"and on", "b", 0ms, 3},
+             {"round the end, after the pause", "b", 1001ms, 0},
+             {"a second letter narrows", "e", 0ms, 1},
+             {"the found row still fits", "rg", 0ms, 1},
+             {"no row begins so", "z", 0ms, 1},
+             {"a capital umlaut", "\xE4", 1001ms, 4}}) {
+        display.Advance(pause);
+        Key(0, typed);
+        EXPECT_EQ(Focused(), row) << border;
     }
 }
 

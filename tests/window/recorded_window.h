@@ -1,5 +1,6 @@
 #pragma once
 
+#include "table.h"
 #include "window/cwnd.h"
 #include "window/headless_display.h"
 

@@ -32,43 +32,35 @@ protected:
 };
 
 TEST_F(ThreadsTest, SendsAndPostsRunOnTheOwnersThreadInTheOrderOfEachSender) {
-    constexpr int Threads = 4;
     constexpr int Each = 250;
     struct Counting : CWnd {
-        std::array<std::vector<LPARAM>, Threads> heard;
-        bool onOtherThread = false;
+        std::array<std::vector<LPARAM>, 4> heard; // by thread
         const std::thread::id owner = std::this_thread::get_id();
 
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
             if (message != WM_USER)
                 return CWnd::WindowProc(message, wParam, lParam);
+            EXPECT_EQ(std::this_thread::get_id(), owner);
             heard[wParam].push_back(lParam);
-            onOtherThread |= std::this_thread::get_id() != owner;
             return lParam * 2;
         }
     } target;
     target.CreateEx(0, "KorvelFrame", "", 0, {}, nullptr, 0);
-    const auto work = [](HWND handle, WPARAM number) {
-        int wrong = 0;
-        for (int i = 0; i < Each; ++i)
-            if (number % 2 == 0)
-                PostMessageA(handle, WM_USER, number, i);
-            else
-                wrong += korvel::SendMessageA(handle, WM_USER, number, i) != i * 2;
-        return wrong;
-    };
-    std::vector<std::future<int>> workers;
-    for (WPARAM number = 0; number < Threads; ++number)
-        workers.push_back(std::async(std::launch::async, work, target.m_hWnd, number));
+    std::vector<std::future<void>> workers;
+    for (WPARAM number = 0; number < target.heard.size(); ++number)
+        workers.push_back(std::async(std::launch::async, [number, handle = target.m_hWnd] {
+            for (int i = 0; i < Each; ++i)
+                if (number % 2 == 0)
+                    PostMessageA(handle, WM_USER, number, i);
+                else
+                    EXPECT_EQ(korvel::SendMessageA(handle, WM_USER, number, i), i * 2);
+        }));
     display.PumpUntil([&] {
         return std::all_of(target.heard.begin(), target.heard.end(),
                            [](const auto& numbers) { return numbers.size() == Each; });
     });
-    for (std::future<int>& worker : workers)
-        EXPECT_EQ(worker.get(), 0) << "answers went astray";
     for (const auto& numbers : target.heard)
         EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
-    EXPECT_FALSE(target.onOtherThread);
 }
 
 TEST_F(ThreadsTest, ASenderIsReleasedWhenTheWindowGoes) {
@@ -85,45 +77,33 @@ TEST_F(ThreadsTest, ASenderIsReleasedWhenTheWindowGoes) {
 }
 
 TEST_F(ThreadsTest, ASenderIsReleasedBeforeItsFailureIsHeard) {
-    std::atomic<bool> released = false;
-    bool releasedFirst = false;
+    std::promise<LRESULT> answered;
+    auto answer = answered.get_future();
     CString heard;
     SetExceptionHandler([&](const CString& text) {
-        const auto end = std::chrono::steady_clock::now() + 30s;
-        while (!released && std::chrono::steady_clock::now() < end)
-            std::this_thread::yield();
-        releasedFirst = released;
+        EXPECT_EQ(answer.wait_for(30s), std::future_status::ready);
         heard = text;
     });
     window.on[WM_USER] = [] { throw Error("broken"); };
     window.answer[WM_USER] = 3;
-    const auto send = [&, handle = window.m_hWnd] {
-        const LRESULT result = korvel::SendMessageA(handle, WM_USER, 0, 0);
-        released = true;
-        return result;
-    };
-    EXPECT_EQ(InWorker(send), 0);
+    const auto send = [handle = window.m_hWnd] { return korvel::SendMessageA(handle, WM_USER, 0, 0); };
+    InWorker([&] { answered.set_value(send()); });
+    EXPECT_EQ(answer.get(), 0);
     EXPECT_EQ(heard, "broken");
-    EXPECT_TRUE(releasedFirst);
     SetExceptionHandler(nullptr);
     EXPECT_THROW(InWorker(send), Error) << "without handler it reaches who pumps";
 }
 
 TEST_F(ThreadsTest, TwoThreadsMaySendToEachOther) {
-    std::promise<HWND> made;
-    auto worker = std::async(std::launch::async, [&, handle = window.m_hWnd] {
-        const HWND own = CreateWindowExA(0, "KorvelFrame", "worker's", 0, {}, nullptr, 33);
-        made.set_value(own);
-        const LRESULT answer = korvel::SendMessageA(handle, WM_USER, 0, 0);
-        DestroyWindow(own);
-        return answer;
-    });
-    const HWND theirs = made.get_future().get();
     CString text;
-    window.on[WM_USER] = [&] { text = GetWindowTextA(theirs); }; // while the worker waits for the answer
     window.answer[WM_USER] = 4;
-    display.PumpUntil([&] { return worker.wait_for(0s) == std::future_status::ready; });
-    EXPECT_EQ(worker.get(), 4);
+    std::atomic<HWND> theirs = nullptr;
+    window.on[WM_USER] = [&] { text = GetWindowTextA(theirs); }; // while the worker waits for the answer
+    EXPECT_EQ(InWorker([&, handle = window.m_hWnd] {
+                  theirs = CreateWindowExA(0, "KorvelFrame", "worker's", 0, {}, nullptr, 33);
+                  return korvel::SendMessageA(handle, WM_USER, 0, 0);
+              }),
+              4);
     EXPECT_EQ(text, "worker's");
 }
 
@@ -160,9 +140,8 @@ TEST_F(ThreadsTest, AThreadThatEndsTakesItsWindowsAlong) {
     }).join();
     EXPECT_NE(left, nullptr);
     EXPECT_EQ(orphan.m_hWnd, nullptr);
-    EXPECT_FALSE(IsWindow(left));
-    EXPECT_EQ(korvel::SendMessageA(left, WM_USER, 0, 0), 0);
-    EXPECT_FALSE(PostMessageA(left, WM_USER, 0, 0));
+    EXPECT_FALSE(IsWindow(left) || korvel::SendMessageA(left, WM_USER, 0, 0) ||
+                 PostMessageA(left, WM_USER, 0, 0));
 }
 
 TEST_F(ThreadsTest, AWindowOfAnotherThreadIsNotShown) {

@@ -9,28 +9,24 @@ namespace {
 
 using WindowTreeTest = WindowTest;
 
-TEST_F(WindowTreeTest, HearsItsCreationBeforeItIsShown) {
-    RecordedWindow frame("frame", log);
-    bool shownAtCreation = true;
-    frame.on[WM_CREATE] = [&] { shownAtCreation = frame.IsWindowVisible(); };
+TEST_F(WindowTreeTest, HearsItsCreationBeforeItIsShownAndMayRefuseIt) {
+    RecordedWindow frame("frame", log), refused("refused", log);
+    frame.on[WM_CREATE] = [&] { EXPECT_FALSE(frame.IsWindowVisible()); };
     ASSERT_TRUE(frame.Create(WS_VISIBLE, nullptr));
-    EXPECT_FALSE(shownAtCreation);
     EXPECT_TRUE(frame.IsWindowVisible());
     EXPECT_THAT(Heard(), ElementsAre("frame create", "frame size", "frame move", "frame show"));
-}
-
-TEST_F(WindowTreeTest, RefusesWhatCannotLive) {
-    const HWND gone = CreateWindowExA(0, "KorvelFrame", "", 0, {}, nullptr, 0);
-    DestroyWindow(gone);
-    EXPECT_EQ(CreateWindowExA(0, "NoSuchClass", "", 0, {}, nullptr, 0), nullptr);
-    EXPECT_EQ(CreateWindowExA(0, nullptr, "", 0, {}, nullptr, 0), nullptr);
-    EXPECT_EQ(CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {}, nullptr, 0), nullptr);
-    EXPECT_EQ(CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {}, gone, 0), nullptr);
-    RecordedWindow refused("refused", log);
     refused.answer[WM_CREATE] = -1;
     EXPECT_FALSE(refused.Create(0, nullptr));
     EXPECT_EQ(refused.m_hWnd, nullptr);
     EXPECT_THAT(Heard(), ElementsAre("refused create", "refused destroy", "refused end"));
+    const HWND gone = frame.m_hWnd;
+    frame.DestroyWindow();
+    for (const auto& [border, className, style, parent] :
+         Table<const char*, UINT, HWND>{{"no such class", "NoSuchClass", 0, nullptr},
+                                        {"no class", nullptr, 0, nullptr},
+                                        {"a child of nobody", "KorvelFrame", WS_CHILD, nullptr},
+                                        {"a child of who is gone", "KorvelFrame", WS_CHILD, gone}})
+        EXPECT_EQ(CreateWindowExA(0, className, "", style, {}, parent, 0), nullptr) << border;
 }
 
 TEST_F(WindowTreeTest, DestroysFromTheRootAndEndsFromTheLeaves) {
@@ -56,17 +52,11 @@ TEST_F(WindowTreeTest, AStaleHandleReachesNoOtherWindow) {
     RecordedWindow next("next", log); // takes the place of the window that is gone
     next.Create(WS_VISIBLE, nullptr, 7);
     Heard();
-    EXPECT_FALSE(IsWindow(stale));
-    EXPECT_EQ(SendMessageA(stale, WM_USER, 0, 0), 0);
-    EXPECT_FALSE(PostMessageA(stale, WM_USER, 0, 0));
-    EXPECT_FALSE(SetWindowTextA(stale, "lost"));
-    EXPECT_FALSE(DestroyWindow(stale));
-    EXPECT_FALSE(ShowWindow(stale, SW_HIDE));
-    EXPECT_EQ(SetFocus(stale), nullptr);
-    EXPECT_EQ(SetTimer(stale, 1, 10), 0u);
+    EXPECT_FALSE(IsWindow(stale) || PostMessageA(stale, WM_USER, 0, 0) || SetWindowTextA(stale, "lost"));
+    EXPECT_FALSE(DestroyWindow(stale) || ShowWindow(stale, SW_HIDE) || SetFocus(stale));
+    EXPECT_FALSE(SendMessageA(stale, WM_USER, 0, 0) || SetTimer(stale, 1, 10) || GetDlgCtrlID(stale));
     EXPECT_EQ(GetWindowRect(stale), CRect());
     EXPECT_EQ(SetParent(next.m_hWnd, stale), nullptr);
-    EXPECT_EQ(GetDlgCtrlID(stale), 0);
     display.Advance(std::chrono::seconds(1));
     EXPECT_THAT(log, IsEmpty());
     EXPECT_EQ(next.GetWindowTextA(), "next");
@@ -84,41 +74,31 @@ TEST_F(WindowTreeTest, AWindowMayDieInsideItsOwnHandlers) {
             DestroyWindow(handle);
             window.reset();
         };
-        if (message == WM_SIZE)
-            MoveWindow(handle, {1, 2, 300, 400});
-        else if (message == WM_USER)
-            SendMessageA(handle, message, 0, 0);
-        else // hides it first, which takes the focus away
-            DestroyWindow(handle);
+        SendMessageA(handle, WM_USER, 0, 0);
+        MoveWindow(handle, {1, 2, 300, 400});
+        DestroyWindow(handle); // hides it first, which takes the focus away
         EXPECT_FALSE(IsWindow(handle)) << message;
         EXPECT_EQ(window, nullptr) << message;
     }
 }
 
-TEST_F(WindowTreeTest, AChildMayDestroyItsParentWhileItIsDestroyed) {
-    RecordedWindow frame("frame", log), child("child", log);
-    frame.Create(0, nullptr);
-    child.Create(WS_CHILD, &frame);
-    child.on[WM_DESTROY] = [&] { frame.DestroyWindow(); };
-    child.DestroyWindow();
-    EXPECT_EQ(frame.m_hWnd, nullptr);
-    EXPECT_EQ(child.m_hWnd, nullptr);
-}
-
-TEST_F(WindowTreeTest, AThrowingHandlerDoesNotKeepItsWindowAlive) {
-    RecordedWindow frame("frame", log), child("child", log);
-    frame.Create(0, nullptr);
-    child.Create(WS_CHILD, &frame);
-    child.on[WM_DESTROY] = [] { throw Error("first"); };
-    child.on[WM_NCDESTROY] = [] { throw Error("second"); };
-    try {
-        frame.DestroyWindow();
-        ADD_FAILURE() << "the failure was lost";
-    } catch (const Error& error) {
-        EXPECT_STREQ(error.what(), "first");
+TEST_F(WindowTreeTest, AHandlerThatThrowsOrDestroysTheParentLeavesNoWindow) {
+    for (const bool throws : {false, true}) {
+        RecordedWindow frame("frame", log), child("child", log);
+        frame.Create(0, nullptr);
+        child.Create(WS_CHILD, &frame);
+        child.on[WM_DESTROY] = [&] { throws ? throw Error("first") : frame.DestroyWindow(); };
+        child.on[WM_NCDESTROY] = [&] { throws ? throw Error("second") : false; };
+        CString failure;
+        try {
+            (throws ? frame : child).DestroyWindow();
+        } catch (const Error& error) {
+            failure = error.what();
+        }
+        EXPECT_EQ(failure, throws ? "first" : "");
+        EXPECT_EQ(frame.m_hWnd, nullptr);
+        EXPECT_EQ(child.m_hWnd, nullptr);
     }
-    EXPECT_EQ(frame.m_hWnd, nullptr);
-    EXPECT_EQ(child.m_hWnd, nullptr);
 }
 
 TEST_F(WindowTreeTest, AnObjectThatDiesHandsItsFailureToTheNextPump) {
@@ -143,32 +123,15 @@ TEST_F(WindowTreeTest, TurnsPointsThroughBordersAndParents) {
     EXPECT_EQ(GetClientRect(edged), (CRect{0, 0, 94, 44}));
     EXPECT_EQ(GetWindowRect(inner), (CRect{118, 228, 138, 238}));
     EXPECT_EQ(ScreenToClient(inner, {120, 230}), (CPoint{2, 2}));
-}
-
-TEST_F(WindowTreeTest, KeepsExtremeRectanglesComputable) {
     constexpr int Least = std::numeric_limits<int>::min();
     constexpr int Most = std::numeric_limits<int>::max();
-    const HWND frame = CreateWindowExA(0, "KorvelFrame", "", 0, {Least, Least, Most, Most}, nullptr, 0);
-    SetWindowPos(frame, nullptr, {Most, Most, Least, Least}, 0);
-    EXPECT_TRUE(GetClientRect(frame).IsRectEmpty());
-    SetWindowPos(frame, nullptr, {0, 0, 100, 100}, 0);
-    SetWindowPos(frame, nullptr, {Most, Most, 0, 0}, SWP_NOSIZE);
-    EXPECT_EQ(ClientToScreen(frame, {Most, Most}), (CPoint{Most, Most}));
-    EXPECT_EQ(ScreenToClient(frame, {Least, Least}), (CPoint{Least, Least}));
-    DestroyWindow(frame);
-}
-
-TEST_F(WindowTreeTest, PlacesWithoutWordWhenNothingMoves) {
-    RecordedWindow frame("frame", log);
-    frame.Create(0, nullptr, 0, {0, 0, 100, 50});
-    Heard();
-    frame.MoveWindow({0, 0, 100, 50});
-    EXPECT_THAT(Heard(), IsEmpty());
-    frame.MoveWindow({5, 0, 105, 50});
-    EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame move"));
-    SetWindowPos(frame.m_hWnd, nullptr, {0, 0, 20, 30}, SWP_NOMOVE);
-    EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame size"));
-    EXPECT_EQ(frame.GetWindowRect(), (CRect{5, 0, 25, 30}));
+    frame.MoveWindow({Least, Least, Most, Most});
+    frame.MoveWindow({Most, Most, Least, Least});
+    EXPECT_TRUE(frame.GetClientRect().IsRectEmpty());
+    frame.MoveWindow({0, 0, 100, 100});
+    SetWindowPos(frame.m_hWnd, nullptr, {Most, Most, 0, 0}, SWP_NOSIZE);
+    EXPECT_EQ(ClientToScreen(inner, {Most, Most}), (CPoint{Most, Most}));
+    EXPECT_EQ(ScreenToClient(inner, {Least, Least}), (CPoint{Least, Least}));
 }
 
 TEST_F(WindowTreeTest, TabGoesRoundOverWhatCanBeReached) {
@@ -187,23 +150,17 @@ TEST_F(WindowTreeTest, TabGoesRoundOverWhatCanBeReached) {
     group.Create(Shown, &frame);
     group.ModifyStyleEx(0, WS_EX_CONTROLPARENT);
     second.Create(Stop, &group);
-    struct Case {
-        const char* border;
-        HWND from;
-        bool previous;
-        HWND found;
-    };
-    for (const Case& row : {
-             Case{"into a group", first.m_hWnd, false, second.m_hWnd},
-             Case{"round the end", second.m_hWnd, false, first.m_hWnd},
-             Case{"from nowhere back", nullptr, true, second.m_hWnd},
-             Case{"from nowhere on", nullptr, false, first.m_hWnd},
-             Case{"out of a control", inside.m_hWnd, false, second.m_hWnd},
-             Case{"on from what is no stop", label.m_hWnd, false, second.m_hWnd},
-             Case{"back from what is no stop", label.m_hWnd, true, first.m_hWnd},
-             Case{"from what is hidden", unreachable.m_hWnd, false, second.m_hWnd},
+    for (const auto& [border, from, previous, found] : Table<HWND, bool, HWND>{
+             {"into a group", first.m_hWnd, false, second.m_hWnd},
+             {"round the end", second.m_hWnd, false, first.m_hWnd},
+             {"from nowhere back", nullptr, true, second.m_hWnd},
+             {"from nowhere on", nullptr, false, first.m_hWnd},
+             {"out of a control", inside.m_hWnd, false, second.m_hWnd},
+             {"on from what is no stop", label.m_hWnd, false, second.m_hWnd},
+             {"back from what is no stop", label.m_hWnd, true, first.m_hWnd},
+             {"from what is hidden", unreachable.m_hWnd, false, second.m_hWnd},
          })
-        EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, row.from, row.previous), row.found) << row.border;
+        EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, from, previous), found) << border;
     second.EnableWindow(false);
     EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, first.m_hWnd, true), first.m_hWnd);
     first.ShowWindow(SW_HIDE);
@@ -211,27 +168,33 @@ TEST_F(WindowTreeTest, TabGoesRoundOverWhatCanBeReached) {
 }
 
 TEST_F(WindowTreeTest, RefusesToHangAWindowBelowItself) {
-    RecordedWindow frame("frame", log), child("child", log), other("other", log);
+    RecordedWindow frame("frame", log), child("child", log), other("other", log), owned("owned", log);
     frame.Create(0, nullptr);
     child.Create(WS_CHILD, &frame);
+    owned.Create(WS_POPUP, &frame);
     other.Create(0, nullptr);
     EXPECT_EQ(SetParent(frame.m_hWnd, child.m_hWnd), nullptr);
+    EXPECT_EQ(SetParent(frame.m_hWnd, owned.m_hWnd), nullptr) << "each would take the other along";
     EXPECT_EQ(GetParent(frame.m_hWnd), nullptr);
     EXPECT_EQ(SetParent(child.m_hWnd, other.m_hWnd), frame.m_hWnd);
     EXPECT_TRUE(IsChild(other.m_hWnd, child.m_hWnd));
     EXPECT_EQ(GetFirstChild(frame.m_hWnd), nullptr);
-    RecordedWindow owned("owned", log);
-    owned.Create(WS_POPUP, &frame);
-    EXPECT_EQ(SetParent(frame.m_hWnd, owned.m_hWnd), nullptr) << "each would take the other along";
-    EXPECT_EQ(GetParent(frame.m_hWnd), nullptr);
     SetParent(owned.m_hWnd, other.m_hWnd);
     frame.DestroyWindow();
     EXPECT_TRUE(IsWindow(owned.m_hWnd)) << "a parent takes the place of the owner";
 }
 
-TEST_F(WindowTreeTest, TellsTheDisplayOnceWhenRedrawIsOnAgain) {
+TEST_F(WindowTreeTest, TellsOnlyWhatMovesAndTheDisplayOnceWhenRedrawIsOnAgain) {
     RecordedWindow frame("frame", log);
-    frame.Create(0, nullptr);
+    frame.Create(0, nullptr, 0, {0, 0, 100, 50});
+    Heard();
+    frame.MoveWindow({0, 0, 100, 50});
+    EXPECT_THAT(Heard(), IsEmpty());
+    frame.MoveWindow({5, 0, 105, 50});
+    EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame move"));
+    SetWindowPos(frame.m_hWnd, nullptr, {0, 0, 20, 30}, SWP_NOMOVE);
+    EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame size"));
+    EXPECT_EQ(frame.GetWindowRect(), (CRect{5, 0, 25, 30}));
     display.PaintWindow(frame.m_hWnd);
     display.TakeChanges(frame.m_hWnd);
     frame.SetRedraw(false);
