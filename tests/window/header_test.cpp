@@ -74,28 +74,24 @@ TEST_F(HeaderTest, ADragMayBeRefusedAndItsColumnMayGo) {
     EXPECT_EQ(tracked.notices, (Notices{"changed 0 64", "end 0 64"}));
 }
 
-TEST_F(HeaderTest, DividersChangeTheCursorWithinTheirReach) {
-    for (const auto& [x, cursor] : {std::pair(95, IDC_ARROW), std::pair(96, IDC_SIZEWE),
-                                    std::pair(104, IDC_SIZEWE), std::pair(105, IDC_ARROW)}) {
-        input::Mouse(header, WM_MOUSEMOVE, 0, {x, 10});
-        EXPECT_EQ(display.CursorShown(), cursor) << x;
-    }
-}
-
-TEST_F(HeaderTest, AClickOnATitleTellsItsColumn) {
-    parent.Take();
+TEST_F(HeaderTest, AClickOnATitleTellsItsColumnAndDividersChangeTheCursor) {
     int clicked = -1;
     parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
         if (notice.hdr.code == LVN_COLUMNCLICK)
             clicked = notice.iSubItem;
         return 0;
     };
-    Mouse(WM_LBUTTONDOWN, 120);
-    Mouse(WM_LBUTTONUP, 60); // released over another one
-    EXPECT_EQ(clicked, -1);
-    Mouse(WM_LBUTTONDOWN, 120);
-    Mouse(WM_LBUTTONUP, 125);
-    EXPECT_EQ(clicked, 1);
+    for (const auto& [border, release, told] :
+         Table<int, int>{{"released over another one", 60, -1}, {"over the same", 125, 1}}) {
+        Mouse(WM_LBUTTONDOWN, 120);
+        Mouse(WM_LBUTTONUP, release);
+        EXPECT_EQ(clicked, told) << border;
+    }
+    for (const auto& [x, cursor] : {std::pair(95, IDC_ARROW), std::pair(96, IDC_SIZEWE),
+                                    std::pair(104, IDC_SIZEWE), std::pair(105, IDC_ARROW)}) {
+        input::Mouse(header, WM_MOUSEMOVE, 0, {x, 10});
+        EXPECT_EQ(display.CursorShown(), cursor) << x;
+    }
 }
 
 TEST_F(HeaderTest, ScrollsWithTheListAndHidesByItsStyle) {

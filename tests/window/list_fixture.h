@@ -14,6 +14,9 @@
 
 namespace korvel {
 
+using Notices = std::vector<std::string>;
+using Rows = std::vector<int>;
+
 /// The names of a list's notices, as the tests read them; the others are not logged.
 inline std::string NoticeName(UINT code) {
     static const std::map<UINT, std::string> names = {
@@ -73,12 +76,14 @@ protected:
         parent.notices.clear();
     }
 
+    static constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
     static int RowTop(int row) { return 24 + row * 20; }
     static CPoint InRow(int row, int x = 30) { return {x, RowTop(row) + 10}; }
 
     void Press(CPoint point, UINT flags = 0) {
         input::Mouse(list.m_hWnd, WM_LBUTTONDOWN, flags | MK_LBUTTON, point);
     }
+    void Choose(int row) { list.SetItemState(row, Both, Both); }
     void Click(CPoint point, UINT flags = 0) {
         Press(point, flags);
         input::Mouse(list.m_hWnd, WM_LBUTTONUP, flags, point);
@@ -105,8 +110,5 @@ protected:
     ListParent parent;
     CListCtrl list;
 };
-
-using Notices = std::vector<std::string>;
-using Rows = std::vector<int>;
 
 } // namespace korvel

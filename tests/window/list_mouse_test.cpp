@@ -5,10 +5,9 @@ namespace {
 
 class ListMouse : public ListTest {};
 
-TEST_F(ListMouse, APressSelectsAndAReleaseIsTheClick) {
+TEST_F(ListMouse, APressSelectsAReleaseIsTheClickAndTheCheckBoxToggles) {
     MakeList(3);
     Press(InRow(1));
-    EXPECT_EQ(Selected(), Rows{1});
     EXPECT_EQ(GetFocus(), list.m_hWnd);
     EXPECT_EQ(parent.Take(), (Notices{"changing 1", "changed 1"}));
     input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(1));
@@ -19,6 +18,12 @@ TEST_F(ListMouse, APressSelectsAndAReleaseIsTheClick) {
     Click({180, 100}); // beside the columns
     EXPECT_EQ(Selected(), Rows{});
     EXPECT_EQ(parent.Take(), (Notices{"changing 1", "changed 1", "click -1"}));
+    list.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    Click(InRow(1, 5));
+    EXPECT_EQ(Selected(), Rows{});
+    Click(InRow(1, 20)); // the label beside it selects
+    EXPECT_EQ(Selected(), Rows{1});
+    EXPECT_TRUE(list.GetCheck(1));
 }
 
 TEST_F(ListMouse, ShiftAndControlChooseSeveralRows) {
@@ -48,34 +53,17 @@ TEST_F(ListMouse, ShiftAndControlChooseSeveralRows) {
 
 TEST_F(ListMouse, ADragBeginsAFewPixelsFromThePress) {
     MakeList(3);
-    const auto move = [&](CPoint point, UINT flags) {
-        input::Mouse(list.m_hWnd, WM_MOUSEMOVE, flags, point);
-    };
-    Press(InRow(1));
-    parent.notices.clear();
-    move({33, RowTop(1) + 13}, MK_LBUTTON);
-    EXPECT_EQ(parent.Take(), Notices{});
-    move({34, RowTop(1) + 10}, MK_LBUTTON);
-    EXPECT_EQ(parent.Take(), Notices{"drag 1"});
-    input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(2));
-    EXPECT_EQ(parent.Take(), Notices{}); // what became a drag is no click
-
-    Press(InRow(1));
-    parent.notices.clear();
-    move({90, RowTop(1)}, 0); // released outside of the list
-    move({95, RowTop(1)}, MK_LBUTTON);
-    EXPECT_EQ(parent.Take(), Notices{});
-}
-
-TEST_F(ListMouse, AClickOnTheCheckBoxTogglesIt) {
-    MakeList(2);
-    list.SetExtendedStyle(LVS_EX_CHECKBOXES);
-    Click(InRow(1, 5));
-    EXPECT_TRUE(list.GetCheck(1));
-    EXPECT_EQ(Selected(), Rows{});
-    Click(InRow(1, 20)); // the label beside it selects
-    EXPECT_TRUE(list.GetCheck(1));
-    EXPECT_EQ(Selected(), Rows{1});
+    for (const auto& [border, x, flags, notices] :
+         Table<int, UINT, Notices>{{"too near", 33, MK_LBUTTON, {"click 1"}},
+                                   {"what became a drag is no click", 34, MK_LBUTTON, {"drag 1"}},
+                                   {"released outside of the list", 90, 0, {}}}) {
+        Press(InRow(1));
+        parent.notices.clear();
+        input::Mouse(list.m_hWnd, WM_MOUSEMOVE, flags, InRow(1, x));
+        input::Mouse(list.m_hWnd, WM_MOUSEMOVE, flags, InRow(1, x));
+        input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(1, x));
+        EXPECT_EQ(parent.Take(), notices) << border;
+    }
 }
 
 TEST_F(ListMouse, AHandlerMayDestroyTheListInAnyNotice) {
@@ -152,20 +140,16 @@ TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
 }
 
 TEST_F(ListLabelEdit, TheEditExistsWhileItsBeginningCanBeRefused) {
-    HWND seen = nullptr;
-    LRESULT refusal = 1;
-    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
-        if (notice.hdr.code != LVN_BEGINLABELEDIT)
-            return 0;
-        seen = list.GetEditControl();
-        SetWindowTextA(seen, "from the host");
-        return refusal;
-    };
-    EXPECT_EQ(list.EditLabel(0), nullptr);
-    EXPECT_NE(seen, nullptr);
-    EXPECT_FALSE(IsWindow(seen));
-    refusal = 0;
-    EXPECT_EQ(GetWindowTextA(list.EditLabel(0)), "from the host");
+    for (const bool refused : {true, false}) {
+        HWND seen = nullptr;
+        parent.answer = [&](const NMLISTVIEW& notice) {
+            if (notice.hdr.code == LVN_BEGINLABELEDIT)
+                SetWindowTextA(seen = list.GetEditControl(), "from the host");
+            return refused && notice.hdr.code == LVN_BEGINLABELEDIT;
+        };
+        EXPECT_EQ(list.EditLabel(0) == nullptr, refused);
+        EXPECT_EQ(GetWindowTextA(seen), refused ? "" : "from the host");
+    }
     EXPECT_EQ(list.EditLabel(3), nullptr); // no such row: the running edit has ended all the same
     EXPECT_EQ(list.GetEditControl(), nullptr);
 }
@@ -208,18 +192,16 @@ TEST_F(ListLabelEdit, NoneIsLeftByAHandlerThatBeginsAnotherOrThrows) {
 }
 
 TEST_F(ListLabelEdit, ASecondSlowClickBeginsIt) {
-    using namespace std::chrono_literals;
     list.ModifyStyle(0, LVS_EDITLABELS);
-    Click(InRow(1));
-    display.Advance(1s);
-    EXPECT_EQ(list.GetEditControl(), nullptr);
-    Click(InRow(1));
-    input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1)); // it was a double click
-    display.Advance(1s);
-    EXPECT_EQ(list.GetEditControl(), nullptr);
-    Click(InRow(1));
-    display.Advance(1s);
-    EXPECT_NE(list.GetEditControl(), nullptr);
+    for (const auto& [border, isDouble, begins] : Table<bool, bool>{{"the first click", false, false},
+                                                                    {"a double click", true, false},
+                                                                    {"a slow one", false, true}}) {
+        Click(InRow(1));
+        if (isDouble)
+            input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1));
+        display.Advance(std::chrono::seconds(1));
+        EXPECT_EQ(list.GetEditControl() != nullptr, begins) << border;
+    }
 }
 
 } // namespace

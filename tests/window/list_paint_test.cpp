@@ -43,7 +43,7 @@ TEST_F(ListPaint, AsksOnlyForTheTextsOfRowsInTheClipBox) {
 TEST_F(ListPaint, SelectionShowsByFocusAndStyle) {
     using enum PaintCall::Kind;
     MakeList(3);
-    list.SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    Choose(1);
     const CRect label{0, RowTop(1), 100, RowTop(2)};
     const CRect row{0, RowTop(1), 150, RowTop(2)};
     const COLORREF mark = GetSysColor(COLOR_HIGHLIGHT);
@@ -65,7 +65,7 @@ TEST_F(ListPaint, ColumnsTooNarrowPaintNoTextAndNoneNoMark) {
     list.SetColumnWidth(0, 8);
     EXPECT_EQ(Texts(), std::vector<CString>{""}) << "column 1 alone";
     list.SetFocus();
-    list.SetItemState(0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    Choose(0);
     list.DeleteColumn(0);
     list.DeleteColumn(0);
     EXPECT_TRUE(Paints(PaintCall::Kind::Fill, {0, RowTop(0), 0, RowTop(1)}, GetSysColor(COLOR_HIGHLIGHT)));

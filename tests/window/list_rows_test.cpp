@@ -5,13 +5,25 @@ namespace {
 
 class ListRows : public ListTest {};
 
-TEST_F(ListRows, InsertionAtMinusOneIsRefusedAndBeyondTheEndAppends) {
+TEST_F(ListRows, TextsAreStoredOrAskedForAndMoveWithTheirColumns) {
     MakeList(2);
     EXPECT_EQ(list.InsertItem(-1, "refused"), -1);
     EXPECT_EQ(list.InsertItem(99, "last"), 2);
     EXPECT_EQ(list.InsertItem(0, "first"), 0);
-    EXPECT_EQ(list.GetItemText(1, 0), "row 0");
-    EXPECT_EQ(list.GetItemCount(), 4);
+    list.SetTextSource([](LPARAM data, int column) { return std::to_string(data * 10 + column); });
+    const LPARAM data[] = {4, 5};
+    list.InsertRows(4, data, 2, 0);
+    list.SetItemText(5, 0, "own");
+    list.SetItemText(0, 1, "value");
+    list.InsertColumn(0, "New", 10);
+    list.DeleteColumn(1);
+    EXPECT_FALSE(list.SetItemText(0, 2, "no such column"));
+    for (const auto& [border, row, column, text] :
+         Table<int, int, const char*>{{"the new column", 0, 0, ""},
+                                      {"what stood in column 1", 0, 1, "value"},
+                                      {"asked for", 4, 1, "41"},
+                                      {"a row of the source with a text of its own", 5, 1, ""}})
+        EXPECT_EQ(list.GetItemText(row, column), text) << border;
 }
 
 TEST_F(ListRows, DeletingDeselectsTellsFromTheLastRowUpAndMovesTheFocus) {
@@ -22,7 +34,7 @@ TEST_F(ListRows, DeletingDeselectsTellsFromTheLastRowUpAndMovesTheFocus) {
              {"a range", 2, 1, 4, {"delete 3", "changing 2", "changed 2", "delete 2", "delete 1"}, 1},
              {"reaching beyond the rows: nothing happens", 2, 3, 6, {}, 2}}) {
         MakeList(5);
-        list.SetItemState(selected, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+        Choose(selected);
         parent.notices.clear();
         EXPECT_EQ(list.DeleteRows(first, last), !notices.empty()) << border;
         EXPECT_EQ(parent.Take(), notices) << border;
@@ -34,7 +46,7 @@ TEST_F(ListRows, DeletingDeselectsTellsFromTheLastRowUpAndMovesTheFocus) {
 
 TEST_F(ListRows, RowsGoQuietlyAndTheEndOfALabelEditIsToldBehind) {
     MakeList(6, LVS_EDITLABELS);
-    list.SetItemState(3, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    Choose(3);
     ASSERT_TRUE(list.SendMessageA(LVM_EDITLABEL, 3));
     EXPECT_FALSE(list.DeleteRowsQuietly(4, 7));
     parent.notices.clear();
@@ -96,7 +108,7 @@ TEST_F(ListRows, AHandlerMayInsertAndRemoveRowsOrEndTheListDuringARemoval) {
 
 TEST_F(ListRows, RowsRememberTheirPlaceWhenOthersComeAndGo) {
     MakeList(3);
-    list.SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    Choose(1);
     list.SetSelectionMark(1);
     const LPARAM data[] = {7, 8};
     EXPECT_EQ(list.InsertRows(0, data, 2, 3), 0);
@@ -109,17 +121,6 @@ TEST_F(ListRows, RowsRememberTheirPlaceWhenOthersComeAndGo) {
     EXPECT_EQ(Focused(), 2);
     list.DeleteItem(2);
     EXPECT_EQ(list.GetSelectionMark(), -1);
-}
-
-TEST_F(ListRows, ARowWithoutTextsAsksTheTextSource) {
-    MakeList(0);
-    list.SetTextSource([](LPARAM data, int column) { return std::to_string(data * 10 + column); });
-    const LPARAM data[] = {4, 5};
-    list.InsertRows(0, data, 2, 0);
-    EXPECT_EQ(list.GetItemText(1, 1), "51");
-    list.SetItemText(1, 0, "own");
-    EXPECT_EQ(list.GetItemText(1, 0), "own");
-    EXPECT_EQ(list.GetItemText(0, 0), "40");
 }
 
 TEST_F(ListRows, ATextSourceMayEndRowsItselfOrTheListWhileItIsAsked) {
@@ -149,17 +150,6 @@ TEST_F(ListRows, ATextSourceMayEndRowsItselfOrTheListWhileItIsAsked) {
             EXPECT_GE(asked, 1);
             list.DestroyWindow();
         }
-}
-
-TEST_F(ListRows, StoredTextsMoveWithTheirColumns) {
-    MakeList(1);
-    list.SetItemText(0, 1, "value");
-    list.InsertColumn(0, "New", 10);
-    EXPECT_EQ(list.GetItemText(0, 0), "");
-    EXPECT_EQ(list.GetItemText(0, 2), "value");
-    list.DeleteColumn(1);
-    EXPECT_EQ(list.GetItemText(0, 1), "value");
-    EXPECT_FALSE(list.SetItemText(0, 2, "no such column"));
 }
 
 } // namespace

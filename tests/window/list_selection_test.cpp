@@ -3,28 +3,24 @@
 namespace korvel {
 namespace {
 
-constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
-
 class ListSelection : public ListTest {};
 
 TEST_F(ListSelection, TheFormerRowLosesFocusAndThenSelectionBeforeTheNewOneGains) {
     MakeList(3);
-    list.SetItemState(0, Both, Both);
+    Choose(0);
     parent.notices.clear();
-    list.SetItemState(2, Both, Both);
+    Choose(2);
     EXPECT_EQ(parent.Take(),
               (Notices{"changing 0", "changed 0", "changing 0", "changed 0", "changing 2", "changed 2"}));
     EXPECT_EQ(Selected(), Rows{2});
-    list.SetItemState(2, Both, Both); // no change is told
+    Choose(2); // no change is told
     EXPECT_EQ(parent.Take(), Notices{});
-}
-
-TEST_F(ListSelection, ARefusedChangeLeavesTheRowAsItWas) {
-    MakeList(3);
+    list.SetItemState(2, 0, Both);
+    parent.notices.clear();
     parent.answer = [](const NMLISTVIEW& notice) -> LRESULT { return notice.iItem == 1; };
     EXPECT_FALSE(list.SetItemState(1, Both, Both));
     EXPECT_EQ(list.GetItemState(1, Both), 0u);
-    EXPECT_EQ(parent.Take(), Notices{"changing 1"});
+    EXPECT_EQ(parent.Take(), Notices{"changing 1"}) << "a refused change";
 }
 
 TEST_F(ListSelection, RowMinusOneMeansAllRows) {

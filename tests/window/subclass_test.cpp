@@ -50,19 +50,11 @@ TEST_F(SubclassTest, AnObjectMayGoFromBelowAHook) {
     SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(g_former));
     next.UnsubclassWindow();
     EXPECT_EQ(GetWindowLongPtrA(window, GWLP_WNDPROC), reinterpret_cast<LPARAM>(ClassProcedure));
+    ASSERT_TRUE(object.Create(0, nullptr));
+    EXPECT_FALSE(next.SubclassWindow(object.m_hWnd) || next.SubclassWindow(nullptr)) << "one object a window";
+    EXPECT_FALSE(object.SubclassWindow(window) || object.Create(0, nullptr)) << "one window an object";
+    EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
     DestroyWindow(window);
-}
-
-TEST_F(SubclassTest, OneObjectAWindowAndOneWindowAnObject) {
-    RecordedWindow object("object", log), rival("rival", log);
-    object.Create(0, nullptr);
-    EXPECT_FALSE(rival.SubclassWindow(object.m_hWnd));
-    EXPECT_FALSE(rival.SubclassWindow(nullptr));
-    const HWND other = MakeClassWindow();
-    EXPECT_FALSE(object.SubclassWindow(other));
-    EXPECT_FALSE(object.Create(0, nullptr));
-    EXPECT_EQ(CWnd::FromHandlePermanent(other), nullptr);
-    DestroyWindow(other);
 }
 
 struct ReflectingControl : CWnd {

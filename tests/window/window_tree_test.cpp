@@ -212,12 +212,11 @@ TEST_F(WindowTreeTest, ANewDisplayIsToldOfTheWindowsThatExist) {
     frame.Create(WS_VISIBLE, nullptr);
     child.Create(WS_CHILD | WS_VISIBLE, &frame);
     child.SetFocus();
-    {
-        HeadlessDisplay second;
-        SetDisplay(&second);
-        EXPECT_TRUE(second.IsInvalid(frame.m_hWnd) && second.IsInvalid(child.m_hWnd));
-        EXPECT_EQ(second.FocusShown(), child.m_hWnd);
-    }
+    auto second = std::make_unique<HeadlessDisplay>();
+    SetDisplay(second.get());
+    EXPECT_TRUE(second->IsInvalid(frame.m_hWnd) && second->IsInvalid(child.m_hWnd));
+    EXPECT_EQ(second->FocusShown(), child.m_hWnd);
+    second = nullptr;
     EXPECT_NE(&Display(), &display) << "a display that dies leaves the default one";
     frame.Invalidate();
 }
