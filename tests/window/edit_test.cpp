@@ -151,18 +151,16 @@ TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {
 
 TEST_F(EditTest, AHandlerMayReplaceTheTextOrDestroyTheFieldDuringItsChange) {
     MakeEdit();
-    int depth = 0;
+    int changes = 0;
     parent.onNotice = [&](UINT code) {
-        if (code == EN_CHANGE && depth++ == 0)
+        if (code == EN_CHANGE && ++changes == 1)
             edit.SetWindowTextA("!");
+        if (code == EN_CHANGE && changes == 3)
+            edit.DestroyWindow();
     };
     Type("a");
     EXPECT_EQ(edit.GetWindowTextA(), "!");
     Press(VK_END);
-    parent.onNotice = [&](UINT code) {
-        if (code == EN_CHANGE)
-            edit.DestroyWindow();
-    };
     Type("a");
     EXPECT_EQ(edit.m_hWnd, nullptr);
 }

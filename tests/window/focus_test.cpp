@@ -34,37 +34,26 @@ TEST_F(FocusTest, TellsTheDisplayBeforeTheLoserAndTheLoserBeforeTheWinner) {
 
 TEST_F(FocusTest, StopsWhenItIsMovedOn) {
     struct CommittingDisplay : HeadlessDisplay {
-        std::function<void()> commit;
+        std::function<void()> commit = [] {};
         void Focus(HWND window) override {
             HeadlessDisplay::Focus(window);
-            if (commit)
-                std::exchange(commit, nullptr)();
+            std::exchange(commit, [] {})();
         }
     } committing;
     SetDisplay(&committing);
-    const Table<std::function<void()>, HWND, Log> rows = {
-        {"by the loser",
-         [this] { first.on[WM_KILLFOCUS] = [this] { group.SetFocus(); }; },
-         group.m_hWnd,
-         {"first no focus", "group focus"}},
-        {"by the loser, who holds it back",
-         [this] { first.on[WM_KILLFOCUS] = [this] { first.SetFocus(); }; },
-         first.m_hWnd,
-         {"first no focus", "first focus"}},
-        {"by the display, which commits an input",
-         [&] { committing.commit = [this] { group.SetFocus(); }; },
-         group.m_hWnd,
-         {"first no focus", "group focus"}},
-    };
-    for (const auto& [border, prepare, winner, heard] : rows) {
+    for (const auto& [border, byDisplay, winner] :
+         Table<bool, RecordedWindow*>{{"by the loser", false, &group},
+                                      {"by the loser, who holds it back", false, &first},
+                                      {"by the display, which commits an input", true, &group}}) {
         first.on.clear();
         first.SetFocus();
         Heard();
-        prepare();
+        const auto moveOn = [next = winner] { next->SetFocus(); };
+        (byDisplay ? committing.commit : first.on[WM_KILLFOCUS]) = moveOn;
         second.SetFocus();
-        EXPECT_EQ(GetFocus(), winner) << border;
-        EXPECT_EQ(committing.FocusShown(), winner) << border;
-        EXPECT_EQ(Heard(), heard) << border;
+        EXPECT_EQ(GetFocus(), winner->m_hWnd) << border;
+        EXPECT_EQ(committing.FocusShown(), winner->m_hWnd) << border;
+        EXPECT_THAT(Heard(), ElementsAre("first no focus", winner == &first ? "first focus" : "group focus"));
     }
 }
 

@@ -66,7 +66,6 @@ TEST_F(InputTest, AWindowMayDieOnTheWay) {
 
 TEST_F(InputTest, ANativeWidgetActsOnlyWhenEverythingWasLeftToIt) {
     NativeDisplay native;
-    SetDisplay(&native);
     static bool acted;
     RegisterClassA("InputTestControl",
                    [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
@@ -76,28 +75,21 @@ TEST_F(InputTest, ANativeWidgetActsOnlyWhenEverythingWasLeftToIt) {
                    });
     RecordedWindow control("control", log);
     control.CreateEx(0, "InputTestControl", "", WS_CHILD | WS_VISIBLE, {}, &frame, 2);
-    const Table<std::function<void(RecordedWindow&)>, bool, bool> rows = {
-        {"all left", [](RecordedWindow&) {}, false, false},
-        {"the key is handled", [](RecordedWindow& w) { w.answer[WM_KEYDOWN] = 0; }, true, false},
-        {"a character is handled", [](RecordedWindow& w) { w.answer[WM_CHAR] = 0; }, true, false},
-        {"a handler sends a character of its own",
-         [](RecordedWindow& w) { w.on[WM_KEYDOWN] = [&w] { w.SendMessageA(WM_CHAR, 'x'); }; }, false, true},
-    };
-    for (const auto& [border, prepare, consumed, actedItself] : rows) {
+    for (const auto& [border, prepare, consumed, actedItself] : Table<std::function<void()>, bool, bool>{
+             {"all left", [] {}, false, false},
+             {"the key is handled", [&] { control.answer[WM_KEYDOWN] = 0; }, true, false},
+             {"a character is handled", [&] { control.answer[WM_CHAR] = 0; }, true, false},
+             {"a handler sends a character of its own",
+              [&] { control.on[WM_KEYDOWN] = [&] { control.SendMessageA(WM_CHAR, 'x'); }; }, false, true},
+             {"no native widgets", [&] { SetDisplay(&display); }, false, true}}) {
+        SetDisplay(&native);
         acted = false;
         control.on.clear();
         control.answer.clear();
-        prepare(control);
+        prepare();
         EXPECT_EQ(input::Key(control.m_hWnd, WM_KEYDOWN, 'A', "a"), consumed) << border;
         EXPECT_EQ(acted, actedItself) << border;
     }
-    control.on.clear();
-    SetDisplay(&display);
-    input::Key(control.m_hWnd, WM_KEYDOWN, 'A', "");
-    EXPECT_TRUE(acted) << "without native widgets the control acts";
-    SetDisplay(&native);
-    control.DestroyWindow();
-    frame.DestroyWindow();
 }
 
 TEST_F(InputTest, TheWheelAndTheMenuGoOutwardsAndTheMouseToWhoHasTheCapture) {
