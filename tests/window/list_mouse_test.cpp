@@ -166,29 +166,21 @@ TEST_F(ListLabelEdit, FollowsItsRowAndGivesItTheTextThatItKeepsItself) {
 }
 
 TEST_F(ListLabelEdit, NoneIsLeftByAHandlerThatBeginsAnotherOrThrows) {
-    HWND edit = Begin(1, "typed");
-    HWND next = edit;
+    const HWND edit = Begin(1, "typed");
     parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
-        if (notice.hdr.code == LVN_ENDLABELEDIT)
-            next = list.EditLabel(2);
-        return 1;
+        return notice.hdr.code == LVN_ENDLABELEDIT && !list.EditLabel(2);
     };
     input::Key(edit, WM_KEYDOWN, VK_RETURN, "\r");
-    EXPECT_EQ(next, nullptr);
-    EXPECT_FALSE(IsWindow(edit));
     EXPECT_EQ(list.GetItemText(1, 0), "typed");
     EXPECT_EQ(list.GetItemText(2, 0), "row 2");
-    parent.answer = nullptr;
-    edit = Begin(1, "typed");
-    parent.answer = [](const NMLISTVIEW& notice) -> LRESULT {
-        if (notice.hdr.code == LVN_ENDLABELEDIT || notice.hdr.code == LVN_BEGINLABELEDIT)
-            throw std::runtime_error("refused");
-        return 0;
-    };
-    EXPECT_THROW(list.CancelEditLabel(), std::runtime_error);
-    EXPECT_FALSE(IsWindow(edit));
-    EXPECT_THROW(list.EditLabel(1), std::runtime_error);
-    EXPECT_EQ(list.GetEditControl(), nullptr);
+    for (const UINT thrower : {LVN_BEGINLABELEDIT, LVN_ENDLABELEDIT}) {
+        parent.answer = [=](const NMLISTVIEW& notice) -> LRESULT {
+            return notice.hdr.code == thrower ? throw std::runtime_error("refused") : 0;
+        };
+        EXPECT_THROW((list.EditLabel(1), list.CancelEditLabel()), std::runtime_error);
+        EXPECT_EQ(list.GetEditControl(), nullptr);
+        EXPECT_EQ(GetNextSibling(GetFirstChild(list.m_hWnd)), nullptr) << "the header alone";
+    }
 }
 
 TEST_F(ListLabelEdit, ASecondSlowClickBeginsIt) {

@@ -64,13 +64,12 @@ TEST_F(ThreadsTest, SendsAndPostsRunOnTheOwnersThreadInTheOrderOfEachSender) {
 }
 
 TEST_F(ThreadsTest, ASenderIsReleasedWhenTheWindowGoes) {
-    std::atomic<bool> started = false;
+    std::promise<void> started;
     auto result = std::async(std::launch::async, [&, handle = window.m_hWnd] {
-        started = true;
+        started.set_value();
         return korvel::SendMessageA(handle, WM_USER, 0, 0);
     });
-    while (!started)
-        std::this_thread::yield();
+    started.get_future().wait();
     window.DestroyWindow(); // nothing pumps: the send waits, or finds no window
     EXPECT_EQ(result.get(), 0);
     EXPECT_THAT(Heard(), ElementsAre("window destroy", "window end"));

@@ -135,36 +135,32 @@ TEST_F(WindowTreeTest, TurnsPointsThroughBordersAndParents) {
 }
 
 TEST_F(WindowTreeTest, TabGoesRoundOverWhatCanBeReached) {
-    RecordedWindow frame("frame", log), group("group", log), hidden("hidden", log);
-    RecordedWindow first("first", log), second("second", log), inside("inside", log);
-    RecordedWindow label("label", log), unreachable("unreachable", log);
     constexpr UINT Shown = WS_CHILD | WS_VISIBLE;
     constexpr UINT Stop = Shown | WS_TABSTOP;
-    frame.Create(WS_VISIBLE, nullptr);
-    first.Create(Stop, &frame);
-    inside.Create(Stop, &first); // as an edit in a cell
-    label.Create(Shown, &frame);
-    hidden.Create(WS_CHILD, &frame);
-    hidden.ModifyStyleEx(0, WS_EX_CONTROLPARENT);
-    unreachable.Create(Stop, &hidden);
-    group.Create(Shown, &frame);
-    group.ModifyStyleEx(0, WS_EX_CONTROLPARENT);
-    second.Create(Stop, &group);
-    for (const auto& [border, from, previous, found] : Table<HWND, bool, HWND>{
-             {"into a group", first.m_hWnd, false, second.m_hWnd},
-             {"round the end", second.m_hWnd, false, first.m_hWnd},
-             {"from nowhere back", nullptr, true, second.m_hWnd},
-             {"from nowhere on", nullptr, false, first.m_hWnd},
-             {"out of a control", inside.m_hWnd, false, second.m_hWnd},
-             {"on from what is no stop", label.m_hWnd, false, second.m_hWnd},
-             {"back from what is no stop", label.m_hWnd, true, first.m_hWnd},
-             {"from what is hidden", unreachable.m_hWnd, false, second.m_hWnd},
-         })
-        EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, from, previous), found) << border;
-    second.EnableWindow(false);
-    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, first.m_hWnd, true), first.m_hWnd);
-    first.ShowWindow(SW_HIDE);
-    EXPECT_EQ(GetNextDlgTabItem(frame.m_hWnd, first.m_hWnd, true), nullptr);
+    const auto make = [](UINT exStyle, UINT style, HWND parent) {
+        return CreateWindowExA(exStyle, "KorvelFrame", "", style, {}, parent, 0);
+    };
+    const HWND frame = make(0, WS_VISIBLE, nullptr);
+    const HWND first = make(0, Stop, frame);
+    const HWND inside = make(0, Stop, first); // as an edit in a cell
+    const HWND label = make(0, Shown, frame);
+    const HWND unreachable = make(0, Stop, make(WS_EX_CONTROLPARENT, WS_CHILD, frame));
+    const HWND second = make(0, Stop, make(WS_EX_CONTROLPARENT, Shown, frame));
+    for (const auto& [border, from, previous, found] :
+         Table<HWND, bool, HWND>{{"into a group", first, false, second},
+                                 {"round the end", second, false, first},
+                                 {"from nowhere back", nullptr, true, second},
+                                 {"from nowhere on", nullptr, false, first},
+                                 {"out of a control", inside, false, second},
+                                 {"on from what is no stop", label, false, second},
+                                 {"back from what is no stop", label, true, first},
+                                 {"from what is hidden", unreachable, false, second}})
+        EXPECT_EQ(GetNextDlgTabItem(frame, from, previous), found) << border;
+    EnableWindow(second, false);
+    EXPECT_EQ(GetNextDlgTabItem(frame, first, true), first);
+    ShowWindow(first, SW_HIDE);
+    EXPECT_EQ(GetNextDlgTabItem(frame, first, true), nullptr);
+    DestroyWindow(frame);
 }
 
 TEST_F(WindowTreeTest, RefusesToHangAWindowBelowItself) {
