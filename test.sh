@@ -24,4 +24,5 @@ esac
 
 require_packages "${build_packages[@]}" "${test_packages[@]}"
 build "$preset" || exit 1
+export TSAN_OPTIONS="suppressions=$PWD/tests/tsan_suppressions.txt ${TSAN_OPTIONS:-}"
 exec ctest --test-dir "build/$preset" --output-on-failure --no-tests=error -j "$(nproc)" </dev/null

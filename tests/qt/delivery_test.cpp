@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
+#include <atomic>
 #include <gmock/gmock.h>
 #include <thread>
 
@@ -157,8 +158,12 @@ TEST_F(Delivery, WindowsMayEndInALoopInsideTheirOwnEvents) {
 TEST_F(Delivery, AnotherThreadIsAnsweredByTheDesktopsLoop) {
     m_edit.SetWindowTextA("from afar");
     CString text;
-    std::thread reader([&] { text = korvel::GetWindowTextA(m_edit.m_hWnd); });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !text.empty(); }, 2000));
+    std::atomic<bool> isRead = false;
+    std::thread reader([&] {
+        text = korvel::GetWindowTextA(m_edit.m_hWnd);
+        isRead = true;
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isRead.load(); }, 2000));
     reader.join();
     EXPECT_EQ(text, "from afar");
 }
@@ -166,7 +171,8 @@ TEST_F(Delivery, AnotherThreadIsAnsweredByTheDesktopsLoop) {
 TEST_F(Delivery, PopupsOfQtDoNotTakeTheFocusAway) {
     QMenu menu;
     menu.addAction(QStringLiteral("one"));
-    QTimer::singleShot(10, &menu, [&] {
+    QTimer::singleShot(0, &menu, [&] {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return qApp->focusWindow() == menu.windowHandle(); }, 2000));
         EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
         menu.close();
     });
