@@ -101,14 +101,16 @@ void ComboModel::ExpandParent(CComboTreeItem* item) {
 }
 
 /// The sink hears when all is there. At most one row came: what stands under a new group is not shown.
-CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, long id, CVariantValue value) {
+CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, long id, CVariantValue&& value) {
     const ComboTree::Keep keep(m_Tree);
     const unsigned binding = m_binding;
     const auto separator = PathSeparator();
     if (binding != m_binding || (parent && !IsInTree(*parent))) {
         return nullptr;
     }
-    const std::string text = value.ToText();
+    const std::string converted = value.Type == DT_String ? std::string() : value.ToText();
+    const std::string_view text =
+        value.Type == DT_String ? value.Text : converted; // its own text is not copied
     CComboTreeItem* under = parent ? parent : &m_Tree.Root();
     CComboTreeItem* newGroup = nullptr;
     std::string_view label = text; // a text without any segment stays whole

@@ -72,7 +72,7 @@ public:
     // Entries and groups; a null parent is the root.
 
     /// Null when the host has ended the binding, or taken the parent away, meanwhile.
-    CComboTreeItem* InsertItem(CComboTreeItem* parent, long id, CVariantValue value);
+    CComboTreeItem* InsertItem(CComboTreeItem* parent, long id, CVariantValue&& value);
     CComboTreeItem* InsertItem(CComboTreeItem* parent, std::string_view name);
     /// Has the enumeration make an entry; answers its item, null when it refuses.
     CComboTreeItem* AddValue(const std::string& name, const std::string& group);

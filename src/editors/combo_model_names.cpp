@@ -178,7 +178,7 @@ void ComboModel::RenameGroupItem(CComboTreeItem& item, std::list<std::string> se
 
 void ComboModel::MoveToItsPath(CComboTreeItem& item, const CVariantValue& name) {
     const bool isChecked = ComboTree::IsChecked(item);
-    CComboTreeItem* const moved = InsertItem(nullptr, item.GetId(), name);
+    CComboTreeItem* const moved = InsertItem(nullptr, item.GetId(), CVariantValue(name));
     if (moved) {
         m_Tree.SetCheck(*moved, isChecked);
     }

@@ -28,8 +28,9 @@ CComboTreeItem* ComboRows::At(int row) const {
 
 int ComboRows::RowOf(const CComboTreeItem& item) const {
     const Block& block = *item.m_pBlock;
-    const auto found = std::find(block.items.begin(), block.items.end(), &item);
-    return m_index.Start(block.index) + static_cast<int>(found - block.items.begin());
+    // From the end: while a list is built, it is the last row that is asked for.
+    const auto found = std::find(block.items.rbegin(), block.items.rend(), &item);
+    return m_index.Start(block.index) + static_cast<int>(block.items.rend() - found) - 1;
 }
 
 void ComboRows::Insert(int row, std::span<CComboTreeItem* const> items) {

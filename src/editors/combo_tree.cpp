@@ -54,7 +54,8 @@ ComboTree::~ComboTree() {
     Clear();
 }
 
-CComboTreeItem& ComboTree::AddValue(CComboTreeItem& parent, long id, CVariantValue value, std::string label) {
+CComboTreeItem& ComboTree::AddValue(CComboTreeItem& parent, long id, CVariantValue&& value,
+                                    std::string label) {
     auto child = std::make_unique<CComboTreeItem>();
     child->m_bIsValue = true;
     child->m_Id = id;

@@ -13,7 +13,7 @@ namespace korvel {
 ///
 ///     ComboTree tree;
 ///     auto& fills = tree.AddGroup(tree.Root(), "fills");
-///     auto& sand = tree.AddValue(fills, 7, value, "sand");
+///     auto& sand = tree.AddValue(fills, 7, std::move(value), "sand");
 ///     tree.Expand(fills);          // rows 1 to before 2 came
 ///     tree.SetCheck(sand, true);
 ///     fills.GetChecked();          // 1
@@ -52,7 +52,7 @@ public:
     CComboTreeItem* ItemAt(int row) const { return m_rows.Has(row) ? m_rows.At(row) : nullptr; }
 
     /// A new last child of `parent`; it has a row when `parent` and everything above it is expanded.
-    CComboTreeItem& AddValue(CComboTreeItem& parent, long id, CVariantValue value, std::string label);
+    CComboTreeItem& AddValue(CComboTreeItem& parent, long id, CVariantValue&& value, std::string label);
     CComboTreeItem& AddGroup(CComboTreeItem& parent, std::string label);
     /// The first child with this label, group or value, or null.
     CComboTreeItem* FindChild(CComboTreeItem& parent, std::string_view label);
