@@ -78,6 +78,8 @@ private:
     std::vector<std::vector<wxPGProperty*>> m_members;
 };
 
+} // namespace
+
 class BenchmarkApp : public wxApp {
 public:
     bool OnInit() override { return true; }
@@ -91,7 +93,5 @@ public:
         return 0;
     }
 };
-
-} // namespace
 
 wxIMPLEMENT_APP(BenchmarkApp);

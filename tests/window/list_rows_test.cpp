@@ -88,7 +88,7 @@ TEST_F(ListRows, AHandlerMayInsertAndRemoveRowsOrEndTheListDuringARemoval) {
         parent.answer = nullptr;
         MakeList(6);
         bool acted = false;
-        parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        parent.answer = [&, &act = act](const NMLISTVIEW& notice) -> LRESULT {
             if (notice.hdr.code == LVN_DELETEITEM && notice.iItem == 4 && !std::exchange(acted, true))
                 act();
             return 0;
