@@ -149,6 +149,7 @@ TEST_F(ListLabelEdit, TheEditExistsWhileItsBeginningCanBeRefused) {
         };
         EXPECT_EQ(list.EditLabel(0) == nullptr, refused);
         EXPECT_EQ(GetWindowTextA(seen), refused ? "" : "from the host");
+        parent.answer = nullptr;
     }
     EXPECT_EQ(list.EditLabel(3), nullptr); // no such row: the running edit has ended all the same
     EXPECT_EQ(list.GetEditControl(), nullptr);

@@ -91,7 +91,8 @@ TEST_F(ListSelection, SpaceTogglesTheCheckWhichIsPartOfTheState) {
     Key(VK_DOWN);
     std::pair<UINT, UINT> told;
     parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
-        told = {notice.uOldState & LVIS_STATEIMAGEMASK, notice.uNewState & LVIS_STATEIMAGEMASK};
+        if (notice.hdr.code == LVN_ITEMCHANGED)
+            told = {notice.uOldState & LVIS_STATEIMAGEMASK, notice.uNewState & LVIS_STATEIMAGEMASK};
         return 0;
     };
     Key(VK_SPACE, " ");
