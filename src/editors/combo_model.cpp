@@ -105,12 +105,13 @@ CComboTreeItem* ComboModel::InsertItem(CComboTreeItem* parent, long id, CVariant
     const ComboTree::Keep keep(m_Tree);
     const unsigned binding = m_binding;
     const auto separator = PathSeparator();
+    // A string is not copied to be split. A list asks its host.
+    const bool isString = value.Type == DT_String;
+    const std::string converted = isString ? std::string() : value.ToText();
+    const std::string_view text = isString ? value.Text : converted;
     if (binding != m_binding || (parent && !IsInTree(*parent))) {
         return nullptr;
     }
-    const std::string converted = value.Type == DT_String ? std::string() : value.ToText();
-    const std::string_view text =
-        value.Type == DT_String ? value.Text : converted; // its own text is not copied
     CComboTreeItem* under = parent ? parent : &m_Tree.Root();
     CComboTreeItem* newGroup = nullptr;
     std::string_view label = text; // a text without any segment stays whole
@@ -220,14 +221,18 @@ void ComboModel::RemoveEntry(CComboTreeItem& item) {
 }
 
 void ComboModel::RefreshLabels() {
+    const ComboTree::Keep keep(m_Tree);
     const unsigned binding = m_binding;
     const auto separator = PathSeparator();
-    if (binding != m_binding) {
-        return;
-    }
-    for (CComboTreeItem* item = &m_Tree.Root(); item; item = item->GetNextUnder(m_Tree.Root())) {
-        if (item->IsValue() && item->GetValue().Type != DT_Group) {
-            m_Tree.SetLabel(*item, 0, Segments(item->GetValue().ToText(), separator).back());
+    for (CComboTreeItem* item = &m_Tree.Root(); item && binding == m_binding;
+         item = item->GetNextUnder(m_Tree.Root())) {
+        if (!item->IsValue() || item->GetValue().Type == DT_Group) {
+            continue;
+        }
+        const CVariantValue value = item->GetValue(); // a list asks its host, who may take the entry away
+        const std::string text = value.ToText();
+        if (binding == m_binding) {
+            m_Tree.SetLabel(*item, 0, Segments(text, separator).back());
         }
     }
 }

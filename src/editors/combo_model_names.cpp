@@ -68,8 +68,7 @@ bool ComboModel::RenameName(CComboTreeItem& item, const std::string& oldPath, co
 }
 
 /// What stands under an entry keeps its name, and only seems renamed as long as the rows stand: kept. A name
-/// that is no text is renamed by the text that the user typed: what it means is the enumeration's
-/// affair.
+/// that is no text is renamed by the text that the user typed: what it means is the enumeration's affair.
 bool ComboModel::RenameValue(CComboTreeItem& item, const std::string& newPath) {
     const unsigned binding = m_binding;
     const long id = item.GetId();

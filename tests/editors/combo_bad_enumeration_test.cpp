@@ -32,6 +32,8 @@ protected:
             path += std::string(1, static_cast<char>('a' + Pick(4))) + (depth > 0 ? "/" : "");
         return path;
     }
+    /// Some names are lists, whose text is asked for.
+    CVariantValue AnyValue() { return Pick(8) == 0 ? inner.ValueOf(",1,") : TextValue(AnyName()); }
     long AnyId() { return shown.entries.empty() ? 0 : shown.entries[Pick(shown.entries.size())].id; }
     CComboTreeItem* AnyItem() { return list->GetTreeItem(Pick(list->GetItemCount())); }
 
@@ -39,11 +41,12 @@ protected:
         static const std::uint32_t kinds[] = {0, ENF_CheckBoxes, ENF_Tree, Both, Both | 2};
         shown = TestEnumeration({}, kinds[Pick(5)] | ENF_Add | ENF_Delete | ENF_Rename);
         for (long id = 10 + Pick(15); id >= 10; --id)
-            shown.entries.push_back({Pick(6) == 0 ? 3 : id, TextValue(AnyName())});
+            shown.entries.push_back({Pick(6) == 0 ? 3 : id, AnyValue()});
         shown.type = Pick(6) == 0 ? DT_Group : DT_String;
         shown.separator = Pick(10) == 0 ? "" : "/";
         shown.images = "plan.png";
-        shown.onCall = [this](const std::string&, long) { Meddle(); };
+        inner.entries = {{1, TextValue("x/y")}};
+        inner.onCall = shown.onCall = [this](const std::string&, long) { Meddle(); };
     }
 
     /// What the host, or the owner of the list, does when it has been asked and told often enough.
@@ -65,12 +68,12 @@ protected:
                     list->OnDestroyEnumValue(&shown, entry.id);
             },
             [&] {
-                shown.entries.push_back({50 + Pick(5), TextValue(AnyName())});
+                shown.entries.push_back({50 + Pick(5), AnyValue()});
                 list->OnAddEnumValue(&shown, shown.entries.back().id);
             },
             [&] {
                 if (auto* const entry = shown.Find(id))
-                    entry->name = TextValue(AnyName());
+                    entry->name = AnyValue();
                 list->OnRenameEnumValue(&shown, id, {});
             },
         };
@@ -102,6 +105,7 @@ protected:
 
     std::mt19937 random{7};
     TestEnumeration shown;
+    TestEnumeration inner;
     int countdown = -1; // calls until the host meddles; negative: it does not
     int deed = 0;
 };
