@@ -1,8 +1,8 @@
 // The drop-down tree list beside QTreeWidget: 100 entries in each group, check boxes on groups and entries.
 
-#include "editors/combo_list.h"
+#include "korvel/editors/combo_list.h"
 #include "measure.h"
-#include "window/headless_display.h"
+#include "korvel/window/display/headless_display.h"
 
 #include <QApplication>
 #include <QTreeWidget>

@@ -1,7 +1,7 @@
 // From a fresh text to its value, against fparser and muParser; the parser objects are reused.
 
 #include "measure.h"
-#include "parser/numeric_parser.h"
+#include "korvel/parser/numeric_parser.h"
 
 #include <fparser.hh>
 #include <muParser.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "values/member_dispatch.h"
+#include "korvel/values/member_dispatch.h"
 
 #include <cstdio>
 #include <cstdlib>

@@ -1,8 +1,8 @@
 // Number and date text under German formats against fmt, QLocale, ICU and strftime.
 
 #include "measure.h"
-#include "output/date_output.h"
-#include "output/number_output.h"
+#include "korvel/output/date_output.h"
+#include "korvel/output/number_output.h"
 
 #include <QDateTime>
 #include <QLocale>

@@ -1,10 +1,10 @@
 // The attribute grid, QTreeWidget and QTreeView over a model of its own, with the objects of the comparison.
 
-#include "grid/editable_grid.h"
-#include "qt/embed.h"
-#include "qt/qt_display.h"
+#include "korvel/grid/editable_grid.h"
+#include "korvel/qt/embed.h"
+#include "korvel/qt/qt_display.h"
 #include "tree_scenario.h"
-#include "window/display.h"
+#include "korvel/window/display/display.h"
 
 #include <QAbstractItemModel>
 #include <QApplication>

@@ -5,12 +5,12 @@ set(KORVEL_EMPTY_SOURCE ${CMAKE_CURRENT_LIST_DIR}/empty.cpp)
 
 # korvel_folder(NAME USES folder... LINKS library...)
 #
-# One object library korvel_NAME from src/NAME. USES lists the folders whose objects a program that
+# One object library korvel_NAME from src/korvel/NAME. USES lists the folders whose objects a program that
 # holds this folder needs as well; it is followed to its end.
 function(korvel_folder name)
   cmake_parse_arguments(arg "" "" "USES;LINKS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp
-                                      ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.h)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/korvel/${name}/*.cpp
+                                              ${CMAKE_CURRENT_SOURCE_DIR}/korvel/${name}/*.h)
   add_library(korvel_${name} OBJECT ${sources} ${KORVEL_EMPTY_SOURCE})
   set_target_properties(korvel_${name} PROPERTIES LINKER_LANGUAGE CXX)
   target_include_directories(korvel_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)

@@ -1,8 +1,8 @@
 // First byte: the decimal separator. Rest: the text of a numeric cell.
 
 #include "fuzz_target.h"
-#include "parser/numeric_parser.h"
-#include "platform/error.h"
+#include "korvel/parser/numeric_parser.h"
+#include "korvel/platform/error.h"
 #include "reference_expression.h"
 
 #include <cmath>

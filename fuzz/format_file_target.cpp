@@ -1,11 +1,11 @@
 // The input is a file of saved formats.
 
 #include "fuzz_target.h"
-#include "output/angle_output.h"
-#include "output/date_output.h"
-#include "output/format_persistence.h"
-#include "output/number_output.h"
-#include "platform/error.h"
+#include "korvel/output/angle_output.h"
+#include "korvel/output/date_output.h"
+#include "korvel/output/format_persistence.h"
+#include "korvel/output/number_output.h"
+#include "korvel/platform/error.h"
 
 #include <sstream>
 #include <stdexcept>

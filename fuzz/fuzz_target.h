@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/regional_settings.h"
-#include "platform/settings_store.h"
+#include "korvel/platform/regional_settings.h"
+#include "korvel/platform/settings_store.h"
 
 #include <cstddef>
 #include <cstdint>

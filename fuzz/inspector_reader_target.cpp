@@ -1,9 +1,9 @@
 // The input is a LandXML file; the inspector reads it and lists all of its members.
 
 #include "fuzz_target.h"
-#include "landxml_document.h"
-#include "list_writer.h"
-#include "source_error.h"
+#include "landxml/landxml_document.h"
+#include "program/list_writer.h"
+#include "source/source_error.h"
 
 #include <sstream>
 

@@ -1,8 +1,8 @@
 // Three lines: a picture, a second one, a format in strftime notation; then a date and a time.
 
 #include "fuzz_target.h"
-#include "output/date_output.h"
-#include "output/date_picture.h"
+#include "korvel/output/date_output.h"
+#include "korvel/output/date_picture.h"
 
 namespace {
 

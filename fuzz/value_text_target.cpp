@@ -1,11 +1,11 @@
 // A number format, then the numbers that are written by it.
 
 #include "fuzz_target.h"
-#include "output/angle_output.h"
-#include "output/date_output.h"
-#include "output/measure_output.h"
-#include "output/number_output.h"
-#include "output/station_output.h"
+#include "korvel/output/angle_output.h"
+#include "korvel/output/date_output.h"
+#include "korvel/output/measure_output.h"
+#include "korvel/output/number_output.h"
+#include "korvel/output/station_output.h"
 
 #include <cmath>
 #include <stdexcept>

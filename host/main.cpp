@@ -1,9 +1,9 @@
 #include "desktop/desktop_run.h"
-#include "list_writer.h"
-#include "options.h"
-#include "platform/code_page.h"
-#include "run_settings.h"
-#include "source_error.h"
+#include "program/list_writer.h"
+#include "program/options.h"
+#include "korvel/platform/code_page.h"
+#include "program/run_settings.h"
+#include "source/source_error.h"
 
 #include <exception>
 #include <iostream>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "editors/combo_list.h"
-#include "editors/combo_list_hook.h"
-#include "editors/grid_ctrl_combo_box_button.h"
-#include "editors/grid_ctrl_combo_box_edit.h"
-#include "values/combo_box_parent.h"
+#include "korvel/editors/combo_list.h"
+#include "korvel/editors/combo_list_hook.h"
+#include "korvel/editors/grid_ctrl_combo_box_button.h"
+#include "korvel/editors/grid_ctrl_combo_box_edit.h"
+#include "korvel/values/combo_box_parent.h"
 
 namespace korvel::inspector {
 

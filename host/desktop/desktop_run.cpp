@@ -2,10 +2,10 @@
 
 #include "desktop/inspector_window.h"
 #include "desktop/program_texts.h"
-#include "platform/code_page.h"
-#include "platform/screen.h"
-#include "qt/qt_display.h"
-#include "values/text_table.h"
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/screen.h"
+#include "korvel/qt/qt_display.h"
+#include "korvel/values/text_table.h"
 
 #include <QApplication>
 #include <QDir>

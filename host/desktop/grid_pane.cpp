@@ -1,7 +1,7 @@
 #include "desktop/grid_pane.h"
 
 #include "desktop/program_texts.h"
-#include "platform/code_page.h"
+#include "korvel/platform/code_page.h"
 
 #include <algorithm>
 #include <string_view>

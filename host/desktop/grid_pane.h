@@ -1,7 +1,7 @@
 #pragma once
 
-#include "grid/editable_grid.h"
-#include "window/cwnd.h"
+#include "korvel/grid/editable_grid.h"
+#include "korvel/window/core/cwnd.h"
 
 namespace korvel::inspector {
 

@@ -1,9 +1,9 @@
 #include "desktop/inspector_window.h"
 
 #include "desktop/program_texts.h"
-#include "platform/code_page.h"
-#include "qt/embed.h"
-#include "source_error.h"
+#include "korvel/platform/code_page.h"
+#include "korvel/qt/embed.h"
+#include "source/source_error.h"
 
 #include <QAction>
 #include <QDragEnterEvent>

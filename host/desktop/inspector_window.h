@@ -2,7 +2,7 @@
 
 #include "desktop/grid_pane.h"
 #include "desktop/lists_window.h"
-#include "landxml_document.h"
+#include "landxml/landxml_document.h"
 
 #include <QMainWindow>
 #include <QMessageBox>

@@ -1,8 +1,8 @@
 #include "desktop/lists_window.h"
 
 #include "desktop/program_texts.h"
-#include "platform/code_page.h"
-#include "values/text_table.h"
+#include "korvel/platform/code_page.h"
+#include "korvel/values/text_table.h"
 
 #include <algorithm>
 

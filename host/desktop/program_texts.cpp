@@ -1,6 +1,6 @@
 #include "desktop/program_texts.h"
 
-#include "values/text_table.h"
+#include "korvel/values/text_table.h"
 
 namespace korvel::inspector {
 

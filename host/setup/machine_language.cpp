@@ -1,9 +1,9 @@
 #include "setup/machine_language.h"
 
-#include "platform/error.h"
-#include "platform/regional_settings.h"
-#include "platform/settings_store.h"
-#include "values/registry.h"
+#include "korvel/platform/error.h"
+#include "korvel/platform/regional_settings.h"
+#include "korvel/platform/settings_store.h"
+#include "korvel/values/registry.h"
 
 #include <filesystem>
 #include <string>

@@ -1,4 +1,4 @@
-#include "documents/xml_node.h"
+#include "korvel/documents/xml_node.h"
 
 #include <gmock/gmock.h>
 #include <sstream>

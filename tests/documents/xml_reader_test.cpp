@@ -1,6 +1,6 @@
-#include "../platform/scratch.h"
-#include "documents/xml_reader.h"
-#include "platform/error.h"
+#include "support/scratch.h"
+#include "korvel/documents/xml_reader.h"
+#include "korvel/platform/error.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 // Enumerations that throw, refuse, give a number twice, and change or leave while they are asked.
 
-#include "combo_fixture.h"
+#include "support/combo_fixture.h"
 
 #include <random>
 

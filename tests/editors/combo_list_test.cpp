@@ -1,5 +1,5 @@
-#include "combo_fixture.h"
-#include "values/member_dispatch_imp.h"
+#include "support/combo_fixture.h"
+#include "korvel/values/member_dispatch_imp.h"
 
 namespace korvel {
 namespace {

@@ -1,4 +1,4 @@
-#include "combo_fixture.h"
+#include "support/combo_fixture.h"
 
 namespace korvel {
 namespace {

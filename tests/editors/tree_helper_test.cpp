@@ -1,6 +1,6 @@
-#include "editors/path_name.h"
-#include "editors/tree_helper.h"
-#include "test_enumeration.h"
+#include "korvel/editors/path_name.h"
+#include "korvel/editors/tree_helper.h"
+#include "support/test_enumeration.h"
 
 #include <gtest/gtest.h>
 

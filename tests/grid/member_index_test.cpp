@@ -1,5 +1,5 @@
-#include "fakes.h"
-#include "grid/member_index.h"
+#include "support/fakes.h"
+#include "korvel/grid/member_index.h"
 
 #include <gtest/gtest.h>
 #include <map>

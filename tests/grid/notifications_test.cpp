@@ -1,4 +1,4 @@
-#include "grid_fixture.h"
+#include "support/grid_fixture.h"
 
 namespace korvel {
 namespace {

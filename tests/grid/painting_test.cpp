@@ -1,5 +1,5 @@
-#include "grid/cell_geometry.h"
-#include "grid_fixture.h"
+#include "korvel/grid/cell_geometry.h"
+#include "support/grid_fixture.h"
 
 #include <set>
 

@@ -1,6 +1,6 @@
-#include "../output/german_machine.h"
-#include "document_lists.h"
-#include "landxml_document.h"
+#include "support/german_machine.h"
+#include "landxml/document_lists.h"
+#include "landxml/landxml_document.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

@@ -1,9 +1,9 @@
-#include "../platform/scratch.h"
-#include "blanks.h"
-#include "document_reader.h"
-#include "source_error.h"
-#include "source_file.h"
-#include "source_text.h"
+#include "support/scratch.h"
+#include "source/blanks.h"
+#include "source/document_reader.h"
+#include "source/source_error.h"
+#include "source/source_file.h"
+#include "source/source_text.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

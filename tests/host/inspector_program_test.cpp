@@ -1,6 +1,6 @@
 #ifdef KORVEL_INSPECTOR // a build without the window has no such program
 
-#include "../platform/scratch.h"
+#include "support/scratch.h"
 
 #include <array>
 #include <cstdio>

@@ -1,5 +1,5 @@
-#include "../output/german_machine.h"
-#include "kept_formats.h"
+#include "support/german_machine.h"
+#include "program/kept_formats.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
-#include "../output/german_machine.h"
-#include "landxml_document.h"
-#include "list_writer.h"
-#include "source_file.h"
+#include "support/german_machine.h"
+#include "landxml/landxml_document.h"
+#include "program/list_writer.h"
+#include "source/source_file.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

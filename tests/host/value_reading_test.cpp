@@ -1,7 +1,7 @@
-#include "document_reader.h"
-#include "landxml_scopes.h"
-#include "number_reading.h"
-#include "value_reading.h"
+#include "source/document_reader.h"
+#include "landxml/landxml_scopes.h"
+#include "landxml/number_reading.h"
+#include "landxml/value_reading.h"
 
 #include <gtest/gtest.h>
 #include <limits>

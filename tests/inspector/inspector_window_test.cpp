@@ -1,8 +1,8 @@
-#include "../platform/scratch.h"
+#include "support/scratch.h"
 #include "desktop/inspector_window.h"
-#include "qt/qt_display.h"
-#include "source_error.h"
-#include "values/text_table.h"
+#include "korvel/qt/qt_display.h"
+#include "source/source_error.h"
+#include "korvel/values/text_table.h"
 
 #include <QApplication>
 #include <QDropEvent>

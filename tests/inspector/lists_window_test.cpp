@@ -1,8 +1,8 @@
-#include "../platform/scratch.h"
+#include "support/scratch.h"
 #include "desktop/lists_window.h"
-#include "landxml_document.h"
-#include "qt/qt_display.h"
-#include "values/text_table.h"
+#include "landxml/landxml_document.h"
+#include "korvel/qt/qt_display.h"
+#include "korvel/values/text_table.h"
 
 #include <QApplication>
 #include <QCheckBox>

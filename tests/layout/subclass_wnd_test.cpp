@@ -1,6 +1,6 @@
-#include "layout/subclass_wnd.h"
-#include "window/cwnd.h"
-#include "window/headless_display.h"
+#include "korvel/layout/subclass_wnd.h"
+#include "korvel/window/core/cwnd.h"
+#include "korvel/window/display/headless_display.h"
 
 #include <algorithm>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "german_machine.h"
+#include "support/german_machine.h"
 
 #include <limits>
 #include <numbers>

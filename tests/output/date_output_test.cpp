@@ -1,5 +1,5 @@
-#include "german_machine.h"
-#include "output/date_picture.h"
+#include "support/german_machine.h"
+#include "korvel/output/date_picture.h"
 
 #include <clocale>
 #include <limits>

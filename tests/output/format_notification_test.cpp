@@ -1,7 +1,7 @@
-#include "german_machine.h"
-#include "output/format_subscription.h"
-#include "output/system_change.h"
-#include "platform/error.h"
+#include "support/german_machine.h"
+#include "korvel/output/format_subscription.h"
+#include "korvel/output/system_change.h"
+#include "korvel/platform/error.h"
 
 #include <functional>
 #include <memory>

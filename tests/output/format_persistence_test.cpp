@@ -1,6 +1,6 @@
-#include "german_machine.h"
-#include "output/format_persistence.h"
-#include "platform/error.h"
+#include "support/german_machine.h"
+#include "korvel/output/format_persistence.h"
+#include "korvel/platform/error.h"
 
 #include <fstream>
 #include <random>

@@ -1,6 +1,6 @@
-#include "german_machine.h"
-#include "output/measure_output.h"
-#include "output/type_table.h"
+#include "support/german_machine.h"
+#include "korvel/output/measure_output.h"
+#include "korvel/output/type_table.h"
 
 #include <cmath>
 #include <limits>

@@ -1,5 +1,5 @@
-#include "parser/numeric_parser.h"
-#include "platform/error.h"
+#include "korvel/parser/numeric_parser.h"
+#include "korvel/platform/error.h"
 
 #include <cmath>
 #include <gmock/gmock.h>

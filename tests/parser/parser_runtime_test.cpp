@@ -1,6 +1,6 @@
-#include "parser/antlr_parser.h"
-#include "parser/lexer_numeric_parser.h"
-#include "parser/numeric_tokens.h"
+#include "korvel/parser/antlr_parser.h"
+#include "korvel/parser/lexer_numeric_parser.h"
+#include "korvel/parser/numeric_tokens.h"
 
 #include <array>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "platform/calendar.h"
-#include "platform/scratch.h"
+#include "korvel/platform/calendar.h"
+#include "support/scratch.h"
 
 #include <gtest/gtest.h>
 #include <limits>

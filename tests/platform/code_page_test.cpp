@@ -1,4 +1,4 @@
-#include "platform/code_page.h"
+#include "korvel/platform/code_page.h"
 
 #include <gtest/gtest.h>
 

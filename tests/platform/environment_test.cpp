@@ -1,5 +1,5 @@
-#include "platform/scratch.h"
-#include "platform/user_folders.h"
+#include "support/scratch.h"
+#include "korvel/platform/user_folders.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "platform/number_text.h"
+#include "korvel/platform/number_text.h"
 
 #include <bit>
 #include <cmath>

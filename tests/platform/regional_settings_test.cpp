@@ -1,8 +1,8 @@
-#include "platform/date_pattern.h"
-#include "platform/error.h"
-#include "platform/integer_text.h"
-#include "platform/regional_settings.h"
-#include "platform/scratch.h"
+#include "korvel/platform/date_pattern.h"
+#include "korvel/platform/error.h"
+#include "korvel/platform/integer_text.h"
+#include "korvel/platform/regional_settings.h"
+#include "support/scratch.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "platform/code_page.h"
-#include "platform/error.h"
-#include "platform/replace_file.h"
-#include "scratch.h"
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/error.h"
+#include "korvel/platform/replace_file.h"
+#include "support/scratch.h"
 
 #include <csignal>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "platform/error.h"
-#include "platform/scratch.h"
-#include "platform/settings_store.h"
+#include "korvel/platform/error.h"
+#include "support/scratch.h"
+#include "korvel/platform/settings_store.h"
 
 #include <csignal>
 #include <gmock/gmock.h>

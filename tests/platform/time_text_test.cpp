@@ -1,5 +1,5 @@
-#include "platform/scratch.h"
-#include "platform/time_text.h"
+#include "support/scratch.h"
+#include "korvel/platform/time_text.h"
 
 #include <clocale>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
-#include "platform/error.h"
-#include "qt/embed.h"
+#include "korvel/platform/error.h"
+#include "korvel/qt/embed.h"
 #include "qt/users.h"
-#include "window/controls.h"
-#include "window/window_view.h"
+#include "korvel/window/controls/controls.h"
+#include "korvel/window/display/window_view.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,5 +1,5 @@
-#include "qt/keys.h"
-#include "window/messages.h"
+#include "korvel/qt/keys.h"
+#include "korvel/window/base/messages.h"
 
 #include <QKeyEvent>
 #include <gtest/gtest.h>

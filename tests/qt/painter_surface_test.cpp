@@ -1,4 +1,4 @@
-#include "qt/painter_surface.h"
+#include "korvel/qt/painter_surface.h"
 
 #include <QImage>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "qt/qt_display.h"
+#include "korvel/qt/qt_display.h"
 
 #include <QFile>
 #include <QImage>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "window/cwnd.h"
+#include "korvel/window/core/cwnd.h"
 
 #include <functional>
 #include <string>

@@ -1,8 +1,8 @@
 #include "qt/scenario.h"
 
-#include "window/controls.h"
-#include "window/display.h"
-#include "window/list_ctrl.h"
+#include "korvel/window/controls/controls.h"
+#include "korvel/window/display/display.h"
+#include "korvel/window/list/list_ctrl.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "qt/users.h"
 
-#include "qt/convert.h"
-#include "window/input.h"
+#include "korvel/qt/convert.h"
+#include "korvel/window/display/input.h"
 
 #include <QAbstractButton>
 #include <QApplication>

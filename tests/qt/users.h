@@ -1,8 +1,8 @@
 #pragma once
 
-#include "qt/qt_display.h"
+#include "korvel/qt/qt_display.h"
 #include "qt/scenario.h"
-#include "window/headless_display.h"
+#include "korvel/window/display/headless_display.h"
 
 namespace korvel::test {
 

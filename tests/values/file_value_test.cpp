@@ -1,6 +1,6 @@
-#include "values/file_value.h"
-#include "values/text_table.h"
-#include "window/headless_display.h"
+#include "korvel/values/file_value.h"
+#include "korvel/values/text_table.h"
+#include "korvel/window/display/headless_display.h"
 
 #include <gtest/gtest.h>
 

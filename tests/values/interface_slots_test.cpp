@@ -1,8 +1,8 @@
-#include "output/system_change.h"
-#include "values/combo_box_parent.h"
-#include "values/enum_value.h"
-#include "values/file_value.h"
-#include "values/observer_grid.h"
+#include "korvel/output/system_change.h"
+#include "korvel/values/combo_box_parent.h"
+#include "korvel/values/enum_value.h"
+#include "korvel/values/file_value.h"
+#include "korvel/values/observer_grid.h"
 
 #include <bit>
 #include <cstdint>

@@ -1,6 +1,6 @@
-#include "make_value.h"
-#include "values/file_value.h"
-#include "values/member_dispatch_imp.h"
+#include "support/make_value.h"
+#include "korvel/values/file_value.h"
+#include "korvel/values/member_dispatch_imp.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
-#include "../platform/scratch.h"
-#include "platform/error.h"
-#include "values/registry.h"
+#include "support/scratch.h"
+#include "korvel/platform/error.h"
+#include "korvel/values/registry.h"
 
 #include <gmock/gmock.h>
 

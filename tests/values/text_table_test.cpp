@@ -1,7 +1,7 @@
-#include "../platform/scratch.h"
-#include "platform/error.h"
-#include "values/registry.h"
-#include "values/text_table.h"
+#include "support/scratch.h"
+#include "korvel/platform/error.h"
+#include "korvel/values/registry.h"
+#include "korvel/values/text_table.h"
 
 #include <functional>
 #include <gtest/gtest.h>

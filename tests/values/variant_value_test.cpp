@@ -1,7 +1,7 @@
-#include "../output/german_machine.h"
-#include "make_value.h"
-#include "values/invalid_operation.h"
-#include "values/member_dispatch_imp.h"
+#include "support/german_machine.h"
+#include "support/make_value.h"
+#include "korvel/values/invalid_operation.h"
+#include "korvel/values/member_dispatch_imp.h"
 
 #include <cmath>
 #include <limits>

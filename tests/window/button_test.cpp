@@ -1,4 +1,4 @@
-#include "control_fixture.h"
+#include "support/control_fixture.h"
 
 #include <array>
 

@@ -1,5 +1,5 @@
-#include "recorded_window.h"
-#include "window/input.h"
+#include "support/recorded_window.h"
+#include "korvel/window/display/input.h"
 
 namespace korvel {
 namespace {

@@ -1,6 +1,6 @@
-#include "recorded_window.h"
-#include "window/dc.h"
-#include "window/recording_surface.h"
+#include "support/recorded_window.h"
+#include "korvel/window/base/dc.h"
+#include "korvel/window/display/recording_surface.h"
 
 namespace korvel {
 namespace {

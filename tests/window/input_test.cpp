@@ -1,7 +1,7 @@
-#include "platform/error.h"
-#include "recorded_window.h"
-#include "window/input.h"
-#include "window/window_record.h"
+#include "korvel/platform/error.h"
+#include "support/recorded_window.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/core/window_record.h"
 
 namespace korvel {
 namespace {

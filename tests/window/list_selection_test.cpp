@@ -1,4 +1,4 @@
-#include "window/list_fixture.h"
+#include "support/list_fixture.h"
 
 namespace korvel {
 namespace {

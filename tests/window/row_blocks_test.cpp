@@ -1,5 +1,5 @@
-#include "platform/error.h"
-#include "window/row_blocks.h"
+#include "korvel/platform/error.h"
+#include "korvel/window/list/row_blocks.h"
 
 #include <chrono>
 #include <gtest/gtest.h>

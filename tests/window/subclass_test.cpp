@@ -1,5 +1,5 @@
-#include "recorded_window.h"
-#include "window/dc.h"
+#include "support/recorded_window.h"
+#include "korvel/window/base/dc.h"
 
 namespace korvel {
 namespace {

@@ -1,5 +1,5 @@
-#include "platform/error.h"
-#include "recorded_window.h"
+#include "korvel/platform/error.h"
+#include "support/recorded_window.h"
 
 namespace korvel {
 namespace {

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "landxml/landxml_scopes.h"
+#include "landxml/value_reading.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvel::inspector {
+
+/// How stations are shown.
+enum class StationKind {
+    Automatic, ///< those of an alignment with cant as railway stations, others as road stations
+    Road,
+    Railway,
+};
+
+/// What a member of an element's object is.
+enum class MemberKind : std::uint32_t {
+    Attribute,
+    TextPart,    ///< one of the values in the element's text, or the whole of it
+    TextElement, ///< a child element that is shown as its text; see ElementMembers
+    Object,      ///< a child element
+};
+
+/// 8 bytes, for terrains have millions.
+struct Member {
+    Member(std::uint32_t itsPlace, MemberKind itsKind) : place(itsPlace), kind(itsKind), number(0) {}
+
+    std::uint32_t place; ///< offset of the attribute's name, number of the part, or the element
+    MemberKind kind : 2;
+    std::uint32_t number : 30; ///< of children with no name of their own: 1 is the first, 0 the only one
+};
+
+/// A member's name: the stem, behind which numbers may come, and the mark that ends it.
+///
+///     "Alignment A"  "length [ft]"  "date" + " [invalid]"  "x:note" + " [foreign]"
+struct MemberName {
+    std::string stem;
+    std::string mark;
+};
+
+/// Reads the members of elements from the document: which there are, their names and their values.
+///
+/// An element's members are its attributes, its text, and its child elements, each in the order of the file.
+/// A child is named by its element's name and its attribute `name`, else `id`. The points and faces of
+/// terrains that have no attribute but `id` are shown as text, one row each and not three.
+///
+/// What LandXML does not define, being of another namespace, is text and marked [foreign]; a value that its
+/// type does not allow is text and marked [invalid].
+class ElementMembers {
+public:
+    ElementMembers(const ElementTree& tree, StationKind stations, IFileValue* fileChooser);
+
+    const ElementTree& Tree() const { return m_tree; }
+
+    /// In member order; children without a name of their own are not numbered yet.
+    std::vector<Member> List(ElementIndex owner) const;
+    MemberName NameOf(ElementIndex owner, const Member& member) const;
+
+    /// Of a member that is no object.
+    TypedValue ValueOf(ElementIndex owner, const Member& member) const;
+    TypedValue AttributeValue(ElementIndex owner, const AttributeSource& attribute) const;
+
+    /// True when the value stands in the document as plain characters that could be replaced.
+    bool IsReplaceable(ElementIndex owner, const Member& member) const;
+
+    bool HasOwnName(ElementIndex element) const { return !OwnName(element).empty(); }
+    MemberName NameOfElement(ElementIndex element) const;
+
+private:
+    static constexpr std::uint32_t WholeText = 0xFFFFFFFF;
+
+    std::string_view OwnName(ElementIndex element) const; // as written; empty: none
+    void ListTextParts(ElementIndex owner, std::vector<Member>& members) const;
+    bool IsTextElement(ElementIndex element) const;
+    bool IsValidTextElement(ElementIndex element) const;
+    bool IsForeign(ElementIndex element) const;
+    bool IsForeign(ElementIndex owner, const AttributeSource& attribute) const;
+    bool IsLandXml(std::string_view address) const;
+    ValueType AttributeType(ElementIndex owner, std::string_view attribute) const;
+    TextType TextTypeOf(ElementIndex element) const;
+    TypedValue TextPartValue(ElementIndex owner, std::uint32_t part) const;
+    TypedValue TextElementValue(ElementIndex element) const;
+    TypedValue Read(ElementIndex owner, const ValueType& type, const DecodedText& text) const;
+    std::string DisplayName(ElementIndex element) const;
+
+    const ElementTree& m_tree;
+    LandXmlScopes m_scopes;
+    StationKind m_stations;
+    IFileValue* m_fileChooser;
+    std::string_view m_rootNamespace;
+};
+
+/// True for the namespaces of the LandXML versions and profiles whose elements this program knows.
+bool IsKnownNamespace(std::string_view address);
+
+} // namespace korvel::inspector

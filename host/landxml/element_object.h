@@ -1,0 +1,42 @@
+#pragma once
+
+#include "source/element_tree.h"
+#include "korvel/values/member_dispatch.h"
+
+namespace korvel::inspector {
+
+class LandXmlDocument;
+
+/// An element as an object of the grid: 48 bytes. Everything else is read from the document when it is asked
+/// for; see ElementMembers for what the members are.
+///
+/// The document can be read only: whatever would change it answers false. IsMemberEditable tells which values
+/// stand in the file so that they could be replaced in place, for the grid greys all others: not those whose
+/// characters cannot be shown exactly, not those that comments or sections interrupt, not namespaces, and
+/// none of a document of an unknown version.
+class ElementObject final : public IMemberDispatch {
+public:
+    ElementObject(LandXmlDocument& document, ElementIndex element);
+
+    ElementIndex Element() const { return m_element; }
+
+    const std::string& GetIdent() const override;
+    void GetMemberNames(std::list<std::string>& names) override;
+    bool GetMemberType(const std::string& name, EDataTyps& type) override;
+    bool IsMemberEditable(const std::string& name) override;
+    bool GetMember(const std::string& name, CVariantValue& value) override;
+
+    bool SetMemberEditable(const std::string& name, const bool& editable) override;
+    bool SetMember(const std::string& name, const CVariantValue& value) override;
+    bool AddMember(const std::string& name, bool editable, const CVariantValue& value) override;
+    bool RemoveMember(const std::string& name) override;
+    bool RenameMember(const std::string& name, const std::string& newName) override;
+    bool ChangeMemberType(const std::string& name, const EDataTyps& type) override;
+    void SetIdent(const std::string& ident) override;
+
+private:
+    ElementIndex m_element;
+    LandXmlDocument& m_document;
+};
+
+} // namespace korvel::inspector

@@ -1,0 +1,77 @@
+#include "landxml/landxml_document.h"
+
+#include "korvel/platform/code_page.h"
+#include "source/source_error.h"
+
+#include <string_view>
+#include <utility>
+
+namespace korvel::inspector {
+namespace {
+
+// From here on, making a table again costs more than keeping it.
+constexpr std::size_t LargeTable = 64;
+
+} // namespace
+
+LandXmlDocument::LandXmlDocument(const std::string& path, const ReadingOptions& options)
+    : LandXmlDocument(LoadDocument(path), options) {}
+
+LandXmlDocument::LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options)
+    : m_loaded(std::move(loaded)), m_members(m_loaded.tree, options.stations, options.fileChooser) {
+    CheckVersion();
+}
+
+// The namespace names the version; the attribute of that name cannot be relied on. Files without any
+// namespace come from programs that strip it, and are read like those of the newest version.
+void LandXmlDocument::CheckVersion() {
+    const std::string_view name = Tree().Name(0);
+    const std::string_view prefix = name.substr(0, name.find(':') == name.npos ? 0 : name.find(':'));
+    const std::string_view address = Tree().NamespaceOf(0, prefix);
+    std::string notice;
+    if (Tree().LocalName(0) != "LandXML")
+        notice = "no LandXML document, its root element is " + Quoted(name) + ": shown, but read-only";
+    else if (!address.empty() && !IsKnownNamespace(address))
+        notice = "unknown LandXML version " + Quoted(address) + ": shown, but read-only";
+    if (!notice.empty())
+        m_notices.push_back(platform::FromUtf8(notice).text);
+}
+
+ElementObject& LandXmlDocument::ObjectOf(ElementIndex element) {
+    const auto [object, isNew] = m_objects.try_emplace(element, *this, element);
+    if (isNew && Tree().LocalName(element) == "Alignment")
+        object->second.m_pEnumValue = &m_presentations.try_emplace(element, *this, element).first->second;
+    return object->second;
+}
+
+void LandXmlDocument::Forget(ElementIndex element) {
+    m_objects.erase(element);
+    m_presentations.erase(element);
+    m_idents.erase(element);
+    m_largeTables.erase(element);
+}
+
+const std::string& LandXmlDocument::IdentOf(ElementIndex element) {
+    const auto known = m_idents.find(element);
+    if (known != m_idents.end())
+        return known->second;
+    const ElementIndex parent = Tree().Parent(element);
+    const std::string name =
+        parent == NoElement ? m_members.NameOfElement(element).stem : MembersOf(parent).NameOfChild(element);
+    return m_idents.emplace(element, name).first->second;
+}
+
+const MemberTable& LandXmlDocument::MembersOf(ElementIndex element) {
+    if (const auto large = m_largeTables.find(element); large != m_largeTables.end())
+        return *large->second;
+    RecentTable& recent = m_recentTables[element % m_recentTables.size()];
+    if (recent.element == element)
+        return *recent.table;
+    auto table = std::make_unique<MemberTable>(m_members, element);
+    if (table->Count() > LargeTable)
+        return *m_largeTables.emplace(element, std::move(table)).first->second;
+    recent = {element, std::move(table)};
+    return *recent.table;
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "landxml/alignment_presentation.h"
+#include "source/document_reader.h"
+#include "landxml/element_members.h"
+#include "landxml/element_object.h"
+#include "landxml/member_table.h"
+
+#include <array>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace korvel::inspector {
+
+/// How a document is to be read.
+struct ReadingOptions {
+    StationKind stations = StationKind::Automatic;
+    IFileValue* fileChooser = nullptr; ///< behind file names; outlives the document
+};
+
+/// A LandXML file as objects for the grid.
+///
+///     LandXmlDocument document("road.xml", {});
+///     grid.Initialize(&document.Root(), "Name", "Value", 0);
+///
+/// The document owns its objects; it must outlive every grid that shows them. Objects are made when they are
+/// first asked for and keep their address. Not for several threads at once.
+class LandXmlDocument {
+public:
+    /// Throws DocumentError, whose text names the file, the place and what is wrong. A file that is XML but
+    /// of no known LandXML version is shown all the same; see Notices.
+    LandXmlDocument(const std::string& path, const ReadingOptions& options);
+    LandXmlDocument(const LandXmlDocument&) = delete;
+    LandXmlDocument& operator=(const LandXmlDocument&) = delete;
+
+    /// The root element: its attributes and elements are the first level of the grid.
+    ElementObject& Root() { return ObjectOf(0); }
+
+    /// True for a document of an unknown version: what its values mean is guessed from their names.
+    bool IsReadOnly() const { return !m_notices.empty(); }
+
+    /// What the user should be told beside the document, in the code page of the library's texts.
+    const std::vector<std::string>& Notices() const { return m_notices; }
+
+    const ElementTree& Tree() const { return m_loaded.tree; }
+    const ElementMembers& Members() const { return m_members; }
+    TextEncoding Encoding() const { return m_loaded.encoding; }
+    bool HasByteOrderMark() const { return m_loaded.hasByteOrderMark; }
+
+    ElementObject& ObjectOf(ElementIndex element);
+
+    /// Gives back the memory of an element's object, for walks over a whole document; nobody may hold it.
+    void Forget(ElementIndex element);
+
+    /// The name of an element's object: the one that it has as a member.
+    const std::string& IdentOf(ElementIndex element);
+
+    /// The answer stays until the members of another element are asked for.
+    const MemberTable& MembersOf(ElementIndex element);
+
+private:
+    LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options);
+
+    void CheckVersion();
+
+    LoadedDocument m_loaded;
+    ElementMembers m_members;
+    std::vector<std::string> m_notices;
+
+    std::unordered_map<ElementIndex, ElementObject> m_objects;
+    std::unordered_map<ElementIndex, AlignmentPresentation> m_presentations;
+    std::unordered_map<ElementIndex, std::string> m_idents;
+
+    // A grid asks one object for all its members, and those between for theirs: the tables of small objects
+    // are made again when needed, those of large ones are kept.
+    struct RecentTable {
+        ElementIndex element = NoElement;
+        std::unique_ptr<MemberTable> table;
+    };
+    std::array<RecentTable, 64> m_recentTables;
+    std::unordered_map<ElementIndex, std::unique_ptr<MemberTable>> m_largeTables;
+};
+
+} // namespace korvel::inspector

@@ -1,0 +1,190 @@
+#include "landxml/landxml_units.h"
+
+#include "source/blanks.h"
+#include "landxml/number_reading.h"
+
+#include <algorithm>
+#include <numbers>
+
+namespace korvel::inspector {
+namespace {
+
+struct NamedUnit {
+    std::string_view name;
+    Unit unit;
+};
+
+constexpr NamedUnit NamedUnits[] = {
+    {"meter", {"m", true}},
+    {"millimeter", {"mm"}},
+    {"centimeter", {"cm"}},
+    {"kilometer", {"km"}},
+    {"foot", {"ft"}},
+    {"feet", {"ft"}},
+    {"USSurveyFoot", {"US survey ft"}}, // 1200/3937 m, not the 0.3048 m of the foot
+    {"inch", {"in"}},
+    {"mile", {"mi"}},
+    {"miles", {"mi"}},
+    {"squareMeter", {"m\xB2", true}},
+    {"squareMillimeter", {"mm\xB2"}},
+    {"squareCentimeter", {"cm\xB2"}},
+    {"hectare", {"ha"}},
+    {"acre", {"acre"}},
+    {"squareFoot", {"ft\xB2"}},
+    {"squareInch", {"in\xB2"}},
+    {"squareMiles", {"mi\xB2"}},
+    {"cubicMeter", {"m\xB3", true}},
+    {"liter", {"l"}},
+    {"hectareMeter", {"ha m"}},
+    {"US_gallon", {"US gal"}},
+    {"IMP_gallon", {"imp. gal"}},
+    {"cubicInch", {"in\xB3"}},
+    {"cubicFeet", {"ft\xB3"}},
+    {"cubicYard", {"yd\xB3"}},
+    {"acreFeet", {"acre ft"}},
+    {"metersPerSecond", {"m/s"}},
+    {"kilometersPerHour", {"km/h"}},
+    {"feetPerSecond", {"ft/s"}},
+    {"milesPerHour", {"mph"}},
+    {"cubicMeterSecond", {"m\xB3/s"}},
+    {"literPerSecond", {"l/s"}},
+    {"literPerMinute", {"l/min"}},
+    {"US_gallonPerDay", {"US gal/d"}},
+    {"IMP_gallonPerDay", {"imp. gal/d"}},
+    {"cubicFeetDay", {"ft\xB3/d"}},
+    {"US_gallonPerMinute", {"US gal/min"}},
+    {"IMP_gallonPerMinute", {"imp. gal/min"}},
+    {"acreFeetDay", {"acre ft/d"}},
+    {"cubicFeetSecond", {"ft\xB3/s"}},
+    {"HPA", {"hPa"}},
+    {"milliBars", {"mbar"}},
+    {"mmHG", {"mmHg"}},
+    {"millimeterHG", {"mmHg"}},
+    {"inchHG", {"inHg"}},
+    {"inHG", {"inHg"}},
+    {"celsius", {"\xB0\x43"}},
+    {"kelvin", {"K"}},
+    {"fahrenheit", {"\xB0\x46"}},
+};
+
+struct UnitAttribute {
+    Quantity quantity;
+    std::string_view attribute;
+    std::string_view otherwise; // the attribute, or in quotes the unit, that holds without it
+};
+constexpr UnitAttribute UnitAttributes[] = {
+    {Quantity::Length, "linearUnit", {}},
+    {Quantity::Diameter, "diameterUnit", "linearUnit"},
+    {Quantity::Width, "widthUnit", "linearUnit"},
+    {Quantity::Height, "heightUnit", "linearUnit"},
+    {Quantity::Elevation, "elevationUnit", "'meter"},
+    {Quantity::Area, "areaUnit", {}},
+    {Quantity::Volume, "volumeUnit", {}},
+    {Quantity::Velocity, "velocityUnit", {}},
+    {Quantity::Flow, "flowUnit", {}},
+    {Quantity::Pressure, "pressureUnit", {}},
+    {Quantity::Temperature, "temperatureUnit", {}},
+};
+
+struct NamedAngleUnit {
+    std::string_view name;
+    AngleUnit unit;
+};
+constexpr NamedAngleUnit NamedAngleUnits[] = {
+    {"radians", AngleUnit::Radians},
+    {"grads", AngleUnit::Grads},
+    {"decimal degrees", AngleUnit::DecimalDegrees},
+    {"decimal dd.mm.ss", AngleUnit::DegreesMinutesSeconds},
+};
+
+Unit UnitNamed(std::string_view name) {
+    const auto* found = std::find_if(std::begin(NamedUnits), std::end(NamedUnits),
+                                     [&](const NamedUnit& named) { return named.name == name; });
+    if (found != std::end(NamedUnits))
+        return found->unit;
+    constexpr std::size_t LongestLabel = 40;
+    const bool isPlain = name.size() <= LongestLabel &&
+                         std::all_of(name.begin(), name.end(), [](char c) { return c >= ' ' && c != 0x7F; });
+    return {isPlain ? name : "?", false};
+}
+
+Unit ReadUnit(const ElementTree& tree, ElementIndex system, const UnitAttribute& row) {
+    std::string_view name = tree.FindAttribute(system, row.attribute);
+    if (name.empty() && row.otherwise.starts_with('\''))
+        name = row.otherwise.substr(1);
+    else if (name.empty() && !row.otherwise.empty())
+        name = tree.FindAttribute(system, row.otherwise);
+    return UnitNamed(Trim(name));
+}
+
+// Some files have two blanks between the words.
+bool SameWords(std::string_view a, std::string_view b) {
+    return SplitAtBlanks(a) == SplitAtBlanks(b);
+}
+
+std::optional<AngleUnit> ReadAngleUnit(const ElementTree& tree, ElementIndex system,
+                                       std::string_view attribute, AngleUnit absent) {
+    const std::string_view name = tree.FindAttribute(system, attribute);
+    if (name.empty())
+        return absent;
+    for (const NamedAngleUnit& named : NamedAngleUnits)
+        if (SameWords(named.name, name))
+            return named.unit;
+    return std::nullopt;
+}
+
+// Degrees from "ddd.mmss" with more digits of the second behind. Read from the digits, as 45.30 stored in
+// binary can fall short of 30 minutes.
+std::optional<double> DegreesOfMinutesSeconds(std::string_view text) {
+    text = Trim(text);
+    if (text.find_first_of("eE") != std::string_view::npos || !ReadDouble(text))
+        return std::nullopt;
+    const std::size_t point = std::min(text.find('.'), text.size());
+    std::string digits(text.substr(std::min(point + 1, text.size())));
+    digits.resize(std::max<std::size_t>(digits.size(), 4), '0');
+    const bool negative = text.starts_with('-');
+    const double degrees = point == 0 ? 0.0 : ReadDouble(text.substr(0, point)).value_or(0.0);
+    const double minutes = ReadDouble(digits.substr(0, 2)).value_or(0.0);
+    const double seconds = ReadDouble(digits.substr(2, 2) + "." + digits.substr(4)).value_or(0.0);
+    if (minutes >= 60 || seconds >= 60)
+        return std::nullopt;
+    const double part = minutes / 60 + seconds / 3600;
+    return negative ? degrees - part : degrees + part;
+}
+
+} // namespace
+
+UnitSet ReadUnits(const ElementTree& tree, ElementIndex units) {
+    UnitSet set;
+    ElementIndex system = tree.FindChild(units, "Metric");
+    if (system == NoElement) {
+        system = tree.FindChild(units, "Imperial");
+        set.imperial = system != NoElement;
+    }
+    if (system == NoElement)
+        return set;
+    for (const UnitAttribute& row : UnitAttributes)
+        set.units[static_cast<std::size_t>(row.quantity)] = ReadUnit(tree, system, row);
+    set.angle = ReadAngleUnit(tree, system, "angularUnit", AngleUnit::Radians);
+    set.direction = ReadAngleUnit(tree, system, "directionUnit", AngleUnit::Radians);
+    set.geographic = ReadAngleUnit(tree, system, "latLongAngularUnit", AngleUnit::DecimalDegrees);
+    return set;
+}
+
+std::optional<double> RadiansOf(std::string_view text, AngleUnit unit) {
+    constexpr double Degree = std::numbers::pi / 180;
+    const std::optional<double> number =
+        unit == AngleUnit::DegreesMinutesSeconds ? DegreesOfMinutesSeconds(text) : ReadDouble(text);
+    if (!number)
+        return std::nullopt;
+    switch (unit) {
+    case AngleUnit::Radians:
+        return *number;
+    case AngleUnit::Grads:
+        return *number * (std::numbers::pi / 200);
+    default:
+        return *number * Degree;
+    }
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "source/element_tree.h"
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace korvel::inspector {
+
+/// What a Units element gives a unit to.
+enum class Quantity {
+    Length,
+    Diameter,
+    Width,
+    Height,
+    Elevation,
+    Area,
+    Volume,
+    Velocity,
+    Flow,
+    Pressure,
+    Temperature,
+};
+inline constexpr std::size_t QuantityCount = 11;
+
+/// How angles are written. DegreesMinutesSeconds: 45.3025 is 45°30'25".
+enum class AngleUnit { Radians, Grads, DecimalDegrees, DegreesMinutesSeconds };
+
+/// A unit as it is shown behind a name, in the code page of the library's texts; empty when the file names
+/// none. A word that LandXML does not know is its own label.
+struct Unit {
+    std::string_view label;
+    bool isBase = false; ///< metre, square metre or cubic metre
+};
+
+/// The units that hold somewhere in a document.
+struct UnitSet {
+    std::array<Unit, QuantityCount> units;
+    /// Nothing when the file names a unit that LandXML does not know.
+    std::optional<AngleUnit> angle = AngleUnit::Radians;
+    std::optional<AngleUnit> direction = AngleUnit::Radians;
+    std::optional<AngleUnit> geographic = AngleUnit::DecimalDegrees;
+    bool imperial = false;
+
+    const Unit& Of(Quantity quantity) const { return units[static_cast<std::size_t>(quantity)]; }
+};
+
+/// What a Units element says, with the defaults of the schema: elevations are in metres (feet too), plain
+/// angles in radians. Diameters, widths and heights without a unit of their own are lengths.
+UnitSet ReadUnits(const ElementTree& tree, ElementIndex units);
+
+/// An angle in radians; nothing when the text is no angle of the unit, 30.7500 with 75 minutes for example.
+std::optional<double> RadiansOf(std::string_view text, AngleUnit unit);
+
+} // namespace korvel::inspector

@@ -1,0 +1,139 @@
+#include "landxml/list_enumeration.h"
+
+#include "landxml/enum_position.h"
+
+#include <algorithm>
+
+namespace korvel::inspector {
+namespace {
+
+void Mark(std::string& marks, long id, char mark) {
+    const auto place = static_cast<std::size_t>(id);
+    if (place >= marks.size())
+        marks.resize(place + 1, '0');
+    marks[place] = mark;
+}
+
+// What a word may hold to be part of a file's name on every system, and to stay in its folder.
+bool IsFileName(const std::string& word) {
+    return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == ' ' ||
+               c == '-' || c == '_';
+    });
+}
+
+} // namespace
+
+ListEnumeration::ListEnumeration(const std::vector<std::string>& names, std::uint32_t flags)
+    : m_flags(flags) {
+    for (const std::string& name : names)
+        Insert(name, name);
+}
+
+CVariantValue ListEnumeration::Selected(const std::vector<long>& ids) {
+    CVariantValue value;
+    value.Type = DT_ListString;
+    value.EnumValue = this;
+    for (const long id : ids)
+        Select(id, value);
+    return value;
+}
+
+long ListEnumeration::FirstSelected(const CVariantValue& value) {
+    const std::size_t place = value.Text.find('1');
+    return place == std::string::npos ? -1 : static_cast<long>(place);
+}
+
+long ListEnumeration::Insert(const std::string& name, const std::string& image) {
+    if (name.empty() || !m_ids.emplace(name, m_nextId).second)
+        return -1;
+    m_entries[m_nextId] = {name, image};
+    return m_nextId++;
+}
+
+long ListEnumeration::AddValue(const std::string& name, const std::string& group) {
+    const bool isNamed = !name.empty();
+    const long id = isNamed ? Insert(group.empty() ? name : group + PathSeparator + name, {}) : -1;
+    if (id != -1)
+        TellChange();
+    return id;
+}
+
+void ListEnumeration::RemoveValue(long id) {
+    const auto entry = m_entries.find(id);
+    if (entry == m_entries.end())
+        return;
+    m_ids.erase(entry->second.name);
+    m_entries.erase(entry);
+    TellChange();
+}
+
+bool ListEnumeration::GetName(long id, CVariantValue& name) {
+    const auto entry = m_entries.find(id);
+    if (entry == m_entries.end())
+        return false;
+    name = CVariantValue();
+    name.Type = DT_String;
+    name.Text = entry->second.name;
+    return true;
+}
+
+bool ListEnumeration::SetName(long id, const CVariantValue& name) {
+    const auto entry = m_entries.find(id);
+    if (entry == m_entries.end() || name.Text.empty() || !m_ids.emplace(name.Text, id).second)
+        return false;
+    m_ids.erase(entry->second.name);
+    entry->second.name = name.Text;
+    TellChange();
+    return true;
+}
+
+EnumPosition ListEnumeration::GetFirstPosition() {
+    return m_entries.empty() ? nullptr : PositionOf(m_entries.begin()->first);
+}
+
+long ListEnumeration::GetNext(EnumPosition& position) {
+    if (position == nullptr)
+        return -1;
+    const long id = EntryAt(position);
+    const auto next = m_entries.upper_bound(id);
+    position = next == m_entries.end() ? nullptr : PositionOf(next->first);
+    return id;
+}
+
+bool ListEnumeration::IsValue(long id, const CVariantValue& value) {
+    const auto place = static_cast<std::size_t>(id);
+    return m_entries.count(id) != 0 && place < value.Text.size() && value.Text[place] == '1';
+}
+
+void ListEnumeration::Select(long id, CVariantValue& value) {
+    if (m_entries.count(id) == 0)
+        return;
+    if ((m_flags & ENF_CheckBoxes) == 0)
+        value.Text.clear();
+    Mark(value.Text, id, '1');
+}
+
+void ListEnumeration::Deselect(long id, CVariantValue& value) {
+    if (IsValue(id, value))
+        Mark(value.Text, id, '0');
+}
+
+const char* ListEnumeration::GetSeparator(bool) const {
+    static constexpr char separator[] = {PathSeparator, '\0'};
+    return separator;
+}
+
+std::string ListEnumeration::GetImagePath(long id) {
+    const auto entry = m_entries.find(id);
+    const bool hasImage =
+        !m_imageFolder.empty() && entry != m_entries.end() && IsFileName(entry->second.image);
+    return hasImage ? m_imageFolder + '/' + entry->second.image + ".png" : std::string();
+}
+
+void ListEnumeration::TellChange() const {
+    if (m_changed)
+        m_changed();
+}
+
+} // namespace korvel::inspector

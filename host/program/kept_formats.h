@@ -1,0 +1,26 @@
+#pragma once
+
+#include "program/options.h"
+
+#include <filesystem>
+#include <string>
+
+namespace korvel::inspector {
+
+/// Gives the library the formats that earlier runs kept in a folder, changed by `choice`, and keeps them when
+/// it changes something. At first numbers and dates follow the regional settings, and angles are in degrees.
+///
+///     TakeFormats(folder, {.angleUnit = 'g', .digits = 3, .grouping = {}});
+///     // the next run
+///     TakeFormats(folder, {});   // gon and 3 digits
+///
+/// Answers what the user should know, in UTF-8; empty: nothing. A damaged file is set aside under another
+/// name and the formats are those of the first run; formats that cannot be kept are in force for this run.
+std::string TakeFormats(const std::filesystem::path& folder, const FormatChoice& choice);
+
+/// Writes numbers and dates as a locale has them, for this run, with the digits, the grouping and the angle
+/// unit that the user has chosen. To be called behind TakeFormats, so that nothing of the locale is kept;
+/// nothing changes for a locale that nobody knows.
+void WriteAsIn(const std::string& locale);
+
+} // namespace korvel::inspector

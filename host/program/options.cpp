@@ -1,0 +1,204 @@
+#include "program/options.h"
+
+#include <algorithm>
+#include <charconv>
+#include <string_view>
+#include <utility>
+
+namespace korvel::inspector {
+namespace {
+
+constexpr int LargestSide = 16'384;      // of a picture
+constexpr std::uint32_t MostDigits = 15; // a double holds no more
+
+PictureSize ReadSize(const std::string& text) {
+    PictureSize size;
+    const char* const end = text.data() + text.size();
+    const auto width = std::from_chars(text.data(), end, size.width);
+    const bool hasHeight = width.ec == std::errc() && width.ptr != end && *width.ptr == 'x';
+    const auto height = std::from_chars(hasHeight ? width.ptr + 1 : end, end, size.height);
+    const auto isSide = [](int side) { return side > 0 && side <= LargestSide; };
+    if (!hasHeight || height.ec != std::errc() || height.ptr != end || !isSide(size.width) ||
+        !isSide(size.height))
+        throw UsageError("--size takes width and height in pixels, 800x600 for example, not '" + text + "'");
+    return size;
+}
+
+template <typename Value>
+struct Choice {
+    std::string_view word;
+    Value value;
+};
+
+template <typename Value, std::size_t count>
+Value Choose(const char* option, const std::string& text, const Choice<Value> (&choices)[count]) {
+    std::string words;
+    for (const Choice<Value>& choice : choices) {
+        if (choice.word == text)
+            return choice.value;
+        words += (words.empty() ? "" : ", ") + std::string(choice.word);
+    }
+    throw UsageError(std::string(option) + " takes one of " + words + ", not '" + text + "'");
+}
+
+void SetList(Options& options, const std::string&) {
+    options.list = true;
+}
+void SetScreenshot(Options& options, const std::string& value) {
+    options.screenshot = value;
+}
+void SetSize(Options& options, const std::string& value) {
+    options.size = ReadSize(value);
+}
+void AddExpand(Options& options, const std::string& value) {
+    options.expand.push_back(value);
+}
+void SetExpandAll(Options& options, const std::string&) {
+    options.expandAll = true;
+}
+void SetLocale(Options& options, const std::string& value) {
+    options.locale = value;
+}
+void SetLanguage(Options& options, const std::string& value) {
+    static constexpr Choice<const char*> Choices[] = {{"English", "English"}, {"German", "German"}};
+    options.language = Choose("--language", value, Choices);
+}
+void SetAngle(Options& options, const std::string& value) {
+    static constexpr Choice<char> Choices[] = {{"deg", '\xB0'}, {"rad", 'r'}, {"gon", 'g'}};
+    options.formats.angleUnit = Choose("--angle-unit", value, Choices);
+}
+std::uint32_t ReadNumber(const char* option, const std::string& text, std::uint32_t largest) {
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto read = std::from_chars(text.data(), end, number);
+    if (read.ec != std::errc() || read.ptr != end || number > largest)
+        throw UsageError(std::string(option) + " takes a number from 0 to " + std::to_string(largest) +
+                         ", not '" + text + "'");
+    return number;
+}
+void SetDigits(Options& options, const std::string& value) {
+    options.formats.digits = ReadNumber("--digits", value, MostDigits);
+}
+void SetGrouping(Options& options, const std::string& value) {
+    static constexpr Choice<std::uint32_t> Choices[] = {{"none", 0}, {"3", 3}, {"3,2", 32}};
+    options.formats.grouping = Choose("--grouping", value, Choices);
+}
+void SetStations(Options& options, const std::string& value) {
+    static constexpr Choice<StationKind> Choices[] = {
+        {"auto", StationKind::Automatic}, {"road", StationKind::Road}, {"railway", StationKind::Railway}};
+    options.stations = Choose("--station-kind", value, Choices);
+}
+void SetHelp(Options& options, const std::string&) {
+    options.help = true;
+}
+void SetVersion(Options& options, const std::string&) {
+    options.version = true;
+}
+
+enum class Takes { Nothing, Value };
+
+struct Option {
+    std::string_view name;
+    Takes takes;
+    void (*apply)(Options&, const std::string& value);
+};
+constexpr Option KnownOptions[] = {
+    {"--list", Takes::Nothing, SetList},
+    {"--screenshot", Takes::Value, SetScreenshot},
+    {"--size", Takes::Value, SetSize},
+    {"--expand", Takes::Value, AddExpand},
+    {"--expand-all", Takes::Nothing, SetExpandAll},
+    {"--locale", Takes::Value, SetLocale},
+    {"--language", Takes::Value, SetLanguage},
+    {"--angle-unit", Takes::Value, SetAngle},
+    {"--digits", Takes::Value, SetDigits},
+    {"--grouping", Takes::Value, SetGrouping},
+    {"--station-kind", Takes::Value, SetStations},
+    {"--help", Takes::Nothing, SetHelp},
+    {"--version", Takes::Nothing, SetVersion},
+};
+
+const Option& FindOption(std::string_view name) {
+    const auto* found = std::find_if(std::begin(KnownOptions), std::end(KnownOptions),
+                                     [&](const Option& option) { return option.name == name; });
+    if (found == std::end(KnownOptions))
+        throw UsageError("there is no option '" + std::string(name) + "'");
+    return *found;
+}
+
+void SetFile(Options& options, const std::string& file) {
+    if (file.empty())
+        throw UsageError("the name of the file is empty");
+    if (!options.file.empty())
+        throw UsageError("only one file can be shown, '" + file + "' is too many");
+    options.file = file;
+}
+
+// Applies the option at `index`; answers the index of its last argument.
+std::size_t ApplyOption(Options& options, const std::vector<std::string>& arguments, std::size_t index) {
+    const std::string& argument = arguments[index];
+    const std::size_t equals = argument.find('=');
+    const Option& option = FindOption(std::string_view(argument).substr(0, equals));
+    const std::string name(option.name);
+    if (option.takes == Takes::Nothing) {
+        if (equals != std::string::npos)
+            throw UsageError(name + " takes no value");
+        option.apply(options, {});
+        return index;
+    }
+    const bool isInside = equals != std::string::npos;
+    if (!isInside && index + 1 == arguments.size())
+        throw UsageError(name + " needs a value");
+    const std::string value = isInside ? argument.substr(equals + 1) : arguments[index + 1];
+    if (value.empty())
+        throw UsageError(name + " needs a value");
+    option.apply(options, value);
+    return isInside ? index : index + 1;
+}
+
+} // namespace
+
+Options ReadOptions(const std::vector<std::string>& arguments) {
+    Options options;
+    bool onlyFiles = false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        if (!onlyFiles && argument == "--")
+            onlyFiles = true;
+        else if (!onlyFiles && argument.starts_with('-') && argument != "-")
+            i = ApplyOption(options, arguments, i);
+        else
+            SetFile(options, argument);
+    }
+    const bool needsFile = options.list || !options.screenshot.empty();
+    if (needsFile && options.file.empty() && !options.help && !options.version)
+        throw UsageError("no file is named");
+    return options;
+}
+
+const char* HelpText() {
+    return R"(Usage: inspector [FILE] [OPTION...]
+
+Shows a LandXML file as a tree of objects with typed attributes.
+
+  --list                    write the tree to standard output, one member a line
+  --screenshot PNG          write a picture of the window
+  --size WxH                size of that picture in pixels (1000x700)
+  --expand PATH             open the groups along a path of member names, separated by '/'; can be repeated
+  --expand-all              open all groups
+  --locale NAME             write numbers and dates as in de-DE, en-US, ...
+  --language NAME           English or German, for this run
+  --station-kind KIND       road, railway, or auto: railway where an alignment has cant
+  --help, --version         write this text, or the version
+
+These are kept for later runs:
+
+  --angle-unit UNIT         deg (at first), rad or gon
+  --digits NUMBER           digits behind the decimal separator of numbers and angles
+  --grouping SIZES          digits of a group: none, 3 (123.456.789), or 3,2 (12.34.56.789)
+
+Exit status: 0 done, 1 failed, 2 a file or an option that cannot be understood.
+)";
+}
+
+} // namespace korvel::inspector

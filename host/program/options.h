@@ -1,0 +1,57 @@
+#pragma once
+
+#include "landxml/landxml_document.h"
+#include "korvel/platform/error.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace korvel::inspector {
+
+struct PictureSize {
+    int width = 1000;
+    int height = 700;
+};
+
+/// The formats that the command line chooses; they are kept for later runs.
+struct FormatChoice {
+    std::optional<char> angleUnit;         ///< as SetAngleUnit takes it
+    std::optional<std::uint32_t> digits;   ///< behind the decimal separator, of numbers and angles
+    std::optional<std::uint32_t> grouping; ///< as in a number format: 0, 3, 32
+
+    bool IsEmpty() const { return !angleUnit && !digits && !grouping; }
+};
+
+/// What the command line of the inspector asks for.
+struct Options {
+    std::string file; ///< empty when none is named
+    bool list = false;
+    std::string screenshot; ///< the picture to write; empty: none
+    PictureSize size;
+    std::vector<std::string> expand; ///< paths of member names, separated by '/'
+    bool expandAll = false;
+    std::string locale;   ///< empty: the user's
+    std::string language; ///< empty: the one that is set
+    FormatChoice formats;
+    StationKind stations = StationKind::Automatic;
+    bool help = false;
+    bool version = false;
+};
+
+/// A command line that cannot be understood; its text says why.
+class UsageError : public Error {
+public:
+    using Error::Error;
+};
+
+/// Reads the arguments behind the program's name. The value of an option is the next argument, or stands
+/// behind '=' in the same: `--size 800x600`, `--size=800x600`. Behind `--` everything is a file name.
+/// Throws UsageError.
+Options ReadOptions(const std::vector<std::string>& arguments);
+
+/// The text of `--help`.
+const char* HelpText();
+
+} // namespace korvel::inspector

@@ -1,0 +1,131 @@
+#include "source/element_tree.h"
+
+#include "source/blanks.h"
+
+#include <algorithm>
+
+namespace korvel::inspector {
+namespace {
+
+std::string_view LocalPart(std::string_view name) {
+    return name.substr(name.find(':') + 1); // npos + 1 is 0: the whole name
+}
+
+// The offset behind the comments, sections and characters from `begin` on: where the next tag is.
+std::size_t EndOfCharacters(std::string_view source, std::size_t begin) {
+    SourceScanner scanner(source, begin);
+    while (!scanner.AtEnd()) {
+        if (scanner.IsAt("<!--"))
+            scanner.Comment();
+        else if (scanner.IsAt("<![CDATA["))
+            scanner.CharacterSection();
+        else if (scanner.IsAt("<?"))
+            scanner.Instruction();
+        else if (scanner.IsAt("<"))
+            break;
+        else
+            scanner.CharacterData();
+    }
+    return scanner.Position();
+}
+
+} // namespace
+
+std::string_view ElementTree::Name(ElementIndex element) const {
+    return SourceScanner(m_source, m_elements[element].start + 1).Name();
+}
+
+std::string_view ElementTree::LocalName(ElementIndex element) const {
+    return LocalPart(Name(element));
+}
+
+ElementIndex ElementTree::FindChild(ElementIndex element, std::string_view localName) const {
+    for (const ElementIndex child : Children(element))
+        if (LocalName(child) == localName)
+            return child;
+    return NoElement;
+}
+
+SourceScanner ElementTree::AtAttributes(ElementIndex element) const {
+    SourceScanner scanner(m_source, m_elements[element].start + 1);
+    scanner.Name();
+    return scanner;
+}
+
+std::vector<AttributeSource> ElementTree::Attributes(ElementIndex element) const {
+    std::vector<AttributeSource> attributes;
+    SourceScanner scanner = AtAttributes(element);
+    for (AttributeSource attribute; scanner.NextAttribute(attribute);)
+        attributes.push_back(attribute);
+    return attributes;
+}
+
+std::string_view ElementTree::FindAttribute(ElementIndex element, std::string_view name) const {
+    SourceScanner scanner = AtAttributes(element);
+    for (AttributeSource attribute; scanner.NextAttribute(attribute);)
+        if (attribute.name == name)
+            return attribute.value;
+    return {};
+}
+
+TextSource ElementTree::Text(ElementIndex element) const {
+    if (HasChildren(element)) {
+        const auto found =
+            std::lower_bound(m_mixedTexts.begin(), m_mixedTexts.end(), element,
+                             [](const MixedText& text, ElementIndex e) { return text.element < e; });
+        if (found == m_mixedTexts.end() || found->element != element)
+            return {};
+        return {std::string_view(m_source).substr(found->begin, found->end - found->begin), found->complete};
+    }
+    SourceScanner scanner = AtAttributes(element);
+    for (AttributeSource attribute; scanner.NextAttribute(attribute);) {
+    }
+    if (!scanner.Skip(">"))
+        return {}; // an empty-element tag
+    const std::size_t begin = scanner.Position();
+    return {Trim(std::string_view(m_source).substr(begin, EndOfCharacters(m_source, begin) - begin)), true};
+}
+
+AttributeSource ElementTree::AttributeAt(std::uint32_t offset) const {
+    SourceScanner scanner(m_source, offset - 1); // from the blank before it
+    AttributeSource attribute;
+    scanner.NextAttribute(attribute);
+    return attribute;
+}
+
+std::string_view ElementTree::PrefixAt(const NamespaceDeclaration& declaration) const {
+    const std::string_view name = SourceScanner(m_source, declaration.attribute).Name();
+    return name == "xmlns" ? std::string_view() : LocalPart(name);
+}
+
+void ElementTree::IndexNamespaces() {
+    std::sort(m_namespaces.begin(), m_namespaces.end(),
+              [this](const NamespaceDeclaration& a, const NamespaceDeclaration& b) {
+                  const int order = PrefixAt(a).compare(PrefixAt(b));
+                  return order != 0 ? order < 0 : a.element < b.element;
+              });
+    for (std::uint32_t i = 1; i < m_namespaces.size(); ++i)
+        if (PrefixAt(m_namespaces[i - 1]) == PrefixAt(m_namespaces[i]))
+            m_namespaces[i].outer = InnermostDeclaration(i - 1, m_namespaces[i].element);
+}
+
+std::uint32_t ElementTree::InnermostDeclaration(std::uint32_t from, ElementIndex element) const {
+    while (from != None && SubtreeEnd(m_namespaces[from].element) <= element)
+        from = m_namespaces[from].outer;
+    return from;
+}
+
+std::string_view ElementTree::NamespaceOf(ElementIndex element, std::string_view prefix) const {
+    const auto next = std::partition_point(m_namespaces.begin(), m_namespaces.end(),
+                                           [&](const NamespaceDeclaration& declaration) {
+                                               const int order = PrefixAt(declaration).compare(prefix);
+                                               return order != 0 ? order < 0 : declaration.element <= element;
+                                           });
+    if (next == m_namespaces.begin() || PrefixAt(*(next - 1)) != prefix)
+        return {};
+    const auto last = static_cast<std::uint32_t>(next - m_namespaces.begin() - 1);
+    const std::uint32_t found = InnermostDeclaration(last, element);
+    return found == None ? std::string_view() : AttributeAt(m_namespaces[found].attribute).value;
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,136 @@
+#pragma once
+
+#include "source/source_scanner.h"
+
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace korvel::inspector {
+
+/// The number of an element in document order; the root is 0.
+using ElementIndex = std::uint32_t;
+inline constexpr ElementIndex NoElement = 0xFFFFFFFF;
+
+/// The text directly inside an element, as written: from its first to its last character that is not blank.
+/// It may hold comments and character sections. Between child elements only the first piece is kept.
+struct TextSource {
+    std::string_view raw;
+    bool complete = true; ///< false: further pieces follow between the child elements
+
+    /// True when the characters are the value itself, so that it can be replaced where it stands.
+    bool IsPlain() const { return complete && raw.find('<') == std::string_view::npos; }
+};
+
+/// The elements of a well-formed XML document over its text, which stays as it is: 12 bytes an element.
+/// Attributes and texts are not stored; they are found again from the start tag when someone asks, and what
+/// is answered points into the text, so that the place of every value is known.
+///
+///     ElementTree tree = ReadElements("<a b='1'><c>x</c><c/></a>");
+///     tree.Name(0)                  -> "a"
+///     tree.FindAttribute(0, "b")    -> "1"
+///     for (ElementIndex child : tree.Children(0)) ...   // 1, 2
+///     tree.Text(1).raw              -> "x"
+class ElementTree {
+public:
+    class ChildRange;
+
+    const std::string& Source() const { return m_source; }
+    ElementIndex Count() const { return static_cast<ElementIndex>(m_elements.size()); }
+
+    /// With its prefix, as written.
+    std::string_view Name(ElementIndex element) const;
+    std::string_view LocalName(ElementIndex element) const;
+
+    /// NoElement for the root.
+    ElementIndex Parent(ElementIndex element) const { return m_elements[element].parent; }
+    /// The first element behind all that lie in this one.
+    ElementIndex SubtreeEnd(ElementIndex element) const { return m_elements[element].end; }
+    bool HasChildren(ElementIndex element) const { return SubtreeEnd(element) != element + 1; }
+    ChildRange Children(ElementIndex element) const;
+    /// NoElement when there is none of this local name.
+    ElementIndex FindChild(ElementIndex element, std::string_view localName) const;
+
+    std::vector<AttributeSource> Attributes(ElementIndex element) const;
+    /// The value as written; a null view when there is no such attribute.
+    std::string_view FindAttribute(ElementIndex element, std::string_view name) const;
+
+    /// The attribute whose name begins at an offset of the source.
+    AttributeSource AttributeAt(std::uint32_t offset) const;
+
+    TextSource Text(ElementIndex element) const;
+
+    /// The address that a prefix (empty: none) stands for in an element; empty when it stands for nothing.
+    std::string_view NamespaceOf(ElementIndex element, std::string_view prefix) const;
+
+    std::size_t OffsetOf(std::string_view piece) const {
+        return static_cast<std::size_t>(piece.data() - m_source.data());
+    }
+
+private:
+    friend class DocumentReader;
+
+    struct Element {
+        std::uint32_t start; // of the '<'
+        ElementIndex end;
+        ElementIndex parent;
+    };
+    struct MixedText {
+        std::uint32_t element : 31; // an element has at least four bytes of text
+        bool complete : 1;
+        std::uint32_t begin;
+        std::uint32_t end;
+    };
+    static constexpr std::uint32_t None = 0xFFFFFFFF; // no declaration
+    struct NamespaceDeclaration {
+        ElementIndex element;
+        std::uint32_t attribute;    // offset of its name
+        std::uint32_t outer = None; // the next declaration of the same prefix around this one
+    };
+
+    SourceScanner AtAttributes(ElementIndex element) const;
+    void IndexNamespaces();
+    std::string_view PrefixAt(const NamespaceDeclaration& declaration) const;
+    std::uint32_t InnermostDeclaration(std::uint32_t from, ElementIndex element) const;
+
+    std::string m_source;
+    std::vector<Element> m_elements;
+    // Hardly any element has these, so nobody counts them before; deques, because a vector that grows takes
+    // twice its memory.
+    std::deque<MixedText> m_mixedTexts;            // by element
+    std::deque<NamespaceDeclaration> m_namespaces; // by prefix, then by element
+};
+
+class ElementTree::ChildRange {
+public:
+    class Iterator {
+    public:
+        Iterator(const ElementTree& tree, ElementIndex element) : m_tree(&tree), m_element(element) {}
+        ElementIndex operator*() const { return m_element; }
+        Iterator& operator++() {
+            m_element = m_tree->SubtreeEnd(m_element);
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return m_element != other.m_element; }
+
+    private:
+        const ElementTree* m_tree;
+        ElementIndex m_element;
+    };
+
+    ChildRange(const ElementTree& tree, ElementIndex parent) : m_tree(&tree), m_parent(parent) {}
+    Iterator begin() const { return {*m_tree, m_parent + 1}; }
+    Iterator end() const { return {*m_tree, m_tree->SubtreeEnd(m_parent)}; }
+
+private:
+    const ElementTree* m_tree;
+    ElementIndex m_parent;
+};
+
+inline ElementTree::ChildRange ElementTree::Children(ElementIndex element) const {
+    return {*this, element};
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,83 @@
+#include "source/source_file.h"
+
+#include "source/source_error.h"
+
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+#include <fcntl.h>
+#include <limits>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace korvel::inspector {
+namespace {
+
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int descriptor) : m_descriptor(descriptor) {}
+    ~FileDescriptor() {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+    }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    int Get() const { return m_descriptor; }
+
+private:
+    int m_descriptor;
+};
+
+std::string ReasonOf(int error) {
+    switch (error) {
+    case ENOENT:
+    case ENOTDIR:
+        return "no such file";
+    case EACCES:
+    case EPERM:
+        return "no permission to read it";
+    default:
+        return std::strerror(error);
+    }
+}
+
+[[noreturn]] void Fail(const std::string& path, const std::string& reason) {
+    throw DocumentError(path, reason);
+}
+
+} // namespace
+
+std::string ReadSourceFile(const std::string& path) {
+    // O_NONBLOCK: opening a pipe that nobody writes to must not wait.
+    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (file.Get() < 0)
+        Fail(path, ReasonOf(errno));
+    struct stat status {};
+    if (fstat(file.Get(), &status) != 0)
+        Fail(path, ReasonOf(errno));
+    if (S_ISDIR(status.st_mode))
+        Fail(path, "is a folder");
+    if (!S_ISREG(status.st_mode))
+        Fail(path, "is not a regular file");
+    if (status.st_size >= std::numeric_limits<std::uint32_t>::max())
+        Fail(path, "is larger than 4 GB");
+
+    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    std::size_t count = 0;
+    while (count < bytes.size()) {
+        const ssize_t got = read(file.Get(), bytes.data() + count, bytes.size() - count);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            Fail(path, ReasonOf(errno));
+        if (got == 0)
+            break;
+        count += static_cast<std::size_t>(got);
+    }
+    bytes.resize(count);
+    if (bytes.empty())
+        Fail(path, "is empty");
+    return bytes;
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,45 @@
+#include "korvel/editors/combo_list.h"
+#include "korvel/editors/grid_ctrl_combo_box_input_states.h"
+
+namespace korvel {
+
+void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDown(UINT, CPoint point) {
+    const int row = HitRow(point);
+    if (row == -1) {
+        return;
+    }
+    SetCurrent(row);
+    CComboTreeItem* const item = CurrentItem();
+    if (item && Hits(&CComboList::GetRectCheckBox, *item, point)) {
+        Toggle(*item);
+    } else {
+        SendFinished();
+    }
+}
+
+void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDblClk(UINT, CPoint) {
+    SendFinished();
+}
+
+void CGridCtrlComboBoxInputStateCheckBox::OnKeyDown(UINT key, UINT repeat, UINT flags) {
+    CComboTreeItem* const item = CurrentItem();
+    if (key != VK_SPACE) {
+        IGridCtrlComboBoxInputState::OnKeyDown(key, repeat, flags);
+    } else if (item) {
+        Toggle(*item);
+    }
+}
+
+void CGridCtrlComboBoxInputStateCheckBox::Toggle(CComboTreeItem& item) {
+    List()->GetModel().ToggleCheck(item);
+    SendChanged();
+    if (List()) {
+        List()->RedrawWindow();
+    }
+}
+
+void CGridCtrlComboBoxInputStateCheckBox::Step(int delta) {
+    Move(delta, EApply::No);
+}
+
+} // namespace korvel

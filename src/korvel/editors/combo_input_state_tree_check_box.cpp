@@ -1,0 +1,53 @@
+#include "korvel/editors/combo_list.h"
+#include "korvel/editors/grid_ctrl_combo_box_input_states.h"
+
+namespace korvel {
+
+void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) {
+    const int row = HitRow(point);
+    if (row == -1) {
+        return;
+    }
+    SetCurrent(row);
+    CComboTreeItem* const item = CurrentItem();
+    if (!item || PressTreeButton(*item, point) || !Hits(&CComboList::GetRectCheckBox, *item, point)) {
+        return;
+    }
+    SetCheck(*item, item->GetChecked() <= 0);
+    SendChanged();
+}
+
+void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDblClk(UINT, CPoint point) {
+    CComboTreeItem* const item = ItemAt(HitRow(point));
+    if (item && item->HasChildren() && Hits(&CComboList::GetRectLabel, *item, point)) {
+        ToggleExpanded(*item);
+    } else {
+        SendFinished();
+    }
+}
+
+/// The space bar tells the owner nothing, unlike the mouse: kept. An owner that follows each change asks for
+/// the value when the list closes.
+void CGridCtrlComboBoxInputStateTreeCheckBox::OnKeyDown(UINT key, UINT repeat, UINT flags) {
+    CComboTreeItem* const item = CurrentItem();
+    if (key == VK_SPACE && item) {
+        SetCheck(*item, item->GetChecked() < 1);
+        return;
+    }
+    IGridCtrlComboBoxInputState::OnKeyDown(key, repeat, flags);
+    ExpandByKey(key);
+}
+
+/// Repaints once for all rows that may show another check: a group can have any number of them.
+void CGridCtrlComboBoxInputStateTreeCheckBox::SetCheck(CComboTreeItem& item, bool check) {
+    List()->GetModel().SetCheck(item, check);
+    if (List()) {
+        List()->RedrawWindow();
+    }
+}
+
+void CGridCtrlComboBoxInputStateTreeCheckBox::Step(int delta) {
+    Move(delta, EApply::No);
+}
+
+} // namespace korvel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "korvel/layout/subclass_wnd.h"
+
+namespace korvel {
+
+/// Whether a message to the window that `owner` stands in tells that the user acts elsewhere: the window
+/// moves, one of its buttons is pressed, a command comes that is not the owner's.
+KORVEL_API bool EndsComboList(HWND owner, UINT message, WPARAM wParam, LPARAM lParam);
+
+/// Watches the window around a field while its list is dropped, and closes the list when the user acts
+/// elsewhere. The message itself always goes its way first.
+///
+///     CComboListHook<CEditableGrid> m_ComboHook{this, &CEditableGrid::CtrlEnd};
+///     m_ComboHook.HookWindow(korvel::GetParent(m_hWnd));   // the list has dropped
+///     m_ComboHook.HookWindow(nullptr);                     // the list is closed
+///
+/// The owner hears 4, then 9, through its SendParentComboMessage, then `end` is called; unless the message
+/// has closed the list itself. An owner whose window ends meanwhile hears no more. T is a CWnd with a
+/// SendParentComboMessage(UINT).
+template <typename T>
+class CComboListHook : public CSubclassWnd {
+public:
+    using EndRoutine = void (T::*)();
+
+    CComboListHook(T* owner, EndRoutine end) : m_pOwner(owner), m_end(end) {}
+
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        constexpr UINT focusLost = 4;
+        constexpr UINT chosen = 9;
+        const HWND window = GetHookedWindow();
+        T* const owner = m_pOwner;
+        const HWND ownerWindow = owner ? owner->m_hWnd : nullptr;
+        const EndRoutine end = m_end;
+        const bool ends = owner && EndsComboList(ownerWindow, message, wParam, lParam);
+        const LRESULT result = CSubclassWnd::WindowProc(message, wParam, lParam);
+        if (!ends || !IsHooking(this, window)) {
+            return result;
+        }
+        // Who hears the owner may destroy it, and this hook with it.
+        owner->SendParentComboMessage(focusLost);
+        if (IsWindow(ownerWindow)) {
+            owner->SendParentComboMessage(chosen);
+        }
+        if (IsWindow(ownerWindow)) {
+            (owner->*end)();
+        }
+        return result;
+    }
+
+private:
+    T* m_pOwner;
+    EndRoutine m_end;
+};
+
+} // namespace korvel

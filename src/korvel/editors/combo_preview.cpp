@@ -1,0 +1,90 @@
+#include "korvel/editors/combo_preview.h"
+
+namespace korvel {
+
+namespace {
+
+constexpr unsigned Pause = 500; // milliseconds that the pointer rests before the picture opens
+constexpr unsigned Stay = 2000; // and that the picture stays
+
+} // namespace
+
+void ComboPreview::OnMouseMove(CPoint point) {
+    m_point = point;
+    const int row = m_source.rowAt(point);
+    switch (m_state) {
+    case EState::Idle:
+        m_state = EState::Armed;
+        break;
+    case EState::Armed:
+        StopTimer();
+        if (row == m_row) {
+            StartTimer(Pause);
+        }
+        m_row = row;
+        break;
+    case EState::Shown:
+        if (row != m_row) {
+            Hide();
+        }
+        break;
+    }
+}
+
+/// Without a picture nothing is timed until the pointer moves again.
+void ComboPreview::OnTimer() {
+    if (m_state == EState::Armed && Show()) {
+        m_state = EState::Shown;
+        StartTimer(Stay);
+        return;
+    }
+    if (m_state == EState::Shown) {
+        Hide();
+    }
+    StopTimer();
+}
+
+bool ComboPreview::Show() {
+    const int row = m_source.rowAt(m_point);
+    const std::string path = m_source.imagePath(row);
+    CRect label = m_source.labelRect(row);
+    const bool isClosed = m_state == EState::Idle; // by who was asked
+    if (isClosed || path.empty() || !m_window.Load(path)) {
+        return false;
+    }
+    const CPoint origin = ClientToScreen(m_list.m_hWnd, {0, 0});
+    label.OffsetRect(origin.x, origin.y);
+    m_row = row;
+    m_window.Show(m_list, label);
+    return true;
+}
+
+void ComboPreview::Dismiss() {
+    StopTimer();
+    Hide();
+}
+
+void ComboPreview::Hide() {
+    m_window.Hide();
+    m_state = EState::Armed;
+}
+
+void ComboPreview::Close() {
+    StopTimer();
+    m_window.Hide();
+    m_state = EState::Idle;
+    m_row = -1;
+}
+
+void ComboPreview::StartTimer(unsigned milliseconds) {
+    m_timer = m_list.SetTimer(TimerId, milliseconds);
+}
+
+void ComboPreview::StopTimer() {
+    if (m_timer != 0) {
+        m_list.KillTimer(TimerId);
+        m_timer = 0;
+    }
+}
+
+} // namespace korvel

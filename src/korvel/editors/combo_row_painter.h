@@ -1,0 +1,30 @@
+#pragma once
+
+#include "korvel/editors/combo_geometry.h"
+#include "korvel/editors/combo_tree_item.h"
+#include "korvel/window/base/dc.h"
+
+namespace korvel {
+
+class CComboList;
+
+/// Draws one row of a CComboList.
+class ComboRowPainter {
+public:
+    ComboRowPainter(const CComboList& list, CDC& dc) : m_list(list), m_dc(dc) {}
+
+    void Draw(int row, UINT itemState);
+
+private:
+    void DrawTree(const CComboTreeItem& item, const ComboRowGeometry& place);
+    void DrawTreeButton(bool expanded, const CRect& box);
+    void DrawIcon(const CComboTreeItem& item, const CRect& rect);
+    void DrawColumns(int row, const CComboTreeItem& item);
+    void DrawDispValue(CRect rect, const CString& text);
+    void Line(int fromX, int fromY, int toX, int toY);
+
+    const CComboList& m_list;
+    CDC& m_dc;
+};
+
+} // namespace korvel

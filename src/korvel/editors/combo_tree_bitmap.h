@@ -1,0 +1,12 @@
+#pragma once
+
+#include "korvel/window/base/image_list.h"
+
+namespace korvel {
+
+/// The cells of bitmap 15002: what stands before the label of an item in a tree.
+enum class EComboTreeCell { ClosedGroup, OpenGroup, Entry };
+
+const Image& ComboTreeBitmap(EComboTreeCell cell);
+
+} // namespace korvel

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "korvel/window/controls/controls.h"
+#include "korvel/window/base/dc.h"
+
+namespace korvel {
+
+/// The arrow beside the field of a closed combo: an owner-drawn button.
+///
+///     CGridCtrlComboBoxButton arrow;
+///     arrow.Create("", 0x4001400B, rect, &grid, 107);
+class KORVEL_API CGridCtrlComboBoxButton : public CButton {
+public:
+    void DrawItem(DRAWITEMSTRUCT* item) override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+};
+
+} // namespace korvel

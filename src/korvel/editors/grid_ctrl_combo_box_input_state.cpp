@@ -1,0 +1,142 @@
+#include "korvel/editors/grid_ctrl_combo_box_input_state.h"
+
+#include "korvel/editors/combo_list.h"
+
+namespace korvel {
+
+IGridCtrlComboBoxInputState::IGridCtrlComboBoxInputState(CComboList& list)
+    : m_pList(&list), m_nCurrent(list.GetNextItem(-1, LVNI_SELECTED)) {
+    if (m_nCurrent != -1) {
+        list.RedrawRow(m_nCurrent);
+        list.UpdateWindow();
+    }
+}
+
+IGridCtrlComboBoxInputState::~IGridCtrlComboBoxInputState() {
+    Highlight(m_nCurrent, false);
+}
+
+void IGridCtrlComboBoxInputState::OnMouseWheel(UINT flags, short delta, CPoint point) {
+    m_pList->ScrollByWheel(flags, delta, point);
+}
+
+void IGridCtrlComboBoxInputState::OnKeyDown(UINT key, UINT, UINT) {
+    if (key == VK_UP) {
+        Step(-1);
+    } else if (key == VK_DOWN) {
+        Step(1);
+    }
+}
+
+void IGridCtrlComboBoxInputState::SetCurrent(int row) {
+    Highlight(m_nCurrent, false);
+    m_nCurrent = row;
+    Highlight(m_nCurrent, true);
+}
+
+void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
+    CComboList* const list = m_pList; // telling of the change may detach this state
+    if (list && row != -1) {
+        list->SetItemState(row, highlighted ? LVIS_SELECTED : 0, LVIS_SELECTED);
+        list->RedrawRow(row);
+    }
+}
+
+void IGridCtrlComboBoxInputState::RowsCame(int first, int count) {
+    if (m_nCurrent >= first) {
+        m_nCurrent += count;
+    }
+}
+
+void IGridCtrlComboBoxInputState::RowsWent(int first, int count) {
+    if (m_nCurrent >= first + count) {
+        m_nCurrent -= count;
+    } else if (m_nCurrent >= first) {
+        m_nCurrent = -1;
+    }
+}
+
+void IGridCtrlComboBoxInputState::Detach() {
+    m_pList = nullptr;
+    m_nCurrent = -1;
+}
+
+CComboTreeItem* IGridCtrlComboBoxInputState::ItemAt(int row) const {
+    return m_pList ? m_pList->GetTreeItem(row) : nullptr;
+}
+
+CComboTreeItem* IGridCtrlComboBoxInputState::CurrentItem() const {
+    return ItemAt(m_nCurrent);
+}
+
+int IGridCtrlComboBoxInputState::HitRow(CPoint point) const {
+    constexpr int insideColumn = 4;
+    return m_pList->HitTest({insideColumn, point.y});
+}
+
+/// An empty list is left with row 0 as the current one, which it has not: kept. Nothing is found there.
+void IGridCtrlComboBoxInputState::Move(int delta, EApply apply) {
+    Highlight(m_nCurrent, false);
+    if (!m_pList) {
+        return;
+    }
+    const int last = m_pList->GetItemCount() - 1;
+    m_nCurrent = std::max(std::min(m_nCurrent + delta, last), 0);
+    Highlight(m_nCurrent, true);
+    if (m_pList) {
+        m_pList->EnsureVisible(m_nCurrent, false);
+    }
+    if (apply == EApply::Yes) {
+        Apply();
+    }
+}
+
+void IGridCtrlComboBoxInputState::Apply() {
+    if (m_pList) {
+        m_pList->GetModel().Apply(CurrentItem());
+        SendChanged();
+    }
+}
+
+void IGridCtrlComboBoxInputState::SendChanged() {
+    if (m_pList) {
+        m_pList->SendParentComboMessage(ComboListChanged);
+    }
+}
+
+void IGridCtrlComboBoxInputState::SendFinished() {
+    if (m_pList) {
+        m_pList->SendParentComboMessage(ComboListFinished);
+    }
+}
+
+bool IGridCtrlComboBoxInputState::Hits(Region region, const CComboTreeItem& item, CPoint point) const {
+    return m_pList && (m_pList->*region)(item).PtInRect(point) && m_pList;
+}
+
+void IGridCtrlComboBoxInputState::ToggleExpanded(CComboTreeItem& item) {
+    if (item.IsExpanded()) {
+        m_pList->Collapse(&item);
+    } else {
+        m_pList->Expand(&item);
+    }
+}
+
+void IGridCtrlComboBoxInputState::ExpandByKey(UINT key) {
+    CComboTreeItem* const item = CurrentItem();
+    if (item && key == VK_LEFT) {
+        m_pList->Collapse(item);
+    } else if (item && key == VK_RIGHT) {
+        m_pList->Expand(item);
+    }
+}
+
+bool IGridCtrlComboBoxInputState::PressTreeButton(CComboTreeItem& item, CPoint point) {
+    if (!Hits(&CComboList::GetRectTreeBox, item, point)) {
+        return false;
+    }
+    ToggleExpanded(item);
+    return true;
+}
+
+} // namespace korvel

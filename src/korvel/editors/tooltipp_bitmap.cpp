@@ -1,0 +1,70 @@
+#include "korvel/editors/tooltipp_bitmap.h"
+
+#include "korvel/window/display/display.h"
+
+namespace korvel {
+
+namespace {
+
+constexpr CSize Room{256, 256};
+constexpr int Border = 1;
+constexpr LRESULT NoActivation = 3; // what WM_MOUSEACTIVATE answers
+
+/// Held on the screen when it begins there; the system tells the size of the first screen only.
+int Held(int position, int size, int screen) {
+    return position < screen ? std::max(0, std::min(position, screen - size)) : position;
+}
+
+} // namespace
+
+bool CTooltippBitmap::Load(const CString& path) {
+    auto image = Display().LoadPicture(path, Room);
+    const bool isPicture = image && image->width > 0 && image->height > 0;
+    m_image = isPicture ? std::move(*image) : Image();
+    return isPicture;
+}
+
+void CTooltippBitmap::Show(CWnd& owner, const CRect& beside) {
+    if (!m_hWnd) {
+        CreateEx(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "KorvelFrame", "", WS_POPUP, {}, &owner,
+                 0);
+    }
+    const int width = m_image.width + 2 * Border;
+    const int height = m_image.height + 2 * Border;
+    const int screenHeight = GetSystemMetrics(SM_CYSCREEN);
+    const bool fitsBelow = beside.bottom + height <= screenHeight || beside.bottom > screenHeight;
+    const int left = Held(beside.left, width, GetSystemMetrics(SM_CXSCREEN));
+    const int top = fitsBelow ? beside.bottom : std::max(0, beside.top - height);
+    SetWindowPos(m_hWnd, nullptr, {left, top, left + width, top + height}, SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    Invalidate();
+}
+
+void CTooltippBitmap::Hide() {
+    if (IsWindowVisible()) {
+        ShowWindow(SW_HIDE);
+    }
+}
+
+LRESULT CTooltippBitmap::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_PAINT:
+        Paint(*reinterpret_cast<CDC*>(wParam));
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_MOUSEACTIVATE:
+        return NoActivation;
+    default:
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+}
+
+void CTooltippBitmap::Paint(CDC& dc) const {
+    CRect rect = GetClientRect();
+    dc.FillSolidRect(rect, GetSysColor(COLOR_WINDOW));
+    dc.FrameRect(rect, GetSysColor(COLOR_BTNSHADOW));
+    rect.DeflateRect(Border, Border);
+    dc.DrawImage(m_image, rect);
+}
+
+} // namespace korvel

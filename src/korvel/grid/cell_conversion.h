@@ -1,0 +1,43 @@
+#pragma once
+
+#include "korvel/grid/item_info.h"
+#include "korvel/output/format_notification.h"
+#include "korvel/values/variant_value.h"
+
+#include <optional>
+
+namespace korvel {
+
+/// What the text of a cell is made of.
+enum class ECellText {
+    Value,     // the user-facing text of the value
+    TextField, // the value's Text field as it stands
+    ColorWord, // "0x" and the colour word in lower-case hexadecimal, unpadded
+    Nothing,   // empty: what the cell draws tells all
+};
+
+/// How values of one type are shown in a cell.
+struct SCellConversion {
+    ECellText text = ECellText::Value;
+    CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
+    EFormatService service = EFormatService::None; // whose change of format puts the text out of date
+};
+
+/// Nothing for the types that a cell does not show: groups, void, and what is no type.
+std::optional<SCellConversion> FindCellConversion(EDataTyps type);
+
+/// Writes the text of a cell, and its editor. A type that a cell does not show leaves the text as it is and
+/// gives ctEdit. What the formatters throw passes through.
+///
+///     value.Type = DT_ColorRGB;
+///     value.Value.UInt = 0xFF0000FF;
+///     ConvertCell(value, text, control);   // "0xff0000ff", ctColor
+void ConvertCell(const CVariantValue& value, CString& text, CItemInfo::CONTROLTYPE& control);
+
+/// The service for a value: for a list that of its entries.
+EFormatService FormatServiceOf(const CVariantValue& value);
+
+/// Takes the escapes off the dashes of a list text whose entries are paths.
+void UnescapeDashes(const CVariantValue& value, CString& text);
+
+} // namespace korvel

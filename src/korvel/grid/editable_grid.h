@@ -1,0 +1,252 @@
+#pragma once
+
+#include "korvel/grid/dispatch_sink.h"
+#include "korvel/grid/member_index.h"
+#include "korvel/grid/super_grid_ctrl.h"
+#include "korvel/output/format_notification.h"
+#include "korvel/values/enum_value.h"
+#include "korvel/values/member_dispatch.h"
+#include "korvel/values/observer_grid.h"
+
+#include <cstdint>
+#include <list>
+#include <map>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace korvel {
+
+class IGroupPresentation;
+
+enum EGridLayout {
+    eSingleAttrColumn = 0, // a row is a member: its name, its value
+    eMultiColumn = 1,      // a row is an object: its members are the columns
+};
+
+enum EImplementationDetail : std::uint32_t {};
+
+/// Bits of the image style.
+enum EImageStyle : std::uint32_t {
+    IS_AskParent = 1, // the parent names the images of rows, by WM_GET_IMAGEINDEX
+};
+
+struct SColumnInfo {
+    int column = 0;
+    int width = 0; // pixels
+};
+
+/// What WM_GET_IMAGEINDEX carries (lParam).
+struct SImageIndex {
+    int index = 0; // in: what the grid would take; out: the parent's choice
+    const std::string* name = nullptr;
+    IMemberDispatch* disp = nullptr;
+};
+
+/// Shows the attributes of an object, and of all objects within it, as a tree of rows.
+///
+///     CEditableGrid grid(&observer, &enumerations);
+///     grid.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, rect, &frame, 105);
+///     grid.Initialize(&axis, "Name", "Value", 0);
+///     grid.GetItemText(0, 1);        // "12,50 m"
+///     axis.SetMember("length", longer);
+///     sink->OnChange("length", longer);   // the sink that the observer was given for the axis
+///     grid.GetItemText(0, 1);        // "13,00 m"
+///
+/// The object stays the host's, must live until Clear, and is read on the thread of the windows. The grid
+/// never changes rows by itself: it changes the object and tells the observer, and the host answers through
+/// the sink. Objects that throw or know nothing of a member show an empty value. An object within itself
+/// shows as a group without members. A null observer or object is tolerated everywhere.
+class KORVEL_API CEditableGrid : public CSuperGridCtrl, private IFormatSink {
+public:
+    CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations);
+    ~CEditableGrid() override;
+
+    /// Shows an object, null included. Without effect while one is shown: rebinding is Clear, then this.
+    /// `extendedStyle`: LVS_EX_*. The columns take the widths of SetColumnInfo where there are such.
+    void Initialize(IMemberDispatch* disp, const std::string& nameTitle, const std::string& valueTitle,
+                    const unsigned long& extendedStyle);
+    /// Shows nothing; the widths of the columns are kept for the next Initialize.
+    void Clear();
+
+    /// The multi-column layout, with a column for each member name; the first one is the tree's. To be set
+    /// before Initialize: kept, a grid that shows an object already ends without columns.
+    void SetLayoutMultiColumn(const std::list<std::string>& columns);
+    void SetLayoutSingleAttrColumn();
+    const EGridLayout& GetGridLayout() const { return m_Layout; }
+    const std::vector<SColumnInfo>& GetColumnInfo() const { return m_ColumnInfo; }
+    void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
+    /// The column of a member; 1 for a name without a column.
+    int GetSubItem(const std::string& name) const;
+    /// The member of a column; empty for a column without a member.
+    std::string GetColumn(const int& column) const;
+
+    IMemberDispatch* GetRootDisp() const { return m_pRootDisp; }
+    /// The object that owns the member of a row (in the multi-column layout, the object that the row is).
+    IMemberDispatch* GetDispInterface(int row) const;
+    IMemberDispatch* GetDispInterface(const CTreeItem* node) const;
+    /// The row of a nested object; null when it is not shown.
+    CTreeItem* LookupTreeItem(IMemberDispatch* disp) const;
+    /// The row of a member (in the multi-column layout, that of its object for a plain member). Of several
+    /// members of one name, the first.
+    CTreeItem* LookupTreeItem(IMemberDispatch* disp, const std::string& name) const;
+    /// The member of a row; in the multi-column layout that of the cell under the pointer.
+    std::string GetAttrName(const CItemInfo* info) const;
+
+    /// Adds one member of an object below `parent`, null for a root row. `position` as in AddChildNode.
+    void InsertDispMember(CTreeItem* parent, IMemberDispatch* disp, const unsigned long& position,
+                          const std::string& name, const CVariantValue& value);
+    /// Removes a member with everything under it; the objects below are not asked. In the multi-column
+    /// layout the cell of a plain member becomes empty. `parent` and `value` are kept for callers.
+    void RemoveDispMember(CTreeItem* parent, IMemberDispatch* disp, const std::string& name,
+                          const CVariantValue& value);
+
+    /// Text and editor of a value's cell; `text` stays as it is for a type that a cell does not show.
+    virtual void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
+                                 std::string& text, CItemInfo::CONTROLTYPE& control);
+    /// True draws the check box of a cell checked whatever the value is.
+    virtual bool OnGetCheckState(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
+
+    // What the sinks lead to. Members and objects that are not shown are ignored.
+    void OnChangeIdent(const std::string& name, const std::string& newName);
+    /// Rewrites a cell. A flag that differs from the object's is written through to the object.
+    void OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
+    void OnChangeEditFlag(IMemberDispatch* disp, const std::string& name, const bool& editable);
+    void OnChangeControlType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
+                             const CVariantValue& value);
+    void OnOperationAdd(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
+    void OnOperationInsert(IMemberDispatch* disp, const unsigned long& position, const std::string& name,
+                           const CVariantValue& value);
+    void OnOperationRemove(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
+    void OnOperationRename(IMemberDispatch* disp, const std::string& name, const std::string& newName);
+    void OnOperationChangeType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
+                               const CVariantValue& value);
+    void OnOperationChangeTupelPresentation(IMemberDispatch* disp, const std::string& text);
+
+    /// Registers a member with the format service of a type, so that a change of format rewrites its cell.
+    void AddSink(EDataTyps type, IMemberDispatch* disp, const std::string& name);
+    /// True when the member was registered with the service of this type; a list type stands for whatever
+    /// its entries are.
+    bool RemoveSink(EDataTyps type, IMemberDispatch* disp, const std::string& name);
+
+    void SetEnumImp(IEnumContainer* enumerations) { m_pEnumContainer = enumerations; }
+    void SetAllowRemove(bool allow) { m_AllowRemove = allow; }
+    void SetAllowRename(bool allow) { m_AllowRename = allow; }
+    void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }
+    void SetAllowAdd(bool allow) { m_AllowAdd = allow; }
+    void SetAllowEdit(bool allow) { m_AllowEdit = allow; }
+    void SetAllowFormats(bool allow) { m_AllowFormats = allow; }
+    void SetAllowCopyClipboard(bool allow) { m_AllowCopyClipboard = allow; }
+    void SetAllowWriteProtect(bool allow) { m_AllowWriteProtect = allow; }
+    void ModifyImageStyle(std::uint32_t add, std::uint32_t remove);
+    std::uint32_t GetImageStyle() const { return m_ImageStyle; }
+    /// The types that a new attribute may have, as a mask.
+    void SetEnableUserAttributsTyps(std::uint32_t types) { m_EnableUserAttributsTyps = types; }
+    std::uint32_t GetEnableUserAttributsTyps() const { return m_EnableUserAttributsTyps; }
+    void AddImplementationDetail(EImplementationDetail detail) { m_ImplementationDetails |= detail; }
+
+    int GetIcon(const CTreeItem* node) override;
+    UINT GetCheckState(const CTreeItem* node, int column) override;
+    void OnControlLButtonDown(UINT flags, CPoint point, LVHITTESTINFO& hit) override;
+    /// Rows come and go with the members of objects only; both would leave a member without its row.
+    BOOL OnRowDeleting(CTreeItem* node, int row) override;
+    std::unique_ptr<CImageList> CreateRowDragImage(int row) override;
+    BOOL OnVkReturn() override;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
+protected:
+    /// A press in a cell, with the member that it shows: where the editors of cells begin. This grid reads
+    /// only, and does nothing.
+    virtual void OnEdit(CItemInfo* info, int row, int column, CPoint point, IMemberDispatch* disp,
+                        const CString& name);
+    /// Called before the rows go: where what is being edited ends.
+    virtual void CtrlClear();
+
+    bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+    void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
+
+    /// A nested object that is shown: the sink that the host was given, and the row.
+    struct SGroup {
+        SGroup(IMemberDispatch* disp, CEditableGrid* grid, CTreeItem* row) : sink(disp, grid), node(row) {}
+        IOpenGLDispatchSinkImp sink;
+        CTreeItem* node;
+    };
+
+    IOpenGLDispatchSinkRoot m_RootSink{this};
+    int m_bInitialized = 0;
+    IMemberDispatch* m_pRootDisp = nullptr;
+    IObserverGrid* m_pObserver;
+    IEnumContainer* m_pEnumContainer;
+    std::map<IMemberDispatch*, SGroup> m_Groups; // the observer hears them in this order
+    MemberIndex m_Items;                         // carries the registration with format services as well
+
+    bool m_AllowRemove = true;
+    bool m_AllowRename = true;
+    bool m_AllowChangeType = true;
+    bool m_AllowAdd = true;
+    bool m_AllowEdit = true;
+    bool m_AllowFormats = true;
+    bool m_AllowCopyClipboard = false;
+    bool m_AllowWriteProtect = true;
+
+    std::map<int, std::string> m_ColumnNames;
+    std::map<std::string, int> m_ColumnIndices;
+    EGridLayout m_Layout = eSingleAttrColumn;
+    std::uint32_t m_ImageStyle = 0;
+    std::uint32_t m_EnableUserAttributsTyps = 0xFFFFFFFF;
+    std::uint32_t m_ImplementationDetails = 0;
+    std::vector<SColumnInfo> m_ColumnInfo;
+
+private:
+    void OnFormatChanged(EFormatService service) override;
+
+    void SetGridLayout(EGridLayout layout);
+    void InsertColumns(const std::string& nameTitle, const std::string& valueTitle);
+    void SetColumnWidths();
+    void SaveAndDeleteColumns();
+
+    void InsertItems(IMemberDispatch& disp, CTreeItem* parent, int position);
+    void InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int position, const std::string& name,
+                     IMemberDispatch* sub);
+    void InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, int position, const std::string& name,
+                         const CVariantValue& value);
+    void InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
+                          const CVariantValue& value);
+    CTreeItem* AddMemberNode(CTreeItem* parent, CItemInfo* info, int position);
+    int AskImage(int image, const std::string& name, IMemberDispatch* disp) const;
+    static IGroupPresentation* PresentationOf(IMemberDispatch& sub);
+    void ShowPresentation(CItemInfo& info, IMemberDispatch& sub) const;
+    bool IsShownAbove(const CTreeItem* parent, const IMemberDispatch* sub) const;
+    void EnterGroup(IMemberDispatch* sub, CTreeItem* row);
+    void FileRow(IMemberDispatch* disp, const std::string& name, CTreeItem* row, EFormatService service);
+
+    /// What a cell shows of a value.
+    struct SCell {
+        CString text;
+        CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
+        COLORREF color = CItemInfo::NoColor;
+    };
+    SCell MakeCell(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
+    static void StoreCell(CItemInfo& info, int cell, SCell content);
+    static void MoveCell(CItemInfo& info, int from, int to);
+    void WriteFlagThrough(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
+    static EFormatService ServiceOf(const CVariantValue& value);
+    void Register(IMemberDispatch* disp, const std::string& name, EFormatService service);
+    /// Listens to exactly those services on which a member's text depends.
+    void UpdateSubscriptions();
+
+    /// Whether the grid shows the object, and the row whose children its members are (null for the root).
+    struct SShown {
+        bool isShown;
+        CTreeItem* row;
+    };
+    SShown FindShown(IMemberDispatch* disp) const;
+    std::string MemberOfCell(const CTreeItem& node, int column) const;
+
+    std::vector<EFormatService> m_subscriptions;
+    bool m_isRebinding = false; // in Initialize or Clear: what is called from within begins neither anew
+    std::set<std::pair<IMemberDispatch*, std::string>> m_flagsInWriting;
+};
+
+} // namespace korvel

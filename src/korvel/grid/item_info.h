@@ -1,0 +1,93 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+#include "korvel/window/base/types.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace korvel {
+
+class IMemberDispatch;
+
+/// All that one row of a tree grid shows.
+///
+///     auto* info = new CItemInfo;
+///     info->text = "length";                          // column 0
+///     info->SetSubItem(0, "12,50 m");                 // column 1
+///     info->SetControlType(0, CItemInfo::ctEdit);
+///     info->IsCellEnabled(0);                         // true until told otherwise
+///
+/// A cell is named by its column index less 1: cell 0 stands in column 1. What was never set reads as the
+/// default that stands with each getter. Colours are 0x00BBGGRR; the top byte of a swatch is its opacity.
+class KORVEL_API CItemInfo {
+public:
+    /// The editor that a cell opens.
+    enum CONTROLTYPE {
+        ctEdit = 0,
+        ctCombo = 1, // an arrow on the selected row; no data type has it
+        ctCheck = 2,
+        ctColor = 3,
+        ctColorAlpha = 4,
+        ctAngle = 5,
+        ctDate = 6,
+        ctList = 7,
+        ctFile = 8,
+        ctRange = 10,
+        ctButton = 12,
+        ctRandom = 13,
+    };
+
+    static constexpr COLORREF NoColor = 0xFFFFFFFF;
+
+    CItemInfo();
+    CItemInfo(const CItemInfo& other);
+    CItemInfo& operator=(const CItemInfo&) = delete;
+    virtual ~CItemInfo();
+
+    /// Text of a cell; empty beyond the last one that was set.
+    /// \throws std::out_of_range for a negative cell
+    const CString& GetSubItem(int cell) const;
+    /// Sets the text of a cell; cells between it and the last one become empty.
+    /// \throws std::out_of_range for a negative cell
+    void SetSubItem(int cell, CString text);
+    int GetSubItemCount() const { return m_subItemCount; }
+
+    CONTROLTYPE GetControlType(int cell) const; // ctEdit
+    void SetControlType(int cell, CONTROLTYPE type);
+    bool IsCellEnabled(int cell) const; // true
+    void SetCellEnabled(int cell, bool enabled);
+    COLORREF GetCellColor(int cell) const; // NoColor
+    void SetCellColor(int cell, COLORREF color);
+    int GetCellImage(int cell) const; // -1
+    void SetCellImage(int cell, int image);
+    /// The strings that belong to a cell; null when it has none.
+    const std::vector<CString>* GetCellList(int cell) const;
+    void SetCellList(int cell, std::vector<CString> list);
+
+    IMemberDispatch* disp = nullptr; ///< the object behind a group row; not owned
+    CString text;                    ///< of column 0
+    int checked = 0;                 ///< state of the row's check box
+    int image = -1;                  ///< index in the image list
+    COLORREF rowColor = NoColor;     ///< background of the whole row
+
+    /// Where the member look-up of an attribute grid files this row; its own affair.
+    std::uint32_t indexHash = 0;
+
+private:
+    struct Cell;
+    struct CellTable;
+    const Cell& CellAt(int cell) const;
+    Cell& MakeCell(int cell);
+
+    // Nearly every row sets the text and these two of cell 0, and hardly any row sets more: the rest lies
+    // apart.
+    CString m_firstText;
+    int m_subItemCount = 0;
+    std::uint8_t m_firstControl = ctEdit;
+    bool m_firstEnabled = true;
+    std::unique_ptr<CellTable> m_cells;
+};
+
+} // namespace korvel

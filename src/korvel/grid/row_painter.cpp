@@ -1,0 +1,301 @@
+#include "korvel/grid/row_painter.h"
+
+#include "korvel/grid/cell_geometry.h"
+#include "korvel/output/angle_output.h"
+
+namespace korvel {
+
+namespace {
+
+constexpr int TextMargin = 4;
+
+constexpr UINT TextFormat = DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
+
+/// One channel of a colour laid over another; `opacity` from 0 to 255.
+unsigned Blend(unsigned over, unsigned under, unsigned opacity) {
+    return (over * opacity + under * (255 - opacity)) / 255;
+}
+
+COLORREF Over(COLORREF color, COLORREF ground, unsigned opacity) {
+    return RGB(Blend(GetRValue(color), GetRValue(ground), opacity),
+               Blend(GetGValue(color), GetGValue(ground), opacity),
+               Blend(GetBValue(color), GetBValue(ground), opacity));
+}
+
+/// Black or white, whichever is read better on the ground.
+COLORREF Readable(COLORREF ground) {
+    // The weights of the channels in perceived brightness, ITU-R BT.601, in thousandths.
+    const unsigned brightness =
+        (299 * GetRValue(ground) + 587 * GetGValue(ground) + 114 * GetBValue(ground)) / 1000;
+    return brightness < 128 ? RGB(255, 255, 255) : RGB(0, 0, 0);
+}
+
+/// The colour halfway between two others: what is disabled on a ground of any brightness.
+COLORREF Midway(COLORREF first, COLORREF second) {
+    return RGB((GetRValue(first) + GetRValue(second)) / 2, (GetGValue(first) + GetGValue(second)) / 2,
+               (GetBValue(first) + GetBValue(second)) / 2);
+}
+
+bool IsSwatch(CItemInfo::CONTROLTYPE control) {
+    return control == CItemInfo::ctColor || control == CItemInfo::ctColorAlpha;
+}
+
+/// The colour of a swatch with its opacity in the top byte.
+COLORREF SwatchColor(const CItemInfo& info, int cell) {
+    constexpr COLORREF opaque = 0xFF000000;
+    const COLORREF word = info.GetCellColor(cell);
+    return info.GetControlType(cell) == CItemInfo::ctColorAlpha ? word : word | opaque;
+}
+
+/// A square of odd size in the middle of a rectangle.
+CRect Centered(const CRect& rect, int size) {
+    const int left = rect.left + (rect.Width() - size) / 2;
+    const int top = rect.top + (rect.Height() - size) / 2;
+    return {left, top, left + size, top + size};
+}
+
+} // namespace
+
+RowPainter::RowPainter(CSuperGridCtrl& grid, CDC& dc, int row)
+    : m_grid(grid), m_dc(dc), m_row(row), m_node(grid.NodeAtRow(row)) {
+    const HWND focus = GetFocus();
+    m_hasFocus = focus && (focus == grid.m_hWnd || IsChild(grid.m_hWnd, focus));
+    m_isSelected = grid.GetItemState(row, LVIS_SELECTED) & LVIS_SELECTED;
+}
+
+void RowPainter::Draw() {
+    const int columns = m_grid.GetColumnCount();
+    for (int column = 0; column < columns && IsThere() && m_node->info; ++column)
+        DrawCell(column);
+    CRect bounds;
+    if (IsThere() && m_hasFocus && m_grid.GetItemState(m_row, LVIS_FOCUSED) &&
+        m_grid.GetItemRect(m_row, &bounds))
+        m_dc.DrawFocusRect(bounds);
+}
+
+void RowPainter::DrawCell(int column) {
+    CRect cell;
+    if (!m_grid.GetSubItemRect(m_row, column, column == 0 ? LVIR_BOUNDS : LVIR_LABEL, &cell))
+        return;
+    if (column == 0)
+        cell.right = cell.left + m_grid.GetColumnWidth(0); // the platform's bounds of column 0 are the row's
+    const CRect seen = cell.Intersected(m_dc.GetClipBox());
+    if (seen.IsRectEmpty())
+        return;
+    m_dc.IntersectClipRect(seen);
+    DrawContent(column, cell);
+    m_dc.ResetClip();
+}
+
+void RowPainter::DrawContent(int column, const CRect& cell) {
+    const COLORREF ground = GroundOf(column);
+    m_dc.FillSolidRect(cell, ground);
+    CRect room = cell;
+    if (column == 0) {
+        DrawTree(cell);
+        CRect label;
+        if (m_grid.GetSubItemRect(m_row, 0, LVIR_LABEL, &label))
+            room.left = label.left;
+    } else {
+        room = DrawControl(column, cell);
+        if (!IsThere())
+            return;
+    }
+    DrawText(column, room, ground);
+    if (m_isSelected && m_hasFocus && column == m_grid.GetCurrentColumn())
+        m_dc.FrameRect(cell, m_grid.GetFocusCellColor());
+    m_grid.DrawSpezialItem(m_dc, m_node, column, cell);
+}
+
+COLORREF RowPainter::GroundOf(int column) const {
+    if (m_isSelected)
+        return GetSysColor(m_hasFocus ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
+    const CItemInfo& info = *m_node->info;
+    if (column > 0 && !IsSwatch(info.GetControlType(column - 1)))
+        if (const COLORREF color = info.GetCellColor(column - 1); color != CItemInfo::NoColor)
+            return color & 0xFFFFFF;
+    return info.rowColor != CItemInfo::NoColor ? info.rowColor & 0xFFFFFF : GetSysColor(COLOR_WINDOW);
+}
+
+bool RowPainter::IsEnabled(int column) const {
+    return column == 0 || m_node->info->IsCellEnabled(column - 1);
+}
+
+void RowPainter::DrawText(int column, CRect room, COLORREF ground) {
+    const CItemInfo& info = *m_node->info;
+    const CString& text = column == 0 ? info.text : info.GetSubItem(column - 1);
+    room.DeflateRect(TextMargin, 0);
+    if (text.empty() || room.IsRectEmpty())
+        return;
+    COLORREF color = GetSysColor(COLOR_WINDOWTEXT);
+    if (m_isSelected && m_hasFocus)
+        color = IsEnabled(column) ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                                  : Midway(GetSysColor(COLOR_HIGHLIGHTTEXT), ground);
+    else if (!IsEnabled(column))
+        color = GetSysColor(COLOR_GRAYTEXT);
+    else if (m_isSelected)
+        color = GetSysColor(COLOR_BTNTEXT);
+    else if (ground != GetSysColor(COLOR_WINDOW))
+        color = Readable(ground);
+    m_dc.SetTextColor(color);
+    m_dc.DrawText(text, room, TextFormat);
+}
+
+void RowPainter::DrawTree(const CRect& bounds) {
+    CRect icon;
+    if (!m_grid.GetSubItemRect(m_row, 0, LVIR_ICON, &icon))
+        return;
+    const CImageList* icons = m_grid.GetImageList();
+    const int width = icons ? icons->GetImageSize().cx : 0;
+    DrawTreeLines(bounds, width);
+    if (m_grid.GetExtendedStyle() & LVS_EX_CHECKBOXES)
+        DrawRowCheck({bounds.left + m_node->indent() * width, bounds.top, icon.left, bounds.bottom});
+    if (!icons)
+        return;
+    if (const Image* image = icons->GetImage(m_grid.GetIcon(m_node))) {
+        const int height = icons->GetImageSize().cy;
+        const int top = bounds.top + (bounds.Height() - height) / 2;
+        m_dc.DrawImage(*image, {icon.left, top, icon.left + width, top + height});
+    }
+}
+
+// Each depth has a square in front of the icon; the last one holds the sign. A line goes down through the
+// squares of all ancestors that have siblings still to come.
+void RowPainter::DrawTreeLines(const CRect& bounds, int width) {
+    const COLORREF color = GetSysColor(m_isSelected && m_hasFocus ? COLOR_HIGHLIGHTTEXT : COLOR_BTNSHADOW);
+    m_dc.SelectPen(PS_DOT, color);
+    const int middle = bounds.top + bounds.Height() / 2;
+    int depth = m_node->indent();
+    for (const CTreeItem* node = m_node; node; node = node->parent(), --depth) {
+        const int left = bounds.left + (depth - 1) * width;
+        const int x = left + width / 2;
+        const bool isOwn = node == m_node;
+        const bool goesOn = !node->IsLastChild();
+        if (isOwn) {
+            m_dc.MoveTo({x, middle});
+            m_dc.LineTo({left + width, middle});
+        }
+        if (!isOwn && !goesOn)
+            continue;
+        const bool isVeryFirst = isOwn && m_row == 0;
+        m_dc.MoveTo({x, isVeryFirst ? middle : bounds.top});
+        m_dc.LineTo({x, goesOn ? bounds.bottom : middle});
+    }
+    if (m_node->CanExpand()) {
+        const int left = bounds.left + (m_node->indent() - 1) * width;
+        DrawSign({left, bounds.top, left + width, bounds.bottom});
+    }
+}
+
+void RowPainter::DrawSign(const CRect& square) {
+    constexpr int size = 9;
+    const CRect box = Centered(square, size);
+    const CPoint center{box.left + size / 2, box.top + size / 2};
+    const COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
+    m_dc.FillSolidRect(box, GetSysColor(COLOR_WINDOW));
+    m_dc.FrameRect(box, GetSysColor(COLOR_BTNSHADOW));
+    m_dc.FillSolidRect({box.left + 2, center.y, box.right - 2, center.y + 1}, ink);
+    if (m_node->collapsed())
+        m_dc.FillSolidRect({center.x, box.top + 2, center.x + 1, box.bottom - 2}, ink);
+}
+
+void RowPainter::DrawRowCheck(const CRect& bounds) {
+    constexpr int size = 13;
+    const UINT state = DFCS_BUTTONCHECK | (m_node->info->checked ? DFCS_CHECKED : 0);
+    m_grid.DrawThemedFrame(m_dc, Centered(bounds, size), DFC_BUTTON, state);
+}
+
+CRect RowPainter::DrawControl(int column, const CRect& cell) {
+    const CRect inside = InsideOfCell(cell);
+    CRect room = cell;
+    switch (m_node->info->GetControlType(column - 1)) {
+    case CItemInfo::ctCheck:
+        if (const CRect box = InsideOfCell(InsideOfCell(LeftSquare(cell))); !box.IsRectEmpty())
+            m_grid.DrawThemedFrame(m_dc, box, DFC_BUTTON, m_grid.GetCheckState(m_node, column));
+        room.left = LeftSquare(cell).right;
+        return room;
+    case CItemInfo::ctColor:
+    case CItemInfo::ctColorAlpha:
+        DrawSwatch(InsideOfCell(InsideOfCell(LeftSquare(cell))), SwatchColor(*m_node->info, column - 1));
+        room.left = LeftSquare(cell).right;
+        return room;
+    case CItemInfo::ctAngle:
+        if (!IsEnabled(column))
+            return room;
+        DrawButton(RightSquare(cell), CString(1, GetAngleUnit()));
+        room.right = RightSquare(cell).left;
+        return room;
+    case CItemInfo::ctRandom:
+        if (!IsEnabled(column))
+            return room;
+        DrawDice(RightSquare(cell));
+        room.right = RightSquare(cell).left;
+        return room;
+    case CItemInfo::ctButton:
+        DrawButton(RightSquare(inside), "...");
+        room.right = RightSquare(inside).left;
+        return room;
+    case CItemInfo::ctFile: {
+        const CRect open = RightSquare(BesideRightSquare(inside));
+        DrawButton(RightSquare(inside), "...");
+        DrawButton(open, "\xBB");
+        room.right = open.left;
+        return room;
+    }
+    case CItemInfo::ctCombo:
+    case CItemInfo::ctList:
+        if (!m_isSelected || !IsEnabled(column))
+            return room;
+        m_grid.DrawThemedFrame(m_dc, RightSquare(inside), DFC_SCROLL, DFCS_SCROLLDOWN);
+        room.right = RightSquare(inside).left;
+        return room;
+    default:
+        return room;
+    }
+}
+
+// Where the colour lets the ground through, a chequered one shows it.
+void RowPainter::DrawSwatch(const CRect& square, COLORREF word) {
+    if (square.IsRectEmpty())
+        return;
+    const COLORREF color = word & 0xFFFFFF;
+    const unsigned opacity = word >> 24;
+    if (opacity == 0xFF) {
+        m_dc.FillSolidRect(square, color);
+    } else {
+        constexpr int tile = 4;
+        m_dc.FillSolidRect(square, Over(color, RGB(255, 255, 255), opacity));
+        const COLORREF dark = Over(color, RGB(160, 160, 160), opacity);
+        for (int y = square.top; y < square.bottom; y += tile)
+            for (int x = square.left + (y - square.top) % (2 * tile); x < square.right; x += 2 * tile)
+                m_dc.FillSolidRect(CRect{x, y, x + tile, y + tile}.Intersected(square), dark);
+    }
+    m_dc.FrameRect(square, GetSysColor(COLOR_BTNSHADOW));
+}
+
+void RowPainter::DrawButton(const CRect& square, const CString& face) {
+    if (square.IsRectEmpty())
+        return;
+    m_grid.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
+    m_dc.SetTextColor(GetSysColor(COLOR_BTNTEXT));
+    m_dc.DrawText(face, square, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
+}
+
+void RowPainter::DrawDice(const CRect& square) {
+    if (square.IsRectEmpty())
+        return;
+    m_grid.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
+    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
+    const CRect die = Centered(square, 11);
+    m_dc.FrameRect(die, ink);
+    for (const CPoint pip : {CPoint{2, 2}, CPoint{7, 2}, CPoint{2, 7}, CPoint{7, 7}})
+        m_dc.FillSolidRect({die.left + pip.x, die.top + pip.y, die.left + pip.x + 2, die.top + pip.y + 2},
+                           ink);
+}
+
+void CSuperGridCtrl::DrawItem(DRAWITEMSTRUCT* item) {
+    if (item && item->hDC)
+        RowPainter(*this, *item->hDC, static_cast<int>(item->itemID)).Draw();
+}
+
+} // namespace korvel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "korvel/grid/super_grid_ctrl.h"
+
+namespace korvel {
+
+/// Draws one row of a tree grid: tree lines, sign, check box and icon in front of the first column's text,
+/// and for each further column what the control type of its cell shows.
+class RowPainter {
+public:
+    RowPainter(CSuperGridCtrl& grid, CDC& dc, int row);
+
+    void Draw();
+
+private:
+    using CTreeItem = CSuperGridCtrl::CTreeItem;
+
+    /// An object that is read for its row may remove it.
+    bool IsThere() const { return m_node && m_grid.NodeAtRow(m_row) == m_node; }
+    void DrawCell(int column);
+    void DrawContent(int column, const CRect& cell);
+    void DrawTree(const CRect& bounds);
+    void DrawTreeLines(const CRect& bounds, int width);
+    void DrawSign(const CRect& square);
+    void DrawRowCheck(const CRect& bounds);
+    /// Draws what stands in the cell beside its text and answers the room left for the text.
+    CRect DrawControl(int column, const CRect& cell);
+    void DrawSwatch(const CRect& square, COLORREF word);
+    void DrawButton(const CRect& square, const CString& face);
+    void DrawDice(const CRect& square);
+    void DrawText(int column, CRect room, COLORREF ground);
+
+    COLORREF GroundOf(int column) const;
+    bool IsEnabled(int column) const;
+
+    CSuperGridCtrl& m_grid;
+    CDC& m_dc;
+    const int m_row;
+    const CTreeItem* m_node;
+    bool m_isSelected = false;
+    bool m_hasFocus = false; // the grid, or an editor in it
+};
+
+} // namespace korvel

@@ -1,0 +1,236 @@
+#include "korvel/output/format_persistence.h"
+
+#include "korvel/documents/xml_node.h"
+#include "korvel/documents/xml_reader.h"
+#include "korvel/output/angle_output.h"
+#include "korvel/output/date_output.h"
+#include "korvel/output/number_output.h"
+#include "korvel/platform/replace_file.h"
+
+#include <charconv>
+#include <exception>
+#include <initializer_list>
+#include <sstream>
+
+namespace korvel {
+
+namespace {
+
+template <typename Record>
+struct SavedRecord {
+    const char* element;
+    Record record;
+};
+
+/// In the order of the file.
+constexpr std::initializer_list<SavedRecord<ENumberRecord>> NumberRecords = {
+    {"Integer", ENumberRecord::Integer},
+    {"Long", ENumberRecord::Long},
+    {"Float", ENumberRecord::Float},
+    {"Double", ENumberRecord::Double}};
+
+constexpr std::initializer_list<SavedRecord<EAngleRecord>> AngleRecords = {{"Float", EAngleRecord::Float},
+                                                                           {"Double", EAngleRecord::Double}};
+
+struct SavedDateFormat {
+    const char* element;
+    std::string SDateFormats::*format;
+};
+
+constexpr SavedDateFormat DateFormats[] = {{"CurrentFormat", &SDateFormats::CurrentFormat},
+                                           {"DefaultTime", &SDateFormats::DefaultTime},
+                                           {"DateFormatLong", &SDateFormats::DateFormatLong},
+                                           {"DateFormatShort", &SDateFormats::DateFormatShort}};
+
+void WriteText(std::ostream& stream, const char* element, std::string_view text) {
+    CXmlNode node(stream, element);
+    node.SetText(EscapeXmlText(text));
+    node.WriteOpeningTag();
+}
+
+void WriteFormat(std::ostream& stream, const char* element, const CNumberFormat& format) {
+    CXmlNode node(stream, element);
+    node.WriteOpeningTag();
+    WriteText(stream, "System", format.System ? "-1" : "0");
+    WriteText(stream, "NumDigits", std::to_string(format.NumDigits));
+    WriteText(stream, "LeadingZero", std::to_string(format.LeadingZero));
+    WriteText(stream, "Grouping", std::to_string(format.Grouping));
+    WriteText(stream, "DecimalSep", format.DecimalSep);
+    WriteText(stream, "ThousandSep", format.ThousandSep);
+    WriteText(stream, "NegativeOrder", std::to_string(format.NegativeOrder));
+}
+
+void WriteNumbers(std::ostream& stream) {
+    CXmlNode node(stream, "NumberFormat");
+    node.WriteOpeningTag();
+    for (const auto& [element, record] : NumberRecords)
+        WriteFormat(stream, element, CNumberOutput::Instance().Format(record));
+}
+
+void WriteAngles(std::ostream& stream) {
+    const CAngleOutput& output = CAngleOutput::Instance();
+    CXmlNode node(stream, "AngleFormat");
+    node.WriteOpeningTag();
+    WriteText(stream, "Angle", std::to_string(output.Unit()));
+    for (const auto& [element, record] : AngleRecords)
+        WriteFormat(stream, element, output.Format(record));
+}
+
+void WriteDates(std::ostream& stream) {
+    CXmlNode node(stream, "DateFormat");
+    node.WriteOpeningTag();
+    for (const auto& [element, format] : DateFormats)
+        WriteText(stream, element, CDateOutput::Instance().Formats().*format);
+}
+
+bool ReadBool(const pugi::xml_node& parent, const char* element) {
+    const std::string text = RequireText(parent, element);
+    return !text.empty() && text != "0" && text != "false";
+}
+
+std::uint32_t ReadNumber(const pugi::xml_node& parent, const char* element) {
+    const std::string text = RequireText(parent, element);
+    std::uint32_t number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size())
+        ThrowSchemaError();
+    return number;
+}
+
+void RequireThat(bool succeeded) {
+    if (!succeeded)
+        ThrowSchemaError();
+}
+
+void ReadFields(const pugi::xml_node& element, CNumberFormat& format) {
+    format.NumDigits = ReadNumber(element, "NumDigits");
+    format.LeadingZero = ReadNumber(element, "LeadingZero");
+    format.Grouping = ReadNumber(element, "Grouping");
+    RequireThat(format.SetDecimalSep(RequireText(element, "DecimalSep")));
+    RequireThat(format.SetThousandSep(RequireText(element, "ThousandSep")));
+    format.NegativeOrder = ReadNumber(element, "NegativeOrder");
+}
+
+/// Loads one file. A service of which something was read is touched.
+class FormatLoader {
+public:
+    void Load(const std::string& path) {
+        pugi::xml_document document;
+        ReadXmlFile(path, document);
+        const pugi::xml_node root = RequireChild(document, "FORMATS");
+        LoadNumbers(RequireChild(root, "NumberFormat"));
+        LoadAngles(RequireChild(root, "AngleFormat"));
+        LoadDates(RequireChild(root, "DateFormat"));
+    }
+
+    /// Tells the listeners of every touched service, whatever some of them throw; the first failure is
+    /// thrown on at the end.
+    void FireTouched(std::exception_ptr failure) {
+        if (m_numbersTouched)
+            Fire(CNumberOutput::Instance().Notification(), failure);
+        if (m_anglesTouched)
+            Fire(CAngleOutput::Instance().Notification(), failure);
+        if (m_datesTouched)
+            Fire(CDateOutput::Instance().Notification(), failure);
+        if (failure)
+            std::rethrow_exception(failure);
+    }
+
+private:
+    void LoadNumbers(const pugi::xml_node& section) {
+        for (const auto& [element, record] : NumberRecords)
+            LoadRecord(RequireChild(section, element), CNumberOutput::Instance(), record, m_numbersTouched);
+    }
+
+    void LoadAngles(const pugi::xml_node& section) {
+        CAngleOutput& output = CAngleOutput::Instance();
+        output.SetUnit(ReadNumber(section, "Angle"));
+        m_anglesTouched = true;
+        for (const auto& [element, record] : AngleRecords)
+            LoadRecord(RequireChild(section, element), output, record, m_anglesTouched);
+    }
+
+    void LoadDates(const pugi::xml_node& section) {
+        for (const auto& [element, format] : DateFormats) {
+            CDateOutput::Instance().Formats().*format = RequireText(section, element);
+            m_datesTouched = true;
+        }
+    }
+
+    template <typename Service, typename Record>
+    static void LoadRecord(const pugi::xml_node& element, Service& service, Record record, bool& touched) {
+        CNumberFormat format = service.Format(record);
+        format.System = ReadBool(element, "System");
+        touched = true;
+        try {
+            if (!format.System)
+                ReadFields(element, format);
+        } catch (...) {
+            service.ReplaceFormat(record, format);
+            throw;
+        }
+        service.ReplaceFormat(record, format);
+    }
+
+    static void Fire(CFormatNotification& notification, std::exception_ptr& failure) {
+        try {
+            notification.Fire();
+        } catch (...) {
+            if (!failure)
+                failure = std::current_exception();
+        }
+    }
+
+    bool m_numbersTouched = false;
+    bool m_anglesTouched = false;
+    bool m_datesTouched = false;
+};
+
+/// Makes the records follow the regional settings again.
+template <typename Service, typename Records>
+void FollowSystem(Service& service, const Records& records) {
+    for (const auto& saved : records) {
+        CNumberFormat format = service.Format(saved.record);
+        format.System = true;
+        service.ReplaceFormat(saved.record, format);
+    }
+    service.FollowSystem();
+}
+
+std::string PathText(const char* path) {
+    return path != nullptr ? path : "";
+}
+
+} // namespace
+
+void SaveFormatStates(const char* path) {
+    std::ostringstream stream;
+    {
+        CXmlNode root(stream, "FORMATS");
+        root.WriteOpeningTag();
+        WriteNumbers(stream);
+        WriteAngles(stream);
+        WriteDates(stream);
+    }
+    platform::ReplaceFile(PathText(path), stream.view());
+}
+
+void LoadFormatStates(const char* path) {
+    FormatLoader loader;
+    std::exception_ptr failure;
+    try {
+        loader.Load(PathText(path));
+    } catch (...) {
+        failure = std::current_exception();
+    }
+    loader.FireTouched(failure);
+}
+
+void ResetFormatStates() {
+    FollowSystem(CNumberOutput::Instance(), NumberRecords);
+    CAngleOutput::Instance().SetUnit(CAngleOutput::Radians);
+    FollowSystem(CAngleOutput::Instance(), AngleRecords);
+    CDateOutput::Instance().ReturnToSystem();
+}
+
+} // namespace korvel

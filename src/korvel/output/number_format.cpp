@@ -1,0 +1,63 @@
+#include "korvel/output/number_format.h"
+
+#include <stdexcept>
+
+namespace korvel {
+
+CNumberFormat::CNumberFormat(const _numberfmtA& format, const CNumberFormat& system) : _numberfmtA(format) {
+    if (!format.DecimalSep || !format.ThousandSep || !SetDecimalSep(format.DecimalSep) ||
+        !SetThousandSep(format.ThousandSep))
+        throw std::invalid_argument("A separator of a number format has at most three bytes");
+    PointAtOwnSeparators();
+    System = SameFields(system);
+}
+
+CNumberFormat::CNumberFormat(const CNumberFormat& other)
+    : _numberfmtA(other), System(other.System), m_decimalSep(other.m_decimalSep),
+      m_thousandSep(other.m_thousandSep) {
+    PointAtOwnSeparators();
+}
+
+CNumberFormat& CNumberFormat::operator=(const CNumberFormat& other) {
+    static_cast<_numberfmtA&>(*this) = other;
+    System = other.System;
+    m_decimalSep = other.m_decimalSep;
+    m_thousandSep = other.m_thousandSep;
+    PointAtOwnSeparators();
+    return *this;
+}
+
+bool CNumberFormat::operator==(const CNumberFormat& other) const {
+    return System == other.System && SameFields(other);
+}
+
+platform::NumberTextFormat CNumberFormat::TextFormat() const {
+    return {.digits = NumDigits,
+            .leadingZero = LeadingZero,
+            .grouping = Grouping,
+            .decimalSeparator = DecimalSep,
+            .thousandsSeparator = ThousandSep,
+            .negativeOrder = NegativeOrder};
+}
+
+bool CNumberFormat::Store(Separator& separator, std::string_view text) {
+    if (text.size() >= separator.size())
+        return false;
+    separator.fill('\0');
+    text.copy(separator.data(), text.size());
+    return true;
+}
+
+bool CNumberFormat::SameFields(const _numberfmtA& other) const {
+    return NumDigits == other.NumDigits && LeadingZero == other.LeadingZero &&
+           NegativeOrder == other.NegativeOrder && Grouping == other.Grouping &&
+           std::string_view(DecimalSep) == other.DecimalSep &&
+           std::string_view(ThousandSep) == other.ThousandSep;
+}
+
+void CNumberFormat::PointAtOwnSeparators() {
+    DecimalSep = m_decimalSep.data();
+    ThousandSep = m_thousandSep.data();
+}
+
+} // namespace korvel

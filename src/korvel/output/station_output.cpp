@@ -1,0 +1,125 @@
+#include "korvel/output/station_output.h"
+
+#include "korvel/output/stream_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace korvel {
+
+namespace {
+
+enum StationRecord : std::size_t { KeptRecord, DoubleRecord, FloatRecord };
+
+constexpr int RailwayKilometreDecimals = 1;
+constexpr int RailwayMetreWidth = 2;
+constexpr int RoadKilometreDecimals = 0;
+constexpr int RoadMetreWidth = 3;
+constexpr int NoWidth = 0;
+
+// Read once: a later change of the regional settings does not reach the stations.
+char DecimalSign() {
+    static const char sign = [] {
+        const std::string& separator = SystemSettings().decimalSeparator;
+        return separator.empty() ? '.' : separator.front();
+    }();
+    return sign;
+}
+
+int DigitsOf(const CNumberFormat& format) {
+    return static_cast<int>(std::min<std::uint64_t>(format.NumDigits, platform::longestNumberText));
+}
+
+// Of the whole part, before the rounding to decimals: 9.99 with no decimals is "10", yet counts as one digit.
+int WholeDigits(double value) {
+    const double whole = std::trunc(std::abs(value));
+    if (!(whole <= std::numeric_limits<std::int32_t>::max()))
+        return std::numeric_limits<std::int32_t>::digits10 + 1;
+    int count = 1;
+    for (auto rest = static_cast<std::int32_t>(whole); rest >= 10; rest /= 10)
+        ++count;
+    return count;
+}
+
+void AppendStationPart(std::string& out, double value, int decimals, int width) {
+    if (std::isnan(value))
+        return;
+    if (value < 0)
+        out += '-';
+    if (const int missing = width - WholeDigits(value); width > 0 && missing > 0)
+        out.append(static_cast<std::size_t>(missing), '0');
+    const std::size_t begin = out.size();
+    AppendFixedText(out, std::abs(value), decimals);
+    if (const std::size_t point = out.find('.', begin); point != std::string::npos)
+        out[point] = DecimalSign();
+}
+
+template <typename Real>
+void AppendRailwayStation(std::string& out, Real station, const CNumberFormat& format) {
+    const Real kilometres = std::floor(station / Real{100}) / Real{10};
+    AppendStationPart(out, kilometres, RailwayKilometreDecimals, NoWidth);
+    out += '+';
+    AppendStationPart(out, std::abs(station - kilometres * Real{1000}), DigitsOf(format), RailwayMetreWidth);
+}
+
+template <typename Real>
+void AppendRoadStation(std::string& out, Real station, const CNumberFormat& format) {
+    const Real kilometres = std::floor(station / Real{1000});
+    AppendStationPart(out, kilometres, RoadKilometreDecimals, NoWidth);
+    out += '+';
+    AppendStationPart(out, std::abs(station - kilometres * Real{1000}), DigitsOf(format), RoadMetreWidth);
+}
+
+template <typename Real>
+std::string TextOf(void (CStationOutput::*append)(std::string&, Real) const, Real station) {
+    std::string text;
+    (CStationOutput::Instance().*append)(text, station);
+    return text;
+}
+
+} // namespace
+
+CStationOutput::CStationOutput()
+    : m_records(EFormatService::Station,
+                {ESystemFormat::Integer, ESystemFormat::Float, ESystemFormat::Float}) {}
+
+CStationOutput& CStationOutput::Instance() {
+    static CStationOutput output;
+    return output;
+}
+
+void CStationOutput::AppendRailway(std::string& out, double station) const {
+    AppendRailwayStation(out, station, m_records[DoubleRecord]);
+}
+
+void CStationOutput::AppendRailway(std::string& out, float station) const {
+    AppendRailwayStation(out, station, m_records[FloatRecord]);
+}
+
+void CStationOutput::AppendRoad(std::string& out, double station) const {
+    AppendRoadStation(out, station, m_records[DoubleRecord]);
+}
+
+void CStationOutput::AppendRoad(std::string& out, float station) const {
+    AppendRoadStation(out, station, m_records[FloatRecord]);
+}
+
+bool CStationOutput::FollowSystem() {
+    return m_records.FollowSystem({KeptRecord, DoubleRecord, FloatRecord});
+}
+
+std::string RailwayStationToString(double station) {
+    return TextOf(&CStationOutput::AppendRailway, station);
+}
+std::string RailwayStationToString(float station) {
+    return TextOf(&CStationOutput::AppendRailway, station);
+}
+std::string RoadStationToString(double station) {
+    return TextOf(&CStationOutput::AppendRoad, station);
+}
+std::string RoadStationToString(float station) {
+    return TextOf(&CStationOutput::AppendRoad, station);
+}
+
+} // namespace korvel

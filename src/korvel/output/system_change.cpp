@@ -1,0 +1,42 @@
+#include "korvel/output/system_change.h"
+
+#include "korvel/output/system_formats.h"
+
+#include <set>
+#include <vector>
+
+namespace korvel {
+
+namespace {
+
+using Observers = std::set<ISystemChangedObserver*>;
+
+Observers& SystemChangeList() {
+    static Observers observers;
+    return observers;
+}
+
+} // namespace
+
+void AddSystemChangedSink(ISystemChangedObserver* observer) {
+    if (observer)
+        SystemChangeList().insert(observer);
+}
+
+void RemoveSystemChangedSink(ISystemChangedObserver* observer) {
+    SystemChangeList().erase(observer);
+}
+
+void Fire_OnSystemChanged(ISystemChangedObserver* origin, IObserverGrid* grid) {
+    RereadSystemSettings();
+    const std::vector<ISystemChangedObserver*> observers(SystemChangeList().begin(),
+                                                         SystemChangeList().end());
+    for (ISystemChangedObserver* observer : observers) {
+        if (observer == origin || !SystemChangeList().contains(observer))
+            continue;
+        if (observer->OnSystemChanged() && SystemChangeList().contains(observer))
+            observer->Update(grid);
+    }
+}
+
+} // namespace korvel

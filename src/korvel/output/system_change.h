@@ -1,0 +1,45 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+
+namespace korvel {
+
+class IObserverGrid;
+
+/// Reacts to a change of the regional settings.
+class KORVEL_API ISystemChangedObserver {
+public:
+    virtual ~ISystemChangedObserver() = default;
+
+    /// The regional settings have been read again; true when something of the observer changed.
+    virtual bool OnSystemChanged() = 0;
+
+    /// Follows an `OnSystemChanged` that answered true.
+    virtual bool Update(IObserverGrid* grid) = 0;
+};
+
+/// Edit the list of those who react; it does not own them. Null, and what is there (or not there) already,
+/// change nothing.
+KORVEL_API void AddSystemChangedSink(ISystemChangedObserver* observer);
+KORVEL_API void RemoveSystemChangedSink(ISystemChangedObserver* observer);
+
+/// To be called by the host when the user has changed the regional settings: reads them again, then tells
+/// every observer but `origin` (may be null), and lets those that changed update themselves with `grid` (may
+/// be null). Observers may come and go meanwhile. \throws Error when the settings cannot be read; nothing has
+/// changed then
+KORVEL_API void Fire_OnSystemChanged(ISystemChangedObserver* origin, IObserverGrid* grid);
+
+/// Base of the services: in the list for as long as it lives, and reacts by `T::FollowSystem`.
+template <typename T>
+class ISystemChangedObserverImp : public ISystemChangedObserver {
+public:
+    ISystemChangedObserverImp() { AddSystemChangedSink(this); }
+    ~ISystemChangedObserverImp() override { RemoveSystemChangedSink(this); }
+    ISystemChangedObserverImp(const ISystemChangedObserverImp&) = delete;
+    ISystemChangedObserverImp& operator=(const ISystemChangedObserverImp&) = delete;
+
+    bool OnSystemChanged() override { return static_cast<T*>(this)->FollowSystem(); }
+    bool Update(IObserverGrid*) override { return true; }
+};
+
+} // namespace korvel

@@ -1,0 +1,54 @@
+#include "korvel/output/system_formats.h"
+
+#include "korvel/platform/integer_text.h"
+
+namespace korvel {
+
+namespace {
+
+struct SSystem {
+    SSystem() {
+        // What stands while a separator of the settings is too long for a record.
+        floatFormat.SetDecimalSep(".");
+        Read();
+    }
+
+    void Read() {
+        settings = platform::ReadRegionalSettings();
+        floatFormat.NumDigits = static_cast<std::uint32_t>(settings.digits);
+        floatFormat.LeadingZero = static_cast<std::uint32_t>(settings.leadingZero);
+        // The first group size only, as the services have always read it: "3;0" and "3;2;0" are both 3.
+        floatFormat.Grouping = static_cast<std::uint32_t>(platform::ReadInteger(settings.grouping));
+        floatFormat.NegativeOrder = static_cast<std::uint32_t>(settings.negativeOrder);
+        floatFormat.SetDecimalSep(settings.decimalSeparator);
+        floatFormat.SetThousandSep(settings.thousandsSeparator);
+        floatFormat.System = true;
+        integerFormat = floatFormat;
+        integerFormat.NumDigits = 0;
+    }
+
+    platform::RegionalSettings settings;
+    CNumberFormat floatFormat;
+    CNumberFormat integerFormat;
+};
+
+SSystem& System() {
+    static SSystem system;
+    return system;
+}
+
+} // namespace
+
+const CNumberFormat& SystemNumberFormat(ESystemFormat kind) {
+    return kind == ESystemFormat::Integer ? System().integerFormat : System().floatFormat;
+}
+
+const platform::RegionalSettings& SystemSettings() {
+    return System().settings;
+}
+
+void RereadSystemSettings() {
+    System().Read();
+}
+
+} // namespace korvel

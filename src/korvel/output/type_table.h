@@ -1,0 +1,50 @@
+#pragma once
+
+#include "korvel/output/format_notification.h"
+#include "korvel/output/number_output.h"
+#include "korvel/values/data_types.h"
+
+namespace korvel {
+
+/// How the payload of a type is stored.
+enum class EStorage { None, Int, Long, UInt, Float, Double, Bool, Text, Color, Group, List, Date };
+
+/// What the value of a type means, which decides how it is written as text.
+enum class EMeaning {
+    Plain,
+    Angle,
+    List,
+    Date,
+    FileName,
+    TextForm,
+    Range,
+    RailwayStation,
+    RoadStation,
+    Length,
+    Area,
+    Volume,
+    Percent,
+    Currency,
+    ManDays,
+    Random,
+};
+
+/// Everything that is known of one data type.
+struct STypeRow {
+    EDataTyps Type;
+    EStorage Storage;
+    EMeaning Meaning;
+    int TextId;             ///< row of the Text table that names the type; -1: none does
+    EFormatService Service; ///< whose change of format puts the value's text out of date
+    ENumberRecord Record;   ///< the number format that `CNumberOutput` names for the type
+
+    /// Whether the value reads as a number.
+    bool IsNumeric() const {
+        return Storage >= EStorage::Int && Storage <= EStorage::Double && Meaning != EMeaning::TextForm;
+    }
+};
+
+/// The row of a type; null for what is no type, as one with a modifier bit.
+const STypeRow* FindTypeRow(EDataTyps type);
+
+} // namespace korvel

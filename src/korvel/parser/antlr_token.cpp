@@ -1,0 +1,15 @@
+#include "korvel/parser/antlr_token.h"
+
+#include <new>
+
+namespace korvel {
+
+void ANTLRCommonToken::SetText(std::string_view text) {
+    try {
+        m_text.assign(text);
+    } catch (const std::bad_alloc&) {
+        Panic("ANTLRCommonToken::setText new failed");
+    }
+}
+
+} // namespace korvel

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "korvel/parser/dlg_lexer_base.h"
+
+namespace korvel {
+
+/// The scanner of arithmetic expressions; its tokens are those of numeric_tokens.h.
+///
+/// Floating-point forms are "1.5", "1.", ".5" and each of them, or a run of digits, with an exponent
+/// behind it: "1e5", "1.5E-3". Blanks, tabs and line ends are skipped, and so is the letter "f": "1.5f"
+/// as copied from program text reads as 1.5. A carriage return with a line feed is one line end.
+class CLexerNumericParser final : public DLGLexerBase {
+public:
+    /// The longest token in bytes.
+    static constexpr std::size_t TextBufferSize = 2000;
+
+    CLexerNumericParser();
+
+protected:
+    /// Silent: the cell tells its user in its own words.
+    void ReportError(std::string_view) const override {}
+};
+
+} // namespace korvel

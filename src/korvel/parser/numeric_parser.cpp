@@ -1,0 +1,152 @@
+#include "korvel/parser/numeric_parser.h"
+
+#include "korvel/parser/lexer_numeric_parser.h"
+#include "korvel/parser/number_of_text.h"
+#include "korvel/parser/numeric_tokens.h"
+#include "korvel/platform/error.h"
+
+#include <array>
+
+namespace korvel {
+
+namespace {
+
+constexpr TokenSet SumSigns = 0x01;
+constexpr TokenSet ProductSigns = 0x02;
+constexpr TokenSet Numbers = 0x04;
+constexpr TokenSet NumberBegins = 0x08;
+
+constexpr std::array<const char*, NumericTokenCount> TokenNames = {
+    "Invalid",   "<eof>",     "S_ADD",       "S_MINUS",   "S_MUL",      "S_DIV",
+    "S_BRACE_O", "S_BRACE_C", "FLOAT_VALUE", "INT_VALUE", "Whitespace", "Newline"};
+
+constexpr std::array<TokenSet, NumericTokenCount> TokenSets = {
+    0,                       // Invalid
+    0,                       // end of input
+    SumSigns | NumberBegins, // S_ADD
+    SumSigns | NumberBegins, // S_MINUS
+    ProductSigns,            // S_MUL
+    ProductSigns,            // S_DIV
+    0,                       // S_BRACE_O
+    0,                       // S_BRACE_C
+    Numbers | NumberBegins,  // FLOAT_VALUE
+    Numbers | NumberBegins,  // INT_VALUE
+    0,                       // Whitespace
+    0,                       // Newline
+};
+
+std::string WithPoint(std::string_view text, std::string_view decimalSeparator) {
+    std::string result;
+    result.reserve(text.size());
+    std::size_t begin = 0;
+    for (std::size_t found; (found = text.find(decimalSeparator, begin)) != std::string_view::npos;) {
+        result.append(text, begin, found - begin).append(".");
+        begin = found + decimalSeparator.size();
+    }
+    return result.append(text, begin);
+}
+
+/// The panic of a cell: the parse ends, and neither the process nor the standard error stream hears of it.
+void EndParseSilently(const char*) {}
+
+/// All that an evaluation needs lies on the stack, so that it takes no memory from the heap.
+double EvaluateWithPoint(std::string_view text) {
+    std::array<char, CLexerNumericParser::TextBufferSize> tokenText;
+    CLexerNumericParser scanner;
+    scanner.SetPanicHandler(EndParseSilently);
+    scanner.SetInput(text);
+    scanner.SetTextBuffer(tokenText);
+
+    constexpr std::size_t WindowBytes = ANTLRTokenBuffer::BytesFor(CNumericParser::TokenBufferSize);
+    alignas(ANTLRCommonToken) std::array<std::byte, WindowBytes> window;
+    std::pmr::monotonic_buffer_resource memory(window.data(), window.size());
+    ANTLRTokenBuffer tokens(scanner, CNumericParser::TokenBufferSize, EndParseSilently, memory);
+    CNumericParser parser(tokens);
+    parser.SetPanicHandler(EndParseSilently);
+    double value = 0;
+    if (parser.Parse(value) != CNumericParser::Status::Success)
+        throw Error("");
+    return value;
+}
+
+} // namespace
+
+double EvaluateExpression(std::string_view decimalSeparator, std::string_view text) {
+    if (decimalSeparator.empty() || decimalSeparator == ".")
+        return EvaluateWithPoint(text);
+    return EvaluateWithPoint(WithPoint(text, decimalSeparator));
+}
+
+CNumericParser::CNumericParser(ANTLRTokenBuffer& tokens) : ANTLRParser(tokens, {TokenNames, TokenSets}) {}
+
+CNumericParser::Status CNumericParser::Parse(double& value) {
+    Status status = Status::Success;
+    m_depth = 0;
+    const bool finished = Run([&] {
+        Expression(status, value);
+        if (status == Status::Success && !Match(EndOfInput, "expression"))
+            status = Status::SyntaxError;
+    });
+    return finished ? status : Status::Panic;
+}
+
+void CNumericParser::Expression(Status& status, double& value) {
+    Term(status, value);
+    while (status == Status::Success && LookaheadIn(SumSigns)) {
+        const int sign = Lookahead();
+        Consume();
+        double operand = 0;
+        Term(status, operand);
+        value = sign == S_ADD ? value + operand : value - operand;
+    }
+}
+
+void CNumericParser::Term(Status& status, double& value) {
+    Factor(status, value);
+    while (status == Status::Success && LookaheadIn(ProductSigns)) {
+        const int sign = Lookahead();
+        Consume();
+        double operand = 0;
+        Factor(status, operand);
+        // Division by zero is no failure here: the caller checks the range of what it stores.
+        value = sign == S_MUL ? value * operand : value / operand;
+    }
+}
+
+void CNumericParser::Factor(Status& status, double& value) {
+    if (LookaheadIn(NumberBegins)) {
+        SignedNumber(status, value);
+    } else {
+        BracketedExpression(status, value);
+    }
+}
+
+void CNumericParser::BracketedExpression(Status& status, double& value) {
+    if (!Match(S_BRACE_O, "factor")) {
+        status = Status::SyntaxError;
+        return;
+    }
+    if (++m_depth > MaximumDepth) {
+        status = Status::TooDeep;
+        return;
+    }
+    Expression(status, value);
+    --m_depth;
+    if (status == Status::Success && !Match(S_BRACE_C, "factor"))
+        status = Status::SyntaxError;
+}
+
+void CNumericParser::SignedNumber(Status& status, double& value) {
+    const NumberSign sign = Lookahead() == S_MINUS ? NumberSign::Negative : NumberSign::Positive;
+    if (LookaheadIn(SumSigns))
+        Consume();
+    if (Lookahead() == INT_VALUE) {
+        value = IntegerOfDigits(sign, LookaheadToken().GetText());
+    } else if (Lookahead() == FLOAT_VALUE) {
+        value = DoubleOfText(sign, LookaheadToken().GetText());
+    }
+    if (!MatchSet(Numbers, "factor"))
+        status = Status::SyntaxError;
+}
+
+} // namespace korvel

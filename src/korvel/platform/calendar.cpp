@@ -1,0 +1,99 @@
+#include "korvel/platform/calendar.h"
+
+#include <chrono>
+#include <cmath>
+#include <ctime>
+
+namespace korvel::platform {
+namespace {
+
+using std::chrono::sys_days;
+using std::chrono::year_month_day;
+
+constexpr sys_days dayZero = std::chrono::December / 30 / 1899;
+constexpr int firstYear = 100;
+constexpr int lastYear = 9999;
+constexpr double firstDay = -657434; // 1 January of the first year
+constexpr double endDay = 2958466;   // after 31 December of the last year
+constexpr int secondsPerDay = 86400;
+
+// 31 December 3000, 23:59:59 UTC: where the platform's C runtime ends.
+constexpr std::int64_t lastEpochSecond = 32535215999;
+
+bool InYears(const year_month_day& date) {
+    return date.ok() && date.year() >= std::chrono::year(firstYear) &&
+           date.year() <= std::chrono::year(lastYear);
+}
+
+} // namespace
+
+std::optional<CalendarFields> FieldsFromDate(double date) {
+    // The day -657434 reaches down to -657434.99: its fraction counts forward like any other.
+    if (!(date > firstDay - 1 && date < endDay)) {
+        return std::nullopt;
+    }
+    const double wholeDays = std::trunc(date);
+    auto seconds = static_cast<int>(std::floor(std::fabs(date - wholeDays) * secondsPerDay + 0.5));
+    sys_days day = dayZero + std::chrono::days(static_cast<int>(wholeDays));
+    if (seconds == secondsPerDay) {
+        seconds = 0;
+        day += std::chrono::days(1);
+    }
+    const year_month_day calendarDay(day);
+    if (!InYears(calendarDay)) {
+        return std::nullopt;
+    }
+    CalendarFields fields;
+    fields.year = static_cast<int>(calendarDay.year());
+    fields.month = static_cast<int>(static_cast<unsigned>(calendarDay.month()));
+    fields.day = static_cast<int>(static_cast<unsigned>(calendarDay.day()));
+    fields.hour = seconds / 3600;
+    fields.minute = seconds / 60 % 60;
+    fields.second = seconds % 60;
+    fields.weekday = static_cast<int>(std::chrono::weekday(day).c_encoding());
+    fields.dayOfYear = static_cast<int>((day - sys_days(calendarDay.year() / 1 / 1)).count()) + 1;
+    return fields;
+}
+
+std::optional<double> DateFromFields(const CalendarFields& fields) {
+    const auto inRange = [](int value, int first, int last) { return value >= first && value <= last; };
+    if (!inRange(fields.year, firstYear, lastYear) || !inRange(fields.month, 1, 12) ||
+        !inRange(fields.day, 1, 31) || !inRange(fields.hour, 0, 23) || !inRange(fields.minute, 0, 59) ||
+        !inRange(fields.second, 0, 59)) {
+        return std::nullopt;
+    }
+    const year_month_day date(std::chrono::year(fields.year),
+                              std::chrono::month(static_cast<unsigned>(fields.month)),
+                              std::chrono::day(static_cast<unsigned>(fields.day)));
+    if (!date.ok()) {
+        return std::nullopt;
+    }
+    const double days = static_cast<double>((sys_days(date) - dayZero).count());
+    const double time =
+        (fields.hour * 3600 + fields.minute * 60 + fields.second) / static_cast<double>(secondsPerDay);
+    return days < 0 ? days - time : days + time;
+}
+
+std::optional<CalendarFields> LocalFieldsFromEpoch(std::int64_t seconds) {
+    if (seconds < 0 || seconds > lastEpochSecond) {
+        return std::nullopt;
+    }
+    tzset(); // localtime_r need not notice that TZ has changed
+    const std::time_t time = seconds;
+    std::tm local{};
+    if (localtime_r(&time, &local) == nullptr) {
+        return std::nullopt;
+    }
+    CalendarFields fields;
+    fields.year = local.tm_year + 1900;
+    fields.month = local.tm_mon + 1;
+    fields.day = local.tm_mday;
+    fields.hour = local.tm_hour;
+    fields.minute = local.tm_min;
+    fields.second = local.tm_sec;
+    fields.weekday = local.tm_wday;
+    fields.dayOfYear = local.tm_yday + 1;
+    return fields;
+}
+
+} // namespace korvel::platform

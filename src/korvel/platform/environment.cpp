@@ -1,0 +1,12 @@
+#include "korvel/platform/environment.h"
+
+#include <cstdlib>
+
+namespace korvel::platform {
+
+std::string EnvironmentValue(const char* name) {
+    const char* value = std::getenv(name);
+    return value == nullptr ? "" : value;
+}
+
+} // namespace korvel::platform

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+
+#include <string_view>
+
+namespace korvel::platform {
+
+/// The number at the beginning of a text, as the platform's `atoi` reads it: blanks, a sign, digits; what
+/// follows is not looked at. Stops at the 32-bit bounds.
+///
+///     ReadInteger("3;2;0")       -> 3
+///     ReadInteger(" -12 m")      -> -12
+///     ReadInteger("99999999999") -> 2147483647
+///     ReadInteger("none")        -> 0
+KORVEL_API int ReadInteger(std::string_view text);
+
+} // namespace korvel::platform

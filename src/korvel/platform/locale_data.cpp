@@ -1,0 +1,234 @@
+#include "korvel/platform/locale_data.h"
+
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/date_pattern.h"
+#include "korvel/platform/error.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+#include <unicode/dcfmtsym.h>
+#include <unicode/decimfmt.h>
+#include <unicode/dtfmtsym.h>
+#include <unicode/locid.h>
+#include <unicode/normalizer2.h>
+#include <unicode/smpdtfmt.h>
+
+namespace korvel::platform {
+namespace {
+
+constexpr const char* fallbackLocale = "en-US";
+
+class IcuStatus {
+public:
+    operator UErrorCode&() { return m_code; }
+    /// Throws Error when one of the calls before has failed.
+    void Check() const {
+        if (U_FAILURE(m_code)) {
+            throw Error(std::string("The regional data of ICU cannot be read: ") + u_errorName(m_code));
+        }
+    }
+
+private:
+    UErrorCode m_code = U_ZERO_ERROR;
+};
+
+std::string Utf8(const icu::UnicodeString& text) {
+    std::string utf8;
+    return text.toUTF8String(utf8);
+}
+
+/// The letter below its accents.
+char32_t BaseLetter(char32_t character) {
+    switch (character) { // letters that Unicode does not take apart, mostly those with a stroke
+    case U'\u0141':
+        return U'L';
+    case U'\u0142':
+        return U'l';
+    case U'\u0131': // the Turkish i without a dot
+        return U'i';
+    case U'\u0110':
+        return U'D';
+    case U'\u0111':
+        return U'd';
+    default:
+        break;
+    }
+    IcuStatus status;
+    const icu::Normalizer2* decomposition = icu::Normalizer2::getNFDInstance(status);
+    status.Check();
+    icu::UnicodeString parts;
+    decomposition->getDecomposition(static_cast<UChar32>(character), parts);
+    return parts.isEmpty() ? character : static_cast<char32_t>(parts.char32At(0));
+}
+
+/// Nothing when a letter of the text is not in the code page, even without its accents.
+std::optional<std::string> Fit(const icu::UnicodeString& text) {
+    std::string bytes;
+    for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
+        const auto character = static_cast<char32_t>(text.char32At(i));
+        std::optional<char> byte = FromUnicode(character);
+        if (!byte) {
+            byte = FromUnicode(BaseLetter(character));
+        }
+        if (!byte) {
+            return std::nullopt;
+        }
+        bytes.push_back(*byte);
+    }
+    return bytes;
+}
+
+/// Numbers and dates with Western digits in the Gregorian calendar, whatever else the locale prefers.
+icu::Locale DataLocale(const std::string& name) {
+    IcuStatus status;
+    icu::Locale locale = icu::Locale::forLanguageTag(name, status);
+    locale.setKeywordValue("numbers", "latn", status);
+    locale.setKeywordValue("calendar", "gregorian", status);
+    status.Check();
+    return locale;
+}
+
+std::string Separator(const icu::UnicodeString& symbol, std::string_view fallback) {
+    icu::UnicodeString text(symbol);
+    const icu::UnicodeString noBreakSpace(UChar(0xA0));
+    text.findAndReplace(icu::UnicodeString(UChar(0x202F)), noBreakSpace); // the narrow one
+    return Fit(text).value_or(std::string(fallback));
+}
+
+/// The platform's text for the group sizes: "3;0", or "3;2;0" where the others differ from the first.
+std::string Grouping(const icu::DecimalFormat& format) {
+    const int first = format.getGroupingSize();
+    const int others = format.getSecondaryGroupingSize();
+    if (!format.isGroupingUsed() || first <= 0) {
+        return "0";
+    }
+    const bool differ = others > 0 && others != first;
+    return std::to_string(first) + (differ ? ";" + std::to_string(others) : "") + ";0";
+}
+
+void ReadNumbers(const icu::Locale& locale, RegionalSettings& settings) {
+    IcuStatus status;
+    const icu::DecimalFormatSymbols symbols(locale, status);
+    const std::unique_ptr<icu::NumberFormat> format(
+        icu::NumberFormat::createInstance(locale, UNUM_DECIMAL, status));
+    status.Check();
+    using Symbols = icu::DecimalFormatSymbols;
+    settings.decimalSeparator = Separator(symbols.getConstSymbol(Symbols::kDecimalSeparatorSymbol), ".");
+    settings.thousandsSeparator = Separator(symbols.getConstSymbol(Symbols::kGroupingSeparatorSymbol), ",");
+    const auto* decimal = dynamic_cast<const icu::DecimalFormat*>(format.get());
+    settings.grouping = decimal != nullptr ? Grouping(*decimal) : "3;0";
+}
+
+/// A foreign script's picture would leave its fields glued together: the fallback keeps them readable, and is
+/// understood everywhere.
+std::string Picture(const std::unique_ptr<icu::DateFormat>& format, std::string_view fallback) {
+    const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get());
+    if (simple == nullptr) {
+        return std::string(fallback);
+    }
+    icu::UnicodeString pattern;
+    simple->toPattern(pattern);
+    for (const UChar space : {UChar(0xA0), UChar(0x202F)}) {
+        pattern.findAndReplace(icu::UnicodeString(space), icu::UnicodeString(u' '));
+    }
+    for (const UChar directionMark : {UChar(0x200E), UChar(0x200F)}) {
+        pattern.findAndReplace(icu::UnicodeString(directionMark), icu::UnicodeString());
+    }
+    const ConvertedText picture = FromUtf8(PictureOfPattern(Utf8(pattern)));
+    return picture.exact ? picture.text : std::string(fallback);
+}
+
+void ReadPictures(const icu::Locale& locale, RegionalSettings& settings) {
+    using Format = icu::DateFormat;
+    const auto date = [&](Format::EStyle style) {
+        return std::unique_ptr<Format>(Format::createDateInstance(style, locale));
+    };
+    settings.longDatePicture = Picture(date(Format::kFull), "dddd, d MMMM yyyy");
+    settings.shortDatePicture = Picture(date(Format::kShort), "yyyy-MM-dd");
+    settings.timePicture =
+        Picture(std::unique_ptr<Format>(Format::createTimeInstance(Format::kMedium, locale)), "HH:mm:ss");
+}
+
+/// Names that follow each other in ICU's list. False when one of them does not fit into the code page.
+template <std::size_t count>
+bool ReadNames(const icu::UnicodeString* list, int available, std::array<std::string, count>& names) {
+    for (std::size_t i = 0; i < count && static_cast<int>(i) < available; ++i) {
+        std::optional<std::string> name = Fit(list[i]);
+        if (!name) {
+            return false;
+        }
+        names[i] = std::move(*name);
+    }
+    return true;
+}
+
+std::optional<CalendarNames> ReadCalendarNames(const icu::Locale& locale) {
+    using Symbols = icu::DateFormatSymbols;
+    IcuStatus status;
+    const Symbols symbols(locale, status);
+    status.Check();
+    CalendarNames names;
+    int count = 0;
+    const auto months = [&](Symbols::DtWidthType width, auto& target) {
+        const icu::UnicodeString* list = symbols.getMonths(count, Symbols::STANDALONE, width);
+        return ReadNames(list, count, target);
+    };
+    const auto days = [&](Symbols::DtWidthType width, auto& target) {
+        const icu::UnicodeString* list = symbols.getWeekdays(count, Symbols::STANDALONE, width);
+        return ReadNames(list + 1, count - 1, target); // ICU counts the days from 1
+    };
+    std::array<std::string, 2> halves;
+    const icu::UnicodeString* halvesOfDay = symbols.getAmPmStrings(count);
+    const bool fit = months(Symbols::WIDE, names.months) && months(Symbols::ABBREVIATED, names.shortMonths) &&
+                     days(Symbols::WIDE, names.days) && days(Symbols::ABBREVIATED, names.shortDays) &&
+                     ReadNames(halvesOfDay, 2, halves);
+    if (!fit) {
+        return std::nullopt;
+    }
+    names.beforeNoon = halves[0];
+    names.afterNoon = halves[1];
+    return names;
+}
+
+bool IsKnownLanguage(std::string_view language) {
+    int32_t count = 0;
+    const icu::Locale* known = icu::Locale::getAvailableLocales(count);
+    return std::any_of(known, known + count,
+                       [&](const icu::Locale& locale) { return language == locale.getLanguage(); });
+}
+
+} // namespace
+
+std::optional<std::string> FindLocale(const std::string& name) {
+    // An encoding (".UTF-8") and a variant ("@euro") change nothing of what is read here.
+    icu::Locale locale = icu::Locale::createCanonical(name.substr(0, name.find_first_of(".@")).c_str());
+    if (!IsKnownLanguage(locale.getLanguage())) {
+        return std::nullopt;
+    }
+    IcuStatus status;
+    if (*locale.getISO3Country() == '\0') {
+        icu::Locale likely(locale.getLanguage());
+        likely.addLikelySubtags(status);
+        locale = icu::Locale(locale.getLanguage(), likely.getCountry());
+    }
+    auto tag = locale.toLanguageTag<std::string>(status);
+    status.Check();
+    return tag;
+}
+
+RegionalSettings LocaleData(const std::string& numberLocale, const std::string& timeLocale) {
+    RegionalSettings settings;
+    ReadNumbers(DataLocale(numberLocale), settings);
+    const icu::Locale times = DataLocale(timeLocale);
+    ReadPictures(times, settings);
+    settings.countryName = times.getISO3Country();
+    std::optional<CalendarNames> names = ReadCalendarNames(times);
+    if (!names) {
+        names = ReadCalendarNames(DataLocale(fallbackLocale));
+    }
+    settings.names = names.value_or(CalendarNames{});
+    return settings;
+}
+
+} // namespace korvel::platform

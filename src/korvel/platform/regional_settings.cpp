@@ -1,0 +1,113 @@
+#include "korvel/platform/regional_settings.h"
+
+#include "korvel/platform/environment.h"
+#include "korvel/platform/integer_text.h"
+#include "korvel/platform/locale_data.h"
+#include "korvel/platform/settings_store.h"
+
+#include <array>
+#include <mutex>
+#include <optional>
+
+namespace korvel::platform {
+namespace {
+
+constexpr const char* settingsKey = "Control Panel\\International";
+
+struct TextOverride {
+    const char* name;
+    std::string RegionalSettings::*setting;
+};
+
+struct NumberOverride {
+    const char* name;
+    int RegionalSettings::*setting;
+};
+
+constexpr std::array<TextOverride, 6> textOverrides{{{"sDecimal", &RegionalSettings::decimalSeparator},
+                                                     {"sThousand", &RegionalSettings::thousandsSeparator},
+                                                     {"sGrouping", &RegionalSettings::grouping},
+                                                     {"sLongDate", &RegionalSettings::longDatePicture},
+                                                     {"sShortDate", &RegionalSettings::shortDatePicture},
+                                                     {"sTimeFormat", &RegionalSettings::timePicture}}};
+
+constexpr std::array<NumberOverride, 3> numberOverrides{{{"iDigits", &RegionalSettings::digits},
+                                                         {"iLZero", &RegionalSettings::leadingZero},
+                                                         {"iNegNumber", &RegionalSettings::negativeOrder}}};
+
+std::optional<std::string> ReadOverride(const char* name) {
+    SettingValue value;
+    if (ReadSetting(SettingsRoot::User, settingsKey, name, value) != SettingsStatus::Done ||
+        value.type != SettingType::Text) {
+        return std::nullopt;
+    }
+    return value.bytes.substr(0, value.bytes.find('\0'));
+}
+
+/// The locale that this program was told to use instead of the user's.
+class ChosenLocale {
+public:
+    static ChosenLocale& Instance() {
+        static ChosenLocale instance;
+        return instance;
+    }
+    std::string Name() {
+        const std::lock_guard lock(m_mutex);
+        return m_name;
+    }
+    void Choose(std::string name) {
+        const std::lock_guard lock(m_mutex);
+        m_name = std::move(name);
+    }
+
+private:
+    std::mutex m_mutex;
+    std::string m_name;
+};
+
+/// The environment's locale for one category, in the order in which POSIX asks the variables. An unknown one
+/// counts as en-US, and so does the C library's own, which has no month names in any language of a user.
+std::string EnvironmentLocale(const char* category) {
+    for (const char* variable : {"LC_ALL", category, "LANG"}) {
+        const std::string value = EnvironmentValue(variable);
+        if (!value.empty()) {
+            return FindLocale(value).value_or("en-US");
+        }
+    }
+    return "en-US";
+}
+
+std::string LocaleFor(const char* category) {
+    const std::string chosen = ChosenLocale::Instance().Name();
+    return chosen.empty() ? EnvironmentLocale(category) : chosen;
+}
+
+} // namespace
+
+RegionalSettings ReadRegionalSettings() {
+    RegionalSettings settings = LocaleData(LocaleFor("LC_NUMERIC"), LocaleFor("LC_TIME"));
+    for (const auto& [name, setting] : textOverrides) {
+        settings.*setting = ReadOverride(name).value_or(settings.*setting);
+    }
+    for (const auto& [name, setting] : numberOverrides) {
+        if (const std::optional<std::string> text = ReadOverride(name)) {
+            settings.*setting = ReadInteger(*text);
+        }
+    }
+    return settings;
+}
+
+bool UseLocale(const std::string& name) {
+    const std::optional<std::string> found = name.empty() ? name : FindLocale(name);
+    if (found) {
+        ChosenLocale::Instance().Choose(*found);
+    }
+    return found.has_value();
+}
+
+std::string UserLanguage() {
+    const std::string locale = EnvironmentLocale("LC_MESSAGES");
+    return locale.substr(0, locale.find('-'));
+}
+
+} // namespace korvel::platform

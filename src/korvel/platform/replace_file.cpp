@@ -1,0 +1,126 @@
+#include "korvel/platform/replace_file.h"
+
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/error.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace korvel::platform {
+
+namespace {
+
+[[noreturn]] void Fail(const std::string& path, int error) {
+    throw Error(FromUtf8(path + ": " + std::generic_category().message(error)).text);
+}
+
+void Require(bool succeeded, const std::string& path) {
+    if (!succeeded)
+        Fail(path, errno);
+}
+
+/// An open file that is closed at the end.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    ~Descriptor() {
+        if (m_number >= 0)
+            ::close(m_number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    int Number() const { return m_number; }
+    bool IsOpen() const { return m_number >= 0; }
+    /// Tells of a failure that the system reports only now.
+    bool Close() { return ::close(std::exchange(m_number, -1)) == 0; }
+
+private:
+    int m_number;
+};
+
+bool WriteAll(int file, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t written = ::write(file, content.data(), content.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return false;
+        content.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// The file that is to be replaced, behind links.
+std::filesystem::path TargetOf(const std::string& path) {
+    std::error_code ignored;
+    const std::filesystem::path target = std::filesystem::canonical(path, ignored);
+    return target.empty() ? std::filesystem::path(path) : target;
+}
+
+std::filesystem::path NameBeside(const std::filesystem::path& target) {
+    std::filesystem::path beside = target;
+    beside += "." + std::to_string(::getpid()) + ".new";
+    return beside;
+}
+
+void WriteBeside(const std::filesystem::path& beside, const struct stat* replaced, std::string_view content,
+                 const std::string& path) {
+    constexpr mode_t UsualPermissions = 0666;
+    // What a killed program of the same number left behind; a file of someone else's is never written to.
+    ::unlink(beside.c_str());
+    Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, UsualPermissions));
+    Require(file.IsOpen(), path);
+    if (replaced != nullptr)
+        Require(::fchmod(file.Number(), replaced->st_mode & 07777) == 0, path);
+    Require(WriteAll(file.Number(), content), path);
+    Require(::fsync(file.Number()) == 0, path);
+    Require(file.Close(), path);
+}
+
+int OpenFolderOf(const std::filesystem::path& target) {
+    const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
+    return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+/// A file system that cannot flush a folder says so by EINVAL: there is nothing left to do then.
+bool Flush(const Descriptor& folder) {
+    return ::fsync(folder.Number()) == 0 || errno == EINVAL;
+}
+
+/// The state of the file that is to be replaced; refuses what is no file, and one that may not be written.
+/// False when there is none.
+bool Inspect(const std::filesystem::path& target, struct stat& state, const std::string& path) {
+    if (::stat(target.c_str(), &state) != 0)
+        return false;
+    if (!S_ISREG(state.st_mode))
+        Fail(path, S_ISDIR(state.st_mode) ? EISDIR : EINVAL);
+    Require(::access(target.c_str(), W_OK) == 0, path);
+    return true;
+}
+
+} // namespace
+
+void ReplaceFile(const std::string& path, std::string_view content) {
+    const std::filesystem::path target = TargetOf(path);
+    struct stat replaced {};
+    const bool exists = Inspect(target, replaced, path);
+    const Descriptor folder(OpenFolderOf(target));
+    Require(folder.IsOpen(), path);
+    const std::filesystem::path beside = NameBeside(target);
+    try {
+        WriteBeside(beside, exists ? &replaced : nullptr, content, path);
+        Require(::rename(beside.c_str(), target.c_str()) == 0, path);
+    } catch (...) {
+        ::unlink(beside.c_str());
+        throw;
+    }
+    Require(Flush(folder), path);
+}
+
+} // namespace korvel::platform

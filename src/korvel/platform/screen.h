@@ -1,0 +1,10 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+
+namespace korvel::platform {
+
+/// Whether windows can be shown to a user: the session names a display. It need not answer.
+KORVEL_API bool HasScreen();
+
+} // namespace korvel::platform

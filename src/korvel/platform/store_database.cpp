@@ -1,0 +1,193 @@
+#include "korvel/platform/store_database.h"
+
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/error.h"
+
+#include <cerrno>
+#include <sqlite3.h>
+#include <system_error>
+
+namespace korvel::platform {
+namespace {
+
+constexpr int patienceInMilliseconds = 5000;
+
+// Kept in the file's header, so that no other program's database is taken for a store: "Korv".
+constexpr std::int64_t applicationId = 0x4B6F7276;
+
+// A value's type is the one that SQLite keeps with each value, so a text can be read and set with any of its
+// tools.
+constexpr const char* createTables =
+    "CREATE TABLE keys(path TEXT PRIMARY KEY) WITHOUT ROWID;"
+    "CREATE TABLE settings(path TEXT, name TEXT, value, PRIMARY KEY(path, name))"
+    " WITHOUT ROWID;"
+    "PRAGMA application_id = 1265594998;";
+static_assert(applicationId == 1265594998);
+
+bool IsMissingRight(int systemError) {
+    return systemError == EACCES || systemError == EPERM || systemError == EROFS;
+}
+
+bool Exists(const std::filesystem::path& file) {
+    std::error_code error;
+    const bool exists = std::filesystem::exists(file, error);
+    if (IsMissingRight(error.value())) {
+        throw StoreAccessDenied();
+    }
+    return exists;
+}
+
+} // namespace
+
+StoreStatement::StoreStatement(StoreDatabase& database, const char* sql) : m_database(database) {
+    sqlite3_stmt* statement = nullptr;
+    m_database.Check(sqlite3_prepare_v2(database.Handle(), sql, -1, &statement, nullptr));
+    m_statement.reset(statement);
+}
+
+void StoreStatement::Finalize::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
+
+StoreStatement& StoreStatement::BindText(int parameter, std::string_view utf8) {
+    m_database.Check(sqlite3_bind_text64(m_statement.get(), parameter, utf8.data(), utf8.size(),
+                                         SQLITE_TRANSIENT, SQLITE_UTF8));
+    return *this;
+}
+
+StoreStatement& StoreStatement::BindBinary(int parameter, std::string_view bytes) {
+    const char* data = bytes.empty() ? "" : bytes.data(); // a null pointer would bind NULL
+    m_database.Check(sqlite3_bind_blob64(m_statement.get(), parameter, data, bytes.size(), SQLITE_TRANSIENT));
+    return *this;
+}
+
+StoreStatement& StoreStatement::BindNumber(int parameter, std::int64_t number) {
+    m_database.Check(sqlite3_bind_int64(m_statement.get(), parameter, number));
+    return *this;
+}
+
+bool StoreStatement::Step() {
+    const int answer = sqlite3_step(m_statement.get());
+    if (answer != SQLITE_ROW) {
+        m_database.Check(answer == SQLITE_DONE ? SQLITE_OK : answer);
+    }
+    return answer == SQLITE_ROW;
+}
+
+StoreStatement::Kind StoreStatement::ColumnKind(int column) const {
+    switch (sqlite3_column_type(m_statement.get(), column)) {
+    case SQLITE_TEXT:
+        return Kind::Text;
+    case SQLITE_BLOB:
+        return Kind::Binary;
+    case SQLITE_INTEGER:
+        return Kind::Number;
+    default:
+        return Kind::Other;
+    }
+}
+
+std::string StoreStatement::ColumnBytes(int column) const {
+    const void* bytes = sqlite3_column_blob(m_statement.get(), column);
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(m_statement.get(), column));
+    return bytes == nullptr ? std::string() : std::string(static_cast<const char*>(bytes), size);
+}
+
+std::int64_t StoreStatement::ColumnNumber(int column) const {
+    return sqlite3_column_int64(m_statement.get(), column);
+}
+
+std::optional<StoreDatabase> StoreDatabase::OpenExisting(const std::filesystem::path& file) {
+    if (file.empty() || !Exists(file)) {
+        return std::nullopt;
+    }
+    StoreDatabase database(file, IfMissing::Fail);
+    return database.HasTables() ? std::optional(std::move(database)) : std::nullopt;
+}
+
+StoreDatabase StoreDatabase::OpenOrCreate(const std::filesystem::path& file) {
+    if (file.empty()) {
+        throw StoreAccessDenied();
+    }
+    std::error_code error;
+    std::filesystem::create_directories(file.parent_path(), error);
+    if (IsMissingRight(error.value())) {
+        throw StoreAccessDenied();
+    }
+    StoreDatabase database(file, IfMissing::Create);
+    if (!database.HasTables()) {
+        database.CreateTables();
+    }
+    return database;
+}
+
+// Reading, too, opens for writing where the user may: it puts right what a killed writer has left.
+StoreDatabase::StoreDatabase(const std::filesystem::path& file, IfMissing ifMissing) : m_file(file) {
+    const int create = ifMissing == IfMissing::Create ? SQLITE_OPEN_CREATE : 0;
+    sqlite3* handle = nullptr;
+    const int answer = sqlite3_open_v2(file.c_str(), &handle, SQLITE_OPEN_READWRITE | create, nullptr);
+    m_handle.reset(handle);
+    Check(answer);
+    Check(sqlite3_busy_timeout(handle, patienceInMilliseconds));
+}
+
+void StoreDatabase::Close::operator()(sqlite3* handle) const {
+    sqlite3_close(handle);
+}
+
+void StoreDatabase::Begin() {
+    Execute("BEGIN IMMEDIATE");
+}
+
+void StoreDatabase::Commit() {
+    Execute("COMMIT");
+}
+
+void StoreDatabase::Execute(const char* sql) {
+    Check(sqlite3_exec(m_handle.get(), sql, nullptr, nullptr, nullptr));
+}
+
+bool StoreDatabase::HasTables() {
+    StoreStatement id(*this, "PRAGMA application_id");
+    if (id.Step() && id.ColumnNumber(0) == applicationId) {
+        return true;
+    }
+    StoreStatement objects(*this, "SELECT 1 FROM sqlite_master");
+    if (objects.Step()) {
+        Throw("it is another program's database");
+    }
+    return false;
+}
+
+void StoreDatabase::CreateTables() {
+    Begin();
+    if (!HasTables()) { // another program may have been faster
+        Execute(createTables);
+    }
+    Commit();
+}
+
+void StoreDatabase::Check(int answer) const {
+    switch (answer & 0xFF) { // the extended codes only add detail
+    case SQLITE_OK:
+        return;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        throw StoreAccessDenied();
+    case SQLITE_CANTOPEN:
+        if (m_handle && IsMissingRight(sqlite3_system_errno(m_handle.get()))) {
+            throw StoreAccessDenied();
+        }
+        [[fallthrough]];
+    default:
+        Throw(sqlite3_errstr(answer));
+    }
+}
+
+void StoreDatabase::Throw(std::string_view problem) const {
+    throw Error("The settings store " + FromUtf8(m_file.string()).text +
+                " cannot be used: " + std::string(problem));
+}
+
+} // namespace korvel::platform

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "korvel/platform/calendar.h"
+#include "korvel/platform/export.h"
+#include "korvel/platform/regional_settings.h"
+
+#include <string>
+#include <string_view>
+
+namespace korvel::platform {
+
+/// A date or time as text, after a format in the platform's strftime notation.
+///
+///     TimeText("%A, %#d. %B %Y", *FieldsFromDate(44000.0), german)  -> "Donnerstag, 18. Juni 2020"
+///
+/// Names, and the pictures behind %c, %x and %X, are those of the settings. `#` after the percent sign drops
+/// leading zeros from a number (%#d: 9), and asks for the long date in %#c and %#x.
+///
+/// The empty text when the format has an unknown specifier or ends within one, when a field is out of its
+/// range, and when the result would be longer than 255 bytes.
+KORVEL_API std::string TimeText(std::string_view format, const CalendarFields& fields,
+                                const RegionalSettings& settings);
+
+/// Sets the C library's locale for times, which is one for the whole process; hosts may print with it. False,
+/// and nothing changed, when the C library does not know the name.
+KORVEL_API bool SetTimeLocale(const std::string& name);
+
+} // namespace korvel::platform

@@ -1,0 +1,97 @@
+#include "korvel/qt/button_peer.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/base/messages.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace korvel::qt {
+
+namespace {
+
+QAbstractButton& MakeButton(HWND window, QWidget* parent) {
+    switch (view::Style(window) & BS_TYPEMASK) {
+    case BS_CHECKBOX:
+    case BS_AUTOCHECKBOX:
+        return *new QCheckBox(parent);
+    case BS_AUTORADIOBUTTON: {
+        auto* radio = new QRadioButton(parent);
+        radio->setAutoExclusive(false); // memory knows where a group begins and ends
+        return *radio;
+    }
+    default: {
+        auto* push = new QPushButton(parent);
+        push->setAutoDefault(false);
+        push->setDefault((view::Style(window) & BS_TYPEMASK) == BS_DEFPUSHBUTTON);
+        return *push;
+    }
+    }
+}
+
+QWidget& MakeLabel(HWND window, QWidget* parent) {
+    if (view::KindOf(window) == view::Kind::Button)
+        return *new QGroupBox(parent);
+    auto* label = new QLabel(parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    return *label;
+}
+
+} // namespace
+
+ButtonPeer::ButtonPeer(Desktop& desktop, HWND window, QWidget* parent)
+    : ButtonPeer(desktop, window, MakeButton(window, parent)) {}
+
+ButtonPeer::ButtonPeer(Desktop& desktop, HWND window, QAbstractButton& button)
+    : Peer(desktop, window, button, button), m_button(button) {
+    connect(&m_button, &QAbstractButton::clicked, this, [this] { OnClicked(); });
+}
+
+void ButtonPeer::Apply(Aspects aspects) {
+    Peer::Apply(aspects);
+    if (aspects & static_cast<Aspects>(Aspect::Enabled))
+        m_button.setEnabled(view::IsSwitchedOn(Window()));
+    if (aspects & static_cast<Aspects>(Aspect::Text))
+        m_button.setText(TextOf(Window()));
+    if ((aspects & static_cast<Aspects>(Aspect::State)) && m_button.isCheckable())
+        m_button.setChecked(view::ButtonCheck(Window()) != 0);
+}
+
+void ButtonPeer::OnClicked() {
+    if (!Window())
+        return;
+    const Busy busy(*this);
+    input::Value(Window(), m_button.isCheckable() ? m_button.isChecked() : 1);
+    if (Window())
+        Apply(static_cast<Aspects>(Aspect::State));
+}
+
+LabelPeer::LabelPeer(Desktop& desktop, HWND window, QWidget* parent)
+    : LabelPeer(desktop, window, MakeLabel(window, parent)) {}
+
+LabelPeer::LabelPeer(Desktop& desktop, HWND window, QWidget& label) : Peer(desktop, window, label, label) {
+    label.setAttribute(Qt::WA_TransparentForMouseEvents);
+}
+
+void LabelPeer::Apply(Aspects aspects) {
+    Peer::Apply(aspects);
+    if (aspects & static_cast<Aspects>(Aspect::Enabled))
+        Outer().setEnabled(view::IsSwitchedOn(Window()));
+    if (!(aspects & static_cast<Aspects>(Aspect::Text)))
+        return;
+    const QString text = TextOf(Window());
+    if (auto* label = qobject_cast<QLabel*>(&Outer()))
+        label->setText(text);
+    else
+        static_cast<QGroupBox&>(Outer()).setTitle(text);
+}
+
+} // namespace korvel::qt

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "korvel/window/base/types.h"
+
+#include <QColor>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+/// The edge between the library's bytes, rectangles and colours and those of Qt. A character has one byte
+/// here and one QChar there, so positions in a text are the same on both sides.
+namespace korvel::qt {
+
+QString ToQString(const CString& text);
+/// A character outside the code page becomes "?".
+CString FromQString(const QString& text);
+/// The text of a window; empty when the window throws while it is asked.
+QString TextOf(HWND window);
+QColor ToQColor(COLORREF color);
+COLORREF FromQColor(const QColor& color);
+
+inline QRect ToQRect(const CRect& rect) {
+    return {rect.left, rect.top, rect.Width(), rect.Height()};
+}
+inline CRect FromQRect(const QRect& rect) {
+    return {rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()};
+}
+inline CPoint FromQPoint(const QPoint& point) {
+    return {point.x(), point.y()};
+}
+
+} // namespace korvel::qt

@@ -1,0 +1,113 @@
+#include "korvel/qt/embed_frame.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/qt/desktop.h"
+#include "korvel/qt/display_parts.h"
+#include "korvel/qt/qt_display.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+namespace korvel::qt {
+
+namespace {
+
+constexpr UINT topLevelStyles = WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_SYSMENU;
+
+} // namespace
+
+EmbedFrame::EmbedFrame(QtDisplay& display, HWND window)
+    : m_window(window), m_hint(ToQRect(view::Rectangle(window)).size()) {
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    {
+        const QScopedValueRollback site(display.m_parts->siteToShow, this);
+        m_site = CreateWindowExA(0, "KorvelFrame", "", WS_VISIBLE, {}, nullptr, 0);
+    }
+    setFocusPolicy(Qt::TabFocus);
+    MoveInto(display, window);
+    qApp->installEventFilter(this);
+}
+
+EmbedFrame::~EmbedFrame() {
+    qApp->removeEventFilter(this);
+    input::Destroy(m_site);
+}
+
+void EmbedFrame::MoveInto(QtDisplay& display, HWND window) {
+    SetParent(window, m_site);
+    SetWindowLongPtrA(window, GWL_STYLE, static_cast<LPARAM>(view::Style(window) & ~topLevelStyles));
+    if (Peer* peer = display.m_parts->desktop.peers.Find(window))
+        peer->Apply(everyAspect);
+    ShowWindow(window, SW_SHOW);
+    Place();
+}
+
+void EmbedFrame::resizeEvent(QResizeEvent*) {
+    Place();
+}
+
+void EmbedFrame::Place() {
+    input::Placed(m_site, FromQRect(QRect(mapToGlobal(QPoint(0, 0)), size())));
+    if (!IsWindow(m_window))
+        return;
+    for (QObject* child : children()) {
+        if (auto* widget = qobject_cast<QWidget*>(child); widget && !widget->isWindow())
+            widget->setGeometry(rect());
+    }
+    input::Placed(m_window, FromQRect(rect()));
+}
+
+// Sees what happens to the host's top-level window, whichever that is now: widgets move between windows.
+bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
+    const auto* widget = qobject_cast<const QWidget*>(object);
+    switch (event->type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::NonClientAreaMouseButtonPress:
+        // What a widget leaves to its parents comes by again, and is no other press.
+        if (m_sitePeer && event->spontaneous() && widget && widget->window() == window() && widget != this &&
+            !isAncestorOf(widget))
+            m_sitePeer->ReportPress(*event);
+        break;
+    case QEvent::Move:
+        if (widget && isVisible() && (widget == this || widget->isAncestorOf(this)))
+            Place();
+        break;
+    case QEvent::WindowActivate:
+    case QEvent::WindowDeactivate:
+        if (object == window())
+            input::Activated(m_site, event->type() == QEvent::WindowActivate);
+        break;
+    default:
+        break;
+    }
+    return false;
+}
+
+void EmbedFrame::PassFocusOn(Desktop& desktop, const QWidget* former) {
+    if (former && isAncestorOf(former)) {
+        if (!focusNextPrevChild(false))
+            desktop.focus.Show(korvel::GetFocus()); // the host has nothing else that takes it
+        return;
+    }
+    desktop.focus.Show(m_window);
+    input::FocusMoved(m_window);
+}
+
+SitePeer::SitePeer(Desktop& desktop, HWND window, EmbedFrame& frame)
+    : Peer(desktop, window, frame, frame), m_frame(frame) {
+    m_frame.m_sitePeer = this;
+}
+
+void SitePeer::ReportPress(const QEvent& event) {
+    Shared().mouse.ReportPressOutside(*this, event);
+}
+
+void SitePeer::TakeFocus(QWidget* former) {
+    m_frame.PassFocusOn(Shared(), former);
+}
+
+} // namespace korvel::qt

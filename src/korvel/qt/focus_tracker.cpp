@@ -1,0 +1,83 @@
+#include "korvel/qt/focus_tracker.h"
+
+#include "korvel/qt/peer.h"
+#include "korvel/qt/peer_table.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/core/window.h"
+
+#include <QApplication>
+
+namespace korvel::qt {
+
+namespace {
+
+// A window manager may refuse an activation; after this time its answer is not awaited any more.
+constexpr std::chrono::seconds activationPatience{1};
+
+} // namespace
+
+FocusTracker::FocusTracker(PeerTable& peers) : m_peers(peers) {
+    m_connection = QObject::connect(qApp, &QApplication::focusChanged,
+                                    [this](QWidget* former, QWidget* now) { OnFocusChanged(former, now); });
+}
+
+FocusTracker::~FocusTracker() {
+    QObject::disconnect(m_connection);
+}
+
+void FocusTracker::Show(HWND window) {
+    ++m_showing;
+    QWidget* current = QApplication::focusWidget();
+    if (Peer* peer = m_peers.Find(window)) {
+        QWidget& top = *peer->Content().window();
+        peer->Content().setFocus(Qt::OtherFocusReason);
+        if (top.isVisible() && !top.isActiveWindow() && QApplication::activeWindow())
+            Activate(top);
+    } else if (current && m_peers.FindAt(current)) {
+        current->clearFocus();
+    }
+    --m_showing;
+}
+
+void FocusTracker::ExpectActivation(QWidget& top) {
+    m_expected = &top;
+    m_expectedUntil = std::chrono::steady_clock::now() + activationPatience;
+}
+
+bool FocusTracker::IsActivationUnderWay() const {
+    return m_expected && std::chrono::steady_clock::now() < m_expectedUntil;
+}
+
+void FocusTracker::OnFocusChanged(QWidget* former, QWidget* now) {
+    if (m_showing > 0 || m_questions > 0 || QApplication::activePopupWidget())
+        return;
+    if (!now) {
+        if (!IsActivationUnderWay())
+            input::FocusMoved(nullptr);
+        return;
+    }
+    if (now->window()->windowType() == Qt::Popup)
+        return;
+    Peer* peer = m_peers.FindAt(now);
+    if (!peer)
+        input::FocusMoved(nullptr);
+    else if (IsWindowEnabled(peer->Window()))
+        peer->TakeFocus(former);
+}
+
+void FocusTracker::Activate(QWidget& top) {
+    ExpectActivation(top);
+    top.activateWindow();
+}
+
+FocusTracker::Question::Question(FocusTracker& tracker, QWidget* owner) : m_tracker(tracker), m_owner(owner) {
+    ++m_tracker.m_questions;
+}
+
+FocusTracker::Question::~Question() {
+    if (m_owner && m_owner->isVisible() && !QApplication::activeWindow())
+        m_tracker.Activate(*m_owner); // where no window manager sees to that
+    --m_tracker.m_questions;
+}
+
+} // namespace korvel::qt

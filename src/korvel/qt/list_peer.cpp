@@ -1,0 +1,95 @@
+#include "korvel/qt/list_peer.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/qt/desktop.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QFrame>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <algorithm>
+
+namespace korvel::qt {
+
+namespace {
+
+constexpr int sidewaysStep = 20; // pixels of one press on an arrow of the bar
+
+void ShowRange(QScrollBar& bar, int position, int extent, int page) {
+    bar.setRange(0, std::max(0, extent - page));
+    bar.setPageStep(std::max(1, page));
+    bar.setValue(position);
+}
+
+} // namespace
+
+// The bars come first: their making is an event of the outer widget, which is watched from then on.
+ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets)
+    : ListPeer(desktop, window, widgets, *new QScrollBar(Qt::Horizontal, &widgets.outer),
+               *new QScrollBar(Qt::Vertical, &widgets.outer)) {}
+
+ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down)
+    : PaintedPeer(desktop, window, widgets), m_across(across), m_down(down) {
+    m_across.setSingleStep(sidewaysStep);
+    for (QScrollBar* bar : {&m_across, &m_down}) {
+        bar->setFocusPolicy(Qt::NoFocus);
+        bar->hide();
+        Watch(*bar);
+        connect(bar, &QScrollBar::valueChanged, this, [this] { Report(); });
+    }
+}
+
+void ListPeer::Apply(Aspects aspects) {
+    PaintedPeer::Apply(aspects);
+    if (aspects & (Aspect::Scroll | Aspect::State))
+        Arrange();
+}
+
+// The bars take what memory leaves beside the client area.
+void ListPeer::Arrange() {
+    PaintedPeer::Arrange();
+    const QRect client = ToQRect(view::ClientRectangle(Window()));
+    const int frame = static_cast<QFrame&>(Outer()).frameWidth();
+    const QRect inside = Outer().rect().adjusted(frame, frame, -frame, -frame);
+    const int right = client.x() + client.width();
+    const int bottom = client.y() + client.height();
+    const view::ScrollView scroll = view::Scroll(Window());
+    m_down.setGeometry(right, client.y(), inside.right() + 1 - right, client.height());
+    m_across.setGeometry(client.x(), bottom, client.width(), inside.bottom() + 1 - bottom);
+    m_down.setVisible(scroll.rowCount > scroll.rowsPerPage && m_down.width() > 0);
+    m_across.setVisible(scroll.contentWidth > scroll.pageWidth && m_across.height() > 0);
+    ShowPosition();
+}
+
+void ListPeer::ShowPosition() {
+    const QScopedValueRollback reading(m_reading, true);
+    const view::ScrollView scroll = view::Scroll(Window());
+    ShowRange(m_across, scroll.x, scroll.contentWidth, scroll.pageWidth);
+    ShowRange(m_down, scroll.topRow, scroll.rowCount, scroll.rowsPerPage);
+}
+
+// A bar also reports what ShowPosition sets.
+void ListPeer::Report() {
+    if (m_reading || !Window())
+        return;
+    const Busy busy(*this);
+    input::Scrolled(Window(), m_across.value(), m_down.value());
+}
+
+bool ListPeer::OnEvent(QWidget& widget, QEvent& event) {
+    if (&widget == &m_across || &widget == &m_down) {
+        Shared().mouse.ReportPressOutside(*this, event);
+        return false;
+    }
+    if (event.type() == QEvent::Wheel && &widget == &Content()) {
+        const QPoint delta = static_cast<QWheelEvent&>(event).angleDelta();
+        m_across.setValue(m_across.value() - delta.x());
+        if (delta.y() == 0)
+            return true;
+    }
+    return PaintedPeer::OnEvent(widget, event);
+}
+
+} // namespace korvel::qt

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "korvel/qt/painted_peer.h"
+
+class QScrollBar;
+
+namespace korvel::qt {
+
+/// A list: a painted surface with scroll bars where the rows or columns do not fit.
+class ListPeer final : public PaintedPeer {
+public:
+    ListPeer(Desktop& desktop, HWND window, Widgets widgets);
+
+    void Apply(Aspects aspects) override;
+
+protected:
+    bool OnEvent(QWidget& widget, QEvent& event) override;
+    void Arrange() override;
+
+private:
+    ListPeer(Desktop& desktop, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down);
+    void ShowPosition();
+    void Report();
+
+    QScrollBar& m_across;
+    QScrollBar& m_down;
+    bool m_reading = false;
+};
+
+} // namespace korvel::qt

@@ -1,0 +1,76 @@
+#include "korvel/qt/look.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/window/base/messages.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QPalette>
+#include <QScreen>
+#include <QStyle>
+
+namespace korvel::qt {
+
+namespace {
+
+struct ColorRow {
+    int index;
+    QPalette::ColorGroup group;
+    QPalette::ColorRole role;
+};
+
+constexpr ColorRow colors[] = {
+    {COLOR_WINDOW, QPalette::Active, QPalette::Base},
+    {COLOR_WINDOWTEXT, QPalette::Active, QPalette::Text},
+    {COLOR_HIGHLIGHT, QPalette::Active, QPalette::Highlight},
+    {COLOR_HIGHLIGHTTEXT, QPalette::Active, QPalette::HighlightedText},
+    {COLOR_BTNFACE, QPalette::Active, QPalette::Window},
+    {COLOR_BTNSHADOW, QPalette::Active, QPalette::Mid},
+    {COLOR_GRAYTEXT, QPalette::Disabled, QPalette::Text},
+    {COLOR_BTNTEXT, QPalette::Active, QPalette::ButtonText},
+};
+
+constexpr int sunkenEdge = 2;       // of a border of the style's own
+constexpr int doubleClickReach = 4; // how far apart two presses of a double click may be
+
+QSize ScreenSize() {
+    const QScreen* screen = QApplication::primaryScreen();
+    return screen ? screen->geometry().size() : QSize();
+}
+
+} // namespace
+
+COLORREF SystemColor(int index) {
+    for (const ColorRow& row : colors) {
+        if (row.index == index)
+            return FromQColor(QApplication::palette().color(row.group, row.role));
+    }
+    return 0;
+}
+
+int SystemMetric(int index) {
+    switch (index) {
+    case SM_CXSCREEN:
+        return ScreenSize().width();
+    case SM_CYSCREEN:
+        return ScreenSize().height();
+    case SM_CXVSCROLL:
+    case SM_CYHSCROLL:
+        return QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    case SM_CXEDGE:
+    case SM_CYEDGE:
+        return sunkenEdge;
+    case SM_CXDOUBLECLK:
+        return doubleClickReach;
+    case SM_KORVEL_TEXTHEIGHT:
+        return QFontMetrics(QApplication::font()).height();
+    default:
+        return 0;
+    }
+}
+
+int TextWidth(const CString& text) {
+    return QFontMetrics(QApplication::font()).horizontalAdvance(ToQString(text));
+}
+
+} // namespace korvel::qt

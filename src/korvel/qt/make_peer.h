@@ -1,0 +1,13 @@
+#pragma once
+
+#include "korvel/window/base/types.h"
+
+namespace korvel::qt {
+
+struct Desktop;
+
+/// Makes the peer that fits the kind of a window, inside the peer of its parent. A child window of a
+/// window that is not shown gets none.
+void MakePeer(Desktop& desktop, HWND window);
+
+} // namespace korvel::qt

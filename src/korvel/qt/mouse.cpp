@@ -1,0 +1,113 @@
+#include "korvel/qt/mouse.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/qt/peer.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/base/messages.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QWheelEvent>
+#include <utility>
+
+namespace korvel::qt {
+
+namespace {
+
+struct ButtonMessage {
+    QEvent::Type type;
+    Qt::MouseButton button;
+    UINT message;
+};
+
+// Only the left button has double clicks in memory; a second press of another one is one more press.
+constexpr ButtonMessage buttonMessages[] = {
+    {QEvent::MouseButtonPress, Qt::LeftButton, WM_LBUTTONDOWN},
+    {QEvent::MouseButtonRelease, Qt::LeftButton, WM_LBUTTONUP},
+    {QEvent::MouseButtonDblClick, Qt::LeftButton, WM_LBUTTONDBLCLK},
+    {QEvent::MouseButtonPress, Qt::RightButton, WM_RBUTTONDOWN},
+    {QEvent::MouseButtonRelease, Qt::RightButton, WM_RBUTTONUP},
+    {QEvent::MouseButtonDblClick, Qt::RightButton, WM_RBUTTONDOWN},
+    {QEvent::MouseButtonPress, Qt::MiddleButton, WM_MBUTTONDOWN},
+    {QEvent::MouseButtonDblClick, Qt::MiddleButton, WM_MBUTTONDOWN},
+};
+
+constexpr ButtonMessage outsideMessages[] = {
+    {QEvent::MouseButtonPress, Qt::LeftButton, WM_NCLBUTTONDOWN},
+    {QEvent::MouseButtonPress, Qt::RightButton, WM_NCRBUTTONDOWN},
+    {QEvent::MouseButtonPress, Qt::MiddleButton, WM_NCMBUTTONDOWN},
+};
+
+UINT MessageOf(const QMouseEvent& event) {
+    if (event.type() == QEvent::MouseMove)
+        return WM_MOUSEMOVE;
+    for (const ButtonMessage& row : buttonMessages) {
+        if (row.type == event.type() && row.button == event.button())
+            return row.message;
+    }
+    return 0;
+}
+
+UINT FlagsOf(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers) {
+    return (buttons.testFlag(Qt::LeftButton) ? MK_LBUTTON : 0) |
+           (buttons.testFlag(Qt::RightButton) ? MK_RBUTTON : 0) |
+           (buttons.testFlag(Qt::MiddleButton) ? MK_MBUTTON : 0) |
+           (modifiers.testFlag(Qt::ShiftModifier) ? MK_SHIFT : 0) |
+           (modifiers.testFlag(Qt::ControlModifier) ? MK_CONTROL : 0);
+}
+
+} // namespace
+
+bool Mouse::Deliver(Peer& peer, const QEvent& event) {
+    if (event.type() == QEvent::Leave)
+        return Send(peer, WM_MOUSELEAVE, 0, QCursor::pos(), 0);
+    if (event.type() == QEvent::Wheel) {
+        const auto& wheel = static_cast<const QWheelEvent&>(event);
+        const UINT flags = FlagsOf(wheel.buttons(), wheel.modifiers());
+        return Send(peer, WM_MOUSEWHEEL, flags, wheel.globalPosition().toPoint(), wheel.angleDelta().y());
+    }
+    const auto& button = static_cast<const QMouseEvent&>(event);
+    const UINT message = MessageOf(button);
+    if (!message)
+        return false;
+    return Send(peer, message, FlagsOf(button.buttons(), button.modifiers()),
+                button.globalPosition().toPoint(), 0);
+}
+
+void Mouse::ReportPressOutside(Peer& peer, const QEvent& event) {
+    if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::NonClientAreaMouseButtonPress)
+        return;
+    const auto& press = static_cast<const QMouseEvent&>(event);
+    for (const ButtonMessage& row : outsideMessages) {
+        if (row.button == press.button())
+            Send(peer, row.message, FlagsOf(press.buttons(), press.modifiers()),
+                 press.globalPosition().toPoint(), 0);
+    }
+}
+
+bool Mouse::Send(Peer& peer, UINT message, UINT flags, QPoint screen, int wheel) {
+    const auto formerPosition = std::exchange(m_position, screen);
+    const auto formerUnder = std::exchange(m_under, peer.IsPainted() ? &peer.Content() : nullptr);
+    const CPoint point = FromQPoint(peer.Content().mapFromGlobal(screen));
+    const bool consumed = input::Mouse(peer.Window(), message, flags, point, wheel);
+    m_position = formerPosition;
+    m_under = formerUnder;
+    return consumed;
+}
+
+QPoint Mouse::Position() const {
+    return m_position.value_or(QCursor::pos());
+}
+
+void Mouse::SetCursor(int cursor) {
+    if (!m_under)
+        return;
+    if (cursor == IDC_SIZEWE)
+        m_under->setCursor(Qt::SplitHCursor);
+    else if (cursor == IDC_WAIT)
+        m_under->setCursor(Qt::WaitCursor);
+    else
+        m_under->unsetCursor();
+}
+
+} // namespace korvel::qt

@@ -1,0 +1,86 @@
+#include "korvel/qt/painted_peer.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/qt/desktop.h"
+#include "korvel/qt/painter_surface.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/base/messages.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QFrame>
+#include <QPaintEvent>
+#include <QScopedValueRollback>
+
+namespace korvel::qt {
+
+namespace {
+
+// A caption has the bit of a border too, and brings the desktop's frame instead.
+bool HasBorder(HWND window) {
+    return (view::Style(window) & WS_CAPTION) == WS_BORDER || (view::ExStyle(window) & WS_EX_CLIENTEDGE);
+}
+
+} // namespace
+
+PaintedPeer::Widgets PaintedPeer::MakeWidgets(HWND window, QWidget* parent) {
+    const bool child = (view::Style(window) & WS_CHILD) != 0;
+    auto* outer = new QFrame(parent, child ? Qt::WindowFlags() : TopLevel::FlagsOf(window));
+    const bool border = HasBorder(window);
+    if (border)
+        outer->setFrameStyle(child ? QFrame::StyledPanel | QFrame::Sunken : QFrame::Box | QFrame::Plain);
+    const bool two = border || view::KindOf(window) == view::Kind::List;
+    return {*outer, two ? *new QWidget(outer) : *outer};
+}
+
+PaintedPeer::PaintedPeer(Desktop& desktop, HWND window, Widgets widgets)
+    : Peer(desktop, window, widgets.outer, widgets.content) {
+    if (!(view::Style(window) & WS_CHILD))
+        m_topLevel.emplace(desktop, *this);
+    if (&Outer() != &Content())
+        Watch(Outer());
+}
+
+void PaintedPeer::Apply(Aspects aspects) {
+    if (m_topLevel && (view::Style(Window()) & WS_CHILD))
+        m_topLevel.reset();
+    if (m_topLevel)
+        m_topLevel->Apply(aspects);
+    Peer::Apply(aspects);
+    if (aspects & (Aspect::Rectangle | Aspect::Style))
+        Arrange();
+    if (aspects & (Aspect::Enabled | Aspect::Text))
+        Content().update();
+}
+
+void PaintedPeer::Disappear() {
+    if (m_topLevel)
+        m_topLevel->PassActivationOn();
+    Peer::Disappear();
+}
+
+void PaintedPeer::ShowModal() {
+    if (m_topLevel)
+        m_topLevel->ShowModal();
+}
+
+void PaintedPeer::Arrange() {
+    if (&Content() != &Outer())
+        Content().setGeometry(ToQRect(view::ClientRectangle(Window())));
+}
+
+bool PaintedPeer::OnEvent(QWidget& widget, QEvent& event) {
+    if (m_topLevel && &widget == &Outer() && m_topLevel->OnEvent(event))
+        return true;
+    if (&widget != &Content())
+        return false;
+    if (event.type() != QEvent::Paint)
+        return Peer::OnEvent(widget, event);
+    const QRegion& exposed = static_cast<QPaintEvent&>(event).region();
+    const QScopedValueRollback painting(Shared().isPainting, true);
+    QPainter painter(&widget);
+    PainterSurface surface(painter, exposed);
+    input::Paint(Window(), surface, FromQRect(exposed.boundingRect()));
+    return true;
+}
+
+} // namespace korvel::qt

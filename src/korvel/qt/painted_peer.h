@@ -1,0 +1,37 @@
+#pragma once
+
+#include "korvel/qt/peer.h"
+#include "korvel/qt/top_level.h"
+
+#include <optional>
+
+class QFrame;
+
+namespace korvel::qt {
+
+/// A window that paints itself: its client area is a plain surface inside the border.
+class PaintedPeer : public Peer {
+public:
+    /// The widgets of a window with a border, or with parts beside its client area, are two.
+    struct Widgets {
+        QFrame& outer;
+        QWidget& content;
+    };
+    PaintedPeer(Desktop& desktop, HWND window, Widgets widgets);
+    static Widgets MakeWidgets(HWND window, QWidget* parent);
+
+    void Apply(Aspects aspects) override;
+    bool IsPainted() const override { return true; }
+    void ShowModal() override;
+
+protected:
+    bool OnEvent(QWidget& widget, QEvent& event) override;
+    void Disappear() override;
+    /// Puts the content, and what lies beside it, where memory has the client area.
+    virtual void Arrange();
+
+private:
+    std::optional<TopLevel> m_topLevel; // while it lies in no other window
+};
+
+} // namespace korvel::qt

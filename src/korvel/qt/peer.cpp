@@ -1,0 +1,176 @@
+#include "korvel/qt/peer.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/qt/desktop.h"
+#include "korvel/qt/keys.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+
+namespace korvel::qt {
+
+namespace {
+
+bool IsInput(QEvent::Type type) {
+    switch (type) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::InputMethod:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::ContextMenu:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+Peer::Peer(Desktop& desktop, HWND window, QWidget& outer, QWidget& content)
+    : QObject(&outer), m_desktop(desktop), m_window(window), m_outer(outer), m_content(content) {
+    // Memory moves the focus, and hands on what a window does not want; Qt must not do so on its own.
+    for (QWidget* widget : {&m_outer, &m_content}) {
+        widget->setFocusPolicy(Qt::NoFocus);
+        widget->setAttribute(Qt::WA_NoMousePropagation);
+    }
+    m_content.setMouseTracking(true);
+    Watch(m_content);
+    m_desktop.peers.Add(*this);
+}
+
+Peer::~Peer() {
+    if (m_window)
+        m_desktop.peers.Remove(*this);
+}
+
+void Peer::Watch(QWidget& part) {
+    part.installEventFilter(this);
+}
+
+void Peer::Apply(Aspects aspects) {
+    if (aspects & static_cast<Aspects>(Aspect::Style))
+        FollowParent();
+    if (aspects & static_cast<Aspects>(Aspect::Rectangle))
+        m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
+    if (aspects & static_cast<Aspects>(Aspect::Visible)) {
+        if (!view::IsShown(m_window))
+            LeaveFocusToParent();
+        m_outer.setVisible(view::IsShown(m_window));
+        if (GetFocus() == m_window)
+            m_desktop.focus.Show(m_window);
+    }
+}
+
+void Peer::FollowParent() {
+    const Peer* parent =
+        (view::Style(m_window) & WS_CHILD) ? m_desktop.peers.Find(GetParent(m_window)) : nullptr;
+    if (!parent || m_outer.parentWidget() == &parent->m_content)
+        return;
+    m_outer.setParent(&parent->m_content, Qt::Widget);
+    m_outer.setMinimumSize(0, 0); // a top-level window may have had a size of its own
+    m_outer.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
+    m_outer.setVisible(view::IsShown(m_window));
+}
+
+void Peer::Invalidate(const CRect& rect) {
+    m_content.update(ToQRect(rect));
+}
+
+void Peer::TakeFocus(QWidget*) {
+    input::FocusMoved(m_window);
+}
+
+void Peer::Detach() {
+    m_desktop.peers.Remove(*this);
+    m_window = nullptr;
+    Disappear();
+    if (!IsBusy())
+        End();
+}
+
+// An inactive window of Qt keeps a widget that is to get the focus when the window is active again. When
+// that widget goes meanwhile, any other widget of the host would get it.
+void Peer::LeaveFocusToParent() {
+    const QWidget* kept = m_outer.isWindow() ? nullptr : m_outer.window()->focusWidget();
+    if (kept && kept != QApplication::focusWidget() && (kept == &m_outer || m_outer.isAncestorOf(kept)))
+        m_outer.parentWidget()->setFocus(Qt::OtherFocusReason);
+}
+
+void Peer::Disappear() {
+    LeaveFocusToParent();
+    m_outer.hide();
+    if (IsBusy()) // the end of the parent or owner must not take it away inside its event
+        m_outer.setParent(nullptr, m_outer.windowFlags());
+}
+
+void Peer::Leave() {
+    if (--m_busy == 0 && !m_window)
+        End();
+}
+
+void Peer::End() {
+    m_outer.deleteLater();
+}
+
+bool Peer::eventFilter(QObject* object, QEvent* event) {
+    if (!m_window)
+        return IsInput(event->type());
+    const Busy busy(*this);
+    const bool handled = OnEvent(static_cast<QWidget&>(*object), *event);
+    return handled || (!m_window && IsInput(event->type()));
+}
+
+bool Peer::OnEvent(QWidget& widget, QEvent& event) {
+    switch (event.type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        // What the widget with the focus does not want goes on to its parents, which have no part in it.
+        return &widget == QApplication::focusWidget() && OnKey(static_cast<QKeyEvent&>(event));
+    case QEvent::ShortcutOverride:
+        if (&widget != QApplication::focusWidget() || !ComesBeforeShortcuts(static_cast<QKeyEvent&>(event)))
+            return false;
+        event.accept();
+        return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+        return m_desktop.mouse.Deliver(*this, event) || IsPainted();
+    case QEvent::Leave:
+        m_desktop.mouse.Deliver(*this, event);
+        return false;
+    case QEvent::ContextMenu:
+        return OnContextMenu(event);
+    default:
+        return false;
+    }
+}
+
+bool Peer::OnKey(QKeyEvent& event) {
+    // A key that is held down comes as one press after another, and is released once.
+    if (event.type() == QEvent::KeyRelease && event.isAutoRepeat())
+        return true;
+    const KeyInput key = TranslateKey(event);
+    return input::Key(m_window, key.message, key.key, key.characters);
+}
+
+// The one of the mouse follows from the release of its button; here is the one of the keyboard.
+bool Peer::OnContextMenu(QEvent& event) {
+    if (view::KindOf(m_window) == view::Kind::Edit)
+        return false; // it has a menu of its own
+    if (static_cast<QContextMenuEvent&>(event).reason() == QContextMenuEvent::Keyboard)
+        PostMessageA(m_window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_window), MAKELPARAM(-1, -1));
+    return true;
+}
+
+} // namespace korvel::qt

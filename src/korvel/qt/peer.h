@@ -1,0 +1,84 @@
+#pragma once
+
+#include "korvel/window/display/display.h"
+
+#include <QObject>
+#include <QWidget>
+
+class QKeyEvent;
+
+namespace korvel::qt {
+
+struct Desktop;
+
+constexpr Aspects everyAspect = Aspect::Rectangle | Aspect::Visible | (Aspect::Enabled | Aspect::Text) |
+                                (Aspect::State | Aspect::Scroll) | static_cast<Aspects>(Aspect::Style);
+
+/// The widget that shows one window, and the one event filter on it. It keeps nothing of the window: it
+/// reads what it shows, and reports what the user does.
+///
+/// A peer outlives its window for as long as one of its own events, or a signal of its widget, is on the
+/// way: then, and never inside, the widget is deleted, and the peer, its child, with it.
+class Peer : public QObject {
+public:
+    /// `content` is what shows the client area and carries the children; it may be `outer` itself.
+    Peer(Desktop& desktop, HWND window, QWidget& outer, QWidget& content);
+    ~Peer() override;
+
+    HWND Window() const { return m_window; }
+    QWidget& Outer() const { return m_outer; }
+    QWidget& Content() const { return m_content; }
+
+    /// Reads again what changed of the window.
+    virtual void Apply(Aspects aspects);
+    virtual void Invalidate(const CRect& rect);
+    /// Qt has given the focus to this widget, which `former` had.
+    virtual void TakeFocus(QWidget* former);
+    /// Shows a top-level window modally.
+    virtual void ShowModal() {}
+    /// False for a native control, which acts itself on the input that the window leaves to it.
+    virtual bool IsPainted() const { return false; }
+    /// The window is gone.
+    void Detach();
+    /// Puts the widget inside the peer of the window's parent, where it is not yet.
+    void FollowParent();
+
+protected:
+    /// A scope in which a handler of the host may run, and with it the end of this window.
+    class Busy {
+    public:
+        explicit Busy(Peer& peer) : m_peer(peer) { ++m_peer.m_busy; }
+        ~Busy() { m_peer.Leave(); }
+        Busy(const Busy&) = delete;
+        Busy& operator=(const Busy&) = delete;
+
+    private:
+        Peer& m_peer;
+    };
+
+    /// Filters also a part of the widget that gets events of its own.
+    void Watch(QWidget& part);
+    bool eventFilter(QObject* object, QEvent* event) final;
+    /// True: the widget does not see the event.
+    virtual bool OnEvent(QWidget& widget, QEvent& event);
+    /// The window is gone: the widget is seen no more. Nothing of it may die yet.
+    virtual void Disappear();
+    /// Nothing of this peer is on the way any more.
+    virtual void End();
+    Desktop& Shared() const { return m_desktop; }
+    bool IsBusy() const { return m_busy > 0; }
+
+private:
+    bool OnKey(QKeyEvent& event);
+    bool OnContextMenu(QEvent& event);
+    void LeaveFocusToParent();
+    void Leave();
+
+    Desktop& m_desktop;
+    HWND m_window;
+    QWidget& m_outer;
+    QWidget& m_content;
+    int m_busy = 0;
+};
+
+} // namespace korvel::qt

@@ -1,0 +1,242 @@
+#include "korvel/qt/qt_display.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/qt/display_parts.h"
+#include "korvel/qt/embed_frame.h"
+#include "korvel/qt/event_wait.h"
+#include "korvel/qt/look.h"
+#include "korvel/qt/make_peer.h"
+#include "korvel/qt/picture_file.h"
+#include "korvel/qt/questions.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMimeData>
+#include <algorithm>
+
+namespace korvel::qt {
+
+namespace {
+
+// Codes of the mouse buttons among the keys.
+constexpr UINT leftButton = 0x01;
+constexpr UINT rightButton = 0x02;
+constexpr UINT middleButton = 0x04;
+
+// Timers of Qt count in 32 bits. An alarm that comes too early finds no timer due, and the next is set.
+constexpr std::chrono::milliseconds longestWait = std::chrono::hours(24);
+
+bool IsDown(UINT key) {
+    const Qt::KeyboardModifiers modifiers = QGuiApplication::keyboardModifiers();
+    const Qt::MouseButtons buttons = QGuiApplication::mouseButtons();
+    switch (key) {
+    case VK_SHIFT:
+        return modifiers.testFlag(Qt::ShiftModifier);
+    case VK_CONTROL:
+        return modifiers.testFlag(Qt::ControlModifier);
+    case VK_MENU:
+        return modifiers.testFlag(Qt::AltModifier);
+    case leftButton:
+        return buttons.testFlag(Qt::LeftButton);
+    case rightButton:
+        return buttons.testFlag(Qt::RightButton);
+    case middleButton:
+        return buttons.testFlag(Qt::MiddleButton);
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+QtDisplay::Parts::Parts() {
+    alarm.setSingleShot(true);
+    alarm.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&alarm, &QTimer::timeout, [] { input::FireTimers(); });
+    clock.start();
+}
+
+void QtDisplay::Parts::WakeUp() {
+    if (awake.exchange(true))
+        return;
+    QMetaObject::invokeMethod(
+        &receiver,
+        [this] {
+            awake = false;
+            input::DispatchMessages();
+        },
+        Qt::QueuedConnection);
+}
+
+QWidget* QtDisplay::Parts::TopOf(HWND window) const {
+    const Peer* peer = desktop.peers.Find(window);
+    QWidget* top = peer ? peer->Content().window() : QApplication::activeWindow();
+    while (top && top->windowType() == Qt::ToolTip && top->parentWidget())
+        top = top->parentWidget()->window();
+    return top;
+}
+
+QtDisplay::QtDisplay() : m_parts(std::make_unique<Parts>()) {}
+
+QtDisplay::~QtDisplay() {
+    // The windows live on with their focus, whatever Qt does to that of their widgets.
+    const FocusTracker::Question silence(m_parts->desktop.focus, nullptr);
+    if (&Display() == this)
+        SetDisplay(nullptr);
+    for (Peer* peer : m_parts->desktop.peers.All())
+        peer->Detach();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+QWidget* QtDisplay::WidgetOf(HWND window) const {
+    const Peer* peer = m_parts->desktop.peers.Find(window);
+    return peer ? &peer->Content() : nullptr;
+}
+
+// --- windows ---
+
+void QtDisplay::Created(HWND window) {
+    if (m_parts->desktop.peers.Find(window))
+        return;
+    if (m_parts->siteToShow)
+        new SitePeer(m_parts->desktop, window, *m_parts->siteToShow);
+    else
+        MakePeer(m_parts->desktop, window);
+}
+
+void QtDisplay::Destroyed(HWND window) {
+    if (Peer* peer = m_parts->desktop.peers.Find(window))
+        peer->Detach();
+}
+
+void QtDisplay::Changed(HWND window, Aspects aspects) {
+    if (Peer* peer = m_parts->desktop.peers.Find(window))
+        peer->Apply(aspects);
+}
+
+void QtDisplay::Invalidate(HWND window, const CRect& rect) {
+    if (Peer* peer = m_parts->desktop.peers.Find(window))
+        peer->Invalidate(rect);
+}
+
+void QtDisplay::Focus(HWND window) {
+    m_parts->desktop.focus.Show(window);
+}
+
+// Nothing to do: Qt keeps a pressed mouse with the widget that was pressed, and the window system passes
+// its messages on. A grab would take the mouse from the rest of the desktop.
+void QtDisplay::Capture(HWND) {}
+
+// --- time and waiting ---
+
+void QtDisplay::Wake() {
+    m_parts->WakeUp();
+}
+
+void QtDisplay::Alarm(std::optional<std::chrono::milliseconds> when) {
+    if (when)
+        m_parts->alarm.start(std::clamp(*when - Now(), std::chrono::milliseconds(0), longestWait));
+    else
+        m_parts->alarm.stop();
+}
+
+std::chrono::milliseconds QtDisplay::Now() {
+    return std::chrono::milliseconds(m_parts->clock.elapsed());
+}
+
+void QtDisplay::RunUntil(HWND modal, const std::function<bool()>& done) {
+    if (Peer* peer = m_parts->desktop.peers.Find(modal))
+        peer->ShowModal();
+    WaitUntil(done);
+}
+
+// --- questions ---
+
+int QtDisplay::MessageBox(HWND owner, const CString& text, const CString& caption, UINT type) {
+    if (m_parts->desktop.isPainting) {
+        // What failed while a window was painted; Qt cannot show a box in the midst of that.
+        QTimer::singleShot(0, &m_parts->receiver, [=, this] { MessageBox(owner, text, caption, type); });
+        return IDOK;
+    }
+    QWidget* top = m_parts->TopOf(owner);
+    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    return AskMessage(top, text, caption, type);
+}
+
+unsigned QtDisplay::TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) {
+    QWidget* top = m_parts->TopOf(owner);
+    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    return AskMenu(top, screen, entries);
+}
+
+std::optional<COLORREF> QtDisplay::ChooseColor(HWND owner, COLORREF color) {
+    QWidget* top = m_parts->TopOf(owner);
+    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    return AskColor(top, color);
+}
+
+std::optional<CString> QtDisplay::ChooseFile(HWND owner, const FileQuery& query) {
+    QWidget* top = m_parts->TopOf(owner);
+    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    return AskFile(top, query);
+}
+
+std::optional<CString> QtDisplay::ChooseFolder(HWND owner, const CString& path) {
+    QWidget* top = m_parts->TopOf(owner);
+    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    return AskFolder(top, path);
+}
+
+// --- facts ---
+
+int QtDisplay::TextWidth(const CString& text) {
+    return qt::TextWidth(text);
+}
+
+CPoint QtDisplay::ToScreen(HWND window, CPoint client) {
+    const Peer* peer = m_parts->desktop.peers.Find(window);
+    if (!peer)
+        return client;
+    return FromQPoint(peer->Content().mapToGlobal(QPoint(client.x, client.y)));
+}
+
+int QtDisplay::KeyState(UINT key) {
+    return IsDown(key) ? KeyIsDown : 0;
+}
+
+CPoint QtDisplay::Pointer() {
+    return FromQPoint(m_parts->desktop.mouse.Position());
+}
+
+COLORREF QtDisplay::SysColor(int index) {
+    return SystemColor(index);
+}
+
+int QtDisplay::Metric(int index) {
+    return SystemMetric(index);
+}
+
+void QtDisplay::SetCursor(int cursor) {
+    m_parts->desktop.mouse.SetCursor(cursor);
+}
+
+bool QtDisplay::SetClipboardText(const CString& text) {
+    QGuiApplication::clipboard()->setText(ToQString(text));
+    return true;
+}
+
+std::optional<CString> QtDisplay::ClipboardText() {
+    const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+    if (!data || !data->hasText())
+        return std::nullopt;
+    return FromQString(data->text());
+}
+
+std::optional<Image> QtDisplay::LoadPicture(const CString& path, CSize room) {
+    return ReadPicture(path, room);
+}
+
+} // namespace korvel::qt

@@ -1,0 +1,174 @@
+#include "korvel/qt/questions.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/window/base/messages.h"
+
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
+#include <utility>
+
+namespace korvel::qt {
+
+namespace {
+
+constexpr UINT buttonMask = 0x0F;
+constexpr UINT iconMask = 0xF0;
+
+struct ButtonsRow {
+    UINT type;
+    QMessageBox::StandardButtons buttons;
+    QMessageBox::StandardButton escape; // what closing the box stands for
+};
+
+const ButtonsRow buttonRows[] = {
+    {MB_OK, QMessageBox::Ok, QMessageBox::Ok},
+    {MB_OKCANCEL, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel},
+    {MB_YESNOCANCEL, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel},
+    {MB_YESNO, QMessageBox::Yes | QMessageBox::No, QMessageBox::No},
+};
+
+QMessageBox::Icon IconOf(UINT type) {
+    switch (type & iconMask) {
+    case MB_ICONERROR:
+        return QMessageBox::Critical;
+    case MB_ICONQUESTION:
+        return QMessageBox::Question;
+    case MB_ICONWARNING:
+        return QMessageBox::Warning;
+    case MB_ICONINFORMATION:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+int AnswerOf(int button) {
+    switch (button) {
+    case QMessageBox::Cancel:
+        return IDCANCEL;
+    case QMessageBox::Yes:
+        return IDYES;
+    case QMessageBox::No:
+        return IDNO;
+    default:
+        return IDOK;
+    }
+}
+
+void Fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
+    for (const MenuEntry& entry : entries) {
+        if (entry.text.empty()) {
+            menu.addSeparator();
+            continue;
+        }
+        const QString text = ToQString(entry.text);
+        QAction* action = entry.popup.empty() ? menu.addAction(text) : menu.addMenu(text)->menuAction();
+        if (!entry.popup.empty())
+            Fill(*action->menu(), entry.popup);
+        action->setData(entry.command);
+        action->setCheckable(entry.checked);
+        action->setChecked(entry.checked);
+        action->setEnabled(entry.enabled);
+    }
+}
+
+// "description|patterns|description|patterns|" as Qt has it: "description (patterns)".
+QStringList FiltersOf(const CString& filter) {
+    const QStringList parts = ToQString(filter).split(QLatin1Char('|'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        QString patterns = parts[i + 1];
+        patterns.replace(QLatin1Char(';'), QLatin1Char(' '))
+            .replace(QLatin1String("*.*"), QLatin1String("*"));
+        QString description = parts[i];
+        const qsizetype bracket = description.lastIndexOf(QLatin1Char('('));
+        if (bracket >= 0)
+            description = description.left(bracket).trimmed();
+        filters += QStringLiteral("%1 (%2)").arg(description, patterns);
+    }
+    return filters;
+}
+
+// A box belongs to its owner, which may die while the box is shown; the box is gone then.
+template <class Box>
+class Shown {
+public:
+    template <class... Arguments>
+    explicit Shown(Arguments&&... arguments) : m_box(new Box(std::forward<Arguments>(arguments)...)) {}
+    ~Shown() { delete m_box; }
+    Shown(const Shown&) = delete;
+    Shown& operator=(const Shown&) = delete;
+
+    Box* operator->() const { return m_box; }
+    Box& operator*() const { return *m_box; }
+    bool IsAlive() const { return m_box; }
+
+private:
+    QPointer<Box> m_box;
+};
+
+std::optional<CString> AskPath(const Shown<QFileDialog>& dialog) {
+    if (dialog->exec() != QDialog::Accepted || !dialog.IsAlive() || dialog->selectedFiles().isEmpty())
+        return std::nullopt;
+    return FromQString(dialog->selectedFiles().first());
+}
+
+} // namespace
+
+int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT type) {
+    const ButtonsRow* row = &buttonRows[0];
+    for (const ButtonsRow& candidate : buttonRows) {
+        if (candidate.type == (type & buttonMask))
+            row = &candidate;
+    }
+    const Shown<QMessageBox> box(IconOf(type), ToQString(caption), ToQString(text), row->buttons, owner);
+    box->setTextFormat(Qt::PlainText);
+    box->setEscapeButton(row->escape);
+    const int button = box->exec();
+    return AnswerOf(box.IsAlive() ? button : row->escape);
+}
+
+unsigned AskMenu(QWidget* owner, CPoint screen, const std::vector<MenuEntry>& entries) {
+    const Shown<QMenu> menu(owner);
+    Fill(*menu, entries);
+    const QAction* chosen = menu->exec(QPoint(screen.x, screen.y));
+    return chosen && menu.IsAlive() ? chosen->data().toUInt() : 0;
+}
+
+std::optional<COLORREF> AskColor(QWidget* owner, COLORREF color) {
+    const Shown<QColorDialog> dialog(ToQColor(color), owner);
+    if (dialog->exec() != QDialog::Accepted || !dialog.IsAlive())
+        return std::nullopt;
+    return FromQColor(dialog->selectedColor());
+}
+
+std::optional<CString> AskFile(QWidget* owner, const FileQuery& query) {
+    const Shown<QFileDialog> dialog(owner);
+    dialog->setAcceptMode(query.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog->setFileMode(query.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, !query.promptOnOverwrite);
+    dialog->setDefaultSuffix(ToQString(query.defaultExtension));
+    dialog->setNameFilters(FiltersOf(query.filter));
+    const QFileInfo begin(ToQString(query.path));
+    if (!query.path.empty() && begin.dir().exists()) {
+        dialog->setDirectory(begin.dir());
+        dialog->selectFile(begin.fileName());
+    }
+    return AskPath(dialog);
+}
+
+std::optional<CString> AskFolder(QWidget* owner, const CString& path) {
+    const Shown<QFileDialog> dialog(owner);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    if (!path.empty())
+        dialog->setDirectory(ToQString(path));
+    return AskPath(dialog);
+}
+
+} // namespace korvel::qt

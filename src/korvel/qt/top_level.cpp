@@ -1,0 +1,113 @@
+#include "korvel/qt/top_level.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/qt/desktop.h"
+#include "korvel/qt/peer.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QApplication>
+
+namespace korvel::qt {
+
+namespace {
+
+bool IsToolPopup(HWND window) {
+    return (view::Style(window) & WS_POPUP) &&
+           (view::ExStyle(window) & (WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE));
+}
+
+bool IsFixedSize(HWND window) {
+    return !IsToolPopup(window) && !(view::Style(window) & WS_THICKFRAME);
+}
+
+} // namespace
+
+Qt::WindowFlags TopLevel::FlagsOf(HWND window) {
+    if (IsToolPopup(window))
+        return Qt::ToolTip | Qt::WindowDoesNotAcceptFocus | Qt::BypassWindowManagerHint;
+    const UINT style = view::Style(window);
+    Qt::WindowFlags flags = GetOwner(window) ? Qt::Dialog : Qt::Window;
+    if ((style & WS_POPUP) && (style & WS_CAPTION) != WS_CAPTION)
+        flags |= Qt::FramelessWindowHint;
+    if (view::ExStyle(window) & WS_EX_TOPMOST)
+        flags |= Qt::WindowStaysOnTopHint;
+    return flags;
+}
+
+TopLevel::TopLevel(Desktop& desktop, Peer& peer) : m_desktop(desktop), m_peer(peer) {
+    m_peer.Outer().setAttribute(Qt::WA_QuitOnClose, !GetOwner(peer.Window()));
+    m_peer.Outer().setAttribute(Qt::WA_ShowWithoutActivating, IsToolPopup(peer.Window()));
+}
+
+void TopLevel::Apply(Aspects aspects) {
+    const HWND window = m_peer.Window();
+    QWidget& widget = m_peer.Outer();
+    if ((aspects & (Aspect::Rectangle | Aspect::Style)) && IsFixedSize(window))
+        widget.setFixedSize(ToQRect(view::Rectangle(window)).size());
+    if (aspects & static_cast<Aspects>(Aspect::Text))
+        widget.setWindowTitle(TextOf(window));
+    if (!(aspects & static_cast<Aspects>(Aspect::Visible)))
+        return;
+    if (!view::IsShown(window))
+        PassActivationOn();
+    else if (!widget.isVisible() && !IsToolPopup(window))
+        PrepareToAppear();
+}
+
+// A window whose owner is disabled already is a modal one. Qt has to know before it shows the window.
+void TopLevel::PrepareToAppear() {
+    const HWND owner = GetOwner(m_peer.Window());
+    const bool modal = owner && !view::IsSwitchedOn(owner);
+    m_peer.Outer().setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
+    if (QApplication::activeWindow())
+        m_desktop.focus.ExpectActivation(m_peer.Outer());
+}
+
+void TopLevel::PassActivationOn() {
+    const QWidget* owner = m_peer.Outer().parentWidget();
+    if (owner && m_peer.Outer().isActiveWindow())
+        m_desktop.focus.Activate(*owner->window());
+}
+
+bool TopLevel::OnEvent(QEvent& event) {
+    switch (event.type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+        ReportPlace();
+        return false;
+    case QEvent::WindowActivate:
+        m_desktop.focus.Activated();
+        input::Activated(m_peer.Window(), true);
+        return false;
+    case QEvent::WindowDeactivate:
+        input::Activated(m_peer.Window(), false);
+        return false;
+    case QEvent::Close:
+        input::Close(m_peer.Window());
+        event.setAccepted(!m_peer.Window()); // Qt counts the windows that were closed, to end with the last
+        return true;
+    default:
+        return false;
+    }
+}
+
+// What memory asked for comes back as well, and is no news.
+void TopLevel::ReportPlace() {
+    const CRect place = FromQRect(m_peer.Outer().geometry());
+    if (m_peer.Outer().isVisible() && place != view::Rectangle(m_peer.Window()))
+        input::Placed(m_peer.Window(), place);
+}
+
+void TopLevel::ShowModal() {
+    QWidget& widget = m_peer.Outer();
+    if (widget.isVisible() && widget.isModal())
+        return;
+    widget.hide(); // modality holds from the next showing
+    widget.setWindowModality(widget.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
+    m_desktop.focus.ExpectActivation(widget);
+    widget.show();
+}
+
+} // namespace korvel::qt

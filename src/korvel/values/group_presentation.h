@@ -1,0 +1,25 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+
+#include <string>
+
+namespace korvel {
+
+/// Optional: what a nested object shows in the value cells of its group row. Found by `dynamic_cast` on what
+/// `IMemberDispatch::m_pEnumValue` points at, so it is derived from beside `IEnumValue`.
+class KORVEL_API IGroupPresentation {
+public:
+    virtual ~IGroupPresentation() = default;
+
+    /// The text for the cell under a column title.
+    virtual std::string GetPresentationText(const char* column) = 0;
+
+    /// 1: the row shows texts. Anything else leaves the cells alone.
+    virtual unsigned char GetPresentationKind() = 0;
+
+    /// The user has clicked the text.
+    virtual void OnPresentationClick() = 0;
+};
+
+} // namespace korvel

@@ -1,0 +1,72 @@
+#include "korvel/platform/error.h"
+#include "korvel/platform/regional_settings.h"
+#include "korvel/platform/settings_store.h"
+#include "korvel/values/registry.h"
+#include "korvel/values/text_table.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace korvel {
+
+namespace {
+
+constexpr const char* Languages[] = {"English", "German", "Hungarian"}; // in the order of the columns
+constexpr int GermanColumn = 1;
+
+/// What a program said about this run, and whether it can still say something.
+struct SRunChoice {
+    std::optional<std::string> name;
+    bool isTooLate = false;
+};
+
+SRunChoice& RunChoice() {
+    static SRunChoice choice;
+    return choice;
+}
+
+int ColumnOf(const std::string& name) {
+    const auto found = std::find(std::begin(Languages), std::end(Languages), name);
+    return found == std::end(Languages) ? GermanColumn : static_cast<int>(found - std::begin(Languages));
+}
+
+SLanguage Choose() {
+    const SLanguage language{ColumnOf(GetLanguageName())};
+    RunChoice().isTooLate = true;
+    return language;
+}
+
+} // namespace
+
+const SLanguage& GetLanguage() {
+    static const SLanguage language = Choose();
+    return language;
+}
+
+std::string GetLanguageName() {
+    if (RunChoice().name)
+        return *RunChoice().name;
+    platform::SettingValue value;
+    if (platform::ReadSetting(platform::SettingsRoot::User, RegistryPath, "Language", value) ==
+        platform::SettingsStatus::Done)
+        return value.bytes.substr(0, value.bytes.find('\0'));
+    return ReadRegistry(ERegistryRoot::LocalMachine, RegistryPath, "", "InstallLanguage");
+}
+
+bool SetLanguageForThisRun(const std::string& name) {
+    if (RunChoice().isTooLate)
+        return false;
+    RunChoice().name = name;
+    return true;
+}
+
+void UseLocaleLanguageIfUnset() {
+    try {
+        GetLanguageName();
+    } catch (const Error&) {
+        SetLanguageForThisRun(platform::UserLanguage() == "de" ? "German" : "English");
+    }
+}
+
+} // namespace korvel

@@ -1,0 +1,152 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+#include "korvel/values/variant_value.h"
+
+#include <cstdint>
+#include <list>
+#include <string>
+
+namespace korvel {
+
+/// Base of everything that a value may own.
+class KORVEL_API IDestroyValue {
+public:
+    virtual ~IDestroyValue() = default;
+
+    /// True: who clears the value deletes this object. False: someone else owns it, and it outlives the
+    /// value.
+    virtual bool IsAutoDestroy() const = 0;
+};
+
+/// One entry of a list of context-menu commands. With an empty `text` it is a separator and takes no command
+/// number.
+struct SCommand {
+    std::string text;
+    std::uint32_t id = 0;
+};
+
+/// What the context menu offers for a member; see `IMemberDispatch::GetMemberFlags`.
+enum EMemberFlags : std::uint32_t {
+    MF_Delete = 2,
+    MF_Rename = 4,
+    MF_ChangeType = 8,
+    MF_WriteProtect = 64,
+    MF_Commands = 128,
+    MF_Change = 256, ///< "Change"; counts while `MF_Rename` is clear
+    MF_File = 512,   ///< "Open" and "Open folder"
+};
+
+/// What the context menu offers for an object; see `IMemberDispatch::GetEditFlags`.
+enum EEditFlags : std::uint32_t {
+    EF_Add = 1,
+    EF_Rename = 32,
+    EF_Commands = 128,
+};
+
+/// Bits of `IMemberDispatch::GetOptions`.
+enum EDispatchOptions : std::uint32_t {
+    DO_KeepOrder = 1, ///< members are shown in the object's own order; else sorted by name
+};
+
+/// Receiver of the per-member flags and commands of an object; optional, set as its `m_pCommandSink`.
+class KORVEL_API IMemberCommandSink {
+public:
+    virtual ~IMemberCommandSink() = default;
+    virtual std::uint32_t GetMemberFlags(const std::string& name) = 0;
+    virtual bool OnMemberCommand(const std::string& name, std::uint32_t id) = 0;
+    virtual void GetMemberCommands(const std::string& name, std::list<SCommand>& commands) = 0;
+    virtual void GetMemberExtraCommands(const std::string& name, std::list<SCommand>& commands) = 0;
+};
+
+/// An object of the host as the library sees it: named, typed members that are read, written and, where the
+/// flags allow, added, removed, renamed and retyped. `TMemberDispatchImp` is a ready implementation that
+/// keeps its values itself.
+///
+///     TMemberDispatchImp<Axis> axis("Axis 3");
+///     axis.AddMember("length", true, length);
+///     grid.Initialize(&axis, "Name", "Value", 0);
+///
+/// Names are compared exactly, byte by byte. An operation answers false when there is no such member; it then
+/// changes nothing and leaves its output as it was. All operations are called on the thread of the grid's
+/// window. The order of the operations is fixed: hosts that were built apart agree on it.
+class KORVEL_API IMemberDispatch : public IDestroyValue {
+public:
+    bool IsAutoDestroy() const override { return m_bAutoDestroy; }
+
+    /// The object's own name: title of columns, part of saved keys and of copied text.
+    virtual const std::string& GetIdent() const = 0;
+
+    /// Clears `names`, then appends every member name in member order.
+    virtual void GetMemberNames(std::list<std::string>& names) = 0;
+
+    virtual bool GetMemberType(const std::string& name, EDataTyps& type) = 0;
+
+    /// False, also for an absent member, is shown to the user as write protected.
+    virtual bool IsMemberEditable(const std::string& name) = 0;
+    virtual bool SetMemberEditable(const std::string& name, const bool& editable) = 0;
+
+    /// Copies the current value out.
+    virtual bool GetMember(const std::string& name, CVariantValue& value) = 0;
+
+    /// False also for a value of an incompatible type.
+    virtual bool SetMember(const std::string& name, const CVariantValue& value) = 0;
+
+    virtual std::uint32_t GetOptions() const { return m_Options; }
+    virtual void SetOptions(std::uint32_t options) { m_Options = options; }
+
+    /// Which operations the context menu offers for the member: `EMemberFlags`.
+    virtual std::uint32_t GetMemberFlags(const std::string& name);
+
+    /// Which operations the context menu offers for the object: `EEditFlags`.
+    virtual std::uint32_t GetEditFlags() const { return m_EditFlags; }
+    virtual void SetEditFlags(std::uint32_t flags) { m_EditFlags = flags; }
+
+    virtual bool AddMember(const std::string& name, bool editable, const CVariantValue& value) = 0;
+    virtual bool RemoveMember(const std::string& name) = 0;
+    virtual bool RenameMember(const std::string& name, const std::string& newName) = 0;
+
+    /// Converts the stored value to `type`; what the conversion throws passes through, and the value stays.
+    virtual bool ChangeMemberType(const std::string& name, const EDataTyps& type) = 0;
+
+    virtual void SetIdent(const std::string& ident) = 0;
+
+    /// The text to show for a member's name.
+    virtual std::string GetMemberLabel(const std::string& name) const { return name; }
+
+    /// Asked before the dialog for a new attribute opens: true when the object adds by itself, and no dialog
+    /// opens.
+    virtual bool OnAddMember() { return false; }
+
+    /// Asked before a rename: true when the object did it, and `RenameMember` is not called.
+    virtual bool OnRenameMember(const char* name, const char* newName);
+
+    /// Asked before a removal: true when the object did it, and `RemoveMember` is not called.
+    virtual bool OnRemoveMember(const char* name);
+
+    /// Runs a command of `GetCommands` or `GetExtraCommands`.
+    virtual bool OnCommand(std::uint32_t id);
+
+    /// Runs a command of the member's lists; with `id` 0, a click on a member that is a push button.
+    virtual bool OnMemberCommand(const std::string& name, std::uint32_t id);
+
+    /// Append the object's commands to `commands`, the further ones in the second list.
+    virtual void GetCommands(std::list<SCommand>& commands);
+    virtual void GetMemberCommands(const std::string& name, std::list<SCommand>& commands);
+    virtual void GetExtraCommands(std::list<SCommand>& commands);
+
+    /// Further commands of the member, shown in a popup menu of their own.
+    virtual void GetMemberExtraCommands(const std::string& name, std::list<SCommand>& commands);
+
+    std::uint32_t m_EditFlags = 0;
+    std::uint32_t m_Options = 0;
+
+    /// The enumeration that this object is a value of, or null. Not owned. It may be an `IGroupPresentation`
+    /// as well; the grid then shows its text in the group's row.
+    IEnumValue* m_pEnumValue = nullptr;
+
+    IMemberCommandSink* m_pCommandSink = nullptr; ///< not owned; without it no member allows or runs anything
+    bool m_bAutoDestroy = false;
+};
+
+} // namespace korvel

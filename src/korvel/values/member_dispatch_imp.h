@@ -1,0 +1,171 @@
+#pragma once
+
+#include "korvel/values/enum_value.h"
+#include "korvel/values/file_value.h"
+#include "korvel/values/member_dispatch.h"
+
+#include <cstdint>
+#include <list>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+namespace korvel {
+
+/// An object that keeps its members itself, in the order of their insertion. `T` names the owning class.
+///
+///     TMemberDispatchImp<Axis> axis("Axis 3");
+///     axis.AddMember("length", true, length);
+///     axis.SetMember("length", text);   // false: a text shares no type bit with a length
+///
+/// A name may stand twice; every look-up then finds the first. Removing a member never deletes what it holds;
+/// destroying the object deletes every value that destroys automatically.
+template <typename T>
+class TMemberDispatchImp : public IMemberDispatch {
+public:
+    explicit TMemberDispatchImp(std::string ident = {}) : m_Ident(std::move(ident)) {}
+    ~TMemberDispatchImp() override {
+        for (SMember& member : m_Members)
+            DestroyValue(member.value);
+    }
+
+    TMemberDispatchImp(const TMemberDispatchImp&) = delete;
+    TMemberDispatchImp& operator=(const TMemberDispatchImp&) = delete;
+
+    const std::string& GetIdent() const override { return m_Ident; }
+    void SetIdent(const std::string& ident) override { m_Ident = ident; }
+
+    void GetMemberNames(std::list<std::string>& names) override {
+        names.clear();
+        for (const SMember& member : m_Members)
+            names.push_back(member.name);
+    }
+
+    bool GetMemberType(const std::string& name, EDataTyps& type) override {
+        const SMember* member = Find(name);
+        if (!member)
+            return false;
+        type = member->value.Type;
+        return true;
+    }
+
+    bool IsMemberEditable(const std::string& name) override {
+        const SMember* member = Find(name);
+        return member && member->editable;
+    }
+
+    bool SetMemberEditable(const std::string& name, const bool& editable) override {
+        SMember* member = Find(name);
+        if (!member)
+            return false;
+        member->editable = editable;
+        return true;
+    }
+
+    bool GetMember(const std::string& name, CVariantValue& value) override {
+        const SMember* member = Find(name);
+        if (!member)
+            return false;
+        value = member->value;
+        return true;
+    }
+
+    /// One common type bit is enough: a type may change to another that shares a bit with it. A common bit in
+    /// the sign position alone does not count.
+    bool SetMember(const std::string& name, const CVariantValue& value) override {
+        SMember* member = Find(name);
+        if (!member || static_cast<std::int32_t>(member->value.Type & value.Type) < 1)
+            return false;
+        member->value = value;
+        return true;
+    }
+
+    /// Never refuses, also not a name that stands already.
+    bool AddMember(const std::string& name, bool editable, const CVariantValue& value) override {
+        std::list<SMember> added;
+        added.push_back({name, editable, value});
+        m_Index.emplace(added.front().name, added.begin());
+        m_Members.splice(m_Members.end(), added);
+        return true;
+    }
+
+    bool RemoveMember(const std::string& name) override {
+        const auto entry = FindEntry(name);
+        if (entry == m_Index.end())
+            return false;
+        const auto member = entry->second;
+        m_Index.erase(entry);
+        m_Members.erase(member);
+        return true;
+    }
+
+    /// False also when a member called `newName` exists, be it the same one, and for a nested object that
+    /// does not let its name be changed. A nested object takes the new name as its own.
+    bool RenameMember(const std::string& name, const std::string& newName) override {
+        const auto entry = FindEntry(name);
+        if (entry == m_Index.end() || Find(newName))
+            return false;
+        SMember& member = *entry->second;
+        std::string stored = newName; // nothing may throw once the index lets go of the member
+        if (member.value.Type == DT_Group) {
+            IMemberDispatch* object = member.value.Value.Dispatch;
+            if (!object || !(object->GetEditFlags() & EF_Rename))
+                return false;
+            object->SetIdent(newName);
+        }
+        auto node = m_Index.extract(entry);
+        member.name.swap(stored);
+        node.key() = member.name;
+        m_Index.insert(std::move(node));
+        return true;
+    }
+
+    bool ChangeMemberType(const std::string& name, const EDataTyps& type) override {
+        SMember* member = Find(name);
+        if (!member)
+            return false;
+        member->value = member->value.ChangeToType(type);
+        return true;
+    }
+
+private:
+    struct SMember {
+        std::string name;
+        bool editable;
+        CVariantValue value;
+    };
+
+    // By views of the members' own names. Members of one name stand in the order of the list: a second one
+    // only comes by being added at its end.
+    using Index = std::multimap<std::string_view, typename std::list<SMember>::iterator>;
+
+    typename Index::iterator FindEntry(const std::string& name) {
+        const auto entry = m_Index.lower_bound(name);
+        return entry != m_Index.end() && entry->first == name ? entry : m_Index.end();
+    }
+
+    SMember* Find(const std::string& name) {
+        const auto entry = FindEntry(name);
+        return entry == m_Index.end() ? nullptr : &*entry->second;
+    }
+
+    static void DestroyValue(CVariantValue& value) {
+        if (value.Type == DT_Group) {
+            if (value.Value.Dispatch && value.Value.Dispatch->IsAutoDestroy())
+                delete std::exchange(value.Value.Dispatch, nullptr);
+        } else if (value.Type == DT_FileName) {
+            if (value.EnumContext && value.EnumContext->IsAutoDestroy())
+                delete std::exchange(value.EnumContext, nullptr);
+        } else if (value.Type & TypeBitList) {
+            if (value.EnumValue && value.EnumValue->IsAutoDestroy())
+                std::exchange(value.EnumValue, nullptr)->Destroy();
+        }
+    }
+
+    std::list<SMember> m_Members;
+    std::string m_Ident;
+    Index m_Index; // without it, reading an object member by member would cost the square of their number
+};
+
+} // namespace korvel

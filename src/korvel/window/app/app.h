@@ -1,0 +1,60 @@
+#pragma once
+
+#include "korvel/window/base/types.h"
+
+#include <string>
+
+namespace korvel {
+
+/// The application object of a module; a host names itself by its own.
+class KORVEL_API CWinApp {
+public:
+    virtual ~CWinApp() = default;
+    /// True when the module may run.
+    virtual BOOL InitInstance() { return 1; }
+    /// The name that the host shows, for instance in captions.
+    std::string m_strAppName;
+};
+
+/// The base that the library's own application object has in common with its sister modules.
+class KORVEL_API CWinAppNoReleaseD2DRefs : public CWinApp {};
+
+/// The library's application object: its initialisation reads the language name.
+class KORVEL_API CKorvelCommonDialogsApp : public CWinAppNoReleaseD2DRefs {
+public:
+    /// Answers 1. The language name stays empty when the settings hold none; the failure then reaches
+    /// the first caller who asks for a text.
+    BOOL InitInstance() override;
+    const std::string& GetLanguageName() const { return m_languageName; }
+
+private:
+    std::string m_languageName;
+};
+
+/// The library's own application object, initialised at first use.
+KORVEL_API CKorvelCommonDialogsApp& GetModuleApp();
+
+/// What a module works with: its application object and the handle of its resources (null: built in).
+struct ModuleState {
+    CWinApp* app = nullptr;
+    const void* resources = nullptr;
+};
+
+KORVEL_API ModuleState GetModuleState();
+/// The host's own state, in force outside the library's entry points.
+KORVEL_API void SetHostApp(CWinApp* app);
+
+/// Switches to the library's module state for its lifetime; stands at the top of each exported entry
+/// point that touches resources.
+class KORVEL_API ModuleStateGuard {
+public:
+    ModuleStateGuard();
+    ~ModuleStateGuard();
+    ModuleStateGuard(const ModuleStateGuard&) = delete;
+    ModuleStateGuard& operator=(const ModuleStateGuard&) = delete;
+
+private:
+    ModuleState m_former;
+};
+
+} // namespace korvel

@@ -1,0 +1,182 @@
+#include "korvel/window/controls/button_state.h"
+#include "korvel/window/controls/control_procedures.h"
+#include "korvel/window/base/dc.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace korvel::internal {
+
+namespace {
+
+void SetCheck(ButtonState& button, int check) {
+    if (button.check == check)
+        return;
+    button.check = check;
+    TellDisplay(button.record, Aspect::State);
+    Repaint(button.record);
+}
+
+/// The radio buttons of one group: from a WS_GROUP window to before the next one.
+void UncheckOthersInGroup(const ButtonState& button) {
+    const RecordRef parent = Find(button.record.parent);
+    if (!parent)
+        return;
+    const auto& siblings = parent->children;
+    const auto beginsGroup = [](HWND window) { return (view::Style(window) & WS_GROUP) != 0; };
+    const auto self = std::find(siblings.begin(), siblings.end(), button.record.handle);
+    if (self == siblings.end())
+        return;
+    auto first = self;
+    while (first != siblings.begin() && !beginsGroup(*first))
+        --first;
+    const auto last = std::find_if(self + 1, siblings.end(), beginsGroup);
+    for (auto sibling = first; sibling != last; ++sibling) {
+        const ControlOf<ButtonState> other(*sibling);
+        if (other && other.get() != &button && other->Type() == BS_AUTORADIOBUTTON)
+            SetCheck(*other, 0);
+    }
+}
+
+void Check(ButtonState& button, int check) {
+    SetCheck(button, check);
+    if (check != 0 && button.Type() == BS_AUTORADIOBUTTON)
+        UncheckOthersInGroup(button);
+}
+
+void Click(ButtonState& button) {
+    if (button.Type() == BS_AUTOCHECKBOX)
+        Check(button, button.check == 0);
+    else if (button.Type() == BS_AUTORADIOBUTTON)
+        Check(button, 1);
+    NotifyParentCommand(button.record.handle, BN_CLICKED);
+}
+
+void ShowPressed(ButtonState& button, bool pressed) {
+    if (button.isPressed == pressed)
+        return;
+    button.isPressed = pressed;
+    Repaint(button.record);
+}
+
+bool IsInside(const ButtonState& button, LPARAM point) {
+    return GetClientRect(button.record.handle).PtInRect(PointOf(point));
+}
+
+void Release(ButtonState& button, LPARAM point) {
+    const HWND window = button.record.handle;
+    if (GetCapture() != window)
+        return;
+    ShowPressed(button, false);
+    ReleaseCapture();
+    if (IsInside(button, point))
+        Click(button);
+}
+
+void DrawOwn(const ButtonState& button, CDC& dc) {
+    const HWND window = button.record.handle;
+    DRAWITEMSTRUCT item;
+    item.CtlType = ODT_BUTTON;
+    item.CtlID = static_cast<UINT>(button.record.id);
+    item.itemState = (button.isPressed ? ODS_SELECTED : 0u) | (GetFocus() == window ? ODS_FOCUS : 0u) |
+                     (IsWindowEnabled(window) ? 0u : ODS_DISABLED);
+    item.hwndItem = window;
+    item.hDC = &dc;
+    item.rcItem = GetClientRect(window);
+    SendMessageA(GetParent(window), WM_DRAWITEM, item.CtlID, reinterpret_cast<LPARAM>(&item));
+}
+
+void HandleMouse(ButtonState& button, UINT message, LPARAM lParam) {
+    const HWND window = button.record.handle;
+    if (message == WM_LBUTTONUP) {
+        Release(button, lParam);
+    } else if (message == WM_MOUSEMOVE) {
+        if (GetCapture() == window)
+            ShowPressed(button, IsInside(button, lParam));
+    } else {
+        SetCapture(window);
+        ShowPressed(button, true);
+    }
+}
+
+void HandleSpace(ButtonState& button, UINT message) {
+    const bool wasPressed = button.isPressed;
+    ShowPressed(button, message == WM_KEYDOWN);
+    if (message == WM_KEYUP && wasPressed)
+        Click(button);
+}
+
+/// What the button does when no native widget acts for it; false: nothing.
+bool HandleInput(ButtonState& button, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != WM_KEYDOWN && message != WM_KEYUP)
+        HandleMouse(button, message, lParam);
+    else if (wParam == VK_SPACE)
+        HandleSpace(button, message);
+    else
+        return false;
+    return true;
+}
+
+std::optional<LRESULT> HandleMessage(ButtonState& button, UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = button.record.handle;
+    const bool isGroupBox = button.Type() == BS_GROUPBOX;
+    switch (message) {
+    case BM_GETCHECK:
+        return button.check;
+    case BM_SETCHECK:
+        return Check(button, static_cast<int>(wParam)), 0;
+    case BM_CLICK:
+        return Click(button), 0;
+    case WM_GETDLGCODE:
+        return isGroupBox ? DLGC_STATIC : DLGC_BUTTON;
+    case WM_PAINT:
+        if (button.Type() == BS_OWNERDRAW)
+            DrawOwn(button, *reinterpret_cast<CDC*>(wParam));
+        return 0;
+    case WM_KILLFOCUS: // Space may be released somewhere else
+        button.isPressed = false;
+        [[fallthrough]];
+    case WM_SETFOCUS:
+    case WM_ENABLE:
+        Repaint(button.record);
+        return 0;
+    case WM_CAPTURECHANGED:
+        return ShowPressed(button, false), 0;
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+        if (isGroupBox)
+            return std::nullopt;
+        SetFocus(window);
+        [[fallthrough]];
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+    case WM_KEYDOWN:
+    case WM_KEYUP:
+        if (isGroupBox)
+            return std::nullopt;
+        if (button.Type() != BS_OWNERDRAW && LeaveToNativeWidget(window, message))
+            return 0;
+        return HandleInput(button, message, wParam, lParam) ? std::optional<LRESULT>(0) : std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+// A check box that does not check itself keeps its state, whatever its widget has shown.
+void ButtonState::Value(double value) {
+    if (Type() == BS_AUTOCHECKBOX || Type() == BS_AUTORADIOBUTTON)
+        internal::Check(*this, value != 0);
+    else
+        TellDisplay(record, Aspect::State);
+    NotifyParentCommand(record.handle, BN_CLICKED);
+}
+
+LRESULT ButtonProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const ControlOf<ButtonState> button(window);
+    const auto answer = button ? HandleMessage(*button, message, wParam, lParam) : std::nullopt;
+    return answer ? *answer : DefWindowProcA(window, message, wParam, lParam);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "korvel/window/core/cwnd.h"
+#include "korvel/window/base/dc.h"
+
+namespace korvel {
+
+/// The text field: class "EDIT". Tells its parent EN_UPDATE and EN_CHANGE when the text of a single-line
+/// field changes, EN_SETFOCUS and EN_KILLFOCUS as the focus comes and goes.
+class KORVEL_API CEdit : public CWnd {
+public:
+    bool Create(UINT style, const CRect& rect, CWnd* parent, int id);
+    void SetSel(int start, int end); // (0, -1) selects all
+    void GetSel(int& start, int& end) const;
+    void ReplaceSel(const CString& text);
+    void LimitText(int characters); // 0: no limit
+    void SetReadOnly(bool readOnly);
+    bool GetModify() const;
+    void SetModify(bool modified);
+};
+
+/// Push button, check box, radio button, group box or owner-drawn button: class "BUTTON".
+class KORVEL_API CButton : public CWnd {
+public:
+    bool Create(const CString& text, UINT style, const CRect& rect, CWnd* parent, int id);
+    int GetCheck() const;
+    void SetCheck(int check);
+    /// Called with BS_OWNERDRAW (the reflected WM_DRAWITEM).
+    virtual void DrawItem(DRAWITEMSTRUCT* item);
+
+protected:
+    bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+};
+
+class KORVEL_API CStatic : public CWnd {
+public:
+    bool Create(const CString& text, UINT style, const CRect& rect, CWnd* parent, int id);
+};
+
+} // namespace korvel

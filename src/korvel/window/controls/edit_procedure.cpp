@@ -1,0 +1,128 @@
+#include "korvel/window/controls/control_procedures.h"
+#include "korvel/window/controls/edit_keyboard.h"
+
+#include <optional>
+
+namespace korvel::internal {
+
+namespace {
+
+LRESULT GetSelection(const EditState& edit, WPARAM wParam, LPARAM lParam) {
+    const TextRange selection = SelectionOf(edit);
+    if (wParam)
+        *reinterpret_cast<int*>(wParam) = selection.start;
+    if (lParam)
+        *reinterpret_cast<int*>(lParam) = selection.end;
+    return MAKELPARAM(selection.start, selection.end);
+}
+
+void SetReadOnly(EditState& edit, bool readOnly) {
+    edit.record.style = readOnly ? edit.record.style | ES_READONLY : edit.record.style & ~ES_READONLY;
+    TellDisplay(edit.record, Aspect::State);
+}
+
+std::optional<LRESULT> HandleEditMessage(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case EM_GETSEL:
+        return GetSelection(edit, wParam, lParam);
+    case EM_SETSEL:
+        return Select(edit, static_cast<int>(wParam), static_cast<int>(lParam)), 1;
+    case EM_REPLACESEL:
+        ReplaceSelection(edit, lParam ? reinterpret_cast<const char*>(lParam) : "", TextOrigin::Program);
+        return 0;
+    case EM_GETMODIFY:
+        return edit.isModified;
+    case EM_SETMODIFY:
+        edit.isModified = wParam != 0;
+        return 0;
+    case EM_LIMITTEXT:
+        edit.limit = static_cast<int>(wParam);
+        TellDisplay(edit.record, Aspect::State);
+        return 0;
+    case EM_GETLIMITTEXT:
+        return edit.limit;
+    case EM_SETREADONLY:
+        return SetReadOnly(edit, wParam != 0), 1;
+    case EM_UNDO:
+    case WM_UNDO:
+        return Undo(edit);
+    case WM_COPY:
+        return Copy(edit), 0;
+    case WM_CUT:
+        return Cut(edit), 0;
+    case WM_PASTE:
+        return Paste(edit), 0;
+    case WM_CLEAR:
+        return EraseByUser(edit, {}), 0;
+    default:
+        return std::nullopt;
+    }
+}
+
+void HandleMouse(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = edit.record.handle;
+    const bool isDragging = GetCapture() == window;
+    if (message == WM_LBUTTONDOWN) {
+        SetCapture(window);
+        PressMouse(edit, PointOf(lParam), (wParam & MK_SHIFT) != 0);
+    } else if (message == WM_LBUTTONDBLCLK) {
+        SelectWordAt(edit, PointOf(lParam));
+    } else if (message == WM_MOUSEMOVE && isDragging) {
+        DragMouse(edit, PointOf(lParam));
+    } else if (message == WM_LBUTTONUP && isDragging) {
+        ReleaseCapture();
+    }
+}
+
+/// What the field does when no native widget acts for it; false: nothing.
+bool HandleInput(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_KEYDOWN)
+        return PressKey(edit, static_cast<UINT>(wParam));
+    if (message == WM_CHAR)
+        return TypeCharacter(edit, static_cast<char>(wParam));
+    HandleMouse(edit, message, wParam, lParam);
+    return true;
+}
+
+std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = edit.record.handle;
+    switch (message) {
+    case WM_SETTEXT:
+        return SetText(edit, wParam, lParam);
+    case WM_SETFOCUS:
+        NotifyParentCommand(window, EN_SETFOCUS);
+        return 0;
+    case WM_KILLFOCUS:
+        NotifyParentCommand(window, EN_KILLFOCUS);
+        return 0;
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_HASSETSEL | DLGC_WANTCHARS |
+               (edit.HasStyle(ES_MULTILINE) ? DLGC_WANTALLKEYS : 0u);
+    case WM_LBUTTONDOWN:
+        SetFocus(window);
+        [[fallthrough]];
+    case WM_KEYDOWN:
+    case WM_CHAR:
+    case WM_LBUTTONDBLCLK:
+    case WM_MOUSEMOVE:
+    case WM_LBUTTONUP:
+        if (LeaveToNativeWidget(window, message) || HandleInput(edit, message, wParam, lParam))
+            return 0;
+        return std::nullopt;
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+LRESULT EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const ControlOf<EditState> edit(window); edit) {
+        for (const auto handle : {HandleWindow, HandleEditMessage})
+            if (const auto answer = handle(*edit, message, wParam, lParam))
+                return *answer;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "korvel/window/core/window_record.h"
+
+namespace korvel::internal {
+
+/// What one undo brings back.
+struct EditUndo {
+    CString text;
+    int anchor = 0;
+    int caret = 0;
+    bool isKnown = false;
+    bool isTyping = false; // characters typed one after the other are undone together
+};
+
+/// The state of a text field; its text is the window's. Places are bytes of the text.
+class EditState : public ControlState {
+public:
+    explicit EditState(WindowRecord& window) : record(window) {}
+
+    view::Kind Kind() const override { return view::Kind::Edit; }
+    view::EditView Edit() const override;
+    void Edited(const CString& text, int selectionStart, int selectionEnd) override;
+
+    bool HasStyle(UINT bits) const { return (record.style & bits) != 0; }
+
+    WindowRecord& record;
+    int anchor = 0; // where the selection began
+    int caret = 0;  // where it ends and where typing goes on
+    int limit = 0;  // 0: none
+    bool isModified = false;
+    EditUndo undo;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,160 @@
+#include "korvel/window/controls/edit_text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvel::internal {
+
+namespace {
+
+void TellChange(EditState& edit) {
+    NotifyParentCommand(edit.record.handle, EN_UPDATE);
+    NotifyParentCommand(edit.record.handle, EN_CHANGE);
+}
+
+void PutText(EditState& edit, CString text, int anchor, int caret) {
+    edit.record.text = std::move(text);
+    edit.anchor = anchor;
+    edit.caret = caret;
+    edit.isModified = true;
+    TellDisplay(edit.record, Aspect::Text | Aspect::State);
+    TellChange(edit);
+}
+
+EditUndo Remember(const EditState& edit) {
+    return {edit.record.text, edit.anchor, edit.caret, true, false};
+}
+
+CString Allowed(const EditState& edit, CString text) {
+    if (edit.HasStyle(ES_NUMBER))
+        std::erase_if(text, [](char character) { return character < '0' || character > '9'; });
+    if (!edit.HasStyle(ES_MULTILINE))
+        text.resize(std::min(text.find_first_of("\r\n"), text.size()));
+    if (edit.limit > 0) {
+        const TextRange selection = SelectionOf(edit);
+        const int room = edit.limit - (LengthOf(edit) - (selection.end - selection.start));
+        text.resize(std::min(text.size(), static_cast<std::size_t>(std::max(room, 0))));
+    }
+    return text;
+}
+
+void Replace(EditState& edit, TextRange range, const CString& text) {
+    CString whole = edit.record.text;
+    whole.replace(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.end - range.start),
+                  text);
+    const int caret = range.start + static_cast<int>(text.size());
+    PutText(edit, std::move(whole), caret, caret);
+}
+
+} // namespace
+
+view::EditView EditState::Edit() const {
+    const TextRange selection = SelectionOf(*this);
+    return {selection.start, selection.end, limit, HasStyle(ES_READONLY)};
+}
+
+// The native widget shows the text already and has its own undo.
+void EditState::Edited(const CString& text, int selectionStart, int selectionEnd) {
+    anchor = selectionStart;
+    caret = selectionEnd;
+    if (text == record.text)
+        return;
+    undo = {};
+    record.text = text;
+    isModified = true;
+    TellChange(*this);
+}
+
+int LengthOf(const EditState& edit) {
+    return static_cast<int>(edit.record.text.size());
+}
+
+TextRange SelectionOf(const EditState& edit) {
+    const int anchor = std::clamp(edit.anchor, 0, LengthOf(edit));
+    const int caret = std::clamp(edit.caret, 0, LengthOf(edit));
+    return {std::min(anchor, caret), std::max(anchor, caret)};
+}
+
+void Select(EditState& edit, int start, int end) {
+    const int length = LengthOf(edit);
+    if (start < 0)
+        start = end = edit.caret;
+    edit.anchor = std::clamp(start, 0, length);
+    edit.caret = end < 0 ? length : std::clamp(end, 0, length);
+    edit.undo.isTyping = false;
+    TellDisplay(edit.record, Aspect::State);
+}
+
+void ReplaceSelection(EditState& edit, CString text, TextOrigin origin) {
+    if (origin == TextOrigin::User) {
+        if (edit.HasStyle(ES_READONLY))
+            return;
+        const bool wasEmpty = text.empty();
+        text = Allowed(edit, std::move(text));
+        if (text.empty() && !wasEmpty)
+            return;
+    }
+    edit.undo = Remember(edit);
+    Replace(edit, SelectionOf(edit), text);
+}
+
+void TypeText(EditState& edit, const CString& text) {
+    EditUndo before = edit.undo.isTyping && SelectionOf(edit).IsEmpty() ? edit.undo : Remember(edit);
+    before.isTyping = true;
+    const CString allowed = Allowed(edit, text);
+    if (allowed.empty() || edit.HasStyle(ES_READONLY))
+        return;
+    edit.undo = std::move(before);
+    Replace(edit, SelectionOf(edit), allowed);
+}
+
+void EraseByUser(EditState& edit, TextRange range) {
+    const TextRange selection = SelectionOf(edit);
+    const TextRange erased = selection.IsEmpty() ? range : selection;
+    if (edit.HasStyle(ES_READONLY) || erased.IsEmpty())
+        return;
+    edit.undo = Remember(edit);
+    Replace(edit, erased, {});
+}
+
+LRESULT SetText(EditState& edit, WPARAM wParam, LPARAM lParam) {
+    const HWND window = edit.record.handle;
+    edit.anchor = edit.caret = 0;
+    edit.undo = {};
+    edit.isModified = false;
+    const LRESULT result = DefWindowProcA(window, WM_SETTEXT, wParam, lParam);
+    if (!edit.HasStyle(ES_MULTILINE))
+        TellChange(edit);
+    return result;
+}
+
+bool Undo(EditState& edit) {
+    if (!edit.undo.isKnown)
+        return false;
+    const EditUndo back = std::exchange(edit.undo, Remember(edit)); // undone twice: as before
+    PutText(edit, back.text, back.anchor, back.caret);
+    return true;
+}
+
+void Copy(const EditState& edit) {
+    const TextRange selection = SelectionOf(edit);
+    if (selection.IsEmpty() || edit.HasStyle(ES_PASSWORD))
+        return;
+    Display().SetClipboardText(
+        edit.record.text.substr(static_cast<std::size_t>(selection.start),
+                                static_cast<std::size_t>(selection.end - selection.start)));
+}
+
+void Cut(EditState& edit) {
+    if (edit.HasStyle(ES_PASSWORD))
+        return;
+    Copy(edit);
+    EraseByUser(edit, {});
+}
+
+void Paste(EditState& edit) {
+    if (const auto text = Display().ClipboardText(); text && !text->empty())
+        ReplaceSelection(edit, *text, TextOrigin::User);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "korvel/window/controls/edit_state.h"
+
+/// Changes of a text field's text and selection, with the notices that go with them.
+namespace korvel::internal {
+
+struct TextRange {
+    int start = 0;
+    int end = 0;
+    bool IsEmpty() const { return start == end; }
+};
+
+int LengthOf(const EditState& edit);
+/// In order, and inside the text whoever has changed it.
+TextRange SelectionOf(const EditState& edit);
+/// (0, -1) selects all; a start of -1 selects nothing and leaves the caret.
+void Select(EditState& edit, int start, int end);
+
+enum class TextOrigin { Program, User };
+/// Puts `text` in place of the selection. The user's text is cut to what limit and digits-only allow,
+/// and dropped when the field is read-only.
+void ReplaceSelection(EditState& edit, CString text, TextOrigin origin);
+void TypeText(EditState& edit, const CString& text);
+/// Removes the selection, or `range` when nothing is selected.
+void EraseByUser(EditState& edit, TextRange range);
+/// WM_SETTEXT: limit, digits-only and read-only do not count; only a single-line field tells it.
+LRESULT SetText(EditState& edit, WPARAM wParam, LPARAM lParam);
+bool Undo(EditState& edit);
+
+void Copy(const EditState& edit);
+void Cut(EditState& edit);
+void Paste(EditState& edit);
+
+} // namespace korvel::internal

@@ -1,0 +1,100 @@
+#include "korvel/window/core/cwnd_access.h"
+#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/own_windows.h"
+#include "korvel/window/core/place.h"
+#include "korvel/window/core/window_class.h"
+#include "korvel/window/core/window_life.h"
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+// The window that owns a new top-level window: owners are top-level themselves.
+HWND RootOf(HWND window) {
+    for (RecordRef record = Find(window); record; record = Find(record->parent))
+        window = record->handle;
+    return window;
+}
+
+void Link(WindowRecord& record, HWND parent) {
+    if (record.style & WS_CHILD) {
+        record.parent = parent;
+        Find(parent)->children.push_back(record.handle);
+    } else if (parent) {
+        record.owner = RootOf(parent);
+        Find(record.owner)->owned.push_back(record.handle);
+    }
+}
+
+RecordRef MakeRecord(const CREATESTRUCTA& parameters, const WindowClass& windowClass) {
+    RecordRef record = AddOwnWindow();
+    record->id = parameters.id;
+    record->className = windowClass.name;
+    record->style = parameters.style & ~WS_VISIBLE; // it is shown once it is made
+    record->exStyle = parameters.exStyle;
+    record->rect = Placeable(parameters.rect);
+    record->text = parameters.text ? parameters.text : "";
+    record->procedure = windowClass.procedure;
+    Link(*record, parameters.parent);
+    if (windowClass.makeControl)
+        record->control = windowClass.makeControl(*record);
+    return record;
+}
+
+// False when the window refused to live, or did not survive its own creation.
+bool Introduce(WindowRecord& record, const CREATESTRUCTA& parameters, CWnd* object) {
+    try {
+        if (IsOnDisplay(record))
+            Display().Created(record.handle);
+        if (object)
+            CWndAccess::Attach(*object, record);
+        const LRESULT answer =
+            SendMessageA(record.handle, WM_CREATE, 0, reinterpret_cast<LPARAM>(&parameters));
+        if (answer != -1)
+            return IsWindow(record.handle);
+    } catch (...) {
+        DestroyWindow(record.handle);
+        throw;
+    }
+    DestroyWindow(record.handle);
+    return false;
+}
+
+HWND CreateHere(const CREATESTRUCTA& parameters, CWnd* object) {
+    const auto windowClass = FindWindowClass(parameters.className);
+    const RecordRef parent = Find(parameters.parent);
+    const bool parentFits = parent ? !parent->destroying : !parameters.parent;
+    if (!windowClass || !parentFits || (!parent && (parameters.style & WS_CHILD)))
+        return nullptr;
+    const RecordRef record = MakeRecord(parameters, *windowClass);
+    if (!Introduce(*record, parameters, object))
+        return nullptr;
+    TellSize(*record);
+    TellMove(*record);
+    if (parameters.style & WS_VISIBLE)
+        ShowWindow(record->handle, SW_SHOW);
+    return IsWindow(record->handle) ? record->handle : nullptr;
+}
+
+} // namespace
+
+HWND CreateWindowExA(UINT exStyle, const char* className, const char* text, UINT style, const CRect& rect,
+                     HWND parent, int id, void* param) {
+    return CreateRecordedWindow({exStyle, className, text, style, rect, parent, id, param}, nullptr);
+}
+
+namespace internal {
+
+HWND CreateRecordedWindow(const CREATESTRUCTA& parameters, CWnd* object) {
+    if (!parameters.className)
+        return nullptr;
+    // A tree of windows belongs to one thread: what is created below a window is created there.
+    if (parameters.parent)
+        return OnOwner(parameters.parent, [&](WindowRecord&) { return CreateHere(parameters, object); });
+    return CreateHere(parameters, object);
+}
+
+} // namespace internal
+} // namespace korvel

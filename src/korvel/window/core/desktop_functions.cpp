@@ -1,0 +1,36 @@
+#include "korvel/window/core/desktop.h"
+
+namespace korvel {
+
+using namespace internal;
+
+CPoint GetCursorPos() {
+    return OnDisplayThread([](IDisplay& display) { return display.Pointer(); });
+}
+
+void SetCursor(int cursor) {
+    OnDisplayThread([&](IDisplay& display) { display.SetCursor(cursor); });
+}
+
+int GetKeyState(UINT key) {
+    return OnDisplayThread([&](IDisplay& display) { return display.KeyState(key); });
+}
+
+COLORREF GetSysColor(int index) {
+    return OnDisplayThread([&](IDisplay& display) { return display.SysColor(index); });
+}
+
+int GetSystemMetrics(int index) {
+    return OnDisplayThread([&](IDisplay& display) { return display.Metric(index); });
+}
+
+int MessageBoxA(HWND owner, const CString& text, const CString& caption, UINT type) {
+    return OnDisplayThread([&](IDisplay& display) {
+        const HWND former = LendFocusToBox();
+        const int answer = display.MessageBox(owner, text, caption, type);
+        ReturnFocusFromBox(former);
+        return answer;
+    });
+}
+
+} // namespace korvel

@@ -1,0 +1,103 @@
+#include "korvel/window/core/desktop.h"
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+struct Focus {
+    HWND window = nullptr; // who has it
+    HWND told = nullptr;   // who heard WM_SETFOCUS last; behind `window` only while the focus moves
+    unsigned moves = 0;
+};
+
+// Touched by the display's thread only.
+Focus& TheFocus() {
+    static Focus focus;
+    return focus;
+}
+
+// Every window that heard that it got the focus hears that it lost it, also when handlers move the focus
+// on while it moves: the inner move tells the loser, the outer one then stops.
+void TellMove(unsigned move) {
+    Focus& focus = TheFocus();
+    if (focus.moves != move)
+        return;
+    const HWND loser = std::exchange(focus.told, nullptr);
+    SendMessageA(loser, WM_KILLFOCUS, reinterpret_cast<WPARAM>(focus.window), 0);
+    if (focus.moves != move || !focus.window)
+        return;
+    focus.told = focus.window;
+    SendMessageA(focus.window, WM_SETFOCUS, reinterpret_cast<WPARAM>(loser), 0);
+}
+
+} // namespace
+
+HWND SetFocus(HWND window) {
+    if (!IsDisplayThread())
+        return OnOwner(
+            window, [&](WindowRecord& record) { return IsOnDisplay(record) ? SetFocus(window) : nullptr; });
+    if (window && !CanTakeFocus(window))
+        return nullptr;
+    const HWND former = TheFocus().window;
+    MoveFocus(window, FocusOrigin::Program);
+    return former;
+}
+
+HWND GetFocus() {
+    return IsDisplayThread() ? TheFocus().window : nullptr;
+}
+
+namespace internal {
+
+void MoveFocus(HWND window, FocusOrigin origin) {
+    Focus& focus = TheFocus();
+    if (focus.window == window)
+        return;
+    focus.window = window;
+    const unsigned move = ++focus.moves;
+    // The display comes first: a change of focus may make it commit an unfinished input.
+    if (origin == FocusOrigin::Program)
+        Display().Focus(window);
+    TellMove(move);
+}
+
+void TakeFocusAway(const WindowRecord& record, HWND heir) {
+    if (IsOnDisplay(record) && IsWithin(record.handle, TheFocus().window))
+        MoveFocus(CanTakeFocus(heir) ? heir : nullptr, FocusOrigin::Program);
+}
+
+bool CanTakeFocus(HWND window) {
+    const RecordRef record = Find(window);
+    if (!record || !IsOnDisplay(*record))
+        return false;
+    for (RecordRef level = record; level; level = Find(level->parent))
+        if (level->destroying || !level->IsSwitchedOn())
+            return false;
+    return true;
+}
+
+HWND LendFocusToBox() {
+    const HWND former = TheFocus().window;
+    MoveFocus(nullptr, FocusOrigin::Display);
+    return former;
+}
+
+void ReturnFocusFromBox(HWND former) {
+    if (!TheFocus().window && CanTakeFocus(former))
+        MoveFocus(former, FocusOrigin::Program);
+}
+
+void ForgetFocus(HWND window) {
+    Focus& focus = TheFocus();
+    if (focus.window == window) {
+        focus.window = nullptr;
+        ++focus.moves;
+    }
+    if (focus.told == window)
+        focus.told = nullptr;
+}
+
+} // namespace internal
+} // namespace korvel

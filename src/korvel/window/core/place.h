@@ -1,0 +1,19 @@
+#pragma once
+
+#include "korvel/window/core/window_record.h"
+
+namespace korvel::internal {
+
+/// The rectangle with no negative size and no coordinate beyond what sums of parents can hold.
+CRect Placeable(CRect rect);
+
+enum class PlaceOrigin { Program, Display };
+
+/// Gives a window a new rectangle: WM_WINDOWPOSCHANGING, the change, WM_WINDOWPOSCHANGED, then WM_MOVE and
+/// WM_SIZE as far as they apply. Nothing for the same rectangle.
+void Place(WindowRecord& record, const CRect& rect, PlaceOrigin origin);
+
+void TellSize(const WindowRecord& record);
+void TellMove(const WindowRecord& record);
+
+} // namespace korvel::internal

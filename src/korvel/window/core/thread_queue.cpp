@@ -1,0 +1,152 @@
+#include "korvel/window/core/thread_queue.h"
+
+#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/own_windows.h"
+#include "korvel/window/display/uncaught.h"
+#include "korvel/window/core/window.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace korvel::internal {
+namespace {
+
+// Trivially destroyed, so that objects that die late in a thread still find their queue.
+thread_local std::shared_ptr<ThreadQueue>* t_queue = nullptr;
+
+struct ThreadEnd {
+    ~ThreadEnd() {
+        const std::shared_ptr<ThreadQueue> queue = *t_queue;
+        EndOwnWindows();
+        queue->Close();
+        delete t_queue;
+        t_queue = nullptr;
+    }
+};
+
+} // namespace
+
+const std::shared_ptr<ThreadQueue>& ThreadQueue::Current() {
+    if (!t_queue) {
+        t_queue = new std::shared_ptr<ThreadQueue>(std::make_shared<ThreadQueue>());
+        static thread_local const ThreadEnd end{};
+    }
+    return *t_queue;
+}
+
+void ThreadQueue::Send(HWND window, const Action& action) {
+    const std::shared_ptr<ThreadQueue> own = Current();
+    bool done = false; // guarded by the mutex of the own queue
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_closed || (window && !IsWindow(window)))
+            return;
+        m_calls.push_back({window, &action, own, &done});
+        m_arrived.notify_all();
+    }
+    WakeDisplayOf(*this);
+    std::unique_lock lock(own->m_mutex);
+    for (;;) {
+        own->m_arrived.wait(lock, [&] { return done || !own->m_calls.empty(); });
+        if (done)
+            return;
+        lock.unlock();
+        Guarded(Uncaught::ToNextPump, [&] { own->RunSends(); });
+        lock.lock();
+    }
+}
+
+bool ThreadQueue::Post(HWND window, Action action) {
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_closed)
+            return false;
+        m_posted.push_back({window, std::move(action)});
+    }
+    WakeDisplayOf(*this);
+    return true;
+}
+
+void ThreadQueue::Run() {
+    struct WakeForRest {
+        ThreadQueue& queue;
+        ~WakeForRest() {
+            if (!queue.IsIdle())
+                WakeDisplayOf(queue);
+        }
+    } const wakeForRest{*this};
+
+    RunSends();
+    std::unique_lock lock(m_mutex);
+    for (std::size_t count = m_posted.size(); count > 0 && !m_posted.empty(); --count) {
+        const Posted posted = std::move(m_posted.front());
+        m_posted.pop_front();
+        lock.unlock();
+        posted.action();
+        RunSends();
+        lock.lock();
+    }
+}
+
+void ThreadQueue::RunSends() {
+    for (;;) {
+        std::optional<Call> call;
+        {
+            const std::lock_guard lock(m_mutex);
+            if (m_calls.empty())
+                return;
+            call = m_calls.front();
+            m_calls.pop_front();
+        }
+        RunOne(*call);
+    }
+}
+
+void ThreadQueue::RunOne(const Call& call) {
+    struct ReleaseSender {
+        const Call& call;
+        ~ReleaseSender() { Release(call); }
+    } const releaseSender{call};
+    (*call.action)();
+}
+
+void ThreadQueue::Release(const Call& call) {
+    const std::lock_guard lock(call.sender->m_mutex);
+    *call.done = true;
+    call.sender->m_arrived.notify_all();
+}
+
+bool ThreadQueue::IsIdle() {
+    const std::lock_guard lock(m_mutex);
+    return m_calls.empty() && m_posted.empty();
+}
+
+void ThreadQueue::Forget(HWND window) {
+    std::vector<Call> dropped;
+    {
+        const std::lock_guard lock(m_mutex);
+        std::erase_if(m_posted, [&](const Posted& posted) { return posted.window == window; });
+        std::erase_if(m_calls, [&](const Call& call) {
+            if (call.window == window)
+                dropped.push_back(call);
+            return call.window == window;
+        });
+    }
+    for (const Call& call : dropped)
+        Release(call);
+}
+
+void ThreadQueue::Close() {
+    std::deque<Call> dropped;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_closed = true;
+        dropped.swap(m_calls);
+        m_posted.clear();
+    }
+    for (const Call& call : dropped)
+        Release(call);
+}
+
+} // namespace korvel::internal

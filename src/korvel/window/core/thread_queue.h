@@ -1,0 +1,60 @@
+#pragma once
+
+#include "korvel/window/base/types.h"
+
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+
+namespace korvel::internal {
+
+/// What other threads want done on one thread: calls whose senders wait, and posted messages. Every
+/// thread has one, made at first use and closed when the thread ends.
+class ThreadQueue {
+public:
+    using Action = std::function<void()>;
+
+    /// The queue of the calling thread.
+    static const std::shared_ptr<ThreadQueue>& Current();
+
+    /// Has `action` run by the queue's thread and waits for it. While it waits, the calling thread runs
+    /// the calls that other threads send to it, so that two threads may send to each other. Returns without
+    /// a run when `window` (null: no window) is gone, is forgotten or the queue closes first.
+    void Send(HWND window, const Action& action);
+    /// False when the queue's thread has ended.
+    bool Post(HWND window, Action action);
+
+    /// Runs the sends and what was posted before the call; on the queue's thread. A sender is released
+    /// before the exception of its call comes out here; the rest stays for the next call.
+    void Run();
+    /// Drops what waits for a window; its senders return.
+    void Forget(HWND window);
+    void Close();
+
+private:
+    struct Call {
+        HWND window;
+        const Action* action;
+        std::shared_ptr<ThreadQueue> sender;
+        bool* done;
+    };
+    struct Posted {
+        HWND window;
+        Action action;
+    };
+
+    void RunSends();
+    void RunOne(const Call& call);
+    static void Release(const Call& call);
+    bool IsIdle();
+
+    std::mutex m_mutex;
+    std::condition_variable m_arrived;
+    std::deque<Call> m_calls;
+    std::deque<Posted> m_posted;
+    bool m_closed = false;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,239 @@
+#include "korvel/window/display/headless_display.h"
+
+#include "korvel/platform/error.h"
+#include "korvel/window/core/desktop.h"
+#include "korvel/window/display/input.h"
+#include "korvel/window/display/recording_surface.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+using namespace internal;
+using Milliseconds = std::chrono::milliseconds;
+
+namespace {
+
+constexpr int CharacterWidth = 7;
+
+struct SystemValue {
+    int index;
+    COLORREF value;
+};
+
+// The light colours of the platform.
+constexpr SystemValue Colors[] = {
+    {COLOR_WINDOW, RGB(255, 255, 255)},   {COLOR_WINDOWTEXT, RGB(0, 0, 0)},
+    {COLOR_HIGHLIGHT, RGB(0, 120, 215)},  {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)},
+    {COLOR_BTNFACE, RGB(240, 240, 240)},  {COLOR_BTNSHADOW, RGB(160, 160, 160)},
+    {COLOR_GRAYTEXT, RGB(109, 109, 109)}, {COLOR_BTNTEXT, RGB(0, 0, 0)},
+};
+
+constexpr SystemValue Metrics[] = {
+    {SM_CXSCREEN, 1920}, {SM_CYSCREEN, 1080}, {SM_CXVSCROLL, 17},  {SM_CYHSCROLL, 17},
+    {SM_CXEDGE, 2},      {SM_CYEDGE, 2},      {SM_CXDOUBLECLK, 4}, {SM_KORVEL_TEXTHEIGHT, 16},
+};
+
+template <std::size_t Count>
+COLORREF ValueOf(const SystemValue (&values)[Count], int index) {
+    const auto* found = std::find_if(std::begin(values), std::end(values),
+                                     [&](const SystemValue& value) { return value.index == index; });
+    return found == std::end(values) ? 0 : found->value;
+}
+
+template <class Answer>
+Answer TakeAnswer(std::deque<Answer>& answers, const CString& question) {
+    if (answers.empty())
+        throw Error("No answer is left for: " + question);
+    Answer answer = std::move(answers.front());
+    answers.pop_front();
+    return answer;
+}
+
+} // namespace
+
+HeadlessDisplay::~HeadlessDisplay() {
+    if (IsInForce(*this))
+        SetDisplay(nullptr);
+}
+
+void HeadlessDisplay::AnswerNext(int button) {
+    m_answers.push_back(button);
+}
+
+void HeadlessDisplay::AnswerNextFile(std::optional<CString> path) {
+    m_files.push_back(std::move(path));
+}
+
+void HeadlessDisplay::AnswerNextColor(std::optional<COLORREF> color) {
+    m_colorAnswers.push_back(color);
+}
+
+void HeadlessDisplay::Then(std::function<void()> step) {
+    m_steps.push_back(std::move(step));
+}
+
+void HeadlessDisplay::Advance(Milliseconds time) {
+    const Milliseconds end = m_now + time;
+    input::DispatchMessages();
+    while (m_alarm && *m_alarm <= end) {
+        m_now = std::max(m_now, *m_alarm);
+        m_alarm.reset();
+        input::FireTimers();
+        input::DispatchMessages();
+    }
+    m_now = end;
+}
+
+void HeadlessDisplay::PumpUntil(const std::function<bool()>& done, Milliseconds limit) {
+    // A thread may finish without a last message, so the condition is looked at in short steps.
+    constexpr Milliseconds step{1};
+    const auto end = std::chrono::steady_clock::now() + limit;
+    for (;;) {
+        input::DispatchMessages();
+        if (done())
+            return;
+        if (std::chrono::steady_clock::now() > end)
+            throw Error("What was waited for did not happen in time");
+        std::unique_lock lock(m_wakeMutex);
+        m_wakeSignal.wait_for(lock, step, [this] { return m_woken; });
+        m_woken = false;
+    }
+}
+
+std::vector<PaintCall> HeadlessDisplay::PaintWindow(HWND window, const CRect* clip) {
+    RecordingSurface surface;
+    m_invalid.erase(window);
+    input::Paint(window, surface, clip ? *clip : GetClientRect(window));
+    return std::move(surface.calls);
+}
+
+bool HeadlessDisplay::IsInvalid(HWND window) const {
+    return m_invalid.count(window) != 0;
+}
+
+Aspects HeadlessDisplay::TakeChanges(HWND window) {
+    const auto found = m_changes.extract(window);
+    return found ? found.mapped() : 0;
+}
+
+void HeadlessDisplay::Created(HWND window) {
+    m_invalid[window] = GetClientRect(window);
+}
+
+void HeadlessDisplay::Destroyed(HWND window) {
+    m_invalid.erase(window);
+    m_changes.erase(window);
+}
+
+void HeadlessDisplay::Changed(HWND window, Aspects aspects) {
+    m_changes[window] |= aspects;
+}
+
+void HeadlessDisplay::Invalidate(HWND window, const CRect& rect) {
+    const auto [known, added] = m_invalid.emplace(window, rect);
+    if (!added)
+        known->second = known->second.United(rect);
+}
+
+void HeadlessDisplay::Focus(HWND window) {
+    m_focus = window;
+}
+
+void HeadlessDisplay::Capture(HWND) {}
+
+void HeadlessDisplay::Wake() {
+    const std::lock_guard lock(m_wakeMutex);
+    m_woken = true;
+    m_wakeSignal.notify_all();
+}
+
+bool HeadlessDisplay::TakeWoken() {
+    const std::lock_guard lock(m_wakeMutex);
+    return std::exchange(m_woken, false);
+}
+
+void HeadlessDisplay::Alarm(std::optional<Milliseconds> when) {
+    m_alarm = when;
+}
+
+Milliseconds HeadlessDisplay::Now() {
+    return m_now;
+}
+
+void HeadlessDisplay::RunUntil(HWND, const std::function<bool()>& done) {
+    while (!done()) {
+        if (TakeWoken())
+            input::DispatchMessages();
+        else
+            TakeAnswer(m_steps, "a modal loop that is idle")();
+    }
+}
+
+int HeadlessDisplay::MessageBox(HWND, const CString& text, const CString& caption, UINT type) {
+    m_boxes.push_back({text, caption, type});
+    return TakeAnswer(m_answers, text);
+}
+
+unsigned HeadlessDisplay::TrackMenu(HWND, CPoint, const std::vector<MenuEntry>& entries) {
+    m_menus.push_back(entries);
+    return static_cast<unsigned>(TakeAnswer(m_answers, "a menu"));
+}
+
+std::optional<COLORREF> HeadlessDisplay::ChooseColor(HWND, COLORREF) {
+    return TakeAnswer(m_colorAnswers, "a colour");
+}
+
+std::optional<CString> HeadlessDisplay::ChooseFile(HWND, const FileQuery& query) {
+    return TakeAnswer(m_files, "a file, from " + query.path);
+}
+
+std::optional<CString> HeadlessDisplay::ChooseFolder(HWND, const CString& path) {
+    return TakeAnswer(m_files, "a folder, from " + path);
+}
+
+int HeadlessDisplay::TextWidth(const CString& text) {
+    return static_cast<int>(text.size()) * CharacterWidth;
+}
+
+CPoint HeadlessDisplay::ToScreen(HWND window, CPoint client) {
+    return ScreenPointInMemory(window, client);
+}
+
+int HeadlessDisplay::KeyState(UINT key) {
+    const auto known = m_keys.find(key);
+    return known != m_keys.end() && known->second ? KeyIsDown : 0;
+}
+
+CPoint HeadlessDisplay::Pointer() {
+    return m_pointer;
+}
+
+COLORREF HeadlessDisplay::SysColor(int index) {
+    const auto set = m_colors.find(index);
+    return set != m_colors.end() ? set->second : ValueOf(Colors, index);
+}
+
+int HeadlessDisplay::Metric(int index) {
+    return static_cast<int>(ValueOf(Metrics, index));
+}
+
+void HeadlessDisplay::SetCursor(int cursor) {
+    m_cursor = cursor;
+}
+
+bool HeadlessDisplay::SetClipboardText(const CString& text) {
+    m_clipboard = text;
+    return true;
+}
+
+std::optional<CString> HeadlessDisplay::ClipboardText() {
+    return m_clipboard;
+}
+
+std::optional<Image> HeadlessDisplay::LoadPicture(const CString& path, CSize) {
+    const auto found = m_pictures.find(path);
+    return found == m_pictures.end() ? std::nullopt : std::optional(found->second);
+}
+
+} // namespace korvel

@@ -1,0 +1,128 @@
+#pragma once
+
+#include "korvel/window/display/display.h"
+
+#include <condition_variable>
+#include <deque>
+#include <map>
+#include <mutex>
+#include <string>
+
+namespace korvel {
+
+/// One call that a window made while it painted itself.
+struct PaintCall {
+    enum class Kind { Fill, Text, Line, Frame, Focus, Picture, Clip };
+    Kind kind;
+    CRect rect; // of a line: its two ends
+    COLORREF color = 0;
+    CString text;
+};
+
+/// The display without a screen: a clock moved by hand, fixed font metrics (7 pixels a byte, 16 a line),
+/// scripted answers and recorded paint calls.
+///
+///     HeadlessDisplay display;
+///     SetDisplay(&display);
+///     display.AnswerNext(IDYES);           // the next message box
+///     display.Then([&] { dialog.EndDialog(IDOK); });   // played when a modal loop is idle
+///     display.Advance(500ms);              // fires the timers that are due
+///     auto calls = display.PaintWindow(list.m_hWnd);   // what an owner-drawn list draws
+///
+/// A modal loop that is idle with no step left throws Error, and so does a question without an answer: a
+/// hang becomes a failure with a text. What a handler throws comes out of whatever pumped it (a function of
+/// window/display/input.h, Advance, PumpUntil, RunUntil), unless an exception handler is set. Controls act themselves
+/// on the keys and the mouse, as there is no native widget.
+class KORVEL_API HeadlessDisplay : public IDisplay {
+public:
+    HeadlessDisplay() = default;
+    /// Takes itself out of force.
+    ~HeadlessDisplay() override;
+
+    /// One message box or menu as it was shown.
+    struct Shown {
+        CString text;
+        CString caption;
+        UINT type = 0;
+    };
+
+    void AnswerNext(int button);                      // message boxes and menus, in order
+    void AnswerNextFile(std::optional<CString> path); // file and folder choosers
+    void AnswerNextColor(std::optional<COLORREF> color);
+    void Then(std::function<void()> step);
+    /// Moves the clock on and fires each timer at its time; posted messages run in between. The clock stands
+    /// at the timer whose handler threw.
+    void Advance(std::chrono::milliseconds time);
+    /// Runs what other threads send and post until `done` answers true; throws Error when that takes longer
+    /// than `limit` of real time.
+    void PumpUntil(const std::function<bool()>& done,
+                   std::chrono::milliseconds limit = std::chrono::seconds(30));
+    void MovePointer(CPoint screen) { m_pointer = screen; }
+    void PressKey(UINT key, bool down) { m_keys[key] = down; }
+    void SetColor(int index, COLORREF color) { m_colors[index] = color; }
+    /// What LoadPicture answers for that path, as it is; without it there is no such picture.
+    void SetPicture(const CString& path, Image image) { m_pictures[path] = std::move(image); }
+
+    const std::vector<Shown>& ShownBoxes() const { return m_boxes; }
+    const std::vector<std::vector<MenuEntry>>& ShownMenus() const { return m_menus; }
+    std::vector<PaintCall> PaintWindow(HWND window, const CRect* clip = nullptr);
+    /// True when something of the window was invalidated since the last PaintWindow.
+    bool IsInvalid(HWND window) const;
+    /// What Changed told of a window since the last call.
+    Aspects TakeChanges(HWND window);
+    int CursorShown() const { return m_cursor; }
+    HWND FocusShown() const { return m_focus; }
+
+    bool IsHeadless() const override { return true; }
+    void Created(HWND window) override;
+    void Destroyed(HWND window) override;
+    void Changed(HWND window, Aspects aspects) override;
+    void Invalidate(HWND window, const CRect& rect) override;
+    void Focus(HWND window) override;
+    void Capture(HWND window) override;
+    void Wake() override;
+    void Alarm(std::optional<std::chrono::milliseconds> when) override;
+    std::chrono::milliseconds Now() override;
+    void RunUntil(HWND modal, const std::function<bool()>& done) override;
+    int MessageBox(HWND owner, const CString& text, const CString& caption, UINT type) override;
+    unsigned TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) override;
+    std::optional<COLORREF> ChooseColor(HWND owner, COLORREF color) override;
+    std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) override;
+    std::optional<CString> ChooseFolder(HWND owner, const CString& path) override;
+    int TextWidth(const CString& text) override;
+    CPoint ToScreen(HWND window, CPoint client) override;
+    int KeyState(UINT key) override;
+    CPoint Pointer() override;
+    COLORREF SysColor(int index) override;
+    int Metric(int index) override;
+    void SetCursor(int cursor) override;
+    bool SetClipboardText(const CString& text) override;
+    std::optional<CString> ClipboardText() override;
+    std::optional<Image> LoadPicture(const CString& path, CSize room) override;
+
+private:
+    bool TakeWoken();
+
+    std::mutex m_wakeMutex;
+    std::condition_variable m_wakeSignal;
+    bool m_woken = false;
+    std::chrono::milliseconds m_now{0};
+    std::optional<std::chrono::milliseconds> m_alarm;
+    CPoint m_pointer;
+    std::map<UINT, bool> m_keys;
+    std::map<int, COLORREF> m_colors;
+    std::map<CString, Image> m_pictures;
+    std::map<HWND, CRect> m_invalid;
+    std::map<HWND, Aspects> m_changes;
+    HWND m_focus = nullptr;
+    std::deque<int> m_answers;
+    std::deque<std::optional<CString>> m_files;
+    std::deque<std::optional<COLORREF>> m_colorAnswers;
+    std::deque<std::function<void()>> m_steps;
+    std::vector<Shown> m_boxes;
+    std::vector<std::vector<MenuEntry>> m_menus;
+    std::optional<CString> m_clipboard;
+    int m_cursor = 0;
+};
+
+} // namespace korvel

@@ -1,0 +1,197 @@
+#include "korvel/window/display/input.h"
+
+#include "korvel/window/core/cwnd.h"
+#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/input_delivery.h"
+#include "korvel/window/core/place.h"
+#include "korvel/window/display/uncaught.h"
+
+#include <utility>
+
+namespace korvel::input {
+
+using namespace internal;
+
+namespace {
+
+enum class Outcome { Consumed, LeftToDefault };
+
+// From the innermost window to its top-level window; true: dropped.
+bool PreTranslate(MSG& message) {
+    for (HWND level = message.hwnd; level;) {
+        if (CWnd* object = CWnd::FromHandlePermanent(level); object && object->PreTranslateMessage(message))
+            return true;
+        const RecordRef record = Find(level);
+        level = record ? record->parent : nullptr;
+    }
+    return !IsWindow(message.hwnd);
+}
+
+Outcome Deliver(MSG message) {
+    if (PreTranslate(message))
+        return Outcome::Consumed;
+    const InputDelivery delivery(message.hwnd, message.message);
+    SendMessageA(message.hwnd, message.message, message.wParam, message.lParam);
+    return delivery.WasLeftToDefault() ? Outcome::LeftToDefault : Outcome::Consumed;
+}
+
+const KeyOnTheWay*& TheKey() {
+    static thread_local const KeyOnTheWay* key = nullptr;
+    return key;
+}
+
+class KeyScope {
+public:
+    explicit KeyScope(const KeyOnTheWay& key) : m_former(std::exchange(TheKey(), &key)) {}
+    ~KeyScope() { TheKey() = m_former; }
+    KeyScope(const KeyScope&) = delete;
+    KeyScope& operator=(const KeyScope&) = delete;
+
+private:
+    const KeyOnTheWay* m_former;
+};
+
+// A key that a PreTranslateMessage dropped makes no characters.
+Outcome DeliverKey(HWND window, UINT message, UINT key, const CString& characters) {
+    const KeyOnTheWay onTheWay{window, key, characters};
+    const KeyScope scope(onTheWay);
+    MSG down{window, message, key, 1};
+    if (PreTranslate(down))
+        return Outcome::Consumed;
+    const InputDelivery delivery(window, message);
+    SendMessageA(window, message, key, 1);
+    bool left = delivery.WasLeftToDefault();
+    const UINT characterMessage = message == WM_SYSKEYDOWN ? WM_SYSCHAR : WM_CHAR;
+    for (const char character : characters) {
+        const MSG typed{window, characterMessage, static_cast<unsigned char>(character), 1};
+        left &= Deliver(typed) == Outcome::LeftToDefault;
+    }
+    return left ? Outcome::LeftToDefault : Outcome::Consumed;
+}
+
+bool CarriesScreenPoint(UINT message) {
+    return message == WM_MOUSEWHEEL || message == WM_NCLBUTTONDOWN || message == WM_NCRBUTTONDOWN ||
+           message == WM_NCMBUTTONDOWN;
+}
+
+// Who hears a mouse message: the window with the capture, and the point as that window sees it.
+HWND Captor(HWND window, UINT message, CPoint& point) {
+    const HWND captor = GetCapture();
+    if (!captor || captor == window || message == WM_MOUSELEAVE || CarriesScreenPoint(message))
+        return window;
+    point = ScreenToClient(captor, ClientToScreen(window, point));
+    return captor;
+}
+
+void AskForCursor(HWND window, UINT message) {
+    constexpr int HitClientArea = 1;
+    if (message == WM_MOUSEMOVE && !GetCapture())
+        SendMessageA(window, WM_SETCURSOR, reinterpret_cast<WPARAM>(window),
+                     MAKELPARAM(HitClientArea, static_cast<int>(message)));
+}
+
+Outcome DeliverMouse(HWND window, UINT message, UINT flags, CPoint point, int wheel) {
+    window = Captor(window, message, point);
+    if (!IsWindowEnabled(window))
+        return Outcome::Consumed;
+    AskForCursor(window, message);
+    if (CarriesScreenPoint(message))
+        point = ClientToScreen(window, point);
+    const WPARAM wParam = message == WM_MOUSEWHEEL ? MAKEWPARAM(flags, static_cast<unsigned>(wheel)) : flags;
+    return Deliver({window, message, wParam, MAKELPARAM(point.x, point.y)});
+}
+
+// Runs a report about a control: false when it is dropped.
+template <class Report>
+void ReportToControl(HWND window, Report report) {
+    Guarded(Uncaught::ToPump, [&] {
+        const RecordRef record = Find(window);
+        if (!record || !record->control)
+            return;
+        if (IsWindowEnabled(window))
+            report(*record->control);
+        else // the widget shows what the window does not have
+            TellDisplay(*record, Aspect::Text | Aspect::State | static_cast<Aspects>(Aspect::Scroll));
+    });
+}
+
+} // namespace
+
+bool Key(HWND window, UINT message, UINT key, const CString& characters) {
+    if (!IsWindow(window))
+        return false;
+    Outcome outcome = Outcome::Consumed;
+    Guarded(Uncaught::ToPump, [&] {
+        if (IsWindowEnabled(window))
+            outcome = DeliverKey(window, message, key, characters);
+    });
+    return outcome == Outcome::Consumed;
+}
+
+const KeyOnTheWay* CurrentKey() {
+    return TheKey();
+}
+
+bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int wheel) {
+    if (!IsWindow(window))
+        return false;
+    Outcome outcome = Outcome::Consumed;
+    Guarded(Uncaught::ToPump, [&] { outcome = DeliverMouse(window, message, flags, point, wheel); });
+    return outcome == Outcome::Consumed;
+}
+
+void FocusMoved(HWND window) {
+    Guarded(Uncaught::ToPump, [&] {
+        if (IsDisplayThread() && (!window || CanTakeFocus(window)))
+            MoveFocus(window, FocusOrigin::Display);
+    });
+}
+
+void Edited(HWND window, const CString& text, int selectionStart, int selectionEnd) {
+    ReportToControl(window,
+                    [&](ControlState& control) { control.Edited(text, selectionStart, selectionEnd); });
+}
+
+void Value(HWND window, double value) {
+    ReportToControl(window, [&](ControlState& control) { control.Value(value); });
+}
+
+void Scrolled(HWND window, int x, int row) {
+    ReportToControl(window, [&](ControlState& control) { control.Scrolled(x, row); });
+}
+
+void Placed(HWND window, const CRect& rect) {
+    Guarded(Uncaught::ToPump, [&] {
+        OnOwner(window, [&](WindowRecord& record) { Place(record, rect, PlaceOrigin::Display); });
+    });
+}
+
+void Close(HWND window) {
+    Guarded(Uncaught::ToPump, [&] {
+        if (IsWindowEnabled(window))
+            SendMessageA(window, WM_CLOSE, 0, 0);
+    });
+}
+
+void Destroy(HWND window) {
+    Guarded(Uncaught::ToPump, [&] { DestroyWindow(window); });
+}
+
+void Activated(HWND window, bool active) {
+    Guarded(Uncaught::ToPump, [&] { SendMessageA(window, WM_ACTIVATE, active, 0); });
+}
+
+void Paint(HWND window, ISurface& surface, const CRect& clip) {
+    Guarded(Uncaught::ToPump, [&] {
+        CDC dc(surface, clip);
+        const auto context = reinterpret_cast<WPARAM>(&dc);
+        SendMessageA(window, WM_ERASEBKGND, context, 0);
+        SendMessageA(window, WM_PAINT, context, 0);
+    });
+}
+
+void DispatchMessages() {
+    Guarded(Uncaught::ToPump, [] { ThreadQueue::Current()->Run(); });
+}
+
+} // namespace korvel::input

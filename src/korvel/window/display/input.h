@@ -1,0 +1,53 @@
+#pragma once
+
+#include "korvel/window/base/dc.h"
+#include "korvel/window/base/types.h"
+
+/// What the user does, as a display reports it. The functions are called on the display's thread. What a
+/// handler throws goes to the exception handler and does not leave them; under a headless display without
+/// exception handler it comes out to the caller. They find out themselves whether the window takes input:
+/// it is dropped for a window that is disabled or has a disabled ancestor.
+namespace korvel::input {
+
+/// WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN or WM_SYSKEYUP with the key's code and the characters that it
+/// makes (each follows as WM_CHAR or WM_SYSCHAR). True: consumed; false: the message and all its
+/// characters were left to the window's default, and a native widget may act on the event.
+KORVEL_API bool Key(HWND window, UINT message, UINT key, const CString& characters);
+/// The key that the calling thread delivers now, or null: for a window that is handed the keys of the one
+/// with the focus, since a key that a PreTranslateMessage takes makes no WM_CHAR.
+struct KeyOnTheWay {
+    HWND window = nullptr; // whom the user typed it to
+    UINT key = 0;
+    CString characters;
+};
+KORVEL_API const KeyOnTheWay* CurrentKey();
+/// A mouse message (WM_MOUSEMOVE to WM_MOUSEWHEEL, WM_NC*BUTTONDOWN, WM_MOUSELEAVE) at a client point.
+/// `flags` are MK_*; `wheel` the delta of WM_MOUSEWHEEL. True: consumed.
+KORVEL_API bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int wheel = 0);
+/// The focus went to this window through the display's own doing, or to none of ours (null).
+KORVEL_API void FocusMoved(HWND window);
+/// The user changed the text of an edit in its native widget.
+KORVEL_API void Edited(HWND window, const CString& text, int selectionStart, int selectionEnd);
+/// The user changed the check of a button, the choice of a combo box, the position of a slider or the
+/// date of a date control; a push button is clicked with 1.
+KORVEL_API void Value(HWND window, double value);
+/// The user moved or sized a top-level window, or a layout sized an embedded one.
+KORVEL_API void Placed(HWND window, const CRect& rect);
+/// The user scrolled: the new positions, in pixels to the right and in rows down.
+KORVEL_API void Scrolled(HWND window, int x, int row);
+/// The user closes a top-level window: WM_CLOSE.
+KORVEL_API void Close(HWND window);
+/// A host's widget that holds the window goes: DestroyWindow.
+KORVEL_API void Destroy(HWND window);
+/// A top-level window became (in)active: WM_ACTIVATE.
+KORVEL_API void Activated(HWND window, bool active);
+
+/// Paints what `clip` (client coordinates) covers of one window, without its children.
+KORVEL_API void Paint(HWND window, ISurface& surface, const CRect& clip);
+/// Sends WM_TIMER for every timer that is due and sets the next alarm.
+KORVEL_API void FireTimers();
+/// Runs the sends of other threads and the posted messages of the calling thread: the display's, or another
+/// one that has windows of its own.
+KORVEL_API void DispatchMessages();
+
+} // namespace korvel::input

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "korvel/window/display/headless_display.h"
+
+namespace korvel::internal {
+
+/// Writes down what is painted.
+class RecordingSurface final : public ISurface {
+public:
+    std::vector<PaintCall> calls;
+
+    void Fill(const CRect& rect, COLORREF color) override { Add(PaintCall::Kind::Fill, rect, color); }
+    void Text(const CString& text, const CRect& rect, COLORREF color, UINT) override {
+        Add(PaintCall::Kind::Text, rect, color);
+        calls.back().text = text;
+    }
+    void Line(CPoint from, CPoint to, COLORREF color, LinePattern) override {
+        Add(PaintCall::Kind::Line, {from.x, from.y, to.x, to.y}, color);
+    }
+    void Frame(const CRect& rect, COLORREF color) override { Add(PaintCall::Kind::Frame, rect, color); }
+    void FocusRect(const CRect& rect) override { Add(PaintCall::Kind::Focus, rect, 0); }
+    void Picture(const Image&, const CRect& rect) override { Add(PaintCall::Kind::Picture, rect, 0); }
+    void Clip(const CRect* rect) override { Add(PaintCall::Kind::Clip, rect ? *rect : CRect(), 0); }
+
+private:
+    void Add(PaintCall::Kind kind, const CRect& rect, COLORREF color) {
+        calls.push_back({kind, rect, color, {}});
+    }
+};
+
+} // namespace korvel::internal

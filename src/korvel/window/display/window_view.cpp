@@ -1,0 +1,70 @@
+#include "korvel/window/display/window_view.h"
+
+#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/window_table.h"
+
+namespace korvel::view {
+
+using namespace internal;
+
+namespace {
+
+// What a control tells of itself, or the value of a window that is no such control.
+template <class Ask>
+auto AskControl(HWND window, Ask ask) {
+    const RecordRef record = Find(window);
+    return record && record->control ? ask(*record->control) : decltype(ask(*record->control))();
+}
+
+} // namespace
+
+Kind KindOf(HWND window) {
+    return AskControl(window, [](const ControlState& control) { return control.Kind(); });
+}
+
+UINT Style(HWND window) {
+    return static_cast<UINT>(GetWindowLongPtrA(window, GWL_STYLE));
+}
+
+UINT ExStyle(HWND window) {
+    return static_cast<UINT>(GetWindowLongPtrA(window, GWL_EXSTYLE));
+}
+
+CRect Rectangle(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) { return record.rect; });
+}
+
+CRect ClientRectangle(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) { return ClientArea(record); });
+}
+
+bool IsShown(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) { return record.IsShown(); });
+}
+
+bool IsSwitchedOn(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) { return record.IsSwitchedOn(); });
+}
+
+std::vector<HWND> Children(HWND window) {
+    return OnOwner(window, [](WindowRecord& record) { return record.children; });
+}
+
+bool BelongsToDisplay(HWND window) {
+    const auto owner = WindowTable::Instance().OwnerOf(window);
+    return owner && owner == DisplayQueue();
+}
+
+EditView Edit(HWND window) {
+    return AskControl(window, [](const ControlState& control) { return control.Edit(); });
+}
+
+int ButtonCheck(HWND window) {
+    return AskControl(window, [](const ControlState& control) { return control.Check(); });
+}
+
+ScrollView Scroll(HWND window) {
+    return AskControl(window, [](const ControlState& control) { return control.Scroll(); });
+}
+
+} // namespace korvel::view

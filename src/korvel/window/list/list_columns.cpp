@@ -1,0 +1,64 @@
+#include "korvel/window/list/list_columns.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace korvel::internal {
+
+namespace {
+
+constexpr int DividerReach = 4; // pixels to each side of a divider
+// Sums of widths, and places derived from them, stay inside the numbers of a coordinate.
+constexpr int WidestContent = 1 << 28;
+
+int RightOf(int left, int width) {
+    return std::min(left + width, WidestContent);
+}
+
+} // namespace
+
+int ListColumns::Insert(int column, ListColumn content) {
+    const int at = std::min(column, Count());
+    const int width = content.width;
+    m_columns.insert(m_columns.begin() + at, std::move(content));
+    SetWidth(at, width);
+    return at;
+}
+
+void ListColumns::SetWidth(int column, int width) {
+    m_columns[column].width = std::clamp(width, 0, WidestContent);
+}
+
+int ListColumns::Left(int column) const {
+    int left = 0;
+    for (int i = 0; i < std::min(column, Count()); ++i)
+        left = RightOf(left, m_columns[i].width);
+    return left;
+}
+
+int ListColumns::At(int x) const {
+    int right = 0;
+    for (int column = 0; x >= 0 && column < Count(); ++column) {
+        right = RightOf(right, m_columns[column].width);
+        if (x < right)
+            return column;
+    }
+    return None;
+}
+
+int ListColumns::DividerAt(int x) const {
+    int found = None;
+    int nearest = DividerReach + 1;
+    int right = 0;
+    for (int column = 0; column < Count(); ++column) {
+        right = RightOf(right, m_columns[column].width);
+        const int distance = std::abs(x - right);
+        if (distance <= DividerReach && distance <= nearest) {
+            found = column;
+            nearest = distance;
+        }
+    }
+    return found;
+}
+
+} // namespace korvel::internal

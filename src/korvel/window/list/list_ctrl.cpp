@@ -1,0 +1,386 @@
+#include "korvel/window/list/list_ctrl.h"
+
+#include "korvel/window/list/list_column_edit.h"
+#include "korvel/window/list/list_geometry.h"
+#include "korvel/window/list/list_label_edit.h"
+#include "korvel/window/list/list_rows.h"
+#include "korvel/window/list/list_scroll.h"
+#include "korvel/window/list/list_selection.h"
+
+#include <optional>
+#include <type_traits>
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+/// Runs `call(ListState&)` on the list's thread; `otherwise` for a window that is gone or no list.
+template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
+Result OnList(HWND window, Call call, Result otherwise = Result()) {
+    const auto answer = OnOwner(window, [&](WindowRecord& record) -> std::optional<Result> {
+        auto* list = dynamic_cast<ListState*>(record.control.get());
+        return list ? std::optional<Result>(call(*list)) : std::nullopt;
+    });
+    return answer ? *answer : otherwise;
+}
+
+/// The same for one row; `otherwise` for a row that the list has not.
+template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
+Result OnRow(HWND window, int row, Call call, Result otherwise = Result()) {
+    return OnList(
+        window, [&](ListState& list) { return list.rows.Has(row) ? call(list) : otherwise; }, otherwise);
+}
+
+/// False, and no call, when the list has not all of the rows from `first` to before `last`, or there are
+/// none.
+template <class Call>
+bool OnRows(HWND window, int first, int last, Call call) {
+    return OnList(window, [&](ListState& list) {
+        if (first < 0 || first >= last || last > list.rows.Size())
+            return false;
+        call(list);
+        return true;
+    });
+}
+
+template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
+Result OnColumn(HWND window, int column, Call call) {
+    return OnList(window, [&](ListState& list) { return list.columns.Has(column) ? call(list) : Result(); });
+}
+
+constexpr int DeepestIndent = (1 << 24) - 1; // what a row record holds
+
+std::uint32_t Indent(int indent) {
+    return static_cast<std::uint32_t>(std::clamp(indent, 0, DeepestIndent));
+}
+
+RowRecord RecordOf(const ListRow& content, bool hasTextSource) {
+    RowRecord record;
+    record.data = content.data;
+    record.image = content.image;
+    record.indent = Indent(content.indent);
+    record.checked = content.checked;
+    if (!hasTextSource || !content.text.empty() || !content.subItems.empty()) {
+        record.texts = std::make_unique<std::vector<CString>>(1, content.text);
+        record.texts->insert(record.texts->end(), content.subItems.begin(), content.subItems.end());
+    }
+    return record;
+}
+
+} // namespace
+
+bool CListCtrl::Create(UINT style, const CRect& rect, CWnd* parent, int id) {
+    return CreateEx(0, "SysListView32", "", style, rect, parent, id);
+}
+
+void CListCtrl::SetTextSource(TextSource source) {
+    OnList(m_hWnd, [&](ListState& list) {
+        list.textSource = source ? std::make_shared<const TextSource>(std::move(source)) : nullptr;
+        RepaintAll(list);
+        return true;
+    });
+}
+
+int CListCtrl::GetItemCount() const {
+    return OnList(m_hWnd, [](ListState& list) { return list.rows.Size(); });
+}
+
+int CListCtrl::InsertItem(int row, const CString& text, int image) {
+    ListRow content;
+    content.text = text;
+    content.image = image;
+    return InsertRow(row, content);
+}
+
+int CListCtrl::InsertRow(int row, const ListRow& content) {
+    const auto insert = [&](ListState& list) {
+        RowRecord record = RecordOf(content, list.textSource != nullptr);
+        return internal::InsertRows(list, row, 1, [&](int) { return std::move(record); });
+    };
+    return OnList(m_hWnd, insert, NoRow);
+}
+
+int CListCtrl::InsertRows(int row, const LPARAM* data, int count, int indent) {
+    const auto make = [=](int index) {
+        RowRecord record;
+        record.data = data[index];
+        record.indent = Indent(indent);
+        return record;
+    };
+    return OnList(
+        m_hWnd, [&](ListState& list) { return internal::InsertRows(list, row, std::max(count, 0), make); },
+        NoRow);
+}
+
+bool CListCtrl::DeleteItem(int row) {
+    return SendMessageA(LVM_DELETEITEM, static_cast<WPARAM>(row)) != 0;
+}
+
+bool CListCtrl::DeleteRows(int first, int last) {
+    return OnRows(m_hWnd, first, last,
+                  [&](ListState& list) { internal::DeleteRows(list, first, last, DeletionNotice::Told); });
+}
+
+bool CListCtrl::DeleteRowsQuietly(int first, int last) {
+    return OnRows(m_hWnd, first, last,
+                  [&](ListState& list) { internal::DeleteRowsQuietly(list, first, last); });
+}
+
+bool CListCtrl::DeleteAllItems() {
+    return OnList(m_hWnd, [](ListState& list) { return DeleteAllRows(list), true; });
+}
+
+LPARAM CListCtrl::GetItemData(int row) const {
+    return OnRow(m_hWnd, row, [&](ListState& list) { return list.rows.At(row).data; });
+}
+
+bool CListCtrl::SetItemData(int row, LPARAM data) {
+    return OnRow(m_hWnd, row, [&](ListState& list) {
+        list.rows.At(row).data = data;
+        if (list.textSource)
+            RepaintRows(list, row, row + 1);
+        return true;
+    });
+}
+
+int CListCtrl::GetItemIndent(int row) const {
+    return OnRow(m_hWnd, row, [&](ListState& list) { return static_cast<int>(list.rows.At(row).indent); });
+}
+
+bool CListCtrl::SetItemIndent(int row, int indent) {
+    return OnRow(m_hWnd, row, [&](ListState& list) {
+        list.rows.At(row).indent = Indent(indent);
+        RepaintRows(list, row, row + 1);
+        return true;
+    });
+}
+
+CString CListCtrl::GetItemText(int row, int column) const {
+    return OnRow(m_hWnd, row,
+                 [&](ListState& list) { return column >= 0 ? TextOf(list, row, column) : CString(); });
+}
+
+bool CListCtrl::SetItemText(int row, int column, const CString& text) {
+    return OnRow(m_hWnd, row, [&](ListState& list) {
+        if (!list.columns.Has(column))
+            return false;
+        SetText(list, row, column, text);
+        return true;
+    });
+}
+
+int CListCtrl::GetItemImage(int row) const {
+    return OnRow(
+        m_hWnd, row, [&](ListState& list) { return list.rows.At(row).image; }, -1);
+}
+
+bool CListCtrl::SetItemImage(int row, int image) {
+    return OnRow(m_hWnd, row, [&](ListState& list) {
+        list.rows.At(row).image = image;
+        RepaintRows(list, row, row + 1);
+        return true;
+    });
+}
+
+bool CListCtrl::GetCheck(int row) const {
+    return OnRow(m_hWnd, row, [&](ListState& list) { return list.rows.At(row).checked; });
+}
+
+bool CListCtrl::SetCheck(int row, bool check) {
+    return OnRow(m_hWnd, row, [&](ListState& list) { return internal::SetCheck(list, row, check); });
+}
+
+UINT CListCtrl::GetItemState(int row, UINT mask) const {
+    return static_cast<UINT>(SendMessageA(LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask));
+}
+
+bool CListCtrl::SetItemState(int row, UINT state, UINT mask) {
+    const LVITEMSTATE change{state, mask};
+    return SendMessageA(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&change)) != 0;
+}
+
+int CListCtrl::GetNextItem(int row, UINT flags) const {
+    return OnList(
+        m_hWnd, [&](ListState& list) { return NextRow(list, row, flags); }, NoRow);
+}
+
+int CListCtrl::GetSelectionMark() const {
+    return OnList(
+        m_hWnd, [](ListState& list) { return list.markRow; }, NoRow);
+}
+
+void CListCtrl::SetSelectionMark(int row) {
+    OnList(m_hWnd, [&](ListState& list) { return list.markRow = list.rows.Has(row) ? row : NoRow; });
+}
+
+int CListCtrl::InsertColumn(int column, const CString& title, int width, int format) {
+    const auto insert = [&](ListState& list) {
+        return column < 0 ? -1 : internal::InsertColumn(list, column, {title, width, format});
+    };
+    return OnList(m_hWnd, insert, -1);
+}
+
+bool CListCtrl::DeleteColumn(int column) {
+    return OnColumn(m_hWnd, column, [&](ListState& list) {
+        internal::DeleteColumn(list, column);
+        return true;
+    });
+}
+
+int CListCtrl::GetColumnCount() const {
+    return OnList(m_hWnd, [](ListState& list) { return list.columns.Count(); });
+}
+
+CString CListCtrl::GetColumnTitle(int column) const {
+    return OnColumn(m_hWnd, column, [&](ListState& list) { return list.columns[column].title; });
+}
+
+int CListCtrl::GetColumnWidth(int column) const {
+    return OnColumn(m_hWnd, column, [&](ListState& list) { return list.columns[column].width; });
+}
+
+bool CListCtrl::SetColumnWidth(int column, int width) {
+    return OnColumn(m_hWnd, column, [&](ListState& list) {
+        if (width == LVSCW_AUTOSIZE)
+            ChangeColumnWidth(list, column, FittingWidth(list, column));
+        else if (width == LVSCW_AUTOSIZE_USEHEADER)
+            ChangeColumnWidth(list, column, FittingWidthWithTitle(list, column));
+        else
+            ChangeColumnWidth(list, column, width);
+        return true;
+    });
+}
+
+CHeaderCtrl* CListCtrl::GetHeaderCtrl() const {
+    return OnList(m_hWnd, [](ListState& list) -> CHeaderCtrl* {
+        // An object that a host has attached comes before the list's own.
+        if (CWnd* attached = FromHandlePermanent(list.header))
+            return dynamic_cast<CHeaderCtrl*>(attached);
+        if (!list.headerObject)
+            list.headerObject = std::make_unique<CHeaderCtrl>();
+        list.headerObject->SubclassWindow(list.header);
+        return list.headerObject.get();
+    });
+}
+
+int CHeaderCtrl::GetItemCount() const {
+    return OnList(korvel::GetParent(m_hWnd), [](ListState& list) { return list.columns.Count(); });
+}
+
+int CListCtrl::HitTest(CPoint point, UINT* flags) const {
+    const ListHit hit = OnList(m_hWnd, [&](ListState& list) { return internal::HitTest(list, point); });
+    if (flags)
+        *flags = hit.flags;
+    return hit.row;
+}
+
+int CListCtrl::SubItemHitTest(LVHITTESTINFO* info) const {
+    const ListHit hit = OnList(m_hWnd, [&](ListState& list) { return internal::HitTest(list, info->pt); });
+    info->flags = hit.flags;
+    info->iItem = hit.row;
+    info->iSubItem = hit.column;
+    return hit.row;
+}
+
+bool CListCtrl::GetItemRect(int row, CRect* rect, int part) const {
+    return OnRow(m_hWnd, row, [&](ListState& list) {
+        if (part == LVIR_BOUNDS) {
+            *rect = RowBounds(list, row);
+            return true;
+        }
+        if (list.columns.Count() == 0)
+            return false;
+        const CellParts parts = PartsOfCell(list, row, 0);
+        *rect = part == LVIR_ICON ? parts.icon : parts.label;
+        return true;
+    });
+}
+
+bool CListCtrl::GetSubItemRect(int row, int column, int part, CRect* rect) const {
+    if (column == 0)
+        return GetItemRect(row, rect, part);
+    return OnRow(m_hWnd, row, [&](ListState& list) {
+        if (!list.columns.Has(column))
+            return false;
+        const CellParts parts = PartsOfCell(list, row, column);
+        *rect = part == LVIR_ICON ? parts.icon : parts.label;
+        return true;
+    });
+}
+
+int CListCtrl::GetTopIndex() const {
+    return OnList(m_hWnd, [](ListState& list) { return list.topRow; });
+}
+
+int CListCtrl::GetCountPerPage() const {
+    return OnList(m_hWnd, [](ListState& list) { return LayoutOf(list).rowsPerPage; });
+}
+
+int CListCtrl::GetRowHeight() const {
+    return OnList(m_hWnd, [](ListState& list) { return RowHeight(list); });
+}
+
+bool CListCtrl::EnsureVisible(int row, bool partialOk) {
+    return SendMessageA(LVM_ENSUREVISIBLE, static_cast<WPARAM>(row), partialOk) != 0;
+}
+
+void CListCtrl::Scroll(CSize size) {
+    OnList(m_hWnd, [&](ListState& list) { return ScrollBy(list, size), true; });
+}
+
+void CListCtrl::RedrawItems(int first, int last) {
+    OnList(m_hWnd, [&](ListState& list) {
+        return RepaintRows(list, first, std::min(last, list.rows.Size() - 1) + 1), true;
+    });
+}
+
+UINT CListCtrl::SetExtendedStyle(UINT style) {
+    return OnList(m_hWnd, [&](ListState& list) {
+        const UINT before = std::exchange(list.extendedStyle, style);
+        RepaintAll(list);
+        return before;
+    });
+}
+
+UINT CListCtrl::GetExtendedStyle() const {
+    return OnList(m_hWnd, [](ListState& list) { return list.extendedStyle; });
+}
+
+void CListCtrl::SetImageList(const CImageList* images) {
+    OnList(m_hWnd, [&](ListState& list) {
+        list.images = images;
+        RepaintAll(list);
+        UpdateExtent(list); // the rows may have another height
+        return true;
+    });
+}
+
+const CImageList* CListCtrl::GetImageList() const {
+    return OnList(m_hWnd, [](ListState& list) { return list.images; });
+}
+
+HWND CListCtrl::EditLabel(int row) {
+    return reinterpret_cast<HWND>(SendMessageA(LVM_EDITLABEL, static_cast<WPARAM>(row)));
+}
+
+HWND CListCtrl::GetEditControl() const {
+    return reinterpret_cast<HWND>(SendMessageA(LVM_GETEDITCONTROL));
+}
+
+void CListCtrl::CancelEditLabel() {
+    OnList(m_hWnd, [](ListState& list) { return EndLabelEdit(list, LabelEditEnd::Cancel), true; });
+}
+
+void CListCtrl::DrawItem(DRAWITEMSTRUCT*) {}
+
+bool CListCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    if (message != WM_DRAWITEM)
+        return CWnd::OnChildNotify(message, wParam, lParam, result);
+    DrawItem(reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
+    *result = 1;
+    return true;
+}
+
+} // namespace korvel

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "korvel/window/list/list_state.h"
+
+namespace korvel::internal {
+
+/// WM_KEYDOWN: tells LVN_KEYDOWN, then moves focus and selection or checks. False: no key of a list.
+bool PressKey(ListState& list, UINT key);
+/// WM_CHAR: goes on to the next row whose text begins with what was typed. False: not a text.
+bool TypeCharacter(ListState& list, char character);
+
+} // namespace korvel::internal

@@ -1,0 +1,109 @@
+#include "korvel/window/list/list_mouse.h"
+
+#include "korvel/window/list/list_geometry.h"
+#include "korvel/window/list/list_label_edit.h"
+#include "korvel/window/list/list_notify.h"
+#include "korvel/window/list/list_selection.h"
+
+#include <cstdlib>
+#include <utility>
+
+namespace korvel::internal {
+
+namespace {
+
+constexpr int DragDistance = 4; // pixels that the pointer moves before a press becomes a drag
+// The timer of the slow second click; out of the way of the ids that hosts use.
+constexpr std::uintptr_t LabelEditTimer = 0xFFFFFF01;
+constexpr unsigned LabelEditDelay = 500; // milliseconds: longer than a double click
+
+SelectionChange ChangeByFlags(UINT flags) {
+    if ((flags & MK_SHIFT) != 0)
+        return SelectionChange::Extend;
+    return (flags & MK_CONTROL) != 0 ? SelectionChange::Toggle : SelectionChange::Replace;
+}
+
+bool IsOnlySelected(const ListState& list, int row) {
+    return list.rows.SelectedCount() == 1 && list.rows.At(row).IsSelected() && list.focusRow == row;
+}
+
+// A press on a selected row keeps the others selected, because they might be dragged or get a menu; a
+// left release then selects the one row.
+void SelectByPress(ListState& list, UINT button, UINT flags, const ListHit& hit) {
+    const auto change = ChangeByFlags(flags);
+    if (change != SelectionChange::Replace && button == MK_LBUTTON)
+        return MoveSelection(list, hit.row, change);
+    if (!list.rows.At(hit.row).IsSelected())
+        return MoveSelection(list, hit.row, SelectionChange::Replace);
+    list.press.selectsAtRelease = button == MK_LBUTTON && list.rows.SelectedCount() > 1;
+    MoveSelection(list, hit.row, SelectionChange::MoveFocus);
+}
+
+void PressRow(ListState& list, UINT button, UINT flags, const ListHit& hit) {
+    if (button == MK_LBUTTON && hit.flags == LVHT_ONITEMSTATEICON)
+        return ToggleCheck(list, hit.row);
+    list.press.editsAtRelease = button == MK_LBUTTON && list.HasStyle(LVS_EDITLABELS) && hit.column == 0 &&
+                                hit.flags == LVHT_ONITEMLABEL && IsOnlySelected(list, hit.row) &&
+                                ChangeByFlags(flags) == SelectionChange::Replace;
+    SelectByPress(list, button, flags, hit);
+}
+
+void Press(ListState& list, UINT button, UINT flags, const ListHit& hit, CPoint point) {
+    KillTimer(list.Handle(), LabelEditTimer);
+    list.press = {button, point, hit.row, std::max(hit.column, 0)};
+    if (hit.row != NoRow)
+        PressRow(list, button, flags, hit);
+    else if (ChangeByFlags(flags) == SelectionChange::Replace)
+        DeselectOutside(list, 0, 0);
+}
+
+} // namespace
+
+void PressButton(ListState& list, UINT button, UINT flags, CPoint point) {
+    SetFocus(list.Handle()); // ends a label edit
+    Press(list, button, flags, HitTest(list, point), point);
+}
+
+void DoubleClick(ListState& list, UINT flags, CPoint point) {
+    const ListHit hit = HitTest(list, point);
+    Press(list, MK_LBUTTON, flags, hit, point);
+    list.press = {};
+    NotifyRow(list, NM_DBLCLK, hit.row, std::max(hit.column, 0), point);
+}
+
+void MovePointer(ListState& list, UINT flags, CPoint point) {
+    if (list.press.button == 0)
+        return;
+    if ((flags & list.press.button) == 0) {
+        list.press = {}; // released somewhere else
+        return;
+    }
+    const bool isFar = std::abs(point.x - list.press.point.x) >= DragDistance ||
+                       std::abs(point.y - list.press.point.y) >= DragDistance;
+    if (!isFar || list.press.button != MK_LBUTTON || list.press.row == NoRow)
+        return;
+    const ListPress press = std::exchange(list.press, {});
+    NotifyRow(list, LVN_BEGINDRAG, press.row, press.column, press.point);
+}
+
+bool ReleaseButton(ListState& list, UINT button, CPoint point) {
+    if (list.press.button != button)
+        return false;
+    const ListPress press = std::exchange(list.press, {});
+    if (press.selectsAtRelease && list.rows.Has(press.row))
+        MoveSelection(list, press.row, SelectionChange::Replace);
+    if (press.editsAtRelease && list.rows.Has(press.row))
+        SetTimer(list.Handle(), LabelEditTimer, LabelEditDelay);
+    return NotifyRow(list, button == MK_LBUTTON ? NM_CLICK : NM_RCLICK, press.row, press.column, point) != 0;
+}
+
+bool FireLabelEditTimer(ListState& list, std::uintptr_t id) {
+    if (id != LabelEditTimer)
+        return false;
+    KillTimer(list.Handle(), LabelEditTimer);
+    if (GetFocus() == list.Handle() && list.rows.Has(list.focusRow) && IsOnlySelected(list, list.focusRow))
+        BeginLabelEdit(list, list.focusRow);
+    return true;
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "korvel/window/list/list_state.h"
+
+/// Presses, releases and moves of the mouse over the rows.
+namespace korvel::internal {
+
+/// `button`: MK_LBUTTON or MK_RBUTTON; `flags`: MK_* as the message carries them.
+void PressButton(ListState& list, UINT button, UINT flags, CPoint point);
+void DoubleClick(ListState& list, UINT flags, CPoint point);
+void MovePointer(ListState& list, UINT flags, CPoint point);
+/// NM_CLICK or NM_RCLICK. True: the parent has answered the click.
+bool ReleaseButton(ListState& list, UINT button, CPoint point);
+/// The timer that begins a label edit by a second, slow click; false for the timer of somebody else.
+bool FireLabelEditTimer(ListState& list, std::uintptr_t id);
+
+} // namespace korvel::internal

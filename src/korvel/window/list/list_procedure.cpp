@@ -1,0 +1,163 @@
+#include "korvel/window/controls/control_procedures.h"
+#include "korvel/window/list/header_state.h"
+#include "korvel/window/list/list_geometry.h"
+#include "korvel/window/list/list_keyboard.h"
+#include "korvel/window/list/list_label_edit.h"
+#include "korvel/window/list/list_mouse.h"
+#include "korvel/window/list/list_notify.h"
+#include "korvel/window/list/list_paint.h"
+#include "korvel/window/list/list_rows.h"
+#include "korvel/window/list/list_scroll.h"
+#include "korvel/window/list/list_selection.h"
+
+#include <optional>
+
+namespace korvel::internal {
+
+namespace {
+
+// What the list did not act on goes on to the default of all windows.
+std::optional<LRESULT> AnsweredIf(bool handled) {
+    return handled ? std::optional<LRESULT>(0) : std::nullopt;
+}
+
+// Selected rows look different with and without the focus.
+LRESULT ChangeFocus(ListState& list, UINT notice) {
+    RepaintAll(list);
+    Notify(list, notice);
+    return 0;
+}
+
+std::optional<LRESULT> HandleMouse(ListState& list, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto flags = static_cast<UINT>(LOWORD(wParam));
+    const CPoint point = PointOf(lParam);
+    switch (message) {
+    case WM_LBUTTONDOWN:
+        return PressButton(list, MK_LBUTTON, flags, point), 0;
+    case WM_RBUTTONDOWN:
+        return PressButton(list, MK_RBUTTON, flags, point), 0;
+    case WM_LBUTTONDBLCLK:
+        return DoubleClick(list, flags, point), 0;
+    case WM_MOUSEMOVE:
+        return MovePointer(list, flags, point), 0;
+    case WM_LBUTTONUP:
+        return ReleaseButton(list, MK_LBUTTON, point), 0;
+    case WM_RBUTTONUP: // an answered click asks for no menu
+        return AnsweredIf(ReleaseButton(list, MK_RBUTTON, point));
+    case WM_MOUSEWHEEL:
+        return AnsweredIf(TurnWheel(list, static_cast<std::int16_t>(HIWORD(wParam))));
+    default:
+        return std::nullopt;
+    }
+}
+
+LRESULT SetItemState(ListState& list, int row, const LVITEMSTATE& change) {
+    if (row == NoRow)
+        return SetStateOfAll(list, change.state, change.stateMask);
+    return list.rows.Has(row) && SetState(list, row, change.state, change.stateMask);
+}
+
+LRESULT EnsureRowVisible(ListState& list, int row, bool partialOk) {
+    if (!list.rows.Has(row))
+        return 0;
+    EnsureVisible(list, row, partialOk ? Visibility::Part : Visibility::Whole);
+    return 1;
+}
+
+LRESULT DeleteRow(ListState& list, int row) {
+    if (!list.rows.Has(row))
+        return 0;
+    DeleteRows(list, row, row + 1, DeletionNotice::Told);
+    return 1;
+}
+
+std::optional<LRESULT> HandleListMessage(ListState& list, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto row = static_cast<int>(wParam);
+    switch (message) {
+    case LVM_GETITEMCOUNT:
+        return list.rows.Size();
+    case LVM_DELETEITEM:
+        return DeleteRow(list, row);
+    case LVM_DELETEALLITEMS:
+        return DeleteAllRows(list), 1;
+    case LVM_GETNEXTITEM:
+        return NextRow(list, row, static_cast<UINT>(lParam));
+    case LVM_ENSUREVISIBLE:
+        return EnsureRowVisible(list, row, lParam != 0);
+    case LVM_EDITLABEL:
+        return reinterpret_cast<LRESULT>(BeginLabelEdit(list, row));
+    case LVM_GETEDITCONTROL:
+        return reinterpret_cast<LRESULT>(list.labelEdit.window);
+    case LVM_GETCOLUMNWIDTH:
+        return list.columns.Has(row) ? list.columns[row].width : 0;
+    case LVM_SETITEMSTATE:
+        return lParam ? SetItemState(list, row, *reinterpret_cast<const LVITEMSTATE*>(lParam)) : 0;
+    case LVM_GETITEMSTATE:
+        return list.rows.Has(row) ? StateOf(list, row) & static_cast<UINT>(lParam) : 0;
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_CREATE:
+        CreateHeader(list);
+        return 0;
+    case WM_NCDESTROY: // whoever asks goes on without what the text source refers to
+        list.textSource = nullptr;
+        return std::nullopt;
+    case WM_SIZE:
+        list.toldClientSize = ClientSize(list);
+        UpdateExtent(list);
+        return 0;
+    case WM_STYLECHANGED:
+        RepaintAll(list);
+        UpdateExtent(list);
+        return 0;
+    case WM_ENABLE:
+        RepaintAll(list);
+        return 0;
+    case WM_SETREDRAW: {
+        const LRESULT result = DefWindowProcA(list.Handle(), message, wParam, lParam);
+        UpdateExtent(list);
+        return result;
+    }
+    case WM_PAINT:
+        PaintList(list, *reinterpret_cast<CDC*>(wParam));
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_SETFOCUS:
+        return ChangeFocus(list, NM_SETFOCUS);
+    case WM_KILLFOCUS:
+        return ChangeFocus(list, NM_KILLFOCUS);
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_KEYDOWN:
+        return AnsweredIf(PressKey(list, static_cast<UINT>(wParam)));
+    case WM_CHAR:
+        return AnsweredIf(TypeCharacter(list, static_cast<char>(wParam)));
+    case WM_VSCROLL:
+    case WM_HSCROLL:
+        HandleScrollBar(list, message, LOWORD(wParam));
+        return 0;
+    case WM_TIMER:
+        return AnsweredIf(FireLabelEditTimer(list, wParam));
+    default:
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+LRESULT ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const ControlOf<ListState> list(window); list) {
+        for (const auto handle : {HandleWindow, HandleMouse, HandleListMessage})
+            if (const auto answer = handle(*list, message, wParam, lParam))
+                return *answer;
+    }
+    return DefWindowProcA(window, message, wParam, lParam);
+}
+
+} // namespace korvel::internal

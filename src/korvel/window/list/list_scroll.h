@@ -1,0 +1,30 @@
+#pragma once
+
+#include "korvel/window/list/list_geometry.h"
+
+/// Which part of its content a list shows, and what of it is painted again.
+namespace korvel::internal {
+
+enum class Visibility { Whole, Part };
+
+/// Scrolls as far as there is content; tells the display and moves the header along.
+void ScrollTo(ListState& list, std::int64_t x, std::int64_t topRow);
+/// Pixels to the right; pixels down, of which whole rows count.
+void ScrollBy(ListState& list, CSize size);
+void EnsureVisible(ListState& list, int row, Visibility wanted);
+/// WM_VSCROLL and WM_HSCROLL.
+void HandleScrollBar(ListState& list, UINT message, UINT command);
+/// WM_MOUSEWHEEL; false when there is nothing to scroll.
+bool TurnWheel(ListState& list, int delta);
+
+/// To be called when rows, columns, size or style have changed: scrolls back into the content, sends
+/// WM_SIZE when a scroll bar came or went, places the header and tells the display. While redraw is off
+/// this waits until it is on again.
+void UpdateExtent(ListState& list);
+
+void RepaintAll(ListState& list);
+/// Rows that are not on screen paint nothing.
+void RepaintRows(ListState& list, int first, int last);
+void RepaintFrom(ListState& list, int row);
+
+} // namespace korvel::internal

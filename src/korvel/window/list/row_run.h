@@ -1,0 +1,51 @@
+#pragma once
+
+#include "korvel/window/base/types.h"
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace korvel {
+
+/// What a list keeps of one row: 24 bytes, and texts only where the row stores its own.
+struct RowRecord {
+    LPARAM data = 0;
+    /// Entry i belongs to column i. Null: the texts come from the list's text source.
+    std::unique_ptr<std::vector<CString>> texts;
+    std::int32_t image = -1;
+    std::uint32_t indent : 24 = 0;
+    bool checked : 1 = false;
+
+    bool IsSelected() const { return selected; }
+
+private:
+    friend class RowBlocks; // counts the selected rows
+    bool selected : 1 = false;
+};
+
+/// A run of rows, counted from 0, with a hole somewhere among them, as editors keep text: what is inserted or
+/// erased beside the place of the last change moves no other rows.
+class RowRun {
+public:
+    int Size() const { return m_size; }
+    const RowRecord& At(int row) const { return m_rows[row < m_hole ? row : row + m_holeSize]; }
+    RowRecord& At(int row) { return m_rows[row < m_hole ? row : row + m_holeSize]; }
+
+    /// Inserts `count` rows in front of row `row` (Size() appends). Their records are the caller's to set.
+    void Insert(int row, int count);
+    /// Erases the rows from `first` to before `last`.
+    void Erase(int first, int last);
+    /// Moves the rows of `other` from `first` on behind the own ones.
+    void Take(RowRun& other, int first);
+
+private:
+    void MoveHole(int row);
+
+    std::vector<RowRecord> m_rows; // with the hole
+    int m_size = 0;
+    int m_hole = 0; // the row behind it
+    int m_holeSize = 0;
+};
+
+} // namespace korvel

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "support/table.h"
+#include "korvel/window/controls/controls.h"
+#include "korvel/window/display/headless_display.h"
+#include "korvel/window/display/input.h"
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <utility>
+#include <vector>
+
+namespace korvel {
+
+using Codes = std::vector<UINT>;
+
+/// The parent of controls: keeps what they tell, and does at a notice what the test told it to.
+class ControlParent : public CWnd {
+public:
+    std::vector<unsigned> senders; // control ids
+    Codes codes;
+    std::function<void(UINT)> onNotice;
+
+    Codes Take() { return std::exchange(codes, {}); }
+
+protected:
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+        senders.push_back(LOWORD(wParam));
+        codes.push_back(HIWORD(wParam));
+        if (onNotice)
+            onNotice(HIWORD(wParam));
+        return CWnd::OnCommand(wParam, lParam);
+    }
+};
+
+class ControlTest : public testing::Test {
+protected:
+    void SetUp() override {
+        SetDisplay(&display);
+        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
+    }
+
+    HeadlessDisplay display;
+    ControlParent parent;
+};
+
+} // namespace korvel

@@ -1,0 +1,232 @@
+#pragma once
+
+#include "support/make_value.h"
+#include "korvel/grid/editable_grid.h"
+#include "korvel/values/group_presentation.h"
+#include "korvel/values/member_dispatch_imp.h"
+#include "korvel/values/observer_grid.h"
+#include "korvel/window/core/registered_messages.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+inline CVariantValue Number(EDataTyps type, double number) {
+    return MakeValue(type, number);
+}
+inline CVariantValue Whole(EDataTyps type, std::int32_t number) {
+    return MakeValue(type, number);
+}
+inline CVariantValue Word(EDataTyps type, std::uint32_t word) {
+    return MakeValue(type, word);
+}
+inline CVariantValue Flag(bool on) {
+    return MakeValue(DT_Bool, on);
+}
+inline CVariantValue Words(EDataTyps type, const std::string& text) {
+    return MakeValue(type, text);
+}
+inline CVariantValue Group(IMemberDispatch* object) {
+    return MakeValue(DT_Group, object);
+}
+
+/// An object of the host. Counts the writes that reach it, and misbehaves when told.
+class HostObject : public TMemberDispatchImp<HostObject> {
+    using Base = TMemberDispatchImp<HostObject>;
+
+public:
+    explicit HostObject(std::string ident = "object") : Base(std::move(ident)) { m_Options = DO_KeepOrder; }
+
+    HostObject& With(const std::string& name, const CVariantValue& value) {
+        AddMember(name, true, value);
+        return *this;
+    }
+
+    /// Removes all members.
+    void LetGo() {
+        std::list<std::string> names;
+        Base::GetMemberNames(names);
+        for (const std::string& name : names)
+            RemoveMember(name);
+    }
+
+    void GetMemberNames(std::list<std::string>& names) override {
+        if (throwsOn == "*")
+            throw std::runtime_error("no names");
+        Base::GetMemberNames(names);
+    }
+    bool GetMember(const std::string& name, CVariantValue& value) override {
+        if (name == throwsOn)
+            throw std::runtime_error("no value");
+        if (onRead)
+            onRead(name);
+        return Base::GetMember(name, value);
+    }
+    bool SetMember(const std::string& name, const CVariantValue& value) override {
+        ++writes;
+        if (onWrite)
+            onWrite(name, value);
+        return Base::SetMember(name, value);
+    }
+
+    int writes = 0;
+    std::string throwsOn; // a member's name; "*": the names
+    std::function<void(const std::string&)> onRead;
+    std::function<void(const std::string&, const CVariantValue&)> onWrite; // before the value is kept
+};
+
+/// The host's observer: writes down what it hears, objects by their names, and keeps the sinks.
+class RecordingObserver : public IObserverGrid {
+public:
+    virtual ~RecordingObserver() = default;
+    void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
+        log.push_back("+" + NameOf(disp) + (sink ? "" : " without sink"));
+        sinks[disp] = sink;
+    }
+    void RemoveSink(IMemberDispatch* disp, IObserverGridSink*) override {
+        log.push_back("-" + NameOf(disp));
+        sinks.erase(disp);
+    }
+    void OnChange(IMemberDispatch*, void*, const std::string&, const CVariantValue&) override {}
+    void OnRemove(IMemberDispatch*, void*, const std::string&) override {}
+    void OnRename(IMemberDispatch*, void*, const std::string&, const std::string&) override {}
+    void OnAdd(IMemberDispatch*, void*, const std::string&, const CVariantValue&) override {}
+    void OnChangeEditFlag(IMemberDispatch*, void*, const std::string&, const bool&) override {}
+    void OnChangeType(IMemberDispatch*, void*, const std::string&, EDataTyps, const CVariantValue&) override {
+    }
+
+    std::vector<std::string> Take() { return std::exchange(log, {}); }
+
+    std::vector<std::string> log;
+    std::map<IMemberDispatch*, IObserverGridSink*> sinks;
+
+private:
+    static std::string NameOf(IMemberDispatch* disp) { return disp ? disp->GetIdent() : "null"; }
+};
+
+/// Comes back to the grid with whatever it hears of an object that is no longer shown.
+class ReturningObserver final : public RecordingObserver {
+public:
+    void RemoveSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
+        RecordingObserver::RemoveSink(disp, sink);
+        sink->OnOperationAdd("late", Group(&late));
+        grid.Clear();
+        grid.Initialize(disp, "Name", "Value", 0);
+    }
+    HostObject late{"late"};
+    CEditableGrid grid{this, nullptr};
+};
+
+/// An enumeration with entries "entry 0" and so on, of which the value's Text names the selected one. It may
+/// be the presentation of a group at the same time.
+class HostEnumeration : public IEnumValue, public IGroupPresentation {
+public:
+    bool IsAutoDestroy() const override { return false; }
+    void Destroy() override {}
+    const EDataTyps& GetDataType() const override { return type; }
+    const std::uint32_t& GetEnumFlags() const override { return flags; }
+    long AddValue(const std::string&, const std::string&) override { return -1; }
+    void RemoveValue(long) override {}
+    bool GetName(long id, CVariantValue& name) override {
+        name = entries[static_cast<std::size_t>(id)];
+        return true;
+    }
+    bool SetName(long, const CVariantValue&) override { return false; }
+    EnumPosition GetFirstPosition() override { return entries.empty() ? nullptr : entries.data(); }
+    long GetNext(EnumPosition& position) override {
+        const auto* entry = static_cast<const CVariantValue*>(position);
+        const long id = entry - entries.data();
+        position = id + 1 < static_cast<long>(entries.size()) ? entries.data() + id + 1 : nullptr;
+        return id;
+    }
+    const CVariantValue* GetTemplate() const override { return nullptr; }
+    bool IsValue(long id, const CVariantValue&) override { return id == selected; }
+    void Select(long, CVariantValue&) override {}
+    void Deselect(long, CVariantValue&) override {}
+    const char* GetSeparator(bool) const override { return "/"; }
+
+    std::string GetPresentationText(const char* column) override {
+        return column ? std::string("in ") + column : "as text";
+    }
+    unsigned char GetPresentationKind() override { return kind; }
+    void OnPresentationClick() override {}
+
+    CVariantValue ListValue(EDataTyps listType) { return MakeList(listType, "", this); }
+
+    EDataTyps type = DT_String;
+    std::uint32_t flags = 0;
+    unsigned char kind = 1;
+    std::vector<CVariantValue> entries;
+    long selected = 0;
+};
+
+using Lines = std::vector<std::string>;
+
+/// A bare grid of the host that copies its infos, writes down its hooks, and refuses the one that it is told
+/// to.
+class HookedGrid : public CSuperGridCtrl {
+public:
+    BOOL OnNodeExpanding(CTreeItem* node, int row) override { return Hook("expanding", node, row); }
+    BOOL OnNodeExpanded(CTreeItem* node, int row) override { return Hook("expanded", node, row); }
+    BOOL OnNodeCollapsing(CTreeItem* node) override { return Hook("collapsing", node, node->row()); }
+    BOOL OnNodeCollapsed(CTreeItem* node) override { return Hook("collapsed", node, node->row()); }
+    BOOL OnRowDeleting(CTreeItem* node, int row) override { return Hook("deleting", node, row); }
+    BOOL OnExpandAllKey(CTreeItem* node, int row) override { return Hook("expand all", node, row); }
+    BOOL OnCollapseKey(CTreeItem* node, int row) override { return Hook("collapse key", node, row); }
+    BOOL OnExpandKey(CTreeItem* node, int row) override { return Hook("expand key", node, row); }
+    BOOL OnRowClick(LVHITTESTINFO& hit) override { return Hook("click", NodeAtRow(hit.iItem), hit.iItem); }
+    void OnControlLButtonDown(UINT, CPoint, LVHITTESTINFO& hit) override {
+        Hook("cell " + std::to_string(hit.iSubItem), NodeAtRow(hit.iItem), hit.iItem);
+    }
+
+    CItemInfo* CopyItemInfo(const CItemInfo* source) override { return new CItemInfo(*source); }
+
+    Lines Take() { return std::exchange(m_log, {}); }
+    std::string refused;
+
+private:
+    BOOL Hook(const std::string& name, const CTreeItem* node, int row) {
+        m_log.push_back(name + " " + node->info->text + " " + std::to_string(row));
+        return name != refused;
+    }
+    Lines m_log;
+};
+
+/// An attribute grid of the host that writes down the edits that clicks ask for, and draws flags of one name
+/// checked.
+class HostGrid : public CEditableGrid {
+public:
+    using CEditableGrid::CEditableGrid;
+    bool OnGetCheckState(IMemberDispatch*, const std::string& name, const CVariantValue&) override {
+        return name == "always";
+    }
+    std::string edits;
+
+protected:
+    void OnEdit(CItemInfo*, int row, int column, CPoint, IMemberDispatch* disp,
+                const CString& name) override {
+        edits +=
+            std::to_string(row) + ":" + std::to_string(column) + " " + disp->GetIdent() + "." + name + " ";
+    }
+};
+
+/// Answers which image a row gets, and writes down what it was asked.
+class ImageParent : public CWnd {
+public:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message != WM_GET_IMAGEINDEX)
+            return CWnd::WindowProc(message, wParam, lParam);
+        auto& question = *reinterpret_cast<SImageIndex*>(lParam);
+        asked.push_back(*question.name + std::to_string(question.index) + question.disp->GetIdent());
+        question.index += 40;
+        return 0;
+    }
+    Lines asked;
+};
+
+} // namespace korvel

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "support/scratch.h"
+#include "korvel/output/angle_output.h"
+#include "korvel/output/date_output.h"
+#include "korvel/output/format_persistence.h"
+#include "korvel/output/number_output.h"
+#include "korvel/output/system_formats.h"
+#include "korvel/platform/regional_settings.h"
+#include "korvel/platform/settings_store.h"
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <vector>
+
+namespace korvel {
+
+/// Counts the changes that a service tells of, as long as it lives.
+class CountingSink final : public IFormatSink {
+public:
+    CountingSink(
+        CFormatNotification& notification, std::function<void()> reaction = [] {})
+        : m_notification(notification), m_reaction(std::move(reaction)) {
+        m_notification.AddSink(this);
+    }
+    CountingSink(
+        EFormatService service, std::function<void()> reaction = [] {})
+        : CountingSink(NotificationOf(service), std::move(reaction)) {}
+    CountingSink(const CountingSink&) = delete;
+    CountingSink& operator=(const CountingSink&) = delete;
+    ~CountingSink() { m_notification.RemoveSink(this); }
+    void OnFormatChanged(EFormatService) override {
+        ++count;
+        m_reaction();
+    }
+    int count = 0;
+
+private:
+    CFormatNotification& m_notification;
+    std::function<void()> m_reaction;
+};
+
+/// A machine with German regional settings, stores of its own, and services that all follow these settings.
+class GermanMachine : public ::testing::Test {
+protected:
+    GermanMachine() {
+        platform::UseLocale("de-DE");
+        FollowSystemAgain();
+    }
+    ~GermanMachine() override {
+        FollowSystemAgain();
+        platform::UseLocale("");
+    }
+
+    /// What the user sets in the regional settings, and the host then tells of.
+    void SetRegional(const std::string& name, const std::string& text) {
+        const char* key = "Control Panel\\International";
+        platform::CreateKey(platform::SettingsRoot::User, key);
+        platform::WriteSetting(platform::SettingsRoot::User, key, name, platform::SettingValue::Text(text));
+        Fire_OnSystemChanged(nullptr, nullptr);
+    }
+
+private:
+    static void FollowSystemAgain() {
+        ResetFormatStates();
+        Fire_OnSystemChanged(nullptr, nullptr);
+    }
+
+    platform::ScratchStore m_store;
+};
+
+/// The German format with this many digits.
+inline CNumberFormat GermanFormat(std::uint32_t digits) {
+    CNumberFormat format = SystemNumberFormat(ESystemFormat::Float);
+    format.NumDigits = digits;
+    return format;
+}
+
+} // namespace korvel

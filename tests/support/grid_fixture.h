@@ -1,0 +1,149 @@
+#pragma once
+
+#include "support/fakes.h"
+#include "support/german_machine.h"
+#include "korvel/window/display/headless_display.h"
+#include "korvel/window/display/input.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+inline CPoint MiddleOf(const CRect& rect) {
+    return {rect.left + rect.Width() / 2, rect.top + rect.Height() / 2};
+}
+
+/// What one painting of a window drew.
+struct Picture {
+    std::vector<PaintCall> calls;
+
+    /// The colour that lies last at a point.
+    COLORREF At(CPoint place) const {
+        COLORREF color = 0xFFFFFFFF;
+        for (const PaintCall& call : calls)
+            if (call.kind == PaintCall::Kind::Fill && call.rect.PtInRect(place))
+                color = call.color;
+        return color;
+    }
+    /// Null: it was not drawn.
+    const PaintCall* FindText(const std::string& text) const {
+        const auto found = std::find_if(calls.begin(), calls.end(), [&](const PaintCall& call) {
+            return call.kind == PaintCall::Kind::Text && call.text == text;
+        });
+        return found == calls.end() ? nullptr : &*found;
+    }
+    /// How many calls of a kind begin within an area.
+    int Count(PaintCall::Kind kind, const CRect& area) const {
+        return static_cast<int>(std::count_if(calls.begin(), calls.end(), [&](const PaintCall& call) {
+            return call.kind == kind && area.PtInRect(call.rect.TopLeft());
+        }));
+    }
+};
+
+/// A frame with room for a grid of 300 by 224 pixels: the header takes 24, a row 20, so that ten rows are on
+/// screen; and two objects of the host to begin with.
+class GridWindows {
+    std::vector<std::unique_ptr<HostObject>> m_objects;
+
+protected:
+    using CTreeItem = CSuperGridCtrl::CTreeItem;
+
+    GridWindows() {
+        SetDisplay(&display);
+        frame.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
+    }
+    ~GridWindows() {
+        SetDisplay(nullptr);
+        for (auto& object : m_objects)
+            object->LetGo(); // they may hold each other
+    }
+
+    void Make(CSuperGridCtrl& grid, UINT style = 0) {
+        grid.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL | LVS_OWNERDRAWFIXED | style,
+                    {0, 0, 300, 224}, &frame, 105);
+    }
+    /// A bare grid with the columns "Name" and "Value", 150 pixels each.
+    void MakeBare(CSuperGridCtrl& grid) {
+        Make(grid);
+        grid.InsertColumn(0, "Name", 150);
+        grid.InsertColumn(1, "Value", 150);
+    }
+
+    static int Middle(int row) { return 24 + row * 20 + 10; }
+    static CPoint Sign(int row, int depth) { return {(depth - 1) * 16 + 8, Middle(row)}; }
+    static CPoint Label(int row) { return {100, Middle(row)}; }
+    static CPoint Value(int row) { return {200, Middle(row)}; }
+
+    static void Press(CSuperGridCtrl& grid, UINT key) { input::Key(grid.m_hWnd, WM_KEYDOWN, key, ""); }
+    static void Click(CSuperGridCtrl& grid, CPoint point, UINT message = WM_LBUTTONDOWN) {
+        input::Mouse(grid.m_hWnd, message, MK_LBUTTON, point);
+        input::Mouse(grid.m_hWnd, WM_LBUTTONUP, 0, point);
+    }
+    static void Select(CSuperGridCtrl& grid, int row) {
+        grid.SetFocus();
+        grid.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    }
+    static int SelectedRow(const CSuperGridCtrl& grid) { return grid.GetNextItem(-1, LVNI_SELECTED); }
+
+    static CItemInfo* Info(std::string text, std::vector<std::string> cells = {}) {
+        auto* info = new CItemInfo;
+        info->text = std::move(text);
+        for (auto& cell : cells)
+            info->SetSubItem(info->GetSubItemCount(), std::move(cell));
+        return info;
+    }
+
+    /// A node of a bare grid, under no other one a root.
+    static CTreeItem* Add(CSuperGridCtrl& grid, CTreeItem* parent, std::string text,
+                          std::vector<std::string> cells = {}, int position = -1) {
+        CItemInfo* info = Info(std::move(text), std::move(cells));
+        return parent ? grid.AddChildNode(parent, info, 1, &position) : grid.AddRootNode(info, &position);
+    }
+
+    /// The rows as text: blanks for the depth, then the cells.
+    static std::vector<std::string> Rows(const CSuperGridCtrl& grid) {
+        std::vector<std::string> rows;
+        for (int row = 0; row < grid.GetItemCount(); ++row) {
+            std::string line(static_cast<std::size_t>(grid.GetItemIndent(row) - 1), ' ');
+            for (int column = 0; column < grid.GetColumnCount(); ++column)
+                line += (column ? "|" : "") + grid.GetItemText(row, column);
+            rows.push_back(line);
+        }
+        return rows;
+    }
+
+    /// An object that outlives the grids of the test.
+    HostObject& Object(std::string ident = "object") {
+        m_objects.push_back(std::make_unique<HostObject>(std::move(ident)));
+        return *m_objects.back();
+    }
+
+    HeadlessDisplay display;
+    CWnd frame;
+    HostObject& root = Object("root");
+    HostObject& point = Object("point");
+};
+
+class GridTest : public testing::Test, protected GridWindows {};
+
+/// A bound grid under German regional settings.
+class BoundGridTest : public GermanMachine, protected GridWindows {
+protected:
+    BoundGridTest() { Make(grid); }
+
+    void Bind(IMemberDispatch& object) { grid.Initialize(&object, "Name", "Value", 0); }
+    void BindAndExpand() {
+        Bind(root);
+        grid.ExpandAll();
+        observer.Take();
+    }
+    IObserverGridSink& SinkOf(IMemberDispatch& object) { return *observer.sinks.at(&object); }
+
+    RecordingObserver observer;
+    CEditableGrid grid{&observer, nullptr};
+};
+
+} // namespace korvel
