@@ -1,8 +1,8 @@
 // The drop-down tree list beside QTreeWidget: 100 entries in each group, check boxes on groups and entries.
 
 #include "korvel/editors/combo_list.h"
-#include "measure.h"
 #include "korvel/window/display/headless_display.h"
+#include "measure.h"
 
 #include <QApplication>
 #include <QTreeWidget>
@@ -118,9 +118,8 @@ void MeasureTreeWidget(const ManyEntries& entries, long count) {
     bench::Write("combo check all", count, "QTreeWidget", "ms", bench::MedianOf([&] {
                      state = state == Qt::Checked ? Qt::Unchecked : Qt::Checked;
                      return 1e3 * bench::CpuSecondsOf([&] {
-                                for (int group = 0; group < tree.topLevelItemCount(); ++group) {
+                                for (int group = 0; group < tree.topLevelItemCount(); ++group)
                                     tree.topLevelItem(group)->setCheckState(0, state);
-                                }
                             });
                  }));
 }

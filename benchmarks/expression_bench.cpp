@@ -1,7 +1,7 @@
 // From a fresh text to its value, against fparser and muParser; the parser objects are reused.
 
-#include "measure.h"
 #include "korvel/parser/numeric_parser.h"
+#include "measure.h"
 
 #include <fparser.hh>
 #include <muParser.h>
@@ -11,13 +11,11 @@ namespace {
 
 std::string LongExpression() {
     std::string text = "1";
-    for (int i = 1; text.size() < 195; ++i) {
+    for (int i = 1; text.size() < 195; ++i)
         text += (i % 3 == 0 ? "*" : i % 3 == 1 ? "+" : "-") + std::string("(") + std::to_string(i) + ".5/2)";
-    }
     text.resize(text.rfind(')') + 1);
-    while (text.size() < 200) {
+    while (text.size() < 200)
         text += text.size() % 2 == 0 ? "+1" : "*1";
-    }
     return text;
 }
 

@@ -17,9 +17,8 @@ public:
     LiveGroup(std::string ident, int members, int seed) : m_ident(std::move(ident)) {
         m_Options = korvel::DO_KeepOrder;
         m_values.reserve(static_cast<std::size_t>(members));
-        for (int i = 0; i < members; ++i) {
+        for (int i = 0; i < members; ++i)
             m_values.push_back(seed * 1000.0 + i * 1.2345);
-        }
     }
 
     static std::string NameOf(int member) { return "m" + std::to_string(member); }
@@ -29,9 +28,8 @@ public:
     const std::string& GetIdent() const override { return m_ident; }
     void GetMemberNames(std::list<std::string>& names) override {
         names.clear();
-        for (int i = 0; i < Count(); ++i) {
+        for (int i = 0; i < Count(); ++i)
             names.push_back(NameOf(i));
-        }
     }
     bool GetMemberType(const std::string& name, korvel::EDataTyps& type) override {
         type = korvel::DT_Double;
@@ -41,9 +39,8 @@ public:
     bool SetMemberEditable(const std::string&, const bool&) override { return false; }
     bool GetMember(const std::string& name, korvel::CVariantValue& value) override {
         const double* number = Find(name);
-        if (!number) {
+        if (!number)
             return false;
-        }
         value = {};
         value.Type = korvel::DT_Double;
         value.Value.Double = *number;
@@ -51,9 +48,8 @@ public:
     }
     bool SetMember(const std::string& name, const korvel::CVariantValue& value) override {
         double* number = Find(name);
-        if (number) {
+        if (number)
             *number = value.Value.Double;
-        }
         return number != nullptr;
     }
     bool AddMember(const std::string&, bool, const korvel::CVariantValue&) override { return false; }
@@ -87,15 +83,13 @@ public:
 
     void GetMemberNames(std::list<std::string>& names) override {
         names.clear();
-        for (const auto& group : m_groups) {
+        for (const auto& group : m_groups)
             names.push_back(group->GetIdent());
-        }
     }
     bool GetMember(const std::string& name, korvel::CVariantValue& value) override {
         const auto index = static_cast<std::size_t>(std::atoi(name.c_str() + sizeof("group")));
-        if (index >= m_groups.size()) {
+        if (index >= m_groups.size())
             return false;
-        }
         value = {};
         value.Type = korvel::DT_Group;
         value.Value.Dispatch = m_groups[index].get();

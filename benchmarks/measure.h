@@ -42,17 +42,14 @@ inline double MedianOf(const std::function<double()>& run) {
 inline double NanosecondsPerCall(const std::function<void()>& call) {
     long calls = 1;
     while (CpuSecondsOf([&] {
-               for (long i = 0; i < calls; ++i) {
+               for (long i = 0; i < calls; ++i)
                    call();
-               }
-           }) < 0.05) {
+           }) < 0.05)
         calls *= 2;
-    }
     return MedianOf([&] {
         return 1e9 / static_cast<double>(calls) * CpuSecondsOf([&] {
-                   for (long i = 0; i < calls; ++i) {
+                   for (long i = 0; i < calls; ++i)
                        call();
-                   }
                });
     });
 }

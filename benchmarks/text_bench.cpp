@@ -1,8 +1,8 @@
 // Number and date text under German formats against fmt, QLocale, ICU and strftime.
 
-#include "measure.h"
 #include "korvel/output/date_output.h"
 #include "korvel/output/number_output.h"
+#include "measure.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -74,7 +74,8 @@ void Dates() {
     const auto next = [&] { return day = day > 50000 ? 44000.25 : day + 1; };
     korvel::SetDateCurrentFormatString(true, "%A, %#d. %B %Y");
 
-    write("ours", [&] { bench::Keep(korvel::DatetoString(next())); });
+    write(
+        "ours", [&] { bench::Keep(korvel::DatetoString(next())); });
     const auto secondsOf = [](double date) { return static_cast<std::time_t>((date - 25569) * 86400); };
     write("strftime", [&] {
         const std::time_t time = secondsOf(next());

@@ -3,8 +3,8 @@
 #include "korvel/grid/editable_grid.h"
 #include "korvel/qt/embed.h"
 #include "korvel/qt/qt_display.h"
-#include "tree_scenario.h"
 #include "korvel/window/display/display.h"
+#include "tree_scenario.h"
 
 #include <QAbstractItemModel>
 #include <QApplication>
@@ -138,21 +138,18 @@ public:
         return child.internalId() == 0 ? QModelIndex() : createIndex(GroupOf(child), 0);
     }
     int rowCount(const QModelIndex& parent) const override {
-        if (!parent.isValid()) {
+        if (!parent.isValid())
             return static_cast<int>(m_groups.size());
-        }
         return parent.internalId() != 0 || parent.column() != 0
                    ? 0
                    : static_cast<int>(Of(parent.row()).names.size());
     }
     int columnCount(const QModelIndex&) const override { return 2; }
     QVariant data(const QModelIndex& index, int role) const override {
-        if (role != Qt::DisplayRole) {
+        if (role != Qt::DisplayRole)
             return {};
-        }
-        if (index.internalId() == 0) {
+        if (index.internalId() == 0)
             return index.column() == 0 ? QVariant(Of(index.row()).name) : QVariant();
-        }
         const Group& group = Of(GroupOf(index));
         const auto row = static_cast<std::size_t>(index.row());
         return index.column() == 0 ? group.names[row] : group.values[row];
@@ -216,8 +213,10 @@ int main(int argc, char** argv) {
     korvel::SetDisplay(&display);
     for (int i = 1; i < argc; ++i) {
         const long n = std::atol(argv[i]);
-        bench::MeasureTree("ours", n, [] { return std::make_unique<GridTree>(); });
-        bench::MeasureTree("QTreeWidget", n, [] { return std::make_unique<TreeWidgetTree>(); });
+        bench::MeasureTree(
+            "ours", n, [] { return std::make_unique<GridTree>(); });
+        bench::MeasureTree(
+            "QTreeWidget", n, [] { return std::make_unique<TreeWidgetTree>(); });
         bench::MeasureTree("QTreeView", n, [] { return std::make_unique<TreeViewTree>(); });
     }
     korvel::SetDisplay(nullptr);

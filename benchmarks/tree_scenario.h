@@ -46,14 +46,12 @@ inline void MeasureTree(const char* subject, long n, const std::function<std::un
     LiveRoot root(kGroups, static_cast<int>(n));
     const int updates = static_cast<int>(std::min<long>(n, kUpdates));
     std::vector<int> inOrder(static_cast<std::size_t>(updates));
-    for (int i = 0; i < updates; ++i) {
+    for (int i = 0; i < updates; ++i)
         inOrder[static_cast<std::size_t>(i)] = i / (updates / kGroups) + i % (updates / kGroups) * kGroups;
-    }
     std::vector<int> random(static_cast<std::size_t>(updates));
     std::mt19937 engine(7);
-    for (int& index : random) {
+    for (int& index : random)
         index = static_cast<int>(engine() % static_cast<unsigned>(n));
-    }
 
     // All runs in one process, for every tree and every n alike: what the first one pays for memory that the
     // process did not have before falls out of the median.
@@ -68,17 +66,22 @@ inline void MeasureTree(const char* subject, long n, const std::function<std::un
         figures["memory"][run] = (HeapBytes() - before) / static_cast<double>(n);
         measure("expand all", 1, [&] { tree->ExpandAll(); });
         tree->Paint();
-        measure("paint", 1, [&] { tree->Paint(); });
-        measure("update in order", updates, [&] { UpdateMembers(*tree, root, inOrder); });
-        measure("update random", updates, [&] { UpdateMembers(*tree, root, random); });
-        measure("collapse all", 1, [&] { tree->CollapseAll(); });
-        measure("open group", 1, [&] { tree->OpenGroup(kGroups / 2); });
-        measure("close group", 1, [&] { tree->CloseGroup(kGroups / 2); });
+        measure(
+            "paint", 1, [&] { tree->Paint(); });
+        measure(
+            "update in order", updates, [&] { UpdateMembers(*tree, root, inOrder); });
+        measure(
+            "update random", updates, [&] { UpdateMembers(*tree, root, random); });
+        measure(
+            "collapse all", 1, [&] { tree->CollapseAll(); });
+        measure(
+            "open group", 1, [&] { tree->OpenGroup(kGroups / 2); });
+        measure(
+            "close group", 1, [&] { tree->CloseGroup(kGroups / 2); });
         measure("clear", 1, [&] { tree->Clear(); });
     }
-    for (const auto& [operation, runs] : figures) {
+    for (const auto& [operation, runs] : figures)
         Write(operation.c_str(), n, subject, operation == "memory" ? "bytes a member" : "us", Median(runs));
-    }
 }
 
 } // namespace bench

@@ -66,9 +66,8 @@ public:
 
 private:
     static void Wait() {
-        while (wxTheApp->Pending()) {
+        while (wxTheApp->Pending())
             wxTheApp->Dispatch();
-        }
         wxTheApp->ProcessIdle();
     }
 
@@ -87,8 +86,9 @@ public:
         wxEventLoop loop;
         const wxEventLoopActivator active(&loop);
         for (int i = 1; i < argc; ++i) {
-            bench::MeasureTree("wxPropertyGrid", std::atol(argv[i].utf8_str()),
-                               [] { return std::make_unique<PropertyGridTree>(); });
+            bench::MeasureTree(
+                "wxPropertyGrid", std::atol(argv[i].utf8_str()),
+                [] { return std::make_unique<PropertyGridTree>(); });
         }
         return 0;
     }

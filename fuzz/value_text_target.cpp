@@ -60,10 +60,9 @@ std::string WithoutLeadingZeros(const std::string& digits) {
 
 std::string DigitsOf(const std::string& text) {
     std::string digits;
-    for (const char byte : text) {
+    for (const char byte : text)
         if (byte >= '0' && byte <= '9')
             digits += byte;
-    }
     return digits;
 }
 

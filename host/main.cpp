@@ -1,7 +1,7 @@
 #include "desktop/desktop_run.h"
+#include "korvel/platform/code_page.h"
 #include "program/list_writer.h"
 #include "program/options.h"
-#include "korvel/platform/code_page.h"
 #include "program/run_settings.h"
 #include "source/source_error.h"
 

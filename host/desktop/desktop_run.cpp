@@ -41,10 +41,9 @@ std::string PictureBeside(const std::string& file) {
 void ExpandAsAsked(GridPane& pane, const Options& options) {
     if (options.expandAll)
         pane.ExpandAll();
-    for (const std::string& path : options.expand) {
+    for (const std::string& path : options.expand)
         if (!pane.Expand(platform::FromUtf8(path).text))
             throw UsageError("--expand: there is no '" + path + "'");
-    }
 }
 
 void WritePicture(InspectorWindow& window, const Options& options, const std::string& path) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "desktop/closed_combo.h"
-#include "landxml/document_lists.h"
 #include "korvel/window/controls/controls.h"
+#include "landxml/document_lists.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "source/element_tree.h"
-#include "landxml/landxml_enumeration.h"
 #include "korvel/values/group_presentation.h"
+#include "landxml/landxml_enumeration.h"
+#include "source/element_tree.h"
 
 namespace korvel::inspector {
 

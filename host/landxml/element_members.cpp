@@ -1,7 +1,7 @@
 #include "landxml/element_members.h"
 
-#include "source/blanks.h"
 #include "landxml/number_reading.h"
+#include "source/blanks.h"
 
 #include <algorithm>
 #include <array>

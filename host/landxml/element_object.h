@@ -1,7 +1,7 @@
 #pragma once
 
-#include "source/element_tree.h"
 #include "korvel/values/member_dispatch.h"
+#include "source/element_tree.h"
 
 namespace korvel::inspector {
 

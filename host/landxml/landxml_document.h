@@ -1,10 +1,10 @@
 #pragma once
 
 #include "landxml/alignment_presentation.h"
-#include "source/document_reader.h"
 #include "landxml/element_members.h"
 #include "landxml/element_object.h"
 #include "landxml/member_table.h"
+#include "source/document_reader.h"
 
 #include <array>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "landxml/landxml_enumeration.h"
 
-#include "source/blanks.h"
 #include "landxml/enum_position.h"
+#include "source/blanks.h"
 
 #include <algorithm>
 
@@ -141,8 +141,8 @@ std::vector<EnumerationUse> MakeUses() {
 Enumeration::Enumeration(std::string_view words) : m_words(SplitAtBars(words)) {}
 
 bool Enumeration::Holds(std::string_view text) const {
-    return std::any_of(m_words.begin(), m_words.end(),
-                       [&](const std::string& word) { return Trim(word) == Trim(text); });
+    return std::any_of(
+        m_words.begin(), m_words.end(), [&](const std::string& word) { return Trim(word) == Trim(text); });
 }
 
 CVariantValue Enumeration::Selected(std::string text) {

@@ -1,7 +1,7 @@
 #include "landxml/landxml_units.h"
 
-#include "source/blanks.h"
 #include "landxml/number_reading.h"
+#include "source/blanks.h"
 
 #include <algorithm>
 #include <numbers>

@@ -16,10 +16,12 @@ void Mark(std::string& marks, long id, char mark) {
 
 // What a word may hold to be part of a file's name on every system, and to stay in its folder.
 bool IsFileName(const std::string& word) {
-    return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == ' ' ||
-               c == '-' || c == '_';
-    });
+    return !word.empty() && std::all_of(
+                                word.begin(), word.end(),
+                                [](char c) {
+                                    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+                                           (c >= '0' && c <= '9') || c == ' ' || c == '-' || c == '_';
+                                });
 }
 
 } // namespace

@@ -118,8 +118,8 @@ std::optional<Member> MemberTable::Find(const std::string& name) const {
 }
 
 std::string MemberTable::NameOfChild(ElementIndex child) const {
-    const auto children =
-        std::partition_point(m_members.begin(), m_members.end(), [](const Member& m) { return !IsChild(m); });
+    const auto children = std::partition_point(
+        m_members.begin(), m_members.end(), [](const Member& m) { return !IsChild(m); });
     const auto found = std::lower_bound(children, m_members.end(), child,
                                         [](const Member& m, ElementIndex c) { return m.place < c; });
     return NameAt(static_cast<std::size_t>(found - m_members.begin()));

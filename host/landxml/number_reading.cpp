@@ -1,7 +1,7 @@
 #include "landxml/number_reading.h"
 
-#include "source/blanks.h"
 #include "korvel/platform/calendar.h"
+#include "source/blanks.h"
 
 #include <algorithm>
 #include <charconv>

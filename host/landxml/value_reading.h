@@ -1,10 +1,10 @@
 #pragma once
 
+#include "korvel/values/file_value.h"
+#include "korvel/values/variant_value.h"
 #include "landxml/landxml_types.h"
 #include "landxml/landxml_units.h"
 #include "source/source_text.h"
-#include "korvel/values/file_value.h"
-#include "korvel/values/variant_value.h"
 
 #include <string>
 

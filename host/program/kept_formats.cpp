@@ -53,10 +53,9 @@ void Apply(const FormatChoice& choice) {
         if (choice.grouping)
             SetGrouping(access, *choice.grouping);
     }
-    if (choice.grouping) {
+    if (choice.grouping)
         for (const FormatAccess& access : WholeNumbers)
             SetGrouping(access, *choice.grouping);
-    }
 }
 
 /// A name beside `file` that nothing has yet.

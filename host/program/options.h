@@ -1,7 +1,7 @@
 #pragma once
 
-#include "landxml/landxml_document.h"
 #include "korvel/platform/error.h"
+#include "landxml/landxml_document.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,10 +1,10 @@
 #include "program/run_settings.h"
 
-#include "program/kept_formats.h"
 #include "korvel/platform/regional_settings.h"
 #include "korvel/platform/user_folders.h"
-#include "setup/machine_language.h"
 #include "korvel/values/text_table.h"
+#include "program/kept_formats.h"
+#include "setup/machine_language.h"
 
 namespace korvel::inspector {
 

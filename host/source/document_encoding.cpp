@@ -1,8 +1,8 @@
 #include "source/document_encoding.h"
 
-#include "source/blanks.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/utf8.h"
+#include "source/blanks.h"
 #include "source/source_error.h"
 
 #include <algorithm>

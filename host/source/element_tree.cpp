@@ -14,7 +14,7 @@ std::string_view LocalPart(std::string_view name) {
 // The offset behind the comments, sections and characters from `begin` on: where the next tag is.
 std::size_t EndOfCharacters(std::string_view source, std::size_t begin) {
     SourceScanner scanner(source, begin);
-    while (!scanner.AtEnd()) {
+    while (!scanner.AtEnd())
         if (scanner.IsAt("<!--"))
             scanner.Comment();
         else if (scanner.IsAt("<![CDATA["))
@@ -25,7 +25,6 @@ std::size_t EndOfCharacters(std::string_view source, std::size_t begin) {
             break;
         else
             scanner.CharacterData();
-    }
     return scanner.Position();
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "source/element_tree.h"
 #include "korvel/platform/code_page.h"
+#include "source/element_tree.h"
 
 #include <cstddef>
 #include <string>

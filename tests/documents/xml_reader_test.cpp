@@ -1,6 +1,6 @@
-#include "support/scratch.h"
 #include "korvel/documents/xml_reader.h"
 #include "korvel/platform/error.h"
+#include "support/scratch.h"
 
 #include <fstream>
 #include <gtest/gtest.h>

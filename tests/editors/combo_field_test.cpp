@@ -1,7 +1,7 @@
-#include "support/combo_fixture.h"
 #include "korvel/editors/combo_list_hook.h"
 #include "korvel/editors/grid_ctrl_combo_box_button.h"
 #include "korvel/editors/grid_ctrl_combo_box_edit.h"
+#include "support/combo_fixture.h"
 
 namespace korvel {
 namespace {

@@ -1,5 +1,5 @@
-#include "support/combo_fixture.h"
 #include "korvel/values/member_dispatch_imp.h"
+#include "support/combo_fixture.h"
 
 namespace korvel {
 namespace {

@@ -1,5 +1,5 @@
-#include "support/fakes.h"
 #include "korvel/grid/member_index.h"
+#include "support/fakes.h"
 
 #include <gtest/gtest.h>
 #include <map>

@@ -1,6 +1,6 @@
-#include "support/german_machine.h"
 #include "landxml/document_lists.h"
 #include "landxml/landxml_document.h"
+#include "support/german_machine.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

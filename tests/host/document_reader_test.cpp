@@ -1,9 +1,9 @@
-#include "support/scratch.h"
 #include "source/blanks.h"
 #include "source/document_reader.h"
 #include "source/source_error.h"
 #include "source/source_file.h"
 #include "source/source_text.h"
+#include "support/scratch.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
@@ -246,9 +246,8 @@ TEST(SourceFile, TellsWhatCannotBeRead) {
               path +
                   ": line 2, position 4: the document ends inside the element 'b', which begins in line 2");
     chmod(path.c_str(), 0);
-    if (geteuid() != 0) { // who may read everything
+    if (geteuid() != 0) // who may read everything
         EXPECT_EQ(ReasonOf(path), path + ": no permission to read it");
-    }
     const std::string pipe = folder.Path() / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(ReasonOf(pipe), pipe + ": is not a regular file") << "and nobody waited for a writer";

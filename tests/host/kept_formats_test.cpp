@@ -1,5 +1,5 @@
-#include "support/german_machine.h"
 #include "program/kept_formats.h"
+#include "support/german_machine.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

@@ -1,7 +1,7 @@
-#include "support/german_machine.h"
 #include "landxml/landxml_document.h"
 #include "program/list_writer.h"
 #include "source/source_file.h"
+#include "support/german_machine.h"
 
 #include <fstream>
 #include <gmock/gmock.h>

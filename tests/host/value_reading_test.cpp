@@ -1,7 +1,7 @@
-#include "source/document_reader.h"
 #include "landxml/landxml_scopes.h"
 #include "landxml/number_reading.h"
 #include "landxml/value_reading.h"
+#include "source/document_reader.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -133,9 +133,8 @@ TEST(AnglesInMinutesAndSeconds, AreReadFromTheirDigits) {
         SCOPED_TRACE(c.text);
         const std::optional<double> radians = RadiansOf(c.text, AngleUnit::DegreesMinutesSeconds);
         ASSERT_EQ(radians.has_value(), c.degrees == c.degrees);
-        if (radians) {
+        if (radians)
             EXPECT_NEAR(*radians, c.degrees * std::numbers::pi / 180, 1e-12);
-        }
     }
 }
 

@@ -1,8 +1,8 @@
-#include "support/scratch.h"
 #include "desktop/inspector_window.h"
 #include "korvel/qt/qt_display.h"
-#include "source/source_error.h"
 #include "korvel/values/text_table.h"
+#include "source/source_error.h"
+#include "support/scratch.h"
 
 #include <QApplication>
 #include <QDropEvent>

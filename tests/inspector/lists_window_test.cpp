@@ -1,8 +1,8 @@
-#include "support/scratch.h"
 #include "desktop/lists_window.h"
-#include "landxml/landxml_document.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/values/text_table.h"
+#include "landxml/landxml_document.h"
+#include "support/scratch.h"
 
 #include <QApplication>
 #include <QCheckBox>

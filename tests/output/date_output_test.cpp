@@ -1,5 +1,5 @@
-#include "support/german_machine.h"
 #include "korvel/output/date_picture.h"
+#include "support/german_machine.h"
 
 #include <clocale>
 #include <limits>

@@ -1,7 +1,7 @@
-#include "support/german_machine.h"
 #include "korvel/output/format_subscription.h"
 #include "korvel/output/system_change.h"
 #include "korvel/platform/error.h"
+#include "support/german_machine.h"
 
 #include <functional>
 #include <memory>
@@ -16,11 +16,13 @@ TEST(FormatNotification, SinksComeAndGoWhileItFires) {
     CountingSink late(notification);
     notification.RemoveSink(&late);
     IFormatSink* second = nullptr;
-    CountingSink first(notification, [&] {
-        notification.RemoveSink(second);
-        notification.RemoveSink(&first);
-        notification.AddSink(&late);
-    });
+    CountingSink first(
+        notification,
+        [&] {
+            notification.RemoveSink(second);
+            notification.RemoveSink(&first);
+            notification.AddSink(&late);
+        });
     CountingSink removed(notification, [] { ADD_FAILURE(); });
     second = &removed;
     notification.AddSink(nullptr);

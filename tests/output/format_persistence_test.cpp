@@ -1,6 +1,6 @@
-#include "support/german_machine.h"
 #include "korvel/output/format_persistence.h"
 #include "korvel/platform/error.h"
+#include "support/german_machine.h"
 
 #include <fstream>
 #include <random>

@@ -1,6 +1,6 @@
-#include "support/german_machine.h"
 #include "korvel/output/measure_output.h"
 #include "korvel/output/type_table.h"
+#include "support/german_machine.h"
 
 #include <cmath>
 #include <limits>

@@ -1,5 +1,5 @@
-#include "support/german_machine.h"
 #include "korvel/output/station_output.h"
+#include "support/german_machine.h"
 
 #include <limits>
 

@@ -41,16 +41,14 @@ TEST(Calendar, TakesDatesApartAndPutsThemTogether) {
 TEST(Calendar, RefusesWhatIsNoDate) {
     using Limits = std::numeric_limits<double>;
     for (const double date : {-657435.0, 2958466.0, 2958465.9999999, 1e300, Limits::infinity(),
-                              -Limits::infinity(), Limits::quiet_NaN()}) {
+                              -Limits::infinity(), Limits::quiet_NaN()})
         EXPECT_EQ(FieldsFromDate(date), std::nullopt) << date;
-    }
     const CalendarFields wrong[] = {{2021, 2, 29},  {2020, 4, 31},       {2020, 13, 1},
                                     {2020, 0, 1},   {2020, 1, 0},        {99, 12, 31},
                                     {10000, 1, 1},  {2020, 1, 1, 24},    {2020, 1, -1},
                                     {2020, 257, 1}, {2020, 1, 1, 0, 60}, {2020, 1, 1, 0, 0, -1}};
-    for (const CalendarFields& fields : wrong) {
+    for (const CalendarFields& fields : wrong)
         EXPECT_EQ(DateFromFields(fields), std::nullopt) << fields.year << '-' << fields.month;
-    }
 }
 
 TEST(Calendar, TellsLocalTime) {

@@ -7,9 +7,8 @@ namespace {
 
 TEST(CodePage, BringsEveryByteBack) {
     std::string all;
-    for (int byte = 0; byte < 256; ++byte) {
+    for (int byte = 0; byte < 256; ++byte)
         all.push_back(static_cast<char>(byte));
-    }
     const ConvertedText back = FromUtf8(ToUtf8(all));
     EXPECT_EQ(back.text, all);
     EXPECT_TRUE(back.exact);

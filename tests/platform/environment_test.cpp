@@ -1,5 +1,5 @@
-#include "support/scratch.h"
 #include "korvel/platform/user_folders.h"
+#include "support/scratch.h"
 
 #include <gtest/gtest.h>
 

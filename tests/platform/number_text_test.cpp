@@ -60,13 +60,11 @@ TEST(NumberText, FollowsTheFormat) {
         {"separators of no and of many bytes", "1234.5", {1, 1, 3, "<,>", "", 1}, "1234<,>5"},
         {"as many digits as there are", "1", German(std::numeric_limits<std::uint32_t>::max()), std::nullopt},
     };
-    for (const TextCase& row : cases) {
+    for (const TextCase& row : cases)
         EXPECT_EQ(Format(row.number, row.format), row.expected) << row.border;
-    }
     for (const char* refused :
-         {"+1", "1e5", " 1", "1 ", "1-", "--1", "1.2.3", "1,5", "nan", "-inf", "", ".", "-"}) {
+         {"+1", "1e5", " 1", "1 ", "1-", "--1", "1.2.3", "1,5", "nan", "-inf", "", ".", "-"})
         EXPECT_EQ(Format(refused, German(2)), std::nullopt) << refused;
-    }
 }
 
 TEST(NumberText, EndsAtTheLimit) {

@@ -77,9 +77,8 @@ TEST_F(RegionalSettingsTest, TakesTheLocaleOfTheEnvironment) {
 }
 
 TEST_F(RegionalSettingsTest, LetsTheUserOverride) {
-    for (const char* name : {"sLongDate", "sShortDate", "sTimeFormat"}) {
+    for (const char* name : {"sLongDate", "sShortDate", "sTimeFormat"})
         Override(name, SettingValue::Text(name));
-    }
     Override("iDigits", SettingValue::Text("3"));
     Override("iLZero", SettingValue::Text("0"));
     Override("inegnumber", SettingValue::Text("4"));
@@ -106,9 +105,8 @@ TEST(DatePattern, BecomesAPicture) {
         {"dd.MM.y 'd''E'", "dd.MM.yyyy 'd''E'"},
         {"kk:mm:ss a", "HH:mm:ss tt"},
         {"LLLLL", "MMMM"}};
-    for (const auto& [pattern, picture] : cases) {
+    for (const auto& [pattern, picture] : cases)
         EXPECT_EQ(PictureOfPattern(pattern), picture);
-    }
 }
 
 TEST(IntegerText, ReadsAsThePlatformDoes) {
@@ -122,9 +120,8 @@ TEST(IntegerText, ReadsAsThePlatformDoes) {
                                                  {"2147483648", 2147483647},
                                                  {"-2147483649", -2147483647 - 1},
                                                  {"99999999999999999999999", 2147483647}};
-    for (const auto& [text, number] : cases) {
+    for (const auto& [text, number] : cases)
         EXPECT_EQ(ReadInteger(text), number) << text;
-    }
 }
 
 } // namespace

@@ -64,9 +64,8 @@ TEST(ReplaceFile, NamesFileAndReasonAndLeavesTheOldFileAndNothingBeside) {
         {MakeSocketFile(folder.Path() / "socket"), "Invalid argument"},
         {"", "No such file or directory"},
     };
-    for (const auto& [path, reason] : cases) {
+    for (const auto& [path, reason] : cases)
         EXPECT_EQ(FailureOf(path), path.string() + ": " + reason);
-    }
     EXPECT_EQ(ContentOf(file), "old");
     EXPECT_TRUE(fs::is_socket(folder.Path() / "socket"));
 }

@@ -1,6 +1,6 @@
 #include "korvel/platform/error.h"
-#include "support/scratch.h"
 #include "korvel/platform/settings_store.h"
+#include "support/scratch.h"
 
 #include <csignal>
 #include <gmock/gmock.h>
@@ -47,9 +47,8 @@ TEST_F(SettingsStoreTest, TellsWhatIsMissingAndCreatesNothing) {
 
 TEST_F(SettingsStoreTest, KeepsEveryTypeByteForByte) {
     std::string allBytes;
-    for (int byte = 0; byte < 512; ++byte) {
+    for (int byte = 0; byte < 512; ++byte)
         allBytes.push_back(static_cast<char>(byte));
-    }
     CreateKey(root, "Key");
     for (const SettingValue& value :
          {SettingValue::Text(allBytes), SettingValue::Binary(allBytes), SettingValue::Text(""),
@@ -150,9 +149,8 @@ TEST_F(SettingsStoreTest, LosesNothingToAnotherProcessOrThread) {
     int status = -1;
     waitpid(other, &status, 0);
     EXPECT_EQ(status, 0);
-    for (int i = 0; i < 60; ++i) {
+    for (int i = 0; i < 60; ++i)
         EXPECT_EQ(Read("Shared", std::to_string(i / 20 * 100 + i % 20)).AsNumber(), 7u);
-    }
 }
 
 TEST_F(SettingsStoreTest, OutlivesAWriterThatDiesAnywhere) {

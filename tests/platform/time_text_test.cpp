@@ -1,5 +1,5 @@
-#include "support/scratch.h"
 #include "korvel/platform/time_text.h"
+#include "support/scratch.h"
 
 #include <clocale>
 #include <gtest/gtest.h>
@@ -52,9 +52,8 @@ TEST_F(TimeTextTest, FollowsTheFormat) {
         {"month out of range", "%d", {2024, 13, 1, 0, 0, 0, 0, 1}, ""},
         {"weekday out of range", "%A", {2024, 1, 1, 0, 0, 0, 7, 1}, ""},
     };
-    for (const auto& [border, format, fields, text] : cases) {
+    for (const auto& [border, format, fields, text] : cases)
         EXPECT_EQ(TimeText(format, fields, m_german), text) << border;
-    }
 }
 
 TEST_F(TimeTextTest, EndsWithTheBuffer) {

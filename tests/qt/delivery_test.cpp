@@ -1,8 +1,8 @@
 #include "korvel/platform/error.h"
-#include "qt/users.h"
 #include "korvel/window/controls/controls.h"
-#include "korvel/window/list/list_ctrl.h"
 #include "korvel/window/display/window_view.h"
+#include "korvel/window/list/list_ctrl.h"
+#include "qt/users.h"
 
 #include <QApplication>
 #include <QInputMethodEvent>
@@ -122,12 +122,14 @@ TEST_F(Delivery, AFailureOfPaintingIsShownWhenThePaintingIsOver) {
     EXPECT_TRUE(failed);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
     bool answered = false;
-    QTimer::singleShot(50, qApp, [&] {
-        QWidget* box = QApplication::activeModalWidget();
-        ASSERT_NE(box, nullptr);
-        QTest::keyClick(box, Qt::Key_Escape);
-        answered = true;
-    });
+    QTimer::singleShot(
+        50, qApp,
+        [&] {
+            QWidget* box = QApplication::activeModalWidget();
+            ASSERT_NE(box, nullptr);
+            QTest::keyClick(box, Qt::Key_Escape);
+            answered = true;
+        });
     EXPECT_TRUE(QTest::qWaitFor([&] { return answered; }, 2000));
 }
 
@@ -143,12 +145,14 @@ TEST_F(Delivery, WindowsMayEndInALoopInsideTheirOwnEvents) {
                     QTest::qWait(5); // what was to be deleted later is deleted, if nothing holds it
                     done = true;
                 });
-                Display().RunUntil(nullptr, [&] { return done; });
+                Display().RunUntil(
+                    nullptr, [&] { return done; });
             }
             return false;
         };
     };
-    runWhenPressed(m_surface, [&] { QTest::mouseClick(m_user.Widget(dialog.m_hWnd), Qt::LeftButton); });
+    runWhenPressed(
+        m_surface, [&] { QTest::mouseClick(m_user.Widget(dialog.m_hWnd), Qt::LeftButton); });
     runWhenPressed(dialog, [&] { m_frame.DestroyWindow(); });
     m_user.Click(m_surface.m_hWnd, {5, 5});
     EXPECT_EQ(m_surface.m_hWnd, nullptr);
@@ -185,13 +189,15 @@ TEST_F(Delivery, AWindowClosesWhenItsHandlersLetItAndTheLastOneEndsTheApplicatio
     QApplication::setQuitOnLastWindowClosed(true);
     bool refuse = true;
     m_frame.onMessage = [&](UINT message, WPARAM, LPARAM) { return message == WM_CLOSE && refuse; };
-    QTimer::singleShot(0, qApp, [&] {
-        m_user.Widget(m_frame.m_hWnd)->close();
-        EXPECT_TRUE(m_user.Widget(m_frame.m_hWnd)->isVisible());
-        refuse = false;
-        m_user.Widget(m_frame.m_hWnd)->close();
-        EXPECT_EQ(m_frame.m_hWnd, nullptr);
-    });
+    QTimer::singleShot(
+        0, qApp,
+        [&] {
+            m_user.Widget(m_frame.m_hWnd)->close();
+            EXPECT_TRUE(m_user.Widget(m_frame.m_hWnd)->isVisible());
+            refuse = false;
+            m_user.Widget(m_frame.m_hWnd)->close();
+            EXPECT_EQ(m_frame.m_hWnd, nullptr);
+        });
     QTimer::singleShot(2000, qApp, [] { QApplication::exit(1); });
     EXPECT_EQ(QApplication::exec(), 0);
     QApplication::setQuitOnLastWindowClosed(false);

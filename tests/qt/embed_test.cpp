@@ -1,8 +1,8 @@
 #include "korvel/platform/error.h"
 #include "korvel/qt/embed.h"
-#include "qt/users.h"
 #include "korvel/window/controls/controls.h"
 #include "korvel/window/display/window_view.h"
+#include "qt/users.h"
 
 #include <QApplication>
 #include <QLabel>

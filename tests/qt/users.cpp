@@ -37,29 +37,29 @@ constexpr KeyRow keys[] = {
 };
 
 Qt::Key ToQtKey(UINT key) {
-    for (const KeyRow& row : keys) {
+    for (const KeyRow& row : keys)
         if (row.key == key)
             return row.qtKey;
-    }
     return static_cast<Qt::Key>(key); // letters and digits have the same codes
 }
 
 // Shown only later, so whoever shall answer tries again until there is something to answer.
 void TryUntil(const std::function<bool()>& attempt) {
-    QTimer::singleShot(1, qApp, [attempt] {
-        if (!attempt())
-            TryUntil(attempt);
-    });
+    QTimer::singleShot(
+        1, qApp,
+        [attempt] {
+            if (!attempt())
+                TryUntil(attempt);
+        });
 }
 
 } // namespace
 
 void QtUser::Key(UINT key, const CString& characters) {
     Settle();
-    for (const auto action : {QTest::Press, QTest::Release}) {
+    for (const auto action : {QTest::Press, QTest::Release})
         if (QWidget* widget = QApplication::focusWidget()) // another one when the press moved the focus
             QTest::sendKeyEvent(action, widget, ToQtKey(key), qt::ToQString(characters), Qt::NoModifier);
-    }
 }
 
 void QtUser::Click(HWND window, CPoint point) {

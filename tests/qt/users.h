@@ -1,8 +1,8 @@
 #pragma once
 
 #include "korvel/qt/qt_display.h"
-#include "qt/scenario.h"
 #include "korvel/window/display/headless_display.h"
+#include "qt/scenario.h"
 
 namespace korvel::test {
 

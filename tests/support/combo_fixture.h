@@ -2,10 +2,10 @@
 
 #include "korvel/editors/combo_list.h"
 #include "korvel/editors/grid_ctrl_combo_box_input_states.h"
-#include "support/test_enumeration.h"
 #include "korvel/values/text_table.h"
 #include "korvel/window/display/headless_display.h"
 #include "korvel/window/display/input.h"
+#include "support/test_enumeration.h"
 
 #include <gtest/gtest.h>
 #include <memory>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "support/table.h"
 #include "korvel/window/controls/controls.h"
 #include "korvel/window/display/headless_display.h"
 #include "korvel/window/display/input.h"
+#include "support/table.h"
 
 #include <functional>
 #include <gtest/gtest.h>

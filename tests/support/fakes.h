@@ -1,11 +1,11 @@
 #pragma once
 
-#include "support/make_value.h"
 #include "korvel/grid/editable_grid.h"
 #include "korvel/values/group_presentation.h"
 #include "korvel/values/member_dispatch_imp.h"
 #include "korvel/values/observer_grid.h"
 #include "korvel/window/core/registered_messages.h"
+#include "support/make_value.h"
 
 #include <functional>
 #include <map>

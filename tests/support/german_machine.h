@@ -1,6 +1,5 @@
 #pragma once
 
-#include "support/scratch.h"
 #include "korvel/output/angle_output.h"
 #include "korvel/output/date_output.h"
 #include "korvel/output/format_persistence.h"
@@ -8,6 +7,7 @@
 #include "korvel/output/system_formats.h"
 #include "korvel/platform/regional_settings.h"
 #include "korvel/platform/settings_store.h"
+#include "support/scratch.h"
 
 #include <functional>
 #include <gmock/gmock.h>

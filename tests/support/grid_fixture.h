@@ -1,9 +1,9 @@
 #pragma once
 
-#include "support/fakes.h"
-#include "support/german_machine.h"
 #include "korvel/window/display/headless_display.h"
 #include "korvel/window/display/input.h"
+#include "support/fakes.h"
+#include "support/german_machine.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -37,9 +37,9 @@ struct Picture {
     }
     /// How many calls of a kind begin within an area.
     int Count(PaintCall::Kind kind, const CRect& area) const {
-        return static_cast<int>(std::count_if(calls.begin(), calls.end(), [&](const PaintCall& call) {
-            return call.kind == kind && area.PtInRect(call.rect.TopLeft());
-        }));
+        return static_cast<int>(std::count_if(
+            calls.begin(), calls.end(),
+            [&](const PaintCall& call) { return call.kind == kind && area.PtInRect(call.rect.TopLeft()); }));
     }
 };
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "support/table.h"
 #include "korvel/window/core/cwnd.h"
 #include "korvel/window/display/headless_display.h"
 #include "korvel/window/display/input.h"
 #include "korvel/window/list/list_ctrl.h"
+#include "support/table.h"
 
 #include <functional>
 #include <gtest/gtest.h>

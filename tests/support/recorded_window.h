@@ -1,8 +1,8 @@
 #pragma once
 
-#include "support/table.h"
 #include "korvel/window/core/cwnd.h"
 #include "korvel/window/display/headless_display.h"
+#include "support/table.h"
 
 #include <functional>
 #include <gmock/gmock.h>

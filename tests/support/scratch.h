@@ -48,9 +48,8 @@ public:
 class ScratchVariable {
 public:
     ScratchVariable(const char* name, const char* value) : m_name(name) {
-        if (const char* before = std::getenv(name)) {
+        if (const char* before = std::getenv(name))
             m_before = before;
-        }
         Set(value);
     }
     ~ScratchVariable() { Set(m_before ? m_before->c_str() : nullptr); }
@@ -68,9 +67,8 @@ private:
 class OrdinaryUser {
 public:
     OrdinaryUser() : m_user(geteuid()) {
-        if (m_user == 0 && seteuid(65534) != 0) {
+        if (m_user == 0 && seteuid(65534) != 0)
             throw std::runtime_error("the tests cannot give up their rights");
-        }
     }
     ~OrdinaryUser() { [[maybe_unused]] const int answer = seteuid(m_user); }
     OrdinaryUser(const OrdinaryUser&) = delete;
@@ -82,9 +80,8 @@ private:
 
 /// A file that is none: a socket, which nothing can be read from or written to.
 inline std::filesystem::path MakeSocketFile(const std::filesystem::path& path) {
-    if (mknod(path.c_str(), S_IFSOCK | 0600, 0) != 0) {
+    if (mknod(path.c_str(), S_IFSOCK | 0600, 0) != 0)
         throw std::runtime_error("the tests cannot make a socket");
-    }
     return path;
 }
 

@@ -57,7 +57,8 @@ public:
         return found == entries.end() ? nullptr : &*found;
     }
     void Forget(long id) {
-        std::erase_if(entries, [&](const Entry& entry) { return entry.id == id; });
+        std::erase_if(
+            entries, [&](const Entry& entry) { return entry.id == id; });
     }
 
     bool IsAutoDestroy() const override { return false; }

@@ -1,6 +1,6 @@
-#include "support/make_value.h"
 #include "korvel/values/file_value.h"
 #include "korvel/values/member_dispatch_imp.h"
+#include "support/make_value.h"
 
 #include <gmock/gmock.h>
 

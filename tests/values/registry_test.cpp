@@ -1,6 +1,6 @@
-#include "support/scratch.h"
 #include "korvel/platform/error.h"
 #include "korvel/values/registry.h"
+#include "support/scratch.h"
 
 #include <gmock/gmock.h>
 

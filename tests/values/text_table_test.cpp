@@ -1,7 +1,7 @@
-#include "support/scratch.h"
 #include "korvel/platform/error.h"
 #include "korvel/values/registry.h"
 #include "korvel/values/text_table.h"
+#include "support/scratch.h"
 
 #include <functional>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "support/german_machine.h"
-#include "support/make_value.h"
 #include "korvel/values/invalid_operation.h"
 #include "korvel/values/member_dispatch_imp.h"
+#include "support/german_machine.h"
+#include "support/make_value.h"
 
 #include <cmath>
 #include <limits>
@@ -94,9 +94,8 @@ TEST_F(Values, Comparison) {
         {"bools", MakeValue(DT_Bool, true), MakeValue(DT_Bool, false), false},
         {"text forms", MakeValue(DT_TextFormInt, 1), MakeValue(DT_TextFormInt, 2), true},
     };
-    for (const auto& [border, left, right, equal] : rows) {
+    for (const auto& [border, left, right, equal] : rows)
         EXPECT_EQ(left == right, equal) << border;
-    }
 }
 
 TEST_F(Values, TextsOfEveryKind) {

@@ -1,8 +1,8 @@
-#include "support/scratch.h"
 #include "korvel/values/registry.h"
 #include "korvel/window/app/app.h"
 #include "korvel/window/core/registered_messages.h"
 #include "korvel/window/core/window.h"
+#include "support/scratch.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>

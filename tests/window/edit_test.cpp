@@ -1,5 +1,5 @@
-#include "support/control_fixture.h"
 #include "korvel/window/display/window_view.h"
+#include "support/control_fixture.h"
 
 #include <string>
 

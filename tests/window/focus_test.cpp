@@ -1,5 +1,5 @@
-#include "support/recorded_window.h"
 #include "korvel/window/display/input.h"
+#include "support/recorded_window.h"
 
 namespace korvel {
 namespace {

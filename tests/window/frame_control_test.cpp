@@ -1,6 +1,6 @@
-#include "support/recorded_window.h"
 #include "korvel/window/base/dc.h"
 #include "korvel/window/display/recording_surface.h"
+#include "support/recorded_window.h"
 
 namespace korvel {
 namespace {

@@ -1,5 +1,5 @@
-#include "support/list_fixture.h"
 #include "korvel/window/display/window_view.h"
+#include "support/list_fixture.h"
 
 namespace korvel {
 namespace {

@@ -1,7 +1,7 @@
 #include "korvel/platform/error.h"
-#include "support/recorded_window.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/core/window_record.h"
+#include "korvel/window/display/input.h"
+#include "support/recorded_window.h"
 
 namespace korvel {
 namespace {

@@ -34,9 +34,8 @@ void ExpectSame(const RowBlocks& blocks, const Model& model) {
         ASSERT_EQ(blocks.At(row).IsSelected(), model[row].second) << "row " << row;
         selected += model[row].second;
         nextSelected = model[row].second ? row : nextSelected;
-        if (row % 50 == 0) {
+        if (row % 50 == 0)
             ASSERT_EQ(blocks.FindSelected(row), nextSelected) << "from " << row;
-        }
     }
     ASSERT_EQ(blocks.SelectedCount(), selected);
 }
@@ -79,9 +78,8 @@ TEST_P(RowBlocksRun, StaysEqualToAPlainVector) {
             model[row].second = !model[row].second;
             blocks.Select(row, model[row].second);
         }
-        if (step % 50 == 49) {
+        if (step % 50 == 49)
             ASSERT_NO_FATAL_FAILURE(ExpectSame(blocks, model));
-        }
     }
 }
 

@@ -1,5 +1,5 @@
-#include "support/recorded_window.h"
 #include "korvel/window/base/dc.h"
+#include "support/recorded_window.h"
 
 namespace korvel {
 namespace {

@@ -1,7 +1,7 @@
 #include "korvel/platform/error.h"
-#include "support/recorded_window.h"
 #include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
+#include "support/recorded_window.h"
 
 #include <array>
 #include <atomic>
@@ -48,13 +48,15 @@ TEST_F(ThreadsTest, SendsAndPostsRunOnTheOwnersThreadInTheOrderOfEachSender) {
     target.CreateEx(0, "KorvelFrame", "", 0, {}, nullptr, 0);
     std::vector<std::future<void>> workers;
     for (WPARAM number = 0; number < target.heard.size(); ++number)
-        workers.push_back(std::async(std::launch::async, [number, handle = target.m_hWnd] {
-            for (int i = 0; i < Each; ++i)
-                if (number % 2 == 0)
-                    PostMessageA(handle, WM_USER, number, i);
-                else
-                    EXPECT_EQ(korvel::SendMessageA(handle, WM_USER, number, i), i * 2);
-        }));
+        workers.push_back(std::async(
+            std::launch::async,
+            [number, handle = target.m_hWnd] {
+                for (int i = 0; i < Each; ++i)
+                    if (number % 2 == 0)
+                        PostMessageA(handle, WM_USER, number, i);
+                    else
+                        EXPECT_EQ(korvel::SendMessageA(handle, WM_USER, number, i), i * 2);
+            }));
     display.PumpUntil([&] {
         return std::all_of(target.heard.begin(), target.heard.end(),
                            [](const auto& numbers) { return numbers.size() == Each; });

@@ -146,10 +146,9 @@ pugi::xml_node RequireChild(const pugi::xml_node& parent, const char* name) {
 
 std::string RequireText(const pugi::xml_node& parent, const char* name) {
     std::string text;
-    for (const pugi::xml_node& part : RequireChild(parent, name).children()) {
+    for (const pugi::xml_node& part : RequireChild(parent, name).children())
         if (part.type() == pugi::node_pcdata || part.type() == pugi::node_cdata)
             text += part.value();
-    }
     return text == "\n" ? std::string() : BytesOfCharacters(text);
 }
 

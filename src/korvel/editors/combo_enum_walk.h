@@ -10,9 +10,8 @@ void ComboModel::WalkEntries(Visit visit) {
     EnumPosition position = m_pEnumValue->GetFirstPosition();
     while (binding == m_binding && position) {
         const long id = m_pEnumValue->GetNext(position);
-        if (binding == m_binding) {
+        if (binding == m_binding)
             visit(id);
-        }
     }
 }
 

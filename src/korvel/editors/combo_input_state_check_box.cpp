@@ -5,16 +5,14 @@ namespace korvel {
 
 void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDown(UINT, CPoint point) {
     const int row = HitRow(point);
-    if (row == -1) {
+    if (row == -1)
         return;
-    }
     SetCurrent(row);
     CComboTreeItem* const item = CurrentItem();
-    if (item && Hits(&CComboList::GetRectCheckBox, *item, point)) {
+    if (item && Hits(&CComboList::GetRectCheckBox, *item, point))
         Toggle(*item);
-    } else {
+    else
         SendFinished();
-    }
 }
 
 void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDblClk(UINT, CPoint) {
@@ -23,19 +21,17 @@ void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDblClk(UINT, CPoint) {
 
 void CGridCtrlComboBoxInputStateCheckBox::OnKeyDown(UINT key, UINT repeat, UINT flags) {
     CComboTreeItem* const item = CurrentItem();
-    if (key != VK_SPACE) {
+    if (key != VK_SPACE)
         IGridCtrlComboBoxInputState::OnKeyDown(key, repeat, flags);
-    } else if (item) {
+    else if (item)
         Toggle(*item);
-    }
 }
 
 void CGridCtrlComboBoxInputStateCheckBox::Toggle(CComboTreeItem& item) {
     List()->GetModel().ToggleCheck(item);
     SendChanged();
-    if (List()) {
+    if (List())
         List()->RedrawWindow();
-    }
 }
 
 void CGridCtrlComboBoxInputStateCheckBox::Step(int delta) {

@@ -12,9 +12,8 @@ void CGridCtrlComboBoxInputState::OnLButtonDown(UINT, CPoint) {
 
 void CGridCtrlComboBoxInputState::OnMouseMove(UINT, CPoint point) {
     const int row = HitRow(point);
-    if (row != -1 && row != GetCurrent()) {
+    if (row != -1 && row != GetCurrent())
         SetCurrent(row);
-    }
 }
 
 void CGridCtrlComboBoxInputState::Step(int delta) {

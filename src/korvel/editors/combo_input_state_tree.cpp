@@ -5,9 +5,8 @@ namespace korvel {
 
 void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
     const int row = HitRow(point);
-    if (row == -1) {
+    if (row == -1)
         return;
-    }
     SetCurrent(row);
     CComboTreeItem* const item = CurrentItem();
     // An entry is taken wherever it is pressed, also on the button for those that stand under it: kept. The
@@ -22,14 +21,12 @@ void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
 
 void CGridCtrlComboBoxInputStateTree::OnLButtonDblClk(UINT, CPoint point) {
     CComboTreeItem* const item = ItemAt(HitRow(point));
-    if (!item || !Hits(&CComboList::GetRectLabel, *item, point)) {
+    if (!item || !Hits(&CComboList::GetRectLabel, *item, point))
         return;
-    }
-    if (item->HasChildren()) {
+    if (item->HasChildren())
         ToggleExpanded(*item);
-    } else {
+    else
         SendFinished();
-    }
 }
 
 void CGridCtrlComboBoxInputStateTree::OnKeyDown(UINT key, UINT repeat, UINT flags) {
@@ -40,9 +37,8 @@ void CGridCtrlComboBoxInputStateTree::OnKeyDown(UINT key, UINT repeat, UINT flag
 void CGridCtrlComboBoxInputStateTree::Step(int delta) {
     Move(delta, EApply::No);
     const CComboTreeItem* const item = CurrentItem();
-    if (item && item->IsValue()) {
+    if (item && item->IsValue())
         Apply();
-    }
 }
 
 } // namespace korvel

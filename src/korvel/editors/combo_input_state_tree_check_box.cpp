@@ -5,25 +5,22 @@ namespace korvel {
 
 void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) {
     const int row = HitRow(point);
-    if (row == -1) {
+    if (row == -1)
         return;
-    }
     SetCurrent(row);
     CComboTreeItem* const item = CurrentItem();
-    if (!item || PressTreeButton(*item, point) || !Hits(&CComboList::GetRectCheckBox, *item, point)) {
+    if (!item || PressTreeButton(*item, point) || !Hits(&CComboList::GetRectCheckBox, *item, point))
         return;
-    }
     SetCheck(*item, item->GetChecked() <= 0);
     SendChanged();
 }
 
 void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDblClk(UINT, CPoint point) {
     CComboTreeItem* const item = ItemAt(HitRow(point));
-    if (item && item->HasChildren() && Hits(&CComboList::GetRectLabel, *item, point)) {
+    if (item && item->HasChildren() && Hits(&CComboList::GetRectLabel, *item, point))
         ToggleExpanded(*item);
-    } else {
+    else
         SendFinished();
-    }
 }
 
 /// The space bar tells the owner nothing, unlike the mouse: kept. An owner that follows each change asks for
@@ -41,9 +38,8 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnKeyDown(UINT key, UINT repeat, U
 /// Repaints once for all rows that may show another check: a group can have any number of them.
 void CGridCtrlComboBoxInputStateTreeCheckBox::SetCheck(CComboTreeItem& item, bool check) {
     List()->GetModel().SetCheck(item, check);
-    if (List()) {
+    if (List())
         List()->RedrawWindow();
-    }
 }
 
 void CGridCtrlComboBoxInputStateTreeCheckBox::Step(int delta) {

@@ -62,20 +62,17 @@ std::string CComboList::CreateUniqueName(const std::string& base, const CTreeIte
 
 void CComboList::OnRowsCame(ComboTree::RowRange rows) {
     std::vector<LPARAM> data;
-    for (int row = rows.first; row < rows.first + rows.count; ++row) {
+    for (int row = rows.first; row < rows.first + rows.count; ++row)
         data.push_back(reinterpret_cast<LPARAM>(GetTreeItem(row)));
-    }
-    if (m_pInputState) {
+    if (m_pInputState)
         m_pInputState->RowsCame(rows.first, rows.count);
-    }
     InsertRows(rows.first, data.data(), rows.count, 0);
     RedrawWindow();
 }
 
 void CComboList::OnRowsWent(ComboTree::RowRange rows) {
-    if (m_pInputState) {
+    if (m_pInputState)
         m_pInputState->RowsWent(rows.first, rows.count);
-    }
     DeleteRowsQuietly(rows.first, rows.first + rows.count);
     RedrawWindow();
 }
@@ -92,9 +89,8 @@ void CComboList::SetCurrentRow(int row) {
 }
 
 void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
-    if (!IsInitialized() || enumeration != GetEnumValue()) {
+    if (!IsInitialized() || enumeration != GetEnumValue())
         return;
-    }
     const ComboTree::Keep keep(m_Model.Tree());
     const CTreeItem* const item = m_Model.EntryCame(id);
     if (item && item->HasRow()) {
@@ -104,9 +100,8 @@ void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
 }
 
 void CComboList::OnDestroyEnumValue(IEnumValue* enumeration, long id) {
-    if (IsInitialized() && enumeration == GetEnumValue()) {
+    if (IsInitialized() && enumeration == GetEnumValue())
         m_Model.EntryWent(id);
-    }
 }
 
 void CComboList::OnRenameEnumValue(IEnumValue* enumeration, long id, const CVariantValue&) {
@@ -124,9 +119,8 @@ void CComboList::OnEventFormatChanged() {
 std::string CComboList::GetImagePath(int row) const {
     const CTreeItem* const item = GetTreeItem(row);
     auto* const images = item && item->IsValue() ? dynamic_cast<IEnumImages*>(GetEnumValue()) : nullptr;
-    if (!images) {
+    if (!images)
         return {};
-    }
     const unsigned binding = m_Model.Binding();
     const std::string own = images->GetImagePath(item->GetId());
     return own.empty() && binding == m_Model.Binding() ? images->GetCommonImagePath() : own;

@@ -9,9 +9,8 @@ namespace korvel {
 namespace {
 
 void Require(const IEnumValue* enumeration) {
-    if (!enumeration) {
+    if (!enumeration)
         throw Error("A value without an enumeration has no entries to choose from.");
-    }
 }
 
 } // namespace
@@ -20,9 +19,8 @@ void CComboList::Initialize(IMemberDispatch* disp, const std::string& name) {
     m_pDisp = disp;
     m_strMemberName = name;
     CVariantValue value;
-    if (disp && disp->GetMember(name, value)) {
+    if (disp && disp->GetMember(name, value))
         Bind(disp, name, name, value);
-    }
 }
 
 void CComboList::Initialize(const std::string& name, const CVariantValue& value) {
@@ -42,9 +40,8 @@ void CComboList::Bind(IMemberDispatch* disp, std::string memberName, std::string
 }
 
 void CComboList::Initialize() {
-    if (IsInitialized()) {
+    if (IsInitialized())
         return;
-    }
     Require(GetEnumValue());
     m_Model.Begin();
     const unsigned binding = m_Model.Binding();
@@ -52,9 +49,8 @@ void CComboList::Initialize() {
         Build();
     } catch (...) {
         // The host may have begun another binding before it threw.
-        if (binding == m_Model.Binding()) {
+        if (binding == m_Model.Binding())
             Reset();
-        }
         throw;
     }
 }
@@ -64,58 +60,50 @@ void CComboList::Build() {
     const ComboTree::Keep keep(m_Model.Tree());
     const unsigned binding = m_Model.Binding();
     const std::optional<Columns> columns = AskColumns();
-    if (!columns) {
+    if (!columns)
         return;
-    }
     m_ImageColumn = columns->hasTree ? 0 : -1;
     CreateColumns(*columns);
     const CTreeItem* const selected = m_Model.InsertEntries();
-    if (binding != m_Model.Binding()) {
+    if (binding != m_Model.Binding())
         return;
-    }
     OnRowsCame({0, m_Model.Tree().RowCount()});
     if (selected && selected->HasRow()) {
         SetItemState(selected->GetRow(), LVIS_SELECTED, LVIS_SELECTED);
         EnsureVisible(selected->GetRow(), true);
     }
-    if (binding == m_Model.Binding()) {
+    if (binding == m_Model.Binding())
         CreateInputState();
-    }
 }
 
 std::optional<CComboList::Columns> CComboList::AskColumns() const {
     const unsigned binding = m_Model.Binding();
     Columns columns;
     columns.hasTree = m_Model.HasFlag(ENF_Tree);
-    if (binding != m_Model.Binding()) {
+    if (binding != m_Model.Binding())
         return std::nullopt;
-    }
     const EDataTyps type = GetEnumValue()->GetDataType();
     columns.isTable = type == DT_Group;
-    if (!columns.isTable) {
+    if (!columns.isTable)
         columns.types.insert(type);
-    } else if (binding == m_Model.Binding()) {
+    else if (binding == m_Model.Binding())
         AskMembers(columns);
-    }
     return binding == m_Model.Binding() ? std::optional(columns) : std::nullopt;
 }
 
 void CComboList::AskMembers(Columns& columns) const {
     const unsigned binding = m_Model.Binding();
     const CVariantValue* const pattern = GetEnumValue()->GetTemplate();
-    if (binding != m_Model.Binding() || !pattern || pattern->Type != DT_Group || !pattern->Value.Dispatch) {
+    if (binding != m_Model.Binding() || !pattern || pattern->Type != DT_Group || !pattern->Value.Dispatch)
         return;
-    }
     IMemberDispatch& object = *pattern->Value.Dispatch;
     object.GetMemberNames(columns.names);
     for (const std::string& name : columns.names) {
-        if (binding != m_Model.Binding()) {
+        if (binding != m_Model.Binding())
             return;
-        }
         EDataTyps type = DT_Void;
-        if (object.GetMemberType(name, type)) {
+        if (object.GetMemberType(name, type))
             columns.types.insert(type);
-        }
     }
 }
 
@@ -128,37 +116,32 @@ void CComboList::CreateColumns(const Columns& columns) {
         m_Columns[column] = name;
     }
     ModifyStyle(columns.isTable ? LVS_NOCOLUMNHEADER : 0, columns.isTable ? 0 : LVS_NOCOLUMNHEADER);
-    for (const EDataTyps type : columns.types) {
+    for (const EDataTyps type : columns.types)
         AddSink(type);
-    }
     LayColumns();
 }
 
 void CComboList::LayColumns() {
     const int count = GetColumnCount();
-    for (int column = 0; column < count; ++column) {
+    for (int column = 0; column < count; ++column)
         SetColumnWidth(column, GetClientRect().Width() / count);
-    }
 }
 
 /// Who hears the end of a label edit may begin another binding.
 void CComboList::UnIntialize() {
-    while (IsInitialized()) {
+    while (IsInitialized())
         Reset();
-    }
 }
 
 void CComboList::Reset() {
     m_Preview.Close();
     m_bDirty = false;
     const ComboTree::Keep keep(m_Model.Tree());
-    if (const auto state = std::exchange(m_pInputState, nullptr)) {
+    if (const auto state = std::exchange(m_pInputState, nullptr))
         state->Detach();
-    }
     m_Model.Close();
-    while (GetColumnCount() > 0) {
+    while (GetColumnCount() > 0)
         DeleteColumn(0);
-    }
     m_TypeAhead = {};
     m_strValueName.clear();
     m_pDisp = nullptr;
@@ -171,9 +154,8 @@ void CComboList::Reset() {
 }
 
 void CComboList::UpdateDisp(IObserverGrid* observer) {
-    if (!m_pDisp || IsRunningUpdateDisp()) {
+    if (!m_pDisp || IsRunningUpdateDisp())
         return;
-    }
     m_Flags |= FlagUpdating;
     try {
         WriteBack(*m_pDisp, m_strMemberName, observer);
@@ -189,17 +171,14 @@ void CComboList::WriteBack(IMemberDispatch& disp, std::string name, IObserverGri
     const unsigned binding = m_Model.Binding();
     const CVariantValue written = GetValue();
     disp.SetMember(name, written);
-    if (observer) {
+    if (observer)
         observer->OnChange(&disp, nullptr, name, written);
-    }
     CVariantValue now = written;
     disp.GetMember(name, now);
-    if (binding == m_Model.Binding()) {
+    if (binding == m_Model.Binding())
         m_Model.Value() = now;
-    }
-    if (observer && now != written) {
+    if (observer && now != written)
         observer->OnChange(&disp, nullptr, name, now);
-    }
 }
 
 void CComboList::EndUpdate() {
@@ -214,9 +193,8 @@ void CComboList::EndUpdate() {
 const bool& CComboList::IsDirty() {
     m_bDirty = false;
     CVariantValue now;
-    if (m_pDisp && !IsRunningUpdateDisp() && m_pDisp->GetMember(m_strMemberName, now)) {
+    if (m_pDisp && !IsRunningUpdateDisp() && m_pDisp->GetMember(m_strMemberName, now))
         m_bDirty = now != GetValue();
-    }
     return m_bDirty;
 }
 

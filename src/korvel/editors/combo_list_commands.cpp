@@ -39,35 +39,28 @@ bool CComboList::IsCommandEnabled(ECommandList command, EEnumFlags flag) const {
 
 void CComboList::OnRButtonDown(CPoint point) {
     DismissPreview();
-    if (GetMode() == eDropDown) {
+    if (GetMode() == eDropDown)
         return;
-    }
     SetFocus();
     const int row = HitTest(point);
-    if (row != -1) {
+    if (row != -1)
         SetCurrentRow(row);
-    }
     const std::vector<MenuEntry> menu = BuildMenu(GetTreeItem(row));
-    if (!menu.empty()) {
+    if (!menu.empty())
         RunCommand(Display().TrackMenu(m_hWnd, ClientToScreen(m_hWnd, point), menu));
-    }
 }
 
 std::vector<MenuEntry> CComboList::BuildMenu(const CTreeItem* item) const {
     std::vector<MenuEntry> menu;
-    if (IsCommandEnabled(eCommandAdd, ENF_Add)) {
+    if (IsCommandEnabled(eCommandAdd, ENF_Add))
         AddMenuCommand_ADD(menu);
-    }
-    if (item && IsCommandEnabled(eCommandDelete, ENF_Delete)) {
+    if (item && IsCommandEnabled(eCommandDelete, ENF_Delete))
         menu.push_back(EntryFor(Delete, item->GetLabel()));
-    }
-    if (item && IsCommandEnabled(eCommandRename, ENF_Rename)) {
+    if (item && IsCommandEnabled(eCommandRename, ENF_Rename))
         menu.push_back(EntryFor(Rename, item->GetLabel()));
-    }
     if (item && item->IsValue() && m_Model.IsTable()) {
-        if (!menu.empty()) {
+        if (!menu.empty())
             menu.emplace_back();
-        }
         menu.push_back(EntryFor(DataSheet));
     }
     return menu;
@@ -123,15 +116,13 @@ void CComboList::OnDataSheet() {
 }
 
 void CComboList::OnAddRootItem() {
-    if (TakesRootItems()) {
+    if (TakesRootItems())
         AddEntry(m_Model.Tree().Root());
-    }
 }
 
 void CComboList::OnAddRootGroup() {
-    if (TakesRootItems()) {
+    if (TakesRootItems())
         AddGroup(m_Model.Tree().Root());
-    }
 }
 
 bool CComboList::TakesRootItems() const {
@@ -140,24 +131,21 @@ bool CComboList::TakesRootItems() const {
 }
 
 void CComboList::OnAddItem() {
-    if (CTreeItem* const group = GetCurrentGroup()) {
+    if (CTreeItem* const group = GetCurrentGroup())
         AddEntry(*group);
-    }
 }
 
 void CComboList::OnAddGroup() {
-    if (CTreeItem* const group = GetCurrentGroup()) {
+    if (CTreeItem* const group = GetCurrentGroup())
         AddGroup(*group);
-    }
 }
 
 void CComboList::AddEntry(CTreeItem& parent) {
     const unsigned binding = m_Model.Binding();
     const std::string name = CreateUniqueName(m_strValueName, parent);
     const std::string path = GetPath(parent);
-    if (binding != m_Model.Binding() || !m_Model.IsInTree(parent)) {
+    if (binding != m_Model.Binding() || !m_Model.IsInTree(parent))
         return;
-    }
     const CTreeItem* const item = m_Model.AddValue(name, path);
     if (item && item->HasRow()) {
         SetCurrentRow(item->GetRow());
@@ -168,9 +156,8 @@ void CComboList::AddEntry(CTreeItem& parent) {
 void CComboList::AddGroup(CTreeItem& parent) {
     const unsigned binding = m_Model.Binding();
     const std::string name = CreateUniqueName(m_strValueName, parent);
-    if (binding != m_Model.Binding() || !m_Model.IsInTree(parent)) {
+    if (binding != m_Model.Binding() || !m_Model.IsInTree(parent))
         return;
-    }
     const CTreeItem* const group = m_Model.InsertItem(&parent, name);
     m_Model.ExpandParent(&parent);
     SetCurrentRow(RowOf(*group));
@@ -178,15 +165,13 @@ void CComboList::AddGroup(CTreeItem& parent) {
 }
 
 void CComboList::OnDeleteEnum() {
-    if (CTreeItem* const item = GetCurrentItem()) {
+    if (CTreeItem* const item = GetCurrentItem())
         m_Model.DestroySubTree(*item);
-    }
 }
 
 void CComboList::OnRenameEnumValue() {
-    if (GetCurrentItem()) {
+    if (GetCurrentItem())
         SendMessageA(LVM_EDITLABEL, static_cast<WPARAM>(GetCurrentRow()));
-    }
 }
 
 bool CComboList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -207,9 +192,8 @@ bool CComboList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESU
 
 /// 1 forbids the edit.
 LRESULT CComboList::OnLvnBeginlabeledit(int row) {
-    if (!GetTreeItem(row) || !IsCommandEnabled(eCommandRename, ENF_Rename)) {
+    if (!GetTreeItem(row) || !IsCommandEnabled(eCommandRename, ENF_Rename))
         return 1;
-    }
     korvel::MoveWindow(GetEditControl(), GetRectLabel(row));
     return 0;
 }
@@ -217,9 +201,8 @@ LRESULT CComboList::OnLvnBeginlabeledit(int row) {
 /// 1 when the row has its new label.
 LRESULT CComboList::OnLvnEndlabeledit(int row, const char* text) {
     CTreeItem* const item = GetTreeItem(row);
-    if (!item || !text) {
+    if (!item || !text)
         return 0;
-    }
     const ComboTree::Keep keep(m_Model.Tree());
     const bool isRenamed = m_Model.RenameLabel(*item, text);
     RedrawWindow();

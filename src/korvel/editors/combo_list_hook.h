@@ -34,17 +34,14 @@ public:
         const EndRoutine end = m_end;
         const bool ends = owner && EndsComboList(ownerWindow, message, wParam, lParam);
         const LRESULT result = CSubclassWnd::WindowProc(message, wParam, lParam);
-        if (!ends || !IsHooking(this, window)) {
+        if (!ends || !IsHooking(this, window))
             return result;
-        }
         // Who hears the owner may destroy it, and this hook with it.
         owner->SendParentComboMessage(focusLost);
-        if (IsWindow(ownerWindow)) {
+        if (IsWindow(ownerWindow))
             owner->SendParentComboMessage(chosen);
-        }
-        if (IsWindow(ownerWindow)) {
+        if (IsWindow(ownerWindow))
             (owner->*end)();
-        }
         return result;
     }
 

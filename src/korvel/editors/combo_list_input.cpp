@@ -61,12 +61,10 @@ std::optional<LRESULT> CComboList::HandleInput(UINT message, WPARAM wParam, LPAR
         return result;
     }
     case WM_TIMER:
-        if (wParam != ComboPreview::TimerId) {
+        if (wParam != ComboPreview::TimerId)
             return std::nullopt;
-        }
-        if (IsInitialized()) {
+        if (IsInitialized())
             m_Preview.OnTimer();
-        }
         return 0;
     case WM_COMMAND:
         return lParam == 0 && RunCommand(LOWORD(wParam)) ? std::optional<LRESULT>(1) : std::nullopt;
@@ -83,42 +81,36 @@ std::optional<LRESULT> CComboList::HandleInput(UINT message, WPARAM wParam, LPAR
 LRESULT CComboList::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
     const CPoint point = PointOf(lParam);
     const auto flags = static_cast<UINT>(wParam);
-    if (GetMode() != eDropDown && HitTest(point) != -1) {
+    if (GetMode() != eDropDown && HitTest(point) != -1)
         CListCtrl::WindowProc(message, wParam & ~WPARAM{MK_SHIFT | MK_CONTROL}, lParam);
-    } else if (GetMode() != eDropDown && message == WM_LBUTTONDOWN) {
+    else if (GetMode() != eDropDown && message == WM_LBUTTONDOWN)
         SetFocus();
-    }
     if (const auto state = m_pInputState) {
-        if (message == WM_LBUTTONDOWN) {
+        if (message == WM_LBUTTONDOWN)
             state->OnLButtonDown(flags, point);
-        } else if (message == WM_LBUTTONUP) {
+        else if (message == WM_LBUTTONUP)
             state->OnLButtonUp(flags, point);
-        } else {
+        else
             state->OnLButtonDblClk(flags, point);
-        }
     }
     DismissPreview();
     return 0;
 }
 
 LRESULT CComboList::HandleMouseMove(WPARAM wParam, LPARAM lParam) {
-    if (GetMode() != eDropDown) {
+    if (GetMode() != eDropDown)
         CListCtrl::WindowProc(WM_MOUSEMOVE, wParam, lParam);
-    }
-    if (const auto state = m_pInputState) {
+    if (const auto state = m_pInputState)
         state->OnMouseMove(static_cast<UINT>(wParam), PointOf(lParam));
-    }
-    if (IsInitialized()) {
+    if (IsInitialized())
         m_Preview.OnMouseMove(PointOf(lParam));
-    }
     return 0;
 }
 
 LRESULT CComboList::HandleWheel(WPARAM wParam, LPARAM lParam) {
     const auto state = m_pInputState;
-    if (!state) {
+    if (!state)
         return CListCtrl::WindowProc(WM_MOUSEWHEEL, wParam, lParam);
-    }
     state->OnMouseWheel(LOWORD(wParam), static_cast<short>(HIWORD(wParam)), PointOf(lParam));
     DismissPreview();
     return 0;
@@ -152,28 +144,23 @@ LRESULT CComboList::HandleKey(UINT message, WPARAM wParam, LPARAM lParam) {
 /// An owner that hands its keys to the dropped list gets no characters for them.
 void CComboList::TakeForwardedCharacters(UINT key, LPARAM data) {
     const input::KeyOnTheWay* const typed = input::CurrentKey();
-    if (!typed || typed->window == m_hWnd || typed->key != key) {
+    if (!typed || typed->window == m_hWnd || typed->key != key)
         return;
-    }
     const CString characters = typed->characters;
-    for (const char character : characters) {
+    for (const char character : characters)
         HandleCharacter(static_cast<unsigned char>(character), data);
-    }
 }
 
 LRESULT CComboList::HandleCharacter(WPARAM wParam, LPARAM lParam) {
     const auto state = m_pInputState;
     const auto character = static_cast<char>(wParam);
-    if (!state || static_cast<unsigned char>(character) < ' ') {
+    if (!state || static_cast<unsigned char>(character) < ' ')
         return DefWindowProcA(m_hWnd, WM_CHAR, wParam, lParam);
-    }
-    if (character == ' ' && state->TakesSpace()) {
+    if (character == ' ' && state->TakesSpace())
         return 0;
-    }
     const int row = FindRowByText(m_TypeAhead.Type(character, Display().Now()));
-    if (row != -1 && row != state->GetCurrent()) {
+    if (row != -1 && row != state->GetCurrent())
         state->Step(row - state->GetCurrent());
-    }
     return 0;
 }
 
@@ -182,9 +169,8 @@ int CComboList::FindRowByText(const TypeAhead::Search& search) const {
     const int first = GetCurrentRow() + (search.beginsAtNext ? 1 : 0);
     for (int step = 0; step < count && !search.beginning.empty(); ++step) {
         const int row = (std::max(first, 0) + step) % count;
-        if (TypeAhead::BeginsWith(GetTreeItem(row)->GetLabel(), search.beginning)) {
+        if (TypeAhead::BeginsWith(GetTreeItem(row)->GetLabel(), search.beginning))
             return row;
-        }
     }
     return -1;
 }
@@ -197,18 +183,16 @@ LRESULT CComboList::HandleFocus(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void CComboList::RedrawRow(int row) {
-    if (GetTreeItem(row)) {
+    if (GetTreeItem(row))
         RedrawItems(row, row);
-    }
 }
 
 /// An update in which the object makes the list hear of itself must not have the picture vanish under it.
 void CComboList::DismissPreview() {
-    if (IsRunningUpdateDisp()) {
+    if (IsRunningUpdateDisp())
         m_Flags |= FlagHidePreview;
-    } else {
+    else
         m_Preview.Dismiss();
-    }
 }
 
 } // namespace korvel

@@ -27,11 +27,9 @@ constexpr StateRow States[] = {
 constexpr std::uint32_t KindMask = 0xC4FFFAFF;
 
 StatePtr MakeState(CComboList& list, std::uint32_t kind) {
-    for (const StateRow& row : States) {
-        if (row.kind == kind) {
+    for (const StateRow& row : States)
+        if (row.kind == kind)
             return row.make(list);
-        }
-    }
     return list.GetMode() == eDropDown ? Make<CGridCtrlComboBoxInputState>(list)
                                        : Make<CGridCtrlComboBoxInputStateDesignDefault>(list);
 }
@@ -41,15 +39,13 @@ StatePtr MakeState(CComboList& list, std::uint32_t kind) {
 void CComboList::CreateInputState() {
     const unsigned binding = m_Model.Binding();
     const std::uint32_t kind = GetEnumValue()->GetEnumFlags() & KindMask;
-    if (binding != m_Model.Binding() || GetMode() < eDesignFlat || GetMode() > eDropDown) {
+    if (binding != m_Model.Binding() || GetMode() < eDesignFlat || GetMode() > eDropDown)
         return;
-    }
     StatePtr state = MakeState(*this, kind);
-    if (binding == m_Model.Binding()) {
+    if (binding == m_Model.Binding())
         m_pInputState = std::move(state);
-    } else {
+    else
         state->Detach(); // the row that it repaints has asked the host
-    }
 }
 
 } // namespace korvel

@@ -10,9 +10,8 @@ void CComboList::DrawItem(DRAWITEMSTRUCT* item) {
 std::optional<ComboRowGeometry> CComboList::GetRowGeometry(int row) const {
     const CTreeItem* const item = GetTreeItem(row);
     ComboRowGeometry place;
-    if (!item || !GetItemRect(row, &place.bounds)) {
+    if (!item || !GetItemRect(row, &place.bounds))
         return std::nullopt;
-    }
     place.level = item->GetLevel();
     place.columnWidth = GetColumnWidth(0);
     place.hasChecks = HasCheckBoxes();
@@ -41,14 +40,12 @@ CRect CComboList::GetRectLabel(int row) const {
 }
 
 CString CComboList::GetColumnText(const CTreeItem& item, int column) const {
-    if (item.HasLabel(column)) {
+    if (item.HasLabel(column))
         return item.GetLabel(column);
-    }
     const auto named = m_Columns.find(column);
     const CVariantValue& value = item.GetValue();
-    if (named == m_Columns.end() || value.Type != DT_Group || !value.Value.Dispatch) {
+    if (named == m_Columns.end() || value.Type != DT_Group || !value.Value.Dispatch)
         return {};
-    }
     const std::string member = named->second; // who is asked may end the binding, and the column with it
     CVariantValue cell;
     return value.Value.Dispatch->GetMember(member, cell) ? cell.ToText() : CString();

@@ -20,63 +20,53 @@ void ComboModel::Apply(const CComboTreeItem* item) {
     const CVariantValue wanted = item ? item->GetValue() : EmptyText();
     const unsigned binding = m_binding;
     const bool isTable = IsTable();
-    if (binding != m_binding) {
+    if (binding != m_binding)
         return;
-    }
     WalkEntries([&](long id) {
         CVariantValue name;
-        if (!m_pEnumValue->GetName(id, name) || binding != m_binding) {
+        if (!m_pEnumValue->GetName(id, name) || binding != m_binding)
             return;
-        }
         const bool sameObject =
             !isTable || name.Type != DT_Group || name.Value.Dispatch == wanted.Value.Dispatch;
-        if (sameObject && name == wanted) {
+        if (sameObject && name == wanted)
             m_pEnumValue->Select(id, m_Value);
-        }
     });
 }
 
 /// The host selects first, and finds the counts as they were.
 void ComboModel::ToggleCheck(CComboTreeItem& item) {
     const ComboTree::Keep keep(m_Tree);
-    if (!item.IsValue()) {
+    if (!item.IsValue())
         return;
-    }
     const unsigned binding = m_binding;
     const bool check = item.GetChecked() < 1;
     TellHost(item, check);
-    if (binding == m_binding) {
+    if (binding == m_binding)
         m_Tree.SetCheck(item, check);
-    }
 }
 
 /// An entry changes alone, also when others stand under it, although its count has theirs in it: kept. While
 /// only those are checked, a press on its box deselects what is not selected, and its box stays checked.
 void ComboModel::SetCheck(CComboTreeItem& item, bool check) {
     const ComboTree::Keep keep(m_Tree);
-    if (!item.IsValue()) {
+    if (!item.IsValue())
         SetCheckUnder(item, check);
-    } else if ((item.GetChecked() > 0) != check) {
+    else if ((item.GetChecked() > 0) != check)
         CheckValue(item, check);
-    }
 }
 
 /// Every entry in the group, however deep.
 void ComboModel::SetCheckUnder(CComboTreeItem& item, bool check) {
     const unsigned binding = m_binding;
     std::vector<CComboTreeItem*> values;
-    for (CComboTreeItem* under = &item; under; under = under->GetNextUnder(item)) {
-        if (under->IsValue() && ComboTree::IsChecked(*under) != check) {
+    for (CComboTreeItem* under = &item; under; under = under->GetNextUnder(item))
+        if (under->IsValue() && ComboTree::IsChecked(*under) != check)
             values.push_back(under);
-        }
-    }
     for (CComboTreeItem* const value : values) {
-        if (value->GetParent() && value->IsValue()) { // the host may have removed it meanwhile
+        if (value->GetParent() && value->IsValue()) // the host may have removed it meanwhile
             CheckValue(*value, check);
-        }
-        if (binding != m_binding) {
+        if (binding != m_binding)
             return;
-        }
     }
 }
 
@@ -89,19 +79,17 @@ void ComboModel::CheckValue(CComboTreeItem& item, bool check) {
     try {
         TellHost(item, check);
     } catch (...) {
-        if (binding == m_binding) {
+        if (binding == m_binding)
             m_Tree.SetCheck(item, former);
-        }
         throw;
     }
 }
 
 void ComboModel::TellHost(const CComboTreeItem& item, bool check) {
-    if (check) {
+    if (check)
         m_pEnumValue->Select(item.GetId(), m_Value);
-    } else {
+    else
         m_pEnumValue->Deselect(item.GetId(), m_Value);
-    }
 }
 
 } // namespace korvel

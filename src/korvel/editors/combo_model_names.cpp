@@ -20,14 +20,12 @@ std::string ComboModel::Path(const CComboTreeItem& item) const {
 
 std::string ComboModel::PathOf(const CComboTreeItem& item, char separator) {
     std::vector<const std::string*> labels;
-    for (const CComboTreeItem* level = &item; level->GetParent(); level = level->GetParent()) {
+    for (const CComboTreeItem* level = &item; level->GetParent(); level = level->GetParent())
         labels.push_back(&level->GetLabel());
-    }
     std::string path;
     for (auto label = labels.rbegin(); label != labels.rend(); ++label) {
-        if (label != labels.rbegin()) {
+        if (label != labels.rbegin())
             path += separator;
-        }
         path += **label;
     }
     return path;
@@ -39,9 +37,8 @@ std::string ComboModel::UniqueNameUnder(const CComboTreeItem& parent, const std:
     std::unordered_set<std::string> taken;
     for (const CComboTreeItem* child = parent.GetFirstChild(); child; child = child->GetNextSibling()) {
         std::list<std::string> segments = SplitPathName(child->GetLabel(), separator);
-        if (!segments.empty()) {
+        if (!segments.empty())
             taken.insert(std::move(segments.front()));
-        }
     }
     return UniqueName(base, [&](const std::string& name) { return taken.count(name) != 0; });
 }
@@ -51,13 +48,11 @@ bool ComboModel::RenameLabel(CComboTreeItem& item, const std::string& label) {
     const auto separator = PathSeparator();
     const std::list<std::string> parts =
         separator ? SplitPathName(label, *separator) : std::list<std::string>{label};
-    if (parts.size() != 1 || label.empty()) {
+    if (parts.size() != 1 || label.empty())
         return false;
-    }
     const std::string path = Path(item);
-    if (!item.GetParent()) {
+    if (!item.GetParent())
         return false; // the host has taken it away meanwhile
-    }
     const std::string above = path.substr(0, path.size() - item.GetLabel().size());
     return RenameName(item, path, above + parts.front());
 }
@@ -73,20 +68,17 @@ bool ComboModel::RenameValue(CComboTreeItem& item, const std::string& newPath) {
     const unsigned binding = m_binding;
     const long id = item.GetId();
     CVariantValue name;
-    if (!m_pEnumValue->GetName(id, name) || binding != m_binding) {
+    if (!m_pEnumValue->GetName(id, name) || binding != m_binding)
         return false;
-    }
     if (!KeepsText(name)) {
         name = CVariantValue();
         name.Type = DT_String;
     }
     name.Text = newPath;
-    if (!m_pEnumValue->SetName(id, name)) {
+    if (!m_pEnumValue->SetName(id, name))
         return false;
-    }
-    if (binding == m_binding && item.GetParent() && item.IsValue()) {
+    if (binding == m_binding && item.GetParent() && item.IsValue())
         RenameTreeItem(item);
-    }
     return binding == m_binding;
 }
 
@@ -94,36 +86,30 @@ bool ComboModel::RenameValue(CComboTreeItem& item, const std::string& newPath) {
 bool ComboModel::RenameGroup(CComboTreeItem& group, const std::string& oldPath, const std::string& newPath) {
     const unsigned binding = m_binding;
     const char separator = Separator();
-    if (binding != m_binding) {
+    if (binding != m_binding)
         return false;
-    }
     const std::string oldLabel = group.GetLabel();
     std::vector<RenamedEntry> entries;
-    for (CComboTreeItem* under = &group; under; under = under->GetNextUnder(group)) {
-        if (under->IsValue()) {
+    for (CComboTreeItem* under = &group; under; under = under->GetNextUnder(group))
+        if (under->IsValue())
             entries.push_back({under, newPath + PathOf(*under, separator).substr(oldPath.size())});
-        }
-    }
     bool all = true;
     try {
         for (RenamedEntry& entry : entries) {
             entry.isRenamed = entry.item->GetParent() && RenameValue(*entry.item, entry.path);
             all = all && entry.isRenamed;
-            if (binding != m_binding) {
+            if (binding != m_binding)
                 return false;
-            }
         }
     } catch (...) {
-        if (binding == m_binding) {
+        if (binding == m_binding)
             SplitGroup(group, oldLabel, entries);
-        }
         throw;
     }
-    if (!all) {
+    if (!all)
         SplitGroup(group, oldLabel, entries);
-    } else if (group.GetParent()) {
+    else if (group.GetParent())
         m_Tree.SetLabel(group, 0, Segments(newPath, PathSeparator()).back());
-    }
     return all;
 }
 
@@ -131,18 +117,15 @@ bool ComboModel::RenameGroup(CComboTreeItem& group, const std::string& oldPath, 
 void ComboModel::SplitGroup(CComboTreeItem& group, const std::string& oldLabel,
                             const std::vector<RenamedEntry>& entries) {
     m_Tree.SetLabel(group, 0, oldLabel);
-    for (const RenamedEntry& entry : entries) {
-        if (entry.isRenamed && entry.item->GetParent() && entry.item->IsValue()) {
+    for (const RenamedEntry& entry : entries)
+        if (entry.isRenamed && entry.item->GetParent() && entry.item->IsValue())
             MoveToItsPath(*entry.item, entry.item->GetValue());
-        }
-    }
 }
 
 void ComboModel::EntryRenamed(long id) {
     const ComboTree::Keep keep(m_Tree);
-    if (CComboTreeItem* const item = m_Tree.FindValue(id)) {
+    if (CComboTreeItem* const item = m_Tree.FindValue(id))
         RenameTreeItem(*item);
-    }
 }
 
 /// The labels above follow the name as far as it reaches, also where other entries stand under them: kept. A
@@ -151,13 +134,11 @@ void ComboModel::EntryRenamed(long id) {
 void ComboModel::RenameTreeItem(CComboTreeItem& item) {
     const unsigned binding = m_binding;
     CVariantValue name;
-    if (!m_pEnumValue->GetName(item.GetId(), name) || binding != m_binding) {
+    if (!m_pEnumValue->GetName(item.GetId(), name) || binding != m_binding)
         return;
-    }
     std::list<std::string> segments = Segments(name.ToText(), PathSeparator());
-    if (!item.GetParent() || !item.IsValue()) {
+    if (!item.GetParent() || !item.IsValue())
         return; // the host has taken it away meanwhile
-    }
     if (static_cast<int>(segments.size()) > item.GetLevel()) {
         MoveToItsPath(item, name);
         return;
@@ -168,9 +149,8 @@ void ComboModel::RenameTreeItem(CComboTreeItem& item) {
 
 void ComboModel::RenameGroupItem(CComboTreeItem& item, std::list<std::string> segments) {
     for (CComboTreeItem* level = &item; !segments.empty(); level = level->GetParent()) {
-        if (level->GetLabel() != segments.back()) {
+        if (level->GetLabel() != segments.back())
             m_Tree.SetLabel(*level, 0, std::move(segments.back()));
-        }
         segments.pop_back();
     }
 }
@@ -178,12 +158,10 @@ void ComboModel::RenameGroupItem(CComboTreeItem& item, std::list<std::string> se
 void ComboModel::MoveToItsPath(CComboTreeItem& item, const CVariantValue& name) {
     const bool isChecked = ComboTree::IsChecked(item);
     CComboTreeItem* const moved = InsertItem(nullptr, item.GetId(), CVariantValue(name));
-    if (moved) {
+    if (moved)
         m_Tree.SetCheck(*moved, isChecked);
-    }
-    if (item.GetParent() && item.IsValue()) {
+    if (item.GetParent() && item.IsValue())
         Went(m_Tree.RemoveValue(item));
-    }
 }
 
 } // namespace korvel

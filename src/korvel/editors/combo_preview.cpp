@@ -18,15 +18,13 @@ void ComboPreview::OnMouseMove(CPoint point) {
         break;
     case EState::Armed:
         StopTimer();
-        if (row == m_row) {
+        if (row == m_row)
             StartTimer(Pause);
-        }
         m_row = row;
         break;
     case EState::Shown:
-        if (row != m_row) {
+        if (row != m_row)
             Hide();
-        }
         break;
     }
 }
@@ -38,9 +36,8 @@ void ComboPreview::OnTimer() {
         StartTimer(Stay);
         return;
     }
-    if (m_state == EState::Shown) {
+    if (m_state == EState::Shown)
         Hide();
-    }
     StopTimer();
 }
 
@@ -49,9 +46,8 @@ bool ComboPreview::Show() {
     const std::string path = m_source.imagePath(row);
     CRect label = m_source.labelRect(row);
     const bool isClosed = m_state == EState::Idle; // by who was asked
-    if (isClosed || path.empty() || !m_window.Load(path)) {
+    if (isClosed || path.empty() || !m_window.Load(path))
         return false;
-    }
     const CPoint origin = ClientToScreen(m_list.m_hWnd, {0, 0});
     label.OffsetRect(origin.x, origin.y);
     m_row = row;

@@ -24,26 +24,23 @@ CRect ButtonRect(const CRect& box) {
 void ComboRowPainter::Draw(int row, UINT itemState) {
     const CComboTreeItem* const item = m_list.GetTreeItem(row);
     const auto place = m_list.GetRowGeometry(row);
-    if (!item || !place) {
+    if (!item || !place)
         return;
-    }
     const bool isSelected = (itemState & ODS_SELECTED) != 0;
     const COLORREF background = GetSysColor(isSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
     m_dc.SetBkColor(background);
     m_dc.SetTextColor(GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     m_dc.FillSolidRect(place->bounds, background);
-    if (m_list.HasTree()) {
+    if (m_list.HasTree())
         DrawTree(*item, *place);
-    }
     if (place->hasChecks) {
         const UINT check = item->GetChecked() > 0 ? DFCS_CHECKED : 0;
         CRect box = place->CheckBox();
         box.DeflateRect(BoxMargin, BoxMargin);
         m_dc.DrawFrameControl(box, DFC_BUTTON, DFCS_BUTTONCHECK | check);
     }
-    if (place->hasIcons) {
+    if (place->hasIcons)
         DrawIcon(*item, place->Icon());
-    }
     DrawDispValue(place->Label(), item->GetLabel());
     DrawColumns(row, *item);
 }
@@ -60,13 +57,11 @@ void ComboRowPainter::DrawTree(const CComboTreeItem& item, const ComboRowGeometr
     for (const CComboTreeItem* level = item.GetParent(); level && level->GetParent();
          level = level->GetParent()) {
         column -= height;
-        if (column >= 0 && level->GetNextSibling()) {
+        if (column >= 0 && level->GetNextSibling())
             Line(column, box.top, column, box.bottom);
-        }
     }
-    if (item.HasChildren()) {
+    if (item.HasChildren())
         DrawTreeButton(item.IsExpanded(), ButtonRect(box));
-    }
 }
 
 void ComboRowPainter::DrawTreeButton(bool expanded, const CRect& box) {
@@ -74,33 +69,29 @@ void ComboRowPainter::DrawTreeButton(bool expanded, const CRect& box) {
     m_dc.SelectPen(PS_SOLID, GetSysColor(COLOR_WINDOWTEXT));
     const CPoint center{box.left + box.Width() / 2, box.top + box.Height() / 2};
     Line(box.left + ButtonMargin, center.y, box.right - ButtonMargin, center.y);
-    if (!expanded) {
+    if (!expanded)
         Line(center.x, box.top + ButtonMargin, center.x, box.bottom - ButtonMargin);
-    }
 }
 
 void ComboRowPainter::DrawIcon(const CComboTreeItem& item, const CRect& rect) {
     EComboTreeCell cell = EComboTreeCell::Entry;
-    if (!item.IsValue() || item.HasChildren()) {
+    if (!item.IsValue() || item.HasChildren())
         cell = item.IsExpanded() ? EComboTreeCell::OpenGroup : EComboTreeCell::ClosedGroup;
-    }
     m_dc.DrawImage(ComboTreeBitmap(cell), rect);
 }
 
 void ComboRowPainter::DrawColumns(int row, const CComboTreeItem& item) {
     for (int column = 1; column < m_list.GetColumnCount(); ++column) {
         CRect rect;
-        if (m_list.GetSubItemRect(row, column, LVIR_BOUNDS, &rect)) {
+        if (m_list.GetSubItemRect(row, column, LVIR_BOUNDS, &rect))
             DrawDispValue(rect, m_list.GetColumnText(item, column));
-        }
     }
 }
 
 void ComboRowPainter::DrawDispValue(CRect rect, const CString& text) {
     rect.left += TextInset;
-    if (!rect.Intersected(m_dc.GetClipBox()).IsRectEmpty()) {
+    if (!rect.Intersected(m_dc.GetClipBox()).IsRectEmpty())
         m_dc.DrawText(text, rect, DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
-    }
 }
 
 void ComboRowPainter::Line(int fromX, int fromY, int toX, int toY) {

@@ -34,9 +34,8 @@ int ComboRows::RowOf(const CComboTreeItem& item) const {
 }
 
 void ComboRows::Insert(int row, std::span<CComboTreeItem* const> items) {
-    if (items.empty()) {
+    if (items.empty())
         return;
-    }
     const int count = static_cast<int>(items.size());
     const bool appends = row == m_size;
     if (m_blocks.empty()) {
@@ -46,16 +45,14 @@ void ComboRows::Insert(int row, std::span<CComboTreeItem* const> items) {
     BlockIndex::Place place =
         appends ? BlockIndex::Place{static_cast<int>(m_blocks.size()) - 1, 0} : m_index.Find(row);
     Block& block = *m_blocks[place.block];
-    if (appends) {
+    if (appends)
         place.offset = static_cast<int>(block.items.size());
-    }
     m_size += count;
     const auto position = block.items.begin() + place.offset;
     if (block.items.size() + items.size() <= LargestBlock) {
         block.items.insert(position, items.begin(), items.end());
-        for (CComboTreeItem* const item : items) {
+        for (CComboTreeItem* const item : items)
             item->m_pBlock = &block;
-        }
         m_index.Add(place.block, count);
         return;
     }
@@ -75,9 +72,8 @@ void ComboRows::Replace(int block, std::span<CComboTreeItem* const> items) {
         const std::size_t end = items.size() * (i + 1) / count;
         part->items.assign(items.begin() + static_cast<std::ptrdiff_t>(begin),
                            items.begin() + static_cast<std::ptrdiff_t>(end));
-        for (CComboTreeItem* const item : part->items) {
+        for (CComboTreeItem* const item : part->items)
             item->m_pBlock = part.get();
-        }
         blocks.push_back(std::move(part));
     }
     const auto place = m_blocks.erase(m_blocks.begin() + block);
@@ -118,14 +114,12 @@ void ComboRows::EraseInBlock(BlockIndex::Place place, int count) {
 
 /// Many single removals must not leave many blocks that hold next to nothing.
 void ComboRows::JoinSmall(int block) {
-    if (block < 0 || block + 1 >= static_cast<int>(m_blocks.size())) {
+    if (block < 0 || block + 1 >= static_cast<int>(m_blocks.size()))
         return;
-    }
     Block& left = *m_blocks[block];
     Block& right = *m_blocks[block + 1];
-    if (left.items.size() + right.items.size() > LargestBlock / 2) {
+    if (left.items.size() + right.items.size() > LargestBlock / 2)
         return;
-    }
     for (CComboTreeItem* const item : right.items) {
         item->m_pBlock = &left;
         left.items.push_back(item);

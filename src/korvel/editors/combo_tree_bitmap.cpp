@@ -89,11 +89,9 @@ std::uint32_t ColorOf(char letter) {
 
 Image Drawn(const Pixmap& pixmap) {
     Image image{Side, Side, {}};
-    for (const std::string_view line : pixmap) {
-        for (const char letter : line) {
+    for (const std::string_view line : pixmap)
+        for (const char letter : line)
             image.pixels.push_back(ColorOf(letter));
-        }
-    }
     return image;
 }
 

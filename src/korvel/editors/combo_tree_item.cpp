@@ -4,39 +4,33 @@ namespace korvel {
 
 int CComboTreeItem::GetLastVisibleRow() const {
     const CComboTreeItem* item = this;
-    while (item->m_bExpanded && item->m_pLastChild) {
+    while (item->m_bExpanded && item->m_pLastChild)
         item = item->m_pLastChild;
-    }
     return item->GetRow();
 }
 
 CComboTreeItem* CComboTreeItem::GetNext() const {
-    if (m_bExpanded && m_pFirstChild) {
+    if (m_bExpanded && m_pFirstChild)
         return m_pFirstChild;
-    }
     const CComboTreeItem* item = this;
-    while (item && !item->m_pNextSibling) {
+    while (item && !item->m_pNextSibling)
         item = item->m_pParent;
-    }
     return item ? item->m_pNextSibling : nullptr;
 }
 
 CComboTreeItem* CComboTreeItem::GetNextUnder(const CComboTreeItem& top) const {
-    if (m_pFirstChild) {
+    if (m_pFirstChild)
         return m_pFirstChild;
-    }
     const CComboTreeItem* item = this;
-    while (item && item != &top && !item->m_pNextSibling) {
+    while (item && item != &top && !item->m_pNextSibling)
         item = item->m_pParent;
-    }
     return item && item != &top ? item->m_pNextSibling : nullptr;
 }
 
 const std::string& CComboTreeItem::GetLabel(int column) const {
     static const std::string empty;
-    if (column == 0) {
+    if (column == 0)
         return m_strLabel;
-    }
     return HasLabel(column) ? m_pFurtherLabels->at(column) : empty;
 }
 

@@ -4,12 +4,10 @@ namespace korvel {
 
 void CGridCtrlComboBoxButton::DrawItem(DRAWITEMSTRUCT* item) {
     UINT state = DFCS_SCROLLDOWN;
-    if ((item->itemState & ODS_SELECTED) != 0) {
+    if ((item->itemState & ODS_SELECTED) != 0)
         state |= DFCS_PUSHED;
-    }
-    if ((item->itemState & ODS_DISABLED) != 0) {
+    if ((item->itemState & ODS_DISABLED) != 0)
         state |= DFCS_INACTIVE;
-    }
     item->hDC->DrawFrameControl(item->rcItem, DFC_SCROLL, state);
 }
 

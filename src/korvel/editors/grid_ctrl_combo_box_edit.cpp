@@ -81,9 +81,8 @@ LRESULT CGridCtrlComboBoxEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lP
 
 void CGridCtrlComboBoxEdit::OnPress() {
     SetFocus();
-    if (m_pParent) {
+    if (m_pParent)
         m_pParent->SetDroppedState(m_pParent->GetDroppedState() == 0);
-    }
 }
 
 bool CGridCtrlComboBoxEdit::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -108,9 +107,8 @@ void CGridCtrlComboBoxEdit::OnKillFocus() {
     const HWND window = m_hWnd;
     Invalidate();
     RedrawWindow();
-    if (m_pParent) {
+    if (m_pParent)
         m_pParent->OnOK();
-    }
     korvel::EnableWindow(window, false);
 }
 
@@ -120,9 +118,8 @@ LRESULT CGridCtrlComboBoxEdit::Paint(CDC& dc) const {
     const FieldColors colors = !IsWindowEnabled() ? Disabled : isHighlighted ? Highlighted : Plain;
     CRect rect = GetClientRect();
     dc.FillSolidRect(rect, GetSysColor(colors.background));
-    if (IsWindowEnabled() && isHighlighted) {
+    if (IsWindowEnabled() && isHighlighted)
         dc.DrawFocusRect(rect);
-    }
     rect.left += GetSystemMetrics(SM_CXEDGE);
     dc.SetTextColor(GetSysColor(colors.text));
     dc.DrawText(GetWindowTextA(), rect, DT_VCENTER | DT_SINGLELINE);

@@ -21,11 +21,10 @@ void IGridCtrlComboBoxInputState::OnMouseWheel(UINT flags, short delta, CPoint p
 }
 
 void IGridCtrlComboBoxInputState::OnKeyDown(UINT key, UINT, UINT) {
-    if (key == VK_UP) {
+    if (key == VK_UP)
         Step(-1);
-    } else if (key == VK_DOWN) {
+    else if (key == VK_DOWN)
         Step(1);
-    }
 }
 
 void IGridCtrlComboBoxInputState::SetCurrent(int row) {
@@ -43,17 +42,15 @@ void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
 }
 
 void IGridCtrlComboBoxInputState::RowsCame(int first, int count) {
-    if (m_nCurrent >= first) {
+    if (m_nCurrent >= first)
         m_nCurrent += count;
-    }
 }
 
 void IGridCtrlComboBoxInputState::RowsWent(int first, int count) {
-    if (m_nCurrent >= first + count) {
+    if (m_nCurrent >= first + count)
         m_nCurrent -= count;
-    } else if (m_nCurrent >= first) {
+    else if (m_nCurrent >= first)
         m_nCurrent = -1;
-    }
 }
 
 void IGridCtrlComboBoxInputState::Detach() {
@@ -77,18 +74,15 @@ int IGridCtrlComboBoxInputState::HitRow(CPoint point) const {
 /// An empty list is left with row 0 as the current one, which it has not: kept. Nothing is found there.
 void IGridCtrlComboBoxInputState::Move(int delta, EApply apply) {
     Highlight(m_nCurrent, false);
-    if (!m_pList) {
+    if (!m_pList)
         return;
-    }
     const int last = m_pList->GetItemCount() - 1;
     m_nCurrent = std::max(std::min(m_nCurrent + delta, last), 0);
     Highlight(m_nCurrent, true);
-    if (m_pList) {
+    if (m_pList)
         m_pList->EnsureVisible(m_nCurrent, false);
-    }
-    if (apply == EApply::Yes) {
+    if (apply == EApply::Yes)
         Apply();
-    }
 }
 
 void IGridCtrlComboBoxInputState::Apply() {
@@ -99,15 +93,13 @@ void IGridCtrlComboBoxInputState::Apply() {
 }
 
 void IGridCtrlComboBoxInputState::SendChanged() {
-    if (m_pList) {
+    if (m_pList)
         m_pList->SendParentComboMessage(ComboListChanged);
-    }
 }
 
 void IGridCtrlComboBoxInputState::SendFinished() {
-    if (m_pList) {
+    if (m_pList)
         m_pList->SendParentComboMessage(ComboListFinished);
-    }
 }
 
 bool IGridCtrlComboBoxInputState::Hits(Region region, const CComboTreeItem& item, CPoint point) const {
@@ -115,26 +107,23 @@ bool IGridCtrlComboBoxInputState::Hits(Region region, const CComboTreeItem& item
 }
 
 void IGridCtrlComboBoxInputState::ToggleExpanded(CComboTreeItem& item) {
-    if (item.IsExpanded()) {
+    if (item.IsExpanded())
         m_pList->Collapse(&item);
-    } else {
+    else
         m_pList->Expand(&item);
-    }
 }
 
 void IGridCtrlComboBoxInputState::ExpandByKey(UINT key) {
     CComboTreeItem* const item = CurrentItem();
-    if (item && key == VK_LEFT) {
+    if (item && key == VK_LEFT)
         m_pList->Collapse(item);
-    } else if (item && key == VK_RIGHT) {
+    else if (item && key == VK_RIGHT)
         m_pList->Expand(item);
-    }
 }
 
 bool IGridCtrlComboBoxInputState::PressTreeButton(CComboTreeItem& item, CPoint point) {
-    if (!Hits(&CComboList::GetRectTreeBox, item, point)) {
+    if (!Hits(&CComboList::GetRectTreeBox, item, point))
         return false;
-    }
     ToggleExpanded(item);
     return true;
 }

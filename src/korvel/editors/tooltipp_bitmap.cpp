@@ -40,9 +40,8 @@ void CTooltippBitmap::Show(CWnd& owner, const CRect& beside) {
 }
 
 void CTooltippBitmap::Hide() {
-    if (IsWindowVisible()) {
+    if (IsWindowVisible())
         ShowWindow(SW_HIDE);
-    }
 }
 
 LRESULT CTooltippBitmap::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

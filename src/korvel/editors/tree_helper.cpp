@@ -10,9 +10,8 @@ namespace korvel {
 namespace {
 
 void MoveNodes(CTreeHelper::SNodeMap& level, std::vector<CTreeHelper::SNodePtr>& nodes) {
-    for (auto& [name, node] : level) {
+    for (auto& [name, node] : level)
         nodes.push_back(std::move(node));
-    }
     level.clear();
 }
 
@@ -25,9 +24,8 @@ CTreeHelper::SNode::~SNode() {
     while (!nodes.empty()) {
         const SNodePtr node = std::move(nodes.back());
         nodes.pop_back();
-        if (node.use_count() == 1) {
+        if (node.use_count() == 1)
             MoveNodes(node->m_Children, nodes);
-        }
     }
 }
 
@@ -60,14 +58,12 @@ void CTreeHelper::Insert(const CVariantValue& value) {
 void CTreeHelper::InsertItem(const std::list<std::string>& segments, const CVariantValue& value) {
     SNode* node = nullptr;
     for (const std::string& segment : segments) {
-        if (node) {
+        if (node)
             node->m_bIsGroup = true;
-        }
         node = NodeAt(node ? node->m_Children : *m_pRoot, segment).get();
     }
-    if (node) {
+    if (node)
         node->m_Value = value;
-    }
 }
 
 CTreeHelper::SNodePtr& CTreeHelper::NodeAt(SNodeMap& level, const std::string& name) {
@@ -86,24 +82,21 @@ CVariantValue CTreeHelper::Add(EDataTyps type, const std::string& base, const st
         for (const std::string& segment : SplitStringName(path, m_Separator)) {
             if (level) {
                 const auto child = level->find(segment);
-                if (child != level->end() && !child->second->m_bIsGroup) {
+                if (child != level->end() && !child->second->m_bIsGroup)
                     throw std::string("Error");
-                }
                 level = child != level->end() ? &child->second->m_Children : nullptr;
             }
             AppendSegment(prefix, segment);
         }
     }
-    if (!prefix.empty()) {
+    if (!prefix.empty())
         prefix += m_Separator;
-    }
     return AddNode(type, base, level, prefix);
 }
 
 void CTreeHelper::AppendSegment(std::string& path, const std::string& segment) const {
-    if (!path.empty()) {
+    if (!path.empty())
         path += m_Separator;
-    }
     path += segment;
 }
 

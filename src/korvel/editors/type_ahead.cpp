@@ -8,13 +8,11 @@ using namespace std::chrono_literals;
 
 TypeAhead::Search TypeAhead::Type(char character, std::chrono::milliseconds now) {
     constexpr auto pause = 1s;
-    if (now - m_last > pause) {
+    if (now - m_last > pause)
         m_typed.clear();
-    }
     const bool isControl = static_cast<unsigned char>(character) < ' ' || character == '\x7F';
-    if (isControl || (character == ' ' && m_typed.empty())) {
+    if (isControl || (character == ' ' && m_typed.empty()))
         return {};
-    }
     m_last = now;
     m_typed += platform::FoldCase({&character, 1});
     const bool isRepeated = m_typed.find_first_not_of(m_typed.front()) == std::string::npos;

@@ -19,7 +19,8 @@ EFormatService ServiceOfType(EDataTyps type) {
 } // namespace
 
 EFormatService CEditableGrid::ServiceOf(const CVariantValue& value) {
-    return ReadOr(EFormatService::None, [&] { return FormatServiceOf(value); });
+    return ReadOr(
+        EFormatService::None, [&] { return FormatServiceOf(value); });
 }
 
 void CEditableGrid::AddSink(EDataTyps type, IMemberDispatch* disp, const std::string& name) {

@@ -22,7 +22,8 @@ std::string_view MemberIndex::NameOf(const MemberEntry& entry) const {
 }
 
 std::size_t MemberIndex::SlotOf(const MemberTable& table, std::string_view name, std::uint32_t hash) const {
-    return table.Find(hash, [&](const MemberEntry& entry) { return NameOf(entry) == name; });
+    return table.Find(
+        hash, [&](const MemberEntry& entry) { return NameOf(entry) == name; });
 }
 
 bool MemberIndex::Add(IMemberDispatch* disp, std::string_view name, const MemberEntry& entry) {

@@ -35,7 +35,8 @@ inline EDataTyps ReadMemberType(IMemberDispatch& disp, const std::string& name) 
 }
 
 inline bool ReadMemberEditable(IMemberDispatch& disp, const std::string& name) {
-    return ReadOr(false, [&] { return disp.IsMemberEditable(name); });
+    return ReadOr(
+        false, [&] { return disp.IsMemberEditable(name); });
 }
 
 inline std::list<std::string> ReadMemberNames(IMemberDispatch& disp) {

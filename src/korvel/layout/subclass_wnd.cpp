@@ -15,27 +15,23 @@ CSubclassWnd::~CSubclassWnd() {
 }
 
 BOOL CSubclassWnd::HookWindow(HWND window) {
-    if (m_hWnd) {
+    if (m_hWnd)
         CSubclassWndMap::Instance().Remove(*this);
-    }
-    if (IsWindow(window)) {
+    if (IsWindow(window))
         CSubclassWndMap::Instance().Add(*this, window);
-    }
     return 1;
 }
 
 bool CSubclassWnd::IsHooking(const CSubclassWnd* hook, HWND window) {
     const CSubclassWnd* link = CSubclassWndMap::Instance().Head(window);
-    while (link && link != hook) {
+    while (link && link != hook)
         link = link->m_pNext;
-    }
     return link != nullptr;
 }
 
 LRESULT CSubclassWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (!m_hWnd) {
+    if (!m_hWnd)
         return PassOnDetached(message, wParam, lParam);
-    }
     return m_pNext ? m_pNext->WindowProc(message, wParam, lParam)
                    : CallWindowProcA(m_pOldWndProc, m_hWnd, message, wParam, lParam);
 }
@@ -44,9 +40,8 @@ LRESULT CSubclassWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT CSubclassWnd::PassOnDetached(UINT message, WPARAM wParam, LPARAM lParam) const {
     const HWND window = CWnd::GetCurrentMessage().hwnd;
     CSubclassWndMap& map = CSubclassWndMap::Instance();
-    if (CSubclassWnd* const older = map.OlderThan(window, m_age)) {
+    if (CSubclassWnd* const older = map.OlderThan(window, m_age))
         return older->WindowProc(message, wParam, lParam);
-    }
     const CSubclassWnd* const head = map.Head(window);
     const WNDPROC own =
         head ? head->m_pOldWndProc : reinterpret_cast<WNDPROC>(GetWindowLongPtrA(window, GWLP_WNDPROC));

@@ -29,9 +29,8 @@ void CSubclassWndMap::Add(CSubclassWnd& hook, HWND window) {
 void CSubclassWndMap::Remove(CSubclassWnd& hook) {
     const auto found = m_heads.find(hook.m_hWnd);
     CSubclassWnd** link = &found->second;
-    while (*link != &hook) {
+    while (*link != &hook)
         link = &(*link)->m_pNext;
-    }
     *link = hook.m_pNext;
     if (!found->second) {
         m_heads.erase(found);
@@ -43,9 +42,8 @@ void CSubclassWndMap::Remove(CSubclassWnd& hook) {
 
 CSubclassWnd* CSubclassWndMap::OlderThan(HWND window, std::uint64_t age) const {
     CSubclassWnd* link = Head(window);
-    while (link && link->m_age >= age) {
+    while (link && link->m_age >= age)
         link = link->m_pNext;
-    }
     return link;
 }
 
@@ -65,9 +63,8 @@ LRESULT CSubclassWndMap::HookProcedure(HWND window, UINT message, WPARAM wParam,
 
 LRESULT CSubclassWndMap::End(HWND window, WPARAM wParam, LPARAM lParam) {
     const WNDPROC former = Head(window)->m_pOldWndProc;
-    while (CSubclassWnd* const head = Head(window)) {
+    while (CSubclassWnd* const head = Head(window))
         head->HookWindow(nullptr);
-    }
     return CallWindowProcA(former, window, WM_NCDESTROY, wParam, lParam);
 }
 

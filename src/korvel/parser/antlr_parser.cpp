@@ -14,10 +14,9 @@ void ANTLRParser::ReportFailedPredicate(const char* predicate) {
 
 std::vector<const char*> ANTLRParser::NamesOf(TokenSet set) const {
     std::vector<const char*> names;
-    for (std::size_t number = 0; number < m_tables.tokenSets.size(); ++number) {
+    for (std::size_t number = 0; number < m_tables.tokenSets.size(); ++number)
         if ((m_tables.tokenSets[number] & set) != 0)
             names.push_back(m_tables.tokenNames[number]);
-    }
     return names;
 }
 

@@ -18,10 +18,9 @@ constexpr std::array<std::uint8_t, ScannerTables::ClassEntries> MakeClasses() {
     std::array<std::uint8_t, ScannerTables::ClassEntries> classes{};
     classes.fill(OtherClass);
     classes[0] = 0;
-    for (std::uint8_t number = 1; number < OtherClass; ++number) {
+    for (std::uint8_t number = 1; number < OtherClass; ++number)
         for (const char byte : BytesOfClass[number])
             classes[static_cast<unsigned char>(byte) + 1U] = number;
-    }
     return classes;
 }
 

@@ -114,11 +114,10 @@ void CNumericParser::Term(Status& status, double& value) {
 }
 
 void CNumericParser::Factor(Status& status, double& value) {
-    if (LookaheadIn(NumberBegins)) {
+    if (LookaheadIn(NumberBegins))
         SignedNumber(status, value);
-    } else {
+    else
         BracketedExpression(status, value);
-    }
 }
 
 void CNumericParser::BracketedExpression(Status& status, double& value) {
@@ -140,11 +139,10 @@ void CNumericParser::SignedNumber(Status& status, double& value) {
     const NumberSign sign = Lookahead() == S_MINUS ? NumberSign::Negative : NumberSign::Positive;
     if (LookaheadIn(SumSigns))
         Consume();
-    if (Lookahead() == INT_VALUE) {
+    if (Lookahead() == INT_VALUE)
         value = IntegerOfDigits(sign, LookaheadToken().GetText());
-    } else if (Lookahead() == FLOAT_VALUE) {
+    else if (Lookahead() == FLOAT_VALUE)
         value = DoubleOfText(sign, LookaheadToken().GetText());
-    }
     if (!MatchSet(Numbers, "factor"))
         status = Status::SyntaxError;
 }

@@ -8,11 +8,10 @@ namespace {
 
 std::string WantedText(std::string_view found, const std::vector<const char*>& names) {
     std::string text;
-    if (names.size() > 1) {
+    if (names.size() > 1)
         text.append("; \"").append(found).append("\" not {");
-    } else if (names.size() == 1) {
+    else if (names.size() == 1)
         text = " missing";
-    }
     for (const char* name : names)
         text.append(" ").append(name);
     return names.size() > 1 ? text + " }" : text;

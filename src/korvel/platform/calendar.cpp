@@ -29,9 +29,8 @@ bool InYears(const year_month_day& date) {
 
 std::optional<CalendarFields> FieldsFromDate(double date) {
     // The day -657434 reaches down to -657434.99: its fraction counts forward like any other.
-    if (!(date > firstDay - 1 && date < endDay)) {
+    if (!(date > firstDay - 1 && date < endDay))
         return std::nullopt;
-    }
     const double wholeDays = std::trunc(date);
     auto seconds = static_cast<int>(std::floor(std::fabs(date - wholeDays) * secondsPerDay + 0.5));
     sys_days day = dayZero + std::chrono::days(static_cast<int>(wholeDays));
@@ -40,9 +39,8 @@ std::optional<CalendarFields> FieldsFromDate(double date) {
         day += std::chrono::days(1);
     }
     const year_month_day calendarDay(day);
-    if (!InYears(calendarDay)) {
+    if (!InYears(calendarDay))
         return std::nullopt;
-    }
     CalendarFields fields;
     fields.year = static_cast<int>(calendarDay.year());
     fields.month = static_cast<int>(static_cast<unsigned>(calendarDay.month()));
@@ -59,15 +57,13 @@ std::optional<double> DateFromFields(const CalendarFields& fields) {
     const auto inRange = [](int value, int first, int last) { return value >= first && value <= last; };
     if (!inRange(fields.year, firstYear, lastYear) || !inRange(fields.month, 1, 12) ||
         !inRange(fields.day, 1, 31) || !inRange(fields.hour, 0, 23) || !inRange(fields.minute, 0, 59) ||
-        !inRange(fields.second, 0, 59)) {
+        !inRange(fields.second, 0, 59))
         return std::nullopt;
-    }
     const year_month_day date(std::chrono::year(fields.year),
                               std::chrono::month(static_cast<unsigned>(fields.month)),
                               std::chrono::day(static_cast<unsigned>(fields.day)));
-    if (!date.ok()) {
+    if (!date.ok())
         return std::nullopt;
-    }
     const double days = static_cast<double>((sys_days(date) - dayZero).count());
     const double time =
         (fields.hour * 3600 + fields.minute * 60 + fields.second) / static_cast<double>(secondsPerDay);
@@ -75,15 +71,13 @@ std::optional<double> DateFromFields(const CalendarFields& fields) {
 }
 
 std::optional<CalendarFields> LocalFieldsFromEpoch(std::int64_t seconds) {
-    if (seconds < 0 || seconds > lastEpochSecond) {
+    if (seconds < 0 || seconds > lastEpochSecond)
         return std::nullopt;
-    }
     tzset(); // localtime_r need not notice that TZ has changed
     const std::time_t time = seconds;
     std::tm local{};
-    if (localtime_r(&time, &local) == nullptr) {
+    if (localtime_r(&time, &local) == nullptr)
         return std::nullopt;
-    }
     CalendarFields fields;
     fields.year = local.tm_year + 1900;
     fields.month = local.tm_mon + 1;

@@ -30,22 +30,19 @@ char32_t ToUnicode(char byte) {
 }
 
 std::optional<char> FromUnicode(char32_t character) {
-    if (character <= 0xFF && !IsUpperControl(character)) {
+    if (character <= 0xFF && !IsUpperControl(character))
         return static_cast<char>(character);
-    }
     const auto found = std::find(upperControls.begin(), upperControls.end(), character);
-    if (found == upperControls.end()) {
+    if (found == upperControls.end())
         return std::nullopt;
-    }
     return static_cast<char>(firstUpperControl + static_cast<unsigned>(found - upperControls.begin()));
 }
 
 std::string ToUtf8(std::string_view bytes) {
     std::string utf8;
     utf8.reserve(bytes.size());
-    for (const char byte : bytes) {
+    for (const char byte : bytes)
         AppendUtf8(utf8, ToUnicode(byte));
-    }
     return utf8;
 }
 
@@ -67,13 +64,12 @@ std::string FoldCase(std::string_view bytes) {
         const auto number = static_cast<unsigned char>(byte);
         const bool accentedCapital =
             number >= 0xC0 && number <= 0xDE && number != 0xD7; // D7 is a multiplication sign
-        if ((number >= 'A' && number <= 'Z') || accentedCapital) {
+        if ((number >= 'A' && number <= 'Z') || accentedCapital)
             byte = static_cast<char>(number + 0x20);
-        } else if (number == 0x8A || number == 0x8C || number == 0x8E) { // S and Z with caron, OE
+        else if (number == 0x8A || number == 0x8C || number == 0x8E) // S and Z with caron, OE
             byte = static_cast<char>(number + 0x10);
-        } else if (number == 0x9F) { // Y with diaeresis
+        else if (number == 0x9F) // Y with diaeresis
             byte = '\xFF';
-        }
     }
     return folded;
 }

@@ -46,11 +46,10 @@ std::string PictureOfPattern(std::string_view pattern) {
         const auto* field = std::find_if(fields.begin(), fields.end(), [&](const Field& row) {
             return row.letters.find(letter) != std::string_view::npos;
         });
-        if (field != fields.end()) {
+        if (field != fields.end())
             picture.append(std::clamp(run, field->shortest, field->longest), field->picture);
-        } else if (i < pattern.size() && pattern[i] == ' ') {
+        else if (i < pattern.size() && pattern[i] == ' ')
             ++i;
-        }
     }
     return picture;
 }

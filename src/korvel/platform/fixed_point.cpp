@@ -10,9 +10,8 @@ __extension__ using Wide = unsigned __int128;
 
 constexpr auto powersOfTen = [] {
     std::array<std::uint64_t, FixedPoint::mostDecimals + 1> powers{1};
-    for (std::size_t i = 1; i < powers.size(); ++i) {
+    for (std::size_t i = 1; i < powers.size(); ++i)
         powers[i] = powers[i - 1] * 10;
-    }
     return powers;
 }();
 
@@ -38,9 +37,8 @@ std::uint64_t DivideByPowerOfTwo(Wide numerator, int shift) {
 std::optional<FixedPoint> FixedPoint::Of(double value, int decimals) {
     const auto bits = std::bit_cast<std::uint64_t>(value);
     const int exponent = static_cast<int>(bits >> mantissaBits) & exponentMask;
-    if (exponent >= exponentOfOne + 64) {
+    if (exponent >= exponentOfOne + 64)
         return std::nullopt;
-    }
     constexpr std::uint64_t hiddenBit = std::uint64_t{1} << mantissaBits;
     const std::uint64_t mantissa = (bits & (hiddenBit - 1)) | (exponent == 0 ? 0 : hiddenBit);
     FixedPoint result;
@@ -53,9 +51,8 @@ std::optional<FixedPoint> FixedPoint::Of(double value, int decimals) {
     }
     // The mantissa is below 2^53 and 10^15 below 2^50: a product shifted by more than 104 is less than a
     // half.
-    if (fractionBits > 104) {
+    if (fractionBits > 104)
         return result;
-    }
     result.integer = fractionBits < 64 ? mantissa >> fractionBits : 0;
     const std::uint64_t rest = mantissa - (fractionBits < 64 ? result.integer << fractionBits : 0);
     result.fraction = DivideByPowerOfTwo(static_cast<Wide>(rest) * PowerOfTen(decimals), fractionBits);

@@ -24,9 +24,8 @@ public:
     operator UErrorCode&() { return m_code; }
     /// Throws Error when one of the calls before has failed.
     void Check() const {
-        if (U_FAILURE(m_code)) {
+        if (U_FAILURE(m_code))
             throw Error(std::string("The regional data of ICU cannot be read: ") + u_errorName(m_code));
-        }
     }
 
 private:
@@ -68,12 +67,10 @@ std::optional<std::string> Fit(const icu::UnicodeString& text) {
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
         const auto character = static_cast<char32_t>(text.char32At(i));
         std::optional<char> byte = FromUnicode(character);
-        if (!byte) {
+        if (!byte)
             byte = FromUnicode(BaseLetter(character));
-        }
-        if (!byte) {
+        if (!byte)
             return std::nullopt;
-        }
         bytes.push_back(*byte);
     }
     return bytes;
@@ -100,9 +97,8 @@ std::string Separator(const icu::UnicodeString& symbol, std::string_view fallbac
 std::string Grouping(const icu::DecimalFormat& format) {
     const int first = format.getGroupingSize();
     const int others = format.getSecondaryGroupingSize();
-    if (!format.isGroupingUsed() || first <= 0) {
+    if (!format.isGroupingUsed() || first <= 0)
         return "0";
-    }
     const bool differ = others > 0 && others != first;
     return std::to_string(first) + (differ ? ";" + std::to_string(others) : "") + ";0";
 }
@@ -124,17 +120,14 @@ void ReadNumbers(const icu::Locale& locale, RegionalSettings& settings) {
 /// understood everywhere.
 std::string Picture(const std::unique_ptr<icu::DateFormat>& format, std::string_view fallback) {
     const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get());
-    if (simple == nullptr) {
+    if (simple == nullptr)
         return std::string(fallback);
-    }
     icu::UnicodeString pattern;
     simple->toPattern(pattern);
-    for (const UChar space : {UChar(0xA0), UChar(0x202F)}) {
+    for (const UChar space : {UChar(0xA0), UChar(0x202F)})
         pattern.findAndReplace(icu::UnicodeString(space), icu::UnicodeString(u' '));
-    }
-    for (const UChar directionMark : {UChar(0x200E), UChar(0x200F)}) {
+    for (const UChar directionMark : {UChar(0x200E), UChar(0x200F)})
         pattern.findAndReplace(icu::UnicodeString(directionMark), icu::UnicodeString());
-    }
     const ConvertedText picture = FromUtf8(PictureOfPattern(Utf8(pattern)));
     return picture.exact ? picture.text : std::string(fallback);
 }
@@ -155,9 +148,8 @@ template <std::size_t count>
 bool ReadNames(const icu::UnicodeString* list, int available, std::array<std::string, count>& names) {
     for (std::size_t i = 0; i < count && static_cast<int>(i) < available; ++i) {
         std::optional<std::string> name = Fit(list[i]);
-        if (!name) {
+        if (!name)
             return false;
-        }
         names[i] = std::move(*name);
     }
     return true;
@@ -183,9 +175,8 @@ std::optional<CalendarNames> ReadCalendarNames(const icu::Locale& locale) {
     const bool fit = months(Symbols::WIDE, names.months) && months(Symbols::ABBREVIATED, names.shortMonths) &&
                      days(Symbols::WIDE, names.days) && days(Symbols::ABBREVIATED, names.shortDays) &&
                      ReadNames(halvesOfDay, 2, halves);
-    if (!fit) {
+    if (!fit)
         return std::nullopt;
-    }
     names.beforeNoon = halves[0];
     names.afterNoon = halves[1];
     return names;
@@ -203,9 +194,8 @@ bool IsKnownLanguage(std::string_view language) {
 std::optional<std::string> FindLocale(const std::string& name) {
     // An encoding (".UTF-8") and a variant ("@euro") change nothing of what is read here.
     icu::Locale locale = icu::Locale::createCanonical(name.substr(0, name.find_first_of(".@")).c_str());
-    if (!IsKnownLanguage(locale.getLanguage())) {
+    if (!IsKnownLanguage(locale.getLanguage()))
         return std::nullopt;
-    }
     IcuStatus status;
     if (*locale.getISO3Country() == '\0') {
         icu::Locale likely(locale.getLanguage());
@@ -224,9 +214,8 @@ RegionalSettings LocaleData(const std::string& numberLocale, const std::string& 
     ReadPictures(times, settings);
     settings.countryName = times.getISO3Country();
     std::optional<CalendarNames> names = ReadCalendarNames(times);
-    if (!names) {
+    if (!names)
         names = ReadCalendarNames(DataLocale(fallbackLocale));
-    }
     settings.names = names.value_or(CalendarNames{});
     return settings;
 }

@@ -30,15 +30,13 @@ public:
     void Put(std::string_view piece) {
         if (char* place = Take(piece.size())) {
             // Pieces have a few bytes, for which a loop is faster than a call of memcpy.
-            for (const char byte : piece) {
+            for (const char byte : piece)
                 *place++ = byte;
-            }
         }
     }
     void PutZeros(std::size_t count) {
-        if (char* place = Take(count)) {
+        if (char* place = Take(count))
             std::fill_n(place, count, '0');
-        }
     }
     bool Fits() const { return m_fits; }
     std::string_view Text() const { return {m_buffer.data() + m_begin, m_buffer.size() - m_begin}; }
@@ -46,9 +44,8 @@ public:
 private:
     char* Take(std::size_t count) {
         m_fits = m_fits && count <= m_begin;
-        if (!m_fits) {
+        if (!m_fits)
             return nullptr;
-        }
         m_begin -= count;
         return m_buffer.data() + m_begin;
     }
@@ -66,9 +63,8 @@ public:
     }
     std::size_t Next() {
         const auto size = static_cast<std::size_t>(*m_next - '0');
-        if (size != 0 && m_next + 1 < m_end) {
+        if (size != 0 && m_next + 1 < m_end)
             ++m_next;
-        }
         return size;
     }
 
@@ -89,9 +85,8 @@ void PutGrouped(BackwardText& text, std::string_view integer, const NumberTextFo
 }
 
 bool AppendDigits(std::string& out, const DecimalDigits& number, const NumberTextFormat& format) {
-    if (number.negative && format.negativeOrder >= negativeForms.size()) {
+    if (number.negative && format.negativeOrder >= negativeForms.size())
         return false;
-    }
     const Sign sign = number.negative ? negativeForms[format.negativeOrder] : Sign{};
     BackwardText text;
     text.Put(sign.after);
@@ -100,14 +95,12 @@ bool AppendDigits(std::string& out, const DecimalDigits& number, const NumberTex
         text.Put(number.fraction);
         text.Put(format.decimalSeparator);
     }
-    if (number.integer.empty() && format.leadingZero != 0) {
+    if (number.integer.empty() && format.leadingZero != 0)
         text.Put("0");
-    }
     PutGrouped(text, number.integer, format);
     text.Put(sign.before);
-    if (text.Fits()) {
+    if (text.Fits())
         out.append(text.Text());
-    }
     return text.Fits();
 }
 
@@ -123,9 +116,8 @@ bool IsDigits(std::string_view text) {
 /// Adds one to the last of these digits, of which the first is 0.
 void Increase(std::string& digits) {
     std::size_t last = digits.size() - 1;
-    for (; digits[last] == '9'; --last) {
+    for (; digits[last] == '9'; --last)
         digits[last] = '0';
-    }
     ++digits[last];
 }
 
@@ -138,9 +130,8 @@ bool AppendRendered(std::string& out, double value, int decimals, const NumberTe
 using IntegerDigits = std::array<char, 20>; // the largest 64-bit number has 20 digits
 
 std::string_view Render(std::uint64_t integer, IntegerDigits& digits) {
-    if (integer == 0) {
+    if (integer == 0)
         return {};
-    }
     const char* end = std::to_chars(digits.data(), digits.data() + digits.size(), integer).ptr;
     return {digits.data(), static_cast<std::size_t>(end - digits.data())};
 }
@@ -163,13 +154,11 @@ bool AppendNumberText(std::string& out, std::string_view number, const NumberTex
     const std::size_t point = std::min(number.find('.'), number.size());
     std::string_view integer = number.substr(0, point);
     std::string_view fraction = number.substr(std::min(point + 1, number.size()));
-    if (!IsDigits(integer) || !IsDigits(fraction) || integer.size() + fraction.size() == 0) {
+    if (!IsDigits(integer) || !IsDigits(fraction) || integer.size() + fraction.size() == 0)
         return false;
-    }
     integer = WithoutLeadingZeros(integer);
-    if (integer.size() + format.digits > longestNumberText) {
+    if (integer.size() + format.digits > longestNumberText)
         return false;
-    }
     std::string rounded;
     if (fraction.size() > format.digits) {
         const bool up = fraction[format.digits] >= '5';
@@ -188,9 +177,8 @@ bool AppendNumberText(std::string& out, std::string_view number, const NumberTex
 bool AppendNumber(std::string& out, double value, RenderedDigits rendered, const NumberTextFormat& format) {
     const int decimals = static_cast<int>(rendered);
     std::optional<FixedPoint> number = FixedPoint::Of(value, decimals);
-    if (!number) {
+    if (!number)
         return AppendRendered(out, value, decimals, format);
-    }
     const int kept =
         static_cast<int>(std::min<std::uint32_t>(format.digits, static_cast<std::uint32_t>(decimals)));
     number->RoundTo(kept);

@@ -38,9 +38,8 @@ constexpr std::array<NumberOverride, 3> numberOverrides{{{"iDigits", &RegionalSe
 std::optional<std::string> ReadOverride(const char* name) {
     SettingValue value;
     if (ReadSetting(SettingsRoot::User, settingsKey, name, value) != SettingsStatus::Done ||
-        value.type != SettingType::Text) {
+        value.type != SettingType::Text)
         return std::nullopt;
-    }
     return value.bytes.substr(0, value.bytes.find('\0'));
 }
 
@@ -70,9 +69,8 @@ private:
 std::string EnvironmentLocale(const char* category) {
     for (const char* variable : {"LC_ALL", category, "LANG"}) {
         const std::string value = EnvironmentValue(variable);
-        if (!value.empty()) {
+        if (!value.empty())
             return FindLocale(value).value_or("en-US");
-        }
     }
     return "en-US";
 }
@@ -86,22 +84,18 @@ std::string LocaleFor(const char* category) {
 
 RegionalSettings ReadRegionalSettings() {
     RegionalSettings settings = LocaleData(LocaleFor("LC_NUMERIC"), LocaleFor("LC_TIME"));
-    for (const auto& [name, setting] : textOverrides) {
+    for (const auto& [name, setting] : textOverrides)
         settings.*setting = ReadOverride(name).value_or(settings.*setting);
-    }
-    for (const auto& [name, setting] : numberOverrides) {
-        if (const std::optional<std::string> text = ReadOverride(name)) {
+    for (const auto& [name, setting] : numberOverrides)
+        if (const std::optional<std::string> text = ReadOverride(name))
             settings.*setting = ReadInteger(*text);
-        }
-    }
     return settings;
 }
 
 bool UseLocale(const std::string& name) {
     const std::optional<std::string> found = name.empty() ? name : FindLocale(name);
-    if (found) {
+    if (found)
         ChosenLocale::Instance().Choose(*found);
-    }
     return found.has_value();
 }
 

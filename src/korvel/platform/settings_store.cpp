@@ -77,9 +77,8 @@ void BindValue(StoreStatement& statement, int parameter, const SettingValue& val
         statement.BindBinary(parameter, value.bytes);
         break;
     case SettingType::Number:
-        if (!value.AsNumber()) {
+        if (!value.AsNumber())
             throw Error("A number in the settings store has four bytes");
-        }
         statement.BindNumber(parameter, *value.AsNumber());
         break;
     }
@@ -106,13 +105,11 @@ bool MayWrite(const std::filesystem::path& place) {
 /// Changing the file takes the right to write to its folder too, where the journal stands meanwhile.
 bool MayWriteStore(const std::filesystem::path& file) {
     std::error_code error;
-    if (std::filesystem::exists(file, error) && !MayWrite(file)) {
+    if (std::filesystem::exists(file, error) && !MayWrite(file))
         return false;
-    }
     std::filesystem::path folder = file.parent_path();
-    while (!folder.empty() && folder.has_relative_path() && !std::filesystem::exists(folder, error)) {
+    while (!folder.empty() && folder.has_relative_path() && !std::filesystem::exists(folder, error))
         folder = folder.parent_path();
-    }
     return MayWrite(folder.empty() ? "." : folder);
 }
 
@@ -129,28 +126,24 @@ SettingsStatus Run(Operation operation) {
 
 SettingValue SettingValue::Number(std::uint32_t number) {
     std::string bytes;
-    for (int shift = 0; shift < 32; shift += 8) {
+    for (int shift = 0; shift < 32; shift += 8)
         bytes.push_back(static_cast<char>(number >> shift));
-    }
     return {SettingType::Number, bytes};
 }
 
 std::optional<std::uint32_t> SettingValue::AsNumber() const {
-    if (type != SettingType::Number || bytes.size() != 4) {
+    if (type != SettingType::Number || bytes.size() != 4)
         return std::nullopt;
-    }
     std::uint32_t number = 0;
-    for (std::size_t i = 4; i > 0; --i) {
+    for (std::size_t i = 4; i > 0; --i)
         number = number << 8 | static_cast<unsigned char>(bytes[i - 1]);
-    }
     return number;
 }
 
 std::filesystem::path StorePath(SettingsRoot root) {
     std::filesystem::path chosen = ChosenFiles::Instance().File(root);
-    if (!chosen.empty()) {
+    if (!chosen.empty())
         return chosen;
-    }
     const std::filesystem::path folder =
         root == SettingsRoot::User ? UserConfigFolder() : MachineConfigFolder();
     return folder.empty() ? folder : folder / storeFile;
@@ -164,9 +157,8 @@ SettingsStatus CheckKey(SettingsRoot root, std::string_view path, SettingsAccess
     return Run([&] {
         const std::string key = StoredPath(path);
         std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root));
-        if (!key.empty() && (!store || !HasKey(*store, key))) {
+        if (!key.empty() && (!store || !HasKey(*store, key)))
             return SettingsStatus::KeyMissing;
-        }
         const bool allowed = access == SettingsAccess::Read || MayWriteStore(StorePath(root));
         return allowed ? SettingsStatus::Done : SettingsStatus::AccessDenied;
     });
@@ -176,9 +168,8 @@ SettingsStatus CreateKey(SettingsRoot root, std::string_view path) {
     return Run([&] {
         StoreDatabase store = StoreDatabase::OpenOrCreate(StorePath(root));
         store.Begin();
-        for (const std::string& key : KeysDownTo(path)) {
+        for (const std::string& key : KeysDownTo(path))
             StoreStatement(store, "INSERT OR IGNORE INTO keys VALUES(?)").BindText(1, key).Step();
-        }
         store.Commit();
         return SettingsStatus::Done;
     });
@@ -189,9 +180,8 @@ SettingsStatus ReadSetting(SettingsRoot root, std::string_view path, std::string
     return Run([&] {
         const std::string key = StoredPath(path);
         std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root));
-        if (!store) {
+        if (!store)
             return key.empty() ? SettingsStatus::ValueMissing : SettingsStatus::KeyMissing;
-        }
         StoreStatement query(*store, "SELECT value FROM settings WHERE path = ? AND name = ?");
         if (query.BindText(1, key).BindText(2, StoredName(name)).Step()) {
             value = ColumnValue(query, 0);
@@ -206,16 +196,13 @@ SettingsStatus WriteSetting(SettingsRoot root, std::string_view path, std::strin
     return Run([&] {
         const std::string key = StoredPath(path);
         std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root));
-        if (!store && key.empty()) {
+        if (!store && key.empty())
             store = StoreDatabase::OpenOrCreate(StorePath(root));
-        }
-        if (!store) {
+        if (!store)
             return SettingsStatus::KeyMissing;
-        }
         store->Begin();
-        if (!HasKey(*store, key)) {
+        if (!HasKey(*store, key))
             return SettingsStatus::KeyMissing;
-        }
         StoreStatement statement(*store, "INSERT OR REPLACE INTO settings VALUES(?, ?, ?)");
         statement.BindText(1, key).BindText(2, StoredName(name));
         BindValue(statement, 3, value);

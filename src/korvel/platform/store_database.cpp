@@ -31,9 +31,8 @@ bool IsMissingRight(int systemError) {
 bool Exists(const std::filesystem::path& file) {
     std::error_code error;
     const bool exists = std::filesystem::exists(file, error);
-    if (IsMissingRight(error.value())) {
+    if (IsMissingRight(error.value()))
         throw StoreAccessDenied();
-    }
     return exists;
 }
 
@@ -68,9 +67,8 @@ StoreStatement& StoreStatement::BindNumber(int parameter, std::int64_t number) {
 
 bool StoreStatement::Step() {
     const int answer = sqlite3_step(m_statement.get());
-    if (answer != SQLITE_ROW) {
+    if (answer != SQLITE_ROW)
         m_database.Check(answer == SQLITE_DONE ? SQLITE_OK : answer);
-    }
     return answer == SQLITE_ROW;
 }
 
@@ -98,26 +96,22 @@ std::int64_t StoreStatement::ColumnNumber(int column) const {
 }
 
 std::optional<StoreDatabase> StoreDatabase::OpenExisting(const std::filesystem::path& file) {
-    if (file.empty() || !Exists(file)) {
+    if (file.empty() || !Exists(file))
         return std::nullopt;
-    }
     StoreDatabase database(file, IfMissing::Fail);
     return database.HasTables() ? std::optional(std::move(database)) : std::nullopt;
 }
 
 StoreDatabase StoreDatabase::OpenOrCreate(const std::filesystem::path& file) {
-    if (file.empty()) {
+    if (file.empty())
         throw StoreAccessDenied();
-    }
     std::error_code error;
     std::filesystem::create_directories(file.parent_path(), error);
-    if (IsMissingRight(error.value())) {
+    if (IsMissingRight(error.value()))
         throw StoreAccessDenied();
-    }
     StoreDatabase database(file, IfMissing::Create);
-    if (!database.HasTables()) {
+    if (!database.HasTables())
         database.CreateTables();
-    }
     return database;
 }
 
@@ -149,21 +143,18 @@ void StoreDatabase::Execute(const char* sql) {
 
 bool StoreDatabase::HasTables() {
     StoreStatement id(*this, "PRAGMA application_id");
-    if (id.Step() && id.ColumnNumber(0) == applicationId) {
+    if (id.Step() && id.ColumnNumber(0) == applicationId)
         return true;
-    }
     StoreStatement objects(*this, "SELECT 1 FROM sqlite_master");
-    if (objects.Step()) {
+    if (objects.Step())
         Throw("it is another program's database");
-    }
     return false;
 }
 
 void StoreDatabase::CreateTables() {
     Begin();
-    if (!HasTables()) { // another program may have been faster
+    if (!HasTables()) // another program may have been faster
         Execute(createTables);
-    }
     Commit();
 }
 
@@ -176,9 +167,8 @@ void StoreDatabase::Check(int answer) const {
     case SQLITE_AUTH:
         throw StoreAccessDenied();
     case SQLITE_CANTOPEN:
-        if (m_handle && IsMissingRight(sqlite3_system_errno(m_handle.get()))) {
+        if (m_handle && IsMissingRight(sqlite3_system_errno(m_handle.get())))
             throw StoreAccessDenied();
-        }
         [[fallthrough]];
     default:
         Throw(sqlite3_errstr(answer));

@@ -29,12 +29,10 @@ int DaysOfYear(int year) {
 IsoWeek IsoWeekOf(const CalendarFields& fields) {
     const int daysSinceMonday = (fields.weekday + 6) % 7;
     const int thursday = fields.dayOfYear - daysSinceMonday + 3;
-    if (thursday < 1) {
+    if (thursday < 1)
         return {fields.year - 1, (thursday + DaysOfYear(fields.year - 1) + 6) / 7};
-    }
-    if (thursday > DaysOfYear(fields.year)) {
+    if (thursday > DaysOfYear(fields.year))
         return {fields.year + 1, 1};
-    }
     return {fields.year, (thursday + 6) / 7};
 }
 
@@ -165,11 +163,10 @@ std::string FormatOfPicture(std::string_view picture) {
             i += run;
             continue;
         }
-        if (letter == '\'') {
+        if (letter == '\'')
             quoted = !quoted;
-        } else {
+        else
             format.append(letter == '%' ? 2 : 1, letter);
-        }
         ++i;
     }
     return format;
@@ -199,9 +196,8 @@ bool TimeWriter::Write(std::string_view format, Form outerForm) {
         const std::size_t literal = std::min(format.find('%'), format.size());
         m_text.append(format.substr(0, literal));
         format.remove_prefix(literal);
-        if (format.empty()) {
+        if (format.empty())
             break;
-        }
         format.remove_prefix(1);
         Form form = outerForm;
         if (format.starts_with('#')) {
@@ -209,12 +205,10 @@ bool TimeWriter::Write(std::string_view format, Form outerForm) {
             format.remove_prefix(1);
         }
         if (format.starts_with('E') ||
-            format.starts_with('O')) { // eras and other numerals, which no locale here has
+            format.starts_with('O')) // eras and other numerals, which no locale here has
             format.remove_prefix(1);
-        }
-        if (format.empty() || !WriteSpecifier(format.front(), form)) {
+        if (format.empty() || !WriteSpecifier(format.front(), form))
             return false;
-        }
         format.remove_prefix(1);
     }
     return true;
@@ -229,9 +223,8 @@ bool TimeWriter::WriteSpecifier(char letter, Form form) {
         m_text += name->name(m_fields, m_settings.names);
         return true;
     }
-    if (const CompoundSpecifier* compound = Find(compounds, letter)) {
+    if (const CompoundSpecifier* compound = Find(compounds, letter))
         return Write(compound->format, form);
-    }
     switch (letter) {
     case 'x':
         return WritePicture(form == Form::Alternate ? m_settings.longDatePicture
@@ -256,9 +249,8 @@ void TimeWriter::WriteNumber(const NumberSpecifier& specifier, Form form) {
     constexpr std::string_view alwaysPadded = "gG"; // the platform ignores `#` here
     const std::string digits = std::to_string(specifier.value(m_fields));
     const bool padded = form == Form::Usual || alwaysPadded.find(specifier.letter) != std::string_view::npos;
-    if (padded && digits.size() < specifier.width) {
+    if (padded && digits.size() < specifier.width)
         m_text.append(specifier.width - digits.size(), specifier.letter == 'e' ? ' ' : '0');
-    }
     m_text += digits;
 }
 
@@ -273,9 +265,8 @@ bool InRange(const Fields& fields) {
 
 std::string TimeText(std::string_view format, const CalendarFields& fields,
                      const RegionalSettings& settings) {
-    if (!InRange(fields)) {
+    if (!InRange(fields))
         return {};
-    }
     TimeWriter writer(fields, settings);
     const bool understood = writer.Write(format, Form::Usual);
     std::string text = writer.Take();

@@ -27,9 +27,8 @@ std::filesystem::path UserConfigFolder() {
     std::filesystem::path folder = EnvironmentValue("XDG_CONFIG_HOME");
     if (!folder.is_absolute()) {
         const std::filesystem::path home = HomeFolder();
-        if (home.empty()) {
+        if (home.empty())
             return {};
-        }
         folder = home / ".config";
     }
     return folder / ownFolder;
@@ -38,9 +37,8 @@ std::filesystem::path UserConfigFolder() {
 std::filesystem::path MachineConfigFolder() {
     const std::string folders = EnvironmentValue("XDG_CONFIG_DIRS");
     std::filesystem::path first = folders.substr(0, folders.find(':'));
-    if (!first.is_absolute()) {
+    if (!first.is_absolute())
         first = "/etc/xdg";
-    }
     return first / ownFolder;
 }
 

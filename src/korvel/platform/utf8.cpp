@@ -66,10 +66,8 @@ std::optional<char32_t> TakeUtf8(std::string_view& utf8) {
     for (; taken < length && taken < utf8.size(); ++taken) {
         const std::uint8_t byte = byteAt(taken);
         const bool second = taken == 1;
-        if (byte < (second ? sequence.lowestSecond : 0x80) ||
-            byte > (second ? sequence.highestSecond : 0xBF)) {
+        if (byte < (second ? sequence.lowestSecond : 0x80) || byte > (second ? sequence.highestSecond : 0xBF))
             break;
-        }
         character = (character << 6) | (byte & 0x3F);
     }
     utf8.remove_prefix(taken);

@@ -1,9 +1,9 @@
 #include "korvel/qt/button_peer.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QCheckBox>
@@ -52,7 +52,8 @@ ButtonPeer::ButtonPeer(Desktop& desktop, HWND window, QWidget* parent)
 
 ButtonPeer::ButtonPeer(Desktop& desktop, HWND window, QAbstractButton& button)
     : Peer(desktop, window, button, button), m_button(button) {
-    connect(&m_button, &QAbstractButton::clicked, this, [this] { OnClicked(); });
+    connect(
+        &m_button, &QAbstractButton::clicked, this, [this] { OnClicked(); });
 }
 
 void ButtonPeer::Apply(Aspects aspects) {

@@ -1,9 +1,9 @@
 #include "korvel/qt/edit_peer.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QLineEdit>
@@ -53,8 +53,10 @@ EditPeer::EditPeer(Desktop& desktop, HWND window, QLineEdit& edit)
     if (view::Style(window) & ES_NUMBER)
         m_edit.setValidator(
             new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), &m_edit));
-    connect(&m_edit, &QLineEdit::textEdited, this, [this] { Report(); });
-    connect(&m_edit, &QLineEdit::selectionChanged, this, [this] { Report(); });
+    connect(
+        &m_edit, &QLineEdit::textEdited, this, [this] { Report(); });
+    connect(
+        &m_edit, &QLineEdit::selectionChanged, this, [this] { Report(); });
     connect(&m_edit, &QLineEdit::cursorPositionChanged, this, [this] { Report(); });
 }
 
@@ -106,8 +108,10 @@ TextPeer::TextPeer(Desktop& desktop, HWND window, QPlainTextEdit& edit)
     m_edit.setTabChangesFocus(false);
     if (!HasBorder(window))
         m_edit.setFrameStyle(QFrame::NoFrame);
-    connect(&m_edit, &QPlainTextEdit::textChanged, this, [this] { Report(); });
-    connect(&m_edit, &QPlainTextEdit::selectionChanged, this, [this] { Report(); });
+    connect(
+        &m_edit, &QPlainTextEdit::textChanged, this, [this] { Report(); });
+    connect(
+        &m_edit, &QPlainTextEdit::selectionChanged, this, [this] { Report(); });
     connect(&m_edit, &QPlainTextEdit::cursorPositionChanged, this, [this] { Report(); });
 }
 

@@ -4,8 +4,8 @@
 #include "korvel/qt/desktop.h"
 #include "korvel/qt/display_parts.h"
 #include "korvel/qt/qt_display.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>
@@ -54,10 +54,9 @@ void EmbedFrame::Place() {
     input::Placed(m_site, FromQRect(QRect(mapToGlobal(QPoint(0, 0)), size())));
     if (!IsWindow(m_window))
         return;
-    for (QObject* child : children()) {
+    for (QObject* child : children())
         if (auto* widget = qobject_cast<QWidget*>(child); widget && !widget->isWindow())
             widget->setGeometry(rect());
-    }
     input::Placed(m_window, FromQRect(rect()));
 }
 

@@ -2,8 +2,8 @@
 
 #include "korvel/qt/peer.h"
 #include "korvel/qt/peer_table.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/display/input.h"
 
 #include <QApplication>
 
@@ -17,8 +17,9 @@ constexpr std::chrono::seconds activationPatience{1};
 } // namespace
 
 FocusTracker::FocusTracker(PeerTable& peers) : m_peers(peers) {
-    m_connection = QObject::connect(qApp, &QApplication::focusChanged,
-                                    [this](QWidget* former, QWidget* now) { OnFocusChanged(former, now); });
+    m_connection = QObject::connect(
+        qApp, &QApplication::focusChanged,
+        [this](QWidget* former, QWidget* now) { OnFocusChanged(former, now); });
 }
 
 FocusTracker::~FocusTracker() {

@@ -41,10 +41,9 @@ QSize ScreenSize() {
 } // namespace
 
 COLORREF SystemColor(int index) {
-    for (const ColorRow& row : colors) {
+    for (const ColorRow& row : colors)
         if (row.index == index)
             return FromQColor(QApplication::palette().color(row.group, row.role));
-    }
     return 0;
 }
 

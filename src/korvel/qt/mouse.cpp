@@ -2,8 +2,8 @@
 
 #include "korvel/qt/convert.h"
 #include "korvel/qt/peer.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/base/messages.h"
+#include "korvel/window/display/input.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -41,10 +41,9 @@ constexpr ButtonMessage outsideMessages[] = {
 UINT MessageOf(const QMouseEvent& event) {
     if (event.type() == QEvent::MouseMove)
         return WM_MOUSEMOVE;
-    for (const ButtonMessage& row : buttonMessages) {
+    for (const ButtonMessage& row : buttonMessages)
         if (row.type == event.type() && row.button == event.button())
             return row.message;
-    }
     return 0;
 }
 

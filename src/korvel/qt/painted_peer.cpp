@@ -3,8 +3,8 @@
 #include "korvel/qt/convert.h"
 #include "korvel/qt/desktop.h"
 #include "korvel/qt/painter_surface.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/base/messages.h"
+#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QFrame>

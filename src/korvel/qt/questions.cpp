@@ -122,10 +122,9 @@ std::optional<CString> AskPath(const Shown<QFileDialog>& dialog) {
 
 int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT type) {
     const ButtonsRow* row = &buttonRows[0];
-    for (const ButtonsRow& candidate : buttonRows) {
+    for (const ButtonsRow& candidate : buttonRows)
         if (candidate.type == (type & buttonMask))
             row = &candidate;
-    }
     const Shown<QMessageBox> box(IconOf(type), ToQString(caption), ToQString(text), row->buttons, owner);
     box->setTextFormat(Qt::PlainText);
     box->setEscapeButton(row->escape);

@@ -3,8 +3,8 @@
 #include "korvel/qt/convert.h"
 #include "korvel/qt/desktop.h"
 #include "korvel/qt/peer.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>

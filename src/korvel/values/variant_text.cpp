@@ -50,7 +50,8 @@ void WithReal(const CVariantValue& value, EStorage storage, Write write) {
 
 template <typename Output>
 void AppendReal(std::string& out, const CVariantValue& value, EStorage storage, const Output& output) {
-    WithReal(value, storage, [&](auto number) { output.Append(out, number); });
+    WithReal(
+        value, storage, [&](auto number) { output.Append(out, number); });
 }
 
 void AppendList(std::string& out, const CVariantValue& value, ETextForm form,

@@ -13,8 +13,9 @@ inline char LowerLetter(char letter) {
 struct NameLess {
     using is_transparent = void;
     bool operator()(std::string_view left, std::string_view right) const {
-        return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(),
-                                            [](char a, char b) { return LowerLetter(a) < LowerLetter(b); });
+        return std::lexicographical_compare(
+            left.begin(), left.end(), right.begin(), right.end(),
+            [](char a, char b) { return LowerLetter(a) < LowerLetter(b); });
     }
 };
 

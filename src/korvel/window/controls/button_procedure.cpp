@@ -1,6 +1,6 @@
+#include "korvel/window/base/dc.h"
 #include "korvel/window/controls/button_state.h"
 #include "korvel/window/controls/control_procedures.h"
-#include "korvel/window/base/dc.h"
 
 #include <algorithm>
 #include <optional>

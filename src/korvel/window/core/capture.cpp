@@ -24,9 +24,11 @@ HWND MoveCapture(HWND window) {
 } // namespace
 
 HWND SetCapture(HWND window) {
-    return OnOwner(window, [&](WindowRecord& record) -> HWND {
-        return IsOnDisplay(record) && !record.destroying ? MoveCapture(window) : nullptr;
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) -> HWND {
+            return IsOnDisplay(record) && !record.destroying ? MoveCapture(window) : nullptr;
+        });
 }
 
 void ReleaseCapture() {

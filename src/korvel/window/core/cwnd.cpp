@@ -2,8 +2,8 @@
 
 #include "korvel/window/core/current_message.h"
 #include "korvel/window/core/cwnd_access.h"
-#include "korvel/window/display/uncaught.h"
 #include "korvel/window/core/window_life.h"
+#include "korvel/window/display/uncaught.h"
 
 namespace korvel {
 
@@ -76,12 +76,14 @@ bool CWnd::CreateEx(UINT exStyle, const char* className, const char* text, UINT 
 }
 
 bool CWnd::SubclassWindow(HWND window) {
-    return !m_hWnd && OnOwner(window, [&](WindowRecord& record) {
-        if (record.object || record.destroying)
-            return false;
-        CWndAccess::Attach(*this, record);
-        return true;
-    });
+    return !m_hWnd && OnOwner(
+                          window,
+                          [&](WindowRecord& record) {
+                              if (record.object || record.destroying)
+                                  return false;
+                              CWndAccess::Attach(*this, record);
+                              return true;
+                          });
 }
 
 bool CWnd::SubclassDlgItem(int id, CWnd* parent) {
@@ -103,7 +105,8 @@ bool CWnd::DestroyWindow() {
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return record.object; });
+    return OnOwner(
+        window, [](WindowRecord& record) { return record.object; });
 }
 
 void CWnd::ModifyStyle(UINT remove, UINT add) {
@@ -129,9 +132,11 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    return OnOwner(m_hWnd, [&](WindowRecord& record) {
-        return CallWindowProcA(record.superProcedure, record.handle, message, wParam, lParam);
-    });
+    return OnOwner(
+        m_hWnd,
+        [&](WindowRecord& record) {
+            return CallWindowProcA(record.superProcedure, record.handle, message, wParam, lParam);
+        });
 }
 
 bool CWnd::PreTranslateMessage(MSG&) {

@@ -77,41 +77,43 @@ LRESULT OfferToControl(const WindowRecord& record, UINT message, WPARAM wParam, 
 } // namespace
 
 LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    return OnOwner(window, [&](WindowRecord& record) -> LRESULT {
-        NoteDefaultReached(window, message);
-        switch (message) {
-        case WM_SETTEXT:
-            return SetText(record, lParam);
-        case WM_GETTEXT:
-            return CopyText(record, wParam, lParam);
-        case WM_GETTEXTLENGTH:
-            return static_cast<LRESULT>(record.text.size());
-        case WM_SETREDRAW:
-            return SetRedraw(record, wParam != 0);
-        case WM_SETFONT:
-            return SetFont(record, wParam);
-        case WM_GETFONT:
-            return static_cast<LRESULT>(record.font);
-        case WM_CLOSE:
-            DestroyWindow(window);
-            return 0;
-        case WM_ERASEBKGND:
-            return FillBackground(reinterpret_cast<CDC*>(wParam));
-        case WM_SETCURSOR:
-            return ChooseCursor(record, wParam, lParam);
-        case WM_RBUTTONUP:
-            return AskForMenu(window, lParam);
-        case WM_CONTEXTMENU:
-        case WM_MOUSEWHEEL:
-            return SendMessageA(record.parent, message, wParam, lParam);
-        case WM_COMMAND:
-        case WM_NOTIFY:
-        case WM_DRAWITEM:
-            return OfferToControl(record, message, wParam, lParam);
-        default:
-            return 0;
-        }
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) -> LRESULT {
+            NoteDefaultReached(window, message);
+            switch (message) {
+            case WM_SETTEXT:
+                return SetText(record, lParam);
+            case WM_GETTEXT:
+                return CopyText(record, wParam, lParam);
+            case WM_GETTEXTLENGTH:
+                return static_cast<LRESULT>(record.text.size());
+            case WM_SETREDRAW:
+                return SetRedraw(record, wParam != 0);
+            case WM_SETFONT:
+                return SetFont(record, wParam);
+            case WM_GETFONT:
+                return static_cast<LRESULT>(record.font);
+            case WM_CLOSE:
+                DestroyWindow(window);
+                return 0;
+            case WM_ERASEBKGND:
+                return FillBackground(reinterpret_cast<CDC*>(wParam));
+            case WM_SETCURSOR:
+                return ChooseCursor(record, wParam, lParam);
+            case WM_RBUTTONUP:
+                return AskForMenu(window, lParam);
+            case WM_CONTEXTMENU:
+            case WM_MOUSEWHEEL:
+                return SendMessageA(record.parent, message, wParam, lParam);
+            case WM_COMMAND:
+            case WM_NOTIFY:
+            case WM_DRAWITEM:
+                return OfferToControl(record, message, wParam, lParam);
+            default:
+                return 0;
+            }
+        });
 }
 
 } // namespace korvel

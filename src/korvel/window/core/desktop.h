@@ -24,7 +24,8 @@ auto OnDisplayThread(Function&& function) {
         return function(Display());
     const auto queue = DisplayQueue();
     if constexpr (std::is_void_v<Result>) {
-        queue->Send(nullptr, [&] { function(Display()); });
+        queue->Send(
+            nullptr, [&] { function(Display()); });
     } else {
         Result result{};
         queue->Send(nullptr, [&] { result = function(Display()); });

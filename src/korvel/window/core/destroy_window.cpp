@@ -1,5 +1,5 @@
-#include "korvel/window/core/desktop.h"
 #include "korvel/window/base/first_failure.h"
+#include "korvel/window/core/desktop.h"
 #include "korvel/window/core/own_windows.h"
 #include "korvel/window/core/window_table.h"
 

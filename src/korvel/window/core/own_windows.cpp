@@ -39,8 +39,9 @@ RecordRef AddOwnWindow() {
 std::vector<RecordRef> OwnWindows() {
     std::vector<RecordRef> records;
     if (t_records)
-        std::copy_if(t_records->bySlot.begin(), t_records->bySlot.end(), std::back_inserter(records),
-                     [](const RecordRef& record) { return record != nullptr; });
+        std::copy_if(
+            t_records->bySlot.begin(), t_records->bySlot.end(), std::back_inserter(records),
+            [](const RecordRef& record) { return record != nullptr; });
     std::sort(records.begin(), records.end(), [](const RecordRef& left, const RecordRef& right) {
         return left->creationNumber < right->creationNumber;
     });

@@ -40,54 +40,67 @@ CRect WithoutInsets(CRect rect, const CRect& insets) {
 } // namespace
 
 bool MoveWindow(HWND window, const CRect& rect, bool /*repaint*/) {
-    return OnOwner(window, [&](WindowRecord& record) {
-        Place(record, rect, PlaceOrigin::Program);
-        return true;
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) {
+            Place(record, rect, PlaceOrigin::Program);
+            return true;
+        });
 }
 
 bool SetWindowPos(HWND window, HWND /*insertAfter*/, const CRect& rect, UINT flags) {
-    return OnOwner(window, [&](WindowRecord& record) {
-        const CRect wanted = Placeable(rect);
-        const CPoint corner = flags & SWP_NOMOVE ? record.rect.TopLeft() : wanted.TopLeft();
-        const CRect size = flags & SWP_NOSIZE ? record.rect : wanted;
-        Place(record, {corner.x, corner.y, corner.x + size.Width(), corner.y + size.Height()},
-              PlaceOrigin::Program);
-        if (flags & SWP_HIDEWINDOW)
-            ShowWindow(window, SW_HIDE);
-        else if (flags & SWP_SHOWWINDOW)
-            ShowWindow(window, flags & SWP_NOACTIVATE ? SW_SHOWNA : SW_SHOW);
-        return true;
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) {
+            const CRect wanted = Placeable(rect);
+            const CPoint corner = flags & SWP_NOMOVE ? record.rect.TopLeft() : wanted.TopLeft();
+            const CRect size = flags & SWP_NOSIZE ? record.rect : wanted;
+            Place(record, {corner.x, corner.y, corner.x + size.Width(), corner.y + size.Height()},
+                  PlaceOrigin::Program);
+            if (flags & SWP_HIDEWINDOW)
+                ShowWindow(window, SW_HIDE);
+            else if (flags & SWP_SHOWWINDOW)
+                ShowWindow(window, flags & SWP_NOACTIVATE ? SW_SHOWNA : SW_SHOW);
+            return true;
+        });
 }
 
 CRect GetWindowRect(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) {
-        CRect rect = record.rect;
-        const CPoint origin = ClientToScreen(record.parent, {});
-        rect.OffsetRect(origin.x, origin.y);
-        return rect;
-    });
+    return OnOwner(
+        window,
+        [](WindowRecord& record) {
+            CRect rect = record.rect;
+            const CPoint origin = ClientToScreen(record.parent, {});
+            rect.OffsetRect(origin.x, origin.y);
+            return rect;
+        });
 }
 
 CRect GetClientRect(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) {
-        const CRect area = ClientArea(record);
-        return CRect{0, 0, area.Width(), area.Height()};
-    });
+    return OnOwner(
+        window,
+        [](WindowRecord& record) {
+            const CRect area = ClientArea(record);
+            return CRect{0, 0, area.Width(), area.Height()};
+        });
 }
 
 CPoint ClientToScreen(HWND window, CPoint point) {
-    return OnOwner(window, [&](WindowRecord& record) {
-        return IsOnDisplay(record) ? Display().ToScreen(window, point) : ScreenPointInMemory(window, point);
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) {
+            return IsOnDisplay(record) ? Display().ToScreen(window, point)
+                                       : ScreenPointInMemory(window, point);
+        });
 }
 
 CPoint ScreenToClient(HWND window, CPoint point) {
-    return OnOwner(window, [&](WindowRecord& record) {
-        const CPoint origin = ClientToScreen(record.handle, {});
-        return Held(std::int64_t{point.x} - origin.x, std::int64_t{point.y} - origin.y);
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) {
+            const CPoint origin = ClientToScreen(record.handle, {});
+            return Held(std::int64_t{point.x} - origin.x, std::int64_t{point.y} - origin.y);
+        });
 }
 
 namespace internal {

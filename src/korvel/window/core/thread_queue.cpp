@@ -2,8 +2,8 @@
 
 #include "korvel/window/core/desktop.h"
 #include "korvel/window/core/own_windows.h"
-#include "korvel/window/display/uncaught.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/display/uncaught.h"
 
 #include <optional>
 #include <utility>

@@ -57,37 +57,44 @@ void FireDue(Milliseconds now) {
 } // namespace
 
 std::uintptr_t SetTimer(HWND window, std::uintptr_t id, unsigned milliseconds) {
-    return OnOwner(window, [&](WindowRecord& record) -> std::uintptr_t {
-        if (!IsOnDisplay(record) || record.destroying)
-            return 0;
-        std::erase_if(Timers(), [&](const Timer& timer) { return timer.window == window && timer.id == id; });
-        const Milliseconds period = std::max(Milliseconds(milliseconds), ShortestPeriod);
-        Timers().push_back({window, id, period, Display().Now() + period});
-        SetAlarm(Display());
-        return id;
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) -> std::uintptr_t {
+            if (!IsOnDisplay(record) || record.destroying)
+                return 0;
+            std::erase_if(
+                Timers(), [&](const Timer& timer) { return timer.window == window && timer.id == id; });
+            const Milliseconds period = std::max(Milliseconds(milliseconds), ShortestPeriod);
+            Timers().push_back({window, id, period, Display().Now() + period});
+            SetAlarm(Display());
+            return id;
+        });
 }
 
 bool KillTimer(HWND window, std::uintptr_t id) {
-    return OnOwner(window, [&](WindowRecord& record) {
-        if (!IsOnDisplay(record))
-            return false;
-        const auto removed = std::erase_if(
-            Timers(), [&](const Timer& timer) { return timer.window == window && timer.id == id; });
-        if (removed > 0)
-            SetAlarm(Display());
-        return removed > 0;
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) {
+            if (!IsOnDisplay(record))
+                return false;
+            const auto removed = std::erase_if(
+                Timers(), [&](const Timer& timer) { return timer.window == window && timer.id == id; });
+            if (removed > 0)
+                SetAlarm(Display());
+            return removed > 0;
+        });
 }
 
 namespace input {
 
 void FireTimers() {
     if (IsDisplayThread())
-        Guarded(Uncaught::ToPump, [] {
-            FireDue(Display().Now());
-            SetAlarm(Display());
-        });
+        Guarded(
+            Uncaught::ToPump,
+            [] {
+                FireDue(Display().Now());
+                SetAlarm(Display());
+            });
 }
 
 } // namespace input

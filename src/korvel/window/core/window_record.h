@@ -1,8 +1,8 @@
 #pragma once
 
-#include "korvel/window/display/display.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_table.h"
+#include "korvel/window/display/display.h"
 #include "korvel/window/display/window_view.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
@@ -70,8 +70,8 @@ struct WindowRecord : boost::intrusive_ref_counter<WindowRecord, boost::thread_u
     WNDPROC procedure = nullptr;
     WNDPROC superProcedure = nullptr; // what the window had before an object was attached
     CWnd* object = nullptr;
-    bool redraw = true; // WM_SETREDRAW
-    Aspects untold = 0; // what changed while redraw was off
+    bool redraw = true;      // WM_SETREDRAW
+    Aspects untold = 0;      // what changed while redraw was off
     bool destroying = false; // its end has begun, though it still counts as visible at first
     bool announced = false;  // it has heard WM_DESTROY
     std::unique_ptr<ControlState> control;

@@ -52,87 +52,104 @@ void Adopt(WindowRecord& record, HWND parent) {
 } // namespace
 
 HWND GetParent(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return record.ParentOrOwner(); });
+    return OnOwner(
+        window, [](WindowRecord& record) { return record.ParentOrOwner(); });
 }
 
 HWND GetOwner(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return record.owner; });
+    return OnOwner(
+        window, [](WindowRecord& record) { return record.owner; });
 }
 
 HWND GetTopLevelParent(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) {
-        HWND top = record.handle;
-        for (RecordRef level = Find(top); level; level = Find(level->ParentOrOwner()))
-            top = level->handle;
-        return top;
-    });
+    return OnOwner(
+        window,
+        [](WindowRecord& record) {
+            HWND top = record.handle;
+            for (RecordRef level = Find(top); level; level = Find(level->ParentOrOwner()))
+                top = level->handle;
+            return top;
+        });
 }
 
 HWND SetParent(HWND window, HWND parent) {
-    return OnOwner(window, [&](WindowRecord& record) -> HWND {
-        const RecordRef next = Find(parent);
-        if (parent && (!next || next->destroying || DependsOn(window, parent)))
-            return nullptr;
-        const HWND former = record.parent;
-        Adopt(record, parent);
-        return former;
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) -> HWND {
+            const RecordRef next = Find(parent);
+            if (parent && (!next || next->destroying || DependsOn(window, parent)))
+                return nullptr;
+            const HWND former = record.parent;
+            Adopt(record, parent);
+            return former;
+        });
 }
 
 bool IsChild(HWND parent, HWND window) {
-    return OnOwner(window,
-                   [&](WindowRecord& record) { return record.handle != parent && IsWithin(parent, window); });
+    return OnOwner(
+        window, [&](WindowRecord& record) { return record.handle != parent && IsWithin(parent, window); });
 }
 
 HWND GetDlgItem(HWND parent, int id) {
-    return OnOwner(parent, [&](WindowRecord& record) -> HWND {
-        const auto found = std::find_if(record.children.begin(), record.children.end(), [&](HWND child) {
-            const RecordRef childRecord = Find(child);
-            return childRecord && childRecord->id == id;
+    return OnOwner(
+        parent,
+        [&](WindowRecord& record) -> HWND {
+            const auto found = std::find_if(
+                record.children.begin(), record.children.end(),
+                [&](HWND child) {
+                    const RecordRef childRecord = Find(child);
+                    return childRecord && childRecord->id == id;
+                });
+            return found == record.children.end() ? nullptr : *found;
         });
-        return found == record.children.end() ? nullptr : *found;
-    });
 }
 
 int GetDlgCtrlID(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return record.id; });
+    return OnOwner(
+        window, [](WindowRecord& record) { return record.id; });
 }
 
 HWND GetFirstChild(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) -> HWND {
-        return record.children.empty() ? nullptr : record.children.front();
-    });
+    return OnOwner(
+        window,
+        [](WindowRecord& record) -> HWND {
+            return record.children.empty() ? nullptr : record.children.front();
+        });
 }
 
 HWND GetNextSibling(HWND window) {
-    return OnOwner(window, [&](WindowRecord& record) -> HWND {
-        const RecordRef parent = Find(record.parent);
-        if (!parent)
-            return nullptr;
-        auto position = std::find(parent->children.begin(), parent->children.end(), window);
-        return position == parent->children.end() || ++position == parent->children.end() ? nullptr
-                                                                                          : *position;
-    });
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) -> HWND {
+            const RecordRef parent = Find(record.parent);
+            if (!parent)
+                return nullptr;
+            auto position = std::find(parent->children.begin(), parent->children.end(), window);
+            return position == parent->children.end() || ++position == parent->children.end() ? nullptr
+                                                                                              : *position;
+        });
 }
 
 HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous) {
-    return OnOwner(parent, [&](WindowRecord& record) -> HWND {
-        std::vector<DialogControl> controls;
-        CollectControls(record, true, controls);
-        const int count = static_cast<int>(controls.size());
-        int place = count - 1;
-        // The innermost control around `from`: its inside is no part of the round.
-        while (place >= 0 && !IsWithin(controls[place].window, from))
-            --place;
-        if (place < 0 && previous)
-            place = count;
-        for (int step = 0; step < count; ++step) {
-            place = (place + (previous ? count - 1 : 1)) % count;
-            if (controls[place].isTabStop)
-                return controls[place].window;
-        }
-        return nullptr;
-    });
+    return OnOwner(
+        parent,
+        [&](WindowRecord& record) -> HWND {
+            std::vector<DialogControl> controls;
+            CollectControls(record, true, controls);
+            const int count = static_cast<int>(controls.size());
+            int place = count - 1;
+            // The innermost control around `from`: its inside is no part of the round.
+            while (place >= 0 && !IsWithin(controls[place].window, from))
+                --place;
+            if (place < 0 && previous)
+                place = count;
+            for (int step = 0; step < count; ++step) {
+                place = (place + (previous ? count - 1 : 1)) % count;
+                if (controls[place].isTabStop)
+                    return controls[place].window;
+            }
+            return nullptr;
+        });
 }
 
 namespace internal {

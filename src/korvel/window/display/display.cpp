@@ -2,8 +2,8 @@
 
 #include "korvel/window/core/cwnd_access.h"
 #include "korvel/window/core/desktop.h"
-#include "korvel/window/display/headless_display.h"
 #include "korvel/window/core/own_windows.h"
+#include "korvel/window/display/headless_display.h"
 
 #include <atomic>
 #include <mutex>

@@ -162,12 +162,11 @@ Milliseconds HeadlessDisplay::Now() {
 }
 
 void HeadlessDisplay::RunUntil(HWND, const std::function<bool()>& done) {
-    while (!done()) {
+    while (!done())
         if (TakeWoken())
             input::DispatchMessages();
         else
             TakeAnswer(m_steps, "a modal loop that is idle")();
-    }
 }
 
 int HeadlessDisplay::MessageBox(HWND, const CString& text, const CString& caption, UINT type) {

@@ -104,15 +104,17 @@ Outcome DeliverMouse(HWND window, UINT message, UINT flags, CPoint point, int wh
 // Runs a report about a control: false when it is dropped.
 template <class Report>
 void ReportToControl(HWND window, Report report) {
-    Guarded(Uncaught::ToPump, [&] {
-        const RecordRef record = Find(window);
-        if (!record || !record->control)
-            return;
-        if (IsWindowEnabled(window))
-            report(*record->control);
-        else // the widget shows what the window does not have
-            TellDisplay(*record, Aspect::Text | Aspect::State | static_cast<Aspects>(Aspect::Scroll));
-    });
+    Guarded(
+        Uncaught::ToPump,
+        [&] {
+            const RecordRef record = Find(window);
+            if (!record || !record->control)
+                return;
+            if (IsWindowEnabled(window))
+                report(*record->control);
+            else // the widget shows what the window does not have
+                TellDisplay(*record, Aspect::Text | Aspect::State | static_cast<Aspects>(Aspect::Scroll));
+        });
 }
 
 } // namespace
@@ -141,57 +143,71 @@ bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int wheel) {
 }
 
 void FocusMoved(HWND window) {
-    Guarded(Uncaught::ToPump, [&] {
-        if (IsDisplayThread() && (!window || CanTakeFocus(window)))
-            MoveFocus(window, FocusOrigin::Display);
-    });
+    Guarded(
+        Uncaught::ToPump,
+        [&] {
+            if (IsDisplayThread() && (!window || CanTakeFocus(window)))
+                MoveFocus(window, FocusOrigin::Display);
+        });
 }
 
 void Edited(HWND window, const CString& text, int selectionStart, int selectionEnd) {
-    ReportToControl(window,
-                    [&](ControlState& control) { control.Edited(text, selectionStart, selectionEnd); });
+    ReportToControl(
+        window, [&](ControlState& control) { control.Edited(text, selectionStart, selectionEnd); });
 }
 
 void Value(HWND window, double value) {
-    ReportToControl(window, [&](ControlState& control) { control.Value(value); });
+    ReportToControl(
+        window, [&](ControlState& control) { control.Value(value); });
 }
 
 void Scrolled(HWND window, int x, int row) {
-    ReportToControl(window, [&](ControlState& control) { control.Scrolled(x, row); });
+    ReportToControl(
+        window, [&](ControlState& control) { control.Scrolled(x, row); });
 }
 
 void Placed(HWND window, const CRect& rect) {
-    Guarded(Uncaught::ToPump, [&] {
-        OnOwner(window, [&](WindowRecord& record) { Place(record, rect, PlaceOrigin::Display); });
-    });
+    Guarded(
+        Uncaught::ToPump,
+        [&] {
+            OnOwner(
+                window, [&](WindowRecord& record) { Place(record, rect, PlaceOrigin::Display); });
+        });
 }
 
 void Close(HWND window) {
-    Guarded(Uncaught::ToPump, [&] {
-        if (IsWindowEnabled(window))
-            SendMessageA(window, WM_CLOSE, 0, 0);
-    });
+    Guarded(
+        Uncaught::ToPump,
+        [&] {
+            if (IsWindowEnabled(window))
+                SendMessageA(window, WM_CLOSE, 0, 0);
+        });
 }
 
 void Destroy(HWND window) {
-    Guarded(Uncaught::ToPump, [&] { DestroyWindow(window); });
+    Guarded(
+        Uncaught::ToPump, [&] { DestroyWindow(window); });
 }
 
 void Activated(HWND window, bool active) {
-    Guarded(Uncaught::ToPump, [&] { SendMessageA(window, WM_ACTIVATE, active, 0); });
+    Guarded(
+        Uncaught::ToPump, [&] { SendMessageA(window, WM_ACTIVATE, active, 0); });
 }
 
 void Paint(HWND window, ISurface& surface, const CRect& clip) {
-    Guarded(Uncaught::ToPump, [&] {
-        CDC dc(surface, clip);
-        const auto context = reinterpret_cast<WPARAM>(&dc);
-        SendMessageA(window, WM_ERASEBKGND, context, 0);
-        SendMessageA(window, WM_PAINT, context, 0);
-    });
+    Guarded(
+        Uncaught::ToPump,
+        [&] {
+            CDC dc(surface, clip);
+            const auto context = reinterpret_cast<WPARAM>(&dc);
+            SendMessageA(window, WM_ERASEBKGND, context, 0);
+            SendMessageA(window, WM_PAINT, context, 0);
+        });
 }
 
 void DispatchMessages() {
-    Guarded(Uncaught::ToPump, [] { ThreadQueue::Current()->Run(); });
+    Guarded(
+        Uncaught::ToPump, [] { ThreadQueue::Current()->Run(); });
 }
 
 } // namespace korvel::input

@@ -1,8 +1,8 @@
 #include "korvel/window/display/uncaught.h"
 
-#include "korvel/window/display/display.h"
 #include "korvel/window/core/thread_queue.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/display/display.h"
 
 #include <exception>
 #include <mutex>

@@ -19,7 +19,8 @@ auto AskControl(HWND window, Ask ask) {
 } // namespace
 
 Kind KindOf(HWND window) {
-    return AskControl(window, [](const ControlState& control) { return control.Kind(); });
+    return AskControl(
+        window, [](const ControlState& control) { return control.Kind(); });
 }
 
 UINT Style(HWND window) {
@@ -31,23 +32,28 @@ UINT ExStyle(HWND window) {
 }
 
 CRect Rectangle(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return record.rect; });
+    return OnOwner(
+        window, [](WindowRecord& record) { return record.rect; });
 }
 
 CRect ClientRectangle(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return ClientArea(record); });
+    return OnOwner(
+        window, [](WindowRecord& record) { return ClientArea(record); });
 }
 
 bool IsShown(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return record.IsShown(); });
+    return OnOwner(
+        window, [](WindowRecord& record) { return record.IsShown(); });
 }
 
 bool IsSwitchedOn(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return record.IsSwitchedOn(); });
+    return OnOwner(
+        window, [](WindowRecord& record) { return record.IsSwitchedOn(); });
 }
 
 std::vector<HWND> Children(HWND window) {
-    return OnOwner(window, [](WindowRecord& record) { return record.children; });
+    return OnOwner(
+        window, [](WindowRecord& record) { return record.children; });
 }
 
 bool BelongsToDisplay(HWND window) {
@@ -56,15 +62,18 @@ bool BelongsToDisplay(HWND window) {
 }
 
 EditView Edit(HWND window) {
-    return AskControl(window, [](const ControlState& control) { return control.Edit(); });
+    return AskControl(
+        window, [](const ControlState& control) { return control.Edit(); });
 }
 
 int ButtonCheck(HWND window) {
-    return AskControl(window, [](const ControlState& control) { return control.Check(); });
+    return AskControl(
+        window, [](const ControlState& control) { return control.Check(); });
 }
 
 ScrollView Scroll(HWND window) {
-    return AskControl(window, [](const ControlState& control) { return control.Scroll(); });
+    return AskControl(
+        window, [](const ControlState& control) { return control.Scroll(); });
 }
 
 } // namespace korvel::view

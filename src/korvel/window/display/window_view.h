@@ -1,7 +1,7 @@
 #pragma once
 
-#include "korvel/window/list/list_ctrl.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/list/list_ctrl.h"
 
 #include <vector>
 

@@ -37,17 +37,20 @@ Result OnRow(HWND window, int row, Call call, Result otherwise = Result()) {
 /// none.
 template <class Call>
 bool OnRows(HWND window, int first, int last, Call call) {
-    return OnList(window, [&](ListState& list) {
-        if (first < 0 || first >= last || last > list.rows.Size())
-            return false;
-        call(list);
-        return true;
-    });
+    return OnList(
+        window,
+        [&](ListState& list) {
+            if (first < 0 || first >= last || last > list.rows.Size())
+                return false;
+            call(list);
+            return true;
+        });
 }
 
 template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
 Result OnColumn(HWND window, int column, Call call) {
-    return OnList(window, [&](ListState& list) { return list.columns.Has(column) ? call(list) : Result(); });
+    return OnList(
+        window, [&](ListState& list) { return list.columns.Has(column) ? call(list) : Result(); });
 }
 
 constexpr int DeepestIndent = (1 << 24) - 1; // what a row record holds
@@ -76,15 +79,18 @@ bool CListCtrl::Create(UINT style, const CRect& rect, CWnd* parent, int id) {
 }
 
 void CListCtrl::SetTextSource(TextSource source) {
-    OnList(m_hWnd, [&](ListState& list) {
-        list.textSource = source ? std::make_shared<const TextSource>(std::move(source)) : nullptr;
-        RepaintAll(list);
-        return true;
-    });
+    OnList(
+        m_hWnd,
+        [&](ListState& list) {
+            list.textSource = source ? std::make_shared<const TextSource>(std::move(source)) : nullptr;
+            RepaintAll(list);
+            return true;
+        });
 }
 
 int CListCtrl::GetItemCount() const {
-    return OnList(m_hWnd, [](ListState& list) { return list.rows.Size(); });
+    return OnList(
+        m_hWnd, [](ListState& list) { return list.rows.Size(); });
 }
 
 int CListCtrl::InsertItem(int row, const CString& text, int image) {
@@ -119,56 +125,66 @@ bool CListCtrl::DeleteItem(int row) {
 }
 
 bool CListCtrl::DeleteRows(int first, int last) {
-    return OnRows(m_hWnd, first, last,
-                  [&](ListState& list) { internal::DeleteRows(list, first, last, DeletionNotice::Told); });
+    return OnRows(
+        m_hWnd, first, last,
+        [&](ListState& list) { internal::DeleteRows(list, first, last, DeletionNotice::Told); });
 }
 
 bool CListCtrl::DeleteRowsQuietly(int first, int last) {
-    return OnRows(m_hWnd, first, last,
-                  [&](ListState& list) { internal::DeleteRowsQuietly(list, first, last); });
+    return OnRows(
+        m_hWnd, first, last, [&](ListState& list) { internal::DeleteRowsQuietly(list, first, last); });
 }
 
 bool CListCtrl::DeleteAllItems() {
-    return OnList(m_hWnd, [](ListState& list) { return DeleteAllRows(list), true; });
+    return OnList(
+        m_hWnd, [](ListState& list) { return DeleteAllRows(list), true; });
 }
 
 LPARAM CListCtrl::GetItemData(int row) const {
-    return OnRow(m_hWnd, row, [&](ListState& list) { return list.rows.At(row).data; });
+    return OnRow(
+        m_hWnd, row, [&](ListState& list) { return list.rows.At(row).data; });
 }
 
 bool CListCtrl::SetItemData(int row, LPARAM data) {
-    return OnRow(m_hWnd, row, [&](ListState& list) {
-        list.rows.At(row).data = data;
-        if (list.textSource)
-            RepaintRows(list, row, row + 1);
-        return true;
-    });
+    return OnRow(
+        m_hWnd, row,
+        [&](ListState& list) {
+            list.rows.At(row).data = data;
+            if (list.textSource)
+                RepaintRows(list, row, row + 1);
+            return true;
+        });
 }
 
 int CListCtrl::GetItemIndent(int row) const {
-    return OnRow(m_hWnd, row, [&](ListState& list) { return static_cast<int>(list.rows.At(row).indent); });
+    return OnRow(
+        m_hWnd, row, [&](ListState& list) { return static_cast<int>(list.rows.At(row).indent); });
 }
 
 bool CListCtrl::SetItemIndent(int row, int indent) {
-    return OnRow(m_hWnd, row, [&](ListState& list) {
-        list.rows.At(row).indent = Indent(indent);
-        RepaintRows(list, row, row + 1);
-        return true;
-    });
+    return OnRow(
+        m_hWnd, row,
+        [&](ListState& list) {
+            list.rows.At(row).indent = Indent(indent);
+            RepaintRows(list, row, row + 1);
+            return true;
+        });
 }
 
 CString CListCtrl::GetItemText(int row, int column) const {
-    return OnRow(m_hWnd, row,
-                 [&](ListState& list) { return column >= 0 ? TextOf(list, row, column) : CString(); });
+    return OnRow(
+        m_hWnd, row, [&](ListState& list) { return column >= 0 ? TextOf(list, row, column) : CString(); });
 }
 
 bool CListCtrl::SetItemText(int row, int column, const CString& text) {
-    return OnRow(m_hWnd, row, [&](ListState& list) {
-        if (!list.columns.Has(column))
-            return false;
-        SetText(list, row, column, text);
-        return true;
-    });
+    return OnRow(
+        m_hWnd, row,
+        [&](ListState& list) {
+            if (!list.columns.Has(column))
+                return false;
+            SetText(list, row, column, text);
+            return true;
+        });
 }
 
 int CListCtrl::GetItemImage(int row) const {
@@ -177,19 +193,23 @@ int CListCtrl::GetItemImage(int row) const {
 }
 
 bool CListCtrl::SetItemImage(int row, int image) {
-    return OnRow(m_hWnd, row, [&](ListState& list) {
-        list.rows.At(row).image = image;
-        RepaintRows(list, row, row + 1);
-        return true;
-    });
+    return OnRow(
+        m_hWnd, row,
+        [&](ListState& list) {
+            list.rows.At(row).image = image;
+            RepaintRows(list, row, row + 1);
+            return true;
+        });
 }
 
 bool CListCtrl::GetCheck(int row) const {
-    return OnRow(m_hWnd, row, [&](ListState& list) { return list.rows.At(row).checked; });
+    return OnRow(
+        m_hWnd, row, [&](ListState& list) { return list.rows.At(row).checked; });
 }
 
 bool CListCtrl::SetCheck(int row, bool check) {
-    return OnRow(m_hWnd, row, [&](ListState& list) { return internal::SetCheck(list, row, check); });
+    return OnRow(
+        m_hWnd, row, [&](ListState& list) { return internal::SetCheck(list, row, check); });
 }
 
 UINT CListCtrl::GetItemState(int row, UINT mask) const {
@@ -212,7 +232,8 @@ int CListCtrl::GetSelectionMark() const {
 }
 
 void CListCtrl::SetSelectionMark(int row) {
-    OnList(m_hWnd, [&](ListState& list) { return list.markRow = list.rows.Has(row) ? row : NoRow; });
+    OnList(
+        m_hWnd, [&](ListState& list) { return list.markRow = list.rows.Has(row) ? row : NoRow; });
 }
 
 int CListCtrl::InsertColumn(int column, const CString& title, int width, int format) {
@@ -223,50 +244,60 @@ int CListCtrl::InsertColumn(int column, const CString& title, int width, int for
 }
 
 bool CListCtrl::DeleteColumn(int column) {
-    return OnColumn(m_hWnd, column, [&](ListState& list) {
-        internal::DeleteColumn(list, column);
-        return true;
-    });
+    return OnColumn(
+        m_hWnd, column,
+        [&](ListState& list) {
+            internal::DeleteColumn(list, column);
+            return true;
+        });
 }
 
 int CListCtrl::GetColumnCount() const {
-    return OnList(m_hWnd, [](ListState& list) { return list.columns.Count(); });
+    return OnList(
+        m_hWnd, [](ListState& list) { return list.columns.Count(); });
 }
 
 CString CListCtrl::GetColumnTitle(int column) const {
-    return OnColumn(m_hWnd, column, [&](ListState& list) { return list.columns[column].title; });
+    return OnColumn(
+        m_hWnd, column, [&](ListState& list) { return list.columns[column].title; });
 }
 
 int CListCtrl::GetColumnWidth(int column) const {
-    return OnColumn(m_hWnd, column, [&](ListState& list) { return list.columns[column].width; });
+    return OnColumn(
+        m_hWnd, column, [&](ListState& list) { return list.columns[column].width; });
 }
 
 bool CListCtrl::SetColumnWidth(int column, int width) {
-    return OnColumn(m_hWnd, column, [&](ListState& list) {
-        if (width == LVSCW_AUTOSIZE)
-            ChangeColumnWidth(list, column, FittingWidth(list, column));
-        else if (width == LVSCW_AUTOSIZE_USEHEADER)
-            ChangeColumnWidth(list, column, FittingWidthWithTitle(list, column));
-        else
-            ChangeColumnWidth(list, column, width);
-        return true;
-    });
+    return OnColumn(
+        m_hWnd, column,
+        [&](ListState& list) {
+            if (width == LVSCW_AUTOSIZE)
+                ChangeColumnWidth(list, column, FittingWidth(list, column));
+            else if (width == LVSCW_AUTOSIZE_USEHEADER)
+                ChangeColumnWidth(list, column, FittingWidthWithTitle(list, column));
+            else
+                ChangeColumnWidth(list, column, width);
+            return true;
+        });
 }
 
 CHeaderCtrl* CListCtrl::GetHeaderCtrl() const {
-    return OnList(m_hWnd, [](ListState& list) -> CHeaderCtrl* {
-        // An object that a host has attached comes before the list's own.
-        if (CWnd* attached = FromHandlePermanent(list.header))
-            return dynamic_cast<CHeaderCtrl*>(attached);
-        if (!list.headerObject)
-            list.headerObject = std::make_unique<CHeaderCtrl>();
-        list.headerObject->SubclassWindow(list.header);
-        return list.headerObject.get();
-    });
+    return OnList(
+        m_hWnd,
+        [](ListState& list) -> CHeaderCtrl* {
+            // An object that a host has attached comes before the list's own.
+            if (CWnd* attached = FromHandlePermanent(list.header))
+                return dynamic_cast<CHeaderCtrl*>(attached);
+            if (!list.headerObject)
+                list.headerObject = std::make_unique<CHeaderCtrl>();
+            list.headerObject->SubclassWindow(list.header);
+            return list.headerObject.get();
+        });
 }
 
 int CHeaderCtrl::GetItemCount() const {
-    return OnList(korvel::GetParent(m_hWnd), [](ListState& list) { return list.columns.Count(); });
+    return OnList(
+        korvel::GetParent(m_hWnd), [](ListState& list) { return list.columns.Count(); });
 }
 
 int CListCtrl::HitTest(CPoint point, UINT* flags) const {
@@ -285,17 +316,19 @@ int CListCtrl::SubItemHitTest(LVHITTESTINFO* info) const {
 }
 
 bool CListCtrl::GetItemRect(int row, CRect* rect, int part) const {
-    return OnRow(m_hWnd, row, [&](ListState& list) {
-        if (part == LVIR_BOUNDS) {
-            *rect = RowBounds(list, row);
+    return OnRow(
+        m_hWnd, row,
+        [&](ListState& list) {
+            if (part == LVIR_BOUNDS) {
+                *rect = RowBounds(list, row);
+                return true;
+            }
+            if (list.columns.Count() == 0)
+                return false;
+            const CellParts parts = PartsOfCell(list, row, 0);
+            *rect = part == LVIR_ICON ? parts.icon : parts.label;
             return true;
-        }
-        if (list.columns.Count() == 0)
-            return false;
-        const CellParts parts = PartsOfCell(list, row, 0);
-        *rect = part == LVIR_ICON ? parts.icon : parts.label;
-        return true;
-    });
+        });
 }
 
 bool CListCtrl::GetSubItemRect(int row, int column, int part, CRect* rect) const {
@@ -311,15 +344,18 @@ bool CListCtrl::GetSubItemRect(int row, int column, int part, CRect* rect) const
 }
 
 int CListCtrl::GetTopIndex() const {
-    return OnList(m_hWnd, [](ListState& list) { return list.topRow; });
+    return OnList(
+        m_hWnd, [](ListState& list) { return list.topRow; });
 }
 
 int CListCtrl::GetCountPerPage() const {
-    return OnList(m_hWnd, [](ListState& list) { return LayoutOf(list).rowsPerPage; });
+    return OnList(
+        m_hWnd, [](ListState& list) { return LayoutOf(list).rowsPerPage; });
 }
 
 int CListCtrl::GetRowHeight() const {
-    return OnList(m_hWnd, [](ListState& list) { return RowHeight(list); });
+    return OnList(
+        m_hWnd, [](ListState& list) { return RowHeight(list); });
 }
 
 bool CListCtrl::EnsureVisible(int row, bool partialOk) {
@@ -327,38 +363,47 @@ bool CListCtrl::EnsureVisible(int row, bool partialOk) {
 }
 
 void CListCtrl::Scroll(CSize size) {
-    OnList(m_hWnd, [&](ListState& list) { return ScrollBy(list, size), true; });
+    OnList(
+        m_hWnd, [&](ListState& list) { return ScrollBy(list, size), true; });
 }
 
 void CListCtrl::RedrawItems(int first, int last) {
-    OnList(m_hWnd, [&](ListState& list) {
-        return RepaintRows(list, first, std::min(last, list.rows.Size() - 1) + 1), true;
-    });
+    OnList(
+        m_hWnd,
+        [&](ListState& list) {
+            return RepaintRows(list, first, std::min(last, list.rows.Size() - 1) + 1), true;
+        });
 }
 
 UINT CListCtrl::SetExtendedStyle(UINT style) {
-    return OnList(m_hWnd, [&](ListState& list) {
-        const UINT before = std::exchange(list.extendedStyle, style);
-        RepaintAll(list);
-        return before;
-    });
+    return OnList(
+        m_hWnd,
+        [&](ListState& list) {
+            const UINT before = std::exchange(list.extendedStyle, style);
+            RepaintAll(list);
+            return before;
+        });
 }
 
 UINT CListCtrl::GetExtendedStyle() const {
-    return OnList(m_hWnd, [](ListState& list) { return list.extendedStyle; });
+    return OnList(
+        m_hWnd, [](ListState& list) { return list.extendedStyle; });
 }
 
 void CListCtrl::SetImageList(const CImageList* images) {
-    OnList(m_hWnd, [&](ListState& list) {
-        list.images = images;
-        RepaintAll(list);
-        UpdateExtent(list); // the rows may have another height
-        return true;
-    });
+    OnList(
+        m_hWnd,
+        [&](ListState& list) {
+            list.images = images;
+            RepaintAll(list);
+            UpdateExtent(list); // the rows may have another height
+            return true;
+        });
 }
 
 const CImageList* CListCtrl::GetImageList() const {
-    return OnList(m_hWnd, [](ListState& list) { return list.images; });
+    return OnList(
+        m_hWnd, [](ListState& list) { return list.images; });
 }
 
 HWND CListCtrl::EditLabel(int row) {
@@ -370,7 +415,8 @@ HWND CListCtrl::GetEditControl() const {
 }
 
 void CListCtrl::CancelEditLabel() {
-    OnList(m_hWnd, [](ListState& list) { return EndLabelEdit(list, LabelEditEnd::Cancel), true; });
+    OnList(
+        m_hWnd, [](ListState& list) { return EndLabelEdit(list, LabelEditEnd::Cancel), true; });
 }
 
 void CListCtrl::DrawItem(DRAWITEMSTRUCT*) {}

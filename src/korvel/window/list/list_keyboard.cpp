@@ -73,8 +73,9 @@ char Lower(char character) {
 
 bool BeginsWith(const CString& text, const CString& lowerStart) {
     return text.size() >= lowerStart.size() &&
-           std::equal(lowerStart.begin(), lowerStart.end(), text.begin(),
-                      [](char wanted, char found) { return wanted == Lower(found); });
+           std::equal(
+               lowerStart.begin(), lowerStart.end(), text.begin(),
+               [](char wanted, char found) { return wanted == Lower(found); });
 }
 
 int FindText(const ListState& list, const CString& lowerStart, int from) {

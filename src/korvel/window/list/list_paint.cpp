@@ -114,12 +114,11 @@ void PaintGridLines(const ListState& list, CDC& dc) {
 void PaintList(ListState& list, CDC& dc) {
     dc.FillSolidRect(dc.GetClipBox(), BackgroundOf(list));
     const RowSpan span = RowsIn(list, dc.GetClipBox());
-    for (int row = span.first; row < span.last && list.rows.Has(row); ++row) {
+    for (int row = span.first; row < span.last && list.rows.Has(row); ++row)
         if (list.HasStyle(LVS_OWNERDRAWFIXED))
             SendDrawItem(list, row, dc);
         else
             PaintRow(list, row, dc);
-    }
     if (list.HasExtendedStyle(LVS_EX_GRIDLINES))
         PaintGridLines(list, dc);
 }

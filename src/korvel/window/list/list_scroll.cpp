@@ -1,8 +1,8 @@
 #include "korvel/window/list/list_scroll.h"
 
+#include "korvel/window/core/place.h"
 #include "korvel/window/list/header_state.h"
 #include "korvel/window/list/list_label_edit.h"
-#include "korvel/window/core/place.h"
 
 #include <limits>
 

@@ -90,12 +90,11 @@ int NextRow(const ListState& list, int row, UINT flags) {
 }
 
 void DeselectOutside(ListState& list, int first, int last) {
-    for (int row = list.rows.FindSelected(0); row != NoRow; row = list.rows.FindSelected(row + 1)) {
+    for (int row = list.rows.FindSelected(0); row != NoRow; row = list.rows.FindSelected(row + 1))
         if (row >= first && row < last)
             row = last - 1;
         else
             SetState(list, row, 0, LVIS_SELECTED);
-    }
 }
 
 void MoveSelection(ListState& list, int row, SelectionChange change) {

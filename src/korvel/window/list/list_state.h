@@ -1,9 +1,9 @@
 #pragma once
 
+#include "korvel/window/core/window_record.h"
 #include "korvel/window/list/list_columns.h"
 #include "korvel/window/list/list_ctrl.h"
 #include "korvel/window/list/row_blocks.h"
-#include "korvel/window/core/window_record.h"
 
 #include <chrono>
 #include <memory>
