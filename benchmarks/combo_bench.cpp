@@ -19,8 +19,8 @@ std::string GroupName(long group) {
     return "group " + std::to_string(group);
 }
 
-/// The enumeration of a host that keeps its names in an array; selecting costs it nothing, so that what is
-/// measured is the list.
+// The enumeration of a host that keeps its names in an array; selecting costs it nothing, so that what is
+// measured is the list.
 class ManyEntries : public IEnumValue {
 public:
     explicit ManyEntries(long count) {
@@ -46,7 +46,7 @@ public:
     bool SetName(long, const CVariantValue&) override { return false; }
     EnumPosition GetFirstPosition() override { return m_names.data(); }
     long GetNext(EnumPosition& position) override {
-        auto* const name = static_cast<CVariantValue*>(position);
+        auto* name = static_cast<CVariantValue*>(position);
         position = name == &m_names.back() ? nullptr : name + 1;
         return name - m_names.data();
     }
@@ -76,7 +76,7 @@ void MeasureList(ManyEntries& entries, long count) {
                      list.UnIntialize();
                      return 1e3 * bench::CpuSecondsOf([&] { list.Initialize("value", value); });
                  }));
-    auto& root = const_cast<CComboTreeItem&>(list.GetRootItem());
+    auto& root = const_cast<ComboTreeItem&>(list.GetRootItem());
     bench::Write("combo check all", count, "ours", "ms", bench::MedianOf([&] {
                      const bool check = root.GetChecked() == 0;
                      return 1e3 * bench::CpuSecondsOf([&] { list.GetModel().SetCheck(root, check); });
@@ -86,13 +86,13 @@ void MeasureList(ManyEntries& entries, long count) {
 void FillTree(QTreeWidget& tree, const ManyEntries& entries, long count) {
     QList<QTreeWidgetItem*> groups;
     for (long group = 0; group * EntriesInGroup < count; ++group) {
-        auto* const item = new QTreeWidgetItem({QString::fromStdString(GroupName(group))});
+        auto* item = new QTreeWidgetItem({QString::fromStdString(GroupName(group))});
         item->setFlags(item->flags() | Qt::ItemIsAutoTristate | Qt::ItemIsUserCheckable);
         QList<QTreeWidgetItem*> children;
         const long end = std::min(count, (group + 1) * EntriesInGroup);
         for (long id = group * EntriesInGroup; id < end; ++id) {
             const std::string& name = entries.NameOf(id);
-            auto* const child = new QTreeWidgetItem;
+            auto* child = new QTreeWidgetItem;
             child->setText(0, QString::fromStdString(name.substr(name.find('/') + 1)));
             child->setCheckState(0, Qt::Unchecked);
             children.push_back(child);

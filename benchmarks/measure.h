@@ -24,16 +24,16 @@ inline double CpuSecondsOf(const std::function<void()>& work) {
     return CpuSeconds() - start;
 }
 
-constexpr int kRuns = 5;
+constexpr int Runs = 5;
 
-inline double Median(std::array<double, kRuns> figures) {
+inline double Median(std::array<double, Runs> figures) {
     std::sort(figures.begin(), figures.end());
-    return figures[kRuns / 2];
+    return figures[Runs / 2];
 }
 
 /// The median of five calls of `run`, which answers what it measured.
 inline double MedianOf(const std::function<double()>& run) {
-    std::array<double, kRuns> figures{};
+    std::array<double, Runs> figures{};
     std::generate(figures.begin(), figures.end(), run);
     return Median(figures);
 }

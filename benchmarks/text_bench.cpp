@@ -16,7 +16,7 @@
 
 namespace {
 
-/// The values of the comparison, taken in turn.
+// The values of the comparison, taken in turn.
 class Values {
 public:
     Values() {

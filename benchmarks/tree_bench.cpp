@@ -21,7 +21,7 @@ QString TextOf(bench::LiveGroup& object, const std::string& name) {
     return QString::fromLatin1(value.ToText().c_str());
 }
 
-/// Paints the whole widget and waits for it.
+// Paints the whole widget and waits for it.
 void PaintNow(QWidget& widget) {
     bench::Keep(widget.grab());
 }
@@ -109,7 +109,7 @@ private:
     QTreeWidget m_tree;
 };
 
-/// Keeps the texts of two levels in plain vectors: the leanest model that shows the same.
+// Keeps the texts of two levels in plain vectors: the leanest model that shows the same.
 class FlatModel : public QAbstractItemModel {
 public:
     struct Group {

@@ -12,9 +12,9 @@
 namespace bench {
 
 /// What a tree must be able to do to be measured. Each call waits for what it asks.
-class ITree {
+class Tree {
 public:
-    virtual ~ITree() = default;
+    virtual ~Tree() = default;
     virtual void Fill(LiveRoot& root) = 0;
     virtual void ExpandAll() = 0;
     virtual void CollapseAll() = 0;
@@ -26,13 +26,13 @@ public:
     virtual void Clear() = 0;
 };
 
-constexpr int kGroups = 100;
-constexpr int kUpdates = 10000;
+constexpr int Groups = 100;
+constexpr int Updates = 10000;
 
-inline void UpdateMembers(ITree& tree, LiveRoot& root, const std::vector<int>& order) {
+inline void UpdateMembers(Tree& tree, LiveRoot& root, const std::vector<int>& order) {
     for (const int index : order) {
-        const int group = index % kGroups;
-        const int member = index / kGroups;
+        const int group = index % Groups;
+        const int member = index / Groups;
         korvel::CVariantValue value;
         value.Type = korvel::DT_Double;
         value.Value.Double = index * 0.5;
@@ -42,12 +42,12 @@ inline void UpdateMembers(ITree& tree, LiveRoot& root, const std::vector<int>& o
 }
 
 /// Measures one tree with `n` members and writes a line an operation.
-inline void MeasureTree(const char* subject, long n, const std::function<std::unique_ptr<ITree>()>& make) {
-    LiveRoot root(kGroups, static_cast<int>(n));
-    const int updates = static_cast<int>(std::min<long>(n, kUpdates));
+inline void MeasureTree(const char* subject, long n, const std::function<std::unique_ptr<Tree>()>& make) {
+    LiveRoot root(Groups, static_cast<int>(n));
+    const int updates = static_cast<int>(std::min<long>(n, Updates));
     std::vector<int> inOrder(static_cast<std::size_t>(updates));
     for (int i = 0; i < updates; ++i)
-        inOrder[static_cast<std::size_t>(i)] = i / (updates / kGroups) + i % (updates / kGroups) * kGroups;
+        inOrder[static_cast<std::size_t>(i)] = i / (updates / Groups) + i % (updates / Groups) * Groups;
     std::vector<int> random(static_cast<std::size_t>(updates));
     std::mt19937 engine(7);
     for (int& index : random)
@@ -55,8 +55,8 @@ inline void MeasureTree(const char* subject, long n, const std::function<std::un
 
     // All runs in one process, for every tree and every n alike: what the first one pays for memory that the
     // process did not have before falls out of the median.
-    std::map<std::string, std::array<double, kRuns>> figures;
-    for (std::size_t run = 0; run < kRuns; ++run) {
+    std::map<std::string, std::array<double, Runs>> figures;
+    for (std::size_t run = 0; run < Runs; ++run) {
         const auto tree = make();
         const auto measure = [&](const char* operation, double times, const std::function<void()>& work) {
             figures[operation][run] = CpuSecondsOf(work) * 1e6 / times;
@@ -75,9 +75,9 @@ inline void MeasureTree(const char* subject, long n, const std::function<std::un
         measure(
             "collapse all", 1, [&] { tree->CollapseAll(); });
         measure(
-            "open group", 1, [&] { tree->OpenGroup(kGroups / 2); });
+            "open group", 1, [&] { tree->OpenGroup(Groups / 2); });
         measure(
-            "close group", 1, [&] { tree->CloseGroup(kGroups / 2); });
+            "close group", 1, [&] { tree->CloseGroup(Groups / 2); });
         measure("clear", 1, [&] { tree->Clear(); });
     }
     for (const auto& [operation, runs] : figures)

@@ -3,12 +3,12 @@
 # Lets a folder that holds only headers so far be a target.
 set(KORVEL_EMPTY_SOURCE ${CMAKE_CURRENT_LIST_DIR}/empty.cpp)
 
-# korvel_folder(NAME USES folder... LINKS library...)
+# korvel_folder(NAME USES folder... LINKS library... PUBLIC header...)
 #
 # One object library korvel_NAME from src/korvel/NAME. USES lists the folders whose objects a program that
-# holds this folder needs as well; it is followed to its end.
+# holds this folder needs as well; it is followed to its end. PUBLIC lists the headers that hosts include.
 function(korvel_folder name)
-  cmake_parse_arguments(arg "" "" "USES;LINKS" ${ARGN})
+  cmake_parse_arguments(arg "" "" "USES;LINKS;PUBLIC" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/korvel/${name}/*.cpp
                                               ${CMAKE_CURRENT_SOURCE_DIR}/korvel/${name}/*.h)
   add_library(korvel_${name} OBJECT ${sources} ${KORVEL_EMPTY_SOURCE})
@@ -17,6 +17,7 @@ function(korvel_folder name)
   target_link_libraries(korvel_${name} PRIVATE korvel_flags PUBLIC ${arg_LINKS})
   target_compile_definitions(korvel_${name} PRIVATE KORVEL_BUILDING_LIBRARY)
   set_property(GLOBAL PROPERTY KORVEL_USES_${name} "${arg_USES}")
+  set_property(GLOBAL PROPERTY KORVEL_PUBLIC_${name} "${arg_PUBLIC}")
 endfunction()
 
 # All folders that the given ones need, themselves included.

@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     CDateOutput& output = CDateOutput::Instance();
     output.Formats().DefaultTime = TimePictureToFormat(first);
-    output.SetCurrentPicture(EDateFormat::Long, std::string(second));
+    output.SetCurrentPicture(DateFormatKind::Long, std::string(second));
     DatetoString(date);
     TimetoString(time);
     TimetoString(static_cast<std::int32_t>(time));

@@ -37,7 +37,7 @@ _numberfmtA TakeFormat(fuzz::Input& input, Separators& separators) {
     return format;
 }
 
-/// The value rounded half away from zero on its decimal text of 15 places, as digits without a point.
+// The value rounded half away from zero on its decimal text of 15 places, as digits without a point.
 std::string RoundedDigits(double value, std::size_t places) {
     char text[512];
     std::snprintf(text, sizeof text, "%.15f", std::abs(value));

@@ -4,10 +4,10 @@ namespace korvel::inspector {
 
 namespace {
 
-constexpr int listId = 106;
-constexpr int arrowId = 107;
-constexpr int fieldId = 108;
-constexpr int droppedHeight = 150;
+constexpr int ListId = 106;
+constexpr int ArrowId = 107;
+constexpr int FieldId = 108;
+constexpr int DroppedHeight = 150;
 
 bool IsPress(UINT message) {
     return message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
@@ -20,16 +20,16 @@ bool IsListKey(WPARAM key) {
 } // namespace
 
 bool ClosedCombo::Create(const CRect& rect, CWnd* parent, int id) {
-    constexpr UINT ownStyle = WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT; // Tab goes to the field
-    if (!CreateEx(ownStyle, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, rect, parent, id))
+    constexpr UINT OwnStyle = WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT; // Tab goes to the field
+    if (!CreateEx(OwnStyle, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, rect, parent, id))
         return false;
     CRect field = GetClientRect();
     CRect arrow = field;
     arrow.left = arrow.right - arrow.Height();
     field.right = arrow.left;
-    return m_field.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, field, this, fieldId) &&
-           m_arrow.Create("", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, arrow, this, arrowId) &&
-           m_list.CreateDropDown(this, listId);
+    return m_field.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, field, this, FieldId) &&
+           m_arrow.Create("", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, arrow, this, ArrowId) &&
+           m_list.CreateDropDown(this, ListId);
 }
 
 void ClosedCombo::Show(const CVariantValue& value) {
@@ -62,7 +62,7 @@ void ClosedCombo::Open() {
         return;
     CRect below = GetWindowRect();
     below.top = below.bottom;
-    below.bottom = below.top + droppedHeight;
+    below.bottom = below.top + DroppedHeight;
     SetWindowPos(m_list.m_hWnd, nullptr, below, SWP_NOZORDER | SWP_NOACTIVATE);
     m_list.Initialize("", m_value);
     m_list.ShowWindow(SW_SHOWNA);
@@ -141,16 +141,16 @@ bool ClosedCombo::HandleKey(const MSG& message) {
 bool ClosedCombo::OnCommand(WPARAM wParam, LPARAM lParam) {
     const int id = LOWORD(wParam);
     const UINT code = HIWORD(wParam);
-    if (id == listId && code == ComboListChanged) {
+    if (id == ListId && code == ComboListChanged) {
         m_field.SetWindowTextA(m_list.GetValue().ToText());
         return true;
     }
-    if (id == listId && code == ComboListFinished) {
+    if (id == ListId && code == ComboListFinished) {
         Close(Choice::Taken);
         return true;
     }
     const bool result = CWnd::OnCommand(wParam, lParam);
-    if (id == fieldId && code == EN_KILLFOCUS)
+    if (id == FieldId && code == EN_KILLFOCUS)
         m_field.EnableWindow(true); // a press reaches it again
     return result;
 }

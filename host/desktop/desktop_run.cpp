@@ -22,14 +22,14 @@ namespace korvel::inspector {
 
 namespace {
 
-constexpr const char* platformVariable = "QT_QPA_PLATFORM";
+constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
 
 // The display that the session names need not answer: then Qt takes the next one here.
 void ChoosePlatform(bool onScreen) {
     if (!onScreen)
-        qputenv(platformVariable, "offscreen");
+        qputenv(PlatformVariable, "offscreen");
     else if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !qEnvironmentVariableIsEmpty("DISPLAY"))
-        qputenv(platformVariable, "xcb;offscreen");
+        qputenv(PlatformVariable, "xcb;offscreen");
 }
 
 std::string PictureBeside(const std::string& file) {
@@ -87,7 +87,7 @@ int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::
 
 int RunOnDesktop(const Options& options, const std::string& notice) {
     // A platform that the user chose for Qt counts as a screen.
-    const bool isChosen = !qEnvironmentVariableIsEmpty(platformVariable);
+    const bool isChosen = !qEnvironmentVariableIsEmpty(PlatformVariable);
     const bool onScreen = options.screenshot.empty() && (isChosen || platform::HasScreen());
     if (!onScreen)
         qInstallMessageHandler(KeepQuiet);
@@ -101,7 +101,7 @@ int RunOnDesktop(const Options& options, const std::string& notice) {
     if (picture && options.screenshot.empty() && options.file.empty())
         throw UsageError("there is no screen, and no file to make a picture of");
     if (!isChosen)
-        qunsetenv(platformVariable); // not for the programs that are started from here
+        qunsetenv(PlatformVariable); // not for the programs that are started from here
     std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written
     QApplication::setApplicationDisplayName(QString::fromUtf8(TheProgramTexts().programName));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));

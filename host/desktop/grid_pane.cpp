@@ -10,10 +10,10 @@ namespace korvel::inspector {
 
 namespace {
 
-constexpr CRect firstPlace = {0, 0, 900, 600}; // until a layout places it
-constexpr int smallestValueColumn = 120;
-constexpr int gridId = 105;
-constexpr int nameShare = 2; // of fifths of the width
+constexpr CRect FirstPlace = {0, 0, 900, 600}; // until a layout places it
+constexpr int SmallestValueColumn = 120;
+constexpr int GridId = 105;
+constexpr int NameShare = 2; // of fifths of the width
 
 std::string InCodePage(const char* utf8) {
     return platform::FromUtf8(utf8).text;
@@ -44,19 +44,19 @@ LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void AttributeGrid::FitValueColumn() {
     if (GetColumnCount() == 2)
-        SetColumnWidth(1, std::max(smallestValueColumn, GetClientRect().Width() - GetColumnWidth(0)));
+        SetColumnWidth(1, std::max(SmallestValueColumn, GetClientRect().Width() - GetColumnWidth(0)));
 }
 
 GridPane::GridPane() : m_grid(nullptr, nullptr) {
-    CreateEx(0, "KorvelFrame", "", 0, firstPlace, nullptr, 0);
+    CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
     m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
-                  firstPlace, this, gridId);
+                  FirstPlace, this, GridId);
 }
 
 void GridPane::Show(IMemberDispatch& root) {
     m_grid.Clear();
     const int width = m_grid.GetClientRect().Width();
-    const int name = width * nameShare / 5;
+    const int name = width * NameShare / 5;
     m_grid.SetColumnInfo({{0, name}, {1, width - name}});
     const ProgramTexts& texts = TheProgramTexts();
     m_grid.Initialize(&root, InCodePage(texts.name), InCodePage(texts.value), 0);
@@ -65,8 +65,8 @@ void GridPane::Show(IMemberDispatch& root) {
 }
 
 void GridPane::Select(int row) {
-    constexpr UINT both = LVIS_SELECTED | LVIS_FOCUSED;
-    m_grid.SetItemState(row, both, both);
+    constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
+    m_grid.SetItemState(row, Both, Both);
 }
 
 bool GridPane::Expand(const std::string& path) {

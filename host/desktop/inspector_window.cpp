@@ -25,9 +25,9 @@ namespace korvel::inspector {
 
 namespace {
 
-constexpr QSize firstSize = {1000, 700};
+constexpr QSize FirstSize = {1000, 700};
 
-/// Shows the wait cursor for its lifetime.
+// Shows the wait cursor for its lifetime.
 class WaitCursor {
 public:
     WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -50,7 +50,7 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options)
     // A place of its own from the start, so that the first box stands in front of it.
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     setGeometry(
-        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, firstSize.boundedTo(screen.size()), screen));
+        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, FirstSize.boundedTo(screen.size()), screen));
     setAcceptDrops(true);
     MakeMenus();
     m_pages = new QStackedWidget;

@@ -10,14 +10,14 @@ namespace korvel::inspector {
 
 namespace {
 
-constexpr const char* pictureFolder = ":/pictures"; // in the program itself
-constexpr int smallestWidth = 560;
-constexpr int firstListHeight = 320;
-constexpr int smallestList = 60;
-constexpr int margin = 10;
-constexpr int gap = 8;
-constexpr int textDrop = 5; // text stands at the top of its rectangle, in fields in the middle
-constexpr UINT refreshChoice = WM_USER;
+constexpr const char* PictureFolder = ":/pictures"; // in the program itself
+constexpr int SmallestWidth = 560;
+constexpr int FirstListHeight = 320;
+constexpr int SmallestList = 60;
+constexpr int Margin = 10;
+constexpr int Gap = 8;
+constexpr int TextDrop = 5; // text stands at the top of its rectangle, in fields in the middle
+constexpr UINT RefreshChoice = WM_USER;
 
 enum ControlId { TitleId = 201, TreeId, ListId, ValueId };
 
@@ -32,11 +32,11 @@ std::string Plain(std::string text) {
 }
 
 int LineHeight() {
-    return GetSystemMetrics(SM_KORVEL_TEXTHEIGHT) + 2 * textDrop;
+    return GetSystemMetrics(SM_KORVEL_TEXTHEIGHT) + 2 * TextDrop;
 }
 
 int WidthOf(const std::string& text) {
-    return Display().TextWidth(text) + gap;
+    return Display().TextWidth(text) + Gap;
 }
 
 std::vector<std::string> TitlesOf(const std::deque<DocumentList>& lists) {
@@ -55,30 +55,30 @@ std::string UseText(std::size_t count) {
     return text;
 }
 
-/// What the font of the desktop makes of the sizes of the window and its parts.
+// What the font of the desktop makes of the sizes of the window and its parts.
 struct Sizes {
     int line = LineHeight();
     int label = 0;
     int combo = 0;
     int width = 0;
-    int height = firstListHeight + 2 * margin + 4 * line + 3 * gap;
+    int height = FirstListHeight + 2 * Margin + 4 * line + 3 * Gap;
 };
 
 Sizes TheSizes() {
     const ProgramTexts& texts = TheProgramTexts();
-    constexpr std::size_t manyTimes = 99'999;
+    constexpr std::size_t ManyTimes = 99'999;
     Sizes sizes;
     sizes.label =
-        std::max(WidthOf(InCodePage(texts.listOfLists)), WidthOf(InCodePage(texts.valueOfList))) + gap;
-    const int beside = std::max(sizes.line + WidthOf(InCodePage(texts.asTree)), WidthOf(UseText(manyTimes)));
-    sizes.width = std::max(smallestWidth, WidthOf(InCodePage(texts.listHelp)) + 2 * margin);
-    sizes.combo = sizes.width - 2 * margin - sizes.label - gap - beside;
+        std::max(WidthOf(InCodePage(texts.listOfLists)), WidthOf(InCodePage(texts.valueOfList))) + Gap;
+    const int beside = std::max(sizes.line + WidthOf(InCodePage(texts.asTree)), WidthOf(UseText(ManyTimes)));
+    sizes.width = std::max(SmallestWidth, WidthOf(InCodePage(texts.listHelp)) + 2 * Margin);
+    sizes.combo = sizes.width - 2 * Margin - sizes.label - Gap - beside;
     return sizes;
 }
 
 } // namespace
 
-ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner) : m_lists(document, pictureFolder) {
+ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner) : m_lists(document, PictureFolder) {
     const CRect around = korvel::GetWindowRect(GetTopLevelParent(owner.m_hWnd));
     const Sizes sizes = TheSizes();
     const int left = around.left + std::max(0, (around.Width() - sizes.width) / 2);
@@ -99,18 +99,18 @@ void ListsWindow::Show() {
 
 void ListsWindow::CreateControls() {
     const ProgramTexts& texts = TheProgramTexts();
-    constexpr UINT visible = WS_CHILD | WS_VISIBLE;
+    constexpr UINT Visible = WS_CHILD | WS_VISIBLE;
     const Sizes sizes = TheSizes();
     const CRect combo = {0, 0, sizes.combo, sizes.line};
-    m_titleLabel.Create(InCodePage(texts.listOfLists), visible, {}, this, 0);
+    m_titleLabel.Create(InCodePage(texts.listOfLists), Visible, {}, this, 0);
     m_title.Create(combo, this, TitleId);
-    m_asTree.Create(InCodePage(texts.asTree), visible | WS_TABSTOP | BS_AUTOCHECKBOX, {}, this, TreeId);
+    m_asTree.Create(InCodePage(texts.asTree), Visible | WS_TABSTOP | BS_AUTOCHECKBOX, {}, this, TreeId);
     CreateList();
-    m_valueLabel.Create(InCodePage(texts.valueOfList), visible, {}, this, 0);
+    m_valueLabel.Create(InCodePage(texts.valueOfList), Visible, {}, this, 0);
     m_value.Create(combo, this, ValueId);
-    m_use.Create("", visible, {}, this, 0);
-    m_help.Create(InCodePage(texts.listHelp), visible, {}, this, 0);
-    m_notice.Create(InCodePage(texts.listsAreNotSaved), visible, {}, this, 0);
+    m_use.Create("", Visible, {}, this, 0);
+    m_help.Create(InCodePage(texts.listHelp), Visible, {}, this, 0);
+    m_notice.Create(InCodePage(texts.listsAreNotSaved), Visible, {}, this, 0);
     Place();
 }
 
@@ -128,25 +128,25 @@ void ListsWindow::Place() {
     const CRect room = GetClientRect();
     const Sizes sizes = TheSizes();
     const int line = sizes.line;
-    const int right = room.right - margin;
-    const int comboLeft = margin + sizes.label;
+    const int right = room.right - Margin;
+    const int comboLeft = Margin + sizes.label;
     const int comboRight = comboLeft + sizes.combo;
-    const auto across = [&](int top) { return CRect{margin, top, right, top + line}; };
-    const auto label = [&](int top) { return CRect{margin, top + textDrop, comboLeft, top + line}; };
+    const auto across = [&](int top) { return CRect{Margin, top, right, top + line}; };
+    const auto label = [&](int top) { return CRect{Margin, top + TextDrop, comboLeft, top + line}; };
     const auto combo = [&](int top) { return CRect{comboLeft, top, comboRight, top + line}; };
-    const auto beside = [&](int top) { return CRect{comboRight + gap, top, right, top + line}; };
-    m_titleLabel.MoveWindow(label(margin));
-    m_title.MoveWindow(combo(margin));
-    m_asTree.MoveWindow(beside(margin));
-    const int listTop = margin + line + gap;
-    const int listBottom = std::max(room.bottom - margin - 3 * line - 2 * gap, listTop + smallestList);
-    m_list->MoveWindow({margin, listTop, right, listBottom});
-    const int valueTop = listBottom + gap;
+    const auto beside = [&](int top) { return CRect{comboRight + Gap, top, right, top + line}; };
+    m_titleLabel.MoveWindow(label(Margin));
+    m_title.MoveWindow(combo(Margin));
+    m_asTree.MoveWindow(beside(Margin));
+    const int listTop = Margin + line + Gap;
+    const int listBottom = std::max(room.bottom - Margin - 3 * line - 2 * Gap, listTop + SmallestList);
+    m_list->MoveWindow({Margin, listTop, right, listBottom});
+    const int valueTop = listBottom + Gap;
     m_valueLabel.MoveWindow(label(valueTop));
     m_value.MoveWindow(combo(valueTop));
-    m_use.MoveWindow(beside(valueTop + textDrop));
-    m_help.MoveWindow(across(valueTop + line + gap));
-    m_notice.MoveWindow(across(valueTop + 2 * line + gap));
+    m_use.MoveWindow(beside(valueTop + TextDrop));
+    m_help.MoveWindow(across(valueTop + line + Gap));
+    m_notice.MoveWindow(across(valueTop + 2 * line + Gap));
 }
 
 DocumentList* ListsWindow::Shown() {
@@ -154,7 +154,7 @@ DocumentList* ListsWindow::Shown() {
 }
 
 void ListsWindow::ShowList() {
-    DocumentList* const list = Shown();
+    DocumentList* list = Shown();
     if (!list)
         return;
     list->words.SetFlags((list->words.GetEnumFlags() & ~std::uint32_t{ENF_Tree}) | TreeFlag());
@@ -165,7 +165,7 @@ void ListsWindow::ShowList() {
 
 // The list tells of a check by the mouse, but not of one by the keyboard: it is asked instead.
 void ListsWindow::KeepChecks() {
-    DocumentList* const list = Shown();
+    DocumentList* list = Shown();
     if (list && m_list->IsInitialized())
         list->used = m_list->GetValue();
     m_list->UnIntialize();
@@ -174,7 +174,7 @@ void ListsWindow::KeepChecks() {
 // A command on a group changes many words: the choice follows once, when all is done.
 void ListsWindow::OnWordsChanged() {
     if (!m_isRefreshing)
-        m_isRefreshing = korvel::PostMessageA(m_hWnd, refreshChoice, 0, 0);
+        m_isRefreshing = korvel::PostMessageA(m_hWnd, RefreshChoice, 0, 0);
 }
 
 // The numbers of a copy are those of the words.
@@ -199,7 +199,7 @@ LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         ShowWindow(SW_HIDE);
         return 0;
     }
-    if (message == refreshChoice) {
+    if (message == RefreshChoice) {
         m_isRefreshing = false;
         if (Shown())
             ShowChoice(ListEnumeration::FirstSelected(m_value.Value()));

@@ -6,7 +6,7 @@ namespace korvel::inspector {
 
 namespace {
 
-constexpr ProgramTexts english = {
+constexpr ProgramTexts EnglishTexts = {
     .programName = "LandXML Inspector",
     .fileMenu = "&File",
     .open = "&Open…",
@@ -36,7 +36,7 @@ constexpr ProgramTexts english = {
     .noLists = "This file uses no lists.",
 };
 
-constexpr ProgramTexts german = {
+constexpr ProgramTexts GermanTexts = {
     .programName = "LandXML-Inspektor",
     .fileMenu = "&Datei",
     .open = "Ö&ffnen…",
@@ -71,7 +71,7 @@ constexpr ProgramTexts german = {
 } // namespace
 
 const ProgramTexts& TheProgramTexts() {
-    return GetLanguageName() == "English" ? english : german;
+    return GetLanguageName() == "English" ? EnglishTexts : GermanTexts;
 }
 
 } // namespace korvel::inspector

@@ -28,13 +28,13 @@ const EnumerationUse& UseOf(const Enumeration& enumeration) {
                          [&](const EnumerationUse& use) { return use.enumeration == &enumeration; });
 }
 
-/// What a document chooses from one enumeration.
+// What a document chooses from one enumeration.
 struct Found {
     std::set<std::string> places; // as the title tells them
     std::map<std::string, std::size_t> counts;
 };
 
-/// Walks over a document and counts the words of each enumeration, and the codes.
+// Walks over a document and counts the words of each enumeration, and the codes.
 class Search {
 public:
     explicit Search(const LandXmlDocument& document)
@@ -70,7 +70,7 @@ private:
     }
 
     void Count(ElementIndex element, std::string_view attribute, const TypedValue& value) {
-        auto* const enumeration = dynamic_cast<Enumeration*>(value.value.EnumValue);
+        auto* enumeration = dynamic_cast<Enumeration*>(value.value.EnumValue);
         if (!enumeration)
             return; // none of the words, or of another namespace
         Found& found = m_enumerations[enumeration];

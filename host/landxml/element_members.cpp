@@ -12,7 +12,7 @@ namespace {
 constexpr const char* InvalidMark = " [invalid]";
 constexpr const char* ForeignMark = " [foreign]";
 
-/// Longer texts are shown up to here; a cell does not get better by megabytes.
+// Longer texts are shown up to here; a cell does not get better by megabytes.
 constexpr std::size_t LongestShownText = 65'536;
 constexpr std::size_t LongestOwnName = 200;
 

@@ -122,8 +122,8 @@ void ListEnumeration::Deselect(long id, CVariantValue& value) {
 }
 
 const char* ListEnumeration::GetSeparator(bool) const {
-    static constexpr char separator[] = {PathSeparator, '\0'};
-    return separator;
+    static constexpr char Separator[] = {PathSeparator, '\0'};
+    return Separator;
 }
 
 std::string ListEnumeration::GetImagePath(long id) {

@@ -20,7 +20,7 @@ namespace korvel::inspector {
 /// Entries are numbered from 0 in the order of their addition; a number is never given twice. Names are not
 /// empty and differ. Without ENF_CheckBoxes a value selects one entry. The text of a value holds one
 /// character for each number: '1' where the entry is selected.
-class ListEnumeration final : public IEnumValue, public IEnumImages {
+class ListEnumeration final : public IEnumValue, public EnumImages {
 public:
     static constexpr char PathSeparator = '/';
 
@@ -29,7 +29,7 @@ public:
     CVariantValue Selected(const std::vector<long>& ids);
     /// The lowest number that a value selects; -1: none.
     static long FirstSelected(const CVariantValue& value);
-    /// Any of EEnumFlags: how lists that are made from now on show it.
+    /// Any of EnumFlags: how lists that are made from now on show it.
     void SetFlags(std::uint32_t flags) { m_flags = flags; }
     /// Pictures of the first names, "NAME.png" in a folder; an entry keeps its own when it is renamed.
     void SetImageFolder(const std::string& folder) { m_imageFolder = folder; }

@@ -71,7 +71,7 @@ public:
     ValueReader(const ValueType& type, const std::string& utf8, const ValuePlace& place)
         : m_type(type), m_utf8(utf8), m_place(place) {}
 
-    /// Nothing when the text is not what the type asks for. `shown` is the text in the library's code page.
+    // Nothing when the text is not what the type asks for. `shown` is the text in the library's code page.
     std::optional<TypedValue> Read(const std::string& shown) const {
         if (const Measure* measure = FindMeaning(Measures, m_type.meaning))
             return ReadMeasure(*measure, shown);

@@ -58,7 +58,7 @@ void Apply(const FormatChoice& choice) {
             SetGrouping(access, *choice.grouping);
 }
 
-/// A name beside `file` that nothing has yet.
+// A name beside `file` that nothing has yet.
 fs::path NameAside(const fs::path& file) {
     std::error_code ignored;
     fs::path aside = file;

@@ -13,7 +13,7 @@ constexpr std::uint32_t MostDigits = 15; // a double holds no more
 
 PictureSize ReadSize(const std::string& text) {
     PictureSize size;
-    const char* const end = text.data() + text.size();
+    const char* end = text.data() + text.size();
     const auto width = std::from_chars(text.data(), end, size.width);
     const bool hasHeight = width.ec == std::errc() && width.ptr != end && *width.ptr == 'x';
     const auto height = std::from_chars(hasHeight ? width.ptr + 1 : end, end, size.height);
@@ -69,7 +69,7 @@ void SetAngle(Options& options, const std::string& value) {
 }
 std::uint32_t ReadNumber(const char* option, const std::string& text, std::uint32_t largest) {
     std::uint32_t number = 0;
-    const char* const end = text.data() + text.size();
+    const char* end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, number);
     if (read.ec != std::errc() || read.ptr != end || number > largest)
         throw UsageError(std::string(option) + " takes a number from 0 to " + std::to_string(largest) +

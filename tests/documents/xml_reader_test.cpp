@@ -10,7 +10,7 @@ namespace {
 
 class XmlReader : public testing::Test {
 protected:
-    /// The text of the element "b" of a file, or of the failure, from which the file's name is taken off.
+    // The text of the element "b" of a file, or of the failure, from which the file's name is taken off.
     std::string Read(const std::string& path) {
         try {
             pugi::xml_document document;

@@ -32,10 +32,10 @@ protected:
             path += std::string(1, static_cast<char>('a' + Pick(4))) + (depth > 0 ? "/" : "");
         return path;
     }
-    /// Some names are lists, whose text is asked for.
+    // Some names are lists, whose text is asked for.
     CVariantValue AnyValue() { return Pick(8) == 0 ? inner.ValueOf(",1,") : TextValue(AnyName()); }
     long AnyId() { return shown.entries.empty() ? 0 : shown.entries[Pick(shown.entries.size())].id; }
-    CComboTreeItem* AnyItem() { return list->GetTreeItem(Pick(list->GetItemCount())); }
+    ComboTreeItem* AnyItem() { return list->GetTreeItem(Pick(list->GetItemCount())); }
 
     void MakeEnumeration() {
         static const std::uint32_t kinds[] = {0, ENF_CheckBoxes, ENF_Tree, Both, Both | 2};
@@ -49,7 +49,7 @@ protected:
         inner.onCall = shown.onCall = [this](const std::string&, long) { Meddle(); };
     }
 
-    /// What the host, or the owner of the list, does when it has been asked and told often enough.
+    // What the host, or the owner of the list, does when it has been asked and told often enough.
     void Meddle() {
         if (countdown < 0 || countdown-- > 0)
             return;
@@ -84,7 +84,7 @@ protected:
         static const UINT keys[] = {VK_DOWN, VK_UP, VK_LEFT, VK_RIGHT, VK_SPACE, 'A'};
         static const UINT messages[] = {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MOUSEMOVE};
         static const UINT commands[] = {15005, 15006, 15007, 15008, 15044, 15045};
-        CComboTreeItem* const item = AnyItem();
+        ComboTreeItem* item = AnyItem();
         const std::function<void()> acts[] = {
             [&] { Key(keys[Pick(6)]); },
             [&] {
@@ -110,7 +110,7 @@ protected:
     int deed = 0;
 };
 
-/// Whatever the user and the host do, rows are the visible order and counts a recount.
+// Whatever the user and the host do, rows are the visible order and counts a recount.
 TEST_F(BadEnumerationTest, RowsAndCountsAgreeWhateverHappens) {
     int thrown = 0;
     for (int round = 0; round < 1000; ++round) {
@@ -134,7 +134,7 @@ TEST_F(BadEnumerationTest, RowsAndCountsAgreeWhateverHappens) {
     EXPECT_GT(thrown, 100);
 }
 
-/// The host throws, ends the binding or begins another, in each call that an act leads to.
+// The host throws, ends the binding or begins another, in each call that an act leads to.
 TEST_F(BadEnumerationTest, TheBindingMayEndInAnyCall) {
     const auto on = [this](const char* verb, const std::string& label) {
         return [=, this] { Item(label) ? Do(verb + (" " + label)) : void(); };

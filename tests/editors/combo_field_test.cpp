@@ -6,7 +6,7 @@
 namespace korvel {
 namespace {
 
-/// A field with a list as a host makes it.
+// A field with a list as a host makes it.
 class Field : public CWnd {
 public:
     std::string log;
@@ -162,7 +162,7 @@ TEST_F(ComboFieldTest, AnOwnerThatIsDestroyedByWhatItTellsHearsNoMore) {
     };
     for (const auto& [last, expected] : {std::pair{4, "4"}, std::pair{9, "49"}}) {
         std::string heard;
-        auto* const mortal = new Owner(static_cast<UINT>(last), heard);
+        auto* mortal = new Owner(static_cast<UINT>(last), heard);
         mortal->CreateEx(0, "KorvelFrame", "", WS_CHILD, {0, 0, 9, 9}, &frame, 78);
         mortal->hook.HookWindow(frame.m_hWnd);
         SendMessageA(frame.m_hWnd, WM_LBUTTONDOWN, 0, 0);

@@ -9,7 +9,7 @@ constexpr std::uint32_t AllFlags = ENF_Add | ENF_Delete | ENF_Rename;
 
 class ComboCommandsTest : public ComboTest {
 protected:
-    /// Right-clicks and takes the entry with this command; 0 takes none. The texts with a bar between.
+    // Right-clicks and takes the entry with this command; 0 takes none. The texts with a bar between.
     std::string Menu(CPoint point, unsigned command = 0) {
         display.AnswerNext(static_cast<int>(command));
         const std::size_t before = display.ShownMenus().size();
@@ -24,7 +24,7 @@ protected:
             texts += (texts.empty() ? "" : "|") + entry.text;
         return texts;
     }
-    /// Types over the label of the current row.
+    // Types over the label of the current row.
     void EditLabel(const CString& text, UINT end) {
         Command(ComboCommandRename);
         ASSERT_NE(list->GetEditControl(), nullptr);

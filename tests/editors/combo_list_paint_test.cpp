@@ -39,7 +39,7 @@ TEST_F(ComboPaintTest, RegionsOfARow) {
         TestEnumeration shown(row.names, row.flags);
         Show(shown, eDropDown, ",1,");
         const int top = 20 * row.row, bottom = top + 20;
-        const CComboTreeItem& item = *list->GetTreeItem(row.row);
+        const ComboTreeItem& item = *list->GetTreeItem(row.row);
         EXPECT_EQ(list->GetRectTreeBox(row.row), (CRect{row.treeBox, top, row.treeBox + 20, bottom}));
         EXPECT_EQ(list->GetRectCheckBox(item), (CRect{row.checkBox, top, row.checkBox + 20, bottom}));
         EXPECT_EQ(list->GetIconRect(row.row), (CRect{row.icon, top, row.icon + 20, bottom}));

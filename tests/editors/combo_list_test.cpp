@@ -45,9 +45,9 @@ TEST_F(ComboListTest, RowsAndSelectionAtTheStart) {
 TEST_F(ComboListTest, RowNumbersOfItemsThatAreNotShown) {
     TestEnumeration shown({"x", "g/a", "g/h/b"}, ENF_Tree);
     Show(shown);
-    CComboTreeItem& group = *Item("g");
-    const CComboTreeItem& entry = *group.GetFirstChild();
-    CComboTreeItem& inner = *entry.GetNextSibling();
+    ComboTreeItem& group = *Item("g");
+    const ComboTreeItem& entry = *group.GetFirstChild();
+    ComboTreeItem& inner = *entry.GetNextSibling();
     EXPECT_EQ(entry.GetRow(), 1); // its parent's: it came under a closed group
     list->ExpandParent(&inner);
     EXPECT_EQ(Rows(), "x|-g|  a|  -h|    b");
@@ -121,7 +121,7 @@ TEST_F(ComboListTest, AnotherBindingWritesToTheNewObject) {
     EXPECT_THROW(list->Initialize("value", TextValue("plain")), Error);
 }
 
-/// An object that makes something else of what it is given, and the observer of its changes.
+// An object that makes something else of what it is given, and the observer of its changes.
 class WilfulObject : public TMemberDispatchImp<int>, public IObserverGrid {
 public:
     WilfulObject() : TMemberDispatchImp("object") {}

@@ -13,7 +13,7 @@ protected:
         shown.images = "plan.png";
         Show(shown, eDesignTree);
     }
-    /// The pointer comes to a row and stays there.
+    // The pointer comes to a row and stays there.
     void Rest(int row) {
         for (int i = 0; i < 3; ++i)
             Mouse(WM_MOUSEMOVE, InRow(row));

@@ -99,7 +99,7 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
     }
 }
 
-/// A check box alone is counted after the host has selected, one in a tree before.
+// A check box alone is counted after the host has selected, one in a tree before.
 TEST_F(ComboStatesTest, WhatTheHostFindsWhileItSelects) {
     for (const std::uint32_t flags : {Checks, Both}) {
         TestEnumeration shown({"a"}, flags);

@@ -7,8 +7,8 @@
 namespace korvel {
 namespace {
 
-/// The tree as text: a group is followed by its children in brackets.
-std::string Shape(const CTreeHelper::SNodeMap& level) {
+// The tree as text: a group is followed by its children in brackets.
+std::string Shape(const CTreeHelper::NodeMap& level) {
     std::string shape;
     for (const auto& [name, node] : level)
         shape +=

@@ -7,9 +7,9 @@ EDataTyps Modified(unsigned bit, unsigned type) {
     return static_cast<EDataTyps>(bit | type);
 }
 
-class CellConversion : public BoundGridTest {};
+class CellConversions : public BoundGridTest {};
 
-TEST_F(CellConversion, EachTypeHasItsTextAndItsEditor) {
+TEST_F(CellConversions, EachTypeHasItsTextAndItsEditor) {
     using C = CItemInfo;
     const std::tuple<const char*, CVariantValue, const char*, C::CONTROLTYPE> rows[] = {
         {"int", Whole(DT_Int, -1234), "-1.234", C::ctEdit},
@@ -46,7 +46,7 @@ TEST_F(CellConversion, EachTypeHasItsTextAndItsEditor) {
     EXPECT_EQ(C::ctEdit, control);
 }
 
-TEST_F(CellConversion, ColoursAreSwatchesAndLeaveNoneBehind) {
+TEST_F(CellConversions, ColoursAreSwatchesAndLeaveNoneBehind) {
     root.With("c", Word(DT_ColorRGB, 0xFF112233u));
     Bind(root);
     const CItemInfo& info = *grid.NodeAtRow(0)->info;
@@ -57,7 +57,7 @@ TEST_F(CellConversion, ColoursAreSwatchesAndLeaveNoneBehind) {
     EXPECT_EQ(CItemInfo::NoColor, info.GetCellColor(0));
 }
 
-TEST_F(CellConversion, DashesOfPathsLoseTheirEscapeInTheCell) {
+TEST_F(CellConversions, DashesOfPathsLoseTheirEscapeInTheCell) {
     HostEnumeration enumeration;
     enumeration.entries = {Words(DT_String, "rail\\-road\\-x"), Words(DT_String, "other\\-one")};
     root.With("flat", enumeration.ListValue(DT_ListString));
@@ -73,8 +73,8 @@ TEST_F(CellConversion, DashesOfPathsLoseTheirEscapeInTheCell) {
     EXPECT_EQ("rail\\-road\\-x", text);
 }
 
-TEST_F(CellConversion, AMemberIsRegisteredWithTheServiceOfItsTypeAlone) {
-    using S = EFormatService;
+TEST_F(CellConversions, AMemberIsRegisteredWithTheServiceOfItsTypeAlone) {
+    using S = FormatService;
     const std::pair<EDataTyps, S> rows[] = {
         {DT_Double, S::Number}, {DT_LengthFloat, S::Number},        {DT_AngleFloat, S::Angle},
         {DT_Date, S::Date},     {DT_RoadStationDouble, S::Station}, {DT_ManDaysDouble, S::ManDays},
@@ -91,7 +91,7 @@ TEST_F(CellConversion, AMemberIsRegisteredWithTheServiceOfItsTypeAlone) {
     }
 }
 
-TEST_F(CellConversion, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) {
+TEST_F(CellConversions, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) {
     HostEnumeration numbers;
     numbers.type = DT_Double;
     numbers.entries = {Number(DT_Double, 1.25)};
@@ -107,7 +107,7 @@ TEST_F(CellConversion, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) {
     EXPECT_EQ("3", grid.GetItemText(2, 1));
 }
 
-TEST_F(CellConversion, WhatIsGoneWhileAFormatChangesIsSkipped) {
+TEST_F(CellConversions, WhatIsGoneWhileAFormatChangesIsSkipped) {
     root.With("a", Number(DT_Double, 1)).With("b", Number(DT_Double, 2));
     Bind(root);
     root.onRead = [&](const std::string& name) {

@@ -26,12 +26,12 @@ TEST(MemberIndex, AnswersAsAPlainMapThroughoutRandomOperations) {
             infos.push_back(std::make_unique<CItemInfo>());
             infos.back()->text = name;
             auto node = std::make_unique<grid::CTreeItem>(infos.back().get());
-            ASSERT_EQ(!isKnown, index.AddRow(disp, name, node.get(), EFormatService::Number)) << step;
+            ASSERT_EQ(!isKnown, index.AddRow(disp, name, node.get(), FormatService::Number)) << step;
             if (!isKnown)
                 plain[{disp, name}] = std::move(node);
         } else if (kind == 2) {
-            index.SetService(disp, name, EFormatService::Angle);
-            ASSERT_EQ(isKnown, index.CountOf(EFormatService::Angle)) << step;
+            index.SetService(disp, name, FormatService::Angle);
+            ASSERT_EQ(isKnown, index.CountOf(FormatService::Angle)) << step;
             ASSERT_EQ(isKnown, index.Remove(disp, name)) << step;
             plain.erase({disp, name});
         } else if (isKnown) {
@@ -39,13 +39,13 @@ TEST(MemberIndex, AnswersAsAPlainMapThroughoutRandomOperations) {
             index.RemoveRow(disp, *known->second);
             plain.erase(known);
         }
-        ASSERT_EQ(plain.size(), index.CountOf(EFormatService::Number));
+        ASSERT_EQ(plain.size(), index.CountOf(FormatService::Number));
     }
     EXPECT_GT(plain.size(), 100u);
-    EXPECT_EQ(plain.size(), index.MembersOf(EFormatService::Number).size());
+    EXPECT_EQ(plain.size(), index.MembersOf(FormatService::Number).size());
     for (HostObject& object : objects)
         index.RemoveObject(&object);
-    EXPECT_EQ(0u, index.CountOf(EFormatService::Number));
+    EXPECT_EQ(0u, index.CountOf(FormatService::Number));
 }
 
 } // namespace

@@ -17,7 +17,7 @@ protected:
         return parent ? parent->children() : grid.rootItems();
     }
 
-    /// The caller's part of a removal, as the operations leave it to the caller.
+    // The caller's part of a removal, as the operations leave it to the caller.
     void RemoveWithRows(CTreeItem* node) {
         if (const int row = grid.RowOfNode(node); row >= 0) {
             grid.HideSubtree(node, 0, row + 1);
@@ -27,7 +27,7 @@ protected:
         grid.RenumberRows();
     }
 
-    /// The rows are what a walk meets that steps over the children of collapsed nodes.
+    // The rows are what a walk meets that steps over the children of collapsed nodes.
     void ExpectRows() {
         all.clear();
         int row = 0;

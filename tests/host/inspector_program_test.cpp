@@ -64,7 +64,7 @@ TEST(InspectorProgram, AnswersWithItsStatus) {
     EXPECT_THAT(RunInspector("--help").output, StartsWith("Usage: inspector"));
 }
 
-/// Width and height of a PNG file, from its header; 0x0 when there is none.
+// Width and height of a PNG file, from its header; 0x0 when there is none.
 std::string SizeOfPicture(const std::filesystem::path& path) {
     std::array<unsigned char, 24> header{};
     std::ifstream(path, std::ios::binary).read(reinterpret_cast<char*>(header.data()), header.size());

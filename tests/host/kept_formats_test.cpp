@@ -16,7 +16,7 @@ protected:
         ResetFormatStates();
         return TakeFormats(folder.Path(), choice);
     }
-    /// What a user sees of the formats.
+    // What a user sees of the formats.
     static std::string Shown() {
         return NumberToString(1234567.8912) + " " + AngleToString(3.141592653589793) + " " +
                NumberToString(12345);

@@ -214,7 +214,7 @@ TEST_F(LandXmlDocumentTest, AlignmentsShowLengthAndStations) {
         IMemberDispatch& root =
             Open("<LandXML>" + units + "<Alignment name='a' " + c.attributes + "/></LandXML>").Root();
         IMemberDispatch& alignment = Child(root, "Alignment a");
-        auto* presentation = dynamic_cast<IGroupPresentation*>(alignment.m_pEnumValue);
+        auto* presentation = dynamic_cast<GroupPresentation*>(alignment.m_pEnumValue);
         ASSERT_NE(presentation, nullptr);
         EXPECT_EQ(presentation->GetPresentationKind(), 1);
         EXPECT_EQ(presentation->GetPresentationText(nullptr), c.text);

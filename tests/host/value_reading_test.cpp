@@ -40,7 +40,7 @@ TEST_P(TypedTexts, BecomeValues) {
     const UnitSet units = ReadUnits(tree, 0);
     const TypedValue value = ReadValue(TypeOfAttribute(row.element, row.attribute), {row.text}, {units});
     EXPECT_EQ(value.value.Type, row.type);
-    EXPECT_EQ(value.value.ToText(ETextForm::Plain), row.plain);
+    EXPECT_EQ(value.value.ToText(TextForm::Plain), row.plain);
     EXPECT_EQ(value.unit, row.unit);
     EXPECT_EQ(value.isValid, row.isValid);
 }

@@ -18,7 +18,7 @@ namespace korvel::inspector {
 
 namespace {
 
-/// The inspector's window with a small document.
+// The inspector's window with a small document.
 class InspectorWindowTest : public testing::Test {
 protected:
     InspectorWindowTest() {

@@ -17,13 +17,13 @@ namespace korvel::inspector {
 
 namespace {
 
-constexpr int titleId = 201;
-constexpr int treeId = 202;
-constexpr int listId = 203;
-constexpr int valueId = 204;
-constexpr int fieldId = 108;
+constexpr int TitleId = 201;
+constexpr int TreeId = 202;
+constexpr int ListId = 203;
+constexpr int ValueId = 204;
+constexpr int FieldId = 108;
 
-/// The window "Lists" of a document that uses three of them, on a desktop.
+// The window "Lists" of a document that uses three of them, on a desktop.
 class ListsWindowTest : public testing::Test {
 protected:
     ListsWindowTest() {
@@ -43,7 +43,7 @@ protected:
     }
     QWidget* Widget(HWND window) const { return m_display.WidgetOf(window); }
     HWND Child(int id) const { return GetDlgItem(m_lists->m_hWnd, id); }
-    HWND Field(int id) const { return GetDlgItem(Child(id), fieldId); }
+    HWND Field(int id) const { return GetDlgItem(Child(id), FieldId); }
     std::string Text(int id) const { return korvel::GetWindowTextA(Field(id)); }
     std::string Use() const {
         const auto labels = Widget(m_lists->m_hWnd)->findChildren<QLabel*>();
@@ -53,20 +53,20 @@ protected:
         return use == labels.end() ? "" : (*use)->text().toStdString();
     }
     void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
-    /// Chooses the entry that begins with a letter.
+    // Chooses the entry that begins with a letter.
     void Choose(int id, Qt::Key letter) const {
         SetFocus(Child(id));
         Press(letter);
         Press(Qt::Key_Return);
     }
-    /// The list that has dropped, or null.
+    // The list that has dropped, or null.
     static QWidget* Dropped() {
         for (QWidget* window : QApplication::topLevelWidgets())
             if (window->windowType() == Qt::ToolTip && window->isVisible())
                 return window;
         return nullptr;
     }
-    CComboList& List() { return dynamic_cast<CComboList&>(*CWnd::FromHandlePermanent(Child(listId))); }
+    CComboList& List() { return dynamic_cast<CComboList&>(*CWnd::FromHandlePermanent(Child(ListId))); }
     std::string Rows() {
         std::string rows;
         for (int row = 0; row < List().GetItemCount(); ++row) {
@@ -76,12 +76,12 @@ protected:
         return rows;
     }
 
-    /// The entries of the menu that the key for menus opens over the list.
+    // The entries of the menu that the key for menus opens over the list.
     std::string MenuByKey() {
         std::string entries;
         SetFocus(List().m_hWnd);
         QTimer::singleShot(0, [&] {
-            QWidget* const menu = QApplication::activePopupWidget();
+            QWidget* menu = QApplication::activePopupWidget();
             for (const QAction* entry : menu->actions())
                 entries += entry->text().toStdString() + ";";
             menu->close();
@@ -119,53 +119,53 @@ TEST_F(ListsWindowTest, ADroppedListEndsWithWhateverTheUserDoesElsewhere) {
          },
          true},
         {"a press on the arrow",
-         [&] { QTest::mouseClick(Widget(GetDlgItem(Child(titleId), 107)), Qt::LeftButton); }, true},
+         [&] { QTest::mouseClick(Widget(GetDlgItem(Child(TitleId), 107)), Qt::LeftButton); }, true},
         {"the window moves",
          [&] { Widget(m_lists->m_hWnd)->move(Widget(m_lists->m_hWnd)->pos() + QPoint(5, 0)); }, true},
         {"the focus goes", [&] { Press(Qt::Key_Tab); }, true},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
-        Choose(titleId, Qt::Key_C);
-        ASSERT_EQ(Text(titleId), "Curve crvType");
+        Choose(TitleId, Qt::Key_C);
+        ASSERT_EQ(Text(TitleId), "Curve crvType");
         Press(Qt::Key_Down); // drops the list
         Press(Qt::Key_Down);
-        ASSERT_EQ(Text(titleId), "Parcel state");
+        ASSERT_EQ(Text(TitleId), "Parcel state");
         ASSERT_NE(Dropped(), nullptr);
-        const QWidget* combo = Widget(Child(titleId))->parentWidget(); // with its border
+        const QWidget* combo = Widget(Child(TitleId))->parentWidget(); // with its border
         EXPECT_EQ(Dropped()->geometry().y(), combo->mapToGlobal(QPoint(0, combo->height())).y());
-        EXPECT_EQ(GetFocus(), Field(titleId));
+        EXPECT_EQ(GetFocus(), Field(TitleId));
         row.act();
         QApplication::processEvents();
         EXPECT_EQ(Dropped(), nullptr);
-        EXPECT_EQ(Text(titleId), row.taken ? "Parcel state" : "Curve crvType");
+        EXPECT_EQ(Text(TitleId), row.taken ? "Parcel state" : "Curve crvType");
     }
 }
 
 TEST_F(ListsWindowTest, ChangesStayWhileOtherListsAreShown) {
     Open("English");
-    Choose(titleId, Qt::Key_R);
+    Choose(TitleId, Qt::Key_R);
     EXPECT_EQ(Rows(), "+cw;-ccw;");
-    EXPECT_EQ(Text(valueId), "cw");
+    EXPECT_EQ(Text(ValueId), "cw");
     EXPECT_EQ(Use(), "used 2 times");
     SetFocus(List().m_hWnd);
     Press(Qt::Key_Down);
     Press(Qt::Key_Space);
     List().SendMessageA(WM_COMMAND, ComboCommandAddRootItem);
-    QTest::mouseClick(Widget(Child(treeId)), Qt::LeftButton, {}, {8, 8});
-    Choose(titleId, Qt::Key_P);
-    EXPECT_EQ(Text(titleId), "Parcel state") << "letters typed for a list that is closed begin no search";
-    Choose(titleId, Qt::Key_R);
+    QTest::mouseClick(Widget(Child(TreeId)), Qt::LeftButton, {}, {8, 8});
+    Choose(TitleId, Qt::Key_P);
+    EXPECT_EQ(Text(TitleId), "Parcel state") << "letters typed for a list that is closed begin no search";
+    Choose(TitleId, Qt::Key_R);
     EXPECT_EQ(Rows(), "+cw;+ccw;-new value;");
     EXPECT_TRUE(List().HasTree());
-    Choose(valueId, Qt::Key_N);
-    EXPECT_EQ(Text(valueId), "new value");
+    Choose(ValueId, Qt::Key_N);
+    EXPECT_EQ(Text(ValueId), "new value");
     EXPECT_EQ(Use(), "not used");
     SetFocus(List().m_hWnd);
     List().SetCurrentRow(2);
     List().SendMessageA(WM_COMMAND, ComboCommandDelete);
     QApplication::processEvents();
-    EXPECT_EQ(Text(valueId), "") << "the chosen value is gone";
+    EXPECT_EQ(Text(ValueId), "") << "the chosen value is gone";
     EXPECT_EQ(Use(), "");
     EXPECT_EQ(MenuByKey(), "new value;insert group;") << "no row is meant";
     List().SetCurrentRow(0);

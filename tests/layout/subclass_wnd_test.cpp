@@ -113,7 +113,7 @@ TEST_F(SubclassWndTest, HooksAndWindowsMayEndInsideAHook) {
     EXPECT_EQ(a.GetHookedWindow(), nullptr);
 }
 
-/// To leave the first is the caller's part; it hears nothing more all the same.
+// To leave the first is the caller's part; it hears nothing more all the same.
 TEST_F(SubclassWndTest, AHookOnAnotherWindowLeavesTheFirst) {
     const HWND other = MakeWindow();
     Set("a", window);

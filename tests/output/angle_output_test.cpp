@@ -48,7 +48,7 @@ TEST_F(Angles, GettersAreCrossedOver) {
 }
 
 TEST_F(Angles, AChangeOfUnitIsNotTold) {
-    CountingSink sink(EFormatService::Angle);
+    CountingSink sink(FormatService::Angle);
     SetAngleUnit('g');
     EXPECT_EQ(sink.count, 0);
     SetAngleFormatFloat(GermanFormat(3));

@@ -57,7 +57,7 @@ TEST_F(Dates, TimesAreLocal) {
 }
 
 TEST_F(Dates, SettingTheCurrentFormatIsToldOnce) {
-    CountingSink sink(EFormatService::Date);
+    CountingSink sink(FormatService::Date);
     bool isLong = false;
     std::string format;
     GetDateCurrentFormatString(isLong, format);
@@ -74,16 +74,16 @@ TEST_F(Dates, SettingTheCurrentFormatIsToldOnce) {
     EXPECT_FALSE(isLong);
     EXPECT_EQ(DatetoString(Thursday), "2020");
 
-    CDateOutput::Instance().SetCurrentPicture(EDateFormat::Long, "d/m");
+    CDateOutput::Instance().SetCurrentPicture(DateFormatKind::Long, "d/m");
     EXPECT_STREQ(GetFormatStringLong(), "%#d/%#m");
-    CDateOutput::Instance().ReturnToSystemFormat(EDateFormat::Short);
-    CDateOutput::Instance().ReturnToSystemFormat(EDateFormat::Short);
+    CDateOutput::Instance().ReturnToSystemFormat(DateFormatKind::Short);
+    CDateOutput::Instance().ReturnToSystemFormat(DateFormatKind::Short);
     EXPECT_EQ(DatetoString(Thursday), "18.06.2020");
     EXPECT_EQ(sink.count, 3);
 }
 
 TEST_F(Dates, TheUsersFormatSurvivesAChangeOfTheSettings) {
-    CountingSink sink(EFormatService::Date);
+    CountingSink sink(FormatService::Date);
     SetRegional("sLongDate", "dd MMMM yyyy");
     EXPECT_EQ(DatetoString(Thursday), "18 Juni 2020");
     EXPECT_EQ(sink.count, 1);

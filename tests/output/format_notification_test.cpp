@@ -12,10 +12,10 @@ namespace {
 using Notification = GermanMachine;
 
 TEST(FormatNotification, SinksComeAndGoWhileItFires) {
-    CFormatNotification notification(EFormatService::Date);
+    FormatNotification notification(FormatService::Date);
     CountingSink late(notification);
     notification.RemoveSink(&late);
-    IFormatSink* second = nullptr;
+    FormatSink* second = nullptr;
     CountingSink first(
         notification,
         [&] {
@@ -35,14 +35,14 @@ TEST(FormatNotification, SinksComeAndGoWhileItFires) {
 }
 
 TEST(FormatNotification, AThrowingSinkLeavesItReady) {
-    CFormatNotification notification(EFormatService::Date);
+    FormatNotification notification(FormatService::Date);
     CountingSink thrower(notification, [] { throw std::runtime_error("no"); });
     EXPECT_THROW(notification.Fire(), std::runtime_error);
     EXPECT_THROW(notification.Fire(), std::runtime_error); // and not the Error of a change within a change
 }
 
 TEST_F(Notification, AChangeWithinAChangeIsAnError) {
-    const CountingSink changer(EFormatService::Number, [] {
+    const CountingSink changer(FormatService::Number, [] {
         SetAngleFormatDouble(GermanFormat(6)); // another service is not affected
         EXPECT_THAT([] { SetFormatInt(GermanFormat(7)); }, testing::ThrowsMessage<Error>(""));
     });
@@ -53,10 +53,10 @@ TEST_F(Notification, AChangeWithinAChangeIsAnError) {
 TEST_F(Notification, RecordsFollowOneAfterTheOther) {
     const CNumberOutput& output = CNumberOutput::Instance();
     std::vector<std::string> steps;
-    const CountingSink sink(EFormatService::Number, [&] {
+    const CountingSink sink(FormatService::Number, [&] {
         steps.emplace_back();
-        for (const ENumberRecord record :
-             {ENumberRecord::Integer, ENumberRecord::Long, ENumberRecord::Float, ENumberRecord::Double})
+        for (const NumberRecord record :
+             {NumberRecord::Integer, NumberRecord::Long, NumberRecord::Float, NumberRecord::Double})
             steps.back() += output.Format(record).DecimalSep;
     });
     SetRegional("sDecimal", ";");
@@ -108,7 +108,7 @@ TEST(Subscription, IsNeverCalledBack) {
     IDateFormatChangedImp<Owner> sink(&owner);
     AddDateFormatChangeSink(&sink);
     AddSinkDate(&sink);
-    NotificationOf(EFormatService::Date).Fire();
+    NotificationOf(FormatService::Date).Fire();
     EXPECT_TRUE(UpdateDate(nullptr));
 }
 

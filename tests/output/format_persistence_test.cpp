@@ -20,7 +20,7 @@ protected:
         return platform::ContentOf(m_path);
     }
 
-    /// Loads the file with a part replaced wherever it stands, and answers the text of the failure.
+    // Loads the file with a part replaced wherever it stands, and answers the text of the failure.
     std::string FailureWith(const std::string& part, const std::string& other) {
         std::string content = m_good;
         std::size_t at = content.find(part);
@@ -41,7 +41,7 @@ protected:
     std::string m_good = Saved();
 };
 
-/// The elements of a format in the file.
+// The elements of a format in the file.
 std::string Element(const std::string& name, const char* system = "-1", const char* digits = "2",
                     const std::string& decimal = ",", const std::string& thousand = ".") {
     return "<" + name + ">\n<System>" + system + "</System>\n<NumDigits>" + digits +
@@ -51,7 +51,7 @@ std::string Element(const std::string& name, const char* system = "-1", const ch
 }
 
 TEST_F(SavedFormats, AreExactlyThisTextAndLineEndsChangeIntoEachOther) {
-    CNumberFormat own = GermanFormat(4);
+    NumberFormat own = GermanFormat(4);
     own.SetDecimalSep("&\xFC");
     own.SetThousandSep("");
     SetFormatLong(own);
@@ -85,7 +85,7 @@ TEST_F(SavedFormats, ComeBackAsTheyWere) {
         return bytes;
     };
     const auto format = [&] {
-        CNumberFormat made;
+        NumberFormat made;
         static_cast<_numberfmtA&>(made) = {number(),        number(),         number(),
                                            made.DecimalSep, made.ThousandSep, number()};
         made.SetDecimalSep(text(3));
@@ -93,18 +93,18 @@ TEST_F(SavedFormats, ComeBackAsTheyWere) {
         return made;
     };
     for (int i = 0; i < 30; ++i) {
-        const CNumberFormat ofNumbers = format();
-        const CNumberFormat ofAngles = format();
-        CNumberOutput::Instance().ReplaceFormat(ENumberRecord::Float, ofNumbers);
-        CAngleOutput::Instance().ReplaceFormat(EAngleRecord::Double, ofAngles);
+        const NumberFormat ofNumbers = format();
+        const NumberFormat ofAngles = format();
+        CNumberOutput::Instance().ReplaceFormat(NumberRecord::Float, ofNumbers);
+        CAngleOutput::Instance().ReplaceFormat(AngleRecord::Double, ofAngles);
         CAngleOutput::Instance().SetUnit(number()); // one that is none stays the number that it is
         CDateOutput::Instance().Formats() = {text(20), text(20), text(20), text(20)};
         const std::string saved = Saved();
         ResetFormatStates();
         SetAngleUnit('g');
         LoadFormatStates(m_path.c_str());
-        EXPECT_EQ(CNumberOutput::Instance().Format(ENumberRecord::Float), ofNumbers);
-        EXPECT_EQ(CAngleOutput::Instance().Format(EAngleRecord::Double), ofAngles);
+        EXPECT_EQ(CNumberOutput::Instance().Format(NumberRecord::Float), ofNumbers);
+        EXPECT_EQ(CAngleOutput::Instance().Format(AngleRecord::Double), ofAngles);
         EXPECT_EQ(Saved(), saved);
     }
 }
@@ -158,7 +158,7 @@ TEST_F(SavedFormats, KeepWhatWasReadBeforeAFailureAndTellEachTouchedServiceOnce)
     SetFormatDouble(GermanFormat(1));
     SetAngleUnit('r');
 
-    const CountingSink sinks[] = {EFormatService::Number, EFormatService::Angle, EFormatService::Date};
+    const CountingSink sinks[] = {FormatService::Number, FormatService::Angle, FormatService::Date};
     EXPECT_EQ(FailureWith(Element("Double", "0", "5"),
                           "<Double><System>0</System><NumDigits>6</NumDigits></Double>"),
               SchemaText);
@@ -175,15 +175,15 @@ TEST_F(SavedFormats, KeepWhatWasReadBeforeAFailureAndTellEachTouchedServiceOnce)
 }
 
 TEST_F(SavedFormats, TellTheOtherServicesWhenAListenerThrows) {
-    const CountingSink angles(EFormatService::Angle);
-    const CountingSink throwing(EFormatService::Number, [] { throw Error("sink"); });
+    const CountingSink angles(FormatService::Angle);
+    const CountingSink throwing(FormatService::Number, [] { throw Error("sink"); });
     EXPECT_EQ(FailureWith("<DateFormatShort>", "<DateFormatShort/><DateFormatShort>"), "sink");
     EXPECT_EQ(angles.count, 1);
     EXPECT_EQ(FailureWith("<Angle>1", "<Angle>x"), SchemaText) << "the failure of the load comes first";
 }
 
 TEST_F(SavedFormats, ChangeNothingWhenTheFileIsNoXml) {
-    const CountingSink numbers(EFormatService::Number);
+    const CountingSink numbers(FormatService::Number);
     EXPECT_EQ(FailureWith("</FORMATS>", "").substr(0, m_path.size() + 6), m_path + "(line ");
     EXPECT_THROW(LoadFormatStates(nullptr), Error);
     EXPECT_THROW(SaveFormatStates(nullptr), Error);

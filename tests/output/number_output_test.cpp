@@ -44,7 +44,7 @@ TEST_F(Numbers, IntegersAsTextOrAFailureThatNamesTheirType) {
     EXPECT_EQ(NumberToString(std::numeric_limits<int>::min()), "-2.147.483.648");
     EXPECT_EQ(NumberToString(4294967295u), "-1"); // kept
     EXPECT_EQ(NumberToString(std::numeric_limits<long>::min()), "-9.223.372.036.854.775.808");
-    CNumberFormat format = GermanFormat(0);
+    NumberFormat format = GermanFormat(0);
     format.NegativeOrder = 5;
     SetFormatInt(format);
     SetFormatLong(format);
@@ -68,10 +68,10 @@ TEST_F(Numbers, EachTypeHasItsFormat) {
     EXPECT_EQ(numbers.FormatFor(DT_ManDaysFloat).NumDigits, 4u);
     EXPECT_EQ(numbers.FormatFor(DT_AngleFloat).NumDigits, 5u);
     std::uint32_t digits = 5;
-    const std::pair<EDataTyps, ENumberRecord> stored[] = {{DT_UInt, ENumberRecord::Integer},
-                                                          {DT_Long, ENumberRecord::Long},
-                                                          {DT_Float, ENumberRecord::Float},
-                                                          {DT_LengthFloat, ENumberRecord::Double}};
+    const std::pair<EDataTyps, NumberRecord> stored[] = {{DT_UInt, NumberRecord::Integer},
+                                                         {DT_Long, NumberRecord::Long},
+                                                         {DT_Float, NumberRecord::Float},
+                                                         {DT_LengthFloat, NumberRecord::Double}};
     for (const auto& [type, record] : stored) { // only few types store elsewhere than in Double
         numbers.SetFormatFor(type, GermanFormat(++digits));
         EXPECT_EQ(numbers.Format(record).NumDigits, digits) << type;
@@ -79,14 +79,14 @@ TEST_F(Numbers, EachTypeHasItsFormat) {
 }
 
 TEST_F(Numbers, FormatsThatEqualTheSettingsFollowThem) {
-    CountingSink sink(EFormatService::Number);
+    CountingSink sink(FormatService::Number);
     SetFormatDouble(GetFormatDouble());
     EXPECT_EQ(sink.count, 0);
     SetFormatDouble(GermanFormat(4));
     SetFormatDouble(GermanFormat(4));
     EXPECT_EQ(sink.count, 1);
     SetFormatFloat(GermanFormat(4));
-    SetFormatFloat(SystemNumberFormat(ESystemFormat::Float));
+    SetFormatFloat(SystemNumberFormat(SystemFormat::Float));
     EXPECT_EQ(sink.count, 3);
     SetRegional("iDigits", "3");
     EXPECT_EQ(sink.count, 6); // both integer records and Float
@@ -99,7 +99,7 @@ TEST_F(Numbers, FormatsThatEqualTheSettingsFollowThem) {
 }
 
 TEST_F(Numbers, SeparatorsBelongToTheirRecordAndHaveThreeBytesAtMost) {
-    CNumberFormat copy = CNumberOutput::Instance().Format(ENumberRecord::Double);
+    NumberFormat copy = CNumberOutput::Instance().Format(NumberRecord::Double);
     ASSERT_TRUE(copy.SetDecimalSep(":::"));
     SetFormatFloat(copy);
     EXPECT_EQ(NumberToString(1.5f) + NumberToString(1.5), "1:::501,50");
@@ -123,8 +123,8 @@ TEST_F(Numbers, MeasuresFollowThemAndManDaysTheirOwnRounding) {
     EXPECT_EQ(ManDaysToString(0.12345678), "0,12345700 MT"); // of six places
     EXPECT_EQ(ManDaysToString(0.5f), "0,50000000 MT");
 
-    const CountingSink manDays(EFormatService::ManDays);
-    CountingSink sink(EFormatService::Number);
+    const CountingSink manDays(FormatService::ManDays);
+    CountingSink sink(FormatService::Number);
     CLengthOutput::Instance().RemoveSink(&sink);
     SetFormatDouble(GermanFormat(3));
     EXPECT_EQ(sink.count, 0);
@@ -140,12 +140,12 @@ TEST(TypeTable, StorageAgreesWithTheBitsOfTheType) {
     int types = 0;
     for (unsigned bit = 0; bit < 32; ++bit) {
         for (const unsigned storage : {0x1u, 0x2u, 0x4u, 0x8u, 0x20u, 0x40u, 0x100u}) {
-            const STypeRow* row = FindTypeRow(static_cast<EDataTyps>(1u << bit | storage));
-            if (!row || row->Meaning == EMeaning::List || row->Meaning == EMeaning::Date)
+            const TypeRow* row = FindTypeRow(static_cast<EDataTyps>(1u << bit | storage));
+            if (!row || row->Meaning == ValueMeaning::List || row->Meaning == ValueMeaning::Date)
                 continue;
             ++types;
-            EXPECT_EQ(row->Storage == EStorage::Float, storage == 0x4 || 1u << bit == 0x4) << row->Type;
-            EXPECT_EQ(row->Storage == EStorage::Double, storage == 0x8 || 1u << bit == 0x8) << row->Type;
+            EXPECT_EQ(row->Storage == ValueStorage::Float, storage == 0x4 || 1u << bit == 0x4) << row->Type;
+            EXPECT_EQ(row->Storage == ValueStorage::Double, storage == 0x8 || 1u << bit == 0x8) << row->Type;
         }
     }
     EXPECT_EQ(types, 35); // all but void, bool, group, date and the five lists

@@ -39,12 +39,12 @@ TEST_F(Stations, FloatsSplitInTheirOwnPrecision) {
 }
 
 TEST_F(Stations, FollowTheDecimalsButNotTheSignOfTheSettings) {
-    CountingSink sink(EFormatService::Station);
+    CountingSink sink(FormatService::Station);
     ASSERT_EQ(RoadStationToString(1.5), "0+001,50");
     SetRegional("sDecimal", ";");
     EXPECT_EQ(RoadStationToString(1.5), "0+001,50"); // the first one of the process
     SetRegional("iDigits", "-1");
-    EXPECT_EQ(RoadStationToString(1.5).size(), 8u + platform::longestNumberText - 2u);
+    EXPECT_EQ(RoadStationToString(1.5).size(), 8u + platform::LongestNumberText - 2u);
     EXPECT_EQ(sink.count, 6);
 }
 

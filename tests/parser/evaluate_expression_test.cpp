@@ -81,7 +81,7 @@ TEST(EvaluateExpression, ReadsEveryDecimalSeparatorAsAPoint) {
     ExpectRefused("::", "1:5");
 }
 
-/// A random expression, with the value that its operators give from left to right.
+// A random expression, with the value that its operators give from left to right.
 class RandomExpression {
 public:
     explicit RandomExpression(unsigned seed) : m_random(seed) { value = Sum(3); }

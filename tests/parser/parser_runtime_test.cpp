@@ -14,7 +14,7 @@ void RecordPanic(const char* text) {
     LastPanic = text;
 }
 
-/// Words of "a", cut off by "|" into one token of several words; ";" ends a line.
+// Words of "a", cut off by "|" into one token of several words; ";" ends a line.
 class WordScanner : public DLGLexerBase {
 public:
     WordScanner() : DLGLexerBase({Classes, Transitions, Accepted}) {}
@@ -118,7 +118,7 @@ constexpr std::array<const char*, 10> Names = {"Invalid", "<eof>",   "ADD",   "M
                                                "DIV",     "BRACE_O", "BRACE", "FLOAT", "INT"};
 constexpr std::array<TokenSet, 10> Sets = {0, 0, 1, 1, 0, 0, 0, 0, 2, 2};
 
-/// A parser that reports, unlike that of a cell.
+// A parser that reports, unlike that of a cell.
 class ReportingParser : public ANTLRParser {
 public:
     using ANTLRParser::ANTLRParser;

@@ -8,7 +8,7 @@ namespace korvel::platform {
 
 namespace {
 
-const std::tuple<const char*, double, CalendarFields> dates[] = {
+const std::tuple<const char*, double, CalendarFields> Dates[] = {
     {"the zero day is a Saturday", 0, {1899, 12, 30, 0, 0, 0, 6, 364}},
     {"1900 has no leap day", 60, {1900, 2, 28, 0, 0, 0, 3, 59}},
     {"the day after it", 61, {1900, 3, 1, 0, 0, 0, 4, 60}},
@@ -24,7 +24,7 @@ const std::tuple<const char*, double, CalendarFields> dates[] = {
 };
 
 TEST(Calendar, TakesDatesApartAndPutsThemTogether) {
-    for (const auto& [border, date, fields] : dates) {
+    for (const auto& [border, date, fields] : Dates) {
         EXPECT_EQ(FieldsFromDate(date), fields) << border;
         EXPECT_EQ(FieldsFromDate(DateFromFields(fields).value()), fields) << border;
     }

@@ -68,13 +68,13 @@ TEST(NumberText, FollowsTheFormat) {
 }
 
 TEST(NumberText, EndsAtTheLimit) {
-    const std::string longest(longestNumberText, '9');
+    const std::string longest(LongestNumberText, '9');
     EXPECT_EQ(Format(longest, German(0, 0)), longest);
     EXPECT_EQ(Format("-" + longest, German(0, 0)), std::nullopt) << "the sign is one too many";
     EXPECT_EQ(Format(longest + ".5", German(0, 0)), std::nullopt) << "the carry is one too many";
     EXPECT_EQ(Format(longest, German(0)), std::nullopt) << "the groups are too many";
-    EXPECT_EQ(Format("1", German(longestNumberText - 2)), "1," + std::string(longestNumberText - 2, '0'));
-    EXPECT_EQ(Format("1", German(longestNumberText - 1)), std::nullopt);
+    EXPECT_EQ(Format("1", German(LongestNumberText - 2)), "1," + std::string(LongestNumberText - 2, '0'));
+    EXPECT_EQ(Format("1", German(LongestNumberText - 1)), std::nullopt);
 }
 
 TEST(NumberText, WritesIntegers) {
@@ -84,7 +84,7 @@ TEST(NumberText, WritesIntegers) {
     EXPECT_EQ(text, "-9.223.372.036.854.775.808|0,00");
 }
 
-/// Directly as through a rendered text, byte by byte.
+// Directly as through a rendered text, byte by byte.
 void ExpectTheSame(double value) {
     for (const RenderedDigits decimals : {RenderedDigits::Float, RenderedDigits::Double}) {
         char rendered[400];

@@ -15,15 +15,15 @@ namespace {
 
 using enum SettingsStatus;
 
-constexpr auto root = SettingsRoot::User;
-const SettingValue untouched = SettingValue::Text("untouched");
+constexpr auto Root = SettingsRoot::User;
+const SettingValue Untouched = SettingValue::Text("untouched");
 
 class SettingsStoreTest : public testing::Test {
 protected:
     static SettingValue Read(const std::string& path, const std::string& name,
                              SettingsStatus expected = Done) {
-        SettingValue value = untouched;
-        EXPECT_EQ(ReadSetting(root, path, name, value), expected) << path << " " << name;
+        SettingValue value = Untouched;
+        EXPECT_EQ(ReadSetting(Root, path, name, value), expected) << path << " " << name;
         return value;
     }
 
@@ -31,54 +31,54 @@ protected:
 };
 
 TEST_F(SettingsStoreTest, TellsWhatIsMissingAndCreatesNothing) {
-    EXPECT_EQ(Read("A\\B", "name", KeyMissing), untouched);
-    EXPECT_EQ(Read("", "name", ValueMissing), untouched) << "the root always exists";
-    EXPECT_EQ(CheckKey(root, "A", SettingsAccess::Read), KeyMissing);
-    EXPECT_EQ(CheckKey(root, "", SettingsAccess::Write), Done);
-    EXPECT_EQ(WriteSetting(root, "A", "name", untouched), KeyMissing);
+    EXPECT_EQ(Read("A\\B", "name", KeyMissing), Untouched);
+    EXPECT_EQ(Read("", "name", ValueMissing), Untouched) << "the root always exists";
+    EXPECT_EQ(CheckKey(Root, "A", SettingsAccess::Read), KeyMissing);
+    EXPECT_EQ(CheckKey(Root, "", SettingsAccess::Write), Done);
+    EXPECT_EQ(WriteSetting(Root, "A", "name", Untouched), KeyMissing);
     EXPECT_TRUE(std::filesystem::is_empty(m_store.Path()));
 
-    EXPECT_EQ(CreateKey(root, "A\\B\\C"), Done);
-    EXPECT_EQ(CheckKey(root, "A\\B", SettingsAccess::Write), Done) << "the keys above it come with it";
-    EXPECT_EQ(CheckKey(root, "B", SettingsAccess::Read), KeyMissing);
-    EXPECT_EQ(Read("A\\B", "name", ValueMissing), untouched);
-    EXPECT_EQ(WriteSetting(root, "A\\D", "name", untouched), KeyMissing);
+    EXPECT_EQ(CreateKey(Root, "A\\B\\C"), Done);
+    EXPECT_EQ(CheckKey(Root, "A\\B", SettingsAccess::Write), Done) << "the keys above it come with it";
+    EXPECT_EQ(CheckKey(Root, "B", SettingsAccess::Read), KeyMissing);
+    EXPECT_EQ(Read("A\\B", "name", ValueMissing), Untouched);
+    EXPECT_EQ(WriteSetting(Root, "A\\D", "name", Untouched), KeyMissing);
 }
 
 TEST_F(SettingsStoreTest, KeepsEveryTypeByteForByte) {
     std::string allBytes;
     for (int byte = 0; byte < 512; ++byte)
         allBytes.push_back(static_cast<char>(byte));
-    CreateKey(root, "Key");
+    CreateKey(Root, "Key");
     for (const SettingValue& value :
          {SettingValue::Text(allBytes), SettingValue::Binary(allBytes), SettingValue::Text(""),
           SettingValue::Binary(""), SettingValue::Number(0), SettingValue::Number(0xFFFFFFFF)}) {
-        EXPECT_EQ(WriteSetting(root, "Key", "value", value), Done);
+        EXPECT_EQ(WriteSetting(Root, "Key", "value", value), Done);
         EXPECT_EQ(Read("Key", "value"), value) << "each replaces the one before, whatever its type";
     }
     EXPECT_EQ(Read("Key", "value").AsNumber(), 0xFFFFFFFF);
     EXPECT_EQ(SettingValue::Binary("abcd").AsNumber(), std::nullopt);
-    EXPECT_THROW(WriteSetting(root, "Key", "value", {SettingType::Number, "abc"}), Error);
+    EXPECT_THROW(WriteSetting(Root, "Key", "value", {SettingType::Number, "abc"}), Error);
 }
 
 TEST_F(SettingsStoreTest, LooksAtNeitherCaseNorSpareBackslashes) {
-    CreateKey(root, "SOFTWARE\\\xC4nderung");
-    WriteSetting(root, "software\\\xE4nderung\\", "Gr\xF6\xDFte", SettingValue::Text("1"));
+    CreateKey(Root, "SOFTWARE\\\xC4nderung");
+    WriteSetting(Root, "software\\\xE4nderung\\", "Gr\xF6\xDFte", SettingValue::Text("1"));
     EXPECT_EQ(Read("\\Software\\\\\xC4NDERUNG", "GR\xD6\xDFTE"), SettingValue::Text("1"));
-    EXPECT_EQ(WriteSetting(root, "", "", SettingValue::Text("at the root, without a name")), Done);
+    EXPECT_EQ(WriteSetting(Root, "", "", SettingValue::Text("at the root, without a name")), Done);
     EXPECT_EQ(Read("\\", "").bytes, "at the root, without a name");
 }
 
 TEST_F(SettingsStoreTest, RefusesWhatIsNoStoreAndLeavesItAlone) {
     const std::filesystem::path file = m_store.Path() / "other";
-    SetStorePath(root, file);
+    SetStorePath(Root, file);
     const auto expectRefusal = [&](const std::string& reason) {
-        SettingValue value = untouched;
+        SettingValue value = Untouched;
         const auto refuses = testing::ThrowsMessage<Error>(
             testing::AllOf(testing::HasSubstr(reason), testing::HasSubstr(file.string())));
         const auto sizeBefore = is_directory(file) ? 0 : file_size(file);
-        EXPECT_THAT([&] { ReadSetting(root, "A", "b", value); }, refuses);
-        EXPECT_THAT([] { CreateKey(root, "A"); }, refuses);
+        EXPECT_THAT([&] { ReadSetting(Root, "A", "b", value); }, refuses);
+        EXPECT_THAT([] { CreateKey(Root, "A"); }, refuses);
         EXPECT_EQ(is_directory(file) ? 0 : file_size(file), sizeBefore);
         remove(file);
     };
@@ -96,13 +96,13 @@ TEST_F(SettingsStoreTest, RefusesWhatIsNoStoreAndLeavesItAlone) {
     expectRefusal("another program's database");
 
     std::ofstream(file).close();
-    EXPECT_EQ(Read("A", "name", KeyMissing), untouched) << "an empty file is an empty store";
-    EXPECT_EQ(CreateKey(root, "A"), Done);
+    EXPECT_EQ(Read("A", "name", KeyMissing), Untouched) << "an empty file is an empty store";
+    EXPECT_EQ(CreateKey(Root, "A"), Done);
 }
 
 TEST_F(SettingsStoreTest, TellsWhichRightIsMissing) {
-    CreateKey(root, "A");
-    WriteSetting(root, "A", "name", SettingValue::Text("kept"));
+    CreateKey(Root, "A");
+    WriteSetting(Root, "A", "name", SettingValue::Text("kept"));
     const std::filesystem::path folder = m_store.File().parent_path();
     chmod(m_store.Path().c_str(), 0755);
     chmod(m_store.File().c_str(), 0444);
@@ -110,20 +110,20 @@ TEST_F(SettingsStoreTest, TellsWhichRightIsMissing) {
     {
         const OrdinaryUser user;
         EXPECT_EQ(Read("A", "name").bytes, "kept") << "reading is allowed";
-        EXPECT_EQ(CheckKey(root, "A", SettingsAccess::Read), Done);
-        EXPECT_EQ(CheckKey(root, "A", SettingsAccess::Write), AccessDenied);
-        EXPECT_EQ(CheckKey(root, "B", SettingsAccess::Write), KeyMissing);
-        EXPECT_EQ(WriteSetting(root, "A", "name", untouched), AccessDenied);
-        EXPECT_EQ(CreateKey(root, "A\\B"), AccessDenied);
-        SetStorePath(root, folder / "new" / "settings.sqlite");
-        EXPECT_EQ(CheckKey(root, "", SettingsAccess::Write), AccessDenied);
-        EXPECT_EQ(CreateKey(root, "A"), AccessDenied);
-        SetStorePath(root, m_store.File());
+        EXPECT_EQ(CheckKey(Root, "A", SettingsAccess::Read), Done);
+        EXPECT_EQ(CheckKey(Root, "A", SettingsAccess::Write), AccessDenied);
+        EXPECT_EQ(CheckKey(Root, "B", SettingsAccess::Write), KeyMissing);
+        EXPECT_EQ(WriteSetting(Root, "A", "name", Untouched), AccessDenied);
+        EXPECT_EQ(CreateKey(Root, "A\\B"), AccessDenied);
+        SetStorePath(Root, folder / "new" / "settings.sqlite");
+        EXPECT_EQ(CheckKey(Root, "", SettingsAccess::Write), AccessDenied);
+        EXPECT_EQ(CreateKey(Root, "A"), AccessDenied);
+        SetStorePath(Root, m_store.File());
     }
     chmod(m_store.File().c_str(), 0000);
     {
         const OrdinaryUser user;
-        EXPECT_EQ(Read("A", "name", AccessDenied), untouched);
+        EXPECT_EQ(Read("A", "name", AccessDenied), Untouched);
     }
     chmod(folder.c_str(), 0755);
     chmod(m_store.File().c_str(), 0644);
@@ -132,8 +132,8 @@ TEST_F(SettingsStoreTest, TellsWhichRightIsMissing) {
 
 void WriteMany(int writer) {
     for (int i = 0; i < 20; ++i) {
-        CreateKey(root, "Shared\\" + std::to_string(writer));
-        WriteSetting(root, "Shared", std::to_string(writer * 100 + i), SettingValue::Number(7));
+        CreateKey(Root, "Shared\\" + std::to_string(writer));
+        WriteSetting(Root, "Shared", std::to_string(writer * 100 + i), SettingValue::Number(7));
     }
 }
 
@@ -154,18 +154,18 @@ TEST_F(SettingsStoreTest, LosesNothingToAnotherProcessOrThread) {
 }
 
 TEST_F(SettingsStoreTest, OutlivesAWriterThatDiesAnywhere) {
-    CreateKey(root, "A");
+    CreateKey(Root, "A");
     const SettingValue oldText = SettingValue::Text(std::string(100000, 'o'));
     const SettingValue newText = SettingValue::Text(std::string(100000, 'n'));
     int deaths = 0;
     for (rlim_t bytes = 4000; bytes < 300000; bytes += 20000) {
-        EXPECT_EQ(WriteSetting(root, "A", "name", oldText), Done);
+        EXPECT_EQ(WriteSetting(Root, "A", "name", oldText), Done);
         const pid_t writer = fork();
         if (writer == 0) {
             std::signal(SIGXFSZ, _exit); // comes with the first byte behind the limit
             const rlimit limit{bytes, bytes};
             setrlimit(RLIMIT_FSIZE, &limit);
-            _exit(WriteSetting(root, "A", "name", newText) == Done ? 0 : 1);
+            _exit(WriteSetting(Root, "A", "name", newText) == Done ? 0 : 1);
         }
         int status = -1;
         waitpid(writer, &status, 0);

@@ -7,11 +7,11 @@
 namespace korvel::platform {
 namespace {
 
-constexpr CalendarFields monday{2024, 2, 5, 9, 8, 7, 1, 36};
-constexpr CalendarFields midnight{2000, 1, 1, 0, 0, 0, 6, 1};
-constexpr CalendarFields lastDay{2024, 12, 31, 23, 59, 59, 2, 366};
-constexpr CalendarFields firstSunday{2023, 1, 1, 12, 0, 0, 0, 1};
-constexpr CalendarFields longYearsEnd{2021, 1, 3, 0, 0, 0, 0, 3};
+constexpr CalendarFields MondayMorning{2024, 2, 5, 9, 8, 7, 1, 36};
+constexpr CalendarFields Midnight{2000, 1, 1, 0, 0, 0, 6, 1};
+constexpr CalendarFields LastDay{2024, 12, 31, 23, 59, 59, 2, 366};
+constexpr CalendarFields FirstSunday{2023, 1, 1, 12, 0, 0, 0, 1};
+constexpr CalendarFields LongYearsEnd{2021, 1, 3, 0, 0, 0, 0, 3};
 
 class TimeTextTest : public testing::Test {
 protected:
@@ -27,28 +27,28 @@ protected:
 
 TEST_F(TimeTextTest, FollowsTheFormat) {
     const std::tuple<const char*, const char*, CalendarFields, const char*> cases[] = {
-        {"names", "%A %a %B %b %h", monday, "Montag Mo Februar Feb Feb"},
-        {"zeros, and without", "%d.%m.%H:%M:%S %j %#d.%#m.%#H:%#M:%#S %#j", monday,
+        {"names", "%A %a %B %b %h", MondayMorning, "Montag Mo Februar Feb Feb"},
+        {"zeros, and without", "%d.%m.%H:%M:%S %j %#d.%#m.%#H:%#M:%#S %#j", MondayMorning,
          "05.02.09:08:07 036 5.2.9:8:7 36"},
-        {"all zeros dropped leave one", "%#y %#H", midnight, "0 0"},
-        {"midnight is 12", "%I %#I %p", midnight, "12 12 AM"},
-        {"noon is 12", "%I %p", firstSunday, "12 PM"},
-        {"a blank instead of a zero", "[%e] [%#e]", monday, "[ 5] [5]"},
-        {"# does nothing to names and signs", "%#A %#p %#%", monday, "Montag AM %"},
-        {"# reaches the parts", "%#D %D %#T %T", monday, "2/5/24 02/05/24 9:8:7 09:08:07"},
-        {"short and long date, time", "%c | %#c", monday,
+        {"all zeros dropped leave one", "%#y %#H", Midnight, "0 0"},
+        {"midnight is 12", "%I %#I %p", Midnight, "12 12 AM"},
+        {"noon is 12", "%I %p", FirstSunday, "12 PM"},
+        {"a blank instead of a zero", "[%e] [%#e]", MondayMorning, "[ 5] [5]"},
+        {"# does nothing to names and signs", "%#A %#p %#%", MondayMorning, "Montag AM %"},
+        {"# reaches the parts", "%#D %D %#T %T", MondayMorning, "2/5/24 02/05/24 9:8:7 09:08:07"},
+        {"short and long date, time", "%c | %#c", MondayMorning,
          "05.02.2024 09:08:07 | Montag, 5. Februar 2024 09:08:07"},
-        {"week of the year before", "%G-%V %g", firstSunday, "2022-52 22"},
+        {"week of the year before", "%G-%V %g", FirstSunday, "2022-52 22"},
         {"# does nothing to the year of a week", "%#g %#G", {2009, 6, 1, 0, 0, 0, 1, 152}, "09 2009"},
-        {"week 53 of a long year", "%G-%V", longYearsEnd, "2020-53"},
-        {"week of the year after", "%G-%V", lastDay, "2025-01"},
-        {"weeks from Sunday and from Monday", "%U %W", firstSunday, "01 00"},
-        {"weeks in the midst of a year", "%U %W", monday, "05 06"},
-        {"weekday numbers", "%u %w", firstSunday, "7 0"},
-        {"century", "%C %F %R", monday, "20 2024-02-05 09:08"},
-        {"other numerals are ignored", "%Ey %#Od", monday, "24 5"},
-        {"unknown specifier", "%d %Q", monday, ""},
-        {"trailing percent sign", "%d %", monday, ""},
+        {"week 53 of a long year", "%G-%V", LongYearsEnd, "2020-53"},
+        {"week of the year after", "%G-%V", LastDay, "2025-01"},
+        {"weeks from Sunday and from Monday", "%U %W", FirstSunday, "01 00"},
+        {"weeks in the midst of a year", "%U %W", MondayMorning, "05 06"},
+        {"weekday numbers", "%u %w", FirstSunday, "7 0"},
+        {"century", "%C %F %R", MondayMorning, "20 2024-02-05 09:08"},
+        {"other numerals are ignored", "%Ey %#Od", MondayMorning, "24 5"},
+        {"unknown specifier", "%d %Q", MondayMorning, ""},
+        {"trailing percent sign", "%d %", MondayMorning, ""},
         {"month out of range", "%d", {2024, 13, 1, 0, 0, 0, 0, 1}, ""},
         {"weekday out of range", "%A", {2024, 1, 1, 0, 0, 0, 7, 1}, ""},
     };
@@ -58,15 +58,15 @@ TEST_F(TimeTextTest, FollowsTheFormat) {
 
 TEST_F(TimeTextTest, EndsWithTheBuffer) {
     const std::string longest(255, 'x');
-    EXPECT_EQ(TimeText(longest, monday, m_german), longest);
-    EXPECT_EQ(TimeText(longest + "x", monday, m_german), "");
+    EXPECT_EQ(TimeText(longest, MondayMorning, m_german), longest);
+    EXPECT_EQ(TimeText(longest + "x", MondayMorning, m_german), "");
 }
 
 TEST_F(TimeTextTest, ReadsPicturesOfTheUserAndTheZone) {
     m_german.longDatePicture = "d' de 'MMM 'yy'' %d' yy";
     m_german.timePicture = "tt h 'Uhr";
     const ScratchVariable zone("TZ", "NST3:30NDT");
-    EXPECT_EQ(TimeText("%#x|%X|%z %Z", monday, m_german), "5 de Feb yy %d 24|AM 9 Uhr|-0330 NST");
+    EXPECT_EQ(TimeText("%#x|%X|%z %Z", MondayMorning, m_german), "5 de Feb yy %d 24|AM 9 Uhr|-0330 NST");
 }
 
 TEST(TimeLocale, StaysWhenTheNameIsUnknown) {

@@ -23,7 +23,7 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-/// A frame with an edit and a surface on a desktop.
+// A frame with an edit and a surface on a desktop.
 class Delivery : public testing::Test {
 protected:
     Delivery() {

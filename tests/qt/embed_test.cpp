@@ -16,7 +16,7 @@ namespace korvel::test {
 
 namespace {
 
-/// A host's window with a field of its own above an embedded frame that holds an edit.
+// A host's window with a field of its own above an embedded frame that holds an edit.
 class Embedding : public testing::Test {
 protected:
     Embedding() {

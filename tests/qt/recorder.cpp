@@ -15,7 +15,7 @@ struct MessageRow {
     Detail detail;
 };
 
-constexpr MessageRow recorded[] = {
+constexpr MessageRow Recorded[] = {
     {WM_KEYDOWN, "key down", Detail::Number},
     {WM_KEYUP, "key up", Detail::Number},
     {WM_SYSKEYDOWN, "system key down", Detail::Number},
@@ -54,8 +54,8 @@ std::string TextOf(Detail detail, WPARAM wParam, LPARAM lParam) {
 } // namespace
 
 LRESULT Recorder::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    const auto row = std::ranges::find(recorded, message, &MessageRow::message);
-    if (row != std::end(recorded))
+    const auto row = std::ranges::find(Recorded, message, &MessageRow::message);
+    if (row != std::end(Recorded))
         m_log.push_back(m_name + ": " + row->name + TextOf(row->detail, wParam, lParam));
     if (onMessage && onMessage(message, wParam, lParam))
         return 0;

@@ -10,8 +10,8 @@ namespace korvel::test {
 
 namespace {
 
-constexpr UINT shown = WS_VISIBLE;
-constexpr UINT child = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
+constexpr UINT Shown = WS_VISIBLE;
+constexpr UINT Child = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 enum Id { FirstEdit = 1, SecondEdit, Check, Push, Rows, Surface };
 
 class Scenario {
@@ -34,7 +34,7 @@ private:
     void Step(const std::string& title) { m_log.push_back("-- " + title); }
     void Holds(const Recorder& window) { m_log.push_back("text '" + window.GetWindowTextA() + "'"); }
     void MakeControl(Recorder& control, const char* className, UINT style, const CRect& rect, int id) {
-        control.CreateEx(0, className, "", child | style, rect, &m_frame, id);
+        control.CreateEx(0, className, "", Child | style, rect, &m_frame, id);
     }
 
     User& m_user;
@@ -49,14 +49,14 @@ private:
 };
 
 void Scenario::Make() {
-    m_frame.CreateEx(0, "KorvelFrame", "Scenario", WS_OVERLAPPEDWINDOW | shown, {50, 50, 450, 350}, nullptr,
+    m_frame.CreateEx(0, "KorvelFrame", "Scenario", WS_OVERLAPPEDWINDOW | Shown, {50, 50, 450, 350}, nullptr,
                      0);
     MakeControl(m_first, "EDIT", ES_AUTOHSCROLL, {10, 10, 150, 34}, FirstEdit);
     MakeControl(m_second, "EDIT", ES_AUTOHSCROLL | WS_BORDER, {10, 40, 150, 64}, SecondEdit);
     MakeControl(m_check, "BUTTON", BS_AUTOCHECKBOX, {10, 70, 150, 94}, Check);
     MakeControl(m_push, "BUTTON", BS_PUSHBUTTON, {10, 100, 150, 124}, Push);
     MakeControl(m_surface, "KorvelFrame", 0, {10, 130, 150, 160}, Surface);
-    m_rows.Create(child | LVS_REPORT | LVS_SINGLESEL, {160, 10, 390, 200}, &m_frame, Rows);
+    m_rows.Create(Child | LVS_REPORT | LVS_SINGLESEL, {160, 10, 390, 200}, &m_frame, Rows);
     m_rows.InsertColumn(0, "Name", 120);
     for (const char* name : {"one", "two", "three", "four"})
         m_rows.InsertItem(m_rows.GetItemCount(), name);
@@ -116,7 +116,7 @@ void Scenario::UseDropDown() {
     Step("a drop-down window takes neither focus nor keys");
     SetFocus(m_second.m_hWnd);
     Recorder list(m_log, "drop-down");
-    list.CreateEx(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "KorvelFrame", "", WS_POPUP | WS_BORDER | shown,
+    list.CreateEx(WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "KorvelFrame", "", WS_POPUP | WS_BORDER | Shown,
                   {60, 120, 200, 200}, &m_frame, 0);
     m_user.Click(list.m_hWnd, {10, 10});
     m_user.Key('Q', "q");
@@ -176,7 +176,7 @@ void Scenario::RunModal() {
     Recorder dialog(m_log, "dialog");
     dialog.CreateEx(0, "KorvelFrame", "Modal", WS_POPUP | WS_CAPTION, {80, 80, 280, 180}, &m_frame, 0);
     Recorder edit(m_log, "edit of the dialog");
-    edit.CreateEx(0, "EDIT", "", child, {10, 10, 100, 34}, &dialog, 1);
+    edit.CreateEx(0, "EDIT", "", Child, {10, 10, 100, 34}, &dialog, 1);
     bool done = false;
     edit.onMessage = [&](UINT message, WPARAM wParam, LPARAM) {
         done |= message == WM_KEYDOWN && wParam == VK_RETURN;

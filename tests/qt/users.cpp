@@ -30,14 +30,14 @@ struct KeyRow {
     Qt::Key qtKey;
 };
 
-constexpr KeyRow keys[] = {
+constexpr KeyRow Keys[] = {
     {VK_BACK, Qt::Key_Backspace}, {VK_DELETE, Qt::Key_Delete}, {VK_LEFT, Qt::Key_Left},
     {VK_DOWN, Qt::Key_Down},      {VK_END, Qt::Key_End},       {VK_RETURN, Qt::Key_Return},
     {VK_SPACE, Qt::Key_Space},
 };
 
 Qt::Key ToQtKey(UINT key) {
-    for (const KeyRow& row : keys)
+    for (const KeyRow& row : Keys)
         if (row.key == key)
             return row.qtKey;
     return static_cast<Qt::Key>(key); // letters and digits have the same codes

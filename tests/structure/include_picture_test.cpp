@@ -13,26 +13,26 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const std::vector<std::string> kOrder = {"platform", "documents", "output", "values",
-                                         "parser",   "window",    "layout", "events",
-                                         "editors",  "dialogs",   "grid",   "properties"};
-const std::string kRoot = "korvel/"; // what each include begins with
-const std::string kFreeHeader = "values/data_types.h";
+const std::vector<std::string> Order = {"platform", "documents", "output", "values",
+                                        "parser",   "window",    "layout", "events",
+                                        "editors",  "dialogs",   "grid",   "properties"};
+const std::string Root = "korvel/"; // what each include begins with
+const std::string FreeHeader = "values/data_types.h";
 
 bool MayInclude(const std::string& from, const std::string& header) {
-    if (!header.starts_with(kRoot))
+    if (!header.starts_with(Root))
         return false;
-    const std::string inside = header.substr(kRoot.size());
+    const std::string inside = header.substr(Root.size());
     const std::string to = inside.substr(0, inside.find('/'));
-    if (to != inside && (from == to || inside == kFreeHeader))
+    if (to != inside && (from == to || inside == FreeHeader))
         return true;
     if (from == "qt")
         return to == "window" || to == "platform";
-    const auto fromPlace = std::find(kOrder.begin(), kOrder.end(), from);
-    return fromPlace != kOrder.end() && std::find(kOrder.begin(), fromPlace, to) != fromPlace;
+    const auto fromPlace = std::find(Order.begin(), Order.end(), from);
+    return fromPlace != Order.end() && std::find(Order.begin(), fromPlace, to) != fromPlace;
 }
 
-/// What is wrong with the includes of one source text that stands in `folder`.
+// What is wrong with the includes of one source text that stands in `folder`.
 std::vector<std::string> Faults(const std::string& folder, const std::string& file, std::istream& source) {
     static const std::regex include(R"re(^\s*#\s*include\s*(["<])([^">]+))re");
     static const std::regex toolkit("(Q[A-Za-z]|Qt).*");
@@ -44,7 +44,7 @@ std::vector<std::string> Faults(const std::string& folder, const std::string& fi
             continue;
         const std::string header = match[2];
         const bool isAstray = match[1] == "\"" && !MayInclude(folder, header);
-        if (isAstray || where == kFreeHeader || (folder != "qt" && std::regex_match(header, toolkit)))
+        if (isAstray || where == FreeHeader || (folder != "qt" && std::regex_match(header, toolkit)))
             faults.push_back(where + ": " + line);
     }
     return faults;

@@ -39,14 +39,14 @@ protected:
 };
 
 /// The checked and unchecked entries at and under an item; what is shown of them goes to `rows`.
-inline std::pair<int, int> Recount(const CComboTreeItem& item, bool isShown,
-                                   std::vector<const CComboTreeItem*>& rows) {
+inline std::pair<int, int> Recount(const ComboTreeItem& item, bool isShown,
+                                   std::vector<const ComboTreeItem*>& rows) {
     const bool isChecked = ComboTree::IsChecked(item);
     std::pair<int, int> counts{item.IsValue() && isChecked, item.IsValue() && !isChecked};
     EXPECT_EQ(item.HasRow(), isShown && item.GetParent()) << item.GetLabel();
     if (item.HasRow())
         rows.push_back(&item);
-    for (const CComboTreeItem* child = item.GetFirstChild(); child; child = child->GetNextSibling()) {
+    for (const ComboTreeItem* child = item.GetFirstChild(); child; child = child->GetNextSibling()) {
         const auto [checked, unchecked] = Recount(*child, isShown && item.IsExpanded(), rows);
         counts.first += checked;
         counts.second += unchecked;
@@ -57,7 +57,7 @@ inline std::pair<int, int> Recount(const CComboTreeItem& item, bool isShown,
 
 /// The rows of a list and its counts against what a walk over its items gives.
 inline void ExpectConsistent(const CComboList& list) {
-    std::vector<const CComboTreeItem*> rows;
+    std::vector<const ComboTreeItem*> rows;
     Recount(list.GetRootItem(), true, rows);
     ASSERT_EQ(list.GetItemCount(), static_cast<int>(rows.size()));
     for (int row = 0; row < list.GetItemCount(); ++row) {
@@ -99,7 +99,7 @@ protected:
     std::string Rows() const {
         std::string rows;
         for (int row = 0; row < list->GetItemCount(); ++row) {
-            const CComboTreeItem& item = *list->GetTreeItem(row);
+            const ComboTreeItem& item = *list->GetTreeItem(row);
             rows +=
                 (row > 0 ? "|" : "") + std::string(2 * static_cast<std::size_t>(item.GetLevel() - 1), ' ');
             rows += item.HasChildren() ? item.IsExpanded() ? "-" : "+" : "";
@@ -107,7 +107,7 @@ protected:
         }
         return rows;
     }
-    CComboTreeItem* Item(const std::string& label) const {
+    ComboTreeItem* Item(const std::string& label) const {
         for (int row = 0; row < list->GetItemCount(); ++row)
             if (list->GetTreeItem(row)->GetLabel() == label)
                 return list->GetTreeItem(row);
@@ -118,7 +118,7 @@ protected:
         std::string labels;
         for (int row = -1; (row = list->GetNextItem(row, LVNI_SELECTED)) != -1;)
             labels += (labels.empty() ? "" : ",") + list->GetTreeItem(row)->GetLabel();
-        const CComboTreeItem* current = list->GetTreeItem(list->GetCurrentRow());
+        const ComboTreeItem* current = list->GetTreeItem(list->GetCurrentRow());
         EXPECT_EQ(labels, current ? current->GetLabel() : "");
         return labels;
     }
@@ -161,7 +161,7 @@ private:
             return std::for_each(part.begin(), part.end(), [this](char letter) { Type(letter); }), void();
         if (part == "row")
             return Mouse(messages.at(verb), InRow(std::stoi(where)));
-        const CComboTreeItem& item = *Item(where);
+        const ComboTreeItem& item = *Item(where);
         const CRect rect = part == "button"  ? list->GetRectTreeBox(item)
                            : part == "check" ? list->GetRectCheckBox(item)
                                              : list->GetRectLabel(item);

@@ -124,7 +124,7 @@ public:
 
 /// An enumeration with entries "entry 0" and so on, of which the value's Text names the selected one. It may
 /// be the presentation of a group at the same time.
-class HostEnumeration : public IEnumValue, public IGroupPresentation {
+class HostEnumeration : public IEnumValue, public GroupPresentation {
 public:
     bool IsAutoDestroy() const override { return false; }
     void Destroy() override {}
@@ -221,7 +221,7 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message != WM_GET_IMAGEINDEX)
             return CWnd::WindowProc(message, wParam, lParam);
-        auto& question = *reinterpret_cast<SImageIndex*>(lParam);
+        auto& question = *reinterpret_cast<ImageIndex*>(lParam);
         asked.push_back(*question.name + std::to_string(question.index) + question.disp->GetIdent());
         question.index += 40;
         return 0;

@@ -16,27 +16,27 @@
 namespace korvel {
 
 /// Counts the changes that a service tells of, as long as it lives.
-class CountingSink final : public IFormatSink {
+class CountingSink final : public FormatSink {
 public:
     CountingSink(
-        CFormatNotification& notification, std::function<void()> reaction = [] {})
+        FormatNotification& notification, std::function<void()> reaction = [] {})
         : m_notification(notification), m_reaction(std::move(reaction)) {
         m_notification.AddSink(this);
     }
     CountingSink(
-        EFormatService service, std::function<void()> reaction = [] {})
+        FormatService service, std::function<void()> reaction = [] {})
         : CountingSink(NotificationOf(service), std::move(reaction)) {}
     CountingSink(const CountingSink&) = delete;
     CountingSink& operator=(const CountingSink&) = delete;
     ~CountingSink() { m_notification.RemoveSink(this); }
-    void OnFormatChanged(EFormatService) override {
+    void OnFormatChanged(FormatService) override {
         ++count;
         m_reaction();
     }
     int count = 0;
 
 private:
-    CFormatNotification& m_notification;
+    FormatNotification& m_notification;
     std::function<void()> m_reaction;
 };
 
@@ -70,8 +70,8 @@ private:
 };
 
 /// The German format with this many digits.
-inline CNumberFormat GermanFormat(std::uint32_t digits) {
-    CNumberFormat format = SystemNumberFormat(ESystemFormat::Float);
+inline NumberFormat GermanFormat(std::uint32_t digits) {
+    NumberFormat format = SystemNumberFormat(SystemFormat::Float);
     format.NumDigits = digits;
     return format;
 }

@@ -18,7 +18,7 @@ inline CVariantValue TextValue(const std::string& text) {
 }
 
 /// An enumeration of the host. A value selects entry 7 when its text holds ",7,".
-class TestEnumeration : public IEnumValue, public IEnumImages {
+class TestEnumeration : public IEnumValue, public EnumImages {
 public:
     struct Entry {
         long id;

@@ -11,7 +11,7 @@ using testing::ElementsAre;
 class Owner;
 using Object = TMemberDispatchImp<Owner>;
 
-/// An object that destroys itself and says so.
+// An object that destroys itself and says so.
 template <typename Base>
 class Watched : public Base {
 public:

@@ -7,7 +7,7 @@
 namespace korvel {
 namespace {
 
-constexpr ERegistryRoot User = ERegistryRoot::CurrentUser;
+constexpr RegistryRoot User = RegistryRoot::CurrentUser;
 
 TEST(Registry, ReadsWhatIsWrittenAndNamesWhatIsMissing) {
     using platform::SettingValue;

@@ -18,7 +18,7 @@ void Store(SettingsRoot root, const char* name, const char* text) {
         platform::WriteSetting(root, RegistryPath, name, platform::SettingValue::Text(text));
 }
 
-/// The language is chosen once in a process, so each case runs in one of its own, which writes the answer.
+// The language is chosen once in a process, so each case runs in one of its own, which writes the answer.
 void ExpectAnswer(const std::function<std::string()>& run, const std::string& answer) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const platform::ScratchStore store;
@@ -36,16 +36,16 @@ void ExpectAnswer(const std::function<std::string()>& run, const std::string& an
 constexpr int ErrorText = 26; // "Error", "Fehler" and nothing
 
 TEST(Language, IsTheOneOfTheRunElseTheUsersElseTheInstalledOneElseTheLocales) {
-    constexpr const char* none = nullptr;
+    constexpr const char* None = nullptr;
     const std::tuple<const char*, const char*, const char*, const char*, const char*> rows[] = {
-        {"English", "German", none, none, "Error"},
-        {none, "English", "German", none, "Error"},
-        {none, "Hungarian", "English", none, ""},
-        {none, "english", "English", none, "Fehler"},
-        {none, none, "English", "de_DE.UTF-8", "Error"},
-        {none, none, none, "de_DE.UTF-8", "Fehler"},
-        {none, none, none, "fr_FR.UTF-8", "Error"},
-        {none, none, none, none, "Auslesen der Registrievariable .InstallLanguage. schlug fehl"},
+        {"English", "German", None, None, "Error"},
+        {None, "English", "German", None, "Error"},
+        {None, "Hungarian", "English", None, ""},
+        {None, "english", "English", None, "Fehler"},
+        {None, None, "English", "de_DE.UTF-8", "Error"},
+        {None, None, None, "de_DE.UTF-8", "Fehler"},
+        {None, None, None, "fr_FR.UTF-8", "Error"},
+        {None, None, None, None, "Auslesen der Registrievariable .InstallLanguage. schlug fehl"},
     };
     for (const auto& row : rows) {
         const auto run = [&] {

@@ -13,7 +13,7 @@ namespace {
 using Values = GermanMachine;
 using std::numbers::pi;
 
-constexpr ETextForm Plain = ETextForm::Plain;
+constexpr TextForm Plain = TextForm::Plain;
 constexpr int Lowest = std::numeric_limits<int>::min();
 
 TEST_F(Values, NumbersThatFitAndDoNot) {

@@ -4,7 +4,7 @@
 namespace korvel {
 namespace {
 
-/// A list that hears its header, as the grid does.
+// A list that hears its header, as the grid does.
 class TrackedList : public CListCtrl {
 public:
     std::vector<std::string> notices; // "name column width"

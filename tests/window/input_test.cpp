@@ -6,7 +6,7 @@
 namespace korvel {
 namespace {
 
-/// Like a display on a screen: native widgets act on what is left to them.
+// Like a display on a screen: native widgets act on what is left to them.
 struct NativeDisplay : HeadlessDisplay {
     bool IsHeadless() const override { return false; }
 };

@@ -120,19 +120,19 @@ TEST_F(ListGeometry, AutomaticWidthsFitTextsTitleAndTheRest) {
 }
 
 TEST_F(ListGeometry, NumbersFarOutsideAreHeldInRange) {
-    constexpr int most = std::numeric_limits<int>::max();
+    constexpr int Most = std::numeric_limits<int>::max();
     MakeList(3);
-    list.SetColumnWidth(0, most);
-    list.SetColumnWidth(1, most);
-    list.Scroll({most, most});
+    list.SetColumnWidth(0, Most);
+    list.SetColumnWidth(1, Most);
+    list.Scroll({Most, Most});
     CRect rect;
     EXPECT_TRUE(list.GetSubItemRect(2, 1, LVIR_LABEL, &rect));
     EXPECT_LE(rect.right, list.GetClientRect().right);
-    EXPECT_EQ(list.HitTest({most, most}), -1);
-    EXPECT_EQ(list.GetNextItem(most, LVNI_SELECTED), -1);
-    EXPECT_FALSE(list.DeleteItem(most));
-    EXPECT_FALSE(list.EnsureVisible(most, false));
-    list.RedrawItems(-most, most);
+    EXPECT_EQ(list.HitTest({Most, Most}), -1);
+    EXPECT_EQ(list.GetNextItem(Most, LVNI_SELECTED), -1);
+    EXPECT_FALSE(list.DeleteItem(Most));
+    EXPECT_FALSE(list.EnsureVisible(Most, false));
+    list.RedrawItems(-Most, Most);
     display.PaintWindow(list.GetHeaderCtrl()->m_hWnd);
 }
 

@@ -22,7 +22,7 @@ RowBlocks::Maker FailingAt(int failing) {
     return [failing](int index) { return index == failing ? throw Error("no such row") : RowRecord(); };
 }
 
-/// The same rows in a plain vector, data and whether selected: what the blocks must not differ from.
+// The same rows in a plain vector, data and whether selected: what the blocks must not differ from.
 using Model = std::vector<std::pair<LPARAM, bool>>;
 
 void ExpectSame(const RowBlocks& blocks, const Model& model) {

@@ -11,14 +11,14 @@ namespace {
 constexpr int DocumentsKind = 4;
 constexpr int NoKind = -1;
 
-/// The rows of the Text table that make the filter of the one kind: documents, texts, XML, images, videos, X,
-/// REB, DTM.
+// The rows of the Text table that make the filter of the one kind: documents, texts, XML, images, videos, X,
+// REB, DTM.
 constexpr int DocumentFilters[] = {2, 3, 4, 8, 9, 5, 6, 7};
 
 class CIFileDialogsImp final : public IFileContainer {
 public:
     CIFileDialogsImp() {
-        SFileKind& documents = m_kinds[DocumentsKind];
+        FileKind& documents = m_kinds[DocumentsKind];
         documents.kind = DocumentsKind;
         for (const int id : DocumentFilters)
             documents.value.m_strFilter += Text(id);
@@ -34,14 +34,14 @@ public:
     IFileValue* GetFileValue(int) override { return &m_kinds.begin()->second.value; }
 
 private:
-    struct SFileKind {
+    struct FileKind {
         int kind = NoKind;
         std::string title;
         std::string extension;
         CFileValueImp value;
     };
 
-    std::map<int, SFileKind> m_kinds;
+    std::map<int, FileKind> m_kinds;
 };
 
 } // namespace

@@ -43,7 +43,7 @@ std::string ReadFile(const std::string& path) {
     return std::move(content).str();
 }
 
-/// How the bytes of a file make up its characters, one code unit at a time.
+// How the bytes of a file make up its characters, one code unit at a time.
 struct CodeUnits {
     std::size_t size;
     bool bigEndian;
@@ -73,7 +73,7 @@ CodeUnits CodeUnitsOf(pugi::xml_encoding encoding) {
     }
 }
 
-/// The bytes of UTF-8 that one code unit becomes; half a surrogate pair becomes half of four.
+// The bytes of UTF-8 that one code unit becomes; half a surrogate pair becomes half of four.
 std::size_t Utf8SizeOf(std::uint32_t unit, pugi::xml_encoding encoding) {
     if (encoding == pugi::encoding_utf8 || unit < 0x80)
         return 1;
@@ -82,7 +82,7 @@ std::size_t Utf8SizeOf(std::uint32_t unit, pugi::xml_encoding encoding) {
     return unit < 0x10000 ? 3 : 4;
 }
 
-/// The place of an offset that counts the bytes of the file's text in UTF-8.
+// The place of an offset that counts the bytes of the file's text in UTF-8.
 Position PositionAt(std::string_view bytes, pugi::xml_encoding encoding, std::size_t utf8Offset) {
     const CodeUnits units = CodeUnitsOf(encoding);
     Position position{1, 1};
@@ -99,7 +99,7 @@ Position PositionAt(std::string_view bytes, pugi::xml_encoding encoding, std::si
     return position;
 }
 
-/// The bytes whose numbers are the characters of a text in UTF-8.
+// The bytes whose numbers are the characters of a text in UTF-8.
 std::string BytesOfCharacters(std::string_view utf8) {
     std::string bytes;
     for (std::size_t i = 0; i < utf8.size(); ++i) {

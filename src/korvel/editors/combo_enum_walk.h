@@ -7,9 +7,9 @@ namespace korvel {
 template <class Visit>
 void ComboModel::WalkEntries(Visit visit) {
     const unsigned binding = m_binding;
-    EnumPosition position = m_pEnumValue->GetFirstPosition();
+    EnumPosition position = m_enumeration->GetFirstPosition();
     while (binding == m_binding && position) {
-        const long id = m_pEnumValue->GetNext(position);
+        const long id = m_enumeration->GetNext(position);
         if (binding == m_binding)
             visit(id);
     }

@@ -8,7 +8,7 @@ void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDown(UINT, CPoint point) {
     if (row == -1)
         return;
     SetCurrent(row);
-    CComboTreeItem* const item = CurrentItem();
+    ComboTreeItem* item = CurrentItem();
     if (item && Hits(&CComboList::GetRectCheckBox, *item, point))
         Toggle(*item);
     else
@@ -20,14 +20,14 @@ void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDblClk(UINT, CPoint) {
 }
 
 void CGridCtrlComboBoxInputStateCheckBox::OnKeyDown(UINT key, UINT repeat, UINT flags) {
-    CComboTreeItem* const item = CurrentItem();
+    ComboTreeItem* item = CurrentItem();
     if (key != VK_SPACE)
         IGridCtrlComboBoxInputState::OnKeyDown(key, repeat, flags);
     else if (item)
         Toggle(*item);
 }
 
-void CGridCtrlComboBoxInputStateCheckBox::Toggle(CComboTreeItem& item) {
+void CGridCtrlComboBoxInputStateCheckBox::Toggle(ComboTreeItem& item) {
     List()->GetModel().ToggleCheck(item);
     SendChanged();
     if (List())
@@ -35,7 +35,7 @@ void CGridCtrlComboBoxInputStateCheckBox::Toggle(CComboTreeItem& item) {
 }
 
 void CGridCtrlComboBoxInputStateCheckBox::Step(int delta) {
-    Move(delta, EApply::No);
+    Move(delta, ApplyMode::No);
 }
 
 } // namespace korvel

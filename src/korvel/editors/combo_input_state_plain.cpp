@@ -3,8 +3,8 @@
 
 namespace korvel {
 
-/// The click chooses nothing itself: what the pointer made current before is taken, wherever it is now. Kept;
-/// a click without a move before it takes the former row.
+// The click chooses nothing itself: what the pointer made current before is taken, wherever it is now. Kept;
+// a click without a move before it takes the former row.
 void CGridCtrlComboBoxInputState::OnLButtonDown(UINT, CPoint) {
     Apply();
     SendFinished();
@@ -17,7 +17,7 @@ void CGridCtrlComboBoxInputState::OnMouseMove(UINT, CPoint point) {
 }
 
 void CGridCtrlComboBoxInputState::Step(int delta) {
-    Move(delta, EApply::Yes);
+    Move(delta, ApplyMode::Yes);
 }
 
 void CGridCtrlComboBoxInputStateDesignDefault::OnLButtonDown(UINT, CPoint point) {
@@ -29,7 +29,7 @@ void CGridCtrlComboBoxInputStateDesignDefault::OnLButtonDown(UINT, CPoint point)
 }
 
 void CGridCtrlComboBoxInputStateDesignDefault::Step(int delta) {
-    Move(delta, EApply::Yes);
+    Move(delta, ApplyMode::Yes);
 }
 
 } // namespace korvel

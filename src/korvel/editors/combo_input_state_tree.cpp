@@ -8,7 +8,7 @@ void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
     if (row == -1)
         return;
     SetCurrent(row);
-    CComboTreeItem* const item = CurrentItem();
+    ComboTreeItem* item = CurrentItem();
     // An entry is taken wherever it is pressed, also on the button for those that stand under it: kept. The
     // key to the right opens it.
     if (item && item->IsValue()) {
@@ -20,7 +20,7 @@ void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
 }
 
 void CGridCtrlComboBoxInputStateTree::OnLButtonDblClk(UINT, CPoint point) {
-    CComboTreeItem* const item = ItemAt(HitRow(point));
+    ComboTreeItem* item = ItemAt(HitRow(point));
     if (!item || !Hits(&CComboList::GetRectLabel, *item, point))
         return;
     if (item->HasChildren())
@@ -35,8 +35,8 @@ void CGridCtrlComboBoxInputStateTree::OnKeyDown(UINT key, UINT repeat, UINT flag
 }
 
 void CGridCtrlComboBoxInputStateTree::Step(int delta) {
-    Move(delta, EApply::No);
-    const CComboTreeItem* const item = CurrentItem();
+    Move(delta, ApplyMode::No);
+    const ComboTreeItem* item = CurrentItem();
     if (item && item->IsValue())
         Apply();
 }

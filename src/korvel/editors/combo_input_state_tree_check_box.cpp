@@ -8,7 +8,7 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) 
     if (row == -1)
         return;
     SetCurrent(row);
-    CComboTreeItem* const item = CurrentItem();
+    ComboTreeItem* item = CurrentItem();
     if (!item || PressTreeButton(*item, point) || !Hits(&CComboList::GetRectCheckBox, *item, point))
         return;
     SetCheck(*item, item->GetChecked() <= 0);
@@ -16,17 +16,17 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) 
 }
 
 void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDblClk(UINT, CPoint point) {
-    CComboTreeItem* const item = ItemAt(HitRow(point));
+    ComboTreeItem* item = ItemAt(HitRow(point));
     if (item && item->HasChildren() && Hits(&CComboList::GetRectLabel, *item, point))
         ToggleExpanded(*item);
     else
         SendFinished();
 }
 
-/// The space bar tells the owner nothing, unlike the mouse: kept. An owner that follows each change asks for
-/// the value when the list closes.
+// The space bar tells the owner nothing, unlike the mouse: kept. An owner that follows each change asks for
+// the value when the list closes.
 void CGridCtrlComboBoxInputStateTreeCheckBox::OnKeyDown(UINT key, UINT repeat, UINT flags) {
-    CComboTreeItem* const item = CurrentItem();
+    ComboTreeItem* item = CurrentItem();
     if (key == VK_SPACE && item) {
         SetCheck(*item, item->GetChecked() < 1);
         return;
@@ -35,15 +35,15 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnKeyDown(UINT key, UINT repeat, U
     ExpandByKey(key);
 }
 
-/// Repaints once for all rows that may show another check: a group can have any number of them.
-void CGridCtrlComboBoxInputStateTreeCheckBox::SetCheck(CComboTreeItem& item, bool check) {
+// Repaints once for all rows that may show another check: a group can have any number of them.
+void CGridCtrlComboBoxInputStateTreeCheckBox::SetCheck(ComboTreeItem& item, bool check) {
     List()->GetModel().SetCheck(item, check);
     if (List())
         List()->RedrawWindow();
 }
 
 void CGridCtrlComboBoxInputStateTreeCheckBox::Step(int delta) {
-    Move(delta, EApply::No);
+    Move(delta, ApplyMode::No);
 }
 
 } // namespace korvel

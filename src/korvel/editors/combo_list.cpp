@@ -3,32 +3,32 @@
 namespace korvel {
 
 CComboList::CComboList(EComboListMode mode)
-    : m_Model(mode, *this), m_Preview(*this, {[this](CPoint point) { return HitTest(point); },
+    : m_model(mode, *this), m_preview(*this, {[this](CPoint point) { return HitTest(point); },
                                               [this](int row) { return GetImagePath(row); },
                                               [this](int row) { return GetRectLabel(row); }}) {}
 
 CComboList::CComboList(const CVariantValue& value, EComboListMode mode) : CComboList(mode) {
-    m_Model.SetValue(value);
+    m_model.SetValue(value);
 }
 
 CComboList::~CComboList() {
     UnIntialize();
 }
 
-/// A child of the desktop to those who look at it. It is owned all the same, so that it stays before its
-/// owner and dies with it.
+// A child of the desktop to those who look at it. It is owned all the same, so that it stays before its
+// owner and dies with it.
 bool CComboList::CreateDropDown(CWnd* owner, int id) {
-    constexpr UINT style = WS_POPUP | WS_BORDER | WS_VSCROLL | LVS_OWNERDRAWFIXED | LVS_REPORT;
+    constexpr UINT Style = WS_POPUP | WS_BORDER | WS_VSCROLL | LVS_OWNERDRAWFIXED | LVS_REPORT;
     SetOwner(owner);
-    return CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", style, {}, owner, id);
+    return CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", Style, {}, owner, id);
 }
 
 void CComboList::SetOwner(CWnd* owner) {
-    m_hOwner = owner ? owner->m_hWnd : nullptr;
+    m_owner = owner ? owner->m_hWnd : nullptr;
 }
 
 void CComboList::SendParentComboMessage(UINT code) {
-    const HWND owner = m_hOwner ? m_hOwner : korvel::GetParent(m_hWnd);
+    const HWND owner = m_owner ? m_owner : korvel::GetParent(m_hWnd);
     korvel::SendMessageA(owner, WM_COMMAND, MAKEWPARAM(static_cast<unsigned>(GetDlgCtrlID()), code),
                          reinterpret_cast<LPARAM>(m_hWnd));
 }
@@ -42,22 +42,22 @@ void CComboList::PreSubclassWindow() {
 
 void CComboList::Expand(CTreeItem* item) {
     if (item) {
-        const ComboTree::Keep keep(m_Model.Tree());
-        m_Model.Expand(*item);
+        const ComboTree::Keep keep(m_model.Tree());
+        m_model.Expand(*item);
         RedrawRow(RowOf(*item)); // also an empty group looks another
     }
 }
 
 void CComboList::Collapse(CTreeItem* item) {
     if (item) {
-        const ComboTree::Keep keep(m_Model.Tree());
-        m_Model.Collapse(*item);
+        const ComboTree::Keep keep(m_model.Tree());
+        m_model.Collapse(*item);
         RedrawRow(RowOf(*item));
     }
 }
 
 std::string CComboList::CreateUniqueName(const std::string& base, const CTreeItem& parent) const {
-    return m_Model.UniqueNameUnder(parent, base);
+    return m_model.UniqueNameUnder(parent, base);
 }
 
 void CComboList::OnRowsCame(ComboTree::RowRange rows) {
@@ -91,8 +91,8 @@ void CComboList::SetCurrentRow(int row) {
 void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
     if (!IsInitialized() || enumeration != GetEnumValue())
         return;
-    const ComboTree::Keep keep(m_Model.Tree());
-    const CTreeItem* const item = m_Model.EntryCame(id);
+    const ComboTree::Keep keep(m_model.Tree());
+    const CTreeItem* item = m_model.EntryCame(id);
     if (item && item->HasRow()) {
         SetCurrentRow(item->GetRow());
         RedrawWindow();
@@ -101,29 +101,29 @@ void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
 
 void CComboList::OnDestroyEnumValue(IEnumValue* enumeration, long id) {
     if (IsInitialized() && enumeration == GetEnumValue())
-        m_Model.EntryWent(id);
+        m_model.EntryWent(id);
 }
 
 void CComboList::OnRenameEnumValue(IEnumValue* enumeration, long id, const CVariantValue&) {
     if (IsInitialized() && enumeration == GetEnumValue()) {
-        m_Model.EntryRenamed(id);
+        m_model.EntryRenamed(id);
         RedrawWindow();
     }
 }
 
 void CComboList::OnEventFormatChanged() {
-    m_Model.RefreshLabels();
+    m_model.RefreshLabels();
     RedrawWindow();
 }
 
 std::string CComboList::GetImagePath(int row) const {
-    const CTreeItem* const item = GetTreeItem(row);
-    auto* const images = item && item->IsValue() ? dynamic_cast<IEnumImages*>(GetEnumValue()) : nullptr;
+    const CTreeItem* item = GetTreeItem(row);
+    auto* images = item && item->IsValue() ? dynamic_cast<EnumImages*>(GetEnumValue()) : nullptr;
     if (!images)
         return {};
-    const unsigned binding = m_Model.Binding();
+    const unsigned binding = m_model.Binding();
     const std::string own = images->GetImagePath(item->GetId());
-    return own.empty() && binding == m_Model.Binding() ? images->GetCommonImagePath() : own;
+    return own.empty() && binding == m_model.Binding() ? images->GetCommonImagePath() : own;
 }
 
 } // namespace korvel

@@ -27,7 +27,7 @@ inline constexpr UINT ComboListFinished = 0xFFFD; ///< -3: the user has chosen, 
 
 /// Commands of the context menu, as a host may send them (WM_COMMAND). The data sheet of the entry in the
 /// current row is the owner's affair: the list passes the command on, with its handle in lParam.
-enum EComboListCommand : UINT {
+enum ComboListCommand : UINT {
     ComboCommandDataSheet = 15004,
     ComboCommandAddRootItem = 15005,
     ComboCommandAddRootGroup = 15006,
@@ -54,9 +54,9 @@ enum EComboListCommand : UINT {
 /// The enumeration and the object belong to the host and must live until UnIntialize. What they throw passes
 /// through; a list that was being built is empty then, any other as consistent as before. Null items do
 /// nothing.
-class KORVEL_API CComboList : public CListCtrl, private IComboRowSink {
+class KORVEL_API CComboList : public CListCtrl, private ComboRowSink {
 public:
-    using CTreeItem = CComboTreeItem;
+    using CTreeItem = ComboTreeItem;
 
     /// Commands of the context menu of a design list; each also needs its flag of the enumeration.
     enum ECommandList : std::uint32_t { eCommandAdd = 1, eCommandRename = 2, eCommandDelete = 4 };
@@ -83,7 +83,7 @@ public:
     void Initialize();
     /// Empties the list and forgets value name, enumeration and object. The name is spelled so for good.
     void UnIntialize();
-    bool IsInitialized() const { return m_Model.IsOpen(); }
+    bool IsInitialized() const { return m_model.IsOpen(); }
 
     /// Writes the value to the object, tells `observer` (may be null), reads it back, and tells again when
     /// the object has corrected it. Does nothing without an object and while one is running.
@@ -94,20 +94,20 @@ public:
 
     IMemberDispatch* GetDisp() const { return m_pDisp; }
     const std::string& GetMemberName() const { return m_strMemberName; }
-    const CVariantValue& GetValue() const { return m_Model.Value(); }
-    EComboListMode GetMode() const { return m_Model.Mode(); }
-    IEnumValue* GetEnumValue() const { return m_Model.Enumeration(); }
+    const CVariantValue& GetValue() const { return m_model.Value(); }
+    EComboListMode GetMode() const { return m_model.Mode(); }
+    IEnumValue* GetEnumValue() const { return m_model.Enumeration(); }
     const IGridCtrlComboBoxInputState* GetInputState() const { return m_pInputState.get(); }
 
     /// Null for a row that there is not.
-    CTreeItem* GetTreeItem(int row) const { return m_Model.Tree().ItemAt(row); }
-    const CTreeItem& GetRootItem() const { return m_Model.Tree().Root(); }
+    CTreeItem* GetTreeItem(int row) const { return m_model.Tree().ItemAt(row); }
+    const CTreeItem& GetRootItem() const { return m_model.Tree().Root(); }
     void Expand(CTreeItem* item);
     void Collapse(CTreeItem* item);
     /// The item and everything above it.
-    void ExpandParent(CTreeItem* item) { m_Model.ExpandParent(item); }
+    void ExpandParent(CTreeItem* item) { m_model.ExpandParent(item); }
     /// The labels from the root down, joined with the separator of the enumeration.
-    std::string GetPath(const CTreeItem& item) const { return m_Model.Path(item); }
+    std::string GetPath(const CTreeItem& item) const { return m_model.Path(item); }
     /// `base`, or `base` with the first number with which no child of `parent` is called.
     std::string CreateUniqueName(const std::string& base, const CTreeItem& parent) const;
 
@@ -122,7 +122,7 @@ public:
     void OnDestroyEnumValue(IEnumValue* enumeration, long id);
     void OnRenameEnumValue(IEnumValue* enumeration, long id, const CVariantValue& oldName);
     void OnEditEnumValue(IEnumValue*, long, const CVariantValue&) {}
-    IEnumSink& GetEnumSink() { return m_EnumSink; }
+    IEnumSink& GetEnumSink() { return m_enumSink; }
 
     // Changed formats: labels are written anew. The exported subscription functions do nothing, so it is the
     // host that calls these.
@@ -134,9 +134,9 @@ public:
     void OnChangedNumberDouble() { OnEventFormatChanged(); }
     void OnChangedAngleFloat() { OnEventFormatChanged(); }
     void OnChangedAngleDouble() { OnEventFormatChanged(); }
-    IDateFormatChanged& GetDateSink() { return m_DateSink; }
-    IAngleFormatChanged& GetAngleSink() { return m_AngleSink; }
-    INumberFormatChanged& GetNumberSink() { return m_NumberSink; }
+    IDateFormatChanged& GetDateSink() { return m_dateSink; }
+    IAngleFormatChanged& GetAngleSink() { return m_angleSink; }
+    INumberFormatChanged& GetNumberSink() { return m_numberSink; }
     /// The types whose formats the labels depend on.
     void AddSink(EDataTyps type) { m_SinkTypes.insert(type); }
     void RemoveSink(EDataTyps type) { m_SinkTypes.erase(type); }
@@ -154,15 +154,15 @@ public:
     CRect GetIconRect(const CTreeItem& item) const { return GetIconRect(RowOf(item)); }
     CRect GetRectLabel(const CTreeItem& item) const { return GetRectLabel(RowOf(item)); }
 
-    bool HasCheckBoxes() const { return m_Model.HasFlag(ENF_CheckBoxes); }
+    bool HasCheckBoxes() const { return m_model.HasFlag(ENF_CheckBoxes); }
     /// Entries stand in a tree, with lines and icons.
     bool HasTree() const { return m_ImageColumn != -1; }
     /// The list control has check boxes of its own beside those of the enumeration.
     bool IsDrawStateImages() const { return (GetExtendedStyle() & LVS_EX_CHECKBOXES) != 0; }
-    bool IsTreePreview() const { return m_Model.IsTreePreview(); }
+    bool IsTreePreview() const { return m_model.IsTreePreview(); }
     /// The picture of the entry in a row; empty for a group, and when there is none.
     std::string GetImagePath(int row) const;
-    bool IsPreviewShown() const { return m_Preview.IsShown(); }
+    bool IsPreviewShown() const { return m_preview.IsShown(); }
     /// The text of a cell: the label, and in a table the member's value.
     CString GetColumnText(const CTreeItem& item, int column) const;
 
@@ -171,7 +171,7 @@ public:
     void PreSubclassWindow() override;
 
     // For the input states.
-    ComboModel& GetModel() { return m_Model; }
+    ComboModel& GetModel() { return m_model; }
     void RedrawRow(int row);
     void ScrollByWheel(UINT flags, short delta, CPoint screen);
 
@@ -179,7 +179,7 @@ protected:
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:
-    enum EFlags : unsigned { FlagUpdating = 1, FlagHidePreview = 2 };
+    enum Flags : unsigned { FlagUpdating = 1, FlagHidePreview = 2 };
 
     void OnRowsCame(ComboTree::RowRange rows) override;
     void OnRowsWent(ComboTree::RowRange rows) override;
@@ -221,7 +221,7 @@ private:
     void OnRButtonDown(CPoint point);
     std::vector<MenuEntry> BuildMenu(const CTreeItem* item) const;
     void AddMenuCommand_ADD(std::vector<MenuEntry>& menu) const;
-    bool IsCommandEnabled(ECommandList command, EEnumFlags flag) const;
+    bool IsCommandEnabled(ECommandList command, EnumFlags flag) const;
     bool RunCommand(UINT command);
     void OnDataSheet();
     void OnAddRootItem();
@@ -240,11 +240,11 @@ private:
 
     static int RowOf(const CTreeItem& item) { return item.HasRow() ? item.GetRow() : -1; }
 
-    ComboModel m_Model;
-    IDateFormatChangedImp<CComboList> m_DateSink{this};
-    IAngleFormatChangedImp<CComboList> m_AngleSink{this};
-    INumberFormatChangedImp<CComboList> m_NumberSink{this};
-    IEnumSinkImp<CComboList> m_EnumSink{this};
+    ComboModel m_model;
+    IDateFormatChangedImp<CComboList> m_dateSink{this};
+    IAngleFormatChangedImp<CComboList> m_angleSink{this};
+    INumberFormatChangedImp<CComboList> m_numberSink{this};
+    IEnumSinkImp<CComboList> m_enumSink{this};
     std::string m_strValueName; // base of the names of new entries
     std::shared_ptr<IGridCtrlComboBoxInputState> m_pInputState;
     IMemberDispatch* m_pDisp = nullptr;
@@ -254,9 +254,9 @@ private:
     std::set<EDataTyps> m_SinkTypes;
     int m_ImageColumn = -1; // 0 where entries stand in a tree
     std::uint32_t m_EnabledCommands = 0;
-    HWND m_hOwner = nullptr;
-    TypeAhead m_TypeAhead;
-    ComboPreview m_Preview;
+    HWND m_owner = nullptr;
+    TypeAhead m_typeAhead;
+    ComboPreview m_preview;
     unsigned m_Flags = 0;
 };
 

@@ -27,7 +27,7 @@ void CComboList::Initialize(const std::string& name, const CVariantValue& value)
     Bind(nullptr, {}, name, value);
 }
 
-/// By value: name and value may be the list's own, which UnIntialize forgets.
+// By value: name and value may be the list's own, which UnIntialize forgets.
 void CComboList::Bind(IMemberDispatch* disp, std::string memberName, std::string valueName,
                       CVariantValue value) {
     Require(value.EnumValue);
@@ -35,7 +35,7 @@ void CComboList::Bind(IMemberDispatch* disp, std::string memberName, std::string
     m_pDisp = disp;
     m_strMemberName = std::move(memberName);
     m_strValueName = std::move(valueName);
-    m_Model.SetValue(value);
+    m_model.SetValue(value);
     Initialize();
 }
 
@@ -43,63 +43,63 @@ void CComboList::Initialize() {
     if (IsInitialized())
         return;
     Require(GetEnumValue());
-    m_Model.Begin();
-    const unsigned binding = m_Model.Binding();
+    m_model.Begin();
+    const unsigned binding = m_model.Binding();
     try {
         Build();
     } catch (...) {
         // The host may have begun another binding before it threw.
-        if (binding == m_Model.Binding())
+        if (binding == m_model.Binding())
             Reset();
         throw;
     }
 }
 
-/// The host may end the binding, and begin another, whenever it is asked.
+// The host may end the binding, and begin another, whenever it is asked.
 void CComboList::Build() {
-    const ComboTree::Keep keep(m_Model.Tree());
-    const unsigned binding = m_Model.Binding();
+    const ComboTree::Keep keep(m_model.Tree());
+    const unsigned binding = m_model.Binding();
     const std::optional<Columns> columns = AskColumns();
     if (!columns)
         return;
     m_ImageColumn = columns->hasTree ? 0 : -1;
     CreateColumns(*columns);
-    const CTreeItem* const selected = m_Model.InsertEntries();
-    if (binding != m_Model.Binding())
+    const CTreeItem* selected = m_model.InsertEntries();
+    if (binding != m_model.Binding())
         return;
-    OnRowsCame({0, m_Model.Tree().RowCount()});
+    OnRowsCame({0, m_model.Tree().RowCount()});
     if (selected && selected->HasRow()) {
         SetItemState(selected->GetRow(), LVIS_SELECTED, LVIS_SELECTED);
         EnsureVisible(selected->GetRow(), true);
     }
-    if (binding == m_Model.Binding())
+    if (binding == m_model.Binding())
         CreateInputState();
 }
 
 std::optional<CComboList::Columns> CComboList::AskColumns() const {
-    const unsigned binding = m_Model.Binding();
+    const unsigned binding = m_model.Binding();
     Columns columns;
-    columns.hasTree = m_Model.HasFlag(ENF_Tree);
-    if (binding != m_Model.Binding())
+    columns.hasTree = m_model.HasFlag(ENF_Tree);
+    if (binding != m_model.Binding())
         return std::nullopt;
     const EDataTyps type = GetEnumValue()->GetDataType();
     columns.isTable = type == DT_Group;
     if (!columns.isTable)
         columns.types.insert(type);
-    else if (binding == m_Model.Binding())
+    else if (binding == m_model.Binding())
         AskMembers(columns);
-    return binding == m_Model.Binding() ? std::optional(columns) : std::nullopt;
+    return binding == m_model.Binding() ? std::optional(columns) : std::nullopt;
 }
 
 void CComboList::AskMembers(Columns& columns) const {
-    const unsigned binding = m_Model.Binding();
-    const CVariantValue* const pattern = GetEnumValue()->GetTemplate();
-    if (binding != m_Model.Binding() || !pattern || pattern->Type != DT_Group || !pattern->Value.Dispatch)
+    const unsigned binding = m_model.Binding();
+    const CVariantValue* pattern = GetEnumValue()->GetTemplate();
+    if (binding != m_model.Binding() || !pattern || pattern->Type != DT_Group || !pattern->Value.Dispatch)
         return;
     IMemberDispatch& object = *pattern->Value.Dispatch;
     object.GetMemberNames(columns.names);
     for (const std::string& name : columns.names) {
-        if (binding != m_Model.Binding())
+        if (binding != m_model.Binding())
             return;
         EDataTyps type = DT_Void;
         if (object.GetMemberType(name, type))
@@ -107,7 +107,7 @@ void CComboList::AskMembers(Columns& columns) const {
     }
 }
 
-/// Titles are German in every language: kept, saved layouts name columns by them.
+// Titles are German in every language: kept, saved layouts name columns by them.
 void CComboList::CreateColumns(const Columns& columns) {
     InsertColumn(0, "Bezeichnung", 0);
     for (const std::string& name : columns.names) {
@@ -127,22 +127,22 @@ void CComboList::LayColumns() {
         SetColumnWidth(column, GetClientRect().Width() / count);
 }
 
-/// Who hears the end of a label edit may begin another binding.
+// Who hears the end of a label edit may begin another binding.
 void CComboList::UnIntialize() {
     while (IsInitialized())
         Reset();
 }
 
 void CComboList::Reset() {
-    m_Preview.Close();
+    m_preview.Close();
     m_bDirty = false;
-    const ComboTree::Keep keep(m_Model.Tree());
+    const ComboTree::Keep keep(m_model.Tree());
     if (const auto state = std::exchange(m_pInputState, nullptr))
         state->Detach();
-    m_Model.Close();
+    m_model.Close();
     while (GetColumnCount() > 0)
         DeleteColumn(0);
-    m_TypeAhead = {};
+    m_typeAhead = {};
     m_strValueName.clear();
     m_pDisp = nullptr;
     m_strMemberName.clear();
@@ -166,17 +166,17 @@ void CComboList::UpdateDisp(IObserverGrid* observer) {
     EndUpdate();
 }
 
-/// By value: the host may end the binding meanwhile.
+// By value: the host may end the binding meanwhile.
 void CComboList::WriteBack(IMemberDispatch& disp, std::string name, IObserverGrid* observer) {
-    const unsigned binding = m_Model.Binding();
+    const unsigned binding = m_model.Binding();
     const CVariantValue written = GetValue();
     disp.SetMember(name, written);
     if (observer)
         observer->OnChange(&disp, nullptr, name, written);
     CVariantValue now = written;
     disp.GetMember(name, now);
-    if (binding == m_Model.Binding())
-        m_Model.Value() = now;
+    if (binding == m_model.Binding())
+        m_model.Value() = now;
     if (observer && now != written)
         observer->OnChange(&disp, nullptr, name, now);
 }
@@ -185,7 +185,7 @@ void CComboList::EndUpdate() {
     const bool hidesPreview = (m_Flags & FlagHidePreview) != 0;
     m_Flags = 0;
     if (hidesPreview) {
-        m_Preview.Dismiss();
+        m_preview.Dismiss();
         RedrawWindow();
     }
 }

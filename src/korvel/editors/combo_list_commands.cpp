@@ -29,12 +29,12 @@ MenuEntry EntryFor(const CommandText& command, const std::string& subject = {}) 
 
 } // namespace
 
-void CComboList::EnableCommands(std::uint32_t commands, bool enable) {
-    m_EnabledCommands = enable ? m_EnabledCommands | commands : m_EnabledCommands & ~commands;
+void CComboList::EnableCommands(std::uint32_t Commands, bool enable) {
+    m_EnabledCommands = enable ? m_EnabledCommands | Commands : m_EnabledCommands & ~Commands;
 }
 
-bool CComboList::IsCommandEnabled(ECommandList command, EEnumFlags flag) const {
-    return (m_EnabledCommands & command) != 0 && m_Model.HasFlag(flag);
+bool CComboList::IsCommandEnabled(ECommandList command, EnumFlags flag) const {
+    return (m_EnabledCommands & command) != 0 && m_model.HasFlag(flag);
 }
 
 void CComboList::OnRButtonDown(CPoint point) {
@@ -58,7 +58,7 @@ std::vector<MenuEntry> CComboList::BuildMenu(const CTreeItem* item) const {
         menu.push_back(EntryFor(Delete, item->GetLabel()));
     if (item && IsCommandEnabled(eCommandRename, ENF_Rename))
         menu.push_back(EntryFor(Rename, item->GetLabel()));
-    if (item && item->IsValue() && m_Model.IsTable()) {
+    if (item && item->IsValue() && m_model.IsTable()) {
         if (!menu.empty())
             menu.emplace_back();
         menu.push_back(EntryFor(DataSheet));
@@ -67,7 +67,7 @@ std::vector<MenuEntry> CComboList::BuildMenu(const CTreeItem* item) const {
 }
 
 void CComboList::AddMenuCommand_ADD(std::vector<MenuEntry>& menu) const {
-    if (!m_Model.HasFlag(ENF_Tree)) {
+    if (!m_model.HasFlag(ENF_Tree)) {
         menu.push_back(EntryFor(AddFlat));
         return;
     }
@@ -79,10 +79,10 @@ void CComboList::AddMenuCommand_ADD(std::vector<MenuEntry>& menu) const {
     }
 }
 
-/// What new entries come under: the current item, or its group. That of an entry at the top is the root,
-/// whose path is empty: the menu then reads "at ''". Kept.
+// What new entries come under: the current item, or its group. That of an entry at the top is the root,
+// whose path is empty: the menu then reads "at ''". Kept.
 CComboList::CTreeItem* CComboList::GetCurrentGroup() const {
-    CTreeItem* const item = GetCurrentItem();
+    CTreeItem* item = GetCurrentItem();
     return item && item->IsValue() ? item->GetParent() : item;
 }
 
@@ -91,7 +91,7 @@ bool CComboList::RunCommand(UINT command) {
         UINT command;
         void (CComboList::*run)();
     };
-    static constexpr CommandRow commands[] = {
+    static constexpr CommandRow Commands[] = {
         {ComboCommandDataSheet, &CComboList::OnDataSheet},
         {ComboCommandAddRootItem, &CComboList::OnAddRootItem},
         {ComboCommandAddRootGroup, &CComboList::OnAddRootGroup},
@@ -100,9 +100,9 @@ bool CComboList::RunCommand(UINT command) {
         {ComboCommandDelete, &CComboList::OnDeleteEnum},
         {ComboCommandRename, &CComboList::OnRenameEnumValue},
     };
-    for (const CommandRow& row : commands) {
+    for (const CommandRow& row : Commands) {
         if (row.command == command && IsInitialized()) {
-            const ComboTree::Keep keep(m_Model.Tree());
+            const ComboTree::Keep keep(m_model.Tree());
             (this->*row.run)();
             return true;
         }
@@ -111,23 +111,23 @@ bool CComboList::RunCommand(UINT command) {
 }
 
 void CComboList::OnDataSheet() {
-    const HWND owner = m_hOwner ? m_hOwner : korvel::GetParent(m_hWnd);
+    const HWND owner = m_owner ? m_owner : korvel::GetParent(m_hWnd);
     korvel::SendMessageA(owner, WM_COMMAND, ComboCommandDataSheet, reinterpret_cast<LPARAM>(m_hWnd));
 }
 
 void CComboList::OnAddRootItem() {
     if (TakesRootItems())
-        AddEntry(m_Model.Tree().Root());
+        AddEntry(m_model.Tree().Root());
 }
 
 void CComboList::OnAddRootGroup() {
     if (TakesRootItems())
-        AddGroup(m_Model.Tree().Root());
+        AddGroup(m_model.Tree().Root());
 }
 
 bool CComboList::TakesRootItems() const {
-    const unsigned binding = m_Model.Binding();
-    return GetEnumValue()->GetDataType() == DT_String && binding == m_Model.Binding();
+    const unsigned binding = m_model.Binding();
+    return GetEnumValue()->GetDataType() == DT_String && binding == m_model.Binding();
 }
 
 void CComboList::OnAddItem() {
@@ -141,12 +141,12 @@ void CComboList::OnAddGroup() {
 }
 
 void CComboList::AddEntry(CTreeItem& parent) {
-    const unsigned binding = m_Model.Binding();
+    const unsigned binding = m_model.Binding();
     const std::string name = CreateUniqueName(m_strValueName, parent);
     const std::string path = GetPath(parent);
-    if (binding != m_Model.Binding() || !m_Model.IsInTree(parent))
+    if (binding != m_model.Binding() || !m_model.IsInTree(parent))
         return;
-    const CTreeItem* const item = m_Model.AddValue(name, path);
+    const CTreeItem* item = m_model.AddValue(name, path);
     if (item && item->HasRow()) {
         SetCurrentRow(item->GetRow());
         RedrawWindow();
@@ -154,19 +154,19 @@ void CComboList::AddEntry(CTreeItem& parent) {
 }
 
 void CComboList::AddGroup(CTreeItem& parent) {
-    const unsigned binding = m_Model.Binding();
+    const unsigned binding = m_model.Binding();
     const std::string name = CreateUniqueName(m_strValueName, parent);
-    if (binding != m_Model.Binding() || !m_Model.IsInTree(parent))
+    if (binding != m_model.Binding() || !m_model.IsInTree(parent))
         return;
-    const CTreeItem* const group = m_Model.InsertItem(&parent, name);
-    m_Model.ExpandParent(&parent);
+    const CTreeItem* group = m_model.InsertItem(&parent, name);
+    m_model.ExpandParent(&parent);
     SetCurrentRow(RowOf(*group));
     RedrawWindow();
 }
 
 void CComboList::OnDeleteEnum() {
     if (CTreeItem* const item = GetCurrentItem())
-        m_Model.DestroySubTree(*item);
+        m_model.DestroySubTree(*item);
 }
 
 void CComboList::OnRenameEnumValue() {
@@ -190,7 +190,7 @@ bool CComboList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESU
     return CListCtrl::OnChildNotify(message, wParam, lParam, result);
 }
 
-/// 1 forbids the edit.
+// 1 forbids the edit.
 LRESULT CComboList::OnLvnBeginlabeledit(int row) {
     if (!GetTreeItem(row) || !IsCommandEnabled(eCommandRename, ENF_Rename))
         return 1;
@@ -198,13 +198,13 @@ LRESULT CComboList::OnLvnBeginlabeledit(int row) {
     return 0;
 }
 
-/// 1 when the row has its new label.
+// 1 when the row has its new label.
 LRESULT CComboList::OnLvnEndlabeledit(int row, const char* text) {
-    CTreeItem* const item = GetTreeItem(row);
+    CTreeItem* item = GetTreeItem(row);
     if (!item || !text)
         return 0;
-    const ComboTree::Keep keep(m_Model.Tree());
-    const bool isRenamed = m_Model.RenameLabel(*item, text);
+    const ComboTree::Keep keep(m_model.Tree());
+    const bool isRenamed = m_model.RenameLabel(*item, text);
     RedrawWindow();
     return isRenamed;
 }

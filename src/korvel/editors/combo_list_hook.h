@@ -26,10 +26,10 @@ public:
     CComboListHook(T* owner, EndRoutine end) : m_pOwner(owner), m_end(end) {}
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        constexpr UINT focusLost = 4;
-        constexpr UINT chosen = 9;
+        constexpr UINT FocusLost = 4;
+        constexpr UINT Chosen = 9;
         const HWND window = GetHookedWindow();
-        T* const owner = m_pOwner;
+        T* owner = m_pOwner;
         const HWND ownerWindow = owner ? owner->m_hWnd : nullptr;
         const EndRoutine end = m_end;
         const bool ends = owner && EndsComboList(ownerWindow, message, wParam, lParam);
@@ -37,9 +37,9 @@ public:
         if (!ends || !IsHooking(this, window))
             return result;
         // Who hears the owner may destroy it, and this hook with it.
-        owner->SendParentComboMessage(focusLost);
+        owner->SendParentComboMessage(FocusLost);
         if (IsWindow(ownerWindow))
-            owner->SendParentComboMessage(chosen);
+            owner->SendParentComboMessage(Chosen);
         if (IsWindow(ownerWindow))
             (owner->*end)();
         return result;

@@ -23,7 +23,7 @@ bool IsKeyOfLists(WPARAM key) {
 
 LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const ComboTree::Keep keep(
-        m_Model.Tree()); // items that handlers look at outlive what the host does meanwhile
+        m_model.Tree()); // items that handlers look at outlive what the host does meanwhile
     const auto answer = HandleInput(message, wParam, lParam);
     return answer ? *answer : CListCtrl::WindowProc(message, wParam, lParam);
 }
@@ -64,7 +64,7 @@ std::optional<LRESULT> CComboList::HandleInput(UINT message, WPARAM wParam, LPAR
         if (wParam != ComboPreview::TimerId)
             return std::nullopt;
         if (IsInitialized())
-            m_Preview.OnTimer();
+            m_preview.OnTimer();
         return 0;
     case WM_COMMAND:
         return lParam == 0 && RunCommand(LOWORD(wParam)) ? std::optional<LRESULT>(1) : std::nullopt;
@@ -76,8 +76,8 @@ std::optional<LRESULT> CComboList::HandleInput(UINT message, WPARAM wParam, LPAR
     }
 }
 
-/// The list control's own handling of a press takes the keyboard and selects. A list that drops down serves a
-/// field that must keep the keyboard, and its input state alone selects.
+// The list control's own handling of a press takes the keyboard and selects. A list that drops down serves a
+// field that must keep the keyboard, and its input state alone selects.
 LRESULT CComboList::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
     const CPoint point = PointOf(lParam);
     const auto flags = static_cast<UINT>(wParam);
@@ -103,7 +103,7 @@ LRESULT CComboList::HandleMouseMove(WPARAM wParam, LPARAM lParam) {
     if (const auto state = m_pInputState)
         state->OnMouseMove(static_cast<UINT>(wParam), PointOf(lParam));
     if (IsInitialized())
-        m_Preview.OnMouseMove(PointOf(lParam));
+        m_preview.OnMouseMove(PointOf(lParam));
     return 0;
 }
 
@@ -116,7 +116,7 @@ LRESULT CComboList::HandleWheel(WPARAM wParam, LPARAM lParam) {
     return 0;
 }
 
-/// A list that does not scroll must not hand the wheel to the window behind it.
+// A list that does not scroll must not hand the wheel to the window behind it.
 void CComboList::ScrollByWheel(UINT flags, short delta, CPoint screen) {
     if (GetItemCount() > GetCountPerPage()) {
         CListCtrl::WindowProc(WM_MOUSEWHEEL, MAKEWPARAM(flags, static_cast<unsigned>(delta)),
@@ -126,7 +126,7 @@ void CComboList::ScrollByWheel(UINT flags, short delta, CPoint screen) {
     RedrawWindow();
 }
 
-/// Keys that mean nothing here go past the list control, which would move a selection of its own.
+// Keys that mean nothing here go past the list control, which would move a selection of its own.
 LRESULT CComboList::HandleKey(UINT message, WPARAM wParam, LPARAM lParam) {
     if (const auto state = m_pInputState) {
         const auto key = static_cast<UINT>(wParam);
@@ -141,9 +141,9 @@ LRESULT CComboList::HandleKey(UINT message, WPARAM wParam, LPARAM lParam) {
     return IsKeyOfLists(wParam) ? 0 : DefWindowProcA(m_hWnd, message, wParam, lParam);
 }
 
-/// An owner that hands its keys to the dropped list gets no characters for them.
+// An owner that hands its keys to the dropped list gets no characters for them.
 void CComboList::TakeForwardedCharacters(UINT key, LPARAM data) {
-    const input::KeyOnTheWay* const typed = input::CurrentKey();
+    const input::KeyOnTheWay* typed = input::CurrentKey();
     if (!typed || typed->window == m_hWnd || typed->key != key)
         return;
     const CString characters = typed->characters;
@@ -158,14 +158,14 @@ LRESULT CComboList::HandleCharacter(WPARAM wParam, LPARAM lParam) {
         return DefWindowProcA(m_hWnd, WM_CHAR, wParam, lParam);
     if (character == ' ' && state->TakesSpace())
         return 0;
-    const int row = FindRowByText(m_TypeAhead.Type(character, Display().Now()));
+    const int row = FindRowByText(m_typeAhead.Type(character, Display().Now()));
     if (row != -1 && row != state->GetCurrent())
         state->Step(row - state->GetCurrent());
     return 0;
 }
 
 int CComboList::FindRowByText(const TypeAhead::Search& search) const {
-    const int count = m_Model.Tree().RowCount();
+    const int count = m_model.Tree().RowCount();
     const int first = GetCurrentRow() + (search.beginsAtNext ? 1 : 0);
     for (int step = 0; step < count && !search.beginning.empty(); ++step) {
         const int row = (std::max(first, 0) + step) % count;
@@ -187,12 +187,12 @@ void CComboList::RedrawRow(int row) {
         RedrawItems(row, row);
 }
 
-/// An update in which the object makes the list hear of itself must not have the picture vanish under it.
+// An update in which the object makes the list hear of itself must not have the picture vanish under it.
 void CComboList::DismissPreview() {
     if (IsRunningUpdateDisp())
         m_Flags |= FlagHidePreview;
     else
-        m_Preview.Dismiss();
+        m_preview.Dismiss();
 }
 
 } // namespace korvel

@@ -23,7 +23,7 @@ constexpr StateRow States[] = {
     {ENF_CheckBoxes | ENF_Tree, Make<CGridCtrlComboBoxInputStateTreeCheckBox>},
 };
 
-/// The flags that say how a list is used. Any other bit in the mask makes it a plain one.
+// The flags that say how a list is used. Any other bit in the mask makes it a plain one.
 constexpr std::uint32_t KindMask = 0xC4FFFAFF;
 
 StatePtr MakeState(CComboList& list, std::uint32_t kind) {
@@ -37,12 +37,12 @@ StatePtr MakeState(CComboList& list, std::uint32_t kind) {
 } // namespace
 
 void CComboList::CreateInputState() {
-    const unsigned binding = m_Model.Binding();
+    const unsigned binding = m_model.Binding();
     const std::uint32_t kind = GetEnumValue()->GetEnumFlags() & KindMask;
-    if (binding != m_Model.Binding() || GetMode() < eDesignFlat || GetMode() > eDropDown)
+    if (binding != m_model.Binding() || GetMode() < eDesignFlat || GetMode() > eDropDown)
         return;
     StatePtr state = MakeState(*this, kind);
-    if (binding == m_Model.Binding())
+    if (binding == m_model.Binding())
         m_pInputState = std::move(state);
     else
         state->Detach(); // the row that it repaints has asked the host

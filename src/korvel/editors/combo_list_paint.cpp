@@ -8,7 +8,7 @@ void CComboList::DrawItem(DRAWITEMSTRUCT* item) {
 }
 
 std::optional<ComboRowGeometry> CComboList::GetRowGeometry(int row) const {
-    const CTreeItem* const item = GetTreeItem(row);
+    const CTreeItem* item = GetTreeItem(row);
     ComboRowGeometry place;
     if (!item || !GetItemRect(row, &place.bounds))
         return std::nullopt;

@@ -13,14 +13,14 @@ bool KeepsText(const CVariantValue& value) {
 
 } // namespace
 
-std::string ComboModel::Path(const CComboTreeItem& item) const {
-    const ComboTree::Keep keep(m_Tree);
+std::string ComboModel::Path(const ComboTreeItem& item) const {
+    const ComboTree::Keep keep(m_tree);
     return PathOf(item, Separator());
 }
 
-std::string ComboModel::PathOf(const CComboTreeItem& item, char separator) {
+std::string ComboModel::PathOf(const ComboTreeItem& item, char separator) {
     std::vector<const std::string*> labels;
-    for (const CComboTreeItem* level = &item; level->GetParent(); level = level->GetParent())
+    for (const ComboTreeItem* level = &item; level->GetParent(); level = level->GetParent())
         labels.push_back(&level->GetLabel());
     std::string path;
     for (auto label = labels.rbegin(); label != labels.rend(); ++label) {
@@ -31,11 +31,11 @@ std::string ComboModel::PathOf(const CComboTreeItem& item, char separator) {
     return path;
 }
 
-std::string ComboModel::UniqueNameUnder(const CComboTreeItem& parent, const std::string& base) const {
-    const ComboTree::Keep keep(m_Tree);
+std::string ComboModel::UniqueNameUnder(const ComboTreeItem& parent, const std::string& base) const {
+    const ComboTree::Keep keep(m_tree);
     const char separator = Separator();
     std::unordered_set<std::string> taken;
-    for (const CComboTreeItem* child = parent.GetFirstChild(); child; child = child->GetNextSibling()) {
+    for (const ComboTreeItem* child = parent.GetFirstChild(); child; child = child->GetNextSibling()) {
         std::list<std::string> segments = SplitPathName(child->GetLabel(), separator);
         if (!segments.empty())
             taken.insert(std::move(segments.front()));
@@ -43,8 +43,8 @@ std::string ComboModel::UniqueNameUnder(const CComboTreeItem& parent, const std:
     return UniqueName(base, [&](const std::string& name) { return taken.count(name) != 0; });
 }
 
-bool ComboModel::RenameLabel(CComboTreeItem& item, const std::string& label) {
-    const ComboTree::Keep keep(m_Tree);
+bool ComboModel::RenameLabel(ComboTreeItem& item, const std::string& label) {
+    const ComboTree::Keep keep(m_tree);
     const auto separator = PathSeparator();
     const std::list<std::string> parts =
         separator ? SplitPathName(label, *separator) : std::list<std::string>{label};
@@ -57,40 +57,40 @@ bool ComboModel::RenameLabel(CComboTreeItem& item, const std::string& label) {
     return RenameName(item, path, above + parts.front());
 }
 
-bool ComboModel::RenameName(CComboTreeItem& item, const std::string& oldPath, const std::string& newPath) {
-    const ComboTree::Keep keep(m_Tree);
+bool ComboModel::RenameName(ComboTreeItem& item, const std::string& oldPath, const std::string& newPath) {
+    const ComboTree::Keep keep(m_tree);
     return item.IsValue() ? RenameValue(item, newPath) : RenameGroup(item, oldPath, newPath);
 }
 
-/// What stands under an entry keeps its name, and only seems renamed as long as the rows stand: kept. A name
-/// that is no text is renamed by the text that the user typed: what it means is the enumeration's affair.
-bool ComboModel::RenameValue(CComboTreeItem& item, const std::string& newPath) {
+// What stands under an entry keeps its name, and only seems renamed as long as the rows stand: kept. A name
+// that is no text is renamed by the text that the user typed: what it means is the enumeration's affair.
+bool ComboModel::RenameValue(ComboTreeItem& item, const std::string& newPath) {
     const unsigned binding = m_binding;
     const long id = item.GetId();
     CVariantValue name;
-    if (!m_pEnumValue->GetName(id, name) || binding != m_binding)
+    if (!m_enumeration->GetName(id, name) || binding != m_binding)
         return false;
     if (!KeepsText(name)) {
         name = CVariantValue();
         name.Type = DT_String;
     }
     name.Text = newPath;
-    if (!m_pEnumValue->SetName(id, name))
+    if (!m_enumeration->SetName(id, name))
         return false;
     if (binding == m_binding && item.GetParent() && item.IsValue())
         RenameTreeItem(item);
     return binding == m_binding;
 }
 
-/// A group takes its new label when the enumeration has renamed every entry in it.
-bool ComboModel::RenameGroup(CComboTreeItem& group, const std::string& oldPath, const std::string& newPath) {
+// A group takes its new label when the enumeration has renamed every entry in it.
+bool ComboModel::RenameGroup(ComboTreeItem& group, const std::string& oldPath, const std::string& newPath) {
     const unsigned binding = m_binding;
     const char separator = Separator();
     if (binding != m_binding)
         return false;
     const std::string oldLabel = group.GetLabel();
     std::vector<RenamedEntry> entries;
-    for (CComboTreeItem* under = &group; under; under = under->GetNextUnder(group))
+    for (ComboTreeItem* under = &group; under; under = under->GetNextUnder(group))
         if (under->IsValue())
             entries.push_back({under, newPath + PathOf(*under, separator).substr(oldPath.size())});
     bool all = true;
@@ -109,32 +109,32 @@ bool ComboModel::RenameGroup(CComboTreeItem& group, const std::string& oldPath, 
     if (!all)
         SplitGroup(group, oldLabel, entries);
     else if (group.GetParent())
-        m_Tree.SetLabel(group, 0, Segments(newPath, PathSeparator()).back());
+        m_tree.SetLabel(group, 0, Segments(newPath, PathSeparator()).back());
     return all;
 }
 
-/// The entries that were renamed go to their new path; the others stay where they were.
-void ComboModel::SplitGroup(CComboTreeItem& group, const std::string& oldLabel,
+// The entries that were renamed go to their new path; the others stay where they were.
+void ComboModel::SplitGroup(ComboTreeItem& group, const std::string& oldLabel,
                             const std::vector<RenamedEntry>& entries) {
-    m_Tree.SetLabel(group, 0, oldLabel);
+    m_tree.SetLabel(group, 0, oldLabel);
     for (const RenamedEntry& entry : entries)
         if (entry.isRenamed && entry.item->GetParent() && entry.item->IsValue())
             MoveToItsPath(*entry.item, entry.item->GetValue());
 }
 
 void ComboModel::EntryRenamed(long id) {
-    const ComboTree::Keep keep(m_Tree);
-    if (CComboTreeItem* const item = m_Tree.FindValue(id))
+    const ComboTree::Keep keep(m_tree);
+    if (ComboTreeItem* const item = m_tree.FindValue(id))
         RenameTreeItem(*item);
 }
 
-/// The labels above follow the name as far as it reaches, also where other entries stand under them: kept. A
-/// host that moves one entry of several to another group by its name sees the whole group renamed; an entry
-/// whose name is shorter now stays in its group. Only a name that is too long for the place moves.
-void ComboModel::RenameTreeItem(CComboTreeItem& item) {
+// The labels above follow the name as far as it reaches, also where other entries stand under them: kept. A
+// host that moves one entry of several to another group by its name sees the whole group renamed; an entry
+// whose name is shorter now stays in its group. Only a name that is too long for the place moves.
+void ComboModel::RenameTreeItem(ComboTreeItem& item) {
     const unsigned binding = m_binding;
     CVariantValue name;
-    if (!m_pEnumValue->GetName(item.GetId(), name) || binding != m_binding)
+    if (!m_enumeration->GetName(item.GetId(), name) || binding != m_binding)
         return;
     std::list<std::string> segments = Segments(name.ToText(), PathSeparator());
     if (!item.GetParent() || !item.IsValue())
@@ -143,25 +143,25 @@ void ComboModel::RenameTreeItem(CComboTreeItem& item) {
         MoveToItsPath(item, name);
         return;
     }
-    m_Tree.SetValue(item, name);
+    m_tree.SetValue(item, name);
     RenameGroupItem(item, std::move(segments));
 }
 
-void ComboModel::RenameGroupItem(CComboTreeItem& item, std::list<std::string> segments) {
-    for (CComboTreeItem* level = &item; !segments.empty(); level = level->GetParent()) {
+void ComboModel::RenameGroupItem(ComboTreeItem& item, std::list<std::string> segments) {
+    for (ComboTreeItem* level = &item; !segments.empty(); level = level->GetParent()) {
         if (level->GetLabel() != segments.back())
-            m_Tree.SetLabel(*level, 0, std::move(segments.back()));
+            m_tree.SetLabel(*level, 0, std::move(segments.back()));
         segments.pop_back();
     }
 }
 
-void ComboModel::MoveToItsPath(CComboTreeItem& item, const CVariantValue& name) {
+void ComboModel::MoveToItsPath(ComboTreeItem& item, const CVariantValue& name) {
     const bool isChecked = ComboTree::IsChecked(item);
-    CComboTreeItem* const moved = InsertItem(nullptr, item.GetId(), CVariantValue(name));
+    ComboTreeItem* moved = InsertItem(nullptr, item.GetId(), CVariantValue(name));
     if (moved)
-        m_Tree.SetCheck(*moved, isChecked);
+        m_tree.SetCheck(*moved, isChecked);
     if (item.GetParent() && item.IsValue())
-        Went(m_Tree.RemoveValue(item));
+        Went(m_tree.RemoveValue(item));
 }
 
 } // namespace korvel

@@ -13,30 +13,30 @@ void ComboPreview::OnMouseMove(CPoint point) {
     m_point = point;
     const int row = m_source.rowAt(point);
     switch (m_state) {
-    case EState::Idle:
-        m_state = EState::Armed;
+    case State::Idle:
+        m_state = State::Armed;
         break;
-    case EState::Armed:
+    case State::Armed:
         StopTimer();
         if (row == m_row)
             StartTimer(Pause);
         m_row = row;
         break;
-    case EState::Shown:
+    case State::Shown:
         if (row != m_row)
             Hide();
         break;
     }
 }
 
-/// Without a picture nothing is timed until the pointer moves again.
+// Without a picture nothing is timed until the pointer moves again.
 void ComboPreview::OnTimer() {
-    if (m_state == EState::Armed && Show()) {
-        m_state = EState::Shown;
+    if (m_state == State::Armed && Show()) {
+        m_state = State::Shown;
         StartTimer(Stay);
         return;
     }
-    if (m_state == EState::Shown)
+    if (m_state == State::Shown)
         Hide();
     StopTimer();
 }
@@ -45,7 +45,7 @@ bool ComboPreview::Show() {
     const int row = m_source.rowAt(m_point);
     const std::string path = m_source.imagePath(row);
     CRect label = m_source.labelRect(row);
-    const bool isClosed = m_state == EState::Idle; // by who was asked
+    const bool isClosed = m_state == State::Idle; // by who was asked
     if (isClosed || path.empty() || !m_window.Load(path))
         return false;
     const CPoint origin = ClientToScreen(m_list.m_hWnd, {0, 0});
@@ -62,13 +62,13 @@ void ComboPreview::Dismiss() {
 
 void ComboPreview::Hide() {
     m_window.Hide();
-    m_state = EState::Armed;
+    m_state = State::Armed;
 }
 
 void ComboPreview::Close() {
     StopTimer();
     m_window.Hide();
-    m_state = EState::Idle;
+    m_state = State::Idle;
     m_row = -1;
 }
 

@@ -30,10 +30,10 @@ public:
     void Hide();
     /// The list forgets its rows.
     void Close();
-    bool IsShown() const { return m_state == EState::Shown; }
+    bool IsShown() const { return m_state == State::Shown; }
 
 private:
-    enum class EState {
+    enum class State {
         Idle,
         Armed, // a pause of the pointer is being timed
         Shown,
@@ -46,7 +46,7 @@ private:
     CWnd& m_list;
     Source m_source;
     CTooltippBitmap m_window;
-    EState m_state = EState::Idle;
+    State m_state = State::Idle;
     int m_row = -1;
     CPoint m_point;
     std::uintptr_t m_timer = 0;

@@ -12,7 +12,7 @@ constexpr int ButtonMargin = 2; // between the sign of a tree button and its fra
 constexpr int BoxMargin = 2;    // around a check box, whose region is as high as the row
 constexpr int TextInset = 2;    // left of a text
 
-/// What the button takes of its box: an odd square around the box's centre.
+// What the button takes of its box: an odd square around the box's centre.
 CRect ButtonRect(const CRect& box) {
     const int reach = box.Height() / 4;
     const CPoint center{box.left + box.Width() / 2, box.top + box.Height() / 2};
@@ -22,7 +22,7 @@ CRect ButtonRect(const CRect& box) {
 } // namespace
 
 void ComboRowPainter::Draw(int row, UINT itemState) {
-    const CComboTreeItem* const item = m_list.GetTreeItem(row);
+    const ComboTreeItem* item = m_list.GetTreeItem(row);
     const auto place = m_list.GetRowGeometry(row);
     if (!item || !place)
         return;
@@ -45,7 +45,7 @@ void ComboRowPainter::Draw(int row, UINT itemState) {
     DrawColumns(row, *item);
 }
 
-void ComboRowPainter::DrawTree(const CComboTreeItem& item, const ComboRowGeometry& place) {
+void ComboRowPainter::DrawTree(const ComboTreeItem& item, const ComboRowGeometry& place) {
     const CRect box = place.TreeBox();
     const int height = place.bounds.Height();
     const int middle = box.top + height / 2;
@@ -54,7 +54,7 @@ void ComboRowPainter::DrawTree(const CComboTreeItem& item, const ComboRowGeometr
     Line(column, middle, box.right, middle);
     Line(column, box.top, column, item.GetNextSibling() ? box.bottom : middle);
     // Only what is on screen: a path may be deeper than the list is wide.
-    for (const CComboTreeItem* level = item.GetParent(); level && level->GetParent();
+    for (const ComboTreeItem* level = item.GetParent(); level && level->GetParent();
          level = level->GetParent()) {
         column -= height;
         if (column >= 0 && level->GetNextSibling())
@@ -73,14 +73,14 @@ void ComboRowPainter::DrawTreeButton(bool expanded, const CRect& box) {
         Line(center.x, box.top + ButtonMargin, center.x, box.bottom - ButtonMargin);
 }
 
-void ComboRowPainter::DrawIcon(const CComboTreeItem& item, const CRect& rect) {
-    EComboTreeCell cell = EComboTreeCell::Entry;
+void ComboRowPainter::DrawIcon(const ComboTreeItem& item, const CRect& rect) {
+    ComboTreeCell cell = ComboTreeCell::Entry;
     if (!item.IsValue() || item.HasChildren())
-        cell = item.IsExpanded() ? EComboTreeCell::OpenGroup : EComboTreeCell::ClosedGroup;
+        cell = item.IsExpanded() ? ComboTreeCell::OpenGroup : ComboTreeCell::ClosedGroup;
     m_dc.DrawImage(ComboTreeBitmap(cell), rect);
 }
 
-void ComboRowPainter::DrawColumns(int row, const CComboTreeItem& item) {
+void ComboRowPainter::DrawColumns(int row, const ComboTreeItem& item) {
     for (int column = 1; column < m_list.GetColumnCount(); ++column) {
         CRect rect;
         if (m_list.GetSubItemRect(row, column, LVIR_BOUNDS, &rect))

@@ -16,10 +16,10 @@ public:
     void Draw(int row, UINT itemState);
 
 private:
-    void DrawTree(const CComboTreeItem& item, const ComboRowGeometry& place);
+    void DrawTree(const ComboTreeItem& item, const ComboRowGeometry& place);
     void DrawTreeButton(bool expanded, const CRect& box);
-    void DrawIcon(const CComboTreeItem& item, const CRect& rect);
-    void DrawColumns(int row, const CComboTreeItem& item);
+    void DrawIcon(const ComboTreeItem& item, const CRect& rect);
+    void DrawColumns(int row, const ComboTreeItem& item);
     void DrawDispValue(CRect rect, const CString& text);
     void Line(int fromX, int fromY, int toX, int toY);
 

@@ -15,25 +15,25 @@ constexpr std::size_t LargestBlock = 256;
 struct ComboRows::Block {
     const ComboRows* owner = nullptr;
     int index = 0;
-    std::vector<CComboTreeItem*> items;
+    std::vector<ComboTreeItem*> items;
 };
 
 ComboRows::ComboRows() = default;
 ComboRows::~ComboRows() = default;
 
-CComboTreeItem* ComboRows::At(int row) const {
+ComboTreeItem* ComboRows::At(int row) const {
     const BlockIndex::Place place = m_index.Find(row);
     return m_blocks[place.block]->items[place.offset];
 }
 
-int ComboRows::RowOf(const CComboTreeItem& item) const {
-    const Block& block = *item.m_pBlock;
+int ComboRows::RowOf(const ComboTreeItem& item) const {
+    const Block& block = *item.m_block;
     // From the end: while a list is built, it is the last row that is asked for.
     const auto found = std::find(block.items.rbegin(), block.items.rend(), &item);
     return m_index.Start(block.index) + static_cast<int>(block.items.rend() - found) - 1;
 }
 
-void ComboRows::Insert(int row, std::span<CComboTreeItem* const> items) {
+void ComboRows::Insert(int row, std::span<ComboTreeItem* const> items) {
     if (items.empty())
         return;
     const int count = static_cast<int>(items.size());
@@ -51,19 +51,19 @@ void ComboRows::Insert(int row, std::span<CComboTreeItem* const> items) {
     const auto position = block.items.begin() + place.offset;
     if (block.items.size() + items.size() <= LargestBlock) {
         block.items.insert(position, items.begin(), items.end());
-        for (CComboTreeItem* const item : items)
-            item->m_pBlock = &block;
+        for (ComboTreeItem* const item : items)
+            item->m_block = &block;
         m_index.Add(place.block, count);
         return;
     }
-    std::vector<CComboTreeItem*> all(block.items.begin(), position);
+    std::vector<ComboTreeItem*> all(block.items.begin(), position);
     all.insert(all.end(), items.begin(), items.end());
     all.insert(all.end(), position, block.items.end());
     Replace(place.block, all);
 }
 
-/// Puts as many blocks of one size as these items need in the place of one block.
-void ComboRows::Replace(int block, std::span<CComboTreeItem* const> items) {
+// Puts as many blocks of one size as these items need in the place of one block.
+void ComboRows::Replace(int block, std::span<ComboTreeItem* const> items) {
     const std::size_t count = (items.size() + LargestBlock - 1) / LargestBlock;
     std::vector<std::unique_ptr<Block>> blocks;
     for (std::size_t i = 0; i < count; ++i) {
@@ -72,8 +72,8 @@ void ComboRows::Replace(int block, std::span<CComboTreeItem* const> items) {
         const std::size_t end = items.size() * (i + 1) / count;
         part->items.assign(items.begin() + static_cast<std::ptrdiff_t>(begin),
                            items.begin() + static_cast<std::ptrdiff_t>(end));
-        for (CComboTreeItem* const item : part->items)
-            item->m_pBlock = part.get();
+        for (ComboTreeItem* const item : part->items)
+            item->m_block = part.get();
         blocks.push_back(std::move(part));
     }
     const auto place = m_blocks.erase(m_blocks.begin() + block);
@@ -101,10 +101,10 @@ void ComboRows::Erase(int first, int last) {
 }
 
 void ComboRows::EraseInBlock(BlockIndex::Place place, int count) {
-    std::vector<CComboTreeItem*>& items = m_blocks[place.block]->items;
+    std::vector<ComboTreeItem*>& items = m_blocks[place.block]->items;
     const auto begin = items.begin() + place.offset;
     for (auto item = begin; item != begin + count; ++item) {
-        (*item)->m_pBlock = nullptr;
+        (*item)->m_block = nullptr;
         (*item)->m_nRow = -1;
     }
     items.erase(begin, begin + count);
@@ -112,7 +112,7 @@ void ComboRows::EraseInBlock(BlockIndex::Place place, int count) {
     m_size -= count;
 }
 
-/// Many single removals must not leave many blocks that hold next to nothing.
+// Many single removals must not leave many blocks that hold next to nothing.
 void ComboRows::JoinSmall(int block) {
     if (block < 0 || block + 1 >= static_cast<int>(m_blocks.size()))
         return;
@@ -120,8 +120,8 @@ void ComboRows::JoinSmall(int block) {
     Block& right = *m_blocks[block + 1];
     if (left.items.size() + right.items.size() > LargestBlock / 2)
         return;
-    for (CComboTreeItem* const item : right.items) {
-        item->m_pBlock = &left;
+    for (ComboTreeItem* const item : right.items) {
+        item->m_block = &left;
         left.items.push_back(item);
     }
     m_blocks.erase(m_blocks.begin() + block + 1);
@@ -137,8 +137,8 @@ void ComboRows::RebuildIndex() {
     m_index.Rebuild(count, [&](int block) { return static_cast<int>(m_blocks[block]->items.size()); });
 }
 
-int CComboTreeItem::GetRow() const {
-    return m_pBlock ? m_pBlock->owner->RowOf(*this) : m_nRow;
+int ComboTreeItem::GetRow() const {
+    return m_block ? m_block->owner->RowOf(*this) : m_nRow;
 }
 
 } // namespace korvel

@@ -8,7 +8,7 @@
 
 namespace korvel {
 
-class CComboTreeItem;
+class ComboTreeItem;
 
 /// The items of a tree that have a row, in order. They lie in blocks and know their block: the row of an item
 /// is found without a walk over the rows, and a range comes and goes at the cost of its own length.
@@ -28,17 +28,17 @@ public:
 
     int Size() const { return m_size; }
     bool Has(int row) const { return row >= 0 && row < m_size; }
-    CComboTreeItem* At(int row) const;
+    ComboTreeItem* At(int row) const;
     /// The item must have a row.
-    int RowOf(const CComboTreeItem& item) const;
+    int RowOf(const ComboTreeItem& item) const;
 
     /// In front of row `row`; Size() appends.
-    void Insert(int row, std::span<CComboTreeItem* const> items);
+    void Insert(int row, std::span<ComboTreeItem* const> items);
     /// Takes the rows from `first` to before `last` away from their items.
     void Erase(int first, int last);
 
 private:
-    void Replace(int block, std::span<CComboTreeItem* const> items);
+    void Replace(int block, std::span<ComboTreeItem* const> items);
     void EraseInBlock(BlockIndex::Place place, int count);
     void JoinSmall(int block);
     void RebuildIndex();

@@ -6,9 +6,9 @@ namespace korvel {
 
 namespace {
 
-/// Whether `left` comes before `right` in the order of the rows; both stand in one tree.
+// Whether `left` comes before `right` in the order of the rows; both stand in one tree.
 template <class Order>
-bool ComesBefore(const CComboTreeItem* left, const CComboTreeItem* right, Order orderOf) {
+bool ComesBefore(const ComboTreeItem* left, const ComboTreeItem* right, Order orderOf) {
     const bool leftIsDeeper = left->GetLevel() > right->GetLevel();
     while (left->GetLevel() > right->GetLevel())
         left = left->GetParent();
@@ -25,158 +25,157 @@ bool ComesBefore(const CComboTreeItem* left, const CComboTreeItem* right, Order 
 
 } // namespace
 
-CComboTreeItem* ComboTree::NextShownUnder(const CComboTreeItem& item, const CComboTreeItem& top) {
-    if (item.m_bExpanded && item.m_pFirstChild)
-        return item.m_pFirstChild;
-    const CComboTreeItem* level = &item;
-    while (level != &top && !level->m_pNextSibling)
+ComboTreeItem* ComboTree::NextShownUnder(const ComboTreeItem& item, const ComboTreeItem& top) {
+    if (item.m_bExpanded && item.m_firstChild)
+        return item.m_firstChild;
+    const ComboTreeItem* level = &item;
+    while (level != &top && !level->m_nextSibling)
         level = level->m_pParent;
-    return level != &top ? level->m_pNextSibling : nullptr;
+    return level != &top ? level->m_nextSibling : nullptr;
 }
 
-bool ComboTree::ById::operator()(const CComboTreeItem* left, const CComboTreeItem* right) const {
+bool ComboTree::ById::operator()(const ComboTreeItem* left, const ComboTreeItem* right) const {
     if (left == right || left->m_Id != right->m_Id)
         return left->m_Id < right->m_Id;
-    return ComesBefore(left, right, [](const CComboTreeItem* item) { return item->m_order; });
+    return ComesBefore(left, right, [](const ComboTreeItem* item) { return item->m_order; });
 }
 
 ComboTree::ComboTree() {
-    m_Root.m_bExpanded = true;
+    m_root.m_bExpanded = true;
 }
 
 ComboTree::~ComboTree() {
     Clear();
 }
 
-CComboTreeItem& ComboTree::AddValue(CComboTreeItem& parent, long id, CVariantValue&& value,
-                                    std::string label) {
-    auto child = std::make_unique<CComboTreeItem>();
+ComboTreeItem& ComboTree::AddValue(ComboTreeItem& parent, long id, CVariantValue&& value, std::string label) {
+    auto child = std::make_unique<ComboTreeItem>();
     child->m_bIsValue = true;
     child->m_Id = id;
     child->m_Value = std::move(value);
     child->m_strLabel = std::move(label);
     child->m_nUnchecked = 1;
-    CComboTreeItem& item = AddChild(parent, std::move(child));
+    ComboTreeItem& item = AddChild(parent, std::move(child));
     ChangeCounts(parent, 0, 1);
-    if (m_pIndex)
-        m_pIndex->insert(&item);
+    if (m_index)
+        m_index->insert(&item);
     return item;
 }
 
-CComboTreeItem& ComboTree::AddGroup(CComboTreeItem& parent, std::string label) {
-    auto child = std::make_unique<CComboTreeItem>();
+ComboTreeItem& ComboTree::AddGroup(ComboTreeItem& parent, std::string label) {
+    auto child = std::make_unique<ComboTreeItem>();
     child->m_strLabel = std::move(label);
     return AddChild(parent, std::move(child));
 }
 
-CComboTreeItem& ComboTree::AddChild(CComboTreeItem& parent, std::unique_ptr<CComboTreeItem> child) {
-    CComboTreeItem& item = *child;
+ComboTreeItem& ComboTree::AddChild(ComboTreeItem& parent, std::unique_ptr<ComboTreeItem> child) {
+    ComboTreeItem& item = *child;
     item.m_nLevel = parent.m_nLevel + 1;
     item.m_order = ++m_born;
-    if (parent.m_pIndex)
-        parent.m_pIndex->insert(&item);
+    if (parent.m_index)
+        parent.m_index->insert(&item);
     item.m_pParent = &parent;
-    item.m_pPreviousSibling = std::exchange(parent.m_pLastChild, child.release());
-    (item.m_pPreviousSibling ? item.m_pPreviousSibling->m_pNextSibling : parent.m_pFirstChild) = &item;
+    item.m_previousSibling = std::exchange(parent.m_lastChild, child.release());
+    (item.m_previousSibling ? item.m_previousSibling->m_nextSibling : parent.m_firstChild) = &item;
     ShowNewChild(item);
     return item;
 }
 
-void ComboTree::ShowNewChild(CComboTreeItem& child) {
-    const CComboTreeItem& parent = *child.m_pParent;
-    if (&parent != &m_Root && !(parent.HasRow() && parent.m_bExpanded)) {
+void ComboTree::ShowNewChild(ComboTreeItem& child) {
+    const ComboTreeItem& parent = *child.m_pParent;
+    if (&parent != &m_root && !(parent.HasRow() && parent.m_bExpanded)) {
         child.m_nRow = parent.GetRow();
         return;
     }
-    CComboTreeItem* const items[] = {&child};
-    if (&parent == &m_Root) {
+    ComboTreeItem* const items[] = {&child};
+    if (&parent == &m_root) {
         m_rows.Insert(m_rows.Size(), items);
     } else {
-        const CComboTreeItem* const previous = child.m_pPreviousSibling;
+        const ComboTreeItem* previous = child.m_previousSibling;
         m_rows.Insert((previous ? previous->GetLastVisibleRow() : parent.GetRow()) + 1, items);
     }
 }
 
-CComboTreeItem* ComboTree::FindChild(CComboTreeItem& parent, std::string_view label) {
+ComboTreeItem* ComboTree::FindChild(ComboTreeItem& parent, std::string_view label) {
     // The entries of a group mostly come one after the other.
-    if (m_pLastFound && m_pLastFound->m_pParent == &parent && m_pLastFound->m_strLabel == label)
-        return m_pLastFound;
-    if (!parent.m_pIndex) {
-        parent.m_pIndex = std::make_unique<CComboTreeItem::LabelIndex>();
-        for (CComboTreeItem* child = parent.m_pFirstChild; child; child = child->m_pNextSibling)
-            parent.m_pIndex->insert(child);
+    if (m_lastFound && m_lastFound->m_pParent == &parent && m_lastFound->m_strLabel == label)
+        return m_lastFound;
+    if (!parent.m_index) {
+        parent.m_index = std::make_unique<ComboTreeItem::LabelIndex>();
+        for (ComboTreeItem* child = parent.m_firstChild; child; child = child->m_nextSibling)
+            parent.m_index->insert(child);
     }
-    const auto found = parent.m_pIndex->lower_bound(label);
-    m_pLastFound = found != parent.m_pIndex->end() && (*found)->m_strLabel == label ? *found : nullptr;
-    return m_pLastFound;
+    const auto found = parent.m_index->lower_bound(label);
+    m_lastFound = found != parent.m_index->end() && (*found)->m_strLabel == label ? *found : nullptr;
+    return m_lastFound;
 }
 
-CComboTreeItem* ComboTree::FindValue(long id) {
-    if (!m_pIndex)
+ComboTreeItem* ComboTree::FindValue(long id) {
+    if (!m_index)
         BuildIndex();
-    const auto found = m_pIndex->lower_bound(id);
-    return found != m_pIndex->end() && (*found)->m_Id == id ? *found : nullptr;
+    const auto found = m_index->lower_bound(id);
+    return found != m_index->end() && (*found)->m_Id == id ? *found : nullptr;
 }
 
 void ComboTree::BuildIndex() {
-    m_pIndex = std::make_unique<IdIndex>();
-    for (CComboTreeItem* item = m_Root.m_pFirstChild; item; item = item->GetNextUnder(m_Root))
+    m_index = std::make_unique<IdIndex>();
+    for (ComboTreeItem* item = m_root.m_firstChild; item; item = item->GetNextUnder(m_root))
         if (item->m_bIsValue)
-            m_pIndex->insert(item);
+            m_index->insert(item);
 }
 
-void ComboTree::ForgetId(CComboTreeItem& item) {
-    if (m_pIndex && item.m_bIsValue)
-        m_pIndex->erase(&item);
+void ComboTree::ForgetId(ComboTreeItem& item) {
+    if (m_index && item.m_bIsValue)
+        m_index->erase(&item);
 }
 
-ComboTree::RowRange ComboTree::RemoveValue(CComboTreeItem& item) {
+ComboTree::RowRange ComboTree::RemoveValue(ComboTreeItem& item) {
     if (!item.HasChildren())
         return RemoveSubTree(item);
     ForgetId(item);
-    ChangeCounts(item, item.m_bSelected ? -1 : 0, item.m_bSelected ? 0 : -1);
+    ChangeCounts(item, item.m_isSelected ? -1 : 0, item.m_isSelected ? 0 : -1);
     item.m_bIsValue = false;
-    item.m_bSelected = false;
+    item.m_isSelected = false;
     item.m_Id = -1;
     item.m_Value = CVariantValue();
     return {};
 }
 
-ComboTree::RowRange ComboTree::RemoveSubTree(CComboTreeItem& item) {
+ComboTree::RowRange ComboTree::RemoveSubTree(ComboTreeItem& item) {
     RowRange rows;
     if (item.HasRow()) {
         rows.first = item.GetRow();
         rows.count = item.GetLastVisibleRow() + 1 - rows.first;
         m_rows.Erase(rows.first, rows.first + rows.count);
     }
-    std::vector<CComboTreeItem*> removed;
-    for (CComboTreeItem* under = &item; under; under = under->GetNextUnder(item)) {
+    std::vector<ComboTreeItem*> removed;
+    for (ComboTreeItem* under = &item; under; under = under->GetNextUnder(item)) {
         removed.push_back(under);
         ForgetId(*under);
     }
     ChangeCounts(*item.m_pParent, -item.m_nChecked, -item.m_nUnchecked);
     Unlink(item);
-    for (CComboTreeItem* const under : removed)
+    for (ComboTreeItem* const under : removed)
         Bury(*under);
     return rows;
 }
 
-void ComboTree::Unlink(CComboTreeItem& item) {
-    m_pLastFound = nullptr;
-    CComboTreeItem& parent = *item.m_pParent;
-    if (parent.m_pIndex)
-        parent.m_pIndex->erase(&item);
-    CComboTreeItem* const previous = item.m_pPreviousSibling;
-    CComboTreeItem* const next = item.m_pNextSibling;
-    (previous ? previous->m_pNextSibling : parent.m_pFirstChild) = next;
-    (next ? next->m_pPreviousSibling : parent.m_pLastChild) = previous;
+void ComboTree::Unlink(ComboTreeItem& item) {
+    m_lastFound = nullptr;
+    ComboTreeItem& parent = *item.m_pParent;
+    if (parent.m_index)
+        parent.m_index->erase(&item);
+    ComboTreeItem* previous = item.m_previousSibling;
+    ComboTreeItem* next = item.m_nextSibling;
+    (previous ? previous->m_nextSibling : parent.m_firstChild) = next;
+    (next ? next->m_previousSibling : parent.m_lastChild) = previous;
 }
 
-void ComboTree::Bury(CComboTreeItem& item) {
-    item.m_pParent = item.m_pFirstChild = item.m_pLastChild = nullptr;
-    item.m_pPreviousSibling = item.m_pNextSibling = nullptr;
-    item.m_pIndex.reset();
-    std::unique_ptr<CComboTreeItem> owned(&item);
+void ComboTree::Bury(ComboTreeItem& item) {
+    item.m_pParent = item.m_firstChild = item.m_lastChild = nullptr;
+    item.m_previousSibling = item.m_nextSibling = nullptr;
+    item.m_index.reset();
+    std::unique_ptr<ComboTreeItem> owned(&item);
     if (m_keeping > 0)
         m_removed.push_back(std::move(owned));
 }
@@ -187,32 +186,32 @@ void ComboTree::EndKeeping() const {
 }
 
 void ComboTree::Clear() {
-    m_pLastFound = nullptr;
-    m_pIndex.reset();
-    m_Root.m_pIndex.reset();
+    m_lastFound = nullptr;
+    m_index.reset();
+    m_root.m_index.reset();
     m_rows.Erase(0, m_rows.Size());
-    std::vector<CComboTreeItem*> removed;
-    for (CComboTreeItem* item = m_Root.m_pFirstChild; item; item = item->GetNextUnder(m_Root))
+    std::vector<ComboTreeItem*> removed;
+    for (ComboTreeItem* item = m_root.m_firstChild; item; item = item->GetNextUnder(m_root))
         removed.push_back(item);
-    for (CComboTreeItem* const item : removed)
+    for (ComboTreeItem* const item : removed)
         Bury(*item);
-    m_Root.m_pFirstChild = m_Root.m_pLastChild = nullptr;
-    m_Root.m_nChecked = m_Root.m_nUnchecked = 0;
+    m_root.m_firstChild = m_root.m_lastChild = nullptr;
+    m_root.m_nChecked = m_root.m_nUnchecked = 0;
 }
 
-ComboTree::RowRange ComboTree::Expand(CComboTreeItem& item) {
+ComboTree::RowRange ComboTree::Expand(ComboTreeItem& item) {
     if (std::exchange(item.m_bExpanded, true) || !item.HasRow() || !item.HasChildren())
         return {};
-    std::vector<CComboTreeItem*> shown;
-    for (CComboTreeItem* under = item.m_pFirstChild; under; under = NextShownUnder(*under, item))
+    std::vector<ComboTreeItem*> shown;
+    for (ComboTreeItem* under = item.m_firstChild; under; under = NextShownUnder(*under, item))
         shown.push_back(under);
     const int row = item.GetRow() + 1;
     m_rows.Insert(row, shown);
     return {row, static_cast<int>(shown.size())};
 }
 
-ComboTree::RowRange ComboTree::Collapse(CComboTreeItem& item) {
-    if (!item.m_bExpanded || &item == &m_Root)
+ComboTree::RowRange ComboTree::Collapse(ComboTreeItem& item) {
+    if (!item.m_bExpanded || &item == &m_root)
         return {};
     RowRange rows;
     if (item.HasRow()) {
@@ -224,29 +223,29 @@ ComboTree::RowRange ComboTree::Collapse(CComboTreeItem& item) {
     return rows;
 }
 
-void ComboTree::SetCheck(CComboTreeItem& item, bool check) {
-    if (item.m_bIsValue && std::exchange(item.m_bSelected, check) != check)
+void ComboTree::SetCheck(ComboTreeItem& item, bool check) {
+    if (item.m_bIsValue && std::exchange(item.m_isSelected, check) != check)
         ChangeCounts(item, check ? 1 : -1, check ? -1 : 1);
 }
 
-void ComboTree::ChangeCounts(CComboTreeItem& item, int checked, int unchecked) {
+void ComboTree::ChangeCounts(ComboTreeItem& item, int checked, int unchecked) {
     if (checked == 0 && unchecked == 0)
         return; // a path of empty groups can be of any length
-    for (CComboTreeItem* level = &item; level; level = level->m_pParent) {
+    for (ComboTreeItem* level = &item; level; level = level->m_pParent) {
         level->m_nChecked += checked;
         level->m_nUnchecked += unchecked;
     }
 }
 
-void ComboTree::SetLabel(CComboTreeItem& item, int column, std::string text) {
+void ComboTree::SetLabel(ComboTreeItem& item, int column, std::string text) {
     if (column != 0) {
-        if (!item.m_pFurtherLabels)
-            item.m_pFurtherLabels = std::make_unique<std::map<int, std::string>>();
-        (*item.m_pFurtherLabels)[column] = std::move(text);
+        if (!item.m_furtherLabels)
+            item.m_furtherLabels = std::make_unique<std::map<int, std::string>>();
+        (*item.m_furtherLabels)[column] = std::move(text);
         return;
     }
-    m_pLastFound = nullptr;
-    CComboTreeItem::LabelIndex* const index = item.m_pParent ? item.m_pParent->m_pIndex.get() : nullptr;
+    m_lastFound = nullptr;
+    ComboTreeItem::LabelIndex* index = item.m_pParent ? item.m_pParent->m_index.get() : nullptr;
     if (index)
         index->erase(&item);
     item.m_strLabel = std::move(text);

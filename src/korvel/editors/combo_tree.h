@@ -45,65 +45,65 @@ public:
     ComboTree(const ComboTree&) = delete;
     ComboTree& operator=(const ComboTree&) = delete;
 
-    CComboTreeItem& Root() { return m_Root; }
-    const CComboTreeItem& Root() const { return m_Root; }
+    ComboTreeItem& Root() { return m_root; }
+    const ComboTreeItem& Root() const { return m_root; }
     int RowCount() const { return m_rows.Size(); }
     /// Null for a row that there is not.
-    CComboTreeItem* ItemAt(int row) const { return m_rows.Has(row) ? m_rows.At(row) : nullptr; }
+    ComboTreeItem* ItemAt(int row) const { return m_rows.Has(row) ? m_rows.At(row) : nullptr; }
 
     /// A new last child of `parent`; it has a row when `parent` and everything above it is expanded.
-    CComboTreeItem& AddValue(CComboTreeItem& parent, long id, CVariantValue&& value, std::string label);
-    CComboTreeItem& AddGroup(CComboTreeItem& parent, std::string label);
+    ComboTreeItem& AddValue(ComboTreeItem& parent, long id, CVariantValue&& value, std::string label);
+    ComboTreeItem& AddGroup(ComboTreeItem& parent, std::string label);
     /// The first child with this label, group or value, or null.
-    CComboTreeItem* FindChild(CComboTreeItem& parent, std::string_view label);
+    ComboTreeItem* FindChild(ComboTreeItem& parent, std::string_view label);
     /// The first value with this number, in the order of the rows, or null.
-    CComboTreeItem* FindValue(long id);
+    ComboTreeItem* FindValue(long id);
 
     /// A value stops being an entry: it goes, or stays as a group while other entries stand under it. Answers
     /// the row that is gone.
-    RowRange RemoveValue(CComboTreeItem& item);
+    RowRange RemoveValue(ComboTreeItem& item);
     /// The item goes, with everything under it.
-    RowRange RemoveSubTree(CComboTreeItem& item);
+    RowRange RemoveSubTree(ComboTreeItem& item);
     /// Only the root is left.
     void Clear();
 
     /// Answer the rows that came or went. An item that is not shown itself only remembers.
-    RowRange Expand(CComboTreeItem& item);
-    RowRange Collapse(CComboTreeItem& item);
+    RowRange Expand(ComboTreeItem& item);
+    RowRange Collapse(ComboTreeItem& item);
 
     /// Of a value: its own check, and the counts up to the root.
-    void SetCheck(CComboTreeItem& item, bool check);
-    static bool IsChecked(const CComboTreeItem& item) { return item.m_bSelected; }
-    void SetValue(CComboTreeItem& item, const CVariantValue& value) { item.m_Value = value; }
-    void SetLabel(CComboTreeItem& item, int column, std::string text);
+    void SetCheck(ComboTreeItem& item, bool check);
+    static bool IsChecked(const ComboTreeItem& item) { return item.m_isSelected; }
+    void SetValue(ComboTreeItem& item, const CVariantValue& value) { item.m_Value = value; }
+    void SetLabel(ComboTreeItem& item, int column, std::string text);
 
 private:
     /// By number, then in the order of the rows, which never changes between two items.
     struct ById {
         using is_transparent = void;
-        bool operator()(const CComboTreeItem* left, const CComboTreeItem* right) const;
-        bool operator()(const CComboTreeItem* item, long id) const { return item->m_Id < id; }
-        bool operator()(long id, const CComboTreeItem* item) const { return id < item->m_Id; }
+        bool operator()(const ComboTreeItem* left, const ComboTreeItem* right) const;
+        bool operator()(const ComboTreeItem* item, long id) const { return item->m_Id < id; }
+        bool operator()(long id, const ComboTreeItem* item) const { return id < item->m_Id; }
     };
-    using IdIndex = std::set<CComboTreeItem*, ById>;
+    using IdIndex = std::set<ComboTreeItem*, ById>;
 
-    CComboTreeItem& AddChild(CComboTreeItem& parent, std::unique_ptr<CComboTreeItem> child);
-    void ShowNewChild(CComboTreeItem& child);
-    static void ChangeCounts(CComboTreeItem& item, int checked, int unchecked);
-    static CComboTreeItem* NextShownUnder(const CComboTreeItem& item, const CComboTreeItem& top);
-    void Unlink(CComboTreeItem& item);
-    void Bury(CComboTreeItem& item);
-    void ForgetId(CComboTreeItem& item);
+    ComboTreeItem& AddChild(ComboTreeItem& parent, std::unique_ptr<ComboTreeItem> child);
+    void ShowNewChild(ComboTreeItem& child);
+    static void ChangeCounts(ComboTreeItem& item, int checked, int unchecked);
+    static ComboTreeItem* NextShownUnder(const ComboTreeItem& item, const ComboTreeItem& top);
+    void Unlink(ComboTreeItem& item);
+    void Bury(ComboTreeItem& item);
+    void ForgetId(ComboTreeItem& item);
     void BuildIndex();
     void EndKeeping() const;
 
-    CComboTreeItem m_Root;
+    ComboTreeItem m_root;
     ComboRows m_rows;
     std::uint64_t m_born = 0;
-    CComboTreeItem* m_pLastFound = nullptr; // by FindChild, while that is still its answer
-    std::unique_ptr<IdIndex> m_pIndex;      // the values, from the first search on
+    ComboTreeItem* m_lastFound = nullptr; // by FindChild, while that is still its answer
+    std::unique_ptr<IdIndex> m_index;     // the values, from the first search on
     mutable int m_keeping = 0;
-    mutable std::vector<std::unique_ptr<CComboTreeItem>> m_removed;
+    mutable std::vector<std::unique_ptr<ComboTreeItem>> m_removed;
 };
 
 } // namespace korvel

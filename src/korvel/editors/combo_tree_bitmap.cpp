@@ -97,7 +97,7 @@ Image Drawn(const Pixmap& pixmap) {
 
 } // namespace
 
-const Image& ComboTreeBitmap(EComboTreeCell cell) {
+const Image& ComboTreeBitmap(ComboTreeCell cell) {
     static const Image cells[] = {Drawn(ClosedGroup), Drawn(OpenGroup), Drawn(Entry)};
     return cells[static_cast<std::size_t>(cell)];
 }

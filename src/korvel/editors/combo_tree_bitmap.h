@@ -5,8 +5,8 @@
 namespace korvel {
 
 /// The cells of bitmap 15002: what stands before the label of an item in a tree.
-enum class EComboTreeCell { ClosedGroup, OpenGroup, Entry };
+enum class ComboTreeCell { ClosedGroup, OpenGroup, Entry };
 
-const Image& ComboTreeBitmap(EComboTreeCell cell);
+const Image& ComboTreeBitmap(ComboTreeCell cell);
 
 } // namespace korvel

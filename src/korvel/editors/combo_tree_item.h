@@ -16,11 +16,11 @@ namespace korvel {
 /// One row of the tree behind a CComboList: an entry of the enumeration, or a group of entries. A value that
 /// other entries stand under is both. Made and changed by the ComboTree that owns it; children stand in the
 /// order in which they came.
-class KORVEL_API CComboTreeItem {
+class KORVEL_API ComboTreeItem {
 public:
-    CComboTreeItem() = default;
-    CComboTreeItem(const CComboTreeItem&) = delete;
-    CComboTreeItem& operator=(const CComboTreeItem&) = delete;
+    ComboTreeItem() = default;
+    ComboTreeItem(const ComboTreeItem&) = delete;
+    ComboTreeItem& operator=(const ComboTreeItem&) = delete;
 
     bool IsValue() const { return m_bIsValue; }
     long GetId() const { return m_Id; } ///< -1 for a group and for the root
@@ -35,18 +35,18 @@ public:
     /// The row in the list. Without one: -1 when a Collapse took it away; the row that its parent had when it
     /// came, when it came under a closed group. So it does not tell whether there is a row: HasRow does.
     int GetRow() const;
-    bool HasRow() const { return m_pBlock != nullptr; }
+    bool HasRow() const { return m_block != nullptr; }
     /// The row of the last item that is shown at or under this one.
     int GetLastVisibleRow() const;
 
-    CComboTreeItem* GetParent() const { return m_pParent; } ///< null for the root and for a removed item
-    CComboTreeItem* GetFirstChild() const { return m_pFirstChild; }
-    CComboTreeItem* GetNextSibling() const { return m_pNextSibling; }
-    bool HasChildren() const { return m_pFirstChild != nullptr; }
+    ComboTreeItem* GetParent() const { return m_pParent; } ///< null for the root and for a removed item
+    ComboTreeItem* GetFirstChild() const { return m_firstChild; }
+    ComboTreeItem* GetNextSibling() const { return m_nextSibling; }
+    bool HasChildren() const { return m_firstChild != nullptr; }
     /// The item after this one among those that are shown, or null.
-    CComboTreeItem* GetNext() const;
+    ComboTreeItem* GetNext() const;
     /// The item after this one in the whole tree under `top`, or null. The order is that of the rows.
-    CComboTreeItem* GetNextUnder(const CComboTreeItem& top) const;
+    ComboTreeItem* GetNextUnder(const ComboTreeItem& top) const;
 
     /// Column 0 is the label. A column without a text of its own is empty.
     const std::string& GetLabel(int column = 0) const;
@@ -58,14 +58,14 @@ private:
 
     struct ByLabel {
         using is_transparent = void;
-        bool operator()(const CComboTreeItem* left, const CComboTreeItem* right) const;
-        bool operator()(const CComboTreeItem* item, std::string_view label) const;
-        bool operator()(std::string_view label, const CComboTreeItem* item) const;
+        bool operator()(const ComboTreeItem* left, const ComboTreeItem* right) const;
+        bool operator()(const ComboTreeItem* item, std::string_view label) const;
+        bool operator()(std::string_view label, const ComboTreeItem* item) const;
     };
-    using LabelIndex = std::set<CComboTreeItem*, ByLabel>;
+    using LabelIndex = std::set<ComboTreeItem*, ByLabel>;
 
     bool m_bIsValue = false;
-    bool m_bSelected = false; // a value's own check
+    bool m_isSelected = false; // a value's own check
     bool m_bExpanded = false;
     long m_Id = -1;
     CVariantValue m_Value;
@@ -74,16 +74,16 @@ private:
     int m_nChecked = 0;
     int m_nUnchecked = 0;
     std::string m_strLabel;
-    std::unique_ptr<std::map<int, std::string>> m_pFurtherLabels; // hardly any item has one
+    std::unique_ptr<std::map<int, std::string>> m_furtherLabels; // hardly any item has one
 
-    CComboTreeItem* m_pParent = nullptr;
-    CComboTreeItem* m_pFirstChild = nullptr;
-    CComboTreeItem* m_pLastChild = nullptr;
-    CComboTreeItem* m_pPreviousSibling = nullptr;
-    CComboTreeItem* m_pNextSibling = nullptr;
-    ComboRows::Block* m_pBlock = nullptr; // where its row is kept
-    std::uint64_t m_order = 0;            // counts on with every item of the tree: orders siblings
-    std::unique_ptr<LabelIndex> m_pIndex; // the children by label, from the first search on
+    ComboTreeItem* m_pParent = nullptr;
+    ComboTreeItem* m_firstChild = nullptr;
+    ComboTreeItem* m_lastChild = nullptr;
+    ComboTreeItem* m_previousSibling = nullptr;
+    ComboTreeItem* m_nextSibling = nullptr;
+    ComboRows::Block* m_block = nullptr; // where its row is kept
+    std::uint64_t m_order = 0;           // counts on with every item of the tree: orders siblings
+    std::unique_ptr<LabelIndex> m_index; // the children by label, from the first search on
 };
 
 } // namespace korvel

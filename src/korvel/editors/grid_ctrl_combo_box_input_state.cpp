@@ -34,7 +34,7 @@ void IGridCtrlComboBoxInputState::SetCurrent(int row) {
 }
 
 void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
-    CComboList* const list = m_pList; // telling of the change may detach this state
+    CComboList* list = m_pList; // telling of the change may detach this state
     if (list && row != -1) {
         list->SetItemState(row, highlighted ? LVIS_SELECTED : 0, LVIS_SELECTED);
         list->RedrawRow(row);
@@ -58,21 +58,21 @@ void IGridCtrlComboBoxInputState::Detach() {
     m_nCurrent = -1;
 }
 
-CComboTreeItem* IGridCtrlComboBoxInputState::ItemAt(int row) const {
+ComboTreeItem* IGridCtrlComboBoxInputState::ItemAt(int row) const {
     return m_pList ? m_pList->GetTreeItem(row) : nullptr;
 }
 
-CComboTreeItem* IGridCtrlComboBoxInputState::CurrentItem() const {
+ComboTreeItem* IGridCtrlComboBoxInputState::CurrentItem() const {
     return ItemAt(m_nCurrent);
 }
 
 int IGridCtrlComboBoxInputState::HitRow(CPoint point) const {
-    constexpr int insideColumn = 4;
-    return m_pList->HitTest({insideColumn, point.y});
+    constexpr int InsideColumn = 4;
+    return m_pList->HitTest({InsideColumn, point.y});
 }
 
-/// An empty list is left with row 0 as the current one, which it has not: kept. Nothing is found there.
-void IGridCtrlComboBoxInputState::Move(int delta, EApply apply) {
+// An empty list is left with row 0 as the current one, which it has not: kept. Nothing is found there.
+void IGridCtrlComboBoxInputState::Move(int delta, ApplyMode apply) {
     Highlight(m_nCurrent, false);
     if (!m_pList)
         return;
@@ -81,7 +81,7 @@ void IGridCtrlComboBoxInputState::Move(int delta, EApply apply) {
     Highlight(m_nCurrent, true);
     if (m_pList)
         m_pList->EnsureVisible(m_nCurrent, false);
-    if (apply == EApply::Yes)
+    if (apply == ApplyMode::Yes)
         Apply();
 }
 
@@ -102,11 +102,11 @@ void IGridCtrlComboBoxInputState::SendFinished() {
         m_pList->SendParentComboMessage(ComboListFinished);
 }
 
-bool IGridCtrlComboBoxInputState::Hits(Region region, const CComboTreeItem& item, CPoint point) const {
+bool IGridCtrlComboBoxInputState::Hits(Region region, const ComboTreeItem& item, CPoint point) const {
     return m_pList && (m_pList->*region)(item).PtInRect(point) && m_pList;
 }
 
-void IGridCtrlComboBoxInputState::ToggleExpanded(CComboTreeItem& item) {
+void IGridCtrlComboBoxInputState::ToggleExpanded(ComboTreeItem& item) {
     if (item.IsExpanded())
         m_pList->Collapse(&item);
     else
@@ -114,14 +114,14 @@ void IGridCtrlComboBoxInputState::ToggleExpanded(CComboTreeItem& item) {
 }
 
 void IGridCtrlComboBoxInputState::ExpandByKey(UINT key) {
-    CComboTreeItem* const item = CurrentItem();
+    ComboTreeItem* item = CurrentItem();
     if (item && key == VK_LEFT)
         m_pList->Collapse(item);
     else if (item && key == VK_RIGHT)
         m_pList->Expand(item);
 }
 
-bool IGridCtrlComboBoxInputState::PressTreeButton(CComboTreeItem& item, CPoint point) {
+bool IGridCtrlComboBoxInputState::PressTreeButton(ComboTreeItem& item, CPoint point) {
     if (!Hits(&CComboList::GetRectTreeBox, item, point))
         return false;
     ToggleExpanded(item);

@@ -6,7 +6,7 @@
 namespace korvel {
 
 class CComboList;
-class CComboTreeItem;
+class ComboTreeItem;
 
 /// What a click or a key means in a CComboList. The list makes one state when it is built, by what its
 /// enumeration wants, and hands it every mouse and key event; a state knows its list and the current row
@@ -49,27 +49,27 @@ public:
 protected:
     /// Null when the host has ended the binding meanwhile.
     CComboList* List() const { return m_pList; }
-    CComboTreeItem* CurrentItem() const;
-    CComboTreeItem* ItemAt(int row) const;
+    ComboTreeItem* CurrentItem() const;
+    ComboTreeItem* ItemAt(int row) const;
     /// The row at this height, wherever the pointer is in it; -1: none.
     int HitRow(CPoint point) const;
 
-    enum class EApply { No, Yes };
-    void Move(int delta, EApply apply);
+    enum class ApplyMode { No, Yes };
+    void Move(int delta, ApplyMode apply);
     /// Selects what the current row stands for, and tells the owner.
     void Apply();
     void SendChanged();
     void SendFinished();
     /// Opens or closes, and repaints the row.
-    void ToggleExpanded(CComboTreeItem& item);
+    void ToggleExpanded(ComboTreeItem& item);
     /// Left closes the current item, right opens it.
     void ExpandByKey(UINT key);
     /// A part of the item's row. False also when the host, who is asked where it stands, has detached the
     /// state.
-    using Region = CRect (CComboList::*)(const CComboTreeItem& item) const;
-    bool Hits(Region region, const CComboTreeItem& item, CPoint point) const;
+    using Region = CRect (CComboList::*)(const ComboTreeItem& item) const;
+    bool Hits(Region region, const ComboTreeItem& item, CPoint point) const;
     /// A press where the tree button stands opens or closes the item. False elsewhere.
-    bool PressTreeButton(CComboTreeItem& item, CPoint point);
+    bool PressTreeButton(ComboTreeItem& item, CPoint point);
 
 private:
     void Highlight(int row, bool highlighted);

@@ -24,7 +24,7 @@ public:
     void Step(int delta) override;
 
 private:
-    void Toggle(CComboTreeItem& item);
+    void Toggle(ComboTreeItem& item);
 };
 
 /// A plain list that stands in a dialog: a click takes its row.
@@ -56,7 +56,7 @@ public:
     void Step(int delta) override;
 
 private:
-    void SetCheck(CComboTreeItem& item, bool check);
+    void SetCheck(ComboTreeItem& item, bool check);
 };
 
 } // namespace korvel

@@ -10,7 +10,7 @@ constexpr CSize Room{256, 256};
 constexpr int Border = 1;
 constexpr LRESULT NoActivation = 3; // what WM_MOUSEACTIVATE answers
 
-/// Held on the screen when it begins there; the system tells the size of the first screen only.
+// Held on the screen when it begins there; the system tells the size of the first screen only.
 int Held(int position, int size, int screen) {
     return position < screen ? std::max(0, std::min(position, screen - size)) : position;
 }

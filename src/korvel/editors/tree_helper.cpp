@@ -9,7 +9,7 @@ namespace korvel {
 
 namespace {
 
-void MoveNodes(CTreeHelper::SNodeMap& level, std::vector<CTreeHelper::SNodePtr>& nodes) {
+void MoveNodes(CTreeHelper::NodeMap& level, std::vector<CTreeHelper::SNodePtr>& nodes) {
     for (auto& [name, node] : level)
         nodes.push_back(std::move(node));
     level.clear();
@@ -17,7 +17,7 @@ void MoveNodes(CTreeHelper::SNodeMap& level, std::vector<CTreeHelper::SNodePtr>&
 
 } // namespace
 
-/// Takes the subtree apart level by level: a path of many thousand segments would exhaust the stack.
+// Takes the subtree apart level by level: a path of many thousand segments would exhaust the stack.
 CTreeHelper::SNode::~SNode() {
     std::vector<SNodePtr> nodes;
     MoveNodes(m_Children, nodes);
@@ -30,11 +30,11 @@ CTreeHelper::SNode::~SNode() {
 }
 
 CTreeHelper::CTreeHelper(bool useSeparator, char separator)
-    : m_Separator(separator), m_bUseSeparator(useSeparator), m_pRoot(std::make_unique<SNodeMap>()) {}
+    : m_Separator(separator), m_bUseSeparator(useSeparator), m_pRoot(std::make_unique<NodeMap>()) {}
 
 CTreeHelper::CTreeHelper(const CTreeHelper& other)
     : m_Separator(other.m_Separator), m_bUseSeparator(other.m_bUseSeparator),
-      m_pRoot(std::make_unique<SNodeMap>(*other.m_pRoot)) {}
+      m_pRoot(std::make_unique<NodeMap>(*other.m_pRoot)) {}
 
 CTreeHelper& CTreeHelper::operator=(const CTreeHelper& other) {
     CTreeHelper copy(other);
@@ -66,7 +66,7 @@ void CTreeHelper::InsertItem(const std::list<std::string>& segments, const CVari
         node->m_Value = value;
 }
 
-CTreeHelper::SNodePtr& CTreeHelper::NodeAt(SNodeMap& level, const std::string& name) {
+CTreeHelper::SNodePtr& CTreeHelper::NodeAt(NodeMap& level, const std::string& name) {
     SNodePtr& node = level[name];
     if (!node) {
         node = std::make_shared<SNode>();
@@ -76,7 +76,7 @@ CTreeHelper::SNodePtr& CTreeHelper::NodeAt(SNodeMap& level, const std::string& n
 }
 
 CVariantValue CTreeHelper::Add(EDataTyps type, const std::string& base, const std::string& path) const {
-    const SNodeMap* level = m_pRoot.get();
+    const NodeMap* level = m_pRoot.get();
     std::string prefix;
     if (m_bUseSeparator) {
         for (const std::string& segment : SplitStringName(path, m_Separator)) {
@@ -100,7 +100,7 @@ void CTreeHelper::AppendSegment(std::string& path, const std::string& segment) c
     path += segment;
 }
 
-CVariantValue CTreeHelper::AddNode(EDataTyps type, const std::string& base, const SNodeMap* level,
+CVariantValue CTreeHelper::AddNode(EDataTyps type, const std::string& base, const NodeMap* level,
                                    const std::string& prefix) {
     CVariantValue value;
     value.Type = type;

@@ -21,12 +21,12 @@ class KORVEL_API CTreeHelper {
 public:
     struct SNode;
     using SNodePtr = std::shared_ptr<SNode>;
-    using SNodeMap = std::map<std::string, SNodePtr>; // by name, in byte order
+    using NodeMap = std::map<std::string, SNodePtr>; // by name, in byte order
 
     struct KORVEL_API SNode {
         ~SNode();
         bool m_bIsGroup = false;
-        SNodeMap m_Children;
+        NodeMap m_Children;
         CVariantValue m_Value;
         std::string m_strName;
     };
@@ -48,18 +48,18 @@ public:
     /// See SplitPathName.
     std::list<std::string> SplitStringName(const std::string& name, char separator) const;
 
-    const SNodeMap& GetRoot() const { return *m_pRoot; }
+    const NodeMap& GetRoot() const { return *m_pRoot; }
 
 private:
     void InsertItem(const std::list<std::string>& segments, const CVariantValue& value);
-    static SNodePtr& NodeAt(SNodeMap& level, const std::string& name);
-    static CVariantValue AddNode(EDataTyps type, const std::string& base, const SNodeMap* level,
+    static SNodePtr& NodeAt(NodeMap& level, const std::string& name);
+    static CVariantValue AddNode(EDataTyps type, const std::string& base, const NodeMap* level,
                                  const std::string& prefix);
     void AppendSegment(std::string& path, const std::string& segment) const;
 
     char m_Separator;
     bool m_bUseSeparator;
-    std::unique_ptr<SNodeMap> m_pRoot;
+    std::unique_ptr<NodeMap> m_pRoot;
 };
 
 } // namespace korvel

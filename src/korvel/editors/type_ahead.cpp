@@ -7,8 +7,8 @@ namespace korvel {
 using namespace std::chrono_literals;
 
 TypeAhead::Search TypeAhead::Type(char character, std::chrono::milliseconds now) {
-    constexpr auto pause = 1s;
-    if (now - m_last > pause)
+    constexpr auto Pause = 1s;
+    if (now - m_last > Pause)
         m_typed.clear();
     const bool isControl = static_cast<unsigned char>(character) < ' ' || character == '\x7F';
     if (isControl || (character == ' ' && m_typed.empty()))

@@ -15,38 +15,38 @@ using Info = CItemInfo;
 
 constexpr unsigned TypeBitAlpha = 0x1000; // of a colour
 
-struct SMeaningRow {
-    EMeaning meaning;
-    ECellText text;
+struct MeaningRow {
+    ValueMeaning meaning;
+    CellText text;
     Info::CONTROLTYPE control;
 };
 
-constexpr SMeaningRow Meanings[] = {
-    {EMeaning::Angle, ECellText::Value, Info::ctAngle},
-    {EMeaning::List, ECellText::Value, Info::ctList},
-    {EMeaning::Date, ECellText::Value, Info::ctDate},
-    {EMeaning::FileName, ECellText::TextField, Info::ctFile},
-    {EMeaning::Range, ECellText::Value, Info::ctRange},
-    {EMeaning::Random, ECellText::Value, Info::ctRandom},
+constexpr MeaningRow Meanings[] = {
+    {ValueMeaning::Angle, CellText::Value, Info::ctAngle},
+    {ValueMeaning::List, CellText::Value, Info::ctList},
+    {ValueMeaning::Date, CellText::Value, Info::ctDate},
+    {ValueMeaning::FileName, CellText::TextField, Info::ctFile},
+    {ValueMeaning::Range, CellText::Value, Info::ctRange},
+    {ValueMeaning::Random, CellText::Value, Info::ctRandom},
 };
 
-std::optional<SCellConversion> Shown(const STypeRow& row) {
+std::optional<CellConversion> Shown(const TypeRow& row) {
     switch (row.Storage) {
-    case EStorage::None:
-    case EStorage::Group:
+    case ValueStorage::None:
+    case ValueStorage::Group:
         return std::nullopt;
-    case EStorage::Bool:
-        return SCellConversion{ECellText::Nothing, Info::ctCheck, row.Service};
-    case EStorage::Color:
-        return SCellConversion{ECellText::ColorWord,
-                               row.Type & TypeBitAlpha ? Info::ctColorAlpha : Info::ctColor, row.Service};
+    case ValueStorage::Bool:
+        return CellConversion{CellText::Nothing, Info::ctCheck, row.Service};
+    case ValueStorage::Color:
+        return CellConversion{CellText::ColorWord,
+                              row.Type & TypeBitAlpha ? Info::ctColorAlpha : Info::ctColor, row.Service};
     default:
         break;
     }
-    for (const SMeaningRow& meaning : Meanings)
+    for (const MeaningRow& meaning : Meanings)
         if (meaning.meaning == row.Meaning)
-            return SCellConversion{meaning.text, meaning.control, row.Service};
-    return SCellConversion{ECellText::Value, Info::ctEdit, row.Service};
+            return CellConversion{meaning.text, meaning.control, row.Service};
+    return CellConversion{CellText::Value, Info::ctEdit, row.Service};
 }
 
 CString HexWord(std::uint32_t word) {
@@ -57,13 +57,13 @@ CString HexWord(std::uint32_t word) {
 
 } // namespace
 
-std::optional<SCellConversion> FindCellConversion(EDataTyps type) {
+std::optional<CellConversion> FindCellConversion(EDataTyps type) {
     const bool isListOrGroup = type & (TypeBitList | DT_Group);
     if (type & TypeBitButton && !isListOrGroup)
-        return SCellConversion{ECellText::TextField, Info::ctButton, EFormatService::None};
+        return CellConversion{CellText::TextField, Info::ctButton, FormatService::None};
     if (type & TypeBitTextForm && !isListOrGroup)
-        return SCellConversion{ECellText::TextField, Info::ctEdit, EFormatService::None};
-    const STypeRow* row = FindTypeRow(type);
+        return CellConversion{CellText::TextField, Info::ctEdit, FormatService::None};
+    const TypeRow* row = FindTypeRow(type);
     return row ? Shown(*row) : std::nullopt;
 }
 
@@ -73,30 +73,30 @@ void ConvertCell(const CVariantValue& value, CString& text, Info::CONTROLTYPE& c
     if (!conversion)
         return;
     switch (conversion->text) {
-    case ECellText::Value:
+    case CellText::Value:
         text = value.ToText();
         break;
-    case ECellText::TextField:
+    case CellText::TextField:
         text = value.Text;
         break;
-    case ECellText::ColorWord:
+    case CellText::ColorWord:
         text = HexWord(value.Value.UInt);
         break;
-    case ECellText::Nothing:
+    case CellText::Nothing:
         text.clear();
         break;
     }
 }
 
-EFormatService FormatServiceOf(const CVariantValue& value) {
+FormatService FormatServiceOf(const CVariantValue& value) {
     EDataTyps type = value.Type;
     if (type & TypeBitList) {
         if (!value.EnumValue)
-            return EFormatService::None;
+            return FormatService::None;
         type = value.EnumValue->GetDataType();
     }
     const auto conversion = FindCellConversion(type);
-    return conversion ? conversion->service : EFormatService::None;
+    return conversion ? conversion->service : FormatService::None;
 }
 
 void UnescapeDashes(const CVariantValue& value, CString& text) {

@@ -9,7 +9,7 @@
 namespace korvel {
 
 /// What the text of a cell is made of.
-enum class ECellText {
+enum class CellText {
     Value,     // the user-facing text of the value
     TextField, // the value's Text field as it stands
     ColorWord, // "0x" and the colour word in lower-case hexadecimal, unpadded
@@ -17,14 +17,14 @@ enum class ECellText {
 };
 
 /// How values of one type are shown in a cell.
-struct SCellConversion {
-    ECellText text = ECellText::Value;
+struct CellConversion {
+    CellText text = CellText::Value;
     CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
-    EFormatService service = EFormatService::None; // whose change of format puts the text out of date
+    FormatService service = FormatService::None; // whose change of format puts the text out of date
 };
 
 /// Nothing for the types that a cell does not show: groups, void, and what is no type.
-std::optional<SCellConversion> FindCellConversion(EDataTyps type);
+std::optional<CellConversion> FindCellConversion(EDataTyps type);
 
 /// Writes the text of a cell, and its editor. A type that a cell does not show leaves the text as it is and
 /// gives ctEdit. What the formatters throw passes through.
@@ -35,7 +35,7 @@ std::optional<SCellConversion> FindCellConversion(EDataTyps type);
 void ConvertCell(const CVariantValue& value, CString& text, CItemInfo::CONTROLTYPE& control);
 
 /// The service for a value: for a list that of its entries.
-EFormatService FormatServiceOf(const CVariantValue& value);
+FormatService FormatServiceOf(const CVariantValue& value);
 
 /// Takes the escapes off the dashes of a list text whose entries are paths.
 void UnescapeDashes(const CVariantValue& value, CString& text);

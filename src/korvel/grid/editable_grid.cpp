@@ -9,7 +9,7 @@ namespace korvel {
 
 namespace {
 
-/// Raises a flag for its lifetime.
+// Raises a flag for its lifetime.
 class Rebinding {
 public:
     explicit Rebinding(bool& flag) : m_flag(flag) { m_flag = true; }
@@ -112,7 +112,7 @@ void CEditableGrid::Clear() {
     CtrlClear();
     // The sinks must live until the observer has let go of them; nothing that it tells meanwhile adds rows.
     auto groups = std::exchange(m_Groups, {});
-    IMemberDispatch* const root = std::exchange(m_pRootDisp, nullptr);
+    IMemberDispatch* root = std::exchange(m_pRootDisp, nullptr);
     if (m_pObserver) {
         for (auto& [sub, group] : groups)
             m_pObserver->RemoveSink(sub, &group.sink);
@@ -159,7 +159,7 @@ void CEditableGrid::SetLayoutSingleAttrColumn() {
 }
 
 void CEditableGrid::SetGridLayout(EGridLayout layout) {
-    IMemberDispatch* const root = m_pRootDisp;
+    IMemberDispatch* root = m_pRootDisp;
     Clear();
     m_Layout = layout;
     if (root)
@@ -198,7 +198,7 @@ CEditableGrid::CTreeItem* CEditableGrid::LookupTreeItem(IMemberDispatch* disp,
     return m_Items.Find(disp, name).node;
 }
 
-CEditableGrid::SShown CEditableGrid::FindShown(IMemberDispatch* disp) const {
+CEditableGrid::ShownObject CEditableGrid::FindShown(IMemberDispatch* disp) const {
     if (disp && disp == m_pRootDisp)
         return {true, nullptr};
     CTreeItem* row = disp ? LookupTreeItem(disp) : nullptr;

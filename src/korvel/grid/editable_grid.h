@@ -18,7 +18,7 @@
 
 namespace korvel {
 
-class IGroupPresentation;
+class GroupPresentation;
 
 enum EGridLayout {
     eSingleAttrColumn = 0, // a row is a member: its name, its value
@@ -28,7 +28,7 @@ enum EGridLayout {
 enum EImplementationDetail : std::uint32_t {};
 
 /// Bits of the image style.
-enum EImageStyle : std::uint32_t {
+enum ImageStyle : std::uint32_t {
     IS_AskParent = 1, // the parent names the images of rows, by WM_GET_IMAGEINDEX
 };
 
@@ -38,7 +38,7 @@ struct SColumnInfo {
 };
 
 /// What WM_GET_IMAGEINDEX carries (lParam).
-struct SImageIndex {
+struct ImageIndex {
     int index = 0; // in: what the grid would take; out: the parent's choice
     const std::string* name = nullptr;
     IMemberDispatch* disp = nullptr;
@@ -58,7 +58,7 @@ struct SImageIndex {
 /// never changes rows by itself: it changes the object and tells the observer, and the host answers through
 /// the sink. Objects that throw or know nothing of a member show an empty value. An object within itself
 /// shows as a group without members. A null observer or object is tolerated everywhere.
-class KORVEL_API CEditableGrid : public CSuperGridCtrl, private IFormatSink {
+class KORVEL_API CEditableGrid : public CSuperGridCtrl, private FormatSink {
 public:
     CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations);
     ~CEditableGrid() override;
@@ -167,8 +167,9 @@ protected:
     void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
 
     /// A nested object that is shown: the sink that the host was given, and the row.
-    struct SGroup {
-        SGroup(IMemberDispatch* disp, CEditableGrid* grid, CTreeItem* row) : sink(disp, grid), node(row) {}
+    struct ShownGroup {
+        ShownGroup(IMemberDispatch* disp, CEditableGrid* grid, CTreeItem* row)
+            : sink(disp, grid), node(row) {}
         IOpenGLDispatchSinkImp sink;
         CTreeItem* node;
     };
@@ -178,8 +179,8 @@ protected:
     IMemberDispatch* m_pRootDisp = nullptr;
     IObserverGrid* m_pObserver;
     IEnumContainer* m_pEnumContainer;
-    std::map<IMemberDispatch*, SGroup> m_Groups; // the observer hears them in this order
-    MemberIndex m_Items;                         // carries the registration with format services as well
+    std::map<IMemberDispatch*, ShownGroup> m_Groups; // the observer hears them in this order
+    MemberIndex m_Items;                             // carries the registration with format services as well
 
     bool m_AllowRemove = true;
     bool m_AllowRename = true;
@@ -199,7 +200,7 @@ protected:
     std::vector<SColumnInfo> m_ColumnInfo;
 
 private:
-    void OnFormatChanged(EFormatService service) override;
+    void OnFormatChanged(FormatService service) override;
 
     void SetGridLayout(EGridLayout layout);
     void InsertColumns(const std::string& nameTitle, const std::string& valueTitle);
@@ -215,36 +216,36 @@ private:
                           const CVariantValue& value);
     CTreeItem* AddMemberNode(CTreeItem* parent, CItemInfo* info, int position);
     int AskImage(int image, const std::string& name, IMemberDispatch* disp) const;
-    static IGroupPresentation* PresentationOf(IMemberDispatch& sub);
+    static GroupPresentation* PresentationOf(IMemberDispatch& sub);
     void ShowPresentation(CItemInfo& info, IMemberDispatch& sub) const;
     bool IsShownAbove(const CTreeItem* parent, const IMemberDispatch* sub) const;
     void EnterGroup(IMemberDispatch* sub, CTreeItem* row);
-    void FileRow(IMemberDispatch* disp, const std::string& name, CTreeItem* row, EFormatService service);
+    void FileRow(IMemberDispatch* disp, const std::string& name, CTreeItem* row, FormatService service);
 
     /// What a cell shows of a value.
-    struct SCell {
+    struct CellContent {
         CString text;
         CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
         COLORREF color = CItemInfo::NoColor;
     };
-    SCell MakeCell(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
-    static void StoreCell(CItemInfo& info, int cell, SCell content);
+    CellContent MakeCell(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
+    static void StoreCell(CItemInfo& info, int cell, CellContent content);
     static void MoveCell(CItemInfo& info, int from, int to);
     void WriteFlagThrough(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
-    static EFormatService ServiceOf(const CVariantValue& value);
-    void Register(IMemberDispatch* disp, const std::string& name, EFormatService service);
+    static FormatService ServiceOf(const CVariantValue& value);
+    void Register(IMemberDispatch* disp, const std::string& name, FormatService service);
     /// Listens to exactly those services on which a member's text depends.
     void UpdateSubscriptions();
 
     /// Whether the grid shows the object, and the row whose children its members are (null for the root).
-    struct SShown {
+    struct ShownObject {
         bool isShown;
         CTreeItem* row;
     };
-    SShown FindShown(IMemberDispatch* disp) const;
+    ShownObject FindShown(IMemberDispatch* disp) const;
     std::string MemberOfCell(const CTreeItem& node, int column) const;
 
-    std::vector<EFormatService> m_subscriptions;
+    std::vector<FormatService> m_subscriptions;
     bool m_isRebinding = false; // in Initialize or Clear: what is called from within begins neither anew
     std::set<std::pair<IMemberDispatch*, std::string>> m_flagsInWriting;
 };

@@ -8,19 +8,19 @@ namespace korvel {
 
 namespace {
 
-constexpr EFormatService AllServices[] = {EFormatService::Number, EFormatService::Angle, EFormatService::Date,
-                                          EFormatService::Station, EFormatService::ManDays};
+constexpr FormatService AllServices[] = {FormatService::Number, FormatService::Angle, FormatService::Date,
+                                         FormatService::Station, FormatService::ManDays};
 
-EFormatService ServiceOfType(EDataTyps type) {
+FormatService ServiceOfType(EDataTyps type) {
     const auto conversion = FindCellConversion(type);
-    return conversion ? conversion->service : EFormatService::None;
+    return conversion ? conversion->service : FormatService::None;
 }
 
 } // namespace
 
-EFormatService CEditableGrid::ServiceOf(const CVariantValue& value) {
+FormatService CEditableGrid::ServiceOf(const CVariantValue& value) {
     return ReadOr(
-        EFormatService::None, [&] { return FormatServiceOf(value); });
+        FormatService::None, [&] { return FormatServiceOf(value); });
 }
 
 void CEditableGrid::AddSink(EDataTyps type, IMemberDispatch* disp, const std::string& name) {
@@ -28,21 +28,21 @@ void CEditableGrid::AddSink(EDataTyps type, IMemberDispatch* disp, const std::st
 }
 
 bool CEditableGrid::RemoveSink(EDataTyps type, IMemberDispatch* disp, const std::string& name) {
-    const EFormatService registered = m_Items.Find(disp, name).service;
+    const FormatService registered = m_Items.Find(disp, name).service;
     const bool isList = type & TypeBitList;
-    if (registered == EFormatService::None || (!isList && registered != ServiceOfType(type)))
+    if (registered == FormatService::None || (!isList && registered != ServiceOfType(type)))
         return false;
-    Register(disp, name, EFormatService::None);
+    Register(disp, name, FormatService::None);
     return true;
 }
 
-void CEditableGrid::Register(IMemberDispatch* disp, const std::string& name, EFormatService service) {
+void CEditableGrid::Register(IMemberDispatch* disp, const std::string& name, FormatService service) {
     if (m_Items.SetService(disp, name, service))
         UpdateSubscriptions();
 }
 
 void CEditableGrid::UpdateSubscriptions() {
-    for (const EFormatService service : AllServices) {
+    for (const FormatService service : AllServices) {
         const auto known = std::find(m_subscriptions.begin(), m_subscriptions.end(), service);
         const bool isNeeded = m_Items.CountOf(service) > 0;
         if (isNeeded == (known != m_subscriptions.end()))
@@ -57,7 +57,7 @@ void CEditableGrid::UpdateSubscriptions() {
     }
 }
 
-void CEditableGrid::OnFormatChanged(EFormatService service) {
+void CEditableGrid::OnFormatChanged(FormatService service) {
     const RedrawPause pause(*this);
     for (const auto& [disp, name] : m_Items.MembersOf(service)) {
         if (!LookupTreeItem(disp, name))

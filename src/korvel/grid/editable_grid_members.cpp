@@ -73,7 +73,7 @@ CEditableGrid::CTreeItem* CEditableGrid::AddMemberNode(CTreeItem* parent, CItemI
 int CEditableGrid::AskImage(int image, const std::string& name, IMemberDispatch* disp) const {
     if (!(m_ImageStyle & IS_AskParent))
         return image;
-    SImageIndex question{image, &name, disp};
+    ImageIndex question{image, &name, disp};
     korvel::SendMessageA(korvel::GetParent(m_hWnd), WM_GET_IMAGEINDEX, 0,
                          reinterpret_cast<LPARAM>(&question));
     return question.index;
@@ -90,7 +90,7 @@ void CEditableGrid::InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int po
         ShowPresentation(*info, *sub);
     if (GetRemovalCount() != removals)
         return;
-    CTreeItem* const row = AddMemberNode(parent, info.release(), position);
+    CTreeItem* row = AddMemberNode(parent, info.release(), position);
     if (sub && !IsShownAbove(parent, sub) && row->indent() < DeepestLevel) {
         EnterGroup(sub, row);
         if (GetRemovalCount() == removals)
@@ -98,7 +98,7 @@ void CEditableGrid::InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int po
         if (GetRemovalCount() != removals)
             return;
     }
-    FileRow(disp, name, row, EFormatService::None);
+    FileRow(disp, name, row, FormatService::None);
 }
 
 bool CEditableGrid::IsShownAbove(const CTreeItem* parent, const IMemberDispatch* sub) const {
@@ -114,15 +114,15 @@ void CEditableGrid::EnterGroup(IMemberDispatch* sub, CTreeItem* row) {
         m_pObserver->AddSink(sub, &group->second.sink);
 }
 
-IGroupPresentation* CEditableGrid::PresentationOf(IMemberDispatch& sub) {
-    auto* presentation = dynamic_cast<IGroupPresentation*>(sub.m_pEnumValue);
+GroupPresentation* CEditableGrid::PresentationOf(IMemberDispatch& sub) {
+    auto* presentation = dynamic_cast<GroupPresentation*>(sub.m_pEnumValue);
     const bool showsText =
         presentation && ReadOr(false, [&] { return presentation->GetPresentationKind() == 1; });
     return showsText ? presentation : nullptr;
 }
 
 void CEditableGrid::ShowPresentation(CItemInfo& info, IMemberDispatch& sub) const {
-    IGroupPresentation* presentation = PresentationOf(sub);
+    GroupPresentation* presentation = PresentationOf(sub);
     if (!presentation)
         return;
     const auto textOf = [&](const char* column) {
@@ -143,9 +143,9 @@ void CEditableGrid::ShowPresentation(CItemInfo& info, IMemberDispatch& sub) cons
     }
 }
 
-CEditableGrid::SCell CEditableGrid::MakeCell(IMemberDispatch& disp, const std::string& name,
-                                             const CVariantValue& value) {
-    SCell cell;
+CEditableGrid::CellContent CEditableGrid::MakeCell(IMemberDispatch& disp, const std::string& name,
+                                                   const CVariantValue& value) {
+    CellContent cell;
     ReadOr(false, [&] {
         ConvertToOutput(&disp, name, value, cell.text, cell.control);
         UnescapeDashes(value, cell.text);
@@ -156,7 +156,7 @@ CEditableGrid::SCell CEditableGrid::MakeCell(IMemberDispatch& disp, const std::s
     return cell;
 }
 
-void CEditableGrid::StoreCell(CItemInfo& info, int cell, SCell content) {
+void CEditableGrid::StoreCell(CItemInfo& info, int cell, CellContent content) {
     if (cell < 0)
         return; // a member named as the tree's column has no cell
     info.SetSubItem(cell, std::move(content.text));
@@ -172,7 +172,7 @@ void CEditableGrid::InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, in
     info->text = name;
     StoreCell(*info, 0, MakeCell(disp, name, value));
     info->SetCellEnabled(0, ReadMemberEditable(disp, name));
-    const EFormatService service = ServiceOf(value);
+    const FormatService service = ServiceOf(value);
     if (GetRemovalCount() == removals)
         FileRow(&disp, name, AddMemberNode(parent, info.release(), position), service);
 }
@@ -180,21 +180,21 @@ void CEditableGrid::InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, in
 void CEditableGrid::InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
                                      const CVariantValue& value) {
     const unsigned removals = GetRemovalCount();
-    SCell cell = MakeCell(disp, name, value);
+    CellContent cell = MakeCell(disp, name, value);
     const bool isEditable = ReadMemberEditable(disp, name);
-    const EFormatService service = ServiceOf(value);
+    const FormatService service = ServiceOf(value);
     if (GetRemovalCount() != removals)
         return;
     StoreCell(*row.info, GetSubItem(name) - 1, std::move(cell));
     // Kept: whatever its column, a member's protection greys the first value cell.
     row.info->SetCellEnabled(0, isEditable);
-    if (m_Items.AddCell(&disp, name, &row, service) && service != EFormatService::None)
+    if (m_Items.AddCell(&disp, name, &row, service) && service != FormatService::None)
         UpdateSubscriptions();
     RefreshRowTexts(&row);
 }
 
 void CEditableGrid::FileRow(IMemberDispatch* disp, const std::string& name, CTreeItem* row,
-                            EFormatService service) {
+                            FormatService service) {
     const bool isFirst = m_Items.CountOf(service) == 0;
     if (m_Items.AddRow(disp, name, row, service) && isFirst)
         UpdateSubscriptions();
@@ -208,7 +208,7 @@ void CEditableGrid::RemoveDispMember(CTreeItem*, IMemberDispatch* disp, const st
         return;
     const RedrawPause pause(*this);
     if (found.isCell) {
-        StoreCell(*found.node->info, GetSubItem(name) - 1, SCell());
+        StoreCell(*found.node->info, GetSubItem(name) - 1, CellContent());
         m_Items.Remove(disp, name);
     } else {
         TakeNode(found.node);

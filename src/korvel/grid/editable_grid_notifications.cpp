@@ -12,13 +12,13 @@ void CEditableGrid::OnChangeIdent(const std::string&, const std::string&) {}
 
 void CEditableGrid::OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
     const ModuleStateGuard guard;
-    CTreeItem* const node = LookupTreeItem(disp, name);
+    CTreeItem* node = LookupTreeItem(disp, name);
     if (!node)
         return;
     const unsigned removals = GetRemovalCount();
     const EDataTyps type = ReadMemberType(*disp, name);
     const bool isFlag = type == DT_Bool;
-    SCell cell;
+    CellContent cell;
     if (isFlag)
         WriteFlagThrough(*disp, name, value);
     else if (FindCellConversion(type))
@@ -68,8 +68,7 @@ void CEditableGrid::OnChangeControlType(IMemberDispatch* disp, const std::string
     RemoveSink(oldType, disp, name);
     Register(disp, name, ServiceOf(value));
     const auto conversion = FindCellConversion(value.Type);
-    if (!conversion || conversion->service == EFormatService::None ||
-        conversion->control == CItemInfo::ctDate)
+    if (!conversion || conversion->service == FormatService::None || conversion->control == CItemInfo::ctDate)
         return;
     // Kept: the first value cell, whatever the member's column is.
     node->info->SetControlType(0, conversion->control);
@@ -78,11 +77,11 @@ void CEditableGrid::OnChangeControlType(IMemberDispatch* disp, const std::string
 void CEditableGrid::OnOperationAdd(IMemberDispatch* disp, const std::string& name,
                                    const CVariantValue& value) {
     const ModuleStateGuard guard;
-    const SShown shown = FindShown(disp);
+    const ShownObject shown = FindShown(disp);
     if (!shown.isShown)
         return;
     InsertDispMember(shown.row, disp, static_cast<unsigned long>(-1), name, value);
-    IMemberDispatch* const sub = value.Value.Dispatch;
+    IMemberDispatch* sub = value.Value.Dispatch;
     if (value.Type != DT_Group || !sub || !m_pObserver)
         return;
     if (const auto group = m_Groups.find(sub); group != m_Groups.end())
@@ -94,14 +93,14 @@ void CEditableGrid::OnOperationAdd(IMemberDispatch* disp, const std::string& nam
 void CEditableGrid::OnOperationInsert(IMemberDispatch* disp, const unsigned long& position,
                                       const std::string& name, const CVariantValue& value) {
     const ModuleStateGuard guard;
-    if (const SShown shown = FindShown(disp); shown.isShown)
+    if (const ShownObject shown = FindShown(disp); shown.isShown)
         InsertDispMember(shown.row, disp, position, name, value);
 }
 
 void CEditableGrid::OnOperationRemove(IMemberDispatch* disp, const std::string& name,
                                       const CVariantValue& value) {
     const ModuleStateGuard guard;
-    CTreeItem* const node = LookupTreeItem(disp, name);
+    CTreeItem* node = LookupTreeItem(disp, name);
     if (!node)
         return;
     int selected = -1;
@@ -125,7 +124,7 @@ void CEditableGrid::OnOperationRename(IMemberDispatch* disp, const std::string& 
         return;
     CVariantValue value;
     const bool isRead = ReadMember(*disp, newName, value);
-    const EFormatService service = isRead ? ServiceOf(value) : EFormatService::None;
+    const FormatService service = isRead ? ServiceOf(value) : FormatService::None;
     if (m_Items.Find(disp, name).node != found.node)
         return; // gone while the object was read
     m_Items.Remove(disp, name);
@@ -144,8 +143,8 @@ void CEditableGrid::OnOperationRename(IMemberDispatch* disp, const std::string& 
 void CEditableGrid::MoveCell(CItemInfo& info, int from, int to) {
     if (from < 0 || from == to)
         return;
-    SCell cell{info.GetSubItem(from), info.GetControlType(from), info.GetCellColor(from)};
-    StoreCell(info, from, SCell());
+    CellContent cell{info.GetSubItem(from), info.GetControlType(from), info.GetCellColor(from)};
+    StoreCell(info, from, CellContent());
     StoreCell(info, to, std::move(cell));
 }
 

@@ -9,8 +9,8 @@ bool CListEditCtrl::Start(int row, int column) {
     CRect cell;
     if (!m_grid.GetSubItemRect(row, column, LVIR_LABEL, &cell))
         return false;
-    constexpr int editId = 105;
-    if (!m_hWnd && !Create(WS_CHILD | WS_BORDER | ES_AUTOHSCROLL, cell, &m_grid, editId))
+    constexpr int EditId = 105;
+    if (!m_hWnd && !Create(WS_CHILD | WS_BORDER | ES_AUTOHSCROLL, cell, &m_grid, EditId))
         return false;
     m_node = m_grid.NodeAtRow(row);
     m_row = row;

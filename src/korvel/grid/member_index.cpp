@@ -36,7 +36,7 @@ bool MemberIndex::Add(IMemberDispatch* disp, std::string_view name, const Member
 }
 
 bool MemberIndex::AddRow(IMemberDispatch* disp, std::string_view name, CTreeItem* row,
-                         EFormatService service) {
+                         FormatService service) {
     const std::uint32_t hash = HashOf(name);
     const bool isAdded = Add(disp, name, {row, hash, 0, static_cast<std::uint32_t>(service) & 0xF});
     if (isAdded)
@@ -45,7 +45,7 @@ bool MemberIndex::AddRow(IMemberDispatch* disp, std::string_view name, CTreeItem
 }
 
 bool MemberIndex::AddCell(IMemberDispatch* disp, std::string_view name, CTreeItem* row,
-                          EFormatService service) {
+                          FormatService service) {
     const std::uint32_t number = NumberOfName(name) & 0xFFFFFFF;
     return Add(disp, name, {row, HashOf(name), number, static_cast<std::uint32_t>(service) & 0xF});
 }
@@ -69,7 +69,7 @@ MemberIndex::Found MemberIndex::Find(const IMemberDispatch* disp, std::string_vi
     return {entry.node, entry.Service(), entry.name != 0};
 }
 
-bool MemberIndex::SetService(const IMemberDispatch* disp, std::string_view name, EFormatService service) {
+bool MemberIndex::SetService(const IMemberDispatch* disp, std::string_view name, FormatService service) {
     const auto table = m_tables.find(disp);
     if (table == m_tables.end())
         return false;
@@ -120,7 +120,7 @@ void MemberIndex::RemoveObject(const IMemberDispatch* disp) {
     m_tables.erase(table);
 }
 
-std::vector<std::pair<IMemberDispatch*, std::string>> MemberIndex::MembersOf(EFormatService service) const {
+std::vector<std::pair<IMemberDispatch*, std::string>> MemberIndex::MembersOf(FormatService service) const {
     std::vector<std::pair<IMemberDispatch*, std::string>> members;
     members.reserve(CountOf(service));
     for (const auto& [disp, table] : m_tables)

@@ -16,9 +16,9 @@ struct MemberEntry {
     grid::CTreeItem* node = nullptr; // null: a free slot
     std::uint32_t hash = 0;          // of the member's name
     std::uint32_t name : 28 = 0;   // 0: the row's own text; else the number of a name that is kept elsewhere
-    std::uint32_t service : 4 = 0; // EFormatService
+    std::uint32_t service : 4 = 0; // FormatService
 
-    EFormatService Service() const { return static_cast<EFormatService>(service); }
+    FormatService Service() const { return static_cast<FormatService>(service); }
 };
 
 /// The members of one object by their names: a flat hash table with linear probing. What is a match is the

@@ -11,7 +11,7 @@ constexpr int TextMargin = 4;
 
 constexpr UINT TextFormat = DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
 
-/// One channel of a colour laid over another; `opacity` from 0 to 255.
+// One channel of a colour laid over another; `opacity` from 0 to 255.
 unsigned Blend(unsigned over, unsigned under, unsigned opacity) {
     return (over * opacity + under * (255 - opacity)) / 255;
 }
@@ -22,7 +22,7 @@ COLORREF Over(COLORREF color, COLORREF ground, unsigned opacity) {
                Blend(GetBValue(color), GetBValue(ground), opacity));
 }
 
-/// Black or white, whichever is read better on the ground.
+// Black or white, whichever is read better on the ground.
 COLORREF Readable(COLORREF ground) {
     // The weights of the channels in perceived brightness, ITU-R BT.601, in thousandths.
     const unsigned brightness =
@@ -30,7 +30,7 @@ COLORREF Readable(COLORREF ground) {
     return brightness < 128 ? RGB(255, 255, 255) : RGB(0, 0, 0);
 }
 
-/// The colour halfway between two others: what is disabled on a ground of any brightness.
+// The colour halfway between two others: what is disabled on a ground of any brightness.
 COLORREF Midway(COLORREF first, COLORREF second) {
     return RGB((GetRValue(first) + GetRValue(second)) / 2, (GetGValue(first) + GetGValue(second)) / 2,
                (GetBValue(first) + GetBValue(second)) / 2);
@@ -40,18 +40,18 @@ bool IsSwatch(CItemInfo::CONTROLTYPE control) {
     return control == CItemInfo::ctColor || control == CItemInfo::ctColorAlpha;
 }
 
-/// The colour of a swatch with its opacity in the top byte.
+// The colour of a swatch with its opacity in the top byte.
 COLORREF SwatchColor(const CItemInfo& info, int cell) {
-    constexpr COLORREF opaque = 0xFF000000;
+    constexpr COLORREF Opaque = 0xFF000000;
     const COLORREF word = info.GetCellColor(cell);
-    return info.GetControlType(cell) == CItemInfo::ctColorAlpha ? word : word | opaque;
+    return info.GetControlType(cell) == CItemInfo::ctColorAlpha ? word : word | Opaque;
 }
 
-/// A square of odd size in the middle of a rectangle.
-CRect Centered(const CRect& rect, int size) {
-    const int left = rect.left + (rect.Width() - size) / 2;
-    const int top = rect.top + (rect.Height() - size) / 2;
-    return {left, top, left + size, top + size};
+// A square of odd size in the middle of a rectangle.
+CRect Centered(const CRect& rect, int Size) {
+    const int left = rect.left + (rect.Width() - Size) / 2;
+    const int top = rect.top + (rect.Height() - Size) / 2;
+    return {left, top, left + Size, top + Size};
 }
 
 } // namespace
@@ -188,9 +188,9 @@ void RowPainter::DrawTreeLines(const CRect& bounds, int width) {
 }
 
 void RowPainter::DrawSign(const CRect& square) {
-    constexpr int size = 9;
-    const CRect box = Centered(square, size);
-    const CPoint center{box.left + size / 2, box.top + size / 2};
+    constexpr int Size = 9;
+    const CRect box = Centered(square, Size);
+    const CPoint center{box.left + Size / 2, box.top + Size / 2};
     const COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
     m_dc.FillSolidRect(box, GetSysColor(COLOR_WINDOW));
     m_dc.FrameRect(box, GetSysColor(COLOR_BTNSHADOW));
@@ -200,9 +200,9 @@ void RowPainter::DrawSign(const CRect& square) {
 }
 
 void RowPainter::DrawRowCheck(const CRect& bounds) {
-    constexpr int size = 13;
+    constexpr int Size = 13;
     const UINT state = DFCS_BUTTONCHECK | (m_node->info->checked ? DFCS_CHECKED : 0);
-    m_grid.DrawThemedFrame(m_dc, Centered(bounds, size), DFC_BUTTON, state);
+    m_grid.DrawThemedFrame(m_dc, Centered(bounds, Size), DFC_BUTTON, state);
 }
 
 CRect RowPainter::DrawControl(int column, const CRect& cell) {
@@ -263,12 +263,12 @@ void RowPainter::DrawSwatch(const CRect& square, COLORREF word) {
     if (opacity == 0xFF) {
         m_dc.FillSolidRect(square, color);
     } else {
-        constexpr int tile = 4;
+        constexpr int Tile = 4;
         m_dc.FillSolidRect(square, Over(color, RGB(255, 255, 255), opacity));
         const COLORREF dark = Over(color, RGB(160, 160, 160), opacity);
-        for (int y = square.top; y < square.bottom; y += tile)
-            for (int x = square.left + (y - square.top) % (2 * tile); x < square.right; x += 2 * tile)
-                m_dc.FillSolidRect(CRect{x, y, x + tile, y + tile}.Intersected(square), dark);
+        for (int y = square.top; y < square.bottom; y += Tile)
+            for (int x = square.left + (y - square.top) % (2 * Tile); x < square.right; x += 2 * Tile)
+                m_dc.FillSolidRect(CRect{x, y, x + Tile, y + Tile}.Intersected(square), dark);
     }
     m_dc.FrameRect(square, GetSysColor(COLOR_BTNSHADOW));
 }

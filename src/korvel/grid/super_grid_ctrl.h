@@ -157,8 +157,8 @@ protected:
     int iconWidth = 16;
     int iconHeight = 16;
     int currentColumn = 0;
-    const bool m_AllowDrag = true;
-    const bool m_AllowDeleteKey = true;
+    const bool m_allowDrag = true;
+    const bool m_allowDeleteKey = true;
 
 private:
     enum class ToggledBy { Sign, DoubleClick };

@@ -16,7 +16,7 @@ std::unique_ptr<CImageList> CSuperGridCtrl::CreateRowDragImage(int row) {
 void CSuperGridCtrl::OnBeginDrag(int row) {
     StopDrag();
     CTreeItem* node = NodeAtRow(row);
-    if (!m_AllowDrag || !node)
+    if (!m_allowDrag || !node)
         return;
     m_dragImage = CreateRowDragImage(row);
     if (!m_dragImage)
@@ -26,8 +26,8 @@ void CSuperGridCtrl::OnBeginDrag(int row) {
 }
 
 void CSuperGridCtrl::OnDragMove(CPoint point) {
-    CTreeItem* const target = NodeAtRow(HitTest(point));
-    CTreeItem* const former = std::exchange(m_dropTarget, target);
+    CTreeItem* target = NodeAtRow(HitTest(point));
+    CTreeItem* former = std::exchange(m_dropTarget, target);
     if (former == target)
         return;
     RedrawNode(former);
@@ -35,8 +35,8 @@ void CSuperGridCtrl::OnDragMove(CPoint point) {
 }
 
 void CSuperGridCtrl::OnDragEnd(CPoint point) {
-    CTreeItem* const source = m_draggedNode;
-    CTreeItem* const target = NodeAtRow(HitTest(point));
+    CTreeItem* source = m_draggedNode;
+    CTreeItem* target = NodeAtRow(HitTest(point));
     StopDrag();
     if (target && target != source->parent())
         MoveNodeUnder(target, source);

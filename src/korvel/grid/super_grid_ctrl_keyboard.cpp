@@ -69,7 +69,7 @@ bool CSuperGridCtrl::OnKeyDown(UINT key) {
         ToggleCheck(*node);
         return true;
     case VK_DELETE:
-        if (m_AllowDeleteKey && OnRowDeleting(node, row) && NodeAtRow(row) == node)
+        if (m_allowDeleteKey && OnRowDeleting(node, row) && NodeAtRow(row) == node)
             DeleteSelectedRow(node, row);
         return true;
     case VK_MULTIPLY:

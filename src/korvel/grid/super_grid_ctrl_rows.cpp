@@ -97,7 +97,7 @@ void CSuperGridCtrl::ExpandSubtree(CTreeItem* node, int* scrollRow) {
     const RedrawPause pause(*this);
     std::vector<CTreeItem*> open{node};
     while (!open.empty()) {
-        CTreeItem* const family = open.back();
+        CTreeItem* family = open.back();
         open.pop_back();
         if (family->children().empty())
             continue;
@@ -222,8 +222,8 @@ void CSuperGridCtrl::RedrawNode(const CTreeItem* node) {
 }
 
 void CSuperGridCtrl::SelectRow(int row) {
-    constexpr UINT state = LVIS_SELECTED | LVIS_FOCUSED;
-    SetItemState(row, state, state);
+    constexpr UINT State = LVIS_SELECTED | LVIS_FOCUSED;
+    SetItemState(row, State, State);
 }
 
 } // namespace korvel

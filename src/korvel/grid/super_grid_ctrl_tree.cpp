@@ -7,7 +7,7 @@ namespace korvel {
 
 namespace {
 
-/// Where a new sibling goes; -1: behind the last.
+// Where a new sibling goes; -1: behind the last.
 int PlaceOf(const int* position) {
     return position ? *position : -1;
 }
@@ -46,7 +46,7 @@ CSuperGridCtrl::NodePtr CSuperGridCtrl::Unlink(CTreeItem* node) {
     ++m_removals;
     StopDrag();
     ForgetRowsOf(*node);
-    CTreeItem* const parent = node->parent();
+    CTreeItem* parent = node->parent();
     (parent ? parent : m_forest.get())->RemoveChild(node);
     NodePtr unlinked(node);
     OnNodeUnlinked(*node, parent);
@@ -54,7 +54,7 @@ CSuperGridCtrl::NodePtr CSuperGridCtrl::Unlink(CTreeItem* node) {
 }
 
 CSuperGridCtrl::NodePtr CSuperGridCtrl::TakeNode(CTreeItem* node) {
-    CTreeItem* const parent = node->parent();
+    CTreeItem* parent = node->parent();
     const unsigned removals = m_removals;
     if (const int row = RowOfNode(node); row >= 0 && NodeAtRow(row) == node)
         DeleteRows(row, row + node->rows());

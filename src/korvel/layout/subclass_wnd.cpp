@@ -5,7 +5,7 @@
 
 namespace korvel {
 
-/// The map must outlive every hook, also one that lives until the process ends.
+// The map must outlive every hook, also one that lives until the process ends.
 CSubclassWnd::CSubclassWnd() {
     CSubclassWndMap::Instance();
 }
@@ -36,13 +36,13 @@ LRESULT CSubclassWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
                    : CallWindowProcA(m_pOldWndProc, m_hWnd, message, wParam, lParam);
 }
 
-/// The neighbour of old may be gone as well; whoever is older and still there has not heard the message yet.
+// The neighbour of old may be gone as well; whoever is older and still there has not heard the message yet.
 LRESULT CSubclassWnd::PassOnDetached(UINT message, WPARAM wParam, LPARAM lParam) const {
     const HWND window = CWnd::GetCurrentMessage().hwnd;
     CSubclassWndMap& map = CSubclassWndMap::Instance();
     if (CSubclassWnd* const older = map.OlderThan(window, m_age))
         return older->WindowProc(message, wParam, lParam);
-    const CSubclassWnd* const head = map.Head(window);
+    const CSubclassWnd* head = map.Head(window);
     const WNDPROC own =
         head ? head->m_pOldWndProc : reinterpret_cast<WNDPROC>(GetWindowLongPtrA(window, GWLP_WNDPROC));
     return CallWindowProcA(own, window, message, wParam, lParam);

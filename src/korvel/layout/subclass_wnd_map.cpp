@@ -52,7 +52,7 @@ LRESULT CSubclassWndMap::HookProcedure(HWND window, UINT message, WPARAM wParam,
     const MSG current{window, message, wParam, lParam};
     const CurrentMessageScope scope(current);
     CSubclassWndMap& map = Instance();
-    CSubclassWnd* const head = map.Head(window);
+    CSubclassWnd* head = map.Head(window);
     if (!head) {
         // Who put a procedure above this one and calls it after the last hook has gone.
         return DefWindowProcA(window, message, wParam, lParam);

@@ -36,7 +36,7 @@ Real FromRadians(Real radians, std::uint32_t unit) {
 }
 
 void AppendAngle(std::string& out, double angle, double radians, platform::RenderedDigits rendered,
-                 const CNumberFormat& format) {
+                 const NumberFormat& format) {
     if (!platform::AppendNumber(out, angle, rendered, format.TextFormat()))
         AppendStreamText(out, radians);
 }
@@ -50,8 +50,7 @@ std::string TextOf(Real radians) {
 
 } // namespace
 
-CAngleOutput::CAngleOutput()
-    : m_records(EFormatService::Angle, {ESystemFormat::Float, ESystemFormat::Float}) {}
+CAngleOutput::CAngleOutput() : m_records(FormatService::Angle, {SystemFormat::Float, SystemFormat::Float}) {}
 
 CAngleOutput& CAngleOutput::Instance() {
     static CAngleOutput output;
@@ -60,16 +59,16 @@ CAngleOutput& CAngleOutput::Instance() {
 
 void CAngleOutput::Append(std::string& out, double radians) const {
     AppendAngle(out, FromRadians(radians, m_unit), radians, platform::RenderedDigits::Double,
-                Format(EAngleRecord::Double));
+                Format(AngleRecord::Double));
 }
 
 void CAngleOutput::Append(std::string& out, float radians) const {
     AppendAngle(out, FromRadians(radians, m_unit), radians, platform::RenderedDigits::Float,
-                Format(EAngleRecord::Float));
+                Format(AngleRecord::Float));
 }
 
 bool CAngleOutput::FollowSystem() {
-    return m_records.FollowSystem({Index(EAngleRecord::Double), Index(EAngleRecord::Float)});
+    return m_records.FollowSystem({Index(AngleRecord::Double), Index(AngleRecord::Float)});
 }
 
 std::string AngleToString(double radians) {
@@ -93,18 +92,18 @@ float RadToAngle(float radians) {
 }
 
 const _numberfmtA& GetAngleFormatDouble() {
-    return CAngleOutput::Instance().Format(EAngleRecord::Float);
+    return CAngleOutput::Instance().Format(AngleRecord::Float);
 }
 const _numberfmtA& GetAngleFormatFloat() {
-    return CAngleOutput::Instance().Format(EAngleRecord::Double);
+    return CAngleOutput::Instance().Format(AngleRecord::Double);
 }
 
 void SetAngleFormatDouble(const _numberfmtA& format) {
-    CAngleOutput::Instance().SetFormat(EAngleRecord::Double, format);
+    CAngleOutput::Instance().SetFormat(AngleRecord::Double, format);
 }
 
 void SetAngleFormatFloat(const _numberfmtA& format) {
-    CAngleOutput::Instance().SetFormat(EAngleRecord::Float, format);
+    CAngleOutput::Instance().SetFormat(AngleRecord::Float, format);
 }
 
 char GetAngleUnit() {

@@ -44,7 +44,7 @@ KORVEL_API void SetAngleFormatFloat(const _numberfmtA& format);
 KORVEL_API char GetAngleUnit();
 KORVEL_API void SetAngleUnit(char unit);
 
-enum class EAngleRecord { Double, Float }; // by the texts that are written with it
+enum class AngleRecord { Double, Float }; // by the texts that are written with it
 
 /// The service behind these functions.
 class CAngleOutput final : public ISystemChangedObserverImp<CAngleOutput> {
@@ -64,24 +64,24 @@ public:
     std::uint32_t Unit() const { return m_unit; }
     void SetUnit(std::uint32_t unit) { m_unit = unit; }
 
-    const CNumberFormat& Format(EAngleRecord record) const { return m_records[Index(record)]; }
-    void SetFormat(EAngleRecord record, const _numberfmtA& format) { m_records.Set(Index(record), format); }
+    const NumberFormat& Format(AngleRecord record) const { return m_records[Index(record)]; }
+    void SetFormat(AngleRecord record, const _numberfmtA& format) { m_records.Set(Index(record), format); }
 
     /// For saved formats: stores a record as it stands, telling nobody; `Notification().Fire()` tells of all
     /// at once.
-    void ReplaceFormat(EAngleRecord record, const CNumberFormat& format) {
+    void ReplaceFormat(AngleRecord record, const NumberFormat& format) {
         m_records.Replace(Index(record), format);
     }
-    CFormatNotification& Notification() { return m_records.Notification(); }
+    FormatNotification& Notification() { return m_records.Notification(); }
 
     bool FollowSystem();
 
 private:
     CAngleOutput();
-    static std::size_t Index(EAngleRecord record) { return static_cast<std::size_t>(record); }
+    static std::size_t Index(AngleRecord record) { return static_cast<std::size_t>(record); }
 
     std::uint32_t m_unit = Radians;
-    CFormatRecords m_records;
+    FormatRecords m_records;
 };
 
 } // namespace korvel

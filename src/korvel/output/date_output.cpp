@@ -33,7 +33,7 @@ const char* NotNull(const char* format) {
 
 } // namespace
 
-CDateOutput::CDateOutput() : m_notification(EFormatService::Date) {
+CDateOutput::CDateOutput() : m_notification(FormatService::Date) {
     FollowSystem();
     m_formats.CurrentFormat = m_formats.DateFormatLong; // also where the long picture means nothing
 }
@@ -59,7 +59,7 @@ std::string CDateOutput::Render(const std::optional<platform::CalendarFields>& f
     return fields ? platform::TimeText(format, *fields, SystemSettings()) : InvalidText;
 }
 
-void CDateOutput::SetCurrentFormat(EDateFormat kind, const std::string& format) {
+void CDateOutput::SetCurrentFormat(DateFormatKind kind, const std::string& format) {
     if (format == m_formats.CurrentFormat)
         return;
     const std::string wanted = format; // it may be one of the formats that are stored into
@@ -68,12 +68,12 @@ void CDateOutput::SetCurrentFormat(EDateFormat kind, const std::string& format) 
     m_notification.Fire();
 }
 
-void CDateOutput::SetCurrentPicture(EDateFormat kind, const std::string& picture) {
+void CDateOutput::SetCurrentPicture(DateFormatKind kind, const std::string& picture) {
     SetCurrentFormat(kind, DatePictureToFormat(picture));
 }
 
-void CDateOutput::ReturnToSystemFormat(EDateFormat kind) {
-    SetCurrentFormat(kind, kind == EDateFormat::Long ? m_systemLong : m_systemShort);
+void CDateOutput::ReturnToSystemFormat(DateFormatKind kind) {
+    SetCurrentFormat(kind, kind == DateFormatKind::Long ? m_systemLong : m_systemShort);
 }
 
 void CDateOutput::ReturnToSystem() {
@@ -113,8 +113,8 @@ bool CDateOutput::FollowSystemDate(std::string& format, std::string& systemForma
     return true;
 }
 
-std::string& CDateOutput::FormatOf(EDateFormat kind) {
-    return kind == EDateFormat::Long ? m_formats.DateFormatLong : m_formats.DateFormatShort;
+std::string& CDateOutput::FormatOf(DateFormatKind kind) {
+    return kind == DateFormatKind::Long ? m_formats.DateFormatLong : m_formats.DateFormatShort;
 }
 
 std::string DatetoString(const std::string& state, double date) {
@@ -145,13 +145,13 @@ void SetFormatStringShort(const char* format) {
 }
 
 void GetDateCurrentFormatString(bool& isLong, std::string& format) {
-    const SDateFormats& formats = CDateOutput::Instance().Formats();
+    const DateFormatRecord& formats = CDateOutput::Instance().Formats();
     format = formats.CurrentFormat;
     isLong = formats.CurrentFormat == formats.DateFormatLong;
 }
 
 void SetDateCurrentFormatString(const bool& isLong, const std::string& format) {
-    CDateOutput::Instance().SetCurrentFormat(isLong ? EDateFormat::Long : EDateFormat::Short, format);
+    CDateOutput::Instance().SetCurrentFormat(isLong ? DateFormatKind::Long : DateFormatKind::Short, format);
 }
 
 } // namespace korvel

@@ -47,10 +47,10 @@ KORVEL_API void GetDateCurrentFormatString(bool& isLong, std::string& format);
 /// use already.
 KORVEL_API void SetDateCurrentFormatString(const bool& isLong, const std::string& format);
 
-enum class EDateFormat { Short, Long };
+enum class DateFormatKind { Short, Long };
 
 /// What the user has set for dates, in strftime notation.
-struct SDateFormats {
+struct DateFormatRecord {
     std::string CurrentFormat;
     std::string DefaultTime;
     std::string DateFormatLong;
@@ -65,37 +65,37 @@ public:
     std::string DateText(double date) const;
     std::string TimeText(std::int64_t time);
 
-    const SDateFormats& Formats() const { return m_formats; }
+    const DateFormatRecord& Formats() const { return m_formats; }
 
     /// The formats to store into: for saved formats and the exported setters. Telling `Notification().Fire()`
     /// is the caller's.
-    SDateFormats& Formats() { return m_formats; }
+    DateFormatRecord& Formats() { return m_formats; }
 
-    void SetCurrentFormat(EDateFormat kind, const std::string& format);
+    void SetCurrentFormat(DateFormatKind kind, const std::string& format);
 
     /// As `SetCurrentFormat`, of a picture as the regional settings have it ("dd.MM.yyyy").
-    void SetCurrentPicture(EDateFormat kind, const std::string& picture);
+    void SetCurrentPicture(DateFormatKind kind, const std::string& picture);
 
     /// Back to the regional settings' format, as the long or short format and the one in use.
-    void ReturnToSystemFormat(EDateFormat kind);
+    void ReturnToSystemFormat(DateFormatKind kind);
 
     /// Forgets all that the user has set, as at the start: the long date of the regional settings is in use.
     void ReturnToSystem();
 
-    CFormatNotification& Notification() { return m_notification; }
+    FormatNotification& Notification() { return m_notification; }
     bool FollowSystem();
 
 private:
     CDateOutput();
     bool FollowSystemDate(std::string& format, std::string& systemFormat, const std::string& picture);
-    std::string& FormatOf(EDateFormat kind);
+    std::string& FormatOf(DateFormatKind kind);
     std::string Render(const std::optional<platform::CalendarFields>& fields,
                        const std::string& format) const;
 
-    CFormatNotification m_notification;
+    FormatNotification m_notification;
     std::string m_localeName;
     bool m_isLocaleRefused = false;
-    SDateFormats m_formats;
+    DateFormatRecord m_formats;
     std::string m_systemLong;
     std::string m_systemShort;
 };

@@ -8,19 +8,19 @@ namespace korvel {
 
 namespace {
 
-/// What a run of one letter becomes, by its length from 1 to 4; longer runs become nothing.
-struct SRun {
+// What a run of one letter becomes, by its length from 1 to 4; longer runs become nothing.
+struct PictureRun {
     char letter;
     std::array<const char*, 4> formats;
 };
 
-constexpr SRun DateRuns[] = {
+constexpr PictureRun DateRuns[] = {
     {'d', {"%#d", "%d", "%a", "%A"}},
     {'m', {"%#m", "%m", "%b", "%B"}},
     {'y', {"%y", "%y", "", "%Y"}},
 };
 
-constexpr SRun TimeRuns[] = {
+constexpr PictureRun TimeRuns[] = {
     {'H', {"%#H", "%H", "", ""}}, {'h', {"%#I", "%I", "", ""}}, {'m', {"%#M", "%M", "", ""}},
     {'s', {"%#S", "%S", "", ""}}, {'t', {"%p", "%p", "", ""}},  {'x', {"%p", "%p", "", ""}},
 };
@@ -37,21 +37,21 @@ char TimeLetter(char c) {
     return c == 'H' ? c : Lower(c);
 }
 
-enum class EQuotes { Text, Quote };
+enum class Quotes { Text, Quote };
 
-std::string Convert(std::string_view picture, std::span<const SRun> runs, char (*letterOf)(char),
-                    EQuotes quotes) {
+std::string Convert(std::string_view picture, std::span<const PictureRun> runs, char (*letterOf)(char),
+                    Quotes quotes) {
     std::string format;
     for (std::size_t at = 0; at < picture.size();) {
         const char letter = letterOf(picture[at]);
-        if (quotes == EQuotes::Quote && letter == '\'') {
+        if (quotes == Quotes::Quote && letter == '\'') {
             const std::size_t end = std::min(picture.find('\'', at + 1), picture.size());
             format += picture.substr(at + 1, end - at - 1);
             at = end + 1;
             continue;
         }
         const auto run =
-            std::find_if(runs.begin(), runs.end(), [&](const SRun& r) { return r.letter == letter; });
+            std::find_if(runs.begin(), runs.end(), [&](const PictureRun& r) { return r.letter == letter; });
         if (run == runs.end()) {
             format += picture[at++];
             continue;
@@ -68,11 +68,11 @@ std::string Convert(std::string_view picture, std::span<const SRun> runs, char (
 } // namespace
 
 std::string DatePictureToFormat(std::string_view picture) {
-    return Convert(picture, DateRuns, DateLetter, EQuotes::Text);
+    return Convert(picture, DateRuns, DateLetter, Quotes::Text);
 }
 
 std::string TimePictureToFormat(std::string_view picture) {
-    return Convert(picture, TimeRuns, TimeLetter, EQuotes::Quote);
+    return Convert(picture, TimeRuns, TimeLetter, Quotes::Quote);
 }
 
 } // namespace korvel

@@ -12,47 +12,47 @@
 
 namespace korvel {
 
-void CFormatNotification::AddSink(IFormatSink* sink) {
+void FormatNotification::AddSink(FormatSink* sink) {
     if (sink && !Holds(sink))
         m_sinks.push_back(sink);
 }
 
-void CFormatNotification::RemoveSink(IFormatSink* sink) {
+void FormatNotification::RemoveSink(FormatSink* sink) {
     std::erase(m_sinks, sink);
 }
 
-void CFormatNotification::Fire() {
+void FormatNotification::Fire() {
     if (m_isFiring)
         throw Error("");
-    struct SFiring {
+    struct Firing {
         bool& flag;
-        explicit SFiring(bool& isFiring) : flag(isFiring) { flag = true; }
-        ~SFiring() { flag = false; }
+        explicit Firing(bool& isFiring) : flag(isFiring) { flag = true; }
+        ~Firing() { flag = false; }
     } firing(m_isFiring);
 
-    const std::vector<IFormatSink*> sinks = m_sinks;
-    for (IFormatSink* sink : sinks)
+    const std::vector<FormatSink*> sinks = m_sinks;
+    for (FormatSink* sink : sinks)
         if (Holds(sink))
             sink->OnFormatChanged(m_service);
 }
 
-bool CFormatNotification::Holds(const IFormatSink* sink) const {
+bool FormatNotification::Holds(const FormatSink* sink) const {
     return std::find(m_sinks.begin(), m_sinks.end(), sink) != m_sinks.end();
 }
 
-CFormatNotification& NotificationOf(EFormatService service) {
+FormatNotification& NotificationOf(FormatService service) {
     switch (service) {
-    case EFormatService::Number:
+    case FormatService::Number:
         return CNumberOutput::Instance().Notification();
-    case EFormatService::Angle:
+    case FormatService::Angle:
         return CAngleOutput::Instance().Notification();
-    case EFormatService::Date:
+    case FormatService::Date:
         return CDateOutput::Instance().Notification();
-    case EFormatService::Station:
+    case FormatService::Station:
         return CStationOutput::Instance().Notification();
-    case EFormatService::ManDays:
+    case FormatService::ManDays:
         return CManDaysOutput::Instance().Notification();
-    case EFormatService::None:
+    case FormatService::None:
         break;
     }
     throw std::invalid_argument("There is no such format service");

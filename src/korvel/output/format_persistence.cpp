@@ -22,25 +22,25 @@ struct SavedRecord {
     Record record;
 };
 
-/// In the order of the file.
-constexpr std::initializer_list<SavedRecord<ENumberRecord>> NumberRecords = {
-    {"Integer", ENumberRecord::Integer},
-    {"Long", ENumberRecord::Long},
-    {"Float", ENumberRecord::Float},
-    {"Double", ENumberRecord::Double}};
+// In the order of the file.
+constexpr std::initializer_list<SavedRecord<NumberRecord>> NumberRecords = {
+    {"Integer", NumberRecord::Integer},
+    {"Long", NumberRecord::Long},
+    {"Float", NumberRecord::Float},
+    {"Double", NumberRecord::Double}};
 
-constexpr std::initializer_list<SavedRecord<EAngleRecord>> AngleRecords = {{"Float", EAngleRecord::Float},
-                                                                           {"Double", EAngleRecord::Double}};
+constexpr std::initializer_list<SavedRecord<AngleRecord>> AngleRecords = {{"Float", AngleRecord::Float},
+                                                                          {"Double", AngleRecord::Double}};
 
 struct SavedDateFormat {
     const char* element;
-    std::string SDateFormats::*format;
+    std::string DateFormatRecord::*format;
 };
 
-constexpr SavedDateFormat DateFormats[] = {{"CurrentFormat", &SDateFormats::CurrentFormat},
-                                           {"DefaultTime", &SDateFormats::DefaultTime},
-                                           {"DateFormatLong", &SDateFormats::DateFormatLong},
-                                           {"DateFormatShort", &SDateFormats::DateFormatShort}};
+constexpr SavedDateFormat DateFormats[] = {{"CurrentFormat", &DateFormatRecord::CurrentFormat},
+                                           {"DefaultTime", &DateFormatRecord::DefaultTime},
+                                           {"DateFormatLong", &DateFormatRecord::DateFormatLong},
+                                           {"DateFormatShort", &DateFormatRecord::DateFormatShort}};
 
 void WriteText(std::ostream& stream, const char* element, std::string_view text) {
     CXmlNode node(stream, element);
@@ -48,7 +48,7 @@ void WriteText(std::ostream& stream, const char* element, std::string_view text)
     node.WriteOpeningTag();
 }
 
-void WriteFormat(std::ostream& stream, const char* element, const CNumberFormat& format) {
+void WriteFormat(std::ostream& stream, const char* element, const NumberFormat& format) {
     CXmlNode node(stream, element);
     node.WriteOpeningTag();
     WriteText(stream, "System", format.System ? "-1" : "0");
@@ -102,7 +102,7 @@ void RequireThat(bool succeeded) {
         ThrowSchemaError();
 }
 
-void ReadFields(const pugi::xml_node& element, CNumberFormat& format) {
+void ReadFields(const pugi::xml_node& element, NumberFormat& format) {
     format.NumDigits = ReadNumber(element, "NumDigits");
     format.LeadingZero = ReadNumber(element, "LeadingZero");
     format.Grouping = ReadNumber(element, "Grouping");
@@ -111,7 +111,7 @@ void ReadFields(const pugi::xml_node& element, CNumberFormat& format) {
     format.NegativeOrder = ReadNumber(element, "NegativeOrder");
 }
 
-/// Loads one file. A service of which something was read is touched.
+// Loads one file. A service of which something was read is touched.
 class FormatLoader {
 public:
     void Load(const std::string& path) {
@@ -123,8 +123,8 @@ public:
         LoadDates(RequireChild(root, "DateFormat"));
     }
 
-    /// Tells the listeners of every touched service, whatever some of them throw; the first failure is
-    /// thrown on at the end.
+    // Tells the listeners of every touched service, whatever some of them throw; the first failure is
+    // thrown on at the end.
     void FireTouched(std::exception_ptr failure) {
         if (m_numbersTouched)
             Fire(CNumberOutput::Instance().Notification(), failure);
@@ -159,7 +159,7 @@ private:
 
     template <typename Service, typename Record>
     static void LoadRecord(const pugi::xml_node& element, Service& service, Record record, bool& touched) {
-        CNumberFormat format = service.Format(record);
+        NumberFormat format = service.Format(record);
         format.System = ReadBool(element, "System");
         touched = true;
         try {
@@ -172,7 +172,7 @@ private:
         service.ReplaceFormat(record, format);
     }
 
-    static void Fire(CFormatNotification& notification, std::exception_ptr& failure) {
+    static void Fire(FormatNotification& notification, std::exception_ptr& failure) {
         try {
             notification.Fire();
         } catch (...) {
@@ -186,11 +186,11 @@ private:
     bool m_datesTouched = false;
 };
 
-/// Makes the records follow the regional settings again.
+// Makes the records follow the regional settings again.
 template <typename Service, typename Records>
 void FollowSystem(Service& service, const Records& records) {
     for (const auto& saved : records) {
-        CNumberFormat format = service.Format(saved.record);
+        NumberFormat format = service.Format(saved.record);
         format.System = true;
         service.ReplaceFormat(saved.record, format);
     }

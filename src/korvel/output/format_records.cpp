@@ -2,25 +2,25 @@
 
 namespace korvel {
 
-CFormatRecords::CFormatRecords(EFormatService service, std::initializer_list<ESystemFormat> systemFormats)
+FormatRecords::FormatRecords(FormatService service, std::initializer_list<SystemFormat> systemFormats)
     : m_notification(service) {
-    for (const ESystemFormat kind : systemFormats)
+    for (const SystemFormat kind : systemFormats)
         m_records.push_back({SystemNumberFormat(kind), kind});
 }
 
-void CFormatRecords::Set(std::size_t record, const _numberfmtA& format) {
-    SRecord& stored = m_records[record];
-    const CNumberFormat wanted(format, SystemNumberFormat(stored.systemFormat));
+void FormatRecords::Set(std::size_t record, const _numberfmtA& format) {
+    Record& stored = m_records[record];
+    const NumberFormat wanted(format, SystemNumberFormat(stored.systemFormat));
     if (wanted == stored.format)
         return;
     stored.format = wanted;
     m_notification.Fire();
 }
 
-bool CFormatRecords::FollowSystem(std::initializer_list<std::size_t> order) {
+bool FormatRecords::FollowSystem(std::initializer_list<std::size_t> order) {
     bool changed = false;
     for (const std::size_t record : order) {
-        SRecord& stored = m_records[record];
+        Record& stored = m_records[record];
         if (!stored.format.System)
             continue;
         stored.format = SystemNumberFormat(stored.systemFormat);

@@ -12,11 +12,11 @@ namespace korvel {
 
 /// The number formats of one service, each beginning as a copy of a system format, and the service's
 /// listeners.
-class CFormatRecords {
+class FormatRecords {
 public:
-    CFormatRecords(EFormatService service, std::initializer_list<ESystemFormat> systemFormats);
+    FormatRecords(FormatService service, std::initializer_list<SystemFormat> systemFormats);
 
-    const CNumberFormat& operator[](std::size_t record) const { return m_records[record].format; }
+    const NumberFormat& operator[](std::size_t record) const { return m_records[record].format; }
 
     /// Stores a format and tells the listeners, unless nothing differs. It follows the regional settings from
     /// now on exactly when it equals them. \throws std::invalid_argument when a separator is null or longer
@@ -24,22 +24,22 @@ public:
     void Set(std::size_t record, const _numberfmtA& format);
 
     /// Stores a format as it stands, its `System` included, and tells nobody.
-    void Replace(std::size_t record, const CNumberFormat& format) { m_records[record].format = format; }
+    void Replace(std::size_t record, const NumberFormat& format) { m_records[record].format = format; }
 
     /// Takes the system format for each record that follows it, in the given order, telling the listeners
     /// each time. True when there was one.
     bool FollowSystem(std::initializer_list<std::size_t> order);
 
-    CFormatNotification& Notification() { return m_notification; }
+    FormatNotification& Notification() { return m_notification; }
 
 private:
-    struct SRecord {
-        CNumberFormat format;
-        ESystemFormat systemFormat;
+    struct Record {
+        NumberFormat format;
+        SystemFormat systemFormat;
     };
 
-    CFormatNotification m_notification;
-    std::vector<SRecord> m_records;
+    FormatNotification m_notification;
+    std::vector<Record> m_records;
 };
 
 } // namespace korvel

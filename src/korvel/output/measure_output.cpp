@@ -10,7 +10,7 @@ enum ManDaysRecord : std::size_t { DoubleRecord, FloatRecord };
 
 constexpr int ManDaysDecimals = 6; // of the text that is rounded to the format's decimals
 
-void AppendManDays(std::string& out, double value, const CNumberFormat& format) {
+void AppendManDays(std::string& out, double value, const NumberFormat& format) {
     std::string number;
     AppendFixedText(number, value, ManDaysDecimals);
     if (!platform::AppendNumberText(out, number, format.TextFormat()))
@@ -27,13 +27,13 @@ std::string TextOf(Number value) {
 
 } // namespace
 
-void CMeasureOutput::Append(std::string& out, double value) const {
-    m_pService->Append(out, value);
+void MeasureOutput::Append(std::string& out, double value) const {
+    m_service->Append(out, value);
     out += m_suffix;
 }
 
-void CMeasureOutput::Append(std::string& out, float value) const {
-    m_pService->Append(out, value);
+void MeasureOutput::Append(std::string& out, float value) const {
+    m_service->Append(out, value);
     out += m_suffix;
 }
 
@@ -68,7 +68,7 @@ CManDaysOutput& CManDaysOutput::Instance() {
 }
 
 CManDaysOutput::CManDaysOutput()
-    : m_records(EFormatService::ManDays, {ESystemFormat::Float, ESystemFormat::Float}) {}
+    : m_records(FormatService::ManDays, {SystemFormat::Float, SystemFormat::Float}) {}
 
 void CManDaysOutput::Append(std::string& out, double value) const {
     AppendManDays(out, value, m_records[DoubleRecord]);

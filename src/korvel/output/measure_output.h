@@ -37,69 +37,69 @@ KORVEL_API std::string ManDaysToString(float value);
 template <typename Service>
 class TFormatObserverDelegator {
 public:
-    TFormatObserverDelegator() : m_pService(&Service::Instance()) {}
+    TFormatObserverDelegator() : m_service(&Service::Instance()) {}
     virtual ~TFormatObserverDelegator() = default;
     TFormatObserverDelegator(const TFormatObserverDelegator&) = delete;
     TFormatObserverDelegator& operator=(const TFormatObserverDelegator&) = delete;
 
-    void AddSink(IFormatSink* sink) { m_pService->Notification().AddSink(sink); }
-    void RemoveSink(IFormatSink* sink) { m_pService->Notification().RemoveSink(sink); }
+    void AddSink(FormatSink* sink) { m_service->Notification().AddSink(sink); }
+    void RemoveSink(FormatSink* sink) { m_service->Notification().RemoveSink(sink); }
 
 protected:
-    Service* m_pService;
+    Service* m_service;
 };
 
 /// A number of `CNumberOutput` with a suffix.
-class CMeasureOutput : public TFormatObserverDelegator<CNumberOutput> {
+class MeasureOutput : public TFormatObserverDelegator<CNumberOutput> {
 public:
     void Append(std::string& out, double value) const;
     void Append(std::string& out, float value) const;
 
 protected:
-    explicit CMeasureOutput(const char* suffix) : m_suffix(suffix) {}
+    explicit MeasureOutput(const char* suffix) : m_suffix(suffix) {}
 
 private:
     const char* m_suffix;
 };
 
-class CLengthOutput final : public CMeasureOutput {
+class CLengthOutput final : public MeasureOutput {
 public:
     static CLengthOutput& Instance();
 
 private:
-    CLengthOutput() : CMeasureOutput(" m") {}
+    CLengthOutput() : MeasureOutput(" m") {}
 };
 
-class CAreaOutput final : public CMeasureOutput {
+class CAreaOutput final : public MeasureOutput {
 public:
     static CAreaOutput& Instance();
 
 private:
-    CAreaOutput() : CMeasureOutput(" m\xB2") {}
+    CAreaOutput() : MeasureOutput(" m\xB2") {}
 };
 
-class CVolumeOutput final : public CMeasureOutput {
+class CVolumeOutput final : public MeasureOutput {
 public:
     static CVolumeOutput& Instance();
 
 private:
-    CVolumeOutput() : CMeasureOutput(" m\xB3") {}
+    CVolumeOutput() : MeasureOutput(" m\xB3") {}
 };
 
-class CPercentOutput final : public CMeasureOutput {
+class CPercentOutput final : public MeasureOutput {
 public:
     static CPercentOutput& Instance();
 
 private:
-    CPercentOutput() : CMeasureOutput(" %") {}
+    CPercentOutput() : MeasureOutput(" %") {}
 };
 
-class CCurrencyOutput final : public CMeasureOutput {
+class CCurrencyOutput final : public MeasureOutput {
 public:
     static CCurrencyOutput& Instance();
 
 private:
-    CCurrencyOutput() : CMeasureOutput(" \x80") {}
+    CCurrencyOutput() : MeasureOutput(" \x80") {}
 };
 
 class CManDaysOutput final : public ISystemChangedObserverImp<CManDaysOutput> {
@@ -109,13 +109,13 @@ public:
     void Append(std::string& out, double value) const;
     void Append(std::string& out, float value) const;
 
-    CFormatNotification& Notification() { return m_records.Notification(); }
+    FormatNotification& Notification() { return m_records.Notification(); }
     bool FollowSystem();
 
 private:
     CManDaysOutput();
 
-    CFormatRecords m_records; // the first is for double, the second for float
+    FormatRecords m_records; // the first is for double, the second for float
 };
 
 } // namespace korvel

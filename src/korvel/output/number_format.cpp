@@ -4,7 +4,7 @@
 
 namespace korvel {
 
-CNumberFormat::CNumberFormat(const _numberfmtA& format, const CNumberFormat& system) : _numberfmtA(format) {
+NumberFormat::NumberFormat(const _numberfmtA& format, const NumberFormat& system) : _numberfmtA(format) {
     if (!format.DecimalSep || !format.ThousandSep || !SetDecimalSep(format.DecimalSep) ||
         !SetThousandSep(format.ThousandSep))
         throw std::invalid_argument("A separator of a number format has at most three bytes");
@@ -12,13 +12,13 @@ CNumberFormat::CNumberFormat(const _numberfmtA& format, const CNumberFormat& sys
     System = SameFields(system);
 }
 
-CNumberFormat::CNumberFormat(const CNumberFormat& other)
+NumberFormat::NumberFormat(const NumberFormat& other)
     : _numberfmtA(other), System(other.System), m_decimalSep(other.m_decimalSep),
       m_thousandSep(other.m_thousandSep) {
     PointAtOwnSeparators();
 }
 
-CNumberFormat& CNumberFormat::operator=(const CNumberFormat& other) {
+NumberFormat& NumberFormat::operator=(const NumberFormat& other) {
     static_cast<_numberfmtA&>(*this) = other;
     System = other.System;
     m_decimalSep = other.m_decimalSep;
@@ -27,11 +27,11 @@ CNumberFormat& CNumberFormat::operator=(const CNumberFormat& other) {
     return *this;
 }
 
-bool CNumberFormat::operator==(const CNumberFormat& other) const {
+bool NumberFormat::operator==(const NumberFormat& other) const {
     return System == other.System && SameFields(other);
 }
 
-platform::NumberTextFormat CNumberFormat::TextFormat() const {
+platform::NumberTextFormat NumberFormat::TextFormat() const {
     return {.digits = NumDigits,
             .leadingZero = LeadingZero,
             .grouping = Grouping,
@@ -40,7 +40,7 @@ platform::NumberTextFormat CNumberFormat::TextFormat() const {
             .negativeOrder = NegativeOrder};
 }
 
-bool CNumberFormat::Store(Separator& separator, std::string_view text) {
+bool NumberFormat::Store(Separator& separator, std::string_view text) {
     if (text.size() >= separator.size())
         return false;
     separator.fill('\0');
@@ -48,14 +48,14 @@ bool CNumberFormat::Store(Separator& separator, std::string_view text) {
     return true;
 }
 
-bool CNumberFormat::SameFields(const _numberfmtA& other) const {
+bool NumberFormat::SameFields(const _numberfmtA& other) const {
     return NumDigits == other.NumDigits && LeadingZero == other.LeadingZero &&
            NegativeOrder == other.NegativeOrder && Grouping == other.Grouping &&
            std::string_view(DecimalSep) == other.DecimalSep &&
            std::string_view(ThousandSep) == other.ThousandSep;
 }
 
-void CNumberFormat::PointAtOwnSeparators() {
+void NumberFormat::PointAtOwnSeparators() {
     DecimalSep = m_decimalSep.data();
     ThousandSep = m_thousandSep.data();
 }

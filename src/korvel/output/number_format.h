@@ -29,21 +29,21 @@ struct _numberfmtA {
 
 /// A number format as a service keeps it: with separators of its own, and whether it follows the regional
 /// settings.
-class CNumberFormat : public _numberfmtA {
+class NumberFormat : public _numberfmtA {
 public:
     /// Bytes of a separator's buffer, its final zero included.
     static constexpr std::size_t SeparatorSize = 4;
 
-    CNumberFormat() { PointAtOwnSeparators(); }
+    NumberFormat() { PointAtOwnSeparators(); }
 
     /// Takes the fields over; `System` becomes true exactly when they all equal those of `system`.
     /// \throws std::invalid_argument when a separator is null or longer than three bytes
-    CNumberFormat(const _numberfmtA& format, const CNumberFormat& system);
+    NumberFormat(const _numberfmtA& format, const NumberFormat& system);
 
-    CNumberFormat(const CNumberFormat& other);
-    CNumberFormat& operator=(const CNumberFormat& other);
+    NumberFormat(const NumberFormat& other);
+    NumberFormat& operator=(const NumberFormat& other);
 
-    bool operator==(const CNumberFormat& other) const;
+    bool operator==(const NumberFormat& other) const;
 
     /// False, and nothing changed, when the text has more than three bytes.
     bool SetDecimalSep(std::string_view text) { return Store(m_decimalSep, text); }

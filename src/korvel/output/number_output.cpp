@@ -12,7 +12,7 @@ namespace {
 
 // The last place of a format. Divided step by step: a power function gives other bits, and with them other
 // borders.
-double SmallestStep(const CNumberFormat& format) {
+double SmallestStep(const NumberFormat& format) {
     double step = 1.0;
     for (std::uint32_t digit = 0; digit < format.NumDigits && step > 0.0; ++digit)
         step /= 10.0;
@@ -20,7 +20,7 @@ double SmallestStep(const CNumberFormat& format) {
 }
 
 void AppendFormatted(std::string& out, double value, platform::RenderedDigits rendered,
-                     const CNumberFormat& format) {
+                     const NumberFormat& format) {
     if (!platform::AppendNumber(out, value, rendered, format.TextFormat()))
         AppendStreamText(out, value);
 }
@@ -33,7 +33,7 @@ std::string TextOf(Number value) {
 }
 
 template <typename Number>
-std::string TextWithSmallValues(Number value, ENumberRecord record) {
+std::string TextWithSmallValues(Number value, NumberRecord record) {
     const CNumberOutput& output = CNumberOutput::Instance();
     std::string text;
     if (SmallestStep(output.Format(record)) > std::abs(value))
@@ -46,8 +46,8 @@ std::string TextWithSmallValues(Number value, ENumberRecord record) {
 } // namespace
 
 CNumberOutput::CNumberOutput()
-    : m_records(EFormatService::Number, {ESystemFormat::Integer, ESystemFormat::Integer, ESystemFormat::Float,
-                                         ESystemFormat::Float}) {}
+    : m_records(FormatService::Number,
+                {SystemFormat::Integer, SystemFormat::Integer, SystemFormat::Float, SystemFormat::Float}) {}
 
 CNumberOutput& CNumberOutput::Instance() {
     static CNumberOutput output;
@@ -55,45 +55,45 @@ CNumberOutput& CNumberOutput::Instance() {
 }
 
 void CNumberOutput::Append(std::string& out, int value) const {
-    if (!platform::AppendNumber(out, std::int64_t{value}, Format(ENumberRecord::Integer).TextFormat()))
+    if (!platform::AppendNumber(out, std::int64_t{value}, Format(NumberRecord::Integer).TextFormat()))
         throw std::invalid_argument("CNumberOutput::ConvertNumber( int )");
 }
 
 void CNumberOutput::Append(std::string& out, long value) const {
-    if (!platform::AppendNumber(out, std::int64_t{value}, Format(ENumberRecord::Long).TextFormat()))
+    if (!platform::AppendNumber(out, std::int64_t{value}, Format(NumberRecord::Long).TextFormat()))
         throw std::invalid_argument("CNumberOutput::ConvertNumber( long )");
 }
 
 void CNumberOutput::Append(std::string& out, float value) const {
-    AppendFormatted(out, value, platform::RenderedDigits::Float, Format(ENumberRecord::Float));
+    AppendFormatted(out, value, platform::RenderedDigits::Float, Format(NumberRecord::Float));
 }
 
 void CNumberOutput::Append(std::string& out, double value) const {
-    AppendFormatted(out, value, platform::RenderedDigits::Double, Format(ENumberRecord::Double));
+    AppendFormatted(out, value, platform::RenderedDigits::Double, Format(NumberRecord::Double));
 }
 
-const CNumberFormat& CNumberOutput::FormatFor(EDataTyps type) const {
-    const STypeRow* row = FindTypeRow(type);
-    return Format(row ? row->Record : ENumberRecord::Double);
+const NumberFormat& CNumberOutput::FormatFor(EDataTyps type) const {
+    const TypeRow* row = FindTypeRow(type);
+    return Format(row ? row->Record : NumberRecord::Double);
 }
 
 void CNumberOutput::SetFormatFor(EDataTyps type, const _numberfmtA& format) {
     switch (type) {
     case DT_Int:
     case DT_UInt:
-        return SetFormat(ENumberRecord::Integer, format);
+        return SetFormat(NumberRecord::Integer, format);
     case DT_Long:
-        return SetFormat(ENumberRecord::Long, format);
+        return SetFormat(NumberRecord::Long, format);
     case DT_Float:
-        return SetFormat(ENumberRecord::Float, format);
+        return SetFormat(NumberRecord::Float, format);
     default:
-        return SetFormat(ENumberRecord::Double, format);
+        return SetFormat(NumberRecord::Double, format);
     }
 }
 
 bool CNumberOutput::FollowSystem() {
-    return m_records.FollowSystem({Index(ENumberRecord::Long), Index(ENumberRecord::Integer),
-                                   Index(ENumberRecord::Float), Index(ENumberRecord::Double)});
+    return m_records.FollowSystem({Index(NumberRecord::Long), Index(NumberRecord::Integer),
+                                   Index(NumberRecord::Float), Index(NumberRecord::Double)});
 }
 
 std::string NumberToString(int value) {
@@ -113,36 +113,36 @@ std::string NumberToString(double value) {
 }
 
 std::string NumberToStringEx(float value) {
-    return TextWithSmallValues(value, ENumberRecord::Float);
+    return TextWithSmallValues(value, NumberRecord::Float);
 }
 std::string NumberToStringEx(double value) {
-    return TextWithSmallValues(value, ENumberRecord::Double);
+    return TextWithSmallValues(value, NumberRecord::Double);
 }
 
 const _numberfmtA& GetFormatInt() {
-    return CNumberOutput::Instance().Format(ENumberRecord::Integer);
+    return CNumberOutput::Instance().Format(NumberRecord::Integer);
 }
 const _numberfmtA& GetFormatLong() {
-    return CNumberOutput::Instance().Format(ENumberRecord::Long);
+    return CNumberOutput::Instance().Format(NumberRecord::Long);
 }
 const _numberfmtA& GetFormatFloat() {
-    return CNumberOutput::Instance().Format(ENumberRecord::Float);
+    return CNumberOutput::Instance().Format(NumberRecord::Float);
 }
 const _numberfmtA& GetFormatDouble() {
-    return CNumberOutput::Instance().Format(ENumberRecord::Double);
+    return CNumberOutput::Instance().Format(NumberRecord::Double);
 }
 
 void SetFormatInt(const _numberfmtA& format) {
-    CNumberOutput::Instance().SetFormat(ENumberRecord::Integer, format);
+    CNumberOutput::Instance().SetFormat(NumberRecord::Integer, format);
 }
 void SetFormatLong(const _numberfmtA& format) {
-    CNumberOutput::Instance().SetFormat(ENumberRecord::Long, format);
+    CNumberOutput::Instance().SetFormat(NumberRecord::Long, format);
 }
 void SetFormatFloat(const _numberfmtA& format) {
-    CNumberOutput::Instance().SetFormat(ENumberRecord::Float, format);
+    CNumberOutput::Instance().SetFormat(NumberRecord::Float, format);
 }
 void SetFormatDouble(const _numberfmtA& format) {
-    CNumberOutput::Instance().SetFormat(ENumberRecord::Double, format);
+    CNumberOutput::Instance().SetFormat(NumberRecord::Double, format);
 }
 
 } // namespace korvel

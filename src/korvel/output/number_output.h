@@ -53,7 +53,7 @@ KORVEL_API void SetFormatLong(const _numberfmtA& format);
 KORVEL_API void SetFormatFloat(const _numberfmtA& format);
 KORVEL_API void SetFormatDouble(const _numberfmtA& format);
 
-enum class ENumberRecord { Integer, Long, Float, Double };
+enum class NumberRecord { Integer, Long, Float, Double };
 
 /// The service behind these functions.
 class CNumberOutput final : public ISystemChangedObserverImp<CNumberOutput> {
@@ -66,12 +66,12 @@ public:
     void Append(std::string& out, float value) const;
     void Append(std::string& out, double value) const;
 
-    const CNumberFormat& Format(ENumberRecord record) const { return m_records[Index(record)]; }
+    const NumberFormat& Format(NumberRecord record) const { return m_records[Index(record)]; }
 
     /// The format by which values of a type are written and read; `Double` for types that no other one names.
-    const CNumberFormat& FormatFor(EDataTyps type) const;
+    const NumberFormat& FormatFor(EDataTyps type) const;
 
-    void SetFormat(ENumberRecord record, const _numberfmtA& format) { m_records.Set(Index(record), format); }
+    void SetFormat(NumberRecord record, const _numberfmtA& format) { m_records.Set(Index(record), format); }
 
     /// Stores for `DT_Int` and `DT_UInt`, `DT_Long`, `DT_Float`; every other type is stored as `Double`, also
     /// those whose text `FormatFor` takes from another record.
@@ -79,18 +79,18 @@ public:
 
     /// For saved formats: stores a record as it stands, telling nobody; `Notification().Fire()` tells of all
     /// at once.
-    void ReplaceFormat(ENumberRecord record, const CNumberFormat& format) {
+    void ReplaceFormat(NumberRecord record, const NumberFormat& format) {
         m_records.Replace(Index(record), format);
     }
-    CFormatNotification& Notification() { return m_records.Notification(); }
+    FormatNotification& Notification() { return m_records.Notification(); }
 
     bool FollowSystem();
 
 private:
     CNumberOutput();
-    static std::size_t Index(ENumberRecord record) { return static_cast<std::size_t>(record); }
+    static std::size_t Index(NumberRecord record) { return static_cast<std::size_t>(record); }
 
-    CFormatRecords m_records;
+    FormatRecords m_records;
 };
 
 } // namespace korvel

@@ -27,8 +27,8 @@ char DecimalSign() {
     return sign;
 }
 
-int DigitsOf(const CNumberFormat& format) {
-    return static_cast<int>(std::min<std::uint64_t>(format.NumDigits, platform::longestNumberText));
+int DigitsOf(const NumberFormat& format) {
+    return static_cast<int>(std::min<std::uint64_t>(format.NumDigits, platform::LongestNumberText));
 }
 
 // Of the whole part, before the rounding to decimals: 9.99 with no decimals is "10", yet counts as one digit.
@@ -56,7 +56,7 @@ void AppendStationPart(std::string& out, double value, int decimals, int width) 
 }
 
 template <typename Real>
-void AppendRailwayStation(std::string& out, Real station, const CNumberFormat& format) {
+void AppendRailwayStation(std::string& out, Real station, const NumberFormat& format) {
     const Real kilometres = std::floor(station / Real{100}) / Real{10};
     AppendStationPart(out, kilometres, RailwayKilometreDecimals, NoWidth);
     out += '+';
@@ -64,7 +64,7 @@ void AppendRailwayStation(std::string& out, Real station, const CNumberFormat& f
 }
 
 template <typename Real>
-void AppendRoadStation(std::string& out, Real station, const CNumberFormat& format) {
+void AppendRoadStation(std::string& out, Real station, const NumberFormat& format) {
     const Real kilometres = std::floor(station / Real{1000});
     AppendStationPart(out, kilometres, RoadKilometreDecimals, NoWidth);
     out += '+';
@@ -81,8 +81,7 @@ std::string TextOf(void (CStationOutput::*append)(std::string&, Real) const, Rea
 } // namespace
 
 CStationOutput::CStationOutput()
-    : m_records(EFormatService::Station,
-                {ESystemFormat::Integer, ESystemFormat::Float, ESystemFormat::Float}) {}
+    : m_records(FormatService::Station, {SystemFormat::Integer, SystemFormat::Float, SystemFormat::Float}) {}
 
 CStationOutput& CStationOutput::Instance() {
     static CStationOutput output;

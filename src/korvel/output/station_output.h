@@ -31,13 +31,13 @@ public:
     void AppendRoad(std::string& out, double station) const;
     void AppendRoad(std::string& out, float station) const;
 
-    CFormatNotification& Notification() { return m_records.Notification(); }
+    FormatNotification& Notification() { return m_records.Notification(); }
     bool FollowSystem();
 
 private:
     CStationOutput();
 
-    CFormatRecords
+    FormatRecords
         m_records; // the first is kept and refreshed only; the second is for double, the third for float
 };
 

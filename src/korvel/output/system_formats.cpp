@@ -6,8 +6,8 @@ namespace korvel {
 
 namespace {
 
-struct SSystem {
-    SSystem() {
+struct SystemSnapshot {
+    SystemSnapshot() {
         // What stands while a separator of the settings is too long for a record.
         floatFormat.SetDecimalSep(".");
         Read();
@@ -28,19 +28,19 @@ struct SSystem {
     }
 
     platform::RegionalSettings settings;
-    CNumberFormat floatFormat;
-    CNumberFormat integerFormat;
+    NumberFormat floatFormat;
+    NumberFormat integerFormat;
 };
 
-SSystem& System() {
-    static SSystem system;
+SystemSnapshot& System() {
+    static SystemSnapshot system;
     return system;
 }
 
 } // namespace
 
-const CNumberFormat& SystemNumberFormat(ESystemFormat kind) {
-    return kind == ESystemFormat::Integer ? System().integerFormat : System().floatFormat;
+const NumberFormat& SystemNumberFormat(SystemFormat kind) {
+    return kind == SystemFormat::Integer ? System().integerFormat : System().floatFormat;
 }
 
 const platform::RegionalSettings& SystemSettings() {

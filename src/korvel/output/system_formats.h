@@ -6,11 +6,11 @@
 namespace korvel {
 
 /// What the services follow as long as the user has set nothing else.
-enum class ESystemFormat { Integer, Float };
+enum class SystemFormat { Integer, Float };
 
 /// The number format of the regional settings, `System` being true; without decimals for integers. Read at
 /// first use. \throws Error when the settings cannot be read; the next call tries again
-const CNumberFormat& SystemNumberFormat(ESystemFormat kind);
+const NumberFormat& SystemNumberFormat(SystemFormat kind);
 
 /// The regional settings as they were read last.
 const platform::RegionalSettings& SystemSettings();

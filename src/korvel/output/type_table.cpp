@@ -7,16 +7,16 @@ namespace korvel {
 
 namespace {
 
-using M = EMeaning;
-using N = ENumberRecord;
-using S = EStorage;
-using V = EFormatService;
+using M = ValueMeaning;
+using N = NumberRecord;
+using S = ValueStorage;
+using V = FormatService;
 
 constexpr int NoText = -1;
 
 // In the order of the types. Lists are written with the formats of their entries, so no service is named
 // here.
-constexpr STypeRow Rows[] = {
+constexpr TypeRow Rows[] = {
     {DT_Void, S::None, M::Plain, 117, V::None, N::Double},
     {DT_Int, S::Int, M::Plain, 95, V::Number, N::Integer},
     {DT_Long, S::Long, M::Plain, 97, V::Number, N::Long},
@@ -63,17 +63,16 @@ constexpr STypeRow Rows[] = {
     {DT_RandomUInt, S::UInt, M::Random, 109, V::Number, N::Integer},
 };
 
-constexpr bool Before(const STypeRow& left, const STypeRow& right) {
+constexpr bool Before(const TypeRow& left, const TypeRow& right) {
     return left.Type < right.Type;
 }
 static_assert(std::is_sorted(std::begin(Rows), std::end(Rows), Before), "FindTypeRow searches in this order");
 
 } // namespace
 
-const STypeRow* FindTypeRow(EDataTyps type) {
-    const STypeRow* row =
-        std::lower_bound(std::begin(Rows), std::end(Rows), type,
-                         [](const STypeRow& r, EDataTyps wanted) { return r.Type < wanted; });
+const TypeRow* FindTypeRow(EDataTyps type) {
+    const TypeRow* row = std::lower_bound(std::begin(Rows), std::end(Rows), type,
+                                          [](const TypeRow& r, EDataTyps wanted) { return r.Type < wanted; });
     return row != std::end(Rows) && row->Type == type ? row : nullptr;
 }
 

@@ -7,10 +7,10 @@
 namespace korvel {
 
 /// How the payload of a type is stored.
-enum class EStorage { None, Int, Long, UInt, Float, Double, Bool, Text, Color, Group, List, Date };
+enum class ValueStorage { None, Int, Long, UInt, Float, Double, Bool, Text, Color, Group, List, Date };
 
 /// What the value of a type means, which decides how it is written as text.
-enum class EMeaning {
+enum class ValueMeaning {
     Plain,
     Angle,
     List,
@@ -30,21 +30,22 @@ enum class EMeaning {
 };
 
 /// Everything that is known of one data type.
-struct STypeRow {
+struct TypeRow {
     EDataTyps Type;
-    EStorage Storage;
-    EMeaning Meaning;
-    int TextId;             ///< row of the Text table that names the type; -1: none does
-    EFormatService Service; ///< whose change of format puts the value's text out of date
-    ENumberRecord Record;   ///< the number format that `CNumberOutput` names for the type
+    ValueStorage Storage;
+    ValueMeaning Meaning;
+    int TextId;            ///< row of the Text table that names the type; -1: none does
+    FormatService Service; ///< whose change of format puts the value's text out of date
+    NumberRecord Record;   ///< the number format that `CNumberOutput` names for the type
 
     /// Whether the value reads as a number.
     bool IsNumeric() const {
-        return Storage >= EStorage::Int && Storage <= EStorage::Double && Meaning != EMeaning::TextForm;
+        return Storage >= ValueStorage::Int && Storage <= ValueStorage::Double &&
+               Meaning != ValueMeaning::TextForm;
     }
 };
 
 /// The row of a type; null for what is no type, as one with a modifier bit.
-const STypeRow* FindTypeRow(EDataTyps type);
+const TypeRow* FindTypeRow(EDataTyps type);
 
 } // namespace korvel

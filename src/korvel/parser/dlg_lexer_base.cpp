@@ -49,11 +49,11 @@ void DLGLexerBase::NextToken(ANTLRAbstractToken* tokenToFill) {
 
 std::size_t DLGLexerBase::RunAutomaton() {
     // All in locals: the text is written through a pointer to char, which may point to any member.
-    const std::uint8_t* const classes = m_tables.classes.data() + 1;
-    const std::uint8_t* const transitions = m_tables.transitions.data();
+    const std::uint8_t* classes = m_tables.classes.data() + 1;
+    const std::uint8_t* transitions = m_tables.transitions.data();
     const char* at = m_current;
     const std::size_t space = m_textBuffer.size() - m_textLength;
-    const char* const stop = at + std::min(static_cast<std::size_t>(m_end - at), space);
+    const char* stop = at + std::min(static_cast<std::size_t>(m_end - at), space);
     char* text = m_textBuffer.data() + m_textLength;
     std::size_t state = ScannerTables::Start;
     std::size_t next = ScannerTables::NoState;

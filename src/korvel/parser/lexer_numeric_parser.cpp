@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::uint8_t OtherClass = 13;
 
-/// The bytes of each character class. Class 0 is the end of the input; OtherClass is every other byte.
+// The bytes of each character class. Class 0 is the end of the input; OtherClass is every other byte.
 constexpr std::array<std::string_view, OtherClass> BytesOfClass = {
     "", "+", "-", "*", "/", "(", ")", "0123456789", ".", "Ee", "\t f", "\n", "\r"};
 

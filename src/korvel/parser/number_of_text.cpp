@@ -12,7 +12,7 @@ namespace korvel {
 
 namespace {
 
-/// std::from_chars leaves a value outside the range of a double unset, and does not say on which side.
+// std::from_chars leaves a value outside the range of a double unset, and does not say on which side.
 double OutOfRangeDouble(std::string_view text) {
     std::istringstream stream{std::string(text)};
     stream.imbue(std::locale::classic());

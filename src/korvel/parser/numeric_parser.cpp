@@ -46,10 +46,10 @@ std::string WithPoint(std::string_view text, std::string_view decimalSeparator) 
     return result.append(text, begin);
 }
 
-/// The panic of a cell: the parse ends, and neither the process nor the standard error stream hears of it.
+// The panic of a cell: the parse ends, and neither the process nor the standard error stream hears of it.
 void EndParseSilently(const char*) {}
 
-/// All that an evaluation needs lies on the stack, so that it takes no memory from the heap.
+// All that an evaluation needs lies on the stack, so that it takes no memory from the heap.
 double EvaluateWithPoint(std::string_view text) {
     std::array<char, CLexerNumericParser::TextBufferSize> tokenText;
     CLexerNumericParser scanner;

@@ -10,31 +10,31 @@ namespace {
 using std::chrono::sys_days;
 using std::chrono::year_month_day;
 
-constexpr sys_days dayZero = std::chrono::December / 30 / 1899;
-constexpr int firstYear = 100;
-constexpr int lastYear = 9999;
-constexpr double firstDay = -657434; // 1 January of the first year
-constexpr double endDay = 2958466;   // after 31 December of the last year
-constexpr int secondsPerDay = 86400;
+constexpr sys_days DayZero = std::chrono::December / 30 / 1899;
+constexpr int FirstYear = 100;
+constexpr int LastYear = 9999;
+constexpr double FirstDay = -657434; // 1 January of the first year
+constexpr double EndDay = 2958466;   // after 31 December of the last year
+constexpr int SecondsPerDay = 86400;
 
 // 31 December 3000, 23:59:59 UTC: where the platform's C runtime ends.
-constexpr std::int64_t lastEpochSecond = 32535215999;
+constexpr std::int64_t LastEpochSecond = 32535215999;
 
 bool InYears(const year_month_day& date) {
-    return date.ok() && date.year() >= std::chrono::year(firstYear) &&
-           date.year() <= std::chrono::year(lastYear);
+    return date.ok() && date.year() >= std::chrono::year(FirstYear) &&
+           date.year() <= std::chrono::year(LastYear);
 }
 
 } // namespace
 
 std::optional<CalendarFields> FieldsFromDate(double date) {
     // The day -657434 reaches down to -657434.99: its fraction counts forward like any other.
-    if (!(date > firstDay - 1 && date < endDay))
+    if (!(date > FirstDay - 1 && date < EndDay))
         return std::nullopt;
     const double wholeDays = std::trunc(date);
-    auto seconds = static_cast<int>(std::floor(std::fabs(date - wholeDays) * secondsPerDay + 0.5));
-    sys_days day = dayZero + std::chrono::days(static_cast<int>(wholeDays));
-    if (seconds == secondsPerDay) {
+    auto seconds = static_cast<int>(std::floor(std::fabs(date - wholeDays) * SecondsPerDay + 0.5));
+    sys_days day = DayZero + std::chrono::days(static_cast<int>(wholeDays));
+    if (seconds == SecondsPerDay) {
         seconds = 0;
         day += std::chrono::days(1);
     }
@@ -55,7 +55,7 @@ std::optional<CalendarFields> FieldsFromDate(double date) {
 
 std::optional<double> DateFromFields(const CalendarFields& fields) {
     const auto inRange = [](int value, int first, int last) { return value >= first && value <= last; };
-    if (!inRange(fields.year, firstYear, lastYear) || !inRange(fields.month, 1, 12) ||
+    if (!inRange(fields.year, FirstYear, LastYear) || !inRange(fields.month, 1, 12) ||
         !inRange(fields.day, 1, 31) || !inRange(fields.hour, 0, 23) || !inRange(fields.minute, 0, 59) ||
         !inRange(fields.second, 0, 59))
         return std::nullopt;
@@ -64,14 +64,14 @@ std::optional<double> DateFromFields(const CalendarFields& fields) {
                               std::chrono::day(static_cast<unsigned>(fields.day)));
     if (!date.ok())
         return std::nullopt;
-    const double days = static_cast<double>((sys_days(date) - dayZero).count());
+    const double days = static_cast<double>((sys_days(date) - DayZero).count());
     const double time =
-        (fields.hour * 3600 + fields.minute * 60 + fields.second) / static_cast<double>(secondsPerDay);
+        (fields.hour * 3600 + fields.minute * 60 + fields.second) / static_cast<double>(SecondsPerDay);
     return days < 0 ? days - time : days + time;
 }
 
 std::optional<CalendarFields> LocalFieldsFromEpoch(std::int64_t seconds) {
-    if (seconds < 0 || seconds > lastEpochSecond)
+    if (seconds < 0 || seconds > LastEpochSecond)
         return std::nullopt;
     tzset(); // localtime_r need not notice that TZ has changed
     const std::time_t time = seconds;

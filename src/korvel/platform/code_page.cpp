@@ -12,30 +12,30 @@ namespace {
 // The characters of 80 to 9F; every other byte stands for the character of its own number. Source: the
 // Unicode Consortium's mapping table CP1252.TXT, with the platform's best fit for the five bytes that it
 // leaves undefined.
-constexpr std::array<char16_t, 32> upperControls{
+constexpr std::array<char16_t, 32> UpperControls{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
-constexpr unsigned firstUpperControl = 0x80;
+constexpr unsigned FirstUpperControl = 0x80;
 
 bool IsUpperControl(char32_t number) {
-    return number >= firstUpperControl && number < firstUpperControl + upperControls.size();
+    return number >= FirstUpperControl && number < FirstUpperControl + UpperControls.size();
 }
 
 } // namespace
 
 char32_t ToUnicode(char byte) {
     const auto number = static_cast<unsigned char>(byte);
-    return IsUpperControl(number) ? upperControls[number - firstUpperControl] : number;
+    return IsUpperControl(number) ? UpperControls[number - FirstUpperControl] : number;
 }
 
 std::optional<char> FromUnicode(char32_t character) {
     if (character <= 0xFF && !IsUpperControl(character))
         return static_cast<char>(character);
-    const auto found = std::find(upperControls.begin(), upperControls.end(), character);
-    if (found == upperControls.end())
+    const auto found = std::find(UpperControls.begin(), UpperControls.end(), character);
+    if (found == UpperControls.end())
         return std::nullopt;
-    return static_cast<char>(firstUpperControl + static_cast<unsigned>(found - upperControls.begin()));
+    return static_cast<char>(FirstUpperControl + static_cast<unsigned>(found - UpperControls.begin()));
 }
 
 std::string ToUtf8(std::string_view bytes) {

@@ -6,7 +6,7 @@
 namespace korvel::platform {
 namespace {
 
-/// One row a kind of field. Source of the letters: Unicode Technical Standard 35, part 4, date field symbols.
+// One row a kind of field. Source of the letters: Unicode Technical Standard 35, part 4, date field symbols.
 struct Field {
     std::string_view letters;
     char picture;
@@ -14,7 +14,7 @@ struct Field {
     std::size_t longest;
 };
 
-constexpr std::array<Field, 9> fields{{{"Ece", 'd', 3, 4},
+constexpr std::array<Field, 9> Fields{{{"Ece", 'd', 3, 4},
                                        {"d", 'd', 1, 2},
                                        {"ML", 'M', 1, 4},
                                        {"yur", 'y', 4, 4},
@@ -43,10 +43,10 @@ std::string PictureOfPattern(std::string_view pattern) {
             continue;
         }
         i += run;
-        const auto* field = std::find_if(fields.begin(), fields.end(), [&](const Field& row) {
+        const auto* field = std::find_if(Fields.begin(), Fields.end(), [&](const Field& row) {
             return row.letters.find(letter) != std::string_view::npos;
         });
-        if (field != fields.end())
+        if (field != Fields.end())
             picture.append(std::clamp(run, field->shortest, field->longest), field->picture);
         else if (i < pattern.size() && pattern[i] == ' ')
             ++i;

@@ -8,23 +8,23 @@ namespace {
 
 __extension__ using Wide = unsigned __int128;
 
-constexpr auto powersOfTen = [] {
-    std::array<std::uint64_t, FixedPoint::mostDecimals + 1> powers{1};
+constexpr auto PowersOfTen = [] {
+    std::array<std::uint64_t, FixedPoint::MostDecimals + 1> powers{1};
     for (std::size_t i = 1; i < powers.size(); ++i)
         powers[i] = powers[i - 1] * 10;
     return powers;
 }();
 
 std::uint64_t PowerOfTen(int exponent) {
-    return powersOfTen[static_cast<std::size_t>(exponent)];
+    return PowersOfTen[static_cast<std::size_t>(exponent)];
 }
 
 // The layout of a double: IEEE 754, binary64.
-constexpr int mantissaBits = 52;
-constexpr int exponentMask = 0x7FF;
-constexpr int exponentOfOne = 1023;
+constexpr int MantissaBits = 52;
+constexpr int ExponentMask = 0x7FF;
+constexpr int ExponentOfOne = 1023;
 
-/// numerator / 2^shift, exact halves to even.
+// numerator / 2^shift, exact halves to even.
 std::uint64_t DivideByPowerOfTwo(Wide numerator, int shift) {
     const auto quotient = static_cast<std::uint64_t>(numerator >> shift);
     const Wide remainder = numerator - (static_cast<Wide>(quotient) << shift);
@@ -36,15 +36,15 @@ std::uint64_t DivideByPowerOfTwo(Wide numerator, int shift) {
 
 std::optional<FixedPoint> FixedPoint::Of(double value, int decimals) {
     const auto bits = std::bit_cast<std::uint64_t>(value);
-    const int exponent = static_cast<int>(bits >> mantissaBits) & exponentMask;
-    if (exponent >= exponentOfOne + 64)
+    const int exponent = static_cast<int>(bits >> MantissaBits) & ExponentMask;
+    if (exponent >= ExponentOfOne + 64)
         return std::nullopt;
-    constexpr std::uint64_t hiddenBit = std::uint64_t{1} << mantissaBits;
+    constexpr std::uint64_t hiddenBit = std::uint64_t{1} << MantissaBits;
     const std::uint64_t mantissa = (bits & (hiddenBit - 1)) | (exponent == 0 ? 0 : hiddenBit);
     FixedPoint result;
     result.decimals = decimals;
     result.negative = (bits >> 63) != 0;
-    const int fractionBits = exponentOfOne + mantissaBits - (exponent == 0 ? 1 : exponent);
+    const int fractionBits = ExponentOfOne + MantissaBits - (exponent == 0 ? 1 : exponent);
     if (fractionBits <= 0) {
         result.integer = mantissa << -fractionBits;
         return result;

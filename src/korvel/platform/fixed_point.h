@@ -8,7 +8,7 @@ namespace korvel::platform {
 /// A number with a fixed count of decimals, exact. It spares the way through printf to the first decimals of
 /// a double, and rounds as that way does, in both of its steps.
 struct FixedPoint {
-    static constexpr int mostDecimals = 15;
+    static constexpr int MostDecimals = 15;
 
     std::uint64_t integer = 0;
     std::uint64_t fraction = 0; ///< below ten to the power of the decimals

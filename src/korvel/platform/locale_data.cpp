@@ -17,12 +17,12 @@
 namespace korvel::platform {
 namespace {
 
-constexpr const char* fallbackLocale = "en-US";
+constexpr const char* FallbackLocale = "en-US";
 
 class IcuStatus {
 public:
     operator UErrorCode&() { return m_code; }
-    /// Throws Error when one of the calls before has failed.
+    // Throws Error when one of the calls before has failed.
     void Check() const {
         if (U_FAILURE(m_code))
             throw Error(std::string("The regional data of ICU cannot be read: ") + u_errorName(m_code));
@@ -37,7 +37,7 @@ std::string Utf8(const icu::UnicodeString& text) {
     return text.toUTF8String(utf8);
 }
 
-/// The letter below its accents.
+// The letter below its accents.
 char32_t BaseLetter(char32_t character) {
     switch (character) { // letters that Unicode does not take apart, mostly those with a stroke
     case U'\u0141':
@@ -61,7 +61,7 @@ char32_t BaseLetter(char32_t character) {
     return parts.isEmpty() ? character : static_cast<char32_t>(parts.char32At(0));
 }
 
-/// Nothing when a letter of the text is not in the code page, even without its accents.
+// Nothing when a letter of the text is not in the code page, even without its accents.
 std::optional<std::string> Fit(const icu::UnicodeString& text) {
     std::string bytes;
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
@@ -76,7 +76,7 @@ std::optional<std::string> Fit(const icu::UnicodeString& text) {
     return bytes;
 }
 
-/// Numbers and dates with Western digits in the Gregorian calendar, whatever else the locale prefers.
+// Numbers and dates with Western digits in the Gregorian calendar, whatever else the locale prefers.
 icu::Locale DataLocale(const std::string& name) {
     IcuStatus status;
     icu::Locale locale = icu::Locale::forLanguageTag(name, status);
@@ -93,7 +93,7 @@ std::string Separator(const icu::UnicodeString& symbol, std::string_view fallbac
     return Fit(text).value_or(std::string(fallback));
 }
 
-/// The platform's text for the group sizes: "3;0", or "3;2;0" where the others differ from the first.
+// The platform's text for the group sizes: "3;0", or "3;2;0" where the others differ from the first.
 std::string Grouping(const icu::DecimalFormat& format) {
     const int first = format.getGroupingSize();
     const int others = format.getSecondaryGroupingSize();
@@ -116,8 +116,8 @@ void ReadNumbers(const icu::Locale& locale, RegionalSettings& settings) {
     settings.grouping = decimal != nullptr ? Grouping(*decimal) : "3;0";
 }
 
-/// A foreign script's picture would leave its fields glued together: the fallback keeps them readable, and is
-/// understood everywhere.
+// A foreign script's picture would leave its fields glued together: the fallback keeps them readable, and is
+// understood everywhere.
 std::string Picture(const std::unique_ptr<icu::DateFormat>& format, std::string_view fallback) {
     const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get());
     if (simple == nullptr)
@@ -143,7 +143,7 @@ void ReadPictures(const icu::Locale& locale, RegionalSettings& settings) {
         Picture(std::unique_ptr<Format>(Format::createTimeInstance(Format::kMedium, locale)), "HH:mm:ss");
 }
 
-/// Names that follow each other in ICU's list. False when one of them does not fit into the code page.
+// Names that follow each other in ICU's list. False when one of them does not fit into the code page.
 template <std::size_t count>
 bool ReadNames(const icu::UnicodeString* list, int available, std::array<std::string, count>& names) {
     for (std::size_t i = 0; i < count && static_cast<int>(i) < available; ++i) {
@@ -215,7 +215,7 @@ RegionalSettings LocaleData(const std::string& numberLocale, const std::string& 
     settings.countryName = times.getISO3Country();
     std::optional<CalendarNames> names = ReadCalendarNames(times);
     if (!names)
-        names = ReadCalendarNames(DataLocale(fallbackLocale));
+        names = ReadCalendarNames(DataLocale(FallbackLocale));
     settings.names = names.value_or(CalendarNames{});
     return settings;
 }

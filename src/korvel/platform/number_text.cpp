@@ -10,11 +10,11 @@
 namespace korvel::platform {
 namespace {
 
-/// The digits of a number that is rounded already. The fraction may be shorter than the format asks for.
+// The digits of a number that is rounded already. The fraction may be shorter than the format asks for.
 struct DecimalDigits {
-    std::string_view integer; ///< without leading zeros; empty for 0
+    std::string_view integer; // without leading zeros; empty for 0
     std::string_view fraction;
-    bool negative = false; ///< never for zero
+    bool negative = false; // never for zero
 };
 
 struct Sign {
@@ -22,9 +22,9 @@ struct Sign {
     std::string_view after;
 };
 
-constexpr std::array<Sign, 5> negativeForms{{{"(", ")"}, {"-", ""}, {"- ", ""}, {"", "-"}, {"", " -"}}};
+constexpr std::array<Sign, 5> NegativeForms{{{"(", ")"}, {"-", ""}, {"- ", ""}, {"", "-"}, {"", " -"}}};
 
-/// A text that grows from its end, since groups are counted from there, up to the longest that is allowed.
+// A text that grows from its end, since groups are counted from there, up to the longest that is allowed.
 class BackwardText {
 public:
     void Put(std::string_view piece) {
@@ -50,12 +50,12 @@ private:
         return m_buffer.data() + m_begin;
     }
 
-    std::array<char, longestNumberText> m_buffer;
-    std::size_t m_begin = longestNumberText;
+    std::array<char, LongestNumberText> m_buffer;
+    std::size_t m_begin = LongestNumberText;
     bool m_fits = true;
 };
 
-/// Walks through the sizes of a grouping code; 0 says that the rest is one group.
+// Walks through the sizes of a grouping code; 0 says that the rest is one group.
 class GroupSizes {
 public:
     explicit GroupSizes(std::uint32_t code) {
@@ -85,9 +85,9 @@ void PutGrouped(BackwardText& text, std::string_view integer, const NumberTextFo
 }
 
 bool AppendDigits(std::string& out, const DecimalDigits& number, const NumberTextFormat& format) {
-    if (number.negative && format.negativeOrder >= negativeForms.size())
+    if (number.negative && format.negativeOrder >= NegativeForms.size())
         return false;
-    const Sign sign = number.negative ? negativeForms[format.negativeOrder] : Sign{};
+    const Sign sign = number.negative ? NegativeForms[format.negativeOrder] : Sign{};
     BackwardText text;
     text.Put(sign.after);
     if (format.digits > 0) {
@@ -113,7 +113,7 @@ bool IsDigits(std::string_view text) {
     return text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
-/// Adds one to the last of these digits, of which the first is 0.
+// Adds one to the last of these digits, of which the first is 0.
 void Increase(std::string& digits) {
     std::size_t last = digits.size() - 1;
     for (; digits[last] == '9'; --last)
@@ -136,7 +136,7 @@ std::string_view Render(std::uint64_t integer, IntegerDigits& digits) {
     return {digits.data(), static_cast<std::size_t>(end - digits.data())};
 }
 
-using FractionDigits = std::array<char, FixedPoint::mostDecimals>;
+using FractionDigits = std::array<char, FixedPoint::MostDecimals>;
 
 std::string_view Render(std::uint64_t fraction, int decimals, FractionDigits& digits) {
     for (int place = decimals; place > 0; --place) {
@@ -157,7 +157,7 @@ bool AppendNumberText(std::string& out, std::string_view number, const NumberTex
     if (!IsDigits(integer) || !IsDigits(fraction) || integer.size() + fraction.size() == 0)
         return false;
     integer = WithoutLeadingZeros(integer);
-    if (integer.size() + format.digits > longestNumberText)
+    if (integer.size() + format.digits > LongestNumberText)
         return false;
     std::string rounded;
     if (fraction.size() > format.digits) {

@@ -28,7 +28,7 @@ struct NumberTextFormat {
 };
 
 /// The longest text that is made, in bytes.
-constexpr std::size_t longestNumberText = 1024;
+constexpr std::size_t LongestNumberText = 1024;
 
 /// Appends a number that is given as decimal text: an optional "-", digits with at most one "." among them.
 ///

@@ -12,7 +12,7 @@
 namespace korvel::platform {
 namespace {
 
-constexpr const char* settingsKey = "Control Panel\\International";
+constexpr const char* SettingsKey = "Control Panel\\International";
 
 struct TextOverride {
     const char* name;
@@ -24,26 +24,26 @@ struct NumberOverride {
     int RegionalSettings::*setting;
 };
 
-constexpr std::array<TextOverride, 6> textOverrides{{{"sDecimal", &RegionalSettings::decimalSeparator},
+constexpr std::array<TextOverride, 6> TextOverrides{{{"sDecimal", &RegionalSettings::decimalSeparator},
                                                      {"sThousand", &RegionalSettings::thousandsSeparator},
                                                      {"sGrouping", &RegionalSettings::grouping},
                                                      {"sLongDate", &RegionalSettings::longDatePicture},
                                                      {"sShortDate", &RegionalSettings::shortDatePicture},
                                                      {"sTimeFormat", &RegionalSettings::timePicture}}};
 
-constexpr std::array<NumberOverride, 3> numberOverrides{{{"iDigits", &RegionalSettings::digits},
+constexpr std::array<NumberOverride, 3> NumberOverrides{{{"iDigits", &RegionalSettings::digits},
                                                          {"iLZero", &RegionalSettings::leadingZero},
                                                          {"iNegNumber", &RegionalSettings::negativeOrder}}};
 
 std::optional<std::string> ReadOverride(const char* name) {
     SettingValue value;
-    if (ReadSetting(SettingsRoot::User, settingsKey, name, value) != SettingsStatus::Done ||
+    if (ReadSetting(SettingsRoot::User, SettingsKey, name, value) != SettingsStatus::Done ||
         value.type != SettingType::Text)
         return std::nullopt;
     return value.bytes.substr(0, value.bytes.find('\0'));
 }
 
-/// The locale that this program was told to use instead of the user's.
+// The locale that this program was told to use instead of the user's.
 class ChosenLocale {
 public:
     static ChosenLocale& Instance() {
@@ -64,8 +64,8 @@ private:
     std::string m_name;
 };
 
-/// The environment's locale for one category, in the order in which POSIX asks the variables. An unknown one
-/// counts as en-US, and so does the C library's own, which has no month names in any language of a user.
+// The environment's locale for one category, in the order in which POSIX asks the variables. An unknown one
+// counts as en-US, and so does the C library's own, which has no month names in any language of a user.
 std::string EnvironmentLocale(const char* category) {
     for (const char* variable : {"LC_ALL", category, "LANG"}) {
         const std::string value = EnvironmentValue(variable);
@@ -84,9 +84,9 @@ std::string LocaleFor(const char* category) {
 
 RegionalSettings ReadRegionalSettings() {
     RegionalSettings settings = LocaleData(LocaleFor("LC_NUMERIC"), LocaleFor("LC_TIME"));
-    for (const auto& [name, setting] : textOverrides)
+    for (const auto& [name, setting] : TextOverrides)
         settings.*setting = ReadOverride(name).value_or(settings.*setting);
-    for (const auto& [name, setting] : numberOverrides)
+    for (const auto& [name, setting] : NumberOverrides)
         if (const std::optional<std::string> text = ReadOverride(name))
             settings.*setting = ReadInteger(*text);
     return settings;

@@ -24,7 +24,7 @@ void Require(bool succeeded, const std::string& path) {
         Fail(path, errno);
 }
 
-/// An open file that is closed at the end.
+// An open file that is closed at the end.
 class Descriptor {
 public:
     explicit Descriptor(int number) : m_number(number) {}
@@ -37,7 +37,7 @@ public:
 
     int Number() const { return m_number; }
     bool IsOpen() const { return m_number >= 0; }
-    /// Tells of a failure that the system reports only now.
+    // Tells of a failure that the system reports only now.
     bool Close() { return ::close(std::exchange(m_number, -1)) == 0; }
 
 private:
@@ -56,7 +56,7 @@ bool WriteAll(int file, std::string_view content) {
     return true;
 }
 
-/// The file that is to be replaced, behind links.
+// The file that is to be replaced, behind links.
 std::filesystem::path TargetOf(const std::string& path) {
     std::error_code ignored;
     const std::filesystem::path target = std::filesystem::canonical(path, ignored);
@@ -88,13 +88,13 @@ int OpenFolderOf(const std::filesystem::path& target) {
     return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
 }
 
-/// A file system that cannot flush a folder says so by EINVAL: there is nothing left to do then.
+// A file system that cannot flush a folder says so by EINVAL: there is nothing left to do then.
 bool Flush(const Descriptor& folder) {
     return ::fsync(folder.Number()) == 0 || errno == EINVAL;
 }
 
-/// The state of the file that is to be replaced; refuses what is no file, and one that may not be written.
-/// False when there is none.
+// The state of the file that is to be replaced; refuses what is no file, and one that may not be written.
+// False when there is none.
 bool Inspect(const std::filesystem::path& target, struct stat& state, const std::string& path) {
     if (::stat(target.c_str(), &state) != 0)
         return false;

@@ -15,9 +15,9 @@
 namespace korvel::platform {
 namespace {
 
-constexpr const char* storeFile = "settings.sqlite";
+constexpr const char* StoreFile = "settings.sqlite";
 
-/// The files that this process was told to use instead of the usual ones.
+// The files that this process was told to use instead of the usual ones.
 class ChosenFiles {
 public:
     static ChosenFiles& Instance() {
@@ -38,12 +38,12 @@ private:
     std::array<std::filesystem::path, 2> m_files;
 };
 
-/// The form in which names are compared and stored.
+// The form in which names are compared and stored.
 std::string StoredName(std::string_view name) {
     return ToUtf8(FoldCase(name));
 }
 
-/// The stored paths from the topmost key down to this one; none for the root.
+// The stored paths from the topmost key down to this one; none for the root.
 std::vector<std::string> KeysDownTo(std::string_view path) {
     std::vector<std::string> keys;
     std::string key;
@@ -102,7 +102,7 @@ bool MayWrite(const std::filesystem::path& place) {
     return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
-/// Changing the file takes the right to write to its folder too, where the journal stands meanwhile.
+// Changing the file takes the right to write to its folder too, where the journal stands meanwhile.
 bool MayWriteStore(const std::filesystem::path& file) {
     std::error_code error;
     if (std::filesystem::exists(file, error) && !MayWrite(file))
@@ -146,7 +146,7 @@ std::filesystem::path StorePath(SettingsRoot root) {
         return chosen;
     const std::filesystem::path folder =
         root == SettingsRoot::User ? UserConfigFolder() : MachineConfigFolder();
-    return folder.empty() ? folder : folder / storeFile;
+    return folder.empty() ? folder : folder / StoreFile;
 }
 
 void SetStorePath(SettingsRoot root, std::filesystem::path file) {

@@ -10,19 +10,19 @@
 namespace korvel::platform {
 namespace {
 
-constexpr int patienceInMilliseconds = 5000;
+constexpr int PatienceInMilliseconds = 5000;
 
 // Kept in the file's header, so that no other program's database is taken for a store: "Korv".
-constexpr std::int64_t applicationId = 0x4B6F7276;
+constexpr std::int64_t ApplicationId = 0x4B6F7276;
 
 // A value's type is the one that SQLite keeps with each value, so a text can be read and set with any of its
 // tools.
-constexpr const char* createTables =
+constexpr const char* TableDefinitions =
     "CREATE TABLE keys(path TEXT PRIMARY KEY) WITHOUT ROWID;"
     "CREATE TABLE settings(path TEXT, name TEXT, value, PRIMARY KEY(path, name))"
     " WITHOUT ROWID;"
     "PRAGMA application_id = 1265594998;";
-static_assert(applicationId == 1265594998);
+static_assert(ApplicationId == 1265594998);
 
 bool IsMissingRight(int systemError) {
     return systemError == EACCES || systemError == EPERM || systemError == EROFS;
@@ -122,7 +122,7 @@ StoreDatabase::StoreDatabase(const std::filesystem::path& file, IfMissing ifMiss
     const int answer = sqlite3_open_v2(file.c_str(), &handle, SQLITE_OPEN_READWRITE | create, nullptr);
     m_handle.reset(handle);
     Check(answer);
-    Check(sqlite3_busy_timeout(handle, patienceInMilliseconds));
+    Check(sqlite3_busy_timeout(handle, PatienceInMilliseconds));
 }
 
 void StoreDatabase::Close::operator()(sqlite3* handle) const {
@@ -143,7 +143,7 @@ void StoreDatabase::Execute(const char* sql) {
 
 bool StoreDatabase::HasTables() {
     StoreStatement id(*this, "PRAGMA application_id");
-    if (id.Step() && id.ColumnNumber(0) == applicationId)
+    if (id.Step() && id.ColumnNumber(0) == ApplicationId)
         return true;
     StoreStatement objects(*this, "SELECT 1 FROM sqlite_master");
     if (objects.Step())
@@ -154,7 +154,7 @@ bool StoreDatabase::HasTables() {
 void StoreDatabase::CreateTables() {
     Begin();
     if (!HasTables()) // another program may have been faster
-        Execute(createTables);
+        Execute(TableDefinitions);
     Commit();
 }
 

@@ -10,9 +10,9 @@ namespace korvel::platform {
 namespace {
 
 // The buffer that the text stands in has 256 bytes, one of them for the zero at its end.
-constexpr std::size_t longestText = 255;
+constexpr std::size_t LongestText = 255;
 
-/// What `#` asks for.
+// What `#` asks for.
 enum class Form { Usual, Alternate };
 
 struct IsoWeek {
@@ -24,8 +24,8 @@ int DaysOfYear(int year) {
     return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0) ? 366 : 365;
 }
 
-/// The week of ISO 8601: weeks begin on Monday, and the first is the one that holds the year's first
-/// Thursday.
+// The week of ISO 8601: weeks begin on Monday, and the first is the one that holds the year's first
+// Thursday.
 IsoWeek IsoWeekOf(const CalendarFields& fields) {
     const int daysSinceMonday = (fields.weekday + 6) % 7;
     const int thursday = fields.dayOfYear - daysSinceMonday + 3;
@@ -36,12 +36,12 @@ IsoWeek IsoWeekOf(const CalendarFields& fields) {
     return {fields.year, (thursday + 6) / 7};
 }
 
-/// The week counted from the year's first such weekday; the days before it are in week 0.
+// The week counted from the year's first such weekday; the days before it are in week 0.
 int WeekOfYear(const CalendarFields& fields, int daysSinceWeekBegan) {
     return (fields.dayOfYear + 6 - daysSinceWeekBegan) / 7;
 }
 
-/// Seconds east of UTC in winter: the fields do not tell summer time.
+// Seconds east of UTC in winter: the fields do not tell summer time.
 std::string ZoneOffset() {
     tzset();
     const long minutes = -timezone / 60;
@@ -63,7 +63,7 @@ struct NumberSpecifier {
     int (*value)(const Fields&);
 };
 
-constexpr std::array<NumberSpecifier, 18> numbers{{
+constexpr std::array<NumberSpecifier, 18> Numbers{{
     {'C', 2, [](const Fields& f) { return f.year / 100; }},
     {'d', 2, [](const Fields& f) { return f.day; }},
     {'e', 2, [](const Fields& f) { return f.day; }},
@@ -110,16 +110,16 @@ const std::string& HalfOfDay(const Fields& f, const CalendarNames& n) {
     return f.hour < 12 ? n.beforeNoon : n.afterNoon;
 }
 
-constexpr std::array<NameSpecifier, 6> calendarNames{
+constexpr std::array<NameSpecifier, 6> NameSpecifiers{
     {{'a', ShortDay}, {'A', Day}, {'b', ShortMonth}, {'B', Month}, {'h', ShortMonth}, {'p', HalfOfDay}}};
 
-/// Specifiers that stand for others. `#` reaches each of these.
+// Specifiers that stand for others. `#` reaches each of these.
 struct CompoundSpecifier {
     char letter;
     std::string_view format;
 };
 
-constexpr std::array<CompoundSpecifier, 8> compounds{{{'c', "%x %X"},
+constexpr std::array<CompoundSpecifier, 8> Compounds{{{'c', "%x %X"},
                                                       {'D', "%m/%d/%y"},
                                                       {'F', "%Y-%m-%d"},
                                                       {'n', "\n"},
@@ -128,13 +128,13 @@ constexpr std::array<CompoundSpecifier, 8> compounds{{{'c', "%x %X"},
                                                       {'t', "\t"},
                                                       {'T', "%H:%M:%S"}}};
 
-/// What a run of one letter means in a picture; a longer run means what the longest means.
+// What a run of one letter means in a picture; a longer run means what the longest means.
 struct PictureField {
     char letter;
     std::array<std::string_view, 4> formats;
 };
 
-constexpr std::array<PictureField, 8> pictureFields{{{'d', {"%#d", "%d", "%a", "%A"}},
+constexpr std::array<PictureField, 8> PictureFields{{{'d', {"%#d", "%d", "%a", "%A"}},
                                                      {'M', {"%#m", "%m", "%b", "%B"}},
                                                      {'y', {"%#y", "%y", "%Y", "%Y"}},
                                                      {'H', {"%#H", "%H", "%H", "%H"}},
@@ -150,14 +150,14 @@ const auto* Find(const Table& table, char letter) {
     return found == table.end() ? nullptr : found;
 }
 
-/// A picture of the platform in the notation of strftime.
+// A picture of the platform in the notation of strftime.
 std::string FormatOfPicture(std::string_view picture) {
     std::string format;
     bool quoted = false;
     for (std::size_t i = 0; i < picture.size();) {
         const char letter = picture[i];
         const std::size_t run = std::min(picture.find_first_not_of(letter, i), picture.size()) - i;
-        const PictureField* field = quoted ? nullptr : Find(pictureFields, letter);
+        const PictureField* field = quoted ? nullptr : Find(PictureFields, letter);
         if (field != nullptr) {
             format += field->formats[std::min(run, field->formats.size()) - 1];
             i += run;
@@ -177,7 +177,7 @@ public:
     TimeWriter(const Fields& fields, const RegionalSettings& settings)
         : m_fields(fields), m_settings(settings) {}
 
-    /// False: the format is not understood.
+    // False: the format is not understood.
     bool Write(std::string_view format, Form form);
     std::string Take() { return std::move(m_text); }
 
@@ -215,15 +215,15 @@ bool TimeWriter::Write(std::string_view format, Form outerForm) {
 }
 
 bool TimeWriter::WriteSpecifier(char letter, Form form) {
-    if (const NumberSpecifier* number = Find(numbers, letter)) {
+    if (const NumberSpecifier* number = Find(Numbers, letter)) {
         WriteNumber(*number, form);
         return true;
     }
-    if (const NameSpecifier* name = Find(calendarNames, letter)) {
+    if (const NameSpecifier* name = Find(NameSpecifiers, letter)) {
         m_text += name->name(m_fields, m_settings.names);
         return true;
     }
-    if (const CompoundSpecifier* compound = Find(compounds, letter))
+    if (const CompoundSpecifier* compound = Find(Compounds, letter))
         return Write(compound->format, form);
     switch (letter) {
     case 'x':
@@ -246,9 +246,9 @@ bool TimeWriter::WriteSpecifier(char letter, Form form) {
 }
 
 void TimeWriter::WriteNumber(const NumberSpecifier& specifier, Form form) {
-    constexpr std::string_view alwaysPadded = "gG"; // the platform ignores `#` here
+    constexpr std::string_view AlwaysPadded = "gG"; // the platform ignores `#` here
     const std::string digits = std::to_string(specifier.value(m_fields));
-    const bool padded = form == Form::Usual || alwaysPadded.find(specifier.letter) != std::string_view::npos;
+    const bool padded = form == Form::Usual || AlwaysPadded.find(specifier.letter) != std::string_view::npos;
     if (padded && digits.size() < specifier.width)
         m_text.append(specifier.width - digits.size(), specifier.letter == 'e' ? ' ' : '0');
     m_text += digits;
@@ -270,7 +270,7 @@ std::string TimeText(std::string_view format, const CalendarFields& fields,
     TimeWriter writer(fields, settings);
     const bool understood = writer.Write(format, Form::Usual);
     std::string text = writer.Take();
-    return understood && text.size() <= longestText ? text : std::string();
+    return understood && text.size() <= LongestText ? text : std::string();
 }
 
 bool SetTimeLocale(const std::string& name) {

@@ -8,7 +8,7 @@
 namespace korvel::platform {
 namespace {
 
-constexpr const char* ownFolder = "korvel";
+constexpr const char* OwnFolder = "korvel";
 
 std::filesystem::path HomeFolder() {
     std::filesystem::path home = EnvironmentValue("HOME");
@@ -31,7 +31,7 @@ std::filesystem::path UserConfigFolder() {
             return {};
         folder = home / ".config";
     }
-    return folder / ownFolder;
+    return folder / OwnFolder;
 }
 
 std::filesystem::path MachineConfigFolder() {
@@ -39,7 +39,7 @@ std::filesystem::path MachineConfigFolder() {
     std::filesystem::path first = folders.substr(0, folders.find(':'));
     if (!first.is_absolute())
         first = "/etc/xdg";
-    return first / ownFolder;
+    return first / OwnFolder;
 }
 
 } // namespace korvel::platform

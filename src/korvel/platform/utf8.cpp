@@ -7,15 +7,15 @@
 namespace korvel::platform {
 namespace {
 
-/// One row of the Unicode Standard's table of well-formed UTF-8 byte sequences: what may follow a first byte.
+// One row of the Unicode Standard's table of well-formed UTF-8 byte sequences: what may follow a first byte.
 struct Sequence {
-    std::uint8_t firstByte; ///< up to that of the next row
-    std::uint8_t length;    ///< 0: nothing begins with this byte
+    std::uint8_t firstByte; // up to that of the next row
+    std::uint8_t length;    // 0: nothing begins with this byte
     std::uint8_t lowestSecond = 0x80;
     std::uint8_t highestSecond = 0xBF;
 };
 
-constexpr std::array<Sequence, 11> sequences{{{0x00, 1},
+constexpr std::array<Sequence, 11> Sequences{{{0x00, 1},
                                               {0x80, 0},
                                               {0xC2, 2},
                                               {0xE0, 3, 0xA0, 0xBF},
@@ -29,7 +29,7 @@ constexpr std::array<Sequence, 11> sequences{{{0x00, 1},
 
 const Sequence& SequenceOf(std::uint8_t firstByte) {
     const auto after =
-        std::upper_bound(sequences.begin(), sequences.end(), firstByte,
+        std::upper_bound(Sequences.begin(), Sequences.end(), firstByte,
                          [](std::uint8_t byte, const Sequence& row) { return byte < row.firstByte; });
     return *(after - 1);
 }

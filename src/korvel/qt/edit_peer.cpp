@@ -16,7 +16,7 @@ namespace korvel::qt {
 
 namespace {
 
-constexpr int unlimited = 32767; // what the widget itself holds at most by default
+constexpr int Unlimited = 32767; // what the widget itself holds at most by default
 
 bool HasBorder(HWND window) {
     return (view::Style(window) & WS_BORDER) || (view::ExStyle(window) & WS_EX_CLIENTEDGE);
@@ -74,7 +74,7 @@ void EditPeer::ShowState() {
     const view::EditView state = view::Edit(Window());
     const int length = static_cast<int>(text.size());
     // A limit is one of typing: a longer text that the program sets stays whole.
-    m_edit.setMaxLength(std::max(state.limit > 0 ? state.limit : unlimited, length));
+    m_edit.setMaxLength(std::max(state.limit > 0 ? state.limit : Unlimited, length));
     m_edit.setReadOnly(state.readOnly);
     if (m_edit.text() != text)
         m_edit.setText(text); // forgets what could be undone, so only when it differs

@@ -16,7 +16,7 @@ namespace korvel::qt {
 
 namespace {
 
-constexpr UINT topLevelStyles = WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_SYSMENU;
+constexpr UINT TopLevelStyles = WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_SYSMENU;
 
 } // namespace
 
@@ -39,9 +39,9 @@ EmbedFrame::~EmbedFrame() {
 
 void EmbedFrame::MoveInto(QtDisplay& display, HWND window) {
     SetParent(window, m_site);
-    SetWindowLongPtrA(window, GWL_STYLE, static_cast<LPARAM>(view::Style(window) & ~topLevelStyles));
+    SetWindowLongPtrA(window, GWL_STYLE, static_cast<LPARAM>(view::Style(window) & ~TopLevelStyles));
     if (Peer* peer = display.m_parts->desktop.peers.Find(window))
-        peer->Apply(everyAspect);
+        peer->Apply(EveryAspect);
     ShowWindow(window, SW_SHOW);
     Place();
 }

@@ -12,7 +12,7 @@ namespace korvel::qt {
 namespace {
 
 // A window manager may refuse an activation; after this time its answer is not awaited any more.
-constexpr std::chrono::seconds activationPatience{1};
+constexpr std::chrono::seconds ActivationPatience{1};
 
 } // namespace
 
@@ -42,7 +42,7 @@ void FocusTracker::Show(HWND window) {
 
 void FocusTracker::ExpectActivation(QWidget& top) {
     m_expected = &top;
-    m_expectedUntil = std::chrono::steady_clock::now() + activationPatience;
+    m_expectedUntil = std::chrono::steady_clock::now() + ActivationPatience;
 }
 
 bool FocusTracker::IsActivationUnderWay() const {

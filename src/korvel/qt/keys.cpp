@@ -17,22 +17,22 @@ struct KeyCode {
 };
 
 // Codes that only arrive here, with the platform's numbers.
-constexpr UINT firstPadDigit = 0x60;
-constexpr UINT padDecimal = 0x6E;
-constexpr UINT padDivide = 0x6F;
-constexpr UINT firstFunctionKey = 0x70;
-constexpr UINT pauseKey = 0x13;
-constexpr UINT capsLock = 0x14;
-constexpr UINT numLock = 0x90;
-constexpr UINT scrollLock = 0x91;
-constexpr UINT superKey = 0x5B;
-constexpr UINT menuKey = 0x5D;
-constexpr UINT mainPlus = 0xBB;
-constexpr UINT mainComma = 0xBC;
-constexpr UINT mainMinus = 0xBD;
-constexpr UINT mainPeriod = 0xBE;
+constexpr UINT FirstPadDigit = 0x60;
+constexpr UINT PadDecimal = 0x6E;
+constexpr UINT PadDivide = 0x6F;
+constexpr UINT FirstFunctionKey = 0x70;
+constexpr UINT PauseKey = 0x13;
+constexpr UINT CapsLock = 0x14;
+constexpr UINT NumLock = 0x90;
+constexpr UINT ScrollLock = 0x91;
+constexpr UINT SuperKey = 0x5B;
+constexpr UINT MenuKey = 0x5D;
+constexpr UINT MainPlus = 0xBB;
+constexpr UINT MainComma = 0xBC;
+constexpr UINT MainMinus = 0xBD;
+constexpr UINT MainPeriod = 0xBE;
 
-constexpr KeyCode everywhere[] = {
+constexpr KeyCode Everywhere[] = {
     {Qt::Key_Backspace, VK_BACK},     {Qt::Key_Tab, VK_TAB},        {Qt::Key_Backtab, VK_TAB},
     {Qt::Key_Return, VK_RETURN},      {Qt::Key_Enter, VK_RETURN},   {Qt::Key_Shift, VK_SHIFT},
     {Qt::Key_Control, VK_CONTROL},    {Qt::Key_Alt, VK_MENU},       {Qt::Key_AltGr, VK_MENU},
@@ -40,20 +40,20 @@ constexpr KeyCode everywhere[] = {
     {Qt::Key_PageDown, VK_NEXT},      {Qt::Key_End, VK_END},        {Qt::Key_Home, VK_HOME},
     {Qt::Key_Left, VK_LEFT},          {Qt::Key_Up, VK_UP},          {Qt::Key_Right, VK_RIGHT},
     {Qt::Key_Down, VK_DOWN},          {Qt::Key_Insert, VK_INSERT},  {Qt::Key_Delete, VK_DELETE},
-    {Qt::Key_Pause, pauseKey},        {Qt::Key_CapsLock, capsLock}, {Qt::Key_NumLock, numLock},
-    {Qt::Key_ScrollLock, scrollLock}, {Qt::Key_Meta, superKey},     {Qt::Key_Menu, menuKey},
+    {Qt::Key_Pause, PauseKey},        {Qt::Key_CapsLock, CapsLock}, {Qt::Key_NumLock, NumLock},
+    {Qt::Key_ScrollLock, ScrollLock}, {Qt::Key_Meta, SuperKey},     {Qt::Key_Menu, MenuKey},
 };
 
-constexpr KeyCode onThePad[] = {
+constexpr KeyCode OnThePad[] = {
     {Qt::Key_Plus, VK_ADD},     {Qt::Key_Minus, VK_SUBTRACT}, {Qt::Key_Asterisk, VK_MULTIPLY},
-    {Qt::Key_Slash, padDivide}, {Qt::Key_Period, padDecimal}, {Qt::Key_Comma, padDecimal},
+    {Qt::Key_Slash, PadDivide}, {Qt::Key_Period, PadDecimal}, {Qt::Key_Comma, PadDecimal},
 };
 
-constexpr KeyCode onTheMainBlock[] = {
-    {Qt::Key_Plus, mainPlus},
-    {Qt::Key_Comma, mainComma},
-    {Qt::Key_Minus, mainMinus},
-    {Qt::Key_Period, mainPeriod},
+constexpr KeyCode OnTheMainBlock[] = {
+    {Qt::Key_Plus, MainPlus},
+    {Qt::Key_Comma, MainComma},
+    {Qt::Key_Minus, MainMinus},
+    {Qt::Key_Period, MainPeriod},
 };
 
 template <std::size_t size>
@@ -66,14 +66,14 @@ UINT CodeOf(const QKeyEvent& event) {
     const int key = event.key();
     const bool pad = event.modifiers().testFlag(Qt::KeypadModifier);
     if (key >= Qt::Key_0 && key <= Qt::Key_9)
-        return static_cast<UINT>(key - Qt::Key_0) + (pad ? firstPadDigit : UINT{'0'});
+        return static_cast<UINT>(key - Qt::Key_0) + (pad ? FirstPadDigit : UINT{'0'});
     if (key >= Qt::Key_A && key <= Qt::Key_Z)
         return static_cast<UINT>(key - Qt::Key_A) + UINT{'A'};
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
-        return static_cast<UINT>(key - Qt::Key_F1) + firstFunctionKey;
-    if (const UINT code = LookUp(everywhere, key))
+        return static_cast<UINT>(key - Qt::Key_F1) + FirstFunctionKey;
+    if (const UINT code = LookUp(Everywhere, key))
         return code;
-    return pad ? LookUp(onThePad, key) : LookUp(onTheMainBlock, key);
+    return pad ? LookUp(OnThePad, key) : LookUp(OnTheMainBlock, key);
 }
 
 } // namespace

@@ -15,7 +15,7 @@ namespace korvel::qt {
 
 namespace {
 
-constexpr int sidewaysStep = 20; // pixels of one press on an arrow of the bar
+constexpr int SidewaysStep = 20; // pixels of one press on an arrow of the bar
 
 void ShowRange(QScrollBar& bar, int position, int extent, int page) {
     bar.setRange(0, std::max(0, extent - page));
@@ -32,7 +32,7 @@ ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets)
 
 ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down)
     : PaintedPeer(desktop, window, widgets), m_across(across), m_down(down) {
-    m_across.setSingleStep(sidewaysStep);
+    m_across.setSingleStep(SidewaysStep);
     for (QScrollBar* bar : {&m_across, &m_down}) {
         bar->setFocusPolicy(Qt::NoFocus);
         bar->hide();

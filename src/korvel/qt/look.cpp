@@ -19,7 +19,7 @@ struct ColorRow {
     QPalette::ColorRole role;
 };
 
-constexpr ColorRow colors[] = {
+constexpr ColorRow Colors[] = {
     {COLOR_WINDOW, QPalette::Active, QPalette::Base},
     {COLOR_WINDOWTEXT, QPalette::Active, QPalette::Text},
     {COLOR_HIGHLIGHT, QPalette::Active, QPalette::Highlight},
@@ -30,8 +30,8 @@ constexpr ColorRow colors[] = {
     {COLOR_BTNTEXT, QPalette::Active, QPalette::ButtonText},
 };
 
-constexpr int sunkenEdge = 2;       // of a border of the style's own
-constexpr int doubleClickReach = 4; // how far apart two presses of a double click may be
+constexpr int SunkenEdge = 2;       // of a border of the style's own
+constexpr int DoubleClickReach = 4; // how far apart two presses of a double click may be
 
 QSize ScreenSize() {
     const QScreen* screen = QApplication::primaryScreen();
@@ -41,7 +41,7 @@ QSize ScreenSize() {
 } // namespace
 
 COLORREF SystemColor(int index) {
-    for (const ColorRow& row : colors)
+    for (const ColorRow& row : Colors)
         if (row.index == index)
             return FromQColor(QApplication::palette().color(row.group, row.role));
     return 0;
@@ -58,9 +58,9 @@ int SystemMetric(int index) {
         return QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     case SM_CXEDGE:
     case SM_CYEDGE:
-        return sunkenEdge;
+        return SunkenEdge;
     case SM_CXDOUBLECLK:
-        return doubleClickReach;
+        return DoubleClickReach;
     case SM_KORVEL_TEXTHEIGHT:
         return QFontMetrics(QApplication::font()).height();
     default:

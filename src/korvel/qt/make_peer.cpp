@@ -53,7 +53,7 @@ void MakePeer(Desktop& desktop, HWND window) {
         return;
     QWidget* parent = around ? &around->Content() : nullptr;
     Peer& peer = child ? MakeChild(desktop, window, parent) : MakePainted(desktop, window, parent);
-    peer.Apply(everyAspect);
+    peer.Apply(EveryAspect);
 }
 
 } // namespace korvel::qt

@@ -21,7 +21,7 @@ struct ButtonMessage {
 };
 
 // Only the left button has double clicks in memory; a second press of another one is one more press.
-constexpr ButtonMessage buttonMessages[] = {
+constexpr ButtonMessage ButtonMessages[] = {
     {QEvent::MouseButtonPress, Qt::LeftButton, WM_LBUTTONDOWN},
     {QEvent::MouseButtonRelease, Qt::LeftButton, WM_LBUTTONUP},
     {QEvent::MouseButtonDblClick, Qt::LeftButton, WM_LBUTTONDBLCLK},
@@ -32,7 +32,7 @@ constexpr ButtonMessage buttonMessages[] = {
     {QEvent::MouseButtonDblClick, Qt::MiddleButton, WM_MBUTTONDOWN},
 };
 
-constexpr ButtonMessage outsideMessages[] = {
+constexpr ButtonMessage OutsideMessages[] = {
     {QEvent::MouseButtonPress, Qt::LeftButton, WM_NCLBUTTONDOWN},
     {QEvent::MouseButtonPress, Qt::RightButton, WM_NCRBUTTONDOWN},
     {QEvent::MouseButtonPress, Qt::MiddleButton, WM_NCMBUTTONDOWN},
@@ -41,7 +41,7 @@ constexpr ButtonMessage outsideMessages[] = {
 UINT MessageOf(const QMouseEvent& event) {
     if (event.type() == QEvent::MouseMove)
         return WM_MOUSEMOVE;
-    for (const ButtonMessage& row : buttonMessages)
+    for (const ButtonMessage& row : ButtonMessages)
         if (row.type == event.type() && row.button == event.button())
             return row.message;
     return 0;
@@ -77,7 +77,7 @@ void Mouse::ReportPressOutside(Peer& peer, const QEvent& event) {
     if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::NonClientAreaMouseButtonPress)
         return;
     const auto& press = static_cast<const QMouseEvent&>(event);
-    for (const ButtonMessage& row : outsideMessages) {
+    for (const ButtonMessage& row : OutsideMessages) {
         if (row.button == press.button())
             Send(peer, row.message, FlagsOf(press.buttons(), press.modifiers()),
                  press.globalPosition().toPoint(), 0);

@@ -9,7 +9,7 @@ namespace korvel::qt {
 
 /// The seven calls of a surface on a QPainter, in device-independent pixels. Nothing outside `exposed` is
 /// touched, whatever clip the window sets.
-class PainterSurface final : public ISurface {
+class PainterSurface final : public Surface {
 public:
     PainterSurface(QPainter& painter, const QRegion& exposed);
 

@@ -11,7 +11,7 @@ namespace korvel::qt {
 
 struct Desktop;
 
-constexpr Aspects everyAspect = Aspect::Rectangle | Aspect::Visible | (Aspect::Enabled | Aspect::Text) |
+constexpr Aspects EveryAspect = Aspect::Rectangle | Aspect::Visible | (Aspect::Enabled | Aspect::Text) |
                                 (Aspect::State | Aspect::Scroll) | static_cast<Aspects>(Aspect::Style);
 
 /// The widget that shows one window, and the one event filter on it. It keeps nothing of the window: it

@@ -22,12 +22,12 @@ namespace korvel::qt {
 namespace {
 
 // Codes of the mouse buttons among the keys.
-constexpr UINT leftButton = 0x01;
-constexpr UINT rightButton = 0x02;
-constexpr UINT middleButton = 0x04;
+constexpr UINT LeftButtonKey = 0x01;
+constexpr UINT RightButtonKey = 0x02;
+constexpr UINT MiddleButtonKey = 0x04;
 
 // Timers of Qt count in 32 bits. An alarm that comes too early finds no timer due, and the next is set.
-constexpr std::chrono::milliseconds longestWait = std::chrono::hours(24);
+constexpr std::chrono::milliseconds LongestWait = std::chrono::hours(24);
 
 bool IsDown(UINT key) {
     const Qt::KeyboardModifiers modifiers = QGuiApplication::keyboardModifiers();
@@ -39,11 +39,11 @@ bool IsDown(UINT key) {
         return modifiers.testFlag(Qt::ControlModifier);
     case VK_MENU:
         return modifiers.testFlag(Qt::AltModifier);
-    case leftButton:
+    case LeftButtonKey:
         return buttons.testFlag(Qt::LeftButton);
-    case rightButton:
+    case RightButtonKey:
         return buttons.testFlag(Qt::RightButton);
-    case middleButton:
+    case MiddleButtonKey:
         return buttons.testFlag(Qt::MiddleButton);
     default:
         return false;
@@ -138,7 +138,7 @@ void QtDisplay::Wake() {
 
 void QtDisplay::Alarm(std::optional<std::chrono::milliseconds> when) {
     if (when)
-        m_parts->alarm.start(std::clamp(*when - Now(), std::chrono::milliseconds(0), longestWait));
+        m_parts->alarm.start(std::clamp(*when - Now(), std::chrono::milliseconds(0), LongestWait));
     else
         m_parts->alarm.stop();
 }

@@ -16,8 +16,8 @@ namespace korvel::qt {
 
 namespace {
 
-constexpr UINT buttonMask = 0x0F;
-constexpr UINT iconMask = 0xF0;
+constexpr UINT ButtonMask = 0x0F;
+constexpr UINT IconMask = 0xF0;
 
 struct ButtonsRow {
     UINT type;
@@ -25,7 +25,7 @@ struct ButtonsRow {
     QMessageBox::StandardButton escape; // what closing the box stands for
 };
 
-const ButtonsRow buttonRows[] = {
+const ButtonsRow ButtonRows[] = {
     {MB_OK, QMessageBox::Ok, QMessageBox::Ok},
     {MB_OKCANCEL, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel},
     {MB_YESNOCANCEL, QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Cancel},
@@ -33,7 +33,7 @@ const ButtonsRow buttonRows[] = {
 };
 
 QMessageBox::Icon IconOf(UINT type) {
-    switch (type & iconMask) {
+    switch (type & IconMask) {
     case MB_ICONERROR:
         return QMessageBox::Critical;
     case MB_ICONQUESTION:
@@ -121,9 +121,9 @@ std::optional<CString> AskPath(const Shown<QFileDialog>& dialog) {
 } // namespace
 
 int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT type) {
-    const ButtonsRow* row = &buttonRows[0];
-    for (const ButtonsRow& candidate : buttonRows)
-        if (candidate.type == (type & buttonMask))
+    const ButtonsRow* row = &ButtonRows[0];
+    for (const ButtonsRow& candidate : ButtonRows)
+        if (candidate.type == (type & ButtonMask))
             row = &candidate;
     const Shown<QMessageBox> box(IconOf(type), ToQString(caption), ToQString(text), row->buttons, owner);
     box->setTextFormat(Qt::PlainText);

@@ -13,7 +13,7 @@ namespace korvel {
 using EnumPosition = void*;
 
 /// How an enumeration wants to be shown, and what of it the user may change.
-enum EEnumFlags : std::uint32_t {
+enum EnumFlags : std::uint32_t {
     ENF_CheckBoxes = 0x00000001, ///< several entries can be selected
     ENF_Tree = 0x00000200,       ///< entry names are paths
     ENF_Add = 0x08000000,        ///< the user may add entries
@@ -75,9 +75,9 @@ public:
 };
 
 /// Optional, found by `dynamic_cast` on an enumeration: pictures for its entries, as paths of image files.
-class KORVEL_API IEnumImages {
+class KORVEL_API EnumImages {
 public:
-    virtual ~IEnumImages() = default;
+    virtual ~EnumImages() = default;
 
     /// The picture of an entry; empty when it has none.
     virtual std::string GetImagePath(long id) = 0;

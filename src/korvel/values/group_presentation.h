@@ -8,9 +8,9 @@ namespace korvel {
 
 /// Optional: what a nested object shows in the value cells of its group row. Found by `dynamic_cast` on what
 /// `IMemberDispatch::m_pEnumValue` points at, so it is derived from beside `IEnumValue`.
-class KORVEL_API IGroupPresentation {
+class KORVEL_API GroupPresentation {
 public:
-    virtual ~IGroupPresentation() = default;
+    virtual ~GroupPresentation() = default;
 
     /// The text for the cell under a column title.
     virtual std::string GetPresentationText(const char* column) = 0;

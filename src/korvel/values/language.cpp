@@ -15,14 +15,14 @@ namespace {
 constexpr const char* Languages[] = {"English", "German", "Hungarian"}; // in the order of the columns
 constexpr int GermanColumn = 1;
 
-/// What a program said about this run, and whether it can still say something.
-struct SRunChoice {
+// What a program said about this run, and whether it can still say something.
+struct LanguageOfRun {
     std::optional<std::string> name;
     bool isTooLate = false;
 };
 
-SRunChoice& RunChoice() {
-    static SRunChoice choice;
+LanguageOfRun& RunChoice() {
+    static LanguageOfRun choice;
     return choice;
 }
 
@@ -31,16 +31,16 @@ int ColumnOf(const std::string& name) {
     return found == std::end(Languages) ? GermanColumn : static_cast<int>(found - std::begin(Languages));
 }
 
-SLanguage Choose() {
-    const SLanguage language{ColumnOf(GetLanguageName())};
+LanguageChoice Choose() {
+    const LanguageChoice language{ColumnOf(GetLanguageName())};
     RunChoice().isTooLate = true;
     return language;
 }
 
 } // namespace
 
-const SLanguage& GetLanguage() {
-    static const SLanguage language = Choose();
+const LanguageChoice& GetLanguage() {
+    static const LanguageChoice language = Choose();
     return language;
 }
 
@@ -51,7 +51,7 @@ std::string GetLanguageName() {
     if (platform::ReadSetting(platform::SettingsRoot::User, RegistryPath, "Language", value) ==
         platform::SettingsStatus::Done)
         return value.bytes.substr(0, value.bytes.find('\0'));
-    return ReadRegistry(ERegistryRoot::LocalMachine, RegistryPath, "", "InstallLanguage");
+    return ReadRegistry(RegistryRoot::LocalMachine, RegistryPath, "", "InstallLanguage");
 }
 
 bool SetLanguageForThisRun(const std::string& name) {

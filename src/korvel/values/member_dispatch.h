@@ -27,7 +27,7 @@ struct SCommand {
 };
 
 /// What the context menu offers for a member; see `IMemberDispatch::GetMemberFlags`.
-enum EMemberFlags : std::uint32_t {
+enum MemberFlags : std::uint32_t {
     MF_Delete = 2,
     MF_Rename = 4,
     MF_ChangeType = 8,
@@ -38,14 +38,14 @@ enum EMemberFlags : std::uint32_t {
 };
 
 /// What the context menu offers for an object; see `IMemberDispatch::GetEditFlags`.
-enum EEditFlags : std::uint32_t {
+enum EditFlags : std::uint32_t {
     EF_Add = 1,
     EF_Rename = 32,
     EF_Commands = 128,
 };
 
 /// Bits of `IMemberDispatch::GetOptions`.
-enum EDispatchOptions : std::uint32_t {
+enum DispatchOptions : std::uint32_t {
     DO_KeepOrder = 1, ///< members are shown in the object's own order; else sorted by name
 };
 
@@ -95,10 +95,10 @@ public:
     virtual std::uint32_t GetOptions() const { return m_Options; }
     virtual void SetOptions(std::uint32_t options) { m_Options = options; }
 
-    /// Which operations the context menu offers for the member: `EMemberFlags`.
+    /// Which operations the context menu offers for the member: `MemberFlags`.
     virtual std::uint32_t GetMemberFlags(const std::string& name);
 
-    /// Which operations the context menu offers for the object: `EEditFlags`.
+    /// Which operations the context menu offers for the object: `EditFlags`.
     virtual std::uint32_t GetEditFlags() const { return m_EditFlags; }
     virtual void SetEditFlags(std::uint32_t flags) { m_EditFlags = flags; }
 
@@ -141,7 +141,7 @@ public:
     std::uint32_t m_EditFlags = 0;
     std::uint32_t m_Options = 0;
 
-    /// The enumeration that this object is a value of, or null. Not owned. It may be an `IGroupPresentation`
+    /// The enumeration that this object is a value of, or null. Not owned. It may be an `GroupPresentation`
     /// as well; the grid then shows its text in the group's row.
     IEnumValue* m_pEnumValue = nullptr;
 

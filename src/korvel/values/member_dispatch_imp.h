@@ -26,7 +26,7 @@ class TMemberDispatchImp : public IMemberDispatch {
 public:
     explicit TMemberDispatchImp(std::string ident = {}) : m_Ident(std::move(ident)) {}
     ~TMemberDispatchImp() override {
-        for (SMember& member : m_Members)
+        for (Member& member : m_members)
             DestroyValue(member.value);
     }
 
@@ -38,12 +38,12 @@ public:
 
     void GetMemberNames(std::list<std::string>& names) override {
         names.clear();
-        for (const SMember& member : m_Members)
+        for (const Member& member : m_members)
             names.push_back(member.name);
     }
 
     bool GetMemberType(const std::string& name, EDataTyps& type) override {
-        const SMember* member = Find(name);
+        const Member* member = Find(name);
         if (!member)
             return false;
         type = member->value.Type;
@@ -51,12 +51,12 @@ public:
     }
 
     bool IsMemberEditable(const std::string& name) override {
-        const SMember* member = Find(name);
+        const Member* member = Find(name);
         return member && member->editable;
     }
 
     bool SetMemberEditable(const std::string& name, const bool& editable) override {
-        SMember* member = Find(name);
+        Member* member = Find(name);
         if (!member)
             return false;
         member->editable = editable;
@@ -64,7 +64,7 @@ public:
     }
 
     bool GetMember(const std::string& name, CVariantValue& value) override {
-        const SMember* member = Find(name);
+        const Member* member = Find(name);
         if (!member)
             return false;
         value = member->value;
@@ -74,7 +74,7 @@ public:
     /// One common type bit is enough: a type may change to another that shares a bit with it. A common bit in
     /// the sign position alone does not count.
     bool SetMember(const std::string& name, const CVariantValue& value) override {
-        SMember* member = Find(name);
+        Member* member = Find(name);
         if (!member || static_cast<std::int32_t>(member->value.Type & value.Type) < 1)
             return false;
         member->value = value;
@@ -83,20 +83,20 @@ public:
 
     /// Never refuses, also not a name that stands already.
     bool AddMember(const std::string& name, bool editable, const CVariantValue& value) override {
-        std::list<SMember> added;
+        std::list<Member> added;
         added.push_back({name, editable, value});
-        m_Index.emplace(added.front().name, added.begin());
-        m_Members.splice(m_Members.end(), added);
+        m_index.emplace(added.front().name, added.begin());
+        m_members.splice(m_members.end(), added);
         return true;
     }
 
     bool RemoveMember(const std::string& name) override {
         const auto entry = FindEntry(name);
-        if (entry == m_Index.end())
+        if (entry == m_index.end())
             return false;
         const auto member = entry->second;
-        m_Index.erase(entry);
-        m_Members.erase(member);
+        m_index.erase(entry);
+        m_members.erase(member);
         return true;
     }
 
@@ -104,9 +104,9 @@ public:
     /// does not let its name be changed. A nested object takes the new name as its own.
     bool RenameMember(const std::string& name, const std::string& newName) override {
         const auto entry = FindEntry(name);
-        if (entry == m_Index.end() || Find(newName))
+        if (entry == m_index.end() || Find(newName))
             return false;
-        SMember& member = *entry->second;
+        Member& member = *entry->second;
         std::string stored = newName; // nothing may throw once the index lets go of the member
         if (member.value.Type == DT_Group) {
             IMemberDispatch* object = member.value.Value.Dispatch;
@@ -114,15 +114,15 @@ public:
                 return false;
             object->SetIdent(newName);
         }
-        auto node = m_Index.extract(entry);
+        auto node = m_index.extract(entry);
         member.name.swap(stored);
         node.key() = member.name;
-        m_Index.insert(std::move(node));
+        m_index.insert(std::move(node));
         return true;
     }
 
     bool ChangeMemberType(const std::string& name, const EDataTyps& type) override {
-        SMember* member = Find(name);
+        Member* member = Find(name);
         if (!member)
             return false;
         member->value = member->value.ChangeToType(type);
@@ -130,7 +130,7 @@ public:
     }
 
 private:
-    struct SMember {
+    struct Member {
         std::string name;
         bool editable;
         CVariantValue value;
@@ -138,16 +138,16 @@ private:
 
     // By views of the members' own names. Members of one name stand in the order of the list: a second one
     // only comes by being added at its end.
-    using Index = std::multimap<std::string_view, typename std::list<SMember>::iterator>;
+    using Index = std::multimap<std::string_view, typename std::list<Member>::iterator>;
 
     typename Index::iterator FindEntry(const std::string& name) {
-        const auto entry = m_Index.lower_bound(name);
-        return entry != m_Index.end() && entry->first == name ? entry : m_Index.end();
+        const auto entry = m_index.lower_bound(name);
+        return entry != m_index.end() && entry->first == name ? entry : m_index.end();
     }
 
-    SMember* Find(const std::string& name) {
+    Member* Find(const std::string& name) {
         const auto entry = FindEntry(name);
-        return entry == m_Index.end() ? nullptr : &*entry->second;
+        return entry == m_index.end() ? nullptr : &*entry->second;
     }
 
     static void DestroyValue(CVariantValue& value) {
@@ -163,9 +163,9 @@ private:
         }
     }
 
-    std::list<SMember> m_Members;
+    std::list<Member> m_members;
     std::string m_Ident;
-    Index m_Index; // without it, reading an object member by member would cost the square of their number
+    Index m_index; // without it, reading an object member by member would cost the square of their number
 };
 
 } // namespace korvel

@@ -18,8 +18,8 @@ constexpr const char* CannotOpen = "Registriepfad <$1> konnte nicht ge\xF6"
 constexpr const char* CannotRead = "Auslesen der Registrievariable <$1> schlug fehl";
 constexpr const char* CannotCreate = "Erzeugen des Registrieschl\xFCssel <$1> in <$2> schlug fehl";
 
-SettingsRoot RootOf(ERegistryRoot root) {
-    return root == ERegistryRoot::CurrentUser ? SettingsRoot::User : SettingsRoot::Machine;
+SettingsRoot RootOf(RegistryRoot root) {
+    return root == RegistryRoot::CurrentUser ? SettingsRoot::User : SettingsRoot::Machine;
 }
 
 std::string Join(const std::string& path, const std::string& subkey) {
@@ -40,7 +40,7 @@ Error CreationFailure(const std::string& subkey, const std::string& path) {
 
 } // namespace
 
-std::string ReadRegistry(ERegistryRoot root, const std::string& path, const std::string& subkey,
+std::string ReadRegistry(RegistryRoot root, const std::string& path, const std::string& subkey,
                          const std::string& name) {
     SettingValue value;
     switch (platform::ReadSetting(RootOf(root), Join(path, subkey), name, value)) {
@@ -55,7 +55,7 @@ std::string ReadRegistry(ERegistryRoot root, const std::string& path, const std:
     throw Failure(CannotOpen, path);
 }
 
-void WriteRegistry(ERegistryRoot root, const std::string& path, const std::string& subkey,
+void WriteRegistry(RegistryRoot root, const std::string& path, const std::string& subkey,
                    const std::string& name, const std::string& text) {
     const SettingsRoot store = RootOf(root);
     const std::string key = Join(path, subkey);

@@ -14,7 +14,7 @@ constexpr const char* None = "";
 // Bytes of the Windows code pages 1250 and 1252, in which each of them means the same. Rows keep their
 // numbers: they are the text ids. Some texts stand in two rows, and the two columns of row 129 name different
 // systems; both are kept.
-constexpr STextRows Rows{{
+constexpr TextRowTable Rows{{
     {"invalid input", "Eingabe inkorrekt", None}, // 0
     {"Invalid", "Ung\xFCltig", None},             // 1
     {"Document Files "
@@ -188,7 +188,7 @@ constexpr STextRows Rows{{
 }};
 
 // The rows that the build was told: in UTF-8, as a command line gives them.
-STextRows WithMakerTexts(STextRows rows) {
+TextRowTable WithMakerTexts(TextRowTable rows) {
     static const std::string rightsLine = platform::FromUtf8(KORVEL_RIGHTS_LINE).text;
     static const std::string webAddress = platform::FromUtf8(KORVEL_WEB_ADDRESS).text;
     static const std::string mailAddress = platform::FromUtf8(KORVEL_MAIL_ADDRESS).text;
@@ -200,8 +200,8 @@ STextRows WithMakerTexts(STextRows rows) {
 
 } // namespace
 
-const STextRows& TextRows() {
-    static const STextRows rows = WithMakerTexts(Rows);
+const TextRowTable& TextRows() {
+    static const TextRowTable rows = WithMakerTexts(Rows);
     return rows;
 }
 

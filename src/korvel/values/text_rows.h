@@ -6,11 +6,11 @@
 
 namespace korvel {
 
-/// One text in each language, in the order of `SLanguage::Column`.
-using STextRow = std::array<const char*, 3>;
+/// One text in each language, in the order of `LanguageChoice::Column`.
+using TextRow = std::array<const char*, 3>;
 
-using STextRows = std::array<STextRow, TextCount>;
+using TextRowTable = std::array<TextRow, TextCount>;
 
-const STextRows& TextRows();
+const TextRowTable& TextRows();
 
 } // namespace korvel

@@ -22,13 +22,13 @@ KORVEL_API const char* Text(int id);
 /// Number of rows of the table.
 inline constexpr int TextCount = 133;
 
-struct SLanguage {
+struct LanguageChoice {
     int Column; ///< 0 English, 1 German, 2 Hungarian
 };
 
 /// The language of the process.
 /// \throws Error when the settings name none; the next call tries again
-KORVEL_API const SLanguage& GetLanguage();
+KORVEL_API const LanguageChoice& GetLanguage();
 
 /// The name as the settings hold it now, or as `SetLanguageForThisRun` told it.
 /// \throws Error when the settings name none

@@ -20,17 +20,17 @@ namespace {
 
 constexpr const char* EntrySeparator = "; ";
 
-/// The lists around an entry, from the inside. Lists may hold lists, and one that holds itself must come to
-/// an end.
-struct SEnclosingList {
+// The lists around an entry, from the inside. Lists may hold lists, and one that holds itself must come to
+// an end.
+struct EnclosingList {
     const IEnumValue* list;
-    const SEnclosingList* outer;
+    const EnclosingList* outer;
 
     bool Holds(const IEnumValue* wanted) const { return list == wanted || (outer && outer->Holds(wanted)); }
 };
 
-void AppendValue(std::string& out, const CVariantValue& value, ETextForm form,
-                 const SEnclosingList* enclosing = nullptr);
+void AppendValue(std::string& out, const CVariantValue& value, TextForm form,
+                 const EnclosingList* enclosing = nullptr);
 
 template <typename Integer>
 void AppendInteger(std::string& out, Integer number, int base = 10) {
@@ -39,26 +39,25 @@ void AppendInteger(std::string& out, Integer number, int base = 10) {
     out.append(text.data(), end);
 }
 
-/// Calls `write` with the payload of a float or of a double type.
+// Calls `write` with the payload of a float or of a double type.
 template <typename Write>
-void WithReal(const CVariantValue& value, EStorage storage, Write write) {
-    if (storage == EStorage::Float)
+void WithReal(const CVariantValue& value, ValueStorage storage, Write write) {
+    if (storage == ValueStorage::Float)
         write(value.Value.Float);
     else
         write(value.Value.Double);
 }
 
 template <typename Output>
-void AppendReal(std::string& out, const CVariantValue& value, EStorage storage, const Output& output) {
+void AppendReal(std::string& out, const CVariantValue& value, ValueStorage storage, const Output& output) {
     WithReal(
         value, storage, [&](auto number) { output.Append(out, number); });
 }
 
-void AppendList(std::string& out, const CVariantValue& value, ETextForm form,
-                const SEnclosingList* enclosing) {
+void AppendList(std::string& out, const CVariantValue& value, TextForm form, const EnclosingList* enclosing) {
     if (!value.EnumValue || (enclosing && enclosing->Holds(value.EnumValue)))
         return;
-    const SEnclosingList here{value.EnumValue, enclosing};
+    const EnclosingList here{value.EnumValue, enclosing};
     std::vector<CVariantValue> entries;
     for (EnumPosition position = value.EnumValue->GetFirstPosition(); position;) {
         const long id = value.EnumValue->GetNext(position);
@@ -74,53 +73,53 @@ void AppendList(std::string& out, const CVariantValue& value, ETextForm form,
     }
 }
 
-void AppendUserFacingNumber(std::string& out, const CVariantValue& value, const STypeRow& row) {
+void AppendUserFacingNumber(std::string& out, const CVariantValue& value, const TypeRow& row) {
     switch (row.Meaning) {
-    case EMeaning::Angle:
+    case ValueMeaning::Angle:
         return AppendReal(out, value, row.Storage, CAngleOutput::Instance());
-    case EMeaning::RailwayStation:
+    case ValueMeaning::RailwayStation:
         return WithReal(value, row.Storage,
                         [&](auto station) { CStationOutput::Instance().AppendRailway(out, station); });
-    case EMeaning::RoadStation:
+    case ValueMeaning::RoadStation:
         return WithReal(value, row.Storage,
                         [&](auto station) { CStationOutput::Instance().AppendRoad(out, station); });
-    case EMeaning::Length:
+    case ValueMeaning::Length:
         return AppendReal(out, value, row.Storage, CLengthOutput::Instance());
-    case EMeaning::Area:
+    case ValueMeaning::Area:
         return AppendReal(out, value, row.Storage, CAreaOutput::Instance());
-    case EMeaning::Volume:
+    case ValueMeaning::Volume:
         return AppendReal(out, value, row.Storage, CVolumeOutput::Instance());
-    case EMeaning::Percent:
+    case ValueMeaning::Percent:
         return AppendReal(out, value, row.Storage, CPercentOutput::Instance());
-    case EMeaning::Currency:
+    case ValueMeaning::Currency:
         return AppendReal(out, value, row.Storage, CCurrencyOutput::Instance());
-    case EMeaning::ManDays:
+    case ValueMeaning::ManDays:
         return AppendReal(out, value, row.Storage, CManDaysOutput::Instance());
     default:
         return AppendReal(out, value, row.Storage, CNumberOutput::Instance());
     }
 }
 
-void AppendUserFacing(std::string& out, const CVariantValue& value, const STypeRow& row) {
+void AppendUserFacing(std::string& out, const CVariantValue& value, const TypeRow& row) {
     switch (row.Storage) {
-    case EStorage::None:
+    case ValueStorage::None:
         out += "null";
         return;
-    case EStorage::Int:
-    case EStorage::UInt: // written as the signed number of the same bits
+    case ValueStorage::Int:
+    case ValueStorage::UInt: // written as the signed number of the same bits
         return CNumberOutput::Instance().Append(out, value.Value.Int);
-    case EStorage::Long:
+    case ValueStorage::Long:
         return CNumberOutput::Instance().Append(out, long{value.Value.Int});
-    case EStorage::Float:
-    case EStorage::Double:
+    case ValueStorage::Float:
+    case ValueStorage::Double:
         return AppendUserFacingNumber(out, value, row);
-    case EStorage::Bool:
+    case ValueStorage::Bool:
         out += value.Value.Bool ? "true" : "false";
         return;
-    case EStorage::Group:
+    case ValueStorage::Group:
         out += value.Value.Dispatch ? value.Value.Dispatch->GetIdent() : value.Text;
         return;
-    case EStorage::Date:
+    case ValueStorage::Date:
         out += DatetoString(value.Text, value.Value.Double);
         return;
     default:
@@ -138,43 +137,43 @@ void AppendPlainGroup(std::string& out, const IMemberDispatch* object) {
     AppendInteger(out, reinterpret_cast<std::uintptr_t>(object), 16);
 }
 
-void AppendPlain(std::string& out, const CVariantValue& value, const STypeRow& row) {
+void AppendPlain(std::string& out, const CVariantValue& value, const TypeRow& row) {
     switch (row.Storage) {
-    case EStorage::None:
+    case ValueStorage::None:
         out += "nothing";
         return;
-    case EStorage::Int:
-    case EStorage::Long:
+    case ValueStorage::Int:
+    case ValueStorage::Long:
         return AppendInteger(out, value.Value.Int);
-    case EStorage::UInt:
+    case ValueStorage::UInt:
         return AppendInteger(out, value.Value.UInt);
-    case EStorage::Bool:
+    case ValueStorage::Bool:
         out += value.Value.Bool ? '1' : '0';
         return;
-    case EStorage::Float:
+    case ValueStorage::Float:
         return AppendStreamText(out, value.Value.Float);
-    case EStorage::Double:
-    case EStorage::Date:
+    case ValueStorage::Double:
+    case ValueStorage::Date:
         return AppendStreamText(out, value.Value.Double);
-    case EStorage::Group:
+    case ValueStorage::Group:
         return AppendPlainGroup(out, value.Value.Dispatch);
     default:
         return;
     }
 }
 
-void AppendValue(std::string& out, const CVariantValue& value, ETextForm form,
-                 const SEnclosingList* enclosing) {
-    const STypeRow* row = FindTypeRow(value.Type);
-    if (!row || row->Meaning == EMeaning::TextForm)
+void AppendValue(std::string& out, const CVariantValue& value, TextForm form,
+                 const EnclosingList* enclosing) {
+    const TypeRow* row = FindTypeRow(value.Type);
+    if (!row || row->Meaning == ValueMeaning::TextForm)
         return;
-    if (row->Storage == EStorage::Text)
+    if (row->Storage == ValueStorage::Text)
         out += value.Text;
-    else if (row->Storage == EStorage::Color)
+    else if (row->Storage == ValueStorage::Color)
         AppendInteger(out, value.Value.UInt);
-    else if (row->Storage == EStorage::List)
+    else if (row->Storage == ValueStorage::List)
         AppendList(out, value, form, enclosing);
-    else if (form == ETextForm::Plain)
+    else if (form == TextForm::Plain)
         AppendPlain(out, value, *row);
     else
         AppendUserFacing(out, value, *row);
@@ -182,13 +181,13 @@ void AppendValue(std::string& out, const CVariantValue& value, ETextForm form,
 
 } // namespace
 
-std::string CVariantValue::ToText(ETextForm form) const {
+std::string CVariantValue::ToText(TextForm form) const {
     std::string text;
     AppendText(text, form);
     return text;
 }
 
-void CVariantValue::AppendText(std::string& out, ETextForm form) const {
+void CVariantValue::AppendText(std::string& out, TextForm form) const {
     AppendValue(out, *this, form);
 }
 

@@ -16,18 +16,18 @@ constexpr double TwoToThe63 = 9223372036854775808.0;
 
 constexpr int RangeEnd = 100; // ranges begin at 0
 
-/// The number in double precision, which holds each of the stored kinds exactly.
+// The number in double precision, which holds each of the stored kinds exactly.
 double ReadNumber(const CVariantValue& value, const char* operation) {
-    const STypeRow* row = FindTypeRow(value.Type);
+    const TypeRow* row = FindTypeRow(value.Type);
     if (!row || !row->IsNumeric())
         throw invalid_operation(operation);
     switch (row->Storage) {
-    case EStorage::UInt:
+    case ValueStorage::UInt:
         return value.Value.UInt;
-    case EStorage::Float:
-        return row->Meaning == EMeaning::Angle ? RadToAngle(value.Value.Float) : value.Value.Float;
-    case EStorage::Double:
-        return row->Meaning == EMeaning::Angle ? RadToAngle(value.Value.Double) : value.Value.Double;
+    case ValueStorage::Float:
+        return row->Meaning == ValueMeaning::Angle ? RadToAngle(value.Value.Float) : value.Value.Float;
+    case ValueStorage::Double:
+        return row->Meaning == ValueMeaning::Angle ? RadToAngle(value.Value.Double) : value.Value.Double;
     default:
         return value.Value.Int;
     }
@@ -46,8 +46,8 @@ std::uint32_t ToUInt32(double number) {
 }
 
 bool IsUnsigned(EDataTyps type) {
-    const STypeRow* row = FindTypeRow(type);
-    return row && row->Storage == EStorage::UInt;
+    const TypeRow* row = FindTypeRow(type);
+    return row && row->Storage == ValueStorage::UInt;
 }
 
 // Not std::clamp: not-a-number passes through.
@@ -57,11 +57,11 @@ Number WithinRange(Number number) {
 }
 
 template <typename Number>
-Number InMeaning(Number number, EMeaning meaning) {
+Number InMeaning(Number number, ValueMeaning meaning) {
     switch (meaning) {
-    case EMeaning::Range:
+    case ValueMeaning::Range:
         return WithinRange(number);
-    case EMeaning::Angle:
+    case ValueMeaning::Angle:
         return AngleToRad(number);
     default:
         return number;
@@ -95,26 +95,26 @@ CVariantValue::operator double() const {
 }
 
 CVariantValue CVariantValue::ChangeToType(EDataTyps target) const {
-    const STypeRow* row = FindTypeRow(target);
+    const TypeRow* row = FindTypeRow(target);
     if (!row || !row->IsNumeric())
         throw std::invalid_argument("CVariantValue::ChangeToType");
     CVariantValue result;
     switch (row->Storage) {
-    case EStorage::Float:
+    case ValueStorage::Float:
         result.Value.Float = InMeaning(static_cast<float>(*this), row->Meaning);
         break;
-    case EStorage::Double:
+    case ValueStorage::Double:
         result.Value.Double = InMeaning(static_cast<double>(*this), row->Meaning);
         break;
-    case EStorage::UInt:
+    case ValueStorage::UInt:
         result.Value.UInt = static_cast<unsigned int>(*this);
         break;
-    case EStorage::Long:
+    case ValueStorage::Long:
         result.Value.Int = static_cast<std::int32_t>(static_cast<long>(*this));
         break;
     default:
         result.Value.Int = static_cast<int>(*this);
-        if (row->Meaning == EMeaning::Range)
+        if (row->Meaning == ValueMeaning::Range)
             result.Value.Int = WithinRange(result.Value.Int);
     }
     result.Type = target;
@@ -124,25 +124,25 @@ CVariantValue CVariantValue::ChangeToType(EDataTyps target) const {
 bool CVariantValue::operator==(const CVariantValue& other) const {
     if (Type != other.Type || EnumValue != other.EnumValue || EnumContext != other.EnumContext)
         return false;
-    const STypeRow* row = FindTypeRow(Type);
-    if (!row || row->Meaning == EMeaning::TextForm)
+    const TypeRow* row = FindTypeRow(Type);
+    if (!row || row->Meaning == ValueMeaning::TextForm)
         return true;
     switch (row->Storage) {
-    case EStorage::Int:
-    case EStorage::Long:
-    case EStorage::UInt:
-    case EStorage::Color:
+    case ValueStorage::Int:
+    case ValueStorage::Long:
+    case ValueStorage::UInt:
+    case ValueStorage::Color:
         return Value.UInt == other.Value.UInt;
-    case EStorage::Bool:
+    case ValueStorage::Bool:
         return Value.Bool == other.Value.Bool;
-    case EStorage::Float:
+    case ValueStorage::Float:
         return Value.Float == other.Value.Float;
-    case EStorage::Double:
+    case ValueStorage::Double:
         return Value.Double == other.Value.Double;
-    case EStorage::Text:
-    case EStorage::List:
+    case ValueStorage::Text:
+    case ValueStorage::List:
         return Text == other.Text;
-    case EStorage::Date:
+    case ValueStorage::Date:
         return Text == other.Text && Value.Double == other.Value.Double;
     default:
         return true;

@@ -13,13 +13,13 @@ class IFileValue;
 class IMemberDispatch;
 
 /// How a value is written as text.
-enum class ETextForm {
+enum class TextForm {
     UserFacing, ///< under the user's formats, with unit signs
     Plain,      ///< the form of a default stream, with no format and no unit
 };
 
 /// The 8 bytes of a value. `Type` of the record says which member counts; only its width is meaningful.
-union UValuePayload {
+union ValuePayload {
     double Double = 0.0;
     float Float;
     std::int32_t Int;   ///< also of `DT_Long`
@@ -34,7 +34,7 @@ union UValuePayload {
 ///     value.Type = DT_LengthDouble;
 ///     value.Value.Double = 1234.5;
 ///     value.ToText();                              // "1.234,50 m" under German formats
-///     value.ToText(ETextForm::Plain);              // "1234.5"
+///     value.ToText(TextForm::Plain);              // "1234.5"
 ///     int(value);                                  // 1234
 ///     value.ChangeToType(DT_RangeInt).Value.Int;   // 100: a range ends there
 ///
@@ -44,10 +44,10 @@ class KORVEL_API CVariantValue {
 public:
     /// The number as text, entries of a list joined with "; ", empty for a type that has no text form.
     /// What the formatters throw passes through.
-    std::string ToText(ETextForm form = ETextForm::UserFacing) const;
+    std::string ToText(TextForm form = TextForm::UserFacing) const;
 
     /// As `ToText`, behind what `out` holds already. When it throws, `out` may hold a part of the text.
-    void AppendText(std::string& out, ETextForm form = ETextForm::UserFacing) const;
+    void AppendText(std::string& out, TextForm form = TextForm::UserFacing) const;
 
     /// The value as another numeric type; the source stays as it is. A plain number becomes an angle from the
     /// user's angle unit, and an angle a number in that unit; ranges are held within 0 to 100.
@@ -81,7 +81,7 @@ public:
     IEnumValue* EnumValue = nullptr; ///< the enumeration behind a list type
     IFileValue* EnumContext =
         nullptr; ///< the chooser behind a file name; carried and compared with every type
-    UValuePayload Value;
+    ValuePayload Value;
 };
 
 } // namespace korvel

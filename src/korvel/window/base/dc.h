@@ -12,7 +12,7 @@ enum class LinePattern { Solid, Dotted };
 
 /// What a display paints with: the seven calls behind CDC. Coordinates are pixels of the window's
 /// client area; text is in the library's code page.
-class ISurface {
+class Surface {
 public:
     virtual void Fill(const CRect& rect, COLORREF color) = 0;
     /// `format`: DT_* flags; a text that does not fit ends in an ellipsis with DT_END_ELLIPSIS.
@@ -26,13 +26,13 @@ public:
     virtual void Clip(const CRect* rect) = 0;
 
 protected:
-    ~ISurface() = default;
+    ~Surface() = default;
 };
 
 /// A device context: the surface with the current colours and pen.
 class KORVEL_API CDC {
 public:
-    explicit CDC(ISurface& surface, CRect clip) : m_surface(surface), m_clip(clip) {}
+    explicit CDC(Surface& surface, CRect clip) : m_surface(surface), m_clip(clip) {}
 
     /// The area that is being repainted; nothing outside it needs drawing.
     const CRect& GetClipBox() const { return m_clip; }
@@ -61,7 +61,7 @@ public:
     void DrawFrameControl(const CRect& rect, UINT type, UINT state);
 
 private:
-    ISurface& m_surface;
+    Surface& m_surface;
     CRect m_clip;
     CPoint m_position;
     COLORREF m_textColor = 0;

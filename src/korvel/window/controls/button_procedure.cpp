@@ -17,7 +17,7 @@ void SetCheck(ButtonState& button, int check) {
     Repaint(button.record);
 }
 
-/// The radio buttons of one group: from a WS_GROUP window to before the next one.
+// The radio buttons of one group: from a WS_GROUP window to before the next one.
 void UncheckOthersInGroup(const ButtonState& button) {
     const RecordRef parent = Find(button.record.parent);
     if (!parent)
@@ -106,7 +106,7 @@ void HandleSpace(ButtonState& button, UINT message) {
         Click(button);
 }
 
-/// What the button does when no native widget acts for it; false: nothing.
+// What the button does when no native widget acts for it; false: nothing.
 bool HandleInput(ButtonState& button, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_KEYDOWN && message != WM_KEYUP)
         HandleMouse(button, message, lParam);

@@ -58,7 +58,7 @@ int WordStep(const CString& text, int place, Direction direction) {
     return place;
 }
 
-/// The same place of the line above or below.
+// The same place of the line above or below.
 int LineStep(const CString& text, int place, Direction direction) {
     const int start = LineStart(text, place);
     if (direction == Direction::Back && start == 0)
@@ -92,7 +92,7 @@ std::optional<int> TargetOf(const EditState& edit, UINT key) {
     }
 }
 
-/// What Ctrl with a letter asks the field for; a message, so that a procedure can drop it.
+// What Ctrl with a letter asks the field for; a message, so that a procedure can drop it.
 UINT MessageOf(UINT key) {
     switch (key) {
     case 'C':

@@ -74,7 +74,7 @@ void HandleMouse(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-/// What the field does when no native widget acts for it; false: nothing.
+// What the field does when no native widget acts for it; false: nothing.
 bool HandleInput(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_KEYDOWN)
         return PressKey(edit, static_cast<UINT>(wParam));

@@ -49,7 +49,7 @@ bool Introduce(WindowRecord& record, const CREATESTRUCTA& parameters, CWnd* obje
         if (IsOnDisplay(record))
             Display().Created(record.handle);
         if (object)
-            CWndAccess::Attach(*object, record);
+            WindowAccess::Attach(*object, record);
         const LRESULT answer =
             SendMessageA(record.handle, WM_CREATE, 0, reinterpret_cast<LPARAM>(&parameters));
         if (answer != -1)

@@ -33,7 +33,7 @@ HWND SenderOf(UINT message, LPARAM lParam) {
 
 } // namespace
 
-void CWndAccess::Attach(CWnd& object, WindowRecord& record) {
+void WindowAccess::Attach(CWnd& object, WindowRecord& record) {
     object.m_hWnd = record.handle;
     record.object = &object;
     // An object that was here before leaves its procedure in place while hooks stand above it.
@@ -44,12 +44,12 @@ void CWndAccess::Attach(CWnd& object, WindowRecord& record) {
     object.PreSubclassWindow();
 }
 
-void CWndAccess::Detach(WindowRecord& record) {
+void WindowAccess::Detach(WindowRecord& record) {
     if (CWnd* object = std::exchange(record.object, nullptr))
         object->m_hWnd = nullptr;
 }
 
-bool CWndAccess::OfferToControl(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+bool WindowAccess::OfferToControl(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
     CWnd* control = CWnd::FromHandlePermanent(SenderOf(message, lParam));
     return control && control->OnChildNotify(message, wParam, lParam, result);
 }
@@ -62,7 +62,7 @@ CWnd::~CWnd() {
     // A window that is ending already ends without its object.
     OnOwner(window, [&](WindowRecord& record) {
         if (record.object == this)
-            CWndAccess::Detach(record);
+            WindowAccess::Detach(record);
     });
 }
 
@@ -81,7 +81,7 @@ bool CWnd::SubclassWindow(HWND window) {
                           [&](WindowRecord& record) {
                               if (record.object || record.destroying)
                                   return false;
-                              CWndAccess::Attach(*this, record);
+                              WindowAccess::Attach(*this, record);
                               return true;
                           });
 }
@@ -93,7 +93,7 @@ bool CWnd::SubclassDlgItem(int id, CWnd* parent) {
 HWND CWnd::UnsubclassWindow() {
     const HWND window = m_hWnd;
     OnOwner(window, [](WindowRecord& record) {
-        CWndAccess::Detach(record);
+        WindowAccess::Detach(record);
         if (record.procedure == ObjectProcedure)
             record.procedure = std::exchange(record.superProcedure, nullptr);
     });
@@ -125,7 +125,7 @@ LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         return 1;
     if (message == WM_NOTIFY && OnNotify(wParam, lParam, &result))
         return result;
-    if (message == WM_DRAWITEM && CWndAccess::OfferToControl(message, wParam, lParam, &result))
+    if (message == WM_DRAWITEM && WindowAccess::OfferToControl(message, wParam, lParam, &result))
         return result;
     // A handler may have destroyed this object although it declined.
     return FromHandlePermanent(window) == this ? DefWindowProc(message, wParam, lParam) : 0;
@@ -145,11 +145,11 @@ bool CWnd::PreTranslateMessage(MSG&) {
 
 bool CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
-    return CWndAccess::OfferToControl(WM_COMMAND, wParam, lParam, &result);
+    return WindowAccess::OfferToControl(WM_COMMAND, wParam, lParam, &result);
 }
 
 bool CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    return CWndAccess::OfferToControl(WM_NOTIFY, wParam, lParam, result);
+    return WindowAccess::OfferToControl(WM_NOTIFY, wParam, lParam, result);
 }
 
 bool CWnd::OnChildNotify(UINT, WPARAM, LPARAM, LRESULT*) {

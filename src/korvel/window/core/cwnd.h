@@ -105,7 +105,7 @@ protected:
     LRESULT Default();
 
 private:
-    friend struct CWndAccess;
+    friend struct WindowAccess;
 };
 
 } // namespace korvel

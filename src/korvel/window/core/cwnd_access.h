@@ -6,7 +6,7 @@
 namespace korvel {
 
 /// The ties between a window and its object.
-struct CWndAccess {
+struct WindowAccess {
     /// The object's procedure comes before the one that the window has.
     static void Attach(CWnd& object, internal::WindowRecord& record);
     /// The procedure stays where it is; without object it passes on to the former one.

@@ -21,7 +21,7 @@ LRESULT CopyText(const WindowRecord& record, WPARAM capacity, LPARAM buffer) {
     if (capacity == 0 || !buffer)
         return 0;
     const std::size_t length = std::min<std::size_t>(record.text.size(), capacity - 1);
-    char* const target = reinterpret_cast<char*>(buffer);
+    char* target = reinterpret_cast<char*>(buffer);
     std::memcpy(target, record.text.data(), length);
     target[length] = '\0';
     return static_cast<LRESULT>(length);
@@ -70,7 +70,7 @@ LRESULT OfferToControl(const WindowRecord& record, UINT message, WPARAM wParam, 
     LRESULT result = 0;
     // An object has offered it itself (CWnd::WindowProc): a control that declined is not asked twice.
     if (!record.object)
-        CWndAccess::OfferToControl(message, wParam, lParam, &result);
+        WindowAccess::OfferToControl(message, wParam, lParam, &result);
     return result;
 }
 

@@ -22,7 +22,7 @@ InputDelivery::~InputDelivery() {
 }
 
 InputDelivery* InputDelivery::Of(HWND window, UINT message) {
-    InputDelivery* const delivery = Innermost();
+    InputDelivery* delivery = Innermost();
     const bool same = delivery && delivery->m_window == window && delivery->m_message == message;
     return same ? delivery : nullptr;
 }
@@ -33,7 +33,7 @@ void NoteDefaultReached(HWND window, UINT message) {
 }
 
 bool LeaveToNativeWidget(HWND window, UINT message) {
-    InputDelivery* const delivery = InputDelivery::Of(window, message);
+    InputDelivery* delivery = InputDelivery::Of(window, message);
     if (!delivery || Display().IsHeadless())
         return false;
     delivery->LeaveToDefault();

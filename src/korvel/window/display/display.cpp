@@ -107,7 +107,7 @@ void WakeDisplayOf(const ThreadQueue& queue) {
 }
 
 void ForgetWindow(WindowRecord& record) {
-    CWndAccess::Detach(record);
+    WindowAccess::Detach(record);
     if (!IsOnDisplay(record))
         return;
     ForgetTimers(record.handle);

@@ -69,8 +69,8 @@ void HeadlessDisplay::AnswerNextColor(std::optional<COLORREF> color) {
     m_colorAnswers.push_back(color);
 }
 
-void HeadlessDisplay::Then(std::function<void()> step) {
-    m_steps.push_back(std::move(step));
+void HeadlessDisplay::Then(std::function<void()> Step) {
+    m_steps.push_back(std::move(Step));
 }
 
 void HeadlessDisplay::Advance(Milliseconds time) {
@@ -87,7 +87,7 @@ void HeadlessDisplay::Advance(Milliseconds time) {
 
 void HeadlessDisplay::PumpUntil(const std::function<bool()>& done, Milliseconds limit) {
     // A thread may finish without a last message, so the condition is looked at in short steps.
-    constexpr Milliseconds step{1};
+    constexpr Milliseconds Step{1};
     const auto end = std::chrono::steady_clock::now() + limit;
     for (;;) {
         input::DispatchMessages();
@@ -96,7 +96,7 @@ void HeadlessDisplay::PumpUntil(const std::function<bool()>& done, Milliseconds 
         if (std::chrono::steady_clock::now() > end)
             throw Error("What was waited for did not happen in time");
         std::unique_lock lock(m_wakeMutex);
-        m_wakeSignal.wait_for(lock, step, [this] { return m_woken; });
+        m_wakeSignal.wait_for(lock, Step, [this] { return m_woken; });
         m_woken = false;
     }
 }

@@ -194,7 +194,7 @@ void Activated(HWND window, bool active) {
         Uncaught::ToPump, [&] { SendMessageA(window, WM_ACTIVATE, active, 0); });
 }
 
-void Paint(HWND window, ISurface& surface, const CRect& clip) {
+void Paint(HWND window, Surface& surface, const CRect& clip) {
     Guarded(
         Uncaught::ToPump,
         [&] {

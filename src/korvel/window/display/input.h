@@ -43,7 +43,7 @@ KORVEL_API void Destroy(HWND window);
 KORVEL_API void Activated(HWND window, bool active);
 
 /// Paints what `clip` (client coordinates) covers of one window, without its children.
-KORVEL_API void Paint(HWND window, ISurface& surface, const CRect& clip);
+KORVEL_API void Paint(HWND window, Surface& surface, const CRect& clip);
 /// Sends WM_TIMER for every timer that is due and sets the next alarm.
 KORVEL_API void FireTimers();
 /// Runs the sends of other threads and the posted messages of the calling thread: the display's, or another

@@ -5,7 +5,7 @@
 namespace korvel::internal {
 
 /// Writes down what is painted.
-class RecordingSurface final : public ISurface {
+class RecordingSurface final : public Surface {
 public:
     std::vector<PaintCall> calls;
 

@@ -11,7 +11,7 @@ namespace korvel::internal {
 
 namespace {
 
-/// A header together with the list whose columns it shows.
+// A header together with the list whose columns it shows.
 struct Header {
     HWND window;
     HeaderState& state;

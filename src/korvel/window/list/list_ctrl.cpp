@@ -16,7 +16,7 @@ using namespace internal;
 
 namespace {
 
-/// Runs `call(ListState&)` on the list's thread; `otherwise` for a window that is gone or no list.
+// Runs `call(ListState&)` on the list's thread; `otherwise` for a window that is gone or no list.
 template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
 Result OnList(HWND window, Call call, Result otherwise = Result()) {
     const auto answer = OnOwner(window, [&](WindowRecord& record) -> std::optional<Result> {
@@ -26,15 +26,15 @@ Result OnList(HWND window, Call call, Result otherwise = Result()) {
     return answer ? *answer : otherwise;
 }
 
-/// The same for one row; `otherwise` for a row that the list has not.
+// The same for one row; `otherwise` for a row that the list has not.
 template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
 Result OnRow(HWND window, int row, Call call, Result otherwise = Result()) {
     return OnList(
         window, [&](ListState& list) { return list.rows.Has(row) ? call(list) : otherwise; }, otherwise);
 }
 
-/// False, and no call, when the list has not all of the rows from `first` to before `last`, or there are
-/// none.
+// False, and no call, when the list has not all of the rows from `first` to before `last`, or there are
+// none.
 template <class Call>
 bool OnRows(HWND window, int first, int last, Call call) {
     return OnList(

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 constexpr auto SearchPause = 1s; // what is typed after it begins a new search
 
-/// The row to which a key moves the focus.
+// The row to which a key moves the focus.
 std::optional<int> TargetOf(const ListState& list, UINT key) {
     const int last = list.rows.Size() - 1;
     const int focus = list.focusRow;

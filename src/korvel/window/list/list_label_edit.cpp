@@ -11,8 +11,8 @@ namespace {
 
 constexpr int SmallestEdit = 40; // pixels: a label that is cut off can still be edited
 
-/// The edit's procedure: Return takes the text, Escape gives it up, and so does whatever takes the focus
-/// away. It replaces the procedure alone, so that a host may still attach an object to the edit.
+// The edit's procedure: Return takes the text, Escape gives it up, and so does whatever takes the focus
+// away. It replaces the procedure alone, so that a host may still attach an object to the edit.
 LRESULT LabelEditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const ControlOf<ListState> list(GetParent(window));
     if (list && list->labelEdit.window == window) {

@@ -7,8 +7,8 @@
 
 namespace korvel::internal {
 
-/// Rows that are removed one by one, the last one first. Who hears of one may insert and remove rows itself:
-/// those that are still to go are followed.
+// Rows that are removed one by one, the last one first. Who hears of one may insert and remove rows itself:
+// those that are still to go are followed.
 struct LeavingRows {
     LeavingRows(ListState& owner, int firstRow, int lastRow)
         : list(owner), outer(owner.leaving), first(firstRow), next(lastRow - 1) {

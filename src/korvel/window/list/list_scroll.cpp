@@ -47,7 +47,7 @@ int Clamped(std::int64_t value, int highest) {
     return static_cast<int>(std::clamp<std::int64_t>(value, 0, highest));
 }
 
-/// Where a command of a scroll bar leads.
+// Where a command of a scroll bar leads.
 std::int64_t Target(UINT command, int now, int line, int page, int tracked) {
     switch (command) {
     case SB_LINEUP:

@@ -98,7 +98,7 @@ void DeselectOutside(ListState& list, int first, int last) {
 }
 
 void MoveSelection(ListState& list, int row, SelectionChange change) {
-    constexpr UINT both = LVIS_SELECTED | LVIS_FOCUSED;
+    constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
     if (list.HasStyle(LVS_SINGLESEL))
         change = SelectionChange::Replace;
     switch (change) {
@@ -108,7 +108,7 @@ void MoveSelection(ListState& list, int row, SelectionChange change) {
             SetState(list, list.focusRow, 0, LVIS_FOCUSED);
         DeselectOutside(list, row, row + 1);
         if (list.rows.Has(row))
-            SetState(list, row, both, both);
+            SetState(list, row, Both, Both);
         break;
     case SelectionChange::Extend: {
         if (!list.rows.Has(list.markRow))
@@ -124,7 +124,7 @@ void MoveSelection(ListState& list, int row, SelectionChange change) {
     case SelectionChange::Toggle: {
         list.markRow = row;
         const UINT selected = list.rows.At(row).IsSelected() ? 0 : LVIS_SELECTED;
-        SetState(list, row, selected | LVIS_FOCUSED, both);
+        SetState(list, row, selected | LVIS_FOCUSED, Both);
         break;
     }
     }
