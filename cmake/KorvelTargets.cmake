@@ -1,7 +1,4 @@
-# How a folder of src/ becomes a target, and how a test program links what it tests.
-
-# Lets a folder that holds only headers so far be a target.
-set(KORVEL_EMPTY_SOURCE ${CMAKE_CURRENT_LIST_DIR}/empty.cpp)
+# How a folder of src/korvel becomes a target, how folders become a library, and how a test links what it tests.
 
 # korvel_folder(NAME USES folder... LINKS library... PUBLIC header...)
 #
@@ -11,11 +8,10 @@ function(korvel_folder name)
   cmake_parse_arguments(arg "" "" "USES;LINKS;PUBLIC" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/korvel/${name}/*.cpp
                                               ${CMAKE_CURRENT_SOURCE_DIR}/korvel/${name}/*.h)
-  add_library(korvel_${name} OBJECT ${sources} ${KORVEL_EMPTY_SOURCE})
-  set_target_properties(korvel_${name} PROPERTIES LINKER_LANGUAGE CXX)
-  target_include_directories(korvel_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+  add_library(korvel_${name} OBJECT ${sources})
+  target_include_directories(korvel_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(korvel_${name} PRIVATE korvel_flags PUBLIC ${arg_LINKS})
-  target_compile_definitions(korvel_${name} PRIVATE KORVEL_BUILDING_LIBRARY)
+  list(TRANSFORM arg_PUBLIC PREPEND korvel/${name}/)
   set_property(GLOBAL PROPERTY KORVEL_USES_${name} "${arg_USES}")
   set_property(GLOBAL PROPERTY KORVEL_PUBLIC_${name} "${arg_PUBLIC}")
 endfunction()
@@ -43,6 +39,38 @@ function(korvel_link_folders target)
     target_sources(${target} PRIVATE $<TARGET_OBJECTS:korvel_${folder}>)
   endforeach()
   target_link_libraries(${target} PRIVATE korvel_flags)
+endfunction()
+
+# korvel_library(TARGET NAME folder...)
+#
+# The shared library TARGET that hosts link as KorvelCommonDialogs::NAME: the given folders with their public
+# headers. Below version 1.0 each minor version may break hosts, so it stands in the soname.
+function(korvel_library target name)
+  add_library(${target} SHARED)
+  add_library(KorvelCommonDialogs::${name} ALIAS ${target})
+  set(soversion ${PROJECT_VERSION_MAJOR})
+  if(PROJECT_VERSION_MAJOR EQUAL 0)
+    set(soversion ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
+  endif()
+  set_target_properties(${target} PROPERTIES
+    LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${soversion}
+    EXPORT_NAME ${name} INSTALL_RPATH "$ORIGIN" VERIFY_INTERFACE_HEADER_SETS ON)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target} PRIVATE korvel_flags)
+  if(NOT KORVEL_SANITIZE)
+    # What one library needs of the other has to be exported there; a sanitizer's functions come with the program.
+    target_link_options(${target} PRIVATE -Wl,--no-undefined)
+  endif()
+
+  set(headers "")
+  foreach(folder IN LISTS ARGN)
+    target_link_libraries(${target} PRIVATE korvel_${folder})
+    target_sources(${target} PRIVATE $<TARGET_OBJECTS:korvel_${folder}>)
+    get_property(public GLOBAL PROPERTY KORVEL_PUBLIC_${folder})
+    list(APPEND headers ${public})
+  endforeach()
+  target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${CMAKE_CURRENT_SOURCE_DIR} FILES ${headers})
+  set_property(GLOBAL APPEND PROPERTY KORVEL_PUBLIC_HEADERS ${headers})
 endfunction()
 
 # Hands what the build was told of its maker to the one source that holds it. In a text, \n stands for a line break.

@@ -1,1 +1,0 @@
-// Deliberately empty: the source of a folder that holds only headers.
