@@ -9,11 +9,10 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . scripts/setup.sh
 
 require_packages "${build_packages[@]}" "${bench_packages[@]}"
-cmake --preset release -DKORVEL_BUILD_BENCHMARKS=ON >&2 || exit 1
-build release tree_bench combo_bench wx_bench text_bench expression_bench || exit 1
+build bench tree_bench combo_bench wx_bench text_bench expression_bench || exit 1
 
 [ $# -gt 0 ] || set -- 1000 10000 100000 1000000
-programs=build/release/benchmarks
+programs=build/bench/benchmarks
 {
     LC_ALL=de_DE.UTF-8 $programs/text_bench
     $programs/expression_bench

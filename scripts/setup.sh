@@ -3,7 +3,9 @@
 
 build_packages=(g++ cmake ninja-build ccache libicu-dev libsqlite3-dev libpugixml-dev libboost-dev
                 qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
-test_packages=(libgtest-dev libgmock-dev)
+test_packages=(libgtest-dev libgmock-dev pkg-config)
+format_packages=(clang-format-14)
+check_packages=(clang-14 clang-tidy-14)
 fuzz_packages=(clang-14 libclang-rt-14-dev)
 bench_packages=(libfmt-dev libmuparser-dev libfparser-dev libwxgtk3.2-dev xvfb xauth)
 
