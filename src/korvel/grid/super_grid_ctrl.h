@@ -140,6 +140,13 @@ protected:
     };
     using NodePtr = std::unique_ptr<CTreeItem, NodeDeleter>;
 
+    // The halves of AddRootNode and AddChildNode: who files a node does so between them, before the host
+    // can hear of it.
+    /// Puts a node into the tree, for a null `parent` as a root. `position`: -1 appends.
+    CTreeItem* LinkNode(CTreeItem* parent, CItemInfo* info, int position);
+    /// Inserts the rows of a node that was linked. The host may remove it meanwhile.
+    void ShowNode(const CTreeItem* node);
+
     /// Removes a node of this grid with its rows; its info and all below come along.
     NodePtr TakeNode(CTreeItem* node);
     /// A node was taken out of the tree with all below; it is about to be deleted. `formerParent`: null for
@@ -164,9 +171,7 @@ private:
     enum class ToggledBy { Sign, DoubleClick };
     enum class Step { Left = -1, Right = 1 };
 
-    CTreeItem* AddNode(CTreeItem& parent, CItemInfo* info, const int* position);
     void PrepareList();
-    void ShowNode(const CTreeItem* node);
     void InsertNodeRows(int row, const std::vector<CTreeItem*>& nodes, int indent);
     void InsertChildRows(const CTreeItem& node, int row);
     void OverwriteRow(int row, const CTreeItem* node);

@@ -46,6 +46,11 @@ bool CSuperGridCtrl::HasCheckBoxes() const {
 }
 
 void CSuperGridCtrl::ShowNode(const CTreeItem* node) {
+    const unsigned removals = m_removals;
+    if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
+        RefreshRowTexts(parent); // its sign comes
+    if (m_removals != removals)
+        return; // who painted the parent has removed nodes; this one may be gone
     const int row = RowOfNode(node);
     if (row < 0 || !m_hWnd)
         return;

@@ -15,20 +15,23 @@ int PlaceOf(const int* position) {
 } // namespace
 
 CSuperGridCtrl::CTreeItem* CSuperGridCtrl::AddRootNode(CItemInfo* info, const int* position) {
-    return AddNode(*m_forest, info, position);
+    CTreeItem* node = LinkNode(nullptr, info, PlaceOf(position));
+    ShowNode(node);
+    return node;
 }
 
 CSuperGridCtrl::CTreeItem* CSuperGridCtrl::AddChildNode(CTreeItem* parent, CItemInfo* info, int,
                                                         const int* position) {
-    return parent ? AddNode(*parent, info, position) : nullptr;
+    if (!parent)
+        return nullptr;
+    CTreeItem* node = LinkNode(parent, info, PlaceOf(position));
+    ShowNode(node);
+    return node;
 }
 
-CSuperGridCtrl::CTreeItem* CSuperGridCtrl::AddNode(CTreeItem& parent, CItemInfo* info, const int* position) {
+CSuperGridCtrl::CTreeItem* CSuperGridCtrl::LinkNode(CTreeItem* parent, CItemInfo* info, int position) {
     auto* node = new CTreeItem(info ? info : new CItemInfo);
-    parent.InsertChild(PlaceOf(position), node);
-    if (parent.children().size() == 1)
-        RefreshRowTexts(&parent); // its sign comes
-    ShowNode(node);
+    (parent ? parent : m_forest.get())->InsertChild(position, node);
     return node;
 }
 
@@ -84,15 +87,8 @@ bool CSuperGridCtrl::IsNodeInSubtree(const CTreeItem* root, const CTreeItem* can
 int CSuperGridCtrl::CopyNodeUnder(CTreeItem* target, const CTreeItem* src) {
     if (!target || !src || IsNodeInSubtree(src, target))
         return 0;
-    const bool wasCollapsed = target->collapsed();
-    auto* copy = new CTreeItem(CopyItemInfo(src->info));
-    if (!copy->info)
-        copy->info = new CItemInfo;
-    target->InsertChild(-1, copy);
-    if (target->children().size() == 1)
-        RefreshRowTexts(target);
-    if (!wasCollapsed)
-        ShowNode(copy);
+    CTreeItem* copy = LinkNode(target, CopyItemInfo(src->info), -1);
+    ShowNode(copy);
     CopySubtree(copy, src);
     return 1;
 }
