@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 namespace {
 
 RowBlocks::Maker CountedFrom(LPARAM first) {
@@ -115,4 +115,4 @@ TEST(RowBlocks, InsertionsNearTheTopOfAMillionRowsAreCheap) {
 }
 
 } // namespace
-} // namespace korvel
+} // namespace korvel::internal

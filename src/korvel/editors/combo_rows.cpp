@@ -22,15 +22,15 @@ ComboRows::ComboRows() = default;
 ComboRows::~ComboRows() = default;
 
 ComboTreeItem* ComboRows::At(int row) const {
-    const BlockIndex::Place place = m_index.Find(row);
-    return m_blocks[place.block]->items[place.offset];
+    const internal::PrefixSums::Place place = m_index.Find(row);
+    return m_blocks[place.entry]->items[place.offset];
 }
 
 int ComboRows::RowOf(const ComboTreeItem& item) const {
     const Block& block = *item.m_block;
     // From the end: while a list is built, it is the last row that is asked for.
     const auto found = std::find(block.items.rbegin(), block.items.rend(), &item);
-    return m_index.Start(block.index) + static_cast<int>(block.items.rend() - found) - 1;
+    return m_index.Before(block.index) + static_cast<int>(block.items.rend() - found) - 1;
 }
 
 void ComboRows::Insert(int row, std::span<ComboTreeItem* const> items) {
@@ -42,9 +42,9 @@ void ComboRows::Insert(int row, std::span<ComboTreeItem* const> items) {
         m_blocks.push_back(std::make_unique<Block>());
         RebuildIndex();
     }
-    BlockIndex::Place place =
-        appends ? BlockIndex::Place{static_cast<int>(m_blocks.size()) - 1, 0} : m_index.Find(row);
-    Block& block = *m_blocks[place.block];
+    internal::PrefixSums::Place place =
+        appends ? internal::PrefixSums::Place{static_cast<int>(m_blocks.size()) - 1, 0} : m_index.Find(row);
+    Block& block = *m_blocks[place.entry];
     if (appends)
         place.offset = static_cast<int>(block.items.size());
     m_size += count;
@@ -53,13 +53,13 @@ void ComboRows::Insert(int row, std::span<ComboTreeItem* const> items) {
         block.items.insert(position, items.begin(), items.end());
         for (ComboTreeItem* const item : items)
             item->m_block = &block;
-        m_index.Add(place.block, count);
+        m_index.Add(place.entry, count);
         return;
     }
     std::vector<ComboTreeItem*> all(block.items.begin(), position);
     all.insert(all.end(), items.begin(), items.end());
     all.insert(all.end(), position, block.items.end());
-    Replace(place.block, all);
+    Replace(place.entry, all);
 }
 
 // Puts as many blocks of one size as these items need in the place of one block.
@@ -82,14 +82,14 @@ void ComboRows::Replace(int block, std::span<ComboTreeItem* const> items) {
 }
 
 void ComboRows::Erase(int first, int last) {
-    const int touched = first < last ? m_index.Find(first).block : 0;
+    const int touched = first < last ? m_index.Find(first).entry : 0;
     std::size_t emptied = 0;
     for (int left = last - first; left > 0;) {
-        const BlockIndex::Place place = m_index.Find(first);
-        const int inBlock = static_cast<int>(m_blocks[place.block]->items.size()) - place.offset;
+        const internal::PrefixSums::Place place = m_index.Find(first);
+        const int inBlock = static_cast<int>(m_blocks[place.entry]->items.size()) - place.offset;
         const int count = std::min(left, inBlock);
         EraseInBlock(place, count);
-        emptied += m_blocks[place.block]->items.empty();
+        emptied += m_blocks[place.entry]->items.empty();
         left -= count;
     }
     if (emptied > 0) {
@@ -100,15 +100,15 @@ void ComboRows::Erase(int first, int last) {
     JoinSmall(touched);
 }
 
-void ComboRows::EraseInBlock(BlockIndex::Place place, int count) {
-    std::vector<ComboTreeItem*>& items = m_blocks[place.block]->items;
+void ComboRows::EraseInBlock(internal::PrefixSums::Place place, int count) {
+    std::vector<ComboTreeItem*>& items = m_blocks[place.entry]->items;
     const auto begin = items.begin() + place.offset;
     for (auto item = begin; item != begin + count; ++item) {
         (*item)->m_block = nullptr;
         (*item)->m_nRow = -1;
     }
     items.erase(begin, begin + count);
-    m_index.Add(place.block, -count);
+    m_index.Add(place.entry, -count);
     m_size -= count;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/list/block_index.h"
+#include "korvel/window/base/prefix_sums.h"
 
 #include <memory>
 #include <span>
@@ -39,12 +39,12 @@ public:
 
 private:
     void Replace(int block, std::span<ComboTreeItem* const> items);
-    void EraseInBlock(BlockIndex::Place place, int count);
+    void EraseInBlock(internal::PrefixSums::Place place, int count);
     void JoinSmall(int block);
     void RebuildIndex();
 
     std::vector<std::unique_ptr<Block>> m_blocks;
-    BlockIndex m_index;
+    internal::PrefixSums m_index;
     int m_size = 0;
 };
 

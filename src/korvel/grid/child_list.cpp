@@ -30,21 +30,17 @@ ChildList::Iterator ChildList::Iterator::operator++(int) {
 void ChildList::MakeSums() const {
     if (m_sumsValid)
         return;
-    std::vector<int> items;
-    std::vector<int> rows;
-    for (const auto& block : m_blocks) {
-        items.push_back(static_cast<int>(block->items.size()));
-        rows.push_back(block->tally.rows);
-    }
-    m_itemSums = PrefixSums(std::move(items));
-    m_rowSums = PrefixSums(std::move(rows));
+    const int count = static_cast<int>(m_blocks.size());
+    m_itemSums.Rebuild(
+        count, [&](int block) { return static_cast<int>(m_blocks[block]->items.size()); });
+    m_rowSums.Rebuild(count, [&](int block) { return m_blocks[block]->tally.rows; });
     m_sumsValid = true;
 }
 
 grid::CTreeItem* ChildList::operator[](int position) const {
     MakeSums();
-    const std::size_t number = m_itemSums.Find(position);
-    return m_blocks[number]->items[static_cast<std::size_t>(position - m_itemSums.Before(number))];
+    const auto place = m_itemSums.Find(position);
+    return m_blocks[place.entry]->items[place.offset];
 }
 
 int ChildList::RowsBefore(const grid::CTreeItem& child) const {
@@ -52,7 +48,7 @@ int ChildList::RowsBefore(const grid::CTreeItem& child) const {
     int rows = 0;
     if (block.number > 0) {
         MakeSums();
-        rows = m_rowSums.Before(block.number);
+        rows = m_rowSums.Before(static_cast<int>(block.number));
     }
     const auto place = std::find(block.items.begin(), block.items.end(), &child);
     const bool oneRowEach = block.tally.rows == static_cast<int>(block.items.size());
@@ -76,7 +72,7 @@ void ChildList::Insert(int position, grid::CTreeItem* child) {
     child->m_block = block;
     ++m_size;
     if (m_sumsValid)
-        m_itemSums.Add(block->number, 1);
+        m_itemSums.Add(static_cast<int>(block->number), 1);
     Adjust(*block, child->GetTally());
 }
 
@@ -88,9 +84,9 @@ ChildBlock& ChildList::BlockForInsert(int& position) {
         return *m_blocks.back();
     }
     MakeSums();
-    const std::size_t number = m_itemSums.Find(position);
-    position -= m_itemSums.Before(number);
-    return *m_blocks[number];
+    const auto place = m_itemSums.Find(position);
+    position = place.offset;
+    return *m_blocks[place.entry];
 }
 
 void ChildList::Erase(grid::CTreeItem* child) {
@@ -99,7 +95,7 @@ void ChildList::Erase(grid::CTreeItem* child) {
     child->m_block = nullptr;
     --m_size;
     if (m_sumsValid)
-        m_itemSums.Add(block.number, -1);
+        m_itemSums.Add(static_cast<int>(block.number), -1);
     Adjust(block, FamilyTally() - child->GetTally());
     if (block.items.empty())
         RemoveBlock(block.number);
@@ -109,7 +105,7 @@ void ChildList::Adjust(ChildBlock& block, const FamilyTally& change) {
     block.tally += change;
     m_tally += change;
     if (m_sumsValid)
-        m_rowSums.Add(block.number, change.rows);
+        m_rowSums.Add(static_cast<int>(block.number), change.rows);
 }
 
 ChildBlock& ChildList::AddBlock(std::size_t number) {

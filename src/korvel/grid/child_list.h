@@ -1,7 +1,7 @@
 #pragma once
 
-#include "korvel/grid/prefix_sums.h"
 #include "korvel/platform/export.h"
+#include "korvel/window/base/prefix_sums.h"
 
 #include <iterator>
 #include <memory>
@@ -100,8 +100,8 @@ private:
     int m_size = 0;
     // Made when first asked for after the blocks were cut anew.
     mutable bool m_sumsValid = false;
-    mutable PrefixSums m_itemSums;
-    mutable PrefixSums m_rowSums;
+    mutable internal::PrefixSums m_itemSums;
+    mutable internal::PrefixSums m_rowSums;
 };
 
 } // namespace korvel

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <new>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -18,17 +18,17 @@ constexpr int FewRows = BlockCapacity / 8; // a block that has no more left look
 
 RowRecord& RowBlocks::At(int row) {
     const auto place = PlaceOf(row);
-    return m_blocks[place.block].rows.At(place.offset);
+    return m_blocks[place.entry].rows.At(place.offset);
 }
 
-BlockIndex::Place RowBlocks::PlaceOf(int row) const {
+PrefixSums::Place RowBlocks::PlaceOf(int row) const {
     if (m_found.block >= 0) {
         const int offset = row - m_found.start;
         if (offset >= 0 && offset < m_blocks[m_found.block].rows.Size())
             return {m_found.block, offset};
     }
     const auto place = m_index.Find(row);
-    m_found = {place.block, row - place.offset};
+    m_found = {place.entry, row - place.offset};
     return place;
 }
 
@@ -38,25 +38,25 @@ void RowBlocks::Insert(int row, int count, const Maker& make) {
     if (m_blocks.empty())
         AddBlocks(0, std::vector<Block>(1));
     const auto place = PlaceToInsert(row);
-    const int blockSize = m_blocks[place.block].rows.Size();
+    const int blockSize = m_blocks[place.entry].rows.Size();
     if (blockSize + count <= BlockCapacity) {
         InsertIntoBlock(place, count, make);
     } else if (count > HalfBlock || row == m_size) {
         InsertBlocks(place, count, make);
     } else {
-        SplitAt({place.block, blockSize / 2});
+        SplitAt({place.entry, blockSize / 2});
         Insert(row, count, make);
     }
 }
 
-BlockIndex::Place RowBlocks::PlaceToInsert(int row) const {
+PrefixSums::Place RowBlocks::PlaceToInsert(int row) const {
     if (row < m_size)
         return PlaceOf(row);
     return {static_cast<int>(m_blocks.size()) - 1, m_blocks.back().rows.Size()};
 }
 
-void RowBlocks::InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make) {
-    auto& rows = m_blocks[place.block].rows;
+void RowBlocks::InsertIntoBlock(PrefixSums::Place place, int count, const Maker& make) {
+    auto& rows = m_blocks[place.entry].rows;
     rows.Insert(place.offset, count);
     try {
         for (int index = 0; index < count; ++index) {
@@ -68,11 +68,11 @@ void RowBlocks::InsertIntoBlock(BlockIndex::Place place, int count, const Maker&
         rows.Erase(place.offset, place.offset + count);
         throw;
     }
-    m_index.Add(place.block, count);
+    m_index.Add(place.entry, count);
     m_size += count;
 }
 
-void RowBlocks::InsertBlocks(BlockIndex::Place place, int count, const Maker& make) {
+void RowBlocks::InsertBlocks(PrefixSums::Place place, int count, const Maker& make) {
     std::vector<Block> added;
     added.reserve(static_cast<std::size_t>(count / BlockCapacity + 1));
     for (int index = 0; index < count; ++index) {
@@ -98,21 +98,21 @@ void RowBlocks::AddBlocks(int at, std::vector<Block> added) {
     RebuildIndex();
 }
 
-int RowBlocks::SplitAt(BlockIndex::Place place) {
+int RowBlocks::SplitAt(PrefixSums::Place place) {
     if (place.offset == 0)
-        return place.block;
-    const int next = place.block + 1;
-    const int size = m_blocks[place.block].rows.Size();
+        return place.entry;
+    const int next = place.entry + 1;
+    const int size = m_blocks[place.entry].rows.Size();
     if (place.offset == size)
         return next;
     AddBlocks(next, std::vector<Block>(1));
-    Block& block = m_blocks[place.block];
+    Block& block = m_blocks[place.entry];
     Block& tail = m_blocks[next];
     const int selected = CountSelected(block, place.offset, size);
     tail.rows.Take(block.rows, place.offset);
     tail.selectedCount = selected;
     block.selectedCount -= selected;
-    m_index.Add(place.block, place.offset - size);
+    m_index.Add(place.entry, place.offset - size);
     m_index.Add(next, size - place.offset);
     return next;
 }
@@ -123,11 +123,11 @@ void RowBlocks::Erase(int first, int last) {
     const auto end = PlaceOf(last - 1);
     const auto begin = PlaceOf(first); // the block found last: it begins where it did
     m_size -= last - first;
-    for (int block = begin.block; block <= end.block; ++block)
-        EraseInBlock(block, block == begin.block ? begin.offset : 0,
-                     block == end.block ? end.offset + 1 : m_blocks[block].rows.Size());
-    if (m_blocks[begin.block].rows.Size() <= FewRows || begin.block != end.block)
-        Tidy(begin.block, end.block);
+    for (int block = begin.entry; block <= end.entry; ++block)
+        EraseInBlock(block, block == begin.entry ? begin.offset : 0,
+                     block == end.entry ? end.offset + 1 : m_blocks[block].rows.Size());
+    if (m_blocks[begin.entry].rows.Size() <= FewRows || begin.entry != end.entry)
+        Tidy(begin.entry, end.entry);
 }
 
 void RowBlocks::Tidy(int first, int last) {
@@ -160,7 +160,7 @@ void RowBlocks::EraseInBlock(int number, int first, int last) {
 
 void RowBlocks::Select(int row, bool selected) {
     const auto place = PlaceOf(row);
-    auto& block = m_blocks[place.block];
+    auto& block = m_blocks[place.entry];
     auto& record = block.rows.At(place.offset);
     const int difference = static_cast<int>(selected) - static_cast<int>(record.selected);
     record.selected = selected;
@@ -172,13 +172,13 @@ int RowBlocks::FindSelected(int row) const {
     if (m_selectedCount == 0 || row >= m_size)
         return -1;
     auto place = PlaceOf(std::max(row, 0));
-    for (; place.block < static_cast<int>(m_blocks.size()); ++place.block, place.offset = 0) {
-        const auto& block = m_blocks[place.block];
+    for (; place.entry < static_cast<int>(m_blocks.size()); ++place.entry, place.offset = 0) {
+        const auto& block = m_blocks[place.entry];
         if (block.selectedCount == 0)
             continue;
         for (; place.offset < block.rows.Size(); ++place.offset)
             if (block.rows.At(place.offset).selected)
-                return m_index.Start(place.block) + place.offset;
+                return m_index.Before(place.entry) + place.offset;
     }
     return -1;
 }
@@ -213,4 +213,4 @@ void RowBlocks::RebuildIndex() {
     m_found = {};
 }
 
-} // namespace korvel
+} // namespace korvel::internal

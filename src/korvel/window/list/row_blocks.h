@@ -1,12 +1,12 @@
 #pragma once
 
-#include "korvel/window/list/block_index.h"
+#include "korvel/window/base/prefix_sums.h"
 #include "korvel/window/list/row_run.h"
 
 #include <functional>
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The rows of a list in blocks: a row is found, inserted or removed anywhere at the cost of one block
 /// and of the logarithm of their number; a range is inserted at the cost of its own length.
@@ -48,14 +48,14 @@ private:
         int selectedCount = 0;
     };
 
-    BlockIndex::Place PlaceOf(int row) const;
-    BlockIndex::Place PlaceToInsert(int row) const;
-    void InsertIntoBlock(BlockIndex::Place place, int count, const Maker& make);
-    void InsertBlocks(BlockIndex::Place place, int count, const Maker& make);
+    PrefixSums::Place PlaceOf(int row) const;
+    PrefixSums::Place PlaceToInsert(int row) const;
+    void InsertIntoBlock(PrefixSums::Place place, int count, const Maker& make);
+    void InsertBlocks(PrefixSums::Place place, int count, const Maker& make);
     /// Changes nothing when it fails. Empty blocks do no harm.
     void AddBlocks(int at, std::vector<Block> added);
     /// Answers the block that begins with what stood at `place`.
-    int SplitAt(BlockIndex::Place place);
+    int SplitAt(PrefixSums::Place place);
     static int CountSelected(const Block& block, int first, int last);
     void EraseInBlock(int block, int first, int last);
     /// After rows of the blocks from `first` to `last` were erased: drops empty blocks and joins small ones.
@@ -67,7 +67,7 @@ private:
     void RebuildIndex();
 
     std::vector<Block> m_blocks;
-    BlockIndex m_index;
+    PrefixSums m_index;
     /// The block found last and its first row: who walks over rows finds most of them there.
     struct FoundBlock {
         int block = -1;
@@ -78,4 +78,4 @@ private:
     int m_selectedCount = 0;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

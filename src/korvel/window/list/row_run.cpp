@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace korvel {
+namespace korvel::internal {
 
 void RowRun::MoveHole(int row) {
     if (row == m_hole)
@@ -48,4 +48,4 @@ void RowRun::Take(RowRun& other, int first) {
     other.Erase(first, other.m_size);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

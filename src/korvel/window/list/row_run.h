@@ -6,7 +6,7 @@
 #include <memory>
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// What a list keeps of one row: 24 bytes, and texts only where the row stores its own.
 struct RowRecord {
@@ -48,4 +48,4 @@ private:
     int m_holeSize = 0;
 };
 
-} // namespace korvel
+} // namespace korvel::internal
