@@ -107,7 +107,7 @@ TEST_F(ListSelection, SpaceTogglesTheCheckWhichIsPartOfTheState) {
 TEST_F(ListSelection, TypingFindsTheNextRowThatBeginsSo) {
     using namespace std::chrono_literals;
     MakeList(0);
-    for (const char* text : {"Bahn", "Berg", "anders", "Bergwerk", "\xC4nderung"})
+    for (const char* text : {"Bahn", "Berg", "anders", "Bergwerk", "\xC4nderung", "\x9Akoda"})
         list.InsertItem(99, text);
     display.Advance(10s);
     for (const auto& [border, typed, pause, row] : Table<const char*, std::chrono::milliseconds, int>{
@@ -118,7 +118,8 @@ TEST_F(ListSelection, TypingFindsTheNextRowThatBeginsSo) {
              {"a second letter narrows", "e", 0ms, 1},
              {"the found row still fits", "rg", 0ms, 1},
              {"no row begins so", "z", 0ms, 1},
-             {"a capital umlaut", "\xE4", 1001ms, 4}}) {
+             {"a capital umlaut", "\xE4", 1001ms, 4},
+             {"a letter of the page's middle rows", "\x8A", 1001ms, 5}}) {
         display.Advance(pause);
         Key(0, typed);
         EXPECT_EQ(Focused(), row) << border;

@@ -4,11 +4,11 @@
 #include "korvel/editors/combo_model.h"
 #include "korvel/editors/combo_preview.h"
 #include "korvel/editors/grid_ctrl_combo_box_input_state.h"
-#include "korvel/editors/type_ahead.h"
 #include "korvel/output/format_subscription.h"
 #include "korvel/values/observer_grid.h"
 #include "korvel/window/display/display.h"
 #include "korvel/window/list/list_ctrl.h"
+#include "korvel/window/list/type_ahead.h"
 
 #include <list>
 #include <map>
@@ -214,7 +214,7 @@ private:
     void TakeForwardedCharacters(UINT key, LPARAM data);
     LRESULT HandleCharacter(WPARAM wParam, LPARAM lParam);
     LRESULT HandleFocus(UINT message, WPARAM wParam, LPARAM lParam);
-    int FindRowByText(const TypeAhead::Search& search) const;
+    int FindRowByText(const internal::TypeAhead::Search& search) const;
     void DismissPreview();
 
     // Commands (combo_list_commands.cpp).
@@ -255,7 +255,7 @@ private:
     int m_ImageColumn = -1; // 0 where entries stand in a tree
     std::uint32_t m_EnabledCommands = 0;
     HWND m_owner = nullptr;
-    TypeAhead m_typeAhead;
+    internal::TypeAhead m_typeAhead;
     ComboPreview m_preview;
     unsigned m_Flags = 0;
 };

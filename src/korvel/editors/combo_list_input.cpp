@@ -164,12 +164,12 @@ LRESULT CComboList::HandleCharacter(WPARAM wParam, LPARAM lParam) {
     return 0;
 }
 
-int CComboList::FindRowByText(const TypeAhead::Search& search) const {
+int CComboList::FindRowByText(const internal::TypeAhead::Search& search) const {
     const int count = m_model.Tree().RowCount();
     const int first = GetCurrentRow() + (search.beginsAtNext ? 1 : 0);
     for (int step = 0; step < count && !search.beginning.empty(); ++step) {
         const int row = (std::max(first, 0) + step) % count;
-        if (TypeAhead::BeginsWith(GetTreeItem(row)->GetLabel(), search.beginning))
+        if (internal::TypeAhead::BeginsWith(GetTreeItem(row)->GetLabel(), search.beginning))
             return row;
     }
     return -1;

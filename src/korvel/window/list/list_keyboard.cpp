@@ -11,10 +11,6 @@ namespace korvel::internal {
 
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto SearchPause = 1s; // what is typed after it begins a new search
-
 // The row to which a key moves the focus.
 std::optional<int> TargetOf(const ListState& list, UINT key) {
     const int last = list.rows.Size() - 1;
@@ -64,27 +60,14 @@ void PressSpace(ListState& list) {
                       IsKeyDown(VK_CONTROL) ? SelectionChange::Toggle : SelectionChange::Replace);
 }
 
-// Capital letters of code page 1252 to small ones, as far as both have a place there.
-char Lower(char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    const bool isCapital = (byte >= 'A' && byte <= 'Z') || (byte >= 0xC0 && byte <= 0xDE && byte != 0xD7);
-    return isCapital ? static_cast<char>(byte + 0x20) : character;
-}
-
-bool BeginsWith(const CString& text, const CString& lowerStart) {
-    return text.size() >= lowerStart.size() &&
-           std::equal(
-               lowerStart.begin(), lowerStart.end(), text.begin(),
-               [](char wanted, char found) { return wanted == Lower(found); });
-}
-
-int FindText(const ListState& list, const CString& lowerStart, int from) {
+int FindRow(const ListState& list, const TypeAhead::Search& search) {
     const int count = list.rows.Size();
+    const int first = std::max(0, list.focusRow + (search.beginsAtNext ? 1 : 0));
     for (int step = 0; step < count; ++step) {
-        const int row = (from + step) % count;
+        const int row = (first + step) % count;
         if (!list.rows.Has(row))
             break; // the text source has removed rows
-        if (BeginsWith(TextOf(list, row, 0), lowerStart))
+        if (TypeAhead::BeginsWith(TextOf(list, row, 0), search.beginning))
             return row;
     }
     return NoRow;
@@ -107,21 +90,10 @@ bool PressKey(ListState& list, UINT key) {
 }
 
 bool TypeCharacter(ListState& list, char character) {
-    const auto now = Display().Now();
-    auto& search = list.search;
-    if (now - search.last > SearchPause)
-        search.typed.clear();
-    // A blank belongs to a search only inside it: alone it checks or selects.
-    if (static_cast<unsigned char>(character) < ' ')
-        return false;
-    if ((character == ' ' && search.typed.empty()) || list.rows.Size() == 0)
-        return true;
-    search.last = now;
-    search.typed += Lower(character);
-    // The same letter again and again goes through all rows that begin with it.
-    const bool isRepeated = search.typed.find_first_not_of(search.typed.front()) == CString::npos;
-    const CString start = isRepeated ? search.typed.substr(0, 1) : search.typed;
-    const int row = FindText(list, start, std::max(0, list.focusRow + (isRepeated ? 1 : 0)));
+    const auto search = list.typeAhead.Type(character, Display().Now());
+    if (search.beginning.empty())
+        return static_cast<unsigned char>(character) >= ' '; // a blank alone checks or selects
+    const int row = FindRow(list, search);
     if (list.rows.Has(row))
         MoveTo(list, row, SelectionChange::Replace);
     return true;

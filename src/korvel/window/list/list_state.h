@@ -4,8 +4,8 @@
 #include "korvel/window/list/list_columns.h"
 #include "korvel/window/list/list_ctrl.h"
 #include "korvel/window/list/row_blocks.h"
+#include "korvel/window/list/type_ahead.h"
 
-#include <chrono>
 #include <memory>
 
 namespace korvel::internal {
@@ -22,12 +22,6 @@ struct ListPress {
     int column = 0;
     bool selectsAtRelease = false; // a press on one of several selected rows: they might be dragged
     bool editsAtRelease = false;   // a second click on the label of the one selected row
-};
-
-/// The letters typed so far to find a row.
-struct ListSearch {
-    CString typed;
-    std::chrono::milliseconds last{};
 };
 
 struct ListLabelEdit {
@@ -76,7 +70,7 @@ public:
     std::unique_ptr<CHeaderCtrl> headerObject; // made when it is first asked for
 
     ListPress press;
-    ListSearch search;
+    TypeAhead typeAhead;
     ListLabelEdit labelEdit;
 };
 

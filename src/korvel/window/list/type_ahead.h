@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The letters that a user types to find a row. What follows within a second belongs to the same search; one
 /// letter again and again goes on to the next row that begins with it.
@@ -30,4 +30,4 @@ private:
     std::chrono::milliseconds m_last{};
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,8 +1,8 @@
-#include "korvel/editors/type_ahead.h"
+#include "korvel/window/list/type_ahead.h"
 
 #include "korvel/platform/code_page.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 using namespace std::chrono_literals;
 
@@ -23,4 +23,4 @@ bool TypeAhead::BeginsWith(std::string_view text, const std::string& beginning) 
     return platform::FoldCase(text.substr(0, beginning.size())) == beginning;
 }
 
-} // namespace korvel
+} // namespace korvel::internal
