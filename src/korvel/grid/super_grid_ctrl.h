@@ -9,6 +9,10 @@ namespace korvel {
 
 class CListEditCtrl;
 
+namespace internal {
+class RowsWatch;
+}
+
 /// A tree inside a report list: the tree is the truth, and the list holds one row for each node that is
 /// shown, in the order of the tree.
 ///
@@ -152,6 +156,8 @@ protected:
     /// A node was taken out of the tree with all below; it is about to be deleted. `formerParent`: null for
     /// what was a root.
     virtual void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent);
+    /// To be begun before a call of the host, and looked at after it.
+    internal::RowsWatch WatchRows() const;
     /// Counts removals of nodes: who calls a host in the midst of a walk sees whether nodes may be gone.
     unsigned GetRemovalCount() const { return m_removals; }
     void DeleteAllNodes();

@@ -1,4 +1,5 @@
 #include "korvel/grid/row_icons.h"
+#include "korvel/grid/rows_watch.h"
 #include "korvel/grid/super_grid_ctrl.h"
 #include "korvel/grid/tree_walk.h"
 
@@ -27,6 +28,10 @@ void CSuperGridCtrl::PrepareList() {
     });
     if (!GetImageList())
         SetImageList(&RowIcons());
+}
+
+internal::RowsWatch CSuperGridCtrl::WatchRows() const {
+    return internal::RowsWatch(m_removals);
 }
 
 int CSuperGridCtrl::RowOfNode(const CTreeItem* node) const {
@@ -126,9 +131,9 @@ void CSuperGridCtrl::ExpandAll() {
 void CSuperGridCtrl::CollapseAll() {
     const RedrawPause pause(*this);
     const std::vector<CTreeItem*> roots(rootItems().begin(), rootItems().end());
-    const unsigned removals = m_removals;
+    const internal::RowsWatch rows = WatchRows();
     // From the last root up, so that no rows move that are deleted later.
-    for (auto root = roots.rbegin(); root != roots.rend() && m_removals == removals; ++root)
+    for (auto root = roots.rbegin(); root != roots.rend() && rows; ++root)
         CollapseNode(*root);
 }
 

@@ -1,3 +1,4 @@
+#include "korvel/grid/rows_watch.h"
 #include "korvel/grid/super_grid_ctrl.h"
 #include "korvel/grid/tree_walk.h"
 
@@ -58,10 +59,10 @@ CSuperGridCtrl::NodePtr CSuperGridCtrl::Unlink(CTreeItem* node) {
 
 CSuperGridCtrl::NodePtr CSuperGridCtrl::TakeNode(CTreeItem* node) {
     CTreeItem* parent = node->parent();
-    const unsigned removals = m_removals;
+    const internal::RowsWatch rows = WatchRows();
     if (const int row = RowOfNode(node); row >= 0 && NodeAtRow(row) == node)
         DeleteRows(row, row + node->rows());
-    if (m_removals != removals)
+    if (!rows)
         return nullptr; // who heard of the rows has removed nodes; this one may be gone
     NodePtr taken = Unlink(node);
     RenumberRows();
