@@ -3,7 +3,7 @@
 #include "fuzz_target.h"
 #include "landxml/landxml_document.h"
 #include "program/list_writer.h"
-#include "source/source_error.h"
+#include "source/document_error.h"
 
 #include <sstream>
 

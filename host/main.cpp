@@ -3,7 +3,7 @@
 #include "program/list_writer.h"
 #include "program/options.h"
 #include "program/run_settings.h"
-#include "source/source_error.h"
+#include "source/document_error.h"
 
 #include <exception>
 #include <iostream>

@@ -3,7 +3,7 @@
 #include "desktop/program_texts.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/qt/embed.h"
-#include "source/source_error.h"
+#include "source/document_error.h"
 
 #include <QAction>
 #include <QDragEnterEvent>

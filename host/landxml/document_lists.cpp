@@ -41,7 +41,7 @@ public:
         : m_tree(document.Tree()), m_members(document.Members()) {
         for (ElementIndex element = 0; element < m_tree.Count(); ++element) {
             VisitText(element);
-            for (const AttributeSource& attribute : m_tree.Attributes(element))
+            for (const XmlAttribute& attribute : m_tree.Attributes(element))
                 VisitAttribute(element, attribute);
         }
     }
@@ -51,7 +51,7 @@ public:
 
 private:
     // Most attributes are numbers, which need not be read.
-    void VisitAttribute(ElementIndex element, const AttributeSource& attribute) {
+    void VisitAttribute(ElementIndex element, const XmlAttribute& attribute) {
         if (attribute.name == CodeAttribute)
             CountCode(m_members.AttributeValue(element, attribute).value.Text);
         else if (TypeOfAttribute(m_tree.LocalName(element), attribute.name).enumeration)

@@ -63,7 +63,7 @@ bool ElementMembers::IsForeign(ElementIndex element) const {
     return !IsLandXml(m_tree.NamespaceOf(element, PrefixOf(m_tree.Name(element))));
 }
 
-bool ElementMembers::IsForeign(ElementIndex owner, const AttributeSource& attribute) const {
+bool ElementMembers::IsForeign(ElementIndex owner, const XmlAttribute& attribute) const {
     const std::string_view prefix = PrefixOf(attribute.name);
     return !prefix.empty() && !DeclaresNamespace(attribute.name) &&
            !IsLandXml(m_tree.NamespaceOf(owner, prefix));
@@ -71,7 +71,7 @@ bool ElementMembers::IsForeign(ElementIndex owner, const AttributeSource& attrib
 
 std::vector<Member> ElementMembers::List(ElementIndex owner) const {
     std::vector<Member> members;
-    for (const AttributeSource& attribute : m_tree.Attributes(owner))
+    for (const XmlAttribute& attribute : m_tree.Attributes(owner))
         members.emplace_back(static_cast<std::uint32_t>(m_tree.OffsetOf(attribute.name)),
                              MemberKind::Attribute);
     ListTextParts(owner, members);
@@ -81,7 +81,7 @@ std::vector<Member> ElementMembers::List(ElementIndex owner) const {
 }
 
 void ElementMembers::ListTextParts(ElementIndex owner, std::vector<Member>& members) const {
-    const DecodedText text = DecodeText(m_tree.Text(owner), LongestShownText);
+    const XmlCharacters text = m_tree.Text(owner).Decode(LongestShownText);
     if (Trim(text.utf8).empty())
         return;
     const TextType type = TextTypeOf(owner);
@@ -100,7 +100,7 @@ bool ElementMembers::IsTextElement(ElementIndex element) const {
         return false;
     if (m_tree.HasChildren(element) || IsForeign(element))
         return false;
-    const std::vector<AttributeSource> attributes = m_tree.Attributes(element);
+    const std::vector<XmlAttribute> attributes = m_tree.Attributes(element);
     return attributes.empty() || (attributes.size() == 1 && attributes.front().name == "id");
 }
 
@@ -118,7 +118,7 @@ std::string ElementMembers::DisplayName(ElementIndex element) const {
 MemberName ElementMembers::NameOfElement(ElementIndex element) const {
     std::string name = DisplayName(element);
     if (const std::string_view own = OwnName(element); !own.empty()) {
-        const DecodedText text = DecodeAttribute(own, LongestOwnName);
+        const XmlCharacters text = DecodeXmlAttribute(own, LongestOwnName);
         name += ' ' + text.utf8 + (text.complete ? "" : "...");
     }
     return {ToLibraryText(name).text, IsForeign(element) ? ForeignMark : ""};
@@ -135,7 +135,7 @@ MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) cons
     const TypedValue value = ValueOf(owner, member);
     MemberName name;
     if (member.kind == MemberKind::Attribute) {
-        const AttributeSource attribute = m_tree.AttributeAt(member.place);
+        const XmlAttribute attribute = m_tree.AttributeAt(member.place);
         name.stem = ToLibraryText(std::string(attribute.name)).text;
         name.mark = IsForeign(owner, attribute) ? ForeignMark : "";
     } else {
@@ -165,7 +165,7 @@ TextType ElementMembers::TextTypeOf(ElementIndex element) const {
     return TypeOfText(isSlope || IsForeign(element) ? std::string_view() : name);
 }
 
-TypedValue ElementMembers::Read(ElementIndex owner, const ValueType& type, const DecodedText& text) const {
+TypedValue ElementMembers::Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const {
     const bool isStation = type.meaning == Meaning::Station;
     const bool isRailway =
         isStation && (m_stations == StationKind::Automatic ? m_scopes.IsRailway(owner)
@@ -186,14 +186,14 @@ TypedValue ElementMembers::ValueOf(ElementIndex owner, const Member& member) con
     }
 }
 
-TypedValue ElementMembers::AttributeValue(ElementIndex owner, const AttributeSource& attribute) const {
+TypedValue ElementMembers::AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const {
     const bool isText = DeclaresNamespace(attribute.name) || IsForeign(owner, attribute) || IsForeign(owner);
     const ValueType type = isText ? ValueType() : AttributeType(owner, attribute.name);
-    return Read(owner, type, DecodeAttribute(attribute.value, LongestShownText));
+    return Read(owner, type, DecodeXmlAttribute(attribute.value, LongestShownText));
 }
 
 TypedValue ElementMembers::TextPartValue(ElementIndex owner, std::uint32_t part) const {
-    DecodedText text = DecodeText(m_tree.Text(owner), LongestShownText);
+    XmlCharacters text = m_tree.Text(owner).Decode(LongestShownText);
     text.utf8 = Trim(text.utf8);
     const TextType type = TextTypeOf(owner);
     if (part == WholeText) {
@@ -211,7 +211,7 @@ bool ElementMembers::IsValidTextElement(ElementIndex element) const {
     const TextType type = TypeOfText(m_tree.LocalName(element));
     if (type.parts.size() == 1)
         return true;
-    const DecodedText text = DecodeText(m_tree.Text(element), LongestShownText);
+    const XmlCharacters text = m_tree.Text(element).Decode(LongestShownText);
     const std::vector<std::string_view> words = SplitAtBlanks(text.utf8);
     return text.complete && words.size() >= type.required && words.size() <= type.parts.size() &&
            std::all_of(words.begin(), words.end(),
@@ -219,7 +219,7 @@ bool ElementMembers::IsValidTextElement(ElementIndex element) const {
 }
 
 TypedValue ElementMembers::TextElementValue(ElementIndex element) const {
-    DecodedText text = DecodeText(m_tree.Text(element), LongestShownText);
+    XmlCharacters text = m_tree.Text(element).Decode(LongestShownText);
     text.utf8 = JoinWithBlanks(SplitAtBlanks(text.utf8));
     return Read(element, {}, text);
 }

@@ -62,7 +62,7 @@ public:
 
     /// Of a member that is no object.
     TypedValue ValueOf(ElementIndex owner, const Member& member) const;
-    TypedValue AttributeValue(ElementIndex owner, const AttributeSource& attribute) const;
+    TypedValue AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const;
 
     /// True when the value stands in the document as plain characters that could be replaced.
     bool IsReplaceable(ElementIndex owner, const Member& member) const;
@@ -78,13 +78,13 @@ private:
     bool IsTextElement(ElementIndex element) const;
     bool IsValidTextElement(ElementIndex element) const;
     bool IsForeign(ElementIndex element) const;
-    bool IsForeign(ElementIndex owner, const AttributeSource& attribute) const;
+    bool IsForeign(ElementIndex owner, const XmlAttribute& attribute) const;
     bool IsLandXml(std::string_view address) const;
     ValueType AttributeType(ElementIndex owner, std::string_view attribute) const;
     TextType TextTypeOf(ElementIndex element) const;
     TypedValue TextPartValue(ElementIndex owner, std::uint32_t part) const;
     TypedValue TextElementValue(ElementIndex element) const;
-    TypedValue Read(ElementIndex owner, const ValueType& type, const DecodedText& text) const;
+    TypedValue Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const;
     std::string DisplayName(ElementIndex element) const;
 
     const ElementTree& m_tree;

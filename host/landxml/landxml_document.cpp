@@ -1,7 +1,7 @@
 #include "landxml/landxml_document.h"
 
 #include "korvel/platform/code_page.h"
-#include "source/source_error.h"
+#include "source/document_error.h"
 
 #include <string_view>
 #include <utility>
@@ -30,9 +30,10 @@ void LandXmlDocument::CheckVersion() {
     const std::string_view address = Tree().NamespaceOf(0, prefix);
     std::string notice;
     if (Tree().LocalName(0) != "LandXML")
-        notice = "no LandXML document, its root element is " + Quoted(name) + ": shown, but read-only";
+        notice =
+            "no LandXML document, its root element is " + XmlError::Quoted(name) + ": shown, but read-only";
     else if (!address.empty() && !IsKnownNamespace(address))
-        notice = "unknown LandXML version " + Quoted(address) + ": shown, but read-only";
+        notice = "unknown LandXML version " + XmlError::Quoted(address) + ": shown, but read-only";
     if (!notice.empty())
         m_notices.push_back(platform::FromUtf8(notice).text);
 }

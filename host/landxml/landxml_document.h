@@ -46,7 +46,7 @@ public:
 
     const ElementTree& Tree() const { return m_loaded.tree; }
     const ElementMembers& Members() const { return m_members; }
-    TextEncoding Encoding() const { return m_loaded.encoding; }
+    XmlEncoding Encoding() const { return m_loaded.encoding; }
     bool HasByteOrderMark() const { return m_loaded.hasByteOrderMark; }
 
     ElementObject& ObjectOf(ElementIndex element);

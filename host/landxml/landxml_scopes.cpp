@@ -1,7 +1,7 @@
 #include "landxml/landxml_scopes.h"
 
+#include "korvel/documents/xml_text.h"
 #include "source/blanks.h"
-#include "source/source_text.h"
 
 #include <algorithm>
 #include <map>
@@ -18,7 +18,7 @@ bool NamesAlignments(const ElementTree& tree, ElementIndex element) {
 }
 
 std::string NameText(std::string_view raw) {
-    return DecodeAttribute(Trim(raw), LongestAttribute).utf8;
+    return DecodeXmlAttribute(Trim(raw), XmlScanner::LongestAttribute).utf8;
 }
 
 } // namespace

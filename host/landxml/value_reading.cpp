@@ -210,7 +210,12 @@ private:
 
 } // namespace
 
-TypedValue ReadValue(const ValueType& type, const DecodedText& text, const ValuePlace& place) {
+platform::ConvertedText ToLibraryText(const std::string& utf8) {
+    const bool isAscii = std::all_of(utf8.begin(), utf8.end(), [](char c) { return (c & 0x80) == 0; });
+    return isAscii ? platform::ConvertedText{utf8, true} : platform::FromUtf8(utf8);
+}
+
+TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const ValuePlace& place) {
     platform::ConvertedText shown = ToLibraryText(text.utf8);
     if (!text.complete)
         shown.text += "...";

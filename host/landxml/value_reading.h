@@ -1,10 +1,11 @@
 #pragma once
 
+#include "korvel/documents/xml_text.h"
+#include "korvel/platform/code_page.h"
 #include "korvel/values/file_value.h"
 #include "korvel/values/variant_value.h"
 #include "landxml/landxml_types.h"
 #include "landxml/landxml_units.h"
-#include "source/source_text.h"
 
 #include <string>
 
@@ -32,6 +33,9 @@ struct TypedValue {
 ///     "200", Angle, angularUnit "grads"      -> DT_AngleDouble, pi
 ///     "INF", Length                          -> DT_String "INF": valid, but no number to be formatted
 ///     "abc", Length                          -> DT_String "abc", not valid
-TypedValue ReadValue(const ValueType& type, const DecodedText& text, const ValuePlace& place);
+TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const ValuePlace& place);
+
+/// A text of the document in the code page of the library, where most are the same.
+platform::ConvertedText ToLibraryText(const std::string& utf8);
 
 } // namespace korvel::inspector

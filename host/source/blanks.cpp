@@ -1,11 +1,13 @@
 #include "source/blanks.h"
 
+#include "korvel/documents/xml_scanner.h"
+
 namespace korvel::inspector {
 
 std::string_view Trim(std::string_view text) {
-    while (!text.empty() && IsBlank(text.front()))
+    while (!text.empty() && XmlScanner::IsBlank(text.front()))
         text.remove_prefix(1);
-    while (!text.empty() && IsBlank(text.back()))
+    while (!text.empty() && XmlScanner::IsBlank(text.back()))
         text.remove_suffix(1);
     return text;
 }
@@ -14,7 +16,7 @@ std::vector<std::string_view> SplitAtBlanks(std::string_view text) {
     std::vector<std::string_view> words;
     for (text = Trim(text); !text.empty(); text = Trim(text)) {
         std::size_t end = 0;
-        while (end < text.size() && !IsBlank(text[end]))
+        while (end < text.size() && !XmlScanner::IsBlank(text[end]))
             ++end;
         words.push_back(text.substr(0, end));
         text.remove_prefix(end);

@@ -5,12 +5,7 @@
 
 namespace korvel::inspector {
 
-/// What XML calls white space.
-inline bool IsBlank(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r';
-}
-
-/// `text` without the blanks around it.
+/// `text` without the blanks around it; blanks are the white space of XML.
 std::string_view Trim(std::string_view text);
 
 /// The words between the blanks: " a  b " -> "a", "b".

@@ -1,7 +1,7 @@
 #include "source/document_reader.h"
 
 #include "source/blanks.h"
-#include "source/source_error.h"
+#include "source/document_error.h"
 #include "source/source_file.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ std::size_t CountStartTags(std::string_view source) {
     return count;
 }
 
-void CheckUniqueNames(const SourceScanner& scanner, std::string_view source,
+void CheckUniqueNames(const XmlScanner& scanner, std::string_view source,
                       std::vector<std::string_view>& names) {
     std::sort(names.begin(), names.end());
     const auto twice = std::adjacent_find(names.begin(), names.end());
@@ -29,7 +29,7 @@ void CheckUniqueNames(const SourceScanner& scanner, std::string_view source,
     const std::string_view second = std::max(
         *twice, *(twice + 1), [](std::string_view a, std::string_view b) { return a.data() < b.data(); });
     scanner.Fail(static_cast<std::size_t>(second.data() - source.data()),
-                 "the attribute " + Quoted(second) + " stands here twice");
+                 "the attribute " + XmlError::Quoted(second) + " stands here twice");
 }
 
 } // namespace
@@ -41,7 +41,7 @@ public:
         m_source = m_tree.m_source;
         if (m_source.size() >= std::numeric_limits<std::uint32_t>::max()) // of offsets; UTF-8 may be longer
             m_scanner.Fail(0, "the document is larger than 4 GB in UTF-8");
-        m_scanner = SourceScanner(m_source);
+        m_scanner = XmlScanner(m_source);
         m_tree.m_elements.reserve(CountStartTags(m_source));
     }
 
@@ -68,17 +68,17 @@ private:
 
     void ReadPiece() {
         if (!m_scanner.IsAt("<"))
-            KeepText(OnlyBlanksOutside(m_scanner.CharacterData()));
+            KeepText(OnlyBlanksOutside(m_scanner.TakeCharacterData()));
         else if (m_scanner.IsAt("</"))
             EndTag();
         else if (m_scanner.IsAt("<!--"))
-            m_scanner.Comment();
+            m_scanner.SkipComment();
         else if (m_scanner.IsAt("<![CDATA["))
             CharacterSection();
         else if (m_scanner.IsAt("<!"))
             DocumentType();
         else if (m_scanner.IsAt("<?"))
-            m_scanner.Instruction();
+            m_scanner.SkipInstruction();
         else
             StartTag();
     }
@@ -106,14 +106,14 @@ private:
         const std::size_t start = m_scanner.Position();
         if (m_open.empty())
             m_scanner.Fail(start, "text outside the root element");
-        m_scanner.CharacterSection();
+        m_scanner.TakeCharacterSection();
         KeepText(m_source.substr(start, m_scanner.Position() - start));
     }
 
     void DocumentType() {
         if (!m_scanner.IsAt("<!DOCTYPE") || !m_tree.m_elements.empty())
             m_scanner.Fail(m_scanner.Position(), "no declaration is allowed here");
-        m_scanner.DocumentType();
+        m_scanner.SkipDocumentType();
     }
 
     void StartTag() {
@@ -123,7 +123,7 @@ private:
         if (m_open.size() == DeepestLevel)
             m_scanner.Fail(start, "the elements are nested deeper than 1,000 levels");
         m_scanner.Skip("<");
-        m_scanner.Name();
+        m_scanner.TakeName();
         const auto element = static_cast<ElementIndex>(m_tree.m_elements.size());
         m_tree.m_elements.push_back({static_cast<std::uint32_t>(start), element + 1,
                                      m_open.empty() ? NoElement : m_open.back().element});
@@ -137,7 +137,7 @@ private:
 
     void ReadAttributes(ElementIndex element) {
         m_names.clear();
-        for (AttributeSource attribute; m_scanner.NextAttribute(attribute);) {
+        for (XmlAttribute attribute; m_scanner.NextAttribute(attribute);) {
             m_names.push_back(attribute.name);
             if (attribute.name == "xmlns" || attribute.name.starts_with("xmlns:"))
                 DeclareNamespace(element, attribute);
@@ -147,9 +147,9 @@ private:
     }
 
     // It is asked for with every name, so a long one would be read again and again.
-    void DeclareNamespace(ElementIndex element, const AttributeSource& attribute) {
+    void DeclareNamespace(ElementIndex element, const XmlAttribute& attribute) {
         const std::size_t offset = m_tree.OffsetOf(attribute.name);
-        if (attribute.value.size() > LongestName)
+        if (attribute.value.size() > XmlScanner::LongestName)
             m_scanner.Fail(offset, "a namespace is longer than 1,000 characters");
         m_tree.m_namespaces.push_back({element, static_cast<std::uint32_t>(offset)});
     }
@@ -157,16 +157,16 @@ private:
     void EndTag() {
         const std::size_t start = m_scanner.Position();
         m_scanner.Skip("</");
-        const std::string_view name = m_scanner.Name();
+        const std::string_view name = m_scanner.TakeName();
         m_scanner.SkipBlanks();
         if (!m_scanner.Skip(">"))
             m_scanner.Fail(m_scanner.Position(), "'>' is expected here");
         if (m_open.empty())
-            m_scanner.Fail(start, "the element " + Quoted(name) + " is closed but not open");
+            m_scanner.Fail(start, "the element " + XmlError::Quoted(name) + " is closed but not open");
         const OpenElement open = m_open.back();
         if (m_tree.Name(open.element) != name)
-            m_scanner.Fail(start, "the element " + Quoted(m_tree.Name(open.element)) + " is closed by " +
-                                      Quoted(name));
+            m_scanner.Fail(start, "the element " + XmlError::Quoted(m_tree.Name(open.element)) +
+                                      " is closed by " + XmlError::Quoted(name));
         m_open.pop_back();
         Close(open);
     }
@@ -180,15 +180,15 @@ private:
 
     [[noreturn]] void FailCutOff() {
         const ElementIndex element = m_open.back().element;
-        const SourcePlace opened = PlaceOf(m_source, m_tree.OffsetOf(m_tree.Name(element)));
+        const XmlPlace opened = XmlPlaceOf(m_source, m_tree.OffsetOf(m_tree.Name(element)));
         m_scanner.Fail(m_source.size(), "the document ends inside the element " +
-                                            Quoted(m_tree.Name(element)) + ", which begins in line " +
-                                            std::to_string(opened.line));
+                                            XmlError::Quoted(m_tree.Name(element)) +
+                                            ", which begins in line " + std::to_string(opened.line));
     }
 
     ElementTree m_tree;
     std::string_view m_source;
-    SourceScanner m_scanner{{}};
+    XmlScanner m_scanner{{}};
     std::vector<OpenElement> m_open;
     std::vector<std::string_view> m_names;
 };
@@ -200,9 +200,9 @@ ElementTree ReadElements(std::string source) {
 LoadedDocument LoadDocument(const std::string& path) {
     std::string bytes = ReadSourceFile(path);
     try {
-        DecodedDocument decoded = DecodeDocument(std::move(bytes));
+        DecodedXml decoded = DecodeXml(std::move(bytes));
         return {ReadElements(std::move(decoded.text)), decoded.encoding, decoded.hasByteOrderMark};
-    } catch (const SourceError& error) {
+    } catch (const XmlError& error) {
         throw DocumentError(path, error);
     }
 }

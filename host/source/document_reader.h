@@ -1,6 +1,6 @@
 #pragma once
 
-#include "source/document_encoding.h"
+#include "korvel/documents/xml_encoding.h"
 #include "source/element_tree.h"
 
 #include <string>
@@ -12,17 +12,17 @@ inline constexpr std::size_t DeepestLevel = 1000;
 
 /// The elements of an XML document in UTF-8. One strict pass, with no memory but the tree's: whatever is not
 /// well-formed, declares entities, nests deeper than DeepestLevel or has an attribute longer than
-/// LongestAttribute throws SourceError.
+/// XmlScanner::LongestAttribute throws XmlError.
 ElementTree ReadElements(std::string source);
 
 /// A document's elements, and how its file writes characters.
 struct LoadedDocument {
     ElementTree tree;
-    TextEncoding encoding = TextEncoding::Utf8;
+    XmlEncoding encoding = XmlEncoding::Utf8;
     bool hasByteOrderMark = false;
 };
 
-/// Reads an XML file of any encoding that DecodeDocument knows. Throws DocumentError.
+/// Reads an XML file of any encoding that DecodeXml knows. Throws DocumentError.
 LoadedDocument LoadDocument(const std::string& path);
 
 } // namespace korvel::inspector

@@ -13,25 +13,31 @@ std::string_view LocalPart(std::string_view name) {
 
 // The offset behind the comments, sections and characters from `begin` on: where the next tag is.
 std::size_t EndOfCharacters(std::string_view source, std::size_t begin) {
-    SourceScanner scanner(source, begin);
+    XmlScanner scanner(source, begin);
     while (!scanner.AtEnd())
         if (scanner.IsAt("<!--"))
-            scanner.Comment();
+            scanner.SkipComment();
         else if (scanner.IsAt("<![CDATA["))
-            scanner.CharacterSection();
+            scanner.TakeCharacterSection();
         else if (scanner.IsAt("<?"))
-            scanner.Instruction();
+            scanner.SkipInstruction();
         else if (scanner.IsAt("<"))
             break;
         else
-            scanner.CharacterData();
+            scanner.TakeCharacterData();
     return scanner.Position();
 }
 
 } // namespace
 
+XmlCharacters TextSource::Decode(std::size_t longest) const {
+    XmlCharacters text = DecodeXmlText(raw, longest);
+    text.complete = text.complete && complete;
+    return text;
+}
+
 std::string_view ElementTree::Name(ElementIndex element) const {
-    return SourceScanner(m_source, m_elements[element].start + 1).Name();
+    return XmlScanner(m_source, m_elements[element].start + 1).TakeName();
 }
 
 std::string_view ElementTree::LocalName(ElementIndex element) const {
@@ -45,23 +51,23 @@ ElementIndex ElementTree::FindChild(ElementIndex element, std::string_view local
     return NoElement;
 }
 
-SourceScanner ElementTree::AtAttributes(ElementIndex element) const {
-    SourceScanner scanner(m_source, m_elements[element].start + 1);
-    scanner.Name();
+XmlScanner ElementTree::AtAttributes(ElementIndex element) const {
+    XmlScanner scanner(m_source, m_elements[element].start + 1);
+    scanner.TakeName();
     return scanner;
 }
 
-std::vector<AttributeSource> ElementTree::Attributes(ElementIndex element) const {
-    std::vector<AttributeSource> attributes;
-    SourceScanner scanner = AtAttributes(element);
-    for (AttributeSource attribute; scanner.NextAttribute(attribute);)
+std::vector<XmlAttribute> ElementTree::Attributes(ElementIndex element) const {
+    std::vector<XmlAttribute> attributes;
+    XmlScanner scanner = AtAttributes(element);
+    for (XmlAttribute attribute; scanner.NextAttribute(attribute);)
         attributes.push_back(attribute);
     return attributes;
 }
 
 std::string_view ElementTree::FindAttribute(ElementIndex element, std::string_view name) const {
-    SourceScanner scanner = AtAttributes(element);
-    for (AttributeSource attribute; scanner.NextAttribute(attribute);)
+    XmlScanner scanner = AtAttributes(element);
+    for (XmlAttribute attribute; scanner.NextAttribute(attribute);)
         if (attribute.name == name)
             return attribute.value;
     return {};
@@ -76,8 +82,8 @@ TextSource ElementTree::Text(ElementIndex element) const {
             return {};
         return {std::string_view(m_source).substr(found->begin, found->end - found->begin), found->complete};
     }
-    SourceScanner scanner = AtAttributes(element);
-    for (AttributeSource attribute; scanner.NextAttribute(attribute);) {
+    XmlScanner scanner = AtAttributes(element);
+    for (XmlAttribute attribute; scanner.NextAttribute(attribute);) {
     }
     if (!scanner.Skip(">"))
         return {}; // an empty-element tag
@@ -85,15 +91,15 @@ TextSource ElementTree::Text(ElementIndex element) const {
     return {Trim(std::string_view(m_source).substr(begin, EndOfCharacters(m_source, begin) - begin)), true};
 }
 
-AttributeSource ElementTree::AttributeAt(std::uint32_t offset) const {
-    SourceScanner scanner(m_source, offset - 1); // from the blank before it
-    AttributeSource attribute;
+XmlAttribute ElementTree::AttributeAt(std::uint32_t offset) const {
+    XmlScanner scanner(m_source, offset - 1); // from the blank before it
+    XmlAttribute attribute;
     scanner.NextAttribute(attribute);
     return attribute;
 }
 
 std::string_view ElementTree::PrefixAt(const NamespaceDeclaration& declaration) const {
-    const std::string_view name = SourceScanner(m_source, declaration.attribute).Name();
+    const std::string_view name = XmlScanner(m_source, declaration.attribute).TakeName();
     return name == "xmlns" ? std::string_view() : LocalPart(name);
 }
 

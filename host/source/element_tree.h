@@ -1,6 +1,7 @@
 #pragma once
 
-#include "source/source_scanner.h"
+#include "korvel/documents/xml_scanner.h"
+#include "korvel/documents/xml_text.h"
 
 #include <cstdint>
 #include <deque>
@@ -22,6 +23,9 @@ struct TextSource {
 
     /// True when the characters are the value itself, so that it can be replaced where it stands.
     bool IsPlain() const { return complete && raw.find('<') == std::string_view::npos; }
+
+    /// What it means; see DecodeXmlText. Not complete either when further pieces follow.
+    XmlCharacters Decode(std::size_t longest) const;
 };
 
 /// The elements of a well-formed XML document over its text, which stays as it is: 12 bytes an element.
@@ -53,12 +57,12 @@ public:
     /// NoElement when there is none of this local name.
     ElementIndex FindChild(ElementIndex element, std::string_view localName) const;
 
-    std::vector<AttributeSource> Attributes(ElementIndex element) const;
+    std::vector<XmlAttribute> Attributes(ElementIndex element) const;
     /// The value as written; a null view when there is no such attribute.
     std::string_view FindAttribute(ElementIndex element, std::string_view name) const;
 
     /// The attribute whose name begins at an offset of the source.
-    AttributeSource AttributeAt(std::uint32_t offset) const;
+    XmlAttribute AttributeAt(std::uint32_t offset) const;
 
     TextSource Text(ElementIndex element) const;
 
@@ -90,7 +94,7 @@ private:
         std::uint32_t outer = None; // the next declaration of the same prefix around this one
     };
 
-    SourceScanner AtAttributes(ElementIndex element) const;
+    XmlScanner AtAttributes(ElementIndex element) const;
     void IndexNamespaces();
     std::string_view PrefixAt(const NamespaceDeclaration& declaration) const;
     std::uint32_t InnermostDeclaration(std::uint32_t from, ElementIndex element) const;

@@ -1,6 +1,6 @@
 #include "source/source_file.h"
 
-#include "source/source_error.h"
+#include "source/document_error.h"
 
 #include <cerrno>
 #include <cstdint>

@@ -1,7 +1,7 @@
 #include "desktop/inspector_window.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/values/text_table.h"
-#include "source/source_error.h"
+#include "source/document_error.h"
 #include "support/scratch.h"
 
 #include <QApplication>

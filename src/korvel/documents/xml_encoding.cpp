@@ -1,9 +1,9 @@
-#include "source/document_encoding.h"
+#include "korvel/documents/xml_encoding.h"
 
+#include "korvel/documents/xml_error.h"
+#include "korvel/documents/xml_scanner.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/utf8.h"
-#include "source/blanks.h"
-#include "source/source_error.h"
 
 #include <algorithm>
 #include <cctype>
@@ -13,7 +13,7 @@
 #include <string_view>
 #include <utility>
 
-namespace korvel::inspector {
+namespace korvel {
 namespace {
 
 constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
@@ -21,21 +21,21 @@ constexpr std::string_view LittleEndianMark = "\xFF\xFE";
 constexpr std::string_view BigEndianMark = "\xFE\xFF";
 
 struct NamedEncoding {
-    std::string_view name; // in small letters
-    TextEncoding encoding;
+    std::string_view name; // in lower case
+    XmlEncoding encoding;
 };
 constexpr NamedEncoding KnownEncodings[] = {
-    {"utf-8", TextEncoding::Utf8},
-    {"utf8", TextEncoding::Utf8},
-    {"us-ascii", TextEncoding::Utf8},
-    {"iso-8859-1", TextEncoding::Latin1},
-    {"iso8859-1", TextEncoding::Latin1},
-    {"latin1", TextEncoding::Latin1},
-    {"windows-1252", TextEncoding::Windows1252},
-    {"cp1252", TextEncoding::Windows1252},
-    {"utf-16", TextEncoding::Utf16LittleEndian}, // the order of the bytes is told by the bytes
-    {"utf-16le", TextEncoding::Utf16LittleEndian},
-    {"utf-16be", TextEncoding::Utf16BigEndian},
+    {"utf-8", XmlEncoding::Utf8},
+    {"utf8", XmlEncoding::Utf8},
+    {"us-ascii", XmlEncoding::Utf8},
+    {"iso-8859-1", XmlEncoding::Latin1},
+    {"iso8859-1", XmlEncoding::Latin1},
+    {"latin1", XmlEncoding::Latin1},
+    {"windows-1252", XmlEncoding::Windows1252},
+    {"cp1252", XmlEncoding::Windows1252},
+    {"utf-16", XmlEncoding::Utf16LittleEndian}, // the bytes themselves give their order
+    {"utf-16le", XmlEncoding::Utf16LittleEndian},
+    {"utf-16be", XmlEncoding::Utf16BigEndian},
 };
 
 std::string LowerCase(std::string_view text) {
@@ -45,11 +45,11 @@ std::string LowerCase(std::string_view text) {
     return lower;
 }
 
-bool IsUtf16(TextEncoding encoding) {
-    return encoding == TextEncoding::Utf16LittleEndian || encoding == TextEncoding::Utf16BigEndian;
+bool IsUtf16(XmlEncoding encoding) {
+    return encoding == XmlEncoding::Utf16LittleEndian || encoding == XmlEncoding::Utf16BigEndian;
 }
 
-std::optional<TextEncoding> FindEncoding(std::string_view name) {
+std::optional<XmlEncoding> FindEncoding(std::string_view name) {
     const std::string lower = LowerCase(name);
     const auto* found = std::find_if(std::begin(KnownEncodings), std::end(KnownEncodings),
                                      [&](const NamedEncoding& known) { return known.name == lower; });
@@ -69,7 +69,7 @@ bool IsXmlCharacter(char32_t c) {
 }
 
 [[noreturn]] void RefuseCharacter(std::string_view text, std::size_t offset, char32_t character) {
-    throw SourceError(text, offset, "the character " + HexNumber(character) + " is not allowed in XML");
+    throw XmlError(text, offset, "the character " + HexNumber(character) + " is not allowed in XML");
 }
 
 void CheckUtf8(std::string_view text, std::string_view declared) {
@@ -83,10 +83,10 @@ void CheckUtf8(std::string_view text, std::string_view declared) {
         const std::size_t offset = text.size() - rest.size();
         const std::optional<char32_t> character = platform::TakeUtf8(rest);
         if (!character)
-            throw SourceError(text, offset,
-                              declared.empty()
-                                  ? "the bytes are not UTF-8, and no other encoding is declared"
-                                  : "the bytes are not in the declared encoding " + Quoted(declared));
+            throw XmlError(text, offset,
+                           declared.empty()
+                               ? "the bytes are not UTF-8, and no other encoding is declared"
+                               : "the bytes are not in the declared encoding " + XmlError::Quoted(declared));
         if (!IsXmlCharacter(*character))
             RefuseCharacter(text, offset, *character);
     }
@@ -101,8 +101,8 @@ std::size_t LengthInUtf8(char32_t unit) {
     return unit < 0x80 ? 1 : unit < 0x800 || IsHalfOfPair(unit) ? 2 : 3;
 }
 
-// `unitAt` answers the characters, those above FFFF as the two units of UTF-16. The length is counted first:
-// a text that grows while it is made takes twice its memory.
+// `unitAt` gives the characters, those above FFFF as the two units of UTF-16. The length is counted first:
+// a text that grows as it is filled takes twice its memory.
 template <typename UnitAt>
 std::string Decode(std::size_t count, UnitAt unitAt) {
     std::size_t length = 0;
@@ -116,7 +116,7 @@ std::string Decode(std::size_t count, UnitAt unitAt) {
         if (high && i + 1 < count && (unitAt(i + 1) & 0xFC00) == 0xDC00)
             character = 0x10000 + ((character & 0x3FF) << 10 | (unitAt(++i) & 0x3FF));
         else if (IsHalfOfPair(character))
-            throw SourceError(text, text.size(), "half a character: the bytes are not UTF-16");
+            throw XmlError(text, text.size(), "half a character: the bytes are not UTF-16");
         if (!IsXmlCharacter(character))
             RefuseCharacter(text, text.size(), character);
         platform::AppendUtf8(text, character);
@@ -124,19 +124,19 @@ std::string Decode(std::size_t count, UnitAt unitAt) {
     return text;
 }
 
-std::string DecodeUtf16(std::string_view bytes, TextEncoding encoding) {
-    const std::size_t low = encoding == TextEncoding::Utf16LittleEndian ? 0 : 1;
+std::string DecodeUtf16(std::string_view bytes, XmlEncoding encoding) {
+    const std::size_t low = encoding == XmlEncoding::Utf16LittleEndian ? 0 : 1;
     std::string text = Decode(bytes.size() / 2, [&](std::size_t i) {
         return static_cast<char32_t>(static_cast<unsigned char>(bytes[2 * i + low]) |
                                      static_cast<unsigned char>(bytes[2 * i + 1 - low]) << 8);
     });
     if (bytes.size() % 2 != 0)
-        throw SourceError(text, text.size(), "the last character is cut off");
+        throw XmlError(text, text.size(), "the last character is cut off");
     return text;
 }
 
-std::string DecodeSingleBytes(std::string_view bytes, TextEncoding encoding) {
-    const bool isLatin1 = encoding == TextEncoding::Latin1;
+std::string DecodeSingleBytes(std::string_view bytes, XmlEncoding encoding) {
+    const bool isLatin1 = encoding == XmlEncoding::Latin1;
     return Decode(bytes.size(), [&](std::size_t i) {
         return isLatin1 ? static_cast<unsigned char>(bytes[i]) : platform::ToUnicode(bytes[i]);
     });
@@ -144,43 +144,43 @@ std::string DecodeSingleBytes(std::string_view bytes, TextEncoding encoding) {
 
 // What the first bytes say by themselves: a mark, or the zeros of a '<' in two bytes.
 struct Recognized {
-    std::optional<TextEncoding> encoding;
+    std::optional<XmlEncoding> encoding;
     std::size_t markLength = 0;
 };
 
 Recognized Recognize(std::string_view bytes) {
     if (bytes.starts_with(Utf8Mark))
-        return {TextEncoding::Utf8, Utf8Mark.size()};
+        return {XmlEncoding::Utf8, Utf8Mark.size()};
     if (bytes.starts_with(LittleEndianMark))
-        return {TextEncoding::Utf16LittleEndian, LittleEndianMark.size()};
+        return {XmlEncoding::Utf16LittleEndian, LittleEndianMark.size()};
     if (bytes.starts_with(BigEndianMark))
-        return {TextEncoding::Utf16BigEndian, BigEndianMark.size()};
+        return {XmlEncoding::Utf16BigEndian, BigEndianMark.size()};
     if (bytes.starts_with(std::string_view("<\0", 2)))
-        return {TextEncoding::Utf16LittleEndian, 0};
+        return {XmlEncoding::Utf16LittleEndian, 0};
     if (bytes.starts_with(std::string_view("\0<", 2)))
-        return {TextEncoding::Utf16BigEndian, 0};
+        return {XmlEncoding::Utf16BigEndian, 0};
     return {};
 }
 
 [[noreturn]] void RefuseDeclaration(std::string_view text, std::string_view declared, const char* instead) {
-    throw SourceError(text, static_cast<std::size_t>(declared.data() - text.data()),
-                      "the declared encoding " + Quoted(declared) + " is wrong: " + instead);
+    throw XmlError(text, static_cast<std::size_t>(declared.data() - text.data()),
+                   "the declared encoding " + XmlError::Quoted(declared) + " is wrong: " + instead);
 }
 
 void CheckBeginsLikeXml(std::string_view text) {
-    const std::string_view content = Trim(text);
-    if (!content.starts_with('<'))
-        throw SourceError(text, static_cast<std::size_t>(content.data() - text.data()),
-                          "this is not XML: it does not begin with '<'");
+    const auto content = std::find_if_not(text.begin(), text.end(), XmlScanner::IsBlank);
+    if (content == text.end() || *content != '<')
+        throw XmlError(text, static_cast<std::size_t>(content - text.begin()),
+                       "this is not XML: it does not begin with '<'");
 }
 
-TextEncoding EncodingAsDeclared(std::string_view text, std::string_view declared) {
+XmlEncoding EncodingAsDeclared(std::string_view text, std::string_view declared) {
     if (declared.empty())
-        return TextEncoding::Utf8;
-    const std::optional<TextEncoding> encoding = FindEncoding(declared);
+        return XmlEncoding::Utf8;
+    const std::optional<XmlEncoding> encoding = FindEncoding(declared);
     if (!encoding)
-        throw SourceError(text, static_cast<std::size_t>(declared.data() - text.data()),
-                          "the encoding " + Quoted(declared) + " is not known");
+        throw XmlError(text, static_cast<std::size_t>(declared.data() - text.data()),
+                       "the encoding " + XmlError::Quoted(declared) + " is not known");
     if (IsUtf16(*encoding))
         RefuseDeclaration(text, declared, "a character takes one byte here");
     return *encoding;
@@ -188,7 +188,7 @@ TextEncoding EncodingAsDeclared(std::string_view text, std::string_view declared
 
 // The encoding that an XML declaration at the start of `text` names; empty when it names none.
 std::string_view DeclaredEncoding(std::string_view text) {
-    if (!text.starts_with("<?xml") || text.size() < 6 || !std::isspace(static_cast<unsigned char>(text[5])))
+    if (!text.starts_with("<?xml") || text.size() < 6 || !XmlScanner::IsBlank(text[5]))
         return {};
     const std::string_view declaration = text.substr(0, text.find("?>"));
     const std::size_t word = declaration.find("encoding");
@@ -205,9 +205,9 @@ std::string_view DeclaredEncoding(std::string_view text) {
 
 } // namespace
 
-DecodedDocument DecodeDocument(std::string bytes) {
+DecodedXml DecodeXml(std::string bytes) {
     const Recognized recognized = Recognize(bytes);
-    DecodedDocument document;
+    DecodedXml document;
     document.hasByteOrderMark = recognized.markLength != 0;
     bytes.erase(0, recognized.markLength);
 
@@ -224,9 +224,9 @@ DecodedDocument DecodeDocument(std::string bytes) {
     CheckBeginsLikeXml(bytes);
     const std::string_view declared = DeclaredEncoding(bytes);
     document.encoding = EncodingAsDeclared(bytes, declared);
-    if (recognized.encoding && document.encoding != TextEncoding::Utf8)
+    if (recognized.encoding && document.encoding != XmlEncoding::Utf8)
         RefuseDeclaration(bytes, declared, "the file begins with the mark of UTF-8");
-    if (document.encoding == TextEncoding::Utf8) {
+    if (document.encoding == XmlEncoding::Utf8) {
         CheckUtf8(bytes, declared);
         document.text = std::move(bytes);
     } else {
@@ -235,4 +235,4 @@ DecodedDocument DecodeDocument(std::string bytes) {
     return document;
 }
 
-} // namespace korvel::inspector
+} // namespace korvel

@@ -1,13 +1,12 @@
-#include "source/source_scanner.h"
+#include "korvel/documents/xml_scanner.h"
 
-#include "source/blanks.h"
-#include "source/source_error.h"
+#include "korvel/documents/xml_error.h"
 
 #include <algorithm>
 #include <charconv>
 #include <string>
 
-namespace korvel::inspector {
+namespace korvel {
 namespace {
 
 bool StartsName(char c) {
@@ -20,7 +19,7 @@ bool ContinuesName(char c) {
 
 } // namespace
 
-char32_t ReferencedCharacter(std::string_view reference) {
+char32_t XmlScanner::Referenced(std::string_view reference) {
     struct NamedCharacter {
         std::string_view name;
         char32_t character;
@@ -45,61 +44,63 @@ char32_t ReferencedCharacter(std::string_view reference) {
     return number;
 }
 
-void SourceScanner::Fail(std::size_t offset, std::string_view reason) const {
-    throw SourceError(m_text, offset, std::string(reason));
+void XmlScanner::Fail(std::size_t offset, std::string_view reason) const {
+    throw XmlError(m_document, offset, std::string(reason));
 }
 
-bool SourceScanner::Skip(std::string_view literal) {
+bool XmlScanner::Skip(std::string_view literal) {
     if (!IsAt(literal))
         return false;
     m_position += literal.size();
     return true;
 }
 
-bool SourceScanner::SkipBlanks() {
+bool XmlScanner::SkipBlanks() {
     const std::size_t start = m_position;
-    while (!AtEnd() && IsBlank(m_text[m_position]))
+    while (!AtEnd() && IsBlank(m_document[m_position]))
         ++m_position;
     return m_position != start;
 }
 
-std::string_view SourceScanner::Name() {
+std::string_view XmlScanner::TakeName() {
     const std::size_t start = m_position;
     if (AtEnd())
         Fail(start, "the document ends where a name is expected");
-    if (!StartsName(m_text[start]))
+    if (!StartsName(m_document[start]))
         Fail(start, "a name is expected here");
-    while (!AtEnd() && ContinuesName(m_text[m_position]))
+    while (!AtEnd() && ContinuesName(m_document[m_position]))
         ++m_position;
     if (m_position - start > LongestName)
         Fail(start, "a name is longer than 1,000 characters");
-    return m_text.substr(start, m_position - start);
+    return m_document.substr(start, m_position - start);
 }
 
-bool SourceScanner::NextAttribute(AttributeSource& attribute) {
+bool XmlScanner::NextAttribute(XmlAttribute& attribute) {
     const bool separated = SkipBlanks();
     if (AtEnd())
         Fail(m_position, "the document ends inside a tag");
-    if (m_text[m_position] == '>' || m_text[m_position] == '/' || m_text[m_position] == '?')
+    if (m_document[m_position] == '>' || m_document[m_position] == '/' || m_document[m_position] == '?')
         return false;
     if (!separated)
         Fail(m_position, "a blank is expected here");
     const std::size_t start = m_position;
-    attribute.name = Name();
+    attribute.name = TakeName();
     SkipBlanks();
     if (!Skip("="))
-        Fail(m_position, "the attribute " + Quoted(attribute.name) + " has no value");
+        Fail(m_position, "the attribute " + XmlError::Quoted(attribute.name) + " has no value");
     SkipBlanks();
-    const char quote = AtEnd() ? '\0' : m_text[m_position];
+    const char quote = AtEnd() ? '\0' : m_document[m_position];
     if (quote != '"' && quote != '\'')
-        Fail(m_position, "the value of the attribute " + Quoted(attribute.name) + " is not in quotes");
+        Fail(m_position,
+             "the value of the attribute " + XmlError::Quoted(attribute.name) + " is not in quotes");
     const std::size_t open = ++m_position;
-    const std::size_t close = m_text.find(quote, open);
+    const std::size_t close = m_document.find(quote, open);
     if (close == std::string_view::npos)
-        Fail(start, "the value of the attribute " + Quoted(attribute.name) + " does not end");
-    attribute.value = m_text.substr(open, close - open);
+        Fail(start, "the value of the attribute " + XmlError::Quoted(attribute.name) + " does not end");
+    attribute.value = m_document.substr(open, close - open);
     if (attribute.value.size() > LongestAttribute)
-        Fail(start, "the value of the attribute " + Quoted(attribute.name) + " is longer than 10 MB");
+        Fail(start,
+             "the value of the attribute " + XmlError::Quoted(attribute.name) + " is longer than 10 MB");
     if (const std::size_t markup = attribute.value.find('<'); markup != std::string_view::npos)
         Fail(open + markup, "'<' is not allowed in the value of an attribute");
     CheckReferences(attribute.value);
@@ -107,9 +108,9 @@ bool SourceScanner::NextAttribute(AttributeSource& attribute) {
     return true;
 }
 
-std::string_view SourceScanner::CharacterData() {
-    const std::size_t end = std::min(m_text.find('<', m_position), m_text.size());
-    const std::string_view data = m_text.substr(m_position, end - m_position);
+std::string_view XmlScanner::TakeCharacterData() {
+    const std::size_t end = std::min(m_document.find('<', m_position), m_document.size());
+    const std::string_view data = m_document.substr(m_position, end - m_position);
     if (const std::size_t section = data.find("]]>"); section != std::string_view::npos)
         Fail(m_position + section, "']]>' ends no character section");
     CheckReferences(data);
@@ -117,32 +118,34 @@ std::string_view SourceScanner::CharacterData() {
     return data;
 }
 
-void SourceScanner::CheckReferences(std::string_view text) const {
+void XmlScanner::CheckReferences(std::string_view text) const {
     for (std::size_t i = text.find('&'); i != std::string_view::npos; i = text.find('&', i + 1)) {
         // No reference that means anything is longer than this; without a limit a text of many '&' would be
         // searched to its end once for each.
         constexpr std::size_t Longest = 64;
         const std::string_view ahead = text.substr(i + 1, Longest);
         const std::size_t end = ahead.find(';');
-        const std::size_t offset = static_cast<std::size_t>(text.data() - m_text.data()) + i;
+        const std::size_t offset = static_cast<std::size_t>(text.data() - m_document.data()) + i;
         if (end == std::string_view::npos)
             Fail(offset, "'&' begins no reference");
-        if (ReferencedCharacter(ahead.substr(0, end)) == 0)
-            Fail(offset, "the reference " + Quoted(text.substr(i, end + 2)) + " is not defined");
+        if (Referenced(ahead.substr(0, end)) == 0)
+            Fail(offset, "the reference " + XmlError::Quoted(text.substr(i, end + 2)) + " is not defined");
     }
 }
 
-void SourceScanner::SkipBehind(std::string_view end, std::string_view piece) {
-    const std::size_t found = m_text.find(end, m_position);
+std::string_view XmlScanner::TakeUntil(std::string_view end, std::string_view piece) {
+    const std::size_t start = m_position;
+    const std::size_t found = m_document.find(end, start);
     if (found == std::string_view::npos)
-        Fail(m_position, "the document ends inside " + std::string(piece));
+        Fail(start, "the document ends inside " + std::string(piece));
     m_position = found + end.size();
+    return m_document.substr(start, found - start);
 }
 
-void SourceScanner::Comment() {
+void XmlScanner::SkipComment() {
     const std::size_t start = m_position;
     Skip("<!--");
-    const std::size_t dashes = m_text.find("--", m_position);
+    const std::size_t dashes = m_document.find("--", m_position);
     if (dashes == std::string_view::npos)
         Fail(start, "the document ends inside a comment");
     m_position = dashes;
@@ -150,38 +153,39 @@ void SourceScanner::Comment() {
         Fail(dashes, "'--' is not allowed in a comment");
 }
 
-void SourceScanner::Instruction() {
+void XmlScanner::SkipInstruction() {
     Skip("<?");
     const std::size_t start = m_position;
-    const std::string_view target = Name();
+    const std::string_view target = TakeName();
     if (target == "xml" && start != 2)
         Fail(start, "the XML declaration does not stand at the beginning");
-    SkipBehind("?>", "a processing instruction");
+    TakeUntil("?>", "a processing instruction");
 }
 
-void SourceScanner::CharacterSection() {
-    SkipBehind("]]>", "a character section");
+std::string_view XmlScanner::TakeCharacterSection() {
+    constexpr std::string_view Start = "<![CDATA[";
+    std::string_view section = TakeUntil("]]>", "a character section");
+    section.remove_prefix(std::min(Start.size(), section.size()));
+    return section;
 }
 
-void SourceScanner::SkipQuoted() {
-    const char quote = m_text[m_position++];
-    SkipBehind(std::string_view(&quote, 1), "a quoted text");
+void XmlScanner::SkipQuoted() {
+    const char quote = m_document[m_position++];
+    TakeUntil(std::string_view(&quote, 1), "a quoted text");
 }
 
-// Only its end is looked for. Declared entities are refused altogether: nothing of the field uses them, and a
-// few of them can stand for gigabytes.
-void SourceScanner::DocumentType() {
+void XmlScanner::SkipDocumentType() {
     const std::size_t start = m_position;
     Skip("<!DOCTYPE");
     bool inSubset = false;
     while (!AtEnd()) {
-        const char c = m_text[m_position];
+        const char c = m_document[m_position];
         if (IsAt("<!ENTITY"))
             Fail(m_position, "the document declares entities, which are not read");
         if (IsAt("<!--"))
-            Comment();
+            SkipComment();
         else if (IsAt("<?"))
-            Instruction();
+            SkipInstruction();
         else if (c == '"' || c == '\'')
             SkipQuoted();
         else {
@@ -195,4 +199,4 @@ void SourceScanner::DocumentType() {
     Fail(start, "the document ends inside a document type");
 }
 
-} // namespace korvel::inspector
+} // namespace korvel

@@ -1,23 +1,15 @@
-#include "source/source_error.h"
+#include "korvel/documents/xml_error.h"
 
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/utf8.h"
 
 #include <algorithm>
 
-namespace korvel::inspector {
-namespace {
+namespace korvel {
 
-std::string AtPlace(const SourceError& error) {
-    return "line " + std::to_string(error.Place().line) + ", position " +
-           std::to_string(error.Place().position) + ": " + error.what();
-}
-
-} // namespace
-
-SourcePlace PlaceOf(std::string_view text, std::size_t offset) {
+XmlPlace XmlPlaceOf(std::string_view text, std::size_t offset) {
     const std::string_view before = text.substr(0, std::min(offset, text.size()));
-    SourcePlace place;
+    XmlPlace place;
     std::size_t lineStart = 0;
     for (std::size_t i = 0; i < before.size(); ++i) {
         const bool endsLine =
@@ -33,16 +25,13 @@ SourcePlace PlaceOf(std::string_view text, std::size_t offset) {
     return place;
 }
 
-std::string Quoted(std::string_view piece) {
+XmlError::XmlError(std::string_view text, std::size_t offset, const std::string& reason)
+    : Error(platform::FromUtf8(reason).text), m_place(XmlPlaceOf(text, offset)), m_reason(reason) {}
+
+std::string XmlError::Quoted(std::string_view piece) {
     constexpr std::size_t Longest = 60;
     const std::string_view shown = platform::CutUtf8(piece, Longest);
     return "'" + std::string(shown) + (shown.size() < piece.size() ? "...'" : "'");
 }
 
-DocumentError::DocumentError(const std::string& file, const std::string& reason)
-    : Error(platform::FromUtf8(file + ": " + reason).text), m_text(file + ": " + reason) {}
-
-DocumentError::DocumentError(const std::string& file, const SourceError& error)
-    : DocumentError(file, AtPlace(error)) {}
-
-} // namespace korvel::inspector
+} // namespace korvel

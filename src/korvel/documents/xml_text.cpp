@@ -1,15 +1,12 @@
-#include "source/source_text.h"
+#include "korvel/documents/xml_text.h"
 
+#include "korvel/documents/xml_scanner.h"
 #include "korvel/platform/utf8.h"
-#include "source/source_scanner.h"
 
 #include <algorithm>
 
-namespace korvel::inspector {
+namespace korvel {
 namespace {
-
-constexpr std::string_view SectionStart = "<![CDATA[";
-constexpr std::string_view SectionEnd = "]]>";
 
 // What becomes of tabs and ends of line: in attributes XML makes blanks of them.
 enum class Whitespace { Kept, AsBlanks };
@@ -17,7 +14,8 @@ enum class Whitespace { Kept, AsBlanks };
 // Appends what characters mean: references resolved and, as XML has it, each end of line as one LF.
 class TextDecoder {
 public:
-    TextDecoder(Whitespace whitespace, std::size_t longest) : m_whitespace(whitespace), m_longest(longest) {}
+    TextDecoder(Whitespace whitespace, std::size_t longest)
+        : m_whitespace(whitespace), m_longest(std::min(longest, Unlimited)) {}
 
     void AppendCharacters(std::string_view raw) {
         while (!raw.empty() && !IsFull()) {
@@ -27,7 +25,7 @@ public:
             if (raw.empty() || IsFull())
                 break;
             const std::size_t end = std::min(raw.find(';'), raw.size() - 1);
-            platform::AppendUtf8(m_text.utf8, ReferencedCharacter(raw.substr(1, end - 1)));
+            platform::AppendUtf8(m_text.utf8, XmlScanner::Referenced(raw.substr(1, end - 1)));
             raw.remove_prefix(end + 1);
         }
         CutWhenTooLong();
@@ -46,10 +44,12 @@ public:
         CutWhenTooLong();
     }
 
-    DecodedText Take() { return std::move(m_text); }
+    bool IsFull() const { return !m_text.complete || m_text.utf8.size() > m_longest; }
+
+    XmlCharacters Take() { return std::move(m_text); }
 
 private:
-    bool IsFull() const { return !m_text.complete || m_text.utf8.size() > m_longest; }
+    static constexpr std::size_t Unlimited = std::string::npos - 1; // one more is still a size
 
     void AppendBlank(std::string_view& raw) {
         m_text.utf8 += m_whitespace == Whitespace::AsBlanks ? ' ' : '\n';
@@ -65,46 +65,30 @@ private:
 
     Whitespace m_whitespace;
     std::size_t m_longest;
-    DecodedText m_text;
+    XmlCharacters m_text;
 };
 
 } // namespace
 
-platform::ConvertedText ToLibraryText(const std::string& utf8) {
-    const bool isAscii = std::all_of(utf8.begin(), utf8.end(), [](char c) { return (c & 0x80) == 0; });
-    return isAscii ? platform::ConvertedText{utf8, true} : platform::FromUtf8(utf8);
-}
-
-DecodedText DecodeAttribute(std::string_view raw, std::size_t longest) {
+XmlCharacters DecodeXmlAttribute(std::string_view raw, std::size_t longest) {
     TextDecoder decoder(Whitespace::AsBlanks, longest);
     decoder.AppendCharacters(raw);
     return decoder.Take();
 }
 
-DecodedText DecodeText(const TextSource& source, std::size_t longest) {
+XmlCharacters DecodeXmlText(std::string_view raw, std::size_t longest) {
     TextDecoder decoder(Whitespace::Kept, longest);
-    std::string_view rest = source.raw;
-    while (!rest.empty()) {
-        const std::size_t markup = std::min(rest.find('<'), rest.size());
-        decoder.AppendCharacters(rest.substr(0, markup));
-        rest.remove_prefix(markup);
-        if (rest.empty())
-            break;
-        SourceScanner scanner(rest);
-        if (scanner.IsAt(SectionStart)) {
-            scanner.CharacterSection();
-            decoder.AppendSection(rest.substr(SectionStart.size(),
-                                              scanner.Position() - SectionStart.size() - SectionEnd.size()));
-        } else if (scanner.IsAt("<!--")) {
-            scanner.Comment();
-        } else {
-            scanner.Instruction();
-        }
-        rest.remove_prefix(scanner.Position());
-    }
-    DecodedText text = decoder.Take();
-    text.complete = text.complete && source.complete;
-    return text;
+    XmlScanner scanner(raw);
+    while (!scanner.AtEnd() && !decoder.IsFull())
+        if (scanner.IsAt("<!--"))
+            scanner.SkipComment();
+        else if (scanner.IsAt("<?"))
+            scanner.SkipInstruction();
+        else if (scanner.IsAt("<"))
+            decoder.AppendSection(scanner.TakeCharacterSection());
+        else
+            decoder.AppendCharacters(scanner.TakeCharacterData());
+    return decoder.Take();
 }
 
-} // namespace korvel::inspector
+} // namespace korvel

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string_view>
+
+namespace korvel {
+
+/// An attribute as a document holds it: its name, and its value without the quotes, references unresolved.
+struct XmlAttribute {
+    std::string_view name;
+    std::string_view value;
+};
+
+/// Moves through a document in UTF-8 and reads the pieces that XML 1.0 is made of, strictly: whatever is not
+/// well-formed throws XmlError with its place.
+///
+///     XmlScanner scanner("<road name='A &amp; B'>east</road>");
+///     scanner.Skip("<");
+///     scanner.TakeName();                        // "road"
+///     XmlAttribute attribute;
+///     while (scanner.NextAttribute(attribute))   // "name", "A &amp; B"
+///         Keep(attribute.name, DecodeXmlAttribute(attribute.value, 100).utf8);
+///     scanner.Skip(">");
+///     scanner.TakeCharacterData();               // "east"
+///     scanner.IsAt("</");                        // true
+///
+/// Refused are: a name that begins with no letter, '_' or ':' (every character outside ASCII counts as a
+/// letter); an attribute without blank before it, without value or without quotes; '<' in a value; "]]>" in
+/// character data; '&' that begins no reference; a reference to an entity that XML does not define itself, or
+/// to a character that XML does not allow; "--" in a comment; an XML declaration that is not the beginning;
+/// whatever does not end; and a declaration of entities, since a few of them can stand for gigabytes. Of a
+/// document type only the end is looked for. Names longer than LongestName and values longer than
+/// LongestAttribute are refused as well.
+///
+/// Left to the caller are: the bytes (DecodeXml turns those of a file into UTF-8 and refuses characters that
+/// XML does not allow), the nesting of elements, one root, attributes of the same name, and namespaces.
+///
+/// What it returns are views into the document, which must outlive them. It holds no memory and costs one
+/// pass over what it reads; a failure costs a walk from the beginning, for its place. After a failure the
+/// position is anywhere between the last piece and the fault.
+class KORVEL_API XmlScanner {
+public:
+    /// In bytes. Longer ones come from broken or hostile files.
+    static constexpr std::size_t LongestName = 1000;
+    static constexpr std::size_t LongestAttribute = 10'000'000;
+
+    /// `position` counts bytes; one beyond the document is its end.
+    explicit XmlScanner(std::string_view document, std::size_t position = 0)
+        : m_document(document), m_position(std::min(position, document.size())) {}
+
+    bool AtEnd() const { return m_position >= m_document.size(); }
+    std::size_t Position() const { return m_position; }
+    bool IsAt(std::string_view literal) const { return m_document.substr(m_position).starts_with(literal); }
+
+    /// Moves past `literal`; false and no move where something else is.
+    bool Skip(std::string_view literal);
+    /// False where there is no blank.
+    bool SkipBlanks();
+
+    std::string_view TakeName();
+
+    /// The next attribute of a start tag or a declaration; false at '>', '/', '?', which stay unread.
+    bool NextAttribute(XmlAttribute& attribute);
+
+    /// The characters up to the next '<' or the end of the document.
+    std::string_view TakeCharacterData();
+
+    /// To be called where the piece begins, at its '<'.
+    void SkipComment();
+    void SkipInstruction();
+    void SkipDocumentType();
+    /// The characters between "<![CDATA[" and "]]>".
+    std::string_view TakeCharacterSection();
+
+    /// Throws XmlError for a byte of the document. `reason` is UTF-8.
+    [[noreturn]] void Fail(std::size_t offset, std::string_view reason) const;
+
+    static bool IsBlank(char byte) { return byte == ' ' || byte == '\t' || byte == '\n' || byte == '\r'; }
+
+    /// The character that a reference stands for; `reference` is what is between '&' and ';'. 0 for an entity
+    /// that XML does not define itself and for a character that it does not allow.
+    ///
+    ///     Referenced("amp")    -> '&'
+    ///     Referenced("#xE4")   -> U'ä'
+    ///     Referenced("nbsp")   -> 0
+    static char32_t Referenced(std::string_view reference);
+
+private:
+    std::string_view TakeUntil(std::string_view end, std::string_view piece);
+    void SkipQuoted();
+    void CheckReferences(std::string_view text) const;
+
+    std::string_view m_document;
+    std::size_t m_position;
+};
+
+} // namespace korvel
