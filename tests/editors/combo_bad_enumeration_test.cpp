@@ -96,9 +96,9 @@ protected:
             [&] { list->OnEventFormatChanged(); },
             [&] { Pick(2) == 0 ? list->Expand(item) : list->Collapse(item); },
             [&] { list->Initialize("value", shown.ValueOf(",11,,3,,12,")); },
-            [&] { item ? list->GetModel().SetCheck(*item, Pick(2) == 0) : void(); },
-            [&] { item ? list->GetModel().ToggleCheck(*item) : void(); },
-            [&] { item ? void(list->GetModel().RenameLabel(*item, AnyName())) : void(); },
+            [&] { item ? ComboChoice(list->GetModel()).SetCheck(*item, Pick(2) == 0) : void(); },
+            [&] { item ? ComboChoice(list->GetModel()).ToggleCheck(*item) : void(); },
+            [&] { item ? void(ComboNames(list->GetModel()).RenameLabel(*item, AnyName())) : void(); },
         };
         acts[Pick(std::size(acts))]();
     }
@@ -153,8 +153,8 @@ TEST_F(BadEnumerationTest, TheBindingMayEndInAnyCall) {
         command(ComboCommandAddItem),
         command(ComboCommandAddGroup),
         command(ComboCommandDelete),
-        [this] { list->GetModel().RenameLabel(*list->GetTreeItem(0), "n"); },
-        [this] { list->GetModel().RenameLabel(*list->GetTreeItem(1), "n"); },
+        [this] { ComboNames(list->GetModel()).RenameLabel(*list->GetTreeItem(0), "n"); },
+        [this] { ComboNames(list->GetModel()).RenameLabel(*list->GetTreeItem(1), "n"); },
         [this] { shown.entries[0].name = TextValue("p/q/r"), list->OnRenameEnumValue(&shown, 1, {}); },
         [this] { list->OnEventFormatChanged(); },
         [this] { list->Initialize("value", shown.ValueOf(",1,")); },
@@ -206,10 +206,10 @@ TEST_F(BadEnumerationTest, AFailureWhileTheListIsBuiltLeavesItEmpty) {
 
 TEST_F(BadEnumerationTest, ChecksShowWhatIsSelectedAlsoAfterAFailure) {
     const std::function<void(ComboModel&)> acts[] = {
-        [&](ComboModel& model) { model.SetCheck(*Item("g"), true); },
-        [&](ComboModel& model) { model.SetCheck(*Item("g"), false); },
-        [&](ComboModel& model) { model.SetCheck(*Item("b"), true); },
-        [&](ComboModel& model) { model.ToggleCheck(*Item("b")); },
+        [&](ComboModel& model) { ComboChoice(model).SetCheck(*Item("g"), true); },
+        [&](ComboModel& model) { ComboChoice(model).SetCheck(*Item("g"), false); },
+        [&](ComboModel& model) { ComboChoice(model).SetCheck(*Item("b"), true); },
+        [&](ComboModel& model) { ComboChoice(model).ToggleCheck(*Item("b")); },
     };
     for (const auto& act : acts) {
         for (int calls = 1; calls <= 2; ++calls) {

@@ -98,7 +98,7 @@ TEST_F(ComboModelTest, NoStepGrowsWithTheSquareOfTheEntries) {
     for (int row = 999; row >= 0; --row)
         list->Expand(list->GetTreeItem(row));
     EXPECT_EQ(list->GetItemCount(), 101'000);
-    list->GetModel().SetCheck(const_cast<ComboTreeItem&>(list->GetRootItem()), true);
+    ComboChoice(list->GetModel()).SetCheck(const_cast<ComboTreeItem&>(list->GetRootItem()), true);
     EXPECT_EQ(list->GetRootItem().GetChecked(), 100'000);
     ExpectConsistent(*list);
     list->Collapse(list->GetTreeItem(505)); // group 6 of 101 rows each

@@ -1,3 +1,4 @@
+#include "korvel/editors/tooltipp_bitmap.h"
 #include "support/combo_fixture.h"
 
 namespace korvel {

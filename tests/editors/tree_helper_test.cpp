@@ -28,7 +28,7 @@ TEST(PathName, SplitsAtSeparators) {
         {"a b/c", {"a b", "c"}},
     };
     for (const auto& [path, segments] : rows)
-        EXPECT_EQ(SplitPathName(path, '/'), segments) << path;
+        EXPECT_EQ(internal::SplitPathName(path, '/'), segments) << path;
 }
 
 TEST(TreeHelper, InsertsByPath) {

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "korvel/editors/combo_choice.h"
 #include "korvel/editors/combo_list.h"
-#include "korvel/editors/grid_ctrl_combo_box_input_states.h"
+#include "korvel/editors/combo_names.h"
 #include "korvel/values/text_table.h"
 #include "korvel/window/display/headless_display.h"
 #include "korvel/window/display/input.h"
@@ -13,6 +14,10 @@
 
 namespace korvel {
 
+using internal::ComboChoice;
+using internal::ComboModel;
+using internal::ComboNames;
+using internal::ComboTree;
 using Strings = std::vector<std::string>;
 
 /// Hears what a list tells.

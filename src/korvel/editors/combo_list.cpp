@@ -1,14 +1,42 @@
 #include "korvel/editors/combo_list.h"
 
+#include "korvel/editors/combo_list_parts.h"
+#include "korvel/editors/combo_names.h"
+#include "korvel/editors/combo_row_geometry.h"
+#include "korvel/editors/combo_row_painter.h"
+#include "korvel/editors/grid_ctrl_combo_box_input_state.h"
+#include "korvel/platform/error.h"
+
+#include <utility>
+
 namespace korvel {
 
-CComboList::CComboList(EComboListMode mode)
-    : m_model(mode, *this), m_preview(*this, {[this](CPoint point) { return HitTest(point); },
-                                              [this](int row) { return GetImagePath(row); },
-                                              [this](int row) { return GetRectLabel(row); }}) {}
+using internal::BindingWatch;
+using internal::ComboColumns;
+using internal::ComboListParts;
+using internal::ComboNames;
+using internal::ComboRowGeometry;
+using internal::ComboTree;
+
+namespace {
+
+constexpr LRESULT NoActivation = 3; // the answer to WM_MOUSEACTIVATE
+
+void Require(const IEnumValue* enumeration) {
+    if (!enumeration)
+        throw Error("A value without an enumeration has no entries to choose from.");
+}
+
+int RowOf(const ComboTreeItem& item) {
+    return item.HasRow() ? item.GetRow() : -1;
+}
+
+} // namespace
+
+CComboList::CComboList(EComboListMode mode) : m_parts(std::make_unique<ComboListParts>(*this, mode)) {}
 
 CComboList::CComboList(const CVariantValue& value, EComboListMode mode) : CComboList(mode) {
-    m_model.SetValue(value);
+    m_parts->model.Binding().SetValue(value);
 }
 
 CComboList::~CComboList() {
@@ -23,16 +51,6 @@ bool CComboList::CreateDropDown(CWnd* owner, int id) {
     return CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", Style, {}, owner, id);
 }
 
-void CComboList::SetOwner(CWnd* owner) {
-    m_owner = owner ? owner->m_hWnd : nullptr;
-}
-
-void CComboList::SendParentComboMessage(UINT code) {
-    const HWND owner = m_owner ? m_owner : korvel::GetParent(m_hWnd);
-    korvel::SendMessageA(owner, WM_COMMAND, MAKEWPARAM(static_cast<unsigned>(GetDlgCtrlID()), code),
-                         reinterpret_cast<LPARAM>(m_hWnd));
-}
-
 void CComboList::PreSubclassWindow() {
     ModifyStyle(0, LVS_REPORT | LVS_OWNERDRAWFIXED);
     SetTextSource([this](LPARAM data, int column) {
@@ -40,49 +58,216 @@ void CComboList::PreSubclassWindow() {
     });
 }
 
+void CComboList::SetOwner(CWnd* owner) {
+    m_parts->owner = owner ? owner->m_hWnd : nullptr;
+}
+
+HWND CComboList::GetOwnerWindow() const {
+    return m_parts->owner ? m_parts->owner : korvel::GetParent(m_hWnd);
+}
+
+void CComboList::SendParentComboMessage(UINT code) {
+    korvel::SendMessageA(GetOwnerWindow(), WM_COMMAND,
+                         MAKEWPARAM(static_cast<unsigned>(GetDlgCtrlID()), code),
+                         reinterpret_cast<LPARAM>(m_hWnd));
+}
+
+void CComboList::Initialize(IMemberDispatch* disp, const std::string& name) {
+    const std::string memberName = name; // may be the list's own
+    m_parts->writeBack.SetMember(disp, memberName);
+    CVariantValue value;
+    if (disp && disp->GetMember(memberName, value))
+        Bind(disp, memberName, memberName, value);
+}
+
+void CComboList::Initialize(const std::string& name, const CVariantValue& value) {
+    Bind(nullptr, {}, name, value);
+}
+
+// By value: name and value may be the list's own, which UnIntialize forgets.
+void CComboList::Bind(IMemberDispatch* disp, std::string memberName, std::string valueName,
+                      CVariantValue value) {
+    Require(value.EnumValue);
+    UnIntialize();
+    m_parts->writeBack.SetMember(disp, memberName);
+    m_parts->commands.SetBaseName(std::move(valueName));
+    m_parts->model.Binding().SetValue(value);
+    Initialize();
+}
+
+void CComboList::Initialize() {
+    if (IsInitialized())
+        return;
+    Require(GetEnumValue());
+    m_parts->model.Open();
+    const BindingWatch bound(m_parts->model.Binding());
+    try {
+        Build();
+    } catch (...) {
+        // The host may have begun another binding before it threw.
+        if (bound)
+            Reset();
+        throw;
+    }
+}
+
+void CComboList::Build() {
+    internal::ComboModel& model = m_parts->model;
+    const ComboTree::KeepItems keep(model.Tree());
+    const BindingWatch bound(model.Binding());
+    auto columns = ComboColumns::Ask(model.Binding());
+    if (!columns)
+        return;
+    m_parts->columns = std::move(*columns);
+    CreateColumns();
+    const CTreeItem* selected = model.InsertEntries();
+    if (!bound)
+        return;
+    m_parts->OnRowsAdded({0, model.Tree().RowCount()});
+    if (selected && selected->HasRow()) {
+        SetItemState(selected->GetRow(), LVIS_SELECTED, LVIS_SELECTED);
+        EnsureVisible(selected->GetRow(), true);
+    }
+    if (bound)
+        m_parts->input.Begin();
+}
+
+// Titles are German in every language: kept, saved layouts name columns by them.
+void CComboList::CreateColumns() {
+    const ComboColumns& columns = m_parts->columns;
+    InsertColumn(0, "Bezeichnung", 0);
+    for (const std::string& name : columns.Members())
+        InsertColumn(GetColumnCount(), name, 0);
+    ModifyStyle(columns.IsTable() ? LVS_NOCOLUMNHEADER : 0, columns.IsTable() ? 0 : LVS_NOCOLUMNHEADER);
+    m_parts->sinkTypes.insert(columns.Types().begin(), columns.Types().end());
+    LayColumns();
+}
+
+void CComboList::LayColumns() {
+    const int count = GetColumnCount();
+    for (int column = 0; column < count; ++column)
+        SetColumnWidth(column, GetClientRect().Width() / count);
+}
+
+// Who hears the end of a label edit may begin another binding.
+void CComboList::UnIntialize() {
+    while (IsInitialized())
+        Reset();
+}
+
+void CComboList::Reset() {
+    const ComboTree::KeepItems keep(m_parts->model.Tree());
+    m_parts->input.End();
+    m_parts->model.Close();
+    while (GetColumnCount() > 0)
+        DeleteColumn(0);
+    m_parts->columns = {};
+    m_parts->writeBack.Forget();
+    m_parts->commands.SetBaseName({});
+    SetImageList(nullptr);
+    RemoveSinks();
+    DeleteRowsQuietly(0, GetItemCount()); // last: the end of a label edit is told
+}
+
+bool CComboList::IsInitialized() const {
+    return m_parts->model.Binding().IsOpen();
+}
+
+void CComboList::UpdateDisp(IObserverGrid* observer) {
+    if (IsRunningUpdateDisp())
+        return;
+    try {
+        m_parts->writeBack.Write(observer);
+    } catch (...) {
+        m_parts->input.OnWrittenBack();
+        throw;
+    }
+    m_parts->input.OnWrittenBack();
+}
+
+bool CComboList::IsRunningUpdateDisp() const {
+    return m_parts->writeBack.IsWriting();
+}
+
+const bool& CComboList::IsDirty() {
+    return m_parts->writeBack.IsDirty();
+}
+
+IMemberDispatch* CComboList::GetDisp() const {
+    return m_parts->writeBack.Object();
+}
+
+const std::string& CComboList::GetMemberName() const {
+    return m_parts->writeBack.MemberName();
+}
+
+const CVariantValue& CComboList::GetValue() const {
+    return m_parts->model.Binding().Value();
+}
+
+EComboListMode CComboList::GetMode() const {
+    return m_parts->model.Binding().Mode();
+}
+
+IEnumValue* CComboList::GetEnumValue() const {
+    return m_parts->model.Binding().Enumeration();
+}
+
+const IGridCtrlComboBoxInputState* CComboList::GetInputState() const {
+    return m_parts->input.State().get();
+}
+
+CComboList::CTreeItem* CComboList::GetTreeItem(int row) const {
+    return m_parts->model.Tree().ItemAt(row);
+}
+
+const CComboList::CTreeItem& CComboList::GetRootItem() const {
+    return m_parts->model.Tree().Root();
+}
+
+internal::ComboModel& CComboList::GetModel() {
+    return m_parts->model;
+}
+
 void CComboList::Expand(CTreeItem* item) {
     if (item) {
-        const ComboTree::Keep keep(m_model.Tree());
-        m_model.Expand(*item);
-        RedrawRow(RowOf(*item)); // also an empty group looks another
+        const ComboTree::KeepItems keep(m_parts->model.Tree());
+        m_parts->model.Expand(*item);
+        RedrawRow(RowOf(*item)); // also of an empty group, which looks different now
     }
 }
 
 void CComboList::Collapse(CTreeItem* item) {
     if (item) {
-        const ComboTree::Keep keep(m_model.Tree());
-        m_model.Collapse(*item);
+        const ComboTree::KeepItems keep(m_parts->model.Tree());
+        m_parts->model.Collapse(*item);
         RedrawRow(RowOf(*item));
     }
 }
 
+void CComboList::ExpandParent(CTreeItem* item) {
+    m_parts->model.ExpandParent(item);
+}
+
+std::string CComboList::GetPath(const CTreeItem& item) const {
+    return ComboNames(m_parts->model).Path(item);
+}
+
 std::string CComboList::CreateUniqueName(const std::string& base, const CTreeItem& parent) const {
-    return m_model.UniqueNameUnder(parent, base);
+    return ComboNames(m_parts->model).UniqueNameUnder(parent, base);
 }
 
-void CComboList::OnRowsCame(ComboTree::RowRange rows) {
-    std::vector<LPARAM> data;
-    for (int row = rows.first; row < rows.first + rows.count; ++row)
-        data.push_back(reinterpret_cast<LPARAM>(GetTreeItem(row)));
-    if (m_pInputState)
-        m_pInputState->RowsCame(rows.first, rows.count);
-    InsertRows(rows.first, data.data(), rows.count, 0);
-    RedrawWindow();
-}
-
-void CComboList::OnRowsWent(ComboTree::RowRange rows) {
-    if (m_pInputState)
-        m_pInputState->RowsWent(rows.first, rows.count);
-    DeleteRowsQuietly(rows.first, rows.first + rows.count);
-    RedrawWindow();
+void CComboList::EnableCommands(std::uint32_t commands, bool enable) {
+    m_parts->commands.Enable(commands, enable);
 }
 
 int CComboList::GetCurrentRow() const {
-    return m_pInputState ? m_pInputState->GetCurrent() : -1;
+    const auto state = m_parts->input.State();
+    return state ? state->GetCurrent() : -1;
 }
 
 void CComboList::SetCurrentRow(int row) {
-    if (const auto state = m_pInputState) {
+    if (const auto state = m_parts->input.State()) {
         state->SetCurrent(GetTreeItem(row) ? row : -1);
         EnsureVisible(state->GetCurrent(), false);
     }
@@ -91,8 +276,8 @@ void CComboList::SetCurrentRow(int row) {
 void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
     if (!IsInitialized() || enumeration != GetEnumValue())
         return;
-    const ComboTree::Keep keep(m_model.Tree());
-    const CTreeItem* item = m_model.EntryCame(id);
+    const ComboTree::KeepItems keep(m_parts->model.Tree());
+    const CTreeItem* item = m_parts->model.EntryAdded(id);
     if (item && item->HasRow()) {
         SetCurrentRow(item->GetRow());
         RedrawWindow();
@@ -101,19 +286,99 @@ void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
 
 void CComboList::OnDestroyEnumValue(IEnumValue* enumeration, long id) {
     if (IsInitialized() && enumeration == GetEnumValue())
-        m_model.EntryWent(id);
+        m_parts->model.EntryRemoved(id);
 }
 
 void CComboList::OnRenameEnumValue(IEnumValue* enumeration, long id, const CVariantValue&) {
     if (IsInitialized() && enumeration == GetEnumValue()) {
-        m_model.EntryRenamed(id);
+        ComboNames(m_parts->model).EntryRenamed(id);
         RedrawWindow();
     }
 }
 
+IEnumSink& CComboList::GetEnumSink() {
+    return m_parts->enumSink;
+}
+
 void CComboList::OnEventFormatChanged() {
-    m_model.RefreshLabels();
+    ComboNames(m_parts->model).RefreshLabels();
     RedrawWindow();
+}
+
+IDateFormatChanged& CComboList::GetDateSink() {
+    return m_parts->dateSink;
+}
+
+IAngleFormatChanged& CComboList::GetAngleSink() {
+    return m_parts->angleSink;
+}
+
+INumberFormatChanged& CComboList::GetNumberSink() {
+    return m_parts->numberSink;
+}
+
+void CComboList::AddSink(EDataTyps type) {
+    m_parts->sinkTypes.insert(type);
+}
+
+void CComboList::RemoveSink(EDataTyps type) {
+    m_parts->sinkTypes.erase(type);
+}
+
+void CComboList::RemoveSinks() {
+    m_parts->sinkTypes.clear();
+}
+
+const std::set<EDataTyps>& CComboList::GetSinkTypes() const {
+    return m_parts->sinkTypes;
+}
+
+CRect CComboList::GetRectTreeBox(int row) const {
+    const auto geometry = ComboRowGeometry::Of(*this, row);
+    return geometry ? geometry->TreeBox() : CRect();
+}
+
+CRect CComboList::GetRectCheckBox(int row) const {
+    const auto geometry = ComboRowGeometry::Of(*this, row);
+    return geometry ? geometry->CheckBox() : CRect();
+}
+
+CRect CComboList::GetIconRect(int row) const {
+    const auto geometry = ComboRowGeometry::Of(*this, row);
+    return geometry ? geometry->Icon() : CRect();
+}
+
+CRect CComboList::GetRectLabel(int row) const {
+    const auto geometry = ComboRowGeometry::Of(*this, row);
+    return geometry ? geometry->Label() : CRect();
+}
+
+CRect CComboList::GetRectTreeBox(const CTreeItem& item) const {
+    return GetRectTreeBox(RowOf(item));
+}
+
+CRect CComboList::GetRectCheckBox(const CTreeItem& item) const {
+    return GetRectCheckBox(RowOf(item));
+}
+
+CRect CComboList::GetIconRect(const CTreeItem& item) const {
+    return GetIconRect(RowOf(item));
+}
+
+CRect CComboList::GetRectLabel(const CTreeItem& item) const {
+    return GetRectLabel(RowOf(item));
+}
+
+bool CComboList::HasCheckBoxes() const {
+    return m_parts->model.Binding().HasFlag(ENF_CheckBoxes);
+}
+
+bool CComboList::HasTree() const {
+    return m_parts->columns.HasTree();
+}
+
+bool CComboList::IsTreePreview() const {
+    return m_parts->model.Binding().HasPaths();
 }
 
 std::string CComboList::GetImagePath(int row) const {
@@ -121,9 +386,86 @@ std::string CComboList::GetImagePath(int row) const {
     auto* images = item && item->IsValue() ? dynamic_cast<EnumImages*>(GetEnumValue()) : nullptr;
     if (!images)
         return {};
-    const unsigned binding = m_model.Binding();
+    const BindingWatch bound(m_parts->model.Binding());
     const std::string own = images->GetImagePath(item->GetId());
-    return own.empty() && binding == m_model.Binding() ? images->GetCommonImagePath() : own;
+    return own.empty() && bound ? images->GetCommonImagePath() : own;
+}
+
+bool CComboList::IsPreviewShown() const {
+    return m_parts->input.IsPreviewShown();
+}
+
+CString CComboList::GetColumnText(const CTreeItem& item, int column) const {
+    return m_parts->columns.TextOf(item, column);
+}
+
+void CComboList::DrawItem(DRAWITEMSTRUCT* item) {
+    const ComboTree::KeepItems keep(m_parts->model.Tree());
+    internal::ComboRowPainter(*this, *item->hDC).Draw(static_cast<int>(item->itemID), item->itemState);
+}
+
+void CComboList::RedrawRow(int row) {
+    if (GetTreeItem(row))
+        RedrawItems(row, row);
+}
+
+LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const ComboTree::KeepItems keep(m_parts->model.Tree()); // for handlers, whatever the host does meanwhile
+    const auto result = m_parts->input.Handle(message, wParam, lParam);
+    if (result)
+        return *result;
+    switch (message) {
+    case WM_RBUTTONDOWN:
+        OnRButtonDown(PointOf(lParam));
+        return 0;
+    case WM_RBUTTONUP:
+        return 0; // the menu has been there already
+    case WM_GETDLGCODE:
+        return CListCtrl::WindowProc(message, wParam, lParam) | DLGC_WANTALLKEYS;
+    case WM_MOUSEACTIVATE:
+        if (GetMode() == eDropDown)
+            return NoActivation;
+        break;
+    case WM_SIZE: {
+        const LRESULT sized = CListCtrl::WindowProc(message, wParam, lParam);
+        LayColumns();
+        return sized;
+    }
+    case WM_COMMAND:
+        if (lParam == 0 && m_parts->commands.Run(LOWORD(wParam)))
+            return 1;
+        break;
+    case WM_DESTROY:
+        UnIntialize();
+        break;
+    default:
+        break;
+    }
+    return CListCtrl::WindowProc(message, wParam, lParam);
+}
+
+void CComboList::OnRButtonDown(CPoint point) {
+    m_parts->input.DismissPreview();
+    if (GetMode() == eDropDown)
+        return;
+    SetFocus();
+    m_parts->commands.TrackMenu(point);
+}
+
+bool CComboList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    if (message == WM_NOTIFY) {
+        const auto& header = *reinterpret_cast<const NMHDR*>(lParam);
+        const auto& edit = *reinterpret_cast<const NMLVDISPINFO*>(lParam);
+        if (header.code == LVN_BEGINLABELEDIT) {
+            *result = m_parts->commands.OnBeginLabelEdit(edit.iItem);
+            return true;
+        }
+        if (header.code == LVN_ENDLABELEDIT) {
+            *result = m_parts->commands.OnEndLabelEdit(edit.iItem, edit.pszText);
+            return true;
+        }
+    }
+    return CListCtrl::OnChildNotify(message, wParam, lParam, result);
 }
 
 } // namespace korvel

@@ -1,22 +1,23 @@
 #pragma once
 
+#include "korvel/editors/combo_list_codes.h"
 #include "korvel/layout/subclass_wnd.h"
 
 namespace korvel {
 
-/// Whether a message to the window that `owner` stands in tells that the user acts elsewhere: the window
-/// moves, one of its buttons is pressed, a command comes that is not the owner's.
+/// Whether a message to the window around `owner` means that the user acts elsewhere: the window moves, a
+/// mouse button is pressed in it, or a command arrives that is not the owner's.
 KORVEL_API bool EndsComboList(HWND owner, UINT message, WPARAM wParam, LPARAM lParam);
 
 /// Watches the window around a field while its list is dropped, and closes the list when the user acts
-/// elsewhere. The message itself always goes its way first.
+/// elsewhere. The message itself is always passed on first.
 ///
 ///     CComboListHook<CEditableGrid> m_ComboHook{this, &CEditableGrid::CtrlEnd};
 ///     m_ComboHook.HookWindow(korvel::GetParent(m_hWnd));   // the list has dropped
 ///     m_ComboHook.HookWindow(nullptr);                     // the list is closed
 ///
 /// The owner hears 4, then 9, through its SendParentComboMessage, then `end` is called; unless the message
-/// has closed the list itself. An owner whose window ends meanwhile hears no more. T is a CWnd with a
+/// has closed the list itself. An owner whose window is destroyed meanwhile hears no more. T is a CWnd with a
 /// SendParentComboMessage(UINT).
 template <typename T>
 class CComboListHook : public CSubclassWnd {
@@ -26,8 +27,6 @@ public:
     CComboListHook(T* owner, EndRoutine end) : m_pOwner(owner), m_end(end) {}
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        constexpr UINT FocusLost = 4;
-        constexpr UINT Chosen = 9;
         const HWND window = GetHookedWindow();
         T* owner = m_pOwner;
         const HWND ownerWindow = owner ? owner->m_hWnd : nullptr;
@@ -37,9 +36,9 @@ public:
         if (!ends || !IsHooking(this, window))
             return result;
         // Who hears the owner may destroy it, and this hook with it.
-        owner->SendParentComboMessage(FocusLost);
+        owner->SendParentComboMessage(ComboListKillFocus);
         if (IsWindow(ownerWindow))
-            owner->SendParentComboMessage(Chosen);
+            owner->SendParentComboMessage(ComboListChanged);
         if (IsWindow(ownerWindow))
             (owner->*end)();
         return result;

@@ -1,11 +1,11 @@
 #include "korvel/editors/combo_model.h"
 
-#include "korvel/editors/combo_enum_walk.h"
 #include "korvel/editors/path_name.h"
 
 #include <utility>
+#include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -15,7 +15,7 @@ ComboTreeItem* Innermost(ComboTreeItem* item) {
     return item;
 }
 
-// The items at and under `top`, each behind what stands under it.
+// The items at and under `top`, each after what is under it.
 std::vector<ComboTreeItem*> ChildrenFirst(ComboTreeItem& top) {
     std::vector<ComboTreeItem*> items = {Innermost(&top)};
     while (items.back() != &top) {
@@ -27,84 +27,67 @@ std::vector<ComboTreeItem*> ChildrenFirst(ComboTreeItem& top) {
 
 } // namespace
 
-void ComboModel::SetValue(const CVariantValue& value) {
-    m_value = value;
-    m_enumeration = value.EnumValue;
-}
-
-void ComboModel::Begin() {
-    m_isOpen = true;
+void ComboModel::Open() {
+    m_binding.Open();
     m_isBuilding = true;
 }
 
 ComboTreeItem* ComboModel::InsertEntries() {
-    const ComboTree::Keep keep(m_tree);
-    const unsigned binding = m_binding;
+    const ComboTree::KeepItems keep(m_tree);
+    const BindingWatch bound(m_binding);
     ComboTreeItem* selected = nullptr;
-    WalkEntries([&](long id) {
+    m_binding.VisitEntries([&](long id) {
         CVariantValue name;
-        if (!m_enumeration->GetName(id, name) || binding != m_binding)
+        if (!m_binding.Enumeration()->GetName(id, name) || !bound)
             return;
         ComboTreeItem* item = InsertItem(nullptr, id, std::move(name));
-        if (!item || !m_enumeration->IsValue(id, m_value) || binding != m_binding || !item->GetParent())
+        if (!item || !m_binding.Enumeration()->IsValue(id, m_binding.Value()) || !bound || !item->GetParent())
             return;
         m_tree.SetCheck(*item, true);
         ExpandParent(item->GetParent());
         selected = item;
     });
-    if (binding != m_binding)
+    if (!bound)
         return nullptr;
     m_isBuilding = false;
     return selected && selected->GetParent() ? selected : nullptr;
 }
 
 void ComboModel::Close() {
-    ++m_binding;
-    m_isOpen = false;
+    m_binding.Close();
     m_isBuilding = false;
-    m_enumeration = nullptr;
     m_tree.Clear();
 }
 
-bool ComboModel::HasFlag(EnumFlags flag) const {
-    return m_enumeration && (m_enumeration->GetEnumFlags() & flag) != 0;
-}
-
-bool ComboModel::IsTable() const {
-    return m_enumeration && m_enumeration->GetDataType() == DT_Group;
-}
-
-char ComboModel::Separator() const {
-    const bool hasTree = HasFlag(ENF_Tree); // who ends the binding here is asked nothing more
-    const char* separator = m_enumeration ? m_enumeration->GetSeparator(hasTree) : nullptr;
-    return separator ? *separator : '\0';
-}
-
 void ComboModel::Expand(ComboTreeItem& item) {
-    Came(m_tree.Expand(item));
+    const ComboTree::RowRange rows = m_tree.Expand(item);
+    if (rows.count > 0 && !m_isBuilding)
+        m_sink.OnRowsAdded(rows);
 }
 
 void ComboModel::Collapse(ComboTreeItem& item) {
-    Went(m_tree.Collapse(item));
+    const ComboTree::RowRange rows = m_tree.Collapse(item);
+    if (rows.count > 0 && !m_isBuilding)
+        m_sink.OnRowsHidden(rows);
 }
 
-// From the inside out: what is not shown yet only remembers, and all rows come at once.
+// From the inside out: what is not shown yet only remembers, and all rows are added at once.
 void ComboModel::ExpandParent(ComboTreeItem* item) {
-    const ComboTree::Keep keep(m_tree);
+    const ComboTree::KeepItems keep(m_tree);
     for (; item; item = item->GetParent())
         Expand(*item);
 }
 
-// The sink hears when all is there. At most one row came: what stands under a new group is not shown.
+// The sink hears when all is there. At most one row is new: what is under a new group is not shown.
 ComboTreeItem* ComboModel::InsertItem(ComboTreeItem* parent, long id, CVariantValue&& value) {
-    const ComboTree::Keep keep(m_tree);
-    const unsigned binding = m_binding;
-    const auto separator = PathSeparator();
+    const ComboTree::KeepItems keep(m_tree);
+    const BindingWatch bound(m_binding);
+    const auto separator = m_binding.PathSeparator();
     // A string is not copied to be split. A list asks its host.
     const bool isString = value.Type == DT_String;
     const std::string converted = isString ? std::string() : value.ToText();
     const std::string_view text = isString ? value.Text : converted;
-    if (binding != m_binding || (parent && !IsInTree(*parent)))
+    if (!bound || (parent && !m_tree.Contains(*parent)))
         return nullptr;
     ComboTreeItem* under = parent ? parent : &m_tree.Root();
     ComboTreeItem* newGroup = nullptr;
@@ -124,17 +107,17 @@ ComboTreeItem* ComboModel::InsertItem(ComboTreeItem* parent, long id, CVariantVa
     return &item;
 }
 
-ComboTreeItem* ComboModel::InsertItem(ComboTreeItem* parent, std::string_view name) {
+ComboTreeItem& ComboModel::InsertGroup(ComboTreeItem& parent, std::string_view name) {
     ComboTreeItem* newGroup = nullptr;
-    ComboTreeItem& group = GroupUnder(parent ? *parent : m_tree.Root(), name, newGroup);
+    ComboTreeItem& group = GroupUnder(parent, name, newGroup);
     if (newGroup)
         TellNew(group);
-    return &group;
+    return group;
 }
 
 ComboTreeItem& ComboModel::GroupUnder(ComboTreeItem& parent, std::string_view name,
                                       ComboTreeItem*& firstNew) {
-    if (ComboTreeItem* const known = m_tree.FindChild(parent, name))
+    if (ComboTreeItem* known = m_tree.FindChild(parent, name))
         return *known;
     ComboTreeItem& group = m_tree.AddGroup(parent, std::string(name));
     firstNew = firstNew ? firstNew : &group;
@@ -143,47 +126,29 @@ ComboTreeItem& ComboModel::GroupUnder(ComboTreeItem& parent, std::string_view na
 
 void ComboModel::TellNew(const ComboTreeItem& item) {
     if (!m_isBuilding && item.HasRow())
-        m_sink.OnRowsCame({item.GetRow(), 1});
+        m_sink.OnRowsAdded({item.GetRow(), 1});
 }
 
 ComboTreeItem* ComboModel::AddValue(const std::string& name, const std::string& group) {
-    const ComboTree::Keep keep(m_tree);
-    const unsigned binding = m_binding;
-    const long id = m_enumeration->AddValue(name, group);
-    if (id == -1 || binding != m_binding)
+    const ComboTree::KeepItems keep(m_tree);
+    const BindingWatch bound(m_binding);
+    const long id = m_binding.Enumeration()->AddValue(name, group);
+    if (id == -1 || !bound)
         return nullptr;
     // An enumeration that tells its sinks itself has had the item made already.
     ComboTreeItem* known = m_tree.FindValue(id);
-    return known ? known : EntryCame(id);
-}
-
-// Opened all the way up, not its own group alone: a new entry becomes the current row.
-ComboTreeItem* ComboModel::EntryCame(long id) {
-    const ComboTree::Keep keep(m_tree);
-    const unsigned binding = m_binding;
-    CVariantValue name;
-    if (!m_enumeration->GetName(id, name) || binding != m_binding)
-        return nullptr;
-    ComboTreeItem* item = InsertItem(nullptr, id, std::move(name));
-    if (item)
-        ExpandParent(item->GetParent());
-    return item;
-}
-
-void ComboModel::EntryWent(long id) {
-    if (ComboTreeItem* const item = m_tree.FindValue(id))
-        Went(m_tree.RemoveValue(*item));
+    return known ? known : EntryAdded(id);
 }
 
 void ComboModel::DestroySubTree(ComboTreeItem& item) {
-    const ComboTree::Keep keep(m_tree);
-    const unsigned binding = m_binding;
-    for (ComboTreeItem* const under : ChildrenFirst(item)) {
+    const ComboTree::KeepItems keep(m_tree);
+    const BindingWatch bound(m_binding);
+    for (ComboTreeItem* under : ChildrenFirst(item)) {
         if (under->IsValue())
             RemoveEntry(*under);
         else if (under->GetParent() && !under->HasChildren())
-            Went(m_tree.RemoveSubTree(*under));
-        if (binding != m_binding)
+            Remove(*under);
+        if (!bound)
             return;
     }
 }
@@ -192,51 +157,37 @@ void ComboModel::DestroySubTree(ComboTreeItem& item) {
 void ComboModel::RemoveEntry(ComboTreeItem& item) {
     if (!item.GetParent())
         return; // the host has taken it away meanwhile
-    const unsigned binding = m_binding;
+    const BindingWatch bound(m_binding);
     const long id = item.GetId();
     CVariantValue name;
-    if (m_enumeration->GetName(id, name) && binding == m_binding)
-        m_enumeration->RemoveValue(id);
-    if (binding == m_binding && item.GetParent() && item.IsValue())
-        Went(m_tree.RemoveValue(item));
+    if (m_binding.Enumeration()->GetName(id, name) && bound)
+        m_binding.Enumeration()->RemoveValue(id);
+    if (bound && item.GetParent() && item.IsValue())
+        Remove(item);
 }
 
-void ComboModel::RefreshLabels() {
-    const ComboTree::Keep keep(m_tree);
-    const unsigned binding = m_binding;
-    const auto separator = PathSeparator();
-    for (ComboTreeItem* item = &m_tree.Root(); item && binding == m_binding;
-         item = item->GetNextUnder(m_tree.Root())) {
-        if (!item->IsValue() || item->GetValue().Type == DT_Group)
-            continue;
-        const CVariantValue value = item->GetValue(); // a list asks its host, who may take the entry away
-        const std::string text = value.ToText();
-        if (binding == m_binding)
-            m_tree.SetLabel(*item, 0, Segments(text, separator).back());
-    }
-}
-
-std::list<std::string> ComboModel::Segments(const std::string& text, std::optional<char> separator) {
-    std::list<std::string> segments;
-    if (separator)
-        segments = SplitPathName(text, *separator);
-    if (segments.empty())
-        segments.push_back(text);
-    return segments;
-}
-
-std::optional<char> ComboModel::PathSeparator() const {
-    return IsTreePreview() ? std::optional(Separator()) : std::nullopt;
-}
-
-void ComboModel::Came(ComboTree::RowRange rows) {
+void ComboModel::Remove(ComboTreeItem& item) {
+    const ComboTree::RowRange rows = item.IsValue() ? m_tree.RemoveValue(item) : m_tree.RemoveSubTree(item);
     if (rows.count > 0 && !m_isBuilding)
-        m_sink.OnRowsCame(rows);
+        m_sink.OnRowsRemoved(rows);
 }
 
-void ComboModel::Went(ComboTree::RowRange rows) {
-    if (rows.count > 0 && !m_isBuilding)
-        m_sink.OnRowsWent(rows);
+// Opened all the way up, not its own group alone: a new entry becomes the current row.
+ComboTreeItem* ComboModel::EntryAdded(long id) {
+    const ComboTree::KeepItems keep(m_tree);
+    const BindingWatch bound(m_binding);
+    CVariantValue name;
+    if (!m_binding.Enumeration()->GetName(id, name) || !bound)
+        return nullptr;
+    ComboTreeItem* item = InsertItem(nullptr, id, std::move(name));
+    if (item)
+        ExpandParent(item->GetParent());
+    return item;
 }
 
-} // namespace korvel
+void ComboModel::EntryRemoved(long id) {
+    if (ComboTreeItem* item = m_tree.FindValue(id))
+        Remove(*item);
+}
+
+} // namespace korvel::internal

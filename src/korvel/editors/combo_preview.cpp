@@ -1,6 +1,6 @@
 #include "korvel/editors/combo_preview.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -83,4 +83,4 @@ void ComboPreview::StopTimer() {
     }
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -7,7 +7,7 @@
 #include <string>
 #include <utility>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The picture that appears when the pointer rests on a row of a CComboList: it opens after half a second and
 /// goes after two more, or when the user does something.
@@ -52,4 +52,4 @@ private:
     std::uintptr_t m_timer = 0;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -3,7 +3,7 @@
 #include "korvel/editors/combo_list.h"
 #include "korvel/editors/combo_tree_bitmap.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -23,31 +23,31 @@ CRect ButtonRect(const CRect& box) {
 
 void ComboRowPainter::Draw(int row, UINT itemState) {
     const ComboTreeItem* item = m_list.GetTreeItem(row);
-    const auto place = m_list.GetRowGeometry(row);
-    if (!item || !place)
+    const auto geometry = ComboRowGeometry::Of(m_list, row);
+    if (!item || !geometry)
         return;
     const bool isSelected = (itemState & ODS_SELECTED) != 0;
     const COLORREF background = GetSysColor(isSelected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
     m_dc.SetBkColor(background);
     m_dc.SetTextColor(GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
-    m_dc.FillSolidRect(place->bounds, background);
+    m_dc.FillSolidRect(geometry->bounds, background);
     if (m_list.HasTree())
-        DrawTree(*item, *place);
-    if (place->hasChecks) {
+        DrawTree(*item, *geometry);
+    if (geometry->hasChecks) {
         const UINT check = item->GetChecked() > 0 ? DFCS_CHECKED : 0;
-        CRect box = place->CheckBox();
+        CRect box = geometry->CheckBox();
         box.DeflateRect(BoxMargin, BoxMargin);
         m_dc.DrawFrameControl(box, DFC_BUTTON, DFCS_BUTTONCHECK | check);
     }
-    if (place->hasIcons)
-        DrawIcon(*item, place->Icon());
-    DrawDispValue(place->Label(), item->GetLabel());
+    if (geometry->hasIcons)
+        DrawIcon(*item, geometry->Icon());
+    DrawDispValue(geometry->Label(), item->GetLabel());
     DrawColumns(row, *item);
 }
 
-void ComboRowPainter::DrawTree(const ComboTreeItem& item, const ComboRowGeometry& place) {
-    const CRect box = place.TreeBox();
-    const int height = place.bounds.Height();
+void ComboRowPainter::DrawTree(const ComboTreeItem& item, const ComboRowGeometry& geometry) {
+    const CRect box = geometry.TreeBox();
+    const int height = geometry.bounds.Height();
     const int middle = box.top + height / 2;
     m_dc.SelectPen(PS_DOT, TreeLineColor);
     int column = box.left + height / 2;
@@ -99,4 +99,4 @@ void ComboRowPainter::Line(int fromX, int fromY, int toX, int toY) {
     m_dc.LineTo({toX, toY});
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "korvel/editors/combo_geometry.h"
+#include "korvel/editors/combo_row_geometry.h"
 #include "korvel/editors/combo_tree_item.h"
 #include "korvel/window/base/dc.h"
 
-namespace korvel {
-
-class CComboList;
+namespace korvel::internal {
 
 /// Draws one row of a CComboList.
 class ComboRowPainter {
@@ -16,7 +14,7 @@ public:
     void Draw(int row, UINT itemState);
 
 private:
-    void DrawTree(const ComboTreeItem& item, const ComboRowGeometry& place);
+    void DrawTree(const ComboTreeItem& item, const ComboRowGeometry& geometry);
     void DrawTreeButton(bool expanded, const CRect& box);
     void DrawIcon(const ComboTreeItem& item, const CRect& rect);
     void DrawColumns(int row, const ComboTreeItem& item);
@@ -27,4 +25,4 @@ private:
     CDC& m_dc;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -12,22 +12,15 @@ constexpr std::size_t LargestBlock = 256;
 
 } // namespace
 
-struct ComboRows::Block {
-    const ComboRows* owner = nullptr;
-    int index = 0;
-    std::vector<ComboTreeItem*> items;
-};
-
-ComboRows::ComboRows() = default;
-ComboRows::~ComboRows() = default;
-
 ComboTreeItem* ComboRows::At(int row) const {
-    const internal::PrefixSums::Place place = m_index.Find(row);
+    if (row < 0 || row >= m_size)
+        return nullptr;
+    const PrefixSums::Place place = m_index.Find(row);
     return m_blocks[place.entry]->items[place.offset];
 }
 
 int ComboRows::RowOf(const ComboTreeItem& item) const {
-    const Block& block = *item.m_block;
+    const ComboRowBlock& block = *item.m_block;
     // From the end: while a list is built, it is the last row that is asked for.
     const auto found = std::find(block.items.rbegin(), block.items.rend(), &item);
     return m_index.Before(block.index) + static_cast<int>(block.items.rend() - found) - 1;
@@ -39,19 +32,19 @@ void ComboRows::Insert(int row, std::span<ComboTreeItem* const> items) {
     const int count = static_cast<int>(items.size());
     const bool appends = row == m_size;
     if (m_blocks.empty()) {
-        m_blocks.push_back(std::make_unique<Block>());
+        m_blocks.push_back(std::make_unique<ComboRowBlock>());
         RebuildIndex();
     }
-    internal::PrefixSums::Place place =
-        appends ? internal::PrefixSums::Place{static_cast<int>(m_blocks.size()) - 1, 0} : m_index.Find(row);
-    Block& block = *m_blocks[place.entry];
+    PrefixSums::Place place =
+        appends ? PrefixSums::Place{static_cast<int>(m_blocks.size()) - 1, 0} : m_index.Find(row);
+    ComboRowBlock& block = *m_blocks[place.entry];
     if (appends)
         place.offset = static_cast<int>(block.items.size());
     m_size += count;
     const auto position = block.items.begin() + place.offset;
     if (block.items.size() + items.size() <= LargestBlock) {
         block.items.insert(position, items.begin(), items.end());
-        for (ComboTreeItem* const item : items)
+        for (ComboTreeItem* item : items)
             item->m_block = &block;
         m_index.Add(place.entry, count);
         return;
@@ -65,14 +58,14 @@ void ComboRows::Insert(int row, std::span<ComboTreeItem* const> items) {
 // Puts as many blocks of one size as these items need in the place of one block.
 void ComboRows::Replace(int block, std::span<ComboTreeItem* const> items) {
     const std::size_t count = (items.size() + LargestBlock - 1) / LargestBlock;
-    std::vector<std::unique_ptr<Block>> blocks;
+    std::vector<std::unique_ptr<ComboRowBlock>> blocks;
     for (std::size_t i = 0; i < count; ++i) {
-        auto part = std::make_unique<Block>();
+        auto part = std::make_unique<ComboRowBlock>();
         const std::size_t begin = items.size() * i / count;
         const std::size_t end = items.size() * (i + 1) / count;
         part->items.assign(items.begin() + static_cast<std::ptrdiff_t>(begin),
                            items.begin() + static_cast<std::ptrdiff_t>(end));
-        for (ComboTreeItem* const item : part->items)
+        for (ComboTreeItem* item : part->items)
             item->m_block = part.get();
         blocks.push_back(std::move(part));
     }
@@ -85,7 +78,7 @@ void ComboRows::Erase(int first, int last) {
     const int touched = first < last ? m_index.Find(first).entry : 0;
     std::size_t emptied = 0;
     for (int left = last - first; left > 0;) {
-        const internal::PrefixSums::Place place = m_index.Find(first);
+        const PrefixSums::Place place = m_index.Find(first);
         const int inBlock = static_cast<int>(m_blocks[place.entry]->items.size()) - place.offset;
         const int count = std::min(left, inBlock);
         EraseInBlock(place, count);
@@ -100,12 +93,12 @@ void ComboRows::Erase(int first, int last) {
     JoinSmall(touched);
 }
 
-void ComboRows::EraseInBlock(internal::PrefixSums::Place place, int count) {
+void ComboRows::EraseInBlock(PrefixSums::Place place, int count) {
     std::vector<ComboTreeItem*>& items = m_blocks[place.entry]->items;
     const auto begin = items.begin() + place.offset;
     for (auto item = begin; item != begin + count; ++item) {
         (*item)->m_block = nullptr;
-        (*item)->m_nRow = -1;
+        (*item)->m_row = -1;
     }
     items.erase(begin, begin + count);
     m_index.Add(place.entry, -count);
@@ -116,11 +109,11 @@ void ComboRows::EraseInBlock(internal::PrefixSums::Place place, int count) {
 void ComboRows::JoinSmall(int block) {
     if (block < 0 || block + 1 >= static_cast<int>(m_blocks.size()))
         return;
-    Block& left = *m_blocks[block];
-    Block& right = *m_blocks[block + 1];
+    ComboRowBlock& left = *m_blocks[block];
+    ComboRowBlock& right = *m_blocks[block + 1];
     if (left.items.size() + right.items.size() > LargestBlock / 2)
         return;
-    for (ComboTreeItem* const item : right.items) {
+    for (ComboTreeItem* item : right.items) {
         item->m_block = &left;
         left.items.push_back(item);
     }
@@ -137,8 +130,4 @@ void ComboRows::RebuildIndex() {
     m_index.Rebuild(count, [&](int block) { return static_cast<int>(m_blocks[block]->items.size()); });
 }
 
-int ComboTreeItem::GetRow() const {
-    return m_block ? m_block->owner->RowOf(*this) : m_nRow;
-}
-
-} // namespace korvel
+} // namespace korvel::internal

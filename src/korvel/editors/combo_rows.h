@@ -7,11 +7,22 @@
 #include <vector>
 
 namespace korvel {
-
 class ComboTreeItem;
+}
 
-/// The items of a tree that have a row, in order. They lie in blocks and know their block: the row of an item
-/// is found without a walk over the rows, and a range comes and goes at the cost of its own length.
+namespace korvel::internal {
+
+class ComboRows;
+
+/// Neighbouring rows that are kept together.
+struct ComboRowBlock {
+    const ComboRows* owner = nullptr;
+    int index = 0; // among the blocks
+    std::vector<ComboTreeItem*> items;
+};
+
+/// The items of a tree that have a row, in order. They are kept in blocks and know their block: the row of an
+/// item is found without a walk over the rows, and a range is inserted or erased at the cost of its length.
 ///
 ///     rows.Insert(0, items);
 ///     rows.RowOf(*items[7]);   // 7
@@ -19,33 +30,30 @@ class ComboTreeItem;
 ///     rows.RowOf(*items[7]);   // 4
 class ComboRows {
 public:
-    struct Block;
-
-    ComboRows();
-    ~ComboRows();
+    ComboRows() = default;
     ComboRows(const ComboRows&) = delete;
     ComboRows& operator=(const ComboRows&) = delete;
 
     int Size() const { return m_size; }
-    bool Has(int row) const { return row >= 0 && row < m_size; }
+    /// Null for no such row.
     ComboTreeItem* At(int row) const;
     /// The item must have a row.
     int RowOf(const ComboTreeItem& item) const;
 
-    /// In front of row `row`; Size() appends.
+    /// Before row `row`; Size() appends.
     void Insert(int row, std::span<ComboTreeItem* const> items);
     /// Takes the rows from `first` to before `last` away from their items.
     void Erase(int first, int last);
 
 private:
     void Replace(int block, std::span<ComboTreeItem* const> items);
-    void EraseInBlock(internal::PrefixSums::Place place, int count);
+    void EraseInBlock(PrefixSums::Place place, int count);
     void JoinSmall(int block);
     void RebuildIndex();
 
-    std::vector<std::unique_ptr<Block>> m_blocks;
-    internal::PrefixSums m_index;
+    std::vector<std::unique_ptr<ComboRowBlock>> m_blocks;
+    PrefixSums m_index; // the sizes of the blocks
     int m_size = 0;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,12 +1,14 @@
 #include "korvel/editors/combo_tree.h"
 
+#include "korvel/editors/combo_label_index.h"
+
 #include <utility>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
-// Whether `left` comes before `right` in the order of the rows; both stand in one tree.
+// Whether `left` comes before `right` in the order of the rows; both are in one tree.
 template <class Order>
 bool ComesBefore(const ComboTreeItem* left, const ComboTreeItem* right, Order orderOf) {
     const bool leftIsDeeper = left->GetLevel() > right->GetLevel();
@@ -15,7 +17,7 @@ bool ComesBefore(const ComboTreeItem* left, const ComboTreeItem* right, Order or
     while (right->GetLevel() > left->GetLevel())
         right = right->GetParent();
     if (left == right)
-        return !leftIsDeeper; // what stands above comes first
+        return !leftIsDeeper; // a parent comes first
     while (left->GetParent() != right->GetParent()) {
         left = left->GetParent();
         right = right->GetParent();
@@ -26,22 +28,22 @@ bool ComesBefore(const ComboTreeItem* left, const ComboTreeItem* right, Order or
 } // namespace
 
 ComboTreeItem* ComboTree::NextShownUnder(const ComboTreeItem& item, const ComboTreeItem& top) {
-    if (item.m_bExpanded && item.m_firstChild)
+    if (item.m_isExpanded && item.m_firstChild)
         return item.m_firstChild;
     const ComboTreeItem* level = &item;
     while (level != &top && !level->m_nextSibling)
-        level = level->m_pParent;
+        level = level->m_parent;
     return level != &top ? level->m_nextSibling : nullptr;
 }
 
 bool ComboTree::ById::operator()(const ComboTreeItem* left, const ComboTreeItem* right) const {
-    if (left == right || left->m_Id != right->m_Id)
-        return left->m_Id < right->m_Id;
+    if (left == right || left->m_id != right->m_id)
+        return left->m_id < right->m_id;
     return ComesBefore(left, right, [](const ComboTreeItem* item) { return item->m_order; });
 }
 
 ComboTree::ComboTree() {
-    m_root.m_bExpanded = true;
+    m_root.m_isExpanded = true;
 }
 
 ComboTree::~ComboTree() {
@@ -50,11 +52,11 @@ ComboTree::~ComboTree() {
 
 ComboTreeItem& ComboTree::AddValue(ComboTreeItem& parent, long id, CVariantValue&& value, std::string label) {
     auto child = std::make_unique<ComboTreeItem>();
-    child->m_bIsValue = true;
-    child->m_Id = id;
-    child->m_Value = std::move(value);
-    child->m_strLabel = std::move(label);
-    child->m_nUnchecked = 1;
+    child->m_isValue = true;
+    child->m_id = id;
+    child->m_value = std::move(value);
+    child->m_label = std::move(label);
+    child->m_unchecked = 1;
     ComboTreeItem& item = AddChild(parent, std::move(child));
     ChangeCounts(parent, 0, 1);
     if (m_index)
@@ -64,17 +66,17 @@ ComboTreeItem& ComboTree::AddValue(ComboTreeItem& parent, long id, CVariantValue
 
 ComboTreeItem& ComboTree::AddGroup(ComboTreeItem& parent, std::string label) {
     auto child = std::make_unique<ComboTreeItem>();
-    child->m_strLabel = std::move(label);
+    child->m_label = std::move(label);
     return AddChild(parent, std::move(child));
 }
 
 ComboTreeItem& ComboTree::AddChild(ComboTreeItem& parent, std::unique_ptr<ComboTreeItem> child) {
     ComboTreeItem& item = *child;
-    item.m_nLevel = parent.m_nLevel + 1;
-    item.m_order = ++m_born;
+    item.m_level = parent.m_level + 1;
+    item.m_order = ++m_itemsMade;
     if (parent.m_index)
-        parent.m_index->insert(&item);
-    item.m_pParent = &parent;
+        parent.m_index->Add(item);
+    item.m_parent = &parent;
     item.m_previousSibling = std::exchange(parent.m_lastChild, child.release());
     (item.m_previousSibling ? item.m_previousSibling->m_nextSibling : parent.m_firstChild) = &item;
     ShowNewChild(item);
@@ -82,9 +84,9 @@ ComboTreeItem& ComboTree::AddChild(ComboTreeItem& parent, std::unique_ptr<ComboT
 }
 
 void ComboTree::ShowNewChild(ComboTreeItem& child) {
-    const ComboTreeItem& parent = *child.m_pParent;
-    if (&parent != &m_root && !(parent.HasRow() && parent.m_bExpanded)) {
-        child.m_nRow = parent.GetRow();
+    const ComboTreeItem& parent = *child.m_parent;
+    if (&parent != &m_root && !(parent.HasRow() && parent.m_isExpanded)) {
+        child.m_row = parent.GetRow();
         return;
     }
     ComboTreeItem* const items[] = {&child};
@@ -98,15 +100,14 @@ void ComboTree::ShowNewChild(ComboTreeItem& child) {
 
 ComboTreeItem* ComboTree::FindChild(ComboTreeItem& parent, std::string_view label) {
     // The entries of a group mostly come one after the other.
-    if (m_lastFound && m_lastFound->m_pParent == &parent && m_lastFound->m_strLabel == label)
+    if (m_lastFound && m_lastFound->m_parent == &parent && m_lastFound->m_label == label)
         return m_lastFound;
     if (!parent.m_index) {
-        parent.m_index = std::make_unique<ComboTreeItem::LabelIndex>();
+        parent.m_index = std::make_unique<ComboLabelIndex>();
         for (ComboTreeItem* child = parent.m_firstChild; child; child = child->m_nextSibling)
-            parent.m_index->insert(child);
+            parent.m_index->Add(*child);
     }
-    const auto found = parent.m_index->lower_bound(label);
-    m_lastFound = found != parent.m_index->end() && (*found)->m_strLabel == label ? *found : nullptr;
+    m_lastFound = parent.m_index->Find(label);
     return m_lastFound;
 }
 
@@ -114,18 +115,18 @@ ComboTreeItem* ComboTree::FindValue(long id) {
     if (!m_index)
         BuildIndex();
     const auto found = m_index->lower_bound(id);
-    return found != m_index->end() && (*found)->m_Id == id ? *found : nullptr;
+    return found != m_index->end() && (*found)->m_id == id ? *found : nullptr;
 }
 
 void ComboTree::BuildIndex() {
     m_index = std::make_unique<IdIndex>();
     for (ComboTreeItem* item = m_root.m_firstChild; item; item = item->GetNextUnder(m_root))
-        if (item->m_bIsValue)
+        if (item->m_isValue)
             m_index->insert(item);
 }
 
 void ComboTree::ForgetId(ComboTreeItem& item) {
-    if (m_index && item.m_bIsValue)
+    if (m_index && item.m_isValue)
         m_index->erase(&item);
 }
 
@@ -134,10 +135,10 @@ ComboTree::RowRange ComboTree::RemoveValue(ComboTreeItem& item) {
         return RemoveSubTree(item);
     ForgetId(item);
     ChangeCounts(item, item.m_isSelected ? -1 : 0, item.m_isSelected ? 0 : -1);
-    item.m_bIsValue = false;
+    item.m_isValue = false;
     item.m_isSelected = false;
-    item.m_Id = -1;
-    item.m_Value = CVariantValue();
+    item.m_id = -1;
+    item.m_value = CVariantValue();
     return {};
 }
 
@@ -153,35 +154,35 @@ ComboTree::RowRange ComboTree::RemoveSubTree(ComboTreeItem& item) {
         removed.push_back(under);
         ForgetId(*under);
     }
-    ChangeCounts(*item.m_pParent, -item.m_nChecked, -item.m_nUnchecked);
+    ChangeCounts(*item.m_parent, -item.m_checked, -item.m_unchecked);
     Unlink(item);
-    for (ComboTreeItem* const under : removed)
-        Bury(*under);
+    for (ComboTreeItem* under : removed)
+        Release(*under);
     return rows;
 }
 
 void ComboTree::Unlink(ComboTreeItem& item) {
     m_lastFound = nullptr;
-    ComboTreeItem& parent = *item.m_pParent;
+    ComboTreeItem& parent = *item.m_parent;
     if (parent.m_index)
-        parent.m_index->erase(&item);
+        parent.m_index->Remove(item);
     ComboTreeItem* previous = item.m_previousSibling;
     ComboTreeItem* next = item.m_nextSibling;
     (previous ? previous->m_nextSibling : parent.m_firstChild) = next;
     (next ? next->m_previousSibling : parent.m_lastChild) = previous;
 }
 
-void ComboTree::Bury(ComboTreeItem& item) {
-    item.m_pParent = item.m_firstChild = item.m_lastChild = nullptr;
+void ComboTree::Release(ComboTreeItem& item) {
+    item.m_parent = item.m_firstChild = item.m_lastChild = nullptr;
     item.m_previousSibling = item.m_nextSibling = nullptr;
     item.m_index.reset();
     std::unique_ptr<ComboTreeItem> owned(&item);
-    if (m_keeping > 0)
+    if (m_keepers > 0)
         m_removed.push_back(std::move(owned));
 }
 
 void ComboTree::EndKeeping() const {
-    if (--m_keeping == 0)
+    if (--m_keepers == 0)
         m_removed.clear();
 }
 
@@ -193,14 +194,14 @@ void ComboTree::Clear() {
     std::vector<ComboTreeItem*> removed;
     for (ComboTreeItem* item = m_root.m_firstChild; item; item = item->GetNextUnder(m_root))
         removed.push_back(item);
-    for (ComboTreeItem* const item : removed)
-        Bury(*item);
+    for (ComboTreeItem* item : removed)
+        Release(*item);
     m_root.m_firstChild = m_root.m_lastChild = nullptr;
-    m_root.m_nChecked = m_root.m_nUnchecked = 0;
+    m_root.m_checked = m_root.m_unchecked = 0;
 }
 
 ComboTree::RowRange ComboTree::Expand(ComboTreeItem& item) {
-    if (std::exchange(item.m_bExpanded, true) || !item.HasRow() || !item.HasChildren())
+    if (std::exchange(item.m_isExpanded, true) || !item.HasRow() || !item.HasChildren())
         return {};
     std::vector<ComboTreeItem*> shown;
     for (ComboTreeItem* under = item.m_firstChild; under; under = NextShownUnder(*under, item))
@@ -211,7 +212,7 @@ ComboTree::RowRange ComboTree::Expand(ComboTreeItem& item) {
 }
 
 ComboTree::RowRange ComboTree::Collapse(ComboTreeItem& item) {
-    if (!item.m_bExpanded || &item == &m_root)
+    if (!item.m_isExpanded || &item == &m_root)
         return {};
     RowRange rows;
     if (item.HasRow()) {
@@ -219,21 +220,21 @@ ComboTree::RowRange ComboTree::Collapse(ComboTreeItem& item) {
         rows.count = item.GetLastVisibleRow() + 1 - rows.first;
         m_rows.Erase(rows.first, rows.first + rows.count);
     }
-    item.m_bExpanded = false;
+    item.m_isExpanded = false;
     return rows;
 }
 
 void ComboTree::SetCheck(ComboTreeItem& item, bool check) {
-    if (item.m_bIsValue && std::exchange(item.m_isSelected, check) != check)
+    if (item.m_isValue && std::exchange(item.m_isSelected, check) != check)
         ChangeCounts(item, check ? 1 : -1, check ? -1 : 1);
 }
 
 void ComboTree::ChangeCounts(ComboTreeItem& item, int checked, int unchecked) {
     if (checked == 0 && unchecked == 0)
         return; // a path of empty groups can be of any length
-    for (ComboTreeItem* level = &item; level; level = level->m_pParent) {
-        level->m_nChecked += checked;
-        level->m_nUnchecked += unchecked;
+    for (ComboTreeItem* level = &item; level; level = level->m_parent) {
+        level->m_checked += checked;
+        level->m_unchecked += unchecked;
     }
 }
 
@@ -245,12 +246,12 @@ void ComboTree::SetLabel(ComboTreeItem& item, int column, std::string text) {
         return;
     }
     m_lastFound = nullptr;
-    ComboTreeItem::LabelIndex* index = item.m_pParent ? item.m_pParent->m_index.get() : nullptr;
+    ComboLabelIndex* index = item.m_parent ? item.m_parent->m_index.get() : nullptr;
     if (index)
-        index->erase(&item);
-    item.m_strLabel = std::move(text);
+        index->Remove(item);
+    item.m_label = std::move(text);
     if (index)
-        index->insert(&item);
+        index->Add(item);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,27 +1,27 @@
 #pragma once
 
+#include "korvel/editors/combo_rows.h"
 #include "korvel/editors/combo_tree_item.h"
 
 #include <memory>
 #include <set>
+#include <string_view>
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
-/// The tree behind a CComboList: items, the rows of those that are shown, and the counts of checked entries.
+/// The tree that a list shows: items, the rows of those that are shown, and the counts of checked entries.
 /// It knows neither the enumeration nor the list control.
 ///
 ///     ComboTree tree;
 ///     auto& fills = tree.AddGroup(tree.Root(), "fills");
 ///     auto& sand = tree.AddValue(fills, 7, std::move(value), "sand");
-///     tree.Expand(fills);          // rows 1 to before 2 came
+///     tree.Expand(fills);          // row 1 is new
 ///     tree.SetCheck(sand, true);
 ///     fills.GetChecked();          // 1
 ///
-/// Every operation is linear in what it changes, whatever the number of items. A walk that calls the host
-/// holds a `Keep`: items that the host has removed meanwhile are then out of the tree (GetParent is null),
-/// but can still be looked at.
-class KORVEL_API ComboTree {
+/// Every operation is linear in what it changes, whatever the number of items.
+class ComboTree {
 public:
     /// The rows from `first` to before `first + count`.
     struct RowRange {
@@ -29,12 +29,14 @@ public:
         int count = 0;
     };
 
-    class KORVEL_API Keep {
+    /// While one lives, removed items can still be looked at; GetParent is null. For whoever calls the host
+    /// with items at hand.
+    class KeepItems {
     public:
-        explicit Keep(const ComboTree& tree) : m_tree(tree) { ++m_tree.m_keeping; }
-        ~Keep() { m_tree.EndKeeping(); }
-        Keep(const Keep&) = delete;
-        Keep& operator=(const Keep&) = delete;
+        explicit KeepItems(const ComboTree& tree) : m_tree(tree) { ++m_tree.m_keepers; }
+        ~KeepItems() { m_tree.EndKeeping(); }
+        KeepItems(const KeepItems&) = delete;
+        KeepItems& operator=(const KeepItems&) = delete;
 
     private:
         const ComboTree& m_tree;
@@ -47,9 +49,11 @@ public:
 
     ComboTreeItem& Root() { return m_root; }
     const ComboTreeItem& Root() const { return m_root; }
+    /// False for an item that has been removed.
+    bool Contains(const ComboTreeItem& item) const { return item.GetParent() || &item == &m_root; }
     int RowCount() const { return m_rows.Size(); }
-    /// Null for a row that there is not.
-    ComboTreeItem* ItemAt(int row) const { return m_rows.Has(row) ? m_rows.At(row) : nullptr; }
+    /// Null for no such row.
+    ComboTreeItem* ItemAt(int row) const { return m_rows.At(row); }
 
     /// A new last child of `parent`; it has a row when `parent` and everything above it is expanded.
     ComboTreeItem& AddValue(ComboTreeItem& parent, long id, CVariantValue&& value, std::string label);
@@ -59,22 +63,23 @@ public:
     /// The first value with this number, in the order of the rows, or null.
     ComboTreeItem* FindValue(long id);
 
-    /// A value stops being an entry: it goes, or stays as a group while other entries stand under it. Answers
-    /// the row that is gone.
+    /// A value stops being an entry: it is removed, or stays as a group while other entries are under it.
+    /// Returns the row that is gone.
     RowRange RemoveValue(ComboTreeItem& item);
-    /// The item goes, with everything under it.
+    /// Removes the item with everything under it.
     RowRange RemoveSubTree(ComboTreeItem& item);
     /// Only the root is left.
     void Clear();
 
-    /// Answer the rows that came or went. An item that is not shown itself only remembers.
+    /// Return the rows that are new or gone. An item that is not shown itself only remembers.
     RowRange Expand(ComboTreeItem& item);
     RowRange Collapse(ComboTreeItem& item);
 
     /// Of a value: its own check, and the counts up to the root.
     void SetCheck(ComboTreeItem& item, bool check);
+    /// The value's own check, whatever is under it.
     static bool IsChecked(const ComboTreeItem& item) { return item.m_isSelected; }
-    void SetValue(ComboTreeItem& item, const CVariantValue& value) { item.m_Value = value; }
+    void SetValue(ComboTreeItem& item, const CVariantValue& value) { item.m_value = value; }
     void SetLabel(ComboTreeItem& item, int column, std::string text);
 
 private:
@@ -82,8 +87,8 @@ private:
     struct ById {
         using is_transparent = void;
         bool operator()(const ComboTreeItem* left, const ComboTreeItem* right) const;
-        bool operator()(const ComboTreeItem* item, long id) const { return item->m_Id < id; }
-        bool operator()(long id, const ComboTreeItem* item) const { return id < item->m_Id; }
+        bool operator()(const ComboTreeItem* item, long id) const { return item->m_id < id; }
+        bool operator()(long id, const ComboTreeItem* item) const { return id < item->m_id; }
     };
     using IdIndex = std::set<ComboTreeItem*, ById>;
 
@@ -92,18 +97,18 @@ private:
     static void ChangeCounts(ComboTreeItem& item, int checked, int unchecked);
     static ComboTreeItem* NextShownUnder(const ComboTreeItem& item, const ComboTreeItem& top);
     void Unlink(ComboTreeItem& item);
-    void Bury(ComboTreeItem& item);
+    void Release(ComboTreeItem& item);
     void ForgetId(ComboTreeItem& item);
     void BuildIndex();
     void EndKeeping() const;
 
     ComboTreeItem m_root;
     ComboRows m_rows;
-    std::uint64_t m_born = 0;
-    ComboTreeItem* m_lastFound = nullptr; // by FindChild, while that is still its answer
+    std::uint64_t m_itemsMade = 0;
+    ComboTreeItem* m_lastFound = nullptr; // by FindChild, as long as that would return it again
     std::unique_ptr<IdIndex> m_index;     // the values, from the first search on
-    mutable int m_keeping = 0;
+    mutable int m_keepers = 0;
     mutable std::vector<std::unique_ptr<ComboTreeItem>> m_removed;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -102,4 +102,4 @@ const Image& ComboTreeBitmap(ComboTreeCell cell) {
     return cells[static_cast<std::size_t>(cell)];
 }
 
-} // namespace korvel
+} // namespace korvel::internal

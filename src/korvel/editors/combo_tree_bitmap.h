@@ -2,11 +2,11 @@
 
 #include "korvel/window/base/image_list.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The cells of bitmap 15002: what stands before the label of an item in a tree.
 enum class ComboTreeCell { ClosedGroup, OpenGroup, Entry };
 
 const Image& ComboTreeBitmap(ComboTreeCell cell);
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,5 +1,6 @@
 #include "korvel/editors/grid_ctrl_combo_box_input_state.h"
 
+#include "korvel/editors/combo_choice.h"
 #include "korvel/editors/combo_list.h"
 
 namespace korvel {
@@ -17,7 +18,14 @@ IGridCtrlComboBoxInputState::~IGridCtrlComboBoxInputState() {
 }
 
 void IGridCtrlComboBoxInputState::OnMouseWheel(UINT flags, short delta, CPoint point) {
-    m_pList->ScrollByWheel(flags, delta, point);
+    // A list that does not scroll must not hand the wheel to the window below it.
+    if (m_pList->GetItemCount() > m_pList->GetCountPerPage())
+        m_pList->CListCtrl::WindowProc(WM_MOUSEWHEEL, MAKEWPARAM(flags, static_cast<unsigned>(delta)),
+                                       MAKELPARAM(point.x, point.y));
+    if (m_pList) {
+        m_pList->UpdateWindow();
+        m_pList->RedrawWindow();
+    }
 }
 
 void IGridCtrlComboBoxInputState::OnKeyDown(UINT key, UINT, UINT) {
@@ -34,19 +42,19 @@ void IGridCtrlComboBoxInputState::SetCurrent(int row) {
 }
 
 void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
-    CComboList* list = m_pList; // telling of the change may detach this state
+    CComboList* list = m_pList; // who is told of the change may detach this state
     if (list && row != -1) {
         list->SetItemState(row, highlighted ? LVIS_SELECTED : 0, LVIS_SELECTED);
         list->RedrawRow(row);
     }
 }
 
-void IGridCtrlComboBoxInputState::RowsCame(int first, int count) {
+void IGridCtrlComboBoxInputState::RowsAdded(int first, int count) {
     if (m_nCurrent >= first)
         m_nCurrent += count;
 }
 
-void IGridCtrlComboBoxInputState::RowsWent(int first, int count) {
+void IGridCtrlComboBoxInputState::RowsRemoved(int first, int count) {
     if (m_nCurrent >= first + count)
         m_nCurrent -= count;
     else if (m_nCurrent >= first)
@@ -71,7 +79,7 @@ int IGridCtrlComboBoxInputState::HitRow(CPoint point) const {
     return m_pList->HitTest({InsideColumn, point.y});
 }
 
-// An empty list is left with row 0 as the current one, which it has not: kept. Nothing is found there.
+// An empty list is left with row 0 as the current one although there is none: kept. Nothing is found there.
 void IGridCtrlComboBoxInputState::Move(int delta, ApplyMode apply) {
     Highlight(m_nCurrent, false);
     if (!m_pList)
@@ -87,7 +95,7 @@ void IGridCtrlComboBoxInputState::Move(int delta, ApplyMode apply) {
 
 void IGridCtrlComboBoxInputState::Apply() {
     if (m_pList) {
-        m_pList->GetModel().Apply(CurrentItem());
+        internal::ComboChoice(m_pList->GetModel()).Apply(CurrentItem());
         SendChanged();
     }
 }
@@ -126,6 +134,23 @@ bool IGridCtrlComboBoxInputState::PressTreeButton(ComboTreeItem& item, CPoint po
         return false;
     ToggleExpanded(item);
     return true;
+}
+
+// The click chooses nothing itself: what the pointer made current before is taken, wherever it is now. Kept;
+// a click without a move before it takes the former row.
+void CGridCtrlComboBoxInputState::OnLButtonDown(UINT, CPoint) {
+    Apply();
+    SendFinished();
+}
+
+void CGridCtrlComboBoxInputState::OnMouseMove(UINT, CPoint point) {
+    const int row = HitRow(point);
+    if (row != -1 && row != GetCurrent())
+        SetCurrent(row);
+}
+
+void CGridCtrlComboBoxInputState::Step(int delta) {
+    Move(delta, ApplyMode::Yes);
 }
 
 } // namespace korvel

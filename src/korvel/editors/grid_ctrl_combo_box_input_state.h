@@ -12,6 +12,8 @@ class ComboTreeItem;
 /// enumeration wants, and hands it every mouse and key event; a state knows its list and the current row
 /// only.
 ///
+///     list.GetInputState()->GetCurrent();   // the row that keys and commands are about
+///
 /// An operation may call the host, and the host may end the binding of the list: the state is then detached
 /// and does nothing more.
 class KORVEL_API IGridCtrlComboBoxInputState {
@@ -23,10 +25,13 @@ public:
     IGridCtrlComboBoxInputState(const IGridCtrlComboBoxInputState&) = delete;
     IGridCtrlComboBoxInputState& operator=(const IGridCtrlComboBoxInputState&) = delete;
 
+    // The events of the list, in its client coordinates; keys are VK_*.
+
     virtual void OnLButtonDown(UINT flags, CPoint point) = 0;
     virtual void OnLButtonUp(UINT, CPoint) {}
     virtual void OnMouseMove(UINT, CPoint) {}
-    /// Scrolls, in every state: arrows and wheel are to reach every row, whatever the list shows.
+    /// Scrolls, in every state: arrows and wheel are to reach every row, whatever the list shows. The point is
+    /// on the screen.
     virtual void OnMouseWheel(UINT flags, short delta, CPoint point);
     virtual void OnLButtonDblClk(UINT, CPoint) {}
     /// The base steps with the arrows up and down.
@@ -40,9 +45,10 @@ public:
     int GetCurrent() const { return m_nCurrent; } ///< -1: none
     /// Moves the highlight; -1 highlights nothing.
     void SetCurrent(int row);
-    /// The list has other rows: the current one keeps its item.
-    void RowsCame(int first, int count);
-    void RowsWent(int first, int count);
+    /// The list has rows more: the current one keeps its item.
+    void RowsAdded(int first, int count);
+    /// The list has rows less: none is current if the current one is among them.
+    void RowsRemoved(int first, int count);
     /// The rows are gone: there is nothing more to do.
     void Detach();
 
@@ -64,11 +70,11 @@ protected:
     void ToggleExpanded(ComboTreeItem& item);
     /// Left closes the current item, right opens it.
     void ExpandByKey(UINT key);
-    /// A part of the item's row. False also when the host, who is asked where it stands, has detached the
-    /// state.
     using Region = CRect (CComboList::*)(const ComboTreeItem& item) const;
+    /// Whether the point is in this part of the item's row. False also when the host, which is asked for what
+    /// the row shows, has detached the state.
     bool Hits(Region region, const ComboTreeItem& item, CPoint point) const;
-    /// A press where the tree button stands opens or closes the item. False elsewhere.
+    /// A press on the tree button opens or closes the item. False elsewhere.
     bool PressTreeButton(ComboTreeItem& item, CPoint point);
 
 private:
@@ -76,6 +82,15 @@ private:
 
     CComboList* m_pList;
     int m_nCurrent = -1;
+};
+
+/// A plain list that drops down: the highlight follows the pointer, and a click takes what is highlighted.
+class KORVEL_API CGridCtrlComboBoxInputState : public IGridCtrlComboBoxInputState {
+public:
+    using IGridCtrlComboBoxInputState::IGridCtrlComboBoxInputState;
+    void OnLButtonDown(UINT flags, CPoint point) override;
+    void OnMouseMove(UINT flags, CPoint point) override;
+    void Step(int delta) override;
 };
 
 } // namespace korvel

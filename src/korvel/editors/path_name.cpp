@@ -1,6 +1,6 @@
 #include "korvel/editors/path_name.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 std::string_view TakeSegment(std::string_view& path, char separator) {
     while (!path.empty() && path.front() == separator)
@@ -28,4 +28,4 @@ std::string UniqueName(const std::string& base, const std::function<bool(const s
     return candidate;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,13 +1,11 @@
 #pragma once
 
-#include "korvel/platform/export.h"
-
 #include <functional>
 #include <list>
 #include <string>
 #include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The segments of a path-shaped name.
 ///
@@ -16,13 +14,12 @@ namespace korvel {
 ///     stays
 ///
 /// Leading and repeated separators make no empty segments; an empty path has none.
-KORVEL_API std::list<std::string> SplitPathName(std::string_view path, char separator);
+std::list<std::string> SplitPathName(std::string_view path, char separator);
 
 /// The first segment of a path, which `path` then begins behind; empty when there is none.
 std::string_view TakeSegment(std::string_view& path, char separator);
 
 /// `base`, or `base` with the first number from 1 up with which it is not taken.
-KORVEL_API std::string UniqueName(const std::string& base,
-                                  const std::function<bool(const std::string&)>& isTaken);
+std::string UniqueName(const std::string& base, const std::function<bool(const std::string&)>& isTaken);
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -47,7 +47,7 @@ CTreeHelper& CTreeHelper::operator=(const CTreeHelper& other) {
 CTreeHelper::~CTreeHelper() = default;
 
 std::list<std::string> CTreeHelper::SplitStringName(const std::string& name, char separator) const {
-    return SplitPathName(name, separator);
+    return internal::SplitPathName(name, separator);
 }
 
 void CTreeHelper::Insert(const CVariantValue& value) {
@@ -104,8 +104,9 @@ CVariantValue CTreeHelper::AddNode(EDataTyps type, const std::string& base, cons
                                    const std::string& prefix) {
     CVariantValue value;
     value.Type = type;
-    value.Text =
-        prefix + UniqueName(base, [&](const std::string& name) { return level && level->count(name) != 0; });
+    value.Text = prefix + internal::UniqueName(base, [&](const std::string& name) {
+                     return level && level->count(name) != 0;
+                 });
     return value;
 }
 

@@ -1,5 +1,6 @@
+#include "korvel/editors/grid_ctrl_combo_box_input_state_tree.h"
+
 #include "korvel/editors/combo_list.h"
-#include "korvel/editors/grid_ctrl_combo_box_input_states.h"
 
 namespace korvel {
 

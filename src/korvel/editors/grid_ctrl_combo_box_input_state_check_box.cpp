@@ -1,5 +1,7 @@
+#include "korvel/editors/grid_ctrl_combo_box_input_state_check_box.h"
+
+#include "korvel/editors/combo_choice.h"
 #include "korvel/editors/combo_list.h"
-#include "korvel/editors/grid_ctrl_combo_box_input_states.h"
 
 namespace korvel {
 
@@ -28,7 +30,7 @@ void CGridCtrlComboBoxInputStateCheckBox::OnKeyDown(UINT key, UINT repeat, UINT 
 }
 
 void CGridCtrlComboBoxInputStateCheckBox::Toggle(ComboTreeItem& item) {
-    List()->GetModel().ToggleCheck(item);
+    internal::ComboChoice(List()->GetModel()).ToggleCheck(item);
     SendChanged();
     if (List())
         List()->RedrawWindow();

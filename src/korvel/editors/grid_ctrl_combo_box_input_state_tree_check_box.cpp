@@ -1,5 +1,7 @@
+#include "korvel/editors/grid_ctrl_combo_box_input_state_tree_check_box.h"
+
+#include "korvel/editors/combo_choice.h"
 #include "korvel/editors/combo_list.h"
-#include "korvel/editors/grid_ctrl_combo_box_input_states.h"
 
 namespace korvel {
 
@@ -37,7 +39,7 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnKeyDown(UINT key, UINT repeat, U
 
 // Repaints once for all rows that may show another check: a group can have any number of them.
 void CGridCtrlComboBoxInputStateTreeCheckBox::SetCheck(ComboTreeItem& item, bool check) {
-    List()->GetModel().SetCheck(item, check);
+    internal::ComboChoice(List()->GetModel()).SetCheck(item, check);
     if (List())
         List()->RedrawWindow();
 }

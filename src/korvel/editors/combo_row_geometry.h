@@ -2,15 +2,24 @@
 
 #include "korvel/window/base/types.h"
 
-namespace korvel {
+#include <optional>
 
-/// Where the parts of one row of a CComboList stand. All of them are as high as the row.
+namespace korvel {
+class CComboList;
+}
+
+namespace korvel::internal {
+
+/// Where the parts of one row of a CComboList are. All of them are as high as the row.
 struct ComboRowGeometry {
     CRect bounds;        ///< of the row; its left edge is that of column 0
     int level = 1;       ///< of the item; 1 at the top
     int columnWidth = 0; ///< of column 0
     bool hasChecks = false;
     bool hasIcons = false;
+
+    /// None for no such row.
+    static std::optional<ComboRowGeometry> Of(const CComboList& list, int row);
 
     CRect TreeBox() const { return Square(4 + Indent() - Height()); }
     /// Four pixels further right than the end of the tree box: kept, hosts know where a check box is hit.
@@ -29,4 +38,4 @@ private:
     }
 };
 
-} // namespace korvel
+} // namespace korvel::internal

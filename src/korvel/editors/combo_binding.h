@@ -1,0 +1,79 @@
+#pragma once
+
+#include "korvel/editors/combo_list_mode.h"
+#include "korvel/values/enum_value.h"
+#include "korvel/values/variant_value.h"
+
+#include <optional>
+
+namespace korvel::internal {
+
+/// What a list is bound to: one enumeration of the host, from Open to Close, and the value that selects some
+/// of its entries.
+class ComboBinding {
+public:
+    explicit ComboBinding(EComboListMode mode) : m_mode(mode) {}
+
+    /// What the next Open is about.
+    void SetValue(const CVariantValue& value);
+    CVariantValue& Value() { return m_value; }
+    const CVariantValue& Value() const { return m_value; }
+    /// Null while nothing is shown.
+    IEnumValue* Enumeration() const { return m_enumeration; }
+    EComboListMode Mode() const { return m_mode; }
+
+    void Open() { m_isOpen = true; }
+    void Close();
+    bool IsOpen() const { return m_isOpen; }
+
+    bool HasFlag(EnumFlags flag) const;
+    bool IsTable() const;
+    /// Names are split into a tree.
+    bool HasPaths() const { return m_mode != eDesignFlat && HasFlag(ENF_Tree); }
+    /// '\0' when the enumeration names none.
+    char Separator() const;
+    /// What splits names; none where they stay whole.
+    std::optional<char> PathSeparator() const;
+
+    /// Calls `visit(id)` for each entry while this binding lasts.
+    template <class Visit>
+    void VisitEntries(Visit visit) const;
+
+private:
+    friend class BindingWatch;
+
+    const EComboListMode m_mode;
+    IEnumValue* m_enumeration = nullptr;
+    CVariantValue m_value;
+    bool m_isOpen = false;
+    unsigned m_closings = 0;
+};
+
+/// Whether a binding that was there still is. Look after every call of the host: it may have ended the
+/// binding, and even begun another.
+///
+///     const BindingWatch bound(binding);
+///     if (!binding.Enumeration()->GetName(id, name) || !bound)
+///         return;
+class BindingWatch {
+public:
+    explicit BindingWatch(const ComboBinding& binding) : m_binding(binding), m_closings(binding.m_closings) {}
+    explicit operator bool() const { return m_closings == m_binding.m_closings; }
+
+private:
+    const ComboBinding& m_binding;
+    const unsigned m_closings;
+};
+
+template <class Visit>
+void ComboBinding::VisitEntries(Visit visit) const {
+    const BindingWatch bound(*this);
+    EnumPosition position = m_enumeration->GetFirstPosition();
+    while (bound && position) {
+        const long id = m_enumeration->GetNext(position);
+        if (bound)
+            visit(id);
+    }
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "korvel/editors/combo_list_codes.h"
+#include "korvel/editors/combo_model.h"
+#include "korvel/window/display/display.h"
+
+#include <string>
+#include <vector>
+
+namespace korvel {
+class CComboList;
+}
+
+namespace korvel::internal {
+
+/// The commands of a list: its context menu and what its entries do, and the editing of labels.
+class ComboCommands {
+public:
+    ComboCommands(CComboList& list, ComboModel& model) : m_list(list), m_model(model) {}
+
+    /// Bits of ECommandList.
+    void Enable(std::uint32_t commands, bool enable);
+    /// What the names of new entries begin with.
+    void SetBaseName(std::string name) { m_baseName = std::move(name); }
+
+    /// Makes the row at the point current and shows the menu there, if it has entries.
+    void TrackMenu(CPoint point);
+    /// False for a number that is no command, and while nothing is shown.
+    bool Run(UINT command);
+    /// The answer to LVN_BEGINLABELEDIT: 1 forbids the edit.
+    LRESULT OnBeginLabelEdit(int row);
+    /// The answer to LVN_ENDLABELEDIT: 1 when the row has its new label. `text` is null after Escape.
+    LRESULT OnEndLabelEdit(int row, const char* text);
+
+private:
+    std::vector<MenuEntry> BuildMenu(const ComboTreeItem* item) const;
+    void AddEntriesForAdding(std::vector<MenuEntry>& menu) const;
+    bool IsEnabled(std::uint32_t command, EnumFlags flag) const;
+    ComboTreeItem* CurrentItem() const;
+    ComboTreeItem* CurrentGroup() const;
+    bool TakesRootItems() const;
+
+    void TellDataSheet();
+    void AddRootItem();
+    void AddRootGroup();
+    void AddItem();
+    void AddGroup();
+    void Delete();
+    void Rename();
+    void AddEntryUnder(ComboTreeItem& parent);
+    void AddGroupUnder(ComboTreeItem& parent);
+
+    CComboList& m_list;
+    ComboModel& m_model;
+    std::uint32_t m_enabled = 0;
+    std::string m_baseName;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,199 @@
+#include "korvel/editors/combo_input.h"
+
+#include "korvel/editors/combo_list.h"
+#include "korvel/editors/grid_ctrl_combo_box_input_state.h"
+#include "korvel/editors/make_input_state.h"
+#include "korvel/window/display/display.h"
+#include "korvel/window/display/input.h"
+
+#include <utility>
+
+namespace korvel::internal {
+
+namespace {
+
+UINT RepeatOf(LPARAM data) {
+    return LOWORD(static_cast<std::uintptr_t>(data));
+}
+
+UINT FlagsOf(LPARAM data) {
+    return HIWORD(static_cast<std::uintptr_t>(data));
+}
+
+bool IsKeyOfLists(WPARAM key) {
+    return key == VK_SPACE || (key >= VK_LEFT && key <= VK_DOWN);
+}
+
+} // namespace
+
+ComboInput::ComboInput(CComboList& list, ComboModel& model)
+    : m_list(list), m_model(model), m_preview(list, {[&list](CPoint point) { return list.HitTest(point); },
+                                                     [&list](int row) { return list.GetImagePath(row); },
+                                                     [&list](int row) { return list.GetRectLabel(row); }}) {}
+
+void ComboInput::Begin() {
+    const BindingWatch bound(m_model.Binding());
+    const std::uint32_t flags = m_model.Binding().Enumeration()->GetEnumFlags();
+    if (!bound)
+        return;
+    auto state = MakeInputState(m_list, flags);
+    if (bound)
+        m_state = std::move(state);
+    else if (state)
+        state->Detach(); // the row that it repaints has asked the host
+}
+
+void ComboInput::End() {
+    m_preview.Close();
+    m_typeAhead = {};
+    if (const auto state = std::exchange(m_state, nullptr))
+        state->Detach();
+}
+
+std::optional<LRESULT> ComboInput::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONUP:
+    case WM_LBUTTONDBLCLK:
+        return HandleButton(message, wParam, lParam);
+    case WM_MOUSEMOVE:
+        return HandleMouseMove(wParam, lParam);
+    case WM_MOUSEWHEEL:
+        return HandleWheel(wParam, lParam);
+    case WM_KEYDOWN:
+    case WM_KEYUP:
+        return HandleKey(message, wParam, lParam);
+    case WM_CHAR:
+        return HandleCharacter(wParam, lParam);
+    case WM_SETFOCUS:
+    case WM_KILLFOCUS:
+        return HandleFocus(message, wParam, lParam);
+    case WM_TIMER:
+        if (wParam != ComboPreview::TimerId)
+            return std::nullopt;
+        if (m_list.IsInitialized())
+            m_preview.OnTimer();
+        return 0;
+    default:
+        return std::nullopt;
+    }
+}
+
+LRESULT ComboInput::PassToList(UINT message, WPARAM wParam, LPARAM lParam) {
+    return m_list.CListCtrl::WindowProc(message, wParam, lParam);
+}
+
+// The list control's own handling of a press takes the keyboard and selects. A list that drops down serves a
+// field that must keep the keyboard, and its input state alone selects.
+LRESULT ComboInput::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
+    const CPoint point = PointOf(lParam);
+    const auto flags = static_cast<UINT>(wParam);
+    const bool isDesign = m_list.GetMode() != eDropDown;
+    if (isDesign && m_list.HitTest(point) != -1)
+        PassToList(message, wParam & ~WPARAM{MK_SHIFT | MK_CONTROL}, lParam);
+    else if (isDesign && message == WM_LBUTTONDOWN)
+        m_list.SetFocus();
+    if (const auto state = m_state) {
+        if (message == WM_LBUTTONDOWN)
+            state->OnLButtonDown(flags, point);
+        else if (message == WM_LBUTTONUP)
+            state->OnLButtonUp(flags, point);
+        else
+            state->OnLButtonDblClk(flags, point);
+    }
+    DismissPreview();
+    return 0;
+}
+
+LRESULT ComboInput::HandleMouseMove(WPARAM wParam, LPARAM lParam) {
+    if (m_list.GetMode() != eDropDown)
+        PassToList(WM_MOUSEMOVE, wParam, lParam);
+    if (const auto state = m_state)
+        state->OnMouseMove(static_cast<UINT>(wParam), PointOf(lParam));
+    if (m_list.IsInitialized())
+        m_preview.OnMouseMove(PointOf(lParam));
+    return 0;
+}
+
+LRESULT ComboInput::HandleWheel(WPARAM wParam, LPARAM lParam) {
+    const auto state = m_state;
+    if (!state)
+        return PassToList(WM_MOUSEWHEEL, wParam, lParam);
+    state->OnMouseWheel(LOWORD(wParam), static_cast<short>(HIWORD(wParam)), PointOf(lParam));
+    DismissPreview();
+    return 0;
+}
+
+// Keys that mean nothing here go past the list control, which would move a selection of its own.
+LRESULT ComboInput::HandleKey(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const auto state = m_state) {
+        const auto key = static_cast<UINT>(wParam);
+        if (message == WM_KEYDOWN) {
+            state->OnKeyDown(key, RepeatOf(lParam), FlagsOf(lParam));
+            TakeForwardedCharacters(key, lParam);
+        } else {
+            state->OnKeyUp(key, RepeatOf(lParam), FlagsOf(lParam));
+        }
+    }
+    DismissPreview();
+    return IsKeyOfLists(wParam) ? 0 : DefWindowProcA(m_list.m_hWnd, message, wParam, lParam);
+}
+
+// An owner that hands its keys to the dropped list gets no characters for them.
+void ComboInput::TakeForwardedCharacters(UINT key, LPARAM data) {
+    const input::KeyOnTheWay* typed = input::CurrentKey();
+    if (!typed || typed->window == m_list.m_hWnd || typed->key != key)
+        return;
+    const CString characters = typed->characters;
+    for (const char character : characters)
+        HandleCharacter(static_cast<unsigned char>(character), data);
+}
+
+LRESULT ComboInput::HandleCharacter(WPARAM wParam, LPARAM lParam) {
+    const auto state = m_state;
+    const auto character = static_cast<char>(wParam);
+    if (!state || static_cast<unsigned char>(character) < ' ')
+        return DefWindowProcA(m_list.m_hWnd, WM_CHAR, wParam, lParam);
+    if (character == ' ' && state->TakesSpace())
+        return 0;
+    const int row = FindRowByText(m_typeAhead.Type(character, Display().Now()));
+    if (row != -1 && row != state->GetCurrent())
+        state->Step(row - state->GetCurrent());
+    return 0;
+}
+
+int ComboInput::FindRowByText(const TypeAhead::Search& search) const {
+    const ComboTree& tree = m_model.Tree();
+    const int count = tree.RowCount();
+    const int first = m_list.GetCurrentRow() + (search.beginsAtNext ? 1 : 0);
+    for (int step = 0; step < count && !search.beginning.empty(); ++step) {
+        const int row = (std::max(first, 0) + step) % count;
+        if (TypeAhead::BeginsWith(tree.ItemAt(row)->GetLabel(), search.beginning))
+            return row;
+    }
+    return -1;
+}
+
+LRESULT ComboInput::HandleFocus(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = PassToList(message, wParam, lParam);
+    m_list.RedrawRow(m_list.GetCurrentRow());
+    m_list.SendParentComboMessage(message == WM_SETFOCUS ? ComboListSetFocus : ComboListKillFocus);
+    return result;
+}
+
+// A value that is written back may make the list hear of itself: the picture must not vanish under it.
+void ComboInput::DismissPreview() {
+    if (m_list.IsRunningUpdateDisp())
+        m_dismissesAfterWriting = true;
+    else
+        m_preview.Dismiss();
+}
+
+void ComboInput::OnWrittenBack() {
+    if (std::exchange(m_dismissesAfterWriting, false)) {
+        m_preview.Dismiss();
+        m_list.RedrawWindow();
+    }
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "korvel/editors/combo_columns.h"
+#include "korvel/editors/combo_commands.h"
+#include "korvel/editors/combo_input.h"
+#include "korvel/editors/combo_list.h"
+#include "korvel/editors/combo_model.h"
+#include "korvel/editors/combo_write_back.h"
+
+namespace korvel::internal {
+
+/// What a CComboList is made of. The rows of the control follow those of the model.
+struct ComboListParts final : ComboRowSink {
+    ComboListParts(CComboList& comboList, EComboListMode mode);
+
+    void OnRowsAdded(ComboTree::RowRange rows) override;
+    void OnRowsHidden(ComboTree::RowRange rows) override;
+    void OnRowsRemoved(ComboTree::RowRange rows) override;
+
+    CComboList& list;
+    ComboModel model;
+    ComboColumns columns;
+    ComboWriteBack writeBack;
+    ComboInput input;
+    ComboCommands commands;
+    std::set<EDataTyps> sinkTypes;
+    HWND owner = nullptr;
+    IDateFormatChangedImp<CComboList> dateSink;
+    IAngleFormatChangedImp<CComboList> angleSink;
+    INumberFormatChangedImp<CComboList> numberSink;
+    IEnumSinkImp<CComboList> enumSink;
+};
+
+} // namespace korvel::internal

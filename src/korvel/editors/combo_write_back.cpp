@@ -1,0 +1,55 @@
+#include "korvel/editors/combo_write_back.h"
+
+namespace korvel::internal {
+
+void ComboWriteBack::SetMember(IMemberDispatch* object, const std::string& name) {
+    m_object = object;
+    m_memberName = name;
+}
+
+void ComboWriteBack::Forget() {
+    m_object = nullptr;
+    m_memberName.clear();
+    m_isDirty = false;
+}
+
+void ComboWriteBack::Write(IObserverGrid* observer) {
+    if (!m_object || m_isWriting)
+        return;
+    struct Writing {
+        explicit Writing(bool& flag) : isWriting(flag) { isWriting = true; }
+        ~Writing() { isWriting = false; }
+        bool& isWriting;
+    };
+    const Writing writing(m_isWriting);
+    const std::string name = m_memberName; // the host may end the binding meanwhile
+    WriteTo(*m_object, name, observer);
+}
+
+void ComboWriteBack::WriteTo(IMemberDispatch& object, const std::string& name, IObserverGrid* observer) {
+    const BindingWatch bound(m_binding);
+    const CVariantValue written = m_binding.Value();
+    object.SetMember(name, written);
+    if (observer)
+        observer->OnChange(&object, nullptr, name, written);
+    CVariantValue now = written;
+    object.GetMember(name, now);
+    if (bound)
+        m_binding.Value() = now;
+    if (observer && now != written)
+        observer->OnChange(&object, nullptr, name, now);
+}
+
+const bool& ComboWriteBack::IsDirty() {
+    m_isDirty = false;
+    if (!m_object || m_isWriting)
+        return m_isDirty;
+    const BindingWatch bound(m_binding);
+    const std::string name = m_memberName;
+    CVariantValue now;
+    if (m_object->GetMember(name, now) && bound)
+        m_isDirty = now != m_binding.Value();
+    return m_isDirty;
+}
+
+} // namespace korvel::internal
