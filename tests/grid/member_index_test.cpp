@@ -5,7 +5,7 @@
 #include <map>
 #include <random>
 
-namespace korvel {
+namespace korvel::internal {
 namespace {
 
 // Against a plain map, with so few names and objects that they meet often.
@@ -49,4 +49,4 @@ TEST(MemberIndex, AnswersAsAPlainMapThroughoutRandomOperations) {
 }
 
 } // namespace
-} // namespace korvel
+} // namespace korvel::internal

@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <utility>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -114,4 +114,4 @@ void UnescapeDashes(const CVariantValue& value, CString& text) {
     text.append(escaped, from, CString::npos);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// What the text of a cell is made of.
 enum class CellText {
@@ -40,4 +40,4 @@ FormatService FormatServiceOf(const CVariantValue& value);
 /// Takes the escapes off the dashes of a list text whose entries are paths.
 void UnescapeDashes(const CVariantValue& value, CString& text);
 
-} // namespace korvel
+} // namespace korvel::internal

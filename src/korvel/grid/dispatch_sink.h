@@ -31,10 +31,4 @@ private:
     CEditableGrid* m_grid;
 };
 
-/// The sink for the object that a grid is bound to.
-class IOpenGLDispatchSinkRoot : public IOpenGLDispatchSinkImp {
-public:
-    explicit IOpenGLDispatchSinkRoot(CEditableGrid* grid) : IOpenGLDispatchSinkImp(nullptr, grid) {}
-};
-
 } // namespace korvel

@@ -1,41 +1,112 @@
 #include "korvel/grid/editable_grid.h"
 
+#include "korvel/grid/attribute_rows.h"
+#include "korvel/grid/cell_conversion.h"
+#include "korvel/grid/dispatch_sink.h"
 #include "korvel/grid/member_reads.h"
 #include "korvel/window/app/app.h"
+#include "korvel/window/base/first_failure.h"
+#include "korvel/window/core/registered_messages.h"
 
-#include <utility>
+#include <algorithm>
+#include <climits>
 
 namespace korvel {
 
+using internal::BindingWatch;
+using internal::FirstFailure;
+using internal::RowsWatch;
+
 namespace {
 
-// Raises a flag for its lifetime.
-class Rebinding {
-public:
-    explicit Rebinding(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~Rebinding() { m_flag = false; }
-    Rebinding(const Rebinding&) = delete;
-    Rebinding& operator=(const Rebinding&) = delete;
+int PositionOf(const unsigned long& position) {
+    return position > static_cast<unsigned long>(INT_MAX) ? -1 : static_cast<int>(position);
+}
 
-private:
-    bool& m_flag;
-};
+FormatService ServiceOfType(EDataTyps type) {
+    const auto conversion = internal::FindCellConversion(type);
+    return conversion ? conversion->service : FormatService::None;
+}
 
 } // namespace
 
-CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
-    : m_pObserver(observer), m_pEnumContainer(enumerations) {}
+// The rows of the grid's objects, and the grid as the tree in which they stand.
+class CEditableGrid::Binding final : private internal::AttributeTree {
+public:
+    Binding(CEditableGrid& grid, IObserverGrid* observer) : m_grid(grid), rows(*this, observer) {}
 
+private:
+    CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
+        CTreeItem* row = m_grid.LinkNode(parent, info.get(), position);
+        info.release(); // the row's from here on
+        return row;
+    }
+    void ShowRow(CTreeItem& row) override { m_grid.ShowNode(&row); }
+    void RemoveRow(CTreeItem& row) override { m_grid.TakeNode(&row); }
+    void RewriteRow(const CTreeItem& row) override { m_grid.RefreshRowTexts(&row); }
+    void ChangeMany(const std::function<void()>& change) override {
+        const RedrawPause pause(m_grid);
+        change();
+    }
+
+    void OnFilled() override {
+        m_grid.SetColumnWidths();
+        m_hasWidths = true;
+    }
+    void OnEnding() override { m_grid.CtrlClear(); }
+    void OnEnded() override {
+        FirstFailure failure;
+        failure.Try([&] { m_grid.DeleteAllNodes(); });
+        m_grid.Invalidate();
+        if (std::exchange(m_hasWidths, false))
+            m_grid.SaveColumnWidths();
+        while (m_grid.GetColumnCount() > 0)
+            m_grid.DeleteColumn(0);
+        failure.Rethrow();
+    }
+
+    void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
+                         std::string& text, CItemInfo::CONTROLTYPE& control) override {
+        m_grid.ConvertToOutput(disp, name, value, text, control);
+    }
+    int ChooseImage(int image, const std::string& name, IMemberDispatch* disp) override {
+        if (!(m_grid.m_ImageStyle & IS_AskParent))
+            return image;
+        ImageIndex question{image, &name, disp};
+        korvel::SendMessageA(korvel::GetParent(m_grid.m_hWnd), WM_GET_IMAGEINDEX, 0,
+                             reinterpret_cast<LPARAM>(&question));
+        return question.index;
+    }
+    std::unique_ptr<IObserverGridSink> MakeSink(IMemberDispatch* disp) override {
+        return std::make_unique<IOpenGLDispatchSinkImp>(disp, &m_grid);
+    }
+
+    CEditableGrid& m_grid;
+    bool m_hasWidths = false;
+
+public:
+    internal::AttributeRows rows; // asks for a sink when it is made
+};
+
+CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
+    : m_pEnumContainer(enumerations), m_binding(std::make_unique<Binding>(*this, observer)) {}
+
+// What observers and row notices throw now has nobody to go to.
 CEditableGrid::~CEditableGrid() {
-    DestroyWindow();
-    // A grid without a window may show an object as well.
-    ReadOr(false, [&] { return Clear(), true; });
+    FirstFailure unheard;
+    unheard.Try([&] { DestroyWindow(); });
+    unheard.Try([&] { Clear(); }); // a grid without a window may show an object as well
 }
 
 LRESULT CEditableGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_DESTROY)
-        Clear();
-    return CSuperGridCtrl::WindowProc(message, wParam, lParam);
+    if (message != WM_DESTROY)
+        return CSuperGridCtrl::WindowProc(message, wParam, lParam);
+    FirstFailure failure;
+    failure.Try([&] { Clear(); });
+    LRESULT result = 0;
+    failure.Try([&] { result = CSuperGridCtrl::WindowProc(message, wParam, lParam); });
+    failure.Rethrow();
+    return result;
 }
 
 bool CEditableGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -49,37 +120,19 @@ bool CEditableGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LR
 void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTitle,
                                const std::string& valueTitle, const unsigned long& extendedStyle) {
     const ModuleStateGuard guard;
-    if (m_bInitialized || m_isRebinding)
-        return;
-    const Rebinding rebinding(m_isRebinding);
-    iconWidth = iconHeight = 16;
-    SetExtendedStyle(static_cast<UINT>(extendedStyle));
-    ModifyStyle(0, LVS_OWNERDRAWFIXED);
-    ModifyStyleEx(0, WS_EX_CLIENTEDGE);
-    InsertColumns(nameTitle, valueTitle);
-    m_Items.Clear();
-    m_Groups.clear();
-    m_pRootDisp = disp;
-    if (disp) {
-        const RedrawPause pause(*this);
-        InsertItems(*disp, nullptr, -1);
-    }
-    if (m_pObserver)
-        m_pObserver->AddSink(m_pRootDisp, &m_RootSink);
-    SetColumnWidths();
-    // Kept: nested objects hear of their sink a second time.
-    std::vector<IMemberDispatch*> shown;
-    for (const auto& [sub, group] : m_Groups)
-        shown.push_back(sub);
-    for (IMemberDispatch* sub : shown)
-        if (const auto group = m_Groups.find(sub); group != m_Groups.end() && m_pObserver)
-            m_pObserver->AddSink(sub, &group->second.sink);
-    m_bInitialized = 1;
+    m_binding->rows.Bind(disp, [&] {
+        iconWidth = iconHeight = 16;
+        SetExtendedStyle(static_cast<UINT>(extendedStyle));
+        ModifyStyle(0, LVS_OWNERDRAWFIXED);
+        ModifyStyleEx(0, WS_EX_CLIENTEDGE);
+        InsertColumns(nameTitle, valueTitle);
+    });
 }
 
 void CEditableGrid::InsertColumns(const std::string& nameTitle, const std::string& valueTitle) {
     if (m_Layout == eMultiColumn) {
-        for (const auto& [column, name] : m_ColumnNames)
+        const auto columns = m_binding->rows.layout.GetColumns();
+        for (const auto& [column, name] : columns)
             InsertColumn(column, name, 0);
     } else {
         InsertColumn(0, nameTitle, 0);
@@ -90,7 +143,7 @@ void CEditableGrid::InsertColumns(const std::string& nameTitle, const std::strin
 void CEditableGrid::SetColumnWidths() {
     if (m_Layout == eMultiColumn) {
         const int known = static_cast<int>(m_ColumnInfo.size());
-        for (const auto& [column, name] : m_ColumnNames)
+        for (int column = 0; column < GetColumnCount(); ++column)
             SetColumnWidth(column, column < known ? m_ColumnInfo[static_cast<std::size_t>(column)].width
                                                   : LVSCW_AUTOSIZE_USEHEADER);
     } else if (m_ColumnInfo.size() == 2) {
@@ -106,74 +159,50 @@ void CEditableGrid::SetColumnWidths() {
 
 void CEditableGrid::Clear() {
     const ModuleStateGuard guard;
-    if (!m_bInitialized || m_isRebinding)
-        return;
-    const Rebinding rebinding(m_isRebinding);
-    CtrlClear();
-    // The sinks must live until the observer has let go of them; nothing that it tells meanwhile adds rows.
-    auto groups = std::exchange(m_Groups, {});
-    IMemberDispatch* root = std::exchange(m_pRootDisp, nullptr);
-    if (m_pObserver) {
-        for (auto& [sub, group] : groups)
-            m_pObserver->RemoveSink(sub, &group.sink);
-        m_pObserver->RemoveSink(root, &m_RootSink);
-    }
-    m_Items.Clear();
-    m_Groups.clear();
-    UpdateSubscriptions();
-    m_ColumnNames.clear();
-    m_ColumnIndices.clear();
-    m_bInitialized = 0;
-    DeleteAllNodes();
-    Invalidate();
-    SaveAndDeleteColumns();
+    m_binding->rows.Unbind();
 }
 
-void CEditableGrid::SaveAndDeleteColumns() {
+void CEditableGrid::SaveColumnWidths() {
     const int columns = GetColumnCount();
     if (m_ColumnInfo.size() < static_cast<std::size_t>(columns))
         m_ColumnInfo.resize(static_cast<std::size_t>(columns));
-    for (int column = 0; column < columns; ++column) {
-        m_ColumnInfo[static_cast<std::size_t>(column)] = {column, GetColumnWidth(0)};
-        DeleteColumn(0);
-    }
+    for (int column = 0; column < columns; ++column)
+        m_ColumnInfo[static_cast<std::size_t>(column)] = {column, GetColumnWidth(column)};
 }
 
 void CEditableGrid::SetLayoutMultiColumn(const std::list<std::string>& columns) {
     const ModuleStateGuard guard;
-    m_ColumnNames.clear();
-    m_ColumnIndices.clear();
-    int index = 0;
-    for (const std::string& name : columns) {
-        m_ColumnNames[index] = name;
-        m_ColumnIndices[name] = index++;
-    }
+    m_binding->rows.layout.SetColumns(columns);
     SetGridLayout(eMultiColumn);
 }
 
 void CEditableGrid::SetLayoutSingleAttrColumn() {
     const ModuleStateGuard guard;
-    m_ColumnNames.clear();
-    m_ColumnIndices.clear();
+    m_binding->rows.layout.ClearColumns();
     SetGridLayout(eSingleAttrColumn);
 }
 
 void CEditableGrid::SetGridLayout(EGridLayout layout) {
-    IMemberDispatch* root = m_pRootDisp;
-    Clear();
+    IMemberDispatch* root = GetRootDisp();
+    FirstFailure failure;
+    failure.Try([&] { Clear(); });
     m_Layout = layout;
+    m_binding->rows.layout.rowsAreObjects = layout == eMultiColumn;
     if (root)
-        Initialize(root, "Attribut", "Wert", 0); // kept: these titles in every language
+        failure.Try([&] { Initialize(root, "Attribut", "Wert", 0); }); // kept: in every language
+    failure.Rethrow();
 }
 
 int CEditableGrid::GetSubItem(const std::string& name) const {
-    const auto found = m_ColumnIndices.find(name);
-    return found == m_ColumnIndices.end() ? 1 : found->second;
+    return m_binding->rows.layout.ColumnOf(name);
 }
 
 std::string CEditableGrid::GetColumn(const int& column) const {
-    const auto found = m_ColumnNames.find(column);
-    return found == m_ColumnNames.end() ? std::string() : found->second;
+    return m_binding->rows.layout.NameOf(column);
+}
+
+IMemberDispatch* CEditableGrid::GetRootDisp() const {
+    return m_binding->rows.GetRoot();
 }
 
 IMemberDispatch* CEditableGrid::GetDispInterface(int row) const {
@@ -181,28 +210,16 @@ IMemberDispatch* CEditableGrid::GetDispInterface(int row) const {
 }
 
 IMemberDispatch* CEditableGrid::GetDispInterface(const CTreeItem* node) const {
-    if (!node)
-        return nullptr;
-    if (m_Layout == eMultiColumn)
-        return node->info ? node->info->disp : nullptr;
-    return node->parent() ? node->parent()->info->disp : m_pRootDisp;
+    return m_binding->rows.ObjectOf(node);
 }
 
 CEditableGrid::CTreeItem* CEditableGrid::LookupTreeItem(IMemberDispatch* disp) const {
-    const auto group = m_Groups.find(disp);
-    return group == m_Groups.end() ? nullptr : group->second.node;
+    return m_binding->rows.Find(disp);
 }
 
 CEditableGrid::CTreeItem* CEditableGrid::LookupTreeItem(IMemberDispatch* disp,
                                                         const std::string& name) const {
-    return m_Items.Find(disp, name).node;
-}
-
-CEditableGrid::ShownObject CEditableGrid::FindShown(IMemberDispatch* disp) const {
-    if (disp && disp == m_pRootDisp)
-        return {true, nullptr};
-    CTreeItem* row = disp ? LookupTreeItem(disp) : nullptr;
-    return {row != nullptr, row};
+    return m_binding->rows.Find(disp, name);
 }
 
 std::string CEditableGrid::GetAttrName(const CItemInfo* info) const {
@@ -220,6 +237,108 @@ std::string CEditableGrid::MemberOfCell(const CTreeItem& node, int column) const
     return m_Layout == eMultiColumn ? GetColumn(column) : node.info->text;
 }
 
+void CEditableGrid::InsertDispMember(CTreeItem* parent, IMemberDispatch* disp, const unsigned long& position,
+                                     const std::string& name, const CVariantValue& value) {
+    const ModuleStateGuard guard;
+    m_binding->rows.Insert(parent, disp, PositionOf(position), name, value);
+}
+
+void CEditableGrid::RemoveDispMember(CTreeItem*, IMemberDispatch* disp, const std::string& name,
+                                     const CVariantValue&) {
+    const ModuleStateGuard guard;
+    m_binding->rows.Remove(disp, name);
+}
+
+void CEditableGrid::OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) {
+    m_binding->rows.OnRowUnlinked(node, formerParent);
+}
+
+void CEditableGrid::OnChangeIdent(const std::string&, const std::string&) {}
+
+void CEditableGrid::OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
+    const ModuleStateGuard guard;
+    m_binding->rows.Change(disp, name, value);
+}
+
+void CEditableGrid::OnChangeEditFlag(IMemberDispatch* disp, const std::string& name, const bool& editable) {
+    const ModuleStateGuard guard;
+    m_binding->rows.ChangeEditFlag(disp, name, editable);
+}
+
+void CEditableGrid::OnChangeControlType(IMemberDispatch* disp, const std::string& name, EDataTyps,
+                                        const CVariantValue& value) {
+    const ModuleStateGuard guard;
+    m_binding->rows.ChangeControlType(disp, name, value);
+}
+
+void CEditableGrid::OnOperationAdd(IMemberDispatch* disp, const std::string& name,
+                                   const CVariantValue& value) {
+    const ModuleStateGuard guard;
+    m_binding->rows.Add(disp, name, value);
+}
+
+void CEditableGrid::OnOperationInsert(IMemberDispatch* disp, const unsigned long& position,
+                                      const std::string& name, const CVariantValue& value) {
+    const ModuleStateGuard guard;
+    m_binding->rows.InsertAt(PositionOf(position), disp, name, value);
+}
+
+void CEditableGrid::OnOperationRemove(IMemberDispatch* disp, const std::string& name,
+                                      const CVariantValue& value) {
+    const ModuleStateGuard guard;
+    const CTreeItem* node = LookupTreeItem(disp, name);
+    if (!node)
+        return;
+    const BindingWatch binding = m_binding->rows.WatchBinding();
+    int selected = -1;
+    if (GetSelectedNode() == node) {
+        selected = RowOfNode(node);
+        SetItemState(selected, 0, LVIS_SELECTED | LVIS_FOCUSED);
+    }
+    FirstFailure failure;
+    failure.Try([&] { RemoveDispMember(nullptr, disp, name, value); });
+    const int rows = GetItemCount();
+    const int row = selected < rows ? selected : std::max(selected - 1, 0);
+    if (binding && selected != -1 && row < rows)
+        SelectRow(row);
+    failure.Rethrow();
+}
+
+void CEditableGrid::OnOperationRename(IMemberDispatch* disp, const std::string& name,
+                                      const std::string& newName) {
+    const ModuleStateGuard guard;
+    m_binding->rows.Rename(disp, name, newName);
+}
+
+void CEditableGrid::OnOperationChangeType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
+                                          const CVariantValue& value) {
+    const ModuleStateGuard guard;
+    OnChangeControlType(disp, name, oldType, value);
+    OnChange(disp, name, value);
+}
+
+void CEditableGrid::OnOperationChangeTupelPresentation(IMemberDispatch* disp, const std::string& text) {
+    const ModuleStateGuard guard;
+    m_binding->rows.ChangePresentation(disp, text);
+}
+
+void CEditableGrid::AddSink(EDataTyps type, IMemberDispatch* disp, const std::string& name) {
+    m_binding->rows.SetService(disp, name, ServiceOfType(type));
+}
+
+bool CEditableGrid::RemoveSink(EDataTyps type, IMemberDispatch* disp, const std::string& name) {
+    const FormatService registered = m_binding->rows.GetService(disp, name);
+    const bool isList = type & TypeBitList;
+    if (registered == FormatService::None || (!isList && registered != ServiceOfType(type)))
+        return false;
+    return m_binding->rows.SetService(disp, name, FormatService::None);
+}
+
+void CEditableGrid::ConvertToOutput(IMemberDispatch*, const std::string&, const CVariantValue& value,
+                                    std::string& text, CItemInfo::CONTROLTYPE& control) {
+    internal::ConvertCell(value, text, control);
+}
+
 void CEditableGrid::ModifyImageStyle(std::uint32_t add, std::uint32_t remove) {
     m_ImageStyle = (m_ImageStyle & ~remove) | add;
 }
@@ -230,14 +349,17 @@ int CEditableGrid::GetIcon(const CTreeItem* node) {
 
 UINT CEditableGrid::GetCheckState(const CTreeItem* node, int column) {
     IMemberDispatch* disp = GetDispInterface(node);
-    if (!disp)
-        return 0;
+    if (!disp || !m_binding->rows.IsBound())
+        return 0; // while a binding ends, its objects may be gone before their rows
     const std::string name = MemberOfCell(*node, column);
     UINT state = DFCS_BUTTONCHECK;
     if (!node->info->IsCellEnabled(column - 1))
         state |= DFCS_INACTIVE;
+    const RowsWatch rows = m_binding->rows.WatchRows();
     CVariantValue value;
-    ReadMember(*disp, name, value); // the node may be gone then
+    internal::ReadMember(*disp, name, value);
+    if (!rows)
+        return state;
     if ((value.Type == DT_Bool && value.Value.Bool) || OnGetCheckState(disp, name, value))
         state |= DFCS_CHECKED;
     return state;

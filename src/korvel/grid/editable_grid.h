@@ -1,24 +1,17 @@
 #pragma once
 
-#include "korvel/grid/dispatch_sink.h"
-#include "korvel/grid/member_index.h"
 #include "korvel/grid/super_grid_ctrl.h"
-#include "korvel/output/format_notification.h"
-#include "korvel/values/enum_value.h"
-#include "korvel/values/member_dispatch.h"
 #include "korvel/values/observer_grid.h"
 
 #include <cstdint>
 #include <list>
-#include <map>
-#include <set>
+#include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace korvel {
 
-class GroupPresentation;
+class IEnumContainer;
 
 enum EGridLayout {
     eSingleAttrColumn = 0, // a row is a member: its name, its value
@@ -37,7 +30,7 @@ struct SColumnInfo {
     int width = 0; // pixels
 };
 
-/// What WM_GET_IMAGEINDEX carries (lParam).
+/// What WM_GET_IMAGEINDEX carries (lParam). `name` and `disp` are lent for the message.
 struct ImageIndex {
     int index = 0; // in: what the grid would take; out: the parent's choice
     const std::string* name = nullptr;
@@ -54,20 +47,32 @@ struct ImageIndex {
 ///     sink->OnChange("length", longer);   // the sink that the observer was given for the axis
 ///     grid.GetItemText(0, 1);        // "13,00 m"
 ///
-/// The object stays the host's, must live until Clear, and is read on the thread of the windows. The grid
-/// never changes rows by itself: it changes the object and tells the observer, and the host answers through
-/// the sink. Objects that throw or know nothing of a member show an empty value. An object within itself
-/// shows as a group without members. A null observer or object is tolerated everywhere.
-class KORVEL_API CEditableGrid : public CSuperGridCtrl, private FormatSink {
+/// Objects and observer stay the host's and are called on the thread of the windows: a nested object must
+/// live until the observer has heard RemoveSink for it, the root until Clear returns, the observer as long as
+/// the grid. Destroying the window is a Clear, too. The grid never changes rows by itself: it changes the
+/// object and tells the observer, and the host tells the grid through the sink. A null observer or object is
+/// tolerated everywhere.
+///
+/// Objects that throw or know nothing of a member show an empty value. An object within itself shows as a
+/// group without members. Whatever the grid calls of the host (objects, enumerations, presentations, the
+/// observer, the parent window, overrides) may call the grid back, end the binding, destroy the window or
+/// throw; it must not delete the grid. An exception leaves a binding whole or undone, and every sink of what
+/// is not shown taken back.
+///
+/// The fields of a binding (root, groups, members, columns) are not the control's: derived grids ask
+/// GetRootDisp, LookupTreeItem, GetDispInterface, GetSubItem and GetColumn.
+class KORVEL_API CEditableGrid : public CSuperGridCtrl {
 public:
     CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations);
     ~CEditableGrid() override;
 
-    /// Shows an object, null included. Without effect while one is shown: rebinding is Clear, then this.
-    /// `extendedStyle`: LVS_EX_*. The columns take the widths of SetColumnInfo where there are such.
+    /// Shows an object, null included. Without effect while one is shown, and from within Initialize and
+    /// Clear: rebinding is Clear, then this. `extendedStyle`: LVS_EX_*. The columns take the widths of
+    /// SetColumnInfo where there are such.
     void Initialize(IMemberDispatch* disp, const std::string& nameTitle, const std::string& valueTitle,
                     const unsigned long& extendedStyle);
-    /// Shows nothing; the widths of the columns are kept for the next Initialize.
+    /// Shows nothing; the widths of the columns are kept for the next Initialize. From within Initialize it
+    /// ends that.
     void Clear();
 
     /// The multi-column layout, with a column for each member name; the first one is the tree's. To be set
@@ -82,7 +87,7 @@ public:
     /// The member of a column; empty for a column without a member.
     std::string GetColumn(const int& column) const;
 
-    IMemberDispatch* GetRootDisp() const { return m_pRootDisp; }
+    IMemberDispatch* GetRootDisp() const;
     /// The object that owns the member of a row (in the multi-column layout, the object that the row is).
     IMemberDispatch* GetDispInterface(int row) const;
     IMemberDispatch* GetDispInterface(const CTreeItem* node) const;
@@ -95,6 +100,7 @@ public:
     std::string GetAttrName(const CItemInfo* info) const;
 
     /// Adds one member of an object below `parent`, null for a root row. `position` as in AddChildNode.
+    /// Without effect while nothing is shown.
     void InsertDispMember(CTreeItem* parent, IMemberDispatch* disp, const unsigned long& position,
                           const std::string& name, const CVariantValue& value);
     /// Removes a member with everything under it; the objects below are not asked. In the multi-column
@@ -102,17 +108,19 @@ public:
     void RemoveDispMember(CTreeItem* parent, IMemberDispatch* disp, const std::string& name,
                           const CVariantValue& value);
 
-    /// Text and editor of a value's cell; `text` stays as it is for a type that a cell does not show.
+    /// Text and editor of a value's cell; `text` stays as it is for a type that a cell does not show. What it
+    /// throws leaves an empty cell.
     virtual void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
                                  std::string& text, CItemInfo::CONTROLTYPE& control);
     /// True draws the check box of a cell checked whatever the value is.
     virtual bool OnGetCheckState(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
 
-    // What the sinks lead to. Members and objects that are not shown are ignored.
+    // Where the sinks lead; see IObserverGridSink. Members and objects that are not shown are ignored.
+    /// Does nothing: an object's own name is not shown.
     void OnChangeIdent(const std::string& name, const std::string& newName);
-    /// Rewrites a cell. A flag that differs from the object's is written through to the object.
     void OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
     void OnChangeEditFlag(IMemberDispatch* disp, const std::string& name, const bool& editable);
+    /// The first half of OnOperationChangeType: editor and format service. `oldType` is kept for callers.
     void OnChangeControlType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
                              const CVariantValue& value);
     void OnOperationAdd(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
@@ -130,20 +138,26 @@ public:
     /// its entries are.
     bool RemoveSink(EDataTyps type, IMemberDispatch* disp, const std::string& name);
 
-    void SetEnumImp(IEnumContainer* enumerations) { m_pEnumContainer = enumerations; }
-    void SetAllowRemove(bool allow) { m_AllowRemove = allow; }
-    void SetAllowRename(bool allow) { m_AllowRename = allow; }
-    void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }
-    void SetAllowAdd(bool allow) { m_AllowAdd = allow; }
+    /// False: a press in a cell begins no edit.
     void SetAllowEdit(bool allow) { m_AllowEdit = allow; }
-    void SetAllowFormats(bool allow) { m_AllowFormats = allow; }
-    void SetAllowCopyClipboard(bool allow) { m_AllowCopyClipboard = allow; }
-    void SetAllowWriteProtect(bool allow) { m_AllowWriteProtect = allow; }
     void ModifyImageStyle(std::uint32_t add, std::uint32_t remove);
     std::uint32_t GetImageStyle() const { return m_ImageStyle; }
-    /// The types that a new attribute may have, as a mask.
+
+    // What follows is kept for the operations on members and their menu, and has no effect before there are
+    // such.
+    /// The enumerations that a new attribute may be a value of; must outlive the grid. No effect yet.
+    void SetEnumImp(IEnumContainer* enumerations) { m_pEnumContainer = enumerations; }
+    void SetAllowRemove(bool allow) { m_AllowRemove = allow; }               ///< No effect yet.
+    void SetAllowRename(bool allow) { m_AllowRename = allow; }               ///< No effect yet.
+    void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }       ///< No effect yet.
+    void SetAllowAdd(bool allow) { m_AllowAdd = allow; }                     ///< No effect yet.
+    void SetAllowFormats(bool allow) { m_AllowFormats = allow; }             ///< No effect yet.
+    void SetAllowCopyClipboard(bool allow) { m_AllowCopyClipboard = allow; } ///< No effect yet.
+    void SetAllowWriteProtect(bool allow) { m_AllowWriteProtect = allow; }   ///< No effect yet.
+    /// The types that a new attribute may have, as a mask. No effect yet.
     void SetEnableUserAttributsTyps(std::uint32_t types) { m_EnableUserAttributsTyps = types; }
     std::uint32_t GetEnableUserAttributsTyps() const { return m_EnableUserAttributsTyps; }
+    /// Kept for callers; nothing reads the details.
     void AddImplementationDetail(EImplementationDetail detail) { m_ImplementationDetails |= detail; }
 
     int GetIcon(const CTreeItem* node) override;
@@ -166,21 +180,7 @@ protected:
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
 
-    /// A nested object that is shown: the sink that the host was given, and the row.
-    struct ShownGroup {
-        ShownGroup(IMemberDispatch* disp, CEditableGrid* grid, CTreeItem* row)
-            : sink(disp, grid), node(row) {}
-        IOpenGLDispatchSinkImp sink;
-        CTreeItem* node;
-    };
-
-    IOpenGLDispatchSinkRoot m_RootSink{this};
-    int m_bInitialized = 0;
-    IMemberDispatch* m_pRootDisp = nullptr;
-    IObserverGrid* m_pObserver;
     IEnumContainer* m_pEnumContainer;
-    std::map<IMemberDispatch*, ShownGroup> m_Groups; // the observer hears them in this order
-    MemberIndex m_Items;                             // carries the registration with format services as well
 
     bool m_AllowRemove = true;
     bool m_AllowRename = true;
@@ -191,8 +191,6 @@ protected:
     bool m_AllowCopyClipboard = false;
     bool m_AllowWriteProtect = true;
 
-    std::map<int, std::string> m_ColumnNames;
-    std::map<std::string, int> m_ColumnIndices;
     EGridLayout m_Layout = eSingleAttrColumn;
     std::uint32_t m_ImageStyle = 0;
     std::uint32_t m_EnableUserAttributsTyps = 0xFFFFFFFF;
@@ -200,54 +198,15 @@ protected:
     std::vector<SColumnInfo> m_ColumnInfo;
 
 private:
-    void OnFormatChanged(FormatService service) override;
+    class Binding;
 
     void SetGridLayout(EGridLayout layout);
     void InsertColumns(const std::string& nameTitle, const std::string& valueTitle);
     void SetColumnWidths();
-    void SaveAndDeleteColumns();
-
-    void InsertItems(IMemberDispatch& disp, CTreeItem* parent, int position);
-    void InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int position, const std::string& name,
-                     IMemberDispatch* sub);
-    void InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, int position, const std::string& name,
-                         const CVariantValue& value);
-    void InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
-                          const CVariantValue& value);
-    CTreeItem* AddMemberNode(CTreeItem* parent, CItemInfo* info, int position);
-    int AskImage(int image, const std::string& name, IMemberDispatch* disp) const;
-    static GroupPresentation* PresentationOf(IMemberDispatch& sub);
-    void ShowPresentation(CItemInfo& info, IMemberDispatch& sub) const;
-    bool IsShownAbove(const CTreeItem* parent, const IMemberDispatch* sub) const;
-    void EnterGroup(IMemberDispatch* sub, CTreeItem* row);
-    void FileRow(IMemberDispatch* disp, const std::string& name, CTreeItem* row, FormatService service);
-
-    /// What a cell shows of a value.
-    struct CellContent {
-        CString text;
-        CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
-        COLORREF color = CItemInfo::NoColor;
-    };
-    CellContent MakeCell(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
-    static void StoreCell(CItemInfo& info, int cell, CellContent content);
-    static void MoveCell(CItemInfo& info, int from, int to);
-    void WriteFlagThrough(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
-    static FormatService ServiceOf(const CVariantValue& value);
-    void Register(IMemberDispatch* disp, const std::string& name, FormatService service);
-    /// Listens to exactly those services on which a member's text depends.
-    void UpdateSubscriptions();
-
-    /// Whether the grid shows the object, and the row whose children its members are (null for the root).
-    struct ShownObject {
-        bool isShown;
-        CTreeItem* row;
-    };
-    ShownObject FindShown(IMemberDispatch* disp) const;
+    void SaveColumnWidths();
     std::string MemberOfCell(const CTreeItem& node, int column) const;
 
-    std::vector<FormatService> m_subscriptions;
-    bool m_isRebinding = false; // in Initialize or Clear: what is called from within begins neither anew
-    std::set<std::pair<IMemberDispatch*, std::string>> m_flagsInWriting;
+    std::unique_ptr<Binding> m_binding;
 };
 
 } // namespace korvel

@@ -39,6 +39,9 @@ public:
         ctRandom = 13,
     };
 
+    /// Whether a cell shows its colour as a swatch.
+    static constexpr bool IsSwatch(CONTROLTYPE type) { return type == ctColor || type == ctColorAlpha; }
+
     static constexpr COLORREF NoColor = 0xFFFFFFFF;
 
     CItemInfo();

@@ -2,7 +2,7 @@
 
 #include <functional>
 
-namespace korvel {
+namespace korvel::internal {
 
 std::uint32_t MemberIndex::HashOf(std::string_view name) {
     return static_cast<std::uint32_t>(std::hash<std::string_view>()(name));
@@ -93,6 +93,24 @@ bool MemberIndex::Remove(const IMemberDispatch* disp, std::string_view name) {
     return slot != MemberTable::NotFound;
 }
 
+// The new entry is made before the former goes, so that a member is never without one.
+void MemberIndex::Rename(IMemberDispatch* disp, const std::string& name, std::string newName,
+                         FormatService service) {
+    const Found found = Find(disp, name);
+    if (!found.node)
+        return;
+    Reserve(disp, 1);
+    Remove(disp, newName);
+    if (found.isCell) {
+        AddCell(disp, newName, found.node, service);
+        Remove(disp, name);
+        return;
+    }
+    AddRow(disp, newName, found.node, service);
+    Remove(disp, name);
+    found.node->info->text.swap(newName);
+}
+
 void MemberIndex::RemoveRow(const IMemberDispatch* disp, const CTreeItem& row) {
     const auto table = m_tables.find(disp);
     if (table == m_tables.end())
@@ -130,4 +148,4 @@ std::vector<std::pair<IMemberDispatch*, std::string>> MemberIndex::MembersOf(For
     return members;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

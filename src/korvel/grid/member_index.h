@@ -7,7 +7,7 @@
 #include <string>
 #include <unordered_map>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// Finds the node that shows a member, by its object and name, and knows which format service the member's
 /// text depends on.
@@ -42,6 +42,9 @@ public:
     /// False when the member is not filed.
     bool SetService(const IMemberDispatch* disp, std::string_view name, FormatService service);
     bool Remove(const IMemberDispatch* disp, std::string_view name);
+    /// Files a member under another name, which a row takes as its text. Whatever was filed there is not any
+    /// more. Without effect when the member is not filed.
+    void Rename(IMemberDispatch* disp, const std::string& name, std::string newName, FormatService service);
     /// Removes the entry of a row that shows a member of `disp`, whatever its text has become since.
     void RemoveRow(const IMemberDispatch* disp, const CTreeItem& row);
     /// Removes all members of an object.
@@ -68,4 +71,4 @@ private:
     std::vector<const std::string*> m_names; // the keys of m_nameNumbers, from number 1 on
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -6,9 +6,9 @@
 #include <new>
 #include <string>
 
-/// Reads of a host's object while its rows are filled: an object that throws answers as one that has no such
+/// Reads of a host's object while its rows are filled: an object that throws reads as one that has no such
 /// member, and the rest of it is shown all the same. Only running out of memory passes through.
-namespace korvel {
+namespace korvel::internal {
 
 template <typename Result, typename Read>
 Result ReadOr(Result otherwise, Read read) {
@@ -46,4 +46,11 @@ inline std::list<std::string> ReadMemberNames(IMemberDispatch& disp) {
     return names;
 }
 
-} // namespace korvel
+/// Whether the members are to be shown in the object's own order.
+inline bool ReadKeepsOrder(IMemberDispatch& disp) {
+    return ReadOr(
+               0u, [&] { return disp.GetOptions(); }) &
+           DO_KeepOrder;
+}
+
+} // namespace korvel::internal

@@ -1,6 +1,6 @@
 #include "korvel/grid/member_table.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 void MemberTable::Resize(std::size_t slots) {
     const std::vector<MemberEntry> former = std::exchange(m_slots, std::vector<MemberEntry>(slots));
@@ -33,4 +33,4 @@ void MemberTable::Remove(std::size_t slot) {
     m_slots[gap] = MemberEntry();
 }
 
-} // namespace korvel
+} // namespace korvel::internal

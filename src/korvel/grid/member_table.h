@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// A member that is filed: the row that shows it, and what its text depends on.
 struct MemberEntry {
@@ -72,4 +72,4 @@ private:
     std::size_t m_used = 0;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,0 +1,411 @@
+#include "korvel/grid/attribute_rows.h"
+
+#include "korvel/grid/cell_content.h"
+#include "korvel/grid/cell_conversion.h"
+#include "korvel/grid/group_texts.h"
+#include "korvel/grid/member_reads.h"
+#include "korvel/grid/row_icons.h"
+#include "korvel/window/base/first_failure.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace korvel::internal {
+
+namespace {
+
+// Objects nested deeper show as groups without members: a host may make them endlessly.
+constexpr int DeepestLevel = 2000;
+
+// Nothing when the value throws.
+FormatService ReadFormatService(const CVariantValue& value) {
+    return ReadOr(
+        FormatService::None, [&] { return FormatServiceOf(value); });
+}
+
+// Sets a flag for its lifetime.
+class Raised {
+public:
+    explicit Raised(bool& flag) : m_flag(flag), m_former(std::exchange(flag, true)) {}
+    ~Raised() { m_flag = m_former; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+private:
+    bool& m_flag;
+    const bool m_former;
+};
+
+} // namespace
+
+AttributeRows::AttributeRows(AttributeTree& tree, IObserverGrid* observer)
+    : m_tree(tree), m_observer(observer), m_rootSink(tree.MakeSink(nullptr)), m_groups(tree, observer),
+      m_subscriptions(*this) {}
+
+void AttributeRows::Bind(IMemberDispatch* root, const std::function<void()>& addColumns) {
+    if (m_isBound || m_isRebinding)
+        return;
+    const Raised rebinding(m_isRebinding);
+    m_isBound = true;
+    try {
+        const BindingWatch binding = WatchBinding();
+        addColumns();
+        if (binding)
+            Fill(root);
+    } catch (...) {
+        FirstFailure later; // what made the binding fail goes on, not what its end brings
+        later.Try([&] { Unbind(); });
+        throw;
+    }
+}
+
+void AttributeRows::Fill(IMemberDispatch* root) {
+    const BindingWatch binding = WatchBinding();
+    m_root = root;
+    if (root)
+        m_tree.ChangeMany([&] { InsertMembers(*root, nullptr); });
+    if (binding && m_observer) {
+        m_isRootTold = true;
+        m_observer->AddSink(root, m_rootSink.get());
+    }
+    if (binding)
+        m_tree.OnFilled();
+    m_groups.TellAllAgain(); // kept: nested objects hear of their sink a second time
+}
+
+void AttributeRows::Unbind() {
+    if (!m_isBound || m_isEnding)
+        return;
+    const Raised rebinding(m_isRebinding);
+    const Raised ending(m_isEnding);
+    FirstFailure failure;
+    failure.Try([&] { m_tree.OnEnding(); });
+    // Everything that leads to the rows goes before the observer is told, which may come back here.
+    m_isBound = false;
+    ++m_bindingLosses;
+    ++m_rowLosses;
+    IMemberDispatch* root = std::exchange(m_root, nullptr);
+    ShownGroups::Leaving groups = m_groups.LeaveAll();
+    m_index.Clear();
+    m_subscriptions.Update(m_index);
+    groups.TakeBack(failure);
+    if (std::exchange(m_isRootTold, false))
+        failure.Try([&] { m_observer->RemoveSink(root, m_rootSink.get()); });
+    layout.ClearColumns();
+    failure.Try([&] { m_tree.OnEnded(); });
+    failure.Rethrow();
+}
+
+IMemberDispatch* AttributeRows::ObjectOf(const CTreeItem* row) const {
+    if (!row)
+        return nullptr;
+    if (layout.rowsAreObjects)
+        return row->info ? row->info->disp : nullptr;
+    return row->parent() ? row->parent()->info->disp : m_root;
+}
+
+AttributeRows::ShownObject AttributeRows::FindShown(IMemberDispatch* disp) const {
+    if (disp && disp == m_root)
+        return {true, nullptr};
+    CTreeItem* row = disp ? Find(disp) : nullptr;
+    return {row != nullptr, row};
+}
+
+void AttributeRows::InsertMembers(IMemberDispatch& disp, CTreeItem* parent) {
+    const RowsWatch rows = WatchRows();
+    std::list<std::string> names = ReadMemberNames(disp);
+    if (rows && !ReadKeepsOrder(disp) && !std::is_sorted(names.begin(), names.end()))
+        names.sort();
+    if (!rows)
+        return;
+    m_index.Reserve(&disp, names.size());
+    for (const std::string& name : names) {
+        CVariantValue value;
+        ReadMember(disp, name, value);
+        if (rows)
+            Insert(parent, &disp, -1, name, value);
+        if (!rows)
+            return; // `parent` may be gone, and the object with it
+    }
+}
+
+void AttributeRows::Insert(CTreeItem* parent, IMemberDispatch* disp, int position, const std::string& name,
+                           const CVariantValue& value) {
+    if (!disp || !m_isBound)
+        return;
+    if (value.Type == DT_Group)
+        InsertGroup(parent, disp, position, name, value.Value.Dispatch);
+    else if (!layout.rowsAreObjects)
+        InsertMemberRow(parent, *disp, position, name, value);
+    else if (parent)
+        InsertMemberCell(*parent, *disp, name, value);
+}
+
+void AttributeRows::InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int position,
+                                const std::string& name, IMemberDispatch* sub) {
+    const RowsWatch rows = WatchRows();
+    auto info = std::make_unique<CItemInfo>();
+    info->disp = sub;
+    info->text = name;
+    info->image = m_tree.ChooseImage(RowIconGroup, name, disp);
+    if (rows && sub)
+        ShowTexts(*sub, layout, rows, *info);
+    if (!rows)
+        return;
+    const bool hasMembers = sub && !IsShownAbove(parent, sub);
+    AddRow({parent, position, disp, name, FormatService::None}, std::move(info), [&](CTreeItem& row) {
+        if (!hasMembers || row.indent() >= DeepestLevel)
+            return;
+        m_groups.Enter(*sub, row);
+        if (rows)
+            InsertMembers(*sub, &row);
+    });
+}
+
+bool AttributeRows::IsShownAbove(const CTreeItem* parent, const IMemberDispatch* sub) const {
+    for (; parent; parent = parent->parent())
+        if (parent->info->disp == sub)
+            return true;
+    return sub == m_root;
+}
+
+// The row is filed before it is shown, so that whoever hears of it can find and remove it.
+void AttributeRows::AddRow(const RowPlace& place, std::unique_ptr<CItemInfo> info,
+                           const std::function<void(CTreeItem&)>& fill) {
+    const RowsWatch rows = WatchRows();
+    CTreeItem* row = m_tree.LinkRow(place.parent, std::move(info), place.position);
+    try {
+        if (m_index.AddRow(place.disp, place.name, row, place.service))
+            m_subscriptions.Update(m_index);
+        m_tree.ShowRow(*row);
+        if (rows)
+            fill(*row);
+    } catch (...) {
+        FirstFailure later;
+        if (rows || Find(place.disp, place.name) == row)
+            later.Try([&] { m_tree.RemoveRow(*row); });
+        throw;
+    }
+}
+
+void AttributeRows::InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, int position,
+                                    const std::string& name, const CVariantValue& value) {
+    const RowsWatch rows = WatchRows();
+    auto info = std::make_unique<CItemInfo>();
+    info->text = name;
+    info->image = m_tree.ChooseImage(RowIconMember, name, &disp);
+    if (!rows)
+        return;
+    MakeCell(disp, name, value).StoreIn(*info, 0);
+    if (!rows)
+        return;
+    info->SetCellEnabled(0, ReadMemberEditable(disp, name));
+    if (!rows)
+        return;
+    const FormatService service = ReadFormatService(value);
+    if (rows)
+        AddRow({parent, position, &disp, name, service}, std::move(info), [](CTreeItem&) {});
+}
+
+void AttributeRows::InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
+                                     const CVariantValue& value) {
+    const RowsWatch rows = WatchRows();
+    const CellContent cell = MakeCell(disp, name, value);
+    if (!rows)
+        return;
+    const bool isEditable = ReadMemberEditable(disp, name);
+    if (!rows)
+        return;
+    const FormatService service = ReadFormatService(value);
+    if (!rows)
+        return;
+    if (m_index.AddCell(&disp, name, &row, service))
+        m_subscriptions.Update(m_index);
+    cell.StoreIn(*row.info, CellOf(name));
+    // Kept: whatever its column, a member's protection greys the first value cell.
+    row.info->SetCellEnabled(0, isEditable);
+    m_tree.RewriteRow(row);
+}
+
+CellContent AttributeRows::MakeCell(IMemberDispatch& disp, const std::string& name,
+                                    const CVariantValue& value) {
+    const RowsWatch rows = WatchRows();
+    CellContent cell;
+    ReadOr(false, [&] {
+        m_tree.ConvertToOutput(&disp, name, value, cell.text, cell.control);
+        if (rows)
+            UnescapeDashes(value, cell.text);
+        return true;
+    });
+    if (CItemInfo::IsSwatch(cell.control))
+        cell.color = value.Value.UInt;
+    return cell;
+}
+
+void AttributeRows::Remove(IMemberDispatch* disp, const std::string& name) {
+    const MemberIndex::Found found = m_index.Find(disp, name);
+    if (found.node)
+        m_tree.ChangeMany([&] { Forget(found, disp, name); });
+}
+
+void AttributeRows::Forget(const MemberIndex::Found& found, IMemberDispatch* disp, const std::string& name) {
+    if (!found.isCell) {
+        m_tree.RemoveRow(*found.node);
+        return;
+    }
+    CellContent().StoreIn(*found.node->info, CellOf(name));
+    m_index.Remove(disp, name);
+    m_subscriptions.Update(m_index);
+}
+
+// Everything that leads to the rows goes before the observer is told, which may come back here.
+void AttributeRows::OnRowUnlinked(CTreeItem& top, const CTreeItem* formerParent) {
+    ++m_rowLosses;
+    m_index.RemoveRow(formerParent ? formerParent->info->disp : m_root, top);
+    std::vector<CTreeItem*> rows; // children in order, then their parent: from the last to the first
+    std::vector<CTreeItem*> open{&top};
+    while (!open.empty()) {
+        CTreeItem* row = open.back();
+        open.pop_back();
+        rows.push_back(row);
+        for (CTreeItem* child : row->children()) {
+            m_index.RemoveRow(row->info->disp, *child);
+            open.push_back(child);
+        }
+    }
+    std::reverse(rows.begin(), rows.end());
+    ShownGroups::Leaving groups = m_groups.Leave(rows);
+    for (const IMemberDispatch* disp : groups.GetObjects())
+        m_index.RemoveObject(disp); // the members that are cells as well
+    m_subscriptions.Update(m_index);
+    FirstFailure failure;
+    groups.TakeBack(failure);
+    failure.Rethrow();
+}
+
+void AttributeRows::Add(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
+    const ShownObject shown = FindShown(disp);
+    if (!shown.isShown)
+        return;
+    const BindingWatch binding = WatchBinding();
+    Insert(shown.row, disp, -1, name, value);
+    IMemberDispatch* sub = value.Value.Dispatch;
+    if (value.Type != DT_Group || !sub || !m_observer || !binding)
+        return;
+    // Kept: the observer hears of an added object again, and of one that has no rows without a sink.
+    if (!m_groups.TellAgain(sub) && m_groups.IsEmpty() && Find(disp, name))
+        m_observer->AddSink(sub, nullptr);
+}
+
+void AttributeRows::InsertAt(int position, IMemberDispatch* disp, const std::string& name,
+                             const CVariantValue& value) {
+    if (const ShownObject shown = FindShown(disp); shown.isShown)
+        Insert(shown.row, disp, position, name, value);
+}
+
+void AttributeRows::Change(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
+    CTreeItem* row = Find(disp, name);
+    if (!row)
+        return;
+    const RowsWatch rows = WatchRows();
+    const auto isGone = [&] { return !rows && Find(disp, name) != row; };
+    const EDataTyps type = ReadMemberType(*disp, name);
+    if (isGone())
+        return;
+    const CellContent cell = MakeCell(*disp, name, value);
+    if (isGone())
+        return;
+    if (type == DT_Bool)
+        m_flags.Write(*disp, name, value, rows); // kept: what the cell shows is read when it is drawn
+    else if (FindCellConversion(type))
+        cell.StoreIn(*row->info, CellOf(name));
+    else
+        return;
+    if (!isGone())
+        m_tree.RewriteRow(*row);
+}
+
+void AttributeRows::ChangeEditFlag(IMemberDispatch* disp, const std::string& name, bool editable) {
+    const CTreeItem* row = Find(disp, name);
+    if (!row)
+        return;
+    if (const int cell = CellOf(name); cell >= 0)
+        row->info->SetCellEnabled(cell, editable);
+    m_tree.RewriteRow(*row);
+}
+
+void AttributeRows::ChangeControlType(IMemberDispatch* disp, const std::string& name,
+                                      const CVariantValue& value) {
+    const CTreeItem* row = Find(disp, name);
+    if (!row)
+        return;
+    const FormatService service = ReadFormatService(value);
+    if (Find(disp, name) != row)
+        return;
+    SetService(disp, name, service);
+    const auto conversion = FindCellConversion(value.Type);
+    if (!conversion || conversion->service == FormatService::None || conversion->control == CItemInfo::ctDate)
+        return;
+    // Kept: the first value cell, whatever the member's column is.
+    row->info->SetControlType(0, conversion->control);
+}
+
+void AttributeRows::ChangePresentation(IMemberDispatch* disp, const std::string& text) {
+    const CTreeItem* row = Find(disp);
+    if (!row || !row->info)
+        return;
+    const bool isButton = ShowsTexts(*disp);
+    if (Find(disp) != row)
+        return;
+    row->info->SetSubItem(0, text);
+    if (isButton)
+        row->info->SetControlType(0, CItemInfo::ctButton);
+    m_tree.RewriteRow(*row);
+}
+
+void AttributeRows::Rename(IMemberDispatch* disp, const std::string& name, const std::string& newName) {
+    const MemberIndex::Found found = m_index.Find(disp, name);
+    if (name == newName || !found.node)
+        return;
+    CVariantValue value;
+    const bool isRead = ReadMember(*disp, newName, value);
+    if (Find(disp, name) != found.node)
+        return;
+    const FormatService service = isRead ? ReadFormatService(value) : FormatService::None;
+    if (Find(disp, name) != found.node)
+        return;
+    m_index.Rename(disp, name, newName, service);
+    if (found.isCell)
+        CellContent::Move(*found.node->info, CellOf(name), CellOf(newName));
+    m_subscriptions.Update(m_index);
+    m_tree.RewriteRow(*found.node);
+}
+
+void AttributeRows::Reread(IMemberDispatch& disp, const std::string& name) {
+    CVariantValue value;
+    if (ReadMember(disp, name, value))
+        Change(&disp, name, value);
+}
+
+bool AttributeRows::SetService(IMemberDispatch* disp, const std::string& name, FormatService service) {
+    const bool isShown = m_index.SetService(disp, name, service);
+    if (isShown)
+        m_subscriptions.Update(m_index);
+    return isShown;
+}
+
+void AttributeRows::OnFormatChanged(FormatService service) {
+    FirstFailure failure;
+    m_tree.ChangeMany([&] {
+        for (const auto& [disp, name] : m_index.MembersOf(service)) {
+            IMemberDispatch* object = disp;
+            const std::string& member = name;
+            if (Find(object, member)) // else it was removed while another one was read
+                failure.Try([&] { Reread(*object, member); });
+        }
+    });
+    failure.Rethrow();
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,142 @@
+#pragma once
+
+#include "korvel/grid/attribute_tree.h"
+#include "korvel/grid/flag_writer.h"
+#include "korvel/grid/format_subscriptions.h"
+#include "korvel/grid/member_index.h"
+#include "korvel/grid/row_layout.h"
+#include "korvel/grid/rows_watch.h"
+#include "korvel/grid/shown_groups.h"
+#include "korvel/output/format_notification.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace korvel::internal {
+
+struct CellContent;
+
+/// Says whether the binding still lasts that there was when the watch began: a RowsWatch over bindings.
+using BindingWatch = RowsWatch;
+
+/// Binds a tree to an object of the host: which rows there are, what they show, and how they follow what the
+/// host tells of its objects. Knows no window.
+///
+///     AttributeRows rows(tree, &observer);
+///     rows.Bind(&axis, [] {});              // the tree has a row for each member of the axis
+///     rows.Change(&axis, "length", value);  // rewrites one cell
+///     rows.Unbind();
+///
+/// Objects that throw, or know nothing of a member, show an empty value. The host may do anything while it is
+/// called but destroy this object. When something throws all the same (the observer, a row notice, want of
+/// memory), a binding that was being made is undone, a row that was being added is gone, and what was being
+/// removed is gone with every sink taken back; then the first exception goes on.
+class AttributeRows final : private FormatSink {
+public:
+    using CTreeItem = grid::CTreeItem;
+
+    /// `tree` and `observer` (which may be null) must outlive this.
+    AttributeRows(AttributeTree& tree, IObserverGrid* observer);
+
+    /// Shows an object, null included. Without effect while one is shown, and from within Bind and Unbind.
+    /// `addColumns` is called before the rows come.
+    void Bind(IMemberDispatch* root, const std::function<void()>& addColumns);
+    /// Shows nothing. From within Bind it ends that binding.
+    void Unbind();
+
+    bool IsBound() const { return m_isBound; }
+    IMemberDispatch* GetRoot() const { return m_root; }
+    /// The object that owns the member of a row; where a row is an object, that object.
+    IMemberDispatch* ObjectOf(const CTreeItem* row) const;
+    /// The row of a nested object, or null.
+    CTreeItem* Find(IMemberDispatch* disp) const { return m_groups.RowOf(disp); }
+    /// The row of a member, or null; of several members of one name, the first.
+    CTreeItem* Find(IMemberDispatch* disp, const std::string& name) const {
+        return m_index.Find(disp, name).node;
+    }
+
+    /// Adds a member below `parent`, null for the root; -1 appends. Without effect while nothing is shown.
+    void Insert(CTreeItem* parent, IMemberDispatch* disp, int position, const std::string& name,
+                const CVariantValue& value);
+    /// Removes a member with all below; the objects are not asked.
+    void Remove(IMemberDispatch* disp, const std::string& name);
+
+    // What a host tells of its objects. What is not shown is ignored.
+    void Add(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
+    void InsertAt(int position, IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
+    void Change(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
+    void ChangeEditFlag(IMemberDispatch* disp, const std::string& name, bool editable);
+    void ChangeControlType(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
+    void ChangePresentation(IMemberDispatch* disp, const std::string& text);
+    void Rename(IMemberDispatch* disp, const std::string& name, const std::string& newName);
+
+    /// Says which format service the text of a member depends on; false when the member is not shown.
+    bool SetService(IMemberDispatch* disp, const std::string& name, FormatService service);
+    FormatService GetService(IMemberDispatch* disp, const std::string& name) const {
+        return m_index.Find(disp, name).service;
+    }
+
+    /// The tree has taken out a row with all below, which are about to be deleted. `formerParent`: null for
+    /// what was at the root.
+    void OnRowUnlinked(CTreeItem& row, const CTreeItem* formerParent);
+
+    RowsWatch WatchRows() const { return RowsWatch(m_rowLosses); }
+    BindingWatch WatchBinding() const { return BindingWatch(m_bindingLosses); }
+
+    /// Read by every binding, and without columns again when one has ended.
+    RowLayout layout;
+
+private:
+    void OnFormatChanged(FormatService service) override;
+
+    void Fill(IMemberDispatch* root);
+    void InsertMembers(IMemberDispatch& disp, CTreeItem* parent);
+    void InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int position, const std::string& name,
+                     IMemberDispatch* sub);
+    void InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, int position, const std::string& name,
+                         const CVariantValue& value);
+    void InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
+                          const CVariantValue& value);
+    /// Where a row goes, and the member that it shows.
+    struct RowPlace {
+        CTreeItem* parent;
+        int position;
+        IMemberDispatch* disp;
+        const std::string& name;
+        FormatService service;
+    };
+    void AddRow(const RowPlace& place, std::unique_ptr<CItemInfo> info,
+                const std::function<void(CTreeItem&)>& fill);
+    void Forget(const MemberIndex::Found& found, IMemberDispatch* disp, const std::string& name);
+
+    bool IsShownAbove(const CTreeItem* parent, const IMemberDispatch* sub) const;
+    CellContent MakeCell(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
+    int CellOf(const std::string& name) const { return layout.ColumnOf(name) - 1; }
+    void Reread(IMemberDispatch& disp, const std::string& name);
+
+    /// Whether an object is shown, and the row whose children its members are (null for the root).
+    struct ShownObject {
+        bool isShown;
+        CTreeItem* row;
+    };
+    ShownObject FindShown(IMemberDispatch* disp) const;
+
+    AttributeTree& m_tree;
+    IObserverGrid* m_observer;
+    const std::unique_ptr<IObserverGridSink> m_rootSink;
+    IMemberDispatch* m_root = nullptr;
+    ShownGroups m_groups;
+    MemberIndex m_index; // holds the registration with format services as well
+    FormatSubscriptions m_subscriptions;
+    FlagWriter m_flags;
+
+    bool m_isBound = false;
+    bool m_isRebinding = false; // in Bind or Unbind: neither begins anew
+    bool m_isEnding = false;
+    bool m_isRootTold = false;
+    unsigned m_rowLosses = 0;
+    unsigned m_bindingLosses = 0;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "korvel/grid/item_info.h"
+#include "korvel/grid/row_layout.h"
+#include "korvel/grid/rows_watch.h"
+#include "korvel/values/member_dispatch.h"
+
+namespace korvel::internal {
+
+/// Whether the presentation of an object shows texts in the cells of its row.
+bool ShowsTexts(const IMemberDispatch& disp);
+
+/// Fills the cells of an object's row where its presentation shows texts. Stops when `rows` were lost.
+void ShowTexts(const IMemberDispatch& disp, const RowLayout& layout, const RowsWatch& rows, CItemInfo& info);
+
+} // namespace korvel::internal
