@@ -3,7 +3,7 @@
 
 option(KORVEL_BUILD_QT "Build the Qt display" ON)
 option(KORVEL_INSTALL "Install the libraries with their headers and package files" ${PROJECT_IS_TOP_LEVEL})
-option(KORVEL_BUILD_HOST "Build the inspector; the tests need it" ${PROJECT_IS_TOP_LEVEL})
+option(KORVEL_BUILD_HOST "Build the inspector; tests and fuzz targets bring it along" ${PROJECT_IS_TOP_LEVEL})
 option(KORVEL_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(KORVEL_BUILD_FUZZERS "Build the fuzz targets (Clang only)" OFF)
 option(KORVEL_BUILD_BENCHMARKS "Build the benchmarks" OFF)
