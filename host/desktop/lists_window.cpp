@@ -87,7 +87,7 @@ ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner) : m_lists
     CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW,
              {left, top, left + sizes.width, top + sizes.height}, &owner, 0);
     CreateControls();
-    m_titles = std::make_unique<ListEnumeration>(TitlesOf(m_lists.All()), 0);
+    m_titles = std::make_unique<EditableWordList>(TitlesOf(m_lists.All()), 0);
     m_title.Show(m_titles->Selected({0}));
     ShowList();
 }
@@ -160,7 +160,7 @@ void ListsWindow::ShowList() {
     list->words.SetFlags((list->words.GetEnumFlags() & ~std::uint32_t{ENF_Tree}) | TreeFlag());
     list->words.SetChanged([this] { OnWordsChanged(); });
     m_list->Initialize(InCodePage(TheProgramTexts().newValue), list->used);
-    ShowChoice(ListEnumeration::FirstSelected(list->used));
+    ShowChoice(EditableWordList::FirstSelected(list->used));
 }
 
 // The list tells of a check by the mouse, but not of one by the keyboard: it is asked instead.
@@ -179,7 +179,7 @@ void ListsWindow::OnWordsChanged() {
 
 // The numbers of a copy are those of the words.
 void ListsWindow::ShowChoice(long id) {
-    auto choice = std::make_unique<ListEnumeration>(Shown()->words);
+    auto choice = std::make_unique<EditableWordList>(Shown()->words);
     choice->SetChanged(nullptr);
     choice->SetFlags(TreeFlag());
     m_value.Show(choice->Selected({id}));
@@ -188,7 +188,7 @@ void ListsWindow::ShowChoice(long id) {
 }
 
 void ListsWindow::TellUse() {
-    const long id = ListEnumeration::FirstSelected(m_value.Value());
+    const long id = EditableWordList::FirstSelected(m_value.Value());
     const auto& counts = Shown()->counts;
     const auto count = counts.find(id);
     m_use.SetWindowTextA(id == -1 ? std::string() : UseText(count == counts.end() ? 0 : count->second));
@@ -202,7 +202,7 @@ LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == RefreshChoice) {
         m_isRefreshing = false;
         if (Shown())
-            ShowChoice(ListEnumeration::FirstSelected(m_value.Value()));
+            ShowChoice(EditableWordList::FirstSelected(m_value.Value()));
         return 0;
     }
     if (message == WM_CONTEXTMENU && lParam == MAKELPARAM(-1, -1)) {
@@ -244,7 +244,7 @@ bool ListsWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     const int id = LOWORD(wParam);
     const UINT code = HIWORD(wParam);
     if (id == TitleId && code == ComboListChanged) {
-        const long chosen = ListEnumeration::FirstSelected(m_title.Value());
+        const long chosen = EditableWordList::FirstSelected(m_title.Value());
         if (chosen != -1 && static_cast<std::size_t>(chosen) != m_shown) {
             KeepChecks();
             m_shown = static_cast<std::size_t>(chosen);

@@ -44,8 +44,8 @@ private:
     void TellUse();
 
     DocumentLists m_lists;
-    std::unique_ptr<ListEnumeration> m_titles;
-    std::unique_ptr<ListEnumeration> m_choice; // the words of the shown list, of which one can be chosen
+    std::unique_ptr<EditableWordList> m_titles;
+    std::unique_ptr<EditableWordList> m_choice; // the words of the shown list, of which one can be chosen
     std::size_t m_shown = 0;
     bool m_isRefreshing = false;
     CStatic m_titleLabel;

@@ -15,10 +15,10 @@ class LandXmlDocument;
 ///
 /// The texts are made when they are asked for, so they follow the user's formats. An absent attribute has no
 /// text. It is an enumeration, with nothing in it, because that is how a grid is handed a presentation.
-class AlignmentPresentation final : public Enumeration, public GroupPresentation {
+class AlignmentPresentation final : public LandXmlEnumeration, public GroupPresentation {
 public:
     AlignmentPresentation(const LandXmlDocument& document, ElementIndex alignment)
-        : Enumeration({}), m_document(document), m_alignment(alignment) {}
+        : LandXmlEnumeration({}), m_document(document), m_alignment(alignment) {}
 
     std::string GetPresentationText(const char* column) override;
     unsigned char GetPresentationKind() override { return 1; }

@@ -1,7 +1,7 @@
 #include "landxml/document_lists.h"
 
+#include "landxml/enumeration_uses.h"
 #include "landxml/landxml_document.h"
-#include "landxml/landxml_enumeration.h"
 
 #include <algorithm>
 #include <set>
@@ -12,17 +12,7 @@ namespace {
 constexpr std::uint32_t ListFlags = ENF_CheckBoxes | ENF_Add | ENF_Delete | ENF_Rename;
 constexpr std::string_view CodeAttribute = "code";
 
-std::vector<std::string> WordsOf(Enumeration& enumeration) {
-    std::vector<std::string> words;
-    for (EnumPosition position = enumeration.GetFirstPosition(); position;) {
-        CVariantValue name;
-        if (enumeration.GetName(enumeration.GetNext(position), name))
-            words.push_back(name.Text);
-    }
-    return words;
-}
-
-const EnumerationUse& UseOf(const Enumeration& enumeration) {
+const EnumerationUse& UseOf(const LandXmlEnumeration& enumeration) {
     const std::vector<EnumerationUse>& uses = EnumerationUses();
     return *std::find_if(uses.begin(), uses.end(),
                          [&](const EnumerationUse& use) { return use.enumeration == &enumeration; });
@@ -30,7 +20,7 @@ const EnumerationUse& UseOf(const Enumeration& enumeration) {
 
 // What a document chooses from one enumeration.
 struct Found {
-    std::set<std::string> places; // as the title tells them
+    std::set<std::string> places; // as they stand in the title
     std::map<std::string, std::size_t> counts;
 };
 
@@ -46,7 +36,7 @@ public:
         }
     }
 
-    const std::map<Enumeration*, Found>& Enumerations() const { return m_enumerations; }
+    const std::map<const LandXmlEnumeration*, Found>& Enumerations() const { return m_enumerations; }
     const std::map<std::string, std::size_t>& Codes() const { return m_codes; }
 
 private:
@@ -70,7 +60,7 @@ private:
     }
 
     void Count(ElementIndex element, std::string_view attribute, const TypedValue& value) {
-        auto* enumeration = dynamic_cast<Enumeration*>(value.value.EnumValue);
+        auto* enumeration = dynamic_cast<const LandXmlEnumeration*>(value.value.EnumValue);
         if (!enumeration)
             return; // none of the words, or of another namespace
         Found& found = m_enumerations[enumeration];
@@ -80,17 +70,12 @@ private:
         place += anywhere || attribute.empty() ? "" : " ";
         found.places.insert(place.append(attribute));
         // The entry's own spelling: blanks at its ends do not count in a file.
-        for (EnumPosition position = enumeration->GetFirstPosition(); position;) {
-            const long id = enumeration->GetNext(position);
-            CVariantValue word;
-            if (enumeration->IsValue(id, value.value) && enumeration->GetName(id, word))
-                ++found.counts[word.Text];
-        }
+        ++found.counts[*enumeration->WordOf(enumeration->Find(value.value.Text))];
     }
 
     const ElementTree& m_tree;
     const ElementMembers& m_members;
-    std::map<Enumeration*, Found> m_enumerations;
+    std::map<const LandXmlEnumeration*, Found> m_enumerations;
     std::map<std::string, std::size_t> m_codes;
 };
 
@@ -102,11 +87,8 @@ std::string Joined(const std::set<std::string>& places) {
 }
 
 void MarkUsed(DocumentList& list, const std::map<std::string, std::size_t>& counts) {
-    for (EnumPosition position = list.words.GetFirstPosition(); position;) {
-        const long id = list.words.GetNext(position);
-        CVariantValue name;
-        list.words.GetName(id, name);
-        const auto count = counts.find(name.Text);
+    for (long id = list.words.EntryFrom(0); id != -1; id = list.words.EntryFrom(id + 1)) {
+        const auto count = counts.find(*list.words.WordOf(id));
         if (count == counts.end())
             continue;
         list.words.Select(id, list.used);
@@ -114,7 +96,7 @@ void MarkUsed(DocumentList& list, const std::map<std::string, std::size_t>& coun
     }
 }
 
-std::string PictureFolderOf(const Enumeration& enumeration) {
+std::string PictureFolderOf(const LandXmlEnumeration& enumeration) {
     std::string folder(UseOf(enumeration).places.front());
     std::replace(folder.begin(), folder.end(), '@', '-');
     return folder;
@@ -127,7 +109,8 @@ DocumentList::DocumentList(const std::string& itsTitle, const std::vector<std::s
 
 DocumentLists::DocumentLists(const LandXmlDocument& document, const std::string& pictureFolder) {
     const Search search(document);
-    std::map<std::string, std::pair<Enumeration*, const Found*>> byTitle; // places differ, and so do titles
+    std::map<std::string, std::pair<const LandXmlEnumeration*, const Found*>>
+        byTitle; // places differ, and so do titles
     for (const auto& [enumeration, found] : search.Enumerations())
         byTitle[Joined(found.places)] = {enumeration, &found};
     const bool hasCodes = !search.Codes().empty();
@@ -138,7 +121,7 @@ DocumentLists::DocumentLists(const LandXmlDocument& document, const std::string&
         const auto& [enumeration, found] = source;
         std::vector<std::string> names;
         if (enumeration)
-            names = WordsOf(*enumeration);
+            names = enumeration->Words();
         else
             for (const auto& [code, count] : search.Codes())
                 names.push_back(code);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "landxml/list_enumeration.h"
+#include "landxml/editable_word_list.h"
 
 #include <cstddef>
 #include <deque>
@@ -9,7 +9,6 @@
 
 namespace korvel::inspector {
 
-class Enumeration;
 class LandXmlDocument;
 
 /// One list of words that a document chooses from, as a working copy.
@@ -17,7 +16,7 @@ struct DocumentList {
     DocumentList(const std::string& itsTitle, const std::vector<std::string>& names);
 
     std::string title; ///< where the document uses it: "Spiral spiType", "rot"
-    ListEnumeration words;
+    EditableWordList words;
     CVariantValue used;                 ///< selects the words that the document uses
     std::map<long, std::size_t> counts; ///< how often, by entry number
 };

@@ -1,9 +1,9 @@
 #include "landxml/landxml_enumeration.h"
 
-#include "landxml/enum_position.h"
 #include "source/blanks.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvel::inspector {
 namespace {
@@ -18,134 +18,17 @@ std::vector<std::string> SplitAtBars(std::string_view text) {
     return words;
 }
 
-struct Definition {
-    const char* words;
-    const char* places;
-};
-
-// Schemas 1.0 to 1.2; the misspelt words are theirs.
-constexpr Definition Definitions[] = {
-    {"meter|kilometer|feet|miles", "Metric@elevationUnit Imperial@elevationUnit"},
-    {"radians|grads|decimal degrees|decimal dd.mm.ss",
-     "Metric@latLongAngularUnit Imperial@latLongAngularUnit"},
-    {"measured|to stake out|staked out|calculated|assistance point|user entered point|control point", "role"},
-    {"modified|deleted", "status"},
-    {"cover|cover and box|fence enclosure|marker post|no protection|other|quadripod|unknown",
-     "Monument@beaconProtection"},
-    {"cairn|chimney|large quadripod|lighthouse|marine beacon|mast|mast with targets|no "
-     "beacon|other|pillar|post|small quadripod|tower|tripod|unknown",
-     "Monument@beacon"},
-    {"cw|ccw", "rot CantStation@curvature"},
-    {"arc|chord", "Curve@crvType"},
-    {"determinebyfeature|donotinclude|spot|spotandbreak|void|drapevoid|breakvoid|island|boundary|contour|"
-     "feature|ground|xsection|user",
-     "DTMAttribute"},
-    {"Unknown|Code|Float|Fixed|Network Float|Network Fixed|WAAS Float|WAAS Fixed",
-     "GPSQCInfoLevel1@GPSSolnType GPSQCInfoLevel2@GPSSolnType"},
-    {"Unknown|L1|L2|L2 Squared|Wide Lane|Narrow Lane|Iono Free",
-     "GPSQCInfoLevel1@GPSSolnFreq GPSQCInfoLevel2@GPSSolnFreq"},
-    {"acre|squareFoot|squareInch|squareMiles", "Imperial@areaUnit"},
-    {"foot|USSurveyFoot|inch|mile", "Imperial@linearUnit"},
-    {"inchHG|inHG", "Imperial@pressureUnit"},
-    {"fahrenheit|kelvin", "Imperial@temperatureUnit"},
-    {"foot|USSurveyFoot|inch", "Imperial@diameterUnit"},
-    {"foot|USSurveyFoot|inch", "Imperial@widthUnit"},
-    {"foot|USSurveyFoot|inch", "Imperial@heightUnit"},
-    {"US_gallonPerDay|IMP_gallonPerDay|cubicFeetDay|US_gallonPerMinute|IMP_gallonPerMinute|acreFeetDay|"
-     "cubicFeetSecond",
-     "Imperial@flowUnit"},
-    {"US_gallon|IMP_gallon|cubicInch|cubicFeet|cubicYard|acreFeet", "Imperial@volumeUnit"},
-    {"feetPerSecond|milesPerHour", "Imperial@velocityUnit"},
-    {"in|out|both", "Invert@flowDir"},
-    {"hectare|squareMeter|squareMillimeter|squareCentimeter", "Metric@areaUnit"},
-    {"millimeter|centimeter|meter|kilometer", "Metric@linearUnit"},
-    {"millimeter|centimeter|meter|kilometer", "Metric@diameterUnit"},
-    {"millimeter|centimeter|meter|kilometer", "Metric@widthUnit"},
-    {"millimeter|centimeter|meter|kilometer", "Metric@heightUnit"},
-    {"HPA|milliBars|mmHG|millimeterHG", "Metric@pressureUnit"},
-    {"celsius|kelvin", "Metric@temperatureUnit"},
-    {"cubicMeter|liter|hectareMeter", "Metric@volumeUnit"},
-    {"metersPerSecond|kilometersPerHour", "Metric@velocityUnit"},
-    {"cubicMeterSecond|literPerSecond|literPerMinute", "Metric@flowUnit"},
-    {"benchmark|central|reference|rural|standard traverse|urban standard traverse", "Monument@category"},
-    {"affected|created|encroached|extinguished|referenced|proposed|existing|adjoining", "Parcel@state"},
-    {"sanitary|storm|water|other", "PipeNetwork@pipeNetType"},
-    {"normal|check|backsight|foresight|traverse|sideshot|resection|levelLoop|digitalLevel|remoteElevation|"
-     "recipricalObservation|topo|cutSheets|asbuilt",
-     "purpose"},
-    {"biquadratic|bloss|clothoid|cosine|cubic|sinusoid|revBiquadratic|revBloss|revCosine|revSinusoid|"
-     "sineHalfWave|biquadraticParabola|cubicParabola|japaneseCubic|radioid|weinerBogen",
-     "Spiral@spiType CantStation@transitionType"},
-    {"abandoned|destroyed|existing|proposed", "state"},
-    {"outer|void|island", "Boundary@bndType"},
-    {"TIN|grid", "Definition@surfType"},
-    {"grid|composite", "SurfVolumes@surfVolCalcMethod"},
-    {"compiled|computed|surveyed", "SurveyHeader@type"},
-    {"monument|control|sideshot|boundary|natural boundary|traverse|reference|administrative",
-     "CgPoint@pntSurv"},
-    {"AverageEndArea|Prismoidal", "CrossSects@calcMethod"},
-    {"Offset Elevation|Slope Distance", "CrossSectPnt@dataFormat"},
-    {"point|curve", "pointGeometry"},
-    {"standard|wall|proximity|nondestructive", "Breakline@brkType"},
-    {"radians|grads|decimal degrees|decimal dd.mm.ss",
-     "Metric@angularUnit Metric@directionUnit Imperial@angularUnit Imperial@directionUnit"},
-    {"increasing|decreasing", "StaEquation@staIncrement"},
-    {"road surface|road subsurface|road shoulder|road foreSlope|road backSlope|road curb-gutter|bridge "
-     "surface|bridge body|sidewalk|ground|ditch|wall|channel|bike facilities|obstruction offset|longitudinal "
-     "barrier|sound barrier|bridge abutment|vertical pillar",
-     "Zone@category"},
-    {"slope|vertical distance", "startVertType endVertType"},
-    {"finalSurface|subgrade", "GradeSurface@surfaceType"},
-    {"center|left edge|right edge", "ZoneHinge@hingeType"},
-    {"pavement-high-type|pavement-intermediate-type|pavement-low-type|soil|concrete|stone|riprap|turf|gravel|"
-     "paved|metal|metal grate|composite|timber|other",
-     "ZoneMaterial@material"},
-    {"parallel|linear", "ZoneCrossSectStructure@transition"},
-    {"centerline|zone", "ZoneCrossSectStructure@offsetMode"},
-    {"dependent|independent", "ZoneCrossSectStructure@placement"},
-    {"right|left|both", "side sideofRoad"},
-    {"flat|rolling|mountainous", "Roadway@roadTerrain"},
-    {"arterial|collector |local", "Classification@functionalClass"},
-    {"non-adverse|adverse", "AdverseSE@"},
-    {"straight-line|partial-tangent|symmetrical-reverse-curve|asymmetrical-reverse-curve",
-     "TurnLane@taperType"},
-    {"left|right", "TurnLane@type"},
-    {"true-V|rounded-V|rounded-trapezoidal|flat-trapezoidal", "Ditch@bottomShape"},
-    {"none|signal|stop|yield", "TrafficControl@controlType"},
-    {"side|overhead", "TrafficControl@controlPosition"},
-    {"none|no-left-turn|no-right-turn|no-U-turn |no-turn ", "TurnRestriction@type"},
-    {"existing|improvement|new", "Intersection@contructionType"},
-    {"unknown", "Curb@type"},
-    {"unknown", "Corner@type"},
-    {"regulatory|guide|warning|specificService|tourist|recreation-cultural|emergencyManagement",
-     "RoadSign@type"},
-    {"fatal|nonfatal |propery-damage-only", "CrashHistory@severity"},
-    {"unknown|non-intersection-related|intersection-related", "CrashHistory@intersectionRelation"},
-    {"A-stop-on-rural-road|C-speed-path-direction-change-on-rural-road", "DecisionSightDistance@maneuver"},
-    {"new|existing", "BridgeElement@projectType"},
-};
-
-std::vector<EnumerationUse> MakeUses() {
-    static std::vector<Enumeration> enumerations;
-    enumerations.reserve(std::size(Definitions));
-    std::vector<EnumerationUse> uses;
-    for (const Definition& definition : Definitions) {
-        enumerations.emplace_back(definition.words);
-        uses.push_back({&enumerations.back(), SplitAtBlanks(definition.places)});
-    }
-    return uses;
-}
-
 } // namespace
 
-Enumeration::Enumeration(std::string_view words) : m_words(SplitAtBars(words)) {}
+LandXmlEnumeration::LandXmlEnumeration(std::string_view words) : WordList(0), m_words(SplitAtBars(words)) {}
 
-bool Enumeration::Holds(std::string_view text) const {
-    return std::any_of(
-        m_words.begin(), m_words.end(), [&](const std::string& word) { return Trim(word) == Trim(text); });
+long LandXmlEnumeration::Find(std::string_view text) const {
+    const auto found = std::find_if(m_words.begin(), m_words.end(),
+                                    [&](const std::string& word) { return Trim(word) == Trim(text); });
+    return found == m_words.end() ? -1 : static_cast<long>(found - m_words.begin());
 }
 
-CVariantValue Enumeration::Selected(std::string text) {
+CVariantValue LandXmlEnumeration::Selected(std::string text) {
     CVariantValue value;
     value.Type = DT_ListString;
     value.Text = std::move(text);
@@ -153,59 +36,28 @@ CVariantValue Enumeration::Selected(std::string text) {
     return value;
 }
 
-long Enumeration::AddValue(const std::string&, const std::string&) {
-    return -1;
+const std::string* LandXmlEnumeration::WordOf(long id) const {
+    const auto index = static_cast<std::size_t>(id); // a negative one is beyond all
+    return index < m_words.size() ? &m_words[index] : nullptr;
 }
 
-void Enumeration::RemoveValue(long) {}
-
-bool Enumeration::GetName(long id, CVariantValue& name) {
-    if (!IsEntry(id))
-        return false;
-    name = CVariantValue();
-    name.Type = DT_String;
-    name.Text = m_words[static_cast<std::size_t>(id)];
-    return true;
+long LandXmlEnumeration::EntryFrom(long id) const {
+    return WordOf(id) ? id : -1;
 }
 
-bool Enumeration::SetName(long, const CVariantValue&) {
-    return false;
+bool LandXmlEnumeration::IsValue(long id, const CVariantValue& value) {
+    const std::string* word = WordOf(id);
+    return word && Trim(*word) == Trim(value.Text);
 }
 
-EnumPosition Enumeration::GetFirstPosition() {
-    return m_words.empty() ? nullptr : PositionOf(0);
+void LandXmlEnumeration::Select(long id, CVariantValue& value) {
+    if (const std::string* word = WordOf(id))
+        value = Selected(*word);
 }
 
-long Enumeration::GetNext(EnumPosition& position) {
-    if (position == nullptr)
-        return -1;
-    const long entry = EntryAt(position);
-    position = IsEntry(entry + 1) ? PositionOf(entry + 1) : nullptr;
-    return entry;
-}
-
-bool Enumeration::IsValue(long id, const CVariantValue& value) {
-    return IsEntry(id) && Trim(m_words[static_cast<std::size_t>(id)]) == Trim(value.Text);
-}
-
-void Enumeration::Select(long id, CVariantValue& value) {
-    if (IsEntry(id))
-        value = Selected(m_words[static_cast<std::size_t>(id)]);
-}
-
-void Enumeration::Deselect(long id, CVariantValue& value) {
+void LandXmlEnumeration::Deselect(long id, CVariantValue& value) {
     if (IsValue(id, value))
         value.Text.clear();
-}
-
-// The words are no paths: several hold '/' or '-', none a backslash.
-const char* Enumeration::GetSeparator(bool) const {
-    return "\\";
-}
-
-const std::vector<EnumerationUse>& EnumerationUses() {
-    static const std::vector<EnumerationUse> uses = MakeUses();
-    return uses;
 }
 
 } // namespace korvel::inspector

@@ -1,5 +1,6 @@
 #include "landxml/landxml_types.h"
 
+#include "landxml/enumeration_uses.h"
 #include "source/blanks.h"
 
 #include <algorithm>

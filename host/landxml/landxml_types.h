@@ -46,7 +46,7 @@ enum class Meaning {
 
 struct ValueType {
     Meaning meaning = Meaning::Text;
-    Enumeration* enumeration = nullptr; ///< for Meaning::Enumeration
+    LandXmlEnumeration* enumeration = nullptr; ///< for Meaning::Enumeration
 };
 
 /// The type of an attribute by local names; Text for those that the table does not know.

@@ -152,8 +152,8 @@ private:
         case Meaning::DateTime:
             return IsDateTime(m_utf8) ? Result(Valid(OfText(DT_String, shown))) : std::nullopt;
         case Meaning::Enumeration:
-            return m_type.enumeration->Holds(m_utf8) ? Result(Valid(m_type.enumeration->Selected(shown)))
-                                                     : std::nullopt;
+            return m_type.enumeration->Find(m_utf8) != -1 ? Result(Valid(m_type.enumeration->Selected(shown)))
+                                                          : std::nullopt;
         case Meaning::FileName: {
             CVariantValue value = OfText(DT_FileName, shown);
             value.EnumContext = m_place.fileChooser;

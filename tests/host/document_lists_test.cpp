@@ -88,7 +88,7 @@ TEST_F(DocumentListsTest, FindsWhatADocumentUses) {
 
 TEST_F(DocumentListsTest, AnEnumerationHasAllItsWordsAndPictures) {
     Read("<Definition surfType='grid'/><Feature code='x'/>");
-    ListEnumeration& surfaces = m_lists->All()[0].words;
+    EditableWordList& surfaces = m_lists->All()[0].words;
     EXPECT_THAT(NamesOf(surfaces), ElementsAre("TIN", "grid"));
     EXPECT_TRUE(surfaces.SetName(1, TextValue("raster")));
     EXPECT_EQ(surfaces.GetImagePath(1), "pictures/Definition-surfType/grid.png") << "stays with its entry";
@@ -98,16 +98,16 @@ TEST_F(DocumentListsTest, AnEnumerationHasAllItsWordsAndPictures) {
     EXPECT_EQ(m_lists->All()[1].words.GetImagePath(0), "") << "codes have none";
 }
 
-TEST(ListEnumeration, AWordOutsideTheFolderIsNoPicture) {
-    ListEnumeration list({"../secret", "a.b", "plain"}, 0);
+TEST(EditableWordList, AWordOutsideTheFolderIsNoPicture) {
+    EditableWordList list({"../secret", "a.b", "plain"}, 0);
     list.SetImageFolder("pictures");
     EXPECT_EQ(list.GetImagePath(0), "");
     EXPECT_EQ(list.GetImagePath(1), "");
     EXPECT_EQ(list.GetImagePath(2), "pictures/plain.png");
 }
 
-TEST(ListEnumeration, AddsAndRenamesToNewNamesOnly) {
-    ListEnumeration list({"a", "b"}, ENF_CheckBoxes);
+TEST(EditableWordList, AddsAndRenamesToNewNamesOnly) {
+    EditableWordList list({"a", "b"}, ENF_CheckBoxes);
     int changes = 0;
     list.SetChanged([&] { ++changes; });
     EXPECT_EQ(list.AddValue("", ""), -1);
@@ -126,8 +126,8 @@ TEST(ListEnumeration, AddsAndRenamesToNewNamesOnly) {
     EXPECT_EQ(changes, 3);
 }
 
-TEST(ListEnumeration, ARemovedNumberIsNotGivenAgain) {
-    ListEnumeration list({"a", "b"}, ENF_CheckBoxes);
+TEST(EditableWordList, ARemovedNumberIsNotGivenAgain) {
+    EditableWordList list({"a", "b"}, ENF_CheckBoxes);
     CVariantValue value = list.Selected({0, 1});
     list.RemoveValue(1);
     list.RemoveValue(1);
@@ -137,8 +137,8 @@ TEST(ListEnumeration, ARemovedNumberIsNotGivenAgain) {
     EXPECT_FALSE(list.IsValue(1, value));
 }
 
-TEST(ListEnumeration, ChecksOneOrSeveral) {
-    ListEnumeration several({"a", "b", "c"}, ENF_CheckBoxes);
+TEST(EditableWordList, ChecksOneOrSeveral) {
+    EditableWordList several({"a", "b", "c"}, ENF_CheckBoxes);
     CVariantValue value = several.Selected({2});
     several.Select(0, value);
     EXPECT_EQ(value.ToText(), "a; c");
@@ -146,16 +146,16 @@ TEST(ListEnumeration, ChecksOneOrSeveral) {
     several.Deselect(1, value);
     EXPECT_EQ(value.ToText(), "a");
 
-    ListEnumeration one({"a", "b", "c"}, 0);
+    EditableWordList one({"a", "b", "c"}, 0);
     value = one.Selected({2});
     one.Select(0, value);
-    EXPECT_EQ(ListEnumeration::FirstSelected(value), 0);
+    EXPECT_EQ(EditableWordList::FirstSelected(value), 0);
     EXPECT_EQ(value.ToText(), "a");
     one.Select(-1, value);
     one.Select(3, value);
     EXPECT_EQ(value.ToText(), "a");
     one.Deselect(0, value);
-    EXPECT_EQ(ListEnumeration::FirstSelected(value), -1);
+    EXPECT_EQ(EditableWordList::FirstSelected(value), -1);
 }
 
 } // namespace

@@ -220,7 +220,7 @@ TEST_F(LandXmlDocumentTest, AlignmentsShowLengthAndStations) {
         EXPECT_EQ(presentation->GetPresentationText(nullptr), c.text);
         EXPECT_EQ(presentation->GetPresentationText("name"), "a");
         EXPECT_EQ(presentation->GetPresentationText("nothing"), "");
-        EXPECT_EQ(dynamic_cast<Enumeration*>(presentation)->GetFirstPosition(), nullptr);
+        EXPECT_EQ(dynamic_cast<WordList*>(presentation)->GetFirstPosition(), nullptr);
         EXPECT_EQ(Child(root, "Units").m_pEnumValue, nullptr);
     }
 }

@@ -158,8 +158,8 @@ TEST(LandXmlScopes, HoldWhereTheirElementsStand) {
               "Setup:in Roadway:m:rail Speeds:m:rail Speed:m:rail Roadway:m ");
 }
 
-TEST(Enumeration, WalksAndSelects) {
-    Enumeration* words = TypeOfAttribute("Classification", "functionalClass").enumeration;
+TEST(LandXmlEnumeration, WalksAndSelects) {
+    LandXmlEnumeration* words = TypeOfAttribute("Classification", "functionalClass").enumeration;
     std::string names;
     for (EnumPosition position = words->GetFirstPosition(); position != nullptr;) {
         CVariantValue name;

@@ -1,6 +1,4 @@
-#include "landxml/list_enumeration.h"
-
-#include "landxml/enum_position.h"
+#include "landxml/editable_word_list.h"
 
 #include <algorithm>
 
@@ -26,13 +24,13 @@ bool IsFileName(const std::string& word) {
 
 } // namespace
 
-ListEnumeration::ListEnumeration(const std::vector<std::string>& names, std::uint32_t flags)
-    : m_flags(flags) {
+EditableWordList::EditableWordList(const std::vector<std::string>& names, std::uint32_t flags)
+    : WordList(flags) {
     for (const std::string& name : names)
         Insert(name, name);
 }
 
-CVariantValue ListEnumeration::Selected(const std::vector<long>& ids) {
+CVariantValue EditableWordList::Selected(const std::vector<long>& ids) {
     CVariantValue value;
     value.Type = DT_ListString;
     value.EnumValue = this;
@@ -41,99 +39,86 @@ CVariantValue ListEnumeration::Selected(const std::vector<long>& ids) {
     return value;
 }
 
-long ListEnumeration::FirstSelected(const CVariantValue& value) {
+long EditableWordList::FirstSelected(const CVariantValue& value) {
     const std::size_t place = value.Text.find('1');
     return place == std::string::npos ? -1 : static_cast<long>(place);
 }
 
-long ListEnumeration::Insert(const std::string& name, const std::string& image) {
+long EditableWordList::Insert(const std::string& name, const std::string& image) {
     if (name.empty() || !m_ids.emplace(name, m_nextId).second)
         return -1;
     m_entries[m_nextId] = {name, image};
     return m_nextId++;
 }
 
-long ListEnumeration::AddValue(const std::string& name, const std::string& group) {
+long EditableWordList::AddValue(const std::string& name, const std::string& group) {
     const bool isNamed = !name.empty();
     const long id = isNamed ? Insert(group.empty() ? name : group + PathSeparator + name, {}) : -1;
     if (id != -1)
-        TellChange();
+        NotifyChanged();
     return id;
 }
 
-void ListEnumeration::RemoveValue(long id) {
+void EditableWordList::RemoveValue(long id) {
     const auto entry = m_entries.find(id);
     if (entry == m_entries.end())
         return;
     m_ids.erase(entry->second.name);
     m_entries.erase(entry);
-    TellChange();
+    NotifyChanged();
 }
 
-bool ListEnumeration::GetName(long id, CVariantValue& name) {
+const std::string* EditableWordList::WordOf(long id) const {
     const auto entry = m_entries.find(id);
-    if (entry == m_entries.end())
-        return false;
-    name = CVariantValue();
-    name.Type = DT_String;
-    name.Text = entry->second.name;
-    return true;
+    return entry == m_entries.end() ? nullptr : &entry->second.name;
 }
 
-bool ListEnumeration::SetName(long id, const CVariantValue& name) {
+long EditableWordList::EntryFrom(long id) const {
+    const auto entry = m_entries.lower_bound(id);
+    return entry == m_entries.end() ? -1 : entry->first;
+}
+
+bool EditableWordList::SetName(long id, const CVariantValue& name) {
     const auto entry = m_entries.find(id);
     if (entry == m_entries.end() || name.Text.empty() || !m_ids.emplace(name.Text, id).second)
         return false;
     m_ids.erase(entry->second.name);
     entry->second.name = name.Text;
-    TellChange();
+    NotifyChanged();
     return true;
 }
 
-EnumPosition ListEnumeration::GetFirstPosition() {
-    return m_entries.empty() ? nullptr : PositionOf(m_entries.begin()->first);
-}
-
-long ListEnumeration::GetNext(EnumPosition& position) {
-    if (position == nullptr)
-        return -1;
-    const long id = EntryAt(position);
-    const auto next = m_entries.upper_bound(id);
-    position = next == m_entries.end() ? nullptr : PositionOf(next->first);
-    return id;
-}
-
-bool ListEnumeration::IsValue(long id, const CVariantValue& value) {
+bool EditableWordList::IsValue(long id, const CVariantValue& value) {
     const auto place = static_cast<std::size_t>(id);
     return m_entries.count(id) != 0 && place < value.Text.size() && value.Text[place] == '1';
 }
 
-void ListEnumeration::Select(long id, CVariantValue& value) {
+void EditableWordList::Select(long id, CVariantValue& value) {
     if (m_entries.count(id) == 0)
         return;
-    if ((m_flags & ENF_CheckBoxes) == 0)
+    if ((GetEnumFlags() & ENF_CheckBoxes) == 0)
         value.Text.clear();
     Mark(value.Text, id, '1');
 }
 
-void ListEnumeration::Deselect(long id, CVariantValue& value) {
+void EditableWordList::Deselect(long id, CVariantValue& value) {
     if (IsValue(id, value))
         Mark(value.Text, id, '0');
 }
 
-const char* ListEnumeration::GetSeparator(bool) const {
+const char* EditableWordList::GetSeparator(bool) const {
     static constexpr char Separator[] = {PathSeparator, '\0'};
     return Separator;
 }
 
-std::string ListEnumeration::GetImagePath(long id) {
+std::string EditableWordList::GetImagePath(long id) {
     const auto entry = m_entries.find(id);
     const bool hasImage =
         !m_imageFolder.empty() && entry != m_entries.end() && IsFileName(entry->second.image);
     return hasImage ? m_imageFolder + '/' + entry->second.image + ".png" : std::string();
 }
 
-void ListEnumeration::TellChange() const {
+void EditableWordList::NotifyChanged() const {
     if (m_changed)
         m_changed();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/values/enum_value.h"
+#include "landxml/word_list.h"
 
 #include <functional>
 #include <map>
@@ -12,7 +12,7 @@ namespace korvel::inspector {
 /// A list of words that the user may change: a working copy, of which nothing goes back to where the words
 /// came from.
 ///
-///     ListEnumeration list({"paved", "gravel"}, ENF_CheckBoxes | ENF_Add);
+///     EditableWordList list({"paved", "gravel"}, ENF_CheckBoxes | ENF_Add);
 ///     CVariantValue chosen = list.Selected({1});   // ToText: "gravel"
 ///     list.AddValue("Kerb", "Road");               // 2, called "Road/Kerb"
 ///     list.Select(2, chosen);                      // ToText: "gravel; Road/Kerb"
@@ -20,35 +20,29 @@ namespace korvel::inspector {
 /// Entries are numbered from 0 in the order of their addition; a number is never given twice. Names are not
 /// empty and differ. Without ENF_CheckBoxes a value selects one entry. The text of a value holds one
 /// character for each number: '1' where the entry is selected.
-class ListEnumeration final : public IEnumValue, public EnumImages {
+class EditableWordList final : public WordList, public EnumImages {
 public:
     static constexpr char PathSeparator = '/';
 
-    ListEnumeration(const std::vector<std::string>& names, std::uint32_t flags);
+    EditableWordList(const std::vector<std::string>& names, std::uint32_t flags);
 
     CVariantValue Selected(const std::vector<long>& ids);
     /// The lowest number that a value selects; -1: none.
     static long FirstSelected(const CVariantValue& value);
     /// Any of EnumFlags: how lists that are made from now on show it.
-    void SetFlags(std::uint32_t flags) { m_flags = flags; }
+    using WordList::SetFlags;
     /// Pictures of the first names, "NAME.png" in a folder; an entry keeps its own when it is renamed.
     void SetImageFolder(const std::string& folder) { m_imageFolder = folder; }
-    /// Called after an entry came, went or was renamed.
+    /// Called after an entry was added, removed or renamed.
     void SetChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
-    bool IsAutoDestroy() const override { return false; }
-    void Destroy() override {}
-    const EDataTyps& GetDataType() const override { return m_entryType; }
-    const std::uint32_t& GetEnumFlags() const override { return m_flags; }
+    const std::string* WordOf(long id) const override;
+    long EntryFrom(long id) const override;
     /// -1 for a name that is empty or taken.
     long AddValue(const std::string& name, const std::string& group) override;
     void RemoveValue(long id) override;
-    bool GetName(long id, CVariantValue& name) override;
     /// False for a name that is empty or another entry's.
     bool SetName(long id, const CVariantValue& name) override;
-    EnumPosition GetFirstPosition() override;
-    long GetNext(EnumPosition& position) override;
-    const CVariantValue* GetTemplate() const override { return nullptr; }
     bool IsValue(long id, const CVariantValue& value) override;
     void Select(long id, CVariantValue& value) override;
     void Deselect(long id, CVariantValue& value) override;
@@ -60,17 +54,15 @@ public:
 private:
     struct Entry {
         std::string name;
-        std::string image; // the name that it came with; empty for one that the user has added
+        std::string image; // the name that it began with; empty for one that the user has added
     };
 
     long Insert(const std::string& name, const std::string& image);
-    void TellChange() const;
+    void NotifyChanged() const;
 
     std::map<long, Entry> m_entries;
     std::map<std::string, long> m_ids; // by name
     long m_nextId = 0;
-    EDataTyps m_entryType = DT_String;
-    std::uint32_t m_flags;
     std::string m_imageFolder;
     std::function<void()> m_changed;
 };
