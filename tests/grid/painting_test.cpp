@@ -6,6 +6,8 @@
 namespace korvel {
 namespace {
 
+using internal::LeftSquare;
+
 class Painting : public BoundGridTest {
 protected:
     Painting() {

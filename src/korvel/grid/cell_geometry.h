@@ -5,7 +5,7 @@
 #include <algorithm>
 
 /// The squares of a cell that take clicks of their own; they are drawn where they are clicked.
-namespace korvel {
+namespace korvel::internal {
 
 /// As wide as the cell is high, at its left edge; never wider than the cell.
 inline CRect LeftSquare(CRect cell) {
@@ -31,4 +31,4 @@ inline CRect InsideOfCell(CRect cell) {
     return cell;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,148 +1,171 @@
 #include "korvel/grid/child_list.h"
 
+#include "korvel/grid/child_block.h"
 #include "korvel/grid/tree_item.h"
 
 #include <algorithm>
 
 namespace korvel {
 
-namespace {
+using internal::ChildBlock;
+using internal::FamilyTally;
 
-// Large enough that a family of a million has few blocks, small enough that a walk within one is cheap.
-constexpr std::size_t BlockCapacity = 64;
-
-} // namespace
-
-ChildList::Iterator& ChildList::Iterator::operator++() {
-    if (++m_item == m_list->m_blocks[m_block]->items.size()) {
-        ++m_block;
-        m_item = 0;
-    }
-    return *this;
+void ChildList::Iterator::Enter(const ChildBlock* run) {
+    m_run = run;
+    m_item = run ? run->items.data() : nullptr;
+    m_end = run ? m_item + run->items.size() : nullptr;
 }
 
-ChildList::Iterator ChildList::Iterator::operator++(int) {
-    const Iterator former = *this;
-    ++*this;
-    return former;
+void ChildList::Iterator::EnterNextRun() {
+    Enter(m_run->NextRun());
 }
 
-void ChildList::MakeSums() const {
-    if (m_sumsValid)
-        return;
-    const int count = static_cast<int>(m_blocks.size());
-    m_itemSums.Rebuild(
-        count, [&](int block) { return static_cast<int>(m_blocks[block]->items.size()); });
-    m_rowSums.Rebuild(count, [&](int block) { return m_blocks[block]->tally.rows; });
-    m_sumsValid = true;
+ChildList::ChildList() = default;
+ChildList::~ChildList() = default;
+ChildList::ChildList(ChildList&& other) noexcept = default;
+ChildList& ChildList::operator=(ChildList&& other) noexcept = default;
+
+int ChildList::size() const {
+    return m_top ? m_top->size : 0;
+}
+
+ChildList::Iterator ChildList::begin() const {
+    return Iterator(FirstRun());
+}
+
+const ChildBlock* ChildList::FirstRun() const {
+    return m_top ? &m_top->FirstRun() : nullptr;
+}
+
+grid::CTreeItem* ChildList::front() const {
+    return m_top->FirstRun().items.front();
+}
+
+grid::CTreeItem* ChildList::back() const {
+    const ChildBlock* block = m_top.get();
+    while (!block->IsRun())
+        block = block->parts.back().get();
+    return block->items.back();
 }
 
 grid::CTreeItem* ChildList::operator[](int position) const {
-    MakeSums();
-    const auto place = m_itemSums.Find(position);
-    return m_blocks[place.entry]->items[place.offset];
+    const ChildBlock* block = m_top.get();
+    while (!block->IsRun()) {
+        auto part = block->parts.begin();
+        for (; position >= (*part)->size; ++part)
+            position -= (*part)->size;
+        block = part->get();
+    }
+    return block->items[static_cast<std::size_t>(position)];
+}
+
+const FamilyTally& ChildList::GetTally() const {
+    static const FamilyTally none;
+    return m_top ? m_top->tally : none;
 }
 
 int ChildList::RowsBefore(const grid::CTreeItem& child) const {
-    const ChildBlock& block = *child.m_block;
+    const ChildBlock* block = child.m_run;
+    const auto place = std::find(block->items.begin(), block->items.end(), &child);
     int rows = 0;
-    if (block.number > 0) {
-        MakeSums();
-        rows = m_rowSums.Before(static_cast<int>(block.number));
-    }
-    const auto place = std::find(block.items.begin(), block.items.end(), &child);
-    const bool oneRowEach = block.tally.rows == static_cast<int>(block.items.size());
-    if (oneRowEach)
-        return rows + static_cast<int>(place - block.items.begin());
-    for (auto sibling = block.items.begin(); sibling != place; ++sibling)
-        rows += (*sibling)->rows();
+    if (block->tally.rows == block->size) // one each
+        rows = static_cast<int>(place - block->items.begin());
+    else
+        for (auto sibling = block->items.begin(); sibling != place; ++sibling)
+            rows += (*sibling)->rows();
+    for (; block->above; block = block->above)
+        for (auto part = block->above->parts.begin(); part->get() != block; ++part)
+            rows += (*part)->tally.rows;
     return rows;
 }
 
 void ChildList::Insert(int position, grid::CTreeItem* child) {
-    ChildBlock* block = &BlockForInsert(position);
-    if (block->items.size() == BlockCapacity) {
-        Split(*block);
-        if (const int half = static_cast<int>(block->items.size()); position > half) {
-            position -= half;
-            block = m_blocks[block->number + 1].get();
+    if (!m_top) {
+        auto only = std::make_unique<ChildBlock>();
+        only->items.reserve(1);
+        m_top = std::move(only);
+    }
+    ChildBlock* block = m_top.get();
+    int place = position;
+    while (!block->IsRun()) {
+        if (place == block->size) { // the usual case, without a look at each part
+            block = block->parts.back().get();
+            place = block->size;
+            continue;
         }
+        auto part = block->parts.begin();
+        for (; place > (*part)->size; ++part)
+            place -= (*part)->size;
+        block = part->get();
     }
-    block->items.insert(block->items.begin() + position, child);
-    child->m_block = block;
-    ++m_size;
-    if (m_sumsValid)
-        m_itemSums.Add(static_cast<int>(block->number), 1);
-    Adjust(*block, child->GetTally());
+    if (block->IsFull())
+        block = MakeRoom(*block, place, position);
+    block->items.insert(block->items.begin() + place, child);
+    child->m_run = block;
+    block->Count(1, child->GetTally());
 }
 
-ChildBlock& ChildList::BlockForInsert(int& position) {
-    if (position == m_size) {
-        if (m_blocks.empty() || m_blocks.back()->items.size() == BlockCapacity)
-            AddBlock(m_blocks.size());
-        position = static_cast<int>(m_blocks.back()->items.size());
-        return *m_blocks.back();
+// The run that takes a child instead of a full one, at `place` in it. Families that grow at one of their
+// ends fill whole runs.
+ChildBlock* ChildList::MakeRoom(ChildBlock& full, int& place, int position) {
+    if (position > 0 && position < size()) {
+        Split(full);
+        if (place <= full.size)
+            return &full;
+        place -= full.size;
+        return full.above->parts[full.above->PlaceOf(full) + 1].get();
     }
-    MakeSums();
-    const auto place = m_itemSums.Find(position);
-    position = place.offset;
-    return *m_blocks[place.entry];
+    MakeRoomAbove(full);
+    auto added = ChildBlock::MakeRun();
+    ChildBlock* run = added.get();
+    full.above->Adopt(position == 0 ? 0 : full.above->parts.size(), std::move(added));
+    place = 0;
+    return run;
 }
 
-void ChildList::Erase(grid::CTreeItem* child) {
-    ChildBlock& block = *child->m_block;
-    block.items.erase(std::find(block.items.begin(), block.items.end(), child));
-    child->m_block = nullptr;
-    --m_size;
-    if (m_sumsValid)
-        m_itemSums.Add(static_cast<int>(block.number), -1);
-    Adjust(block, FamilyTally() - child->GetTally());
-    if (block.items.empty())
-        RemoveBlock(block.number);
-}
-
-void ChildList::Adjust(ChildBlock& block, const FamilyTally& change) {
-    block.tally += change;
-    m_tally += change;
-    if (m_sumsValid)
-        m_rowSums.Add(static_cast<int>(block.number), change.rows);
-}
-
-ChildBlock& ChildList::AddBlock(std::size_t number) {
-    const bool isLast = number == m_blocks.size();
-    m_blocks.insert(m_blocks.begin() + static_cast<std::ptrdiff_t>(number), std::make_unique<ChildBlock>());
-    if (isLast && m_sumsValid) { // a family that grows at its end keeps its sums
-        m_blocks.back()->number = number;
-        m_itemSums.Append();
-        m_rowSums.Append();
-    } else {
-        Renumber(number);
+void ChildList::MakeRoomAbove(ChildBlock& block) {
+    if (!block.above) {
+        auto top = ChildBlock::MakeAbove();
+        top->size = block.size;
+        top->tally = block.tally;
+        top->Adopt(0, std::move(m_top));
+        m_top = std::move(top);
+    } else if (block.above->IsFull()) {
+        Split(*block.above);
     }
-    return *m_blocks[number];
 }
 
 void ChildList::Split(ChildBlock& block) {
-    ChildBlock& behind = AddBlock(block.number + 1);
-    const auto half = block.items.begin() + BlockCapacity / 2;
-    behind.items.assign(half, block.items.end());
-    block.items.erase(half, block.items.end());
-    for (grid::CTreeItem* moved : behind.items) {
-        moved->m_block = &behind;
-        behind.tally += moved->GetTally();
+    MakeRoomAbove(block);
+    auto half = block.IsRun() ? ChildBlock::MakeRun() : ChildBlock::MakeAbove();
+    block.GiveHalf(*half);
+    block.above->Adopt(block.above->PlaceOf(block) + 1, std::move(half));
+}
+
+void ChildList::Erase(grid::CTreeItem* child) {
+    ChildBlock* run = child->m_run;
+    run->items.erase(std::find(run->items.begin(), run->items.end(), child));
+    child->m_run = nullptr;
+    run->Count(-1, FamilyTally() - child->GetTally());
+    if (run->items.empty())
+        Drop(run);
+}
+
+// Removes an empty block, and those above that it leaves empty or with nothing to join.
+void ChildList::Drop(ChildBlock* block) {
+    while (block->above && block->above->parts.size() == 1)
+        block = block->above;
+    if (!block->above) {
+        m_top.reset();
+        return;
     }
-    block.tally = block.tally - behind.tally;
-    m_sumsValid = false;
-}
-
-void ChildList::RemoveBlock(std::size_t number) {
-    m_blocks.erase(m_blocks.begin() + static_cast<std::ptrdiff_t>(number));
-    Renumber(number);
-}
-
-void ChildList::Renumber(std::size_t from) {
-    for (std::size_t number = from; number < m_blocks.size(); ++number)
-        m_blocks[number]->number = number;
-    m_sumsValid = false;
+    auto& parts = block->above->parts;
+    parts.erase(parts.begin() + static_cast<std::ptrdiff_t>(block->above->PlaceOf(*block)));
+    while (m_top->parts.size() == 1) {
+        std::unique_ptr<ChildBlock> only = std::move(m_top->parts.front());
+        only->above = nullptr;
+        m_top = std::move(only);
+    }
 }
 
 } // namespace korvel

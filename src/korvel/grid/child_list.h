@@ -1,11 +1,10 @@
 #pragma once
 
 #include "korvel/platform/export.h"
-#include "korvel/window/base/prefix_sums.h"
 
+#include <cstddef>
 #include <iterator>
 #include <memory>
-#include <vector>
 
 namespace korvel {
 
@@ -13,34 +12,20 @@ namespace grid {
 class CTreeItem;
 }
 
-/// What nodes add up to for the family that they belong to.
-struct FamilyTally {
-    int rows = 0;     // rows that they take while their parent is expanded
-    int open = 0;     // how many are expanded
-    int families = 0; // how many have children
+namespace internal {
+struct ChildBlock;
+struct FamilyTally;
+class TreeRows;
+} // namespace internal
 
-    FamilyTally& operator+=(const FamilyTally& other) {
-        rows += other.rows;
-        open += other.open;
-        families += other.families;
-        return *this;
-    }
-    FamilyTally operator-(const FamilyTally& other) const {
-        return {rows - other.rows, open - other.open, families - other.families};
-    }
-    bool operator==(const FamilyTally&) const = default;
-};
-
-/// A run of children. Families lie in such blocks, so that inserting and removing anywhere moves few
-/// pointers, and whole blocks are stepped over by their tally.
-struct ChildBlock {
-    std::vector<grid::CTreeItem*> items;
-    std::size_t number = 0; // its place among the blocks
-    FamilyTally tally;
-};
-
-/// The children of one node in display order. Appending takes constant time; a place, the rows in front of
-/// a child and the child at a place are found in logarithmic time.
+/// The children of one node in display order.
+///
+///     for (CTreeItem* root : grid.rootItems())
+///         grid.CollapseNode(root);
+///     group->children()[2];      // the third child
+///
+/// A child at a position is found in logarithmic time, the next one in constant time. Iterators are good
+/// until the family changes.
 class KORVEL_API ChildList {
 public:
     class Iterator {
@@ -52,56 +37,66 @@ public:
         using reference = value_type;
 
         Iterator() = default;
-        Iterator(const ChildList* list, std::size_t block) : m_list(list), m_block(block) {}
 
-        reference operator*() const { return m_list->m_blocks[m_block]->items[m_item]; }
-        Iterator& operator++();
-        Iterator operator++(int);
+        reference operator*() const { return *m_item; }
+        Iterator& operator++() {
+            if (++m_item == m_end)
+                EnterNextRun();
+            return *this;
+        }
+        Iterator operator++(int) {
+            const Iterator former = *this;
+            ++*this;
+            return former;
+        }
         bool operator==(const Iterator&) const = default;
 
     private:
-        const ChildList* m_list = nullptr;
-        std::size_t m_block = 0;
-        std::size_t m_item = 0;
+        friend class ChildList;
+
+        explicit Iterator(const internal::ChildBlock* run) { Enter(run); }
+        void Enter(const internal::ChildBlock* run);
+        void EnterNextRun();
+
+        const internal::ChildBlock* m_run = nullptr;
+        pointer m_item = nullptr;
+        pointer m_end = nullptr;
     };
 
-    bool empty() const { return m_blocks.empty(); }
-    int size() const { return m_size; }
-    Iterator begin() const { return {this, 0}; }
-    Iterator end() const { return {this, m_blocks.size()}; }
+    ChildList();
+    ~ChildList();
+    ChildList(ChildList&& other) noexcept;
+    ChildList& operator=(ChildList&& other) noexcept;
+
+    bool empty() const { return !m_top; }
+    int size() const;
+    Iterator begin() const;
+    Iterator end() const { return {}; }
     /// Only with children.
-    grid::CTreeItem* front() const { return m_blocks.front()->items.front(); }
-    grid::CTreeItem* back() const { return m_blocks.back()->items.back(); }
+    grid::CTreeItem* front() const;
+    grid::CTreeItem* back() const;
     /// `position` from 0 to size() - 1.
     grid::CTreeItem* operator[](int position) const;
 
-    const FamilyTally& GetTally() const { return m_tally; }
-    const std::vector<std::unique_ptr<ChildBlock>>& GetBlocks() const { return m_blocks; }
-    /// Rows of the siblings in front of the child.
-    int RowsBefore(const grid::CTreeItem& child) const;
-
 private:
     friend class grid::CTreeItem;
+    friend class internal::TreeRows;
+
+    const internal::FamilyTally& GetTally() const;
+    /// The first run of siblings; null without children.
+    const internal::ChildBlock* FirstRun() const;
+    /// Rows of the siblings in front of the child.
+    int RowsBefore(const grid::CTreeItem& child) const;
 
     /// `position` from 0 to size().
     void Insert(int position, grid::CTreeItem* child);
     void Erase(grid::CTreeItem* child);
-    void Adjust(ChildBlock& block, const FamilyTally& change);
+    internal::ChildBlock* MakeRoom(internal::ChildBlock& full, int& place, int position);
+    void MakeRoomAbove(internal::ChildBlock& block);
+    void Split(internal::ChildBlock& block);
+    void Drop(internal::ChildBlock* block);
 
-    ChildBlock& BlockForInsert(int& position);
-    ChildBlock& AddBlock(std::size_t number);
-    void Split(ChildBlock& block);
-    void RemoveBlock(std::size_t number);
-    void Renumber(std::size_t from);
-    void MakeSums() const;
-
-    std::vector<std::unique_ptr<ChildBlock>> m_blocks;
-    FamilyTally m_tally;
-    int m_size = 0;
-    // Made when first asked for after the blocks were cut anew.
-    mutable bool m_sumsValid = false;
-    mutable internal::PrefixSums m_itemSums;
-    mutable internal::PrefixSums m_rowSums;
+    std::unique_ptr<internal::ChildBlock> m_top; // null: no children
 };
 
 } // namespace korvel

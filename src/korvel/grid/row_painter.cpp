@@ -3,7 +3,7 @@
 #include "korvel/grid/cell_geometry.h"
 #include "korvel/output/angle_output.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -48,16 +48,16 @@ COLORREF SwatchColor(const CItemInfo& info, int cell) {
 }
 
 // A square of odd size in the middle of a rectangle.
-CRect Centered(const CRect& rect, int Size) {
-    const int left = rect.left + (rect.Width() - Size) / 2;
-    const int top = rect.top + (rect.Height() - Size) / 2;
-    return {left, top, left + Size, top + Size};
+CRect Centered(const CRect& rect, int size) {
+    const int left = rect.left + (rect.Width() - size) / 2;
+    const int top = rect.top + (rect.Height() - size) / 2;
+    return {left, top, left + size, top + size};
 }
 
 } // namespace
 
 RowPainter::RowPainter(CSuperGridCtrl& grid, CDC& dc, int row)
-    : m_grid(grid), m_dc(dc), m_row(row), m_node(grid.NodeAtRow(row)) {
+    : m_grid(grid), m_dc(dc), m_row(row), m_there(grid, row), m_node(m_there.Node()) {
     const HWND focus = GetFocus();
     m_hasFocus = focus && (focus == grid.m_hWnd || IsChild(grid.m_hWnd, focus));
     m_isSelected = grid.GetItemState(row, LVIS_SELECTED) & LVIS_SELECTED;
@@ -65,10 +65,10 @@ RowPainter::RowPainter(CSuperGridCtrl& grid, CDC& dc, int row)
 
 void RowPainter::Draw() {
     const int columns = m_grid.GetColumnCount();
-    for (int column = 0; column < columns && IsThere() && m_node->info; ++column)
+    for (int column = 0; column < columns && m_there && m_node->info; ++column)
         DrawCell(column);
     CRect bounds;
-    if (IsThere() && m_hasFocus && m_grid.GetItemState(m_row, LVIS_FOCUSED) &&
+    if (m_there && m_hasFocus && m_grid.GetItemState(m_row, LVIS_FOCUSED) &&
         m_grid.GetItemRect(m_row, &bounds))
         m_dc.DrawFocusRect(bounds);
 }
@@ -98,13 +98,14 @@ void RowPainter::DrawContent(int column, const CRect& cell) {
             room.left = label.left;
     } else {
         room = DrawControl(column, cell);
-        if (!IsThere())
-            return;
     }
+    if (!m_there)
+        return;
     DrawText(column, room, ground);
     if (m_isSelected && m_hasFocus && column == m_grid.GetCurrentColumn())
         m_dc.FrameRect(cell, m_grid.GetFocusCellColor());
-    m_grid.DrawSpezialItem(m_dc, m_node, column, cell);
+    if (m_there)
+        m_grid.DrawSpezialItem(m_dc, m_node, column, cell);
 }
 
 COLORREF RowPainter::GroundOf(int column) const {
@@ -150,9 +151,11 @@ void RowPainter::DrawTree(const CRect& bounds) {
     DrawTreeLines(bounds, width);
     if (m_grid.GetExtendedStyle() & LVS_EX_CHECKBOXES)
         DrawRowCheck({bounds.left + m_node->indent() * width, bounds.top, icon.left, bounds.bottom});
-    if (!icons)
+    if (!icons || !m_there)
         return;
-    if (const Image* image = icons->GetImage(m_grid.GetIcon(m_node))) {
+    const int index = m_grid.GetIcon(m_node);
+    icons = m_grid.GetImageList(); // the host may have set another one
+    if (const Image* image = icons ? icons->GetImage(index) : nullptr) {
         const int height = icons->GetImageSize().cy;
         const int top = bounds.top + (bounds.Height() - height) / 2;
         m_dc.DrawImage(*image, {icon.left, top, icon.left + width, top + height});
@@ -293,9 +296,4 @@ void RowPainter::DrawDice(const CRect& square) {
                            ink);
 }
 
-void CSuperGridCtrl::DrawItem(DRAWITEMSTRUCT* item) {
-    if (item && item->hDC)
-        RowPainter(*this, *item->hDC, static_cast<int>(item->itemID)).Draw();
-}
-
-} // namespace korvel
+} // namespace korvel::internal

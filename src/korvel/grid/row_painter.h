@@ -1,8 +1,8 @@
 #pragma once
 
-#include "korvel/grid/super_grid_ctrl.h"
+#include "korvel/grid/row_watch.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 /// Draws one row of a tree grid: tree lines, sign, check box and icon in front of the first column's text,
 /// and for each further column what the control type of its cell shows.
@@ -15,15 +15,13 @@ public:
 private:
     using CTreeItem = CSuperGridCtrl::CTreeItem;
 
-    /// An object that is read for its row may remove it.
-    bool IsThere() const { return m_node && m_grid.NodeAtRow(m_row) == m_node; }
     void DrawCell(int column);
     void DrawContent(int column, const CRect& cell);
     void DrawTree(const CRect& bounds);
     void DrawTreeLines(const CRect& bounds, int width);
     void DrawSign(const CRect& square);
     void DrawRowCheck(const CRect& bounds);
-    /// Draws what stands in the cell beside its text and answers the room left for the text.
+    /// Draws what stands in the cell beside its text and returns the room left for the text.
     CRect DrawControl(int column, const CRect& cell);
     void DrawSwatch(const CRect& square, COLORREF word);
     void DrawButton(const CRect& square, const CString& face);
@@ -36,9 +34,10 @@ private:
     CSuperGridCtrl& m_grid;
     CDC& m_dc;
     const int m_row;
+    const RowWatch m_there;
     const CTreeItem* m_node;
     bool m_isSelected = false;
     bool m_hasFocus = false; // the grid, or an editor in it
 };
 
-} // namespace korvel
+} // namespace korvel::internal

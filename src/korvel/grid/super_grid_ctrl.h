@@ -10,8 +10,13 @@ namespace korvel {
 class CListEditCtrl;
 
 namespace internal {
+class GridRowList;
+class RowDrag;
+class RowKeys;
+class RowMouse;
 class RowsWatch;
-}
+class TreeRows;
+} // namespace internal
 
 /// A tree inside a report list: the tree is the truth, and the list holds one row for each node that is
 /// shown, in the order of the tree.
@@ -36,15 +41,14 @@ public:
     CSuperGridCtrl();
     ~CSuperGridCtrl() override;
 
-    // The tree. `position`: null or -1 appends, 0 inserts before the first sibling, n > 0 behind the
-    // sibling at n - 1. `info` is taken over; null makes a blank one.
-    const ChildList& rootItems() const { return m_forest->children(); }
+    // The tree. `position`: null or -1 appends, 0 inserts before the first sibling, n > 0 after the sibling
+    // at n - 1. `info` is taken over; null makes a blank one.
+    const ChildList& rootItems() const;
     CTreeItem* AddRootNode(CItemInfo* info, const int* position);
     /// Null, and `info` stays the caller's, when `parent` is null. `update` is kept for callers; always 1.
     CTreeItem* AddChildNode(CTreeItem* parent, CItemInfo* info, int update, const int* position);
-    /// Unlinks and deletes a node that has a parent, with its info and all below. Leaves the list alone: the
-    /// caller removes the rows before, or calls RebuildRows behind. Answers 1 when the node was one of this
-    /// grid's, else 0.
+    /// Deletes a node that has a parent, with its info and all below. Leaves the list alone: the caller
+    /// removes the rows before, or calls RebuildRows after. Returns 1 for a node of this grid, else 0.
     int RemoveNode(CTreeItem* node);
     /// The same for a root.
     int RemoveRootNode(CTreeItem* node);
@@ -55,7 +59,7 @@ public:
     /// The node of a row; null outside the rows.
     CTreeItem* NodeAtRow(int row) const;
     CTreeItem* GetSelectedNode() const;
-    /// Shows the children, all collapsed. Answers the last row that came, or `row` when none did.
+    /// Shows the children, all collapsed. Returns the last row that came, or `row` when none did.
     int ExpandNode(CTreeItem* node, int row);
     void CollapseNode(CTreeItem* node);
     /// Expands the node and every family below it. `scrollRow` (may be null) becomes the last row that
@@ -66,19 +70,19 @@ public:
     /// Collapses the node and all below, and deletes as many rows as that hides from `row` on. `hidden` is
     /// kept for callers; it changes nothing.
     void HideSubtree(CTreeItem* node, int hidden, int row);
-    /// Row numbers are found when they are asked for. Kept for callers that renumber behind their changes;
-    /// brings the list in line when its rows are not as many as the tree shows.
+    /// Row numbers are found when they are asked for. Kept for callers that renumber after their changes;
+    /// brings the list in line when its rows are not those of the tree.
     void RenumberRows();
     /// Brings the list in line with the tree; rows that are right already stay.
     void RebuildRows();
-    /// The same for what a node shows, from a row on. Answers the row behind.
+    /// The same for what a node shows, from a row on. Returns the row after.
     int RebuildFromNode(CTreeItem* node, int row, bool visible);
     /// Repaints the node's row with the texts that its info holds now.
     void RefreshRowTexts(const CTreeItem* node);
 
     // Copies, always collapsed and made by CopyItemInfo.
-    /// Appends a copy of `src` and all below it to `target`. 0 for a null target or source, and for a target
-    /// within `src`, which would have no end.
+    /// Appends a copy of `src` and all below it to `target`. 0 for a null target or source, for a target
+    /// within `src`, which would have no end, and when CopyItemInfo removes nodes.
     int CopyNodeUnder(CTreeItem* target, const CTreeItem* src);
     /// Copies all below `src` to below `dest`.
     void CopySubtree(CTreeItem* dest, const CTreeItem* src);
@@ -114,7 +118,7 @@ public:
     /// How the box of a ctCheck cell is drawn: DFCS_*.
     virtual UINT GetCheckState(const CTreeItem* node, int column);
     virtual int Reserved18();
-    /// Called behind the drawing of each cell.
+    /// Called after the drawing of each cell.
     virtual void DrawSpezialItem(CDC& dc, const CTreeItem* node, int column, const CRect& cell);
     virtual void DrawThemedFrame(CDC& dc, const CRect& rect, UINT type, UINT state);
 
@@ -136,14 +140,6 @@ protected:
 
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
-    struct NodeDeleter {
-        void operator()(CTreeItem* node) const {
-            delete node->info;
-            delete node;
-        }
-    };
-    using NodePtr = std::unique_ptr<CTreeItem, NodeDeleter>;
-
     // The halves of AddRootNode and AddChildNode: who files a node does so between them, before the host
     // can hear of it.
     /// Puts a node into the tree, for a null `parent` as a root. `position`: -1 appends.
@@ -151,15 +147,14 @@ protected:
     /// Inserts the rows of a node that was linked. The host may remove it meanwhile.
     void ShowNode(const CTreeItem* node);
 
-    /// Removes a node of this grid with its rows; its info and all below come along.
-    NodePtr TakeNode(CTreeItem* node);
+    /// Removes a node of this grid with its info, its rows and all below.
+    void TakeNode(CTreeItem* node);
     /// A node was taken out of the tree with all below; it is about to be deleted. `formerParent`: null for
     /// what was a root.
     virtual void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent);
     /// To be begun before a call of the host, and looked at after it.
     internal::RowsWatch WatchRows() const;
-    /// Counts removals of nodes: who calls a host in the midst of a walk sees whether nodes may be gone.
-    unsigned GetRemovalCount() const { return m_removals; }
+    unsigned GetRemovalCount() const;
     void DeleteAllNodes();
     /// Repaints one row, at once when it is on screen.
     void RedrawNode(const CTreeItem* node);
@@ -174,45 +169,18 @@ protected:
     const bool m_allowDeleteKey = true;
 
 private:
-    enum class ToggledBy { Sign, DoubleClick };
-    enum class Step { Left = -1, Right = 1 };
+    friend class internal::GridRowList;
+    friend class internal::RowDrag;
+    friend class internal::RowKeys;
+    friend class internal::RowMouse;
 
-    void PrepareList();
-    void InsertNodeRows(int row, const std::vector<CTreeItem*>& nodes, int indent);
-    void InsertChildRows(const CTreeItem& node, int row);
-    void OverwriteRow(int row, const CTreeItem* node);
-    void DropSurplusRows(int from);
-    void ForgetRowsOf(const CTreeItem& node);
-    NodePtr Unlink(CTreeItem* node);
     bool HasCheckBoxes() const;
 
-    bool OnKeyDown(UINT key);
-    void ToggleCheck(CTreeItem& node);
-    void DeleteSelectedRow(CTreeItem* node, int row);
-    void ExpandAllBelow(CTreeItem* node, int row);
-    bool MoveColumn(Step step);
-    bool StartCellEdit();
-
-    void OnLButtonDown(UINT flags, CPoint point);
-    void OnLButtonDblClk(CPoint point);
-    bool TakeCheck(CTreeItem& node, const LVHITTESTINFO& hit);
-    void Toggle(CTreeItem* node, ToggledBy by);
-    CRect GetSignRect(const CTreeItem& node, int row) const;
-
-    void OnBeginDrag(int row);
-    void OnDragMove(CPoint point);
-    void OnDragEnd(CPoint point);
-    void StopDrag();
-    void MoveNodeUnder(CTreeItem* target, CTreeItem* source);
-
-    std::unique_ptr<CTreeItem> m_forest;
-    HWND m_preparedWindow = nullptr;
-    int m_redrawPauses = 0;
-    unsigned m_removals = 0;
+    std::unique_ptr<internal::GridRowList> m_rowList;
+    std::unique_ptr<internal::TreeRows> m_tree;
+    std::unique_ptr<internal::RowDrag> m_drag;
     std::unique_ptr<CListEditCtrl> m_cellEdit;
-    std::unique_ptr<CImageList> m_dragImage; // while a row is dragged
-    CTreeItem* m_draggedNode = nullptr;
-    CTreeItem* m_dropTarget = nullptr;
+    int m_redrawPauses = 0;
 };
 
 } // namespace korvel

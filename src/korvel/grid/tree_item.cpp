@@ -1,22 +1,25 @@
 #include "korvel/grid/tree_item.h"
 
+#include "korvel/grid/child_block.h"
+
 #include <vector>
 
 namespace korvel::grid {
+
+using internal::ChildBlock;
+using internal::FamilyTally;
 
 CTreeItem::CTreeItem(CItemInfo* content) : info(content) {}
 
 // Not by recursion: a chain of nodes may be deeper than the stack.
 CTreeItem::~CTreeItem() {
-    std::vector<std::unique_ptr<ChildList>> open;
+    std::vector<ChildList> open;
     open.push_back(std::move(m_children));
     while (!open.empty()) {
-        const std::unique_ptr<ChildList> family = std::move(open.back());
+        const ChildList family = std::move(open.back());
         open.pop_back();
-        if (!family)
-            continue;
-        for (CTreeItem* child : *family) {
-            if (child->m_children)
+        for (CTreeItem* child : family) {
+            if (!child->m_children.empty())
                 open.push_back(std::move(child->m_children));
             delete child->info;
             delete child;
@@ -31,11 +34,6 @@ std::unique_ptr<CTreeItem> CTreeItem::MakeForest() {
     return forest;
 }
 
-const ChildList& CTreeItem::children() const {
-    static const ChildList none;
-    return m_children ? *m_children : none;
-}
-
 CTreeItem* CTreeItem::parent() const {
     return m_parent && !m_parent->IsForest() ? m_parent : nullptr;
 }
@@ -46,13 +44,17 @@ int CTreeItem::row() const {
     for (; node->m_parent; node = node->m_parent) {
         if (node->m_parent->m_collapsed)
             return -1;
-        before += node->m_parent->m_children->RowsBefore(*node) + 1;
+        before += node->m_parent->m_children.RowsBefore(*node) + 1;
     }
     return node->IsForest() ? before : -1;
 }
 
+int CTreeItem::rows() const {
+    return m_collapsed ? 1 : 1 + m_children.GetTally().rows;
+}
+
 bool CTreeItem::IsLastChild() const {
-    return !m_parent || m_parent->m_children->back() == this;
+    return !m_parent || m_parent->m_children.back() == this;
 }
 
 const CTreeItem* CTreeItem::Top() const {
@@ -63,61 +65,57 @@ const CTreeItem* CTreeItem::Top() const {
 }
 
 FamilyTally CTreeItem::GetTally() const {
-    return {rows(), !m_collapsed, m_children ? 1 : 0};
+    return {rows(), !m_collapsed, !m_children.empty()};
 }
 
-void CTreeItem::Report(FamilyTally former) {
+void CTreeItem::CountAnew(FamilyTally former) {
     for (CTreeItem* node = this; node->m_parent; node = node->m_parent) {
         const FamilyTally change = node->GetTally() - former;
         if (change == FamilyTally())
             return;
         former = node->m_parent->GetTally();
-        node->m_parent->m_children->Adjust(*node->m_block, change);
+        node->m_run->Count(0, change);
     }
 }
 
 void CTreeItem::InsertChild(int position, CTreeItem* child) {
     const FamilyTally former = GetTally();
-    if (!m_children)
-        m_children = std::make_unique<ChildList>();
-    if (position < 0 || position > m_children->size())
-        position = m_children->size();
-    child->Settle(this);
-    m_children->Insert(position, child);
-    Report(former);
+    if (position < 0 || position > m_children.size())
+        position = m_children.size();
+    m_children.Insert(position, child);
+    child->MoveUnder(this);
+    CountAnew(former);
 }
 
-// A node that is given a place may bring children along; their depth follows.
-void CTreeItem::Settle(CTreeItem* newParent) {
+void CTreeItem::MoveUnder(CTreeItem* newParent) {
     m_parent = newParent;
     m_indent = newParent->m_indent + 1;
-    if (!m_children)
+    if (m_children.empty())
         return;
     std::vector<CTreeItem*> open{this};
     while (!open.empty()) {
         const CTreeItem* node = open.back();
         open.pop_back();
-        for (CTreeItem* child : node->children()) {
+        for (CTreeItem* child : node->m_children) {
             child->m_indent = node->m_indent + 1;
-            open.push_back(child);
+            if (!child->m_children.empty())
+                open.push_back(child);
         }
     }
 }
 
 void CTreeItem::RemoveChild(CTreeItem* child) {
     const FamilyTally former = GetTally();
-    m_children->Erase(child);
-    if (m_children->empty())
-        m_children.reset();
+    m_children.Erase(child);
     child->m_parent = nullptr;
     child->m_indent = -1;
-    Report(former);
+    CountAnew(former);
 }
 
 void CTreeItem::SetCollapsed(bool collapse) {
     const FamilyTally former = GetTally();
     m_collapsed = collapse;
-    Report(former);
+    CountAnew(former);
 }
 
 void CTreeItem::CollapseBelow() {
@@ -125,10 +123,10 @@ void CTreeItem::CollapseBelow() {
     while (!open.empty()) {
         CTreeItem* node = open.back();
         open.pop_back();
-        for (const auto& block : node->children().GetBlocks()) {
-            if (block->tally.open == 0)
+        for (const ChildBlock* run = node->m_children.FirstRun(); run; run = run->NextRun()) {
+            if (run->tally.open == 0)
                 continue;
-            for (CTreeItem* child : block->items) {
+            for (CTreeItem* child : run->items) {
                 if (child->m_collapsed)
                     continue;
                 open.push_back(child);

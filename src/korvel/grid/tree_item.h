@@ -5,6 +5,10 @@
 
 #include <memory>
 
+namespace korvel::internal {
+struct ChildBlock;
+}
+
 namespace korvel::grid {
 
 /// A node of a tree grid. Its row, and the number of rows that its subtree takes, are found on the way to
@@ -33,7 +37,7 @@ public:
     /// -1: the node can expand only when it has children; any other value: also without.
     int expandMarker = -1;
 
-    const ChildList& children() const;
+    const ChildList& children() const { return m_children; }
     /// Null for a root.
     CTreeItem* parent() const;
     bool collapsed() const { return m_collapsed; }
@@ -42,9 +46,9 @@ public:
     /// The list row of the node; -1 while an ancestor is collapsed and for a node without a place.
     int row() const;
 
-    bool CanExpand() const { return expandMarker != -1 || !children().empty(); }
+    bool CanExpand() const { return expandMarker != -1 || !m_children.empty(); }
     /// Rows that the node and what it shows below take, when the node itself is shown.
-    int rows() const { return m_collapsed || !m_children ? 1 : 1 + m_children->GetTally().rows; }
+    int rows() const;
     bool IsLastChild() const;
     /// The unseen node above all when the node has a place in a grid, else the topmost ancestor.
     const CTreeItem* Top() const;
@@ -62,18 +66,29 @@ public:
 
 private:
     friend class korvel::ChildList;
+    friend struct internal::ChildBlock;
 
-    FamilyTally GetTally() const;
-    /// Tells the ancestors that the node counted `former` before.
-    void Report(FamilyTally former);
-    void Settle(CTreeItem* newParent);
+    internal::FamilyTally GetTally() const;
+    /// Has the ancestors count the node anew, for which they counted `former`.
+    void CountAnew(internal::FamilyTally former);
+    /// Gives a node without a place one; the depth of all below follows.
+    void MoveUnder(CTreeItem* newParent);
     bool IsForest() const { return m_indent == 0; }
 
     CTreeItem* m_parent = nullptr;
-    ChildBlock* m_block = nullptr;         // the run of siblings that it stands in
-    std::unique_ptr<ChildList> m_children; // null: none
+    internal::ChildBlock* m_run = nullptr; // the run of siblings that it is in
+    ChildList m_children;
     int m_indent = -1;
     bool m_collapsed = true;
 };
+
+/// Deletes a node with its info.
+struct NodeDeleter {
+    void operator()(CTreeItem* node) const {
+        delete node->info;
+        delete node;
+    }
+};
+using NodePtr = std::unique_ptr<CTreeItem, NodeDeleter>;
 
 } // namespace korvel::grid

@@ -4,15 +4,16 @@
 
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The nodes below one node, parents before their children and siblings in order. The tree must not change
 /// meanwhile. Keeps its own stack: trees may be deeper than the program's.
 class TreeWalk {
 public:
+    TreeWalk() = default;
     explicit TreeWalk(const ChildList& family) { Enter(family); }
 
-    /// The next node, null behind the last.
+    /// The next node, null after the last.
     grid::CTreeItem* Next() {
         while (!m_open.empty() && m_open.back().next == m_open.back().end)
             m_open.pop_back();
@@ -32,4 +33,4 @@ private:
     std::vector<Family> m_open;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

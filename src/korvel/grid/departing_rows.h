@@ -1,0 +1,43 @@
+#pragma once
+
+#include <vector>
+
+namespace korvel::internal {
+
+/// The rows of nodes that are shown no more, while they leave the list one by one: until the last one has
+/// gone, the list holds more rows than the tree shows, and who hears of one may insert and remove others.
+///
+///     DepartingRows rows;
+///     rows.Begin(3, 2);      // rows 3 and 4 leave: the tree shows 10 more
+///     rows.ListRow(3);       // 5
+///     rows.Update(11, 10);   // row 4 has gone
+///     rows.ListRow(3);       // 4
+///     rows.End();
+class DepartingRows {
+public:
+    struct Range {
+        int first = 0; // in the list
+        int left = 0;  // the last one of a range leaves first
+    };
+
+    bool IsEmpty() const { return m_ranges.empty(); }
+    /// The removals that are under way, each begun while the one before it told of a row.
+    const std::vector<Range>& Ranges() const { return m_ranges; }
+
+    /// To be called before the tree changes, and before a row is asked for: `listed` rows are in the list,
+    /// `shown` ones in the tree.
+    void Update(int listed, int shown);
+    /// The row in the list of a row in the tree.
+    int ListRow(int shownRow) const;
+
+    void Begin(int first, int count);
+    /// Ends the removal that began last, and returns what is left of it.
+    Range End();
+    /// Rows were inserted in the list.
+    void Insert(int row, int count);
+
+private:
+    std::vector<Range> m_ranges;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,401 @@
+#include "korvel/grid/tree_rows.h"
+
+#include "korvel/grid/tree_walk.h"
+#include "korvel/window/base/first_failure.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace korvel::internal {
+
+namespace {
+
+using grid::CTreeItem;
+using Nodes = std::vector<CTreeItem*>;
+
+grid::NodePtr MakeNode(CItemInfo* info) {
+    std::unique_ptr<CItemInfo> content(info ? info : new CItemInfo);
+    grid::NodePtr node(new CTreeItem(content.get()));
+    content.release();
+    return node;
+}
+
+void AppendShown(CTreeItem& node, Nodes& shown) {
+    shown.push_back(&node);
+    if (node.collapsed())
+        return;
+    TreeWalk walk(node.children());
+    while (CTreeItem* next = walk.Next()) {
+        shown.push_back(next);
+        if (!next->collapsed())
+            walk.Enter(next->children());
+    }
+}
+
+bool IsWithin(const CTreeItem& root, const CTreeItem* node) {
+    while (node && node != &root)
+        node = node->parent();
+    return node != nullptr;
+}
+
+} // namespace
+
+TreeRows::TreeRows(RowList& list) : m_list(list), m_forest(CTreeItem::MakeForest()) {}
+
+void TreeRows::BeginChange() const {
+    if (!m_departing.IsEmpty())
+        m_departing.Update(m_list.Count(), ShownCount());
+}
+
+int TreeRows::RowOf(const CTreeItem* node) const {
+    const int row = Has(node) ? node->row() : -1;
+    if (row < 0)
+        return -1;
+    BeginChange();
+    return m_departing.ListRow(row);
+}
+
+TreeRows::CTreeItem* TreeRows::NodeAt(int row) const {
+    CTreeItem* node = m_list.At(row);
+    return m_discarded.empty() || Has(node) ? node : nullptr;
+}
+
+TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, CItemInfo* info, int position) {
+    NodePtr node = MakeNode(info);
+    BeginChange();
+    (parent ? parent : m_forest.get())->InsertChild(position, node.get());
+    return node.release();
+}
+
+void TreeRows::Show(const CTreeItem* node) {
+    const RowsWatch rows = Watch();
+    if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
+        m_list.Redraw(*parent); // its sign comes
+    if (rows && Has(node) && node->row() >= 0)
+        InsertRows(node->row(), {const_cast<CTreeItem*>(node)});
+}
+
+// The rows come at once; what the host makes of it finds them there.
+void TreeRows::InsertRows(int shownRow, const Nodes& nodes) {
+    const int listed = m_list.Count();
+    const int count = static_cast<int>(nodes.size());
+    if (listed < 0 || count == 0)
+        return;
+    if (m_departing.IsEmpty() && (m_isListBehind || listed + count != ShownCount())) {
+        Rebuild();
+        return;
+    }
+    const int row = m_departing.ListRow(shownRow);
+    m_departing.Insert(row, count);
+    m_list.Insert(row, nodes);
+    m_list.Mark(row, row + count);
+}
+
+void TreeRows::RemoveRows(int first, int last) {
+    last = std::min(last, m_list.Count());
+    if (first < 0 || first >= last)
+        return;
+    const int surplus = m_list.Count() - (last - first) - ShownCount();
+    m_departing.Begin(first, last - first);
+    FirstFailure failure;
+    failure.Try([&] { m_list.Remove(first, last); });
+    EndDeparture(failure);
+    if (m_departing.IsEmpty() && (m_isListBehind || m_list.Count() - ShownCount() != surplus))
+        failure.Try([&] { Rebuild(); });
+    DeleteDiscarded();
+    failure.Rethrow();
+}
+
+// Whoever heard of a row may have thrown: then the rest leaves unheard.
+void TreeRows::EndDeparture(FirstFailure& failure) {
+    BeginChange();
+    const DepartingRows::Range rest = m_departing.End();
+    if (rest.left > 0 && !m_isListBehind)
+        failure.Try([&] { m_list.RemoveQuietly(rest.first, rest.first + rest.left); });
+}
+
+int TreeRows::LastRowOf(const CTreeItem& node) const {
+    return m_departing.ListRow(node.row() + node.rows() - 1);
+}
+
+grid::NodePtr TreeRows::Detach(CTreeItem* node) {
+    ++m_removals;
+    BeginChange();
+    CTreeItem* parent = node->parent();
+    (parent ? parent : m_forest.get())->RemoveChild(node);
+    return NodePtr(node);
+}
+
+void TreeRows::Remove(CTreeItem* node) {
+    if (!Has(node) || node == m_forest.get())
+        return;
+    const CTreeItem* parent = node->parent();
+    const int first = RowOf(node);
+    const int last = first >= 0 && m_list.At(first) == node ? LastRowOf(*node) + 1 : first;
+    NodePtr removed = Detach(node);
+    const RowsWatch rows = Watch();
+    FirstFailure failure;
+    failure.Try([&] { RemoveRows(first, last); });
+    failure.Try([&] { m_list.OnUnlinked(*removed, parent); });
+    Discard(std::move(removed));
+    failure.Try([&] { RebuildIfNeeded(); });
+    if (rows && parent && parent->children().empty())
+        failure.Try([&] { m_list.Redraw(*parent); }); // its sign goes
+    failure.Rethrow();
+}
+
+bool TreeRows::Unlink(CTreeItem* node) {
+    if (!Has(node) || node == m_forest.get())
+        return false;
+    const CTreeItem* parent = node->parent();
+    const int row = RowOf(node);
+    const bool isListed = row >= 0 && m_list.At(row) == node;
+    NodePtr removed = Detach(node);
+    const bool hasSurplus = m_departing.IsEmpty() && m_list.Count() > ShownCount();
+    m_isListBehind = m_isListBehind || isListed || hasSurplus;
+    FirstFailure failure;
+    failure.Try([&] { m_list.OnUnlinked(*removed, parent); });
+    Discard(std::move(removed));
+    failure.Rethrow();
+    return true;
+}
+
+void TreeRows::Discard(NodePtr node) {
+    if (m_departing.IsEmpty() && !m_isListBehind)
+        return;
+    TreeWalk walk(node->children());
+    for (CTreeItem* next = node.get(); next; next = walk.Next()) {
+        delete std::exchange(next->info, nullptr);
+        if (next != node.get())
+            walk.Enter(next->children());
+    }
+    m_discarded.push_back(std::move(node));
+}
+
+void TreeRows::DeleteDiscarded() {
+    if (m_departing.IsEmpty() && !m_isListBehind)
+        m_discarded.clear();
+}
+
+void TreeRows::Clear() {
+    ++m_removals;
+    BeginChange();
+    const std::unique_ptr<CTreeItem> former = std::exchange(m_forest, CTreeItem::MakeForest());
+    m_departing.Begin(0, std::max(0, m_list.Count()));
+    FirstFailure failure;
+    failure.Try([&] { m_list.ChangeMany([&] { m_list.RemoveAll(); }); });
+    EndDeparture(failure);
+    m_isListBehind = false;
+    failure.Try([&] { RebuildIfNeeded(); });
+    DeleteDiscarded();
+    failure.Rethrow();
+}
+
+int TreeRows::Expand(CTreeItem* node, int row) {
+    const int place = RowOf(node);
+    if (place < 0)
+        return -1;
+    if (!node->CanExpand() || !node->collapsed())
+        return row;
+    node->CollapseBelow(); // what was left open below a collapsed node stays out
+    node->SetCollapsed(false);
+    const int last = place + node->children().size();
+    const RowsWatch rows = Watch();
+    InsertRows(node->row() + 1, Nodes(node->children().begin(), node->children().end()));
+    if (rows)
+        m_list.Redraw(*node);
+    return last;
+}
+
+void TreeRows::ExpandAll(CTreeItem* node, int* scrollRow) {
+    if (node && node->children().empty())
+        return;
+    Nodes closed; // the families that are shown collapsed, in order
+    CTreeItem* lastFamily = nullptr;
+    const auto meet = [&](CTreeItem* next, TreeWalk& walk) {
+        if (next->children().empty())
+            return;
+        lastFamily = next;
+        if (next->collapsed())
+            closed.push_back(next);
+        else
+            walk.Enter(next->children());
+    };
+    if (!node || RowOf(node) >= 0) {
+        TreeWalk walk;
+        if (node)
+            meet(node, walk);
+        else
+            walk.Enter(Roots());
+        while (CTreeItem* next = walk.Next())
+            meet(next, walk);
+    }
+    const RowsWatch rows = Watch();
+    m_list.ChangeMany([&] {
+        for (CTreeItem* family : closed)
+            if (rows && RowOf(family) >= 0 && family->collapsed()) { // where the host has not been meanwhile
+                CTreeItem* last = OpenAll(*family);
+                if (family == lastFamily)
+                    lastFamily = last;
+            }
+    });
+    if (!scrollRow || !rows)
+        return;
+    const int row = RowOf(lastFamily);
+    const bool hasCome = !closed.empty() && lastFamily && IsWithin(*closed.back(), lastFamily);
+    *scrollRow = hasCome && row >= 0 ? row + lastFamily->children().size() : row;
+}
+
+// From the last family up, below one that is collapsed still: so no count goes further up than to it.
+CTreeItem* TreeRows::OpenAll(CTreeItem& node) {
+    node.CollapseBelow();
+    Nodes shown;
+    Nodes families{&node};
+    TreeWalk walk(node.children());
+    while (CTreeItem* next = walk.Next()) {
+        shown.push_back(next);
+        if (next->children().empty())
+            continue;
+        families.push_back(next);
+        walk.Enter(next->children());
+    }
+    for (auto family = families.rbegin(); family != families.rend(); ++family)
+        (*family)->SetCollapsed(false);
+    InsertRows(node.row() + 1, shown);
+    return families.back();
+}
+
+void TreeRows::Collapse(CTreeItem* node) {
+    if (!node || !node->CanExpand())
+        return;
+    const int row = RowOf(node);
+    m_list.ChangeMany([&] { Hide(node, row < 0 ? -1 : row + 1); });
+}
+
+void TreeRows::CollapseAll() {
+    const Nodes roots(Roots().begin(), Roots().end());
+    const RowsWatch rows = Watch();
+    // From the last root up, so that no rows move that are removed later.
+    m_list.ChangeMany([&] {
+        for (auto root = roots.rbegin(); root != roots.rend() && rows; ++root)
+            Collapse(*root);
+    });
+}
+
+void TreeRows::Hide(CTreeItem* node, int row) {
+    if (!node || node->collapsed() || !node->CanExpand())
+        return;
+    BeginChange();
+    const int hidden = node->rows() - 1;
+    int last = row + hidden;
+    if (hidden > 0 && !m_departing.IsEmpty() && Has(node) && node->row() >= 0) {
+        row = m_departing.ListRow(node->row() + 1);
+        last = LastRowOf(*node) + 1;
+    }
+    node->SetCollapsed(true);
+    node->CollapseBelow();
+    if (row >= 0 && hidden > 0)
+        RemoveRows(row, last);
+}
+
+void TreeRows::RebuildIfNeeded() {
+    if (m_isListBehind || m_list.Count() != ShownCount())
+        Rebuild();
+}
+
+void TreeRows::Rebuild() {
+    if (m_list.Count() >= 0 && m_departing.IsEmpty())
+        m_list.ChangeMany([&] { RebuildAll(); });
+}
+
+void TreeRows::RebuildAll() {
+    Nodes shown;
+    shown.reserve(static_cast<std::size_t>(ShownCount()));
+    for (CTreeItem* root : Roots())
+        AppendShown(*root, shown);
+    const int end = Overwrite(0, shown);
+    const int count = m_list.Count();
+    const bool hasSurplus = end < count && end == ShownCount();
+    for (int row = end; hasSurplus && row < count; ++row)
+        m_list.Rewrite(row, nullptr); // who hears of it must not take it for one of its node
+    m_isListBehind = false;
+    DeleteDiscarded();
+    if (hasSurplus)
+        RemoveRows(end, count);
+}
+
+int TreeRows::RebuildFrom(CTreeItem* node, int row) {
+    if (!node || m_list.Count() < 0 || !m_departing.IsEmpty())
+        return row;
+    Nodes shown;
+    AppendShown(*node, shown);
+    return Overwrite(row, shown);
+}
+
+int TreeRows::Overwrite(int row, const Nodes& nodes) {
+    const int end = row + static_cast<int>(nodes.size());
+    const int common = std::min(end, m_list.Count());
+    auto node = nodes.begin();
+    for (int next = row; next < common; ++next)
+        m_list.Rewrite(next, *node++);
+    if (node != nodes.end())
+        m_list.Insert(std::max(row, common), Nodes(node, nodes.end()));
+    m_list.Mark(row, end);
+    return end;
+}
+
+bool TreeRows::CopyUnder(CTreeItem* target, const CTreeItem* source) {
+    if (!target || !source || IsWithin(*source, target))
+        return false;
+    const RowsWatch rows = Watch();
+    NodePtr copy = MakeNode(m_list.CopyInfo(source->info));
+    if (!rows || !FillWithCopies(*copy, *source))
+        return false;
+    BeginChange();
+    target->InsertChild(-1, copy.get());
+    Show(copy.release());
+    return true;
+}
+
+void TreeRows::CopyBelow(CTreeItem* target, const CTreeItem* source) {
+    if (!target || !source || source->children().empty() || IsWithin(*source, target))
+        return;
+    const RowsWatch rows = Watch();
+    CTreeItem copies(nullptr);
+    if (!FillWithCopies(copies, *source))
+        return;
+    Collapse(target);
+    if (!rows)
+        return;
+    BeginChange();
+    target->SetCollapsed(true); // copies get no rows, also below a node that lost its children while expanded
+    while (!copies.children().empty()) {
+        CTreeItem* copy = copies.children().front();
+        copies.RemoveChild(copy);
+        target->InsertChild(-1, copy);
+    }
+    m_list.Redraw(*target);
+}
+
+bool TreeRows::FillWithCopies(CTreeItem& target, const CTreeItem& source) {
+    const RowsWatch rows = Watch();
+    std::vector<std::pair<CTreeItem*, const CTreeItem*>> open{{&target, &source}};
+    while (!open.empty()) {
+        const auto [parent, original] = open.back();
+        open.pop_back();
+        const Nodes children(original->children().begin(),
+                             original->children().end()); // the host may add some
+        for (const CTreeItem* child : children) {
+            NodePtr copy = MakeNode(m_list.CopyInfo(child->info));
+            if (!rows)
+                return false;
+            parent->InsertChild(-1, copy.get());
+            if (!child->children().empty())
+                open.emplace_back(copy.get(), child);
+            copy.release();
+        }
+    }
+    return true;
+}
+
+} // namespace korvel::internal
