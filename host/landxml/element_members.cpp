@@ -34,6 +34,10 @@ bool DeclaresNamespace(std::string_view attribute) {
     return attribute == "xmlns" || PrefixOf(attribute) == "xmlns";
 }
 
+std::string InBrackets(std::string_view unit) {
+    return unit.empty() ? std::string() : " [" + std::string(unit) + "]";
+}
+
 std::string JoinWithBlanks(const std::vector<std::string_view>& words) {
     std::string text;
     for (const std::string_view word : words) {
@@ -71,13 +75,24 @@ bool ElementMembers::IsForeign(ElementIndex owner, const XmlAttribute& attribute
 
 std::vector<Member> ElementMembers::List(ElementIndex owner) const {
     std::vector<Member> members;
-    for (const XmlAttribute& attribute : m_tree.Attributes(owner))
-        members.emplace_back(static_cast<std::uint32_t>(m_tree.OffsetOf(attribute.name)),
-                             MemberKind::Attribute);
+    for (const XmlAttribute& attribute : m_tree.Attributes(owner)) {
+        const auto place = static_cast<std::uint32_t>(m_tree.OffsetOf(attribute.name));
+        members.push_back(WithFlags(owner, Member(place, MemberKind::Attribute)));
+    }
     ListTextParts(owner, members);
     for (const ElementIndex child : m_tree.Children(owner))
-        members.emplace_back(child, IsTextElement(child) ? MemberKind::TextElement : MemberKind::Object);
+        if (IsTextElement(child))
+            members.push_back(WithFlags(owner, Member(child, MemberKind::TextElement)));
+        else
+            members.emplace_back(child, MemberKind::Object);
     return members;
+}
+
+Member ElementMembers::WithFlags(ElementIndex owner, Member member) const {
+    const TypedValue value = ValueOf(owner, member);
+    member.isValid = value.isValid;
+    member.isExact = value.isExact;
+    return member;
 }
 
 void ElementMembers::ListTextParts(ElementIndex owner, std::vector<Member>& members) const {
@@ -87,11 +102,11 @@ void ElementMembers::ListTextParts(ElementIndex owner, std::vector<Member>& memb
     const TextType type = TextTypeOf(owner);
     const std::size_t count = type.parts.size() == 1 ? 1 : SplitAtBlanks(text.utf8).size();
     if (!text.complete || count < type.required || count > type.parts.size()) {
-        members.emplace_back(WholeText, MemberKind::TextPart);
+        members.push_back(WithFlags(owner, Member(WholeText, MemberKind::TextPart)));
         return;
     }
     for (std::uint32_t part = 0; part < count; ++part)
-        members.emplace_back(part, MemberKind::TextPart);
+        members.push_back(WithFlags(owner, Member(part, MemberKind::TextPart)));
 }
 
 bool ElementMembers::IsTextElement(ElementIndex element) const {
@@ -125,33 +140,43 @@ MemberName ElementMembers::NameOfElement(ElementIndex element) const {
 }
 
 MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) const {
-    if (member.kind == MemberKind::Object)
-        return NameOfElement(member.place);
-    if (member.kind == MemberKind::TextElement) {
-        MemberName name = NameOfElement(member.place);
-        name.mark = IsValidTextElement(member.place) ? "" : InvalidMark;
-        return name;
-    }
-    const TypedValue value = ValueOf(owner, member);
     MemberName name;
-    if (member.kind == MemberKind::Attribute) {
+    ValueType type;
+    switch (member.kind) {
+    case MemberKind::Object:
+    case MemberKind::TextElement:
+        name = NameOfElement(member.place);
+        break;
+    case MemberKind::Attribute: {
         const XmlAttribute attribute = m_tree.AttributeAt(member.place);
+        type = AttributeType(owner, attribute);
         name.stem = ToLibraryText(std::string(attribute.name)).text;
         name.mark = IsForeign(owner, attribute) ? ForeignMark : "";
-    } else {
-        name.stem = member.place == WholeText ? "text" : TextTypeOf(owner).parts[member.place].name;
+        break;
     }
-    if (!value.unit.empty())
-        name.stem += " [" + value.unit + "]";
-    if (!value.isValid)
+    case MemberKind::TextPart:
+        name.stem = "text";
+        if (member.place != WholeText) {
+            const TextPart& part = TextTypeOf(owner).parts[member.place];
+            type = part.type;
+            name.stem = part.name;
+        }
+        break;
+    }
+    if (!member.isValid)
         name.mark = InvalidMark;
+    else if (type.meaning != Meaning::Text)
+        name.stem += InBrackets(UnitOf(type, PlaceOf(owner, type)));
     return name;
 }
 
-ValueType ElementMembers::AttributeType(ElementIndex owner, std::string_view attribute) const {
-    ValueType type = TypeOfAttribute(m_tree.LocalName(owner), attribute);
+// What is no part of LandXML is text.
+ValueType ElementMembers::AttributeType(ElementIndex owner, const XmlAttribute& attribute) const {
+    if (DeclaresNamespace(attribute.name) || IsForeign(owner, attribute) || IsForeign(owner))
+        return {};
+    ValueType type = TypeOfAttribute(m_tree.LocalName(owner), attribute.name);
     if (type.meaning == Meaning::SlopeOrLength) {
-        std::string kind(attribute);
+        std::string kind(attribute.name);
         kind.replace(kind.rfind("Value"), 5, "Type");
         type.meaning = m_tree.FindAttribute(owner, kind) == "slope" ? Meaning::Percent : Meaning::Length;
     }
@@ -165,12 +190,16 @@ TextType ElementMembers::TextTypeOf(ElementIndex element) const {
     return TypeOfText(isSlope || IsForeign(element) ? std::string_view() : name);
 }
 
-TypedValue ElementMembers::Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const {
+ValuePlace ElementMembers::PlaceOf(ElementIndex owner, const ValueType& type) const {
     const bool isStation = type.meaning == Meaning::Station;
     const bool isRailway =
         isStation && (m_stations == StationKind::Automatic ? m_scopes.IsRailway(owner)
                                                            : m_stations == StationKind::Railway);
-    return ReadValue(type, text, {m_scopes.UnitsAt(owner), isRailway, m_fileChooser});
+    return {m_scopes.UnitsAt(owner), isRailway, m_fileChooser};
+}
+
+TypedValue ElementMembers::Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const {
+    return ReadValue(type, text, PlaceOf(owner, type));
 }
 
 TypedValue ElementMembers::ValueOf(ElementIndex owner, const Member& member) const {
@@ -187,9 +216,8 @@ TypedValue ElementMembers::ValueOf(ElementIndex owner, const Member& member) con
 }
 
 TypedValue ElementMembers::AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const {
-    const bool isText = DeclaresNamespace(attribute.name) || IsForeign(owner, attribute) || IsForeign(owner);
-    const ValueType type = isText ? ValueType() : AttributeType(owner, attribute.name);
-    return Read(owner, type, DecodeXmlAttribute(attribute.value, LongestShownText));
+    return Read(owner, AttributeType(owner, attribute),
+                DecodeXmlAttribute(attribute.value, LongestShownText));
 }
 
 TypedValue ElementMembers::TextPartValue(ElementIndex owner, std::uint32_t part) const {
@@ -207,31 +235,28 @@ TypedValue ElementMembers::TextPartValue(ElementIndex owner, std::uint32_t part)
 }
 
 // Only the points of terrains have a type: rows of numbers.
-bool ElementMembers::IsValidTextElement(ElementIndex element) const {
-    const TextType type = TypeOfText(m_tree.LocalName(element));
-    if (type.parts.size() == 1)
-        return true;
-    const XmlCharacters text = m_tree.Text(element).Decode(LongestShownText);
-    const std::vector<std::string_view> words = SplitAtBlanks(text.utf8);
-    return text.complete && words.size() >= type.required && words.size() <= type.parts.size() &&
-           std::all_of(words.begin(), words.end(),
-                       [](std::string_view word) { return ReadDouble(word) || IsNotFinite(word); });
-}
-
 TypedValue ElementMembers::TextElementValue(ElementIndex element) const {
     XmlCharacters text = m_tree.Text(element).Decode(LongestShownText);
-    text.utf8 = JoinWithBlanks(SplitAtBlanks(text.utf8));
-    return Read(element, {}, text);
+    const std::vector<std::string_view> words = SplitAtBlanks(text.utf8);
+    const TextType type = TypeOfText(m_tree.LocalName(element));
+    const bool isRow = words.size() >= type.required && words.size() <= type.parts.size() &&
+                       std::all_of(words.begin(), words.end(), [](std::string_view word) {
+                           return ReadDouble(word) || IsNotFinite(word);
+                       });
+    text.utf8 = JoinWithBlanks(words);
+    TypedValue value = Read(element, {}, text);
+    value.isValid = type.parts.size() == 1 || (text.complete && isRow);
+    return value;
 }
 
 bool ElementMembers::IsReplaceable(ElementIndex owner, const Member& member) const {
     switch (member.kind) {
     case MemberKind::Attribute:
-        return !DeclaresNamespace(m_tree.AttributeAt(member.place).name) && ValueOf(owner, member).isExact;
+        return member.isExact && !DeclaresNamespace(m_tree.AttributeAt(member.place).name);
     case MemberKind::TextPart:
-        return m_tree.Text(owner).IsPlain() && ValueOf(owner, member).isExact;
+        return member.isExact && m_tree.Text(owner).IsPlain();
     case MemberKind::TextElement:
-        return m_tree.Text(member.place).IsPlain() && ValueOf(owner, member).isExact;
+        return member.isExact && m_tree.Text(member.place).IsPlain();
     default:
         return false;
     }

@@ -27,14 +27,19 @@ enum class MemberKind : std::uint32_t {
 
 /// 8 bytes, for terrains have millions.
 struct Member {
-    Member(std::uint32_t itsPlace, MemberKind itsKind) : place(itsPlace), kind(itsKind), number(0) {}
+    Member(std::uint32_t itsPlace, MemberKind itsKind)
+        : place(itsPlace), kind(itsKind), isValid(true), isExact(true), number(0) {}
 
     std::uint32_t place; ///< offset of the attribute's name, number of the part, or the element
     MemberKind kind : 2;
-    std::uint32_t number : 30; ///< of children with no name of their own: 1 is the first, 0 the only one
+    bool isValid : 1;          ///< as in TypedValue; true for an object
+    bool isExact : 1;          ///< as in TypedValue; true for an object
+    std::uint32_t number : 28; ///< of children with no name of their own: 1 is the first, 0 the only one
 };
 
-/// A member's name: the stem, behind which numbers may come, and the mark that ends it.
+static_assert(sizeof(Member) == 8);
+
+/// A member's name: the stem, after which numbers may come, and the mark that ends it.
 ///
 ///     "Alignment A"  "length [ft]"  "date" + " [invalid]"  "x:note" + " [foreign]"
 struct MemberName {
@@ -56,8 +61,9 @@ public:
 
     const ElementTree& Tree() const { return m_tree; }
 
-    /// In member order; children without a name of their own are not numbered yet.
+    /// In member order, each value read once; children without a name of their own are not numbered yet.
     std::vector<Member> List(ElementIndex owner) const;
+    /// Of a member that List has made. Reads no value.
     MemberName NameOf(ElementIndex owner, const Member& member) const;
 
     /// Of a member that is no object.
@@ -74,16 +80,17 @@ private:
     static constexpr std::uint32_t WholeText = 0xFFFFFFFF;
 
     std::string_view OwnName(ElementIndex element) const; // as written; empty: none
+    Member WithFlags(ElementIndex owner, Member member) const;
     void ListTextParts(ElementIndex owner, std::vector<Member>& members) const;
     bool IsTextElement(ElementIndex element) const;
-    bool IsValidTextElement(ElementIndex element) const;
     bool IsForeign(ElementIndex element) const;
     bool IsForeign(ElementIndex owner, const XmlAttribute& attribute) const;
     bool IsLandXml(std::string_view address) const;
-    ValueType AttributeType(ElementIndex owner, std::string_view attribute) const;
+    ValueType AttributeType(ElementIndex owner, const XmlAttribute& attribute) const;
     TextType TextTypeOf(ElementIndex element) const;
     TypedValue TextPartValue(ElementIndex owner, std::uint32_t part) const;
     TypedValue TextElementValue(ElementIndex element) const;
+    ValuePlace PlaceOf(ElementIndex owner, const ValueType& type) const;
     TypedValue Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const;
     std::string DisplayName(ElementIndex element) const;
 

@@ -17,9 +17,9 @@ const std::string& ElementObject::GetIdent() const {
 
 void ElementObject::GetMemberNames(std::list<std::string>& names) {
     names.clear();
-    const MemberTable& table = m_document.MembersOf(m_element);
-    for (std::size_t i = 0; i < table.Count(); ++i)
-        names.push_back(table.NameAt(i));
+    const UniqueMemberNames& own = m_document.NamesOf(m_element);
+    for (std::size_t i = 0; i < own.Count(); ++i)
+        names.push_back(own.NameAt(i));
 }
 
 bool ElementObject::GetMemberType(const std::string& name, EDataTyps& type) {
@@ -31,12 +31,12 @@ bool ElementObject::GetMemberType(const std::string& name, EDataTyps& type) {
 }
 
 bool ElementObject::IsMemberEditable(const std::string& name) {
-    const std::optional<Member> member = m_document.MembersOf(m_element).Find(name);
+    const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
     return member && !m_document.IsReadOnly() && m_document.Members().IsReplaceable(m_element, *member);
 }
 
 bool ElementObject::GetMember(const std::string& name, CVariantValue& value) {
-    const std::optional<Member> member = m_document.MembersOf(m_element).Find(name);
+    const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
     if (!member)
         return false;
     if (member->kind != MemberKind::Object) {

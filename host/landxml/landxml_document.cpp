@@ -9,8 +9,8 @@
 namespace korvel::inspector {
 namespace {
 
-// From here on, making a table again costs more than keeping it.
-constexpr std::size_t LargeTable = 64;
+// From here on, making the names again costs more than keeping them.
+constexpr std::size_t ManyMembers = 64;
 
 } // namespace
 
@@ -49,7 +49,7 @@ void LandXmlDocument::Forget(ElementIndex element) {
     m_objects.erase(element);
     m_presentations.erase(element);
     m_idents.erase(element);
-    m_largeTables.erase(element);
+    m_namesOfLarge.erase(element);
 }
 
 const std::string& LandXmlDocument::IdentOf(ElementIndex element) {
@@ -58,21 +58,21 @@ const std::string& LandXmlDocument::IdentOf(ElementIndex element) {
         return known->second;
     const ElementIndex parent = Tree().Parent(element);
     const std::string name =
-        parent == NoElement ? m_members.NameOfElement(element).stem : MembersOf(parent).NameOfChild(element);
+        parent == NoElement ? m_members.NameOfElement(element).stem : NamesOf(parent).NameOfChild(element);
     return m_idents.emplace(element, name).first->second;
 }
 
-const MemberTable& LandXmlDocument::MembersOf(ElementIndex element) {
-    if (const auto large = m_largeTables.find(element); large != m_largeTables.end())
+const UniqueMemberNames& LandXmlDocument::NamesOf(ElementIndex element) {
+    if (const auto large = m_namesOfLarge.find(element); large != m_namesOfLarge.end())
         return *large->second;
-    RecentTable& recent = m_recentTables[element % m_recentTables.size()];
+    RecentNames& recent = m_recentNames[element % m_recentNames.size()];
     if (recent.element == element)
-        return *recent.table;
-    auto table = std::make_unique<MemberTable>(m_members, element);
-    if (table->Count() > LargeTable)
-        return *m_largeTables.emplace(element, std::move(table)).first->second;
-    recent = {element, std::move(table)};
-    return *recent.table;
+        return *recent.names;
+    auto names = std::make_unique<UniqueMemberNames>(m_members, element);
+    if (names->Count() > ManyMembers)
+        return *m_namesOfLarge.emplace(element, std::move(names)).first->second;
+    recent = {element, std::move(names)};
+    return *recent.names;
 }
 
 } // namespace korvel::inspector

@@ -3,7 +3,7 @@
 #include "landxml/alignment_presentation.h"
 #include "landxml/element_members.h"
 #include "landxml/element_object.h"
-#include "landxml/member_table.h"
+#include "landxml/unique_member_names.h"
 #include "source/document_reader.h"
 
 #include <array>
@@ -17,7 +17,7 @@ namespace korvel::inspector {
 /// How a document is to be read.
 struct ReadingOptions {
     StationKind stations = StationKind::Automatic;
-    IFileValue* fileChooser = nullptr; ///< behind file names; outlives the document
+    IFileValue* fileChooser = nullptr; ///< travels with file names; must outlive the document
 };
 
 /// A LandXML file as objects for the grid.
@@ -41,7 +41,7 @@ public:
     /// True for a document of an unknown version: what its values mean is guessed from their names.
     bool IsReadOnly() const { return !m_notices.empty(); }
 
-    /// What the user should be told beside the document, in the code page of the library's texts.
+    /// What the user should know beside the document, in the code page of the library's texts.
     const std::vector<std::string>& Notices() const { return m_notices; }
 
     const ElementTree& Tree() const { return m_loaded.tree; }
@@ -57,8 +57,8 @@ public:
     /// The name of an element's object: the one that it has as a member.
     const std::string& IdentOf(ElementIndex element);
 
-    /// The answer stays until the members of another element are asked for.
-    const MemberTable& MembersOf(ElementIndex element);
+    /// Valid until the names of another element are asked for.
+    const UniqueMemberNames& NamesOf(ElementIndex element);
 
 private:
     LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options);
@@ -73,14 +73,14 @@ private:
     std::unordered_map<ElementIndex, AlignmentPresentation> m_presentations;
     std::unordered_map<ElementIndex, std::string> m_idents;
 
-    // A grid asks one object for all its members, and those between for theirs: the tables of small objects
+    // A grid asks one object for all its members, and in between those for theirs: the names of small objects
     // are made again when needed, those of large ones are kept.
-    struct RecentTable {
+    struct RecentNames {
         ElementIndex element = NoElement;
-        std::unique_ptr<MemberTable> table;
+        std::unique_ptr<UniqueMemberNames> names;
     };
-    std::array<RecentTable, 64> m_recentTables;
-    std::unordered_map<ElementIndex, std::unique_ptr<MemberTable>> m_largeTables;
+    std::array<RecentNames, 64> m_recentNames;
+    std::unordered_map<ElementIndex, std::unique_ptr<UniqueMemberNames>> m_namesOfLarge;
 };
 
 } // namespace korvel::inspector

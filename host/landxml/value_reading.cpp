@@ -11,8 +11,8 @@ namespace {
 
 constexpr const char* DateIsSet = "GDT_VALID";
 
-// Measures whose unit the Units element tells. Only values in the base unit may take the measure's type,
-// which shows that unit; others, and those of DT_Double, are numbers with the unit behind their name.
+// Measures whose unit the Units element names. Only values in the base unit may take the measure's type, which
+// shows that unit; others, and those of DT_Double, are numbers with the unit after their name.
 struct Measure {
     Meaning meaning;
     Quantity quantity;
@@ -71,19 +71,21 @@ public:
     ValueReader(const ValueType& type, const std::string& utf8, const ValuePlace& place)
         : m_type(type), m_utf8(utf8), m_place(place) {}
 
+    using Result = std::optional<CVariantValue>;
+
     // Nothing when the text is not what the type asks for. `shown` is the text in the library's code page.
-    std::optional<TypedValue> Read(const std::string& shown) const {
+    Result Read(const std::string& shown) const {
         if (const Measure* measure = FindMeaning(Measures, m_type.meaning))
-            return ReadMeasure(*measure, shown);
-        if (const FixedMeasure* measure = FindMeaning(FixedMeasures, m_type.meaning))
-            return ReadNumber(DT_Double, m_place.units.imperial ? measure->imperial : measure->metric, shown);
+            return ReadNumber(IsBase(measure->quantity) ? measure->baseType : DT_Double, shown);
+        if (FindMeaning(FixedMeasures, m_type.meaning))
+            return ReadNumber(DT_Double, shown);
         switch (m_type.meaning) {
-        case Meaning::Station:
-            return ReadStation(shown);
+        case Meaning::Station: // keeps its form in other units too
+            return ReadNumber(m_place.isRailway ? DT_RailwayStationDouble : DT_RoadStationDouble, shown);
         case Meaning::Number:
-            return ReadNumber(DT_Double, {}, shown);
+            return ReadNumber(DT_Double, shown);
         case Meaning::Percent:
-            return ReadNumber(DT_PercentDouble, {}, shown);
+            return ReadNumber(DT_PercentDouble, shown);
         case Meaning::Angle:
             return ReadAngle(m_place.units.angle, shown);
         case Meaning::Direction:
@@ -96,44 +98,22 @@ public:
     }
 
 private:
-    using Result = std::optional<TypedValue>;
+    bool IsBase(Quantity quantity) const { return m_place.units.Of(quantity).isBase; }
 
-    static TypedValue Valid(CVariantValue value, std::string_view unit = {}) {
-        return {std::move(value), std::string(unit)};
-    }
-
-    Result ReadNumber(EDataTyps type, std::string_view unit, const std::string& shown) const {
+    Result ReadNumber(EDataTyps type, const std::string& shown) const {
         if (IsNotFinite(m_utf8))
-            return Valid(OfText(DT_String, shown), unit);
+            return OfText(DT_String, shown);
         const std::optional<double> number = ReadDouble(m_utf8);
-        if (!number)
-            return std::nullopt;
-        return Valid(OfDouble(type, *number), unit);
-    }
-
-    Result ReadMeasure(const Measure& measure, const std::string& shown) const {
-        const Unit& unit = m_place.units.Of(measure.quantity);
-        if (unit.isBase)
-            return ReadNumber(measure.baseType, {}, shown);
-        return ReadNumber(DT_Double, unit.label, shown);
-    }
-
-    // A station keeps its form in other units too; the unit then stands behind the name.
-    Result ReadStation(const std::string& shown) const {
-        const Unit& unit = m_place.units.Of(Quantity::Length);
-        const EDataTyps type = m_place.isRailway ? DT_RailwayStationDouble : DT_RoadStationDouble;
-        return ReadNumber(type, unit.isBase ? std::string_view() : unit.label, shown);
+        return number ? Result(OfDouble(type, *number)) : std::nullopt;
     }
 
     Result ReadAngle(std::optional<AngleUnit> unit, const std::string& shown) const {
         if (!unit)
-            return ReadNumber(DT_Double, {}, shown);
+            return ReadNumber(DT_Double, shown);
         if (IsNotFinite(m_utf8))
-            return Valid(OfText(DT_String, shown));
+            return OfText(DT_String, shown);
         const std::optional<double> radians = RadiansOf(m_utf8, *unit);
-        if (!radians)
-            return std::nullopt;
-        return Valid(OfDouble(DT_AngleDouble, *radians));
+        return radians ? Result(OfDouble(DT_AngleDouble, *radians)) : std::nullopt;
     }
 
     Result ReadPlain(const std::string& shown) const {
@@ -148,19 +128,19 @@ private:
         case Meaning::Color:
             return ReadColorWord();
         case Meaning::Time:
-            return IsTime(m_utf8) ? Result(Valid(OfText(DT_String, shown))) : std::nullopt;
+            return IsTime(m_utf8) ? Result(OfText(DT_String, shown)) : std::nullopt;
         case Meaning::DateTime:
-            return IsDateTime(m_utf8) ? Result(Valid(OfText(DT_String, shown))) : std::nullopt;
+            return IsDateTime(m_utf8) ? Result(OfText(DT_String, shown)) : std::nullopt;
         case Meaning::Enumeration:
-            return m_type.enumeration->Find(m_utf8) != -1 ? Result(Valid(m_type.enumeration->Selected(shown)))
+            return m_type.enumeration->Find(m_utf8) != -1 ? Result(m_type.enumeration->Selected(shown))
                                                           : std::nullopt;
         case Meaning::FileName: {
             CVariantValue value = OfText(DT_FileName, shown);
             value.EnumContext = m_place.fileChooser;
-            return Valid(std::move(value));
+            return value;
         }
         default:
-            return Valid(OfText(DT_String, shown));
+            return OfText(DT_String, shown);
         }
     }
 
@@ -171,7 +151,7 @@ private:
         CVariantValue value;
         value.Type = DT_Int;
         value.Value.Int = *number;
-        return Valid(std::move(value));
+        return value;
     }
 
     Result ReadBool() const {
@@ -181,7 +161,7 @@ private:
         CVariantValue value;
         value.Type = DT_Bool;
         value.Value.Bool = *flag ? 1 : 0;
-        return Valid(std::move(value));
+        return value;
     }
 
     Result ReadDay() const {
@@ -190,7 +170,7 @@ private:
             return std::nullopt;
         CVariantValue value = OfDouble(DT_Date, *date);
         value.Text = DateIsSet;
-        return Valid(std::move(value));
+        return value;
     }
 
     Result ReadColorWord() const {
@@ -200,7 +180,7 @@ private:
         CVariantValue value;
         value.Type = DT_ColorRGB;
         value.Value.UInt = *word;
-        return Valid(std::move(value));
+        return value;
     }
 
     const ValueType& m_type;
@@ -215,20 +195,30 @@ platform::ConvertedText ToLibraryText(const std::string& utf8) {
     return isAscii ? platform::ConvertedText{utf8, true} : platform::FromUtf8(utf8);
 }
 
+std::string_view UnitOf(const ValueType& type, const ValuePlace& place) {
+    if (const FixedMeasure* measure = FindMeaning(FixedMeasures, type.meaning))
+        return place.units.imperial ? measure->imperial : measure->metric;
+    const Measure* measure = FindMeaning(Measures, type.meaning);
+    if (!measure && type.meaning != Meaning::Station)
+        return {};
+    const Unit& unit = place.units.Of(measure ? measure->quantity : Quantity::Length);
+    return unit.isBase ? std::string_view() : unit.label;
+}
+
 TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const ValuePlace& place) {
     platform::ConvertedText shown = ToLibraryText(text.utf8);
     if (!text.complete)
         shown.text += "...";
-    std::optional<TypedValue> value;
+    std::optional<CVariantValue> value;
     if (text.complete || type.meaning == Meaning::Text)
         value = ValueReader(type, text.utf8, place).Read(shown.text);
-    if (!value) {
-        value.emplace();
-        value->value = OfText(DT_String, std::move(shown.text));
-        value->isValid = false;
-    }
-    value->isExact = shown.exact && text.complete;
-    return *std::move(value);
+    TypedValue typed;
+    typed.isExact = shown.exact && text.complete;
+    typed.isValid = value.has_value();
+    if (typed.isValid)
+        typed.unit = UnitOf(type, place);
+    typed.value = value ? *std::move(value) : OfText(DT_String, std::move(shown.text));
+    return typed;
 }
 
 } // namespace korvel::inspector

@@ -8,10 +8,11 @@
 #include "landxml/landxml_units.h"
 
 #include <string>
+#include <string_view>
 
 namespace korvel::inspector {
 
-/// What a value's meaning depends on where it stands.
+/// What the meaning of a value takes from its place in the document.
 struct ValuePlace {
     const UnitSet& units;
     bool isRailway = false;
@@ -21,7 +22,7 @@ struct ValuePlace {
 /// A value of the document as the grid takes it.
 struct TypedValue {
     CVariantValue value;
-    std::string unit;    ///< to be shown behind the name, where the type itself shows none
+    std::string unit;    ///< to be shown after the name; see UnitOf
     bool isValid = true; ///< false: it is not what its type asks for, and is shown as the text that it is
     bool isExact = true; ///< false: what is shown is cut, or has replacements for characters
 };
@@ -34,6 +35,9 @@ struct TypedValue {
 ///     "INF", Length                          -> DT_String "INF": valid, but no number to be formatted
 ///     "abc", Length                          -> DT_String "abc", not valid
 TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const ValuePlace& place);
+
+/// The unit of a valid value of a type, where the type itself shows none; valid until the units change.
+std::string_view UnitOf(const ValueType& type, const ValuePlace& place);
 
 /// A text of the document in the code page of the library, where most are the same.
 platform::ConvertedText ToLibraryText(const std::string& utf8);
