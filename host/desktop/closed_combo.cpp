@@ -71,7 +71,7 @@ void ClosedCombo::Open() {
     m_field.Invalidate();
 }
 
-// Closed before the choice is told: the window that hears of it may show something else here.
+// Closed before the parent is notified: it may show something else here then.
 void ClosedCombo::Close(Choice choice) {
     if (m_dropped == 0)
         return;

@@ -9,7 +9,7 @@
 namespace korvel::inspector {
 
 /// A field that shows what a value selects, with an arrow, and a list that drops below it to choose anew.
-/// It keeps its size, and stands in a top-level window, which it watches while the list is open.
+/// It keeps its size. It watches its parent, a top-level window, while the list is open.
 ///
 ///     ClosedCombo combo;
 ///     combo.Create({10, 10, 210, 34}, &window, 201);
@@ -21,7 +21,7 @@ namespace korvel::inspector {
 /// and whatever the user does elsewhere take the choice; Escape takes it back.
 class ClosedCombo final : public CWnd {
 public:
-    ~ClosedCombo() override { DestroyWindow(); } // while its windows can still tell it of their end
+    ~ClosedCombo() override { DestroyWindow(); } // while it can still take their last messages
     bool Create(const CRect& rect, CWnd* parent, int id);
 
     /// Closes the list. The enumeration of the value must live until the next call.
@@ -35,7 +35,7 @@ public:
     void OnOK() { Close(Choice::Taken); }
     void OnCancel() { Close(Choice::Dropped); }
     void CtrlEnd() { Close(Choice::Taken); }
-    /// Tells the parent window.
+    /// Notifies the parent window.
     void SendParentComboMessage(UINT code);
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -24,7 +24,7 @@ namespace {
 
 constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
 
-// The display that the session names need not answer: then Qt takes the next one here.
+// The display that the session names may not respond: then Qt takes the next one here.
 void ChoosePlatform(bool onScreen) {
     if (!onScreen)
         qputenv(PlatformVariable, "offscreen");
@@ -57,14 +57,14 @@ void WritePicture(InspectorWindow& window, const Options& options, const std::st
         throw Error("the picture '" + platform::FromUtf8(path).text + "' cannot be written");
 }
 
-// What Qt finds missing where there is no screen is no news, and would hide what is.
-void KeepQuiet(QtMsgType type, const QMessageLogContext&, const QString& message) {
+// What Qt misses where there is no screen is expected, and would hide the messages that matter.
+void DropWarnings(QtMsgType type, const QMessageLogContext&, const QString& message) {
     if (type == QtCriticalMsg || type == QtFatalMsg)
         std::cerr << message.toStdString() << '\n';
 }
 
 // Qt's own boxes follow the language of the library, and its numbers the locale of the command line.
-void SpeakTheLanguage(const Options& options, QTranslator& translator) {
+void UseLanguage(const Options& options, QTranslator& translator) {
     if (!options.locale.empty())
         QLocale::setDefault(QLocale(QString::fromStdString(options.locale)));
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
@@ -77,7 +77,7 @@ int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::
     if (!notice.empty())
         window.Warn(notice);
     if (!options.file.empty()) {
-        window.OpenOrTell(options.file);
+        window.OpenOrWarn(options.file);
         ExpandAsAsked(window.Pane(), options);
     }
     return QApplication::exec();
@@ -90,7 +90,7 @@ int RunOnDesktop(const Options& options, const std::string& notice) {
     const bool isChosen = !qEnvironmentVariableIsEmpty(PlatformVariable);
     const bool onScreen = options.screenshot.empty() && (isChosen || platform::HasScreen());
     if (!onScreen)
-        qInstallMessageHandler(KeepQuiet);
+        qInstallMessageHandler(DropWarnings);
     if (!isChosen)
         ChoosePlatform(onScreen);
     int count = 1;
@@ -106,7 +106,7 @@ int RunOnDesktop(const Options& options, const std::string& notice) {
     QApplication::setApplicationDisplayName(QString::fromUtf8(TheProgramTexts().programName));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
     QTranslator translator;
-    SpeakTheLanguage(options, translator);
+    UseLanguage(options, translator);
     qt::QtDisplay display;
     SetDisplay(&display);
     InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0)});

@@ -47,7 +47,7 @@ QString DraggedFile(const QMimeData* data) {
 InspectorWindow::InspectorWindow(const ReadingOptions& options)
     : m_options(options), m_pane(std::make_unique<GridPane>()) {
     setWindowTitle(QGuiApplication::applicationDisplayName());
-    // A place of its own from the start, so that the first box stands in front of it.
+    // Placed from the start, so that the first box is in front of it.
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     setGeometry(
         QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, FirstSize.boundedTo(screen.size()), screen));
@@ -82,7 +82,7 @@ void InspectorWindow::MakeMenus() {
     m_listsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     m_listsAction->setEnabled(false);
     QMenu* help = menuBar()->addMenu(QString::fromUtf8(texts.helpMenu));
-    help->addAction(QString::fromUtf8(texts.about), this, [this] { TellAbout(); });
+    help->addAction(QString::fromUtf8(texts.about), this, [this] { ShowAbout(); });
 }
 
 void InspectorWindow::Open(const std::string& path) {
@@ -97,15 +97,15 @@ void InspectorWindow::Open(const std::string& path) {
     ShowStatus(path);
 }
 
-void InspectorWindow::OpenOrTell(const std::string& path) {
+void InspectorWindow::OpenOrWarn(const std::string& path) {
     Try([&] { Open(path); });
 }
 
 void InspectorWindow::Warn(const std::string& text) {
-    Tell(QMessageBox::Warning, QString::fromStdString(text));
+    ShowBox(QMessageBox::Warning, QString::fromStdString(text));
 }
 
-void InspectorWindow::Tell(QMessageBox::Icon icon, const QString& text) {
+void InspectorWindow::ShowBox(QMessageBox::Icon icon, const QString& text) {
     QMessageBox box(icon, QGuiApplication::applicationDisplayName(), text, QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();
@@ -121,7 +121,7 @@ void InspectorWindow::Try(const std::function<void()>& action) {
         failure = QString::fromStdString(platform::ToUtf8(error.what()));
     }
     if (!failure.isEmpty())
-        Tell(QMessageBox::Critical, failure);
+        ShowBox(QMessageBox::Critical, failure);
 }
 
 void InspectorWindow::ShowStatus(const std::string& path) {
@@ -148,7 +148,7 @@ void InspectorWindow::ChooseFile() {
     const QString path =
         QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption), m_folder, filter);
     if (!path.isEmpty())
-        OpenOrTell(QFile::encodeName(path).toStdString());
+        OpenOrWarn(QFile::encodeName(path).toStdString());
 }
 
 void InspectorWindow::ShowLists() {
@@ -159,10 +159,10 @@ void InspectorWindow::ShowLists() {
     if (m_lists->HasLists())
         m_lists->Show();
     else
-        Tell(QMessageBox::Information, QString::fromUtf8(TheProgramTexts().noLists));
+        ShowBox(QMessageBox::Information, QString::fromUtf8(TheProgramTexts().noLists));
 }
 
-void InspectorWindow::TellAbout() {
+void InspectorWindow::ShowAbout() {
     QMessageBox::about(
         this, QGuiApplication::applicationDisplayName(),
         QString::fromUtf8(TheProgramTexts().aboutText).arg(QGuiApplication::applicationVersion()));
@@ -173,11 +173,11 @@ void InspectorWindow::dragEnterEvent(QDragEnterEvent* event) {
         event->acceptProposedAction();
 }
 
-// The file is read when the drag is over: the program that it comes from waits for the answer.
+// The file is read when the drag is over: until then the program that it comes from waits.
 void InspectorWindow::dropEvent(QDropEvent* event) {
     const std::string path = QFile::encodeName(DraggedFile(event->mimeData())).toStdString();
     event->acceptProposedAction();
-    QTimer::singleShot(0, this, [this, path] { OpenOrTell(path); });
+    QTimer::singleShot(0, this, [this, path] { OpenOrWarn(path); });
 }
 
 } // namespace korvel::inspector

@@ -25,8 +25,8 @@ public:
 
     /// Opens a document instead of the one that is shown. Throws DocumentError; what was shown stays then.
     void Open(const std::string& path);
-    /// The same; a box tells what went wrong.
-    void OpenOrTell(const std::string& path);
+    /// The same; a box shows what went wrong.
+    void OpenOrWarn(const std::string& path);
     /// Shows a text (UTF-8) in a box.
     void Warn(const std::string& text);
     GridPane& Pane() { return *m_pane; }
@@ -37,12 +37,12 @@ protected:
 
 private:
     void MakeMenus();
-    void Tell(QMessageBox::Icon icon, const QString& text);
-    /// A box tells what went wrong.
+    void ShowBox(QMessageBox::Icon icon, const QString& text);
+    /// A box shows what went wrong.
     void Try(const std::function<void()>& action);
     void ChooseFile();
     void ShowLists();
-    void TellAbout();
+    void ShowAbout();
     void ShowStatus(const std::string& path);
 
     const ReadingOptions m_options;

@@ -17,7 +17,7 @@ constexpr int FirstListHeight = 320;
 constexpr int SmallestList = 60;
 constexpr int Margin = 10;
 constexpr int Gap = 8;
-constexpr int TextDrop = 5; // text stands at the top of its rectangle, in fields in the middle
+constexpr int TextDrop = 5; // a label draws at the top of its rectangle, a field in the middle
 constexpr UINT RefreshChoice = WM_USER;
 
 enum ControlId { TitleId = 201, TreeId, ListId, ValueId };
@@ -164,8 +164,8 @@ void ListsWindow::ShowList() {
     ShowChoice(EditableWordList::FirstSelected(list->used));
 }
 
-// The list tells of a check by the mouse, but not of one by the keyboard: it is asked instead.
-void ListsWindow::KeepChecks() {
+// The list notifies of a check by the mouse, but not of one by the keyboard: it is asked instead.
+void ListsWindow::StoreChecks() {
     DocumentList* list = Shown();
     if (list && m_list->IsInitialized())
         list->used = m_list->GetValue();
@@ -185,10 +185,10 @@ void ListsWindow::ShowChoice(long id) {
     choice->SetFlags(TreeFlag());
     m_value.Show(choice->Selected({id}));
     m_choice = std::move(choice);
-    TellUse();
+    ShowUse();
 }
 
-void ListsWindow::TellUse() {
+void ListsWindow::ShowUse() {
     const long id = EditableWordList::FirstSelected(m_value.Value());
     const auto& counts = Shown()->counts;
     const auto count = counts.find(id);
@@ -216,8 +216,8 @@ LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// The list has a menu at a press of the mouse; the key for menus means the row that the keyboard is at. Where
-// there is none, as behind a removal, the press is above all rows: it must not name the first one.
+// The list opens its menu at a press of the mouse; the menu key means the row that the keyboard is at. Where
+// there is none, as after a removal, the press is above all rows: it must not name the first one.
 void ListsWindow::ShowListMenu() {
     if (GetFocus() != m_list->m_hWnd)
         return;
@@ -247,18 +247,18 @@ bool ListsWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (id == TitleId && code == ComboListChanged) {
         const long chosen = EditableWordList::FirstSelected(m_title.Value());
         if (chosen != -1 && static_cast<std::size_t>(chosen) != m_shown) {
-            KeepChecks();
+            StoreChecks();
             m_shown = static_cast<std::size_t>(chosen);
             ShowList();
         }
         return true;
     }
     if (id == ValueId && code == ComboListChanged) {
-        TellUse();
+        ShowUse();
         return true;
     }
     if (id == TreeId) {
-        KeepChecks();
+        StoreChecks();
         CreateList();
         Place();
         ShowList();

@@ -15,9 +15,9 @@ namespace korvel::inspector {
 /// Below the list, one of its words can be chosen, to see how often the document uses it.
 class ListsWindow final : public CWnd {
 public:
-    /// Made hidden. `owner` stands in the window that this one stays before and dies with.
+    /// Made hidden. It stays in front of the window that holds `owner`, and dies with it.
     ListsWindow(const LandXmlDocument& document, CWnd& owner);
-    ~ListsWindow() override { DestroyWindow(); } // while what its windows tell can still be heard
+    ~ListsWindow() override { DestroyWindow(); } // while it can still take their last messages
 
     bool HasLists() { return !m_lists.All().empty(); }
     /// Only where there are lists.
@@ -38,10 +38,10 @@ private:
     std::uint32_t TreeFlag() const { return IsTree() ? std::uint32_t{ENF_Tree} : 0; }
     void ShowList();
     void ShowListMenu();
-    void KeepChecks();
+    void StoreChecks();
     void OnWordsChanged();
     void ShowChoice(long id);
-    void TellUse();
+    void ShowUse();
 
     DocumentLists m_lists;
     std::unique_ptr<EditableWordList> m_titles;

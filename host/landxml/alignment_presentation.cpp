@@ -31,7 +31,7 @@ std::string AlignmentPresentation::AttributeText(const char* name) const {
     return value ? TextOf(*value) : std::string();
 }
 
-// Where the file does not say it, an alignment ends its length behind its start.
+// Where the file does not say it, an alignment ends its length after its start.
 std::string AlignmentPresentation::EndStationText() const {
     const std::optional<TypedValue> length = ReadAttribute(m_document, m_alignment, "length");
     std::optional<TypedValue> end = ReadAttribute(m_document, m_alignment, "staEnd");

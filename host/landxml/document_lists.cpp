@@ -20,7 +20,7 @@ const EnumerationUse& UseOf(const LandXmlEnumeration& enumeration) {
 
 // What a document chooses from one enumeration.
 struct Found {
-    std::set<std::string> places; // as they stand in the title
+    std::set<std::string> places; // as the title names them
     std::map<std::string, std::size_t> counts;
 };
 

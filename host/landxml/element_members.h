@@ -70,7 +70,7 @@ public:
     TypedValue ValueOf(ElementIndex owner, const Member& member) const;
     TypedValue AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const;
 
-    /// True when the value stands in the document as plain characters that could be replaced.
+    /// True when the document holds the value as plain characters that could be replaced.
     bool IsReplaceable(ElementIndex owner, const Member& member) const;
 
     bool HasOwnName(ElementIndex element) const { return !OwnName(element).empty(); }

@@ -10,10 +10,10 @@ class LandXmlDocument;
 /// An element as an object of the grid: 48 bytes. Everything else is read from the document when it is asked
 /// for; see ElementMembers for what the members are.
 ///
-/// The document can be read only: whatever would change it answers false. IsMemberEditable tells which values
-/// stand in the file so that they could be replaced in place, for the grid greys all others: not those whose
-/// characters cannot be shown exactly, not those that comments or sections interrupt, not namespaces, and
-/// none of a document of an unknown version.
+/// The document can be read only: whatever would change it returns false. IsMemberEditable is true for the
+/// values that could be replaced in place in the file, for the grid greys all others: those whose characters
+/// cannot be shown exactly, those that comments or sections interrupt, namespaces, and all of a document of
+/// an unknown version.
 class ElementObject final : public IMemberDispatch {
 public:
     ElementObject(LandXmlDocument& document, ElementIndex element);

@@ -14,12 +14,12 @@ namespace korvel::inspector {
 /// railways. Found in one walk over the elements.
 ///
 /// Units inside Pipes and Structs hold there, those inside a SurveyHeader for its whole Survey, all others
-/// for the element they stand in. An alignment with Cant is a railway.
+/// for the element that holds them. An alignment with Cant is a railway.
 class LandXmlScopes {
 public:
     explicit LandXmlScopes(const ElementTree& tree);
 
-    /// The units that hold for an element; the answer stays until the next call.
+    /// The units that hold for an element; valid until the next call.
     const UnitSet& UnitsAt(ElementIndex element) const;
 
     /// True when the stations of an element are those of a railway. The innermost element around it that is

@@ -7,8 +7,8 @@
 
 namespace korvel::inspector {
 
-/// What an attribute or a text of LandXML means. The unit of a measure is told by the Units element that
-/// holds where it stands; see landxml_units.h.
+/// What an attribute or a text of LandXML means. The unit of a measure is that of the Units element that
+/// applies to its place; see landxml_units.h.
 enum class Meaning {
     Text,
     Integer,

@@ -133,7 +133,7 @@ std::optional<AngleUnit> ReadAngleUnit(const ElementTree& tree, ElementIndex sys
     return std::nullopt;
 }
 
-// Degrees from "ddd.mmss" with more digits of the second behind. Read from the digits, as 45.30 stored in
+// Degrees from "ddd.mmss" with more digits of the second after it. Read from the digits, as 45.30 stored in
 // binary can fall short of 30 minutes.
 std::optional<double> DegreesOfMinutesSeconds(std::string_view text) {
     text = Trim(text);

@@ -28,7 +28,7 @@ inline constexpr std::size_t QuantityCount = 11;
 /// How angles are written. DegreesMinutesSeconds: 45.3025 is 45°30'25".
 enum class AngleUnit { Radians, Grads, DecimalDegrees, DegreesMinutesSeconds };
 
-/// A unit as it is shown behind a name, in the code page of the library's texts; empty when the file names
+/// A unit as it is shown after a name, in the code page of the library's texts; empty when the file names
 /// none. A word that LandXML does not know is its own label.
 struct Unit {
     std::string_view label;

@@ -10,13 +10,13 @@
 namespace korvel::inspector {
 namespace {
 
-// The text behind one plus sign, which from_chars does not take; "+-1" stays wrong.
+// The text after one plus sign, which from_chars does not take; "+-1" stays wrong.
 std::string_view WithoutPlus(std::string_view text) {
     const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-' && text[1] != '+';
     return plus ? text.substr(1) : text;
 }
 
-// A number of exactly `count` digits at the front of `text`, which moves behind it; -1 when there is none.
+// A number of exactly `count` digits at the front of `text`, which then begins after it; -1 when there is none.
 int TakeDigits(std::string_view& text, std::size_t count) {
     if (text.size() < count)
         return -1;
@@ -50,7 +50,7 @@ bool TakeTimeOfDay(std::string_view& text) {
     return true;
 }
 
-// What may stand behind dates and times: nothing, "Z", or an offset such as "+03:00".
+// What may follow dates and times: nothing, "Z", or an offset such as "+03:00".
 bool IsTimeZone(std::string_view text) {
     if (text.empty() || text == "Z")
         return true;

@@ -20,14 +20,14 @@ std::optional<std::int32_t> ReadInteger(std::string_view text);
 /// "true", "false", "1", "0".
 std::optional<bool> ReadFlag(std::string_view text);
 
-/// The day as a date double; "2024-05-17", also with a time zone behind, which does not move the day.
+/// The day as a date double; "2024-05-17", also with a time zone after it, which does not move the day.
 std::optional<double> ReadDate(std::string_view text);
 
 /// True for a time ("08:30:00.5Z") or a date with a time ("2024-05-17T08:30:00+02:00").
 bool IsTime(std::string_view text);
 bool IsDateTime(std::string_view text);
 
-/// "75,75,0": red, green, blue. Answered as a colour word, red in the lowest byte.
+/// "75,75,0": red, green, blue. Returned as a color word, red in the lowest byte.
 std::optional<std::uint32_t> ReadColor(std::string_view text);
 
 } // namespace korvel::inspector

@@ -14,12 +14,12 @@ namespace korvel::inspector {
 ///     // the next run
 ///     TakeFormats(folder, {});   // gon and 3 digits
 ///
-/// Answers what the user should know, in UTF-8; empty: nothing. A damaged file is set aside under another
+/// Returns what the user should know, in UTF-8; empty: nothing. A damaged file is set aside under another
 /// name and the formats are those of the first run; formats that cannot be kept are in force for this run.
 std::string TakeFormats(const std::filesystem::path& folder, const FormatChoice& choice);
 
 /// Writes numbers and dates as a locale has them, for this run, with the digits, the grouping and the angle
-/// unit that the user has chosen. To be called behind TakeFormats, so that nothing of the locale is kept;
+/// unit that the user has chosen. To be called after TakeFormats, so that nothing of the locale is kept;
 /// nothing changes for a locale that nobody knows.
 void WriteAsIn(const std::string& locale);
 

@@ -134,7 +134,7 @@ void SetFile(Options& options, const std::string& file) {
     options.file = file;
 }
 
-// Applies the option at `index`; answers the index of its last argument.
+// Applies the option at `index`; returns the index of its last argument.
 std::size_t ApplyOption(Options& options, const std::vector<std::string>& arguments, std::size_t index) {
     const std::string& argument = arguments[index];
     const std::size_t equals = argument.find('=');

@@ -18,7 +18,7 @@ struct PictureSize {
 /// The formats that the command line chooses; they are kept for later runs.
 struct FormatChoice {
     std::optional<char> angleUnit;         ///< as SetAngleUnit takes it
-    std::optional<std::uint32_t> digits;   ///< behind the decimal separator, of numbers and angles
+    std::optional<std::uint32_t> digits;   ///< after the decimal separator, of numbers and angles
     std::optional<std::uint32_t> grouping; ///< as in a number format: 0, 3, 32
 
     bool IsEmpty() const { return !angleUnit && !digits && !grouping; }
@@ -46,8 +46,8 @@ public:
     using Error::Error;
 };
 
-/// Reads the arguments behind the program's name. The value of an option is the next argument, or stands
-/// behind '=' in the same: `--size 800x600`, `--size=800x600`. Behind `--` everything is a file name.
+/// Reads the arguments after the program's name. The value of an option is the next argument, or follows '='
+/// in the same one: `--size 800x600`, `--size=800x600`. After `--` everything is a file name.
 /// Throws UsageError.
 Options ReadOptions(const std::vector<std::string>& arguments);
 

@@ -68,7 +68,7 @@ private:
 
     void ReadPiece() {
         if (!m_scanner.IsAt("<"))
-            KeepText(OnlyBlanksOutside(m_scanner.TakeCharacterData()));
+            NoteText(OnlyBlanksOutside(m_scanner.TakeCharacterData()));
         else if (m_scanner.IsAt("</"))
             EndTag();
         else if (m_scanner.IsAt("<!--"))
@@ -90,7 +90,7 @@ private:
         return text;
     }
 
-    void KeepText(std::string_view text) {
+    void NoteText(std::string_view text) {
         if (m_open.empty() || text.empty())
             return;
         OpenElement& open = m_open.back();
@@ -107,7 +107,7 @@ private:
         if (m_open.empty())
             m_scanner.Fail(start, "text outside the root element");
         m_scanner.TakeCharacterSection();
-        KeepText(m_source.substr(start, m_scanner.Position() - start));
+        NoteText(m_source.substr(start, m_scanner.Position() - start));
     }
 
     void DocumentType() {

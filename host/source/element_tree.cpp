@@ -11,7 +11,7 @@ std::string_view LocalPart(std::string_view name) {
     return name.substr(name.find(':') + 1); // npos + 1 is 0: the whole name
 }
 
-// The offset behind the comments, sections and characters from `begin` on: where the next tag is.
+// The offset of the next tag: after the comments, sections and characters from `begin` on.
 std::size_t EndOfCharacters(std::string_view source, std::size_t begin) {
     XmlScanner scanner(source, begin);
     while (!scanner.AtEnd())

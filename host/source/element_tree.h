@@ -21,7 +21,7 @@ struct TextSource {
     std::string_view raw;
     bool complete = true; ///< false: further pieces follow between the child elements
 
-    /// True when the characters are the value itself, so that it can be replaced where it stands.
+    /// True when the characters are the value itself, so that it can be replaced in place.
     bool IsPlain() const { return complete && raw.find('<') == std::string_view::npos; }
 
     /// What it means; see DecodeXmlText. Not complete either when further pieces follow.
@@ -29,8 +29,8 @@ struct TextSource {
 };
 
 /// The elements of a well-formed XML document over its text, which stays as it is: 12 bytes an element.
-/// Attributes and texts are not stored; they are found again from the start tag when someone asks, and what
-/// is answered points into the text, so that the place of every value is known.
+/// Attributes and texts are not stored: they are found again from the start tag when someone asks, and are
+/// returned as views into the document, so that the place of every value is known.
 ///
 ///     ElementTree tree = ReadElements("<a b='1'><c>x</c><c/></a>");
 ///     tree.Name(0)                  -> "a"
@@ -50,7 +50,7 @@ public:
 
     /// NoElement for the root.
     ElementIndex Parent(ElementIndex element) const { return m_elements[element].parent; }
-    /// The first element behind all that lie in this one.
+    /// The first element after all that are in this one.
     ElementIndex SubtreeEnd(ElementIndex element) const { return m_elements[element].end; }
     bool HasChildren(ElementIndex element) const { return SubtreeEnd(element) != element + 1; }
     ChildRange Children(ElementIndex element) const;
@@ -101,7 +101,7 @@ private:
 
     std::string m_source;
     std::vector<Element> m_elements;
-    // Hardly any element has these, so nobody counts them before; deques, because a vector that grows takes
+    // Hardly any element has these, so they are not counted first; deques, because a vector that grows takes
     // twice its memory.
     std::deque<MixedText> m_mixedTexts;            // by element
     std::deque<NamespaceDeclaration> m_namespaces; // by prefix, then by element

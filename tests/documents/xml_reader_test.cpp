@@ -57,7 +57,7 @@ TEST_F(XmlReader, GivesTheBytesOfTheCharactersOrRefuses) {
         {"characters up to 255", "<b>\xC2\x80\xC3\xBF</b>", "\x80\xFF"},
         {"blanks only", "<b> \t </b>", " \t "},
         {"empty", "<b/>", ""},
-        {"line end only, as behind an empty opening tag", "<b>\n</b>", ""},
+        {"line end only, as after an empty opening tag", "<b>\n</b>", ""},
         {"the same from another system", "<b>\r\n</b>", ""},
         {"two line ends", "<b>\n\n</b>", "\n\n"},
         {"comment and literal section", "<b>x<!-- c -->y<![CDATA[<&>]]></b>", "xy<&>"},

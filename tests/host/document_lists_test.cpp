@@ -31,7 +31,7 @@ CVariantValue TextValue(const std::string& text) {
 
 class DocumentListsTest : public GermanMachine {
 protected:
-    // "title: used words" of each list of a document, behind each word how often it is used.
+    // "title: used words" of each list of a document, after each word how often it is used.
     Strings Read(const std::string& content) {
         const std::string path = m_folder.Path() / "document.xml";
         std::ofstream(path) << "<LandXML xmlns='http://www.landxml.org/schema/LandXML-1.2' version='1.2'>"

@@ -144,7 +144,7 @@ std::string ReasonOf(const std::string& path) {
     }
 }
 
-TEST(SourceFile, TellsWhatCannotBeRead) {
+TEST(SourceFile, NamesTheReasonWhyItCannotBeRead) {
     const platform::ScratchFolder folder;
     const std::string path = folder.Path() / "b\xC3\xA4"
                                              "d.xml";

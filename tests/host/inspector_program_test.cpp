@@ -30,7 +30,7 @@ Outcome RunInspector(const std::string& arguments) {
     return outcome;
 }
 
-TEST(InspectorProgram, AnswersWithItsStatus) {
+TEST(InspectorProgram, ReturnsItsStatus) {
     const platform::ScratchFolder folder;
     const platform::ScratchVariable settings("XDG_CONFIG_HOME", folder.Path().c_str());
     const std::string good = folder.Path() / "good.xml";
@@ -82,7 +82,7 @@ TEST(InspectorProgram, WritesPicturesWithoutScreen) {
     EXPECT_EQ(RunInspector(railway + " --size 640x480 --screenshot " + picture).output, "");
     EXPECT_EQ(SizeOfPicture(picture), "640x480");
 
-    for (const std::string session : {"", "DISPLAY=:4711 "}) { // one that does not answer
+    for (const std::string session : {"", "DISPLAY=:4711 "}) { // one that does not respond
         std::filesystem::remove(folder.Path() / "railway.png");
         const Outcome beside = RunInspector("--version >/dev/null; cd " + folder.Path().string() + " && " +
                                             session + KORVEL_INSPECTOR " " + railway);

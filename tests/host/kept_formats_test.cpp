@@ -50,7 +50,7 @@ TEST_F(KeptFormats, LastUntilTheyAreChangedAgain) {
 TEST_F(KeptFormats, SetADamagedFileAsideAndStartWithTheRegionalOnes) {
     for (const char* aside : {"inspector-formats.xml.damaged", "inspector-formats.xml.damaged2"}) {
         NextRun({'g', 5, 0});
-        // What stands before the cut is taken over before the failure shows.
+        // What is before the cut is in force before the failure shows.
         std::ifstream whole(file);
         const std::string text{std::istreambuf_iterator<char>(whole), {}};
         const std::string damaged =

@@ -133,7 +133,7 @@ TEST_F(LandXmlDocumentTest, AnAbsentMemberChangesNothing) {
     EXPECT_EQ(root.GetOptions(), DO_KeepOrder);
 }
 
-TEST_F(LandXmlDocumentTest, TellsWhatCouldBeReplaced) {
+TEST_F(LandXmlDocumentTest, AllowsEditsWhereTheFileCouldBeChanged) {
     LandXmlDocument& document =
         Open("<LandXML xmlns:o='urn:o' version='1.2' o:n='x' desc='\xC5\x81' date='bad'>"
              "<A>x&amp;y</A><B>x<!-- c -->y</B><C>x<D/>y</C></LandXML>");
@@ -148,7 +148,7 @@ TEST_F(LandXmlDocumentTest, TellsWhatCouldBeReplaced) {
     EXPECT_FALSE(isEditable("", "desc")) << "its text cannot be shown";
     EXPECT_FALSE(isEditable("", "A")) << "an object";
     EXPECT_TRUE(isEditable("A", "text"));
-    EXPECT_FALSE(isEditable("B", "text")) << "a comment stands in it";
+    EXPECT_FALSE(isEditable("B", "text")) << "there is a comment in it";
     EXPECT_FALSE(isEditable("C", "text")) << "it goes on elsewhere";
 }
 

@@ -12,7 +12,7 @@
 
 namespace korvel {
 
-/// A text as it stands between the tags of an XML file or in an attribute. Each byte is the Unicode character
+/// A text as it is written between the tags of an XML file or in an attribute. Each byte is the Unicode character
 /// of the same number, in UTF-8.
 ///
 /// A line feed is written as "&#xD;" and a carriage return as "&#xA;", so that each comes back from a parser
@@ -64,11 +64,11 @@ private:
 ///     <Name>A &amp; B</Name>
 ///     </Road>
 ///
-/// An element that was never opened writes nothing. The stream is lent, and it is not tested: the caller
+/// An element that was never opened writes nothing. The stream must outlive the node and is not tested: the caller
 /// looks at its state. A tree of nodes belongs to one thread.
 class KORVEL_API CXmlNodeBase {
 public:
-    /// Thrown for a name that is no name.
+    /// Thrown for what is no name.
     class KORVEL_API CXmlNodeException : public Error {
     public:
         explicit CXmlNodeException(char refused);
@@ -85,12 +85,12 @@ public:
     CXmlNodeBase& operator=(const CXmlNodeBase&) = delete;
 
     virtual ~CXmlNodeBase();
-    /// Writes the tag with its attributes, and the text behind it as it stands or, without one, a line end.
+    /// Writes the tag with its attributes, and after it the text as it is or, without one, a line end.
     virtual void WriteOpeningTag();
     /// Copies the given attributes into those of this node; names that both have take the given value.
     virtual void CopyAttributes(const CXmlAttributeSet& attributes);
 
-    /// What stands behind the opening tag, in its escaped form: see EscapeXmlText.
+    /// What follows the opening tag, in its escaped form: see EscapeXmlText.
     void SetText(std::string text) { m_text = std::move(text); }
     CXmlAttributeSet& GetAttributes() { return m_attributes; }
 

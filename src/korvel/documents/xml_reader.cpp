@@ -127,7 +127,7 @@ void ReadXmlFile(const std::string& path, pugi::xml_document& document) {
         const auto offset = static_cast<std::size_t>(result.offset);
         ThrowReadError(path, PositionAt(content, result.encoding, offset), result.description());
     }
-    // The parser takes a zero byte for the end of the file and reads nothing behind it.
+    // The parser takes a zero byte for the end of the file and reads nothing after it.
     const std::size_t zero = CodeUnitsOf(result.encoding).size == 1 ? content.find('\0') : std::string::npos;
     if (zero != std::string::npos)
         ThrowReadError(path, PositionAt(content, result.encoding, zero), "Zero byte");

@@ -26,7 +26,7 @@ pugi::xml_node RequireChild(const pugi::xml_node& parent, const char* name);
 
 /// The text of the first child element of this name: one byte for each character, by its number.
 ///
-/// A text that is a line end alone is empty: an empty element is written with a line end behind its tag.
+/// A text that is a line end alone is empty: an empty element is written with a line end after its tag.
 /// \throws the schema error when there is no such element, or for a character above 255
 std::string RequireText(const pugi::xml_node& parent, const char* name);
 

@@ -14,7 +14,7 @@ struct XmlCharacters {
     bool complete = true; ///< false: they go on, and these are whole characters of the beginning
 };
 
-/// The value of an attribute, of which `raw` is what stands between its quotes. References are resolved; a
+/// The value of an attribute, of which `raw` is what is between its quotes. References are resolved; a
 /// tab and an end of line become a blank each. At most `longest` bytes are returned.
 ///
 ///     DecodeXmlAttribute("A &lt; B\r\nC", 100)   -> "A < B C"
