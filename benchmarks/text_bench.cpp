@@ -1,7 +1,7 @@
 // Number and date text under German formats against fmt, QLocale, ICU and strftime.
 
-#include "korvel/output/date_output.h"
-#include "korvel/output/number_output.h"
+#include "korvel/output/dates.h"
+#include "korvel/output/numbers.h"
 #include "measure.h"
 
 #include <QDateTime>

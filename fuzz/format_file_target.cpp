@@ -1,10 +1,10 @@
 // The input is a file of saved formats.
 
 #include "fuzz_target.h"
-#include "korvel/output/angle_output.h"
-#include "korvel/output/date_output.h"
+#include "korvel/output/angles.h"
+#include "korvel/output/dates.h"
 #include "korvel/output/format_persistence.h"
-#include "korvel/output/number_output.h"
+#include "korvel/output/numbers.h"
 #include "korvel/platform/error.h"
 
 #include <sstream>

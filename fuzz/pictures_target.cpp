@@ -3,10 +3,12 @@
 #include "fuzz_target.h"
 #include "korvel/output/date_output.h"
 #include "korvel/output/date_picture.h"
+#include "korvel/output/dates.h"
 
 namespace {
 
 using namespace korvel;
+using namespace korvel::internal;
 
 std::string_view TakeLine(std::string_view& text) {
     const std::string_view line = text.substr(0, text.find('\n'));
@@ -38,12 +40,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     RequireThatPartsAreReadApart(first, second);
 
     CDateOutput& output = CDateOutput::Instance();
-    output.Formats().DefaultTime = TimePictureToFormat(first);
+    output.Formats().defaultTime = TimePictureToFormat(first);
     output.SetCurrentPicture(DateFormatKind::Long, std::string(second));
     DatetoString(date);
     TimetoString(time);
     TimetoString(static_cast<std::int32_t>(time));
-    output.Formats().DefaultTime = rest;
+    output.Formats().defaultTime = rest;
     SetDateCurrentFormatString(false, std::string(rest));
     DatetoString(date);
     DatetoString(static_cast<double>(static_cast<std::int32_t>(time)) / 1000);

@@ -1,11 +1,11 @@
 // A number format, then the numbers that are written by it.
 
 #include "fuzz_target.h"
-#include "korvel/output/angle_output.h"
-#include "korvel/output/date_output.h"
-#include "korvel/output/measure_output.h"
-#include "korvel/output/number_output.h"
-#include "korvel/output/station_output.h"
+#include "korvel/output/angles.h"
+#include "korvel/output/dates.h"
+#include "korvel/output/measures.h"
+#include "korvel/output/numbers.h"
+#include "korvel/output/stations.h"
 
 #include <cmath>
 #include <stdexcept>

@@ -1,4 +1,5 @@
 #include "desktop/desktop_run.h"
+#include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "program/list_writer.h"
 #include "program/options.h"

@@ -2,10 +2,11 @@
 
 #include "desktop/inspector_window.h"
 #include "desktop/program_texts.h"
+#include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/screen.h"
 #include "korvel/qt/qt_display.h"
-#include "korvel/values/text_table.h"
+#include "korvel/values/language.h"
 
 #include <QApplication>
 #include <QDir>
@@ -68,7 +69,8 @@ void UseLanguage(const Options& options, QTranslator& translator) {
     if (!options.locale.empty())
         QLocale::setDefault(QLocale(QString::fromStdString(options.locale)));
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (GetLanguage().Column != 0 && translator.load(QStringLiteral("qtbase_de"), folder))
+    if (GetLanguage().column != LanguageChoice::English &&
+        translator.load(QStringLiteral("qtbase_de"), folder))
         QApplication::installTranslator(&translator);
 }
 

@@ -2,7 +2,7 @@
 
 #include "desktop/program_texts.h"
 #include "korvel/platform/code_page.h"
-#include "korvel/values/text_table.h"
+#include "korvel/values/replace_first.h"
 #include "korvel/window/display/display.h"
 
 #include <algorithm>

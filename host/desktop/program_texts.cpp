@@ -1,6 +1,6 @@
 #include "desktop/program_texts.h"
 
-#include "korvel/values/text_table.h"
+#include "korvel/values/language.h"
 
 namespace korvel::inspector {
 

@@ -1,8 +1,8 @@
 #include "program/kept_formats.h"
 
-#include "korvel/output/angle_output.h"
+#include "korvel/output/angles.h"
 #include "korvel/output/format_persistence.h"
-#include "korvel/output/number_output.h"
+#include "korvel/output/numbers.h"
 #include "korvel/output/system_change.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"

@@ -2,7 +2,7 @@
 
 #include "korvel/platform/regional_settings.h"
 #include "korvel/platform/user_folders.h"
-#include "korvel/values/text_table.h"
+#include "korvel/values/language.h"
 #include "program/kept_formats.h"
 #include "setup/machine_language.h"
 

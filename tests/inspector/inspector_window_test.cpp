@@ -1,6 +1,6 @@
 #include "desktop/inspector_window.h"
 #include "korvel/qt/qt_display.h"
-#include "korvel/values/text_table.h"
+#include "korvel/values/language.h"
 #include "source/document_error.h"
 #include "support/scratch.h"
 

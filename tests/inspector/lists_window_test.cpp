@@ -1,6 +1,6 @@
 #include "desktop/lists_window.h"
 #include "korvel/qt/qt_display.h"
-#include "korvel/values/text_table.h"
+#include "korvel/values/language.h"
 #include "landxml/landxml_document.h"
 #include "support/scratch.h"
 

@@ -1,3 +1,5 @@
+#include "korvel/output/angle_output.h"
+#include "korvel/output/angles.h"
 #include "support/german_machine.h"
 
 #include <limits>
@@ -5,6 +7,8 @@
 
 namespace korvel {
 namespace {
+
+using namespace internal;
 
 using Angles = GermanMachine;
 using std::numbers::pi;

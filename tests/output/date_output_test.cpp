@@ -1,4 +1,6 @@
+#include "korvel/output/date_output.h"
 #include "korvel/output/date_picture.h"
+#include "korvel/output/dates.h"
 #include "support/german_machine.h"
 
 #include <clocale>
@@ -6,6 +8,8 @@
 
 namespace korvel {
 namespace {
+
+using namespace internal;
 
 using Dates = GermanMachine;
 
@@ -99,7 +103,7 @@ TEST_F(Dates, TheUsersFormatSurvivesAChangeOfTheSettings) {
     EXPECT_EQ(sink.count, 1);
 
     SetRegional("sTimeFormat", "H 'Uhr'");
-    EXPECT_EQ(CDateOutput::Instance().Formats().DefaultTime, "%#H Uhr");
+    EXPECT_EQ(CDateOutput::Instance().Formats().defaultTime, "%#H Uhr");
     EXPECT_EQ(sink.count, 2);
 }
 

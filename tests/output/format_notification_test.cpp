@@ -1,4 +1,7 @@
+#include "korvel/output/angles.h"
 #include "korvel/output/format_subscription.h"
+#include "korvel/output/number_output.h"
+#include "korvel/output/numbers.h"
 #include "korvel/output/system_change.h"
 #include "korvel/platform/error.h"
 #include "support/german_machine.h"
@@ -8,6 +11,8 @@
 
 namespace korvel {
 namespace {
+
+using namespace internal;
 
 using Notification = GermanMachine;
 

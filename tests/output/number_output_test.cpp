@@ -1,4 +1,6 @@
 #include "korvel/output/measure_output.h"
+#include "korvel/output/measures.h"
+#include "korvel/output/numbers.h"
 #include "korvel/output/type_table.h"
 #include "support/german_machine.h"
 
@@ -7,6 +9,8 @@
 
 namespace korvel {
 namespace {
+
+using namespace internal;
 
 using Numbers = GermanMachine;
 
@@ -141,11 +145,11 @@ TEST(TypeTable, StorageAgreesWithTheBitsOfTheType) {
     for (unsigned bit = 0; bit < 32; ++bit) {
         for (const unsigned storage : {0x1u, 0x2u, 0x4u, 0x8u, 0x20u, 0x40u, 0x100u}) {
             const TypeRow* row = FindTypeRow(static_cast<EDataTyps>(1u << bit | storage));
-            if (!row || row->Meaning == ValueMeaning::List || row->Meaning == ValueMeaning::Date)
+            if (!row || row->meaning == ValueMeaning::List || row->meaning == ValueMeaning::Date)
                 continue;
             ++types;
-            EXPECT_EQ(row->Storage == ValueStorage::Float, storage == 0x4 || 1u << bit == 0x4) << row->Type;
-            EXPECT_EQ(row->Storage == ValueStorage::Double, storage == 0x8 || 1u << bit == 0x8) << row->Type;
+            EXPECT_EQ(row->storage == ValueStorage::Float, storage == 0x4 || 1u << bit == 0x4) << row->type;
+            EXPECT_EQ(row->storage == ValueStorage::Double, storage == 0x8 || 1u << bit == 0x8) << row->type;
         }
     }
     EXPECT_EQ(types, 35); // all but void, bool, group, date and the five lists

@@ -1,4 +1,4 @@
-#include "korvel/output/station_output.h"
+#include "korvel/output/stations.h"
 #include "support/german_machine.h"
 
 #include <limits>
@@ -44,7 +44,7 @@ TEST_F(Stations, FollowTheDecimalsButNotTheSignOfTheSettings) {
     SetRegional("sDecimal", ";");
     EXPECT_EQ(RoadStationToString(1.5), "0+001,50"); // the first one of the process
     SetRegional("iDigits", "-1");
-    EXPECT_EQ(RoadStationToString(1.5).size(), 8u + platform::LongestNumberText - 2u);
+    EXPECT_EQ(RoadStationToString(1.5).size(), 8u + internal::LongestNumberText - 2u);
     EXPECT_EQ(sink.count, 6);
 }
 

@@ -11,6 +11,8 @@
 namespace korvel::platform {
 namespace {
 
+using namespace internal;
+
 NumberTextFormat German(std::uint32_t digits, std::uint32_t grouping = 3, std::uint32_t negativeOrder = 1,
                         std::uint32_t leadingZero = 1) {
     return {digits, leadingZero, grouping, ",", ".", negativeOrder};

@@ -10,6 +10,8 @@
 namespace korvel::platform {
 namespace {
 
+using namespace internal;
+
 class RegionalSettingsTest : public testing::Test {
 protected:
     ~RegionalSettingsTest() override { UseLocale(""); }

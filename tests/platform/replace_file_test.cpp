@@ -10,6 +10,8 @@
 namespace korvel::platform {
 namespace {
 
+using namespace internal;
+
 namespace fs = std::filesystem;
 
 std::size_t EntriesOf(const fs::path& folder) {

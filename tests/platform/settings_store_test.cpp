@@ -172,7 +172,8 @@ TEST_F(SettingsStoreTest, OutlivesAWriterThatDiesAnywhere) {
         deaths += status != 0;
         EXPECT_EQ(Read("A", "name"), status == 0 ? newText : oldText) << bytes;
     }
-    EXPECT_TRUE(deaths > 5 && deaths < 15) << deaths;
+    EXPECT_GT(deaths, 5);
+    EXPECT_LT(deaths, 15);
 }
 
 } // namespace

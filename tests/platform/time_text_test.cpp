@@ -7,6 +7,8 @@
 namespace korvel::platform {
 namespace {
 
+using namespace internal;
+
 constexpr CalendarFields MondayMorning{2024, 2, 5, 9, 8, 7, 1, 36};
 constexpr CalendarFields Midnight{2000, 1, 1, 0, 0, 0, 6, 1};
 constexpr CalendarFields LastDay{2024, 12, 31, 23, 59, 59, 2, 366};

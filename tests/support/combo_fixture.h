@@ -3,7 +3,7 @@
 #include "korvel/editors/combo_choice.h"
 #include "korvel/editors/combo_list.h"
 #include "korvel/editors/combo_names.h"
-#include "korvel/values/text_table.h"
+#include "korvel/values/language.h"
 #include "korvel/window/display/headless_display.h"
 #include "korvel/window/display/input.h"
 #include "support/test_enumeration.h"

@@ -1,9 +1,11 @@
 #pragma once
 
-#include "korvel/output/angle_output.h"
-#include "korvel/output/date_output.h"
+#include "korvel/output/angles.h"
+#include "korvel/output/dates.h"
 #include "korvel/output/format_persistence.h"
-#include "korvel/output/number_output.h"
+#include "korvel/output/format_services.h"
+#include "korvel/output/numbers.h"
+#include "korvel/output/system_change.h"
 #include "korvel/output/system_formats.h"
 #include "korvel/platform/regional_settings.h"
 #include "korvel/platform/settings_store.h"
@@ -15,28 +17,28 @@
 
 namespace korvel {
 
-/// Counts the changes that a service tells of, as long as it lives.
-class CountingSink final : public FormatSink {
+/// Counts the changes of a service as long as it lives.
+class CountingSink final : public internal::FormatSink {
 public:
     CountingSink(
-        FormatNotification& notification, std::function<void()> reaction = [] {})
+        internal::FormatNotification& notification, std::function<void()> reaction = [] {})
         : m_notification(notification), m_reaction(std::move(reaction)) {
         m_notification.AddSink(this);
     }
     CountingSink(
-        FormatService service, std::function<void()> reaction = [] {})
-        : CountingSink(NotificationOf(service), std::move(reaction)) {}
+        internal::FormatService service, std::function<void()> reaction = [] {})
+        : CountingSink(internal::NotificationOf(service), std::move(reaction)) {}
     CountingSink(const CountingSink&) = delete;
     CountingSink& operator=(const CountingSink&) = delete;
     ~CountingSink() { m_notification.RemoveSink(this); }
-    void OnFormatChanged(FormatService) override {
+    void OnFormatChanged(internal::FormatService) override {
         ++count;
         m_reaction();
     }
     int count = 0;
 
 private:
-    FormatNotification& m_notification;
+    internal::FormatNotification& m_notification;
     std::function<void()> m_reaction;
 };
 
@@ -52,7 +54,7 @@ protected:
         platform::UseLocale("");
     }
 
-    /// What the user sets in the regional settings, and the host then tells of.
+    /// The user sets a regional setting, and the host reports it.
     void SetRegional(const std::string& name, const std::string& text) {
         const char* key = "Control Panel\\International";
         platform::CreateKey(platform::SettingsRoot::User, key);
@@ -70,8 +72,8 @@ private:
 };
 
 /// The German format with this many digits.
-inline NumberFormat GermanFormat(std::uint32_t digits) {
-    NumberFormat format = SystemNumberFormat(SystemFormat::Float);
+inline internal::NumberFormat GermanFormat(std::uint32_t digits) {
+    internal::NumberFormat format = internal::SystemNumberFormat(internal::SystemFormat::Float);
     format.NumDigits = digits;
     return format;
 }

@@ -9,6 +9,17 @@ namespace {
 
 using testing::ElementsAre;
 class Owner;
+
+// A chooser of the host's.
+struct FileChooser : IFileValue {
+    bool IsAutoDestroy() const override { return m_bAutoDestroy; }
+    const char* Choose(const char* path, CWnd*) override { return path; }
+    const std::uint32_t& GetFileType() const override { return type; }
+    void SetFileType(std::uint32_t newType) override { type = newType; }
+    bool m_bAutoDestroy = false;
+    std::uint32_t type = 0;
+};
+
 using Object = TMemberDispatchImp<Owner>;
 
 // An object that destroys itself and says so.
@@ -109,7 +120,7 @@ TEST(MemberDispatch, ClearingDestroysWhatDestroysItself) {
     Object nested;
     Watched<Object> removed(deaths);
     CVariantValue file = MakeValue(DT_FileName, "");
-    file.EnumContext = new Watched<CFileValueImp>(deaths);
+    file.EnumContext = new Watched<FileChooser>(deaths);
     {
         Object object;
         for (const CVariantValue& value :

@@ -1,6 +1,9 @@
 #include "korvel/platform/error.h"
+#include "korvel/values/language.h"
 #include "korvel/values/registry.h"
+#include "korvel/values/replace_first.h"
 #include "korvel/values/text_table.h"
+#include "korvel/values/type_names.h"
 #include "support/scratch.h"
 
 #include <functional>
@@ -87,6 +90,26 @@ TEST(Language, RowsStandWhereCallersLookForThem) {
     // Kept: the German text names another system.
     ExpectAnswer([&] { return show("German"); },
                  "-1 53 85 86 133 Eingabe inkorrekt.Ziellagebezugssystem.Unbekannt");
+}
+
+TEST(TypeNames, AreTextsOfTheirTypes) {
+    const std::pair<EDataTyps, const char*> rows[] = {{DT_UInt, "Unsigned integer"},
+                                                      {DT_ColorARGB, "Color ARGB"},
+                                                      {DT_ListDouble, "List"},
+                                                      {DT_RangeFloat, "Range [0, 100]"},
+                                                      {DT_RoadStationFloat, "Road Station"},
+                                                      {DT_CurrencyDouble, "Currency"},
+                                                      {DT_ManDaysFloat, ""},
+                                                      {DT_TextFormInt, ""},
+                                                      {static_cast<EDataTyps>(0x200), ""}};
+    const auto names = [&] {
+        SetLanguageForThisRun("English");
+        std::string wrong;
+        for (const auto& [type, name] : rows)
+            wrong += std::string(Text(internal::TypeNameText(type))) == name ? "" : name;
+        return wrong;
+    };
+    ExpectAnswer(names, "");
 }
 
 TEST(ReplaceFirst, ReplacesOnceAndDoesNotLookAgain) {

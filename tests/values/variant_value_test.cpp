@@ -1,3 +1,5 @@
+#include "korvel/output/angles.h"
+#include "korvel/output/numbers.h"
 #include "korvel/values/invalid_operation.h"
 #include "korvel/values/member_dispatch_imp.h"
 #include "support/german_machine.h"

@@ -2,6 +2,7 @@
 
 #include "korvel/editors/combo_list.h"
 #include "korvel/editors/combo_names.h"
+#include "korvel/values/replace_first.h"
 #include "korvel/values/text_table.h"
 
 namespace korvel::internal {

@@ -31,22 +31,22 @@ constexpr MeaningRow Meanings[] = {
 };
 
 std::optional<CellConversion> Shown(const TypeRow& row) {
-    switch (row.Storage) {
+    switch (row.storage) {
     case ValueStorage::None:
     case ValueStorage::Group:
         return std::nullopt;
     case ValueStorage::Bool:
-        return CellConversion{CellText::Nothing, Info::ctCheck, row.Service};
+        return CellConversion{CellText::Nothing, Info::ctCheck, row.service};
     case ValueStorage::Color:
         return CellConversion{CellText::ColorWord,
-                              row.Type & TypeBitAlpha ? Info::ctColorAlpha : Info::ctColor, row.Service};
+                              row.type & TypeBitAlpha ? Info::ctColorAlpha : Info::ctColor, row.service};
     default:
         break;
     }
     for (const MeaningRow& meaning : Meanings)
-        if (meaning.meaning == row.Meaning)
-            return CellConversion{meaning.text, meaning.control, row.Service};
-    return CellConversion{CellText::Value, Info::ctEdit, row.Service};
+        if (meaning.meaning == row.meaning)
+            return CellConversion{meaning.text, meaning.control, row.service};
+    return CellConversion{CellText::Value, Info::ctEdit, row.service};
 }
 
 CString HexWord(std::uint32_t word) {

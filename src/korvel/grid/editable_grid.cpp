@@ -15,6 +15,7 @@ namespace korvel {
 
 using internal::BindingWatch;
 using internal::FirstFailure;
+using internal::FormatService;
 using internal::RowsWatch;
 
 namespace {

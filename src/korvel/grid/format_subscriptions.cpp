@@ -1,5 +1,7 @@
 #include "korvel/grid/format_subscriptions.h"
 
+#include "korvel/output/format_services.h"
+
 #include <algorithm>
 
 namespace korvel::internal {

@@ -1,7 +1,7 @@
 #include "korvel/grid/row_painter.h"
 
 #include "korvel/grid/cell_geometry.h"
-#include "korvel/output/angle_output.h"
+#include "korvel/output/angles.h"
 
 namespace korvel::internal {
 

@@ -4,15 +4,13 @@
 
 #include <numbers>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
-constexpr char DegreeSign = '\xB0';
-
 // Both formulas in this order of operations: another one gives other last digits.
 template <typename Real>
-Real ToRadians(Real angle, std::uint32_t unit) {
+Real RadiansOf(Real angle, std::uint32_t unit) {
     switch (unit) {
     case CAngleOutput::Degrees:
         return angle / Real{180} * std::numbers::pi_v<Real>;
@@ -24,7 +22,7 @@ Real ToRadians(Real angle, std::uint32_t unit) {
 }
 
 template <typename Real>
-Real FromRadians(Real radians, std::uint32_t unit) {
+Real AngleOf(Real radians, std::uint32_t unit) {
     switch (unit) {
     case CAngleOutput::Degrees:
         return radians * Real{180} / std::numbers::pi_v<Real>;
@@ -35,17 +33,10 @@ Real FromRadians(Real radians, std::uint32_t unit) {
     }
 }
 
-void AppendAngle(std::string& out, double angle, double radians, platform::RenderedDigits rendered,
+void AppendAngle(std::string& out, double angle, double radians, RenderedDigits rendered,
                  const NumberFormat& format) {
-    if (!platform::AppendNumber(out, angle, rendered, format.TextFormat()))
+    if (!AppendNumber(out, angle, rendered, format.TextFormat()))
         AppendStreamText(out, radians);
-}
-
-template <typename Real>
-std::string TextOf(Real radians) {
-    std::string text;
-    CAngleOutput::Instance().Append(text, radians);
-    return text;
 }
 
 } // namespace
@@ -58,70 +49,28 @@ CAngleOutput& CAngleOutput::Instance() {
 }
 
 void CAngleOutput::Append(std::string& out, double radians) const {
-    AppendAngle(out, FromRadians(radians, m_unit), radians, platform::RenderedDigits::Double,
-                Format(AngleRecord::Double));
+    AppendAngle(out, FromRadians(radians), radians, RenderedDigits::Double, Format(AngleRecord::Double));
 }
 
 void CAngleOutput::Append(std::string& out, float radians) const {
-    AppendAngle(out, FromRadians(radians, m_unit), radians, platform::RenderedDigits::Float,
-                Format(AngleRecord::Float));
+    AppendAngle(out, FromRadians(radians), radians, RenderedDigits::Float, Format(AngleRecord::Float));
+}
+
+double CAngleOutput::ToRadians(double angle) const {
+    return RadiansOf(angle, m_unit);
+}
+float CAngleOutput::ToRadians(float angle) const {
+    return RadiansOf(angle, m_unit);
+}
+double CAngleOutput::FromRadians(double radians) const {
+    return AngleOf(radians, m_unit);
+}
+float CAngleOutput::FromRadians(float radians) const {
+    return AngleOf(radians, m_unit);
 }
 
 bool CAngleOutput::FollowSystem() {
     return m_records.FollowSystem({Index(AngleRecord::Double), Index(AngleRecord::Float)});
 }
 
-std::string AngleToString(double radians) {
-    return TextOf(radians);
-}
-std::string AngleToString(float radians) {
-    return TextOf(radians);
-}
-
-double AngleToRad(double angle) {
-    return ToRadians(angle, CAngleOutput::Instance().Unit());
-}
-float AngleToRad(float angle) {
-    return ToRadians(angle, CAngleOutput::Instance().Unit());
-}
-double RadToAngle(double radians) {
-    return FromRadians(radians, CAngleOutput::Instance().Unit());
-}
-float RadToAngle(float radians) {
-    return FromRadians(radians, CAngleOutput::Instance().Unit());
-}
-
-const _numberfmtA& GetAngleFormatDouble() {
-    return CAngleOutput::Instance().Format(AngleRecord::Float);
-}
-const _numberfmtA& GetAngleFormatFloat() {
-    return CAngleOutput::Instance().Format(AngleRecord::Double);
-}
-
-void SetAngleFormatDouble(const _numberfmtA& format) {
-    CAngleOutput::Instance().SetFormat(AngleRecord::Double, format);
-}
-
-void SetAngleFormatFloat(const _numberfmtA& format) {
-    CAngleOutput::Instance().SetFormat(AngleRecord::Float, format);
-}
-
-char GetAngleUnit() {
-    switch (CAngleOutput::Instance().Unit()) {
-    case CAngleOutput::Radians:
-        return 'r';
-    case CAngleOutput::Gon:
-        return 'g';
-    default:
-        return DegreeSign;
-    }
-}
-
-void SetAngleUnit(char unit) {
-    const std::uint32_t number = unit == 'r'   ? CAngleOutput::Radians
-                                 : unit == 'g' ? CAngleOutput::Gon
-                                               : CAngleOutput::Degrees;
-    CAngleOutput::Instance().SetUnit(number);
-}
-
-} // namespace korvel
+} // namespace korvel::internal

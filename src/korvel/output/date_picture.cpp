@@ -4,7 +4,7 @@
 #include <array>
 #include <span>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -75,4 +75,4 @@ std::string TimePictureToFormat(std::string_view picture) {
     return Convert(picture, TimeRuns, TimeLetter, Quotes::Quote);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

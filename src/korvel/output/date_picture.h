@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// Pictures of the regional settings in strftime notation.
 ///
@@ -16,4 +16,4 @@ namespace korvel {
 std::string DatePictureToFormat(std::string_view picture);
 std::string TimePictureToFormat(std::string_view picture);
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,16 +1,10 @@
 #include "korvel/output/format_notification.h"
 
-#include "korvel/output/angle_output.h"
-#include "korvel/output/date_output.h"
-#include "korvel/output/measure_output.h"
-#include "korvel/output/number_output.h"
-#include "korvel/output/station_output.h"
 #include "korvel/platform/error.h"
 
 #include <algorithm>
-#include <stdexcept>
 
-namespace korvel {
+namespace korvel::internal {
 
 void FormatNotification::AddSink(FormatSink* sink) {
     if (sink && !Holds(sink))
@@ -40,22 +34,4 @@ bool FormatNotification::Holds(const FormatSink* sink) const {
     return std::find(m_sinks.begin(), m_sinks.end(), sink) != m_sinks.end();
 }
 
-FormatNotification& NotificationOf(FormatService service) {
-    switch (service) {
-    case FormatService::Number:
-        return CNumberOutput::Instance().Notification();
-    case FormatService::Angle:
-        return CAngleOutput::Instance().Notification();
-    case FormatService::Date:
-        return CDateOutput::Instance().Notification();
-    case FormatService::Station:
-        return CStationOutput::Instance().Notification();
-    case FormatService::ManDays:
-        return CManDaysOutput::Instance().Notification();
-    case FormatService::None:
-        break;
-    }
-    throw std::invalid_argument("There is no such format service");
-}
-
-} // namespace korvel
+} // namespace korvel::internal

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The services that write values as text. Lengths, areas, volumes, percentages and amounts share the formats
 /// of the numbers.
@@ -49,7 +49,4 @@ private:
     bool m_isFiring = false;
 };
 
-/// The listeners of a service, which comes to life if need be. Not for `FormatService::None`.
-FormatNotification& NotificationOf(FormatService service);
-
-} // namespace korvel
+} // namespace korvel::internal

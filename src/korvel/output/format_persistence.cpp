@@ -16,6 +16,15 @@ namespace korvel {
 
 namespace {
 
+using internal::AngleRecord;
+using internal::CAngleOutput;
+using internal::CDateOutput;
+using internal::CNumberOutput;
+using internal::DateFormatRecord;
+using internal::FormatNotification;
+using internal::NumberFormat;
+using internal::NumberRecord;
+
 template <typename Record>
 struct SavedRecord {
     const char* element;
@@ -37,10 +46,10 @@ struct SavedDateFormat {
     std::string DateFormatRecord::*format;
 };
 
-constexpr SavedDateFormat DateFormats[] = {{"CurrentFormat", &DateFormatRecord::CurrentFormat},
-                                           {"DefaultTime", &DateFormatRecord::DefaultTime},
-                                           {"DateFormatLong", &DateFormatRecord::DateFormatLong},
-                                           {"DateFormatShort", &DateFormatRecord::DateFormatShort}};
+constexpr SavedDateFormat DateFormats[] = {{"CurrentFormat", &DateFormatRecord::currentFormat},
+                                           {"DefaultTime", &DateFormatRecord::defaultTime},
+                                           {"DateFormatLong", &DateFormatRecord::dateFormatLong},
+                                           {"DateFormatShort", &DateFormatRecord::dateFormatShort}};
 
 void WriteText(std::ostream& stream, const char* element, std::string_view text) {
     CXmlNode node(stream, element);
@@ -212,7 +221,7 @@ void SaveFormatStates(const char* path) {
         WriteAngles(stream);
         WriteDates(stream);
     }
-    platform::ReplaceFile(PathText(path), stream.view());
+    internal::ReplaceFile(PathText(path), stream.view());
 }
 
 void LoadFormatStates(const char* path) {

@@ -1,6 +1,6 @@
 #include "korvel/output/format_records.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 FormatRecords::FormatRecords(FormatService service, std::initializer_list<SystemFormat> systemFormats)
     : m_notification(service) {
@@ -30,4 +30,4 @@ bool FormatRecords::FollowSystem(std::initializer_list<std::size_t> order) {
     return changed;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -8,7 +8,7 @@
 #include <initializer_list>
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The number formats of one service, each beginning as a copy of a system format, and the service's
 /// listeners.
@@ -42,4 +42,4 @@ private:
     std::vector<Record> m_records;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-namespace korvel {
+namespace korvel::internal {
 
 NumberFormat::NumberFormat(const _numberfmtA& format, const NumberFormat& system) : _numberfmtA(format) {
     if (!format.DecimalSep || !format.ThousandSep || !SetDecimalSep(format.DecimalSep) ||
@@ -31,7 +31,7 @@ bool NumberFormat::operator==(const NumberFormat& other) const {
     return System == other.System && SameFields(other);
 }
 
-platform::NumberTextFormat NumberFormat::TextFormat() const {
+NumberTextFormat NumberFormat::TextFormat() const {
     return {.digits = NumDigits,
             .leadingZero = LeadingZero,
             .grouping = Grouping,
@@ -60,4 +60,4 @@ void NumberFormat::PointAtOwnSeparators() {
     ThousandSep = m_thousandSep.data();
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,31 +1,15 @@
 #pragma once
 
-#include "korvel/platform/export.h"
+#include "korvel/output/numberfmt.h"
 #include "korvel/platform/number_text.h"
 
 #include <array>
-#include <cstdint>
+#include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
-/// How numbers are written. The fields and their meaning are those of the platform's structure of this name.
-///
-///     _numberfmtA format = GetFormatDouble();
-///     format.NumDigits = 3;
-///     SetFormatDouble(format);
-///     NumberToString(1234.5);   // "1.234,500" under German regional settings
-struct _numberfmtA {
-    std::uint32_t NumDigits = 0;   ///< after the decimal separator
-    std::uint32_t LeadingZero = 0; ///< 0: "0.5" loses its zero
-    std::uint32_t Grouping = 0;    ///< 0 "123456789", 3 "123.456.789", 32 "12.34.56.789"
-
-    /// Three bytes at most; may be empty, never null. In a format that a service answers they belong to the
-    /// service and change with it.
-    const char* DecimalSep = "";
-    const char* ThousandSep = "";
-
-    std::uint32_t NegativeOrder = 0; ///< 0 "(1,1)", 1 "-1,1", 2 "- 1,1", 3 "1,1-", 4 "1,1 -"
-};
+/// The formats of plain numbers, by the types that are written with them.
+enum class NumberRecord { Integer, Long, Float, Double };
 
 /// A number format as a service keeps it: with separators of its own, and whether it follows the regional
 /// settings.
@@ -49,8 +33,8 @@ public:
     bool SetDecimalSep(std::string_view text) { return Store(m_decimalSep, text); }
     bool SetThousandSep(std::string_view text) { return Store(m_thousandSep, text); }
 
-    /// The same format as the number texts take it; lives as long as this.
-    platform::NumberTextFormat TextFormat() const;
+    /// The same format as the number texts take it; valid as long as this.
+    NumberTextFormat TextFormat() const;
 
     bool System = false; ///< follows the regional settings
 
@@ -65,4 +49,4 @@ private:
     Separator m_thousandSep{};
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -2,60 +2,13 @@
 
 #include "korvel/output/format_records.h"
 #include "korvel/output/system_change.h"
-#include "korvel/platform/export.h"
 #include "korvel/values/data_types.h"
 
-#include <cstdint>
 #include <string>
 
-namespace korvel {
+namespace korvel::internal {
 
-/// Plain numbers as text, under four formats: one each for the types int (signed or not), long, float and
-/// double.
-///
-///     NumberToString(1234567.891);   // "1.234.567,89" under German regional settings
-///     NumberToString(-1);            // "-1"
-///     NumberToStringEx(0.00001);     // "1e-05", where NumberToString gives "0,00"
-///
-/// The formats begin as the regional settings say, without decimals for the two integer ones, and follow them
-/// until another is set. All of it belongs to the thread of the windows.
-
-/// \throws std::invalid_argument when the format cannot write the number, as a negative order above 4 for -1
-KORVEL_API std::string NumberToString(int value);
-
-/// Written as the signed number of the same bits: 4294967295 is "-1". Kept; the int and unsigned types share
-/// cells.
-KORVEL_API std::string NumberToString(unsigned int value);
-
-/// \throws std::invalid_argument as for int
-KORVEL_API std::string NumberToString(long value);
-
-/// Rounded half away from zero on the value's decimal text of 8 (float) or 15 (double) places. What cannot be
-/// written so (infinities, not-a-number, texts over 1024 bytes) takes the form of a default stream.
-KORVEL_API std::string NumberToString(float value);
-KORVEL_API std::string NumberToString(double value);
-
-/// The same, but a number smaller than the last place of the format takes the form of a default stream: it
-/// keeps its magnitude, and zero is "0".
-KORVEL_API std::string NumberToStringEx(float value);
-KORVEL_API std::string NumberToStringEx(double value);
-
-KORVEL_API const _numberfmtA& GetFormatInt();
-KORVEL_API const _numberfmtA& GetFormatLong();
-KORVEL_API const _numberfmtA& GetFormatFloat();
-KORVEL_API const _numberfmtA& GetFormatDouble();
-
-/// Store a format; nothing happens when nothing differs, otherwise the listeners are told. A format that
-/// equals the regional settings follows them from now on. \throws std::invalid_argument when a separator is
-/// null or longer than three bytes; nothing changes then
-KORVEL_API void SetFormatInt(const _numberfmtA& format);
-KORVEL_API void SetFormatLong(const _numberfmtA& format);
-KORVEL_API void SetFormatFloat(const _numberfmtA& format);
-KORVEL_API void SetFormatDouble(const _numberfmtA& format);
-
-enum class NumberRecord { Integer, Long, Float, Double };
-
-/// The service behind these functions.
+/// The service of plain numbers; `numbers.h` says what it writes. On the thread of the windows.
 class CNumberOutput final : public ISystemChangedObserverImp<CNumberOutput> {
 public:
     static CNumberOutput& Instance();
@@ -77,8 +30,8 @@ public:
     /// those whose text `FormatFor` takes from another record.
     void SetFormatFor(EDataTyps type, const _numberfmtA& format);
 
-    /// For saved formats: stores a record as it stands, telling nobody; `Notification().Fire()` tells of all
-    /// at once.
+    /// For saved formats: stores a record as it is and calls no listener; `Notification().Fire()` calls them
+    /// once for all records.
     void ReplaceFormat(NumberRecord record, const NumberFormat& format) {
         m_records.Replace(Index(record), format);
     }
@@ -93,4 +46,4 @@ private:
     FormatRecords m_records;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

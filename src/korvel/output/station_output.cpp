@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -28,7 +28,7 @@ char DecimalSign() {
 }
 
 int DigitsOf(const NumberFormat& format) {
-    return static_cast<int>(std::min<std::uint64_t>(format.NumDigits, platform::LongestNumberText));
+    return static_cast<int>(std::min<std::uint64_t>(format.NumDigits, LongestNumberText));
 }
 
 // Of the whole part, before the rounding to decimals: 9.99 with no decimals is "10", yet counts as one digit.
@@ -71,13 +71,6 @@ void AppendRoadStation(std::string& out, Real station, const NumberFormat& forma
     AppendStationPart(out, std::abs(station - kilometres * Real{1000}), DigitsOf(format), RoadMetreWidth);
 }
 
-template <typename Real>
-std::string TextOf(void (CStationOutput::*append)(std::string&, Real) const, Real station) {
-    std::string text;
-    (CStationOutput::Instance().*append)(text, station);
-    return text;
-}
-
 } // namespace
 
 CStationOutput::CStationOutput()
@@ -108,17 +101,4 @@ bool CStationOutput::FollowSystem() {
     return m_records.FollowSystem({KeptRecord, DoubleRecord, FloatRecord});
 }
 
-std::string RailwayStationToString(double station) {
-    return TextOf(&CStationOutput::AppendRailway, station);
-}
-std::string RailwayStationToString(float station) {
-    return TextOf(&CStationOutput::AppendRailway, station);
-}
-std::string RoadStationToString(double station) {
-    return TextOf(&CStationOutput::AppendRoad, station);
-}
-std::string RoadStationToString(float station) {
-    return TextOf(&CStationOutput::AppendRoad, station);
-}
-
-} // namespace korvel
+} // namespace korvel::internal

@@ -6,7 +6,7 @@
 #include <limits>
 #include <system_error>
 
-namespace korvel {
+namespace korvel::internal {
 
 void AppendStreamText(std::string& out, double value) {
     if (std::isnan(value)) {
@@ -38,4 +38,4 @@ void AppendFixedText(std::string& out, double value, int decimals) {
     out.append(longText.data(), end);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// Appends a number as a default stream writes it: six significant digits, "1e-05", "inf". Not-a-number is
 /// "nan" whatever its sign. Independent of every locale.
@@ -11,4 +11,4 @@ void AppendStreamText(std::string& out, double value);
 /// Appends a number with this many decimals, exactly rounded, halves to even; "inf" and "nan" as above.
 void AppendFixedText(std::string& out, double value, int decimals);
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -28,7 +28,7 @@ void RemoveSystemChangedSink(ISystemChangedObserver* observer) {
 }
 
 void Fire_OnSystemChanged(ISystemChangedObserver* origin, IObserverGrid* grid) {
-    RereadSystemSettings();
+    internal::RereadSystemSettings();
     const std::vector<ISystemChangedObserver*> observers(SystemChangeList().begin(),
                                                          SystemChangeList().end());
     for (ISystemChangedObserver* observer : observers) {

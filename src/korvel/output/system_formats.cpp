@@ -2,7 +2,7 @@
 
 #include "korvel/platform/integer_text.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -18,7 +18,7 @@ struct SystemSnapshot {
         floatFormat.NumDigits = static_cast<std::uint32_t>(settings.digits);
         floatFormat.LeadingZero = static_cast<std::uint32_t>(settings.leadingZero);
         // The first group size only, as the services have always read it: "3;0" and "3;2;0" are both 3.
-        floatFormat.Grouping = static_cast<std::uint32_t>(platform::ReadInteger(settings.grouping));
+        floatFormat.Grouping = static_cast<std::uint32_t>(ReadInteger(settings.grouping));
         floatFormat.NegativeOrder = static_cast<std::uint32_t>(settings.negativeOrder);
         floatFormat.SetDecimalSep(settings.decimalSeparator);
         floatFormat.SetThousandSep(settings.thousandsSeparator);
@@ -51,4 +51,4 @@ void RereadSystemSettings() {
     System().Read();
 }
 
-} // namespace korvel
+} // namespace korvel::internal

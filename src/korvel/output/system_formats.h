@@ -3,7 +3,7 @@
 #include "korvel/output/number_format.h"
 #include "korvel/platform/regional_settings.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 /// What the services follow as long as the user has set nothing else.
 enum class SystemFormat { Integer, Float };
@@ -18,4 +18,4 @@ const platform::RegionalSettings& SystemSettings();
 /// Reads the regional settings again. \throws Error when that fails; what was read before then stays.
 void RereadSystemSettings();
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "korvel/output/format_notification.h"
-#include "korvel/output/number_output.h"
+#include "korvel/output/number_format.h"
 #include "korvel/values/data_types.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 /// How the payload of a type is stored.
 enum class ValueStorage { None, Int, Long, UInt, Float, Double, Bool, Text, Color, Group, List, Date };
@@ -29,23 +29,22 @@ enum class ValueMeaning {
     Random,
 };
 
-/// Everything that is known of one data type.
+/// How the values of one data type are stored and written.
 struct TypeRow {
-    EDataTyps Type;
-    ValueStorage Storage;
-    ValueMeaning Meaning;
-    int TextId;            ///< row of the Text table that names the type; -1: none does
-    FormatService Service; ///< whose change of format puts the value's text out of date
-    NumberRecord Record;   ///< the number format that `CNumberOutput` names for the type
+    EDataTyps type;
+    ValueStorage storage;
+    ValueMeaning meaning;
+    FormatService service; ///< whose change of format puts the value's text out of date
+    NumberRecord record;   ///< the number format that `CNumberOutput` names for the type
 
     /// Whether the value reads as a number.
     bool IsNumeric() const {
-        return Storage >= ValueStorage::Int && Storage <= ValueStorage::Double &&
-               Meaning != ValueMeaning::TextForm;
+        return storage >= ValueStorage::Int && storage <= ValueStorage::Double &&
+               meaning != ValueMeaning::TextForm;
     }
 };
 
-/// The row of a type; null for what is no type, as one with a modifier bit.
+/// The row of a type; null for what is no type, such as one with a modifier bit.
 const TypeRow* FindTypeRow(EDataTyps type);
 
-} // namespace korvel
+} // namespace korvel::internal

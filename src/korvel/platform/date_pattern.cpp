@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace korvel::platform {
+namespace korvel::internal {
 namespace {
 
 // One row a kind of field. Source of the letters: Unicode Technical Standard 35, part 4, date field symbols.
@@ -54,4 +54,4 @@ std::string PictureOfPattern(std::string_view pattern) {
     return picture;
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// A date or time pattern in the letters of the Unicode locale data, as a picture of the platform.
 ///
@@ -14,4 +14,4 @@ namespace korvel::platform {
 /// counterpart (era) are left out, with a blank behind them. Both sides are UTF-8.
 std::string PictureOfPattern(std::string_view pattern);
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -2,11 +2,11 @@
 
 #include <cstdlib>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 std::string EnvironmentValue(const char* name) {
     const char* value = std::getenv(name);
     return value == nullptr ? "" : value;
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -2,9 +2,9 @@
 
 #include <string>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// The value of an environment variable, empty when it is not set.
 std::string EnvironmentValue(const char* name);
 
-} // namespace korvel::platform
+} // namespace korvel::internal

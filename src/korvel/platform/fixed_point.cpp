@@ -3,7 +3,7 @@
 #include <array>
 #include <bit>
 
-namespace korvel::platform {
+namespace korvel::internal {
 namespace {
 
 __extension__ using Wide = unsigned __int128;
@@ -74,4 +74,4 @@ void FixedPoint::RoundTo(int fewerDecimals) {
     }
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

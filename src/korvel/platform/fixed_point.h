@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// A number with a fixed count of decimals, exact. It spares the way through printf to the first decimals of
 /// a double, and rounds as that way does, in both of its steps.
@@ -25,4 +25,4 @@ struct FixedPoint {
     bool IsZero() const { return integer == 0 && fraction == 0; }
 };
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <limits>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 int ReadInteger(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
@@ -19,4 +19,4 @@ int ReadInteger(std::string_view text) {
     return static_cast<int>(negative ? -number : number);
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -1,10 +1,8 @@
 #pragma once
 
-#include "korvel/platform/export.h"
-
 #include <string_view>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// The number at the beginning of a text, as the platform's `atoi` reads it: blanks, a sign, digits; what
 /// follows is not looked at. Stops at the 32-bit bounds.
@@ -13,6 +11,6 @@ namespace korvel::platform {
 ///     ReadInteger(" -12 m")      -> -12
 ///     ReadInteger("99999999999") -> 2147483647
 ///     ReadInteger("none")        -> 0
-KORVEL_API int ReadInteger(std::string_view text);
+int ReadInteger(std::string_view text);
 
-} // namespace korvel::platform
+} // namespace korvel::internal

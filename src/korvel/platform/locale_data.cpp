@@ -14,7 +14,7 @@
 #include <unicode/normalizer2.h>
 #include <unicode/smpdtfmt.h>
 
-namespace korvel::platform {
+namespace korvel::internal {
 namespace {
 
 constexpr const char* FallbackLocale = "en-US";
@@ -66,9 +66,9 @@ std::optional<std::string> Fit(const icu::UnicodeString& text) {
     std::string bytes;
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
         const auto character = static_cast<char32_t>(text.char32At(i));
-        std::optional<char> byte = FromUnicode(character);
+        std::optional<char> byte = platform::FromUnicode(character);
         if (!byte)
-            byte = FromUnicode(BaseLetter(character));
+            byte = platform::FromUnicode(BaseLetter(character));
         if (!byte)
             return std::nullopt;
         bytes.push_back(*byte);
@@ -103,7 +103,7 @@ std::string Grouping(const icu::DecimalFormat& format) {
     return std::to_string(first) + (differ ? ";" + std::to_string(others) : "") + ";0";
 }
 
-void ReadNumbers(const icu::Locale& locale, RegionalSettings& settings) {
+void ReadNumbers(const icu::Locale& locale, platform::RegionalSettings& settings) {
     IcuStatus status;
     const icu::DecimalFormatSymbols symbols(locale, status);
     const std::unique_ptr<icu::NumberFormat> format(
@@ -128,11 +128,11 @@ std::string Picture(const std::unique_ptr<icu::DateFormat>& format, std::string_
         pattern.findAndReplace(icu::UnicodeString(space), icu::UnicodeString(u' '));
     for (const UChar directionMark : {UChar(0x200E), UChar(0x200F)})
         pattern.findAndReplace(icu::UnicodeString(directionMark), icu::UnicodeString());
-    const ConvertedText picture = FromUtf8(PictureOfPattern(Utf8(pattern)));
+    const platform::ConvertedText picture = platform::FromUtf8(PictureOfPattern(Utf8(pattern)));
     return picture.exact ? picture.text : std::string(fallback);
 }
 
-void ReadPictures(const icu::Locale& locale, RegionalSettings& settings) {
+void ReadPictures(const icu::Locale& locale, platform::RegionalSettings& settings) {
     using Format = icu::DateFormat;
     const auto date = [&](Format::EStyle style) {
         return std::unique_ptr<Format>(Format::createDateInstance(style, locale));
@@ -155,12 +155,12 @@ bool ReadNames(const icu::UnicodeString* list, int available, std::array<std::st
     return true;
 }
 
-std::optional<CalendarNames> ReadCalendarNames(const icu::Locale& locale) {
+std::optional<platform::CalendarNames> ReadCalendarNames(const icu::Locale& locale) {
     using Symbols = icu::DateFormatSymbols;
     IcuStatus status;
     const Symbols symbols(locale, status);
     status.Check();
-    CalendarNames names;
+    platform::CalendarNames names;
     int count = 0;
     const auto months = [&](Symbols::DtWidthType width, auto& target) {
         const icu::UnicodeString* list = symbols.getMonths(count, Symbols::STANDALONE, width);
@@ -207,17 +207,17 @@ std::optional<std::string> FindLocale(const std::string& name) {
     return tag;
 }
 
-RegionalSettings LocaleData(const std::string& numberLocale, const std::string& timeLocale) {
-    RegionalSettings settings;
+platform::RegionalSettings LocaleData(const std::string& numberLocale, const std::string& timeLocale) {
+    platform::RegionalSettings settings;
     ReadNumbers(DataLocale(numberLocale), settings);
     const icu::Locale times = DataLocale(timeLocale);
     ReadPictures(times, settings);
     settings.countryName = times.getISO3Country();
-    std::optional<CalendarNames> names = ReadCalendarNames(times);
+    std::optional<platform::CalendarNames> names = ReadCalendarNames(times);
     if (!names)
         names = ReadCalendarNames(DataLocale(FallbackLocale));
-    settings.names = names.value_or(CalendarNames{});
+    settings.names = names.value_or(platform::CalendarNames{});
     return settings;
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

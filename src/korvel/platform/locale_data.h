@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// A locale's usual name with language and country ("de-DE") for the name that a user or the C library gives
 /// it: "de", "de_DE.UTF-8", "de-DE". Nothing when its language is unknown.
@@ -13,6 +13,6 @@ std::optional<std::string> FindLocale(const std::string& name);
 
 /// What the two locales, both by their usual names, have for numbers, and for dates, times and the country.
 /// Throws Error when the data cannot be read.
-RegionalSettings LocaleData(const std::string& numberLocale, const std::string& timeLocale);
+platform::RegionalSettings LocaleData(const std::string& numberLocale, const std::string& timeLocale);
 
-} // namespace korvel::platform
+} // namespace korvel::internal

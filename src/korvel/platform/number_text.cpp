@@ -7,7 +7,7 @@
 #include <charconv>
 #include <cstdio>
 
-namespace korvel::platform {
+namespace korvel::internal {
 namespace {
 
 // The digits of a number that is rounded already. The fraction may be shorter than the format asks for.
@@ -196,4 +196,4 @@ bool AppendNumber(std::string& out, std::int64_t value, const NumberTextFormat& 
     return AppendDigits(out, {Render(value < 0 ? 0 - bits : bits, digits), {}, value < 0}, format);
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

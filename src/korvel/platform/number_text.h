@@ -1,12 +1,10 @@
 #pragma once
 
-#include "korvel/platform/export.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// Numbers as regional text.
 ///
@@ -37,7 +35,7 @@ constexpr std::size_t LongestNumberText = 1024;
 ///
 /// False, and nothing appended: the text is not of this form, the result is longer than longestNumberText, or
 /// the number is negative and negativeOrder above 4.
-KORVEL_API bool AppendNumberText(std::string& out, std::string_view number, const NumberTextFormat& format);
+bool AppendNumberText(std::string& out, std::string_view number, const NumberTextFormat& format);
 
 /// How many decimals a number is written out with before it is formatted.
 enum class RenderedDigits { Float = 8, Double = 15 };
@@ -45,9 +43,8 @@ enum class RenderedDigits { Float = 8, Double = 15 };
 /// Appends exactly what the text of printf("%.8f") or printf("%.15f") would give: the value is rounded to
 /// these decimals first (1.005 is 1.005000000000000, hence "1,01"). False also for an infinity and for
 /// not-a-number.
-KORVEL_API bool AppendNumber(std::string& out, double value, RenderedDigits rendered,
-                             const NumberTextFormat& format);
+bool AppendNumber(std::string& out, double value, RenderedDigits rendered, const NumberTextFormat& format);
 
-KORVEL_API bool AppendNumber(std::string& out, std::int64_t value, const NumberTextFormat& format);
+bool AppendNumber(std::string& out, std::int64_t value, const NumberTextFormat& format);
 
-} // namespace korvel::platform
+} // namespace korvel::internal

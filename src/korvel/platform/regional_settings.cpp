@@ -68,9 +68,9 @@ private:
 // counts as en-US, and so does the C library's own, which has no month names in any language of a user.
 std::string EnvironmentLocale(const char* category) {
     for (const char* variable : {"LC_ALL", category, "LANG"}) {
-        const std::string value = EnvironmentValue(variable);
+        const std::string value = internal::EnvironmentValue(variable);
         if (!value.empty())
-            return FindLocale(value).value_or("en-US");
+            return internal::FindLocale(value).value_or("en-US");
     }
     return "en-US";
 }
@@ -83,17 +83,17 @@ std::string LocaleFor(const char* category) {
 } // namespace
 
 RegionalSettings ReadRegionalSettings() {
-    RegionalSettings settings = LocaleData(LocaleFor("LC_NUMERIC"), LocaleFor("LC_TIME"));
+    RegionalSettings settings = internal::LocaleData(LocaleFor("LC_NUMERIC"), LocaleFor("LC_TIME"));
     for (const auto& [name, setting] : TextOverrides)
         settings.*setting = ReadOverride(name).value_or(settings.*setting);
     for (const auto& [name, setting] : NumberOverrides)
         if (const std::optional<std::string> text = ReadOverride(name))
-            settings.*setting = ReadInteger(*text);
+            settings.*setting = internal::ReadInteger(*text);
     return settings;
 }
 
 bool UseLocale(const std::string& name) {
-    const std::optional<std::string> found = name.empty() ? name : FindLocale(name);
+    const std::optional<std::string> found = name.empty() ? name : internal::FindLocale(name);
     if (found)
         ChosenLocale::Instance().Choose(*found);
     return found.has_value();

@@ -11,12 +11,12 @@
 #include <unistd.h>
 #include <utility>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 namespace {
 
 [[noreturn]] void Fail(const std::string& path, int error) {
-    throw Error(FromUtf8(path + ": " + std::generic_category().message(error)).text);
+    throw Error(platform::FromUtf8(path + ": " + std::generic_category().message(error)).text);
 }
 
 void Require(bool succeeded, const std::string& path) {
@@ -123,4 +123,4 @@ void ReplaceFile(const std::string& path, std::string_view content) {
     Require(Flush(folder), path);
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// Replaces a file by new content, whole or not at all: also when the machine stops in the middle, the file
 /// holds either the old content or the new one.
@@ -15,4 +15,4 @@ namespace korvel::platform {
 /// left beside it. Only the last step, the flush of the folder, fails with the new content in place
 void ReplaceFile(const std::string& path, std::string_view content);
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -5,7 +5,8 @@
 namespace korvel::platform {
 
 bool HasScreen() {
-    return !EnvironmentValue("WAYLAND_DISPLAY").empty() || !EnvironmentValue("DISPLAY").empty();
+    return !internal::EnvironmentValue("WAYLAND_DISPLAY").empty() ||
+           !internal::EnvironmentValue("DISPLAY").empty();
 }
 
 } // namespace korvel::platform

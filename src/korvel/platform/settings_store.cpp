@@ -15,6 +15,10 @@
 namespace korvel::platform {
 namespace {
 
+using internal::StoreAccessDenied;
+using internal::StoreDatabase;
+using internal::StoreStatement;
+
 constexpr const char* StoreFile = "settings.sqlite";
 
 // The files that this process was told to use instead of the usual ones.

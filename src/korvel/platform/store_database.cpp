@@ -7,7 +7,7 @@
 #include <sqlite3.h>
 #include <system_error>
 
-namespace korvel::platform {
+namespace korvel::internal {
 namespace {
 
 constexpr int PatienceInMilliseconds = 5000;
@@ -176,8 +176,8 @@ void StoreDatabase::Check(int answer) const {
 }
 
 void StoreDatabase::Throw(std::string_view problem) const {
-    throw Error("The settings store " + FromUtf8(m_file.string()).text +
+    throw Error("The settings store " + platform::FromUtf8(m_file.string()).text +
                 " cannot be used: " + std::string(problem));
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -10,7 +10,7 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// Thrown where the user lacks the right to what was tried.
 struct StoreAccessDenied {};
@@ -75,4 +75,4 @@ private:
     std::unique_ptr<sqlite3, Close> m_handle;
 };
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -6,8 +6,13 @@
 #include <ctime>
 #include <utility>
 
-namespace korvel::platform {
+namespace korvel::internal {
 namespace {
+
+using platform::CalendarFields;
+using platform::CalendarNames;
+using platform::RegionalSettings;
+using Fields = CalendarFields;
 
 // The buffer that the text stands in has 256 bytes, one of them for the zero at its end.
 constexpr std::size_t LongestText = 255;
@@ -54,8 +59,6 @@ std::string ZoneName() {
     tzset();
     return tzname[0];
 }
-
-using Fields = CalendarFields;
 
 struct NumberSpecifier {
     char letter;
@@ -277,4 +280,4 @@ bool SetTimeLocale(const std::string& name) {
     return std::setlocale(LC_TIME, name.c_str()) != nullptr;
 }
 
-} // namespace korvel::platform
+} // namespace korvel::internal

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "korvel/platform/calendar.h"
-#include "korvel/platform/export.h"
 #include "korvel/platform/regional_settings.h"
 
 #include <string>
 #include <string_view>
 
-namespace korvel::platform {
+namespace korvel::internal {
 
 /// A date or time as text, after a format in the platform's strftime notation.
 ///
@@ -18,11 +17,11 @@ namespace korvel::platform {
 ///
 /// The empty text when the format has an unknown specifier or ends within one, when a field is out of its
 /// range, and when the result would be longer than 255 bytes.
-KORVEL_API std::string TimeText(std::string_view format, const CalendarFields& fields,
-                                const RegionalSettings& settings);
+std::string TimeText(std::string_view format, const platform::CalendarFields& fields,
+                     const platform::RegionalSettings& settings);
 
 /// Sets the C library's locale for times, which is one for the whole process; hosts may print with it. False,
 /// and nothing changed, when the C library does not know the name.
-KORVEL_API bool SetTimeLocale(const std::string& name);
+bool SetTimeLocale(const std::string& name);
 
-} // namespace korvel::platform
+} // namespace korvel::internal

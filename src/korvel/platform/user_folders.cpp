@@ -11,7 +11,7 @@ namespace {
 constexpr const char* OwnFolder = "korvel";
 
 std::filesystem::path HomeFolder() {
-    std::filesystem::path home = EnvironmentValue("HOME");
+    std::filesystem::path home = internal::EnvironmentValue("HOME");
     if (home.empty()) {
         const passwd* user = getpwuid(geteuid());
         home = user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "";
@@ -24,7 +24,7 @@ std::filesystem::path HomeFolder() {
 // The names and defaults are those of the XDG base directories, which also want relative paths ignored.
 
 std::filesystem::path UserConfigFolder() {
-    std::filesystem::path folder = EnvironmentValue("XDG_CONFIG_HOME");
+    std::filesystem::path folder = internal::EnvironmentValue("XDG_CONFIG_HOME");
     if (!folder.is_absolute()) {
         const std::filesystem::path home = HomeFolder();
         if (home.empty())
@@ -35,7 +35,7 @@ std::filesystem::path UserConfigFolder() {
 }
 
 std::filesystem::path MachineConfigFolder() {
-    const std::string folders = EnvironmentValue("XDG_CONFIG_DIRS");
+    const std::string folders = internal::EnvironmentValue("XDG_CONFIG_DIRS");
     std::filesystem::path first = folders.substr(0, folders.find(':'));
     if (!first.is_absolute())
         first = "/etc/xdg";

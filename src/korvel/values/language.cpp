@@ -1,19 +1,15 @@
+#include "korvel/values/language.h"
+
 #include "korvel/platform/error.h"
 #include "korvel/platform/regional_settings.h"
 #include "korvel/platform/settings_store.h"
 #include "korvel/values/registry.h"
-#include "korvel/values/text_table.h"
 
-#include <algorithm>
-#include <iterator>
 #include <optional>
 
 namespace korvel {
 
 namespace {
-
-constexpr const char* Languages[] = {"English", "German", "Hungarian"}; // in the order of the columns
-constexpr int GermanColumn = 1;
 
 // What a program said about this run, and whether it can still say something.
 struct LanguageOfRun {
@@ -27,8 +23,9 @@ LanguageOfRun& RunChoice() {
 }
 
 int ColumnOf(const std::string& name) {
-    const auto found = std::find(std::begin(Languages), std::end(Languages), name);
-    return found == std::end(Languages) ? GermanColumn : static_cast<int>(found - std::begin(Languages));
+    if (name == "English")
+        return LanguageChoice::English;
+    return name == "Hungarian" ? LanguageChoice::Hungarian : LanguageChoice::German;
 }
 
 LanguageChoice Choose() {

@@ -2,7 +2,7 @@
 
 #include "korvel/platform/error.h"
 #include "korvel/platform/settings_store.h"
-#include "korvel/values/text_table.h"
+#include "korvel/values/replace_first.h"
 
 namespace korvel {
 

@@ -1,16 +1,17 @@
 #pragma once
 
-#include "korvel/values/text_table.h"
+#include <span>
 
-#include <array>
+namespace korvel::internal {
 
-namespace korvel {
+/// A text in each language that has one; Hungarian has none.
+struct TextRow {
+    int id;
+    const char* english;
+    const char* german;
+};
 
-/// One text in each language, in the order of `LanguageChoice::Column`.
-using TextRow = std::array<const char*, 3>;
+/// All rows, each at the index of its id.
+std::span<const TextRow> TextRows();
 
-using TextRowTable = std::array<TextRow, TextCount>;
-
-const TextRowTable& TextRows();
-
-} // namespace korvel
+} // namespace korvel::internal

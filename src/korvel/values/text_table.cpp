@@ -1,5 +1,6 @@
 #include "korvel/values/text_table.h"
 
+#include "korvel/values/language.h"
 #include "korvel/values/text_rows.h"
 
 namespace korvel {
@@ -7,12 +8,15 @@ namespace korvel {
 const char* Text(int id) {
     if (id < 0 || id >= TextCount)
         return "";
-    return TextRows()[static_cast<std::size_t>(id)][static_cast<std::size_t>(GetLanguage().Column)];
-}
-
-void ReplaceFirst(std::string& text, const std::string& placeholder, const std::string& value) {
-    if (const std::size_t found = text.find(placeholder); found != std::string::npos)
-        text.replace(found, placeholder.size(), value);
+    const internal::TextRow& row = internal::TextRows()[static_cast<std::size_t>(id)];
+    switch (GetLanguage().column) {
+    case LanguageChoice::English:
+        return row.english;
+    case LanguageChoice::German:
+        return row.german;
+    default:
+        return "";
+    }
 }
 
 } // namespace korvel

@@ -1,5 +1,6 @@
 #include "korvel/output/angle_output.h"
-#include "korvel/output/date_output.h"
+#include "korvel/output/dates.h"
+#include "korvel/output/man_days_output.h"
 #include "korvel/output/measure_output.h"
 #include "korvel/output/number_output.h"
 #include "korvel/output/station_output.h"
@@ -17,6 +18,11 @@
 namespace korvel {
 
 namespace {
+
+using internal::FindTypeRow;
+using internal::TypeRow;
+using internal::ValueMeaning;
+using internal::ValueStorage;
 
 constexpr const char* EntrySeparator = "; ";
 
@@ -74,42 +80,43 @@ void AppendList(std::string& out, const CVariantValue& value, TextForm form, con
 }
 
 void AppendUserFacingNumber(std::string& out, const CVariantValue& value, const TypeRow& row) {
-    switch (row.Meaning) {
+    switch (row.meaning) {
     case ValueMeaning::Angle:
-        return AppendReal(out, value, row.Storage, CAngleOutput::Instance());
+        return AppendReal(out, value, row.storage, internal::CAngleOutput::Instance());
     case ValueMeaning::RailwayStation:
-        return WithReal(value, row.Storage,
-                        [&](auto station) { CStationOutput::Instance().AppendRailway(out, station); });
+        return WithReal(value, row.storage, [&](auto station) {
+            internal::CStationOutput::Instance().AppendRailway(out, station);
+        });
     case ValueMeaning::RoadStation:
-        return WithReal(value, row.Storage,
-                        [&](auto station) { CStationOutput::Instance().AppendRoad(out, station); });
+        return WithReal(value, row.storage,
+                        [&](auto station) { internal::CStationOutput::Instance().AppendRoad(out, station); });
     case ValueMeaning::Length:
-        return AppendReal(out, value, row.Storage, CLengthOutput::Instance());
+        return AppendReal(out, value, row.storage, internal::CLengthOutput::Instance());
     case ValueMeaning::Area:
-        return AppendReal(out, value, row.Storage, CAreaOutput::Instance());
+        return AppendReal(out, value, row.storage, internal::CAreaOutput::Instance());
     case ValueMeaning::Volume:
-        return AppendReal(out, value, row.Storage, CVolumeOutput::Instance());
+        return AppendReal(out, value, row.storage, internal::CVolumeOutput::Instance());
     case ValueMeaning::Percent:
-        return AppendReal(out, value, row.Storage, CPercentOutput::Instance());
+        return AppendReal(out, value, row.storage, internal::CPercentOutput::Instance());
     case ValueMeaning::Currency:
-        return AppendReal(out, value, row.Storage, CCurrencyOutput::Instance());
+        return AppendReal(out, value, row.storage, internal::CCurrencyOutput::Instance());
     case ValueMeaning::ManDays:
-        return AppendReal(out, value, row.Storage, CManDaysOutput::Instance());
+        return AppendReal(out, value, row.storage, internal::CManDaysOutput::Instance());
     default:
-        return AppendReal(out, value, row.Storage, CNumberOutput::Instance());
+        return AppendReal(out, value, row.storage, internal::CNumberOutput::Instance());
     }
 }
 
 void AppendUserFacing(std::string& out, const CVariantValue& value, const TypeRow& row) {
-    switch (row.Storage) {
+    switch (row.storage) {
     case ValueStorage::None:
         out += "null";
         return;
     case ValueStorage::Int:
     case ValueStorage::UInt: // written as the signed number of the same bits
-        return CNumberOutput::Instance().Append(out, value.Value.Int);
+        return internal::CNumberOutput::Instance().Append(out, value.Value.Int);
     case ValueStorage::Long:
-        return CNumberOutput::Instance().Append(out, long{value.Value.Int});
+        return internal::CNumberOutput::Instance().Append(out, long{value.Value.Int});
     case ValueStorage::Float:
     case ValueStorage::Double:
         return AppendUserFacingNumber(out, value, row);
@@ -138,7 +145,7 @@ void AppendPlainGroup(std::string& out, const IMemberDispatch* object) {
 }
 
 void AppendPlain(std::string& out, const CVariantValue& value, const TypeRow& row) {
-    switch (row.Storage) {
+    switch (row.storage) {
     case ValueStorage::None:
         out += "nothing";
         return;
@@ -151,10 +158,10 @@ void AppendPlain(std::string& out, const CVariantValue& value, const TypeRow& ro
         out += value.Value.Bool ? '1' : '0';
         return;
     case ValueStorage::Float:
-        return AppendStreamText(out, value.Value.Float);
+        return internal::AppendStreamText(out, value.Value.Float);
     case ValueStorage::Double:
     case ValueStorage::Date:
-        return AppendStreamText(out, value.Value.Double);
+        return internal::AppendStreamText(out, value.Value.Double);
     case ValueStorage::Group:
         return AppendPlainGroup(out, value.Value.Dispatch);
     default:
@@ -165,13 +172,13 @@ void AppendPlain(std::string& out, const CVariantValue& value, const TypeRow& ro
 void AppendValue(std::string& out, const CVariantValue& value, TextForm form,
                  const EnclosingList* enclosing) {
     const TypeRow* row = FindTypeRow(value.Type);
-    if (!row || row->Meaning == ValueMeaning::TextForm)
+    if (!row || row->meaning == ValueMeaning::TextForm)
         return;
-    if (row->Storage == ValueStorage::Text)
+    if (row->storage == ValueStorage::Text)
         out += value.Text;
-    else if (row->Storage == ValueStorage::Color)
+    else if (row->storage == ValueStorage::Color)
         AppendInteger(out, value.Value.UInt);
-    else if (row->Storage == ValueStorage::List)
+    else if (row->storage == ValueStorage::List)
         AppendList(out, value, form, enclosing);
     else if (form == TextForm::Plain)
         AppendPlain(out, value, *row);

@@ -1,6 +1,6 @@
 #include "korvel/values/variant_value.h"
 
-#include "korvel/output/angle_output.h"
+#include "korvel/output/angles.h"
 #include "korvel/output/type_table.h"
 #include "korvel/values/invalid_operation.h"
 
@@ -12,6 +12,11 @@ namespace korvel {
 
 namespace {
 
+using internal::FindTypeRow;
+using internal::TypeRow;
+using internal::ValueMeaning;
+using internal::ValueStorage;
+
 constexpr double TwoToThe63 = 9223372036854775808.0;
 
 constexpr int RangeEnd = 100; // ranges begin at 0
@@ -21,13 +26,13 @@ double ReadNumber(const CVariantValue& value, const char* operation) {
     const TypeRow* row = FindTypeRow(value.Type);
     if (!row || !row->IsNumeric())
         throw invalid_operation(operation);
-    switch (row->Storage) {
+    switch (row->storage) {
     case ValueStorage::UInt:
         return value.Value.UInt;
     case ValueStorage::Float:
-        return row->Meaning == ValueMeaning::Angle ? RadToAngle(value.Value.Float) : value.Value.Float;
+        return row->meaning == ValueMeaning::Angle ? RadToAngle(value.Value.Float) : value.Value.Float;
     case ValueStorage::Double:
-        return row->Meaning == ValueMeaning::Angle ? RadToAngle(value.Value.Double) : value.Value.Double;
+        return row->meaning == ValueMeaning::Angle ? RadToAngle(value.Value.Double) : value.Value.Double;
     default:
         return value.Value.Int;
     }
@@ -47,7 +52,7 @@ std::uint32_t ToUInt32(double number) {
 
 bool IsUnsigned(EDataTyps type) {
     const TypeRow* row = FindTypeRow(type);
-    return row && row->Storage == ValueStorage::UInt;
+    return row && row->storage == ValueStorage::UInt;
 }
 
 // Not std::clamp: not-a-number passes through.
@@ -99,12 +104,12 @@ CVariantValue CVariantValue::ChangeToType(EDataTyps target) const {
     if (!row || !row->IsNumeric())
         throw std::invalid_argument("CVariantValue::ChangeToType");
     CVariantValue result;
-    switch (row->Storage) {
+    switch (row->storage) {
     case ValueStorage::Float:
-        result.Value.Float = InMeaning(static_cast<float>(*this), row->Meaning);
+        result.Value.Float = InMeaning(static_cast<float>(*this), row->meaning);
         break;
     case ValueStorage::Double:
-        result.Value.Double = InMeaning(static_cast<double>(*this), row->Meaning);
+        result.Value.Double = InMeaning(static_cast<double>(*this), row->meaning);
         break;
     case ValueStorage::UInt:
         result.Value.UInt = static_cast<unsigned int>(*this);
@@ -114,7 +119,7 @@ CVariantValue CVariantValue::ChangeToType(EDataTyps target) const {
         break;
     default:
         result.Value.Int = static_cast<int>(*this);
-        if (row->Meaning == ValueMeaning::Range)
+        if (row->meaning == ValueMeaning::Range)
             result.Value.Int = WithinRange(result.Value.Int);
     }
     result.Type = target;
@@ -125,9 +130,9 @@ bool CVariantValue::operator==(const CVariantValue& other) const {
     if (Type != other.Type || EnumValue != other.EnumValue || EnumContext != other.EnumContext)
         return false;
     const TypeRow* row = FindTypeRow(Type);
-    if (!row || row->Meaning == ValueMeaning::TextForm)
+    if (!row || row->meaning == ValueMeaning::TextForm)
         return true;
-    switch (row->Storage) {
+    switch (row->storage) {
     case ValueStorage::Int:
     case ValueStorage::Long:
     case ValueStorage::UInt:

@@ -1,6 +1,6 @@
 #include "korvel/window/app/app.h"
 
-#include "korvel/values/text_table.h"
+#include "korvel/values/language.h"
 
 #include <atomic>
 #include <exception>

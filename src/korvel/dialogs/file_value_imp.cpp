@@ -1,4 +1,4 @@
-#include "korvel/values/file_value.h"
+#include "korvel/dialogs/file_value_imp.h"
 
 #include "korvel/values/text_table.h"
 #include "korvel/window/core/cwnd.h"

@@ -1,4 +1,6 @@
-#include "korvel/values/file_value.h"
+#include "korvel/dialogs/file_container.h"
+#include "korvel/dialogs/file_value_imp.h"
+#include "korvel/values/language.h"
 #include "korvel/values/text_table.h"
 #include "korvel/window/display/headless_display.h"
 
@@ -17,7 +19,7 @@ struct AskedDisplay : HeadlessDisplay {
     std::string asked;
 };
 
-TEST(FileValue, TakesTheChosenPathAndKeepsItsOwnWhenTheUserCancels) {
+TEST(FileValueImp, TakesTheChosenPathAndKeepsItsOwnWhenTheUserCancels) {
     SetLanguageForThisRun("English");
     AskedDisplay display;
     SetDisplay(&display);
@@ -33,11 +35,16 @@ TEST(FileValue, TakesTheChosenPathAndKeepsItsOwnWhenTheUserCancels) {
     EXPECT_STREQ(file.Choose(nullptr, nullptr), "");
     EXPECT_EQ(display.asked, "save  xml XML Files (*.xml)|*.xml||");
     SetDisplay(nullptr);
+}
 
-    IFileValue* documents = GetFileContainer().GetFileValue(4);
-    EXPECT_EQ(GetFileContainer().GetFileValue(-17), documents); // kept: whatever is asked for
-    EXPECT_EQ(GetFileContainer().GetFileKind(documents), 4);
-    EXPECT_EQ(GetFileContainer().GetFileKind(&file), -1);
+TEST(FileContainer, HoldsOneKindAndReturnsItWhateverIsAskedFor) {
+    SetLanguageForThisRun("English");
+    IFileContainer& container = GetFileContainer();
+    IFileValue* documents = container.GetFileValue(4);
+    EXPECT_EQ(container.GetFileValue(-17), documents);
+    EXPECT_EQ(container.GetFileKind(documents), 4);
+    CFileValueImp other;
+    EXPECT_EQ(container.GetFileKind(&other), -1);
 }
 
 } // namespace

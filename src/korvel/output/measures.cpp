@@ -1,0 +1,56 @@
+#include "korvel/output/measures.h"
+
+#include "korvel/output/man_days_output.h"
+#include "korvel/output/measure_output.h"
+
+namespace korvel {
+
+namespace {
+
+template <typename Output, typename Number>
+std::string TextOf(Number value) {
+    std::string text;
+    Output::Instance().Append(text, value);
+    return text;
+}
+
+} // namespace
+
+std::string LengthToString(double value) {
+    return TextOf<internal::CLengthOutput>(value);
+}
+std::string LengthToString(float value) {
+    return TextOf<internal::CLengthOutput>(value);
+}
+std::string AreaToString(double value) {
+    return TextOf<internal::CAreaOutput>(value);
+}
+std::string AreaToString(float value) {
+    return TextOf<internal::CAreaOutput>(value);
+}
+std::string VolumeToString(double value) {
+    return TextOf<internal::CVolumeOutput>(value);
+}
+std::string VolumeToString(float value) {
+    return TextOf<internal::CVolumeOutput>(value);
+}
+std::string PercentToString(double value) {
+    return TextOf<internal::CPercentOutput>(value);
+}
+std::string PercentToString(float value) {
+    return TextOf<internal::CPercentOutput>(value);
+}
+std::string CurrencyToString(double value) {
+    return TextOf<internal::CCurrencyOutput>(value);
+}
+std::string CurrencyToString(float value) {
+    return TextOf<internal::CCurrencyOutput>(value);
+}
+std::string ManDaysToString(double value) {
+    return TextOf<internal::CManDaysOutput>(value);
+}
+std::string ManDaysToString(float value) {
+    return TextOf<internal::CManDaysOutput>(value);
+}
+
+} // namespace korvel

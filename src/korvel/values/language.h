@@ -1,0 +1,38 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+
+#include <string>
+
+namespace korvel {
+
+/// The language in which the library speaks.
+///
+/// It is chosen at first use and stays for the life of the process. It is named by the value `Language` of
+/// the user's settings, else by `InstallLanguage` of the machine's. "English" and "Hungarian" are known by
+/// their exact bytes; every other name selects German. The Hungarian texts are all empty.
+struct LanguageChoice {
+    static constexpr int English = 0;
+    static constexpr int German = 1;
+    static constexpr int Hungarian = 2;
+
+    int column; ///< of the table of texts: one of these three
+};
+
+/// The language of the process.
+/// \throws Error when the settings name none; the next call tries again
+KORVEL_API const LanguageChoice& GetLanguage();
+
+/// The name as the settings hold it now, or as `SetLanguageForThisRun` was given it.
+/// \throws Error when the settings name none
+KORVEL_API std::string GetLanguageName();
+
+/// Names the language for this run only, whatever the settings say. To be called before anything asks for a
+/// text: false, and no effect, once the language is chosen.
+KORVEL_API bool SetLanguageForThisRun(const std::string& name);
+
+/// For programs that must start on a machine whose settings name no language: takes German for this run where
+/// the user's locale is German, else English. Does nothing when the settings name one.
+KORVEL_API void UseLocaleLanguageIfUnset();
+
+} // namespace korvel
