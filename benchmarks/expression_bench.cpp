@@ -1,6 +1,6 @@
 // From a fresh text to its value, against fparser and muParser; the parser objects are reused.
 
-#include "korvel/parser/numeric_parser.h"
+#include "korvel/parser/evaluate_expression.h"
 #include "measure.h"
 
 #include <fparser.hh>

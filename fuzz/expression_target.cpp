@@ -1,7 +1,7 @@
 // First byte: the decimal separator. Rest: the text of a numeric cell.
 
 #include "fuzz_target.h"
-#include "korvel/parser/numeric_parser.h"
+#include "korvel/parser/evaluate_expression.h"
 #include "korvel/platform/error.h"
 #include "reference_expression.h"
 

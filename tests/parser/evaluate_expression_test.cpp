@@ -1,4 +1,4 @@
-#include "korvel/parser/numeric_parser.h"
+#include "korvel/parser/evaluate_expression.h"
 #include "korvel/platform/error.h"
 
 #include <cmath>

@@ -8,6 +8,8 @@
 namespace korvel {
 namespace {
 
+using namespace internal;
+
 std::string LastPanic;
 
 void RecordPanic(const char* text) {

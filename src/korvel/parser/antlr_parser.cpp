@@ -1,15 +1,15 @@
 #include "korvel/parser/antlr_parser.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 void ANTLRParser::OnSyntaxError(const WantedTokens& wanted) {
     const ANTLRAbstractToken& token = LookaheadToken();
     const std::string_view found = m_lookahead == EndOfInput ? "<eof>" : token.GetText();
-    WriteReport(SyntaxErrorText(token.GetLine(), found, wanted));
+    WriteErrorText(SyntaxErrorText(token.GetLine(), found, wanted));
 }
 
 void ANTLRParser::ReportFailedPredicate(const char* predicate) {
-    WriteReport(SemanticErrorText(LookaheadToken().GetLine(), predicate));
+    WriteErrorText(SemanticErrorText(LookaheadToken().GetLine(), predicate));
 }
 
 std::vector<const char*> ANTLRParser::NamesOf(TokenSet set) const {
@@ -20,4 +20,4 @@ std::vector<const char*> ANTLRParser::NamesOf(TokenSet set) const {
     return names;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

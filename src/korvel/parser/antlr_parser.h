@@ -1,17 +1,17 @@
 #pragma once
 
 #include "korvel/parser/antlr_token_buffer.h"
-#include "korvel/parser/report.h"
+#include "korvel/parser/syntax_error_text.h"
 
 #include <cstdint>
 #include <span>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// A set of tokens: one bit of the byte that each token has in ParserTables::tokenSets.
 using TokenSet = std::uint8_t;
 
-/// What a grammar tells of its tokens, both by token number. Lent for the life of the parser.
+/// What a grammar says of its tokens, both by token number. Must outlive the parser.
 struct ParserTables {
     std::span<const char* const> tokenNames;
     std::span<const TokenSet> tokenSets;
@@ -22,7 +22,7 @@ struct ParserTables {
 /// Rules of a derived class test the lookahead, match or consume it, and pass a failure up themselves.
 class ANTLRParser : public PanicSource {
 public:
-    /// The tokens are lent for the life of the parser.
+    /// The tokens must outlive the parser.
     ANTLRParser(ANTLRTokenBuffer& tokens, const ParserTables& tables)
         : PanicSource("ANTLR"), m_tokens(tokens), m_tables(tables) {}
     virtual ~ANTLRParser() = default;
@@ -91,4 +91,4 @@ private:
     TokenSet m_lookaheadSets = 0;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

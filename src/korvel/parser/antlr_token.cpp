@@ -2,7 +2,7 @@
 
 #include <new>
 
-namespace korvel {
+namespace korvel::internal {
 
 void ANTLRCommonToken::SetText(std::string_view text) {
     try {
@@ -12,4 +12,4 @@ void ANTLRCommonToken::SetText(std::string_view text) {
     }
 }
 
-} // namespace korvel
+} // namespace korvel::internal

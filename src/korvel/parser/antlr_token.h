@@ -1,11 +1,11 @@
 #pragma once
 
-#include "korvel/parser/panic.h"
+#include "korvel/parser/panic_source.h"
 
 #include <string>
 #include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The token numbers that every grammar has.
 enum CommonTokens : int { Invalid = 0, EndOfInput = 1 };
@@ -52,4 +52,4 @@ private:
     std::string m_text;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -2,7 +2,7 @@
 
 #include <exception>
 
-namespace korvel {
+namespace korvel::internal {
 
 ANTLRTokenBuffer::ANTLRTokenBuffer(DLGLexerBase& scanner, std::size_t size, PanicHandler handler,
                                    std::pmr::memory_resource& memory)
@@ -41,4 +41,4 @@ void ANTLRTokenBuffer::AddSlot() {
     m_window.emplace_back(GetPanicHandler());
 }
 
-} // namespace korvel
+} // namespace korvel::internal

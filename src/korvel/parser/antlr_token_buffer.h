@@ -6,13 +6,13 @@
 #include <memory_resource>
 #include <vector>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// A sliding window over the tokens of a scanner.
 ///
 /// Tokens are fetched when they are first asked for. Up to `size` of them can be looked at ahead; the one
-/// that was taken last stays readable beside a full window, so the buffer has one slot more.
-/// The window holds its tokens itself: a reference stays good until its slot is needed again.
+/// that was taken last stays readable beside a full window, so the buffer has one slot more. The window holds
+/// its tokens itself: a reference is valid until its slot is needed again.
 ///
 /// Panics: no memory for the window, a look or a rewind beyond it ("FAIL: overflowed buffer").
 class ANTLRTokenBuffer : public PanicSource {
@@ -20,7 +20,7 @@ public:
     /// What a window of this size takes from its memory.
     static constexpr std::size_t BytesFor(std::size_t size) { return (size + 1) * sizeof(ANTLRCommonToken); }
 
-    /// The scanner and the memory are lent for the life of the buffer. The handler is the one of all tokens.
+    /// The scanner and the memory must outlive the buffer. The handler is the one of all tokens.
     ANTLRTokenBuffer(DLGLexerBase& scanner, std::size_t size, PanicHandler handler = nullptr,
                      std::pmr::memory_resource& memory = *std::pmr::get_default_resource());
 
@@ -44,7 +44,7 @@ public:
     }
     /// The number of tokens taken so far.
     std::size_t GetPosition() const { return m_position; }
-    /// Goes back to a position: the tokens behind it are taken again.
+    /// Goes back to a position: the tokens after it are taken again.
     void Rewind(std::size_t position);
     /// Forgets all tokens; the next one comes from the scanner.
     void Reset();
@@ -65,4 +65,4 @@ private:
     std::pmr::vector<ANTLRCommonToken> m_window;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,10 +1,10 @@
 #include "korvel/parser/dlg_lexer_base.h"
 
-#include "korvel/parser/report.h"
+#include "korvel/parser/syntax_error_text.h"
 
 #include <algorithm>
 
-namespace korvel {
+namespace korvel::internal {
 
 void DLGLexerBase::SetInput(std::string_view input) {
     // An empty view may hold no address at all, but it is an input nevertheless.
@@ -66,10 +66,10 @@ std::size_t DLGLexerBase::RunAutomaton() {
     }
     m_textLength = static_cast<std::size_t>(text - m_textBuffer.data());
     m_current = at;
-    return at == stop ? StateBehind(state) : state;
+    return at == stop ? StateAfter(state) : state;
 }
 
-std::size_t DLGLexerBase::StateBehind(std::size_t state) const {
+std::size_t DLGLexerBase::StateAfter(std::size_t state) const {
     const std::size_t byte = m_current == m_end ? 0 : static_cast<unsigned char>(*m_current) + 1U;
     const std::size_t next = m_tables.transitions[state * ScannerTables::RowSize + m_tables.classes[byte]];
     if (next == ScannerTables::NoState)
@@ -89,7 +89,7 @@ void DLGLexerBase::TakeInvalidText(std::size_t state) {
 }
 
 void DLGLexerBase::ReportError(std::string_view text) const {
-    WriteReport(SyntaxErrorText(m_line, text, {}));
+    WriteErrorText(SyntaxErrorText(m_line, text, {}));
 }
 
-} // namespace korvel
+} // namespace korvel::internal

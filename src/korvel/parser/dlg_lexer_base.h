@@ -7,7 +7,7 @@
 #include <span>
 #include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// What a scanner does where a token ends.
 enum class ScannerAction : std::uint8_t {
@@ -28,7 +28,7 @@ struct AcceptedToken {
     ScannerAction action = ScannerAction::Refuse;
 };
 
-/// The automaton of a scanner. All tables are lent for the life of the scanner.
+/// The automaton of a scanner. All tables must outlive the scanner.
 struct ScannerTables {
     static constexpr std::size_t ClassEntries = 257;
     static constexpr std::size_t RowSize = 16;
@@ -56,13 +56,14 @@ public:
     DLGLexerBase(const DLGLexerBase&) = delete;
     DLGLexerBase& operator=(const DLGLexerBase&) = delete;
 
-    /// Starts at the beginning of the input, which is lent while tokens are fetched.
+    /// Starts at the beginning of the input, which must stay while tokens are fetched.
     void SetInput(std::string_view input);
 
-    /// Lends the memory in which the text of a token is gathered; its size is the longest token.
+    /// Sets the memory in which the text of a token is gathered, which must outlive the scanner; its size is
+    /// the longest token.
     void SetTextBuffer(std::span<char> buffer) { m_textBuffer = buffer; }
 
-    /// Fills in the next token. Behind the end of the input every further token is EndOfInput.
+    /// Fills in the next token. After the end of the input every further token is EndOfInput.
     void NextToken(ANTLRAbstractToken* tokenToFill);
 
     int GetLine() const { return m_line; }
@@ -74,7 +75,7 @@ protected:
 private:
     void RequireInput() const;
     std::size_t RunAutomaton();
-    std::size_t StateBehind(std::size_t state) const;
+    std::size_t StateAfter(std::size_t state) const;
     void TakeInvalidText(std::size_t state);
     std::string_view GetText() const { return {m_textBuffer.data(), m_textLength}; }
 
@@ -86,4 +87,4 @@ private:
     int m_line = 1;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

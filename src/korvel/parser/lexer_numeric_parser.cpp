@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -96,4 +96,4 @@ constexpr std::array<AcceptedToken, StateCount> Accepted = {{
 
 CLexerNumericParser::CLexerNumericParser() : DLGLexerBase({Classes, Transitions, Accepted}) {}
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -8,7 +8,7 @@
 #include <sstream>
 #include <string>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -39,4 +39,4 @@ double DoubleOfText(NumberSign sign, std::string_view text) {
     return sign == NumberSign::Negative ? -value : value;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

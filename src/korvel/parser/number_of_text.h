@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
 enum class NumberSign { Positive, Negative };
 
@@ -15,4 +15,4 @@ int IntegerOfDigits(NumberSign sign, std::string_view digits);
 /// range of a double it is an infinity, too small for it zero.
 double DoubleOfText(NumberSign sign, std::string_view text);
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,13 +1,11 @@
 #include "korvel/parser/numeric_parser.h"
 
-#include "korvel/parser/lexer_numeric_parser.h"
 #include "korvel/parser/number_of_text.h"
 #include "korvel/parser/numeric_tokens.h"
-#include "korvel/platform/error.h"
 
 #include <array>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -35,47 +33,7 @@ constexpr std::array<TokenSet, NumericTokenCount> TokenSets = {
     0,                       // Newline
 };
 
-std::string WithPoint(std::string_view text, std::string_view decimalSeparator) {
-    std::string result;
-    result.reserve(text.size());
-    std::size_t begin = 0;
-    for (std::size_t found; (found = text.find(decimalSeparator, begin)) != std::string_view::npos;) {
-        result.append(text, begin, found - begin).append(".");
-        begin = found + decimalSeparator.size();
-    }
-    return result.append(text, begin);
-}
-
-// The panic of a cell: the parse ends, and neither the process nor the standard error stream hears of it.
-void EndParseSilently(const char*) {}
-
-// All that an evaluation needs lies on the stack, so that it takes no memory from the heap.
-double EvaluateWithPoint(std::string_view text) {
-    std::array<char, CLexerNumericParser::TextBufferSize> tokenText;
-    CLexerNumericParser scanner;
-    scanner.SetPanicHandler(EndParseSilently);
-    scanner.SetInput(text);
-    scanner.SetTextBuffer(tokenText);
-
-    constexpr std::size_t WindowBytes = ANTLRTokenBuffer::BytesFor(CNumericParser::TokenBufferSize);
-    alignas(ANTLRCommonToken) std::array<std::byte, WindowBytes> window;
-    std::pmr::monotonic_buffer_resource memory(window.data(), window.size());
-    ANTLRTokenBuffer tokens(scanner, CNumericParser::TokenBufferSize, EndParseSilently, memory);
-    CNumericParser parser(tokens);
-    parser.SetPanicHandler(EndParseSilently);
-    double value = 0;
-    if (parser.Parse(value) != CNumericParser::Status::Success)
-        throw Error("");
-    return value;
-}
-
 } // namespace
-
-double EvaluateExpression(std::string_view decimalSeparator, std::string_view text) {
-    if (decimalSeparator.empty() || decimalSeparator == ".")
-        return EvaluateWithPoint(text);
-    return EvaluateWithPoint(WithPoint(text, decimalSeparator));
-}
 
 CNumericParser::CNumericParser(ANTLRTokenBuffer& tokens) : ANTLRParser(tokens, {TokenNames, TokenSets}) {}
 
@@ -147,4 +105,4 @@ void CNumericParser::SignedNumber(Status& status, double& value) {
         status = Status::SyntaxError;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

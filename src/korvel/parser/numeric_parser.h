@@ -1,35 +1,10 @@
 #pragma once
 
-#include "korvel/output/number_format.h"
 #include "korvel/parser/antlr_parser.h"
-#include "korvel/platform/export.h"
 
-#include <string_view>
+namespace korvel::internal {
 
-namespace korvel {
-
-/// The value of an arithmetic expression, as typed into a numeric cell.
-///
-///     EvaluateExpression(",", "2*(3+4,5)")  -> 15
-///     EvaluateExpression(",", "1.234,5")    -> throws: thousands separators are not removed
-///
-/// The four operations with the usual precedence, from left to right, brackets, and one sign directly
-/// before a number: "2*-3" and "1--2" (3) are valid, "--1" and "-(1)" are not. Every occurrence of the
-/// decimal separator is read as a point; an empty separator changes nothing. See lexer_numeric_parser.h
-/// for the forms of a number. A run of digits with no point and no exponent is a 32-bit integer and stops
-/// at its bounds: "3000000000" gives 2147483647, "3000000000." does not. Division by zero gives an
-/// infinity or not-a-number, and a number beyond the range of a double an infinity.
-///
-/// Throws Error with an empty text for everything else: text behind a complete expression, more than
-/// 1,000 brackets open at once, a number longer than 2,000 bytes. Nothing is kept between two calls.
-KORVEL_API double EvaluateExpression(std::string_view decimalSeparator, std::string_view text);
-
-/// The same, as typed under a number format.
-inline double EvaluateExpression(const _numberfmtA& format, std::string_view text) {
-    return EvaluateExpression(format.DecimalSep, text);
-}
-
-/// Evaluates an expression while it is parsed; there is no tree.
+/// Evaluates an expression while it is parsed; there is no tree. `evaluate_expression.h` says what it accepts.
 class CNumericParser final : public ANTLRParser {
 public:
     /// How a rule ended. Every rule hands on what is not Success.
@@ -40,11 +15,11 @@ public:
 
     explicit CNumericParser(ANTLRTokenBuffer& tokens);
 
-    /// The whole input as one expression. The value is meaningful with Success only.
+    /// The whole input as one expression. The value is meaningful with `Success` only.
     Status Parse(double& value);
 
 protected:
-    /// Silent: the cell tells its user in its own words.
+    /// Silent: the cell has its own words for the user.
     void OnSyntaxError(const WantedTokens&) override {}
 
 private:
@@ -57,4 +32,4 @@ private:
     int m_depth = 0;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The tokens of an arithmetic expression; 0 and 1 are those of every grammar.
 enum NumericTokens : int {
@@ -17,4 +17,4 @@ enum NumericTokens : int {
     NumericTokenCount = 12
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,13 +1,11 @@
 #pragma once
 
-namespace korvel {
+namespace korvel::internal {
 
 /// Called in place of the default panic; the text has no prefix.
 using PanicHandler = void (*)(const char* text);
 
-/// Ends a parse from any depth: thrown behind a panic whose handler returned, caught by ANTLRParser::Run.
-///
-/// It does what a jump to a buffer in the parser would do, and destroys what lies on the way.
+/// Ends a parse from any depth: thrown after a panic whose handler returned, caught by ANTLRParser::Run.
 struct ParseEnded {};
 
 /// Base of what can panic: the scanner, the tokens and their buffer, the parser.
@@ -32,4 +30,4 @@ private:
     PanicHandler m_handler;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,8 +1,8 @@
-#include "korvel/parser/report.h"
+#include "korvel/parser/syntax_error_text.h"
 
 #include <cstdio>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -32,8 +32,8 @@ std::string SemanticErrorText(int line, std::string_view predicate) {
     return text.append(predicate).append("'\n");
 }
 
-void WriteReport(std::string_view report) {
-    std::fwrite(report.data(), 1, report.size(), stderr);
+void WriteErrorText(std::string_view text) {
+    std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

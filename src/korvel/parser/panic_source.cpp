@@ -1,9 +1,9 @@
-#include "korvel/parser/panic.h"
+#include "korvel/parser/panic_source.h"
 
 #include <cstdio>
 #include <cstdlib>
 
-namespace korvel {
+namespace korvel::internal {
 
 void PanicSource::Panic(const char* text) const {
     if (m_handler == nullptr) {
@@ -14,4 +14,4 @@ void PanicSource::Panic(const char* text) const {
     throw ParseEnded();
 }
 
-} // namespace korvel
+} // namespace korvel::internal
