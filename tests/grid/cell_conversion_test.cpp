@@ -74,7 +74,7 @@ TEST_F(CellConversions, DashesOfPathsLoseTheirEscapeInTheCell) {
 }
 
 TEST_F(CellConversions, AMemberIsRegisteredWithTheServiceOfItsTypeAlone) {
-    using S = FormatService;
+    using S = internal::FormatService;
     const std::pair<EDataTyps, S> rows[] = {
         {DT_Double, S::Number}, {DT_LengthFloat, S::Number},        {DT_AngleFloat, S::Angle},
         {DT_Date, S::Date},     {DT_RoadStationDouble, S::Station}, {DT_ManDaysDouble, S::ManDays},

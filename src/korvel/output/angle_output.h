@@ -30,7 +30,7 @@ public:
     double FromRadians(double radians) const;
     float FromRadians(float radians) const;
 
-    /// A unit read from a file may be any number: one that is none of the three converts nothing.
+    /// A unit read from a file may be any number: any other than the three converts nothing.
     std::uint32_t Unit() const { return m_unit; }
     void SetUnit(std::uint32_t unit) { m_unit = unit; }
 

@@ -8,7 +8,7 @@ namespace korvel::internal {
 /// of the numbers.
 enum class FormatService { None, Number, Angle, Date, Station, ManDays };
 
-/// Told of changed formats; the texts that a service made before are out of date then.
+/// Hears of changed formats: the texts that a service made before are out of date then.
 class FormatSink {
 public:
     virtual void OnFormatChanged(FormatService service) = 0;
@@ -23,7 +23,7 @@ protected:
 ///     NotificationOf(FormatService::Angle).AddSink(this);
 ///     SetAngleFormatDouble(format);   // calls this->OnFormatChanged(FormatService::Angle)
 ///
-/// Sinks are called in the order in which they came, on the thread of the windows. A sink may be added or
+/// Sinks are called in the order in which they were added, on the thread of the windows. A sink may be added or
 /// removed while others are called: a removed one is not called any more, an added one from the next change
 /// on.
 class FormatNotification {
@@ -36,7 +36,7 @@ public:
     void AddSink(FormatSink* sink);
     void RemoveSink(FormatSink* sink);
 
-    /// Calls every sink. What a sink throws passes through, and the sinks behind it are not called.
+    /// Calls every sink. What a sink throws passes through, and the sinks after it are not called.
     /// \throws Error with an empty text from within a call of this same notification: a change of format must
     /// not cause another
     void Fire();

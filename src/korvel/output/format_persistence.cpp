@@ -132,8 +132,8 @@ public:
         LoadDates(RequireChild(root, "DateFormat"));
     }
 
-    // Tells the listeners of every touched service, whatever some of them throw; the first failure is
-    // thrown on at the end.
+    // Calls the listeners of every touched service, whatever some of them throw; the first failure is
+    // thrown again at the end.
     void FireTouched(std::exception_ptr failure) {
         if (m_numbersTouched)
             Fire(CNumberOutput::Instance().Notification(), failure);

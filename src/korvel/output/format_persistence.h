@@ -17,22 +17,22 @@ namespace korvel {
 /// saved. Both belong to the thread of the windows.
 ///
 /// A separator of one carriage return does not survive: line ends change into each other in these files (see
-/// EscapeXmlText), and a line feed alone stands for an empty text.
+/// EscapeXmlText), and a line feed alone means an empty text.
 
 /// Replaces the file whole or not at all. \throws Error with the file's name and the reason; the old file
-/// stays as it is then
+/// is unchanged then
 KORVEL_API void SaveFormatStates(const char* path);
 
-/// Takes the formats of a file into the running services. Each service of which something was read tells its
-/// listeners once, at the end.
+/// Takes the formats of a file into the running services. Grids write the texts of each service of
+/// which something was read again, once, at the end.
 ///
 /// \throws Error for a file that cannot be read or is no XML, with its name, line, position and the reason;
 /// nothing changes then. \throws Error with the schema text when an element is missing or its text is no
-/// value; what was read before it stays in force, and the listeners are told all the same.
+/// value; what was read before it stays in force, and is shown.
 KORVEL_API void LoadFormatStates(const char* path);
 
-/// Puts every format that these files hold back to the regional settings, and angles to radians; the
-/// listeners of each service are told. For a host that starts anew behind a failed load.
+/// Puts every format that these files hold back to the regional settings, and angles to radians; grids write
+/// their texts again. For a host that starts anew after a failed load.
 KORVEL_API void ResetFormatStates();
 
 } // namespace korvel

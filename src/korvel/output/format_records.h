@@ -18,15 +18,15 @@ public:
 
     const NumberFormat& operator[](std::size_t record) const { return m_records[record].format; }
 
-    /// Stores a format and tells the listeners, unless nothing differs. It follows the regional settings from
+    /// Stores a format and calls the listeners, unless nothing differs. It follows the regional settings from
     /// now on exactly when it equals them. \throws std::invalid_argument when a separator is null or longer
     /// than three bytes; nothing changes then
     void Set(std::size_t record, const _numberfmtA& format);
 
-    /// Stores a format as it stands, its `System` included, and tells nobody.
+    /// Stores a format as it is, its `System` included, and calls no listener.
     void Replace(std::size_t record, const NumberFormat& format) { m_records[record].format = format; }
 
-    /// Takes the system format for each record that follows it, in the given order, telling the listeners
+    /// Takes the system format for each record that follows it, in the given order, calling the listeners
     /// each time. True when there was one.
     bool FollowSystem(std::initializer_list<std::size_t> order);
 

@@ -80,7 +80,7 @@ KORVEL_API void RemoveSinkAngle(IAngleFormatChanged* sink);
 KORVEL_API void AddSinkDate(IDateFormatChanged* sink);
 KORVEL_API void RemoveSinkDate(IDateFormatChanged* sink);
 
-// Do nothing and answer true.
+// Do nothing and return true.
 KORVEL_API bool UpdateNumber(IObserverGrid* grid);
 KORVEL_API bool UpdateAngle(IObserverGrid* grid);
 KORVEL_API bool UpdateDate(IObserverGrid* grid);

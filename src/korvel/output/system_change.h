@@ -6,7 +6,8 @@ namespace korvel {
 
 class IObserverGrid;
 
-/// Reacts to a change of the regional settings.
+/// Reacts to a change of the regional settings; the services of the library do, and a host may. Called on the
+/// thread of the windows.
 class KORVEL_API ISystemChangedObserver {
 public:
     virtual ~ISystemChangedObserver() = default;
@@ -14,7 +15,8 @@ public:
     /// The regional settings have been read again; true when something of the observer changed.
     virtual bool OnSystemChanged() = 0;
 
-    /// Follows an `OnSystemChanged` that answered true.
+    /// Called after an `OnSystemChanged` that returned true; `grid` is what the host passed to
+    /// `Fire_OnSystemChanged`. The result means nothing.
     virtual bool Update(IObserverGrid* grid) = 0;
 };
 
@@ -23,7 +25,7 @@ public:
 KORVEL_API void AddSystemChangedSink(ISystemChangedObserver* observer);
 KORVEL_API void RemoveSystemChangedSink(ISystemChangedObserver* observer);
 
-/// To be called by the host when the user has changed the regional settings: reads them again, then tells
+/// To be called by the host when the user has changed the regional settings: reads them again, then calls
 /// every observer but `origin` (may be null), and lets those that changed update themselves with `grid` (may
 /// be null). Observers may come and go meanwhile. \throws Error when the settings cannot be read; nothing has
 /// changed then

@@ -8,7 +8,7 @@ namespace {
 
 struct SystemSnapshot {
     SystemSnapshot() {
-        // What stands while a separator of the settings is too long for a record.
+        // In force while a separator of the settings is too long for a record.
         floatFormat.SetDecimalSep(".");
         Read();
     }

@@ -26,7 +26,7 @@ std::string WithPoint(std::string_view text, std::string_view decimalSeparator) 
 // The panic of a cell: the parse ends, and nothing else happens.
 void EndParseSilently(const char*) {}
 
-// All that an evaluation needs lies on the stack, so that it takes no memory from the heap.
+// All that an evaluation needs is on the stack, so that it takes no memory from the heap.
 double EvaluateWithPoint(std::string_view text) {
     std::array<char, internal::CLexerNumericParser::TextBufferSize> tokenText;
     internal::CLexerNumericParser scanner;

@@ -17,7 +17,7 @@ constexpr double FirstDay = -657434; // 1 January of the first year
 constexpr double EndDay = 2958466;   // after 31 December of the last year
 constexpr int SecondsPerDay = 86400;
 
-// 31 December 3000, 23:59:59 UTC: where the platform's C runtime ends.
+// 31 December 3000, 23:59:59 UTC: the last second that hosts expect to have a local time.
 constexpr std::int64_t LastEpochSecond = 32535215999;
 
 bool InYears(const year_month_day& date) {

@@ -24,8 +24,9 @@ struct CalendarFields {
 /// Date doubles: days since 30 December 1899, with the time as the fraction.
 ///
 ///     FieldsFromDate(44000.75)  -> 18 June 2020, 18:00:00, Thursday, day 170
-///     FieldsFromDate(-1.25)     -> 29 December 1899, 06:00:00: the fraction always counts forward from
-///     midnight
+///     FieldsFromDate(-1.25)     -> 29 December 1899, 06:00:00
+///
+/// The fraction always counts forward from midnight.
 ///
 /// Rounded to the nearest second. Valid are the years 100 to 9999; nothing for any other date, for
 /// infinities, for not-a-number, and in the last half second of the year 9999.

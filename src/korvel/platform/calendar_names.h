@@ -5,7 +5,7 @@
 
 namespace korvel::platform {
 
-/// The names of one locale, in the form in which they stand alone ("marzec", not "marca").
+/// The names of one locale, in the form that is used alone ("marzec", not "marca").
 struct CalendarNames {
     std::array<std::string, 12> months; ///< January first
     std::array<std::string, 12> shortMonths;

@@ -9,9 +9,9 @@
 namespace korvel::platform {
 namespace {
 
-// The characters of 80 to 9F; every other byte stands for the character of its own number. Source: the
-// Unicode Consortium's mapping table CP1252.TXT, with the platform's best fit for the five bytes that it
-// leaves undefined.
+// The characters of 80 to 9F; every other byte is the character of its own number. Source: the
+// Unicode Consortium's mapping table CP1252.TXT, with its best fit for the five bytes that it leaves
+// undefined.
 constexpr std::array<char16_t, 32> UpperControls{
     0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,

@@ -8,16 +8,15 @@
 
 namespace korvel::platform {
 
-/// Code page 1252, in which every text inside the library stands, to and from Unicode, which begins at the
-/// edges (display, files, host).
+/// Code page 1252, which all text inside the library is in, to and from Unicode, which begins at the edges
+/// (display, files, host).
 ///
 ///     ToUtf8("12 m\xB2")            -> "12 m²"
 ///     FromUtf8("12 m²")             -> {"12 m\xB2", exact}
 ///     FromUtf8("Łódź")              -> {"?\xF3d?", not exact}
 ///
-/// Every byte has a character: 81, 8D, 8F, 90 and 9D, to which the page gives no letter, stand for the
-/// control characters of the same number, as the platform has it. So bytes -> UTF-8 -> bytes never changes a
-/// text.
+/// Every byte has a character: 81, 8D, 8F, 90 and 9D, to which the page gives no letter, are the control
+/// characters of the same number. So bytes -> UTF-8 -> bytes never changes a text.
 
 /// What became of a Unicode text.
 struct ConvertedText {

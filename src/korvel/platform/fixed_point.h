@@ -19,7 +19,7 @@ struct FixedPoint {
     /// from two to the power of 64 on.
     static std::optional<FixedPoint> Of(double value, int decimals);
 
-    /// Drops decimals, rounding half away from zero what stands there.
+    /// Drops decimals, rounding the digits half away from zero.
     void RoundTo(int fewerDecimals);
 
     bool IsZero() const { return integer == 0 && fraction == 0; }

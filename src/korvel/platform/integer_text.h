@@ -4,8 +4,8 @@
 
 namespace korvel::internal {
 
-/// The number at the beginning of a text, as the platform's `atoi` reads it: blanks, a sign, digits; what
-/// follows is not looked at. Stops at the 32-bit bounds.
+/// The number at the beginning of a text, as `atoi` reads it: blanks, a sign, digits; what
+/// follows is ignored. Stops at the 32-bit bounds.
 ///
 ///     ReadInteger("3;2;0")       -> 3
 ///     ReadInteger(" -12 m")      -> -12

@@ -43,7 +43,7 @@ std::optional<std::string> ReadOverride(const char* name) {
     return value.bytes.substr(0, value.bytes.find('\0'));
 }
 
-// The locale that this program was told to use instead of the user's.
+// The locale that this program uses instead of the user's.
 class ChosenLocale {
 public:
     static ChosenLocale& Instance() {

@@ -30,8 +30,8 @@ struct RegionalSettings {
     int leadingZero = 1;            ///< 0: ".5", 1: "0.5"
     int negativeOrder = 1;          ///< 0 "(1,1)", 1 "-1,1", 2 "- 1,1", 3 "1,1-", 4 "1,1 -"
 
-    /// Pictures of the platform: d, dd, ddd, dddd, M to MMMM, y, yy, yyyy; h, hh, H, HH, m, mm, s, ss, tt;
-    /// other text stands between apostrophes where it holds letters.
+    /// Pictures: d, dd, ddd, dddd, M to MMMM, y, yy, yyyy; h, hh, H, HH, m, mm, s, ss, tt; other text is
+    /// between apostrophes where it holds letters.
     std::string longDatePicture;
     std::string shortDatePicture;
     std::string timePicture;
@@ -41,7 +41,7 @@ struct RegionalSettings {
 };
 
 /// Reads everything afresh, which takes about a millisecond: keep what it gives, read again after a change.
-/// Throws Error when the user's settings store cannot be read.
+/// May be called from any thread. \throws Error when the user's settings store cannot be read
 KORVEL_API RegionalSettings ReadRegionalSettings();
 
 /// Takes this locale, written "de-DE" or "de_DE.UTF-8", instead of the user's for the rest of the process; an

@@ -37,7 +37,7 @@ public:
 
     int Number() const { return m_number; }
     bool IsOpen() const { return m_number >= 0; }
-    // Tells of a failure that the system reports only now.
+    // False for a failure that the system reports only now.
     bool Close() { return ::close(std::exchange(m_number, -1)) == 0; }
 
 private:
@@ -56,7 +56,7 @@ bool WriteAll(int file, std::string_view content) {
     return true;
 }
 
-// The file that is to be replaced, behind links.
+// The file that is to be replaced, after following links.
 std::filesystem::path TargetOf(const std::string& path) {
     std::error_code ignored;
     const std::filesystem::path target = std::filesystem::canonical(path, ignored);
@@ -93,7 +93,7 @@ bool Flush(const Descriptor& folder) {
     return ::fsync(folder.Number()) == 0 || errno == EINVAL;
 }
 
-// The state of the file that is to be replaced; refuses what is no file, and one that may not be written.
+// The state of the file that is to be replaced; throws for what is no file, and for one that may not be written.
 // False when there is none.
 bool Inspect(const std::filesystem::path& target, struct stat& state, const std::string& path) {
     if (::stat(target.c_str(), &state) != 0)

@@ -21,7 +21,7 @@ using internal::StoreStatement;
 
 constexpr const char* StoreFile = "settings.sqlite";
 
-// The files that this process was told to use instead of the usual ones.
+// The files that this process uses instead of the usual ones.
 class ChosenFiles {
 public:
     static ChosenFiles& Instance() {
@@ -106,7 +106,7 @@ bool MayWrite(const std::filesystem::path& place) {
     return faccessat(AT_FDCWD, place.c_str(), W_OK, AT_EACCESS) == 0;
 }
 
-// Changing the file takes the right to write to its folder too, where the journal stands meanwhile.
+// Changing the file takes the right to write to its folder too, where the journal is meanwhile.
 bool MayWriteStore(const std::filesystem::path& file) {
     std::error_code error;
     if (std::filesystem::exists(file, error) && !MayWrite(file))

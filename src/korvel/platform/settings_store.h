@@ -12,10 +12,11 @@ namespace korvel::platform {
 
 /// Settings that outlive the program: typed values with names, in keys that form a tree.
 ///
-///     CreateKey(SettingsRoot::User, "SOFTWARE\\Halmond\\Korvel");
-///     WriteSetting(SettingsRoot::User, "SOFTWARE\\Halmond\\Korvel", "Language",
-///     SettingValue::Text("English")); SettingValue value; ReadSetting(SettingsRoot::User,
-///     "software\\halmond\\KORVEL", "language", value)  -> Done, "English"
+///     const char* key = "SOFTWARE\\Halmond\\Korvel";
+///     CreateKey(SettingsRoot::User, key);
+///     WriteSetting(SettingsRoot::User, key, "Language", SettingValue::Text("English"));
+///     SettingValue value;
+///     ReadSetting(SettingsRoot::User, "software\\halmond\\KORVEL", "language", value)  -> Done, "English"
 ///
 /// A key is named by its path from the root, parts separated by backslashes; a backslash too many means
 /// nothing, and the empty path is the root, which always exists. Case never matters, in keys and in names of
@@ -24,7 +25,7 @@ namespace korvel::platform {
 /// Several programs may use a store at the same time, and one may be killed at any moment: every operation
 /// happens whole or not at all. Reading creates nothing. All functions may be called from any thread.
 ///
-/// What can be met in daily use is told by SettingsStatus. Error is thrown, with the name of the file, when a
+/// SettingsStatus says what can happen in daily use. Error is thrown, with the name of the file, when a
 /// file is damaged, is no settings store, stays locked for five seconds, or cannot be written for lack of
 /// space; the file stays as it is.
 enum class SettingsRoot { User, Machine };
@@ -33,7 +34,7 @@ enum class SettingsStatus { Done, KeyMissing, ValueMissing, AccessDenied };
 
 enum class SettingsAccess { Read, Write };
 
-/// The numbers of the platform's registry.
+/// The numbers are those that a registry uses for these types.
 enum class SettingType { Text = 1, Binary = 3, Number = 4 };
 
 struct SettingValue {
@@ -56,7 +57,7 @@ KORVEL_API SettingsStatus CheckKey(SettingsRoot root, std::string_view path, Set
 /// Creates the key and those above it, so far as they are missing: Done or AccessDenied.
 KORVEL_API SettingsStatus CreateKey(SettingsRoot root, std::string_view path);
 
-/// `value` is left alone unless the answer is Done.
+/// `value` is unchanged unless the result is Done.
 KORVEL_API SettingsStatus ReadSetting(SettingsRoot root, std::string_view path, std::string_view name,
                                       SettingValue& value);
 

@@ -55,7 +55,7 @@ public:
     void Begin();
     void Commit();
 
-    /// Throws unless the answer of SQLite is a success.
+    /// Throws unless the result of a call of SQLite is a success.
     void Check(int answer) const;
     sqlite3* Handle() const { return m_handle.get(); }
 

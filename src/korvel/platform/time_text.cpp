@@ -14,7 +14,7 @@ using platform::CalendarNames;
 using platform::RegionalSettings;
 using Fields = CalendarFields;
 
-// The buffer that the text stands in has 256 bytes, one of them for the zero at its end.
+// Texts end where a buffer of 256 bytes with a final zero would.
 constexpr std::size_t LongestText = 255;
 
 // What `#` asks for.
@@ -46,7 +46,7 @@ int WeekOfYear(const CalendarFields& fields, int daysSinceWeekBegan) {
     return (fields.dayOfYear + 6 - daysSinceWeekBegan) / 7;
 }
 
-// Seconds east of UTC in winter: the fields do not tell summer time.
+// Seconds east of UTC in winter: the fields do not say whether it is summer time.
 std::string ZoneOffset() {
     tzset();
     const long minutes = -timezone / 60;
@@ -116,7 +116,7 @@ const std::string& HalfOfDay(const Fields& f, const CalendarNames& n) {
 constexpr std::array<NameSpecifier, 6> NameSpecifiers{
     {{'a', ShortDay}, {'A', Day}, {'b', ShortMonth}, {'B', Month}, {'h', ShortMonth}, {'p', HalfOfDay}}};
 
-// Specifiers that stand for others. `#` reaches each of these.
+// Specifiers that are short for others; `#` applies to each of these.
 struct CompoundSpecifier {
     char letter;
     std::string_view format;
@@ -153,7 +153,7 @@ const auto* Find(const Table& table, char letter) {
     return found == table.end() ? nullptr : found;
 }
 
-// A picture of the platform in the notation of strftime.
+// A picture of the regional settings in strftime notation.
 std::string FormatOfPicture(std::string_view picture) {
     std::string format;
     bool quoted = false;
@@ -249,7 +249,7 @@ bool TimeWriter::WriteSpecifier(char letter, Form form) {
 }
 
 void TimeWriter::WriteNumber(const NumberSpecifier& specifier, Form form) {
-    constexpr std::string_view AlwaysPadded = "gG"; // the platform ignores `#` here
+    constexpr std::string_view AlwaysPadded = "gG"; // `#` is ignored here
     const std::string digits = std::to_string(specifier.value(m_fields));
     const bool padded = form == Form::Usual || AlwaysPadded.find(specifier.letter) != std::string_view::npos;
     if (padded && digits.size() < specifier.width)

@@ -8,11 +8,11 @@
 
 namespace korvel::internal {
 
-/// A date or time as text, after a format in the platform's strftime notation.
+/// A date or time as text, after a format in strftime notation.
 ///
 ///     TimeText("%A, %#d. %B %Y", *FieldsFromDate(44000.0), german)  -> "Donnerstag, 18. Juni 2020"
 ///
-/// Names, and the pictures behind %c, %x and %X, are those of the settings. `#` after the percent sign drops
+/// Names, and the pictures of %c, %x and %X, are those of the settings. `#` after the percent sign drops
 /// leading zeros from a number (%#d: 9), and asks for the long date in %#c and %#x.
 ///
 /// The empty text when the format has an unknown specifier or ends within one, when a field is out of its

@@ -15,7 +15,7 @@ namespace korvel::platform {
 KORVEL_API void AppendUtf8(std::string& utf8, char32_t character);
 
 /// Takes one character from the front of a text that is not empty, or the longest piece that could have begun
-/// one: then nothing is answered.
+/// one: then it returns nothing.
 KORVEL_API std::optional<char32_t> TakeUtf8(std::string_view& utf8);
 
 /// True for the bytes of a character but the first.

@@ -4,21 +4,25 @@
 
 namespace korvel {
 
-/// How a drop-down list reaches the window that hosts it.
+/// How a drop-down list and its text field reach the control that they belong to. They do not own it, and it
+/// must outlive them. Called on the thread of the windows.
 class KORVEL_API IComboBoxParent {
 public:
     virtual ~IComboBoxParent() = default;
 
+    /// 0 while the list is closed.
     virtual const int& GetDroppedState() const = 0;
+
+    /// Opens the list, or closes it with 0.
     virtual void SetDroppedState(int state) = 0;
 
-    /// An arrow key that the list passes on; `down` is false for the upward one.
+    /// The user has pressed an arrow key in the text field: the downward one if `down`, else the upward one.
     virtual void OnArrowKey(bool down) = 0;
 
-    /// The user has confirmed a selection: tell the owner's parent, then end the edit.
+    /// The user has confirmed a selection: notify the owner's parent, then end the edit.
     virtual void OnOK() = 0;
 
-    /// The user has given up the selection: tell the owner's parent, then end the edit.
+    /// The user has given up the selection: notify the owner's parent, then end the edit.
     virtual void OnCancel() = 0;
 };
 

@@ -11,14 +11,15 @@ class KORVEL_API IKorvelCommonEntityFunction {
 public:
     virtual ~IKorvelCommonEntityFunction() = default;
 
-    /// True when the hook has taken the text; the cell is then not written.
+    /// The user has confirmed a text, in code page 1252. True when the hook has used it; the cell is then not
+    /// written. Called on the thread of the windows.
     virtual bool OnText(const char* text) = 0;
 };
 
 } // namespace KorvelCommonEntityFunction
 
-/// Sets the hook of the process; null switches it off. Not owned: the host replaces it before it dies. To be
-/// called on the thread of the windows.
+/// Sets the hook of the process; null switches it off. Not owned: the host replaces it before deleting it. To
+/// be called on the thread of the windows.
 KORVEL_API void
 KV_SetKorvelCommonEntityFunction(KorvelCommonEntityFunction::IKorvelCommonEntityFunction* function);
 

@@ -7,7 +7,8 @@
 namespace korvel {
 
 /// Optional: what a nested object shows in the value cells of its group row. Found by `dynamic_cast` on what
-/// `IMemberDispatch::m_pEnumValue` points at, so it is derived from beside `IEnumValue`.
+/// `IMemberDispatch::m_pEnumValue` points at, so a class derives from it and from `IEnumValue`. The library calls
+/// it on the thread of the windows; an operation may do anything but delete the grid.
 class KORVEL_API GroupPresentation {
 public:
     virtual ~GroupPresentation() = default;

@@ -14,8 +14,8 @@ class KORVEL_API IDestroyValue {
 public:
     virtual ~IDestroyValue() = default;
 
-    /// True: who clears the value deletes this object. False: someone else owns it, and it outlives the
-    /// value.
+    /// True: whoever clears the value deletes this object. False: someone else owns it, and it must outlive
+    /// the value.
     virtual bool IsAutoDestroy() const = 0;
 };
 
@@ -49,12 +49,19 @@ enum DispatchOptions : std::uint32_t {
     DO_KeepOrder = 1, ///< members are shown in the object's own order; else sorted by name
 };
 
-/// Receiver of the per-member flags and commands of an object; optional, set as its `m_pCommandSink`.
+/// The flags and commands of an object's members, implemented by the host; optional, set as the object's
+/// `m_pCommandSink`, which it must outlive. The operations of the same names of `IMemberDispatch` forward to it.
 class KORVEL_API IMemberCommandSink {
 public:
     virtual ~IMemberCommandSink() = default;
+
+    /// Bits of `MemberFlags`.
     virtual std::uint32_t GetMemberFlags(const std::string& name) = 0;
+
+    /// Runs a command; with `id` 0, a click on a member that is a push button. True when it did.
     virtual bool OnMemberCommand(const std::string& name, std::uint32_t id) = 0;
+
+    /// Append the commands of a member, the further ones in the second list.
     virtual void GetMemberCommands(const std::string& name, std::list<SCommand>& commands) = 0;
     virtual void GetMemberExtraCommands(const std::string& name, std::list<SCommand>& commands) = 0;
 };
@@ -67,7 +74,7 @@ public:
 ///     axis.AddMember("length", true, length);
 ///     grid.Initialize(&axis, "Name", "Value", 0);
 ///
-/// Names are compared exactly, byte by byte. An operation answers false when there is no such member; it then
+/// Names are compared exactly, byte by byte. An operation returns false when there is no such member; it then
 /// changes nothing and leaves its output as it was. All operations are called on the thread of the grid's
 /// window. The order of the operations is fixed: hosts that were built apart agree on it.
 class KORVEL_API IMemberDispatch : public IDestroyValue {
@@ -80,18 +87,22 @@ public:
     /// Clears `names`, then appends every member name in member order.
     virtual void GetMemberNames(std::list<std::string>& names) = 0;
 
+    /// The type of the current value.
     virtual bool GetMemberType(const std::string& name, EDataTyps& type) = 0;
 
     /// False, also for an absent member, is shown to the user as write protected.
     virtual bool IsMemberEditable(const std::string& name) = 0;
+
+    /// Protects a member from the user, or allows edits.
     virtual bool SetMemberEditable(const std::string& name, const bool& editable) = 0;
 
     /// Copies the current value out.
     virtual bool GetMember(const std::string& name, CVariantValue& value) = 0;
 
-    /// False also for a value of an incompatible type.
+    /// Stores a value. False also for a value of an incompatible type.
     virtual bool SetMember(const std::string& name, const CVariantValue& value) = 0;
 
+    /// Bits of `DispatchOptions`.
     virtual std::uint32_t GetOptions() const { return m_Options; }
     virtual void SetOptions(std::uint32_t options) { m_Options = options; }
 
@@ -102,13 +113,17 @@ public:
     virtual std::uint32_t GetEditFlags() const { return m_EditFlags; }
     virtual void SetEditFlags(std::uint32_t flags) { m_EditFlags = flags; }
 
+    /// Adds a member at the end. False, and nothing changed, when the object refuses.
     virtual bool AddMember(const std::string& name, bool editable, const CVariantValue& value) = 0;
     virtual bool RemoveMember(const std::string& name) = 0;
+
+    /// False also when a member called `newName` exists.
     virtual bool RenameMember(const std::string& name, const std::string& newName) = 0;
 
     /// Converts the stored value to `type`; what the conversion throws passes through, and the value stays.
     virtual bool ChangeMemberType(const std::string& name, const EDataTyps& type) = 0;
 
+    /// Changes the object's own name.
     virtual void SetIdent(const std::string& ident) = 0;
 
     /// The text to show for a member's name.
@@ -130,18 +145,22 @@ public:
     /// Runs a command of the member's lists; with `id` 0, a click on a member that is a push button.
     virtual bool OnMemberCommand(const std::string& name, std::uint32_t id);
 
-    /// Append the object's commands to `commands`, the further ones in the second list.
+    /// Appends the object's commands.
     virtual void GetCommands(std::list<SCommand>& commands);
+
+    /// Appends the member's commands.
     virtual void GetMemberCommands(const std::string& name, std::list<SCommand>& commands);
+
+    /// Appends further commands of the object, shown in a popup menu of their own.
     virtual void GetExtraCommands(std::list<SCommand>& commands);
 
-    /// Further commands of the member, shown in a popup menu of their own.
+    /// Appends further commands of the member, shown in a popup menu of their own.
     virtual void GetMemberExtraCommands(const std::string& name, std::list<SCommand>& commands);
 
     std::uint32_t m_EditFlags = 0;
     std::uint32_t m_Options = 0;
 
-    /// The enumeration that this object is a value of, or null. Not owned. It may be an `GroupPresentation`
+    /// The enumeration that this object is a value of, or null. Not owned. It may be a `GroupPresentation`
     /// as well; the grid then shows its text in the group's row.
     IEnumValue* m_pEnumValue = nullptr;
 

@@ -11,7 +11,8 @@ namespace korvel {
 ///     WriteRegistry(RegistryRoot::CurrentUser, "SOFTWARE\\Halmond\\Korvel", "", "Language", "English");
 ///     ReadRegistry(RegistryRoot::CurrentUser, "SOFTWARE\\Halmond\\Korvel", "", "Language");   // "English"
 ///
-/// The texts of the failures are German in every language; hosts know them so.
+/// The texts of the failures are German in every language; kept, because hosts look for them. May be called
+/// from any thread.
 enum class RegistryRoot { CurrentUser, LocalMachine };
 
 /// Where the application keeps its settings, below both roots.

@@ -23,7 +23,7 @@ union ValuePayload {
     double Double = 0.0;
     float Float;
     std::int32_t Int;   ///< also of `DT_Long`
-    std::uint32_t UInt; ///< also the colour words
+    std::uint32_t UInt; ///< also the color words
     unsigned char Bool; ///< 0 is false, anything else true
     IMemberDispatch* Dispatch;
 };
@@ -46,7 +46,7 @@ public:
     /// What the formatters throw passes through.
     std::string ToText(TextForm form = TextForm::UserFacing) const;
 
-    /// As `ToText`, behind what `out` holds already. When it throws, `out` may hold a part of the text.
+    /// As `ToText`, after what `out` holds already. When it throws, `out` may hold a part of the text.
     void AppendText(std::string& out, TextForm form = TextForm::UserFacing) const;
 
     /// The value as another numeric type; the source stays as it is. A plain number becomes an angle from the
@@ -57,15 +57,14 @@ public:
 
     /// Readings of the number, an angle in the user's angle unit. Fractions are cut off toward zero; what
     /// does not fit, and not-a-number, gives -2147483648 for the signed ones. \throws invalid_operation when
-    /// the type is not numeric: bool, text, colour, group, list, date, file, void
+    /// the type is not numeric: bool, text, color, group, list, date, file, void
     explicit operator int() const;
     explicit operator long() const; ///< holds 32 bits
     explicit operator float() const;
     explicit operator double() const;
 
     /// Cut to signed 64 bits, of which the low 32 are kept: -1.5 reads as 4294967295. Beyond 64 bits, and for
-    /// not-a-number, 0. The text of its exception names `operator double`; callers know it so, and it is
-    /// kept.
+    /// not-a-number, 0. The text of its exception names `operator double`; kept, because callers look for it.
     explicit operator unsigned int() const;
 
     /// Equal type, handles and payload. Groups are equal whatever object they hold, lists when their texts
@@ -78,9 +77,12 @@ public:
     /// lists.
     std::string Text;
 
-    IEnumValue* EnumValue = nullptr; ///< the enumeration behind a list type
-    IFileValue* EnumContext =
-        nullptr; ///< the chooser behind a file name; carried and compared with every type
+    /// The enumeration of a list type; not owned, see `IDestroyValue`.
+    IEnumValue* EnumValue = nullptr;
+
+    /// The chooser of a file name; carried and compared with every type.
+    IFileValue* EnumContext = nullptr;
+
     ValuePayload Value;
 };
 
