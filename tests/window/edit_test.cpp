@@ -72,12 +72,46 @@ TEST_F(EditTest, TypingReplacesTheSelectionAndCountsItAsRoom) {
     Type("XYZ");
     EXPECT_EQ(edit.GetWindowTextA(), "aXYd");
     EXPECT_EQ(Selection(), std::pair(3, 3));
-    EXPECT_EQ(parent.Take(), (Codes{EN_UPDATE, EN_CHANGE, EN_UPDATE, EN_CHANGE})); // Z found no room
     EXPECT_TRUE(edit.GetModify());
-    edit.ReplaceSel("beyond"); // a program is not limited
-    EXPECT_EQ(edit.GetWindowTextA(), "aXYbeyondd");
     edit.SetWindowTextA("");
     EXPECT_FALSE(edit.GetModify());
+}
+
+TEST_F(EditTest, WhatFindsNoRoomIsToldFirstAndNothingForNothingIsSilent) {
+    const auto replace = [this](const char* text) { return [=, this] { edit.ReplaceSel(text); }; };
+    const auto type = [this](const char* text) { return [=, this] { Type(text); }; };
+    const auto paste = [this] { edit.SendMessageA(WM_PASTE); };
+    display.SetClipboardText("12345");
+    for (const auto& [border, style, end, act, text, codes] :
+         Table<UINT, int, std::function<void()>, const char*, Codes>{
+             {"typed in a full field", 0, 1, type("x"), "abcd", {EN_MAXTEXT}},
+             {"the last place", 0, 2, type("x"), "axcd", {EN_UPDATE, EN_CHANGE}},
+             {"replaced by what fits", 0, 3, replace("123"), "a12d", {EN_MAXTEXT, EN_UPDATE, EN_CHANGE}},
+             {"pasted as far as it fits", 0, 4, paste, "a123", {EN_MAXTEXT, EN_UPDATE, EN_CHANGE}},
+             {"no room for a replacement", 0, 1, replace("x"), "abcd", {EN_MAXTEXT}},
+             {"dropped, not limited", ES_NUMBER, 1, type("x"), "abcd", {}},
+             {"read-only takes a replacement", ES_READONLY, 2, replace("x"), "axcd", {EN_UPDATE, EN_CHANGE}},
+             {"nothing for nothing", 0, 1, replace(""), "abcd", {}},
+             {"nothing for something", 0, 3, replace(""), "ad", {EN_UPDATE, EN_CHANGE}},
+             {"nothing to clear", 0, 1, [this] { edit.SendMessageA(WM_CLEAR); }, "abcd", {}}}) {
+        SCOPED_TRACE(border);
+        MakeEdit(style, "abcd");
+        edit.LimitText(4);
+        edit.SetSel(1, end);
+        act();
+        EXPECT_EQ(edit.GetWindowTextA(), text);
+        EXPECT_EQ(parent.Take(), codes);
+        EXPECT_EQ(edit.GetModify(), edit.GetWindowTextA() != "abcd");
+    }
+}
+
+TEST_F(EditTest, TheLimitOfANewFieldIsThePlatforms) {
+    MakeEdit();
+    EXPECT_EQ(edit.SendMessageA(EM_GETLIMITTEXT), 30000);
+    edit.LimitText(0);
+    EXPECT_EQ(edit.SendMessageA(EM_GETLIMITTEXT), 0x7FFFFFFE);
+    edit.ReplaceSel(CString(30001, 'x'));
+    EXPECT_EQ(edit.GetWindowTextA().size(), 30001u);
 }
 
 TEST_F(EditTest, KeysMoveTheCaretAndExtendTheSelection) {
@@ -136,7 +170,9 @@ TEST_F(EditTest, TheClipboardIsTheDisplays) {
 TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {
     MakeEdit(0, "");
     Type("abc");
+    parent.Take();
     edit.SendMessageA(EM_UNDO);
+    EXPECT_EQ(parent.Take(), (Codes{EN_UPDATE, EN_CHANGE, EN_CHANGE}));
     EXPECT_EQ(edit.GetWindowTextA(), "");
     Press('Z', {VK_CONTROL});
     EXPECT_EQ(edit.GetWindowTextA(), "abc");

@@ -206,6 +206,7 @@ inline constexpr UINT EN_SETFOCUS = 0x0100;
 inline constexpr UINT EN_KILLFOCUS = 0x0200;
 inline constexpr UINT EN_CHANGE = 0x0300;
 inline constexpr UINT EN_UPDATE = 0x0400;
+inline constexpr UINT EN_MAXTEXT = 0x0501;
 
 // Button.
 inline constexpr UINT BS_PUSHBUTTON = 0x0;
@@ -254,6 +255,7 @@ inline constexpr UINT LVS_NOCOLUMNHEADER = 0x4000;
 inline constexpr UINT LVS_EX_GRIDLINES = 0x0001;
 inline constexpr UINT LVS_EX_CHECKBOXES = 0x0004;
 inline constexpr UINT LVS_EX_FULLROWSELECT = 0x0020;
+inline constexpr UINT LVIF_TEXT = 0x0001;
 inline constexpr UINT LVIF_STATE = 0x0008;
 inline constexpr UINT LVIS_FOCUSED = 0x0001;
 inline constexpr UINT LVIS_SELECTED = 0x0002;
@@ -288,6 +290,7 @@ inline constexpr UINT NM_SETFOCUS = static_cast<UINT>(-7);
 inline constexpr UINT NM_KILLFOCUS = static_cast<UINT>(-8);
 inline constexpr UINT LVN_ITEMCHANGING = static_cast<UINT>(-100);
 inline constexpr UINT LVN_ITEMCHANGED = static_cast<UINT>(-101);
+inline constexpr UINT LVN_INSERTITEM = static_cast<UINT>(-102);
 inline constexpr UINT LVN_DELETEITEM = static_cast<UINT>(-103);
 inline constexpr UINT LVN_DELETEALLITEMS = static_cast<UINT>(-104);
 inline constexpr UINT LVN_BEGINLABELEDIT = static_cast<UINT>(-105);
@@ -297,6 +300,7 @@ inline constexpr UINT LVN_BEGINDRAG = static_cast<UINT>(-109);
 inline constexpr UINT LVN_KEYDOWN = static_cast<UINT>(-155);
 
 // Header control.
+inline constexpr UINT HDM_GETITEMCOUNT = 0x1200;
 inline constexpr UINT HDN_ITEMCHANGED = static_cast<UINT>(-301);
 inline constexpr UINT HDN_BEGINTRACK = static_cast<UINT>(-306);
 inline constexpr UINT HDN_ENDTRACK = static_cast<UINT>(-307);

@@ -12,8 +12,11 @@ public:
     bool Create(UINT style, const CRect& rect, CWnd* parent, int id);
     void SetSel(int start, int end); // (0, -1) selects all
     void GetSel(int& start, int& end) const;
+    /// EN_MAXTEXT comes first when the limit leaves no room for all of `text`. Nothing in place of nothing is no
+    /// change.
     void ReplaceSel(const CString& text);
-    void LimitText(int characters); // 0: no limit
+    /// What typing and ReplaceSel may fill; 30000 at first, 0 for 2147483646. SetWindowTextA does not mind it.
+    void LimitText(int characters);
     void SetReadOnly(bool readOnly);
     bool GetModify() const;
     void SetModify(bool modified);

@@ -1,6 +1,7 @@
 #include "korvel/window/controls/control_procedures.h"
 #include "korvel/window/controls/edit_keyboard.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace korvel::internal {
@@ -14,6 +15,11 @@ LRESULT GetSelection(const EditState& edit, WPARAM wParam, LPARAM lParam) {
     if (lParam)
         *reinterpret_cast<int*>(lParam) = selection.end;
     return MAKELPARAM(selection.start, selection.end);
+}
+
+void SetLimit(EditState& edit, WPARAM limit) {
+    edit.limit = limit == 0 ? NoTextLimit : static_cast<int>(std::min<WPARAM>(limit, NoTextLimit));
+    TellDisplay(edit.record, Aspect::State);
 }
 
 void SetReadOnly(EditState& edit, bool readOnly) {
@@ -36,9 +42,7 @@ std::optional<LRESULT> HandleEditMessage(EditState& edit, UINT message, WPARAM w
         edit.isModified = wParam != 0;
         return 0;
     case EM_LIMITTEXT:
-        edit.limit = static_cast<int>(wParam);
-        TellDisplay(edit.record, Aspect::State);
-        return 0;
+        return SetLimit(edit, wParam), 0;
     case EM_GETLIMITTEXT:
         return edit.limit;
     case EM_SETREADONLY:

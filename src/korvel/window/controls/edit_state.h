@@ -13,6 +13,10 @@ struct EditUndo {
     bool isTyping = false; // characters typed one after the other are undone together
 };
 
+/// The numbers of the platform: what a new field takes at most, and what stands for no limit.
+inline constexpr int DefaultTextLimit = 30000;
+inline constexpr int NoTextLimit = 0x7FFFFFFE;
+
 /// The state of a text field; its text is the window's. Places are bytes of the text.
 class EditState : public ControlState {
 public:
@@ -27,7 +31,7 @@ public:
     WindowRecord& record;
     int anchor = 0; // where the selection began
     int caret = 0;  // where it ends and where typing goes on
-    int limit = 0;  // 0: none
+    int limit = DefaultTextLimit;
     bool isModified = false;
     EditUndo undo;
 };

@@ -30,11 +30,21 @@ CString Allowed(const EditState& edit, CString text) {
         std::erase_if(text, [](char character) { return character < '0' || character > '9'; });
     if (!edit.HasStyle(ES_MULTILINE))
         text.resize(std::min(text.find_first_of("\r\n"), text.size()));
-    if (edit.limit > 0) {
-        const TextRange selection = SelectionOf(edit);
-        const int room = edit.limit - (LengthOf(edit) - (selection.end - selection.start));
-        text.resize(std::min(text.size(), static_cast<std::size_t>(std::max(room, 0))));
-    }
+    return text;
+}
+
+// The characters that the limit leaves in place of the selection.
+std::size_t RoomIn(const EditState& edit) {
+    const TextRange selection = SelectionOf(edit);
+    const int kept = LengthOf(edit) - (selection.end - selection.start);
+    return static_cast<std::size_t>(std::max(edit.limit - kept, 0));
+}
+
+CString CutToRoom(EditState& edit, CString text) {
+    if (text.size() <= RoomIn(edit))
+        return text;
+    NotifyParentCommand(edit.record.handle, EN_MAXTEXT);
+    text.resize(std::min(text.size(), RoomIn(edit))); // a handler may have made room
     return text;
 }
 
@@ -86,26 +96,30 @@ void Select(EditState& edit, int start, int end) {
 }
 
 void ReplaceSelection(EditState& edit, CString text, TextOrigin origin) {
+    const bool isErasure = text.empty();
     if (origin == TextOrigin::User) {
         if (edit.HasStyle(ES_READONLY))
             return;
-        const bool wasEmpty = text.empty();
         text = Allowed(edit, std::move(text));
-        if (text.empty() && !wasEmpty)
-            return;
     }
+    text = CutToRoom(edit, std::move(text));
+    const TextRange selection = SelectionOf(edit);
+    if (text.empty() && (!isErasure || selection.IsEmpty()))
+        return;
     edit.undo = Remember(edit);
-    Replace(edit, SelectionOf(edit), text);
+    Replace(edit, selection, text);
 }
 
 void TypeText(EditState& edit, const CString& text) {
-    EditUndo before = edit.undo.isTyping && SelectionOf(edit).IsEmpty() ? edit.undo : Remember(edit);
-    before.isTyping = true;
-    const CString allowed = Allowed(edit, text);
-    if (allowed.empty() || edit.HasStyle(ES_READONLY))
+    if (edit.HasStyle(ES_READONLY))
         return;
-    edit.undo = std::move(before);
-    Replace(edit, SelectionOf(edit), allowed);
+    const CString typed = CutToRoom(edit, Allowed(edit, text));
+    if (typed.empty())
+        return;
+    if (!edit.undo.isTyping || !SelectionOf(edit).IsEmpty())
+        edit.undo = Remember(edit);
+    edit.undo.isTyping = true;
+    Replace(edit, SelectionOf(edit), typed);
 }
 
 void EraseByUser(EditState& edit, TextRange range) {
@@ -133,6 +147,7 @@ bool Undo(EditState& edit) {
         return false;
     const EditUndo back = std::exchange(edit.undo, Remember(edit)); // undone twice: as before
     PutText(edit, back.text, back.anchor, back.caret);
+    NotifyParentCommand(edit.record.handle, EN_CHANGE); // a second time, as the platform does
     return true;
 }
 

@@ -18,8 +18,8 @@ TextRange SelectionOf(const EditState& edit);
 void Select(EditState& edit, int start, int end);
 
 enum class TextOrigin { Program, User };
-/// Puts `text` in place of the selection. The user's text is cut to what limit and digits-only allow,
-/// and dropped when the field is read-only.
+/// Puts `text` in place of the selection. What the limit leaves no room for is cut off, after EN_MAXTEXT. The
+/// user's text also keeps to digits-only and a single line, and is dropped when the field is read-only.
 void ReplaceSelection(EditState& edit, CString text, TextOrigin origin);
 void TypeText(EditState& edit, const CString& text);
 /// Removes the selection, or `range` when nothing is selected.
