@@ -25,6 +25,7 @@ inline std::string NoticeName(UINT code) {
         {NM_RCLICK, "right click"},
         {LVN_ITEMCHANGING, "changing"},
         {LVN_ITEMCHANGED, "changed"},
+        {LVN_INSERTITEM, "insert"},
         {LVN_DELETEITEM, "delete"},
         {LVN_DELETEALLITEMS, "delete all"},
         {LVN_BEGINDRAG, "drag"},

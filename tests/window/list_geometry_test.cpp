@@ -136,6 +136,26 @@ TEST_F(ListGeometry, NumbersFarOutsideAreHeldInRange) {
     display.PaintWindow(list.GetHeaderCtrl()->m_hWnd);
 }
 
+TEST_F(ListGeometry, WhoStandsOverACellHearsThatItHasMoved) {
+    MakeList(6);
+    const CImageList high{16, 30};
+    int top = 0;
+    list.SetCellsMovedHook([&] {
+        CRect cell;
+        top = list.GetItemRect(3, &cell) ? cell.top : -1;
+    });
+    for (const auto& [border, act, expected] : Table<std::function<void()>, int>{
+             {"scrolled", [this] { list.EnsureVisible(5, false); }, RowTop(2)},
+             {"scrolled back by a removal", [this] { list.DeleteItem(0); }, RowTop(3)},
+             {"another height of rows", [&] { list.SetImageList(&high); }, 24 + 3 * 32},
+             {"nobody any more", [this] { list.SetCellsMovedHook(nullptr), list.SetImageList(nullptr); },
+              24 + 3 * 32},
+         }) {
+        act();
+        EXPECT_EQ(top, expected) << border;
+    }
+}
+
 class ListScrolling : public ListTest {};
 
 TEST_F(ListScrolling, EnsureVisibleScrollsAsLittleAsItTakes) {

@@ -1,3 +1,4 @@
+#include "korvel/window/display/window_view.h"
 #include "support/list_fixture.h"
 
 namespace korvel {
@@ -159,8 +160,10 @@ TEST_F(ListLabelEdit, FollowsItsRowAndGivesItTheTextThatItKeepsItself) {
     for (const bool hasTextSource : {false, true}) {
         list.SetTextSource(hasTextSource ? [](LPARAM, int) { return CString("lent"); }
                                          : CListCtrl::TextSource());
-        Begin(1, "typed");
+        const HWND edit = Begin(1, "typed");
+        const int top = view::Rectangle(edit).top;
         list.InsertItem(0, "new");
+        EXPECT_EQ(view::Rectangle(edit).top, top + 20);
         input::Key(list.GetEditControl(), WM_KEYDOWN, VK_RETURN, "\r");
         EXPECT_EQ(list.GetItemText(2, 0), "typed");
     }

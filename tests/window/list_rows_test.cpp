@@ -26,6 +26,45 @@ TEST_F(ListRows, TextsAreStoredOrAskedForAndMoveWithTheirColumns) {
         EXPECT_EQ(list.GetItemText(row, column), text) << border;
 }
 
+TEST_F(ListRows, ASingleInsertionIsToldAndARangeOfAModelIsNot) {
+    MakeList(1);
+    EXPECT_EQ(list.InsertItem(99, "last"), 1);
+    EXPECT_EQ(list.InsertRow(0, {}), 0);
+    EXPECT_EQ(list.InsertItem(-1, "refused"), -1);
+    EXPECT_EQ(parent.Take(), (Notices{"insert 1", "insert 0"}));
+    const LPARAM data[] = {1, 2};
+    list.InsertRows(0, data, 2, 0);
+    EXPECT_EQ(parent.Take(), Notices{});
+    parent.answer = [&](const NMLISTVIEW& notice) {
+        return notice.hdr.code == LVN_INSERTITEM && list.DeleteAllItems();
+    };
+    EXPECT_EQ(list.InsertItem(1, "gone again"), 1);
+    EXPECT_EQ(list.GetItemCount(), 0);
+}
+
+TEST_F(ListRows, ATextIsToldBeforeAndAfterItChanges) {
+    MakeList(3);
+    std::vector<CString> texts;
+    LRESULT refusal = 0;
+    parent.answer = [&](const NMLISTVIEW& notice) {
+        EXPECT_EQ(notice.uChanged, LVIF_TEXT);
+        EXPECT_EQ(notice.iSubItem, 1);
+        texts.push_back(list.GetItemText(notice.iItem, 1));
+        return refusal;
+    };
+    EXPECT_TRUE(list.SetItemText(2, 1, "new"));
+    EXPECT_EQ(parent.Take(), (Notices{"changing 2", "changed 2"}));
+    EXPECT_EQ(texts, (std::vector<CString>{"", "new"}));
+    refusal = 1;
+    EXPECT_FALSE(list.SetItemText(2, 1, "refused"));
+    EXPECT_EQ(list.GetItemText(2, 1), "new");
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        return notice.hdr.code == LVN_ITEMCHANGING && !list.DeleteItem(0);
+    };
+    EXPECT_TRUE(list.SetItemText(2, 1, "followed"));
+    EXPECT_EQ(list.GetItemText(1, 1), "followed");
+}
+
 TEST_F(ListRows, DeletingDeselectsTellsFromTheLastRowUpAndMovesTheFocus) {
     for (const auto& [border, selected, first, last, notices, focusAfter] :
          Table<int, int, int, Notices, int>{
@@ -36,7 +75,17 @@ TEST_F(ListRows, DeletingDeselectsTellsFromTheLastRowUpAndMovesTheFocus) {
         MakeList(5);
         Choose(selected);
         parent.notices.clear();
+        std::pair<UINT, UINT> states{Both, 0};
+        parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+            if (notice.hdr.code == LVN_ITEMCHANGED) {
+                states = {notice.uOldState, notice.uNewState};
+                EXPECT_EQ(list.GetItemState(notice.iItem, Both), 0u) << border;
+            }
+            return 0;
+        };
         EXPECT_EQ(list.DeleteRows(first, last), !notices.empty()) << border;
+        EXPECT_EQ(states, std::pair(Both, 0u)) << border;
+        parent.answer = nullptr;
         EXPECT_EQ(parent.Take(), notices) << border;
         EXPECT_EQ(Selected().empty(), !notices.empty()) << border;
         EXPECT_EQ(Focused(), focusAfter) << border;
@@ -68,6 +117,8 @@ TEST_F(ListRows, RowsGoQuietlyAndTheEndOfALabelEditIsToldBehind) {
 TEST_F(ListRows, TheAnswerToDeleteAllSuppressesTheSingleNotices) {
     for (const bool quiet : {false, true}) {
         MakeList(3);
+        Choose(1); // no state is told
+        parent.notices.clear();
         parent.answer = [&](const NMLISTVIEW& notice) {
             return notice.hdr.code == LVN_DELETEALLITEMS && quiet;
         };
@@ -109,18 +160,47 @@ TEST_F(ListRows, AHandlerMayInsertAndRemoveRowsOrEndTheListDuringARemoval) {
 TEST_F(ListRows, RowsRememberTheirPlaceWhenOthersComeAndGo) {
     MakeList(3);
     Choose(1);
-    list.SetSelectionMark(1);
     const LPARAM data[] = {7, 8};
     EXPECT_EQ(list.InsertRows(0, data, 2, 3), 0);
     EXPECT_EQ(Selected(), Rows{3});
     EXPECT_EQ(Focused(), 3);
-    EXPECT_EQ(list.GetSelectionMark(), 3);
     EXPECT_EQ(list.GetItemData(1), 8);
     EXPECT_EQ(list.GetItemIndent(0), 3);
     list.DeleteItem(0);
     EXPECT_EQ(Focused(), 2);
-    list.DeleteItem(2);
-    EXPECT_EQ(list.GetSelectionMark(), -1);
+}
+
+TEST_F(ListRows, TheSelectionMarkIsSetByTheFirstSelectionAndFollowsItsRow) {
+    MakeList(4, 0);
+    const auto select = [this](int row) {
+        return [=, this] { list.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED); };
+    };
+    const auto remove = [this](int row) { return [=, this] { list.DeleteItem(row); }; };
+    for (const auto& [border, act, mark] : Table<std::function<void()>, int>{
+             {"the focus is no selection", [this] { list.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED); }, -1},
+             {"the first selection", select(2), 2},
+             {"a further one", select(0), 2},
+             {"a row above comes", [this] { list.InsertItem(0, "new"); }, 3},
+             {"a row above goes", remove(0), 2},
+             {"the row that took the number", remove(2), 2},
+             {"the new last row", remove(2), 1},
+             {"set", [this] { list.SetSelectionMark(0); }, 0},
+             {"a click", [this] { Click(InRow(1)); }, 1},
+             {"rows that go quietly", [this] { list.DeleteRowsQuietly(0, 1); }, 0},
+             {"no row is left", [this] { list.DeleteAllItems(); }, -1},
+             {"a new beginning", [this] { list.InsertItem(0, "row"), Choose(0); }, 0}}) {
+        act();
+        EXPECT_EQ(list.GetSelectionMark(), mark) << border;
+    }
+}
+
+TEST_F(ListRows, WithoutColumn0TheRowsKeepTheirTexts) {
+    MakeList(1);
+    list.SetItemText(0, 1, "value");
+    list.DeleteColumn(0);
+    EXPECT_EQ(list.GetColumnTitle(0), "Value");
+    EXPECT_EQ(list.GetItemText(0, 0), "row 0");
+    EXPECT_EQ(list.GetItemText(0, 1), "value");
 }
 
 TEST_F(ListRows, ATextSourceMayEndRowsItselfOrTheListWhileItIsAsked) {

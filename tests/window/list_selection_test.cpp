@@ -5,22 +5,60 @@ namespace {
 
 class ListSelection : public ListTest {};
 
-TEST_F(ListSelection, TheFormerRowLosesFocusAndThenSelectionBeforeTheNewOneGains) {
+TEST_F(ListSelection, TheNewRowIsAskedFirstAndTheFormerOneHasChangedBeforeIt) {
     MakeList(3);
     Choose(0);
     parent.notices.clear();
     Choose(2);
-    EXPECT_EQ(parent.Take(),
-              (Notices{"changing 0", "changed 0", "changing 0", "changed 0", "changing 2", "changed 2"}));
+    EXPECT_EQ(parent.Take(), (Notices{"changing 2", "changing 0", "changed 0", "changed 2"}));
     EXPECT_EQ(Selected(), Rows{2});
     Choose(2); // no change is told
     EXPECT_EQ(parent.Take(), Notices{});
-    list.SetItemState(2, 0, Both);
-    parent.notices.clear();
-    parent.answer = [](const NMLISTVIEW& notice) -> LRESULT { return notice.iItem == 1; };
-    EXPECT_FALSE(list.SetItemState(1, Both, Both));
-    EXPECT_EQ(list.GetItemState(1, Both), 0u);
-    EXPECT_EQ(parent.Take(), Notices{"changing 1"}) << "a refused change";
+}
+
+TEST_F(ListSelection, ARefusalKeepsSelectionFocusMarkAndScrolling) {
+    const auto choose = [this](int row) {
+        return [=, this] { EXPECT_FALSE(list.SetItemState(row, Both, Both)); };
+    };
+    const auto click = [this] { Click(InRow(2)); };
+    const auto end = [this] { Key(VK_END); };
+    for (const auto& [border, style, refusing, act, asked] : Table<UINT, int, std::function<void()>, Notices>{
+             {"the new row", LVS_SINGLESEL, 2, choose(2), {"changing 2"}},
+             {"the former row", LVS_SINGLESEL, 0, choose(2), {"changing 2", "changing 0"}},
+             {"a row that would lose the focus alone", 0, 0, choose(2), {"changing 2", "changing 0"}},
+             {"a click", LVS_SINGLESEL, 2, click, {"changing 2", "click 2"}},
+             {"a click where several can be selected", 0, 2, click, {"changing 2", "click 2"}},
+             {"a key", LVS_SINGLESEL, 8, end, {"changing 8"}},
+             {"a key with Control", 0, 8, [this] { KeyWith(VK_CONTROL, VK_END); }, {"changing 8"}},
+             {"a key with Shift", 0, 8, [this] { KeyWith(VK_SHIFT, VK_END); }, {"changing 8"}}}) {
+        SCOPED_TRACE(border);
+        MakeList(9, style);
+        Choose(0);
+        parent.notices.clear();
+        parent.answer = [&, row = refusing](const NMLISTVIEW& notice) -> LRESULT {
+            return notice.hdr.code == LVN_ITEMCHANGING && notice.iItem == row;
+        };
+        act();
+        EXPECT_EQ(parent.Take(), asked);
+        EXPECT_EQ(Selected(), Rows{0});
+        EXPECT_EQ(Focused(), 0);
+        EXPECT_EQ(list.GetSelectionMark(), 0);
+        EXPECT_EQ(list.GetTopIndex(), 0);
+        parent.answer = nullptr;
+        list.DestroyWindow();
+    }
+}
+
+TEST_F(ListSelection, AHandlerThatMovesRowsWhileAskedChangesTheSameRow) {
+    MakeList(3);
+    Choose(0);
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        return notice.hdr.code == LVN_ITEMCHANGING && list.GetItemCount() == 3 &&
+               list.InsertItem(0, "new") != 0;
+    };
+    EXPECT_TRUE(list.SetItemState(2, Both, Both));
+    EXPECT_EQ(Selected(), Rows{3});
+    EXPECT_EQ(Focused(), 3);
 }
 
 TEST_F(ListSelection, RowMinusOneMeansAllRows) {
@@ -44,9 +82,12 @@ TEST_F(ListSelection, NextItemCombinesItsFlags) {
                                {"behind the last row", 3, 0, -1},
                                {"behind a selected row", 1, LVNI_SELECTED, 3},
                                {"selected and focused", -1, LVNI_SELECTED | LVNI_FOCUSED, 3},
-                               {"the focused row itself is not behind", 3, LVNI_FOCUSED, -1},
-                               {"far below the first row", -1000, LVNI_SELECTED, 1}})
+                               {"the focused row itself is not after it", 3, LVNI_FOCUSED, -1},
+                               {"two before the first row", -2, LVNI_SELECTED, -1},
+                               {"no row, though one has the focus", 4, LVNI_FOCUSED, -1}})
         EXPECT_EQ(list.GetNextItem(from, flags), found) << border;
+    list.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED);
+    EXPECT_EQ(list.GetNextItem(2, LVNI_FOCUSED), 0) << "from below the focused row";
 }
 
 TEST_F(ListSelection, KeysMoveFocusAndSelection) {
@@ -99,7 +140,8 @@ TEST_F(ListSelection, SpaceTogglesTheCheckWhichIsPartOfTheState) {
     EXPECT_EQ(told, std::pair(0x1000u, 0x2000u));
     KeyWith(VK_SHIFT, VK_DOWN); // the other selected rows take the check of the one that is toggled
     Key(VK_SPACE, " ");
-    EXPECT_TRUE(list.GetCheck(0) && list.GetCheck(1) && !list.GetCheck(2));
+    for (const int row : {0, 1, 2})
+        EXPECT_EQ(list.GetCheck(row), row < 2) << row;
     EXPECT_TRUE(list.SetItemState(1, 0x1000, LVIS_STATEIMAGEMASK));
     EXPECT_FALSE(list.GetCheck(1));
 }

@@ -13,7 +13,7 @@ struct NMHEADER {
 /// The header of a report list: a child window of the list with the class "SysHeader32". A divider is
 /// dragged with the mouse; the list hears HDN_BEGINTRACK, HDN_ITEMCHANGED at each step and HDN_ENDTRACK
 /// (WM_NOTIFY with an NMHEADER). A double click on a divider fits the column to its content.
-/// The first answer of 1 to HDN_BEGINTRACK refuses the drag.
+/// A return value of 1 for HDN_BEGINTRACK refuses the drag.
 class KORVEL_API CHeaderCtrl : public CWnd {
 public:
     int GetItemCount() const;

@@ -19,7 +19,7 @@ struct Header {
 };
 
 // Where the pointer is over the list: the header itself moves when the list scrolls during a drag.
-int PlaceOverList(Header header, CPoint point) {
+int XOverList(Header header, CPoint point) {
     return point.x - header.list.scrollX;
 }
 
@@ -27,12 +27,12 @@ void BeginTrack(Header header, int column, CPoint point) {
     if (NotifyHeader(header.list, HDN_BEGINTRACK, column) != 0 || !header.list.columns.Has(column))
         return;
     header.state.trackedColumn = column;
-    header.state.trackStart = PlaceOverList(header, point);
+    header.state.trackStart = XOverList(header, point);
     header.state.widthAtStart = header.list.columns[column].width;
     SetCapture(header.window);
 }
 
-// The column may have gone meanwhile; the end of the drag is told all the same.
+// The column may be gone meanwhile; the end of the drag is sent all the same.
 void EndTrack(Header header) {
     const int column = std::exchange(header.state.trackedColumn, ListColumns::None);
     if (column == ListColumns::None)
@@ -53,7 +53,7 @@ void Press(Header header, CPoint point) {
 void Move(Header header, CPoint point) {
     const int column = header.state.trackedColumn;
     if (header.list.columns.Has(column)) {
-        const int moved = PlaceOverList(header, point) - header.state.trackStart;
+        const int moved = XOverList(header, point) - header.state.trackStart;
         ChangeColumnWidth(header.list, column, header.state.widthAtStart + moved);
         return;
     }
@@ -69,8 +69,8 @@ void Release(Header header, CPoint point) {
         NotifyRow(header.list, LVN_COLUMNCLICK, NoRow, pressed);
 }
 
-// The first press of the double click has begun and ended a drag already; the end that is told here lets
-// a host store the fitted width as it stores a dragged one.
+// The first press of the double click has begun and ended a drag already; the end that is sent here lets a
+// host store the fitted width as it stores a dragged one.
 void Fit(Header header, CPoint point) {
     const int divider = header.list.columns.DividerAt(point.x);
     if (divider == ListColumns::None)
@@ -120,6 +120,8 @@ LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         return DefWindowProcA(window, message, wParam, lParam);
     const Header header{window, *state, *list};
     switch (message) {
+    case HDM_GETITEMCOUNT:
+        return list->columns.Count();
     case WM_PAINT:
         PaintHeader(header, *reinterpret_cast<CDC*>(wParam));
         return 0;

@@ -35,7 +35,8 @@ int InsertColumn(ListState& list, int column, ListColumn content) {
 
 void DeleteColumn(ListState& list, int column) {
     list.columns.Erase(column);
-    ForEachStoredText(list, column, [](auto& texts, auto place) { texts.erase(place); });
+    if (column > 0) // without the first column the rows keep their texts, and the next one shows the labels
+        ForEachStoredText(list, column, [](auto& texts, auto place) { texts.erase(place); });
     RepaintAll(list);
     UpdateExtent(list);
 }

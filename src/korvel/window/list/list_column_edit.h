@@ -5,11 +5,12 @@
 /// Insertion, removal and widths of the columns of a list.
 namespace korvel::internal {
 
-/// Answers where the column stands; the texts that rows store move along.
+/// Returns the number of the column; the texts that rows store move along.
 int InsertColumn(ListState& list, int column, ListColumn content);
+/// The texts that rows store move along; when column 0 goes they stay, and the next column shows the labels.
 void DeleteColumn(ListState& list, int column);
 
-/// Tells the list HDN_ITEMCHANGED when the width is another one. A column that is not there has none.
+/// Sends HDN_ITEMCHANGED to the list when the width is another one. Does nothing without such a column.
 void ChangeColumnWidth(ListState& list, int column, int width);
 /// The width that shows the texts of all rows; measures each of them.
 int FittingWidth(const ListState& list, int column);

@@ -23,12 +23,12 @@ public:
     bool Has(int column) const { return column >= 0 && column < Count(); }
     const ListColumn& operator[](int column) const { return m_columns[column]; }
 
-    /// Beyond the end appends; answers where the column stands.
+    /// Beyond the end appends. Returns the number of the column.
     int Insert(int column, ListColumn content);
     void Erase(int column) { m_columns.erase(m_columns.begin() + column); }
     void SetWidth(int column, int width);
 
-    /// Behind the last column: where the content ends.
+    /// With the number of columns: where the content ends.
     int Left(int column) const;
     int TotalWidth() const { return Left(Count()); }
     /// The column that covers x, or None.

@@ -2,56 +2,16 @@
 
 #include "korvel/window/list/list_column_edit.h"
 #include "korvel/window/list/list_geometry.h"
-#include "korvel/window/list/list_label_edit.h"
 #include "korvel/window/list/list_rows.h"
 #include "korvel/window/list/list_scroll.h"
 #include "korvel/window/list/list_selection.h"
-
-#include <optional>
-#include <type_traits>
+#include "korvel/window/list/on_list.h"
 
 namespace korvel {
 
 using namespace internal;
 
 namespace {
-
-// Runs `call(ListState&)` on the list's thread; `otherwise` for a window that is gone or no list.
-template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
-Result OnList(HWND window, Call call, Result otherwise = Result()) {
-    const auto answer = OnOwner(window, [&](WindowRecord& record) -> std::optional<Result> {
-        auto* list = dynamic_cast<ListState*>(record.control.get());
-        return list ? std::optional<Result>(call(*list)) : std::nullopt;
-    });
-    return answer ? *answer : otherwise;
-}
-
-// The same for one row; `otherwise` for a row that the list has not.
-template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
-Result OnRow(HWND window, int row, Call call, Result otherwise = Result()) {
-    return OnList(
-        window, [&](ListState& list) { return list.rows.Has(row) ? call(list) : otherwise; }, otherwise);
-}
-
-// False, and no call, when the list has not all of the rows from `first` to before `last`, or there are
-// none.
-template <class Call>
-bool OnRows(HWND window, int first, int last, Call call) {
-    return OnList(
-        window,
-        [&](ListState& list) {
-            if (first < 0 || first >= last || last > list.rows.Size())
-                return false;
-            call(list);
-            return true;
-        });
-}
-
-template <class Call, class Result = std::invoke_result_t<Call, ListState&>>
-Result OnColumn(HWND window, int column, Call call) {
-    return OnList(
-        window, [&](ListState& list) { return list.columns.Has(column) ? call(list) : Result(); });
-}
 
 constexpr int DeepestIndent = (1 << 24) - 1; // what a row record holds
 
@@ -84,7 +44,6 @@ void CListCtrl::SetTextSource(TextSource source) {
         [&](ListState& list) {
             list.textSource = source ? std::make_shared<const TextSource>(std::move(source)) : nullptr;
             RepaintAll(list);
-            return true;
         });
 }
 
@@ -102,8 +61,7 @@ int CListCtrl::InsertItem(int row, const CString& text, int image) {
 
 int CListCtrl::InsertRow(int row, const ListRow& content) {
     const auto insert = [&](ListState& list) {
-        RowRecord record = RecordOf(content, list.textSource != nullptr);
-        return internal::InsertRows(list, row, 1, [&](int) { return std::move(record); });
+        return internal::InsertRow(list, row, RecordOf(content, list.textSource != nullptr));
     };
     return OnList(m_hWnd, insert, NoRow);
 }
@@ -126,8 +84,7 @@ bool CListCtrl::DeleteItem(int row) {
 
 bool CListCtrl::DeleteRows(int first, int last) {
     return OnRows(
-        m_hWnd, first, last,
-        [&](ListState& list) { internal::DeleteRows(list, first, last, DeletionNotice::Told); });
+        m_hWnd, first, last, [&](ListState& list) { internal::DeleteRows(list, first, last); });
 }
 
 bool CListCtrl::DeleteRowsQuietly(int first, int last) {
@@ -179,12 +136,7 @@ CString CListCtrl::GetItemText(int row, int column) const {
 bool CListCtrl::SetItemText(int row, int column, const CString& text) {
     return OnRow(
         m_hWnd, row,
-        [&](ListState& list) {
-            if (!list.columns.Has(column))
-                return false;
-            SetText(list, row, column, text);
-            return true;
-        });
+        [&](ListState& list) { return list.columns.Has(column) && SetText(list, row, column, text); });
 }
 
 int CListCtrl::GetItemImage(int row) const {
@@ -233,7 +185,7 @@ int CListCtrl::GetSelectionMark() const {
 
 void CListCtrl::SetSelectionMark(int row) {
     OnList(
-        m_hWnd, [&](ListState& list) { return list.markRow = list.rows.Has(row) ? row : NoRow; });
+        m_hWnd, [&](ListState& list) { list.markRow = list.rows.Has(row) ? row : NoRow; });
 }
 
 int CListCtrl::InsertColumn(int column, const CString& title, int width, int format) {
@@ -285,7 +237,7 @@ CHeaderCtrl* CListCtrl::GetHeaderCtrl() const {
     return OnList(
         m_hWnd,
         [](ListState& list) -> CHeaderCtrl* {
-            // An object that a host has attached comes before the list's own.
+            // An object that a host has attached is preferred to the list's own.
             if (CWnd* attached = FromHandlePermanent(list.header))
                 return dynamic_cast<CHeaderCtrl*>(attached);
             if (!list.headerObject)
@@ -293,11 +245,6 @@ CHeaderCtrl* CListCtrl::GetHeaderCtrl() const {
             list.headerObject->SubclassWindow(list.header);
             return list.headerObject.get();
         });
-}
-
-int CHeaderCtrl::GetItemCount() const {
-    return OnList(
-        korvel::GetParent(m_hWnd), [](ListState& list) { return list.columns.Count(); });
 }
 
 int CListCtrl::HitTest(CPoint point, UINT* flags) const {
@@ -364,15 +311,12 @@ bool CListCtrl::EnsureVisible(int row, bool partialOk) {
 
 void CListCtrl::Scroll(CSize size) {
     OnList(
-        m_hWnd, [&](ListState& list) { return ScrollBy(list, size), true; });
+        m_hWnd, [&](ListState& list) { ScrollBy(list, size); });
 }
 
 void CListCtrl::RedrawItems(int first, int last) {
     OnList(
-        m_hWnd,
-        [&](ListState& list) {
-            return RepaintRows(list, first, std::min(last, list.rows.Size() - 1) + 1), true;
-        });
+        m_hWnd, [&](ListState& list) { RepaintRows(list, first, std::min(last, list.rows.Size() - 1) + 1); });
 }
 
 UINT CListCtrl::SetExtendedStyle(UINT style) {
@@ -390,6 +334,14 @@ UINT CListCtrl::GetExtendedStyle() const {
         m_hWnd, [](ListState& list) { return list.extendedStyle; });
 }
 
+void CListCtrl::SetCellsMovedHook(std::function<void()> hook) {
+    OnList(
+        m_hWnd,
+        [&](ListState& list) {
+            list.cellsMoved = hook ? std::make_shared<const std::function<void()>>(std::move(hook)) : nullptr;
+        });
+}
+
 void CListCtrl::SetImageList(const CImageList* images) {
     OnList(
         m_hWnd,
@@ -397,7 +349,6 @@ void CListCtrl::SetImageList(const CImageList* images) {
             list.images = images;
             RepaintAll(list);
             UpdateExtent(list); // the rows may have another height
-            return true;
         });
 }
 
@@ -416,7 +367,7 @@ HWND CListCtrl::GetEditControl() const {
 
 void CListCtrl::CancelEditLabel() {
     OnList(
-        m_hWnd, [](ListState& list) { return EndLabelEdit(list, LabelEditEnd::Cancel), true; });
+        m_hWnd, [](ListState& list) { list.EndLabelEdit(LabelEditEnd::Cancel); });
 }
 
 void CListCtrl::DrawItem(DRAWITEMSTRUCT*) {}

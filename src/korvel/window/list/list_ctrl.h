@@ -2,60 +2,9 @@
 
 #include "korvel/window/base/dc.h"
 #include "korvel/window/list/header_ctrl.h"
-
-#include <functional>
+#include "korvel/window/list/list_types.h"
 
 namespace korvel {
-
-struct LVHITTESTINFO {
-    CPoint pt;
-    UINT flags = 0; // LVHT_*
-    int iItem = -1;
-    int iSubItem = -1;
-};
-
-struct NMLISTVIEW {
-    NMHDR hdr;
-    int iItem = -1;
-    int iSubItem = 0;
-    UINT uNewState = 0;
-    UINT uOldState = 0;
-    UINT uChanged = 0; // LVIF_*
-    CPoint ptAction;
-    LPARAM lParam = 0;
-};
-
-struct NMLVKEYDOWN {
-    NMHDR hdr;
-    UINT wVKey = 0;
-    UINT flags = 0;
-};
-
-/// LVN_BEGINLABELEDIT (answer 1 refuses) and LVN_ENDLABELEDIT (answer 1 takes the text).
-struct NMLVDISPINFO {
-    NMHDR hdr;
-    int iItem = -1;
-    int iSubItem = 0;
-    const char* pszText = nullptr; // null: the edit was cancelled
-    LPARAM lParam = 0;
-};
-
-/// What LVM_SETITEMSTATE carries (lParam): the bits of `stateMask` become those of `state` (LVIS_*).
-struct LVITEMSTATE {
-    UINT state = 0;
-    UINT stateMask = 0;
-};
-
-/// What a row is made of. A row with many columns takes its further texts in `subItems`
-/// (entry i belongs to column i + 1).
-struct ListRow {
-    CString text;
-    std::vector<CString> subItems;
-    LPARAM data = 0;
-    int indent = 0;
-    int image = -1;
-    bool checked = false;
-};
 
 /// The report-style list: class "SysListView32".
 ///
@@ -66,38 +15,40 @@ struct ListRow {
 ///     list.InsertItem(-1, "refused", -1);   // -1
 ///     list.InsertItem(99, "last", -1);      // 1: beyond the end appends
 ///
-/// Rows lie in blocks: inserting or removing rows anywhere costs a walk over the blocks, not over the
-/// rows. Texts are asked where the rows are painted: a list whose texts live elsewhere sets a text
-/// source and stores none itself.
+/// Inserting or removing rows anywhere costs no walk over all rows. Texts are read when their rows are
+/// painted: a list whose texts are kept elsewhere sets a text source and stores none itself.
 class KORVEL_API CListCtrl : public CWnd {
 public:
     bool Create(UINT style, const CRect& rect, CWnd* parent, int id);
 
-    /// Gives the texts of rows that store none: called for rows that are on screen, measured or asked
-    /// for by GetItemText. Set before rows are inserted.
-    using TextSource = std::function<CString(LPARAM data, int column)>;
+    /// Gives the texts of rows that store none; called for rows that are painted or measured and by
+    /// GetItemText. Set it before rows are inserted.
+    using TextSource = ListTextSource;
     void SetTextSource(TextSource source);
 
     // Rows.
     int GetItemCount() const;
-    /// Answers the row, or -1 for a row below 0; beyond the end appends.
+    /// Returns the row, or -1 for a row below 0; beyond the end appends. Sends LVN_INSERTITEM.
     int InsertItem(int row, const CString& text, int image = -1);
     int InsertRow(int row, const ListRow& content);
-    /// Inserts `count` rows with `data[i]` and `indent` in one step. With a text source the rows store
-    /// nothing else. Answers `row`, or -1 when refused.
+    /// Inserts `count` rows with `data[i]` and `indent` in one step, without notices: for a list whose rows follow
+    /// a model. With a text source the rows store nothing else. Returns `row`, or -1 when refused.
     int InsertRows(int row, const LPARAM* data, int count, int indent);
+    /// A selected row loses its state first (LVN_ITEMCHANGED with no bit left), then LVN_DELETEITEM is sent, then
+    /// it is gone. Focus and mark go to the row that takes its place, or to the new last one; nothing is selected.
     bool DeleteItem(int row);
     /// Removes the rows from `first` to before `last`; notifies like single removals, from the last row up.
     bool DeleteRows(int first, int last);
-    /// The same at once, and nobody is told: for a list whose rows follow a model, which a handler would find
-    /// without the rows that are still there.
+    /// The same at once, without notices: for a list whose rows follow a model that has changed already.
     bool DeleteRowsQuietly(int first, int last);
+    /// LVN_DELETEALLITEMS, then LVN_DELETEITEM from the last row to the first unless it returned 1.
     bool DeleteAllItems();
     LPARAM GetItemData(int row) const;
     bool SetItemData(int row, LPARAM data);
     int GetItemIndent(int row) const;
     bool SetItemIndent(int row, int indent);
     CString GetItemText(int row, int column) const;
+    /// Sends LVN_ITEMCHANGING (1 refuses) and LVN_ITEMCHANGED of LVIF_TEXT. False: refused, or no such cell.
     bool SetItemText(int row, int column, const CString& text);
     int GetItemImage(int row) const;
     bool SetItemImage(int row, int image);
@@ -106,14 +57,21 @@ public:
 
     // Selection and focus.
     UINT GetItemState(int row, UINT mask) const;
+    /// The bits of `mask` become those of `state` (LVIS_*); row -1 means all rows. LVN_ITEMCHANGING asks the row
+    /// first, then those that lose focus or single selection by it; one refusal (1), and nothing has changed:
+    /// false. The losing rows hear LVN_ITEMCHANGED before the row. A state that a row has already sends nothing.
     bool SetItemState(int row, UINT state, UINT mask);
-    /// The first row behind `row` (-1: from the start) with all of `flags` (LVNI_*), or -1.
+    /// The first row after `row` (-1: from the top) with all of `flags` (LVNI_*); with LVNI_FOCUSED the focused
+    /// row, unless it is `row`. -1 when there is none or `row` is no row.
     int GetNextItem(int row, UINT flags) const;
+    /// Where a range selection begins: the first row that was selected, until another one is clicked or set. It
+    /// moves with its row; after a removal the row that took the number has it, or the new last one. -1: none.
     int GetSelectionMark() const;
     void SetSelectionMark(int row);
 
     // Columns.
     int InsertColumn(int column, const CString& title, int width, int format = LVCFMT_LEFT);
+    /// Without column 0 the rows keep their texts, so that the next column shows the labels.
     bool DeleteColumn(int column);
     int GetColumnCount() const;
     CString GetColumnTitle(int column) const;
@@ -126,7 +84,7 @@ public:
     int HitTest(CPoint point, UINT* flags = nullptr) const;
     int SubItemHitTest(LVHITTESTINFO* info) const;
     bool GetItemRect(int row, CRect* rect, int part = LVIR_BOUNDS) const;
-    /// LVIR_BOUNDS of column 0 is the whole row, as everywhere on the platform; LVIR_LABEL is the cell.
+    /// LVIR_BOUNDS of column 0 is the whole row, as the window model has it; LVIR_LABEL is the cell.
     bool GetSubItemRect(int row, int column, int part, CRect* rect) const;
     int GetTopIndex() const;
     int GetCountPerPage() const;
@@ -142,6 +100,10 @@ public:
     /// Not owned.
     void SetImageList(const CImageList* images);
     const CImageList* GetImageList() const;
+
+    /// Called after rows, columns or scrolling may have moved cells: for a control that lies over a cell. It may
+    /// change the list. An empty function ends it.
+    void SetCellsMovedHook(std::function<void()> hook);
 
     // Label editing: an edit control over the label of column 0.
     HWND EditLabel(int row);

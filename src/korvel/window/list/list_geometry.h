@@ -2,10 +2,10 @@
 
 #include "korvel/window/list/list_state.h"
 
-/// Where the parts of a list stand, in its client coordinates.
+/// The places of the parts of a list, in its client coordinates.
 namespace korvel::internal {
 
-/// The parts of one cell. State icon and icon stand in column 0 only and are empty elsewhere.
+/// The parts of one cell. State icon and icon are empty in other columns than 0.
 struct CellParts {
     CRect bounds;
     CRect stateIcon; // the check box
@@ -24,7 +24,7 @@ int RowHeight(const ListState& list);
 int HeaderHeight(const ListState& list);
 CSize ClientSize(const ListState& list);
 
-/// What follows from size, rows and columns; for those who need several of them.
+/// What follows from size, rows and columns.
 struct ListLayout {
     CSize client;
     int rowsPerPage = 0; // whole rows

@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_keyboard.h"
 
+#include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_rows.h"
 #include "korvel/window/list/list_scroll.h"
@@ -44,10 +45,9 @@ SelectionChange ChangeByKeys() {
 }
 
 void MoveTo(ListState& list, int target, SelectionChange change) {
-    const int row = std::clamp(target, 0, list.rows.Size() - 1);
-    MoveSelection(list, row, change);
-    if (list.rows.Has(row))
-        EnsureVisible(list, row, Visibility::Whole);
+    const FollowedRow row(list, std::clamp(target, 0, list.rows.Size() - 1));
+    if (MoveSelection(list, row.row, change) && row.IsThere())
+        EnsureVisible(list, row.row, Visibility::Whole);
 }
 
 void PressSpace(ListState& list) {

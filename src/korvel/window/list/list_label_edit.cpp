@@ -18,14 +18,14 @@ LRESULT LabelEditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     if (list && list->labelEdit.window == window) {
         const bool isKey = message == WM_KEYDOWN;
         if (isKey && wParam == VK_RETURN)
-            return EndLabelEdit(*list, LabelEditEnd::Take), 0;
+            return list->EndLabelEdit(LabelEditEnd::Take), 0;
         if (isKey && wParam == VK_ESCAPE)
-            return EndLabelEdit(*list, LabelEditEnd::Cancel), 0;
+            return list->EndLabelEdit(LabelEditEnd::Cancel), 0;
         if (message == WM_GETDLGCODE)
             return DLGC_WANTALLKEYS | DLGC_HASSETSEL;
         if (message == WM_KILLFOCUS) {
             const LRESULT result = EditProcedure(window, message, wParam, lParam);
-            EndLabelEdit(*list, LabelEditEnd::Take);
+            list->EndLabelEdit(LabelEditEnd::Take);
             return result;
         }
         if (message == WM_DESTROY)
@@ -51,7 +51,7 @@ void OfferText(ListState& list, LabelEditEnd end) {
     if (!taken || !accepted || !list.rows.Has(row))
         return;
     if (list.textSource && !list.rows.At(row).texts)
-        RepaintRows(list, row, row + 1); // who gives the text has taken it
+        RepaintRows(list, row, row + 1); // the source of the text has taken it
     else
         SetText(list, row, 0, text);
 }
@@ -64,7 +64,7 @@ void Close(ListState& list) {
         SetFocus(list.Handle());
 }
 
-// Whatever is thrown while the edit begins or ends, none stays behind.
+// Whatever is thrown while the edit begins or ends, none stays open.
 template <class Tell>
 auto ClosedOnThrow(ListState& list, Tell tell) {
     try {
@@ -75,11 +75,27 @@ auto ClosedOnThrow(ListState& list, Tell tell) {
     }
 }
 
+void EndLabelEdit(ListState& list, LabelEditEnd end) {
+    if (!list.labelEdit.window || list.labelEdit.isEnding)
+        return;
+    list.labelEdit.isEnding = true;
+    ClosedOnThrow(list, [&] { OfferText(list, end); });
+    Close(list);
+}
+
+void FollowRow(ListState& list) {
+    if (!list.rows.Has(list.labelEdit.row) || list.columns.Count() == 0)
+        return;
+    const CRect place = EditRect(list, list.labelEdit.row);
+    if (view::Rectangle(list.labelEdit.window) != place)
+        MoveWindow(list.labelEdit.window, place);
+}
+
 } // namespace
 
 HWND BeginLabelEdit(ListState& list, int row) {
     const auto hasLabel = [&] { return list.rows.Has(row) && list.columns.Count() > 0; };
-    EndLabelEdit(list, list.rows.Has(row) ? LabelEditEnd::Take : LabelEditEnd::Cancel);
+    list.EndLabelEdit(list.rows.Has(row) ? LabelEditEnd::Take : LabelEditEnd::Cancel);
     if (list.labelEdit.isEnding || !hasLabel())
         return nullptr;
     SetFocus(list.Handle());
@@ -94,7 +110,7 @@ HWND BeginLabelEdit(ListState& list, int row) {
     if (!edit)
         return nullptr;
     SetWindowLongPtrA(edit, GWLP_WNDPROC, reinterpret_cast<LPARAM>(&LabelEditProcedure));
-    list.labelEdit = {edit, row, false};
+    list.labelEdit = {edit, row, false, EndLabelEdit, FollowRow};
     const bool refused = ClosedOnThrow(
         list, [&] { return NotifyLabelEdit(list, LVN_BEGINLABELEDIT, row, text.c_str()) != 0; });
     if (list.labelEdit.window != edit)
@@ -107,14 +123,6 @@ HWND BeginLabelEdit(ListState& list, int row) {
     ShowWindow(edit, SW_SHOW);
     SetFocus(edit);
     return list.labelEdit.window;
-}
-
-void EndLabelEdit(ListState& list, LabelEditEnd end) {
-    if (!list.labelEdit.window || list.labelEdit.isEnding)
-        return;
-    list.labelEdit.isEnding = true;
-    ClosedOnThrow(list, [&] { OfferText(list, end); });
-    Close(list);
 }
 
 } // namespace korvel::internal

@@ -31,12 +31,14 @@ bool IsOnlySelected(const ListState& list, int row) {
 // left release then selects the one row.
 void SelectByPress(ListState& list, UINT button, UINT flags, const ListHit& hit) {
     const auto change = ChangeByFlags(flags);
-    if (change != SelectionChange::Replace && button == MK_LBUTTON)
-        return MoveSelection(list, hit.row, change);
-    if (!list.rows.At(hit.row).IsSelected())
-        return MoveSelection(list, hit.row, SelectionChange::Replace);
-    list.press.selectsAtRelease = button == MK_LBUTTON && list.rows.SelectedCount() > 1;
-    MoveSelection(list, hit.row, SelectionChange::MoveFocus);
+    if (change != SelectionChange::Replace && button == MK_LBUTTON) {
+        MoveSelection(list, hit.row, change);
+    } else if (!list.rows.IsSelected(hit.row)) {
+        MoveSelection(list, hit.row, SelectionChange::Replace);
+    } else {
+        list.press.selectsAtRelease = button == MK_LBUTTON && list.rows.SelectedCount() > 1;
+        MoveSelection(list, hit.row, SelectionChange::MoveFocus);
+    }
 }
 
 void PressRow(ListState& list, UINT button, UINT flags, const ListHit& hit) {

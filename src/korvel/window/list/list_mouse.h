@@ -9,9 +9,9 @@ namespace korvel::internal {
 void PressButton(ListState& list, UINT button, UINT flags, CPoint point);
 void DoubleClick(ListState& list, UINT flags, CPoint point);
 void MovePointer(ListState& list, UINT flags, CPoint point);
-/// NM_CLICK or NM_RCLICK. True: the parent has answered the click.
+/// NM_CLICK or NM_RCLICK. True: the parent has handled the click.
 bool ReleaseButton(ListState& list, UINT button, CPoint point);
-/// The timer that begins a label edit by a second, slow click; false for the timer of somebody else.
+/// The timer that begins a label edit by a second, slow click; false for another timer.
 bool FireLabelEditTimer(ListState& list, std::uintptr_t id);
 
 } // namespace korvel::internal

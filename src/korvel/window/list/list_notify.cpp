@@ -34,6 +34,15 @@ LRESULT NotifyState(ListState& list, UINT code, int row, UINT oldState, UINT new
     return NotifyParent(list.Handle(), code, notice.hdr);
 }
 
+LRESULT NotifyText(ListState& list, UINT code, int row, int column) {
+    NMLISTVIEW notice;
+    notice.iItem = row;
+    notice.iSubItem = column;
+    notice.uChanged = LVIF_TEXT;
+    notice.lParam = DataOf(list, row);
+    return NotifyParent(list.Handle(), code, notice.hdr);
+}
+
 void NotifyKey(ListState& list, UINT key) {
     NMLVKEYDOWN notice;
     notice.wVKey = key;

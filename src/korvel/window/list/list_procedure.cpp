@@ -42,7 +42,7 @@ std::optional<LRESULT> HandleMouse(ListState& list, UINT message, WPARAM wParam,
         return MovePointer(list, flags, point), 0;
     case WM_LBUTTONUP:
         return ReleaseButton(list, MK_LBUTTON, point), 0;
-    case WM_RBUTTONUP: // an answered click asks for no menu
+    case WM_RBUTTONUP: // a click that was handled asks for no menu
         return AnsweredIf(ReleaseButton(list, MK_RBUTTON, point));
     case WM_MOUSEWHEEL:
         return AnsweredIf(TurnWheel(list, static_cast<std::int16_t>(HIWORD(wParam))));
@@ -67,7 +67,7 @@ LRESULT EnsureRowVisible(ListState& list, int row, bool partialOk) {
 LRESULT DeleteRow(ListState& list, int row) {
     if (!list.rows.Has(row))
         return 0;
-    DeleteRows(list, row, row + 1, DeletionNotice::Told);
+    DeleteRows(list, row, row + 1);
     return 1;
 }
 
@@ -104,8 +104,9 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
     case WM_CREATE:
         CreateHeader(list);
         return 0;
-    case WM_NCDESTROY: // whoever asks goes on without what the text source refers to
+    case WM_NCDESTROY: // what they refer to may be gone
         list.textSource = nullptr;
+        list.cellsMoved = nullptr;
         return std::nullopt;
     case WM_SIZE:
         list.toldClientSize = ClientSize(list);

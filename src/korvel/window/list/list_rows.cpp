@@ -1,14 +1,14 @@
 #include "korvel/window/list/list_rows.h"
 
-#include "korvel/window/list/list_label_edit.h"
+#include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_scroll.h"
 #include "korvel/window/list/list_selection.h"
 
 namespace korvel::internal {
 
-// Rows that are removed one by one, the last one first. Who hears of one may insert and remove rows itself:
-// those that are still to go are followed.
+// Rows that are removed one by one, the last one first. A handler may insert and remove rows itself: those
+// that are still to go are followed.
 struct LeavingRows {
     LeavingRows(ListState& owner, int firstRow, int lastRow)
         : list(owner), outer(owner.leaving), first(firstRow), next(lastRow - 1) {
@@ -22,10 +22,11 @@ struct LeavingRows {
     LeavingRows* const outer; // whose notice led to this removal
     int first;
     int next;
-    int row = NoRow; // the one that is told of, until it is gone
 };
 
 namespace {
+
+enum class StateNotices { Sent, Omitted };
 
 // Rows that the list remembers by number move along.
 void ShiftForInsertion(int& remembered, int row, int count) {
@@ -40,34 +41,61 @@ void ShiftForErasure(int& remembered, int first, int last) {
         remembered = NoRow;
 }
 
+// Focus and mark of an erased row go to the one that took its number, or to the new last one.
+void PassOnForErasure(int& remembered, int first, int last, int newSize) {
+    const bool isErased = remembered >= first && remembered < last;
+    ShiftForErasure(remembered, first, last);
+    if (isErased)
+        remembered = std::min(first, newSize - 1);
+}
+
 void EraseRows(ListState& list, int first, int last) {
-    const bool hadFocus = list.focusRow >= first && list.focusRow < last;
     list.rows.Erase(first, last);
-    ShiftForErasure(list.focusRow, first, last);
-    ShiftForErasure(list.markRow, first, last);
+    PassOnForErasure(list.focusRow, first, last, list.rows.Size());
+    PassOnForErasure(list.markRow, first, last, list.rows.Size());
     ShiftForErasure(list.labelEdit.row, first, last);
     ShiftForErasure(list.press.row, first, last);
+    for (FollowedRow* followed = list.followedRows; followed; followed = followed->outer)
+        ShiftForErasure(followed->row, first, last);
     const auto erasedBefore = [=](int row) { return std::max(0, std::min(row, last) - first); };
     for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->outer) {
-        ShiftForErasure(leaving->row, first, last);
         leaving->first -= erasedBefore(leaving->first);
         leaving->next -= erasedBefore(leaving->next + 1);
     }
-    if (hadFocus)
-        list.focusRow = std::min(first, list.rows.Size() - 1);
 }
 
-// `row` is followed: its number may be another one after each notice.
-void Deselect(ListState& list, const int& row) {
-    if (!list.rows.IsSelected(row))
+void TakeState(ListState& list, const FollowedRow& going) {
+    if (!list.rows.IsSelected(going.row))
         return;
-    const UINT before = StateOf(list, row);
-    const UINT after = before & ~LVIS_SELECTED;
-    NotifyState(list, LVN_ITEMCHANGING, row, before, after);
-    if (row == NoRow)
+    const UINT before = StateOf(list, going.row);
+    NotifyState(list, LVN_ITEMCHANGING, going.row, before, 0);
+    if (!going.IsThere())
         return;
-    list.rows.Select(row, false);
-    NotifyState(list, LVN_ITEMCHANGED, row, before, after);
+    list.rows.Select(going.row, false);
+    if (list.focusRow == going.row)
+        list.focusRow = NoRow;
+    NotifyState(list, LVN_ITEMCHANGED, going.row, before, 0);
+}
+
+void DeleteEach(ListState& list, int first, int last, StateNotices stateNotices) {
+    LeavingRows leaving(list, first, last);
+    if (list.labelEdit.row >= first && list.labelEdit.row < last)
+        list.EndLabelEdit(LabelEditEnd::Cancel);
+    // Counted, so that a handler that inserts among the rest cannot keep this going.
+    for (int left = last - first; left > 0 && leaving.next >= leaving.first; --left) {
+        const FollowedRow going(list, leaving.next--);
+        const bool hadFocus = list.focusRow == going.row;
+        if (stateNotices == StateNotices::Sent)
+            TakeState(list, going);
+        if (going.IsThere())
+            NotifyRow(list, LVN_DELETEITEM, going.row);
+        if (hadFocus && list.focusRow == NoRow) // to be passed on
+            list.focusRow = going.IsThere() ? going.row : std::min(leaving.next + 1, list.rows.Size() - 1);
+        if (going.IsThere())
+            EraseRows(list, going.row, going.row + 1);
+    }
+    RepaintFrom(list, leaving.first);
+    UpdateExtent(list);
 }
 
 } // namespace
@@ -77,33 +105,27 @@ int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make
         return NoRow;
     row = std::min(row, list.rows.Size());
     list.rows.Insert(row, count, make);
-    ShiftForInsertion(list.focusRow, row, count);
-    ShiftForInsertion(list.markRow, row, count);
-    ShiftForInsertion(list.labelEdit.row, row, count);
-    ShiftForInsertion(list.press.row, row, count);
+    for (int* remembered : {&list.focusRow, &list.markRow, &list.labelEdit.row, &list.press.row})
+        ShiftForInsertion(*remembered, row, count);
+    for (FollowedRow* followed = list.followedRows; followed; followed = followed->outer)
+        ShiftForInsertion(followed->row, row, count);
     for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->outer)
-        for (int* followed : {&leaving->row, &leaving->first, &leaving->next})
+        for (int* followed : {&leaving->first, &leaving->next})
             ShiftForInsertion(*followed, row, count);
     RepaintFrom(list, row);
     UpdateExtent(list);
     return row;
 }
 
-void DeleteRows(ListState& list, int first, int last, DeletionNotice notice) {
-    LeavingRows leaving(list, first, last);
-    if (list.labelEdit.row >= first && list.labelEdit.row < last)
-        EndLabelEdit(list, LabelEditEnd::Cancel);
-    // Counted, so that a handler that inserts among the rest cannot keep this going.
-    for (int left = last - first; left > 0 && leaving.next >= leaving.first; --left) {
-        leaving.row = leaving.next--;
-        Deselect(list, leaving.row);
-        if (leaving.row != NoRow && notice == DeletionNotice::Told)
-            NotifyRow(list, LVN_DELETEITEM, leaving.row);
-        if (leaving.row != NoRow)
-            EraseRows(list, leaving.row, leaving.row + 1);
-    }
-    RepaintFrom(list, leaving.first);
-    UpdateExtent(list);
+int InsertRow(ListState& list, int row, RowRecord record) {
+    const int at = InsertRows(list, row, 1, [&](int) { return std::move(record); });
+    if (list.rows.Has(at)) // a handler of WM_SIZE may have removed it
+        NotifyRow(list, LVN_INSERTITEM, at);
+    return at;
+}
+
+void DeleteRows(ListState& list, int first, int last) {
+    DeleteEach(list, first, last, StateNotices::Sent);
 }
 
 void DeleteRowsQuietly(ListState& list, int first, int last) {
@@ -111,12 +133,14 @@ void DeleteRowsQuietly(ListState& list, int first, int last) {
     RepaintFrom(list, first);
     UpdateExtent(list);
     if (list.labelEdit.row == NoRow)
-        EndLabelEdit(list, LabelEditEnd::Cancel);
+        list.EndLabelEdit(LabelEditEnd::Cancel);
 }
 
 void DeleteAllRows(ListState& list) {
-    const bool quiet = NotifyRow(list, LVN_DELETEALLITEMS, NoRow) != 0;
-    DeleteRows(list, 0, list.rows.Size(), quiet ? DeletionNotice::Suppressed : DeletionNotice::Told);
+    if (NotifyRow(list, LVN_DELETEALLITEMS, NoRow) != 0)
+        DeleteRowsQuietly(list, 0, list.rows.Size());
+    else
+        DeleteEach(list, 0, list.rows.Size(), StateNotices::Omitted);
 }
 
 CString TextOf(const ListState& list, int row, int column) {
@@ -129,14 +153,20 @@ CString TextOf(const ListState& list, int row, int column) {
     return column < static_cast<int>(texts.size()) ? texts[column] : CString();
 }
 
-void SetText(ListState& list, int row, int column, const CString& text) {
-    auto& texts = list.rows.At(row).texts;
+bool SetText(ListState& list, int row, int column, const CString& text) {
+    const FollowedRow target(list, row);
+    if (NotifyText(list, LVN_ITEMCHANGING, row, column) != 0 || !target.IsThere() ||
+        !list.columns.Has(column))
+        return false;
+    auto& texts = list.rows.At(target.row).texts;
     if (!texts)
         texts = std::make_unique<std::vector<CString>>();
     if (static_cast<int>(texts->size()) <= column)
         texts->resize(column + 1);
     (*texts)[column] = text;
-    RepaintRows(list, row, row + 1);
+    RepaintRows(list, target.row, target.row + 1);
+    NotifyText(list, LVN_ITEMCHANGED, target.row, column);
+    return true;
 }
 
 } // namespace korvel::internal

@@ -5,21 +5,25 @@
 /// The rows of a list: insertion, removal, texts.
 namespace korvel::internal {
 
-/// Answers the row at which they stand, or NoRow for a row below 0; beyond the end appends.
+/// Returns the first of them, or NoRow for a row below 0; beyond the end appends. Sends no notice.
 int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make);
+/// The same for one row, with LVN_INSERTITEM when it is there.
+int InsertRow(ListState& list, int row, RowRecord record);
 
-enum class DeletionNotice { Told, Suppressed };
-/// Removes the rows from `first` to before `last`, the last one first. For each: a selected one is
-/// deselected (LVN_ITEMCHANGING, LVN_ITEMCHANGED; a refusal does not count), LVN_DELETEITEM, then it is
-/// gone. The focus of a removed row goes to the one that takes its place, or to the last one. Rows that a
-/// handler inserts or removes meanwhile do not change which ones go.
-void DeleteRows(ListState& list, int first, int last, DeletionNotice notice);
-/// The same at once, and nobody is told. A label edit in one of the rows is given up when they are gone.
+/// Removes the rows from `first` to before `last`, the last one first. For each: a selected one loses its
+/// state (LVN_ITEMCHANGING, which cannot refuse, and LVN_ITEMCHANGED with no bit left), LVN_DELETEITEM,
+/// then it is gone. Focus and mark of a removed row go to the one that takes its place, or to the new last
+/// one. Rows that a handler inserts or removes meanwhile do not change which ones go.
+void DeleteRows(ListState& list, int first, int last);
+/// The same at once, without notices. A label edit in one of the rows is cancelled when they are gone.
 void DeleteRowsQuietly(ListState& list, int first, int last);
-/// LVN_DELETEALLITEMS first; when that is answered with 1, LVN_DELETEITEM is left out.
+/// LVN_DELETEALLITEMS, then LVN_DELETEITEM from the last row to the first unless it returned 1. No
+/// notice of a state.
 void DeleteAllRows(ListState& list);
 
 CString TextOf(const ListState& list, int row, int column);
-void SetText(ListState& list, int row, int column, const CString& text);
+/// Stores a text, with LVN_ITEMCHANGING (1 refuses) and LVN_ITEMCHANGED of LVIF_TEXT. False
+/// when it was refused or its cell has gone meanwhile.
+bool SetText(ListState& list, int row, int column, const CString& text);
 
 } // namespace korvel::internal

@@ -2,7 +2,6 @@
 
 #include "korvel/window/core/place.h"
 #include "korvel/window/list/header_state.h"
-#include "korvel/window/list/list_label_edit.h"
 
 #include <limits>
 
@@ -27,8 +26,8 @@ void TellScroll(ListState& list, const ListLayout& layout) {
     TellDisplay(list.record, Aspect::Scroll);
 }
 
-// What a handler of WM_SIZE changes is answered by no further WM_SIZE, or two layouts that undo each
-// other would never end.
+// What a handler of WM_SIZE changes leads to no further WM_SIZE, or two layouts that undo each other would
+// never end.
 void TellClientSize(ListState& list, CSize size) {
     if (list.isTellingSize)
         return;
@@ -41,6 +40,13 @@ void TellClientSize(ListState& list, CSize size) {
         throw;
     }
     list.isTellingSize = false;
+}
+
+void TellCellsMoved(ListState& list) {
+    if (list.labelEdit.follow)
+        list.labelEdit.follow(list);
+    if (const auto tell = list.cellsMoved)
+        (*tell)();
 }
 
 int Clamped(std::int64_t value, int highest) {
@@ -89,10 +95,11 @@ void ScrollTo(ListState& list, std::int64_t x, std::int64_t topRow) {
         return;
     list.scrollX = newX;
     list.topRow = newTopRow;
-    EndLabelEdit(list, LabelEditEnd::Take);
+    list.EndLabelEdit(LabelEditEnd::Take);
     PlaceHeader(list, layout.client.cx);
     TellScroll(list, layout);
     RepaintAll(list);
+    TellCellsMoved(list);
 }
 
 void ScrollBy(ListState& list, CSize size) {
@@ -144,6 +151,7 @@ void UpdateExtent(ListState& list) {
     }
     PlaceHeader(list, layout.client.cx);
     TellScroll(list, layout);
+    TellCellsMoved(list);
 }
 
 void RepaintAll(ListState& list) {

@@ -7,7 +7,7 @@ namespace korvel::internal {
 
 enum class Visibility { Whole, Part };
 
-/// Scrolls as far as there is content; tells the display and moves the header along.
+/// Scrolls as far as there is content; notifies the display and moves the header along.
 void ScrollTo(ListState& list, std::int64_t x, std::int64_t topRow);
 /// Pixels to the right; pixels down, of which whole rows count.
 void ScrollBy(ListState& list, CSize size);
@@ -18,7 +18,7 @@ void HandleScrollBar(ListState& list, UINT message, UINT command);
 bool TurnWheel(ListState& list, int delta);
 
 /// To be called when rows, columns, size or style have changed: scrolls back into the content, sends
-/// WM_SIZE when a scroll bar came or went, places the header and tells the display. While redraw is off
+/// WM_SIZE when a scroll bar appears or disappears, places the header and notifies the display. While redraw is off
 /// this waits until it is on again.
 void UpdateExtent(ListState& list);
 

@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_selection.h"
 
+#include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_scroll.h"
 
@@ -7,18 +8,72 @@ namespace korvel::internal {
 
 namespace {
 
-// The numbers of the state images stand from bit 12 on.
+// The numbers of the state images begin at bit 12.
 constexpr UINT UncheckedState = 1u << 12;
 constexpr UINT CheckedState = 2u << 12;
 
-void ApplyState(ListState& list, int row, UINT state) {
-    list.rows.Select(row, (state & LVIS_SELECTED) != 0);
-    list.rows.At(row).checked = (state & LVIS_STATEIMAGEMASK) == CheckedState;
-    if ((state & LVIS_FOCUSED) != 0)
+UINT Wanted(UINT before, UINT state, UINT mask) {
+    return (before & ~mask) | (state & mask);
+}
+
+// Asks whether a row may take a state; not where it has it already.
+bool MayChange(ListState& list, int row, UINT state, UINT mask) {
+    const UINT before = StateOf(list, row);
+    const UINT wanted = Wanted(before, state, mask);
+    return wanted == before || NotifyState(list, LVN_ITEMCHANGING, row, before, wanted) == 0;
+}
+
+void Change(ListState& list, int row, UINT state, UINT mask) {
+    const UINT before = StateOf(list, row);
+    const UINT wanted = Wanted(before, state, mask);
+    if (wanted == before)
+        return;
+    list.rows.Select(row, (wanted & LVIS_SELECTED) != 0);
+    list.rows.At(row).checked = (wanted & LVIS_STATEIMAGEMASK) == CheckedState;
+    if ((wanted & LVIS_FOCUSED) != 0)
         list.focusRow = row;
     else if (list.focusRow == row)
         list.focusRow = NoRow;
+    if ((wanted & ~before & LVIS_SELECTED) != 0 && list.markRow == NoRow)
+        list.markRow = row;
     RepaintRows(list, row, row + 1);
+    NotifyState(list, LVN_ITEMCHANGED, row, before, wanted);
+}
+
+// The bits that a row gains by a change and that only one row can have.
+UINT TakenBits(const ListState& list, int row, UINT state, UINT mask) {
+    const UINT gained = state & mask & ~StateOf(list, row);
+    return gained & (list.HasStyle(LVS_SINGLESEL) ? LVIS_FOCUSED | LVIS_SELECTED : LVIS_FOCUSED);
+}
+
+// Calls `visit` with each row that loses some of the bits to `taker`, until it returns false.
+template <class Visit>
+bool ForEachLoser(ListState& list, const FollowedRow& taker, UINT taken, Visit visit) {
+    const int focus = list.focusRow;
+    const bool focusMoves = (taken & LVIS_FOCUSED) != 0 && list.rows.Has(focus) && focus != taker.row;
+    if (focusMoves && !visit(focus))
+        return false;
+    if ((taken & LVIS_SELECTED) == 0)
+        return true;
+    for (int row = list.rows.FindSelected(0); row != NoRow; row = list.rows.FindSelected(row + 1))
+        if (row != taker.row && !(focusMoves && row == focus) && !visit(row))
+            return false;
+    return true;
+}
+
+// The row itself is asked first, then those that lose by it. Nothing has changed yet.
+bool MayTake(ListState& list, const FollowedRow& row, UINT state, UINT mask) {
+    const UINT taken = TakenBits(list, row.row, state, mask);
+    return MayChange(list, row.row, state, mask) && row.IsThere() &&
+           ForEachLoser(list, row, taken, [&](int loser) { return MayChange(list, loser, 0, taken); }) &&
+           row.IsThere();
+}
+
+void Take(ListState& list, const FollowedRow& row, UINT state, UINT mask) {
+    const UINT taken = TakenBits(list, row.row, state, mask);
+    ForEachLoser(list, row, taken, [&](int loser) { return Change(list, loser, 0, taken), true; });
+    if (row.IsThere())
+        Change(list, row.row, state, mask);
 }
 
 void SelectRange(ListState& list, int first, int last) {
@@ -42,21 +97,10 @@ UINT StateOf(const ListState& list, int row) {
 }
 
 bool SetState(ListState& list, int row, UINT state, UINT mask) {
-    const UINT before = StateOf(list, row);
-    const UINT wanted = (before & ~mask) | (state & mask);
-    if (wanted == before)
-        return true;
-    const UINT gained = wanted & ~before;
-    if ((gained & LVIS_FOCUSED) != 0 && list.rows.Has(list.focusRow))
-        SetState(list, list.focusRow, 0, LVIS_FOCUSED);
-    if ((gained & LVIS_SELECTED) != 0 && list.HasStyle(LVS_SINGLESEL))
-        DeselectOutside(list, row, row + 1);
-    if (!list.rows.Has(row) || NotifyState(list, LVN_ITEMCHANGING, row, before, wanted) != 0)
+    const FollowedRow target(list, row);
+    if (!MayTake(list, target, state, mask))
         return false;
-    if (!list.rows.Has(row))
-        return false;
-    ApplyState(list, row, wanted);
-    NotifyState(list, LVN_ITEMCHANGED, row, before, wanted);
+    Take(list, target, state, mask);
     return true;
 }
 
@@ -77,13 +121,14 @@ bool SetStateOfAll(ListState& list, UINT state, UINT mask) {
 }
 
 int NextRow(const ListState& list, int row, UINT flags) {
-    const int first = std::clamp(row, NoRow, list.rows.Size() - 1) + 1;
+    if (row < NoRow || row >= list.rows.Size())
+        return NoRow;
     if ((flags & LVNI_FOCUSED) != 0) {
         const int focus = list.focusRow;
-        const bool fits =
-            (flags & LVNI_SELECTED) == 0 || (focus != NoRow && list.rows.At(focus).IsSelected());
-        return focus >= first && fits ? focus : NoRow;
+        const bool fits = (flags & LVNI_SELECTED) == 0 || (focus != NoRow && list.rows.IsSelected(focus));
+        return focus != row && fits ? focus : NoRow;
     }
+    const int first = row + 1;
     if ((flags & LVNI_SELECTED) != 0)
         return list.rows.FindSelected(first);
     return list.rows.Has(first) ? first : NoRow;
@@ -97,37 +142,41 @@ void DeselectOutside(ListState& list, int first, int last) {
             SetState(list, row, 0, LVIS_SELECTED);
 }
 
-void MoveSelection(ListState& list, int row, SelectionChange change) {
+bool MoveSelection(ListState& list, int row, SelectionChange change) {
     constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
     if (list.HasStyle(LVS_SINGLESEL))
         change = SelectionChange::Replace;
+    const FollowedRow target(list, row);
     switch (change) {
     case SelectionChange::Replace:
-        list.markRow = row;
-        if (row != list.focusRow && list.rows.Has(list.focusRow))
-            SetState(list, list.focusRow, 0, LVIS_FOCUSED);
-        DeselectOutside(list, row, row + 1);
-        if (list.rows.Has(row))
-            SetState(list, row, Both, Both);
-        break;
+        if (!MayTake(list, target, Both, Both))
+            return false;
+        list.markRow = target.row;
+        DeselectOutside(list, target.row, target.row + 1);
+        if (target.IsThere())
+            Take(list, target, Both, Both);
+        return true;
     case SelectionChange::Extend: {
         if (!list.rows.Has(list.markRow))
             list.markRow = std::max(0, list.focusRow);
         const int mark = list.markRow;
-        SetState(list, row, LVIS_FOCUSED, LVIS_FOCUSED);
+        if (!SetState(list, row, LVIS_FOCUSED, LVIS_FOCUSED))
+            return false;
         SelectRange(list, std::min(mark, row), std::max(mark, row) + 1);
-        break;
+        return true;
     }
     case SelectionChange::MoveFocus:
-        SetState(list, row, LVIS_FOCUSED, LVIS_FOCUSED);
-        break;
+        return SetState(list, row, LVIS_FOCUSED, LVIS_FOCUSED);
     case SelectionChange::Toggle: {
-        list.markRow = row;
-        const UINT selected = list.rows.At(row).IsSelected() ? 0 : LVIS_SELECTED;
-        SetState(list, row, selected | LVIS_FOCUSED, Both);
-        break;
+        const UINT selected = list.rows.IsSelected(row) ? 0 : LVIS_SELECTED;
+        if (!MayTake(list, target, selected | LVIS_FOCUSED, Both))
+            return false;
+        list.markRow = target.row;
+        Take(list, target, selected | LVIS_FOCUSED, Both);
+        return true;
     }
     }
+    return false;
 }
 
 void ToggleCheck(ListState& list, int row) {

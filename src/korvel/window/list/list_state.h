@@ -1,8 +1,9 @@
 #pragma once
 
 #include "korvel/window/core/window_record.h"
+#include "korvel/window/list/header_ctrl.h"
 #include "korvel/window/list/list_columns.h"
-#include "korvel/window/list/list_ctrl.h"
+#include "korvel/window/list/list_types.h"
 #include "korvel/window/list/row_blocks.h"
 #include "korvel/window/list/type_ahead.h"
 
@@ -12,9 +13,10 @@ namespace korvel::internal {
 
 constexpr int NoRow = -1;
 
+class FollowedRow;
 struct LeavingRows;
 
-/// A mouse button that went down over the list and is still held.
+/// A mouse button that was pressed over the list and is still down.
 struct ListPress {
     UINT button = 0; // MK_LBUTTON, MK_RBUTTON; 0: none
     CPoint point;
@@ -24,15 +26,23 @@ struct ListPress {
     bool editsAtRelease = false;   // a second click on the label of the one selected row
 };
 
+enum class LabelEditEnd { Take, Cancel };
+
+class ListState;
+
+/// The edit over a label, if one is open. It sets its own functions, so that what moves and removes rows
+/// need not know it.
 struct ListLabelEdit {
     HWND window = nullptr;
     int row = NoRow;
     bool isEnding = false; // the edit loses the focus while it ends
+    void (*end)(ListState&, LabelEditEnd) = nullptr;
+    void (*follow)(ListState&) = nullptr; // called after cells have moved
 };
 
-/// The state of a report list. What it does stands in the list_*.h headers, one concern each; their
-/// functions expect rows and columns that exist unless they say otherwise. A notification may change or
-/// even destroy the list: what comes after one looks again.
+/// The state of a report list. What it does is declared in the list_*.h headers, one concern each; their
+/// functions expect rows and columns that exist unless they say otherwise. A notice may change or even
+/// destroy the list: look again after each.
 class ListState : public ControlState {
 public:
     explicit ListState(WindowRecord& window) : record(window) {}
@@ -46,24 +56,33 @@ public:
     bool HasStyle(UINT bits) const { return (record.style & bits) != 0; }
     bool HasExtendedStyle(UINT bits) const { return (extendedStyle & bits) != 0; }
 
+    /// Does nothing without an edit. LVN_ENDLABELEDIT is sent while the edit still exists; with a text, a
+    /// return value other than 0 gives it to the row.
+    void EndLabelEdit(LabelEditEnd end) {
+        if (labelEdit.end)
+            labelEdit.end(*this, end);
+    }
+
     WindowRecord& record;
     RowBlocks rows;
     ListColumns columns;
     int focusRow = NoRow;
     int markRow = NoRow;            // where a range selection begins
     LeavingRows* leaving = nullptr; // the removal that goes on, if one does
+    FollowedRow* followedRows = nullptr;
 
     int topRow = 0;
     int scrollX = 0;             // pixels
     CPoint trackedScroll;        // where the scroll bars are drawn to: x in pixels, y in rows
-    view::ScrollView toldScroll; // what the display knows
-    CSize toldClientSize;        // what WM_SIZE has told
+    view::ScrollView toldScroll; // what the display was last notified of
+    CSize toldClientSize;        // the last one sent with WM_SIZE
     bool isTellingSize = false;
-    int wheelRest = 0; // what the wheel has turned short of a row
+    int wheelRest = 0;                                       // how far the wheel has turned short of a row
+    std::shared_ptr<const std::function<void()>> cellsMoved; // may be replaced while it is called
 
     UINT extendedStyle = 0;
     const CImageList* images = nullptr;
-    std::shared_ptr<const CListCtrl::TextSource> textSource; // may be replaced while it is asked
+    std::shared_ptr<const ListTextSource> textSource; // may be replaced while it is asked
 
     HWND header = nullptr;
     CRect headerPlace;                         // where it was moved to; without height while it is hidden

@@ -54,13 +54,13 @@ private:
     void InsertBlocks(PrefixSums::Place place, int count, const Maker& make);
     /// Changes nothing when it fails. Empty blocks do no harm.
     void AddBlocks(int at, std::vector<Block> added);
-    /// Answers the block that begins with what stood at `place`.
+    /// Returns the block that begins with what was at `place`.
     int SplitAt(PrefixSums::Place place);
     static int CountSelected(const Block& block, int first, int last);
     void EraseInBlock(int block, int first, int last);
     /// After rows of the blocks from `first` to `last` were erased: drops empty blocks and joins small ones.
     void Tidy(int first, int last);
-    /// Whether the block and the one behind are so small that one does.
+    /// Whether the block and the next one are so small that one does.
     bool CanJoin(int block) const;
     void Join(int block);
     void JoinSmall(int block);
@@ -68,7 +68,7 @@ private:
 
     std::vector<Block> m_blocks;
     PrefixSums m_index;
-    /// The block found last and its first row: who walks over rows finds most of them there.
+    /// The block found last and its first row: a walk over rows finds most of them there.
     struct FoundBlock {
         int block = -1;
         int start = 0;

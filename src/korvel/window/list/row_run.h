@@ -36,7 +36,7 @@ public:
     void Insert(int row, int count);
     /// Erases the rows from `first` to before `last`.
     void Erase(int first, int last);
-    /// Moves the rows of `other` from `first` on behind the own ones.
+    /// Moves the rows of `other` from `first` on after the own ones.
     void Take(RowRun& other, int first);
 
 private:
@@ -44,7 +44,7 @@ private:
 
     std::vector<RowRecord> m_rows; // with the hole
     int m_size = 0;
-    int m_hole = 0; // the row behind it
+    int m_hole = 0; // the row after it
     int m_holeSize = 0;
 };
 
