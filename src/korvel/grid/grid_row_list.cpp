@@ -1,5 +1,6 @@
 #include "korvel/grid/grid_row_list.h"
 
+#include "korvel/grid/list_edit_ctrl.h"
 #include "korvel/grid/row_drag.h"
 #include "korvel/grid/row_icons.h"
 #include "korvel/grid/super_grid_ctrl.h"
@@ -83,6 +84,8 @@ void GridRowList::RemoveQuietly(int first, int last) {
 
 void GridRowList::RemoveAll() {
     m_grid.m_drag->Stop();
+    if (m_grid.m_cellEdit)
+        m_grid.m_cellEdit->Drop();
     m_grid.DeleteAllItems();
 }
 
@@ -101,6 +104,8 @@ CItemInfo* GridRowList::CopyInfo(const CItemInfo* source) {
 
 void GridRowList::OnUnlinked(CTreeItem& node, const CTreeItem* formerParent) {
     m_grid.m_drag->Stop();
+    if (m_grid.m_cellEdit)
+        m_grid.m_cellEdit->OnUnlinked(node);
     m_grid.OnNodeUnlinked(node, formerParent);
 }
 
