@@ -1,4 +1,5 @@
 #include "korvel/editors/tooltipp_bitmap.h"
+#include "korvel/values/member_dispatch_imp.h"
 #include "support/combo_fixture.h"
 
 namespace korvel {
@@ -73,6 +74,52 @@ TEST_F(ComboPreviewTest, WhatMakesItGo) {
         EXPECT_FALSE(list->IsPreviewShown());
         EXPECT_FALSE(IsShownAfter(5s));
     }
+}
+
+TEST_F(ComboPreviewTest, APictureThatIsDismissedWhileTheValueIsWrittenGoesAfterwardsForGood) {
+    struct Object : TMemberDispatchImp<int> {
+        Object() : TMemberDispatchImp("object") {}
+        std::function<void()> inside;
+        bool SetMember(const std::string& name, const CVariantValue& value) override {
+            inside();
+            return TMemberDispatchImp::SetMember(name, value);
+        }
+    } object;
+    object.AddMember("m", true, shown.ValueOf(",1,"));
+    list->Initialize(&object, "m");
+    Rest(0);
+    ASSERT_TRUE(IsShownAfter(500ms));
+    for (const bool isThrown : {false, true}) {
+        object.inside = [&] {
+            Mouse(WM_LBUTTONUP, InRow(0));
+            EXPECT_TRUE(list->IsPreviewShown());
+            if (isThrown)
+                throw Error("no");
+        };
+        if (isThrown)
+            EXPECT_THROW(list->UpdateDisp(nullptr), Error);
+        else
+            list->UpdateDisp(nullptr);
+        EXPECT_FALSE(list->IsRunningUpdateDisp());
+        EXPECT_FALSE(IsShownAfter(2s)); // until the next move
+        Rest(0);
+        EXPECT_TRUE(IsShownAfter(500ms));
+    }
+}
+
+TEST_F(ComboPreviewTest, TheMouseReachesTheListUnderThePicture) {
+    TestEnumeration plain({"a", "b", "c"});
+    Show(plain);
+    CTooltippBitmap picture;
+    ASSERT_TRUE(picture.Load("plan.png"));
+    picture.Show(*list, {150, 0, 200, 20}); // over row 1, and a little further right than the list
+    input::Mouse(picture.m_hWnd, WM_MOUSEMOVE, 0, {5, 5});
+    EXPECT_EQ(Current(), "b");
+    input::Mouse(picture.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {5, 5});
+    EXPECT_EQ(Heard(), "9 -3");
+    picture.Show(*list, {190, 0, 200, 20});
+    input::Mouse(picture.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {25, 5}); // beside the list
+    EXPECT_EQ(Heard(), "");
 }
 
 TEST_F(ComboPreviewTest, ThePictureStaysOnTheScreen) {

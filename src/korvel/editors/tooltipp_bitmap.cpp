@@ -10,8 +10,8 @@ constexpr CSize Room{256, 256};
 constexpr int Border = 1;
 constexpr LRESULT NoActivation = 3; // what WM_MOUSEACTIVATE answers
 
-// Held on the screen when it begins there; the system tells the size of the first screen only.
-int Held(int position, int size, int screen) {
+// Moved onto the screen when it begins there; the system says the size of the first screen only.
+int MovedOntoScreen(int position, int size, int screen) {
     return position < screen ? std::max(0, std::min(position, screen - size)) : position;
 }
 
@@ -25,6 +25,7 @@ bool CTooltippBitmap::Load(const CString& path) {
 }
 
 void CTooltippBitmap::Show(CWnd& owner, const CRect& beside) {
+    m_covered = owner.m_hWnd;
     if (!m_hWnd) {
         CreateEx(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, "KorvelFrame", "", WS_POPUP, {}, &owner,
                  0);
@@ -33,7 +34,7 @@ void CTooltippBitmap::Show(CWnd& owner, const CRect& beside) {
     const int height = m_image.height + 2 * Border;
     const int screenHeight = GetSystemMetrics(SM_CYSCREEN);
     const bool fitsBelow = beside.bottom + height <= screenHeight || beside.bottom > screenHeight;
-    const int left = Held(beside.left, width, GetSystemMetrics(SM_CXSCREEN));
+    const int left = MovedOntoScreen(beside.left, width, GetSystemMetrics(SM_CXSCREEN));
     const int top = fitsBelow ? beside.bottom : std::max(0, beside.top - height);
     SetWindowPos(m_hWnd, nullptr, {left, top, left + width, top + height}, SWP_NOACTIVATE | SWP_SHOWWINDOW);
     Invalidate();
@@ -45,6 +46,8 @@ void CTooltippBitmap::Hide() {
 }
 
 LRESULT CTooltippBitmap::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message >= WM_MOUSEMOVE && message <= WM_MOUSEWHEEL)
+        return PassMouseOn(message, wParam, lParam);
     switch (message) {
     case WM_PAINT:
         Paint(*reinterpret_cast<CDC*>(wParam));
@@ -56,6 +59,17 @@ LRESULT CTooltippBitmap::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) 
     default:
         return CWnd::WindowProc(message, wParam, lParam);
     }
+}
+
+// Beside the covered window nothing happens: what is below the picture there is not known here.
+LRESULT CTooltippBitmap::PassMouseOn(UINT message, WPARAM wParam, LPARAM lParam) const {
+    const bool isOnScreen = message == WM_MOUSEWHEEL;
+    const CPoint screen = isOnScreen ? PointOf(lParam) : ClientToScreen(m_hWnd, PointOf(lParam));
+    const CPoint client = ScreenToClient(m_covered, screen);
+    if (!korvel::GetClientRect(m_covered).PtInRect(client))
+        return 0;
+    const CPoint point = isOnScreen ? screen : client;
+    return korvel::SendMessageA(m_covered, message, wParam, MAKELPARAM(point.x, point.y));
 }
 
 void CTooltippBitmap::Paint(CDC& dc) const {

@@ -6,7 +6,8 @@
 namespace korvel {
 
 /// A small window that shows a picture beside what the pointer rests on. It takes neither keyboard nor
-/// activation. Its name is spelled so for good.
+/// activation, and hands the mouse on to the window that it covers. The spelling of its name is the
+/// contract's.
 ///
 ///     if (preview.Load("plan.png"))
 ///         preview.Show(list, row);   // screen coordinates: below the row, or above where the screen ends
@@ -15,7 +16,8 @@ class KORVEL_API CTooltippBitmap : public CWnd {
 public:
     /// Scaled to fit; false, and nothing to show, for a file that is missing, broken or no picture.
     bool Load(const CString& path);
-    /// Makes the window when there is none.
+    /// Below or above `beside` (screen coordinates). Makes the window when there is none; `owner` owns it then,
+    /// and hears the mouse where the picture covers it.
     void Show(CWnd& owner, const CRect& beside);
     void Hide();
     const Image& GetImage() const { return m_image; }
@@ -24,8 +26,10 @@ public:
 
 private:
     void Paint(CDC& dc) const;
+    LRESULT PassMouseOn(UINT message, WPARAM wParam, LPARAM lParam) const;
 
     Image m_image;
+    HWND m_covered = nullptr;
 };
 
 } // namespace korvel
