@@ -7,7 +7,6 @@ namespace {
 constexpr int ListId = 106;
 constexpr int ArrowId = 107;
 constexpr int FieldId = 108;
-constexpr int DroppedHeight = 150;
 
 bool IsPress(UINT message) {
     return message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
@@ -56,15 +55,11 @@ void ClosedCombo::SendParentComboMessage(UINT code) {
     NotifyParentCommand(m_hWnd, code);
 }
 
-// The place comes first, so that the list can scroll to what is selected.
 void ClosedCombo::Open() {
     if (m_dropped != 0 || !m_value.EnumValue)
         return;
-    CRect below = GetWindowRect();
-    below.top = below.bottom;
-    below.bottom = below.top + DroppedHeight;
-    SetWindowPos(m_list.m_hWnd, nullptr, below, SWP_NOZORDER | SWP_NOACTIVATE);
     m_list.Initialize("", m_value);
+    m_list.DropBelow(GetWindowRect());
     m_list.ShowWindow(SW_SHOWNA);
     m_dropped = 1;
     m_hook.HookWindow(korvel::GetParent(m_hWnd));

@@ -134,7 +134,7 @@ TEST_F(BadEnumerationTest, RowsAndCountsAgreeWhateverHappens) {
     EXPECT_GT(thrown, 100);
 }
 
-// The host throws, ends the binding or begins another, in each call that an act leads to.
+// The host throws, ends the binding, begins another or does both, in each call that an act leads to.
 TEST_F(BadEnumerationTest, TheBindingMayEndInAnyCall) {
     const auto on = [this](const char* verb, const std::string& label) {
         return [=, this] { Item(label) ? Do(verb + (" " + label)) : void(); };
@@ -153,6 +153,9 @@ TEST_F(BadEnumerationTest, TheBindingMayEndInAnyCall) {
         command(ComboCommandAddItem),
         command(ComboCommandAddGroup),
         command(ComboCommandDelete),
+        [this] { Do("f2"); },
+        [this] { Do("delete"); },
+        [this] { ComboNames(list->GetModel()).RenameLabel(*list->GetTreeItem(0), "n/m"); },
         [this] { ComboNames(list->GetModel()).RenameLabel(*list->GetTreeItem(0), "n"); },
         [this] { ComboNames(list->GetModel()).RenameLabel(*list->GetTreeItem(1), "n"); },
         [this] { shown.entries[0].name = TextValue("p/q/r"), list->OnRenameEnumValue(&shown, 1, {}); },
@@ -165,7 +168,7 @@ TEST_F(BadEnumerationTest, TheBindingMayEndInAnyCall) {
     for (const std::uint32_t kind :
          {std::uint32_t{0}, std::uint32_t{ENF_CheckBoxes}, std::uint32_t{ENF_Tree}, Both})
         for (std::size_t act = 0; act < std::size(acts); ++act)
-            for (deed = 0; deed < 3; ++deed)
+            for (deed = 0; deed < 4; ++deed)
                 for (int calls = 0;; ++calls) {
                     SCOPED_TRACE(testing::Message() << "kind " << kind << ", act " << act << ", deed " << deed
                                                     << ", behind " << calls << " calls");

@@ -103,8 +103,8 @@ TEST_F(ComboCommandsTest, WhatTheCommandsDo) {
         {"a value in a group", ComboCommandAddItem, 2, "add value@g/h", inH, "value"},
         {"a value beside an entry", ComboCommandAddItem, 1, "add value@g", inG, "value"},
         {"a group in a group", ComboCommandAddGroup, 3, "", inH, "value"},
-        {"a group goes with all in it", ComboCommandDelete, 0, "remove 1, remove 2", "c", ""},
-        {"an entry", ComboCommandDelete, 3, "remove 2", "-g|  a|  h|c", ""},
+        {"a group goes with all in it", ComboCommandDelete, 0, "remove 1, remove 2", "c", "c"},
+        {"an entry", ComboCommandDelete, 3, "remove 2", "-g|  a|  h|c", "c"},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
@@ -169,7 +169,12 @@ TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
         {"an entry with others: alone", 3, "new", 0, "rename new", "-g|  a|  xb|-new|  d"},
         {"a group: every entry", 0, "k", 0, renames, "-k|  a|  xb|-c|  d"},
         {"nothing typed", 1, "", 0, "", before},
-        {"a path is no label", 1, "x/y", 0, "", before},
+        {"a path moves the entry", 1, "x//y", 0, "rename g/x/y", "-g|  xb|  +x|-c|  d"},
+        {"and the entries of a group", 0, "k/m", 0, "rename k/m/a, rename k/m/b", "-c|  d|+k"},
+        {"into the group itself", 0, "g/m", 0, "rename g/m/a, rename g/m/b", "-g|  +m|-c|  d"},
+        {"no part at all", 1, "//", 0, "", before},
+        {"a backslash at the end of a group", 0, "k\\", 0, "", before},
+        {"and of an entry", 1, "n\\", 0, "rename g/n\\", "-g|  n\\|  xb|-c|  d"},
         {"refused", 1, "new", 1, "rename g/new", before},
         {"a group of which one refuses is split", 0, "k", 1, renames, "-g|  a|-c|  d|+k"},
     };
@@ -194,6 +199,50 @@ TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
         list->GetModel().Tree().SetLabel(*list->GetTreeItem(row.row), 0, "later");
         EXPECT_EQ(list->GetItemText(row.row, 0), "later"); // the list keeps no text of its own
     }
+}
+
+TEST_F(ComboCommandsTest, KeysDoWhatTheMenuAllows) {
+    struct Case {
+        const char* name;
+        EComboListMode mode;
+        std::uint32_t flags, commands;
+        const char* key;
+        bool edits;
+        std::string calls;
+    };
+    const Case cases[] = {
+        {"rename", eDesignFlat, AllFlags, All, "f2", true, ""},
+        {"rename, not enabled", eDesignTree, AllFlags, Delete, "f2", false, ""},
+        {"rename, without its flag", eDesignFlat, ENF_Delete, All, "f2", false, ""},
+        {"delete", eDesignTree, AllFlags, All, "delete", false, "remove 2"},
+        {"delete, not enabled", eDesignFlat, AllFlags, Rename, "delete", false, ""},
+        {"delete, without its flag", eDesignFlat, ENF_Rename, All, "delete", false, ""},
+        {"dropped down: neither", eDropDown, AllFlags, All, "delete", false, ""},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
+        TestEnumeration shown({"a", "b"}, row.flags);
+        Show(shown, row.mode).EnableCommands(row.commands, true);
+        Do(row.key); // no row is current
+        EXPECT_EQ(list->GetEditControl(), nullptr);
+        list->SetCurrentRow(1);
+        Do(row.key);
+        EXPECT_EQ(list->GetEditControl() != nullptr, row.edits);
+        EXPECT_EQ(shown.calls, row.calls);
+    }
+}
+
+TEST_F(ComboCommandsTest, AGroupWithoutEntriesTakesAPathToo) {
+    TestEnumeration shown({"g/a"}, AllFlags | ENF_Tree);
+    Show(shown, eDesignTree);
+    Command(ComboCommandAddRootGroup);
+    Command(ComboCommandAddGroup);
+    EXPECT_EQ(Rows(), "+g|-value|  value");
+    EXPECT_TRUE(ComboNames(list->GetModel()).RenameLabel(*list->GetTreeItem(1), "g/k"));
+    list->ExpandParent(Item("g")->GetFirstChild()->GetNextSibling());
+    EXPECT_EQ(Rows(), "-g|  a|  -k|    value");
+    EXPECT_EQ(shown.calls, "");
+    ExpectConsistent(*list);
 }
 
 } // namespace

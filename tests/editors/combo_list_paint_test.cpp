@@ -85,6 +85,27 @@ TEST_F(ComboPaintTest, TreeLinesAndButtons) {
     EXPECT_TRUE(display.IsInvalid(list->m_hWnd));
 }
 
+TEST_F(ComboPaintTest, ADesignListShowsWhereTheKeyboardIs) {
+    const std::tuple<const char*, EComboListMode, int, int> cases[] = {
+        {"the current row", eDesignFlat, 1, 1},
+        {"none is: where the arrows begin", eDesignFlat, -1, 0},
+        {"a list that drops down has no keyboard", eDropDown, 1, -1},
+    };
+    TestEnumeration shown({"a", "b"});
+    const auto focused = [this] { return Of(display.PaintWindow(list->m_hWnd), PaintCall::Kind::Focus); };
+    for (const auto& [name, mode, current, row] : cases) {
+        SCOPED_TRACE(name);
+        Show(shown, mode);
+        list->SetCurrentRow(current);
+        EXPECT_TRUE(focused().empty());
+        list->SetFocus();
+        EXPECT_TRUE(display.IsInvalid(list->m_hWnd));
+        CRect bounds;
+        list->GetItemRect(row, &bounds);
+        EXPECT_EQ(focused(), row == -1 ? std::vector<CRect>() : std::vector<CRect>{bounds});
+    }
+}
+
 TEST_F(ComboPaintTest, ColumnsFollowTheWidth) {
     TestEnumeration shown({"a"});
     Show(shown, eDesignFlat);

@@ -4,8 +4,6 @@
 namespace korvel {
 namespace {
 
-using namespace std::chrono_literals;
-
 class ComboListTest : public ComboTest {};
 
 TEST_F(ComboListTest, RowsAndSelectionAtTheStart) {
@@ -65,25 +63,17 @@ TEST_F(ComboListTest, TableHasAColumnForEachMember) {
     pattern.AddMember("height", true, TextValue(""));
     pattern.AddMember("width", true, TextValue(""));
     first.AddMember("width", true, TextValue("7"));
-    const auto group = [](IMemberDispatch& object) {
-        CVariantValue value;
-        value.Type = DT_Group;
-        value.Value.Dispatch = &object;
-        return value;
-    };
     TestEnumeration shown;
     shown.type = DT_Group;
-    shown.entries = {{1, group(first)}, {2, group(second)}, {3, CVariantValue()}};
-    const CVariantValue patternValue = group(pattern);
+    shown.entries = {{1, GroupValue(first)}, {2, GroupValue(second)}};
+    const CVariantValue patternValue = GroupValue(pattern);
     shown.pattern = &patternValue;
     Show(shown, eDesignFlat);
     EXPECT_EQ(list->GetColumnCount(), 3);
     EXPECT_EQ(list->GetColumnTitle(0), "Bezeichnung");
     EXPECT_EQ(list->GetColumnTitle(2), "width");
     EXPECT_EQ(list->GetColumnWidth(1), 66); // 200 / 3
-    EXPECT_EQ(list->GetItemText(0, 0), "first");
     EXPECT_EQ(list->GetItemText(0, 2), "7");
-    EXPECT_EQ(list->GetItemText(0, 1), "");
     EXPECT_EQ(list->GetSinkTypes(), std::set<EDataTyps>{DT_String});
 
     // Objects compare equal whatever they are: here they must be the same.
@@ -121,101 +111,30 @@ TEST_F(ComboListTest, AnotherBindingWritesToTheNewObject) {
     EXPECT_THROW(list->Initialize("value", TextValue("plain")), Error);
 }
 
-// An object that makes something else of what it is given, and the observer of its changes.
-class WilfulObject : public TMemberDispatchImp<int>, public IObserverGrid {
-public:
-    WilfulObject() : TMemberDispatchImp("object") {}
-    std::string log;
-    std::string correction;
-    std::function<void()> inside;
+// As high as the rows need, whole rows only, whatever opens and closes.
+TEST_F(ComboListTest, DropsBelowItsField) {
+    TestEnumeration shown({"g/a", "g/b", "c"}, ENF_Tree);
+    for (int i = 0; i < 20; ++i)
+        shown.entries.push_back({10 + i, TextValue("h/x")});
+    const auto place = [&] { return list->GetWindowRect(); };
+    Show(shown).DropBelow({100, 500, 300, 520});
+    EXPECT_EQ(place(), (CRect{100, 520, 300, 520 + 3 * 20 + 2}));
+    list->Expand(Item("g"));
+    EXPECT_EQ(place().Height(), 5 * 20 + 2);
+    list->Expand(Item("h"));
+    EXPECT_EQ(place().Height(), 7 * 20 + 2);
+    list->Collapse(Item("h"));
+    list->OnDestroyEnumValue(&shown, 3);
+    EXPECT_EQ(place().Height(), 4 * 20 + 2);
+    EXPECT_EQ(list->GetColumnWidth(0), 198);
 
-    bool SetMember(const std::string& name, const CVariantValue& value) override {
-        log += "set " + value.Text + " ";
-        if (inside)
-            inside();
-        CVariantValue taken = value;
-        taken.Text += correction;
-        return TMemberDispatchImp::SetMember(name, taken);
-    }
-    bool GetMember(const std::string& name, CVariantValue& value) override {
-        log += "get ";
-        return TMemberDispatchImp::GetMember(name, value);
-    }
-    void OnChange(IMemberDispatch*, void*, const std::string& name, const CVariantValue& value) override {
-        log += "changed " + name + " " + value.Text + " ";
-    }
-    void AddSink(IMemberDispatch*, IObserverGridSink*) override {}
-    void RemoveSink(IMemberDispatch*, IObserverGridSink*) override {}
-    void OnRemove(IMemberDispatch*, void*, const std::string&) override {}
-    void OnRename(IMemberDispatch*, void*, const std::string&, const std::string&) override {}
-    void OnAdd(IMemberDispatch*, void*, const std::string&, const CVariantValue&) override {}
-    void OnChangeEditFlag(IMemberDispatch*, void*, const std::string&, const bool&) override {}
-    void OnChangeType(IMemberDispatch*, void*, const std::string&, EDataTyps, const CVariantValue&) override {
-    }
-};
-
-class UpdateDispTest : public ComboTest {
-protected:
-    void SetUp() override {
-        ComboTest::SetUp();
-        object.AddMember("m", true, shown.ValueOf(",1,"));
-        Make(eDropDown).Initialize(&object, "m");
-    }
-    std::string Update(IObserverGrid* observer) {
-        object.log.clear();
-        list->UpdateDisp(observer);
-        return object.log;
-    }
-
-    TestEnumeration shown{{"a", "b"}};
-    WilfulObject object;
-};
-
-TEST_F(UpdateDispTest, WritesTellsAndReadsBack) {
-    Do("down");
-    EXPECT_TRUE(list->IsDirty());
-    EXPECT_EQ(Update(&object), "set ,2, changed m ,2, get ");
-    EXPECT_FALSE(list->IsDirty());
-    object.correction = "!";
-    EXPECT_EQ(Update(&object), "set ,2, changed m ,2, get changed m ,2,! ");
-    EXPECT_EQ(list->GetValue().Text, ",2,!");
-    EXPECT_EQ(Update(nullptr), "set ,2,! get ");
-    list->Initialize("value", shown.ValueOf(",1,")); // no object: written nowhere
-    EXPECT_EQ(Update(&object), "");
-    EXPECT_FALSE(list->IsDirty());
-}
-
-TEST_F(UpdateDispTest, WhatTheObjectDoesMeanwhile) {
-    object.inside = [&] {
-        EXPECT_TRUE(list->IsRunningUpdateDisp());
-        list->UpdateDisp(&object);
-        EXPECT_FALSE(list->IsDirty());
-    };
-    EXPECT_EQ(Update(&object), "set ,1, changed m ,1, get ");
-    object.inside = [] { throw Error("no"); };
-    EXPECT_THROW(Update(&object), Error);
-    EXPECT_FALSE(list->IsRunningUpdateDisp());
-    EXPECT_EQ(list->GetValue().Text, ",1,");
-    object.inside = [&] { list->UnIntialize(); };
-    EXPECT_EQ(Update(&object), "set ,1, changed m ,1, get ");
-    EXPECT_FALSE(list->IsInitialized());
-}
-
-TEST_F(UpdateDispTest, APictureThatIsDismissedMeanwhileGoesAfterwardsForGood) {
-    display.SetPicture("plan.png", Image{30, 20, std::vector<std::uint32_t>(600)});
-    shown.commonImage = "plan.png";
-    for (int i = 0; i < 3; ++i)
-        Do("move row 0");
-    display.Advance(500ms);
-    ASSERT_TRUE(list->IsPreviewShown());
-    object.inside = [&] {
-        Mouse(WM_LBUTTONUP, InRow(0));
-        EXPECT_TRUE(list->IsPreviewShown());
-    };
-    Update(&object);
-    EXPECT_FALSE(list->IsPreviewShown());
-    display.Advance(2s); // until the next move
-    EXPECT_FALSE(list->IsPreviewShown());
+    shown.type = DT_Group; // a table, with a header
+    shown.flags = 0;
+    list->Initialize("value", shown.ValueOf(",29,"));
+    EXPECT_EQ(place().Height(), 4 * 20 + 2); // as it was, until it drops
+    list->DropBelow({100, 1000, 300, 1020});
+    EXPECT_EQ(place(), (CRect{100, 1020, 300, 1020 + 24 + 3 * 20 + 2}));
+    EXPECT_EQ(list->GetTopIndex(), list->GetItemCount() - 3);
 }
 
 } // namespace

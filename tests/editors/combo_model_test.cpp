@@ -28,7 +28,46 @@ TEST_F(ComboModelTest, EntriesThatTheHostReports) {
     EXPECT_EQ(Rows(), "+p"); // a group from now on
 }
 
-TEST_F(ComboModelTest, NamesThatTheHostChanges) {
+// Keeps rows as a control would: by what it hears.
+struct RowKeeper final : internal::ComboRowSink {
+    void OnRowsAdded(ComboTree::RowRange range) override {
+        for (int row = range.first; row < range.first + range.count; ++row)
+            rows.insert(rows.begin() + row, model->Tree().ItemAt(row));
+    }
+    void OnRowsHidden(ComboTree::RowRange range) override {
+        rows.erase(rows.begin() + range.first, rows.begin() + range.first + range.count);
+    }
+    void OnRowsRemoved(ComboTree::RowRange range) override { OnRowsHidden(range); }
+
+    const ComboModel* model = nullptr;
+    std::vector<const ComboTreeItem*> rows;
+};
+
+// Without a window.
+class PlainModelTest : public testing::Test {
+protected:
+    ComboModel& Open(TestEnumeration& shown, EComboListMode mode, const std::string& selection = {}) {
+        model = std::make_unique<ComboModel>(mode, keeper);
+        keeper.model = model.get();
+        keeper.rows.clear();
+        model->Binding().SetValue(shown.ValueOf(selection));
+        model->Open();
+        model->InsertEntries();
+        keeper.OnRowsAdded({0, model->Tree().RowCount()});
+        return *model;
+    }
+    std::string Rows() const {
+        std::vector<const ComboTreeItem*> rows;
+        Recount(model->Tree().Root(), true, rows);
+        EXPECT_EQ(keeper.rows, rows);
+        return RowsOf(model->Tree());
+    }
+
+    RowKeeper keeper;
+    std::unique_ptr<ComboModel> model;
+};
+
+TEST_F(PlainModelTest, NamesThatTheHostChanges) {
     const std::tuple<const char*, long, const char*, const char*> cases[] = {
         {"the last part", 1, "g/h/new", "-g|  -h|    xnew|    b|c"},
         {"labels above follow, for the others too", 1, "k/h/a", "-k|  -h|    xa|    b|c"},
@@ -38,29 +77,47 @@ TEST_F(ComboModelTest, NamesThatTheHostChanges) {
     };
     for (const auto& [name, id, newName, rows] : cases) {
         TestEnumeration shown({"g/h/a", "g/h/b", "c"}, ENF_Tree | ENF_CheckBoxes);
-        Show(shown, eDesignTree, ",1,");
+        Open(shown, eDesignTree, ",1,");
         shown.Find(id)->name = TextValue(newName);
-        list->OnRenameEnumValue(&shown, id, {});
+        ComboNames(*model).EntryRenamed(id);
         EXPECT_EQ(Rows(), rows) << name;
-        ExpectConsistent(*list);
     }
 }
 
-TEST_F(ComboModelTest, UniqueNames) {
+TEST_F(PlainModelTest, UniqueNames) {
     TestEnumeration shown({"new value", "new value1", "x/y"}, ENF_Tree);
-    Show(shown, eDesignTree);
-    EXPECT_EQ(list->CreateUniqueName("new value", list->GetRootItem()), "new value2");
-    EXPECT_EQ(list->CreateUniqueName("y", list->GetRootItem()), "y");
-    Show(shown, eDesignFlat); // labels are whole paths: their first part counts
-    EXPECT_EQ(list->CreateUniqueName("x", list->GetRootItem()), "x1");
+    const auto unique = [&](const char* base) {
+        return ComboNames(*model).UniqueNameUnder(model->Tree().Root(), base);
+    };
+    Open(shown, eDesignTree);
+    EXPECT_EQ(unique("new value"), "new value2");
+    EXPECT_EQ(unique("y"), "y");
+    Open(shown, eDesignFlat); // labels are whole paths: their first part counts
+    EXPECT_EQ(unique("x"), "x1");
 }
 
-TEST_F(ComboModelTest, FormatsThatChangeRewriteLabels) {
+TEST_F(PlainModelTest, FormatsThatChangeRewriteLabels) {
     TestEnumeration shown({"g/a"}, ENF_Tree);
-    Show(shown, eDropDown, ",1,");
-    list->GetModel().Tree().SetLabel(*Item("a"), 0, "out of date");
-    list->GetAngleSink().OnChangedAngleDouble();
+    ComboTree& tree = Open(shown, eDropDown, ",1,").Tree();
+    tree.SetLabel(*tree.ItemAt(1), 0, "out of date");
+    ComboNames(*model).RefreshLabels();
     EXPECT_EQ(Rows(), "-g|  xa"); // groups keep theirs
+}
+
+TEST_F(PlainModelTest, RowsThatAreAddedHiddenAndRemoved) {
+    TestEnumeration shown({"g/a", "g/h/b", "c"}, ENF_Tree);
+    ComboTree& tree = Open(shown, eDropDown).Tree();
+    model->ExpandParent(tree.FindValue(2)->GetParent());
+    EXPECT_EQ(Rows(), "-g|  a|  -h|    b|c");
+    model->Collapse(*tree.ItemAt(0));
+    EXPECT_EQ(Rows(), "+g|c");
+    model->Expand(*tree.ItemAt(0));
+    ComboChoice(*model).SetCheck(*tree.ItemAt(0), true);
+    EXPECT_EQ(Rows(), "-g|  xa|  -h|    xb|c");
+    model->DestroySubTree(*tree.ItemAt(2));
+    EXPECT_EQ(Rows(), "-g|  xa|c");
+    EXPECT_EQ(model->AddValue("new", "g/k")->GetLabel(), "new");
+    EXPECT_EQ(Rows(), "-g|  xa|  -k|    new|c");
 }
 
 TEST_F(ComboModelTest, NamesOfAMegabyte) {

@@ -37,9 +37,12 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
         {"bit 26 too", page, Tree | 0x04000000, {"b"}, "", "press row 0", "b", "b", "3 9", "select 1"},
         {"a page", page, 0, abc, "", "press row 1, press row 8", "a|b|c", "b", "3 9", "select 2"},
         {"a page, down", page, 0, abc, "", "down", "a|b|c", "a", "9", "select 1"},
+        {"the end and the start", page, 0, abc, "", "end, home", "a|b|c", "a", "9 9", "select 3, select 1"},
+        {"pages", drop, 0, abc, ",2,", "pagedown, pageup", "a|xb|c", "a", "9 9", "select 3, select 1"},
         {"no such mode", EComboListMode(3), 0, abc, "", "down", "a|b|c", "", "", ""},
 
         {"checks, space", drop, Checks, abc, ",1,", "space, down", "a|b|c", "b", "9", "deselect 1"},
+        {"checks, the end", drop, Checks, abc, ",1,", "end", "xa|b|c", "c", "", ""},
         {"a check box", page, Checks, abc, ",1,", "press check b", "xa|xb|c", "b", "3 9", "select 2"},
         {"beside it", drop, Checks, abc, "", "press row 1", "a|b|c", "b", "-3", ""},
         {"no row", drop, Checks, abc, "", "press row 8", "a|b|c", "", "", ""},
@@ -53,6 +56,7 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
         {"twice on its button", drop, Tree, tree, "", "double button g", "+g|b", "", "", ""},
         {"an entry twice", drop, Tree, tree, "", "double label b", "+g|b", "", "-3", ""},
         {"no row twice", drop, Tree, tree, "", "double row 8", "+g|b", "", "", ""},
+        {"a tree's end: applied", drop, Tree, tree, "", "home, end", "+g|b", "b", "9", "select 2"},
         {"right opens", drop, Tree, tree, "", "down, right, right", "-g|  a|b", "g", "", ""},
         {"left closes", drop, Tree, tree, ",1,", "up, left, left", "+g|b", "g", "", ""},
 
@@ -125,6 +129,9 @@ TEST_F(ComboStatesTest, ArrowsAndWheelReachEveryRowInEveryState) {
             Do("wheel");
             EXPECT_EQ(list->GetTopIndex(), 43);
             EXPECT_EQ(list->GetCurrentRow(), 49);
+            Do("home,pagedown,pagedown,pageup");
+            EXPECT_EQ(list->GetCurrentRow(), 4);
+            EXPECT_EQ(list->GetTopIndex(), 4);
         }
     }
 }
@@ -141,6 +148,33 @@ TEST_F(ComboStatesTest, TheCurrentRowKeepsItsItem) {
     list->Collapse(Item("g")); // takes the current row away
     EXPECT_EQ(list->GetCurrentRow(), -1);
     EXPECT_EQ(Current(), "");
+}
+
+TEST_F(ComboStatesTest, AfterARemovalTheRowThatTookTheNumberIsCurrent) {
+    const std::tuple<const char*, int, long, const char*> cases[] = {
+        {"the next one", 1, 2, "c"}, {"the new last", 2, 3, "b"}, {"another one", 1, 1, "b"}};
+    TestEnumeration shown({"a", "b", "c"});
+    for (const auto& [name, current, id, expected] : cases) {
+        Show(shown);
+        list->SetCurrentRow(current);
+        list->OnDestroyEnumValue(&shown, id);
+        EXPECT_EQ(Current(), expected) << name;
+    }
+    for (const long id : {2, 3})
+        list->OnDestroyEnumValue(&shown, id);
+    EXPECT_EQ(list->GetCurrentRow(), -1);
+}
+
+TEST_F(ComboStatesTest, ADoubleClickInADesignListLeavesOneCurrentRow) {
+    for (const std::uint32_t flags : {0u, Checks, Tree, Both}) {
+        TestEnumeration shown({"a", "b", "c"}, flags);
+        Show(shown, eDesignTree);
+        list->SetCurrentRow(0);
+        Do("double row 2");
+        EXPECT_EQ(Current(), "c");
+        Do("double row 8");
+        EXPECT_EQ(Current(), "c");
+    }
 }
 
 TEST_F(ComboStatesTest, KeysThatTheFieldHandsOn) {

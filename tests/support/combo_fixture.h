@@ -43,6 +43,19 @@ protected:
     }
 };
 
+/// The rows of a tree with a bar between: two blanks a level, "+" (closed) or "-" (open) before what others
+/// are under, "x" before a checked entry.
+inline std::string RowsOf(const ComboTree& tree) {
+    std::string rows;
+    for (int row = 0; row < tree.RowCount(); ++row) {
+        const ComboTreeItem& item = *tree.ItemAt(row);
+        rows += (row > 0 ? "|" : "") + std::string(2 * static_cast<std::size_t>(item.GetLevel() - 1), ' ');
+        rows += item.HasChildren() ? item.IsExpanded() ? "-" : "+" : "";
+        rows += (item.IsValue() && ComboTree::IsChecked(item) ? "x" : "") + item.GetLabel();
+    }
+    return rows;
+}
+
 /// The checked and unchecked entries at and under an item; what is shown of them goes to `rows`.
 inline std::pair<int, int> Recount(const ComboTreeItem& item, bool isShown,
                                    std::vector<const ComboTreeItem*>& rows) {
@@ -99,19 +112,7 @@ protected:
         return *list;
     }
 
-    /// The rows with a bar between: two blanks a level, "+" (closed) or "-" (open) before what others stand
-    /// under, "x" before a checked entry.
-    std::string Rows() const {
-        std::string rows;
-        for (int row = 0; row < list->GetItemCount(); ++row) {
-            const ComboTreeItem& item = *list->GetTreeItem(row);
-            rows +=
-                (row > 0 ? "|" : "") + std::string(2 * static_cast<std::size_t>(item.GetLevel() - 1), ' ');
-            rows += item.HasChildren() ? item.IsExpanded() ? "-" : "+" : "";
-            rows += (item.IsValue() && ComboTree::IsChecked(item) ? "x" : "") + item.GetLabel();
-        }
-        return rows;
-    }
+    std::string Rows() const { return RowsOf(list->GetModel().Tree()); }
     ComboTreeItem* Item(const std::string& label) const {
         for (int row = 0; row < list->GetItemCount(); ++row)
             if (list->GetTreeItem(row)->GetLabel() == label)
@@ -153,7 +154,9 @@ protected:
 private:
     void DoOne(const std::string& verb, const std::string& part, const std::string& where) {
         static const std::map<std::string, UINT> keys = {
-            {"up", VK_UP}, {"down", VK_DOWN}, {"left", VK_LEFT}, {"right", VK_RIGHT}, {"space", VK_SPACE}};
+            {"up", VK_UP},         {"down", VK_DOWN},     {"left", VK_LEFT}, {"right", VK_RIGHT},
+            {"space", VK_SPACE},   {"home", VK_HOME},     {"end", VK_END},   {"pageup", VK_PRIOR},
+            {"pagedown", VK_NEXT}, {"delete", VK_DELETE}, {"f2", 0x71}};
         static const std::map<std::string, UINT> messages = {{"press", WM_LBUTTONDOWN},
                                                              {"release", WM_LBUTTONUP},
                                                              {"double", WM_LBUTTONDBLCLK},

@@ -17,6 +17,13 @@ inline CVariantValue TextValue(const std::string& text) {
     return value;
 }
 
+inline CVariantValue GroupValue(IMemberDispatch& object) {
+    CVariantValue value;
+    value.Type = DT_Group;
+    value.Value.Dispatch = &object;
+    return value;
+}
+
 /// An enumeration of the host. A value selects entry 7 when its text holds ",7,".
 class TestEnumeration : public IEnumValue, public EnumImages {
 public:

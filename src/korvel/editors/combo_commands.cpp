@@ -9,6 +9,8 @@ namespace korvel::internal {
 
 namespace {
 
+constexpr UINT F2Key = 0x71;
+
 struct CommandText {
     UINT command;
     int text; // id in the table of texts
@@ -112,6 +114,16 @@ bool ComboCommands::Run(UINT command) {
             return true;
         }
     }
+    return false;
+}
+
+bool ComboCommands::RunByKey(UINT key) {
+    if (m_list.GetMode() == eDropDown || !CurrentItem())
+        return false;
+    if (key == F2Key && IsEnabled(CComboList::eCommandRename, ENF_Rename))
+        return Run(ComboCommandRename);
+    if (key == VK_DELETE && IsEnabled(CComboList::eCommandDelete, ENF_Delete))
+        return Run(ComboCommandDelete);
     return false;
 }
 

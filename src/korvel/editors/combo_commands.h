@@ -27,6 +27,8 @@ public:
     void TrackMenu(CPoint point);
     /// False for a number that is no command, and while nothing is shown.
     bool Run(UINT command);
+    /// F2 renames and Delete removes the current row where the menu would offer it. False for other keys.
+    bool RunByKey(UINT key);
     /// The answer to LVN_BEGINLABELEDIT: 1 forbids the edit.
     LRESULT OnBeginLabelEdit(int row);
     /// The answer to LVN_ENDLABELEDIT: 1 when the row has its new label. `text` is null after Escape.

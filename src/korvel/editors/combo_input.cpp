@@ -6,6 +6,7 @@
 #include "korvel/window/display/display.h"
 #include "korvel/window/display/input.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace korvel::internal {
@@ -21,7 +22,7 @@ UINT FlagsOf(LPARAM data) {
 }
 
 bool IsKeyOfLists(WPARAM key) {
-    return key == VK_SPACE || (key >= VK_LEFT && key <= VK_DOWN);
+    return key >= VK_SPACE && key <= VK_DOWN;
 }
 
 } // namespace
@@ -89,11 +90,14 @@ LRESULT ComboInput::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
     const CPoint point = PointOf(lParam);
     const auto flags = static_cast<UINT>(wParam);
     const bool isDesign = m_list.GetMode() != eDropDown;
-    if (isDesign && m_list.HitTest(point) != -1)
+    const bool passes = isDesign && m_list.HitTest(point) != -1;
+    if (passes)
         PassToList(message, wParam & ~WPARAM{MK_SHIFT | MK_CONTROL}, lParam);
     else if (isDesign && message == WM_LBUTTONDOWN)
         m_list.SetFocus();
     if (const auto state = m_state) {
+        if (passes && message == WM_LBUTTONDBLCLK)
+            state->SetCurrent(m_list.GetNextItem(-1, LVNI_SELECTED)); // the list control has moved it
         if (message == WM_LBUTTONDOWN)
             state->OnLButtonDown(flags, point);
         else if (message == WM_LBUTTONUP)
@@ -176,7 +180,7 @@ int ComboInput::FindRowByText(const TypeAhead::Search& search) const {
 
 LRESULT ComboInput::HandleFocus(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = PassToList(message, wParam, lParam);
-    m_list.RedrawRow(m_list.GetCurrentRow());
+    m_list.RedrawRow(std::max(m_list.GetCurrentRow(), 0));
     m_list.SendParentComboMessage(message == WM_SETFOCUS ? ComboListSetFocus : ComboListKillFocus);
     return result;
 }

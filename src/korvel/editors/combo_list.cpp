@@ -51,6 +51,12 @@ bool CComboList::CreateDropDown(CWnd* owner, int id) {
     return CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", Style, {}, owner, id);
 }
 
+void CComboList::DropBelow(const CRect& field) {
+    m_parts->field = field;
+    m_parts->PlaceBelowField();
+    EnsureVisible(GetCurrentRow(), false);
+}
+
 void CComboList::PreSubclassWindow() {
     ModifyStyle(0, LVS_REPORT | LVS_OWNERDRAWFIXED);
     SetTextSource([this](LPARAM data, int column) {
@@ -158,6 +164,7 @@ void CComboList::UnIntialize() {
 void CComboList::Reset() {
     const ComboTree::KeepItems keep(m_parts->model.Tree());
     m_parts->input.End();
+    m_parts->field.reset();
     m_parts->model.Close();
     while (GetColumnCount() > 0)
         DeleteColumn(0);
@@ -411,6 +418,10 @@ void CComboList::RedrawRow(int row) {
 
 LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const ComboTree::KeepItems keep(m_parts->model.Tree()); // for handlers, whatever the host does meanwhile
+    if (message == WM_KEYDOWN && m_parts->commands.RunByKey(static_cast<UINT>(wParam))) {
+        m_parts->input.DismissPreview();
+        return 0;
+    }
     const auto result = m_parts->input.Handle(message, wParam, lParam);
     if (result)
         return *result;

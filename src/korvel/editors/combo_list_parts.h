@@ -7,6 +7,9 @@
 #include "korvel/editors/combo_model.h"
 #include "korvel/editors/combo_write_back.h"
 
+#include <optional>
+#include <set>
+
 namespace korvel::internal {
 
 /// What a CComboList is made of. The rows of the control follow those of the model.
@@ -16,6 +19,8 @@ struct ComboListParts final : ComboRowSink {
     void OnRowsAdded(ComboTree::RowRange rows) override;
     void OnRowsHidden(ComboTree::RowRange rows) override;
     void OnRowsRemoved(ComboTree::RowRange rows) override;
+    /// As high as the rows need; does nothing without a field.
+    void PlaceBelowField();
 
     CComboList& list;
     ComboModel model;
@@ -25,6 +30,7 @@ struct ComboListParts final : ComboRowSink {
     ComboCommands commands;
     std::set<EDataTyps> sinkTypes;
     HWND owner = nullptr;
+    std::optional<CRect> field; // that the list has dropped below
     IDateFormatChangedImp<CComboList> dateSink;
     IAngleFormatChangedImp<CComboList> angleSink;
     INumberFormatChangedImp<CComboList> numberSink;

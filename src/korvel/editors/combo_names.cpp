@@ -2,6 +2,8 @@
 
 #include "korvel/editors/path_name.h"
 
+#include <iterator>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace korvel::internal {
@@ -10,6 +12,13 @@ namespace {
 
 bool KeepsText(const CVariantValue& value) {
     return value.Type == DT_String || value.Type == DT_FileName;
+}
+
+std::string Joined(const std::list<std::string>& parts, char separator) {
+    std::string path = parts.front();
+    for (auto part = std::next(parts.begin()); part != parts.end(); ++part)
+        path += separator + *part;
+    return path;
 }
 
 } // namespace
@@ -29,6 +38,11 @@ std::string ComboNames::PathOf(const ComboTreeItem& item, char separator) {
         path += **label;
     }
     return path;
+}
+
+std::string ComboNames::PathAbove(const ComboTreeItem& item, char separator) {
+    const std::string path = PathOf(item, separator);
+    return path.substr(0, path.size() - item.GetLabel().size());
 }
 
 std::list<std::string> ComboNames::Segments(const std::string& text, std::optional<char> separator) {
@@ -55,14 +69,16 @@ bool ComboNames::RenameLabel(ComboTreeItem& item, const std::string& label) {
     const auto separator = m_binding.PathSeparator();
     const std::list<std::string> parts =
         separator ? SplitPathName(label, *separator) : std::list<std::string>{label};
-    if (parts.size() != 1 || label.empty())
+    if (parts.empty() || parts.front().empty())
         return false;
-    const std::string path = Path(item);
+    const bool hasOthers = !item.IsValue() || item.HasChildren();
+    if (separator && hasOthers && parts.back().back() == '\\')
+        return false;
+    const char joint = m_binding.Separator();
     if (!item.GetParent())
         return false; // the host has taken it away meanwhile
-    const std::string above = path.substr(0, path.size() - item.GetLabel().size());
-    const std::string newPath = above + parts.front();
-    return item.IsValue() ? RenameValue(item, newPath) : RenameGroup(item, path, newPath);
+    const std::string above = PathAbove(item, joint);
+    return item.IsValue() ? RenameValue(item, above + Joined(parts, joint)) : RenameGroup(item, joint, parts);
 }
 
 // What is under an entry keeps its name, and only seems renamed until the list is built anew: kept. A name
@@ -86,34 +102,73 @@ bool ComboNames::RenameValue(ComboTreeItem& item, const std::string& newPath) {
 }
 
 // A group takes its new label when the enumeration has renamed every entry in it.
-bool ComboNames::RenameGroup(ComboTreeItem& group, const std::string& oldPath, const std::string& newPath) {
+bool ComboNames::RenameGroup(ComboTreeItem& group, char separator, const std::list<std::string>& parts) {
     const BindingWatch bound(m_binding);
-    const char separator = m_binding.Separator();
-    if (!bound)
-        return false;
     const std::string oldLabel = group.GetLabel();
+    const std::string above = PathAbove(group, separator);
+    const std::string newPath = above + Joined(parts, separator);
+    const std::size_t oldSize = above.size() + oldLabel.size();
     std::vector<RenamedEntry> entries;
     for (ComboTreeItem* under = &group; under; under = under->GetNextUnder(group))
         if (under->IsValue())
-            entries.push_back({under, newPath + PathOf(*under, separator).substr(oldPath.size())});
-    bool all = true;
+            entries.push_back({under, newPath + PathOf(*under, separator).substr(oldSize)});
+    bool all = false;
     try {
-        for (RenamedEntry& entry : entries) {
-            entry.isRenamed = entry.item->GetParent() && RenameValue(*entry.item, entry.path);
-            all = all && entry.isRenamed;
-            if (!bound)
-                return false;
-        }
+        all = RenameEntries(entries);
     } catch (...) {
         if (bound)
             SplitGroup(group, oldLabel, entries);
         throw;
     }
+    if (!bound)
+        return false;
     if (!all)
         SplitGroup(group, oldLabel, entries);
+    else if (group.GetParent() && parts.size() == 1)
+        m_tree.SetLabel(group, 0, parts.front());
     else if (group.GetParent())
-        m_tree.SetLabel(group, 0, Segments(newPath, m_binding.PathSeparator()).back());
+        MoveGroup(group, parts);
     return all;
+}
+
+bool ComboNames::RenameEntries(std::vector<RenamedEntry>& entries) {
+    const BindingWatch bound(m_binding);
+    bool all = true;
+    for (RenamedEntry& entry : entries) {
+        entry.isRenamed = entry.item->GetParent() && RenameValue(*entry.item, entry.path);
+        all = all && entry.isRenamed;
+        if (!bound)
+            break;
+    }
+    return all;
+}
+
+// The entries are at their new path already. What is left are groups without entries, which go there too; a
+// group that was moved into itself keeps them.
+void ComboNames::MoveGroup(ComboTreeItem& group, const std::list<std::string>& parts) {
+    const BindingWatch bound(m_binding);
+    ComboTreeItem* target = group.GetParent();
+    bool isInItself = false;
+    for (const std::string& part : parts) {
+        target = bound ? FindOrMakeGroup(target, part) : nullptr;
+        isInItself = isInItself || target == &group;
+    }
+    if (isInItself)
+        return;
+    std::vector<ComboTreeItem*> left;
+    for (ComboTreeItem* under = group.GetFirstChild(); under; under = under->GetNextUnder(group))
+        left.push_back(under);
+    std::unordered_map<const ComboTreeItem*, ComboTreeItem*> places = {{&group, target}};
+    for (const ComboTreeItem* under : left)
+        places[under] = bound ? FindOrMakeGroup(places[under->GetParent()], under->GetLabel()) : nullptr;
+    const bool hasEntries = group.GetChecked() + group.GetUnchecked() > 0;
+    if (bound && group.GetParent() && !hasEntries)
+        m_model.Remove(group);
+}
+
+// Null for a parent that is gone.
+ComboTreeItem* ComboNames::FindOrMakeGroup(ComboTreeItem* parent, const std::string& label) {
+    return parent && m_tree.Contains(*parent) ? &m_model.InsertGroup(*parent, label) : nullptr;
 }
 
 // The entries that were renamed go to their new path; the others stay where they were.

@@ -43,10 +43,15 @@ private:
     };
 
     static std::string PathOf(const ComboTreeItem& item, char separator);
+    /// What comes before the label.
+    static std::string PathAbove(const ComboTreeItem& item, char separator);
     /// At least one: a text that has none is one itself.
     static std::list<std::string> Segments(const std::string& text, std::optional<char> separator);
     bool RenameValue(ComboTreeItem& item, const std::string& newPath);
-    bool RenameGroup(ComboTreeItem& group, const std::string& oldPath, const std::string& newPath);
+    bool RenameGroup(ComboTreeItem& group, char separator, const std::list<std::string>& parts);
+    bool RenameEntries(std::vector<RenamedEntry>& entries);
+    void MoveGroup(ComboTreeItem& group, const std::list<std::string>& parts);
+    ComboTreeItem* FindOrMakeGroup(ComboTreeItem* parent, const std::string& label);
     void SplitGroup(ComboTreeItem& group, const std::string& oldLabel,
                     const std::vector<RenamedEntry>& entries);
     void TakeName(ComboTreeItem& item);

@@ -3,6 +3,8 @@
 #include "korvel/editors/combo_list.h"
 #include "korvel/editors/combo_tree_bitmap.h"
 
+#include <algorithm>
+
 namespace korvel::internal {
 
 namespace {
@@ -43,6 +45,14 @@ void ComboRowPainter::Draw(int row, UINT itemState) {
         DrawIcon(*item, geometry->Icon());
     DrawDispValue(geometry->Label(), item->GetLabel());
     DrawColumns(row, *item);
+    if (HasKeyboard(row))
+        m_dc.DrawFocusRect(geometry->bounds);
+}
+
+// Where no row is current, the arrows begin at the first.
+bool ComboRowPainter::HasKeyboard(int row) const {
+    const bool hasFocus = m_list.GetMode() != eDropDown && GetFocus() == m_list.m_hWnd;
+    return hasFocus && row == std::max(m_list.GetCurrentRow(), 0);
 }
 
 void ComboRowPainter::DrawTree(const ComboTreeItem& item, const ComboRowGeometry& geometry) {

@@ -14,6 +14,7 @@ public:
     void Draw(int row, UINT itemState);
 
 private:
+    bool HasKeyboard(int row) const;
     void DrawTree(const ComboTreeItem& item, const ComboRowGeometry& geometry);
     void DrawTreeButton(bool expanded, const CRect& box);
     void DrawIcon(const ComboTreeItem& item, const CRect& rect);

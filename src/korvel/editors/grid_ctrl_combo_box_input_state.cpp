@@ -3,6 +3,9 @@
 #include "korvel/editors/combo_choice.h"
 #include "korvel/editors/combo_list.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace korvel {
 
 IGridCtrlComboBoxInputState::IGridCtrlComboBoxInputState(CComboList& list)
@@ -29,10 +32,15 @@ void IGridCtrlComboBoxInputState::OnMouseWheel(UINT flags, short delta, CPoint p
 }
 
 void IGridCtrlComboBoxInputState::OnKeyDown(UINT key, UINT, UINT) {
-    if (key == VK_UP)
-        Step(-1);
-    else if (key == VK_DOWN)
-        Step(1);
+    if (!m_pList)
+        return;
+    const int all = m_pList->GetItemCount();
+    const int page = std::max(m_pList->GetCountPerPage(), 1);
+    const std::pair<UINT, int> steps[] = {{VK_UP, -1},   {VK_DOWN, 1},      {VK_HOME, -all},
+                                          {VK_END, all}, {VK_PRIOR, -page}, {VK_NEXT, page}};
+    for (const auto& [stepKey, delta] : steps)
+        if (stepKey == key)
+            return Step(delta);
 }
 
 void IGridCtrlComboBoxInputState::SetCurrent(int row) {
@@ -43,10 +51,11 @@ void IGridCtrlComboBoxInputState::SetCurrent(int row) {
 
 void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
     CComboList* list = m_pList; // who is told of the change may detach this state
-    if (list && row != -1) {
+    if (!list)
+        return;
+    if (row != -1)
         list->SetItemState(row, highlighted ? LVIS_SELECTED : 0, LVIS_SELECTED);
-        list->RedrawRow(row);
-    }
+    list->RedrawRow(std::max(row, 0)); // without a current row, the first shows where the keyboard is
 }
 
 void IGridCtrlComboBoxInputState::RowsAdded(int first, int count) {
