@@ -112,7 +112,7 @@ std::string TakeFormats(const std::filesystem::path& folder, const FormatChoice&
     const fs::path file = folder / "inspector-formats.xml";
     const bool hasFolder = !folder.empty();
     SetAngleUnit(Degrees);
-    const std::string notice = hasFolder ? Load(file) : std::string();
+    std::string notice = hasFolder ? Load(file) : std::string();
     Apply(choice);
     if (choice.IsEmpty() || !hasFolder)
         return notice;

@@ -30,8 +30,8 @@ struct Choice {
     Value value;
 };
 
-template <typename Value, std::size_t count>
-Value Choose(const char* option, const std::string& text, const Choice<Value> (&choices)[count]) {
+template <typename Value, std::size_t Count>
+Value Choose(const char* option, const std::string& text, const Choice<Value> (&choices)[Count]) {
     std::string words;
     for (const Choice<Value>& choice : choices) {
         if (choice.word == text)

@@ -39,8 +39,8 @@ std::optional<FixedPoint> FixedPoint::Of(double value, int decimals) {
     const int exponent = static_cast<int>(bits >> MantissaBits) & ExponentMask;
     if (exponent >= ExponentOfOne + 64)
         return std::nullopt;
-    constexpr std::uint64_t hiddenBit = std::uint64_t{1} << MantissaBits;
-    const std::uint64_t mantissa = (bits & (hiddenBit - 1)) | (exponent == 0 ? 0 : hiddenBit);
+    constexpr std::uint64_t HiddenBit = std::uint64_t{1} << MantissaBits;
+    const std::uint64_t mantissa = (bits & (HiddenBit - 1)) | (exponent == 0 ? 0 : HiddenBit);
     FixedPoint result;
     result.decimals = decimals;
     result.negative = (bits >> 63) != 0;

@@ -144,9 +144,9 @@ void ReadPictures(const icu::Locale& locale, platform::RegionalSettings& setting
 }
 
 // Names that follow each other in ICU's list. False when one of them does not fit into the code page.
-template <std::size_t count>
-bool ReadNames(const icu::UnicodeString* list, int available, std::array<std::string, count>& names) {
-    for (std::size_t i = 0; i < count && static_cast<int>(i) < available; ++i) {
+template <std::size_t Count>
+bool ReadNames(const icu::UnicodeString* list, int available, std::array<std::string, Count>& names) {
+    for (std::size_t i = 0; i < Count && static_cast<int>(i) < available; ++i) {
         std::optional<std::string> name = Fit(list[i]);
         if (!name)
             return false;
