@@ -1,7 +1,6 @@
 #include "desktop/grid_pane.h"
 
 #include "desktop/program_texts.h"
-#include "korvel/platform/code_page.h"
 
 #include <algorithm>
 #include <string_view>
@@ -14,10 +13,6 @@ constexpr CRect FirstPlace = {0, 0, 900, 600}; // until a layout places it
 constexpr int SmallestValueColumn = 120;
 constexpr int GridId = 105;
 constexpr int NameShare = 2; // of fifths of the width
-
-std::string InCodePage(const char* utf8) {
-    return platform::FromUtf8(utf8).text;
-}
 
 // The child whose name begins the path; of several, the one with the longest name.
 grid::CTreeItem* FindStep(const ChildList& children, std::string_view path) {

@@ -1,7 +1,6 @@
 #include "desktop/lists_window.h"
 
 #include "desktop/program_texts.h"
-#include "korvel/platform/code_page.h"
 #include "korvel/values/replace_first.h"
 #include "korvel/window/display/display.h"
 
@@ -21,10 +20,6 @@ constexpr int TextDrop = 5; // a label draws at the top of its rectangle, a fiel
 constexpr UINT RefreshChoice = WM_USER;
 
 enum ControlId { TitleId = 201, TreeId, ListId, ValueId };
-
-std::string InCodePage(std::string_view utf8) {
-    return platform::FromUtf8(std::string(utf8)).text;
-}
 
 // A menu text without the mark of its key.
 std::string Plain(std::string text) {

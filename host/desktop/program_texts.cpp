@@ -1,5 +1,6 @@
 #include "desktop/program_texts.h"
 
+#include "korvel/platform/code_page.h"
 #include "korvel/values/language.h"
 
 namespace korvel::inspector {
@@ -72,6 +73,10 @@ constexpr ProgramTexts GermanTexts = {
 
 const ProgramTexts& TheProgramTexts() {
     return GetLanguageName() == "English" ? EnglishTexts : GermanTexts;
+}
+
+std::string InCodePage(const char* utf8) {
+    return platform::FromUtf8(utf8).text;
 }
 
 } // namespace korvel::inspector

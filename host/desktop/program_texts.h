@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 namespace korvel::inspector {
 
 /// What the inspector itself says, in UTF-8; the library's texts are its own.
@@ -35,5 +37,8 @@ struct ProgramTexts {
 
 /// The texts in the language of the process, which is German when it is not English.
 const ProgramTexts& TheProgramTexts();
+
+/// One of them for a window of the library, in the code page of its texts.
+std::string InCodePage(const char* utf8);
 
 } // namespace korvel::inspector

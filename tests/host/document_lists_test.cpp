@@ -1,6 +1,7 @@
 #include "landxml/document_lists.h"
 #include "landxml/landxml_document.h"
 #include "support/german_machine.h"
+#include "support/test_enumeration.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
@@ -20,13 +21,6 @@ Strings NamesOf(IEnumValue& list) {
         names.push_back(name.Text);
     }
     return names;
-}
-
-CVariantValue TextValue(const std::string& text) {
-    CVariantValue value;
-    value.Type = DT_String;
-    value.Text = text;
-    return value;
 }
 
 class DocumentListsTest : public GermanMachine {
