@@ -5,7 +5,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 
-namespace korvel {
+namespace korvel::internal {
 namespace {
 
 class XmlReader : public testing::Test {
@@ -73,4 +73,4 @@ TEST_F(XmlReader, GivesTheBytesOfTheCharactersOrRefuses) {
 }
 
 } // namespace
-} // namespace korvel
+} // namespace korvel::internal

@@ -10,7 +10,7 @@
 #include <sstream>
 #include <system_error>
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -152,4 +152,4 @@ std::string RequireText(const pugi::xml_node& parent, const char* name) {
     return text == "\n" ? std::string() : BytesOfCharacters(text);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

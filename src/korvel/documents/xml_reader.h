@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// Reading of XML files whose texts are bytes, as CXmlNode writes them.
 ///
@@ -30,4 +30,4 @@ pugi::xml_node RequireChild(const pugi::xml_node& parent, const char* name);
 /// \throws the schema error when there is no such element, or for a character above 255
 std::string RequireText(const pugi::xml_node& parent, const char* name);
 
-} // namespace korvel
+} // namespace korvel::internal

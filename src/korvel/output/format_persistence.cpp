@@ -24,6 +24,10 @@ using internal::DateFormatRecord;
 using internal::FormatNotification;
 using internal::NumberFormat;
 using internal::NumberRecord;
+using internal::ReadXmlFile;
+using internal::RequireChild;
+using internal::RequireText;
+using internal::ThrowSchemaError;
 
 template <typename Record>
 struct SavedRecord {
