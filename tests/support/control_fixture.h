@@ -14,7 +14,7 @@ namespace korvel {
 
 using Codes = std::vector<UINT>;
 
-/// The parent of controls: keeps what they tell, and does at a notice what the test told it to.
+/// The parent of controls: keeps their notices, and does at a notice what the test says.
 class ControlParent : public CWnd {
 public:
     std::vector<unsigned> senders; // control ids

@@ -34,7 +34,7 @@ inline std::string NoticeName(UINT code) {
     return found == names.end() ? std::string() : found->second;
 }
 
-/// The parent of a list: keeps what the list tells and answers as the test says.
+/// The parent of a list: keeps its notices and returns what the test says.
 class ListParent : public CWnd {
 public:
     std::vector<std::string> notices; // "name row"
@@ -62,7 +62,7 @@ protected:
         parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
     }
 
-    // What is still told while the windows go finds no test any more.
+    // Notices that are sent while the windows end find no test any more.
     void TearDown() override {
         parent.answer = nullptr;
         list.DestroyWindow();

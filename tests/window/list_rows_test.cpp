@@ -117,7 +117,7 @@ TEST_F(ListRows, RowsGoQuietlyAndTheEndOfALabelEditIsToldBehind) {
 TEST_F(ListRows, TheAnswerToDeleteAllSuppressesTheSingleNotices) {
     for (const bool quiet : {false, true}) {
         MakeList(3);
-        Choose(1); // no state is told
+        Choose(1); // no notice of a state
         parent.notices.clear();
         parent.answer = [&](const NMLISTVIEW& notice) {
             return notice.hdr.code == LVN_DELETEALLITEMS && quiet;

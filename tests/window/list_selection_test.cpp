@@ -12,7 +12,7 @@ TEST_F(ListSelection, TheNewRowIsAskedFirstAndTheFormerOneHasChangedBeforeIt) {
     Choose(2);
     EXPECT_EQ(parent.Take(), (Notices{"changing 2", "changing 0", "changed 0", "changed 2"}));
     EXPECT_EQ(Selected(), Rows{2});
-    Choose(2); // no change is told
+    Choose(2); // no change, no notice
     EXPECT_EQ(parent.Take(), Notices{});
 }
 

@@ -133,7 +133,7 @@ std::optional<LRESULT> HandleMessage(ButtonState& button, UINT message, WPARAM w
         if (button.Type() == BS_OWNERDRAW)
             DrawOwn(button, *reinterpret_cast<CDC*>(wParam));
         return 0;
-    case WM_KILLFOCUS: // Space may be released somewhere else
+    case WM_KILLFOCUS: // Space may be released in another window
         button.isPressed = false;
         [[fallthrough]];
     case WM_SETFOCUS:

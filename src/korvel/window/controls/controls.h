@@ -5,19 +5,28 @@
 
 namespace korvel {
 
-/// The text field: class "EDIT". Tells its parent EN_UPDATE and EN_CHANGE when the text of a single-line
-/// field changes, EN_SETFOCUS and EN_KILLFOCUS as the focus comes and goes.
+/// The text field: class "EDIT". Sends its parent EN_UPDATE and EN_CHANGE when its text changes (not when the
+/// program sets the text of a field of several lines), EN_MAXTEXT when a text does not fit, EN_SETFOCUS and
+/// EN_KILLFOCUS with the focus. Places are bytes of the text.
+///
+///     edit.LimitText(4);
+///     edit.SetWindowTextA("abcd");
+///     edit.SetSel(1, 3);
+///     edit.ReplaceSel("XYZ");     // "aXYd", after EN_MAXTEXT
 class KORVEL_API CEdit : public CWnd {
 public:
     bool Create(UINT style, const CRect& rect, CWnd* parent, int id);
-    void SetSel(int start, int end); // (0, -1) selects all
+    /// (0, -1) selects all; a start of -1 selects nothing and leaves the caret. Beyond the text: its end.
+    void SetSel(int start, int end);
     void GetSel(int& start, int& end) const;
-    /// EN_MAXTEXT comes first when the limit leaves no room for all of `text`. Nothing in place of nothing is no
-    /// change.
+    /// EN_MAXTEXT is sent first when the limit leaves no room for all of `text`. Nothing in place of nothing is no
+    /// change. Read-only and digits-only do not count.
     void ReplaceSel(const CString& text);
     /// What typing and ReplaceSel may fill; 30000 at first, 0 for 2147483646. SetWindowTextA does not mind it.
     void LimitText(int characters);
+    /// The user can select and copy, but change nothing.
     void SetReadOnly(bool readOnly);
+    /// Whether the text was changed since it was set; not by SetWindowTextA.
     bool GetModify() const;
     void SetModify(bool modified);
 };
@@ -26,7 +35,9 @@ public:
 class KORVEL_API CButton : public CWnd {
 public:
     bool Create(const CString& text, UINT style, const CRect& rect, CWnd* parent, int id);
+    /// 1: checked, 0: not.
     int GetCheck() const;
+    /// Sends no notice. Checking a radio button unchecks the others of its group.
     void SetCheck(int check);
     /// Called with BS_OWNERDRAW (the reflected WM_DRAWITEM).
     virtual void DrawItem(DRAWITEMSTRUCT* item);
@@ -35,6 +46,7 @@ protected:
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 };
 
+/// A text that shows only: class "STATIC".
 class KORVEL_API CStatic : public CWnd {
 public:
     bool Create(const CString& text, UINT style, const CRect& rect, CWnd* parent, int id);

@@ -13,7 +13,7 @@ struct EditUndo {
     bool isTyping = false; // characters typed one after the other are undone together
 };
 
-/// The numbers of the platform: what a new field takes at most, and what stands for no limit.
+/// The numbers of the platform: what a new field takes at most, and what means no limit.
 inline constexpr int DefaultTextLimit = 30000;
 inline constexpr int NoTextLimit = 0x7FFFFFFE;
 

@@ -12,7 +12,7 @@ struct TextRange {
 };
 
 int LengthOf(const EditState& edit);
-/// In order, and inside the text whoever has changed it.
+/// In order, and inside the text even after it was changed.
 TextRange SelectionOf(const EditState& edit);
 /// (0, -1) selects all; a start of -1 selects nothing and leaves the caret.
 void Select(EditState& edit, int start, int end);
@@ -24,7 +24,7 @@ void ReplaceSelection(EditState& edit, CString text, TextOrigin origin);
 void TypeText(EditState& edit, const CString& text);
 /// Removes the selection, or `range` when nothing is selected.
 void EraseByUser(EditState& edit, TextRange range);
-/// WM_SETTEXT: limit, digits-only and read-only do not count; only a single-line field tells it.
+/// WM_SETTEXT: limit, digits-only and read-only do not count; only a single-line field sends notices.
 LRESULT SetText(EditState& edit, WPARAM wParam, LPARAM lParam);
 bool Undo(EditState& edit);
 
