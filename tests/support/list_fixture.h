@@ -20,14 +20,10 @@ using Rows = std::vector<int>;
 /// The names of a list's notices, as the tests read them; the others are not logged.
 inline std::string NoticeName(UINT code) {
     static const std::map<UINT, std::string> names = {
-        {NM_CLICK, "click"},
-        {NM_DBLCLK, "double click"},
-        {NM_RCLICK, "right click"},
-        {LVN_ITEMCHANGING, "changing"},
-        {LVN_ITEMCHANGED, "changed"},
-        {LVN_INSERTITEM, "insert"},
-        {LVN_DELETEITEM, "delete"},
-        {LVN_DELETEALLITEMS, "delete all"},
+        {NM_CLICK, "click"},          {NM_DBLCLK, "double click"},
+        {NM_RCLICK, "right click"},   {LVN_ITEMCHANGING, "changing"},
+        {LVN_ITEMCHANGED, "changed"}, {LVN_INSERTITEM, "insert"},
+        {LVN_DELETEITEM, "delete"},   {LVN_DELETEALLITEMS, "delete all"},
         {LVN_BEGINDRAG, "drag"},
     };
     const auto found = names.find(code);
