@@ -1,6 +1,6 @@
 #include "korvel/grid/row_icons.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 namespace {
 
@@ -73,4 +73,4 @@ const CImageList& RowIcons() {
     return icons;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -2,7 +2,7 @@
 
 #include "korvel/window/base/image_list.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The places in RowIcons.
 enum RowIcon : int { RowIconPlain = 0, RowIconGroup = 1, RowIconMember = 2 };
@@ -11,4 +11,4 @@ enum RowIcon : int { RowIconPlain = 0, RowIconGroup = 1, RowIconMember = 2 };
 /// mid tones that stand out on light and on dark ground.
 const CImageList& RowIcons();
 
-} // namespace korvel
+} // namespace korvel::internal

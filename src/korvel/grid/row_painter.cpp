@@ -36,10 +36,6 @@ COLORREF Midway(COLORREF first, COLORREF second) {
                (GetBValue(first) + GetBValue(second)) / 2);
 }
 
-bool IsSwatch(CItemInfo::CONTROLTYPE control) {
-    return control == CItemInfo::ctColor || control == CItemInfo::ctColorAlpha;
-}
-
 // The colour of a swatch with its opacity in the top byte.
 COLORREF SwatchColor(const CItemInfo& info, int cell) {
     constexpr COLORREF Opaque = 0xFF000000;
@@ -112,7 +108,7 @@ COLORREF RowPainter::GroundOf(int column) const {
     if (m_isSelected)
         return GetSysColor(m_hasFocus ? COLOR_HIGHLIGHT : COLOR_BTNFACE);
     const CItemInfo& info = *m_node->info;
-    if (column > 0 && !IsSwatch(info.GetControlType(column - 1)))
+    if (column > 0 && !CItemInfo::IsSwatch(info.GetControlType(column - 1)))
         if (const COLORREF color = info.GetCellColor(column - 1); color != CItemInfo::NoColor)
             return color & 0xFFFFFF;
     return info.rowColor != CItemInfo::NoColor ? info.rowColor & 0xFFFFFF : GetSysColor(COLOR_WINDOW);

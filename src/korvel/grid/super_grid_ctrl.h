@@ -33,6 +33,10 @@ class TreeRows;
 /// Rows store no texts; they show those of their node's CItemInfo at the time. Operations tolerate null
 /// nodes, hidden nodes and a missing window: what can be done to the tree is done. Only for the thread of
 /// the windows.
+///
+/// Whatever the grid calls (an overridden operation, a handler of its notices, a painter) may change the
+/// tree, destroy the window or throw: the rows are those of the tree afterwards. It must not delete the
+/// grid's object.
 class KORVEL_API CSuperGridCtrl : public CListCtrl {
 public:
     using CTreeItem = grid::CTreeItem;

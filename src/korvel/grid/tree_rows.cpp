@@ -61,9 +61,11 @@ TreeRows::CTreeItem* TreeRows::NodeAt(int row) const {
 }
 
 TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, CItemInfo* info, int position) {
-    NodePtr node = MakeNode(info);
+    std::unique_ptr<CItemInfo> blank(info ? nullptr : new CItemInfo);
+    auto node = std::make_unique<CTreeItem>(info ? info : blank.get());
     BeginChange();
     (parent ? parent : m_forest.get())->InsertChild(position, node.get());
+    blank.release();
     return node.release();
 }
 

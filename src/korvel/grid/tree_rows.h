@@ -36,7 +36,7 @@ public:
     CTreeItem* NodeAt(int row) const;
 
     // A node is added in two steps: who files it does so between them.
-    /// Takes `info` over; null makes a blank one. Without `parent` a root; a `position` outside the siblings
+    /// Takes `info` over, unless it throws; null makes a blank one. Without `parent` a root; a `position` outside the siblings
     /// appends.
     CTreeItem* Link(CTreeItem* parent, CItemInfo* info, int position);
     void Show(const CTreeItem* node);
