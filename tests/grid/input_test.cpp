@@ -24,15 +24,15 @@ TEST_F(GridInput, KeysOpenAndCloseTheSelectedRow) {
     grid.SetFocus();
     for (const UINT key : {VK_ADD, VK_MULTIPLY, VK_SUBTRACT, VK_DELETE, VK_RETURN})
         Press(grid, key); // no row is selected
-    EXPECT_EQ(Lines(), grid.Take());
+    EXPECT_EQ(grid.Take(), Lines());
     Select(grid, 0);
     Press(grid, VK_ADD);
-    EXPECT_EQ(Lines({"a|value", " a1|", " a2|", "b|value"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"a|value", " a1|", " a2|", "b|value"}));
     Press(grid, VK_MULTIPLY);
-    EXPECT_EQ(Lines({"a|value", " a1|", "  a1x|", " a2|", "  a2x|", "b|value"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"a|value", " a1|", "  a1x|", " a2|", "  a2x|", "b|value"}));
     Press(grid, VK_SUBTRACT);
-    EXPECT_EQ(Lines({"a|value", "b|value"}), Rows(grid));
-    EXPECT_EQ(Lines({"expand key a 0", "expand all a 0", "collapse key a 0"}), grid.Take());
+    EXPECT_EQ(Rows(grid), Lines({"a|value", "b|value"}));
+    EXPECT_EQ(grid.Take(), Lines({"expand key a 0", "expand all a 0", "collapse key a 0"}));
 }
 
 TEST_F(GridInput, WhatIsRefusedLeavesTheTreeAsItWas) {
@@ -51,7 +51,7 @@ TEST_F(GridInput, WhatIsRefusedLeavesTheTreeAsItWas) {
             Press(grid, key);
         else
             Click(grid, Sign(row, row ? 2 : 1));
-        EXPECT_EQ(before, Rows(grid)) << hook;
+        EXPECT_EQ(Rows(grid), before) << hook;
     }
 }
 
@@ -67,8 +67,8 @@ TEST_F(GridInput, DeleteTakesTheRowWithAllBelowAndSelectsItsPlace) {
     for (const auto& [border, selected, left, selectedAfter] : rows) {
         Select(grid, selected);
         Press(grid, VK_DELETE);
-        EXPECT_EQ(left, Rows(grid)) << border;
-        EXPECT_EQ(selectedAfter, SelectedRow(grid)) << border;
+        EXPECT_EQ(Rows(grid), left) << border;
+        EXPECT_EQ(SelectedRow(grid), selectedAfter) << border;
     }
 }
 
@@ -76,43 +76,68 @@ TEST_F(GridInput, CheckBoxesToggleNothingElseAndChecksComeWithTheirNodes) {
     CTreeItem* first = grid.NodeAtRow(0);
     Select(grid, 0);
     Press(grid, VK_SPACE);
-    EXPECT_EQ(0, first->info->checked); // there are no check boxes
+    EXPECT_EQ(first->info->checked, 0); // there are no check boxes
     grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
     Press(grid, VK_SPACE);
-    EXPECT_TRUE(first->info->checked && grid.GetCheck(0));
+    EXPECT_TRUE(first->info->checked);
+    EXPECT_TRUE(grid.GetCheck(0));
     const CPoint box{16 + 8, Middle(0)};
     Click(grid, box);
-    EXPECT_FALSE(first->info->checked || grid.GetCheck(0));
+    EXPECT_FALSE(first->info->checked);
+    EXPECT_FALSE(grid.GetCheck(0));
     Click(grid, box, WM_LBUTTONDBLCLK);
-    EXPECT_TRUE(first->info->checked && grid.GetCheck(0));
-    EXPECT_EQ(Lines({"click a 0"}), grid.Take());
+    EXPECT_TRUE(first->info->checked);
+    EXPECT_TRUE(grid.GetCheck(0));
+    EXPECT_EQ(grid.Take(), Lines({"click a 0"}));
     first->children().back()->info->checked = 1;
     Open(0);
     EXPECT_FALSE(grid.GetCheck(1));
     EXPECT_TRUE(grid.GetCheck(2));
 }
 
+// The list alone would toggle the row with the focus.
+TEST_F(GridInput, SpaceTogglesTheSelectedRowWhereTheFocusIsOnAnother) {
+    grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    const auto expectChecked = [&](int row, bool checked) {
+        SCOPED_TRACE(row);
+        EXPECT_EQ(grid.NodeAtRow(row)->info->checked != 0, checked);
+        EXPECT_EQ(grid.GetCheck(row), checked);
+    };
+    Select(grid, 1);
+    grid.SetItemState(0, LVIS_FOCUSED, LVIS_FOCUSED);
+    const std::size_t drawn = display.PaintWindow(grid.m_hWnd).size();
+    Press(grid, VK_SPACE);
+    expectChecked(0, false);
+    expectChecked(1, true);
+    EXPECT_GT(display.PaintWindow(grid.m_hWnd).size(), drawn) << "the mark is drawn";
+    grid.SetItemState(1, 0, LVIS_SELECTED);
+    Press(grid, VK_SPACE);
+    expectChecked(0, false);
+    expectChecked(1, true);
+    EXPECT_EQ(SelectedRow(grid), -1);
+}
+
 TEST_F(GridInput, AClickOnTheSignTogglesAndOneBesideItReachesTheCell) {
     Click(grid, Sign(0, 1));
-    EXPECT_EQ(Lines({"click a 0", "expanding a 0", "expanded a 0"}), grid.Take());
+    EXPECT_EQ(grid.Take(), Lines({"click a 0", "expanding a 0", "expanded a 0"}));
     Click(grid, Sign(1, 2));
-    EXPECT_EQ(Lines({"click a1 1", "expanding a1 1", "expanded a1 1"}), grid.Take());
+    EXPECT_EQ(grid.Take(), Lines({"click a1 1", "expanding a1 1", "expanded a1 1"}));
     Click(grid, Sign(2, 3)); // no sign stands there
-    EXPECT_EQ(Lines({"click a1x 2", "cell 0 a1x 2"}), grid.Take());
+    EXPECT_EQ(grid.Take(), Lines({"click a1x 2", "cell 0 a1x 2"}));
     Click(grid, Sign(0, 1));
-    EXPECT_EQ(Lines({"click a 0", "collapsing a 0", "collapsed a 0"}), grid.Take());
+    EXPECT_EQ(grid.Take(), Lines({"click a 0", "collapsing a 0", "collapsed a 0"}));
 
     Click(grid, Value(1));
-    EXPECT_EQ(Lines({"click b 1", "cell 1 b 1"}), grid.Take());
-    EXPECT_EQ(1, SelectedRow(grid));
-    EXPECT_EQ(1, grid.GetCurrentColumn());
-    EXPECT_EQ(grid.m_hWnd, GetFocus());
+    EXPECT_EQ(grid.Take(), Lines({"click b 1", "cell 1 b 1"}));
+    EXPECT_EQ(SelectedRow(grid), 1);
+    EXPECT_EQ(grid.GetCurrentColumn(), 1);
+    EXPECT_EQ(GetFocus(), grid.m_hWnd);
     grid.refused = "click";
     Click(grid, Label(0));
-    EXPECT_EQ(Lines({"click a 0"}), grid.Take());
-    EXPECT_EQ(1, SelectedRow(grid));
+    EXPECT_EQ(grid.Take(), Lines({"click a 0"}));
+    EXPECT_EQ(SelectedRow(grid), 1);
     Click(grid, Label(5)); // below the rows
-    EXPECT_EQ(Lines(), grid.Take());
+    EXPECT_EQ(grid.Take(), Lines());
 }
 
 // A double click that collapses scrolls to the top, a click on the sign stays where it is.
@@ -132,7 +157,30 @@ TEST_F(GridInput, CollapsingByDoubleClickScrollsToTheTop) {
     EXPECT_GT(grid.GetTopIndex(), 0);
     Click(grid, Label(row - grid.GetTopIndex()), WM_LBUTTONDBLCLK);
     EXPECT_TRUE(last->collapsed());
-    EXPECT_EQ(0, grid.GetTopIndex());
+    EXPECT_EQ(grid.GetTopIndex(), 0);
+}
+
+TEST_F(GridInput, ARefusedSelectionKeepsTheFormerOne) {
+    frame.DestroyWindow();
+    class RefusingFrame : public CWnd {
+        bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+            const auto& notice = *reinterpret_cast<const NMLISTVIEW*>(lParam);
+            *result = 1;
+            return (notice.hdr.code == LVN_ITEMCHANGING && notice.iItem == 1) ||
+                   CWnd::OnNotify(wParam, lParam, result);
+        }
+    } refusing;
+    refusing.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
+    HookedGrid asking;
+    asking.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &refusing, 105);
+    asking.InsertColumn(0, "Name", 150);
+    Add(asking, nullptr, "a");
+    Add(asking, nullptr, "b");
+    Select(asking, 0);
+    Press(asking, VK_DOWN);
+    Click(asking, Label(1));
+    EXPECT_EQ(SelectedRow(asking), 0);
+    EXPECT_EQ(asking.GetNextItem(-1, LVNI_FOCUSED), 0);
 }
 
 TEST_F(GridInput, ArrowsMoveTheColumnWithinTheHeaderAndIntoView) {
@@ -140,7 +188,7 @@ TEST_F(GridInput, ArrowsMoveTheColumnWithinTheHeaderAndIntoView) {
     grid.SetColumnWidth(1, 400); // the list is 300 wide
     for (const auto& [key, column] : {std::pair(VK_LEFT, 0), {VK_RIGHT, 1}, {VK_RIGHT, 1}, {VK_LEFT, 0}}) {
         Press(grid, key);
-        EXPECT_EQ(column, grid.GetCurrentColumn());
+        EXPECT_EQ(grid.GetCurrentColumn(), column);
         CRect cell;
         grid.GetSubItemRect(0, column, LVIR_LABEL, &cell);
         EXPECT_TRUE(column == 0 ? cell.right == 150 : cell.left == 0) << cell.left;
@@ -158,7 +206,7 @@ TEST_F(GridInput, ReturnEditsTheCurrentCellOfABareGrid) {
         Press(grid, VK_RETURN);
         edit = GetFocus();
         ASSERT_NE(grid.m_hWnd, edit);
-        EXPECT_EQ("value", GetWindowTextA(edit));
+        EXPECT_EQ(GetWindowTextA(edit), "value");
         SetWindowTextA(edit, "typed");
     };
     for (const auto& [border, ending, text] : rows) {
@@ -168,14 +216,14 @@ TEST_F(GridInput, ReturnEditsTheCurrentCellOfABareGrid) {
             input::Key(edit, WM_KEYDOWN, ending, "");
         else
             SetFocus(frame.m_hWnd);
-        EXPECT_EQ(text, grid.NodeAtRow(1)->info->GetSubItem(0)) << border;
+        EXPECT_EQ(grid.NodeAtRow(1)->info->GetSubItem(0), text) << border;
         EXPECT_FALSE(IsWindowVisible(edit)) << border;
     }
     ASSERT_NO_FATAL_FAILURE(beginEdit(0)); // an edit does not outlive its row, nor the grid its edit
     grid.RemoveRootNode(grid.NodeAtRow(0));
     grid.RebuildRows();
     input::Key(edit, WM_KEYDOWN, VK_RETURN, "");
-    EXPECT_EQ(Lines({"b|typed"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"b|typed"}));
     Press(grid, VK_RETURN);
     grid.DestroyWindow();
 }
@@ -190,12 +238,12 @@ TEST_F(GridInput, ARowThatIsDroppedOnAnotherMovesBelowIt) {
     };
     drag(0, 1); // into itself
     drag(1, 0); // to where it is
-    EXPECT_EQ(Lines({"a|value", " a1|", " a2|", "b|value"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"a|value", " a1|", " a2|", "b|value"}));
     drag(1, 3);
-    EXPECT_EQ(Lines({"a|value", " a2|", "b|value"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"a|value", " a2|", "b|value"}));
     grid.ExpandSubtree(grid.NodeAtRow(2)->children().back(), nullptr);
-    EXPECT_EQ(1, grid.NodeAtRow(2)->children().back()->children().size());
-    EXPECT_EQ(nullptr, GetCapture());
+    EXPECT_EQ(grid.NodeAtRow(2)->children().back()->children().size(), 1);
+    EXPECT_EQ(GetCapture(), nullptr);
 }
 
 TEST_F(GridTest, AClickInAnAttributeGridLeadsToTheMemberOfTheCell) {
@@ -211,17 +259,17 @@ TEST_F(GridTest, AClickInAnAttributeGridLeadsToTheMemberOfTheCell) {
     Click(grid, {150, Middle(3)});
     grid.SetAllowEdit(false);
     Click(grid, {250, Middle(1)});
-    EXPECT_EQ("1:1 point.x 3:0 root.name ", grid.edits);
+    EXPECT_EQ(grid.edits, "1:1 point.x 3:0 root.name ");
 
     Select(grid, 1); // rows are neither deleted nor dragged nor renamed
     Press(grid, VK_DELETE);
     input::Mouse(grid.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, Label(3));
     input::Mouse(grid.m_hWnd, WM_MOUSEMOVE, MK_LBUTTON, Label(0));
     input::Mouse(grid.m_hWnd, WM_LBUTTONUP, 0, Label(0));
-    EXPECT_EQ(nullptr, grid.EditLabel(1));
+    EXPECT_EQ(grid.EditLabel(1), nullptr);
     Press(grid, VK_RETURN);
-    EXPECT_EQ(grid.m_hWnd, GetFocus());
-    EXPECT_EQ(before, Rows(grid));
+    EXPECT_EQ(GetFocus(), grid.m_hWnd);
+    EXPECT_EQ(Rows(grid), before);
 
     grid.Clear();
     grid.SetAllowEdit(true);
@@ -230,7 +278,7 @@ TEST_F(GridTest, AClickInAnAttributeGridLeadsToTheMemberOfTheCell) {
     grid.Initialize(&root, "", "", 0);
     grid.edits.clear();
     Click(grid, {250, Middle(0)});
-    EXPECT_EQ("0:2 point.y ", grid.edits);
+    EXPECT_EQ(grid.edits, "0:2 point.y ");
 }
 
 } // namespace

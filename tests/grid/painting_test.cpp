@@ -1,6 +1,7 @@
 #include "korvel/grid/cell_geometry.h"
 #include "support/grid_fixture.h"
 
+#include <functional>
 #include <set>
 
 namespace korvel {
@@ -33,18 +34,18 @@ TEST_F(Painting, TextsTakeTheColourOfTheirState) {
     Select(grid, 1);
     Press(grid, VK_RIGHT);
     const Picture picture = Paint();
-    EXPECT_EQ(0x111111u, picture.FindText("enabled")->color);
-    EXPECT_EQ(0x777777u, picture.FindText("disabled")->color);
-    EXPECT_EQ(0x111111u, picture.FindText("protected")->color); // the name is not greyed
-    EXPECT_EQ(0xEEEEEEu, picture.FindText("selected")->color);
-    EXPECT_EQ(0xAA0000u, picture.At(MiddleOf(Cell(1, 1))));
+    EXPECT_EQ(picture.FindText("enabled")->color, 0x111111u);
+    EXPECT_EQ(picture.FindText("disabled")->color, 0x777777u);
+    EXPECT_EQ(picture.FindText("protected")->color, 0x111111u); // the name is not greyed
+    EXPECT_EQ(picture.FindText("selected")->color, 0xEEEEEEu);
+    EXPECT_EQ(picture.At(MiddleOf(Cell(1, 1))), 0xAA0000u);
     EXPECT_TRUE(std::any_of(picture.calls.begin(), picture.calls.end(), [&](const PaintCall& call) {
         return call.kind == PaintCall::Kind::Frame && call.rect == Cell(1, 1) && call.color == 0xC0;
     })) << "around the focus cell";
     SetFocus(frame.m_hWnd);
     const Picture unfocused = Paint();
-    EXPECT_EQ(0x222222u, unfocused.FindText("selected")->color);
-    EXPECT_EQ(0xCCCCCCu, unfocused.At(MiddleOf(Cell(1, 1))));
+    EXPECT_EQ(unfocused.FindText("selected")->color, 0x222222u);
+    EXPECT_EQ(unfocused.At(MiddleOf(Cell(1, 1))), 0xCCCCCCu);
 }
 
 TEST_F(Painting, SwatchesShowTheirColourAndLetTheGroundThrough) {
@@ -56,14 +57,14 @@ TEST_F(Painting, SwatchesShowTheirColourAndLetTheGroundThrough) {
     Bind(root);
     const Picture picture = Paint();
     const auto swatch = [&](int row) { return picture.At(MiddleOf(LeftSquare(Cell(row, 1)))); };
-    EXPECT_EQ(0x3366FFu, swatch(0));
-    EXPECT_EQ(0xFFFFFFu, swatch(1));
-    EXPECT_EQ(0x3366FFu, swatch(3));
+    EXPECT_EQ(swatch(0), 0x3366FFu);
+    EXPECT_EQ(swatch(1), 0xFFFFFFu);
+    EXPECT_EQ(swatch(3), 0x3366FFu);
     std::set<COLORREF> tiles;
     const CRect square = LeftSquare(Cell(2, 1));
     for (int x = square.left + 3; x < square.right - 3; ++x)
         tiles.insert(picture.At({x, square.top + 5}));
-    EXPECT_EQ((std::set<COLORREF>{0x4F4F4F, 0x7F7F7F}), tiles); // half black over grey and white
+    EXPECT_EQ(tiles, (std::set<COLORREF>{0x4F4F4F, 0x7F7F7F})); // half black over grey and white
     EXPECT_GE(picture.FindText("0x3366ff")->rect.left, LeftSquare(Cell(0, 1)).right);
 }
 
@@ -73,11 +74,11 @@ TEST_F(Painting, TextOnARowOfItsOwnColourStaysReadable) {
     grid.NodeAtRow(0)->info->rowColor = 0x400000;
     grid.NodeAtRow(1)->info->SetCellColor(0, 0x80FFFF);
     const Picture picture = Paint();
-    EXPECT_EQ(0x400000u, picture.At(MiddleOf(Cell(0, 1))));
-    EXPECT_EQ(0xFFFFFFu, picture.FindText("on dark")->color);
-    EXPECT_EQ(0x80FFFFu, picture.At(MiddleOf(Cell(1, 1))));
-    EXPECT_EQ(0x000000u, picture.FindText("on light")->color);
-    EXPECT_EQ(0xFFFFFFu, picture.At(MiddleOf(Cell(1, 0))));
+    EXPECT_EQ(picture.At(MiddleOf(Cell(0, 1))), 0x400000u);
+    EXPECT_EQ(picture.FindText("on dark")->color, 0xFFFFFFu);
+    EXPECT_EQ(picture.At(MiddleOf(Cell(1, 1))), 0x80FFFFu);
+    EXPECT_EQ(picture.FindText("on light")->color, 0x000000u);
+    EXPECT_EQ(picture.At(MiddleOf(Cell(1, 0))), 0xFFFFFFu);
 }
 
 TEST_F(Painting, SignsStandWhereRowsCanExpandAndTellTheirState) {
@@ -90,10 +91,10 @@ TEST_F(Painting, SignsStandWhereRowsCanExpandAndTellTheirState) {
         return Paint().Count(PaintCall::Kind::Fill,
                              {bounds.left, bounds.top + 1, bounds.left + 16, bounds.bottom});
     };
-    EXPECT_EQ(3, bars(0)); // ground, both bars of the plus
-    EXPECT_EQ(0, bars(1));
+    EXPECT_EQ(bars(0), 3); // ground, both bars of the plus
+    EXPECT_EQ(bars(1), 0);
     grid.ExpandNode(grid.NodeAtRow(0), 0);
-    EXPECT_EQ(2, bars(0)); // a minus
+    EXPECT_EQ(bars(0), 2); // a minus
 }
 
 TEST_F(Painting, ButtonsStandOnlyWhereAPressDoesSomething) {
@@ -110,7 +111,7 @@ TEST_F(Painting, ButtonsStandOnlyWhereAPressDoesSomething) {
         Bind(object);
         const Picture picture = Paint();
         const PaintCall* drawn = picture.FindText(face);
-        ASSERT_EQ(isDrawn, drawn != nullptr) << name;
+        ASSERT_EQ(drawn != nullptr, isDrawn) << name;
         EXPECT_TRUE(!drawn || drawn->rect.left >= Cell(0, 1).right - 2 * Cell(0, 1).Height()) << name;
         grid.Clear();
     }
@@ -123,12 +124,12 @@ TEST_F(Painting, CheckBoxesShowTheObjectsFlagAsItIsNow) {
     Make(checked);
     checked.Initialize(&root, "Name", "Value", 0);
     const auto state = [&](int row) { return checked.GetCheckState(checked.NodeAtRow(row), 1); };
-    EXPECT_EQ(DFCS_BUTTONCHECK | DFCS_CHECKED, state(0));
-    EXPECT_EQ(DFCS_BUTTONCHECK, state(1));
-    EXPECT_EQ(DFCS_BUTTONCHECK | DFCS_CHECKED, state(2));
-    EXPECT_EQ(DFCS_BUTTONCHECK | DFCS_CHECKED | DFCS_INACTIVE, state(3));
+    EXPECT_EQ(state(0), DFCS_BUTTONCHECK | DFCS_CHECKED);
+    EXPECT_EQ(state(1), DFCS_BUTTONCHECK);
+    EXPECT_EQ(state(2), DFCS_BUTTONCHECK | DFCS_CHECKED);
+    EXPECT_EQ(state(3), DFCS_BUTTONCHECK | DFCS_CHECKED | DFCS_INACTIVE);
     root.SetMember("on", Flag(false));
-    EXPECT_EQ(DFCS_BUTTONCHECK, state(0));
+    EXPECT_EQ(state(0), DFCS_BUTTONCHECK);
 }
 
 TEST_F(Painting, OnlyWhatIsOnScreenIsRepainted) {
@@ -151,6 +152,64 @@ TEST_F(Painting, NarrowAndEmptyCellsAreHarmless) {
         grid.SetColumnWidth(1, width);
         for (const PaintCall& call : Paint().calls)
             EXPECT_LE(call.rect.left, call.rect.right) << width;
+    }
+}
+
+/// A grid whose host does something whenever it is asked how a row looks.
+class MeddlingGrid : public CSuperGridCtrl {
+public:
+    std::string at;
+    std::function<void()> act;
+
+    int GetIcon(const CTreeItem*) override { return Meddle("icon"), 0; }
+    COLORREF GetFocusCellColor() override { return Meddle("focus color"), 0; }
+    UINT GetCheckState(const CTreeItem*, int) override { return Meddle("check state"), 0u; }
+    void DrawSpezialItem(CDC&, const CTreeItem*, int, const CRect&) override { Meddle("after a cell"); }
+    void DrawThemedFrame(CDC& dc, const CRect& rect, UINT type, UINT state) override {
+        CSuperGridCtrl::DrawThemedFrame(dc, rect, type, state);
+        Meddle("frame");
+    }
+
+private:
+    void Meddle(const std::string& place) {
+        if (place == at)
+            if (const auto once = std::exchange(act, nullptr))
+                once();
+    }
+};
+
+TEST_F(GridTest, ARowMayBeRemovedByWhoeverIsAskedHowItLooks) {
+    CImageList icons(20, 20);
+    icons.Add(Image{20, 20, std::vector<std::uint32_t>(400, 0xFF000000)});
+    for (const char* place : {"icon", "focus color", "check state", "after a cell", "frame"}) {
+        for (const char* deed : {"remove", "clear", "images", "destroy", "add"}) {
+            SCOPED_TRACE(place + std::string(": ") + deed);
+            MeddlingGrid grid;
+            MakeBare(grid);
+            grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
+            for (const char* name : {"first", "second"}) {
+                CTreeItem* node = Add(grid, nullptr, name, {"value"});
+                node->info->SetControlType(0, CItemInfo::ctCheck);
+                Add(grid, node, "below");
+            }
+            grid.ExpandAll();
+            Select(grid, 0);
+            grid.at = place;
+            grid.act = [&, deed = std::string(deed)] {
+                if (deed == "remove" || deed == "clear")
+                    grid.RemoveRootNode(grid.rootItems().front());
+                if (deed == "clear")
+                    grid.RebuildRows();
+                if (deed == "images")
+                    grid.SetImageList(&icons);
+                if (deed == "destroy")
+                    grid.DestroyWindow();
+                if (deed == "add")
+                    Add(grid, nullptr, "new", {}, 0);
+            };
+            display.PaintWindow(grid.m_hWnd);
+            EXPECT_FALSE(grid.act) << "it was asked";
+        }
     }
 }
 

@@ -1,195 +1,165 @@
 #include "support/grid_fixture.h"
 
-#include <random>
+#include <functional>
+#include <stdexcept>
 
 namespace korvel {
 namespace {
 
-class TreeModel : public GridTest {
-protected:
-    TreeModel() { MakeBare(grid); }
+TEST(SuperGridCtrl, NodesThatDoNotFitAnOperationAreRefused) {
+    CSuperGridCtrl grid; // a tree needs no window
+    CSuperGridCtrl other;
+    CSuperGridCtrl::CTreeItem* top = grid.AddRootNode(nullptr, nullptr);
+    CSuperGridCtrl::CTreeItem* child = grid.AddChildNode(top, nullptr, 1, nullptr);
+    CSuperGridCtrl::CTreeItem* foreign = other.AddRootNode(nullptr, nullptr);
+    EXPECT_EQ(grid.RemoveNode(top), 0);
+    EXPECT_EQ(grid.RemoveNode(nullptr), 0);
+    EXPECT_EQ(grid.RemoveRootNode(child), 0);
+    EXPECT_EQ(grid.RemoveRootNode(foreign), 0);
+    EXPECT_EQ(grid.RowOfNode(foreign), -1);
+    EXPECT_EQ(grid.AddChildNode(nullptr, nullptr, 1, nullptr), nullptr);
+    EXPECT_EQ(grid.RemoveNode(child), 1);
+    EXPECT_EQ(grid.RemoveRootNode(top), 1);
+    EXPECT_TRUE(grid.rootItems().empty());
+}
 
-    CTreeItem* Add(CTreeItem* parent, const std::string& text, std::vector<std::string> cells = {},
-                   int position = -1) {
-        return GridTest::Add(grid, parent, text, std::move(cells), position);
-    }
-    const ChildList& FamilyOf(const CTreeItem* parent) {
-        return parent ? parent->children() : grid.rootItems();
-    }
-
-    // The caller's part of a removal, as the operations leave it to the caller.
-    void RemoveWithRows(CTreeItem* node) {
-        if (const int row = grid.RowOfNode(node); row >= 0) {
-            grid.HideSubtree(node, 0, row + 1);
-            grid.DeleteItem(row);
-        }
-        EXPECT_EQ(1, node->parent() ? grid.RemoveNode(node) : grid.RemoveRootNode(node));
-        grid.RenumberRows();
-    }
-
-    // The rows are what a walk meets that steps over the children of collapsed nodes.
-    void ExpectRows() {
-        all.clear();
-        int row = 0;
-        ASSERT_NO_FATAL_FAILURE(Walk(grid.rootItems(), true, row));
-        ASSERT_EQ(row, grid.GetItemCount());
-    }
-
+TEST_F(GridTest, RebuildDropsRowsThatNoNodeHasAndRowsOfRemovedNodesAreHarmless) {
     CSuperGridCtrl grid;
-    std::vector<CTreeItem*> all; // nodes that the last walk met, and those that it stepped over
+    MakeBare(grid);
+    Add(grid, nullptr, "second", {"2"});
+    CTreeItem* first = Add(grid, nullptr, "first", {"1"}, 0);
+    CTreeItem* below = Add(grid, first, "below");
+    CTreeItem* last = Add(grid, nullptr, "last");
+    grid.ExpandNode(first, 0);
+    EXPECT_EQ(Rows(grid), Lines({"first|1", " below|", "second|2", "last|"}))
+        << "moved rows show their own texts";
+    EXPECT_EQ(grid.RemoveNode(below), 1);
+    EXPECT_EQ(grid.RemoveRootNode(last), 1);
+    EXPECT_EQ(Rows(grid), Lines({"first|1", " |", "second|2", "|"})) << "the list is the caller's";
+    display.PaintWindow(grid.m_hWnd);
+    grid.RebuildRows();
+    EXPECT_EQ(Rows(grid), Lines({"first|1", "second|2"}));
+}
 
-private:
-    void Walk(const ChildList& family, bool isShown, int& row) {
-        for (CTreeItem* node : family) {
-            all.push_back(node);
-            ASSERT_EQ(isShown ? row : -1, grid.RowOfNode(node));
-            if (isShown) {
-                ASSERT_EQ(node->indent(), grid.GetItemIndent(row));
-                ASSERT_EQ(node, grid.NodeAtRow(row++));
-            }
-            ASSERT_NO_FATAL_FAILURE(Walk(node->children(), isShown && !node->collapsed(), row));
+/// A grid that hears of its own rows.
+class NoticedGrid : public CSuperGridCtrl {
+public:
+    using CSuperGridCtrl::TakeNode;
+    std::function<void(const NMLISTVIEW&)> onNotice;
+
+protected:
+    bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+        if (message == WM_NOTIFY && onNotice) {
+            const auto& notice = *reinterpret_cast<const NMLISTVIEW*>(lParam);
+            if (notice.hdr.code == LVN_DELETEITEM || notice.hdr.code == LVN_ITEMCHANGED)
+                onNotice(notice);
         }
+        return CSuperGridCtrl::OnChildNotify(message, wParam, lParam, result);
     }
 };
 
-TEST_F(TreeModel, RowsAreThePreorderOfTheShownNodesThroughoutRandomOperations) {
-    std::mt19937 random(7);
-    const auto below = [&](std::size_t bound) { return static_cast<int>(random() % bound); };
-    for (int step = 0; step < 3000; ++step) {
-        SCOPED_TRACE(step);
-        CTreeItem* some = all.empty() ? nullptr : all[random() % all.size()];
-        const int kind = some ? below(12) : 0;
-        if (kind < 6) {
-            CTreeItem* parent = kind > 0 ? some : nullptr;
-            const int size = FamilyOf(parent).size();
-            const int position = below(4) ? -1 : below(static_cast<std::size_t>(size) + 1);
-            CTreeItem* added = Add(parent, "", {}, position);
-            ASSERT_EQ(added, FamilyOf(parent)[position < 0 ? size : position]);
-        } else if (kind < 8) {
-            const bool opens = some->collapsed() && some->CanExpand() && some->row() >= 0;
-            grid.ExpandNode(some, grid.RowOfNode(some));
-            ASSERT_TRUE(!opens || some->rows() == 1 + some->children().size()) << "grandchildren stay out";
-        } else if (kind == 8 && some->row() >= 0) {
-            grid.ExpandSubtree(some, nullptr);
-        } else if (kind == 9) {
-            grid.CollapseNode(some);
-            ASSERT_TRUE(some->collapsed() || !some->CanExpand());
-        } else if (kind > 9) {
-            RemoveWithRows(some);
-        }
-        ASSERT_NO_FATAL_FAILURE(ExpectRows());
-    }
-    EXPECT_GT(all.size(), 100u);
-}
-
-// More children than one block takes, so that blocks are cut, emptied and counted.
-TEST_F(TreeModel, LargeFamiliesKeepTheirOrder) {
-    std::mt19937 random(11);
-    CTreeItem* group = Add(nullptr, "group");
-    std::vector<CTreeItem*> plain;
-    const auto add = [&](std::size_t position) {
-        plain.insert(plain.begin() + static_cast<int>(position),
-                     Add(group, "", {}, static_cast<int>(position)));
+// Whoever hears of a row may do anything but delete the grid's object.
+TEST_F(GridTest, RowsAreThoseOfTheTreeWhateverAHandlerOfTheirNoticesDoes) {
+    struct Case {
+        const char* border;
+        std::function<void(NoticedGrid& grid, int heard)> handler;
+        Lines after;
     };
-    for (int i = 0; i < 1500; ++i)
-        add(random() % (plain.size() + 1));
-    grid.ExpandNode(group, 0);
-    ASSERT_NO_FATAL_FAILURE(ExpectRows());
-    for (int i = 0; i < 1400; ++i) {
-        const auto victim = plain.begin() + static_cast<int>(random() % plain.size());
-        RemoveWithRows(*victim);
-        plain.erase(victim);
-        if (i % 3 == 0)
-            add(0);
+    const Case cases[] = {
+        {"nothing", [](NoticedGrid&, int) {}, {"a|", "b|", " b1|", "c|"}},
+        {"throws at the first",
+         [](NoticedGrid&, int) { throw std::runtime_error("first"); },
+         {"a|", "b|", " b1|", "c|"}},
+        {"throws at the second",
+         [](NoticedGrid&, int heard) {
+             if (heard == 2)
+                 throw std::runtime_error("second");
+         },
+         {"a|", "b|", " b1|", "c|"}},
+        {"adds above and below",
+         [](NoticedGrid& grid, int heard) {
+             if (heard == 1) {
+                 Add(grid, nullptr, "last");
+                 Add(grid, nullptr, "first", {}, 0);
+             }
+         },
+         {"first|", "a|", "b|", " b1|", "c|", "last|"}},
+        {"adds to what is collapsed",
+         [](NoticedGrid& grid, int heard) {
+             if (heard == 1)
+                 Add(grid, grid.rootItems().front(), "hidden");
+         },
+         {"a|", "b|", " b1|", "c|"}},
+        {"expands it again",
+         [](NoticedGrid& grid, int heard) {
+             if (heard == 1)
+                 grid.ExpandNode(grid.rootItems().front(), 0);
+         },
+         {"a|", " a1|", " a2|", " a3|", "b|", " b1|", "c|"}},
+        {"collapses another",
+         [](NoticedGrid& grid, int heard) {
+             if (heard == 1)
+                 grid.CollapseNode(grid.rootItems()[1]);
+         },
+         {"a|", "b|", "c|"}},
+        {"removes the node",
+         [](NoticedGrid& grid, int heard) {
+             if (heard == 1)
+                 grid.TakeNode(grid.rootItems().front());
+         },
+         {"b|", " b1|", "c|"}},
+        {"destroys the window",
+         [](NoticedGrid& grid, int heard) {
+             if (heard == 2)
+                 grid.DestroyWindow();
+         },
+         {}},
+    };
+    for (const auto& [border, handler, after] : cases) {
+        SCOPED_TRACE(border);
+        NoticedGrid grid;
+        MakeBare(grid);
+        for (const char* name : {"a", "b", "c"})
+            Add(grid, nullptr, name);
+        for (const char* name : {"a1", "a2", "a3"})
+            Add(grid, grid.rootItems()[0], name);
+        Add(grid, grid.rootItems()[1], "b1");
+        grid.ExpandAll();
+        Select(grid, 4);
+        int heard = 0;
+        grid.onNotice = [&, act = handler](const NMLISTVIEW& notice) {
+            if (notice.hdr.code == LVN_DELETEITEM)
+                act(grid, ++heard);
+        };
+        try {
+            grid.CollapseNode(grid.rootItems().front());
+        } catch (const std::runtime_error&) {
+        }
+        EXPECT_EQ(Rows(grid), after);
+        if (const CTreeItem* selected = grid.GetSelectedNode())
+            EXPECT_EQ(selected->info->text, "b") << "the selection stays with its node";
+        else
+            EXPECT_FALSE(grid.m_hWnd);
+        grid.onNotice = nullptr;
     }
-    ASSERT_NO_FATAL_FAILURE(ExpectRows());
-    EXPECT_EQ(plain, (std::vector<CTreeItem*>(group->children().begin(), group->children().end())));
-    for (int i = 0; i < group->children().size(); ++i)
-        ASSERT_EQ(plain[static_cast<std::size_t>(i)], group->children()[i]);
 }
 
-// An emptied group stays open; what comes into it while it is hidden must not come out unasked.
-TEST_F(TreeModel, WhatWasLeftOpenBelowStaysOutWhenTheParentExpands) {
-    CTreeItem* top = Add(nullptr, "top");
-    CTreeItem* emptied = Add(top, "emptied");
-    CTreeItem* only = Add(emptied, "only");
-    int last = -1;
-    grid.ExpandSubtree(top, &last);
-    EXPECT_EQ(2, last);
-    RemoveWithRows(only);
-    grid.CollapseNode(top);
-    Add(emptied, "late");
-    emptied->SetCollapsed(false);
-    EXPECT_EQ(1, grid.ExpandNode(top, 0));
-    ExpectRows();
-}
-
-TEST_F(TreeModel, RebuildDropsRowsThatNoNodeHasAndRowsOfRemovedNodesAreHarmless) {
-    Add(nullptr, "second", {"2"});
-    CTreeItem* first = Add(nullptr, "first", {"1"}, 0);
-    CTreeItem* below = Add(first, "below");
-    grid.ExpandNode(first, 0);
-    EXPECT_EQ(Lines({"first|1", " below|", "second|2"}), Rows(grid)) << "moved rows show their own texts";
-    EXPECT_EQ(1, grid.RemoveNode(below));
-    EXPECT_EQ(Lines({"first|1", " |", "second|2"}), Rows(grid)) << "the list is the caller's";
-    display.PaintWindow(grid.m_hWnd);
-    grid.RebuildRows();
-    EXPECT_EQ(Lines({"first|1", "second|2"}), Rows(grid));
-}
-
-TEST_F(TreeModel, NodesThatDoNotFitAnOperationAreLeftAlone) {
-    CTreeItem* top = Add(nullptr, "top");
-    CTreeItem* child = Add(top, "child");
-    CTreeItem* marked = Add(nullptr, "marked");
-    marked->expandMarker = 0;
-    CSuperGridCtrl other;
-    CTreeItem* foreign = GridTest::Add(other, nullptr, "foreign");
-    EXPECT_EQ(0, grid.RemoveNode(top) + grid.RemoveNode(nullptr));
-    EXPECT_EQ(0, grid.RemoveRootNode(child) + grid.RemoveRootNode(foreign));
-    EXPECT_EQ(-1, grid.RowOfNode(foreign));
-    EXPECT_EQ(nullptr, grid.AddChildNode(nullptr, nullptr, 1, nullptr));
-    grid.ExpandNode(top, 0);
-    EXPECT_EQ(1, grid.ExpandNode(child, 1));
-    EXPECT_EQ(2, grid.ExpandNode(marked, 2));
-    EXPECT_TRUE(child->collapsed());
-    EXPECT_FALSE(marked->collapsed()); // also without children
-}
-
-TEST_F(GridTest, CopiesAreCollapsedAndOnlyTheTopOneGetsARow) {
-    HookedGrid grid;
+TEST_F(GridTest, AHandlerOfCheckMarksMayChangeTheTreeThatOpens) {
+    NoticedGrid grid;
     MakeBare(grid);
-    CTreeItem* source = Add(grid, nullptr, "source", {"1"});
-    CTreeItem* inner = Add(grid, source, "inner", {"2"});
-    Add(grid, inner, "leaf", {"3"});
-    CTreeItem* target = Add(grid, nullptr, "target");
-    Add(grid, target, "here");
-    grid.ExpandNode(target, 1);
-    EXPECT_EQ(1, grid.CopyNodeUnder(target, source));
-    EXPECT_EQ(Lines({"source|1", "target|", " here|", " source|1"}), Rows(grid));
-    grid.ExpandSubtree(target->children().back(), nullptr);
-    EXPECT_EQ(Lines({"source|1", "target|", " here|", " source|1", "  inner|2", "   leaf|3"}), Rows(grid));
-    EXPECT_EQ(0, grid.CopyNodeUnder(nullptr, source) + grid.CopyNodeUnder(inner, source)); // no end
-
-    grid.CollapseNode(target);
-    grid.ExpandNode(target, 1);
-    while (!target->children().empty())
-        grid.RemoveNode(target->children().front());
-    grid.RebuildRows();
-    grid.CopySubtree(target, source);
-    EXPECT_EQ(Lines({"source|1", "target|"}), Rows(grid)) << "below an open node without children, too";
-    EXPECT_EQ(2, grid.ExpandNode(target, 1));
-}
-
-TEST_F(TreeModel, AChainDeeperThanTheStackIsFreedAndCollapsed) {
-    CTreeItem* top = Add(nullptr, "");
-    CTreeItem* node = top;
-    for (int depth = 0; depth < 100000; ++depth) {
-        node->InsertChild(-1, new CTreeItem(new CItemInfo));
-        node = node->children().back();
-    }
-    grid.ExpandNode(top, 0);
-    grid.CollapseNode(top);
-    EXPECT_TRUE(CSuperGridCtrl::IsNodeInSubtree(top, node));
+    grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    CTreeItem* top = Add(grid, nullptr, "top");
+    for (const char* name : {"1", "2", "3"})
+        Add(grid, top, name)->info->checked = 1;
+    grid.onNotice = [&](const NMLISTVIEW&) {
+        grid.onNotice = nullptr;
+        grid.TakeNode(top->children()[1]);
+    };
+    grid.ExpandSubtree(top, nullptr);
+    EXPECT_EQ(Rows(grid), Lines({"top|", " 1|", " 3|"}));
+    EXPECT_FALSE(grid.GetCheck(0));
+    EXPECT_TRUE(grid.GetCheck(1));
+    EXPECT_TRUE(grid.GetCheck(2));
 }
 
 } // namespace
