@@ -31,7 +31,7 @@ inline double Median(std::array<double, Runs> figures) {
     return figures[Runs / 2];
 }
 
-/// The median of five calls of `run`, which answers what it measured.
+/// The median of five calls of `run`, which returns what it measured.
 inline double MedianOf(const std::function<double()>& run) {
     std::array<double, Runs> figures{};
     std::generate(figures.begin(), figures.end(), run);

@@ -26,7 +26,7 @@ void PaintNow(QWidget& widget) {
     bench::Keep(widget.grab());
 }
 
-class GridTree : public bench::ITree {
+class GridTree : public bench::Tree {
 public:
     GridTree() : m_grid(nullptr, nullptr) {
         m_frame.CreateEx(0, "KorvelFrame", "ours", korvel::WS_OVERLAPPEDWINDOW, {0, 0, 600, 800}, nullptr, 0);
@@ -64,7 +64,7 @@ private:
     QWidget* m_widget = nullptr;
 };
 
-class TreeWidgetTree : public bench::ITree {
+class TreeWidgetTree : public bench::Tree {
 public:
     TreeWidgetTree() {
         m_tree.setUniformRowHeights(true);
@@ -145,6 +145,11 @@ public:
                    : static_cast<int>(Of(parent.row()).names.size());
     }
     int columnCount(const QModelIndex&) const override { return 2; }
+    // Spares the view the question for the children of each member.
+    Qt::ItemFlags flags(const QModelIndex& index) const override {
+        const Qt::ItemFlags usual = QAbstractItemModel::flags(index);
+        return index.internalId() == 0 ? usual : usual | Qt::ItemNeverHasChildren;
+    }
     QVariant data(const QModelIndex& index, int role) const override {
         if (role != Qt::DisplayRole)
             return {};
@@ -166,7 +171,7 @@ private:
     std::vector<Group> m_groups;
 };
 
-class TreeViewTree : public bench::ITree {
+class TreeViewTree : public bench::Tree {
 public:
     TreeViewTree() {
         m_view.setUniformRowHeights(true);

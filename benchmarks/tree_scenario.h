@@ -11,7 +11,7 @@
 
 namespace bench {
 
-/// What a tree must be able to do to be measured. Each call waits for what it asks.
+/// What a tree must be able to do to be measured. Each call returns when it is done.
 class Tree {
 public:
     virtual ~Tree() = default;

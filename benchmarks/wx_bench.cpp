@@ -9,7 +9,7 @@
 
 namespace {
 
-class PropertyGridTree : public bench::ITree {
+class PropertyGridTree : public bench::Tree {
 public:
     PropertyGridTree()
         : m_frame(new wxFrame(nullptr, wxID_ANY, "peer", wxDefaultPosition, wxSize(600, 800))),
@@ -35,7 +35,7 @@ public:
             for (const std::string& name : names) {
                 korvel::CVariantValue value;
                 object.GetMember(name, value);
-                // A category's properties share one name space, so the group stands in the name.
+                // A category's properties share one name space, so the group is part of the name.
                 members.push_back(m_grid->AppendIn(
                     category, new wxStringProperty(name, object.GetIdent() + name, value.ToText())));
             }

@@ -60,7 +60,7 @@ TEST_F(Dates, TimesAreLocal) {
     EXPECT_EQ(std::setlocale(LC_TIME, nullptr), before); // "DEU" is no name that the C library knows
 }
 
-TEST_F(Dates, SettingTheCurrentFormatIsToldOnce) {
+TEST_F(Dates, SettingTheCurrentFormatCallsListenersOnce) {
     CountingSink sink(FormatService::Date);
     bool isLong = false;
     std::string format;
@@ -92,7 +92,7 @@ TEST_F(Dates, TheUsersFormatSurvivesAChangeOfTheSettings) {
     EXPECT_EQ(DatetoString(Thursday), "18 Juni 2020");
     EXPECT_EQ(sink.count, 1);
 
-    SetFormatStringLong("%Y!"); // not in use, not told, and no longer the system's
+    SetFormatStringLong("%Y!"); // not in use, calls no listener, and is no longer the system's
     SetFormatStringShort("%y!");
     EXPECT_THROW(SetFormatStringLong(nullptr), std::invalid_argument);
     SetRegional("sLongDate", "d MMM yyyy");

@@ -28,7 +28,7 @@ protected:
         return platform::ContentOf(m_path);
     }
 
-    // Loads the file with a part replaced wherever it stands, and answers the text of the failure.
+    // Loads the file with a part replaced wherever it occurs, and returns the text of the failure.
     std::string FailureWith(const std::string& part, const std::string& other) {
         std::string content = m_good;
         std::size_t at = content.find(part);
@@ -148,7 +148,7 @@ TEST_F(SavedFormats, FailBySchema) {
         {"angle unit beyond 32 bits", "<Angle>1", "<Angle>4294967296"},
         {"number empty", following + "\n<NumDigits>0", own + "<NumDigits>"},
         {"number with a blank", following + "\n<NumDigits>0", own + "<NumDigits> 0"},
-        {"number with more behind", following + "\n<NumDigits>0", own + "<NumDigits>0x"},
+        {"number with more after it", following + "\n<NumDigits>0", own + "<NumDigits>0x"},
         {"separator of four bytes", following, own + "<DecimalSep>abcd</DecimalSep>"},
         {"separator of another page", following, own + "<DecimalSep>&#x2019;</DecimalSep>"},
         {"date format missing", "DateFormatShort", "X"},
@@ -157,7 +157,7 @@ TEST_F(SavedFormats, FailBySchema) {
         EXPECT_EQ(FailureWith(part, other), SchemaText) << name;
 }
 
-TEST_F(SavedFormats, KeepWhatWasReadBeforeAFailureAndTellEachTouchedServiceOnce) {
+TEST_F(SavedFormats, KeepWhatWasReadBeforeAFailureAndCallTheListenersOfEachTouchedServiceOnce) {
     SetFormatFloat(GermanFormat(5));
     SetFormatDouble(GermanFormat(5));
     SetAngleUnit('g');
@@ -184,7 +184,7 @@ TEST_F(SavedFormats, KeepWhatWasReadBeforeAFailureAndTellEachTouchedServiceOnce)
     EXPECT_EQ(sinks[2].count, 1);
 }
 
-TEST_F(SavedFormats, TellTheOtherServicesWhenAListenerThrows) {
+TEST_F(SavedFormats, CallTheListenersOfOtherServicesWhenOneThrows) {
     const CountingSink angles(FormatService::Angle);
     const CountingSink throwing(FormatService::Number, [] { throw Error("sink"); });
     EXPECT_EQ(FailureWith("<DateFormatShort>", "<DateFormatShort/><DateFormatShort>"), "sink");

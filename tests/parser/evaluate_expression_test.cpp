@@ -17,14 +17,14 @@ std::string Repeat(std::string_view text, int count) {
 
 TEST(EvaluateExpression, GivesTheValueOfACompleteExpression) {
     const std::tuple<const char*, std::string, double> cases[] = {
-        {"signs of the first number and behind operators", "+5*-3--2", -13},
+        {"signs of the first number and after operators", "+5*-3--2", -13},
         {"blanks, tabs and all line ends between tokens", " 1\t+\r\n2 \n* \r3 ", 7},
         {"blank between sign and number", "- 5", -5},
         {"point first", ".5", 0.5},
         {"point last", "5.", 5},
         {"exponent without a point", "1e3", 1000},
         {"signed exponents", "15E-1+1.5e+1", 16.5},
-        {"exponent behind a last point", "1.e2", 100},
+        {"exponent after a last point", "1.e2", 100},
         {"f is skipped like a blank", "2f+1.5f", 3.5},
         {"division by zero", "1/0", INFINITY},
         {"division by an integer -0, which has no sign", "1/-0", INFINITY},
@@ -56,7 +56,7 @@ TEST(EvaluateExpression, RefusesWhatIsNoCompleteExpressionWithAnEmptyText) {
           "-(1)", "--1",     "1+-+1", "()",  "(1",  "1)",    "2(3)", "0x10", "inf", "nan", "1\xA0"})
         ExpectRefused(".", text);
     const std::pair<const char*, std::string> cases[] = {
-        {"zero byte behind a number", std::string("1\0", 2)},
+        {"zero byte after a number", std::string("1\0", 2)},
         {"zero byte before a number", std::string("\0001", 2)},
         {"token too long by a byte", std::string(2001, '1')},
         {"brackets too deep by one", Repeat("(", 1001) + "7" + Repeat(")", 1001)},

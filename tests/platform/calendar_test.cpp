@@ -51,7 +51,7 @@ TEST(Calendar, RefusesWhatIsNoDate) {
         EXPECT_EQ(DateFromFields(fields), std::nullopt) << fields.year << '-' << fields.month;
 }
 
-TEST(Calendar, TellsLocalTime) {
+TEST(Calendar, GivesLocalTime) {
     const ScratchVariable zone("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
     EXPECT_EQ(LocalFieldsFromEpoch(0), (CalendarFields{1970, 1, 1, 1, 0, 0, 4, 1}));
     EXPECT_EQ(LocalFieldsFromEpoch(1592438400), (CalendarFields{2020, 6, 18, 2, 0, 0, 4, 170})); // in summer

@@ -53,11 +53,11 @@ TEST(NumberText, FollowsTheFormat) {
         {"negative order 5", "-1.1", German(1, 3, 5), std::nullopt},
         {"negative order 5 of a positive number", "1.1", German(1, 3, 5), "1,1"},
         {"rounded to zero has no brackets", "-0.004", German(2, 3, 0), "0,00"},
-        {"rounded to zero has no minus behind", "-0.4", German(0, 3, 4), "0"},
+        {"rounded to zero has no minus after it", "-0.4", German(0, 3, 4), "0"},
         {"the smallest that is not zero keeps its sign", "-0.005", German(2), "-0,01"},
         {"no leading zero and no digits", "0.4", German(0, 3, 1, 0), ""},
         {"no leading zero, but a carry", "0.5", German(0, 3, 1, 0), "1"},
-        {"nothing behind the point", "-5.", German(3), "-5,000"},
+        {"nothing after the point", "-5.", German(3), "-5,000"},
         {"zeros in front", "00012.5", German(1), "12,5"},
         {"separators of no and of many bytes", "1234.5", {1, 1, 3, "<,>", "", 1}, "1234<,>5"},
         {"as many digits as there are", "1", German(std::numeric_limits<std::uint32_t>::max()), std::nullopt},
@@ -102,7 +102,7 @@ void ExpectTheSame(double value) {
 }
 
 TEST(DirectNumberText, AgreesAtTheBorders) {
-    // 2^-9 and 3 * 2^-9 have an exact half as their ninth decimal, behind an even and an odd digit; so have
+    // 2^-9 and 3 * 2^-9 have an exact half as their ninth decimal, after an even and an odd digit; so have
     // 2^-16 and 3 * 2^-16 as their sixteenth.
     const double borders[] = {0,        0x1p-1022, INFINITY, NAN,     0.5,     2.5,     1.005,
                               9.995,    0x1p-9,    0x3p-9,   0x1p-16, 0x3p-16, 0x1p-51, 0x1p-52,

@@ -68,7 +68,8 @@ TEST_F(RegionalSettingsTest, TakesTheLocaleOfTheEnvironment) {
         const ScratchVariable time("LC_TIME", "pl_PL.UTF-8");
         EXPECT_EQ(country() + thousands(), "POL\xA0");
         const ScratchVariable all("LC_ALL", "C.UTF-8");
-        EXPECT_EQ(UserLanguage() + thousands(), "en,") << "the C library's own, which stands above all";
+        EXPECT_EQ(UserLanguage() + thousands(), "en,")
+            << "the C library's own, which comes before all others";
     }
     const ScratchVariable numeric("LC_NUMERIC", "xx_YY");
     EXPECT_EQ(thousands(), ",") << "unknown";
@@ -103,7 +104,7 @@ TEST_F(RegionalSettingsTest, LetsTheUserOverride) {
 TEST(DatePattern, BecomesAPicture) {
     const std::pair<const char*, const char*> cases[] = {
         {"EEE, d MMM yy", "ddd, d MMM yyyy"},
-        {"d MMMM G y", "d MMMM yyyy"}, // no era, nor the blank behind it
+        {"d MMMM G y", "d MMMM yyyy"}, // no era, nor the blank after it
         {"dd.MM.y 'd''E'", "dd.MM.yyyy 'd''E'"},
         {"kk:mm:ss a", "HH:mm:ss tt"},
         {"LLLLL", "MMMM"}};
@@ -111,7 +112,7 @@ TEST(DatePattern, BecomesAPicture) {
         EXPECT_EQ(PictureOfPattern(pattern), picture);
 }
 
-TEST(IntegerText, ReadsAsThePlatformDoes) {
+TEST(IntegerText, ReadsThePlainBeginning) {
     const std::pair<const char*, int> cases[] = {{"3;2;0", 3},
                                                  {" \t+7", 7},
                                                  {"-12 m", -12},

@@ -30,7 +30,7 @@ protected:
     ScratchStore m_store;
 };
 
-TEST_F(SettingsStoreTest, TellsWhatIsMissingAndCreatesNothing) {
+TEST_F(SettingsStoreTest, SaysWhatIsMissingAndCreatesNothing) {
     EXPECT_EQ(Read("A\\B", "name", KeyMissing), Untouched);
     EXPECT_EQ(Read("", "name", ValueMissing), Untouched) << "the root always exists";
     EXPECT_EQ(CheckKey(Root, "A", SettingsAccess::Read), KeyMissing);
@@ -100,7 +100,7 @@ TEST_F(SettingsStoreTest, RefusesWhatIsNoStoreAndLeavesItAlone) {
     EXPECT_EQ(CreateKey(Root, "A"), Done);
 }
 
-TEST_F(SettingsStoreTest, TellsWhichRightIsMissing) {
+TEST_F(SettingsStoreTest, SaysWhichRightIsMissing) {
     CreateKey(Root, "A");
     WriteSetting(Root, "A", "name", SettingValue::Text("kept"));
     const std::filesystem::path folder = m_store.File().parent_path();
@@ -162,7 +162,7 @@ TEST_F(SettingsStoreTest, OutlivesAWriterThatDiesAnywhere) {
         EXPECT_EQ(WriteSetting(Root, "A", "name", oldText), Done);
         const pid_t writer = fork();
         if (writer == 0) {
-            std::signal(SIGXFSZ, _exit); // comes with the first byte behind the limit
+            std::signal(SIGXFSZ, _exit); // comes with the first byte after the limit
             const rlimit limit{bytes, bytes};
             setrlimit(RLIMIT_FSIZE, &limit);
             _exit(WriteSetting(Root, "A", "name", newText) == Done ? 0 : 1);

@@ -10,8 +10,8 @@ namespace korvel::test {
 
 using Log = std::vector<std::string>;
 
-/// Writes down what a window hears: what a user's doing or the end of the window sends, not what depends
-/// on a screen (painting, activation, size).
+/// Logs the messages that the user or the end of the window causes, and none that depend on a screen
+/// (painting, activation, size).
 class Recorder : public CWnd {
 public:
     Recorder(Log& log, std::string name) : m_log(log), m_name(std::move(name)) {}

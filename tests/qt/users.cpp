@@ -43,7 +43,7 @@ Qt::Key ToQtKey(UINT key) {
     return static_cast<Qt::Key>(key); // letters and digits have the same codes
 }
 
-// Shown only later, so whoever shall answer tries again until there is something to answer.
+// A box or menu is shown later, so the attempt is repeated until there is one.
 void TryUntil(const std::function<bool()>& attempt) {
     QTimer::singleShot(
         1, qApp,
@@ -56,14 +56,14 @@ void TryUntil(const std::function<bool()>& attempt) {
 } // namespace
 
 void QtUser::Key(UINT key, const CString& characters) {
-    Settle();
+    WaitForFocus();
     for (const auto action : {QTest::Press, QTest::Release})
         if (QWidget* widget = QApplication::focusWidget()) // another one when the press moved the focus
             QTest::sendKeyEvent(action, widget, ToQtKey(key), qt::ToQString(characters), Qt::NoModifier);
 }
 
 void QtUser::Click(HWND window, CPoint point) {
-    Settle();
+    WaitForFocus();
     QTest::mouseClick(Widget(window), Qt::LeftButton, Qt::NoModifier, {point.x, point.y});
 }
 
@@ -93,11 +93,11 @@ void QtUser::AnswerMenu(unsigned command) {
     });
 }
 
-void QtUser::Settle() const {
+void QtUser::WaitForFocus() const {
     QApplication::processEvents();
     const bool followed = QTest::qWaitFor(
         [this] { return !GetFocus() || QApplication::focusWidget() == Widget(GetFocus()); }, 2000);
-    EXPECT_TRUE(followed) << "the focus of the desktop is not where memory has it";
+    EXPECT_TRUE(followed) << "the focus of the desktop is not where the window model has it";
 }
 
 } // namespace korvel::test

@@ -22,7 +22,7 @@ private:
     HeadlessDisplay m_display;
 };
 
-/// Works by Qt events on the widgets that Qt says have the focus or lie at the point.
+/// Works by Qt events on the widgets that have the focus in Qt or lie at the point.
 class QtUser final : public User {
 public:
     QtUser() { SetDisplay(&m_display); }
@@ -36,8 +36,9 @@ public:
     QWidget* Widget(HWND window) const { return m_display.WidgetOf(window); }
 
 private:
-    /// Lets events run until the desktop has followed: a window manager takes its time.
-    void Settle() const;
+    /// Handles events until the desktop has the focus where the window model has it: a window manager takes its
+    /// time.
+    void WaitForFocus() const;
 
     qt::QtDisplay m_display;
 };

@@ -14,7 +14,7 @@
 
 namespace korvel::platform {
 
-/// A folder of its own below the system's temporary one, gone at the end.
+/// A new folder below the system's temporary one, removed at the end.
 class ScratchFolder {
 public:
     ScratchFolder() {
@@ -44,7 +44,7 @@ public:
     std::filesystem::path File() const { return Path() / "below" / "settings.sqlite"; }
 };
 
-/// One variable of the environment, as it was before at the end; a null value removes it.
+/// Sets a variable of the environment, or removes it for a null value, until the end of this object.
 class ScratchVariable {
 public:
     ScratchVariable(const char* name, const char* value) : m_name(name) {
@@ -63,14 +63,14 @@ private:
     std::optional<std::string> m_before;
 };
 
-/// A user to whom rights apply, while this object lives: they do not for root.
+/// While it exists, the process has a user to whom file permissions apply, also where it runs as root.
 class OrdinaryUser {
 public:
     OrdinaryUser() : m_user(geteuid()) {
         if (m_user == 0 && seteuid(65534) != 0)
             throw std::runtime_error("the tests cannot give up their rights");
     }
-    ~OrdinaryUser() { [[maybe_unused]] const int answer = seteuid(m_user); }
+    ~OrdinaryUser() { [[maybe_unused]] const int result = seteuid(m_user); }
     OrdinaryUser(const OrdinaryUser&) = delete;
     OrdinaryUser& operator=(const OrdinaryUser&) = delete;
 
@@ -78,7 +78,7 @@ private:
     uid_t m_user;
 };
 
-/// A file that is none: a socket, which nothing can be read from or written to.
+/// A socket: a file that can be neither read nor written.
 inline std::filesystem::path MakeSocketFile(const std::filesystem::path& path) {
     if (mknod(path.c_str(), S_IFSOCK | 0600, 0) != 0)
         throw std::runtime_error("the tests cannot make a socket");

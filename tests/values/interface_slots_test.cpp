@@ -11,7 +11,7 @@
 namespace korvel {
 namespace {
 
-// The operations stand one behind the other in the table of their class, from this entry on. A destructor
+// The operations follow each other in the table of their class, from this entry on. A destructor
 // takes two entries, so with one in front slot 1 is entry 2.
 template <typename... Operations>
 void ExpectEntries(std::uintptr_t first, Operations... operations) {

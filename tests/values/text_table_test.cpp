@@ -21,8 +21,8 @@ void Store(SettingsRoot root, const char* name, const char* text) {
         platform::WriteSetting(root, RegistryPath, name, platform::SettingValue::Text(text));
 }
 
-// The language is chosen once in a process, so each case runs in one of its own, which writes the answer.
-void ExpectAnswer(const std::function<std::string()>& run, const std::string& answer) {
+// The language is chosen once in a process, so each case runs in one of its own, which writes its result.
+void ExpectResult(const std::function<std::string()>& run, const std::string& result) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const platform::ScratchStore store;
     const auto write = [&] {
@@ -33,7 +33,7 @@ void ExpectAnswer(const std::function<std::string()>& run, const std::string& an
         }
         std::exit(0);
     };
-    EXPECT_EXIT(write(), ::testing::ExitedWithCode(0), "<" + answer + ">");
+    EXPECT_EXIT(write(), ::testing::ExitedWithCode(0), "<" + result + ">");
 }
 
 constexpr int ErrorText = 26; // "Error", "Fehler" and nothing
@@ -62,7 +62,7 @@ TEST(Language, IsTheOneOfTheRunElseTheUsersElseTheInstalledOneElseTheLocales) {
                 UseLocaleLanguageIfUnset();
             return std::string(Text(ErrorText));
         };
-        ExpectAnswer(run, std::get<4>(row));
+        ExpectResult(run, std::get<4>(row));
     }
 }
 
@@ -74,10 +74,10 @@ TEST(Language, IsTriedAgainAfterAFailureAndThenStays) {
         Store(SettingsRoot::User, "Language", "German");
         return said + GetLanguageName() + (SetLanguageForThisRun("German") ? "yes" : "no") + Text(ErrorText);
     };
-    ExpectAnswer(run, "ErrorGermannoError");
+    ExpectResult(run, "ErrorGermannoError");
 }
 
-TEST(Language, RowsStandWhereCallersLookForThem) {
+TEST(Language, RowsAreWhereCallersLookForThem) {
     const auto show = [](const char* language) {
         SetLanguageForThisRun(language);
         std::string empty;
@@ -85,10 +85,10 @@ TEST(Language, RowsStandWhereCallersLookForThem) {
             empty += *Text(id) ? "" : std::to_string(id) + " ";
         return empty + Text(0) + "|" + Text(129) + "|" + Text(132);
     };
-    ExpectAnswer([&] { return show("English"); },
+    ExpectResult([&] { return show("English"); },
                  "-1 53 85 86 133 invalid input.Source coordinate system.Unkown");
     // Kept: the German text names another system.
-    ExpectAnswer([&] { return show("German"); },
+    ExpectResult([&] { return show("German"); },
                  "-1 53 85 86 133 Eingabe inkorrekt.Ziellagebezugssystem.Unbekannt");
 }
 
@@ -109,7 +109,7 @@ TEST(TypeNames, AreTextsOfTheirTypes) {
             wrong += std::string(Text(internal::TypeNameText(type))) == name ? "" : name;
         return wrong;
     };
-    ExpectAnswer(names, "");
+    ExpectResult(names, "");
 }
 
 TEST(ReplaceFirst, ReplacesOnceAndDoesNotLookAgain) {
