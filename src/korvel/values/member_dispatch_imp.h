@@ -7,11 +7,34 @@
 #include <cstdint>
 #include <list>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 
 namespace korvel {
+
+/// An object of which whoever keeps a pointer can see that it is gone.
+class MortalObject {
+public:
+    MortalObject() = default;
+    MortalObject(const MortalObject&) = delete;
+    MortalObject& operator=(const MortalObject&) = delete;
+
+    /// Expires when the object is destroyed.
+    std::weak_ptr<const void> GetLife() const {
+        if (!m_life)
+            m_life = std::make_shared<const char>();
+        return m_life;
+    }
+
+protected:
+    ~MortalObject() = default;
+    void EndLife() { m_life.reset(); }
+
+private:
+    mutable std::shared_ptr<const char> m_life; // made when first asked for
+};
 
 /// An object that keeps its members itself, in the order of their insertion. `T` names the owning class.
 ///
@@ -19,19 +42,27 @@ namespace korvel {
 ///     axis.AddMember("length", true, length);
 ///     axis.SetMember("length", text);   // false: a text shares no type bit with a length
 ///
+///     TMemberDispatchImp<Point> start("start");
+///     CVariantValue group;              // a nested object is a value of type DT_Group
+///     group.Type = DT_Group;
+///     group.Value.Dispatch = &start;
+///     axis.AddMember("start", true, group);
+///
 /// A name may stand twice; every look-up then finds the first. Removing a member never deletes what it holds;
-/// destroying the object deletes every value that destroys automatically.
+/// destroying the object deletes every value that destroys automatically, and looks at each to see whether it
+/// does. A nested TMemberDispatchImp may die before: its member then holds null. Nested objects of other
+/// classes, enumerations and file values must outlive the object, which is to be declared after them.
 template <typename T>
-class TMemberDispatchImp : public IMemberDispatch {
+class TMemberDispatchImp : public IMemberDispatch, public MortalObject {
 public:
     explicit TMemberDispatchImp(std::string ident = {}) : m_Ident(std::move(ident)) {}
     ~TMemberDispatchImp() override {
-        for (Member& member : m_members)
+        EndLife(); // what is destroyed below may hold this object
+        for (Member& member : m_members) {
+            ForgetDead(member);
             DestroyValue(member.value);
+        }
     }
-
-    TMemberDispatchImp(const TMemberDispatchImp&) = delete;
-    TMemberDispatchImp& operator=(const TMemberDispatchImp&) = delete;
 
     const std::string& GetIdent() const override { return m_Ident; }
     void SetIdent(const std::string& ident) override { m_Ident = ident; }
@@ -77,14 +108,15 @@ public:
         Member* member = Find(name);
         if (!member || static_cast<std::int32_t>(member->value.Type & value.Type) < 1)
             return false;
-        member->value = value;
+        Store(*member, value);
         return true;
     }
 
     /// Never refuses, also not a name that stands already.
     bool AddMember(const std::string& name, bool editable, const CVariantValue& value) override {
         std::list<Member> added;
-        added.push_back({name, editable, value});
+        added.push_back({.name = name, .editable = editable});
+        Store(added.front(), value);
         m_index.emplace(added.front().name, added.begin());
         m_members.splice(m_members.end(), added);
         return true;
@@ -107,6 +139,7 @@ public:
         if (entry == m_index.end() || Find(newName))
             return false;
         Member& member = *entry->second;
+        ForgetDead(member);
         std::string stored = newName; // nothing may throw once the index lets go of the member
         if (member.value.Type == DT_Group) {
             IMemberDispatch* object = member.value.Value.Dispatch;
@@ -125,16 +158,31 @@ public:
         Member* member = Find(name);
         if (!member)
             return false;
-        member->value = member->value.ChangeToType(type);
+        Store(*member, member->value.ChangeToType(type));
         return true;
     }
 
 private:
     struct Member {
         std::string name;
-        bool editable;
-        CVariantValue value;
+        bool editable = false;
+        bool isMortal = false; // `life` is that of the nested object
+        CVariantValue value = {};
+        std::weak_ptr<const void> life = {};
     };
+
+    static void Store(Member& member, const CVariantValue& value) {
+        member.value = value;
+        const auto* mortal =
+            value.Type == DT_Group ? dynamic_cast<const MortalObject*>(value.Value.Dispatch) : nullptr;
+        member.isMortal = mortal != nullptr;
+        member.life = mortal ? mortal->GetLife() : std::weak_ptr<const void>();
+    }
+
+    static void ForgetDead(Member& member) {
+        if (member.isMortal && member.life.expired())
+            member.value.Value.Dispatch = nullptr;
+    }
 
     // By views of the members' own names. Members of one name stand in the order of the list: a second one
     // only comes by being added at its end.
@@ -147,7 +195,10 @@ private:
 
     Member* Find(const std::string& name) {
         const auto entry = FindEntry(name);
-        return entry == m_index.end() ? nullptr : &*entry->second;
+        if (entry == m_index.end())
+            return nullptr;
+        ForgetDead(*entry->second);
+        return &*entry->second;
     }
 
     static void DestroyValue(CVariantValue& value) {
