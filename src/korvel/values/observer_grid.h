@@ -7,38 +7,77 @@
 
 namespace korvel {
 
-/// How a host tells a grid of changes that were made elsewhere; the library implements it, one for each
-/// object shown. May be called from any thread. The names of the operations say what has happened to the
-/// member.
+/// How a host tells a grid of changes that were made elsewhere: the library implements it, one sink for each
+/// object that is shown, and lends it to IObserverGrid::AddSink.
+///
+///     axis.SetMember("length", longer);     // the host changes its object first,
+///     sink->OnChange("length", longer);     // then it says so: the cell shows the new length
+///
+/// To be called on the thread of the grid's window alone; nothing is carried over from other threads. Each
+/// call returns after the grid has followed, and may call objects and observer. A sink is valid from its
+/// AddSink until RemoveSink for it returns, also within RemoveSink. What it says of members and objects that
+/// are not shown is ignored. Exceptions of the host's objects pass through a sink where a text or a format
+/// cannot stand for them: those of SetMember, of the observer, and want of memory.
 class KORVEL_API IObserverGridSink {
 public:
     virtual void Reserved0() {}
+
+    /// The object's own name was changed. Nothing shows it: the grid does nothing.
     virtual void OnChangeIdent(const std::string& name, const std::string& newName) = 0;
+
+    /// The member has a new value: its cell shows `value`. A flag that differs from the object's is written
+    /// to the object. A group, and a member that the object does not know, show what they showed.
     virtual void OnChange(const std::string& name, const CVariantValue& value) = 0;
+
+    /// The member was made editable or write protected: its cell is drawn so.
     virtual void OnChangeEditFlag(const std::string& name, const bool& editable) = 0;
+
+    /// A member was added: a row comes after the last member of the object (in the multi-column layout, for
+    /// all but groups, a cell). For a group the observer hears AddSink twice, and with a null sink when
+    /// no nested object is shown at all.
     virtual void OnOperationAdd(const std::string& name, const CVariantValue& value) = 0;
+
+    /// A member was inserted before the one at `position`, counted from 0; beyond the last it is appended.
     virtual void OnOperationInsert(const unsigned long& position, const std::string& name,
                                    const CVariantValue& value) = 0;
+
+    /// A member was removed: its row goes with all below, and the observer hears RemoveSink for every object
+    /// among them, the innermost first. A selected row hands the selection to the next one. `value` is kept
+    /// for callers.
     virtual void OnOperationRemove(const std::string& name, const CVariantValue& value) = 0;
+
+    /// A member was renamed: its row shows the new name in the same place; in the multi-column layout its
+    /// cell moves to the column of the new name. The object is asked for the value under `newName`.
     virtual void OnOperationRename(const std::string& name, const std::string& newName) = 0;
+
+    /// A member's type was changed: its cell gets the editor of the new type, then `value` as in OnChange.
+    /// `type` is the former one, kept for callers.
     virtual void OnOperationChangeType(const std::string& name, EDataTyps type,
                                        const CVariantValue& value) = 0;
+
+    /// The presentation of this nested object has a new text, which `name` carries: its row shows it.
     virtual void OnOperationChangeTupelPresentation(const std::string& name) = 0;
+
     virtual ~IObserverGridSink() = default;
 };
 
-/// Implemented by the host and given to a grid: told of every change that the user made, after the object was
-/// changed. `reserved` is always null.
+/// Implemented by the host and given to a grid, which it must outlive: told of what is shown, and of every
+/// change that the user made, after the object was changed. Called on the thread of the grid's window;
+/// `reserved` is always null. Each operation may call the grid back, and may throw; it must not delete the
+/// grid.
 class KORVEL_API IObserverGrid {
 public:
-    /// The grid begins to show `disp` (may be null, and may be told twice): changes made elsewhere go to
-    /// `sink` from now on.
+    /// The grid begins to show `disp`, null when it is bound to no object. May come twice and more for one
+    /// object, then with the same sink; `sink` (null in one case of OnOperationAdd) stays the grid's. An
+    /// exception undoes what was about to be shown, and RemoveSink follows all the same.
     virtual void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) = 0;
 
-    /// The grid stops showing `disp`; the object must be valid until this returns.
+    /// The grid stops showing `disp`: once, however often AddSink came. The object must live and the sink
+    /// does live until this returns. An exception goes on after all others have been told.
     virtual void RemoveSink(IMemberDispatch* disp, IObserverGridSink* sink) = 0;
 
     virtual void Reserved2() {}
+    /// The user wrote a value.
     virtual void OnChange(IMemberDispatch* disp, void* reserved, const std::string& name,
                           const CVariantValue& value) = 0;
     virtual void OnRemove(IMemberDispatch* disp, void* reserved, const std::string& name) = 0;
@@ -47,8 +86,10 @@ public:
     virtual void OnAdd(IMemberDispatch* disp, void* reserved, const std::string& name,
                        const CVariantValue& value) = 0;
     virtual void Reserved7() {}
+    /// The user switched the write protection of a member.
     virtual void OnChangeEditFlag(IMemberDispatch* disp, void* reserved, const std::string& name,
                                   const bool& editable) = 0;
+    /// The user changed the type of a member to `type`; `value` is what the object made of its value.
     virtual void OnChangeType(IMemberDispatch* disp, void* reserved, const std::string& name, EDataTyps type,
                               const CVariantValue& value) = 0;
 
