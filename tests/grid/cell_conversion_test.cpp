@@ -15,8 +15,8 @@ TEST_F(CellConversions, EachTypeHasItsTextAndItsEditor) {
         {"int", Whole(DT_Int, -1234), "-1.234", C::ctEdit},
         {"text", Words(DT_String, "a\\-b"), "a\\-b", C::ctEdit},
         {"bool", Flag(true), "", C::ctCheck},
-        {"colour unpadded", Word(DT_ColorRGB, 0xA), "0xa", C::ctColor},
-        {"alpha colour", Word(DT_ColorARGB, 0x80FF0000u), "0x80ff0000", C::ctColorAlpha},
+        {"color unpadded", Word(DT_ColorRGB, 0xA), "0xa", C::ctColor},
+        {"alpha color", Word(DT_ColorARGB, 0x80FF0000u), "0x80ff0000", C::ctColorAlpha},
         {"angle", Number(DT_AngleDouble, 0.5), "0,50", C::ctAngle},
         {"list without an enumeration", Words(DT_ListString, "ignored"), "", C::ctList},
         {"file", Words(DT_FileName, "/tmp/plan.png"), "/tmp/plan.png", C::ctFile},
@@ -35,26 +35,26 @@ TEST_F(CellConversions, EachTypeHasItsTextAndItsEditor) {
     Bind(root);
     for (const auto& [name, value, text, control] : rows) {
         const CItemInfo& info = *grid.LookupTreeItem(&root, name)->info;
-        EXPECT_EQ(text, info.GetSubItem(0)) << name;
-        EXPECT_EQ(control, info.GetControlType(0)) << name;
+        EXPECT_EQ(info.GetSubItem(0), text) << name;
+        EXPECT_EQ(info.GetControlType(0), control) << name;
         EXPECT_TRUE(info.IsCellEnabled(0)) << name;
     }
     std::string text = "as it was"; // of what is not shown
     C::CONTROLTYPE control = C::ctCheck;
     grid.ConvertToOutput(nullptr, "", Group(nullptr), text, control);
-    EXPECT_EQ("as it was", text);
-    EXPECT_EQ(C::ctEdit, control);
+    EXPECT_EQ(text, "as it was");
+    EXPECT_EQ(control, C::ctEdit);
 }
 
-TEST_F(CellConversions, ColoursAreSwatchesAndLeaveNoneBehind) {
+TEST_F(CellConversions, ColorsAreSwatchesAndLeaveNoneBehind) {
     root.With("c", Word(DT_ColorRGB, 0xFF112233u));
     Bind(root);
     const CItemInfo& info = *grid.NodeAtRow(0)->info;
-    EXPECT_EQ(0xFF112233u, info.GetCellColor(0));
+    EXPECT_EQ(info.GetCellColor(0), 0xFF112233u);
     SinkOf(root).OnChange("c", Word(DT_ColorRGB, 0xFF445566u));
-    EXPECT_EQ(0xFF445566u, info.GetCellColor(0));
+    EXPECT_EQ(info.GetCellColor(0), 0xFF445566u);
     SinkOf(root).OnChange("c", Whole(DT_Int, 1));
-    EXPECT_EQ(CItemInfo::NoColor, info.GetCellColor(0));
+    EXPECT_EQ(info.GetCellColor(0), CItemInfo::NoColor);
 }
 
 TEST_F(CellConversions, DashesOfPathsLoseTheirEscapeInTheCell) {
@@ -62,15 +62,15 @@ TEST_F(CellConversions, DashesOfPathsLoseTheirEscapeInTheCell) {
     enumeration.entries = {Words(DT_String, "rail\\-road\\-x"), Words(DT_String, "other\\-one")};
     root.With("flat", enumeration.ListValue(DT_ListString));
     Bind(root);
-    EXPECT_EQ("rail\\-road\\-x", grid.GetItemText(0, 1));
+    EXPECT_EQ(grid.GetItemText(0, 1), "rail\\-road\\-x");
     enumeration.flags = ENF_Tree;
     SinkOf(root).OnChange("flat", enumeration.ListValue(DT_ListString));
-    EXPECT_EQ("rail-road-x", grid.GetItemText(0, 1));
+    EXPECT_EQ(grid.GetItemText(0, 1), "rail-road-x");
     // Asked directly, the text is the value's.
     std::string text;
     CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
     grid.ConvertToOutput(&root, "flat", enumeration.ListValue(DT_ListString), text, control);
-    EXPECT_EQ("rail\\-road\\-x", text);
+    EXPECT_EQ(text, "rail\\-road\\-x");
 }
 
 TEST_F(CellConversions, AMemberIsRegisteredWithTheServiceOfItsTypeAlone) {
@@ -86,7 +86,7 @@ TEST_F(CellConversions, AMemberIsRegisteredWithTheServiceOfItsTypeAlone) {
         for (const auto& [otherType, otherService] : rows)
             EXPECT_FALSE(otherService != service && grid.RemoveSink(otherType, &root, "m"))
                 << type << ", " << otherType;
-        EXPECT_EQ(service != S::None, grid.RemoveSink(type, &root, "m")) << type;
+        EXPECT_EQ(grid.RemoveSink(type, &root, "m"), service != S::None) << type;
         EXPECT_FALSE(grid.RemoveSink(type, &root, "m")) << type;
     }
 }
@@ -101,10 +101,10 @@ TEST_F(CellConversions, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) 
     BindAndExpand();
     root.onRead = [&](const std::string& name) { EXPECT_NE("angle", name); };
     SetFormatDouble(GermanFormat(3));
-    EXPECT_EQ(Lines({"double|2,000", "list|1,250", "angle|3,00", "inner|", " x|1,000 m"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"double|2,000", "list|1,250", "angle|3,00", "inner|", " x|1,000 m"}));
     root.onRead = nullptr;
     SetAngleFormatDouble(GermanFormat(0));
-    EXPECT_EQ("3", grid.GetItemText(2, 1));
+    EXPECT_EQ(grid.GetItemText(2, 1), "3");
 }
 
 TEST_F(CellConversions, WhatIsGoneWhileAFormatChangesIsSkipped) {
@@ -115,7 +115,7 @@ TEST_F(CellConversions, WhatIsGoneWhileAFormatChangesIsSkipped) {
         SinkOf(root).OnOperationRemove(name == "a" ? "b" : "a", Number(DT_Double, 0));
     };
     SetFormatDouble(GermanFormat(1));
-    EXPECT_EQ(1, grid.GetItemCount());
+    EXPECT_EQ(grid.GetItemCount(), 1);
     grid.Clear();
     SetFormatDouble(GermanFormat(4)); // nobody listens any more
 }

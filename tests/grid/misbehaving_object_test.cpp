@@ -1,5 +1,7 @@
 #include "support/grid_fixture.h"
 
+#include <new>
+
 namespace korvel {
 namespace {
 
@@ -9,7 +11,7 @@ TEST_F(BoundGridTest, AnObjectThatThrowsShowsWhatElseItHas) {
     point.With("good", Words(DT_String, "here")).With("bad", Words(DT_String, "never")).throwsOn = "bad";
     root.With("broken", Group(&point)).With("nameless", Group(&nameless)).With("null", Group(nullptr));
     BindAndExpand();
-    EXPECT_EQ(Lines({"broken|", " good|here", " bad|", "nameless|", "null|"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"broken|", " good|here", " bad|", "nameless|", "null|"}));
 }
 
 TEST_F(BoundGridTest, AnObjectWithinItselfEndsAtItsOwnRow) {
@@ -17,9 +19,9 @@ TEST_F(BoundGridTest, AnObjectWithinItselfEndsAtItsOwnRow) {
     root.With("inner", Group(&point));
     BindAndExpand();
     SinkOf(root).OnOperationAdd("late", Words(DT_String, "at the root"));
-    EXPECT_EQ(Lines({"inner|", " up|", " self|", "late|at the root"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"inner|", " up|", " self|", "late|at the root"}));
     SinkOf(root).OnOperationRemove("inner", Group(&point));
-    EXPECT_EQ(Lines({"late|at the root"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"late|at the root"}));
 }
 
 TEST_F(BoundGridTest, ObjectsWithinObjectsEndAtADepthThatMemoryBears) {
@@ -30,7 +32,7 @@ TEST_F(BoundGridTest, ObjectsWithinObjectsEndAtADepthThatMemoryBears) {
         deepest = &inner;
     }
     BindAndExpand();
-    EXPECT_EQ(2000, grid.GetItemCount());
+    EXPECT_EQ(grid.GetItemCount(), 2000);
 }
 
 TEST_F(BoundGridTest, AnObjectInTwoPlacesOutlivesTheFirst) {
@@ -38,10 +40,10 @@ TEST_F(BoundGridTest, AnObjectInTwoPlacesOutlivesTheFirst) {
     root.With("a", Group(&point)).With("b", Group(&point));
     BindAndExpand();
     SinkOf(root).OnOperationRemove("a", Group(&point));
-    EXPECT_EQ(Lines({"b|", " x|1"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"b|", " x|1"}));
     grid.OnChange(&point, "x", Words(DT_String, "2")); // its row is known no more
     SinkOf(root).OnOperationRemove("b", Group(&point));
-    EXPECT_EQ(0, grid.GetItemCount());
+    EXPECT_EQ(grid.GetItemCount(), 0);
 }
 
 TEST_F(BoundGridTest, OfManyMembersOfOneNameTheFirstIsAddressed) {
@@ -49,14 +51,14 @@ TEST_F(BoundGridTest, OfManyMembersOfOneNameTheFirstIsAddressed) {
         root.With("same", Whole(DT_Int, i));
     Bind(root);
     SinkOf(root).OnChange("same", Whole(DT_Int, 7));
-    EXPECT_EQ("7", grid.GetItemText(0, 1));
+    EXPECT_EQ(grid.GetItemText(0, 1), "7");
     for (int i = 0; i < 2; ++i) {
         SinkOf(root).OnOperationRemove("same", Whole(DT_Int, 7));
-        EXPECT_EQ(9999, grid.GetItemCount()) << "none is addressed any more";
+        EXPECT_EQ(grid.GetItemCount(), 9999) << "none is addressed any more";
     }
 }
 
-// The rows go by what they show, not by what the object answers by then.
+// The rows go by what they show, not by what the object returns by then.
 TEST_F(BoundGridTest, AnObjectMayChangeItsNamesBeforeItsRowsGo) {
     point.With("x", Whole(DT_Int, 1)).With("y", Whole(DT_Int, 2));
     root.With("p", Group(&point));
@@ -65,7 +67,7 @@ TEST_F(BoundGridTest, AnObjectMayChangeItsNamesBeforeItsRowsGo) {
     point.RenameMember("y", "z");
     SinkOf(root).OnOperationRemove("p", Group(&point));
     for (const char* name : {"x", "y"})
-        EXPECT_EQ(nullptr, grid.LookupTreeItem(&point, name)) << name;
+        EXPECT_EQ(grid.LookupTreeItem(&point, name), nullptr) << name;
 }
 
 TEST_F(BoundGridTest, AnObjectMayTellOfRemovalsWhileItIsReadOrPainted) {
@@ -81,21 +83,21 @@ TEST_F(BoundGridTest, AnObjectMayTellOfRemovalsWhileItIsReadOrPainted) {
     SinkOf(root).OnOperationRemove("p", Group(&point));
     root.onRead = [&](const std::string& name) { SinkOf(root).OnOperationRemove(name, Flag(true)); };
     display.PaintWindow(grid.m_hWnd);
-    EXPECT_EQ("late|stays", Rows(grid).front());
+    EXPECT_EQ(Rows(grid).front(), "late|stays");
     point.onRead = [&](const std::string& name) {
         if (name == "y")
             grid.Clear();
     };
     SinkOf(root).OnOperationAdd("p", Group(&point));
-    EXPECT_EQ(0, grid.GetItemCount());
-    EXPECT_EQ(nullptr, grid.LookupTreeItem(&point, "x"));
+    EXPECT_EQ(grid.GetItemCount(), 0);
+    EXPECT_EQ(grid.LookupTreeItem(&point, "x"), nullptr);
 }
 
 TEST_F(BoundGridTest, AnObjectThatBindsTheGridWhileItIsReadIsShownOnce) {
     root.With("a", Flag(true));
     root.onRead = [&](const std::string&) { Bind(root); };
     Bind(root);
-    EXPECT_EQ(Lines({"a|"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"a|"}));
 }
 
 TEST_F(GridTest, AnObserverMayComeBackWhileTheGridIsCleared) {
@@ -106,11 +108,52 @@ TEST_F(GridTest, AnObserverMayComeBackWhileTheGridIsCleared) {
     grid.Initialize(&root, "Name", "Value", 0);
     returning.Take();
     grid.Clear();
-    EXPECT_EQ(Lines({"-point", "-root"}), returning.Take());
-    EXPECT_EQ(0, grid.GetColumnCount());
-    EXPECT_EQ(nullptr, grid.LookupTreeItem(&returning.late));
+    EXPECT_EQ(returning.Take(), Lines({"-point", "-root"}));
+    EXPECT_EQ(grid.GetColumnCount(), 0);
+    EXPECT_EQ(grid.LookupTreeItem(&returning.late), nullptr);
     grid.Initialize(&root, "Name", "Value", 0);
-    EXPECT_EQ(Lines({"p|"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"p|"}));
+}
+
+TEST_F(BoundGridTest, AnObserverThatThrowsStopsNoneOfTheOthersFromHearing) {
+    root.With("p", Group(&point)).With("q", Group(&Object("other")));
+    point.With("deep", Group(&Object("deep")));
+    const std::tuple<const char*, std::size_t, std::function<void()>> rows[] = {
+        {"a removal", 2, [&] { SinkOf(root).OnOperationRemove("p", Group(&point)); }},
+        {"the end", 4, [&] { grid.Clear(); }},
+        {"another layout", 4, [&] { grid.SetLayoutSingleAttrColumn(); }},
+        {"the end of the window", 4, [&] { grid.DestroyWindow(); }},
+    };
+    for (const auto& [border, told, act] : rows) {
+        Bind(root);
+        observer.Take();
+        observer.throwsOnRemove = true;
+        std::string thrown;
+        try {
+            act();
+        } catch (const std::runtime_error& error) {
+            thrown = error.what();
+        }
+        observer.throwsOnRemove = false;
+        const Lines heard = observer.Take();
+        EXPECT_EQ(std::count_if(heard.begin(), heard.end(), [](auto& line) { return line[0] == '-'; }), told)
+            << border;
+        EXPECT_EQ(thrown, heard.front()) << border << ": the first goes on";
+        grid.Clear();
+    }
+}
+
+TEST_F(BoundGridTest, ABindingThatFailedKeepsTheWidthsOfTheColumns) {
+    grid.SetColumnInfo({{0, 70}, {1, 80}});
+    point.With("x", Flag(true));
+    root.With("p", Group(&point));
+    point.onRead = [](const std::string&) { throw std::bad_alloc(); };
+    EXPECT_THROW(Bind(root), std::bad_alloc);
+    EXPECT_EQ(grid.GetColumnCount(), 0);
+    point.onRead = nullptr;
+    Bind(root);
+    EXPECT_EQ(grid.GetColumnWidth(0), 70);
+    EXPECT_EQ(grid.GetColumnWidth(1), 80);
 }
 
 // A row's text is the host's to touch; a removal must still leave nothing behind that leads to the row.
@@ -120,9 +163,9 @@ TEST_F(BoundGridTest, ARowWhoseTextWasOverwrittenIsForgottenWithItsGroup) {
     Bind(root);
     grid.LookupTreeItem(&point, "x")->info->text = "overwritten";
     grid.RemoveRootNode(grid.LookupTreeItem(&root, "p"));
-    EXPECT_EQ(nullptr, grid.LookupTreeItem(&point));
-    EXPECT_EQ(nullptr, grid.LookupTreeItem(&point, "overwritten"));
-    EXPECT_EQ("-point", observer.log.back());
+    EXPECT_EQ(grid.LookupTreeItem(&point), nullptr);
+    EXPECT_EQ(grid.LookupTreeItem(&point, "overwritten"), nullptr);
+    EXPECT_EQ(observer.log.back(), "-point");
 }
 
 } // namespace

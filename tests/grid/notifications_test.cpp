@@ -15,13 +15,13 @@ TEST_F(Notifications, AddAppendsBehindTheMembersOfItsObject) {
     BindAndExpand();
     SinkOf(point).OnOperationAdd("z", Number(DT_Double, 3));
     SinkOf(root).OnOperationAdd("last", Words(DT_String, "B"));
-    EXPECT_EQ(Lines({"name|A", "p|", " x|1,00", " y|2,00", " z|3,00", "on|", "last|B"}), Rows(grid));
-    EXPECT_EQ(Lines(), observer.Take());
+    EXPECT_EQ(Rows(grid), Lines({"name|A", "p|", " x|1,00", " y|2,00", " z|3,00", "on|", "last|B"}));
+    EXPECT_EQ(observer.Take(), Lines());
     SinkOf(root).OnOperationAdd("q", Group(&Object("added")));
-    EXPECT_EQ(Lines({"+added", "+added"}), observer.Take()); // kept: twice
+    EXPECT_EQ(observer.Take(), Lines({"+added", "+added"})); // kept: twice
     SinkOf(root).OnOperationInsert(0, "r", Group(&Object("inserted")));
-    EXPECT_EQ(Lines({"+inserted"}), observer.Take());
-    EXPECT_EQ("r", grid.GetItemText(0, 0));
+    EXPECT_EQ(observer.Take(), Lines({"+inserted"}));
+    EXPECT_EQ(grid.GetItemText(0, 0), "r");
 }
 
 TEST_F(Notifications, InsertPlacesAMemberAmongItsSiblings) {
@@ -35,7 +35,7 @@ TEST_F(Notifications, InsertPlacesAMemberAmongItsSiblings) {
     for (const auto& [position, after] : rows) {
         Bind(point);
         SinkOf(point).OnOperationInsert(position, "new", Words(DT_String, ""));
-        EXPECT_EQ(after, Rows(grid)) << position;
+        EXPECT_EQ(Rows(grid), after) << position;
         grid.Clear();
     }
 }
@@ -46,9 +46,9 @@ TEST_F(Notifications, RemoveTakesAGroupWithEverythingBelow) {
     point.With("deep", Group(&deep));
     BindAndExpand();
     SinkOf(root).OnOperationRemove("p", Group(&point));
-    EXPECT_EQ(Lines({"name|A", "on|"}), Rows(grid));
-    EXPECT_EQ(Lines({"-deep", "-point"}), observer.Take());
-    EXPECT_EQ(nullptr, grid.LookupTreeItem(&deep, "d"));
+    EXPECT_EQ(Rows(grid), Lines({"name|A", "on|"}));
+    EXPECT_EQ(observer.Take(), Lines({"-deep", "-point"}));
+    EXPECT_EQ(grid.LookupTreeItem(&deep, "d"), nullptr);
 }
 
 TEST_F(Notifications, RemoveMovesTheSelectionOnlyWithItsRow) {
@@ -66,7 +66,7 @@ TEST_F(Notifications, RemoveMovesTheSelectionOnlyWithItsRow) {
         Bind(object);
         Select(grid, selectedBefore);
         SinkOf(object).OnOperationRemove(removed, Flag(true));
-        EXPECT_EQ(selectedAfter, SelectedRow(grid)) << border;
+        EXPECT_EQ(SelectedRow(grid), selectedAfter) << border;
         grid.Clear();
     }
 }
@@ -75,37 +75,37 @@ TEST_F(Notifications, RenameMovesTheRowToItsNewName) {
     BindAndExpand();
     point.RenameMember("x", "east");
     SinkOf(point).OnOperationRename("x", "east");
-    EXPECT_EQ(" east|1,00", Rows(grid)[2]);
-    EXPECT_EQ(nullptr, grid.LookupTreeItem(&point, "x"));
+    EXPECT_EQ(Rows(grid)[2], " east|1,00");
+    EXPECT_EQ(grid.LookupTreeItem(&point, "x"), nullptr);
     SetFormatDouble(GermanFormat(1)); // the registration has moved along
-    EXPECT_EQ(" east|1,0", Rows(grid)[2]);
+    EXPECT_EQ(Rows(grid)[2], " east|1,0");
     SinkOf(point).OnOperationRename("east", "east");
-    EXPECT_EQ(grid.NodeAtRow(2), grid.LookupTreeItem(&point, "east"));
+    EXPECT_EQ(grid.LookupTreeItem(&point, "east"), grid.NodeAtRow(2));
 }
 
 TEST_F(Notifications, ChangeRewritesTheCellAndWritesOnlyNewFlagsThrough) {
     BindAndExpand();
     SinkOf(point).OnChange("x", Number(DT_Double, 9));
     SinkOf(root).OnChange("p", Words(DT_String, "a group has no text"));
-    EXPECT_EQ(Lines({"name|A", "p|", " x|9,00", " y|2,00", "on|"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"name|A", "p|", " x|9,00", " y|2,00", "on|"}));
     CVariantValue alsoTrue = Flag(true);
     alsoTrue.Value.Bool = 2;
     SinkOf(root).OnChange("on", Flag(true));
     SinkOf(root).OnChange("on", alsoTrue);
-    EXPECT_EQ(0, root.writes + point.writes);
+    EXPECT_EQ(root.writes, 0);
     root.onWrite = [&](auto& name, auto& value) { SinkOf(root).OnChange(name, value); }; // before it keeps it
     SinkOf(root).OnChange("on", Flag(false));
-    EXPECT_EQ(1, root.writes);
-    EXPECT_EQ("", grid.GetItemText(4, 1));
+    EXPECT_EQ(root.writes, 1);
+    EXPECT_EQ(grid.GetItemText(4, 1), "");
 }
 
 TEST_F(Notifications, ChangeOfTypeMovesTheRegistrationAndTheEditor) {
     BindAndExpand();
     point.ChangeMemberType("x", DT_AngleDouble);
     SinkOf(point).OnOperationChangeType("x", DT_Double, Number(DT_AngleDouble, 1));
-    EXPECT_EQ(CItemInfo::ctAngle, grid.NodeAtRow(2)->info->GetControlType(0));
+    EXPECT_EQ(grid.NodeAtRow(2)->info->GetControlType(0), CItemInfo::ctAngle);
     SetAngleFormatDouble(GermanFormat(0));
-    EXPECT_EQ("1", grid.GetItemText(2, 1));
+    EXPECT_EQ(grid.GetItemText(2, 1), "1");
     EXPECT_FALSE(grid.RemoveSink(DT_Double, &point, "x"));
     EXPECT_TRUE(grid.RemoveSink(DT_AngleDouble, &point, "x"));
 
@@ -116,22 +116,22 @@ TEST_F(Notifications, ChangeOfTypeMovesTheRegistrationAndTheEditor) {
 TEST_F(Notifications, InTheMultiColumnLayoutMembersAreCells) {
     grid.SetLayoutMultiColumn({"Name", "x", "y", "z"});
     Bind(root);
-    EXPECT_EQ(Lines({"p|1,00|2,00|"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"p|1,00|2,00|"}));
     SinkOf(point).OnChange("y", Number(DT_Double, 5));
     SinkOf(point).OnOperationAdd("z", Words(DT_String, "new"));
-    EXPECT_EQ(Lines({"p|1,00|5,00|new"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"p|1,00|5,00|new"}));
     // Kept: the first value cell gets the editor of a member that stands in another column.
     SinkOf(point).OnOperationChangeType("y", DT_Double, Whole(DT_RangeInt, 5));
-    EXPECT_EQ(CItemInfo::ctRange, grid.NodeAtRow(0)->info->GetControlType(0));
-    EXPECT_EQ(CItemInfo::ctRange, grid.NodeAtRow(0)->info->GetControlType(1));
+    EXPECT_EQ(grid.NodeAtRow(0)->info->GetControlType(0), CItemInfo::ctRange);
+    EXPECT_EQ(grid.NodeAtRow(0)->info->GetControlType(1), CItemInfo::ctRange);
     SinkOf(point).OnOperationRename("z", "x2"); // no column: the first takes it
-    EXPECT_EQ(Lines({"p|new|5|"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"p|new|5|"}));
     SinkOf(point).OnOperationRemove("y", Whole(DT_RangeInt, 5));
     SinkOf(root).OnOperationRename("p", "q");
-    EXPECT_EQ(Lines({"q|new||"}), Rows(grid));
+    EXPECT_EQ(Rows(grid), Lines({"q|new||"}));
     SinkOf(root).OnOperationRemove("q", Group(&point));
-    EXPECT_EQ(nullptr, grid.LookupTreeItem(&point, "x"));
-    EXPECT_EQ(0, grid.GetItemCount());
+    EXPECT_EQ(grid.LookupTreeItem(&point, "x"), nullptr);
+    EXPECT_EQ(grid.GetItemCount(), 0);
 }
 
 TEST_F(Notifications, WhatIsNotShownIsIgnored) {
@@ -147,7 +147,7 @@ TEST_F(Notifications, WhatIsNotShownIsIgnored) {
     }
     grid.OnOperationAdd(&Object(), "new", Flag(true));
     grid.OnOperationInsert(nullptr, 0, "new", Flag(true));
-    EXPECT_EQ(before, Rows(grid));
+    EXPECT_EQ(Rows(grid), before);
 }
 
 } // namespace

@@ -91,6 +91,8 @@ public:
     void RemoveSink(IMemberDispatch* disp, IObserverGridSink*) override {
         log.push_back("-" + NameOf(disp));
         sinks.erase(disp);
+        if (throwsOnRemove)
+            throw std::runtime_error(log.back());
     }
     void OnChange(IMemberDispatch*, void*, const std::string&, const CVariantValue&) override {}
     void OnRemove(IMemberDispatch*, void*, const std::string&) override {}
@@ -104,6 +106,7 @@ public:
 
     std::vector<std::string> log;
     std::map<IMemberDispatch*, IObserverGridSink*> sinks;
+    bool throwsOnRemove = false; // the line of the log
 
 private:
     static std::string NameOf(IMemberDispatch* disp) { return disp ? disp->GetIdent() : "null"; }
@@ -215,7 +218,7 @@ protected:
     }
 };
 
-/// Answers which image a row gets, and writes down what it was asked.
+/// Chooses the image of a row, and writes down what it was asked.
 class ImageParent : public CWnd {
 public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {

@@ -20,7 +20,7 @@ inline CPoint MiddleOf(const CRect& rect) {
 struct Picture {
     std::vector<PaintCall> calls;
 
-    /// The colour that lies last at a point.
+    /// The color that lies last at a point.
     COLORREF At(CPoint place) const {
         COLORREF color = 0xFFFFFFFF;
         for (const PaintCall& call : calls)
@@ -58,7 +58,7 @@ protected:
     ~GridWindows() {
         SetDisplay(nullptr);
         for (auto& object : m_objects)
-            object->LetGo(); // they may hold each other
+            object->LetGo(); // enumerations of the test that are gone
     }
 
     void Make(CSuperGridCtrl& grid, UINT style = 0) {

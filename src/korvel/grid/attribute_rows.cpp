@@ -262,7 +262,9 @@ void AttributeRows::Forget(const MemberIndex::Found& found, IMemberDispatch* dis
 // Everything that leads to the rows goes before the observer is told, which may come back here.
 void AttributeRows::OnRowUnlinked(CTreeItem& top, const CTreeItem* formerParent) {
     ++m_rowLosses;
-    m_index.RemoveRow(formerParent ? formerParent->info->disp : m_root, top);
+    const bool isForgotten = m_index.RemoveRow(formerParent ? formerParent->info->disp : m_root, top);
+    if (!isForgotten && !formerParent)
+        m_index.RemoveRow(top);
     std::vector<CTreeItem*> rows; // children in order, then their parent: from the last to the first
     std::vector<CTreeItem*> open{&top};
     while (!open.empty()) {

@@ -78,7 +78,7 @@ public:
     }
 
     /// The tree has taken out a row with all below, which are about to be deleted. `formerParent`: null for
-    /// what was at the root.
+    /// what was at the root, or when it is not known any more.
     void OnRowUnlinked(CTreeItem& row, const CTreeItem* formerParent);
 
     RowsWatch WatchRows() const { return RowsWatch(m_rowLosses); }

@@ -13,7 +13,7 @@ namespace {
 
 using Info = CItemInfo;
 
-constexpr unsigned TypeBitAlpha = 0x1000; // of a colour
+constexpr unsigned TypeBitAlpha = 0x1000; // of a color
 
 struct MeaningRow {
     ValueMeaning meaning;

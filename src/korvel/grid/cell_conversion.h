@@ -12,8 +12,8 @@ namespace korvel::internal {
 enum class CellText {
     Value,     // the user-facing text of the value
     TextField, // the value's Text field as it stands
-    ColorWord, // "0x" and the colour word in lower-case hexadecimal, unpadded
-    Nothing,   // empty: what the cell draws tells all
+    ColorWord, // "0x" and the color word in lower-case hexadecimal, unpadded
+    Nothing,   // empty: what the cell draws says all
 };
 
 /// How values of one type are shown in a cell.
@@ -23,7 +23,7 @@ struct CellConversion {
     FormatService service = FormatService::None; // whose change of format puts the text out of date
 };
 
-/// Nothing for the types that a cell does not show: groups, void, and what is no type.
+/// No value for the types that a cell does not show: groups, void, and what is no type.
 std::optional<CellConversion> FindCellConversion(EDataTyps type);
 
 /// Writes the text of a cell, and its editor. A type that a cell does not show leaves the text as it is and

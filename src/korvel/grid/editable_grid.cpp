@@ -38,9 +38,7 @@ public:
 
 private:
     CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
-        CTreeItem* row = m_grid.LinkNode(parent, info.get(), position);
-        info.release(); // the row's from here on
-        return row;
+        return m_grid.LinkNode(parent, info.release(), position);
     }
     void ShowRow(CTreeItem& row) override { m_grid.ShowNode(&row); }
     void RemoveRow(CTreeItem& row) override { m_grid.TakeNode(&row); }

@@ -17,10 +17,10 @@ class IMemberDispatch;
 ///     info->text = "length";                          // column 0
 ///     info->SetSubItem(0, "12,50 m");                 // column 1
 ///     info->SetControlType(0, CItemInfo::ctEdit);
-///     info->IsCellEnabled(0);                         // true until told otherwise
+///     info->IsCellEnabled(0);                         // true unless it was set
 ///
-/// A cell is named by its column index less 1: cell 0 stands in column 1. What was never set reads as the
-/// default that stands with each getter. Colours are 0x00BBGGRR; the top byte of a swatch is its opacity.
+/// A cell is named by its column index less 1: cell 0 is in column 1. What was never set reads as the
+/// default that is given with each getter. Colors are 0x00BBGGRR; the top byte of a swatch is its opacity.
 class KORVEL_API CItemInfo {
 public:
     /// The editor that a cell opens.
@@ -39,7 +39,7 @@ public:
         ctRandom = 13,
     };
 
-    /// Whether a cell shows its colour as a swatch.
+    /// Whether a cell shows its color as a swatch.
     static constexpr bool IsSwatch(CONTROLTYPE type) { return type == ctColor || type == ctColorAlpha; }
 
     static constexpr COLORREF NoColor = 0xFFFFFFFF;
@@ -69,13 +69,13 @@ public:
     const std::vector<CString>* GetCellList(int cell) const;
     void SetCellList(int cell, std::vector<CString> list);
 
-    IMemberDispatch* disp = nullptr; ///< the object behind a group row; not owned
+    IMemberDispatch* disp = nullptr; ///< the object that a group row shows; not owned
     CString text;                    ///< of column 0
     int checked = 0;                 ///< state of the row's check box
     int image = -1;                  ///< index in the image list
     COLORREF rowColor = NoColor;     ///< background of the whole row
 
-    /// Where the member look-up of an attribute grid files this row; its own affair.
+    /// Where the member look-up of an attribute grid files this row; for its use alone.
     std::uint32_t indexHash = 0;
 
 private:
@@ -84,8 +84,8 @@ private:
     const Cell& CellAt(int cell) const;
     Cell& MakeCell(int cell);
 
-    // Nearly every row sets the text and these two of cell 0, and hardly any row sets more: the rest lies
-    // apart.
+    // Nearly every row sets the text and these two of cell 0, and hardly any row sets more: the rest is
+    // kept apart.
     CString m_firstText;
     int m_subItemCount = 0;
     std::uint8_t m_firstControl = ctEdit;

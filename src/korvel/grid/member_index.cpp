@@ -97,7 +97,7 @@ bool MemberIndex::Remove(const IMemberDispatch* disp, std::string_view name) {
 void MemberIndex::Rename(IMemberDispatch* disp, const std::string& name, std::string newName,
                          FormatService service) {
     const Found found = Find(disp, name);
-    if (!found.node)
+    if (!found.node || name == newName)
         return;
     Reserve(disp, 1);
     Remove(disp, newName);
@@ -111,14 +111,24 @@ void MemberIndex::Rename(IMemberDispatch* disp, const std::string& name, std::st
     found.node->info->text.swap(newName);
 }
 
-void MemberIndex::RemoveRow(const IMemberDispatch* disp, const CTreeItem& row) {
+bool MemberIndex::RemoveRow(const IMemberDispatch* disp, const CTreeItem& row) {
     const auto table = m_tables.find(disp);
-    if (table == m_tables.end())
-        return;
+    return table != m_tables.end() && RemoveRow(table, row);
+}
+
+bool MemberIndex::RemoveRow(const CTreeItem& row) {
+    for (auto table = m_tables.begin(); table != m_tables.end(); ++table)
+        if (RemoveRow(table, row))
+            return true;
+    return false;
+}
+
+bool MemberIndex::RemoveRow(Tables::iterator table, const CTreeItem& row) {
     const auto isRow = [&](const MemberEntry& entry) { return entry.node == &row && entry.name == 0; };
-    if (const std::size_t slot = table->second.Find(row.info->indexHash, isRow);
-        slot != MemberTable::NotFound)
+    const std::size_t slot = table->second.Find(row.info->indexHash, isRow);
+    if (slot != MemberTable::NotFound)
         RemoveSlot(table, slot);
+    return slot != MemberTable::NotFound;
 }
 
 void MemberIndex::RemoveSlot(Tables::iterator table, std::size_t slot) {

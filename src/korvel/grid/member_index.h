@@ -46,7 +46,10 @@ public:
     /// more. Without effect when the member is not filed.
     void Rename(IMemberDispatch* disp, const std::string& name, std::string newName, FormatService service);
     /// Removes the entry of a row that shows a member of `disp`, whatever its text has become since.
-    void RemoveRow(const IMemberDispatch* disp, const CTreeItem& row);
+    /// False when there is none.
+    bool RemoveRow(const IMemberDispatch* disp, const CTreeItem& row);
+    /// The same for a row of whatever object: looks through all objects.
+    bool RemoveRow(const CTreeItem& row);
     /// Removes all members of an object.
     void RemoveObject(const IMemberDispatch* disp);
 
@@ -60,6 +63,7 @@ private:
     static std::uint32_t HashOf(std::string_view name);
     bool Add(IMemberDispatch* disp, std::string_view name, const MemberEntry& entry);
     std::size_t SlotOf(const MemberTable& table, std::string_view name, std::uint32_t hash) const;
+    bool RemoveRow(Tables::iterator table, const CTreeItem& row);
     void RemoveSlot(Tables::iterator table, std::size_t slot);
     std::string_view NameOf(const MemberEntry& entry) const;
     std::uint32_t NumberOfName(std::string_view name);

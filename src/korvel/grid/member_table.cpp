@@ -17,7 +17,7 @@ void MemberTable::Place(const MemberEntry& entry) {
     m_slots[slot] = entry;
 }
 
-// The entries behind close up, so that none of them is cut off from where its search begins.
+// The entries after it close up, so that none of them is cut off from where its search begins.
 void MemberTable::Remove(std::size_t slot) {
     --m_used;
     const std::size_t mask = m_slots.size() - 1;

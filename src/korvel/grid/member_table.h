@@ -21,8 +21,8 @@ struct MemberEntry {
     FormatService Service() const { return static_cast<FormatService>(service); }
 };
 
-/// The members of one object by their names: a flat hash table with linear probing. What is a match is the
-/// caller's to say, who knows the names.
+/// The members of one object by their names: a flat hash table with linear probing. The caller, who knows
+/// the names, says what is a match.
 class MemberTable {
 public:
     static constexpr std::size_t NotFound = static_cast<std::size_t>(-1);

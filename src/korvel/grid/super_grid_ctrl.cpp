@@ -99,10 +99,6 @@ RowsWatch CSuperGridCtrl::WatchRows() const {
     return m_tree->Watch();
 }
 
-unsigned CSuperGridCtrl::GetRemovalCount() const {
-    return m_tree->Removals();
-}
-
 int CSuperGridCtrl::RowOfNode(const CTreeItem* node) const {
     return m_tree->RowOf(node);
 }

@@ -154,11 +154,10 @@ protected:
     /// Removes a node of this grid with its info, its rows and all below.
     void TakeNode(CTreeItem* node);
     /// A node was taken out of the tree with all below; it is about to be deleted. `formerParent`: null for
-    /// what was a root.
+    /// what was a root, and when the host removed other nodes while it heard of the rows.
     virtual void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent);
     /// To be begun before a call of the host, and looked at after it.
     internal::RowsWatch WatchRows() const;
-    unsigned GetRemovalCount() const;
     void DeleteAllNodes();
     /// Repaints one row, at once when it is on screen.
     void RedrawNode(const CTreeItem* node);

@@ -138,7 +138,8 @@ void TreeRows::Remove(CTreeItem* node) {
     const RowsWatch rows = Watch();
     FirstFailure failure;
     failure.Try([&] { RemoveRows(first, last); });
-    failure.Try([&] { m_list.OnUnlinked(*removed, parent); });
+    // Whoever heard of the rows may have removed the parent.
+    failure.Try([&] { m_list.OnUnlinked(*removed, rows ? parent : nullptr); });
     Discard(std::move(removed));
     failure.Try([&] { RebuildIfNeeded(); });
     if (rows && parent && parent->children().empty())

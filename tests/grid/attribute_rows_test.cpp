@@ -1,0 +1,166 @@
+// The rows of an object without a window around them.
+
+#include "korvel/grid/attribute_rows.h"
+#include "korvel/grid/cell_conversion.h"
+#include "support/fakes.h"
+#include "support/german_machine.h"
+
+#include <deque>
+#include <random>
+
+namespace korvel::internal {
+namespace {
+
+// A tree that nobody sees.
+class PlainTree final : public AttributeTree {
+public:
+    explicit PlainTree(IObserverGrid* observer) : rows(*this, observer) {}
+    ~PlainTree() { rows.Unbind(); }
+
+    // Blanks for the depth, the text, the value.
+    Lines GetLines() const {
+        Lines lines;
+        Append(m_forest->children(), "", lines);
+        return lines;
+    }
+
+    CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
+        auto* row = new CTreeItem(info.release());
+        (parent ? parent : m_forest.get())->InsertChild(position, row);
+        return row;
+    }
+    void ShowRow(CTreeItem&) override {}
+    void RemoveRow(CTreeItem& row) override {
+        CTreeItem* parent = row.parent();
+        (parent ? parent : m_forest.get())->RemoveChild(&row);
+        rows.OnRowUnlinked(row, parent);
+        delete row.info;
+        delete &row;
+    }
+    void RewriteRow(const CTreeItem&) override {}
+    void ChangeMany(const std::function<void()>& change) override { change(); }
+    void OnFilled() override {}
+    void OnEnding() override {}
+    void OnEnded() override { m_forest = CTreeItem::MakeForest(); }
+    void ConvertToOutput(IMemberDispatch*, const std::string&, const CVariantValue& value, std::string& text,
+                         CItemInfo::CONTROLTYPE& control) override {
+        ConvertCell(value, text, control);
+    }
+    int ChooseImage(int image, const std::string&, IMemberDispatch*) override { return image; }
+    std::unique_ptr<IObserverGridSink> MakeSink(IMemberDispatch*) override { return nullptr; }
+
+private:
+    static void Append(const ChildList& family, const std::string& indent, Lines& lines) {
+        for (const CTreeItem* row : family) {
+            lines.push_back(indent + row->info->text + "|" + row->info->GetSubItem(0));
+            Append(row->children(), indent + " ", lines);
+        }
+    }
+
+    std::unique_ptr<CTreeItem> m_forest = CTreeItem::MakeForest();
+
+public:
+    AttributeRows rows;
+};
+
+class AttributeRowsTest : public GermanMachine {
+protected:
+    RecordingObserver observer;
+    PlainTree tree{&observer};
+};
+
+// Objects that change at random and say so. Nested ones are made as they are needed, and stand in one place.
+class ChangingObjects {
+public:
+    explicit ChangingObjects(PlainTree& tree) : m_tree(tree) { Make(); }
+
+    HostObject& GetRoot() { return m_objects.front(); }
+    void Change() {
+        HostObject& object = m_objects[Below(std::min<std::size_t>(m_objects.size(), 12))];
+        std::list<std::string> names;
+        object.GetMemberNames(names);
+        if (names.empty() || Below(2) == 0) {
+            const std::string name = "m" + std::to_string(m_nextName++);
+            const CVariantValue value = Below(4) == 0 ? Group(&Make()) : Whole(DT_Int, m_nextName);
+            object.AddMember(name, true, value);
+            m_tree.rows.Add(&object, name, value);
+            return;
+        }
+        const std::string name = *std::next(names.begin(), static_cast<int>(Below(names.size())));
+        CVariantValue value;
+        object.GetMember(name, value);
+        switch (Below(3)) {
+        case 0:
+            object.RemoveMember(name);
+            m_tree.rows.Remove(&object, name);
+            break;
+        case 1:
+            object.SetMember(name, value.Type == DT_Group ? value : Whole(DT_Int, m_nextName));
+            object.GetMember(name, value);
+            m_tree.rows.Change(&object, name, value);
+            break;
+        default:
+            if (value.Type == DT_Group)
+                value.Value.Dispatch->SetEditFlags(EF_Rename);
+            const std::string newName = "n" + std::to_string(m_nextName++);
+            object.RenameMember(name, newName);
+            m_tree.rows.Rename(&object, name, newName);
+        }
+    }
+
+    // What the rows are to be, as the objects have it.
+    static Lines LinesOf(HostObject& object, const std::string& indent = "") {
+        Lines lines;
+        std::list<std::string> names;
+        object.GetMemberNames(names);
+        for (const std::string& name : names) {
+            CVariantValue value;
+            object.GetMember(name, value);
+            const bool isGroup = value.Type == DT_Group;
+            lines.push_back(indent + name + "|" + (isGroup ? "" : value.ToText()));
+            if (!isGroup)
+                continue;
+            const Lines below = LinesOf(static_cast<HostObject&>(*value.Value.Dispatch), indent + " ");
+            lines.insert(lines.end(), below.begin(), below.end());
+        }
+        return lines;
+    }
+
+private:
+    std::size_t Below(std::size_t bound) { return m_random() % bound; }
+    HostObject& Make() { return m_objects.emplace_back("object"); }
+
+    PlainTree& m_tree;
+    std::mt19937 m_random{5};
+    std::deque<HostObject> m_objects;
+    int m_nextName = 0;
+};
+
+TEST_F(AttributeRowsTest, RowsFollowWhatObjectsSayOfThemselves) {
+    ChangingObjects objects(tree);
+    tree.rows.Bind(&objects.GetRoot(), [] {});
+    std::size_t most = 0;
+    for (int step = 0; step < 2000; ++step) {
+        objects.Change();
+        const Lines lines = tree.GetLines();
+        ASSERT_EQ(lines, ChangingObjects::LinesOf(objects.GetRoot())) << step;
+        most = std::max(most, lines.size());
+    }
+    EXPECT_GT(most, 20u);
+    SetFormatInt(GermanFormat(1));
+    EXPECT_EQ(tree.GetLines(), ChangingObjects::LinesOf(objects.GetRoot()));
+    tree.rows.Unbind();
+    EXPECT_EQ(tree.GetLines(), Lines());
+    EXPECT_EQ(observer.sinks.size(), 0u);
+}
+
+TEST_F(AttributeRowsTest, NothingIsAddedWhileNothingIsShown) {
+    HostObject object("object");
+    HostObject nested("nested");
+    tree.rows.Insert(nullptr, &object, -1, "nested", Group(&nested));
+    EXPECT_EQ(tree.GetLines(), Lines());
+    EXPECT_EQ(observer.Take(), Lines());
+}
+
+} // namespace
+} // namespace korvel::internal
