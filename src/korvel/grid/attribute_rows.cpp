@@ -24,6 +24,12 @@ FormatService ReadFormatService(const CVariantValue& value) {
         FormatService::None, [&] { return FormatServiceOf(value); });
 }
 
+bool IsShownAbove(const grid::CTreeItem* row, const IMemberDispatch* sub) {
+    while (row && row->info->disp != sub)
+        row = row->parent();
+    return row != nullptr;
+}
+
 // Sets a flag for its lifetime.
 class Raised {
 public:
@@ -153,7 +159,7 @@ void AttributeRows::InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int po
         ShowTexts(*sub, layout, rows, *info);
     if (!rows)
         return;
-    const bool hasMembers = sub && !IsShownAbove(parent, sub);
+    const bool hasMembers = sub && sub != m_root && !IsShownAbove(parent, sub);
     AddRow({parent, position, disp, name, FormatService::None}, std::move(info), [&](CTreeItem& row) {
         if (!hasMembers || row.indent() >= DeepestLevel)
             return;
@@ -161,13 +167,6 @@ void AttributeRows::InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int po
         if (rows)
             InsertMembers(*sub, &row);
     });
-}
-
-bool AttributeRows::IsShownAbove(const CTreeItem* parent, const IMemberDispatch* sub) const {
-    for (; parent; parent = parent->parent())
-        if (parent->info->disp == sub)
-            return true;
-    return sub == m_root;
 }
 
 // The row is filed before it is shown, so that whoever hears of it can find and remove it.
@@ -245,18 +244,17 @@ CellContent AttributeRows::MakeCell(IMemberDispatch& disp, const std::string& na
 
 void AttributeRows::Remove(IMemberDispatch* disp, const std::string& name) {
     const MemberIndex::Found found = m_index.Find(disp, name);
-    if (found.node)
-        m_tree.ChangeMany([&] { Forget(found, disp, name); });
-}
-
-void AttributeRows::Forget(const MemberIndex::Found& found, IMemberDispatch* disp, const std::string& name) {
-    if (!found.isCell) {
-        m_tree.RemoveRow(*found.node);
+    if (!found.node)
         return;
-    }
-    CellContent().StoreIn(*found.node->info, CellOf(name));
-    m_index.Remove(disp, name);
-    m_subscriptions.Update(m_index);
+    m_tree.ChangeMany([&] {
+        if (!found.isCell) {
+            m_tree.RemoveRow(*found.node);
+            return;
+        }
+        CellContent().StoreIn(*found.node->info, CellOf(name));
+        m_index.Remove(disp, name);
+        m_subscriptions.Update(m_index);
+    });
 }
 
 // Everything that leads to the rows goes before the observer is told, which may come back here.
@@ -384,12 +382,6 @@ void AttributeRows::Rename(IMemberDispatch* disp, const std::string& name, const
     m_tree.RewriteRow(*found.node);
 }
 
-void AttributeRows::Reread(IMemberDispatch& disp, const std::string& name) {
-    CVariantValue value;
-    if (ReadMember(disp, name, value))
-        Change(&disp, name, value);
-}
-
 bool AttributeRows::SetService(IMemberDispatch* disp, const std::string& name, FormatService service) {
     const bool isShown = m_index.SetService(disp, name, service);
     if (isShown)
@@ -403,8 +395,13 @@ void AttributeRows::OnFormatChanged(FormatService service) {
         for (const auto& [disp, name] : m_index.MembersOf(service)) {
             IMemberDispatch* object = disp;
             const std::string& member = name;
-            if (Find(object, member)) // else it was removed while another one was read
-                failure.Try([&] { Reread(*object, member); });
+            if (!Find(object, member))
+                continue; // it was removed while another one was read
+            failure.Try([&] {
+                CVariantValue value;
+                if (ReadMember(*object, member, value))
+                    Change(object, member, value);
+            });
         }
     });
     failure.Rethrow();

@@ -108,12 +108,9 @@ private:
     };
     void AddRow(const RowPlace& place, std::unique_ptr<CItemInfo> info,
                 const std::function<void(CTreeItem&)>& fill);
-    void Forget(const MemberIndex::Found& found, IMemberDispatch* disp, const std::string& name);
 
-    bool IsShownAbove(const CTreeItem* parent, const IMemberDispatch* sub) const;
     CellContent MakeCell(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
     int CellOf(const std::string& name) const { return layout.ColumnOf(name) - 1; }
-    void Reread(IMemberDispatch& disp, const std::string& name);
 
     /// Whether an object is shown, and the row whose children its members are (null for the root).
     struct ShownObject {
