@@ -20,7 +20,6 @@ using internal::ComboTree;
 
 namespace {
 
-constexpr LRESULT NoActivation = 3; // the answer to WM_MOUSEACTIVATE
 
 void Require(const IEnumValue* enumeration) {
     if (!enumeration)
@@ -435,7 +434,7 @@ LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         return CListCtrl::WindowProc(message, wParam, lParam) | DLGC_WANTALLKEYS;
     case WM_MOUSEACTIVATE:
         if (GetMode() == eDropDown)
-            return NoActivation;
+            return MA_NOACTIVATE;
         break;
     case WM_SIZE: {
         const LRESULT sized = CListCtrl::WindowProc(message, wParam, lParam);

@@ -7,7 +7,6 @@ namespace korvel {
 namespace {
 
 constexpr const char* ClassName = "KorvelComboField";
-constexpr LRESULT NoActivation = 3; // what WM_MOUSEACTIVATE answers
 
 struct FieldColors {
     int text;
@@ -37,7 +36,7 @@ LRESULT CGridCtrlComboBoxEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lP
     case WM_CLEAR:
         return 0; // nothing edits the text
     case WM_MOUSEACTIVATE:
-        return NoActivation;
+        return MA_NOACTIVATE;
     case WM_LBUTTONDOWN:
         OnPress();
         return 0;

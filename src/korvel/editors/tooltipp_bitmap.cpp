@@ -8,7 +8,6 @@ namespace {
 
 constexpr CSize Room{256, 256};
 constexpr int Border = 1;
-constexpr LRESULT NoActivation = 3; // what WM_MOUSEACTIVATE answers
 
 // Moved onto the screen when it begins there; the system says the size of the first screen only.
 int MovedOntoScreen(int position, int size, int screen) {
@@ -55,7 +54,7 @@ LRESULT CTooltippBitmap::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) 
     case WM_ERASEBKGND:
         return 1;
     case WM_MOUSEACTIVATE:
-        return NoActivation;
+        return MA_NOACTIVATE;
     default:
         return CWnd::WindowProc(message, wParam, lParam);
     }

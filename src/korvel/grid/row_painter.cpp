@@ -2,6 +2,7 @@
 
 #include "korvel/grid/cell_geometry.h"
 #include "korvel/output/angles.h"
+#include "korvel/window/base/color.h"
 
 namespace korvel::internal {
 
@@ -11,17 +12,6 @@ constexpr int TextMargin = 4;
 
 constexpr UINT TextFormat = DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
 
-// One channel of a colour laid over another; `opacity` from 0 to 255.
-unsigned Blend(unsigned over, unsigned under, unsigned opacity) {
-    return (over * opacity + under * (255 - opacity)) / 255;
-}
-
-COLORREF Over(COLORREF color, COLORREF ground, unsigned opacity) {
-    return RGB(Blend(GetRValue(color), GetRValue(ground), opacity),
-               Blend(GetGValue(color), GetGValue(ground), opacity),
-               Blend(GetBValue(color), GetBValue(ground), opacity));
-}
-
 // Black or white, whichever is read better on the ground.
 COLORREF Readable(COLORREF ground) {
     // The weights of the channels in perceived brightness, ITU-R BT.601, in thousandths.
@@ -30,24 +20,11 @@ COLORREF Readable(COLORREF ground) {
     return brightness < 128 ? RGB(255, 255, 255) : RGB(0, 0, 0);
 }
 
-// The colour halfway between two others: what is disabled on a ground of any brightness.
-COLORREF Midway(COLORREF first, COLORREF second) {
-    return RGB((GetRValue(first) + GetRValue(second)) / 2, (GetGValue(first) + GetGValue(second)) / 2,
-               (GetBValue(first) + GetBValue(second)) / 2);
-}
-
 // The colour of a swatch with its opacity in the top byte.
 COLORREF SwatchColor(const CItemInfo& info, int cell) {
     constexpr COLORREF Opaque = 0xFF000000;
     const COLORREF word = info.GetCellColor(cell);
     return info.GetControlType(cell) == CItemInfo::ctColorAlpha ? word : word | Opaque;
-}
-
-// A square of odd size in the middle of a rectangle.
-CRect Centered(const CRect& rect, int size) {
-    const int left = rect.left + (rect.Width() - size) / 2;
-    const int top = rect.top + (rect.Height() - size) / 2;
-    return {left, top, left + size, top + size};
 }
 
 } // namespace
@@ -127,7 +104,7 @@ void RowPainter::DrawText(int column, CRect room, COLORREF ground) {
     COLORREF color = GetSysColor(COLOR_WINDOWTEXT);
     if (m_isSelected && m_hasFocus)
         color = IsEnabled(column) ? GetSysColor(COLOR_HIGHLIGHTTEXT)
-                                  : Midway(GetSysColor(COLOR_HIGHLIGHTTEXT), ground);
+                                  : Mix(GetSysColor(COLOR_HIGHLIGHTTEXT), ground, 1, 2);
     else if (!IsEnabled(column))
         color = GetSysColor(COLOR_GRAYTEXT);
     else if (m_isSelected)
@@ -188,7 +165,7 @@ void RowPainter::DrawTreeLines(const CRect& bounds, int width) {
 
 void RowPainter::DrawSign(const CRect& square) {
     constexpr int Size = 9;
-    const CRect box = Centered(square, Size);
+    const CRect box = square.Centered({Size, Size});
     const CPoint center{box.left + Size / 2, box.top + Size / 2};
     const COLORREF ink = GetSysColor(COLOR_WINDOWTEXT);
     m_dc.FillSolidRect(box, GetSysColor(COLOR_WINDOW));
@@ -201,7 +178,7 @@ void RowPainter::DrawSign(const CRect& square) {
 void RowPainter::DrawRowCheck(const CRect& bounds) {
     constexpr int Size = 13;
     const UINT state = DFCS_BUTTONCHECK | (m_node->info->checked ? DFCS_CHECKED : 0);
-    m_grid.DrawThemedFrame(m_dc, Centered(bounds, Size), DFC_BUTTON, state);
+    m_grid.DrawThemedFrame(m_dc, bounds.Centered({Size, Size}), DFC_BUTTON, state);
 }
 
 CRect RowPainter::DrawControl(int column, const CRect& cell) {
@@ -263,8 +240,8 @@ void RowPainter::DrawSwatch(const CRect& square, COLORREF word) {
         m_dc.FillSolidRect(square, color);
     } else {
         constexpr int Tile = 4;
-        m_dc.FillSolidRect(square, Over(color, RGB(255, 255, 255), opacity));
-        const COLORREF dark = Over(color, RGB(160, 160, 160), opacity);
+        m_dc.FillSolidRect(square, Mix(RGB(255, 255, 255), color, opacity, 255));
+        const COLORREF dark = Mix(RGB(160, 160, 160), color, opacity, 255);
         for (int y = square.top; y < square.bottom; y += Tile)
             for (int x = square.left + (y - square.top) % (2 * Tile); x < square.right; x += 2 * Tile)
                 m_dc.FillSolidRect(CRect{x, y, x + Tile, y + Tile}.Intersected(square), dark);
@@ -285,7 +262,7 @@ void RowPainter::DrawDice(const CRect& square) {
         return;
     m_grid.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
     const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
-    const CRect die = Centered(square, 11);
+    const CRect die = square.Centered({11, 11});
     m_dc.FrameRect(die, ink);
     for (const CPoint pip : {CPoint{2, 2}, CPoint{7, 2}, CPoint{2, 7}, CPoint{7, 7}})
         m_dc.FillSolidRect({die.left + pip.x, die.top + pip.y, die.left + pip.x + 2, die.top + pip.y + 2},

@@ -98,6 +98,12 @@ inline constexpr UINT MK_SHIFT = 0x0004;
 inline constexpr UINT MK_CONTROL = 0x0008;
 inline constexpr UINT MK_MBUTTON = 0x0010;
 
+// WM_MOUSEACTIVATE answers.
+inline constexpr LRESULT MA_ACTIVATE = 1;
+inline constexpr LRESULT MA_ACTIVATEANDEAT = 2;
+inline constexpr LRESULT MA_NOACTIVATE = 3;
+inline constexpr LRESULT MA_NOACTIVATEANDEAT = 4;
+
 // Window styles.
 inline constexpr UINT WS_TABSTOP = 0x00010000;
 inline constexpr UINT WS_GROUP = 0x00020000;

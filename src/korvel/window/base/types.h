@@ -69,6 +69,12 @@ struct CRect {
         return {std::max(left, other.left), std::max(top, other.top), std::min(right, other.right),
                 std::min(bottom, other.bottom)};
     }
+    /// A rectangle of that size in the middle of this one; what cannot be halved lies right and below.
+    CRect Centered(CSize size) const {
+        const int x = left + (Width() - size.cx) / 2;
+        const int y = top + (Height() - size.cy) / 2;
+        return {x, y, x + size.cx, y + size.cy};
+    }
     CRect United(const CRect& other) const {
         return {std::min(left, other.left), std::min(top, other.top), std::max(right, other.right),
                 std::max(bottom, other.bottom)};
