@@ -3,7 +3,7 @@
 #include "korvel/grid/editable_grid.h"
 #include "korvel/qt/embed.h"
 #include "korvel/qt/qt_display.h"
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
 #include "tree_scenario.h"
 
 #include <QAbstractItemModel>

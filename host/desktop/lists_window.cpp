@@ -2,7 +2,7 @@
 
 #include "desktop/program_texts.h"
 #include "korvel/values/replace_first.h"
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
 
 #include <algorithm>
 

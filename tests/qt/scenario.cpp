@@ -1,7 +1,7 @@
 #include "qt/scenario.h"
 
 #include "korvel/window/controls/controls.h"
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
 #include "korvel/window/list/list_ctrl.h"
 
 #include <memory>

@@ -1,7 +1,7 @@
 #include "qt/users.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/input.h"
 
 #include <QAbstractButton>
 #include <QApplication>

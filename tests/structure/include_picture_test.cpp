@@ -73,7 +73,7 @@ TEST(IncludePicture, TellsABreach) {
         {"output", "a.h", "\"korvel/values/data_types.h\"", true},
         {"output", "a.h", "\"korvel/values/variant_value.h\"", false},
         {"values", "data_types.h", "<cstdint>", false},
-        {"qt", "a.cpp", "\"korvel/window/display/display.h\"", true},
+        {"qt", "a.cpp", "\"korvel/window/core/display.h\"", true},
         {"qt", "a.cpp", "\"korvel/grid/editable_grid.h\"", false},
         {"grid", "a.cpp", "\"korvel/qt/qt_display.h\"", false},
         {"grid", "a.cpp", "<QWidget>", false},

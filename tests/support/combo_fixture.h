@@ -4,8 +4,8 @@
 #include "korvel/editors/combo_list.h"
 #include "korvel/editors/combo_names.h"
 #include "korvel/values/language.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/display/headless_display.h"
-#include "korvel/window/display/input.h"
 #include "support/test_enumeration.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "korvel/window/controls/controls.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/display/headless_display.h"
-#include "korvel/window/display/input.h"
 #include "support/table.h"
 
 #include <functional>

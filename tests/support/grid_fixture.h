@@ -1,7 +1,7 @@
 #pragma once
 
+#include "korvel/window/core/input.h"
 #include "korvel/window/display/headless_display.h"
-#include "korvel/window/display/input.h"
 #include "support/fakes.h"
 #include "support/german_machine.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "korvel/window/core/cwnd.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/display/headless_display.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/list/list_ctrl.h"
 #include "support/table.h"
 

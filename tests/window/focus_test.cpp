@@ -1,4 +1,4 @@
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/input.h"
 #include "support/recorded_window.h"
 
 namespace korvel {

@@ -1,4 +1,4 @@
-#include "korvel/window/base/dc.h"
+#include "korvel/window/core/dc.h"
 #include "korvel/window/display/recording_surface.h"
 #include "support/recorded_window.h"
 
@@ -26,17 +26,6 @@ TEST_F(FrameControlTest, StaysInsideItsRectangleAtAnySize) {
                     EXPECT_TRUE(call.rect.top >= 20 && call.rect.bottom <= 20 + height) << height;
                 }
     EXPECT_THAT(Draw({5, 5, 5, 9}, DFC_BUTTON, 0), IsEmpty());
-}
-
-TEST_F(FrameControlTest, LeavesThePenAsItWas) {
-    internal::RecordingSurface surface;
-    CDC dc(surface, {});
-    dc.SelectPen(PS_SOLID, RGB(1, 2, 3));
-    dc.MoveTo({7, 8});
-    dc.DrawFrameControl({0, 0, 13, 13}, DFC_BUTTON, DFCS_CHECKED);
-    dc.LineTo({9, 9});
-    EXPECT_EQ(surface.calls.back().color, RGB(1, 2, 3));
-    EXPECT_EQ(surface.calls.back().rect, (CRect{7, 8, 9, 9}));
 }
 
 TEST(ImageList, RefusesAPictureThatLacksPixels) {

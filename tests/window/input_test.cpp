@@ -1,6 +1,6 @@
 #include "korvel/platform/error.h"
-#include "korvel/window/core/window_record.h"
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/input.h"
+#include "korvel/window/core/input_delivery.h"
 #include "support/recorded_window.h"
 
 namespace korvel {
@@ -118,7 +118,7 @@ TEST_F(InputTest, TheOutermostWindowThatSetsACursorDecides) {
 TEST_F(InputTest, WhatTheUserMovedIsNotToldBackToTheDisplay) {
     display.TakeChanges(frame.m_hWnd);
     input::Placed(frame.m_hWnd, {0, 0, 50, 60});
-    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), 0u);
+    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), Aspects());
     EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame move", "frame size"));
     EXPECT_EQ(frame.GetWindowRect(), (CRect{0, 0, 50, 60}));
 }

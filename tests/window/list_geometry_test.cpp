@@ -96,7 +96,7 @@ TEST_F(ListGeometry, AScrollBarThatComesSendsTheNewSizeOnceRedrawIsOn) {
     EXPECT_EQ(resized.widths, (Rows{200}));
     resized.SetRedraw(true);
     EXPECT_EQ(resized.widths, (Rows{200, 183}));
-    EXPECT_NE(display.TakeChanges(resized.m_hWnd) & static_cast<Aspects>(Aspect::Scroll), 0u);
+    EXPECT_TRUE(display.TakeChanges(resized.m_hWnd) & Aspect::Scroll);
 }
 
 TEST_F(ListGeometry, AutomaticWidthsFitTextsTitleAndTheRest) {

@@ -1,4 +1,4 @@
-#include "korvel/window/base/dc.h"
+#include "korvel/window/core/dc.h"
 #include "support/recorded_window.h"
 
 namespace korvel {

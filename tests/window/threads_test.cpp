@@ -1,5 +1,5 @@
 #include "korvel/platform/error.h"
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/display/window_view.h"
 #include "support/recorded_window.h"
 
@@ -143,6 +143,22 @@ TEST_F(ThreadsTest, AThreadThatEndsTakesItsWindowsAlong) {
     EXPECT_EQ(orphan.m_hWnd, nullptr);
     EXPECT_FALSE(IsWindow(left) || korvel::SendMessageA(left, WM_USER, 0, 0) ||
                  PostMessageA(left, WM_USER, 0, 0));
+}
+
+TEST_F(ThreadsTest, OnlyTheDisplayInForceIsWokenByWhatItsThreadGets) {
+    struct CountingDisplay : HeadlessDisplay {
+        int wakes = 0;
+        void Wake() override { ++wakes; }
+    } former, next;
+    SetDisplay(&former);
+    SetDisplay(&next);
+    former.wakes = next.wakes = 0;
+    PostMessageA(window.m_hWnd, WM_USER, 0, 0);
+    std::thread([] {
+        PostMessageA(CreateWindowExA(0, "KorvelFrame", "", 0, {}, nullptr, 0), WM_USER, 0, 0);
+    }).join();
+    EXPECT_EQ(former.wakes, 0);
+    EXPECT_EQ(next.wakes, 1);
 }
 
 TEST_F(ThreadsTest, AWindowOfAnotherThreadIsNotShown) {

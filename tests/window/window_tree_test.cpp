@@ -196,10 +196,10 @@ TEST_F(WindowTreeTest, TellsOnlyWhatMovesAndTheDisplayOnceWhenRedrawIsOnAgain) {
     frame.SetRedraw(false);
     frame.SetWindowTextA("changed");
     frame.Invalidate();
-    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), 0u);
+    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), Aspects());
     EXPECT_FALSE(display.IsInvalid(frame.m_hWnd));
     frame.SetRedraw(true);
-    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), static_cast<Aspects>(Aspect::Text));
+    EXPECT_EQ(display.TakeChanges(frame.m_hWnd), Aspect::Text);
     EXPECT_TRUE(display.IsInvalid(frame.m_hWnd));
 }
 

@@ -2,7 +2,7 @@
 
 #include "korvel/values/text_table.h"
 #include "korvel/window/core/cwnd.h"
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
 
 namespace korvel {
 

@@ -2,7 +2,7 @@
 
 #include "korvel/editors/combo_list_codes.h"
 #include "korvel/editors/combo_model.h"
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
 
 #include <string>
 #include <vector>

@@ -3,8 +3,8 @@
 #include "korvel/editors/combo_list.h"
 #include "korvel/editors/grid_ctrl_combo_box_input_state.h"
 #include "korvel/editors/make_input_state.h"
-#include "korvel/window/display/display.h"
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/display.h"
+#include "korvel/window/core/input.h"
 
 #include <algorithm>
 #include <utility>

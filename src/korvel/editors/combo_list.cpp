@@ -20,7 +20,6 @@ using internal::ComboTree;
 
 namespace {
 
-
 void Require(const IEnumValue* enumeration) {
     if (!enumeration)
         throw Error("A value without an enumeration has no entries to choose from.");

@@ -2,7 +2,7 @@
 
 #include "korvel/editors/combo_row_geometry.h"
 #include "korvel/editors/combo_tree_item.h"
-#include "korvel/window/base/dc.h"
+#include "korvel/window/core/dc.h"
 
 namespace korvel::internal {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "korvel/window/base/dc.h"
 #include "korvel/window/controls/controls.h"
+#include "korvel/window/core/dc.h"
 
 namespace korvel {
 

@@ -1,6 +1,6 @@
 #include "korvel/editors/grid_ctrl_combo_box_edit.h"
 
-#include "korvel/window/base/dc.h"
+#include "korvel/window/core/dc.h"
 
 namespace korvel {
 

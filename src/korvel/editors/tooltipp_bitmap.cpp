@@ -1,6 +1,6 @@
 #include "korvel/editors/tooltipp_bitmap.h"
 
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
 
 namespace korvel {
 

@@ -7,7 +7,7 @@
 #include "korvel/grid/row_mouse.h"
 #include "korvel/grid/row_painter.h"
 #include "korvel/grid/tree_rows.h"
-#include "korvel/window/display/uncaught.h"
+#include "korvel/window/core/thread_queue.h"
 
 #include <algorithm>
 
@@ -32,7 +32,7 @@ CSuperGridCtrl::CSuperGridCtrl()
 
 CSuperGridCtrl::~CSuperGridCtrl() {
     m_cellEdit.reset();
-    Guarded(Uncaught::ToNextPump, [this] { DestroyWindow(); }); // rows go before their nodes
+    GuardedUntilRun([this] { DestroyWindow(); }); // rows go before their nodes
 }
 
 CSuperGridCtrl::RedrawPause::RedrawPause(CSuperGridCtrl& grid) : m_grid(grid) {
@@ -42,8 +42,7 @@ CSuperGridCtrl::RedrawPause::RedrawPause(CSuperGridCtrl& grid) : m_grid(grid) {
 
 CSuperGridCtrl::RedrawPause::~RedrawPause() {
     if (--m_grid.m_redrawPauses == 0)
-        Guarded(
-            Uncaught::ToNextPump, [this] { m_grid.SetRedraw(true); });
+        GuardedUntilRun([this] { m_grid.SetRedraw(true); });
 }
 
 const ChildList& CSuperGridCtrl::rootItems() const {

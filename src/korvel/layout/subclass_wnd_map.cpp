@@ -50,7 +50,7 @@ CSubclassWnd* CSubclassWndMap::OlderThan(HWND window, std::uint64_t age) const {
 LRESULT CSubclassWndMap::HookProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const ModuleStateGuard moduleState;
     const MSG current{window, message, wParam, lParam};
-    const CurrentMessageScope scope(current);
+    const internal::CurrentMessageScope scope(current);
     CSubclassWndMap& map = Instance();
     CSubclassWnd* head = map.Head(window);
     if (!head) {

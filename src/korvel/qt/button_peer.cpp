@@ -2,8 +2,8 @@
 
 #include "korvel/qt/convert.h"
 #include "korvel/window/base/messages.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QCheckBox>
@@ -58,11 +58,11 @@ ButtonPeer::ButtonPeer(Desktop& desktop, HWND window, QAbstractButton& button)
 
 void ButtonPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & static_cast<Aspects>(Aspect::Enabled))
+    if (aspects & Aspect::Enabled)
         m_button.setEnabled(view::IsSwitchedOn(Window()));
-    if (aspects & static_cast<Aspects>(Aspect::Text))
+    if (aspects & Aspect::Text)
         m_button.setText(TextOf(Window()));
-    if ((aspects & static_cast<Aspects>(Aspect::State)) && m_button.isCheckable())
+    if ((aspects & Aspect::State) && m_button.isCheckable())
         m_button.setChecked(view::ButtonCheck(Window()) != 0);
 }
 
@@ -72,7 +72,7 @@ void ButtonPeer::OnClicked() {
     const Busy busy(*this);
     input::Value(Window(), m_button.isCheckable() ? m_button.isChecked() : 1);
     if (Window())
-        Apply(static_cast<Aspects>(Aspect::State));
+        Apply(Aspect::State);
 }
 
 LabelPeer::LabelPeer(Desktop& desktop, HWND window, QWidget* parent)
@@ -84,9 +84,9 @@ LabelPeer::LabelPeer(Desktop& desktop, HWND window, QWidget& label) : Peer(deskt
 
 void LabelPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & static_cast<Aspects>(Aspect::Enabled))
+    if (aspects & Aspect::Enabled)
         Outer().setEnabled(view::IsSwitchedOn(Window()));
-    if (!(aspects & static_cast<Aspects>(Aspect::Text)))
+    if (!(aspects & Aspect::Text))
         return;
     const QString text = TextOf(Window());
     if (auto* label = qobject_cast<QLabel*>(&Outer()))

@@ -2,8 +2,8 @@
 
 #include "korvel/qt/convert.h"
 #include "korvel/window/base/messages.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QLineEdit>
@@ -63,7 +63,7 @@ EditPeer::EditPeer(Desktop& desktop, HWND window, QLineEdit& edit)
 void EditPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
     const QScopedValueRollback reading(m_reading, true);
-    if (aspects & static_cast<Aspects>(Aspect::Enabled))
+    if (aspects & Aspect::Enabled)
         m_edit.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & (Aspect::Text | Aspect::State))
         ShowState();
@@ -96,7 +96,7 @@ void EditPeer::Report() {
     const int end = selected ? m_edit.selectionEnd() : start;
     input::Edited(Window(), FromQString(m_edit.text()), start, end);
     if (Window() && TextOf(Window()) != m_edit.text())
-        Apply(static_cast<Aspects>(Aspect::Text));
+        Apply(Aspect::Text);
 }
 
 TextPeer::TextPeer(Desktop& desktop, HWND window, QWidget* parent)
@@ -118,7 +118,7 @@ TextPeer::TextPeer(Desktop& desktop, HWND window, QPlainTextEdit& edit)
 void TextPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
     const QScopedValueRollback reading(m_reading, true);
-    if (aspects & static_cast<Aspects>(Aspect::Enabled))
+    if (aspects & Aspect::Enabled)
         m_edit.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & (Aspect::Text | Aspect::State))
         ShowState();
@@ -145,7 +145,7 @@ void TextPeer::Report() {
     input::Edited(Window(), FromLines(lines), ToMemory(lines, cursor.selectionStart()),
                   ToMemory(lines, cursor.selectionEnd()));
     if (Window() && ToLines(TextOf(Window())) != lines)
-        Apply(static_cast<Aspects>(Aspect::Text));
+        Apply(Aspect::Text);
 }
 
 } // namespace korvel::qt

@@ -4,8 +4,8 @@
 #include "korvel/qt/desktop.h"
 #include "korvel/qt/display_parts.h"
 #include "korvel/qt/qt_display.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>

@@ -2,8 +2,8 @@
 
 #include "korvel/qt/peer.h"
 #include "korvel/qt/peer_table.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/input.h"
 
 #include <QApplication>
 

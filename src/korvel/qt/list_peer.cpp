@@ -2,7 +2,7 @@
 
 #include "korvel/qt/convert.h"
 #include "korvel/qt/desktop.h"
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QFrame>

@@ -3,7 +3,7 @@
 #include "korvel/qt/convert.h"
 #include "korvel/qt/peer.h"
 #include "korvel/window/base/messages.h"
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/input.h"
 
 #include <QApplication>
 #include <QCursor>

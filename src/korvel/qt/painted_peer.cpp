@@ -4,7 +4,7 @@
 #include "korvel/qt/desktop.h"
 #include "korvel/qt/painter_surface.h"
 #include "korvel/window/base/messages.h"
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QFrame>

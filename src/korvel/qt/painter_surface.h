@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/base/dc.h"
+#include "korvel/window/core/dc.h"
 
 #include <QPainter>
 #include <QRegion>

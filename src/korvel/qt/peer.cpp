@@ -3,8 +3,8 @@
 #include "korvel/qt/convert.h"
 #include "korvel/qt/desktop.h"
 #include "korvel/qt/keys.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>
@@ -56,11 +56,11 @@ void Peer::Watch(QWidget& part) {
 }
 
 void Peer::Apply(Aspects aspects) {
-    if (aspects & static_cast<Aspects>(Aspect::Style))
+    if (aspects & Aspect::Style)
         FollowParent();
-    if (aspects & static_cast<Aspects>(Aspect::Rectangle))
+    if (aspects & Aspect::Rectangle)
         m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
-    if (aspects & static_cast<Aspects>(Aspect::Visible)) {
+    if (aspects & Aspect::Visible) {
         if (!view::IsShown(m_window))
             LeaveFocusToParent();
         m_outer.setVisible(view::IsShown(m_window));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
 
 #include <QObject>
 #include <QWidget>
@@ -12,7 +12,7 @@ namespace korvel::qt {
 struct Desktop;
 
 constexpr Aspects EveryAspect = Aspect::Rectangle | Aspect::Visible | (Aspect::Enabled | Aspect::Text) |
-                                (Aspect::State | Aspect::Scroll) | static_cast<Aspects>(Aspect::Style);
+                                (Aspect::State | Aspect::Scroll) | Aspect::Style;
 
 /// The widget that shows one window, and the one event filter on it. It keeps nothing of the window: it
 /// reads what it shows, and reports what the user does.

@@ -8,8 +8,8 @@
 #include "korvel/qt/make_peer.h"
 #include "korvel/qt/picture_file.h"
 #include "korvel/qt/questions.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>

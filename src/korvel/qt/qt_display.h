@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
 
 #include <memory>
 

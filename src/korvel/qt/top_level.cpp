@@ -3,8 +3,8 @@
 #include "korvel/qt/convert.h"
 #include "korvel/qt/desktop.h"
 #include "korvel/qt/peer.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/input.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>
@@ -46,9 +46,9 @@ void TopLevel::Apply(Aspects aspects) {
     QWidget& widget = m_peer.Outer();
     if ((aspects & (Aspect::Rectangle | Aspect::Style)) && IsFixedSize(window))
         widget.setFixedSize(ToQRect(view::Rectangle(window)).size());
-    if (aspects & static_cast<Aspects>(Aspect::Text))
+    if (aspects & Aspect::Text)
         widget.setWindowTitle(TextOf(window));
-    if (!(aspects & static_cast<Aspects>(Aspect::Visible)))
+    if (!(aspects & Aspect::Visible))
         return;
     if (!view::IsShown(window))
         PassActivationOn();

@@ -1,6 +1,10 @@
-#include "korvel/window/base/dc.h"
 #include "korvel/window/controls/button_state.h"
-#include "korvel/window/controls/control_procedures.h"
+#include "korvel/window/core/dc.h"
+#include "korvel/window/core/input_delivery.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_changes.h"
+#include "korvel/window/core/window_class.h"
+#include "korvel/window/display/window_view.h"
 
 #include <algorithm>
 #include <optional>
@@ -173,10 +177,16 @@ void ButtonState::Value(double value) {
     NotifyParentCommand(record.handle, BN_CLICKED);
 }
 
+namespace {
+
 LRESULT ButtonProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const ControlOf<ButtonState> button(window);
     const auto answer = button ? HandleMessage(*button, message, wParam, lParam) : std::nullopt;
     return answer ? *answer : DefWindowProcA(window, message, wParam, lParam);
 }
+
+[[maybe_unused]] const bool registered = RegisterControlClass<ButtonState>("BUTTON", ButtonProcedure);
+
+} // namespace
 
 } // namespace korvel::internal

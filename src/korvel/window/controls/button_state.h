@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/window/core/window.h"
 #include "korvel/window/core/window_record.h"
 
 namespace korvel::internal {

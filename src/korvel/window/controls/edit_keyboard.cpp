@@ -1,5 +1,7 @@
 #include "korvel/window/controls/edit_keyboard.h"
 
+#include "korvel/window/core/display.h"
+
 #include <algorithm>
 #include <optional>
 

@@ -1,5 +1,10 @@
-#include "korvel/window/controls/control_procedures.h"
+#include "korvel/window/controls/edit_procedure.h"
+
 #include "korvel/window/controls/edit_keyboard.h"
+#include "korvel/window/core/input_delivery.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_changes.h"
+#include "korvel/window/core/window_class.h"
 
 #include <algorithm>
 #include <optional>
@@ -128,5 +133,11 @@ LRESULT EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }
+
+namespace {
+
+[[maybe_unused]] const bool registered = RegisterControlClass<EditState>("EDIT", EditProcedure);
+
+} // namespace
 
 } // namespace korvel::internal

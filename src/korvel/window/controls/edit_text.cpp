@@ -1,5 +1,9 @@
 #include "korvel/window/controls/edit_text.h"
 
+#include "korvel/window/core/display.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_changes.h"
+
 #include <algorithm>
 #include <utility>
 

@@ -1,13 +1,16 @@
-#include "korvel/window/controls/control_procedures.h"
 #include "korvel/window/controls/controls.h"
+#include "korvel/window/core/window_class.h"
 
 namespace korvel {
 
-bool CStatic::Create(const CString& text, UINT style, const CRect& rect, CWnd* parent, int id) {
-    return CreateEx(0, "STATIC", text.c_str(), style, rect, parent, id);
-}
+using namespace internal;
 
-namespace internal {
+namespace {
+
+class StaticState : public ControlState {
+public:
+    view::Kind Kind() const override { return view::Kind::Static; }
+};
 
 LRESULT StaticProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_GETDLGCODE)
@@ -15,5 +18,12 @@ LRESULT StaticProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-} // namespace internal
+[[maybe_unused]] const bool registered = RegisterControlClass<StaticState>("STATIC", StaticProcedure);
+
+} // namespace
+
+bool CStatic::Create(const CString& text, UINT style, const CRect& rect, CWnd* parent, int id) {
+    return CreateEx(0, "STATIC", text.c_str(), style, rect, parent, id);
+}
+
 } // namespace korvel

@@ -1,4 +1,8 @@
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/capture.h"
+
+#include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_tree.h"
 
 namespace korvel {
 
@@ -54,13 +58,7 @@ void ForgetCapture(HWND window) {
     }
 }
 
-void TellFocusAndCapture(IDisplay& display) {
-    display.Focus(GetFocus());
-    display.Capture(TheCapture());
-}
-
-void ForgetFocusAndCapture() {
-    ForgetFocus(GetFocus());
+void ForgetCapture() {
     TheCapture() = nullptr;
 }
 

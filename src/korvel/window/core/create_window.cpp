@@ -1,15 +1,18 @@
-#include "korvel/window/core/cwnd_access.h"
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/create_window.h"
+
+#include "korvel/window/core/client_area.h"
+#include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/own_windows.h"
-#include "korvel/window/core/place.h"
 #include "korvel/window/core/window_class.h"
-#include "korvel/window/core/window_life.h"
+#include "korvel/window/core/window_rectangle.h"
 
 namespace korvel {
 
 using namespace internal;
 
 namespace {
+
+using Attach = std::function<void(WindowRecord&)>;
 
 // The window that owns a new top-level window: owners are top-level themselves.
 HWND RootOf(HWND window) {
@@ -44,12 +47,12 @@ RecordRef MakeRecord(const CREATESTRUCTA& parameters, const WindowClass& windowC
 }
 
 // False when the window refused to live, or did not survive its own creation.
-bool Introduce(WindowRecord& record, const CREATESTRUCTA& parameters, CWnd* object) {
+bool Introduce(WindowRecord& record, const CREATESTRUCTA& parameters, const Attach& attach) {
     try {
         if (IsOnDisplay(record))
             Display().Created(record.handle);
-        if (object)
-            WindowAccess::Attach(*object, record);
+        if (attach)
+            attach(record);
         const LRESULT answer =
             SendMessageA(record.handle, WM_CREATE, 0, reinterpret_cast<LPARAM>(&parameters));
         if (answer != -1)
@@ -62,14 +65,14 @@ bool Introduce(WindowRecord& record, const CREATESTRUCTA& parameters, CWnd* obje
     return false;
 }
 
-HWND CreateHere(const CREATESTRUCTA& parameters, CWnd* object) {
+HWND CreateHere(const CREATESTRUCTA& parameters, const Attach& attach) {
     const auto windowClass = FindWindowClass(parameters.className);
     const RecordRef parent = Find(parameters.parent);
     const bool parentFits = parent ? !parent->destroying : !parameters.parent;
     if (!windowClass || !parentFits || (!parent && (parameters.style & WS_CHILD)))
         return nullptr;
     const RecordRef record = MakeRecord(parameters, *windowClass);
-    if (!Introduce(*record, parameters, object))
+    if (!Introduce(*record, parameters, attach))
         return nullptr;
     TellSize(*record);
     TellMove(*record);
@@ -87,13 +90,13 @@ HWND CreateWindowExA(UINT exStyle, const char* className, const char* text, UINT
 
 namespace internal {
 
-HWND CreateRecordedWindow(const CREATESTRUCTA& parameters, CWnd* object) {
+HWND CreateRecordedWindow(const CREATESTRUCTA& parameters, const Attach& attach) {
     if (!parameters.className)
         return nullptr;
     // A tree of windows belongs to one thread: what is created below a window is created there.
     if (parameters.parent)
-        return OnOwner(parameters.parent, [&](WindowRecord&) { return CreateHere(parameters, object); });
-    return CreateHere(parameters, object);
+        return OnOwner(parameters.parent, [&](WindowRecord&) { return CreateHere(parameters, attach); });
+    return CreateHere(parameters, attach);
 }
 
 } // namespace internal

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace korvel {
+namespace korvel::internal {
 namespace {
 
 constinit thread_local const MSG* t_current = nullptr;
@@ -15,8 +15,8 @@ CurrentMessageScope::~CurrentMessageScope() {
     t_current = m_former;
 }
 
-MSG CWnd::GetCurrentMessage() {
+MSG CurrentMessageScope::Current() {
     return t_current ? *t_current : MSG();
 }
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "korvel/window/core/cwnd.h"
+#include "korvel/window/core/window.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 /// Makes a message the one that the calling thread handles (CWnd::GetCurrentMessage) for a scope.
-class KORVEL_API CurrentMessageScope {
+class CurrentMessageScope {
 public:
     /// The message must outlive the scope.
     explicit CurrentMessageScope(const MSG& message);
@@ -13,8 +13,11 @@ public:
     CurrentMessageScope(const CurrentMessageScope&) = delete;
     CurrentMessageScope& operator=(const CurrentMessageScope&) = delete;
 
+    /// All zero outside of any scope.
+    static MSG Current();
+
 private:
     const MSG* const m_former;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

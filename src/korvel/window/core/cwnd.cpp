@@ -1,68 +1,23 @@
 #include "korvel/window/core/cwnd.h"
 
+#include "korvel/window/core/create_window.h"
 #include "korvel/window/core/current_message.h"
 #include "korvel/window/core/cwnd_access.h"
-#include "korvel/window/core/window_life.h"
-#include "korvel/window/display/uncaught.h"
+#include "korvel/window/core/thread_queue.h"
 
 namespace korvel {
 
 using namespace internal;
 
-namespace {
-
-LRESULT ObjectProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    const RecordRef record = Find(window);
-    if (!record)
-        return 0;
-    if (!record->object)
-        return CallWindowProcA(record->superProcedure, window, message, wParam, lParam);
-    const MSG current{window, message, wParam, lParam};
-    const CurrentMessageScope scope(current);
-    return record->object->WindowProc(message, wParam, lParam);
-}
-
-HWND SenderOf(UINT message, LPARAM lParam) {
-    if (message == WM_COMMAND)
-        return reinterpret_cast<HWND>(lParam);
-    if (lParam == 0)
-        return nullptr;
-    return message == WM_NOTIFY ? reinterpret_cast<const NMHDR*>(lParam)->hwndFrom
-                                : reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)->hwndItem;
-}
-
-} // namespace
-
-void WindowAccess::Attach(CWnd& object, WindowRecord& record) {
-    object.m_hWnd = record.handle;
-    record.object = &object;
-    // An object that was here before leaves its procedure in place while hooks stand above it.
-    if (!record.superProcedure) {
-        record.superProcedure = record.procedure;
-        record.procedure = ObjectProcedure;
-    }
-    object.PreSubclassWindow();
-}
-
-void WindowAccess::Detach(WindowRecord& record) {
-    if (CWnd* object = std::exchange(record.object, nullptr))
-        object->m_hWnd = nullptr;
-}
-
-bool WindowAccess::OfferToControl(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    CWnd* control = CWnd::FromHandlePermanent(SenderOf(message, lParam));
-    return control && control->OnChildNotify(message, wParam, lParam, result);
-}
-
 CWnd::~CWnd() {
     if (!m_hWnd)
         return;
     const HWND window = m_hWnd;
-    Guarded(Uncaught::ToNextPump, [&] { korvel::DestroyWindow(window); });
+    GuardedUntilRun([&] { korvel::DestroyWindow(window); });
     // A window that is ending already ends without its object.
     OnOwner(window, [&](WindowRecord& record) {
         if (record.object == this)
-            WindowAccess::Detach(record);
+            record.DetachObject();
     });
 }
 
@@ -71,7 +26,8 @@ bool CWnd::CreateEx(UINT exStyle, const char* className, const char* text, UINT 
     if (m_hWnd)
         return false;
     const HWND parentWindow = parent ? parent->m_hWnd : nullptr;
-    return CreateRecordedWindow({exStyle, className, text, style, rect, parentWindow, id, nullptr}, this) !=
+    return CreateRecordedWindow({exStyle, className, text, style, rect, parentWindow, id, nullptr},
+                                [&](WindowRecord& record) { WindowAccess::Attach(*this, record); }) !=
            nullptr;
 }
 
@@ -93,9 +49,8 @@ bool CWnd::SubclassDlgItem(int id, CWnd* parent) {
 HWND CWnd::UnsubclassWindow() {
     const HWND window = m_hWnd;
     OnOwner(window, [](WindowRecord& record) {
-        WindowAccess::Detach(record);
-        if (record.procedure == ObjectProcedure)
-            record.procedure = std::exchange(record.superProcedure, nullptr);
+        record.DetachObject();
+        WindowAccess::RestoreProcedure(record);
     });
     return window;
 }
@@ -137,6 +92,10 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         [&](WindowRecord& record) {
             return CallWindowProcA(record.superProcedure, record.handle, message, wParam, lParam);
         });
+}
+
+MSG CWnd::GetCurrentMessage() {
+    return CurrentMessageScope::Current();
 }
 
 bool CWnd::PreTranslateMessage(MSG&) {

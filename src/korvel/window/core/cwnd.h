@@ -4,13 +4,9 @@
 
 namespace korvel {
 
-/// A key or mouse message on its way to a window, as PreTranslateMessage sees it.
-struct MSG {
-    HWND hwnd = nullptr;
-    UINT message = 0;
-    WPARAM wParam = 0;
-    LPARAM lParam = 0;
-};
+namespace internal {
+struct WindowAccess;
+}
 
 /// An object attached to one window. Derived classes override WindowProc and the handlers below; what
 /// they leave alone goes on to the procedure that the window had before, and at last to DefWindowProcA.
@@ -105,7 +101,7 @@ protected:
     LRESULT Default();
 
 private:
-    friend struct WindowAccess;
+    friend struct internal::WindowAccess;
 };
 
 } // namespace korvel

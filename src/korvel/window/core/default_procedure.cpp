@@ -1,6 +1,8 @@
 #include "korvel/window/core/cwnd_access.h"
+#include "korvel/window/core/dc.h"
 #include "korvel/window/core/input_delivery.h"
-#include "korvel/window/core/window_record.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_changes.h"
 
 #include <algorithm>
 #include <cstring>
@@ -30,7 +32,7 @@ LRESULT CopyText(const WindowRecord& record, WPARAM capacity, LPARAM buffer) {
 LRESULT SetRedraw(WindowRecord& record, bool redraw) {
     const bool wasOff = !std::exchange(record.redraw, redraw);
     if (redraw && wasOff) {
-        if (const Aspects untold = std::exchange(record.untold, 0))
+        if (const Aspects untold = std::exchange(record.untold, {}))
             TellDisplay(record, untold);
         Repaint(record);
     }

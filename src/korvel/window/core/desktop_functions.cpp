@@ -1,4 +1,6 @@
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/focus.h"
+#include "korvel/window/core/window.h"
 
 namespace korvel {
 

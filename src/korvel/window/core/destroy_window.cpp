@@ -1,6 +1,10 @@
 #include "korvel/window/base/first_failure.h"
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/capture.h"
+#include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/focus.h"
+#include "korvel/window/core/forget_window.h"
 #include "korvel/window/core/own_windows.h"
+#include "korvel/window/core/window.h"
 #include "korvel/window/core/window_table.h"
 
 #include <algorithm>

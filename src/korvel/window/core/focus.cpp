@@ -1,4 +1,8 @@
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/focus.h"
+
+#include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_tree.h"
 
 namespace korvel {
 
@@ -97,6 +101,10 @@ void ForgetFocus(HWND window) {
     }
     if (focus.told == window)
         focus.told = nullptr;
+}
+
+void ForgetFocus() {
+    ForgetFocus(TheFocus().window);
 }
 
 } // namespace internal

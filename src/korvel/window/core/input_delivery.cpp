@@ -1,6 +1,6 @@
 #include "korvel/window/core/input_delivery.h"
 
-#include "korvel/window/core/window_record.h"
+#include "korvel/window/core/display.h"
 
 #include <utility>
 

@@ -29,4 +29,9 @@ private:
 /// Called by the default procedure of all windows: nobody wanted the message.
 void NoteDefaultReached(HWND window, UINT message);
 
+/// For the default handling of a key or mouse message by a control that has a native widget. True: a
+/// display with native widgets delivers just this message; it is now marked as left to the default, and
+/// the widget acts after it. False: the control acts itself.
+bool LeaveToNativeWidget(HWND window, UINT message);
+
 } // namespace korvel::internal

@@ -1,6 +1,6 @@
 #include "korvel/window/core/own_windows.h"
 
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/forget_window.h"
 #include "korvel/window/core/thread_queue.h"
 
 #include <algorithm>
@@ -16,15 +16,24 @@ struct Records {
 
 constinit thread_local Records* t_records = nullptr;
 
+// Their objects are detached, no message is sent.
+void EndOwnWindows() {
+    for (const RecordRef& record : OwnWindows()) {
+        ForgetWindow(*record);
+        RemoveOwnWindow(record->handle);
+    }
+    t_ownRecords = nullptr;
+    delete std::exchange(t_records, nullptr);
+}
+
 } // namespace
 
 constinit thread_local const std::vector<RecordRef>* t_ownRecords = nullptr;
 
-WindowRecord::~WindowRecord() = default;
-
 RecordRef AddOwnWindow() {
-    const auto& queue = ThreadQueue::Current(); // ends the windows with the thread
+    const auto& queue = ThreadQueue::Current();
     if (!t_records) {
+        queue->SetLastAction(EndOwnWindows);
         t_records = new Records;
         t_ownRecords = &t_records->bySlot;
     }
@@ -54,15 +63,6 @@ void RemoveOwnWindow(HWND window) {
         return;
     t_records->bySlot[WindowTable::SlotOf(window)] = nullptr;
     WindowTable::Instance().Remove(window);
-}
-
-void EndOwnWindows() {
-    for (const RecordRef& record : OwnWindows()) {
-        ForgetWindow(*record);
-        RemoveOwnWindow(record->handle);
-    }
-    t_ownRecords = nullptr;
-    delete std::exchange(t_records, nullptr);
 }
 
 } // namespace korvel::internal

@@ -4,7 +4,8 @@
 
 #include <vector>
 
-/// How the records of the calling thread's windows come and go; window_record.h tells how they are found.
+/// The records of the calling thread's windows; window_record.h says how one is found. When the thread ends,
+/// they are gone.
 namespace korvel::internal {
 
 /// The record of a new window.
@@ -13,7 +14,5 @@ RecordRef AddOwnWindow();
 std::vector<RecordRef> OwnWindows();
 /// Ends the handle of an own window and releases whoever waits for it.
 void RemoveOwnWindow(HWND window);
-/// Forgets the windows of the thread, which ends: their objects are detached, no message is sent.
-void EndOwnWindows();
 
 } // namespace korvel::internal

@@ -1,9 +1,7 @@
 #include "korvel/window/core/thread_queue.h"
 
-#include "korvel/window/core/desktop.h"
-#include "korvel/window/core/own_windows.h"
+#include "korvel/window/core/uncaught.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/uncaught.h"
 
 #include <optional>
 #include <utility>
@@ -18,8 +16,7 @@ thread_local std::shared_ptr<ThreadQueue>* t_queue = nullptr;
 struct ThreadEnd {
     ~ThreadEnd() {
         const std::shared_ptr<ThreadQueue> queue = *t_queue;
-        EndOwnWindows();
-        queue->Close();
+        queue->End();
         delete t_queue;
         t_queue = nullptr;
     }
@@ -45,14 +42,14 @@ void ThreadQueue::Send(HWND window, const Action& action) {
         m_calls.push_back({window, &action, own, &done});
         m_arrived.notify_all();
     }
-    WakeDisplayOf(*this);
+    Wake();
     std::unique_lock lock(own->m_mutex);
     for (;;) {
         own->m_arrived.wait(lock, [&] { return done || !own->m_calls.empty(); });
         if (done)
             return;
         lock.unlock();
-        Guarded(Uncaught::ToNextPump, [&] { own->RunSends(); });
+        GuardedUntilRun([&] { own->RunSends(); });
         lock.lock();
     }
 }
@@ -64,7 +61,7 @@ bool ThreadQueue::Post(HWND window, Action action) {
             return false;
         m_posted.push_back({window, std::move(action)});
     }
-    WakeDisplayOf(*this);
+    Wake();
     return true;
 }
 
@@ -73,7 +70,7 @@ void ThreadQueue::Run() {
         ThreadQueue& queue;
         ~WakeForRest() {
             if (!queue.IsIdle())
-                WakeDisplayOf(queue);
+                queue.Wake();
         }
     } const wakeForRest{*this};
 
@@ -117,6 +114,17 @@ void ThreadQueue::Release(const Call& call) {
     call.sender->m_arrived.notify_all();
 }
 
+void ThreadQueue::SetWaker(Action wake) {
+    const std::lock_guard lock(m_wakerMutex);
+    m_waker = std::move(wake);
+}
+
+void ThreadQueue::Wake() {
+    const std::lock_guard lock(m_wakerMutex);
+    if (m_waker)
+        m_waker();
+}
+
 bool ThreadQueue::IsIdle() {
     const std::lock_guard lock(m_mutex);
     return m_calls.empty() && m_posted.empty();
@@ -137,7 +145,9 @@ void ThreadQueue::Forget(HWND window) {
         Release(call);
 }
 
-void ThreadQueue::Close() {
+void ThreadQueue::End() {
+    if (m_lastAction)
+        m_lastAction();
     std::deque<Call> dropped;
     {
         const std::lock_guard lock(m_mutex);
@@ -147,6 +157,12 @@ void ThreadQueue::Close() {
     }
     for (const Call& call : dropped)
         Release(call);
+}
+
+void GuardedUntilRun(const std::function<void()>& action) {
+    if (const std::exception_ptr failure = FailureOf(action))
+        ThreadQueue::Current()->Post(
+            nullptr, [failure] { std::rethrow_exception(failure); });
 }
 
 } // namespace korvel::internal

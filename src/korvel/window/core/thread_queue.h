@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <utility>
 
 namespace korvel::internal {
 
@@ -31,7 +32,15 @@ public:
     void Run();
     /// Drops what waits for a window; its senders return.
     void Forget(HWND window);
-    void Close();
+    /// Runs the last action; the senders that wait return, and nothing is taken any more. By the queue's
+    /// thread.
+    void End();
+
+    /// Called on any thread each time something arrives (empty: nobody wants to know). Once this has returned,
+    /// the former one is called no more. It must not call the queue.
+    void SetWaker(Action wake);
+    /// Runs when the queue's thread ends.
+    void SetLastAction(Action action) { m_lastAction = std::move(action); }
 
 private:
     struct Call {
@@ -49,12 +58,20 @@ private:
     void RunOne(const Call& call);
     static void Release(const Call& call);
     bool IsIdle();
+    void Wake();
 
     std::mutex m_mutex;
     std::condition_variable m_arrived;
     std::deque<Call> m_calls;
     std::deque<Posted> m_posted;
     bool m_closed = false;
+    std::mutex m_wakerMutex; // keeps alive what the waker calls while it does
+    Action m_waker;
+    Action m_lastAction;
 };
+
+/// Guarded (core/uncaught.h) for where no exception may leave: what the handler does not take comes out of the
+/// next Run of the calling thread.
+void GuardedUntilRun(const std::function<void()>& action);
 
 } // namespace korvel::internal

@@ -1,9 +1,11 @@
-#include "korvel/window/core/desktop.h"
-#include "korvel/window/display/input.h"
-#include "korvel/window/display/uncaught.h"
+#include "korvel/window/core/timers.h"
+
+#include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/window.h"
 
 #include <algorithm>
 #include <chrono>
+#include <vector>
 
 namespace korvel {
 
@@ -44,16 +46,6 @@ void Rearm(Timer& timer, Milliseconds now) {
     timer.due = std::max(timer.due + timer.period, now + Milliseconds(1));
 }
 
-void FireDue(Milliseconds now) {
-    for (Timer* timer = Earliest(); timer && timer->due <= now; timer = Earliest()) {
-        const HWND window = timer->window;
-        const std::uintptr_t id = timer->id;
-        Rearm(*timer, now);
-        SetAlarm(Display()); // before the handler: it may run a modal loop of its own
-        SendMessageA(window, WM_TIMER, id, 0);
-    }
-}
-
 } // namespace
 
 std::uintptr_t SetTimer(HWND window, std::uintptr_t id, unsigned milliseconds) {
@@ -85,25 +77,23 @@ bool KillTimer(HWND window, std::uintptr_t id) {
         });
 }
 
-namespace input {
-
-void FireTimers() {
-    if (IsDisplayThread())
-        Guarded(
-            Uncaught::ToPump,
-            [] {
-                FireDue(Display().Now());
-                SetAlarm(Display());
-            });
-}
-
-} // namespace input
-
 namespace internal {
 
 void ForgetTimers(HWND window) {
     if (std::erase_if(Timers(), [&](const Timer& timer) { return timer.window == window; }) > 0)
         SetAlarm(Display());
+}
+
+void FireDueTimers() {
+    const Milliseconds now = Display().Now();
+    for (Timer* timer = Earliest(); timer && timer->due <= now; timer = Earliest()) {
+        const HWND window = timer->window;
+        const std::uintptr_t id = timer->id;
+        Rearm(*timer, now);
+        SetAlarm(Display()); // before the handler: it may run a modal loop of its own
+        SendMessageA(window, WM_TIMER, id, 0);
+    }
+    SetAlarm(Display());
 }
 
 void ForgetTimers() {

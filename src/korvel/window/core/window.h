@@ -8,7 +8,7 @@
 /// Windows in memory: the functions of a message-based window system.
 ///
 /// A window is a record in the process-wide window table. It lives and behaves completely in memory;
-/// a display (window/display/display.h) only shows it. A window belongs to the thread that made it: a send
+/// a display (window/core/display.h) only shows it. A window belongs to the thread that made it: a send
 /// from another thread runs there at its next message retrieval, and every other function called from
 /// another thread becomes such a message.
 ///
@@ -28,6 +28,14 @@ struct CREATESTRUCTA {
     HWND parent = nullptr;
     int id = 0;
     void* param = nullptr;
+};
+
+/// A key or mouse message on its way to a window, as CWnd::PreTranslateMessage sees it.
+struct MSG {
+    HWND hwnd = nullptr;
+    UINT message = 0;
+    WPARAM wParam = 0;
+    LPARAM lParam = 0;
 };
 
 struct NMHDR {

@@ -1,6 +1,7 @@
 #include "korvel/window/core/window_class.h"
 
 #include "korvel/window/base/name_compare.h"
+#include "korvel/window/core/window.h"
 
 #include <map>
 #include <mutex>
@@ -21,11 +22,8 @@ Classes& TheClasses() {
     return classes;
 }
 
-void RegisterPredefinedClasses() {
-    RegisterWindowClass({"KorvelFrame", DefWindowProcA});
-    RegisterWindowClass({"#32770", DefWindowProcA});
-    RegisterControlClasses();
-}
+[[maybe_unused]] const bool plainClassesRegistered =
+    RegisterWindowClass({"KorvelFrame", DefWindowProcA}) && RegisterWindowClass({"#32770", DefWindowProcA});
 
 } // namespace
 
@@ -36,15 +34,14 @@ void RegisterClassA(const char* className, WNDPROC procedure) {
 
 namespace internal {
 
-void RegisterWindowClass(WindowClass windowClass) {
+bool RegisterWindowClass(WindowClass windowClass) {
     const std::lock_guard lock(TheClasses().mutex);
     std::string name = windowClass.name;
     TheClasses().byName.insert_or_assign(std::move(name), std::move(windowClass));
+    return true;
 }
 
 std::optional<WindowClass> FindWindowClass(std::string_view name) {
-    static const bool registered = (RegisterPredefinedClasses(), true);
-    static_cast<void>(registered);
     const std::lock_guard lock(TheClasses().mutex);
     const auto found = TheClasses().byName.find(name);
     return found == TheClasses().byName.end() ? std::nullopt : std::optional(found->second);

@@ -1,4 +1,6 @@
 #include "korvel/window/core/thread_queue.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_changes.h"
 #include "korvel/window/core/window_record.h"
 #include "korvel/window/core/window_table.h"
 
@@ -58,7 +60,7 @@ LPARAM SetWindowLongPtrA(HWND window, int index, LPARAM value) {
                 break;
             case GWL_STYLE:
                 record.style = static_cast<UINT>(value);
-                TellDisplay(record, Aspect::Style | Aspect::Visible | static_cast<Aspects>(Aspect::Enabled));
+                TellDisplay(record, Aspect::Style | Aspect::Visible | Aspect::Enabled);
                 SendMessageA(window, WM_STYLECHANGED, static_cast<WPARAM>(index), 0);
                 break;
             case GWL_EXSTYLE:

@@ -1,4 +1,7 @@
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/window_tree.h"
+
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_changes.h"
 #include "korvel/window/core/window_record.h"
 
 #include <algorithm>

@@ -1,8 +1,10 @@
 #include "korvel/window/display/headless_display.h"
 
 #include "korvel/platform/error.h"
-#include "korvel/window/core/desktop.h"
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/client_area.h"
+#include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/input.h"
+#include "korvel/window/core/window.h"
 #include "korvel/window/display/recording_surface.h"
 
 #include <algorithm>
@@ -16,12 +18,18 @@ namespace {
 
 constexpr int CharacterWidth = 7;
 
+// Never destroyed, as windows may end while the process does.
+[[maybe_unused]] const bool registered = SetDefaultDisplay([]() -> IDisplay& {
+    static auto& display = *new HeadlessDisplay;
+    return display;
+});
+
 struct SystemValue {
     int index;
     COLORREF value;
 };
 
-// The light colours of the platform.
+// The light colors of the platform.
 constexpr SystemValue Colors[] = {
     {COLOR_WINDOW, RGB(255, 255, 255)},   {COLOR_WINDOWTEXT, RGB(0, 0, 0)},
     {COLOR_HIGHLIGHT, RGB(0, 120, 215)},  {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)},
@@ -69,8 +77,8 @@ void HeadlessDisplay::AnswerNextColor(std::optional<COLORREF> color) {
     m_colorAnswers.push_back(color);
 }
 
-void HeadlessDisplay::Then(std::function<void()> Step) {
-    m_steps.push_back(std::move(Step));
+void HeadlessDisplay::Then(std::function<void()> step) {
+    m_steps.push_back(std::move(step));
 }
 
 void HeadlessDisplay::Advance(Milliseconds time) {
@@ -114,7 +122,7 @@ bool HeadlessDisplay::IsInvalid(HWND window) const {
 
 Aspects HeadlessDisplay::TakeChanges(HWND window) {
     const auto found = m_changes.extract(window);
-    return found ? found.mapped() : 0;
+    return found ? found.mapped() : Aspects();
 }
 
 void HeadlessDisplay::Created(HWND window) {

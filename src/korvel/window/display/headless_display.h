@@ -1,6 +1,7 @@
 #pragma once
 
-#include "korvel/window/display/display.h"
+#include "korvel/window/core/display.h"
+#include "korvel/window/display/paint_call.h"
 
 #include <condition_variable>
 #include <deque>
@@ -9,15 +10,6 @@
 #include <string>
 
 namespace korvel {
-
-/// One call that a window made while it painted itself.
-struct PaintCall {
-    enum class Kind { Fill, Text, Line, Frame, Focus, Picture, Clip };
-    Kind kind;
-    CRect rect; // of a line: its two ends
-    COLORREF color = 0;
-    CString text;
-};
 
 /// The display without a screen: a clock moved by hand, fixed font metrics (7 pixels a byte, 16 a line),
 /// scripted answers and recorded paint calls.
@@ -31,7 +23,7 @@ struct PaintCall {
 ///
 /// A modal loop that is idle with no step left throws Error, and so does a question without an answer: a
 /// hang becomes a failure with a text. What a handler throws comes out of whatever pumped it (a function of
-/// window/display/input.h, Advance, PumpUntil, RunUntil), unless an exception handler is set. Controls act themselves
+/// window/core/input.h, Advance, PumpUntil, RunUntil), unless an exception handler is set. Controls act themselves
 /// on the keys and the mouse, as there is no native widget.
 class KORVEL_API HeadlessDisplay : public IDisplay {
 public:

@@ -1,6 +1,9 @@
 #pragma once
 
-#include "korvel/window/display/headless_display.h"
+#include "korvel/window/base/surface.h"
+#include "korvel/window/display/paint_call.h"
+
+#include <vector>
 
 namespace korvel::internal {
 

@@ -1,6 +1,8 @@
 #include "korvel/window/display/window_view.h"
 
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/client_area.h"
+#include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/window.h"
 #include "korvel/window/core/window_table.h"
 
 namespace korvel::view {

@@ -1,4 +1,5 @@
-#include "korvel/window/controls/control_procedures.h"
+#include "korvel/window/core/dc.h"
+#include "korvel/window/core/window_class.h"
 #include "korvel/window/list/header_state.h"
 #include "korvel/window/list/list_column_edit.h"
 #include "korvel/window/list/list_geometry.h"
@@ -113,6 +114,8 @@ void PlaceHeader(ListState& list, int clientWidth) {
     ShowWindow(list.header, place.Height() > 0 ? SW_SHOWNA : SW_HIDE);
 }
 
+namespace {
+
 LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const ControlOf<HeaderState> state(window);
     const ControlOf<ListState> list(GetParent(window));
@@ -149,5 +152,9 @@ LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }
+
+[[maybe_unused]] const bool registered = RegisterControlClass<HeaderState>("SysHeader32", HeaderProcedure);
+
+} // namespace
 
 } // namespace korvel::internal

@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_column_edit.h"
 
+#include "korvel/window/core/display.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_metrics.h"
 #include "korvel/window/list/list_notify.h"

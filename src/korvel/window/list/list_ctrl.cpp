@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_ctrl.h"
 
+#include "korvel/window/core/dc.h"
 #include "korvel/window/list/list_column_edit.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_rows.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/base/dc.h"
+#include "korvel/window/core/dc.h"
 #include "korvel/window/list/header_ctrl.h"
 #include "korvel/window/list/list_types.h"
 

@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_geometry.h"
 
+#include "korvel/window/core/client_area.h"
 #include "korvel/window/list/list_metrics.h"
 
 namespace korvel::internal {

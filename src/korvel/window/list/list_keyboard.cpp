@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_keyboard.h"
 
+#include "korvel/window/core/display.h"
 #include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_rows.h"

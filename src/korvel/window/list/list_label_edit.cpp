@@ -1,6 +1,6 @@
 #include "korvel/window/list/list_label_edit.h"
 
-#include "korvel/window/controls/control_procedures.h"
+#include "korvel/window/controls/edit_procedure.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_rows.h"
 #include "korvel/window/list/list_scroll.h"

@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_paint.h"
 
+#include "korvel/window/core/dc.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_metrics.h"
 #include "korvel/window/list/list_rows.h"
@@ -36,19 +37,13 @@ CRect MarkRect(const ListState& list, int row) {
                                                        : PartsOfCell(list, row, 0).label;
 }
 
-CRect Centered(const CRect& room, int width, int height) {
-    const int left = room.left + (room.Width() - width) / 2;
-    const int top = room.top + (room.Height() - height) / 2;
-    return {left, top, left + width, top + height};
-}
-
 void PaintCheckBox(const ListState& list, int row, const CRect& room, CDC& dc) {
     UINT state = DFCS_BUTTONCHECK;
     if (list.rows.At(row).checked)
         state |= DFCS_CHECKED;
     if (!IsWindowEnabled(list.Handle()))
         state |= DFCS_INACTIVE;
-    dc.DrawFrameControl(Centered(room, CheckBoxSize, CheckBoxSize), DFC_BUTTON, state);
+    dc.DrawFrameControl(room.Centered({CheckBoxSize, CheckBoxSize}), DFC_BUTTON, state);
 }
 
 void PaintCell(const ListState& list, int row, int column, const RowColors& colors, CDC& dc) {
@@ -59,7 +54,7 @@ void PaintCell(const ListState& list, int row, int column, const RowColors& colo
         PaintCheckBox(list, row, parts.stateIcon, dc);
     const Image* image = list.images ? list.images->GetImage(list.rows.At(row).image) : nullptr;
     if (image && !parts.icon.IsRectEmpty())
-        dc.DrawImage(*image, Centered(parts.icon, image->width, image->height));
+        dc.DrawImage(*image, parts.icon.Centered({image->width, image->height}));
     CRect text = parts.label;
     text.DeflateRect(CellTextInset, 0);
     if (text.IsRectEmpty())

@@ -1,4 +1,5 @@
-#include "korvel/window/controls/control_procedures.h"
+#include "korvel/window/core/dc.h"
+#include "korvel/window/core/window_class.h"
 #include "korvel/window/list/header_state.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_keyboard.h"
@@ -150,8 +151,6 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
     }
 }
 
-} // namespace
-
 LRESULT ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (const ControlOf<ListState> list(window); list) {
         for (const auto handle : {HandleWindow, HandleMouse, HandleListMessage})
@@ -160,5 +159,9 @@ LRESULT ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     }
     return DefWindowProcA(window, message, wParam, lParam);
 }
+
+[[maybe_unused]] const bool registered = RegisterControlClass<ListState>("SysListView32", ListProcedure);
+
+} // namespace
 
 } // namespace korvel::internal

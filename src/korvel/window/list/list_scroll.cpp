@@ -1,6 +1,7 @@
 #include "korvel/window/list/list_scroll.h"
 
-#include "korvel/window/core/place.h"
+#include "korvel/window/core/window_changes.h"
+#include "korvel/window/core/window_rectangle.h"
 #include "korvel/window/list/header_state.h"
 
 #include <limits>

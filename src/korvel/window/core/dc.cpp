@@ -1,4 +1,6 @@
-#include "korvel/window/base/dc.h"
+#include "korvel/window/core/dc.h"
+
+#include "korvel/window/core/frame_control.h"
 
 namespace korvel {
 
@@ -15,6 +17,10 @@ void CDC::LineTo(CPoint point) {
 void CDC::Rectangle(const CRect& rect) {
     m_surface.Fill(rect, m_backColor);
     m_surface.Frame(rect, m_penColor);
+}
+
+void CDC::DrawFrameControl(const CRect& rect, UINT type, UINT state) {
+    internal::DrawFrameControl(m_surface, rect, type, state);
 }
 
 } // namespace korvel

@@ -1,8 +1,7 @@
-#include "korvel/window/display/uncaught.h"
+#include "korvel/window/core/uncaught.h"
 
-#include "korvel/window/core/thread_queue.h"
+#include "korvel/window/core/display.h"
 #include "korvel/window/core/window.h"
-#include "korvel/window/display/display.h"
 
 #include <exception>
 #include <mutex>
@@ -68,19 +67,23 @@ void SetExceptionHandler(std::function<void(const CString& text)> handler) {
 
 namespace internal {
 
-void Guarded(Uncaught uncaught, const std::function<void()>& action) {
+std::exception_ptr FailureOf(const std::function<void()>& action) {
     try {
         action();
+        return nullptr;
     } catch (...) {
         const std::exception_ptr exception = std::current_exception();
         const Handler handler = CurrentHandler();
-        if (handler || !Display().IsHeadless())
-            HandToHandler(handler, TextOf(exception));
-        else if (uncaught == Uncaught::ToPump)
-            throw;
-        else
-            ThreadQueue::Current()->Post(nullptr, [exception] { std::rethrow_exception(exception); });
+        if (!handler && Display().IsHeadless())
+            return exception;
+        HandToHandler(handler, TextOf(exception));
+        return nullptr;
     }
+}
+
+void Guarded(const std::function<void()>& action) {
+    if (const std::exception_ptr failure = FailureOf(action))
+        std::rethrow_exception(failure);
 }
 
 } // namespace internal

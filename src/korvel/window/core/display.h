@@ -1,6 +1,7 @@
 #pragma once
 
-#include "korvel/window/base/dc.h"
+#include "korvel/window/base/aspects.h"
+#include "korvel/window/base/image_list.h"
 #include "korvel/window/base/types.h"
 
 #include <chrono>
@@ -10,21 +11,6 @@
 #include <vector>
 
 namespace korvel {
-
-/// What of a window changed; the display reads the new state from the window (window/display/window_view.h).
-enum class Aspect : unsigned {
-    Rectangle = 1,
-    Visible = 2,
-    Enabled = 4,
-    Text = 8,
-    State = 16,  // the state of its control: checks, items, limits, selection
-    Scroll = 32, // scroll position or extent
-    Style = 64,
-};
-using Aspects = unsigned;
-constexpr Aspects operator|(Aspect a, Aspect b) {
-    return static_cast<Aspects>(a) | static_cast<Aspects>(b);
-}
 
 struct MenuEntry {
     CString text; // empty: a separator
@@ -43,7 +29,7 @@ struct FileQuery {
 };
 
 /// What shows the windows. A display keeps no state of a window: it is told that something changed and
-/// reads the window. What the user does comes back through window/display/input.h.
+/// reads the window. What the user does comes back through window/core/input.h.
 ///
 /// All calls but Wake come on the display's thread, the thread that installed it, and only for windows
 /// of that thread. No exception may leave an implementation.

@@ -4,9 +4,6 @@
 
 namespace korvel::internal {
 
-/// The rectangle with no negative size and no coordinate beyond what sums of parents can hold.
-CRect Placeable(CRect rect);
-
 enum class PlaceOrigin { Program, Display };
 
 /// Gives a window a new rectangle: WM_WINDOWPOSCHANGING, the change, WM_WINDOWPOSCHANGED, then WM_MOVE and

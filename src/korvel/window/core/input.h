@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/base/dc.h"
+#include "korvel/window/base/surface.h"
 #include "korvel/window/base/types.h"
 
 /// What the user does, as a display reports it. The functions are called on the display's thread. What a

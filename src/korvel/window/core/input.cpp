@@ -1,10 +1,14 @@
-#include "korvel/window/display/input.h"
+#include "korvel/window/core/input.h"
 
 #include "korvel/window/core/cwnd.h"
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/dc.h"
+#include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/focus.h"
 #include "korvel/window/core/input_delivery.h"
-#include "korvel/window/core/place.h"
-#include "korvel/window/display/uncaught.h"
+#include "korvel/window/core/timers.h"
+#include "korvel/window/core/uncaught.h"
+#include "korvel/window/core/window_changes.h"
+#include "korvel/window/core/window_rectangle.h"
 
 #include <utility>
 
@@ -104,17 +108,15 @@ Outcome DeliverMouse(HWND window, UINT message, UINT flags, CPoint point, int wh
 // Runs a report about a control: false when it is dropped.
 template <class Report>
 void ReportToControl(HWND window, Report report) {
-    Guarded(
-        Uncaught::ToPump,
-        [&] {
-            const RecordRef record = Find(window);
-            if (!record || !record->control)
-                return;
-            if (IsWindowEnabled(window))
-                report(*record->control);
-            else // the widget shows what the window does not have
-                TellDisplay(*record, Aspect::Text | Aspect::State | static_cast<Aspects>(Aspect::Scroll));
-        });
+    Guarded([&] {
+        const RecordRef record = Find(window);
+        if (!record || !record->control)
+            return;
+        if (IsWindowEnabled(window))
+            report(*record->control);
+        else // the widget shows what the window does not have
+            TellDisplay(*record, Aspect::Text | Aspect::State | Aspect::Scroll);
+    });
 }
 
 } // namespace
@@ -123,7 +125,7 @@ bool Key(HWND window, UINT message, UINT key, const CString& characters) {
     if (!IsWindow(window))
         return false;
     Outcome outcome = Outcome::Consumed;
-    Guarded(Uncaught::ToPump, [&] {
+    Guarded([&] {
         if (IsWindowEnabled(window))
             outcome = DeliverKey(window, message, key, characters);
     });
@@ -138,17 +140,15 @@ bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int wheel) {
     if (!IsWindow(window))
         return false;
     Outcome outcome = Outcome::Consumed;
-    Guarded(Uncaught::ToPump, [&] { outcome = DeliverMouse(window, message, flags, point, wheel); });
+    Guarded([&] { outcome = DeliverMouse(window, message, flags, point, wheel); });
     return outcome == Outcome::Consumed;
 }
 
 void FocusMoved(HWND window) {
-    Guarded(
-        Uncaught::ToPump,
-        [&] {
-            if (IsDisplayThread() && (!window || CanTakeFocus(window)))
-                MoveFocus(window, FocusOrigin::Display);
-        });
+    Guarded([&] {
+        if (IsDisplayThread() && (!window || CanTakeFocus(window)))
+            MoveFocus(window, FocusOrigin::Display);
+    });
 }
 
 void Edited(HWND window, const CString& text, int selectionStart, int selectionEnd) {
@@ -167,47 +167,43 @@ void Scrolled(HWND window, int x, int row) {
 }
 
 void Placed(HWND window, const CRect& rect) {
-    Guarded(
-        Uncaught::ToPump,
-        [&] {
-            OnOwner(
-                window, [&](WindowRecord& record) { Place(record, rect, PlaceOrigin::Display); });
-        });
+    Guarded([&] {
+        OnOwner(
+            window, [&](WindowRecord& record) { Place(record, rect, PlaceOrigin::Display); });
+    });
 }
 
 void Close(HWND window) {
-    Guarded(
-        Uncaught::ToPump,
-        [&] {
-            if (IsWindowEnabled(window))
-                SendMessageA(window, WM_CLOSE, 0, 0);
-        });
+    Guarded([&] {
+        if (IsWindowEnabled(window))
+            SendMessageA(window, WM_CLOSE, 0, 0);
+    });
 }
 
 void Destroy(HWND window) {
-    Guarded(
-        Uncaught::ToPump, [&] { DestroyWindow(window); });
+    Guarded([&] { DestroyWindow(window); });
 }
 
 void Activated(HWND window, bool active) {
-    Guarded(
-        Uncaught::ToPump, [&] { SendMessageA(window, WM_ACTIVATE, active, 0); });
+    Guarded([&] { SendMessageA(window, WM_ACTIVATE, active, 0); });
 }
 
 void Paint(HWND window, Surface& surface, const CRect& clip) {
-    Guarded(
-        Uncaught::ToPump,
-        [&] {
-            CDC dc(surface, clip);
-            const auto context = reinterpret_cast<WPARAM>(&dc);
-            SendMessageA(window, WM_ERASEBKGND, context, 0);
-            SendMessageA(window, WM_PAINT, context, 0);
-        });
+    Guarded([&] {
+        CDC dc(surface, clip);
+        const auto context = reinterpret_cast<WPARAM>(&dc);
+        SendMessageA(window, WM_ERASEBKGND, context, 0);
+        SendMessageA(window, WM_PAINT, context, 0);
+    });
+}
+
+void FireTimers() {
+    if (IsDisplayThread())
+        Guarded(FireDueTimers);
 }
 
 void DispatchMessages() {
-    Guarded(
-        Uncaught::ToPump, [] { ThreadQueue::Current()->Run(); });
+    Guarded([] { ThreadQueue::Current()->Run(); });
 }
 
 } // namespace korvel::input

@@ -1,7 +1,8 @@
-#include "korvel/window/core/desktop.h"
+#include "korvel/window/core/capture.h"
+#include "korvel/window/core/focus.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_changes.h"
 #include "korvel/window/core/window_record.h"
-
-#include <algorithm>
 
 namespace korvel {
 
@@ -80,46 +81,6 @@ bool IsWindowEnabled(HWND window) {
             return HoldsUpToRoot(
                 record, [](const WindowRecord& level) { return level.IsSwitchedOn(); });
         });
-}
-
-bool SetWindowTextA(HWND window, const CString& text) {
-    return SendMessageA(window, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text.c_str())) != 0;
-}
-
-CString GetWindowTextA(HWND window) {
-    return OnOwner(
-        window,
-        [&](WindowRecord&) {
-            const LRESULT length = std::max<LRESULT>(SendMessageA(window, WM_GETTEXTLENGTH, 0, 0), 0);
-            CString text(static_cast<std::size_t>(length) + 1, '\0');
-            const LRESULT copied =
-                SendMessageA(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-            text.resize(static_cast<std::size_t>(std::clamp<LRESULT>(copied, 0, length)));
-            return text;
-        });
-}
-
-CString GetClassNameA(HWND window) {
-    return OnOwner(
-        window, [](WindowRecord& record) { return record.className; });
-}
-
-void InvalidateRect(HWND window, const CRect* rect) {
-    OnOwner(
-        window, [&](WindowRecord& record) { Repaint(record, rect); });
-}
-
-void UpdateWindow(HWND) {}
-
-void RedrawWindow(HWND window, UINT flags) {
-    if (!(flags & RDW_INVALIDATE))
-        return;
-    OnOwner(window, [&](WindowRecord& record) {
-        Repaint(record);
-        if (flags & RDW_ALLCHILDREN)
-            for (const HWND child : record.children)
-                RedrawWindow(child, flags);
-    });
 }
 
 } // namespace korvel

@@ -1,0 +1,26 @@
+#pragma once
+
+/// What a display reads of the control in a window.
+namespace korvel::view {
+
+/// How a display shows a window: natively, or as a plain surface that input::Paint fills.
+enum class Kind { Painted, List, Edit, Button, Static };
+
+struct EditView {
+    int selectionStart = 0; // bytes of the text
+    int selectionEnd = 0;
+    int limit = 0; // bytes; 0: none
+    bool readOnly = false;
+};
+
+/// Where a list is scrolled to, and how far it can be.
+struct ScrollView {
+    int x = 0; // pixels
+    int contentWidth = 0;
+    int pageWidth = 0;
+    int topRow = 0;
+    int rowCount = 0;
+    int rowsPerPage = 0; // whole rows
+};
+
+} // namespace korvel::view

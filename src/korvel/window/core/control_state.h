@@ -1,0 +1,29 @@
+#pragma once
+
+#include "korvel/window/base/control_view.h"
+#include "korvel/window/base/types.h"
+
+namespace korvel::internal {
+
+/// The state of a control beyond its window: rows and columns, selection, check. Made by the class at
+/// creation, freed with the record. What a display reads and reports about it passes here, so that a new
+/// kind of control is one class and one line of registration (core/window_class.h).
+class ControlState {
+public:
+    virtual ~ControlState() = default;
+
+    virtual view::Kind Kind() const { return view::Kind::Painted; }
+    virtual view::EditView Edit() const { return {}; }
+    virtual view::ScrollView Scroll() const { return {}; }
+    virtual int Check() const { return 0; }
+    /// What scroll bars take from the client area on each side, of a window that has that size inside its
+    /// border.
+    virtual CRect ClientInsets(CSize /*insideBorder*/) const { return {}; }
+
+    /// What the user did in a native widget (see window/core/input.h). Called for enabled windows only.
+    virtual void Edited(const CString&, int /*selectionStart*/, int /*selectionEnd*/) {}
+    virtual void Value(double) {}
+    virtual void Scrolled(int /*x*/, int /*row*/) {}
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "korvel/window/core/window_record.h"
+
+/// The focus of the display's windows. On the display's thread only.
+namespace korvel::internal {
+
+enum class FocusOrigin { Program, Display };
+
+/// Moves the focus: display first, then WM_KILLFOCUS, then WM_SETFOCUS; stops when a handler moves it on.
+void MoveFocus(HWND window, FocusOrigin origin);
+/// Moves the focus to `heir` (null, or where it cannot go: to none) when it lies in the window or below.
+/// Nothing for a window that the display does not show.
+void TakeFocusAway(const WindowRecord& record, HWND heir);
+bool CanTakeFocus(HWND window);
+/// The box that is about to be shown takes the focus away; returns who has it to get back.
+HWND LendFocusToBox();
+void ReturnFocusFromBox(HWND former);
+
+/// No window has the focus any more if it was this one. Sends nothing.
+void ForgetFocus(HWND window);
+/// The same, whichever window it was.
+void ForgetFocus();
+
+} // namespace korvel::internal

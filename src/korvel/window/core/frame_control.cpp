@@ -1,0 +1,89 @@
+#include "korvel/window/core/frame_control.h"
+
+#include "korvel/window/base/color.h"
+#include "korvel/window/base/messages.h"
+#include "korvel/window/core/window.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace korvel::internal {
+namespace {
+
+enum class Look { Normal, Pushed, Inactive };
+
+// The platform lets an inactive control look inactive even while it is pushed.
+Look LookOf(UINT state) {
+    if (state & DFCS_INACTIVE)
+        return Look::Inactive;
+    return state & DFCS_PUSHED ? Look::Pushed : Look::Normal;
+}
+
+COLORREF SymbolColor(Look look) {
+    return GetSysColor(look == Look::Inactive ? COLOR_GRAYTEXT : COLOR_BTNTEXT);
+}
+
+COLORREF FaceColor(Look look) {
+    const COLORREF face = GetSysColor(COLOR_BTNFACE);
+    return look == Look::Pushed ? Mix(face, GetSysColor(COLOR_BTNTEXT), 15, 100) : face;
+}
+
+void DrawButtonFace(Surface& surface, const CRect& rect, Look look) {
+    surface.Fill(rect, FaceColor(look));
+    surface.Frame(rect, GetSysColor(COLOR_BTNSHADOW));
+}
+
+void DrawPolyline(Surface& surface, std::initializer_list<CPoint> points, COLORREF color) {
+    for (const CPoint* end = points.begin() + 1; end < points.end(); ++end)
+        surface.Line(end[-1], *end, color, LinePattern::Solid);
+}
+
+// Corners of the tick in thirteenths of the box, the size at which it was drawn.
+void DrawTick(Surface& surface, const CRect& box, COLORREF color) {
+    const int side = box.Width();
+    const auto at = [&](int x, int y) { return CPoint{box.left + x * side / 13, box.top + y * side / 13}; };
+    const CPoint left = at(3, 6);
+    const CPoint low = at(5, 8);
+    const CPoint right = at(9, 4);
+    for (const int down : {0, 1}) // a line of two pixels
+        DrawPolyline(surface, {{left.x, left.y + down}, {low.x, low.y + down}, {right.x, right.y + down}},
+                     color);
+}
+
+void DrawCheckBox(Surface& surface, const CRect& rect, UINT state) {
+    const Look look = LookOf(state);
+    const int side = std::min(rect.Width(), rect.Height());
+    const CRect box = rect.Centered({side, side});
+    const COLORREF inside = GetSysColor(look == Look::Normal ? COLOR_WINDOW : COLOR_BTNFACE);
+    surface.Fill(box, inside);
+    surface.Frame(box, GetSysColor(look == Look::Inactive ? COLOR_GRAYTEXT : COLOR_BTNSHADOW));
+    if (state & DFCS_CHECKED)
+        DrawTick(surface, box, GetSysColor(look == Look::Inactive ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
+}
+
+void DrawDropArrow(Surface& surface, const CRect& rect, UINT state) {
+    const Look look = LookOf(state);
+    DrawButtonFace(surface, rect, look);
+    const int half = std::max(1, std::min(rect.Width(), rect.Height()) / 5);
+    const CPoint tip{rect.left + rect.Width() / 2, rect.top + (rect.Height() + half) / 2};
+    for (const int down : {0, 1})
+        DrawPolyline(
+            surface,
+            {{tip.x - half, tip.y - half + down}, {tip.x, tip.y + down}, {tip.x + half, tip.y - half + down}},
+            SymbolColor(look));
+}
+
+} // namespace
+
+void DrawFrameControl(Surface& surface, const CRect& rect, UINT type, UINT state) {
+    if (rect.IsRectEmpty())
+        return;
+    if (type == DFC_BUTTON && (state & DFCS_BUTTONPUSH))
+        DrawButtonFace(surface, rect, LookOf(state));
+    else if (type == DFC_BUTTON)
+        DrawCheckBox(surface, rect, state);
+    else if (type == DFC_SCROLL && (state & DFCS_SCROLLDOWN))
+        DrawDropArrow(surface, rect, state);
+}
+
+} // namespace korvel::internal
