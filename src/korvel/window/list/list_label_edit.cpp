@@ -1,6 +1,7 @@
 #include "korvel/window/list/list_label_edit.h"
 
 #include "korvel/window/controls/edit_procedure.h"
+#include "korvel/window/display/window_view.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_rows.h"
 #include "korvel/window/list/list_scroll.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/window/core/dc.h"
 #include "korvel/window/list/list_state.h"
 
 namespace korvel::internal {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/window/base/image_list.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_record.h"
 #include "korvel/window/list/header_ctrl.h"
