@@ -15,7 +15,7 @@ std::atomic<CWinApp*>& HostApp() {
 }
 
 // The state that a guard on this thread has put in force; without application object: none has.
-ModuleState& Guarded() {
+ModuleState& GuardedState() {
     static thread_local ModuleState state;
     return state;
 }
@@ -27,20 +27,20 @@ BOOL CKorvelCommonDialogsApp::InitInstance() {
     try {
         m_languageName = korvel::GetLanguageName();
     } catch (const std::exception&) {
-        m_languageName.clear(); // loading never fails; the first caller who asks for a text hears of it
+        m_languageName.clear(); // loading never fails; the first caller who asks for a text gets it
     }
     return 1;
 }
 
 CKorvelCommonDialogsApp& GetModuleApp() {
     static CKorvelCommonDialogsApp app;
-    static const BOOL initialised = app.InitInstance();
-    static_cast<void>(initialised);
+    static const BOOL initialized = app.InitInstance();
+    static_cast<void>(initialized);
     return app;
 }
 
 ModuleState GetModuleState() {
-    return Guarded().app ? Guarded() : ModuleState{HostApp().load(), nullptr};
+    return GuardedState().app ? GuardedState() : ModuleState{HostApp().load(), nullptr};
 }
 
 void SetHostApp(CWinApp* app) {
@@ -48,10 +48,10 @@ void SetHostApp(CWinApp* app) {
 }
 
 ModuleStateGuard::ModuleStateGuard()
-    : m_former(std::exchange(Guarded(), ModuleState{&GetModuleApp(), nullptr})) {}
+    : m_former(std::exchange(GuardedState(), ModuleState{&GetModuleApp(), nullptr})) {}
 
 ModuleStateGuard::~ModuleStateGuard() {
-    Guarded() = m_former;
+    GuardedState() = m_former;
 }
 
 } // namespace korvel

@@ -7,6 +7,11 @@
 namespace korvel {
 
 /// The application object of a module; a host names itself by its own.
+///
+///     CWinApp host;
+///     host.m_strAppName = "Line Planner";
+///     SetHostApp(&host);
+///     GetModuleState().app->m_strAppName;   // "Line Planner"
 class KORVEL_API CWinApp {
 public:
     virtual ~CWinApp() = default;
@@ -19,11 +24,11 @@ public:
 /// The base that the library's own application object has in common with its sister modules.
 class KORVEL_API CWinAppNoReleaseD2DRefs : public CWinApp {};
 
-/// The library's application object: its initialisation reads the language name.
+/// The library's application object: its initialization reads the language name.
 class KORVEL_API CKorvelCommonDialogsApp : public CWinAppNoReleaseD2DRefs {
 public:
-    /// Answers 1. The language name stays empty when the settings hold none; the failure then reaches
-    /// the first caller who asks for a text.
+    /// Returns 1. The language name stays empty when the settings hold none; the failure then reaches the
+    /// first caller who asks for a text.
     BOOL InitInstance() override;
     const std::string& GetLanguageName() const { return m_languageName; }
 
@@ -31,7 +36,7 @@ private:
     std::string m_languageName;
 };
 
-/// The library's own application object, initialised at first use.
+/// The library's own application object, initialized at first use.
 KORVEL_API CKorvelCommonDialogsApp& GetModuleApp();
 
 /// What a module works with: its application object and the handle of its resources (null: built in).
@@ -40,12 +45,14 @@ struct ModuleState {
     const void* resources = nullptr;
 };
 
+/// What is in force on the calling thread.
 KORVEL_API ModuleState GetModuleState();
-/// The host's own state, in force outside the library's entry points.
+/// The host's own application object (not owned, null: none), in force outside the library's entry points.
+/// Any thread.
 KORVEL_API void SetHostApp(CWinApp* app);
 
-/// Switches to the library's module state for its lifetime; stands at the top of each exported entry
-/// point that touches resources.
+/// Switches the calling thread to the library's module state for its lifetime; the first line of each
+/// exported entry point that touches resources.
 class KORVEL_API ModuleStateGuard {
 public:
     ModuleStateGuard();

@@ -14,12 +14,17 @@ struct Image {
     std::vector<std::uint32_t> pixels;
 };
 
-/// Pictures of one size, drawn by index.
+/// Pictures of one size, drawn by index. On the thread of the windows that show them, which it must
+/// outlive.
+///
+///     CImageList images(16, 16);
+///     const int index = images.Add(picture);   // 0
+///     images.GetImage(1);                      // null
 class KORVEL_API CImageList {
 public:
     CImageList(int width, int height) : m_size{width, height} {}
 
-    /// Takes a picture of the list's size (scaled by the display when it differs) and answers its index; -1
+    /// Takes a picture of the list's size (scaled by the display when it differs) and returns its index; -1
     /// for a picture whose pixels are not width times height.
     int Add(Image image);
     int GetImageCount() const { return static_cast<int>(m_images.size()); }

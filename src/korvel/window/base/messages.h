@@ -89,7 +89,7 @@ inline constexpr UINT VK_MULTIPLY = 0x6A;
 inline constexpr UINT VK_ADD = 0x6B;
 inline constexpr UINT VK_SUBTRACT = 0x6D;
 inline constexpr UINT VK_F4 = 0x73;
-inline constexpr int KeyIsDown = 0x8000; // own: the high bit of what GetKeyState answers
+inline constexpr int KeyIsDown = 0x8000; // own: the high bit of what GetKeyState returns
 
 // Mouse message flags (wParam).
 inline constexpr UINT MK_LBUTTON = 0x0001;
@@ -98,7 +98,7 @@ inline constexpr UINT MK_SHIFT = 0x0004;
 inline constexpr UINT MK_CONTROL = 0x0008;
 inline constexpr UINT MK_MBUTTON = 0x0010;
 
-// WM_MOUSEACTIVATE answers.
+// What WM_MOUSEACTIVATE returns.
 inline constexpr LRESULT MA_ACTIVATE = 1;
 inline constexpr LRESULT MA_ACTIVATEANDEAT = 2;
 inline constexpr LRESULT MA_NOACTIVATE = 3;
@@ -153,7 +153,7 @@ inline constexpr UINT SB_THUMBTRACK = 5;
 inline constexpr UINT SB_TOP = 6;
 inline constexpr UINT SB_BOTTOM = 7;
 
-// WM_GETDLGCODE answers.
+// What WM_GETDLGCODE returns, added up.
 inline constexpr UINT DLGC_WANTARROWS = 0x0001;
 inline constexpr UINT DLGC_WANTALLKEYS = 0x0004;
 inline constexpr UINT DLGC_HASSETSEL = 0x0008;
@@ -175,7 +175,7 @@ inline constexpr int IDCANCEL = 2;
 inline constexpr int IDYES = 6;
 inline constexpr int IDNO = 7;
 
-// System colours and metrics.
+// System colors and metrics.
 inline constexpr int COLOR_WINDOW = 5;
 inline constexpr int COLOR_WINDOWTEXT = 8;
 inline constexpr int COLOR_HIGHLIGHT = 13;

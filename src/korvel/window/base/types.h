@@ -10,8 +10,8 @@ namespace korvel {
 
 struct WindowTag;
 
-/// Names a window. The value is a number of the window table and is never dereferenced: a handle
-/// whose window is gone is recognised, and every operation on it has no effect and answers 0.
+/// Names a window. The value is a number of the window table and is never dereferenced: a handle whose
+/// window is gone is recognized, and every operation on it has no effect and returns 0.
 using HWND = WindowTag*;
 
 using UINT = unsigned int;
@@ -21,10 +21,10 @@ using LPARAM = std::intptr_t;
 using LRESULT = std::intptr_t;
 using WNDPROC = LRESULT (*)(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-/// A colour as 0x00BBGGRR.
+/// A color as 0x00BBGGRR.
 using COLORREF = std::uint32_t;
 
-/// Byte text in the code page of the library's texts.
+/// Byte text in the library's code page (platform/code_page.h).
 using CString = std::string;
 
 struct CPoint {
@@ -39,7 +39,8 @@ struct CSize {
     bool operator==(const CSize&) const = default;
 };
 
-/// A rectangle in pixels; right and bottom lie outside it.
+/// A rectangle in pixels; right and bottom lie outside it. It may be empty, or turned inside out by the
+/// operations below: such a one is empty too.
 struct CRect {
     int left = 0;
     int top = 0;

@@ -8,8 +8,8 @@ namespace internal {
 struct WindowAccess;
 }
 
-/// An object attached to one window. Derived classes override WindowProc and the handlers below; what
-/// they leave alone goes on to the procedure that the window had before, and at last to DefWindowProcA.
+/// An object attached to one window. Derived classes override WindowProc and the handlers below; what they
+/// leave alone goes on to the procedure that the window had before, and at last to DefWindowProcA.
 ///
 ///     class CBlink : public CWnd {
 ///         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -18,8 +18,11 @@ struct WindowAccess;
 ///         }
 ///     };
 ///
-/// The object does not own its memory's end: destroying it destroys an attached window, and a window
-/// that dies first detaches its object. Exceptions of a handler go to the sender of the message.
+/// Destroying the object destroys its window, and a window that ends first detaches its object. A handler
+/// may destroy the window, its parent or any other, at any time; it must not delete the C++ object whose
+/// handler it is: whoever wants that posts a message to another window, and deletes there. Exceptions of a
+/// handler go to the sender of the message. Called on the thread that made the window, unless said
+/// otherwise.
 class KORVEL_API CWnd {
 public:
     CWnd() = default;
@@ -27,21 +30,26 @@ public:
     CWnd(const CWnd&) = delete;
     CWnd& operator=(const CWnd&) = delete;
 
-    HWND m_hWnd = nullptr;
+    HWND m_hWnd = nullptr; // null while no window is attached
     HWND GetSafeHwnd() const { return m_hWnd; }
 
-    /// Makes a window of `className` and attaches it. False when the window system refuses.
+    /// Makes a window of `className` (core/window.h: CreateWindowExA) and attaches it before its first
+    /// message. False, and no window, when the object has one already or CreateWindowExA gives null.
     bool CreateEx(UINT exStyle, const char* className, const char* text, UINT style, const CRect& rect,
                   CWnd* parent, int id);
-    /// Attaches to a window that exists; its procedure becomes the one that Default() calls.
+    /// Attaches to a window that exists; its procedure becomes the one that Default() calls. False when the
+    /// object has a window, or that one is null, stale, about to end or has an object.
     bool SubclassWindow(HWND window);
+    /// The same for a child of `parent` (may be null: false).
     bool SubclassDlgItem(int id, CWnd* parent);
-    /// Detaches and puts the former procedure back. Answers the window.
+    /// Detaches and puts the former procedure back, unless someone has put another one above it since.
+    /// Returns the window.
     HWND UnsubclassWindow();
+    /// False without a window.
     bool DestroyWindow();
     /// The message that the calling thread handles now; all zero outside of any.
     static MSG GetCurrentMessage();
-    /// The object attached to a window, or null.
+    /// The object attached to a window, or null. Any thread.
     static CWnd* FromHandlePermanent(HWND window);
 
     LRESULT SendMessageA(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
@@ -90,8 +98,8 @@ public:
 protected:
     /// A control's WM_COMMAND; true: handled. The base offers it to the control itself.
     virtual bool OnCommand(WPARAM wParam, LPARAM lParam);
-    /// A control's WM_NOTIFY; true: handled, `*result` is the answer. The base offers it to the control
-    /// itself.
+    /// A control's WM_NOTIFY; true: handled, `*result` is what the control gets back. The base offers it to
+    /// the control itself.
     virtual bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
     /// A notification that this control sent its parent and that the parent left to it (reflection):
     /// WM_COMMAND, WM_NOTIFY, WM_DRAWITEM. True: handled.

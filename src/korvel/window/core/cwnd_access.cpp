@@ -34,7 +34,7 @@ void WindowAccess::Attach(CWnd& object, WindowRecord& record) {
     object.m_hWnd = record.handle;
     record.object = &object;
     record.handleInObject = &object.m_hWnd;
-    // An object that was here before leaves its procedure in place while hooks stand above it.
+    // An object that was here before leaves its procedure in place while hooks are above it.
     if (!record.superProcedure) {
         record.superProcedure = record.procedure;
         record.procedure = ObjectProcedure;

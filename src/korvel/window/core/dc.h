@@ -7,7 +7,15 @@
 
 namespace korvel {
 
-/// A device context: the surface with the current colours and pen.
+/// A device context: the surface with the current colors and pen. Lives for one WM_PAINT or WM_DRAWITEM.
+///
+///     LRESULT CSwatch::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+///         if (message != WM_PAINT)
+///             return CWnd::WindowProc(message, wParam, lParam);
+///         CDC& dc = *reinterpret_cast<CDC*>(wParam);
+///         dc.FillSolidRect(GetClientRect(), RGB(255, 0, 0));
+///         return 0;
+///     }
 class KORVEL_API CDC {
 public:
     explicit CDC(Surface& surface, CRect clip) : m_surface(surface), m_clip(clip) {}
@@ -15,6 +23,7 @@ public:
     /// The area that is being repainted; nothing outside it needs drawing.
     const CRect& GetClipBox() const { return m_clip; }
 
+    /// The setters return the former color.
     COLORREF SetTextColor(COLORREF color) { return std::exchange(m_textColor, color); }
     COLORREF SetBkColor(COLORREF color) { return std::exchange(m_backColor, color); }
     COLORREF GetTextColor() const { return m_textColor; }
@@ -22,20 +31,24 @@ public:
     void SelectPen(int style, COLORREF color); // PS_SOLID, PS_DOT; one pixel wide
 
     void FillSolidRect(const CRect& rect, COLORREF color) { m_surface.Fill(rect, color); }
+    /// In the text color; `format` is DT_*.
     void DrawText(const CString& text, const CRect& rect, UINT format) {
         m_surface.Text(text, rect, m_textColor, format);
     }
     void MoveTo(CPoint point) { m_position = point; }
+    /// With the pen, without the last pixel.
     void LineTo(CPoint point);
-    /// Filled with the background colour and outlined with the pen.
+    /// Filled with the background color and outlined with the pen.
     void Rectangle(const CRect& rect);
     void FrameRect(const CRect& rect, COLORREF color) { m_surface.Frame(rect, color); }
     void DrawFocusRect(const CRect& rect) { m_surface.FocusRect(rect); }
+    /// Scaled into `rect`.
     void DrawImage(const Image& image, const CRect& rect) { m_surface.Picture(image, rect); }
+    /// Replaces the former clip rectangle.
     void IntersectClipRect(const CRect& rect) { m_surface.Clip(&rect); }
     void ResetClip() { m_surface.Clip(nullptr); }
-    /// DFC_BUTTON with DFCS_BUTTONCHECK or DFCS_BUTTONPUSH, and DFC_SCROLL with DFCS_SCROLLDOWN, in
-    /// today's flat look: composed of the calls above, in the system colours.
+    /// DFC_BUTTON with DFCS_BUTTONCHECK or DFCS_BUTTONPUSH, and DFC_SCROLL with DFCS_SCROLLDOWN, in a flat
+    /// look, in the system colors. Pen, position and colors stay.
     void DrawFrameControl(const CRect& rect, UINT type, UINT state);
 
 private:

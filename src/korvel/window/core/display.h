@@ -7,19 +7,20 @@
 #include <chrono>
 #include <functional>
 #include <optional>
-#include <string>
 #include <vector>
 
 namespace korvel {
 
+/// One line of a menu.
 struct MenuEntry {
     CString text; // empty: a separator
     unsigned command = 0;
     bool checked = false;
     bool enabled = true;
-    std::vector<MenuEntry> popup;
+    std::vector<MenuEntry> popup; // a menu of its own; the command is not used then
 };
 
+/// What a file chooser asks for.
 struct FileQuery {
     bool open = true; // false: a file to write
     CString path;     // the file to begin with
@@ -28,59 +29,92 @@ struct FileQuery {
     bool promptOnOverwrite = true;
 };
 
-/// What shows the windows. A display keeps no state of a window: it is told that something changed and
-/// reads the window. What the user does comes back through window/core/input.h.
+/// What shows the windows, of which there is one in a process. A display keeps no state of a window: the
+/// library says that something changed, and the display reads the window (window/display/window_view.h).
+/// What the user does it reports through window/core/input.h.
 ///
-/// All calls but Wake come on the display's thread, the thread that installed it, and only for windows
-/// of that thread. No exception may leave an implementation.
+///     class MyDisplay : public IDisplay { ... } display;
+///     SetDisplay(&display);   // Created for each window that exists
+///     ...
+///     SetDisplay(nullptr);    // before it dies
+///
+/// Each call without a body must be implemented; the others may be. All come on the display's thread, the
+/// thread that installed it, and only for windows of that thread, but for Wake and IsHeadless. No exception
+/// may leave an implementation, but for those of a headless display.
 class KORVEL_API IDisplay {
 public:
     virtual ~IDisplay() = default;
 
     /// True for a display without native widgets and without foreign code below its handlers: controls act
     /// themselves on what was left to their default, and an exception of a handler goes on to whoever
-    /// pumped (called an input function) while no exception handler is set. Callable on any thread.
+    /// called an input function while no exception handler is set. Callable on any thread.
     virtual bool IsHeadless() const { return false; }
 
     // Windows.
+
+    /// A window was made, before its first message: show it when its style says so.
     virtual void Created(HWND window) = 0;
+    /// A window ends: forget the handle. Its children ended before.
     virtual void Destroyed(HWND window) = 0;
+    /// Something of the window changed: read it again and show it.
     virtual void Changed(HWND window, Aspects aspects) = 0;
+    /// A part of the client area needs painting: call input::Paint before the next event is taken.
     virtual void Invalidate(HWND window, const CRect& rect) = 0;
-    /// The window that has the focus from now on, or null.
+    /// The window that has the focus from now on, or null: send keys there. Nothing comes back through
+    /// input::FocusMoved.
     virtual void Focus(HWND window) = 0;
-    /// The window that gets all mouse messages from now on, or null.
+    /// The window that gets all mouse messages from now on, or null. The library passes them on itself; a
+    /// display makes them arrive also from outside its windows.
     virtual void Capture(HWND window) = 0;
 
     // Time and waiting.
-    /// Asks for a call of input::DispatchMessages on the display's thread, soon. Callable on any thread.
+
+    /// Call input::DispatchMessages on the display's thread, soon. Callable on any thread; must call no
+    /// function of the library.
     virtual void Wake() = 0;
-    /// Asks for a call of input::FireTimers at that time; nothing cancels.
+    /// Call input::FireTimers when Now reaches this time (nothing: never). Replaces the former alarm.
     virtual void Alarm(std::optional<std::chrono::milliseconds> when) = 0;
+    /// A clock that does not run backwards, from any beginning.
     virtual std::chrono::milliseconds Now() = 0;
-    /// Handles what the user does until `done` answers true. Shows `modal` window-modal meanwhile when it
-    /// is not null.
+    /// Handle what the user does until `done` returns true, which is asked after each event. `modal`, when
+    /// it is not null, is shown window-modal meanwhile.
     virtual void RunUntil(HWND modal, const std::function<bool()>& done) = 0;
 
-    // Questions to the user.
+    // Questions to the user, each over `owner` (may be null). They return when the user has decided;
+    // messages are dispatched meanwhile.
+
+    /// A box with the buttons and the icon of `type` (MB_*); returns the button (IDOK ...).
     virtual int MessageBox(HWND owner, const CString& text, const CString& caption, UINT type) = 0;
-    /// The chosen command, or 0.
+    /// A menu at a point of the screen; returns the chosen command, or 0.
     virtual unsigned TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) = 0;
+    /// A color to replace `color`; nothing when the user cancels, here and in the next two.
     virtual std::optional<COLORREF> ChooseColor(HWND owner, COLORREF color) = 0;
     virtual std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) = 0;
+    /// A folder, beginning at `path`.
     virtual std::optional<CString> ChooseFolder(HWND owner, const CString& path) = 0;
 
-    // Facts.
+    // Facts, asked often.
+
+    /// The width of a line of text in the font of the windows, in pixels.
     virtual int TextWidth(const CString& text) = 0;
+    /// Where a point of the window's client area lies on the screen.
     virtual CPoint ToScreen(HWND window, CPoint client) = 0;
+    /// KeyIsDown when the key (VK_*) is down, else 0.
     virtual int KeyState(UINT key) = 0;
+    /// The mouse pointer on the screen.
     virtual CPoint Pointer() = 0;
+    /// The color of COLOR_*, 0 for an index that it does not know.
     virtual COLORREF SysColor(int index) = 0;
+    /// The measure SM_* in pixels, 0 for an index that it does not know.
     virtual int Metric(int index) = 0;
+    /// Show the pointer as IDC_* until the next call.
     virtual void SetCursor(int cursor) = 0;
 
-    // Clipboard; false when it is not to be had.
+    // The clipboard.
+
+    /// False when it is not to be had.
     virtual bool SetClipboardText(const CString& text) = 0;
+    /// Nothing when it is not to be had or holds no text.
     virtual std::optional<CString> ClipboardText() = 0;
 
     /// The picture in a file, made smaller where it does not fit into `room`. Nothing for a file that is
@@ -89,16 +123,17 @@ public:
 };
 
 /// The display in force: a HeadlessDisplay that is made at first use and belongs to the thread that needed
-/// it, until one is installed.
+/// it, until one is installed. Any thread.
 KORVEL_API IDisplay& Display();
 /// Installs a display (not owned; null puts the headless one back); the calling thread becomes the
-/// display's. Its windows that exist already are told to it by Created, parents first, then the focus; the
+/// display's. Its windows that exist already are reported by Created, parents first, then the focus; the
 /// periods of running timers begin anew. A display takes itself out of force before it dies.
 KORVEL_API void SetDisplay(IDisplay* display);
 
-/// Hears what no handler caught while a display delivered input; the default shows its text in an error
-/// box with the caption "Korvel", and lets it pass under a headless display. Null puts the default back.
-/// Called on the thread of the failure; a sender that waits in another thread is released before.
+/// Receives the text of what no handler caught while a display delivered input; the default shows it in an
+/// error box with the caption "Korvel", and lets it pass under a headless display. Null puts the default
+/// back. Called on the thread of the failure; a sender that waits in another thread is released before. Any
+/// thread may set it.
 KORVEL_API void SetExceptionHandler(std::function<void(const CString& text)> handler);
 
 } // namespace korvel

@@ -12,7 +12,7 @@ namespace {
 
 struct Focus {
     HWND window = nullptr; // who has it
-    HWND told = nullptr;   // who heard WM_SETFOCUS last; behind `window` only while the focus moves
+    HWND told = nullptr;   // who got WM_SETFOCUS last; another than `window` only while it moves
     unsigned moves = 0;
 };
 
@@ -22,8 +22,8 @@ Focus& TheFocus() {
     return focus;
 }
 
-// Every window that heard that it got the focus hears that it lost it, also when handlers move the focus
-// on while it moves: the inner move tells the loser, the outer one then stops.
+// Every window that got WM_SETFOCUS gets WM_KILLFOCUS, also when handlers move the focus on while it moves:
+// the inner move sends it to the loser, the outer one then stops.
 void TellMove(unsigned move) {
     Focus& focus = TheFocus();
     if (focus.moves != move)

@@ -78,7 +78,7 @@ bool CarriesScreenPoint(UINT message) {
            message == WM_NCMBUTTONDOWN;
 }
 
-// Who hears a mouse message: the window with the capture, and the point as that window sees it.
+// Who gets a mouse message: the window with the capture; the point becomes one of its client area.
 HWND Captor(HWND window, UINT message, CPoint& point) {
     const HWND captor = GetCapture();
     if (!captor || captor == window || message == WM_MOUSELEAVE || CarriesScreenPoint(message))

@@ -6,38 +6,44 @@
 /// What the user does, as a display reports it. The functions are called on the display's thread. What a
 /// handler throws goes to the exception handler and does not leave them; under a headless display without
 /// exception handler it comes out to the caller. They find out themselves whether the window takes input:
-/// it is dropped for a window that is disabled or has a disabled ancestor.
+/// it is dropped for a window that is gone, disabled or has a disabled ancestor.
+///
+///     input::Mouse(list, WM_LBUTTONDOWN, MK_LBUTTON, {30, 25});
+///     if (!input::Key(edit, WM_KEYDOWN, 'A', "a"))
+///         ...   // nobody wanted the key: the native widget types it
 namespace korvel::input {
 
 /// WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN or WM_SYSKEYUP with the key's code and the characters that it
 /// makes (each follows as WM_CHAR or WM_SYSCHAR). True: consumed; false: the message and all its
 /// characters were left to the window's default, and a native widget may act on the event.
 KORVEL_API bool Key(HWND window, UINT message, UINT key, const CString& characters);
-/// The key that the calling thread delivers now, or null: for a window that is handed the keys of the one
-/// with the focus, since a key that a PreTranslateMessage takes makes no WM_CHAR.
+/// The key that Key delivers now. For a window that takes over the keys of the one with the focus in
+/// PreTranslateMessage: a key that is taken there makes no WM_CHAR.
 struct KeyOnTheWay {
-    HWND window = nullptr; // whom the user typed it to
+    HWND window = nullptr; // where the user typed it
     UINT key = 0;
     CString characters;
 };
+/// Null while the calling thread delivers none.
 KORVEL_API const KeyOnTheWay* CurrentKey();
 /// A mouse message (WM_MOUSEMOVE to WM_MOUSEWHEEL, WM_NC*BUTTONDOWN, WM_MOUSELEAVE) at a client point.
 /// `flags` are MK_*; `wheel` the delta of WM_MOUSEWHEEL. True: consumed.
 KORVEL_API bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int wheel = 0);
-/// The focus went to this window through the display's own doing, or to none of ours (null).
+/// The focus went to this window without the library having moved it, or to no window of the library
+/// (null).
 KORVEL_API void FocusMoved(HWND window);
-/// The user changed the text of an edit in its native widget.
+/// The user changed the text of an edit in its native widget; the selection is in bytes of the text.
 KORVEL_API void Edited(HWND window, const CString& text, int selectionStart, int selectionEnd);
 /// The user changed the check of a button, the choice of a combo box, the position of a slider or the
 /// date of a date control; a push button is clicked with 1.
 KORVEL_API void Value(HWND window, double value);
-/// The user moved or sized a top-level window, or a layout sized an embedded one.
+/// The user moved or sized a top-level window (screen coordinates), or a layout sized an embedded one.
 KORVEL_API void Placed(HWND window, const CRect& rect);
 /// The user scrolled: the new positions, in pixels to the right and in rows down.
 KORVEL_API void Scrolled(HWND window, int x, int row);
 /// The user closes a top-level window: WM_CLOSE.
 KORVEL_API void Close(HWND window);
-/// A host's widget that holds the window goes: DestroyWindow.
+/// A host's widget that holds the window is deleted: DestroyWindow.
 KORVEL_API void Destroy(HWND window);
 /// A top-level window became (in)active: WM_ACTIVATE.
 KORVEL_API void Activated(HWND window, bool active);

@@ -2,8 +2,8 @@
 
 #include "korvel/window/base/types.h"
 
-/// The messages that the library and its hosts exchange under registered numbers. Each is filled when
-/// the library is loaded, by RegisterWindowMessageA with the name as it stands here.
+/// The messages that the library and its hosts exchange under registered numbers. Each has its value when
+/// the library is loaded, by RegisterWindowMessageA with its name here.
 namespace korvel {
 
 extern KORVEL_API const UINT WM_DLG_STATE;

@@ -54,7 +54,7 @@ void HandToHandler(const Handler& handler, const CString& text) noexcept {
             handler(text);
         else
             ShowBox(text);
-    } catch (...) { // the handler is the last resort: nobody is left to hear of its own failure
+    } catch (...) { // the handler is the last resort: nobody is left to take its own failure
     }
 }
 

@@ -2,10 +2,10 @@
 
 #include "korvel/window/core/window_record.h"
 
-/// How the display hears that a window changed. Nothing reaches it of a window that it does not show.
+/// Reports to the display, about the windows that it shows.
 namespace korvel::internal {
 
-/// While redraw is off it is kept until redraw is on again.
+/// The window changed. While redraw is off this is kept until redraw is on again.
 void TellDisplay(WindowRecord& record, Aspects aspects);
 /// Has a part of the client area (null: all of it) painted again; nothing while redraw is off.
 void Repaint(WindowRecord& record, const CRect* area = nullptr);

@@ -20,7 +20,7 @@ namespace korvel {
 class CWnd;
 }
 
-/// The records behind the handles.
+/// What a handle names: the record of its window.
 namespace korvel::internal {
 
 class ThreadQueue;
@@ -52,7 +52,7 @@ struct WindowRecord : boost::intrusive_ref_counter<WindowRecord, boost::thread_u
     bool redraw = true;             // WM_SETREDRAW
     Aspects untold;                 // what changed while redraw was off
     bool destroying = false;        // its end has begun, though it still counts as visible at first
-    bool announced = false;         // it has heard WM_DESTROY
+    bool announced = false;         // WM_DESTROY was sent
     std::unique_ptr<ControlState> control;
 
     HWND ParentOrOwner() const { return parent ? parent : owner; }

@@ -16,15 +16,17 @@ namespace korvel {
 ///
 ///     HeadlessDisplay display;
 ///     SetDisplay(&display);
-///     display.AnswerNext(IDYES);           // the next message box
-///     display.Then([&] { dialog.EndDialog(IDOK); });   // played when a modal loop is idle
-///     display.Advance(500ms);              // fires the timers that are due
-///     auto calls = display.PaintWindow(list.m_hWnd);   // what an owner-drawn list draws
+///     display.AnswerNext(IDYES);
+///     MessageBoxA(nullptr, "Save?", "Plan", MB_YESNO);   // IDYES
+///     display.Then([&] { frame.DestroyWindow(); });      // played when a modal loop is idle
+///     display.RunUntil(frame.m_hWnd, [&] { return !frame.m_hWnd; });
+///     display.Advance(500ms);                            // fires the timers that are due
+///     display.PaintWindow(list.m_hWnd)[0].color;         // what an owner-drawn list filled first
 ///
 /// A modal loop that is idle with no step left throws Error, and so does a question without an answer: a
 /// hang becomes a failure with a text. What a handler throws comes out of whatever pumped it (a function of
-/// window/core/input.h, Advance, PumpUntil, RunUntil), unless an exception handler is set. Controls act themselves
-/// on the keys and the mouse, as there is no native widget.
+/// window/core/input.h, Advance, PumpUntil, RunUntil), unless an exception handler is set. Controls act
+/// themselves on the keys and the mouse, as there is no native widget.
 class KORVEL_API HeadlessDisplay : public IDisplay {
 public:
     HeadlessDisplay() = default;
@@ -38,29 +40,34 @@ public:
         UINT type = 0;
     };
 
-    void AnswerNext(int button);                      // message boxes and menus, in order
-    void AnswerNextFile(std::optional<CString> path); // file and folder choosers
+    /// The answers to come, in order: of message boxes and menus, of file and folder choosers, of color
+    /// choosers.
+    void AnswerNext(int button);
+    void AnswerNextFile(std::optional<CString> path);
     void AnswerNextColor(std::optional<COLORREF> color);
+    /// One more step that a modal loop plays when it is idle.
     void Then(std::function<void()> step);
-    /// Moves the clock on and fires each timer at its time; posted messages run in between. The clock stands
-    /// at the timer whose handler threw.
+    /// Moves the clock on and fires each timer at its time; posted messages run in between. After an
+    /// exception the clock is at the timer whose handler threw.
     void Advance(std::chrono::milliseconds time);
-    /// Runs what other threads send and post until `done` answers true; throws Error when that takes longer
+    /// Runs what other threads send and post until `done` returns true; throws Error when that takes longer
     /// than `limit` of real time.
     void PumpUntil(const std::function<bool()>& done,
                    std::chrono::milliseconds limit = std::chrono::seconds(30));
     void MovePointer(CPoint screen) { m_pointer = screen; }
+    /// What GetKeyState returns from now on; no message.
     void PressKey(UINT key, bool down) { m_keys[key] = down; }
     void SetColor(int index, COLORREF color) { m_colors[index] = color; }
-    /// What LoadPicture answers for that path, as it is; without it there is no such picture.
+    /// What LoadPicture returns for that path, as it is; without it there is no such picture.
     void SetPicture(const CString& path, Image image) { m_pictures[path] = std::move(image); }
 
     const std::vector<Shown>& ShownBoxes() const { return m_boxes; }
     const std::vector<std::vector<MenuEntry>>& ShownMenus() const { return m_menus; }
+    /// Has a part of a window (null: its client area) painted and returns what it drew.
     std::vector<PaintCall> PaintWindow(HWND window, const CRect* clip = nullptr);
     /// True when something of the window was invalidated since the last PaintWindow.
     bool IsInvalid(HWND window) const;
-    /// What Changed told of a window since the last call.
+    /// What Changed reported of a window since the last call.
     Aspects TakeChanges(HWND window);
     int CursorShown() const { return m_cursor; }
     HWND FocusShown() const { return m_focus; }

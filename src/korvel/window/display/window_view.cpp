@@ -11,7 +11,7 @@ using namespace internal;
 
 namespace {
 
-// What a control tells of itself, or the value of a window that is no such control.
+// What a control says of itself, or the value of a window that is no such control.
 template <class Ask>
 auto AskControl(HWND window, Ask ask) {
     const RecordRef record = Find(window);

@@ -5,7 +5,11 @@
 
 #include <vector>
 
-/// What a display reads of a window.
+/// What a display reads of a window. On the display's thread; for a handle that is gone everything is 0,
+/// empty or false.
+///
+///     if (view::KindOf(window) == view::Kind::Edit)
+///         ShowText(GetWindowTextA(window), view::Edit(window).readOnly);
 namespace korvel::view {
 
 KORVEL_API Kind KindOf(HWND window);
@@ -15,14 +19,16 @@ KORVEL_API UINT ExStyle(HWND window);
 KORVEL_API CRect Rectangle(HWND window);
 /// The client area in the window's own coordinates: without border and scroll bars.
 KORVEL_API CRect ClientRectangle(HWND window);
-/// The window's own flags, whatever its parents are.
+/// The window's own flags, whatever those of its parents are.
 KORVEL_API bool IsShown(HWND window);
 KORVEL_API bool IsSwitchedOn(HWND window);
+/// In order of creation.
 KORVEL_API std::vector<HWND> Children(HWND window);
 /// True for windows of the thread that installed the display.
 KORVEL_API bool BelongsToDisplay(HWND window);
 
 KORVEL_API EditView Edit(HWND window);
+/// 1: checked.
 KORVEL_API int ButtonCheck(HWND window);
 
 KORVEL_API ScrollView Scroll(HWND window);
