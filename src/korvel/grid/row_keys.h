@@ -17,7 +17,7 @@ public:
 
     /// Before the list has the key: moves the column, starts the edit of a cell. True: the key is used up.
     bool Translate(UINT key);
-    /// What the list tells of a key: acts on the selected row. False when there is nothing to do.
+    /// A key that the list had: acts on the selected row. False when there is nothing to do.
     bool Press(UINT key);
 
 private:

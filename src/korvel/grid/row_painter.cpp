@@ -20,7 +20,7 @@ COLORREF Readable(COLORREF ground) {
     return brightness < 128 ? RGB(255, 255, 255) : RGB(0, 0, 0);
 }
 
-// The colour of a swatch with its opacity in the top byte.
+// The color of a swatch with its opacity in the top byte.
 COLORREF SwatchColor(const CItemInfo& info, int cell) {
     constexpr COLORREF Opaque = 0xFF000000;
     const COLORREF word = info.GetCellColor(cell);
@@ -230,7 +230,7 @@ CRect RowPainter::DrawControl(int column, const CRect& cell) {
     }
 }
 
-// Where the colour lets the ground through, a chequered one shows it.
+// Where the color lets the ground through, a checkered one shows it.
 void RowPainter::DrawSwatch(const CRect& square, COLORREF word) {
     if (square.IsRectEmpty())
         return;

@@ -21,7 +21,7 @@ private:
     void DrawTreeLines(const CRect& bounds, int width);
     void DrawSign(const CRect& square);
     void DrawRowCheck(const CRect& bounds);
-    /// Draws what stands in the cell beside its text and returns the room left for the text.
+    /// Draws what the cell has beside its text and returns the room left for the text.
     CRect DrawControl(int column, const CRect& cell);
     void DrawSwatch(const CRect& square, COLORREF word);
     void DrawButton(const CRect& square, const CString& face);
