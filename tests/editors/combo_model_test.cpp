@@ -107,11 +107,15 @@ TEST_F(PlainModelTest, FormatsThatChangeRewriteLabels) {
 TEST_F(PlainModelTest, RowsThatAreAddedHiddenAndRemoved) {
     TestEnumeration shown({"g/a", "g/h/b", "c"}, ENF_Tree);
     ComboTree& tree = Open(shown, eDropDown).Tree();
+    const ComboTreeItem& a = *tree.FindValue(1);
+    EXPECT_EQ(a.GetRow(), 0); // its parent's: it was added to a closed group
     model->ExpandParent(tree.FindValue(2)->GetParent());
     EXPECT_EQ(Rows(), "-g|  a|  -h|    b|c");
+    EXPECT_EQ(tree.ItemAt(0)->GetLastVisibleRow(), 3);
     model->Collapse(*tree.ItemAt(0));
     EXPECT_EQ(Rows(), "+g|c");
-    model->Expand(*tree.ItemAt(0));
+    EXPECT_EQ(a.GetRow(), -1);
+    model->Expand(*tree.ItemAt(0)); // what was open in it is shown again
     ComboChoice(*model).SetCheck(*tree.ItemAt(0), true);
     EXPECT_EQ(Rows(), "-g|  xa|  -h|    xb|c");
     model->DestroySubTree(*tree.ItemAt(2));

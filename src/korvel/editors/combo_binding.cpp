@@ -22,13 +22,22 @@ bool ComboBinding::IsTable() const {
 }
 
 char ComboBinding::Separator() const {
-    const bool hasTree = HasFlag(ENF_Tree); // who ends the binding here is asked nothing more
+    const bool hasTree = HasFlag(ENF_Tree); // a host that ends the binding here is asked nothing more
     const char* separator = m_enumeration ? m_enumeration->GetSeparator(hasTree) : nullptr;
     return separator ? *separator : '\0';
 }
 
 std::optional<char> ComboBinding::PathSeparator() const {
     return HasPaths() ? std::optional(Separator()) : std::nullopt;
+}
+
+std::string ComboBinding::ImagePath(long id) const {
+    auto* images = dynamic_cast<EnumImages*>(m_enumeration);
+    if (!images)
+        return {};
+    const BindingWatch bound(*this);
+    const std::string own = images->GetImagePath(id);
+    return own.empty() && bound ? images->GetCommonImagePath() : own;
 }
 
 } // namespace korvel::internal

@@ -5,6 +5,7 @@
 #include "korvel/values/variant_value.h"
 
 #include <optional>
+#include <string>
 
 namespace korvel::internal {
 
@@ -34,6 +35,9 @@ public:
     char Separator() const;
     /// What splits names; none where they stay whole.
     std::optional<char> PathSeparator() const;
+
+    /// Of the entry's picture; empty when there is none.
+    std::string ImagePath(long id) const;
 
     /// Calls `visit(id)` for each entry while this binding lasts.
     template <class Visit>

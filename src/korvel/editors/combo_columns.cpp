@@ -44,7 +44,7 @@ std::string ComboColumns::TextOf(const ComboTreeItem& item, int column) const {
     if (column < 1 || column > static_cast<int>(m_members.size()) || value.Type != DT_Group ||
         !value.Value.Dispatch)
         return {};
-    // A copy: who is asked may end the binding, and the column with it.
+    // A copy: the object may end the binding, and the column with it.
     const std::string member = m_members[static_cast<std::size_t>(column) - 1];
     CVariantValue cell;
     return value.Value.Dispatch->GetMember(member, cell) ? cell.ToText() : std::string();

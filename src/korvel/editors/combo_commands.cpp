@@ -44,6 +44,7 @@ bool ComboCommands::IsEnabled(std::uint32_t command, EnumFlags flag) const {
 }
 
 void ComboCommands::TrackMenu(CPoint point) {
+    m_list.SetFocus();
     const int row = m_list.HitTest(point);
     if (row != -1)
         m_list.SetCurrentRow(row);

@@ -29,9 +29,9 @@ public:
     bool Run(UINT command);
     /// F2 renames and Delete removes the current row where the menu would offer it. False for other keys.
     bool RunByKey(UINT key);
-    /// The answer to LVN_BEGINLABELEDIT: 1 forbids the edit.
+    /// The result of LVN_BEGINLABELEDIT: 1 forbids the edit.
     LRESULT OnBeginLabelEdit(int row);
-    /// The answer to LVN_ENDLABELEDIT: 1 when the row has its new label. `text` is null after Escape.
+    /// The result of LVN_ENDLABELEDIT: 1 when the row has its new label. `text` is null after Escape.
     LRESULT OnEndLabelEdit(int row, const char* text);
 
 private:

@@ -11,8 +11,6 @@
 
 namespace korvel {
 
-using internal::BindingWatch;
-using internal::ComboColumns;
 using internal::ComboListParts;
 using internal::ComboNames;
 using internal::ComboRowGeometry;
@@ -29,6 +27,11 @@ int RowOf(const ComboTreeItem& item) {
     return item.HasRow() ? item.GetRow() : -1;
 }
 
+CRect PartOf(const CComboList& list, int row, CRect (ComboRowGeometry::*part)() const) {
+    const auto geometry = ComboRowGeometry::Of(list, row);
+    return geometry ? (*geometry.*part)() : CRect();
+}
+
 } // namespace
 
 CComboList::CComboList(EComboListMode mode) : m_parts(std::make_unique<ComboListParts>(*this, mode)) {}
@@ -41,8 +44,8 @@ CComboList::~CComboList() {
     UnIntialize();
 }
 
-// A child of the desktop to those who look at it. It is owned all the same, so that it stays before its
-// owner and dies with it.
+// GetParent names none, as for a child of the desktop. It is owned all the same, so that it stays before its
+// owner and is destroyed with it.
 bool CComboList::CreateDropDown(CWnd* owner, int id) {
     constexpr UINT Style = WS_POPUP | WS_BORDER | WS_VSCROLL | LVS_OWNERDRAWFIXED | LVS_REPORT;
     SetOwner(owner);
@@ -103,75 +106,13 @@ void CComboList::Initialize() {
     if (IsInitialized())
         return;
     Require(GetEnumValue());
-    m_parts->model.Open();
-    const BindingWatch bound(m_parts->model.Binding());
-    try {
-        Build();
-    } catch (...) {
-        // The host may have begun another binding before it threw.
-        if (bound)
-            Reset();
-        throw;
-    }
+    m_parts->Open();
 }
 
-void CComboList::Build() {
-    internal::ComboModel& model = m_parts->model;
-    const ComboTree::KeepItems keep(model.Tree());
-    const BindingWatch bound(model.Binding());
-    auto columns = ComboColumns::Ask(model.Binding());
-    if (!columns)
-        return;
-    m_parts->columns = std::move(*columns);
-    CreateColumns();
-    const CTreeItem* selected = model.InsertEntries();
-    if (!bound)
-        return;
-    m_parts->OnRowsAdded({0, model.Tree().RowCount()});
-    if (selected && selected->HasRow()) {
-        SetItemState(selected->GetRow(), LVIS_SELECTED, LVIS_SELECTED);
-        EnsureVisible(selected->GetRow(), true);
-    }
-    if (bound)
-        m_parts->input.Begin();
-}
-
-// Titles are German in every language: kept, saved layouts name columns by them.
-void CComboList::CreateColumns() {
-    const ComboColumns& columns = m_parts->columns;
-    InsertColumn(0, "Bezeichnung", 0);
-    for (const std::string& name : columns.Members())
-        InsertColumn(GetColumnCount(), name, 0);
-    ModifyStyle(columns.IsTable() ? LVS_NOCOLUMNHEADER : 0, columns.IsTable() ? 0 : LVS_NOCOLUMNHEADER);
-    m_parts->sinkTypes.insert(columns.Types().begin(), columns.Types().end());
-    LayColumns();
-}
-
-void CComboList::LayColumns() {
-    const int count = GetColumnCount();
-    for (int column = 0; column < count; ++column)
-        SetColumnWidth(column, GetClientRect().Width() / count);
-}
-
-// Who hears the end of a label edit may begin another binding.
+// The host hears the end of a label edit, and may begin another binding then.
 void CComboList::UnIntialize() {
     while (IsInitialized())
-        Reset();
-}
-
-void CComboList::Reset() {
-    const ComboTree::KeepItems keep(m_parts->model.Tree());
-    m_parts->input.End();
-    m_parts->field.reset();
-    m_parts->model.Close();
-    while (GetColumnCount() > 0)
-        DeleteColumn(0);
-    m_parts->columns = {};
-    m_parts->writeBack.Forget();
-    m_parts->commands.SetBaseName({});
-    SetImageList(nullptr);
-    RemoveSinks();
-    DeleteRowsQuietly(0, GetItemCount()); // last: the end of a label edit is told
+        m_parts->Close();
 }
 
 bool CComboList::IsInitialized() const {
@@ -339,23 +280,19 @@ const std::set<EDataTyps>& CComboList::GetSinkTypes() const {
 }
 
 CRect CComboList::GetRectTreeBox(int row) const {
-    const auto geometry = ComboRowGeometry::Of(*this, row);
-    return geometry ? geometry->TreeBox() : CRect();
+    return PartOf(*this, row, &ComboRowGeometry::TreeBox);
 }
 
 CRect CComboList::GetRectCheckBox(int row) const {
-    const auto geometry = ComboRowGeometry::Of(*this, row);
-    return geometry ? geometry->CheckBox() : CRect();
+    return PartOf(*this, row, &ComboRowGeometry::CheckBox);
 }
 
 CRect CComboList::GetIconRect(int row) const {
-    const auto geometry = ComboRowGeometry::Of(*this, row);
-    return geometry ? geometry->Icon() : CRect();
+    return PartOf(*this, row, &ComboRowGeometry::Icon);
 }
 
 CRect CComboList::GetRectLabel(int row) const {
-    const auto geometry = ComboRowGeometry::Of(*this, row);
-    return geometry ? geometry->Label() : CRect();
+    return PartOf(*this, row, &ComboRowGeometry::Label);
 }
 
 CRect CComboList::GetRectTreeBox(const CTreeItem& item) const {
@@ -388,12 +325,7 @@ bool CComboList::IsTreePreview() const {
 
 std::string CComboList::GetImagePath(int row) const {
     const CTreeItem* item = GetTreeItem(row);
-    auto* images = item && item->IsValue() ? dynamic_cast<EnumImages*>(GetEnumValue()) : nullptr;
-    if (!images)
-        return {};
-    const BindingWatch bound(m_parts->model.Binding());
-    const std::string own = images->GetImagePath(item->GetId());
-    return own.empty() && bound ? images->GetCommonImagePath() : own;
+    return item && item->IsValue() ? m_parts->model.Binding().ImagePath(item->GetId()) : std::string();
 }
 
 bool CComboList::IsPreviewShown() const {
@@ -425,7 +357,9 @@ LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         return *result;
     switch (message) {
     case WM_RBUTTONDOWN:
-        OnRButtonDown(PointOf(lParam));
+        m_parts->input.DismissPreview();
+        if (GetMode() != eDropDown)
+            m_parts->commands.TrackMenu(PointOf(lParam));
         return 0;
     case WM_RBUTTONUP:
         return 0; // the menu has been there already
@@ -437,7 +371,7 @@ LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     case WM_SIZE: {
         const LRESULT sized = CListCtrl::WindowProc(message, wParam, lParam);
-        LayColumns();
+        m_parts->LayColumns();
         return sized;
     }
     case WM_COMMAND:
@@ -451,14 +385,6 @@ LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     }
     return CListCtrl::WindowProc(message, wParam, lParam);
-}
-
-void CComboList::OnRButtonDown(CPoint point) {
-    m_parts->input.DismissPreview();
-    if (GetMode() == eDropDown)
-        return;
-    SetFocus();
-    m_parts->commands.TrackMenu(point);
 }
 
 bool CComboList::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {

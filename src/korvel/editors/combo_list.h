@@ -34,7 +34,7 @@ struct ComboListParts;
 ///     list.UnIntialize();
 ///
 /// In a dialog, a list of mode eDesignFlat or eDesignTree is created like any CListCtrl, or attached to a
-/// control of the template. It then tells its parent, unless SetOwner names another window.
+/// control of the template. It then reports to its parent, unless SetOwner names another window.
 ///
 /// The enumeration and the object belong to the host and must live until UnIntialize. What they throw passes
 /// through; a list that was being built is empty then, any other as consistent as before. Null items do
@@ -60,7 +60,7 @@ public:
     /// screen that neither keys nor wheel bring up: so this is decided here, for the lists of hosts and of the
     /// grid alike. Until UnIntialize the height follows the rows; the current row is visible at first.
     void DropBelow(const CRect& field);
-    /// Who hears SendParentComboMessage; null: the parent window.
+    /// The window that SendParentComboMessage sends to; null: the parent window.
     void SetOwner(CWnd* owner);
     HWND GetOwnerWindow() const;
     /// WM_COMMAND to the owner: `code` in the high word, the control id in the low one, the list in lParam.
@@ -78,7 +78,7 @@ public:
     void UnIntialize();
     bool IsInitialized() const;
 
-    /// Writes the value to the object, tells `observer` (may be null), reads it back, and tells again when
+    /// Writes the value to the object, notifies `observer` (may be null), reads it back, and notifies again when
     /// the object has corrected it. Does nothing without an object and while one is running.
     void UpdateDisp(IObserverGrid* observer);
     bool IsRunningUpdateDisp() const;
@@ -116,7 +116,7 @@ public:
     /// -1: none.
     int GetCurrentRow() const;
 
-    // What a host tells of the enumeration; calls for another one than the list shows do nothing.
+    // What a host reports about the enumeration; calls for another one than the list shows do nothing.
 
     /// Shows the entry and makes it the current row.
     void OnAddEnumValue(IEnumValue* enumeration, long id);
@@ -189,11 +189,6 @@ protected:
 
 private:
     void Bind(IMemberDispatch* disp, std::string memberName, std::string valueName, CVariantValue value);
-    void Build();
-    void CreateColumns();
-    void LayColumns();
-    void Reset();
-    void OnRButtonDown(CPoint point);
 
     std::unique_ptr<internal::ComboListParts> m_parts;
 };

@@ -4,7 +4,7 @@
 
 namespace korvel {
 
-// What a list tells its owner (high word of WM_COMMAND's first parameter).
+// What a list reports to its owner (high word of WM_COMMAND's first parameter).
 
 inline constexpr UINT ComboListSetFocus = 3;
 inline constexpr UINT ComboListKillFocus = 4;

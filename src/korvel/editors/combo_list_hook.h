@@ -35,7 +35,7 @@ public:
         const LRESULT result = CSubclassWnd::WindowProc(message, wParam, lParam);
         if (!ends || !IsHooking(this, window))
             return result;
-        // Who hears the owner may destroy it, and this hook with it.
+        // Whatever it notifies may destroy the owner, and this hook with it.
         owner->SendParentComboMessage(ComboListKillFocus);
         if (IsWindow(ownerWindow))
             owner->SendParentComboMessage(ComboListChanged);

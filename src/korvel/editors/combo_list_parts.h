@@ -16,11 +16,21 @@ namespace korvel::internal {
 struct ComboListParts final : ComboRowSink {
     ComboListParts(CComboList& comboList, EComboListMode mode);
 
+    /// Shows the enumeration of the binding. What the host throws passes through, and nothing is shown then.
+    void Open();
+    /// Empties the list and forgets what it was about.
+    void Close();
+    /// All columns of one width, over the whole list.
+    void LayColumns();
+
     void OnRowsAdded(ComboTree::RowRange rows) override;
     void OnRowsHidden(ComboTree::RowRange rows) override;
     void OnRowsRemoved(ComboTree::RowRange rows) override;
     /// As high as the rows need; does nothing without a field.
     void PlaceBelowField();
+
+    void Build();
+    void CreateColumns();
 
     CComboList& list;
     ComboModel model;

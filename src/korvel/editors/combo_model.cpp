@@ -135,7 +135,7 @@ ComboTreeItem* ComboModel::AddValue(const std::string& name, const std::string& 
     const long id = m_binding.Enumeration()->AddValue(name, group);
     if (id == -1 || !bound)
         return nullptr;
-    // An enumeration that tells its sinks itself has had the item made already.
+    // An enumeration that notifies its sinks itself has had the item made already.
     ComboTreeItem* known = m_tree.FindValue(id);
     return known ? known : EntryAdded(id);
 }

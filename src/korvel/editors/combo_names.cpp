@@ -227,7 +227,8 @@ void ComboNames::RefreshLabels() {
     for (ComboTreeItem* item = &m_tree.Root(); item && bound; item = item->GetNextUnder(m_tree.Root())) {
         if (!item->IsValue() || item->GetValue().Type == DT_Group)
             continue;
-        const CVariantValue value = item->GetValue(); // a list asks its host, who may take the entry away
+        const CVariantValue value =
+            item->GetValue(); // the text of a list asks its host, which may take the entry away
         const std::string text = value.ToText();
         if (bound)
             m_tree.SetLabel(*item, 0, Segments(text, separator).back());

@@ -45,7 +45,7 @@ bool ComboPreview::Show() {
     const int row = m_source.rowAt(m_point);
     const std::string path = m_source.imagePath(row);
     CRect label = m_source.labelRect(row);
-    const bool isClosed = m_state == State::Idle; // by who was asked
+    const bool isClosed = m_state == State::Idle; // the host may have closed the list
     if (isClosed || path.empty() || !m_window.Load(path))
         return false;
     const CPoint origin = ClientToScreen(m_list.m_hWnd, {0, 0});

@@ -27,6 +27,7 @@ public:
     void OnTimer();
     /// A key or a button of the mouse: the picture goes, and the pause is timed anew from the next move on.
     void Dismiss();
+    /// Hides the picture; the next pause of the pointer shows one again.
     void Hide();
     /// The list forgets its rows.
     void Close();

@@ -29,8 +29,8 @@ public:
         int count = 0;
     };
 
-    /// While one lives, removed items can still be looked at; GetParent is null. For whoever calls the host
-    /// with items at hand.
+    /// While one lives, removed items can still be looked at; GetParent is null. For
+    /// code that calls the host with items at hand.
     class KeepItems {
     public:
         explicit KeepItems(const ComboTree& tree) : m_tree(tree) { ++m_tree.m_keepers; }

@@ -4,7 +4,7 @@
 
 namespace korvel::internal {
 
-/// The cells of bitmap 15002: what stands before the label of an item in a tree.
+/// The cells of bitmap 15002: what is drawn before the label of an item in a tree.
 enum class ComboTreeCell { ClosedGroup, OpenGroup, Entry };
 
 const Image& ComboTreeBitmap(ComboTreeCell cell);

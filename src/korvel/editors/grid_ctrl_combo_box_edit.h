@@ -8,7 +8,7 @@ namespace korvel {
 class CDC;
 
 /// The field of a closed combo: shows the text of what is chosen and takes no typed text. It paints itself,
-/// and tells its parent window EN_SETFOCUS and EN_KILLFOCUS as a text field does.
+/// and sends its parent window EN_SETFOCUS and EN_KILLFOCUS as a text field does.
 ///
 ///     CGridCtrlComboBoxEdit field(&comboParent);
 ///     field.Create(0x40010800, rect, &grid, 108);

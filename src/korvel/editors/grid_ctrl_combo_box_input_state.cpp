@@ -50,7 +50,7 @@ void IGridCtrlComboBoxInputState::SetCurrent(int row) {
 }
 
 void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
-    CComboList* list = m_pList; // who is told of the change may detach this state
+    CComboList* list = m_pList; // a handler of the change may detach this state
     if (!list)
         return;
     if (row != -1)

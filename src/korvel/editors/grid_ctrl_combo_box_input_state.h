@@ -34,12 +34,12 @@ public:
     /// on the screen.
     virtual void OnMouseWheel(UINT flags, short delta, CPoint point);
     virtual void OnLButtonDblClk(UINT, CPoint) {}
-    /// The base steps with the arrows up and down.
+    /// The base steps: by a row with the arrows up and down, by a page, to the first or last row.
     virtual void OnKeyDown(UINT key, UINT repeat, UINT flags);
     virtual void OnKeyUp(UINT, UINT, UINT) {}
     /// The space bar means something here, and does not belong to what is typed to find a row.
     virtual bool TakesSpace() const { return false; }
-    /// What the arrows up and down do: by `delta` rows, held within the list.
+    /// What the keys that move do: goes `delta` rows on, at most to the first or last.
     virtual void Step(int delta) = 0;
 
     int GetCurrent() const { return m_nCurrent; } ///< -1: none
@@ -62,7 +62,7 @@ protected:
 
     enum class ApplyMode { No, Yes };
     void Move(int delta, ApplyMode apply);
-    /// Selects what the current row stands for, and tells the owner.
+    /// Selects the entry of the current row, and notifies the owner.
     void Apply();
     void SendChanged();
     void SendFinished();

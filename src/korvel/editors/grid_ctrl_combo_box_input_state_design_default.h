@@ -4,7 +4,7 @@
 
 namespace korvel {
 
-/// A plain list that stands in a dialog: a click takes its row.
+/// A plain list in a dialog: a click takes its row.
 class KORVEL_API CGridCtrlComboBoxInputStateDesignDefault : public IGridCtrlComboBoxInputState {
 public:
     using IGridCtrlComboBoxInputState::IGridCtrlComboBoxInputState;

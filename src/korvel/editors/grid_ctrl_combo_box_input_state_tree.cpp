@@ -10,7 +10,7 @@ void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
         return;
     SetCurrent(row);
     ComboTreeItem* item = CurrentItem();
-    // An entry is taken wherever it is pressed, also on the button for those that stand under it: kept. The
+    // An entry is taken wherever it is pressed, also on the button for those under it: kept. The
     // key to the right opens it.
     if (item && item->IsValue()) {
         Apply();

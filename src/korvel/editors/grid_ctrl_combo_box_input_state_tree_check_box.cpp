@@ -25,7 +25,7 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDblClk(UINT, CPoint point
         SendFinished();
 }
 
-// The space bar tells the owner nothing, unlike the mouse: kept. An owner that follows each change asks for
+// The space bar does not notify the owner, unlike the mouse: kept. An owner that follows each change asks for
 // the value when the list closes.
 void CGridCtrlComboBoxInputStateTreeCheckBox::OnKeyDown(UINT key, UINT repeat, UINT flags) {
     ComboTreeItem* item = CurrentItem();

@@ -10,13 +10,12 @@ namespace korvel::internal {
 /// The segments of a path-shaped name.
 ///
 ///     SplitPathName("a/b//c", '/');   // "a", "b", "c"
-///     SplitPathName("a\\/b", '/');    // "a\\/b": a separator behind a backslash is text, and the backslash
-///     stays
+///     SplitPathName("a\\/b", '/');    // "a\\/b": a separator after a backslash is text
 ///
 /// Leading and repeated separators make no empty segments; an empty path has none.
 std::list<std::string> SplitPathName(std::string_view path, char separator);
 
-/// The first segment of a path, which `path` then begins behind; empty when there is none.
+/// Takes the first segment off a path; empty when there is none.
 std::string_view TakeSegment(std::string_view& path, char separator);
 
 /// `base`, or `base` with the first number from 1 up with which it is not taken.

@@ -9,7 +9,7 @@
 
 namespace korvel {
 
-/// Turns flat, path-shaped names into a tree, so that an enumeration can be held by group.
+/// Turns flat, path-shaped names into a tree, so that an enumeration can be shown by group.
 ///
 ///     CTreeHelper tree(true, '/');
 ///     tree.Insert(value);                      // value reads "fills/sand"

@@ -5,6 +5,8 @@
 
 namespace korvel {
 
+using internal::CSubclassWndMap;
+
 // The map must outlive every hook, also one that lives until the process ends.
 CSubclassWnd::CSubclassWnd() {
     CSubclassWndMap::Instance();
@@ -36,11 +38,11 @@ LRESULT CSubclassWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
                    : CallWindowProcA(m_pOldWndProc, m_hWnd, message, wParam, lParam);
 }
 
-// The neighbour of old may be gone as well; whoever is older and still there has not heard the message yet.
+// The former neighbor may be gone as well; an older hook that is still there has not seen the message yet.
 LRESULT CSubclassWnd::PassOnDetached(UINT message, WPARAM wParam, LPARAM lParam) const {
     const HWND window = CWnd::GetCurrentMessage().hwnd;
     CSubclassWndMap& map = CSubclassWndMap::Instance();
-    if (CSubclassWnd* const older = map.OlderThan(window, m_age))
+    if (CSubclassWnd* older = map.OlderThan(window, m_age))
         return older->WindowProc(message, wParam, lParam);
     const CSubclassWnd* head = map.Head(window);
     const WNDPROC own =

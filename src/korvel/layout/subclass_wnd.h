@@ -6,7 +6,9 @@
 
 namespace korvel {
 
+namespace internal {
 class CSubclassWndMap;
+}
 
 /// One link in a chain of hooks on a window: sees its messages before the window does. Several objects that
 /// know nothing of each other may hook one window, and leave it in any order; the newest sees a message
@@ -21,7 +23,7 @@ class CSubclassWndMap;
 ///     watch.HookWindow(frame);
 ///     watch.HookWindow(nullptr);   // off again
 ///
-/// Inside a hook CWnd::GetCurrentMessage answers the message of the hooked window. No hook hears
+/// Inside a hook CWnd::GetCurrentMessage returns the message of the hooked window. No hook hears
 /// WM_NCDESTROY: it takes all of them off, newest first, before the window ends. A destroyed hook takes
 /// itself off. All of it happens on the window's thread.
 class KORVEL_API CSubclassWnd {
@@ -31,7 +33,7 @@ public:
     CSubclassWnd(const CSubclassWnd&) = delete;
     CSubclassWnd& operator=(const CSubclassWnd&) = delete;
 
-    /// Hooks a window; null, or a window that does not exist, leaves the hook off. Always answers 1. To leave
+    /// Hooks a window; null, or a window that does not exist, leaves the hook off. Always returns 1. To leave
     /// another window before is the caller's part; a hook that is still on one leaves it here all the same,
     /// because it is a link in one chain only: the first window would go on to call it after its end.
     BOOL HookWindow(HWND window);
@@ -45,7 +47,7 @@ public:
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
-    friend class CSubclassWndMap;
+    friend class internal::CSubclassWndMap;
 
     LRESULT PassOnDetached(UINT message, WPARAM wParam, LPARAM lParam) const;
 

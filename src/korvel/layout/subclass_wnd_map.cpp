@@ -3,7 +3,7 @@
 #include "korvel/window/app/app.h"
 #include "korvel/window/core/current_message.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 CSubclassWndMap& CSubclassWndMap::Instance() {
     static CSubclassWndMap map;
@@ -54,7 +54,7 @@ LRESULT CSubclassWndMap::HookProcedure(HWND window, UINT message, WPARAM wParam,
     CSubclassWndMap& map = Instance();
     CSubclassWnd* head = map.Head(window);
     if (!head) {
-        // Who put a procedure above this one and calls it after the last hook has gone.
+        // A procedure that was put above this one calls it after the last hook is off.
         return DefWindowProcA(window, message, wParam, lParam);
     }
     return message == WM_NCDESTROY ? map.End(window, wParam, lParam)
@@ -68,4 +68,4 @@ LRESULT CSubclassWndMap::End(HWND window, WPARAM wParam, LPARAM lParam) {
     return CallWindowProcA(former, window, WM_NCDESTROY, wParam, lParam);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

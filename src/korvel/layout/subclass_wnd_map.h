@@ -4,7 +4,7 @@
 
 #include <unordered_map>
 
-namespace korvel {
+namespace korvel::internal {
 
 /// The chains of hooks by window: the entry is the head of the chain, the hook that came last. Takes no lock:
 /// hooks of windows of different threads must not come and go at the same moment.
@@ -27,4 +27,4 @@ private:
     std::uint64_t m_hookings = 0;
 };
 
-} // namespace korvel
+} // namespace korvel::internal
