@@ -48,7 +48,7 @@ TEST_P(Keys, AreToldAsTheWindowSystemTellsThem) {
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
         const bool isPress = type == QEvent::KeyPress;
         const QKeyEvent event(type, row.key, row.modifiers, QString::fromUtf16(row.text));
-        const qt::KeyInput input = qt::TranslateKey(event);
+        const internal::KeyInput input = internal::TranslateKey(event);
         EXPECT_EQ(input.message, isPress ? row.message : row.message + (WM_KEYUP - WM_KEYDOWN));
         EXPECT_EQ(input.key, row.code);
         EXPECT_EQ(input.characters, isPress ? row.characters : "");

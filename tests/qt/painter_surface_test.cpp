@@ -40,7 +40,7 @@ private:
     QPainter m_painter;
 
 public:
-    qt::PainterSurface surface;
+    internal::PainterSurface surface;
 };
 
 TEST(PainterSurface, LinesLeaveTheirLastPixelOutInBothDirections) {

@@ -59,7 +59,8 @@ void QtUser::Key(UINT key, const CString& characters) {
     WaitForFocus();
     for (const auto action : {QTest::Press, QTest::Release})
         if (QWidget* widget = QApplication::focusWidget()) // another one when the press moved the focus
-            QTest::sendKeyEvent(action, widget, ToQtKey(key), qt::ToQString(characters), Qt::NoModifier);
+            QTest::sendKeyEvent(action, widget, ToQtKey(key), internal::ToQString(characters),
+                                Qt::NoModifier);
 }
 
 void QtUser::Click(HWND window, CPoint point) {

@@ -12,7 +12,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -23,7 +23,7 @@ QAbstractButton& MakeButton(HWND window, QWidget* parent) {
         return *new QCheckBox(parent);
     case BS_AUTORADIOBUTTON: {
         auto* radio = new QRadioButton(parent);
-        radio->setAutoExclusive(false); // memory knows where a group begins and ends
+        radio->setAutoExclusive(false); // the window model knows where a group begins and ends
         return *radio;
     }
     default: {
@@ -47,11 +47,11 @@ QWidget& MakeLabel(HWND window, QWidget* parent) {
 
 } // namespace
 
-ButtonPeer::ButtonPeer(Desktop& desktop, HWND window, QWidget* parent)
-    : ButtonPeer(desktop, window, MakeButton(window, parent)) {}
+ButtonPeer::ButtonPeer(PeerContext& context, HWND window, QWidget* parent)
+    : ButtonPeer(context, window, MakeButton(window, parent)) {}
 
-ButtonPeer::ButtonPeer(Desktop& desktop, HWND window, QAbstractButton& button)
-    : Peer(desktop, window, button, button), m_button(button) {
+ButtonPeer::ButtonPeer(PeerContext& context, HWND window, QAbstractButton& button)
+    : Peer(context, window, button, button), m_button(button) {
     connect(
         &m_button, &QAbstractButton::clicked, this, [this] { OnClicked(); });
 }
@@ -75,10 +75,11 @@ void ButtonPeer::OnClicked() {
         Apply(Aspect::State);
 }
 
-LabelPeer::LabelPeer(Desktop& desktop, HWND window, QWidget* parent)
-    : LabelPeer(desktop, window, MakeLabel(window, parent)) {}
+LabelPeer::LabelPeer(PeerContext& context, HWND window, QWidget* parent)
+    : LabelPeer(context, window, MakeLabel(window, parent)) {}
 
-LabelPeer::LabelPeer(Desktop& desktop, HWND window, QWidget& label) : Peer(desktop, window, label, label) {
+LabelPeer::LabelPeer(PeerContext& context, HWND window, QWidget& label)
+    : Peer(context, window, label, label) {
     label.setAttribute(Qt::WA_TransparentForMouseEvents);
 }
 
@@ -95,4 +96,4 @@ void LabelPeer::Apply(Aspects aspects) {
         static_cast<QGroupBox&>(Outer()).setTitle(text);
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -4,29 +4,29 @@
 
 class QAbstractButton;
 
-namespace korvel::qt {
+namespace korvel::internal {
 
-/// A push button, check box or radio button. What a click does to the check is decided in memory.
+/// A push button, check box or radio button. What a click does to the check is decided by the window model.
 class ButtonPeer final : public Peer {
 public:
-    ButtonPeer(Desktop& desktop, HWND window, QWidget* parent);
+    ButtonPeer(PeerContext& context, HWND window, QWidget* parent);
     void Apply(Aspects aspects) override;
 
 private:
-    ButtonPeer(Desktop& desktop, HWND window, QAbstractButton& button);
+    ButtonPeer(PeerContext& context, HWND window, QAbstractButton& button);
     void OnClicked();
 
     QAbstractButton& m_button;
 };
 
-/// A text or a titled frame: shown, and never in the way of the mouse.
+/// A text or a titled frame: shown, and transparent for the mouse.
 class LabelPeer final : public Peer {
 public:
-    LabelPeer(Desktop& desktop, HWND window, QWidget* parent);
+    LabelPeer(PeerContext& context, HWND window, QWidget* parent);
     void Apply(Aspects aspects) override;
 
 private:
-    LabelPeer(Desktop& desktop, HWND window, QWidget& label);
+    LabelPeer(PeerContext& context, HWND window, QWidget& label);
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -3,7 +3,7 @@
 #include "korvel/platform/code_page.h"
 #include "korvel/window/core/window.h"
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 QString ToQString(const CString& text) {
     QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
@@ -34,4 +34,4 @@ COLORREF FromQColor(const QColor& color) {
                static_cast<unsigned>(color.blue()));
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

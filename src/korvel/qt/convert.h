@@ -7,9 +7,9 @@
 #include <QRect>
 #include <QString>
 
-/// The edge between the library's bytes, rectangles and colours and those of Qt. A character has one byte
+/// The edge between the library's bytes, rectangles and colors and those of Qt. A character has one byte
 /// here and one QChar there, so positions in a text are the same on both sides.
-namespace korvel::qt {
+namespace korvel::internal {
 
 QString ToQString(const CString& text);
 /// A character outside the code page becomes "?".
@@ -29,4 +29,4 @@ inline CPoint FromQPoint(const QPoint& point) {
     return {point.x(), point.y()};
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -14,7 +14,7 @@ QWidget* Embed(HWND window) {
         throw Error("A window is embedded while no Qt display is in force.");
     if (!display->WidgetOf(window) || (view::Style(window) & WS_CHILD))
         throw Error("Only a top-level window can be embedded.");
-    return new EmbedFrame(*display, window);
+    return new internal::EmbedFrame(*display, window);
 }
 
 } // namespace korvel::qt

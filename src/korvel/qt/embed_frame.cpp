@@ -1,8 +1,8 @@
 #include "korvel/qt/embed_frame.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/qt/desktop.h"
 #include "korvel/qt/display_parts.h"
+#include "korvel/qt/peer_context.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
@@ -12,7 +12,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -20,7 +20,7 @@ constexpr UINT TopLevelStyles = WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_SYSME
 
 } // namespace
 
-EmbedFrame::EmbedFrame(QtDisplay& display, HWND window)
+EmbedFrame::EmbedFrame(qt::QtDisplay& display, HWND window)
     : m_window(window), m_hint(ToQRect(view::Rectangle(window)).size()) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     {
@@ -37,10 +37,10 @@ EmbedFrame::~EmbedFrame() {
     input::Destroy(m_site);
 }
 
-void EmbedFrame::MoveInto(QtDisplay& display, HWND window) {
+void EmbedFrame::MoveInto(qt::QtDisplay& display, HWND window) {
     SetParent(window, m_site);
     SetWindowLongPtrA(window, GWL_STYLE, static_cast<LPARAM>(view::Style(window) & ~TopLevelStyles));
-    if (Peer* peer = display.m_parts->desktop.peers.Find(window))
+    if (Peer* peer = display.m_parts->context.peers.Find(window))
         peer->Apply(EveryAspect);
     ShowWindow(window, SW_SHOW);
     Place();
@@ -60,13 +60,13 @@ void EmbedFrame::Place() {
     input::Placed(m_window, FromQRect(rect()));
 }
 
-// Sees what happens to the host's top-level window, whichever that is now: widgets move between windows.
+// Filters the whole application, because the widget may move to another top-level window of the host.
 bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
     const auto* widget = qobject_cast<const QWidget*>(object);
     switch (event->type()) {
     case QEvent::MouseButtonPress:
     case QEvent::NonClientAreaMouseButtonPress:
-        // What a widget leaves to its parents comes by again, and is no other press.
+        // Not spontaneous: a press that a child did not want, offered to its parents.
         if (m_sitePeer && event->spontaneous() && widget && widget->window() == window() && widget != this &&
             !isAncestorOf(widget))
             m_sitePeer->ReportPress(*event);
@@ -86,27 +86,27 @@ bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
     return false;
 }
 
-void EmbedFrame::PassFocusOn(Desktop& desktop, const QWidget* former) {
+void EmbedFrame::PassFocusOn(PeerContext& context, const QWidget* former) {
     if (former && isAncestorOf(former)) {
         if (!focusNextPrevChild(false))
-            desktop.focus.Show(korvel::GetFocus()); // the host has nothing else that takes it
+            context.focus.Show(korvel::GetFocus()); // the host has nothing else that takes it
         return;
     }
-    desktop.focus.Show(m_window);
+    context.focus.Show(m_window);
     input::FocusMoved(m_window);
 }
 
-SitePeer::SitePeer(Desktop& desktop, HWND window, EmbedFrame& frame)
-    : Peer(desktop, window, frame, frame), m_frame(frame) {
+SitePeer::SitePeer(PeerContext& context, HWND window, EmbedFrame& frame)
+    : Peer(context, window, frame, frame), m_frame(frame) {
     m_frame.m_sitePeer = this;
 }
 
 void SitePeer::ReportPress(const QEvent& event) {
-    Shared().mouse.ReportPressOutside(*this, event);
+    Context().mouse.ReportPressOutside(MouseTarget(), event);
 }
 
 void SitePeer::TakeFocus(QWidget* former) {
-    m_frame.PassFocusOn(Shared(), former);
+    m_frame.PassFocusOn(Context(), former);
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

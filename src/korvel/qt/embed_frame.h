@@ -5,27 +5,30 @@
 #include <QPointer>
 
 namespace korvel::qt {
-
 class QtDisplay;
+}
+
+namespace korvel::internal {
+
 class SitePeer;
 
 /// The widget that Embed gives a host; its site window lies exactly where it is.
 class EmbedFrame final : public QWidget {
 public:
-    EmbedFrame(QtDisplay& display, HWND window);
+    EmbedFrame(qt::QtDisplay& display, HWND window);
     ~EmbedFrame() override;
 
     QSize sizeHint() const override { return m_hint; }
     /// The focus has come here from `former`: it goes on to the window inside, or, when it comes from
     /// there, to what is before this widget.
-    void PassFocusOn(Desktop& desktop, const QWidget* former);
+    void PassFocusOn(PeerContext& context, const QWidget* former);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
-    void MoveInto(QtDisplay& display, HWND window);
+    void MoveInto(qt::QtDisplay& display, HWND window);
     void Place();
 
     friend class SitePeer;
@@ -35,10 +38,10 @@ private:
     QSize m_hint;
 };
 
-/// The peer of a site: the place belongs to the host's layout, and nothing here follows memory.
+/// The peer of a site: its place is decided by the host's layout, so it shows nothing of the window.
 class SitePeer final : public Peer {
 public:
-    SitePeer(Desktop& desktop, HWND window, EmbedFrame& frame);
+    SitePeer(PeerContext& context, HWND window, EmbedFrame& frame);
 
     void Apply(Aspects) override {}
     void TakeFocus(QWidget* former) override;
@@ -53,4 +56,4 @@ private:
     EmbedFrame& m_frame;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

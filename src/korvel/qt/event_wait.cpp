@@ -4,7 +4,7 @@
 #include <QEventLoop>
 #include <exception>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 void WaitUntil(const std::function<bool()>& done) {
     QEventLoop loop;
@@ -27,4 +27,4 @@ void WaitUntil(const std::function<bool()>& done) {
         std::rethrow_exception(failure);
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -2,10 +2,10 @@
 
 #include <functional>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
-/// Handles events until `done` answers true, or until the application ends. `done` is asked whenever
-/// nothing is left to do. What it throws reaches the caller, never Qt.
+/// Handles events until `done` returns true, or until the application ends. `done` is called whenever
+/// no event is left. What it throws reaches the caller, never Qt.
 void WaitUntil(const std::function<bool()>& done);
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -7,11 +7,11 @@
 
 #include <QApplication>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
-// A window manager may refuse an activation; after this time its answer is not awaited any more.
+// A window manager may refuse an activation; after this time it is not expected any more.
 constexpr std::chrono::seconds ActivationPatience{1};
 
 } // namespace
@@ -77,8 +77,8 @@ FocusTracker::Question::Question(FocusTracker& tracker, QWidget* owner) : m_trac
 
 FocusTracker::Question::~Question() {
     if (m_owner && m_owner->isVisible() && !QApplication::activeWindow())
-        m_tracker.Activate(*m_owner); // where no window manager sees to that
+        m_tracker.Activate(*m_owner); // where no window manager does that
     --m_tracker.m_questions;
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

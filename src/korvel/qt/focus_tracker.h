@@ -7,12 +7,12 @@
 #include <QWidget>
 #include <chrono>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 class PeerTable;
 
-/// Carries the focus from memory to Qt and back. Memory decides; Qt only reports where the user, or the
-/// window manager, took it. What Qt does on its own account is no report: its popups, the boxes that the
+/// Carries the focus from the window model to Qt and back. The window model decides; Qt only reports where the
+/// user, or the window manager, moved it. Ignored is what Qt does by itself: its popups, the boxes that the
 /// library asked for, and the moment without focus while another window of ours is being activated.
 class FocusTracker {
 public:
@@ -21,16 +21,17 @@ public:
     FocusTracker(const FocusTracker&) = delete;
     FocusTracker& operator=(const FocusTracker&) = delete;
 
-    /// Memory has given the focus to this window, or to none.
+    /// The window model has given the focus to this window, or to none.
     void Show(HWND window);
-    /// The top-level window is about to become active by our own doing.
+    /// We are about to make the top-level window active.
     void ExpectActivation(QWidget& top);
     /// Makes a top-level window active.
     void Activate(QWidget& top);
     /// A top-level window of ours became active.
     void Activated() { m_expected.clear(); }
 
-    /// While one lives, a box of ours has the focus. At its end the window that asked becomes active.
+    /// While an object of this class exists, a box of ours has the focus. At its end the window that asked
+    /// becomes active.
     class Question {
     public:
         Question(FocusTracker& tracker, QWidget* owner);
@@ -55,4 +56,4 @@ private:
     int m_questions = 0;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -96,4 +96,4 @@ bool ComesBeforeShortcuts(const QKeyEvent& event) {
     return !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -4,9 +4,9 @@
 
 class QKeyEvent;
 
-namespace korvel::qt {
+namespace korvel::internal {
 
-/// A key event of Qt as the window system tells it.
+/// A key event of Qt in the terms of the window model.
 struct KeyInput {
     UINT message = 0;   // WM_KEYDOWN, WM_KEYUP, WM_SYSKEYDOWN, WM_SYSKEYUP
     UINT key = 0;       // VK_*; 0 for a key that has no code
@@ -19,4 +19,4 @@ KeyInput TranslateKey(const QKeyEvent& event);
 /// Ctrl, Alt and Meta.
 bool ComesBeforeShortcuts(const QKeyEvent& event);
 
-} // namespace korvel::qt
+} // namespace korvel::internal

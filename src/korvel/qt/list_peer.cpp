@@ -1,7 +1,7 @@
 #include "korvel/qt/list_peer.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/qt/desktop.h"
+#include "korvel/qt/peer_context.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/display/window_view.h"
 
@@ -11,7 +11,7 @@
 #include <QWheelEvent>
 #include <algorithm>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -25,13 +25,13 @@ void ShowRange(QScrollBar& bar, int position, int extent, int page) {
 
 } // namespace
 
-// The bars come first: their making is an event of the outer widget, which is watched from then on.
-ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets)
-    : ListPeer(desktop, window, widgets, *new QScrollBar(Qt::Horizontal, &widgets.outer),
+// The bars come first: adding them is an event of the outer widget, which must not be watched yet.
+ListPeer::ListPeer(PeerContext& context, HWND window, Widgets widgets)
+    : ListPeer(context, window, widgets, *new QScrollBar(Qt::Horizontal, &widgets.outer),
                *new QScrollBar(Qt::Vertical, &widgets.outer)) {}
 
-ListPeer::ListPeer(Desktop& desktop, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down)
-    : PaintedPeer(desktop, window, widgets), m_across(across), m_down(down) {
+ListPeer::ListPeer(PeerContext& context, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down)
+    : PaintedPeer(context, window, widgets), m_across(across), m_down(down) {
     m_across.setSingleStep(SidewaysStep);
     for (QScrollBar* bar : {&m_across, &m_down}) {
         bar->setFocusPolicy(Qt::NoFocus);
@@ -47,7 +47,7 @@ void ListPeer::Apply(Aspects aspects) {
         Arrange();
 }
 
-// The bars take what memory leaves beside the client area.
+// The bars take what the client area leaves.
 void ListPeer::Arrange() {
     PaintedPeer::Arrange();
     const QRect client = ToQRect(view::ClientRectangle(Window()));
@@ -64,15 +64,15 @@ void ListPeer::Arrange() {
 }
 
 void ListPeer::ShowPosition() {
-    const QScopedValueRollback reading(m_reading, true);
+    const QScopedValueRollback showing(m_isShowing, true);
     const view::ScrollView scroll = view::Scroll(Window());
     ShowRange(m_across, scroll.x, scroll.contentWidth, scroll.pageWidth);
     ShowRange(m_down, scroll.topRow, scroll.rowCount, scroll.rowsPerPage);
 }
 
-// A bar also reports what ShowPosition sets.
+// A bar also signals what ShowPosition sets.
 void ListPeer::Report() {
-    if (m_reading || !Window())
+    if (m_isShowing || !Window())
         return;
     const Busy busy(*this);
     input::Scrolled(Window(), m_across.value(), m_down.value());
@@ -80,7 +80,7 @@ void ListPeer::Report() {
 
 bool ListPeer::OnEvent(QWidget& widget, QEvent& event) {
     if (&widget == &m_across || &widget == &m_down) {
-        Shared().mouse.ReportPressOutside(*this, event);
+        Context().mouse.ReportPressOutside(MouseTarget(), event);
         return false;
     }
     if (event.type() == QEvent::Wheel && &widget == &Content()) {
@@ -92,4 +92,4 @@ bool ListPeer::OnEvent(QWidget& widget, QEvent& event) {
     return PaintedPeer::OnEvent(widget, event);
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -4,12 +4,12 @@
 
 class QScrollBar;
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 /// A list: a painted surface with scroll bars where the rows or columns do not fit.
 class ListPeer final : public PaintedPeer {
 public:
-    ListPeer(Desktop& desktop, HWND window, Widgets widgets);
+    ListPeer(PeerContext& context, HWND window, Widgets widgets);
 
     void Apply(Aspects aspects) override;
 
@@ -18,13 +18,13 @@ protected:
     void Arrange() override;
 
 private:
-    ListPeer(Desktop& desktop, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down);
+    ListPeer(PeerContext& context, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down);
     void ShowPosition();
     void Report();
 
     QScrollBar& m_across;
     QScrollBar& m_down;
-    bool m_reading = false;
+    bool m_isShowing = false;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

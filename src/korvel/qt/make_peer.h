@@ -2,12 +2,12 @@
 
 #include "korvel/window/base/types.h"
 
-namespace korvel::qt {
+namespace korvel::internal {
 
-struct Desktop;
+struct PeerContext;
 
 /// Makes the peer that fits the kind of a window, inside the peer of its parent. A child window of a
 /// window that is not shown gets none.
-void MakePeer(Desktop& desktop, HWND window);
+void MakePeer(PeerContext& context, HWND window);
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -1,7 +1,6 @@
 #include "korvel/qt/mouse.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/qt/peer.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/core/input.h"
 
@@ -10,7 +9,7 @@
 #include <QWheelEvent>
 #include <utility>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -20,7 +19,7 @@ struct ButtonMessage {
     UINT message;
 };
 
-// Only the left button has double clicks in memory; a second press of another one is one more press.
+// Only the left button has double clicks in the window model; a second press of another is one more press.
 constexpr ButtonMessage ButtonMessages[] = {
     {QEvent::MouseButtonPress, Qt::LeftButton, WM_LBUTTONDOWN},
     {QEvent::MouseButtonRelease, Qt::LeftButton, WM_LBUTTONUP},
@@ -57,38 +56,38 @@ UINT FlagsOf(Qt::MouseButtons buttons, Qt::KeyboardModifiers modifiers) {
 
 } // namespace
 
-bool Mouse::Deliver(Peer& peer, const QEvent& event) {
+bool Mouse::Deliver(const Target& target, const QEvent& event) {
     if (event.type() == QEvent::Leave)
-        return Send(peer, WM_MOUSELEAVE, 0, QCursor::pos(), 0);
+        return Send(target, WM_MOUSELEAVE, 0, QCursor::pos(), 0);
     if (event.type() == QEvent::Wheel) {
         const auto& wheel = static_cast<const QWheelEvent&>(event);
         const UINT flags = FlagsOf(wheel.buttons(), wheel.modifiers());
-        return Send(peer, WM_MOUSEWHEEL, flags, wheel.globalPosition().toPoint(), wheel.angleDelta().y());
+        return Send(target, WM_MOUSEWHEEL, flags, wheel.globalPosition().toPoint(), wheel.angleDelta().y());
     }
     const auto& button = static_cast<const QMouseEvent&>(event);
     const UINT message = MessageOf(button);
     if (!message)
         return false;
-    return Send(peer, message, FlagsOf(button.buttons(), button.modifiers()),
+    return Send(target, message, FlagsOf(button.buttons(), button.modifiers()),
                 button.globalPosition().toPoint(), 0);
 }
 
-void Mouse::ReportPressOutside(Peer& peer, const QEvent& event) {
+void Mouse::ReportPressOutside(const Target& target, const QEvent& event) {
     if (event.type() != QEvent::MouseButtonPress && event.type() != QEvent::NonClientAreaMouseButtonPress)
         return;
     const auto& press = static_cast<const QMouseEvent&>(event);
     for (const ButtonMessage& row : OutsideMessages) {
         if (row.button == press.button())
-            Send(peer, row.message, FlagsOf(press.buttons(), press.modifiers()),
+            Send(target, row.message, FlagsOf(press.buttons(), press.modifiers()),
                  press.globalPosition().toPoint(), 0);
     }
 }
 
-bool Mouse::Send(Peer& peer, UINT message, UINT flags, QPoint screen, int wheel) {
+bool Mouse::Send(const Target& target, UINT message, UINT flags, QPoint screen, int wheel) {
     const auto formerPosition = std::exchange(m_position, screen);
-    const auto formerUnder = std::exchange(m_under, peer.IsPainted() ? &peer.Content() : nullptr);
-    const CPoint point = FromQPoint(peer.Content().mapFromGlobal(screen));
-    const bool consumed = input::Mouse(peer.Window(), message, flags, point, wheel);
+    const auto formerUnder = std::exchange(m_under, target.showsWindowCursor ? &target.content : nullptr);
+    const CPoint point = FromQPoint(target.content.mapFromGlobal(screen));
+    const bool consumed = input::Mouse(target.window, message, flags, point, wheel);
     m_position = formerPosition;
     m_under = formerUnder;
     return consumed;
@@ -109,4 +108,4 @@ void Mouse::SetCursor(int cursor) {
         m_under->unsetCursor();
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -9,29 +9,32 @@
 
 class QEvent;
 
-namespace korvel::qt {
-
-class Peer;
+namespace korvel::internal {
 
 /// Carries mouse events to the windows. Qt sends everything between a press and its release to the widget
-/// that was pressed; memory passes it on to the window that captured the mouse.
+/// that was pressed; the window model passes it on to the window that captured the mouse.
 class Mouse {
 public:
-    /// Answers true when the window consumed the event. Only for the mouse events of Qt.
-    bool Deliver(Peer& peer, const QEvent& event);
-    /// Tells a window of a press that met what belongs to it outside its client area; other events are
-    /// passed over.
-    void ReportPressOutside(Peer& peer, const QEvent& event);
+    struct Target {
+        HWND window;
+        QWidget& content;       // whose coordinates are those of the client area
+        bool showsWindowCursor; // false for a native control, which has a cursor of its own
+    };
+
+    /// True when the window consumed the event. Only for the mouse events of Qt.
+    bool Deliver(const Target& target, const QEvent& event);
+    /// Reports a press on what belongs to a window outside its client area; ignores other events.
+    void ReportPressOutside(const Target& target, const QEvent& event);
     /// Where the pointer is; during an event, where the event happened.
     QPoint Position() const;
-    /// The form of the pointer over the window that is being told of the mouse.
+    /// Sets the pointer over the window to which a mouse event is being delivered.
     void SetCursor(int cursor);
 
 private:
-    bool Send(Peer& peer, UINT message, UINT flags, QPoint screen, int wheel);
+    bool Send(const Target& target, UINT message, UINT flags, QPoint screen, int wheel);
 
     std::optional<QPoint> m_position;
     QPointer<QWidget> m_under;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

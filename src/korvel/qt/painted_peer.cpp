@@ -1,8 +1,8 @@
 #include "korvel/qt/painted_peer.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/qt/desktop.h"
 #include "korvel/qt/painter_surface.h"
+#include "korvel/qt/peer_context.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/display/window_view.h"
@@ -11,7 +11,7 @@
 #include <QPaintEvent>
 #include <QScopedValueRollback>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -32,10 +32,10 @@ PaintedPeer::Widgets PaintedPeer::MakeWidgets(HWND window, QWidget* parent) {
     return {*outer, two ? *new QWidget(outer) : *outer};
 }
 
-PaintedPeer::PaintedPeer(Desktop& desktop, HWND window, Widgets widgets)
-    : Peer(desktop, window, widgets.outer, widgets.content) {
+PaintedPeer::PaintedPeer(PeerContext& context, HWND window, Widgets widgets)
+    : Peer(context, window, widgets.outer, widgets.content) {
     if (!(view::Style(window) & WS_CHILD))
-        m_topLevel.emplace(desktop, *this);
+        m_topLevel.emplace(context, *this);
     if (&Outer() != &Content())
         Watch(Outer());
 }
@@ -76,11 +76,11 @@ bool PaintedPeer::OnEvent(QWidget& widget, QEvent& event) {
     if (event.type() != QEvent::Paint)
         return Peer::OnEvent(widget, event);
     const QRegion& exposed = static_cast<QPaintEvent&>(event).region();
-    const QScopedValueRollback painting(Shared().isPainting, true);
+    const QScopedValueRollback painting(Context().isPainting, true);
     QPainter painter(&widget);
     PainterSurface surface(painter, exposed);
     input::Paint(Window(), surface, FromQRect(exposed.boundingRect()));
     return true;
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -7,7 +7,7 @@
 
 class QFrame;
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 /// A window that paints itself: its client area is a plain surface inside the border.
 class PaintedPeer : public Peer {
@@ -17,7 +17,7 @@ public:
         QFrame& outer;
         QWidget& content;
     };
-    PaintedPeer(Desktop& desktop, HWND window, Widgets widgets);
+    PaintedPeer(PeerContext& context, HWND window, Widgets widgets);
     static Widgets MakeWidgets(HWND window, QWidget* parent);
 
     void Apply(Aspects aspects) override;
@@ -27,11 +27,11 @@ public:
 protected:
     bool OnEvent(QWidget& widget, QEvent& event) override;
     void Disappear() override;
-    /// Puts the content, and what lies beside it, where memory has the client area.
+    /// Puts the content, and what lies beside it, where the window has its client area.
     virtual void Arrange();
 
 private:
     std::optional<TopLevel> m_topLevel; // while it lies in no other window
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -9,7 +9,7 @@
 #include <array>
 #include <cstdlib>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -98,4 +98,4 @@ void PainterSurface::Clip(const CRect* rect) {
     m_painter.setClipRegion(rect ? m_exposed.intersected(ToQRect(*rect)) : m_exposed);
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QRegion>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 /// The seven calls of a surface on a QPainter, in device-independent pixels. Nothing outside `exposed` is
 /// touched, whatever clip the window sets.
@@ -26,4 +26,4 @@ private:
     const QRegion m_exposed;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

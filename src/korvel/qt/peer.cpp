@@ -1,8 +1,8 @@
 #include "korvel/qt/peer.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/qt/desktop.h"
 #include "korvel/qt/keys.h"
+#include "korvel/qt/peer_context.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
@@ -11,7 +11,7 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -34,21 +34,21 @@ bool IsInput(QEvent::Type type) {
 
 } // namespace
 
-Peer::Peer(Desktop& desktop, HWND window, QWidget& outer, QWidget& content)
-    : QObject(&outer), m_desktop(desktop), m_window(window), m_outer(outer), m_content(content) {
-    // Memory moves the focus, and hands on what a window does not want; Qt must not do so on its own.
+Peer::Peer(PeerContext& context, HWND window, QWidget& outer, QWidget& content)
+    : QObject(&outer), m_context(context), m_window(window), m_outer(outer), m_content(content) {
+    // The windows in memory move the focus, and pass on what a window does not want; Qt must not do so itself.
     for (QWidget* widget : {&m_outer, &m_content}) {
         widget->setFocusPolicy(Qt::NoFocus);
         widget->setAttribute(Qt::WA_NoMousePropagation);
     }
     m_content.setMouseTracking(true);
     Watch(m_content);
-    m_desktop.peers.Add(*this);
+    m_context.peers.Add(*this, m_window, m_outer, m_content);
 }
 
 Peer::~Peer() {
     if (m_window)
-        m_desktop.peers.Remove(*this);
+        m_context.peers.Remove(m_window, m_outer, m_content);
 }
 
 void Peer::Watch(QWidget& part) {
@@ -65,17 +65,17 @@ void Peer::Apply(Aspects aspects) {
             LeaveFocusToParent();
         m_outer.setVisible(view::IsShown(m_window));
         if (GetFocus() == m_window)
-            m_desktop.focus.Show(m_window);
+            m_context.focus.Show(m_window);
     }
 }
 
 void Peer::FollowParent() {
     const Peer* parent =
-        (view::Style(m_window) & WS_CHILD) ? m_desktop.peers.Find(GetParent(m_window)) : nullptr;
+        (view::Style(m_window) & WS_CHILD) ? m_context.peers.Find(GetParent(m_window)) : nullptr;
     if (!parent || m_outer.parentWidget() == &parent->m_content)
         return;
     m_outer.setParent(&parent->m_content, Qt::Widget);
-    m_outer.setMinimumSize(0, 0); // a top-level window may have had a size of its own
+    m_outer.setMinimumSize(0, 0); // a top-level window may have had a fixed size
     m_outer.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
     m_outer.setVisible(view::IsShown(m_window));
@@ -90,15 +90,15 @@ void Peer::TakeFocus(QWidget*) {
 }
 
 void Peer::Detach() {
-    m_desktop.peers.Remove(*this);
+    m_context.peers.Remove(m_window, m_outer, m_content);
     m_window = nullptr;
     Disappear();
     if (!IsBusy())
         End();
 }
 
-// An inactive window of Qt keeps a widget that is to get the focus when the window is active again. When
-// that widget goes meanwhile, any other widget of the host would get it.
+// An inactive window of Qt remembers the widget that gets the focus when the window is active again. When that
+// widget is gone by then, Qt would give the focus to any other widget of the host.
 void Peer::LeaveFocusToParent() {
     const QWidget* kept = m_outer.isWindow() ? nullptr : m_outer.window()->focusWidget();
     if (kept && kept != QApplication::focusWidget() && (kept == &m_outer || m_outer.isAncestorOf(kept)))
@@ -108,7 +108,7 @@ void Peer::LeaveFocusToParent() {
 void Peer::Disappear() {
     LeaveFocusToParent();
     m_outer.hide();
-    if (IsBusy()) // the end of the parent or owner must not take it away inside its event
+    if (IsBusy()) // the end of the parent or owner must not delete it inside its own event
         m_outer.setParent(nullptr, m_outer.windowFlags());
 }
 
@@ -133,7 +133,7 @@ bool Peer::OnEvent(QWidget& widget, QEvent& event) {
     switch (event.type()) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
-        // What the widget with the focus does not want goes on to its parents, which have no part in it.
+        // Qt offers what the focused widget does not want to its parents, which must not take it.
         return &widget == QApplication::focusWidget() && OnKey(static_cast<QKeyEvent&>(event));
     case QEvent::ShortcutOverride:
         if (&widget != QApplication::focusWidget() || !ComesBeforeShortcuts(static_cast<QKeyEvent&>(event)))
@@ -145,9 +145,9 @@ bool Peer::OnEvent(QWidget& widget, QEvent& event) {
     case QEvent::MouseButtonDblClick:
     case QEvent::MouseMove:
     case QEvent::Wheel:
-        return m_desktop.mouse.Deliver(*this, event) || IsPainted();
+        return m_context.mouse.Deliver(MouseTarget(), event) || IsPainted();
     case QEvent::Leave:
-        m_desktop.mouse.Deliver(*this, event);
+        m_context.mouse.Deliver(MouseTarget(), event);
         return false;
     case QEvent::ContextMenu:
         return OnContextMenu(event);
@@ -164,7 +164,7 @@ bool Peer::OnKey(QKeyEvent& event) {
     return input::Key(m_window, key.message, key.key, key.characters);
 }
 
-// The one of the mouse follows from the release of its button; here is the one of the keyboard.
+// Only for the keyboard: the menu of the mouse follows from the release of its button.
 bool Peer::OnContextMenu(QEvent& event) {
     if (view::KindOf(m_window) == view::Kind::Edit)
         return false; // it has a menu of its own
@@ -173,4 +173,4 @@ bool Peer::OnContextMenu(QEvent& event) {
     return true;
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/qt/mouse.h"
 #include "korvel/window/core/display.h"
 
 #include <QObject>
@@ -7,22 +8,22 @@
 
 class QKeyEvent;
 
-namespace korvel::qt {
+namespace korvel::internal {
 
-struct Desktop;
+struct PeerContext;
 
 constexpr Aspects EveryAspect = Aspect::Rectangle | Aspect::Visible | (Aspect::Enabled | Aspect::Text) |
                                 (Aspect::State | Aspect::Scroll) | Aspect::Style;
 
-/// The widget that shows one window, and the one event filter on it. It keeps nothing of the window: it
+/// Shows one window with a widget, and filters the events of that widget. It keeps nothing of the window: it
 /// reads what it shows, and reports what the user does.
 ///
-/// A peer outlives its window for as long as one of its own events, or a signal of its widget, is on the
-/// way: then, and never inside, the widget is deleted, and the peer, its child, with it.
+/// A peer outlives its window while one of its own events, or a signal of its widget, is being handled; the
+/// widget is deleted after that, and with it the peer, its child.
 class Peer : public QObject {
 public:
     /// `content` is what shows the client area and carries the children; it may be `outer` itself.
-    Peer(Desktop& desktop, HWND window, QWidget& outer, QWidget& content);
+    Peer(PeerContext& context, HWND window, QWidget& outer, QWidget& content);
     ~Peer() override;
 
     HWND Window() const { return m_window; }
@@ -38,13 +39,15 @@ public:
     virtual void ShowModal() {}
     /// False for a native control, which acts itself on the input that the window leaves to it.
     virtual bool IsPainted() const { return false; }
+    /// What a mouse event of this widget is delivered to.
+    Mouse::Target MouseTarget() const { return {m_window, m_content, IsPainted()}; }
     /// The window is gone.
     void Detach();
     /// Puts the widget inside the peer of the window's parent, where it is not yet.
     void FollowParent();
 
 protected:
-    /// A scope in which a handler of the host may run, and with it the end of this window.
+    /// A scope in which a handler of the host may run, and may destroy this window.
     class Busy {
     public:
         explicit Busy(Peer& peer) : m_peer(peer) { ++m_peer.m_busy; }
@@ -61,11 +64,11 @@ protected:
     bool eventFilter(QObject* object, QEvent* event) final;
     /// True: the widget does not see the event.
     virtual bool OnEvent(QWidget& widget, QEvent& event);
-    /// The window is gone: the widget is seen no more. Nothing of it may die yet.
+    /// The window is gone: hides the widget. Nothing of it may be deleted yet.
     virtual void Disappear();
-    /// Nothing of this peer is on the way any more.
+    /// The window is gone and no event of this peer is being handled: deletes the widget.
     virtual void End();
-    Desktop& Shared() const { return m_desktop; }
+    PeerContext& Context() const { return m_context; }
     bool IsBusy() const { return m_busy > 0; }
 
 private:
@@ -74,11 +77,11 @@ private:
     void LeaveFocusToParent();
     void Leave();
 
-    Desktop& m_desktop;
+    PeerContext& m_context;
     HWND m_window;
     QWidget& m_outer;
     QWidget& m_content;
     int m_busy = 0;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

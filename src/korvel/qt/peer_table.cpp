@@ -1,21 +1,19 @@
 #include "korvel/qt/peer_table.h"
 
-#include "korvel/qt/peer.h"
-
 #include <QWidget>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
-void PeerTable::Add(Peer& peer) {
-    m_byWindow[peer.Window()] = &peer;
-    m_byWidget[&peer.Outer()] = &peer;
-    m_byWidget[&peer.Content()] = &peer;
+void PeerTable::Add(Peer& peer, HWND window, const QWidget& outer, const QWidget& content) {
+    m_byWindow[window] = &peer;
+    m_byWidget[&outer] = &peer;
+    m_byWidget[&content] = &peer;
 }
 
-void PeerTable::Remove(Peer& peer) {
-    m_byWindow.erase(peer.Window());
-    m_byWidget.erase(&peer.Outer());
-    m_byWidget.erase(&peer.Content());
+void PeerTable::Remove(HWND window, const QWidget& outer, const QWidget& content) {
+    m_byWindow.erase(window);
+    m_byWidget.erase(&outer);
+    m_byWidget.erase(&content);
 }
 
 Peer* PeerTable::Find(HWND window) const {
@@ -41,4 +39,4 @@ std::vector<Peer*> PeerTable::All() const {
     return peers;
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -7,20 +7,21 @@
 
 class QWidget;
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 class Peer;
 
 /// Which peer shows which window.
 class PeerTable {
 public:
-    void Add(Peer& peer);
-    void Remove(Peer& peer);
+    /// The outer and the inner widget of a peer may be the same one.
+    void Add(Peer& peer, HWND window, const QWidget& outer, const QWidget& content);
+    void Remove(HWND window, const QWidget& outer, const QWidget& content);
 
     /// Null for a window that is not shown here.
     Peer* Find(HWND window) const;
     /// The peer that a widget belongs to; null for a widget of the host. The search ends at the border of
-    /// the top-level window: a box of the host is none of ours, even if its object parent is.
+    /// the top-level window: a box of the host is not ours, even if its object parent is.
     Peer* FindAt(const QWidget* widget) const;
 
     std::vector<Peer*> All() const;
@@ -30,4 +31,4 @@ private:
     std::unordered_map<const QWidget*, Peer*> m_byWidget;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -4,7 +4,7 @@
 
 #include <QImageReader>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -38,4 +38,4 @@ std::optional<Image> ReadPicture(const CString& path, CSize room) {
     return ToImage(picture.convertToFormat(QImage::Format_ARGB32));
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -4,10 +4,10 @@
 
 #include <optional>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 /// The picture in a file of a format that Qt reads (PNG, JPEG, BMP), made smaller where it does not fit into
 /// `room`. Nothing for a file that is missing or broken.
 std::optional<Image> ReadPicture(const CString& path, CSize room);
 
-} // namespace korvel::qt
+} // namespace korvel::internal

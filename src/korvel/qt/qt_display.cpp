@@ -1,10 +1,10 @@
 #include "korvel/qt/qt_display.h"
 
 #include "korvel/qt/convert.h"
+#include "korvel/qt/desktop_theme.h"
 #include "korvel/qt/display_parts.h"
 #include "korvel/qt/embed_frame.h"
 #include "korvel/qt/event_wait.h"
-#include "korvel/qt/look.h"
 #include "korvel/qt/make_peer.h"
 #include "korvel/qt/picture_file.h"
 #include "korvel/qt/questions.h"
@@ -18,6 +18,8 @@
 #include <algorithm>
 
 namespace korvel::qt {
+
+using namespace internal;
 
 namespace {
 
@@ -72,7 +74,7 @@ void QtDisplay::Parts::WakeUp() {
 }
 
 QWidget* QtDisplay::Parts::TopOf(HWND window) const {
-    const Peer* peer = desktop.peers.Find(window);
+    const Peer* peer = context.peers.Find(window);
     QWidget* top = peer ? peer->Content().window() : QApplication::activeWindow();
     while (top && top->windowType() == Qt::ToolTip && top->parentWidget())
         top = top->parentWidget()->window();
@@ -82,52 +84,52 @@ QWidget* QtDisplay::Parts::TopOf(HWND window) const {
 QtDisplay::QtDisplay() : m_parts(std::make_unique<Parts>()) {}
 
 QtDisplay::~QtDisplay() {
-    // The windows live on with their focus, whatever Qt does to that of their widgets.
-    const FocusTracker::Question silence(m_parts->desktop.focus, nullptr);
+    // The windows keep their focus, whatever Qt does to that of their widgets.
+    const FocusTracker::Question silence(m_parts->context.focus, nullptr);
     if (&Display() == this)
         SetDisplay(nullptr);
-    for (Peer* peer : m_parts->desktop.peers.All())
+    for (Peer* peer : m_parts->context.peers.All())
         peer->Detach();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 QWidget* QtDisplay::WidgetOf(HWND window) const {
-    const Peer* peer = m_parts->desktop.peers.Find(window);
+    const Peer* peer = m_parts->context.peers.Find(window);
     return peer ? &peer->Content() : nullptr;
 }
 
 // --- windows ---
 
 void QtDisplay::Created(HWND window) {
-    if (m_parts->desktop.peers.Find(window))
+    if (m_parts->context.peers.Find(window))
         return;
     if (m_parts->siteToShow)
-        new SitePeer(m_parts->desktop, window, *m_parts->siteToShow);
+        new SitePeer(m_parts->context, window, *m_parts->siteToShow);
     else
-        MakePeer(m_parts->desktop, window);
+        MakePeer(m_parts->context, window);
 }
 
 void QtDisplay::Destroyed(HWND window) {
-    if (Peer* peer = m_parts->desktop.peers.Find(window))
+    if (Peer* peer = m_parts->context.peers.Find(window))
         peer->Detach();
 }
 
 void QtDisplay::Changed(HWND window, Aspects aspects) {
-    if (Peer* peer = m_parts->desktop.peers.Find(window))
+    if (Peer* peer = m_parts->context.peers.Find(window))
         peer->Apply(aspects);
 }
 
 void QtDisplay::Invalidate(HWND window, const CRect& rect) {
-    if (Peer* peer = m_parts->desktop.peers.Find(window))
+    if (Peer* peer = m_parts->context.peers.Find(window))
         peer->Invalidate(rect);
 }
 
 void QtDisplay::Focus(HWND window) {
-    m_parts->desktop.focus.Show(window);
+    m_parts->context.focus.Show(window);
 }
 
-// Nothing to do: Qt keeps a pressed mouse with the widget that was pressed, and the window system passes
-// its messages on. A grab would take the mouse from the rest of the desktop.
+// Nothing to do: Qt sends all mouse events to the widget that was pressed, and the window model passes them
+// on. A grab would take the mouse from the rest of the desktop.
 void QtDisplay::Capture(HWND) {}
 
 // --- time and waiting ---
@@ -148,7 +150,7 @@ std::chrono::milliseconds QtDisplay::Now() {
 }
 
 void QtDisplay::RunUntil(HWND modal, const std::function<bool()>& done) {
-    if (Peer* peer = m_parts->desktop.peers.Find(modal))
+    if (Peer* peer = m_parts->context.peers.Find(modal))
         peer->ShowModal();
     WaitUntil(done);
 }
@@ -156,48 +158,48 @@ void QtDisplay::RunUntil(HWND modal, const std::function<bool()>& done) {
 // --- questions ---
 
 int QtDisplay::MessageBox(HWND owner, const CString& text, const CString& caption, UINT type) {
-    if (m_parts->desktop.isPainting) {
-        // What failed while a window was painted; Qt cannot show a box in the midst of that.
+    if (m_parts->context.isPainting) {
+        // A failure of painting: Qt cannot show a box before it is over.
         QTimer::singleShot(0, &m_parts->receiver, [=, this] { MessageBox(owner, text, caption, type); });
         return IDOK;
     }
     QWidget* top = m_parts->TopOf(owner);
-    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    const FocusTracker::Question question(m_parts->context.focus, top);
     return AskMessage(top, text, caption, type);
 }
 
 unsigned QtDisplay::TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) {
     QWidget* top = m_parts->TopOf(owner);
-    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    const FocusTracker::Question question(m_parts->context.focus, top);
     return AskMenu(top, screen, entries);
 }
 
 std::optional<COLORREF> QtDisplay::ChooseColor(HWND owner, COLORREF color) {
     QWidget* top = m_parts->TopOf(owner);
-    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    const FocusTracker::Question question(m_parts->context.focus, top);
     return AskColor(top, color);
 }
 
 std::optional<CString> QtDisplay::ChooseFile(HWND owner, const FileQuery& query) {
     QWidget* top = m_parts->TopOf(owner);
-    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    const FocusTracker::Question question(m_parts->context.focus, top);
     return AskFile(top, query);
 }
 
 std::optional<CString> QtDisplay::ChooseFolder(HWND owner, const CString& path) {
     QWidget* top = m_parts->TopOf(owner);
-    const FocusTracker::Question question(m_parts->desktop.focus, top);
+    const FocusTracker::Question question(m_parts->context.focus, top);
     return AskFolder(top, path);
 }
 
 // --- facts ---
 
 int QtDisplay::TextWidth(const CString& text) {
-    return qt::TextWidth(text);
+    return internal::TextWidth(text);
 }
 
 CPoint QtDisplay::ToScreen(HWND window, CPoint client) {
-    const Peer* peer = m_parts->desktop.peers.Find(window);
+    const Peer* peer = m_parts->context.peers.Find(window);
     if (!peer)
         return client;
     return FromQPoint(peer->Content().mapToGlobal(QPoint(client.x, client.y)));
@@ -208,7 +210,7 @@ int QtDisplay::KeyState(UINT key) {
 }
 
 CPoint QtDisplay::Pointer() {
-    return FromQPoint(m_parts->desktop.mouse.Position());
+    return FromQPoint(m_parts->context.mouse.Position());
 }
 
 COLORREF QtDisplay::SysColor(int index) {
@@ -220,7 +222,7 @@ int QtDisplay::Metric(int index) {
 }
 
 void QtDisplay::SetCursor(int cursor) {
-    m_parts->desktop.mouse.SetCursor(cursor);
+    m_parts->context.mouse.SetCursor(cursor);
 }
 
 bool QtDisplay::SetClipboardText(const CString& text) {

@@ -6,6 +6,10 @@
 
 class QWidget;
 
+namespace korvel::internal {
+class EmbedFrame;
+}
+
 namespace korvel::qt {
 
 /// Shows the windows on a real desktop, with Qt 6 Widgets.
@@ -18,8 +22,9 @@ namespace korvel::qt {
 ///                    nullptr, 0);
 ///     return application.exec();         // closing the frame sends it WM_CLOSE
 ///
-/// Made and used on the thread of the application. At its end it takes itself out of force; no other
-/// thread may send or post at that moment.
+/// Made and used on the thread of the application, as the only display in force. Destroying it puts the
+/// default display in force again, and the windows stay; no other thread may send or post at that moment.
+/// The operations of `IDisplay` are called by the library, not by the host.
 class KORVEL_API QtDisplay final : public IDisplay {
 public:
     QtDisplay();
@@ -56,7 +61,7 @@ public:
     std::optional<Image> LoadPicture(const CString& path, CSize room) override;
 
 private:
-    friend class EmbedFrame;
+    friend class internal::EmbedFrame;
     struct Parts;
     std::unique_ptr<Parts> m_parts;
 };

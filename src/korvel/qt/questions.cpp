@@ -12,7 +12,7 @@
 #include <QPointer>
 #include <utility>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -22,7 +22,7 @@ constexpr UINT IconMask = 0xF0;
 struct ButtonsRow {
     UINT type;
     QMessageBox::StandardButtons buttons;
-    QMessageBox::StandardButton escape; // what closing the box stands for
+    QMessageBox::StandardButton escape; // what closing the box means
 };
 
 const ButtonsRow ButtonRows[] = {
@@ -96,13 +96,13 @@ QStringList FiltersOf(const CString& filter) {
 
 // A box belongs to its owner, which may die while the box is shown; the box is gone then.
 template <class Box>
-class Shown {
+class OwnedBox {
 public:
     template <class... Arguments>
-    explicit Shown(Arguments&&... arguments) : m_box(new Box(std::forward<Arguments>(arguments)...)) {}
-    ~Shown() { delete m_box; }
-    Shown(const Shown&) = delete;
-    Shown& operator=(const Shown&) = delete;
+    explicit OwnedBox(Arguments&&... arguments) : m_box(new Box(std::forward<Arguments>(arguments)...)) {}
+    ~OwnedBox() { delete m_box; }
+    OwnedBox(const OwnedBox&) = delete;
+    OwnedBox& operator=(const OwnedBox&) = delete;
 
     Box* operator->() const { return m_box; }
     Box& operator*() const { return *m_box; }
@@ -112,7 +112,7 @@ private:
     QPointer<Box> m_box;
 };
 
-std::optional<CString> AskPath(const Shown<QFileDialog>& dialog) {
+std::optional<CString> AskPath(const OwnedBox<QFileDialog>& dialog) {
     if (dialog->exec() != QDialog::Accepted || !dialog.IsAlive() || dialog->selectedFiles().isEmpty())
         return std::nullopt;
     return FromQString(dialog->selectedFiles().first());
@@ -125,7 +125,7 @@ int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT
     for (const ButtonsRow& candidate : ButtonRows)
         if (candidate.type == (type & ButtonMask))
             row = &candidate;
-    const Shown<QMessageBox> box(IconOf(type), ToQString(caption), ToQString(text), row->buttons, owner);
+    const OwnedBox<QMessageBox> box(IconOf(type), ToQString(caption), ToQString(text), row->buttons, owner);
     box->setTextFormat(Qt::PlainText);
     box->setEscapeButton(row->escape);
     const int button = box->exec();
@@ -133,21 +133,21 @@ int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT
 }
 
 unsigned AskMenu(QWidget* owner, CPoint screen, const std::vector<MenuEntry>& entries) {
-    const Shown<QMenu> menu(owner);
+    const OwnedBox<QMenu> menu(owner);
     Fill(*menu, entries);
     const QAction* chosen = menu->exec(QPoint(screen.x, screen.y));
     return chosen && menu.IsAlive() ? chosen->data().toUInt() : 0;
 }
 
 std::optional<COLORREF> AskColor(QWidget* owner, COLORREF color) {
-    const Shown<QColorDialog> dialog(ToQColor(color), owner);
+    const OwnedBox<QColorDialog> dialog(ToQColor(color), owner);
     if (dialog->exec() != QDialog::Accepted || !dialog.IsAlive())
         return std::nullopt;
     return FromQColor(dialog->selectedColor());
 }
 
 std::optional<CString> AskFile(QWidget* owner, const FileQuery& query) {
-    const Shown<QFileDialog> dialog(owner);
+    const OwnedBox<QFileDialog> dialog(owner);
     dialog->setAcceptMode(query.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog->setFileMode(query.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !query.promptOnOverwrite);
@@ -162,7 +162,7 @@ std::optional<CString> AskFile(QWidget* owner, const FileQuery& query) {
 }
 
 std::optional<CString> AskFolder(QWidget* owner, const CString& path) {
-    const Shown<QFileDialog> dialog(owner);
+    const OwnedBox<QFileDialog> dialog(owner);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     if (!path.empty())
@@ -170,4 +170,4 @@ std::optional<CString> AskFolder(QWidget* owner, const CString& path) {
     return AskPath(dialog);
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -1,15 +1,15 @@
 #include "korvel/qt/top_level.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/qt/desktop.h"
 #include "korvel/qt/peer.h"
+#include "korvel/qt/peer_context.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -36,7 +36,7 @@ Qt::WindowFlags TopLevel::FlagsOf(HWND window) {
     return flags;
 }
 
-TopLevel::TopLevel(Desktop& desktop, Peer& peer) : m_desktop(desktop), m_peer(peer) {
+TopLevel::TopLevel(PeerContext& context, Peer& peer) : m_context(context), m_peer(peer) {
     m_peer.Outer().setAttribute(Qt::WA_QuitOnClose, !GetOwner(peer.Window()));
     m_peer.Outer().setAttribute(Qt::WA_ShowWithoutActivating, IsToolPopup(peer.Window()));
 }
@@ -62,13 +62,13 @@ void TopLevel::PrepareToAppear() {
     const bool modal = owner && !view::IsSwitchedOn(owner);
     m_peer.Outer().setWindowModality(modal ? Qt::WindowModal : Qt::NonModal);
     if (QApplication::activeWindow())
-        m_desktop.focus.ExpectActivation(m_peer.Outer());
+        m_context.focus.ExpectActivation(m_peer.Outer());
 }
 
 void TopLevel::PassActivationOn() {
     const QWidget* owner = m_peer.Outer().parentWidget();
     if (owner && m_peer.Outer().isActiveWindow())
-        m_desktop.focus.Activate(*owner->window());
+        m_context.focus.Activate(*owner->window());
 }
 
 bool TopLevel::OnEvent(QEvent& event) {
@@ -78,7 +78,7 @@ bool TopLevel::OnEvent(QEvent& event) {
         ReportPlace();
         return false;
     case QEvent::WindowActivate:
-        m_desktop.focus.Activated();
+        m_context.focus.Activated();
         input::Activated(m_peer.Window(), true);
         return false;
     case QEvent::WindowDeactivate:
@@ -93,7 +93,7 @@ bool TopLevel::OnEvent(QEvent& event) {
     }
 }
 
-// What memory asked for comes back as well, and is no news.
+// Qt also signals a place that this window asked for, which is no news.
 void TopLevel::ReportPlace() {
     const CRect place = FromQRect(m_peer.Outer().geometry());
     if (m_peer.Outer().isVisible() && place != view::Rectangle(m_peer.Window()))
@@ -106,8 +106,8 @@ void TopLevel::ShowModal() {
         return;
     widget.hide(); // modality holds from the next showing
     widget.setWindowModality(widget.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
-    m_desktop.focus.ExpectActivation(widget);
+    m_context.focus.ExpectActivation(widget);
     widget.show();
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

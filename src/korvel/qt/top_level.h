@@ -4,9 +4,9 @@
 
 #include <QWidget>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
-struct Desktop;
+struct PeerContext;
 class Peer;
 
 /// What a window of the desktop has beyond a child window: title, size limits, activation, modality. A
@@ -14,7 +14,7 @@ class Peer;
 /// away from the window that it serves.
 class TopLevel {
 public:
-    TopLevel(Desktop& desktop, Peer& peer);
+    TopLevel(PeerContext& context, Peer& peer);
 
     static Qt::WindowFlags FlagsOf(HWND window);
     /// To be called before the widget follows.
@@ -30,8 +30,8 @@ private:
     void PrepareToAppear();
     void ReportPlace();
 
-    Desktop& m_desktop;
+    PeerContext& m_context;
     Peer& m_peer;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal

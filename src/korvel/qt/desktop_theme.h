@@ -2,13 +2,13 @@
 
 #include "korvel/window/base/types.h"
 
-/// What the desktop of the user looks like.
-namespace korvel::qt {
+/// Colors, sizes and text widths of the user's desktop.
+namespace korvel::internal {
 
-/// COLOR_*, from the palette in force: light or dark as the user has it, today's when asked again.
+/// COLOR_*, from the palette in force at the call: light or dark as the user has it.
 COLORREF SystemColor(int index);
 /// SM_*, in device-independent pixels; 0 for one that is unknown.
 int SystemMetric(int index);
 int TextWidth(const CString& text);
 
-} // namespace korvel::qt
+} // namespace korvel::internal

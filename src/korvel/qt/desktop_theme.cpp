@@ -1,4 +1,4 @@
-#include "korvel/qt/look.h"
+#include "korvel/qt/desktop_theme.h"
 
 #include "korvel/qt/convert.h"
 #include "korvel/window/base/messages.h"
@@ -9,7 +9,7 @@
 #include <QScreen>
 #include <QStyle>
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 namespace {
 
@@ -72,4 +72,4 @@ int TextWidth(const CString& text) {
     return QFontMetrics(QApplication::font()).horizontalAdvance(ToQString(text));
 }
 
-} // namespace korvel::qt
+} // namespace korvel::internal

@@ -4,14 +4,14 @@
 #include "korvel/qt/mouse.h"
 #include "korvel/qt/peer_table.h"
 
-namespace korvel::qt {
+namespace korvel::internal {
 
 /// What the peers of one display share.
-struct Desktop {
+struct PeerContext {
     PeerTable peers;
     FocusTracker focus{peers};
     Mouse mouse;
     bool isPainting = false;
 };
 
-} // namespace korvel::qt
+} // namespace korvel::internal
