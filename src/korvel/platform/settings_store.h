@@ -37,7 +37,7 @@ enum class SettingsAccess { Read, Write };
 /// The numbers are those that a registry uses for these types.
 enum class SettingType { Text = 1, Binary = 3, Number = 4 };
 
-struct SettingValue {
+struct KORVEL_API SettingValue {
     SettingType type = SettingType::Text;
     std::string bytes; ///< all of them: a zero ends nothing. A number has four, the lowest first.
 
