@@ -1,0 +1,55 @@
+// Links each exported class of the core: its destructor, its type and, where it can be made out of nothing, its
+// constructor. What else a class declares is exported with it.
+
+#include "all_headers.h"
+
+#include <memory>
+#include <type_traits>
+#include <typeinfo>
+
+using namespace korvel;
+
+namespace {
+
+template <class T>
+void Use() {
+    [[maybe_unused]] void (*volatile destroy)(T*) = nullptr;
+    if constexpr (std::is_destructible_v<T>)
+        destroy = [](T* object) { object->~T(); };
+    [[maybe_unused]] const std::type_info* volatile type = &typeid(T);
+    if constexpr (std::is_default_constructible_v<T>)
+        std::make_unique<T>();
+}
+
+template <class... T>
+void UseAll() {
+    (Use<T>(), ...);
+}
+
+template <class Member>
+void UseMember(Member member) {
+    [[maybe_unused]] volatile Member used = member;
+}
+
+} // namespace
+
+// Never called: it is enough that it links.
+void UseExportedClasses() {
+    UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlScanner>();
+    UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CTooltippBitmap, CTreeHelper,
+           CTreeHelper::SNode, ComboTreeItem, IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState,
+           CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
+           CGridCtrlComboBoxInputStateTree, CGridCtrlComboBoxInputStateTreeCheckBox>();
+    UseAll<CEditableGrid, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem, ChildList>();
+    UseAll<CSubclassWnd, CComboListHook<CComboList>>();
+    UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();
+    UseAll<CVariantValue, CFileValueImp, IFileContainer, IFileValue, IComboBoxParent, IDestroyValue,
+           IEnumValue, IEnumSink, IEnumContainer, EnumImages, GroupPresentation, IMemberDispatch,
+           IMemberCommandSink, IObserverGridSink, KorvelCommonEntityFunction::IKorvelCommonEntityFunction>();
+    UseAll<Error, invalid_operation, platform::SettingValue>();
+    UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDC, CImageList, IDisplay>();
+    UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
+    UseMember(&platform::SettingValue::AsNumber);
+    UseMember(&CDC::LineTo);
+    UseMember(&CImageList::GetImage);
+}
