@@ -39,7 +39,7 @@ TEST_F(Stations, FloatsSplitInTheirOwnPrecision) {
 }
 
 TEST_F(Stations, FollowTheDecimalsButNotTheSignOfTheSettings) {
-    CountingSink sink(FormatService::Station);
+    CountingSink sink(internal::FormatService::Station);
     ASSERT_EQ(RoadStationToString(1.5), "0+001,50");
     SetRegional("sDecimal", ";");
     EXPECT_EQ(RoadStationToString(1.5), "0+001,50"); // the first one of the process
