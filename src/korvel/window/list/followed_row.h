@@ -5,12 +5,10 @@
 namespace korvel::internal {
 
 /// A row that is followed by its number while handlers insert and remove others. Lives on the stack: of
-/// several, the one made last dies first.
+/// several, the one made last dies first. Never const: the list changes its number.
 struct FollowedRow {
-    FollowedRow(ListState& owner, int number) : list(owner), outer(owner.followedRows), row(number) {
-        list.followedRows = this;
-    }
-    ~FollowedRow() { list.followedRows = outer; }
+    FollowedRow(ListState& owner, int number);
+    ~FollowedRow();
     FollowedRow(const FollowedRow&) = delete;
     FollowedRow& operator=(const FollowedRow&) = delete;
 

@@ -83,7 +83,7 @@ void DeleteEach(ListState& list, int first, int last, StateNotices stateNotices)
         list.EndLabelEdit(LabelEditEnd::Cancel);
     // Counted, so that a handler that inserts among the rest cannot keep this going.
     for (int left = last - first; left > 0 && leaving.next >= leaving.first; --left) {
-        const FollowedRow going(list, leaving.next--);
+        FollowedRow going(list, leaving.next--);
         const bool hadFocus = list.focusRow == going.row;
         if (stateNotices == StateNotices::Sent)
             TakeState(list, going);
@@ -154,7 +154,7 @@ CString TextOf(const ListState& list, int row, int column) {
 }
 
 bool SetText(ListState& list, int row, int column, const CString& text) {
-    const FollowedRow target(list, row);
+    FollowedRow target(list, row);
     if (NotifyText(list, LVN_ITEMCHANGING, row, column) != 0 || !target.IsThere() ||
         !list.columns.Has(column))
         return false;

@@ -97,7 +97,7 @@ UINT StateOf(const ListState& list, int row) {
 }
 
 bool SetState(ListState& list, int row, UINT state, UINT mask) {
-    const FollowedRow target(list, row);
+    FollowedRow target(list, row);
     if (!MayTake(list, target, state, mask))
         return false;
     Take(list, target, state, mask);
@@ -146,7 +146,7 @@ bool MoveSelection(ListState& list, int row, SelectionChange change) {
     constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
     if (list.HasStyle(LVS_SINGLESEL))
         change = SelectionChange::Replace;
-    const FollowedRow target(list, row);
+    FollowedRow target(list, row);
     switch (change) {
     case SelectionChange::Replace:
         if (!MayTake(list, target, Both, Both))
