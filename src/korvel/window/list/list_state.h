@@ -15,7 +15,7 @@ namespace korvel::internal {
 
 constexpr int NoRow = -1;
 
-class FollowedRow;
+struct FollowedRow;
 struct LeavingRows;
 
 /// A mouse button that was pressed over the list and is still down.
