@@ -167,7 +167,9 @@ TEST_F(ListsWindowTest, ChangesStayWhileOtherListsAreShown) {
     QApplication::processEvents();
     EXPECT_EQ(Text(ValueId), "") << "the chosen value is gone";
     EXPECT_EQ(Use(), "");
-    EXPECT_EQ(MenuByKey(), "new value;insert group;") << "no row is meant";
+    EXPECT_EQ(MenuByKey(), "new value;insert group;insert new value at '';insert new group at '';"
+                           "erase 'ccw';rename 'ccw';")
+        << "the new last row is meant";
     List().SetCurrentRow(0);
     EXPECT_EQ(MenuByKey(), "new value;insert group;insert new value at '';insert new group at '';"
                            "erase 'cw';rename 'cw';");

@@ -69,8 +69,9 @@ bool IsFault(const fs::path& path, const std::string& include) {
     if (path == FreeHeader || (Part(path, 0) != "qt" && std::regex_match(header, toolkit)))
         return true;
     if (include.front() == '<')
-        return false;
-    return !header.starts_with(Root) || !MayInclude(path, header.substr(Root.size()));
+        return header.starts_with(Root); // the library's own are quoted, and then judged
+    return !header.starts_with(Root) || header.find("..") != std::string::npos ||
+           !MayInclude(path, header.substr(Root.size()));
 }
 
 Module ModuleOf(const fs::path& path) {
@@ -194,6 +195,8 @@ TEST(IncludePicture, FindsABreach) {
         {"window/core/a.cpp", "\"korvel/window/core/cwnd.h\"", true},
         {"window/core/a.cpp", "\"korvel/window/list/list_ctrl.h\"", false},
         {"window/core/a.cpp", "\"korvel/window/extras/a.h\"", false},
+        {"window/core/a.cpp", "\"korvel/window/core/../list/list_ctrl.h\"", false},
+        {"window/list/a.cpp", "<korvel/window/core/cwnd.h>", false},
         {"window/base/a.h", "\"korvel/platform/export.h\"", true},
     };
     for (const auto& [path, include, allowed] : rows) {

@@ -1,3 +1,4 @@
+#include "korvel/platform/error.h"
 #include "support/list_fixture.h"
 
 namespace korvel {
@@ -230,6 +231,19 @@ TEST_F(ListRows, ATextSourceMayEndRowsItselfOrTheListWhileItIsAsked) {
             EXPECT_GE(asked, 1);
             list.DestroyWindow();
         }
+}
+
+TEST_F(ListRows, AHandlerThatThrowsLeavesFocusAndExtentRight) {
+    MakeList(9);
+    Choose(8);
+    parent.answer = [](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code == LVN_DELETEITEM)
+            throw Error("no");
+        return 0;
+    };
+    EXPECT_THROW(list.DeleteItem(8), Error);
+    EXPECT_EQ(list.GetItemCount(), 9);
+    EXPECT_EQ(Focused(), 8) << "the next arrow key begins there";
 }
 
 } // namespace

@@ -61,6 +61,36 @@ TEST_F(ListSelection, AHandlerThatMovesRowsWhileAskedChangesTheSameRow) {
     EXPECT_EQ(Focused(), 3);
 }
 
+TEST_F(ListSelection, AHandlerThatInsertsAtEachQuestionIsAskedOnceARow) {
+    MakeList(3);
+    Choose(0);
+    int asked = 0;
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code == LVN_ITEMCHANGING && ++asked < 20)
+            list.InsertItem(0, "new");
+        return 0;
+    };
+    EXPECT_TRUE(list.SetItemState(2, Both, Both));
+    EXPECT_LT(asked, 8);
+    EXPECT_EQ(Selected().size(), 1u);
+    EXPECT_EQ(list.GetItemText(Focused(), 0), "row 2");
+}
+
+TEST_F(ListSelection, AClickFollowsItsRowWhileOthersLoseTheirSelection) {
+    MakeList(9, 0);
+    list.SetItemState(3, LVIS_SELECTED, LVIS_SELECTED);
+    list.SetItemState(5, LVIS_SELECTED, LVIS_SELECTED);
+    bool isInserted = false;
+    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        if (notice.hdr.code == LVN_ITEMCHANGED && notice.iItem == 3 && !std::exchange(isInserted, true))
+            list.InsertItem(0, "new");
+        return 0;
+    };
+    Click(InRow(4));
+    EXPECT_EQ(Selected(), Rows{5});
+    EXPECT_EQ(list.GetItemText(5, 0), "row 4");
+}
+
 TEST_F(ListSelection, RowMinusOneMeansAllRows) {
     MakeList(3, 0);
     EXPECT_TRUE(list.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED));

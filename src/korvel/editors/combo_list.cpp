@@ -6,6 +6,7 @@
 #include "korvel/editors/combo_row_painter.h"
 #include "korvel/editors/grid_ctrl_combo_box_input_state.h"
 #include "korvel/platform/error.h"
+#include "korvel/window/base/first_failure.h"
 
 #include <utility>
 
@@ -41,7 +42,8 @@ CComboList::CComboList(const CVariantValue& value, EComboListMode mode) : CCombo
 }
 
 CComboList::~CComboList() {
-    UnIntialize();
+    // Who hears of the end may throw; a destructor has nobody to pass that on to.
+    internal::FirstFailure().Try([&] { UnIntialize(); });
 }
 
 // GetParent names none, as for a child of the desktop. It is owned all the same, so that it stays before its
@@ -378,9 +380,13 @@ LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         if (lParam == 0 && m_parts->commands.Run(LOWORD(wParam)))
             return 1;
         break;
-    case WM_DESTROY:
-        UnIntialize();
-        break;
+    case WM_DESTROY: {
+        internal::FirstFailure failure;
+        failure.Try([&] { UnIntialize(); });
+        const LRESULT ended = CListCtrl::WindowProc(message, wParam, lParam);
+        failure.Rethrow();
+        return ended;
+    }
     default:
         break;
     }

@@ -32,10 +32,13 @@ void ComboWriteBack::WriteTo(IMemberDispatch& object, const std::string& name, I
     object.SetMember(name, written);
     if (observer)
         observer->OnChange(&object, nullptr, name, written);
+    if (!bound)
+        return; // the object need not live any longer
     CVariantValue now = written;
     object.GetMember(name, now);
-    if (bound)
-        m_binding.Value() = now;
+    if (!bound)
+        return;
+    m_binding.Value() = now;
     if (observer && now != written)
         observer->OnChange(&object, nullptr, name, now);
 }

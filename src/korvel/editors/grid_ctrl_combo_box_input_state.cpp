@@ -85,7 +85,7 @@ ComboTreeItem* IGridCtrlComboBoxInputState::CurrentItem() const {
 
 int IGridCtrlComboBoxInputState::HitRow(CPoint point) const {
     constexpr int InsideColumn = 4;
-    return m_pList->HitTest({InsideColumn, point.y});
+    return m_pList ? m_pList->HitTest({InsideColumn, point.y}) : -1; // a handler may have ended the binding
 }
 
 // An empty list is left with row 0 as the current one although there is none: kept. Nothing is found there.

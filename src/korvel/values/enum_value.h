@@ -51,7 +51,8 @@ public:
     /// The user adds an entry, below the path `group` in a tree. Returns its number, or -1 when it refuses.
     virtual long AddValue(const std::string& name, const std::string& group) = 0;
 
-    /// The user removes an entry. To refuse, leave it where it is.
+    /// The user removes an entry, whose row goes in any case. An entry that stays is shown again when the
+    /// list hears of it (IEnumSink::OnAddEnumValue), or at the next binding.
     virtual void RemoveValue(long id) = 0;
 
     /// The name of an entry, as a value. False, and `name` untouched, when there is no such entry.

@@ -17,6 +17,8 @@ public:
                 m_exception = std::current_exception();
         }
     }
+    /// Whether a step has failed.
+    explicit operator bool() const { return m_exception != nullptr; }
     void Rethrow() const {
         if (m_exception)
             std::rethrow_exception(m_exception);

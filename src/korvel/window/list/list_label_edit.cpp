@@ -80,6 +80,8 @@ void EndLabelEdit(ListState& list, LabelEditEnd end) {
     if (!list.labelEdit.window || list.labelEdit.isEnding)
         return;
     list.labelEdit.isEnding = true;
+    if (!list.rows.Has(list.labelEdit.row))
+        end = LabelEditEnd::Cancel; // there is nothing left to name
     ClosedOnThrow(list, [&] { OfferText(list, end); });
     Close(list);
 }

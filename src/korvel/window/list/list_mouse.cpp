@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_mouse.h"
 
+#include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_label_edit.h"
 #include "korvel/window/list/list_notify.h"
@@ -56,7 +57,7 @@ void Press(ListState& list, UINT button, UINT flags, const ListHit& hit, CPoint 
     if (hit.row != NoRow)
         PressRow(list, button, flags, hit);
     else if (ChangeByFlags(flags) == SelectionChange::Replace)
-        DeselectOutside(list, 0, 0);
+        DeselectAll(list);
 }
 
 } // namespace
@@ -68,9 +69,10 @@ void PressButton(ListState& list, UINT button, UINT flags, CPoint point) {
 
 void DoubleClick(ListState& list, UINT flags, CPoint point) {
     const ListHit hit = HitTest(list, point);
+    FollowedRow pressed(list, hit.row);
     Press(list, MK_LBUTTON, flags, hit, point);
     list.press = {};
-    NotifyRow(list, NM_DBLCLK, hit.row, std::max(hit.column, 0), point);
+    NotifyRow(list, NM_DBLCLK, pressed.row, std::max(hit.column, 0), point);
 }
 
 void MovePointer(ListState& list, UINT flags, CPoint point) {
@@ -92,11 +94,13 @@ bool ReleaseButton(ListState& list, UINT button, CPoint point) {
     if (list.press.button != button)
         return false;
     const ListPress press = std::exchange(list.press, {});
-    if (press.selectsAtRelease && list.rows.Has(press.row))
-        MoveSelection(list, press.row, SelectionChange::Replace);
-    if (press.editsAtRelease && list.rows.Has(press.row))
+    FollowedRow pressed(list, press.row);
+    if (press.selectsAtRelease && pressed.IsThere())
+        MoveSelection(list, pressed.row, SelectionChange::Replace);
+    if (press.editsAtRelease && pressed.IsThere())
         SetTimer(list.Handle(), LabelEditTimer, LabelEditDelay);
-    return NotifyRow(list, button == MK_LBUTTON ? NM_CLICK : NM_RCLICK, press.row, press.column, point) != 0;
+    return NotifyRow(list, button == MK_LBUTTON ? NM_CLICK : NM_RCLICK, pressed.row, press.column, point) !=
+           0;
 }
 
 bool FireLabelEditTimer(ListState& list, std::uintptr_t id) {

@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_rows.h"
 
+#include "korvel/window/base/first_failure.h"
 #include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_scroll.h"
@@ -77,32 +78,14 @@ void TakeState(ListState& list, const FollowedRow& going) {
     NotifyState(list, LVN_ITEMCHANGED, going.row, before, 0);
 }
 
-void DeleteEach(ListState& list, int first, int last, StateNotices stateNotices) {
-    LeavingRows leaving(list, first, last);
-    if (list.labelEdit.row >= first && list.labelEdit.row < last)
+// A label edit whose row has gone is given up.
+void EndOrphanedLabelEdit(ListState& list) {
+    if (!list.rows.Has(list.labelEdit.row))
         list.EndLabelEdit(LabelEditEnd::Cancel);
-    // Counted, so that a handler that inserts among the rest cannot keep this going.
-    for (int left = last - first; left > 0 && leaving.next >= leaving.first; --left) {
-        FollowedRow going(list, leaving.next--);
-        const bool hadFocus = list.focusRow == going.row;
-        if (stateNotices == StateNotices::Sent)
-            TakeState(list, going);
-        if (going.IsThere())
-            NotifyRow(list, LVN_DELETEITEM, going.row);
-        if (hadFocus && list.focusRow == NoRow) // to be passed on
-            list.focusRow = going.IsThere() ? going.row : std::min(leaving.next + 1, list.rows.Size() - 1);
-        if (going.IsThere())
-            EraseRows(list, going.row, going.row + 1);
-    }
-    RepaintFrom(list, leaving.first);
-    UpdateExtent(list);
 }
 
-} // namespace
-
-int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make) {
-    if (row < 0)
-        return NoRow;
+// Rows come without repair of scrolling, which tells others.
+int PlaceRows(ListState& list, int row, int count, const RowBlocks::Maker& make) {
     row = std::min(row, list.rows.Size());
     list.rows.Insert(row, count, make);
     for (int* remembered : {&list.focusRow, &list.markRow, &list.labelEdit.row, &list.press.row})
@@ -113,15 +96,54 @@ int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make
         for (int* followed : {&leaving->first, &leaving->next})
             ShiftForInsertion(*followed, row, count);
     RepaintFrom(list, row);
+    return row;
+}
+
+void DeleteEach(ListState& list, int first, int last, StateNotices stateNotices) {
+    LeavingRows leaving(list, first, last);
+    if (list.labelEdit.row >= first && list.labelEdit.row < last)
+        list.EndLabelEdit(LabelEditEnd::Cancel);
+    FirstFailure failure;
+    // Counted, so that a handler that inserts among the rest cannot keep this going.
+    for (int left = last - first; left > 0 && leaving.next >= leaving.first && !failure; --left) {
+        FollowedRow going(list, leaving.next--);
+        const bool hadFocus = list.focusRow == going.row;
+        failure.Try([&] {
+            if (stateNotices == StateNotices::Sent)
+                TakeState(list, going);
+            if (going.IsThere())
+                NotifyRow(list, LVN_DELETEITEM, going.row);
+        });
+        if (hadFocus && list.focusRow == NoRow) // to be passed on
+            list.focusRow = going.IsThere() ? going.row : std::min(leaving.next + 1, list.rows.Size() - 1);
+        if (going.IsThere() && !failure)
+            EraseRows(list, going.row, going.row + 1);
+    }
+    EndOrphanedLabelEdit(list);
+    RepaintFrom(list, leaving.first);
+    UpdateExtent(list);
+    failure.Rethrow();
+}
+
+} // namespace
+
+int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make) {
+    if (row < 0)
+        return NoRow;
+    row = PlaceRows(list, row, count, make);
     UpdateExtent(list);
     return row;
 }
 
 int InsertRow(ListState& list, int row, RowRecord record) {
-    const int at = InsertRows(list, row, 1, [&](int) { return std::move(record); });
-    if (list.rows.Has(at)) // a handler of WM_SIZE may have removed it
-        NotifyRow(list, LVN_INSERTITEM, at);
-    return at;
+    if (row < 0)
+        return NoRow;
+    const int at = PlaceRows(list, row, 1, [&](int) { return std::move(record); });
+    FollowedRow inserted(list, at);
+    UpdateExtent(list);
+    if (inserted.IsThere()) // a handler of WM_SIZE may have removed it
+        NotifyRow(list, LVN_INSERTITEM, inserted.row);
+    return inserted.IsThere() ? inserted.row : at;
 }
 
 void DeleteRows(ListState& list, int first, int last) {
@@ -131,13 +153,14 @@ void DeleteRows(ListState& list, int first, int last) {
 void DeleteRowsQuietly(ListState& list, int first, int last) {
     EraseRows(list, first, last);
     RepaintFrom(list, first);
+    EndOrphanedLabelEdit(list);
     UpdateExtent(list);
-    if (list.labelEdit.row == NoRow)
-        list.EndLabelEdit(LabelEditEnd::Cancel);
 }
 
 void DeleteAllRows(ListState& list) {
-    if (NotifyRow(list, LVN_DELETEALLITEMS, NoRow) != 0)
+    const bool isQuiet = NotifyRow(list, LVN_DELETEALLITEMS, NoRow) != 0;
+    list.EndLabelEdit(LabelEditEnd::Cancel);
+    if (isQuiet)
         DeleteRowsQuietly(list, 0, list.rows.Size());
     else
         DeleteEach(list, 0, list.rows.Size(), StateNotices::Omitted);

@@ -46,19 +46,32 @@ UINT TakenBits(const ListState& list, int row, UINT state, UINT mask) {
     return gained & (list.HasStyle(LVS_SINGLESEL) ? LVIS_FOCUSED | LVIS_SELECTED : LVIS_FOCUSED);
 }
 
+// Calls `visit` with each selected row, until it returns false. Counted, so that a handler that inserts or
+// selects among the rest cannot keep this going.
+template <class Visit>
+bool ForEachSelected(ListState& list, Visit visit) {
+    int next = 0;
+    for (int left = list.rows.SelectedCount(); left > 0; --left) {
+        const int row = list.rows.FindSelected(next);
+        if (row == NoRow)
+            break;
+        FollowedRow visited(list, row);
+        if (!visit(row))
+            return false;
+        next = visited.IsThere() ? visited.row + 1 : row;
+    }
+    return true;
+}
+
 // Calls `visit` with each row that loses some of the bits to `taker`, until it returns false.
 template <class Visit>
 bool ForEachLoser(ListState& list, const FollowedRow& taker, UINT taken, Visit visit) {
-    const int focus = list.focusRow;
-    const bool focusMoves = (taken & LVIS_FOCUSED) != 0 && list.rows.Has(focus) && focus != taker.row;
-    if (focusMoves && !visit(focus))
+    const bool focusMoves = (taken & LVIS_FOCUSED) != 0 && list.focusRow != taker.row;
+    FollowedRow focus(list, focusMoves ? list.focusRow : NoRow);
+    if (focus.IsThere() && !visit(focus.row))
         return false;
-    if ((taken & LVIS_SELECTED) == 0)
-        return true;
-    for (int row = list.rows.FindSelected(0); row != NoRow; row = list.rows.FindSelected(row + 1))
-        if (row != taker.row && !(focusMoves && row == focus) && !visit(row))
-            return false;
-    return true;
+    return (taken & LVIS_SELECTED) == 0 ||
+           ForEachSelected(list, [&](int row) { return row == taker.row || row == focus.row || visit(row); });
 }
 
 // The row itself is asked first, then those that lose by it. Nothing has changed yet.
@@ -76,10 +89,25 @@ void Take(ListState& list, const FollowedRow& row, UINT state, UINT mask) {
         Change(list, row.row, state, mask);
 }
 
-void SelectRange(ListState& list, int first, int last) {
+// Deselects every row but those from `first` to `last`; what a refusal keeps stays selected.
+void DeselectOutside(ListState& list, const FollowedRow& first, const FollowedRow& last) {
+    ForEachSelected(
+        list,
+        [&](int row) {
+            if (row < first.row || row > last.row)
+                SetState(list, row, 0, LVIS_SELECTED);
+            return true;
+        });
+}
+
+void SelectRange(ListState& list, const FollowedRow& first, const FollowedRow& last) {
     DeselectOutside(list, first, last);
-    for (int row = first; row < last && list.rows.Has(row); ++row)
+    int row = first.row;
+    for (int left = last.row - first.row + 1; left > 0 && list.rows.Has(row); --left) {
+        FollowedRow selected(list, row);
         SetState(list, row, LVIS_SELECTED, LVIS_SELECTED);
+        row = selected.IsThere() ? selected.row + 1 : row;
+    }
 }
 
 } // namespace
@@ -108,7 +136,7 @@ bool SetStateOfAll(ListState& list, UINT state, UINT mask) {
     if ((state & mask & LVIS_SELECTED) != 0 && list.HasStyle(LVS_SINGLESEL))
         return false;
     if (mask == LVIS_SELECTED && state == 0) {
-        DeselectOutside(list, 0, 0);
+        DeselectAll(list);
         return true;
     }
     // Only one row can have the focus: to set it for all gives it to none.
@@ -134,12 +162,9 @@ int NextRow(const ListState& list, int row, UINT flags) {
     return list.rows.Has(first) ? first : NoRow;
 }
 
-void DeselectOutside(ListState& list, int first, int last) {
-    for (int row = list.rows.FindSelected(0); row != NoRow; row = list.rows.FindSelected(row + 1))
-        if (row >= first && row < last)
-            row = last - 1;
-        else
-            SetState(list, row, 0, LVIS_SELECTED);
+void DeselectAll(ListState& list) {
+    FollowedRow none(list, NoRow);
+    DeselectOutside(list, none, none);
 }
 
 bool MoveSelection(ListState& list, int row, SelectionChange change) {
@@ -152,17 +177,17 @@ bool MoveSelection(ListState& list, int row, SelectionChange change) {
         if (!MayTake(list, target, Both, Both))
             return false;
         list.markRow = target.row;
-        DeselectOutside(list, target.row, target.row + 1);
+        DeselectOutside(list, target, target);
         if (target.IsThere())
             Take(list, target, Both, Both);
         return true;
     case SelectionChange::Extend: {
-        if (!list.rows.Has(list.markRow))
-            list.markRow = std::max(0, list.focusRow);
-        const int mark = list.markRow;
+        FollowedRow mark(list, list.rows.Has(list.markRow) ? list.markRow : std::max(0, list.focusRow));
         if (!SetState(list, row, LVIS_FOCUSED, LVIS_FOCUSED))
             return false;
-        SelectRange(list, std::min(mark, row), std::max(mark, row) + 1);
+        list.markRow = mark.row;
+        if (mark.IsThere() && target.IsThere())
+            SelectRange(list, mark.row < target.row ? mark : target, mark.row < target.row ? target : mark);
         return true;
     }
     case SelectionChange::MoveFocus:

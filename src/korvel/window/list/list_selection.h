@@ -17,8 +17,8 @@ bool SetStateOfAll(ListState& list, UINT state, UINT mask);
 /// The first row after `row` (NoRow: from the top) with all of the LVNI_* flags; with LVNI_FOCUSED the focused
 /// row, unless it is `row`. NoRow when there is none or `row` is no row.
 int NextRow(const ListState& list, int row, UINT flags);
-/// Removes the selection from all rows but those from `first` to before `last`.
-void DeselectOutside(ListState& list, int first, int last);
+/// Removes the selection from all rows that do not refuse.
+void DeselectAll(ListState& list);
 
 /// How a key or press with Shift and Ctrl changes the selection.
 enum class SelectionChange { Replace, Extend, MoveFocus, Toggle };
