@@ -79,7 +79,7 @@ TEST_F(ComboFieldTest, TheFocusEndsTheChoiceAndSwitchesTheFieldOff) {
     EXPECT_EQ(GetFocus(), owner.m_hWnd);
 }
 
-TEST_F(ComboFieldTest, Colours) {
+TEST_F(ComboFieldTest, Colors) {
     struct Case {
         const char* name;
         bool focus, dropped, enabled;

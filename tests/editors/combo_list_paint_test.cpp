@@ -68,7 +68,7 @@ TEST_F(ComboPaintTest, TreeLinesAndButtons) {
     TestEnumeration shown({"g/a", "g/h/b", "c"}, ENF_Tree);
     Show(shown, eDropDown, ",2,");              // g, a, h, b, c; boxes are 20 wide from 4 on
     EXPECT_TRUE(HasLine(1, {34, 20, 34, 40}));  // another follows
-    EXPECT_TRUE(HasLine(2, {34, 40, 34, 50}));  // the last one ends at its centre
+    EXPECT_TRUE(HasLine(2, {34, 40, 34, 50}));  // the last one ends at its center
     EXPECT_TRUE(HasLine(3, {14, 60, 14, 80}));  // g has c behind it
     EXPECT_FALSE(HasLine(3, {34, 60, 34, 80})); // h is the last of g
     const CRect bar{11, 10, 18, 10}, upright{14, 7, 14, 14};

@@ -27,7 +27,7 @@ protected:
     }
 };
 
-TEST_F(Painting, TextsTakeTheColourOfTheirState) {
+TEST_F(Painting, TextsTakeTheColorOfTheirState) {
     root.With("plain", Words(DT_String, "enabled")).With("chosen", Words(DT_String, "selected"));
     root.AddMember("protected", false, Words(DT_String, "disabled"));
     Bind(root);
@@ -48,7 +48,7 @@ TEST_F(Painting, TextsTakeTheColourOfTheirState) {
     EXPECT_EQ(unfocused.At(MiddleOf(Cell(1, 1))), 0xCCCCCCu);
 }
 
-TEST_F(Painting, SwatchesShowTheirColourAndLetTheGroundThrough) {
+TEST_F(Painting, SwatchesShowTheirColorAndLetTheGroundThrough) {
     root.With("opaque", Word(DT_ColorRGB, 0x003366FFu)); // the top byte does not count
     root.With("white", Word(DT_ColorRGB, 0xFFFFFFFFu));
     root.With("half", Word(DT_ColorARGB, 0x80000000u));
@@ -68,7 +68,7 @@ TEST_F(Painting, SwatchesShowTheirColourAndLetTheGroundThrough) {
     EXPECT_GE(picture.FindText("0x3366ff")->rect.left, LeftSquare(Cell(0, 1)).right);
 }
 
-TEST_F(Painting, TextOnARowOfItsOwnColourStaysReadable) {
+TEST_F(Painting, TextOnARowOfItsOwnColorStaysReadable) {
     root.With("dark", Words(DT_String, "on dark")).With("light", Words(DT_String, "on light"));
     Bind(root);
     grid.NodeAtRow(0)->info->rowColor = 0x400000;
@@ -144,7 +144,7 @@ TEST_F(Painting, OnlyWhatIsOnScreenIsRepainted) {
 }
 
 TEST_F(Painting, NarrowAndEmptyCellsAreHarmless) {
-    root.With("file", Words(DT_FileName, "plan")).With("colour", Word(DT_ColorARGB, 0x80000000u));
+    root.With("file", Words(DT_FileName, "plan")).With("color", Word(DT_ColorARGB, 0x80000000u));
     root.With("random", Whole(DT_RandomInt, 1)).With("flag", Flag(true));
     Bind(root);
     for (const int width : {0, 1, 5, 12}) {

@@ -14,7 +14,7 @@ constexpr int ButtonMargin = 2; // between the sign of a tree button and its fra
 constexpr int BoxMargin = 2;    // around a check box, whose region is as high as the row
 constexpr int TextInset = 2;    // left of a text
 
-// What the button takes of its box: an odd square around the box's centre.
+// What the button takes of its box: an odd square around the box's center.
 CRect ButtonRect(const CRect& box) {
     const int reach = box.Height() / 4;
     const CPoint center{box.left + box.Width() / 2, box.top + box.Height() / 2};

@@ -54,7 +54,7 @@ void PainterSurface::Text(const CString& text, const CRect& rect, COLORREF color
 }
 
 // The last pixel of a line is not painted, so that lines in a row do not overlap. Dots lie on the squares
-// of one colour of a chess board over the whole window, so that lines that meet go on evenly.
+// of one color of a chess board over the whole window, so that lines that meet go on evenly.
 void PainterSurface::Line(CPoint from, CPoint to, COLORREF color, LinePattern pattern) {
     const QBrush brush(ToQColor(color),
                        pattern == LinePattern::Dotted ? Qt::Dense4Pattern : Qt::SolidPattern);

@@ -188,7 +188,7 @@ unsigned HeadlessDisplay::TrackMenu(HWND, CPoint, const std::vector<MenuEntry>& 
 }
 
 std::optional<COLORREF> HeadlessDisplay::ChooseColor(HWND, COLORREF) {
-    return TakeAnswer(m_colorAnswers, "a colour");
+    return TakeAnswer(m_colorAnswers, "a color");
 }
 
 std::optional<CString> HeadlessDisplay::ChooseFile(HWND, const FileQuery& query) {
