@@ -58,9 +58,9 @@ private:
         failure.Try([&] { m_grid.DeleteAllNodes(); });
         m_grid.Invalidate();
         if (std::exchange(m_hasWidths, false))
-            m_grid.SaveColumnWidths();
-        while (m_grid.GetColumnCount() > 0)
-            m_grid.DeleteColumn(0);
+            failure.Try([&] { m_grid.SaveColumnWidths(); });
+        for (int left = m_grid.GetColumnCount(); left > 0; --left)
+            failure.Try([&] { m_grid.DeleteColumn(0); });
         failure.Rethrow();
     }
 
@@ -290,11 +290,11 @@ void CEditableGrid::OnOperationRemove(IMemberDispatch* disp, const std::string& 
         return;
     const BindingWatch binding = m_binding->rows.WatchBinding();
     int selected = -1;
+    FirstFailure failure;
     if (GetSelectedNode() == node) {
         selected = RowOfNode(node);
-        SetItemState(selected, 0, LVIS_SELECTED | LVIS_FOCUSED);
+        failure.Try([&] { SetItemState(selected, 0, LVIS_SELECTED | LVIS_FOCUSED); });
     }
-    FirstFailure failure;
     failure.Try([&] { RemoveDispMember(nullptr, disp, name, value); });
     const int rows = GetItemCount();
     const int row = selected < rows ? selected : std::max(selected - 1, 0);
