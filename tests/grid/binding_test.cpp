@@ -97,6 +97,30 @@ TEST_F(BoundGridTest, ColumnWidthsAreThreeFifthsAtFirstAndKeptFromThenOn) {
     EXPECT_GE(grid.GetColumnWidth(1), display.TextWidth("a title that needs room"));
 }
 
+TEST_F(BoundGridTest, NoMemberIsFoundInARowThatHasGone) {
+    point.With("x", Whole(DT_Int, 1));
+    root.With("p", Group(&point));
+    BindAndExpand();
+    HostObject& other = Object("other");
+    other.With("m", Whole(DT_Int, 2));
+    grid.InsertDispMember(grid.LookupTreeItem(&point), &other, -1UL, "m", Whole(DT_Int, 2));
+    EXPECT_NE(grid.LookupTreeItem(&other, "m"), nullptr);
+    SinkOf(root).OnOperationRemove("p", Group(&point));
+    EXPECT_EQ(grid.LookupTreeItem(&other, "m"), nullptr)
+        << "a member of an object that is none of the rows above";
+
+    grid.Clear();
+    grid.SetLayoutMultiColumn({"Name", "x", "y"});
+    Bind(root);
+    point.With("y", Whole(DT_Int, 3)); // the grid has not heard of it
+    root.With("second", Group(&point));
+    SinkOf(root).OnOperationAdd("second", Group(&point));
+    SinkOf(root).OnOperationRemove("second", Group(&point));
+    EXPECT_EQ(grid.LookupTreeItem(&point, "y"), nullptr)
+        << "a cell of the second row of an object that stays";
+    EXPECT_NE(grid.LookupTreeItem(&point, "x"), nullptr);
+}
+
 TEST_F(BoundGridTest, InTheMultiColumnLayoutARowIsAnObject) {
     point.With("x", Whole(DT_Int, 1)).With("y", Whole(DT_Int, 2)).With("unlisted", Whole(DT_Int, 3));
     HostObject& second = Object("second");

@@ -43,6 +43,13 @@ private:
     const bool m_former;
 };
 
+// A row is filed under the object of the row above it, unless the host has added it for another one.
+void ForgetRow(MemberIndex& index, const IMemberDispatch* disp, const grid::CTreeItem& row) {
+    const bool wasFiled = row.info->indexHash != 0;
+    if (!index.RemoveRow(disp, row) && wasFiled)
+        index.RemoveRow(row);
+}
+
 } // namespace
 
 AttributeRows::AttributeRows(AttributeTree& tree, IObserverGrid* observer)
@@ -260,9 +267,7 @@ void AttributeRows::Remove(IMemberDispatch* disp, const std::string& name) {
 // Everything that leads to the rows goes before the observer is told, which may come back here.
 void AttributeRows::OnRowUnlinked(CTreeItem& top, const CTreeItem* formerParent) {
     ++m_rowLosses;
-    const bool isForgotten = m_index.RemoveRow(formerParent ? formerParent->info->disp : m_root, top);
-    if (!isForgotten && !formerParent)
-        m_index.RemoveRow(top);
+    ForgetRow(m_index, formerParent ? formerParent->info->disp : m_root, top);
     std::vector<CTreeItem*> rows; // children in order, then their parent: from the last to the first
     std::vector<CTreeItem*> open{&top};
     while (!open.empty()) {
@@ -270,9 +275,12 @@ void AttributeRows::OnRowUnlinked(CTreeItem& top, const CTreeItem* formerParent)
         open.pop_back();
         rows.push_back(row);
         for (CTreeItem* child : row->children()) {
-            m_index.RemoveRow(row->info->disp, *child);
+            ForgetRow(m_index, row->info->disp, *child);
             open.push_back(child);
         }
+        IMemberDispatch* disp = row->info->disp;
+        if (layout.rowsAreObjects && disp && m_groups.RowOf(disp) != row)
+            m_index.RemoveCells(disp, *row); // a further row of an object that stays
     }
     std::reverse(rows.begin(), rows.end());
     ShownGroups::Leaving groups = m_groups.Leave(rows);

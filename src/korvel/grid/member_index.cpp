@@ -138,6 +138,23 @@ void MemberIndex::RemoveSlot(Tables::iterator table, std::size_t slot) {
         m_tables.erase(table);
 }
 
+void MemberIndex::RemoveCells(const IMemberDispatch* disp, const CTreeItem& row) {
+    const auto table = m_tables.find(disp);
+    if (table == m_tables.end())
+        return;
+    for (std::size_t slot = 0; slot < table->second.Slots().size();) {
+        const MemberEntry& entry = table->second.At(slot);
+        if (entry.node != &row || entry.name == 0) {
+            ++slot;
+            continue;
+        }
+        const bool isLast = table->second.Size() == 1;
+        RemoveSlot(table, slot); // another entry may move into the slot
+        if (isLast)
+            return;
+    }
+}
+
 void MemberIndex::RemoveObject(const IMemberDispatch* disp) {
     const auto table = m_tables.find(disp);
     if (table == m_tables.end())

@@ -50,6 +50,8 @@ public:
     bool RemoveRow(const IMemberDispatch* disp, const CTreeItem& row);
     /// The same for a row of whatever object: looks through all objects.
     bool RemoveRow(const CTreeItem& row);
+    /// Removes the members of an object that are cells of a row.
+    void RemoveCells(const IMemberDispatch* disp, const CTreeItem& row);
     /// Removes all members of an object.
     void RemoveObject(const IMemberDispatch* disp);
 
