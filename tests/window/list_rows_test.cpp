@@ -77,10 +77,10 @@ TEST_F(ListRows, DeletingDeselectsTellsFromTheLastRowUpAndMovesTheFocus) {
         Choose(selected);
         parent.notices.clear();
         std::pair<UINT, UINT> states{Both, 0};
-        parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
+        parent.answer = [&, row = border](const NMLISTVIEW& notice) -> LRESULT {
             if (notice.hdr.code == LVN_ITEMCHANGED) {
                 states = {notice.uOldState, notice.uNewState};
-                EXPECT_EQ(list.GetItemState(notice.iItem, Both), 0u) << border;
+                EXPECT_EQ(list.GetItemState(notice.iItem, Both), 0u) << row;
             }
             return 0;
         };
