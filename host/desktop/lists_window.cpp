@@ -37,6 +37,7 @@ int WidthOf(const std::string& text) {
 
 std::vector<std::string> TitlesOf(const std::deque<DocumentList>& lists) {
     std::vector<std::string> titles;
+    titles.reserve(lists.size());
     for (const DocumentList& list : lists)
         titles.push_back(list.title);
     return titles;

@@ -52,7 +52,7 @@ std::uint32_t ColorOf(char letter) {
 
 Image Draw(const IconRows& rows) {
     Image image{IconSize, IconSize, {}};
-    image.pixels.reserve(IconSize * IconSize);
+    image.pixels.reserve(std::size_t{IconSize} * IconSize);
     for (const char* row : rows)
         for (int x = 0; x < IconSize; ++x)
             image.pixels.push_back(ColorOf(row[x]));

@@ -16,7 +16,7 @@ using Nodes = std::vector<CTreeItem*>;
 grid::NodePtr MakeNode(CItemInfo* info) {
     std::unique_ptr<CItemInfo> content(info ? info : new CItemInfo);
     grid::NodePtr node(new CTreeItem(content.get()));
-    content.release();
+    static_cast<void>(content.release());
     return node;
 }
 
@@ -65,7 +65,7 @@ TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, CItemInfo* info, int posi
     auto node = std::make_unique<CTreeItem>(info ? info : blank.get());
     BeginChange();
     (parent ? parent : m_forest.get())->InsertChild(position, node.get());
-    blank.release();
+    static_cast<void>(blank.release());
     return node.release();
 }
 
@@ -395,7 +395,7 @@ bool TreeRows::FillWithCopies(CTreeItem& target, const CTreeItem& source) {
             parent->InsertChild(-1, copy.get());
             if (!child->children().empty())
                 open.emplace_back(copy.get(), child);
-            copy.release();
+            static_cast<void>(copy.release());
         }
     }
     return true;

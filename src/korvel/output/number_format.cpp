@@ -19,7 +19,7 @@ NumberFormat::NumberFormat(const NumberFormat& other)
 }
 
 NumberFormat& NumberFormat::operator=(const NumberFormat& other) {
-    static_cast<_numberfmtA&>(*this) = other;
+    static_cast<_numberfmtA&>(*this) = static_cast<const _numberfmtA&>(other);
     System = other.System;
     m_decimalSep = other.m_decimalSep;
     m_thousandSep = other.m_thousandSep;

@@ -56,8 +56,8 @@ constexpr KeyCode OnTheMainBlock[] = {
     {Qt::Key_Period, MainPeriod},
 };
 
-template <std::size_t size>
-UINT LookUp(const KeyCode (&table)[size], int qtKey) {
+template <std::size_t Size>
+UINT LookUp(const KeyCode (&table)[Size], int qtKey) {
     const auto found = std::ranges::find(table, qtKey, &KeyCode::qtKey);
     return found == std::end(table) ? 0 : found->key;
 }

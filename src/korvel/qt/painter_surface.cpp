@@ -90,7 +90,7 @@ void PainterSurface::Picture(const Image& image, const CRect& rect) {
     if (image.width <= 0 || image.height <= 0 || image.pixels.size() < needed || rect.IsRectEmpty())
         return;
     const QImage picture(reinterpret_cast<const uchar*>(image.pixels.data()), image.width, image.height,
-                         image.width * 4, QImage::Format_ARGB32);
+                         qsizetype{image.width} * 4, QImage::Format_ARGB32);
     m_painter.drawImage(ToQRect(rect), picture);
 }
 

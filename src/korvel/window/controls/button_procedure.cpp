@@ -185,7 +185,7 @@ LRESULT ButtonProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return answer ? *answer : DefWindowProcA(window, message, wParam, lParam);
 }
 
-[[maybe_unused]] const bool registered = RegisterControlClass<ButtonState>("BUTTON", ButtonProcedure);
+[[maybe_unused]] const bool Registered = RegisterControlClass<ButtonState>("BUTTON", ButtonProcedure);
 
 } // namespace
 

@@ -136,7 +136,7 @@ LRESULT EditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
 
 namespace {
 
-[[maybe_unused]] const bool registered = RegisterControlClass<EditState>("EDIT", EditProcedure);
+[[maybe_unused]] const bool Registered = RegisterControlClass<EditState>("EDIT", EditProcedure);
 
 } // namespace
 

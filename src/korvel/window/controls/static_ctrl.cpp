@@ -18,7 +18,7 @@ LRESULT StaticProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-[[maybe_unused]] const bool registered = RegisterControlClass<StaticState>("STATIC", StaticProcedure);
+[[maybe_unused]] const bool Registered = RegisterControlClass<StaticState>("STATIC", StaticProcedure);
 
 } // namespace
 

@@ -22,7 +22,7 @@ std::optional<WindowClass> FindWindowClass(std::string_view name);
 /// Registers the class of a control whose state is a `State`, made of the record or of nothing. Each control
 /// does it when the library is loaded:
 ///
-///     [[maybe_unused]] const bool registered = RegisterControlClass<EditState>("EDIT", EditProcedure);
+///     [[maybe_unused]] const bool Registered = RegisterControlClass<EditState>("EDIT", EditProcedure);
 template <class State>
 bool RegisterControlClass(const char* name, WNDPROC procedure) {
     return RegisterWindowClass({name, procedure,

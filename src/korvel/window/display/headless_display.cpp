@@ -19,7 +19,7 @@ namespace {
 constexpr int CharacterWidth = 7;
 
 // Never destroyed, as windows may end while the process does.
-[[maybe_unused]] const bool registered = SetDefaultDisplay([]() -> IDisplay& {
+[[maybe_unused]] const bool Registered = SetDefaultDisplay([]() -> IDisplay& {
     static auto& display = *new HeadlessDisplay;
     return display;
 });

@@ -153,7 +153,7 @@ LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-[[maybe_unused]] const bool registered = RegisterControlClass<HeaderState>("SysHeader32", HeaderProcedure);
+[[maybe_unused]] const bool Registered = RegisterControlClass<HeaderState>("SysHeader32", HeaderProcedure);
 
 } // namespace
 

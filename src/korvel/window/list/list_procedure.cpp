@@ -160,7 +160,7 @@ LRESULT ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcA(window, message, wParam, lParam);
 }
 
-[[maybe_unused]] const bool registered = RegisterControlClass<ListState>("SysListView32", ListProcedure);
+[[maybe_unused]] const bool Registered = RegisterControlClass<ListState>("SysListView32", ListProcedure);
 
 } // namespace
 
