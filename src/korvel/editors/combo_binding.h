@@ -44,7 +44,7 @@ public:
     void VisitEntries(Visit visit) const;
 
 private:
-    friend class BindingWatch;
+    friend class ComboBindingWatch;
 
     const EComboListMode m_mode;
     IEnumValue* m_enumeration = nullptr;
@@ -56,12 +56,13 @@ private:
 /// Whether a binding that was there still is. Look after every call of the host: it may have ended the
 /// binding, and even begun another.
 ///
-///     const BindingWatch bound(binding);
+///     const ComboBindingWatch bound(binding);
 ///     if (!binding.Enumeration()->GetName(id, name) || !bound)
 ///         return;
-class BindingWatch {
+class ComboBindingWatch {
 public:
-    explicit BindingWatch(const ComboBinding& binding) : m_binding(binding), m_closings(binding.m_closings) {}
+    explicit ComboBindingWatch(const ComboBinding& binding)
+        : m_binding(binding), m_closings(binding.m_closings) {}
     explicit operator bool() const { return m_closings == m_binding.m_closings; }
 
 private:
@@ -71,7 +72,7 @@ private:
 
 template <class Visit>
 void ComboBinding::VisitEntries(Visit visit) const {
-    const BindingWatch bound(*this);
+    const ComboBindingWatch bound(*this);
     EnumPosition position = m_enumeration->GetFirstPosition();
     while (bound && position) {
         const long id = m_enumeration->GetNext(position);

@@ -1,6 +1,5 @@
 #include "korvel/editors/combo_commands.h"
 
-#include "korvel/editors/combo_list.h"
 #include "korvel/editors/combo_names.h"
 #include "korvel/values/replace_first.h"
 #include "korvel/values/text_table.h"
@@ -8,8 +7,6 @@
 namespace korvel::internal {
 
 namespace {
-
-constexpr UINT F2Key = 0x71;
 
 struct CommandText {
     UINT command;
@@ -44,22 +41,23 @@ bool ComboCommands::IsEnabled(std::uint32_t command, EnumFlags flag) const {
 }
 
 void ComboCommands::TrackMenu(CPoint point) {
-    m_list.SetFocus();
-    const int row = m_list.HitTest(point);
+    CListCtrl& control = m_view.Control();
+    control.SetFocus();
+    const int row = control.HitTest(point);
     if (row != -1)
-        m_list.SetCurrentRow(row);
-    const std::vector<MenuEntry> menu = BuildMenu(m_list.GetTreeItem(row));
+        m_input.SetCurrentRow(row);
+    const std::vector<MenuEntry> menu = BuildMenu(m_view.ItemAt(row));
     if (!menu.empty())
-        Run(Display().TrackMenu(m_list.m_hWnd, ClientToScreen(m_list.m_hWnd, point), menu));
+        Run(Display().TrackMenu(control.m_hWnd, ClientToScreen(control.m_hWnd, point), menu));
 }
 
 std::vector<MenuEntry> ComboCommands::BuildMenu(const ComboTreeItem* item) const {
     std::vector<MenuEntry> menu;
-    if (IsEnabled(CComboList::eCommandAdd, ENF_Add))
+    if (IsEnabled(eCommandAdd, ENF_Add))
         AddEntriesForAdding(menu);
-    if (item && IsEnabled(CComboList::eCommandDelete, ENF_Delete))
+    if (item && IsEnabled(eCommandDelete, ENF_Delete))
         menu.push_back(EntryFor(DeleteThis, item->GetLabel()));
-    if (item && IsEnabled(CComboList::eCommandRename, ENF_Rename))
+    if (item && IsEnabled(eCommandRename, ENF_Rename))
         menu.push_back(EntryFor(RenameThis, item->GetLabel()));
     if (item && item->IsValue() && m_model.Binding().IsTable()) {
         if (!menu.empty())
@@ -77,14 +75,14 @@ void ComboCommands::AddEntriesForAdding(std::vector<MenuEntry>& menu) const {
     menu.push_back(EntryFor(AddValueToTree));
     menu.push_back(EntryFor(AddGroupToTree));
     if (const ComboTreeItem* group = CurrentGroup()) {
-        const std::string path = m_list.GetPath(*group);
+        const std::string path = ComboNames(m_model).Path(*group);
         menu.push_back(EntryFor(AddValueHere, path));
         menu.push_back(EntryFor(AddGroupHere, path));
     }
 }
 
 ComboTreeItem* ComboCommands::CurrentItem() const {
-    return m_list.GetTreeItem(m_list.GetCurrentRow());
+    return m_view.ItemAt(m_input.CurrentRow());
 }
 
 // What new entries are added under: the current item, or its group. That of an entry at the top is the root,
@@ -119,18 +117,18 @@ bool ComboCommands::Run(UINT command) {
 }
 
 bool ComboCommands::RunByKey(UINT key) {
-    if (m_list.GetMode() == eDropDown || !CurrentItem())
+    if (m_view.IsDropDown() || !CurrentItem())
         return false;
-    if (key == F2Key && IsEnabled(CComboList::eCommandRename, ENF_Rename))
+    if (key == VK_F2 && IsEnabled(eCommandRename, ENF_Rename))
         return Run(ComboCommandRename);
-    if (key == VK_DELETE && IsEnabled(CComboList::eCommandDelete, ENF_Delete))
+    if (key == VK_DELETE && IsEnabled(eCommandDelete, ENF_Delete))
         return Run(ComboCommandDelete);
     return false;
 }
 
 void ComboCommands::TellDataSheet() {
-    korvel::SendMessageA(m_list.GetOwnerWindow(), WM_COMMAND, ComboCommandDataSheet,
-                         reinterpret_cast<LPARAM>(m_list.m_hWnd));
+    SendMessageA(m_view.Owner(), WM_COMMAND, ComboCommandDataSheet,
+                 reinterpret_cast<LPARAM>(m_view.Control().m_hWnd));
 }
 
 void ComboCommands::AddRootItem() {
@@ -144,7 +142,7 @@ void ComboCommands::AddRootGroup() {
 }
 
 bool ComboCommands::TakesRootItems() const {
-    const BindingWatch bound(m_model.Binding());
+    const ComboBindingWatch bound(m_model.Binding());
     return m_model.Binding().Enumeration()->GetDataType() == DT_String && bound;
 }
 
@@ -159,7 +157,7 @@ void ComboCommands::AddGroup() {
 }
 
 void ComboCommands::AddEntryUnder(ComboTreeItem& parent) {
-    const BindingWatch bound(m_model.Binding());
+    const ComboBindingWatch bound(m_model.Binding());
     const ComboNames names(m_model);
     const std::string name = names.UniqueNameUnder(parent, m_baseName);
     const std::string path = names.Path(parent);
@@ -167,20 +165,20 @@ void ComboCommands::AddEntryUnder(ComboTreeItem& parent) {
         return;
     const ComboTreeItem* item = m_model.AddValue(name, path);
     if (item && item->HasRow()) {
-        m_list.SetCurrentRow(item->GetRow());
-        m_list.RedrawWindow();
+        m_input.SetCurrentRow(item->GetRow());
+        m_view.Control().RedrawWindow();
     }
 }
 
 void ComboCommands::AddGroupUnder(ComboTreeItem& parent) {
-    const BindingWatch bound(m_model.Binding());
+    const ComboBindingWatch bound(m_model.Binding());
     const std::string name = ComboNames(m_model).UniqueNameUnder(parent, m_baseName);
     if (!bound || !m_model.Tree().Contains(parent))
         return;
     const ComboTreeItem& group = m_model.InsertGroup(parent, name);
     m_model.ExpandParent(&parent);
-    m_list.SetCurrentRow(group.HasRow() ? group.GetRow() : -1);
-    m_list.RedrawWindow();
+    m_input.SetCurrentRow(group.HasRow() ? group.GetRow() : -1);
+    m_view.Control().RedrawWindow();
 }
 
 void ComboCommands::Delete() {
@@ -190,22 +188,23 @@ void ComboCommands::Delete() {
 
 void ComboCommands::Rename() {
     if (CurrentItem())
-        m_list.SendMessageA(LVM_EDITLABEL, static_cast<WPARAM>(m_list.GetCurrentRow()));
+        m_view.Control().SendMessageA(LVM_EDITLABEL, static_cast<WPARAM>(m_input.CurrentRow()));
 }
 
 LRESULT ComboCommands::OnBeginLabelEdit(int row) {
-    if (!m_list.GetTreeItem(row) || !IsEnabled(CComboList::eCommandRename, ENF_Rename))
-        return 1;
-    korvel::MoveWindow(m_list.GetEditControl(), m_list.GetRectLabel(row));
-    return 0;
+    const bool isAllowed = m_view.ItemAt(row) && IsEnabled(eCommandRename, ENF_Rename);
+    const auto geometry = isAllowed ? m_view.GeometryOf(row) : std::nullopt;
+    if (geometry)
+        MoveWindow(m_view.Control().GetEditControl(), geometry->Label());
+    return geometry ? 0 : 1;
 }
 
 LRESULT ComboCommands::OnEndLabelEdit(int row, const char* text) {
-    ComboTreeItem* item = m_list.GetTreeItem(row);
+    ComboTreeItem* item = m_view.ItemAt(row);
     if (!item || !text)
         return 0;
     const bool isRenamed = ComboNames(m_model).RenameLabel(*item, text);
-    m_list.RedrawWindow();
+    m_view.Control().RedrawWindow();
     return isRenamed;
 }
 

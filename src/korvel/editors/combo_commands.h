@@ -1,22 +1,18 @@
 #pragma once
 
+#include "korvel/editors/combo_input.h"
 #include "korvel/editors/combo_list_codes.h"
-#include "korvel/editors/combo_model.h"
 #include "korvel/window/core/display.h"
 
 #include <string>
 #include <vector>
-
-namespace korvel {
-class CComboList;
-}
 
 namespace korvel::internal {
 
 /// The commands of a list: its context menu and what its entries do, and the editing of labels.
 class ComboCommands {
 public:
-    ComboCommands(CComboList& list, ComboModel& model) : m_list(list), m_model(model) {}
+    ComboCommands(ComboView& view, ComboInput& input) : m_view(view), m_input(input), m_model(view.Model()) {}
 
     /// Bits of ECommandList.
     void Enable(std::uint32_t commands, bool enable);
@@ -52,7 +48,8 @@ private:
     void AddEntryUnder(ComboTreeItem& parent);
     void AddGroupUnder(ComboTreeItem& parent);
 
-    CComboList& m_list;
+    ComboView& m_view;
+    ComboInput& m_input; // which row is current
     ComboModel& m_model;
     std::uint32_t m_enabled = 0;
     std::string m_baseName;

@@ -1,7 +1,7 @@
 #include "korvel/editors/combo_input.h"
 
-#include "korvel/editors/combo_list.h"
-#include "korvel/editors/grid_ctrl_combo_box_input_state.h"
+#include "korvel/editors/combo_list_codes.h"
+#include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 #include "korvel/editors/make_input_state.h"
 #include "korvel/window/core/display.h"
 #include "korvel/window/core/input.h"
@@ -27,17 +27,16 @@ bool IsKeyOfLists(WPARAM key) {
 
 } // namespace
 
-ComboInput::ComboInput(CComboList& list, ComboModel& model)
-    : m_list(list), m_model(model), m_preview(list, {[&list](CPoint point) { return list.HitTest(point); },
-                                                     [&list](int row) { return list.GetImagePath(row); },
-                                                     [&list](int row) { return list.GetRectLabel(row); }}) {}
+ComboInput::ComboInput(ComboView& view, const ComboWriteBack& writeBack)
+    : m_view(view), m_control(view.Control()), m_writeBack(writeBack), m_preview(view) {}
 
 void ComboInput::Begin() {
-    const BindingWatch bound(m_model.Binding());
-    const std::uint32_t flags = m_model.Binding().Enumeration()->GetEnumFlags();
+    const ComboBinding& binding = m_view.Model().Binding();
+    const ComboBindingWatch bound(binding);
+    const std::uint32_t flags = binding.Enumeration()->GetEnumFlags();
     if (!bound)
         return;
-    auto state = MakeInputState(m_list, flags);
+    auto state = MakeInputState(m_view, flags);
     if (bound)
         m_state = std::move(state);
     else if (state)
@@ -49,6 +48,17 @@ void ComboInput::End() {
     m_typeAhead = {};
     if (const auto state = std::exchange(m_state, nullptr))
         state->Detach();
+}
+
+int ComboInput::CurrentRow() const {
+    return m_state ? m_state->GetCurrent() : -1;
+}
+
+void ComboInput::SetCurrentRow(int row) {
+    if (const auto state = m_state) {
+        state->SetCurrent(m_view.ItemAt(row) ? row : -1);
+        m_control.EnsureVisible(state->GetCurrent(), false);
+    }
 }
 
 std::optional<LRESULT> ComboInput::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -72,7 +82,7 @@ std::optional<LRESULT> ComboInput::Handle(UINT message, WPARAM wParam, LPARAM lP
     case WM_TIMER:
         if (wParam != ComboPreview::TimerId)
             return std::nullopt;
-        if (m_list.IsInitialized())
+        if (m_view.Model().Binding().IsOpen())
             m_preview.OnTimer();
         return 0;
     default:
@@ -81,7 +91,7 @@ std::optional<LRESULT> ComboInput::Handle(UINT message, WPARAM wParam, LPARAM lP
 }
 
 LRESULT ComboInput::PassToList(UINT message, WPARAM wParam, LPARAM lParam) {
-    return m_list.CListCtrl::WindowProc(message, wParam, lParam);
+    return m_control.CListCtrl::WindowProc(message, wParam, lParam);
 }
 
 // The list control's own handling of a press takes the keyboard and selects. A list that drops down serves a
@@ -89,15 +99,15 @@ LRESULT ComboInput::PassToList(UINT message, WPARAM wParam, LPARAM lParam) {
 LRESULT ComboInput::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
     const CPoint point = PointOf(lParam);
     const auto flags = static_cast<UINT>(wParam);
-    const bool isDesign = m_list.GetMode() != eDropDown;
-    const bool passes = isDesign && m_list.HitTest(point) != -1;
+    const bool isDesign = !m_view.IsDropDown();
+    const bool passes = isDesign && m_control.HitTest(point) != -1;
     if (passes)
         PassToList(message, wParam & ~WPARAM{MK_SHIFT | MK_CONTROL}, lParam);
     else if (isDesign && message == WM_LBUTTONDOWN)
-        m_list.SetFocus();
+        m_control.SetFocus();
     if (const auto state = m_state) {
         if (passes && message == WM_LBUTTONDBLCLK)
-            state->SetCurrent(m_list.GetNextItem(-1, LVNI_SELECTED)); // the list control has moved it
+            state->SetCurrent(m_control.GetNextItem(-1, LVNI_SELECTED)); // the list control has moved it
         if (message == WM_LBUTTONDOWN)
             state->OnLButtonDown(flags, point);
         else if (message == WM_LBUTTONUP)
@@ -110,11 +120,11 @@ LRESULT ComboInput::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT ComboInput::HandleMouseMove(WPARAM wParam, LPARAM lParam) {
-    if (m_list.GetMode() != eDropDown)
+    if (!m_view.IsDropDown())
         PassToList(WM_MOUSEMOVE, wParam, lParam);
     if (const auto state = m_state)
         state->OnMouseMove(static_cast<UINT>(wParam), PointOf(lParam));
-    if (m_list.IsInitialized())
+    if (m_view.Model().Binding().IsOpen())
         m_preview.OnMouseMove(PointOf(lParam));
     return 0;
 }
@@ -140,13 +150,13 @@ LRESULT ComboInput::HandleKey(UINT message, WPARAM wParam, LPARAM lParam) {
         }
     }
     DismissPreview();
-    return IsKeyOfLists(wParam) ? 0 : DefWindowProcA(m_list.m_hWnd, message, wParam, lParam);
+    return IsKeyOfLists(wParam) ? 0 : DefWindowProcA(m_control.m_hWnd, message, wParam, lParam);
 }
 
 // An owner that hands its keys to the dropped list gets no characters for them.
 void ComboInput::TakeForwardedCharacters(UINT key, LPARAM data) {
     const input::KeyOnTheWay* typed = input::CurrentKey();
-    if (!typed || typed->window == m_list.m_hWnd || typed->key != key)
+    if (!typed || typed->window == m_control.m_hWnd || typed->key != key)
         return;
     const CString characters = typed->characters;
     for (const char character : characters)
@@ -157,7 +167,7 @@ LRESULT ComboInput::HandleCharacter(WPARAM wParam, LPARAM lParam) {
     const auto state = m_state;
     const auto character = static_cast<char>(wParam);
     if (!state || static_cast<unsigned char>(character) < ' ')
-        return DefWindowProcA(m_list.m_hWnd, WM_CHAR, wParam, lParam);
+        return DefWindowProcA(m_control.m_hWnd, WM_CHAR, wParam, lParam);
     if (character == ' ' && state->TakesSpace())
         return 0;
     const int row = FindRowByText(m_typeAhead.Type(character, Display().Now()));
@@ -167,9 +177,9 @@ LRESULT ComboInput::HandleCharacter(WPARAM wParam, LPARAM lParam) {
 }
 
 int ComboInput::FindRowByText(const TypeAhead::Search& search) const {
-    const ComboTree& tree = m_model.Tree();
+    const ComboTree& tree = m_view.Model().Tree();
     const int count = tree.RowCount();
-    const int first = m_list.GetCurrentRow() + (search.beginsAtNext ? 1 : 0);
+    const int first = CurrentRow() + (search.beginsAtNext ? 1 : 0);
     for (int step = 0; step < count && !search.beginning.empty(); ++step) {
         const int row = (std::max(first, 0) + step) % count;
         if (TypeAhead::BeginsWith(tree.ItemAt(row)->GetLabel(), search.beginning))
@@ -180,14 +190,14 @@ int ComboInput::FindRowByText(const TypeAhead::Search& search) const {
 
 LRESULT ComboInput::HandleFocus(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = PassToList(message, wParam, lParam);
-    m_list.RedrawRow(std::max(m_list.GetCurrentRow(), 0));
-    m_list.SendParentComboMessage(message == WM_SETFOCUS ? ComboListSetFocus : ComboListKillFocus);
+    m_view.RedrawRow(std::max(CurrentRow(), 0));
+    m_view.Notify(message == WM_SETFOCUS ? ComboListSetFocus : ComboListKillFocus);
     return result;
 }
 
 // A value that is written back may make the list hear of itself: the picture must not vanish under it.
 void ComboInput::DismissPreview() {
-    if (m_list.IsRunningUpdateDisp())
+    if (m_writeBack.IsWriting())
         m_dismissesAfterWriting = true;
     else
         m_preview.Dismiss();
@@ -196,7 +206,7 @@ void ComboInput::DismissPreview() {
 void ComboInput::OnWrittenBack() {
     if (std::exchange(m_dismissesAfterWriting, false)) {
         m_preview.Dismiss();
-        m_list.RedrawWindow();
+        m_control.RedrawWindow();
     }
 }
 

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "korvel/editors/combo_model.h"
 #include "korvel/editors/combo_preview.h"
+#include "korvel/editors/combo_view.h"
+#include "korvel/editors/combo_write_back.h"
 #include "korvel/window/list/type_ahead.h"
 
 #include <memory>
 #include <optional>
 
 namespace korvel {
-class CComboList;
 class IGridCtrlComboBoxInputState;
-} // namespace korvel
+}
 
 namespace korvel::internal {
 
@@ -18,7 +18,7 @@ namespace korvel::internal {
 /// by typed letters, and shows the pictures of entries.
 class ComboInput {
 public:
-    ComboInput(CComboList& list, ComboModel& model);
+    ComboInput(ComboView& view, const ComboWriteBack& writeBack);
 
     /// Makes the state that the enumeration asks for; none for no such mode, which then takes no events.
     void Begin();
@@ -26,6 +26,11 @@ public:
     void End();
     /// Null between End and Begin. Whoever calls it holds it: the host may end the binding meanwhile.
     std::shared_ptr<IGridCtrlComboBoxInputState> State() const { return m_state; }
+
+    /// -1: none.
+    int CurrentRow() const;
+    /// Selects the row and brings it into view; for no such row, none is current.
+    void SetCurrentRow(int row);
 
     /// The result of a message of the user, or none for other messages.
     std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam);
@@ -46,8 +51,9 @@ private:
     void TakeForwardedCharacters(UINT key, LPARAM data);
     int FindRowByText(const TypeAhead::Search& search) const;
 
-    CComboList& m_list;
-    ComboModel& m_model;
+    ComboView& m_view;
+    CListCtrl& m_control;
+    const ComboWriteBack& m_writeBack;
     std::shared_ptr<IGridCtrlComboBoxInputState> m_state;
     TypeAhead m_typeAhead;
     ComboPreview m_preview;

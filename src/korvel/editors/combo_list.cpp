@@ -2,9 +2,8 @@
 
 #include "korvel/editors/combo_list_parts.h"
 #include "korvel/editors/combo_names.h"
-#include "korvel/editors/combo_row_geometry.h"
 #include "korvel/editors/combo_row_painter.h"
-#include "korvel/editors/grid_ctrl_combo_box_input_state.h"
+#include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 #include "korvel/platform/error.h"
 #include "korvel/window/base/first_failure.h"
 
@@ -16,6 +15,7 @@ using internal::ComboListParts;
 using internal::ComboNames;
 using internal::ComboRowGeometry;
 using internal::ComboTree;
+using internal::ComboView;
 
 namespace {
 
@@ -28,8 +28,8 @@ int RowOf(const ComboTreeItem& item) {
     return item.HasRow() ? item.GetRow() : -1;
 }
 
-CRect PartOf(const CComboList& list, int row, CRect (ComboRowGeometry::*part)() const) {
-    const auto geometry = ComboRowGeometry::Of(list, row);
+CRect PartOf(const ComboView& view, int row, CRect (ComboRowGeometry::*part)() const) {
+    const auto geometry = view.GeometryOf(row);
     return geometry ? (*geometry.*part)() : CRect();
 }
 
@@ -68,17 +68,15 @@ void CComboList::PreSubclassWindow() {
 }
 
 void CComboList::SetOwner(CWnd* owner) {
-    m_parts->owner = owner ? owner->m_hWnd : nullptr;
+    m_parts->view.SetOwner(owner ? owner->m_hWnd : nullptr);
 }
 
 HWND CComboList::GetOwnerWindow() const {
-    return m_parts->owner ? m_parts->owner : korvel::GetParent(m_hWnd);
+    return m_parts->view.Owner();
 }
 
 void CComboList::SendParentComboMessage(UINT code) {
-    korvel::SendMessageA(GetOwnerWindow(), WM_COMMAND,
-                         MAKEWPARAM(static_cast<unsigned>(GetDlgCtrlID()), code),
-                         reinterpret_cast<LPARAM>(m_hWnd));
+    m_parts->view.Notify(code);
 }
 
 void CComboList::Initialize(IMemberDispatch* disp, const std::string& name) {
@@ -178,19 +176,13 @@ internal::ComboModel& CComboList::GetModel() {
 }
 
 void CComboList::Expand(CTreeItem* item) {
-    if (item) {
-        const ComboTree::KeepItems keep(m_parts->model.Tree());
-        m_parts->model.Expand(*item);
-        RedrawRow(RowOf(*item)); // also of an empty group, which looks different now
-    }
+    if (item)
+        m_parts->view.Expand(*item);
 }
 
 void CComboList::Collapse(CTreeItem* item) {
-    if (item) {
-        const ComboTree::KeepItems keep(m_parts->model.Tree());
-        m_parts->model.Collapse(*item);
-        RedrawRow(RowOf(*item));
-    }
+    if (item)
+        m_parts->view.Collapse(*item);
 }
 
 void CComboList::ExpandParent(CTreeItem* item) {
@@ -210,15 +202,11 @@ void CComboList::EnableCommands(std::uint32_t commands, bool enable) {
 }
 
 int CComboList::GetCurrentRow() const {
-    const auto state = m_parts->input.State();
-    return state ? state->GetCurrent() : -1;
+    return m_parts->input.CurrentRow();
 }
 
 void CComboList::SetCurrentRow(int row) {
-    if (const auto state = m_parts->input.State()) {
-        state->SetCurrent(GetTreeItem(row) ? row : -1);
-        EnsureVisible(state->GetCurrent(), false);
-    }
+    m_parts->input.SetCurrentRow(row);
 }
 
 void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
@@ -282,19 +270,19 @@ const std::set<EDataTyps>& CComboList::GetSinkTypes() const {
 }
 
 CRect CComboList::GetRectTreeBox(int row) const {
-    return PartOf(*this, row, &ComboRowGeometry::TreeBox);
+    return PartOf(m_parts->view, row, &ComboRowGeometry::TreeBox);
 }
 
 CRect CComboList::GetRectCheckBox(int row) const {
-    return PartOf(*this, row, &ComboRowGeometry::CheckBox);
+    return PartOf(m_parts->view, row, &ComboRowGeometry::CheckBox);
 }
 
 CRect CComboList::GetIconRect(int row) const {
-    return PartOf(*this, row, &ComboRowGeometry::Icon);
+    return PartOf(m_parts->view, row, &ComboRowGeometry::Icon);
 }
 
 CRect CComboList::GetRectLabel(int row) const {
-    return PartOf(*this, row, &ComboRowGeometry::Label);
+    return PartOf(m_parts->view, row, &ComboRowGeometry::Label);
 }
 
 CRect CComboList::GetRectTreeBox(const CTreeItem& item) const {
@@ -318,7 +306,7 @@ bool CComboList::HasCheckBoxes() const {
 }
 
 bool CComboList::HasTree() const {
-    return m_parts->columns.HasTree();
+    return m_parts->view.Columns().HasTree();
 }
 
 bool CComboList::IsTreePreview() const {
@@ -326,8 +314,7 @@ bool CComboList::IsTreePreview() const {
 }
 
 std::string CComboList::GetImagePath(int row) const {
-    const CTreeItem* item = GetTreeItem(row);
-    return item && item->IsValue() ? m_parts->model.Binding().ImagePath(item->GetId()) : std::string();
+    return m_parts->model.ImagePath(row);
 }
 
 bool CComboList::IsPreviewShown() const {
@@ -335,17 +322,13 @@ bool CComboList::IsPreviewShown() const {
 }
 
 CString CComboList::GetColumnText(const CTreeItem& item, int column) const {
-    return m_parts->columns.TextOf(item, column);
+    return m_parts->view.Columns().TextOf(item, column);
 }
 
 void CComboList::DrawItem(DRAWITEMSTRUCT* item) {
     const ComboTree::KeepItems keep(m_parts->model.Tree());
-    internal::ComboRowPainter(*this, *item->hDC).Draw(static_cast<int>(item->itemID), item->itemState);
-}
-
-void CComboList::RedrawRow(int row) {
-    if (GetTreeItem(row))
-        RedrawItems(row, row);
+    internal::ComboRowPainter painter(m_parts->view, GetCurrentRow(), *item->hDC);
+    painter.Draw(static_cast<int>(item->itemID), item->itemState);
 }
 
 LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -373,7 +356,7 @@ LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     case WM_SIZE: {
         const LRESULT sized = CListCtrl::WindowProc(message, wParam, lParam);
-        m_parts->LayColumns();
+        m_parts->view.LayColumns();
         return sized;
     }
     case WM_COMMAND:

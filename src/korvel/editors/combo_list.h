@@ -43,8 +43,8 @@ class KORVEL_API CComboList : public CListCtrl {
 public:
     using CTreeItem = ComboTreeItem;
 
-    /// Commands of the context menu of a design list; each also needs its flag of the enumeration.
-    enum ECommandList : std::uint32_t { eCommandAdd = 1, eCommandRename = 2, eCommandDelete = 4 };
+    using ECommandList = korvel::ECommandList;
+    using enum korvel::ECommandList;
 
     explicit CComboList(EComboListMode mode);
     /// Holds the value; Initialize() then shows its enumeration.
@@ -181,8 +181,6 @@ public:
 
     /// For the library: the entries, apart from the control.
     internal::ComboModel& GetModel();
-    /// Does nothing for no such row.
-    void RedrawRow(int row);
 
 protected:
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;

@@ -2,6 +2,8 @@
 
 #include "korvel/window/base/types.h"
 
+#include <cstdint>
+
 namespace korvel {
 
 // What a list reports to its owner (high word of WM_COMMAND's first parameter).
@@ -10,6 +12,9 @@ inline constexpr UINT ComboListSetFocus = 3;
 inline constexpr UINT ComboListKillFocus = 4;
 inline constexpr UINT ComboListChanged = 9;       ///< the value changed
 inline constexpr UINT ComboListFinished = 0xFFFD; ///< -3: the user has chosen, the owner closes the list
+
+/// What the context menu of a design list may offer; each also needs its flag of the enumeration.
+enum ECommandList : std::uint32_t { eCommandAdd = 1, eCommandRename = 2, eCommandDelete = 4 };
 
 /// Commands of the context menu, as a host may send them (WM_COMMAND). The list passes the data sheet of the
 /// entry in the current row on to its owner, with its handle in lParam.

@@ -1,7 +1,7 @@
 #include "korvel/editors/combo_list_parts.h"
 
 #include "korvel/editors/drop_down_height.h"
-#include "korvel/editors/grid_ctrl_combo_box_input_state.h"
+#include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 
 #include <algorithm>
 #include <limits>
@@ -17,13 +17,13 @@ constexpr int NoEnd = std::numeric_limits<int>::max();
 } // namespace
 
 ComboListParts::ComboListParts(CComboList& comboList, EComboListMode mode)
-    : list(comboList), model(mode, *this), writeBack(model.Binding()), input(comboList, model),
-      commands(comboList, model), dateSink(&comboList), angleSink(&comboList), numberSink(&comboList),
+    : model(mode, *this), view(comboList, model), writeBack(model.Binding()), input(view, writeBack),
+      commands(view, input), dateSink(&comboList), angleSink(&comboList), numberSink(&comboList),
       enumSink(&comboList) {}
 
 void ComboListParts::Open() {
     model.Open();
-    const BindingWatch bound(model.Binding());
+    const ComboBindingWatch bound(model.Binding());
     try {
         Build();
     } catch (...) {
@@ -36,38 +36,22 @@ void ComboListParts::Open() {
 
 void ComboListParts::Build() {
     const ComboTree::KeepItems keep(model.Tree());
-    const BindingWatch bound(model.Binding());
-    auto asked = ComboColumns::Ask(model.Binding());
-    if (!asked)
+    const ComboBindingWatch bound(model.Binding());
+    const auto columns = ComboColumns::Ask(model.Binding());
+    if (!columns)
         return;
-    columns = std::move(*asked);
-    CreateColumns();
+    sinkTypes.insert(columns->Types().begin(), columns->Types().end());
+    view.ShowColumns(*columns);
     const ComboTreeItem* selected = model.InsertEntries();
     if (!bound)
         return;
     OnRowsAdded({0, model.Tree().RowCount()});
     if (selected && selected->HasRow()) {
-        list.SetItemState(selected->GetRow(), LVIS_SELECTED, LVIS_SELECTED);
-        list.EnsureVisible(selected->GetRow(), true);
+        view.Control().SetItemState(selected->GetRow(), LVIS_SELECTED, LVIS_SELECTED);
+        view.Control().EnsureVisible(selected->GetRow(), true);
     }
     if (bound)
         input.Begin();
-}
-
-// Titles are German in every language: kept, saved layouts name columns by them.
-void ComboListParts::CreateColumns() {
-    list.InsertColumn(0, "Bezeichnung", 0);
-    for (const std::string& name : columns.Members())
-        list.InsertColumn(list.GetColumnCount(), name, 0);
-    list.ModifyStyle(columns.IsTable() ? LVS_NOCOLUMNHEADER : 0, columns.IsTable() ? 0 : LVS_NOCOLUMNHEADER);
-    sinkTypes.insert(columns.Types().begin(), columns.Types().end());
-    LayColumns();
-}
-
-void ComboListParts::LayColumns() {
-    const int count = list.GetColumnCount();
-    for (int column = 0; column < count; ++column)
-        list.SetColumnWidth(column, list.GetClientRect().Width() / count);
 }
 
 void ComboListParts::Close() {
@@ -75,14 +59,13 @@ void ComboListParts::Close() {
     input.End();
     field.reset();
     model.Close();
-    while (list.GetColumnCount() > 0)
-        list.DeleteColumn(0);
-    columns = {};
+    view.RemoveColumns();
     writeBack.Forget();
     commands.SetBaseName({});
-    list.SetImageList(nullptr);
+    view.Control().SetImageList(nullptr);
     sinkTypes.clear();
-    list.DeleteRowsQuietly(0, list.GetItemCount()); // last: the host hears the end of a label edit
+    view.Control().DeleteRowsQuietly(
+        0, view.Control().GetItemCount()); // last: the host hears the end of a label edit
 }
 
 void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {
@@ -91,32 +74,33 @@ void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {
         data.push_back(reinterpret_cast<LPARAM>(model.Tree().ItemAt(row)));
     if (const auto state = input.State())
         state->RowsAdded(rows.first, rows.count);
-    list.InsertRows(rows.first, data.data(), rows.count, 0);
+    view.Control().InsertRows(rows.first, data.data(), rows.count, 0);
     PlaceBelowField();
-    list.RedrawWindow();
+    view.Control().RedrawWindow();
 }
 
 void ComboListParts::OnRowsHidden(ComboTree::RowRange rows) {
     if (const auto state = input.State())
         state->RowsRemoved(rows.first, rows.count);
-    list.DeleteRowsQuietly(rows.first, rows.first + rows.count);
+    view.Control().DeleteRowsQuietly(rows.first, rows.first + rows.count);
     PlaceBelowField();
-    list.RedrawWindow();
+    view.Control().RedrawWindow();
 }
 
 // The current row is then the one that took the number, or the new last.
 void ComboListParts::OnRowsRemoved(ComboTree::RowRange rows) {
-    const BindingWatch bound(model.Binding());
-    const int current = list.GetCurrentRow();
+    const ComboBindingWatch bound(model.Binding());
+    const int current = input.CurrentRow();
     const bool wasCurrent = current >= rows.first && current < rows.first + rows.count;
     OnRowsHidden(rows); // the host hears the end of a label edit, and may end the binding
     if (wasCurrent && bound)
-        list.SetCurrentRow(std::min(rows.first, model.Tree().RowCount() - 1));
+        input.SetCurrentRow(std::min(rows.first, model.Tree().RowCount() - 1));
 }
 
 void ComboListParts::PlaceBelowField() {
     if (!field)
         return;
+    const CListCtrl& list = view.Control();
     CRect firstRow;
     const int header = list.GetItemRect(list.GetTopIndex(), &firstRow) ? firstRow.top : 0;
     const int border = list.GetWindowRect().Height() - list.GetClientRect().Height();

@@ -1,11 +1,8 @@
 #pragma once
 
-#include "korvel/editors/combo_columns.h"
 #include "korvel/editors/combo_commands.h"
 #include "korvel/editors/combo_input.h"
 #include "korvel/editors/combo_list.h"
-#include "korvel/editors/combo_model.h"
-#include "korvel/editors/combo_write_back.h"
 
 #include <optional>
 #include <set>
@@ -20,8 +17,6 @@ struct ComboListParts final : ComboRowSink {
     void Open();
     /// Empties the list and forgets what it was about.
     void Close();
-    /// All columns of one width, over the whole list.
-    void LayColumns();
 
     void OnRowsAdded(ComboTree::RowRange rows) override;
     void OnRowsHidden(ComboTree::RowRange rows) override;
@@ -30,16 +25,13 @@ struct ComboListParts final : ComboRowSink {
     void PlaceBelowField();
 
     void Build();
-    void CreateColumns();
 
-    CComboList& list;
     ComboModel model;
-    ComboColumns columns;
+    ComboView view;
     ComboWriteBack writeBack;
     ComboInput input;
     ComboCommands commands;
     std::set<EDataTyps> sinkTypes;
-    HWND owner = nullptr;
     std::optional<CRect> field; // that the list has dropped below
     IDateFormatChangedImp<CComboList> dateSink;
     IAngleFormatChangedImp<CComboList> angleSink;

@@ -55,6 +55,9 @@ public:
     ComboTreeItem* EntryAdded(long id);
     void EntryRemoved(long id);
 
+    /// Of the entry in a row; empty for a group, and when there is none.
+    std::string ImagePath(int row) const;
+
 private:
     ComboTreeItem& GroupUnder(ComboTreeItem& parent, std::string_view name, ComboTreeItem*& firstNew);
     void RemoveEntry(ComboTreeItem& item);

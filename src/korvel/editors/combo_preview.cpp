@@ -11,7 +11,7 @@ constexpr unsigned Stay = 2000; // and that the picture stays
 
 void ComboPreview::OnMouseMove(CPoint point) {
     m_point = point;
-    const int row = m_source.rowAt(point);
+    const int row = RowUnderPointer();
     switch (m_state) {
     case State::Idle:
         m_state = State::Armed;
@@ -42,16 +42,17 @@ void ComboPreview::OnTimer() {
 }
 
 bool ComboPreview::Show() {
-    const int row = m_source.rowAt(m_point);
-    const std::string path = m_source.imagePath(row);
-    CRect label = m_source.labelRect(row);
+    const int row = RowUnderPointer();
+    const std::string path = m_view.Model().ImagePath(row);
+    const auto geometry = m_view.GeometryOf(row);
     const bool isClosed = m_state == State::Idle; // the host may have closed the list
-    if (isClosed || path.empty() || !m_window.Load(path))
+    if (isClosed || !geometry || path.empty() || !m_window.Load(path))
         return false;
-    const CPoint origin = ClientToScreen(m_list.m_hWnd, {0, 0});
+    CRect label = geometry->Label();
+    const CPoint origin = ClientToScreen(m_view.Control().m_hWnd, {0, 0});
     label.OffsetRect(origin.x, origin.y);
     m_row = row;
-    m_window.Show(m_list, label);
+    m_window.Show(m_view.Control(), label);
     return true;
 }
 
@@ -73,12 +74,12 @@ void ComboPreview::Close() {
 }
 
 void ComboPreview::StartTimer(unsigned milliseconds) {
-    m_timer = m_list.SetTimer(TimerId, milliseconds);
+    m_timer = m_view.Control().SetTimer(TimerId, milliseconds);
 }
 
 void ComboPreview::StopTimer() {
     if (m_timer != 0) {
-        m_list.KillTimer(TimerId);
+        m_view.Control().KillTimer(TimerId);
         m_timer = 0;
     }
 }

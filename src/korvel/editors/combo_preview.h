@@ -1,11 +1,9 @@
 #pragma once
 
+#include "korvel/editors/combo_view.h"
 #include "korvel/editors/tooltipp_bitmap.h"
 
 #include <cstdint>
-#include <functional>
-#include <string>
-#include <utility>
 
 namespace korvel::internal {
 
@@ -13,15 +11,9 @@ namespace korvel::internal {
 /// goes after two more, or when the user does something.
 class ComboPreview {
 public:
-    /// What the preview asks the list for.
-    struct Source {
-        std::function<int(CPoint)> rowAt;              // -1: none
-        std::function<std::string(int row)> imagePath; // empty: none
-        std::function<CRect(int row)> labelRect;
-    };
     static constexpr std::uintptr_t TimerId = 17;
 
-    ComboPreview(CWnd& list, Source source) : m_list(list), m_source(std::move(source)) {}
+    explicit ComboPreview(const ComboView& view) : m_view(view) {}
 
     void OnMouseMove(CPoint point);
     void OnTimer();
@@ -40,12 +32,12 @@ private:
         Shown,
     };
 
+    int RowUnderPointer() const { return m_view.Control().HitTest(m_point); }
     bool Show();
     void StartTimer(unsigned milliseconds);
     void StopTimer();
 
-    CWnd& m_list;
-    Source m_source;
+    const ComboView& m_view;
     CTooltippBitmap m_window;
     State m_state = State::Idle;
     int m_row = -1;

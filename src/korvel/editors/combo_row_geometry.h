@@ -2,12 +2,6 @@
 
 #include "korvel/window/base/types.h"
 
-#include <optional>
-
-namespace korvel {
-class CComboList;
-}
-
 namespace korvel::internal {
 
 /// Where the parts of one row of a CComboList are. All of them are as high as the row.
@@ -17,9 +11,6 @@ struct ComboRowGeometry {
     int columnWidth = 0; ///< of column 0
     bool hasChecks = false;
     bool hasIcons = false;
-
-    /// None for no such row.
-    static std::optional<ComboRowGeometry> Of(const CComboList& list, int row);
 
     CRect TreeBox() const { return Square(4 + Indent() - Height()); }
     /// Four pixels further right than the end of the tree box: kept, hosts know where a check box is hit.

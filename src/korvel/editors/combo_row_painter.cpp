@@ -1,6 +1,5 @@
 #include "korvel/editors/combo_row_painter.h"
 
-#include "korvel/editors/combo_list.h"
 #include "korvel/editors/combo_tree_bitmap.h"
 
 #include <algorithm>
@@ -24,8 +23,8 @@ CRect ButtonRect(const CRect& box) {
 } // namespace
 
 void ComboRowPainter::Draw(int row, UINT itemState) {
-    const ComboTreeItem* item = m_list.GetTreeItem(row);
-    const auto geometry = ComboRowGeometry::Of(m_list, row);
+    const ComboTreeItem* item = m_view.ItemAt(row);
+    const auto geometry = m_view.GeometryOf(row);
     if (!item || !geometry)
         return;
     const bool isSelected = (itemState & ODS_SELECTED) != 0;
@@ -33,7 +32,7 @@ void ComboRowPainter::Draw(int row, UINT itemState) {
     m_dc.SetBkColor(background);
     m_dc.SetTextColor(GetSysColor(isSelected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     m_dc.FillSolidRect(geometry->bounds, background);
-    if (m_list.HasTree())
+    if (geometry->hasIcons)
         DrawTree(*item, *geometry);
     if (geometry->hasChecks) {
         const UINT check = item->GetChecked() > 0 ? DFCS_CHECKED : 0;
@@ -51,8 +50,8 @@ void ComboRowPainter::Draw(int row, UINT itemState) {
 
 // Where no row is current, the arrows begin at the first.
 bool ComboRowPainter::HasKeyboard(int row) const {
-    const bool hasFocus = m_list.GetMode() != eDropDown && GetFocus() == m_list.m_hWnd;
-    return hasFocus && row == std::max(m_list.GetCurrentRow(), 0);
+    const bool hasFocus = !m_view.IsDropDown() && GetFocus() == m_view.Control().m_hWnd;
+    return hasFocus && row == std::max(m_currentRow, 0);
 }
 
 void ComboRowPainter::DrawTree(const ComboTreeItem& item, const ComboRowGeometry& geometry) {
@@ -91,10 +90,11 @@ void ComboRowPainter::DrawIcon(const ComboTreeItem& item, const CRect& rect) {
 }
 
 void ComboRowPainter::DrawColumns(int row, const ComboTreeItem& item) {
-    for (int column = 1; column < m_list.GetColumnCount(); ++column) {
+    const CListCtrl& control = m_view.Control();
+    for (int column = 1; column < control.GetColumnCount(); ++column) {
         CRect rect;
-        if (m_list.GetSubItemRect(row, column, LVIR_BOUNDS, &rect))
-            DrawDispValue(rect, m_list.GetColumnText(item, column));
+        if (control.GetSubItemRect(row, column, LVIR_BOUNDS, &rect))
+            DrawDispValue(rect, m_view.Columns().TextOf(item, column));
     }
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "korvel/editors/combo_row_geometry.h"
-#include "korvel/editors/combo_tree_item.h"
+#include "korvel/editors/combo_view.h"
 #include "korvel/window/core/dc.h"
 
 namespace korvel::internal {
@@ -9,7 +8,8 @@ namespace korvel::internal {
 /// Draws one row of a CComboList.
 class ComboRowPainter {
 public:
-    ComboRowPainter(const CComboList& list, CDC& dc) : m_list(list), m_dc(dc) {}
+    ComboRowPainter(const ComboView& view, int currentRow, CDC& dc)
+        : m_view(view), m_currentRow(currentRow), m_dc(dc) {}
 
     void Draw(int row, UINT itemState);
 
@@ -22,7 +22,8 @@ private:
     void DrawDispValue(CRect rect, const CString& text);
     void Line(int fromX, int fromY, int toX, int toY);
 
-    const CComboList& m_list;
+    const ComboView& m_view;
+    const int m_currentRow; // -1: none
     CDC& m_dc;
 };
 

@@ -27,7 +27,7 @@ void ComboWriteBack::Write(IObserverGrid* observer) {
 }
 
 void ComboWriteBack::WriteTo(IMemberDispatch& object, const std::string& name, IObserverGrid* observer) {
-    const BindingWatch bound(m_binding);
+    const ComboBindingWatch bound(m_binding);
     const CVariantValue written = m_binding.Value();
     object.SetMember(name, written);
     if (observer)
@@ -47,7 +47,7 @@ const bool& ComboWriteBack::IsDirty() {
     m_isDirty = false;
     if (!m_object || m_isWriting)
         return m_isDirty;
-    const BindingWatch bound(m_binding);
+    const ComboBindingWatch bound(m_binding);
     const std::string name = m_memberName;
     CVariantValue now;
     if (m_object->GetMember(name, now) && bound)

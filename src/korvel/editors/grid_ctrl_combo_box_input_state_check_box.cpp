@@ -1,7 +1,7 @@
 #include "korvel/editors/grid_ctrl_combo_box_input_state_check_box.h"
 
 #include "korvel/editors/combo_choice.h"
-#include "korvel/editors/combo_list.h"
+#include "korvel/editors/combo_view.h"
 
 namespace korvel {
 
@@ -11,7 +11,7 @@ void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDown(UINT, CPoint point) {
         return;
     SetCurrent(row);
     ComboTreeItem* item = CurrentItem();
-    if (item && Hits(&CComboList::GetRectCheckBox, *item, point))
+    if (item && Hits(&internal::ComboRowGeometry::CheckBox, *item, point))
         Toggle(*item);
     else
         SendFinished();
@@ -30,14 +30,9 @@ void CGridCtrlComboBoxInputStateCheckBox::OnKeyDown(UINT key, UINT repeat, UINT 
 }
 
 void CGridCtrlComboBoxInputStateCheckBox::Toggle(ComboTreeItem& item) {
-    internal::ComboChoice(List()->GetModel()).ToggleCheck(item);
+    internal::ComboChoice(View()->Model()).ToggleCheck(item);
     SendChanged();
-    if (List())
-        List()->RedrawWindow();
-}
-
-void CGridCtrlComboBoxInputStateCheckBox::Step(int delta) {
-    Move(delta, ApplyMode::No);
+    RedrawAll();
 }
 
 } // namespace korvel

@@ -11,7 +11,8 @@ void CGridCtrlComboBoxInputStateDesignDefault::OnLButtonDown(UINT, CPoint point)
 }
 
 void CGridCtrlComboBoxInputStateDesignDefault::Step(int delta) {
-    Move(delta, ApplyMode::Yes);
+    IGridCtrlComboBoxInputState::Step(delta);
+    Apply();
 }
 
 } // namespace korvel

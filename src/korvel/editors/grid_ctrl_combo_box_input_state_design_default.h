@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/editors/grid_ctrl_combo_box_input_state.h"
+#include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 
 namespace korvel {
 

@@ -1,6 +1,7 @@
 #include "korvel/editors/grid_ctrl_combo_box_input_state_tree.h"
 
-#include "korvel/editors/combo_list.h"
+#include "korvel/editors/combo_row_geometry.h"
+#include "korvel/editors/combo_tree_item.h"
 
 namespace korvel {
 
@@ -22,7 +23,7 @@ void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
 
 void CGridCtrlComboBoxInputStateTree::OnLButtonDblClk(UINT, CPoint point) {
     ComboTreeItem* item = ItemAt(HitRow(point));
-    if (!item || !Hits(&CComboList::GetRectLabel, *item, point))
+    if (!item || !Hits(&internal::ComboRowGeometry::Label, *item, point))
         return;
     if (item->HasChildren())
         ToggleExpanded(*item);
@@ -36,7 +37,7 @@ void CGridCtrlComboBoxInputStateTree::OnKeyDown(UINT key, UINT repeat, UINT flag
 }
 
 void CGridCtrlComboBoxInputStateTree::Step(int delta) {
-    Move(delta, ApplyMode::No);
+    IGridCtrlComboBoxInputState::Step(delta);
     const ComboTreeItem* item = CurrentItem();
     if (item && item->IsValue())
         Apply();

@@ -1,7 +1,7 @@
 #include "korvel/editors/grid_ctrl_combo_box_input_state_tree_check_box.h"
 
 #include "korvel/editors/combo_choice.h"
-#include "korvel/editors/combo_list.h"
+#include "korvel/editors/combo_view.h"
 
 namespace korvel {
 
@@ -11,7 +11,7 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) 
         return;
     SetCurrent(row);
     ComboTreeItem* item = CurrentItem();
-    if (!item || PressTreeButton(*item, point) || !Hits(&CComboList::GetRectCheckBox, *item, point))
+    if (!item || PressTreeButton(*item, point) || !Hits(&internal::ComboRowGeometry::CheckBox, *item, point))
         return;
     SetCheck(*item, item->GetChecked() <= 0);
     SendChanged();
@@ -19,7 +19,7 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) 
 
 void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDblClk(UINT, CPoint point) {
     ComboTreeItem* item = ItemAt(HitRow(point));
-    if (item && item->HasChildren() && Hits(&CComboList::GetRectLabel, *item, point))
+    if (item && item->HasChildren() && Hits(&internal::ComboRowGeometry::Label, *item, point))
         ToggleExpanded(*item);
     else
         SendFinished();
@@ -39,13 +39,8 @@ void CGridCtrlComboBoxInputStateTreeCheckBox::OnKeyDown(UINT key, UINT repeat, U
 
 // Repaints once for all rows that may show another check: a group can have any number of them.
 void CGridCtrlComboBoxInputStateTreeCheckBox::SetCheck(ComboTreeItem& item, bool check) {
-    internal::ComboChoice(List()->GetModel()).SetCheck(item, check);
-    if (List())
-        List()->RedrawWindow();
-}
-
-void CGridCtrlComboBoxInputStateTreeCheckBox::Step(int delta) {
-    Move(delta, ApplyMode::No);
+    internal::ComboChoice(View()->Model()).SetCheck(item, check);
+    RedrawAll();
 }
 
 } // namespace korvel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/editors/grid_ctrl_combo_box_input_state.h"
+#include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 
 namespace korvel {
 
@@ -12,7 +12,6 @@ public:
     void OnLButtonDblClk(UINT flags, CPoint point) override;
     void OnKeyDown(UINT key, UINT repeat, UINT flags) override;
     bool TakesSpace() const override { return true; }
-    void Step(int delta) override;
 
 private:
     void SetCheck(ComboTreeItem& item, bool check);

@@ -1,6 +1,6 @@
 #include "korvel/editors/make_input_state.h"
 
-#include "korvel/editors/combo_list.h"
+#include "korvel/editors/combo_view.h"
 #include "korvel/editors/grid_ctrl_combo_box_input_state.h"
 #include "korvel/editors/grid_ctrl_combo_box_input_state_check_box.h"
 #include "korvel/editors/grid_ctrl_combo_box_input_state_design_default.h"
@@ -14,13 +14,13 @@ namespace {
 using StatePtr = std::unique_ptr<IGridCtrlComboBoxInputState>;
 
 template <class State>
-StatePtr Make(CComboList& list) {
-    return std::make_unique<State>(list);
+StatePtr Make(ComboView& view) {
+    return std::make_unique<State>(view);
 }
 
 struct StateRow {
     std::uint32_t kind;
-    StatePtr (*make)(CComboList&);
+    StatePtr (*make)(ComboView&);
 };
 
 constexpr StateRow States[] = {
@@ -34,15 +34,15 @@ constexpr std::uint32_t KindMask = 0xC4FFFAFF;
 
 } // namespace
 
-StatePtr MakeInputState(CComboList& list, std::uint32_t enumFlags) {
-    const EComboListMode mode = list.GetMode();
+StatePtr MakeInputState(ComboView& view, std::uint32_t enumFlags) {
+    const EComboListMode mode = view.Model().Binding().Mode();
     if (mode < eDesignFlat || mode > eDropDown)
         return nullptr;
     for (const StateRow& row : States)
         if (row.kind == (enumFlags & KindMask))
-            return row.make(list);
-    return mode == eDropDown ? Make<CGridCtrlComboBoxInputState>(list)
-                             : Make<CGridCtrlComboBoxInputStateDesignDefault>(list);
+            return row.make(view);
+    return mode == eDropDown ? Make<CGridCtrlComboBoxInputState>(view)
+                             : Make<CGridCtrlComboBoxInputStateDesignDefault>(view);
 }
 
 } // namespace korvel::internal

@@ -4,13 +4,14 @@
 #include <memory>
 
 namespace korvel {
-class CComboList;
 class IGridCtrlComboBoxInputState;
-} // namespace korvel
+}
 
 namespace korvel::internal {
 
+class ComboView;
+
 /// The state for a list of an enumeration with these flags; null for no such mode.
-std::unique_ptr<IGridCtrlComboBoxInputState> MakeInputState(CComboList& list, std::uint32_t enumFlags);
+std::unique_ptr<IGridCtrlComboBoxInputState> MakeInputState(ComboView& view, std::uint32_t enumFlags);
 
 } // namespace korvel::internal

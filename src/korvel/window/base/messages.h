@@ -88,6 +88,7 @@ inline constexpr UINT VK_DELETE = 0x2E;
 inline constexpr UINT VK_MULTIPLY = 0x6A;
 inline constexpr UINT VK_ADD = 0x6B;
 inline constexpr UINT VK_SUBTRACT = 0x6D;
+inline constexpr UINT VK_F2 = 0x71;
 inline constexpr UINT VK_F4 = 0x73;
 inline constexpr int KeyIsDown = 0x8000; // own: the high bit of what GetKeyState returns
 
