@@ -44,7 +44,7 @@ public:
         m_rows.erase(m_rows.begin() + first, m_rows.begin() + last);
     }
     void RemoveAll() override { RemoveQuietly(0, Count()); }
-    void Redraw(const CTreeItem&) override {}
+    void Redraw(int) override {}
     void ChangeMany(const std::function<void()>& change) override { change(); }
     CItemInfo* CopyInfo(const CItemInfo* source) override {
         auto* copy = new CItemInfo(*source);

@@ -62,7 +62,7 @@ void AttributeRows::Bind(IMemberDispatch* root, const std::function<void()>& add
     const Raised rebinding(m_isRebinding);
     m_isBound = true;
     try {
-        const BindingWatch binding = WatchBinding();
+        const LossWatch binding = WatchBinding();
         addColumns();
         if (binding)
             Fill(root);
@@ -74,7 +74,7 @@ void AttributeRows::Bind(IMemberDispatch* root, const std::function<void()>& add
 }
 
 void AttributeRows::Fill(IMemberDispatch* root) {
-    const BindingWatch binding = WatchBinding();
+    const LossWatch binding = WatchBinding();
     m_root = root;
     if (root)
         m_tree.ChangeMany([&] { InsertMembers(*root, nullptr); });
@@ -126,7 +126,7 @@ AttributeRows::ShownObject AttributeRows::FindShown(IMemberDispatch* disp) const
 }
 
 void AttributeRows::InsertMembers(IMemberDispatch& disp, CTreeItem* parent) {
-    const RowsWatch rows = WatchRows();
+    const LossWatch rows = WatchRows();
     std::list<std::string> names = ReadMemberNames(disp);
     if (rows && !ReadKeepsOrder(disp) && !std::is_sorted(names.begin(), names.end()))
         names.sort();
@@ -157,7 +157,7 @@ void AttributeRows::Insert(CTreeItem* parent, IMemberDispatch* disp, int positio
 
 void AttributeRows::InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int position,
                                 const std::string& name, IMemberDispatch* sub) {
-    const RowsWatch rows = WatchRows();
+    const LossWatch rows = WatchRows();
     auto info = std::make_unique<CItemInfo>();
     info->disp = sub;
     info->text = name;
@@ -179,7 +179,7 @@ void AttributeRows::InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int po
 // The row is filed before it is shown, so that whoever hears of it can find and remove it.
 void AttributeRows::AddRow(const RowPlace& place, std::unique_ptr<CItemInfo> info,
                            const std::function<void(CTreeItem&)>& fill) {
-    const RowsWatch rows = WatchRows();
+    const LossWatch rows = WatchRows();
     CTreeItem* row = m_tree.LinkRow(place.parent, std::move(info), place.position);
     try {
         if (m_index.AddRow(place.disp, place.name, row, place.service))
@@ -197,7 +197,7 @@ void AttributeRows::AddRow(const RowPlace& place, std::unique_ptr<CItemInfo> inf
 
 void AttributeRows::InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, int position,
                                     const std::string& name, const CVariantValue& value) {
-    const RowsWatch rows = WatchRows();
+    const LossWatch rows = WatchRows();
     auto info = std::make_unique<CItemInfo>();
     info->text = name;
     info->image = m_tree.ChooseImage(RowIconMember, name, &disp);
@@ -216,7 +216,7 @@ void AttributeRows::InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, in
 
 void AttributeRows::InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
                                      const CVariantValue& value) {
-    const RowsWatch rows = WatchRows();
+    const LossWatch rows = WatchRows();
     const CellContent cell = MakeCell(disp, name, value);
     if (!rows)
         return;
@@ -236,7 +236,7 @@ void AttributeRows::InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, cons
 
 CellContent AttributeRows::MakeCell(IMemberDispatch& disp, const std::string& name,
                                     const CVariantValue& value) {
-    const RowsWatch rows = WatchRows();
+    const LossWatch rows = WatchRows();
     CellContent cell;
     ReadOr(false, [&] {
         m_tree.ConvertToOutput(&disp, name, value, cell.text, cell.control);
@@ -296,7 +296,7 @@ void AttributeRows::Add(IMemberDispatch* disp, const std::string& name, const CV
     const ShownObject shown = FindShown(disp);
     if (!shown.isShown)
         return;
-    const BindingWatch binding = WatchBinding();
+    const LossWatch binding = WatchBinding();
     Insert(shown.row, disp, -1, name, value);
     IMemberDispatch* sub = value.Value.Dispatch;
     if (value.Type != DT_Group || !sub || !m_observer || !binding)
@@ -316,7 +316,7 @@ void AttributeRows::Change(IMemberDispatch* disp, const std::string& name, const
     CTreeItem* row = Find(disp, name);
     if (!row)
         return;
-    const RowsWatch rows = WatchRows();
+    const LossWatch rows = WatchRows();
     const auto isGone = [&] { return !rows && Find(disp, name) != row; };
     const EDataTyps type = ReadMemberType(*disp, name);
     if (isGone())

@@ -3,9 +3,9 @@
 #include "korvel/grid/attribute_tree.h"
 #include "korvel/grid/flag_writer.h"
 #include "korvel/grid/format_subscriptions.h"
+#include "korvel/grid/loss_watch.h"
 #include "korvel/grid/member_index.h"
 #include "korvel/grid/row_layout.h"
-#include "korvel/grid/rows_watch.h"
 #include "korvel/grid/shown_groups.h"
 #include "korvel/output/format_notification.h"
 
@@ -16,9 +16,6 @@
 namespace korvel::internal {
 
 struct CellContent;
-
-/// Says whether the binding still lasts that there was when the watch began: a RowsWatch over bindings.
-using BindingWatch = RowsWatch;
 
 /// Binds a tree to an object of the host: which rows there are, what they show, and how they follow what the
 /// host tells of its objects. Knows no window.
@@ -81,8 +78,8 @@ public:
     /// what was at the root, or when it is not known any more.
     void OnRowUnlinked(CTreeItem& row, const CTreeItem* formerParent);
 
-    RowsWatch WatchRows() const { return RowsWatch(m_rowLosses); }
-    BindingWatch WatchBinding() const { return BindingWatch(m_bindingLosses); }
+    LossWatch WatchRows() const { return LossWatch(m_rowLosses); }
+    LossWatch WatchBinding() const { return LossWatch(m_bindingLosses); }
 
     /// Read by every binding, and without columns again when one has ended.
     RowLayout layout;

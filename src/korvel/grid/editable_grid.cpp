@@ -13,10 +13,9 @@
 
 namespace korvel {
 
-using internal::BindingWatch;
 using internal::FirstFailure;
 using internal::FormatService;
-using internal::RowsWatch;
+using internal::LossWatch;
 
 namespace {
 
@@ -288,7 +287,7 @@ void CEditableGrid::OnOperationRemove(IMemberDispatch* disp, const std::string& 
     const CTreeItem* node = LookupTreeItem(disp, name);
     if (!node)
         return;
-    const BindingWatch binding = m_binding->rows.WatchBinding();
+    const LossWatch binding = m_binding->rows.WatchBinding();
     int selected = -1;
     FirstFailure failure;
     if (GetSelectedNode() == node) {
@@ -354,7 +353,7 @@ UINT CEditableGrid::GetCheckState(const CTreeItem* node, int column) {
     UINT state = DFCS_BUTTONCHECK;
     if (!node->info->IsCellEnabled(column - 1))
         state |= DFCS_INACTIVE;
-    const RowsWatch rows = m_binding->rows.WatchRows();
+    const LossWatch rows = m_binding->rows.WatchRows();
     CVariantValue value;
     internal::ReadMember(*disp, name, value);
     if (!rows)

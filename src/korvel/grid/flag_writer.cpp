@@ -6,7 +6,7 @@
 namespace korvel::internal {
 
 void FlagWriter::Write(IMemberDispatch& disp, const std::string& name, const CVariantValue& value,
-                       const RowsWatch& rows) {
+                       const LossWatch& rows) {
     CVariantValue current;
     const bool isRead = ReadMember(disp, name, current);
     if (!isRead || !rows || (current.Value.Bool != 0) == (value.Value.Bool != 0))

@@ -3,7 +3,8 @@
 #include "korvel/grid/list_edit_ctrl.h"
 #include "korvel/grid/row_drag.h"
 #include "korvel/grid/row_icons.h"
-#include "korvel/grid/super_grid_ctrl.h"
+#include "korvel/grid/tree_grid_list.h"
+#include "korvel/window/base/first_failure.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,28 +23,28 @@ CString TextOfRow(LPARAM data, int column) {
 } // namespace
 
 int GridRowList::Count() const {
-    return m_grid.m_hWnd ? m_grid.GetItemCount() : -1;
+    return m_list.m_hWnd ? m_list.GetItemCount() : -1;
 }
 
 grid::CTreeItem* GridRowList::At(int row) const {
-    return row < 0 ? nullptr : reinterpret_cast<CTreeItem*>(m_grid.GetItemData(row));
+    return row < 0 ? nullptr : reinterpret_cast<CTreeItem*>(m_list.GetItemData(row));
 }
 
 void GridRowList::Rewrite(int row, CTreeItem* node) {
     if (At(row) != node)
-        m_grid.SetItemData(row, reinterpret_cast<LPARAM>(node));
-    if (node && m_grid.GetItemIndent(row) != node->indent())
-        m_grid.SetItemIndent(row, node->indent());
+        m_list.SetItemData(row, reinterpret_cast<LPARAM>(node));
+    if (node && m_list.GetItemIndent(row) != node->indent())
+        m_list.SetItemIndent(row, node->indent());
 }
 
 // The window may be made or attached in several ways; its list is prepared before the first row comes.
 void GridRowList::PrepareList() {
-    if (m_preparedWindow == m_grid.m_hWnd)
+    if (m_preparedWindow == m_list.m_hWnd)
         return;
-    m_preparedWindow = m_grid.m_hWnd;
-    m_grid.SetTextSource(TextOfRow);
-    if (!m_grid.GetImageList())
-        m_grid.SetImageList(&RowIcons());
+    m_preparedWindow = m_list.m_hWnd;
+    m_list.SetTextSource(TextOfRow);
+    if (!m_list.GetImageList())
+        m_list.SetImageList(&RowIcons());
 }
 
 void GridRowList::Insert(int row, const std::vector<CTreeItem*>& nodes) {
@@ -58,55 +59,57 @@ void GridRowList::Insert(int row, const std::vector<CTreeItem*>& nodes) {
         if (nodes[index]->indent() != indent)
             others.emplace_back(index, nodes[index]->indent());
     // In one step, so that whoever hears of a row finds all of them.
-    m_grid.InsertRows(row, data.data(), static_cast<int>(data.size()), indent);
+    m_list.InsertRows(row, data.data(), static_cast<int>(data.size()), indent);
     for (const auto& [index, depth] : others)
         if (const int inserted = row + static_cast<int>(index); At(inserted) == nodes[index])
-            m_grid.SetItemIndent(inserted, depth);
+            m_list.SetItemIndent(inserted, depth);
 }
 
 void GridRowList::Mark(int first, int last) {
-    if (!m_grid.HasCheckBoxes())
+    if (!m_list.HasCheckBoxes())
         return;
-    for (int row = first; row < std::min(last, m_grid.GetItemCount()); ++row) {
-        const CTreeItem* node = m_grid.NodeAtRow(row);
-        if (node && m_grid.GetCheck(row) != (node->info->checked != 0))
-            m_grid.SetCheck(row, node->info->checked != 0);
+    for (int row = first; row < std::min(last, m_list.GetItemCount()); ++row) {
+        const CTreeItem* node = At(row);
+        if (node && node->info && m_list.GetCheck(row) != (node->info->checked != 0))
+            m_list.SetCheck(row, node->info->checked != 0);
     }
 }
 
 void GridRowList::Remove(int first, int last) {
-    m_grid.DeleteRows(first, last);
+    m_list.DeleteRows(first, last);
 }
 
 void GridRowList::RemoveQuietly(int first, int last) {
-    m_grid.DeleteRowsQuietly(first, last);
+    m_list.DeleteRowsQuietly(first, last);
 }
 
 void GridRowList::RemoveAll() {
-    m_grid.m_drag->Stop();
-    if (m_grid.m_cellEdit)
-        m_grid.m_cellEdit->Drop();
-    m_grid.DeleteAllItems();
+    FirstFailure failure;
+    failure.Try([&] { m_drag.Stop(); });
+    failure.Try([&] { m_edit.Drop(); });
+    failure.Try([&] { m_list.DeleteAllItems(); });
+    failure.Rethrow();
 }
 
-void GridRowList::Redraw(const CTreeItem& node) {
-    m_grid.RedrawNode(&node);
+void GridRowList::Redraw(int row) {
+    m_list.RedrawRow(row);
 }
 
 void GridRowList::ChangeMany(const std::function<void()>& change) {
-    const CSuperGridCtrl::RedrawPause pause(m_grid);
+    const TreeGridList::RedrawPause pause(m_list);
     change();
 }
 
 CItemInfo* GridRowList::CopyInfo(const CItemInfo* source) {
-    return m_grid.CopyItemInfo(source);
+    return m_list.CopyItemInfo(source);
 }
 
 void GridRowList::OnUnlinked(CTreeItem& node, const CTreeItem* formerParent) {
-    m_grid.m_drag->Stop();
-    if (m_grid.m_cellEdit)
-        m_grid.m_cellEdit->OnUnlinked(node);
-    m_grid.OnNodeUnlinked(node, formerParent);
+    FirstFailure failure;
+    failure.Try([&] { m_drag.Stop(); });
+    failure.Try([&] { m_edit.OnUnlinked(node); });
+    failure.Try([&] { m_list.OnNodeUnlinked(node, formerParent); });
+    failure.Rethrow();
 }
 
 } // namespace korvel::internal

@@ -4,15 +4,20 @@
 #include "korvel/window/base/types.h"
 
 namespace korvel {
-class CSuperGridCtrl;
+class TreeGridList;
 }
 
 namespace korvel::internal {
 
-/// The list of a tree grid as the rows of its tree.
+class CListEditCtrl;
+class RowDrag;
+
+/// The list of a tree grid as the rows of its tree. A drag and an edit of a cell end with their nodes.
 class GridRowList final : public RowList {
 public:
-    explicit GridRowList(CSuperGridCtrl& grid) : m_grid(grid) {}
+    /// All must outlive it; `drag` and `edit` are not used before the first row.
+    GridRowList(TreeGridList& list, RowDrag& drag, CListEditCtrl& edit)
+        : m_list(list), m_drag(drag), m_edit(edit) {}
 
     int Count() const override;
     CTreeItem* At(int row) const override;
@@ -22,7 +27,7 @@ public:
     void Remove(int first, int last) override;
     void RemoveQuietly(int first, int last) override;
     void RemoveAll() override;
-    void Redraw(const CTreeItem& node) override;
+    void Redraw(int row) override;
     void ChangeMany(const std::function<void()>& change) override;
     CItemInfo* CopyInfo(const CItemInfo* source) override;
     void OnUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
@@ -30,7 +35,9 @@ public:
 private:
     void PrepareList();
 
-    CSuperGridCtrl& m_grid;
+    TreeGridList& m_list;
+    RowDrag& m_drag;
+    CListEditCtrl& m_edit;
     HWND m_preparedWindow = nullptr;
 };
 

@@ -27,7 +27,7 @@ bool ShowsTexts(const IMemberDispatch& disp) {
     return presentation && ReadOr(false, [&] { return presentation->GetPresentationKind() == TextKind; });
 }
 
-void ShowTexts(const IMemberDispatch& disp, const RowLayout& layout, const RowsWatch& rows, CItemInfo& info) {
+void ShowTexts(const IMemberDispatch& disp, const RowLayout& layout, const LossWatch& rows, CItemInfo& info) {
     const std::map<int, std::string> columns = layout.GetColumns(); // the host may set others meanwhile
     const bool rowsAreObjects = layout.rowsAreObjects;
     if (!ShowsTexts(disp) || !rows)

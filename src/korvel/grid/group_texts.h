@@ -1,8 +1,8 @@
 #pragma once
 
 #include "korvel/grid/item_info.h"
+#include "korvel/grid/loss_watch.h"
 #include "korvel/grid/row_layout.h"
-#include "korvel/grid/rows_watch.h"
 #include "korvel/values/member_dispatch.h"
 
 namespace korvel::internal {
@@ -11,6 +11,6 @@ namespace korvel::internal {
 bool ShowsTexts(const IMemberDispatch& disp);
 
 /// Fills the cells of an object's row where its presentation shows texts. Stops when `rows` were lost.
-void ShowTexts(const IMemberDispatch& disp, const RowLayout& layout, const RowsWatch& rows, CItemInfo& info);
+void ShowTexts(const IMemberDispatch& disp, const RowLayout& layout, const LossWatch& rows, CItemInfo& info);
 
 } // namespace korvel::internal

@@ -1,93 +1,107 @@
 #include "korvel/grid/list_edit_ctrl.h"
 
-#include "korvel/grid/super_grid_ctrl.h"
+#include "korvel/grid/tree_rows.h"
+#include "korvel/window/base/first_failure.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace korvel {
-
-CListEditCtrl::~CListEditCtrl() {
-    if (m_isOpen)
-        m_grid.SetCellsMovedHook(nullptr);
-}
+namespace korvel::internal {
 
 bool CListEditCtrl::Start(int row, int column) {
-    End(Ending::Take);
+    End();
     CRect cell;
-    if (!m_grid.NodeAtRow(row) || !m_grid.GetSubItemRect(row, column, LVIR_LABEL, &cell))
+    if (!m_tree.NodeAt(row) || !m_list.GetSubItemRect(row, column, LVIR_LABEL, &cell))
         return false;
     constexpr int EditId = 105;
-    if (!m_hWnd && !Create(WS_CHILD | WS_BORDER | ES_AUTOHSCROLL, cell, &m_grid, EditId))
+    if (!m_hWnd && !Create(WS_CHILD | WS_BORDER | ES_AUTOHSCROLL, cell, &m_list, EditId))
         return false;
-    m_node = m_grid.NodeAtRow(row);
+    m_node = m_tree.NodeAt(row);
     m_column = column;
-    m_isOpen = true;
-    m_grid.SetCellsMovedHook([this] { FollowCell(); });
     MoveWindow(cell, false);
-    SetWindowTextA(m_grid.GetItemText(row, column));
+    SetWindowTextA(m_list.GetItemText(row, column));
     SetSel(0, -1);
+    if (!m_node)
+        return false; // whoever heard of the text has removed it
+    m_isOpen = true;
+    m_list.SetCellsMovedHook([this] { FollowCell(); });
     EnableWindow(true);
     ShowWindow(SW_SHOW);
     SetFocus();
     return true;
 }
 
-void CListEditCtrl::End(Ending ending) {
+void CListEditCtrl::End() {
     if (!m_isOpen)
         return;
-    m_isOpen = false; // hiding it takes the focus away, which ends here again
-    m_grid.SetCellsMovedHook(nullptr);
     const CString text = GetWindowTextA();
-    if (GetFocus() == m_hWnd)
-        m_grid.SetFocus();
-    ShowWindow(SW_HIDE);
-    EnableWindow(false);
-    grid::CTreeItem* node = std::exchange(m_node, nullptr); // null: a handler has removed it
-    if (ending == Ending::Drop || !node)
-        return;
+    m_isOpen = false; // hiding it takes the focus away, which ends here again
+    FirstFailure failure;
+    failure.Try([&] { m_list.SetCellsMovedHook(nullptr); });
+    failure.Try([&] {
+        if (GetFocus() == m_hWnd)
+            m_list.SetFocus();
+    });
+    failure.Try([&] { ShowWindow(SW_HIDE); });
+    failure.Try([&] { EnableWindow(false); });
+    if (grid::CTreeItem* node = std::exchange(m_node, nullptr))
+        failure.Try([&] { HandOver(*node, text); });
+    failure.Rethrow();
+}
+
+void CListEditCtrl::HandOver(grid::CTreeItem& node, const CString& text) {
     NMLVDISPINFO record;
-    record.iItem = m_grid.RowOfNode(node);
+    record.iItem = m_tree.RowOf(&node);
     record.iSubItem = m_column;
     record.pszText = text.c_str();
-    record.lParam = reinterpret_cast<LPARAM>(node);
-    m_grid.OnCellTextChanged(node, &record);
+    record.lParam = reinterpret_cast<LPARAM>(&node);
+    m_list.OnCellTextChanged(&node, &record);
 }
 
 void CListEditCtrl::FollowCell() {
-    const int row = m_grid.RowOfNode(m_node);
-    const int top = m_grid.GetTopIndex();
-    if (row >= 0 && m_grid.NodeAtRow(row) != m_node)
+    const int row = m_tree.RowOf(m_node);
+    const int top = m_list.GetTopIndex();
+    if (row >= 0 && m_tree.NodeAt(row) != m_node)
         return; // the rows are being changed
     CRect cell;
-    if (row < top || row >= top + std::max(1, m_grid.GetCountPerPage()) ||
-        !m_grid.GetSubItemRect(row, m_column, LVIR_LABEL, &cell))
-        End(Ending::Take);
+    if (row < top || row >= top + std::max(1, m_list.GetCountPerPage()) ||
+        !m_list.GetSubItemRect(row, m_column, LVIR_LABEL, &cell))
+        End();
     else
         MoveWindow(cell);
 }
 
 void CListEditCtrl::OnUnlinked(const grid::CTreeItem& root) {
-    if (m_node && CSuperGridCtrl::IsNodeInSubtree(&root, m_node))
+    const grid::CTreeItem* node = m_node;
+    while (node && node != &root)
+        node = node->parent();
+    if (node)
         Drop();
 }
 
 void CListEditCtrl::Drop() {
-    End(Ending::Drop);
     m_node = nullptr;
+    End();
 }
 
 LRESULT CListEditCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_KEYDOWN && (wParam == VK_RETURN || wParam == VK_ESCAPE)) {
-        End(wParam == VK_RETURN ? Ending::Take : Ending::Drop);
+    if (message == WM_KEYDOWN && wParam == VK_ESCAPE) {
+        Drop();
+        return 0;
+    }
+    if (message == WM_KEYDOWN && wParam == VK_RETURN) {
+        End();
         return 0;
     }
     if (message == WM_GETDLGCODE)
         return CEdit::WindowProc(message, wParam, lParam) | DLGC_WANTALLKEYS;
-    const LRESULT result = CEdit::WindowProc(message, wParam, lParam);
-    if (message == WM_KILLFOCUS)
-        End(Ending::Take);
-    return result;
+    if (message != WM_KILLFOCUS)
+        return CEdit::WindowProc(message, wParam, lParam);
+    FirstFailure failure;
+    failure.Try([&] { CEdit::WindowProc(message, wParam, lParam); });
+    failure.Try([&] { End(); });
+    failure.Rethrow();
+    return 0;
 }
 
-} // namespace korvel
+} // namespace korvel::internal

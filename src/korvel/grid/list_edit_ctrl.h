@@ -1,42 +1,41 @@
 #pragma once
 
+#include "korvel/grid/tree_grid_list.h"
 #include "korvel/window/controls/controls.h"
 
-namespace korvel {
+namespace korvel::internal {
 
-class CSuperGridCtrl;
-
-namespace grid {
-class CTreeItem;
-}
+class TreeRows;
 
 /// The text field over a cell of a bare tree grid. Return, the loss of the focus and whatever takes the cell
-/// off the screen (scrolling, a collapsed parent) hand the text to CSuperGridCtrl::OnCellTextChanged; Escape
-/// drops it. The field follows its node while rows above come and go, and ends with it.
-class CListEditCtrl : public CEdit {
+/// off the screen (scrolling, a collapsed parent) hand the text to OnCellTextChanged, also when a handler
+/// throws on the way; Escape drops it. The field follows its node while rows above come and go, and ends with
+/// it.
+class CListEditCtrl final : public CEdit {
 public:
-    explicit CListEditCtrl(CSuperGridCtrl& grid) : m_grid(grid) {}
-    ~CListEditCtrl() override;
+    /// Both must outlive it.
+    CListEditCtrl(TreeGridList& list, const TreeRows& tree) : m_list(list), m_tree(tree) {}
 
     /// Opens over a cell, with its text selected; ends an edit that is open. False when there is no such
     /// cell.
     bool Start(int row, int column);
     /// To be called when a node has left the tree with all below it, and before it is deleted.
     void OnUnlinked(const grid::CTreeItem& root);
-    /// To be called before all nodes go.
+    /// Closes without its text.
     void Drop();
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    enum class Ending { Take, Drop };
-    void End(Ending ending);
+    void End();
+    void HandOver(grid::CTreeItem& node, const CString& text);
     void FollowCell();
 
-    CSuperGridCtrl& m_grid;
-    grid::CTreeItem* m_node = nullptr; // whose cell it is; null while no edit is open or ends
+    TreeGridList& m_list;
+    const TreeRows& m_tree;
+    grid::CTreeItem* m_node = nullptr; // takes the text; null: nothing does
     int m_column = 0;
     bool m_isOpen = false;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

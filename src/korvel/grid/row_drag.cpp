@@ -1,62 +1,71 @@
 #include "korvel/grid/row_drag.h"
 
-#include "korvel/grid/rows_watch.h"
-#include "korvel/grid/super_grid_ctrl.h"
+#include "korvel/grid/tree_rows.h"
+#include "korvel/window/base/first_failure.h"
 
 #include <utility>
 
 namespace korvel::internal {
 
-RowDrag::RowDrag(CSuperGridCtrl& grid) : m_grid(grid) {}
+RowDrag::RowDrag(TreeGridList& list, TreeRows& tree) : m_list(list), m_tree(tree) {}
 
 RowDrag::~RowDrag() = default;
 
 void RowDrag::Begin(int row) {
     Stop();
-    grid::CTreeItem* node = m_grid.NodeAtRow(row);
-    if (!m_grid.m_allowDrag || !node)
+    grid::CTreeItem* node = m_tree.NodeAt(row);
+    if (!m_list.m_allowDrag || !node)
         return;
-    const RowsWatch rows = m_grid.WatchRows();
-    auto image = m_grid.CreateRowDragImage(row);
+    const LossWatch rows = m_tree.Watch();
+    auto image = m_list.CreateRowDragImage(row);
     if (!image || !rows)
         return;
     m_image = std::move(image);
     m_node = node;
-    SetCapture(m_grid.m_hWnd);
+    SetCapture(m_list.m_hWnd);
 }
 
 void RowDrag::Move(CPoint point) {
-    grid::CTreeItem* target = m_grid.NodeAtRow(m_grid.HitTest(point));
+    grid::CTreeItem* target = m_tree.NodeAt(m_list.HitTest(point));
     const grid::CTreeItem* former = std::exchange(m_target, target);
     if (former == target)
         return;
-    const RowsWatch rows = m_grid.WatchRows();
-    m_grid.RedrawNode(former);
+    const LossWatch rows = m_tree.Watch();
+    Redraw(former);
     if (rows)
-        m_grid.RedrawNode(target);
+        Redraw(target);
 }
 
 void RowDrag::Drop(CPoint point) {
     grid::CTreeItem* node = m_node;
-    const RowsWatch rows = m_grid.WatchRows();
+    const LossWatch rows = m_tree.Watch();
     Stop();
     if (!rows)
         return;
-    grid::CTreeItem* target = m_grid.NodeAtRow(m_grid.HitTest(point));
+    grid::CTreeItem* target = m_tree.NodeAt(m_list.HitTest(point));
     if (!target || target == node->parent())
         return;
-    const CSuperGridCtrl::RedrawPause pause(m_grid);
-    if (m_grid.CopyNodeUnder(target, node) && rows)
-        m_grid.TakeNode(node);
+    const TreeGridList::RedrawPause pause(m_list);
+    if (m_tree.CopyUnder(target, node) && rows)
+        m_tree.Remove(node);
 }
 
 void RowDrag::Stop() {
     if (!std::exchange(m_node, nullptr))
         return;
     m_image.reset();
-    m_grid.RedrawNode(std::exchange(m_target, nullptr));
-    if (GetCapture() == m_grid.m_hWnd)
-        ReleaseCapture();
+    const grid::CTreeItem* target = std::exchange(m_target, nullptr);
+    FirstFailure failure;
+    failure.Try([&] { Redraw(target); });
+    failure.Try([&] {
+        if (GetCapture() == m_list.m_hWnd)
+            ReleaseCapture();
+    });
+    failure.Rethrow();
+}
+
+void RowDrag::Redraw(const grid::CTreeItem* node) {
+    m_list.RedrawRow(m_tree.RowOf(node));
 }
 
 } // namespace korvel::internal

@@ -1,23 +1,18 @@
 #pragma once
 
-#include "korvel/window/base/image_list.h"
-#include "korvel/window/base/types.h"
+#include "korvel/grid/tree_grid_list.h"
 
 #include <memory>
 
-namespace korvel {
-class CSuperGridCtrl;
-namespace grid {
-class CTreeItem;
-}
-} // namespace korvel
-
 namespace korvel::internal {
+
+class TreeRows;
 
 /// A row of a tree grid that the pointer drags, and that moves below the row on which it is dropped.
 class RowDrag {
 public:
-    explicit RowDrag(CSuperGridCtrl& grid);
+    /// Both must outlive it.
+    RowDrag(TreeGridList& list, TreeRows& tree);
     ~RowDrag();
 
     bool IsActive() const { return m_node != nullptr; }
@@ -28,7 +23,10 @@ public:
     void Stop();
 
 private:
-    CSuperGridCtrl& m_grid;
+    void Redraw(const grid::CTreeItem* node);
+
+    TreeGridList& m_list;
+    TreeRows& m_tree;
     std::unique_ptr<CImageList> m_image;
     grid::CTreeItem* m_node = nullptr;
     grid::CTreeItem* m_target = nullptr; // under the pointer

@@ -2,13 +2,13 @@
 
 #include "korvel/grid/list_edit_ctrl.h"
 #include "korvel/grid/row_watch.h"
-#include "korvel/grid/rows_watch.h"
+#include "korvel/window/base/first_failure.h"
 
 #include <algorithm>
 
 namespace korvel::internal {
 
-bool RowKeys::Translate(UINT key) {
+bool RowKeys::Translate(UINT key, CListEditCtrl& edit) {
     switch (key) {
     case VK_LEFT:
         MoveColumn(Step::Left);
@@ -17,28 +17,26 @@ bool RowKeys::Translate(UINT key) {
         MoveColumn(Step::Right);
         return true;
     case VK_RETURN:
-        return !m_grid.OnVkReturn() && StartCellEdit();
+        return !m_list.OnVkReturn() && StartCellEdit(edit);
     default:
         return false;
     }
 }
 
 void RowKeys::MoveColumn(Step step) {
-    const int last = std::max(0, m_grid.GetColumnCount() - 1);
-    m_grid.currentColumn = std::clamp(m_grid.currentColumn + static_cast<int>(step), 0, last);
-    m_grid.ShowColumn(m_grid.currentColumn);
-    m_grid.RedrawNode(m_grid.GetSelectedNode());
+    const int last = std::max(0, m_list.GetColumnCount() - 1);
+    m_list.currentColumn = std::clamp(m_list.currentColumn + static_cast<int>(step), 0, last);
+    m_list.ShowColumn(m_list.currentColumn);
+    m_list.RedrawRow(SelectedRow());
 }
 
-bool RowKeys::StartCellEdit() {
-    const int row = m_grid.GetNextItem(-1, LVNI_SELECTED);
-    if (!m_grid.NodeAtRow(row) || m_grid.currentColumn >= m_grid.GetColumnCount())
+bool RowKeys::StartCellEdit(CListEditCtrl& edit) {
+    const int row = SelectedRow();
+    if (!m_tree.NodeAt(row) || m_list.currentColumn >= m_list.GetColumnCount())
         return false;
-    m_grid.EnsureVisible(row, false);
-    m_grid.ShowColumn(m_grid.currentColumn);
-    if (!m_grid.m_cellEdit)
-        m_grid.m_cellEdit = std::make_unique<CListEditCtrl>(m_grid);
-    return m_grid.m_cellEdit->Start(row, m_grid.currentColumn);
+    m_list.EnsureVisible(row, false);
+    m_list.ShowColumn(m_list.currentColumn);
+    return edit.Start(row, m_list.currentColumn);
 }
 
 bool RowKeys::Press(UINT key) {
@@ -50,8 +48,8 @@ bool RowKeys::Press(UINT key) {
                    {VK_ADD, &RowKeys::Expand},
                    {VK_SUBTRACT, &RowKeys::Collapse},
                    {VK_SPACE, &RowKeys::ToggleChecks}};
-    const int number = m_grid.GetNextItem(-1, LVNI_SELECTED);
-    const RowWatch row(m_grid, number);
+    const int number = SelectedRow();
+    const RowWatch row(m_tree, number);
     const auto action = std::find_if(std::begin(actions), std::end(actions),
                                      [=](const auto& entry) { return entry.key == key; });
     if (!row || action == std::end(actions))
@@ -60,59 +58,63 @@ bool RowKeys::Press(UINT key) {
     return true;
 }
 
-// All selected rows take the new state of the first; a refusal is the list's, and the node follows.
+// All selected rows take the new state of the first.
 void RowKeys::ToggleChecks(const RowWatch& first, int number) {
-    if (!m_grid.HasCheckBoxes())
+    if (!m_list.HasCheckBoxes())
         return;
-    const int checked = !first.Node()->info->checked;
-    for (int next = number; next >= 0; next = m_grid.GetNextItem(next, LVNI_SELECTED)) {
-        const RowWatch row(m_grid, next);
-        if (!row)
-            continue;
-        row.Node()->info->checked = checked;
-        m_grid.SetCheck(next, checked != 0);
-        if (row)
-            row.Node()->info->checked = m_grid.GetCheck(next);
-        m_grid.RedrawItems(next, next);
-    }
+    const bool checked = !first.Node()->info->checked;
+    for (int next = number; next >= 0; next = m_list.GetNextItem(next, LVNI_SELECTED))
+        if (const RowWatch row(m_tree, next); row)
+            SetChecked(row, next, checked);
+}
+
+// The list may refuse, and a handler may throw: the node follows the mark.
+void RowKeys::SetChecked(const RowWatch& row, int number, bool checked) {
+    FirstFailure failure;
+    row.Node()->info->checked = checked;
+    failure.Try([&] { m_list.SetCheck(number, checked); });
+    if (row)
+        row.Node()->info->checked = m_list.GetCheck(number);
+    m_list.RedrawItems(number, number);
+    failure.Rethrow();
 }
 
 void RowKeys::Delete(const RowWatch& row, int number) {
-    if (!m_grid.m_allowDeleteKey || !m_grid.OnRowDeleting(row.Node(), number) || !row)
+    if (!m_list.m_allowDeleteKey || !m_list.OnRowDeleting(row.Node(), number) || !row)
         return;
     {
-        const CSuperGridCtrl::RedrawPause pause(m_grid);
-        m_grid.TakeNode(row.Node());
+        const TreeGridList::RedrawPause pause(m_list);
+        m_tree.Remove(row.Node());
         if (number > 0)
-            m_grid.SelectRow(number < m_grid.GetItemCount() ? number : number - 1);
+            m_list.SelectRow(number < m_list.GetItemCount() ? number : number - 1);
     }
-    m_grid.Invalidate();
+    m_list.Invalidate();
 }
 
 void RowKeys::ExpandAll(const RowWatch& row, int number) {
-    if (!m_grid.OnExpandAllKey(row.Node(), number) || !row)
+    if (!m_list.OnExpandAllKey(row.Node(), number) || !row)
         return;
     int last = number;
     SetCursor(IDC_WAIT);
-    m_grid.ExpandSubtree(row.Node(), &last);
+    m_tree.ExpandAll(row.Node(), &last);
     SetCursor(IDC_ARROW);
-    m_grid.RedrawItems(number, last);
-    m_grid.EnsureVisible(last, false);
+    m_list.RedrawItems(number, last);
+    m_list.EnsureVisible(last, false);
 }
 
 void RowKeys::Expand(const RowWatch& row, int number) {
-    if (!m_grid.OnExpandKey(row.Node(), number) || !row)
+    if (!m_list.OnExpandKey(row.Node(), number) || !row)
         return;
-    const int last = m_grid.ExpandNode(row.Node(), number);
-    m_grid.RedrawItems(number, number);
-    m_grid.EnsureVisible(last, false);
+    const int last = m_tree.Expand(row.Node(), number);
+    m_list.RedrawItems(number, number);
+    m_list.EnsureVisible(last, false);
 }
 
 void RowKeys::Collapse(const RowWatch& row, int number) {
-    if (!m_grid.OnCollapseKey(row.Node(), number) || !row)
+    if (!m_list.OnCollapseKey(row.Node(), number) || !row)
         return;
-    m_grid.CollapseNode(row.Node());
-    m_grid.RedrawItems(number, number);
+    m_tree.Collapse(row.Node());
+    m_list.RedrawItems(number, number);
 }
 
 } // namespace korvel::internal

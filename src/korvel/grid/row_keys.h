@@ -1,22 +1,20 @@
 #pragma once
 
-#include "korvel/window/base/types.h"
-
-namespace korvel {
-class CSuperGridCtrl;
-}
+#include "korvel/grid/tree_grid_list.h"
 
 namespace korvel::internal {
 
+class CListEditCtrl;
 class RowWatch;
+class TreeRows;
 
 /// What keys do in a tree grid; for the time of one key.
 class RowKeys {
 public:
-    explicit RowKeys(CSuperGridCtrl& grid) : m_grid(grid) {}
+    RowKeys(TreeGridList& list, TreeRows& tree) : m_list(list), m_tree(tree) {}
 
     /// Before the list has the key: moves the column, starts the edit of a cell. True: the key is used up.
-    bool Translate(UINT key);
+    bool Translate(UINT key, CListEditCtrl& edit);
     /// A key that the list had: acts on the selected row. False when there is nothing to do.
     bool Press(UINT key);
 
@@ -24,14 +22,17 @@ private:
     enum class Step { Left = -1, Right = 1 };
 
     void MoveColumn(Step step);
-    bool StartCellEdit();
+    bool StartCellEdit(CListEditCtrl& edit);
     void ToggleChecks(const RowWatch& first, int number);
+    void SetChecked(const RowWatch& row, int number, bool checked);
     void Delete(const RowWatch& row, int number);
     void ExpandAll(const RowWatch& row, int number);
     void Expand(const RowWatch& row, int number);
     void Collapse(const RowWatch& row, int number);
+    int SelectedRow() const { return m_list.GetNextItem(-1, LVNI_SELECTED); }
 
-    CSuperGridCtrl& m_grid;
+    TreeGridList& m_list;
+    TreeRows& m_tree;
 };
 
 } // namespace korvel::internal

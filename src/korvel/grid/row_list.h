@@ -29,7 +29,8 @@ public:
     /// The same at once, and no one hears of it.
     virtual void RemoveQuietly(int first, int last) = 0;
     virtual void RemoveAll() = 0;
-    virtual void Redraw(const CTreeItem& node) = 0;
+    /// Repaints a row; none for -1.
+    virtual void Redraw(int row) = 0;
     /// Makes a change of many rows, which are painted afterwards.
     virtual void ChangeMany(const std::function<void()>& change) = 0;
 

@@ -1,64 +1,67 @@
 #include "korvel/grid/row_mouse.h"
 
 #include "korvel/grid/row_watch.h"
-#include "korvel/grid/rows_watch.h"
+#include "korvel/window/base/first_failure.h"
 
 #include <algorithm>
 
 namespace korvel::internal {
 
 void RowMouse::Press(UINT flags, CPoint point) {
-    m_grid.SetFocus();
+    m_list.SetFocus();
     LVHITTESTINFO hit;
     hit.pt = point;
-    const RowWatch row(m_grid, m_grid.SubItemHitTest(&hit));
+    const RowWatch row(m_tree, m_list.SubItemHitTest(&hit));
     if (!row) {
-        m_grid.Default();
+        m_list.Default();
         return;
     }
-    if (!m_grid.OnRowClick(hit))
+    if (!m_list.OnRowClick(hit))
         return;
-    m_grid.Default();
-    if (!row || TakeCheck(*row.Node(), hit))
+    if (PassOn(row, hit) || !row)
         return;
     if (IsOnSign(*row.Node(), hit)) {
         Toggle(row, hit.iItem, ToggledBy::Sign);
         return;
     }
-    m_grid.currentColumn = hit.iSubItem;
-    m_grid.ShowColumn(hit.iSubItem);
-    m_grid.RedrawItems(hit.iItem, hit.iItem);
+    m_list.currentColumn = hit.iSubItem;
+    m_list.ShowColumn(hit.iSubItem);
+    m_list.RedrawItems(hit.iItem, hit.iItem);
     if (row)
-        m_grid.OnControlLButtonDown(flags, point, hit);
+        m_list.OnControlLButtonDown(flags, point, hit);
 }
 
 void RowMouse::DoubleClick(CPoint point) {
     LVHITTESTINFO hit;
     hit.pt = point;
-    const RowWatch row(m_grid, m_grid.SubItemHitTest(&hit));
-    m_grid.Default();
-    if (!row || TakeCheck(*row.Node(), hit) || !row.Node()->CanExpand())
+    const RowWatch row(m_tree, m_list.SubItemHitTest(&hit));
+    if (PassOn(row, hit) || !row || !row.Node()->CanExpand())
         return;
     Toggle(row, hit.iItem, IsOnSign(*row.Node(), hit) ? ToggledBy::Sign : ToggledBy::DoubleClick);
 }
 
-// The list has toggled its mark where its check box was pressed; the node follows.
-bool RowMouse::TakeCheck(grid::CTreeItem& node, const LVHITTESTINFO& hit) {
-    if (!m_grid.HasCheckBoxes() || hit.flags != LVHT_ONITEMSTATEICON)
-        return false;
-    node.info->checked = m_grid.GetCheck(hit.iItem);
-    m_grid.RedrawItems(hit.iItem, hit.iItem);
-    return true;
+// Gives the press to the list, which toggles its mark where its check box was pressed: then the node follows,
+// also when a handler throws, and nothing else happens.
+bool RowMouse::PassOn(const RowWatch& row, const LVHITTESTINFO& hit) {
+    FirstFailure failure;
+    failure.Try([&] { m_list.Default(); });
+    const bool isCheck = row && m_list.HasCheckBoxes() && hit.flags == LVHT_ONITEMSTATEICON;
+    if (isCheck) {
+        row.Node()->info->checked = m_list.GetCheck(hit.iItem);
+        m_list.RedrawItems(hit.iItem, hit.iItem);
+    }
+    failure.Rethrow();
+    return isCheck;
 }
 
 // The sign has the square of the node's own depth, in front of its check box and icon.
 bool RowMouse::IsOnSign(const grid::CTreeItem& node, const LVHITTESTINFO& hit) const {
     CRect square;
-    if (hit.iSubItem != 0 || !node.CanExpand() || !m_grid.GetItemRect(hit.iItem, &square))
+    if (hit.iSubItem != 0 || !node.CanExpand() || !m_list.GetItemRect(hit.iItem, &square))
         return false;
-    const int end = square.left + m_grid.GetColumnWidth(0);
-    square.left = std::min(square.left + (node.indent() - 1) * m_grid.iconWidth, end);
-    square.right = std::min(square.left + m_grid.iconWidth, end);
+    const int end = square.left + m_list.GetColumnWidth(0);
+    square.left = std::min(square.left + (node.indent() - 1) * m_list.iconWidth, end);
+    square.right = std::min(square.left + m_list.iconWidth, end);
     return square.PtInRect(hit.pt);
 }
 
@@ -66,23 +69,23 @@ void RowMouse::Toggle(const RowWatch& row, int number, ToggledBy by) {
     grid::CTreeItem* node = row.Node();
     int seen = number;
     if (node->collapsed()) {
-        if (!m_grid.OnNodeExpanding(node, number) || !row)
+        if (!m_list.OnNodeExpanding(node, number) || !row)
             return;
-        seen = m_grid.ExpandNode(node, number);
+        seen = m_tree.Expand(node, number);
         if (row)
-            m_grid.OnNodeExpanded(node, number);
+            m_list.OnNodeExpanded(node, number);
     } else {
-        if (!m_grid.OnNodeCollapsing(node) || !row)
+        if (!m_list.OnNodeCollapsing(node) || !row)
             return;
-        m_grid.CollapseNode(node);
+        m_tree.Collapse(node);
         if (row)
-            m_grid.OnNodeCollapsed(node);
+            m_list.OnNodeCollapsed(node);
         // Kept: a double click that collapses scrolls a long list to its top, the sign does not.
         if (by == ToggledBy::DoubleClick)
             seen = 0;
     }
-    m_grid.RedrawItems(number, number);
-    m_grid.EnsureVisible(seen, false);
+    m_list.RedrawItems(number, number);
+    m_list.EnsureVisible(seen, false);
 }
 
 } // namespace korvel::internal

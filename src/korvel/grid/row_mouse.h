@@ -1,22 +1,16 @@
 #pragma once
 
-#include "korvel/window/list/list_ctrl.h"
-
-namespace korvel {
-class CSuperGridCtrl;
-namespace grid {
-class CTreeItem;
-}
-} // namespace korvel
+#include "korvel/grid/tree_grid_list.h"
 
 namespace korvel::internal {
 
 class RowWatch;
+class TreeRows;
 
 /// What presses in the rows of a tree grid do; for the time of one press.
 class RowMouse {
 public:
-    explicit RowMouse(CSuperGridCtrl& grid) : m_grid(grid) {}
+    RowMouse(TreeGridList& list, TreeRows& tree) : m_list(list), m_tree(tree) {}
 
     void Press(UINT flags, CPoint point);
     void DoubleClick(CPoint point);
@@ -24,11 +18,12 @@ public:
 private:
     enum class ToggledBy { Sign, DoubleClick };
 
-    bool TakeCheck(grid::CTreeItem& node, const LVHITTESTINFO& hit);
+    bool PassOn(const RowWatch& row, const LVHITTESTINFO& hit);
     bool IsOnSign(const grid::CTreeItem& node, const LVHITTESTINFO& hit) const;
     void Toggle(const RowWatch& row, int number, ToggledBy by);
 
-    CSuperGridCtrl& m_grid;
+    TreeGridList& m_list;
+    TreeRows& m_tree;
 };
 
 } // namespace korvel::internal

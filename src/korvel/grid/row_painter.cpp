@@ -29,29 +29,29 @@ COLORREF SwatchColor(const CItemInfo& info, int cell) {
 
 } // namespace
 
-RowPainter::RowPainter(CSuperGridCtrl& grid, CDC& dc, int row)
-    : m_grid(grid), m_dc(dc), m_row(row), m_there(grid, row), m_node(m_there.Node()) {
+RowPainter::RowPainter(TreeGridList& list, const TreeRows& tree, CDC& dc, int row)
+    : m_list(list), m_dc(dc), m_row(row), m_there(tree, row), m_node(m_there.Node()) {
     const HWND focus = GetFocus();
-    m_hasFocus = focus && (focus == grid.m_hWnd || IsChild(grid.m_hWnd, focus));
-    m_isSelected = grid.GetItemState(row, LVIS_SELECTED) & LVIS_SELECTED;
+    m_hasFocus = focus && (focus == list.m_hWnd || IsChild(list.m_hWnd, focus));
+    m_isSelected = list.GetItemState(row, LVIS_SELECTED) & LVIS_SELECTED;
 }
 
 void RowPainter::Draw() {
-    const int columns = m_grid.GetColumnCount();
+    const int columns = m_list.GetColumnCount();
     for (int column = 0; column < columns && m_there && m_node->info; ++column)
         DrawCell(column);
     CRect bounds;
-    if (m_there && m_hasFocus && m_grid.GetItemState(m_row, LVIS_FOCUSED) &&
-        m_grid.GetItemRect(m_row, &bounds))
+    if (m_there && m_hasFocus && m_list.GetItemState(m_row, LVIS_FOCUSED) &&
+        m_list.GetItemRect(m_row, &bounds))
         m_dc.DrawFocusRect(bounds);
 }
 
 void RowPainter::DrawCell(int column) {
     CRect cell;
-    if (!m_grid.GetSubItemRect(m_row, column, column == 0 ? LVIR_BOUNDS : LVIR_LABEL, &cell))
+    if (!m_list.GetSubItemRect(m_row, column, column == 0 ? LVIR_BOUNDS : LVIR_LABEL, &cell))
         return;
     if (column == 0)
-        cell.right = cell.left + m_grid.GetColumnWidth(0); // the platform's bounds of column 0 are the row's
+        cell.right = cell.left + m_list.GetColumnWidth(0); // LVIR_BOUNDS is the whole row
     const CRect seen = cell.Intersected(m_dc.GetClipBox());
     if (seen.IsRectEmpty())
         return;
@@ -67,7 +67,7 @@ void RowPainter::DrawContent(int column, const CRect& cell) {
     if (column == 0) {
         DrawTree(cell);
         CRect label;
-        if (m_grid.GetSubItemRect(m_row, 0, LVIR_LABEL, &label))
+        if (m_list.GetSubItemRect(m_row, 0, LVIR_LABEL, &label))
             room.left = label.left;
     } else {
         room = DrawControl(column, cell);
@@ -75,10 +75,10 @@ void RowPainter::DrawContent(int column, const CRect& cell) {
     if (!m_there)
         return;
     DrawText(column, room, ground);
-    if (m_isSelected && m_hasFocus && column == m_grid.GetCurrentColumn())
-        m_dc.FrameRect(cell, m_grid.GetFocusCellColor());
+    if (m_isSelected && m_hasFocus && column == m_list.GetCurrentColumn())
+        m_dc.FrameRect(cell, m_list.GetFocusCellColor());
     if (m_there)
-        m_grid.DrawSpezialItem(m_dc, m_node, column, cell);
+        m_list.DrawSpezialItem(m_dc, m_node, column, cell);
 }
 
 COLORREF RowPainter::GroundOf(int column) const {
@@ -117,17 +117,17 @@ void RowPainter::DrawText(int column, CRect room, COLORREF ground) {
 
 void RowPainter::DrawTree(const CRect& bounds) {
     CRect icon;
-    if (!m_grid.GetSubItemRect(m_row, 0, LVIR_ICON, &icon))
+    if (!m_list.GetSubItemRect(m_row, 0, LVIR_ICON, &icon))
         return;
-    const CImageList* icons = m_grid.GetImageList();
+    const CImageList* icons = m_list.GetImageList();
     const int width = icons ? icons->GetImageSize().cx : 0;
     DrawTreeLines(bounds, width);
-    if (m_grid.GetExtendedStyle() & LVS_EX_CHECKBOXES)
+    if (m_list.HasCheckBoxes())
         DrawRowCheck({bounds.left + m_node->indent() * width, bounds.top, icon.left, bounds.bottom});
     if (!icons || !m_there)
         return;
-    const int index = m_grid.GetIcon(m_node);
-    icons = m_grid.GetImageList(); // the host may have set another one
+    const int index = m_list.GetIcon(m_node);
+    icons = m_list.GetImageList(); // the host may have set another one
     if (const Image* image = icons ? icons->GetImage(index) : nullptr) {
         const int height = icons->GetImageSize().cy;
         const int top = bounds.top + (bounds.Height() - height) / 2;
@@ -178,7 +178,7 @@ void RowPainter::DrawSign(const CRect& square) {
 void RowPainter::DrawRowCheck(const CRect& bounds) {
     constexpr int Size = 13;
     const UINT state = DFCS_BUTTONCHECK | (m_node->info->checked ? DFCS_CHECKED : 0);
-    m_grid.DrawThemedFrame(m_dc, bounds.Centered({Size, Size}), DFC_BUTTON, state);
+    m_list.DrawThemedFrame(m_dc, bounds.Centered({Size, Size}), DFC_BUTTON, state);
 }
 
 CRect RowPainter::DrawControl(int column, const CRect& cell) {
@@ -187,7 +187,7 @@ CRect RowPainter::DrawControl(int column, const CRect& cell) {
     switch (m_node->info->GetControlType(column - 1)) {
     case CItemInfo::ctCheck:
         if (const CRect box = InsideOfCell(InsideOfCell(LeftSquare(cell))); !box.IsRectEmpty())
-            m_grid.DrawThemedFrame(m_dc, box, DFC_BUTTON, m_grid.GetCheckState(m_node, column));
+            m_list.DrawThemedFrame(m_dc, box, DFC_BUTTON, m_list.GetCheckState(m_node, column));
         room.left = LeftSquare(cell).right;
         return room;
     case CItemInfo::ctColor:
@@ -222,7 +222,7 @@ CRect RowPainter::DrawControl(int column, const CRect& cell) {
     case CItemInfo::ctList:
         if (!m_isSelected || !IsEnabled(column))
             return room;
-        m_grid.DrawThemedFrame(m_dc, RightSquare(inside), DFC_SCROLL, DFCS_SCROLLDOWN);
+        m_list.DrawThemedFrame(m_dc, RightSquare(inside), DFC_SCROLL, DFCS_SCROLLDOWN);
         room.right = RightSquare(inside).left;
         return room;
     default:
@@ -252,7 +252,7 @@ void RowPainter::DrawSwatch(const CRect& square, COLORREF word) {
 void RowPainter::DrawButton(const CRect& square, const CString& face) {
     if (square.IsRectEmpty())
         return;
-    m_grid.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
+    m_list.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
     m_dc.SetTextColor(GetSysColor(COLOR_BTNTEXT));
     m_dc.DrawText(face, square, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
 }
@@ -260,7 +260,7 @@ void RowPainter::DrawButton(const CRect& square, const CString& face) {
 void RowPainter::DrawDice(const CRect& square) {
     if (square.IsRectEmpty())
         return;
-    m_grid.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
+    m_list.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
     const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
     const CRect die = square.Centered({11, 11});
     m_dc.FrameRect(die, ink);

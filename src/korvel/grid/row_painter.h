@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/grid/row_watch.h"
+#include "korvel/grid/tree_grid_list.h"
 
 namespace korvel::internal {
 
@@ -8,12 +9,12 @@ namespace korvel::internal {
 /// and for each further column what the control type of its cell shows.
 class RowPainter {
 public:
-    RowPainter(CSuperGridCtrl& grid, CDC& dc, int row);
+    RowPainter(TreeGridList& list, const TreeRows& tree, CDC& dc, int row);
 
     void Draw();
 
 private:
-    using CTreeItem = CSuperGridCtrl::CTreeItem;
+    using CTreeItem = grid::CTreeItem;
 
     void DrawCell(int column);
     void DrawContent(int column, const CRect& cell);
@@ -31,7 +32,7 @@ private:
     COLORREF GroundOf(int column) const;
     bool IsEnabled(int column) const;
 
-    CSuperGridCtrl& m_grid;
+    TreeGridList& m_list;
     CDC& m_dc;
     const int m_row;
     const RowWatch m_there;

@@ -1,22 +1,10 @@
 #pragma once
 
-#include "korvel/grid/tree_item.h"
-#include "korvel/window/list/list_ctrl.h"
+#include "korvel/grid/tree_grid_list.h"
 
 #include <memory>
 
 namespace korvel {
-
-class CListEditCtrl;
-
-namespace internal {
-class GridRowList;
-class RowDrag;
-class RowKeys;
-class RowMouse;
-class RowsWatch;
-class TreeRows;
-} // namespace internal
 
 /// A tree inside a report list: the tree is the truth, and the list holds one row for each node that is
 /// shown, in the order of the tree.
@@ -37,11 +25,8 @@ class TreeRows;
 /// Whatever the grid calls (an overridden operation, a handler of its notices, a painter) may change the
 /// tree, destroy the window or throw: the rows are those of the tree afterwards. It must not delete the
 /// grid's object.
-class KORVEL_API CSuperGridCtrl : public CListCtrl {
+class KORVEL_API CSuperGridCtrl : public TreeGridList {
 public:
-    using CTreeItem = grid::CTreeItem;
-    using CItemInfo = korvel::CItemInfo;
-
     CSuperGridCtrl();
     ~CSuperGridCtrl() override;
 
@@ -63,7 +48,8 @@ public:
     /// The node of a row; null outside the rows.
     CTreeItem* NodeAtRow(int row) const;
     CTreeItem* GetSelectedNode() const;
-    /// Shows the children, all collapsed. Returns the last row that came, or `row` when none did.
+    /// Shows the children, all collapsed. Returns the last row that came, `row` when none did, and -1 for null
+    /// and for a node that is not shown.
     int ExpandNode(CTreeItem* node, int row);
     void CollapseNode(CTreeItem* node);
     /// Expands the node and every family below it. `scrollRow` (may be null) becomes the last row that
@@ -91,57 +77,13 @@ public:
     /// Copies all below `src` to below `dest`.
     void CopySubtree(CTreeItem* dest, const CTreeItem* src);
 
-    /// The focused column.
-    int GetCurrentColumn() const { return currentColumn; }
-
-    // What derived grids decide, in the order that they know.
     void DrawItem(DRAWITEMSTRUCT* item) override;
-    /// A copy for a copied node, given to the caller; null: a blank one is made.
-    virtual CItemInfo* CopyItemInfo(const CItemInfo* source);
-    /// Index in the image list of the icon of a row.
-    virtual int GetIcon(const CTreeItem* node);
-    virtual COLORREF GetFocusCellColor();
-    /// A text was typed into a cell: stores it in the node.
-    virtual void OnCellTextChanged(CTreeItem* node, NMLVDISPINFO* record);
-    /// A press in a row that met neither sign nor check box.
-    virtual void OnControlLButtonDown(UINT flags, CPoint point, LVHITTESTINFO& hit);
-    /// What follows the pointer while a row is dragged; null starts no drag.
-    virtual std::unique_ptr<CImageList> CreateRowDragImage(int row);
-    // False stops the action, and the tree stays as it was.
-    virtual BOOL OnNodeExpanding(CTreeItem* node, int row);
-    virtual BOOL OnNodeExpanded(CTreeItem* node, int row);
-    virtual BOOL OnNodeCollapsing(CTreeItem* node);
-    virtual BOOL OnNodeCollapsed(CTreeItem* node);
-    virtual BOOL OnRowDeleting(CTreeItem* node, int row);
-    virtual BOOL OnExpandAllKey(CTreeItem* node, int row);
-    virtual BOOL OnCollapseKey(CTreeItem* node, int row);
-    virtual BOOL OnExpandKey(CTreeItem* node, int row);
-    /// The Return key: true passes it on; false starts the edit of the current cell.
-    virtual BOOL OnVkReturn();
-    virtual BOOL OnRowClick(LVHITTESTINFO& hit);
-    /// How the box of a ctCheck cell is drawn: DFCS_*.
-    virtual UINT GetCheckState(const CTreeItem* node, int column);
-    virtual int Reserved18();
-    /// Called after the drawing of each cell.
-    virtual void DrawSpezialItem(CDC& dc, const CTreeItem* node, int column, const CRect& cell);
-    virtual void DrawThemedFrame(CDC& dc, const CRect& rect, UINT type, UINT state);
-
+    void OnCellTextChanged(CTreeItem* node, NMLVDISPINFO* record) override;
+    std::unique_ptr<CImageList> CreateRowDragImage(int row) override;
     bool PreTranslateMessage(MSG& message) override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    /// Switches redraw off for its lifetime; may be nested.
-    class RedrawPause {
-    public:
-        explicit RedrawPause(CSuperGridCtrl& grid);
-        ~RedrawPause();
-        RedrawPause(const RedrawPause&) = delete;
-        RedrawPause& operator=(const RedrawPause&) = delete;
-
-    private:
-        CSuperGridCtrl& m_grid;
-    };
-
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
     // The halves of AddRootNode and AddChildNode: who files a node does so between them, before the host
@@ -153,37 +95,13 @@ protected:
 
     /// Removes a node of this grid with its info, its rows and all below.
     void TakeNode(CTreeItem* node);
-    /// A node was taken out of the tree with all below; it is about to be deleted. `formerParent`: null for
-    /// what was a root, and when the host removed other nodes while it heard of the rows.
-    virtual void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent);
-    /// To be begun before a call of the host, and looked at after it.
-    internal::RowsWatch WatchRows() const;
     void DeleteAllNodes();
-    /// Repaints one row, at once when it is on screen.
     void RedrawNode(const CTreeItem* node);
-    /// Scrolls sideways until the column is seen.
-    void ShowColumn(int column);
-    void SelectRow(int row);
-
-    int iconWidth = 16;
-    int iconHeight = 16;
-    int currentColumn = 0;
-    const bool m_allowDrag = true;
-    const bool m_allowDeleteKey = true;
 
 private:
-    friend class internal::GridRowList;
-    friend class internal::RowDrag;
-    friend class internal::RowKeys;
-    friend class internal::RowMouse;
+    struct Parts;
 
-    bool HasCheckBoxes() const;
-
-    std::unique_ptr<internal::GridRowList> m_rowList;
-    std::unique_ptr<internal::TreeRows> m_tree;
-    std::unique_ptr<internal::RowDrag> m_drag;
-    std::unique_ptr<CListEditCtrl> m_cellEdit;
-    int m_redrawPauses = 0;
+    std::unique_ptr<Parts> m_parts;
 };
 
 } // namespace korvel

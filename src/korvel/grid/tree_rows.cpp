@@ -70,9 +70,9 @@ TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, CItemInfo* info, int posi
 }
 
 void TreeRows::Show(const CTreeItem* node) {
-    const RowsWatch rows = Watch();
+    const LossWatch rows = Watch();
     if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
-        m_list.Redraw(*parent); // its sign comes
+        m_list.Redraw(RowOf(parent)); // its sign comes
     if (rows && Has(node) && node->row() >= 0)
         InsertRows(node->row(), {const_cast<CTreeItem*>(node)});
 }
@@ -135,7 +135,7 @@ void TreeRows::Remove(CTreeItem* node) {
     const int first = RowOf(node);
     const int last = first >= 0 && m_list.At(first) == node ? LastRowOf(*node) + 1 : first;
     NodePtr removed = Detach(node);
-    const RowsWatch rows = Watch();
+    const LossWatch rows = Watch();
     FirstFailure failure;
     failure.Try([&] { RemoveRows(first, last); });
     // Whoever heard of the rows may have removed the parent.
@@ -143,7 +143,7 @@ void TreeRows::Remove(CTreeItem* node) {
     Discard(std::move(removed));
     failure.Try([&] { RebuildIfNeeded(); });
     if (rows && parent && parent->children().empty())
-        failure.Try([&] { m_list.Redraw(*parent); }); // its sign goes
+        failure.Try([&] { m_list.Redraw(RowOf(parent)); }); // its sign goes
     failure.Rethrow();
 }
 
@@ -203,10 +203,10 @@ int TreeRows::Expand(CTreeItem* node, int row) {
     node->CollapseBelow(); // what was left open below a collapsed node stays out
     node->SetCollapsed(false);
     const int last = place + node->children().size();
-    const RowsWatch rows = Watch();
+    const LossWatch rows = Watch();
     InsertRows(node->row() + 1, Nodes(node->children().begin(), node->children().end()));
     if (rows)
-        m_list.Redraw(*node);
+        m_list.Redraw(RowOf(node));
     return last;
 }
 
@@ -233,7 +233,7 @@ void TreeRows::ExpandAll(CTreeItem* node, int* scrollRow) {
         while (CTreeItem* next = walk.Next())
             meet(next, walk);
     }
-    const RowsWatch rows = Watch();
+    const LossWatch rows = Watch();
     m_list.ChangeMany([&] {
         for (CTreeItem* family : closed)
             if (rows && RowOf(family) >= 0 && family->collapsed()) { // where the host has not been meanwhile
@@ -277,7 +277,7 @@ void TreeRows::Collapse(CTreeItem* node) {
 
 void TreeRows::CollapseAll() {
     const Nodes roots(Roots().begin(), Roots().end());
-    const RowsWatch rows = Watch();
+    const LossWatch rows = Watch();
     // From the last root up, so that no rows move that are removed later.
     m_list.ChangeMany([&] {
         for (auto root = roots.rbegin(); root != roots.rend() && rows; ++root)
@@ -350,7 +350,7 @@ int TreeRows::Overwrite(int row, const Nodes& nodes) {
 bool TreeRows::CopyUnder(CTreeItem* target, const CTreeItem* source) {
     if (!target || !source || IsWithin(*source, target))
         return false;
-    const RowsWatch rows = Watch();
+    const LossWatch rows = Watch();
     NodePtr copy = MakeNode(m_list.CopyInfo(source->info));
     if (!rows || !FillWithCopies(*copy, *source))
         return false;
@@ -363,7 +363,7 @@ bool TreeRows::CopyUnder(CTreeItem* target, const CTreeItem* source) {
 void TreeRows::CopyBelow(CTreeItem* target, const CTreeItem* source) {
     if (!target || !source || source->children().empty() || IsWithin(*source, target))
         return;
-    const RowsWatch rows = Watch();
+    const LossWatch rows = Watch();
     CTreeItem copies(nullptr);
     if (!FillWithCopies(copies, *source))
         return;
@@ -377,11 +377,11 @@ void TreeRows::CopyBelow(CTreeItem* target, const CTreeItem* source) {
         copies.RemoveChild(copy);
         target->InsertChild(-1, copy);
     }
-    m_list.Redraw(*target);
+    m_list.Redraw(RowOf(target));
 }
 
 bool TreeRows::FillWithCopies(CTreeItem& target, const CTreeItem& source) {
-    const RowsWatch rows = Watch();
+    const LossWatch rows = Watch();
     std::vector<std::pair<CTreeItem*, const CTreeItem*>> open{{&target, &source}};
     while (!open.empty()) {
         const auto [parent, original] = open.back();

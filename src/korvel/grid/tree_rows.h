@@ -1,8 +1,8 @@
 #pragma once
 
 #include "korvel/grid/departing_rows.h"
+#include "korvel/grid/loss_watch.h"
 #include "korvel/grid/row_list.h"
-#include "korvel/grid/rows_watch.h"
 
 namespace korvel::internal {
 
@@ -28,7 +28,7 @@ public:
     explicit TreeRows(RowList& list);
 
     const ChildList& Roots() const { return m_forest->children(); }
-    RowsWatch Watch() const { return RowsWatch(m_removals); }
+    LossWatch Watch() const { return LossWatch(m_removals); }
     unsigned Removals() const { return m_removals; }
     /// The row of a node in the list; -1 for a node that is not shown or of another tree.
     int RowOf(const CTreeItem* node) const;

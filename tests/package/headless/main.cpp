@@ -60,6 +60,8 @@ int main() {
     observer.sinks.at(&axis)->OnChange("begin", Station(500.0));
     Expect(grid.GetItemText(0, 1) == RoadStationToString(500.0));
     Expect(!display.PaintWindow(grid.m_hWnd).empty());
+    const TreeGridList& list = grid;
+    Expect(!list.HasCheckBoxes());
 
     grid.Clear();
     Expect(observer.sinks.empty());
