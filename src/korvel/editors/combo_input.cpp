@@ -106,9 +106,9 @@ LRESULT ComboInput::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
     else if (isDesign && message == WM_LBUTTONDOWN)
         m_control.SetFocus();
     if (const auto state = m_state) {
-        if (passes && message == WM_LBUTTONDBLCLK)
-            state->SetCurrent(m_control.GetNextItem(-1, LVNI_SELECTED)); // the list control has moved it
-        if (message == WM_LBUTTONDOWN)
+        // The list control has selected the row of a second press on another row: that is a press of its own.
+        const bool isOnOtherRow = passes && m_control.GetNextItem(-1, LVNI_SELECTED) != state->GetCurrent();
+        if (message == WM_LBUTTONDOWN || (message == WM_LBUTTONDBLCLK && isOnOtherRow))
             state->OnLButtonDown(flags, point);
         else if (message == WM_LBUTTONUP)
             state->OnLButtonUp(flags, point);
