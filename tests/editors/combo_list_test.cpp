@@ -116,6 +116,10 @@ TEST_F(ComboListTest, DropsBelowItsField) {
     list->DropBelow({100, 1000, 300, 1020});
     EXPECT_EQ(place(), (CRect{100, 1020, 300, 1020 + 24 + 3 * 20 + 2}));
     EXPECT_EQ(list->GetTopIndex(), list->GetItemCount() - 3);
+    shown.entries.clear();
+    list->Initialize("value", shown.ValueOf(""));
+    list->DropBelow({100, 500, 300, 520});
+    EXPECT_EQ(place().Height(), 24 + 20 + 2); // without rows too
 }
 
 } // namespace

@@ -101,15 +101,14 @@ void ComboListParts::PlaceBelowField() {
     if (!field)
         return;
     const CListCtrl& list = view.Control();
-    CRect firstRow;
-    const int header = list.GetItemRect(list.GetTopIndex(), &firstRow) ? firstRow.top : 0;
+    const CHeaderCtrl* header = view.Columns().IsTable() ? list.GetHeaderCtrl() : nullptr;
     const int border = list.GetWindowRect().Height() - list.GetClientRect().Height();
     const int screen = GetSystemMetrics(SM_CYSCREEN);
     CRect place = *field;
     place.top = place.bottom;
     place.bottom += DropDownHeight({.rows = model.Tree().RowCount(),
                                     .rowHeight = list.GetRowHeight(),
-                                    .frame = border + header,
+                                    .frame = border + (header ? header->GetWindowRect().Height() : 0),
                                     .room = place.top < screen ? screen - place.top : NoEnd});
     if (place != list.GetWindowRect())
         SetWindowPos(list.m_hWnd, nullptr, place, SWP_NOZORDER | SWP_NOACTIVATE);
