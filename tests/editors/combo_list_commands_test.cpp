@@ -160,23 +160,24 @@ TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
         int row;
         CString typed;
         long refused; // the entry that keeps its name
-        std::string calls, rows;
+        std::string calls, rows, current;
     };
     const std::string before = "-g|  a|  xb|-c|  d", renames = "rename k/a, rename k/b";
     const Case cases[] = {
-        {"an entry", 1, "new", 0, "rename g/new", "-g|  new|  xb|-c|  d"},
-        {"a separator that is text", 1, "x\\/y", 0, "rename g/x\\/y", "-g|  x\\/y|  xb|-c|  d"},
-        {"an entry with others: alone", 3, "new", 0, "rename new", "-g|  a|  xb|-new|  d"},
-        {"a group: every entry", 0, "k", 0, renames, "-k|  a|  xb|-c|  d"},
-        {"nothing typed", 1, "", 0, "", before},
-        {"a path moves the entry", 1, "x//y", 0, "rename g/x/y", "-g|  xb|  +x|-c|  d"},
-        {"and the entries of a group", 0, "k/m", 0, "rename k/m/a, rename k/m/b", "-c|  d|+k"},
-        {"into the group itself", 0, "g/m", 0, "rename g/m/a, rename g/m/b", "-g|  +m|-c|  d"},
-        {"no part at all", 1, "//", 0, "", before},
-        {"a backslash at the end of a group", 0, "k\\", 0, "", before},
-        {"and of an entry", 1, "n\\", 0, "rename g/n\\", "-g|  n\\|  xb|-c|  d"},
-        {"refused", 1, "new", 1, "rename g/new", before},
-        {"a group of which one refuses is split", 0, "k", 1, renames, "-g|  a|-c|  d|+k"},
+        {"an entry", 1, "new", 0, "rename g/new", "-g|  new|  xb|-c|  d", "new"},
+        {"a separator that is text", 1, "x\\/y", 0, "rename g/x\\/y", "-g|  x\\/y|  xb|-c|  d", "x\\/y"},
+        {"an entry with others: alone", 3, "new", 0, "rename new", "-g|  a|  xb|-new|  d", "new"},
+        {"a group: every entry", 0, "k", 0, renames, "-k|  a|  xb|-c|  d", "k"},
+        {"nothing typed", 1, "", 0, "", before, "a"},
+        {"a path moves the entry", 1, "x//y", 0, "rename g/x/y", "-g|  xb|  -x|    y|-c|  d", "y"},
+        {"one with others too", 3, "x/y", 0, "rename x/y", "-g|  a|  xb|-c|  d|-x|  y", "y"},
+        {"and the entries of a group", 0, "k/m", 0, "rename k/m/a, rename k/m/b", "-c|  d|-k|  +m", "m"},
+        {"into the group itself", 0, "g/m", 0, "rename g/m/a, rename g/m/b", "-g|  +m|-c|  d", "m"},
+        {"no part at all", 1, "//", 0, "", before, "a"},
+        {"a backslash at the end of a group", 0, "k\\", 0, "", before, "g"},
+        {"and of an entry", 1, "n\\", 0, "rename g/n\\", "-g|  n\\|  xb|-c|  d", "n\\"},
+        {"refused", 1, "new", 1, "rename g/new", before, "a"},
+        {"a group of which one refuses is split", 0, "k", 1, renames, "-g|  a|-c|  d|+k", "g"},
     };
     for (const Case& row : cases) {
         SCOPED_TRACE(row.name);
@@ -193,6 +194,7 @@ TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
         EditLabel(row.typed, VK_RETURN);
         EXPECT_EQ(shown.calls, row.calls);
         EXPECT_EQ(Rows(), row.rows);
+        EXPECT_EQ(Current(), row.current); // a command that follows is about what was renamed
         ExpectConsistent(*list);
         const bool isTaken = !row.calls.empty() && row.refused == 0;
         EXPECT_EQ(TellEndOfEdit(row.row, row.typed.c_str()), isTaken);

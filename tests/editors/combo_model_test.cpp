@@ -38,6 +38,7 @@ struct RowKeeper final : internal::ComboRowSink {
         rows.erase(rows.begin() + range.first, rows.begin() + range.first + range.count);
     }
     void OnRowsRemoved(ComboTree::RowRange range) override { OnRowsHidden(range); }
+    void OnItemMoved(const ComboTreeItem&, ComboTreeItem&) override {}
 
     const ComboModel* model = nullptr;
     std::vector<const ComboTreeItem*> rows;

@@ -97,6 +97,14 @@ void ComboListParts::OnRowsRemoved(ComboTree::RowRange rows) {
         input.SetCurrentRow(std::min(rows.first, model.Tree().RowCount() - 1));
 }
 
+// What is current stays so: a command that follows must not be about its neighbour.
+void ComboListParts::OnItemMoved(const ComboTreeItem& from, ComboTreeItem& to) {
+    if (!from.HasRow() || from.GetRow() != input.CurrentRow())
+        return;
+    model.ExpandParent(to.GetParent());
+    input.SetCurrentRow(to.HasRow() ? to.GetRow() : -1);
+}
+
 void ComboListParts::PlaceBelowField() {
     if (!field)
         return;

@@ -21,6 +21,7 @@ struct ComboListParts final : ComboRowSink {
     void OnRowsAdded(ComboTree::RowRange rows) override;
     void OnRowsHidden(ComboTree::RowRange rows) override;
     void OnRowsRemoved(ComboTree::RowRange rows) override;
+    void OnItemMoved(const ComboTreeItem& from, ComboTreeItem& to) override;
     /// As high as the rows need; does nothing without a field.
     void PlaceBelowField();
 

@@ -172,6 +172,11 @@ void ComboModel::Remove(ComboTreeItem& item) {
         m_sink.OnRowsRemoved(rows);
 }
 
+void ComboModel::ItemMoved(const ComboTreeItem& from, ComboTreeItem& to) {
+    if (!m_isBuilding && m_tree.Contains(from) && m_tree.Contains(to))
+        m_sink.OnItemMoved(from, to);
+}
+
 // Opened all the way up, not its own group alone: a new entry becomes the current row.
 ComboTreeItem* ComboModel::EntryAdded(long id) {
     const ComboTree::KeepItems keep(m_tree);

@@ -51,6 +51,9 @@ public:
     /// Takes an entry out of the tree, or a group with all that is under it.
     void Remove(ComboTreeItem& item);
 
+    /// `to` has been made for what `from` was, which may be removed next.
+    void ItemMoved(const ComboTreeItem& from, ComboTreeItem& to);
+
     /// The enumeration has a new entry: returns its item, shown, or null when it does not know the entry.
     ComboTreeItem* EntryAdded(long id);
     void EntryRemoved(long id);

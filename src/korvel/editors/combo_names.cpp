@@ -153,14 +153,20 @@ void ComboNames::MoveGroup(ComboTreeItem& group, const std::list<std::string>& p
         target = bound ? FindOrMakeGroup(target, part) : nullptr;
         isInItself = isInItself || target == &group;
     }
-    if (isInItself)
+    if (isInItself) {
+        if (target)
+            m_model.ItemMoved(group, *target);
         return;
+    }
     std::vector<ComboTreeItem*> left;
     for (ComboTreeItem* under = group.GetFirstChild(); under; under = under->GetNextUnder(group))
         left.push_back(under);
     std::unordered_map<const ComboTreeItem*, ComboTreeItem*> places = {{&group, target}};
     for (const ComboTreeItem* under : left)
         places[under] = bound ? FindOrMakeGroup(places[under->GetParent()], under->GetLabel()) : nullptr;
+    for (const auto& [from, to] : places)
+        if (bound && to)
+            m_model.ItemMoved(*from, *to);
     const bool hasEntries = group.GetChecked() + group.GetUnchecked() > 0;
     if (bound && group.GetParent() && !hasEntries)
         m_model.Remove(group);
@@ -215,8 +221,10 @@ void ComboNames::SetLabelsUpwards(ComboTreeItem& item, std::list<std::string> se
 void ComboNames::MoveToItsPath(ComboTreeItem& item, const CVariantValue& name) {
     const bool isChecked = ComboTree::IsChecked(item);
     ComboTreeItem* moved = m_model.InsertItem(nullptr, item.GetId(), CVariantValue(name));
-    if (moved)
+    if (moved) {
         m_tree.SetCheck(*moved, isChecked);
+        m_model.ItemMoved(item, *moved);
+    }
     if (item.GetParent() && item.IsValue())
         m_model.Remove(item);
 }
