@@ -194,7 +194,7 @@ Shows a LandXML file as a tree of objects with typed attributes.
 These are kept for later runs:
 
   --angle-unit UNIT         deg (at first), rad or gon
-  --digits NUMBER           digits behind the decimal separator of numbers and angles
+  --digits NUMBER           digits after the decimal separator of numbers and angles
   --grouping SIZES          digits of a group: none, 3 (123.456.789), or 3,2 (12.34.56.789)
 
 Exit status: 0 done, 1 failed, 2 a file or an option that cannot be understood.

@@ -29,7 +29,7 @@ void CheckUniqueNames(const XmlScanner& scanner, std::string_view source,
     const std::string_view second = std::max(
         *twice, *(twice + 1), [](std::string_view a, std::string_view b) { return a.data() < b.data(); });
     scanner.Fail(static_cast<std::size_t>(second.data() - source.data()),
-                 "the attribute " + XmlError::Quoted(second) + " stands here twice");
+                 "the attribute " + XmlError::Quoted(second) + " is here twice");
 }
 
 } // namespace

@@ -1,14 +1,10 @@
 #include "korvel/documents/xml_encoding.h"
-#include "korvel/documents/xml_error.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "support/xml_refusals.h"
 
 namespace korvel {
 namespace {
 
 using ::testing::EndsWith;
-using ::testing::HasSubstr;
 
 std::string Utf16(const std::u16string& text, bool bigEndian) {
     std::string bytes;
@@ -57,14 +53,7 @@ TEST(XmlEncoding, IsTakenFromMarkOrDeclaration) {
 }
 
 TEST(XmlEncoding, RefusesWhatItCannotBeWithThePlace) {
-    struct Case {
-        const char* name;
-        std::string bytes;
-        std::size_t line;
-        std::size_t position;
-        const char* reason;
-    };
-    const Case cases[] = {
+    const std::vector<XmlRefusal> rows = {
         {"only blanks", " \n ", 2, 2, "not XML"},
         {"a picture", "\x89PNG\r\n", 1, 1, "not XML"},
         {"control character", "<a>\n\x01</a>", 2, 1, "U+0001 is not allowed"},
@@ -82,17 +71,7 @@ TEST(XmlEncoding, RefusesWhatItCannotBeWithThePlace) {
         {"half a pair", Utf16(u"<a>\xD800</a>", false), 1, 4, "half a character"},
         {"half a unit", Utf16(u"<a/>", false) + "x", 1, 5, "cut off"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        try {
-            DecodeXml(c.bytes);
-            ADD_FAILURE() << "was read";
-        } catch (const XmlError& error) {
-            EXPECT_THAT(error.Reason(), HasSubstr(c.reason));
-            EXPECT_EQ(error.Place().line, c.line);
-            EXPECT_EQ(error.Place().position, c.position);
-        }
-    }
+    ExpectRefusals(rows, DecodeXml);
 }
 
 } // namespace
