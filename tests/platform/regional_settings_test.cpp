@@ -1,3 +1,4 @@
+#include "korvel/platform/code_page.h"
 #include "korvel/platform/date_pattern.h"
 #include "korvel/platform/error.h"
 #include "korvel/platform/integer_text.h"
@@ -44,7 +45,7 @@ TEST_F(RegionalSettingsTest, KnowsTheFormatsOfCountries) {
         EXPECT_EQ(s.decimalSeparator + s.thousandsSeparator + " " + s.grouping + " " + s.countryName, formats)
             << locale;
     }
-    EXPECT_EQ(Of("bg-BG").shortDatePicture, "yyyy-MM-dd") << "no American order for what cannot be written";
+    EXPECT_EQ(ToUtf8(Of("bg-BG").shortDatePicture), "d.MM.yyyy '\u0433'.");
     EXPECT_EQ(Of("en-US").timePicture, "h:mm:ss tt") << "a plain blank before the half of the day";
     EXPECT_EQ(Of("th-TH").shortDatePicture, "d/M/yyyy") << "the Gregorian calendar everywhere";
     const RegionalSettings german = Of("de-DE");

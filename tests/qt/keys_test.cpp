@@ -28,7 +28,7 @@ const KeyCase KeyCases[] = {
     {"CapitalLetterHasTheSameCode", Qt::Key_A, Qt::ShiftModifier, u"A", WM_KEYDOWN, 'A', "A"},
     {"LetterOfTheCodePage", 0xE4, None, u"\u00e4", WM_KEYDOWN, 0, "\xE4"},
     {"EuroIsOneByte", Qt::Key_E, Qt::GroupSwitchModifier, u"\u20ac", WM_KEYDOWN, 'E', "\x80"},
-    {"LetterOutsideTheCodePage", 0x141, None, u"\u0141", WM_KEYDOWN, 0, "?"},
+    {"LetterOutsideTheCodePage", 0x141, None, u"\u0141", WM_KEYDOWN, 0, "\x81\xE2\xE1"},
     {"ControlMakesAControlCharacter", Qt::Key_C, Qt::ControlModifier, u"\u0003", WM_KEYDOWN, 'C', "\x03"},
     {"AltMakesSystemKeys", Qt::Key_F, Qt::AltModifier, u"f", WM_SYSKEYDOWN, 'F', "f"},
     {"ControlAndAltMakePlainKeys", Qt::Key_Q, Qt::ControlModifier | Qt::AltModifier, u"@", WM_KEYDOWN, 'Q',

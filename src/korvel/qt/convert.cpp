@@ -6,10 +6,7 @@
 namespace korvel::internal {
 
 QString ToQString(const CString& text) {
-    QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
-    for (std::size_t i = 0; i < text.size(); ++i)
-        result[static_cast<qsizetype>(i)] = QChar(static_cast<char16_t>(platform::ToUnicode(text[i])));
-    return result;
+    return QString::fromStdString(platform::ToUtf8(text));
 }
 
 CString FromQString(const QString& text) {
