@@ -33,17 +33,17 @@ public:
     CSubclassWnd(const CSubclassWnd&) = delete;
     CSubclassWnd& operator=(const CSubclassWnd&) = delete;
 
-    /// Hooks a window; null, or a window that does not exist, leaves the hook off. Always returns 1. To leave
-    /// another window before is the caller's part; a hook that is still on one leaves it here all the same,
-    /// because it is a link in one chain only: the first window would go on to call it after its end.
+    /// Hooks a window; null, or a window that does not exist, leaves the hook off. Always returns 1. Unhook
+    /// from the former window first. A hook that is still on another window is taken off it: it can be in one
+    /// chain only.
     BOOL HookWindow(HWND window);
     /// Null while the hook is off.
     HWND GetHookedWindow() const { return m_hWnd; }
     /// True while `hook` is on the window. The hook itself is not looked at: it may be gone already.
     static bool IsHooking(const CSubclassWnd* hook, HWND window);
 
-    /// The base passes the message on to the next older hook, and at last to the window. A hook that has
-    /// taken itself off meanwhile still passes on rightly.
+    /// The base passes the message on to the next older hook, and at last to the window. This also works
+    /// for a hook that took itself off while it handled the message.
     virtual LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:

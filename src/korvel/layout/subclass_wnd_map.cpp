@@ -63,7 +63,7 @@ LRESULT CSubclassWndMap::HookProcedure(HWND window, UINT message, WPARAM wParam,
 
 LRESULT CSubclassWndMap::End(HWND window, WPARAM wParam, LPARAM lParam) {
     const WNDPROC former = Head(window)->m_pOldWndProc;
-    while (CSubclassWnd* const head = Head(window))
+    while (CSubclassWnd* head = Head(window))
         head->HookWindow(nullptr);
     return CallWindowProcA(former, window, WM_NCDESTROY, wParam, lParam);
 }

@@ -6,7 +6,7 @@
 
 namespace korvel::internal {
 
-/// What a syntax error was found instead of; all of it may be absent.
+/// What the parser expected at a syntax error; each field may be empty.
 struct WantedTokens {
     std::vector<const char*> names;
     const char* rule = nullptr;

@@ -22,7 +22,7 @@ public:
     /// The user has confirmed a selection: notify the owner's parent, then end the edit.
     virtual void OnOK() = 0;
 
-    /// The user has given up the selection: notify the owner's parent, then end the edit.
+    /// The user has given up the selection: notify the owner's parent, then end the edit. Not called yet.
     virtual void OnCancel() = 0;
 };
 

@@ -29,10 +29,10 @@ enum EnumFlags : std::uint32_t {
 ///             Show(name.ToText());   // each entry that `value` selects
 ///     }
 ///
-/// Entry numbers are signed 32-bit; -1 is none. An operation that gets a number without an entry does nothing.
-/// The library calls it on the thread of the windows. An operation may change the enumeration, end what shows
-/// it, or throw; what it throws reaches whoever caused the call. The reserved operations are never called; they
-/// keep the order of the others.
+/// Entry numbers are signed 32-bit; -1 is none. An operation that gets a number without an entry does
+/// nothing. The library calls it on the thread of the windows. An operation may change the enumeration, end
+/// what shows it, or throw; what it throws reaches whoever caused the call. The reserved operations are never
+/// called; they keep the order of the others.
 class KORVEL_API IEnumValue : public IDestroyValue {
 public:
     /// Called instead of delete when a value that owns this, see `IsAutoDestroy`, is cleared.
@@ -156,9 +156,9 @@ struct SEnumPosition {
     bool operator==(const SEnumPosition& other) const { return end == other.end && name == other.name; }
 };
 
-/// The enumerations of the application, implemented by the host; it must outlive the grid that it is given to.
-/// The library walks it on the thread of the windows. The reserved operations are never called; they keep the
-/// order of the others.
+/// The enumerations of the application, implemented by the host; it must outlive the grid that it is given
+/// to. To be walked on the thread of the windows; the library does not walk it yet. The reserved operations
+/// are never called; they keep the order of the others.
 ///
 ///     SEnumPosition position, end;
 ///     container.GetBegin(position);

@@ -7,8 +7,8 @@
 namespace korvel {
 
 /// Optional: what a nested object shows in the value cells of its group row. Found by `dynamic_cast` on what
-/// `IMemberDispatch::m_pEnumValue` points at, so a class derives from it and from `IEnumValue`. The library calls
-/// it on the thread of the windows; an operation may do anything but delete the grid.
+/// `IMemberDispatch::m_pEnumValue` points at, so a class derives from it and from `IEnumValue`. The library
+/// calls it on the thread of the windows; an operation may do anything but delete the grid.
 class KORVEL_API GroupPresentation {
 public:
     virtual ~GroupPresentation() = default;
@@ -19,7 +19,7 @@ public:
     /// 1: the row shows texts. Anything else leaves the cells alone.
     virtual unsigned char GetPresentationKind() = 0;
 
-    /// The user has clicked the text.
+    /// The user has clicked the text. Not called yet.
     virtual void OnPresentationClick() = 0;
 };
 

@@ -26,7 +26,7 @@ struct SCommand {
     std::uint32_t id = 0;
 };
 
-/// What the context menu offers for a member; see `IMemberDispatch::GetMemberFlags`.
+/// What the context menu offers for a member. There is no menu yet; see `IMemberDispatch::GetMemberFlags`.
 enum MemberFlags : std::uint32_t {
     MF_Delete = 2,
     MF_Rename = 4,
@@ -50,7 +50,8 @@ enum DispatchOptions : std::uint32_t {
 };
 
 /// The flags and commands of an object's members, implemented by the host; optional, set as the object's
-/// `m_pCommandSink`, which it must outlive. The operations of the same names of `IMemberDispatch` forward to it.
+/// `m_pCommandSink`, which it must outlive. The operations of the same names of `IMemberDispatch` forward to
+/// it.
 class KORVEL_API IMemberCommandSink {
 public:
     virtual ~IMemberCommandSink() = default;
@@ -76,7 +77,8 @@ public:
 ///
 /// Names are compared exactly, byte by byte. An operation returns false when there is no such member; it then
 /// changes nothing and leaves its output as it was. All operations are called on the thread of the grid's
-/// window. The order of the operations is fixed: hosts that were built apart agree on it.
+/// window; those that a context menu needs (flags, commands, `OnAddMember` and its like) are not called yet.
+/// The order of the operations is fixed: hosts that were built apart agree on it.
 class KORVEL_API IMemberDispatch : public IDestroyValue {
 public:
     bool IsAutoDestroy() const override { return m_bAutoDestroy; }

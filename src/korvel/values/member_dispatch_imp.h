@@ -48,9 +48,9 @@ private:
 ///     group.Value.Dispatch = &start;
 ///     axis.AddMember("start", true, group);
 ///
-/// A name may stand twice; every look-up then finds the first. Removing a member never deletes what it holds;
-/// destroying the object deletes every value that destroys automatically, and looks at each to see whether it
-/// does. A nested TMemberDispatchImp may die before: its member then holds null. Nested objects of other
+/// A name may occur twice; look-ups then find the first. Removing a member never deletes what it holds;
+/// destroying the object calls IsAutoDestroy of every value that it holds and deletes those that return true.
+/// A nested TMemberDispatchImp may die before: its member then holds null. Nested objects of other
 /// classes, enumerations and file values must outlive the object, which is to be declared after them.
 template <typename T>
 class TMemberDispatchImp : public IMemberDispatch, public MortalObject {

@@ -16,8 +16,8 @@ namespace korvel {
 /// To be called on the thread of the grid's window alone; nothing is carried over from other threads. Each
 /// call returns after the grid has followed, and may call objects and observer. A sink is valid from its
 /// AddSink until RemoveSink for it returns, also within RemoveSink. What it says of members and objects that
-/// are not shown is ignored. Exceptions of the host's objects pass through a sink where a text or a format
-/// cannot stand for them: those of SetMember, of the observer, and want of memory.
+/// are not shown is ignored. Exceptions of SetMember and of the observer, and std::bad_alloc,
+/// leave its operations; the others show as an empty value.
 class KORVEL_API IObserverGridSink {
 public:
     virtual void Reserved0() {}
@@ -62,13 +62,14 @@ public:
 };
 
 /// Implemented by the host and given to a grid, which it must outlive: told of what is shown, and of every
-/// change that the user made, after the object was changed. Called on the thread of the grid's window;
-/// `reserved` is always null. Each operation may call the grid back, and may throw; it must not delete the
-/// grid.
+/// change that the user made, after the object was changed. Today only a drop-down list lets the user change
+/// anything, and calls OnChange; OnRemove and what follows it are not called yet. Called on the thread of the
+/// grid's window; `reserved` is always null. Each operation may call the grid back, and may throw; it must
+/// not delete the grid.
 class KORVEL_API IObserverGrid {
 public:
-    /// The grid begins to show `disp`, null when it is bound to no object. May come twice and more for one
-    /// object, then with the same sink; `sink` (null in one case of OnOperationAdd) stays the grid's. An
+    /// The grid begins to show `disp` (null: Initialize was given null). May be called again for one object,
+    /// with the same sink; `sink` (null in one case of OnOperationAdd) stays the grid's. An
     /// exception undoes what was about to be shown, and RemoveSink follows all the same.
     virtual void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) = 0;
 
@@ -80,9 +81,12 @@ public:
     /// The user wrote a value.
     virtual void OnChange(IMemberDispatch* disp, void* reserved, const std::string& name,
                           const CVariantValue& value) = 0;
+    /// The user removed a member.
     virtual void OnRemove(IMemberDispatch* disp, void* reserved, const std::string& name) = 0;
+    /// The user renamed a member.
     virtual void OnRename(IMemberDispatch* disp, void* reserved, const std::string& name,
                           const std::string& newName) = 0;
+    /// The user added a member.
     virtual void OnAdd(IMemberDispatch* disp, void* reserved, const std::string& name,
                        const CVariantValue& value) = 0;
     virtual void Reserved7() {}
