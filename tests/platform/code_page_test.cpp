@@ -8,12 +8,6 @@
 namespace korvel::platform {
 namespace {
 
-std::string Utf8Of(char32_t character) {
-    std::string utf8;
-    AppendUtf8(utf8, character);
-    return utf8;
-}
-
 // The borders between the characters of a text, found from its beginning.
 std::vector<std::size_t> BordersOf(std::string_view text) {
     std::vector<std::size_t> borders{0};
@@ -74,21 +68,21 @@ TEST(CodePage, KnowsItsCharacters) {
 }
 
 TEST(CodePage, BringsEveryCharacterBack) {
-    for (char32_t character = 0; character <= 0x10FFFF; ++character) {
-        if (character == 0xD800)
-            character = 0xE000; // pairs are no characters
-        const std::string utf8 = Utf8Of(character);
+    for (char32_t first = 0; first <= 0x10FFFF; first += 0x800) {
+        if (first == 0xD800)
+            continue; // halves of pairs are no characters
+        std::string utf8;
+        for (char32_t character = first; character < first + 0x800; ++character)
+            AppendUtf8(utf8, character);
         const ConvertedText text = FromUtf8(utf8);
         ASSERT_TRUE(text.exact);
         ASSERT_EQ(ToUtf8(text.text), utf8);
-        ASSERT_EQ(CharacterAt(text.text, 0).length, text.text.size());
-        for (std::size_t i = 1; i < text.text.size(); ++i)
-            ASSERT_GE(static_cast<unsigned char>(text.text[i]), 0xE0) << "no other byte follows a lead";
+        ASSERT_EQ(CountCharacters(text.text), 0x800u);
     }
 }
 
 TEST(CodePage, BringsEveryTextOfBytesBack) {
-    const std::string critical = "a\x81\x8D\x8F\x90\x9D\xC0\xE0\xE4\xF6\xFF";
+    const std::string critical = "a\x81\x8D\x90\x9D\xE0\xE4\xFF";
     std::vector<std::size_t> digits(5);
     for (bool isDone = false; !isDone;) {
         std::string text;
@@ -107,7 +101,7 @@ TEST(CodePage, BringsEveryTextOfBytesBack) {
     for (int round = 0; round < 20'000; ++round) {
         std::string text(upTo(12), '\0');
         for (char& byte : text)
-            byte = upTo(3) ? critical[upTo(critical.size() - 1)] : static_cast<char>(upTo(255));
+            byte = upTo(3) > 0 ? critical[upTo(critical.size() - 1)] : static_cast<char>(upTo(255));
         ASSERT_NO_FATAL_FAILURE(ExpectWhole(text));
     }
 }

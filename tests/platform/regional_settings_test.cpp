@@ -3,10 +3,12 @@
 #include "korvel/platform/error.h"
 #include "korvel/platform/integer_text.h"
 #include "korvel/platform/regional_settings.h"
+#include "korvel/platform/store_problem.h"
 #include "support/scratch.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 namespace korvel::platform {
 namespace {
@@ -53,9 +55,11 @@ TEST_F(RegionalSettingsTest, KnowsTheFormatsOfCountries) {
     EXPECT_EQ(german.names.months[2] + german.names.days[0] + german.names.shortDays[6], "M\xE4rzSonntagSa");
     const RegionalSettings polish = Of("pl-PL");
     EXPECT_EQ(polish.names.months[2], "marzec") << "nominative";
-    EXPECT_EQ(polish.names.months[9], "pazdziernik") << "an accent that the page lacks";
-    EXPECT_EQ(polish.names.days[1], "poniedzialek") << "a stroke that the page lacks";
-    EXPECT_EQ(Of("el-GR").names.months[2], "March") << "letters that the page lacks";
+    EXPECT_EQ(ToUtf8(polish.names.months[9]), "pa\u017Adziernik") << "a letter that the page lacks";
+    EXPECT_EQ(ToUtf8(Of("sr_RS.UTF-8@latin").names.months[0] + Of("sr_RS").names.months[0]),
+              "januar\u0458\u0430\u043D\u0443\u0430\u0440")
+        << "each in its script";
+    EXPECT_EQ(Of("sr_Latn").names.months[0] + Of("sr_Latn").countryName, "januarSRB");
 }
 
 TEST_F(RegionalSettingsTest, TakesTheLocaleOfTheEnvironment) {
@@ -98,8 +102,34 @@ TEST_F(RegionalSettingsTest, LetsTheUserOverride) {
     EXPECT_EQ(changed.thousandsSeparator, "") << "empty is a choice";
     EXPECT_EQ(changed.decimalSeparator, "'") << "up to the first zero";
     EXPECT_EQ(changed.grouping, "3;0") << "not a text";
-    std::ofstream(m_store.File()) << "no database at all, but long enough to be looked at as one";
-    EXPECT_THROW(ReadRegionalSettings(), Error);
+}
+
+TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
+    Override("sDecimal", SettingValue::Text("'"));
+    const auto decimal = [] { return ReadRegionalSettings().decimalSeparator; };
+    EXPECT_TRUE(UseLocale("de-DE"));
+    std::ofstream(m_store.File(), std::ios::app).close();
+    std::filesystem::resize_file(m_store.File(), 100);
+    EXPECT_EQ(decimal(), ",") << "nobody listens";
+    std::vector<bool> told;
+    SetStoreProblemListener([&](const StoreProblem& problem) {
+        EXPECT_NE(problem.text.find(StorePath(problem.root).string()), std::string::npos);
+        told.push_back(problem.isDamaged);
+    });
+    EXPECT_EQ(told, std::vector{true}) << "what came before is told first";
+    EXPECT_EQ(decimal(), ",");
+    EXPECT_EQ(told.size(), 1u) << "once a file";
+
+    SetStorePath(SettingsRoot::User, m_store.Path() / "locked");
+    Override("sDecimal", SettingValue::Text("'"));
+    sqlite3* holder = nullptr;
+    sqlite3_open((m_store.Path() / "locked").c_str(), &holder);
+    sqlite3_exec(holder, "PRAGMA journal_mode=delete; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    EXPECT_EQ(decimal(), ",");
+    sqlite3_close(holder);
+    EXPECT_EQ(decimal(), "'");
+    EXPECT_EQ(told, (std::vector{true, false}));
+    SetStoreProblemListener(nullptr);
 }
 
 TEST(DatePattern, BecomesAPicture) {

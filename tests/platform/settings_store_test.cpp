@@ -1,5 +1,6 @@
 #include "korvel/platform/error.h"
 #include "korvel/platform/settings_store.h"
+#include "korvel/platform/store_problem.h"
 #include "support/scratch.h"
 
 #include <csignal>
@@ -128,6 +129,76 @@ TEST_F(SettingsStoreTest, SaysWhichRightIsMissing) {
     chmod(folder.c_str(), 0755);
     chmod(m_store.File().c_str(), 0644);
     EXPECT_EQ(Read("A", "name").bytes, "kept");
+}
+
+// A connection of another program's, which can hold the store.
+class OtherProgram {
+public:
+    explicit OtherProgram(const std::filesystem::path& file) { sqlite3_open(file.c_str(), &m_handle); }
+    ~OtherProgram() { sqlite3_close(m_handle); }
+    OtherProgram(const OtherProgram&) = delete;
+    OtherProgram& operator=(const OtherProgram&) = delete;
+
+    void Do(const char* sql) {
+        EXPECT_EQ(sqlite3_exec(m_handle, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+    }
+    std::string JournalMode() {
+        std::string mode;
+        sqlite3_exec(
+            m_handle, "PRAGMA journal_mode",
+            [](void* text, int, char** columns, char**) {
+                return *static_cast<std::string*>(text) = columns[0], 0;
+            },
+            &mode, nullptr);
+        return mode;
+    }
+
+private:
+    sqlite3* m_handle = nullptr;
+};
+
+TEST_F(SettingsStoreTest, ReadersWaitForNoWriter) {
+    CreateKey(Root, "A");
+    WriteSetting(Root, "A", "name", SettingValue::Text("old"));
+    OtherProgram writer(m_store.File());
+    EXPECT_EQ(writer.JournalMode(), "wal");
+    writer.Do("BEGIN IMMEDIATE; UPDATE settings SET value = 'new'");
+    EXPECT_EQ(Read("A", "name").bytes, "old");
+    std::vector<std::optional<SettingValue>> values;
+    const std::string_view names[] = {"name", "other"};
+    EXPECT_EQ(ReadSettings(Root, "A", names, values), Done);
+    EXPECT_THAT(values, testing::ElementsAre(SettingValue::Text("old"), std::nullopt));
+    writer.Do("COMMIT");
+    EXPECT_EQ(Read("A", "name").bytes, "new");
+}
+
+TEST_F(SettingsStoreTest, UsersReadTheMachinesWithoutTheRightToWriteThere) {
+    CreateKey(SettingsRoot::Machine, "A");
+    WriteSetting(SettingsRoot::Machine, "A", "name", SettingValue::Text("kept"));
+    EXPECT_EQ(OtherProgram(StorePath(SettingsRoot::Machine)).JournalMode(), "delete");
+    chmod(m_store.Path().c_str(), 0555);
+    {
+        const OrdinaryUser user;
+        SettingValue value;
+        EXPECT_EQ(ReadSetting(SettingsRoot::Machine, "A", "name", value), Done);
+        EXPECT_EQ(value.bytes, "kept");
+        EXPECT_EQ(WriteSetting(SettingsRoot::Machine, "A", "name", Untouched), AccessDenied);
+    }
+    chmod(m_store.Path().c_str(), 0755);
+}
+
+TEST_F(SettingsStoreTest, IsSetAsideWithAllThatBelongsToIt) {
+    CreateKey(Root, "A");
+    const std::filesystem::path file = m_store.File();
+    const auto beside = [](std::filesystem::path path, const char* suffix) { return path += suffix; };
+    std::ofstream(beside(file, ".damaged")) << "of last time";
+    std::ofstream(beside(file, "-wal")) << "log";
+    const std::filesystem::path aside = SetStoreAside(Root);
+    EXPECT_EQ(aside, beside(file, ".2.damaged"));
+    EXPECT_EQ(ContentOf(beside(aside, "-wal")), "log");
+    EXPECT_FALSE(exists(beside(file, "-wal"))) << "a new store would take the log for its own";
+    EXPECT_EQ(CheckKey(Root, "A", SettingsAccess::Read), KeyMissing);
+    EXPECT_THROW(SetStoreAside(Root), Error) << "there is none";
 }
 
 void WriteMany(int writer) {

@@ -1,4 +1,5 @@
 #include "korvel/platform/error.h"
+#include "korvel/platform/store_problem.h"
 #include "korvel/values/language.h"
 #include "korvel/values/registry.h"
 #include "korvel/values/replace_first.h"
@@ -75,6 +76,24 @@ TEST(Language, IsTriedAgainAfterAFailureAndThenStays) {
         return said + GetLanguageName() + (SetLanguageForThisRun("German") ? "yes" : "no") + Text(ErrorText);
     };
     ExpectResult(run, "ErrorGermannoError");
+}
+
+TEST(Language, IsTheLocalesWhereTheStoresCannotBeRead) {
+    const auto run = [] {
+        const platform::ScratchVariable all("LC_ALL", "de_DE.UTF-8");
+        std::string told;
+        platform::SetStoreProblemListener([&](const platform::StoreProblem& problem) {
+            told += problem.isDamaged ? "damaged " : "locked ";
+        });
+        for (const SettingsRoot root : {SettingsRoot::User, SettingsRoot::Machine}) {
+            std::filesystem::create_directories(StorePath(root).parent_path());
+            std::ofstream(StorePath(root)) << std::string(5000, 'x');
+        }
+        const std::string name = GetLanguageName() + GetLanguageName();
+        platform::SetStoreProblemListener(nullptr);
+        return told + name + Text(ErrorText);
+    };
+    ExpectResult(run, "damaged damaged GermanGermanFehler");
 }
 
 TEST(Language, RowsAreWhereCallersLookForThem) {

@@ -19,6 +19,7 @@ constexpr std::array<char16_t, 32> UpperControls{
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 constexpr unsigned FirstUpperControl = 0x80;
+constexpr char32_t LastCharacter = 0x2122; // the highest of all that the page holds
 
 // A form of sequences. Where two forms could hold a character, the first one is its form.
 struct Form {
@@ -184,6 +185,8 @@ char32_t ToUnicode(char byte) {
 std::optional<char> FromUnicode(char32_t character) {
     if (character < FirstUpperControl || (character >= 0xA0 && character <= 0xFF))
         return static_cast<char>(character);
+    if (character > LastCharacter)
+        return std::nullopt;
     const auto found = std::find(UpperControls.begin(), UpperControls.end(), character);
     if (found == UpperControls.end())
         return std::nullopt;

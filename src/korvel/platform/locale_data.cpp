@@ -10,14 +10,13 @@
 #include <unicode/dcfmtsym.h>
 #include <unicode/decimfmt.h>
 #include <unicode/dtfmtsym.h>
+#include <unicode/localebuilder.h>
 #include <unicode/locid.h>
 #include <unicode/normalizer2.h>
 #include <unicode/smpdtfmt.h>
 
 namespace korvel::internal {
 namespace {
-
-constexpr const char* FallbackLocale = "en-US";
 
 class IcuStatus {
 public:
@@ -61,7 +60,7 @@ char32_t BaseLetter(char32_t character) {
     return parts.isEmpty() ? character : static_cast<char32_t>(parts.char32At(0));
 }
 
-// Nothing when a letter of the text is not in the code page, even without its accents.
+// One byte a character. Nothing when one is not in the code page, even without its accents.
 std::optional<std::string> Fit(const icu::UnicodeString& text) {
     std::string bytes;
     for (int32_t i = 0; i < text.length(); i = text.moveIndex32(i, 1)) {
@@ -116,8 +115,6 @@ void ReadNumbers(const icu::Locale& locale, platform::RegionalSettings& settings
     settings.grouping = decimal != nullptr ? Grouping(*decimal) : "3;0";
 }
 
-// A foreign script's picture would leave its fields glued together: the fallback keeps them readable, and is
-// understood everywhere.
 std::string Picture(const std::unique_ptr<icu::DateFormat>& format, std::string_view fallback) {
     const auto* simple = dynamic_cast<const icu::SimpleDateFormat*>(format.get());
     if (simple == nullptr)
@@ -128,8 +125,7 @@ std::string Picture(const std::unique_ptr<icu::DateFormat>& format, std::string_
         pattern.findAndReplace(icu::UnicodeString(space), icu::UnicodeString(u' '));
     for (const UChar directionMark : {UChar(0x200E), UChar(0x200F)})
         pattern.findAndReplace(icu::UnicodeString(directionMark), icu::UnicodeString());
-    const platform::ConvertedText picture = platform::FromUtf8(PictureOfPattern(Utf8(pattern)));
-    return picture.exact ? picture.text : std::string(fallback);
+    return platform::FromUtf8(PictureOfPattern(Utf8(pattern))).text;
 }
 
 void ReadPictures(const icu::Locale& locale, platform::RegionalSettings& settings) {
@@ -143,19 +139,14 @@ void ReadPictures(const icu::Locale& locale, platform::RegionalSettings& setting
         Picture(std::unique_ptr<Format>(Format::createTimeInstance(Format::kMedium, locale)), "HH:mm:ss");
 }
 
-// Names that follow each other in ICU's list. False when one of them does not fit into the code page.
+// Names that follow each other in ICU's list.
 template <std::size_t Count>
-bool ReadNames(const icu::UnicodeString* list, int available, std::array<std::string, Count>& names) {
-    for (std::size_t i = 0; i < Count && static_cast<int>(i) < available; ++i) {
-        std::optional<std::string> name = Fit(list[i]);
-        if (!name)
-            return false;
-        names[i] = std::move(*name);
-    }
-    return true;
+void ReadNames(const icu::UnicodeString* list, int available, std::array<std::string, Count>& names) {
+    for (std::size_t i = 0; i < Count && static_cast<int>(i) < available; ++i)
+        names[i] = platform::FromUtf8(Utf8(list[i])).text;
 }
 
-std::optional<platform::CalendarNames> ReadCalendarNames(const icu::Locale& locale) {
+platform::CalendarNames ReadCalendarNames(const icu::Locale& locale) {
     using Symbols = icu::DateFormatSymbols;
     IcuStatus status;
     const Symbols symbols(locale, status);
@@ -164,19 +155,19 @@ std::optional<platform::CalendarNames> ReadCalendarNames(const icu::Locale& loca
     int count = 0;
     const auto months = [&](Symbols::DtWidthType width, auto& target) {
         const icu::UnicodeString* list = symbols.getMonths(count, Symbols::STANDALONE, width);
-        return ReadNames(list, count, target);
+        ReadNames(list, count, target);
     };
     const auto days = [&](Symbols::DtWidthType width, auto& target) {
         const icu::UnicodeString* list = symbols.getWeekdays(count, Symbols::STANDALONE, width);
-        return ReadNames(list + 1, count - 1, target); // ICU counts the days from 1
+        ReadNames(list + 1, count - 1, target); // ICU counts the days from 1
     };
     std::array<std::string, 2> halves;
     const icu::UnicodeString* halvesOfDay = symbols.getAmPmStrings(count);
-    const bool fit = months(Symbols::WIDE, names.months) && months(Symbols::ABBREVIATED, names.shortMonths) &&
-                     days(Symbols::WIDE, names.days) && days(Symbols::ABBREVIATED, names.shortDays) &&
-                     ReadNames(halvesOfDay, 2, halves);
-    if (!fit)
-        return std::nullopt;
+    ReadNames(halvesOfDay, 2, halves);
+    months(Symbols::WIDE, names.months);
+    months(Symbols::ABBREVIATED, names.shortMonths);
+    days(Symbols::WIDE, names.days);
+    days(Symbols::ABBREVIATED, names.shortDays);
     names.beforeNoon = halves[0];
     names.afterNoon = halves[1];
     return names;
@@ -189,20 +180,35 @@ bool IsKnownLanguage(std::string_view language) {
                        [&](const icu::Locale& locale) { return language == locale.getLanguage(); });
 }
 
+// The script that the C library names after an @: "sr_RS@latin". Null where it names none.
+const char* ScriptOfVariant(const std::string& name) {
+    constexpr std::pair<std::string_view, const char*> Scripts[] = {
+        {"latin", "Latn"}, {"cyrillic", "Cyrl"}, {"devanagari", "Deva"}, {"iqtelif", "Latn"}};
+    const std::size_t at = name.find('@');
+    const std::string_view variant = at == std::string::npos ? "" : std::string_view(name).substr(at + 1);
+    const auto* found = std::find_if(std::begin(Scripts), std::end(Scripts),
+                                     [&](const auto& row) { return row.first == variant; });
+    return found != std::end(Scripts) ? found->second : nullptr;
+}
+
 } // namespace
 
 std::optional<std::string> FindLocale(const std::string& name) {
-    // An encoding (".UTF-8") and a variant ("@euro") change nothing of what is read here.
+    // An encoding (".UTF-8") changes nothing of what is read here, and of the variants only a script does.
     icu::Locale locale = icu::Locale::createCanonical(name.substr(0, name.find_first_of(".@")).c_str());
     if (!IsKnownLanguage(locale.getLanguage()))
         return std::nullopt;
     IcuStatus status;
+    icu::LocaleBuilder builder;
+    builder.setLocale(locale);
+    if (const char* script = ScriptOfVariant(name))
+        builder.setScript(script);
     if (*locale.getISO3Country() == '\0') {
-        icu::Locale likely(locale.getLanguage());
+        icu::Locale likely = builder.build(status);
         likely.addLikelySubtags(status);
-        locale = icu::Locale(locale.getLanguage(), likely.getCountry());
+        builder.setRegion(likely.getCountry());
     }
-    auto tag = locale.toLanguageTag<std::string>(status);
+    auto tag = builder.build(status).toLanguageTag<std::string>(status);
     status.Check();
     return tag;
 }
@@ -213,10 +219,7 @@ platform::RegionalSettings LocaleData(const std::string& numberLocale, const std
     const icu::Locale times = DataLocale(timeLocale);
     ReadPictures(times, settings);
     settings.countryName = times.getISO3Country();
-    std::optional<platform::CalendarNames> names = ReadCalendarNames(times);
-    if (!names)
-        names = ReadCalendarNames(DataLocale(FallbackLocale));
-    settings.names = names.value_or(platform::CalendarNames{});
+    settings.names = ReadCalendarNames(times);
     return settings;
 }
 

@@ -4,10 +4,13 @@
 #include "korvel/platform/integer_text.h"
 #include "korvel/platform/locale_data.h"
 #include "korvel/platform/settings_store.h"
+#include "korvel/platform/store_problem_log.h"
 
 #include <array>
 #include <mutex>
 #include <optional>
+#include <string_view>
+#include <vector>
 
 namespace korvel::platform {
 namespace {
@@ -35,12 +38,22 @@ constexpr std::array<NumberOverride, 3> NumberOverrides{{{"iDigits", &RegionalSe
                                                          {"iLZero", &RegionalSettings::leadingZero},
                                                          {"iNegNumber", &RegionalSettings::negativeOrder}}};
 
-std::optional<std::string> ReadOverride(const char* name) {
-    SettingValue value;
-    if (ReadSetting(SettingsRoot::User, SettingsKey, name, value) != SettingsStatus::Done ||
-        value.type != SettingType::Text)
-        return std::nullopt;
-    return value.bytes.substr(0, value.bytes.find('\0'));
+// The texts of the user's own settings, in the order of the two tables; all missing where the store cannot be
+// read, so that a damaged one leaves the locale's values in force.
+std::vector<std::optional<std::string>> ReadOverrides() {
+    std::vector<std::string_view> names;
+    for (const TextOverride& row : TextOverrides)
+        names.push_back(row.name);
+    for (const NumberOverride& row : NumberOverrides)
+        names.push_back(row.name);
+    std::vector<std::optional<SettingValue>> values;
+    internal::StoreProblemLog::Instance().ReadOrTell(
+        SettingsRoot::User, [&] { ReadSettings(SettingsRoot::User, SettingsKey, names, values); });
+    std::vector<std::optional<std::string>> texts(names.size());
+    for (std::size_t i = 0; i < values.size(); ++i)
+        if (values[i] && values[i]->type == SettingType::Text)
+            texts[i] = values[i]->bytes.substr(0, values[i]->bytes.find('\0'));
+    return texts;
 }
 
 // The locale that this program uses instead of the user's.
@@ -84,11 +97,13 @@ std::string LocaleFor(const char* category) {
 
 RegionalSettings ReadRegionalSettings() {
     RegionalSettings settings = internal::LocaleData(LocaleFor("LC_NUMERIC"), LocaleFor("LC_TIME"));
-    for (const auto& [name, setting] : TextOverrides)
-        settings.*setting = ReadOverride(name).value_or(settings.*setting);
-    for (const auto& [name, setting] : NumberOverrides)
-        if (const std::optional<std::string> text = ReadOverride(name))
-            settings.*setting = internal::ReadInteger(*text);
+    const std::vector<std::optional<std::string>> overrides = ReadOverrides();
+    auto text = overrides.begin();
+    for (const TextOverride& row : TextOverrides)
+        settings.*row.setting = (text++)->value_or(settings.*row.setting);
+    for (const NumberOverride& row : NumberOverrides)
+        if (const std::optional<std::string>& number = *text++)
+            settings.*row.setting = internal::ReadInteger(*number);
     return settings;
 }
 

@@ -7,7 +7,7 @@
 
 namespace korvel::platform {
 
-/// How the user writes numbers, dates and times. All texts are bytes in code page 1252.
+/// How the user writes numbers, dates and times. All are texts of the library (code_page.h).
 ///
 ///     UseLocale("de-DE");
 ///     RegionalSettings german = ReadRegionalSettings();
@@ -20,8 +20,8 @@ namespace korvel::platform {
 /// `sTimeFormat`. This is how a user changes one while programs run; the numbers (`i...`) are read as `atoi`
 /// reads them.
 ///
-/// A text of the locale that the code page cannot hold (Greek month names) is replaced by the one of en-US;
-/// Latin letters merely lose their accent.
+/// Names and pictures are exactly the locale's. A separator is one byte a character: a letter of the code page,
+/// the letter without its accent, or the separator of en-US.
 struct RegionalSettings {
     std::string decimalSeparator;
     std::string thousandsSeparator; ///< may be empty
@@ -41,7 +41,8 @@ struct RegionalSettings {
 };
 
 /// Reads everything afresh, which takes about a millisecond: keep what it gives, read again after a change.
-/// May be called from any thread. \throws Error when the user's settings store cannot be read
+/// Where the user's settings store cannot be read, the locale's own values serve, and the listener of
+/// store_problem.h is told. May be called from any thread.
 KORVEL_API RegionalSettings ReadRegionalSettings();
 
 /// Takes this locale, written "de-DE" or "de_DE.UTF-8", instead of the user's for the rest of the process; an

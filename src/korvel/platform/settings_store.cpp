@@ -17,7 +17,9 @@ namespace {
 
 using internal::StoreAccessDenied;
 using internal::StoreDatabase;
+using internal::StoreJournal;
 using internal::StoreStatement;
+using internal::StoreUse;
 
 constexpr const char* StoreFile = "settings.sqlite";
 
@@ -88,7 +90,8 @@ void BindValue(StoreStatement& statement, int parameter, const SettingValue& val
     }
 }
 
-SettingValue ColumnValue(const StoreStatement& statement, int column) {
+// Nothing for what no setting is.
+std::optional<SettingValue> ColumnValue(const StoreStatement& statement, int column) {
     switch (statement.ColumnKind(column)) {
     case StoreStatement::Kind::Text:
         return SettingValue::Text(FromUtf8(statement.ColumnBytes(column)).text);
@@ -99,7 +102,28 @@ SettingValue ColumnValue(const StoreStatement& statement, int column) {
     case StoreStatement::Kind::Other:
         break;
     }
-    throw Error("A value in the settings store is neither text nor binary nor a whole number");
+    return std::nullopt;
+}
+
+std::optional<SettingValue> FindValue(StoreDatabase& store, const std::string& key, std::string_view name) {
+    StoreStatement query(store, "SELECT value FROM settings WHERE path = ? AND name = ?");
+    if (!query.BindText(1, key).BindText(2, StoredName(name)).Step())
+        return std::nullopt;
+    std::optional<SettingValue> value = ColumnValue(query, 0);
+    if (!value)
+        throw Error(store.Failure("a value is neither text nor binary nor a whole number"));
+    return value;
+}
+
+// The machine's store is written at set-up and read by users who may write nothing there.
+StoreJournal JournalOf(SettingsRoot root) {
+    return root == SettingsRoot::User ? StoreJournal::Log : StoreJournal::Rollback;
+}
+
+StoreDatabase OpenToWrite(SettingsRoot root) {
+    StoreDatabase store = StoreDatabase::OpenOrCreate(StorePath(root));
+    store.KeepJournal(JournalOf(root));
+    return store;
 }
 
 bool MayWrite(const std::filesystem::path& place) {
@@ -160,7 +184,7 @@ void SetStorePath(SettingsRoot root, std::filesystem::path file) {
 SettingsStatus CheckKey(SettingsRoot root, std::string_view path, SettingsAccess access) {
     return Run([&] {
         const std::string key = StoredPath(path);
-        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root));
+        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root), StoreUse::Reading);
         if (!key.empty() && (!store || !HasKey(*store, key)))
             return SettingsStatus::KeyMissing;
         const bool allowed = access == SettingsAccess::Read || MayWriteStore(StorePath(root));
@@ -170,8 +194,8 @@ SettingsStatus CheckKey(SettingsRoot root, std::string_view path, SettingsAccess
 
 SettingsStatus CreateKey(SettingsRoot root, std::string_view path) {
     return Run([&] {
-        StoreDatabase store = StoreDatabase::OpenOrCreate(StorePath(root));
-        store.Begin();
+        StoreDatabase store = OpenToWrite(root);
+        store.BeginWriting();
         for (const std::string& key : KeysDownTo(path))
             StoreStatement(store, "INSERT OR IGNORE INTO keys VALUES(?)").BindText(1, key).Step();
         store.Commit();
@@ -183,15 +207,33 @@ SettingsStatus ReadSetting(SettingsRoot root, std::string_view path, std::string
                            SettingValue& value) {
     return Run([&] {
         const std::string key = StoredPath(path);
-        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root));
+        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root), StoreUse::Reading);
         if (!store)
             return key.empty() ? SettingsStatus::ValueMissing : SettingsStatus::KeyMissing;
-        StoreStatement query(*store, "SELECT value FROM settings WHERE path = ? AND name = ?");
-        if (query.BindText(1, key).BindText(2, StoredName(name)).Step()) {
-            value = ColumnValue(query, 0);
-            return SettingsStatus::Done;
+        std::optional<SettingValue> found = FindValue(*store, key, name);
+        if (!found)
+            return HasKey(*store, key) ? SettingsStatus::ValueMissing : SettingsStatus::KeyMissing;
+        value = std::move(*found);
+        return SettingsStatus::Done;
+    });
+}
+
+SettingsStatus ReadSettings(SettingsRoot root, std::string_view path, std::span<const std::string_view> names,
+                            std::vector<std::optional<SettingValue>>& values) {
+    return Run([&] {
+        std::vector<std::optional<SettingValue>> found(names.size());
+        const std::string key = StoredPath(path);
+        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root), StoreUse::Reading);
+        if (!key.empty() && (!store || !HasKey(*store, key)))
+            return SettingsStatus::KeyMissing;
+        if (store) {
+            store->BeginReading();
+            std::transform(
+                names.begin(), names.end(), found.begin(),
+                [&](std::string_view name) { return FindValue(*store, key, name); });
         }
-        return HasKey(*store, key) ? SettingsStatus::ValueMissing : SettingsStatus::KeyMissing;
+        values = std::move(found);
+        return SettingsStatus::Done;
     });
 }
 
@@ -199,12 +241,13 @@ SettingsStatus WriteSetting(SettingsRoot root, std::string_view path, std::strin
                             const SettingValue& value) {
     return Run([&] {
         const std::string key = StoredPath(path);
-        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root));
+        std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root), StoreUse::Writing);
         if (!store && key.empty())
-            store = StoreDatabase::OpenOrCreate(StorePath(root));
+            store = OpenToWrite(root);
         if (!store)
             return SettingsStatus::KeyMissing;
-        store->Begin();
+        store->KeepJournal(JournalOf(root));
+        store->BeginWriting();
         if (!HasKey(*store, key))
             return SettingsStatus::KeyMissing;
         StoreStatement statement(*store, "INSERT OR REPLACE INTO settings VALUES(?, ?, ?)");

@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvel::platform {
 
@@ -20,14 +22,15 @@ namespace korvel::platform {
 ///
 /// A key is named by its path from the root, parts separated by backslashes; a backslash too many means
 /// nothing, and the empty path is the root, which always exists. Case never matters, in keys and in names of
-/// values. Names and paths are in code page 1252.
+/// values. Names and paths are texts of the library (code_page.h).
 ///
 /// Several programs may use a store at the same time, and one may be killed at any moment: every operation
 /// happens whole or not at all. Reading creates nothing. All functions may be called from any thread.
 ///
 /// SettingsStatus says what can happen in daily use. Error is thrown, with the name of the file, when a
-/// file is damaged, is no settings store, stays locked for five seconds, or cannot be written for lack of
-/// space; the file stays as it is.
+/// file is damaged, is no settings store, stays locked (for a second while reading, for 30 while writing), or
+/// cannot be written for lack of space; the file stays as it is. Readers of the user's store wait for no writer
+/// where the file system of the folder allows it; the machine's can be read without the right to write there.
 enum class SettingsRoot { User, Machine };
 
 enum class SettingsStatus { Done, KeyMissing, ValueMissing, AccessDenied };
@@ -60,6 +63,11 @@ KORVEL_API SettingsStatus CreateKey(SettingsRoot root, std::string_view path);
 /// `value` is unchanged unless the result is Done.
 KORVEL_API SettingsStatus ReadSetting(SettingsRoot root, std::string_view path, std::string_view name,
                                       SettingValue& value);
+
+/// Reads several values of a key as they are at one moment: one for each name, nothing for what is missing.
+KORVEL_API SettingsStatus ReadSettings(SettingsRoot root, std::string_view path,
+                                       std::span<const std::string_view> names,
+                                       std::vector<std::optional<SettingValue>>& values);
 
 /// Replaces a value of that name, of whatever type. KeyMissing: the key is not created here. Error for a
 /// number that has not four bytes.

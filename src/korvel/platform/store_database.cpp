@@ -1,16 +1,20 @@
 #include "korvel/platform/store_database.h"
 
 #include "korvel/platform/code_page.h"
-#include "korvel/platform/error.h"
 
 #include <cerrno>
 #include <sqlite3.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace korvel::internal {
 namespace {
 
-constexpr int PatienceInMilliseconds = 5000;
+// How often a reading and a writing look whether others have finished, and the time between two looks. Looking
+// often finds the moment between two writes of a program that writes without pause.
+constexpr int LooksOfReading = 200;
+constexpr int LooksOfWriting = 6000;
+constexpr int MillisecondsBetweenLooks = 5;
 
 // Kept in the file's header, so that no other program's database is taken for a store: "Korv".
 constexpr std::int64_t ApplicationId = 0x4B6F7276;
@@ -34,6 +38,25 @@ bool Exists(const std::filesystem::path& file) {
     if (IsMissingRight(error.value()))
         throw StoreAccessDenied();
     return exists;
+}
+
+template <int MostLooks>
+int LookAgain(void*, int looks) {
+    if (looks >= MostLooks)
+        return 0;
+    usleep(MillisecondsBetweenLooks * 1000);
+    return 1;
+}
+
+// The name by which SQLite opens a file as it is, without log, journal or lock.
+std::string UnchangingName(const std::filesystem::path& file) {
+    std::string name = "file:";
+    for (const char byte : std::filesystem::absolute(file).string())
+        if (byte == '%' || byte == '?' || byte == '#')
+            name += byte == '%' ? "%25" : byte == '?' ? "%3f" : "%23";
+        else
+            name += byte;
+    return name + "?immutable=1";
 }
 
 } // namespace
@@ -95,10 +118,19 @@ std::int64_t StoreStatement::ColumnNumber(int column) const {
     return sqlite3_column_int64(m_statement.get(), column);
 }
 
-std::optional<StoreDatabase> StoreDatabase::OpenExisting(const std::filesystem::path& file) {
+std::optional<StoreDatabase> StoreDatabase::OpenExisting(const std::filesystem::path& file, StoreUse use) {
     if (file.empty() || !Exists(file))
         return std::nullopt;
-    StoreDatabase database(file, IfMissing::Fail);
+    try {
+        StoreDatabase database(file, Access::Existing, use);
+        return database.HasTables() ? std::optional(std::move(database)) : std::nullopt;
+    } catch (const StoreAccessDenied&) {
+        // A log needs a file beside the store while it is read. Without the right to make one the store is read
+        // as it is, unless a log holds what is not in it yet.
+        if (Exists(std::filesystem::path(file) += "-wal"))
+            throw;
+    }
+    StoreDatabase database(file, Access::Unchanging, use);
     return database.HasTables() ? std::optional(std::move(database)) : std::nullopt;
 }
 
@@ -109,27 +141,55 @@ StoreDatabase StoreDatabase::OpenOrCreate(const std::filesystem::path& file) {
     std::filesystem::create_directories(file.parent_path(), error);
     if (IsMissingRight(error.value()))
         throw StoreAccessDenied();
-    StoreDatabase database(file, IfMissing::Create);
+    StoreDatabase database(file, Access::Create, StoreUse::Writing);
     if (!database.HasTables())
         database.CreateTables();
     return database;
 }
 
 // Reading, too, opens for writing where the user may: it puts right what a killed writer has left.
-StoreDatabase::StoreDatabase(const std::filesystem::path& file, IfMissing ifMissing) : m_file(file) {
-    const int create = ifMissing == IfMissing::Create ? SQLITE_OPEN_CREATE : 0;
+StoreDatabase::StoreDatabase(const std::filesystem::path& file, Access access, StoreUse use)
+    : m_file(file), m_use(use) {
+    const bool isUnchanging = access == Access::Unchanging;
+    const int flags = isUnchanging ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE;
+    const int create = access == Access::Create ? SQLITE_OPEN_CREATE : 0;
     sqlite3* handle = nullptr;
-    const int answer = sqlite3_open_v2(file.c_str(), &handle, SQLITE_OPEN_READWRITE | create, nullptr);
+    const int answer = sqlite3_open_v2((isUnchanging ? UnchangingName(file) : file.string()).c_str(), &handle,
+                                       flags | create, nullptr);
     m_handle.reset(handle);
     Check(answer);
-    Check(sqlite3_busy_timeout(handle, PatienceInMilliseconds));
+    WaitForOthers();
+}
+
+void StoreDatabase::KeepJournal(StoreJournal journal) {
+    const std::string wanted = journal == StoreJournal::Log ? "wal" : "delete";
+    if (JournalMode() == wanted)
+        return;
+    // Whoever uses the file at this moment keeps it from changing; the next writer tries again.
+    sqlite3_busy_handler(m_handle.get(), nullptr, nullptr);
+    sqlite3_exec(m_handle.get(), ("PRAGMA journal_mode=" + wanted).c_str(), nullptr, nullptr, nullptr);
+    WaitForOthers();
+}
+
+void StoreDatabase::WaitForOthers() {
+    const auto look = m_use == StoreUse::Reading ? LookAgain<LooksOfReading> : LookAgain<LooksOfWriting>;
+    Check(sqlite3_busy_handler(m_handle.get(), look, nullptr));
+}
+
+std::string StoreDatabase::JournalMode() {
+    StoreStatement mode(*this, "PRAGMA journal_mode");
+    return mode.Step() ? mode.ColumnBytes(0) : "";
 }
 
 void StoreDatabase::Close::operator()(sqlite3* handle) const {
     sqlite3_close(handle);
 }
 
-void StoreDatabase::Begin() {
+void StoreDatabase::BeginReading() {
+    Execute("BEGIN");
+}
+
+void StoreDatabase::BeginWriting() {
     Execute("BEGIN IMMEDIATE");
 }
 
@@ -147,12 +207,12 @@ bool StoreDatabase::HasTables() {
         return true;
     StoreStatement objects(*this, "SELECT 1 FROM sqlite_master");
     if (objects.Step())
-        Throw("it is another program's database");
+        throw StoreDamaged(Failure("it is another program's database"));
     return false;
 }
 
 void StoreDatabase::CreateTables() {
-    Begin();
+    BeginWriting();
     if (!HasTables()) // another program may have been faster
         Execute(TableDefinitions);
     Commit();
@@ -169,15 +229,18 @@ void StoreDatabase::Check(int answer) const {
     case SQLITE_CANTOPEN:
         if (m_handle && IsMissingRight(sqlite3_system_errno(m_handle.get())))
             throw StoreAccessDenied();
-        [[fallthrough]];
+        throw Error(Failure(sqlite3_errstr(answer)));
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        throw StoreDamaged(Failure(sqlite3_errstr(answer)));
     default:
-        Throw(sqlite3_errstr(answer));
+        throw Error(Failure(sqlite3_errstr(answer)));
     }
 }
 
-void StoreDatabase::Throw(std::string_view problem) const {
-    throw Error("The settings store " + platform::FromUtf8(m_file.string()).text +
-                " cannot be used: " + std::string(problem));
+std::string StoreDatabase::Failure(std::string_view problem) const {
+    return "The settings store " + platform::FromUtf8(m_file.string()).text +
+           " cannot be used: " + std::string(problem);
 }
 
 } // namespace korvel::internal

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "korvel/platform/error.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -14,6 +16,19 @@ namespace korvel::internal {
 
 /// Thrown where the user lacks the right to what was tried.
 struct StoreAccessDenied {};
+
+/// Thrown for a file that is no settings store, or no longer one.
+class StoreDamaged : public Error {
+public:
+    using Error::Error;
+};
+
+/// How a store keeps what is not yet in its file: in a log beside it, so that readers wait for no writer, or
+/// in a journal, so that readers need no right to write anything.
+enum class StoreJournal { Log, Rollback };
+
+/// What a store is opened for: a reading waits a second for others, a writing 30.
+enum class StoreUse { Reading, Writing };
 
 class StoreDatabase;
 
@@ -43,35 +58,46 @@ private:
 };
 
 /// An open store. What was not committed when it is destroyed has not happened, and the same holds for a
-/// process that dies. Every failure is thrown: StoreAccessDenied, else Error with the name of the file.
+/// process that dies. Every failure is thrown: StoreAccessDenied, StoreDamaged, else Error, both with the name
+/// of the file.
 class StoreDatabase {
 public:
     /// Nothing when there is no such file, or none that ever was written to.
-    static std::optional<StoreDatabase> OpenExisting(const std::filesystem::path& file);
+    static std::optional<StoreDatabase> OpenExisting(const std::filesystem::path& file, StoreUse use);
 
-    /// Creates the file and the folders above it where they are missing.
+    /// For writing: creates the file and the folders above it where they are missing.
     static StoreDatabase OpenOrCreate(const std::filesystem::path& file);
 
-    void Begin();
+    /// Keeps the log or the journal from now on, where the folder's file system and the other users of the file
+    /// allow it; they all follow.
+    void KeepJournal(StoreJournal journal);
+
+    /// What is read from now on is as it was at one moment.
+    void BeginReading();
+    void BeginWriting();
     void Commit();
 
     /// Throws unless the result of a call of SQLite is a success.
     void Check(int answer) const;
+    /// The text of an Error about this store.
+    std::string Failure(std::string_view problem) const;
     sqlite3* Handle() const { return m_handle.get(); }
 
 private:
-    enum class IfMissing { Fail, Create };
+    enum class Access { Existing, Create, Unchanging };
 
-    StoreDatabase(const std::filesystem::path& file, IfMissing ifMissing);
+    StoreDatabase(const std::filesystem::path& file, Access access, StoreUse use);
+    void WaitForOthers();
     void Execute(const char* sql);
+    std::string JournalMode();
     bool HasTables();
     void CreateTables();
-    [[noreturn]] void Throw(std::string_view problem) const;
 
     struct Close {
         void operator()(sqlite3* handle) const;
     };
     std::filesystem::path m_file;
+    StoreUse m_use;
     std::unique_ptr<sqlite3, Close> m_handle;
 };
 

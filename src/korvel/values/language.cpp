@@ -3,6 +3,7 @@
 #include "korvel/platform/error.h"
 #include "korvel/platform/regional_settings.h"
 #include "korvel/platform/settings_store.h"
+#include "korvel/platform/store_problem_log.h"
 #include "korvel/values/registry.h"
 
 #include <optional>
@@ -28,6 +29,24 @@ int ColumnOf(const std::string& name) {
     return name == "Hungarian" ? LanguageChoice::Hungarian : LanguageChoice::German;
 }
 
+std::string LanguageOfLocale() {
+    return platform::UserLanguage() == "de" ? "German" : "English";
+}
+
+enum class NameIn { Settings, Nothing, UnreadableStore };
+
+NameIn ReadName(platform::SettingsRoot root, const char* valueName, std::string& name) {
+    platform::SettingValue value;
+    auto status = platform::SettingsStatus::ValueMissing;
+    const bool isReadable = internal::StoreProblemLog::Instance().ReadOrTell(
+        root, [&] { status = platform::ReadSetting(root, RegistryPath, valueName, value); });
+    if (status == platform::SettingsStatus::Done)
+        name = value.bytes.substr(0, value.bytes.find('\0'));
+    return !isReadable                                ? NameIn::UnreadableStore
+           : status == platform::SettingsStatus::Done ? NameIn::Settings
+                                                      : NameIn::Nothing;
+}
+
 LanguageChoice Choose() {
     const LanguageChoice language{ColumnOf(GetLanguageName())};
     RunChoice().isTooLate = true;
@@ -44,11 +63,19 @@ const LanguageChoice& GetLanguage() {
 std::string GetLanguageName() {
     if (RunChoice().name)
         return *RunChoice().name;
-    platform::SettingValue value;
-    if (platform::ReadSetting(platform::SettingsRoot::User, RegistryPath, "Language", value) ==
-        platform::SettingsStatus::Done)
-        return value.bytes.substr(0, value.bytes.find('\0'));
-    return ReadRegistry(RegistryRoot::LocalMachine, RegistryPath, "", "InstallLanguage");
+    std::string name;
+    if (ReadName(platform::SettingsRoot::User, "Language", name) == NameIn::Settings)
+        return name;
+    switch (ReadName(platform::SettingsRoot::Machine, "InstallLanguage", name)) {
+    case NameIn::Settings:
+        return name;
+    case NameIn::UnreadableStore:
+        return LanguageOfLocale();
+    case NameIn::Nothing:
+        break;
+    }
+    return ReadRegistry(RegistryRoot::LocalMachine, RegistryPath, "",
+                        "InstallLanguage"); // its text says why not
 }
 
 bool SetLanguageForThisRun(const std::string& name) {
@@ -62,7 +89,7 @@ void UseLocaleLanguageIfUnset() {
     try {
         GetLanguageName();
     } catch (const Error&) {
-        SetLanguageForThisRun(platform::UserLanguage() == "de" ? "German" : "English");
+        SetLanguageForThisRun(LanguageOfLocale());
     }
 }
 

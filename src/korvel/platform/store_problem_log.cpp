@@ -1,0 +1,55 @@
+#include "korvel/platform/store_problem_log.h"
+
+#include "korvel/platform/store_database.h"
+
+namespace korvel::internal {
+
+using platform::StoreProblem;
+
+StoreProblemLog& StoreProblemLog::Instance() {
+    static StoreProblemLog instance;
+    return instance;
+}
+
+void StoreProblemLog::Listen(Listener listener) {
+    std::vector<StoreProblem> untold;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_listener = listener;
+        if (listener)
+            untold.swap(m_untold);
+    }
+    for (const StoreProblem& problem : untold)
+        listener(problem);
+}
+
+bool StoreProblemLog::ReadOrTell(platform::SettingsRoot root, const std::function<void()>& read) {
+    StoreProblem problem{root, "", false};
+    try {
+        read();
+        return true;
+    } catch (const StoreDamaged& error) {
+        problem.text = error.what();
+        problem.isDamaged = true;
+    } catch (const Error& error) {
+        problem.text = error.what();
+    }
+    Tell(problem);
+    return false;
+}
+
+void StoreProblemLog::Tell(const StoreProblem& problem) {
+    Listener listener;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (!m_known.insert(platform::StorePath(problem.root)).second)
+            return;
+        listener = m_listener;
+        if (!listener)
+            m_untold.push_back(problem);
+    }
+    if (listener)
+        listener(problem);
+}
+
+} // namespace korvel::internal
