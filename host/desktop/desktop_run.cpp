@@ -111,7 +111,7 @@ int RunOnDesktop(const Options& options, const std::string& notice) {
     UseLanguage(options, translator);
     qt::QtDisplay display;
     SetDisplay(&display);
-    InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0)});
+    InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0), options.encoding});
     if (!picture)
         return ShowUntilClosed(window, options, notice);
     const std::string path = options.screenshot.empty() ? PictureBeside(options.file) : options.screenshot;

@@ -15,7 +15,7 @@ constexpr std::size_t ManyMembers = 64;
 } // namespace
 
 LandXmlDocument::LandXmlDocument(const std::string& path, const ReadingOptions& options)
-    : LandXmlDocument(LoadDocument(path), options) {}
+    : LandXmlDocument(LoadDocument(path, options.encoding), options) {}
 
 LandXmlDocument::LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options)
     : m_loaded(std::move(loaded)), m_members(m_loaded.tree, options.stations, options.fileChooser) {

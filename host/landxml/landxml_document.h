@@ -18,6 +18,7 @@ namespace korvel::inspector {
 struct ReadingOptions {
     StationKind stations = StationKind::Automatic;
     IFileValue* fileChooser = nullptr; ///< travels with file names; must outlive the document
+    std::string encoding = {};         ///< goes before what the file declares; empty: as the file says
 };
 
 /// A LandXML file as objects for the grid.
@@ -46,7 +47,7 @@ public:
 
     const ElementTree& Tree() const { return m_loaded.tree; }
     const ElementMembers& Members() const { return m_members; }
-    XmlEncoding Encoding() const { return m_loaded.encoding; }
+    const std::string& Encoding() const { return m_loaded.encoding; }
     bool HasByteOrderMark() const { return m_loaded.hasByteOrderMark; }
 
     ElementObject& ObjectOf(ElementIndex element);

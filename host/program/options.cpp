@@ -56,6 +56,9 @@ void AddExpand(Options& options, const std::string& value) {
 void SetExpandAll(Options& options, const std::string&) {
     options.expandAll = true;
 }
+void SetEncoding(Options& options, const std::string& value) {
+    options.encoding = value;
+}
 void SetLocale(Options& options, const std::string& value) {
     options.locale = value;
 }
@@ -108,6 +111,7 @@ constexpr Option KnownOptions[] = {
     {"--size", Takes::Value, SetSize},
     {"--expand", Takes::Value, AddExpand},
     {"--expand-all", Takes::Nothing, SetExpandAll},
+    {"--encoding", Takes::Value, SetEncoding},
     {"--locale", Takes::Value, SetLocale},
     {"--language", Takes::Value, SetLanguage},
     {"--angle-unit", Takes::Value, SetAngle},
@@ -186,6 +190,7 @@ Shows a LandXML file as a tree of objects with typed attributes.
   --size WxH                size of that picture in pixels (1000x700)
   --expand PATH             open the groups along a path of member names, separated by '/'; can be repeated
   --expand-all              open all groups
+  --encoding NAME           read the file in this encoding, where it declares a wrong one
   --locale NAME             write numbers and dates as in de-DE, en-US, ...
   --language NAME           English or German, for this run
   --station-kind KIND       road, railway, or auto: railway where an alignment has cant

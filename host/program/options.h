@@ -32,6 +32,7 @@ struct Options {
     PictureSize size;
     std::vector<std::string> expand; ///< paths of member names, separated by '/'
     bool expandAll = false;
+    std::string encoding; ///< of the file; empty: as it says
     std::string locale;   ///< empty: the user's
     std::string language; ///< empty: the one that is set
     FormatChoice formats;

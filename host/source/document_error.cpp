@@ -6,8 +6,10 @@ namespace korvel::inspector {
 namespace {
 
 std::string AtPlace(const XmlError& error) {
+    const bool isEncoding = error.GetCause() == XmlError::Cause::Encoding;
     return "line " + std::to_string(error.Place().line) + ", position " +
-           std::to_string(error.Place().position) + ": " + error.Reason();
+           std::to_string(error.Place().position) + ": " + error.Reason() +
+           (isEncoding ? "; --encoding NAME reads the file in another encoding" : "");
 }
 
 } // namespace

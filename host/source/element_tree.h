@@ -76,6 +76,8 @@ public:
 private:
     friend class DocumentReader;
 
+    explicit ElementTree(std::string source) : m_source(std::move(source)) {}
+
     struct Element {
         std::uint32_t start; // of the '<'
         ElementIndex end;

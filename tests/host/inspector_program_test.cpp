@@ -37,6 +37,8 @@ TEST(InspectorProgram, ReturnsItsStatus) {
     std::ofstream(good) << "<LandXML><Line length='1.5' note='\xC3\xBC'/></LandXML>";
     const std::string bad = folder.Path() / "bad.xml";
     std::ofstream(bad) << "<LandXML>\n<Line length='1.5' note=x/></LandXML>";
+    const std::string wrong = folder.Path() / "wrong.xml";
+    std::ofstream(wrong) << "<LandXML note='\xA3\xF3\x64\xBC'/>";
     struct Case {
         std::string arguments;
         int status;
@@ -49,6 +51,11 @@ TEST(InspectorProgram, ReturnsItsStatus) {
         {"--list --locale en-US " + good, 0, "Line\tLine\n  length\t1.500\n  note\t\xC3\xBC\n"},
         {"--list " + bad, 2,
          "inspector: " + bad + ": line 2, position 25: the value of the attribute 'note' is not in quotes\n"},
+        {"--list " + wrong, 2,
+         "inspector: " + wrong +
+             ": line 1, position 16: the bytes are not UTF-8, and no other encoding is declared; "
+             "--encoding NAME reads the file in another encoding\n"},
+        {"--list --encoding iso-8859-2 " + wrong, 0, "note\t\xC5\x81\xC3\xB3\x64\xC5\xBA\n"},
         {"--list " + folder.Path().string(), 2, "inspector: " + folder.Path().string() + ": is a folder\n"},
         {"--list --locale Klingon " + good, 2,
          "inspector: the locale 'Klingon' is not known; --help tells what there is\n"},

@@ -1,237 +1,271 @@
 #include "korvel/documents/xml_encoding.h"
 
-#include "korvel/documents/xml_error.h"
+#include "korvel/documents/character_converter.h"
+#include "korvel/documents/xml_declaration.h"
 #include "korvel/documents/xml_scanner.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/utf8.h"
 
 #include <algorithm>
-#include <cctype>
-#include <cstdint>
 #include <cstdio>
-#include <optional>
-#include <string_view>
+#include <functional>
 #include <utility>
 
 namespace korvel {
 namespace {
 
-constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view LittleEndianMark = "\xFF\xFE";
-constexpr std::string_view BigEndianMark = "\xFE\xFF";
+using internal::CharacterConverter;
 
-struct NamedEncoding {
-    std::string_view name; // in lower case
-    XmlEncoding encoding;
+// What the first bytes say by themselves: a mark, or the zeros around a '<'.
+struct Form {
+    std::string_view name;
+    std::size_t unitSize; // bytes
+    bool bigEndian;
+    std::string_view mark;
+    std::string_view lessThan; // how '<' begins a text without mark
 };
-constexpr NamedEncoding KnownEncodings[] = {
-    {"utf-8", XmlEncoding::Utf8},
-    {"utf8", XmlEncoding::Utf8},
-    {"us-ascii", XmlEncoding::Utf8},
-    {"iso-8859-1", XmlEncoding::Latin1},
-    {"iso8859-1", XmlEncoding::Latin1},
-    {"latin1", XmlEncoding::Latin1},
-    {"windows-1252", XmlEncoding::Windows1252},
-    {"cp1252", XmlEncoding::Windows1252},
-    {"utf-16", XmlEncoding::Utf16LittleEndian}, // the bytes themselves give their order
-    {"utf-16le", XmlEncoding::Utf16LittleEndian},
-    {"utf-16be", XmlEncoding::Utf16BigEndian},
+using namespace std::string_view_literals;
+constexpr Form Forms[] = {
+    {"UTF-8", 1, false, "\xEF\xBB\xBF"sv, {}},
+    {"UTF-32LE", 4, false, "\xFF\xFE\0\0"sv, "<\0\0\0"sv}, // before UTF-16, whose mark it begins with
+    {"UTF-32BE", 4, true, "\0\0\xFE\xFF"sv, "\0\0\0<"sv},
+    {"UTF-16LE", 2, false, "\xFF\xFE"sv, "<\0"sv},
+    {"UTF-16BE", 2, true, "\xFE\xFF"sv, "\0<"sv},
 };
 
-std::string LowerCase(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return lower;
-}
+// The names by which ICU knows the encodings that are read here.
+constexpr std::string_view Utf8 = "UTF-8";
+constexpr std::string_view Latin1 = "ISO-8859-1";
+constexpr std::string_view Windows1252 = "ibm-5348_P100-1997";
 
-bool IsUtf16(XmlEncoding encoding) {
-    return encoding == XmlEncoding::Utf16LittleEndian || encoding == XmlEncoding::Utf16BigEndian;
-}
-
-std::optional<XmlEncoding> FindEncoding(std::string_view name) {
-    const std::string lower = LowerCase(name);
-    const auto* found = std::find_if(std::begin(KnownEncodings), std::end(KnownEncodings),
-                                     [&](const NamedEncoding& known) { return known.name == lower; });
-    if (found == std::end(KnownEncodings))
-        return std::nullopt;
-    return found->encoding;
-}
-
-std::string HexNumber(char32_t character) {
-    char text[16];
-    std::snprintf(text, sizeof text, "U+%04X", static_cast<unsigned>(character));
-    return text;
+// "UTF-16" and "UTF-32" for their names with and without byte order, else empty.
+std::string_view WideFamilyOf(std::string_view canonicalName) {
+    if (canonicalName.starts_with("UTF-16") || canonicalName.starts_with("UTF16"))
+        return "UTF-16";
+    return canonicalName.starts_with("UTF-32") || canonicalName.starts_with("UTF32") ? "UTF-32" : "";
 }
 
 bool IsXmlCharacter(char32_t c) {
     return c >= 0x20 ? c != 0xFFFE && c != 0xFFFF : c == '\t' || c == '\n' || c == '\r';
 }
 
-[[noreturn]] void RefuseCharacter(std::string_view text, std::size_t offset, char32_t character) {
-    throw XmlError(text, offset, "the character " + HexNumber(character) + " is not allowed in XML");
+XmlFault RefusedCharacter(char32_t character) {
+    char text[16];
+    std::snprintf(text, sizeof text, "U+%04X", static_cast<unsigned>(character));
+    return {{"the character %1 is not allowed in XML", {text}}, XmlError::Cause::WrongHere};
 }
 
-void CheckUtf8(std::string_view text, std::string_view declared) {
-    std::string_view rest = text;
+// At the name where that is part of the text.
+[[noreturn]] void FailForEncoding(std::string_view text, std::string_view name, const char* sentence) {
+    const std::less<> before;
+    const bool isInside = !before(name.data(), text.data()) && before(name.data(), text.data() + text.size());
+    throw XmlError(text, isInside ? static_cast<std::size_t>(name.data() - text.data()) : 0,
+                   {sentence, {XmlError::Quoted(name)}}, XmlError::Cause::Encoding);
+}
+
+// The characters are counted first: a text that grows as it is filled takes twice its memory. `read` gives each
+// character to its argument until that returns false; it returns what is wrong with the bytes after the last
+// one.
+template <typename Read>
+void Decode(DecodedXml& document, Read read) {
+    std::size_t length = 0;
+    read([&](char32_t c) {
+        length += c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
+        return IsXmlCharacter(c);
+    });
+    document.text.reserve(length);
+    const std::optional<XmlFault> wrongBytes = read([&](char32_t c) {
+        if (IsXmlCharacter(c))
+            platform::AppendUtf8(document.text, c);
+        else
+            document.fault = RefusedCharacter(c);
+        return !document.fault;
+    });
+    if (wrongBytes)
+        document.fault = wrongBytes;
+}
+
+class Units {
+public:
+    Units(std::string_view bytes, const Form& form) : m_bytes(bytes), m_form(form) {}
+
+    template <typename Take>
+    std::optional<XmlFault> Read(Take take) const {
+        const std::size_t count = m_bytes.size() / m_form.unitSize;
+        for (std::size_t i = 0; i < count; ++i) {
+            char32_t character = At(i);
+            const bool isHigh = (character & 0xFFFFFC00) == 0xD800;
+            if (m_form.unitSize == 2 && isHigh && i + 1 < count && (At(i + 1) & 0xFC00) == 0xDC00)
+                character = 0x10000 + ((character & 0x3FF) << 10 | (At(++i) & 0x3FF));
+            else if ((character >= 0xD800 && character <= 0xDFFF) || character > 0x10FFFF)
+                return XmlFault{m_form.unitSize == 2 ? "half a character: the bytes are not UTF-16"
+                                                     : "the bytes are not UTF-32"};
+            if (!take(character))
+                return std::nullopt;
+        }
+        if (m_bytes.size() % m_form.unitSize != 0)
+            return XmlFault{"the last character is cut off"};
+        return std::nullopt;
+    }
+
+private:
+    char32_t At(std::size_t index) const {
+        char32_t unit = 0;
+        for (std::size_t i = 0; i < m_form.unitSize; ++i) {
+            const std::size_t place = m_form.bigEndian ? i : m_form.unitSize - 1 - i;
+            unit = unit << 8 | static_cast<unsigned char>(m_bytes[index * m_form.unitSize + place]);
+        }
+        return unit;
+    }
+
+    std::string_view m_bytes;
+    const Form& m_form;
+};
+
+// UTF-8 is checked where it is.
+void CheckUtf8(DecodedXml& document, const XmlFault& wrongBytes) {
+    std::string_view rest = document.text;
     while (!rest.empty()) {
         const auto byte = static_cast<unsigned char>(rest.front());
         if (byte >= 0x20 && byte < 0x80) {
             rest.remove_prefix(1);
             continue;
         }
-        const std::size_t offset = text.size() - rest.size();
+        const std::size_t offset = document.text.size() - rest.size();
         const std::optional<char32_t> character = platform::TakeUtf8(rest);
-        if (!character)
-            throw XmlError(text, offset,
-                           declared.empty()
-                               ? "the bytes are not UTF-8, and no other encoding is declared"
-                               : "the bytes are not in the declared encoding " + XmlError::Quoted(declared));
-        if (!IsXmlCharacter(*character))
-            RefuseCharacter(text, offset, *character);
+        if (character && IsXmlCharacter(*character))
+            continue;
+        document.fault = character ? RefusedCharacter(*character) : wrongBytes;
+        document.text.resize(offset);
+        return;
     }
 }
 
-bool IsHalfOfPair(char32_t unit) {
-    return unit >= 0xD800 && unit <= 0xDFFF;
+void CheckBeginsLikeXml(const DecodedXml& document) {
+    const std::string& text = document.text;
+    const auto content = std::find_if_not(text.begin(), text.end(), XmlScanner::IsBlank);
+    if (content != text.end() ? *content == '<' : document.fault.has_value())
+        return;
+    throw XmlError(text, static_cast<std::size_t>(content - text.begin()),
+                   "this is not XML: it does not begin with '<'");
 }
 
-// Bytes of a unit in UTF-8; a pair has four.
-std::size_t LengthInUtf8(char32_t unit) {
-    return unit < 0x80 ? 1 : unit < 0x800 || IsHalfOfPair(unit) ? 2 : 3;
+// The declaration as far as one can be: what is not ASCII in it becomes something that it may not hold.
+std::string DeclarationIn(std::string_view bytes) {
+    std::string declaration(bytes.substr(0, std::min(bytes.find('>'), bytes.size() - 1) + 1));
+    std::replace_if(
+        declaration.begin(), declaration.end(), [](char c) { return (c & 0x80) != 0; }, '?');
+    return declaration;
 }
 
-// `unitAt` gives the characters, those above FFFF as the two units of UTF-16. The length is counted first:
-// a text that grows as it is filled takes twice its memory.
-template <typename UnitAt>
-std::string Decode(std::size_t count, UnitAt unitAt) {
-    std::size_t length = 0;
-    for (std::size_t i = 0; i < count; ++i)
-        length += LengthInUtf8(unitAt(i));
-    std::string text;
-    text.reserve(length);
-    for (std::size_t i = 0; i < count; ++i) {
-        char32_t character = unitAt(i);
-        const bool high = (character & 0xFC00) == 0xD800;
-        if (high && i + 1 < count && (unitAt(i + 1) & 0xFC00) == 0xDC00)
-            character = 0x10000 + ((character & 0x3FF) << 10 | (unitAt(++i) & 0x3FF));
-        else if (IsHalfOfPair(character))
-            throw XmlError(text, text.size(), "half a character: the bytes are not UTF-16");
-        if (!IsXmlCharacter(character))
-            RefuseCharacter(text, text.size(), character);
-        platform::AppendUtf8(text, character);
+// The name that the declaration gives. Where that is cut off by a fault, the fault is the one to be told.
+std::string_view DeclaredIn(const DecodedXml& document) {
+    try {
+        return internal::DeclaredEncoding(document.text);
+    } catch (const XmlError& error) {
+        if (error.GetCause() == XmlError::Cause::CutOff && document.fault)
+            return {};
+        throw;
     }
-    return text;
 }
 
-std::string DecodeUtf16(std::string_view bytes, XmlEncoding encoding) {
-    const std::size_t low = encoding == XmlEncoding::Utf16LittleEndian ? 0 : 1;
-    std::string text = Decode(bytes.size() / 2, [&](std::size_t i) {
-        return static_cast<char32_t>(static_cast<unsigned char>(bytes[2 * i + low]) |
-                                     static_cast<unsigned char>(bytes[2 * i + 1 - low]) << 8);
+void DecodeWide(DecodedXml& document, std::string_view bytes, const Form& form, std::string_view asked) {
+    document.encoding = form.name;
+    Decode(document, [&](auto take) { return Units(bytes, form).Read(take); });
+    CheckBeginsLikeXml(document);
+    const std::string_view name = asked.empty() ? DeclaredIn(document) : asked;
+    const std::string_view family = WideFamilyOf(form.name);
+    if (!name.empty() && WideFamilyOf(CharacterConverter::CanonicalName(std::string(name))) != family)
+        FailForEncoding(document.text, name,
+                        form.unitSize == 2 ? "the encoding %1 is wrong: the bytes are UTF-16"
+                                           : "the encoding %1 is wrong: the bytes are UTF-32");
+}
+
+// The name by which ICU knows an encoding of one byte or more a character. Throws for one that cannot be read.
+std::string CanonicalNameOf(std::string_view text, std::string_view name) {
+    const std::string canonical =
+        internal::IsEncodingName(name) ? CharacterConverter::CanonicalName(std::string(name)) : std::string();
+    if (canonical.empty())
+        FailForEncoding(text, name, "the encoding %1 is not known");
+    if (!WideFamilyOf(canonical).empty())
+        FailForEncoding(text, name, "the encoding %1 is wrong: a character takes one byte here");
+    if (!CharacterConverter(canonical).HoldsAscii())
+        FailForEncoding(text, name, "the encoding %1 is not read: ASCII means something else in it");
+    return canonical;
+}
+
+XmlFault WrongBytes(std::string_view name) {
+    if (name.empty())
+        return {"the bytes are not UTF-8, and no other encoding is declared"};
+    return {{"the bytes are not in the encoding %1", {XmlError::Quoted(name)}}};
+}
+
+// The text is still as its bytes are.
+void DecodeBytes(DecodedXml& document, const std::string& canonicalName, std::string_view name) {
+    const XmlFault wrongBytes = WrongBytes(name);
+    if (canonicalName == Utf8) {
+        CheckUtf8(document, wrongBytes);
+        return;
+    }
+    const std::string bytes = std::exchange(document.text, {});
+    if (canonicalName == Latin1 || canonicalName == Windows1252) {
+        const bool isLatin1 = canonicalName == Latin1;
+        Decode(document, [&](auto take) {
+            for (const char byte : bytes)
+                if (!take(isLatin1 ? static_cast<unsigned char>(byte) : platform::ToUnicode(byte)))
+                    break;
+            return std::optional<XmlFault>();
+        });
+        return;
+    }
+    CharacterConverter converter(canonicalName);
+    Decode(document, [&](auto take) {
+        converter.Start(bytes);
+        for (char32_t character = 0; converter.Next(character);)
+            if (!take(character))
+                break;
+        return converter.Failed() ? std::optional(wrongBytes) : std::nullopt;
     });
-    if (bytes.size() % 2 != 0)
-        throw XmlError(text, text.size(), "the last character is cut off");
-    return text;
 }
 
-std::string DecodeSingleBytes(std::string_view bytes, XmlEncoding encoding) {
-    const bool isLatin1 = encoding == XmlEncoding::Latin1;
-    return Decode(bytes.size(), [&](std::size_t i) {
-        return isLatin1 ? static_cast<unsigned char>(bytes[i]) : platform::ToUnicode(bytes[i]);
-    });
-}
-
-// What the first bytes say by themselves: a mark, or the zeros of a '<' in two bytes.
-struct Recognized {
-    std::optional<XmlEncoding> encoding;
-    std::size_t markLength = 0;
+struct FoundForm {
+    const Form* form = nullptr; // null: bytes of one character each, or more
+    bool byMark = false;
 };
 
-Recognized Recognize(std::string_view bytes) {
-    if (bytes.starts_with(Utf8Mark))
-        return {XmlEncoding::Utf8, Utf8Mark.size()};
-    if (bytes.starts_with(LittleEndianMark))
-        return {XmlEncoding::Utf16LittleEndian, LittleEndianMark.size()};
-    if (bytes.starts_with(BigEndianMark))
-        return {XmlEncoding::Utf16BigEndian, BigEndianMark.size()};
-    if (bytes.starts_with(std::string_view("<\0", 2)))
-        return {XmlEncoding::Utf16LittleEndian, 0};
-    if (bytes.starts_with(std::string_view("\0<", 2)))
-        return {XmlEncoding::Utf16BigEndian, 0};
+FoundForm FormOf(std::string_view bytes) {
+    for (const Form& form : Forms)
+        if (bytes.starts_with(form.mark))
+            return {&form, true};
+    for (const Form& form : Forms)
+        if (!form.lessThan.empty() && bytes.starts_with(form.lessThan))
+            return {&form, false};
     return {};
-}
-
-[[noreturn]] void RefuseDeclaration(std::string_view text, std::string_view declared, const char* instead) {
-    throw XmlError(text, static_cast<std::size_t>(declared.data() - text.data()),
-                   "the declared encoding " + XmlError::Quoted(declared) + " is wrong: " + instead);
-}
-
-void CheckBeginsLikeXml(std::string_view text) {
-    const auto content = std::find_if_not(text.begin(), text.end(), XmlScanner::IsBlank);
-    if (content == text.end() || *content != '<')
-        throw XmlError(text, static_cast<std::size_t>(content - text.begin()),
-                       "this is not XML: it does not begin with '<'");
-}
-
-XmlEncoding EncodingAsDeclared(std::string_view text, std::string_view declared) {
-    if (declared.empty())
-        return XmlEncoding::Utf8;
-    const std::optional<XmlEncoding> encoding = FindEncoding(declared);
-    if (!encoding)
-        throw XmlError(text, static_cast<std::size_t>(declared.data() - text.data()),
-                       "the encoding " + XmlError::Quoted(declared) + " is not known");
-    if (IsUtf16(*encoding))
-        RefuseDeclaration(text, declared, "a character takes one byte here");
-    return *encoding;
-}
-
-// The encoding that an XML declaration at the start of `text` names; empty when it names none.
-std::string_view DeclaredEncoding(std::string_view text) {
-    if (!text.starts_with("<?xml") || text.size() < 6 || !XmlScanner::IsBlank(text[5]))
-        return {};
-    const std::string_view declaration = text.substr(0, text.find("?>"));
-    const std::size_t word = declaration.find("encoding");
-    if (word == std::string_view::npos)
-        return {};
-    const std::size_t open = declaration.find_first_of("\"'", word);
-    if (open == std::string_view::npos)
-        return {};
-    const std::size_t close = declaration.find(declaration[open], open + 1);
-    if (close == std::string_view::npos)
-        return {};
-    return declaration.substr(open + 1, close - open - 1);
 }
 
 } // namespace
 
-DecodedXml DecodeXml(std::string bytes) {
-    const Recognized recognized = Recognize(bytes);
+DecodedXml DecodeXml(std::string bytes, std::string_view encoding) {
+    const auto [form, byMark] = FormOf(bytes);
     DecodedXml document;
-    document.hasByteOrderMark = recognized.markLength != 0;
-    bytes.erase(0, recognized.markLength);
-
-    if (recognized.encoding && IsUtf16(*recognized.encoding)) {
-        document.encoding = *recognized.encoding;
-        document.text = DecodeUtf16(bytes, document.encoding);
-        CheckBeginsLikeXml(document.text);
-        const std::string_view declared = DeclaredEncoding(document.text);
-        if (const auto named = FindEncoding(declared); !declared.empty() && (!named || !IsUtf16(*named)))
-            RefuseDeclaration(document.text, declared, "the bytes are UTF-16");
+    document.hasByteOrderMark = byMark;
+    if (byMark)
+        bytes.erase(0, form->mark.size());
+    if (form && form->unitSize > 1) {
+        DecodeWide(document, bytes, *form, encoding);
         return document;
     }
-
-    CheckBeginsLikeXml(bytes);
-    const std::string_view declared = DeclaredEncoding(bytes);
-    document.encoding = EncodingAsDeclared(bytes, declared);
-    if (recognized.encoding && document.encoding != XmlEncoding::Utf8)
-        RefuseDeclaration(bytes, declared, "the file begins with the mark of UTF-8");
-    if (document.encoding == XmlEncoding::Utf8) {
-        CheckUtf8(bytes, declared);
-        document.text = std::move(bytes);
-    } else {
-        document.text = DecodeSingleBytes(bytes, document.encoding);
-    }
+    document.text = std::move(bytes);
+    CheckBeginsLikeXml(document);
+    const std::string declaration = DeclarationIn(document.text);
+    const std::string_view declared = internal::DeclaredEncoding(declaration);
+    const std::string_view name = encoding.empty() ? declared : encoding;
+    const std::string canonical = name.empty() ? std::string(Utf8) : CanonicalNameOf(declaration, name);
+    if (byMark && canonical != Utf8)
+        FailForEncoding(declaration, name,
+                        "the encoding %1 is wrong: the file begins with the mark of UTF-8");
+    document.encoding = CharacterConverter::RegisteredName(canonical);
+    DecodeBytes(document, canonical, name);
     return document;
 }
 

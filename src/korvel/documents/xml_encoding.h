@@ -1,31 +1,44 @@
 #pragma once
 
+#include "korvel/documents/xml_error.h"
 #include "korvel/platform/export.h"
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace korvel {
 
-/// How a document's characters are written as bytes.
-enum class XmlEncoding { Utf8, Utf16LittleEndian, Utf16BigEndian, Latin1, Windows1252 };
+/// Why the text of a document ends before its file does.
+struct XmlFault {
+    XmlReason reason;
+    XmlError::Cause cause = XmlError::Cause::Encoding;
+};
 
-/// A document as UTF-8, without byte order mark, and how its file holds it. The encodings can be turned back
-/// byte by byte, so that a place in `text` gives the place in the file.
+/// A document as UTF-8, without byte order mark, and how its file holds it.
 struct DecodedXml {
+    /// Up to the first byte that is wrong, so that whoever reads it meets a fault before that byte first.
     std::string text;
-    XmlEncoding encoding = XmlEncoding::Utf8;
+    /// Of what follows the text; nothing for a file that is right to its end. XmlParser throws it there.
+    std::optional<XmlFault> fault;
+    /// By its registered name where it has one: "UTF-8", "UTF-16BE", "windows-1252", "Shift_JIS".
+    std::string encoding;
     bool hasByteOrderMark = false;
 };
 
-/// Reads the bytes of a file as its byte order mark says, else as its XML declaration says; with neither they
-/// are UTF-8.
+/// Reads the bytes of a file as its byte order mark or the zeros of its first '<' say, else as `encoding` says
+/// or, where that is empty, its XML declaration; with none of these they are UTF-8.
 ///
-///     DecodeXml("\xEF\xBB\xBF<a/>")                                       -> "<a/>", UTF-8 with mark
-///     DecodeXml("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE4</a>") -> "...<a>ä</a>", Latin1
+///     DecodeXml("\xEF\xBB\xBF<a/>")                                       -> "<a/>", "UTF-8" with mark
+///     DecodeXml("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE4</a>") -> "...<a>ä</a>", "ISO-8859-1"
 ///
-/// Throws XmlError, with its place, for a text that does not begin with '<', a declared encoding that is not
-/// known or that the bytes are not in, and characters that XML does not allow. Takes memory for the text once
+/// Known are UTF-8, UTF-16, UTF-32, and all that ICU's converters know and that begin with ASCII as it is:
+/// neither EBCDIC nor UTF-7 and other forms in which ASCII may mean something else. In ISO-8859-1 and in
+/// windows-1252 every byte is a character.
+///
+/// Throws XmlError, with its place, for a text that does not begin with '<', a declaration that is malformed,
+/// or that names an encoding that is not known or that the bytes contradict. Takes memory for the text once
 /// more than the bytes; none for UTF-8.
-KORVEL_API DecodedXml DecodeXml(std::string bytes);
+KORVEL_API DecodedXml DecodeXml(std::string bytes, std::string_view encoding = {});
 
 } // namespace korvel

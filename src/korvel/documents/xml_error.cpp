@@ -25,8 +25,24 @@ XmlPlace XmlPlaceOf(std::string_view text, std::size_t offset) {
     return place;
 }
 
-XmlError::XmlError(std::string_view text, std::size_t offset, const std::string& reason)
-    : Error(platform::FromUtf8(reason).text), m_place(XmlPlaceOf(text, offset)), m_reason(reason) {}
+std::string XmlReason::Text() const {
+    std::string text;
+    for (std::string_view rest = sentence; !rest.empty();) {
+        const std::size_t mark = std::min(rest.find('%'), rest.size());
+        text += rest.substr(0, mark);
+        rest.remove_prefix(mark);
+        if (rest.size() < 2)
+            return text.append(rest);
+        const auto piece = static_cast<std::size_t>(rest[1] - '1');
+        text += piece < pieces.size() ? std::string_view(pieces[piece]) : rest.substr(0, 2);
+        rest.remove_prefix(2);
+    }
+    return text;
+}
+
+XmlError::XmlError(std::string_view text, std::size_t offset, const XmlReason& reason, Cause cause)
+    : Error(platform::FromUtf8(reason.Text()).text), m_place(XmlPlaceOf(text, offset)), m_cause(cause),
+      m_details(reason), m_reason(reason.Text()) {}
 
 std::string XmlError::Quoted(std::string_view piece) {
     constexpr std::size_t Longest = 60;

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace korvel {
 
@@ -19,18 +20,41 @@ struct XmlPlace {
 /// or CR. Costs a walk over the text before it.
 KORVEL_API XmlPlace XmlPlaceOf(std::string_view text, std::size_t offset);
 
+/// What is wrong, in UTF-8: a sentence in which %1, %2 stand for pieces that differ from document to document.
+/// A program that speaks another language looks the sentence up.
+struct KORVEL_API XmlReason {
+    XmlReason(const char* itsSentence, std::vector<std::string> itsPieces = {})
+        : sentence(itsSentence), pieces(std::move(itsPieces)) {}
+
+    /// With its pieces in place.
+    std::string Text() const;
+
+    std::string sentence;
+    std::vector<std::string> pieces;
+};
+
 /// What is wrong with a document in UTF-8, and where. It does not know the file.
 ///
 ///     catch (const XmlError& error) {
-///         error.Place().line;   // 17
-///         error.Reason();       // "the element 'Pnts' is closed by 'Pnt'"
+///         error.Place().line;         // 17
+///         error.Reason();             // "the element 'Pnts' is closed by 'Pnt'"
+///         error.Details().sentence;   // "the element %1 is closed by %2"
 ///     }
 class KORVEL_API XmlError : public Error {
 public:
-    /// `offset` counts the bytes of `text`, the document; `reason` is UTF-8.
-    XmlError(std::string_view text, std::size_t offset, const std::string& reason);
+    enum class Cause {
+        WrongHere, ///< nothing that follows could mend it
+        CutOff,    ///< the document ends too early
+        Encoding,  ///< the bytes are not in the encoding of the document, or nobody knows it
+    };
+
+    /// `offset` counts the bytes of `text`, the document.
+    XmlError(std::string_view text, std::size_t offset, const XmlReason& reason,
+             Cause cause = Cause::WrongHere);
 
     XmlPlace Place() const { return m_place; }
+    Cause GetCause() const { return m_cause; }
+    const XmlReason& Details() const { return m_details; }
     /// In UTF-8; what() gives it in the code page of the library's texts.
     const std::string& Reason() const { return m_reason; }
 
@@ -39,6 +63,8 @@ public:
 
 private:
     XmlPlace m_place;
+    Cause m_cause;
+    XmlReason m_details;
     std::string m_reason;
 };
 

@@ -1,7 +1,5 @@
 #include "korvel/documents/xml_scanner.h"
 
-#include "korvel/documents/xml_error.h"
-
 #include <algorithm>
 #include <charconv>
 #include <string>
@@ -44,8 +42,17 @@ char32_t XmlScanner::Referenced(std::string_view reference) {
     return number;
 }
 
-void XmlScanner::Fail(std::size_t offset, std::string_view reason) const {
-    throw XmlError(m_document, offset, std::string(reason));
+void XmlScanner::Fail(std::size_t offset, const XmlReason& reason, XmlError::Cause cause) const {
+    throw XmlError(m_document, offset, reason, cause);
+}
+
+void XmlScanner::FailUnlessCutOff(std::string_view expected, const XmlReason& reason) const {
+    Fail(m_position, reason, IsCutOffIn(expected) ? XmlError::Cause::CutOff : XmlError::Cause::WrongHere);
+}
+
+bool XmlScanner::IsCutOffIn(std::string_view literal) const {
+    const std::string_view rest = m_document.substr(m_position);
+    return rest.size() < literal.size() && literal.starts_with(rest);
 }
 
 bool XmlScanner::Skip(std::string_view literal) {
@@ -65,7 +72,7 @@ bool XmlScanner::SkipBlanks() {
 std::string_view XmlScanner::TakeName() {
     const std::size_t start = m_position;
     if (AtEnd())
-        Fail(start, "the document ends where a name is expected");
+        FailCutOff(start, "the document ends where a name is expected");
     if (!StartsName(m_document[start]))
         Fail(start, "a name is expected here");
     while (!AtEnd() && ContinuesName(m_document[m_position]))
@@ -78,66 +85,82 @@ std::string_view XmlScanner::TakeName() {
 bool XmlScanner::NextAttribute(XmlAttribute& attribute) {
     const bool separated = SkipBlanks();
     if (AtEnd())
-        Fail(m_position, "the document ends inside a tag");
+        FailCutOff(m_position, "the document ends inside a tag");
     if (m_document[m_position] == '>' || m_document[m_position] == '/' || m_document[m_position] == '?')
         return false;
     if (!separated)
         Fail(m_position, "a blank is expected here");
-    const std::size_t start = m_position;
     attribute.name = TakeName();
     SkipBlanks();
     if (!Skip("="))
-        Fail(m_position, "the attribute " + XmlError::Quoted(attribute.name) + " has no value");
+        FailUnlessCutOff("=", {"the attribute %1 has no value", {XmlError::Quoted(attribute.name)}});
     SkipBlanks();
-    const char quote = AtEnd() ? '\0' : m_document[m_position];
-    if (quote != '"' && quote != '\'')
-        Fail(m_position,
-             "the value of the attribute " + XmlError::Quoted(attribute.name) + " is not in quotes");
-    const std::size_t open = ++m_position;
-    const std::size_t close = m_document.find(quote, open);
-    if (close == std::string_view::npos)
-        Fail(start, "the value of the attribute " + XmlError::Quoted(attribute.name) + " does not end");
-    attribute.value = m_document.substr(open, close - open);
-    if (attribute.value.size() > LongestAttribute)
-        Fail(start,
-             "the value of the attribute " + XmlError::Quoted(attribute.name) + " is longer than 10 MB");
-    if (const std::size_t markup = attribute.value.find('<'); markup != std::string_view::npos)
-        Fail(open + markup, "'<' is not allowed in the value of an attribute");
-    CheckReferences(attribute.value);
-    m_position = close + 1;
+    if (!IsAt("\"") && !IsAt("'"))
+        FailUnlessCutOff(
+            "'", {"the value of the attribute %1 is not in quotes", {XmlError::Quoted(attribute.name)}});
+    attribute.value = TakeValue(attribute.name);
     return true;
+}
+
+std::string_view XmlScanner::TakeValue(std::string_view name) {
+    const auto reason = [&](const char* sentence) { return XmlReason(sentence, {XmlError::Quoted(name)}); };
+    const char quote = m_document[m_position];
+    const std::size_t open = ++m_position;
+    const std::size_t close = std::min(m_document.find(quote, open), m_document.size());
+    const std::string_view value = m_document.substr(open, close - open);
+    const std::size_t start = static_cast<std::size_t>(name.data() - m_document.data());
+    const std::size_t markup = value.find('<');
+    CheckReferences(value.substr(0, markup));
+    if (markup != std::string_view::npos)
+        Fail(open + markup, reason("the value of the attribute %1 holds '<', or it does not end"));
+    if (close == m_document.size())
+        FailCutOff(start, reason("the value of the attribute %1 does not end"));
+    if (value.size() > LongestAttribute)
+        Fail(start, reason("the value of the attribute %1 is longer than 10 MB"));
+    m_position = close + 1;
+    return value;
 }
 
 std::string_view XmlScanner::TakeCharacterData() {
     const std::size_t end = std::min(m_document.find('<', m_position), m_document.size());
     const std::string_view data = m_document.substr(m_position, end - m_position);
-    if (const std::size_t section = data.find("]]>"); section != std::string_view::npos)
+    const std::size_t section = data.find("]]>");
+    CheckReferences(data.substr(0, section));
+    if (section != std::string_view::npos)
         Fail(m_position + section, "']]>' ends no character section");
-    CheckReferences(data);
     m_position = end;
     return data;
 }
 
 void XmlScanner::CheckReferences(std::string_view text) const {
-    for (std::size_t i = text.find('&'); i != std::string_view::npos; i = text.find('&', i + 1)) {
-        // No reference that means anything is longer than this; without a limit a text of many '&' would be
-        // searched to its end once for each.
-        constexpr std::size_t Longest = 64;
-        const std::string_view ahead = text.substr(i + 1, Longest);
-        const std::size_t end = ahead.find(';');
-        const std::size_t offset = static_cast<std::size_t>(text.data() - m_document.data()) + i;
-        if (end == std::string_view::npos)
-            Fail(offset, "'&' begins no reference");
-        if (Referenced(ahead.substr(0, end)) == 0)
-            Fail(offset, "the reference " + XmlError::Quoted(text.substr(i, end + 2)) + " is not defined");
-    }
+    const std::size_t start = static_cast<std::size_t>(text.data() - m_document.data());
+    for (std::size_t i = text.find('&'); i != std::string_view::npos; i = text.find('&', i + 1))
+        CheckReference(start + i, text.substr(i + 1));
 }
 
-std::string_view XmlScanner::TakeUntil(std::string_view end, std::string_view piece) {
+// `ahead` is what follows the '&' at `offset`.
+void XmlScanner::CheckReference(std::size_t offset, std::string_view ahead) const {
+    // No reference that means anything is longer than this; without a limit a text of many '&' would be
+    // searched to its end once for each.
+    constexpr std::size_t Longest = 64;
+    const std::size_t longest = std::min(ahead.size(), Longest);
+    const auto continues = [](char c) { return ContinuesName(c) || c == '#'; };
+    const auto* last = std::find_if_not(ahead.begin(), ahead.begin() + longest, continues);
+    const std::size_t end = static_cast<std::size_t>(last - ahead.begin());
+    if (end == longest || ahead[end] != ';')
+        Fail(offset, "'&' begins no reference",
+             end < Longest && offset + 1 + end == m_document.size() ? XmlError::Cause::CutOff
+                                                                    : XmlError::Cause::WrongHere);
+    if (Referenced(ahead.substr(0, end)) == 0)
+        Fail(offset,
+             {"the reference %1 is not defined", {XmlError::Quoted(m_document.substr(offset, end + 2))}});
+}
+
+std::string_view XmlScanner::TakeUntil(std::string_view end, const char* cutOff) {
     const std::size_t start = m_position;
     const std::size_t found = m_document.find(end, start);
     if (found == std::string_view::npos)
-        Fail(start, "the document ends inside " + std::string(piece));
+        FailCutOff(start, cutOff);
     m_position = found + end.size();
     return m_document.substr(start, found - start);
 }
@@ -147,10 +170,10 @@ void XmlScanner::SkipComment() {
     Skip("<!--");
     const std::size_t dashes = m_document.find("--", m_position);
     if (dashes == std::string_view::npos)
-        Fail(start, "the document ends inside a comment");
+        FailCutOff(start, "the document ends inside a comment");
     m_position = dashes;
     if (!Skip("-->"))
-        Fail(dashes, "'--' is not allowed in a comment");
+        FailUnlessCutOff("-->", "'--' is not allowed in a comment");
 }
 
 void XmlScanner::SkipInstruction() {
@@ -159,19 +182,19 @@ void XmlScanner::SkipInstruction() {
     const std::string_view target = TakeName();
     if (target == "xml" && start != 2)
         Fail(start, "the XML declaration does not stand at the beginning");
-    TakeUntil("?>", "a processing instruction");
+    TakeUntil("?>", "the document ends inside a processing instruction");
 }
 
 std::string_view XmlScanner::TakeCharacterSection() {
     constexpr std::string_view Start = "<![CDATA[";
-    std::string_view section = TakeUntil("]]>", "a character section");
+    std::string_view section = TakeUntil("]]>", "the document ends inside a character section");
     section.remove_prefix(std::min(Start.size(), section.size()));
     return section;
 }
 
 void XmlScanner::SkipQuoted() {
     const char quote = m_document[m_position++];
-    TakeUntil(std::string_view(&quote, 1), "a quoted text");
+    TakeUntil(std::string_view(&quote, 1), "the document ends inside a quoted text");
 }
 
 void XmlScanner::SkipDocumentType() {
@@ -196,7 +219,7 @@ void XmlScanner::SkipDocumentType() {
                 return;
         }
     }
-    Fail(start, "the document ends inside a document type");
+    FailCutOff(start, "the document ends inside a document type");
 }
 
 } // namespace korvel

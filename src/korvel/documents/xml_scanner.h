@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/documents/xml_error.h"
 #include "korvel/platform/export.h"
 
 #include <algorithm>
@@ -33,10 +34,12 @@ struct XmlAttribute {
 /// to a character that XML does not allow; "--" in a comment; an XML declaration that is not the beginning;
 /// whatever does not end; and a declaration of entities, since a few of them can stand for gigabytes. Of a
 /// document type only the end is looked for. Names longer than LongestName and values longer than
-/// LongestAttribute are refused as well.
+/// LongestAttribute are refused as well. A failure that more text could have prevented is of XmlError's cause
+/// CutOff.
 ///
 /// Left to the caller are: the bytes (DecodeXml turns those of a file into UTF-8 and refuses characters that
-/// XML does not allow), the nesting of elements, one root, attributes of the same name, and namespaces.
+/// XML does not allow), and what pieces mean together (XmlParser: nesting, one root, attributes of the same
+/// name, prefixes).
 ///
 /// What it returns are views into the document, which must outlive them. It holds no memory and costs one
 /// pass over what it reads; a failure costs a walk from the beginning, for its place. After a failure the
@@ -75,8 +78,13 @@ public:
     /// The characters between "<![CDATA[" and "]]>".
     std::string_view TakeCharacterSection();
 
-    /// Throws XmlError for a byte of the document. `reason` is UTF-8.
-    [[noreturn]] void Fail(std::size_t offset, std::string_view reason) const;
+    /// Throws XmlError for a byte of the document.
+    [[noreturn]] void Fail(std::size_t offset, const XmlReason& reason,
+                           XmlError::Cause cause = XmlError::Cause::WrongHere) const;
+    /// Fails where `expected` is not: as cut off where the document ends inside it.
+    [[noreturn]] void FailUnlessCutOff(std::string_view expected, const XmlReason& reason) const;
+    /// True where the document ends inside `literal`.
+    bool IsCutOffIn(std::string_view literal) const;
 
     static bool IsBlank(char byte) { return byte == ' ' || byte == '\t' || byte == '\n' || byte == '\r'; }
 
@@ -89,9 +97,14 @@ public:
     static char32_t Referenced(std::string_view reference);
 
 private:
-    std::string_view TakeUntil(std::string_view end, std::string_view piece);
+    std::string_view TakeValue(std::string_view name);
+    std::string_view TakeUntil(std::string_view end, const char* cutOff);
     void SkipQuoted();
     void CheckReferences(std::string_view text) const;
+    void CheckReference(std::size_t offset, std::string_view ahead) const;
+    [[noreturn]] void FailCutOff(std::size_t offset, const XmlReason& reason) const {
+        Fail(offset, reason, XmlError::Cause::CutOff);
+    }
 
     std::string_view m_document;
     std::size_t m_position;

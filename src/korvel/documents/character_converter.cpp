@@ -1,0 +1,74 @@
+#include "korvel/documents/character_converter.h"
+
+#include "korvel/platform/error.h"
+
+#include <algorithm>
+#include <unicode/ucnv.h>
+
+namespace korvel::internal {
+
+void CharacterConverter::Close::operator()(UConverter* converter) const {
+    ucnv_close(converter);
+}
+
+std::string CharacterConverter::CanonicalName(const std::string& name) {
+    UErrorCode error = U_ZERO_ERROR;
+    const char* canonical = ucnv_getAlias(name.c_str(), 0, &error);
+    return U_SUCCESS(error) && canonical ? canonical : std::string();
+}
+
+std::string CharacterConverter::RegisteredName(const std::string& canonicalName) {
+    for (const char* standard : {"MIME", "IANA"}) {
+        UErrorCode error = U_ZERO_ERROR;
+        const char* name = ucnv_getStandardName(canonicalName.c_str(), standard, &error);
+        if (U_SUCCESS(error) && name)
+            return name;
+    }
+    return canonicalName;
+}
+
+CharacterConverter::CharacterConverter(const std::string& name) {
+    UErrorCode error = U_ZERO_ERROR;
+    m_converter.reset(ucnv_open(name.c_str(), &error));
+    if (U_SUCCESS(error))
+        ucnv_setToUCallBack(m_converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
+    if (U_FAILURE(error))
+        throw Error("No converter for " + name + ": " + u_errorName(error));
+}
+
+CharacterConverter::~CharacterConverter() = default;
+
+bool CharacterConverter::HoldsAscii() {
+    constexpr UConverterType Disguised[] = {UCNV_UTF7, UCNV_IMAP_MAILBOX, UCNV_SCSU, UCNV_BOCU1,
+                                            UCNV_EBCDIC_STATEFUL};
+    const UConverterType type = ucnv_getType(m_converter.get());
+    if (std::find(std::begin(Disguised), std::end(Disguised), type) != std::end(Disguised))
+        return false;
+    constexpr std::string_view Declaration =
+        "<?xml version=\"1.0\" "
+        "encoding='ABCDEFGHIJKLMNOPQRSTUVWXYZ_abcdefghijklmnopqrstuvwxyz-0123456789'\t\r\n?>";
+    std::string read;
+    char32_t character = 0;
+    for (Start(Declaration); Next(character) && character < 0x80;)
+        read += static_cast<char>(character);
+    return read == Declaration;
+}
+
+void CharacterConverter::Start(std::string_view bytes) {
+    ucnv_resetToUnicode(m_converter.get());
+    m_next = bytes.data();
+    m_end = bytes.data() + bytes.size();
+    m_failed = false;
+}
+
+bool CharacterConverter::Next(char32_t& character) {
+    if (m_next == m_end)
+        return false;
+    UErrorCode error = U_ZERO_ERROR;
+    const UChar32 next = ucnv_getNextUChar(m_converter.get(), &m_next, m_end, &error);
+    m_failed = U_FAILURE(error) && error != U_INDEX_OUTOFBOUNDS_ERROR;
+    character = static_cast<char32_t>(next);
+    return U_SUCCESS(error);
+}
+
+} // namespace korvel::internal
