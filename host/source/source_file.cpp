@@ -1,6 +1,7 @@
 #include "source/source_file.h"
 
 #include "source/document_error.h"
+#include "source/gzip.h"
 
 #include <cerrno>
 #include <cstdint>
@@ -9,9 +10,12 @@
 #include <limits>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace korvel::inspector {
 namespace {
+
+constexpr std::size_t LargestFile = std::numeric_limits<std::uint32_t>::max();
 
 class FileDescriptor {
 public:
@@ -59,7 +63,7 @@ std::string ReadSourceFile(const std::string& path) {
         Fail(path, "is a folder");
     if (!S_ISREG(status.st_mode))
         Fail(path, "is not a regular file");
-    if (status.st_size >= std::numeric_limits<std::uint32_t>::max())
+    if (static_cast<std::size_t>(status.st_size) >= LargestFile)
         Fail(path, "is larger than 4 GB");
 
     std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
@@ -75,6 +79,12 @@ std::string ReadSourceFile(const std::string& path) {
         count += static_cast<std::size_t>(got);
     }
     bytes.resize(count);
+    if (IsGzip(bytes)) {
+        std::string unpacked;
+        if (const char* reason = Unpack(bytes, LargestFile - 1, unpacked))
+            Fail(path, reason);
+        bytes = std::move(unpacked);
+    }
     if (bytes.empty())
         Fail(path, "is empty");
     return bytes;

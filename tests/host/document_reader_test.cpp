@@ -13,49 +13,23 @@
 #include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <zlib.h>
 
 namespace korvel::inspector {
 namespace {
 
-std::string Repeat(const std::string& text, int count) {
-    std::string all;
-    for (int i = 0; i < count; ++i)
-        all += text;
-    return all;
-}
-
 ElementTree Read(const std::string& bytes) {
-    return ReadElements(DecodeXml(bytes).text);
+    const DecodedXml document = DecodeXml(bytes);
+    return ReadElements(document.text, document.fault);
 }
 
-TEST(DocumentReader, RefusesWhatIsNotWellFormedWithItsPlace) {
+TEST(DocumentReader, RefusesALongNamespaceAndTheFaultOfTheBytes) {
     const std::vector<XmlRefusal> rows = {
-        {"only a comment", "<!-- x -->", 1, 11, "no element"},
-        {"cut in an element", "<a>\n <b>x", 2, 6, "ends inside the element 'b', which begins in line 2"},
-        {"wrong end", "<a>\n<b></a>", 2, 4, "the element 'b' is closed by 'a'"},
-        {"end without start", "<a/></a>", 1, 5, "'a' is closed but not open"},
-        {"second root", "<a/>\n<b/>", 2, 1, "a second root element"},
-        {"text after the root", "<a/>\n x", 2, 2, "text outside the root element"},
-        {"section before the root", "<![CDATA[x]]><a/>", 1, 1, "text outside the root element"},
-        {"document type in the root", "<a><!DOCTYPE a></a>", 1, 4, "no declaration is allowed here"},
-        {"attribute twice", "<a b='1' c='' b='2'/>", 1, 15, "the attribute 'b' is here twice"},
-        {"end tag in a start tag", "<a / >", 1, 4, "'>' is expected"},
-        {"fault in a piece", "<a>x&nbsp;</a>", 1, 5, "the reference '&nbsp;' is not defined"},
-        {"too deep", Repeat("<a>", 1001), 1, 3001, "deeper than 1,000 levels"},
         {"long namespace", "<a><b xmlns:c='" + std::string(1001, 'x') + "'/></a>", 1, 7,
          "longer than 1,000 characters"},
+        {"bytes after the text", "<a>\xFF</a>", 1, 4, "not UTF-8"},
     };
-    ExpectRefusals(rows, ReadElements);
-}
-
-TEST(DocumentReader, ReadsWhatIsRareButAllowed) {
-    const ElementTree tree =
-        Read("<?xml version='1.0'?>\n<!DOCTYPE a SYSTEM \"x>y\" [<!ELEMENT a ANY> <!-- ]> -->]>\n"
-             "<!-- c --><?pi ?>" +
-             Repeat("<a b = '>' c=\"'\" >", 1000) + Repeat("</a >", 1000) + "<!-- end -->\n");
-    EXPECT_EQ(tree.Count(), 1000u);
-    EXPECT_EQ(tree.FindAttribute(999, "b"), ">");
-    EXPECT_EQ(tree.FindAttribute(999, "c"), "'");
+    ExpectRefusals(rows, Read);
 }
 
 // A walk over both trees; names, values and texts must be the same.
@@ -123,6 +97,46 @@ std::string ReasonOf(const std::string& path) {
         return "was read";
     } catch (const DocumentError& error) {
         return error.Utf8Text();
+    }
+}
+
+std::string Packed(const std::string& text) {
+    z_stream stream{};
+    deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, 15 + 16, 9, Z_DEFAULT_STRATEGY);
+    std::string packed(deflateBound(&stream, text.size()), '\0');
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(text.data()));
+    stream.avail_in = static_cast<uInt>(text.size());
+    stream.next_out = reinterpret_cast<Bytef*>(packed.data());
+    stream.avail_out = static_cast<uInt>(packed.size());
+    deflate(&stream, Z_FINISH);
+    packed.resize(stream.total_out);
+    deflateEnd(&stream);
+    return packed;
+}
+
+TEST(SourceFile, UnpacksGzip) {
+    const platform::ScratchFolder folder;
+    const std::string path = folder.Path() / "a.xml.gz";
+    std::string large = "<a>"; // longer than the buffer
+    for (int i = 0; i < 100'000; ++i)
+        large += std::to_string(i);
+    const std::string two = Packed(large) + Packed("</a>");
+    const std::string bomb = Packed("<a>" + std::string(20'000'000, ' ') + "</a>");
+    std::string damaged = two;
+    damaged[damaged.size() / 2] ^= 1;
+    const std::tuple<const char*, std::string, const char*> files[] = {
+        {"two members", two, "was read"},
+        {"filled up with zeros", two + std::string(512, '\0'), "was read"},
+        {"cut in the data", two.substr(0, two.size() / 2), "is packed and cut off"},
+        {"cut in the check", two.substr(0, two.size() - 1), "is packed and cut off"},
+        {"cut in the head", two.substr(0, 2), "is packed and cut off"},
+        {"another bit", damaged, "is packed and damaged"},
+        {"other bytes after it", two + "x", "is packed, and something else follows"},
+        {"a bomb", bomb, "is packed, and holds more than 4 GB or 1,000 times its size"},
+    };
+    for (const auto& [name, bytes, reason] : files) {
+        std::ofstream(path, std::ios::binary) << bytes;
+        EXPECT_THAT(ReasonOf(path), testing::EndsWith(reason)) << name;
     }
 }
 

@@ -1,0 +1,88 @@
+#include "source/gzip.h"
+
+#include <algorithm>
+#include <limits>
+#include <vector>
+#include <zlib.h>
+
+namespace korvel::inspector {
+namespace {
+
+constexpr std::string_view Magic = "\x1F\x8B";
+constexpr std::size_t MostTimesLarger = 1000; // the format allows 1,032; documents reach some dozen
+constexpr std::size_t ChunkSize = 1 << 18;
+
+class Inflater {
+public:
+    explicit Inflater(std::string_view packed) {
+        constexpr int GzipOnly = 15 + 16;
+        m_ready = inflateInit2(&m_stream, GzipOnly) == Z_OK;
+        // The interface is older than const; inputs are not written to.
+        m_stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(packed.data()));
+        m_left = packed.size();
+    }
+    ~Inflater() { inflateEnd(&m_stream); }
+    Inflater(const Inflater&) = delete;
+    Inflater& operator=(const Inflater&) = delete;
+
+    enum class State { Going, MemberEnds, CutOff, Damaged };
+
+    State Next(std::string_view& unpacked) {
+        if (!m_ready)
+            return State::Damaged;
+        const auto offered =
+            static_cast<uInt>(std::min<std::size_t>(m_left, std::numeric_limits<uInt>::max()));
+        m_stream.avail_in = offered;
+        m_stream.next_out = reinterpret_cast<Bytef*>(m_chunk.data());
+        m_stream.avail_out = static_cast<uInt>(m_chunk.size());
+        const int result = inflate(&m_stream, Z_NO_FLUSH);
+        m_left -= offered - m_stream.avail_in;
+        unpacked = {m_chunk.data(), m_chunk.size() - m_stream.avail_out};
+        if (result == Z_STREAM_END)
+            return State::MemberEnds;
+        if (result == Z_BUF_ERROR || (result == Z_OK && m_left == 0 && m_stream.avail_out != 0))
+            return State::CutOff;
+        return result == Z_OK ? State::Going : State::Damaged;
+    }
+
+    std::string_view Rest() const { return {reinterpret_cast<const char*>(m_stream.next_in), m_left}; }
+    void BeginMember() { m_ready = inflateReset(&m_stream) == Z_OK; }
+
+private:
+    z_stream m_stream{};
+    std::vector<char> m_chunk = std::vector<char>(ChunkSize);
+    std::size_t m_left = 0;
+    bool m_ready = false;
+};
+
+} // namespace
+
+bool IsGzip(std::string_view bytes) {
+    return bytes.starts_with(Magic);
+}
+
+const char* Unpack(std::string_view packed, std::size_t longest, std::string& unpacked) {
+    using State = Inflater::State;
+    Inflater inflater(packed);
+    for (;;) {
+        std::string_view chunk;
+        const State state = inflater.Next(chunk);
+        if (unpacked.size() + chunk.size() > std::min(longest, packed.size() * MostTimesLarger))
+            return "is packed, and holds more than 4 GB or 1,000 times its size";
+        unpacked += chunk;
+        if (state == State::CutOff)
+            return "is packed and cut off";
+        if (state == State::Damaged)
+            return "is packed and damaged";
+        if (state != State::MemberEnds)
+            continue;
+        const std::string_view rest = inflater.Rest();
+        if (rest.find_first_not_of('\0') == std::string_view::npos) // tapes and disks pad with zeros
+            return nullptr;
+        if (!IsGzip(rest))
+            return "is packed, and something else follows";
+        inflater.BeginMember();
+    }
+}
+
+} // namespace korvel::inspector
