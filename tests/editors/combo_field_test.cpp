@@ -2,6 +2,7 @@
 #include "korvel/editors/grid_ctrl_combo_box_button.h"
 #include "korvel/editors/grid_ctrl_combo_box_edit.h"
 #include "support/combo_fixture.h"
+#include "support/table.h"
 
 namespace korvel {
 namespace {
@@ -9,9 +10,6 @@ namespace {
 // A field with a list as a host makes it.
 class Field : public CWnd {
 public:
-    std::string log;
-    int dropped = 0;
-
     const int& GetDroppedState() const { return dropped; }
     void SetDroppedState(int state) {
         dropped = state;
@@ -20,13 +18,20 @@ public:
     void OnArrowKey(bool down) { log += down ? "down " : "up "; }
     void OnOK() { log += "ok "; }
     void OnCancel() { log += "cancel "; }
-    void SendParentComboMessage(UINT code) { log += std::to_string(code) + " "; }
+    void SendParentComboMessage(UINT code) {
+        log += std::to_string(code) + " ";
+        if (onCode)
+            onCode(code);
+    }
     void CtrlEnd() {
         log += "end ";
         hook.HookWindow(nullptr);
     }
     std::string Take() { return std::exchange(log, {}); }
 
+    std::string log;
+    std::function<void(UINT)> onCode;
+    int dropped = 0;
     CComboListHook<Field> hook{this, &Field::CtrlEnd};
     CComboBoxParentImp<Field> comboParent{this};
 };
@@ -60,6 +65,8 @@ TEST_F(ComboFieldTest, PressesAndKeys) {
     for (const UINT message : {WM_PASTE, WM_CUT, WM_CLEAR, WM_CONTEXTMENU})
         EXPECT_EQ(field.SendMessageA(message), 0);
     EXPECT_EQ(field.GetWindowTextA(), "asphalt");
+    input::Mouse(field.m_hWnd, WM_MOUSEMOVE, 0, {5, 5});
+    EXPECT_EQ(display.CursorShown(), IDC_ARROW);
     EXPECT_EQ(field.SendMessageA(WM_GETDLGCODE), 13);
     EXPECT_EQ(field.SendMessageA(WM_MOUSEACTIVATE), 3);
     EXPECT_EQ(button.SendMessageA(WM_GETDLGCODE) & 133, 133);
@@ -79,32 +86,38 @@ TEST_F(ComboFieldTest, TheFocusEndsTheChoiceAndSwitchesTheFieldOff) {
     EXPECT_EQ(GetFocus(), owner.m_hWnd);
 }
 
-TEST_F(ComboFieldTest, Colors) {
-    struct Case {
-        const char* name;
-        bool focus, dropped, enabled;
-        int background, text;
-        bool frame;
-    };
-    const Case cases[] = {
+TEST_F(ComboFieldTest, HowTheFieldLooks) {
+    const Table<bool, bool, bool, int, int, bool> rows = {
+        // focus, dropped, enabled; background, text, focus rectangle
         {"plain", false, false, true, COLOR_WINDOW, COLOR_WINDOWTEXT, false},
         {"focus", true, false, true, COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT, true},
         {"focus with the list open", true, true, true, COLOR_WINDOW, COLOR_WINDOWTEXT, false},
         {"disabled", false, false, false, COLOR_BTNFACE, COLOR_GRAYTEXT, false},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, focus, dropped, enabled, background, text, hasFrame] : rows) {
+        SCOPED_TRACE(name);
         edit.EnableWindow(true);
-        SetFocus(row.focus ? edit.m_hWnd : frame.m_hWnd);
-        edit.EnableWindow(row.enabled);
-        owner.dropped = row.dropped;
+        SetFocus(focus ? edit.m_hWnd : frame.m_hWnd);
+        edit.EnableWindow(enabled);
+        owner.dropped = dropped;
         const auto calls = display.PaintWindow(edit.m_hWnd);
-        EXPECT_EQ(calls.front().color, GetSysColor(row.background));
+        EXPECT_EQ(calls.front().color, GetSysColor(background));
         EXPECT_EQ(calls.back().text, "asphalt");
         EXPECT_EQ(calls.back().rect, (CRect{2, 0, 100, 20}));
-        EXPECT_EQ(calls.back().color, GetSysColor(row.text));
-        EXPECT_EQ(calls.size() == 3, row.frame);
+        EXPECT_EQ(calls.back().color, GetSysColor(text));
+        EXPECT_EQ(calls.size() == 3, hasFrame);
     }
+}
+
+TEST_F(ComboFieldTest, HowTheButtonLooks) {
+    const auto face = [&] { return display.PaintWindow(button.m_hWnd)[1].color; }; // after the background
+    const auto arrow = [&] { return display.PaintWindow(button.m_hWnd).back().color; };
+    EXPECT_EQ(face(), GetSysColor(COLOR_BTNFACE));
+    EXPECT_EQ(arrow(), GetSysColor(COLOR_BTNTEXT));
+    input::Mouse(button.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {5, 5});
+    EXPECT_NE(face(), GetSysColor(COLOR_BTNFACE));
+    button.EnableWindow(false);
+    EXPECT_EQ(arrow(), GetSysColor(COLOR_GRAYTEXT));
 }
 
 TEST_F(ComboFieldTest, WhatClosesTheList) {
@@ -126,6 +139,22 @@ TEST_F(ComboFieldTest, WhatClosesTheList) {
     EXPECT_TRUE(EndsComboList(nullptr, WM_COMMAND, 77, 1));      // without an owner
 }
 
+TEST_F(ComboFieldTest, AnOwnerThatIsDestroyedByWhatItIsToldIsToldNoMore) {
+    for (const auto& [last, expected] : {std::pair{4u, "4 "}, std::pair{9u, "4 9 "}}) {
+        std::string heard;
+        auto* mortal = new Field;
+        mortal->CreateEx(0, "KorvelFrame", "", WS_CHILD, {0, 0, 9, 9}, &frame, 78);
+        mortal->onCode = [&, last = last](UINT code) {
+            heard = mortal->log;
+            if (code == last)
+                mortal->DestroyWindow(), delete mortal;
+        };
+        mortal->hook.HookWindow(frame.m_hWnd);
+        SendMessageA(frame.m_hWnd, WM_LBUTTONDOWN, 0, 0);
+        EXPECT_EQ(heard, expected);
+    }
+}
+
 TEST_F(ComboFieldTest, TheMessageGoesItsWayFirstAndMayCloseTheListItself) {
     struct Older : CSubclassWnd {
         std::function<void()> onPress;
@@ -143,31 +172,6 @@ TEST_F(ComboFieldTest, TheMessageGoesItsWayFirstAndMayCloseTheListItself) {
     owner.hook.HookWindow(frame.m_hWnd);
     frame.SendMessageA(WM_LBUTTONDOWN);
     EXPECT_EQ(owner.Take(), "end ");
-}
-
-TEST_F(ComboFieldTest, AnOwnerThatIsDestroyedByWhatItTellsHearsNoMore) {
-    struct Owner : CWnd {
-        Owner(UINT code, std::string& heard) : last(code), log(heard) {}
-        void SendParentComboMessage(UINT code) {
-            log += std::to_string(code);
-            if (code == last) {
-                DestroyWindow();
-                delete this;
-            }
-        }
-        void CtrlEnd() { log += "end"; }
-        UINT last;
-        std::string& log;
-        CComboListHook<Owner> hook{this, &Owner::CtrlEnd};
-    };
-    for (const auto& [last, expected] : {std::pair{4, "4"}, std::pair{9, "49"}}) {
-        std::string heard;
-        auto* mortal = new Owner(static_cast<UINT>(last), heard);
-        mortal->CreateEx(0, "KorvelFrame", "", WS_CHILD, {0, 0, 9, 9}, &frame, 78);
-        mortal->hook.HookWindow(frame.m_hWnd);
-        SendMessageA(frame.m_hWnd, WM_LBUTTONDOWN, 0, 0);
-        EXPECT_EQ(heard, expected);
-    }
 }
 
 } // namespace

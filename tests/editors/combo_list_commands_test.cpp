@@ -1,4 +1,5 @@
 #include "support/combo_fixture.h"
+#include "support/table.h"
 
 namespace korvel {
 namespace {
@@ -15,10 +16,8 @@ protected:
         const std::size_t before = display.ShownMenus().size();
         Mouse(WM_RBUTTONDOWN, point);
         Mouse(WM_RBUTTONUP, point);
-        if (display.ShownMenus().size() == before) {
-            display.TrackMenu(nullptr, {}, {}); // takes the answer that was not needed
-            return {};
-        }
+        if (display.ShownMenus().size() == before)
+            return display.TrackMenu(nullptr, {}, {}), ""; // takes the answer that was not needed
         std::string texts;
         for (const MenuEntry& entry : display.ShownMenus().back())
             texts += (texts.empty() ? "" : "|") + entry.text;
@@ -31,7 +30,7 @@ protected:
         SetWindowTextA(list->GetEditControl(), text);
         SendMessageA(list->GetEditControl(), WM_KEYDOWN, end, 0);
     }
-    LRESULT TellEndOfEdit(int row, const char* text) {
+    LRESULT ReportEndOfEdit(int row, const char* text) {
         NMLVDISPINFO end;
         end.hdr.hwndFrom = list->m_hWnd;
         end.hdr.code = LVN_ENDLABELEDIT;
@@ -39,25 +38,25 @@ protected:
         end.pszText = text;
         return SendMessageA(frame.m_hWnd, WM_NOTIFY, 106, reinterpret_cast<LPARAM>(&end));
     }
+    // The tree of these names with the group h of g open.
+    CComboList& ShowTree(TestEnumeration& shown) {
+        Show(shown, eDesignTree).ExpandParent(Item("g")->GetFirstChild()->GetNextSibling());
+        return *list;
+    }
 };
 
-TEST_F(ComboCommandsTest, WhatTheMenuOffers) {
-    struct Case {
-        const char* name;
-        EComboListMode mode;
-        std::uint32_t flags, commands;
-        int row;
-        std::string menu;
-    };
+TEST_F(ComboCommandsTest, WhatMenuAndKeysOffer) {
     const std::string intoTree = "new value|insert group";
     const auto at = [&](const std::string& path) {
         return intoTree + "|insert new value at '" + path + "'|insert new group at '" + path + "'";
     };
-    const Case cases[] = {
+    const Table<EComboListMode, std::uint32_t, std::uint32_t, int, std::string> cases = {
         {"dropped down: nothing", eDropDown, AllFlags, All, 0, ""},
         {"nothing enabled", eDesignFlat, AllFlags, 0, 0, ""},
         {"add without its flag", eDesignFlat, ENF_Delete, Add, 0, ""},
         {"flag without its command", eDesignFlat, ENF_Rename, Delete, 0, ""},
+        {"delete without its flag", eDesignFlat, ENF_Rename, All, 0, "rename 'a'"},
+        {"rename without its flag", eDesignFlat, ENF_Delete, All, 0, "erase 'a'"},
         {"flat", eDesignFlat, AllFlags, All, 1, "insert new value|erase 'b'|rename 'b'"},
         {"beside the rows", eDesignFlat, AllFlags, All, 8, "insert new value"},
         {"tree, a group", eDesignTree, AllFlags | ENF_Tree, Add, 0, at("g")},
@@ -65,39 +64,34 @@ TEST_F(ComboCommandsTest, WhatTheMenuOffers) {
         {"an entry at the top: no path", eDesignTree, ENF_Add | ENF_Tree, Add, 4, at("")},
         {"tree, beside the rows", eDesignTree, AllFlags | ENF_Tree, All, 8, intoTree},
     };
-    for (const Case& row : cases) {
-        const bool isTree = (row.flags & ENF_Tree) != 0;
-        TestEnumeration shown(isTree ? Strings{"g/a", "g/h/c", "d"} : Strings{"a", "b"}, row.flags);
-        Show(shown, row.mode);
-        if (isTree)
-            list->ExpandParent(Item("g")->GetFirstChild()->GetNextSibling());
-        list->EnableCommands(row.commands, true);
-        EXPECT_EQ(Menu(InRow(row.row)), row.menu) << row.name;
-        EXPECT_EQ(shown.calls, "") << row.name;
+    for (const auto& [name, mode, flags, commands, row, menu] : cases) {
+        SCOPED_TRACE(name);
+        const bool isTree = (flags & ENF_Tree) != 0;
+        TestEnumeration shown(isTree ? Strings{"g/a", "g/h/c", "d"} : Strings{"a", "b"}, flags);
+        (isTree ? ShowTree(shown) : Show(shown, mode)).EnableCommands(commands, true);
+        EXPECT_EQ(Menu(InRow(row)), menu);
+        list->SetCurrentRow(row);
+        Do("f2");
+        EXPECT_EQ(list->GetEditControl() != nullptr, menu.find("rename") != CString::npos);
+        EXPECT_EQ(shown.calls, "");
+        Do("delete");
+        EXPECT_EQ(!shown.calls.empty(), menu.find("erase") != CString::npos);
     }
 }
 
 TEST_F(ComboCommandsTest, DataSheetOfATableGoesToTheOwner) {
     TestEnumeration shown({"a"}, ENF_Delete);
     shown.type = DT_Group;
-    Show(shown, eDesignFlat);
-    list->EnableCommands(All, true);
-    frame.heard.clear();
+    Show(shown, eDesignFlat).EnableCommands(All, true);
     EXPECT_EQ(Menu({10, 24 + 5}, ComboCommandDataSheet), "erase 'a'||Data sheet");
     EXPECT_EQ(Heard(), "3 15004");
     EXPECT_EQ(Current(), "a");
 }
 
 TEST_F(ComboCommandsTest, WhatTheCommandsDo) {
-    struct Case {
-        const char* name;
-        unsigned command;
-        int row;
-        std::string calls, rows, current;
-    };
     const std::string atTheEnd = "-g|  a|  -h|    b|c|value", inH = "-g|  a|  -h|    b|    value|c",
                       inG = "-g|  a|  -h|    b|  value|c";
-    const Case cases[] = {
+    const Table<unsigned, int, std::string, std::string, std::string> cases = {
         {"a value at the root", ComboCommandAddRootItem, 8, "add value@", atTheEnd, "value"},
         {"a group at the root", ComboCommandAddRootGroup, 8, "", atTheEnd, "value"},
         {"a value in a group", ComboCommandAddItem, 2, "add value@g/h", inH, "value"},
@@ -106,30 +100,22 @@ TEST_F(ComboCommandsTest, WhatTheCommandsDo) {
         {"a group goes with all in it", ComboCommandDelete, 0, "remove 1, remove 2", "c", "c"},
         {"an entry", ComboCommandDelete, 3, "remove 2", "-g|  a|  h|c", "c"},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, command, row, calls, rows, current] : cases) {
+        SCOPED_TRACE(name);
         TestEnumeration shown({"g/a", "g/h/b", "c"}, AllFlags | ENF_Tree);
-        Show(shown, eDesignTree);
-        list->ExpandParent(Item("g")->GetFirstChild()->GetNextSibling());
-        list->EnableCommands(All, true);
-        Menu(InRow(row.row), row.command);
-        EXPECT_EQ(shown.calls, row.calls);
-        EXPECT_EQ(Rows(), row.rows);
-        EXPECT_EQ(Current(), row.current);
+        ShowTree(shown).EnableCommands(All, true);
+        Menu(InRow(row), command);
+        EXPECT_EQ(shown.calls, calls);
+        EXPECT_EQ(Rows(), rows);
+        EXPECT_EQ(Current(), current);
         ExpectConsistent(*list);
     }
 }
 
 TEST_F(ComboCommandsTest, AnEnumerationThatReportsWhatItAddsGetsOneRow) {
-    struct Reporting : TestEnumeration {
-        CComboList* list = nullptr;
-        long AddValue(const std::string& name, const std::string& group) override {
-            const long id = TestEnumeration::AddValue(name, group);
-            list->OnAddEnumValue(this, id);
-            return id;
-        }
-    } shown;
-    shown.list = &Show(shown, eDesignFlat);
+    TestEnumeration shown;
+    shown.onAdded = [&](long id) { list->OnAddEnumValue(&shown, id); };
+    Show(shown, eDesignFlat);
     Command(ComboCommandAddRootItem);
     EXPECT_EQ(Rows(), "value");
 }
@@ -141,7 +127,6 @@ TEST_F(ComboCommandsTest, WithoutACurrentRowOrARightNothingHappens) {
         Command(command);
     list->SetCurrentRow(0);
     Command(ComboCommandRename); // not enabled
-    EXPECT_EQ(list->GetEditControl(), nullptr);
     list->EnableCommands(All, true);
     list->EnableCommands(Add, false);
     list->Initialize("value", shown.ValueOf("")); // what is enabled outlives the binding
@@ -155,15 +140,9 @@ TEST_F(ComboCommandsTest, WithoutACurrentRowOrARightNothingHappens) {
 }
 
 TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
-    struct Case {
-        const char* name;
-        int row;
-        CString typed;
-        long refused; // the entry that keeps its name
-        std::string calls, rows, current;
-    };
     const std::string before = "-g|  a|  xb|-c|  d", renames = "rename k/a, rename k/b";
-    const Case cases[] = {
+    // row, typed, the entry that keeps its name; calls, rows, current
+    const Table<int, CString, long, std::string, std::string, std::string> cases = {
         {"an entry", 1, "new", 0, "rename g/new", "-g|  new|  xb|-c|  d", "new"},
         {"a separator that is text", 1, "x\\/y", 0, "rename g/x\\/y", "-g|  x\\/y|  xb|-c|  d", "x\\/y"},
         {"an entry with others: alone", 3, "new", 0, "rename new", "-g|  a|  xb|-new|  d", "new"},
@@ -179,69 +158,41 @@ TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
         {"refused", 1, "new", 1, "rename g/new", before, "a"},
         {"a group of which one refuses is split", 0, "k", 1, renames, "-g|  a|-c|  d|+k", "g"},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
+    for (const auto& [name, row, typed, refused, calls, rows, current] : cases) {
+        SCOPED_TRACE(name);
         TestEnumeration shown({"g/a", "g/b", "c", "c/d"}, ENF_Rename | ENF_Tree);
         Show(shown, eDesignTree, ",2,");
-        list->Expand(Item("c"));
         list->EnableCommands(All, true);
-        list->SetCurrentRow(row.row);
-        shown.onCall = [&](const std::string& operation, long id) {
-            shown.refuses = operation == "rename" ? id == row.refused : shown.refuses;
+        list->Expand(Item("c"));
+        list->SetCurrentRow(row);
+        shown.onCall = [&, refused = refused](const std::string& operation, long id) {
+            shown.refuses = operation == "rename" ? id == refused : shown.refuses;
         };
-        EditLabel(row.typed, VK_ESCAPE);
+        EditLabel(typed, VK_ESCAPE);
         EXPECT_EQ(shown.calls, "");
-        EditLabel(row.typed, VK_RETURN);
-        EXPECT_EQ(shown.calls, row.calls);
-        EXPECT_EQ(Rows(), row.rows);
-        EXPECT_EQ(Current(), row.current); // a command that follows is about what was renamed
+        EditLabel(typed, VK_RETURN);
+        EXPECT_EQ(shown.calls, calls);
+        EXPECT_EQ(Rows(), rows);
+        EXPECT_EQ(Current(), current); // a command that follows is about what was renamed
         ExpectConsistent(*list);
-        const bool isTaken = !row.calls.empty() && row.refused == 0;
-        EXPECT_EQ(TellEndOfEdit(row.row, row.typed.c_str()), isTaken);
-        list->GetModel().Tree().SetLabel(*list->GetTreeItem(row.row), 0, "later");
-        EXPECT_EQ(list->GetItemText(row.row, 0), "later"); // the list keeps no text of its own
-    }
-}
-
-TEST_F(ComboCommandsTest, KeysDoWhatTheMenuAllows) {
-    struct Case {
-        const char* name;
-        EComboListMode mode;
-        std::uint32_t flags, commands;
-        const char* key;
-        bool edits;
-        std::string calls;
-    };
-    const Case cases[] = {
-        {"rename", eDesignFlat, AllFlags, All, "f2", true, ""},
-        {"rename, not enabled", eDesignTree, AllFlags, Delete, "f2", false, ""},
-        {"rename, without its flag", eDesignFlat, ENF_Delete, All, "f2", false, ""},
-        {"delete", eDesignTree, AllFlags, All, "delete", false, "remove 2"},
-        {"delete, not enabled", eDesignFlat, AllFlags, Rename, "delete", false, ""},
-        {"delete, without its flag", eDesignFlat, ENF_Rename, All, "delete", false, ""},
-        {"dropped down: neither", eDropDown, AllFlags, All, "delete", false, ""},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
-        TestEnumeration shown({"a", "b"}, row.flags);
-        Show(shown, row.mode).EnableCommands(row.commands, true);
-        Do(row.key); // no row is current
-        EXPECT_EQ(list->GetEditControl(), nullptr);
-        list->SetCurrentRow(1);
-        Do(row.key);
-        EXPECT_EQ(list->GetEditControl() != nullptr, row.edits);
-        EXPECT_EQ(shown.calls, row.calls);
+        const bool isTaken = !calls.empty() && refused == 0;
+        EXPECT_EQ(ReportEndOfEdit(row, typed.c_str()), isTaken);
+        list->GetModel().Tree().SetLabel(*list->GetTreeItem(row), 0, "later");
+        EXPECT_EQ(list->GetItemText(row, 0), "later"); // the list keeps no text of its own
     }
 }
 
 TEST_F(ComboCommandsTest, AGroupWithoutEntriesTakesAPathToo) {
     TestEnumeration shown({"g/a"}, AllFlags | ENF_Tree);
-    Show(shown, eDesignTree);
+    Show(shown, eDesignTree).EnableCommands(All, true);
     Command(ComboCommandAddRootGroup);
     Command(ComboCommandAddGroup);
     EXPECT_EQ(Rows(), "+g|-value|  value");
-    EXPECT_TRUE(ComboNames(list->GetModel()).RenameLabel(*list->GetTreeItem(1), "g/k"));
-    list->ExpandParent(Item("g")->GetFirstChild()->GetNextSibling());
+    list->SetCurrentRow(1);
+    EditLabel("g/k", VK_RETURN);
+    EXPECT_EQ(Rows(), "-g|  a|  +k");
+    EXPECT_EQ(Current(), "k");
+    list->Expand(Item("k"));
     EXPECT_EQ(Rows(), "-g|  a|  -k|    value");
     EXPECT_EQ(shown.calls, "");
     ExpectConsistent(*list);

@@ -1,4 +1,5 @@
 #include "support/combo_fixture.h"
+#include "support/table.h"
 
 namespace korvel {
 namespace {
@@ -24,33 +25,30 @@ protected:
 };
 
 TEST_F(ComboPaintTest, RegionsOfARow) {
-    struct Case {
-        std::uint32_t flags;
-        Strings names;
-        int row, treeBox, checkBox, icon, label; // left edges
+    // row; left edges of tree box, check box, icon and label
+    const Table<std::uint32_t, Strings, int, int, int, int, int> cases = {
+        {"plain", 0, {"a", "b"}, 1, 4, 28, 24, 24},
+        {"checks", ENF_CheckBoxes, {"a"}, 0, 4, 28, 48, 48},
+        {"a tree", ENF_Tree, {"g/a"}, 1, 24, 48, 44, 64},
+        {"both", ENF_Tree | ENF_CheckBoxes, {"a"}, 0, 4, 28, 48, 68},
     };
-    const Case cases[] = {
-        {0, {"a", "b"}, 1, 4, 28, 24, 24},
-        {ENF_CheckBoxes, {"a"}, 0, 4, 28, 48, 48},
-        {ENF_Tree, {"g/a"}, 1, 24, 48, 44, 64},
-        {ENF_Tree | ENF_CheckBoxes, {"a"}, 0, 4, 28, 48, 68},
-    };
-    for (const Case& row : cases) {
-        TestEnumeration shown(row.names, row.flags);
+    for (const auto& [name, flags, names, row, treeBox, checkBox, icon, label] : cases) {
+        SCOPED_TRACE(name);
+        TestEnumeration shown(names, flags);
         Show(shown, eDropDown, ",1,");
-        const int top = 20 * row.row, bottom = top + 20;
-        const ComboTreeItem& item = *list->GetTreeItem(row.row);
-        EXPECT_EQ(list->GetRectTreeBox(row.row), (CRect{row.treeBox, top, row.treeBox + 20, bottom}));
-        EXPECT_EQ(list->GetRectCheckBox(item), (CRect{row.checkBox, top, row.checkBox + 20, bottom}));
-        EXPECT_EQ(list->GetIconRect(row.row), (CRect{row.icon, top, row.icon + 20, bottom}));
-        EXPECT_EQ(list->GetRectLabel(row.row), (CRect{row.label, top, 200, bottom}));
+        const int top = 20 * row, bottom = top + 20;
+        const ComboTreeItem& item = *list->GetTreeItem(row);
+        EXPECT_EQ(list->GetRectTreeBox(row), (CRect{treeBox, top, treeBox + 20, bottom}));
+        EXPECT_EQ(list->GetRectCheckBox(item), (CRect{checkBox, top, checkBox + 20, bottom}));
+        EXPECT_EQ(list->GetIconRect(row), (CRect{icon, top, icon + 20, bottom}));
+        EXPECT_EQ(list->GetRectLabel(row), (CRect{label, top, 200, bottom}));
         EXPECT_EQ(list->GetRectLabel(99), CRect());
     }
 }
 
 TEST_F(ComboPaintTest, ARowShowsItsParts) {
     TestEnumeration shown({"g/a", "g/b", "c"}, ENF_Tree | ENF_CheckBoxes);
-    Show(shown, eDropDown, ",2,");
+    Show(shown, eDesignTree, ",2,");
     EXPECT_EQ(Of(PaintRow(0), PaintCall::Kind::Picture), std::vector<CRect>{list->GetIconRect(0)});
     const auto selected = PaintRow(2);
     EXPECT_EQ(selected[1].rect, (CRect{0, 40, 200, 60}));
@@ -66,14 +64,18 @@ TEST_F(ComboPaintTest, ARowShowsItsParts) {
 
 TEST_F(ComboPaintTest, TreeLinesAndButtons) {
     TestEnumeration shown({"g/a", "g/h/b", "c"}, ENF_Tree);
-    Show(shown, eDropDown, ",2,");              // g, a, h, b, c; boxes are 20 wide from 4 on
-    EXPECT_TRUE(HasLine(1, {34, 20, 34, 40}));  // another follows
-    EXPECT_TRUE(HasLine(2, {34, 40, 34, 50}));  // the last one ends at its center
-    EXPECT_TRUE(HasLine(3, {14, 60, 14, 80}));  // g has c behind it
-    EXPECT_FALSE(HasLine(3, {34, 60, 34, 80})); // h is the last of g
+    Show(shown, eDropDown, ",2,"); // g, a, h, b, c; boxes are 20 wide from 4 on
     const CRect bar{11, 10, 18, 10}, upright{14, 7, 14, 14};
-    EXPECT_TRUE(HasLine(0, bar));
-    EXPECT_FALSE(HasLine(0, upright));
+    const Table<int, CRect, bool> lines = {
+        {"another follows", 1, {34, 20, 34, 40}, true},
+        {"the last one ends at its center", 2, {34, 40, 34, 50}, true},
+        {"g has c after it", 3, {14, 60, 14, 80}, true},
+        {"h is the last of g", 3, {34, 60, 34, 80}, false},
+        {"minus", 0, bar, true},
+        {"no plus", 0, upright, false},
+    };
+    for (const auto& [name, row, line, isThere] : lines)
+        EXPECT_EQ(HasLine(row, line), isThere) << name;
     list->Collapse(Item("g"));
     EXPECT_TRUE(HasLine(0, bar));
     EXPECT_TRUE(HasLine(0, upright));
@@ -86,7 +88,7 @@ TEST_F(ComboPaintTest, TreeLinesAndButtons) {
 }
 
 TEST_F(ComboPaintTest, ADesignListShowsWhereTheKeyboardIs) {
-    const std::tuple<const char*, EComboListMode, int, int> cases[] = {
+    const Table<EComboListMode, int, int> cases = {
         {"the current row", eDesignFlat, 1, 1},
         {"none is: where the arrows begin", eDesignFlat, -1, 0},
         {"a list that drops down has no keyboard", eDropDown, 1, -1},

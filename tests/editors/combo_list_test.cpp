@@ -1,5 +1,8 @@
 #include "korvel/values/member_dispatch_imp.h"
 #include "support/combo_fixture.h"
+#include "support/table.h"
+
+#include <chrono>
 
 namespace korvel {
 namespace {
@@ -7,34 +10,28 @@ namespace {
 class ComboListTest : public ComboTest {};
 
 TEST_F(ComboListTest, RowsAndSelectionAtTheStart) {
-    struct Case {
-        const char* name;
-        EComboListMode mode;
-        std::uint32_t flags;
-        Strings names;
-        std::string selection, rows, current;
-    };
     const Strings deep = {"g/a", "g/h/b", "g/c", "k/d"};
-    const Case cases[] = {
+    const Table<EComboListMode, std::uint32_t, Strings, std::string, std::string, std::string> cases = {
         {"no entries", eDropDown, 0, {}, "", "", ""},
         {"a flat list splits nothing", eDropDown, 0, {"a/b", "/"}, ",1,", "xa/b|/", "a/b"},
         {"mode 0 stays flat", eDesignFlat, ENF_Tree, {"a/b"}, "", "a/b", ""},
         {"groups are closed", eDesignTree, ENF_Tree, {"g/a", "g/b", "c"}, "", "+g|c", ""},
         {"repeated and leading separators", eDropDown, ENF_Tree, {"/a", "g//b"}, "", "a|+g", ""},
-        {"a separator behind a backslash", eDropDown, ENF_Tree, {"a\\/b"}, "", "a\\/b", ""},
+        {"a separator after a backslash", eDropDown, ENF_Tree, {"a\\/b"}, "", "a\\/b", ""},
         {"no segment at all", eDropDown, ENF_Tree, {"", "///"}, "", "|///", ""},
-        {"an entry that others stand under", eDropDown, ENF_Tree, {"a", "a/b"}, "", "+a", ""},
+        {"an entry that others are under", eDropDown, ENF_Tree, {"a", "a/b"}, "", "+a", ""},
         {"a group before the entry of its name", eDropDown, ENF_Tree, {"a/b", "a"}, "", "+a|a", ""},
+        {"a name again elsewhere", eDropDown, ENF_Tree, {"g/x/a", "g/x/b", "x/c"}, ",3,", "+g|-x|  xc", "c"},
         {"bytes above 127", eDropDown, ENF_Tree, {"\xC4\xFF/\xB2"}, "", "+\xC4\xFF", ""},
         {"the last match leads", eDropDown, ENF_Tree, deep, ",1,,2,", "-g|  xa|  -h|    xb|  c|+k", "b"},
         {"no match", eDropDown, ENF_Tree, deep, ",99,", "+g|+k", ""},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
-        TestEnumeration shown(row.names, row.flags);
-        Show(shown, row.mode, row.selection);
-        EXPECT_EQ(Rows(), row.rows);
-        EXPECT_EQ(Current(), row.current);
+    for (const auto& [name, mode, flags, names, selection, rows, current] : cases) {
+        SCOPED_TRACE(name);
+        TestEnumeration shown(names, flags);
+        Show(shown, mode, selection);
+        EXPECT_EQ(Rows(), rows);
+        EXPECT_EQ(Current(), current);
         EXPECT_NE(list->GetInputState(), nullptr);
         ExpectConsistent(*list);
     }
@@ -92,6 +89,27 @@ TEST_F(ComboListTest, AnotherBindingWritesToTheNewObject) {
     EXPECT_THROW(list->Initialize("value", TextValue("plain")), Error);
 }
 
+TEST_F(ComboListTest, EntriesThatTheHostReports) {
+    TestEnumeration shown({"g/a", "b"}, ENF_Tree), other({"x"});
+    Show(shown, eDesignTree);
+    shown.entries.push_back({9, TextValue("g/h/new")});
+    list->OnAddEnumValue(&other, 9); // not this list's
+    EXPECT_EQ(Rows(), "+g|b");
+    list->GetEnumSink().OnAddEnumValue(&shown, 9);
+    EXPECT_EQ(Rows(), "-g|  a|  -h|    new|b");
+    EXPECT_EQ(Current(), "new");
+    list->OnAddEnumValue(&shown, 77); // not known to the enumeration
+    list->OnDestroyEnumValue(&shown, 77);
+    list->OnRenameEnumValue(&shown, 77, {});
+    list->OnDestroyEnumValue(&shown, 9);
+    EXPECT_EQ(Rows(), "-g|  a|  h|b"); // an emptied group stays
+    TestEnumeration parents({"a", "p", "p/c"}, ENF_Tree);
+    Show(parents, eDesignTree);
+    for (const long id : {2, 1})
+        list->OnDestroyEnumValue(&parents, id);
+    EXPECT_EQ(Rows(), "+p"); // a group from now on
+}
+
 // As high as the rows need, whole rows only, whatever opens and closes.
 TEST_F(ComboListTest, DropsBelowItsField) {
     TestEnumeration shown({"g/a", "g/b", "c"}, ENF_Tree);
@@ -120,6 +138,47 @@ TEST_F(ComboListTest, DropsBelowItsField) {
     list->Initialize("value", shown.ValueOf(""));
     list->DropBelow({100, 500, 300, 520});
     EXPECT_EQ(place().Height(), 24 + 20 + 2); // without rows too
+}
+
+TEST_F(ComboListTest, NamesOfAMegabyte) {
+    std::string deep;
+    while (deep.size() < 1'000'000)
+        deep += "a/";
+    TestEnumeration shown({std::string(1'000'000, 'x'), deep + "b", deep + "c"}, ENF_Tree | ENF_CheckBoxes);
+    Show(shown, eDesignTree, ",2,");
+    EXPECT_EQ(list->GetItemCount(), 500'003);
+    EXPECT_EQ(list->GetPath(*Item("b")), deep + "b");
+    EXPECT_EQ(list->GetRootItem().GetChecked(), 1);
+    list->Collapse(list->GetTreeItem(1));
+    EXPECT_EQ(list->GetItemCount(), 2);
+    list->GetModel().DestroySubTree(*list->GetTreeItem(1));
+    EXPECT_EQ(list->GetItemCount(), 1);
+    EXPECT_EQ(list->GetRootItem().GetChecked(), 0);
+}
+
+// A hundred thousand entries: what is linear takes a fraction of a second, what is not would take minutes.
+TEST_F(ComboListTest, NoStepGrowsWithTheSquareOfTheEntries) {
+    TestEnumeration shown({}, ENF_Tree | ENF_CheckBoxes);
+    for (long id = 1; id <= 100'000; ++id)
+        shown.entries.push_back({id, TextValue("group " + std::to_string(id % 1000) + "/entry")});
+    const auto begin = std::chrono::steady_clock::now();
+    Show(shown, eDesignTree);
+    EXPECT_EQ(list->GetItemCount(), 1000);
+    for (int row = 999; row >= 0; --row)
+        list->Expand(list->GetTreeItem(row));
+    EXPECT_EQ(list->GetItemCount(), 101'000);
+    ComboChoice(list->GetModel()).SetCheck(const_cast<ComboTreeItem&>(list->GetRootItem()), true);
+    EXPECT_EQ(list->GetRootItem().GetChecked(), 100'000);
+    ExpectConsistent(*list);
+    list->Collapse(list->GetTreeItem(505)); // group 6 of 101 rows each
+    for (long id = 2; id <= 100'000; id += 2)
+        list->OnDestroyEnumValue(&shown, id);
+    ExpectConsistent(*list);
+    shown.refuses = true; // and costs no time
+    list->GetModel().DestroySubTree(*list->GetTreeItem(0));
+    for (int row = list->GetItemCount() - 1; row >= 0; --row)
+        list->Collapse(list->GetTreeItem(row));
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
 }
 
 } // namespace

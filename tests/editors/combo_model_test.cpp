@@ -1,32 +1,19 @@
-#include "support/combo_fixture.h"
+// What a list decides, without a window.
 
-#include <chrono>
+#include "korvel/editors/combo_columns.h"
+#include "korvel/editors/combo_write_back.h"
+#include "korvel/editors/drop_down_height.h"
+#include "support/combo_fixture.h"
+#include "support/table.h"
+#include "support/wilful_object.h"
 
 namespace korvel {
 namespace {
 
-class ComboModelTest : public ComboTest {};
-
-TEST_F(ComboModelTest, EntriesThatTheHostReports) {
-    TestEnumeration shown({"g/a", "b"}, ENF_Tree), other({"x"});
-    Show(shown, eDesignTree);
-    shown.entries.push_back({9, TextValue("g/h/new")});
-    list->OnAddEnumValue(&other, 9); // not this list's
-    EXPECT_EQ(Rows(), "+g|b");
-    list->GetEnumSink().OnAddEnumValue(&shown, 9);
-    EXPECT_EQ(Rows(), "-g|  a|  -h|    new|b");
-    EXPECT_EQ(Current(), "new");
-    list->OnAddEnumValue(&shown, 77); // not known to the enumeration
-    list->OnDestroyEnumValue(&shown, 77);
-    list->OnRenameEnumValue(&shown, 77, {});
-    list->OnDestroyEnumValue(&shown, 9);
-    EXPECT_EQ(Rows(), "-g|  a|  h|b"); // an emptied group stays
-    TestEnumeration parents({"a", "p", "p/c"}, ENF_Tree);
-    Show(parents, eDesignTree);
-    for (const long id : {2, 1})
-        list->OnDestroyEnumValue(&parents, id);
-    EXPECT_EQ(Rows(), "+p"); // a group from now on
-}
+using internal::ComboBinding;
+using internal::ComboColumns;
+using internal::ComboWriteBack;
+using internal::DropDownContent;
 
 // Keeps rows as a control would: by what it hears.
 struct RowKeeper final : internal::ComboRowSink {
@@ -44,8 +31,7 @@ struct RowKeeper final : internal::ComboRowSink {
     std::vector<const ComboTreeItem*> rows;
 };
 
-// Without a window.
-class PlainModelTest : public testing::Test {
+class ComboModelTest : public testing::Test {
 protected:
     ComboModel& Open(TestEnumeration& shown, EComboListMode mode, const std::string& selection = {}) {
         model = std::make_unique<ComboModel>(mode, keeper);
@@ -68,7 +54,7 @@ protected:
     std::unique_ptr<ComboModel> model;
 };
 
-TEST_F(PlainModelTest, NamesThatTheHostChanges) {
+TEST_F(ComboModelTest, NamesThatTheHostChanges) {
     const std::tuple<const char*, long, const char*, const char*> cases[] = {
         {"the last part", 1, "g/h/new", "-g|  -h|    xnew|    b|c"},
         {"labels above follow, for the others too", 1, "k/h/a", "-k|  -h|    xa|    b|c"},
@@ -85,7 +71,7 @@ TEST_F(PlainModelTest, NamesThatTheHostChanges) {
     }
 }
 
-TEST_F(PlainModelTest, UniqueNames) {
+TEST_F(ComboModelTest, UniqueNames) {
     TestEnumeration shown({"new value", "new value1", "x/y"}, ENF_Tree);
     const auto unique = [&](const char* base) {
         return ComboNames(*model).UniqueNameUnder(model->Tree().Root(), base);
@@ -97,7 +83,7 @@ TEST_F(PlainModelTest, UniqueNames) {
     EXPECT_EQ(unique("x"), "x1");
 }
 
-TEST_F(PlainModelTest, FormatsThatChangeRewriteLabels) {
+TEST_F(ComboModelTest, FormatsThatChangeRewriteLabels) {
     TestEnumeration shown({"g/a"}, ENF_Tree);
     ComboTree& tree = Open(shown, eDropDown, ",1,").Tree();
     tree.SetLabel(*tree.ItemAt(1), 0, "out of date");
@@ -105,7 +91,7 @@ TEST_F(PlainModelTest, FormatsThatChangeRewriteLabels) {
     EXPECT_EQ(Rows(), "-g|  xa"); // groups keep theirs
 }
 
-TEST_F(PlainModelTest, RowsThatAreAddedHiddenAndRemoved) {
+TEST_F(ComboModelTest, RowsThatAreAddedHiddenAndRemoved) {
     TestEnumeration shown({"g/a", "g/h/b", "c"}, ENF_Tree);
     ComboTree& tree = Open(shown, eDropDown).Tree();
     const ComboTreeItem& a = *tree.FindValue(1);
@@ -125,52 +111,104 @@ TEST_F(PlainModelTest, RowsThatAreAddedHiddenAndRemoved) {
     EXPECT_EQ(Rows(), "-g|  xa|  -k|    new|c");
 }
 
-TEST_F(ComboModelTest, NamesOfAMegabyte) {
-    std::string deep;
-    while (deep.size() < 1'000'000)
-        deep += "a/";
-    TestEnumeration shown({std::string(1'000'000, 'x'), deep + "b", deep + "c"}, ENF_Tree | ENF_CheckBoxes);
-    Show(shown, eDesignTree, ",2,");
-    EXPECT_EQ(list->GetItemCount(), 500'003);
-    EXPECT_EQ(list->GetPath(*Item("b")), deep + "b");
-    EXPECT_EQ(list->GetRootItem().GetChecked(), 1);
-    list->Collapse(list->GetTreeItem(1));
-    EXPECT_EQ(list->GetItemCount(), 2);
-    list->GetModel().DestroySubTree(*list->GetTreeItem(1));
-    EXPECT_EQ(list->GetItemCount(), 1);
-    EXPECT_EQ(list->GetRootItem().GetChecked(), 0);
+TEST(ComboColumns, OfAListAndOfATable) {
+    TMemberDispatchImp<int> pattern("pattern"), object("object");
+    for (const char* name : {"height", "width"})
+        pattern.AddMember(name, true, TextValue(""));
+    object.AddMember("width", true, TextValue("7"));
+    const CVariantValue patternValue = GroupValue(pattern);
+    TestEnumeration shown({"a"}, ENF_Tree);
+    ComboBinding binding(eDropDown);
+    binding.SetValue(shown.ValueOf(""));
+    EXPECT_TRUE(ComboColumns::Ask(binding)->HasTree());
+    EXPECT_TRUE(ComboColumns::Ask(binding)->Members().empty());
+    shown.type = DT_Group;
+    EXPECT_TRUE(ComboColumns::Ask(binding)->Members().empty()); // without a template
+    shown.pattern = &patternValue;
+    const ComboColumns columns = *ComboColumns::Ask(binding);
+    EXPECT_EQ(columns.Members(), (Strings{"height", "width"}));
+    EXPECT_EQ(columns.Types(), std::set<EDataTyps>{DT_String});
+
+    ComboTree tree;
+    const ComboTreeItem& item = tree.AddValue(tree.Root(), 1, GroupValue(object), "label");
+    const std::pair<int, const char*> texts[] = {{-1, ""}, {0, "label"}, {1, ""}, {2, "7"}, {3, ""}};
+    for (const auto& [column, text] : texts)
+        EXPECT_EQ(columns.TextOf(item, column), text) << column;
+    EXPECT_EQ(columns.TextOf(tree.AddValue(tree.Root(), 2, TextValue("x"), "x"), 2), "");
 }
 
-// A hundred thousand entries: what is linear takes a fraction of a second, what is not would take minutes.
-TEST_F(ComboModelTest, NoStepGrowsWithTheSquareOfTheEntries) {
-    struct Quick : TestEnumeration {
-        bool GetName(long id, CVariantValue& name) override {
-            name = entries[static_cast<std::size_t>(id) - 1].name;
-            return true;
-        }
-        void Select(long, CVariantValue&) override {}
-        void RemoveValue(long) override {}
-    } shown;
-    shown.flags = ENF_Tree | ENF_CheckBoxes;
-    for (long id = 1; id <= 100'000; ++id)
-        shown.entries.push_back({id, TextValue("group " + std::to_string(id % 1000) + "/entry")});
-    const auto begin = std::chrono::steady_clock::now();
-    Show(shown, eDesignTree);
-    EXPECT_EQ(list->GetItemCount(), 1000);
-    for (int row = 999; row >= 0; --row)
-        list->Expand(list->GetTreeItem(row));
-    EXPECT_EQ(list->GetItemCount(), 101'000);
-    ComboChoice(list->GetModel()).SetCheck(const_cast<ComboTreeItem&>(list->GetRootItem()), true);
-    EXPECT_EQ(list->GetRootItem().GetChecked(), 100'000);
-    ExpectConsistent(*list);
-    list->Collapse(list->GetTreeItem(505)); // group 6 of 101 rows each
-    for (long id = 2; id <= 100'000; id += 2)
-        list->OnDestroyEnumValue(&shown, id);
-    ExpectConsistent(*list);
-    list->GetModel().DestroySubTree(*list->GetTreeItem(0));
-    for (int row = list->GetItemCount() - 1; row >= 0; --row)
-        list->Collapse(list->GetTreeItem(row));
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20));
+class ComboWriteBackTest : public testing::Test {
+protected:
+    ComboWriteBackTest() {
+        object.AddMember("m", true, shown.ValueOf(",1,"));
+        binding.SetValue(shown.ValueOf(",1,"));
+        binding.Open();
+        writeBack.SetMember(&object, "m");
+    }
+    std::string Write(IObserverGrid* observer) {
+        object.log.clear();
+        writeBack.Write(observer);
+        return object.log;
+    }
+
+    TestEnumeration shown{{"a", "b"}};
+    WilfulObject object;
+    ComboBinding binding{eDropDown};
+    ComboWriteBack writeBack{binding};
+};
+
+TEST_F(ComboWriteBackTest, WritesNotifiesAndReadsBack) {
+    EXPECT_FALSE(writeBack.IsDirty());
+    binding.Value() = shown.ValueOf(",2,");
+    EXPECT_TRUE(writeBack.IsDirty());
+    EXPECT_EQ(Write(&object), "set ,2, changed m ,2, get ");
+    EXPECT_FALSE(writeBack.IsDirty());
+    object.correction = "!";
+    EXPECT_EQ(Write(&object), "set ,2, changed m ,2, get changed m ,2,! ");
+    EXPECT_EQ(binding.Value().Text, ",2,!");
+    EXPECT_EQ(Write(nullptr), "set ,2,! get ");
+    binding.Value() = shown.ValueOf(",1,");
+    const bool& isDirty = writeBack.IsDirty();
+    EXPECT_TRUE(isDirty); // for hosts that keep the reference
+    writeBack.Forget();
+    EXPECT_FALSE(isDirty);
+    EXPECT_EQ(Write(&object), ""); // no object: written nowhere
+    EXPECT_FALSE(writeBack.IsDirty());
+}
+
+TEST_F(ComboWriteBackTest, WhatTheObjectDoesMeanwhile) {
+    object.inside = [&] {
+        EXPECT_TRUE(writeBack.IsWriting());
+        writeBack.Write(&object);
+        EXPECT_FALSE(writeBack.IsDirty());
+    };
+    EXPECT_EQ(Write(&object), "set ,1, changed m ,1, get ");
+    object.inside = [] { throw Error("no"); };
+    EXPECT_THROW(Write(&object), Error);
+    EXPECT_FALSE(writeBack.IsWriting());
+    EXPECT_EQ(binding.Value().Text, ",1,");
+    object.correction = "!";
+    object.inside = [&] { binding.Close(), writeBack.Forget(); };
+    EXPECT_EQ(Write(&object), "set ,1, changed m ,1, ") << "an object that is no longer bound is not read";
+    EXPECT_EQ(binding.Value().Text, ",1,"); // that of another binding by now
+}
+
+TEST(DropDownHeight, WholeRowsOnly) {
+    const Table<DropDownContent, int> rows = {
+        {"as many as there are", {5, 20, 2, 900}, 102},
+        {"at most 150 pixels", {50, 20, 2, 900}, 142},
+        {"150 exactly", {50, 37, 2, 900}, 150},
+        {"with a header", {50, 20, 26, 900}, 146},
+        {"the screen ends", {50, 20, 2, 121}, 102},
+        {"and leaves too little for three", {50, 20, 2, 61}, 62},
+        {"nothing at all", {50, 20, 2, 0}, 62},
+        {"two of two", {2, 20, 2, 10}, 42},
+        {"none: as high as one", {0, 20, 2, 900}, 22},
+        {"rows higher than all that", {9, 200, 2, 900}, 602},
+        {"no height of rows", {9, 0, 2, 900}, 11},
+    };
+    for (const auto& [name, content, height] : rows)
+        EXPECT_EQ(DropDownHeight(content), height) << name;
 }
 
 } // namespace

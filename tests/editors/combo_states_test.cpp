@@ -1,4 +1,5 @@
 #include "support/combo_fixture.h"
+#include "support/table.h"
 
 namespace korvel {
 namespace {
@@ -10,20 +11,15 @@ constexpr std::uint32_t Checks = ENF_CheckBoxes, Tree = ENF_Tree, Both = ENF_Che
 class ComboStatesTest : public ComboTest {};
 
 TEST_F(ComboStatesTest, ClicksAndKeys) {
-    struct Case {
-        const char* name;
-        EComboListMode mode;
-        std::uint32_t flags;
-        Strings names;
-        std::string selection, acts, rows, current, heard, calls;
-    };
     const auto drop = eDropDown, page = eDesignFlat;
     const std::uint32_t commandBits = 0x38000000 | 0x03000500;
     const Strings abc = {"a", "b", "c"}, tree = {"g/a", "b"}, family = {"g/a", "g/b", "c"};
-    const Strings parent = {"a", "a/b"},
+    const Strings parent = {"a", "a/b"}, deep = {"g/a", "g/a/b"},
                   words = {"gravel", "Sand", "stone", "\xE4sche", "new value", "sandy"};
     const std::string wordRows = "gravel|Sand|stone|\xE4sche|new value|sandy";
-    const Case cases[] = {
+    // mode, flags, names, selection, acts; rows, current, heard, calls
+    using Text = std::string;
+    const Table<EComboListMode, std::uint32_t, Strings, Text, Text, Text, Text, Text, Text> cases = {
         {"plain, down", drop, 0, abc, ",1,", "down", "xa|b|c", "b", "9", "select 2"},
         {"up stays in the list", drop, 0, abc, "", "up, up", "a|b|c", "a", "9 9", "select 1, select 1"},
         {"in an empty list", drop, 0, {}, "", "down", "", "", "9", ""},
@@ -73,16 +69,7 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
         {"a parent alone", drop, Both, parent, "", "press check a, right", "-xa|  b", "a", "9", "select 1"},
         {"its child's check", drop, Both, parent, ",2,", "press check a", "-a|  xb", "a", "9", "deselect 1"},
         {"it opens", drop, Both, parent, "", "press button a", "-a|  b", "a", "", ""},
-        {"deep",
-         drop,
-         Both,
-         {"g/a", "g/a/b"},
-         ",2,",
-         "press check g",
-         "-g|  -a|    b",
-         "g",
-         "9",
-         "deselect 2"},
+        {"deep", drop, Both, deep, ",2,", "press check g", "-g|  -a|    b", "g", "9", "deselect 2"},
 
         {"the next one", drop, 0, words, "", "down, type s", wordRows, "Sand", "9 9", "select 1, select 2"},
         {"what follows belongs to it", drop, Both, words, "", "type st", wordRows, "stone", "", ""},
@@ -93,17 +80,45 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
          "select 5"},
         {"found nowhere", drop, 0, words, "", "type q", wordRows, "", "", ""},
     };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
-        TestEnumeration shown(row.names, row.flags);
-        Show(shown, row.mode, row.selection);
+    for (const auto& [name, mode, flags, names, selection, acts, rows, current, heard, calls] : cases) {
+        SCOPED_TRACE(name);
+        TestEnumeration shown(names, flags);
+        Show(shown, mode, selection);
         display.Advance(2s); // what was typed before is forgotten
-        Do(row.acts);
-        EXPECT_EQ(Rows(), row.rows);
-        EXPECT_EQ(Current(), row.current);
-        EXPECT_EQ(Heard(), row.heard);
-        EXPECT_EQ(shown.calls, row.calls);
+        Do(acts);
+        EXPECT_EQ(Rows(), rows);
+        EXPECT_EQ(Current(), current);
+        EXPECT_EQ(Heard(), heard);
+        EXPECT_EQ(shown.calls, calls);
         ExpectConsistent(*list);
+    }
+}
+
+TEST_F(ComboStatesTest, EveryState) {
+    for (const std::uint32_t flags : {0u, Checks, Tree, Both}) {
+        for (const EComboListMode mode : {eDesignTree, eDropDown}) {
+            SCOPED_TRACE(testing::Message() << flags << " " << mode);
+            TestEnumeration shown(Strings(50, "x"), flags);
+            Show(shown, mode, {}, 4);
+            for (int i = 0; i < 50; ++i)
+                Do("down");
+            EXPECT_EQ(list->GetTopIndex(), 46);
+            Do("wheel");
+            EXPECT_EQ(list->GetTopIndex(), 43);
+            EXPECT_EQ(list->GetCurrentRow(), 49);
+            Do("home,pagedown,pagedown,pageup");
+            EXPECT_EQ(list->GetCurrentRow(), 4);
+            EXPECT_EQ(list->GetTopIndex(), 4);
+            Do("double row 2, double row 8"); // one row is current
+            EXPECT_EQ(Current(), "x");
+            for (const UINT key :
+                 {VK_SPACE, VK_HOME, VK_LEFT, VK_DOWN, VK_ESCAPE, VK_TAB}) // the last are free
+                EXPECT_EQ(Key(key), key >= VK_SPACE) << key;
+            TestEnumeration page(Strings(4, "x"), flags);
+            Show(page, mode, {}, 4);
+            Do("wheel"); // nor does it scroll the window below the list
+            EXPECT_EQ(Heard(), "");
+        }
     }
 }
 
@@ -122,63 +137,28 @@ TEST_F(ComboStatesTest, WhatTheHostFindsWhileItSelects) {
     }
 }
 
-TEST_F(ComboStatesTest, ArrowsAndWheelReachEveryRowInEveryState) {
-    for (const std::uint32_t flags : {0u, Checks, Tree, Both}) {
-        for (const EComboListMode mode : {eDesignTree, eDropDown}) {
-            TestEnumeration shown(Strings(50, "x"), flags);
-            Show(shown, mode, {}, 4);
-            for (int i = 0; i < 50; ++i)
-                Do("down");
-            EXPECT_EQ(list->GetTopIndex(), 46);
-            Do("wheel");
-            EXPECT_EQ(list->GetTopIndex(), 43);
-            EXPECT_EQ(list->GetCurrentRow(), 49);
-            Do("home,pagedown,pagedown,pageup");
-            EXPECT_EQ(list->GetCurrentRow(), 4);
-            EXPECT_EQ(list->GetTopIndex(), 4);
-        }
-    }
-}
-
-TEST_F(ComboStatesTest, TheCurrentRowKeepsItsItem) {
-    TestEnumeration shown({"g/a", "g/b", "c"}, Tree);
-    Show(shown);
-    list->SetCurrentRow(1);
-    list->Expand(Item("g"));
-    EXPECT_EQ(Current(), "c");
-    list->OnDestroyEnumValue(&shown, 1);
-    EXPECT_EQ(Current(), "c");
-    list->SetCurrentRow(1);
-    list->Collapse(Item("g")); // takes the current row away
-    EXPECT_EQ(list->GetCurrentRow(), -1);
-    EXPECT_EQ(Current(), "");
-}
-
-TEST_F(ComboStatesTest, AfterARemovalTheRowThatTookTheNumberIsCurrent) {
-    const std::tuple<const char*, int, long, const char*> cases[] = {
-        {"the next one", 1, 2, "c"}, {"the new last", 2, 3, "b"}, {"another one", 1, 1, "b"}};
-    TestEnumeration shown({"a", "b", "c"});
-    for (const auto& [name, current, id, expected] : cases) {
-        Show(shown);
+TEST_F(ComboStatesTest, WhichRowIsCurrentWhenRowsComeAndGo) {
+    TestEnumeration shown({"g/a", "g/b", "c", "d"}, Tree);
+    const Table<int, long, const char*> removals = {
+        {"the next one", 1, 1, "b"}, {"the new last", 4, 4, "c"}, {"another one", 3, 1, "c"}};
+    for (const auto& [name, current, id, expected] : removals) {
+        Show(shown).Expand(list->GetTreeItem(0));
         list->SetCurrentRow(current);
         list->OnDestroyEnumValue(&shown, id);
         EXPECT_EQ(Current(), expected) << name;
     }
-    for (const long id : {2, 3})
-        list->OnDestroyEnumValue(&shown, id);
+    list->Collapse(Item("g"));
+    EXPECT_EQ(Current(), "c"); // as the last removal left it
+    list->Expand(Item("g"));
+    EXPECT_EQ(Current(), "c");
+    list->SetCurrentRow(1);
+    list->Collapse(Item("g")); // takes the current row away
+    EXPECT_EQ(Current(), "");
     EXPECT_EQ(list->GetCurrentRow(), -1);
-}
-
-TEST_F(ComboStatesTest, ADoubleClickInADesignListLeavesOneCurrentRow) {
-    for (const std::uint32_t flags : {0u, Checks, Tree, Both}) {
-        TestEnumeration shown({"a", "b", "c"}, flags);
-        Show(shown, eDesignTree);
-        list->SetCurrentRow(0);
-        Do("double row 2");
-        EXPECT_EQ(Current(), "c");
-        Do("double row 8");
-        EXPECT_EQ(Current(), "c");
-    }
+    Show(shown = TestEnumeration({"a"}));
+    list->SetCurrentRow(0);
+    list->OnDestroyEnumValue(&shown, 1);
+    EXPECT_EQ(list->GetCurrentRow(), -1);
 }
 
 TEST_F(ComboStatesTest, KeysThatTheFieldHandsOn) {

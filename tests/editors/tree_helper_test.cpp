@@ -1,4 +1,3 @@
-#include "korvel/editors/path_name.h"
 #include "korvel/editors/tree_helper.h"
 #include "support/test_enumeration.h"
 
@@ -7,38 +6,28 @@
 namespace korvel {
 namespace {
 
-// The tree as text: a group is followed by its children in brackets.
+// The tree as text: a name, the value where it is another text, and the children of a group in brackets.
 std::string Shape(const CTreeHelper::NodeMap& level) {
     std::string shape;
-    for (const auto& [name, node] : level)
-        shape +=
-            (shape.empty() ? "" : " ") + name + (node->m_bIsGroup ? "[" + Shape(node->m_Children) + "]" : "");
+    for (const auto& [name, node] : level) {
+        const std::string& value = node->m_Value.Text;
+        shape += (shape.empty() ? "" : " ") + name + (value.empty() || value == name ? "" : "=" + value);
+        shape += node->m_bIsGroup ? "[" + Shape(node->m_Children) + "]" : "";
+    }
     return shape;
-}
-
-TEST(PathName, SplitsAtSeparators) {
-    const std::pair<const char*, std::list<std::string>> rows[] = {
-        {"", {}},
-        {"///", {}},
-        {"/a/", {"a"}},
-        {"a//b", {"a", "b"}},
-        {"a\\/b", {"a\\/b"}},
-        {"\\/", {"\\/"}},
-        {"a\\\\/b", {"a\\\\/b"}},
-        {"a b/c", {"a b", "c"}},
-    };
-    for (const auto& [path, segments] : rows)
-        EXPECT_EQ(internal::SplitPathName(path, '/'), segments) << path;
 }
 
 TEST(TreeHelper, InsertsByPath) {
     const std::tuple<const char*, bool, std::vector<const char*>, const char*> rows[] = {
         {"one name without separators", false, {"a/b"}, "a/b"},
-        {"a shared group", true, {"a/b", "a/c"}, "a[b c]"},
+        {"a shared group", true, {"a/b", "a/c"}, "a[b=a/b c=a/c]"},
         {"byte order", true, {"b", "a", "B"}, "B a b"},
-        {"no segment, no node", true, {"//"}, ""},
-        {"a leaf becomes a group", true, {"a", "a/b"}, "a[b]"},
-        {"a group stays a group", true, {"a/b", "a"}, "a[b]"},
+        {"no segment, no node", true, {"", "//"}, ""},
+        {"separators after a backslash", true, {"a\\/b", "\\/", "c\\\\/d"}, "\\/ a\\/b c\\\\/d"},
+        {"at the ends, and repeated", true, {"/a b//c/"}, "a b[c=/a b//c/]"},
+        {"a leaf becomes a group", true, {"/a", "a/b"}, "a=/a[b=a/b]"},
+        {"a group stays a group", true, {"a/b", "a"}, "a[b=a/b]"},
+        {"the last value of a path", true, {"a/b", "/a/b"}, "a[b=/a/b]"},
     };
     for (const auto& [name, useSeparator, texts, shape] : rows) {
         CTreeHelper tree(useSeparator, '/');
@@ -46,14 +35,6 @@ TEST(TreeHelper, InsertsByPath) {
             tree.Insert(TextValue(text));
         EXPECT_EQ(Shape(tree.GetRoot()), shape) << name;
     }
-}
-
-TEST(TreeHelper, KeepsTheValuesOfLeavesThatBecomeGroupsAndTheLastOfAPath) {
-    CTreeHelper tree(true, '/');
-    for (const char* text : {"a", "a/b", "/a/b"})
-        tree.Insert(TextValue(text));
-    EXPECT_EQ(tree.GetRoot().at("a")->m_Value, TextValue("a"));
-    EXPECT_EQ(tree.GetRoot().at("a")->m_Children.at("b")->m_Value, TextValue("/a/b"));
 }
 
 TEST(TreeHelper, AddsFreeNames) {
@@ -68,7 +49,7 @@ TEST(TreeHelper, AddsFreeNames) {
         EXPECT_EQ(value.Type, DT_ListString);
     }
     EXPECT_THROW(tree.Add(DT_String, "new", "leaf/below"), std::string);
-    EXPECT_EQ(Shape(tree.GetRoot()), "g[new new1] leaf new");
+    EXPECT_EQ(Shape(tree.GetRoot()), "g[new=g/new new1=g/new1] leaf new");
 }
 
 TEST(TreeHelper, CopiesShareNodesButNotTheRoot) {
@@ -77,10 +58,10 @@ TEST(TreeHelper, CopiesShareNodesButNotTheRoot) {
     copy = tree;
     copy.Insert(TextValue("a/c"));
     copy.Insert(TextValue("d"));
-    EXPECT_EQ(Shape(tree.GetRoot()), "a[b c]");
+    EXPECT_EQ(Shape(tree.GetRoot()), "a[b=a/b c=a/c]");
 }
 
-TEST(TreeHelper, BearsPathsOfManySegments) {
+TEST(TreeHelper, TakesPathsOfManySegments) {
     std::string path;
     for (int i = 0; i < 500'000; ++i)
         path += "a/";

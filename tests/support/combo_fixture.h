@@ -23,11 +23,15 @@ using Strings = std::vector<std::string>;
 /// Hears what a list tells.
 class ListOwner : public CWnd {
 public:
-    std::string heard; // codes with their sign, commands, with blanks between
+    std::string heard; // codes with their sign, commands, "wheel", with blanks between
     std::function<void(int code)> onCode;
     std::function<void(UINT code)> onNotify;
 
 protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        heard += message == WM_MOUSEWHEEL ? "wheel" : "";
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
     bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
         if (onNotify)
             onNotify(reinterpret_cast<const NMHDR*>(lParam)->code);
@@ -78,11 +82,14 @@ inline void ExpectConsistent(const CComboList& list) {
     std::vector<const ComboTreeItem*> rows;
     Recount(list.GetRootItem(), true, rows);
     ASSERT_EQ(list.GetItemCount(), static_cast<int>(rows.size()));
+    const ComboTreeItem* next = list.GetRootItem().GetNext();
     for (int row = 0; row < list.GetItemCount(); ++row) {
         ASSERT_EQ(list.GetTreeItem(row), rows[static_cast<std::size_t>(row)]);
         ASSERT_EQ(list.GetItemData(row), reinterpret_cast<LPARAM>(list.GetTreeItem(row)));
         ASSERT_EQ(list.GetTreeItem(row)->GetRow(), row);
+        ASSERT_EQ(std::exchange(next, next->GetNext()), list.GetTreeItem(row));
     }
+    ASSERT_EQ(next, nullptr);
 }
 
 /// A list of 200 pixels' width in a frame; a row is 20 pixels high. Flat lists and trees have no header.
@@ -102,7 +109,7 @@ protected:
             list->CreateDropDown(&frame, 106);
             korvel::SetWindowPos(list->m_hWnd, nullptr, {0, 0, 202, 20 * rowsOnScreen + 2}, SWP_SHOWWINDOW);
         } else {
-            list->Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 200, 20 * rowsOnScreen}, &frame, 106);
+            list->Create(WS_CHILD | WS_VISIBLE, {0, 0, 200, 20 * rowsOnScreen}, &frame, 106);
         }
         return *list;
     }
@@ -132,11 +139,11 @@ protected:
 
     static CPoint InRow(int row, int x = 150) { return {x, 20 * row + 10}; }
     void Mouse(UINT message, CPoint point) { input::Mouse(list->m_hWnd, message, 0, point); }
-    void Key(UINT key) { input::Key(list->m_hWnd, WM_KEYDOWN, key, {}); }
+    bool Key(UINT key) { return input::Key(list->m_hWnd, WM_KEYDOWN, key, {}); }
     void Type(char letter) { input::Key(list->m_hWnd, WM_KEYDOWN, 0, std::string(1, letter)); }
     void Command(UINT command) { list->SendMessageA(WM_COMMAND, command); }
     /// Acts with commas between: "down", "type st"; "press button g", the corner of a part of the row with
-    /// that label; "press row 7".
+    /// that label, if there is one; "press row 7"; "command 15005".
     void Do(const std::string& acts) {
         std::istringstream all(acts);
         for (std::string act; std::getline(all, act, ',');) {
@@ -156,23 +163,28 @@ private:
         static const std::map<std::string, UINT> keys = {
             {"up", VK_UP},         {"down", VK_DOWN},     {"left", VK_LEFT}, {"right", VK_RIGHT},
             {"space", VK_SPACE},   {"home", VK_HOME},     {"end", VK_END},   {"pageup", VK_PRIOR},
-            {"pagedown", VK_NEXT}, {"delete", VK_DELETE}, {"f2", 0x71}};
+            {"pagedown", VK_NEXT}, {"delete", VK_DELETE}, {"f2", VK_F2}};
         static const std::map<std::string, UINT> messages = {{"press", WM_LBUTTONDOWN},
                                                              {"release", WM_LBUTTONUP},
                                                              {"double", WM_LBUTTONDBLCLK},
+                                                             {"menu", WM_RBUTTONDOWN},
                                                              {"move", WM_MOUSEMOVE}};
         if (keys.count(verb) != 0)
-            return Key(keys.at(verb));
+            return static_cast<void>(Key(keys.at(verb)));
+        if (verb == "command")
+            return Command(static_cast<UINT>(std::stoi(part)));
         if (verb == "wheel")
             return input::Mouse(list->m_hWnd, WM_MOUSEWHEEL, 0, {5, 5}, 120), void();
         if (verb == "type")
             return std::for_each(part.begin(), part.end(), [this](char letter) { Type(letter); }), void();
         if (part == "row")
             return Mouse(messages.at(verb), InRow(std::stoi(where)));
-        const ComboTreeItem& item = *Item(where);
-        const CRect rect = part == "button"  ? list->GetRectTreeBox(item)
-                           : part == "check" ? list->GetRectCheckBox(item)
-                                             : list->GetRectLabel(item);
+        const ComboTreeItem* item = Item(where);
+        if (!item)
+            return;
+        const CRect rect = part == "button"  ? list->GetRectTreeBox(*item)
+                           : part == "check" ? list->GetRectCheckBox(*item)
+                                             : list->GetRectLabel(*item);
         Mouse(messages.at(verb), {rect.left, rect.top});
     }
 };

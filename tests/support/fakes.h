@@ -3,9 +3,9 @@
 #include "korvel/grid/editable_grid.h"
 #include "korvel/values/group_presentation.h"
 #include "korvel/values/member_dispatch_imp.h"
-#include "korvel/values/observer_grid.h"
 #include "korvel/window/core/registered_messages.h"
 #include "support/make_value.h"
+#include "support/quiet_observer.h"
 
 #include <functional>
 #include <map>
@@ -81,9 +81,8 @@ public:
 };
 
 /// The host's observer: writes down what it hears, objects by their names, and keeps the sinks.
-class RecordingObserver : public IObserverGrid {
+class RecordingObserver : public QuietObserver {
 public:
-    virtual ~RecordingObserver() = default;
     void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
         log.push_back("+" + NameOf(disp) + (sink ? "" : " without sink"));
         sinks[disp] = sink;
@@ -93,13 +92,6 @@ public:
         sinks.erase(disp);
         if (throwsOnRemove)
             throw std::runtime_error(log.back());
-    }
-    void OnChange(IMemberDispatch*, void*, const std::string&, const CVariantValue&) override {}
-    void OnRemove(IMemberDispatch*, void*, const std::string&) override {}
-    void OnRename(IMemberDispatch*, void*, const std::string&, const std::string&) override {}
-    void OnAdd(IMemberDispatch*, void*, const std::string&, const CVariantValue&) override {}
-    void OnChangeEditFlag(IMemberDispatch*, void*, const std::string&, const bool&) override {}
-    void OnChangeType(IMemberDispatch*, void*, const std::string&, EDataTyps, const CVariantValue&) override {
     }
 
     std::vector<std::string> Take() { return std::exchange(log, {}); }

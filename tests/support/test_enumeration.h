@@ -50,6 +50,7 @@ public:
     std::string calls; // those that change something, with commas between
     /// Called at the start of each operation, with its name and the number of the entry that it acts on.
     std::function<void(const std::string& operation, long id)> onCall;
+    std::function<void(long id)> onAdded; // at the end of AddValue
 
     CVariantValue ValueOf(const std::string& selection) const {
         CVariantValue value = TextValue(selection);
@@ -59,6 +60,9 @@ public:
     }
     static std::string Key(long id) { return "," + std::to_string(id) + ","; }
     Entry* Find(long id) {
+        if (const auto index = static_cast<std::size_t>(id - 1);
+            index < entries.size() && entries[index].id == id)
+            return &entries[index]; // so that many entries take no longer each
         const auto found =
             std::find_if(entries.begin(), entries.end(), [&](const Entry& entry) { return entry.id == id; });
         return found == entries.end() ? nullptr : &*found;
@@ -78,6 +82,8 @@ public:
             return -1;
         const long id = entries.empty() ? 1 : entries.back().id + 1;
         entries.push_back({id, TextValue(group.empty() ? name : group + separator + name)});
+        if (onAdded)
+            onAdded(id);
         return id;
     }
     void RemoveValue(long id) override {
@@ -116,7 +122,9 @@ public:
     }
     void Select(long id, CVariantValue& value) override {
         Note("select", id);
-        value.Text = (flags & ENF_CheckBoxes) != 0 ? value.Text + Key(id) : Key(id);
+        if ((flags & ENF_CheckBoxes) == 0)
+            value.Text.clear();
+        value.Text += Key(id);
     }
     void Deselect(long id, CVariantValue& value) override {
         Note("deselect", id);

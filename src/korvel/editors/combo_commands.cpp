@@ -98,7 +98,7 @@ bool ComboCommands::Run(UINT command) {
         void (ComboCommands::*run)();
     };
     static constexpr CommandRow Commands[] = {
-        {ComboCommandDataSheet, &ComboCommands::TellDataSheet},
+        {ComboCommandDataSheet, &ComboCommands::PassOnDataSheet},
         {ComboCommandAddRootItem, &ComboCommands::AddRootItem},
         {ComboCommandAddRootGroup, &ComboCommands::AddRootGroup},
         {ComboCommandAddItem, &ComboCommands::AddItem},
@@ -126,7 +126,7 @@ bool ComboCommands::RunByKey(UINT key) {
     return false;
 }
 
-void ComboCommands::TellDataSheet() {
+void ComboCommands::PassOnDataSheet() {
     SendMessageA(m_view.Owner(), WM_COMMAND, ComboCommandDataSheet,
                  reinterpret_cast<LPARAM>(m_view.Control().m_hWnd));
 }

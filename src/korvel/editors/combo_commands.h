@@ -38,7 +38,7 @@ private:
     ComboTreeItem* CurrentGroup() const;
     bool TakesRootItems() const;
 
-    void TellDataSheet();
+    void PassOnDataSheet();
     void AddRootItem();
     void AddRootGroup();
     void AddItem();

@@ -195,7 +195,7 @@ LRESULT ComboInput::HandleFocus(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// A value that is written back may make the list hear of itself: the picture must not vanish under it.
+// Writing a value back may send messages to the list itself: the picture must not vanish meanwhile.
 void ComboInput::DismissPreview() {
     if (m_writeBack.IsWriting())
         m_dismissesAfterWriting = true;

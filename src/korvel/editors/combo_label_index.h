@@ -29,9 +29,6 @@ private:
         bool operator()(const ComboTreeItem* child, std::string_view label) const {
             return child->m_label < label;
         }
-        bool operator()(std::string_view label, const ComboTreeItem* child) const {
-            return label < child->m_label;
-        }
     };
 
     std::set<ComboTreeItem*, Before> m_children;

@@ -42,7 +42,7 @@ CComboList::CComboList(const CVariantValue& value, EComboListMode mode) : CCombo
 }
 
 CComboList::~CComboList() {
-    // Who hears of the end may throw; a destructor has nobody to pass that on to.
+    // Who is told of the end may throw; a destructor has nobody to pass that on to.
     internal::FirstFailure().Try([&] { UnIntialize(); });
 }
 
@@ -109,7 +109,7 @@ void CComboList::Initialize() {
     m_parts->Open();
 }
 
-// The host hears the end of a label edit, and may begin another binding then.
+// The host is told of the end of a label edit, and may begin another binding then.
 void CComboList::UnIntialize() {
     while (IsInitialized())
         m_parts->Close();

@@ -29,7 +29,7 @@ struct ComboListParts;
 ///     list.CreateDropDown(&grid, 106);
 ///     list.Initialize(&object, "surface");   // rows, selection and input as the enumeration wants them
 ///     list.DropBelow(field.GetWindowRect());
-///     list.ShowWindow(SW_SHOWNA);            // the user chooses; the owner hears 9, then -3
+///     list.ShowWindow(SW_SHOWNA);            // the user chooses; the owner gets 9, then -3
 ///     list.UpdateDisp(observer);             // SetMember, OnChange, and what the object made of it
 ///     list.UnIntialize();
 ///
@@ -52,13 +52,13 @@ public:
     ~CComboList() override;
 
     /// Makes the window of a list that drops down: a top-level window of its own, hidden, that never takes
-    /// the keyboard. `owner` hears the list; its top-level window owns it.
+    /// the keyboard. `owner` gets its notifications; the top-level window of `owner` owns it.
     bool CreateDropDown(CWnd* owner, int id);
     /// Places an initialized list below its field (screen coordinates) and as wide, never above: 150 pixels
     /// high at most, whole rows only, less when there are fewer rows or the screen ends; but three rows, where
     /// there are as many, however near its end is. A fixed height would cut off a row, or leave rows below the
-    /// screen that neither keys nor wheel bring up: so this is decided here, for the lists of hosts and of the
-    /// grid alike. Until UnIntialize the height follows the rows; the current row is visible at first.
+    /// screen that neither keys nor wheel bring up. Until UnIntialize the height follows the rows; the current
+    /// row is visible at first.
     void DropBelow(const CRect& field);
     /// The window that SendParentComboMessage sends to; null: the parent window.
     void SetOwner(CWnd* owner);

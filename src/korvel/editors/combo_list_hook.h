@@ -16,8 +16,8 @@ KORVEL_API bool EndsComboList(HWND owner, UINT message, WPARAM wParam, LPARAM lP
 ///     m_ComboHook.HookWindow(korvel::GetParent(m_hWnd));   // the list has dropped
 ///     m_ComboHook.HookWindow(nullptr);                     // the list is closed
 ///
-/// The owner hears 4, then 9, through its SendParentComboMessage, then `end` is called; unless the message
-/// has closed the list itself. An owner whose window is destroyed meanwhile hears no more. T is a CWnd with a
+/// The owner gets 4, then 9, through its SendParentComboMessage, then `end` is called; unless the message
+/// has closed the list itself. An owner whose window is destroyed meanwhile gets no more. T is a CWnd with a
 /// SendParentComboMessage(UINT).
 template <typename T>
 class CComboListHook : public CSubclassWnd {

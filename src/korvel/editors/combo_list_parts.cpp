@@ -65,7 +65,7 @@ void ComboListParts::Close() {
     view.Control().SetImageList(nullptr);
     sinkTypes.clear();
     view.Control().DeleteRowsQuietly(
-        0, view.Control().GetItemCount()); // last: the host hears the end of a label edit
+        0, view.Control().GetItemCount()); // last: the host is told of the end of a label edit
 }
 
 void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {
@@ -92,7 +92,7 @@ void ComboListParts::OnRowsRemoved(ComboTree::RowRange rows) {
     const ComboBindingWatch bound(model.Binding());
     const int current = input.CurrentRow();
     const bool wasCurrent = current >= rows.first && current < rows.first + rows.count;
-    OnRowsHidden(rows); // the host hears the end of a label edit, and may end the binding
+    OnRowsHidden(rows); // the host is told of the end of a label edit, and may end the binding
     if (wasCurrent && bound)
         input.SetCurrentRow(std::min(rows.first, model.Tree().RowCount() - 1));
 }

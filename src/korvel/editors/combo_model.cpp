@@ -78,7 +78,7 @@ void ComboModel::ExpandParent(ComboTreeItem* item) {
         Expand(*item);
 }
 
-// The sink hears when all is there. At most one row is new: what is under a new group is not shown.
+// The sink is told when all is there. At most one row is new: what is under a new group is not shown.
 ComboTreeItem* ComboModel::InsertItem(ComboTreeItem* parent, long id, CVariantValue&& value) {
     const ComboTree::KeepItems keep(m_tree);
     const ComboBindingWatch bound(m_binding);
@@ -103,7 +103,7 @@ ComboTreeItem* ComboModel::InsertItem(ComboTreeItem* parent, long id, CVariantVa
         }
     }
     ComboTreeItem& item = m_tree.AddValue(*under, id, std::move(value), std::string(label));
-    TellNew(newGroup ? *newGroup : item);
+    ReportNew(newGroup ? *newGroup : item);
     return &item;
 }
 
@@ -111,7 +111,7 @@ ComboTreeItem& ComboModel::InsertGroup(ComboTreeItem& parent, std::string_view n
     ComboTreeItem* newGroup = nullptr;
     ComboTreeItem& group = GroupUnder(parent, name, newGroup);
     if (newGroup)
-        TellNew(group);
+        ReportNew(group);
     return group;
 }
 
@@ -124,7 +124,7 @@ ComboTreeItem& ComboModel::GroupUnder(ComboTreeItem& parent, std::string_view na
     return group;
 }
 
-void ComboModel::TellNew(const ComboTreeItem& item) {
+void ComboModel::ReportNew(const ComboTreeItem& item) {
     if (!m_isBuilding && item.HasRow())
         m_sink.OnRowsAdded({item.GetRow(), 1});
 }

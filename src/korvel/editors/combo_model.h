@@ -15,7 +15,7 @@ namespace korvel::internal {
 ///     model.Binding().SetValue(value);        // "fills/sand" is what it selects
 ///     model.Open();
 ///     model.InsertEntries()->GetLabel();      // "sand"; its group is open
-///     model.Collapse(*model.Tree().ItemAt(0)) // the sink hears of one row
+///     model.Collapse(*model.Tree().ItemAt(0)) // the sink is told of one row
 ///
 /// The enumeration may change, or the model be closed, while it is asked: what was under way then stops. What
 /// it throws passes through, and leaves rows and counts that agree.
@@ -28,7 +28,7 @@ public:
     ComboTree& Tree() { return m_tree; }
     const ComboTree& Tree() const { return m_tree; }
 
-    /// Begins a binding. The sink hears nothing until all entries are there.
+    /// Begins a binding. The sink is told nothing until all entries are there.
     void Open();
     /// Makes the tree; expands it down to what the value selects, and returns the last such entry, or null.
     ComboTreeItem* InsertEntries();
@@ -64,7 +64,7 @@ public:
 private:
     ComboTreeItem& GroupUnder(ComboTreeItem& parent, std::string_view name, ComboTreeItem*& firstNew);
     void RemoveEntry(ComboTreeItem& item);
-    void TellNew(const ComboTreeItem& item);
+    void ReportNew(const ComboTreeItem& item);
 
     ComboBinding m_binding;
     ComboTree m_tree;

@@ -23,7 +23,7 @@ public:
     void Hide();
     /// The list forgets its rows.
     void Close();
-    bool IsShown() const { return m_state == State::Shown; }
+    bool IsShown() const { return m_window.IsWindowVisible(); }
 
 private:
     enum class State {

@@ -88,7 +88,6 @@ private:
         using is_transparent = void;
         bool operator()(const ComboTreeItem* left, const ComboTreeItem* right) const;
         bool operator()(const ComboTreeItem* item, long id) const { return item->m_id < id; }
-        bool operator()(long id, const ComboTreeItem* item) const { return id < item->m_id; }
     };
     using IdIndex = std::set<ComboTreeItem*, ById>;
 

@@ -9,8 +9,8 @@
 
 namespace korvel::internal {
 
-/// The items of a ComboModel as the rows of a list control, and the window that hears of them. What the user
-/// does in a list acts on this, whatever class the control is of.
+/// The items of a ComboModel as the rows of a list control, and the window that is notified of
+/// them. What the user does in a list acts on this; it need not know the class of the control.
 ///
 ///     ComboView view(control, model);
 ///     view.Expand(*view.ItemAt(0));
