@@ -1,6 +1,7 @@
 #include "korvel/output/stations.h"
 #include "support/german_machine.h"
 
+#include <iostream>
 #include <limits>
 
 namespace korvel {
@@ -36,6 +37,22 @@ TEST_F(Stations, FloatsSplitInTheirOwnPrecision) {
     EXPECT_EQ(RoadStationToString(262146992.0f), "262147+016,00"); // divided by 1000 the next one
     SetRegional("iDigits", "5");
     EXPECT_EQ(RoadStationToString(123456.7f), "123+456,70312"); // what the float holds
+}
+
+TEST(StationSign, IsTheFirstCharacterOfTheSeparator) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // it is read once in a process
+    const auto run = [] {
+        const platform::ScratchStore store;
+        const char* key = "Control Panel\\International";
+        platform::CreateKey(platform::SettingsRoot::User, key);
+        platform::WriteSetting(platform::SettingsRoot::User, key, "sDecimal",
+                               platform::SettingValue::Text("\x81\xE2\xE1,"));
+        std::cerr << "<" << RoadStationToString(1.5) << ">";
+        std::exit(0);
+    };
+    EXPECT_EXIT(run(), testing::ExitedWithCode(0),
+                "<0\\+001\x81\xE2\xE1"
+                "50>");
 }
 
 TEST_F(Stations, FollowTheDecimalsButNotTheSignOfTheSettings) {

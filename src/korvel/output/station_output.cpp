@@ -1,6 +1,7 @@
 #include "korvel/output/station_output.h"
 
 #include "korvel/output/stream_text.h"
+#include "korvel/platform/code_page.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,11 +19,12 @@ constexpr int RoadKilometreDecimals = 0;
 constexpr int RoadMetreWidth = 3;
 constexpr int NoWidth = 0;
 
-// Read once: a later change of the regional settings does not reach the stations.
-char DecimalSign() {
-    static const char sign = [] {
+// The first character of the separator. Read once: a later change of the regional settings does not reach the
+// stations.
+const std::string& DecimalSign() {
+    static const std::string sign = [] {
         const std::string& separator = SystemSettings().decimalSeparator;
-        return separator.empty() ? '.' : separator.front();
+        return separator.empty() ? "." : separator.substr(0, platform::NextCharacter(separator, 0));
     }();
     return sign;
 }
@@ -52,7 +54,7 @@ void AppendStationPart(std::string& out, double value, int decimals, int width) 
     const std::size_t begin = out.size();
     AppendFixedText(out, std::abs(value), decimals);
     if (const std::size_t point = out.find('.', begin); point != std::string::npos)
-        out[point] = DecimalSign();
+        out.replace(point, 1, DecimalSign());
 }
 
 template <typename Real>
@@ -98,7 +100,7 @@ void CStationOutput::AppendRoad(std::string& out, float station) const {
 }
 
 bool CStationOutput::FollowSystem() {
-    return m_records.FollowSystem({KeptRecord, DoubleRecord, FloatRecord});
+    return m_records.FollowSystem();
 }
 
 } // namespace korvel::internal
