@@ -58,6 +58,11 @@ TEST_F(Dates, TimesAreLocal) {
     EXPECT_EQ(TimetoString(3723), "01:02:03");
     EXPECT_EQ(TimetoString(-1), "Invalid DateTime");
     EXPECT_EQ(std::setlocale(LC_TIME, nullptr), before); // "DEU" is no name that the C library knows
+    const platform::ScratchVariable all("LC_ALL", "C.UTF-8");
+    platform::UseLocale("eo"); // a language of no country
+    Fire_OnSystemChanged(nullptr, nullptr);
+    TimetoString(0);
+    EXPECT_EQ(std::setlocale(LC_TIME, nullptr), before) << "not the environment's";
 }
 
 TEST_F(Dates, SettingTheCurrentFormatCallsListenersOnce) {

@@ -39,11 +39,13 @@ TEST(FormatNotification, SinksComeAndGoWhileItFires) {
     EXPECT_EQ(late.count, 1);
 }
 
-TEST(FormatNotification, AThrowingSinkLeavesItReady) {
+TEST(FormatNotification, AThrowingSinkLeavesItReadyAndTheOthersTold) {
     FormatNotification notification(FormatService::Date);
     CountingSink thrower(notification, [] { throw std::runtime_error("no"); });
+    const CountingSink other(notification);
     EXPECT_THROW(notification.Fire(), std::runtime_error);
     EXPECT_THROW(notification.Fire(), std::runtime_error); // and not the Error of a change within a change
+    EXPECT_EQ(other.count, 2);
 }
 
 TEST_F(Notification, AChangeWithinAChangeIsAnError) {
@@ -55,17 +57,47 @@ TEST_F(Notification, AChangeWithinAChangeIsAnError) {
     EXPECT_EQ(changer.count, 1);
 }
 
-TEST_F(Notification, RecordsFollowOneAfterTheOther) {
-    const CNumberOutput& output = CNumberOutput::Instance();
+TEST_F(Notification, ListenersSeeOnlyWholeServicesAndKeepNoneFromFollowing) {
     std::vector<std::string> steps;
-    const CountingSink sink(FormatService::Number, [&] {
+    const auto look = [&] {
         steps.emplace_back();
-        for (const NumberRecord record :
-             {NumberRecord::Integer, NumberRecord::Long, NumberRecord::Float, NumberRecord::Double})
-            steps.back() += output.Format(record).DecimalSep;
+        for (const _numberfmtA* format :
+             {&GetFormatInt(), &GetFormatLong(), &GetFormatFloat(), &GetFormatDouble()})
+            steps.back() += format->DecimalSep;
+        throw Error("number sink");
+    };
+    const CountingSink numbers(FormatService::Number, look);
+    const CountingSink angles(FormatService::Angle, [] { throw Error("angle sink"); });
+    const CountingSink stations(FormatService::Station);
+    EXPECT_THAT([&] { SetRegional("sDecimal", ";"); }, testing::Throws<Error>());
+    EXPECT_EQ(steps, std::vector<std::string>(4, ";;;;")) << "one call for each record that was replaced";
+    EXPECT_EQ(angles.count, 2);
+    EXPECT_EQ(stations.count, 3);
+    EXPECT_STREQ(GetAngleFormatFloat().DecimalSep, ";");
+
+    SetAngleUnit('g');
+    EXPECT_THROW(SetDateCurrentFormatString(true, std::string("%d\0", 3)), std::invalid_argument);
+    const CountingSink dates(FormatService::Date, [] { throw Error("date sink"); });
+    EXPECT_THROW(SetDateCurrentFormatString(true, "%Y"), Error);
+    EXPECT_EQ(dates.count, 1);
+    EXPECT_THAT([] { ResetFormatStates(); }, testing::ThrowsMessage<Error>("number sink"));
+    EXPECT_EQ(GetAngleUnit(), 'r');
+    EXPECT_EQ(angles.count, 4);
+    EXPECT_EQ(dates.count, 2) << "dates are put back, and their listeners told";
+    EXPECT_STREQ(GetFormatStringLong(), "%A, %#d. %B %Y");
+}
+
+TEST_F(Notification, DatesSeeOnlyWholeServices) {
+    std::vector<std::string> steps;
+    const CountingSink dates(FormatService::Date, [&] {
+        steps.push_back(std::string(GetFormatStringShort()) + " " + TimetoString(0).substr(0, 2));
+        throw Error("date sink");
     });
-    SetRegional("sDecimal", ";");
-    EXPECT_EQ(steps, (std::vector<std::string>{",;,,", ";;,,", ";;;,", ";;;;"}));
+    const platform::ScratchVariable zone("TZ", "UTC");
+    EXPECT_TRUE(platform::UseLocale("en-GB"));
+    EXPECT_THROW(Fire_OnSystemChanged(nullptr, nullptr), Error);
+    EXPECT_EQ(steps, std::vector<std::string>(1, "%d/%m/%Y 00")) << "the long one alone is in use";
+    EXPECT_EQ(DatetoString(44000.0), "Thursday, 18 June 2020");
 }
 
 class Observer : public ISystemChangedObserver {

@@ -70,7 +70,7 @@ float CAngleOutput::FromRadians(float radians) const {
 }
 
 bool CAngleOutput::FollowSystem() {
-    return m_records.FollowSystem({Index(AngleRecord::Double), Index(AngleRecord::Float)});
+    return m_records.FollowSystem();
 }
 
 } // namespace korvel::internal

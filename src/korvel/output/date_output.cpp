@@ -4,6 +4,7 @@
 #include "korvel/output/system_formats.h"
 #include "korvel/platform/time_text.h"
 
+#include <stdexcept>
 #include <utility>
 
 namespace korvel::internal {
@@ -52,6 +53,8 @@ std::string CDateOutput::Render(const std::optional<platform::CalendarFields>& f
 }
 
 void CDateOutput::SetCurrentFormat(DateFormatKind kind, const std::string& format) {
+    if (format.find('\0') != std::string::npos)
+        throw std::invalid_argument("A date format has no zero byte");
     if (format == m_formats.currentFormat)
         return;
     const std::string wanted = format; // it may be one of the formats that are stored into
@@ -76,32 +79,34 @@ void CDateOutput::ReturnToSystem() {
 
 bool CDateOutput::FollowSystem() {
     const platform::RegionalSettings& settings = SystemSettings();
-    bool changed = FollowSystemDate(m_formats.dateFormatLong, m_systemLong, settings.longDatePicture);
-    changed |= FollowSystemDate(m_formats.dateFormatShort, m_systemShort, settings.shortDatePicture);
-
-    const std::string time = TimePictureToFormat(settings.timePicture);
-    if (time != m_formats.defaultTime) {
-        m_formats.defaultTime = time;
-        changed = true;
-        m_notification.Fire();
-    }
     m_localeName = settings.countryName;
     m_isLocaleRefused = false;
+    int replacedInUse = 0;
+    bool changed =
+        FollowSystemDate(m_formats.dateFormatLong, m_systemLong, settings.longDatePicture, replacedInUse);
+    changed |=
+        FollowSystemDate(m_formats.dateFormatShort, m_systemShort, settings.shortDatePicture, replacedInUse);
+    std::string time = TimePictureToFormat(settings.timePicture);
+    if (time != m_formats.defaultTime) {
+        m_formats.defaultTime = std::move(time);
+        changed = true;
+        ++replacedInUse;
+    }
+    if (replacedInUse > 0)
+        m_notification.Fire(replacedInUse);
     return changed;
 }
 
-// A format that the user has changed differs from the system's that was read before, and is left alone.
-bool CDateOutput::FollowSystemDate(std::string& format, std::string& systemFormat,
-                                   const std::string& picture) {
+bool CDateOutput::FollowSystemDate(std::string& format, std::string& systemFormat, const std::string& picture,
+                                   int& replacedInUse) {
     const std::string before = std::exchange(systemFormat, DatePictureToFormat(picture));
     if (format != before)
         return false;
-    const bool isCurrent = m_formats.currentFormat == before;
-    format = systemFormat;
-    if (isCurrent) {
+    if (m_formats.currentFormat == before) {
         m_formats.currentFormat = systemFormat;
-        m_notification.Fire();
+        ++replacedInUse;
     }
+    format = systemFormat;
     return true;
 }
 

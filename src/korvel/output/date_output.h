@@ -34,6 +34,7 @@ public:
     /// `Notification().Fire()`.
     DateFormatRecord& Formats() { return m_formats; }
 
+    /// \throws std::invalid_argument for a format with a zero byte; nothing changes then
     void SetCurrentFormat(DateFormatKind kind, const std::string& format);
 
     /// As `SetCurrentFormat`, of a picture as the regional settings have it ("dd.MM.yyyy").
@@ -46,11 +47,16 @@ public:
     void ReturnToSystem();
 
     FormatNotification& Notification() { return m_notification; }
+
+    /// Takes the regional settings' long and short format where the one here equals what they were before,
+    /// whoever set it, and their time format always. Then calls the listeners once for each format that is in
+    /// use and was replaced.
     bool FollowSystem();
 
 private:
     CDateOutput();
-    bool FollowSystemDate(std::string& format, std::string& systemFormat, const std::string& picture);
+    bool FollowSystemDate(std::string& format, std::string& systemFormat, const std::string& picture,
+                          int& replacedInUse);
     std::string& FormatOf(DateFormatKind kind);
     std::string Render(const std::optional<platform::CalendarFields>& fields,
                        const std::string& format) const;

@@ -16,7 +16,8 @@ namespace korvel {
 ///     DatetoString(44000.0);               // "18.06.2020"
 ///
 /// Formats are in strftime notation, where `#` drops leading zeros. The long date of the regional settings is
-/// the first in use. To be called on the thread of the windows. The first call reads the regional settings:
+/// the first in use. A long or short format that equals the regional settings' follows them, whoever set it;
+/// the time format always follows. To be called on the thread of the windows. The first call reads the regional settings:
 /// \throws Error when they cannot be read; the next call tries again.
 
 /// Empty unless the state is exactly "GDT_VALID"; "Invalid DateTime" for a day that is in no calendar. A
@@ -41,7 +42,8 @@ KORVEL_API void SetFormatStringShort(const char* format);
 KORVEL_API void GetDateCurrentFormatString(bool& isLong, std::string& format);
 
 /// Makes `format` the long or the short format and the one in use; grids write their dates again. Nothing
-/// happens when it is in use already.
+/// happens when it is in use already. \throws std::invalid_argument for a format with a zero byte; nothing
+/// changes then
 KORVEL_API void SetDateCurrentFormatString(const bool& isLong, const std::string& format);
 
 } // namespace korvel

@@ -1,5 +1,6 @@
 #include "korvel/output/format_notification.h"
 
+#include "korvel/output/first_failure.h"
 #include "korvel/platform/error.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ void FormatNotification::RemoveSink(FormatSink* sink) {
     std::erase(m_sinks, sink);
 }
 
-void FormatNotification::Fire() {
+void FormatNotification::Fire(int times) {
     if (m_isFiring)
         throw Error("");
     struct Firing {
@@ -24,10 +25,14 @@ void FormatNotification::Fire() {
         ~Firing() { flag = false; }
     } firing(m_isFiring);
 
-    const std::vector<FormatSink*> sinks = m_sinks;
-    for (FormatSink* sink : sinks)
-        if (Holds(sink))
-            sink->OnFormatChanged(m_service);
+    FirstFailure failure;
+    for (; times > 0; --times) {
+        const std::vector<FormatSink*> sinks = m_sinks;
+        for (FormatSink* sink : sinks)
+            if (Holds(sink))
+                failure.Try([&] { sink->OnFormatChanged(m_service); });
+    }
+    failure.Rethrow();
 }
 
 bool FormatNotification::Holds(const FormatSink* sink) const {

@@ -36,10 +36,10 @@ public:
     void AddSink(FormatSink* sink);
     void RemoveSink(FormatSink* sink);
 
-    /// Calls every sink. What a sink throws passes through, and the sinks after it are not called.
-    /// \throws Error with an empty text from within a call of this same notification: a change of format must
-    /// not cause another
-    void Fire();
+    /// Calls every sink, as often as said. The first exception that a sink throws goes to the caller after the
+    /// last call. \throws Error with an empty text from within a call of this same notification: a change of
+    /// format must not cause another
+    void Fire(int times = 1);
 
 private:
     bool Holds(const FormatSink* sink) const;

@@ -4,11 +4,11 @@
 #include "korvel/documents/xml_reader.h"
 #include "korvel/output/angle_output.h"
 #include "korvel/output/date_output.h"
+#include "korvel/output/first_failure.h"
 #include "korvel/output/number_output.h"
 #include "korvel/platform/replace_file.h"
 
 #include <charconv>
-#include <exception>
 #include <initializer_list>
 #include <sstream>
 
@@ -21,7 +21,7 @@ using internal::CAngleOutput;
 using internal::CDateOutput;
 using internal::CNumberOutput;
 using internal::DateFormatRecord;
-using internal::FormatNotification;
+using internal::FirstFailure;
 using internal::NumberFormat;
 using internal::NumberRecord;
 using internal::ReadXmlFile;
@@ -136,17 +136,14 @@ public:
         LoadDates(RequireChild(root, "DateFormat"));
     }
 
-    // Calls the listeners of every touched service, whatever some of them throw; the first failure is
-    // thrown again at the end.
-    void FireTouched(std::exception_ptr failure) {
+    // Calls the listeners of every touched service.
+    void FireTouched(FirstFailure& failure) {
         if (m_numbersTouched)
-            Fire(CNumberOutput::Instance().Notification(), failure);
+            failure.Try([] { CNumberOutput::Instance().Notification().Fire(); });
         if (m_anglesTouched)
-            Fire(CAngleOutput::Instance().Notification(), failure);
+            failure.Try([] { CAngleOutput::Instance().Notification().Fire(); });
         if (m_datesTouched)
-            Fire(CDateOutput::Instance().Notification(), failure);
-        if (failure)
-            std::rethrow_exception(failure);
+            failure.Try([] { CDateOutput::Instance().Notification().Fire(); });
     }
 
 private:
@@ -185,15 +182,6 @@ private:
         service.ReplaceFormat(record, format);
     }
 
-    static void Fire(FormatNotification& notification, std::exception_ptr& failure) {
-        try {
-            notification.Fire();
-        } catch (...) {
-            if (!failure)
-                failure = std::current_exception();
-        }
-    }
-
     bool m_numbersTouched = false;
     bool m_anglesTouched = false;
     bool m_datesTouched = false;
@@ -230,20 +218,19 @@ void SaveFormatStates(const char* path) {
 
 void LoadFormatStates(const char* path) {
     FormatLoader loader;
-    std::exception_ptr failure;
-    try {
-        loader.Load(PathText(path));
-    } catch (...) {
-        failure = std::current_exception();
-    }
+    FirstFailure failure;
+    failure.Try([&] { loader.Load(PathText(path)); });
     loader.FireTouched(failure);
+    failure.Rethrow();
 }
 
 void ResetFormatStates() {
-    FollowSystem(CNumberOutput::Instance(), NumberRecords);
+    FirstFailure failure;
+    failure.Try([] { FollowSystem(CNumberOutput::Instance(), NumberRecords); });
     CAngleOutput::Instance().SetUnit(CAngleOutput::Radians);
-    FollowSystem(CAngleOutput::Instance(), AngleRecords);
-    CDateOutput::Instance().ReturnToSystem();
+    failure.Try([] { FollowSystem(CAngleOutput::Instance(), AngleRecords); });
+    failure.Try([] { CDateOutput::Instance().ReturnToSystem(); });
+    failure.Rethrow();
 }
 
 } // namespace korvel

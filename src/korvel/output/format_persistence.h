@@ -12,9 +12,10 @@ namespace korvel {
 ///     LoadFormatStates("/home/me/formats.xml");
 ///     GetAngleUnit();   // 'g'
 ///
-/// A format that follows the regional settings is saved as following them, not as what they say: loaded on
-/// another machine it leaves that machine's settings in force. The formats of stations and man-days are not
-/// saved. Both belong to the thread of the windows.
+/// A number or angle format that follows the regional settings is saved as following them, not as what they
+/// say: loaded on another machine it leaves that machine's settings in force. Date formats are saved as their
+/// texts: loaded, they follow the regional settings only where they equal them (see dates.h). The formats of
+/// stations and man-days are not saved. All this belongs to the thread of the windows.
 ///
 /// A separator of one carriage return does not survive: line ends change into each other in these files (see
 /// EscapeXmlText), and a line feed alone means an empty text.
@@ -32,7 +33,8 @@ KORVEL_API void SaveFormatStates(const char* path);
 KORVEL_API void LoadFormatStates(const char* path);
 
 /// Puts every format that these files hold back to the regional settings, and angles to radians; grids write
-/// their texts again. For a host that starts anew after a failed load.
+/// their texts again. For a host that starts anew after a failed load. What a listener throws keeps no other
+/// format from it: the first exception goes to the caller at the end.
 KORVEL_API void ResetFormatStates();
 
 } // namespace korvel

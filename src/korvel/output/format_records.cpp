@@ -17,17 +17,16 @@ void FormatRecords::Set(std::size_t record, const _numberfmtA& format) {
     m_notification.Fire();
 }
 
-bool FormatRecords::FollowSystem(std::initializer_list<std::size_t> order) {
-    bool changed = false;
-    for (const std::size_t record : order) {
-        Record& stored = m_records[record];
-        if (!stored.format.System)
-            continue;
-        stored.format = SystemNumberFormat(stored.systemFormat);
-        changed = true;
-        m_notification.Fire();
-    }
-    return changed;
+bool FormatRecords::FollowSystem() {
+    int replaced = 0;
+    for (Record& record : m_records)
+        if (record.format.System) {
+            record.format = SystemNumberFormat(record.systemFormat);
+            ++replaced;
+        }
+    if (replaced > 0)
+        m_notification.Fire(replaced);
+    return replaced > 0;
 }
 
 } // namespace korvel::internal

@@ -26,9 +26,9 @@ public:
     /// Stores a format as it is, its `System` included, and calls no listener.
     void Replace(std::size_t record, const NumberFormat& format) { m_records[record].format = format; }
 
-    /// Takes the system format for each record that follows it, in the given order, calling the listeners
-    /// each time. True when there was one.
-    bool FollowSystem(std::initializer_list<std::size_t> order);
+    /// Takes the system format for every record that follows it, then calls the listeners once for each of
+    /// them. True when there was one. The first exception of a listener goes to the caller after the last call.
+    bool FollowSystem();
 
     FormatNotification& Notification() { return m_notification; }
 

@@ -37,7 +37,7 @@ void CManDaysOutput::Append(std::string& out, float value) const {
 }
 
 bool CManDaysOutput::FollowSystem() {
-    return m_records.FollowSystem({DoubleRecord, FloatRecord});
+    return m_records.FollowSystem();
 }
 
 } // namespace korvel::internal

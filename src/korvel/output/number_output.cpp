@@ -63,8 +63,7 @@ void CNumberOutput::SetFormatFor(EDataTyps type, const _numberfmtA& format) {
 }
 
 bool CNumberOutput::FollowSystem() {
-    return m_records.FollowSystem({Index(NumberRecord::Long), Index(NumberRecord::Integer),
-                                   Index(NumberRecord::Float), Index(NumberRecord::Double)});
+    return m_records.FollowSystem();
 }
 
 } // namespace korvel::internal

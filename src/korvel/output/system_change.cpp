@@ -1,5 +1,6 @@
 #include "korvel/output/system_change.h"
 
+#include "korvel/output/first_failure.h"
 #include "korvel/output/system_formats.h"
 
 #include <set>
@@ -31,12 +32,15 @@ void Fire_OnSystemChanged(ISystemChangedObserver* origin, IObserverGrid* grid) {
     internal::RereadSystemSettings();
     const std::vector<ISystemChangedObserver*> observers(SystemChangeList().begin(),
                                                          SystemChangeList().end());
-    for (ISystemChangedObserver* observer : observers) {
-        if (observer == origin || !SystemChangeList().contains(observer))
-            continue;
-        if (observer->OnSystemChanged() && SystemChangeList().contains(observer))
-            observer->Update(grid);
-    }
+    internal::FirstFailure failure;
+    for (ISystemChangedObserver* observer : observers)
+        failure.Try([&] {
+            if (observer == origin || !SystemChangeList().contains(observer))
+                return;
+            if (observer->OnSystemChanged() && SystemChangeList().contains(observer))
+                observer->Update(grid);
+        });
+    failure.Rethrow();
 }
 
 } // namespace korvel

@@ -277,7 +277,8 @@ std::string TimeText(std::string_view format, const CalendarFields& fields,
 }
 
 bool SetTimeLocale(const std::string& name) {
-    return std::setlocale(LC_TIME, name.c_str()) != nullptr;
+    // To the C library the empty name is the environment's locale.
+    return !name.empty() && std::setlocale(LC_TIME, name.c_str()) != nullptr;
 }
 
 } // namespace korvel::internal

@@ -21,7 +21,7 @@ std::string TimeText(std::string_view format, const platform::CalendarFields& fi
                      const platform::RegionalSettings& settings);
 
 /// Sets the C library's locale for times, which is one for the whole process; hosts may print with it. False,
-/// and nothing changed, when the C library does not know the name.
+/// and nothing changed, when the C library does not know the name, and for the empty one.
 bool SetTimeLocale(const std::string& name);
 
 } // namespace korvel::internal
