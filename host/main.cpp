@@ -23,7 +23,8 @@ void Complain(const std::string& utf8) {
 }
 
 int List(const Options& options) {
-    LandXmlDocument document(options.file, {options.stations, GetFileContainer().GetFileValue(0), options.encoding});
+    LandXmlDocument document(options.file, {options.stations, GetFileContainer().GetFileValue(0),
+                                            options.encoding, ReadingOptions::All});
     for (const std::string& notice : document.Notices())
         Complain(options.file + ": " + platform::ToUtf8(notice));
     std::ios::sync_with_stdio(false);

@@ -12,8 +12,6 @@ namespace {
 constexpr const char* InvalidMark = " [invalid]";
 constexpr const char* ForeignMark = " [foreign]";
 
-// Longer texts are shown up to here; a cell does not get better by megabytes.
-constexpr std::size_t LongestShownText = 65'536;
 constexpr std::size_t LongestOwnName = 200;
 
 constexpr std::array<std::string_view, 2> NameAttributes = {"name", "id"};
@@ -55,8 +53,8 @@ bool IsKnownNamespace(std::string_view address) {
            std::end(KnownNamespaces);
 }
 
-ElementMembers::ElementMembers(const ElementTree& tree, StationKind stations, IFileValue* fileChooser)
-    : m_tree(tree), m_scopes(tree), m_stations(stations), m_fileChooser(fileChooser),
+ElementMembers::ElementMembers(const ElementTree& tree, const ReadingOptions& options)
+    : m_tree(tree), m_scopes(tree), m_options(options),
       m_rootNamespace(tree.NamespaceOf(0, PrefixOf(tree.Name(0)))) {}
 
 bool ElementMembers::IsLandXml(std::string_view address) const {
@@ -79,13 +77,21 @@ std::vector<Member> ElementMembers::List(ElementIndex owner) const {
         const auto place = static_cast<std::uint32_t>(m_tree.OffsetOf(attribute.name));
         members.push_back(WithFlags(owner, Member(place, MemberKind::Attribute)));
     }
-    ListTextParts(owner, members);
-    for (const ElementIndex child : m_tree.Children(owner))
-        if (IsTextElement(child))
-            members.push_back(WithFlags(owner, Member(child, MemberKind::TextElement)));
-        else
-            members.emplace_back(child, MemberKind::Object);
+    const std::vector<TextSource> texts = m_tree.Texts(owner);
+    auto text = texts.begin();
+    for (const ElementIndex child : m_tree.Children(owner)) {
+        for (; text != texts.end() && text->raw.data() < m_tree.Name(child).data(); ++text)
+            ListText(owner, *text, texts.size() == 1, members);
+        members.push_back(ChildMember(owner, child));
+    }
+    for (; text != texts.end(); ++text)
+        ListText(owner, *text, texts.size() == 1, members);
     return members;
+}
+
+Member ElementMembers::ChildMember(ElementIndex owner, ElementIndex child) const {
+    return IsTextElement(child) ? WithFlags(owner, Member(child, MemberKind::TextElement))
+                                : Member(child, MemberKind::Object);
 }
 
 Member ElementMembers::WithFlags(ElementIndex owner, Member member) const {
@@ -95,14 +101,16 @@ Member ElementMembers::WithFlags(ElementIndex owner, Member member) const {
     return member;
 }
 
-void ElementMembers::ListTextParts(ElementIndex owner, std::vector<Member>& members) const {
-    const XmlCharacters text = m_tree.Text(owner).Decode(LongestShownText);
-    if (Trim(text.utf8).empty())
+void ElementMembers::ListText(ElementIndex owner, const TextSource& text, bool isOnly,
+                              std::vector<Member>& members) const {
+    const XmlCharacters characters = text.Decode(m_options.longestValue);
+    if (Trim(characters.utf8).empty())
         return;
     const TextType type = TextTypeOf(owner);
-    const std::size_t count = type.parts.size() == 1 ? 1 : SplitAtBlanks(text.utf8).size();
-    if (!text.complete || count < type.required || count > type.parts.size()) {
-        members.push_back(WithFlags(owner, Member(WholeText, MemberKind::TextPart)));
+    const std::size_t count = type.parts.size() == 1 ? 1 : SplitAtBlanks(characters.utf8).size();
+    if (!isOnly || !characters.complete || count < type.required || count > type.parts.size()) {
+        const auto offset = static_cast<std::uint32_t>(m_tree.OffsetOf(text.raw));
+        members.push_back(WithFlags(owner, Member(offset, MemberKind::Text)));
         return;
     }
     for (std::uint32_t part = 0; part < count; ++part)
@@ -133,7 +141,8 @@ std::string ElementMembers::DisplayName(ElementIndex element) const {
 MemberName ElementMembers::NameOfElement(ElementIndex element) const {
     std::string name = DisplayName(element);
     if (const std::string_view own = OwnName(element); !own.empty()) {
-        const XmlCharacters text = DecodeXmlAttribute(own, LongestOwnName);
+        const bool showsAll = m_options.longestValue == ReadingOptions::All;
+        const XmlCharacters text = DecodeXmlAttribute(own, showsAll ? ReadingOptions::All : LongestOwnName);
         name += ' ' + text.utf8 + (text.complete ? "" : "...");
     }
     return {ToLibraryText(name).text, IsForeign(element) ? ForeignMark : ""};
@@ -152,15 +161,18 @@ MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) cons
         type = AttributeType(owner, attribute);
         name.stem = ToLibraryText(std::string(attribute.name)).text;
         name.mark = IsForeign(owner, attribute) ? ForeignMark : "";
+        if (type.meaning == Meaning::Date && member.isValid)
+            name.stem += InBrackets(ZoneOfDate(attribute.value));
         break;
     }
-    case MemberKind::TextPart:
+    case MemberKind::TextPart: {
+        const TextPart& part = TextTypeOf(owner).parts[member.place];
+        type = part.type;
+        name.stem = part.name;
+        break;
+    }
+    case MemberKind::Text:
         name.stem = "text";
-        if (member.place != WholeText) {
-            const TextPart& part = TextTypeOf(owner).parts[member.place];
-            type = part.type;
-            name.stem = part.name;
-        }
         break;
     }
     if (!member.isValid)
@@ -192,10 +204,10 @@ TextType ElementMembers::TextTypeOf(ElementIndex element) const {
 
 ValuePlace ElementMembers::PlaceOf(ElementIndex owner, const ValueType& type) const {
     const bool isStation = type.meaning == Meaning::Station;
-    const bool isRailway =
-        isStation && (m_stations == StationKind::Automatic ? m_scopes.IsRailway(owner)
-                                                           : m_stations == StationKind::Railway);
-    return {m_scopes.UnitsAt(owner), isRailway, m_fileChooser};
+    const bool isRailway = isStation && (m_options.stations == StationKind::Automatic
+                                             ? m_scopes.IsRailway(owner)
+                                             : m_options.stations == StationKind::Railway);
+    return {m_scopes.UnitsAt(owner), isRailway, m_options.fileChooser};
 }
 
 TypedValue ElementMembers::Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const {
@@ -208,6 +220,8 @@ TypedValue ElementMembers::ValueOf(ElementIndex owner, const Member& member) con
         return AttributeValue(owner, m_tree.AttributeAt(member.place));
     case MemberKind::TextPart:
         return TextPartValue(owner, member.place);
+    case MemberKind::Text:
+        return TextValue(owner, member.place);
     case MemberKind::TextElement:
         return TextElementValue(member.place);
     default:
@@ -217,26 +231,41 @@ TypedValue ElementMembers::ValueOf(ElementIndex owner, const Member& member) con
 
 TypedValue ElementMembers::AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const {
     return Read(owner, AttributeType(owner, attribute),
-                DecodeXmlAttribute(attribute.value, LongestShownText));
+                DecodeXmlAttribute(attribute.value, m_options.longestValue));
 }
 
 TypedValue ElementMembers::TextPartValue(ElementIndex owner, std::uint32_t part) const {
-    XmlCharacters text = m_tree.Text(owner).Decode(LongestShownText);
+    XmlCharacters text = m_tree.Text(owner).Decode(m_options.longestValue);
     text.utf8 = Trim(text.utf8);
     const TextType type = TextTypeOf(owner);
-    if (part == WholeText) {
-        TypedValue value = Read(owner, {}, text);
-        value.isValid = type.parts.size() == 1;
-        return value;
-    }
     if (type.parts.size() > 1)
         text.utf8 = std::string(SplitAtBlanks(text.utf8)[part]);
     return Read(owner, type.parts[part].type, text);
 }
 
+TypedValue ElementMembers::TextValue(ElementIndex owner, std::uint32_t offset) const {
+    XmlCharacters text = m_tree.Text(owner, offset).Decode(m_options.longestValue);
+    text.utf8 = Trim(text.utf8);
+    TypedValue value = Read(owner, {}, text);
+    value.isValid = TextTypeOf(owner).parts.size() == 1;
+    return value;
+}
+
+std::size_t ElementMembers::OffsetOf(ElementIndex owner, const Member& member) const {
+    switch (member.kind) {
+    case MemberKind::TextPart:
+        return m_tree.OffsetOf(m_tree.Text(owner).raw);
+    case MemberKind::TextElement:
+    case MemberKind::Object:
+        return m_tree.OffsetOf(m_tree.Name(member.place));
+    default:
+        return member.place;
+    }
+}
+
 // Only the points of terrains have a type: rows of numbers.
 TypedValue ElementMembers::TextElementValue(ElementIndex element) const {
-    XmlCharacters text = m_tree.Text(element).Decode(LongestShownText);
+    XmlCharacters text = m_tree.Text(element).Decode(m_options.longestValue);
     const std::vector<std::string_view> words = SplitAtBlanks(text.utf8);
     const TextType type = TypeOfText(m_tree.LocalName(element));
     const bool isRow = words.size() >= type.required && words.size() <= type.parts.size() &&
@@ -255,6 +284,8 @@ bool ElementMembers::IsReplaceable(ElementIndex owner, const Member& member) con
         return member.isExact && !DeclaresNamespace(m_tree.AttributeAt(member.place).name);
     case MemberKind::TextPart:
         return member.isExact && m_tree.Text(owner).IsPlain();
+    case MemberKind::Text:
+        return member.isExact && m_tree.Text(owner, member.place).IsPlain();
     case MemberKind::TextElement:
         return member.isExact && m_tree.Text(member.place).IsPlain();
     default:

@@ -17,10 +17,21 @@ enum class StationKind {
     Railway,
 };
 
+/// How a document is to be read.
+struct ReadingOptions {
+    StationKind stations = StationKind::Automatic;
+    IFileValue* fileChooser = nullptr; ///< travels with file names; must outlive the document
+    std::string encoding = {};         ///< goes before what the file declares; empty: as the file says
+    static constexpr std::size_t All = std::string::npos;
+    /// Longer values end in dots: a cell does not get better by megabytes. With All, names are not cut either.
+    std::size_t longestValue = 65'536;
+};
+
 /// What a member of an element's object is.
 enum class MemberKind : std::uint32_t {
     Attribute,
-    TextPart,    ///< one of the values in the element's text, or the whole of it
+    TextPart,    ///< one of the values in the element's only text
+    Text,        ///< a whole text: one of several between child elements, or one that is not as its type says
     TextElement, ///< a child element that is shown as its text; see ElementMembers
     Object,      ///< a child element
 };
@@ -30,11 +41,12 @@ struct Member {
     Member(std::uint32_t itsPlace, MemberKind itsKind)
         : place(itsPlace), kind(itsKind), isValid(true), isExact(true), number(0) {}
 
-    std::uint32_t place; ///< offset of the attribute's name, number of the part, or the element
-    MemberKind kind : 2;
+    std::uint32_t
+        place; ///< offset of the attribute's name or of the text, number of the part, or the element
+    MemberKind kind : 3;
     bool isValid : 1;          ///< as in TypedValue; true for an object
     bool isExact : 1;          ///< as in TypedValue; true for an object
-    std::uint32_t number : 28; ///< of children with no name of their own: 1 is the first, 0 the only one
+    std::uint32_t number : 27; ///< of children with no name of their own: 1 is the first, 0 the only one
 };
 
 static_assert(sizeof(Member) == 8);
@@ -49,7 +61,7 @@ struct MemberName {
 
 /// Reads the members of elements from the document: which there are, their names and their values.
 ///
-/// An element's members are its attributes, its text, and its child elements, each in the order of the file.
+/// An element's members are its attributes, and its texts and child elements, in the order of the file.
 /// A child is named by its element's name and its attribute `name`, else `id`. The points and faces of
 /// terrains that have no attribute but `id` are shown as text, one row each and not three.
 ///
@@ -57,7 +69,7 @@ struct MemberName {
 /// type does not allow is text and marked [invalid].
 class ElementMembers {
 public:
-    ElementMembers(const ElementTree& tree, StationKind stations, IFileValue* fileChooser);
+    ElementMembers(const ElementTree& tree, const ReadingOptions& options);
 
     const ElementTree& Tree() const { return m_tree; }
 
@@ -70,6 +82,9 @@ public:
     TypedValue ValueOf(ElementIndex owner, const Member& member) const;
     TypedValue AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const;
 
+    /// Where a text or a child element begins in the document; members after the attributes are in this order.
+    std::size_t OffsetOf(ElementIndex owner, const Member& member) const;
+
     /// True when the document holds the value as plain characters that could be replaced.
     bool IsReplaceable(ElementIndex owner, const Member& member) const;
 
@@ -77,11 +92,11 @@ public:
     MemberName NameOfElement(ElementIndex element) const;
 
 private:
-    static constexpr std::uint32_t WholeText = 0xFFFFFFFF;
-
     std::string_view OwnName(ElementIndex element) const; // as written; empty: none
     Member WithFlags(ElementIndex owner, Member member) const;
-    void ListTextParts(ElementIndex owner, std::vector<Member>& members) const;
+    void ListText(ElementIndex owner, const TextSource& text, bool isOnly,
+                  std::vector<Member>& members) const;
+    Member ChildMember(ElementIndex owner, ElementIndex child) const;
     bool IsTextElement(ElementIndex element) const;
     bool IsForeign(ElementIndex element) const;
     bool IsForeign(ElementIndex owner, const XmlAttribute& attribute) const;
@@ -89,6 +104,7 @@ private:
     ValueType AttributeType(ElementIndex owner, const XmlAttribute& attribute) const;
     TextType TextTypeOf(ElementIndex element) const;
     TypedValue TextPartValue(ElementIndex owner, std::uint32_t part) const;
+    TypedValue TextValue(ElementIndex owner, std::uint32_t offset) const;
     TypedValue TextElementValue(ElementIndex element) const;
     ValuePlace PlaceOf(ElementIndex owner, const ValueType& type) const;
     TypedValue Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const;
@@ -96,8 +112,7 @@ private:
 
     const ElementTree& m_tree;
     LandXmlScopes m_scopes;
-    StationKind m_stations;
-    IFileValue* m_fileChooser;
+    ReadingOptions m_options;
     std::string_view m_rootNamespace;
 };
 

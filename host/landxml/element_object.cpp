@@ -40,7 +40,7 @@ bool ElementObject::GetMember(const std::string& name, CVariantValue& value) {
     if (!member)
         return false;
     if (member->kind != MemberKind::Object) {
-        value = m_document.Members().ValueOf(m_element, *member).value;
+        value = m_document.ValueOf(m_element, *member);
         return true;
     }
     value = CVariantValue();

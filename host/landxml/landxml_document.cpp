@@ -18,7 +18,7 @@ LandXmlDocument::LandXmlDocument(const std::string& path, const ReadingOptions& 
     : LandXmlDocument(LoadDocument(path, options.encoding), options) {}
 
 LandXmlDocument::LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options)
-    : m_loaded(std::move(loaded)), m_members(m_loaded.tree, options.stations, options.fileChooser) {
+    : m_loaded(std::move(loaded)), m_members(m_loaded.tree, options) {
     CheckVersion();
 }
 
@@ -73,6 +73,17 @@ const UniqueMemberNames& LandXmlDocument::NamesOf(ElementIndex element) {
         return *m_namesOfLarge.emplace(element, std::move(names)).first->second;
     recent = {element, std::move(names)};
     return *recent.names;
+}
+
+const CVariantValue& LandXmlDocument::ValueOf(ElementIndex element, const Member& member) {
+    const bool isLast =
+        m_lastElement == element && m_lastMember.place == member.place && m_lastMember.kind == member.kind;
+    if (!isLast) {
+        m_lastValue = m_members.ValueOf(element, member).value;
+        m_lastElement = element;
+        m_lastMember = member;
+    }
+    return m_lastValue;
 }
 
 } // namespace korvel::inspector

@@ -14,13 +14,6 @@
 
 namespace korvel::inspector {
 
-/// How a document is to be read.
-struct ReadingOptions {
-    StationKind stations = StationKind::Automatic;
-    IFileValue* fileChooser = nullptr; ///< travels with file names; must outlive the document
-    std::string encoding = {};         ///< goes before what the file declares; empty: as the file says
-};
-
 /// A LandXML file as objects for the grid.
 ///
 ///     LandXmlDocument document("road.xml", {});
@@ -61,6 +54,10 @@ public:
     /// Valid until the names of another element are asked for.
     const UniqueMemberNames& NamesOf(ElementIndex element);
 
+    /// The value of a member that is no object. A grid asks for the type and the value of a member one after the
+    /// other, so the last value is kept. Valid until that of another member is asked for.
+    const CVariantValue& ValueOf(ElementIndex element, const Member& member);
+
 private:
     LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options);
 
@@ -82,6 +79,10 @@ private:
     };
     std::array<RecentNames, 64> m_recentNames;
     std::unordered_map<ElementIndex, std::unique_ptr<UniqueMemberNames>> m_namesOfLarge;
+
+    ElementIndex m_lastElement = NoElement;
+    Member m_lastMember{0, MemberKind::Object};
+    CVariantValue m_lastValue;
 };
 
 } // namespace korvel::inspector

@@ -18,7 +18,7 @@ bool NamesAlignments(const ElementTree& tree, ElementIndex element) {
 }
 
 std::string NameText(std::string_view raw) {
-    return DecodeXmlAttribute(Trim(raw), XmlScanner::LongestAttribute).utf8;
+    return DecodeXmlAttribute(Trim(raw), std::string::npos).utf8;
 }
 
 } // namespace

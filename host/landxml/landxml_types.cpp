@@ -33,6 +33,12 @@ constexpr TypedAttributes AttributeTable[] = {
     {Meaning::Length,
      "offset startOffset endOffset fullOffset alignOffset startOffsetElev endOffsetElev offsetInOut "
      "offsetLeftRight offsetUpDown"},
+    {Meaning::Length,
+     "PointResults@meanSlopeDistance GPSVector@dX GPSVector@dY GPSVector@dZ GPSAntennaDetails@altitude "
+     "GPSAntennaDetails@ellipsiodalHeight GPSAntennaDetails@orthometricHeight GPSPosition@wgsHeight "
+     "InstrumentDetails@edmVertOffset LaserDetails@laserVertOffset TargetSetup@edmTargetVertOffset "
+     "upperStadia "
+     "lowerStadia RawObservation@rod TestObservation@rod setup1RodA setup1RodB setup2RodA setup2RodB"},
     {Meaning::Diameter, "diameter"},
     {Meaning::Width,
      "span RectPipe@width RectStruct@width InletStruct@width OutletStruct@width widthTop widthBottom "
@@ -46,12 +52,16 @@ constexpr TypedAttributes AttributeTable[] = {
     {Meaning::CantPerLength, "rateOfChangeOfAppliedCantOverLength"},
     {Meaning::Speed, "speed speedLimit"},
     {Meaning::Velocity, "velocityCritical"},
-    {Meaning::Angle, "delta theta angleSkew horizAngle circle rotationAngle zenithAngle meanzenithAngle"},
+    {Meaning::Angle, "delta theta angleSkew horizAngle circle rotationAngle zenithAngle meanzenithAngle "
+                     "meanHorizAngle magDeclination"},
     {Meaning::Direction,
      "dir dirStart dirEnd azimuth chordAzimuth orientationAzimuth circleAzimuth dirClosure lengthDir"},
     {Meaning::GeographicAngle, "latitude longitude"},
     {Meaning::Text,
-     "RedHorizontalPosition@latitude RedHorizontalPosition@longitude Parcel@volume Personnel@role"},
+     "RedHorizontalPosition@latitude RedHorizontalPosition@longitude Parcel@volume Personnel@role "
+     "Monument@state "
+     "SurveyMonument@state RedHorizontalPosition@state RedVerticalObservation@state SurveyMonument@purpose "
+     "GPSPosition@purpose"},
     {Meaning::Area, "area area2DSurf area3DSurf areaCut areaFill areaCatchment"},
     {Meaning::Volume, "volumeCut volumeFill volCut volFill volTotal DesignCrossSectSurf@volume"},
     {Meaning::Percent,
@@ -68,6 +78,16 @@ constexpr TypedAttributes AttributeTable[] = {
      "edmAccuracyppm wgsLatitude wgsLongitude GPSSetup@startTime GPSSetup@stopTime GPSQCInfoLevel1@startTime "
      "GPSQCInfoLevel1@stopTime GPSQCInfoLevel2@startTime GPSQCInfoLevel2@stopTime *StdError *Precision "
      "covariance*"},
+    // of instruments, observations and their quality
+    {Meaning::Number,
+     "localUncertainity positionalUncertainity edmAccuracyConstant carrierWavelength refractiveIndex "
+     "horizCollimation vertCollimation stadiaFactor sphericity prismEccentricity prismConstant "
+     "circlePositionSet "
+     "RDOP RMS GPSQCInfoLevel2@ratio referenceVariance horizStdDeviation vertStdDeviation "
+     "slopeDistanceStdDeviation azimuthAccuracy distanceAccuracy angleAccuracy azimuthAdoptionFactor "
+     "distanceAdoptionFactor arcAzimuthAccuracy arcLengthAccuracy lengthAdoptionFactor geosphoid"},
+    // of flows and signals
+    {Meaning::Number, "PipeFlow@intensity timeInlet lossIn lossOut signalPeriod"},
     {Meaning::Integer,
      "density rating legNumber priority zonePriorityRef numberFirst numberLast nbrSatellites LandXMLId crc "
      "zoneNumber communityTitleSchemeNo F@i F@b"},

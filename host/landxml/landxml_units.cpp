@@ -4,7 +4,11 @@
 #include "source/blanks.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
 #include <numbers>
+#include <string>
 
 namespace korvel::inspector {
 namespace {
@@ -133,23 +137,48 @@ std::optional<AngleUnit> ReadAngleUnit(const ElementTree& tree, ElementIndex sys
     return std::nullopt;
 }
 
+// Angles are read with more digits than a double has, so that it is known whether a double falls short of its
+// text.
+std::optional<long double> ReadAngle(std::string_view text) {
+    if (!ReadDouble(text))
+        return std::nullopt;
+    text = Trim(text);
+    text.remove_prefix(text.starts_with('+') ? 1 : 0);
+    long double angle = 0;
+    std::from_chars(text.data(), text.data() + text.size(), angle);
+    return angle;
+}
+
 // Degrees from "ddd.mmss" with more digits of the second after it. Read from the digits, as 45.30 stored in
 // binary can fall short of 30 minutes.
-std::optional<double> DegreesOfMinutesSeconds(std::string_view text) {
+std::optional<long double> DegreesOfMinutesSeconds(std::string_view text) {
     text = Trim(text);
     if (text.find_first_of("eE") != std::string_view::npos || !ReadDouble(text))
         return std::nullopt;
     const std::size_t point = std::min(text.find('.'), text.size());
     std::string digits(text.substr(std::min(point + 1, text.size())));
     digits.resize(std::max<std::size_t>(digits.size(), 4), '0');
-    const bool negative = text.starts_with('-');
-    const double degrees = point == 0 ? 0.0 : ReadDouble(text.substr(0, point)).value_or(0.0);
-    const double minutes = ReadDouble(digits.substr(0, 2)).value_or(0.0);
-    const double seconds = ReadDouble(digits.substr(2, 2) + "." + digits.substr(4)).value_or(0.0);
+    const long double degrees = point == 0 ? 0 : std::abs(ReadDouble(text.substr(0, point)).value_or(0));
+    const long double minutes = ReadDouble(digits.substr(0, 2)).value_or(0);
+    const long double seconds = ReadAngle(digits.substr(2, 2) + "." + digits.substr(4)).value_or(0);
     if (minutes >= 60 || seconds >= 60)
         return std::nullopt;
-    const double part = minutes / 60 + seconds / 3600;
-    return negative ? degrees - part : degrees + part;
+    const long double angle = ((degrees * 60 + minutes) * 60 + seconds) / 3600;
+    return text.starts_with('-') ? -angle : angle;
+}
+
+// The smallest double from which the library computes an angle that does not fall short of the text: a text that
+// ends in half a last digit is shown as it is rounded itself.
+double RadiansOfAngle(long double angle, double halfTurn) {
+    constexpr long double Shown = 0.5e-15L; // the library renders 15 decimals before it rounds
+    const long double least = std::abs(angle) - Shown;
+    double radians = std::abs(static_cast<double>(angle)) / halfTurn * std::numbers::pi;
+    constexpr int Furthest = 3; // the conversions round three times
+    for (int step = 0; step < Furthest; ++step)
+        radians = std::nextafter(radians, 0.0);
+    for (int step = 0; step < 2 * Furthest && radians * halfTurn / std::numbers::pi < least; ++step)
+        radians = std::nextafter(radians, std::numeric_limits<double>::infinity());
+    return angle < 0 ? -radians : radians;
 }
 
 } // namespace
@@ -172,19 +201,13 @@ UnitSet ReadUnits(const ElementTree& tree, ElementIndex units) {
 }
 
 std::optional<double> RadiansOf(std::string_view text, AngleUnit unit) {
-    constexpr double Degree = std::numbers::pi / 180;
-    const std::optional<double> number =
-        unit == AngleUnit::DegreesMinutesSeconds ? DegreesOfMinutesSeconds(text) : ReadDouble(text);
-    if (!number)
+    if (unit == AngleUnit::Radians)
+        return ReadDouble(text);
+    const std::optional<long double> angle =
+        unit == AngleUnit::DegreesMinutesSeconds ? DegreesOfMinutesSeconds(text) : ReadAngle(text);
+    if (!angle)
         return std::nullopt;
-    switch (unit) {
-    case AngleUnit::Radians:
-        return *number;
-    case AngleUnit::Grads:
-        return *number * (std::numbers::pi / 200);
-    default:
-        return *number * Degree;
-    }
+    return RadiansOfAngle(*angle, unit == AngleUnit::Grads ? 200 : 180);
 }
 
 } // namespace korvel::inspector

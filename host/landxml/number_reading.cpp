@@ -112,6 +112,11 @@ std::optional<double> ReadDate(std::string_view text) {
     return IsTimeZone(text) ? date : std::nullopt;
 }
 
+std::string_view ZoneOfDate(std::string_view text) {
+    text = Trim(text);
+    return TakeDate(text) ? text : std::string_view();
+}
+
 bool IsTime(std::string_view text) {
     text = Trim(text);
     return TakeTimeOfDay(text) && IsTimeZone(text);

@@ -23,6 +23,9 @@ std::optional<bool> ReadFlag(std::string_view text);
 /// The day as a date double; "2024-05-17", also with a time zone after it, which does not move the day.
 std::optional<double> ReadDate(std::string_view text);
 
+/// The time zone after a date that ReadDate reads, as it is written: "Z", "+03:00"; mostly empty.
+std::string_view ZoneOfDate(std::string_view text);
+
 /// True for a time ("08:30:00.5Z") or a date with a time ("2024-05-17T08:30:00+02:00").
 bool IsTime(std::string_view text);
 bool IsDateTime(std::string_view text);

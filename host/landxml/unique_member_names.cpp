@@ -118,10 +118,14 @@ std::optional<Member> UniqueMemberNames::Find(const std::string& name) const {
 }
 
 std::string UniqueMemberNames::NameOfChild(ElementIndex child) const {
-    const auto children = std::partition_point(
-        m_members.begin(), m_members.end(), [](const Member& m) { return !IsChild(m); });
-    const auto found = std::lower_bound(children, m_members.end(), child,
-                                        [](const Member& m, ElementIndex c) { return m.place < c; });
+    const auto content = std::partition_point(m_members.begin(), m_members.end(), [](const Member& member) {
+        return member.kind == MemberKind::Attribute;
+    });
+    const std::size_t offset = m_source.OffsetOf(m_owner, Member(child, MemberKind::Object));
+    const auto found =
+        std::lower_bound(content, m_members.end(), offset, [&](const Member& member, std::size_t o) {
+            return m_source.OffsetOf(m_owner, member) < o;
+        });
     return NameAt(static_cast<std::size_t>(found - m_members.begin()));
 }
 

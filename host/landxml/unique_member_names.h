@@ -45,7 +45,7 @@ private:
 
     const ElementMembers& m_source;
     ElementIndex m_owner;
-    std::vector<Member> m_members; // in file order: attributes, text, children
+    std::vector<Member> m_members; // in file order: attributes, then texts and children
     std::vector<Hashed> m_hashes;  // by hash, then by index
     std::vector<Clash> m_clashes;  // by index
 };

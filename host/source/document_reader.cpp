@@ -37,11 +37,12 @@ public:
             if (piece == XmlParser::Piece::StartTag)
                 Open();
             else if (piece == XmlParser::Piece::Text)
-                NoteText(Trim(m_parser.Raw()));
+                AddToText(Trim(m_parser.Raw()));
             else
                 Close();
-        std::sort(m_tree.m_mixedTexts.begin(), m_tree.m_mixedTexts.end(),
-                  [](const auto& a, const auto& b) { return a.element < b.element; });
+        std::sort(m_tree.m_mixedTexts.begin(), m_tree.m_mixedTexts.end(), [](const auto& a, const auto& b) {
+            return a.element != b.element ? a.element < b.element : a.begin < b.begin;
+        });
         m_tree.IndexNamespaces();
         return std::move(m_tree);
     }
@@ -50,11 +51,12 @@ private:
     struct OpenElement {
         ElementIndex element;
         std::uint32_t textBegin = 0;
-        std::uint32_t textEnd = 0;
-        bool severalTexts = false;
+        std::uint32_t textEnd = 0; // 0: nothing but blanks since the last tag
     };
 
     void Open() {
+        if (!m_open.empty())
+            KeepText(m_open.back());
         const auto element = static_cast<ElementIndex>(m_tree.m_elements.size());
         m_tree.m_elements.push_back({static_cast<std::uint32_t>(m_parser.Offset()), element + 1,
                                      m_open.empty() ? NoElement : m_open.back().element});
@@ -72,25 +74,30 @@ private:
         m_tree.m_namespaces.push_back({element, static_cast<std::uint32_t>(offset)});
     }
 
-    void NoteText(std::string_view text) {
-        if (text.empty())
+    void AddToText(std::string_view piece) {
+        if (piece.empty())
             return;
         OpenElement& open = m_open.back();
-        if (open.textEnd != 0) {
-            open.severalTexts = true;
-            return;
-        }
-        open.textBegin = static_cast<std::uint32_t>(m_tree.OffsetOf(text));
-        open.textEnd = static_cast<std::uint32_t>(open.textBegin + text.size());
+        const auto begin = static_cast<std::uint32_t>(m_tree.OffsetOf(piece));
+        if (open.textEnd == 0)
+            open.textBegin = begin;
+        open.textEnd = begin + static_cast<std::uint32_t>(piece.size());
     }
 
+    void KeepText(OpenElement& open) {
+        if (open.textEnd != 0)
+            m_tree.m_mixedTexts.push_back({open.element, open.textBegin, open.textEnd});
+        open.textEnd = 0;
+    }
+
+    // The text of an element without children is found again from its start tag.
     void Close() {
-        const OpenElement open = m_open.back();
-        m_open.pop_back();
+        OpenElement& open = m_open.back();
         const ElementIndex end = m_tree.Count();
         m_tree.m_elements[open.element].end = end;
-        if (open.textEnd != 0 && end != open.element + 1)
-            m_tree.m_mixedTexts.push_back({open.element, !open.severalTexts, open.textBegin, open.textEnd});
+        if (end != open.element + 1)
+            KeepText(open);
+        m_open.pop_back();
     }
 
     ElementTree m_tree;

@@ -30,12 +30,6 @@ std::size_t EndOfCharacters(std::string_view source, std::size_t begin) {
 
 } // namespace
 
-XmlCharacters TextSource::Decode(std::size_t longest) const {
-    XmlCharacters text = DecodeXmlText(raw, longest);
-    text.complete = text.complete && complete;
-    return text;
-}
-
 std::string_view ElementTree::Name(ElementIndex element) const {
     return XmlScanner(m_source, m_elements[element].start + 1).TakeName();
 }
@@ -73,22 +67,46 @@ std::string_view ElementTree::FindAttribute(ElementIndex element, std::string_vi
     return {};
 }
 
-TextSource ElementTree::Text(ElementIndex element) const {
-    if (HasChildren(element)) {
-        const auto found =
-            std::lower_bound(m_mixedTexts.begin(), m_mixedTexts.end(), element,
-                             [](const MixedText& text, ElementIndex e) { return text.element < e; });
-        if (found == m_mixedTexts.end() || found->element != element)
-            return {};
-        return {std::string_view(m_source).substr(found->begin, found->end - found->begin), found->complete};
+std::vector<TextSource> ElementTree::Texts(ElementIndex element) const {
+    std::vector<TextSource> texts;
+    if (!HasChildren(element)) {
+        if (const std::string_view raw = OnlyText(element); !raw.empty())
+            texts.push_back({raw});
+        return texts;
     }
+    for (auto text = FindMixedText(element, 0); text != m_mixedTexts.end() && text->element == element;
+         ++text)
+        texts.push_back({std::string_view(m_source).substr(text->begin, text->end - text->begin)});
+    return texts;
+}
+
+TextSource ElementTree::Text(ElementIndex element, std::size_t offset) const {
+    if (!HasChildren(element))
+        return {OnlyText(element)};
+    const auto text = FindMixedText(element, offset);
+    if (text == m_mixedTexts.end() || text->element != element)
+        return {};
+    return {std::string_view(m_source).substr(text->begin, text->end - text->begin)};
+}
+
+std::deque<ElementTree::MixedText>::const_iterator ElementTree::FindMixedText(ElementIndex element,
+                                                                              std::size_t offset) const {
+    return std::partition_point(
+        m_mixedTexts.begin(), m_mixedTexts.end(),
+        [&](const MixedText& text) {
+            return text.element != element ? text.element < element : text.begin < offset;
+        });
+}
+
+// Of an element without children.
+std::string_view ElementTree::OnlyText(ElementIndex element) const {
     XmlScanner scanner = AtAttributes(element);
     for (XmlAttribute attribute; scanner.NextAttribute(attribute);) {
     }
     if (!scanner.Skip(">"))
         return {}; // an empty-element tag
     const std::size_t begin = scanner.Position();
-    return {Trim(std::string_view(m_source).substr(begin, EndOfCharacters(m_source, begin) - begin)), true};
+    return Trim(std::string_view(m_source).substr(begin, EndOfCharacters(m_source, begin) - begin));
 }
 
 XmlAttribute ElementTree::AttributeAt(std::uint32_t offset) const {

@@ -15,17 +15,16 @@ namespace korvel::inspector {
 using ElementIndex = std::uint32_t;
 inline constexpr ElementIndex NoElement = 0xFFFFFFFF;
 
-/// The text directly inside an element, as written: from its first to its last character that is not blank.
-/// It may hold comments and character sections. Between child elements only the first piece is kept.
+/// A text inside an element, as written: from its first to its last character that is not blank. It may hold
+/// comments and character sections.
 struct TextSource {
     std::string_view raw;
-    bool complete = true; ///< false: further pieces follow between the child elements
 
     /// True when the characters are the value itself, so that it can be replaced in place.
-    bool IsPlain() const { return complete && raw.find('<') == std::string_view::npos; }
+    bool IsPlain() const { return raw.find('<') == std::string_view::npos; }
 
-    /// What it means; see DecodeXmlText. Not complete either when further pieces follow.
-    XmlCharacters Decode(std::size_t longest) const;
+    /// What it means; see DecodeXmlText.
+    XmlCharacters Decode(std::size_t longest) const { return DecodeXmlText(raw, longest); }
 };
 
 /// The elements of a well-formed XML document over its text, which stays as it is: 12 bytes an element.
@@ -64,7 +63,11 @@ public:
     /// The attribute whose name begins at an offset of the source.
     XmlAttribute AttributeAt(std::uint32_t offset) const;
 
-    TextSource Text(ElementIndex element) const;
+    /// All that is not blank between two tags, in the order of the file.
+    std::vector<TextSource> Texts(ElementIndex element) const;
+    /// The text that begins at an offset of the source or is the first one after it; with no such text, an
+    /// empty one.
+    TextSource Text(ElementIndex element, std::size_t offset = 0) const;
 
     /// The address that a prefix (empty: none) stands for in an element; empty when it stands for nothing.
     std::string_view NamespaceOf(ElementIndex element, std::string_view prefix) const;
@@ -84,8 +87,7 @@ private:
         ElementIndex parent;
     };
     struct MixedText {
-        std::uint32_t element : 31; // an element has at least four bytes of text
-        bool complete : 1;
+        ElementIndex element;
         std::uint32_t begin;
         std::uint32_t end;
     };
@@ -97,6 +99,8 @@ private:
     };
 
     XmlScanner AtAttributes(ElementIndex element) const;
+    std::string_view OnlyText(ElementIndex element) const;
+    std::deque<MixedText>::const_iterator FindMixedText(ElementIndex element, std::size_t offset) const;
     void IndexNamespaces();
     std::string_view PrefixAt(const NamespaceDeclaration& declaration) const;
     std::uint32_t InnermostDeclaration(std::uint32_t from, ElementIndex element) const;
@@ -105,7 +109,7 @@ private:
     std::vector<Element> m_elements;
     // Hardly any element has these, so they are not counted first; deques, because a vector that grows takes
     // twice its memory.
-    std::deque<MixedText> m_mixedTexts;            // by element
+    std::deque<MixedText> m_mixedTexts;            // of elements with children, by element, then by offset
     std::deque<NamespaceDeclaration> m_namespaces; // by prefix, then by element
 };
 

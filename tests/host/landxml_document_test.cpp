@@ -16,10 +16,10 @@ using ::testing::ElementsAre;
 
 class LandXmlDocumentTest : public GermanMachine {
 protected:
-    LandXmlDocument& Open(const std::string& xml, StationKind stations = StationKind::Automatic) {
+    LandXmlDocument& Open(const std::string& xml, const ReadingOptions& options = {}) {
         const std::string path = m_folder.Path() / "document.xml";
         std::ofstream(path) << xml;
-        m_document = std::make_unique<LandXmlDocument>(path, ReadingOptions{stations, nullptr});
+        m_document = std::make_unique<LandXmlDocument>(path, options);
         return *m_document;
     }
 
@@ -81,6 +81,7 @@ TEST_F(LandXmlDocumentTest, NamesAreUniqueInOneObject) {
         {"blank names are none", "<a><b name=' ' id=''/></a>", {"b"}},
         {"an element like an attribute", "<a b='1'><b/></a>", {"b", "b (2)"}},
         {"an attribute like the text", "<a text='1'>x</a>", {"text", "text (2)"}},
+        {"texts in their places", "<a><b/>one<b/>two<c/></a>", {"b 1", "text", "b 2", "text (2)", "c"}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -146,7 +147,8 @@ TEST_F(LandXmlDocumentTest, AllowsEditsWhereTheFileCouldBeChanged) {
     EXPECT_FALSE(isEditable("", "A")) << "an object";
     EXPECT_TRUE(isEditable("A", "text"));
     EXPECT_FALSE(isEditable("B", "text")) << "there is a comment in it";
-    EXPECT_FALSE(isEditable("C", "text")) << "it goes on elsewhere";
+    EXPECT_TRUE(isEditable("C", "text"));
+    EXPECT_TRUE(isEditable("C", "text (2)"));
 }
 
 TEST_F(LandXmlDocumentTest, ShowsUnknownVersionsReadOnly) {
@@ -182,7 +184,7 @@ TEST_F(LandXmlDocumentTest, AnOptionOverridesTheKindOfStation) {
     for (const Case& c : {Case{StationKind::Automatic, DT_RailwayStationDouble, DT_RoadStationDouble},
                           Case{StationKind::Road, DT_RoadStationDouble, DT_RoadStationDouble},
                           Case{StationKind::Railway, DT_RailwayStationDouble, DT_RailwayStationDouble}}) {
-        IMemberDispatch& root = Open(xml, c.stations).Root();
+        IMemberDispatch& root = Open(xml, {.stations = c.stations}).Root();
         EDataTyps type = DT_Void;
         EXPECT_TRUE(Child(root, "Alignment r").GetMemberType("staStart", type));
         EXPECT_EQ(type, c.rail);
@@ -222,15 +224,30 @@ TEST_F(LandXmlDocumentTest, AlignmentsShowLengthAndStations) {
     }
 }
 
-TEST_F(LandXmlDocumentTest, LongTextsAreCutAndSaySo) {
+TEST_F(LandXmlDocumentTest, MixedTextsAreShownInTheirPlaces) {
+    EXPECT_EQ(
+        ListOf(Open("<LandXML><CgPoint name='1'><b/>1 2<!-- c --> 3<b/></CgPoint><CgPoint name='2'>1 2<b/>3"
+                    "</CgPoint><Title>x &amp; <b/><!-- c --> y<c/></Title></LandXML>")
+                   .Root()),
+        "CgPoint 1\tCgPoint 1\n  name\t1\n  b 1\tb 1\n  northing\t1,00\n  easting\t2,00\n"
+        "  elevation\t3,00\n  b 2\tb 2\n"
+        "CgPoint 2\tCgPoint 2\n  name\t2\n  text [invalid]\t1 2\n  b\tb\n  text (2) [invalid]\t3\n"
+        "Title\tTitle\n  text\tx &\n  b\tb\n  text (2)\ty\n  c\tc\n");
+}
+
+TEST_F(LandXmlDocumentTest, LongTextsAreCutInCellsOnlyAndSaySo) {
     const std::string longText(100'000, 'x');
-    ElementObject& root = Open("<a n='" + longText + "'>" + longText + "</a>").Root();
-    for (const char* name : {"n", "text"}) {
-        CVariantValue value;
-        ASSERT_TRUE(root.GetMember(name, value));
-        EXPECT_LT(value.Text.size(), longText.size());
-        EXPECT_TRUE(value.Text.ends_with("x..."));
-        EXPECT_FALSE(root.IsMemberEditable(name));
+    const std::string xml = "<LandXML n='" + longText + "'>" + longText + "<b id='" + longText + "'/></LandXML>";
+    for (const std::size_t longest : {ReadingOptions().longestValue, ReadingOptions::All}) {
+        const bool isCut = longest != ReadingOptions::All;
+        ElementObject& root = Open(xml, {.longestValue = longest}).Root();
+        for (const char* name : {"n", "text"}) {
+            CVariantValue value;
+            ASSERT_TRUE(root.GetMember(name, value));
+            EXPECT_EQ(value.Text, isCut ? longText.substr(0, longest) + "..." : longText);
+            EXPECT_EQ(root.IsMemberEditable(name), !isCut);
+        }
+        EXPECT_EQ(Names(root).back(), "b " + (isCut ? longText.substr(0, 200) + "..." : longText));
     }
 }
 

@@ -2,6 +2,7 @@
 #include "landxml/number_reading.h"
 #include "landxml/value_reading.h"
 #include "source/document_reader.h"
+#include "support/german_machine.h"
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -103,6 +104,14 @@ const TypedText Rows[] = {
     {"FileName", Metric, "DocFileRef", "location", "a b.pdf", DT_FileName, "a b.pdf", "", true},
     {"Color", Metric, "Material", "color", "1,2,3", DT_ColorRGB, "197121", "", true},
     {"ColorOfFourParts", Metric, "Material", "color", "1,2,3,4", DT_String, "1,2,3,4", "", false},
+    {"StateOfAMonumentIsText", Metric, "Monument", "state", "new", DT_String, "new", "", true},
+    {"StateElsewhereIsNot", Metric, "Chain", "state", "new", DT_String, "new", "", false},
+    {"PurposeOfAPositionIsText", Metric, "GPSPosition", "purpose", "x", DT_String, "x", "", true},
+    {"DifferenceOfCoordinates", Metric, "GPSVector", "dX", "-2", DT_LengthDouble, "-2", "", true},
+    {"DeclinationIsAnAngle", Metric, "LaserSetup", "magDeclination", "200", DT_AngleDouble, "3.14159", "",
+     true},
+    {"FactorOfTheStadia", Metric, "InstrumentDetails", "stadiaFactor", "x", DT_String, "x", "", false},
+    {"RatioOfASolution", Metric, "GPSQCInfoLevel2", "ratio", "2", DT_Double, "2", "", true},
     {"PatternAtTheEnd", Metric, "Point", "northingStdError", "1", DT_Double, "1", "", true},
     {"Unknown", Metric, "Anything", "else", "12.5", DT_String, "12.5", "", true},
 };
@@ -136,6 +145,32 @@ TEST(AnglesInMinutesAndSeconds, AreReadFromTheirDigits) {
         if (radians)
             EXPECT_NEAR(*radians, c.degrees * std::numbers::pi / 180, 1e-12);
     }
+}
+
+class ReadAngles : public GermanMachine {
+protected:
+    ~ReadAngles() override { SetAngleUnit('d'); }
+};
+
+TEST_F(ReadAngles, ShowAsTheirOwnTextsAreRounded) {
+    int wrong = 0;
+    for (const auto& [unit, letter] :
+         {std::pair(AngleUnit::DecimalDegrees, 'd'), std::pair(AngleUnit::Grads, 'g')}) {
+        SetAngleUnit(letter);
+        for (int thousandths = 5; thousandths < 400'000; thousandths += 10) {
+            const std::string digits = std::to_string(1'000'000 + thousandths);
+            const std::string text = std::to_string(thousandths / 1000) + "." + digits.substr(4);
+            const int rounded = thousandths / 10 + 1;
+            const std::string shown =
+                std::to_string(rounded / 100) + "," + std::to_string(100 + rounded % 100).substr(1);
+            wrong += AngleToString(*RadiansOf(text, unit)) != shown;
+            wrong += AngleToString(*RadiansOf("-" + text, unit)) != "-" + shown;
+        }
+    }
+    EXPECT_EQ(wrong, 0);
+    SetAngleUnit('d');
+    EXPECT_EQ(AngleToString(*RadiansOf("64.0018", AngleUnit::DegreesMinutesSeconds)), "64,01");
+    EXPECT_EQ(AngleToString(*RadiansOf("0", AngleUnit::DecimalDegrees)), "0,00");
 }
 
 TEST(LandXmlScopes, HoldWhereTheirElementsStand) {

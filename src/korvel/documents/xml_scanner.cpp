@@ -115,8 +115,6 @@ std::string_view XmlScanner::TakeValue(std::string_view name) {
         Fail(open + markup, reason("the value of the attribute %1 holds '<', or it does not end"));
     if (close == m_document.size())
         FailCutOff(start, reason("the value of the attribute %1 does not end"));
-    if (value.size() > LongestAttribute)
-        Fail(start, reason("the value of the attribute %1 is longer than 10 MB"));
     m_position = close + 1;
     return value;
 }

@@ -33,8 +33,7 @@ struct XmlAttribute {
 /// character data; '&' that begins no reference; a reference to an entity that XML does not define itself, or
 /// to a character that XML does not allow; "--" in a comment; an XML declaration that is not the beginning;
 /// whatever does not end; and a declaration of entities, since a few of them can stand for gigabytes. Of a
-/// document type only the end is looked for. Names longer than LongestName and values longer than
-/// LongestAttribute are refused as well. A failure that more text could have prevented is of XmlError's cause
+/// document type only the end is looked for. Names longer than LongestName are refused as well. A failure that more text could have prevented is of XmlError's cause
 /// CutOff.
 ///
 /// Left to the caller are: the bytes (DecodeXml turns those of a file into UTF-8 and refuses characters that
@@ -48,7 +47,6 @@ class KORVEL_API XmlScanner {
 public:
     /// In bytes. Longer ones come from broken or hostile files.
     static constexpr std::size_t LongestName = 1000;
-    static constexpr std::size_t LongestAttribute = 10'000'000;
 
     /// `position` counts bytes; one beyond the document is its end.
     explicit XmlScanner(std::string_view document, std::size_t position = 0)
