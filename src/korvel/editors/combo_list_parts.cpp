@@ -64,8 +64,8 @@ void ComboListParts::Close() {
     commands.SetBaseName({});
     view.Control().SetImageList(nullptr);
     sinkTypes.clear();
-    view.Control().DeleteRowsQuietly(
-        0, view.Control().GetItemCount()); // last: the host is told of the end of a label edit
+    // Last: the host is told of the end of a label edit.
+    view.Control().DeleteRowsQuietly(0, view.Control().GetItemCount());
 }
 
 void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {
