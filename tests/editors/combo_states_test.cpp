@@ -16,6 +16,7 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
     const Strings abc = {"a", "b", "c"}, tree = {"g/a", "b"}, family = {"g/a", "g/b", "c"};
     const Strings parent = {"a", "a/b"}, deep = {"g/a", "g/a/b"},
                   words = {"gravel", "Sand", "stone", "\xE4sche", "new value", "sandy"};
+    const Strings lodz = {"\x81", "\x81\xE2\xE1-a", "\x81\xE2\xE1-b"}; // a capital; the small one is typed
     const std::string wordRows = "gravel|Sand|stone|\xE4sche|new value|sandy";
     // mode, flags, names, selection, acts; rows, current, heard, calls
     using Text = std::string;
@@ -76,6 +77,8 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
         {"from this row on", drop, Both, words, "", "type sa", wordRows, "Sand", "", ""},
         {"a letter again goes on, and round", drop, Both, words, "", "type ssss", wordRows, "Sand", "", ""},
         {"whatever the case, accents too", drop, Both, words, "", "type \xC4", wordRows, "\xE4sche", "", ""},
+        {"letters of several bytes", drop, Both, lodz, "", "type \x81\xE2\xE2\x81\xE2\xE2",
+         "\x81|" + lodz[1] + "|" + lodz[2], lodz[2], "", ""},
         {"a blank inside", drop, 0, words, "", "type new, space, type v", wordRows, "new value", "9",
          "select 5"},
         {"found nowhere", drop, 0, words, "", "type q", wordRows, "", "", ""},

@@ -6,21 +6,36 @@ namespace korvel::internal {
 
 using namespace std::chrono_literals;
 
-TypeAhead::Search TypeAhead::Type(char character, std::chrono::milliseconds now) {
+namespace {
+
+bool HasOneCharacterOnly(const std::string& text) {
+    const char32_t first = platform::CharacterAt(text, 0).code;
+    for (std::size_t at = 0; at < text.size(); at = platform::NextCharacter(text, at))
+        if (platform::CharacterAt(text, at).code != first)
+            return false;
+    return true;
+}
+
+} // namespace
+
+TypeAhead::Search TypeAhead::Type(char byte, std::chrono::milliseconds now) {
     constexpr auto Pause = 1s;
     if (now - m_last > Pause)
         m_typed.clear();
-    const bool isControl = static_cast<unsigned char>(character) < ' ' || character == '\x7F';
-    if (isControl || (character == ' ' && m_typed.empty()))
+    const bool isControl = static_cast<unsigned char>(byte) < ' ' || byte == '\x7F';
+    if (isControl || (byte == ' ' && m_typed.empty()))
         return {};
     m_last = now;
-    m_typed += platform::FoldCase({&character, 1});
-    const bool isRepeated = m_typed.find_first_not_of(m_typed.front()) == std::string::npos;
-    return {isRepeated ? m_typed.substr(0, 1) : m_typed, isRepeated};
+    m_typed += byte;
+    const std::string typed = platform::FoldCase(m_typed);
+    const bool isRepeated = HasOneCharacterOnly(typed);
+    return {isRepeated ? typed.substr(0, platform::NextCharacter(typed, 0)) : typed, isRepeated};
 }
 
 bool TypeAhead::BeginsWith(std::string_view text, const std::string& beginning) {
-    return platform::FoldCase(text.substr(0, beginning.size())) == beginning;
+    constexpr std::size_t LongestCharacter = 5; // bytes
+    const std::string_view enough = platform::CutCharacters(text, LongestCharacter * beginning.size());
+    return platform::BeginsWith(platform::FoldCase(enough), beginning);
 }
 
 } // namespace korvel::internal

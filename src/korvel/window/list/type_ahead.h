@@ -20,9 +20,10 @@ public:
         bool beginsAtNext = true;
     };
 
-    /// Control characters, and a blank that begins a search, give an empty one.
-    Search Type(char character, std::chrono::milliseconds now);
-    /// Whatever the case of its letters.
+    /// A byte of what is typed; a character of several bytes takes as many calls, and nothing begins with its
+    /// first ones alone. Control characters, and a blank that begins a search, give an empty search.
+    Search Type(char byte, std::chrono::milliseconds now);
+    /// Compares characters, whatever the case of letters.
     static bool BeginsWith(std::string_view text, const std::string& beginning);
 
 private:
