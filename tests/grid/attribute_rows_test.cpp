@@ -1,67 +1,14 @@
 // The rows of an object without a window around them.
 
-#include "korvel/grid/attribute_rows.h"
-#include "korvel/grid/cell_conversion.h"
 #include "support/fakes.h"
 #include "support/german_machine.h"
+#include "support/plain_tree.h"
 
 #include <deque>
 #include <random>
 
 namespace korvel::internal {
 namespace {
-
-// A tree that nobody sees.
-class PlainTree final : public AttributeTree {
-public:
-    explicit PlainTree(IObserverGrid* observer) : rows(*this, observer) {}
-    ~PlainTree() { rows.Unbind(); }
-
-    // Blanks for the depth, the text, the value.
-    Lines GetLines() const {
-        Lines lines;
-        Append(m_forest->children(), "", lines);
-        return lines;
-    }
-
-    CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
-        auto* row = new CTreeItem(info.release());
-        (parent ? parent : m_forest.get())->InsertChild(position, row);
-        return row;
-    }
-    void ShowRow(CTreeItem&) override {}
-    void RemoveRow(CTreeItem& row) override {
-        CTreeItem* parent = row.parent();
-        (parent ? parent : m_forest.get())->RemoveChild(&row);
-        rows.OnRowUnlinked(row, parent);
-        delete row.info;
-        delete &row;
-    }
-    void RewriteRow(const CTreeItem&) override {}
-    void ChangeMany(const std::function<void()>& change) override { change(); }
-    void OnFilled() override {}
-    void OnEnding() override {}
-    void OnEnded() override { m_forest = CTreeItem::MakeForest(); }
-    void ConvertToOutput(IMemberDispatch*, const std::string&, const CVariantValue& value, std::string& text,
-                         CItemInfo::CONTROLTYPE& control) override {
-        ConvertCell(value, text, control);
-    }
-    int ChooseImage(int image, const std::string&, IMemberDispatch*) override { return image; }
-    std::unique_ptr<IObserverGridSink> MakeSink(IMemberDispatch*) override { return nullptr; }
-
-private:
-    static void Append(const ChildList& family, const std::string& indent, Lines& lines) {
-        for (const CTreeItem* row : family) {
-            lines.push_back(indent + row->info->text + "|" + row->info->GetSubItem(0));
-            Append(row->children(), indent + " ", lines);
-        }
-    }
-
-    std::unique_ptr<CTreeItem> m_forest = CTreeItem::MakeForest();
-
-public:
-    AttributeRows rows;
-};
 
 class AttributeRowsTest : public GermanMachine {
 protected:
@@ -152,14 +99,6 @@ TEST_F(AttributeRowsTest, RowsFollowWhatObjectsSayOfThemselves) {
     tree.rows.Unbind();
     EXPECT_EQ(tree.GetLines(), Lines());
     EXPECT_EQ(observer.sinks.size(), 0u);
-}
-
-TEST_F(AttributeRowsTest, NothingIsAddedWhileNothingIsShown) {
-    HostObject object("object");
-    HostObject nested("nested");
-    tree.rows.Insert(nullptr, &object, -1, "nested", Group(&nested));
-    EXPECT_EQ(tree.GetLines(), Lines());
-    EXPECT_EQ(observer.Take(), Lines());
 }
 
 } // namespace

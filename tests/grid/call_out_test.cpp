@@ -1,5 +1,7 @@
-// Whatever a host does at whichever call it gets, rows, look-up and observer agree afterwards.
+// Whatever a host does at whichever call it gets, and wherever memory ends, rows, look-up and observer agree
+// afterwards.
 
+#include "support/failing_memory.h"
 #include "support/grid_fixture.h"
 
 #include <new>
@@ -14,123 +16,48 @@ struct CallOuts {
         if (++count == misbehavesAt)
             misbehave();
     }
-    void CountObject() {
-        EXPECT_FALSE(isOver) << "an object is called after its binding has ended";
-        Count();
-    }
     int count = 0;
     int misbehavesAt = 0;
     std::function<void()> misbehave;
-    bool isOver = false;
+    bool isOver = false; // the binding has ended
 };
 
-class CountingObject final : public HostObject {
-public:
-    CountingObject(CallOuts& calls, std::string ident) : HostObject(std::move(ident)), m_calls(calls) {}
-    void GetMemberNames(std::list<std::string>& names) override {
-        m_calls.CountObject();
-        HostObject::GetMemberNames(names);
-    }
-    std::uint32_t GetOptions() const override { return m_calls.CountObject(), HostObject::GetOptions(); }
-    bool GetMemberType(const std::string& name, EDataTyps& type) override {
-        return m_calls.CountObject(), HostObject::GetMemberType(name, type);
-    }
-    bool IsMemberEditable(const std::string& name) override {
-        return m_calls.CountObject(), HostObject::IsMemberEditable(name);
-    }
-    bool GetMember(const std::string& name, CVariantValue& value) override {
-        return m_calls.CountObject(), HostObject::GetMember(name, value);
-    }
-    bool SetMember(const std::string& name, const CVariantValue& value) override {
-        return m_calls.CountObject(), HostObject::SetMember(name, value);
-    }
-
-private:
-    CallOuts& m_calls;
-};
-
-class CountingEnumeration final : public HostEnumeration {
-public:
-    explicit CountingEnumeration(CallOuts& calls) : m_calls(calls) { entries = {Words(DT_String, "one")}; }
-    const EDataTyps& GetDataType() const override { return m_calls.Count(), HostEnumeration::GetDataType(); }
-    const std::uint32_t& GetEnumFlags() const override {
-        return m_calls.Count(), HostEnumeration::GetEnumFlags();
-    }
-    std::string GetPresentationText(const char* column) override {
-        return m_calls.Count(), HostEnumeration::GetPresentationText(column);
-    }
-    unsigned char GetPresentationKind() override {
-        return m_calls.Count(), HostEnumeration::GetPresentationKind();
-    }
-
-private:
-    CallOuts& m_calls;
-};
-
-// Keeps a sink before it misbehaves: one that was given by a call that threw must be taken back as well.
-class CountingObserver final : public RecordingObserver {
-public:
-    explicit CountingObserver(CallOuts& calls) : m_calls(calls) {}
-    void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
-        RecordingObserver::AddSink(disp, sink);
-        m_calls.Count();
-    }
-    void RemoveSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
-        RecordingObserver::RemoveSink(disp, sink);
-        m_calls.Count();
-    }
-
-private:
-    CallOuts& m_calls;
-};
-
-class CountingGrid final : public CEditableGrid {
-public:
-    CountingGrid(CallOuts& calls, IObserverGrid* observer)
-        : CEditableGrid(observer, nullptr), m_calls(calls) {}
-    void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
-                         std::string& text, CItemInfo::CONTROLTYPE& control) override {
-        m_calls.Count();
-        CEditableGrid::ConvertToOutput(disp, name, value, text, control);
-    }
-
-protected:
-    void CtrlClear() override { m_calls.Count(); }
-
-private:
-    CallOuts& m_calls;
-};
-
-class CountingParent final : public CWnd {
-public:
-    explicit CountingParent(CallOuts& calls) : m_calls(calls) {}
+struct CountingParent : CWnd {
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_GET_IMAGEINDEX || message == WM_NOTIFY)
-            m_calls.Count();
+            calls.Count();
         return CWnd::WindowProc(message, wParam, lParam);
     }
-
-private:
-    CallOuts& m_calls;
+    CallOuts calls;
 };
 
 // A grid with two nested objects, one of them with a presentation, and a further one to be added.
 struct Scene {
     Scene() {
+        for (HostObject* object : {&inner, &added, &shaped, &point, &root, &late})
+            object->onCall = [this] {
+                EXPECT_FALSE(calls.isOver) << "an object is called after its binding has ended";
+                calls.Count();
+            };
+        enumeration.onCall = observer.onCall = [this] { calls.Count(); };
+        enumeration.entries = {Words(DT_String, "one")};
         shaped.m_pEnumValue = &enumeration;
-        point.With("x", Number(DT_Double, 1)).With("list", enumeration.ListValue(DT_ListString));
+        point.With("x", Number(DT_Double, 1)).With("list", list);
         shaped.With("y", Number(DT_Double, 2));
         inner.With("z", Number(DT_Double, 3));
         added.With("inner", Group(&inner)).With("last", Flag(true));
+        late.With("y", Flag(true));
         root.SetOptions(0);
         root.With("length", Number(DT_Double, 4)).With("on", Flag(true));
         root.With("p", Group(&point)).With("q", Group(&shaped));
         parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
-        grid.emplace(calls, &observer);
+        grid.emplace(&observer, nullptr);
+        grid->onCall = [this] { calls.Count(); };
         grid->Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 105);
         grid->ModifyImageStyle(IS_AskParent, 0);
     }
     void Bind() { grid->Initialize(&root, "Name", "Value", 0); }
+    void RemovePoint() { grid->OnOperationRemove(&root, "p", Group(&point)); }
 
     // Rows and look-up agree, and the observer has the sinks of what is shown and no others.
     void ExpectAgreement() {
@@ -149,16 +76,13 @@ struct Scene {
         }
     }
 
-    CallOuts calls;
-    CountingEnumeration enumeration{calls};
-    CountingObject inner{calls, "inner"};
-    CountingObject added{calls, "added"};
-    CountingObject shaped{calls, "shaped"};
-    CountingObject point{calls, "point"};
-    CountingObject root{calls, "root"};
-    CountingObserver observer{calls};
-    CountingParent parent{calls};
-    std::optional<CountingGrid> grid;
+    CountingParent parent;
+    CallOuts& calls = parent.calls;
+    HostEnumeration enumeration;
+    const CVariantValue list = enumeration.ListValue(DT_ListString);
+    HostObject inner{"inner"}, added{"added"}, shaped{"shaped"}, point{"point"}, root{"root"}, late{"late"};
+    RecordingObserver observer;
+    std::optional<HostGrid> grid;
 
 private:
     void ExpectFiled(CSuperGridCtrl::CTreeItem* node, std::size_t& groups) {
@@ -182,44 +106,37 @@ struct Act {
 
 const std::vector<Act>& Acts() {
     static const std::vector<Act> acts = {
-        {"initialize", [](Scene& scene) { scene.Bind(); }, false},
+        {"initialize", [](Scene& s) { s.Bind(); }, false},
         {"initialize columns",
-         [](Scene& scene) {
-             scene.grid->SetLayoutMultiColumn({"Name", "x", "y"});
-             scene.Bind();
+         [](Scene& s) {
+             s.grid->SetLayoutMultiColumn({"Name", "x", "y"}), s.Bind();
          },
          false},
-        {"clear", [](Scene& scene) { scene.grid->Clear(); }},
-        {"destroy the window", [](Scene& scene) { scene.grid->DestroyWindow(); }},
-        {"delete the grid", [](Scene& scene) { scene.grid.reset(); }},
-        {"add", [](Scene& scene) { scene.grid->OnOperationAdd(&scene.point, "new", Number(DT_Double, 1)); }},
-        {"add a group",
-         [](Scene& scene) { scene.grid->OnOperationAdd(&scene.root, "r", Group(&scene.added)); }},
-        {"insert a group",
-         [](Scene& scene) { scene.grid->OnOperationInsert(&scene.point, 0, "r", Group(&scene.added)); }},
+        {"clear", [](Scene& s) { s.grid->Clear(); }},
+        {"destroy the window", [](Scene& s) { s.grid->DestroyWindow(); }},
+        {"delete the grid", [](Scene& s) { s.grid.reset(); }},
+        {"add", [](Scene& s) { s.grid->OnOperationAdd(&s.point, "new", Number(DT_Double, 1)); }},
+        {"add a group", [](Scene& s) { s.grid->OnOperationAdd(&s.root, "r", Group(&s.added)); }},
+        {"insert a group", [](Scene& s) { s.grid->OnOperationInsert(&s.point, 0, "r", Group(&s.added)); }},
+        {"remove", [](Scene& s) { s.RemovePoint(); }},
         {"remove the selected",
-         [](Scene& scene) {
-             const int row = scene.grid->RowOfNode(scene.grid->LookupTreeItem(&scene.point));
-             scene.grid->SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
-             scene.grid->OnOperationRemove(&scene.root, "p", Group(&scene.point));
+         [](Scene& s) {
+             s.grid->SetItemState(s.grid->RowOfNode(s.grid->LookupTreeItem(&s.point)), LVIS_SELECTED,
+                                  LVIS_SELECTED);
+             s.RemovePoint();
          }},
-        {"remove",
-         [](Scene& scene) { scene.grid->OnOperationRemove(&scene.root, "p", Group(&scene.point)); }},
         {"rename",
-         [](Scene& scene) {
-             scene.point.RenameMember("x", "east");
-             scene.grid->OnOperationRename(&scene.point, "x", "east");
+         [](Scene& s) {
+             s.point.RenameMember("x", "east");
+             s.grid->OnOperationRename(&s.point, "x", "east");
          }},
-        {"change", [](Scene& scene) { scene.grid->OnChange(&scene.point, "x", Number(DT_Double, 7)); }},
-        {"change a flag", [](Scene& scene) { scene.grid->OnChange(&scene.root, "on", Flag(false)); }},
+        {"change", [](Scene& s) { s.grid->OnChange(&s.point, "x", Number(DT_Double, 7)); }},
+        {"change a flag", [](Scene& s) { s.grid->OnChange(&s.root, "on", Flag(false)); }},
         {"change the type",
-         [](Scene& scene) {
-             scene.grid->OnOperationChangeType(&scene.point, "list", DT_ListString,
-                                               scene.enumeration.ListValue(DT_ListString));
-         }},
+         [](Scene& s) { s.grid->OnOperationChangeType(&s.point, "list", DT_ListString, s.list); }},
         {"change the presentation",
-         [](Scene& scene) { scene.grid->OnOperationChangeTupelPresentation(&scene.shaped, "other"); }},
-        {"change the layout", [](Scene& scene) { scene.grid->SetLayoutSingleAttrColumn(); }},
+         [](Scene& s) { s.grid->OnOperationChangeTupelPresentation(&s.shaped, "other"); }},
+        {"change the layout", [](Scene& s) { s.grid->SetLayoutSingleAttrColumn(); }},
         {"change a format", [](Scene&) { SetFormatDouble(GermanFormat(3)); }},
     };
     return acts;
@@ -228,17 +145,39 @@ const std::vector<Act>& Acts() {
 class CallsOfTheHost : public GermanMachine, protected GridWindows {
 protected:
     // At the first call out of an act, then at the second, until the act has no more.
-    void MisbehaveEverywhere(const std::function<void(Scene&)>& misbehave) {
+    static void MisbehaveEverywhere(const std::function<void(Scene&)>& misbehave) {
         for (const Act& act : Acts()) {
             // An act that a misbehaviour ends makes fewer calls than a whole one.
             int count = MisbehaveOnce(act, 0, misbehave);
-            for (int at = 1; at <= count; ++at) {
+            for (int at = 1; at <= count && !HasFailure(); ++at) {
                 SCOPED_TRACE(std::string(act.name) + ", call " + std::to_string(at));
                 count = std::max(count, MisbehaveOnce(act, at, misbehave));
-                if (HasFailure())
-                    return;
             }
         }
+    }
+    // The same for a grid that is there still.
+    static void MisbehaveInTheGrid(const std::function<void(Scene&)>& misbehave) {
+        MisbehaveEverywhere([&](Scene& scene) {
+            if (!scene.grid)
+                return;
+            const bool wasBound = scene.grid->GetRootDisp();
+            misbehave(scene);
+            scene.calls.isOver = wasBound && !scene.grid->GetRootDisp();
+        });
+    }
+    // False when `passing` allocations are all that the act makes.
+    static bool RunOutOfMemory(const Act& act, int passing) {
+        Scene scene;
+        if (act.bindsFirst)
+            scene.Bind();
+        bool hasFailed = false;
+        try {
+            const FailingMemory memory(passing, hasFailed);
+            act.run(scene);
+        } catch (const std::bad_alloc&) {
+        }
+        ExpectAgreementToTheEnd(scene);
+        return hasFailed;
     }
 
 private:
@@ -256,6 +195,10 @@ private:
         const int count = scene.calls.count;
         scene.calls.misbehavesAt = 0;
         scene.calls.isOver = false;
+        ExpectAgreementToTheEnd(scene);
+        return count;
+    }
+    static void ExpectAgreementToTheEnd(Scene& scene) {
         if (scene.grid) {
             scene.ExpectAgreement();
             scene.grid->Clear();
@@ -266,56 +209,41 @@ private:
         }
         scene.grid.reset();
         EXPECT_EQ(scene.observer.sinks.size(), 0u);
-        return count;
     }
 };
 
 TEST_F(CallsOfTheHost, AnExceptionLeavesABindingWholeOrUndone) {
     MisbehaveEverywhere([](Scene&) { throw std::runtime_error("of the host"); });
+    MisbehaveEverywhere([](Scene&) { throw std::bad_alloc(); }); // not taken for a missing member
 }
 
 TEST_F(CallsOfTheHost, WantOfMemoryLeavesABindingWholeOrUndone) {
-    MisbehaveEverywhere([](Scene&) { throw std::bad_alloc(); });
+    for (const Act& act : Acts())
+        for (int passing = 0; !HasFailure(); ++passing) {
+            SCOPED_TRACE(std::string(act.name) + ", after " + std::to_string(passing) + " allocations");
+            if (!RunOutOfMemory(act, passing))
+                break;
+        }
 }
 
-TEST_F(CallsOfTheHost, TheBindingMayEnd) {
-    MisbehaveEverywhere([](Scene& scene) {
-        if (!scene.grid)
-            return;
-        const bool wasBound = scene.grid->GetRootDisp();
+TEST_F(CallsOfTheHost, TheBindingMayEndOrBeginAgain) {
+    MisbehaveInTheGrid([](Scene& scene) { scene.grid->Clear(); });
+    MisbehaveInTheGrid([](Scene& scene) { scene.Bind(); });
+    MisbehaveInTheGrid([](Scene& scene) {
         scene.grid->Clear();
-        scene.calls.isOver = wasBound && !scene.grid->GetRootDisp();
+        scene.Bind();
     });
 }
 
 TEST_F(CallsOfTheHost, TheWindowMayBeDestroyed) {
-    MisbehaveEverywhere([](Scene& scene) {
-        if (!scene.grid)
-            return;
-        const bool wasBound = scene.grid->GetRootDisp();
-        scene.grid->DestroyWindow();
-        scene.calls.isOver = wasBound && !scene.grid->GetRootDisp();
-    });
+    MisbehaveInTheGrid([](Scene& scene) { scene.grid->DestroyWindow(); });
 }
 
-TEST_F(CallsOfTheHost, TheLayoutMayChange) {
-    MisbehaveEverywhere([](Scene& scene) {
-        if (scene.grid)
-            scene.grid->SetLayoutMultiColumn({"Name", "x"});
-    });
-}
-
-TEST_F(CallsOfTheHost, TheObjectMayLeaveOrComeBack) {
-    MisbehaveEverywhere([](Scene& scene) {
-        if (scene.grid)
-            scene.grid->OnOperationRemove(&scene.root, "p", Group(&scene.point));
-    });
-    MisbehaveEverywhere([](Scene& scene) {
-        if (!scene.grid)
-            return;
-        scene.grid->Clear();
-        scene.Bind();
-    });
+TEST_F(CallsOfTheHost, LayoutAndObjectsMayChange) {
+    MisbehaveInTheGrid([](Scene& scene) { scene.grid->SetLayoutMultiColumn({"Name", "x"}); });
+    MisbehaveInTheGrid([](Scene& scene) { scene.RemovePoint(); });
+    MisbehaveInTheGrid(
+        [](Scene& scene) { scene.grid->OnOperationAdd(&scene.root, "late", Group(&scene.late)); });
 }
 
 } // namespace

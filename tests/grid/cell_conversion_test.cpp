@@ -107,17 +107,24 @@ TEST_F(CellConversions, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) 
     EXPECT_EQ(grid.GetItemText(2, 1), "3");
 }
 
-TEST_F(CellConversions, WhatIsGoneWhileAFormatChangesIsSkipped) {
-    root.With("a", Number(DT_Double, 1)).With("b", Number(DT_Double, 2));
-    Bind(root);
-    root.onRead = [&](const std::string& name) {
-        root.onRead = nullptr;
-        SinkOf(root).OnOperationRemove(name == "a" ? "b" : "a", Number(DT_Double, 0));
-    };
-    SetFormatDouble(GermanFormat(1));
-    EXPECT_EQ(grid.GetItemCount(), 1);
-    grid.Clear();
-    SetFormatDouble(GermanFormat(4)); // nobody listens any more
+// Not what was written before the exception.
+TEST_F(GridTest, AConversionThatThrowsLeavesTheCellEmpty) {
+    class ThrowingGrid : public CEditableGrid {
+    public:
+        using CEditableGrid::CEditableGrid;
+        void ConvertToOutput(IMemberDispatch*, const std::string&, const CVariantValue&, std::string& text,
+                             CItemInfo::CONTROLTYPE& control) override {
+            text = "half";
+            control = CItemInfo::ctColor;
+            throw std::runtime_error("no text");
+        }
+    } grid(nullptr, nullptr);
+    Make(grid);
+    root.With("a", Word(DT_ColorRGB, 7));
+    grid.Initialize(&root, "Name", "Value", 0);
+    EXPECT_EQ(Rows(grid), Lines({"a|"}));
+    EXPECT_EQ(grid.NodeAtRow(0)->info->GetControlType(0), CItemInfo::ctEdit);
+    EXPECT_EQ(grid.NodeAtRow(0)->info->GetCellColor(0), CItemInfo::NoColor);
 }
 
 } // namespace

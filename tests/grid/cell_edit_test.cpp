@@ -3,6 +3,7 @@
 #include "support/table.h"
 
 #include <functional>
+#include <stdexcept>
 
 namespace korvel {
 namespace {
@@ -32,9 +33,14 @@ protected:
         return rect;
     }
 
-    struct EmptiedGrid : HookedGrid {
-        using CSuperGridCtrl::DeleteAllNodes;
-    } grid;
+    // Tears down what an act left, for the next one.
+    void Renew() {
+        grid.DestroyWindow();
+        grid.DeleteAllNodes();
+        ASSERT_NO_FATAL_FAILURE(SetUp());
+    }
+
+    HookedGrid grid;
     CTreeItem* parent = nullptr;
     CTreeItem* child = nullptr;
     HWND edit = nullptr;
@@ -70,25 +76,40 @@ TEST_F(CellEdit, KeepsTextAndRowWhileRowsMoveAndEndsWithItsText) {
         }
         EXPECT_EQ(child->info->GetSubItem(0), "typed");
         EXPECT_FALSE(IsWindowVisible(edit));
-        grid.DestroyWindow();
-        grid.DeleteAllNodes();
-        ASSERT_NO_FATAL_FAILURE(SetUp());
+        ASSERT_NO_FATAL_FAILURE(Renew());
     }
 }
 
-TEST_F(CellEdit, EndsWithItsNode) {
-    for (const auto& [border, act] :
-         Table<std::function<void()>>{{"removed", [&] { grid.RemoveNode(child); }},
-                                      {"removed with its parent", [&] { grid.RemoveRootNode(parent); }},
-                                      {"all removed", [&] { grid.DeleteAllNodes(); }}}) {
-        SCOPED_TRACE(border);
-        act();
-        EXPECT_FALSE(IsWindowVisible(edit));
-        input::Key(edit, WM_KEYDOWN, VK_RETURN, "");
-        grid.DestroyWindow();
-        grid.DeleteAllNodes();
-        ASSERT_NO_FATAL_FAILURE(SetUp());
-    }
+TEST_F(CellEdit, KeysTheFocusAndItsNodeEndItAlsoWhenAHandlerThrows) {
+    for (const bool throws : {false, true})
+        for (const auto& [border, act, text] : Table<std::function<void()>, const char*>{
+                 {"Return takes", [&] { input::Key(edit, WM_KEYDOWN, VK_RETURN, ""); }, "typed"},
+                 {"Escape drops", [&] { input::Key(edit, WM_KEYDOWN, VK_ESCAPE, ""); }, "value"},
+                 {"leaving takes", [&] { SetFocus(throws ? grid.m_hWnd : frame.m_hWnd); }, "typed"},
+                 {"its node goes", [&] { grid.RemoveNode(child); }, nullptr},
+                 {"its parent goes", [&] { grid.RemoveRootNode(parent); }, nullptr},
+                 {"all goes", [&] { grid.DeleteAllNodes(); }, nullptr}}) {
+            SCOPED_TRACE(std::string(border) + (throws ? ", a handler throws" : ""));
+            grid.onMessage = [throws = throws](UINT message) {
+                if (throws && message == WM_SETFOCUS)
+                    throw std::runtime_error("of a handler");
+            };
+            try {
+                act();
+                EXPECT_FALSE(throws);
+            } catch (const std::runtime_error&) {
+                EXPECT_TRUE(throws);
+            }
+            grid.onMessage = nullptr;
+            EXPECT_FALSE(IsWindowVisible(edit));
+            if (text)
+                EXPECT_EQ(child->info->GetSubItem(0), text);
+            grid.RebuildRows();
+            Add(grid, nullptr, "new", {}, 0);
+            grid.EnsureVisible(grid.GetItemCount() - 1, false); // it would follow its cell
+            input::Key(edit, WM_KEYDOWN, VK_RETURN, "");
+            ASSERT_NO_FATAL_FAILURE(Renew());
+        }
 }
 
 } // namespace

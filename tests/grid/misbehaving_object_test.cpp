@@ -1,4 +1,5 @@
 #include "support/grid_fixture.h"
+#include "support/table.h"
 
 #include <new>
 
@@ -58,73 +59,51 @@ TEST_F(BoundGridTest, OfManyMembersOfOneNameTheFirstIsAddressed) {
     }
 }
 
-// The rows go by what they show, not by what the object returns by then.
-TEST_F(BoundGridTest, AnObjectMayChangeItsNamesBeforeItsRowsGo) {
+// Rows go by what they are filed for, whatever object and host have made of names and texts since.
+TEST_F(BoundGridTest, AnObjectMayChangeItsNamesAndTheHostItsTextsBeforeRowsGo) {
     point.With("x", Whole(DT_Int, 1)).With("y", Whole(DT_Int, 2));
     root.With("p", Group(&point));
     Bind(root);
     point.RemoveMember("x");
     point.RenameMember("y", "z");
-    SinkOf(root).OnOperationRemove("p", Group(&point));
-    for (const char* name : {"x", "y"})
+    grid.LookupTreeItem(&point, "x")->info->text = "overwritten";
+    grid.RemoveRootNode(grid.LookupTreeItem(&root, "p"));
+    for (const char* name : {"x", "y", "overwritten"})
         EXPECT_EQ(grid.LookupTreeItem(&point, name), nullptr) << name;
+    EXPECT_EQ(observer.log.back(), "-point");
 }
 
-TEST_F(BoundGridTest, AnObjectMayTellOfRemovalsWhileItIsReadOrPainted) {
-    for (const char* name : {"x", "y", "z"})
-        point.With(name, Words(DT_String, name));
+TEST_F(BoundGridTest, AnObjectMayTellOfRemovalsWhileItIsPainted) {
     root.With("early", Flag(true)).With("late", Words(DT_String, "stays"));
     Bind(root);
-    point.onRead = [&](const std::string& name) {
-        if (name == "y")
-            SinkOf(root).OnOperationRemove("p", Group(&point));
-    };
-    SinkOf(root).OnOperationAdd("p", Group(&point)); // not filed yet when "y" is read
-    SinkOf(root).OnOperationRemove("p", Group(&point));
     root.onRead = [&](const std::string& name) { SinkOf(root).OnOperationRemove(name, Flag(true)); };
     display.PaintWindow(grid.m_hWnd);
-    EXPECT_EQ(Rows(grid).front(), "late|stays");
-    point.onRead = [&](const std::string& name) {
-        if (name == "y")
-            grid.Clear();
-    };
-    SinkOf(root).OnOperationAdd("p", Group(&point));
-    EXPECT_EQ(grid.GetItemCount(), 0);
-    EXPECT_EQ(grid.LookupTreeItem(&point, "x"), nullptr);
+    EXPECT_EQ(Rows(grid), Lines({"late|stays"}));
 }
 
-TEST_F(BoundGridTest, AnObjectThatBindsTheGridWhileItIsReadIsShownOnce) {
-    root.With("a", Flag(true));
-    root.onRead = [&](const std::string&) { Bind(root); };
-    Bind(root);
-    EXPECT_EQ(Rows(grid), Lines({"a|"}));
-}
-
-TEST_F(GridTest, AnObserverMayComeBackWhileTheGridIsCleared) {
-    root.With("p", Group(&point));
-    ReturningObserver returning;
-    CEditableGrid& grid = returning.grid;
-    Make(grid);
-    grid.Initialize(&root, "Name", "Value", 0);
-    returning.Take();
-    grid.Clear();
-    EXPECT_EQ(returning.Take(), Lines({"-point", "-root"}));
-    EXPECT_EQ(grid.GetColumnCount(), 0);
-    EXPECT_EQ(grid.LookupTreeItem(&returning.late), nullptr);
-    grid.Initialize(&root, "Name", "Value", 0);
-    EXPECT_EQ(Rows(grid), Lines({"p|"}));
+// Whatever goes while a flag is read: only its own row ends the write.
+TEST_F(BoundGridTest, AFlagIsWrittenAlthoughAnotherRowGoesMeanwhile) {
+    for (const auto& [removed, isWritten] : {std::pair("other", true), {"on", false}}) {
+        HostObject& object = Object();
+        object.With("on", Flag(true)).With("other", Flag(true));
+        Bind(object);
+        object.onRead = [&, name = std::string(removed)](const std::string&) {
+            SinkOf(object).OnOperationRemove(name, Flag(true));
+        };
+        SinkOf(object).OnChange("on", Flag(false));
+        EXPECT_EQ(object.writes, isWritten ? 1 : 0) << removed;
+        grid.Clear();
+    }
 }
 
 TEST_F(BoundGridTest, AnObserverThatThrowsStopsNoneOfTheOthersFromHearing) {
     root.With("p", Group(&point)).With("q", Group(&Object("other")));
     point.With("deep", Group(&Object("deep")));
-    const std::tuple<const char*, std::size_t, std::function<void()>> rows[] = {
-        {"a removal", 2, [&] { SinkOf(root).OnOperationRemove("p", Group(&point)); }},
-        {"the end", 4, [&] { grid.Clear(); }},
-        {"another layout", 4, [&] { grid.SetLayoutSingleAttrColumn(); }},
-        {"the end of the window", 4, [&] { grid.DestroyWindow(); }},
-    };
-    for (const auto& [border, told, act] : rows) {
+    for (const auto& [border, told, act] : Table<int, std::function<void()>>{
+             {"a removal", 2, [&] { SinkOf(root).OnOperationRemove("p", Group(&point)); }},
+             {"the end", 4, [&] { grid.Clear(); }},
+             {"another layout", 4, [&] { grid.SetLayoutSingleAttrColumn(); }},
+             {"the end of the window", 4, [&] { grid.DestroyWindow(); }}}) {
         Bind(root);
         observer.Take();
         observer.throwsOnRemove = true;
@@ -154,18 +133,6 @@ TEST_F(BoundGridTest, ABindingThatFailedKeepsTheWidthsOfTheColumns) {
     Bind(root);
     EXPECT_EQ(grid.GetColumnWidth(0), 70);
     EXPECT_EQ(grid.GetColumnWidth(1), 80);
-}
-
-// A row's text is the host's to touch; a removal must still leave nothing behind that leads to the row.
-TEST_F(BoundGridTest, ARowWhoseTextWasOverwrittenIsForgottenWithItsGroup) {
-    point.With("x", Whole(DT_Int, 1));
-    root.With("p", Group(&point));
-    Bind(root);
-    grid.LookupTreeItem(&point, "x")->info->text = "overwritten";
-    grid.RemoveRootNode(grid.LookupTreeItem(&root, "p"));
-    EXPECT_EQ(grid.LookupTreeItem(&point), nullptr);
-    EXPECT_EQ(grid.LookupTreeItem(&point, "overwritten"), nullptr);
-    EXPECT_EQ(observer.log.back(), "-point");
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "korvel/grid/cell_geometry.h"
 #include "support/grid_fixture.h"
+#include "support/table.h"
 
 #include <functional>
 #include <set>
@@ -181,36 +182,31 @@ private:
 TEST_F(GridTest, ARowMayBeRemovedByWhoeverIsAskedHowItLooks) {
     CImageList icons(20, 20);
     icons.Add(Image{20, 20, std::vector<std::uint32_t>(400, 0xFF000000)});
-    for (const char* place : {"icon", "focus color", "check state", "after a cell", "frame"}) {
-        for (const char* deed : {"remove", "clear", "images", "destroy", "add"}) {
-            SCOPED_TRACE(place + std::string(": ") + deed);
-            MeddlingGrid grid;
-            MakeBare(grid);
-            grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    MeddlingGrid* grid = nullptr;
+    for (const auto& [border, deed] : Table<std::function<void()>>{
+             {"remove", [&] { grid->RemoveRootNode(grid->rootItems().front()); }},
+             {"clear", [&] { grid->RemoveRootNode(grid->rootItems().front()), grid->RebuildRows(); }},
+             {"images", [&] { grid->SetImageList(&icons); }},
+             {"destroy", [&] { grid->DestroyWindow(); }},
+             {"add", [&] { Add(*grid, nullptr, "new", {}, 0); }}})
+        for (const char* place : {"icon", "focus color", "check state", "after a cell", "frame"}) {
+            SCOPED_TRACE(place + std::string(": ") + border);
+            MeddlingGrid painted;
+            grid = &painted;
+            MakeBare(painted);
+            painted.SetExtendedStyle(LVS_EX_CHECKBOXES);
             for (const char* name : {"first", "second"}) {
-                CTreeItem* node = Add(grid, nullptr, name, {"value"});
+                CTreeItem* node = Add(painted, nullptr, name, {"value"});
                 node->info->SetControlType(0, CItemInfo::ctCheck);
-                Add(grid, node, "below");
+                Add(painted, node, "below");
             }
-            grid.ExpandAll();
-            Select(grid, 0);
-            grid.at = place;
-            grid.act = [&, deed = std::string(deed)] {
-                if (deed == "remove" || deed == "clear")
-                    grid.RemoveRootNode(grid.rootItems().front());
-                if (deed == "clear")
-                    grid.RebuildRows();
-                if (deed == "images")
-                    grid.SetImageList(&icons);
-                if (deed == "destroy")
-                    grid.DestroyWindow();
-                if (deed == "add")
-                    Add(grid, nullptr, "new", {}, 0);
-            };
-            display.PaintWindow(grid.m_hWnd);
-            EXPECT_FALSE(grid.act) << "it was asked";
+            painted.ExpandAll();
+            Select(painted, 0);
+            painted.at = place;
+            painted.act = deed;
+            display.PaintWindow(painted.m_hWnd);
+            EXPECT_FALSE(painted.act) << "it was asked";
         }
-    }
 }
 
 } // namespace

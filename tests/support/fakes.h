@@ -35,8 +35,19 @@ inline CVariantValue Group(IMemberDispatch* object) {
     return MakeValue(DT_Group, object);
 }
 
+/// Says when the host is called.
+struct OfTheHost {
+    std::function<void()> onCall;
+
+protected:
+    void Call() const {
+        if (onCall)
+            onCall();
+    }
+};
+
 /// An object of the host. Counts the writes that reach it, and misbehaves when told.
-class HostObject : public TMemberDispatchImp<HostObject> {
+class HostObject : public TMemberDispatchImp<HostObject>, public OfTheHost {
     using Base = TMemberDispatchImp<HostObject>;
 
 public:
@@ -56,11 +67,18 @@ public:
     }
 
     void GetMemberNames(std::list<std::string>& names) override {
+        Call();
         if (throwsOn == "*")
             throw std::runtime_error("no names");
         Base::GetMemberNames(names);
     }
+    std::uint32_t GetOptions() const override { return Call(), Base::GetOptions(); }
+    bool GetMemberType(const std::string& name, EDataTyps& type) override {
+        return Call(), Base::GetMemberType(name, type);
+    }
+    bool IsMemberEditable(const std::string& name) override { return Call(), Base::IsMemberEditable(name); }
     bool GetMember(const std::string& name, CVariantValue& value) override {
+        Call();
         if (name == throwsOn)
             throw std::runtime_error("no value");
         if (onRead)
@@ -68,6 +86,7 @@ public:
         return Base::GetMember(name, value);
     }
     bool SetMember(const std::string& name, const CVariantValue& value) override {
+        Call();
         ++writes;
         if (onWrite)
             onWrite(name, value);
@@ -81,15 +100,17 @@ public:
 };
 
 /// The host's observer: writes down what it hears, objects by their names, and keeps the sinks.
-class RecordingObserver : public QuietObserver {
+class RecordingObserver : public QuietObserver, public OfTheHost {
 public:
     void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
         log.push_back("+" + NameOf(disp) + (sink ? "" : " without sink"));
         sinks[disp] = sink;
+        Call();
     }
     void RemoveSink(IMemberDispatch* disp, IObserverGridSink*) override {
         log.push_back("-" + NameOf(disp));
         sinks.erase(disp);
+        Call();
         if (throwsOnRemove)
             throw std::runtime_error(log.back());
     }
@@ -104,27 +125,14 @@ private:
     static std::string NameOf(IMemberDispatch* disp) { return disp ? disp->GetIdent() : "null"; }
 };
 
-/// Comes back to the grid with whatever it hears of an object that is no longer shown.
-class ReturningObserver final : public RecordingObserver {
-public:
-    void RemoveSink(IMemberDispatch* disp, IObserverGridSink* sink) override {
-        RecordingObserver::RemoveSink(disp, sink);
-        sink->OnOperationAdd("late", Group(&late));
-        grid.Clear();
-        grid.Initialize(disp, "Name", "Value", 0);
-    }
-    HostObject late{"late"};
-    CEditableGrid grid{this, nullptr};
-};
-
 /// An enumeration with entries "entry 0" and so on, of which the value's Text names the selected one. It may
 /// be the presentation of a group at the same time.
-class HostEnumeration : public IEnumValue, public GroupPresentation {
+class HostEnumeration : public IEnumValue, public GroupPresentation, public OfTheHost {
 public:
     bool IsAutoDestroy() const override { return false; }
     void Destroy() override {}
-    const EDataTyps& GetDataType() const override { return type; }
-    const std::uint32_t& GetEnumFlags() const override { return flags; }
+    const EDataTyps& GetDataType() const override { return Call(), type; }
+    const std::uint32_t& GetEnumFlags() const override { return Call(), flags; }
     long AddValue(const std::string&, const std::string&) override { return -1; }
     void RemoveValue(long) override {}
     bool GetName(long id, CVariantValue& name) override {
@@ -146,9 +154,10 @@ public:
     const char* GetSeparator(bool) const override { return "/"; }
 
     std::string GetPresentationText(const char* column) override {
+        Call();
         return column ? std::string("in ") + column : "as text";
     }
-    unsigned char GetPresentationKind() override { return kind; }
+    unsigned char GetPresentationKind() override { return Call(), kind; }
     void OnPresentationClick() override {}
 
     CVariantValue ListValue(EDataTyps listType) { return MakeList(listType, "", this); }
@@ -180,9 +189,28 @@ public:
     }
 
     CItemInfo* CopyItemInfo(const CItemInfo* source) override { return new CItemInfo(*source); }
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (onMessage)
+            onMessage(message);
+        return CSuperGridCtrl::WindowProc(message, wParam, lParam);
+    }
+    using CSuperGridCtrl::DeleteAllNodes;
+    using CSuperGridCtrl::TakeNode;
+
+    std::function<void(UINT message)> onMessage;
+    std::function<void(const NMLISTVIEW&)> onNotice; // LVN_DELETEITEM and LVN_ITEMCHANGED of its own list
 
     Lines Take() { return std::exchange(m_log, {}); }
     std::string refused;
+
+protected:
+    bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+        const auto* notice = reinterpret_cast<const NMLISTVIEW*>(lParam);
+        if (message == WM_NOTIFY && onNotice &&
+            (notice->hdr.code == LVN_DELETEITEM || notice->hdr.code == LVN_ITEMCHANGED))
+            onNotice(*notice);
+        return CSuperGridCtrl::OnChildNotify(message, wParam, lParam, result);
+    }
 
 private:
     BOOL Hook(const std::string& name, const CTreeItem* node, int row) {
@@ -194,15 +222,22 @@ private:
 
 /// An attribute grid of the host that writes down the edits that clicks ask for, and draws flags of one name
 /// checked.
-class HostGrid : public CEditableGrid {
+class HostGrid : public CEditableGrid, public OfTheHost {
 public:
     using CEditableGrid::CEditableGrid;
+    using CEditableGrid::m_pObserver;
+    void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
+                         std::string& text, CItemInfo::CONTROLTYPE& control) override {
+        Call();
+        CEditableGrid::ConvertToOutput(disp, name, value, text, control);
+    }
     bool OnGetCheckState(IMemberDispatch*, const std::string& name, const CVariantValue&) override {
         return name == "always";
     }
     std::string edits;
 
 protected:
+    void CtrlClear() override { Call(); }
     void OnEdit(CItemInfo*, int row, int column, CPoint, IMemberDispatch* disp,
                 const CString& name) override {
         edits +=

@@ -1,15 +1,15 @@
 #include "korvel/grid/attribute_rows.h"
 
-#include "korvel/grid/cell_content.h"
 #include "korvel/grid/cell_conversion.h"
 #include "korvel/grid/group_texts.h"
+#include "korvel/grid/member_content.h"
 #include "korvel/grid/member_reads.h"
 #include "korvel/grid/row_icons.h"
+#include "korvel/grid/tree_walk.h"
 #include "korvel/window/base/first_failure.h"
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace korvel::internal {
 
@@ -17,12 +17,6 @@ namespace {
 
 // Objects nested deeper show as groups without members: a host may make them endlessly.
 constexpr int DeepestLevel = 2000;
-
-// Nothing when the value throws.
-FormatService ReadFormatService(const CVariantValue& value) {
-    return ReadOr(
-        FormatService::None, [&] { return FormatServiceOf(value); });
-}
 
 bool IsShownAbove(const grid::CTreeItem* row, const IMemberDispatch* sub) {
     while (row && row->info->disp != sub)
@@ -42,13 +36,6 @@ private:
     bool& m_flag;
     const bool m_former;
 };
-
-// A row is filed under the object of the row above it, unless the host has added it for another one.
-void ForgetRow(MemberIndex& index, const IMemberDispatch* disp, const grid::CTreeItem& row) {
-    const bool wasFiled = row.info->indexHash != 0;
-    if (!index.RemoveRow(disp, row) && wasFiled)
-        index.RemoveRow(row);
-}
 
 } // namespace
 
@@ -101,7 +88,7 @@ void AttributeRows::Unbind() {
     IMemberDispatch* root = std::exchange(m_root, nullptr);
     ShownGroups::Leaving groups = m_groups.LeaveAll();
     m_index.Clear();
-    m_subscriptions.Update(m_index);
+    failure.Try([&] { m_subscriptions.Update(m_index); });
     groups.TakeBack(failure);
     if (std::exchange(m_isRootTold, false))
         failure.Try([&] { m_observer->RemoveSink(root, m_rootSink.get()); });
@@ -113,7 +100,7 @@ void AttributeRows::Unbind() {
 IMemberDispatch* AttributeRows::ObjectOf(const CTreeItem* row) const {
     if (!row)
         return nullptr;
-    if (layout.rowsAreObjects)
+    if (layout.RowsAreObjects())
         return row->info ? row->info->disp : nullptr;
     return row->parent() ? row->parent()->info->disp : m_root;
 }
@@ -149,7 +136,7 @@ void AttributeRows::Insert(CTreeItem* parent, IMemberDispatch* disp, int positio
         return;
     if (value.Type == DT_Group)
         InsertGroup(parent, disp, position, name, value.Value.Dispatch);
-    else if (!layout.rowsAreObjects)
+    else if (!layout.RowsAreObjects())
         InsertMemberRow(parent, *disp, position, name, value);
     else if (parent)
         InsertMemberCell(*parent, *disp, name, value);
@@ -203,50 +190,25 @@ void AttributeRows::InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, in
     info->image = m_tree.ChooseImage(RowIconMember, name, &disp);
     if (!rows)
         return;
-    MakeCell(disp, name, value).StoreIn(*info, 0);
-    if (!rows)
+    const auto content = MemberContent::Read(m_tree, disp, name, value, rows);
+    if (!content)
         return;
-    info->SetCellEnabled(0, ReadMemberEditable(disp, name));
-    if (!rows)
-        return;
-    const FormatService service = ReadFormatService(value);
-    if (rows)
-        AddRow({parent, position, &disp, name, service}, std::move(info), [](CTreeItem&) {});
+    content->cell.StoreIn(*info, 0);
+    info->SetCellEnabled(0, content->isEditable);
+    AddRow({parent, position, &disp, name, content->service}, std::move(info), [](CTreeItem&) {});
 }
 
 void AttributeRows::InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
                                      const CVariantValue& value) {
-    const LossWatch rows = WatchRows();
-    const CellContent cell = MakeCell(disp, name, value);
-    if (!rows)
+    const auto content = MemberContent::Read(m_tree, disp, name, value, WatchRows());
+    if (!content)
         return;
-    const bool isEditable = ReadMemberEditable(disp, name);
-    if (!rows)
-        return;
-    const FormatService service = ReadFormatService(value);
-    if (!rows)
-        return;
-    if (m_index.AddCell(&disp, name, &row, service))
+    if (m_index.AddCell(&disp, name, &row, content->service))
         m_subscriptions.Update(m_index);
-    cell.StoreIn(*row.info, CellOf(name));
+    content->cell.StoreIn(*row.info, CellOf(name));
     // Kept: whatever its column, a member's protection greys the first value cell.
-    row.info->SetCellEnabled(0, isEditable);
+    row.info->SetCellEnabled(0, content->isEditable);
     m_tree.RewriteRow(row);
-}
-
-CellContent AttributeRows::MakeCell(IMemberDispatch& disp, const std::string& name,
-                                    const CVariantValue& value) {
-    const LossWatch rows = WatchRows();
-    CellContent cell;
-    ReadOr(false, [&] {
-        m_tree.ConvertToOutput(&disp, name, value, cell.text, cell.control);
-        if (rows)
-            UnescapeDashes(value, cell.text);
-        return true;
-    });
-    if (CItemInfo::IsSwatch(cell.control))
-        cell.color = value.Value.UInt;
-    return cell;
 }
 
 void AttributeRows::Remove(IMemberDispatch* disp, const std::string& name) {
@@ -267,29 +229,28 @@ void AttributeRows::Remove(IMemberDispatch* disp, const std::string& name) {
 // Everything that leads to the rows goes before the observer is told, which may come back here.
 void AttributeRows::OnRowUnlinked(CTreeItem& top, const CTreeItem* formerParent) {
     ++m_rowLosses;
-    ForgetRow(m_index, formerParent ? formerParent->info->disp : m_root, top);
-    std::vector<CTreeItem*> rows; // children in order, then their parent: from the last to the first
-    std::vector<CTreeItem*> open{&top};
-    while (!open.empty()) {
-        CTreeItem* row = open.back();
-        open.pop_back();
-        rows.push_back(row);
-        for (CTreeItem* child : row->children()) {
-            ForgetRow(m_index, row->info->disp, *child);
-            open.push_back(child);
-        }
-        IMemberDispatch* disp = row->info->disp;
-        if (layout.rowsAreObjects && disp && m_groups.RowOf(disp) != row)
-            m_index.RemoveCells(disp, *row); // a further row of an object that stays
-    }
-    std::reverse(rows.begin(), rows.end());
-    ShownGroups::Leaving groups = m_groups.Leave(rows);
-    for (const IMemberDispatch* disp : groups.GetObjects())
-        m_index.RemoveObject(disp); // the members that are cells as well
-    m_subscriptions.Update(m_index);
+    ShownGroups::Leaving groups = m_groups.LeaveNone();
+    TreeWalk::VisitUpward(top, [&](CTreeItem& row) {
+        const CTreeItem* above = &row == &top ? formerParent : row.parent();
+        ForgetRow(row, above ? above->info->disp : m_root, groups);
+    });
     FirstFailure failure;
+    failure.Try([&] { m_subscriptions.Update(m_index); });
     groups.TakeBack(failure);
     failure.Rethrow();
+}
+
+void AttributeRows::ForgetRow(CTreeItem& row, const IMemberDispatch* owner, ShownGroups::Leaving& groups) {
+    const bool wasFiled = row.info->indexHash != 0;
+    if (!m_index.RemoveRow(owner, row) && wasFiled)
+        m_index.RemoveRow(row); // the host has added it for another object than that of the row above
+    IMemberDispatch* disp = row.info->disp;
+    if (disp && m_groups.RowOf(disp) == &row) {
+        m_groups.Leave(disp, groups);
+        m_index.RemoveObject(disp); // the members that are cells as well
+    } else if (disp && layout.RowsAreObjects()) {
+        m_index.RemoveCells(disp, row); // a further row of an object that stays
+    }
 }
 
 void AttributeRows::Add(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
@@ -321,11 +282,11 @@ void AttributeRows::Change(IMemberDispatch* disp, const std::string& name, const
     const EDataTyps type = ReadMemberType(*disp, name);
     if (isGone())
         return;
-    const CellContent cell = MakeCell(*disp, name, value);
+    const CellContent cell = MemberContent::ReadCell(m_tree, *disp, name, value, rows);
     if (isGone())
         return;
     if (type == DT_Bool)
-        m_flags.Write(*disp, name, value, rows); // kept: what the cell shows is read when it is drawn
+        m_flags.Write(*disp, name, value, isGone); // kept: what the cell shows is read when it is drawn
     else if (FindCellConversion(type))
         cell.StoreIn(*row->info, CellOf(name));
     else
@@ -348,7 +309,7 @@ void AttributeRows::ChangeControlType(IMemberDispatch* disp, const std::string& 
     const CTreeItem* row = Find(disp, name);
     if (!row)
         return;
-    const FormatService service = ReadFormatService(value);
+    const FormatService service = MemberContent::ReadService(value);
     if (Find(disp, name) != row)
         return;
     SetService(disp, name, service);
@@ -380,7 +341,7 @@ void AttributeRows::Rename(IMemberDispatch* disp, const std::string& name, const
     const bool isRead = ReadMember(*disp, newName, value);
     if (Find(disp, name) != found.node)
         return;
-    const FormatService service = isRead ? ReadFormatService(value) : FormatService::None;
+    const FormatService service = isRead ? MemberContent::ReadService(value) : FormatService::None;
     if (Find(disp, name) != found.node)
         return;
     m_index.Rename(disp, name, newName, service);

@@ -15,10 +15,8 @@
 
 namespace korvel::internal {
 
-struct CellContent;
-
 /// Binds a tree to an object of the host: which rows there are, what they show, and how they follow what the
-/// host tells of its objects. Knows no window.
+/// host says of its objects. Knows no window.
 ///
 ///     AttributeRows rows(tree, &observer);
 ///     rows.Bind(&axis, [] {});              // the tree has a row for each member of the axis
@@ -59,7 +57,7 @@ public:
     /// Removes a member with all below; the objects are not asked.
     void Remove(IMemberDispatch* disp, const std::string& name);
 
-    // What a host tells of its objects. What is not shown is ignored.
+    // What a host says of its objects. What is not shown is ignored.
     void Add(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
     void InsertAt(int position, IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
     void Change(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
@@ -103,10 +101,10 @@ private:
         const std::string& name;
         FormatService service;
     };
+    void ForgetRow(CTreeItem& row, const IMemberDispatch* owner, ShownGroups::Leaving& groups);
     void AddRow(const RowPlace& place, std::unique_ptr<CItemInfo> info,
                 const std::function<void(CTreeItem&)>& fill);
 
-    CellContent MakeCell(IMemberDispatch& disp, const std::string& name, const CVariantValue& value);
     int CellOf(const std::string& name) const { return layout.ColumnOf(name) - 1; }
 
     /// Whether an object is shown, and the row whose children its members are (null for the root).

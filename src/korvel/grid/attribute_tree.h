@@ -36,7 +36,7 @@ public:
                                  std::string& text, CItemInfo::CONTROLTYPE& control) = 0;
     /// The image of a row, `image` unless someone else names another.
     virtual int ChooseImage(int image, const std::string& name, IMemberDispatch* disp) = 0;
-    /// What an observer tells of an object through; null stands for the root of whatever is shown.
+    /// Through what an observer says of an object; null is the root of whatever is shown.
     virtual std::unique_ptr<IObserverGridSink> MakeSink(IMemberDispatch* disp) = 0;
 
 protected:

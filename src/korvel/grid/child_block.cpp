@@ -45,6 +45,13 @@ const ChildBlock& ChildBlock::FirstRun() const {
     return *block;
 }
 
+ChildBlock& ChildBlock::LastRun() {
+    ChildBlock* block = this;
+    while (!block->IsRun())
+        block = block->parts.back().get();
+    return *block;
+}
+
 const ChildBlock* ChildBlock::NextRun() const {
     const ChildBlock* block = this;
     while (block->above && block->above->parts.back().get() == block)

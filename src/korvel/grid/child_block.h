@@ -31,6 +31,7 @@ struct ChildBlock {
     std::size_t PlaceOf(const ChildBlock& part) const;
     /// The first run of siblings in it.
     const ChildBlock& FirstRun() const;
+    ChildBlock& LastRun();
     /// The run of siblings after this one; null after the last.
     const ChildBlock* NextRun() const;
 

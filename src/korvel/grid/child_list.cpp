@@ -42,10 +42,7 @@ grid::CTreeItem* ChildList::front() const {
 }
 
 grid::CTreeItem* ChildList::back() const {
-    const ChildBlock* block = m_top.get();
-    while (!block->IsRun())
-        block = block->parts.back().get();
-    return block->items.back();
+    return m_top->LastRun().items.back();
 }
 
 grid::CTreeItem* ChildList::operator[](int position) const {
@@ -57,6 +54,12 @@ grid::CTreeItem* ChildList::operator[](int position) const {
         block = part->get();
     }
     return block->items[static_cast<std::size_t>(position)];
+}
+
+ChildList::Iterator ChildList::After(const grid::CTreeItem& child) {
+    Iterator after(child.m_run);
+    after.m_item = std::find(after.m_item, after.m_end, &child);
+    return ++after;
 }
 
 const FamilyTally& ChildList::GetTally() const {
@@ -149,6 +152,15 @@ void ChildList::Erase(grid::CTreeItem* child) {
     run->Count(-1, FamilyTally() - child->GetTally());
     if (run->items.empty())
         Drop(run);
+}
+
+grid::CTreeItem* ChildList::PopBack() {
+    ChildBlock& run = m_top->LastRun();
+    grid::CTreeItem* child = run.items.back();
+    run.items.pop_back();
+    if (run.items.empty())
+        Drop(&run);
+    return child;
 }
 
 // Removes an empty block, and those above that it leaves empty or with nothing to join.

@@ -15,7 +15,7 @@ class CTreeItem;
 namespace internal {
 struct ChildBlock;
 struct FamilyTally;
-class TreeRows;
+class TreeWalk;
 } // namespace internal
 
 /// The children of one node in display order.
@@ -80,7 +80,7 @@ public:
 
 private:
     friend class grid::CTreeItem;
-    friend class internal::TreeRows;
+    friend class internal::TreeWalk;
 
     const internal::FamilyTally& GetTally() const;
     /// The first run of siblings; null without children.
@@ -88,9 +88,14 @@ private:
     /// Rows of the siblings in front of the child.
     int RowsBefore(const grid::CTreeItem& child) const;
 
+    /// The siblings after a child.
+    static Iterator After(const grid::CTreeItem& child);
+
     /// `position` from 0 to size().
     void Insert(int position, grid::CTreeItem* child);
     void Erase(grid::CTreeItem* child);
+    /// Gives the last child back without counting: for a family that goes as a whole.
+    grid::CTreeItem* PopBack();
     internal::ChildBlock* MakeRoom(internal::ChildBlock& full, int& place, int position);
     void MakeRoomAbove(internal::ChildBlock& block);
     void Split(internal::ChildBlock& block);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 namespace korvel::internal {
@@ -20,6 +21,8 @@ public:
         int left = 0;  // the last one of a range leaves first
     };
 
+    DepartingRows() { m_ranges.reserve(UsualNesting); } // so that rows leave although memory is short
+
     bool IsEmpty() const { return m_ranges.empty(); }
     /// The removals that are under way, each begun while the one before it told of a row.
     const std::vector<Range>& Ranges() const { return m_ranges; }
@@ -37,6 +40,8 @@ public:
     void Insert(int row, int count);
 
 private:
+    static constexpr std::size_t UsualNesting = 8;
+
     std::vector<Range> m_ranges;
 };
 

@@ -2,7 +2,7 @@
 
 #include "korvel/grid/editable_grid.h"
 
-namespace korvel {
+namespace korvel::internal {
 
 IMemberDispatch* IOpenGLDispatchSinkImp::Object() const {
     return m_disp ? m_disp : m_grid->GetRootDisp();
@@ -46,4 +46,4 @@ void IOpenGLDispatchSinkImp::OnOperationChangeTupelPresentation(const std::strin
     m_grid->OnOperationChangeTupelPresentation(Object(), name);
 }
 
-} // namespace korvel
+} // namespace korvel::internal

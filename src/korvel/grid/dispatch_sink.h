@@ -3,8 +3,10 @@
 #include "korvel/values/observer_grid.h"
 
 namespace korvel {
-
 class CEditableGrid;
+}
+
+namespace korvel::internal {
 
 /// What a host calls to tell a grid of changes to one object that it shows; leads to the grid's operations
 /// of the same names. Lives as long as the grid shows the object.
@@ -31,4 +33,4 @@ private:
     CEditableGrid* m_grid;
 };
 
-} // namespace korvel
+} // namespace korvel::internal

@@ -13,9 +13,7 @@
 
 namespace korvel {
 
-using internal::FirstFailure;
-using internal::FormatService;
-using internal::LossWatch;
+using namespace internal;
 
 namespace {
 
@@ -24,14 +22,13 @@ int PositionOf(const unsigned long& position) {
 }
 
 FormatService ServiceOfType(EDataTyps type) {
-    const auto conversion = internal::FindCellConversion(type);
-    return conversion ? conversion->service : FormatService::None;
+    return FindCellConversion(type).value_or(CellConversion()).service;
 }
 
 } // namespace
 
-// The rows of the grid's objects, and the grid as the tree in which they stand.
-class CEditableGrid::Binding final : private internal::AttributeTree {
+// The rows of the grid's objects, and the grid as their tree.
+class CEditableGrid::Binding final : private AttributeTree {
 public:
     Binding(CEditableGrid& grid, IObserverGrid* observer) : m_grid(grid), rows(*this, observer) {}
 
@@ -83,11 +80,12 @@ private:
     bool m_hasWidths = false;
 
 public:
-    internal::AttributeRows rows; // asks for a sink when it is made
+    AttributeRows rows; // asks for a sink when it is made
 };
 
 CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
-    : m_pEnumContainer(enumerations), m_binding(std::make_unique<Binding>(*this, observer)) {}
+    : m_pObserver(observer), m_pEnumContainer(enumerations),
+      m_binding(std::make_unique<Binding>(*this, observer)) {}
 
 // What observers and row notices throw now has nobody to go to.
 CEditableGrid::~CEditableGrid() {
@@ -128,7 +126,7 @@ void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTit
 }
 
 void CEditableGrid::InsertColumns(const std::string& nameTitle, const std::string& valueTitle) {
-    if (m_Layout == eMultiColumn) {
+    if (GetGridLayout() == eMultiColumn) {
         const auto columns = m_binding->rows.layout.GetColumns();
         for (const auto& [column, name] : columns)
             InsertColumn(column, name, 0);
@@ -139,7 +137,7 @@ void CEditableGrid::InsertColumns(const std::string& nameTitle, const std::strin
 }
 
 void CEditableGrid::SetColumnWidths() {
-    if (m_Layout == eMultiColumn) {
+    if (GetGridLayout() == eMultiColumn) {
         const int known = static_cast<int>(m_ColumnInfo.size());
         for (int column = 0; column < GetColumnCount(); ++column)
             SetColumnWidth(column, column < known ? m_ColumnInfo[static_cast<std::size_t>(column)].width
@@ -184,11 +182,18 @@ void CEditableGrid::SetGridLayout(EGridLayout layout) {
     IMemberDispatch* root = GetRootDisp();
     FirstFailure failure;
     failure.Try([&] { Clear(); });
-    m_Layout = layout;
-    m_binding->rows.layout.rowsAreObjects = layout == eMultiColumn;
+    m_binding->rows.layout.kind = layout;
     if (root)
         failure.Try([&] { Initialize(root, "Attribut", "Wert", 0); }); // kept: in every language
     failure.Rethrow();
+}
+
+const EGridLayout& CEditableGrid::GetGridLayout() const {
+    return m_binding->rows.layout.kind;
+}
+
+bool CEditableGrid::IsInitialized() const {
+    return m_binding->rows.IsBound();
 }
 
 int CEditableGrid::GetSubItem(const std::string& name) const {
@@ -223,7 +228,7 @@ CEditableGrid::CTreeItem* CEditableGrid::LookupTreeItem(IMemberDispatch* disp,
 std::string CEditableGrid::GetAttrName(const CItemInfo* info) const {
     if (!info)
         return {};
-    if (m_Layout != eMultiColumn)
+    if (GetGridLayout() != eMultiColumn)
         return info->text;
     LVHITTESTINFO hit;
     hit.pt = ScreenToClient(m_hWnd, GetCursorPos());
@@ -232,7 +237,7 @@ std::string CEditableGrid::GetAttrName(const CItemInfo* info) const {
 }
 
 std::string CEditableGrid::MemberOfCell(const CTreeItem& node, int column) const {
-    return m_Layout == eMultiColumn ? GetColumn(column) : node.info->text;
+    return GetGridLayout() == eMultiColumn ? GetColumn(column) : node.info->text;
 }
 
 void CEditableGrid::InsertDispMember(CTreeItem* parent, IMemberDispatch* disp, const unsigned long& position,
@@ -298,7 +303,7 @@ void CEditableGrid::OnOperationRemove(IMemberDispatch* disp, const std::string& 
     const int rows = GetItemCount();
     const int row = selected < rows ? selected : std::max(selected - 1, 0);
     if (binding && selected != -1 && row < rows)
-        SelectRow(row);
+        failure.Try([&] { SelectRow(row); });
     failure.Rethrow();
 }
 
@@ -334,7 +339,7 @@ bool CEditableGrid::RemoveSink(EDataTyps type, IMemberDispatch* disp, const std:
 
 void CEditableGrid::ConvertToOutput(IMemberDispatch*, const std::string&, const CVariantValue& value,
                                     std::string& text, CItemInfo::CONTROLTYPE& control) {
-    internal::ConvertCell(value, text, control);
+    ConvertCell(value, text, control);
 }
 
 void CEditableGrid::ModifyImageStyle(std::uint32_t add, std::uint32_t remove) {
@@ -347,7 +352,7 @@ int CEditableGrid::GetIcon(const CTreeItem* node) {
 
 UINT CEditableGrid::GetCheckState(const CTreeItem* node, int column) {
     IMemberDispatch* disp = GetDispInterface(node);
-    if (!disp || !m_binding->rows.IsBound())
+    if (!disp || !IsInitialized())
         return 0; // while a binding ends, its objects may be gone before their rows
     const std::string name = MemberOfCell(*node, column);
     UINT state = DFCS_BUTTONCHECK;
@@ -355,7 +360,7 @@ UINT CEditableGrid::GetCheckState(const CTreeItem* node, int column) {
         state |= DFCS_INACTIVE;
     const LossWatch rows = m_binding->rows.WatchRows();
     CVariantValue value;
-    internal::ReadMember(*disp, name, value);
+    ReadMember(*disp, name, value);
     if (!rows)
         return state;
     if ((value.Type == DT_Bool && value.Value.Bool) || OnGetCheckState(disp, name, value))

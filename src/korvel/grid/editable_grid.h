@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/grid/grid_layout.h"
 #include "korvel/grid/super_grid_ctrl.h"
 #include "korvel/values/observer_grid.h"
 
@@ -12,11 +13,6 @@
 namespace korvel {
 
 class IEnumContainer;
-
-enum EGridLayout {
-    eSingleAttrColumn = 0, // a row is a member: its name, its value
-    eMultiColumn = 1,      // a row is an object: its members are the columns
-};
 
 enum EImplementationDetail : std::uint32_t {};
 
@@ -59,8 +55,9 @@ struct ImageIndex {
 /// throw; it must not delete the grid. An exception leaves a binding whole or undone, and every sink of what
 /// is not shown taken back.
 ///
-/// The fields of a binding (root, groups, members, columns) are not the control's: derived grids ask
-/// GetRootDisp, LookupTreeItem, GetDispInterface, GetSubItem and GetColumn.
+/// The fields of a binding (state, root, groups, members, layout, columns) are not the control's: derived
+/// grids ask IsInitialized, GetRootDisp, LookupTreeItem, GetDispInterface, GetGridLayout, GetSubItem and
+/// GetColumn.
 class KORVEL_API CEditableGrid : public CSuperGridCtrl {
 public:
     CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations);
@@ -79,7 +76,7 @@ public:
     /// before Initialize: kept, a grid that shows an object already ends without columns.
     void SetLayoutMultiColumn(const std::list<std::string>& columns);
     void SetLayoutSingleAttrColumn();
-    const EGridLayout& GetGridLayout() const { return m_Layout; }
+    const EGridLayout& GetGridLayout() const;
     const std::vector<SColumnInfo>& GetColumnInfo() const { return m_ColumnInfo; }
     void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
     /// The column of a member; 1 for a name without a column.
@@ -180,6 +177,10 @@ protected:
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
 
+    /// From Initialize to Clear.
+    bool IsInitialized() const;
+
+    IObserverGrid* const m_pObserver; ///< may be null
     IEnumContainer* m_pEnumContainer;
 
     bool m_AllowRemove = true;
@@ -191,7 +192,6 @@ protected:
     bool m_AllowCopyClipboard = false;
     bool m_AllowWriteProtect = true;
 
-    EGridLayout m_Layout = eSingleAttrColumn;
     std::uint32_t m_ImageStyle = 0;
     std::uint32_t m_EnableUserAttributsTyps = 0xFFFFFFFF;
     std::uint32_t m_ImplementationDetails = 0;

@@ -6,10 +6,10 @@
 namespace korvel::internal {
 
 void FlagWriter::Write(IMemberDispatch& disp, const std::string& name, const CVariantValue& value,
-                       const LossWatch& rows) {
+                       const std::function<bool()>& isGone) {
     CVariantValue current;
     const bool isRead = ReadMember(disp, name, current);
-    if (!isRead || !rows || (current.Value.Bool != 0) == (value.Value.Bool != 0))
+    if (!isRead || isGone() || (current.Value.Bool != 0) == (value.Value.Bool != 0))
         return;
     const auto [member, isNew] = m_inWriting.emplace(&disp, name);
     if (!isNew)

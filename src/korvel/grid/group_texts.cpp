@@ -29,7 +29,7 @@ bool ShowsTexts(const IMemberDispatch& disp) {
 
 void ShowTexts(const IMemberDispatch& disp, const RowLayout& layout, const LossWatch& rows, CItemInfo& info) {
     const std::map<int, std::string> columns = layout.GetColumns(); // the host may set others meanwhile
-    const bool rowsAreObjects = layout.rowsAreObjects;
+    const bool rowsAreObjects = layout.RowsAreObjects();
     if (!ShowsTexts(disp) || !rows)
         return;
     GroupPresentation* presentation = PresentationOf(disp);

@@ -1,6 +1,7 @@
 #include "korvel/grid/list_edit_ctrl.h"
 
 #include "korvel/grid/tree_rows.h"
+#include "korvel/grid/tree_walk.h"
 #include "korvel/window/base/first_failure.h"
 
 #include <algorithm>
@@ -72,10 +73,7 @@ void CListEditCtrl::FollowCell() {
 }
 
 void CListEditCtrl::OnUnlinked(const grid::CTreeItem& root) {
-    const grid::CTreeItem* node = m_node;
-    while (node && node != &root)
-        node = node->parent();
-    if (node)
+    if (IsWithin(root, m_node))
         Drop();
 }
 

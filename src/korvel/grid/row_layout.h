@@ -1,17 +1,19 @@
 #pragma once
 
+#include "korvel/grid/grid_layout.h"
+
 #include <list>
 #include <map>
 #include <string>
 
 namespace korvel::internal {
 
-/// What the rows of an attribute grid are, and the columns in which their cells stand.
+/// What the rows of an attribute grid are, and in which columns their cells are.
 class RowLayout {
 public:
-    /// False: a row is a member with its value in column 1. True: a row is an object, whose members are the
-    /// cells.
-    bool rowsAreObjects = false;
+    EGridLayout kind = eSingleAttrColumn;
+    /// Whose members are the cells; otherwise a row is a member with its value in column 1.
+    bool RowsAreObjects() const { return kind == eMultiColumn; }
 
     /// The members that columns show, from column 0 on, which is the tree's.
     void SetColumns(const std::list<std::string>& names) {

@@ -3,9 +3,9 @@
 #include "korvel/grid/attribute_tree.h"
 #include "korvel/window/base/first_failure.h"
 
+#include <list>
 #include <map>
 #include <memory>
-#include <vector>
 
 namespace korvel::internal {
 
@@ -29,27 +29,30 @@ public:
     bool TellAgain(IMemberDispatch* disp);
     void TellAllAgain();
 
-    /// Takes out the objects whose rows are among `rows`, in that order; to be told by TakeBack.
     class Leaving;
-    Leaving Leave(const std::vector<CTreeItem*>& rows);
+    // None of these needs memory.
+    Leaving LeaveNone() const;
     Leaving LeaveAll();
+    /// Takes an object that is shown out, after those that are leaving already.
+    void Leave(IMemberDispatch* disp, Leaving& leaving);
 
 private:
     struct Group {
-        std::unique_ptr<IObserverGridSink> sink;
+        IMemberDispatch* disp;
         CTreeItem* row;
+        std::unique_ptr<IObserverGridSink> sink;
     };
-    using Groups = std::map<IMemberDispatch*, Group>;
+    using Groups = std::list<Group>;
 
     AttributeTree& m_tree;
     IObserverGrid* m_observer;
     Groups m_groups;
+    std::map<IMemberDispatch*, Groups::iterator> m_places;
 };
 
 /// Objects that are shown no longer: their sinks live until the observer has let go of them.
 class ShownGroups::Leaving {
 public:
-    std::vector<IMemberDispatch*> GetObjects() const;
     /// Takes the sinks back from the observer, every one of them whatever it throws.
     void TakeBack(FirstFailure& failure);
 
@@ -58,7 +61,7 @@ private:
     explicit Leaving(IObserverGrid* observer) : m_observer(observer) {}
 
     IObserverGrid* m_observer;
-    std::vector<Groups::node_type> m_groups;
+    Groups m_groups;
 };
 
 } // namespace korvel::internal

@@ -7,6 +7,7 @@
 #include "korvel/grid/row_mouse.h"
 #include "korvel/grid/row_painter.h"
 #include "korvel/grid/tree_rows.h"
+#include "korvel/grid/tree_walk.h"
 #include "korvel/window/core/thread_queue.h"
 
 namespace korvel {
@@ -83,9 +84,7 @@ void CSuperGridCtrl::DeleteAllNodes() {
 }
 
 bool CSuperGridCtrl::IsNodeInSubtree(const CTreeItem* root, const CTreeItem* candidate) {
-    while (root && candidate && candidate != root)
-        candidate = candidate->parent();
-    return root && candidate;
+    return root && IsWithin(*root, candidate);
 }
 
 int CSuperGridCtrl::RowOfNode(const CTreeItem* node) const {

@@ -11,19 +11,20 @@ using internal::FamilyTally;
 
 CTreeItem::CTreeItem(CItemInfo* content) : info(content) {}
 
-// Not by recursion: a chain of nodes may be deeper than the stack.
+// Without recursion and without memory: a chain of nodes may be deeper than the stack.
 CTreeItem::~CTreeItem() {
-    std::vector<ChildList> open;
-    open.push_back(std::move(m_children));
-    while (!open.empty()) {
-        const ChildList family = std::move(open.back());
-        open.pop_back();
-        for (CTreeItem* child : family) {
-            if (!child->m_children.empty())
-                open.push_back(std::move(child->m_children));
-            delete child->info;
-            delete child;
+    CTreeItem* node = this;
+    while (true) {
+        if (!node->m_children.empty()) {
+            node = node->m_children.PopBack();
+            continue;
         }
+        if (node == this)
+            return;
+        CTreeItem* parent = node->m_parent;
+        delete node->info;
+        delete node;
+        node = parent;
     }
 }
 

@@ -1,46 +1,33 @@
 #include "korvel/grid/tree_rows.h"
 
+#include "korvel/grid/node_copy.h"
 #include "korvel/grid/tree_walk.h"
 #include "korvel/window/base/first_failure.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace korvel::internal {
 
 namespace {
 
-using grid::CTreeItem;
-using Nodes = std::vector<CTreeItem*>;
-
-grid::NodePtr MakeNode(CItemInfo* info) {
-    std::unique_ptr<CItemInfo> content(info ? info : new CItemInfo);
-    grid::NodePtr node(new CTreeItem(content.get()));
-    static_cast<void>(content.release());
-    return node;
-}
-
-void AppendShown(CTreeItem& node, Nodes& shown) {
+void AppendShown(grid::CTreeItem& node, std::vector<grid::CTreeItem*>& shown) {
     shown.push_back(&node);
     if (node.collapsed())
         return;
-    TreeWalk walk(node.children());
-    while (CTreeItem* next = walk.Next()) {
+    TreeWalk walk(node);
+    while (grid::CTreeItem* next = walk.Next()) {
         shown.push_back(next);
         if (!next->collapsed())
-            walk.Enter(next->children());
+            walk.Enter(*next);
     }
-}
-
-bool IsWithin(const CTreeItem& root, const CTreeItem* node) {
-    while (node && node != &root)
-        node = node->parent();
-    return node != nullptr;
 }
 
 } // namespace
 
-TreeRows::TreeRows(RowList& list) : m_list(list), m_forest(CTreeItem::MakeForest()) {}
+TreeRows::TreeRows(RowList& list)
+    : m_list(list), m_forest(CTreeItem::MakeForest()), m_nextForest(CTreeItem::MakeForest()) {}
 
 void TreeRows::BeginChange() const {
     if (!m_departing.IsEmpty())
@@ -83,7 +70,7 @@ void TreeRows::InsertRows(int shownRow, const Nodes& nodes) {
     const int count = static_cast<int>(nodes.size());
     if (listed < 0 || count == 0)
         return;
-    if (m_departing.IsEmpty() && (m_isListBehind || listed + count != ShownCount())) {
+    if (m_departing.IsEmpty() && (m_isListOutdated || listed + count != ShownCount())) {
         Rebuild();
         return;
     }
@@ -102,7 +89,7 @@ void TreeRows::RemoveRows(int first, int last) {
     FirstFailure failure;
     failure.Try([&] { m_list.Remove(first, last); });
     EndDeparture(failure);
-    if (m_departing.IsEmpty() && (m_isListBehind || m_list.Count() - ShownCount() != surplus))
+    if (m_departing.IsEmpty() && (m_isListOutdated || m_list.Count() - ShownCount() != surplus))
         failure.Try([&] { Rebuild(); });
     DeleteDiscarded();
     failure.Rethrow();
@@ -112,12 +99,33 @@ void TreeRows::RemoveRows(int first, int last) {
 void TreeRows::EndDeparture(FirstFailure& failure) {
     BeginChange();
     const DepartingRows::Range rest = m_departing.End();
-    if (rest.left > 0 && !m_isListBehind)
+    if (rest.left > 0 && !m_isListOutdated)
         failure.Try([&] { m_list.RemoveQuietly(rest.first, rest.first + rest.left); });
 }
 
 int TreeRows::LastRowOf(const CTreeItem& node) const {
     return m_departing.ListRow(node.row() + node.rows() - 1);
+}
+
+// Whether a row leads to a node that is shown, or to one below it: also where the host has removed rows by
+// itself, which leaves the others in the order of the tree.
+bool TreeRows::IsListed(const CTreeItem& node) const {
+    const int shownRow = node.row();
+    if (shownRow < 0 || !m_departing.IsEmpty())
+        return m_list.At(RowOf(&node)) == &node;
+    if (m_list.At(shownRow) == &node)
+        return true;
+    int first = 0;
+    for (int last = std::min(shownRow, m_list.Count()); first < last;) {
+        const int middle = first + (last - first) / 2;
+        const CTreeItem* there = m_list.At(middle);
+        if (there && there->row() < shownRow)
+            first = middle + 1;
+        else
+            last = middle;
+    }
+    const CTreeItem* next = m_list.At(first);
+    return next && next->row() >= shownRow && next->row() < shownRow + node.rows();
 }
 
 grid::NodePtr TreeRows::Detach(CTreeItem* node) {
@@ -134,6 +142,7 @@ void TreeRows::Remove(CTreeItem* node) {
     const CTreeItem* parent = node->parent();
     const int first = RowOf(node);
     const int last = first >= 0 && m_list.At(first) == node ? LastRowOf(*node) + 1 : first;
+    m_isListOutdated = m_isListOutdated || (first == last && IsListed(*node));
     NodePtr removed = Detach(node);
     const LossWatch rows = Watch();
     FirstFailure failure;
@@ -151,11 +160,10 @@ bool TreeRows::Unlink(CTreeItem* node) {
     if (!Has(node) || node == m_forest.get())
         return false;
     const CTreeItem* parent = node->parent();
-    const int row = RowOf(node);
-    const bool isListed = row >= 0 && m_list.At(row) == node;
+    m_isListOutdated = m_isListOutdated || IsListed(*node);
     NodePtr removed = Detach(node);
-    const bool hasSurplus = m_departing.IsEmpty() && m_list.Count() > ShownCount();
-    m_isListBehind = m_isListBehind || isListed || hasSurplus;
+    if (m_departing.IsEmpty() && m_list.Count() > ShownCount())
+        m_isListOutdated = true;
     FirstFailure failure;
     failure.Try([&] { m_list.OnUnlinked(*removed, parent); });
     Discard(std::move(removed));
@@ -164,32 +172,40 @@ bool TreeRows::Unlink(CTreeItem* node) {
 }
 
 void TreeRows::Discard(NodePtr node) {
-    if (m_departing.IsEmpty() && !m_isListBehind)
+    if (m_departing.IsEmpty() && !m_isListOutdated)
         return;
-    TreeWalk walk(node->children());
+    TreeWalk walk(*node);
     for (CTreeItem* next = node.get(); next; next = walk.Next()) {
         delete std::exchange(next->info, nullptr);
-        if (next != node.get())
-            walk.Enter(next->children());
+        walk.Enter(*next);
     }
-    m_discarded.push_back(std::move(node));
+    try {
+        m_discarded.push_back(std::move(node));
+    } catch (const std::bad_alloc&) { // it goes at once: no row may lead to it
+        for (int row = 0; row < m_list.Count(); ++row)
+            if (!Has(m_list.At(row)))
+                m_list.Rewrite(row, nullptr);
+    }
 }
 
 void TreeRows::DeleteDiscarded() {
-    if (m_departing.IsEmpty() && !m_isListBehind)
+    if (m_departing.IsEmpty() && !m_isListOutdated)
         m_discarded.clear();
 }
 
 void TreeRows::Clear() {
+    if (!m_nextForest)
+        m_nextForest = CTreeItem::MakeForest();
     ++m_removals;
     BeginChange();
-    const std::unique_ptr<CTreeItem> former = std::exchange(m_forest, CTreeItem::MakeForest());
+    const std::unique_ptr<CTreeItem> former = std::exchange(m_forest, std::move(m_nextForest));
     m_departing.Begin(0, std::max(0, m_list.Count()));
     FirstFailure failure;
     failure.Try([&] { m_list.ChangeMany([&] { m_list.RemoveAll(); }); });
     EndDeparture(failure);
-    m_isListBehind = false;
+    m_isListOutdated = false;
     failure.Try([&] { RebuildIfNeeded(); });
+    failure.Try([&] { m_nextForest = CTreeItem::MakeForest(); });
     DeleteDiscarded();
     failure.Rethrow();
 }
@@ -215,23 +231,19 @@ void TreeRows::ExpandAll(CTreeItem* node, int* scrollRow) {
         return;
     Nodes closed; // the families that are shown collapsed, in order
     CTreeItem* lastFamily = nullptr;
-    const auto meet = [&](CTreeItem* next, TreeWalk& walk) {
+    const auto hasOpenFamily = [&](CTreeItem* next) {
         if (next->children().empty())
-            return;
+            return false;
         lastFamily = next;
         if (next->collapsed())
             closed.push_back(next);
-        else
-            walk.Enter(next->children());
+        return !next->collapsed();
     };
-    if (!node || RowOf(node) >= 0) {
-        TreeWalk walk;
-        if (node)
-            meet(node, walk);
-        else
-            walk.Enter(Roots());
+    if (!node || (RowOf(node) >= 0 && hasOpenFamily(node))) {
+        TreeWalk walk(node ? *node : *m_forest);
         while (CTreeItem* next = walk.Next())
-            meet(next, walk);
+            if (hasOpenFamily(next))
+                walk.Enter(*next);
     }
     const LossWatch rows = Watch();
     m_list.ChangeMany([&] {
@@ -250,17 +262,17 @@ void TreeRows::ExpandAll(CTreeItem* node, int* scrollRow) {
 }
 
 // From the last family up, below one that is collapsed still: so no count goes further up than to it.
-CTreeItem* TreeRows::OpenAll(CTreeItem& node) {
+grid::CTreeItem* TreeRows::OpenAll(CTreeItem& node) {
     node.CollapseBelow();
     Nodes shown;
     Nodes families{&node};
-    TreeWalk walk(node.children());
+    TreeWalk walk(node);
     while (CTreeItem* next = walk.Next()) {
         shown.push_back(next);
         if (next->children().empty())
             continue;
         families.push_back(next);
-        walk.Enter(next->children());
+        walk.Enter(*next);
     }
     for (auto family = families.rbegin(); family != families.rend(); ++family)
         (*family)->SetCollapsed(false);
@@ -290,10 +302,14 @@ void TreeRows::Hide(CTreeItem* node, int row) {
         return;
     BeginChange();
     const int hidden = node->rows() - 1;
+    const bool isShown = Has(node) && node->row() >= 0;
     int last = row + hidden;
-    if (hidden > 0 && !m_departing.IsEmpty() && Has(node) && node->row() >= 0) {
-        row = m_departing.ListRow(node->row() + 1);
-        last = LastRowOf(*node) + 1;
+    if (hidden > 0 && !m_departing.IsEmpty()) {
+        row = isShown ? m_departing.ListRow(node->row() + 1) : -1;
+        last = isShown ? LastRowOf(*node) + 1 : -1;
+    } else if (hidden > 0 && m_list.Count() >= 0 &&
+               (isShown ? m_list.At(row) != node->children().front() : row >= 0)) {
+        m_isListOutdated = true; // these are other rows
     }
     node->SetCollapsed(true);
     node->CollapseBelow();
@@ -302,7 +318,7 @@ void TreeRows::Hide(CTreeItem* node, int row) {
 }
 
 void TreeRows::RebuildIfNeeded() {
-    if (m_isListBehind || m_list.Count() != ShownCount())
+    if (m_isListOutdated || m_list.Count() != ShownCount())
         Rebuild();
 }
 
@@ -321,7 +337,7 @@ void TreeRows::RebuildAll() {
     const bool hasSurplus = end < count && end == ShownCount();
     for (int row = end; hasSurplus && row < count; ++row)
         m_list.Rewrite(row, nullptr); // who hears of it must not take it for one of its node
-    m_isListBehind = false;
+    m_isListOutdated = false;
     DeleteDiscarded();
     if (hasSurplus)
         RemoveRows(end, count);
@@ -350,9 +366,8 @@ int TreeRows::Overwrite(int row, const Nodes& nodes) {
 bool TreeRows::CopyUnder(CTreeItem* target, const CTreeItem* source) {
     if (!target || !source || IsWithin(*source, target))
         return false;
-    const LossWatch rows = Watch();
-    NodePtr copy = MakeNode(m_list.CopyInfo(source->info));
-    if (!rows || !FillWithCopies(*copy, *source))
+    NodePtr copy = CopyNode(m_list, Watch(), *source);
+    if (!copy)
         return false;
     BeginChange();
     target->InsertChild(-1, copy.get());
@@ -365,7 +380,7 @@ void TreeRows::CopyBelow(CTreeItem* target, const CTreeItem* source) {
         return;
     const LossWatch rows = Watch();
     CTreeItem copies(nullptr);
-    if (!FillWithCopies(copies, *source))
+    if (!CopyChildren(m_list, rows, copies, *source))
         return;
     Collapse(target);
     if (!rows)
@@ -373,32 +388,12 @@ void TreeRows::CopyBelow(CTreeItem* target, const CTreeItem* source) {
     BeginChange();
     target->SetCollapsed(true); // copies get no rows, also below a node that lost its children while expanded
     while (!copies.children().empty()) {
-        CTreeItem* copy = copies.children().front();
-        copies.RemoveChild(copy);
-        target->InsertChild(-1, copy);
+        NodePtr copy(copies.children().front());
+        copies.RemoveChild(copy.get());
+        target->InsertChild(-1, copy.get());
+        static_cast<void>(copy.release());
     }
     m_list.Redraw(RowOf(target));
-}
-
-bool TreeRows::FillWithCopies(CTreeItem& target, const CTreeItem& source) {
-    const LossWatch rows = Watch();
-    std::vector<std::pair<CTreeItem*, const CTreeItem*>> open{{&target, &source}};
-    while (!open.empty()) {
-        const auto [parent, original] = open.back();
-        open.pop_back();
-        const Nodes children(original->children().begin(),
-                             original->children().end()); // the host may add some
-        for (const CTreeItem* child : children) {
-            NodePtr copy = MakeNode(m_list.CopyInfo(child->info));
-            if (!rows)
-                return false;
-            parent->InsertChild(-1, copy.get());
-            if (!child->children().empty())
-                open.emplace_back(copy.get(), child);
-            static_cast<void>(copy.release());
-        }
-    }
-    return true;
 }
 
 } // namespace korvel::internal

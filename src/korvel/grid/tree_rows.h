@@ -29,15 +29,14 @@ public:
 
     const ChildList& Roots() const { return m_forest->children(); }
     LossWatch Watch() const { return LossWatch(m_removals); }
-    unsigned Removals() const { return m_removals; }
     /// The row of a node in the list; -1 for a node that is not shown or of another tree.
     int RowOf(const CTreeItem* node) const;
     /// The node of a row; null for a row that does not exist, or whose node was removed.
     CTreeItem* NodeAt(int row) const;
 
     // A node is added in two steps: who files it does so between them.
-    /// Takes `info` over, unless it throws; null makes a blank one. Without `parent` a root; a `position` outside the siblings
-    /// appends.
+    /// Takes `info` over, unless it throws; null makes a blank one. Without `parent` a root; a `position`
+    /// outside the siblings appends.
     CTreeItem* Link(CTreeItem* parent, CItemInfo* info, int position);
     void Show(const CTreeItem* node);
     /// Removes a node of this tree with all below and with its rows. It is gone also when the host throws.
@@ -61,7 +60,7 @@ public:
     /// Brings the list in line with the tree; rows that are right already stay. While rows leave, the list
     /// is in line but for them, and this does nothing.
     void Rebuild();
-    /// The same, only when the list does not have as many rows as the tree shows.
+    /// The same, only when the list does not have as many rows as the tree shows, or has rows of removed nodes.
     void RebuildIfNeeded();
     /// Rewrites the rows of what a node shows from a row on; returns the row after.
     int RebuildFrom(CTreeItem* node, int row);
@@ -77,6 +76,7 @@ private:
     using NodePtr = grid::NodePtr;
 
     bool Has(const CTreeItem* node) const { return node && node->Top() == m_forest.get(); }
+    bool IsListed(const CTreeItem& node) const;
     int ShownCount() const { return m_forest->rows() - 1; }
     /// To be called before the tree changes.
     void BeginChange() const;
@@ -86,7 +86,6 @@ private:
     void DeleteDiscarded();
     int LastRowOf(const CTreeItem& node) const;
     void EndDeparture(FirstFailure& failure);
-    bool FillWithCopies(CTreeItem& target, const CTreeItem& source);
 
     void InsertRows(int shownRow, const Nodes& nodes);
     void RemoveRows(int first, int last);
@@ -97,9 +96,10 @@ private:
 
     RowList& m_list;
     std::unique_ptr<CTreeItem> m_forest;
+    std::unique_ptr<CTreeItem> m_nextForest; // for a Clear although memory is short
     mutable DepartingRows m_departing;
     unsigned m_removals = 0;
-    bool m_isListBehind = false;      // it has rows of nodes that were unlinked
+    bool m_isListOutdated = false;    // it may have rows of nodes that were removed
     std::vector<NodePtr> m_discarded; // removed nodes, without infos, to which rows may still lead
 };
 

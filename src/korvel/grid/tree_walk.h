@@ -2,35 +2,70 @@
 
 #include "korvel/grid/tree_item.h"
 
-#include <vector>
-
 namespace korvel::internal {
 
+/// Whether a node is another one or lies below it. Null is within nothing.
+inline bool IsWithin(const grid::CTreeItem& root, const grid::CTreeItem* node) {
+    while (node && node != &root)
+        node = node->parent();
+    return node != nullptr;
+}
+
 /// The nodes below one node, parents before their children and siblings in order. The tree must not change
-/// meanwhile. Keeps its own stack: trees may be deeper than the program's.
+/// meanwhile. Needs no memory: trees may be deep, and memory may be short.
+///
+///     TreeWalk walk(group);
+///     while (CTreeItem* node = walk.Next())
+///         if (!node->collapsed())
+///             walk.Enter(*node);
 class TreeWalk {
 public:
-    TreeWalk() = default;
-    explicit TreeWalk(const ChildList& family) { Enter(family); }
+    explicit TreeWalk(const grid::CTreeItem& top) : m_top(top) { Enter(top); }
 
     /// The next node, null after the last.
     grid::CTreeItem* Next() {
-        while (!m_open.empty() && m_open.back().next == m_open.back().end)
-            m_open.pop_back();
-        return m_open.empty() ? nullptr : *m_open.back().next++;
+        while (m_next == ChildList::Iterator()) {
+            if (m_family == &m_top)
+                return nullptr;
+            m_next = ChildList::After(*m_family);
+            m_family = Above(*m_family, m_top);
+        }
+        return *m_next++;
     }
     /// Goes on with the children of the node that came last.
-    void Enter(const ChildList& family) {
-        if (!family.empty())
-            m_open.push_back({family.begin(), family.end()});
+    void Enter(const grid::CTreeItem& node) {
+        m_family = &node;
+        m_next = node.children().begin();
+    }
+
+    /// Calls `visit` for a node and all below it, children before their parents and siblings in order.
+    template <class Visit>
+    static void VisitUpward(grid::CTreeItem& top, Visit visit) {
+        grid::CTreeItem* node = FirstLeaf(&top);
+        while (true) {
+            visit(*node);
+            if (node == &top)
+                return;
+            const ChildList::Iterator next = ChildList::After(*node);
+            node = next == ChildList::Iterator() ? node->parent() : FirstLeaf(*next);
+        }
     }
 
 private:
-    struct Family {
-        ChildList::Iterator next;
-        ChildList::Iterator end;
-    };
-    std::vector<Family> m_open;
+    // Roots have no parent but the unseen top.
+    static const grid::CTreeItem* Above(const grid::CTreeItem& node, const grid::CTreeItem& top) {
+        const grid::CTreeItem* parent = node.parent();
+        return parent ? parent : &top;
+    }
+    static grid::CTreeItem* FirstLeaf(grid::CTreeItem* node) {
+        while (!node->children().empty())
+            node = node->children().front();
+        return node;
+    }
+
+    const grid::CTreeItem& m_top;
+    const grid::CTreeItem* m_family = nullptr; // whose children come
+    ChildList::Iterator m_next;
 };
 
 } // namespace korvel::internal

@@ -69,8 +69,9 @@ public:
 class KORVEL_API IObserverGrid {
 public:
     /// The grid begins to show `disp` (null: Initialize was given null). May be called again for one object,
-    /// with the same sink; `sink` (null in one case of OnOperationAdd) stays the grid's. An
-    /// exception undoes what was about to be shown, and RemoveSink follows all the same.
+    /// with the same sink; `sink` (null in one case of OnOperationAdd) stays the grid's. An exception undoes
+    /// what was about to be shown, and RemoveSink follows all the same; that of the second AddSink for a
+    /// member that was added leaves it shown.
     virtual void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) = 0;
 
     /// The grid stops showing `disp`: once, however often AddSink came. The object must live and the sink

@@ -1,0 +1,10 @@
+#pragma once
+
+namespace korvel {
+
+enum EGridLayout {
+    eSingleAttrColumn = 0, // a row is a member: its name, its value
+    eMultiColumn = 1,      // a row is an object: its members are the columns
+};
+
+} // namespace korvel

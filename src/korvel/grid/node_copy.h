@@ -1,0 +1,16 @@
+#pragma once
+
+#include "korvel/grid/loss_watch.h"
+#include "korvel/grid/row_list.h"
+
+namespace korvel::internal {
+
+/// A collapsed copy of a node with all below, whose infos the list copies. Null when nodes of the tree went
+/// meanwhile, of which `rows` says.
+grid::NodePtr CopyNode(RowList& list, const LossWatch& rows, const grid::CTreeItem& source);
+
+/// The same for all below a node, under a node without a place. False when nodes of the tree went.
+bool CopyChildren(RowList& list, const LossWatch& rows, grid::CTreeItem& target,
+                  const grid::CTreeItem& source);
+
+} // namespace korvel::internal
