@@ -3,100 +3,14 @@
 
 #include "support/failing_memory.h"
 #include "support/grid_fixture.h"
+#include "support/misbehaving_host.h"
 
 #include <new>
-#include <optional>
 
 namespace korvel {
 namespace {
 
-// Counts the calls of the host, and misbehaves at one of them.
-struct CallOuts {
-    void Count() {
-        if (++count == misbehavesAt)
-            misbehave();
-    }
-    int count = 0;
-    int misbehavesAt = 0;
-    std::function<void()> misbehave;
-    bool isOver = false; // the binding has ended
-};
-
-struct CountingParent : CWnd {
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_GET_IMAGEINDEX || message == WM_NOTIFY)
-            calls.Count();
-        return CWnd::WindowProc(message, wParam, lParam);
-    }
-    CallOuts calls;
-};
-
-// A grid with two nested objects, one of them with a presentation, and a further one to be added.
-struct Scene {
-    Scene() {
-        for (HostObject* object : {&inner, &added, &shaped, &point, &root, &late})
-            object->onCall = [this] {
-                EXPECT_FALSE(calls.isOver) << "an object is called after its binding has ended";
-                calls.Count();
-            };
-        enumeration.onCall = observer.onCall = [this] { calls.Count(); };
-        enumeration.entries = {Words(DT_String, "one")};
-        shaped.m_pEnumValue = &enumeration;
-        point.With("x", Number(DT_Double, 1)).With("list", list);
-        shaped.With("y", Number(DT_Double, 2));
-        inner.With("z", Number(DT_Double, 3));
-        added.With("inner", Group(&inner)).With("last", Flag(true));
-        late.With("y", Flag(true));
-        root.SetOptions(0);
-        root.With("length", Number(DT_Double, 4)).With("on", Flag(true));
-        root.With("p", Group(&point)).With("q", Group(&shaped));
-        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
-        grid.emplace(&observer, nullptr);
-        grid->onCall = [this] { calls.Count(); };
-        grid->Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 105);
-        grid->ModifyImageStyle(IS_AskParent, 0);
-    }
-    void Bind() { grid->Initialize(&root, "Name", "Value", 0); }
-    void RemovePoint() { grid->OnOperationRemove(&root, "p", Group(&point)); }
-
-    // Rows and look-up agree, and the observer has the sinks of what is shown and no others.
-    void ExpectAgreement() {
-        std::size_t groups = 0;
-        for (CSuperGridCtrl::CTreeItem* node : grid->rootItems())
-            ExpectFiled(node, groups);
-        for (const auto& [disp, sink] : observer.sinks) {
-            const bool isRoot = disp == grid->GetRootDisp();
-            EXPECT_TRUE(isRoot || grid->LookupTreeItem(disp)) << "no row of " << disp->GetIdent();
-        }
-        EXPECT_LE(observer.sinks.size(), groups + 1);
-        if (!grid->GetRootDisp()) {
-            EXPECT_EQ(grid->rootItems().size(), 0);
-            EXPECT_EQ(grid->GetColumnCount(), 0);
-            EXPECT_EQ(observer.sinks.size(), 0u);
-        }
-    }
-
-    CountingParent parent;
-    CallOuts& calls = parent.calls;
-    HostEnumeration enumeration;
-    const CVariantValue list = enumeration.ListValue(DT_ListString);
-    HostObject inner{"inner"}, added{"added"}, shaped{"shaped"}, point{"point"}, root{"root"}, late{"late"};
-    RecordingObserver observer;
-    std::optional<HostGrid> grid;
-
-private:
-    void ExpectFiled(CSuperGridCtrl::CTreeItem* node, std::size_t& groups) {
-        const std::string& name = node->info->text;
-        IMemberDispatch* owner = node->parent() ? node->parent()->info->disp : grid->GetRootDisp();
-        EXPECT_EQ(grid->LookupTreeItem(owner, name), node) << name;
-        if (node->info->disp) {
-            ++groups;
-            EXPECT_TRUE(node->children().empty() || grid->LookupTreeItem(node->info->disp) == node) << name;
-        }
-        for (CSuperGridCtrl::CTreeItem* child : node->children())
-            ExpectFiled(child, groups);
-    }
-};
+using Scene = MisbehavingHost;
 
 struct Act {
     const char* name;

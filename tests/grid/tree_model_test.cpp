@@ -47,12 +47,6 @@ TEST_F(GridTest, RowsAreThoseOfTheTreeWhateverAHandlerOfTheirNoticesDoes) {
              }
          },
          {"first|", "a|", "b|", " b1|", "c|", "last|"}},
-        {"expands it again",
-         [](HookedGrid& grid, int heard) {
-             if (heard == 1)
-                 grid.ExpandNode(grid.rootItems().front(), 0);
-         },
-         {"a|", " a1|", " a2|", " a3|", "b|", " b1|", "c|"}},
         {"removes the node and collapses another",
          [](HookedGrid& grid, int heard) {
              if (heard == 1) {
