@@ -6,6 +6,7 @@
 #include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace korvel::platform {
 namespace {
@@ -30,6 +31,32 @@ TEST(ReplaceFile, KeepsThePermissionsAndFollowsALink) {
     EXPECT_TRUE(fs::is_symlink(link));
     EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
     EXPECT_EQ(EntriesOf(folder.Path()), 2U);
+}
+
+TEST(ReplaceFile, FollowsADanglingLinkAndKeepsTheOwner) {
+    const ScratchFolder folder;
+    fs::create_directory(folder.Path() / "below");
+    fs::create_symlink("below/second", folder.Path() / "link");
+    fs::create_symlink("../file", folder.Path() / "below" / "second");
+    const fs::path file = folder.Path() / "file";
+    ReplaceFile(folder.Path() / "link", "old");
+    EXPECT_EQ(ContentOf(file), "old");
+    EXPECT_TRUE(fs::is_symlink(folder.Path() / "link"));
+
+    const bool mayGiveAway = ::chown(file.c_str(), 65534, 65534) == 0;
+    ReplaceFile(file, "new");
+    struct stat state {};
+    ::stat(file.c_str(), &state);
+    EXPECT_EQ(state.st_uid, mayGiveAway ? 65534 : ::geteuid());
+}
+
+TEST(ReplaceFile, TakesTheLongestNamesThatTheSystemTakes) {
+    const ScratchFolder folder;
+    std::string name(255, 'x');
+    for (std::size_t i = 1; i < name.size(); i += 2)
+        name.replace(i, 2, "\xC3\xBC");
+    ReplaceFile(folder.Path() / name, "content");
+    EXPECT_EQ(ContentOf(folder.Path() / name), "content");
 }
 
 std::string FailureOf(const fs::path& path, std::string_view content = "content") {
@@ -59,17 +86,21 @@ TEST(ReplaceFile, NamesFileAndReasonAndLeavesTheOldFileAndNothingBeside) {
     // file.
     const fs::path beside = file.string() + "." + std::to_string(::getpid()) + ".new";
     fs::create_directory(beside);
+    const fs::path loop = folder.Path() / "loop";
+    fs::create_symlink(loop, loop);
     const std::pair<fs::path, const char*> cases[] = {
         {file, "File exists"},
         {beside, "Is a directory"},
         {folder.Path() / "missing" / "Br\xC3\xBCgg", "No such file or directory"},
         {MakeSocketFile(folder.Path() / "socket"), "Invalid argument"},
         {"", "No such file or directory"},
+        {loop, "Too many levels of symbolic links"},
     };
     for (const auto& [path, reason] : cases)
         EXPECT_EQ(FailureOf(path), path.string() + ": " + reason);
     EXPECT_EQ(ContentOf(file), "old");
     EXPECT_TRUE(fs::is_socket(folder.Path() / "socket"));
+    EXPECT_TRUE(fs::is_symlink(loop));
 }
 
 } // namespace

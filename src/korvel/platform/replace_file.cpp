@@ -2,8 +2,10 @@
 
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
+#include "korvel/platform/utf8.h"
 
 #include <cerrno>
+#include <climits>
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
@@ -58,15 +60,28 @@ bool WriteAll(int file, std::string_view content) {
 
 // The file that is to be replaced, after following links.
 std::filesystem::path TargetOf(const std::string& path) {
-    std::error_code ignored;
-    const std::filesystem::path target = std::filesystem::canonical(path, ignored);
-    return target.empty() ? std::filesystem::path(path) : target;
+    constexpr int MostLinks = 40; // as the system itself follows
+    std::filesystem::path target = path;
+    std::error_code none;
+    for (int links = 0; std::filesystem::is_symlink(std::filesystem::symlink_status(target, none)); ++links) {
+        if (links == MostLinks)
+            Fail(path, ELOOP);
+        target = target.parent_path() / std::filesystem::read_symlink(target, none);
+    }
+    return target;
 }
 
 std::filesystem::path NameBeside(const std::filesystem::path& target) {
-    std::filesystem::path beside = target;
-    beside += "." + std::to_string(::getpid()) + ".new";
-    return beside;
+    const std::string suffix = "." + std::to_string(::getpid()) + ".new";
+    std::string name = target.filename().string();
+    name.resize(platform::CutUtf8(name, NAME_MAX - suffix.size()).size());
+    return target.parent_path() / (name + suffix);
+}
+
+// Changing the owner takes rights that few have; the group alone is often allowed.
+void KeepOwner(const Descriptor& file, const struct stat& replaced) {
+    if (::fchown(file.Number(), replaced.st_uid, replaced.st_gid) != 0) [[maybe_unused]]
+        const int result = ::fchown(file.Number(), static_cast<uid_t>(-1), replaced.st_gid);
 }
 
 void WriteBeside(const std::filesystem::path& beside, const struct stat* replaced, std::string_view content,
@@ -76,8 +91,10 @@ void WriteBeside(const std::filesystem::path& beside, const struct stat* replace
     ::unlink(beside.c_str());
     Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, UsualPermissions));
     Require(file.IsOpen(), path);
-    if (replaced != nullptr)
+    if (replaced != nullptr) {
+        KeepOwner(file, *replaced); // before the permissions, of which it clears some
         Require(::fchmod(file.Number(), replaced->st_mode & 07777) == 0, path);
+    }
     Require(WriteAll(file.Number(), content), path);
     Require(::fsync(file.Number()) == 0, path);
     Require(file.Close(), path);
