@@ -1,9 +1,9 @@
 # Installs the Debian packages that are missing. Sourced by run.sh, test.sh and bench.sh; call
 # `require_packages PACKAGE...`. Whatever it prints goes to standard error.
 
-build_packages=(g++ cmake ninja-build ccache libicu-dev libsqlite3-dev libpugixml-dev libboost-dev zlib1g-dev
+build_packages=(g++ cmake ninja-build ccache libicu-dev libsqlite3-dev libboost-dev zlib1g-dev
                 qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
-test_packages=(libgtest-dev libgmock-dev pkg-config)
+test_packages=(libgtest-dev libgmock-dev libpugixml-dev pkg-config)
 format_packages=(clang-format-14)
 check_packages=(clang-14 clang-tidy-14)
 fuzz_packages=(clang-14 libclang-rt-14-dev)

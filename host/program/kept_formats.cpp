@@ -70,25 +70,27 @@ fs::path NameAside(const fs::path& file) {
     return aside;
 }
 
-std::string SetAside(const fs::path& file, const std::string& reason) {
+std::string SetAside(const fs::path& file) {
     const fs::path aside = NameAside(file);
     std::error_code failure;
     fs::rename(file, aside, failure);
-    return "the kept formats cannot be read and the regional ones are used: " + reason +
-           (failure ? "" : "; the file is now " + aside.string());
+    return failure ? "" : "; the file is now " + aside.string();
 }
 
 std::string Load(const fs::path& file) {
     std::error_code failure;
     if (fs::status(file, failure).type() == fs::file_type::not_found)
         return {};
+    const std::string complaint = "the kept formats cannot be read and the regional ones are used: ";
     try {
         LoadFormatStates(file.c_str());
         return {};
+    } catch (const UnreadableFile& error) {
+        return complaint + platform::ToUtf8(error.what());
     } catch (const Error& error) {
         ResetFormatStates();
         SetAngleUnit(Degrees);
-        return SetAside(file, platform::ToUtf8(error.what()));
+        return complaint + platform::ToUtf8(error.what()) + SetAside(file);
     }
 }
 

@@ -65,6 +65,14 @@ TEST_F(KeptFormats, SetADamagedFileAsideAndStartWithTheRegionalOnes) {
     }
 }
 
+TEST_F(KeptFormats, ThatCannotBeReadStayWhereTheyAre) {
+    NextRun({'g', {}, {}});
+    std::filesystem::rename(file, folder.Path() / "kept");
+    std::filesystem::create_directory(file); // as little a file as one of a broken disk
+    EXPECT_THAT(NextRun(), HasSubstr("Is a directory)"));
+    EXPECT_TRUE(std::filesystem::is_directory(file));
+}
+
 TEST_F(KeptFormats, ThatCannotBeWrittenServeThisRun) {
     const std::filesystem::path blocked = folder.Path() / "file" / "below";
     std::ofstream(folder.Path() / "file") << "no folder";

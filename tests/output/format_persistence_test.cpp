@@ -85,11 +85,11 @@ TEST_F(SavedFormats, AreExactlyThisTextAndLineEndsChangeIntoEachOther) {
 TEST_F(SavedFormats, ComeBackAsTheyWere) {
     std::mt19937 random(1);
     const auto number = [&] { return static_cast<std::uint32_t>(random()); };
-    // Any bytes but zero and the two line ends, which change into each other.
+    // Any bytes but controls.
     const auto text = [&](unsigned longest) {
         std::string bytes(random() % (longest + 1), ' ');
         for (char& byte : bytes)
-            byte = static_cast<char>('\r' + 1 + random() % (255 - '\r'));
+            byte = static_cast<char>(' ' + random() % (256 - ' '));
         return bytes;
     };
     const auto format = [&] {
@@ -129,8 +129,8 @@ TEST_F(SavedFormats, ThatFollowTheSystemLeaveThisMachinesFormatsInForce) {
 
 TEST_F(SavedFormats, ReadSystemAsTheFileSaysIt) {
     const std::pair<const char*, const char*> rows[] = {
-        {"TRUE", ""},          {"1", ""},         {"no", ""},       {"FALSE", ""},     {" ", ""},
-        {"false", SchemaText}, {"0", SchemaText}, {"", SchemaText}, {"\n", SchemaText}};
+        {"TRUE", ""},          {"1", ""},           {"no", ""},       {"FALSE", ""},    {"\n -1\t", ""},
+        {"false", SchemaText}, {" 0 ", SchemaText}, {"", SchemaText}, {" ", SchemaText}};
     for (const auto& [text, failure] : rows) // only a format that follows needs no more than this
         EXPECT_EQ(FailureWith(Element("Integer", "-1", "0"),
                               "<Integer><System>" + std::string(text) + "</System></Integer>"),
@@ -141,16 +141,16 @@ TEST_F(SavedFormats, ReadSystemAsTheFileSaysIt) {
 TEST_F(SavedFormats, FailBySchema) {
     const std::string following = "<Integer>\n<System>-1</System>";
     const std::string own = "<Integer>\n<System>0</System>";
+    const std::string integer = Element("Integer", "-1", "0");
     const std::tuple<const char*, std::string, std::string> cases[] = {
         {"other root", "FORMATS", "FORMAT"},
         {"record missing", "Integer", "integer"},
         {"angle unit negative", "<Angle>1", "<Angle>-1"},
         {"angle unit beyond 32 bits", "<Angle>1", "<Angle>4294967296"},
         {"number empty", following + "\n<NumDigits>0", own + "<NumDigits>"},
-        {"number with a blank", following + "\n<NumDigits>0", own + "<NumDigits> 0"},
         {"number with more after it", following + "\n<NumDigits>0", own + "<NumDigits>0x"},
-        {"separator of four bytes", following, own + "<DecimalSep>abcd</DecimalSep>"},
-        {"separator of another page", following, own + "<DecimalSep>&#x2019;</DecimalSep>"},
+        {"separator of four bytes", integer, Element("Integer", "0", "0", "abcd")},
+        {"separator whose sequence has four", integer, Element("Integer", "0", "0", "&#x2063;")},
         {"date format missing", "DateFormatShort", "X"},
     };
     for (const auto& [name, part, other] : cases)
@@ -187,17 +187,45 @@ TEST_F(SavedFormats, KeepWhatWasReadBeforeAFailureAndCallTheListenersOfEachTouch
 TEST_F(SavedFormats, CallTheListenersOfOtherServicesWhenOneThrows) {
     const CountingSink angles(FormatService::Angle);
     const CountingSink throwing(FormatService::Number, [] { throw Error("sink"); });
-    EXPECT_EQ(FailureWith("<DateFormatShort>", "<DateFormatShort/><DateFormatShort>"), "sink");
+    EXPECT_EQ(FailureWith("<Angle>1", "<Angle>2"), "sink");
     EXPECT_EQ(angles.count, 1);
     EXPECT_EQ(FailureWith("<Angle>1", "<Angle>x"), SchemaText) << "the failure of the load comes first";
 }
 
-TEST_F(SavedFormats, ChangeNothingWhenTheFileIsNoXml) {
+TEST_F(SavedFormats, ChangeNothingWhenTheFileIsRefused) {
+    SetFormatInt(GermanFormat(7));
+    m_good = Saved();
+    SetFormatInt(GermanFormat(1));
     const CountingSink numbers(FormatService::Number);
-    EXPECT_EQ(FailureWith("</FORMATS>", "").substr(0, m_path.size() + 6), m_path + "(line ");
-    EXPECT_THROW(LoadFormatStates(nullptr), Error);
+    const std::tuple<std::string, std::string, std::string> refusals[] = {
+        {"</FORMATS>", "", "(line 68, position 1: the document ends inside the element 'FORMATS'"},
+        {"</DateFormat>", "</DateFormat><DateFormat/>",
+         "(line 66, position 14: the element 'DateFormat' is here"},
+        {"<CurrentFormat>", "<CurrentFormat><b/>", "(line 62, position 16: the element 'b' is inside"},
+        {"<FORMATS>", "<?xml version='1.0' encoding='klingon'?><FORMATS>",
+         "(line 1, position 31: the encoding"},
+        {"<Angle>1", "<Angle>&a;1", "(line 41, position 8: the reference '&a;' is not defined"},
+    };
+    for (const auto& [part, other, failure] : refusals)
+        EXPECT_THAT(FailureWith(part, other), testing::StartsWith(m_path + failure));
+    EXPECT_THROW(LoadFormatStates(nullptr), UnreadableFile);
     EXPECT_THROW(SaveFormatStates(nullptr), Error);
+    Write("old");
+    SetDateCurrentFormatString(true, "%d\x01");
+    EXPECT_THROW(SaveFormatStates(m_path.c_str()), Error) << "no XML file can hold it";
+    EXPECT_EQ(platform::ContentOf(m_path), "old");
     EXPECT_EQ(numbers.count, 0);
+    EXPECT_EQ(GetFormatInt().NumDigits, 1U);
+}
+
+TEST_F(SavedFormats, AreReadAsAnEditorMayHaveLaidThemOut) {
+    NumberFormat own = GermanFormat(4);
+    own.SetThousandSep(" ");
+    SetFormatLong(own);
+    m_good = Saved();
+    EXPECT_EQ(FailureWith("<NumDigits>4</NumDigits>", "\n\t<NumDigits>\n 5\r\n</NumDigits>"), "");
+    EXPECT_EQ(GetFormatLong().NumDigits, 5U);
+    EXPECT_STREQ(GetFormatLong().ThousandSep, " ") << "a blank of a separator counts";
 }
 
 } // namespace

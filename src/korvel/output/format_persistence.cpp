@@ -1,13 +1,17 @@
 #include "korvel/output/format_persistence.h"
 
 #include "korvel/documents/xml_node.h"
-#include "korvel/documents/xml_reader.h"
+#include "korvel/documents/xml_scanner.h"
+#include "korvel/documents/xml_tree.h"
 #include "korvel/output/angle_output.h"
 #include "korvel/output/date_output.h"
 #include "korvel/output/first_failure.h"
 #include "korvel/output/number_output.h"
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/error.h"
 #include "korvel/platform/replace_file.h"
 
+#include <algorithm>
 #include <charconv>
 #include <initializer_list>
 #include <sstream>
@@ -24,10 +28,8 @@ using internal::DateFormatRecord;
 using internal::FirstFailure;
 using internal::NumberFormat;
 using internal::NumberRecord;
-using internal::ReadXmlFile;
-using internal::RequireChild;
-using internal::RequireText;
 using internal::ThrowSchemaError;
+using internal::XmlElement;
 
 template <typename Record>
 struct SavedRecord {
@@ -96,13 +98,36 @@ void WriteDates(std::ostream& stream) {
         WriteText(stream, element, CDateOutput::Instance().Formats().*format);
 }
 
-bool ReadBool(const pugi::xml_node& parent, const char* element) {
-    const std::string text = RequireText(parent, element);
+constexpr std::string_view TextElements[] = {
+    "System",        "NumDigits", "LeadingZero",   "Grouping",    "DecimalSep",     "ThousandSep",
+    "NegativeOrder", "Angle",     "CurrentFormat", "DefaultTime", "DateFormatLong", "DateFormatShort"};
+
+bool HoldsText(std::string_view element) {
+    return std::find(std::begin(TextElements), std::end(TextElements), element) != std::end(TextElements);
+}
+
+// Blanks count: for separators and formats.
+std::string ReadText(const XmlElement& parent, std::string_view element) {
+    return internal::BytesOfXmlText(parent.Child(element).text);
+}
+
+// Without the blanks that an editor puts around it.
+std::string_view ReadWord(const XmlElement& parent, std::string_view element) {
+    std::string_view text = parent.Child(element).text;
+    while (!text.empty() && XmlScanner::IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && XmlScanner::IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+bool ReadBool(const XmlElement& parent, const char* element) {
+    const std::string_view text = ReadWord(parent, element);
     return !text.empty() && text != "0" && text != "false";
 }
 
-std::uint32_t ReadNumber(const pugi::xml_node& parent, const char* element) {
-    const std::string text = RequireText(parent, element);
+std::uint32_t ReadNumber(const XmlElement& parent, const char* element) {
+    const std::string_view text = ReadWord(parent, element);
     std::uint32_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size())
@@ -115,12 +140,12 @@ void RequireThat(bool succeeded) {
         ThrowSchemaError();
 }
 
-void ReadFields(const pugi::xml_node& element, NumberFormat& format) {
+void ReadFields(const XmlElement& element, NumberFormat& format) {
     format.NumDigits = ReadNumber(element, "NumDigits");
     format.LeadingZero = ReadNumber(element, "LeadingZero");
     format.Grouping = ReadNumber(element, "Grouping");
-    RequireThat(format.SetDecimalSep(RequireText(element, "DecimalSep")));
-    RequireThat(format.SetThousandSep(RequireText(element, "ThousandSep")));
+    RequireThat(format.SetDecimalSep(ReadText(element, "DecimalSep")));
+    RequireThat(format.SetThousandSep(ReadText(element, "ThousandSep")));
     format.NegativeOrder = ReadNumber(element, "NegativeOrder");
 }
 
@@ -128,12 +153,11 @@ void ReadFields(const pugi::xml_node& element, NumberFormat& format) {
 class FormatLoader {
 public:
     void Load(const std::string& path) {
-        pugi::xml_document document;
-        ReadXmlFile(path, document);
-        const pugi::xml_node root = RequireChild(document, "FORMATS");
-        LoadNumbers(RequireChild(root, "NumberFormat"));
-        LoadAngles(RequireChild(root, "AngleFormat"));
-        LoadDates(RequireChild(root, "DateFormat"));
+        const XmlElement root = internal::ReadXmlFile(path, HoldsText);
+        RequireThat(root.name == "FORMATS");
+        LoadNumbers(root.Child("NumberFormat"));
+        LoadAngles(root.Child("AngleFormat"));
+        LoadDates(root.Child("DateFormat"));
     }
 
     // Calls the listeners of every touched service.
@@ -147,28 +171,28 @@ public:
     }
 
 private:
-    void LoadNumbers(const pugi::xml_node& section) {
+    void LoadNumbers(const XmlElement& section) {
         for (const auto& [element, record] : NumberRecords)
-            LoadRecord(RequireChild(section, element), CNumberOutput::Instance(), record, m_numbersTouched);
+            LoadRecord(section.Child(element), CNumberOutput::Instance(), record, m_numbersTouched);
     }
 
-    void LoadAngles(const pugi::xml_node& section) {
+    void LoadAngles(const XmlElement& section) {
         CAngleOutput& output = CAngleOutput::Instance();
         output.SetUnit(ReadNumber(section, "Angle"));
         m_anglesTouched = true;
         for (const auto& [element, record] : AngleRecords)
-            LoadRecord(RequireChild(section, element), output, record, m_anglesTouched);
+            LoadRecord(section.Child(element), output, record, m_anglesTouched);
     }
 
-    void LoadDates(const pugi::xml_node& section) {
+    void LoadDates(const XmlElement& section) {
         for (const auto& [element, format] : DateFormats) {
-            CDateOutput::Instance().Formats().*format = RequireText(section, element);
+            CDateOutput::Instance().Formats().*format = ReadText(section, element);
             m_datesTouched = true;
         }
     }
 
     template <typename Service, typename Record>
-    static void LoadRecord(const pugi::xml_node& element, Service& service, Record record, bool& touched) {
+    static void LoadRecord(const XmlElement& element, Service& service, Record record, bool& touched) {
         NumberFormat format = service.Format(record);
         format.System = ReadBool(element, "System");
         touched = true;
@@ -198,6 +222,10 @@ void FollowSystem(Service& service, const Records& records) {
     service.FollowSystem();
 }
 
+bool IsRefusedByXml(char byte) {
+    return static_cast<unsigned char>(byte) < ' ' && !XmlScanner::IsBlank(byte);
+}
+
 std::string PathText(const char* path) {
     return path != nullptr ? path : "";
 }
@@ -213,6 +241,9 @@ void SaveFormatStates(const char* path) {
         WriteAngles(stream);
         WriteDates(stream);
     }
+    if (std::any_of(stream.view().begin(), stream.view().end(), IsRefusedByXml))
+        throw Error(platform::FromUtf8(PathText(path)).text +
+                    ": a format holds a control character, which no XML file can hold");
     internal::ReplaceFile(PathText(path), stream.view());
 }
 
