@@ -172,6 +172,15 @@ TEST_F(SettingsStoreTest, ReadersWaitForNoWriter) {
     EXPECT_EQ(Read("A", "name").bytes, "new");
 }
 
+TEST_F(SettingsStoreTest, NeedsNoLogWhereNoneCanBeShared) {
+    std::filesystem::path memory = m_store.File();
+    create_directories(memory += "-shm"); // as on a file system that shares no memory
+    EXPECT_EQ(CreateKey(Root, "A"), Done);
+    EXPECT_EQ(WriteSetting(Root, "A", "name", SettingValue::Text("kept")), Done);
+    EXPECT_EQ(Read("A", "name").bytes, "kept");
+    EXPECT_EQ(OtherProgram(m_store.File()).JournalMode(), "delete");
+}
+
 TEST_F(SettingsStoreTest, UsersReadTheMachinesWithoutTheRightToWriteThere) {
     CreateKey(SettingsRoot::Machine, "A");
     WriteSetting(SettingsRoot::Machine, "A", "name", SettingValue::Text("kept"));

@@ -147,15 +147,19 @@ StoreDatabase StoreDatabase::OpenOrCreate(const std::filesystem::path& file) {
     return database;
 }
 
-// Reading, too, opens for writing where the user may: it puts right what a killed writer has left.
 StoreDatabase::StoreDatabase(const std::filesystem::path& file, Access access, StoreUse use)
     : m_file(file), m_use(use) {
+    Open(access);
+}
+
+// Reading, too, opens for writing where the user may: it puts right what a killed writer has left.
+void StoreDatabase::Open(Access access) {
     const bool isUnchanging = access == Access::Unchanging;
     const int flags = isUnchanging ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE;
     const int create = access == Access::Create ? SQLITE_OPEN_CREATE : 0;
     sqlite3* handle = nullptr;
-    const int answer = sqlite3_open_v2((isUnchanging ? UnchangingName(file) : file.string()).c_str(), &handle,
-                                       flags | create, nullptr);
+    const int answer = sqlite3_open_v2((isUnchanging ? UnchangingName(m_file) : m_file.string()).c_str(),
+                                       &handle, flags | create, nullptr);
     m_handle.reset(handle);
     Check(answer);
     WaitForOthers();
@@ -168,7 +172,20 @@ void StoreDatabase::KeepJournal(StoreJournal journal) {
     // Whoever uses the file at this moment keeps it from changing; the next writer tries again.
     sqlite3_busy_handler(m_handle.get(), nullptr, nullptr);
     sqlite3_exec(m_handle.get(), ("PRAGMA journal_mode=" + wanted).c_str(), nullptr, nullptr, nullptr);
+    const int answer = sqlite3_exec(m_handle.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+    if (answer == SQLITE_OK)
+        Execute("ROLLBACK");
+    else if (journal == StoreJournal::Log && (answer & 0xFF) != SQLITE_BUSY)
+        LeaveLog();
     WaitForOthers();
+}
+
+// Only a connection that has the file for itself reads it without the memory that a log shares.
+void StoreDatabase::LeaveLog() {
+    m_handle.reset();
+    Open(Access::Existing);
+    Execute("PRAGMA locking_mode=exclusive; PRAGMA journal_mode=delete;"
+            "PRAGMA locking_mode=normal; SELECT 1 FROM sqlite_master");
 }
 
 void StoreDatabase::WaitForOthers() {

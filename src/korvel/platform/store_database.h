@@ -87,7 +87,9 @@ private:
     enum class Access { Existing, Create, Unchanging };
 
     StoreDatabase(const std::filesystem::path& file, Access access, StoreUse use);
+    void Open(Access access);
     void WaitForOthers();
+    void LeaveLog();
     void Execute(const char* sql);
     std::string JournalMode();
     bool HasTables();
