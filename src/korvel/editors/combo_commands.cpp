@@ -164,10 +164,8 @@ void ComboCommands::AddEntryUnder(ComboTreeItem& parent) {
     if (!bound || !m_model.Tree().Contains(parent))
         return;
     const ComboTreeItem* item = m_model.AddValue(name, path);
-    if (item && item->HasRow()) {
+    if (item && item->HasRow())
         m_input.SetCurrentRow(item->GetRow());
-        m_view.Control().RedrawWindow();
-    }
 }
 
 void ComboCommands::AddGroupUnder(ComboTreeItem& parent) {
@@ -178,7 +176,6 @@ void ComboCommands::AddGroupUnder(ComboTreeItem& parent) {
     const ComboTreeItem& group = m_model.InsertGroup(parent, name);
     m_model.ExpandParent(&parent);
     m_input.SetCurrentRow(group.HasRow() ? group.GetRow() : -1);
-    m_view.Control().RedrawWindow();
 }
 
 void ComboCommands::Delete() {

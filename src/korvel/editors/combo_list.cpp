@@ -214,10 +214,8 @@ void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
         return;
     const ComboTree::KeepItems keep(m_parts->model.Tree());
     const CTreeItem* item = m_parts->model.EntryAdded(id);
-    if (item && item->HasRow()) {
+    if (item && item->HasRow())
         SetCurrentRow(item->GetRow());
-        RedrawWindow();
-    }
 }
 
 void CComboList::OnDestroyEnumValue(IEnumValue* enumeration, long id) {
