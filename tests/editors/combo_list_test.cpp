@@ -103,6 +103,13 @@ TEST_F(ComboListTest, EntriesThatTheHostReports) {
     list->OnRenameEnumValue(&shown, 77, {});
     list->OnDestroyEnumValue(&shown, 9);
     EXPECT_EQ(Rows(), "-g|  a|  h|b"); // an emptied group stays
+    const std::function<void()> changes[] = {[&] { list->OnRenameEnumValue(&shown, 1, {}); },
+                                             [&] { list->OnEventFormatChanged(); }};
+    for (const auto& change : changes) {
+        display.PaintWindow(list->m_hWnd);
+        change();
+        EXPECT_TRUE(display.IsInvalid(list->m_hWnd));
+    }
     TestEnumeration parents({"a", "p", "p/c"}, ENF_Tree);
     Show(parents, eDesignTree);
     for (const long id : {2, 1})

@@ -15,7 +15,7 @@ using internal::ComboColumns;
 using internal::ComboWriteBack;
 using internal::DropDownContent;
 
-// Keeps rows as a control would: by what it hears.
+// Keeps rows as a control would: by what it is told.
 struct RowKeeper final : internal::ComboRowSink {
     void OnRowsAdded(ComboTree::RowRange range) override {
         for (int row = range.first; row < range.first + range.count; ++row)
