@@ -36,7 +36,7 @@ TEST_F(Painting, TextsTakeTheColorOfTheirState) {
     Press(grid, VK_RIGHT);
     const Picture picture = Paint();
     EXPECT_EQ(picture.FindText("enabled")->color, 0x111111u);
-    EXPECT_EQ(picture.FindText("disabled")->color, 0x777777u);
+    EXPECT_EQ(picture.FindText("disabled")->color, 0x6A6A6Au);
     EXPECT_EQ(picture.FindText("protected")->color, 0x111111u); // the name is not greyed
     EXPECT_EQ(picture.FindText("selected")->color, 0xEEEEEEu);
     EXPECT_EQ(picture.At(MiddleOf(Cell(1, 1))), 0xAA0000u);

@@ -103,14 +103,18 @@ void RowPainter::DrawText(int column, CRect room, COLORREF ground) {
         return;
     COLORREF color = GetSysColor(COLOR_WINDOWTEXT);
     if (m_isSelected && m_hasFocus)
-        color = IsEnabled(column) ? GetSysColor(COLOR_HIGHLIGHTTEXT)
-                                  : Mix(GetSysColor(COLOR_HIGHLIGHTTEXT), ground, 1, 2);
+        color = GetSysColor(COLOR_HIGHLIGHTTEXT);
     else if (!IsEnabled(column))
         color = GetSysColor(COLOR_GRAYTEXT);
     else if (m_isSelected)
         color = GetSysColor(COLOR_BTNTEXT);
     else if (ground != GetSysColor(COLOR_WINDOW))
         color = Readable(ground);
+    if (!IsEnabled(column)) {
+        const bool isHighlighted = m_isSelected && m_hasFocus;
+        color = Legible(isHighlighted ? Mix(color, ground, 1, 2) : color,
+                        isHighlighted ? color : GetSysColor(COLOR_WINDOWTEXT), ground);
+    }
     m_dc.SetTextColor(color);
     m_dc.DrawText(text, room, TextFormat);
 }
