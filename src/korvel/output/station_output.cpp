@@ -99,6 +99,14 @@ void CStationOutput::AppendRoad(std::string& out, float station) const {
     AppendRoadStation(out, station, m_records[FloatRecord]);
 }
 
+void CStationOutput::SetDigits(std::uint32_t digits) {
+    for (const std::size_t record : {DoubleRecord, FloatRecord}) {
+        NumberFormat format = m_records[record];
+        format.NumDigits = digits;
+        m_records.Set(record, format);
+    }
+}
+
 bool CStationOutput::FollowSystem() {
     return m_records.FollowSystem();
 }

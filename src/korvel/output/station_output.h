@@ -17,6 +17,9 @@ public:
     void AppendRoad(std::string& out, double station) const;
     void AppendRoad(std::string& out, float station) const;
 
+    /// Of double and float stations.
+    void SetDigits(std::uint32_t digits);
+
     FormatNotification& Notification() { return m_records.Notification(); }
     bool FollowSystem();
 

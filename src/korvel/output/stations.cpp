@@ -30,4 +30,8 @@ std::string RoadStationToString(float station) {
     return TextOf(&CStationOutput::AppendRoad, station);
 }
 
+void SetStationDigits(std::uint32_t digits) {
+    CStationOutput::Instance().SetDigits(digits);
+}
+
 } // namespace korvel
