@@ -1,10 +1,13 @@
 #include "desktop/desktop_run.h"
 #include "korvel/dialogs/file_container.h"
+#include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
 #include "program/list_writer.h"
+#include "program/member_path.h"
 #include "program/options.h"
 #include "program/run_settings.h"
 #include "source/document_error.h"
+#include "texts/messages.h"
 
 #include <exception>
 #include <iostream>
@@ -22,9 +25,14 @@ void Complain(const std::string& utf8) {
     std::cerr << "inspector: " << utf8 << '\n';
 }
 
-int List(const Options& options) {
+int List(const Options& options, const TakenFormats& formats) {
     LandXmlDocument document(options.file, {options.stations, GetFileContainer().GetFileValue(0),
                                             options.encoding, ReadingOptions::All});
+    if (formats.hasUnitOfFile)
+        SetAngleUnit(document.OwnAngleUnit());
+    for (const std::string& path : options.expand)
+        if (!HasMember(document.Root(), platform::FromUtf8(path).text))
+            throw UsageError(Say({"--expand: there is no %1", {"'" + path + "'"}}));
     for (const std::string& notice : document.Notices())
         Complain(options.file + ": " + platform::ToUtf8(notice));
     std::ios::sync_with_stdio(false);
@@ -33,7 +41,7 @@ int List(const Options& options) {
     });
     std::cout.flush();
     if (!std::cout) {
-        Complain("standard output cannot be written");
+        Complain(Say({"standard output cannot be written"}));
         return Failed;
     }
     return Done;
@@ -48,10 +56,10 @@ int Run(const Options& options) {
         std::cout << "inspector " KORVEL_VERSION "\n";
         return Done;
     }
-    const std::string notice = ApplySettings(options);
-    if (!notice.empty())
-        Complain(notice);
-    return options.list ? List(options) : RunOnDesktop(options, notice);
+    const TakenFormats formats = ApplySettings(options);
+    if (!formats.notice.empty())
+        Complain(formats.notice);
+    return options.list ? List(options, formats) : RunOnDesktop(options, formats);
 }
 
 } // namespace
@@ -60,7 +68,7 @@ int main(int count, char** arguments) {
     try {
         return Run(ReadOptions({arguments + 1, arguments + count}));
     } catch (const UsageError& error) {
-        Complain(std::string(error.what()) + "; --help tells what there is");
+        Complain(Say({"%1; see --help", {error.what()}}));
         return NotUnderstood;
     } catch (const DocumentError& error) {
         Complain(error.Utf8Text());

@@ -22,13 +22,20 @@ bool ClosedCombo::Create(const CRect& rect, CWnd* parent, int id) {
     constexpr UINT OwnStyle = WS_EX_CLIENTEDGE | WS_EX_CONTROLPARENT; // Tab goes to the field
     if (!CreateEx(OwnStyle, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, rect, parent, id))
         return false;
+    const bool done = m_field.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, {}, this, FieldId) &&
+                      m_arrow.Create("", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, {}, this, ArrowId) &&
+                      m_list.CreateDropDown(this, ListId);
+    Place();
+    return done;
+}
+
+void ClosedCombo::Place() {
     CRect field = GetClientRect();
     CRect arrow = field;
     arrow.left = arrow.right - arrow.Height();
     field.right = arrow.left;
-    return m_field.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, field, this, FieldId) &&
-           m_arrow.Create("", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, arrow, this, ArrowId) &&
-           m_list.CreateDropDown(this, ListId);
+    m_field.MoveWindow(field);
+    m_arrow.MoveWindow(arrow);
 }
 
 void ClosedCombo::Show(const CVariantValue& value) {
@@ -87,6 +94,8 @@ LRESULT ClosedCombo::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
     if (message == WM_SETFOCUS)
         m_field.SetFocus();
+    if (message == WM_SIZE && m_arrow.m_hWnd)
+        Place();
     return result;
 }
 

@@ -9,7 +9,7 @@
 namespace korvel::inspector {
 
 /// A field that shows what a value selects, with an arrow, and a list that drops below it to choose anew.
-/// It keeps its size. It watches its parent, a top-level window, while the list is open.
+/// Its parts follow its size. It watches its parent, a top-level window, while the list is open.
 ///
 ///     ClosedCombo combo;
 ///     combo.Create({10, 10, 210, 34}, &window, 201);
@@ -47,6 +47,7 @@ protected:
 private:
     enum class Choice { Taken, Dropped };
 
+    void Place();
     void Open();
     void Close(Choice choice);
     bool HandleKey(const MSG& message);

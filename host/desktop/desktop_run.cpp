@@ -1,12 +1,14 @@
 #include "desktop/desktop_run.h"
 
 #include "desktop/inspector_window.h"
-#include "desktop/program_texts.h"
+#include "desktop/picture_file.h"
 #include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/screen.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/values/language.h"
+#include "texts/messages.h"
+#include "texts/program_texts.h"
 
 #include <QApplication>
 #include <QDir>
@@ -25,18 +27,20 @@ namespace {
 
 constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
 
-// The display that the session names may not respond: then Qt takes the next one here.
+// The display that the session names may not respond, or its plugin may not be installed: then Qt takes the next
+// one here.
 void ChoosePlatform(bool onScreen) {
     if (!onScreen)
         qputenv(PlatformVariable, "offscreen");
-    else if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && !qEnvironmentVariableIsEmpty("DISPLAY"))
+    else if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        qputenv(PlatformVariable, "wayland;xcb;offscreen");
+    else if (!qEnvironmentVariableIsEmpty("DISPLAY"))
         qputenv(PlatformVariable, "xcb;offscreen");
 }
 
-std::string PictureBeside(const std::string& file) {
+QString PictureBeside(const std::string& file) {
     const QFileInfo info(QFile::decodeName(file.c_str()));
-    return QFile::encodeName(QDir::current().filePath(info.completeBaseName() + QStringLiteral(".png")))
-        .toStdString();
+    return QDir::current().filePath(info.completeBaseName() + QStringLiteral(".png"));
 }
 
 void ExpandAsAsked(GridPane& pane, const Options& options) {
@@ -44,18 +48,18 @@ void ExpandAsAsked(GridPane& pane, const Options& options) {
         pane.ExpandAll();
     for (const std::string& path : options.expand)
         if (!pane.Expand(platform::FromUtf8(path).text))
-            throw UsageError("--expand: there is no '" + path + "'");
+            throw UsageError(Say({"--expand: there is no %1", {"'" + path + "'"}}));
 }
 
-void WritePicture(InspectorWindow& window, const Options& options, const std::string& path) {
+// The name under which the picture was written.
+QString WritePicture(InspectorWindow& window, const Options& options, const QString& name) {
     window.resize(options.size.width, options.size.height);
     window.show();
     if (!options.file.empty())
         window.Open(options.file);
     ExpandAsAsked(window.Pane(), options);
     QApplication::processEvents();
-    if (!window.grab().save(QFile::decodeName(path.c_str()), "PNG"))
-        throw Error("the picture '" + platform::FromUtf8(path).text + "' cannot be written");
+    return SavePicture(window.grab().toImage(), name);
 }
 
 // What Qt misses where there is no screen is expected, and would hide the messages that matter.
@@ -87,7 +91,7 @@ int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::
 
 } // namespace
 
-int RunOnDesktop(const Options& options, const std::string& notice) {
+int RunOnDesktop(const Options& options, const TakenFormats& formats) {
     // A platform that the user chose for Qt counts as a screen.
     const bool isChosen = !qEnvironmentVariableIsEmpty(PlatformVariable);
     const bool onScreen = options.screenshot.empty() && (isChosen || platform::HasScreen());
@@ -101,7 +105,7 @@ int RunOnDesktop(const Options& options, const std::string& notice) {
     QApplication application(count, arguments);
     const bool picture = !onScreen || (!isChosen && QApplication::platformName() == u"offscreen");
     if (picture && options.screenshot.empty() && options.file.empty())
-        throw UsageError("there is no screen, and no file to make a picture of");
+        throw UsageError(Say({"there is no screen, and no file to make a picture of"}));
     if (!isChosen)
         qunsetenv(PlatformVariable); // not for the programs that are started from here
     std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written
@@ -111,13 +115,19 @@ int RunOnDesktop(const Options& options, const std::string& notice) {
     UseLanguage(options, translator);
     qt::QtDisplay display;
     SetDisplay(&display);
-    InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0), options.encoding});
+    InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0), options.encoding},
+                           formats.hasUnitOfFile);
     if (!picture)
-        return ShowUntilClosed(window, options, notice);
-    const std::string path = options.screenshot.empty() ? PictureBeside(options.file) : options.screenshot;
-    WritePicture(window, options, path);
-    if (options.screenshot.empty())
-        std::cout << "There is no screen; the picture of the window is " << path << '\n';
+        return ShowUntilClosed(window, options, formats.notice);
+    const bool isAsked = !options.screenshot.empty();
+    const QString asked =
+        isAsked ? QFile::decodeName(options.screenshot.c_str()) : PictureBeside(options.file);
+    const QString written = WritePicture(window, options, asked);
+    const std::string taken = QFile::encodeName(written).toStdString();
+    if (!isAsked)
+        std::cout << Say({"there is no screen; the picture of the window is %1", {taken}}) << '\n';
+    else if (written != asked)
+        std::cout << Say({"another file has that name; the picture is %1", {taken}}) << '\n';
     return 0;
 }
 

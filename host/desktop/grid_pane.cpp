@@ -1,8 +1,10 @@
 #include "desktop/grid_pane.h"
 
-#include "desktop/program_texts.h"
+#include "program/member_path.h"
+#include "texts/program_texts.h"
 
 #include <algorithm>
+#include <cmath>
 #include <string_view>
 
 namespace korvel::inspector {
@@ -10,20 +12,15 @@ namespace korvel::inspector {
 namespace {
 
 constexpr CRect FirstPlace = {0, 0, 900, 600}; // until a layout places it
-constexpr int SmallestValueColumn = 120;
+constexpr double SmallestShare = 0.1;          // of a column
 constexpr int GridId = 105;
-constexpr int NameShare = 2; // of fifths of the width
 
 // The child whose name begins the path; of several, the one with the longest name.
 grid::CTreeItem* FindStep(const ChildList& children, std::string_view path) {
     grid::CTreeItem* found = nullptr;
-    for (grid::CTreeItem* child : children) {
-        const std::string& name = child->info->text;
-        const bool matches =
-            path.starts_with(name) && (path.size() == name.size() || path[name.size()] == '/');
-        if (matches && (!found || found->info->text.size() < name.size()))
+    for (grid::CTreeItem* child : children)
+        if (StepAt(path, child->info->text) > (found ? found->info->text.size() : 0))
             found = child;
-    }
     return found;
 }
 
@@ -32,14 +29,26 @@ grid::CTreeItem* FindStep(const ChildList& children, std::string_view path) {
 LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = CEditableGrid::WindowProc(message, wParam, lParam);
     const bool dragged = message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ENDTRACK;
-    if (message == WM_SIZE || dragged)
-        FitValueColumn();
+    const int width = GetClientRect().Width();
+    if (dragged && width > 0)
+        m_nameShare =
+            std::clamp(static_cast<double>(GetColumnWidth(0)) / width, SmallestShare, 1 - SmallestShare);
+    // A scroll bar that comes while the user drags changes the height only.
+    if (dragged || (message == WM_SIZE && width != m_dividedWidth))
+        DivideWidth();
     return result;
 }
 
-void AttributeGrid::FitValueColumn() {
-    if (GetColumnCount() == 2)
-        SetColumnWidth(1, std::max(SmallestValueColumn, GetClientRect().Width() - GetColumnWidth(0)));
+void AttributeGrid::DivideWidth() {
+    const int width = GetClientRect().Width();
+    const int name = static_cast<int>(std::lround(width * m_nameShare));
+    m_dividedWidth = width;
+    if (GetColumnCount() != 2) {
+        SetColumnInfo({{0, name}, {1, width - name}});
+        return;
+    }
+    SetColumnWidth(0, name);
+    SetColumnWidth(1, width - name);
 }
 
 GridPane::GridPane() : m_grid(nullptr, nullptr) {
@@ -50,9 +59,7 @@ GridPane::GridPane() : m_grid(nullptr, nullptr) {
 
 void GridPane::Show(IMemberDispatch& root) {
     m_grid.Clear();
-    const int width = m_grid.GetClientRect().Width();
-    const int name = width * NameShare / 5;
-    m_grid.SetColumnInfo({{0, name}, {1, width - name}});
+    m_grid.DivideWidth();
     const ProgramTexts& texts = TheProgramTexts();
     m_grid.Initialize(&root, InCodePage(texts.name), InCodePage(texts.value), 0);
     Select(0);

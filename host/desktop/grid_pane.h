@@ -5,14 +5,21 @@
 
 namespace korvel::inspector {
 
-/// A grid over the two columns name and value. The value column takes what the other leaves.
+/// A grid over the two columns name and value, which share its width as the user has divided it.
 class AttributeGrid final : public CEditableGrid {
 public:
     using CEditableGrid::CEditableGrid;
+    /// To be called before a binding, and by the grid itself whenever its width changes.
+    void DivideWidth();
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+protected:
+    /// Red, as the default, looks like an error in a program that shows errors.
+    COLORREF GetFocusCellColor() override { return GetSysColor(COLOR_HIGHLIGHTTEXT); }
+
 private:
-    void FitValueColumn();
+    double m_nameShare = 0.4; // of the width
+    int m_dividedWidth = 0;
 };
 
 /// The window that Embed takes into the inspector's main window: a grid that fills it.

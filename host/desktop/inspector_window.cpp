@@ -1,9 +1,12 @@
 #include "desktop/inspector_window.h"
 
-#include "desktop/program_texts.h"
+#include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/qt/embed.h"
+#include "korvel/qt/qt_display.h"
+#include "korvel/window/core/display.h"
 #include "source/document_error.h"
+#include "texts/program_texts.h"
 
 #include <QAction>
 #include <QDragEnterEvent>
@@ -26,6 +29,7 @@ namespace korvel::inspector {
 namespace {
 
 constexpr QSize FirstSize = {1000, 700};
+constexpr QMargins FrameRoom = {8, 40, 8, 8}; // for the frame and the title, which are not known before
 
 // Shows the wait cursor for its lifetime.
 class WaitCursor {
@@ -36,6 +40,11 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
+QString CountText(std::size_t count, const char* one, const char* many) {
+    return count == 1 ? QString::fromUtf8(one)
+                      : QString::fromUtf8(many).arg(QLocale().toString(static_cast<qulonglong>(count)));
+}
+
 // The one local file that is being dragged; empty for anything else.
 QString DraggedFile(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
@@ -44,23 +53,25 @@ QString DraggedFile(const QMimeData* data) {
 
 } // namespace
 
-InspectorWindow::InspectorWindow(const ReadingOptions& options)
-    : m_options(options), m_pane(std::make_unique<GridPane>()) {
+InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
+    : m_options(options), m_unitOfFile(unitOfFile), m_pane(std::make_unique<GridPane>()) {
     setWindowTitle(QGuiApplication::applicationDisplayName());
     // Placed from the start, so that the first box is in front of it.
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(FrameRoom);
     setGeometry(
-        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, FirstSize.boundedTo(screen.size()), screen));
+        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, FirstSize.boundedTo(room.size()), room));
     setAcceptDrops(true);
     MakeMenus();
     m_pages = new QStackedWidget;
     auto* invitation = new QLabel(QString::fromUtf8(TheProgramTexts().invitation));
     invitation->setAlignment(Qt::AlignCenter);
+    invitation->setWordWrap(true);
     m_pages->addWidget(invitation);
     m_pages->addWidget(qt::Embed(m_pane->m_hWnd));
     setCentralWidget(m_pages);
     m_status = new QLabel;
-    statusBar()->addWidget(m_status);
+    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long text widens no window
+    statusBar()->addWidget(m_status, 1);
 }
 
 InspectorWindow::~InspectorWindow() {
@@ -92,6 +103,8 @@ void InspectorWindow::Open(const std::string& path) {
     m_pane->Clear();
     m_document = std::move(document);
     m_pages->setCurrentIndex(1);
+    if (m_unitOfFile)
+        SetAngleUnit(m_document->OwnAngleUnit());
     m_pane->Show(m_document->Root());
     m_listsAction->setEnabled(true);
     ShowStatus(path);
@@ -130,20 +143,19 @@ void InspectorWindow::ShowStatus(const std::string& path) {
     setWindowTitle(file.fileName()); // Qt adds the name of the program
     m_folder = file.absolutePath();
     const GridPane::Counts counts = m_pane->Count();
-    const QLocale locale;
-    QString status = QString::fromUtf8(texts.counts)
-                         .arg(locale.toString(static_cast<qulonglong>(counts.objects)),
-                              locale.toString(static_cast<qulonglong>(counts.members)));
+    QString status = CountText(counts.objects, texts.oneObject, texts.objects) + QStringLiteral(", ") +
+                     CountText(counts.members, texts.oneMember, texts.members);
     if (m_document->IsReadOnly())
         status += QStringLiteral(" – ") + QString::fromUtf8(texts.readOnly);
     for (const std::string& notice : m_document->Notices())
         status += QStringLiteral(" – ") + QString::fromStdString(platform::ToUtf8(notice));
     m_status->setText(status);
+    m_status->setToolTip(status);
 }
 
 void InspectorWindow::ChooseFile() {
     const ProgramTexts& texts = TheProgramTexts();
-    const QString filter = QStringLiteral("%1 (*.xml *.XML);;%2 (*)")
+    const QString filter = QStringLiteral("%1 (*.xml *.XML *.landxml *.xml.gz);;%2 (*)")
                                .arg(QString::fromUtf8(texts.landXmlFiles), QString::fromUtf8(texts.allFiles));
     const QString path =
         QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption), m_folder, filter);
@@ -155,6 +167,11 @@ void InspectorWindow::ShowLists() {
     if (!m_lists) {
         const WaitCursor wait;
         m_lists = std::make_unique<ListsWindow>(*m_document, *m_pane);
+        const CRect smallest = ListsWindow::SmallestRoom();
+        const QSize room = screen()->availableGeometry().marginsRemoved(FrameRoom).size();
+        if (const auto* display = dynamic_cast<qt::QtDisplay*>(&Display()))
+            display->WidgetOf(m_lists->m_hWnd)
+                ->setMinimumSize(QSize(smallest.Width(), smallest.Height()).boundedTo(room));
     }
     if (m_lists->HasLists())
         m_lists->Show();

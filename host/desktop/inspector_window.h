@@ -20,7 +20,8 @@ namespace korvel::inspector {
 /// while a QtDisplay is in force.
 class InspectorWindow final : public QMainWindow {
 public:
-    explicit InspectorWindow(const ReadingOptions& options);
+    /// `unitOfFile`: angles take the unit of each document that is opened.
+    explicit InspectorWindow(const ReadingOptions& options, bool unitOfFile = false);
     ~InspectorWindow() override;
 
     /// Opens a document instead of the one that is shown. Throws DocumentError; what was shown stays then.
@@ -46,6 +47,7 @@ private:
     void ShowStatus(const std::string& path);
 
     const ReadingOptions m_options;
+    const bool m_unitOfFile;
     std::unique_ptr<LandXmlDocument> m_document; // outlives the grid that shows it
     std::unique_ptr<GridPane> m_pane;
     std::unique_ptr<ListsWindow> m_lists; // of the open document, made when first asked for

@@ -1,8 +1,8 @@
 #include "desktop/lists_window.h"
 
-#include "desktop/program_texts.h"
 #include "korvel/values/replace_first.h"
 #include "korvel/window/core/display.h"
+#include "texts/program_texts.h"
 
 #include <algorithm>
 
@@ -14,6 +14,8 @@ constexpr const char* PictureFolder = ":/pictures"; // in the program itself
 constexpr int SmallestWidth = 560;
 constexpr int FirstListHeight = 320;
 constexpr int SmallestList = 60;
+constexpr int FrameRoom = 8; // for the frame of a window on the screen
+constexpr int TitleRoom = 40;
 constexpr int Margin = 10;
 constexpr int Gap = 8;
 constexpr int TextDrop = 5; // a label draws at the top of its rectangle, a field in the middle
@@ -56,7 +58,7 @@ std::string UseText(std::size_t count) {
 struct Sizes {
     int line = LineHeight();
     int label = 0;
-    int combo = 0;
+    int beside = 0; // what is to the right of a combo
     int width = 0;
     int height = FirstListHeight + 2 * Margin + 4 * line + 3 * Gap;
 };
@@ -67,26 +69,40 @@ Sizes TheSizes() {
     Sizes sizes;
     sizes.label =
         std::max(WidthOf(InCodePage(texts.listOfLists)), WidthOf(InCodePage(texts.valueOfList))) + Gap;
-    const int beside = std::max(sizes.line + WidthOf(InCodePage(texts.asTree)), WidthOf(UseText(ManyTimes)));
+    sizes.beside = std::max(sizes.line + WidthOf(InCodePage(texts.asTree)), WidthOf(UseText(ManyTimes)));
     sizes.width = std::max(SmallestWidth, WidthOf(InCodePage(texts.listHelp)) + 2 * Margin);
-    sizes.combo = sizes.width - 2 * Margin - sizes.label - Gap - beside;
     return sizes;
+}
+
+// A place of this size in the middle of another one, with its frame on the screen.
+CRect PlaceOver(const CRect& around, const Sizes& sizes) {
+    const int screenWidth = GetSystemMetrics(SM_CXSCREEN);
+    const int screenHeight = GetSystemMetrics(SM_CYSCREEN);
+    const int width = std::min(sizes.width, screenWidth - 2 * FrameRoom);
+    const int height = std::min(sizes.height, screenHeight - TitleRoom - FrameRoom);
+    const int left = std::clamp(around.left + (around.Width() - width) / 2, FrameRoom,
+                                std::max(FrameRoom, screenWidth - FrameRoom - width));
+    const int top = std::clamp(around.top + (around.Height() - height) / 2, TitleRoom,
+                               std::max(TitleRoom, screenHeight - FrameRoom - height));
+    return {left, top, left + width, top + height};
 }
 
 } // namespace
 
 ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner) : m_lists(document, PictureFolder) {
     const CRect around = korvel::GetWindowRect(GetTopLevelParent(owner.m_hWnd));
-    const Sizes sizes = TheSizes();
-    const int left = around.left + std::max(0, (around.Width() - sizes.width) / 2);
-    const int top = around.top + std::max(0, (around.Height() - sizes.height) / 2);
     const std::string caption = Plain(InCodePage(TheProgramTexts().lists));
-    CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW,
-             {left, top, left + sizes.width, top + sizes.height}, &owner, 0);
+    CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW, PlaceOver(around, TheSizes()), &owner,
+             0);
     CreateControls();
     m_titles = std::make_unique<EditableWordList>(TitlesOf(m_lists.All()), 0);
     m_title.Show(m_titles->Selected({0}));
     ShowList();
+}
+
+CRect ListsWindow::SmallestRoom() {
+    const Sizes sizes = TheSizes();
+    return {0, 0, sizes.width, sizes.height - FirstListHeight + SmallestList};
 }
 
 void ListsWindow::Show() {
@@ -97,8 +113,7 @@ void ListsWindow::Show() {
 void ListsWindow::CreateControls() {
     const ProgramTexts& texts = TheProgramTexts();
     constexpr UINT Visible = WS_CHILD | WS_VISIBLE;
-    const Sizes sizes = TheSizes();
-    const CRect combo = {0, 0, sizes.combo, sizes.line};
+    const CRect combo = {0, 0, SmallestWidth, TheSizes().line};
     m_titleLabel.Create(InCodePage(texts.listOfLists), Visible, {}, this, 0);
     m_title.Create(combo, this, TitleId);
     m_asTree.Create(InCodePage(texts.asTree), Visible | WS_TABSTOP | BS_AUTOCHECKBOX, {}, this, TreeId);
@@ -127,7 +142,7 @@ void ListsWindow::Place() {
     const int line = sizes.line;
     const int right = room.right - Margin;
     const int comboLeft = Margin + sizes.label;
-    const int comboRight = comboLeft + sizes.combo;
+    const int comboRight = std::max(comboLeft, right - Gap - sizes.beside);
     const auto across = [&](int top) { return CRect{Margin, top, right, top + line}; };
     const auto label = [&](int top) { return CRect{Margin, top + TextDrop, comboLeft, top + line}; };
     const auto combo = [&](int top) { return CRect{comboLeft, top, comboRight, top + line}; };

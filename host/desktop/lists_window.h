@@ -20,6 +20,8 @@ public:
     ~ListsWindow() override { DestroyWindow(); } // while it can still take their last messages
 
     bool HasLists() { return !m_lists.All().empty(); }
+    /// In which all its texts can be read.
+    static CRect SmallestRoom();
     /// Only where there are lists.
     void Show();
 

@@ -92,6 +92,7 @@ void MarkUsed(DocumentList& list, const std::map<std::string, std::size_t>& coun
         if (count == counts.end())
             continue;
         list.words.Select(id, list.used);
+        list.words.Pin(id);
         list.counts[id] = count->second;
     }
 }

@@ -17,7 +17,7 @@ struct DocumentList {
 
     std::string title; ///< where the document uses it: "Spiral spiType", "rot"
     EditableWordList words;
-    CVariantValue used;                 ///< selects the words that the document uses
+    CVariantValue used;                 ///< selects the words that the document uses, which stay selected
     std::map<long, std::size_t> counts; ///< how often, by entry number
 };
 

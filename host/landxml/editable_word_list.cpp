@@ -102,7 +102,7 @@ void EditableWordList::Select(long id, CVariantValue& value) {
 }
 
 void EditableWordList::Deselect(long id, CVariantValue& value) {
-    if (IsValue(id, value))
+    if (IsValue(id, value) && !m_pinned.contains(id))
         Mark(value.Text, id, '0');
 }
 

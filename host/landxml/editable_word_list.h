@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,8 @@ public:
     using WordList::SetFlags;
     /// Pictures of the first names, "NAME.png" in a folder; an entry keeps its own when it is renamed.
     void SetImageFolder(const std::string& folder) { m_imageFolder = folder; }
+    /// From now on nothing deselects the entry.
+    void Pin(long id) { m_pinned.insert(id); }
     /// Called after an entry was added, removed or renamed.
     void SetChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
@@ -63,6 +66,7 @@ private:
     std::map<long, Entry> m_entries;
     std::map<std::string, long> m_ids; // by name
     long m_nextId = 0;
+    std::set<long> m_pinned;
     std::string m_imageFolder;
     std::function<void()> m_changed;
 };

@@ -72,6 +72,7 @@ public:
     ElementMembers(const ElementTree& tree, const ReadingOptions& options);
 
     const ElementTree& Tree() const { return m_tree; }
+    const UnitSet& UnitsAt(ElementIndex element) const { return m_scopes.UnitsAt(element); }
 
     /// In member order, each value read once; children without a name of their own are not numbered yet.
     std::vector<Member> List(ElementIndex owner) const;

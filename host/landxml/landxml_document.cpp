@@ -2,6 +2,7 @@
 
 #include "korvel/platform/code_page.h"
 #include "source/document_error.h"
+#include "texts/messages.h"
 
 #include <string_view>
 #include <utility>
@@ -30,12 +31,20 @@ void LandXmlDocument::CheckVersion() {
     const std::string_view address = Tree().NamespaceOf(0, prefix);
     std::string notice;
     if (Tree().LocalName(0) != "LandXML")
-        notice =
-            "no LandXML document, its root element is " + XmlError::Quoted(name) + ": shown, but read-only";
+        notice = Say(
+            {"no LandXML document, its root element is %1: shown, but read-only", {XmlError::Quoted(name)}});
     else if (!address.empty() && !IsKnownNamespace(address))
-        notice = "unknown LandXML version " + XmlError::Quoted(address) + ": shown, but read-only";
+        notice = Say({"unknown LandXML version %1: shown, but read-only", {XmlError::Quoted(address)}});
     if (!notice.empty())
         m_notices.push_back(platform::FromUtf8(notice).text);
+}
+
+char LandXmlDocument::OwnAngleUnit() const {
+    constexpr char Degrees = '\xB0';
+    const std::optional<AngleUnit> unit = m_members.UnitsAt(0).angle;
+    if (unit == AngleUnit::Radians)
+        return 'r';
+    return unit == AngleUnit::Grads ? 'g' : Degrees;
 }
 
 ElementObject& LandXmlDocument::ObjectOf(ElementIndex element) {

@@ -3,11 +3,15 @@
 #include "korvel/output/angles.h"
 #include "korvel/output/format_persistence.h"
 #include "korvel/output/numbers.h"
+#include "korvel/output/stations.h"
 #include "korvel/output/system_change.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
 #include "korvel/platform/regional_settings.h"
+#include "texts/messages.h"
 
+#include <fstream>
+#include <string_view>
 #include <system_error>
 
 namespace korvel::inspector {
@@ -45,7 +49,7 @@ void SetDigits(const FormatAccess& access, std::uint32_t digits) {
 }
 
 void Apply(const FormatChoice& choice) {
-    if (choice.angleUnit)
+    if (choice.angleUnit && *choice.angleUnit != FormatChoice::UnitOfFile)
         SetAngleUnit(*choice.angleUnit);
     for (const FormatAccess& access : NumbersWithDigits) {
         if (choice.digits)
@@ -56,6 +60,25 @@ void Apply(const FormatChoice& choice) {
     if (choice.grouping)
         for (const FormatAccess& access : WholeNumbers)
             SetGrouping(access, *choice.grouping);
+    SetStationDigits(GetFormatDouble().NumDigits);
+}
+
+// The saved formats always hold a unit of angles; beside them is written whether the user chose it.
+constexpr const char* UnitFile = "inspector-angle-unit.txt";
+constexpr std::string_view UnitOfFile = "file";
+
+// Formats of a time before that file was written hold another unit than degrees only where it was chosen.
+bool KeepsUnitOfFile(const fs::path& folder) {
+    std::string word;
+    if (std::ifstream(folder / UnitFile) >> word)
+        return word == UnitOfFile;
+    return GetAngleUnit() == Degrees;
+}
+
+bool KeepUnit(const fs::path& folder, bool hasUnitOfFile) {
+    std::ofstream file(folder / UnitFile);
+    file << (hasUnitOfFile ? UnitOfFile : "chosen") << '\n';
+    return file.flush().good();
 }
 
 // A name beside `file` that nothing has yet.
@@ -70,56 +93,67 @@ fs::path NameAside(const fs::path& file) {
     return aside;
 }
 
-std::string SetAside(const fs::path& file) {
+std::string SetAside(const fs::path& file, const std::string& notice) {
     const fs::path aside = NameAside(file);
     std::error_code failure;
     fs::rename(file, aside, failure);
-    return failure ? "" : "; the file is now " + aside.string();
+    return failure ? notice : Say({"%1; the file is now %2", {notice, aside.string()}});
 }
 
 std::string Load(const fs::path& file) {
     std::error_code failure;
     if (fs::status(file, failure).type() == fs::file_type::not_found)
         return {};
-    const std::string complaint = "the kept formats cannot be read and the regional ones are used: ";
+    const auto complaint = [](const Error& error) {
+        return Say({"the kept formats cannot be read and the regional ones are used: %1",
+                    {platform::ToUtf8(error.what())}});
+    };
     try {
         LoadFormatStates(file.c_str());
         return {};
     } catch (const UnreadableFile& error) {
-        return complaint + platform::ToUtf8(error.what());
+        return complaint(error);
     } catch (const Error& error) {
         ResetFormatStates();
         SetAngleUnit(Degrees);
-        return complaint + platform::ToUtf8(error.what()) + SetAside(file);
+        return SetAside(file, complaint(error));
     }
 }
 
-std::string Keep(const fs::path& file) {
-    const std::string complaint = "the formats cannot be kept: ";
+std::string Keep(const fs::path& file, bool hasUnitOfFile) {
+    const auto complaint = [](const std::string& reason) {
+        return Say({"the formats cannot be kept: %1", {reason}});
+    };
     std::error_code failure;
     fs::create_directories(file.parent_path(), failure);
     if (failure)
-        return complaint + file.parent_path().string() + ": " + failure.message();
+        return complaint(file.parent_path().string() + ": " + failure.message());
     try {
         SaveFormatStates(file.c_str());
-        return {};
     } catch (const Error& error) {
-        return complaint + platform::ToUtf8(error.what());
+        return complaint(platform::ToUtf8(error.what()));
     }
+    return KeepUnit(file.parent_path(), hasUnitOfFile) ? std::string()
+                                                       : complaint((file.parent_path() / UnitFile).string());
 }
 
 } // namespace
 
-std::string TakeFormats(const std::filesystem::path& folder, const FormatChoice& choice) {
+TakenFormats TakeFormats(const fs::path& folder, const FormatChoice& choice, Keeping keeping) {
     const fs::path file = folder / "inspector-formats.xml";
     const bool hasFolder = !folder.empty();
+    TakenFormats taken;
     SetAngleUnit(Degrees);
-    std::string notice = hasFolder ? Load(file) : std::string();
+    if (hasFolder)
+        taken.notice = Load(file);
+    taken.hasUnitOfFile = choice.angleUnit ? *choice.angleUnit == FormatChoice::UnitOfFile
+                                           : !hasFolder || KeepsUnitOfFile(folder);
     Apply(choice);
-    if (choice.IsEmpty() || !hasFolder)
-        return notice;
-    const std::string failure = Keep(file);
-    return notice.empty() || failure.empty() ? notice + failure : notice + "; " + failure;
+    if (choice.IsEmpty() || !hasFolder || keeping == Keeping::ThisRunOnly)
+        return taken;
+    const std::string failure = Keep(file, taken.hasUnitOfFile);
+    taken.notice += (taken.notice.empty() || failure.empty() ? "" : "; ") + failure;
+    return taken;
 }
 
 // What differs from the regional settings was chosen once; the rest is the locale's.

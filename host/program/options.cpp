@@ -67,7 +67,8 @@ void SetLanguage(Options& options, const std::string& value) {
     options.language = Choose("--language", value, Choices);
 }
 void SetAngle(Options& options, const std::string& value) {
-    static constexpr Choice<char> Choices[] = {{"deg", '\xB0'}, {"rad", 'r'}, {"gon", 'g'}};
+    static constexpr Choice<char> Choices[] = {
+        {"file", FormatChoice::UnitOfFile}, {"deg", '\xB0'}, {"rad", 'r'}, {"gon", 'g'}};
     options.formats.angleUnit = Choose("--angle-unit", value, Choices);
 }
 std::uint32_t ReadNumber(const char* option, const std::string& text, std::uint32_t largest) {
@@ -85,6 +86,9 @@ void SetDigits(Options& options, const std::string& value) {
 void SetGrouping(Options& options, const std::string& value) {
     static constexpr Choice<std::uint32_t> Choices[] = {{"none", 0}, {"3", 3}, {"3,2", 32}};
     options.formats.grouping = Choose("--grouping", value, Choices);
+}
+void SetKeep(Options& options, const std::string&) {
+    options.keep = true;
 }
 void SetStations(Options& options, const std::string& value) {
     static constexpr Choice<StationKind> Choices[] = {
@@ -117,6 +121,7 @@ constexpr Option KnownOptions[] = {
     {"--angle-unit", Takes::Value, SetAngle},
     {"--digits", Takes::Value, SetDigits},
     {"--grouping", Takes::Value, SetGrouping},
+    {"--keep", Takes::Nothing, SetKeep},
     {"--station-kind", Takes::Value, SetStations},
     {"--help", Takes::Nothing, SetHelp},
     {"--version", Takes::Nothing, SetVersion},
@@ -174,7 +179,8 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
         else
             SetFile(options, argument);
     }
-    const bool needsFile = options.list || !options.screenshot.empty();
+    const bool needsFile =
+        options.list || !options.screenshot.empty() || !options.expand.empty() || options.expandAll;
     if (needsFile && options.file.empty() && !options.help && !options.version)
         throw UsageError("no file is named");
     return options;
@@ -186,7 +192,8 @@ const char* HelpText() {
 Shows a LandXML file as a tree of objects with typed attributes.
 
   --list                    write the tree to standard output, one member a line
-  --screenshot PNG          write a picture of the window
+  --screenshot FILE         write a picture of the window, as .png, .jpg or .bmp; a file that is another's stays,
+                            and the picture takes the next free name
   --size WxH                size of that picture in pixels (1000x700)
   --expand PATH             open the groups along a path of member names, separated by '/'; can be repeated
   --expand-all              open all groups
@@ -196,11 +203,13 @@ Shows a LandXML file as a tree of objects with typed attributes.
   --station-kind KIND       road, railway, or auto: railway where an alignment has cant
   --help, --version         write this text, or the version
 
-These are kept for later runs:
+These are kept for later runs, after --list and --screenshot only with --keep:
 
-  --angle-unit UNIT         deg (at first), rad or gon
-  --digits NUMBER           digits after the decimal separator of numbers and angles
+  --angle-unit UNIT         deg, rad, gon, or file (at first): as in the file that is shown
+  --digits NUMBER           digits after the decimal separator of numbers, angles and stations
   --grouping SIZES          digits of a group: none, 3 (123.456.789), or 3,2 (12.34.56.789)
+
+  --keep                    keep them also after --list and --screenshot
 
 Exit status: 0 done, 1 failed, 2 a file or an option that cannot be understood.
 )";

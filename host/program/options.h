@@ -15,11 +15,12 @@ struct PictureSize {
     int height = 700;
 };
 
-/// The formats that the command line chooses; they are kept for later runs.
+/// The formats that the command line chooses.
 struct FormatChoice {
-    std::optional<char> angleUnit;         ///< as SetAngleUnit takes it
-    std::optional<std::uint32_t> digits;   ///< after the decimal separator, of numbers and angles
-    std::optional<std::uint32_t> grouping; ///< as in a number format: 0, 3, 32
+    static constexpr char UnitOfFile = 'f'; ///< angles have the unit of the file that is shown
+    std::optional<char> angleUnit;          ///< as SetAngleUnit takes it, or UnitOfFile
+    std::optional<std::uint32_t> digits;    ///< after the decimal separator, of numbers, angles and stations
+    std::optional<std::uint32_t> grouping;  ///< as in a number format: 0, 3, 32
 
     bool IsEmpty() const { return !angleUnit && !digits && !grouping; }
 };
@@ -36,6 +37,7 @@ struct Options {
     std::string locale;   ///< empty: the user's
     std::string language; ///< empty: the one that is set
     FormatChoice formats;
+    bool keep = false; ///< also the formats of a run that shows no window
     StationKind stations = StationKind::Automatic;
     bool help = false;
     bool version = false;

@@ -1,23 +1,28 @@
 #include "source/document_error.h"
 
 #include "korvel/platform/code_page.h"
+#include "texts/messages.h"
 
 namespace korvel::inspector {
 namespace {
 
 std::string AtPlace(const XmlError& error) {
-    const bool isEncoding = error.GetCause() == XmlError::Cause::Encoding;
-    return "line " + std::to_string(error.Place().line) + ", position " +
-           std::to_string(error.Place().position) + ": " + error.Reason() +
-           (isEncoding ? "; --encoding NAME reads the file in another encoding" : "");
+    const std::string text = Say(
+        {"line %1, position %2: %3",
+         {std::to_string(error.Place().line), std::to_string(error.Place().position), Say(error.Details())}});
+    return error.GetCause() == XmlError::Cause::Encoding
+               ? Say({"%1; --encoding NAME reads the file in another encoding", {text}})
+               : text;
 }
 
 } // namespace
 
-DocumentError::DocumentError(const std::string& file, const std::string& reason)
-    : Error(platform::FromUtf8(file + ": " + reason).text), m_text(file + ": " + reason) {}
+DocumentError::DocumentError(const std::string& text) : Error(platform::FromUtf8(text).text), m_text(text) {}
+
+DocumentError::DocumentError(const std::string& file, const XmlReason& reason)
+    : DocumentError(file + ": " + Say(reason)) {}
 
 DocumentError::DocumentError(const std::string& file, const XmlError& error)
-    : DocumentError(file, AtPlace(error)) {}
+    : DocumentError(file + ": " + AtPlace(error)) {}
 
 } // namespace korvel::inspector

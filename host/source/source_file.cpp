@@ -32,7 +32,7 @@ private:
     int m_descriptor;
 };
 
-std::string ReasonOf(int error) {
+XmlReason ReasonOf(int error) {
     switch (error) {
     case ENOENT:
     case ENOTDIR:
@@ -45,7 +45,7 @@ std::string ReasonOf(int error) {
     }
 }
 
-[[noreturn]] void Fail(const std::string& path, const std::string& reason) {
+[[noreturn]] void Fail(const std::string& path, const XmlReason& reason) {
     throw DocumentError(path, reason);
 }
 

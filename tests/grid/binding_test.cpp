@@ -130,8 +130,10 @@ TEST_F(BoundGridTest, InTheMultiColumnLayoutARowIsAnObject) {
     Bind(root);
     // A member without a column lands in column 1, after the one that belongs there.
     EXPECT_EQ(Rows(grid), Lines({"p|3|2", "q||4"}));
+    EXPECT_EQ(grid.GetSubItem("y"), 2);
     EXPECT_EQ(grid.GetSubItem("unlisted"), 1);
     EXPECT_EQ(grid.GetColumn(2), "y");
+    EXPECT_EQ(grid.GetColumn(3), "");
     EXPECT_EQ(grid.GetDispInterface(1), &second);
     EXPECT_EQ(grid.LookupTreeItem(&second, "y"), grid.NodeAtRow(1));
     // The protection of whichever member came last, at the first value cell.

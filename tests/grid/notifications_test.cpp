@@ -106,6 +106,8 @@ TEST_F(Notifications, ChangeOfTypeMovesTheRegistrationAndTheEditor) {
     EXPECT_EQ(grid.NodeAtRow(2)->info->GetControlType(0), CItemInfo::ctAngle);
     SetAngleFormatDouble(GermanFormat(0));
     EXPECT_EQ(grid.GetItemText(2, 1), "1");
+    EXPECT_FALSE(grid.RemoveSink(DT_Double, &point, "x"));
+    EXPECT_TRUE(grid.RemoveSink(DT_AngleDouble, &point, "x"));
 
     SinkOf(point).OnChangeEditFlag("y", false);
     EXPECT_FALSE(grid.NodeAtRow(3)->info->IsCellEnabled(0));

@@ -92,6 +92,16 @@ TEST_F(DocumentListsTest, AnEnumerationHasAllItsWordsAndPictures) {
     EXPECT_EQ(m_lists->All()[1].words.GetImagePath(0), "") << "codes have none";
 }
 
+TEST_F(DocumentListsTest, AMarkOfUseStays) {
+    Read("<Curve rot='cw'/>");
+    DocumentList& list = m_lists->All()[0];
+    list.words.Select(1, list.used);
+    list.words.Deselect(0, list.used);
+    EXPECT_EQ(list.used.ToText(), "cw; ccw");
+    list.words.Deselect(1, list.used);
+    EXPECT_EQ(list.used.ToText(), "cw");
+}
+
 TEST(EditableWordList, AWordOutsideTheFolderIsNoPicture) {
     EditableWordList list({"../secret", "a.b", "plain"}, 0);
     list.SetImageFolder("pictures");

@@ -48,7 +48,15 @@ TEST(InspectorProgram, ReturnsItsStatus) {
         {"--list --locale de-DE --language German " + good, 0,
          "Line\tLine\n  length\t1,50\n  note\t\xC3\xBC\n"},
         {"--list --locale de-DE --digits 3 " + good, 0, "Line\tLine\n  length\t1,500\n  note\t\xC3\xBC\n"},
+        {"--list --locale en-US " + good, 0, "Line\tLine\n  length\t1.50\n  note\t\xC3\xBC\n"},
+        {"--list --locale de-DE --digits 3 --keep " + good, 0,
+         "Line\tLine\n  length\t1,500\n  note\t\xC3\xBC\n"},
         {"--list --locale en-US " + good, 0, "Line\tLine\n  length\t1.500\n  note\t\xC3\xBC\n"},
+        {"--list --expand Line/length " + good, 0, "Line\tLine\n  length\t1.500\n  note\t\xC3\xBC\n"},
+        {"--list --expand Line/width --language English " + good, 2,
+         "inspector: --expand: there is no 'Line/width'; see --help\n"},
+        {"--list --language German " + folder.Path().string(), 2,
+         "inspector: " + folder.Path().string() + ": ist ein Ordner\n"},
         {"--list " + bad, 2,
          "inspector: " + bad + ": line 2, position 25: the value of the attribute 'note' is not in quotes\n"},
         {"--list " + wrong, 2,
@@ -57,9 +65,8 @@ TEST(InspectorProgram, ReturnsItsStatus) {
              "--encoding NAME reads the file in another encoding\n"},
         {"--list --encoding iso-8859-2 " + wrong, 0, "note\t\xC5\x81\xC3\xB3\x64\xC5\xBA\n"},
         {"--list " + folder.Path().string(), 2, "inspector: " + folder.Path().string() + ": is a folder\n"},
-        {"--list --locale Klingon " + good, 2,
-         "inspector: the locale 'Klingon' is not known; --help tells what there is\n"},
-        {"--list", 2, "inspector: no file is named; --help tells what there is\n"},
+        {"--list --locale Klingon " + good, 2, "inspector: the locale 'Klingon' is not known; see --help\n"},
+        {"--list", 2, "inspector: no file is named; see --help\n"},
         {"--version", 0, "inspector " KORVEL_VERSION "\n"},
     };
     for (const Case& c : cases) {
@@ -90,7 +97,9 @@ TEST(InspectorProgram, WritesPicturesWithoutScreen) {
     EXPECT_EQ(RunInspector(railway + " --size 640x480 --screenshot " + picture).output, "");
     EXPECT_EQ(SizeOfPicture(picture), "640x480");
 
-    for (const std::string session : {"", "DISPLAY=:4711 "}) { // one that does not respond
+    const std::string sessions[] = {"", "DISPLAY=:4711 ",
+                                    "WAYLAND_DISPLAY=nope "}; // ones that do not respond
+    for (const std::string& session : sessions) {
         std::filesystem::remove(folder.Path() / "railway.png");
         const Outcome beside = RunInspector("--version >/dev/null; cd " + folder.Path().string() + " && " +
                                             session + KORVEL_INSPECTOR " " + railway);
@@ -98,6 +107,19 @@ TEST(InspectorProgram, WritesPicturesWithoutScreen) {
         EXPECT_EQ(SizeOfPicture(folder.Path() / "railway.png"), "1000x700");
         EXPECT_THAT(beside.output, testing::HasSubstr((folder.Path() / "railway.png").string()));
     }
+
+    std::ofstream(picture) << "another's";
+    EXPECT_EQ(RunInspector(railway + " --screenshot " + picture + " --language English").output,
+              "another file has that name; the picture is " + (folder.Path() / "picture-2.png").string() +
+                  "\n");
+    EXPECT_EQ(RunInspector(railway + " --screenshot " + picture).status, 0);
+    EXPECT_EQ(platform::ContentOf(picture), "another's");
+    EXPECT_FALSE(std::filesystem::exists(folder.Path() / "picture-3.png"))
+        << "a picture of its own is replaced";
+    const std::string jpeg = folder.Path() / "picture.jpg";
+    EXPECT_EQ(RunInspector(railway + " --screenshot " + jpeg).status, 0);
+    EXPECT_THAT(platform::ContentOf(jpeg), StartsWith("\xFF\xD8"));
+    EXPECT_EQ(RunInspector(railway + " --screenshot " + picture + ".doc").status, 1);
 
     EXPECT_EQ(RunInspector("").status, 2) << "nothing to make a picture of";
     EXPECT_EQ(RunInspector(railway + " --expand Nowhere --screenshot " + picture).status, 2);

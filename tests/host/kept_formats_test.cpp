@@ -1,3 +1,4 @@
+#include "korvel/output/stations.h"
 #include "program/kept_formats.h"
 #include "support/german_machine.h"
 
@@ -12,18 +13,21 @@ using ::testing::IsEmpty;
 
 class KeptFormats : public GermanMachine {
 protected:
-    std::string NextRun(const FormatChoice& choice = {}) {
+    std::string NextRun(const FormatChoice& choice = {}, Keeping keeping = Keeping::LaterRuns) {
         ResetFormatStates();
-        return TakeFormats(folder.Path(), choice);
+        const TakenFormats taken = TakeFormats(folder.Path(), choice, keeping);
+        hasUnitOfFile = taken.hasUnitOfFile;
+        return taken.notice;
     }
     // What a user sees of the formats.
-    static std::string Shown() {
+    std::string Shown() const {
         return NumberToString(1234567.8912) + " " + AngleToString(3.141592653589793) + " " +
-               NumberToString(12345);
+               NumberToString(12345) + " " + RoadStationToString(12345.6789) + (hasUnitOfFile ? " file" : "");
     }
 
     platform::ScratchFolder folder;
     const std::filesystem::path file = folder.Path() / "inspector-formats.xml";
+    bool hasUnitOfFile = false;
 };
 
 TEST_F(KeptFormats, LastUntilTheyAreChangedAgain) {
@@ -31,17 +35,23 @@ TEST_F(KeptFormats, LastUntilTheyAreChangedAgain) {
         const char* name;
         FormatChoice choice;
         const char* shown;
+        Keeping keeping = Keeping::LaterRuns;
     };
     const Run runs[] = {
-        {"first run", {}, "1.234.567,89 180,00 12.345"},
-        {"digits", {{}, 3, {}}, "1.234.567,891 180,000 12.345"},
-        {"kept", {}, "1.234.567,891 180,000 12.345"},
-        {"grouping beside them", {{}, {}, 0}, "1234567,891 180,000 12345"},
-        {"unit beside them", {'g', {}, {}}, "1234567,891 200,000 12345"},
-        {"all kept", {}, "1234567,891 200,000 12345"},
+        {"first run", {}, "1.234.567,89 180,00 12.345 12+345,68 file"},
+        {"digits for one run", {{}, 1, {}}, "1.234.567,9 180,0 12.345 12+345,7 file", Keeping::ThisRunOnly},
+        {"digits", {{}, 3, {}}, "1.234.567,891 180,000 12.345 12+345,679 file"},
+        {"kept", {}, "1.234.567,891 180,000 12.345 12+345,679 file"},
+        {"grouping beside them", {{}, {}, 0}, "1234567,891 180,000 12345 12+345,679 file"},
+        {"unit beside them", {'g', {}, {}}, "1234567,891 200,000 12345 12+345,679"},
+        {"all kept", {}, "1234567,891 200,000 12345 12+345,679"},
+        {"degrees that were chosen", {'\xB0', {}, {}}, "1234567,891 180,000 12345 12+345,679"},
+        {"kept, though the file has them too", {}, "1234567,891 180,000 12345 12+345,679"},
+        {"the file's own again", {'f', {}, {}}, "1234567,891 180,000 12345 12+345,679 file"},
+        {"kept too", {}, "1234567,891 180,000 12345 12+345,679 file"},
     };
     for (const Run& run : runs) {
-        EXPECT_THAT(NextRun(run.choice), IsEmpty()) << run.name;
+        EXPECT_THAT(NextRun(run.choice, run.keeping), IsEmpty()) << run.name;
         EXPECT_EQ(Shown(), run.shown) << run.name;
     }
     EXPECT_FALSE(std::filesystem::exists(folder.Path() / "inspector-formats.xml.damaged"));
@@ -58,7 +68,7 @@ TEST_F(KeptFormats, SetADamagedFileAsideAndStartWithTheRegionalOnes) {
         std::ofstream(file) << damaged;
 
         EXPECT_THAT(NextRun(), HasSubstr(aside));
-        EXPECT_EQ(Shown(), "1.234.567,89 180,00 12.345");
+        EXPECT_EQ(Shown(), "1.234.567,89 180,00 12.345 12+345,68");
         EXPECT_EQ(DatetoString(44000.0), "Donnerstag, 18. Juni 2020");
         EXPECT_FALSE(std::filesystem::exists(file));
         EXPECT_EQ(std::filesystem::file_size(folder.Path() / aside), damaged.size());
@@ -76,16 +86,17 @@ TEST_F(KeptFormats, ThatCannotBeReadStayWhereTheyAre) {
 TEST_F(KeptFormats, ThatCannotBeWrittenServeThisRun) {
     const std::filesystem::path blocked = folder.Path() / "file" / "below";
     std::ofstream(folder.Path() / "file") << "no folder";
-    EXPECT_THAT(TakeFormats(blocked, {'g', {}, {}}), HasSubstr("cannot be kept"));
+    EXPECT_THAT(TakeFormats(blocked, {'g', {}, {}}, Keeping::LaterRuns).notice, HasSubstr("cannot be kept"));
     EXPECT_EQ(AngleToString(3.141592653589793), "200,00");
-    EXPECT_THAT(TakeFormats({}, {'r', {}, {}}), IsEmpty()) << "a user without a home";
+    EXPECT_THAT(TakeFormats({}, {'r', {}, {}}, Keeping::LaterRuns).notice, IsEmpty())
+        << "a user without a home";
     EXPECT_EQ(AngleToString(3.141592653589793), "3,14");
 }
 
 TEST_F(KeptFormats, ThatNobodyCanReachStopNoRun) {
     const std::filesystem::path endless = folder.Path() / "Br\xC3\xBCgg";
     std::filesystem::create_symlink(endless, endless);
-    const std::string notice = TakeFormats(endless, {'g', {}, {}});
+    const std::string notice = TakeFormats(endless, {'g', {}, {}}, Keeping::LaterRuns).notice;
     EXPECT_THAT(notice, HasSubstr("cannot be read"));
     EXPECT_THAT(notice, HasSubstr((endless / "inspector-formats.xml(line 0").string()));
     EXPECT_THAT(notice, HasSubstr("cannot be kept: " + endless.string()));

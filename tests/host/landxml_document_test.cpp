@@ -237,7 +237,8 @@ TEST_F(LandXmlDocumentTest, MixedTextsAreShownInTheirPlaces) {
 
 TEST_F(LandXmlDocumentTest, LongTextsAreCutInCellsOnlyAndSaySo) {
     const std::string longText(100'000, 'x');
-    const std::string xml = "<LandXML n='" + longText + "'>" + longText + "<b id='" + longText + "'/></LandXML>";
+    const std::string xml =
+        "<LandXML n='" + longText + "'>" + longText + "<b id='" + longText + "'/></LandXML>";
     for (const std::size_t longest : {ReadingOptions().longestValue, ReadingOptions::All}) {
         const bool isCut = longest != ReadingOptions::All;
         ElementObject& root = Open(xml, {.longestValue = longest}).Root();

@@ -10,10 +10,11 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
 TEST(Options, AreRead) {
-    const Options options =
-        ReadOptions({"--size=640x480", "road.xml", "--screenshot", "a=b.png", "--expand", "A/B", "--expand=C",
-                     "--angle-unit", "gon", "--station-kind", "railway", "--language=English", "--locale",
-                     "de-CH", "--expand-all", "--digits", "15", "--grouping=3,2"});
+    const Options options = ReadOptions(
+        {"--size=640x480", "road.xml",     "--screenshot", "a=b.png",        "--expand", "A/B",
+         "--expand=C",     "--angle-unit", "gon",          "--station-kind", "railway",  "--language=English",
+         "--locale",       "de-CH",        "--expand-all", "--digits",       "15",       "--grouping=3,2",
+         "--keep",         "--encoding",   "KOI8-R"});
     EXPECT_EQ(options.file, "road.xml");
     EXPECT_EQ(options.screenshot, "a=b.png");
     EXPECT_EQ(options.size.width, 640);
@@ -26,6 +27,8 @@ TEST(Options, AreRead) {
     EXPECT_EQ(options.stations, StationKind::Railway);
     EXPECT_EQ(options.language, "English");
     EXPECT_EQ(options.locale, "de-CH");
+    EXPECT_EQ(options.encoding, "KOI8-R");
+    EXPECT_TRUE(options.keep);
     EXPECT_FALSE(options.list);
     EXPECT_EQ(ReadOptions({"--", "--list"}).file, "--list");
     EXPECT_EQ(ReadOptions({}).file, "") << "a window can open without a file";
@@ -43,6 +46,8 @@ TEST(Options, AreRefusedWithAReason) {
         {{""}, "empty"},
         {{"--list"}, "no file is named"},
         {{"--screenshot", "a.png"}, "no file is named"},
+        {{"--expand", "A"}, "no file is named"},
+        {{"--expand-all"}, "no file is named"},
         {{"--list=yes", "a.xml"}, "--list takes no value"},
         {{"a.xml", "--locale"}, "--locale needs a value"},
         {{"--locale=", "a.xml"}, "--locale needs a value"},
@@ -51,7 +56,7 @@ TEST(Options, AreRefusedWithAReason) {
         {{"--size", "640x480x2"}, "not '640x480x2'"},
         {{"--size", "0x480"}, "not '0x480'"},
         {{"--size", "99999999999x1"}, "not '99999999999x1'"},
-        {{"--angle-unit", "grad"}, "takes one of deg, rad, gon, not 'grad'"},
+        {{"--angle-unit", "grad"}, "takes one of file, deg, rad, gon, not 'grad'"},
         {{"--digits", "16"}, "takes a number from 0 to 15, not '16'"},
         {{"--digits", "-1"}, "not '-1'"},
         {{"--digits", "3x"}, "not '3x'"},

@@ -73,6 +73,8 @@ TEST_F(InspectorWindowTest, StartsReadyForTheKeyboard) {
     Press(Qt::Key_Minus, Qt::KeypadModifier);
     Press(Qt::Key_End);
     EXPECT_EQ(Selected(), 2);
+    m_window->Open(Write("one.xml", "<LandXML><Group b='2'/></LandXML>"));
+    EXPECT_EQ(Status(), QStringLiteral("1 object, 1 member"));
 }
 
 TEST_F(InspectorWindowTest, FindsPathsWhoseNamesHoldTheSeparator) {
@@ -94,15 +96,24 @@ TEST_F(InspectorWindowTest, AFileThatCannotBeReadLeavesTheOpenOneAlone) {
 
 TEST_F(InspectorWindowTest, ValuesTakeTheWidthThatNamesLeave) {
     OpenSample();
-    for (const int width : {900, 500}) {
+    const auto share = [this](int width) {
         m_window->resize(width, 400);
         QApplication::processEvents();
         EXPECT_EQ(Grid().GetColumnWidth(0) + Grid().GetColumnWidth(1), Grid().GetClientRect().Width());
-    }
-    Grid().SetColumnWidth(0, 2000);
-    m_window->resize(510, 400);
-    QApplication::processEvents();
-    EXPECT_GT(Grid().GetColumnWidth(1), 0) << "a wide name column does not take the values away";
+        return 100 * Grid().GetColumnWidth(0) / Grid().GetClientRect().Width();
+    };
+    const auto drag = [this](int name) {
+        Grid().SetColumnWidth(0, name);
+        NMHDR end{nullptr, 0, static_cast<UINT>(HDN_ENDTRACK)};
+        Grid().SendMessageA(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&end));
+    };
+    EXPECT_NEAR(share(900), 40, 1);
+    drag(Grid().GetClientRect().Width() * 7 / 10);
+    EXPECT_NEAR(share(500), 70, 1);
+    OpenSample();
+    EXPECT_NEAR(share(900), 70, 1) << "as the user has divided them";
+    drag(2000);
+    EXPECT_NEAR(share(510), 90, 1) << "a wide name column does not take the values away";
 }
 
 TEST_F(InspectorWindowTest, OpensWhatIsDroppedOnIt) {

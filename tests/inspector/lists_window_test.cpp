@@ -177,6 +177,16 @@ TEST_F(ListsWindowTest, ChangesStayWhileOtherListsAreShown) {
     EXPECT_FALSE(m_lists->IsWindowVisible());
 }
 
+TEST_F(ListsWindowTest, ItsCombosGrowWithIt) {
+    Open("English");
+    const auto field = [&] { return GetClientRect(Field(ValueId)).Width(); };
+    const int before = field();
+    const CRect place = m_lists->GetWindowRect();
+    m_lists->MoveWindow({place.left, place.top, place.right + 100, place.bottom});
+    QTest::qWait(50);
+    EXPECT_EQ(field(), before + 100);
+}
+
 TEST_F(ListsWindowTest, ItsTextsFitInEachLanguageAndFont) {
     const QFont font = QApplication::font();
     for (const char* language : {"English", "German"}) {

@@ -21,7 +21,10 @@ struct ProgramTexts {
     const char* invitation;
     const char* name;
     const char* value;
-    const char* counts; // %1: objects, %2: members
+    const char* objects; // %1: how many, not one
+    const char* oneObject;
+    const char* members; // the same
+    const char* oneMember;
     const char* readOnly;
     const char* listOfLists;
     const char* asTree;

@@ -1,7 +1,7 @@
-#include "desktop/program_texts.h"
+#include "texts/program_texts.h"
 
 #include "korvel/platform/code_page.h"
-#include "korvel/values/language.h"
+#include "texts/messages.h"
 
 namespace korvel::inspector {
 
@@ -23,7 +23,10 @@ constexpr ProgramTexts EnglishTexts = {
     .invitation = "No file is open.\n\nChoose File > Open… or drop a LandXML file here.",
     .name = "Name",
     .value = "Value",
-    .counts = "%1 objects, %2 members",
+    .objects = "%1 objects",
+    .oneObject = "1 object",
+    .members = "%1 members",
+    .oneMember = "1 member",
     .readOnly = "read only",
     .listOfLists = "List:",
     .asTree = "As a tree",
@@ -55,7 +58,10 @@ constexpr ProgramTexts GermanTexts = {
         "Keine Datei ist geöffnet.\n\nWählen Sie Datei > Öffnen… oder ziehen Sie eine LandXML-Datei hierher.",
     .name = "Name",
     .value = "Wert",
-    .counts = "%1 Objekte, %2 Attribute",
+    .objects = "%1 Objekte",
+    .oneObject = "1 Objekt",
+    .members = "%1 Attribute",
+    .oneMember = "1 Attribut",
     .readOnly = "schreibgeschützt",
     .listOfLists = "Liste:",
     .asTree = "Als Baum",
@@ -72,7 +78,7 @@ constexpr ProgramTexts GermanTexts = {
 } // namespace
 
 const ProgramTexts& TheProgramTexts() {
-    return GetLanguageName() == "English" ? EnglishTexts : GermanTexts;
+    return SpeaksGerman() ? GermanTexts : EnglishTexts;
 }
 
 std::string InCodePage(const char* utf8) {

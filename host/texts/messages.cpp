@@ -1,0 +1,138 @@
+#include "texts/messages.h"
+
+#include "korvel/values/language.h"
+
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
+namespace korvel::inspector {
+namespace {
+
+struct Translation {
+    std::string_view english;
+    const char* german;
+};
+
+constexpr Translation Translations[] = {
+    // of documents
+    {"line %1, position %2: %3", "Zeile %1, Stelle %2: %3"},
+    {"%1; --encoding NAME reads the file in another encoding",
+     "%1; --encoding NAME liest die Datei in einer anderen Kodierung"},
+    {"'&' begins no reference", "'&' beginnt keine Referenz"},
+    {"'--' is not allowed in a comment", "'--' ist in einem Kommentar nicht erlaubt"},
+    {"'>' is expected here", "hier wird '>' erwartet"},
+    {"'?>' is expected here", "hier wird '?>' erwartet"},
+    {"']]>' ends no character section", "']]>' beendet keinen Zeichenabschnitt"},
+    {"'yes' or 'no' is expected here", "hier wird 'yes' oder 'no' erwartet"},
+    {"a blank is expected here", "hier wird ein Leerzeichen erwartet"},
+    {"a name is expected here", "hier wird ein Name erwartet"},
+    {"a name is longer than 1,000 characters", "ein Name ist länger als 1000 Zeichen"},
+    {"a namespace is longer than 1,000 characters", "ein Namensraum ist länger als 1000 Zeichen"},
+    {"a second root element", "ein zweites Wurzelelement"},
+    {"half a character: the bytes are not UTF-16", "ein halbes Zeichen: die Bytes sind nicht UTF-16"},
+    {"no declaration is allowed here", "hier ist keine Deklaration erlaubt"},
+    {"text outside the root element", "Text außerhalb des Wurzelelements"},
+    {"the XML declaration does not stand at the beginning", "die XML-Deklaration steht nicht am Anfang"},
+    {"the XML declaration holds %1 where it may not", "die XML-Deklaration darf hier %1 nicht enthalten"},
+    {"the XML declaration says no version", "die XML-Deklaration nennt keine Version"},
+    {"the attribute %1 has no value", "das Attribut %1 hat keinen Wert"},
+    {"the attribute %1 is here twice", "das Attribut %1 steht hier zweimal"},
+    {"the bytes are not UTF-32", "die Bytes sind nicht UTF-32"},
+    {"the bytes are not UTF-8, and no other encoding is declared",
+     "die Bytes sind nicht UTF-8, und eine andere Kodierung ist nicht angegeben"},
+    {"the bytes are not in the encoding %1", "die Bytes gehören nicht zur Kodierung %1"},
+    {"the character %1 is not allowed in XML", "das Zeichen %1 ist in XML nicht erlaubt"},
+    {"the document declares entities, which are not read",
+     "das Dokument deklariert Entitäten; sie werden nicht gelesen"},
+    {"the document ends inside a character section", "das Dokument endet in einem Zeichenabschnitt"},
+    {"the document ends inside a comment", "das Dokument endet in einem Kommentar"},
+    {"the document ends inside a document type", "das Dokument endet in einem Dokumenttyp"},
+    {"the document ends inside a processing instruction",
+     "das Dokument endet in einer Verarbeitungsanweisung"},
+    {"the document ends inside a quoted text", "das Dokument endet in einem Text in Anführungszeichen"},
+    {"the document ends inside a tag", "das Dokument endet in einem Tag"},
+    {"the document ends inside the element %1, which begins in line %2",
+     "das Dokument endet im Element %1, das in Zeile %2 beginnt"},
+    {"the document ends where a name is expected", "das Dokument endet, wo ein Name erwartet wird"},
+    {"the document has no element", "das Dokument hat kein Element"},
+    {"the document is larger than 4 GB in UTF-8", "das Dokument ist in UTF-8 größer als 4 GB"},
+    {"the element %1 is closed but not open", "das Element %1 wird geschlossen, ist aber nicht offen"},
+    {"the element %1 is closed by %2", "das Element %1 wird von %2 geschlossen"},
+    {"the elements are nested deeper than 1,000 levels",
+     "die Elemente sind tiefer als 1000 Ebenen geschachtelt"},
+    {"the encoding %1 is not known", "die Kodierung %1 ist nicht bekannt"},
+    {"the encoding %1 is not read: ASCII means something else in it",
+     "die Kodierung %1 wird nicht gelesen: ASCII bedeutet in ihr etwas anderes"},
+    {"the encoding %1 is wrong: a character takes one byte here",
+     "die Kodierung %1 ist falsch: ein Zeichen hat hier ein Byte"},
+    {"the encoding %1 is wrong: the bytes are UTF-16", "die Kodierung %1 ist falsch: die Bytes sind UTF-16"},
+    {"the encoding %1 is wrong: the bytes are UTF-32", "die Kodierung %1 ist falsch: die Bytes sind UTF-32"},
+    {"the encoding %1 is wrong: the file begins with the mark of UTF-8",
+     "die Kodierung %1 ist falsch: die Datei beginnt mit der Marke von UTF-8"},
+    {"the last character is cut off", "das letzte Zeichen ist abgeschnitten"},
+    {"the name %1 is not a prefix, ':' and a name", "der Name %1 besteht nicht aus Präfix, ':' und Name"},
+    {"the prefix %1 is not declared", "das Präfix %1 ist nicht deklariert"},
+    {"the prefix %1 stands for nothing", "das Präfix %1 steht für nichts"},
+    {"the reference %1 is not defined", "die Referenz %1 ist nicht definiert"},
+    {"the value of the attribute %1 does not end", "der Wert des Attributs %1 endet nicht"},
+    {"the value of the attribute %1 holds '<', or it does not end",
+     "der Wert des Attributs %1 enthält '<', oder er endet nicht"},
+    {"the value of the attribute %1 is not in quotes",
+     "der Wert des Attributs %1 steht nicht in Anführungszeichen"},
+    {"the version of XML is not 1.0", "die XML-Version ist nicht 1.0"},
+    {"this is no name of an encoding", "das ist kein Name einer Kodierung"},
+    {"this is not XML: it does not begin with '<'", "das ist kein XML: es beginnt nicht mit '<'"},
+    // of files
+    {"no such file", "die Datei gibt es nicht"},
+    {"no permission to read it", "keine Berechtigung, sie zu lesen"},
+    {"is a folder", "ist ein Ordner"},
+    {"is not a regular file", "ist keine gewöhnliche Datei"},
+    {"is larger than 4 GB", "ist größer als 4 GB"},
+    {"is empty", "ist leer"},
+    {"is packed and cut off", "ist gepackt und abgeschnitten"},
+    {"is packed and damaged", "ist gepackt und beschädigt"},
+    {"is packed, and something else follows", "ist gepackt, und danach folgt etwas anderes"},
+    {"is packed, and holds more than 4 GB or 1,000 times its size",
+     "ist gepackt und enthält mehr als 4 GB oder das 1000-Fache seiner Größe"},
+    {"no LandXML document, its root element is %1: shown, but read-only",
+     "kein LandXML-Dokument, sein Wurzelelement ist %1: nur zum Lesen"},
+    {"unknown LandXML version %1: shown, but read-only", "unbekannte LandXML-Version %1: nur zum Lesen"},
+    // of settings, options and pictures
+    {"the kept formats cannot be read and the regional ones are used: %1",
+     "die gemerkten Formate können nicht gelesen werden, es gelten die regionalen: %1"},
+    {"%1; the file is now %2", "%1; die Datei heißt jetzt %2"},
+    {"the formats cannot be kept: %1", "die Formate können nicht gemerkt werden: %1"},
+    {"the settings cannot be read: %1", "die Einstellungen können nicht gelesen werden: %1"},
+    {"the locale %1 is not known", "das Gebietsschema %1 ist nicht bekannt"},
+    {"--expand: there is no %1", "--expand: %1 gibt es nicht"},
+    {"%1; see --help", "%1; siehe --help"},
+    {"there is no screen, and no file to make a picture of",
+     "es gibt keinen Bildschirm, und keine Datei für ein Bild"},
+    {"the picture %1 cannot be written", "das Bild %1 kann nicht geschrieben werden"},
+    {"the picture %1 cannot be written: its name ends in none of %2",
+     "das Bild %1 kann nicht geschrieben werden: der Name endet auf keines von %2"},
+    {"there is no screen; the picture of the window is %1",
+     "es gibt keinen Bildschirm; das Bild des Fensters ist %1"},
+    {"another file has that name; the picture is %1", "eine andere Datei heißt so; das Bild ist %1"},
+    {"standard output cannot be written", "die Standardausgabe kann nicht geschrieben werden"},
+};
+
+} // namespace
+
+bool SpeaksGerman() {
+    try {
+        return GetLanguageName() != "English";
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+std::string Say(const Message& message) {
+    const auto* found = std::find_if(std::begin(Translations), std::end(Translations),
+                                     [&](const Translation& row) { return row.english == message.sentence; });
+    const bool isTranslated = found != std::end(Translations) && SpeaksGerman();
+    return isTranslated ? Message(found->german, message.pieces).Text() : message.Text();
+}
+
+} // namespace korvel::inspector

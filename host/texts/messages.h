@@ -1,0 +1,20 @@
+#pragma once
+
+#include "korvel/documents/xml_error.h"
+
+#include <string>
+
+namespace korvel::inspector {
+
+/// What the program says of a file, a setting or an option: an English sentence and the pieces in it.
+using Message = XmlReason;
+
+/// The message in the language of the process, in UTF-8; a sentence that nobody has translated stays English.
+///
+///     Say({"the element %1 is closed by %2", {"'a'", "'b'"}})   -> "das Element 'a' wird von 'b' geschlossen"
+std::string Say(const Message& message);
+
+/// True where the process speaks German; English where no language is set yet.
+bool SpeaksGerman();
+
+} // namespace korvel::inspector
