@@ -1,7 +1,8 @@
 #pragma once
 
 #include "desktop/closed_combo.h"
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/controls/button.h"
+#include "korvel/window/controls/static.h"
 #include "landxml/document_lists.h"
 
 #include <memory>

@@ -1,5 +1,5 @@
 #include "korvel/platform/error.h"
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/controls/edit.h"
 #include "korvel/window/display/window_view.h"
 #include "korvel/window/list/list_ctrl.h"
 #include "qt/users.h"

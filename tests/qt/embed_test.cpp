@@ -1,6 +1,6 @@
 #include "korvel/platform/error.h"
 #include "korvel/qt/embed.h"
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/controls/edit.h"
 #include "korvel/window/display/window_view.h"
 #include "qt/users.h"
 

@@ -1,6 +1,5 @@
 #include "qt/scenario.h"
 
-#include "korvel/window/controls/controls.h"
 #include "korvel/window/core/display.h"
 #include "korvel/window/list/list_ctrl.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/core/cwnd.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/display/headless_display.h"
 #include "support/table.h"

@@ -1,3 +1,4 @@
+#include "korvel/window/controls/button.h"
 #include "support/control_fixture.h"
 
 #include <array>

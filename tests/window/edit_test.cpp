@@ -1,3 +1,4 @@
+#include "korvel/window/controls/edit.h"
 #include "korvel/window/display/window_view.h"
 #include "support/control_fixture.h"
 

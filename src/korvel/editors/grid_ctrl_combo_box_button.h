@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/controls/button.h"
 #include "korvel/window/core/dc.h"
 
 namespace korvel {

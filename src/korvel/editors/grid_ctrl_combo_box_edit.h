@@ -1,7 +1,7 @@
 #pragma once
 
 #include "korvel/values/combo_box_parent.h"
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/controls/edit.h"
 
 namespace korvel {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "korvel/grid/tree_grid_list.h"
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/controls/edit.h"
 
 namespace korvel::internal {
 

@@ -1,4 +1,5 @@
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/controls/static.h"
+
 #include "korvel/window/core/window_class.h"
 
 namespace korvel {

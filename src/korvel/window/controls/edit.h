@@ -1,7 +1,6 @@
 #pragma once
 
 #include "korvel/window/core/cwnd.h"
-#include "korvel/window/core/dc.h"
 
 namespace korvel {
 
@@ -29,27 +28,6 @@ public:
     /// Whether the text was changed since it was set; not by SetWindowTextA.
     bool GetModify() const;
     void SetModify(bool modified);
-};
-
-/// Push button, check box, radio button, group box or owner-drawn button: class "BUTTON".
-class KORVEL_API CButton : public CWnd {
-public:
-    bool Create(const CString& text, UINT style, const CRect& rect, CWnd* parent, int id);
-    /// 1: checked, 0: not.
-    int GetCheck() const;
-    /// Sends no notice. Checking a radio button unchecks the others of its group.
-    void SetCheck(int check);
-    /// Called with BS_OWNERDRAW (the reflected WM_DRAWITEM).
-    virtual void DrawItem(DRAWITEMSTRUCT* item);
-
-protected:
-    bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
-};
-
-/// A text that shows only: class "STATIC".
-class KORVEL_API CStatic : public CWnd {
-public:
-    bool Create(const CString& text, UINT style, const CRect& rect, CWnd* parent, int id);
 };
 
 } // namespace korvel

@@ -1,4 +1,4 @@
-#include "korvel/window/controls/controls.h"
+#include "korvel/window/controls/edit.h"
 
 namespace korvel {
 
