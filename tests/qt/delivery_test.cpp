@@ -1,4 +1,5 @@
 #include "korvel/platform/error.h"
+#include "korvel/qt/convert.h"
 #include "korvel/window/controls/edit.h"
 #include "korvel/window/display/window_view.h"
 #include "korvel/window/list/list_ctrl.h"
@@ -68,20 +69,35 @@ TEST_F(Delivery, KeysComeBeforeTheShortcutsOfTheHostUnlessControlOrAltIsHeld) {
 }
 
 TEST_F(Delivery, AnInputMethodChangesTheTextWithoutCharacters) {
+    struct Case {
+        const char* name;
+        int limit;
+        const char* text;
+        int full; // how often the parent hears that the field is full
+    };
     CEdit lines;
-    lines.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, {10, 90, 120, 140}, &m_frame, 3);
-    for (const HWND edit : {m_edit.m_hWnd, lines.m_hWnd}) {
-        SetFocus(edit);
-        QInputMethodEvent event;
-        event.setCommitString(QStringLiteral("\u00ea\u0142"));
-        QApplication::sendEvent(m_user.Widget(edit), &event);
-        EXPECT_EQ(GetWindowTextA(edit), "\xEA\x81\xE2\xE2");
-        EXPECT_EQ(m_user.Widget(edit)->inputMethodQuery(Qt::ImSurroundingText),
-                  QStringLiteral("\u00ea\u0142"))
-            << "the widget shows what memory holds";
-    }
-    EXPECT_THAT(m_log, Contains("frame: command 768 of 1"));
-    EXPECT_THAT(m_log, Not(Contains(testing::HasSubstr("character"))));
+    lines.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, {10, 90, 120, 140}, &m_frame, 1);
+    for (const HWND edit : {m_edit.m_hWnd, lines.m_hWnd})
+        for (const Case& row : {Case{"all fits", 0, "1\xEA\x81\xE2\xE2\x32", 0},
+                                Case{"one fits", 5, "1\xEA\x32", 1}, Case{"none fits", 2, "12", 1}}) {
+            SCOPED_TRACE(row.name);
+            SetWindowTextA(edit, "12");
+            SendMessageA(edit, EM_LIMITTEXT, static_cast<WPARAM>(row.limit), 0);
+            SendMessageA(edit, EM_SETSEL, 1, 1);
+            SetFocus(edit);
+            m_log.clear();
+            QInputMethodEvent event;
+            event.setCommitString(QStringLiteral("\u00ea\u0142"));
+            QApplication::sendEvent(m_user.Widget(edit), &event);
+            EXPECT_EQ(GetWindowTextA(edit), row.text);
+            EXPECT_EQ(m_user.Widget(edit)->inputMethodQuery(Qt::ImSurroundingText).toString(),
+                      internal::ToQString(row.text))
+                << "the widget shows what memory holds";
+            EXPECT_EQ(std::ranges::count(m_log, "frame: command 1281 of 1"), row.full);
+            EXPECT_EQ(std::ranges::count(m_log, "frame: command 768 of 1"),
+                      row.text == std::string("12") ? 0 : 1);
+            EXPECT_THAT(m_log, Not(Contains(testing::HasSubstr("character"))));
+        }
 }
 
 TEST_F(Delivery, SelectionsTravelBothWays) {

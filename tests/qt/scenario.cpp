@@ -22,6 +22,7 @@ private:
     void Make();
     void Type();
     void ChangeTextWhileItChanges();
+    void MeetLimits();
     void ClickButtons();
     void MoveInList();
     void UseDropDown();
@@ -90,6 +91,24 @@ void Scenario::ChangeTextWhileItChanges() {
     m_user.Key('7', "7");
     Holds(m_second);
     m_frame.onMessage = nullptr;
+}
+
+void Scenario::MeetLimits() {
+    for (const UINT style : {ES_AUTOHSCROLL, ES_MULTILINE}) {
+        Step("a text that is full");
+        Recorder edit(m_log, "limited edit");
+        MakeControl(edit, "EDIT", style, {10, 170, 150, 194}, 98);
+        edit.SendMessageA(EM_LIMITTEXT, 2);
+        SetFocus(edit.m_hWnd);
+        for (const char* typed : {"a", "b", "c"})
+            m_user.Key('A', typed);
+        m_user.Key(VK_RETURN, "\r");
+        Holds(edit);
+        m_user.Key(VK_BACK, "\b");
+        m_user.Key('D', "d");
+        Holds(edit);
+        edit.DestroyWindow();
+    }
 }
 
 void Scenario::ClickButtons() {
@@ -202,6 +221,7 @@ Log Scenario::Run() {
     Make();
     Type();
     ChangeTextWhileItChanges();
+    MeetLimits();
     ClickButtons();
     MoveInList();
     UseDropDown();

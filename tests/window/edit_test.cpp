@@ -81,6 +81,9 @@ TEST_F(EditTest, TypingReplacesTheSelectionAndCountsItAsRoom) {
 TEST_F(EditTest, WhatFindsNoRoomIsToldFirstAndNothingForNothingIsSilent) {
     const auto replace = [this](const char* text) { return [=, this] { edit.ReplaceSel(text); }; };
     const auto type = [this](const char* text) { return [=, this] { Type(text); }; };
+    const auto report = [this](const char* text, int caret) {
+        return [=, this] { input::Edited(edit.m_hWnd, text, caret, caret); };
+    };
     const auto paste = [this] { edit.SendMessageA(WM_PASTE); };
     display.SetClipboardText("12345");
     for (const auto& [border, style, end, act, text, codes] :
@@ -92,6 +95,20 @@ TEST_F(EditTest, WhatFindsNoRoomIsToldFirstAndNothingForNothingIsSilent) {
              {"no room for a replacement", 0, 1, replace("x"), "abcd", {EN_MAXTEXT}},
              {"dropped, not limited", ES_NUMBER, 1, type("x"), "abcd", {}},
              {"read-only takes a replacement", ES_READONLY, 2, replace("x"), "axcd", {EN_UPDATE, EN_CHANGE}},
+             {"not half of a line break", ES_MULTILINE, 2, replace("\r\n"), "abcd", {EN_MAXTEXT}},
+             {"a line break and no half of another",
+              ES_MULTILINE,
+              4,
+              replace("\r\n\r\n"),
+              "a\r\n",
+              {EN_MAXTEXT, EN_UPDATE, EN_CHANGE}},
+             {"taken in by a native widget",
+              0,
+              3,
+              report("a12345d", 6),
+              "a12d",
+              {EN_MAXTEXT, EN_UPDATE, EN_CHANGE}},
+             {"a full field, the same letter", 0, 1, report("abbcd", 2), "abcd", {EN_MAXTEXT}},
              {"nothing for nothing", 0, 1, replace(""), "abcd", {}},
              {"nothing for something", 0, 3, replace(""), "ad", {EN_UPDATE, EN_CHANGE}},
              {"nothing to clear", 0, 1, [this] { edit.SendMessageA(WM_CLEAR); }, "abcd", {}}}) {

@@ -4,9 +4,6 @@
 
 #include <QString>
 
-class QLineEdit;
-class QPlainTextEdit;
-
 namespace korvel::internal {
 
 /// A text field. What the user types goes through the window first; what the window leaves to its default,
@@ -25,46 +22,32 @@ protected:
 
     EditPeer(PeerContext& context, HWND window, QWidget& edit) : Peer(context, window, edit, edit) {}
 
-    /// Reports the content whenever the widget emits one of these signals.
-    template <typename Widget, typename... Signals>
-    void ReportOn(Widget& edit, Signals... changes) {
-        (connect(
-             &edit, changes, this, [this] { Report(); }),
-         ...);
-    }
+    bool HasBorder() const;
+    /// Reports what the widget holds: what the user did to it.
+    void Report();
 
 private:
     virtual void ShowContent() = 0;
     virtual Content ReadContent() const = 0;
-    void Report();
 
     bool m_isShowing = false;
 };
 
-/// A text field of one line.
-class LineEditPeer final : public EditPeer {
-public:
-    LineEditPeer(PeerContext& context, HWND window, QWidget* parent);
+/// The same with its widget, which emits `changed` when its text changes.
+template <class Widget>
+class EditPeerOf : public EditPeer {
+protected:
+    template <class Signal>
+    EditPeerOf(PeerContext& context, HWND window, Widget& edit, Signal changed)
+        : EditPeer(context, window, edit), m_edit(edit) {
+        connect(
+            &edit, changed, this, [this] { Report(); });
+        connect(
+            &edit, &Widget::selectionChanged, this, [this] { Report(); });
+        connect(&edit, &Widget::cursorPositionChanged, this, [this] { Report(); });
+    }
 
-private:
-    LineEditPeer(PeerContext& context, HWND window, QLineEdit& edit);
-    void ShowContent() override;
-    Content ReadContent() const override;
-
-    QLineEdit& m_edit;
-};
-
-/// A text field of several lines.
-class TextEditPeer final : public EditPeer {
-public:
-    TextEditPeer(PeerContext& context, HWND window, QWidget* parent);
-
-private:
-    TextEditPeer(PeerContext& context, HWND window, QPlainTextEdit& edit);
-    void ShowContent() override;
-    Content ReadContent() const override;
-
-    QPlainTextEdit& m_edit;
+    Widget& m_edit;
 };
 
 } // namespace korvel::internal

@@ -1,9 +1,10 @@
 #include "korvel/qt/make_peer.h"
 
 #include "korvel/qt/button_peer.h"
-#include "korvel/qt/edit_peer.h"
+#include "korvel/qt/line_edit_peer.h"
 #include "korvel/qt/list_peer.h"
 #include "korvel/qt/peer_context.h"
+#include "korvel/qt/text_edit_peer.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 

@@ -9,7 +9,6 @@ enum class Kind { Painted, List, Edit, Button, Static };
 struct EditView {
     int selectionStart = 0; // bytes of the text
     int selectionEnd = 0;
-    int limit = 0; // bytes; 0: none
     bool readOnly = false;
 };
 

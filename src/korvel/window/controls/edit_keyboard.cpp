@@ -145,15 +145,20 @@ bool PressKey(EditState& edit, UINT key) {
     return true;
 }
 
-bool TypeCharacter(EditState& edit, char character) {
+CString TextOfCharacter(const EditState& edit, char character) {
     const auto byte = static_cast<unsigned char>(character);
+    if (character == Return && edit.HasStyle(ES_MULTILINE))
+        return "\r\n";
+    return byte >= FirstPrintable && byte != DeleteCharacter ? CString(1, character) : CString();
+}
+
+bool TypeCharacter(EditState& edit, char character) {
+    const CString text = TextOfCharacter(edit, character);
     if (character == Backspace) {
         const int place = SelectionOf(edit).start;
         EraseByUser(edit, {Step(edit.record.text, place, Direction::Back), place});
-    } else if (character == Return && edit.HasStyle(ES_MULTILINE)) {
-        TypeText(edit, "\r\n");
-    } else if (byte >= FirstPrintable && byte != DeleteCharacter) {
-        TypeText(edit, CString(1, character));
+    } else if (!text.empty()) {
+        TypeText(edit, text);
     } else {
         return false;
     }

@@ -93,6 +93,11 @@ bool HandleInput(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
     return true;
 }
 
+// A native widget knows no limit.
+bool IsBeyondLimit(const EditState& edit, UINT message, WPARAM wParam) {
+    return message == WM_CHAR && !HasRoomFor(edit, TextOfCharacter(edit, static_cast<char>(wParam)));
+}
+
 std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = edit.record.handle;
     switch (message) {
@@ -115,7 +120,9 @@ std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam
     case WM_LBUTTONDBLCLK:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        if (LeaveToNativeWidget(window, message) || HandleInput(edit, message, wParam, lParam))
+        if (!IsBeyondLimit(edit, message, wParam) && LeaveToNativeWidget(window, message))
+            return 0;
+        if (HandleInput(edit, message, wParam, lParam))
             return 0;
         return std::nullopt;
     default:

@@ -37,18 +37,25 @@ CString Allowed(const EditState& edit, CString text) {
     return text;
 }
 
-// The characters that the limit leaves in place of the selection.
-std::size_t RoomIn(const EditState& edit) {
-    const TextRange selection = SelectionOf(edit);
-    const int kept = LengthOf(edit) - (selection.end - selection.start);
+// The bytes that the limit leaves in place of a part of the text.
+std::size_t RoomFor(const EditState& edit, TextRange range) {
+    const int kept = LengthOf(edit) - (range.end - range.start);
     return static_cast<std::size_t>(std::max(edit.limit - kept, 0));
 }
 
+// Cuts before a line break rather than inside it.
+void CutAt(CString& text, std::size_t length) {
+    if (length >= text.size())
+        return;
+    const bool cutsBreak = length > 0 && text[length - 1] == '\r' && text[length] == '\n';
+    text.resize(cutsBreak ? length - 1 : length);
+}
+
 CString CutToRoom(EditState& edit, CString text) {
-    if (text.size() <= RoomIn(edit))
+    if (text.size() <= RoomFor(edit, SelectionOf(edit)))
         return text;
     NotifyParentCommand(edit.record.handle, EN_MAXTEXT);
-    text.resize(std::min(text.size(), RoomIn(edit))); // a handler may have made room
+    CutAt(text, RoomFor(edit, SelectionOf(edit))); // a handler may have made room
     return text;
 }
 
@@ -60,15 +67,40 @@ void Replace(EditState& edit, TextRange range, const CString& text) {
     PutText(edit, std::move(whole), caret, caret);
 }
 
+struct TextChange {
+    TextRange replaced;
+    CString inserted;
+};
+
+// What made one text of another. What was inserted ends at the caret, where that is in doubt ("aa" from "a").
+TextChange ChangeOf(const CString& before, const CString& after, int caret) {
+    const auto beforeCaret = std::min(static_cast<std::size_t>(std::max(caret, 0)), after.size());
+    const auto behind = std::min(before.size(), after.size() - beforeCaret);
+    const auto tail =
+        std::mismatch(before.rbegin(), before.rbegin() + static_cast<std::ptrdiff_t>(behind), after.rbegin());
+    const auto shorter = std::min(before.rend() - tail.first, after.rend() - tail.second);
+    const auto head = std::mismatch(before.begin(), before.begin() + shorter, after.begin());
+    return {
+        {static_cast<int>(head.first - before.begin()), static_cast<int>(tail.first.base() - before.begin())},
+        CString(head.second, tail.second.base())};
+}
+
 } // namespace
 
 view::EditView EditState::Edit() const {
     const TextRange selection = SelectionOf(*this);
-    return {selection.start, selection.end, limit, HasStyle(ES_READONLY)};
+    return {selection.start, selection.end, HasStyle(ES_READONLY)};
 }
 
-// The native widget shows the text already and has its own undo.
+// The native widget shows the text already and has its own undo. It knows no limit: what it has taken beyond it is
+// typed again, as far as it fits.
 void EditState::Edited(const CString& text, int selectionStart, int selectionEnd) {
+    const TextChange change = ChangeOf(record.text, text, selectionEnd);
+    if (change.inserted.size() > RoomFor(*this, change.replaced)) {
+        anchor = change.replaced.start;
+        caret = change.replaced.end;
+        return ReplaceSelection(*this, change.inserted, TextOrigin::User);
+    }
     anchor = selectionStart;
     caret = selectionEnd;
     if (text == record.text)
@@ -112,6 +144,10 @@ void ReplaceSelection(EditState& edit, CString text, TextOrigin origin) {
         return;
     edit.undo = Remember(edit);
     Replace(edit, selection, text);
+}
+
+bool HasRoomFor(const EditState& edit, const CString& text) {
+    return edit.HasStyle(ES_READONLY) || Allowed(edit, text).size() <= RoomFor(edit, SelectionOf(edit));
 }
 
 void TypeText(EditState& edit, const CString& text) {

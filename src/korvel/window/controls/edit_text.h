@@ -22,6 +22,8 @@ enum class TextOrigin { Program, User };
 /// user's text also keeps to digits-only and a single line, and is dropped when the field is read-only.
 void ReplaceSelection(EditState& edit, CString text, TextOrigin origin);
 void TypeText(EditState& edit, const CString& text);
+/// Whether the limit lets the user type `text` whole in place of the selection.
+bool HasRoomFor(const EditState& edit, const CString& text);
 /// Removes the selection, or `range` when nothing is selected.
 void EraseByUser(EditState& edit, TextRange range);
 /// WM_SETTEXT: limit, digits-only and read-only do not count; only a single-line field sends notices.

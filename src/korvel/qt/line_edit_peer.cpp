@@ -1,0 +1,42 @@
+#include "korvel/qt/line_edit_peer.h"
+
+#include "korvel/qt/convert.h"
+#include "korvel/window/base/messages.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QRegularExpressionValidator>
+#include <limits>
+
+namespace korvel::internal {
+
+LineEditPeer::LineEditPeer(PeerContext& context, HWND window, QWidget* parent)
+    : EditPeerOf(context, window, *new QLineEdit(parent), &QLineEdit::textEdited) {
+    m_edit.setFrame(HasBorder());
+    m_edit.setMaxLength(std::numeric_limits<int>::max()); // the limit is the window's
+    if (view::Style(window) & ES_PASSWORD)
+        m_edit.setEchoMode(QLineEdit::Password);
+    if (view::Style(window) & ES_NUMBER)
+        m_edit.setValidator(
+            new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), &m_edit));
+}
+
+void LineEditPeer::ShowContent() {
+    const QString text = TextOf(Window());
+    const view::EditView state = view::Edit(Window());
+    m_edit.setReadOnly(state.readOnly);
+    if (m_edit.text() != text)
+        m_edit.setText(text); // forgets what could be undone, so only when it differs
+    if (state.selectionStart == state.selectionEnd)
+        m_edit.setCursorPosition(state.selectionStart);
+    else if (m_edit.selectionStart() != state.selectionStart ||
+             m_edit.selectionLength() != state.selectionEnd - state.selectionStart)
+        m_edit.setSelection(state.selectionStart, state.selectionEnd - state.selectionStart);
+}
+
+EditPeer::Content LineEditPeer::ReadContent() const {
+    if (m_edit.hasSelectedText())
+        return {m_edit.text(), m_edit.selectionStart(), m_edit.selectionEnd()};
+    return {m_edit.text(), m_edit.cursorPosition(), m_edit.cursorPosition()};
+}
+
+} // namespace korvel::internal

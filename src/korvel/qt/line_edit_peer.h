@@ -1,0 +1,19 @@
+#pragma once
+
+#include "korvel/qt/edit_peer.h"
+
+#include <QLineEdit>
+
+namespace korvel::internal {
+
+/// A text field of one line.
+class LineEditPeer final : public EditPeerOf<QLineEdit> {
+public:
+    LineEditPeer(PeerContext& context, HWND window, QWidget* parent);
+
+private:
+    void ShowContent() override;
+    Content ReadContent() const override;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "korvel/qt/edit_peer.h"
+
+#include <QPlainTextEdit>
+
+namespace korvel::internal {
+
+/// A text field of several lines.
+class TextEditPeer final : public EditPeerOf<QPlainTextEdit> {
+public:
+    TextEditPeer(PeerContext& context, HWND window, QWidget* parent);
+
+private:
+    void ShowContent() override;
+    Content ReadContent() const override;
+};
+
+} // namespace korvel::internal
