@@ -4,6 +4,7 @@
 #include "korvel/window/core/input.h"
 #include "korvel/window/display/headless_display.h"
 #include "korvel/window/list/list_ctrl.h"
+#include "korvel/window/list/model_rows.h"
 #include "support/table.h"
 
 #include <functional>
@@ -71,6 +72,14 @@ protected:
         for (int row = 0; row < rows; ++row)
             list.InsertItem(row, "row " + std::to_string(row));
         parent.notices.clear();
+    }
+
+    int InsertRows(int row, const std::vector<LPARAM>& data, int indent = 0) {
+        return internal::InsertModelRows(list.m_hWnd, row, data.data(), static_cast<int>(data.size()),
+                                         indent);
+    }
+    bool DeleteRowsQuietly(int first, int last) {
+        return internal::DeleteModelRows(list.m_hWnd, first, last);
     }
 
     static constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;

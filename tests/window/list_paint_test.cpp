@@ -32,7 +32,7 @@ TEST_F(ListPaint, AsksOnlyForTheTextsOfRowsInTheClipBox) {
     });
     std::vector<LPARAM> data(1000);
     std::iota(data.begin(), data.end(), 0);
-    list.InsertRows(0, data.data(), 1000, 0);
+    InsertRows(0, data);
     list.EnsureVisible(504, false);
     EXPECT_TRUE(asked.empty());
     const CRect clip{0, RowTop(1), 100, RowTop(2) + 1}; // the first pixel of a row counts

@@ -7,35 +7,42 @@ namespace {
 class ListRows : public ListTest {};
 
 TEST_F(ListRows, TextsAreStoredOrAskedForAndMoveWithTheirColumns) {
-    MakeList(2);
-    EXPECT_EQ(list.InsertItem(-1, "refused"), -1);
-    EXPECT_EQ(list.InsertItem(99, "last"), 2);
-    EXPECT_EQ(list.InsertItem(0, "first"), 0);
+    MakeList(1);
     list.SetTextSource([](LPARAM data, int column) { return std::to_string(data * 10 + column); });
-    const LPARAM data[] = {4, 5};
-    list.InsertRows(4, data, 2, 0);
-    list.SetItemText(5, 0, "own");
+    InsertRows(1, {4, 5});
+    list.SetItemText(2, 0, "own");
     list.SetItemText(0, 1, "value");
-    list.InsertColumn(0, "New", 10);
-    list.DeleteColumn(1);
     EXPECT_FALSE(list.SetItemText(0, 2, "no such column"));
-    for (const auto& [border, row, column, text] :
-         Table<int, int, const char*>{{"the new column", 0, 0, ""},
-                                      {"what stood in column 1", 0, 1, "value"},
-                                      {"asked for", 4, 1, "41"},
-                                      {"a row of the source with a text of its own", 5, 1, ""}})
-        EXPECT_EQ(list.GetItemText(row, column), text) << border;
+    const auto texts = [this] {
+        Notices rows;
+        for (int row = 0; row < 3; ++row)
+            rows.push_back(list.GetItemText(row, 0) + "," + list.GetItemText(row, 1) + "," +
+                           list.GetItemText(row, 2));
+        return rows;
+    };
+    for (const auto& [border, act, expected] : Table<std::function<void()>, Notices>{
+             {"stored and asked for", [] {}, {"row 0,value,", "40,41,42", "own,,"}},
+             {"a column in the middle",
+              [this] { list.InsertColumn(1, "", 9); },
+              {"row 0,,value", "40,41,42", "own,,"}},
+             {"and away", [this] { list.DeleteColumn(1); }, {"row 0,value,", "40,41,42", "own,,"}},
+             {"without column 0 the labels stay",
+              [this] { list.DeleteColumn(0); },
+              {"row 0,value,", "40,41,42", "own,,"}},
+             {"with a new one too",
+              [this] { list.InsertColumn(0, "", 9); },
+              {"row 0,value,", "40,41,42", "own,,"}}}) {
+        act();
+        EXPECT_EQ(texts(), expected) << border;
+    }
 }
 
-TEST_F(ListRows, ASingleInsertionIsToldAndARangeOfAModelIsNot) {
+TEST_F(ListRows, AnInsertionIsToldAndMayBeTakenBackByItsHandler) {
     MakeList(1);
     EXPECT_EQ(list.InsertItem(99, "last"), 1);
     EXPECT_EQ(list.InsertRow(0, {}), 0);
     EXPECT_EQ(list.InsertItem(-1, "refused"), -1);
     EXPECT_EQ(parent.Take(), (Notices{"insert 1", "insert 0"}));
-    const LPARAM data[] = {1, 2};
-    list.InsertRows(0, data, 2, 0);
-    EXPECT_EQ(parent.Take(), Notices{});
     parent.answer = [&](const NMLISTVIEW& notice) {
         return notice.hdr.code == LVN_INSERTITEM && list.DeleteAllItems();
     };
@@ -94,11 +101,11 @@ TEST_F(ListRows, DeletingDeselectsTellsFromTheLastRowUpAndMovesTheFocus) {
     }
 }
 
-TEST_F(ListRows, RowsGoQuietlyAndTheEndOfALabelEditIsToldBehind) {
+TEST_F(ListRows, RowsOfAModelComeAndGoQuietly) {
     MakeList(6, LVS_EDITLABELS);
     Choose(3);
     ASSERT_TRUE(list.SendMessageA(LVM_EDITLABEL, 3));
-    EXPECT_FALSE(list.DeleteRowsQuietly(4, 7));
+    EXPECT_FALSE(DeleteRowsQuietly(4, 7));
     parent.notices.clear();
     Rows told;
     parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
@@ -106,13 +113,20 @@ TEST_F(ListRows, RowsGoQuietlyAndTheEndOfALabelEditIsToldBehind) {
             told.push_back(list.GetItemCount());
         return 0;
     };
-    EXPECT_TRUE(list.DeleteRowsQuietly(2, 5));
-    EXPECT_EQ(parent.Take(), Notices{});
-    EXPECT_EQ(told, Rows{3});
+    EXPECT_TRUE(DeleteRowsQuietly(2, 5));
+    EXPECT_EQ(told, Rows{3}) << "the edit ends when its row is gone";
     EXPECT_EQ(list.GetEditControl(), nullptr);
     EXPECT_EQ(list.GetItemText(2, 0), "row 5");
     EXPECT_EQ(Focused(), 2);
     EXPECT_EQ(Selected(), Rows{});
+    list.SetItemState(2, LVIS_SELECTED, LVIS_SELECTED);
+    parent.notices.clear();
+    EXPECT_EQ(InsertRows(0, {7, 8}, 3), 0);
+    EXPECT_EQ(parent.Take(), Notices{});
+    EXPECT_EQ(Selected(), Rows{4});
+    EXPECT_EQ(Focused(), 4);
+    EXPECT_EQ(list.GetItemData(1), 8);
+    EXPECT_EQ(list.GetItemIndent(0), 3);
 }
 
 TEST_F(ListRows, TheAnswerToDeleteAllSuppressesTheSingleNotices) {
@@ -132,15 +146,33 @@ TEST_F(ListRows, TheAnswerToDeleteAllSuppressesTheSingleNotices) {
 }
 
 TEST_F(ListRows, AHandlerMayInsertAndRemoveRowsOrEndTheListDuringARemoval) {
+    bool fails = false;
     for (const auto& [border, act, left] : Table<std::function<void()>, std::string>{
              {"some that are to go, and others", [&] { list.DeleteRows(0, 4); }, ""},
              {"the one that is told of", [&] { list.DeleteItem(4); }, "row 0,row 1,"},
              {"one above", [&] { list.InsertItem(0, "new"); }, "new,row 0,row 1,"},
-             {"one behind the rest", [&] { list.InsertItem(4, "new"); }, "row 0,row 1,new,"}}) {
+             {"one among the rest", [&] { list.InsertItem(3, "new"); }, "row 0,row 1,new,"},
+             {"one that goes again, with one of the rest",
+              [&] {
+                  list.InsertItem(3, "new");
+                  list.InsertItem(3, "new and gone");
+                  list.DeleteRows(2, 4);
+              },
+              "row 0,row 1,new,"},
+             {"one in a removal that fails",
+              [&] {
+                  list.InsertItem(3, "new");
+                  fails = true;
+                  EXPECT_THROW(list.DeleteItem(3), Error);
+              },
+              "row 0,row 1,new,"},
+             {"one after the rest", [&] { list.InsertItem(4, "new"); }, "row 0,row 1,new,"}}) {
         parent.answer = nullptr;
         MakeList(6);
         bool acted = false;
         parent.answer = [&, &act = act](const NMLISTVIEW& notice) -> LRESULT {
+            if (std::exchange(fails, false))
+                throw Error("no");
             if (notice.hdr.code == LVN_DELETEITEM && notice.iItem == 4 && !std::exchange(acted, true))
                 act();
             return 0;
@@ -156,19 +188,6 @@ TEST_F(ListRows, AHandlerMayInsertAndRemoveRowsOrEndTheListDuringARemoval) {
     parent.answer = [&](const NMLISTVIEW&) -> LRESULT { return list.DestroyWindow(); };
     list.DeleteAllItems();
     EXPECT_EQ(list.GetItemCount(), 0);
-}
-
-TEST_F(ListRows, RowsRememberTheirPlaceWhenOthersComeAndGo) {
-    MakeList(3);
-    Choose(1);
-    const LPARAM data[] = {7, 8};
-    EXPECT_EQ(list.InsertRows(0, data, 2, 3), 0);
-    EXPECT_EQ(Selected(), Rows{3});
-    EXPECT_EQ(Focused(), 3);
-    EXPECT_EQ(list.GetItemData(1), 8);
-    EXPECT_EQ(list.GetItemIndent(0), 3);
-    list.DeleteItem(0);
-    EXPECT_EQ(Focused(), 2);
 }
 
 TEST_F(ListRows, TheSelectionMarkIsSetByTheFirstSelectionAndFollowsItsRow) {
@@ -187,21 +206,12 @@ TEST_F(ListRows, TheSelectionMarkIsSetByTheFirstSelectionAndFollowsItsRow) {
              {"the new last row", remove(2), 1},
              {"set", [this] { list.SetSelectionMark(0); }, 0},
              {"a click", [this] { Click(InRow(1)); }, 1},
-             {"rows that go quietly", [this] { list.DeleteRowsQuietly(0, 1); }, 0},
+             {"rows that go quietly", [this] { DeleteRowsQuietly(0, 1); }, 0},
              {"no row is left", [this] { list.DeleteAllItems(); }, -1},
              {"a new beginning", [this] { list.InsertItem(0, "row"), Choose(0); }, 0}}) {
         act();
         EXPECT_EQ(list.GetSelectionMark(), mark) << border;
     }
-}
-
-TEST_F(ListRows, WithoutColumn0TheRowsKeepTheirTexts) {
-    MakeList(1);
-    list.SetItemText(0, 1, "value");
-    list.DeleteColumn(0);
-    EXPECT_EQ(list.GetColumnTitle(0), "Value");
-    EXPECT_EQ(list.GetItemText(0, 0), "row 0");
-    EXPECT_EQ(list.GetItemText(0, 1), "value");
 }
 
 TEST_F(ListRows, ATextSourceMayEndRowsItselfOrTheListWhileItIsAsked) {
@@ -224,8 +234,7 @@ TEST_F(ListRows, ATextSourceMayEndRowsItselfOrTheListWhileItIsAsked) {
                 }
                 return CString("a");
             });
-            const LPARAM data[] = {0, 1, 2};
-            list.InsertRows(0, data, 3, 0);
+            InsertRows(0, {0, 1, 2});
             list.SetItemState(1, LVIS_FOCUSED, LVIS_FOCUSED);
             ask();
             EXPECT_GE(asked, 1);

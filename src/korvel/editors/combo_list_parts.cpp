@@ -2,6 +2,7 @@
 
 #include "korvel/editors/drop_down_height.h"
 #include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
+#include "korvel/window/list/model_rows.h"
 
 #include <algorithm>
 #include <limits>
@@ -65,7 +66,7 @@ void ComboListParts::Close() {
     view.Control().SetImageList(nullptr);
     sinkTypes.clear();
     // Last: the host is told of the end of a label edit.
-    view.Control().DeleteRowsQuietly(0, view.Control().GetItemCount());
+    DeleteModelRows(view.Control().m_hWnd, 0, view.Control().GetItemCount());
 }
 
 void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {
@@ -74,7 +75,7 @@ void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {
         data.push_back(reinterpret_cast<LPARAM>(model.Tree().ItemAt(row)));
     if (const auto state = input.State())
         state->RowsAdded(rows.first, rows.count);
-    view.Control().InsertRows(rows.first, data.data(), rows.count, 0);
+    InsertModelRows(view.Control().m_hWnd, rows.first, data.data(), rows.count, 0);
     PlaceBelowField();
     view.Control().RedrawWindow();
 }
@@ -82,7 +83,7 @@ void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {
 void ComboListParts::OnRowsHidden(ComboTree::RowRange rows) {
     if (const auto state = input.State())
         state->RowsRemoved(rows.first, rows.count);
-    view.Control().DeleteRowsQuietly(rows.first, rows.first + rows.count);
+    DeleteModelRows(view.Control().m_hWnd, rows.first, rows.first + rows.count);
     PlaceBelowField();
     view.Control().RedrawWindow();
 }

@@ -5,6 +5,7 @@
 #include "korvel/grid/row_icons.h"
 #include "korvel/grid/tree_grid_list.h"
 #include "korvel/window/base/first_failure.h"
+#include "korvel/window/list/model_rows.h"
 
 #include <algorithm>
 #include <utility>
@@ -59,7 +60,7 @@ void GridRowList::Insert(int row, const std::vector<CTreeItem*>& nodes) {
         if (nodes[index]->indent() != indent)
             others.emplace_back(index, nodes[index]->indent());
     // In one step, so that whoever hears of a row finds all of them.
-    m_list.InsertRows(row, data.data(), static_cast<int>(data.size()), indent);
+    InsertModelRows(m_list.m_hWnd, row, data.data(), static_cast<int>(data.size()), indent);
     for (const auto& [index, depth] : others)
         if (const int inserted = row + static_cast<int>(index); At(inserted) == nodes[index])
             m_list.SetItemIndent(inserted, depth);
@@ -80,7 +81,7 @@ void GridRowList::Remove(int first, int last) {
 }
 
 void GridRowList::RemoveQuietly(int first, int last) {
-    m_list.DeleteRowsQuietly(first, last);
+    DeleteModelRows(m_list.m_hWnd, first, last);
 }
 
 void GridRowList::RemoveAll() {

@@ -28,7 +28,8 @@ int WidthOf(const CString& text) {
 
 int InsertColumn(ListState& list, int column, ListColumn content) {
     const int at = list.columns.Insert(column, std::move(content));
-    ForEachStoredText(list, at, [](auto& texts, auto place) { texts.insert(place, CString()); });
+    if (at > 0)
+        ForEachStoredText(list, at, [](auto& texts, auto place) { texts.insert(place, CString()); });
     RepaintAll(list);
     UpdateExtent(list);
     return at;
@@ -36,7 +37,7 @@ int InsertColumn(ListState& list, int column, ListColumn content) {
 
 void DeleteColumn(ListState& list, int column) {
     list.columns.Erase(column);
-    if (column > 0) // without the first column the rows keep their texts, and the next one shows the labels
+    if (column > 0)
         ForEachStoredText(list, column, [](auto& texts, auto place) { texts.erase(place); });
     RepaintAll(list);
     UpdateExtent(list);

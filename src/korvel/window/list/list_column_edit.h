@@ -5,9 +5,9 @@
 /// Insertion, removal and widths of the columns of a list.
 namespace korvel::internal {
 
-/// Returns the number of the column; the texts that rows store move along.
+/// Returns the number of the column. The texts that rows store move along with their columns; but when a column
+/// comes or goes at 0 they stay, as column 0 shows the labels whichever column it is.
 int InsertColumn(ListState& list, int column, ListColumn content);
-/// The texts that rows store move along; when column 0 goes they stay, and the next column shows the labels.
 void DeleteColumn(ListState& list, int column);
 
 /// Sends HDN_ITEMCHANGED to the list when the width is another one. Does nothing without such a column.

@@ -14,17 +14,11 @@ using namespace internal;
 
 namespace {
 
-constexpr int DeepestIndent = (1 << 24) - 1; // what a row record holds
-
-std::uint32_t Indent(int indent) {
-    return static_cast<std::uint32_t>(std::clamp(indent, 0, DeepestIndent));
-}
-
 RowRecord RecordOf(const ListRow& content, bool hasTextSource) {
     RowRecord record;
     record.data = content.data;
     record.image = content.image;
-    record.indent = Indent(content.indent);
+    record.SetIndent(content.indent);
     record.checked = content.checked;
     if (!hasTextSource || !content.text.empty() || !content.subItems.empty()) {
         record.texts = std::make_unique<std::vector<CString>>(1, content.text);
@@ -67,18 +61,6 @@ int CListCtrl::InsertRow(int row, const ListRow& content) {
     return OnList(m_hWnd, insert, NoRow);
 }
 
-int CListCtrl::InsertRows(int row, const LPARAM* data, int count, int indent) {
-    const auto make = [=](int index) {
-        RowRecord record;
-        record.data = data[index];
-        record.indent = Indent(indent);
-        return record;
-    };
-    return OnList(
-        m_hWnd, [&](ListState& list) { return internal::InsertRows(list, row, std::max(count, 0), make); },
-        NoRow);
-}
-
 bool CListCtrl::DeleteItem(int row) {
     return SendMessageA(LVM_DELETEITEM, static_cast<WPARAM>(row)) != 0;
 }
@@ -86,11 +68,6 @@ bool CListCtrl::DeleteItem(int row) {
 bool CListCtrl::DeleteRows(int first, int last) {
     return OnRows(
         m_hWnd, first, last, [&](ListState& list) { internal::DeleteRows(list, first, last); });
-}
-
-bool CListCtrl::DeleteRowsQuietly(int first, int last) {
-    return OnRows(
-        m_hWnd, first, last, [&](ListState& list) { internal::DeleteRowsQuietly(list, first, last); });
 }
 
 bool CListCtrl::DeleteAllItems() {
@@ -123,7 +100,7 @@ bool CListCtrl::SetItemIndent(int row, int indent) {
     return OnRow(
         m_hWnd, row,
         [&](ListState& list) {
-            list.rows.At(row).indent = Indent(indent);
+            list.rows.At(row).SetIndent(indent);
             RepaintRows(list, row, row + 1);
             return true;
         });

@@ -31,16 +31,11 @@ public:
     /// Returns the row, or -1 for a row below 0; beyond the end appends. Sends LVN_INSERTITEM.
     int InsertItem(int row, const CString& text, int image = -1);
     int InsertRow(int row, const ListRow& content);
-    /// Inserts `count` rows with `data[i]` and `indent` in one step, without notices: for a list whose rows follow
-    /// a model. With a text source the rows store nothing else. Returns `row`, or -1 when refused.
-    int InsertRows(int row, const LPARAM* data, int count, int indent);
     /// A selected row loses its state first (LVN_ITEMCHANGED with no bit left), then LVN_DELETEITEM is sent, then
     /// it is gone. Focus and mark go to the row that takes its place, or to the new last one; nothing is selected.
     bool DeleteItem(int row);
     /// Removes the rows from `first` to before `last`; notifies like single removals, from the last row up.
     bool DeleteRows(int first, int last);
-    /// The same at once, without notices: for a list whose rows follow a model that has changed already.
-    bool DeleteRowsQuietly(int first, int last);
     /// LVN_DELETEALLITEMS, then LVN_DELETEITEM from the last row to the first unless it returned 1.
     bool DeleteAllItems();
     LPARAM GetItemData(int row) const;
@@ -70,8 +65,9 @@ public:
     void SetSelectionMark(int row);
 
     // Columns.
+    /// The texts that rows store move along with their columns. But column 0 shows the labels, which stay where
+    /// they are: when a column comes or goes at 0, text i of a row stays text i.
     int InsertColumn(int column, const CString& title, int width, int format = LVCFMT_LEFT);
-    /// Without column 0 the rows keep their texts, so that the next column shows the labels.
     bool DeleteColumn(int column);
     int GetColumnCount() const;
     CString GetColumnTitle(int column) const;

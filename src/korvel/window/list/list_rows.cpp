@@ -2,28 +2,12 @@
 
 #include "korvel/window/base/first_failure.h"
 #include "korvel/window/list/followed_row.h"
+#include "korvel/window/list/leaving_rows.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_scroll.h"
 #include "korvel/window/list/list_selection.h"
 
 namespace korvel::internal {
-
-// Rows that are removed one by one, the last one first. A handler may insert and remove rows itself: those
-// that are still to go are followed.
-struct LeavingRows {
-    LeavingRows(ListState& owner, int firstRow, int lastRow)
-        : list(owner), outer(owner.leaving), first(firstRow), next(lastRow - 1) {
-        list.leaving = this;
-    }
-    ~LeavingRows() { list.leaving = outer; }
-    LeavingRows(const LeavingRows&) = delete;
-    LeavingRows& operator=(const LeavingRows&) = delete;
-
-    ListState& list;
-    LeavingRows* const outer; // whose notice led to this removal
-    int first;
-    int next;
-};
 
 namespace {
 
@@ -58,11 +42,8 @@ void EraseRows(ListState& list, int first, int last) {
     ShiftForErasure(list.press.row, first, last);
     for (FollowedRow* followed = list.followedRows; followed; followed = followed->outer)
         ShiftForErasure(followed->row, first, last);
-    const auto erasedBefore = [=](int row) { return std::max(0, std::min(row, last) - first); };
-    for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->outer) {
-        leaving->first -= erasedBefore(leaving->first);
-        leaving->next -= erasedBefore(leaving->next + 1);
-    }
+    for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->Outer())
+        leaving->OnErased(first, last);
 }
 
 void TakeState(ListState& list, const FollowedRow& going) {
@@ -92,9 +73,8 @@ int PlaceRows(ListState& list, int row, int count, const RowBlocks::Maker& make)
         ShiftForInsertion(*remembered, row, count);
     for (FollowedRow* followed = list.followedRows; followed; followed = followed->outer)
         ShiftForInsertion(followed->row, row, count);
-    for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->outer)
-        for (int* followed : {&leaving->first, &leaving->next})
-            ShiftForInsertion(*followed, row, count);
+    for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->Outer())
+        leaving->OnInserted(row, count);
     RepaintFrom(list, row);
     return row;
 }
@@ -104,9 +84,8 @@ void DeleteEach(ListState& list, int first, int last, StateNotices stateNotices)
     if (list.labelEdit.row >= first && list.labelEdit.row < last)
         list.EndLabelEdit(LabelEditEnd::Cancel);
     FirstFailure failure;
-    // Counted, so that a handler that inserts among the rest cannot keep this going.
-    for (int left = last - first; left > 0 && leaving.next >= leaving.first && !failure; --left) {
-        FollowedRow going(list, leaving.next--);
+    for (int row = leaving.TakeNext(); row != NoRow; row = failure ? NoRow : leaving.TakeNext()) {
+        FollowedRow going(list, row);
         const bool hadFocus = list.focusRow == going.row;
         failure.Try([&] {
             if (stateNotices == StateNotices::Sent)
@@ -115,19 +94,19 @@ void DeleteEach(ListState& list, int first, int last, StateNotices stateNotices)
                 NotifyRow(list, LVN_DELETEITEM, going.row);
         });
         if (hadFocus && list.focusRow == NoRow) // to be passed on
-            list.focusRow = going.IsThere() ? going.row : std::min(leaving.next + 1, list.rows.Size() - 1);
+            list.focusRow = going.IsThere() ? going.row : std::min(leaving.End(), list.rows.Size() - 1);
         if (going.IsThere() && !failure)
             EraseRows(list, going.row, going.row + 1);
     }
     EndOrphanedLabelEdit(list);
-    RepaintFrom(list, leaving.first);
+    RepaintFrom(list, leaving.First());
     UpdateExtent(list);
     failure.Rethrow();
 }
 
 } // namespace
 
-int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make) {
+int InsertRowsQuietly(ListState& list, int row, int count, const RowBlocks::Maker& make) {
     if (row < 0)
         return NoRow;
     row = PlaceRows(list, row, count, make);

@@ -6,14 +6,14 @@
 namespace korvel::internal {
 
 /// Returns the first of them, or NoRow for a row below 0; beyond the end appends. Sends no notice.
-int InsertRows(ListState& list, int row, int count, const RowBlocks::Maker& make);
+int InsertRowsQuietly(ListState& list, int row, int count, const RowBlocks::Maker& make);
 /// The same for one row, with LVN_INSERTITEM when it is there.
 int InsertRow(ListState& list, int row, RowRecord record);
 
 /// Removes the rows from `first` to before `last`, the last one first. For each: a selected one loses its
 /// state (LVN_ITEMCHANGING, which cannot refuse, and LVN_ITEMCHANGED with no bit left), LVN_DELETEITEM,
 /// then it is gone. Focus and mark of a removed row go to the one that takes its place, or to the new last
-/// one. Rows that a handler inserts or removes meanwhile do not change which ones go.
+/// one. Rows that a handler inserts meanwhile stay, wherever it does so.
 void DeleteRows(ListState& list, int first, int last);
 /// The same at once, without notices. A label edit in one of the rows is cancelled when they are gone.
 void DeleteRowsQuietly(ListState& list, int first, int last);

@@ -16,7 +16,7 @@ namespace korvel::internal {
 constexpr int NoRow = -1;
 
 struct FollowedRow;
-struct LeavingRows;
+class LeavingRows;
 
 /// A mouse button that was pressed over the list and is still down.
 struct ListPress {

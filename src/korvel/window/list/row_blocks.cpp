@@ -62,7 +62,7 @@ void RowBlocks::InsertIntoBlock(PrefixSums::Place place, int count, const Maker&
         for (int index = 0; index < count; ++index) {
             RowRecord& row = rows.At(place.offset + index);
             row = make(index);
-            row.selected = false;
+            row.m_isSelected = false;
         }
     } catch (...) {
         rows.Erase(place.offset, place.offset + count);
@@ -81,7 +81,7 @@ void RowBlocks::InsertBlocks(PrefixSums::Place place, int count, const Maker& ma
             added.emplace_back().rows.Insert(0, std::min(count - index, BlockCapacity));
         RowRecord& row = added.back().rows.At(offset);
         row = make(index);
-        row.selected = false;
+        row.m_isSelected = false;
     }
     const int addedBlocks = static_cast<int>(added.size());
     const int at = SplitAt(place);
@@ -145,7 +145,7 @@ void RowBlocks::Tidy(int first, int last) {
 int RowBlocks::CountSelected(const Block& block, int first, int last) {
     int selected = 0;
     for (int row = first; row < last && selected < block.selectedCount; ++row)
-        selected += block.rows.At(row).selected;
+        selected += block.rows.At(row).m_isSelected;
     return selected;
 }
 
@@ -162,8 +162,8 @@ void RowBlocks::Select(int row, bool selected) {
     const auto place = PlaceOf(row);
     auto& block = m_blocks[place.entry];
     auto& record = block.rows.At(place.offset);
-    const int difference = static_cast<int>(selected) - static_cast<int>(record.selected);
-    record.selected = selected;
+    const int difference = static_cast<int>(selected) - static_cast<int>(record.m_isSelected);
+    record.m_isSelected = selected;
     block.selectedCount += difference;
     m_selectedCount += difference;
 }
@@ -177,7 +177,7 @@ int RowBlocks::FindSelected(int row) const {
         if (block.selectedCount == 0)
             continue;
         for (; place.offset < block.rows.Size(); ++place.offset)
-            if (block.rows.At(place.offset).selected)
+            if (block.rows.At(place.offset).m_isSelected)
                 return m_index.Before(place.entry) + place.offset;
     }
     return -1;

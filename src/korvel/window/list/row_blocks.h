@@ -37,7 +37,7 @@ public:
     void Erase(int first, int last);
 
     void Select(int row, bool selected);
-    bool IsSelected(int row) const { return m_selectedCount > 0 && At(row).selected; }
+    bool IsSelected(int row) const { return m_selectedCount > 0 && At(row).m_isSelected; }
     int SelectedCount() const { return m_selectedCount; }
     /// The first selected row from `row` on, or -1. Blocks without one are stepped over whole.
     int FindSelected(int row) const;

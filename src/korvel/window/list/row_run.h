@@ -1,28 +1,10 @@
 #pragma once
 
-#include "korvel/window/base/types.h"
+#include "korvel/window/list/row_record.h"
 
-#include <cstdint>
-#include <memory>
 #include <vector>
 
 namespace korvel::internal {
-
-/// What a list keeps of one row: 24 bytes, and texts only where the row stores its own.
-struct RowRecord {
-    LPARAM data = 0;
-    /// Entry i belongs to column i. Null: the texts come from the list's text source.
-    std::unique_ptr<std::vector<CString>> texts;
-    std::int32_t image = -1;
-    std::uint32_t indent : 24 = 0;
-    bool checked : 1 = false;
-
-    bool IsSelected() const { return selected; }
-
-private:
-    friend class RowBlocks; // counts the selected rows
-    bool selected : 1 = false;
-};
 
 /// A run of rows, counted from 0, with a hole somewhere among them, as editors keep text: what is inserted or
 /// erased beside the place of the last change moves no other rows.

@@ -1,0 +1,41 @@
+#include "korvel/window/list/leaving_rows.h"
+
+#include <algorithm>
+
+namespace korvel::internal {
+
+// What a failed removal has left marked is marked with at least the number of this one, or is in its range.
+LeavingRows::LeavingRows(ListState& owner, int firstRow, int lastRow)
+    : m_list(owner), m_outer(owner.leaving),
+      m_depth(m_outer ? std::min<unsigned>(m_outer->m_depth + 1, RowRecord::DeepestRemoval) : 1),
+      m_first(firstRow), m_next(lastRow - 1) {
+    for (int row = firstRow; row < lastRow; ++row)
+        if (!IsLeaving(row))
+            m_list.rows.At(row).removal = m_depth;
+    m_list.leaving = this;
+}
+
+bool LeavingRows::IsLeaving(int row) const {
+    const unsigned removal = m_list.rows.At(row).removal;
+    return removal != 0 && removal <= m_depth;
+}
+
+int LeavingRows::TakeNext() {
+    while (m_next >= m_first && !IsLeaving(m_next))
+        --m_next;
+    return m_next >= m_first ? m_next-- : NoRow;
+}
+
+void LeavingRows::OnInserted(int row, int count) {
+    for (int* followed : {&m_first, &m_next})
+        if (*followed >= row)
+            *followed += count;
+}
+
+void LeavingRows::OnErased(int first, int last) {
+    const auto erasedBefore = [=](int row) { return std::max(0, std::min(row, last) - first); };
+    m_first -= erasedBefore(m_first);
+    m_next -= erasedBefore(m_next + 1);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "korvel/window/list/list_state.h"
+
+namespace korvel::internal {
+
+/// Rows that are removed one by one, the last one first. A handler of a notice may insert and remove rows itself, also
+/// by a removal inside this one: so the rows that are to go are marked, and their range is followed. Lives on the
+/// stack.
+class LeavingRows {
+public:
+    LeavingRows(ListState& owner, int firstRow, int lastRow);
+    ~LeavingRows() { m_list.leaving = m_outer; }
+    LeavingRows(const LeavingRows&) = delete;
+    LeavingRows& operator=(const LeavingRows&) = delete;
+
+    /// The next row to go, or NoRow.
+    int TakeNext();
+    int First() const { return m_first; }
+    /// The row after those that are still to go.
+    int End() const { return m_next + 1; }
+
+    /// The removal whose notice led to this one, or null.
+    LeavingRows* Outer() const { return m_outer; }
+    void OnInserted(int row, int count);
+    void OnErased(int first, int last);
+
+private:
+    bool IsLeaving(int row) const;
+
+    ListState& m_list;
+    LeavingRows* const m_outer;
+    const unsigned m_depth; // 1 for the outermost
+    int m_first;
+    int m_next;
+};
+
+} // namespace korvel::internal

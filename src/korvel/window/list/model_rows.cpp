@@ -1,0 +1,27 @@
+#include "korvel/window/list/model_rows.h"
+
+#include "korvel/window/list/list_rows.h"
+#include "korvel/window/list/on_list.h"
+
+#include <algorithm>
+
+namespace korvel::internal {
+
+int InsertModelRows(HWND window, int row, const LPARAM* data, int count, int indent) {
+    const auto make = [=](int index) {
+        RowRecord record;
+        record.data = data[index];
+        record.SetIndent(indent);
+        return record;
+    };
+    return OnList(
+        window, [&](ListState& list) { return InsertRowsQuietly(list, row, std::max(count, 0), make); },
+        NoRow);
+}
+
+bool DeleteModelRows(HWND window, int first, int last) {
+    return OnRows(
+        window, first, last, [&](ListState& list) { DeleteRowsQuietly(list, first, last); });
+}
+
+} // namespace korvel::internal
