@@ -62,9 +62,18 @@ UINT LookUp(const KeyCode (&table)[Size], int qtKey) {
     return found == std::end(table) ? 0 : found->key;
 }
 
+// On Wayland Qt sets no modifier for the keypad; the key symbols of X11 and Wayland say it as well.
+bool IsOnThePad(const QKeyEvent& event) {
+    constexpr quint32 FirstPadSymbol = 0xFF80;
+    constexpr quint32 LastPadSymbol = 0xFFBD;
+    const quint32 symbol = event.nativeVirtualKey();
+    return event.modifiers().testFlag(Qt::KeypadModifier) ||
+           (symbol >= FirstPadSymbol && symbol <= LastPadSymbol);
+}
+
 UINT CodeOf(const QKeyEvent& event) {
     const int key = event.key();
-    const bool pad = event.modifiers().testFlag(Qt::KeypadModifier);
+    const bool pad = IsOnThePad(event);
     if (key >= Qt::Key_0 && key <= Qt::Key_9)
         return static_cast<UINT>(key - Qt::Key_0) + (pad ? FirstPadDigit : UINT{'0'});
     if (key >= Qt::Key_A && key <= Qt::Key_Z)
