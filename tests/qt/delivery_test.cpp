@@ -101,13 +101,34 @@ TEST_F(Delivery, AnInputMethodChangesTheTextWithoutCharacters) {
 }
 
 TEST_F(Delivery, SelectionsTravelBothWays) {
-    m_edit.SetWindowTextA("12345");
-    m_edit.SendMessageA(EM_SETSEL, 1, 3);
-    auto* widget = static_cast<QLineEdit*>(m_user.Widget(m_edit.m_hWnd));
-    EXPECT_EQ(widget->selectedText(), QStringLiteral("23"));
-    QTest::keyClick(widget, Qt::Key_End, Qt::ShiftModifier);
-    EXPECT_EQ(view::Edit(m_edit.m_hWnd).selectionStart, 1);
-    EXPECT_EQ(view::Edit(m_edit.m_hWnd).selectionEnd, 5);
+    struct Case {
+        const char* name;
+        UINT style;
+        CString text;
+        int start, end; // the selection
+        QString selected;
+        int endAfter; // after Shift and Right
+    };
+    const Case cases[] = {
+        {"bytes", ES_AUTOHSCROLL, "12345", 1, 3, QStringLiteral("23"), 4},
+        {"a sequence and a pair", ES_AUTOHSCROLL, "1\x81\xE2\xE1\x9D\xE1\xFD\xF0\xE0", 1, 4,
+         QStringLiteral("\u0141"), 9},
+        {"behind a line break", ES_MULTILINE, "\x81\xE2\xE1\r\n\x9D\xE1\xFD\xF0\xE0\x35", 5, 10,
+         QStringLiteral("\U0001F600"), 11},
+    };
+    for (const Case& row : cases) {
+        SCOPED_TRACE(row.name);
+        CEdit edit;
+        edit.Create(WS_CHILD | WS_VISIBLE | row.style, {10, 90, 120, 140}, &m_frame, 3);
+        edit.SetFocus();
+        edit.SetWindowTextA(row.text);
+        edit.SetSel(row.start, row.end);
+        QWidget* widget = m_user.Widget(edit.m_hWnd);
+        EXPECT_EQ(widget->inputMethodQuery(Qt::ImCurrentSelection).toString(), row.selected);
+        QTest::keyClick(widget, Qt::Key_Right, Qt::ShiftModifier);
+        EXPECT_EQ(view::Edit(edit.m_hWnd).selectionStart, row.start);
+        EXPECT_EQ(view::Edit(edit.m_hWnd).selectionEnd, row.endAfter);
+    }
 }
 
 TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {

@@ -75,6 +75,11 @@ void Scenario::Type() {
     m_user.Key('C', "\xE7");
     Holds(m_first);
     m_user.Key(VK_BACK, "\b");
+    m_user.Key(0, "\x81\xE2\xE1");
+    m_user.Key('D', "d");
+    Holds(m_first);
+    m_user.Key(VK_BACK, "\b");
+    m_user.Key(VK_BACK, "\b");
     m_user.Key(VK_DELETE);
     Holds(m_first);
 }

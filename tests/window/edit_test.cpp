@@ -157,6 +157,72 @@ TEST_F(EditTest, KeysMoveTheCaretAndExtendTheSelection) {
     }
 }
 
+TEST_F(EditTest, ACharacterOfSeveralBytesIsOne) {
+    const CString L = "\x81\xE2\xE1"; // L with a stroke, which the code page does not hold
+    const auto press = [this](UINT key) { return [=, this] { Press(key); }; };
+    const auto type = [this](CString text) {
+        return [=, this] { input::Key(edit.m_hWnd, WM_KEYDOWN, 0, text); };
+    };
+    for (const auto& [border, caret, act, text, selection, codes] :
+         Table<int, std::function<void()>, CString, std::pair<int, int>, Codes>{
+             {"typed", 0, type(L), L + "a" + L + "b", {3, 3}, {EN_UPDATE, EN_CHANGE}},
+             {"beyond the limit",
+              5,
+              type(L + L),
+              "a" + L + "b" + L,
+              {8, 8},
+              {EN_UPDATE, EN_CHANGE, EN_MAXTEXT}},
+             {"replaced as far as it fits",
+              5,
+              [=, this] { edit.ReplaceSel("c" + L); },
+              "a" + L + "bc",
+              {6, 6},
+              {EN_MAXTEXT, EN_UPDATE, EN_CHANGE}},
+             {"by a native widget",
+              5,
+              [=, this] { input::Edited(edit.m_hWnd, "a" + L + "bc" + L, 9, 9); },
+              "a" + L + "bc",
+              {6, 6},
+              {EN_MAXTEXT, EN_UPDATE, EN_CHANGE}},
+             {"taken back whole", 4, type("\b"), "ab", {1, 1}, {EN_UPDATE, EN_CHANGE}},
+             {"removed whole", 1, press(VK_DELETE), "ab", {1, 1}, {EN_UPDATE, EN_CHANGE}},
+             {"a place inside goes to its border", 3, press(VK_DELETE), "ab", {1, 1}, {EN_UPDATE, EN_CHANGE}},
+             {"one step", 1, press(VK_RIGHT), "a" + L + "b", {4, 4}, {}},
+             {"and back", 4, press(VK_LEFT), "a" + L + "b", {1, 1}, {}}}) {
+        SCOPED_TRACE(border);
+        MakeEdit();
+        edit.SetWindowTextA("a" + L + "b");
+        edit.LimitText(8);
+        parent.Take();
+        edit.SetSel(caret, caret);
+        act();
+        EXPECT_EQ(edit.GetWindowTextA(), text);
+        EXPECT_EQ(Selection(), selection);
+        EXPECT_EQ(parent.Take(), codes);
+    }
+    MakeEdit(0, "a");
+    type(L)();
+    edit.SendMessageA(EM_UNDO);
+    EXPECT_EQ(edit.GetWindowTextA(), "a") << "one step of undo";
+    EXPECT_EQ(display.TextWidth("a" + L), 14);
+}
+
+TEST_F(EditTest, OfACharacterWhoseByteIsDroppedNothingIsTyped) {
+    struct Picky : CEdit {
+        bool PreTranslateMessage(MSG& message) override {
+            return message.message == WM_CHAR && message.wParam == dropped;
+        }
+        WPARAM dropped = 0;
+    } picky;
+    picky.Create(WS_CHILD | WS_VISIBLE, {0, 0, 100, 20}, &parent, 5);
+    for (const WPARAM byte : {0x81u, 0xE2u, 0xE1u}) {
+        picky.dropped = byte;
+        input::Key(picky.m_hWnd, WM_KEYDOWN, 0, "\x81\xE2\xE1x");
+        EXPECT_EQ(picky.GetWindowTextA(), "x") << byte;
+        picky.SetWindowTextA("");
+    }
+}
+
 TEST_F(EditTest, TheClipboardIsTheDisplays) {
     MakeEdit(0, "abcd");
     edit.SetSel(1, 3);

@@ -179,7 +179,8 @@ TEST_F(ListSelection, SpaceTogglesTheCheckWhichIsPartOfTheState) {
 TEST_F(ListSelection, TypingFindsTheNextRowThatBeginsSo) {
     using namespace std::chrono_literals;
     MakeList(0);
-    for (const char* text : {"Bahn", "Berg", "anders", "Bergwerk", "\xC4nderung", "\x9Akoda"})
+    for (const char* text :
+         {"Bahn", "Berg", "anders", "Bergwerk", "\xC4nderung", "\x9Akoda", "\x81\xE2\xE1\xF3"})
         list.InsertItem(99, text);
     display.Advance(10s);
     for (const auto& [border, typed, pause, row] : Table<const char*, std::chrono::milliseconds, int>{
@@ -191,7 +192,9 @@ TEST_F(ListSelection, TypingFindsTheNextRowThatBeginsSo) {
              {"the found row still fits", "rg", 0ms, 1},
              {"no row begins so", "z", 0ms, 1},
              {"a capital umlaut", "\xE4", 1001ms, 4},
-             {"a letter of the page's middle rows", "\x8A", 1001ms, 5}}) {
+             {"a letter of the page's middle rows", "\x8A", 1001ms, 5},
+             {"a letter outside the page", "\x81\xE2\xE2", 1001ms, 6},
+             {"and a second one", "\xF3", 0ms, 6}}) {
         display.Advance(pause);
         Key(0, typed);
         EXPECT_EQ(Focused(), row) << border;

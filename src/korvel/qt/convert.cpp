@@ -13,6 +13,43 @@ CString FromQString(const QString& text) {
     return platform::FromUtf8(text.toStdString()).text;
 }
 
+namespace {
+
+struct Place {
+    int byte = 0;
+    int unit = 0; // of a QString
+};
+
+// Goes over the characters of a text, as long as `goesOn` from one border to the next.
+template <class Condition>
+Place WalkWhile(const CString& text, Condition goesOn) {
+    constexpr char32_t LastOfOneUnit = 0xFFFF;
+    Place place;
+    while (place.byte < static_cast<int>(text.size())) {
+        const auto character = platform::CharacterAt(text, static_cast<std::size_t>(place.byte));
+        const Place next = {place.byte + static_cast<int>(character.length),
+                            place.unit + (character.code > LastOfOneUnit ? 2 : 1)};
+        if (!goesOn(place, next))
+            break;
+        place = next;
+    }
+    return place;
+}
+
+} // namespace
+
+int ToByte(const CString& text, int unit) {
+    return WalkWhile(
+               text, [=](Place place, Place) { return place.unit < unit; })
+        .byte;
+}
+
+int FromByte(const CString& text, int byte) {
+    return WalkWhile(
+               text, [=](Place, Place next) { return next.byte <= byte; })
+        .unit;
+}
+
 QString TextOf(HWND window) {
     try {
         return ToQString(GetWindowTextA(window));

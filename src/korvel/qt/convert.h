@@ -7,13 +7,15 @@
 #include <QRect>
 #include <QString>
 
-/// The edge between the library's bytes, rectangles and colors and those of Qt. A character has one byte
-/// here and one QChar there, so positions in a text are the same on both sides.
+/// The edge between the library's bytes, rectangles and colors and those of Qt.
 namespace korvel::internal {
 
 QString ToQString(const CString& text);
-/// A character outside the code page becomes "?".
 CString FromQString(const QString& text);
+/// A place in `text` (bytes), given as a place in its QString, and the other way round. A place inside a character
+/// gives the end of it, and its beginning.
+int ToByte(const CString& text, int place);
+int FromByte(const CString& text, int byte);
 /// The text of a window; empty when the window throws while it is asked.
 QString TextOf(HWND window);
 QColor ToQColor(COLORREF color);

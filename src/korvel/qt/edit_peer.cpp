@@ -10,13 +10,20 @@
 
 namespace korvel::internal {
 
+EditPeer::Content EditPeer::ContentOf(HWND window) {
+    const QString text = TextOf(window);
+    const CString bytes = FromQString(text);
+    const view::EditView state = view::Edit(window);
+    return {text, FromByte(bytes, state.selectionStart), FromByte(bytes, state.selectionEnd)};
+}
+
 void EditPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
     const QScopedValueRollback showing(m_isShowing, true);
     if (aspects & Aspect::Enabled)
         Outer().setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & (Aspect::Text | Aspect::State))
-        ShowContent();
+        ShowContent(ContentOf(Window()), view::Edit(Window()).readOnly);
 }
 
 bool EditPeer::HasBorder() const {
@@ -30,7 +37,8 @@ void EditPeer::Report() {
         return;
     const Busy busy(*this);
     const Content content = ReadContent();
-    input::Edited(Window(), FromQString(content.text), content.start, content.end);
+    const CString text = FromQString(content.text);
+    input::Edited(Window(), text, ToByte(text, content.start), ToByte(text, content.end));
     if (Window() && TextOf(Window()) != content.text)
         Apply(Aspect::Text);
 }

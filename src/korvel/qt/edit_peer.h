@@ -13,7 +13,7 @@ public:
     void Apply(Aspects aspects) override;
 
 protected:
-    /// The text of the widget and what is selected in it, as the window has them.
+    /// A text and what is selected of it, counted in the units of a QString.
     struct Content {
         QString text;
         int start = 0;
@@ -27,8 +27,9 @@ protected:
     void Report();
 
 private:
-    virtual void ShowContent() = 0;
+    virtual void ShowContent(const Content& content, bool isReadOnly) = 0;
     virtual Content ReadContent() const = 0;
+    static Content ContentOf(HWND window);
 
     bool m_isShowing = false;
 };

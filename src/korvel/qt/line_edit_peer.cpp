@@ -20,17 +20,15 @@ LineEditPeer::LineEditPeer(PeerContext& context, HWND window, QWidget* parent)
             new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9]*")), &m_edit));
 }
 
-void LineEditPeer::ShowContent() {
-    const QString text = TextOf(Window());
-    const view::EditView state = view::Edit(Window());
-    m_edit.setReadOnly(state.readOnly);
-    if (m_edit.text() != text)
-        m_edit.setText(text); // forgets what could be undone, so only when it differs
-    if (state.selectionStart == state.selectionEnd)
-        m_edit.setCursorPosition(state.selectionStart);
-    else if (m_edit.selectionStart() != state.selectionStart ||
-             m_edit.selectionLength() != state.selectionEnd - state.selectionStart)
-        m_edit.setSelection(state.selectionStart, state.selectionEnd - state.selectionStart);
+void LineEditPeer::ShowContent(const Content& content, bool isReadOnly) {
+    m_edit.setReadOnly(isReadOnly);
+    if (m_edit.text() != content.text)
+        m_edit.setText(content.text); // forgets what could be undone, so only when it differs
+    if (content.start == content.end)
+        m_edit.setCursorPosition(content.start);
+    else if (m_edit.selectionStart() != content.start ||
+             m_edit.selectionLength() != content.end - content.start)
+        m_edit.setSelection(content.start, content.end - content.start);
 }
 
 EditPeer::Content LineEditPeer::ReadContent() const {

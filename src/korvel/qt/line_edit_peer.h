@@ -12,7 +12,7 @@ public:
     LineEditPeer(PeerContext& context, HWND window, QWidget* parent);
 
 private:
-    void ShowContent() override;
+    void ShowContent(const Content& content, bool isReadOnly) override;
     Content ReadContent() const override;
 };
 

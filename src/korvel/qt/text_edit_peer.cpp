@@ -35,15 +35,13 @@ TextEditPeer::TextEditPeer(PeerContext& context, HWND window, QWidget* parent)
         m_edit.setFrameStyle(QFrame::NoFrame);
 }
 
-void TextEditPeer::ShowContent() {
-    const QString text = TextOf(Window());
-    const view::EditView state = view::Edit(Window());
-    m_edit.setReadOnly(state.readOnly);
-    if (m_edit.toPlainText() != ToLines(text))
-        m_edit.setPlainText(ToLines(text));
+void TextEditPeer::ShowContent(const Content& content, bool isReadOnly) {
+    m_edit.setReadOnly(isReadOnly);
+    if (m_edit.toPlainText() != ToLines(content.text))
+        m_edit.setPlainText(ToLines(content.text));
     QTextCursor cursor = m_edit.textCursor();
-    cursor.setPosition(ToLinesPosition(text, state.selectionStart));
-    cursor.setPosition(ToLinesPosition(text, state.selectionEnd), QTextCursor::KeepAnchor);
+    cursor.setPosition(ToLinesPosition(content.text, content.start));
+    cursor.setPosition(ToLinesPosition(content.text, content.end), QTextCursor::KeepAnchor);
     m_edit.setTextCursor(cursor);
 }
 

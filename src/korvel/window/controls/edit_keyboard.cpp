@@ -1,5 +1,6 @@
 #include "korvel/window/controls/edit_keyboard.h"
 
+#include "korvel/platform/code_page.h"
 #include "korvel/window/core/display.h"
 
 #include <algorithm>
@@ -16,11 +17,22 @@ constexpr unsigned char DeleteCharacter = 0x7F;
 
 enum class Direction { Back = -1, Forward = 1 };
 
-// Letters of code page 1252 begin at 0xC0.
-bool IsWordCharacter(char character) {
-    const auto byte = static_cast<unsigned char>(character);
+// Letters of code page 1252 begin at 0xC0; a character outside the page counts as one.
+bool IsWordCharacter(const CString& text, int place) {
+    const auto at = static_cast<std::size_t>(place);
+    const auto byte = static_cast<unsigned char>(text[at]);
+    if (platform::CharacterAt(text, at).length > 1)
+        return true;
     const bool isLetter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte >= 0xC0;
     return isLetter || (byte >= '0' && byte <= '9') || byte == '_';
+}
+
+int Next(const CString& text, int place) {
+    return static_cast<int>(platform::NextCharacter(text, static_cast<std::size_t>(place)));
+}
+
+int Previous(const CString& text, int place) {
+    return static_cast<int>(platform::PreviousCharacter(text, static_cast<std::size_t>(place)));
 }
 
 int LineStart(const CString& text, int place) {
@@ -35,27 +47,26 @@ int LineEnd(const CString& text, int place) {
 
 // A line break of two bytes is one step.
 int Step(const CString& text, int place, Direction direction) {
-    const int last = static_cast<int>(text.size());
-    const int next = std::clamp(place + static_cast<int>(direction), 0, last);
-    const int pair = std::min(next, place);
-    const bool crossesBreak = next != place && (text[pair] == '\r' || text[pair] == '\n') && next > 0 &&
-                              next < last && text[next - 1] == '\r' && text[next] == '\n';
-    return crossesBreak ? std::clamp(next + static_cast<int>(direction), 0, last) : next;
+    const auto step = direction == Direction::Back ? Previous : Next;
+    const int next = step(text, place);
+    const bool isInBreak =
+        next > 0 && next < static_cast<int>(text.size()) && text[next - 1] == '\r' && text[next] == '\n';
+    return isInBreak ? step(text, next) : next;
 }
 
 int WordStep(const CString& text, int place, Direction direction) {
     const int last = static_cast<int>(text.size());
-    const auto isWord = [&](int at) { return IsWordCharacter(text[at]); };
+    const auto isWord = [&](int at) { return IsWordCharacter(text, at); };
     if (direction == Direction::Back) {
-        while (place > 0 && !isWord(place - 1))
-            --place;
-        while (place > 0 && isWord(place - 1))
-            --place;
+        while (place > 0 && !isWord(Previous(text, place)))
+            place = Previous(text, place);
+        while (place > 0 && isWord(Previous(text, place)))
+            place = Previous(text, place);
     } else {
         while (place < last && isWord(place))
-            ++place;
+            place = Next(text, place);
         while (place < last && !isWord(place))
-            ++place;
+            place = Next(text, place);
     }
     return place;
 }
@@ -74,7 +85,7 @@ int LineStep(const CString& text, int place, Direction direction) {
 
 std::optional<int> TargetOf(const EditState& edit, UINT key) {
     const CString& text = edit.record.text;
-    const int place = std::clamp(edit.caret, 0, LengthOf(edit));
+    const int place = BorderAt(edit, edit.caret);
     const auto step = IsKeyDown(VK_CONTROL) ? WordStep : Step;
     switch (key) {
     case VK_LEFT:
@@ -116,12 +127,13 @@ int PlaceAt(const EditState& edit, CPoint point) {
     int high = LengthOf(edit);
     while (low < high) {
         const int middle = (low + high + 1) / 2;
-        if (Display().TextWidth(text.substr(0, static_cast<std::size_t>(middle))) <= point.x)
+        const auto border = platform::CharacterBorder(text, static_cast<std::size_t>(middle));
+        if (Display().TextWidth(text.substr(0, border)) <= point.x)
             low = middle;
         else
             high = middle - 1;
     }
-    return low;
+    return static_cast<int>(platform::CharacterBorder(text, static_cast<std::size_t>(low)));
 }
 
 } // namespace
@@ -145,16 +157,16 @@ bool PressKey(EditState& edit, UINT key) {
     return true;
 }
 
-CString TextOfCharacter(const EditState& edit, char character) {
-    const auto byte = static_cast<unsigned char>(character);
-    if (character == Return && edit.HasStyle(ES_MULTILINE))
+CString TextOfCharacter(const EditState& edit, const CString& character) {
+    const auto byte = static_cast<unsigned char>(character.front());
+    if (character.front() == Return && edit.HasStyle(ES_MULTILINE))
         return "\r\n";
-    return byte >= FirstPrintable && byte != DeleteCharacter ? CString(1, character) : CString();
+    return byte >= FirstPrintable && byte != DeleteCharacter ? character : CString();
 }
 
-bool TypeCharacter(EditState& edit, char character) {
+bool TypeCharacter(EditState& edit, const CString& character) {
     const CString text = TextOfCharacter(edit, character);
-    if (character == Backspace) {
+    if (character.front() == Backspace) {
         const int place = SelectionOf(edit).start;
         EraseByUser(edit, {Step(edit.record.text, place, Direction::Back), place});
     } else if (!text.empty()) {
@@ -178,10 +190,10 @@ void SelectWordAt(EditState& edit, CPoint point) {
     const CString& text = edit.record.text;
     int start = PlaceAt(edit, point);
     int end = start;
-    while (start > 0 && IsWordCharacter(text[start - 1]))
-        --start;
-    while (end < LengthOf(edit) && IsWordCharacter(text[end]))
-        ++end;
+    while (start > 0 && IsWordCharacter(text, Previous(text, start)))
+        start = Previous(text, start);
+    while (end < LengthOf(edit) && IsWordCharacter(text, end))
+        end = Next(text, end);
     Select(edit, start, end);
 }
 

@@ -7,9 +7,9 @@ namespace korvel::internal {
 /// WM_KEYDOWN: caret, selection, Delete and the clipboard keys. False: no key of a text field.
 bool PressKey(EditState& edit, UINT key);
 /// What WM_CHAR types; empty for a character that types nothing.
-CString TextOfCharacter(const EditState& edit, char character);
+CString TextOfCharacter(const EditState& edit, const CString& character);
 /// WM_CHAR: typing, Backspace, and Return in a field of several lines. False: nothing to type.
-bool TypeCharacter(EditState& edit, char character);
+bool TypeCharacter(EditState& edit, const CString& character);
 
 /// A press of the mouse puts the caret there; with Shift it extends the selection.
 void PressMouse(EditState& edit, CPoint point, bool extend);

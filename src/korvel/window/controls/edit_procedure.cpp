@@ -87,15 +87,18 @@ void HandleMouse(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
 bool HandleInput(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_KEYDOWN)
         return PressKey(edit, static_cast<UINT>(wParam));
-    if (message == WM_CHAR)
-        return TypeCharacter(edit, static_cast<char>(wParam));
     HandleMouse(edit, message, wParam, lParam);
     return true;
 }
 
-// A native widget knows no limit.
-bool IsBeyondLimit(const EditState& edit, UINT message, WPARAM wParam) {
-    return message == WM_CHAR && !HasRoomFor(edit, TextOfCharacter(edit, static_cast<char>(wParam)));
+// A native widget knows no limit, so what is beyond it is not left to it.
+std::optional<LRESULT> HandleCharacter(EditState& edit, char byte) {
+    const HWND window = edit.record.handle;
+    const auto character = TypedText(window, byte);
+    const bool fits = !character || HasRoomFor(edit, TextOfCharacter(edit, *character));
+    if ((fits && LeaveToNativeWidget(window, WM_CHAR)) || !character || TypeCharacter(edit, *character))
+        return 0;
+    return std::nullopt;
 }
 
 std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -112,17 +115,16 @@ std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_HASSETSEL | DLGC_WANTCHARS |
                (edit.HasStyle(ES_MULTILINE) ? DLGC_WANTALLKEYS : 0u);
+    case WM_CHAR:
+        return HandleCharacter(edit, static_cast<char>(wParam));
     case WM_LBUTTONDOWN:
         SetFocus(window);
         [[fallthrough]];
     case WM_KEYDOWN:
-    case WM_CHAR:
     case WM_LBUTTONDBLCLK:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        if (!IsBeyondLimit(edit, message, wParam) && LeaveToNativeWidget(window, message))
-            return 0;
-        if (HandleInput(edit, message, wParam, lParam))
+        if (LeaveToNativeWidget(window, message) || HandleInput(edit, message, wParam, lParam))
             return 0;
         return std::nullopt;
     default:

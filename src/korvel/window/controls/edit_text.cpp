@@ -1,5 +1,6 @@
 #include "korvel/window/controls/edit_text.h"
 
+#include "korvel/platform/code_page.h"
 #include "korvel/window/core/display.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_changes.h"
@@ -43,10 +44,11 @@ std::size_t RoomFor(const EditState& edit, TextRange range) {
     return static_cast<std::size_t>(std::max(edit.limit - kept, 0));
 }
 
-// Cuts before a line break rather than inside it.
+// Cuts before a character or a line break rather than inside it.
 void CutAt(CString& text, std::size_t length) {
     if (length >= text.size())
         return;
+    length = platform::CharacterBorder(text, length);
     const bool cutsBreak = length > 0 && text[length - 1] == '\r' && text[length] == '\n';
     text.resize(cutsBreak ? length - 1 : length);
 }
@@ -72,7 +74,12 @@ struct TextChange {
     CString inserted;
 };
 
-// What made one text of another. What was inserted ends at the caret, where that is in doubt ("aa" from "a").
+bool IsBorder(const CString& text, std::size_t place) {
+    return platform::CharacterBorder(text, place) == place;
+}
+
+// What made one text of another, in whole characters. What was inserted ends at the caret, where that is in doubt
+// ("aa" from "a").
 TextChange ChangeOf(const CString& before, const CString& after, int caret) {
     const auto beforeCaret = std::min(static_cast<std::size_t>(std::max(caret, 0)), after.size());
     const auto behind = std::min(before.size(), after.size() - beforeCaret);
@@ -80,9 +87,14 @@ TextChange ChangeOf(const CString& before, const CString& after, int caret) {
         std::mismatch(before.rbegin(), before.rbegin() + static_cast<std::ptrdiff_t>(behind), after.rbegin());
     const auto shorter = std::min(before.rend() - tail.first, after.rend() - tail.second);
     const auto head = std::mismatch(before.begin(), before.begin() + shorter, after.begin());
-    return {
-        {static_cast<int>(head.first - before.begin()), static_cast<int>(tail.first.base() - before.begin())},
-        CString(head.second, tail.second.base())};
+    auto start = static_cast<std::size_t>(head.first - before.begin());
+    while (!IsBorder(before, start) || !IsBorder(after, start))
+        --start;
+    auto kept = static_cast<std::size_t>(tail.first - before.rbegin());
+    while (!IsBorder(before, before.size() - kept) || !IsBorder(after, after.size() - kept))
+        --kept;
+    return {{static_cast<int>(start), static_cast<int>(before.size() - kept)},
+            after.substr(start, after.size() - kept - start)};
 }
 
 } // namespace
@@ -115,18 +127,22 @@ int LengthOf(const EditState& edit) {
     return static_cast<int>(edit.record.text.size());
 }
 
+int BorderAt(const EditState& edit, int place) {
+    const auto at = static_cast<std::size_t>(std::clamp(place, 0, LengthOf(edit)));
+    return static_cast<int>(platform::CharacterBorder(edit.record.text, at));
+}
+
 TextRange SelectionOf(const EditState& edit) {
-    const int anchor = std::clamp(edit.anchor, 0, LengthOf(edit));
-    const int caret = std::clamp(edit.caret, 0, LengthOf(edit));
+    const int anchor = BorderAt(edit, edit.anchor);
+    const int caret = BorderAt(edit, edit.caret);
     return {std::min(anchor, caret), std::max(anchor, caret)};
 }
 
 void Select(EditState& edit, int start, int end) {
-    const int length = LengthOf(edit);
     if (start < 0)
         start = end = edit.caret;
-    edit.anchor = std::clamp(start, 0, length);
-    edit.caret = end < 0 ? length : std::clamp(end, 0, length);
+    edit.anchor = BorderAt(edit, start);
+    edit.caret = end < 0 ? LengthOf(edit) : BorderAt(edit, end);
     edit.undo.isTyping = false;
     TellDisplay(edit.record, Aspect::State);
 }

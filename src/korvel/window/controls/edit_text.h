@@ -12,7 +12,9 @@ struct TextRange {
 };
 
 int LengthOf(const EditState& edit);
-/// In order, and inside the text even after it was changed.
+/// The border between characters that is not after `place`, inside the text.
+int BorderAt(const EditState& edit, int place);
+/// In order, inside the text and between its characters even after it was changed.
 TextRange SelectionOf(const EditState& edit);
 /// (0, -1) selects all; a start of -1 selects nothing and leaves the caret.
 void Select(EditState& edit, int start, int end);

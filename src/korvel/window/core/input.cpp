@@ -1,5 +1,6 @@
 #include "korvel/window/core/input.h"
 
+#include "korvel/platform/code_page.h"
 #include "korvel/window/core/cwnd.h"
 #include "korvel/window/core/dc.h"
 #include "korvel/window/core/display_thread.h"
@@ -31,10 +32,10 @@ bool PreTranslate(MSG& message) {
     return !IsWindow(message.hwnd);
 }
 
-Outcome Deliver(MSG message) {
+Outcome Deliver(MSG message, TypedCharacter* typed = nullptr) {
     if (PreTranslate(message))
         return Outcome::Consumed;
-    const InputDelivery delivery(message.hwnd, message.message);
+    const InputDelivery delivery(message.hwnd, message.message, typed);
     SendMessageA(message.hwnd, message.message, message.wParam, message.lParam);
     return delivery.WasLeftToDefault() ? Outcome::LeftToDefault : Outcome::Consumed;
 }
@@ -66,9 +67,13 @@ Outcome DeliverKey(HWND window, UINT message, UINT key, const CString& character
     SendMessageA(window, message, key, 1);
     bool left = delivery.WasLeftToDefault();
     const UINT characterMessage = message == WM_SYSKEYDOWN ? WM_SYSCHAR : WM_CHAR;
-    for (const char character : characters) {
-        const MSG typed{window, characterMessage, static_cast<unsigned char>(character), 1};
-        left &= Deliver(typed) == Outcome::LeftToDefault;
+    for (std::size_t at = 0; at < characters.size();) {
+        TypedCharacter typed;
+        typed.length = platform::NextCharacter(characters, at) - at;
+        while (typed.sent++ < typed.length) {
+            const MSG byte{window, characterMessage, static_cast<unsigned char>(characters[at++]), 1};
+            left &= Deliver(byte, &typed) == Outcome::LeftToDefault;
+        }
     }
     return left ? Outcome::LeftToDefault : Outcome::Consumed;
 }

@@ -1,5 +1,6 @@
 #include "korvel/window/core/input_delivery.h"
 
+#include "korvel/window/base/messages.h"
 #include "korvel/window/core/display.h"
 
 #include <utility>
@@ -14,8 +15,8 @@ InputDelivery*& Innermost() {
 
 } // namespace
 
-InputDelivery::InputDelivery(HWND window, UINT message)
-    : m_window(window), m_message(message), m_outer(std::exchange(Innermost(), this)) {}
+InputDelivery::InputDelivery(HWND window, UINT message, TypedCharacter* typed)
+    : m_window(window), m_message(message), m_typed(typed), m_outer(std::exchange(Innermost(), this)) {}
 
 InputDelivery::~InputDelivery() {
     Innermost() = m_outer;
@@ -30,6 +31,16 @@ InputDelivery* InputDelivery::Of(HWND window, UINT message) {
 void NoteDefaultReached(HWND window, UINT message) {
     if (InputDelivery* delivery = InputDelivery::Of(window, message))
         delivery->LeaveToDefault();
+}
+
+std::optional<CString> TypedText(HWND window, char byte) {
+    const InputDelivery* delivery = InputDelivery::Of(window, WM_CHAR);
+    TypedCharacter* typed = delivery ? delivery->Typed() : nullptr;
+    if (!typed)
+        return CString(1, byte);
+    typed->reached += byte;
+    const bool isWhole = typed->sent == typed->length && typed->reached.size() == typed->length;
+    return isWhole ? std::optional(typed->reached) : std::nullopt;
 }
 
 bool LeaveToNativeWidget(HWND window, UINT message) {

@@ -1,5 +1,6 @@
 #include "korvel/window/display/headless_display.h"
 
+#include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
 #include "korvel/window/core/client_area.h"
 #include "korvel/window/core/display_thread.h"
@@ -200,7 +201,7 @@ std::optional<CString> HeadlessDisplay::ChooseFolder(HWND, const CString& path) 
 }
 
 int HeadlessDisplay::TextWidth(const CString& text) {
-    return static_cast<int>(text.size()) * CharacterWidth;
+    return static_cast<int>(platform::CountCharacters(text)) * CharacterWidth;
 }
 
 CPoint HeadlessDisplay::ToScreen(HWND window, CPoint client) {

@@ -11,7 +11,7 @@
 
 namespace korvel {
 
-/// The display without a screen: a clock moved by hand, fixed font metrics (7 pixels a byte, 16 a line),
+/// The display without a screen: a clock moved by hand, fixed font metrics (7 pixels a character, 16 a line),
 /// scripted answers and recorded paint calls.
 ///
 ///     HeadlessDisplay display;
