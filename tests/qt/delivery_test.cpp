@@ -1,6 +1,7 @@
 #include "korvel/platform/error.h"
 #include "korvel/qt/convert.h"
 #include "korvel/window/controls/edit.h"
+#include "korvel/window/core/exception_handler.h"
 #include "korvel/window/display/window_view.h"
 #include "korvel/window/list/list_ctrl.h"
 #include "qt/users.h"

@@ -157,6 +157,24 @@ TEST(IncludePicture, HasNoLargeKnot) {
         ADD_FAILURE() << "these include each other:" << Listed(knot);
 }
 
+// Knots through a source are seen only if a header is implemented by the source of its name.
+TEST(IncludePicture, HasASourceForEachHeaderWithFreeFunctions) {
+    // The functions of the window model, by which hosts know the whole floor.
+    const fs::path face = "window/core/window.h";
+    static const std::regex declaration(
+        R"re(^(?!using|inline|template|namespace|class|struct|friend|constexpr|typedef|return)[A-Za-z_].* [*&]?\w+\([^{]*$)re");
+    int found = 0;
+    ForEachSource([&](const fs::path& path, std::istream& source) {
+        bool declares = false;
+        for (std::string line; path.extension() == ".h" && std::getline(source, line);)
+            declares = declares || std::regex_search(line, declaration);
+        found += declares;
+        if (declares && path != face && !fs::exists((SourceRoot() / path).replace_extension(".cpp")))
+            ADD_FAILURE() << path << " is implemented by a source of another name";
+    });
+    EXPECT_GT(found, 50);
+}
+
 TEST(IncludePicture, KnowsTheFoldersThatThereAre) {
     std::set<std::string> expected(Folders.begin(), Folders.end());
     expected.insert("qt");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/window/core/cwnd.h"
+#include "korvel/window/core/exception_handler.h"
 #include "korvel/window/display/headless_display.h"
 #include "support/table.h"
 

@@ -34,7 +34,7 @@ struct FileQuery {
 /// What the user does it reports through window/core/input.h.
 ///
 ///     class MyDisplay : public IDisplay { ... } display;
-///     SetDisplay(&display);   // Created for each window that exists
+///     SetDisplay(&display);   // window/core/set_display.h; Created for each window that exists
 ///     ...
 ///     SetDisplay(nullptr);    // before it dies
 ///
@@ -125,15 +125,5 @@ public:
 /// The display in force: a HeadlessDisplay that is made at first use and belongs to the thread that needed
 /// it, until one is installed. Any thread.
 KORVEL_API IDisplay& Display();
-/// Installs a display (not owned; null puts the headless one back); the calling thread becomes the
-/// display's. Its windows that exist already are reported by Created, parents first, then the focus; the
-/// periods of running timers begin anew. A display takes itself out of force before it dies.
-KORVEL_API void SetDisplay(IDisplay* display);
-
-/// Receives the text of what no handler caught while a display delivered input; the default shows it in an
-/// error box with the caption "Korvel", and lets it pass under a headless display. Null puts the default
-/// back. Called on the thread of the failure; a sender that waits in another thread is released before. Any
-/// thread may set it.
-KORVEL_API void SetExceptionHandler(std::function<void(const CString& text)> handler);
 
 } // namespace korvel

@@ -3,10 +3,7 @@
 #include <atomic>
 #include <mutex>
 
-namespace korvel {
-
-using namespace internal;
-
+namespace korvel::internal {
 namespace {
 
 struct InForce {
@@ -26,33 +23,33 @@ DisplayMaker* g_makeDefault = nullptr;
 
 } // namespace
 
-IDisplay& Display() {
+IDisplay& DisplayInForce() {
     if (IDisplay* display = Current().display.load())
         return *display;
     // Only one of several threads that are the first to need one makes it its own.
     static std::once_flag once;
     std::call_once(once, [] {
-        if (!Current().display.load())
-            SetDisplay(nullptr);
+        if (Current().display.load())
+            return;
+        PutInForce(g_makeDefault());
+        Current().display.load()->Wake(); // what was posted before still waits
     });
     return *Current().display.load();
 }
 
-namespace internal {
-
 std::shared_ptr<ThreadQueue> DisplayQueue() {
-    Display();
+    DisplayInForce();
     const std::lock_guard lock(Current().mutex);
     return Current().queue;
 }
 
 bool IsDisplayThread() {
-    Display();
+    DisplayInForce();
     return Current().thread.load() == ThreadQueue::Current().get();
 }
 
 bool IsOnDisplay(const WindowRecord& record) {
-    Display();
+    DisplayInForce();
     return Current().thread.load() == record.queue.get();
 }
 
@@ -81,5 +78,4 @@ bool PutInForce(IDisplay& display) {
     return former == queue;
 }
 
-} // namespace internal
-} // namespace korvel
+} // namespace korvel::internal

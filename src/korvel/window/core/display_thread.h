@@ -10,6 +10,8 @@
 /// The display in force and its thread.
 namespace korvel::internal {
 
+/// Display(): see window/core/display.h.
+IDisplay& DisplayInForce();
 std::shared_ptr<ThreadQueue> DisplayQueue();
 bool IsDisplayThread();
 bool IsOnDisplay(const WindowRecord& record);
@@ -29,14 +31,14 @@ template <class Function>
 auto OnDisplayThread(Function&& function) {
     using Result = decltype(function(std::declval<IDisplay&>()));
     if (IsDisplayThread())
-        return function(Display());
+        return function(DisplayInForce());
     const auto queue = DisplayQueue();
     if constexpr (std::is_void_v<Result>) {
         queue->Send(
-            nullptr, [&] { function(Display()); });
+            nullptr, [&] { function(DisplayInForce()); });
     } else {
         Result result{};
-        queue->Send(nullptr, [&] { result = function(Display()); });
+        queue->Send(nullptr, [&] { result = function(DisplayInForce()); });
         return result;
     }
 }

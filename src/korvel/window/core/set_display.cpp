@@ -1,3 +1,5 @@
+#include "korvel/window/core/set_display.h"
+
 #include "korvel/window/core/capture.h"
 #include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/focus.h"

@@ -1,30 +1,11 @@
 #include "korvel/window/core/uncaught.h"
 
-#include "korvel/window/core/display.h"
-#include "korvel/window/core/window.h"
+#include "korvel/window/core/exception_handler.h"
 
-#include <exception>
-#include <mutex>
-
-namespace korvel {
+namespace korvel::internal {
 namespace {
 
-using Handler = std::function<void(const CString&)>;
-
-struct HandlerHolder {
-    std::mutex mutex;
-    Handler handler;
-};
-
-HandlerHolder& Holder() {
-    static auto& holder = *new HandlerHolder; // windows may still end while the process does
-    return holder;
-}
-
-Handler CurrentHandler() {
-    const std::lock_guard lock(Holder().mutex);
-    return Holder().handler;
-}
+FailureViewer* g_showFailure = nullptr;
 
 CString TextOf(const std::exception_ptr& exception) {
     try {
@@ -36,36 +17,23 @@ CString TextOf(const std::exception_ptr& exception) {
     }
 }
 
-// A window that throws whenever it is painted would put a box on the box.
-void ShowBox(const CString& text) {
-    static thread_local bool showing = false;
-    if (showing)
-        return;
-    struct Showing {
-        Showing() { showing = true; }
-        ~Showing() { showing = false; }
-    } const scope;
-    MessageBoxA(nullptr, text, "Korvel", MB_ICONERROR);
-}
-
-void HandToHandler(const Handler& handler, const CString& text) noexcept {
+// False: nobody has taken it.
+bool HandOn(const ExceptionHandler& handler, const CString& text) noexcept {
     try {
-        if (handler)
-            handler(text);
-        else
-            ShowBox(text);
+        if (!handler)
+            return g_showFailure && g_showFailure(text);
+        handler(text);
     } catch (...) { // the handler is the last resort: nobody is left to take its own failure
     }
+    return true;
 }
 
 } // namespace
 
-void SetExceptionHandler(std::function<void(const CString& text)> handler) {
-    const std::lock_guard lock(Holder().mutex);
-    Holder().handler = std::move(handler);
+bool SetFailureViewer(FailureViewer* show) {
+    g_showFailure = show;
+    return true;
 }
-
-namespace internal {
 
 std::exception_ptr FailureOf(const std::function<void()>& action) {
     try {
@@ -73,11 +41,7 @@ std::exception_ptr FailureOf(const std::function<void()>& action) {
         return nullptr;
     } catch (...) {
         const std::exception_ptr exception = std::current_exception();
-        const Handler handler = CurrentHandler();
-        if (!handler && Display().IsHeadless())
-            return exception;
-        HandToHandler(handler, TextOf(exception));
-        return nullptr;
+        return HandOn(GetExceptionHandler(), TextOf(exception)) ? nullptr : exception;
     }
 }
 
@@ -86,5 +50,4 @@ void Guarded(const std::function<void()>& action) {
         std::rethrow_exception(failure);
 }
 
-} // namespace internal
-} // namespace korvel
+} // namespace korvel::internal

@@ -1,15 +1,22 @@
 #pragma once
 
+#include "korvel/window/base/types.h"
+
 #include <exception>
 #include <functional>
 
-/// Where an exception goes that no handler caught: to the exception handler (SetExceptionHandler), or, when
-/// none is set and the display is headless, on to whoever pumps.
+/// Where an exception goes that no handler caught: to the exception handler (SetExceptionHandler), else to who shows
+/// it to the user, else on to whoever pumps.
 namespace korvel::internal {
 
-/// Runs `action` and hands what it throws to the exception handler. What that does not take comes back.
+/// Runs `action` and hands what it throws on. What nobody takes comes back.
 std::exception_ptr FailureOf(const std::function<void()>& action);
-/// The same for a call of a pump, who gets what the handler does not take.
+/// The same for a call of a pump, who gets what nobody takes.
 void Guarded(const std::function<void()>& action);
+
+/// Shows the text of a failure to the user; false: nobody is there to see it.
+using FailureViewer = bool(const CString& text);
+/// Called when the library is loaded. Returns true.
+bool SetFailureViewer(FailureViewer* show);
 
 } // namespace korvel::internal

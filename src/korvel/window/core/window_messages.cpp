@@ -98,17 +98,4 @@ LRESULT NotifyParent(HWND control, UINT code, NMHDR& header) {
         });
 }
 
-namespace internal {
-
-void CallOnOwner(HWND window, const std::function<void(WindowRecord&)>& call) {
-    const auto owner = WindowTable::Instance().OwnerOf(window);
-    if (!owner)
-        return;
-    owner->Send(window, [&] {
-        if (const RecordRef record = Find(window)) // it may have ended between the look-up and the call
-            call(*record);
-    });
-}
-
-} // namespace internal
 } // namespace korvel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/core/display.h"
+#include "korvel/window/core/set_display.h"
 #include "korvel/window/display/paint_call.h"
 
 #include <condition_variable>

@@ -2,7 +2,6 @@
 #include "korvel/window/core/window_class.h"
 #include "korvel/window/list/header_state.h"
 #include "korvel/window/list/list_column_edit.h"
-#include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_metrics.h"
 #include "korvel/window/list/list_notify.h"
 
@@ -97,24 +96,6 @@ void PaintHeader(Header header, CDC& dc) {
     }
     dc.FillSolidRect({client.left, client.bottom - 1, client.right, client.bottom}, shadow);
 }
-
-} // namespace
-
-void CreateHeader(ListState& list) {
-    list.header = CreateWindowExA(0, "SysHeader32", "", WS_CHILD, {}, list.Handle(), 0);
-}
-
-void PlaceHeader(ListState& list, int clientWidth) {
-    const int width = std::max(list.columns.TotalWidth(), list.scrollX + clientWidth);
-    const CRect place{-list.scrollX, 0, -list.scrollX + width, HeaderHeight(list)};
-    if (place == list.headerPlace)
-        return;
-    list.headerPlace = place;
-    MoveWindow(list.header, place);
-    ShowWindow(list.header, place.Height() > 0 ? SW_SHOWNA : SW_HIDE);
-}
-
-namespace {
 
 LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const ControlOf<HeaderState> state(window);

@@ -14,9 +14,4 @@ public:
     int widthAtStart = 0;
 };
 
-/// Makes the header window; part of the list's WM_CREATE.
-void CreateHeader(ListState& list);
-/// Moves the header to where the list is scrolled, and shows or hides it as the style says.
-void PlaceHeader(ListState& list, int clientWidth);
-
 } // namespace korvel::internal

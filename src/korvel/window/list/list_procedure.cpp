@@ -1,7 +1,7 @@
 #include "korvel/window/core/dc.h"
 #include "korvel/window/core/window_class.h"
-#include "korvel/window/list/header_state.h"
 #include "korvel/window/list/list_geometry.h"
+#include "korvel/window/list/list_header.h"
 #include "korvel/window/list/list_keyboard.h"
 #include "korvel/window/list/list_label_edit.h"
 #include "korvel/window/list/list_mouse.h"

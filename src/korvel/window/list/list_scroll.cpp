@@ -2,7 +2,7 @@
 
 #include "korvel/window/core/window_changes.h"
 #include "korvel/window/core/window_rectangle.h"
-#include "korvel/window/list/header_state.h"
+#include "korvel/window/list/list_header.h"
 
 #include <limits>
 
