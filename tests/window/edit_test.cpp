@@ -269,22 +269,6 @@ TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {
     EXPECT_EQ(edit.SendMessageA(EM_UNDO), 0);
 }
 
-TEST_F(EditTest, AHandlerMayReplaceTheTextOrDestroyTheFieldDuringItsChange) {
-    MakeEdit();
-    int changes = 0;
-    parent.onNotice = [&](UINT code) {
-        if (code == EN_CHANGE && ++changes == 1)
-            edit.SetWindowTextA("!");
-        if (code == EN_CHANGE && changes == 3)
-            edit.DestroyWindow();
-    };
-    Type("a");
-    EXPECT_EQ(edit.GetWindowTextA(), "!");
-    Press(VK_END);
-    Type("a");
-    EXPECT_EQ(edit.m_hWnd, nullptr);
-}
-
 TEST_F(EditTest, WhatANativeWidgetReportsIsToldOnceAndTheFocusToo) {
     MakeEdit(0, "ab");
     input::Edited(edit.m_hWnd, "abc", 3, 3);

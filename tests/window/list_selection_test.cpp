@@ -49,18 +49,6 @@ TEST_F(ListSelection, ARefusalKeepsSelectionFocusMarkAndScrolling) {
     }
 }
 
-TEST_F(ListSelection, AHandlerThatMovesRowsWhileAskedChangesTheSameRow) {
-    MakeList(3);
-    Choose(0);
-    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
-        return notice.hdr.code == LVN_ITEMCHANGING && list.GetItemCount() == 3 &&
-               list.InsertItem(0, "new") != 0;
-    };
-    EXPECT_TRUE(list.SetItemState(2, Both, Both));
-    EXPECT_EQ(Selected(), Rows{3});
-    EXPECT_EQ(Focused(), 3);
-}
-
 TEST_F(ListSelection, AHandlerThatInsertsAtEachQuestionIsAskedOnceARow) {
     MakeList(3);
     Choose(0);

@@ -29,7 +29,7 @@ struct FileQuery {
     bool promptOnOverwrite = true;
 };
 
-/// What shows the windows, of which there is one in a process. A display keeps no state of a window: the
+/// Shows the windows; one display is in force in a process. A display keeps no state of a window: the
 /// library says that something changed, and the display reads the window (window/display/window_view.h).
 /// What the user does it reports through window/core/input.h.
 ///

@@ -65,7 +65,7 @@ void EndOrphanedLabelEdit(ListState& list) {
         list.EndLabelEdit(LabelEditEnd::Cancel);
 }
 
-// Rows come without repair of scrolling, which tells others.
+// Leaves scrolling as it is: its repair notifies others.
 int PlaceRows(ListState& list, int row, int count, const RowBlocks::Maker& make) {
     row = std::min(row, list.rows.Size());
     list.rows.Insert(row, count, make);
