@@ -5,7 +5,10 @@
 namespace korvel::internal {
 namespace {
 
-FailureViewer* g_showFailure = nullptr;
+FailureViewer*& Viewer() {
+    static FailureViewer* viewer = nullptr;
+    return viewer;
+}
 
 CString TextOf(const std::exception_ptr& exception) {
     try {
@@ -21,7 +24,7 @@ CString TextOf(const std::exception_ptr& exception) {
 bool HandOn(const ExceptionHandler& handler, const CString& text) noexcept {
     try {
         if (!handler)
-            return g_showFailure && g_showFailure(text);
+            return Viewer() && Viewer()(text);
         handler(text);
     } catch (...) { // the handler is the last resort: nobody is left to take its own failure
     }
@@ -31,7 +34,7 @@ bool HandOn(const ExceptionHandler& handler, const CString& text) noexcept {
 } // namespace
 
 bool SetFailureViewer(FailureViewer* show) {
-    g_showFailure = show;
+    Viewer() = show;
     return true;
 }
 
