@@ -34,7 +34,9 @@ public:
 
 private:
     CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
-        return m_grid.LinkNode(parent, info.release(), position);
+        CTreeItem* row = m_grid.LinkNode(parent, info.get(), position);
+        static_cast<void>(info.release());
+        return row;
     }
     void ShowRow(CTreeItem& row) override { m_grid.ShowNode(&row); }
     void RemoveRow(CTreeItem& row) override { m_grid.TakeNode(&row); }
