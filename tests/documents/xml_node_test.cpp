@@ -45,11 +45,13 @@ TEST(XmlNode, WritesValuesInDecimalsAndEscapesEachByte) {
     attributes.Set("c", -1.7976931348623157e+308);
     attributes.Set("d", year_month_day(year(2026), month(3), day(9)));
     std::ostringstream file;
+    attributes.Set("e", std::int64_t{-5'000'000'000});
     CXmlNode node(file, "Node");
+    node.GetAttributes().Set("b", 1); // the copy replaces it
     node.CopyAttributes(attributes);
     node.WriteOpeningTag();
     EXPECT_EQ(file.str(), "<Node a=\"18446744073709551615\" b=\"200\" c=\"-1.7976931348623157e+308\" "
-                          "d=\"2026-03-09\">\n");
+                          "d=\"2026-03-09\" e=\"-5000000000\">\n");
     // A line feed and a carriage return change into each other; files that exist are written so.
     EXPECT_EQ(EscapeXmlText("\n\r\t \"&'<>\x7F\x80\xFC\xFF"),
               "&#xD;&#xA;\t &quot;&amp;&apos;&lt;&gt;\x7F\xC2\x80\xC3\xBC\xC3\xBF");

@@ -40,8 +40,20 @@ TEST_F(Angles, WhatIsNoUnitAndWhatCannotBeFormattedStaysInRadians) {
     SetAngleUnit('g');
     EXPECT_EQ(AngleToRad(7.0), 0.10995574287564278); // another order of operations gives other last digits
     EXPECT_EQ(RadToAngle(7.0), 445.63384065730696);
+    SetAngleUnit('\xB0');
+    EXPECT_EQ(AngleToRad(13.0), 0.22689280275926282);
+    EXPECT_EQ(AngleToRad(1.0f), 0.01745329424738884f);
+    SetAngleFormatFloat(GermanFormat(9));
+    SetAngleUnit('r');
+    EXPECT_EQ(AngleToString(0.1f), "0,100000000"); // rounded on eight places first
+    SetAngleUnit('g');
     EXPECT_EQ(AngleToString(std::numeric_limits<double>::quiet_NaN()), "nan");
     EXPECT_EQ(AngleToString(std::numeric_limits<double>::max()), "1.79769e+308"); // times 200 is infinite
+}
+
+TEST(AngleUnit, IsRadiansAtTheStart) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe"); // of the process
+    EXPECT_EXIT(std::exit(GetAngleUnit()), testing::ExitedWithCode('r'), "");
 }
 
 TEST_F(Angles, GettersAreCrossedOver) {

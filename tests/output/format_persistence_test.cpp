@@ -182,6 +182,11 @@ TEST_F(SavedFormats, KeepWhatWasReadBeforeAFailureAndCallTheListenersOfEachTouch
     EXPECT_EQ(sinks[0].count, 2);
     EXPECT_EQ(sinks[1].count, 1);
     EXPECT_EQ(sinks[2].count, 1);
+
+    m_good.replace(m_good.find("<CurrentFormat>"), 15, "<CurrentFormat>%Y ");
+    EXPECT_EQ(FailureWith("DefaultTime", "defaultTime"), SchemaText);
+    EXPECT_EQ(DatetoString(44000.0), "2020 Donnerstag, 18. Juni 2020");
+    EXPECT_EQ(sinks[2].count, 2) << "half of the dates were read";
 }
 
 TEST_F(SavedFormats, CallTheListenersOfOtherServicesWhenOneThrows) {

@@ -24,6 +24,7 @@ TEST_F(Numbers, DoublesAsText) {
         {"smaller than the last place", 2, 0.00001, "0,00", "1e-05"},
         {"zero", 2, 0.0, "0,00", "0"},
         {"the last place itself", 2, 0.01, "0,01", "0,01"},
+        {"below the last place as it is divided", 6, 1e-06, "0,000001", "1e-06"},
         {"negative and small", 2, -0.001, "0,00", "-0.001"},
         {"negative not-a-number has no sign", 2, -NotANumber, "nan", "nan"},
         {"infinite", 2, -Infinity, "-inf", "-inf"},
@@ -69,8 +70,11 @@ TEST_F(Numbers, EachTypeHasItsFormat) {
     CNumberOutput& numbers = CNumberOutput::Instance();
     EXPECT_EQ(numbers.FormatFor(DT_RandomUInt).NumDigits, 1u);
     EXPECT_EQ(numbers.FormatFor(DT_Long).NumDigits, 3u);
-    EXPECT_EQ(numbers.FormatFor(DT_ManDaysFloat).NumDigits, 4u);
     EXPECT_EQ(numbers.FormatFor(DT_AngleFloat).NumDigits, 5u);
+    for (unsigned meaning = DT_RangeInt & ~DT_Int; meaning <= (DT_ManDaysFloat & ~DT_Float); meaning <<= 1) {
+        EXPECT_EQ(numbers.FormatFor(static_cast<EDataTyps>(meaning | DT_Float)).NumDigits, 4u) << meaning;
+        EXPECT_EQ(numbers.FormatFor(static_cast<EDataTyps>(meaning | DT_Double)).NumDigits, 5u) << meaning;
+    }
     std::uint32_t digits = 5;
     const std::pair<EDataTyps, NumberRecord> stored[] = {{DT_UInt, NumberRecord::Integer},
                                                          {DT_Long, NumberRecord::Long},
@@ -114,6 +118,7 @@ TEST_F(Numbers, SeparatorsBelongToTheirRecordAndHaveThreeBytesAtMost) {
         EXPECT_THROW(SetFormatDouble(format), std::invalid_argument);
     }
     SetRegional("sDecimal", "long");
+    SetRegional("sThousand", "long");
     SetRegional("sGrouping", "3;2;0"); // of which the first group alone counts
     EXPECT_EQ(NumberToString(123456789.5), "123.456.789,50");
 }

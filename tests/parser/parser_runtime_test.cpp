@@ -74,6 +74,12 @@ TEST(Scanner, AddsTextThatAsksForMoreAndCountsLines) {
     EXPECT_EQ(tokens.Look(4).GetType(), Invalid);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "line 4: syntax error at \"x\"\n");
     EXPECT_EQ(tokens.Look(4).GetText(), "x");
+
+    input.scanner.SetInput(";a");
+    ANTLRCommonToken again;
+    input.scanner.NextToken(&again);
+    EXPECT_EQ(again.GetText(), "a");
+    EXPECT_EQ(again.GetLine(), 2) << "a new input begins at its own beginning";
 }
 
 TEST(Panic, ComesWithoutWhatIsNeededAndForATokenLongerThanItsBuffer) {

@@ -101,6 +101,14 @@ TEST(ReplaceFile, NamesFileAndReasonAndLeavesTheOldFileAndNothingBeside) {
     EXPECT_EQ(ContentOf(file), "old");
     EXPECT_TRUE(fs::is_socket(folder.Path() / "socket"));
     EXPECT_TRUE(fs::is_symlink(loop));
+    fs::permissions(file, fs::perms(0444));
+    fs::permissions(folder.Path(), fs::perms(0777));
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(FailureOf(file), file.string() + ": Permission denied")
+            << "though the folder would allow it";
+    }
+    EXPECT_EQ(ContentOf(file), "old");
 }
 
 } // namespace

@@ -55,6 +55,40 @@ TEST(MemberDispatch, AbsentMembersChangeNothing) {
     EXPECT_TRUE(object.IsMemberEditable("there"));
 }
 
+// Knows one member, and remembers what it was asked.
+struct CommandSink : IMemberCommandSink {
+    std::uint32_t GetMemberFlags(const std::string& name) override {
+        return name == "m" ? std::uint32_t{MF_Delete} : 0U;
+    }
+    bool OnMemberCommand(const std::string& name, std::uint32_t id) override {
+        return name == "m" && id == 7;
+    }
+    void GetMemberCommands(const std::string& name, std::list<SCommand>& commands) override {
+        if (name == "m")
+            commands.emplace_back().id = 1;
+    }
+    void GetMemberExtraCommands(const std::string& name, std::list<SCommand>& commands) override {
+        if (name == "m")
+            commands.emplace_back().id = 2;
+    }
+};
+
+TEST(MemberDispatch, AsksItsCommandSink) {
+    CommandSink sink;
+    Object object;
+    object.m_pCommandSink = &sink;
+    for (const auto& [name, isKnown] : {std::pair("m", true), {"n", false}}) {
+        std::list<SCommand> commands;
+        object.GetMemberCommands(name, commands);
+        object.GetMemberExtraCommands(name, commands);
+        EXPECT_EQ(commands.size(), isKnown ? 2U : 0U);
+        EXPECT_EQ(isKnown ? commands.back().id : 2U, 2U);
+        EXPECT_EQ(object.OnMemberCommand(name, 7), isKnown);
+        EXPECT_FALSE(object.OnMemberCommand(name, 8));
+        EXPECT_EQ(object.GetMemberFlags(name), isKnown ? std::uint32_t{MF_Delete} : 0U);
+    }
+}
+
 TEST(MemberDispatch, ACommonTypeBitIsEnoughToSet) {
     const std::tuple<const char*, unsigned, unsigned, bool> rows[] = {
         {"same storage", DT_Double, DT_LengthDouble, true},

@@ -31,5 +31,19 @@ TEST(Registry, ReadsWhatIsWrittenAndNamesWhatIsMissing) {
               platform::SettingsStatus::KeyMissing);
 }
 
+TEST(Registry, NamesTheKeyThatItCannotMake) {
+    const platform::ScratchStore store;
+    platform::CreateKey(platform::SettingsRoot::User, "A");
+    chmod(store.Path().c_str(), 0755);
+    chmod(store.File().parent_path().c_str(), 0777);
+    chmod(store.File().c_str(), 0666);
+    const std::string log = store.File().string() + "-wal";
+    std::ofstream(log).close();
+    chmod(log.c_str(), 0444);
+    const platform::OrdinaryUser user;
+    EXPECT_THAT([] { WriteRegistry(User, "A", "New", "name", "text"); },
+                testing::ThrowsMessage<Error>("Erzeugen des Registrieschl\xFCssel <New> in <A> schlug fehl"));
+}
+
 } // namespace
 } // namespace korvel

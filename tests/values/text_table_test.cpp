@@ -111,6 +111,19 @@ TEST(Language, RowsAreWhereCallersLookForThem) {
                  "-1 53 85 86 133 Eingabe inkorrekt.Ziellagebezugssystem.Unbekannt");
 }
 
+TEST(Language, KeepsTheWordsThatHostsWerePromised) {
+    const auto digest = [](const char* language) {
+        SetLanguageForThisRun(language);
+        std::uint32_t sum = 2166136261; // FNV-1a
+        for (int id = 0; id < TextCount; ++id)
+            for (const char* byte = Text(id); *byte; ++byte)
+                sum = (sum ^ static_cast<unsigned char>(*byte)) * 16777619;
+        return std::to_string(sum);
+    };
+    ExpectResult([&] { return digest("English"); }, "2336498391");
+    ExpectResult([&] { return digest("German"); }, "3597104226");
+}
+
 TEST(TypeNames, AreTextsOfTheirTypes) {
     const std::pair<EDataTyps, const char*> rows[] = {{DT_UInt, "Unsigned integer"},
                                                       {DT_ColorARGB, "Color ARGB"},

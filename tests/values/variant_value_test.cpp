@@ -63,6 +63,7 @@ TEST_F(Values, ChangeOfType) {
         {"range above", MakeValue(DT_Double, 150.7), DT_RangeInt, 100},
         {"range below", MakeValue(DT_Double, -3.2), DT_RangeInt, 0},
         {"range double below", MakeValue(DT_Int, -1), DT_RangeDouble, 0},
+        {"range float above", MakeValue(DT_Double, 100.5), DT_RangeFloat, 100},
         {"range of no number", MakeValue(DT_Double, double{NAN}), DT_RangeDouble, NAN},
         {"wrapping", MakeValue(DT_Float, -1.5f), DT_UInt, 4294967295.0},
         {"long", MakeValue(DT_LengthDouble, 12.9), DT_Long, 12},
@@ -82,10 +83,13 @@ TEST_F(Values, Comparison) {
     const CVariantValue listed = MakeList(DT_ListInt, "1", &list);
     CVariantValue otherPayload = listed;
     otherPayload.Value.Int = 9;
-    auto* object = reinterpret_cast<IMemberDispatch*>(&list); // compared at most, never looked at
+    CVariantValue otherContext = listed;
+    otherContext.EnumContext = reinterpret_cast<IFileValue*>(&list); // compared at most, as the object
+    auto* object = reinterpret_cast<IMemberDispatch*>(&list);        // compared at most, never looked at
     const std::tuple<const char*, CVariantValue, CVariantValue, bool> rows[] = {
         {"types", MakeValue(DT_Int, 1), MakeValue(DT_Long, 1), false},
         {"enumerations", listed, MakeValue(DT_ListInt, "1"), false},
+        {"contexts", listed, otherContext, false},
         {"list payloads do not count", listed, otherPayload, true},
         {"integers", MakeValue(DT_RandomInt, 1), MakeValue(DT_RandomInt, 2), false},
         {"not-a-number", MakeValue(DT_Float, NAN), MakeValue(DT_Float, NAN), false},

@@ -117,7 +117,7 @@ bool Inspect(const std::filesystem::path& target, struct stat& state, const std:
         return false;
     if (!S_ISREG(state.st_mode))
         Fail(path, S_ISDIR(state.st_mode) ? EISDIR : EINVAL);
-    Require(::access(target.c_str(), W_OK) == 0, path);
+    Require(::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0, path);
     return true;
 }
 
