@@ -1,7 +1,8 @@
-// Number and date text under German formats against fmt, QLocale, ICU and strftime.
+// Number and date text under German formats against fmt, QLocale, ICU and strftime; conversions against QString.
 
 #include "korvel/output/dates.h"
 #include "korvel/output/numbers.h"
+#include "korvel/platform/code_page.h"
 #include "measure.h"
 
 #include <QDateTime>
@@ -98,9 +99,27 @@ void Dates() {
     });
 }
 
+// A megabyte of ASCII: at 1,000,000 ns it takes a gigabyte a second.
+void Conversions() {
+    constexpr long Size = 1'000'000;
+    const std::string text(Size, 'a');
+    const auto write = [](const char* operation, const char* subject, const std::function<void()>& call) {
+        bench::Write(operation, Size, subject, "ns", bench::NanosecondsPerCall(call));
+    };
+    write(
+        "text to UTF-8", "ours", [&] { bench::Keep(korvel::platform::ToUtf8(text)); });
+    write(
+        "text to UTF-8", "QString", [&] { bench::Keep(QString::fromLatin1(text.data(), Size).toUtf8()); });
+    write(
+        "text from UTF-8", "ours", [&] { bench::Keep(korvel::platform::FromUtf8(text)); });
+    write("text from UTF-8", "QString",
+          [&] { bench::Keep(QString::fromUtf8(text.data(), Size).toLatin1()); });
+}
+
 } // namespace
 
 int main() {
     Numbers();
     Dates();
+    Conversions();
 }
