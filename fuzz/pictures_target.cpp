@@ -5,6 +5,11 @@
 #include "korvel/output/date_picture.h"
 #include "korvel/output/dates.h"
 
+#include <cmath>
+#include <ctime>
+#include <map>
+#include <stdexcept>
+
 namespace {
 
 using namespace korvel;
@@ -16,15 +21,88 @@ std::string_view TakeLine(std::string_view& text) {
     return line;
 }
 
-void RequireThatPartsAreReadApart(std::string_view first, std::string_view second) {
-    const std::string whole = std::string(first).append(".").append(second);
-    fuzz::Require(DatePictureToFormat(whole) ==
-                      DatePictureToFormat(first) + "." + DatePictureToFormat(second),
-                  "a point parts a date picture");
-    if (first.find('\'') == std::string_view::npos)
-        fuzz::Require(TimePictureToFormat(whole) ==
-                          TimePictureToFormat(first) + "." + TimePictureToFormat(second),
-                      "a point outside quotes parts a time picture");
+using Runs = std::map<std::string, std::string>;
+
+const Runs DateRuns = {{"d", "%#d"}, {"dd", "%d"}, {"ddd", "%a"}, {"dddd", "%A"},
+                       {"m", "%#m"}, {"mm", "%m"}, {"mmm", "%b"}, {"mmmm", "%B"},
+                       {"y", "%y"},  {"yy", "%y"}, {"yyyy", "%Y"}};
+const Runs TimeRuns = {{"H", "%#H"}, {"HH", "%H"}, {"h", "%#I"}, {"hh", "%I"}, {"m", "%#M"}, {"mm", "%M"},
+                       {"s", "%#S"}, {"ss", "%S"}, {"t", "%p"},  {"tt", "%p"}, {"x", "%p"},  {"xx", "%p"}};
+
+// The format of a picture a second way: cut into runs first.
+std::string FormatOf(const std::string& picture, const Runs& runs, bool isTime) {
+    std::string format;
+    std::string run;
+    bool isQuoted = false;
+    const auto endRun = [&] {
+        if (const auto found = runs.find(run); found != runs.end())
+            format += found->second;
+        run.clear();
+    };
+    for (const char byte : picture) {
+        const bool isKept = isTime && byte == 'H';
+        const char letter = !isKept && byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte + 32) : byte;
+        if (!run.empty() && run[0] != letter)
+            endRun();
+        if (isTime && byte == '\'')
+            isQuoted = !isQuoted;
+        else if (!isQuoted && runs.contains(std::string(1, letter)))
+            run += letter;
+        else
+            format += byte;
+    }
+    endRun();
+    return format;
+}
+
+// Whether the C library writes the format alike in every locale.
+bool IsOfNumbers(std::string_view format) {
+    for (std::size_t at = 0; (at = format.find('%', at)) != std::string_view::npos; at += 2)
+        if (at + 1 == format.size() ||
+            std::string_view("dmYHMSyjUWVGu%").find(format[at + 1]) == std::string_view::npos)
+            return false;
+    return format.size() < 40;
+}
+
+std::string TextOfCLibrary(const std::string& format, const std::tm& time) {
+    char text[512];
+    return {text, std::strftime(text, sizeof text, format.c_str(), &time)};
+}
+
+void RequireTheSameText(const std::string& format, double date, std::int64_t time) {
+    constexpr double DayOf1970 = 25569;
+    constexpr double FirstDay = -657434; // 1 January 100
+    constexpr double LastDay = 2958465;  // 31 December 9999
+    const double day = std::trunc(date);
+    if (day >= FirstDay && day <= LastDay) {
+        const auto seconds = static_cast<std::time_t>(day - DayOf1970) * 86400;
+        fuzz::Require(DatetoString(day) == TextOfCLibrary(format, *std::gmtime(&seconds)),
+                      "a date is written as the C library writes it");
+    }
+    const std::time_t recent = time & 0x7FFFFFFF;
+    fuzz::Require(TimetoString(recent) == TextOfCLibrary(format, *std::localtime(&recent)),
+                  "a time is written as the C library writes it");
+}
+
+void Use(const std::string& format, double date, std::int64_t time) {
+    CDateOutput& output = CDateOutput::Instance();
+    const std::string before = output.Formats().currentFormat;
+    const bool hasZero = format.find('\0') != std::string::npos;
+    try {
+        SetDateCurrentFormatString(false, format);
+        fuzz::Require(!hasZero && output.Formats().currentFormat == format,
+                      "a format is in use once it is set");
+    } catch (const std::invalid_argument&) {
+        fuzz::Require(hasZero && output.Formats().currentFormat == before, "a zero byte alone is refused");
+        return;
+    }
+    output.Formats().defaultTime = format;
+    DatetoString(date);
+    DatetoString(static_cast<double>(static_cast<std::int32_t>(time)) / 1000);
+    TimetoString(time);
+    TimetoString(static_cast<std::int32_t>(time));
+    if (IsOfNumbers(format))
+        RequireTheSameText(format, date, time);
 }
 
 } // namespace
@@ -35,20 +113,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto date = input.Take<double>();
     const auto time = input.Take<std::int64_t>();
     std::string_view rest = input.Rest();
-    const std::string_view first = TakeLine(rest);
-    const std::string_view second = TakeLine(rest);
-    RequireThatPartsAreReadApart(first, second);
-
-    CDateOutput& output = CDateOutput::Instance();
-    output.Formats().defaultTime = TimePictureToFormat(first);
-    output.SetCurrentPicture(DateFormatKind::Long, std::string(second));
-    DatetoString(date);
-    TimetoString(time);
-    TimetoString(static_cast<std::int32_t>(time));
-    output.Formats().defaultTime = rest;
-    SetDateCurrentFormatString(false, std::string(rest));
-    DatetoString(date);
-    DatetoString(static_cast<double>(static_cast<std::int32_t>(time)) / 1000);
-    TimetoString(time);
+    const std::string timePicture(TakeLine(rest));
+    const std::string datePicture(TakeLine(rest));
+    const std::string timeFormat = TimePictureToFormat(timePicture);
+    const std::string dateFormat = DatePictureToFormat(datePicture);
+    fuzz::Require(timeFormat == FormatOf(timePicture, TimeRuns, true), "a time picture becomes its format");
+    fuzz::Require(dateFormat == FormatOf(datePicture, DateRuns, false), "a date picture becomes its format");
+    for (const std::string& format : {timeFormat, dateFormat, std::string(rest)})
+        Use(format, date, time);
     return 0;
 }
