@@ -87,7 +87,7 @@ void KeepOwner(const Descriptor& file, const struct stat& replaced) {
 void WriteBeside(const std::filesystem::path& beside, const struct stat* replaced, std::string_view content,
                  const std::string& path) {
     constexpr mode_t UsualPermissions = 0666;
-    // What a killed program of the same number left behind; a file of someone else's is never written to.
+    // A killed program of the same number may have left it; a file of someone else's is never written to.
     ::unlink(beside.c_str());
     Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, UsualPermissions));
     Require(file.IsOpen(), path);

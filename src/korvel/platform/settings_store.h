@@ -74,7 +74,7 @@ KORVEL_API SettingsStatus ReadSettings(SettingsRoot root, std::string_view path,
 KORVEL_API SettingsStatus WriteSetting(SettingsRoot root, std::string_view path, std::string_view name,
                                        const SettingValue& value);
 
-/// The file behind a root; it need not exist. The user's lies in UserConfigFolder(), the machine's in
+/// The file of a root; it need not exist. The user's lies in UserConfigFolder(), the machine's in
 /// MachineConfigFolder(), unless SetStorePath said otherwise.
 KORVEL_API std::filesystem::path StorePath(SettingsRoot root);
 

@@ -27,7 +27,7 @@ struct StoreProblem {
 /// none.
 KORVEL_API void SetStoreProblemListener(std::function<void(const StoreProblem&)> listener);
 
-/// Renames the file behind a root, with its log or journal, to the next free name that ends in ".damaged".
+/// Renames the file of a root, with its log or journal, to the next free name that ends in ".damaged".
 /// Returns the new name. \throws Error when it cannot be renamed; nothing has changed then
 KORVEL_API std::filesystem::path SetStoreAside(SettingsRoot root);
 

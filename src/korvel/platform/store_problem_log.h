@@ -17,7 +17,7 @@ public:
 
     void Listen(Listener listener);
 
-    /// Runs `read`, which reads from the store behind a root. False when the store could not be read: the
+    /// Runs `read`, which reads from the store of a root. False when the store could not be read: the
     /// listener has been told.
     bool ReadOrTell(platform::SettingsRoot root, const std::function<void()>& read);
 

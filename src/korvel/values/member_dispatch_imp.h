@@ -112,7 +112,7 @@ public:
         return true;
     }
 
-    /// Never refuses, also not a name that stands already.
+    /// Never refuses, not even a name that is there already.
     bool AddMember(const std::string& name, bool editable, const CVariantValue& value) override {
         std::list<Member> added;
         added.push_back({.name = name, .editable = editable});
@@ -184,7 +184,7 @@ private:
             member.value.Value.Dispatch = nullptr;
     }
 
-    // By views of the members' own names. Members of one name stand in the order of the list: a second one
+    // By views of the members' own names. Members of one name are in the order of the list: a second one
     // only comes by being added at its end.
     using Index = std::multimap<std::string_view, typename std::list<Member>::iterator>;
 

@@ -7,7 +7,7 @@
 
 namespace korvel {
 
-/// How a host tells a grid of changes that were made elsewhere: the library implements it, one sink for each
+/// How a host says to a grid what was changed elsewhere: the library implements it, one sink for each
 /// object that is shown, and lends it to IObserverGrid::AddSink.
 ///
 ///     axis.SetMember("length", longer);     // the host changes its object first,
@@ -61,7 +61,7 @@ public:
     virtual ~IObserverGridSink() = default;
 };
 
-/// Implemented by the host and given to a grid, which it must outlive: told of what is shown, and of every
+/// Implemented by the host and given to a grid, which it must outlive: hears of what is shown, and of every
 /// change that the user made, after the object was changed. Today only a drop-down list lets the user change
 /// anything, and calls OnChange; OnRemove and what follows it are not called yet. Called on the thread of the
 /// grid's window; `reserved` is always null. Each operation may call the grid back, and may throw; it must
@@ -75,7 +75,7 @@ public:
     virtual void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) = 0;
 
     /// The grid stops showing `disp`: once, however often AddSink came. The object must live and the sink
-    /// does live until this returns. An exception goes on after all others have been told.
+    /// does live until this returns. An exception goes on after all others have been called.
     virtual void RemoveSink(IMemberDispatch* disp, IObserverGridSink* sink) = 0;
 
     virtual void Reserved2() {}

@@ -50,7 +50,7 @@ public:
     void AppendText(std::string& out, TextForm form = TextForm::UserFacing) const;
 
     /// The value as another numeric type; the source stays as it is. A plain number becomes an angle from the
-    /// user's angle unit, and an angle a number in that unit; ranges are held within 0 to 100.
+    /// user's angle unit, and an angle a number in that unit; ranges are kept within 0 to 100.
     /// \throws std::invalid_argument for a target that is not numeric
     /// \throws invalid_operation for a source that is not numeric
     CVariantValue ChangeToType(EDataTyps target) const;
