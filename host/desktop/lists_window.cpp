@@ -20,6 +20,7 @@ constexpr int Margin = 10;
 constexpr int Gap = 8;
 constexpr int TextDrop = 5; // a label draws at the top of its rectangle, a field in the middle
 constexpr UINT RefreshChoice = WM_USER;
+constexpr UINT RestoreMarks = WM_USER + 1;
 
 enum ControlId { TitleId = 201, TreeId, ListId, ValueId };
 
@@ -151,14 +152,18 @@ void ListsWindow::Place() {
     m_title.MoveWindow(combo(Margin));
     m_asTree.MoveWindow(beside(Margin));
     const int listTop = Margin + line + Gap;
-    const int listBottom = std::max(room.bottom - Margin - 3 * line - 2 * Gap, listTop + SmallestList);
+    const bool isNarrow = WidthOf(InCodePage(TheProgramTexts().listHelp)) > right - Margin;
+    const int helpHeight = isNarrow ? 2 * line : line;
+    const int listBottom =
+        std::max(room.bottom - Margin - 2 * line - helpHeight - 2 * Gap, listTop + SmallestList);
     m_list->MoveWindow({Margin, listTop, right, listBottom});
     const int valueTop = listBottom + Gap;
     m_valueLabel.MoveWindow(label(valueTop));
     m_value.MoveWindow(combo(valueTop));
     m_use.MoveWindow(beside(valueTop + TextDrop));
-    m_help.MoveWindow(across(valueTop + line + Gap));
-    m_notice.MoveWindow(across(valueTop + 2 * line + Gap));
+    const int helpTop = valueTop + line + Gap;
+    m_help.MoveWindow({Margin, helpTop, right, helpTop + helpHeight});
+    m_notice.MoveWindow(across(helpTop + helpHeight));
 }
 
 DocumentList* ListsWindow::Shown() {
@@ -171,6 +176,7 @@ void ListsWindow::ShowList() {
         return;
     list->words.SetFlags((list->words.GetEnumFlags() & ~std::uint32_t{ENF_Tree}) | TreeFlag());
     list->words.SetChanged([this] { OnWordsChanged(); });
+    list->words.SetRefused([this] { korvel::PostMessageA(m_hWnd, RestoreMarks, 0, 0); });
     m_list->Initialize(InCodePage(TheProgramTexts().newValue), list->used);
     ShowChoice(EditableWordList::FirstSelected(list->used));
 }
@@ -181,6 +187,17 @@ void ListsWindow::StoreChecks() {
     if (list && m_list->IsInitialized())
         list->used = m_list->GetValue();
     m_list->UnIntialize();
+}
+
+// The list shows no check for a mark of use that the user took away, but the words still have it.
+void ListsWindow::ShowMarksAgain() {
+    DocumentList* list = Shown();
+    if (!list || !m_list->IsInitialized())
+        return;
+    const int row = m_list->GetCurrentRow();
+    StoreChecks();
+    m_list->Initialize(InCodePage(TheProgramTexts().newValue), list->used);
+    m_list->SetCurrentRow(row);
 }
 
 // A command on a group changes many words: the choice follows once, when all is done.
@@ -215,6 +232,10 @@ LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         m_isRefreshing = false;
         if (Shown())
             ShowChoice(EditableWordList::FirstSelected(m_value.Value()));
+        return 0;
+    }
+    if (message == RestoreMarks) {
+        ShowMarksAgain();
         return 0;
     }
     if (message == WM_CONTEXTMENU && lParam == MAKELPARAM(-1, -1)) {

@@ -42,6 +42,7 @@ private:
     void ShowList();
     void ShowListMenu();
     void StoreChecks();
+    void ShowMarksAgain();
     void OnWordsChanged();
     void ShowChoice(long id);
     void ShowUse();

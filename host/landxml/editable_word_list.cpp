@@ -102,8 +102,13 @@ void EditableWordList::Select(long id, CVariantValue& value) {
 }
 
 void EditableWordList::Deselect(long id, CVariantValue& value) {
-    if (IsValue(id, value) && !m_pinned.contains(id))
+    if (!IsValue(id, value))
+        return;
+    const bool isPinned = (GetEnumFlags() & ENF_CheckBoxes) && m_pinned.contains(id);
+    if (!isPinned)
         Mark(value.Text, id, '0');
+    else if (m_refused)
+        m_refused();
 }
 
 const char* EditableWordList::GetSeparator(bool) const {

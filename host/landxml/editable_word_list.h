@@ -34,8 +34,10 @@ public:
     using WordList::SetFlags;
     /// Pictures of the first names, "NAME.png" in a folder; an entry keeps its own when it is renamed.
     void SetImageFolder(const std::string& folder) { m_imageFolder = folder; }
-    /// From now on nothing deselects the entry.
+    /// From now on nothing deselects the entry, in a list with checks.
     void Pin(long id) { m_pinned.insert(id); }
+    /// Called when somebody has tried to: a list shows the entry without its check then.
+    void SetRefused(std::function<void()> refused) { m_refused = std::move(refused); }
     /// Called after an entry was added, removed or renamed.
     void SetChanged(std::function<void()> changed) { m_changed = std::move(changed); }
 
@@ -69,6 +71,7 @@ private:
     std::set<long> m_pinned;
     std::string m_imageFolder;
     std::function<void()> m_changed;
+    std::function<void()> m_refused;
 };
 
 } // namespace korvel::inspector

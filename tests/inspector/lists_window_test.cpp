@@ -149,6 +149,9 @@ TEST_F(ListsWindowTest, ChangesStayWhileOtherListsAreShown) {
     EXPECT_EQ(Text(ValueId), "cw");
     EXPECT_EQ(Use(), "used 2 times");
     SetFocus(List().m_hWnd);
+    Press(Qt::Key_Space);
+    QApplication::processEvents();
+    EXPECT_EQ(Rows(), "+cw;-ccw;") << "a mark of use stays";
     Press(Qt::Key_Down);
     Press(Qt::Key_Space);
     List().SendMessageA(WM_COMMAND, ComboCommandAddRootItem);
