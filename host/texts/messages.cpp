@@ -33,7 +33,7 @@ constexpr Translation Translations[] = {
     {"half a character: the bytes are not UTF-16", "ein halbes Zeichen: die Bytes sind nicht UTF-16"},
     {"no declaration is allowed here", "hier ist keine Deklaration erlaubt"},
     {"text outside the root element", "Text außerhalb des Wurzelelements"},
-    {"the XML declaration does not stand at the beginning", "die XML-Deklaration steht nicht am Anfang"},
+    {"the XML declaration is not at the beginning", "die XML-Deklaration steht nicht am Anfang"},
     {"the XML declaration holds %1 where it may not", "die XML-Deklaration darf hier %1 nicht enthalten"},
     {"the XML declaration says no version", "die XML-Deklaration nennt keine Version"},
     {"the attribute %1 has no value", "das Attribut %1 hat keinen Wert"},

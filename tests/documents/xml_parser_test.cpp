@@ -90,7 +90,7 @@ TEST(XmlParser, RefusesWhatIsNotWellFormedWithItsPlace) {
         {"prefix of a brother", "<a><b xmlns:p='u'/><p:c/></a>", 1, 21, "the prefix 'p' is not declared"},
         {"prefix for nothing", "<a xmlns:p=''/>", 1, 4, "stands for nothing"},
         {"two colons", "<a xmlns:p='u'><p:b:c/></a>", 1, 17, "not a prefix, ':' and a name"},
-        {"late declaration", "\r<?xml version='1.0'?><a/>", 2, 3, "does not stand at the beginning"},
+        {"late declaration", "\r<?xml version='1.0'?><a/>", 2, 3, "is not at the beginning"},
         {"declaration without version", "<?xml encoding='UTF-8'?><a/>", 1, 7, "holds 'encoding' where"},
         {"declaration of nothing", "<?xml ?><a/>", 1, 7, "says no version"},
         {"declaration of XML 2", "<?xml version='2.0'?><a/>", 1, 16, "not 1.0"},

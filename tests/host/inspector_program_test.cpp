@@ -126,6 +126,21 @@ TEST(InspectorProgram, WritesPicturesWithoutScreen) {
     EXPECT_EQ(RunInspector(railway + " --screenshot /dev/null/picture.png").status, 1);
 }
 
+TEST(InspectorProgram, SetsADamagedSettingsStoreAside) {
+    const platform::ScratchFolder folder;
+    const platform::ScratchVariable settings("XDG_CONFIG_HOME", folder.Path().c_str());
+    std::filesystem::create_directory(folder.Path() / "korvel");
+    const std::string store = folder.Path() / "korvel" / "settings.sqlite";
+    std::ofstream(store) << std::string(5000, 'x');
+    const std::string list = "--list --language English " KORVEL_TEST_DATA "/railway.xml";
+    const Outcome first = RunInspector(list);
+    EXPECT_EQ(first.status, 0);
+    EXPECT_THAT(first.output, testing::HasSubstr("the settings cannot be read: "));
+    EXPECT_THAT(first.output, testing::HasSubstr("; the file is now " + store + ".damaged\n"));
+    EXPECT_EQ(platform::ContentOf(store + ".damaged"), std::string(5000, 'x'));
+    EXPECT_THAT(RunInspector(list).output, StartsWith("xmlns"));
+}
+
 TEST(InspectorProgram, FailsWhenItsOutputIsFull) {
     const platform::ScratchFolder folder;
     const platform::ScratchVariable settings("XDG_CONFIG_HOME", folder.Path().c_str());

@@ -179,7 +179,7 @@ void XmlScanner::SkipInstruction() {
     const std::size_t start = m_position;
     const std::string_view target = TakeName();
     if (target == "xml" && start != 2)
-        Fail(start, "the XML declaration does not stand at the beginning");
+        Fail(start, "the XML declaration is not at the beginning");
     TakeUntil("?>", "the document ends inside a processing instruction");
 }
 
