@@ -2,6 +2,7 @@
 #include "korvel/dialogs/file_container.h"
 #include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
+#include "landxml/landxml_document.h"
 #include "program/list_writer.h"
 #include "program/member_path.h"
 #include "program/options.h"

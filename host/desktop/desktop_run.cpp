@@ -51,15 +51,22 @@ void ExpandAsAsked(GridPane& pane, const Options& options) {
             throw UsageError(Say({"--expand: there is no %1", {"'" + path + "'"}}));
 }
 
-// The name under which the picture was written.
-QString WritePicture(InspectorWindow& window, const Options& options, const QString& name) {
+void WritePicture(InspectorWindow& window, const Options& options) {
     window.resize(options.size.width, options.size.height);
     window.show();
     if (!options.file.empty())
         window.Open(options.file);
     ExpandAsAsked(window.Pane(), options);
     QApplication::processEvents();
-    return SavePicture(window.grab().toImage(), name);
+    const bool isAsked = !options.screenshot.empty();
+    const QString name =
+        isAsked ? QFile::decodeName(options.screenshot.c_str()) : PictureBeside(options.file);
+    const QString written = SavePicture(window.grab().toImage(), name);
+    const std::string taken = QFile::encodeName(written).toStdString();
+    if (!isAsked)
+        std::cout << Say({"there is no screen; the picture of the window is %1", {taken}}) << '\n';
+    else if (written != name)
+        std::cout << Say({"another file has that name; the picture is %1", {taken}}) << '\n';
 }
 
 // What Qt misses where there is no screen is expected, and would hide the messages that matter.
@@ -119,15 +126,7 @@ int RunOnDesktop(const Options& options, const TakenFormats& formats) {
                            formats.hasUnitOfFile);
     if (!picture)
         return ShowUntilClosed(window, options, formats.notice);
-    const bool isAsked = !options.screenshot.empty();
-    const QString asked =
-        isAsked ? QFile::decodeName(options.screenshot.c_str()) : PictureBeside(options.file);
-    const QString written = WritePicture(window, options, asked);
-    const std::string taken = QFile::encodeName(written).toStdString();
-    if (!isAsked)
-        std::cout << Say({"there is no screen; the picture of the window is %1", {taken}}) << '\n';
-    else if (written != asked)
-        std::cout << Say({"another file has that name; the picture is %1", {taken}}) << '\n';
+    WritePicture(window, options);
     return 0;
 }
 

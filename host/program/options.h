@@ -1,7 +1,7 @@
 #pragma once
 
 #include "korvel/platform/error.h"
-#include "landxml/landxml_document.h"
+#include "landxml/reading_options.h"
 
 #include <cstdint>
 #include <optional>
