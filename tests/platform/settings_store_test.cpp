@@ -207,7 +207,9 @@ TEST_F(SettingsStoreTest, IsSetAsideWithAllThatBelongsToIt) {
     EXPECT_EQ(ContentOf(beside(aside, "-wal")), "log");
     EXPECT_FALSE(exists(beside(file, "-wal"))) << "a new store would take the log for its own";
     EXPECT_EQ(CheckKey(Root, "A", SettingsAccess::Read), KeyMissing);
+    std::ofstream(beside(file, "-wal")) << "log";
     EXPECT_THROW(SetStoreAside(Root), Error) << "there is none";
+    EXPECT_EQ(ContentOf(beside(file, "-wal")), "log") << "nothing has changed";
 }
 
 void WriteMany(int writer) {

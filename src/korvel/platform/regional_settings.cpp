@@ -42,6 +42,7 @@ constexpr std::array<NumberOverride, 3> NumberOverrides{{{"iDigits", &RegionalSe
 // read, so that a damaged one leaves the locale's values in force.
 std::vector<std::optional<std::string>> ReadOverrides() {
     std::vector<std::string_view> names;
+    names.reserve(TextOverrides.size() + NumberOverrides.size());
     for (const TextOverride& row : TextOverrides)
         names.push_back(row.name);
     for (const NumberOverride& row : NumberOverrides)

@@ -24,6 +24,12 @@ std::filesystem::path FreeNameFor(const std::filesystem::path& file) {
     return name;
 }
 
+void RenameCompanions(const std::filesystem::path& file, const std::filesystem::path& newName) {
+    std::error_code ignored; // most are not there
+    for (const char* companion : Companions)
+        std::filesystem::rename(WithSuffix(file, companion), WithSuffix(newName, companion), ignored);
+}
+
 } // namespace
 
 void SetStoreProblemListener(std::function<void(const StoreProblem&)> listener) {
@@ -32,15 +38,16 @@ void SetStoreProblemListener(std::function<void(const StoreProblem&)> listener) 
 
 std::filesystem::path SetStoreAside(SettingsRoot root) {
     const std::filesystem::path file = StorePath(root);
-    const std::filesystem::path aside = FreeNameFor(file);
+    std::filesystem::path aside = FreeNameFor(file);
+    // Before the file: a new one of its name would take them for its own.
+    RenameCompanions(file, aside);
     std::error_code error;
     std::filesystem::rename(file, aside, error);
-    if (error)
+    if (error) {
+        RenameCompanions(aside, file);
         throw Error("The settings store " + FromUtf8(file.string()).text +
                     " cannot be renamed: " + error.message());
-    // What they hold is read with the renamed file only when it has their names.
-    for (const char* companion : Companions)
-        std::filesystem::rename(WithSuffix(file, companion), WithSuffix(aside, companion), error);
+    }
     return aside;
 }
 
