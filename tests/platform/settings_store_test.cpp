@@ -1,5 +1,6 @@
 #include "korvel/platform/error.h"
 #include "korvel/platform/settings_store.h"
+#include "korvel/platform/store_database.h"
 #include "korvel/platform/store_problem.h"
 #include "support/scratch.h"
 
@@ -131,44 +132,30 @@ TEST_F(SettingsStoreTest, SaysWhichRightIsMissing) {
     EXPECT_EQ(Read("A", "name").bytes, "kept");
 }
 
-// A connection of another program's, which can hold the store.
-class OtherProgram {
-public:
-    explicit OtherProgram(const std::filesystem::path& file) { sqlite3_open(file.c_str(), &m_handle); }
-    ~OtherProgram() { sqlite3_close(m_handle); }
-    OtherProgram(const OtherProgram&) = delete;
-    OtherProgram& operator=(const OtherProgram&) = delete;
+internal::StoreDatabase OtherProgram(const std::filesystem::path& file) {
+    return *internal::StoreDatabase::OpenExisting(file, internal::StoreUse::Writing);
+}
 
-    void Do(const char* sql) {
-        EXPECT_EQ(sqlite3_exec(m_handle, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-    }
-    std::string JournalMode() {
-        std::string mode;
-        sqlite3_exec(
-            m_handle, "PRAGMA journal_mode",
-            [](void* text, int, char** columns, char**) {
-                return *static_cast<std::string*>(text) = columns[0], 0;
-            },
-            &mode, nullptr);
-        return mode;
-    }
-
-private:
-    sqlite3* m_handle = nullptr;
-};
+std::string JournalMode(const std::filesystem::path& file) {
+    internal::StoreDatabase store = OtherProgram(file);
+    internal::StoreStatement mode(store, "PRAGMA journal_mode");
+    mode.Step();
+    return mode.ColumnBytes(0);
+}
 
 TEST_F(SettingsStoreTest, ReadersWaitForNoWriter) {
     CreateKey(Root, "A");
     WriteSetting(Root, "A", "name", SettingValue::Text("old"));
-    OtherProgram writer(m_store.File());
-    EXPECT_EQ(writer.JournalMode(), "wal");
-    writer.Do("BEGIN IMMEDIATE; UPDATE settings SET value = 'new'");
+    EXPECT_EQ(JournalMode(m_store.File()), "wal");
+    internal::StoreDatabase writer = OtherProgram(m_store.File());
+    writer.BeginWriting();
+    internal::StoreStatement(writer, "UPDATE settings SET value = 'new'").Step();
     EXPECT_EQ(Read("A", "name").bytes, "old");
     std::vector<std::optional<SettingValue>> values;
     const std::string_view names[] = {"name", "other"};
     EXPECT_EQ(ReadSettings(Root, "A", names, values), Done);
     EXPECT_THAT(values, testing::ElementsAre(SettingValue::Text("old"), std::nullopt));
-    writer.Do("COMMIT");
+    writer.Commit();
     EXPECT_EQ(Read("A", "name").bytes, "new");
 }
 
@@ -178,13 +165,13 @@ TEST_F(SettingsStoreTest, NeedsNoLogWhereNoneCanBeShared) {
     EXPECT_EQ(CreateKey(Root, "A"), Done);
     EXPECT_EQ(WriteSetting(Root, "A", "name", SettingValue::Text("kept")), Done);
     EXPECT_EQ(Read("A", "name").bytes, "kept");
-    EXPECT_EQ(OtherProgram(m_store.File()).JournalMode(), "delete");
+    EXPECT_EQ(JournalMode(m_store.File()), "delete");
 }
 
 TEST_F(SettingsStoreTest, UsersReadTheMachinesWithoutTheRightToWriteThere) {
     CreateKey(SettingsRoot::Machine, "A");
     WriteSetting(SettingsRoot::Machine, "A", "name", SettingValue::Text("kept"));
-    EXPECT_EQ(OtherProgram(StorePath(SettingsRoot::Machine)).JournalMode(), "delete");
+    EXPECT_EQ(JournalMode(StorePath(SettingsRoot::Machine)), "delete");
     chmod(m_store.Path().c_str(), 0555);
     {
         const OrdinaryUser user;
