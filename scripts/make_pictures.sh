@@ -19,7 +19,7 @@ trap 'rm -rf "$settings"' EXIT
 rm -f docs/inspector.png # the inspector replaces its own pictures only, and an old one may not say that it is
 track="Alignments Tracks/Alignment Track 2"
 env -u QT_STYLE_OVERRIDE -u QT_SCALE_FACTOR -u QT_QPA_PLATFORMTHEME XDG_CONFIG_HOME="$settings" \
-    QT_QPA_PLATFORM=offscreen "$inspector" docs/example.xml --screenshot docs/inspector.png --size 860x720 \
+    QT_QPA_PLATFORM=offscreen "$inspector" docs/example.xml --screenshot docs/inspector.png --size 860x716 \
     --locale en-GB --language English --angle-unit gon \
     --expand "$track/Cant Cant of track 2/CantStation 2" --expand "$track/CoordGeom/Curve T3"
 echo "docs/inspector.png"
