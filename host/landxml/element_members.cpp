@@ -97,7 +97,7 @@ Member ElementMembers::ChildMember(ElementIndex owner, ElementIndex child) const
 Member ElementMembers::WithFlags(ElementIndex owner, Member member) const {
     const TypedValue value = ValueOf(owner, member);
     member.isValid = value.isValid;
-    member.isExact = value.isExact;
+    member.isComplete = value.isComplete;
     return member;
 }
 
@@ -145,7 +145,7 @@ MemberName ElementMembers::NameOfElement(ElementIndex element) const {
         const XmlCharacters text = DecodeXmlAttribute(own, showsAll ? ReadingOptions::All : LongestOwnName);
         name += ' ' + text.utf8 + (text.complete ? "" : "...");
     }
-    return {ToLibraryText(name).text, IsForeign(element) ? ForeignMark : ""};
+    return {ToLibraryText(name), IsForeign(element) ? ForeignMark : ""};
 }
 
 MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) const {
@@ -159,10 +159,10 @@ MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) cons
     case MemberKind::Attribute: {
         const XmlAttribute attribute = m_tree.AttributeAt(member.place);
         type = AttributeType(owner, attribute);
-        name.stem = ToLibraryText(std::string(attribute.name)).text;
+        name.stem = ToLibraryText(std::string(attribute.name));
         name.mark = IsForeign(owner, attribute) ? ForeignMark : "";
         if (type.meaning == Meaning::Date && member.isValid)
-            name.stem += InBrackets(ZoneOfDate(attribute.value));
+            name.stem += InBrackets(ZoneOfDate(DecodeXmlAttribute(attribute.value, LongestOwnName).utf8));
         break;
     }
     case MemberKind::TextPart: {
@@ -281,13 +281,13 @@ TypedValue ElementMembers::TextElementValue(ElementIndex element) const {
 bool ElementMembers::IsReplaceable(ElementIndex owner, const Member& member) const {
     switch (member.kind) {
     case MemberKind::Attribute:
-        return member.isExact && !DeclaresNamespace(m_tree.AttributeAt(member.place).name);
+        return member.isComplete && !DeclaresNamespace(m_tree.AttributeAt(member.place).name);
     case MemberKind::TextPart:
-        return member.isExact && m_tree.Text(owner).IsPlain();
+        return member.isComplete && m_tree.Text(owner).IsPlain();
     case MemberKind::Text:
-        return member.isExact && m_tree.Text(owner, member.place).IsPlain();
+        return member.isComplete && m_tree.Text(owner, member.place).IsPlain();
     case MemberKind::TextElement:
-        return member.isExact && m_tree.Text(member.place).IsPlain();
+        return member.isComplete && m_tree.Text(member.place).IsPlain();
     default:
         return false;
     }

@@ -23,13 +23,13 @@ enum class MemberKind : std::uint32_t {
 /// 8 bytes, for terrains have millions.
 struct Member {
     Member(std::uint32_t itsPlace, MemberKind itsKind)
-        : place(itsPlace), kind(itsKind), isValid(true), isExact(true), number(0) {}
+        : place(itsPlace), kind(itsKind), isValid(true), isComplete(true), number(0) {}
 
     std::uint32_t
         place; ///< offset of the attribute's name or of the text, number of the part, or the element
     MemberKind kind : 3;
     bool isValid : 1;          ///< as in TypedValue; true for an object
-    bool isExact : 1;          ///< as in TypedValue; true for an object
+    bool isComplete : 1;       ///< as in TypedValue; true for an object
     std::uint32_t number : 27; ///< of children with no name of their own: 1 is the first, 0 the only one
 };
 

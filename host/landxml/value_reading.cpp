@@ -1,5 +1,6 @@
 #include "landxml/value_reading.h"
 
+#include "korvel/platform/code_page.h"
 #include "landxml/number_reading.h"
 
 #include <algorithm>
@@ -190,9 +191,9 @@ private:
 
 } // namespace
 
-platform::ConvertedText ToLibraryText(const std::string& utf8) {
+std::string ToLibraryText(const std::string& utf8) {
     const bool isAscii = std::all_of(utf8.begin(), utf8.end(), [](char c) { return (c & 0x80) == 0; });
-    return isAscii ? platform::ConvertedText{utf8, true} : platform::FromUtf8(utf8);
+    return isAscii ? utf8 : platform::FromUtf8(utf8).text;
 }
 
 std::string_view UnitOf(const ValueType& type, const ValuePlace& place) {
@@ -206,18 +207,18 @@ std::string_view UnitOf(const ValueType& type, const ValuePlace& place) {
 }
 
 TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const ValuePlace& place) {
-    platform::ConvertedText shown = ToLibraryText(text.utf8);
+    std::string shown = ToLibraryText(text.utf8);
     if (!text.complete)
-        shown.text += "...";
+        shown += "...";
     std::optional<CVariantValue> value;
     if (text.complete || type.meaning == Meaning::Text)
-        value = ValueReader(type, text.utf8, place).Read(shown.text);
+        value = ValueReader(type, text.utf8, place).Read(shown);
     TypedValue typed;
-    typed.isExact = shown.exact && text.complete;
+    typed.isComplete = text.complete;
     typed.isValid = value.has_value();
     if (typed.isValid)
         typed.unit = UnitOf(type, place);
-    typed.value = value ? *std::move(value) : OfText(DT_String, std::move(shown.text));
+    typed.value = value ? *std::move(value) : OfText(DT_String, std::move(shown));
     return typed;
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "korvel/documents/xml_text.h"
-#include "korvel/platform/code_page.h"
 #include "korvel/values/file_value.h"
 #include "korvel/values/variant_value.h"
 #include "landxml/landxml_types.h"
@@ -22,9 +21,9 @@ struct ValuePlace {
 /// A value of the document as the grid takes it.
 struct TypedValue {
     CVariantValue value;
-    std::string unit;    ///< to be shown after the name; see UnitOf
-    bool isValid = true; ///< false: it is not what its type asks for, and is shown as the text that it is
-    bool isExact = true; ///< false: what is shown is cut, or has replacements for characters
+    std::string unit;       ///< to be shown after the name; see UnitOf
+    bool isValid = true;    ///< false: it is not what its type asks for, and is shown as the text that it is
+    bool isComplete = true; ///< false: what is shown is cut
 };
 
 /// The value of a text.
@@ -40,6 +39,6 @@ TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const Val
 std::string_view UnitOf(const ValueType& type, const ValuePlace& place);
 
 /// A text of the document in the code page of the library, where most are the same.
-platform::ConvertedText ToLibraryText(const std::string& utf8);
+std::string ToLibraryText(const std::string& utf8);
 
 } // namespace korvel::inspector
