@@ -119,6 +119,16 @@ TEST(CodePage, BringsTextsOfCharactersBack) {
     }
 }
 
+TEST(CodePage, ReadsHostileTextsInOnePass) {
+    constexpr std::size_t Many = 200'000; // a cost with the square of it would take minutes
+    const std::string quotes = "\x81" + std::string(Many, '\x90') + "\xE0\xE0";
+    for (const std::string& text : {std::string(Many, '\x81'), std::string(Many, '\xE0'), quotes}) {
+        const std::string utf8 = ToUtf8(text);
+        EXPECT_EQ(FromUtf8(utf8).text, text);
+        EXPECT_EQ(CountCharacters(text), utf8.size() / 2);
+    }
+}
+
 TEST(CodePage, ShowsWhatIsNoCharacter) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"a tail byte alone", "a\x80z", "a?z"},

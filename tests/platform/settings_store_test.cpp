@@ -2,6 +2,7 @@
 #include "korvel/platform/settings_store.h"
 #include "korvel/platform/store_database.h"
 #include "korvel/platform/store_problem.h"
+#include "korvel/platform/store_statement.h"
 #include "support/scratch.h"
 
 #include <csignal>

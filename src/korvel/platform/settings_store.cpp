@@ -3,6 +3,7 @@
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
 #include "korvel/platform/store_database.h"
+#include "korvel/platform/store_statement.h"
 #include "korvel/platform/user_folders.h"
 
 #include <algorithm>

@@ -2,7 +2,6 @@
 
 #include "korvel/platform/error.h"
 
-#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -10,7 +9,6 @@
 #include <string_view>
 
 struct sqlite3;
-struct sqlite3_stmt;
 
 namespace korvel::internal {
 
@@ -29,33 +27,6 @@ enum class StoreJournal { Log, Rollback };
 
 /// What a store is opened for: a reading waits a second for others, a writing 30.
 enum class StoreUse { Reading, Writing };
-
-class StoreDatabase;
-
-/// One SQL statement. Parameters are numbered from 1, columns from 0.
-class StoreStatement {
-public:
-    StoreStatement(StoreDatabase& database, const char* sql);
-
-    StoreStatement& BindText(int parameter, std::string_view utf8);
-    StoreStatement& BindBinary(int parameter, std::string_view bytes);
-    StoreStatement& BindNumber(int parameter, std::int64_t number);
-
-    /// True when there is a row to look at.
-    bool Step();
-
-    enum class Kind { Text, Binary, Number, Other };
-    Kind ColumnKind(int column) const;
-    std::string ColumnBytes(int column) const;
-    std::int64_t ColumnNumber(int column) const;
-
-private:
-    struct Finalize {
-        void operator()(sqlite3_stmt* statement) const;
-    };
-    StoreDatabase& m_database;
-    std::unique_ptr<sqlite3_stmt, Finalize> m_statement;
-};
 
 /// An open store. What was not committed when it is destroyed has not happened, and the same holds for a
 /// process that dies. Every failure is thrown: StoreAccessDenied, StoreDamaged, else Error, both with the name
