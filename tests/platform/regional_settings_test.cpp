@@ -119,6 +119,10 @@ TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
     EXPECT_EQ(told, std::vector{true}) << "what came before is told first";
     EXPECT_EQ(decimal(), ",");
     EXPECT_EQ(told.size(), 1u) << "once a file";
+    SetStoreAside(SettingsRoot::User);
+    std::ofstream(m_store.File()) << "no database at all, but long enough to be looked at as one";
+    EXPECT_EQ(decimal(), ",");
+    EXPECT_EQ(told.size(), 2u) << "another file of the same name";
 
     SetStorePath(SettingsRoot::User, m_store.Path() / "locked");
     Override("sDecimal", SettingValue::Text("'"));
@@ -128,7 +132,7 @@ TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
     EXPECT_EQ(decimal(), ",");
     sqlite3_close(holder);
     EXPECT_EQ(decimal(), "'");
-    EXPECT_EQ(told, (std::vector{true, false}));
+    EXPECT_EQ(told, (std::vector{true, true, false}));
     SetStoreProblemListener(nullptr);
 }
 

@@ -48,6 +48,7 @@ std::filesystem::path SetStoreAside(SettingsRoot root) {
         throw Error("The settings store " + FromUtf8(file.string()).text +
                     " cannot be renamed: " + error.message());
     }
+    internal::StoreProblemLog::Instance().Forget(file);
     return aside;
 }
 

@@ -22,9 +22,9 @@ struct StoreProblem {
     bool isDamaged = false; ///< false: locked or out of reach, which may pass
 };
 
-/// The listener hears of each file once; what comes before there is one is kept for it. Called on the thread
-/// that reads, or on the caller's for what was kept; an exception of the listener goes to whoever reads. Null:
-/// none.
+/// The listener hears once that a file is damaged, and once that it is out of reach; what comes before there is
+/// a listener is kept for it. Called on the thread that reads, or on the caller's for what was kept; an
+/// exception of the listener goes to whoever reads. Null: none.
 KORVEL_API void SetStoreProblemListener(std::function<void(const StoreProblem&)> listener);
 
 /// Renames the file of a root, with its log or journal, to the next free name that ends in ".damaged".

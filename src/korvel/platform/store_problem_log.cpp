@@ -38,11 +38,17 @@ bool StoreProblemLog::ReadOrTell(platform::SettingsRoot root, const std::functio
     return false;
 }
 
+void StoreProblemLog::Forget(const std::filesystem::path& file) {
+    const std::lock_guard lock(m_mutex);
+    m_known.erase({file, true});
+    m_known.erase({file, false});
+}
+
 void StoreProblemLog::Tell(const StoreProblem& problem) {
     Listener listener;
     {
         const std::lock_guard lock(m_mutex);
-        if (!m_known.insert(platform::StorePath(problem.root)).second)
+        if (!m_known.emplace(platform::StorePath(problem.root), problem.isDamaged).second)
             return;
         listener = m_listener;
         if (!listener)

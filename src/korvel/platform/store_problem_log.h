@@ -4,6 +4,7 @@
 
 #include <mutex>
 #include <set>
+#include <utility>
 #include <vector>
 
 namespace korvel::internal {
@@ -21,13 +22,16 @@ public:
     /// listener has been told.
     bool ReadOrTell(platform::SettingsRoot root, const std::function<void()>& read);
 
+    /// The file is gone: what is wrong with another one of its name is news again.
+    void Forget(const std::filesystem::path& file);
+
 private:
     void Tell(const platform::StoreProblem& problem);
 
     std::mutex m_mutex;
     Listener m_listener;
     std::vector<platform::StoreProblem> m_untold;
-    std::set<std::filesystem::path> m_known;
+    std::set<std::pair<std::filesystem::path, bool>> m_known; // and whether it is damaged
 };
 
 } // namespace korvel::internal
