@@ -11,17 +11,25 @@ namespace {
 using namespace internal;
 
 using Angles = GermanMachine;
+
+template <typename Real>
+std::string TextWithUnit(Real radians) {
+    std::string text;
+    CAngleOutput::Instance().AppendWithUnit(text, radians);
+    return text;
+}
+
 using std::numbers::pi;
 using std::numbers::pi_v;
 
 TEST_F(Angles, UnitsConvertBothWays) {
-    const std::tuple<char, char, double, const char*> rows[] = {
-        {'\xB0', '\xB0', 180, "180,00"},
-        {'r', 'r', pi, "3,14"},
-        {'g', 'g', 200, "200,00"},
-        {'x', '\xB0', 180, "180,00"}, // any other character
+    const std::tuple<char, char, double, std::string, const char*> rows[] = {
+        {'\xB0', '\xB0', 180, "180,00", "\xB0"},
+        {'r', 'r', pi, "3,14", " rad"},
+        {'g', 'g', 200, "200,00", " gon"},
+        {'x', '\xB0', 180, "180,00", "\xB0"}, // any other character
     };
-    for (const auto& [unit, unitInForce, halfCircle, text] : rows) {
+    for (const auto& [unit, unitInForce, halfCircle, text, sign] : rows) {
         SetAngleUnit(unit);
         EXPECT_EQ(GetAngleUnit(), unitInForce);
         EXPECT_EQ(RadToAngle(pi), halfCircle) << unit;
@@ -30,6 +38,8 @@ TEST_F(Angles, UnitsConvertBothWays) {
         EXPECT_EQ(AngleToRad(static_cast<float>(halfCircle)), pi_v<float>) << unit;
         EXPECT_EQ(AngleToString(pi), text);
         EXPECT_EQ(AngleToString(pi_v<float>), text);
+        EXPECT_EQ(TextWithUnit(pi), text + sign);
+        EXPECT_EQ(TextWithUnit(pi_v<float>), text + sign);
     }
 }
 
@@ -37,6 +47,7 @@ TEST_F(Angles, WhatIsNoUnitAndWhatCannotBeFormattedStaysInRadians) {
     CAngleOutput::Instance().SetUnit(7); // a file may hold it
     EXPECT_EQ(GetAngleUnit(), '\xB0');
     EXPECT_EQ(RadToAngle(pi), pi);
+    EXPECT_EQ(TextWithUnit(pi), "3,14 rad");
     SetAngleUnit('g');
     EXPECT_EQ(AngleToRad(7.0), 0.10995574287564278); // another order of operations gives other last digits
     EXPECT_EQ(RadToAngle(7.0), 445.63384065730696);
@@ -49,6 +60,7 @@ TEST_F(Angles, WhatIsNoUnitAndWhatCannotBeFormattedStaysInRadians) {
     SetAngleUnit('g');
     EXPECT_EQ(AngleToString(std::numeric_limits<double>::quiet_NaN()), "nan");
     EXPECT_EQ(AngleToString(std::numeric_limits<double>::max()), "1.79769e+308"); // times 200 is infinite
+    EXPECT_EQ(TextWithUnit(std::numeric_limits<double>::max()), "1.79769e+308 rad");
 }
 
 TEST(AngleUnit, IsRadiansAtTheStart) {

@@ -126,6 +126,9 @@ TEST_F(Values, TextsOfEveryKind) {
     SetFormatDouble(GermanFormat(3));
     for (const auto& [value, shown, plain] : rows) {
         EXPECT_EQ(value.ToText(), shown) << value.Type;
+        EXPECT_EQ(value.ToText(TextForm::WithAngleUnit),
+                  std::string(shown) + (value.Type == DT_AngleDouble ? "\xB0" : ""))
+            << value.Type;
         EXPECT_EQ(value.ToText(Plain), plain) << value.Type;
     }
     const std::pair<EDataTyps, const char*> measures[] = {

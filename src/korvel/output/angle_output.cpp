@@ -33,10 +33,23 @@ Real AngleOf(Real radians, std::uint32_t unit) {
     }
 }
 
-void AppendAngle(std::string& out, double angle, double radians, RenderedDigits rendered,
+const char* SignOf(std::uint32_t unit) {
+    switch (unit) {
+    case CAngleOutput::Degrees:
+        return "\xB0";
+    case CAngleOutput::Gon:
+        return " gon";
+    default:
+        return " rad";
+    }
+}
+
+bool AppendAngle(std::string& out, double angle, double radians, RenderedDigits rendered,
                  const NumberFormat& format) {
-    if (!AppendNumber(out, angle, rendered, format.TextFormat()))
-        AppendStreamText(out, radians);
+    if (AppendNumber(out, angle, rendered, format.TextFormat()))
+        return true;
+    AppendStreamText(out, radians);
+    return false;
 }
 
 } // namespace
@@ -48,12 +61,21 @@ CAngleOutput& CAngleOutput::Instance() {
     return output;
 }
 
-void CAngleOutput::Append(std::string& out, double radians) const {
-    AppendAngle(out, FromRadians(radians), radians, RenderedDigits::Double, Format(AngleRecord::Double));
+bool CAngleOutput::Append(std::string& out, double radians) const {
+    return AppendAngle(out, FromRadians(radians), radians, RenderedDigits::Double,
+                       Format(AngleRecord::Double));
 }
 
-void CAngleOutput::Append(std::string& out, float radians) const {
-    AppendAngle(out, FromRadians(radians), radians, RenderedDigits::Float, Format(AngleRecord::Float));
+bool CAngleOutput::Append(std::string& out, float radians) const {
+    return AppendAngle(out, FromRadians(radians), radians, RenderedDigits::Float, Format(AngleRecord::Float));
+}
+
+void CAngleOutput::AppendWithUnit(std::string& out, double radians) const {
+    out += SignOf(Append(out, radians) ? m_unit : Radians);
+}
+
+void CAngleOutput::AppendWithUnit(std::string& out, float radians) const {
+    out += SignOf(Append(out, radians) ? m_unit : Radians);
 }
 
 double CAngleOutput::ToRadians(double angle) const {

@@ -20,9 +20,13 @@ public:
 
     static CAngleOutput& Instance();
 
-    /// Append as `AngleToString` writes.
-    void Append(std::string& out, double radians) const;
-    void Append(std::string& out, float radians) const;
+    /// Append as `AngleToString` writes. False: in radians, because the format cannot write it.
+    bool Append(std::string& out, double radians) const;
+    bool Append(std::string& out, float radians) const;
+
+    /// Append the same, and the sign of the unit that its digits are in: "100,00 gon", "57,30\xB0", "nan rad".
+    void AppendWithUnit(std::string& out, double radians) const;
+    void AppendWithUnit(std::string& out, float radians) const;
 
     /// Between the unit and radians.
     double ToRadians(double angle) const;

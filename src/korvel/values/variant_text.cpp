@@ -61,6 +61,7 @@ void AppendReal(std::string& out, const CVariantValue& value, ValueStorage stora
 }
 
 void AppendList(std::string& out, const CVariantValue& value, TextForm form, const EnclosingList* enclosing) {
+    const TextForm entryForm = form == TextForm::WithAngleUnit ? TextForm::UserFacing : form;
     if (!value.EnumValue || (enclosing && enclosing->Holds(value.EnumValue)))
         return;
     const EnclosingList here{value.EnumValue, enclosing};
@@ -74,15 +75,23 @@ void AppendList(std::string& out, const CVariantValue& value, TextForm form, con
     const char* separator = "";
     for (const CVariantValue& entry : entries) {
         out += separator;
-        AppendValue(out, entry, form, &here);
+        AppendValue(out, entry, entryForm, &here);
         separator = EntrySeparator;
     }
 }
 
-void AppendUserFacingNumber(std::string& out, const CVariantValue& value, const TypeRow& row) {
+void AppendAngle(std::string& out, const CVariantValue& value, ValueStorage storage, TextForm form) {
+    const internal::CAngleOutput& output = internal::CAngleOutput::Instance();
+    if (form == TextForm::WithAngleUnit)
+        WithReal(value, storage, [&](auto radians) { output.AppendWithUnit(out, radians); });
+    else
+        AppendReal(out, value, storage, output);
+}
+
+void AppendUserFacingNumber(std::string& out, const CVariantValue& value, const TypeRow& row, TextForm form) {
     switch (row.meaning) {
     case ValueMeaning::Angle:
-        return AppendReal(out, value, row.storage, internal::CAngleOutput::Instance());
+        return AppendAngle(out, value, row.storage, form);
     case ValueMeaning::RailwayStation:
         return WithReal(value, row.storage, [&](auto station) {
             internal::CStationOutput::Instance().AppendRailway(out, station);
@@ -107,7 +116,7 @@ void AppendUserFacingNumber(std::string& out, const CVariantValue& value, const 
     }
 }
 
-void AppendUserFacing(std::string& out, const CVariantValue& value, const TypeRow& row) {
+void AppendUserFacing(std::string& out, const CVariantValue& value, const TypeRow& row, TextForm form) {
     switch (row.storage) {
     case ValueStorage::None:
         out += "null";
@@ -119,7 +128,7 @@ void AppendUserFacing(std::string& out, const CVariantValue& value, const TypeRo
         return internal::CNumberOutput::Instance().Append(out, long{value.Value.Int});
     case ValueStorage::Float:
     case ValueStorage::Double:
-        return AppendUserFacingNumber(out, value, row);
+        return AppendUserFacingNumber(out, value, row, form);
     case ValueStorage::Bool:
         out += value.Value.Bool ? "true" : "false";
         return;
@@ -183,7 +192,7 @@ void AppendValue(std::string& out, const CVariantValue& value, TextForm form,
     else if (form == TextForm::Plain)
         AppendPlain(out, value, *row);
     else
-        AppendUserFacing(out, value, *row);
+        AppendUserFacing(out, value, *row, form);
 }
 
 } // namespace

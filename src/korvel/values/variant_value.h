@@ -14,8 +14,9 @@ class IMemberDispatch;
 
 /// How a value is written as text.
 enum class TextForm {
-    UserFacing, ///< under the user's formats, with unit signs
-    Plain,      ///< the form of a default stream, with no format and no unit
+    UserFacing,    ///< under the user's formats, with unit signs; angles without
+    Plain,         ///< the form of a default stream, with no format and no unit
+    WithAngleUnit, ///< as UserFacing, and an angle says its unit: "90,00\xB0", "100,00 gon", "1,57 rad"
 };
 
 /// The 8 bytes of a value. `Type` of the record says which member counts; only its width is meaningful.
@@ -42,8 +43,8 @@ union ValuePayload {
 /// the record.
 class KORVEL_API CVariantValue {
 public:
-    /// The number as text, entries of a list joined with "; ", empty for a type that has no text form.
-    /// What the formatters throw passes through.
+    /// The number as text, entries of a list joined with "; " (angles without their unit, as a drop-down list
+    /// shows them), empty for a type that has no text form. What the formatters throw passes through.
     std::string ToText(TextForm form = TextForm::UserFacing) const;
 
     /// As `ToText`, after what `out` holds already. When it throws, `out` may hold a part of the text.
