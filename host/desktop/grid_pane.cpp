@@ -55,6 +55,7 @@ GridPane::GridPane() : m_grid(nullptr, nullptr) {
     CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
     m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
                   FirstPlace, this, GridId);
+    m_grid.SetGridOption(EGridOption::AngleUnit, true);
 }
 
 void GridPane::Show(IMemberDispatch& root) {

@@ -35,7 +35,8 @@ private:
     void WriteMember(IMemberDispatch& object, const std::string& name) {
         CVariantValue value;
         object.GetMember(name, value);
-        const std::string text = value.Type == DT_Void ? std::string() : value.ToText();
+        const std::string text =
+            value.Type == DT_Void ? std::string() : value.ToText(TextForm::WithAngleUnit);
         m_out << std::string((m_open.size() - 1) * 2, ' ') << OneLine(name) << '\t' << OneLine(text) << '\n';
         if (value.Type != DT_Group || value.Value.Dispatch == nullptr)
             return;

@@ -1,3 +1,4 @@
+#include "korvel/output/angles.h"
 #include "support/grid_fixture.h"
 
 namespace korvel {
@@ -105,6 +106,29 @@ TEST_F(CellConversions, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) 
     root.onRead = nullptr;
     SetAngleFormatDouble(GermanFormat(0));
     EXPECT_EQ(grid.GetItemText(2, 1), "3");
+}
+
+TEST_F(CellConversions, AnglesSayTheirUnitWhereTheGridIsToldSo) {
+    HostEnumeration angles;
+    angles.type = DT_AngleDouble;
+    angles.entries = {Number(DT_AngleDouble, 1)};
+    point.With("x", Number(DT_AngleDouble, 1)).With("y", Number(DT_LengthDouble, 1));
+    point.With("z", angles.ListValue(DT_ListDouble));
+    root.With("p", Group(&point));
+    SetAngleUnit('g');
+    const std::pair<bool, const char*> changes[] = {
+        {false, "63,66"}, {true, "63,66 gon"}, {true, "63,66 gon"}, {false, "63,66"}, {true, "63,66 gon"}};
+    BindAndExpand();
+    for (const auto& [on, text] : changes) {
+        grid.SetGridOption(EGridOption::AngleUnit, on);
+        EXPECT_EQ(Rows(grid), Lines({"p|", std::string(" x|") + text, " y|1,00 m", " z|63,66"}));
+    }
+    grid.Clear();
+    grid.SetLayoutMultiColumn({"Name", "x", "y", "z"});
+    Bind(root);
+    EXPECT_EQ(Rows(grid), Lines({"p|63,66 gon|1,00 m|63,66"}));
+    grid.SetGridOption(EGridOption::AngleUnit, false);
+    EXPECT_EQ(Rows(grid), Lines({"p|63,66|1,00 m|63,66"}));
 }
 
 // Not what was written before the exception.

@@ -42,7 +42,7 @@ public:
     void OnEnded() override { m_forest = CTreeItem::MakeForest(); }
     void ConvertToOutput(IMemberDispatch*, const std::string&, const CVariantValue& value, std::string& text,
                          CItemInfo::CONTROLTYPE& control) override {
-        ConvertCell(value, text, control);
+        ConvertCell(value, TextForm::UserFacing, text, control);
     }
     int ChooseImage(int image, const std::string&, IMemberDispatch*) override { return image; }
     std::unique_ptr<IObserverGridSink> MakeSink(IMemberDispatch*) override { return nullptr; }

@@ -358,7 +358,7 @@ bool AttributeRows::SetService(IMemberDispatch* disp, const std::string& name, F
     return isShown;
 }
 
-void AttributeRows::OnFormatChanged(FormatService service) {
+void AttributeRows::RewriteMembers(FormatService service) {
     FirstFailure failure;
     m_tree.ChangeMany([&] {
         for (const auto& [disp, name] : m_index.MembersOf(service)) {

@@ -66,6 +66,8 @@ public:
     void ChangePresentation(IMemberDispatch* disp, const std::string& text);
     void Rename(IMemberDispatch* disp, const std::string& name, const std::string& newName);
 
+    /// Reads the members again whose text depends on a service.
+    void RewriteMembers(FormatService service);
     /// Says which format service the text of a member depends on; false when the member is not shown.
     bool SetService(IMemberDispatch* disp, const std::string& name, FormatService service);
     FormatService GetService(IMemberDispatch* disp, const std::string& name) const {
@@ -83,7 +85,7 @@ public:
     RowLayout layout;
 
 private:
-    void OnFormatChanged(FormatService service) override;
+    void OnFormatChanged(FormatService service) override { RewriteMembers(service); }
 
     void Fill(IMemberDispatch* root);
     void InsertMembers(IMemberDispatch& disp, CTreeItem* parent);

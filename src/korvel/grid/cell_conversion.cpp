@@ -67,14 +67,14 @@ std::optional<CellConversion> FindCellConversion(EDataTyps type) {
     return row ? Shown(*row) : std::nullopt;
 }
 
-void ConvertCell(const CVariantValue& value, CString& text, Info::CONTROLTYPE& control) {
+void ConvertCell(const CVariantValue& value, TextForm form, CString& text, Info::CONTROLTYPE& control) {
     const auto conversion = FindCellConversion(value.Type);
     control = conversion ? conversion->control : Info::ctEdit;
     if (!conversion)
         return;
     switch (conversion->text) {
     case CellText::Value:
-        text = value.ToText();
+        text = value.ToText(form);
         break;
     case CellText::TextField:
         text = value.Text;

@@ -26,13 +26,13 @@ struct CellConversion {
 /// No value for the types that a cell does not show: groups, void, and what is no type.
 std::optional<CellConversion> FindCellConversion(EDataTyps type);
 
-/// Writes the text of a cell, and its editor. A type that a cell does not show leaves the text as it is and
-/// gives ctEdit. What the formatters throw passes through.
+/// Writes the text of a cell, values in a user-facing form, and its editor. A type that a cell does not show
+/// leaves the text as it is and gives ctEdit. What the formatters throw passes through.
 ///
 ///     value.Type = DT_ColorRGB;
 ///     value.Value.UInt = 0xFF0000FF;
-///     ConvertCell(value, text, control);   // "0xff0000ff", ctColor
-void ConvertCell(const CVariantValue& value, CString& text, CItemInfo::CONTROLTYPE& control);
+///     ConvertCell(value, TextForm::UserFacing, text, control);   // "0xff0000ff", ctColor
+void ConvertCell(const CVariantValue& value, TextForm form, CString& text, CItemInfo::CONTROLTYPE& control);
 
 /// The service for a value: for a list that of its entries.
 FormatService FormatServiceOf(const CVariantValue& value);

@@ -194,6 +194,14 @@ const EGridLayout& CEditableGrid::GetGridLayout() const {
     return m_binding->rows.layout.kind;
 }
 
+void CEditableGrid::SetGridOption(EGridOption option, bool on) {
+    if (GetGridOption(option) == on)
+        return;
+    const ModuleStateGuard guard;
+    m_options ^= static_cast<std::uint32_t>(option);
+    m_binding->rows.RewriteMembers(FormatService::Angle); // no option concerns other cells
+}
+
 bool CEditableGrid::IsInitialized() const {
     return m_binding->rows.IsBound();
 }
@@ -341,7 +349,8 @@ bool CEditableGrid::RemoveSink(EDataTyps type, IMemberDispatch* disp, const std:
 
 void CEditableGrid::ConvertToOutput(IMemberDispatch*, const std::string&, const CVariantValue& value,
                                     std::string& text, CItemInfo::CONTROLTYPE& control) {
-    ConvertCell(value, text, control);
+    const bool hasUnit = GetGridOption(EGridOption::AngleUnit);
+    ConvertCell(value, hasUnit ? TextForm::WithAngleUnit : TextForm::UserFacing, text, control);
 }
 
 void CEditableGrid::ModifyImageStyle(std::uint32_t add, std::uint32_t remove) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/grid/grid_layout.h"
+#include "korvel/grid/grid_option.h"
 #include "korvel/grid/super_grid_ctrl.h"
 #include "korvel/values/observer_grid.h"
 
@@ -79,6 +80,9 @@ public:
     const EGridLayout& GetGridLayout() const;
     const std::vector<SColumnInfo>& GetColumnInfo() const { return m_ColumnInfo; }
     void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
+    /// All options are off at first; a change rewrites the cells that it concerns.
+    void SetGridOption(EGridOption option, bool on);
+    bool GetGridOption(EGridOption option) const { return m_options & static_cast<std::uint32_t>(option); }
     /// The column of a member; 1 for a name without a column.
     int GetSubItem(const std::string& name) const;
     /// The member of a column; empty for a column without a member.
@@ -105,8 +109,8 @@ public:
     void RemoveDispMember(CTreeItem* parent, IMemberDispatch* disp, const std::string& name,
                           const CVariantValue& value);
 
-    /// Text and editor of a value's cell; `text` stays as it is for a type that a cell does not show. What it
-    /// throws leaves an empty cell.
+    /// Text and editor of a value's cell, under the options; `text` stays as it is for a type that a cell does
+    /// not show. What it throws leaves an empty cell.
     virtual void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
                                  std::string& text, CItemInfo::CONTROLTYPE& control);
     /// True draws the check box of a cell checked whatever the value is.
@@ -207,6 +211,7 @@ private:
     std::string MemberOfCell(const CTreeItem& node, int column) const;
 
     std::unique_ptr<Binding> m_binding;
+    std::uint32_t m_options = 0; // bits of EGridOption
 };
 
 } // namespace korvel
