@@ -1,6 +1,7 @@
 #include "korvel/layout/subclass_wnd.h"
 #include "korvel/window/core/cwnd.h"
 #include "korvel/window/display/headless_display.h"
+#include "support/table.h"
 
 #include <algorithm>
 #include <functional>
@@ -80,20 +81,17 @@ TEST_F(SubclassWndTest, HooksLeaveInAnyOrder) {
 }
 
 TEST_F(SubclassWndTest, HooksThatLeaveWhileAMessagePassesLoseNoneForTheOthers) {
-    struct Case {
-        const char *leaving /* while b handles the message */, *hearing, *hearingNext;
-    };
-    const Case cases[] = {{"b", "cbawindow", "cawindow"},
-                          {"ba", "cbwindow", "cwindow"},
-                          {"ab", "cbwindow", "cwindow"},
-                          {"c", "cbawindow", "bawindow"},
-                          {"cba", "cbwindow", "window"}};
-    for (const Case& row : cases) {
+    for (const auto& [leaving, hearing, hearingNext] : // leaving while b handles the message
+         Table<const char*, const char*>{{"b", "cbawindow", "cawindow"},
+                                         {"ba", "cbwindow", "cwindow"},
+                                         {"ab", "cbwindow", "cwindow"},
+                                         {"c", "cbawindow", "bawindow"},
+                                         {"cba", "cbwindow", "window"}}) {
         Set("abc", window);
-        b.before = [&] { Set(row.leaving, nullptr); };
-        EXPECT_EQ(Send(), row.hearing) << row.leaving;
+        b.before = [&names = leaving, this] { Set(names, nullptr); };
+        EXPECT_EQ(Send(), hearing) << leaving;
         b.before = nullptr;
-        EXPECT_EQ(Send(), row.hearingNext) << row.leaving;
+        EXPECT_EQ(Send(), hearingNext) << leaving;
         Set("abc", nullptr);
         EXPECT_EQ(Procedure(), own);
     }

@@ -14,12 +14,11 @@ namespace korvel {
 
 using Codes = std::vector<UINT>;
 
-/// The parent of controls: keeps their notices, and does at a notice what the test says.
+/// The parent of controls, which keeps their notices.
 class ControlParent : public CWnd {
 public:
     std::vector<unsigned> senders; // control ids
     Codes codes;
-    std::function<void(UINT)> onNotice;
 
     Codes Take() { return std::exchange(codes, {}); }
 
@@ -27,8 +26,6 @@ protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override {
         senders.push_back(LOWORD(wParam));
         codes.push_back(HIWORD(wParam));
-        if (onNotice)
-            onNotice(HIWORD(wParam));
         return CWnd::OnCommand(wParam, lParam);
     }
 };

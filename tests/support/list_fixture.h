@@ -18,36 +18,35 @@ namespace korvel {
 using Notices = std::vector<std::string>;
 using Rows = std::vector<int>;
 
-/// The names of a list's notices, as the tests read them; the others are not logged.
-inline std::string NoticeName(UINT code) {
-    static const std::map<UINT, std::string> names = {
-        {NM_CLICK, "click"},          {NM_DBLCLK, "double click"},
-        {NM_RCLICK, "right click"},   {LVN_ITEMCHANGING, "changing"},
-        {LVN_ITEMCHANGED, "changed"}, {LVN_INSERTITEM, "insert"},
-        {LVN_DELETEITEM, "delete"},   {LVN_DELETEALLITEMS, "delete all"},
-        {LVN_BEGINDRAG, "drag"},
-    };
-    const auto found = names.find(code);
-    return found == names.end() ? std::string() : found->second;
-}
-
-/// The parent of a list: keeps its notices and returns what the test says.
+/// The parent of a list: keeps its notices, and does at a notice what the test says.
 class ListParent : public CWnd {
 public:
-    std::vector<std::string> notices; // "name row"
-    std::function<LRESULT(const NMLISTVIEW&)> answer;
+    Notices notices; // "name row"
+    std::map<UINT, std::function<LRESULT(const NMLISTVIEW&)>> on;
 
-    std::vector<std::string> Take() { return std::exchange(notices, {}); }
+    Notices Take() { return std::exchange(notices, {}); }
 
 protected:
     bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
         const auto& notice = *reinterpret_cast<const NMLISTVIEW*>(lParam);
-        if (const auto name = NoticeName(notice.hdr.code); !name.empty())
-            notices.push_back(name + " " + std::to_string(notice.iItem));
-        if (answer)
-            *result = answer(notice);
-        return answer != nullptr || CWnd::OnNotify(wParam, lParam, result);
+        if (const auto name = names.find(notice.hdr.code); name != names.end())
+            notices.push_back(name->second + std::to_string(notice.iItem));
+        const auto handler = on.find(notice.hdr.code);
+        if (handler == on.end())
+            return CWnd::OnNotify(wParam, lParam, result);
+        const auto handle = handler->second; // it may take itself away
+        *result = handle(notice);
+        return true;
     }
+
+private:
+    inline static const std::map<UINT, std::string> names = {
+        {NM_CLICK, "click "},          {NM_DBLCLK, "double click "},
+        {NM_RCLICK, "right click "},   {LVN_ITEMCHANGING, "changing "},
+        {LVN_ITEMCHANGED, "changed "}, {LVN_INSERTITEM, "insert "},
+        {LVN_DELETEITEM, "delete "},   {LVN_DELETEALLITEMS, "delete all "},
+        {LVN_BEGINDRAG, "drag "},
+    };
 };
 
 /// A list of 200 by 124 pixels with rows "row 0" and so on: the header takes 24, a row 20, so that five
@@ -61,11 +60,14 @@ protected:
 
     // Notices that are sent while the windows end find no test any more.
     void TearDown() override {
-        parent.answer = nullptr;
+        parent.on.clear();
         list.DestroyWindow();
     }
 
+    /// Instead of the list before it, with whose handlers it begins anew.
     void MakeList(int rows, UINT style = LVS_SINGLESEL) {
+        parent.on.clear();
+        list.DestroyWindow();
         list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | style, {0, 0, 200, 124}, &parent, 105);
         list.InsertColumn(0, "Name", 100);
         list.InsertColumn(1, "Value", 50);
@@ -86,13 +88,15 @@ protected:
     static int RowTop(int row) { return 24 + row * 20; }
     static CPoint InRow(int row, int x = 30) { return {x, RowTop(row) + 10}; }
 
-    void Press(CPoint point, UINT flags = 0) {
-        input::Mouse(list.m_hWnd, WM_LBUTTONDOWN, flags | MK_LBUTTON, point);
-    }
+    void Select(int row) { list.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED); }
     void Choose(int row) { list.SetItemState(row, Both, Both); }
+    void Mouse(UINT message, CPoint point, UINT flags = 0) {
+        input::Mouse(list.m_hWnd, message, flags, point);
+    }
+    void Press(CPoint point, UINT flags = 0) { Mouse(WM_LBUTTONDOWN, point, flags | MK_LBUTTON); }
     void Click(CPoint point, UINT flags = 0) {
         Press(point, flags);
-        input::Mouse(list.m_hWnd, WM_LBUTTONUP, flags, point);
+        Mouse(WM_LBUTTONUP, point, flags);
     }
     void Key(UINT key, const CString& characters = {}) {
         input::Key(list.m_hWnd, WM_KEYDOWN, key, characters);
@@ -104,11 +108,17 @@ protected:
         display.PressKey(modifier, false);
     }
 
-    std::vector<int> Selected() const {
-        std::vector<int> rows;
+    Rows Selected() const {
+        Rows rows;
         for (int row = -1; (row = list.GetNextItem(row, LVNI_SELECTED)) != -1;)
             rows.push_back(row);
         return rows;
+    }
+    std::string Labels() const {
+        std::string labels;
+        for (int row = 0; row < list.GetItemCount(); ++row)
+            labels += (row > 0 ? "," : "") + list.GetItemText(row, 0);
+        return labels;
     }
     int Focused() const { return list.GetNextItem(-1, LVNI_FOCUSED); }
 

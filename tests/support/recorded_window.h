@@ -16,7 +16,7 @@ namespace korvel {
 using Log = std::vector<std::string>;
 
 /// A window that writes the named messages that it hears into a log, and does at a message what the test
-/// told it to.
+/// says; CWnd::GetCurrentMessage has its parameters.
 class RecordedWindow : public CWnd {
 public:
     using Reaction = std::function<void()>;
@@ -33,7 +33,7 @@ public:
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (const auto named = names.find(message); named != names.end())
-            m_log.push_back(m_name + " " + named->second);
+            m_log.push_back(m_name + " " + named->second + Detail(message, wParam, lParam));
         if (!React(message))
             return 0;
         const auto fixed = answer.find(message);
@@ -59,27 +59,43 @@ private:
         return FromHandlePermanent(window) == this;
     }
 
-    inline static const std::map<UINT, std::string> names = {
-        {WM_CREATE, "create"},
-        {WM_DESTROY, "destroy"},
-        {WM_NCDESTROY, "end"},
-        {WM_SIZE, "size"},
-        {WM_MOVE, "move"},
-        {WM_SHOWWINDOW, "show"},
-        {WM_SETFOCUS, "focus"},
-        {WM_KILLFOCUS, "no focus"},
-        {WM_TIMER, "timer"},
-        {WM_KEYDOWN, "key"},
-        {WM_CHAR, "char"},
-        {WM_SYSKEYDOWN, "syskey"},
-        {WM_SYSCHAR, "syschar"},
-        {WM_LBUTTONDOWN, "press"},
-        {WM_MOUSEWHEEL, "wheel"},
-        {WM_CAPTURECHANGED, "capture lost"},
-        {WM_CONTEXTMENU, "menu"},
-        {WM_USER, "user"},
-        {WM_WINDOWPOSCHANGED, "placed"},
-    };
+    static std::string Detail(UINT message, WPARAM wParam, LPARAM lParam) {
+        if ((message >= WM_KEYDOWN && message <= WM_SYSCHAR) || message == WM_ENABLE ||
+            message == WM_SHOWWINDOW)
+            return " " + std::to_string(wParam);
+        if (message == WM_COMMAND)
+            return " " + std::to_string(HIWORD(wParam)) + " of " + std::to_string(LOWORD(wParam));
+        const auto* notice = message == WM_NOTIFY ? reinterpret_cast<const NMHDR*>(lParam) : nullptr;
+        return notice ? " " + std::to_string(static_cast<int>(notice->code)) : "";
+    }
+
+    inline static const std::map<UINT, std::string> names = {{WM_CREATE, "create"},
+                                                             {WM_DESTROY, "destroy"},
+                                                             {WM_NCDESTROY, "end"},
+                                                             {WM_SIZE, "size"},
+                                                             {WM_MOVE, "move"},
+                                                             {WM_SHOWWINDOW, "show"},
+                                                             {WM_SETFOCUS, "focus"},
+                                                             {WM_KILLFOCUS, "no focus"},
+                                                             {WM_TIMER, "timer"},
+                                                             {WM_KEYDOWN, "key"},
+                                                             {WM_CHAR, "char"},
+                                                             {WM_SYSKEYDOWN, "syskey"},
+                                                             {WM_SYSCHAR, "syschar"},
+                                                             {WM_LBUTTONDOWN, "press"},
+                                                             {WM_MOUSEWHEEL, "wheel"},
+                                                             {WM_CAPTURECHANGED, "capture lost"},
+                                                             {WM_CONTEXTMENU, "menu"},
+                                                             {WM_USER, "user"},
+                                                             {WM_WINDOWPOSCHANGED, "placed"},
+                                                             {WM_KEYUP, "key up"},
+                                                             {WM_LBUTTONUP, "release"},
+                                                             {WM_LBUTTONDBLCLK, "double click"},
+                                                             {WM_NCLBUTTONDOWN, "press outside"},
+                                                             {WM_COMMAND, "command"},
+                                                             {WM_NOTIFY, "notice"},
+                                                             {WM_ENABLE, "enable"},
+                                                             {WM_CLOSE, "close"}};
     std::string m_name;
     Log& m_log;
 };

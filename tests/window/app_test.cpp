@@ -5,39 +5,35 @@
 #include "support/scratch.h"
 
 #include <gtest/gtest.h>
-#include <stdexcept>
 
 namespace korvel {
 namespace {
 
-TEST(ModuleState, AGuardPutsBackWhatWasThereAlsoWhenItIsLeftByAnException) {
+TEST(ModuleState, AGuardPutsBackWhatWasThere) {
     CWinApp host;
     SetHostApp(&host);
-    try {
+    {
         const ModuleStateGuard outer;
         { const ModuleStateGuard inner; }
         EXPECT_EQ(GetModuleState().app, &GetModuleApp());
-        throw std::runtime_error("left");
-    } catch (const std::runtime_error&) {
-        EXPECT_EQ(GetModuleState().app, &host);
     }
+    EXPECT_EQ(GetModuleState().app, &host);
     SetHostApp(nullptr);
     EXPECT_EQ(GetModuleState().app, nullptr);
 }
 
 TEST(Application, StartsWithoutALanguageAndReadsTheOneThatIsNamedLater) {
-    const platform::ScratchStore user;
-    const platform::ScratchFolder machine;
-    platform::SetStorePath(platform::SettingsRoot::Machine, machine.Path() / "settings.sqlite");
+    using namespace platform;
+    const ScratchStore stores;
     CKorvelCommonDialogsApp app;
-    EXPECT_EQ(app.InitInstance(), 1);
-    EXPECT_EQ(app.GetLanguageName(), "");
-    platform::CreateKey(platform::SettingsRoot::User, RegistryPath);
-    platform::WriteSetting(platform::SettingsRoot::User, RegistryPath, "Language",
-                           platform::SettingValue::Text("German"));
-    EXPECT_EQ(app.InitInstance(), 1);
-    EXPECT_EQ(app.GetLanguageName(), "German");
-    platform::SetStorePath(platform::SettingsRoot::Machine, {});
+    for (const char* language : {"", "German"}) {
+        if (*language) {
+            CreateKey(SettingsRoot::User, RegistryPath);
+            WriteSetting(SettingsRoot::User, RegistryPath, "Language", SettingValue::Text(language));
+        }
+        EXPECT_EQ(app.InitInstance(), 1);
+        EXPECT_EQ(app.GetLanguageName(), language);
+    }
 }
 
 TEST(RegisteredMessages, AreKnownByTheirNamesWhateverTheirCase) {

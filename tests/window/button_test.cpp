@@ -2,6 +2,7 @@
 #include "support/control_fixture.h"
 
 #include <array>
+#include <functional>
 
 namespace korvel {
 namespace {
@@ -79,13 +80,12 @@ TEST_F(ButtonTest, AnOwnerDrawnButtonShowsThatItIsPressed) {
         void DrawItem(DRAWITEMSTRUCT* item) override { state = item->itemState; }
     } button;
     Make(button, BS_OWNERDRAW);
+    const CPoint outside{90, 10};
     for (const auto& [border, act, state] : Table<std::function<void()>, UINT>{
+             {"at first", [] {}, 0},
              {"pressed", [&] { Mouse(button, WM_LBUTTONDOWN); }, ODS_SELECTED | ODS_FOCUS},
-             {"left",
-              [&] {
-                  Mouse(button, WM_MOUSEMOVE, {90, 10});
-              },
-              ODS_FOCUS},
+             {"left", [&] { Mouse(button, WM_MOUSEMOVE, outside); }, ODS_FOCUS},
+             {"entered again", [&] { Mouse(button, WM_MOUSEMOVE); }, ODS_SELECTED | ODS_FOCUS},
              {"disabled", [&] { button.EnableWindow(false); }, ODS_DISABLED}}) {
         act();
         display.PaintWindow(button.m_hWnd);

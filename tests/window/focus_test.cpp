@@ -58,15 +58,13 @@ TEST_F(FocusTest, StopsWhenItIsMovedOn) {
 }
 
 TEST_F(FocusTest, LeavesWhileTheWindowStillCountsAsVisible) {
-    const Table<std::function<void()>, HWND> rows = {
-        {"hidden", [this] { first.ShowWindow(SW_HIDE); }, group.m_hWnd},
-        {"its parent hidden", [this] { group.ShowWindow(SW_HIDE); }, frame.m_hWnd},
-        {"disabled", [this] { first.EnableWindow(false); }, nullptr},
-        {"its parent disabled", [this] { group.EnableWindow(false); }, nullptr},
-        {"its top-level window hidden", [this] { frame.ShowWindow(SW_HIDE); }, nullptr},
-        {"destroyed", [this] { first.DestroyWindow(); }, group.m_hWnd},
-    };
-    for (const auto& [border, act, heir] : rows) {
+    for (const auto& [border, act, heir] : Table<std::function<void()>, HWND>{
+             {"hidden", [this] { first.ShowWindow(SW_HIDE); }, group.m_hWnd},
+             {"its parent hidden", [this] { group.ShowWindow(SW_HIDE); }, frame.m_hWnd},
+             {"disabled", [this] { first.EnableWindow(false); }, nullptr},
+             {"its parent disabled", [this] { group.EnableWindow(false); }, nullptr},
+             {"its top-level window hidden", [this] { frame.ShowWindow(SW_HIDE); }, nullptr},
+             {"destroyed", [this] { first.DestroyWindow(); }, group.m_hWnd}}) {
         bool visible = false;
         first.on[WM_KILLFOCUS] = [&] { visible = first.IsWindowVisible(); };
         act();

@@ -11,10 +11,10 @@ TEST_F(ListMouse, APressSelectsAReleaseIsTheClickAndTheCheckBoxToggles) {
     Press(InRow(1));
     EXPECT_EQ(GetFocus(), list.m_hWnd);
     EXPECT_EQ(parent.Take(), (Notices{"changing 1", "changed 1"}));
-    input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(1));
+    Mouse(WM_LBUTTONUP, InRow(1));
     EXPECT_EQ(parent.Take(), Notices{"click 1"});
-    input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1));
-    input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(1));
+    Mouse(WM_LBUTTONDBLCLK, InRow(1), MK_LBUTTON);
+    Mouse(WM_LBUTTONUP, InRow(1));
     EXPECT_EQ(parent.Take(), Notices{"double click 1"});
     Click({180, 100}); // beside the columns
     EXPECT_EQ(Selected(), Rows{});
@@ -29,25 +29,23 @@ TEST_F(ListMouse, APressSelectsAReleaseIsTheClickAndTheCheckBoxToggles) {
 
 TEST_F(ListMouse, ShiftAndControlChooseSeveralRows) {
     MakeList(5, 0);
-    const auto rightClick = [&](int row) {
-        input::Mouse(list.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, InRow(row));
-        input::Mouse(list.m_hWnd, WM_RBUTTONUP, 0, InRow(row));
+    const auto click = [this](int row, UINT flags) { return [=, this] { Click(InRow(row), flags); }; };
+    const auto rightClick = [this](int row) {
+        return [=, this] { Mouse(WM_RBUTTONDOWN, InRow(row), MK_RBUTTON), Mouse(WM_RBUTTONUP, InRow(row)); };
     };
-    for (const auto& [border, act, selected] : Table<std::function<void()>, Rows>{
-             {"one", [&] { Click(InRow(1)); }, {1}},
-             {"Shift", [&] { Click(InRow(3), MK_SHIFT); }, {1, 2, 3}},
-             {"Control", [&] { Click(InRow(2), MK_CONTROL); }, {1, 3}},
-             {"a miss with a modifier",
-              [&] {
-                  Click({180, 100}, MK_CONTROL);
-              },
-              {1, 3}},
-             {"a menu for all selected rows", [&] { rightClick(1); }, {1, 3}},
-             {"a press, as it might be a drag of all", [&] { Press(InRow(3)); }, {1, 3}},
-             {"its release", [&] { input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(3)); }, {3}},
-             {"a menu for another row", [&] { rightClick(0); }, {0}}}) {
+    const CPoint beside{180, 100};
+    for (const auto& [border, act, selected, focused] : Table<std::function<void()>, Rows, int>{
+             {"one", click(1, 0), {1}, 1},
+             {"Shift", click(3, MK_SHIFT), {1, 2, 3}, 3},
+             {"Control", click(2, MK_CONTROL), {1, 3}, 2},
+             {"a miss with a modifier", [&] { Click(beside, MK_CONTROL); }, {1, 3}, 2},
+             {"a menu for all selected rows", rightClick(1), {1, 3}, 1},
+             {"a press, as it might be a drag of all", [&] { Press(InRow(3)); }, {1, 3}, 3},
+             {"its release", [&] { Mouse(WM_LBUTTONUP, InRow(3)); }, {3}, 3},
+             {"a menu for another row", rightClick(0), {0}, 0}}) {
         act();
         EXPECT_EQ(Selected(), selected) << border;
+        EXPECT_EQ(Focused(), focused) << border;
     }
     EXPECT_EQ(parent.Take().back(), "right click 0");
 }
@@ -60,9 +58,8 @@ TEST_F(ListMouse, ADragBeginsAFewPixelsFromThePress) {
                                    {"released outside of the list", 90, 0, {}}}) {
         Press(InRow(1));
         parent.notices.clear();
-        input::Mouse(list.m_hWnd, WM_MOUSEMOVE, flags, InRow(1, x));
-        input::Mouse(list.m_hWnd, WM_MOUSEMOVE, flags, InRow(1, x));
-        input::Mouse(list.m_hWnd, WM_LBUTTONUP, 0, InRow(1, x));
+        for (const UINT message : {WM_MOUSEMOVE, WM_MOUSEMOVE, WM_LBUTTONUP})
+            Mouse(message, InRow(1, x), flags);
         EXPECT_EQ(parent.Take(), notices) << border;
     }
 }
@@ -70,15 +67,10 @@ TEST_F(ListMouse, ADragBeginsAFewPixelsFromThePress) {
 TEST_F(ListMouse, AHandlerMayDestroyTheListInAnyNotice) {
     for (const UINT code :
          {LVN_ITEMCHANGING, LVN_ITEMCHANGED, NM_CLICK, NM_DBLCLK, LVN_KEYDOWN, NM_SETFOCUS}) {
-        parent.answer = nullptr;
         MakeList(3);
-        parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
-            if (notice.hdr.code == code)
-                list.DestroyWindow();
-            return 0;
-        };
+        parent.on[code] = [&](const auto&) { return !list.DestroyWindow(); };
         Click(InRow(1));
-        input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1));
+        Mouse(WM_LBUTTONDBLCLK, InRow(1), MK_LBUTTON);
         Key(VK_DOWN);
         EXPECT_EQ(list.m_hWnd, nullptr) << code;
     }
@@ -92,49 +84,49 @@ protected:
     void SetUp() override {
         ListTest::SetUp();
         MakeList(3);
-        parent.answer = [this](const NMLISTVIEW& notice) -> LRESULT {
-            if (notice.hdr.code != LVN_ENDLABELEDIT)
-                return 0;
+        parent.on[LVN_ENDLABELEDIT] = [this](const NMLISTVIEW& notice) {
             const char* text = reinterpret_cast<const NMLVDISPINFO&>(notice).pszText;
             texts.push_back(text ? text : "(null)");
             return acceptance;
         };
     }
 
-    HWND Begin(int row, const char* typed) {
-        const HWND edit = list.EditLabel(row);
+    HWND Begin(const char* typed) {
+        const HWND edit = list.EditLabel(1);
         SetWindowTextA(edit, typed);
         return edit;
     }
+    void Press(UINT key) { input::Key(list.GetEditControl(), WM_KEYDOWN, key, "\r"); }
 };
 
 TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
-    const auto press = [](UINT key) { return [key](HWND edit) { input::Key(edit, WM_KEYDOWN, key, "\r"); }; };
-    const auto scroll = [this](HWND) {
-        list.MoveWindow({0, 0, 200, 64});
-        list.Scroll({0, 20});
-    };
-    for (const auto& [border, answer, end, told, textAfter] :
-         Table<LRESULT, std::function<void(HWND)>, const char*, const char*>{
-             {"Return takes", 1, press(VK_RETURN), "typed", "typed"},
-             {"a refused text", 0, press(VK_RETURN), "typed", "row 1"},
-             {"Escape gives up", 1, press(VK_ESCAPE), "(null)", "row 1"},
-             {"the focus leaves", 1, [this](HWND) { SetFocus(parent.m_hWnd); }, "typed", "typed"},
-             {"a click into the list", 1, [this](HWND) { Click(InRow(2)); }, "typed", "typed"},
-             {"scrolling", 1, scroll, "typed", "typed"},
-             {"cancelled", 1, [this](HWND) { list.CancelEditLabel(); }, "(null)", "row 1"},
-             {"an edit of no row", 1, [this](HWND) { list.EditLabel(-1); }, "(null)", "row 1"},
-             {"the row goes", 1, [this](HWND) { list.DeleteItem(1); }, "(null)", "row 2"}}) {
+    const auto press = [this](UINT key) { return [=, this] { Press(key); }; };
+    const CRect low{0, 0, 200, 64};
+    for (const auto& [border, answer, end, told, labels] :
+         Table<LRESULT, std::function<void()>, const char*, const char*>{
+             {"Return takes", 1, press(VK_RETURN), "typed", "row 0,typed,row 2"},
+             {"a refused text", 0, press(VK_RETURN), "typed", "row 0,row 1,row 2"},
+             {"Escape gives up", 1, press(VK_ESCAPE), "(null)", "row 0,row 1,row 2"},
+             {"the focus leaves", 1, [this] { parent.SetFocus(); }, "typed", "row 0,typed,row 2"},
+             {"a click into the list", 1, [this] { Click(InRow(2)); }, "typed", "row 0,typed,row 2"},
+             {"scrolling", 1,
+              [&] {
+                  list.MoveWindow(low), list.Scroll({0, 20});
+              },
+              "typed", "row 0,typed,row 2"},
+             {"cancelled", 1, [this] { list.CancelEditLabel(); }, "(null)", "row 0,row 1,row 2"},
+             {"an edit of no row", 1, [this] { list.EditLabel(3); }, "(null)", "row 0,row 1,row 2"},
+             {"the row goes", 1, [this] { list.DeleteItem(1); }, "(null)", "row 0,row 2"}}) {
         SCOPED_TRACE(border);
         acceptance = answer;
         texts.clear();
         list.SetItemText(1, 0, "row 1");
-        const HWND edit = Begin(1, "typed");
+        const HWND edit = Begin("typed");
         ASSERT_EQ(GetFocus(), edit);
         EXPECT_EQ(list.GetEditControl(), edit);
-        end(edit);
+        end();
         EXPECT_EQ(texts, Notices{told});
-        EXPECT_EQ(list.GetItemText(1, 0), textAfter);
+        EXPECT_EQ(Labels(), labels);
         EXPECT_FALSE(IsWindow(edit));
         EXPECT_EQ(list.GetEditControl(), nullptr);
     }
@@ -143,58 +135,51 @@ TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
 TEST_F(ListLabelEdit, TheEditExistsWhileItsBeginningCanBeRefused) {
     for (const bool refused : {true, false}) {
         HWND seen = nullptr;
-        parent.answer = [&](const NMLISTVIEW& notice) {
-            if (notice.hdr.code == LVN_BEGINLABELEDIT)
-                SetWindowTextA(seen = list.GetEditControl(), "from the host");
-            return refused && notice.hdr.code == LVN_BEGINLABELEDIT;
+        parent.on[LVN_BEGINLABELEDIT] = [&](const auto&) {
+            SetWindowTextA(seen = list.GetEditControl(), "from the host");
+            return refused;
         };
         EXPECT_EQ(list.EditLabel(0) == nullptr, refused);
         EXPECT_EQ(GetWindowTextA(seen), refused ? "" : "from the host");
-        parent.answer = nullptr;
     }
-    EXPECT_EQ(list.EditLabel(3), nullptr); // no such row: the running edit has ended all the same
-    EXPECT_EQ(list.GetEditControl(), nullptr);
 }
 
 TEST_F(ListLabelEdit, FollowsItsRowAndGivesItTheTextThatItKeepsItself) {
     for (const bool hasTextSource : {false, true}) {
-        list.SetTextSource(hasTextSource ? [](LPARAM, int) { return CString("lent"); }
-                                         : CListCtrl::TextSource());
-        const HWND edit = Begin(1, "typed");
+        if (hasTextSource)
+            list.SetTextSource([](LPARAM, int) { return "lent"; });
+        const HWND edit = Begin("typed");
         const int top = view::Rectangle(edit).top;
         list.InsertItem(0, "new");
         EXPECT_EQ(view::Rectangle(edit).top, top + 20);
-        input::Key(list.GetEditControl(), WM_KEYDOWN, VK_RETURN, "\r");
+        Press(VK_RETURN);
         EXPECT_EQ(list.GetItemText(2, 0), "typed");
     }
 }
 
 TEST_F(ListLabelEdit, NoneIsLeftByAHandlerThatBeginsAnotherOrThrows) {
-    const HWND edit = Begin(1, "typed");
-    parent.answer = [&](const NMLISTVIEW& notice) -> LRESULT {
-        return notice.hdr.code == LVN_ENDLABELEDIT && !list.EditLabel(2);
-    };
-    input::Key(edit, WM_KEYDOWN, VK_RETURN, "\r");
-    EXPECT_EQ(list.GetItemText(1, 0), "typed");
-    EXPECT_EQ(list.GetItemText(2, 0), "row 2");
+    Begin("typed");
+    parent.on[LVN_ENDLABELEDIT] = [&](const auto&) { return !list.EditLabel(2); };
+    Press(VK_RETURN);
+    EXPECT_EQ(Labels(), "row 0,typed,row 2");
     for (const UINT thrower : {LVN_BEGINLABELEDIT, LVN_ENDLABELEDIT}) {
-        parent.answer = [=](const NMLISTVIEW& notice) -> LRESULT {
-            return notice.hdr.code == thrower ? throw std::runtime_error("refused") : 0;
-        };
+        parent.on = {{thrower, [](const auto&) -> LRESULT { throw std::runtime_error("refused"); }}};
         EXPECT_THROW((list.EditLabel(1), list.CancelEditLabel()), std::runtime_error);
         EXPECT_EQ(list.GetEditControl(), nullptr);
         EXPECT_EQ(GetNextSibling(GetFirstChild(list.m_hWnd)), nullptr) << "the header alone";
     }
 }
 
-TEST_F(ListLabelEdit, ASecondSlowClickBeginsIt) {
+TEST_F(ListLabelEdit, ASecondSlowClickBeginsItOnce) {
     list.ModifyStyle(0, LVS_EDITLABELS);
-    for (const auto& [border, isDouble, begins] : Table<bool, bool>{{"the first click", false, false},
-                                                                    {"a double click", true, false},
-                                                                    {"a slow one", false, true}}) {
-        Click(InRow(1));
-        if (isDouble)
-            input::Mouse(list.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, InRow(1));
+    const auto click = [this] { Click(InRow(1)); };
+    const auto doubleClick = [&] { click(), Mouse(WM_LBUTTONDBLCLK, InRow(1), MK_LBUTTON); };
+    for (const auto& [border, act, begins] :
+         Table<std::function<void()>, bool>{{"the first click", click, false},
+                                            {"a double click", doubleClick, false},
+                                            {"a slow one", click, true},
+                                            {"after its end", [this] { Press(VK_ESCAPE); }, false}}) {
+        act();
         display.Advance(std::chrono::seconds(1));
         EXPECT_EQ(list.GetEditControl() != nullptr, begins) << border;
     }

@@ -16,10 +16,11 @@ protected:
         return texts;
     }
     bool Paints(PaintCall::Kind kind, const CRect& rect, COLORREF color) {
-        const auto calls = display.PaintWindow(list.m_hWnd);
-        return std::any_of(calls.begin(), calls.end(), [&](const PaintCall& call) {
-            return call.kind == kind && call.rect == rect && call.color == color;
-        });
+        return std::ranges::any_of(
+            display.PaintWindow(list.m_hWnd),
+            [&](const PaintCall& call) {
+                return call.kind == kind && call.rect == rect && call.color == color;
+            });
     }
 };
 

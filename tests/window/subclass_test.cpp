@@ -28,17 +28,13 @@ HWND MakeClassWindow() {
     return CreateWindowExA(0, "subclasstestCLASS", "", 0, {}, nullptr, 0);
 }
 
-void Hook(HWND window) {
-    g_former = reinterpret_cast<WNDPROC>(
-        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(HookProcedure)));
-}
-
 TEST_F(SubclassTest, AnObjectMayGoFromBelowAHook) {
     g_log = &log;
     RecordedWindow object("object", log), next("next", log);
     const HWND window = MakeClassWindow();
     ASSERT_TRUE(object.SubclassWindow(window));
-    Hook(window);
+    g_former = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(HookProcedure)));
     EXPECT_EQ(SendMessageA(window, WM_USER, 41, 0), 42);
     EXPECT_THAT(Heard(), ElementsAre("hook user", "object user", "class user")) << "the newest first";
     EXPECT_EQ(object.UnsubclassWindow(), window);

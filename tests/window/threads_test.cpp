@@ -46,21 +46,18 @@ TEST_F(ThreadsTest, SendsAndPostsRunOnTheOwnersThreadInTheOrderOfEachSender) {
         }
     } target;
     target.CreateEx(0, "KorvelFrame", "", 0, {}, nullptr, 0);
+    const auto send = [Each, handle = target.m_hWnd](WPARAM number) {
+        for (int i = 0; i < Each; ++i)
+            if (number % 2 == 0)
+                PostMessageA(handle, WM_USER, number, i);
+            else
+                EXPECT_EQ(korvel::SendMessageA(handle, WM_USER, number, i), i * 2);
+    };
     std::vector<std::future<void>> workers;
     for (WPARAM number = 0; number < target.heard.size(); ++number)
-        workers.push_back(std::async(
-            std::launch::async,
-            [number, handle = target.m_hWnd] {
-                for (int i = 0; i < Each; ++i)
-                    if (number % 2 == 0)
-                        PostMessageA(handle, WM_USER, number, i);
-                    else
-                        EXPECT_EQ(korvel::SendMessageA(handle, WM_USER, number, i), i * 2);
-            }));
-    display.PumpUntil([&] {
-        return std::all_of(target.heard.begin(), target.heard.end(),
-                           [](const auto& numbers) { return numbers.size() == Each; });
-    });
+        workers.push_back(std::async(std::launch::async, send, number));
+    const auto isComplete = [](const auto& numbers) { return numbers.size() == Each; };
+    display.PumpUntil([&] { return std::ranges::all_of(target.heard, isComplete); });
     for (const auto& numbers : target.heard)
         EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
 }
@@ -145,28 +142,17 @@ TEST_F(ThreadsTest, AThreadThatEndsTakesItsWindowsAlong) {
                  PostMessageA(left, WM_USER, 0, 0));
 }
 
-TEST_F(ThreadsTest, OnlyTheDisplayInForceIsWokenByWhatItsThreadGets) {
-    struct CountingDisplay : HeadlessDisplay {
+TEST_F(ThreadsTest, OnlyTheDisplayInForceHearsAndOnlyOfItsThread) {
+    struct ListeningDisplay : HeadlessDisplay {
         int wakes = 0;
+        std::vector<HWND> created;
         void Wake() override { ++wakes; }
+        void Created(HWND handle) override { created.push_back(handle); }
     } former, next;
     SetDisplay(&former);
     SetDisplay(&next);
     former.wakes = next.wakes = 0;
     PostMessageA(window.m_hWnd, WM_USER, 0, 0);
-    std::thread([] {
-        PostMessageA(CreateWindowExA(0, "KorvelFrame", "", 0, {}, nullptr, 0), WM_USER, 0, 0);
-    }).join();
-    EXPECT_EQ(former.wakes, 0);
-    EXPECT_EQ(next.wakes, 1);
-}
-
-TEST_F(ThreadsTest, AWindowOfAnotherThreadIsNotShown) {
-    struct ListeningDisplay : HeadlessDisplay {
-        std::vector<HWND> created;
-        void Created(HWND handle) override { created.push_back(handle); }
-    } listening;
-    SetDisplay(&listening);
     std::thread([] {
         const HWND own = CreateWindowExA(0, "KorvelFrame", "", WS_VISIBLE, {}, nullptr, 0);
         EXPECT_EQ(SetTimer(own, 1, 100), 0u);
@@ -178,7 +164,9 @@ TEST_F(ThreadsTest, AWindowOfAnotherThreadIsNotShown) {
         input::DispatchMessages();
         EXPECT_FALSE(IsWindow(own)) << "a thread pumps for its own windows";
     }).join();
-    EXPECT_THAT(listening.created, ElementsAre(window.m_hWnd));
+    EXPECT_EQ(former.wakes, 0);
+    EXPECT_EQ(next.wakes, 1);
+    EXPECT_THAT(next.created, ElementsAre(window.m_hWnd));
 }
 
 } // namespace

@@ -36,13 +36,14 @@ TEST_F(TimersTest, FireInTheOrderOfTheirTimesAndBeginAnewWhenSetAgain) {
 
 TEST_F(TimersTest, AHandlerMayKillWhatIsDueAtTheSameTime) {
     fast.SetTimer(1, 100);
+    fast.SetTimer(2, 100);
     slow.SetTimer(1, 100);
     fast.on[WM_TIMER] = [&] {
-        fast.KillTimer(1);
-        slow.DestroyWindow();
+        fast.KillTimer(2);
+        slow.DestroyWindow(); // which ends its own timers alone
     };
-    display.Advance(500ms);
-    EXPECT_THAT(Heard(), ElementsAre("fast timer", "slow destroy", "slow end"));
+    display.Advance(200ms);
+    EXPECT_THAT(Heard(), ElementsAre("fast timer", "slow destroy", "slow end", "fast timer"));
 }
 
 TEST_F(TimersTest, GoOnInsideAModalLoopOfTheirHandler) {
@@ -69,24 +70,18 @@ TEST_F(TimersTest, AFailureComesOutAndLosesNoTimer) {
     EXPECT_THAT(Heard(), ElementsAre("fast timer", "slow timer"));
 }
 
-using ModalLoopTest = TimersTest;
-
-TEST_F(ModalLoopTest, PlaysStepsOnlyWhenIdleAndFailsWithoutOne) {
-    bool done = false;
+TEST_F(TimersTest, AModalLoopPlaysStepsOnlyWhenIdleAndFailsWithoutOne) {
     PostMessageA(fast.m_hWnd, WM_USER, 0, 0);
-    display.Then([&] { log.push_back("first step"); });
-    display.Then([&] {
-        log.push_back("second step");
-        done = true;
-    });
+    for (const char* step : {"first step", "second step"})
+        display.Then([=, this] { log.push_back(step); });
     fast.on[WM_USER] = [&] { PostMessageA(slow.m_hWnd, WM_USER, 0, 0); };
-    display.RunUntil(nullptr, [&] { return done; });
+    display.RunUntil(nullptr, [&] { return log.size() == 4; });
     EXPECT_THAT(Heard(), ElementsAre("fast user", "slow user", "first step", "second step"));
     EXPECT_THROW(display.RunUntil(nullptr, [] { return false; }), Error);
     EXPECT_THROW(MessageBoxA(nullptr, "nobody answers", "", MB_OK), Error);
 }
 
-TEST_F(ModalLoopTest, PostedMessagesOfADeadWindowAreGoneAndOthersAreNotStarved) {
+TEST_F(TimersTest, PostedMessagesOfADeadWindowAreGoneAndOthersAreNotStarved) {
     PostMessageA(slow.m_hWnd, WM_USER, 0, 0);
     PostMessageA(fast.m_hWnd, WM_USER, 0, 0);
     fast.on[WM_USER] = [&] { PostMessageA(fast.m_hWnd, WM_USER, 0, 0); }; // never idle by itself
