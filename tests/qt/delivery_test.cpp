@@ -36,108 +36,84 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowActive(m_user.Widget(m_frame.m_hWnd)));
         SetFocus(m_edit.m_hWnd);
         m_log.clear();
-        SetExceptionHandler([this](const CString& text) { m_failures.push_back(text); });
     }
-    ~Delivery() override { SetExceptionHandler(nullptr); }
 
     QtUser m_user;
     Log m_log;
-    Log m_failures;
-    Recorder m_frame{m_log, "frame"};
-    Recorder m_edit{m_log, "edit"};
-    Recorder m_surface{m_log, "surface"};
+    RecordedWindow m_frame{"frame", m_log};
+    RecordedWindow m_edit{"edit", m_log};
+    RecordedWindow m_surface{"surface", m_log};
 };
 
 TEST_F(Delivery, KeysComeBeforeTheShortcutsOfTheHostUnlessControlOrAltIsHeld) {
     SetFocus(m_surface.m_hWnd);
-    struct Case {
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        bool accepted;
-    };
-    const Case cases[] = {
-        {Qt::Key_F2, Qt::NoModifier, true},
-        {Qt::Key_Delete, Qt::ShiftModifier, true},
-        {Qt::Key_O, Qt::ControlModifier, false},
-        {Qt::Key_F, Qt::AltModifier, false},
-    };
-    for (const Case& row : cases) {
-        QKeyEvent event(QEvent::ShortcutOverride, row.key, row.modifiers);
+    for (const auto& [border, key, modifiers, accepted] :
+         Table<Qt::Key, Qt::KeyboardModifiers, bool>{{"F2", Qt::Key_F2, Qt::NoModifier, true},
+                                                     {"Delete", Qt::Key_Delete, Qt::ShiftModifier, true},
+                                                     {"Control and O", Qt::Key_O, Qt::ControlModifier, false},
+                                                     {"Alt and F", Qt::Key_F, Qt::AltModifier, false}}) {
+        QKeyEvent event(QEvent::ShortcutOverride, key, modifiers);
         event.ignore();
         QApplication::sendEvent(m_user.Widget(m_surface.m_hWnd), &event);
-        EXPECT_EQ(event.isAccepted(), row.accepted) << row.key;
+        EXPECT_EQ(event.isAccepted(), accepted) << border;
     }
 }
 
 TEST_F(Delivery, AnInputMethodChangesTheTextWithoutCharacters) {
-    struct Case {
-        const char* name;
-        int limit;
-        const char* text;
-        int full; // how often the parent hears that the field is full
-    };
     CEdit lines;
     lines.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, {10, 90, 120, 140}, &m_frame, 1);
     for (const HWND edit : {m_edit.m_hWnd, lines.m_hWnd})
-        for (const Case& row : {Case{"all fits", 0, "1\xEA\x81\xE2\xE2\x32", 0},
-                                Case{"one fits", 5, "1\xEA\x32", 1}, Case{"none fits", 2, "12", 1}}) {
-            SCOPED_TRACE(row.name);
+        for (const auto& [border, limit, text, full, changes] : // the notices of the parent
+             Table<WPARAM, const char*, int, int>{{"all fits", 0, "1\xEA\x81\xE2\xE2\x32", 0, 1},
+                                                  {"one fits", 5, "1\xEA\x32", 1, 1},
+                                                  {"none fits", 2, "12", 1, 0}}) {
+            SCOPED_TRACE(border);
             SetWindowTextA(edit, "12");
-            SendMessageA(edit, EM_LIMITTEXT, static_cast<WPARAM>(row.limit), 0);
+            SendMessageA(edit, EM_LIMITTEXT, limit, 0);
             SendMessageA(edit, EM_SETSEL, 1, 1);
             SetFocus(edit);
             m_log.clear();
             QInputMethodEvent event;
             event.setCommitString(QStringLiteral("\u00ea\u0142"));
             QApplication::sendEvent(m_user.Widget(edit), &event);
-            EXPECT_EQ(GetWindowTextA(edit), row.text);
+            EXPECT_EQ(GetWindowTextA(edit), text);
             EXPECT_EQ(m_user.Widget(edit)->inputMethodQuery(Qt::ImSurroundingText).toString(),
-                      internal::ToQString(row.text))
+                      internal::ToQString(text))
                 << "the widget shows what memory holds";
-            EXPECT_EQ(std::ranges::count(m_log, "frame: command 1281 of 1"), row.full);
-            EXPECT_EQ(std::ranges::count(m_log, "frame: command 768 of 1"),
-                      row.text == std::string("12") ? 0 : 1);
-            EXPECT_THAT(m_log, Not(Contains(testing::HasSubstr("character"))));
+            EXPECT_EQ(std::ranges::count(m_log, "frame command 1281 of 1"), full);
+            EXPECT_EQ(std::ranges::count(m_log, "frame command 768 of 1"), changes);
+            EXPECT_THAT(m_log, Not(Contains(testing::HasSubstr("char"))));
         }
 }
 
 TEST_F(Delivery, SelectionsTravelBothWays) {
-    struct Case {
-        const char* name;
-        UINT style;
-        CString text;
-        int start, end; // the selection
-        QString selected;
-        int endAfter; // after Shift and Right
-    };
-    const Case cases[] = {
-        {"bytes", ES_AUTOHSCROLL, "12345", 1, 3, QStringLiteral("23"), 4},
-        {"a sequence and a pair", ES_AUTOHSCROLL, "1\x81\xE2\xE1\x9D\xE1\xFD\xF0\xE0", 1, 4,
-         QStringLiteral("\u0141"), 9},
-        {"behind a line break", ES_MULTILINE, "\x81\xE2\xE1\r\n\x9D\xE1\xFD\xF0\xE0\x35", 5, 10,
-         QStringLiteral("\U0001F600"), 11},
-    };
-    for (const Case& row : cases) {
-        SCOPED_TRACE(row.name);
+    // `end` after Shift and Right
+    for (const auto& [border, style, text, start, end, selected, endAfter] :
+         Table<UINT, const char*, int, int, QString, int>{
+             {"bytes", ES_AUTOHSCROLL, "12345", 1, 3, QStringLiteral("23"), 4},
+             {"a sequence and a pair", ES_AUTOHSCROLL, "1\x81\xE2\xE1\x9D\xE1\xFD\xF0\xE0", 1, 4,
+              QStringLiteral("\u0141"), 9},
+             {"after a line break", ES_MULTILINE, "\x81\xE2\xE1\r\n\x9D\xE1\xFD\xF0\xE0\x35", 5, 10,
+              QStringLiteral("\U0001F600"), 11}}) {
+        SCOPED_TRACE(border);
         CEdit edit;
-        edit.Create(WS_CHILD | WS_VISIBLE | row.style, {10, 90, 120, 140}, &m_frame, 3);
+        edit.Create(WS_CHILD | WS_VISIBLE | style, {10, 90, 120, 140}, &m_frame, 3);
         edit.SetFocus();
-        edit.SetWindowTextA(row.text);
-        edit.SetSel(row.start, row.end);
+        edit.SetWindowTextA(text);
+        edit.SetSel(start, end);
         QWidget* widget = m_user.Widget(edit.m_hWnd);
-        EXPECT_EQ(widget->inputMethodQuery(Qt::ImCurrentSelection).toString(), row.selected);
+        EXPECT_EQ(widget->inputMethodQuery(Qt::ImCurrentSelection).toString(), selected);
         QTest::keyClick(widget, Qt::Key_Right, Qt::ShiftModifier);
-        EXPECT_EQ(view::Edit(edit.m_hWnd).selectionStart, row.start);
-        EXPECT_EQ(view::Edit(edit.m_hWnd).selectionEnd, row.endAfter);
+        EXPECT_EQ(view::Edit(edit.m_hWnd).selectionStart, start);
+        EXPECT_EQ(view::Edit(edit.m_hWnd).selectionEnd, endAfter);
     }
 }
 
 TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {
-    m_surface.onMessage = [](UINT message, WPARAM, LPARAM) -> bool {
-        if (message == WM_LBUTTONDOWN || message == WM_PAINT || message == WM_TIMER || message == WM_USER)
-            throw Error("thrown at " + std::to_string(message));
-        return false;
-    };
+    Log failures;
+    SetExceptionHandler([&](const CString& text) { failures.push_back(text); });
+    for (const UINT message : {WM_LBUTTONDOWN, WM_PAINT, WM_TIMER, WM_USER})
+        m_surface.on[message] = [=] { throw Error(std::to_string(message)); };
     m_user.Click(m_surface.m_hWnd, {5, 5});
     m_user.Widget(m_surface.m_hWnd)->repaint();
     SetTimer(m_surface.m_hWnd, 1, 1);
@@ -145,49 +121,42 @@ TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {
     QTest::qWait(20);
     KillTimer(m_surface.m_hWnd, 1);
     for (const UINT message : {WM_LBUTTONDOWN, WM_PAINT, WM_TIMER, WM_USER})
-        EXPECT_THAT(m_failures, Contains("thrown at " + std::to_string(message)));
-    m_surface.onMessage = nullptr;
+        EXPECT_THAT(failures, Contains(std::to_string(message)));
+    m_surface.on.clear();
+    SetExceptionHandler(nullptr);
 }
 
 TEST_F(Delivery, AFailureOfPaintingIsShownWhenThePaintingIsOver) {
-    SetExceptionHandler(nullptr);
-    bool failed = false;
-    m_surface.onMessage = [&](UINT message, WPARAM, LPARAM) -> bool {
-        if (message == WM_PAINT && !std::exchange(failed, true))
-            throw Error("paint");
-        return false;
-    };
+    int paints = 0;
+    m_surface.on[WM_PAINT] = [&] { ++paints == 1 ? throw Error("paint") : 0; };
     m_user.Widget(m_surface.m_hWnd)->repaint();
-    EXPECT_TRUE(failed);
+    EXPECT_EQ(paints, 1);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-    bool answered = false;
+    bool isAnswered = false;
     QTimer::singleShot(
         50, qApp,
         [&] {
             QWidget* box = QApplication::activeModalWidget();
             ASSERT_NE(box, nullptr);
             QTest::keyClick(box, Qt::Key_Escape);
-            answered = true;
+            isAnswered = true;
         });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return answered; }, 2000));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isAnswered; }, 2000));
 }
 
 TEST_F(Delivery, WindowsMayEndInALoopInsideTheirOwnEvents) {
-    Recorder dialog(m_log, "dialog");
+    RecordedWindow dialog("dialog", m_log);
     dialog.CreateEx(0, "KorvelFrame", "", WS_POPUP | WS_VISIBLE, {60, 60, 160, 160}, &m_frame, 0);
-    const auto runWhenPressed = [this](Recorder& window, std::function<void()> step) {
-        window.onMessage = [this, step](UINT message, WPARAM, LPARAM) {
-            if (message == WM_LBUTTONDOWN) {
-                bool done = false;
-                m_user.WhenIdle([&] {
-                    step();
-                    QTest::qWait(5); // what was to be deleted later is deleted, if nothing holds it
-                    done = true;
-                });
-                Display().RunUntil(
-                    nullptr, [&] { return done; });
-            }
-            return false;
+    const auto runWhenPressed = [this](RecordedWindow& window, std::function<void()> step) {
+        window.on[WM_LBUTTONDOWN] = [=, this] {
+            bool done = false;
+            m_user.WhenIdle([&] {
+                step();
+                QTest::qWait(5); // what was to be deleted later is deleted, if nothing holds it
+                done = true;
+            });
+            Display().RunUntil(
+                nullptr, [&] { return done; });
         };
     };
     runWhenPressed(
@@ -221,19 +190,18 @@ TEST_F(Delivery, PopupsOfQtDoNotTakeTheFocusAway) {
     });
     menu.exec(QPoint(10, 10));
     EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
-    EXPECT_THAT(m_log, Not(Contains("edit: loses the focus")));
+    EXPECT_THAT(m_log, Not(Contains("edit no focus")));
 }
 
 TEST_F(Delivery, AWindowClosesWhenItsHandlersLetItAndTheLastOneEndsTheApplication) {
     QApplication::setQuitOnLastWindowClosed(true);
-    bool refuse = true;
-    m_frame.onMessage = [&](UINT message, WPARAM, LPARAM) { return message == WM_CLOSE && refuse; };
+    m_frame.answer[WM_CLOSE] = 0;
     QTimer::singleShot(
         0, qApp,
         [&] {
             m_user.Widget(m_frame.m_hWnd)->close();
             EXPECT_TRUE(m_user.Widget(m_frame.m_hWnd)->isVisible());
-            refuse = false;
+            m_frame.answer.clear();
             m_user.Widget(m_frame.m_hWnd)->close();
             EXPECT_EQ(m_frame.m_hWnd, nullptr);
         });
@@ -261,8 +229,7 @@ TEST_F(Delivery, AListScrollsByItsBarsAndTheyFollowIt) {
     };
     QScrollBar* down = bar(Qt::Vertical);
     ASSERT_TRUE(down->isVisible() && bar(Qt::Horizontal)->isVisible());
-    QTest::mousePress(down, Qt::LeftButton, Qt::NoModifier, {3, 3});
-    QTest::mouseRelease(down, Qt::LeftButton, Qt::NoModifier, {3, 3});
+    QTest::mouseClick(down, Qt::LeftButton, Qt::NoModifier, {3, 3});
     EXPECT_EQ(list.pressesOutside, 1) << "closes what dropped down over the list";
     down->setValue(40);
     EXPECT_EQ(list.GetTopIndex(), 40);

@@ -40,9 +40,9 @@ protected:
 
     QtUser m_user;
     Log m_log;
-    Recorder m_pane{m_log, "pane"};
-    Recorder m_edit{m_log, "edit"};
-    Recorder m_site{m_log, "site"};
+    RecordedWindow m_pane{"pane", m_log};
+    RecordedWindow m_edit{"edit", m_log};
+    RecordedWindow m_site{"site", m_log};
     QPointer<QWidget> m_host;
     QLineEdit* m_hostField = nullptr;
     QWidget* m_embedded = nullptr;
@@ -62,14 +62,14 @@ TEST_F(Embedding, FollowsTheLayoutOfTheHost) {
 TEST_F(Embedding, TheSiteHearsForTheWindowOfTheHost) {
     m_host->move(m_host->pos() + QPoint(40, 30));
     QApplication::processEvents();
-    EXPECT_GE(CountOf("site: move"), 1);
+    EXPECT_GE(CountOf("site move"), 1);
     m_log.clear();
     m_embedded->move(m_embedded->pos() + QPoint(3, 3));
-    EXPECT_EQ(CountOf("site: move"), 1) << "a layout moves it as well";
+    EXPECT_EQ(CountOf("site move"), 1) << "a layout moves it as well";
     QTest::mouseClick(new QLabel(QStringLiteral("label"), m_host), Qt::LeftButton);
-    EXPECT_EQ(CountOf("site: press outside the client area"), 1) << "also when a parent hears it again";
+    EXPECT_EQ(CountOf("site press outside"), 1) << "also when a parent hears it again";
     m_user.Click(m_edit.m_hWnd, {5, 5});
-    EXPECT_EQ(CountOf("site: press outside the client area"), 1) << "a press inside is the window's own";
+    EXPECT_EQ(CountOf("site press outside"), 1) << "a press inside is the window's own";
 }
 
 TEST_F(Embedding, TheFocusGoesInAndOutWithTheHostsOwn) {
@@ -77,7 +77,7 @@ TEST_F(Embedding, TheFocusGoesInAndOutWithTheHostsOwn) {
     EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
     m_hostField->setFocus();
     EXPECT_EQ(GetFocus(), nullptr);
-    EXPECT_EQ(CountOf("edit: loses the focus"), 1);
+    EXPECT_EQ(CountOf("edit no focus"), 1);
     QTest::keyClick(m_hostField, Qt::Key_Tab);
     EXPECT_EQ(GetFocus(), m_pane.m_hWnd);
     SetFocus(m_edit.m_hWnd);
@@ -91,11 +91,7 @@ TEST_F(Embedding, TheFocusGoesInAndOutWithTheHostsOwn) {
 }
 
 TEST_F(Embedding, AnEditThatGoesWhileTheHostIsInactiveLeavesTheFocusToItsParent) {
-    m_edit.onMessage = [this](UINT message, WPARAM, LPARAM) {
-        if (message == WM_KILLFOCUS)
-            m_edit.ShowWindow(SW_HIDE);
-        return false;
-    };
+    m_edit.on[WM_KILLFOCUS] = [this] { m_edit.ShowWindow(SW_HIDE); };
     SetFocus(m_edit.m_hWnd);
     QWidget other;
     other.show();
@@ -111,24 +107,16 @@ TEST_F(Embedding, AnEditThatGoesWhileTheHostIsInactiveLeavesTheFocusToItsParent)
 TEST_F(Embedding, TheWindowEndsBeforeItsWidgets) {
     QPointer<QWidget> widget = m_user.Widget(m_edit.m_hWnd);
     bool alive = false;
-    m_edit.onMessage = [&](UINT message, WPARAM, LPARAM) {
-        if (message == WM_DESTROY)
-            alive = widget && IsWindow(m_pane.m_hWnd);
-        return false;
-    };
+    m_edit.on[WM_DESTROY] = [&] { alive = widget && IsWindow(m_pane.m_hWnd); };
     SetFocus(m_edit.m_hWnd);
     delete m_host;
     EXPECT_TRUE(alive);
     EXPECT_EQ(m_pane.m_hWnd, nullptr);
-    EXPECT_EQ(CountOf("edit: loses the focus"), 1) << "an open edit ends as it does everywhere";
+    EXPECT_EQ(CountOf("edit no focus"), 1) << "an open edit ends as it does everywhere";
 }
 
 TEST_F(Embedding, TheHostMayDieInsideAHandler) {
-    m_edit.onMessage = [&](UINT message, WPARAM, LPARAM) {
-        if (message == WM_CHAR)
-            delete m_host;
-        return false;
-    };
+    m_edit.on[WM_CHAR] = [this] { delete m_host; };
     SetFocus(m_edit.m_hWnd);
     m_user.Key('A', "a");
     EXPECT_EQ(m_edit.m_hWnd, nullptr);
