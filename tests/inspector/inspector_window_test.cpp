@@ -8,6 +8,7 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QMimeData>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTest>
 #include <QUrl>
@@ -61,6 +62,9 @@ protected:
 };
 
 TEST_F(InspectorWindowTest, StartsReadyForTheKeyboard) {
+    const InspectorWindow another(ReadingOptions{});
+    const QRect room = another.screen()->availableGeometry().adjusted(1, 30, -1, -1);
+    EXPECT_TRUE(room.contains(another.geometry())) << "its frame and title would not be on the screen";
     OpenSample();
     EXPECT_EQ(GetFocus(), Grid().m_hWnd);
     EXPECT_EQ(Selected(), 0);
