@@ -88,15 +88,14 @@ void ConvertCell(const CVariantValue& value, TextForm form, CString& text, Info:
     }
 }
 
+FormatService FormatServiceOf(EDataTyps type) {
+    return FindCellConversion(type).value_or(CellConversion()).service;
+}
+
 FormatService FormatServiceOf(const CVariantValue& value) {
-    EDataTyps type = value.Type;
-    if (type & TypeBitList) {
-        if (!value.EnumValue)
-            return FormatService::None;
-        type = value.EnumValue->GetDataType();
-    }
-    const auto conversion = FindCellConversion(type);
-    return conversion ? conversion->service : FormatService::None;
+    if (value.Type & TypeBitList)
+        return value.EnumValue ? FormatServiceOf(value.EnumValue->GetDataType()) : FormatService::None;
+    return FormatServiceOf(value.Type);
 }
 
 void UnescapeDashes(const CVariantValue& value, CString& text) {

@@ -34,7 +34,9 @@ std::optional<CellConversion> FindCellConversion(EDataTyps type);
 ///     ConvertCell(value, TextForm::UserFacing, text, control);   // "0xff0000ff", ctColor
 void ConvertCell(const CVariantValue& value, TextForm form, CString& text, CItemInfo::CONTROLTYPE& control);
 
-/// The service for a value: for a list that of its entries.
+/// None for a type that a cell does not show, and for lists.
+FormatService FormatServiceOf(EDataTyps type);
+/// For a list that of its entries.
 FormatService FormatServiceOf(const CVariantValue& value);
 
 /// Takes the escapes off the dashes of a list text whose entries are paths.

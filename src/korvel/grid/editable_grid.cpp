@@ -1,5 +1,6 @@
 #include "korvel/grid/editable_grid.h"
 
+#include "korvel/grid/attribute_columns.h"
 #include "korvel/grid/attribute_rows.h"
 #include "korvel/grid/cell_conversion.h"
 #include "korvel/grid/dispatch_sink.h"
@@ -21,16 +22,13 @@ int PositionOf(const unsigned long& position) {
     return position > static_cast<unsigned long>(INT_MAX) ? -1 : static_cast<int>(position);
 }
 
-FormatService ServiceOfType(EDataTyps type) {
-    return FindCellConversion(type).value_or(CellConversion()).service;
-}
-
 } // namespace
 
 // The rows of the grid's objects, and the grid as their tree.
 class CEditableGrid::Binding final : private AttributeTree {
 public:
-    Binding(CEditableGrid& grid, IObserverGrid* observer) : m_grid(grid), rows(*this, observer) {}
+    Binding(CEditableGrid& grid, IObserverGrid* observer)
+        : m_grid(grid), rows(*this, observer), columns(grid, rows.layout, grid.m_ColumnInfo) {}
 
 private:
     CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
@@ -46,19 +44,13 @@ private:
         change();
     }
 
-    void OnFilled() override {
-        m_grid.SetColumnWidths();
-        m_hasWidths = true;
-    }
+    void OnFilled() override { columns.SetWidths(); }
     void OnEnding() override { m_grid.CtrlClear(); }
     void OnEnded() override {
         FirstFailure failure;
         failure.Try([&] { m_grid.DeleteAllNodes(); });
         m_grid.Invalidate();
-        if (std::exchange(m_hasWidths, false))
-            failure.Try([&] { m_grid.SaveColumnWidths(); });
-        for (int left = m_grid.GetColumnCount(); left > 0; --left)
-            failure.Try([&] { m_grid.DeleteColumn(0); });
+        failure.Try([&] { columns.Remove(); });
         failure.Rethrow();
     }
 
@@ -79,10 +71,10 @@ private:
     }
 
     CEditableGrid& m_grid;
-    bool m_hasWidths = false;
 
 public:
     AttributeRows rows; // asks for a sink when it is made
+    AttributeColumns columns;
 };
 
 CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
@@ -123,49 +115,13 @@ void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTit
         SetExtendedStyle(static_cast<UINT>(extendedStyle));
         ModifyStyle(0, LVS_OWNERDRAWFIXED);
         ModifyStyleEx(0, WS_EX_CLIENTEDGE);
-        InsertColumns(nameTitle, valueTitle);
+        m_binding->columns.Insert(nameTitle, valueTitle);
     });
-}
-
-void CEditableGrid::InsertColumns(const std::string& nameTitle, const std::string& valueTitle) {
-    if (GetGridLayout() == eMultiColumn) {
-        const auto columns = m_binding->rows.layout.GetColumns();
-        for (const auto& [column, name] : columns)
-            InsertColumn(column, name, 0);
-    } else {
-        InsertColumn(0, nameTitle, 0);
-        InsertColumn(1, valueTitle, 0);
-    }
-}
-
-void CEditableGrid::SetColumnWidths() {
-    if (GetGridLayout() == eMultiColumn) {
-        const int known = static_cast<int>(m_ColumnInfo.size());
-        for (int column = 0; column < GetColumnCount(); ++column)
-            SetColumnWidth(column, column < known ? m_ColumnInfo[static_cast<std::size_t>(column)].width
-                                                  : LVSCW_AUTOSIZE_USEHEADER);
-    } else if (m_ColumnInfo.size() == 2) {
-        SetColumnWidth(0, m_ColumnInfo[0].width);
-        SetColumnWidth(1, m_ColumnInfo[1].width);
-    } else {
-        const int width = GetClientRect().Width();
-        const int names = width * 3 / 5;
-        SetColumnWidth(0, names);
-        SetColumnWidth(1, width - names);
-    }
 }
 
 void CEditableGrid::Clear() {
     const ModuleStateGuard guard;
     m_binding->rows.Unbind();
-}
-
-void CEditableGrid::SaveColumnWidths() {
-    const int columns = GetColumnCount();
-    if (m_ColumnInfo.size() < static_cast<std::size_t>(columns))
-        m_ColumnInfo.resize(static_cast<std::size_t>(columns));
-    for (int column = 0; column < columns; ++column)
-        m_ColumnInfo[static_cast<std::size_t>(column)] = {column, GetColumnWidth(column)};
 }
 
 void CEditableGrid::SetLayoutMultiColumn(const std::list<std::string>& columns) {
@@ -336,13 +292,13 @@ void CEditableGrid::OnOperationChangeTupelPresentation(IMemberDispatch* disp, co
 }
 
 void CEditableGrid::AddSink(EDataTyps type, IMemberDispatch* disp, const std::string& name) {
-    m_binding->rows.SetService(disp, name, ServiceOfType(type));
+    m_binding->rows.SetService(disp, name, FormatServiceOf(type));
 }
 
 bool CEditableGrid::RemoveSink(EDataTyps type, IMemberDispatch* disp, const std::string& name) {
     const FormatService registered = m_binding->rows.GetService(disp, name);
     const bool isList = type & TypeBitList;
-    if (registered == FormatService::None || (!isList && registered != ServiceOfType(type)))
+    if (registered == FormatService::None || (!isList && registered != FormatServiceOf(type)))
         return false;
     return m_binding->rows.SetService(disp, name, FormatService::None);
 }

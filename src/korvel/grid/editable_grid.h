@@ -22,11 +22,6 @@ enum ImageStyle : std::uint32_t {
     IS_AskParent = 1, // the parent names the images of rows, by WM_GET_IMAGEINDEX
 };
 
-struct SColumnInfo {
-    int column = 0;
-    int width = 0; // pixels
-};
-
 /// What WM_GET_IMAGEINDEX carries (lParam). `name` and `disp` are lent for the message.
 struct ImageIndex {
     int index = 0; // in: what the grid would take; out: the parent's choice
@@ -205,9 +200,6 @@ private:
     class Binding;
 
     void SetGridLayout(EGridLayout layout);
-    void InsertColumns(const std::string& nameTitle, const std::string& valueTitle);
-    void SetColumnWidths();
-    void SaveColumnWidths();
     std::string MemberOfCell(const CTreeItem& node, int column) const;
 
     std::unique_ptr<Binding> m_binding;

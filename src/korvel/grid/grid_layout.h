@@ -7,4 +7,9 @@ enum EGridLayout {
     eMultiColumn = 1,      // a row is an object: its members are the columns
 };
 
+struct SColumnInfo {
+    int column = 0;
+    int width = 0; // pixels
+};
+
 } // namespace korvel
