@@ -18,7 +18,7 @@ void AttributeColumns::Insert(const std::string& nameTitle, const std::string& v
 }
 
 void AttributeColumns::SetWidths() {
-    const std::vector<SColumnInfo>& kept = m_widths;
+    const std::vector<SColumnInfo> kept = m_widths; // the notices of a column may change them
     if (m_layout.kind == eMultiColumn) {
         const int known = static_cast<int>(kept.size());
         for (int column = 0; column < m_list.GetColumnCount(); ++column)
