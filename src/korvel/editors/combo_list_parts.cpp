@@ -2,6 +2,7 @@
 
 #include "korvel/editors/drop_down_height.h"
 #include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
+#include "korvel/window/base/first_failure.h"
 #include "korvel/window/list/model_rows.h"
 
 #include <algorithm>
@@ -42,7 +43,9 @@ void ComboListParts::Build() {
     if (!columns)
         return;
     sinkTypes.insert(columns->Types().begin(), columns->Types().end());
-    view.ShowColumns(*columns);
+    view.ShowColumns(*columns); // the host hears of the new style
+    if (!bound)
+        return;
     const ComboTreeItem* selected = model.InsertEntries();
     if (!bound)
         return;
@@ -57,16 +60,18 @@ void ComboListParts::Build() {
 
 void ComboListParts::Close() {
     const ComboTree::KeepItems keep(model.Tree());
-    input.End();
+    FirstFailure failure; // no row may be left, which would lead to an item that is gone
+    failure.Try([&] { input.End(); });
     field.reset();
-    model.Close();
-    view.RemoveColumns();
+    failure.Try([&] { model.Close(); });
+    failure.Try([&] { view.RemoveColumns(); });
     writeBack.Forget();
     commands.SetBaseName({});
-    view.Control().SetImageList(nullptr);
+    failure.Try([&] { view.Control().SetImageList(nullptr); });
     sinkTypes.clear();
     // Last: the host is told of the end of a label edit.
-    DeleteModelRows(view.Control().m_hWnd, 0, view.Control().GetItemCount());
+    failure.Try([&] { DeleteModelRows(view.Control().m_hWnd, 0, view.Control().GetItemCount()); });
+    failure.Rethrow();
 }
 
 void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {

@@ -232,13 +232,19 @@ void ComboNames::MoveToItsPath(ComboTreeItem& item, const CVariantValue& name) {
 void ComboNames::RefreshLabels() {
     const ComboBindingWatch bound(m_binding);
     const auto separator = m_binding.PathSeparator();
-    for (ComboTreeItem* item = &m_tree.Root(); item && bound; item = item->GetNextUnder(m_tree.Root())) {
-        if (!item->IsValue() || item->GetValue().Type == DT_Group)
+    std::vector<ComboTreeItem*> entries; // the text of a list asks its host, which may take any of them away
+    for (ComboTreeItem* item = &m_tree.Root(); item; item = item->GetNextUnder(m_tree.Root()))
+        if (item->IsValue() && item->GetValue().Type != DT_Group)
+            entries.push_back(item);
+    const auto isEntry = [&](const ComboTreeItem& item) { return m_tree.Contains(item) && item.IsValue(); };
+    for (ComboTreeItem* item : entries) {
+        if (!bound)
+            return;
+        if (!isEntry(*item))
             continue;
-        const CVariantValue value =
-            item->GetValue(); // the text of a list asks its host, which may take the entry away
+        const CVariantValue value = item->GetValue();
         const std::string text = value.ToText();
-        if (bound)
+        if (bound && isEntry(*item))
             m_tree.SetLabel(*item, 0, Segments(text, separator).back());
     }
 }
