@@ -156,8 +156,9 @@ TEST_F(CallsOfTheHost, TheWindowMayBeDestroyed) {
 TEST_F(CallsOfTheHost, LayoutAndObjectsMayChange) {
     MisbehaveInTheGrid([](Scene& scene) { scene.grid->SetLayoutMultiColumn({"Name", "x"}); });
     MisbehaveInTheGrid([](Scene& scene) { scene.RemovePoint(); });
-    MisbehaveInTheGrid(
-        [](Scene& scene) { scene.grid->OnOperationAdd(&scene.root, "late", Group(&scene.late)); });
+    for (HostObject Scene::*owner : {&Scene::root, &Scene::point}) // also while it leaves
+        MisbehaveInTheGrid(
+            [=](Scene& scene) { scene.grid->OnOperationAdd(&(scene.*owner), "late", Group(&scene.late)); });
 }
 
 } // namespace

@@ -83,6 +83,10 @@ TEST_F(TreeRowsTest, ARowThatLeavesLeadsToNoNodeThatIsGone) {
     EXPECT_TRUE(leadsToANode.front());
     EXPECT_FALSE(leadsToANode.back());
     EXPECT_EQ(list.Count(), 0);
+
+    CTreeItem* alone = Add(nullptr);
+    list.onLeaving = [&](int row) { EXPECT_EQ(tree.NodeAt(row), nullptr) << "its node has left the tree"; };
+    tree.Remove(alone);
 }
 
 TEST_F(TreeRowsTest, RowsOfRemovedNodesLeadNowhereUntilTheListIsInLine) {

@@ -234,6 +234,11 @@ public:
     bool OnGetCheckState(IMemberDispatch*, const std::string& name, const CVariantValue&) override {
         return name == "always";
     }
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_STYLECHANGED)
+            Call();
+        return CEditableGrid::WindowProc(message, wParam, lParam);
+    }
     std::string edits;
 
 protected:

@@ -33,7 +33,7 @@ struct CountingParent : CWnd {
 /// A grid with two nested objects, one of them with a presentation, and a further one to be added.
 struct MisbehavingHost {
     MisbehavingHost() {
-        for (HostObject* object : {&inner, &added, &shaped, &point, &root, &late})
+        for (HostObject* object : {&inner, &added, &shaped, &point, &root, &late, &below})
             object->onCall = [this] {
                 EXPECT_FALSE(calls.isOver) << "an object is called after its binding has ended";
                 calls.Count();
@@ -45,7 +45,8 @@ struct MisbehavingHost {
         shaped.With("y", Number(DT_Double, 2));
         inner.With("z", Number(DT_Double, 3));
         added.With("inner", Group(&inner)).With("last", Flag(true));
-        late.With("y", Flag(true));
+        below.With("w", Flag(true));
+        late.With("y", Flag(true)).With("below", Group(&below));
         root.SetOptions(0);
         root.With("length", Number(DT_Double, 4)).With("on", Flag(true));
         root.With("p", Group(&point)).With("q", Group(&shaped));
@@ -79,7 +80,8 @@ struct MisbehavingHost {
     CallOuts& calls = parent.calls;
     HostEnumeration enumeration;
     const CVariantValue list = enumeration.ListValue(DT_ListString);
-    HostObject inner{"inner"}, added{"added"}, shaped{"shaped"}, point{"point"}, root{"root"}, late{"late"};
+    HostObject inner{"inner"}, added{"added"}, shaped{"shaped"}, point{"point"}, root{"root"}, late{"late"},
+        below{"below"};
     RecordingObserver observer;
     std::optional<HostGrid> grid;
 

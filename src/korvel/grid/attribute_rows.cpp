@@ -48,14 +48,16 @@ void AttributeRows::Bind(IMemberDispatch* root, const std::function<void()>& add
         return;
     const Raised rebinding(m_isRebinding);
     m_isBound = true;
+    const LossWatch binding = WatchBinding();
     try {
-        const LossWatch binding = WatchBinding();
         addColumns();
         if (binding)
             Fill(root);
+        else
+            m_tree.OnEnded(); // columns may have come since
     } catch (...) {
         FirstFailure later; // what made the binding fail goes on, not what its end brings
-        later.Try([&] { Unbind(); });
+        later.Try([&] { binding ? Unbind() : m_tree.OnEnded(); });
         throw;
     }
 }
@@ -88,11 +90,11 @@ void AttributeRows::Unbind() {
     IMemberDispatch* root = std::exchange(m_root, nullptr);
     ShownGroups::Leaving groups = m_groups.LeaveAll();
     m_index.Clear();
+    layout.ClearColumns();
     failure.Try([&] { m_subscriptions.Update(m_index); });
     groups.TakeBack(failure);
     if (std::exchange(m_isRootTold, false))
         failure.Try([&] { m_observer->RemoveSink(root, m_rootSink.get()); });
-    layout.ClearColumns();
     failure.Try([&] { m_tree.OnEnded(); });
     failure.Rethrow();
 }
@@ -203,11 +205,12 @@ void AttributeRows::InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, cons
     const auto content = MemberContent::Read(m_tree, disp, name, value, WatchRows());
     if (!content)
         return;
-    if (m_index.AddCell(&disp, name, &row, content->service))
-        m_subscriptions.Update(m_index);
+    // Stored before it is filed: a member that is found shows its value, also when memory ends here.
     content->cell.StoreIn(*row.info, CellOf(name));
     // Kept: whatever its column, a member's protection greys the first value cell.
     row.info->SetCellEnabled(0, content->isEditable);
+    if (m_index.AddCell(&disp, name, &row, content->service))
+        m_subscriptions.Update(m_index);
     m_tree.RewriteRow(row);
 }
 

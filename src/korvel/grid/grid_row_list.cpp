@@ -60,20 +60,25 @@ void GridRowList::Insert(int row, const std::vector<CTreeItem*>& nodes) {
         if (nodes[index]->indent() != indent)
             others.emplace_back(index, nodes[index]->indent());
     // In one step, so that whoever hears of a row finds all of them.
-    InsertModelRows(m_list.m_hWnd, row, data.data(), static_cast<int>(data.size()), indent);
+    FirstFailure failure;
+    failure.Try(
+        [&] { InsertModelRows(m_list.m_hWnd, row, data.data(), static_cast<int>(data.size()), indent); });
     for (const auto& [index, depth] : others)
         if (const int inserted = row + static_cast<int>(index); At(inserted) == nodes[index])
-            m_list.SetItemIndent(inserted, depth);
+            failure.Try([&] { m_list.SetItemIndent(inserted, depth); });
+    failure.Rethrow();
 }
 
 void GridRowList::Mark(int first, int last) {
     if (!m_list.HasCheckBoxes())
         return;
+    FirstFailure failure;
     for (int row = first; row < std::min(last, m_list.GetItemCount()); ++row) {
         const CTreeItem* node = At(row);
         if (node && node->info && m_list.GetCheck(row) != (node->info->checked != 0))
-            m_list.SetCheck(row, node->info->checked != 0);
+            failure.Try([&] { m_list.SetCheck(row, node->info->checked != 0); });
     }
+    failure.Rethrow();
 }
 
 void GridRowList::Remove(int first, int last) {

@@ -32,10 +32,9 @@ void ShowTexts(const IMemberDispatch& disp, const RowLayout& layout, const LossW
     const bool rowsAreObjects = layout.RowsAreObjects();
     if (!ShowsTexts(disp) || !rows)
         return;
+    // The object may give its presentation up whenever that is asked.
     GroupPresentation* presentation = PresentationOf(disp);
-    if (!presentation)
-        return; // the object gave it up when it was asked for its kind
-    if (!rowsAreObjects) {
+    if (presentation && !rowsAreObjects) {
         info.SetSubItem(0, ReadText(*presentation, nullptr));
         info.SetControlType(0, CItemInfo::ctButton);
         return;
@@ -43,7 +42,8 @@ void ShowTexts(const IMemberDispatch& disp, const RowLayout& layout, const LossW
     for (const auto& [column, name] : columns) {
         if (column == 0)
             continue;
-        if (!rows)
+        presentation = rows ? PresentationOf(disp) : nullptr;
+        if (!presentation)
             return;
         info.SetSubItem(info.GetSubItemCount(), ReadText(*presentation, name.c_str()));
         // Kept: the cell that is greyed is the next one, so the first value cell stays plain.

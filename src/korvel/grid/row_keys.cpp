@@ -95,9 +95,11 @@ void RowKeys::ExpandAll(const RowWatch& row, int number) {
     if (!m_list.OnExpandAllKey(row.Node(), number) || !row)
         return;
     int last = number;
+    FirstFailure failure;
     SetCursor(IDC_WAIT);
-    m_tree.ExpandAll(row.Node(), &last);
+    failure.Try([&] { m_tree.ExpandAll(row.Node(), &last); });
     SetCursor(IDC_ARROW);
+    failure.Rethrow();
     m_list.RedrawItems(number, last);
     m_list.EnsureVisible(last, false);
 }

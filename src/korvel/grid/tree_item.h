@@ -73,7 +73,9 @@ private:
     void CountAnew(internal::FamilyTally former);
     /// Gives a node without a place one; the depth of all below follows.
     void MoveUnder(CTreeItem* newParent);
-    bool IsForest() const { return m_indent == 0; }
+    bool IsForest() const {
+        return m_indent == 0 && !m_parent;
+    } // below a node without a place, depths begin at 0
 
     CTreeItem* m_parent = nullptr;
     internal::ChildBlock* m_run = nullptr; // the run of siblings that it is in

@@ -44,7 +44,7 @@ int TreeRows::RowOf(const CTreeItem* node) const {
 
 TreeRows::CTreeItem* TreeRows::NodeAt(int row) const {
     CTreeItem* node = m_list.At(row);
-    return m_discarded.empty() || Has(node) ? node : nullptr;
+    return (m_departing.IsEmpty() && m_discarded.empty()) || Has(node) ? node : nullptr;
 }
 
 TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, CItemInfo* info, int position) {
@@ -76,8 +76,10 @@ void TreeRows::InsertRows(int shownRow, const Nodes& nodes) {
     }
     const int row = m_departing.ListRow(shownRow);
     m_departing.Insert(row, count);
-    m_list.Insert(row, nodes);
-    m_list.Mark(row, row + count);
+    FirstFailure failure;
+    failure.Try([&] { m_list.Insert(row, nodes); });
+    failure.Try([&] { m_list.Mark(row, row + count); });
+    failure.Rethrow();
 }
 
 void TreeRows::RemoveRows(int first, int last) {
@@ -332,12 +334,13 @@ void TreeRows::RebuildAll() {
     shown.reserve(static_cast<std::size_t>(ShownCount()));
     for (CTreeItem* root : Roots())
         AppendShown(*root, shown);
+    const LossWatch rows = Watch();
     const int end = Overwrite(0, shown);
     const int count = m_list.Count();
     const bool hasSurplus = end < count && end == ShownCount();
     for (int row = end; hasSurplus && row < count; ++row)
-        m_list.Rewrite(row, nullptr); // who hears of it must not take it for one of its node
-    m_isListOutdated = false;
+        m_list.Rewrite(row, nullptr);             // who hears of it must not take it for one of its node
+    m_isListOutdated = m_isListOutdated && !rows; // whoever heard of a mark may have removed others
     DeleteDiscarded();
     if (hasSurplus)
         RemoveRows(end, count);
@@ -357,9 +360,11 @@ int TreeRows::Overwrite(int row, const Nodes& nodes) {
     auto node = nodes.begin();
     for (int next = row; next < common; ++next)
         m_list.Rewrite(next, *node++);
+    FirstFailure failure;
     if (node != nodes.end())
-        m_list.Insert(std::max(row, common), Nodes(node, nodes.end()));
-    m_list.Mark(row, end);
+        failure.Try([&] { m_list.Insert(std::max(row, common), Nodes(node, nodes.end())); });
+    failure.Try([&] { m_list.Mark(row, end); });
+    failure.Rethrow();
     return end;
 }
 
