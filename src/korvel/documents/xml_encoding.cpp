@@ -183,7 +183,7 @@ void DecodeWide(DecodedXml& document, std::string_view bytes, const Form& form, 
 
 // The name by which ICU knows an encoding of one byte or more a character. Throws for one that cannot be read.
 std::string CanonicalNameOf(std::string_view text, std::string_view name) {
-    const std::string canonical =
+    std::string canonical =
         internal::IsEncodingName(name) ? CharacterConverter::CanonicalName(std::string(name)) : std::string();
     if (canonical.empty())
         FailForEncoding(text, name, "the encoding %1 is not known");
