@@ -1,5 +1,4 @@
 #include "korvel/window/controls/edit.h"
-#include "korvel/window/display/window_view.h"
 #include "support/control_fixture.h"
 
 #include <string>
@@ -91,6 +90,8 @@ TEST_F(EditTest, WhatFindsNoRoomIsToldFirstAndNothingForNothingIsSilent) {
              {"not half of a line break", ES_MULTILINE, 2, replace("\r\n"), "abcd", {EN_MAXTEXT}},
              {"no half of a second one", ES_MULTILINE, 4, replace("\r\n\r\n"), "a\r\n", cut},
              {"taken in by a native widget", 0, 3, report("a12345d", 6), "a12d", cut},
+             {"reported by a native widget", 0, 3, report("axd", 2), "axd", changed},
+             {"a selection alone", 0, 3, report("abcd", 2), "abcd", {}},
              {"a full field, the same letter", 0, 1, report("abbcd", 2), "abcd", {EN_MAXTEXT}},
              {"nothing for nothing", 0, 1, replace(""), "abcd", {}},
              {"nothing for something", 0, 3, replace(""), "ad", changed},
@@ -224,19 +225,6 @@ TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {
     EXPECT_FALSE(edit.SendMessageA(EM_UNDO) || edit.GetModify());
 }
 
-TEST_F(EditTest, WhatANativeWidgetReportsIsToldOnceAndTheFocusToo) {
-    MakeEdit(0, "ab");
-    input::Edited(edit.m_hWnd, "abc", 3, 3);
-    EXPECT_EQ(parent.Take(), changed);
-    EXPECT_TRUE(edit.GetModify());
-    input::Edited(edit.m_hWnd, "abc", 0, 2); // the selection alone
-    EXPECT_EQ(parent.Take(), Codes{});
-    EXPECT_EQ(view::Edit(edit.m_hWnd).selectionEnd, 2);
-    edit.SetFocus();
-    parent.SetFocus();
-    EXPECT_EQ(parent.Take(), (Codes{EN_SETFOCUS, EN_KILLFOCUS}));
-}
-
 TEST_F(EditTest, TheMousePlacesTheCaretAndSelects) {
     MakeEdit(0, "one two"); // 7 pixels a character
     const auto mouse = [&](UINT message, UINT flags, int x) {
@@ -244,6 +232,7 @@ TEST_F(EditTest, TheMousePlacesTheCaretAndSelects) {
     };
     mouse(WM_LBUTTONDOWN, MK_LBUTTON, 15);
     EXPECT_EQ(GetFocus(), edit.m_hWnd);
+    EXPECT_EQ(parent.Take(), Codes{EN_SETFOCUS});
     EXPECT_EQ(Selection(), std::pair(2, 2));
     mouse(WM_MOUSEMOVE, MK_LBUTTON, 900);
     mouse(WM_LBUTTONUP, 0, 900);
@@ -253,6 +242,8 @@ TEST_F(EditTest, TheMousePlacesTheCaretAndSelects) {
     EXPECT_EQ(Selection(), std::pair(0, 3));
     edit.SetSel(-1, 0);
     EXPECT_EQ(Selection(), std::pair(3, 3));
+    parent.SetFocus();
+    EXPECT_EQ(parent.Take(), Codes{EN_KILLFOCUS});
 }
 
 } // namespace

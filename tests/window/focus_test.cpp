@@ -70,10 +70,8 @@ TEST_F(FocusTest, LeavesWhileTheWindowStillCountsAsVisible) {
         act();
         EXPECT_TRUE(visible) << border;
         EXPECT_EQ(GetFocus(), heir) << border;
-        for (RecordedWindow* window : {&frame, &group, &first}) {
-            window->EnableWindow(true);
-            window->ShowWindow(SW_SHOW);
-        }
+        for (RecordedWindow* window : {&frame, &group, &first})
+            window->EnableWindow(true), window->ShowWindow(SW_SHOW);
         first.SetFocus();
     }
 }

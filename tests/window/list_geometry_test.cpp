@@ -186,6 +186,11 @@ TEST_F(ListGeometry, NoWayOfScrollingLeavesTheContent) {
         EXPECT_EQ(list.GetTopIndex(), top) << border;
         EXPECT_EQ(view::Scroll(list.m_hWnd).topRow, top) << border;
     }
+    list.SetColumnWidth(1, 300);
+    Key(VK_RIGHT);
+    EXPECT_GT(view::Scroll(list.m_hWnd).x, 0);
+    Key(VK_LEFT);
+    EXPECT_EQ(view::Scroll(list.m_hWnd).x, 0);
 }
 
 } // namespace

@@ -190,7 +190,7 @@ TEST_F(WindowTreeTest, TellsOnlyWhatMovesAndTheDisplayOnceWhenRedrawIsOnAgain) {
     SetWindowPos(frame.m_hWnd, nullptr, {0, 0, 20, 30}, SWP_NOMOVE);
     EXPECT_THAT(Heard(), ElementsAre("frame placed", "frame size"));
     EXPECT_EQ(frame.GetWindowRect(), (CRect{5, 0, 25, 30}));
-    display.PaintWindow(frame.m_hWnd);
+    EXPECT_EQ(display.PaintWindow(frame.m_hWnd).size(), 1u) << "the background";
     display.TakeChanges(frame.m_hWnd);
     frame.SetRedraw(false);
     frame.SetWindowTextA("changed");
