@@ -1,7 +1,6 @@
 #include "qt/users.h"
 
 #include "korvel/qt/convert.h"
-#include "korvel/window/core/input.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -13,34 +12,16 @@
 
 namespace korvel::test {
 
-void HeadlessUser::Key(UINT key, const CString& characters) {
-    input::Key(GetFocus(), WM_KEYDOWN, key, characters);
-    input::Key(GetFocus(), WM_KEYUP, key, "");
-}
-
-void HeadlessUser::Click(HWND window, CPoint point) {
-    input::Mouse(window, WM_LBUTTONDOWN, MK_LBUTTON, point);
-    input::Mouse(window, WM_LBUTTONUP, 0, point);
-}
-
 namespace {
 
-struct KeyRow {
-    UINT key;
-    Qt::Key qtKey;
-};
-
-constexpr KeyRow Keys[] = {
-    {VK_BACK, Qt::Key_Backspace}, {VK_DELETE, Qt::Key_Delete}, {VK_LEFT, Qt::Key_Left},
-    {VK_DOWN, Qt::Key_Down},      {VK_END, Qt::Key_End},       {VK_RETURN, Qt::Key_Return},
-    {VK_SPACE, Qt::Key_Space},
-};
-
 Qt::Key ToQtKey(UINT key) {
-    for (const KeyRow& row : Keys)
-        if (row.key == key)
-            return row.qtKey;
-    return static_cast<Qt::Key>(key); // letters and digits have the same codes
+    static const std::map<UINT, Qt::Key> keys = {
+        {VK_BACK, Qt::Key_Backspace}, {VK_DELETE, Qt::Key_Delete}, {VK_LEFT, Qt::Key_Left},
+        {VK_DOWN, Qt::Key_Down},      {VK_END, Qt::Key_End},       {VK_RETURN, Qt::Key_Return},
+        {VK_SPACE, Qt::Key_Space},
+    };
+    const auto found = keys.find(key);
+    return found != keys.end() ? found->second : static_cast<Qt::Key>(key); // letters and digits are the same
 }
 
 // A box or menu is shown later, so the attempt is repeated until there is one.

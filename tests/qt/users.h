@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/qt/qt_display.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/display/headless_display.h"
 #include "support/recorded_window.h"
 
@@ -26,8 +27,14 @@ public:
     HeadlessUser() { SetDisplay(&m_display); }
     ~HeadlessUser() override { SetDisplay(nullptr); }
 
-    void Key(UINT key, const CString& characters) override;
-    void Click(HWND window, CPoint point) override;
+    void Key(UINT key, const CString& characters) override {
+        input::Key(GetFocus(), WM_KEYDOWN, key, characters);
+        input::Key(GetFocus(), WM_KEYUP, key, "");
+    }
+    void Click(HWND window, CPoint point) override {
+        input::Mouse(window, WM_LBUTTONDOWN, MK_LBUTTON, point);
+        input::Mouse(window, WM_LBUTTONUP, 0, point);
+    }
     void WhenIdle(std::function<void()> step) override { m_display.Then(std::move(step)); }
     void AnswerBox(int button) override { m_display.AnswerNext(button); }
     void AnswerMenu(unsigned command) override { m_display.AnswerNext(static_cast<int>(command)); }
