@@ -104,7 +104,9 @@ TEST_F(FocusTest, CaptureEndsWithItsWindow) {
     EXPECT_THAT(Heard(), ElementsAre("first capture lost"));
     second.ShowWindow(SW_HIDE);
     EXPECT_EQ(GetCapture(), nullptr);
-    SetCapture(first.m_hWnd);
+    SetCapture(frame.m_hWnd);
+    first.DestroyWindow();
+    EXPECT_EQ(GetCapture(), frame.m_hWnd) << "another's end";
     frame.DestroyWindow();
     EXPECT_EQ(GetCapture(), nullptr);
 }

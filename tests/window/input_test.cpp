@@ -159,6 +159,9 @@ TEST_F(InputTest, OnAScreenAFailureIsShownOnceAtATime) {
     ASSERT_EQ(native.ShownBoxes().size(), 1u);
     EXPECT_EQ(native.ShownBoxes()[0].text, "no such member");
     EXPECT_EQ(native.ShownBoxes()[0].caption, "Korvel");
+    native.AnswerNext(IDOK);
+    input::Key(child.m_hWnd, WM_KEYDOWN, 'A', "");
+    EXPECT_EQ(native.ShownBoxes().size(), 2u) << "the next failure is shown again";
     child.on.clear();
     frame.DestroyWindow();
 }
