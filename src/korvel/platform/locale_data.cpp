@@ -21,9 +21,10 @@ namespace {
 class IcuStatus {
 public:
     operator UErrorCode&() { return m_code; }
+    bool HasFailed() const { return U_FAILURE(m_code); }
     // Throws Error when one of the calls before has failed.
     void Check() const {
-        if (U_FAILURE(m_code))
+        if (HasFailed())
             throw Error(std::string("The regional data of ICU cannot be read: ") + u_errorName(m_code));
     }
 
@@ -198,19 +199,19 @@ std::optional<std::string> FindLocale(const std::string& name) {
     icu::Locale locale = icu::Locale::createCanonical(name.substr(0, name.find_first_of(".@")).c_str());
     if (!IsKnownLanguage(locale.getLanguage()))
         return std::nullopt;
+    const char* script = ScriptOfVariant(name);
     IcuStatus status;
     icu::LocaleBuilder builder;
-    builder.setLocale(locale);
-    if (const char* script = ScriptOfVariant(name))
-        builder.setScript(script);
+    builder.setLanguage(locale.getLanguage());
+    builder.setScript(script != nullptr ? script : locale.getScript());
+    builder.setRegion(locale.getCountry());
     if (*locale.getISO3Country() == '\0') {
         icu::Locale likely = builder.build(status);
         likely.addLikelySubtags(status);
         builder.setRegion(likely.getCountry());
     }
     auto tag = builder.build(status).toLanguageTag<std::string>(status);
-    status.Check();
-    return tag;
+    return status.HasFailed() ? std::nullopt : std::optional(tag);
 }
 
 platform::RegionalSettings LocaleData(const std::string& numberLocale, const std::string& timeLocale) {
