@@ -39,9 +39,9 @@ protected:
 
 TEST_F(RegionalSettingsTest, KnowsTheFormatsOfCountries) {
     const std::pair<const char*, const char*> rows[] = {
-        {"de_DE.UTF-8", ",. 3;0 DEU"}, {"de", ",. 3;0 DEU"},    {"fr-FR", ",\xA0 3;0 FRA"},
-        {"de-CH", ".\x92 3;0 CHE"},    {"en-US", "., 3;0 USA"}, {"hi-IN", "., 3;2;0 IND"},
-        {"ar-EG", "., 3;0 EGY"}};
+        {"de_DE.UTF-8", ",. 3;0 DEU"}, {"de", ",. 3;0 DEU"},      {"fr-FR", ",\xA0 3;0 FRA"},
+        {"de-CH", ".\x92 3;0 CHE"},    {"en-US", "., 3;0 USA"},   {"hi-IN", "., 3;2;0 IND"},
+        {"ar-EG", "., 3;0 EGY"},       {"de_DE_X", ",. 3;0 DEU"}, {"ja_JP_TRADITIONAL", "., 3;0 JPN"}};
     for (const auto& [locale, formats] : rows) {
         const RegionalSettings s = Of(locale);
         EXPECT_EQ(s.decimalSeparator + s.thousandsSeparator + " " + s.grouping + " " + s.countryName, formats)
@@ -102,6 +102,17 @@ TEST_F(RegionalSettingsTest, LetsTheUserOverride) {
     EXPECT_EQ(changed.thousandsSeparator, "") << "empty is a choice";
     EXPECT_EQ(changed.decimalSeparator, "'") << "up to the first zero";
     EXPECT_EQ(changed.grouping, "3;0") << "not a text";
+
+    sqlite3* other = nullptr;
+    sqlite3_open(m_store.File().c_str(), &other);
+    sqlite3_exec(other, "UPDATE settings SET value = 1.5 WHERE name = 'sdecimal'", nullptr, nullptr, nullptr);
+    sqlite3_close(other);
+    std::string told;
+    SetStoreProblemListener([&](const StoreProblem& problem) { told = problem.text; });
+    const RegionalSettings mostly = ReadRegionalSettings();
+    SetStoreProblemListener(nullptr);
+    EXPECT_EQ(mostly.decimalSeparator + mostly.timePicture, ",sTimeFormat") << "a fraction is no setting";
+    EXPECT_NE(told.find("'sDecimal'"), std::string::npos);
 }
 
 TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
@@ -133,6 +144,16 @@ TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
     sqlite3_close(holder);
     EXPECT_EQ(decimal(), "'");
     EXPECT_EQ(told, (std::vector{true, true, false}));
+
+    SetStoreProblemListener(nullptr);
+    for (const char* name : {"first", "second"}) {
+        SetStorePath(SettingsRoot::User, m_store.Path() / name);
+        std::ofstream(StorePath(SettingsRoot::User)) << std::string(5000, 'x');
+        EXPECT_EQ(decimal(), ",");
+    }
+    EXPECT_ANY_THROW(SetStoreProblemListener([](const StoreProblem&) { throw Error("listener"); }));
+    SetStoreProblemListener([&](const StoreProblem&) { told.push_back(true); });
+    EXPECT_EQ(told.size(), 4u) << "the rest is kept for the next";
     SetStoreProblemListener(nullptr);
 }
 

@@ -1,4 +1,5 @@
 #include "korvel/platform/error.h"
+#include "korvel/platform/set_aside.h"
 #include "korvel/platform/settings_store.h"
 #include "korvel/platform/store_database.h"
 #include "korvel/platform/store_problem.h"
@@ -92,11 +93,16 @@ TEST_F(SettingsStoreTest, RefusesWhatIsNoStoreAndLeavesItAlone) {
     }
     create_directory(file);
     expectRefusal("unable to open");
-    sqlite3* database = nullptr;
-    sqlite3_open(file.c_str(), &database);
-    sqlite3_exec(database, "CREATE TABLE theirs(a)", nullptr, nullptr, nullptr);
-    sqlite3_close(database);
-    expectRefusal("another program's database");
+    const std::pair<const char*, const char*> databases[] = {
+        {"CREATE TABLE theirs(a)", "another program's database"},
+        {"PRAGMA application_id = 1265594998; CREATE TABLE keys(a)", "its tables are missing"}};
+    for (const auto& [statements, reason] : databases) {
+        sqlite3* database = nullptr;
+        sqlite3_open(file.c_str(), &database);
+        sqlite3_exec(database, statements, nullptr, nullptr, nullptr);
+        sqlite3_close(database);
+        expectRefusal(reason);
+    }
 
     std::ofstream(file).close();
     EXPECT_EQ(Read("A", "name", KeyMissing), Untouched) << "an empty file is an empty store";
@@ -167,6 +173,17 @@ TEST_F(SettingsStoreTest, NeedsNoLogWhereNoneCanBeShared) {
     EXPECT_EQ(WriteSetting(Root, "A", "name", SettingValue::Text("kept")), Done);
     EXPECT_EQ(Read("A", "name").bytes, "kept");
     EXPECT_EQ(JournalMode(m_store.File()), "delete");
+
+    const std::filesystem::path elsewhere = m_store.Path() / "elsewhere";
+    const std::filesystem::path copy = m_store.Path() / "copy";
+    SetStorePath(Root, elsewhere);
+    CreateKey(Root, "A");
+    WriteSetting(Root, "A", "name", SettingValue::Text("with a log"));
+    copy_file(elsewhere, copy);
+    MakeSocketFile(m_store.Path() / "copy-shm");
+    SetStorePath(Root, copy);
+    EXPECT_EQ(Read("A", "name").bytes, "with a log");
+    EXPECT_EQ(WriteSetting(Root, "A", "name", Untouched), Done);
 }
 
 TEST_F(SettingsStoreTest, UsersReadTheMachinesWithoutTheRightToWriteThere) {
@@ -181,23 +198,35 @@ TEST_F(SettingsStoreTest, UsersReadTheMachinesWithoutTheRightToWriteThere) {
         EXPECT_EQ(value.bytes, "kept");
         EXPECT_EQ(WriteSetting(SettingsRoot::Machine, "A", "name", Untouched), AccessDenied);
     }
+    std::ofstream(StorePath(SettingsRoot::Machine) += "-journal") << "of a writer that was killed";
+    {
+        const OrdinaryUser user;
+        SettingValue value;
+        EXPECT_EQ(ReadSetting(SettingsRoot::Machine, "A", "name", value), AccessDenied)
+            << "what the file holds was never committed";
+    }
     chmod(m_store.Path().c_str(), 0755);
 }
 
-TEST_F(SettingsStoreTest, IsSetAsideWithAllThatBelongsToIt) {
+TEST_F(SettingsStoreTest, IsSetAsideWithAllThatBelongsToItOnceItIsDamaged) {
     CreateKey(Root, "A");
     const std::filesystem::path file = m_store.File();
-    const auto beside = [](std::filesystem::path path, const char* suffix) { return path += suffix; };
-    std::ofstream(beside(file, ".damaged")) << "of last time";
-    std::ofstream(beside(file, "-wal")) << "log";
-    const std::filesystem::path aside = SetStoreAside(Root);
-    EXPECT_EQ(aside, beside(file, ".2.damaged"));
-    EXPECT_EQ(ContentOf(beside(aside, "-wal")), "log");
-    EXPECT_FALSE(exists(beside(file, "-wal"))) << "a new store would take the log for its own";
+    const auto beside = [&](const char* suffix) { return std::filesystem::path(file) += suffix; };
+    EXPECT_THROW(SetStoreAside(Root), Error) << "another program has begun a new one";
+    EXPECT_EQ(CheckKey(Root, "A", SettingsAccess::Read), Done);
+
+    std::ofstream(file) << std::string(5000, 'x');
+    std::ofstream(beside("-shm")) << "memory";
+    create_symlink("nothing", beside(".damaged"));
+    std::ofstream(beside(".2.damaged-wal")) << "of last time";
+    EXPECT_EQ(SetStoreAside(Root), beside(".3.damaged"));
+    EXPECT_EQ(ContentOf(beside(".3.damaged-shm")), "memory") << "a new store would take it for its own";
+    EXPECT_EQ(ContentOf(beside(".2.damaged-wal")), "of last time");
     EXPECT_EQ(CheckKey(Root, "A", SettingsAccess::Read), KeyMissing);
-    std::ofstream(beside(file, "-wal")) << "log";
-    EXPECT_THROW(SetStoreAside(Root), Error) << "there is none";
-    EXPECT_EQ(ContentOf(beside(file, "-wal")), "log") << "nothing has changed";
+
+    std::ofstream(beside("-wal")) << "log";
+    EXPECT_THROW(SetFileAside(file, {"-wal"}), Error) << "there is none";
+    EXPECT_EQ(ContentOf(beside("-wal")), "log") << "nothing has changed";
 }
 
 void WriteMany(int writer) {

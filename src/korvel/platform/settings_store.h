@@ -20,8 +20,8 @@ namespace korvel::platform {
 ///     SettingValue value;
 ///     ReadSetting(SettingsRoot::User, "software\\halmond\\KORVEL", "language", value)  -> Done, "English"
 ///
-/// A key is named by its path from the root, parts separated by backslashes; a backslash too many means
-/// nothing, and the empty path is the root, which always exists. Case never matters, in keys and in names of
+/// A key is named by its path from the root, parts separated by backslashes; extra backslashes are
+/// ignored, and the empty path is the root, which always exists. Case never matters, in keys and in names of
 /// values. Names and paths are texts of the library (code_page.h).
 ///
 /// Several programs may use a store at the same time, and one may be killed at any moment: every operation
@@ -65,6 +65,8 @@ KORVEL_API SettingsStatus ReadSetting(SettingsRoot root, std::string_view path, 
                                       SettingValue& value);
 
 /// Reads several values of a key as they are at one moment: one for each name, nothing for what is missing.
+/// \throws Error as all of them, and for a value that some other program has set to what no setting is; `values`
+/// then holds the others
 KORVEL_API SettingsStatus ReadSettings(SettingsRoot root, std::string_view path,
                                        std::span<const std::string_view> names,
                                        std::vector<std::optional<SettingValue>>& values);

@@ -30,6 +30,12 @@ constexpr const char* TableDefinitions =
     "PRAGMA application_id = 1265594998;";
 static_assert(ApplicationId == 1265594998);
 
+// One statement, so that a store that another program makes at this moment is seen whole or not at all.
+constexpr const char* QueryOfTables =
+    "SELECT application_id, (SELECT count(*) FROM sqlite_master),"
+    " (SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name IN ('keys', 'settings'))"
+    " FROM pragma_application_id";
+
 bool IsMissingRight(int systemError) {
     return systemError == EACCES || systemError == EPERM || systemError == EROFS;
 }
@@ -68,12 +74,13 @@ std::optional<StoreDatabase> StoreDatabase::OpenExisting(const std::filesystem::
         return std::nullopt;
     try {
         StoreDatabase database(file, Access::Existing, use);
-        return database.HasTables() ? std::optional(std::move(database)) : std::nullopt;
+        return database.IsStore() ? std::optional(std::move(database)) : std::nullopt;
     } catch (const StoreAccessDenied&) {
         // A log needs a file beside the store while it is read. Without the right to make one the store is read
-        // as it is, unless a log holds what is not in it yet.
-        if (Exists(std::filesystem::path(file) += "-wal"))
-            throw;
+        // as it is, unless a log holds what is not in it yet or a journal what is to be put back into it.
+        for (const char* companion : {"-wal", "-journal"})
+            if (Exists(std::filesystem::path(file) += companion))
+                throw;
     }
     StoreDatabase database(file, Access::Unchanging, use);
     return database.HasTables() ? std::optional(std::move(database)) : std::nullopt;
@@ -87,9 +94,23 @@ StoreDatabase StoreDatabase::OpenOrCreate(const std::filesystem::path& file) {
     if (IsMissingRight(error.value()))
         throw StoreAccessDenied();
     StoreDatabase database(file, Access::Create, StoreUse::Writing);
-    if (!database.HasTables())
+    if (!database.IsStore())
         database.CreateTables();
     return database;
+}
+
+bool StoreDatabase::IsDamaged(const std::filesystem::path& file) {
+    try {
+        std::optional<StoreDatabase> store = OpenExisting(file, StoreUse::Reading);
+        if (!store)
+            return false;
+        StoreStatement check(*store, "PRAGMA integrity_check(1)");
+        return !check.Step() || check.ColumnBytes(0) != "ok";
+    } catch (const StoreDamaged&) {
+        return true;
+    } catch (const StoreAccessDenied&) {
+        return false;
+    }
 }
 
 StoreDatabase::StoreDatabase(const std::filesystem::path& file, Access access, StoreUse use)
@@ -163,14 +184,27 @@ void StoreDatabase::Execute(const char* sql) {
     Check(sqlite3_exec(m_handle.get(), sql, nullptr, nullptr, nullptr));
 }
 
+// A store that was kept with a log may have come to a folder where the memory that a log needs cannot be shared.
+bool StoreDatabase::IsStore() {
+    try {
+        return HasTables();
+    } catch (const StoreUnreachable&) {
+        LeaveLog();
+        return HasTables();
+    }
+}
+
 bool StoreDatabase::HasTables() {
-    StoreStatement id(*this, "PRAGMA application_id");
-    if (id.Step() && id.ColumnNumber(0) == ApplicationId)
-        return true;
-    StoreStatement objects(*this, "SELECT 1 FROM sqlite_master");
-    if (objects.Step())
+    StoreStatement query(*this, QueryOfTables);
+    query.Step();
+    const bool isMarked = query.ColumnNumber(0) == ApplicationId;
+    const std::int64_t objects = query.ColumnNumber(1);
+    const std::int64_t tables = query.ColumnNumber(2);
+    if (isMarked && tables < 2)
+        throw StoreDamaged(Failure("its tables are missing"));
+    if (!isMarked && objects > 0)
         throw StoreDamaged(Failure("it is another program's database"));
-    return false;
+    return isMarked;
 }
 
 void StoreDatabase::CreateTables() {
@@ -191,7 +225,9 @@ void StoreDatabase::Check(int answer) const {
     case SQLITE_CANTOPEN:
         if (m_handle && IsMissingRight(sqlite3_system_errno(m_handle.get())))
             throw StoreAccessDenied();
-        throw Error(Failure(sqlite3_errstr(answer)));
+        [[fallthrough]];
+    case SQLITE_IOERR:
+        throw StoreUnreachable(Failure(sqlite3_errstr(answer)));
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
         throw StoreDamaged(Failure(sqlite3_errstr(answer)));

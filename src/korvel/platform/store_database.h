@@ -21,6 +21,12 @@ public:
     using Error::Error;
 };
 
+/// Thrown where the system cannot read the file, or not as a log needs it.
+class StoreUnreachable : public Error {
+public:
+    using Error::Error;
+};
+
 /// How a store keeps what is not yet in its file: in a log beside it, so that readers wait for no writer, or
 /// in a journal, so that readers need no right to write anything.
 enum class StoreJournal { Log, Rollback };
@@ -29,8 +35,7 @@ enum class StoreJournal { Log, Rollback };
 enum class StoreUse { Reading, Writing };
 
 /// An open store. What was not committed when it is destroyed has not happened, and the same holds for a
-/// process that dies. Every failure is thrown: StoreAccessDenied, StoreDamaged, else Error, both with the name
-/// of the file.
+/// process that dies. Every failure is thrown: StoreAccessDenied, or an Error with the name of the file.
 class StoreDatabase {
 public:
     /// Nothing when there is no such file, or none that ever was written to.
@@ -38,6 +43,9 @@ public:
 
     /// For writing: creates the file and the folders above it where they are missing.
     static StoreDatabase OpenOrCreate(const std::filesystem::path& file);
+
+    /// Whether reading all of the file shows that it is damaged. False for none, and without the right to read it.
+    static bool IsDamaged(const std::filesystem::path& file);
 
     /// Keeps the log or the journal from now on, where the folder's file system and the other users of the file
     /// allow it; they all follow.
@@ -63,6 +71,7 @@ private:
     void LeaveLog();
     void Execute(const char* sql);
     std::string JournalMode();
+    bool IsStore();
     bool HasTables();
     void CreateTables();
 

@@ -12,15 +12,25 @@ StoreProblemLog& StoreProblemLog::Instance() {
 }
 
 void StoreProblemLog::Listen(Listener listener) {
-    std::vector<StoreProblem> untold;
     {
         const std::lock_guard lock(m_mutex);
         m_listener = listener;
-        if (listener)
-            untold.swap(m_untold);
     }
-    for (const StoreProblem& problem : untold)
-        listener(problem);
+    while (listener) {
+        const std::optional<StoreProblem> problem = TakeUntold();
+        if (!problem)
+            return;
+        listener(*problem);
+    }
+}
+
+std::optional<StoreProblem> StoreProblemLog::TakeUntold() {
+    const std::lock_guard lock(m_mutex);
+    if (m_untold.empty())
+        return std::nullopt;
+    StoreProblem first = std::move(m_untold.front());
+    m_untold.pop_front();
+    return first;
 }
 
 bool StoreProblemLog::ReadOrTell(platform::SettingsRoot root, const std::function<void()>& read) {

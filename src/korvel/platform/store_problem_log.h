@@ -2,10 +2,11 @@
 
 #include "korvel/platform/store_problem.h"
 
+#include <deque>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <utility>
-#include <vector>
 
 namespace korvel::internal {
 
@@ -27,10 +28,11 @@ public:
 
 private:
     void Tell(const platform::StoreProblem& problem);
+    std::optional<platform::StoreProblem> TakeUntold();
 
     std::mutex m_mutex;
     Listener m_listener;
-    std::vector<platform::StoreProblem> m_untold;
+    std::deque<platform::StoreProblem> m_untold;
     std::set<std::pair<std::filesystem::path, bool>> m_known; // and whether it is damaged
 };
 
