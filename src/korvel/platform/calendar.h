@@ -28,8 +28,8 @@ struct CalendarFields {
 ///
 /// The fraction always counts forward from midnight.
 ///
-/// Rounded to the nearest second. Valid are the years 100 to 9999; nothing for any other date, for
-/// infinities, for not-a-number, and in the last half second of the year 9999.
+/// Rounded to the nearest second. Returns nothing outside the years 100 to 9999, for infinities, for
+/// not-a-number, and in the last half second of the year 9999.
 KORVEL_API std::optional<CalendarFields> FieldsFromDate(double date);
 
 /// The reverse; weekday and dayOfYear are not looked at. Nothing when there is no such day or time of day.

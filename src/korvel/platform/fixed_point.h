@@ -5,8 +5,8 @@
 
 namespace korvel::internal {
 
-/// A number with a fixed count of decimals, exact. It spares the way through printf to the first decimals of
-/// a double, and rounds as that way does, in both of its steps.
+/// A number with a fixed count of decimals, exact. Gives the decimals of a double without calling printf, and
+/// rounds twice as printf and the format would.
 struct FixedPoint {
     static constexpr int MostDecimals = 15;
 

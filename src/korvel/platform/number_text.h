@@ -33,7 +33,7 @@ constexpr std::size_t LongestNumberText = 1024;
 /// Rounds half away from zero, on the text. What is rounded to zero has no sign; with neither digits nor a
 /// leading zero it is the empty text.
 ///
-/// False, and nothing appended: the text is not of this form, the result is longer than longestNumberText, or
+/// False, and nothing appended: the text is not of this form, the result is longer than LongestNumberText, or
 /// the number is negative and negativeOrder above 4.
 bool AppendNumberText(std::string& out, std::string_view number, const NumberTextFormat& format);
 

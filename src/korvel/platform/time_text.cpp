@@ -180,7 +180,7 @@ public:
     TimeWriter(const Fields& fields, const RegionalSettings& settings)
         : m_fields(fields), m_settings(settings) {}
 
-    // False: the format is not understood.
+    // False: the format is not understood, or the text too long.
     bool Write(std::string_view format, Form form);
     std::string Take() { return std::move(m_text); }
 
@@ -210,7 +210,7 @@ bool TimeWriter::Write(std::string_view format, Form outerForm) {
         if (format.starts_with('E') ||
             format.starts_with('O')) // eras and other numerals, which no locale here has
             format.remove_prefix(1);
-        if (format.empty() || !WriteSpecifier(format.front(), form))
+        if (format.empty() || !WriteSpecifier(format.front(), form) || m_text.size() > LongestText)
             return false;
         format.remove_prefix(1);
     }
