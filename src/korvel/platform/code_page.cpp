@@ -37,7 +37,8 @@ constexpr std::array<Form, 4> Forms{{{0x81, 2, 0x100, 0x4FF, 0x100},
 constexpr unsigned char Quote = 0x90;
 constexpr unsigned char FirstTrailing = 0xE0;
 constexpr int TrailingBits = 5;
-constexpr std::size_t MostTrailing = 4;
+constexpr std::size_t MostTrailing = LongestCharacter - 1;
+static_assert(std::ranges::max(Forms, {}, &Form::trailing).trailing == MostTrailing);
 
 unsigned char ByteAt(std::string_view text, std::size_t at) {
     return static_cast<unsigned char>(text[at]);

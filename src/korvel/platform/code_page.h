@@ -20,14 +20,16 @@ namespace korvel::platform {
 /// letter, are the control characters of the same number. Any other character is a sequence, as in a
 /// double-byte code page: a lead byte, then 5 bits a byte in E0..FF, highest first.
 ///
-///     81 + 2 bytes   U+0100..U+04FF, less 100        8F + 3 bytes   U+8000..U+FFFF, less 8000
-///     8D + 3 bytes   other ones up to U+7FFF         9D + 4 bytes   U+10000..U+10FFFF, less 10000
+///     81 + 2 bytes   U+0100..U+04FF, minus 0x100
+///     8D + 3 bytes   U+0080..U+7FFF, where no form above holds it
+///     8F + 3 bytes   U+8000..U+FFFF, minus 0x8000
+///     9D + 4 bytes   U+10000..U+10FFFF, minus 0x10000
 ///
 /// Only the shortest form of a character that the page does not hold is a sequence; whatever else follows a
-/// lead byte is read byte by byte. A byte 90 quotes: between a lead byte and what would make a sequence of
-/// it, the first of one or more 90s has no character of its own and keeps the others apart. So both ways round
-/// (bytes to UTF-8 to bytes, UTF-8 to bytes to UTF-8) no text changes. No lead byte occurs within a sequence.
-/// Joining or cutting texts elsewhere than between characters can make or break one.
+/// lead byte is read byte by byte. A byte 90 after a lead byte quotes: it is no character, and says that the lead
+/// byte and the bytes E0..FF after it stand for themselves. Where 90s stand there as characters, one more is put
+/// before them. So both ways round (bytes to UTF-8 to bytes, UTF-8 to bytes to UTF-8) no text changes. No lead byte
+/// occurs within a sequence. Joining or cutting texts can make or break one, even between characters.
 
 /// What became of a Unicode text.
 struct ConvertedText {
@@ -45,6 +47,9 @@ KORVEL_API char32_t ToUnicode(char byte);
 
 /// Nothing when the page does not hold the character.
 KORVEL_API std::optional<char> FromUnicode(char32_t character);
+
+/// The bytes of the longest sequence.
+inline constexpr std::size_t LongestCharacter = 5;
 
 /// One character of a text and the bytes that it takes, a quoting 90 included.
 struct Character {
@@ -66,7 +71,8 @@ KORVEL_API std::size_t PreviousCharacter(std::string_view text, std::size_t at);
 
 KORVEL_API std::size_t CountCharacters(std::string_view text);
 
-/// The beginning of a text, whole characters of at most `longest` bytes.
+/// The beginning of a text, whole characters of at most `longest` bytes. Where that ends after a lead byte and its
+/// quoting 90, the two are read as two characters: "\x81\x90\xE2\xE1" cut to 3 bytes is U+0081 U+0090 U+00E2.
 KORVEL_API std::string_view CutCharacters(std::string_view text, std::size_t longest);
 
 /// True when the characters of `text` begin with those of `beginning`.
