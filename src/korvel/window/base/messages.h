@@ -2,8 +2,8 @@
 
 #include "korvel/window/base/types.h"
 
-/// The numbers of the platform's messages, notifications, styles and states, as its public headers
-/// give them; only those that the library sends, receives or tests.
+/// The numbers of the window model's messages, notifications, styles and states; only those that the library
+/// sends, receives or tests.
 namespace korvel {
 
 inline constexpr UINT WM_CREATE = 0x0001;

@@ -9,7 +9,7 @@ inline char LowerLetter(char letter) {
     return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
 }
 
-/// Orders the names of classes and messages as the platform compares them: whatever their case.
+/// Orders the names of classes and messages as the window model compares them: whatever their case.
 struct NameLess {
     using is_transparent = void;
     bool operator()(std::string_view left, std::string_view right) const {

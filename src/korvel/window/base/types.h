@@ -39,8 +39,8 @@ struct CSize {
     bool operator==(const CSize&) const = default;
 };
 
-/// A rectangle in pixels; right and bottom lie outside it. It may be empty, or turned inside out by the
-/// operations below: such a one is empty too.
+/// A rectangle in pixels; right and bottom lie outside it. It is empty when they are not beyond left and
+/// top, as the operations below may leave it.
 struct CRect {
     int left = 0;
     int top = 0;

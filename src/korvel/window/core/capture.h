@@ -11,7 +11,7 @@ void TakeCaptureAway(const WindowRecord& record);
 
 /// No window has the capture any more if it was this one. Sends nothing.
 void ForgetCapture(HWND window);
-/// The same, whichever window it was; the display does not get to know.
+/// The same, whichever window it was; the display is not told.
 void ForgetCapture();
 
 } // namespace korvel::internal

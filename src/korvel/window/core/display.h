@@ -45,9 +45,8 @@ class KORVEL_API IDisplay {
 public:
     virtual ~IDisplay() = default;
 
-    /// True for a display without native widgets and without foreign code below its handlers: controls act
-    /// themselves on what was left to their default, and an exception of a handler goes on to whoever
-    /// called an input function while no exception handler is set. Callable on any thread.
+    /// True for a display without native widgets. Controls then do their default action themselves. Without an
+    /// exception handler, an exception reaches the caller of the input function. Callable on any thread.
     virtual bool IsHeadless() const { return false; }
 
     // Windows.
@@ -112,9 +111,9 @@ public:
 
     // The clipboard.
 
-    /// False when it is not to be had.
+    /// False when the clipboard is not available.
     virtual bool SetClipboardText(const CString& text) = 0;
-    /// Nothing when it is not to be had or holds no text.
+    /// Nothing when the clipboard is not available or holds no text.
     virtual std::optional<CString> ClipboardText() = 0;
 
     /// The picture in a file, made smaller where it does not fit into `room`. Nothing for a file that is

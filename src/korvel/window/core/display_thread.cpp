@@ -19,7 +19,7 @@ InForce& Current() {
     return inForce;
 }
 
-DisplayMaker* g_makeDefault = nullptr;
+DisplayMaker* defaultMaker = nullptr;
 
 } // namespace
 
@@ -31,7 +31,7 @@ IDisplay& DisplayInForce() {
     std::call_once(once, [] {
         if (Current().display.load())
             return;
-        PutInForce(g_makeDefault());
+        PutInForce(defaultMaker());
         Current().display.load()->Wake(); // what was posted before still waits
     });
     return *Current().display.load();
@@ -58,12 +58,12 @@ bool IsInForce(const IDisplay& display) {
 }
 
 bool SetDefaultDisplay(DisplayMaker* make) {
-    g_makeDefault = make;
+    defaultMaker = make;
     return true;
 }
 
 IDisplay& DefaultDisplay() {
-    return g_makeDefault();
+    return defaultMaker();
 }
 
 bool PutInForce(IDisplay& display) {

@@ -13,7 +13,7 @@ void MoveFocus(HWND window, FocusOrigin origin);
 /// Nothing for a window that the display does not show.
 void TakeFocusAway(const WindowRecord& record, HWND heir);
 bool CanTakeFocus(HWND window);
-/// The box that is about to be shown takes the focus away; returns who has it to get back.
+/// Takes the focus away for a box; returns the window to give it back to.
 HWND LendFocusToBox();
 void ReturnFocusFromBox(HWND former);
 

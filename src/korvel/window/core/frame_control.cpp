@@ -12,7 +12,7 @@ namespace {
 
 enum class Look { Normal, Pushed, Inactive };
 
-// The platform lets an inactive control look inactive even while it is pushed.
+// In the window model an inactive control looks inactive even while it is pushed.
 Look LookOf(UINT state) {
     if (state & DFCS_INACTIVE)
         return Look::Inactive;

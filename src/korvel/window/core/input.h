@@ -5,8 +5,8 @@
 
 /// What the user does, as a display reports it. The functions are called on the display's thread. What a
 /// handler throws goes to the exception handler and does not leave them; under a headless display without
-/// exception handler it comes out to the caller. They find out themselves whether the window takes input:
-/// it is dropped for a window that is gone, disabled or has a disabled ancestor.
+/// exception handler it comes out to the caller. Input to a window that is gone, disabled or inside a
+/// disabled one is dropped.
 ///
 ///     input::Mouse(list, WM_LBUTTONDOWN, MK_LBUTTON, {30, 25});
 ///     if (!input::Key(edit, WM_KEYDOWN, 'A', "a"))

@@ -12,7 +12,7 @@ extern KORVEL_API const UINT WM_SHOW_SETTINGS;
 extern KORVEL_API const UINT WM_DTM_COLOR_DIRTY;
 extern KORVEL_API const UINT WM_OPENGLSINK_NOTIFICATION;
 /// The grid announces an undoable step to its parent: wParam 1 opens it with the title in lParam
-/// (const char*), wParam 0 closes it.
+/// (const char*), wParam 0 closes it. Not sent yet.
 extern KORVEL_API const UINT WM_HISTORY;
 extern KORVEL_API const UINT WM_HISTORY_ROLLBACK;
 /// Asks the parent for a row's image.

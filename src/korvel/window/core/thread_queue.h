@@ -36,7 +36,7 @@ public:
     /// thread.
     void End();
 
-    /// Called on any thread each time something arrives (empty: nobody wants to know). Once this has returned,
+    /// Called on any thread each time something arrives (empty: nothing is called). Once this has returned,
     /// the former one is called no more. It must not call the queue.
     void SetWaker(Action wake);
     /// Runs when the queue's thread ends.

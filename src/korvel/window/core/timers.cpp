@@ -14,7 +14,7 @@ using Milliseconds = std::chrono::milliseconds;
 
 namespace {
 
-// The platform's shortest period; a shorter one would starve everything else.
+// The shortest period of the window model; a shorter one would starve everything else.
 constexpr Milliseconds ShortestPeriod{10};
 
 struct Timer {
@@ -41,7 +41,7 @@ void SetAlarm(IDisplay& display) {
     display.Alarm(next ? std::optional(next->due) : std::nullopt);
 }
 
-// Periods that passed unheard are skipped, as the platform merges them into one message.
+// Periods that passed unheard are skipped, as the window model merges them into one message.
 void Rearm(Timer& timer, Milliseconds now) {
     timer.due = std::max(timer.due + timer.period, now + Milliseconds(1));
 }

@@ -5,13 +5,13 @@
 #include <exception>
 #include <functional>
 
-/// Where an exception goes that no handler caught: to the exception handler (SetExceptionHandler), else to who shows
-/// it to the user, else on to whoever pumps.
+/// Where an exception goes that no handler caught: to the exception handler (SetExceptionHandler), else to the
+/// failure viewer, else to the caller that pumps messages.
 namespace korvel::internal {
 
-/// Runs `action` and hands what it throws on. What nobody takes comes back.
+/// Runs `action` and hands on what it throws. Returns what the handler did not take.
 std::exception_ptr FailureOf(const std::function<void()>& action);
-/// The same for a call of a pump, who gets what nobody takes.
+/// The same, but throws it to the caller.
 void Guarded(const std::function<void()>& action);
 
 /// Shows the text of a failure to the user; false: nobody is there to see it.

@@ -10,7 +10,7 @@ namespace korvel::internal {
 struct WindowClass {
     std::string name; // compared without case
     WNDPROC procedure = nullptr;
-    /// Makes the state of a control; empty for windows without one. The record is complete but for it.
+    /// Makes the state of a control; empty for windows without one. The rest of the record is complete.
     std::function<std::unique_ptr<ControlState>(WindowRecord&)> makeControl = {};
 };
 

@@ -30,7 +30,7 @@ struct SystemValue {
     COLORREF value;
 };
 
-// The light colors of the platform.
+// The light colors of the window model.
 constexpr SystemValue Colors[] = {
     {COLOR_WINDOW, RGB(255, 255, 255)},   {COLOR_WINDOWTEXT, RGB(0, 0, 0)},
     {COLOR_HIGHLIGHT, RGB(0, 120, 215)},  {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)},
