@@ -169,6 +169,15 @@ TEST_F(EditTest, ACharacterOfSeveralBytesIsOne) {
     edit.SendMessageA(EM_UNDO);
     EXPECT_EQ(edit.GetWindowTextA(), "a") << "one step of undo";
     EXPECT_EQ(display.TextWidth(WithLetters("a#")), 14);
+    MakeEdit(ES_MULTILINE);
+    edit.SetWindowTextA(WithLetters("a#b\r\nwxyz"));
+    for (const auto& [key, caret] : {std::pair(VK_END, 5), {VK_LEFT, 4}, {VK_DOWN, 9}, {VK_UP, 4}}) {
+        Press(static_cast<UINT>(key));
+        EXPECT_EQ(Selection(), std::pair(caret, caret)) << "characters from the start of the line";
+    }
+    char buffer[4] = {};
+    EXPECT_EQ(edit.SendMessageA(WM_GETTEXT, sizeof buffer, reinterpret_cast<LPARAM>(buffer)), 1);
+    EXPECT_STREQ(buffer, "a") << "half a character does not fit";
 }
 
 TEST_F(EditTest, OfACharacterWhoseByteIsDroppedNothingIsTyped) {
@@ -225,6 +234,17 @@ TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {
     EXPECT_FALSE(edit.SendMessageA(EM_UNDO) || edit.GetModify());
 }
 
+TEST_F(EditTest, WhatANativeWidgetReportsIsTakenBackByTheProgramToo) {
+    MakeEdit(0, "ab");
+    input::Edited(edit.m_hWnd, "abc", 3, 3);
+    edit.LimitText(2);
+    parent.Take();
+    input::Edited(edit.m_hWnd, "abc", 0, 2); // the selection alone
+    EXPECT_EQ(parent.Take(), Codes{}) << "a full field that only moves its caret";
+    EXPECT_EQ(edit.SendMessageA(WM_UNDO), 1);
+    EXPECT_EQ(edit.GetWindowTextA(), "ab");
+}
+
 TEST_F(EditTest, TheMousePlacesTheCaretAndSelects) {
     MakeEdit(0, "one two"); // 7 pixels a character
     const auto mouse = [&](UINT message, UINT flags, int x) {
@@ -240,8 +260,9 @@ TEST_F(EditTest, TheMousePlacesTheCaretAndSelects) {
     EXPECT_EQ(Selection(), std::pair(2, 7));
     mouse(WM_LBUTTONDBLCLK, MK_LBUTTON, 10);
     EXPECT_EQ(Selection(), std::pair(0, 3));
+    edit.SetSel(4, 1);
     edit.SetSel(-1, 0);
-    EXPECT_EQ(Selection(), std::pair(3, 3));
+    EXPECT_EQ(Selection(), std::pair(4, 4)) << "the end of the selection";
     parent.SetFocus();
     EXPECT_EQ(parent.Take(), Codes{EN_KILLFOCUS});
 }

@@ -1,4 +1,5 @@
 #include "korvel/platform/error.h"
+#include "korvel/window/controls/edit.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/input_delivery.h"
 #include "support/recorded_window.h"
@@ -67,7 +68,7 @@ TEST_F(InputTest, ANativeWidgetActsOnlyWhenEverythingWasLeftToIt) {
     RegisterClassA("InputTestControl",
                    [](HWND window, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
                        if (message == WM_KEYDOWN || message == WM_CHAR)
-                           acted |= !internal::LeaveToNativeWidget(window, message);
+                           acted |= !internal::LeaveToNativeWidget(window, message, wParam, lParam);
                        return DefWindowProcA(window, message, wParam, lParam);
                    });
     RecordedWindow control("control", log);
@@ -87,6 +88,48 @@ TEST_F(InputTest, ANativeWidgetActsOnlyWhenEverythingWasLeftToIt) {
         EXPECT_EQ(input::Key(control.m_hWnd, WM_KEYDOWN, 'A', "a"), consumed) << border;
         EXPECT_EQ(acted, actedItself) << border;
     }
+}
+
+TEST_F(InputTest, WhatAHandlerSendsIsTypedByTheWindowItself) {
+    struct Hooked : CEdit {
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message != WM_CHAR || wParam != static_cast<unsigned char>(from) ||
+                std::exchange(isBusy, true))
+                return CEdit::WindowProc(message, wParam, lParam);
+            for (const char character : sent)
+                SendMessageA(WM_CHAR, static_cast<unsigned char>(character));
+            isBusy = false;
+            return passes ? CEdit::WindowProc(message, wParam, lParam) : 0;
+        }
+        char from = 0;
+        CString sent;
+        bool passes = false;
+        bool isBusy = false;
+    };
+    NativeDisplay native;
+    for (const auto& [border, from, sent, passes, typed, headless, besideNative, consumed] :
+         Table<char, const char*, bool, const char*, const char*, const char*, bool>{
+             {"three for one", 'k', "000", false, "k", "000", "000", true},
+             {"one before its own", '(', ")", true, "(", ")(", ")", false},
+             {"a point for a comma", ',', ".", false, ",", ".", ".", true},
+             {"itself twice: once it is the user's", 'k', "kk", false, "k", "kk", "k", false},
+             {"the trailing byte of a letter", '\xE1', "\xE1", true, "\x81\xE2\xE1", "\x81\xE2\xE1\xE1",
+              "\xE1", false},
+             {"no room for all of the key", 0, "", false, "abcdef", "abcd", "abcd", true}})
+        for (const bool isNative : {false, true}) {
+            SCOPED_TRACE(border);
+            SetDisplay(isNative ? &native : static_cast<IDisplay*>(&display));
+            Hooked edit;
+            edit.Create(WS_CHILD | WS_VISIBLE, {}, &frame, 3);
+            edit.LimitText(4);
+            edit.from = from;
+            edit.sent = sent;
+            edit.passes = passes;
+            EXPECT_EQ(input::Key(edit.m_hWnd, WM_KEYDOWN, 0, typed), !isNative || consumed);
+            EXPECT_EQ(edit.GetWindowTextA(), isNative ? besideNative : headless);
+            edit.DestroyWindow();
+        }
+    SetDisplay(&display);
 }
 
 TEST_F(InputTest, TheWheelAndTheMenuGoOutwardsAndTheMouseToWhoHasTheCapture) {

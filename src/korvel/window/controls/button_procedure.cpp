@@ -158,7 +158,7 @@ std::optional<LRESULT> HandleMessage(ButtonState& button, UINT message, WPARAM w
     case WM_KEYUP:
         if (isGroupBox)
             return std::nullopt;
-        if (button.Type() != BS_OWNERDRAW && LeaveToNativeWidget(window, message))
+        if (button.Type() != BS_OWNERDRAW && LeaveToNativeWidget(window, message, wParam, lParam))
             return 0;
         return HandleInput(button, message, wParam, lParam) ? std::optional<LRESULT>(0) : std::nullopt;
     default:

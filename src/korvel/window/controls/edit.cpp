@@ -19,8 +19,8 @@ void CEdit::ReplaceSel(const CString& text) {
     SendMessageA(EM_REPLACESEL, 1, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-void CEdit::LimitText(int characters) {
-    SendMessageA(EM_LIMITTEXT, static_cast<WPARAM>(std::max(characters, 0)));
+void CEdit::LimitText(int bytes) {
+    SendMessageA(EM_LIMITTEXT, static_cast<WPARAM>(std::max(bytes, 0)));
 }
 
 void CEdit::SetReadOnly(bool readOnly) {

@@ -71,7 +71,7 @@ int WordStep(const CString& text, int place, Direction direction) {
     return place;
 }
 
-// The same place of the line above or below.
+// The place after as many characters of the line above or below.
 int LineStep(const CString& text, int place, Direction direction) {
     const int start = LineStart(text, place);
     if (direction == Direction::Back && start == 0)
@@ -80,7 +80,11 @@ int LineStep(const CString& text, int place, Direction direction) {
     if (direction == Direction::Forward && feed == CString::npos)
         return place;
     const int target = direction == Direction::Back ? LineStart(text, start - 1) : static_cast<int>(feed) + 1;
-    return std::min(target + place - start, LineEnd(text, target));
+    const int end = LineEnd(text, target);
+    int at = target;
+    for (int passed = start; passed < place && at < end; passed = Next(text, passed))
+        at = Next(text, at);
+    return at;
 }
 
 std::optional<int> TargetOf(const EditState& edit, UINT key) {
@@ -136,6 +140,14 @@ int PlaceAt(const EditState& edit, CPoint point) {
     return static_cast<int>(platform::CharacterBorder(text, static_cast<std::size_t>(low)));
 }
 
+// Empty for a character that types nothing.
+CString TextOfCharacter(const EditState& edit, const CString& character) {
+    const auto byte = static_cast<unsigned char>(character.front());
+    if (character.front() == Return && edit.HasStyle(ES_MULTILINE))
+        return "\r\n";
+    return byte >= FirstPrintable && byte != DeleteCharacter ? character : CString();
+}
+
 } // namespace
 
 bool PressKey(EditState& edit, UINT key) {
@@ -157,11 +169,18 @@ bool PressKey(EditState& edit, UINT key) {
     return true;
 }
 
-CString TextOfCharacter(const EditState& edit, const CString& character) {
-    const auto byte = static_cast<unsigned char>(character.front());
-    if (character.front() == Return && edit.HasStyle(ES_MULTILINE))
-        return "\r\n";
-    return byte >= FirstPrintable && byte != DeleteCharacter ? character : CString();
+bool IsUndoKey(UINT key) {
+    return key == 'Z' && IsKeyDown(VK_CONTROL) && !IsKeyDown(VK_SHIFT) && !IsKeyDown(VK_MENU);
+}
+
+CString TextOfCharacters(const EditState& edit, const CString& characters) {
+    CString text;
+    for (std::size_t at = 0; at < characters.size();) {
+        const std::size_t next = platform::NextCharacter(characters, at);
+        text += TextOfCharacter(edit, characters.substr(at, next - at));
+        at = next;
+    }
+    return text;
 }
 
 bool TypeCharacter(EditState& edit, const CString& character) {

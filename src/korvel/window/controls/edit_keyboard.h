@@ -6,8 +6,9 @@ namespace korvel::internal {
 
 /// WM_KEYDOWN: caret, selection, Delete and the clipboard keys. False: no key of a text field.
 bool PressKey(EditState& edit, UINT key);
-/// What WM_CHAR types; empty for a character that types nothing.
-CString TextOfCharacter(const EditState& edit, const CString& character);
+bool IsUndoKey(UINT key);
+/// What the characters of a key type, without those that type nothing.
+CString TextOfCharacters(const EditState& edit, const CString& characters);
 /// WM_CHAR: typing, Backspace, and Return in a field of several lines. False: nothing to type.
 bool TypeCharacter(EditState& edit, const CString& character);
 

@@ -1,6 +1,7 @@
 #include "korvel/window/controls/edit_procedure.h"
 
 #include "korvel/window/controls/edit_keyboard.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/input_delivery.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_changes.h"
@@ -91,12 +92,18 @@ bool HandleInput(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
     return true;
 }
 
-// A native widget knows no limit, so what is beyond it is not left to it.
-std::optional<LRESULT> HandleCharacter(EditState& edit, char byte) {
+// The native widget types a key's characters together, after all of them have come here.
+bool HasRoomForKey(const EditState& edit) {
+    const input::KeyOnTheWay* key = input::CurrentKey();
+    return !key || HasRoomFor(edit, TextOfCharacters(edit, key->characters));
+}
+
+// A native widget knows no limit, so a key that goes beyond it is not left to it.
+std::optional<LRESULT> HandleCharacter(EditState& edit, WPARAM byte) {
     const HWND window = edit.record.handle;
     const auto character = TypedText(window, byte);
-    const bool fits = !character || HasRoomFor(edit, TextOfCharacter(edit, *character));
-    if ((fits && LeaveToNativeWidget(window, WM_CHAR)) || !character || TypeCharacter(edit, *character))
+    if ((HasRoomForKey(edit) && LeaveToNativeWidget(window, WM_CHAR, byte, 0)) || !character ||
+        TypeCharacter(edit, *character))
         return 0;
     return std::nullopt;
 }
@@ -116,7 +123,7 @@ std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam
         return DLGC_WANTARROWS | DLGC_HASSETSEL | DLGC_WANTCHARS |
                (edit.HasStyle(ES_MULTILINE) ? DLGC_WANTALLKEYS : 0u);
     case WM_CHAR:
-        return HandleCharacter(edit, static_cast<char>(wParam));
+        return HandleCharacter(edit, wParam);
     case WM_LBUTTONDOWN:
         SetFocus(window);
         [[fallthrough]];
@@ -124,9 +131,11 @@ std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam
     case WM_LBUTTONDBLCLK:
     case WM_MOUSEMOVE:
     case WM_LBUTTONUP:
-        if (LeaveToNativeWidget(window, message) || HandleInput(edit, message, wParam, lParam))
+        if (LeaveToNativeWidget(window, message, wParam, lParam)) {
+            edit.isUndoLeft = message == WM_KEYDOWN && IsUndoKey(static_cast<UINT>(wParam));
             return 0;
-        return std::nullopt;
+        }
+        return HandleInput(edit, message, wParam, lParam) ? std::optional<LRESULT>(0) : std::nullopt;
     default:
         return std::nullopt;
     }

@@ -14,7 +14,7 @@ struct EditUndo {
     bool isTyping = false; // characters typed one after the other are undone together
 };
 
-/// The numbers of the platform: what a new field takes at most, and what means no limit.
+/// The numbers of the window model: what a new field takes at most, and what means no limit.
 inline constexpr int DefaultTextLimit = 30000;
 inline constexpr int NoTextLimit = 0x7FFFFFFE;
 
@@ -35,6 +35,7 @@ public:
     int limit = DefaultTextLimit;
     bool isModified = false;
     EditUndo undo;
+    bool isUndoLeft = false; // Ctrl+Z is left to the native widget, whose next change is no typing
 };
 
 } // namespace korvel::internal

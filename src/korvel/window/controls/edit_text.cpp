@@ -17,6 +17,11 @@ void TellChange(EditState& edit) {
     NotifyParentCommand(edit.record.handle, EN_CHANGE);
 }
 
+// EN_CHANGE a second time, as in the window model.
+void TellUndone(const EditState& edit) {
+    NotifyParentCommand(edit.record.handle, EN_CHANGE);
+}
+
 void PutText(EditState& edit, CString text, int anchor, int caret) {
     edit.record.text = std::move(text);
     edit.anchor = anchor;
@@ -78,19 +83,20 @@ bool IsBorder(const CString& text, std::size_t place) {
     return platform::CharacterBorder(text, place) == place;
 }
 
-// What made one text of another, in whole characters. What was inserted ends at the caret, where that is in doubt
-// ("aa" from "a").
+// The smallest replacement, in whole characters, that turns `before` into `after`. Where several would do ("a" to
+// "aa"), the one that ends at the caret.
 TextChange ChangeOf(const CString& before, const CString& after, int caret) {
-    const auto beforeCaret = std::min(static_cast<std::size_t>(std::max(caret, 0)), after.size());
-    const auto behind = std::min(before.size(), after.size() - beforeCaret);
-    const auto tail =
-        std::mismatch(before.rbegin(), before.rbegin() + static_cast<std::ptrdiff_t>(behind), after.rbegin());
-    const auto shorter = std::min(before.rend() - tail.first, after.rend() - tail.second);
-    const auto head = std::mismatch(before.begin(), before.begin() + shorter, after.begin());
-    auto start = static_cast<std::size_t>(head.first - before.begin());
+    const auto caretByte = std::min(static_cast<std::size_t>(std::max(caret, 0)), after.size());
+    const auto bytesAfterCaret = after.size() - caretByte;
+    std::size_t kept = 0; // at the end
+    while (kept < std::min(before.size(), bytesAfterCaret) &&
+           before[before.size() - 1 - kept] == after[after.size() - 1 - kept])
+        ++kept;
+    std::size_t start = 0;
+    while (start < std::min(before.size(), after.size()) - kept && before[start] == after[start])
+        ++start;
     while (!IsBorder(before, start) || !IsBorder(after, start))
         --start;
-    auto kept = static_cast<std::size_t>(tail.first - before.rbegin());
     while (!IsBorder(before, before.size() - kept) || !IsBorder(after, after.size() - kept))
         --kept;
     return {{static_cast<int>(start), static_cast<int>(before.size() - kept)},
@@ -104,23 +110,34 @@ view::EditView EditState::Edit() const {
     return {selection.start, selection.end, HasStyle(ES_READONLY)};
 }
 
-// The native widget shows the text already and has its own undo. It knows no limit: what it has taken beyond it is
-// typed again, as far as it fits.
+// The native widget has the text already, and an undo of its own. It knows no limit: when the text is too long, the
+// change is made again by the window, as far as it fits.
 void EditState::Edited(const CString& text, int selectionStart, int selectionEnd) {
+    if (text == record.text) {
+        undo.isTyping = undo.isTyping && anchor == selectionStart && caret == selectionEnd;
+        anchor = selectionStart;
+        caret = selectionEnd;
+        return;
+    }
+    const bool isUndone = std::exchange(isUndoLeft, false);
     const TextChange change = ChangeOf(record.text, text, selectionEnd);
-    if (change.inserted.size() > RoomFor(*this, change.replaced)) {
+    if (!isUndone && change.inserted.size() > RoomFor(*this, change.replaced)) {
         anchor = change.replaced.start;
         caret = change.replaced.end;
         return ReplaceSelection(*this, change.inserted, TextOrigin::User);
     }
+    const bool isTyping = !isUndone && change.replaced.IsEmpty() &&
+                          platform::NextCharacter(change.inserted, 0) == change.inserted.size();
+    if (!isTyping || !undo.isTyping)
+        undo = Remember(*this);
+    undo.isTyping = isTyping;
+    record.text = text;
     anchor = selectionStart;
     caret = selectionEnd;
-    if (text == record.text)
-        return;
-    undo = {};
-    record.text = text;
     isModified = true;
     TellChange(*this);
+    if (isUndone)
+        TellUndone(*this);
 }
 
 int LengthOf(const EditState& edit) {
@@ -140,7 +157,7 @@ TextRange SelectionOf(const EditState& edit) {
 
 void Select(EditState& edit, int start, int end) {
     if (start < 0)
-        start = end = edit.caret;
+        start = end = SelectionOf(edit).end;
     edit.anchor = BorderAt(edit, start);
     edit.caret = end < 0 ? LengthOf(edit) : BorderAt(edit, end);
     edit.undo.isTyping = false;
@@ -203,7 +220,7 @@ bool Undo(EditState& edit) {
         return false;
     const EditUndo back = std::exchange(edit.undo, Remember(edit)); // undone twice: as before
     PutText(edit, back.text, back.anchor, back.caret);
-    NotifyParentCommand(edit.record.handle, EN_CHANGE); // a second time, as the platform does
+    TellUndone(edit);
     return true;
 }
 

@@ -16,7 +16,7 @@ int LengthOf(const EditState& edit);
 int BorderAt(const EditState& edit, int place);
 /// In order, inside the text and between its characters even after it was changed.
 TextRange SelectionOf(const EditState& edit);
-/// (0, -1) selects all; a start of -1 selects nothing and leaves the caret.
+/// (0, -1) selects all; a start of -1 selects nothing and puts the caret at the end of the selection.
 void Select(EditState& edit, int start, int end);
 
 enum class TextOrigin { Program, User };

@@ -1,10 +1,10 @@
+#include "korvel/platform/code_page.h"
 #include "korvel/window/core/cwnd_access.h"
 #include "korvel/window/core/dc.h"
 #include "korvel/window/core/input_delivery.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_changes.h"
 
-#include <algorithm>
 #include <cstring>
 
 namespace korvel {
@@ -22,11 +22,11 @@ LRESULT SetText(WindowRecord& record, LPARAM text) {
 LRESULT CopyText(const WindowRecord& record, WPARAM capacity, LPARAM buffer) {
     if (capacity == 0 || !buffer)
         return 0;
-    const std::size_t length = std::min<std::size_t>(record.text.size(), capacity - 1);
+    const std::string_view copied = platform::CutCharacters(record.text, capacity - 1);
     char* target = reinterpret_cast<char*>(buffer);
-    std::memcpy(target, record.text.data(), length);
-    target[length] = '\0';
-    return static_cast<LRESULT>(length);
+    std::memcpy(target, copied.data(), copied.size());
+    target[copied.size()] = '\0';
+    return static_cast<LRESULT>(copied.size());
 }
 
 LRESULT SetRedraw(WindowRecord& record, bool redraw) {
@@ -82,7 +82,7 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
     return OnOwner(
         window,
         [&](WindowRecord& record) -> LRESULT {
-            NoteDefaultReached(window, message);
+            NoteDefaultReached(window, message, wParam, lParam);
             switch (message) {
             case WM_SETTEXT:
                 return SetText(record, lParam);

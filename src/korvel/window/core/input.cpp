@@ -35,7 +35,7 @@ bool PreTranslate(MSG& message) {
 Outcome Deliver(MSG message, TypedCharacter* typed = nullptr) {
     if (PreTranslate(message))
         return Outcome::Consumed;
-    const InputDelivery delivery(message.hwnd, message.message, typed);
+    InputDelivery delivery(message, typed);
     SendMessageA(message.hwnd, message.message, message.wParam, message.lParam);
     return delivery.WasLeftToDefault() ? Outcome::LeftToDefault : Outcome::Consumed;
 }
@@ -60,20 +60,22 @@ private:
 Outcome DeliverKey(HWND window, UINT message, UINT key, const CString& characters) {
     const KeyOnTheWay onTheWay{window, key, characters};
     const KeyScope scope(onTheWay);
-    MSG down{window, message, key, 1};
-    if (PreTranslate(down))
+    const MSG down{window, message, key, 1};
+    MSG offered = down;
+    if (PreTranslate(offered))
         return Outcome::Consumed;
-    const InputDelivery delivery(window, message);
+    InputDelivery delivery(down);
     SendMessageA(window, message, key, 1);
     bool left = delivery.WasLeftToDefault();
     const UINT characterMessage = message == WM_SYSKEYDOWN ? WM_SYSCHAR : WM_CHAR;
     for (std::size_t at = 0; at < characters.size();) {
-        TypedCharacter typed;
-        typed.length = platform::NextCharacter(characters, at) - at;
-        while (typed.sent++ < typed.length) {
-            const MSG byte{window, characterMessage, static_cast<unsigned char>(characters[at++]), 1};
-            left &= Deliver(byte, &typed) == Outcome::LeftToDefault;
+        TypedCharacter typed{characters.substr(at, platform::NextCharacter(characters, at) - at)};
+        for (const char byte : typed.bytes) {
+            ++typed.sent;
+            const MSG character{window, characterMessage, static_cast<unsigned char>(byte), 1};
+            left &= Deliver(character, &typed) == Outcome::LeftToDefault;
         }
+        at += typed.bytes.size();
     }
     return left ? Outcome::LeftToDefault : Outcome::Consumed;
 }
@@ -110,7 +112,7 @@ Outcome DeliverMouse(HWND window, UINT message, UINT flags, CPoint point, int wh
     return Deliver({window, message, wParam, MAKELPARAM(point.x, point.y)});
 }
 
-// Runs a report about a control: false when it is dropped.
+// Runs a report about a control, which a disabled one does not get.
 template <class Report>
 void ReportToControl(HWND window, Report report) {
     Guarded([&] {

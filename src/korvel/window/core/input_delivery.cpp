@@ -13,39 +13,47 @@ InputDelivery*& Innermost() {
     return delivery;
 }
 
+bool IsKey(UINT message) {
+    return message >= WM_KEYDOWN && message <= WM_KEYLAST;
+}
+
 } // namespace
 
-InputDelivery::InputDelivery(HWND window, UINT message, TypedCharacter* typed)
-    : m_window(window), m_message(message), m_typed(typed), m_outer(std::exchange(Innermost(), this)) {}
+InputDelivery::InputDelivery(const MSG& message, TypedCharacter* typed)
+    : m_message(message), m_typed(typed), m_outer(std::exchange(Innermost(), this)) {}
 
 InputDelivery::~InputDelivery() {
     Innermost() = m_outer;
 }
 
-InputDelivery* InputDelivery::Of(HWND window, UINT message) {
+InputDelivery* InputDelivery::Of(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     InputDelivery* delivery = Innermost();
-    const bool same = delivery && delivery->m_window == window && delivery->m_message == message;
-    return same ? delivery : nullptr;
+    if (!delivery)
+        return nullptr;
+    const MSG& own = delivery->m_message;
+    const bool isSame = own.hwnd == window && own.message == message && own.wParam == wParam &&
+                        (IsKey(message) || own.lParam == lParam);
+    return isSame ? delivery : nullptr;
 }
 
-void NoteDefaultReached(HWND window, UINT message) {
-    if (InputDelivery* delivery = InputDelivery::Of(window, message))
+void NoteDefaultReached(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (InputDelivery* delivery = InputDelivery::Of(window, message, wParam, lParam))
         delivery->LeaveToDefault();
 }
 
-std::optional<CString> TypedText(HWND window, char byte) {
-    const InputDelivery* delivery = InputDelivery::Of(window, WM_CHAR);
+std::optional<CString> TypedText(HWND window, WPARAM byte) {
+    const InputDelivery* delivery = InputDelivery::Of(window, WM_CHAR, byte, 0);
     TypedCharacter* typed = delivery ? delivery->Typed() : nullptr;
-    if (!typed)
-        return CString(1, byte);
-    typed->reached += byte;
-    const bool isWhole = typed->sent == typed->length && typed->reached.size() == typed->length;
-    return isWhole ? std::optional(typed->reached) : std::nullopt;
+    const CString text(1, static_cast<char>(byte));
+    if (!typed || typed->reached.size() >= typed->sent)
+        return text;
+    typed->reached += text;
+    return typed->reached == typed->bytes ? std::optional(typed->bytes) : std::nullopt;
 }
 
-bool LeaveToNativeWidget(HWND window, UINT message) {
-    InputDelivery* delivery = InputDelivery::Of(window, message);
-    if (!delivery || Display().IsHeadless())
+bool LeaveToNativeWidget(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    InputDelivery* delivery = InputDelivery::Of(window, message, wParam, lParam);
+    if (!delivery || delivery->WasLeftToDefault() || Display().IsHeadless())
         return false;
     delivery->LeaveToDefault();
     return true;
