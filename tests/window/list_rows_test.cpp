@@ -198,6 +198,23 @@ TEST_F(ListRows, AHandlerThatThrowsLeavesRowsAndFocus) {
     EXPECT_THROW(list.DeleteItem(8), Error);
     EXPECT_EQ(list.GetItemCount(), 9);
     EXPECT_EQ(Focused(), 8) << "the next arrow key begins there";
+    list.SetCellsMovedHook([] { throw Error("a later one"); });
+    try {
+        list.DeleteItem(8);
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_STREQ(error.what(), "no");
+    }
+    list.SetCellsMovedHook(nullptr);
+}
+
+TEST_F(ListRows, ATypedCharacterOfSeveralBytesIsSoughtOnce) {
+    MakeList(0);
+    for (const char* text : {"row", "\x81 is its first byte", "\x81\xE2\xE1\xF3"})
+        list.InsertItem(99, text);
+    parent.notices.clear();
+    Key(0, "\x81\xE2\xE1");
+    EXPECT_EQ(parent.Take(), (Notices{"changing 2", "changed 2"}));
 }
 
 } // namespace

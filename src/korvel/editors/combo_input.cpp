@@ -3,8 +3,10 @@
 #include "korvel/editors/combo_list_codes.h"
 #include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 #include "korvel/editors/make_input_state.h"
+#include "korvel/platform/code_page.h"
 #include "korvel/window/core/display.h"
 #include "korvel/window/core/input.h"
+#include "korvel/window/core/input_delivery.h"
 
 #include <algorithm>
 #include <utility>
@@ -159,21 +161,31 @@ void ComboInput::TakeForwardedCharacters(UINT key, LPARAM data) {
     if (!typed || typed->window == m_control.m_hWnd || typed->key != key)
         return;
     const CString characters = typed->characters;
-    for (const char character : characters)
-        HandleCharacter(static_cast<unsigned char>(character), data);
+    for (std::size_t at = 0; at < characters.size();) {
+        const std::size_t next = platform::NextCharacter(characters, at);
+        if (!TakeCharacter(characters.substr(at, next - at)))
+            DefWindowProcA(m_control.m_hWnd, WM_CHAR, static_cast<unsigned char>(characters[at]), data);
+        at = next;
+    }
 }
 
 LRESULT ComboInput::HandleCharacter(WPARAM wParam, LPARAM lParam) {
-    const auto state = m_state;
-    const auto character = static_cast<char>(wParam);
-    if (!state || static_cast<unsigned char>(character) < ' ')
-        return DefWindowProcA(m_control.m_hWnd, WM_CHAR, wParam, lParam);
-    if (character == ' ' && state->TakesSpace())
+    const auto character = TypedText(m_control.m_hWnd, wParam);
+    if (!character || TakeCharacter(*character))
         return 0;
+    return DefWindowProcA(m_control.m_hWnd, WM_CHAR, wParam, lParam);
+}
+
+bool ComboInput::TakeCharacter(const CString& character) {
+    const auto state = m_state;
+    if (!state || static_cast<unsigned char>(character.front()) < ' ')
+        return false;
+    if (character == " " && state->TakesSpace())
+        return true;
     const int row = FindRowByText(m_typeAhead.Type(character, Display().Now()));
     if (row != -1 && row != state->GetCurrent())
         state->Step(row - state->GetCurrent());
-    return 0;
+    return true;
 }
 
 int ComboInput::FindRowByText(const TypeAhead::Search& search) const {

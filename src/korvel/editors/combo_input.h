@@ -49,6 +49,8 @@ private:
     LRESULT HandleFocus(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT PassToList(UINT message, WPARAM wParam, LPARAM lParam);
     void TakeForwardedCharacters(UINT key, LPARAM data);
+    /// False: a control character, or there are no rows to find.
+    bool TakeCharacter(const CString& character);
     int FindRowByText(const TypeAhead::Search& search) const;
 
     ComboView& m_view;

@@ -4,7 +4,6 @@
 
 namespace korvel::internal {
 
-// What a failed removal has left marked is marked with at least the number of this one, or is in its range.
 LeavingRows::LeavingRows(ListState& owner, int firstRow, int lastRow)
     : m_list(owner), m_outer(owner.leaving),
       m_depth(m_outer ? std::min<unsigned>(m_outer->m_depth + 1, RowRecord::DeepestRemoval) : 1),
@@ -13,6 +12,14 @@ LeavingRows::LeavingRows(ListState& owner, int firstRow, int lastRow)
         if (!IsLeaving(row))
             m_list.rows.At(row).removal = m_depth;
     m_list.leaving = this;
+}
+
+// After a failure, what stays is no longer to go: the row that was taken last and those before it.
+LeavingRows::~LeavingRows() {
+    m_list.leaving = m_outer;
+    for (int row = m_first; row <= End() && m_list.rows.Has(row); ++row)
+        if (m_list.rows.At(row).removal == m_depth)
+            m_list.rows.At(row).removal = 0;
 }
 
 bool LeavingRows::IsLeaving(int row) const {

@@ -10,7 +10,7 @@ namespace korvel::internal {
 class LeavingRows {
 public:
     LeavingRows(ListState& owner, int firstRow, int lastRow);
-    ~LeavingRows() { m_list.leaving = m_outer; }
+    ~LeavingRows();
     LeavingRows(const LeavingRows&) = delete;
     LeavingRows& operator=(const LeavingRows&) = delete;
 

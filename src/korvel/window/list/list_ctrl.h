@@ -35,6 +35,8 @@ public:
     /// it is gone. Focus and mark go to the row that takes its place, or to the new last one; nothing is selected.
     bool DeleteItem(int row);
     /// Removes the rows from `first` to before `last`; notifies like single removals, from the last row up.
+    /// After a handler that throws, the row that it was told of and the rest stay; the first exception goes to the
+    /// caller.
     bool DeleteRows(int first, int last);
     /// LVN_DELETEALLITEMS, then LVN_DELETEITEM from the last row to the first unless it returned 1.
     bool DeleteAllItems();
@@ -52,9 +54,10 @@ public:
 
     // Selection and focus.
     UINT GetItemState(int row, UINT mask) const;
-    /// The bits of `mask` become those of `state` (LVIS_*); row -1 means all rows. LVN_ITEMCHANGING asks the row
-    /// first, then those that lose focus or single selection by it; one refusal (1), and nothing has changed:
-    /// false. The losing rows hear LVN_ITEMCHANGED before the row. A state that a row has already sends nothing.
+    /// The bits of `mask` become those of `state` (LVIS_*); row -1 means all rows. LVN_ITEMCHANGING is
+    /// sent to the row, then to rows that would lose focus or selection. If one returns 1, nothing changes and the
+    /// result is false. LVN_ITEMCHANGED is sent in the other order, the row last. A state that a row has already
+    /// sends nothing.
     bool SetItemState(int row, UINT state, UINT mask);
     /// The first row after `row` (-1: from the top) with all of `flags` (LVNI_*); with LVNI_FOCUSED the focused
     /// row, unless it is `row`. -1 when there is none or `row` is no row.

@@ -1,6 +1,7 @@
 #include "korvel/window/list/list_keyboard.h"
 
 #include "korvel/window/core/display.h"
+#include "korvel/window/core/input_delivery.h"
 #include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_rows.h"
@@ -46,7 +47,7 @@ SelectionChange ChangeByKeys() {
 }
 
 void MoveTo(ListState& list, int target, SelectionChange change) {
-    const FollowedRow row(list, std::clamp(target, 0, list.rows.Size() - 1));
+    FollowedRow row(list, std::clamp(target, 0, list.rows.Size() - 1));
     if (MoveSelection(list, row.row, change) && row.IsThere())
         EnsureVisible(list, row.row, Visibility::Whole);
 }
@@ -90,10 +91,13 @@ bool PressKey(ListState& list, UINT key) {
     return true;
 }
 
-bool TypeCharacter(ListState& list, char character) {
-    const auto search = list.typeAhead.Type(character, Display().Now());
+bool TypeCharacter(ListState& list, WPARAM byte) {
+    const auto character = TypedText(list.Handle(), byte);
+    if (!character)
+        return true; // its other bytes follow
+    const auto search = list.typeAhead.Type(*character, Display().Now());
     if (search.beginning.empty())
-        return static_cast<unsigned char>(character) >= ' '; // a blank alone checks or selects
+        return static_cast<unsigned char>(character->front()) >= ' '; // a blank alone checks or selects
     const int row = FindRow(list, search);
     if (list.rows.Has(row))
         MoveTo(list, row, SelectionChange::Replace);

@@ -139,7 +139,7 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
     case WM_KEYDOWN:
         return AnsweredIf(PressKey(list, static_cast<UINT>(wParam)));
     case WM_CHAR:
-        return AnsweredIf(TypeCharacter(list, static_cast<char>(wParam)));
+        return AnsweredIf(TypeCharacter(list, wParam));
     case WM_VSCROLL:
     case WM_HSCROLL:
         HandleScrollBar(list, message, LOWORD(wParam));

@@ -98,9 +98,9 @@ void DeleteEach(ListState& list, int first, int last, StateNotices stateNotices)
         if (going.IsThere() && !failure)
             EraseRows(list, going.row, going.row + 1);
     }
-    EndOrphanedLabelEdit(list);
     RepaintFrom(list, leaving.First());
-    UpdateExtent(list);
+    failure.Try([&] { EndOrphanedLabelEdit(list); });
+    failure.Try([&] { UpdateExtent(list); });
     failure.Rethrow();
 }
 
@@ -132,8 +132,10 @@ void DeleteRows(ListState& list, int first, int last) {
 void DeleteRowsQuietly(ListState& list, int first, int last) {
     EraseRows(list, first, last);
     RepaintFrom(list, first);
-    EndOrphanedLabelEdit(list);
-    UpdateExtent(list);
+    FirstFailure failure;
+    failure.Try([&] { EndOrphanedLabelEdit(list); });
+    failure.Try([&] { UpdateExtent(list); });
+    failure.Rethrow();
 }
 
 void DeleteAllRows(ListState& list) {

@@ -31,4 +31,6 @@ private:
     bool m_isSelected : 1 = false;
 };
 
+static_assert(sizeof(RowRecord) == 24);
+
 } // namespace korvel::internal

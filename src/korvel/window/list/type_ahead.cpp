@@ -18,23 +18,24 @@ bool HasOneCharacterOnly(const std::string& text) {
 
 } // namespace
 
-TypeAhead::Search TypeAhead::Type(char byte, std::chrono::milliseconds now) {
+TypeAhead::Search TypeAhead::Type(const std::string& character, std::chrono::milliseconds now) {
     constexpr auto Pause = 1s;
     if (now - m_last > Pause)
         m_typed.clear();
-    const bool isControl = static_cast<unsigned char>(byte) < ' ' || byte == '\x7F';
-    if (isControl || (byte == ' ' && m_typed.empty()))
+    const auto first = static_cast<unsigned char>(character.front());
+    const bool isControl = first < ' ' || first == 0x7F;
+    if (isControl || (first == ' ' && m_typed.empty()))
         return {};
     m_last = now;
-    m_typed += byte;
+    m_typed += character;
     const std::string typed = platform::FoldCase(m_typed);
     const bool isRepeated = HasOneCharacterOnly(typed);
     return {isRepeated ? typed.substr(0, platform::NextCharacter(typed, 0)) : typed, isRepeated};
 }
 
 bool TypeAhead::BeginsWith(std::string_view text, const std::string& beginning) {
-    constexpr std::size_t LongestCharacter = 5; // bytes
-    const std::string_view enough = platform::CutCharacters(text, LongestCharacter * beginning.size());
+    const std::string_view enough =
+        platform::CutCharacters(text, platform::LongestCharacter * beginning.size());
     return platform::BeginsWith(platform::FoldCase(enough), beginning);
 }
 

@@ -10,9 +10,9 @@ namespace korvel::internal {
 /// letter again and again goes on to the next row that begins with it.
 ///
 ///     TypeAhead typed;
-///     typed.Type('s', 0ms);      // {"s", from the next row on}
-///     typed.Type('A', 300ms);    // {"sa", from this row on}
-///     typed.Type('b', 2s);       // {"b", from the next row on}
+///     typed.Type("s", 0ms);      // {"s", from the next row on}
+///     typed.Type("A", 300ms);    // {"sa", from this row on}
+///     typed.Type("b", 2s);       // {"b", from the next row on}
 class TypeAhead {
 public:
     struct Search {
@@ -20,9 +20,8 @@ public:
         bool beginsAtNext = true;
     };
 
-    /// A byte of what is typed; a character of several bytes takes as many calls, and nothing begins with its
-    /// first ones alone. Control characters, and a blank that begins a search, give an empty search.
-    Search Type(char byte, std::chrono::milliseconds now);
+    /// Takes a whole character. Control characters, and a blank that begins a search, give an empty search.
+    Search Type(const std::string& character, std::chrono::milliseconds now);
     /// Compares characters, whatever the case of letters.
     static bool BeginsWith(std::string_view text, const std::string& beginning);
 
