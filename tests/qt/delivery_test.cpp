@@ -109,6 +109,62 @@ TEST_F(Delivery, SelectionsTravelBothWays) {
     }
 }
 
+TEST_F(Delivery, WhatTheUserDoesLeavesTheRestOfATextAsItIs) {
+    struct Case {
+        const char* name;
+        CString text;
+    };
+    const Case cases[] = {
+        {"no-break space", "1\xA0\x30\x30"},
+        {"line feed", "a\nb"},
+        {"carriage return", "a\rb"},
+        {"line break", "a\r\nb\r\n"},
+        {"line separator", internal::FromQString(QStringLiteral("a\u2028b"))},
+        {"paragraph separator", internal::FromQString(QStringLiteral("a\u2029b"))},
+        {"byte order mark", internal::FromQString(QStringLiteral("\ufeff12"))},
+    };
+    for (const Case& row : cases)
+        for (const UINT style : {ES_AUTOHSCROLL, ES_MULTILINE})
+            for (const int room : {0, -1}) {
+                SCOPED_TRACE(row.name);
+                CEdit edit;
+                edit.Create(WS_CHILD | WS_VISIBLE | style, {10, 90, 120, 140}, &m_frame, 3);
+                edit.SetFocus();
+                edit.SetWindowTextA(row.text);
+                edit.LimitText(static_cast<int>(row.text.size()) + room);
+                m_log.clear();
+                QWidget* widget = m_user.Widget(edit.m_hWnd);
+                QTest::keyClick(widget, Qt::Key_Right, Qt::ShiftModifier);
+                QTest::keyClick(widget, Qt::Key_End, Qt::ControlModifier);
+                QTest::keyClick(widget, Qt::Key_End);
+                EXPECT_EQ(edit.GetWindowTextA(), row.text);
+                EXPECT_FALSE(edit.GetModify());
+                EXPECT_THAT(m_log, Not(Contains(testing::HasSubstr("command"))));
+
+                edit.LimitText(0);
+                QTest::keyClick(widget, 'x');
+                EXPECT_EQ(edit.GetWindowTextA(), row.text + "x");
+                edit.SetSel(0, 0);
+                m_log.clear();
+                QTest::keyClick(widget, Qt::Key_Z, Qt::ControlModifier);
+                EXPECT_EQ(edit.GetWindowTextA(), row.text) << "the widget still knows what to take back";
+                EXPECT_EQ(std::ranges::count(m_log, "frame command 1024 of 3"), 1);
+                EXPECT_EQ(std::ranges::count(m_log, "frame command 768 of 3"), 2);
+            }
+}
+
+TEST_F(Delivery, WhatTheWidgetTakesBackIsNotHeldToTheLimit) {
+    m_edit.SetWindowTextA("abcdefgh");
+    m_edit.SendMessageA(EM_LIMITTEXT, 5);
+    m_edit.SendMessageA(EM_SETSEL, 0, -1);
+    QWidget* widget = m_user.Widget(m_edit.m_hWnd);
+    QTest::keyClick(widget, 'x');
+    EXPECT_EQ(m_edit.GetWindowTextA(), "x");
+    QTest::keyClick(widget, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(m_edit.GetWindowTextA(), "abcdefgh");
+    EXPECT_THAT(m_log, Not(Contains("frame command 1281 of 1")));
+}
+
 TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {
     Log failures;
     SetExceptionHandler([&](const CString& text) { failures.push_back(text); });

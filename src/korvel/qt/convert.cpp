@@ -3,10 +3,15 @@
 #include "korvel/platform/code_page.h"
 #include "korvel/window/core/window.h"
 
+#include <QStringDecoder>
+
 namespace korvel::internal {
 
+// QString::fromUtf8 takes a character U+FEFF at the beginning for a byte order mark and drops it.
 QString ToQString(const CString& text) {
-    return QString::fromStdString(platform::ToUtf8(text));
+    QStringDecoder decode(QStringDecoder::Utf8, QStringConverter::Flag::ConvertInitialBom);
+    const std::string utf8 = platform::ToUtf8(text);
+    return decode(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
 }
 
 CString FromQString(const QString& text) {
@@ -50,12 +55,16 @@ int FromByte(const CString& text, int byte) {
         .unit;
 }
 
-QString TextOf(HWND window) {
+CString BytesOf(HWND window) {
     try {
-        return ToQString(GetWindowTextA(window));
+        return GetWindowTextA(window);
     } catch (...) {
         return {}; // no way out through Qt
     }
+}
+
+QString TextOf(HWND window) {
+    return ToQString(BytesOf(window));
 }
 
 QColor ToQColor(COLORREF color) {

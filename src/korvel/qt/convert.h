@@ -12,11 +12,12 @@ namespace korvel::internal {
 
 QString ToQString(const CString& text);
 CString FromQString(const QString& text);
-/// A place in `text` (bytes), given as a place in its QString, and the other way round. A place inside a character
-/// gives the end of it, and its beginning.
-int ToByte(const CString& text, int place);
+/// A place in `text` (bytes), given as a place in its QString, and the other way round. Inside a character `ToByte`
+/// gives its end, `FromByte` its beginning.
+int ToByte(const CString& text, int unit);
 int FromByte(const CString& text, int byte);
 /// The text of a window; empty when the window throws while it is asked.
+CString BytesOf(HWND window);
 QString TextOf(HWND window);
 QColor ToQColor(COLORREF color);
 COLORREF FromQColor(const QColor& color);

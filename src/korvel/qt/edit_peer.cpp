@@ -3,31 +3,32 @@
 #include "korvel/qt/convert.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/core/input.h"
-#include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QScopedValueRollback>
 
 namespace korvel::internal {
 
-EditPeer::Content EditPeer::ContentOf(HWND window) {
-    const QString text = TextOf(window);
-    const CString bytes = FromQString(text);
-    const view::EditView state = view::Edit(window);
-    return {text, FromByte(bytes, state.selectionStart), FromByte(bytes, state.selectionEnd)};
-}
-
 void EditPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
     const QScopedValueRollback showing(m_isShowing, true);
     if (aspects & Aspect::Enabled)
         Outer().setEnabled(view::IsSwitchedOn(Window()));
-    if (aspects & (Aspect::Text | Aspect::State))
-        ShowContent(ContentOf(Window()), view::Edit(Window()).readOnly);
+    if (aspects & (Aspect::Text | Aspect::State)) {
+        const CString bytes = BytesOf(Window());
+        Show(bytes, ToQString(bytes));
+    }
 }
 
 bool EditPeer::HasBorder() const {
     return (view::Style(Window()) & WS_BORDER) || (view::ExStyle(Window()) & WS_EX_CLIENTEDGE);
+}
+
+void EditPeer::Show(const CString& bytes, const QString& text) {
+    const QScopedValueRollback showing(m_isShowing, true);
+    const view::EditView state = view::Edit(Window());
+    ShowContent({text, FromByte(bytes, state.selectionStart), FromByte(bytes, state.selectionEnd)},
+                state.readOnly);
 }
 
 // The signals also come for what Apply sets, which is no news. The widget then shows what the window made of
@@ -36,11 +37,17 @@ void EditPeer::Report() {
     if (m_isShowing || !Window())
         return;
     const Busy busy(*this);
-    const Content content = ReadContent();
-    const CString text = FromQString(content.text);
-    input::Edited(Window(), text, ToByte(text, content.start), ToByte(text, content.end));
-    if (Window() && TextOf(Window()) != content.text)
-        Apply(Aspect::Text);
+    const CString before = BytesOf(Window());
+    const QString textBefore = ToQString(before);
+    const Content content = ReadContent(textBefore);
+    const CString bytes = content.text == textBefore ? before : FromQString(content.text);
+    input::Edited(Window(), bytes, ToByte(bytes, content.start), ToByte(bytes, content.end));
+    if (!Window())
+        return;
+    const CString after = BytesOf(Window());
+    const QString text = after == bytes ? content.text : ToQString(after);
+    if (Window() && !Shows(text))
+        Show(after, text);
 }
 
 } // namespace korvel::internal

@@ -16,10 +16,10 @@ struct KeyCode {
     UINT key;
 };
 
-// Codes that only arrive here, with the platform's numbers.
-constexpr UINT FirstPadDigit = 0x60;
-constexpr UINT PadDecimal = 0x6E;
-constexpr UINT PadDivide = 0x6F;
+// Codes that only arrive here, with the numbers of the window model.
+constexpr UINT FirstKeypadDigit = 0x60;
+constexpr UINT KeypadDecimal = 0x6E;
+constexpr UINT KeypadDivide = 0x6F;
 constexpr UINT FirstFunctionKey = 0x70;
 constexpr UINT PauseKey = 0x13;
 constexpr UINT CapsLock = 0x14;
@@ -44,9 +44,9 @@ constexpr KeyCode Everywhere[] = {
     {Qt::Key_ScrollLock, ScrollLock}, {Qt::Key_Meta, SuperKey},     {Qt::Key_Menu, MenuKey},
 };
 
-constexpr KeyCode OnThePad[] = {
-    {Qt::Key_Plus, VK_ADD},     {Qt::Key_Minus, VK_SUBTRACT}, {Qt::Key_Asterisk, VK_MULTIPLY},
-    {Qt::Key_Slash, PadDivide}, {Qt::Key_Period, PadDecimal}, {Qt::Key_Comma, PadDecimal},
+constexpr KeyCode OnTheKeypad[] = {
+    {Qt::Key_Plus, VK_ADD},        {Qt::Key_Minus, VK_SUBTRACT},    {Qt::Key_Asterisk, VK_MULTIPLY},
+    {Qt::Key_Slash, KeypadDivide}, {Qt::Key_Period, KeypadDecimal}, {Qt::Key_Comma, KeypadDecimal},
 };
 
 constexpr KeyCode OnTheMainBlock[] = {
@@ -63,26 +63,26 @@ UINT LookUp(const KeyCode (&table)[Size], int qtKey) {
 }
 
 // On Wayland Qt sets no modifier for the keypad; the key symbols of X11 and Wayland say it as well.
-bool IsOnThePad(const QKeyEvent& event) {
-    constexpr quint32 FirstPadSymbol = 0xFF80;
-    constexpr quint32 LastPadSymbol = 0xFFBD;
+bool IsOnTheKeypad(const QKeyEvent& event) {
+    constexpr quint32 FirstKeypadSymbol = 0xFF80;
+    constexpr quint32 LastKeypadSymbol = 0xFFBD;
     const quint32 symbol = event.nativeVirtualKey();
     return event.modifiers().testFlag(Qt::KeypadModifier) ||
-           (symbol >= FirstPadSymbol && symbol <= LastPadSymbol);
+           (symbol >= FirstKeypadSymbol && symbol <= LastKeypadSymbol);
 }
 
 UINT CodeOf(const QKeyEvent& event) {
     const int key = event.key();
-    const bool pad = IsOnThePad(event);
+    const bool isKeypad = IsOnTheKeypad(event);
     if (key >= Qt::Key_0 && key <= Qt::Key_9)
-        return static_cast<UINT>(key - Qt::Key_0) + (pad ? FirstPadDigit : UINT{'0'});
+        return static_cast<UINT>(key - Qt::Key_0) + (isKeypad ? FirstKeypadDigit : UINT{'0'});
     if (key >= Qt::Key_A && key <= Qt::Key_Z)
         return static_cast<UINT>(key - Qt::Key_A) + UINT{'A'};
     if (key >= Qt::Key_F1 && key <= Qt::Key_F24)
         return static_cast<UINT>(key - Qt::Key_F1) + FirstFunctionKey;
     if (const UINT code = LookUp(Everywhere, key))
         return code;
-    return pad ? LookUp(OnThePad, key) : LookUp(OnTheMainBlock, key);
+    return isKeypad ? LookUp(OnTheKeypad, key) : LookUp(OnTheMainBlock, key);
 }
 
 } // namespace

@@ -22,7 +22,7 @@ LineEditPeer::LineEditPeer(PeerContext& context, HWND window, QWidget* parent)
 
 void LineEditPeer::ShowContent(const Content& content, bool isReadOnly) {
     m_edit.setReadOnly(isReadOnly);
-    if (m_edit.text() != content.text)
+    if (!Shows(content.text))
         m_edit.setText(content.text); // forgets what could be undone, so only when it differs
     if (content.start == content.end)
         m_edit.setCursorPosition(content.start);
@@ -31,10 +31,14 @@ void LineEditPeer::ShowContent(const Content& content, bool isReadOnly) {
         m_edit.setSelection(content.start, content.end - content.start);
 }
 
-EditPeer::Content LineEditPeer::ReadContent() const {
+EditPeer::Content LineEditPeer::ReadContent(const QString&) const {
     if (m_edit.hasSelectedText())
         return {m_edit.text(), m_edit.selectionStart(), m_edit.selectionEnd()};
     return {m_edit.text(), m_edit.cursorPosition(), m_edit.cursorPosition()};
+}
+
+bool LineEditPeer::Shows(const QString& text) const {
+    return m_edit.text() == text;
 }
 
 } // namespace korvel::internal

@@ -13,7 +13,8 @@ public:
 
 private:
     void ShowContent(const Content& content, bool isReadOnly) override;
-    Content ReadContent() const override;
+    Content ReadContent(const QString& textBefore) const override;
+    bool Shows(const QString& text) const override;
 };
 
 } // namespace korvel::internal

@@ -12,8 +12,10 @@ public:
     TextEditPeer(PeerContext& context, HWND window, QWidget* parent);
 
 private:
+    QString Lines() const;
     void ShowContent(const Content& content, bool isReadOnly) override;
-    Content ReadContent() const override;
+    Content ReadContent(const QString& textBefore) const override;
+    bool Shows(const QString& text) const override;
 };
 
 } // namespace korvel::internal
