@@ -35,7 +35,7 @@ std::string ComboBinding::ImagePath(long id) const {
     auto* images = dynamic_cast<EnumImages*>(m_enumeration);
     if (!images)
         return {};
-    const ComboBindingWatch bound(*this);
+    const LossWatch bound = Watch();
     const std::string own = images->GetImagePath(id);
     return own.empty() && bound ? images->GetCommonImagePath() : own;
 }

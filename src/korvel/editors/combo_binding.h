@@ -3,6 +3,7 @@
 #include "korvel/editors/combo_list_mode.h"
 #include "korvel/values/enum_value.h"
 #include "korvel/values/variant_value.h"
+#include "korvel/window/base/loss_watch.h"
 
 #include <optional>
 #include <string>
@@ -26,6 +27,8 @@ public:
     void Open() { m_isOpen = true; }
     void Close();
     bool IsOpen() const { return m_isOpen; }
+    /// For whoever calls the host, who may end the binding, and even begin another one.
+    LossWatch Watch() const { return LossWatch(m_closings); }
 
     bool HasFlag(EnumFlags flag) const;
     bool IsTable() const;
@@ -44,8 +47,6 @@ public:
     void VisitEntries(Visit visit) const;
 
 private:
-    friend class ComboBindingWatch;
-
     const EComboListMode m_mode;
     IEnumValue* m_enumeration = nullptr;
     CVariantValue m_value;
@@ -53,26 +54,9 @@ private:
     unsigned m_closings = 0;
 };
 
-/// Whether a binding that was there still is. Look after every call of the host: it may have ended the
-/// binding, and even begun another.
-///
-///     const ComboBindingWatch bound(binding);
-///     if (!binding.Enumeration()->GetName(id, name) || !bound)
-///         return;
-class ComboBindingWatch {
-public:
-    explicit ComboBindingWatch(const ComboBinding& binding)
-        : m_binding(binding), m_closings(binding.m_closings) {}
-    explicit operator bool() const { return m_closings == m_binding.m_closings; }
-
-private:
-    const ComboBinding& m_binding;
-    const unsigned m_closings;
-};
-
 template <class Visit>
 void ComboBinding::VisitEntries(Visit visit) const {
-    const ComboBindingWatch bound(*this);
+    const LossWatch bound = Watch();
     EnumPosition position = m_enumeration->GetFirstPosition();
     while (bound && position) {
         const long id = m_enumeration->GetNext(position);

@@ -16,7 +16,7 @@ CVariantValue EmptyText() {
 // last one last; so their objects must agree as well, here and nowhere else.
 void ComboChoice::Apply(const ComboTreeItem* item) {
     const CVariantValue wanted = item ? item->GetValue() : EmptyText();
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const bool isTable = m_binding.IsTable();
     if (!bound)
         return;
@@ -35,7 +35,7 @@ void ComboChoice::Apply(const ComboTreeItem* item) {
 void ComboChoice::ToggleCheck(ComboTreeItem& item) {
     if (!item.IsValue())
         return;
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const bool check = item.GetChecked() < 1;
     SelectInHost(item, check);
     if (bound)
@@ -53,7 +53,7 @@ void ComboChoice::SetCheck(ComboTreeItem& item, bool check) {
 
 // Every entry in the group, however deep.
 void ComboChoice::SetCheckUnder(ComboTreeItem& group, bool check) {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     std::vector<ComboTreeItem*> values;
     for (ComboTreeItem* under = &group; under; under = under->GetNextUnder(group))
         if (under->IsValue() && ComboTree::IsChecked(*under) != check)
@@ -69,7 +69,7 @@ void ComboChoice::SetCheckUnder(ComboTreeItem& group, bool check) {
 // Here the counts change first, so that a host that looks at the list while it selects finds them changed. A
 // host that throws has selected nothing.
 void ComboChoice::CheckValue(ComboTreeItem& item, bool check) {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const bool former = ComboTree::IsChecked(item);
     m_tree.SetCheck(item, check);
     try {

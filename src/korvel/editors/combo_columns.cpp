@@ -5,7 +5,7 @@
 namespace korvel::internal {
 
 std::optional<ComboColumns> ComboColumns::Ask(const ComboBinding& binding) {
-    const ComboBindingWatch bound(binding);
+    const LossWatch bound = binding.Watch();
     ComboColumns columns;
     columns.m_hasTree = binding.HasFlag(ENF_Tree);
     if (!bound)
@@ -20,7 +20,7 @@ std::optional<ComboColumns> ComboColumns::Ask(const ComboBinding& binding) {
 }
 
 void ComboColumns::AskMembers(const ComboBinding& binding) {
-    const ComboBindingWatch bound(binding);
+    const LossWatch bound = binding.Watch();
     const CVariantValue* pattern = binding.Enumeration()->GetTemplate();
     if (!bound || !pattern || pattern->Type != DT_Group || !pattern->Value.Dispatch)
         return;

@@ -142,7 +142,7 @@ void ComboCommands::AddRootGroup() {
 }
 
 bool ComboCommands::TakesRootItems() const {
-    const ComboBindingWatch bound(m_model.Binding());
+    const LossWatch bound = m_model.Binding().Watch();
     return m_model.Binding().Enumeration()->GetDataType() == DT_String && bound;
 }
 
@@ -157,7 +157,7 @@ void ComboCommands::AddGroup() {
 }
 
 void ComboCommands::AddEntryUnder(ComboTreeItem& parent) {
-    const ComboBindingWatch bound(m_model.Binding());
+    const LossWatch bound = m_model.Binding().Watch();
     const ComboNames names(m_model);
     const std::string name = names.UniqueNameUnder(parent, m_baseName);
     const std::string path = names.Path(parent);
@@ -169,7 +169,7 @@ void ComboCommands::AddEntryUnder(ComboTreeItem& parent) {
 }
 
 void ComboCommands::AddGroupUnder(ComboTreeItem& parent) {
-    const ComboBindingWatch bound(m_model.Binding());
+    const LossWatch bound = m_model.Binding().Watch();
     const std::string name = ComboNames(m_model).UniqueNameUnder(parent, m_baseName);
     if (!bound || !m_model.Tree().Contains(parent))
         return;

@@ -34,7 +34,7 @@ ComboInput::ComboInput(ComboView& view, const ComboWriteBack& writeBack)
 
 void ComboInput::Begin() {
     const ComboBinding& binding = m_view.Model().Binding();
-    const ComboBindingWatch bound(binding);
+    const LossWatch bound = binding.Watch();
     const std::uint32_t flags = binding.Enumeration()->GetEnumFlags();
     if (!bound)
         return;

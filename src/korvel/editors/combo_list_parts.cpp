@@ -25,7 +25,7 @@ ComboListParts::ComboListParts(CComboList& comboList, EComboListMode mode)
 
 void ComboListParts::Open() {
     model.Open();
-    const ComboBindingWatch bound(model.Binding());
+    const LossWatch bound = model.Binding().Watch();
     try {
         Build();
     } catch (...) {
@@ -38,7 +38,7 @@ void ComboListParts::Open() {
 
 void ComboListParts::Build() {
     const ComboTree::KeepItems keep(model.Tree());
-    const ComboBindingWatch bound(model.Binding());
+    const LossWatch bound = model.Binding().Watch();
     const auto columns = ComboColumns::Ask(model.Binding());
     if (!columns)
         return;
@@ -95,7 +95,7 @@ void ComboListParts::OnRowsHidden(ComboTree::RowRange rows) {
 
 // The current row is then the one that took the number, or the new last.
 void ComboListParts::OnRowsRemoved(ComboTree::RowRange rows) {
-    const ComboBindingWatch bound(model.Binding());
+    const LossWatch bound = model.Binding().Watch();
     const int current = input.CurrentRow();
     const bool wasCurrent = current >= rows.first && current < rows.first + rows.count;
     OnRowsHidden(rows); // the host is told of the end of a label edit, and may end the binding

@@ -34,7 +34,7 @@ void ComboModel::Open() {
 
 ComboTreeItem* ComboModel::InsertEntries() {
     const ComboTree::KeepItems keep(m_tree);
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     ComboTreeItem* selected = nullptr;
     m_binding.VisitEntries([&](long id) {
         CVariantValue name;
@@ -81,7 +81,7 @@ void ComboModel::ExpandParent(ComboTreeItem* item) {
 // The sink is told when all is there. At most one row is new: what is under a new group is not shown.
 ComboTreeItem* ComboModel::InsertItem(ComboTreeItem* parent, long id, CVariantValue&& value) {
     const ComboTree::KeepItems keep(m_tree);
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const auto separator = m_binding.PathSeparator();
     // A string is not copied to be split. A list asks its host.
     const bool isString = value.Type == DT_String;
@@ -131,7 +131,7 @@ void ComboModel::ReportNew(const ComboTreeItem& item) {
 
 ComboTreeItem* ComboModel::AddValue(const std::string& name, const std::string& group) {
     const ComboTree::KeepItems keep(m_tree);
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const long id = m_binding.Enumeration()->AddValue(name, group);
     if (id == -1 || !bound)
         return nullptr;
@@ -142,7 +142,7 @@ ComboTreeItem* ComboModel::AddValue(const std::string& name, const std::string& 
 
 void ComboModel::DestroySubTree(ComboTreeItem& item) {
     const ComboTree::KeepItems keep(m_tree);
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     for (ComboTreeItem* under : ChildrenFirst(item)) {
         if (under->IsValue())
             RemoveEntry(*under);
@@ -157,7 +157,7 @@ void ComboModel::DestroySubTree(ComboTreeItem& item) {
 void ComboModel::RemoveEntry(ComboTreeItem& item) {
     if (!item.GetParent())
         return; // the host has taken it away meanwhile
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const long id = item.GetId();
     CVariantValue name;
     if (m_binding.Enumeration()->GetName(id, name) && bound)
@@ -180,7 +180,7 @@ void ComboModel::ItemMoved(const ComboTreeItem& from, ComboTreeItem& to) {
 // Opened all the way up, not its own group alone: a new entry becomes the current row.
 ComboTreeItem* ComboModel::EntryAdded(long id) {
     const ComboTree::KeepItems keep(m_tree);
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     CVariantValue name;
     if (!m_binding.Enumeration()->GetName(id, name) || !bound)
         return nullptr;

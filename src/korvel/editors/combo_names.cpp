@@ -84,7 +84,7 @@ bool ComboNames::RenameLabel(ComboTreeItem& item, const std::string& label) {
 // What is under an entry keeps its name, and only seems renamed until the list is built anew: kept. A name
 // that is no text is renamed by the text that the user typed: what it means is for the enumeration to say.
 bool ComboNames::RenameValue(ComboTreeItem& item, const std::string& newPath) {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const long id = item.GetId();
     CVariantValue name;
     if (!m_binding.Enumeration()->GetName(id, name) || !bound)
@@ -103,7 +103,7 @@ bool ComboNames::RenameValue(ComboTreeItem& item, const std::string& newPath) {
 
 // A group takes its new label when the enumeration has renamed every entry in it.
 bool ComboNames::RenameGroup(ComboTreeItem& group, char separator, const std::list<std::string>& parts) {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const std::string oldLabel = group.GetLabel();
     const std::string above = PathAbove(group, separator);
     const std::string newPath = above + Joined(parts, separator);
@@ -132,7 +132,7 @@ bool ComboNames::RenameGroup(ComboTreeItem& group, char separator, const std::li
 }
 
 bool ComboNames::RenameEntries(std::vector<RenamedEntry>& entries) {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     bool all = true;
     for (RenamedEntry& entry : entries) {
         entry.isRenamed = entry.item->GetParent() && RenameValue(*entry.item, entry.path);
@@ -146,7 +146,7 @@ bool ComboNames::RenameEntries(std::vector<RenamedEntry>& entries) {
 // The entries are at their new path already. What is left are groups without entries, which go there too; a
 // group that was moved into itself keeps them.
 void ComboNames::MoveGroup(ComboTreeItem& group, const std::list<std::string>& parts) {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     ComboTreeItem* target = group.GetParent();
     bool isInItself = false;
     for (const std::string& part : parts) {
@@ -195,7 +195,7 @@ void ComboNames::EntryRenamed(long id) {
 // host that moves one entry of several to another group by its name sees the whole group renamed; an entry
 // whose name is shorter now stays in its group. Only a name that is too long for the place moves.
 void ComboNames::TakeName(ComboTreeItem& item) {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     CVariantValue name;
     if (!m_binding.Enumeration()->GetName(item.GetId(), name) || !bound)
         return;
@@ -230,7 +230,7 @@ void ComboNames::MoveToItsPath(ComboTreeItem& item, const CVariantValue& name) {
 }
 
 void ComboNames::RefreshLabels() {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const auto separator = m_binding.PathSeparator();
     std::vector<ComboTreeItem*> entries; // the text of a list asks its host, which may take any of them away
     for (ComboTreeItem* item = &m_tree.Root(); item; item = item->GetNextUnder(m_tree.Root()))

@@ -1,5 +1,7 @@
 #include "korvel/editors/combo_write_back.h"
 
+#include "korvel/window/base/raised_flag.h"
+
 namespace korvel::internal {
 
 void ComboWriteBack::SetMember(IMemberDispatch* object, const std::string& name) {
@@ -16,18 +18,13 @@ void ComboWriteBack::Forget() {
 void ComboWriteBack::Write(IObserverGrid* observer) {
     if (!m_object || m_isWriting)
         return;
-    struct Writing {
-        explicit Writing(bool& flag) : isWriting(flag) { isWriting = true; }
-        ~Writing() { isWriting = false; }
-        bool& isWriting;
-    };
-    const Writing writing(m_isWriting);
+    const RaisedFlag writing(m_isWriting);
     const std::string name = m_memberName; // the host may end the binding meanwhile
     WriteTo(*m_object, name, observer);
 }
 
 void ComboWriteBack::WriteTo(IMemberDispatch& object, const std::string& name, IObserverGrid* observer) {
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const CVariantValue written = m_binding.Value();
     object.SetMember(name, written);
     if (observer)
@@ -47,7 +44,7 @@ const bool& ComboWriteBack::IsDirty() {
     m_isDirty = false;
     if (!m_object || m_isWriting)
         return m_isDirty;
-    const ComboBindingWatch bound(m_binding);
+    const LossWatch bound = m_binding.Watch();
     const std::string name = m_memberName;
     CVariantValue now;
     if (m_object->GetMember(name, now) && bound)

@@ -7,6 +7,7 @@
 #include "korvel/grid/row_icons.h"
 #include "korvel/grid/tree_walk.h"
 #include "korvel/window/base/first_failure.h"
+#include "korvel/window/base/raised_flag.h"
 
 #include <algorithm>
 #include <utility>
@@ -24,19 +25,6 @@ bool IsShownAbove(const grid::CTreeItem* row, const IMemberDispatch* sub) {
     return row != nullptr;
 }
 
-// Sets a flag for its lifetime.
-class Raised {
-public:
-    explicit Raised(bool& flag) : m_flag(flag), m_former(std::exchange(flag, true)) {}
-    ~Raised() { m_flag = m_former; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-private:
-    bool& m_flag;
-    const bool m_former;
-};
-
 } // namespace
 
 AttributeRows::AttributeRows(AttributeTree& tree, IObserverGrid* observer)
@@ -46,7 +34,7 @@ AttributeRows::AttributeRows(AttributeTree& tree, IObserverGrid* observer)
 void AttributeRows::Bind(IMemberDispatch* root, const std::function<void()>& addColumns) {
     if (m_isBound || m_isRebinding)
         return;
-    const Raised rebinding(m_isRebinding);
+    const RaisedFlag rebinding(m_isRebinding);
     m_isBound = true;
     const LossWatch binding = WatchBinding();
     try {
@@ -79,8 +67,8 @@ void AttributeRows::Fill(IMemberDispatch* root) {
 void AttributeRows::Unbind() {
     if (!m_isBound || m_isEnding)
         return;
-    const Raised rebinding(m_isRebinding);
-    const Raised ending(m_isEnding);
+    const RaisedFlag rebinding(m_isRebinding);
+    const RaisedFlag ending(m_isEnding);
     FirstFailure failure;
     failure.Try([&] { m_tree.OnEnding(); });
     // Everything that leads to the rows goes before the observer is told, which may come back here.

@@ -3,11 +3,11 @@
 #include "korvel/grid/attribute_tree.h"
 #include "korvel/grid/flag_writer.h"
 #include "korvel/grid/format_subscriptions.h"
-#include "korvel/grid/loss_watch.h"
 #include "korvel/grid/member_index.h"
 #include "korvel/grid/row_layout.h"
 #include "korvel/grid/shown_groups.h"
 #include "korvel/output/format_notification.h"
+#include "korvel/window/base/loss_watch.h"
 
 #include <functional>
 #include <memory>

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "korvel/grid/item_info.h"
-#include "korvel/grid/loss_watch.h"
 #include "korvel/grid/row_layout.h"
 #include "korvel/values/member_dispatch.h"
+#include "korvel/window/base/loss_watch.h"
 
 namespace korvel::internal {
 

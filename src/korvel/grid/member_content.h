@@ -2,8 +2,8 @@
 
 #include "korvel/grid/attribute_tree.h"
 #include "korvel/grid/cell_content.h"
-#include "korvel/grid/loss_watch.h"
 #include "korvel/output/format_notification.h"
+#include "korvel/window/base/loss_watch.h"
 
 #include <optional>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "korvel/grid/loss_watch.h"
 #include "korvel/grid/row_list.h"
+#include "korvel/window/base/loss_watch.h"
 
 namespace korvel::internal {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "korvel/grid/departing_rows.h"
-#include "korvel/grid/loss_watch.h"
 #include "korvel/grid/row_list.h"
+#include "korvel/window/base/loss_watch.h"
 
 namespace korvel::internal {
 
