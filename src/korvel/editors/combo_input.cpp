@@ -92,10 +92,6 @@ std::optional<LRESULT> ComboInput::Handle(UINT message, WPARAM wParam, LPARAM lP
     }
 }
 
-LRESULT ComboInput::PassToList(UINT message, WPARAM wParam, LPARAM lParam) {
-    return m_control.CListCtrl::WindowProc(message, wParam, lParam);
-}
-
 // The list control's own handling of a press takes the keyboard and selects. A list that drops down serves a
 // field that must keep the keyboard, and its input state alone selects.
 LRESULT ComboInput::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -104,7 +100,7 @@ LRESULT ComboInput::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
     const bool isDesign = !m_view.IsDropDown();
     const bool passes = isDesign && m_control.HitTest(point) != -1;
     if (passes)
-        PassToList(message, wParam & ~WPARAM{MK_SHIFT | MK_CONTROL}, lParam);
+        m_view.PassToList(message, wParam & ~WPARAM{MK_SHIFT | MK_CONTROL}, lParam);
     else if (isDesign && message == WM_LBUTTONDOWN)
         m_control.SetFocus();
     if (const auto state = m_state) {
@@ -123,7 +119,7 @@ LRESULT ComboInput::HandleButton(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT ComboInput::HandleMouseMove(WPARAM wParam, LPARAM lParam) {
     if (!m_view.IsDropDown())
-        PassToList(WM_MOUSEMOVE, wParam, lParam);
+        m_view.PassToList(WM_MOUSEMOVE, wParam, lParam);
     if (const auto state = m_state)
         state->OnMouseMove(static_cast<UINT>(wParam), PointOf(lParam));
     if (m_view.Model().Binding().IsOpen())
@@ -134,7 +130,7 @@ LRESULT ComboInput::HandleMouseMove(WPARAM wParam, LPARAM lParam) {
 LRESULT ComboInput::HandleWheel(WPARAM wParam, LPARAM lParam) {
     const auto state = m_state;
     if (!state)
-        return PassToList(WM_MOUSEWHEEL, wParam, lParam);
+        return m_view.PassToList(WM_MOUSEWHEEL, wParam, lParam);
     state->OnMouseWheel(LOWORD(wParam), static_cast<short>(HIWORD(wParam)), PointOf(lParam));
     DismissPreview();
     return 0;
@@ -201,7 +197,7 @@ int ComboInput::FindRowByText(const TypeAhead::Search& search) const {
 }
 
 LRESULT ComboInput::HandleFocus(UINT message, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = PassToList(message, wParam, lParam);
+    const LRESULT result = m_view.PassToList(message, wParam, lParam);
     m_view.RedrawRow(std::max(CurrentRow(), 0));
     m_view.Notify(message == WM_SETFOCUS ? ComboListSetFocus : ComboListKillFocus);
     return result;

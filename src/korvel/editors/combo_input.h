@@ -47,7 +47,6 @@ private:
     LRESULT HandleKey(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT HandleCharacter(WPARAM wParam, LPARAM lParam);
     LRESULT HandleFocus(UINT message, WPARAM wParam, LPARAM lParam);
-    LRESULT PassToList(UINT message, WPARAM wParam, LPARAM lParam);
     void TakeForwardedCharacters(UINT key, LPARAM data);
     /// False: a control character, or there are no rows to find.
     bool TakeCharacter(const CString& character);

@@ -39,6 +39,10 @@ std::optional<ComboRowGeometry> ComboView::GeometryOf(int row) const {
     return geometry;
 }
 
+LRESULT ComboView::PassToList(UINT message, WPARAM wParam, LPARAM lParam) const {
+    return m_control.CListCtrl::WindowProc(message, wParam, lParam);
+}
+
 void ComboView::RedrawRow(int row) {
     if (ItemAt(row))
         m_control.RedrawItems(row, row);

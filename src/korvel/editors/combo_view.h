@@ -34,6 +34,8 @@ public:
     ComboTreeItem* ItemAt(int row) const { return m_model.Tree().ItemAt(row); }
     /// None for no such row. Asks the host, which may end the binding.
     std::optional<ComboRowGeometry> GeometryOf(int row) const;
+    /// The control's own handling of a message, without that of its class.
+    LRESULT PassToList(UINT message, WPARAM wParam, LPARAM lParam) const;
     /// Does nothing for no such row.
     void RedrawRow(int row);
     void Expand(ComboTreeItem& item);

@@ -27,8 +27,8 @@ IGridCtrlComboBoxInputState::~IGridCtrlComboBoxInputState() {
 void IGridCtrlComboBoxInputState::OnMouseWheel(UINT flags, short delta, CPoint point) {
     CListCtrl& control = m_view->Control();
     if (control.GetItemCount() > control.GetCountPerPage())
-        control.CListCtrl::WindowProc(WM_MOUSEWHEEL, MAKEWPARAM(flags, static_cast<unsigned>(delta)),
-                                      MAKELPARAM(point.x, point.y));
+        m_view->PassToList(WM_MOUSEWHEEL, MAKEWPARAM(flags, static_cast<unsigned>(delta)),
+                           MAKELPARAM(point.x, point.y));
     if (m_view) {
         control.UpdateWindow();
         control.RedrawWindow();
