@@ -12,7 +12,7 @@ namespace korvel::internal {
 /// A tree of attribute rows that nobody sees.
 class PlainTree final : public AttributeTree {
 public:
-    explicit PlainTree(IObserverGrid* observer) : rows(*this, observer) {}
+    explicit PlainTree(IObserverGrid* observer) : rows(*this, observer, m_kind) {}
     ~PlainTree() { rows.Unbind(); }
 
     /// Blanks for the depth, the text, the value.
@@ -55,6 +55,7 @@ private:
         }
     }
 
+    const EGridLayout m_kind = eSingleAttrColumn;
     std::unique_ptr<CTreeItem> m_forest = CTreeItem::MakeForest();
 
 public:

@@ -7,7 +7,7 @@
 namespace korvel::internal {
 
 void AttributeColumns::Insert(const std::string& nameTitle, const std::string& valueTitle) {
-    if (m_layout.kind == eMultiColumn) {
+    if (m_layout.RowsAreObjects()) {
         const auto columns = m_layout.GetColumns(); // a copy: the notices of a column may change the layout
         for (const auto& [column, name] : columns)
             m_list.InsertColumn(column, name, 0);
@@ -19,7 +19,7 @@ void AttributeColumns::Insert(const std::string& nameTitle, const std::string& v
 
 void AttributeColumns::SetWidths() {
     const std::vector<SColumnInfo> kept = m_widths; // the notices of a column may change them
-    if (m_layout.kind == eMultiColumn) {
+    if (m_layout.RowsAreObjects()) {
         const int known = static_cast<int>(kept.size());
         for (int column = 0; column < m_list.GetColumnCount(); ++column)
             m_list.SetColumnWidth(column, column < known ? kept[static_cast<std::size_t>(column)].width

@@ -27,9 +27,9 @@ bool IsShownAbove(const grid::CTreeItem* row, const IMemberDispatch* sub) {
 
 } // namespace
 
-AttributeRows::AttributeRows(AttributeTree& tree, IObserverGrid* observer)
-    : m_tree(tree), m_observer(observer), m_rootSink(tree.MakeSink(nullptr)), m_groups(tree, observer),
-      m_subscriptions(*this) {}
+AttributeRows::AttributeRows(AttributeTree& tree, IObserverGrid* observer, const EGridLayout& kind)
+    : layout(kind), m_tree(tree), m_observer(observer), m_rootSink(tree.MakeSink(nullptr)),
+      m_groups(tree, observer), m_subscriptions(*this) {}
 
 void AttributeRows::Bind(IMemberDispatch* root, const std::function<void()>& addColumns) {
     if (m_isBound || m_isRebinding)

@@ -18,7 +18,7 @@ namespace korvel::internal {
 /// Binds a tree to an object of the host: which rows there are, what they show, and how they follow what the
 /// host says of its objects. Knows no window.
 ///
-///     AttributeRows rows(tree, &observer);
+///     AttributeRows rows(tree, &observer, kind);
 ///     rows.Bind(&axis, [] {});              // the tree has a row for each member of the axis
 ///     rows.Change(&axis, "length", value);  // rewrites one cell
 ///     rows.Unbind();
@@ -31,8 +31,8 @@ class AttributeRows final : private FormatSink {
 public:
     using CTreeItem = grid::CTreeItem;
 
-    /// `tree` and `observer` (which may be null) must outlive this.
-    AttributeRows(AttributeTree& tree, IObserverGrid* observer);
+    /// `tree`, `observer` (which may be null) and `kind` must outlive this.
+    AttributeRows(AttributeTree& tree, IObserverGrid* observer, const EGridLayout& kind);
 
     /// Shows an object, null included. Without effect while one is shown, and from within Bind and Unbind.
     /// `addColumns` is called before the rows come.

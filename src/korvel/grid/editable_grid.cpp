@@ -28,7 +28,7 @@ int PositionOf(const unsigned long& position) {
 class CEditableGrid::Binding final : private AttributeTree {
 public:
     Binding(CEditableGrid& grid, IObserverGrid* observer)
-        : m_grid(grid), rows(*this, observer), columns(grid, rows.layout, grid.m_ColumnInfo) {}
+        : m_grid(grid), rows(*this, observer, grid.m_Layout), columns(grid, rows.layout, grid.m_ColumnInfo) {}
 
 private:
     CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
@@ -140,14 +140,14 @@ void CEditableGrid::SetGridLayout(EGridLayout layout) {
     IMemberDispatch* root = GetRootDisp();
     FirstFailure failure;
     failure.Try([&] { Clear(); });
-    m_binding->rows.layout.kind = layout;
+    m_Layout = layout;
     if (root)
         failure.Try([&] { Initialize(root, "Attribut", "Wert", 0); }); // kept: in every language
     failure.Rethrow();
 }
 
 const EGridLayout& CEditableGrid::GetGridLayout() const {
-    return m_binding->rows.layout.kind;
+    return m_Layout;
 }
 
 void CEditableGrid::SetGridOption(EGridOption option, bool on) {

@@ -51,8 +51,8 @@ struct ImageIndex {
 /// throw; it must not delete the grid. An exception leaves a binding whole or undone, and every sink of what
 /// is not shown taken back.
 ///
-/// The fields of a binding (state, root, groups, members, layout, columns) are not the control's: derived
-/// grids ask IsInitialized, GetRootDisp, LookupTreeItem, GetDispInterface, GetGridLayout, GetSubItem and
+/// The fields of a binding (state, root, groups, members, columns) are not the control's: derived
+/// grids ask IsInitialized, GetRootDisp, LookupTreeItem, GetDispInterface, GetSubItem and
 /// GetColumn.
 class KORVEL_API CEditableGrid : public CSuperGridCtrl {
 public:
@@ -191,6 +191,7 @@ protected:
     bool m_AllowCopyClipboard = false;
     bool m_AllowWriteProtect = true;
 
+    EGridLayout m_Layout = eSingleAttrColumn; ///< not to be changed while an object is shown
     std::uint32_t m_ImageStyle = 0;
     std::uint32_t m_EnableUserAttributsTyps = 0xFFFFFFFF;
     std::uint32_t m_ImplementationDetails = 0;

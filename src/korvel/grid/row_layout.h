@@ -11,9 +11,11 @@ namespace korvel::internal {
 /// What the rows of an attribute grid are, and in which columns their cells are.
 class RowLayout {
 public:
-    EGridLayout kind = eSingleAttrColumn;
+    /// `kind` is the grid's, and must outlive this.
+    explicit RowLayout(const EGridLayout& kind) : m_kind(kind) {}
+
     /// Whose members are the cells; otherwise a row is a member with its value in column 1.
-    bool RowsAreObjects() const { return kind == eMultiColumn; }
+    bool RowsAreObjects() const { return m_kind == eMultiColumn; }
 
     /// The members that columns show, from column 0 on, which is the tree's.
     void SetColumns(const std::list<std::string>& names) {
@@ -42,6 +44,7 @@ public:
     }
 
 private:
+    const EGridLayout& m_kind;
     std::map<int, std::string> m_names;
     std::map<std::string, int> m_columns;
 };
