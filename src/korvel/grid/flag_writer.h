@@ -12,9 +12,9 @@ namespace korvel::internal {
 /// Writes flags of which the host says that they have changed through to their objects.
 class FlagWriter {
 public:
-    /// Writes only a flag that differs from the object's. Does nothing when the row of the flag `isGone` after
-    /// the object was read, and from within the write of this same flag: an object may tell of it before it
-    /// keeps it.
+    /// Writes only a flag that differs from the object's. Does nothing when reading the object made its row
+    /// go, which `isGone` says, and from within the write of this same flag: an object may tell of it before
+    /// it keeps it.
     void Write(IMemberDispatch& disp, const std::string& name, const CVariantValue& value,
                const std::function<bool()>& isGone);
 

@@ -17,7 +17,8 @@ public:
     CListEditCtrl(TreeGridList& list, const TreeRows& tree) : m_list(list), m_tree(tree) {}
 
     /// Opens over a cell, with its text selected; ends an edit that is open. False when there is no such
-    /// cell.
+    /// cell, when its window cannot be made, and when a handler removes the node meanwhile; true also when a
+    /// handler of the focus has ended the edit already.
     bool Start(int row, int column);
     /// To be called when a node has left the tree with all below it, and before it is deleted.
     void OnUnlinked(const grid::CTreeItem& root);

@@ -26,7 +26,8 @@ public:
     /// Removes the rows from `first` to before `last`, from the last one up: each is told to the host, and
     /// is gone before the next one is told.
     virtual void Remove(int first, int last) = 0;
-    /// The same at once, and no one hears of it.
+    /// The same at once, without a notice for each. A label edit in one of them is cancelled, which the host
+    /// hears as it does of a new size of the list.
     virtual void RemoveQuietly(int first, int last) = 0;
     virtual void RemoveAll() = 0;
     /// Repaints a row; none for -1.

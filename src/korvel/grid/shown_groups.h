@@ -10,8 +10,7 @@
 namespace korvel::internal {
 
 /// The nested objects that are shown, each with its row and with the sink that the observer was given. An
-/// object in several rows is known by the first. The observer may be null, may come back from every call, and
-/// hears of objects in the order of their addresses.
+/// object in several rows is known by the first. The observer may be null, and may come back from every call.
 class ShownGroups {
 public:
     using CTreeItem = grid::CTreeItem;
@@ -27,11 +26,13 @@ public:
     void Enter(IMemberDispatch& disp, CTreeItem& row);
     /// Gives the observer the sink of an object again; false when the object is not shown.
     bool TellAgain(IMemberDispatch* disp);
+    /// The same for all of them, in the order of their addresses.
     void TellAllAgain();
 
     class Leaving;
     // None of these needs memory.
     Leaving LeaveNone() const;
+    /// In the order of their addresses.
     Leaving LeaveAll();
     /// Takes an object that is shown out, after those that are leaving already.
     void Leave(IMemberDispatch* disp, Leaving& leaving);
