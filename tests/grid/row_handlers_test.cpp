@@ -37,6 +37,14 @@ TEST_F(RowHandlers, ARowWhoseNodeGoesWhileMarksAreWrittenLeadsNowhere) {
     EXPECT_EQ(grid.NodeAtRow(0), nullptr);
     grid.RebuildRows();
     EXPECT_EQ(Rows(grid), Lines({"stays|"}));
+
+    RemoveOnMark([](const CSuperGridCtrl& all) { return all.rootItems().back(); });
+    EXPECT_EQ(AddChecked(grid, nullptr), nullptr) << "removed before the caller gets it";
+    grid.RebuildRows();
+    RemoveOnMark([](const CSuperGridCtrl& all) { return all.rootItems().front(); });
+    CTreeItem* added = AddChecked(grid, nullptr);
+    ASSERT_NE(added, nullptr) << "another one was removed";
+    EXPECT_EQ(grid.rootItems().front(), added);
 }
 
 TEST_F(RowHandlers, RowsThatComeHaveTheirMarksAndDepthsAlsoWhenAHandlerThrows) {

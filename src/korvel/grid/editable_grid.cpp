@@ -32,9 +32,7 @@ public:
 
 private:
     CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
-        CTreeItem* row = m_grid.LinkNode(parent, info.get(), position);
-        static_cast<void>(info.release());
-        return row;
+        return m_grid.LinkNode(parent, std::move(info), position);
     }
     void ShowRow(CTreeItem& row) override { m_grid.ShowNode(&row); }
     void RemoveRow(CTreeItem& row) override { m_grid.TakeNode(&row); }

@@ -8,19 +8,16 @@ namespace korvel::internal {
 using grid::CTreeItem;
 using grid::NodePtr;
 
-namespace {
-
-NodePtr MakeNode(CItemInfo* info) {
-    std::unique_ptr<CItemInfo> content(info ? info : new CItemInfo);
-    NodePtr node(new CTreeItem(content.get()));
-    static_cast<void>(content.release());
+NodePtr MakeNode(std::unique_ptr<CItemInfo> info) {
+    if (!info)
+        info = std::make_unique<CItemInfo>();
+    NodePtr node(new CTreeItem(info.get()));
+    static_cast<void>(info.release());
     return node;
 }
 
-} // namespace
-
 NodePtr CopyNode(RowList& list, const LossWatch& rows, const CTreeItem& source) {
-    NodePtr copy = MakeNode(list.CopyInfo(source.info));
+    NodePtr copy = MakeNode(std::unique_ptr<CItemInfo>(list.CopyInfo(source.info)));
     if (!rows || !CopyChildren(list, rows, *copy, source))
         return nullptr;
     return copy;
@@ -34,7 +31,7 @@ bool CopyChildren(RowList& list, const LossWatch& rows, CTreeItem& target, const
         const std::vector<CTreeItem*> children(original->children().begin(),
                                                original->children().end()); // the host may add some
         for (const CTreeItem* child : children) {
-            NodePtr copy = MakeNode(list.CopyInfo(child->info));
+            NodePtr copy = MakeNode(std::unique_ptr<CItemInfo>(list.CopyInfo(child->info)));
             if (!rows)
                 return false;
             parent->InsertChild(-1, copy.get());

@@ -5,6 +5,9 @@
 
 namespace korvel::internal {
 
+/// A node without a place; null makes a blank info.
+grid::NodePtr MakeNode(std::unique_ptr<CItemInfo> info);
+
 /// A collapsed copy of a node with all below, whose infos the list copies. Null when nodes of the tree went
 /// meanwhile, of which `rows` says.
 grid::NodePtr CopyNode(RowList& list, const LossWatch& rows, const grid::CTreeItem& source);

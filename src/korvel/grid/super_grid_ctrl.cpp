@@ -10,6 +10,8 @@
 #include "korvel/grid/tree_walk.h"
 #include "korvel/window/core/thread_queue.h"
 
+#include <utility>
+
 namespace korvel {
 
 using namespace internal;
@@ -46,25 +48,23 @@ const ChildList& CSuperGridCtrl::rootItems() const {
 }
 
 grid::CTreeItem* CSuperGridCtrl::AddRootNode(CItemInfo* info, const int* position) {
-    CTreeItem* node = LinkNode(nullptr, info, PlaceOf(position));
-    ShowNode(node);
-    return node;
+    CTreeItem* node = LinkNode(nullptr, std::unique_ptr<CItemInfo>(info), PlaceOf(position));
+    return ShowNode(node) ? node : nullptr;
 }
 
 grid::CTreeItem* CSuperGridCtrl::AddChildNode(CTreeItem* parent, CItemInfo* info, int, const int* position) {
     if (!parent)
         return nullptr;
-    CTreeItem* node = LinkNode(parent, info, PlaceOf(position));
-    ShowNode(node);
-    return node;
+    CTreeItem* node = LinkNode(parent, std::unique_ptr<CItemInfo>(info), PlaceOf(position));
+    return ShowNode(node) ? node : nullptr;
 }
 
-grid::CTreeItem* CSuperGridCtrl::LinkNode(CTreeItem* parent, CItemInfo* info, int position) {
-    return m_parts->tree.Link(parent, info, position);
+grid::CTreeItem* CSuperGridCtrl::LinkNode(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) {
+    return m_parts->tree.Link(parent, std::move(info), position);
 }
 
-void CSuperGridCtrl::ShowNode(const CTreeItem* node) {
-    m_parts->tree.Show(node);
+bool CSuperGridCtrl::ShowNode(const CTreeItem* node) {
+    return m_parts->tree.Show(node);
 }
 
 int CSuperGridCtrl::RemoveNode(CTreeItem* node) {
@@ -145,12 +145,7 @@ void CSuperGridCtrl::CopySubtree(CTreeItem* dest, const CTreeItem* src) {
 }
 
 void CSuperGridCtrl::RefreshRowTexts(const CTreeItem* node) {
-    RedrawNode(node);
-}
-
-void CSuperGridCtrl::RedrawNode(const CTreeItem* node) {
-    if (!IsRedrawPaused())
-        RedrawRow(RowOfNode(node));
+    RedrawRow(RowOfNode(node));
 }
 
 bool CSuperGridCtrl::PreTranslateMessage(MSG& message) {

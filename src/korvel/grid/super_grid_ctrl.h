@@ -31,7 +31,8 @@ public:
     ~CSuperGridCtrl() override;
 
     // The tree. `position`: null or -1 appends, 0 inserts before the first sibling, n > 0 after the sibling
-    // at n - 1. `info` is taken over; null makes a blank one.
+    // at n - 1. `info` is taken over, also when memory runs out; null makes a blank one. What adds a node
+    // returns null when a handler has removed it already.
     const ChildList& rootItems() const;
     CTreeItem* AddRootNode(CItemInfo* info, const int* position);
     /// Null, and `info` stays the caller's, when `parent` is null. `update` is kept for callers; always 1.
@@ -89,14 +90,13 @@ protected:
     // The halves of AddRootNode and AddChildNode: who files a node does so between them, before the host
     // can hear of it.
     /// Puts a node into the tree, for a null `parent` as a root. `position`: -1 appends.
-    CTreeItem* LinkNode(CTreeItem* parent, CItemInfo* info, int position);
-    /// Inserts the rows of a node that was linked. The host may remove it meanwhile.
-    void ShowNode(const CTreeItem* node);
+    CTreeItem* LinkNode(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position);
+    /// Inserts the rows of a node that was linked. False when the host has removed it meanwhile.
+    bool ShowNode(const CTreeItem* node);
 
     /// Removes a node of this grid with its info, its rows and all below.
     void TakeNode(CTreeItem* node);
     void DeleteAllNodes();
-    void RedrawNode(const CTreeItem* node);
 
 private:
     struct Parts;

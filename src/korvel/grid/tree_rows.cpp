@@ -47,21 +47,33 @@ TreeRows::CTreeItem* TreeRows::NodeAt(int row) const {
     return (m_departing.IsEmpty() && m_discarded.empty()) || Has(node) ? node : nullptr;
 }
 
-TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, CItemInfo* info, int position) {
-    std::unique_ptr<CItemInfo> blank(info ? nullptr : new CItemInfo);
-    auto node = std::make_unique<CTreeItem>(info ? info : blank.get());
+TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) {
+    NodePtr node = MakeNode(std::move(info));
     BeginChange();
     (parent ? parent : m_forest.get())->InsertChild(position, node.get());
-    static_cast<void>(blank.release());
     return node.release();
 }
 
-void TreeRows::Show(const CTreeItem* node) {
+bool TreeRows::Show(const CTreeItem* node) {
+    Arrival arrival{node, m_arrivals};
+    m_arrivals = &arrival;
     const LossWatch rows = Watch();
-    if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
-        m_list.Redraw(RowOf(parent)); // its sign comes
-    if (rows && Has(node) && node->row() >= 0)
-        InsertRows(node->row(), {const_cast<CTreeItem*>(node)});
+    FirstFailure failure;
+    failure.Try([&] {
+        if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
+            m_list.Redraw(RowOf(parent)); // its sign comes
+        if (rows && Has(node) && node->row() >= 0)
+            InsertRows(node->row(), {const_cast<CTreeItem*>(node)});
+    });
+    m_arrivals = arrival.outer;
+    failure.Rethrow();
+    return rows || arrival.node;
+}
+
+void TreeRows::ForgetArrivals() {
+    for (Arrival* arrival = m_arrivals; arrival; arrival = arrival->outer)
+        if (!Has(arrival->node))
+            arrival->node = nullptr;
 }
 
 // The rows come at once; what the host makes of it finds them there.
@@ -135,6 +147,7 @@ grid::NodePtr TreeRows::Detach(CTreeItem* node) {
     BeginChange();
     CTreeItem* parent = node->parent();
     (parent ? parent : m_forest.get())->RemoveChild(node);
+    ForgetArrivals();
     return NodePtr(node);
 }
 
@@ -201,6 +214,7 @@ void TreeRows::Clear() {
     ++m_removals;
     BeginChange();
     const std::unique_ptr<CTreeItem> former = std::exchange(m_forest, std::move(m_nextForest));
+    ForgetArrivals();
     m_departing.Begin(0, std::max(0, m_list.Count()));
     FirstFailure failure;
     failure.Try([&] { m_list.ChangeMany([&] { m_list.RemoveAll(); }); });

@@ -12,9 +12,9 @@ class FirstFailure;
 /// copied, and which rows come and go with it. Knows no window; the rows are those of a RowList.
 ///
 ///     TreeRows tree(list);
-///     CTreeItem* group = tree.Link(nullptr, info, -1);
+///     CTreeItem* group = tree.Link(nullptr, std::move(info), -1);
 ///     tree.Show(group);              // one row more
-///     tree.Link(group, other, -1);   // none: the group is collapsed
+///     tree.Link(group, nullptr, -1); // none: the group is collapsed
 ///     tree.Expand(group, 0);         // 1, the last row that came
 ///
 /// The tree changes first, then its rows: whoever hears of a row meets a tree that is whole, may change it,
@@ -35,10 +35,10 @@ public:
     CTreeItem* NodeAt(int row) const;
 
     // A node is added in two steps: who files it does so between them.
-    /// Takes `info` over, unless it throws; null makes a blank one. Without `parent` a root; a `position`
-    /// outside the siblings appends.
-    CTreeItem* Link(CTreeItem* parent, CItemInfo* info, int position);
-    void Show(const CTreeItem* node);
+    /// Null makes a blank info. Without `parent` a root; a `position` outside the siblings appends.
+    CTreeItem* Link(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position);
+    /// False when the host has removed the node meanwhile.
+    bool Show(const CTreeItem* node);
     /// Removes a node of this tree with all below and with its rows. It is gone also when the host throws.
     void Remove(CTreeItem* node);
     /// The same, but for the rows: they stay, without node, until the caller removes them or rebuilds. False
@@ -74,6 +74,11 @@ public:
 private:
     using Nodes = std::vector<CTreeItem*>;
     using NodePtr = grid::NodePtr;
+    /// A node that is being shown, from within the showing of another one.
+    struct Arrival {
+        const CTreeItem* node; // null: it was removed
+        Arrival* outer;
+    };
 
     bool Has(const CTreeItem* node) const { return node && node->Top() == m_forest.get(); }
     bool IsListed(const CTreeItem& node) const;
@@ -81,6 +86,8 @@ private:
     /// To be called before the tree changes.
     void BeginChange() const;
     NodePtr Detach(CTreeItem* node);
+    /// To be called when nodes have left the tree, before they are deleted.
+    void ForgetArrivals();
     /// Deletes a node that was removed, as soon as no row leads to it.
     void Discard(NodePtr node);
     void DeleteDiscarded();
@@ -98,6 +105,7 @@ private:
     std::unique_ptr<CTreeItem> m_forest;
     std::unique_ptr<CTreeItem> m_nextForest; // for a Clear although memory is short
     mutable DepartingRows m_departing;
+    Arrival* m_arrivals = nullptr; // the last begun
     unsigned m_removals = 0;
     bool m_isListOutdated = false;    // it may have rows of nodes that were removed
     std::vector<NodePtr> m_discarded; // removed nodes, without infos, to which rows may still lead
