@@ -35,7 +35,7 @@ KORVEL_API float RadToAngle(float radians);
 KORVEL_API const _numberfmtA& GetAngleFormatDouble();
 KORVEL_API const _numberfmtA& GetAngleFormatFloat();
 
-/// Store a format; unless nothing differs, grids write their texts again. A format that equals the regional
+/// Store a format. If it differs from the current one, grids rewrite their texts. A format that equals the regional
 /// settings follows them from now on. \throws std::invalid_argument when a separator is null or longer than
 /// three bytes; nothing changes then
 KORVEL_API void SetAngleFormatDouble(const _numberfmtA& format);

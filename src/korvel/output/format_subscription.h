@@ -65,8 +65,7 @@ private:
     T* m_pOwner;
 };
 
-// Kept empty: hosts link with these and rely on never being called back. Who subscribes through them hears
-// nothing.
+// These do nothing, on purpose: hosts link with them and rely on getting no call.
 KORVEL_API void AddNumberFormatChangeSink(INumberFormatChanged* sink);
 KORVEL_API void RemoveNumberFormatChangeSink(INumberFormatChanged* sink);
 KORVEL_API void AddAngleFormatChangeSink(IAngleFormatChanged* sink);

@@ -6,7 +6,7 @@
 
 namespace korvel::internal {
 
-/// Base of a service without formats of its own: a listener of it listens to the service whose formats it
+/// Base of a service without formats of its own: its listeners are added to the service whose formats it
 /// uses.
 template <typename Service>
 class TFormatObserverDelegator {

@@ -20,8 +20,8 @@ public:
     virtual bool Update(IObserverGrid* grid) = 0;
 };
 
-/// Edit the list of those who react; it does not own them. Null, and what is there (or not there) already,
-/// change nothing.
+/// Edit the list of those who react; it does not own them. Adding null or a known observer, or removing an unknown
+/// one, has no effect.
 KORVEL_API void AddSystemChangedSink(ISystemChangedObserver* observer);
 KORVEL_API void RemoveSystemChangedSink(ISystemChangedObserver* observer);
 
