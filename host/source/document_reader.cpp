@@ -70,7 +70,7 @@ private:
     void DeclareNamespace(ElementIndex element, const XmlAttribute& attribute) {
         const std::size_t offset = m_tree.OffsetOf(attribute.name);
         if (attribute.value.size() > XmlScanner::LongestName)
-            m_parser.Fail(offset, "a namespace is longer than 1,000 characters");
+            m_parser.Fail(offset, "a namespace is longer than 1,000 bytes");
         m_tree.m_namespaces.push_back({element, static_cast<std::uint32_t>(offset)});
     }
 

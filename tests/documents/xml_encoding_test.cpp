@@ -31,7 +31,7 @@ std::string Declared(const std::string& encoding) {
 
 TEST(XmlEncoding, IsTakenFromMarkOrDeclaration) {
     const std::u16string utf16 = u"<?xml version='1.0' encoding='UTF-16'?><a>\u00E4\u20AC\U0001F600</a>";
-    const std::u32string utf32 = U"<?xml version='1.0' encoding='utf-32be'?><a>\u00E4\u20AC\U0001F600</a>";
+    const std::u32string utf32 = U"<?xml version='1.0' encoding='utf-32'?><a>\u00E4\u20AC\U0001F600</a>";
     const std::string letters = "\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80";
     const std::string tokyo = "\xE6\x9D\xB1\xE4\xBA\xAC";
     struct Case {
@@ -96,6 +96,7 @@ TEST(XmlEncoding, RefusesWhatItCannotBeWithThePlace) {
         {"unknown encoding", Declared("KOI9") + "<a/>", 1, 33, "the encoding 'KOI9' is not known"},
         {"no letter of ASCII is itself", Declared("IBM037") + "<a/>", 1, 33, "'IBM037' is not read"},
         {"some bytes of ASCII are others", Declared("UTF-7") + "<a/>", 1, 33, "'UTF-7' is not read"},
+        {"ends in half a sign without a fault", Declared("HZ-GB-2312") + "<a/>", 1, 33, "is not read"},
         {"compressed", Declared("SCSU") + "<a/>", 1, 33, "'SCSU' is not read"},
         {"letter in the declaration", "<?xml version='1.0' \xC3\xA4='x'?><a/>", 1, 21, "is expected"},
         {"two bytes declared, one found", Declared("UTF-16") + "<a/>", 1, 33, "one byte"},
@@ -106,6 +107,12 @@ TEST(XmlEncoding, RefusesWhatItCannotBeWithThePlace) {
         {"two bytes declared, four found",
          Wide(std::u32string(U"<?xml version='1.0' encoding='utf-16'?><a/>"), true), 1, 31,
          "the bytes are UTF-32"},
+        {"the other byte order declared",
+         Wide(std::u16string(u"\uFEFF<?xml version='1.0' encoding='UTF-16BE'?><a/>"), false), 1, 31,
+         "the bytes are UTF-16LE"},
+        {"the other order of four bytes",
+         Wide(std::u32string(U"<?xml version='1.0' encoding='UTF-32LE'?><a/>"), true), 1, 31,
+         "the bytes are UTF-32BE"},
         {"mark against declaration", "\xEF\xBB\xBF" + Declared("ISO-8859-1") + "<a/>", 1, 33,
          "mark of UTF-8"},
         {"half a pair", Wide(std::u16string(u"<a>\xD800</a>"), false), 1, 4, "half a character"},

@@ -76,7 +76,7 @@ TEST(XmlParser, RefusesWhatIsNotWellFormedWithItsPlace) {
         {"reference with a rest", "<a>&#65x;</a>", 1, 4, "not defined"},
         {"entity bomb", "<!DOCTYPE a [\n<!ENTITY b \"bbbb\">\n<!ENTITY c \"&b;&b;\">]><a>&c;</a>", 2, 1,
          "declares entities"},
-        {"long name", "<" + std::string(1001, 'x') + "/>", 1, 2, "longer than 1,000 characters"},
+        {"long name", "<" + std::string(1001, 'x') + "/>", 1, 2, "longer than 1,000 bytes"},
         {"wrong end", "<a>\n<b></a>", 2, 4, "the element 'b' is closed by 'a'"},
         {"end without start", "<a/></a>", 1, 5, "'a' is closed but not open"},
         {"second root", "<a/>\n<b/>", 2, 1, "a second root element"},
@@ -90,6 +90,12 @@ TEST(XmlParser, RefusesWhatIsNotWellFormedWithItsPlace) {
         {"prefix of a brother", "<a><b xmlns:p='u'/><p:c/></a>", 1, 21, "the prefix 'p' is not declared"},
         {"prefix for nothing", "<a xmlns:p=''/>", 1, 4, "stands for nothing"},
         {"two colons", "<a xmlns:p='u'><p:b:c/></a>", 1, 17, "not a prefix, ':' and a name"},
+        {"prefix that only attributes have", "<xmlns:a/>", 1, 2, "the prefix 'xmlns' is not declared"},
+        {"two document types", "<!DOCTYPE a><!DOCTYPE a><a/>", 1, 13, "no declaration is allowed here"},
+        {"document type without name", "<!DOCTYPE ><a/>", 1, 11, "a name is expected"},
+        {"document type without blank", "<!DOCTYPEa><a/>", 1, 10, "a blank is expected"},
+        {"instruction without blank", "<a><?b+c?></a>", 1, 7, "a blank is expected"},
+        {"declaration in capitals", "<?XML version='1.0'?><a/>", 1, 3, "the name 'XML'"},
         {"late declaration", "\r<?xml version='1.0'?><a/>", 2, 3, "is not at the beginning"},
         {"declaration without version", "<?xml encoding='UTF-8'?><a/>", 1, 7, "holds 'encoding' where"},
         {"declaration of nothing", "<?xml ?><a/>", 1, 7, "says no version"},
@@ -107,10 +113,10 @@ TEST(XmlParser, RefusesWhatIsNotWellFormedWithItsPlace) {
 TEST(XmlParser, TellsTheFirstFaultOfAFileWhateverItsKind) {
     const XmlFault fault{"wrong bytes"};
     const char* const cutOff[] = {
-        "",        " ",         "<",      "<a",       "<a b",      "<a b='x&am", "<a b='x",
-        "<a/",     "<a>x",      "<a>&am", "<a><!-",   "<a><!-- -", "<a><![CDA",  "<a><![CDATA[]]",
-        "<!DOCTY", "<!DOCTYPE", "<a></b", "<a/>",     "<a/><!",    "<?xml vers", "<a>]]",
-        "<?pi ",   "<a/> <",    "<p:a",   "<a c='' c"};
+        "",           " ",         "<",          "<a",     "<a b",      "<a b='x&am", "<a b='x",
+        "<a/",        "<a>x",      "<a>&am",     "<a><!-", "<a><!-- -", "<a><![CDA",  "<a><![CDATA[]]",
+        "<!DOCTY",    "<!DOCTYPE", "<!DOCTYPE ", "<?pi?",  "<a></b",    "<a/>",       "<a/><!",
+        "<?xml vers", "<a>]]",     "<?pi ",      "<a/> <", "<p:a",      "<a c='' c"};
     for (const char* text : cutOff) {
         SCOPED_TRACE(text);
         try {

@@ -26,7 +26,7 @@ ElementTree Read(const std::string& bytes) {
 TEST(DocumentReader, RefusesALongNamespaceAndTheFaultOfTheBytes) {
     const std::vector<XmlRefusal> rows = {
         {"long namespace", "<a><b xmlns:c='" + std::string(1001, 'x') + "'/></a>", 1, 7,
-         "longer than 1,000 characters"},
+         "longer than 1,000 bytes"},
         {"bytes after the text", "<a>\xFF</a>", 1, 4, "not UTF-8"},
     };
     ExpectRefusals(rows, Read);

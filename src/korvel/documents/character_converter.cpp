@@ -39,8 +39,8 @@ CharacterConverter::CharacterConverter(const std::string& name) {
 CharacterConverter::~CharacterConverter() = default;
 
 bool CharacterConverter::HoldsAscii() {
-    constexpr UConverterType Disguised[] = {UCNV_UTF7, UCNV_IMAP_MAILBOX, UCNV_SCSU, UCNV_BOCU1,
-                                            UCNV_EBCDIC_STATEFUL};
+    constexpr UConverterType Disguised[] = {UCNV_UTF7,  UCNV_IMAP_MAILBOX, UCNV_SCSU,
+                                            UCNV_BOCU1, UCNV_HZ,           UCNV_EBCDIC_STATEFUL};
     const UConverterType type = ucnv_getType(m_converter.get());
     if (std::find(std::begin(Disguised), std::end(Disguised), type) != std::end(Disguised))
         return false;

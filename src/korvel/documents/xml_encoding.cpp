@@ -40,9 +40,18 @@ constexpr std::string_view Windows1252 = "ibm-5348_P100-1997";
 
 // "UTF-16" and "UTF-32" for their names with and without byte order, else empty.
 std::string_view WideFamilyOf(std::string_view canonicalName) {
-    if (canonicalName.starts_with("UTF-16") || canonicalName.starts_with("UTF16"))
+    if (canonicalName.starts_with("UTF-16") || canonicalName.starts_with("UTF16_"))
         return "UTF-16";
-    return canonicalName.starts_with("UTF-32") || canonicalName.starts_with("UTF32") ? "UTF-32" : "";
+    return canonicalName.starts_with("UTF-32") || canonicalName.starts_with("UTF32_") ? "UTF-32" : "";
+}
+
+// A name without byte order says that there may be either.
+bool IsNameOf(std::string_view canonicalName, const Form& form) {
+    const std::string_view family = WideFamilyOf(canonicalName);
+    if (family != WideFamilyOf(form.name))
+        return false;
+    const std::string_view order = canonicalName.substr(family.size(), 2);
+    return (order != "LE" && order != "BE") || form.name.ends_with(order);
 }
 
 bool IsXmlCharacter(char32_t c) {
@@ -56,11 +65,12 @@ XmlFault RefusedCharacter(char32_t character) {
 }
 
 // At the name where that is part of the text.
-[[noreturn]] void FailForEncoding(std::string_view text, std::string_view name, const char* sentence) {
+[[noreturn]] void FailForEncoding(std::string_view text, std::string_view name, const char* sentence,
+                                  std::string_view found = {}) {
     const std::less<> before;
     const bool isInside = !before(name.data(), text.data()) && before(name.data(), text.data() + text.size());
     throw XmlError(text, isInside ? static_cast<std::size_t>(name.data() - text.data()) : 0,
-                   {sentence, {XmlError::Quoted(name)}}, XmlError::Cause::Encoding);
+                   {sentence, {XmlError::Quoted(name), std::string(found)}}, XmlError::Cause::Encoding);
 }
 
 // The characters are counted first: a text that grows as it is filled takes twice its memory. `read` gives each
@@ -174,11 +184,8 @@ void DecodeWide(DecodedXml& document, std::string_view bytes, const Form& form, 
     Decode(document, [&](auto take) { return Units(bytes, form).Read(take); });
     CheckBeginsLikeXml(document);
     const std::string_view name = asked.empty() ? DeclaredIn(document) : asked;
-    const std::string_view family = WideFamilyOf(form.name);
-    if (!name.empty() && WideFamilyOf(CharacterConverter::CanonicalName(std::string(name))) != family)
-        FailForEncoding(document.text, name,
-                        form.unitSize == 2 ? "the encoding %1 is wrong: the bytes are UTF-16"
-                                           : "the encoding %1 is wrong: the bytes are UTF-32");
+    if (!name.empty() && !IsNameOf(CharacterConverter::CanonicalName(std::string(name)), form))
+        FailForEncoding(document.text, name, "the encoding %1 is wrong: the bytes are %2", form.name);
 }
 
 // The name by which ICU knows an encoding of one byte or more a character. Throws for one that cannot be read.

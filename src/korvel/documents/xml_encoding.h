@@ -17,9 +17,9 @@ struct XmlFault {
 
 /// A document as UTF-8, without byte order mark, and how its file holds it.
 struct DecodedXml {
-    /// Up to the first byte that is wrong, so that whoever reads it meets a fault before that byte first.
+    /// Ends before the first byte that is wrong. A fault of the text itself is thus found first.
     std::string text;
-    /// Of what follows the text; nothing for a file that is right to its end. XmlParser throws it there.
+    /// What is wrong after the text; nothing where the whole file was read. XmlParser throws it at that place.
     std::optional<XmlFault> fault;
     /// By its registered name where it has one: "UTF-8", "UTF-16BE", "windows-1252", "Shift_JIS".
     std::string encoding;

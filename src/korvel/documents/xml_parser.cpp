@@ -90,11 +90,12 @@ XmlParser::Piece XmlParser::ReadSection() {
 }
 
 void XmlParser::SkipDeclaration() {
-    if (m_scanner.IsAt("<!DOCTYPE") && !m_hasRoot)
+    if (m_scanner.IsAt("<!DOCTYPE") && m_mayHaveDocumentType) {
         m_scanner.SkipDocumentType();
-    else {
+        m_mayHaveDocumentType = false;
+    } else {
         const bool isCutOff = m_scanner.IsCutOffIn("<!--") || m_scanner.IsCutOffIn("<![CDATA[") ||
-                              (!m_hasRoot && m_scanner.IsCutOffIn("<!DOCTYPE"));
+                              (m_mayHaveDocumentType && m_scanner.IsCutOffIn("<!DOCTYPE"));
         m_scanner.Fail(m_offset, "no declaration is allowed here",
                        isCutOff ? XmlError::Cause::CutOff : XmlError::Cause::WrongHere);
     }
@@ -113,10 +114,11 @@ XmlParser::Piece XmlParser::ReadStartTag() {
         m_scanner.FailUnlessCutOff(m_scanner.IsAt("/") ? "/>" : ">", "'>' is expected here");
     m_open.push_back({m_name, m_prefixes.size()});
     m_hasRoot = true;
+    m_mayHaveDocumentType = false;
     DeclarePrefixes();
-    CheckPrefix(m_name);
+    CheckPrefix(m_name, NameOf::Element);
     for (const XmlAttribute& attribute : m_attributes)
-        CheckPrefix(attribute.name);
+        CheckPrefix(attribute.name, NameOf::Attribute);
     return Piece::StartTag;
 }
 
@@ -162,14 +164,15 @@ void XmlParser::DeclarePrefixes() {
     }
 }
 
-void XmlParser::CheckPrefix(std::string_view name) const {
+void XmlParser::CheckPrefix(std::string_view name, NameOf kind) const {
     const std::optional<std::string_view> prefix = PrefixOf(name);
     if (!prefix)
         return;
     const std::string_view local = name.substr(prefix->size() + 1);
     if (prefix->empty() || local.empty() || local.find(':') != std::string_view::npos)
         Fail(OffsetOf(name), {"the name %1 is not a prefix, ':' and a name", {XmlError::Quoted(name)}});
-    const bool isDefined = *prefix == "xml" || *prefix == NamespaceAttribute || m_declared.contains(*prefix);
+    const bool isDefined = *prefix == "xml" || (*prefix == NamespaceAttribute && kind == NameOf::Attribute) ||
+                           m_declared.contains(*prefix);
     if (!isDefined)
         Fail(OffsetOf(name), {"the prefix %1 is not declared", {XmlError::Quoted(*prefix)}});
 }

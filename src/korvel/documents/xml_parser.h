@@ -14,7 +14,7 @@ namespace korvel {
 
 /// Reads a whole document in UTF-8 from tag to tag, and refuses what XML 1.0 with namespaces does not allow:
 /// everything that XmlScanner refuses, a malformed XML declaration, elements that are not nested, no root or a
-/// second one, text outside the root, an attribute twice, and a prefix that is not declared. Elements nested
+/// second one, text outside the root, a second document type, an attribute twice, and a prefix that is not declared. Elements nested
 /// deeper than DeepestLevel are refused as well.
 ///
 ///     const DecodedXml file = DecodeXml(bytes);
@@ -27,6 +27,10 @@ namespace korvel {
 /// Comments, instructions and a document type are left out. An empty element has a start and an end; the text
 /// inside an element comes in as many pieces as markup cuts it into, blanks included. A failure is the first
 /// one of the file, whatever its kind: where the text ends for a fault of its bytes, that fault is thrown.
+///
+/// Not refused, though the standards do not allow them: what stands in a document type but entities; two attributes
+/// that differ in their prefixes only, where both prefixes stand for the same namespace; a colon in the name of an
+/// instruction; other namespaces for the prefixes xml and xmlns; characters outside ASCII that may not be in names.
 ///
 /// What it returns are views into the document, which must outlive them, valid until the next piece is asked
 /// for. After a failure nothing more can be read.
@@ -74,7 +78,8 @@ private:
     void ReadAttributes();
     void CheckAttributeNames();
     void DeclarePrefixes();
-    void CheckPrefix(std::string_view name) const;
+    enum class NameOf { Element, Attribute };
+    void CheckPrefix(std::string_view name, NameOf kind) const;
     std::size_t OffsetOf(std::string_view piece) const {
         return static_cast<std::size_t>(piece.data() - m_document.data());
     }
@@ -88,6 +93,7 @@ private:
     std::unordered_map<std::string_view, std::size_t> m_declared; // how often each of them is
     bool m_isEmptyTag = false;                                    // its end is the next piece
     bool m_hasRoot = false;
+    bool m_mayHaveDocumentType = true;
 
     std::string_view m_name;
     std::vector<XmlAttribute> m_attributes;

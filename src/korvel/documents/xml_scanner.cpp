@@ -11,6 +11,13 @@ bool StartsName(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' || c == ':' || (c & 0x80) != 0;
 }
 
+// Kept for XML itself, in any case.
+bool IsXmlName(std::string_view name) {
+    constexpr std::string_view Xml = "xml";
+    return std::equal(name.begin(), name.end(), Xml.begin(), Xml.end(),
+                      [](char c, char lower) { return (c | 0x20) == lower; });
+}
+
 bool ContinuesName(char c) {
     return StartsName(c) || (c >= '0' && c <= '9') || c == '-' || c == '.';
 }
@@ -78,7 +85,7 @@ std::string_view XmlScanner::TakeName() {
     while (!AtEnd() && ContinuesName(m_document[m_position]))
         ++m_position;
     if (m_position - start > LongestName)
-        Fail(start, "a name is longer than 1,000 characters");
+        Fail(start, "a name is longer than 1,000 bytes");
     return m_document.substr(start, m_position - start);
 }
 
@@ -178,8 +185,12 @@ void XmlScanner::SkipInstruction() {
     Skip("<?");
     const std::size_t start = m_position;
     const std::string_view target = TakeName();
-    if (target == "xml" && start != 2)
-        Fail(start, "the XML declaration is not at the beginning");
+    if (IsXmlName(target) && (target != "xml" || start != 2))
+        Fail(start, target == "xml"
+                        ? XmlReason("the XML declaration is not at the beginning")
+                        : XmlReason("no instruction may have the name %1", {XmlError::Quoted(target)}));
+    if (!IsAt("?>") && !IsCutOffIn("?>") && !IsBlank(m_document[m_position]))
+        Fail(m_position, "a blank is expected here");
     TakeUntil("?>", "the document ends inside a processing instruction");
 }
 
@@ -198,6 +209,9 @@ void XmlScanner::SkipQuoted() {
 void XmlScanner::SkipDocumentType() {
     const std::size_t start = m_position;
     Skip("<!DOCTYPE");
+    if (!SkipBlanks())
+        FailUnlessCutOff(" ", "a blank is expected here");
+    TakeName();
     bool inSubset = false;
     while (!AtEnd()) {
         const char c = m_document[m_position];

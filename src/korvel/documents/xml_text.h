@@ -11,7 +11,7 @@ namespace korvel {
 /// The characters that a piece of a document stands for.
 struct XmlCharacters {
     std::string utf8;
-    bool complete = true; ///< false: they go on, and these are whole characters of the beginning
+    bool complete = true; ///< false: cut off, after a whole character
 };
 
 /// The value of an attribute, of which `raw` is what is between its quotes. References are resolved; a

@@ -1,5 +1,6 @@
 #include "korvel/documents/xml_tree.h"
 
+#include "korvel/documents/xml_file_error.h"
 #include "korvel/documents/xml_parser.h"
 #include "korvel/documents/xml_text.h"
 #include "korvel/platform/code_page.h"
@@ -18,15 +19,9 @@ namespace korvel::internal {
 
 namespace {
 
-std::string FailureText(const std::string& path, XmlPlace place, const std::string& reason) {
-    return platform::FromUtf8(path + "(line " + std::to_string(place.line) + ", position " +
-                              std::to_string(place.position) + ": " + reason + ")")
-        .text;
-}
-
 std::string ReadFile(const std::string& path) {
     const auto fail = [&](const std::string& reason) {
-        throw UnreadableFile(FailureText(path, {0, 0}, reason));
+        throw UnreadableFile(platform::FromUtf8(path + ": " + reason).text);
     };
     // Anything but a file may never end, or wait for another program.
     std::error_code error;
@@ -40,7 +35,8 @@ std::string ReadFile(const std::string& path) {
     errno = 0;
     std::ifstream file(path, std::ios::binary);
     std::ostringstream content;
-    if (!file || (file.peek() != std::ifstream::traits_type::eof() && !(content << file.rdbuf())))
+    const bool isEmpty = file && file.peek() == std::ifstream::traits_type::eof() && !file.bad();
+    if (!isEmpty && (!file || !(content << file.rdbuf())))
         fail(std::generic_category().message(errno));
     return std::move(content).str();
 }
@@ -110,7 +106,7 @@ XmlElement ReadXmlFile(const std::string& path, const std::function<bool(std::st
         const DecodedXml file = DecodeXml(std::move(bytes));
         return TreeReader(file, holdsText).Read();
     } catch (const XmlError& error) {
-        throw Error(FailureText(path, error.Place(), error.Reason()));
+        throw XmlFileError(path, error);
     }
 }
 

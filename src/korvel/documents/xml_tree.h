@@ -23,8 +23,8 @@ struct XmlElement {
 ///     const XmlElement road = ReadXmlFile("road.xml", [](std::string_view name) { return name == "Name"; });
 ///     BytesOfXmlText(road.Child("Name").text);   // "A & B"
 ///
-/// \throws Error "FILE(line 3, position 7: REASON)"; UnreadableFile, with line and position 0, for a file that
-/// cannot be read
+/// \throws XmlFileError "FILE(line 3, position 7: REASON)"; UnreadableFile "FILE: REASON" for a file that cannot
+/// be read
 XmlElement ReadXmlFile(const std::string& path, const std::function<bool(std::string_view)>& holdsText);
 
 /// The bytes of a text that CXmlNode has written: one for each character up to U+00FF, by its number; the bytes

@@ -35,8 +35,8 @@ void UseMember(Member member) {
 
 // Never called: it is enough that it links.
 void UseExportedClasses() {
-    UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlParser,
-           XmlReason, XmlScanner>();
+    UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlFileError,
+           XmlParser, XmlReason, XmlScanner>();
     UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CTooltippBitmap, CTreeHelper,
            CTreeHelper::SNode, ComboTreeItem, IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState,
            CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
