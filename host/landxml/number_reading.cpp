@@ -37,27 +37,38 @@ bool TakeCharacter(std::string_view& text, char c) {
 
 bool TakeTimeOfDay(std::string_view& text) {
     const int hour = TakeDigits(text, 2);
-    if (hour < 0 || hour > 24 || !TakeCharacter(text, ':'))
+    if (hour < 0 || !TakeCharacter(text, ':'))
         return false;
     const int minute = TakeDigits(text, 2);
     if (minute < 0 || minute > 59 || !TakeCharacter(text, ':'))
         return false;
     const int second = TakeDigits(text, 2);
-    if (second < 0 || second > 60)
+    const bool isLeapSecond = second == 60 && minute == 59; // of any hour: there are zones
+    if (second < 0 || (second > 59 && !isLeapSecond))
         return false;
-    if (TakeCharacter(text, '.'))
-        text.remove_prefix(std::min(text.find_first_not_of("0123456789"), text.size()));
-    return true;
+    std::string_view fraction;
+    if (TakeCharacter(text, '.')) {
+        fraction = text.substr(0, text.find_first_not_of("0123456789"));
+        if (fraction.empty())
+            return false;
+        text.remove_prefix(fraction.size());
+    }
+    const bool isMidnight =
+        hour == 24 && minute == 0 && second == 0 && fraction.find_first_not_of('0') == fraction.npos;
+    return hour <= 23 || isMidnight;
 }
 
-// What may follow dates and times: nothing, "Z", or an offset such as "+03:00".
+// What may follow dates and times: nothing, "Z", or an offset such as "+03:00", up to 14 hours.
 bool IsTimeZone(std::string_view text) {
     if (text.empty() || text == "Z")
         return true;
     if (!TakeCharacter(text, '+') && !TakeCharacter(text, '-'))
         return false;
     const int hours = TakeDigits(text, 2);
-    return hours >= 0 && hours <= 14 && TakeCharacter(text, ':') && TakeDigits(text, 2) >= 0 && text.empty();
+    if (hours < 0 || !TakeCharacter(text, ':'))
+        return false;
+    const int minutes = TakeDigits(text, 2);
+    return minutes >= 0 && minutes <= 59 && hours * 60 + minutes <= 14 * 60 && text.empty();
 }
 
 std::optional<double> TakeDate(std::string_view& text) {
@@ -95,6 +106,13 @@ std::optional<std::int32_t> ReadInteger(std::string_view text) {
     if (error != std::errc() || end != text.data() + text.size())
         return std::nullopt;
     return number;
+}
+
+bool IsInteger(std::string_view text) {
+    text = WithoutPlus(Trim(text));
+    if (text.starts_with('-'))
+        text.remove_prefix(1);
+    return !text.empty() && text.find_first_not_of("0123456789") == text.npos;
 }
 
 std::optional<bool> ReadFlag(std::string_view text) {

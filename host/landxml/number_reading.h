@@ -15,7 +15,9 @@ std::optional<double> ReadDouble(std::string_view text);
 /// True for the words by which XML writes infinities and not-a-number.
 bool IsNotFinite(std::string_view text);
 
+/// Nothing for a number that takes more bits; it may still be an integer of XML, which has no limits.
 std::optional<std::int32_t> ReadInteger(std::string_view text);
+bool IsInteger(std::string_view text);
 
 /// "true", "false", "1", "0".
 std::optional<bool> ReadFlag(std::string_view text);

@@ -121,7 +121,7 @@ private:
         switch (m_type.meaning) {
         case Meaning::Integer:
         case Meaning::PositiveInteger:
-            return ReadWholeNumber();
+            return ReadWholeNumber(shown);
         case Meaning::Flag:
             return ReadBool();
         case Meaning::Date:
@@ -145,10 +145,13 @@ private:
         }
     }
 
-    Result ReadWholeNumber() const {
+    Result ReadWholeNumber(const std::string& shown) const {
         const std::optional<std::int32_t> number = ReadInteger(m_utf8);
-        if (!number || (m_type.meaning == Meaning::PositiveInteger && *number <= 0))
+        const bool isNegative = m_utf8.find('-') != std::string::npos;
+        if (m_type.meaning == Meaning::PositiveInteger && (isNegative || number == 0))
             return std::nullopt;
+        if (!number)
+            return IsInteger(m_utf8) ? Result(OfText(DT_String, shown)) : std::nullopt;
         CVariantValue value;
         value.Type = DT_Int;
         value.Value.Int = *number;

@@ -32,6 +32,7 @@ struct TypedValue {
 ///     "100.5", Length, linearUnit "foot"     -> DT_Double 100.5, unit "ft"
 ///     "200", Angle, angularUnit "grads"      -> DT_AngleDouble, pi
 ///     "INF", Length                          -> DT_String "INF": valid, but no number to be formatted
+///     "4294967295", Integer                  -> DT_String, valid, but wider than the library's integers
 ///     "abc", Length                          -> DT_String "abc", not valid
 TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const ValuePlace& place);
 
