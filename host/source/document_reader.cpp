@@ -12,13 +12,24 @@
 namespace korvel::inspector {
 namespace {
 
-// At least the number of elements: the tags whose name begins like one. Characters sections may hold more.
+constexpr std::size_t ShortestElement = std::string_view("<a/>").size();
+
+// At least the number of elements: what begins like a start tag, also in comments and character sections, but never
+// more than there is room for.
 std::size_t CountStartTags(std::string_view source) {
     std::size_t count = 0;
     for (std::size_t i = source.find('<'); i != std::string_view::npos; i = source.find('<', i + 1))
         if (i + 1 < source.size() && source[i + 1] != '/' && source[i + 1] != '!' && source[i + 1] != '?')
             ++count;
-    return count;
+    return std::min(count, source.size() / ShortestElement);
+}
+
+// True when the name that was given from outside is what is wrong: it has no place in the document, while the bytes
+// of a document are never wrong before its first '<'.
+bool IsOfName(std::string_view encoding, const XmlError& error) {
+    const XmlPlace place = error.Place();
+    return !encoding.empty() && error.GetCause() == XmlError::Cause::Encoding && place.line == 1 &&
+           place.position == 1;
 }
 
 } // namespace
@@ -117,6 +128,8 @@ LoadedDocument LoadDocument(const std::string& path, std::string_view encoding) 
         return {ReadElements(std::move(decoded.text), decoded.fault), decoded.encoding,
                 decoded.hasByteOrderMark};
     } catch (const XmlError& error) {
+        if (IsOfName(encoding, error))
+            throw DocumentError(path, error.Details());
         throw DocumentError(path, error);
     }
 }

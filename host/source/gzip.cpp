@@ -12,6 +12,15 @@ constexpr std::string_view Magic = "\x1F\x8B";
 constexpr std::size_t MostTimesLarger = 1000; // the format allows 1,032; documents reach some dozen
 constexpr std::size_t ChunkSize = 1 << 18;
 
+// The format ends with the size of its last member, modulo 4 GB: mostly that of the whole. It is a hint only: a text
+// that grows beyond it takes twice its memory.
+std::size_t SizeSaidAtTheEnd(std::string_view packed) {
+    std::size_t size = 0;
+    for (std::size_t i = 1; i <= 4 && i <= packed.size(); ++i)
+        size = size << 8 | static_cast<unsigned char>(packed[packed.size() - i]);
+    return size;
+}
+
 class Inflater {
 public:
     explicit Inflater(std::string_view packed) {
@@ -64,10 +73,12 @@ bool IsGzip(std::string_view bytes) {
 const char* Unpack(std::string_view packed, std::size_t longest, std::string& unpacked) {
     using State = Inflater::State;
     Inflater inflater(packed);
+    const std::size_t most = std::min(longest, packed.size() * MostTimesLarger);
+    unpacked.reserve(std::min(most, SizeSaidAtTheEnd(packed)));
     for (;;) {
         std::string_view chunk;
         const State state = inflater.Next(chunk);
-        if (unpacked.size() + chunk.size() > std::min(longest, packed.size() * MostTimesLarger))
+        if (unpacked.size() + chunk.size() > most)
             return "is packed, and holds more than 4 GB or 1,000 times its size";
         unpacked += chunk;
         if (state == State::CutOff)
@@ -79,6 +90,8 @@ const char* Unpack(std::string_view packed, std::size_t longest, std::string& un
         const std::string_view rest = inflater.Rest();
         if (rest.find_first_not_of('\0') == std::string_view::npos) // tapes and disks pad with zeros
             return nullptr;
+        if (Magic.starts_with(rest))
+            return "is packed and cut off";
         if (!IsGzip(rest))
             return "is packed, and something else follows";
         inflater.BeginMember();

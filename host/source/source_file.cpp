@@ -2,10 +2,10 @@
 
 #include "source/document_error.h"
 #include "source/gzip.h"
+#include "texts/system_reason.h"
 
 #include <cerrno>
 #include <cstdint>
-#include <cstring>
 #include <fcntl.h>
 #include <limits>
 #include <sys/stat.h>
@@ -32,19 +32,6 @@ private:
     int m_descriptor;
 };
 
-XmlReason ReasonOf(int error) {
-    switch (error) {
-    case ENOENT:
-    case ENOTDIR:
-        return "no such file";
-    case EACCES:
-    case EPERM:
-        return "no permission to read it";
-    default:
-        return std::strerror(error);
-    }
-}
-
 [[noreturn]] void Fail(const std::string& path, const XmlReason& reason) {
     throw DocumentError(path, reason);
 }
@@ -55,10 +42,10 @@ std::string ReadSourceFile(const std::string& path) {
     // O_NONBLOCK: opening a pipe that nobody writes to must not wait.
     const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (file.Get() < 0)
-        Fail(path, ReasonOf(errno));
+        Fail(path, SystemReason(errno));
     struct stat status {};
     if (fstat(file.Get(), &status) != 0)
-        Fail(path, ReasonOf(errno));
+        Fail(path, SystemReason(errno));
     if (S_ISDIR(status.st_mode))
         Fail(path, "is a folder");
     if (!S_ISREG(status.st_mode))
@@ -73,7 +60,7 @@ std::string ReadSourceFile(const std::string& path) {
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
-            Fail(path, ReasonOf(errno));
+            Fail(path, SystemReason(errno));
         if (got == 0)
             break;
         count += static_cast<std::size_t>(got);

@@ -2,6 +2,7 @@
 #include "source/blanks.h"
 #include "source/document_error.h"
 #include "source/document_reader.h"
+#include "source/gzip.h"
 #include "source/source_file.h"
 #include "support/scratch.h"
 #include "support/xml_refusals.h"
@@ -135,6 +136,7 @@ TEST(SourceFile, UnpacksGzip) {
         {"cut in the data", two.substr(0, two.size() / 2), "is packed and cut off"},
         {"cut in the check", two.substr(0, two.size() - 1), "is packed and cut off"},
         {"cut in the head", two.substr(0, 2), "is packed and cut off"},
+        {"cut in the head of the second", Packed("<a>") + "\x1F", "is packed and cut off"},
         {"another bit", damaged, "is packed and damaged"},
         {"other bytes after it", two + "x", "is packed, and something else follows"},
         {"a bomb", bomb, "is packed, and holds more than 4 GB or 1,000 times its size"},
@@ -143,6 +145,10 @@ TEST(SourceFile, UnpacksGzip) {
         std::ofstream(path, std::ios::binary) << bytes;
         EXPECT_THAT(ReasonOf(path), testing::EndsWith(reason)) << name;
     }
+    std::string unpacked;
+    const std::string packed = Packed(large + large);
+    EXPECT_EQ(Unpack(packed, large.size() * 3, unpacked), nullptr);
+    EXPECT_LT(unpacked.capacity(), unpacked.size() * 9 / 8) << "it takes its memory once";
 }
 
 TEST(SourceFile, NamesTheReasonWhyItCannotBeRead) {
@@ -159,7 +165,7 @@ TEST(SourceFile, NamesTheReasonWhyItCannotBeRead) {
                   ": line 2, position 4: the document ends inside the element 'b', which begins in line 2");
     chmod(path.c_str(), 0);
     if (geteuid() != 0) // who may read everything
-        EXPECT_EQ(ReasonOf(path), path + ": no permission to read it");
+        EXPECT_EQ(ReasonOf(path), path + ": no permission");
     const std::string pipe = folder.Path() / "pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
     EXPECT_EQ(ReasonOf(pipe), pipe + ": is not a regular file") << "and nobody waited for a writer";
