@@ -8,7 +8,9 @@
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
 #include "korvel/platform/regional_settings.h"
+#include "korvel/platform/set_aside.h"
 #include "texts/messages.h"
+#include "texts/system_reason.h"
 
 #include <fstream>
 #include <string_view>
@@ -76,47 +78,49 @@ bool KeepsUnitOfFile(const fs::path& folder) {
 }
 
 bool KeepUnit(const fs::path& folder, bool hasUnitOfFile) {
-    std::ofstream file(folder / UnitFile);
-    file << (hasUnitOfFile ? UnitOfFile : "chosen") << '\n';
-    return file.flush().good();
-}
-
-// A name beside `file` that nothing has yet.
-fs::path NameAside(const fs::path& file) {
-    std::error_code ignored;
-    fs::path aside = file;
-    aside += ".damaged";
-    for (int number = 2; fs::exists(aside, ignored); ++number) {
-        aside = file;
-        aside += ".damaged" + std::to_string(number);
-    }
-    return aside;
+    const fs::path file = folder / UnitFile;
+    fs::path written = file;
+    written += ".new";
+    std::ofstream stream(written);
+    stream << (hasUnitOfFile ? UnitOfFile : "chosen") << '\n';
+    stream.close();
+    std::error_code failure;
+    if (stream)
+        fs::rename(written, file, failure);
+    return stream && !failure;
 }
 
 std::string SetAside(const fs::path& file, const std::string& notice) {
-    const fs::path aside = NameAside(file);
-    std::error_code failure;
-    fs::rename(file, aside, failure);
-    return failure ? notice : Say({"%1; the file is now %2", {notice, aside.string()}});
+    try {
+        return Say({"%1; the file is now %2", {notice, platform::SetFileAside(file).string()}});
+    } catch (const Error&) {
+        return notice;
+    }
 }
 
-std::string Load(const fs::path& file) {
+struct Loaded {
+    enum class File { Missing, Read, Damaged, Unreadable };
+    File file;
+    std::string notice;
+};
+
+Loaded Load(const fs::path& file) {
     std::error_code failure;
     if (fs::status(file, failure).type() == fs::file_type::not_found)
-        return {};
+        return {Loaded::File::Missing, {}};
     const auto complaint = [](const Error& error) {
         return Say({"the kept formats cannot be read and the regional ones are used: %1",
                     {platform::ToUtf8(error.what())}});
     };
     try {
         LoadFormatStates(file.c_str());
-        return {};
+        return {Loaded::File::Read, {}};
     } catch (const UnreadableFile& error) {
-        return complaint(error);
+        return {Loaded::File::Unreadable, complaint(error)};
     } catch (const Error& error) {
         ResetFormatStates();
         SetAngleUnit(Degrees);
-        return SetAside(file, complaint(error));
+        return {Loaded::File::Damaged, SetAside(file, complaint(error))};
     }
 }
 
@@ -127,7 +131,7 @@ std::string Keep(const fs::path& file, bool hasUnitOfFile) {
     std::error_code failure;
     fs::create_directories(file.parent_path(), failure);
     if (failure)
-        return complaint(file.parent_path().string() + ": " + failure.message());
+        return complaint(file.parent_path().string() + ": " + Say(SystemReason(failure.value())));
     try {
         SaveFormatStates(file.c_str());
     } catch (const Error& error) {
@@ -142,16 +146,19 @@ std::string Keep(const fs::path& file, bool hasUnitOfFile) {
 TakenFormats TakeFormats(const fs::path& folder, const FormatChoice& choice, Keeping keeping) {
     const fs::path file = folder / "inspector-formats.xml";
     const bool hasFolder = !folder.empty();
-    TakenFormats taken;
     SetAngleUnit(Degrees);
-    if (hasFolder)
-        taken.notice = Load(file);
+    const Loaded loaded = hasFolder ? Load(file) : Loaded{Loaded::File::Missing, {}};
+    TakenFormats taken;
+    taken.notice = loaded.notice;
     taken.hasUnitOfFile = choice.angleUnit ? *choice.angleUnit == FormatChoice::UnitOfFile
-                                           : !hasFolder || KeepsUnitOfFile(folder);
+                                           : loaded.file != Loaded::File::Read || KeepsUnitOfFile(folder);
     Apply(choice);
     if (choice.IsEmpty() || !hasFolder || keeping == Keeping::ThisRunOnly)
         return taken;
-    const std::string failure = Keep(file, taken.hasUnitOfFile);
+    // What cannot be read may be whole: it is not replaced.
+    const std::string failure = loaded.file == Loaded::File::Unreadable
+                                    ? Say({"the formats of this run are not kept"})
+                                    : Keep(file, taken.hasUnitOfFile);
     taken.notice += (taken.notice.empty() || failure.empty() ? "" : "; ") + failure;
     return taken;
 }

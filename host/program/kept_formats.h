@@ -23,8 +23,8 @@ enum class Keeping { ThisRunOnly, LaterRuns };
 ///     // the next run
 ///     TakeFormats(folder, {}, Keeping::LaterRuns);   // gon and 3 digits
 ///
-/// A damaged file is set aside under another name and the formats are those of the first run; formats that cannot
-/// be kept are in force for this run.
+/// A damaged file is set aside under another name, one that cannot be read stays and nothing is kept in this run: in
+/// both cases the formats are those of the first run. Formats that cannot be kept are in force for this run.
 TakenFormats TakeFormats(const std::filesystem::path& folder, const FormatChoice& choice, Keeping keeping);
 
 /// Writes numbers and dates as a locale has them, for this run, with the digits, the grouping and the angle
