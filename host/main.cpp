@@ -33,7 +33,7 @@ int List(const Options& options, const TakenFormats& formats) {
         SetAngleUnit(document.OwnAngleUnit());
     for (const std::string& path : options.expand)
         if (!HasMember(document.Root(), platform::FromUtf8(path).text))
-            throw UsageError(Say({"--expand: there is no %1", {"'" + path + "'"}}));
+            throw UsageError({"--expand: there is no %1", {"'" + path + "'"}});
     for (const std::string& notice : document.Notices())
         Complain(options.file + ": " + platform::ToUtf8(notice));
     std::ios::sync_with_stdio(false);
@@ -48,6 +48,15 @@ int List(const Options& options, const TakenFormats& formats) {
     return Done;
 }
 
+Options ReadArguments(const std::vector<std::string>& arguments) {
+    try {
+        return ReadOptions(arguments);
+    } catch (const UsageError&) {
+        UseLanguage({}); // in which the reason is said
+        throw;
+    }
+}
+
 int Run(const Options& options) {
     if (options.help) {
         std::cout << HelpText();
@@ -60,6 +69,8 @@ int Run(const Options& options) {
     const TakenFormats formats = ApplySettings(options);
     if (!formats.notice.empty())
         Complain(formats.notice);
+    platform::SetStoreProblemListener(
+        [](const platform::StoreProblem& problem) { Complain(SetAsideIfDamaged(problem)); });
     return options.list ? List(options, formats) : RunOnDesktop(options, formats);
 }
 
@@ -67,9 +78,9 @@ int Run(const Options& options) {
 
 int main(int count, char** arguments) {
     try {
-        return Run(ReadOptions({arguments + 1, arguments + count}));
+        return Run(ReadArguments({arguments + 1, arguments + count}));
     } catch (const UsageError& error) {
-        Complain(Say({"%1; see --help", {error.what()}}));
+        Complain(Say({"%1; see --help", {Say(error.Reason())}}));
         return NotUnderstood;
     } catch (const DocumentError& error) {
         Complain(error.Utf8Text());

@@ -5,8 +5,10 @@
 #include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/screen.h"
+#include "korvel/platform/store_problem.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/values/language.h"
+#include "program/run_settings.h"
 #include "texts/messages.h"
 #include "texts/program_texts.h"
 
@@ -48,7 +50,7 @@ void ExpandAsAsked(GridPane& pane, const Options& options) {
         pane.ExpandAll();
     for (const std::string& path : options.expand)
         if (!pane.Expand(platform::FromUtf8(path).text))
-            throw UsageError(Say({"--expand: there is no %1", {"'" + path + "'"}}));
+            throw UsageError({"--expand: there is no %1", {"'" + path + "'"}});
 }
 
 void WritePicture(InspectorWindow& window, const Options& options) {
@@ -85,7 +87,24 @@ void UseLanguage(const Options& options, QTranslator& translator) {
         QApplication::installTranslator(&translator);
 }
 
+// Shows a box for a settings store that fails from now on: after the call that met it, which may be in the middle of
+// a painting, and on the window's thread.
+class StoreProblemBoxes {
+public:
+    explicit StoreProblemBoxes(InspectorWindow& window) {
+        platform::SetStoreProblemListener([&window](const platform::StoreProblem& problem) {
+            QMetaObject::invokeMethod(
+                &window, [&window, problem] { window.Warn(SetAsideIfDamaged(problem)); },
+                Qt::QueuedConnection);
+        });
+    }
+    ~StoreProblemBoxes() { platform::SetStoreProblemListener(nullptr); }
+    StoreProblemBoxes(const StoreProblemBoxes&) = delete;
+    StoreProblemBoxes& operator=(const StoreProblemBoxes&) = delete;
+};
+
 int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::string& notice) {
+    const StoreProblemBoxes boxes(window);
     window.show();
     if (!notice.empty())
         window.Warn(notice);
@@ -112,7 +131,7 @@ int RunOnDesktop(const Options& options, const TakenFormats& formats) {
     QApplication application(count, arguments);
     const bool picture = !onScreen || (!isChosen && QApplication::platformName() == u"offscreen");
     if (picture && options.screenshot.empty() && options.file.empty())
-        throw UsageError(Say({"there is no screen, and no file to make a picture of"}));
+        throw UsageError("there is no screen, and no file to make a picture of");
     if (!isChosen)
         qunsetenv(PlatformVariable); // not for the programs that are started from here
     std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written

@@ -1,5 +1,7 @@
 #include "program/options.h"
 
+#include "korvel/platform/code_page.h"
+
 #include <algorithm>
 #include <charconv>
 #include <string_view>
@@ -7,6 +9,10 @@
 
 namespace korvel::inspector {
 namespace {
+
+std::string Quoted(std::string_view text) {
+    return "'" + std::string(text) + "'";
+}
 
 constexpr int LargestSide = 16'384;      // of a picture
 constexpr std::uint32_t MostDigits = 15; // a double holds no more
@@ -20,7 +26,8 @@ PictureSize ReadSize(const std::string& text) {
     const auto isSide = [](int side) { return side > 0 && side <= LargestSide; };
     if (!hasHeight || height.ec != std::errc() || height.ptr != end || !isSide(size.width) ||
         !isSide(size.height))
-        throw UsageError("--size takes width and height in pixels, 800x600 for example, not '" + text + "'");
+        throw UsageError(
+            {"--size takes width and height in pixels, 800x600 for example, not %1", {Quoted(text)}});
     return size;
 }
 
@@ -38,7 +45,7 @@ Value Choose(const char* option, const std::string& text, const Choice<Value> (&
             return choice.value;
         words += (words.empty() ? "" : ", ") + std::string(choice.word);
     }
-    throw UsageError(std::string(option) + " takes one of " + words + ", not '" + text + "'");
+    throw UsageError({"%1 takes one of %2, not %3", {option, words, Quoted(text)}});
 }
 
 void SetList(Options& options, const std::string&) {
@@ -76,8 +83,8 @@ std::uint32_t ReadNumber(const char* option, const std::string& text, std::uint3
     const char* end = text.data() + text.size();
     const auto read = std::from_chars(text.data(), end, number);
     if (read.ec != std::errc() || read.ptr != end || number > largest)
-        throw UsageError(std::string(option) + " takes a number from 0 to " + std::to_string(largest) +
-                         ", not '" + text + "'");
+        throw UsageError(
+            {"%1 takes a number from 0 to %2, not %3", {option, std::to_string(largest), Quoted(text)}});
     return number;
 }
 void SetDigits(Options& options, const std::string& value) {
@@ -131,7 +138,7 @@ const Option& FindOption(std::string_view name) {
     const auto* found = std::find_if(std::begin(KnownOptions), std::end(KnownOptions),
                                      [&](const Option& option) { return option.name == name; });
     if (found == std::end(KnownOptions))
-        throw UsageError("there is no option '" + std::string(name) + "'");
+        throw UsageError({"there is no option %1", {Quoted(name)}});
     return *found;
 }
 
@@ -139,7 +146,7 @@ void SetFile(Options& options, const std::string& file) {
     if (file.empty())
         throw UsageError("the name of the file is empty");
     if (!options.file.empty())
-        throw UsageError("only one file can be shown, '" + file + "' is too many");
+        throw UsageError({"only one file can be shown, %1 is too many", {Quoted(file)}});
     options.file = file;
 }
 
@@ -151,21 +158,24 @@ std::size_t ApplyOption(Options& options, const std::vector<std::string>& argume
     const std::string name(option.name);
     if (option.takes == Takes::Nothing) {
         if (equals != std::string::npos)
-            throw UsageError(name + " takes no value");
+            throw UsageError({"%1 takes no value", {name}});
         option.apply(options, {});
         return index;
     }
     const bool isInside = equals != std::string::npos;
     if (!isInside && index + 1 == arguments.size())
-        throw UsageError(name + " needs a value");
+        throw UsageError({"%1 needs a value", {name}});
     const std::string value = isInside ? argument.substr(equals + 1) : arguments[index + 1];
     if (value.empty())
-        throw UsageError(name + " needs a value");
+        throw UsageError({"%1 needs a value", {name}});
     option.apply(options, value);
     return isInside ? index : index + 1;
 }
 
 } // namespace
+
+UsageError::UsageError(const Message& reason)
+    : Error(platform::FromUtf8(reason.Text()).text), m_reason(reason) {}
 
 Options ReadOptions(const std::vector<std::string>& arguments) {
     Options options;
@@ -183,6 +193,8 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
         options.list || !options.screenshot.empty() || !options.expand.empty() || options.expandAll;
     if (needsFile && options.file.empty() && !options.help && !options.version)
         throw UsageError("no file is named");
+    if (options.list && !options.screenshot.empty())
+        throw UsageError({"%1 and %2 exclude each other", {"--list", "--screenshot"}});
     return options;
 }
 
@@ -194,8 +206,10 @@ Shows a LandXML file as a tree of objects with typed attributes.
   --list                    write the tree to standard output, one member a line
   --screenshot FILE         write a picture of the window, as .png, .jpg or .bmp; a file that is another's stays,
                             and the picture takes the next free name
-  --size WxH                size of that picture in pixels (1000x700)
-  --expand PATH             open the groups along a path of member names, separated by '/'; can be repeated
+  --size WxH                size of that picture in pixels (1000x700), or of the one that is made where there is no
+                            screen; lists and windows on a screen have none
+  --expand PATH             open the groups along a path of member names, separated by '/'; can be repeated; for a
+                            list, which has all groups open, only a check that they are there
   --expand-all              open all groups
   --encoding NAME           read the file in this encoding, where it declares a wrong one
   --locale NAME             write numbers and dates as in de-DE, en-US, ...

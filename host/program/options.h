@@ -2,6 +2,7 @@
 
 #include "korvel/platform/error.h"
 #include "landxml/reading_options.h"
+#include "texts/messages.h"
 
 #include <cstdint>
 #include <optional>
@@ -43,10 +44,15 @@ struct Options {
     bool version = false;
 };
 
-/// A command line that cannot be understood; its text says why.
+/// A command line that cannot be understood. It is read before the language is known, so whoever shows the reason
+/// says it; what() is English.
 class UsageError : public Error {
 public:
-    using Error::Error;
+    explicit UsageError(const Message& reason);
+    const Message& Reason() const { return m_reason; }
+
+private:
+    Message m_reason;
 };
 
 /// Reads the arguments after the program's name. The value of an option is the next argument, or follows '='

@@ -2,7 +2,7 @@
 
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/regional_settings.h"
-#include "korvel/platform/store_problem.h"
+#include "korvel/platform/settings_store.h"
 #include "korvel/platform/user_folders.h"
 #include "korvel/values/language.h"
 #include "setup/machine_language.h"
@@ -12,42 +12,45 @@
 #include <vector>
 
 namespace korvel::inspector {
-namespace {
 
-// Setting a damaged store aside leaves the locale's own values, for this run and, until something is set, the
-// next ones.
-std::string SetAside(const platform::StoreProblem& problem) {
-    const std::string notice = Say({"the settings cannot be read: %1", {platform::ToUtf8(problem.text)}});
+std::string SetAsideIfDamaged(const platform::StoreProblem& problem) {
+    const std::string file = platform::StorePath(problem.root).string();
     if (!problem.isDamaged)
-        return notice;
+        return Say({"the settings cannot be read: %1 is locked or out of reach", {file}});
+    const std::string notice = Say({"the settings cannot be read: %1 is damaged", {file}});
     try {
-        return Say({"%1; the file is now %2", {notice, platform::SetStoreAside(problem.root).string()}});
+        const std::string aside = platform::SetStoreAside(problem.root).string();
+        UseLanguage({}); // without the machine's settings nothing names one
+        return Say({"%1; the file is now %2", {notice, aside}});
     } catch (const Error&) {
         return notice;
     }
 }
 
-} // namespace
+void UseLanguage(const std::string& language) {
+    UseBuildFolderSettings();
+    if (language.empty())
+        UseLocaleLanguageIfUnset();
+    else
+        SetLanguageForThisRun(language);
+}
 
 TakenFormats ApplySettings(const Options& options) {
     const auto problems = std::make_shared<std::vector<platform::StoreProblem>>();
     platform::SetStoreProblemListener(
         [problems](const platform::StoreProblem& problem) { problems->push_back(problem); });
     if (!platform::UseLocale(options.locale))
-        throw UsageError(Say({"the locale %1 is not known", {"'" + options.locale + "'"}}));
+        throw UsageError({"the locale %1 is not known", {"'" + options.locale + "'"}});
     platform::UseLocale({}); // what is kept is kept as the user's own locale has it
-    UseBuildFolderSettings();
-    if (options.language.empty())
-        UseLocaleLanguageIfUnset();
-    else
-        SetLanguageForThisRun(options.language);
+    UseLanguage(options.language);
     const bool showsWindow = !options.list && options.screenshot.empty();
     TakenFormats taken = TakeFormats(platform::UserConfigFolder(), options.formats,
                                      showsWindow || options.keep ? Keeping::LaterRuns : Keeping::ThisRunOnly);
     if (!options.locale.empty())
         WriteAsIn(options.locale);
+    platform::SetStoreProblemListener(nullptr);
     for (const platform::StoreProblem& problem : *problems)
-        taken.notice += (taken.notice.empty() ? "" : "; ") + SetAside(problem);
+        taken.notice += (taken.notice.empty() ? "" : "; ") + SetAsideIfDamaged(problem);
     return taken;
 }
 

@@ -38,10 +38,12 @@ void InstallMachineLanguage() {
         throw Error(std::string("The language could not be written to ") + BuildFolderStore);
 }
 
-void UseBuildFolderSettings() {
+void UseBuildFolderSettings() try {
     std::error_code unreachable;
     if (!IsInstalled() && std::filesystem::exists(BuildFolderStore, unreachable))
         SetStorePath(SettingsRoot::Machine, BuildFolderStore);
+} catch (const Error&) {
+    // The machine's settings cannot be read: whoever reads the language says so.
 }
 
 } // namespace korvel::inspector

@@ -9,7 +9,7 @@ namespace korvel::inspector {
 void InstallMachineLanguage();
 
 /// Lets a program that runs from its build folder find the language there when the machine's settings hold
-/// none.
+/// none. Does nothing when these cannot be read.
 void UseBuildFolderSettings();
 
 } // namespace korvel::inspector

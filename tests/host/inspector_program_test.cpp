@@ -63,6 +63,8 @@ TEST(InspectorProgram, ReturnsItsStatus) {
          "inspector: " + wrong +
              ": line 1, position 16: the bytes are not UTF-8, and no other encoding is declared; "
              "--encoding NAME reads the file in another encoding\n"},
+        {"--list --encoding Klingon " + wrong, 2,
+         "inspector: " + wrong + ": the encoding 'Klingon' is not known\n"},
         {"--list --encoding iso-8859-2 " + wrong, 0, "note\t\xC5\x81\xC3\xB3\x64\xC5\xBA\n"},
         {"--list " + folder.Path().string(), 2, "inspector: " + folder.Path().string() + ": is a folder\n"},
         {"--list --locale Klingon " + good, 2, "inspector: the locale 'Klingon' is not known; see --help\n"},
@@ -127,18 +129,23 @@ TEST(InspectorProgram, WritesPicturesWithoutScreen) {
 }
 
 TEST(InspectorProgram, SetsADamagedSettingsStoreAside) {
-    const platform::ScratchFolder folder;
-    const platform::ScratchVariable settings("XDG_CONFIG_HOME", folder.Path().c_str());
-    std::filesystem::create_directory(folder.Path() / "korvel");
-    const std::string store = folder.Path() / "korvel" / "settings.sqlite";
-    std::ofstream(store) << std::string(5000, 'x');
-    const std::string list = "--list --language English " KORVEL_TEST_DATA "/railway.xml";
-    const Outcome first = RunInspector(list);
-    EXPECT_EQ(first.status, 0);
-    EXPECT_THAT(first.output, testing::HasSubstr("the settings cannot be read: "));
-    EXPECT_THAT(first.output, testing::HasSubstr("; the file is now " + store + ".damaged\n"));
-    EXPECT_EQ(platform::ContentOf(store + ".damaged"), std::string(5000, 'x'));
-    EXPECT_THAT(RunInspector(list).output, StartsWith("xmlns"));
+    for (const char* root : {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"}) {
+        SCOPED_TRACE(root);
+        const platform::ScratchFolder folder;
+        const platform::ScratchFolder home;
+        const platform::ScratchVariable settings("XDG_CONFIG_HOME", home.Path().c_str());
+        const platform::ScratchVariable damagedOne(root, folder.Path().c_str());
+        std::filesystem::create_directory(folder.Path() / "korvel");
+        const std::string store = folder.Path() / "korvel" / "settings.sqlite";
+        std::ofstream(store) << std::string(5000, 'x');
+        const std::string list = "--list " KORVEL_TEST_DATA "/railway.xml";
+        const Outcome first = RunInspector(list);
+        EXPECT_EQ(first.status, 0);
+        EXPECT_THAT(first.output, testing::HasSubstr("the settings cannot be read: " + store +
+                                                     " is damaged; the file is now " + store + ".damaged\n"));
+        EXPECT_EQ(platform::ContentOf(store + ".damaged"), std::string(5000, 'x'));
+        EXPECT_THAT(RunInspector(list).output, StartsWith("xmlns"));
+    }
 }
 
 TEST(InspectorProgram, FailsWhenItsOutputIsFull) {

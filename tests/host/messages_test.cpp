@@ -1,7 +1,9 @@
 #include "korvel/values/language.h"
+#include "program/options.h"
 #include "source/document_error.h"
-#include "texts/messages.h"
+#include "texts/system_reason.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 
 namespace korvel::inspector {
@@ -19,6 +21,13 @@ TEST(Messages, AreInTheLanguageOfTheProcess) {
         DocumentError("a.xml", error).Utf8Text(),
         "a.xml: Zeile 1, Stelle 4: die Bytes gehören nicht zur Kodierung 'UTF-8'; --encoding NAME liest die "
         "Datei in einer anderen Kodierung");
+    EXPECT_EQ(Say(SystemReason(EIO)), "das Gerät meldet einen Fehler");
+    try {
+        ReadOptions({"--digits=16"});
+        ADD_FAILURE() << "was accepted";
+    } catch (const UsageError& refusal) {
+        EXPECT_EQ(Say(refusal.Reason()), "--digits ist eine Zahl von 0 bis 15, nicht '16'");
+    }
 }
 
 } // namespace

@@ -48,6 +48,7 @@ TEST(Options, AreRefusedWithAReason) {
         {{"--screenshot", "a.png"}, "no file is named"},
         {{"--expand", "A"}, "no file is named"},
         {{"--expand-all"}, "no file is named"},
+        {{"--list", "--screenshot", "a.png", "a.xml"}, "--list and --screenshot exclude each other"},
         {{"--list=yes", "a.xml"}, "--list takes no value"},
         {{"a.xml", "--locale"}, "--locale needs a value"},
         {{"--locale=", "a.xml"}, "--locale needs a value"},
