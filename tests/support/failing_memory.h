@@ -35,14 +35,15 @@ private:
 
 } // namespace korvel
 
-void* operator new(std::size_t size) {
+// Not inlined: GCC warns of a std::free that follows a `new`, once it sees both in one function.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     return korvel::FailingMemory::Allocate(size);
 }
 
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
 
-void operator delete(void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
     std::free(memory);
 }
