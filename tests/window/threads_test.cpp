@@ -46,7 +46,7 @@ TEST_F(ThreadsTest, SendsAndPostsRunOnTheOwnersThreadInTheOrderOfEachSender) {
         }
     } target;
     target.CreateEx(0, "KorvelFrame", "", 0, {}, nullptr, 0);
-    const auto send = [Each, handle = target.m_hWnd](WPARAM number) {
+    const auto send = [handle = target.m_hWnd](WPARAM number) {
         for (int i = 0; i < Each; ++i)
             if (number % 2 == 0)
                 PostMessageA(handle, WM_USER, number, i);

@@ -8,7 +8,6 @@
 #include "korvel/window/list/model_rows.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace korvel::internal {
 
@@ -55,17 +54,21 @@ void GridRowList::Insert(int row, const std::vector<CTreeItem*>& nodes) {
     for (CTreeItem* node : nodes)
         data.push_back(reinterpret_cast<LPARAM>(node));
     const int indent = nodes.front()->indent();
-    std::vector<std::pair<std::size_t, int>> others;
+    struct IndentedRow {
+        std::size_t index;
+        int indent;
+    };
+    std::vector<IndentedRow> others;
     for (std::size_t index = 0; index < nodes.size(); ++index)
         if (nodes[index]->indent() != indent)
-            others.emplace_back(index, nodes[index]->indent());
+            others.push_back({index, nodes[index]->indent()});
     // In one step, so that whoever hears of a row finds all of them.
     FirstFailure failure;
     failure.Try(
         [&] { InsertModelRows(m_list.m_hWnd, row, data.data(), static_cast<int>(data.size()), indent); });
-    for (const auto& [index, depth] : others)
-        if (const int inserted = row + static_cast<int>(index); At(inserted) == nodes[index])
-            failure.Try([&] { m_list.SetItemIndent(inserted, depth); });
+    for (const IndentedRow& other : others)
+        if (const int inserted = row + static_cast<int>(other.index); At(inserted) == nodes[other.index])
+            failure.Try([&] { m_list.SetItemIndent(inserted, other.indent); });
     failure.Rethrow();
 }
 

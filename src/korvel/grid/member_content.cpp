@@ -26,13 +26,13 @@ CellContent MemberContent::ReadCell(AttributeTree& tree, IMemberDispatch& disp, 
     return ReadOr(
         CellContent(),
         [&] {
-            CellContent cell;
-            tree.ConvertToOutput(&disp, name, value, cell.text, cell.control);
+            CellContent shown;
+            tree.ConvertToOutput(&disp, name, value, shown.text, shown.control);
             if (rows)
-                UnescapeDashes(value, cell.text);
-            if (CItemInfo::IsSwatch(cell.control))
-                cell.color = value.Value.UInt;
-            return cell;
+                UnescapeDashes(value, shown.text);
+            if (CItemInfo::IsSwatch(shown.control))
+                shown.color = value.Value.UInt;
+            return shown;
         });
 }
 
