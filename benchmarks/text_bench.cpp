@@ -1,4 +1,5 @@
-// Number and date text under German formats against fmt, QLocale, ICU and strftime; conversions against QString.
+// Number and date text under German formats against fmt, QLocale, ICU and strftime; conversions against
+// QString.
 
 #include "korvel/output/dates.h"
 #include "korvel/output/numbers.h"

@@ -29,8 +29,8 @@ namespace {
 
 constexpr const char* PlatformVariable = "QT_QPA_PLATFORM";
 
-// The display that the session names may not respond, or its plugin may not be installed: then Qt takes the next
-// one here.
+// The display that the session names may not respond, or its plugin may not be installed: then Qt takes the
+// next one here.
 void ChoosePlatform(bool onScreen) {
     if (!onScreen)
         qputenv(PlatformVariable, "offscreen");
@@ -87,8 +87,8 @@ void UseLanguage(const Options& options, QTranslator& translator) {
         QApplication::installTranslator(&translator);
 }
 
-// Shows a box for a settings store that fails from now on: after the call that met it, which may be in the middle of
-// a painting, and on the window's thread.
+// Shows a box for a settings store that fails from now on: after the call that met it, which may be in the
+// middle of a painting, and on the window's thread.
 class StoreProblemBoxes {
 public:
     explicit StoreProblemBoxes(InspectorWindow& window) {

@@ -67,7 +67,8 @@ public:
     TypedValue ValueOf(ElementIndex owner, const Member& member) const;
     TypedValue AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const;
 
-    /// Where a text or a child element begins in the document; members after the attributes are in this order.
+    /// Where a text or a child element begins in the document; members after the attributes are in this
+    /// order.
     std::size_t OffsetOf(ElementIndex owner, const Member& member) const;
 
     /// True when the document holds the value as plain characters that could be replaced.

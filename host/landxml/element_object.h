@@ -11,8 +11,8 @@ class LandXmlDocument;
 /// for; see ElementMembers for what the members are.
 ///
 /// The document can be read only: whatever would change it returns false. IsMemberEditable is true for the
-/// values that could be replaced in place in the file, for the grid greys all others: those that are cut, those
-/// that comments or sections interrupt, namespaces, and all of a document of an unknown version.
+/// values that could be replaced in place in the file, for the grid greys all others: those that are cut,
+/// those that comments or sections interrupt, namespaces, and all of a document of an unknown version.
 class ElementObject final : public IMemberDispatch {
 public:
     ElementObject(LandXmlDocument& document, ElementIndex element);

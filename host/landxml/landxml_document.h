@@ -38,8 +38,8 @@ public:
     /// What the user should know beside the document, in the code page of the library's texts.
     const std::vector<std::string>& Notices() const { return m_notices; }
 
-    /// The unit of angles at the root, as SetAngleUnit takes it; degrees for minutes and seconds, and for a unit
-    /// that LandXML does not know.
+    /// The unit of angles at the root, as SetAngleUnit takes it; degrees for minutes and seconds, and for a
+    /// unit that LandXML does not know.
     char OwnAngleUnit() const;
 
     const ElementTree& Tree() const { return m_loaded.tree; }
@@ -58,8 +58,8 @@ public:
     /// Valid until the names of another element are asked for.
     const UniqueMemberNames& NamesOf(ElementIndex element);
 
-    /// The value of a member that is no object. A grid asks for the type and the value of a member one after the
-    /// other, so the last value is kept. Valid until that of another member is asked for.
+    /// The value of a member that is no object. A grid asks for the type and the value of a member one after
+    /// the other, so the last value is kept. Valid until that of another member is asked for.
     const CVariantValue& ValueOf(ElementIndex element, const Member& member);
 
 private:

@@ -167,8 +167,8 @@ std::optional<long double> DegreesOfMinutesSeconds(std::string_view text) {
     return text.starts_with('-') ? -angle : angle;
 }
 
-// The smallest double from which the library computes an angle that does not fall short of the text: a text that
-// ends in half a last digit is shown as it is rounded itself.
+// The smallest double from which the library computes an angle that does not fall short of the text: a text
+// that ends in half a last digit is shown as it is rounded itself.
 double RadiansOfAngle(long double angle, double halfTurn) {
     constexpr long double Shown = 0.5e-15L; // the library renders 15 decimals before it rounds
     const long double least = std::abs(angle) - Shown;

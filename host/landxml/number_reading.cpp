@@ -16,7 +16,8 @@ std::string_view WithoutPlus(std::string_view text) {
     return plus ? text.substr(1) : text;
 }
 
-// A number of exactly `count` digits at the front of `text`, which then begins after it; -1 when there is none.
+// A number of exactly `count` digits at the front of `text`, which then begins after it; -1 when there is
+// none.
 int TakeDigits(std::string_view& text, std::size_t count) {
     if (text.size() < count)
         return -1;

@@ -20,7 +20,8 @@ struct ReadingOptions {
     IFileValue* fileChooser = nullptr; ///< travels with file names; must outlive the document
     std::string encoding = {};         ///< goes before what the file declares; empty: as the file says
     static constexpr std::size_t All = std::string::npos;
-    /// Longer values end in dots: a cell does not get better by megabytes. With All, names are not cut either.
+    /// Longer values end in dots: a cell does not get better by megabytes. With All, names are not cut
+    /// either.
     std::size_t longestValue = 65'536;
 };
 

@@ -12,8 +12,8 @@ namespace {
 
 constexpr const char* DateIsSet = "GDT_VALID";
 
-// Measures whose unit the Units element names. Only values in the base unit may take the measure's type, which
-// shows that unit; others, and those of DT_Double, are numbers with the unit after their name.
+// Measures whose unit the Units element names. Only values in the base unit may take the measure's type,
+// which shows that unit; others, and those of DT_Double, are numbers with the unit after their name.
 struct Measure {
     Meaning meaning;
     Quantity quantity;

@@ -15,16 +15,17 @@ struct TakenFormats {
 
 enum class Keeping { ThisRunOnly, LaterRuns };
 
-/// Gives the library the formats that earlier runs kept in a folder, changed by `choice`, and with LaterRuns keeps
-/// them when it changes something. At first numbers and dates follow the regional settings, and angles have the
-/// unit of the file.
+/// Gives the library the formats that earlier runs kept in a folder, changed by `choice`, and with LaterRuns
+/// keeps them when it changes something. At first numbers and dates follow the regional settings, and angles
+/// have the unit of the file.
 ///
 ///     TakeFormats(folder, {.angleUnit = 'g', .digits = 3, .grouping = {}}, Keeping::LaterRuns);
 ///     // the next run
 ///     TakeFormats(folder, {}, Keeping::LaterRuns);   // gon and 3 digits
 ///
-/// A damaged file is set aside under another name, one that cannot be read stays and nothing is kept in this run: in
-/// both cases the formats are those of the first run. Formats that cannot be kept are in force for this run.
+/// A damaged file is set aside under another name, one that cannot be read stays and nothing is kept in this
+/// run: in both cases the formats are those of the first run. Formats that cannot be kept are in force for
+/// this run.
 TakenFormats TakeFormats(const std::filesystem::path& folder, const FormatChoice& choice, Keeping keeping);
 
 /// Writes numbers and dates as a locale has them, for this run, with the digits, the grouping and the angle

@@ -14,9 +14,9 @@ namespace korvel::inspector {
 ///       Metric	Metric
 ///         linearUnit	meter
 ///
-/// Objects may do anything: one that holds itself is not entered again, and a member that vanishes between two
-/// calls has an empty value. `onWritten` (may be empty) is called with each object below `root`
-/// once all below it is written: the list asks it for nothing any more.
+/// Objects may do anything: one that holds itself is not entered again, and a member that vanishes between
+/// two calls has an empty value. `onWritten` (may be empty) is called with each object below `root` once all
+/// below it is written: the list asks it for nothing any more.
 void WriteList(IMemberDispatch& root, std::ostream& out,
                const std::function<void(IMemberDispatch&)>& onWritten = {});
 

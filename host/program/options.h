@@ -44,8 +44,8 @@ struct Options {
     bool version = false;
 };
 
-/// A command line that cannot be understood. It is read before the language is known, so whoever shows the reason
-/// says it; what() is English.
+/// A command line that cannot be understood. It is read before the language is known, so whoever shows the
+/// reason says it; what() is English.
 class UsageError : public Error {
 public:
     explicit UsageError(const Message& reason);

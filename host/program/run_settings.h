@@ -10,15 +10,17 @@ namespace korvel::inspector {
 /// Gives the library the locale and the language of a command line, for this run only, and the formats that
 /// are kept, changed as the command line asks. A language that is not asked for is the user's, else the one
 /// that set-up chose. A settings store that is damaged is set aside; what a store does after that waits for
-/// whoever listens next. To be called before the first text or number is made. Throws UsageError for a locale that nobody knows.
+/// whoever listens next. To be called before the first text or number is made. Throws UsageError for a locale
+/// that nobody knows.
 TakenFormats ApplySettings(const Options& options);
 
-/// The part of it that gives the language, which is all that a command line needs that cannot be understood. Empty:
+/// The part of it that gives the language, which is all that a command line needs that cannot be understood.
+/// Empty:
 /// as where none is asked for.
 void UseLanguage(const std::string& language);
 
-/// Sets a damaged settings store aside, which leaves the locale's own values, for this run and, until something
-/// is set, the next ones. Returns what the user should know, in UTF-8.
+/// Sets a damaged settings store aside, which leaves the locale's own values, for this run and, until
+/// something is set, the next ones. Returns what the user should know, in UTF-8.
 std::string SetAsideIfDamaged(const platform::StoreProblem& problem);
 
 } // namespace korvel::inspector

@@ -3,8 +3,8 @@
 /// The language that set-up chooses for a machine, and where it is kept.
 namespace korvel::inspector {
 
-/// Writes the machine's language unless there is one already: German where the machine's locale is German, else
-/// English. Without the right to write the machine's settings, it goes to a store in the build folder.
+/// Writes the machine's language unless there is one already: German where the machine's locale is German,
+/// else English. Without the right to write the machine's settings, it goes to a store in the build folder.
 /// \throws Error when neither can be written
 void InstallMachineLanguage();
 

@@ -14,8 +14,8 @@ namespace {
 
 constexpr std::size_t ShortestElement = std::string_view("<a/>").size();
 
-// At least the number of elements: what begins like a start tag, also in comments and character sections, but never
-// more than there is room for.
+// At least the number of elements: what begins like a start tag, also in comments and character sections, but
+// never more than there is room for.
 std::size_t CountStartTags(std::string_view source) {
     std::size_t count = 0;
     for (std::size_t i = source.find('<'); i != std::string_view::npos; i = source.find('<', i + 1))
@@ -24,8 +24,8 @@ std::size_t CountStartTags(std::string_view source) {
     return std::min(count, source.size() / ShortestElement);
 }
 
-// True when the name that was given from outside is what is wrong: it has no place in the document, while the bytes
-// of a document are never wrong before its first '<'.
+// True when the name that was given from outside is what is wrong: it has no place in the document, while the
+// bytes of a document are never wrong before its first '<'.
 bool IsOfName(std::string_view encoding, const XmlError& error) {
     const XmlPlace place = error.Place();
     return !encoding.empty() && error.GetCause() == XmlError::Cause::Encoding && place.line == 1 &&

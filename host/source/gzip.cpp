@@ -12,8 +12,8 @@ constexpr std::string_view Magic = "\x1F\x8B";
 constexpr std::size_t MostTimesLarger = 1000; // the format allows 1,032; documents reach some dozen
 constexpr std::size_t ChunkSize = 1 << 18;
 
-// The format ends with the size of its last member, modulo 4 GB: mostly that of the whole. It is a hint only: a text
-// that grows beyond it takes twice its memory.
+// The format ends with the size of its last member, modulo 4 GB: mostly that of the whole. It is a hint only:
+// a text that grows beyond it takes twice its memory.
 std::size_t SizeSaidAtTheEnd(std::string_view packed) {
     std::size_t size = 0;
     for (std::size_t i = 1; i <= 4 && i <= packed.size(); ++i)

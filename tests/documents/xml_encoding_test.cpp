@@ -130,7 +130,8 @@ TEST(XmlEncoding, RefusesWhatItCannotBeWithThePlace) {
     ExpectRefusals(rows, Read);
 }
 
-// Each encoding of ICU is refused by its name, or reads its own declaration, and a fault in the last byte is there.
+// Each encoding of ICU is refused by its name, or reads its own declaration, and a fault in the last byte is
+// there.
 TEST(XmlEncoding, NoEncodingOfIcuLosesText) {
     int readable = 0;
     for (std::int32_t i = 0; i < ucnv_countAvailable(); ++i) {

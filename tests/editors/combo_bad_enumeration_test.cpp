@@ -1,5 +1,5 @@
-// Hosts that throw, end the binding or change their enumeration while they are asked, and owners of lists that
-// do so while they are notified.
+// Hosts that throw, end the binding or change their enumeration while they are asked, and owners of lists
+// that do so while they are notified.
 
 #include "support/combo_fixture.h"
 

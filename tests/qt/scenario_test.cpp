@@ -13,8 +13,8 @@ enum Id { FirstEdit = 1, SecondEdit, Check, Push, Rows, Surface };
 class Scenario {
 public:
     explicit Scenario(User& user) : m_user(user) {}
-    /// Works with a frame of controls from its creation to its end; the log of messages, and of what the windows
-    /// hold after each step, depends on no display.
+    /// Works with a frame of controls from its creation to its end; the log of messages, and of what the
+    /// windows hold after each step, depends on no display.
     std::string Run() {
         for (const auto step :
              {&Scenario::Make, &Scenario::Type, &Scenario::ChangeTextWhileItChanges, &Scenario::MeetLimits,

@@ -57,8 +57,8 @@ public:
     QWidget* Widget(HWND window) const { return m_display.WidgetOf(window); }
 
 private:
-    /// Handles events until the desktop has the focus where the window model has it: a window manager takes its
-    /// time.
+    /// Handles events until the desktop has the focus where the window model has it: a window manager takes
+    /// its time.
     void WaitForFocus() const;
 
     qt::QtDisplay m_display;

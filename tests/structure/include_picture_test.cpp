@@ -1,5 +1,5 @@
-// Checks every include of src/korvel/ against the picture of docs/architecture.md, and that no sources include
-// each other in a large knot.
+// Checks every include of src/korvel/ against the picture of docs/architecture.md, and that no sources
+// include each other in a large knot.
 
 #include <algorithm>
 #include <filesystem>

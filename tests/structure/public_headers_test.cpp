@@ -43,8 +43,8 @@ std::vector<std::string> StrayIncludes(const std::string& header, const std::str
     return strays;
 }
 
-// The text without comments, literals, preprocessor lines and what stands between angle brackets: what is left
-// has brackets and semicolons of declarations only.
+// The text without comments, literals, preprocessor lines and what stands between angle brackets: what is
+// left has brackets and semicolons of declarations only.
 std::string Declarations(std::string text) {
     static const std::regex noise(
         R"re(//[^\n]*|/\*[\s\S]*?\*/|"(\\.|[^"\\\n])*"|'(\\.|[^'\\\n])+'|#[^\n]*)re");

@@ -15,7 +15,8 @@ namespace korvel::internal {
 ///     converter.Failed()   // whether it ended before the bytes did
 class CharacterConverter {
 public:
-    /// The name by which ICU knows an encoding, whatever it is called by; empty for one that it does not know.
+    /// The name by which ICU knows an encoding, whatever it is called by; empty for one that it does not
+    /// know.
     static std::string CanonicalName(const std::string& name);
     /// The registered name of an encoding, or the one that ICU gives it.
     static std::string RegisteredName(const std::string& canonicalName);

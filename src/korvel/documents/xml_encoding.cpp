@@ -73,9 +73,9 @@ XmlFault RefusedCharacter(char32_t character) {
                    {sentence, {XmlError::Quoted(name), std::string(found)}}, XmlError::Cause::Encoding);
 }
 
-// The characters are counted first: a text that grows as it is filled takes twice its memory. `read` gives each
-// character to its argument until that returns false; it returns what is wrong with the bytes after the last
-// one.
+// The characters are counted first: a text that grows as it is filled takes twice its memory. `read` gives
+// each character to its argument until that returns false; it returns what is wrong with the bytes after the
+// last one.
 template <typename Read>
 void Decode(DecodedXml& document, Read read) {
     std::size_t length = 0;
@@ -188,7 +188,8 @@ void DecodeWide(DecodedXml& document, std::string_view bytes, const Form& form, 
         FailForEncoding(document.text, name, "the encoding %1 is wrong: the bytes are %2", form.name);
 }
 
-// The name by which ICU knows an encoding of one byte or more a character. Throws for one that cannot be read.
+// The name by which ICU knows an encoding of one byte or more a character. Throws for one that cannot be
+// read.
 std::string CanonicalNameOf(std::string_view text, std::string_view name) {
     std::string canonical =
         internal::IsEncodingName(name) ? CharacterConverter::CanonicalName(std::string(name)) : std::string();

@@ -19,15 +19,16 @@ struct XmlFault {
 struct DecodedXml {
     /// Ends before the first byte that is wrong. A fault of the text itself is thus found first.
     std::string text;
-    /// What is wrong after the text; nothing where the whole file was read. XmlParser throws it at that place.
+    /// What is wrong after the text; nothing where the whole file was read. XmlParser throws it at that
+    /// place.
     std::optional<XmlFault> fault;
     /// By its registered name where it has one: "UTF-8", "UTF-16BE", "windows-1252", "Shift_JIS".
     std::string encoding;
     bool hasByteOrderMark = false;
 };
 
-/// Reads the bytes of a file as its byte order mark or the zeros of its first '<' say, else as `encoding` says
-/// or, where that is empty, its XML declaration; with none of these they are UTF-8.
+/// Reads the bytes of a file as its byte order mark or the zeros of its first '<' say, else as `encoding`
+/// says or, where that is empty, its XML declaration; with none of these they are UTF-8.
 ///
 ///     DecodeXml("\xEF\xBB\xBF<a/>")                                       -> "<a/>", "UTF-8" with mark
 ///     DecodeXml("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE4</a>") -> "...<a>ä</a>", "ISO-8859-1"

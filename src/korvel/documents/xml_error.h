@@ -20,8 +20,8 @@ struct XmlPlace {
 /// or CR. Costs a walk over the text before it.
 KORVEL_API XmlPlace XmlPlaceOf(std::string_view text, std::size_t offset);
 
-/// What is wrong, in UTF-8: a sentence in which %1, %2 stand for pieces that differ from document to document.
-/// A program that speaks another language looks the sentence up.
+/// What is wrong, in UTF-8: a sentence in which %1, %2 stand for pieces that differ from document to
+/// document. A program that speaks another language looks the sentence up.
 struct KORVEL_API XmlReason {
     XmlReason(const char* itsSentence, std::vector<std::string> itsPieces = {})
         : sentence(itsSentence), pieces(std::move(itsPieces)) {}

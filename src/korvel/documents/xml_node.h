@@ -12,8 +12,8 @@
 
 namespace korvel {
 
-/// A text as it is written between the tags of an XML file or in an attribute. Each byte is the Unicode character
-/// of the same number, in UTF-8.
+/// A text as it is written between the tags of an XML file or in an attribute. Each byte is the Unicode
+/// character of the same number, in UTF-8.
 ///
 /// A line feed is written as "&#xD;" and a carriage return as "&#xA;", so that each comes back from a parser
 /// as the other. Kept: files that exist are written so.
@@ -64,8 +64,8 @@ private:
 ///     <Name>A &amp; B</Name>
 ///     </Road>
 ///
-/// An element that was never opened writes nothing. The stream must outlive the node and is not tested: the caller
-/// looks at its state. A tree of nodes belongs to one thread.
+/// An element that was never opened writes nothing. The stream must outlive the node and is not tested: the
+/// caller looks at its state. A tree of nodes belongs to one thread.
 class KORVEL_API CXmlNodeBase {
 public:
     /// Thrown for what is no name.

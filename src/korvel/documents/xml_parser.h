@@ -13,9 +13,9 @@
 namespace korvel {
 
 /// Reads a whole document in UTF-8 from tag to tag, and refuses what XML 1.0 with namespaces does not allow:
-/// everything that XmlScanner refuses, a malformed XML declaration, elements that are not nested, no root or a
-/// second one, text outside the root, a second document type, an attribute twice, and a prefix that is not declared. Elements nested
-/// deeper than DeepestLevel are refused as well.
+/// everything that XmlScanner refuses, a malformed XML declaration, elements that are not nested, no root or
+/// a second one, text outside the root, a second document type, an attribute twice, and a prefix that is not
+/// declared. Elements nested deeper than DeepestLevel are refused as well.
 ///
 ///     const DecodedXml file = DecodeXml(bytes);
 ///     XmlParser parser(file.text, file.fault);
@@ -28,9 +28,10 @@ namespace korvel {
 /// inside an element comes in as many pieces as markup cuts it into, blanks included. A failure is the first
 /// one of the file, whatever its kind: where the text ends for a fault of its bytes, that fault is thrown.
 ///
-/// Not refused, though the standards do not allow them: what stands in a document type but entities; two attributes
-/// that differ in their prefixes only, where both prefixes stand for the same namespace; a colon in the name of an
-/// instruction; other namespaces for the prefixes xml and xmlns; characters outside ASCII that may not be in names.
+/// Not refused, though the standards do not allow them: what stands in a document type but entities; two
+/// attributes that differ in their prefixes only, where both prefixes stand for the same namespace; a colon
+/// in the name of an instruction; other namespaces for the prefixes xml and xmlns; characters outside ASCII
+/// that may not be in names.
 ///
 /// What it returns are views into the document, which must outlive them, valid until the next piece is asked
 /// for. After a failure nothing more can be read.

@@ -31,11 +31,11 @@ struct XmlAttribute {
 /// Refused are: a name that begins with no letter, '_' or ':' (every character outside ASCII counts as a
 /// letter); an attribute without blank before it, without value or without quotes; '<' in a value; "]]>" in
 /// character data; '&' that begins no reference; an instruction whose name is "xml" in any case, but for the
-/// declaration, or that nothing separates from what follows; a reference to an entity that XML does not define itself, or
-/// to a character that XML does not allow; "--" in a comment; an XML declaration that is not the beginning;
-/// whatever does not end; and a declaration of entities, since a few of them can stand for gigabytes. Of a
-/// document type only the name and the end are looked for. Names longer than LongestName are refused as well. A
-/// failure that more text could have prevented is of XmlError's cause CutOff.
+/// declaration, or that nothing separates from what follows; a reference to an entity that XML does not
+/// define itself, or to a character that XML does not allow; "--" in a comment; an XML declaration that is
+/// not the beginning; whatever does not end; and a declaration of entities, since a few of them can stand for
+/// gigabytes. Of a document type only the name and the end are looked for. Names longer than LongestName are
+/// refused as well. A failure that more text could have prevented is of XmlError's cause CutOff.
 ///
 /// Left to the caller are: the bytes (DecodeXml turns those of a file into UTF-8 and refuses characters that
 /// XML does not allow), and what pieces mean together (XmlParser: nesting, one root, attributes of the same

@@ -55,10 +55,10 @@ public:
     /// the keyboard. `owner` gets its notifications; the top-level window of `owner` owns it.
     bool CreateDropDown(CWnd* owner, int id);
     /// Places an initialized list below its field (screen coordinates) and as wide, never above: 150 pixels
-    /// high at most, whole rows only, less when there are fewer rows or the screen ends; but three rows, where
-    /// there are as many, however near its end is. A fixed height would cut off a row, or leave rows below the
-    /// screen that neither keys nor wheel bring up. Until UnIntialize the height follows the rows; the current
-    /// row is visible at first.
+    /// high at most, whole rows only, less when there are fewer rows or the screen ends; but three rows,
+    /// where there are as many, however near its end is. A fixed height would cut off a row, or leave rows
+    /// below the screen that neither keys nor wheel bring up. Until UnIntialize the height follows the rows;
+    /// the current row is visible at first.
     void DropBelow(const CRect& field);
     /// The window that SendParentComboMessage sends to; null: the parent window.
     void SetOwner(CWnd* owner);
@@ -78,8 +78,8 @@ public:
     void UnIntialize();
     bool IsInitialized() const;
 
-    /// Writes the value to the object, notifies `observer` (may be null), reads it back, and notifies again when
-    /// the object has corrected it. Does nothing without an object and while one is running.
+    /// Writes the value to the object, notifies `observer` (may be null), reads it back, and notifies again
+    /// when the object has corrected it. Does nothing without an object and while one is running.
     void UpdateDisp(IObserverGrid* observer);
     bool IsRunningUpdateDisp() const;
     /// Reads the member and compares; false while UpdateDisp runs, and for an object without the member.

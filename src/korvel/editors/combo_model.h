@@ -39,8 +39,8 @@ public:
     /// The item and everything above it.
     void ExpandParent(ComboTreeItem* item);
 
-    /// An entry, in the groups that its name asks for; a null parent is the root. Null when the host has ended
-    /// the binding, or taken the parent away, meanwhile.
+    /// An entry, in the groups that its name asks for; a null parent is the root. Null when the host has
+    /// ended the binding, or taken the parent away, meanwhile.
     ComboTreeItem* InsertItem(ComboTreeItem* parent, long id, CVariantValue&& value);
     /// The child of this label, found or made.
     ComboTreeItem& InsertGroup(ComboTreeItem& parent, std::string_view name);

@@ -4,7 +4,8 @@
 
 namespace korvel::internal {
 
-/// Is told which rows of a ComboModel are new or gone, after it happened, and which items took the place of others.
+/// Is told which rows of a ComboModel are new or gone, after it happened, and which items took the place of
+/// others.
 class ComboRowSink {
 public:
     virtual void OnRowsAdded(ComboTree::RowRange rows) = 0;

@@ -24,8 +24,8 @@ struct ComboRowBlock {
 /// The items of a tree that have a row, in order. They are kept in blocks and know their block: the row of an
 /// item is found without a walk over the rows, and a range is inserted or erased at the cost of its length.
 ///
-/// RowBlocks, which keeps the rows of a list control, does not serve: it moves records to other blocks, and an
-/// item would have to be told each time.
+/// RowBlocks, which keeps the rows of a list control, does not serve: it moves records to other blocks, and
+/// an item would have to be told each time.
 ///
 ///     rows.Insert(0, items);
 ///     rows.RowOf(*items[7]);   // 7

@@ -44,7 +44,8 @@ public:
     /// Null: the parent window of the control.
     void SetOwner(HWND owner) { m_owner = owner; }
     HWND Owner() const;
-    /// WM_COMMAND to the owner: `code` in the high word, the control id in the low one, the control in lParam.
+    /// WM_COMMAND to the owner: `code` in the high word, the control id in the low one, the control in
+    /// lParam.
     void Notify(UINT code);
 
 private:

@@ -23,8 +23,8 @@ public:
     IMemberDispatch* Object() const { return m_object; }
     const std::string& MemberName() const { return m_memberName; }
 
-    /// Writes the value, notifies the observer (may be null), reads it back, and notifies again when the object has
-    /// corrected it. Does nothing without an object and while one is running.
+    /// Writes the value, notifies the observer (may be null), reads it back, and notifies again when the
+    /// object has corrected it. Does nothing without an object and while one is running.
     void Write(IObserverGrid* observer);
     bool IsWriting() const { return m_isWriting; }
     /// Reads the member and compares. False while one is written, and without an object or its member.

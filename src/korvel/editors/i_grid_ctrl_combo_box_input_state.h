@@ -34,8 +34,8 @@ public:
     virtual void OnLButtonDown(UINT flags, CPoint point) = 0;
     virtual void OnLButtonUp(UINT, CPoint) {}
     virtual void OnMouseMove(UINT, CPoint) {}
-    /// Scrolls, in every state: arrows and wheel are to reach every row, whatever the list shows. The point is
-    /// on the screen.
+    /// Scrolls, in every state: arrows and wheel are to reach every row, whatever the list shows. The point
+    /// is on the screen.
     virtual void OnMouseWheel(UINT flags, short delta, CPoint point);
     virtual void OnLButtonDblClk(UINT, CPoint) {}
     /// The base steps: by a row with the arrows up and down, by a page, to the first or last row.
@@ -43,7 +43,8 @@ public:
     virtual void OnKeyUp(UINT, UINT, UINT) {}
     /// The space bar means something here, and does not belong to what is typed to find a row.
     virtual bool TakesSpace() const { return false; }
-    /// What the keys that move do: goes `delta` rows on, at most to the first or last. The base chooses nothing.
+    /// What the keys that move do: goes `delta` rows on, at most to the first or last. The base chooses
+    /// nothing.
     virtual void Step(int delta);
 
     int GetCurrent() const { return m_nCurrent; } ///< -1: none

@@ -16,8 +16,8 @@ class KORVEL_API CTooltippBitmap : public CWnd {
 public:
     /// Scaled to fit; false, and nothing to show, for a file that is missing, broken or no picture.
     bool Load(const CString& path);
-    /// Below or above `beside` (screen coordinates). Makes the window when there is none; `owner` owns it then,
-    /// and gets the mouse where the picture covers it.
+    /// Below or above `beside` (screen coordinates). Makes the window when there is none; `owner` owns it
+    /// then, and gets the mouse where the picture covers it.
     void Show(CWnd& owner, const CRect& beside);
     void Hide();
     const Image& GetImage() const { return m_image; }

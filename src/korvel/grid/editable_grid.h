@@ -104,8 +104,8 @@ public:
     void RemoveDispMember(CTreeItem* parent, IMemberDispatch* disp, const std::string& name,
                           const CVariantValue& value);
 
-    /// Text and editor of a value's cell, under the options; `text` stays as it is for a type that a cell does
-    /// not show. What it throws leaves an empty cell.
+    /// Text and editor of a value's cell, under the options; `text` stays as it is for a type that a cell
+    /// does not show. What it throws leaves an empty cell.
     virtual void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
                                  std::string& text, CItemInfo::CONTROLTYPE& control);
     /// True draws the check box of a cell checked whatever the value is.

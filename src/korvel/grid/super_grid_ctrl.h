@@ -49,8 +49,8 @@ public:
     /// The node of a row; null outside the rows.
     CTreeItem* NodeAtRow(int row) const;
     CTreeItem* GetSelectedNode() const;
-    /// Shows the children, all collapsed. Returns the last row that came, `row` when none did, and -1 for null
-    /// and for a node that is not shown.
+    /// Shows the children, all collapsed. Returns the last row that came, `row` when none did, and -1 for
+    /// null and for a node that is not shown.
     int ExpandNode(CTreeItem* node, int row);
     void CollapseNode(CTreeItem* node);
     /// Expands the node and every family below it. `scrollRow` (may be null) becomes the last row that

@@ -60,7 +60,8 @@ public:
     /// Brings the list in line with the tree; rows that are right already stay. While rows leave, the list
     /// is in line but for them, and this does nothing.
     void Rebuild();
-    /// The same, only when the list does not have as many rows as the tree shows, or has rows of removed nodes.
+    /// The same, only when the list does not have as many rows as the tree shows, or has rows of removed
+    /// nodes.
     void RebuildIfNeeded();
     /// Rewrites the rows of what a node shows from a row on; returns the row after.
     int RebuildFrom(CTreeItem* node, int row);

@@ -24,7 +24,8 @@ public:
     bool Append(std::string& out, double radians) const;
     bool Append(std::string& out, float radians) const;
 
-    /// Append the same, and the sign of the unit that its digits are in: "100,00 gon", "57,30\xB0", "nan rad".
+    /// Append the same, and the sign of the unit that its digits are in: "100,00 gon", "57,30\xB0", "nan
+    /// rad".
     void AppendWithUnit(std::string& out, double radians) const;
     void AppendWithUnit(std::string& out, float radians) const;
 

@@ -35,9 +35,9 @@ KORVEL_API float RadToAngle(float radians);
 KORVEL_API const _numberfmtA& GetAngleFormatDouble();
 KORVEL_API const _numberfmtA& GetAngleFormatFloat();
 
-/// Store a format. If it differs from the current one, grids rewrite their texts. A format that equals the regional
-/// settings follows them from now on. \throws std::invalid_argument when a separator is null or longer than
-/// three bytes; nothing changes then
+/// Store a format. If it differs from the current one, grids rewrite their texts. A format that equals the
+/// regional settings follows them from now on. \throws std::invalid_argument when a separator is null or
+/// longer than three bytes; nothing changes then
 KORVEL_API void SetAngleFormatDouble(const _numberfmtA& format);
 KORVEL_API void SetAngleFormatFloat(const _numberfmtA& format);
 

@@ -49,8 +49,8 @@ public:
     FormatNotification& Notification() { return m_notification; }
 
     /// Takes the regional settings' long and short format where the one here equals what they were before,
-    /// whoever set it, and their time format always. Calls the listeners once if that replaced the date format in
-    /// use, and once if it replaced the time format.
+    /// whoever set it, and their time format always. Calls the listeners once if that replaced the date
+    /// format in use, and once if it replaced the time format.
     bool FollowSystem();
 
 private:

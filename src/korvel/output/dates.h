@@ -17,7 +17,8 @@ namespace korvel {
 ///
 /// Formats are in strftime notation, where `#` drops leading zeros. The long date of the regional settings is
 /// the first in use. A long or short format that equals the regional settings' follows them, whoever set it;
-/// the time format always follows. To be called on the thread of the windows. The first call reads the regional settings:
+/// the time format always follows. To be called on the thread of the windows. The first call reads the
+/// regional settings:
 /// \throws Error when they cannot be read; the next call tries again.
 
 /// Empty unless the state is exactly "GDT_VALID"; "Invalid DateTime" for a day that is in no calendar. A

@@ -23,9 +23,9 @@ protected:
 ///     NotificationOf(FormatService::Angle).AddSink(this);
 ///     SetAngleFormatDouble(format);   // calls this->OnFormatChanged(FormatService::Angle)
 ///
-/// Sinks are called in the order in which they were added, on the thread of the windows. A sink may be added or
-/// removed while others are called: a removed one is not called any more, an added one from the next change
-/// on.
+/// Sinks are called in the order in which they were added, on the thread of the windows. A sink may be added
+/// or removed while others are called: a removed one is not called any more, an added one from the next
+/// change on.
 class FormatNotification {
 public:
     explicit FormatNotification(FormatService service) : m_service(service) {}
@@ -36,9 +36,9 @@ public:
     void AddSink(FormatSink* sink);
     void RemoveSink(FormatSink* sink);
 
-    /// Calls every sink, as often as said. The first exception that a sink throws goes to the caller after the
-    /// last call. \throws Error with an empty text from within a call of this same notification: a change of
-    /// format must not cause another
+    /// Calls every sink, as often as said. The first exception that a sink throws goes to the caller after
+    /// the last call. \throws Error with an empty text from within a call of this same notification: a change
+    /// of format must not cause another
     void Fire(int times = 1);
 
 private:

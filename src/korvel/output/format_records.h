@@ -27,7 +27,8 @@ public:
     void Replace(std::size_t record, const NumberFormat& format) { m_records[record].format = format; }
 
     /// Takes the system format for every record that follows it, then calls the listeners once for each of
-    /// them. True when there was one. The first exception of a listener goes to the caller after the last call.
+    /// them. True when there was one. The first exception of a listener goes to the caller after the last
+    /// call.
     bool FollowSystem();
 
     FormatNotification& Notification() { return m_notification; }

@@ -45,9 +45,9 @@ KORVEL_API const _numberfmtA& GetFormatLong();
 KORVEL_API const _numberfmtA& GetFormatFloat();
 KORVEL_API const _numberfmtA& GetFormatDouble();
 
-/// Store a format. If it differs from the current one, grids rewrite their texts. A format that equals the regional
-/// settings follows them from now on. \throws std::invalid_argument when a separator is null or longer than
-/// three bytes; nothing changes then
+/// Store a format. If it differs from the current one, grids rewrite their texts. A format that equals the
+/// regional settings follows them from now on. \throws std::invalid_argument when a separator is null or
+/// longer than three bytes; nothing changes then
 KORVEL_API void SetFormatInt(const _numberfmtA& format);
 KORVEL_API void SetFormatLong(const _numberfmtA& format);
 KORVEL_API void SetFormatFloat(const _numberfmtA& format);

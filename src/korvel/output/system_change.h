@@ -20,15 +20,15 @@ public:
     virtual bool Update(IObserverGrid* grid) = 0;
 };
 
-/// Edit the list of those who react; it does not own them. Adding null or a known observer, or removing an unknown
-/// one, has no effect.
+/// Edit the list of those who react; it does not own them. Adding null or a known observer, or removing an
+/// unknown one, has no effect.
 KORVEL_API void AddSystemChangedSink(ISystemChangedObserver* observer);
 KORVEL_API void RemoveSystemChangedSink(ISystemChangedObserver* observer);
 
 /// To be called by the host when the user has changed the regional settings: reads them again, then calls
 /// every observer but `origin` (may be null), and lets those that changed update themselves with `grid` (may
-/// be null). Observers may come and go meanwhile. What one of them or a listener of theirs throws keeps no other
-/// from following: the first exception goes to the caller after the last observer.
+/// be null). Observers may come and go meanwhile. What one of them or a listener of theirs throws keeps no
+/// other from following: the first exception goes to the caller after the last observer.
 /// \throws Error when the locale's data cannot be read; nothing has changed then
 KORVEL_API void Fire_OnSystemChanged(ISystemChangedObserver* origin, IObserverGrid* grid);
 

@@ -51,7 +51,8 @@ enum State : std::uint8_t {
 
 // clang-format off
 constexpr std::array<std::uint8_t, StateCount * ScannerTables::RowSize> Transitions = {
-    // end  +             -             *    /    (     )      0-9             .         e         blank  \n       \r      other   -  -
+    // end  +             -             *    /    (     )      0-9             .         e         blank  \n
+    // \r      other   -  -
     End,    Add,          Minus,        Mul, Div, Open, Close, Digits,         Point,    X,        Blank, LineEnd, Return, X,      X, X, // Begin
     X,      X,            X,            X,   X,   X,    X,     X,              X,        X,        X,     X,       X,      X,      X, X, // End
     X,      X,            X,            X,   X,   X,    X,     X,              X,        X,        X,     X,       X,      X,      X, X, // Add

@@ -4,7 +4,8 @@
 
 namespace korvel::internal {
 
-/// Evaluates an expression while it is parsed; there is no tree. `evaluate_expression.h` says what it accepts.
+/// Evaluates an expression while it is parsed; there is no tree. `evaluate_expression.h` says what it
+/// accepts.
 class CNumericParser final : public ANTLRParser {
 public:
     /// How a rule ended. Every rule hands on what is not Success.

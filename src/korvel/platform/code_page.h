@@ -26,10 +26,11 @@ namespace korvel::platform {
 ///     9D + 4 bytes   U+10000..U+10FFFF, minus 0x10000
 ///
 /// Only the shortest form of a character that the page does not hold is a sequence; whatever else follows a
-/// lead byte is read byte by byte. A byte 90 after a lead byte quotes: it is no character, and says that the lead
-/// byte and the bytes E0..FF after it stand for themselves. Where 90s stand there as characters, one more is put
-/// before them. So both ways round (bytes to UTF-8 to bytes, UTF-8 to bytes to UTF-8) no text changes. No lead byte
-/// occurs within a sequence. Joining or cutting texts can make or break one, even between characters.
+/// lead byte is read byte by byte. A byte 90 after a lead byte quotes: it is no character, and says that the
+/// lead byte and the bytes E0..FF after it stand for themselves. Where 90s stand there as characters, one
+/// more is put before them. So both ways round (bytes to UTF-8 to bytes, UTF-8 to bytes to UTF-8) no text
+/// changes. No lead byte occurs within a sequence. Joining or cutting texts can make or break one, even
+/// between characters.
 
 /// What became of a Unicode text.
 struct ConvertedText {
@@ -71,8 +72,9 @@ KORVEL_API std::size_t PreviousCharacter(std::string_view text, std::size_t at);
 
 KORVEL_API std::size_t CountCharacters(std::string_view text);
 
-/// The beginning of a text, whole characters of at most `longest` bytes. Where that ends after a lead byte and its
-/// quoting 90, the two are read as two characters: "\x81\x90\xE2\xE1" cut to 3 bytes is U+0081 U+0090 U+00E2.
+/// The beginning of a text, whole characters of at most `longest` bytes. Where that ends after a lead byte
+/// and its quoting 90, the two are read as two characters: "\x81\x90\xE2\xE1" cut to 3 bytes is U+0081 U+0090
+/// U+00E2.
 KORVEL_API std::string_view CutCharacters(std::string_view text, std::size_t longest);
 
 /// True when the characters of `text` begin with those of `beginning`.

@@ -20,8 +20,8 @@ namespace korvel::platform {
 /// `sTimeFormat`. This is how a user changes one while programs run; the numbers (`i...`) are read as `atoi`
 /// reads them.
 ///
-/// Names and pictures are exactly the locale's. A separator is one byte a character: a letter of the code page,
-/// the letter without its accent, or the separator of en-US.
+/// Names and pictures are exactly the locale's. A separator is one byte a character: a letter of the code
+/// page, the letter without its accent, or the separator of en-US.
 struct RegionalSettings {
     std::string decimalSeparator;
     std::string thousandsSeparator; ///< may be empty

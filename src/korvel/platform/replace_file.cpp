@@ -87,8 +87,8 @@ void KeepOwner(const Descriptor& file, const struct stat& replaced) {
 void WriteBeside(const std::filesystem::path& beside, const struct stat* replaced, std::string_view content,
                  const std::string& path) {
     constexpr mode_t UsualPermissions = 0666;
-    // What has this name was left by a killed program of the same number. What takes it from here on is someone
-    // else's and is not written to.
+    // What has this name was left by a killed program of the same number. What takes it from here on is
+    // someone else's and is not written to.
     ::unlink(beside.c_str());
     Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, UsualPermissions));
     Require(file.IsOpen(), path);
@@ -111,8 +111,8 @@ bool Flush(const Descriptor& folder) {
     return ::fsync(folder.Number()) == 0 || errno == EINVAL;
 }
 
-// The state of the file that is to be replaced; throws for what is no file, and for one that may not be written.
-// False when there is none.
+// The state of the file that is to be replaced; throws for what is no file, and for one that may not be
+// written. False when there is none.
 bool Inspect(const std::filesystem::path& target, struct stat& state, const std::string& path) {
     if (::stat(target.c_str(), &state) != 0) {
         Require(errno == ENOENT, path);

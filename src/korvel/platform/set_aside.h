@@ -13,9 +13,9 @@ namespace korvel::platform {
 ///     SetFileAside("formats.xml")                     -> "formats.xml.damaged"
 ///     SetFileAside("settings.sqlite", {"-journal"})   -> "settings.sqlite.2.damaged", where there was one before
 ///
-/// `companions` are the ends of the names of files that belong to it: those that are there are renamed too, and
-/// a name is free when it is free for them as well.
-/// Returns the new name. \throws Error with the file's name and the reason; nothing has changed then
+/// `companions` are the ends of the names of files that belong to it: those that are there are renamed too,
+/// and a name is free when it is free for them as well. Returns the new name. \throws Error with the file's
+/// name and the reason; nothing has changed then
 KORVEL_API std::filesystem::path SetFileAside(const std::filesystem::path& file,
                                               std::initializer_list<const char*> companions = {});
 

@@ -27,10 +27,11 @@ namespace korvel::platform {
 /// Several programs may use a store at the same time, and one may be killed at any moment: every operation
 /// happens whole or not at all. Reading creates nothing. All functions may be called from any thread.
 ///
-/// SettingsStatus says what can happen in daily use. Error is thrown, with the name of the file, when a
-/// file is damaged, is no settings store, stays locked (for a second while reading, for 30 while writing), or
-/// cannot be written for lack of space; the file stays as it is. Readers of the user's store wait for no writer
-/// where the file system of the folder allows it; the machine's can be read without the right to write there.
+/// SettingsStatus says what can happen in daily use. Error is thrown, with the name of the file, when a file
+/// is damaged, is no settings store, stays locked (for a second while reading, for 30 while writing), or
+/// cannot be written for lack of space; the file stays as it is. Readers of the user's store wait for no
+/// writer where the file system of the folder allows it; the machine's can be read without the right to write
+/// there.
 enum class SettingsRoot { User, Machine };
 
 enum class SettingsStatus { Done, KeyMissing, ValueMissing, AccessDenied };
@@ -65,8 +66,8 @@ KORVEL_API SettingsStatus ReadSetting(SettingsRoot root, std::string_view path, 
                                       SettingValue& value);
 
 /// Reads several values of a key as they are at one moment: one for each name, nothing for what is missing.
-/// \throws Error as all of them, and for a value that some other program has set to what no setting is; `values`
-/// then holds the others
+/// \throws Error as all of them, and for a value that some other program has set to what no setting is;
+/// `values` then holds the others
 KORVEL_API SettingsStatus ReadSettings(SettingsRoot root, std::string_view path,
                                        std::span<const std::string_view> names,
                                        std::vector<std::optional<SettingValue>>& values);

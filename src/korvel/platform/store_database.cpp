@@ -12,8 +12,8 @@
 namespace korvel::internal {
 namespace {
 
-// How often a reading and a writing look whether others have finished, and the time between two looks. Looking
-// often finds the moment between two writes of a program that writes without pause.
+// How often a reading and a writing look whether others have finished, and the time between two looks.
+// Looking often finds the moment between two writes of a program that writes without pause.
 constexpr int LooksOfReading = 200;
 constexpr int LooksOfWriting = 6000;
 constexpr int MillisecondsBetweenLooks = 5;
@@ -76,8 +76,9 @@ std::optional<StoreDatabase> StoreDatabase::OpenExisting(const std::filesystem::
         StoreDatabase database(file, Access::Existing, use);
         return database.IsStore() ? std::optional(std::move(database)) : std::nullopt;
     } catch (const StoreAccessDenied&) {
-        // A log needs a file beside the store while it is read. Without the right to make one the store is read
-        // as it is, unless a log holds what is not in it yet or a journal what is to be put back into it.
+        // A log needs a file beside the store while it is read. Without the right to make one the store is
+        // read as it is, unless a log holds what is not in it yet or a journal what is to be put back into
+        // it.
         for (const char* companion : {"-wal", "-journal"})
             if (Exists(std::filesystem::path(file) += companion))
                 throw;
@@ -184,7 +185,8 @@ void StoreDatabase::Execute(const char* sql) {
     Check(sqlite3_exec(m_handle.get(), sql, nullptr, nullptr, nullptr));
 }
 
-// A store that was kept with a log may have come to a folder where the memory that a log needs cannot be shared.
+// A store that was kept with a log may have come to a folder where the memory that a log needs cannot be
+// shared.
 bool StoreDatabase::IsStore() {
     try {
         return HasTables();

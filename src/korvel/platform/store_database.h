@@ -44,11 +44,12 @@ public:
     /// For writing: creates the file and the folders above it where they are missing.
     static StoreDatabase OpenOrCreate(const std::filesystem::path& file);
 
-    /// Whether reading all of the file shows that it is damaged. False for none, and without the right to read it.
+    /// Whether reading all of the file shows that it is damaged. False for none, and without the right to
+    /// read it.
     static bool IsDamaged(const std::filesystem::path& file);
 
-    /// Keeps the log or the journal from now on, where the folder's file system and the other users of the file
-    /// allow it; they all follow.
+    /// Keeps the log or the journal from now on, where the folder's file system and the other users of the
+    /// file allow it; they all follow.
     void KeepJournal(StoreJournal journal);
 
     /// What is read from now on is as it was at one moment.

@@ -12,8 +12,8 @@ namespace korvel::internal {
 
 QString ToQString(const CString& text);
 CString FromQString(const QString& text);
-/// A place in `text` (bytes), given as a place in its QString, and the other way round. Inside a character `ToByte`
-/// gives its end, `FromByte` its beginning.
+/// A place in `text` (bytes), given as a place in its QString, and the other way round. Inside a character
+/// `ToByte` gives its end, `FromByte` its beginning.
 int ToByte(const CString& text, int unit);
 int FromByte(const CString& text, int byte);
 /// The text of a window; empty when the window throws while it is asked.

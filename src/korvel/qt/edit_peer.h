@@ -7,8 +7,8 @@
 namespace korvel::internal {
 
 /// A text field. What the user types goes through the window first; what the window leaves to its default,
-/// the widget does, with its undo, its input method and its menu. The limit does not hold for what Ctrl+Z brings back;
-/// an undo or redo of the menu is held to it, like typing.
+/// the widget does, with its undo, its input method and its menu. The limit does not hold for what Ctrl+Z
+/// brings back; an undo or redo of the menu is held to it, like typing.
 class EditPeer : public Peer {
 public:
     void Apply(Aspects aspects) override;
@@ -29,8 +29,8 @@ protected:
 
 private:
     virtual void ShowContent(const Content& content, bool isReadOnly) = 0;
-    /// What the widget holds, for a window that held `textBefore`: what the user has not touched stays as it was
-    /// there, even where the widget shows it in another form.
+    /// What the widget holds, for a window that held `textBefore`: what the user has not touched stays as it
+    /// was there, even where the widget shows it in another form.
     virtual Content ReadContent(const QString& textBefore) const = 0;
     virtual bool Shows(const QString& text) const = 0;
     void Show(const CString& bytes, const QString& text);

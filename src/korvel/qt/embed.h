@@ -18,8 +18,9 @@ namespace korvel::qt {
 ///     mainWindow.setCentralWidget(qt::Embed(frame.m_hWnd)); // frame fills it and gets WM_SIZE
 ///
 /// The widget belongs to the host. Its destructor first destroys the window, so that everything in it ends as
-/// it does with DestroyWindow; a window that is destroyed before leaves an empty widget. The window's rectangle
-/// is the size hint. Parent nothing to the widgets inside. To be called on the thread of the application.
+/// it does with DestroyWindow; a window that is destroyed before leaves an empty widget. The window's
+/// rectangle is the size hint. Parent nothing to the widgets inside. To be called on the thread of the
+/// application.
 ///
 /// \throws Error when no QtDisplay is in force, or `window` is no top-level window
 KORVEL_API QWidget* Embed(HWND window);

@@ -11,9 +11,9 @@ namespace korvel::internal {
 
 class PeerTable;
 
-/// Carries the focus from the window model to Qt and back. The window model decides; Qt only reports where the
-/// user, or the window manager, moved it. Ignored is what Qt does by itself: its popups, the boxes that the
-/// library asked for, and the moment without focus while another window of ours is being activated.
+/// Carries the focus from the window model to Qt and back. The window model decides; Qt only reports where
+/// the user, or the window manager, moved it. Ignored is what Qt does by itself: its popups, the boxes that
+/// the library asked for, and the moment without focus while another window of ours is being activated.
 class FocusTracker {
 public:
     explicit FocusTracker(PeerTable& peers);

@@ -36,7 +36,8 @@ bool IsInput(QEvent::Type type) {
 
 Peer::Peer(PeerContext& context, HWND window, QWidget& outer, QWidget& content)
     : QObject(&outer), m_context(context), m_window(window), m_outer(outer), m_content(content) {
-    // The windows in memory move the focus, and pass on what a window does not want; Qt must not do so itself.
+    // The windows in memory move the focus, and pass on what a window does not want; Qt must not do so
+    // itself.
     for (QWidget* widget : {&m_outer, &m_content}) {
         widget->setFocusPolicy(Qt::NoFocus);
         widget->setAttribute(Qt::WA_NoMousePropagation);
@@ -97,8 +98,8 @@ void Peer::Detach() {
         End();
 }
 
-// An inactive window of Qt remembers the widget that gets the focus when the window is active again. When that
-// widget is gone by then, Qt would give the focus to any other widget of the host.
+// An inactive window of Qt remembers the widget that gets the focus when the window is active again. When
+// that widget is gone by then, Qt would give the focus to any other widget of the host.
 void Peer::LeaveFocusToParent() {
     const QWidget* kept = m_outer.isWindow() ? nullptr : m_outer.window()->focusWidget();
     if (kept && kept != QApplication::focusWidget() && (kept == &m_outer || m_outer.isAncestorOf(kept)))

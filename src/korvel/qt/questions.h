@@ -4,7 +4,8 @@
 
 class QWidget;
 
-/// The boxes, menus and choosers of the desktop. Each returns when the user has answered; `owner` may be null.
+/// The boxes, menus and choosers of the desktop. Each returns when the user has answered; `owner` may be
+/// null.
 namespace korvel::internal {
 
 /// The ID* of the button; that of Escape when the box is closed without one.

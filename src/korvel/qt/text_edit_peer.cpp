@@ -10,8 +10,9 @@ namespace korvel::internal {
 
 namespace {
 
-// Breaks in the text of a window are "\r\n", which the user types, or what a program has set: a lone "\n" or "\r",
-// or one of the characters that QTextCursor takes for the end of a block. In the lines of the widget each is "\n".
+// Breaks in the text of a window are "\r\n", which the user types, or what a program has set: a lone "\n" or
+// "\r", or one of the characters that QTextCursor takes for the end of a block. In the lines of the widget
+// each is "\n".
 bool IsBreak(QChar character) {
     constexpr ushort BeginningOfFrame = 0xFDD0;
     constexpr ushort EndOfFrame = 0xFDD1;

@@ -12,8 +12,8 @@ class KORVEL_API IKorvelCommonEntityFunction {
 public:
     virtual ~IKorvelCommonEntityFunction() = default;
 
-    /// The user has confirmed a text, in the bytes of the library's texts. True when the hook has used it; the cell is then not
-    /// written. Called on the thread of the windows.
+    /// The user has confirmed a text, in the bytes of the library's texts. True when the hook has used it;
+    /// the cell is then not written. Called on the thread of the windows.
     virtual bool OnText(const char* text) = 0;
 };
 

@@ -9,9 +9,10 @@ namespace korvel {
 /// The language in which the library speaks.
 ///
 /// It is chosen at first use and stays for the life of the process. It is named by the value `Language` of
-/// the user's settings, else by `InstallLanguage` of the machine's, else, where the machine's settings cannot be
-/// read, by the user's locale; see platform/store_problem.h for who hears of a store that cannot be read. "English" and "Hungarian" are known by
-/// their exact bytes; every other name selects German. The Hungarian texts are all empty.
+/// the user's settings, else by `InstallLanguage` of the machine's, else, where the machine's settings cannot
+/// be read, by the user's locale; see platform/store_problem.h for who hears of a store that cannot be read.
+/// "English" and "Hungarian" are known by their exact bytes; every other name selects German. The Hungarian
+/// texts are all empty.
 struct LanguageChoice {
     static constexpr int English = 0;
     static constexpr int German = 1;

@@ -1,5 +1,5 @@
-// A host on a desktop: a window of its own with the grid in its layout, two groups one within the other, and a
-// list that drops down.
+// A host on a desktop: a window of its own with the grid in its layout, two groups one within the other, and
+// a list that drops down.
 
 #include "../expect.h"
 

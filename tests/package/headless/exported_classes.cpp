@@ -1,5 +1,5 @@
-// Links each exported class of the core: its destructor, its type and, where it can be made out of nothing, its
-// constructor. What else a class declares is exported with it.
+// Links each exported class of the core: its destructor, its type and, where it can be made out of nothing,
+// its constructor. What else a class declares is exported with it.
 
 #include "all_headers.h"
 

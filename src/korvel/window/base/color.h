@@ -17,8 +17,8 @@ constexpr COLORREF Mix(COLORREF from, COLORREF to, unsigned part, unsigned whole
 /// How well two colors are told apart, from 1 to 21: the contrast ratio of WCAG 2.
 double ContrastOf(COLORREF a, COLORREF b);
 
-/// The first color on the way from `wanted` to `clear` that is read well on a ground, in a contrast of 4.5; black or
-/// white where none is.
+/// The first color on the way from `wanted` to `clear` that is read well on a ground, in a contrast of 4.5;
+/// black or white where none is.
 COLORREF Legible(COLORREF wanted, COLORREF clear, COLORREF ground);
 
 } // namespace korvel::internal

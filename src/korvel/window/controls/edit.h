@@ -15,15 +15,15 @@ namespace korvel {
 class KORVEL_API CEdit : public CWnd {
 public:
     bool Create(UINT style, const CRect& rect, CWnd* parent, int id);
-    /// (0, -1) selects all; a start of -1 selects nothing and puts the caret at the end of the selection. Beyond
-    /// the text: its end.
+    /// (0, -1) selects all; a start of -1 selects nothing and puts the caret at the end of the selection.
+    /// Beyond the text: its end.
     void SetSel(int start, int end);
     void GetSel(int& start, int& end) const;
     /// EN_MAXTEXT is sent first when the limit leaves no room for all of `text`. Replacing nothing by nothing
     /// changes nothing. Works in read-only and digits-only fields.
     void ReplaceSel(const CString& text);
-    /// What typing and ReplaceSel may fill, in bytes of the text; 30000 at first, 0 for 2147483646. SetWindowTextA
-    /// ignores the limit.
+    /// What typing and ReplaceSel may fill, in bytes of the text; 30000 at first, 0 for 2147483646.
+    /// SetWindowTextA ignores the limit.
     void LimitText(int bytes);
     /// The user can select and copy, but change nothing.
     void SetReadOnly(bool readOnly);

@@ -83,8 +83,8 @@ bool IsBorder(const CString& text, std::size_t place) {
     return platform::CharacterBorder(text, place) == place;
 }
 
-// The smallest replacement, in whole characters, that turns `before` into `after`. Where several would do ("a" to
-// "aa"), the one that ends at the caret.
+// The smallest replacement, in whole characters, that turns `before` into `after`. Where several would do
+// ("a" to "aa"), the one that ends at the caret.
 TextChange ChangeOf(const CString& before, const CString& after, int caret) {
     const auto caretByte = std::min(static_cast<std::size_t>(std::max(caret, 0)), after.size());
     const auto bytesAfterCaret = after.size() - caretByte;
@@ -110,8 +110,8 @@ view::EditView EditState::Edit() const {
     return {selection.start, selection.end, HasStyle(ES_READONLY)};
 }
 
-// The native widget has the text already, and an undo of its own. It knows no limit: when the text is too long, the
-// change is made again by the window, as far as it fits.
+// The native widget has the text already, and an undo of its own. It knows no limit: when the text is too
+// long, the change is made again by the window, as far as it fits.
 void EditState::Edited(const CString& text, int selectionStart, int selectionEnd) {
     if (text == record.text) {
         undo.isTyping = undo.isTyping && anchor == selectionStart && caret == selectionEnd;

@@ -45,8 +45,8 @@ class KORVEL_API IDisplay {
 public:
     virtual ~IDisplay() = default;
 
-    /// True for a display without native widgets. Controls then do their default action themselves. Without an
-    /// exception handler, an exception reaches the caller of the input function. Callable on any thread.
+    /// True for a display without native widgets. Controls then do their default action themselves. Without
+    /// an exception handler, an exception reaches the caller of the input function. Callable on any thread.
     virtual bool IsHeadless() const { return false; }
 
     // Windows.

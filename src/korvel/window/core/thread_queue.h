@@ -70,8 +70,8 @@ private:
     Action m_lastAction;
 };
 
-/// Guarded (core/uncaught.h) for where no exception may leave: what the handler does not take comes out of the
-/// next Run of the calling thread.
+/// Guarded (core/uncaught.h) for where no exception may leave: what the handler does not take comes out of
+/// the next Run of the calling thread.
 void GuardedUntilRun(const std::function<void()>& action);
 
 } // namespace korvel::internal

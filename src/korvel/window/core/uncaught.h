@@ -5,8 +5,8 @@
 #include <exception>
 #include <functional>
 
-/// Where an exception goes that no handler caught: to the exception handler (SetExceptionHandler), else to the
-/// failure viewer, else to the caller that pumps messages.
+/// Where an exception goes that no handler caught: to the exception handler (SetExceptionHandler), else to
+/// the failure viewer, else to the caller that pumps messages.
 namespace korvel::internal {
 
 /// Runs `action` and hands on what it throws. Returns what the handler did not take.

@@ -4,9 +4,9 @@
 
 namespace korvel::internal {
 
-/// Rows that are removed one by one, the last one first. A handler of a notice may insert and remove rows itself, also
-/// by a removal inside this one: so the rows that are to go are marked, and their range is followed. Lives on the
-/// stack.
+/// Rows that are removed one by one, the last one first. A handler of a notice may insert and remove rows
+/// itself, also by a removal inside this one: so the rows that are to go are marked, and their range is
+/// followed. Lives on the stack.
 class LeavingRows {
 public:
     LeavingRows(ListState& owner, int firstRow, int lastRow);

@@ -31,12 +31,13 @@ public:
     /// Returns the row, or -1 for a row below 0; beyond the end appends. Sends LVN_INSERTITEM.
     int InsertItem(int row, const CString& text, int image = -1);
     int InsertRow(int row, const ListRow& content);
-    /// A selected row loses its state first (LVN_ITEMCHANGED with no bit left), then LVN_DELETEITEM is sent, then
-    /// it is gone. Focus and mark go to the row that takes its place, or to the new last one; nothing is selected.
+    /// A selected row loses its state first (LVN_ITEMCHANGED with no bit left), then LVN_DELETEITEM is sent,
+    /// then it is gone. Focus and mark go to the row that takes its place, or to the new last one; nothing is
+    /// selected.
     bool DeleteItem(int row);
     /// Removes the rows from `first` to before `last`; notifies like single removals, from the last row up.
-    /// After a handler that throws, the row that it was told of and the rest stay; the first exception goes to the
-    /// caller.
+    /// After a handler that throws, the row that it was told of and the rest stay; the first exception goes
+    /// to the caller.
     bool DeleteRows(int first, int last);
     /// LVN_DELETEALLITEMS, then LVN_DELETEITEM from the last row to the first unless it returned 1.
     bool DeleteAllItems();
@@ -54,22 +55,23 @@ public:
 
     // Selection and focus.
     UINT GetItemState(int row, UINT mask) const;
-    /// The bits of `mask` become those of `state` (LVIS_*); row -1 means all rows. LVN_ITEMCHANGING is
-    /// sent to the row, then to rows that would lose focus or selection. If one returns 1, nothing changes and the
-    /// result is false. LVN_ITEMCHANGED is sent in the other order, the row last. A state that a row has already
-    /// sends nothing.
+    /// The bits of `mask` become those of `state` (LVIS_*); row -1 means all rows. LVN_ITEMCHANGING is sent
+    /// to the row, then to rows that would lose focus or selection. If one returns 1, nothing changes and the
+    /// result is false. LVN_ITEMCHANGED is sent in the other order, the row last. A state that a row has
+    /// already sends nothing.
     bool SetItemState(int row, UINT state, UINT mask);
-    /// The first row after `row` (-1: from the top) with all of `flags` (LVNI_*); with LVNI_FOCUSED the focused
-    /// row, unless it is `row`. -1 when there is none or `row` is no row.
+    /// The first row after `row` (-1: from the top) with all of `flags` (LVNI_*); with LVNI_FOCUSED the
+    /// focused row, unless it is `row`. -1 when there is none or `row` is no row.
     int GetNextItem(int row, UINT flags) const;
-    /// Where a range selection begins: the first row that was selected, until another one is clicked or set. It
-    /// moves with its row; after a removal the row that took the number has it, or the new last one. -1: none.
+    /// Where a range selection begins: the first row that was selected, until another one is clicked or set.
+    /// It moves with its row; after a removal the row that took the number has it, or the new last one. -1:
+    /// none.
     int GetSelectionMark() const;
     void SetSelectionMark(int row);
 
     // Columns.
-    /// The texts that rows store move along with their columns. But column 0 shows the labels, which stay where
-    /// they are: when a column comes or goes at 0, text i of a row stays text i.
+    /// The texts that rows store move along with their columns. But column 0 shows the labels, which stay
+    /// where they are: when a column comes or goes at 0, text i of a row stays text i.
     int InsertColumn(int column, const CString& title, int width, int format = LVCFMT_LEFT);
     bool DeleteColumn(int column);
     int GetColumnCount() const;
@@ -100,8 +102,8 @@ public:
     void SetImageList(const CImageList* images);
     const CImageList* GetImageList() const;
 
-    /// Called after rows, columns or scrolling may have moved cells: for a control that lies over a cell. It may
-    /// change the list. An empty function ends it.
+    /// Called after rows, columns or scrolling may have moved cells: for a control that lies over a cell. It
+    /// may change the list. An empty function ends it.
     void SetCellsMovedHook(std::function<void()> hook);
 
     // Label editing: an edit control over the label of column 0.

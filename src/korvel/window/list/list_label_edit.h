@@ -5,9 +5,10 @@
 /// The edit over the label of column 0.
 namespace korvel::internal {
 
-/// Puts an edit with the row's text over its label: LVN_BEGINLABELEDIT is sent while the edit exists and
-/// is not shown yet; a return value of 1 refuses. Returns the edit, or null. An edit that is open is
-/// ended first, with its text; when there is no such row (-1), it is cancelled. Refused while LVN_ENDLABELEDIT is sent.
+/// Puts an edit with the row's text over its label: LVN_BEGINLABELEDIT is sent while the edit exists and is
+/// not shown yet; a return value of 1 refuses. Returns the edit, or null. An edit that is open is ended
+/// first, with its text; when there is no such row (-1), it is cancelled. Refused while LVN_ENDLABELEDIT is
+/// sent.
 HWND BeginLabelEdit(ListState& list, int row);
 
 } // namespace korvel::internal

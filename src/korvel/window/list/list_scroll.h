@@ -17,8 +17,8 @@ void HandleScrollBar(ListState& list, UINT message, UINT command);
 /// WM_MOUSEWHEEL; false when there is nothing to scroll.
 bool TurnWheel(ListState& list, int delta);
 
-/// To be called when rows, columns, size or style have changed: scrolls back into the content, sends
-/// WM_SIZE when a scroll bar appears or disappears, places the header and notifies the display. While redraw is off
+/// To be called when rows, columns, size or style have changed: scrolls back into the content, sends WM_SIZE
+/// when a scroll bar appears or disappears, places the header and notifies the display. While redraw is off
 /// this waits until it is on again.
 void UpdateExtent(ListState& list);
 

@@ -9,8 +9,8 @@ namespace korvel::internal {
 namespace {
 
 constexpr int BlockCapacity = 512; // 12 KB: what one insertion moves at most
-// The number of blocks changes only after that many rows are inserted or erased, so that the index is not built
-// anew for every row.
+// The number of blocks changes only after that many rows are inserted or erased, so that the index is not
+// built anew for every row.
 constexpr int HalfBlock = BlockCapacity / 2;
 constexpr int FewRows = BlockCapacity / 8; // a block that has no more left looks for one to join
 
