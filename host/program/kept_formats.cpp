@@ -1,5 +1,6 @@
 #include "program/kept_formats.h"
 
+#include "korvel/documents/xml_file_error.h"
 #include "korvel/output/angles.h"
 #include "korvel/output/format_persistence.h"
 #include "korvel/output/numbers.h"
@@ -98,6 +99,12 @@ std::string SetAside(const fs::path& file, const std::string& notice) {
     }
 }
 
+// The reason in the language of the user, where the file is no XML.
+std::string ReasonOf(const fs::path& file, const Error& error) {
+    const auto* wrong = dynamic_cast<const XmlFileError*>(&error);
+    return wrong ? file.string() + ": " + SayWithPlace(wrong->Problem()) : platform::ToUtf8(error.what());
+}
+
 struct Loaded {
     enum class File { Missing, Read, Damaged, Unreadable };
     File file;
@@ -108,9 +115,9 @@ Loaded Load(const fs::path& file) {
     std::error_code failure;
     if (fs::status(file, failure).type() == fs::file_type::not_found)
         return {Loaded::File::Missing, {}};
-    const auto complaint = [](const Error& error) {
-        return Say({"the kept formats cannot be read and the regional ones are used: %1",
-                    {platform::ToUtf8(error.what())}});
+    const auto complaint = [&](const Error& error) {
+        return Say(
+            {"the kept formats cannot be read and the regional ones are used: %1", {ReasonOf(file, error)}});
     };
     try {
         LoadFormatStates(file.c_str());

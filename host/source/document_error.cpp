@@ -7,9 +7,7 @@ namespace korvel::inspector {
 namespace {
 
 std::string AtPlace(const XmlError& error) {
-    const std::string text = Say(
-        {"line %1, position %2: %3",
-         {std::to_string(error.Place().line), std::to_string(error.Place().position), Say(error.Details())}});
+    const std::string text = SayWithPlace(error);
     return error.GetCause() == XmlError::Cause::Encoding
                ? Say({"%1; --encoding NAME reads the file in another encoding", {text}})
                : text;

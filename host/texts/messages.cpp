@@ -158,4 +158,10 @@ std::string Say(const Message& message) {
     return isTranslated ? Message(found->german, message.pieces).Text() : message.Text();
 }
 
+std::string SayWithPlace(const XmlError& error) {
+    const XmlPlace place = error.Place();
+    return Say({"line %1, position %2: %3",
+                {std::to_string(place.line), std::to_string(place.position), Say(error.Details())}});
+}
+
 } // namespace korvel::inspector

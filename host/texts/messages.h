@@ -14,6 +14,9 @@ using Message = XmlReason;
 ///     Say({"the element %1 is closed by %2", {"'a'", "'b'"}})   -> "das Element 'a' wird von 'b' geschlossen"
 std::string Say(const Message& message);
 
+/// A failure with its place, in UTF-8: "line 3, position 7: a name is expected here".
+std::string SayWithPlace(const XmlError& error);
+
 /// True where the process speaks German; English where no language is set yet.
 bool SpeaksGerman();
 

@@ -75,6 +75,12 @@ TEST_F(KeptFormats, SetADamagedFileAsideAndStartWithTheRegionalOnes) {
     }
 }
 
+TEST_F(KeptFormats, SayWhereAFileIsNoXml) {
+    NextRun({'g', {}, {}});
+    std::ofstream(file) << "<FORMATS>\n<x";
+    EXPECT_THAT(NextRun(), HasSubstr("inspector-formats.xml: line 2, position "));
+}
+
 TEST_F(KeptFormats, ThatCannotBeReadStayWhereTheyAre) {
     NextRun({'g', {}, {}});
     std::filesystem::rename(file, folder.Path() / "kept");

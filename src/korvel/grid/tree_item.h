@@ -73,9 +73,8 @@ private:
     void CountAnew(internal::FamilyTally former);
     /// Gives a node without a place one; the depth of all below follows.
     void MoveUnder(CTreeItem* newParent);
-    bool IsForest() const {
-        return m_indent == 0 && !m_parent;
-    } // below a node without a place, depths begin at 0
+    // Depths begin at 0 below a node without a place, too: there the node has a parent.
+    bool IsForest() const { return m_indent == 0 && !m_parent; }
 
     CTreeItem* m_parent = nullptr;
     internal::ChildBlock* m_run = nullptr; // the run of siblings that it is in
