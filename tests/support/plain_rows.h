@@ -23,10 +23,11 @@ public:
         return row < 0 || row >= Count() ? nullptr : m_rows[static_cast<std::size_t>(row)].node;
     }
     void Rewrite(int row, CTreeItem* node) override { m_rows[static_cast<std::size_t>(row)].node = node; }
-    void Insert(int row, const std::vector<CTreeItem*>& nodes) override {
+    void Insert(int row, const internal::NodeRuns& runs) override {
         ++insertions;
-        for (CTreeItem* node : nodes)
-            m_rows.insert(m_rows.begin() + row++, {node, m_nextId++});
+        for (const internal::NodeRun run : runs)
+            for (CTreeItem* node : run)
+                m_rows.insert(m_rows.begin() + row++, {node, m_nextId++});
     }
     void Mark(int, int) override {}
     void Remove(int first, int last) override {

@@ -11,10 +11,8 @@ namespace korvel::internal {
 namespace {
 
 RowBlocks::Maker CountedFrom(LPARAM first, int failing = -1) {
-    return [=](int index) {
-        RowRecord row;
+    return [=](RowRecord& row, int index) {
         row.data = first + (index == failing ? throw Error("no memory") : index);
-        return row;
     };
 }
 
@@ -88,7 +86,7 @@ TEST(RowBlocks, InsertedRowsAreNeverSelected) {
     rows.Select(1, true);
     RowRecord moved = std::move(rows.At(1));
     rows.Erase(0, 2);
-    rows.Insert(0, 1, [&](int) { return std::move(moved); });
+    rows.Insert(0, 1, [&](RowRecord& row, int) { row = std::move(moved); });
     EXPECT_EQ(rows.SelectedCount(), 0);
     EXPECT_EQ(rows.FindSelected(0), -1);
 }

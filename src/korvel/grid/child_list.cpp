@@ -62,6 +62,14 @@ ChildList::Iterator ChildList::After(const grid::CTreeItem& child) {
     return ++after;
 }
 
+std::span<grid::CTreeItem* const> ChildList::TakeRun(Iterator& next) {
+    const bool hasFamilies = next.m_run->tally.families > 0;
+    const std::span<grid::CTreeItem* const> run(next.m_item, hasFamilies ? next.m_item + 1 : next.m_end);
+    next.m_item += run.size() - 1;
+    ++next;
+    return run;
+}
+
 const FamilyTally& ChildList::GetTally() const {
     static const FamilyTally none;
     return m_top ? m_top->tally : none;

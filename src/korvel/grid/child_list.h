@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <iterator>
 #include <memory>
+#include <span>
 
 namespace korvel {
 
@@ -90,6 +91,9 @@ private:
 
     /// The siblings after a child.
     static Iterator After(const grid::CTreeItem& child);
+    /// The child that comes next; in a block in which none has children, all that are left of it. `next` goes
+    /// on after them.
+    static std::span<grid::CTreeItem* const> TakeRun(Iterator& next);
 
     /// `position` from 0 to size().
     void Insert(int position, grid::CTreeItem* child);

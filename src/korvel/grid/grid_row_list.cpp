@@ -47,27 +47,31 @@ void GridRowList::PrepareList() {
         m_list.SetImageList(&RowIcons());
 }
 
-void GridRowList::Insert(int row, const std::vector<CTreeItem*>& nodes) {
-    PrepareList();
-    std::vector<LPARAM> data;
-    data.reserve(nodes.size());
-    for (CTreeItem* node : nodes)
-        data.push_back(reinterpret_cast<LPARAM>(node));
-    const int indent = nodes.front()->indent();
+void GridRowList::Insert(int row, const NodeRuns& runs) {
+    const int indent = runs.front().front()->indent();
     struct IndentedRow {
         std::size_t index;
         int indent;
     };
+    std::vector<LPARAM> data;
+    data.reserve(CountOf(runs));
     std::vector<IndentedRow> others;
-    for (std::size_t index = 0; index < nodes.size(); ++index)
-        if (nodes[index]->indent() != indent)
-            others.push_back({index, nodes[index]->indent()});
+    for (const NodeRun run : runs) {
+        const int runIndent = run.front()->indent();
+        for (CTreeItem* node : run) {
+            if (runIndent != indent)
+                others.push_back({data.size(), runIndent});
+            data.push_back(reinterpret_cast<LPARAM>(node));
+        }
+    }
+    PrepareList();
     // In one step, so that whoever hears of a row finds all of them.
     FirstFailure failure;
     failure.Try(
         [&] { InsertModelRows(m_list.m_hWnd, row, data.data(), static_cast<int>(data.size()), indent); });
     for (const IndentedRow& other : others)
-        if (const int inserted = row + static_cast<int>(other.index); At(inserted) == nodes[other.index])
+        if (const int inserted = row + static_cast<int>(other.index);
+            m_list.GetItemData(inserted) == data[other.index])
             failure.Try([&] { m_list.SetItemIndent(inserted, other.indent); });
     failure.Rethrow();
 }

@@ -22,7 +22,7 @@ public:
     int Count() const override;
     CTreeItem* At(int row) const override;
     void Rewrite(int row, CTreeItem* node) override;
-    void Insert(int row, const std::vector<CTreeItem*>& nodes) override;
+    void Insert(int row, const NodeRuns& runs) override;
     void Mark(int first, int last) override;
     void Remove(int first, int last) override;
     void RemoveQuietly(int first, int last) override;

@@ -3,9 +3,21 @@
 #include "korvel/grid/tree_item.h"
 
 #include <functional>
+#include <span>
 #include <vector>
 
 namespace korvel::internal {
+
+/// Nodes whose rows come one below the other, in runs that are good until the tree changes.
+using NodeRun = std::span<grid::CTreeItem* const>;
+using NodeRuns = std::vector<NodeRun>;
+
+inline std::size_t CountOf(const NodeRuns& runs) {
+    std::size_t count = 0;
+    for (const NodeRun run : runs)
+        count += run.size();
+    return count;
+}
 
 /// The list that shows the rows of a TreeRows, and the grid around it. Every operation but the first three
 /// may lead to the host, who may change the tree meanwhile, or throw.
@@ -20,7 +32,8 @@ public:
     /// Gives a row to another node, to none with null. No one hears of it.
     virtual void Rewrite(int row, CTreeItem* node) = 0;
 
-    virtual void Insert(int row, const std::vector<CTreeItem*>& nodes) = 0;
+    /// Inserts a row for each node, in order. The nodes of a run are of one depth; no run is empty.
+    virtual void Insert(int row, const NodeRuns& runs) = 0;
     /// Makes the check marks of the rows from `first` to before `last` those of their nodes.
     virtual void Mark(int first, int last) = 0;
     /// Removes the rows from `first` to before `last`, from the last one up: each is told to the host, and

@@ -24,6 +24,19 @@ void AppendShown(grid::CTreeItem& node, std::vector<grid::CTreeItem*>& shown) {
     }
 }
 
+NodeRuns RunsOf(NodeRun nodes) {
+    NodeRuns runs;
+    while (!nodes.empty()) {
+        const auto isElsewhere = [&](const grid::CTreeItem* node) {
+            return node->indent() != nodes.front()->indent();
+        };
+        const auto end = std::find_if(nodes.begin(), nodes.end(), isElsewhere);
+        runs.emplace_back(nodes.begin(), end);
+        nodes = NodeRun(end, nodes.end());
+    }
+    return runs;
+}
+
 } // namespace
 
 TreeRows::TreeRows(RowList& list)
@@ -63,7 +76,7 @@ bool TreeRows::Show(const CTreeItem* node) {
         if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
             m_list.Redraw(RowOf(parent)); // its sign comes
         if (rows && Has(node) && node->row() >= 0)
-            InsertRows(node->row(), {const_cast<CTreeItem*>(node)});
+            InsertRow(const_cast<CTreeItem*>(node));
     });
     m_arrivals = arrival.outer;
     failure.Rethrow();
@@ -76,10 +89,14 @@ void TreeRows::ForgetArrivals() {
             arrival->node = nullptr;
 }
 
+void TreeRows::InsertRow(CTreeItem* node) {
+    InsertRows(node->row(), {NodeRun(&node, 1)});
+}
+
 // The rows come at once; what the host makes of it finds them there.
-void TreeRows::InsertRows(int shownRow, const Nodes& nodes) {
+void TreeRows::InsertRows(int shownRow, const NodeRuns& runs) {
     const int listed = m_list.Count();
-    const int count = static_cast<int>(nodes.size());
+    const int count = static_cast<int>(CountOf(runs));
     if (listed < 0 || count == 0)
         return;
     if (m_departing.IsEmpty() && (m_isListOutdated || listed + count != ShownCount())) {
@@ -89,7 +106,7 @@ void TreeRows::InsertRows(int shownRow, const Nodes& nodes) {
     const int row = m_departing.ListRow(shownRow);
     m_departing.Insert(row, count);
     FirstFailure failure;
-    failure.Try([&] { m_list.Insert(row, nodes); });
+    failure.Try([&] { m_list.Insert(row, runs); });
     failure.Try([&] { m_list.Mark(row, row + count); });
     failure.Rethrow();
 }
@@ -236,7 +253,11 @@ int TreeRows::Expand(CTreeItem* node, int row) {
     node->SetCollapsed(false);
     const int last = place + node->children().size();
     const LossWatch rows = Watch();
-    InsertRows(node->row() + 1, Nodes(node->children().begin(), node->children().end()));
+    NodeRuns children;
+    TreeWalk walk(*node);
+    for (NodeRun run = walk.NextRun(); !run.empty(); run = walk.NextRun())
+        children.push_back(run);
+    InsertRows(node->row() + 1, children);
     if (rows)
         m_list.Redraw(RowOf(node));
     return last;
@@ -280,15 +301,16 @@ void TreeRows::ExpandAll(CTreeItem* node, int* scrollRow) {
 // From the last family up, below one that is collapsed still: so no count goes further up than to it.
 grid::CTreeItem* TreeRows::OpenAll(CTreeItem& node) {
     node.CollapseBelow();
-    Nodes shown;
+    NodeRuns shown;
     Nodes families{&node};
     TreeWalk walk(node);
-    while (CTreeItem* next = walk.Next()) {
-        shown.push_back(next);
-        if (next->children().empty())
+    for (NodeRun run = walk.NextRun(); !run.empty(); run = walk.NextRun()) {
+        shown.push_back(run);
+        CTreeItem* last = run.back(); // the only one that may have children
+        if (last->children().empty())
             continue;
-        families.push_back(next);
-        walk.Enter(*next);
+        families.push_back(last);
+        walk.Enter(*last);
     }
     for (auto family = families.rbegin(); family != families.rend(); ++family)
         (*family)->SetCollapsed(false);
@@ -376,7 +398,7 @@ int TreeRows::Overwrite(int row, const Nodes& nodes) {
         m_list.Rewrite(next, *node++);
     FirstFailure failure;
     if (node != nodes.end())
-        failure.Try([&] { m_list.Insert(std::max(row, common), Nodes(node, nodes.end())); });
+        failure.Try([&] { m_list.Insert(std::max(row, common), RunsOf({node, nodes.end()})); });
     failure.Try([&] { m_list.Mark(row, end); });
     failure.Rethrow();
     return end;

@@ -95,7 +95,8 @@ private:
     int LastRowOf(const CTreeItem& node) const;
     void EndDeparture(FirstFailure& failure);
 
-    void InsertRows(int shownRow, const Nodes& nodes);
+    void InsertRow(CTreeItem* node);
+    void InsertRows(int shownRow, const NodeRuns& runs);
     void RemoveRows(int first, int last);
     int Overwrite(int row, const Nodes& nodes);
     void RebuildAll();

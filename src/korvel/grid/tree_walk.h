@@ -2,6 +2,8 @@
 
 #include "korvel/grid/tree_item.h"
 
+#include <span>
+
 namespace korvel::internal {
 
 /// Whether a node is another one or lies below it. Null is within nothing.
@@ -24,13 +26,15 @@ public:
 
     /// The next node, null after the last.
     grid::CTreeItem* Next() {
-        while (m_next == ChildList::Iterator()) {
-            if (m_family == &m_top)
-                return nullptr;
-            m_next = ChildList::After(*m_family);
-            m_family = Above(*m_family, m_top);
-        }
-        return *m_next++;
+        FindNext();
+        return m_next == ChildList::Iterator() ? nullptr : *m_next++;
+    }
+    /// As many of the next siblings as lie together and have no children, else the next node alone; empty
+    /// after the last. So hardly any node is looked at.
+    std::span<grid::CTreeItem* const> NextRun() {
+        FindNext();
+        return m_next == ChildList::Iterator() ? std::span<grid::CTreeItem* const>()
+                                               : ChildList::TakeRun(m_next);
     }
     /// Goes on with the children of the node that came last.
     void Enter(const grid::CTreeItem& node) {
@@ -52,6 +56,13 @@ public:
     }
 
 private:
+    // Where a family ends, its parent's siblings come.
+    void FindNext() {
+        while (m_next == ChildList::Iterator() && m_family != &m_top) {
+            m_next = ChildList::After(*m_family);
+            m_family = Above(*m_family, m_top);
+        }
+    }
     // Roots have no parent but the unseen top.
     static const grid::CTreeItem* Above(const grid::CTreeItem& node, const grid::CTreeItem& top) {
         const grid::CTreeItem* parent = node.parent();

@@ -5,8 +5,8 @@
 namespace korvel::internal {
 
 /// Rows that are removed one by one, the last one first. A handler of a notice may insert and remove rows
-/// itself, also by a removal inside this one: so the rows that are to go are marked, and their range is
-/// followed. Lives on the stack.
+/// itself, also by a removal inside this one: so the range of the rows that are to go is followed, and once
+/// rows came within it those that are to go are marked. Lives on the stack.
 class LeavingRows {
 public:
     LeavingRows(ListState& owner, int firstRow, int lastRow);
@@ -27,12 +27,14 @@ public:
 
 private:
     bool IsLeaving(int row) const;
+    void MarkAllBut(int first, int last);
 
     ListState& m_list;
     LeavingRows* const m_outer;
     const unsigned m_depth; // 1 for the outermost
     int m_first;
     int m_next;
+    bool m_isMarked = false; // else all rows from m_first to m_next are to go
 };
 
 } // namespace korvel::internal

@@ -117,7 +117,7 @@ int InsertRowsQuietly(ListState& list, int row, int count, const RowBlocks::Make
 int InsertRow(ListState& list, int row, RowRecord record) {
     if (row < 0)
         return NoRow;
-    const int at = PlaceRows(list, row, 1, [&](int) { return std::move(record); });
+    const int at = PlaceRows(list, row, 1, [&](RowRecord& inserted, int) { inserted = std::move(record); });
     FollowedRow inserted(list, at);
     UpdateExtent(list);
     if (inserted.IsThere()) // a handler of WM_SIZE may have removed it

@@ -8,11 +8,9 @@
 namespace korvel::internal {
 
 int InsertModelRows(HWND window, int row, const LPARAM* data, int count, int indent) {
-    const auto make = [=](int index) {
-        RowRecord record;
+    const auto make = [=](RowRecord& record, int index) {
         record.data = data[index];
         record.SetIndent(indent);
-        return record;
     };
     return OnList(
         window, [&](ListState& list) { return InsertRowsQuietly(list, row, std::max(count, 0), make); },

@@ -61,7 +61,8 @@ void RowBlocks::InsertIntoBlock(PrefixSums::Place place, int count, const Maker&
     try {
         for (int index = 0; index < count; ++index) {
             RowRecord& row = rows.At(place.offset + index);
-            row = make(index);
+            row = {};
+            make(row, index);
             row.m_isSelected = false;
         }
     } catch (...) {
@@ -80,7 +81,7 @@ void RowBlocks::InsertBlocks(PrefixSums::Place place, int count, const Maker& ma
         if (offset == 0)
             added.emplace_back().rows.Insert(0, std::min(count - index, BlockCapacity));
         RowRecord& row = added.back().rows.At(offset);
-        row = make(index);
+        make(row, index);
         row.m_isSelected = false;
     }
     const int addedBlocks = static_cast<int>(added.size());
@@ -120,14 +121,17 @@ int RowBlocks::SplitAt(PrefixSums::Place place) {
 void RowBlocks::Erase(int first, int last) {
     if (first >= last)
         return;
-    const auto end = PlaceOf(last - 1);
-    const auto begin = PlaceOf(first); // the block found last: it begins where it did
+    const auto begin = PlaceOf(first);
     m_size -= last - first;
-    for (int block = begin.entry; block <= end.entry; ++block)
-        EraseInBlock(block, block == begin.entry ? begin.offset : 0,
-                     block == end.entry ? end.offset + 1 : m_blocks[block].rows.Size());
-    if (m_blocks[begin.entry].rows.Size() <= FewRows || begin.entry != end.entry)
-        Tidy(begin.entry, end.entry);
+    int block = begin.entry;
+    int offset = begin.offset;
+    for (int left = last - first; left > 0; ++block, offset = 0) {
+        const int erased = std::min(left, m_blocks[block].rows.Size() - offset);
+        EraseInBlock(block, offset, offset + erased);
+        left -= erased;
+    }
+    if (m_blocks[begin.entry].rows.Size() <= FewRows || block - 1 != begin.entry)
+        Tidy(begin.entry, block - 1);
 }
 
 void RowBlocks::Tidy(int first, int last) {

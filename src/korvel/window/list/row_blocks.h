@@ -12,7 +12,7 @@ namespace korvel::internal {
 /// and of the logarithm of their number; a range is inserted at the cost of its own length.
 ///
 ///     RowBlocks rows;
-///     rows.Insert(0, 1000000, [](int) { return RowRecord(); });
+///     rows.Insert(0, 1000000, [](RowRecord& row, int index) { row.data = index; });
 ///     rows.At(999999).data = 7;
 ///     rows.Erase(0, 10);
 ///     rows.At(999989).data;   // 7
@@ -28,8 +28,8 @@ public:
     RowRecord& At(int row);
     const RowRecord& At(int row) const { return const_cast<RowBlocks*>(this)->At(row); }
 
-    /// Makes the record of the inserted row `index` (from 0); called in order, once each.
-    using Maker = std::function<RowRecord(int index)>;
+    /// Fills the blank record of the inserted row `index` (from 0); called in order, once each.
+    using Maker = std::function<void(RowRecord& row, int index)>;
     /// Inserts rows in front of row `row` (Size() appends). None of them is selected afterwards. What `make`
     /// or a lack of memory throws leaves the rows as they were.
     void Insert(int row, int count, const Maker& make);

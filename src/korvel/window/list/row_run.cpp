@@ -31,7 +31,8 @@ void RowRun::Insert(int row, int count) {
 }
 
 void RowRun::Erase(int first, int last) {
-    MoveHole(std::clamp(m_hole, first, last));
+    if (m_hole < first || m_hole > last)
+        MoveHole(std::clamp(m_hole, first, last));
     for (int row = first; row < last; ++row)
         At(row).texts = nullptr;
     m_hole = first;
