@@ -1,4 +1,4 @@
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 #include "support/table.h"
 #include "support/tree_rows_fixture.h"
 

@@ -5,7 +5,7 @@
 #include "korvel/editors/combo_row_painter.h"
 #include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 #include "korvel/platform/error.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 
 #include <utility>
 

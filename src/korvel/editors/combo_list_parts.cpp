@@ -2,7 +2,7 @@
 
 #include "korvel/editors/drop_down_height.h"
 #include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/list/model_rows.h"
 
 #include <algorithm>

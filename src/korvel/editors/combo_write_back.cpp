@@ -1,6 +1,6 @@
 #include "korvel/editors/combo_write_back.h"
 
-#include "korvel/window/base/raised_flag.h"
+#include "korvel/platform/raised_flag.h"
 
 namespace korvel::internal {
 

@@ -1,6 +1,6 @@
 #include "korvel/grid/attribute_columns.h"
 
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 
 #include <utility>
 

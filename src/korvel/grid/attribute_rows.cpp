@@ -6,8 +6,8 @@
 #include "korvel/grid/member_reads.h"
 #include "korvel/grid/row_icons.h"
 #include "korvel/grid/tree_walk.h"
-#include "korvel/window/base/first_failure.h"
-#include "korvel/window/base/raised_flag.h"
+#include "korvel/platform/first_failure.h"
+#include "korvel/platform/raised_flag.h"
 
 #include <algorithm>
 #include <utility>

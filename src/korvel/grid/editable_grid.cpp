@@ -5,8 +5,8 @@
 #include "korvel/grid/cell_conversion.h"
 #include "korvel/grid/dispatch_sink.h"
 #include "korvel/grid/member_reads.h"
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
-#include "korvel/window/base/first_failure.h"
 #include "korvel/window/core/registered_messages.h"
 
 #include <algorithm>

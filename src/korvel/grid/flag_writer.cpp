@@ -1,7 +1,7 @@
 #include "korvel/grid/flag_writer.h"
 
 #include "korvel/grid/member_reads.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 
 namespace korvel::internal {
 

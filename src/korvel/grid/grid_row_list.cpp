@@ -4,7 +4,7 @@
 #include "korvel/grid/row_drag.h"
 #include "korvel/grid/row_icons.h"
 #include "korvel/grid/tree_grid_list.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/list/model_rows.h"
 
 #include <algorithm>

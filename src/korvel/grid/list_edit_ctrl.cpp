@@ -2,7 +2,7 @@
 
 #include "korvel/grid/tree_rows.h"
 #include "korvel/grid/tree_walk.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 
 #include <algorithm>
 #include <utility>

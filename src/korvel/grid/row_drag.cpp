@@ -1,7 +1,7 @@
 #include "korvel/grid/row_drag.h"
 
 #include "korvel/grid/tree_rows.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 
 #include <utility>
 

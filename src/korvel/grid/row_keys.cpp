@@ -2,7 +2,7 @@
 
 #include "korvel/grid/list_edit_ctrl.h"
 #include "korvel/grid/row_watch.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 
 #include <algorithm>
 

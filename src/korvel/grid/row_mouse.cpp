@@ -1,7 +1,7 @@
 #include "korvel/grid/row_mouse.h"
 
 #include "korvel/grid/row_watch.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "korvel/grid/attribute_tree.h"
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 
 #include <list>
 #include <map>

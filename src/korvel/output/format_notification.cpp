@@ -1,7 +1,8 @@
 #include "korvel/output/format_notification.h"
 
-#include "korvel/output/first_failure.h"
 #include "korvel/platform/error.h"
+#include "korvel/platform/first_failure.h"
+#include "korvel/platform/raised_flag.h"
 
 #include <algorithm>
 
@@ -19,12 +20,7 @@ void FormatNotification::RemoveSink(FormatSink* sink) {
 void FormatNotification::Fire(int times) {
     if (m_isFiring)
         throw Error("");
-    struct Firing {
-        bool& flag;
-        explicit Firing(bool& isFiring) : flag(isFiring) { flag = true; }
-        ~Firing() { flag = false; }
-    } firing(m_isFiring);
-
+    const RaisedFlag firing(m_isFiring);
     FirstFailure failure;
     for (; times > 0; --times) {
         const std::vector<FormatSink*> sinks = m_sinks;

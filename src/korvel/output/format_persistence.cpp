@@ -5,10 +5,10 @@
 #include "korvel/documents/xml_tree.h"
 #include "korvel/output/angle_output.h"
 #include "korvel/output/date_output.h"
-#include "korvel/output/first_failure.h"
 #include "korvel/output/number_output.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
+#include "korvel/platform/first_failure.h"
 #include "korvel/platform/replace_file.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "korvel/output/system_change.h"
 
-#include "korvel/output/first_failure.h"
 #include "korvel/output/system_formats.h"
+#include "korvel/platform/first_failure.h"
 
 #include <set>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/core/capture.h"
 #include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/focus.h"

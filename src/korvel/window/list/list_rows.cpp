@@ -1,6 +1,6 @@
 #include "korvel/window/list/list_rows.h"
 
-#include "korvel/window/base/first_failure.h"
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/leaving_rows.h"
 #include "korvel/window/list/list_notify.h"

@@ -6,6 +6,11 @@
 namespace korvel::internal {
 
 /// Keeps the first exception of several steps that must all be done.
+///
+///     FirstFailure failure;
+///     for (FormatSink* sink : sinks)
+///         failure.Try([&] { sink->OnFormatChanged(service); });
+///     failure.Rethrow();   // nothing when all returned
 class FirstFailure {
 public:
     template <class Step>
