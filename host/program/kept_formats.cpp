@@ -7,7 +7,7 @@
 #include "korvel/output/stations.h"
 #include "korvel/output/system_change.h"
 #include "korvel/platform/code_page.h"
-#include "korvel/platform/error.h"
+#include "korvel/platform/file_error.h"
 #include "korvel/platform/regional_settings.h"
 #include "korvel/platform/set_aside.h"
 #include "texts/messages.h"

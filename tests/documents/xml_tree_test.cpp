@@ -1,5 +1,5 @@
 #include "korvel/documents/xml_tree.h"
-#include "korvel/platform/error.h"
+#include "korvel/platform/file_error.h"
 #include "support/scratch.h"
 
 #include <fstream>

@@ -5,7 +5,7 @@
 #include "korvel/output/format_persistence.h"
 #include "korvel/output/number_output.h"
 #include "korvel/output/numbers.h"
-#include "korvel/platform/error.h"
+#include "korvel/platform/file_error.h"
 #include "support/german_machine.h"
 
 #include <fstream>

@@ -1,17 +1,34 @@
 #include "korvel/platform/code_page.h"
-#include "korvel/platform/error.h"
+#include "korvel/platform/file_error.h"
 #include "korvel/platform/replace_file.h"
 #include "support/scratch.h"
 
 #include <csignal>
+#include <cstring>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+
+namespace {
+
+// A file that another program makes as soon as one of this name is removed; empty: none.
+std::string NextFileOfAnother;
+
+} // namespace
+
+// Replaces the system's for the whole program.
+int unlink(const char* path) noexcept {
+    const int result = static_cast<int>(::syscall(SYS_unlink, path));
+    if (path == NextFileOfAnother) {
+        NextFileOfAnother.clear();
+        std::ofstream(path) << "another's";
+    }
+    return result;
+}
 
 namespace korvel::platform {
 namespace {
-
-using namespace internal;
 
 namespace fs = std::filesystem;
 
@@ -62,8 +79,10 @@ TEST(ReplaceFile, TakesTheLongestNamesThatTheSystemTakes) {
 std::string FailureOf(const fs::path& path, std::string_view content = "content") {
     try {
         ReplaceFile(path, content);
-    } catch (const Error& error) {
-        return ToUtf8(error.what());
+    } catch (const FileError& error) {
+        const std::string text = path.string() + ": " + std::strerror(error.SystemReason());
+        EXPECT_EQ(ToUtf8(error.what()), text);
+        return text;
     }
     return "none";
 }
@@ -109,6 +128,16 @@ TEST(ReplaceFile, NamesFileAndReasonAndLeavesTheOldFileAndNothingBeside) {
             << "though the folder would allow it";
     }
     EXPECT_EQ(ContentOf(file), "old");
+}
+
+TEST(ReplaceFile, RemovesNoFileThatItHasNotMade) {
+    const ScratchFolder folder;
+    const fs::path beside = folder.Path() / ("file." + std::to_string(::getpid()) + ".new");
+    NextFileOfAnother = beside;
+    EXPECT_EQ(FailureOf(folder.Path() / "file"), (folder.Path() / "file: File exists").string());
+    EXPECT_EQ(ContentOf(beside), "another's");
+    ReplaceFile(folder.Path() / "file", "new");
+    EXPECT_FALSE(fs::exists(beside)) << "what a killed program has left";
 }
 
 } // namespace

@@ -4,7 +4,7 @@
 #include "korvel/documents/xml_parser.h"
 #include "korvel/documents/xml_text.h"
 #include "korvel/platform/code_page.h"
-#include "korvel/platform/error.h"
+#include "korvel/platform/file_error.h"
 #include "korvel/platform/utf8.h"
 
 #include <algorithm>
@@ -20,9 +20,6 @@ namespace korvel::internal {
 namespace {
 
 std::string ReadFile(const std::string& path) {
-    const auto fail = [&](const std::string& reason) {
-        throw UnreadableFile(platform::FromUtf8(path + ": " + reason).text);
-    };
     // Anything but a file may never end, or wait for another program.
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);
@@ -31,13 +28,13 @@ std::string ReadFile(const std::string& path) {
     else if (!error && !std::filesystem::is_regular_file(status))
         error = std::make_error_code(std::errc::invalid_argument);
     if (error)
-        fail(error.message());
+        throw UnreadableFile(path, error.value());
     errno = 0;
     std::ifstream file(path, std::ios::binary);
     std::ostringstream content;
     const bool isEmpty = file && file.peek() == std::ifstream::traits_type::eof() && !file.bad();
     if (!isEmpty && (!file || !(content << file.rdbuf())))
-        fail(std::generic_category().message(errno));
+        throw UnreadableFile(path, errno);
     return std::move(content).str();
 }
 

@@ -244,7 +244,7 @@ void SaveFormatStates(const char* path) {
     if (std::any_of(stream.view().begin(), stream.view().end(), IsRefusedByXml))
         throw Error(platform::FromUtf8(PathText(path)).text +
                     ": a format holds a control character, which no XML file can hold");
-    internal::ReplaceFile(PathText(path), stream.view());
+    platform::ReplaceFile(PathText(path), stream.view());
 }
 
 void LoadFormatStates(const char* path) {

@@ -20,9 +20,10 @@ namespace korvel {
 /// A separator of one carriage return does not survive: line ends change into each other in these files (see
 /// EscapeXmlText), and a line feed alone means an empty text.
 
-/// Replaces the file: it holds the old formats or the new ones, never a part. \throws Error with the file's
-/// name and the reason, also for a format with a control character, which no XML file can hold; the old file
-/// is unchanged then, unless only the last step failed, which makes sure that the new one outlives a crash
+/// Replaces the file: it holds the old formats or the new ones, never a part. \throws FileError
+/// (platform/file_error.h) with the file's name and the reason, or Error with the file's name for a format
+/// with a control character, which no XML file can hold; the old file is unchanged then, unless only the last
+/// step failed, which makes sure that the new one outlives a crash
 KORVEL_API void SaveFormatStates(const char* path);
 
 /// Takes the formats of a file into the running services. Grids write the texts of each service of which
@@ -32,8 +33,8 @@ KORVEL_API void SaveFormatStates(const char* path);
 ///
 /// \throws XmlFileError, with the file's name, line, position and the reason, for a file that is no
 /// well-formed XML, in which an element is twice or inside one that holds a text; nothing changes then.
-/// \throws UnreadableFile, with the file's name and the reason, for one that cannot be read; nothing changes
-/// then.
+/// \throws UnreadableFile (platform/file_error.h), with the file's name and the reason, for one that cannot be
+/// read; nothing changes then.
 /// \throws Error with the schema text when an element is missing or its text is no value; what was read
 /// before it stays in force, and is shown.
 KORVEL_API void LoadFormatStates(const char* path);

@@ -21,10 +21,4 @@ private:
     std::string m_text;
 };
 
-/// A file of which nothing could be read. What is in it may be whole.
-class KORVEL_API UnreadableFile : public Error {
-public:
-    using Error::Error;
-};
-
 } // namespace korvel

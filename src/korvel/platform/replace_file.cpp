@@ -1,29 +1,23 @@
 #include "korvel/platform/replace_file.h"
 
-#include "korvel/platform/code_page.h"
-#include "korvel/platform/error.h"
+#include "korvel/platform/file_error.h"
 #include "korvel/platform/utf8.h"
 
 #include <cerrno>
 #include <climits>
 #include <fcntl.h>
-#include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 #include <utility>
 
-namespace korvel::internal {
+namespace korvel::platform {
 
 namespace {
 
-[[noreturn]] void Fail(const std::string& path, int error) {
-    throw Error(platform::FromUtf8(path + ": " + std::generic_category().message(error)).text);
-}
-
-void Require(bool succeeded, const std::string& path) {
+void Require(bool succeeded, const std::filesystem::path& path) {
     if (!succeeded)
-        Fail(path, errno);
+        throw FileError(path, errno);
 }
 
 // An open file that is closed at the end.
@@ -59,13 +53,13 @@ bool WriteAll(int file, std::string_view content) {
 }
 
 // The file that is to be replaced, after following links.
-std::filesystem::path TargetOf(const std::string& path) {
+std::filesystem::path TargetOf(const std::filesystem::path& path) {
     constexpr int MostLinks = 40; // as the system itself follows
     std::filesystem::path target = path;
     std::error_code none;
     for (int links = 0; std::filesystem::is_symlink(std::filesystem::symlink_status(target, none)); ++links) {
         if (links == MostLinks)
-            Fail(path, ELOOP);
+            throw FileError(path, ELOOP);
         target = target.parent_path() / std::filesystem::read_symlink(target, none);
     }
     return target;
@@ -74,7 +68,7 @@ std::filesystem::path TargetOf(const std::string& path) {
 std::filesystem::path NameBeside(const std::filesystem::path& target) {
     const std::string suffix = "." + std::to_string(::getpid()) + ".new";
     std::string name = target.filename().string();
-    name.resize(platform::CutUtf8(name, NAME_MAX - suffix.size()).size());
+    name.resize(CutUtf8(name, NAME_MAX - suffix.size()).size());
     return target.parent_path() / (name + suffix);
 }
 
@@ -84,22 +78,43 @@ void KeepOwner(const Descriptor& file, const struct stat& replaced) {
         const int result = ::fchown(file.Number(), static_cast<uid_t>(-1), replaced.st_gid);
 }
 
-void WriteBeside(const std::filesystem::path& beside, const struct stat* replaced, std::string_view content,
-                 const std::string& path) {
-    constexpr mode_t UsualPermissions = 0666;
-    // What has this name was left by a killed program of the same number. What takes it from here on is
-    // someone else's and is not written to.
-    ::unlink(beside.c_str());
-    Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, UsualPermissions));
-    Require(file.IsOpen(), path);
-    if (replaced != nullptr) {
-        KeepOwner(file, *replaced); // before the permissions, of which it clears some
-        Require(::fchmod(file.Number(), replaced->st_mode & 07777) == 0, path);
+// The new content beside the file that it is to replace; removed unless it replaces it.
+class NewFile {
+public:
+    explicit NewFile(const std::filesystem::path& target) : m_name(NameBeside(target)) {}
+    ~NewFile() {
+        if (m_isThere)
+            ::unlink(m_name.c_str());
     }
-    Require(WriteAll(file.Number(), content), path);
-    Require(::fsync(file.Number()) == 0, path);
-    Require(file.Close(), path);
-}
+    NewFile(const NewFile&) = delete;
+    NewFile& operator=(const NewFile&) = delete;
+
+    void Write(std::string_view content, const struct stat* replaced, const std::filesystem::path& path) {
+        constexpr mode_t UsualPermissions = 0666;
+        // What has this name was left by a killed program of the same number. What takes it from here on is
+        // someone else's and is neither written to nor removed.
+        ::unlink(m_name.c_str());
+        Descriptor file(::open(m_name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, UsualPermissions));
+        Require(file.IsOpen(), path);
+        m_isThere = true;
+        if (replaced != nullptr) {
+            KeepOwner(file, *replaced); // before the permissions, of which it clears some
+            Require(::fchmod(file.Number(), replaced->st_mode & 07777) == 0, path);
+        }
+        Require(WriteAll(file.Number(), content), path);
+        Require(::fsync(file.Number()) == 0, path);
+        Require(file.Close(), path);
+    }
+
+    void Replace(const std::filesystem::path& target, const std::filesystem::path& path) {
+        Require(::rename(m_name.c_str(), target.c_str()) == 0, path);
+        m_isThere = false;
+    }
+
+private:
+    std::filesystem::path m_name;
+    bool m_isThere = false;
+};
 
 int OpenFolderOf(const std::filesystem::path& target) {
     const std::filesystem::path folder = target.has_parent_path() ? target.parent_path() : ".";
@@ -113,34 +128,29 @@ bool Flush(const Descriptor& folder) {
 
 // The state of the file that is to be replaced; throws for what is no file, and for one that may not be
 // written. False when there is none.
-bool Inspect(const std::filesystem::path& target, struct stat& state, const std::string& path) {
+bool Inspect(const std::filesystem::path& target, struct stat& state, const std::filesystem::path& path) {
     if (::stat(target.c_str(), &state) != 0) {
         Require(errno == ENOENT, path);
         return false;
     }
     if (!S_ISREG(state.st_mode))
-        Fail(path, S_ISDIR(state.st_mode) ? EISDIR : EINVAL);
+        throw FileError(path, S_ISDIR(state.st_mode) ? EISDIR : EINVAL);
     Require(::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0, path);
     return true;
 }
 
 } // namespace
 
-void ReplaceFile(const std::string& path, std::string_view content) {
+void ReplaceFile(const std::filesystem::path& path, std::string_view content) {
     const std::filesystem::path target = TargetOf(path);
     struct stat replaced {};
     const bool exists = Inspect(target, replaced, path);
     const Descriptor folder(OpenFolderOf(target));
     Require(folder.IsOpen(), path);
-    const std::filesystem::path beside = NameBeside(target);
-    try {
-        WriteBeside(beside, exists ? &replaced : nullptr, content, path);
-        Require(::rename(beside.c_str(), target.c_str()) == 0, path);
-    } catch (...) {
-        ::unlink(beside.c_str());
-        throw;
-    }
+    NewFile beside(target);
+    beside.Write(content, exists ? &replaced : nullptr, path);
+    beside.Replace(target, path);
     Require(Flush(folder), path);
 }
 
-} // namespace korvel::internal
+} // namespace korvel::platform

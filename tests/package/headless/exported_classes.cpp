@@ -47,7 +47,7 @@ void UseExportedClasses() {
     UseAll<CVariantValue, CFileValueImp, IFileContainer, IFileValue, IComboBoxParent, IDestroyValue,
            IEnumValue, IEnumSink, IEnumContainer, EnumImages, GroupPresentation, IMemberDispatch,
            IMemberCommandSink, IObserverGridSink, KorvelCommonEntityFunction::IKorvelCommonEntityFunction>();
-    UseAll<Error, UnreadableFile, invalid_operation, platform::SettingValue>();
+    UseAll<Error, FileError, UnreadableFile, invalid_operation, platform::SettingValue>();
     UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDC, CImageList, IDisplay>();
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
     UseMember(&platform::SettingValue::AsNumber);
