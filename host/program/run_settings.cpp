@@ -15,7 +15,7 @@ namespace korvel::inspector {
 
 std::string SetAsideIfDamaged(const platform::StoreProblem& problem) {
     const std::string file = platform::StorePath(problem.root).string();
-    if (!problem.isDamaged)
+    if (problem.kind != platform::StoreProblem::Kind::Damaged)
         return Say({"the settings cannot be read: %1 is locked or out of reach", {file}});
     const std::string notice = Say({"the settings cannot be read: %1 is damaged", {file}});
     try {

@@ -8,12 +8,21 @@
 
 #include <fstream>
 #include <gtest/gtest.h>
+#include <memory>
 #include <sqlite3.h>
 
 namespace korvel::platform {
 namespace {
 
 using namespace internal;
+
+// Runs statements on a store, which stays open.
+std::shared_ptr<sqlite3> OtherProgram(const std::filesystem::path& file, const char* statements) {
+    sqlite3* store = nullptr;
+    sqlite3_open(file.c_str(), &store);
+    sqlite3_exec(store, statements, nullptr, nullptr, nullptr);
+    return {store, sqlite3_close};
+}
 
 class RegionalSettingsTest : public testing::Test {
 protected:
@@ -103,16 +112,20 @@ TEST_F(RegionalSettingsTest, LetsTheUserOverride) {
     EXPECT_EQ(changed.decimalSeparator, "'") << "up to the first zero";
     EXPECT_EQ(changed.grouping, "3;0") << "not a text";
 
-    sqlite3* other = nullptr;
-    sqlite3_open(m_store.File().c_str(), &other);
-    sqlite3_exec(other, "UPDATE settings SET value = 1.5 WHERE name = 'sdecimal'", nullptr, nullptr, nullptr);
-    sqlite3_close(other);
+    OtherProgram(m_store.File(), "UPDATE settings SET value = 1.5 WHERE name = 'sdecimal'");
     std::string told;
-    SetStoreProblemListener([&](const StoreProblem& problem) { told = problem.text; });
+    SetStoreProblemListener([&](const StoreProblem& problem) { told += problem.valueName + problem.text; });
     const RegionalSettings mostly = ReadRegionalSettings();
+    EXPECT_EQ(mostly.decimalSeparator, ",") << "a fraction is no setting";
+    EXPECT_EQ(mostly.timePicture, "sTimeFormat");
+    EXPECT_TRUE(told.starts_with("sDecimalThe settings store " + m_store.File().string())) << told;
+
+    std::vector<StoreProblem::Kind> kinds;
+    SetStoreProblemListener([&](const StoreProblem& problem) { kinds.push_back(problem.kind); });
+    const auto holder = OtherProgram(m_store.File(), "PRAGMA journal_mode=delete; BEGIN EXCLUSIVE");
+    ReadRegionalSettings();
     SetStoreProblemListener(nullptr);
-    EXPECT_EQ(mostly.decimalSeparator + mostly.timePicture, ",sTimeFormat") << "a fraction is no setting";
-    EXPECT_NE(told.find("'sDecimal'"), std::string::npos);
+    EXPECT_EQ(kinds, std::vector{StoreProblem::Kind::OutOfReach}) << "the same file, another problem";
 }
 
 TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
@@ -122,12 +135,13 @@ TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
     std::ofstream(m_store.File(), std::ios::app).close();
     std::filesystem::resize_file(m_store.File(), 100);
     EXPECT_EQ(decimal(), ",") << "nobody listens";
-    std::vector<bool> told;
+    using enum StoreProblem::Kind;
+    std::vector<StoreProblem::Kind> told;
     SetStoreProblemListener([&](const StoreProblem& problem) {
         EXPECT_NE(problem.text.find(StorePath(problem.root).string()), std::string::npos);
-        told.push_back(problem.isDamaged);
+        told.push_back(problem.kind);
     });
-    EXPECT_EQ(told, std::vector{true}) << "what came before is told first";
+    EXPECT_EQ(told, std::vector{Damaged}) << "what came before is told first";
     EXPECT_EQ(decimal(), ",");
     EXPECT_EQ(told.size(), 1u) << "once a file";
     SetStoreAside(SettingsRoot::User);
@@ -137,13 +151,22 @@ TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
 
     SetStorePath(SettingsRoot::User, m_store.Path() / "locked");
     Override("sDecimal", SettingValue::Text("'"));
-    sqlite3* holder = nullptr;
-    sqlite3_open((m_store.Path() / "locked").c_str(), &holder);
-    sqlite3_exec(holder, "PRAGMA journal_mode=delete; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
-    EXPECT_EQ(decimal(), ",");
-    sqlite3_close(holder);
+    {
+        const auto holder =
+            OtherProgram(StorePath(SettingsRoot::User), "PRAGMA journal_mode=delete; BEGIN EXCLUSIVE");
+        EXPECT_EQ(decimal(), ",");
+    }
     EXPECT_EQ(decimal(), "'");
-    EXPECT_EQ(told, (std::vector{true, true, false}));
+    EXPECT_EQ(told, (std::vector{Damaged, Damaged, OutOfReach}));
+    {
+        SetStorePath(SettingsRoot::User, m_store.Path() / "refused");
+        Override("sDecimal", SettingValue::Text("'"));
+        chmod(StorePath(SettingsRoot::User).c_str(), 0000);
+        const OrdinaryUser user;
+        EXPECT_EQ(decimal(), ",");
+    }
+    EXPECT_EQ(told, (std::vector{Damaged, Damaged, OutOfReach, OutOfReach}))
+        << "without the right to read it";
 
     SetStoreProblemListener(nullptr);
     for (const char* name : {"first", "second"}) {
@@ -152,8 +175,8 @@ TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
         EXPECT_EQ(decimal(), ",");
     }
     EXPECT_ANY_THROW(SetStoreProblemListener([](const StoreProblem&) { throw Error("listener"); }));
-    SetStoreProblemListener([&](const StoreProblem&) { told.push_back(true); });
-    EXPECT_EQ(told.size(), 4u) << "the rest is kept for the next";
+    SetStoreProblemListener([&](const StoreProblem&) { told.push_back(Damaged); });
+    EXPECT_EQ(told.size(), 5u) << "the rest is kept for the next";
     SetStoreProblemListener(nullptr);
 }
 

@@ -78,22 +78,31 @@ TEST(Language, IsTriedAgainAfterAFailureAndThenStays) {
     ExpectResult(run, "ErrorGermannoError");
 }
 
-TEST(Language, IsTheLocalesWhereTheStoresCannotBeRead) {
-    const auto run = [] {
-        const platform::ScratchVariable all("LC_ALL", "de_DE.UTF-8");
-        std::string told;
-        platform::SetStoreProblemListener([&](const platform::StoreProblem& problem) {
-            told += problem.isDamaged ? "damaged " : "locked ";
-        });
-        for (const SettingsRoot root : {SettingsRoot::User, SettingsRoot::Machine}) {
-            std::filesystem::create_directories(StorePath(root).parent_path());
-            std::ofstream(StorePath(root)) << std::string(5000, 'x');
-        }
-        const std::string name = GetLanguageName() + GetLanguageName();
-        platform::SetStoreProblemListener(nullptr);
-        return told + name + Text(ErrorText);
+TEST(Language, IsTheLocalesWhereAStoreCannotBeReadAndNothingNamesOne) {
+    const std::tuple<std::vector<SettingsRoot>, const char*, const char*> rows[] = {
+        {{SettingsRoot::User, SettingsRoot::Machine}, nullptr, "2 GermanGermanFehler"},
+        {{SettingsRoot::User}, nullptr, "1 GermanGermanFehler"},
+        {{SettingsRoot::User}, "English", "1 EnglishEnglishError"},
+        {{SettingsRoot::Machine}, nullptr, "1 GermanGermanFehler"},
     };
-    ExpectResult(run, "damaged damaged GermanGermanFehler");
+    for (const auto& row : rows) {
+        const auto run = [&] {
+            const auto& [damaged, installLanguage, result] = row;
+            const platform::ScratchVariable all("LC_ALL", "de_DE.UTF-8");
+            if (installLanguage)
+                Store(SettingsRoot::Machine, "InstallLanguage", installLanguage);
+            int told = 0;
+            platform::SetStoreProblemListener([&](const platform::StoreProblem&) { ++told; });
+            for (const SettingsRoot root : damaged) {
+                std::filesystem::create_directories(StorePath(root).parent_path());
+                std::ofstream(StorePath(root)) << std::string(5000, 'x');
+            }
+            const std::string name = GetLanguageName() + GetLanguageName();
+            platform::SetStoreProblemListener(nullptr);
+            return std::to_string(told) + " " + name + Text(ErrorText);
+        };
+        ExpectResult(run, std::get<2>(row));
+    }
 }
 
 TEST(Language, KeepsTheWordsThatHostsWerePromisedWhereTheyLookForThem) {

@@ -49,7 +49,7 @@ std::vector<std::optional<std::string>> ReadOverrides() {
         names.push_back(row.name);
     std::vector<std::optional<SettingValue>> values;
     internal::StoreProblemLog::Instance().ReadOrTell(
-        SettingsRoot::User, [&] { ReadSettings(SettingsRoot::User, SettingsKey, names, values); });
+        SettingsRoot::User, [&] { return ReadSettings(SettingsRoot::User, SettingsKey, names, values); });
     std::vector<std::optional<std::string>> texts(names.size());
     for (std::size_t i = 0; i < values.size(); ++i)
         if (values[i] && values[i]->type == SettingType::Text)

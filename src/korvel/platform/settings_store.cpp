@@ -21,6 +21,7 @@ using internal::StoreDatabase;
 using internal::StoreJournal;
 using internal::StoreStatement;
 using internal::StoreUse;
+using internal::WrongStoreValue;
 
 constexpr const char* StoreFile = "settings.sqlite";
 
@@ -106,21 +107,13 @@ std::optional<SettingValue> ColumnValue(const StoreStatement& statement, int col
     return std::nullopt;
 }
 
-// Thrown for a value that some other program has set.
-class UnknownValue : public Error {
-public:
-    UnknownValue(const StoreDatabase& store, std::string_view name)
-        : Error(store.Failure("the value '" + std::string(name) +
-                              "' is neither text nor binary nor a whole number")) {}
-};
-
 std::optional<SettingValue> FindValue(StoreDatabase& store, const std::string& key, std::string_view name) {
     StoreStatement query(store, "SELECT value FROM settings WHERE path = ? AND name = ?");
     if (!query.BindText(1, key).BindText(2, StoredName(name)).Step())
         return std::nullopt;
     std::optional<SettingValue> value = ColumnValue(query, 0);
     if (!value)
-        throw UnknownValue(store, name);
+        throw WrongStoreValue(store.File(), name);
     return value;
 }
 
@@ -231,7 +224,7 @@ SettingsStatus ReadSettings(SettingsRoot root, std::string_view path, std::span<
                             std::vector<std::optional<SettingValue>>& values) {
     return Run([&] {
         std::vector<std::optional<SettingValue>> found(names.size());
-        std::optional<UnknownValue> unknown; // the first
+        std::optional<WrongStoreValue> wrong; // the first
         const std::string key = StoredPath(path);
         std::optional<StoreDatabase> store = StoreDatabase::OpenExisting(StorePath(root), StoreUse::Reading);
         if (!key.empty() && (!store || !HasKey(*store, key)))
@@ -241,14 +234,14 @@ SettingsStatus ReadSettings(SettingsRoot root, std::string_view path, std::span<
             for (std::size_t i = 0; i < names.size(); ++i) {
                 try {
                     found[i] = FindValue(*store, key, names[i]);
-                } catch (const UnknownValue& error) {
-                    unknown = unknown.value_or(error);
+                } catch (const WrongStoreValue& error) {
+                    wrong = wrong.value_or(error);
                 }
             }
         }
         values = std::move(found);
-        if (unknown)
-            throw *unknown;
+        if (wrong)
+            throw *wrong;
         return SettingsStatus::Done;
     });
 }

@@ -69,6 +69,16 @@ std::string UnchangingName(const std::filesystem::path& file) {
 
 } // namespace
 
+std::string StoreFailure(const std::filesystem::path& file, std::string_view problem) {
+    return "The settings store " + platform::FromUtf8(file.string()).text +
+           " cannot be used: " + std::string(problem);
+}
+
+WrongStoreValue::WrongStoreValue(const std::filesystem::path& file, std::string_view valueName)
+    : Error(StoreFailure(file, "the value '" + std::string(valueName) +
+                                   "' is neither text nor binary nor a whole number")),
+      m_valueName(valueName) {}
+
 std::optional<StoreDatabase> StoreDatabase::OpenExisting(const std::filesystem::path& file, StoreUse use) {
     if (file.empty() || !Exists(file))
         return std::nullopt;
@@ -236,11 +246,6 @@ void StoreDatabase::Check(int answer) const {
     default:
         throw Error(Failure(sqlite3_errstr(answer)));
     }
-}
-
-std::string StoreDatabase::Failure(std::string_view problem) const {
-    return "The settings store " + platform::FromUtf8(m_file.string()).text +
-           " cannot be used: " + std::string(problem);
 }
 
 } // namespace korvel::internal

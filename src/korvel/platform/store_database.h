@@ -27,6 +27,20 @@ public:
     using Error::Error;
 };
 
+/// Thrown for a value that some other program has set to what no setting is.
+class WrongStoreValue : public Error {
+public:
+    WrongStoreValue(const std::filesystem::path& file, std::string_view valueName);
+
+    const std::string& ValueName() const { return m_valueName; }
+
+private:
+    std::string m_valueName;
+};
+
+/// The text of an Error about the store in a file.
+std::string StoreFailure(const std::filesystem::path& file, std::string_view problem);
+
 /// How a store keeps what is not yet in its file: in a log beside it, so that readers wait for no writer, or
 /// in a journal, so that readers need no right to write anything.
 enum class StoreJournal { Log, Rollback };
@@ -59,8 +73,7 @@ public:
 
     /// Throws unless the result of a call of SQLite is a success.
     void Check(int answer) const;
-    /// The text of an Error about this store.
-    std::string Failure(std::string_view problem) const;
+    const std::filesystem::path& File() const { return m_file; }
     sqlite3* Handle() const { return m_handle.get(); }
 
 private:
@@ -71,6 +84,7 @@ private:
     void WaitForOthers();
     void LeaveLog();
     void Execute(const char* sql);
+    std::string Failure(std::string_view problem) const { return StoreFailure(m_file, problem); }
     std::string JournalMode();
     bool IsStore();
     bool HasTables();

@@ -33,14 +33,20 @@ std::optional<StoreProblem> StoreProblemLog::TakeUntold() {
     return first;
 }
 
-bool StoreProblemLog::ReadOrTell(platform::SettingsRoot root, const std::function<void()>& read) {
-    StoreProblem problem{root, "", false};
+bool StoreProblemLog::ReadOrTell(platform::SettingsRoot root,
+                                 const std::function<platform::SettingsStatus()>& read) {
+    StoreProblem problem{root, StoreProblem::Kind::OutOfReach, "", ""};
     try {
-        read();
-        return true;
+        if (read() != platform::SettingsStatus::AccessDenied)
+            return true;
+        problem.text = StoreFailure(platform::StorePath(root), "access is denied");
     } catch (const StoreDamaged& error) {
+        problem.kind = StoreProblem::Kind::Damaged;
         problem.text = error.what();
-        problem.isDamaged = true;
+    } catch (const WrongStoreValue& error) {
+        problem.kind = StoreProblem::Kind::WrongValue;
+        problem.text = error.what();
+        problem.valueName = error.ValueName();
     } catch (const Error& error) {
         problem.text = error.what();
     }
@@ -50,15 +56,14 @@ bool StoreProblemLog::ReadOrTell(platform::SettingsRoot root, const std::functio
 
 void StoreProblemLog::Forget(const std::filesystem::path& file) {
     const std::lock_guard lock(m_mutex);
-    m_known.erase({file, true});
-    m_known.erase({file, false});
+    std::erase_if(m_known, [&](const auto& known) { return known.first == file; });
 }
 
 void StoreProblemLog::Tell(const StoreProblem& problem) {
     Listener listener;
     {
         const std::lock_guard lock(m_mutex);
-        if (!m_known.emplace(platform::StorePath(problem.root), problem.isDamaged).second)
+        if (!m_known.emplace(platform::StorePath(problem.root), problem.kind).second)
             return;
         listener = m_listener;
         if (!listener)

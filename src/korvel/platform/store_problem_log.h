@@ -19,9 +19,9 @@ public:
 
     void Listen(Listener listener);
 
-    /// Runs `read`, which reads from the store of a root. False when the store could not be read: the
-    /// listener has been told.
-    bool ReadOrTell(platform::SettingsRoot root, const std::function<void()>& read);
+    /// Runs `read`, which reads from the store of a root and returns what became of that. False when a
+    /// setting could not be read: the listener has been told.
+    bool ReadOrTell(platform::SettingsRoot root, const std::function<platform::SettingsStatus()>& read);
 
     /// The file is gone: what is wrong with another one of its name is news again.
     void Forget(const std::filesystem::path& file);
@@ -33,7 +33,7 @@ private:
     std::mutex m_mutex;
     Listener m_listener;
     std::deque<platform::StoreProblem> m_untold;
-    std::set<std::pair<std::filesystem::path, bool>> m_known; // and whether it is damaged
+    std::set<std::pair<std::filesystem::path, platform::StoreProblem::Kind>> m_known;
 };
 
 } // namespace korvel::internal

@@ -33,18 +33,16 @@ std::string LanguageOfLocale() {
     return platform::UserLanguage() == "de" ? "German" : "English";
 }
 
-enum class NameIn { Settings, Nothing, UnreadableStore };
-
-NameIn ReadName(platform::SettingsRoot root, const char* valueName, std::string& name) {
+// Nothing where the settings have no such value, and where they cannot be read, which is noted.
+std::optional<std::string> NameIn(platform::SettingsRoot root, const char* valueName, bool& isUnreadable) {
     platform::SettingValue value;
     auto status = platform::SettingsStatus::ValueMissing;
-    const bool isReadable = internal::StoreProblemLog::Instance().ReadOrTell(
-        root, [&] { status = platform::ReadSetting(root, RegistryPath, valueName, value); });
-    if (status == platform::SettingsStatus::Done)
-        name = value.bytes.substr(0, value.bytes.find('\0'));
-    return !isReadable                                ? NameIn::UnreadableStore
-           : status == platform::SettingsStatus::Done ? NameIn::Settings
-                                                      : NameIn::Nothing;
+    const auto read = [&] { return status = platform::ReadSetting(root, RegistryPath, valueName, value); };
+    if (!internal::StoreProblemLog::Instance().ReadOrTell(root, read))
+        isUnreadable = true;
+    if (status != platform::SettingsStatus::Done)
+        return std::nullopt;
+    return value.bytes.substr(0, value.bytes.find('\0'));
 }
 
 LanguageChoice Choose() {
@@ -63,17 +61,13 @@ const LanguageChoice& GetLanguage() {
 std::string GetLanguageName() {
     if (RunChoice().name)
         return *RunChoice().name;
-    std::string name;
-    if (ReadName(platform::SettingsRoot::User, "Language", name) == NameIn::Settings)
-        return name;
-    switch (ReadName(platform::SettingsRoot::Machine, "InstallLanguage", name)) {
-    case NameIn::Settings:
-        return name;
-    case NameIn::UnreadableStore:
+    bool isUnreadable = false;
+    if (const auto name = NameIn(platform::SettingsRoot::User, "Language", isUnreadable))
+        return *name;
+    if (const auto name = NameIn(platform::SettingsRoot::Machine, "InstallLanguage", isUnreadable))
+        return *name;
+    if (isUnreadable)
         return LanguageOfLocale();
-    case NameIn::Nothing:
-        break;
-    }
     return ReadRegistry(RegistryRoot::LocalMachine, RegistryPath, "",
                         "InstallLanguage"); // its text says why not
 }

@@ -9,8 +9,8 @@ namespace korvel {
 /// The language in which the library speaks.
 ///
 /// It is chosen at first use and stays for the life of the process. It is named by the value `Language` of
-/// the user's settings, else by `InstallLanguage` of the machine's, else, where the machine's settings cannot
-/// be read, by the user's locale; see platform/store_problem.h for who hears of a store that cannot be read.
+/// the user's settings, else by `InstallLanguage` of the machine's, else, where one of the two could not be
+/// read, by the user's locale; see platform/store_problem.h for who hears of that.
 /// "English" and "Hungarian" are known by their exact bytes; every other name selects German. The Hungarian
 /// texts are all empty.
 struct LanguageChoice {
@@ -22,11 +22,11 @@ struct LanguageChoice {
 };
 
 /// The language of the process.
-/// \throws Error when the settings name none; the next call tries again
+/// \throws Error when the settings can be read and name none; the next call tries again
 KORVEL_API const LanguageChoice& GetLanguage();
 
 /// The name as the settings hold it now, or as `SetLanguageForThisRun` was given it.
-/// \throws Error when the settings name none
+/// \throws Error when the settings can be read and name none
 KORVEL_API std::string GetLanguageName();
 
 /// Names the language for this run only, whatever the settings say. To be called before anything asks for a
