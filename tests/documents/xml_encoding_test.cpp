@@ -120,6 +120,8 @@ TEST(XmlEncoding, RefusesWhatItCannotBeWithThePlace) {
          "half a character"},
         {"half a pair in four bytes", Wide(std::u32string(U"<a>\xD800</a>"), false), 1, 4, "not UTF-32"},
         {"beyond Unicode", Wide(std::u32string(U"<a>\x110000</a>"), true), 1, 4, "not UTF-32"},
+        {"half a pair that is a letter of its own", Declared("CESU-8") + "<a>\xED\xA0\x80</a>", 1, 45,
+         "U+D800 is not allowed"},
         {"half a unit", Wide(std::u16string(u"<a/>"), false) + "x", 1, 5, "cut off"},
         {"after a pair", Wide(smile + u"</a>", true), 2, 5, "the element 'b' is closed by 'a'"},
         {"after a pair, the other order", Wide(smile + u"\x2", false), 2, 5, "U+0002"},

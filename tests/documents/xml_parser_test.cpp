@@ -129,9 +129,15 @@ TEST(XmlParser, TellsTheFirstFaultOfAFileWhateverItsKind) {
         }
     }
     const std::vector<XmlRefusal> rows = {
-        {"reference", "<a b='& x", 1, 7, "no reference"}, {"markup in a value", "<a b='<", 1, 7, "holds '<'"},
-        {"wrong end", "<a></b>", 1, 4, "is closed by"},   {"attribute twice", "<a b='' b='' ", 1, 9, "twice"},
-        {"second root", "<a/><b", 1, 5, "second root"},   {"no blank", "<a b=''c", 1, 8, "a blank"}};
+        {"reference", "<a b='& x", 1, 7, "no reference"},
+        {"markup in a value", "<a b='<", 1, 7, "holds '<'"},
+        {"wrong end", "<a></b>", 1, 4, "is closed by"},
+        {"attribute twice", "<a b='' b='' ", 1, 9, "twice"},
+        {"second root", "<a/><b", 1, 5, "second root"},
+        {"no blank", "<a b=''c", 1, 8, "a blank"},
+        {"wrong end before its '>'", "<a></b ", 1, 4, "is closed by"},
+        {"attribute twice before its value", "<a b='1' b='", 1, 10, "twice"},
+        {"attribute twice before another fault", "<a b='1' b=<", 1, 10, "twice"}};
     ExpectRefusals(rows, [&](const std::string& text) { Pieces(XmlParser(text, fault)); });
 }
 

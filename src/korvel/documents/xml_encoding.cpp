@@ -54,10 +54,6 @@ bool IsNameOf(std::string_view canonicalName, const Form& form) {
     return (order != "LE" && order != "BE") || form.name.ends_with(order);
 }
 
-bool IsXmlCharacter(char32_t c) {
-    return c >= 0x20 ? c != 0xFFFE && c != 0xFFFF : c == '\t' || c == '\n' || c == '\r';
-}
-
 XmlFault RefusedCharacter(char32_t character) {
     char text[16];
     std::snprintf(text, sizeof text, "U+%04X", static_cast<unsigned>(character));
@@ -81,11 +77,11 @@ void Decode(DecodedXml& document, Read read) {
     std::size_t length = 0;
     read([&](char32_t c) {
         length += c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
-        return IsXmlCharacter(c);
+        return XmlScanner::IsCharacter(c);
     });
     document.text.reserve(length);
     const std::optional<XmlFault> wrongBytes = read([&](char32_t c) {
-        if (IsXmlCharacter(c))
+        if (XmlScanner::IsCharacter(c))
             platform::AppendUtf8(document.text, c);
         else
             document.fault = RefusedCharacter(c);
@@ -143,7 +139,7 @@ void CheckUtf8(DecodedXml& document, const XmlFault& wrongBytes) {
         }
         const std::size_t offset = document.text.size() - rest.size();
         const std::optional<char32_t> character = platform::TakeUtf8(rest);
-        if (character && IsXmlCharacter(*character))
+        if (character && XmlScanner::IsCharacter(*character))
             continue;
         document.fault = character ? RefusedCharacter(*character) : wrongBytes;
         document.text.resize(offset);

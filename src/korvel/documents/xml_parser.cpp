@@ -124,11 +124,15 @@ XmlParser::Piece XmlParser::ReadStartTag() {
 
 void XmlParser::ReadAttributes() {
     m_attributes.clear();
+    XmlAttribute attribute;
     try {
-        for (XmlAttribute attribute; m_scanner.NextAttribute(attribute);)
+        for (; m_scanner.NextAttribute(attribute); attribute = {})
             m_attributes.push_back(attribute);
     } catch (const XmlError&) {
-        CheckAttributeNames(); // a name that is there twice comes before what follows it
+        // A name that is there twice comes before what is wrong after it, unless the end of the text cuts it.
+        if (!attribute.name.empty() && OffsetOf(attribute.name) + attribute.name.size() < m_document.size())
+            m_attributes.push_back(attribute);
+        CheckAttributeNames();
         throw;
     }
     CheckAttributeNames();
@@ -180,14 +184,16 @@ void XmlParser::CheckPrefix(std::string_view name, NameOf kind) const {
 XmlParser::Piece XmlParser::ReadEndTag() {
     m_scanner.Skip("</");
     const std::string_view name = m_scanner.TakeName();
-    m_scanner.SkipBlanks();
-    if (!m_scanner.Skip(">"))
+    if (m_scanner.AtEnd()) // the name may go on
         m_scanner.FailUnlessCutOff(">", "'>' is expected here");
     if (m_open.empty())
         Fail(m_offset, {"the element %1 is closed but not open", {XmlError::Quoted(name)}});
     if (m_open.back().name != name)
         Fail(m_offset, {"the element %1 is closed by %2",
                         {XmlError::Quoted(m_open.back().name), XmlError::Quoted(name)}});
+    m_scanner.SkipBlanks();
+    if (!m_scanner.Skip(">"))
+        m_scanner.FailUnlessCutOff(">", "'>' is expected here");
     return CloseElement();
 }
 

@@ -42,11 +42,7 @@ char32_t XmlScanner::Referenced(std::string_view reference) {
     const auto [end, error] =
         std::from_chars(digits.data(), digits.data() + digits.size(), number, hexadecimal ? 16 : 10);
     const bool complete = error == std::errc() && end == digits.data() + digits.size();
-    const bool surrogate = number >= 0xD800 && number <= 0xDFFF;
-    const bool control = number < 0x20 && number != '\t' && number != '\n' && number != '\r';
-    if (!complete || surrogate || control || number > 0x10FFFF || number == 0xFFFE || number == 0xFFFF)
-        return 0;
-    return number;
+    return complete && IsCharacter(number) ? number : 0;
 }
 
 void XmlScanner::Fail(std::size_t offset, const XmlReason& reason, XmlError::Cause cause) const {

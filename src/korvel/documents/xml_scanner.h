@@ -85,6 +85,11 @@ public:
     /// True where the document ends inside `literal`.
     bool IsCutOffIn(std::string_view literal) const;
 
+    /// Whether XML allows a character, which half of a pair is not.
+    static bool IsCharacter(char32_t c) {
+        return c >= 0x20 ? (c < 0xD800 || c > 0xDFFF) && c != 0xFFFE && c != 0xFFFF && c <= 0x10FFFF
+                         : c == '\t' || c == '\n' || c == '\r';
+    }
     static bool IsBlank(char byte) { return byte == ' ' || byte == '\t' || byte == '\n' || byte == '\r'; }
 
     /// The character that a reference stands for; `reference` is what is between '&' and ';'. 0 for an entity
