@@ -65,5 +65,17 @@ TEST_F(Stations, FollowTheDecimalsButNotTheSignOfTheSettings) {
     EXPECT_EQ(sink.count, 6);
 }
 
+TEST_F(Stations, TakeTheirDigitsTogether) {
+    std::vector<std::string> seen;
+    const CountingSink sink(internal::FormatService::Station, [&] {
+        seen.push_back(RoadStationToString(1.0) + " " + RoadStationToString(1.0f));
+        throw std::runtime_error("sink");
+    });
+    EXPECT_THROW(SetStationDigits(1), std::runtime_error);
+    EXPECT_THAT(seen, testing::ElementsAre("0+001,0 0+001,0", "0+001,0 0+001,0"));
+    SetStationDigits(1);
+    EXPECT_EQ(seen.size(), 2u) << "nothing differs";
+}
+
 } // namespace
 } // namespace korvel

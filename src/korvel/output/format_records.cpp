@@ -8,13 +8,30 @@ FormatRecords::FormatRecords(FormatService service, std::initializer_list<System
         m_records.push_back({SystemNumberFormat(kind), kind});
 }
 
-void FormatRecords::Set(std::size_t record, const _numberfmtA& format) {
+// False when nothing differs.
+bool FormatRecords::Store(std::size_t record, const _numberfmtA& format) {
     Record& stored = m_records[record];
     const NumberFormat wanted(format, SystemNumberFormat(stored.systemFormat));
     if (wanted == stored.format)
-        return;
+        return false;
     stored.format = wanted;
-    m_notification.Fire();
+    return true;
+}
+
+void FormatRecords::Set(std::size_t record, const _numberfmtA& format) {
+    if (Store(record, format))
+        m_notification.Fire();
+}
+
+void FormatRecords::SetDigits(std::initializer_list<std::size_t> records, std::uint32_t digits) {
+    int changed = 0;
+    for (const std::size_t record : records) {
+        NumberFormat format = m_records[record].format;
+        format.NumDigits = digits;
+        changed += Store(record, format);
+    }
+    if (changed > 0)
+        m_notification.Fire(changed);
 }
 
 bool FormatRecords::FollowSystem() {

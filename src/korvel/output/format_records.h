@@ -5,6 +5,7 @@
 #include "korvel/output/system_formats.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <vector>
 
@@ -23,6 +24,10 @@ public:
     /// than three bytes; nothing changes then
     void Set(std::size_t record, const _numberfmtA& format);
 
+    /// Gives several records the same number of digits, as Set does, but calls the listeners only when all
+    /// have it: once for each that differed.
+    void SetDigits(std::initializer_list<std::size_t> records, std::uint32_t digits);
+
     /// Stores a format as it is, its `System` included, and calls no listener.
     void Replace(std::size_t record, const NumberFormat& format) { m_records[record].format = format; }
 
@@ -38,6 +43,8 @@ private:
         NumberFormat format;
         SystemFormat systemFormat;
     };
+
+    bool Store(std::size_t record, const _numberfmtA& format);
 
     FormatNotification m_notification;
     std::vector<Record> m_records;

@@ -100,11 +100,7 @@ void CStationOutput::AppendRoad(std::string& out, float station) const {
 }
 
 void CStationOutput::SetDigits(std::uint32_t digits) {
-    for (const std::size_t record : {DoubleRecord, FloatRecord}) {
-        NumberFormat format = m_records[record];
-        format.NumDigits = digits;
-        m_records.Set(record, format);
-    }
+    m_records.SetDigits({DoubleRecord, FloatRecord}, digits);
 }
 
 bool CStationOutput::FollowSystem() {
