@@ -80,8 +80,9 @@ KORVEL_API std::string_view CutCharacters(std::string_view text, std::size_t lon
 /// True when the characters of `text` begin with those of `beginning`.
 KORVEL_API bool BeginsWith(std::string_view text, std::string_view beginning);
 
-/// Small letters for capital ones, accented ones and those outside the page included; two texts that differ
-/// only in case become equal.
+/// Small letters for capital ones, accented ones and those outside the page included: Unicode's simple case
+/// folding, so two texts that differ only in case become equal. The exception is the micro sign (B5), which
+/// is no letter here and stays apart from the Greek mu.
 KORVEL_API std::string FoldCase(std::string_view text);
 
 } // namespace korvel::platform
