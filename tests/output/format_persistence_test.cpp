@@ -1,3 +1,4 @@
+#include "korvel/documents/xml_schema_error.h"
 #include "korvel/output/angle_output.h"
 #include "korvel/output/angles.h"
 #include "korvel/output/date_output.h"
@@ -39,11 +40,14 @@ protected:
         try {
             LoadFormatStates(m_path.c_str());
         } catch (const Error& error) {
+            const auto* schema = dynamic_cast<const XmlSchemaError*>(&error);
+            m_details = schema ? schema->Details().Text() : "";
             return error.what();
         }
         return "";
     }
 
+    std::string m_details; // of the last failure by schema
     platform::ScratchFolder m_folder;
     std::string m_path = m_folder.Path() / "formats.xml";
     std::string m_good = Saved();
@@ -142,19 +146,30 @@ TEST_F(SavedFormats, FailBySchema) {
     const std::string following = "<Integer>\n<System>-1</System>";
     const std::string own = "<Integer>\n<System>0</System>";
     const std::string integer = Element("Integer", "-1", "0");
-    const std::tuple<const char*, std::string, std::string> cases[] = {
-        {"other root", "FORMATS", "FORMAT"},
-        {"record missing", "Integer", "integer"},
-        {"angle unit negative", "<Angle>1", "<Angle>-1"},
-        {"angle unit beyond 32 bits", "<Angle>1", "<Angle>4294967296"},
-        {"number empty", following + "\n<NumDigits>0", own + "<NumDigits>"},
-        {"number with more after it", following + "\n<NumDigits>0", own + "<NumDigits>0x"},
-        {"separator of four bytes", integer, Element("Integer", "0", "0", "abcd")},
-        {"separator whose sequence has four", integer, Element("Integer", "0", "0", "&#x2063;")},
-        {"date format missing", "DateFormatShort", "X"},
+    struct Case {
+        std::string part;
+        std::string other;
+        const char* details;
     };
-    for (const auto& [name, part, other] : cases)
-        EXPECT_EQ(FailureWith(part, other), SchemaText) << name;
+    const Case cases[] = {
+        {"FORMATS", "FORMAT", "the root element is 'FORMAT', not 'FORMATS'"},
+        {"Integer", "integer", "the element 'Integer' is missing in 'NumberFormat'"},
+        {"<Angle>1", "<Angle>-1", "the element 'Angle' holds '-1', which is no number"},
+        {"<Angle>1", "<Angle>4294967296", "the element 'Angle' holds '4294967296', which is no number"},
+        {following + "\n<NumDigits>0", own + "<NumDigits>",
+         "the element 'NumDigits' holds '', which is no number"},
+        {following + "\n<NumDigits>0", own + "<NumDigits>0x",
+         "the element 'NumDigits' holds '0x', which is no number"},
+        {integer, Element("Integer", "0", "0", "abcd"),
+         "the element 'DecimalSep' holds more than three bytes"},
+        {integer, Element("Integer", "0", "0", ",", "&#x2063;"), // a sequence of four
+         "the element 'ThousandSep' holds more than three bytes"},
+        {"DateFormatShort", "X", "the element 'DateFormatShort' is missing in 'DateFormat'"},
+    };
+    for (const auto& [part, other, details] : cases) {
+        EXPECT_EQ(FailureWith(part, other), SchemaText) << details;
+        EXPECT_EQ(m_details, details);
+    }
 }
 
 TEST_F(SavedFormats, KeepWhatWasReadBeforeAFailureAndCallTheListenersOfEachTouchedServiceOnce) {

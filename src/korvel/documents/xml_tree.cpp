@@ -2,6 +2,7 @@
 
 #include "korvel/documents/xml_file_error.h"
 #include "korvel/documents/xml_parser.h"
+#include "korvel/documents/xml_schema_error.h"
 #include "korvel/documents/xml_text.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/file_error.h"
@@ -93,7 +94,8 @@ const XmlElement& XmlElement::Child(std::string_view childName) const {
     const auto found = std::find_if(children.begin(), children.end(),
                                     [&](const XmlElement& child) { return child.name == childName; });
     if (found == children.end())
-        ThrowSchemaError();
+        throw XmlSchemaError(
+            {"the element %1 is missing in %2", {XmlError::Quoted(childName), XmlError::Quoted(name)}});
     return *found;
 }
 
@@ -120,10 +122,6 @@ std::string BytesOfXmlText(std::string_view utf8) {
             bytes += platform::FromUtf8(before.substr(0, before.size() - utf8.size())).text;
     }
     return bytes;
-}
-
-void ThrowSchemaError() {
-    throw Error("The given XML-Stream is not a valid schema (look at KorvelXML-Schemata) !");
 }
 
 } // namespace korvel::internal

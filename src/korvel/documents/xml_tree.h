@@ -13,7 +13,7 @@ struct XmlElement {
     std::string text; ///< in UTF-8: all its characters, without those of the elements in it
     std::vector<XmlElement> children;
 
-    /// The child of this name. \throws the schema error when there is none
+    /// The child of this name. \throws XmlSchemaError when there is none
     const XmlElement& Child(std::string_view childName) const;
 };
 
@@ -31,8 +31,5 @@ XmlElement ReadXmlFile(const std::string& path, const std::function<bool(std::st
 /// bytes of the code page for any other. A text that is a line end alone is empty: an empty element is
 /// written with a line end after its tag.
 std::string BytesOfXmlText(std::string_view utf8);
-
-/// Throws the Error of a document in which something required is missing or cannot be read.
-[[noreturn]] void ThrowSchemaError();
 
 } // namespace korvel::internal

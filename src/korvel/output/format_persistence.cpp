@@ -2,6 +2,7 @@
 
 #include "korvel/documents/xml_node.h"
 #include "korvel/documents/xml_scanner.h"
+#include "korvel/documents/xml_schema_error.h"
 #include "korvel/documents/xml_tree.h"
 #include "korvel/output/angle_output.h"
 #include "korvel/output/date_output.h"
@@ -28,7 +29,6 @@ using internal::DateFormatRecord;
 using internal::FirstFailure;
 using internal::NumberFormat;
 using internal::NumberRecord;
-using internal::ThrowSchemaError;
 using internal::XmlElement;
 
 template <typename Record>
@@ -131,21 +131,24 @@ std::uint32_t ReadNumber(const XmlElement& parent, const char* element) {
     std::uint32_t number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     if (error != std::errc() || end != text.data() + text.size())
-        ThrowSchemaError();
+        throw XmlSchemaError({"the element %1 holds %2, which is no number",
+                              {XmlError::Quoted(element), XmlError::Quoted(text)}});
     return number;
 }
 
-void RequireThat(bool succeeded) {
-    if (!succeeded)
-        ThrowSchemaError();
+std::string ReadSeparator(const XmlElement& parent, const char* element) {
+    const std::string text = ReadText(parent, element);
+    if (text.size() >= NumberFormat::SeparatorSize)
+        throw XmlSchemaError({"the element %1 holds more than three bytes", {XmlError::Quoted(element)}});
+    return text;
 }
 
 void ReadFields(const XmlElement& element, NumberFormat& format) {
     format.NumDigits = ReadNumber(element, "NumDigits");
     format.LeadingZero = ReadNumber(element, "LeadingZero");
     format.Grouping = ReadNumber(element, "Grouping");
-    RequireThat(format.SetDecimalSep(ReadText(element, "DecimalSep")));
-    RequireThat(format.SetThousandSep(ReadText(element, "ThousandSep")));
+    format.SetDecimalSep(ReadSeparator(element, "DecimalSep"));
+    format.SetThousandSep(ReadSeparator(element, "ThousandSep"));
     format.NegativeOrder = ReadNumber(element, "NegativeOrder");
 }
 
@@ -154,7 +157,9 @@ class FormatLoader {
 public:
     void Load(const std::string& path) {
         const XmlElement root = internal::ReadXmlFile(path, HoldsText);
-        RequireThat(root.name == "FORMATS");
+        if (root.name != "FORMATS")
+            throw XmlSchemaError(
+                {"the root element is %1, not %2", {XmlError::Quoted(root.name), "'FORMATS'"}});
         LoadNumbers(root.Child("NumberFormat"));
         LoadAngles(root.Child("AngleFormat"));
         LoadDates(root.Child("DateFormat"));

@@ -35,7 +35,7 @@ KORVEL_API void SaveFormatStates(const char* path);
 /// well-formed XML, in which an element is twice or inside one that holds a text; nothing changes then.
 /// \throws UnreadableFile (platform/file_error.h), with the file's name and the reason, for one that cannot be
 /// read; nothing changes then.
-/// \throws Error with the schema text when an element is missing or its text is no value; what was read
+/// \throws XmlSchemaError when an element is missing or its text is no value; what was read
 /// before it stays in force, and is shown.
 KORVEL_API void LoadFormatStates(const char* path);
 

@@ -36,7 +36,7 @@ void UseMember(Member member) {
 // Never called: it is enough that it links.
 void UseExportedClasses() {
     UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlFileError,
-           XmlParser, XmlReason, XmlScanner>();
+           XmlParser, XmlReason, XmlScanner, XmlSchemaError>();
     UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CTooltippBitmap, CTreeHelper,
            CTreeHelper::SNode, ComboTreeItem, IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState,
            CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
