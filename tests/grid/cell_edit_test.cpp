@@ -23,6 +23,7 @@ protected:
         Press(grid, VK_RETURN);
         edit = GetFocus();
         ASSERT_EQ(GetWindowTextA(edit), "value");
+        ASSERT_EQ(view::Edit(edit).selectionEnd, 5) << "what is typed replaces the text";
         SetWindowTextA(edit, "typed");
     }
     void TearDown() override { grid.DestroyWindow(); }

@@ -112,7 +112,9 @@ protected:
     Log log;
 };
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 } // namespace korvel

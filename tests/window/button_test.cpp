@@ -76,7 +76,7 @@ TEST_F(ButtonTest, RadioButtonsExcludeEachOtherInsideTheirGroup) {
 
 TEST_F(ButtonTest, AnOwnerDrawnButtonShowsThatItIsPressed) {
     struct Drawn : CButton {
-        UINT state = 0;
+        UINT state = ~0u; // none drawn
         void DrawItem(DRAWITEMSTRUCT* item) override { state = item->itemState; }
     } button;
     Make(button, BS_OWNERDRAW);
@@ -91,6 +91,10 @@ TEST_F(ButtonTest, AnOwnerDrawnButtonShowsThatItIsPressed) {
         display.PaintWindow(button.m_hWnd);
         EXPECT_EQ(button.state, state) << border;
     }
+    DRAWITEMSTRUCT item{};
+    item.hwndItem = button.m_hWnd;
+    EXPECT_EQ(parent.SendMessageA(WM_DRAWITEM, 3, reinterpret_cast<LPARAM>(&item)), 1)
+        << "nothing is left to draw";
 }
 
 } // namespace

@@ -76,6 +76,12 @@ TEST_F(FocusTest, LeavesWhileTheWindowStillCountsAsVisible) {
     }
 }
 
+TEST_F(FocusTest, IsLostByItsWindowThoughAnotherHasGone) {
+    second.DestroyWindow();
+    group.SetFocus();
+    EXPECT_THAT(Heard(), Contains("first no focus"));
+}
+
 TEST_F(FocusTest, FollowsTheDisplayButNotWhereInputIsDropped) {
     input::FocusMoved(second.m_hWnd);
     input::FocusMoved(nullptr);
@@ -103,6 +109,9 @@ TEST_F(FocusTest, CaptureEndsWithItsWindow) {
     SetCapture(second.m_hWnd);
     EXPECT_THAT(Heard(), ElementsAre("first capture lost"));
     second.ShowWindow(SW_HIDE);
+    EXPECT_EQ(GetCapture(), nullptr);
+    SetCapture(first.m_hWnd);
+    group.EnableWindow(false);
     EXPECT_EQ(GetCapture(), nullptr);
     SetCapture(frame.m_hWnd);
     first.DestroyWindow();

@@ -45,7 +45,11 @@ TEST_F(ListGeometry, EachPointOfACellBelongsToItsRow) {
     }
     EXPECT_TRUE(list.GetItemRect(1, &rect));
     EXPECT_EQ(rect, (CRect{0, 44, 150, 64})) << "column 0 bounds the whole row";
-    EXPECT_FALSE(list.GetSubItemRect(1, 2, LVIR_BOUNDS, &rect) || list.GetItemRect(3, &rect));
+    EXPECT_FALSE(list.GetSubItemRect(1, 2, LVIR_BOUNDS, &rect));
+    EXPECT_FALSE(list.GetItemRect(3, &rect));
+    list.SetColumnWidth(1, 400);
+    info.pt = {200, 44};
+    EXPECT_EQ(list.SubItemHitTest(&info), -1) << "beyond the window, though within a column";
     list.SetItemIndent(0, 2000000000); // deeper than the column is wide: the parts end with the column
     EXPECT_TRUE(list.GetItemRect(0, &rect, LVIR_LABEL));
     EXPECT_EQ(rect, (CRect{100, 24, 100, 44}));

@@ -49,7 +49,11 @@ TEST_F(ListPaint, SelectionShowsByFocusAndStyle) {
     const CRect row{0, RowTop(1), 150, RowTop(2)};
     const COLORREF mark = GetSysColor(COLOR_HIGHLIGHT);
     EXPECT_FALSE(Paints(Fill, label, mark)); // without the focus the selection is hidden
-    list.SetFocus();
+    for (CWnd* next : {static_cast<CWnd*>(&list), static_cast<CWnd*>(&parent), static_cast<CWnd*>(&list)}) {
+        display.PaintWindow(list.m_hWnd);
+        next->SetFocus();
+        EXPECT_TRUE(display.IsInvalid(list.m_hWnd));
+    }
     EXPECT_TRUE(Paints(Fill, label, mark));
     list.SetExtendedStyle(LVS_EX_FULLROWSELECT);
     EXPECT_TRUE(Paints(Fill, row, mark));

@@ -165,7 +165,7 @@ TEST_F(ListSelection, TypingFindsTheNextRowThatBeginsSo) {
              {"a letter outside the page", "\x81\xE2\xE2", 1001ms, 6},
              {"and a second one", "\xF3", 0ms, 6}}) {
         display.Advance(pause);
-        Key(0, typed);
+        EXPECT_TRUE(input::Key(list.m_hWnd, WM_KEYDOWN, 0, typed)) << border;
         EXPECT_EQ(Focused(), row) << border;
     }
 }

@@ -47,8 +47,14 @@ TEST_F(SubclassTest, AnObjectMayGoFromBelowAHook) {
     next.UnsubclassWindow();
     EXPECT_EQ(GetWindowLongPtrA(window, GWLP_WNDPROC), reinterpret_cast<LPARAM>(ClassProcedure));
     ASSERT_TRUE(object.Create(0, nullptr));
-    EXPECT_FALSE(next.SubclassWindow(object.m_hWnd) || next.SubclassWindow(nullptr)) << "one object a window";
-    EXPECT_FALSE(object.SubclassWindow(window) || object.Create(0, nullptr)) << "one window an object";
+    EXPECT_FALSE(next.SubclassWindow(object.m_hWnd)) << "one object a window";
+    EXPECT_FALSE(object.SubclassWindow(window)) << "one window an object";
+    EXPECT_FALSE(object.Create(0, nullptr));
+    const HWND child = CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {}, object.m_hWnd, 7);
+    EXPECT_FALSE(next.SubclassDlgItem(7, nullptr));
+    EXPECT_FALSE(next.SubclassDlgItem(8, &object));
+    EXPECT_TRUE(next.SubclassDlgItem(7, &object));
+    EXPECT_EQ(next.m_hWnd, child);
     EXPECT_EQ(CWnd::FromHandlePermanent(window), nullptr);
     DestroyWindow(window);
 }

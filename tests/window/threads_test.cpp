@@ -138,8 +138,9 @@ TEST_F(ThreadsTest, AThreadThatEndsTakesItsWindowsAlong) {
     }).join();
     EXPECT_NE(left, nullptr);
     EXPECT_EQ(orphan.m_hWnd, nullptr);
-    EXPECT_FALSE(IsWindow(left) || korvel::SendMessageA(left, WM_USER, 0, 0) ||
-                 PostMessageA(left, WM_USER, 0, 0));
+    EXPECT_FALSE(IsWindow(left));
+    EXPECT_EQ(korvel::SendMessageA(left, WM_USER, 0, 0), 0);
+    EXPECT_FALSE(PostMessageA(left, WM_USER, 0, 0));
 }
 
 TEST_F(ThreadsTest, OnlyTheDisplayInForceHearsAndOnlyOfItsThread) {
@@ -151,7 +152,13 @@ TEST_F(ThreadsTest, OnlyTheDisplayInForceHearsAndOnlyOfItsThread) {
     } former, next;
     SetDisplay(&former);
     SetDisplay(&next);
+    const HWND owned = CreateWindowExA(0, "KorvelFrame", "", WS_POPUP, {}, window.m_hWnd, 0);
+    const HWND other = CreateWindowExA(0, "KorvelFrame", "", 0, {}, nullptr, 0);
+    next.created.clear();
+    SetDisplay(&next);
+    EXPECT_THAT(next.created, ElementsAre(window.m_hWnd, owned, other)) << "owners before whom they own";
     former.wakes = next.wakes = 0;
+    SetCapture(window.m_hWnd);
     PostMessageA(window.m_hWnd, WM_USER, 0, 0);
     std::thread([] {
         const HWND own = CreateWindowExA(0, "KorvelFrame", "", WS_VISIBLE, {}, nullptr, 0);
@@ -166,7 +173,8 @@ TEST_F(ThreadsTest, OnlyTheDisplayInForceHearsAndOnlyOfItsThread) {
     }).join();
     EXPECT_EQ(former.wakes, 0);
     EXPECT_EQ(next.wakes, 1);
-    EXPECT_THAT(next.created, ElementsAre(window.m_hWnd));
+    EXPECT_THAT(next.created, SizeIs(3));
+    EXPECT_EQ(GetCapture(), window.m_hWnd);
 }
 
 } // namespace

@@ -21,9 +21,12 @@ TEST_F(WindowTreeTest, HearsItsCreationBeforeItIsShownAndMayRefuseIt) {
     EXPECT_THAT(Heard(), ElementsAre("refused create", "refused destroy", "refused end"));
     const HWND gone = frame.m_hWnd;
     frame.DestroyWindow();
+    RegisterClassA("NoProcedure", nullptr);
+    RegisterClassA(nullptr, DefWindowProcA);
     for (const auto& [border, className, style, parent] :
          Table<const char*, UINT, HWND>{{"no such class", "NoSuchClass", 0, nullptr},
                                         {"no class", nullptr, 0, nullptr},
+                                        {"a class without a procedure", "NoProcedure", 0, nullptr},
                                         {"a child of nobody", "KorvelFrame", WS_CHILD, nullptr},
                                         {"a child of who is gone", "KorvelFrame", WS_CHILD, gone}})
         EXPECT_EQ(CreateWindowExA(0, className, "", style, {}, parent, 0), nullptr) << border;
@@ -44,6 +47,18 @@ TEST_F(WindowTreeTest, DestroysFromTheRootAndEndsFromTheLeaves) {
                 ElementsAre("owned destroy", "owned end", "frame destroy", "left destroy", "leaf destroy",
                             "right destroy", "leaf end", "left end", "right end", "frame end"));
     EXPECT_EQ(leaf.m_hWnd, nullptr);
+}
+
+TEST_F(WindowTreeTest, AHandlerOfAnEndMayEndSiblings) {
+    RecordedWindow frame("frame", log), left("left", log), right("right", log);
+    frame.Create(0, nullptr);
+    left.Create(WS_CHILD, &frame);
+    right.Create(WS_CHILD, &frame);
+    left.on[WM_DESTROY] = [&] { right.DestroyWindow(); };
+    Heard();
+    frame.DestroyWindow();
+    EXPECT_THAT(Heard(), ElementsAre("frame destroy", "left destroy", "right destroy", "right end",
+                                     "left end", "frame end"));
 }
 
 TEST_F(WindowTreeTest, AStaleHandleReachesNoOtherWindow) {
@@ -209,7 +224,8 @@ TEST_F(WindowTreeTest, ANewDisplayIsToldOfTheWindowsThatExist) {
     child.SetFocus();
     auto second = std::make_unique<HeadlessDisplay>();
     SetDisplay(second.get());
-    EXPECT_TRUE(second->IsInvalid(frame.m_hWnd) && second->IsInvalid(child.m_hWnd));
+    EXPECT_TRUE(second->IsInvalid(frame.m_hWnd));
+    EXPECT_TRUE(second->IsInvalid(child.m_hWnd));
     EXPECT_EQ(second->FocusShown(), child.m_hWnd);
     second = nullptr;
     EXPECT_NE(&Display(), &display) << "a display that dies leaves the default one";
