@@ -22,7 +22,7 @@ void List(const std::string& path) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const fuzz::GermanMachine machine;
     try {
-        List(machine.Folder().File(fuzz::Input(data, size).Rest()));
+        List(machine.FileOf(fuzz::Input(data, size).Rest()));
     } catch (const inspector::DocumentError& error) {
         fuzz::Require(error.what()[0] != '\0', "the failure of a document has a text");
     }

@@ -2,23 +2,15 @@
 
 #include "fuzz_target.h"
 
-#include <iterator>
-#include <vector>
-
 namespace {
-
-std::vector<std::uint8_t> BytesOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
 
 int Replay(const char* folder) {
     int count = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         std::printf("%s\n", entry.path().c_str());
         std::fflush(stdout);
-        const std::vector<std::uint8_t> bytes = BytesOf(entry.path());
-        LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
+        const std::string bytes = korvel::platform::ContentOf(entry.path());
+        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
         ++count;
     }
     return count;

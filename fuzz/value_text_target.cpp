@@ -4,6 +4,7 @@
 #include "korvel/output/angles.h"
 #include "korvel/output/dates.h"
 #include "korvel/output/measures.h"
+#include "korvel/output/number_format.h"
 #include "korvel/output/numbers.h"
 #include "korvel/output/stations.h"
 
@@ -14,26 +15,20 @@ namespace {
 
 using namespace korvel;
 
-struct Separators {
-    std::string decimal;
-    std::string thousand;
-};
-
 std::string TakeSeparator(fuzz::Input& input) {
     const std::string text(input.TakeText(input.Take<std::uint8_t>() % 4U));
     return text.substr(0, text.find('\0'));
 }
 
-_numberfmtA TakeFormat(fuzz::Input& input, Separators& separators) {
-    separators = {TakeSeparator(input), TakeSeparator(input)};
-    _numberfmtA format;
+internal::NumberFormat TakeFormat(fuzz::Input& input) {
+    internal::NumberFormat format;
+    format.SetDecimalSep(TakeSeparator(input));
+    format.SetThousandSep(TakeSeparator(input));
     const auto digits = input.Take<std::uint16_t>();
     format.NumDigits = digits == 0xFFFF ? 0xFFFFFFFF : digits % 1100U;
     format.LeadingZero = input.Take<std::uint8_t>() % 2U;
     format.Grouping = input.Take<std::uint32_t>();
     format.NegativeOrder = input.Take<std::uint8_t>() % 6U;
-    format.DecimalSep = separators.decimal.c_str();
-    format.ThousandSep = separators.thousand.c_str();
     return format;
 }
 
@@ -114,6 +109,8 @@ std::string Metres(double value, int width) {
 
 template <typename Real>
 void RequireTheStation(Real value) {
+    const std::string railway = RailwayStationToString(value);
+    const std::string road = RoadStationToString(value);
     if (!(std::abs(value) < Real{1e9}))
         return;
     const Real hectometres = std::floor(value / 100) / 10;
@@ -121,11 +118,11 @@ void RequireTheStation(Real value) {
     const volatile Real metresOfRailway = hectometres * 1000; // rounded before it is subtracted
     const volatile Real metresOfRoad = kilometres * 1000;
     // A zero below zero has no sign.
-    fuzz::Require(RailwayStationToString(value) == Printed("%.*f", 1, hectometres + Real{0}) + "+" +
-                                                       Metres(std::abs(value - metresOfRailway), 2),
+    fuzz::Require(railway == Printed("%.*f", 1, hectometres + Real{0}) + "+" +
+                                 Metres(std::abs(value - metresOfRailway), 2),
                   "a railway station is kilometres and metres");
-    fuzz::Require(RoadStationToString(value) == Printed("%.*f", 0, kilometres + Real{0}) + "+" +
-                                                    Metres(std::abs(value - metresOfRoad), 3),
+    fuzz::Require(road == Printed("%.*f", 0, kilometres + Real{0}) + "+" +
+                              Metres(std::abs(value - metresOfRoad), 3),
                   "a road station is kilometres and metres");
 }
 
@@ -148,8 +145,6 @@ void WriteReal(Real value) {
         AngleToString(value);
         RadToAngle(AngleToRad(value));
     }
-    RailwayStationToString(value);
-    RoadStationToString(value);
     RequireTheStation(value);
     LengthToString(value);
     AreaToString(value);
@@ -164,8 +159,7 @@ void WriteReal(Real value) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const fuzz::GermanMachine machine;
     fuzz::Input input(data, size);
-    Separators separators;
-    const _numberfmtA format = TakeFormat(input, separators);
+    const internal::NumberFormat format = TakeFormat(input);
     SetFormatInt(format);
     SetFormatLong(format);
     SetFormatFloat(format);

@@ -8,6 +8,7 @@ set -u
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
 [[ "${1:-}" =~ ^[1-9][0-9]*$ ]] || { echo "usage: scripts/run_fuzzers.sh SECONDS" >&2; exit 2; }
 
+[ -w /dev/shm ] && export TMPDIR=/dev/shm # the targets write a file for each of their inputs
 mkdir -p build/fuzz/failures
 failed=()
 ran=0

@@ -34,6 +34,8 @@ TEST(DatePictures, BecomeFormats) {
         {"hhh:m", ":%#M"},
         {"M'open", "%#Mopen"},
         {"''t", "%p"},
+        {"hh:s xx", "%I:%#S %p"},
+        {"HHHmmmssstttHHHHmmmmsssstttt xxx", " "},
         {"'", ""},
         {"ddX", "dd%p"},
     };

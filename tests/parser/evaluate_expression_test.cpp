@@ -52,8 +52,8 @@ void ExpectRefused(std::string_view separator, std::string_view text) {
 
 TEST(EvaluateExpression, RefusesWhatIsNoCompleteExpressionWithAnEmptyText) {
     for (const char* text :
-         {"",   " \t\r\n", "12abc", "1 2",   "1f2", "1.2.3", ".",  "1e",   "1e+",  "e5",  ".e5", "1+",
-          "*2", "-(1)",    "--1",   "1+-+1", "()",  "(1",    "1)", "2(3)", "0x10", "inf", "nan", "1\xA0"})
+         {"",   " \t\r\n", "12abc", "1 2",   "1f2", "1F", "1.2.3", ".",    "1e",   "1e+", "e5",  ".e5",  "1+",
+          "*2", "-(1)",    "--1",   "1+-+1", "()",  "(1", "1)",    "2(3)", "0x10", "inf", "nan", "1\xA0"})
         ExpectRefused(".", text);
     const std::pair<const char*, std::string> cases[] = {
         {"zero byte after a number", std::string("1\0", 2)},
@@ -77,6 +77,8 @@ TEST(EvaluateExpression, ReadsEveryDecimalSeparatorAsAPoint) {
     EXPECT_EQ(EvaluateExpression("", "1.5"), 1.5);
     EXPECT_EQ(EvaluateExpression("::", "1::5+::5"), 2);
     EXPECT_EQ(EvaluateExpression("+", "1+5"), 1.5);
+    EXPECT_EQ(EvaluateExpression(" ", "1 5+1"), 2.5);
+    EXPECT_EQ(EvaluateExpression("1", "213"), 2.3);
     _numberfmtA format{};
     format.DecimalSep = ",";
     format.ThousandSep = ".";
