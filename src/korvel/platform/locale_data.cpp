@@ -93,7 +93,7 @@ std::string Separator(const icu::UnicodeString& symbol, std::string_view fallbac
     return Fit(text).value_or(std::string(fallback));
 }
 
-// The platform's text for the group sizes: "3;0", or "3;2;0" where the others differ from the first.
+// The group sizes as the settings hold them: "3;0", or "3;2;0" where the others differ from the first.
 std::string Grouping(const icu::DecimalFormat& format) {
     const int first = format.getGroupingSize();
     const int others = format.getSecondaryGroupingSize();

@@ -21,7 +21,7 @@ fs::path WithSuffix(fs::path file, const std::string& suffix) {
 
 // By anything, also by a link to nothing.
 bool IsTaken(const fs::path& name) {
-    std::error_code ignored; // renaming meets it again
+    std::error_code ignored; // renaming fails for the same reason
     return fs::exists(fs::symlink_status(name, ignored));
 }
 

@@ -135,10 +135,10 @@ void StoreDatabase::Open(Access access) {
     const int flags = isUnchanging ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI : SQLITE_OPEN_READWRITE;
     const int create = access == Access::Create ? SQLITE_OPEN_CREATE : 0;
     sqlite3* handle = nullptr;
-    const int answer = sqlite3_open_v2((isUnchanging ? UnchangingName(m_file) : m_file.string()).c_str(),
+    const int result = sqlite3_open_v2((isUnchanging ? UnchangingName(m_file) : m_file.string()).c_str(),
                                        &handle, flags | create, nullptr);
     m_handle.reset(handle);
-    Check(answer);
+    Check(result);
     WaitForOthers();
 }
 
@@ -149,10 +149,10 @@ void StoreDatabase::KeepJournal(StoreJournal journal) {
     // Whoever uses the file at this moment keeps it from changing; the next writer tries again.
     sqlite3_busy_handler(m_handle.get(), nullptr, nullptr);
     sqlite3_exec(m_handle.get(), ("PRAGMA journal_mode=" + wanted).c_str(), nullptr, nullptr, nullptr);
-    const int answer = sqlite3_exec(m_handle.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
-    if (answer == SQLITE_OK)
+    const int result = sqlite3_exec(m_handle.get(), "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+    if (result == SQLITE_OK)
         Execute("ROLLBACK");
-    else if (journal == StoreJournal::Log && (answer & 0xFF) != SQLITE_BUSY)
+    else if (journal == StoreJournal::Log && (result & 0xFF) != SQLITE_BUSY)
         LeaveLog();
     WaitForOthers();
 }
@@ -226,8 +226,8 @@ void StoreDatabase::CreateTables() {
     Commit();
 }
 
-void StoreDatabase::Check(int answer) const {
-    switch (answer & 0xFF) { // the extended codes only add detail
+void StoreDatabase::Check(int result) const {
+    switch (result & 0xFF) { // the extended codes only add detail
     case SQLITE_OK:
         return;
     case SQLITE_READONLY:
@@ -239,12 +239,12 @@ void StoreDatabase::Check(int answer) const {
             throw StoreAccessDenied();
         [[fallthrough]];
     case SQLITE_IOERR:
-        throw StoreUnreachable(Failure(sqlite3_errstr(answer)));
+        throw StoreUnreachable(Failure(sqlite3_errstr(result)));
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-        throw StoreDamaged(Failure(sqlite3_errstr(answer)));
+        throw StoreDamaged(Failure(sqlite3_errstr(result)));
     default:
-        throw Error(Failure(sqlite3_errstr(answer)));
+        throw Error(Failure(sqlite3_errstr(result)));
     }
 }
 

@@ -72,7 +72,7 @@ public:
     void Commit();
 
     /// Throws unless the result of a call of SQLite is a success.
-    void Check(int answer) const;
+    void Check(int result) const;
     const std::filesystem::path& File() const { return m_file; }
     sqlite3* Handle() const { return m_handle.get(); }
 

@@ -34,10 +34,10 @@ StoreStatement& StoreStatement::BindNumber(int parameter, std::int64_t number) {
 }
 
 bool StoreStatement::Step() {
-    const int answer = sqlite3_step(m_statement.get());
-    if (answer != SQLITE_ROW)
-        m_database.Check(answer == SQLITE_DONE ? SQLITE_OK : answer);
-    return answer == SQLITE_ROW;
+    const int result = sqlite3_step(m_statement.get());
+    if (result != SQLITE_ROW)
+        m_database.Check(result == SQLITE_DONE ? SQLITE_OK : result);
+    return result == SQLITE_ROW;
 }
 
 StoreStatement::Kind StoreStatement::ColumnKind(int column) const {
