@@ -1,5 +1,6 @@
 #include "korvel/documents/xml_error.h"
 #include "korvel/documents/xml_text.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -7,21 +8,14 @@ namespace korvel {
 namespace {
 
 TEST(XmlText, StandsForCharacters) {
-    struct Case {
-        const char* name;
-        const char* raw;
-        const char* attribute;
-        const char* text;
-    };
-    const Case cases[] = {
+    const Table<const char*, const char*, const char*> cases = {
         {"references", "&#65;&lt;&amp;amp;&#x20AC;", "A<&amp;\xE2\x82\xAC", "A<&amp;\xE2\x82\xAC"},
         {"white space", "a\t\r\n\rb\n", "a   b ", "a\t\n\nb\n"},
         {"referenced white space stays", "&#9;&#13;&#10;", "\t\r\n", "\t\r\n"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(DecodeXmlAttribute(c.raw, 100).utf8, c.attribute);
-        EXPECT_EQ(DecodeXmlText(c.raw, std::string::npos).utf8, c.text);
+    for (const auto& [name, raw, attribute, text] : cases) {
+        EXPECT_EQ(DecodeXmlAttribute(raw, 100).utf8, attribute) << name;
+        EXPECT_EQ(DecodeXmlText(raw, std::string::npos).utf8, text) << name;
     }
     EXPECT_EQ(DecodeXmlText("a<!-- & --><![CDATA[<b>&amp;\r\n]]>c<?pi ?>\r\n", 100).utf8, "a<b>&amp;\nc\n");
     EXPECT_THROW(DecodeXmlText("a & b", 100), XmlError);
@@ -29,13 +23,7 @@ TEST(XmlText, StandsForCharacters) {
 }
 
 TEST(XmlText, IsCutBetweenCharacters) {
-    struct Case {
-        const char* raw;
-        std::size_t longest;
-        const char* utf8;
-        bool complete;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, std::size_t, const char*, bool> cases[] = {
         {"abc", 3, "abc", true},
         {"abcd", 3, "abc", false},
         {"ab&#x20AC;", 4, "ab", false},
@@ -45,14 +33,11 @@ TEST(XmlText, IsCutBetweenCharacters) {
         {"", 0, "", true},
         {"a", 0, "", false},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.raw);
-        for (const XmlCharacters& cut :
-             {DecodeXmlAttribute(c.raw, c.longest), DecodeXmlText(c.raw, c.longest)}) {
-            EXPECT_EQ(cut.complete, c.complete);
-            EXPECT_EQ(cut.utf8, c.utf8);
+    for (const auto& [raw, longest, utf8, complete] : cases)
+        for (const XmlCharacters& cut : {DecodeXmlAttribute(raw, longest), DecodeXmlText(raw, longest)}) {
+            EXPECT_EQ(cut.complete, complete) << raw;
+            EXPECT_EQ(cut.utf8, utf8) << raw;
         }
-    }
 }
 
 } // namespace

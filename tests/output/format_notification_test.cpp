@@ -1,5 +1,4 @@
 #include "korvel/output/angles.h"
-#include "korvel/output/format_subscription.h"
 #include "korvel/output/number_output.h"
 #include "korvel/output/numbers.h"
 #include "korvel/output/system_change.h"
@@ -136,17 +135,6 @@ TEST_F(Notification, ObserversOfTheSystem) {
     right->reaction = [&] { left.reset(); };
     Fire_OnSystemChanged(nullptr, nullptr);
     EXPECT_NE(left == nullptr, right == nullptr) << "one may go while the observers are walked";
-}
-
-TEST(Subscription, IsNeverCalledBack) {
-    struct Owner {
-        void OnChanged() { ADD_FAILURE(); }
-    } owner;
-    IDateFormatChangedImp<Owner> sink(&owner);
-    AddDateFormatChangeSink(&sink);
-    AddSinkDate(&sink);
-    NotificationOf(FormatService::Date).Fire();
-    EXPECT_TRUE(UpdateDate(nullptr));
 }
 
 } // namespace

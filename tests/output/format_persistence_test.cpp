@@ -217,14 +217,9 @@ TEST_F(SavedFormats, ChangeNothingWhenTheFileIsRefused) {
     m_good = Saved();
     SetFormatInt(GermanFormat(1));
     const CountingSink numbers(FormatService::Number);
-    const std::tuple<std::string, std::string, std::string> refusals[] = {
+    const std::tuple<const char*, const char*, const char*> refusals[] = {
         {"</FORMATS>", "", "(line 68, position 1: the document ends inside the element 'FORMATS'"},
-        {"</DateFormat>", "</DateFormat><DateFormat/>",
-         "(line 66, position 14: the element 'DateFormat' is here"},
         {"<CurrentFormat>", "<CurrentFormat><b/>", "(line 62, position 16: the element 'b' is inside"},
-        {"<FORMATS>", "<?xml version='1.0' encoding='klingon'?><FORMATS>",
-         "(line 1, position 31: the encoding"},
-        {"<Angle>1", "<Angle>&a;1", "(line 41, position 8: the reference '&a;' is not defined"},
     };
     for (const auto& [part, other, failure] : refusals)
         EXPECT_THAT(FailureWith(part, other), testing::StartsWith(m_path + failure));

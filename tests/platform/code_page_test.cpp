@@ -82,7 +82,7 @@ TEST(CodePage, BringsEveryCharacterBack) {
 }
 
 TEST(CodePage, BringsEveryTextOfBytesBack) {
-    const std::string critical = "a\x81\x8D\x90\x9D\xE0\xE4\xFF";
+    const std::string critical = "a\x81\x8D\x8F\x90\x9D\xE0\xE4\xFF";
     std::vector<std::size_t> digits(5);
     for (bool isDone = false; !isDone;) {
         std::string text;
@@ -103,19 +103,6 @@ TEST(CodePage, BringsEveryTextOfBytesBack) {
         for (char& byte : text)
             byte = upTo(3) > 0 ? critical[upTo(critical.size() - 1)] : static_cast<char>(upTo(255));
         ASSERT_NO_FATAL_FAILURE(ExpectWhole(text));
-    }
-}
-
-TEST(CodePage, BringsTextsOfCharactersBack) {
-    const char32_t critical[] = {'a',  0x81, 0x8D, 0x8F,  0x90,   0x9D,   0xE0,
-                                 0xE4, 0xF6, 0xFF, 0x141, 0x3042, 0x9000, 0x1F600};
-    std::mt19937 random(437);
-    std::uniform_int_distribution<std::size_t> any(0, std::size(critical) - 1);
-    for (int round = 0; round < 20'000; ++round) {
-        std::string utf8;
-        for (std::size_t left = any(random); left > 0; --left)
-            AppendUtf8(utf8, critical[any(random)]);
-        ASSERT_EQ(ToUtf8(FromUtf8(utf8).text), utf8);
     }
 }
 

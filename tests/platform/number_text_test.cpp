@@ -1,4 +1,5 @@
 #include "korvel/platform/number_text.h"
+#include "support/table.h"
 
 #include <bit>
 #include <cmath>
@@ -21,19 +22,13 @@ NumberTextFormat German(std::uint32_t digits, std::uint32_t grouping = 3, std::u
 std::optional<std::string> Format(std::string_view number, const NumberTextFormat& format) {
     std::string text = "before ";
     const bool made = AppendNumberText(text, number, format);
-    EXPECT_TRUE(text.starts_with("before ") && (made || text.size() == 7)) << "a refusal must append nothing";
+    EXPECT_TRUE(text.starts_with("before "));
+    EXPECT_TRUE(made || text.size() == 7) << "a refusal appends nothing";
     return made ? std::optional(text.substr(7)) : std::nullopt;
 }
 
-struct TextCase {
-    const char* border;
-    const char* number;
-    NumberTextFormat format;
-    std::optional<std::string> expected;
-};
-
 TEST(NumberText, FollowsTheFormat) {
-    const TextCase cases[] = {
+    const Table<const char*, NumberTextFormat, std::optional<std::string>> cases = {
         {"separators", "1234567.891", German(2), "1.234.567,89"},
         {"half goes away from zero", "2.5", German(0), "3"},
         {"rounds the text, not the double", "1.005000000000000", German(2), "1,01"},
@@ -62,8 +57,8 @@ TEST(NumberText, FollowsTheFormat) {
         {"separators of no and of many bytes", "1234.5", {1, 1, 3, "<,>", "", 1}, "1234<,>5"},
         {"as many digits as there are", "1", German(std::numeric_limits<std::uint32_t>::max()), std::nullopt},
     };
-    for (const TextCase& row : cases)
-        EXPECT_EQ(Format(row.number, row.format), row.expected) << row.border;
+    for (const auto& [border, number, format, expected] : cases)
+        EXPECT_EQ(Format(number, format), expected) << border;
     for (const char* refused :
          {"+1", "1e5", " 1", "1 ", "1-", "--1", "1.2.3", "1,5", "nan", "-inf", "", ".", "-"})
         EXPECT_EQ(Format(refused, German(2)), std::nullopt) << refused;
@@ -101,7 +96,7 @@ void ExpectTheSame(double value) {
     }
 }
 
-TEST(DirectNumberText, AgreesAtTheBorders) {
+TEST(DirectNumberText, AgreesAtTheBordersAndForRandomNumbers) {
     // 2^-9 and 3 * 2^-9 have an exact half as their ninth decimal, after an even and an odd digit; so have
     // 2^-16 and 3 * 2^-16 as their sixteenth.
     const double borders[] = {0,        0x1p-1022, INFINITY, NAN,     0.5,     2.5,     1.005,
@@ -113,9 +108,6 @@ TEST(DirectNumberText, AgreesAtTheBorders) {
         ExpectTheSame(std::nextafter(value, 0.0));
         ExpectTheSame(std::nextafter(value, INFINITY));
     }
-}
-
-TEST(DirectNumberText, AgreesForRandomNumbers) {
     std::mt19937_64 random(20260314);
     for (int i = 0; i < 5000; ++i) {
         const auto bits = random();

@@ -60,15 +60,19 @@ TEST_F(RegionalSettingsTest, KnowsTheFormatsOfCountries) {
     EXPECT_EQ(Of("en-US").timePicture, "h:mm:ss tt") << "a plain blank before the half of the day";
     EXPECT_EQ(Of("th-TH").shortDatePicture, "d/M/yyyy") << "the Gregorian calendar everywhere";
     const RegionalSettings german = Of("de-DE");
-    EXPECT_EQ(german.longDatePicture + german.timePicture, "dddd, d. MMMM yyyyHH:mm:ss");
-    EXPECT_EQ(german.names.months[2] + german.names.days[0] + german.names.shortDays[6], "M\xE4rzSonntagSa");
+    EXPECT_EQ(german.longDatePicture, "dddd, d. MMMM yyyy");
+    EXPECT_EQ(german.timePicture, "HH:mm:ss");
+    EXPECT_EQ(german.names.months[2], "M\xE4rz");
+    EXPECT_EQ(german.names.days[0], "Sonntag");
+    EXPECT_EQ(german.names.shortDays[6], "Sa");
     const RegionalSettings polish = Of("pl-PL");
     EXPECT_EQ(polish.names.months[2], "marzec") << "nominative";
     EXPECT_EQ(ToUtf8(polish.names.months[9]), "pa\u017Adziernik") << "a letter that the page lacks";
-    EXPECT_EQ(ToUtf8(Of("sr_RS.UTF-8@latin").names.months[0] + Of("sr_RS").names.months[0]),
-              "januar\u0458\u0430\u043D\u0443\u0430\u0440")
-        << "each in its script";
-    EXPECT_EQ(Of("sr_Latn").names.months[0] + Of("sr_Latn").countryName, "januarSRB");
+    EXPECT_EQ(Of("sr_RS.UTF-8@latin").names.months[0], "januar") << "each in its script";
+    EXPECT_EQ(ToUtf8(Of("sr_RS").names.months[0]), "\u0458\u0430\u043D\u0443\u0430\u0440");
+    const RegionalSettings latin = Of("sr_Latn");
+    EXPECT_EQ(latin.names.months[0], "januar");
+    EXPECT_EQ(latin.countryName, "SRB");
 }
 
 TEST_F(RegionalSettingsTest, TakesTheLocaleOfTheEnvironment) {

@@ -36,35 +36,25 @@ std::size_t EntriesOf(const fs::path& folder) {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
 }
 
-TEST(ReplaceFile, KeepsThePermissionsAndFollowsALink) {
-    const ScratchFolder folder;
-    const fs::path file = folder.Path() / "file";
-    const fs::path link = folder.Path() / "link";
-    ReplaceFile(file, "old and longer");
-    fs::permissions(file, fs::perms(0640));
-    fs::create_symlink("file", link);
-    ReplaceFile(link, "new");
-    EXPECT_EQ(ContentOf(file), "new");
-    EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
-    EXPECT_EQ(EntriesOf(folder.Path()), 2U);
-}
-
-TEST(ReplaceFile, FollowsADanglingLinkAndKeepsTheOwner) {
+TEST(ReplaceFile, FollowsLinksAndKeepsPermissionsAndOwner) {
     const ScratchFolder folder;
     fs::create_directory(folder.Path() / "below");
     fs::create_symlink("below/second", folder.Path() / "link");
     fs::create_symlink("../file", folder.Path() / "below" / "second");
     const fs::path file = folder.Path() / "file";
-    ReplaceFile(folder.Path() / "link", "old");
-    EXPECT_EQ(ContentOf(file), "old");
-    EXPECT_TRUE(fs::is_symlink(folder.Path() / "link"));
+    ReplaceFile(folder.Path() / "link", "old and longer");
+    EXPECT_EQ(ContentOf(file), "old and longer") << "a link to a file that was not there";
 
+    fs::permissions(file, fs::perms(0640));
     const bool mayGiveAway = ::chown(file.c_str(), 65534, 65534) == 0;
-    ReplaceFile(file, "new");
+    ReplaceFile(folder.Path() / "link", "new");
+    EXPECT_EQ(ContentOf(file), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.Path() / "link"));
     struct stat state {};
     ::stat(file.c_str(), &state);
+    EXPECT_EQ(state.st_mode & 07777, 0640U);
     EXPECT_EQ(state.st_uid, mayGiveAway ? 65534 : ::geteuid());
+    EXPECT_EQ(EntriesOf(folder.Path()), 3U);
 }
 
 TEST(ReplaceFile, TakesTheLongestNamesThatTheSystemTakes) {

@@ -3,6 +3,7 @@
 #include "support/make_value.h"
 
 #include <gmock/gmock.h>
+#include <optional>
 
 namespace korvel {
 namespace {
@@ -44,11 +45,14 @@ TEST(MemberDispatch, AbsentMembersChangeNothing) {
     object.AddMember("there", true, MakeValue(DT_Int, 1));
     CVariantValue value = MakeValue(DT_Int, 7);
     EDataTyps type = DT_Date;
-    EXPECT_FALSE(object.GetMember("There", value) || object.GetMemberType("There", type));
-    EXPECT_FALSE(object.SetMember("There", value) || object.IsMemberEditable("There"));
-    EXPECT_FALSE(object.SetMemberEditable("There", false) || object.RemoveMember("There"));
-    EXPECT_FALSE(object.RenameMember("There", "new") || object.ChangeMemberType("There", DT_Double));
-    EXPECT_FALSE(object.GetMemberFlags("there") || object.OnMemberCommand("there", 0)); // without a sink
+    const bool happened[] = {
+        object.GetMember("There", value),         object.GetMemberType("There", type),
+        object.SetMember("There", value),         object.IsMemberEditable("There"),
+        object.SetMemberEditable("There", false), object.RemoveMember("There"),
+        object.RenameMember("There", "new"),      object.ChangeMemberType("There", DT_Double),
+        object.GetMemberFlags("there") != 0, // without a sink
+        object.OnMemberCommand("there", 0)};
+    EXPECT_THAT(happened, testing::Each(false));
     EXPECT_EQ(int(value), 7);
     EXPECT_EQ(type, DT_Date);
     EXPECT_THAT(NamesOf(object), ElementsAre("there"));
@@ -168,6 +172,37 @@ TEST(MemberDispatch, ClearingDestroysWhatDestroysItself) {
     EXPECT_EQ(deaths, 2);
     EXPECT_EQ(owned.destroyed, 2);
     EXPECT_EQ(lent.destroyed, 0);
+}
+
+IMemberDispatch* NestedIn(Object& object) {
+    CVariantValue value;
+    EXPECT_TRUE(object.GetMember("nested", value));
+    return value.Value.Dispatch;
+}
+
+// Whichever is declared first: objects die in the opposite order.
+TEST(MemberDispatch, ANestedObjectThatDiesFirstIsForgotten) {
+    Object owner;
+    std::optional<Object> nested(std::in_place);
+    owner.AddMember("nested", true, MakeValue(DT_Group, &*nested));
+    EXPECT_EQ(NestedIn(owner), &*nested);
+    nested.reset();
+    EXPECT_EQ(NestedIn(owner), nullptr);
+    EXPECT_FALSE(owner.RenameMember("nested", "new"));
+
+    nested.emplace();
+    owner.SetMember("nested", MakeValue(DT_Group, &*nested));
+    EXPECT_EQ(NestedIn(owner), &*nested);
+    nested.reset(); // the owner looks at its members when it dies
+}
+
+TEST(MemberDispatch, ObjectsThatOwnEachOtherDieOnce) {
+    auto* first = new Object;
+    auto* second = new Object;
+    first->m_bAutoDestroy = second->m_bAutoDestroy = true;
+    first->AddMember("nested", true, MakeValue(DT_Group, second));
+    second->AddMember("nested", true, MakeValue(DT_Group, first));
+    delete first;
 }
 
 } // namespace

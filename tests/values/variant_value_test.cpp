@@ -131,16 +131,22 @@ TEST_F(Values, TextsOfEveryKind) {
             << value.Type;
         EXPECT_EQ(value.ToText(Plain), plain) << value.Type;
     }
-    const std::pair<EDataTyps, const char*> measures[] = {
-        {DT_RailwayStationDouble, "0,5+16,50"}, {DT_RoadStationDouble, "0+516,50"},
-        {DT_LengthDouble, "516,500 m"},         {DT_AreaDouble, "516,500 m\xB2"},
-        {DT_VolumeDouble, "516,500 m\xB3"},     {DT_PercentDouble, "516,500 %"},
-        {DT_CurrencyDouble, "516,500 \x80"},    {DT_ManDaysDouble, "516,50 MT"}};
-    for (const auto& [type, text] : measures)
-        EXPECT_EQ(MakeValue(type, 516.5).ToText(), text);
-    EXPECT_EQ(MakeValue(DT_LengthFloat, 516.5f).ToText(), "516,50 m");
-    EXPECT_EQ(MakeValue(DT_RailwayStationFloat, 99.f).ToText() + MakeValue(DT_RoadStationFloat, 1.f).ToText(),
-              "0,0+99,000+001,00");
+    SetAngleUnit('r');
+    const std::tuple<EDataTyps, const char*, EDataTyps, const char*> measures[] = {
+        {DT_RailwayStationDouble, "0,5+16,50", DT_RailwayStationFloat, "0,5+16,50"},
+        {DT_RoadStationDouble, "0+516,50", DT_RoadStationFloat, "0+516,50"},
+        {DT_LengthDouble, "516,500 m", DT_LengthFloat, "516,50 m"},
+        {DT_AreaDouble, "516,500 m\xB2", DT_AreaFloat, "516,50 m\xB2"},
+        {DT_VolumeDouble, "516,500 m\xB3", DT_VolumeFloat, "516,50 m\xB3"},
+        {DT_PercentDouble, "516,500 %", DT_PercentFloat, "516,50 %"},
+        {DT_CurrencyDouble, "516,500 \x80", DT_CurrencyFloat, "516,50 \x80"},
+        {DT_ManDaysDouble, "516,50 MT", DT_ManDaysFloat, "516,50 MT"},
+        {DT_RangeDouble, "516,500", DT_RangeFloat, "516,50"},
+        {DT_AngleDouble, "516,50", DT_AngleFloat, "516,50"}};
+    for (const auto& [ofDouble, text, ofFloat, floatText] : measures) {
+        EXPECT_EQ(MakeValue(ofDouble, 516.5).ToText(), text) << ofDouble;
+        EXPECT_EQ(MakeValue(ofFloat, 516.5f).ToText(), floatText) << ofFloat;
+    }
 }
 
 TEST_F(Values, TextsOfGroups) {
