@@ -27,17 +27,19 @@ std::set<std::string> PublicHeaders() {
 }
 
 // The includes that a host would not find, or that would ask it for more than the library itself: Qt is for
-// the headers of qt/ only, other libraries for none.
+// the headers of qt/ only, and the pointers of layout items are Boost's; other libraries are for none.
 std::vector<std::string> StrayIncludes(const std::string& header, const std::string& text,
                                        const std::set<std::string>& publicHeaders) {
     static const std::regex include(R"re(#[ \t]*include[ \t]*["<]([^">]+))re");
     static const std::regex standard("[a-z_0-9]+");
     static const std::regex toolkit("Q[A-Za-z]+");
+    static const std::string itemPointer = "boost/smart_ptr/shared_ptr.hpp";
     std::vector<std::string> strays;
     for (std::sregex_iterator match(text.begin(), text.end(), include), end; match != end; ++match) {
         const std::string included = (*match)[1];
         if (!publicHeaders.contains(included) && !std::regex_match(included, standard) &&
-            !(header.starts_with("korvel/qt/") && std::regex_match(included, toolkit)))
+            !(header.starts_with("korvel/qt/") && std::regex_match(included, toolkit)) &&
+            !(header.starts_with("korvel/layout/") && included == itemPointer))
             strays.push_back(included);
     }
     return strays;

@@ -42,7 +42,7 @@ void UseExportedClasses() {
            CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
            CGridCtrlComboBoxInputStateTree, CGridCtrlComboBoxInputStateTreeCheckBox>();
     UseAll<CEditableGrid, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem, ChildList>();
-    UseAll<CSubclassWnd, CComboListHook<CComboList>>();
+    UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager>();
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();
     UseAll<CVariantValue, CFileValueImp, IFileContainer, IFileValue, IComboBoxParent, IDestroyValue,
            IEnumValue, IEnumSink, IEnumContainer, EnumImages, GroupPresentation, IMemberDispatch,

@@ -83,6 +83,9 @@ struct CRect {
     bool operator==(const CRect&) const = default;
 };
 
+/// The name of the contract for a rectangle without operations.
+using RECT = CRect;
+
 constexpr COLORREF RGB(unsigned red, unsigned green, unsigned blue) {
     return (red & 0xFF) | (green & 0xFF) << 8 | (blue & 0xFF) << 16;
 }
