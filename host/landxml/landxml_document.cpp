@@ -4,16 +4,11 @@
 #include "source/document_error.h"
 #include "texts/messages.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
 namespace korvel::inspector {
-namespace {
-
-// From here on, making the names again costs more than keeping them.
-constexpr std::size_t ManyMembers = 64;
-
-} // namespace
 
 LandXmlDocument::LandXmlDocument(const std::string& path, const ReadingOptions& options)
     : LandXmlDocument(LoadDocument(path, options.encoding), options) {}
@@ -71,6 +66,11 @@ const std::string& LandXmlDocument::IdentOf(ElementIndex element) {
     return m_idents.emplace(element, name).first->second;
 }
 
+// The elements in a small one have other places among the recent names than it has itself.
+bool LandXmlDocument::IsLarge(ElementIndex element, const UniqueMemberNames& names) const {
+    return std::max<std::size_t>(names.Count(), Tree().SubtreeEnd(element) - element) > m_recentNames.size();
+}
+
 const UniqueMemberNames& LandXmlDocument::NamesOf(ElementIndex element) {
     if (const auto large = m_namesOfLarge.find(element); large != m_namesOfLarge.end())
         return *large->second;
@@ -78,7 +78,7 @@ const UniqueMemberNames& LandXmlDocument::NamesOf(ElementIndex element) {
     if (recent.element == element)
         return *recent.names;
     auto names = std::make_unique<UniqueMemberNames>(m_members, element);
-    if (names->Count() > ManyMembers)
+    if (IsLarge(element, *names))
         return *m_namesOfLarge.emplace(element, std::move(names)).first->second;
     recent = {element, std::move(names)};
     return *recent.names;

@@ -55,7 +55,7 @@ public:
     /// The name of an element's object: the one that it has as a member.
     const std::string& IdentOf(ElementIndex element);
 
-    /// Valid until the names of another element are asked for.
+    /// Valid until the names of an element outside this one are asked for.
     const UniqueMemberNames& NamesOf(ElementIndex element);
 
     /// The value of a member that is no object. A grid asks for the type and the value of a member one after
@@ -66,6 +66,7 @@ private:
     LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options);
 
     void CheckVersion();
+    bool IsLarge(ElementIndex element, const UniqueMemberNames& names) const;
 
     LoadedDocument m_loaded;
     ElementMembers m_members;
@@ -76,7 +77,7 @@ private:
     std::unordered_map<ElementIndex, std::string> m_idents;
 
     // A grid asks one object for all its members, and in between those for theirs: the names of small objects
-    // are made again when needed, those of large ones are kept.
+    // are made again when needed, after a walk elsewhere; those of large ones are kept.
     struct RecentNames {
         ElementIndex element = NoElement;
         std::unique_ptr<UniqueMemberNames> names;

@@ -252,6 +252,24 @@ TEST_F(LandXmlDocumentTest, LongTextsAreCutInCellsOnlyAndSaySo) {
     }
 }
 
+TEST_F(LandXmlDocumentTest, AnElementsNamesStayWhileThoseInItAreAsked) {
+    std::string children;
+    for (int child = 0; child < 40; ++child) {
+        children += "<b>";
+        for (int leaf = 0; leaf < 130; ++leaf)
+            children += "<c/>";
+        children += "</b>";
+    }
+    LandXmlDocument& document = Open("<a d='1'>" + children + "</a>");
+    const UniqueMemberNames* names = &document.NamesOf(0);
+    std::vector<std::unique_ptr<UniqueMemberNames>> others; // where names that are made again could be
+    std::ostringstream out;
+    WriteList(document.Root(), out, [&](IMemberDispatch&) {
+        others.push_back(std::make_unique<UniqueMemberNames>(document.Members(), 2));
+        EXPECT_EQ(&document.NamesOf(0), names) << "made again, for which all values are read";
+    });
+}
+
 // A host's object as bad as it can be: it holds itself, and denies a member that it names.
 class UnreliableObject : public IMemberDispatch {
 public:
