@@ -190,7 +190,7 @@ ValueType ElementMembers::AttributeType(ElementIndex owner, const XmlAttribute& 
     if (type.meaning == Meaning::SlopeOrLength) {
         std::string kind(attribute.name);
         kind.replace(kind.rfind("Value"), 5, "Type");
-        type.meaning = m_tree.FindAttribute(owner, kind) == "slope" ? Meaning::Percent : Meaning::Length;
+        type.meaning = m_tree.AttributeText(owner, kind) == "slope" ? Meaning::Percent : Meaning::Length;
     }
     return type;
 }
@@ -198,7 +198,7 @@ ValueType ElementMembers::AttributeType(ElementIndex owner, const XmlAttribute& 
 TextType ElementMembers::TextTypeOf(ElementIndex element) const {
     const std::string_view name = m_tree.LocalName(element);
     const bool isSlope =
-        name == "CrossSectPnt" && m_tree.FindAttribute(element, "dataFormat") == "Slope Distance";
+        name == "CrossSectPnt" && m_tree.AttributeText(element, "dataFormat") == "Slope Distance";
     return TypeOfText(isSlope || IsForeign(element) ? std::string_view() : name);
 }
 

@@ -36,7 +36,8 @@ void LandXmlDocument::CheckVersion() {
 
 char LandXmlDocument::OwnAngleUnit() const {
     constexpr char Degrees = '\xB0';
-    const std::optional<AngleUnit> unit = m_members.UnitsAt(0).angle;
+    const UnitSet& units = m_members.UnitsAt(0);
+    const std::optional<AngleUnit> unit = units.angle.unit ? units.angle.unit : units.direction.unit;
     if (unit == AngleUnit::Radians)
         return 'r';
     return unit == AngleUnit::Grads ? 'g' : Degrees;

@@ -38,8 +38,8 @@ public:
     /// What the user should know beside the document, in the code page of the library's texts.
     const std::vector<std::string>& Notices() const { return m_notices; }
 
-    /// The unit of angles at the root, as SetAngleUnit takes it; degrees for minutes and seconds, and for a
-    /// unit that LandXML does not know.
+    /// The unit of angles at the root, else of directions, as SetAngleUnit takes it; degrees for minutes and
+    /// seconds, and where LandXML knows neither unit.
     char OwnAngleUnit() const;
 
     const ElementTree& Tree() const { return m_loaded.tree; }

@@ -1,10 +1,10 @@
 #include "landxml/landxml_scopes.h"
 
-#include "korvel/documents/xml_text.h"
 #include "source/blanks.h"
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace korvel::inspector {
 namespace {
@@ -15,10 +15,6 @@ constexpr std::size_t MostKeptUnitSets = 64;
 bool NamesAlignments(const ElementTree& tree, ElementIndex element) {
     return !tree.FindAttribute(element, "alignmentRef").empty() ||
            !tree.FindAttribute(element, "alignmentRefs").empty();
-}
-
-std::string NameText(std::string_view raw) {
-    return DecodeXmlAttribute(Trim(raw), std::string::npos).utf8;
 }
 
 } // namespace
@@ -53,8 +49,8 @@ void LandXmlScopes::FindRailways() {
         if (m_tree.LocalName(alignment) != "Alignment")
             continue;
         railways.push_back(alignment);
-        if (const std::string_view name = m_tree.FindAttribute(alignment, "name"); !name.empty())
-            m_railwayNames.insert(NameText(name));
+        if (std::string name = m_tree.AttributeText(alignment, "name"); !name.empty())
+            m_railwayNames.insert(std::move(name));
     }
     if (railways.empty())
         return;
@@ -85,10 +81,9 @@ bool LandXmlScopes::IsRailway(ElementIndex element) const {
 }
 
 bool LandXmlScopes::NamesRailway(ElementIndex element) const {
-    if (const std::string_view name = m_tree.FindAttribute(element, "alignmentRef");
-        !name.empty() && m_railwayNames.contains(NameText(name)))
+    if (m_railwayNames.contains(m_tree.AttributeText(element, "alignmentRef")))
         return true;
-    const std::string names = NameText(m_tree.FindAttribute(element, "alignmentRefs"));
+    const std::string names = m_tree.AttributeText(element, "alignmentRefs");
     const std::vector<std::string_view> words = SplitAtBlanks(names);
     return std::any_of(words.begin(), words.end(),
                        [&](std::string_view name) { return m_railwayNames.contains(std::string(name)); });

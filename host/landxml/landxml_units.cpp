@@ -1,5 +1,6 @@
 #include "landxml/landxml_units.h"
 
+#include "korvel/platform/code_page.h"
 #include "landxml/number_reading.h"
 #include "source/blanks.h"
 
@@ -9,66 +10,68 @@
 #include <limits>
 #include <numbers>
 #include <string>
+#include <utility>
 
 namespace korvel::inspector {
 namespace {
 
 struct NamedUnit {
     std::string_view name;
-    Unit unit;
+    std::string_view label;
+    bool isBase = false;
 };
 
 constexpr NamedUnit NamedUnits[] = {
-    {"meter", {"m", true}},
-    {"millimeter", {"mm"}},
-    {"centimeter", {"cm"}},
-    {"kilometer", {"km"}},
-    {"foot", {"ft"}},
-    {"feet", {"ft"}},
-    {"USSurveyFoot", {"US survey ft"}}, // 1200/3937 m, not the 0.3048 m of the foot
-    {"inch", {"in"}},
-    {"mile", {"mi"}},
-    {"miles", {"mi"}},
-    {"squareMeter", {"m\xB2", true}},
-    {"squareMillimeter", {"mm\xB2"}},
-    {"squareCentimeter", {"cm\xB2"}},
-    {"hectare", {"ha"}},
-    {"acre", {"acre"}},
-    {"squareFoot", {"ft\xB2"}},
-    {"squareInch", {"in\xB2"}},
-    {"squareMiles", {"mi\xB2"}},
-    {"cubicMeter", {"m\xB3", true}},
-    {"liter", {"l"}},
-    {"hectareMeter", {"ha m"}},
-    {"US_gallon", {"US gal"}},
-    {"IMP_gallon", {"imp. gal"}},
-    {"cubicInch", {"in\xB3"}},
-    {"cubicFeet", {"ft\xB3"}},
-    {"cubicYard", {"yd\xB3"}},
-    {"acreFeet", {"acre ft"}},
-    {"metersPerSecond", {"m/s"}},
-    {"kilometersPerHour", {"km/h"}},
-    {"feetPerSecond", {"ft/s"}},
-    {"milesPerHour", {"mph"}},
-    {"cubicMeterSecond", {"m\xB3/s"}},
-    {"literPerSecond", {"l/s"}},
-    {"literPerMinute", {"l/min"}},
-    {"US_gallonPerDay", {"US gal/d"}},
-    {"IMP_gallonPerDay", {"imp. gal/d"}},
-    {"cubicFeetDay", {"ft\xB3/d"}},
-    {"US_gallonPerMinute", {"US gal/min"}},
-    {"IMP_gallonPerMinute", {"imp. gal/min"}},
-    {"acreFeetDay", {"acre ft/d"}},
-    {"cubicFeetSecond", {"ft\xB3/s"}},
-    {"HPA", {"hPa"}},
-    {"milliBars", {"mbar"}},
-    {"mmHG", {"mmHg"}},
-    {"millimeterHG", {"mmHg"}},
-    {"inchHG", {"inHg"}},
-    {"inHG", {"inHg"}},
-    {"celsius", {"\xB0\x43"}},
-    {"kelvin", {"K"}},
-    {"fahrenheit", {"\xB0\x46"}},
+    {"meter", "m", true},
+    {"millimeter", "mm"},
+    {"centimeter", "cm"},
+    {"kilometer", "km"},
+    {"foot", "ft"},
+    {"feet", "ft"},
+    {"USSurveyFoot", "US survey ft"}, // 1200/3937 m, not the 0.3048 m of the foot
+    {"inch", "in"},
+    {"mile", "mi"},
+    {"miles", "mi"},
+    {"squareMeter", "m\xB2", true},
+    {"squareMillimeter", "mm\xB2"},
+    {"squareCentimeter", "cm\xB2"},
+    {"hectare", "ha"},
+    {"acre", "acre"},
+    {"squareFoot", "ft\xB2"},
+    {"squareInch", "in\xB2"},
+    {"squareMiles", "mi\xB2"},
+    {"cubicMeter", "m\xB3", true},
+    {"liter", "l"},
+    {"hectareMeter", "ha m"},
+    {"US_gallon", "US gal"},
+    {"IMP_gallon", "imp. gal"},
+    {"cubicInch", "in\xB3"},
+    {"cubicFeet", "ft\xB3"},
+    {"cubicYard", "yd\xB3"},
+    {"acreFeet", "acre ft"},
+    {"metersPerSecond", "m/s"},
+    {"kilometersPerHour", "km/h"},
+    {"feetPerSecond", "ft/s"},
+    {"milesPerHour", "mph"},
+    {"cubicMeterSecond", "m\xB3/s"},
+    {"literPerSecond", "l/s"},
+    {"literPerMinute", "l/min"},
+    {"US_gallonPerDay", "US gal/d"},
+    {"IMP_gallonPerDay", "imp. gal/d"},
+    {"cubicFeetDay", "ft\xB3/d"},
+    {"US_gallonPerMinute", "US gal/min"},
+    {"IMP_gallonPerMinute", "imp. gal/min"},
+    {"acreFeetDay", "acre ft/d"},
+    {"cubicFeetSecond", "ft\xB3/s"},
+    {"HPA", "hPa"},
+    {"milliBars", "mbar"},
+    {"mmHG", "mmHg"},
+    {"millimeterHG", "mmHg"},
+    {"inchHG", "inHg"},
+    {"inHG", "inHg"},
+    {"celsius", "\xB0\x43"},
+    {"kelvin", "K"},
+    {"fahrenheit", "\xB0\x46"},
 };
 
 struct UnitAttribute {
@@ -90,35 +93,36 @@ constexpr UnitAttribute UnitAttributes[] = {
     {Quantity::Temperature, "temperatureUnit", {}},
 };
 
-struct NamedAngleUnit {
-    std::string_view name;
-    AngleUnit unit;
-};
-constexpr NamedAngleUnit NamedAngleUnits[] = {
+constexpr std::pair<std::string_view, AngleUnit> AngleUnits[] = {
     {"radians", AngleUnit::Radians},
     {"grads", AngleUnit::Grads},
     {"decimal degrees", AngleUnit::DecimalDegrees},
     {"decimal dd.mm.ss", AngleUnit::DegreesMinutesSeconds},
 };
 
-Unit UnitNamed(std::string_view name) {
+// A unit that LandXML does not know is its own label.
+std::string LabelOf(const std::string& name) {
+    constexpr std::size_t LongestLabel = 40;
+    const bool isPlain =
+        name.size() <= LongestLabel &&
+        std::none_of(name.begin(), name.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; });
+    return isPlain ? platform::FromUtf8(name).text : "?";
+}
+
+Unit UnitNamed(const std::string& name) {
     const auto* found = std::find_if(std::begin(NamedUnits), std::end(NamedUnits),
                                      [&](const NamedUnit& named) { return named.name == name; });
-    if (found != std::end(NamedUnits))
-        return found->unit;
-    constexpr std::size_t LongestLabel = 40;
-    const bool isPlain = name.size() <= LongestLabel &&
-                         std::all_of(name.begin(), name.end(), [](char c) { return c >= ' ' && c != 0x7F; });
-    return {isPlain ? name : "?", false};
+    return found != std::end(NamedUnits) ? Unit{std::string(found->label), found->isBase}
+                                         : Unit{LabelOf(name)};
 }
 
 Unit ReadUnit(const ElementTree& tree, ElementIndex system, const UnitAttribute& row) {
-    std::string_view name = tree.FindAttribute(system, row.attribute);
+    std::string name = tree.AttributeText(system, row.attribute);
     if (name.empty() && row.otherwise.starts_with('\''))
         name = row.otherwise.substr(1);
     else if (name.empty() && !row.otherwise.empty())
-        name = tree.FindAttribute(system, row.otherwise);
-    return UnitNamed(Trim(name));
+        name = tree.AttributeText(system, row.otherwise);
+    return UnitNamed(name);
 }
 
 // Some files have two blanks between the words.
@@ -126,15 +130,15 @@ bool SameWords(std::string_view a, std::string_view b) {
     return SplitAtBlanks(a) == SplitAtBlanks(b);
 }
 
-std::optional<AngleUnit> ReadAngleUnit(const ElementTree& tree, ElementIndex system,
-                                       std::string_view attribute, AngleUnit absent) {
-    const std::string_view name = tree.FindAttribute(system, attribute);
+AngleScale ReadAngleUnit(const ElementTree& tree, ElementIndex system, std::string_view attribute,
+                         AngleUnit absent) {
+    const std::string name = tree.AttributeText(system, attribute);
     if (name.empty())
-        return absent;
-    for (const NamedAngleUnit& named : NamedAngleUnits)
-        if (SameWords(named.name, name))
-            return named.unit;
-    return std::nullopt;
+        return {absent, {}};
+    for (const auto& [known, unit] : AngleUnits)
+        if (SameWords(known, name))
+            return {unit, {}};
+    return {{}, LabelOf(name)};
 }
 
 // Angles are read with more digits than a double has, so that it is known whether a double falls short of its

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace korvel::inspector {
@@ -31,17 +32,22 @@ enum class AngleUnit { Radians, Grads, DecimalDegrees, DegreesMinutesSeconds };
 /// A unit as it is shown after a name, in the code page of the library's texts; empty when the file names
 /// none. A word that LandXML does not know is its own label.
 struct Unit {
-    std::string_view label;
+    std::string label;
     bool isBase = false; ///< metre, square metre or cubic metre
+};
+
+/// How the angles of one kind are written.
+struct AngleScale {
+    std::optional<AngleUnit> unit; ///< nothing when the file names one that LandXML does not know
+    std::string unknown;           ///< its label then, as in Unit
 };
 
 /// The units that hold somewhere in a document.
 struct UnitSet {
     std::array<Unit, QuantityCount> units;
-    /// Nothing when the file names a unit that LandXML does not know.
-    std::optional<AngleUnit> angle = AngleUnit::Radians;
-    std::optional<AngleUnit> direction = AngleUnit::Radians;
-    std::optional<AngleUnit> geographic = AngleUnit::DecimalDegrees;
+    AngleScale angle = {AngleUnit::Radians, {}};
+    AngleScale direction = {AngleUnit::Radians, {}};
+    AngleScale geographic = {AngleUnit::DecimalDegrees, {}};
     bool imperial = false;
 
     const Unit& Of(Quantity quantity) const { return units[static_cast<std::size_t>(quantity)]; }

@@ -53,6 +53,20 @@ auto FindMeaning(const Rows& rows, Meaning meaning) {
     return found != std::end(rows) ? found : nullptr;
 }
 
+// Null for what is no angle.
+const AngleScale* ScaleOf(Meaning meaning, const UnitSet& units) {
+    switch (meaning) {
+    case Meaning::Angle:
+        return &units.angle;
+    case Meaning::Direction:
+        return &units.direction;
+    case Meaning::GeographicAngle:
+        return &units.geographic;
+    default:
+        return nullptr;
+    }
+}
+
 CVariantValue OfDouble(EDataTyps type, double number) {
     CVariantValue value;
     value.Type = type;
@@ -87,15 +101,11 @@ public:
             return ReadNumber(DT_Double, shown);
         case Meaning::Percent:
             return ReadNumber(DT_PercentDouble, shown);
-        case Meaning::Angle:
-            return ReadAngle(m_place.units.angle, shown);
-        case Meaning::Direction:
-            return ReadAngle(m_place.units.direction, shown);
-        case Meaning::GeographicAngle:
-            return ReadAngle(m_place.units.geographic, shown);
         default:
-            return ReadPlain(shown);
+            break;
         }
+        const AngleScale* scale = ScaleOf(m_type.meaning, m_place.units);
+        return scale ? ReadAngle(scale->unit, shown) : ReadPlain(shown);
     }
 
 private:
@@ -202,6 +212,8 @@ std::string ToLibraryText(const std::string& utf8) {
 std::string_view UnitOf(const ValueType& type, const ValuePlace& place) {
     if (const FixedMeasure* measure = FindMeaning(FixedMeasures, type.meaning))
         return place.units.imperial ? measure->imperial : measure->metric;
+    if (const AngleScale* scale = ScaleOf(type.meaning, place.units))
+        return scale->unknown;
     const Measure* measure = FindMeaning(Measures, type.meaning);
     if (!measure && type.meaning != Meaning::Station)
         return {};

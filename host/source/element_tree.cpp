@@ -67,6 +67,11 @@ std::string_view ElementTree::FindAttribute(ElementIndex element, std::string_vi
     return {};
 }
 
+std::string ElementTree::AttributeText(ElementIndex element, std::string_view name) const {
+    const std::string text = DecodeXmlAttribute(FindAttribute(element, name), std::string::npos).utf8;
+    return std::string(Trim(text));
+}
+
 std::vector<TextSource> ElementTree::Texts(ElementIndex element) const {
     std::vector<TextSource> texts;
     if (!HasChildren(element)) {

@@ -60,6 +60,10 @@ public:
     /// The value as written; a null view when there is no such attribute.
     std::string_view FindAttribute(ElementIndex element, std::string_view name) const;
 
+    /// What the value means: references resolved, without the blanks around it; empty when there is no such
+    /// attribute.
+    std::string AttributeText(ElementIndex element, std::string_view name) const;
+
     /// The attribute whose name begins at an offset of the source.
     XmlAttribute AttributeAt(std::uint32_t offset) const;
 

@@ -1,3 +1,4 @@
+#include "korvel/values/member_dispatch_imp.h"
 #include "landxml/landxml_document.h"
 #include "program/list_writer.h"
 #include "source/source_file.h"
@@ -270,10 +271,23 @@ TEST_F(LandXmlDocumentTest, AnElementsNamesStayWhileThoseInItAreAsked) {
     });
 }
 
+TEST_F(LandXmlDocumentTest, HasAUnitForItsAngles) {
+    const std::pair<std::string, char> cases[] = {
+        {"", 'r'},
+        {"angularUnit='grads' directionUnit='radians'", 'g'},
+        {"angularUnit='decimal dd.mm.ss'", '\xB0'},
+        {"angularUnit='gradians' directionUnit='grads'", 'g'},
+        {"angularUnit='gradians' directionUnit='turns'", '\xB0'},
+    };
+    for (const auto& [units, unit] : cases)
+        EXPECT_EQ(Open("<LandXML><Units><Metric " + units + "/></Units></LandXML>").OwnAngleUnit(), unit)
+            << units;
+}
+
 // A host's object as bad as it can be: it holds itself, and denies a member that it names.
-class UnreliableObject : public IMemberDispatch {
+class UnreliableObject : public TMemberDispatchImp<UnreliableObject> {
 public:
-    const std::string& GetIdent() const override { return m_ident; }
+    using TMemberDispatchImp::TMemberDispatchImp;
     void GetMemberNames(std::list<std::string>& names) override { names = {"self", "gone", "b\n\tc"}; }
     bool GetMember(const std::string& name, CVariantValue& value) override {
         value.Type = name == "self" ? DT_Group : DT_String;
@@ -281,22 +295,10 @@ public:
         value.Text = "1\r\n2";
         return name != "gone" || (value = CVariantValue(), false);
     }
-    bool GetMemberType(const std::string&, EDataTyps&) override { return false; }
-    bool IsMemberEditable(const std::string&) override { return false; }
-    bool SetMemberEditable(const std::string&, const bool&) override { return false; }
-    bool SetMember(const std::string&, const CVariantValue&) override { return false; }
-    bool AddMember(const std::string&, bool, const CVariantValue&) override { return false; }
-    bool RemoveMember(const std::string&) override { return false; }
-    bool RenameMember(const std::string&, const std::string&) override { return false; }
-    bool ChangeMemberType(const std::string&, const EDataTyps&) override { return false; }
-    void SetIdent(const std::string&) override {}
-
-private:
-    std::string m_ident = "it";
 };
 
 TEST_F(LandXmlDocumentTest, ListsUnreliableObjects) {
-    UnreliableObject object;
+    UnreliableObject object("it");
     EXPECT_EQ(ListOf(object), "b  c\t1  2\ngone\t\nself\tit\n");
 }
 
