@@ -12,6 +12,8 @@ constexpr std::string_view Magic = "\x1F\x8B";
 constexpr std::size_t MostTimesLarger = 1000; // the format allows 1,032; documents reach some dozen
 constexpr std::size_t ChunkSize = 1 << 18;
 
+constexpr std::size_t MostTimesReserved = 30; // what is cut off ends with any bytes
+
 // The format ends with the size of its last member, modulo 4 GB: mostly that of the whole. It is a hint only:
 // a text that grows beyond it takes twice its memory.
 std::size_t SizeSaidAtTheEnd(std::string_view packed) {
@@ -74,7 +76,7 @@ const char* Unpack(std::string_view packed, std::size_t longest, std::string& un
     using State = Inflater::State;
     Inflater inflater(packed);
     const std::size_t most = std::min(longest, packed.size() * MostTimesLarger);
-    unpacked.reserve(std::min(most, SizeSaidAtTheEnd(packed)));
+    unpacked.reserve(std::min({most, SizeSaidAtTheEnd(packed), packed.size() * MostTimesReserved}));
     for (;;) {
         std::string_view chunk;
         const State state = inflater.Next(chunk);

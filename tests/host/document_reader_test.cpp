@@ -145,7 +145,14 @@ TEST(SourceFile, UnpacksGzip) {
         std::ofstream(path, std::ios::binary) << bytes;
         EXPECT_THAT(ReasonOf(path), testing::EndsWith(reason)) << name;
     }
+    std::string cut = two.substr(0, two.size() / 2);
+    while (cut.back() == '\0') // the highest byte of what it seems to say of its size
+        cut.pop_back();
     std::string unpacked;
+    EXPECT_STREQ(Unpack(cut, std::string::npos, unpacked), "is packed and cut off");
+    EXPECT_LE(unpacked.capacity(), cut.size() * 30) << "what is cut off says no size";
+    unpacked.clear();
+    unpacked.shrink_to_fit();
     const std::string packed = Packed(large + large);
     EXPECT_EQ(Unpack(packed, large.size() * 3, unpacked), nullptr);
     EXPECT_LT(unpacked.capacity(), unpacked.size() * 9 / 8) << "it takes its memory once";
