@@ -6,7 +6,8 @@
 namespace korvel {
 
 /// Whether a message to the window around `owner` means that the user acts elsewhere: the window moves, a
-/// mouse button is pressed in it, or a command arrives that is not the owner's.
+/// mouse button is pressed in it, or a command arrives that is not the owner's. In a Wayland session nobody
+/// is told that a window moves: the list stays open.
 KORVEL_API bool EndsComboList(HWND owner, UINT message, WPARAM wParam, LPARAM lParam);
 
 /// Watches the window around a field while its list is dropped, and closes the list when the user acts
