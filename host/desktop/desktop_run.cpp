@@ -16,10 +16,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QImage>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QPixmap>
 #include <QTranslator>
+#include <QtMath>
 #include <clocale>
 #include <iostream>
 
@@ -53,8 +54,17 @@ void ExpandAsAsked(GridPane& pane, const Options& options) {
             throw UsageError({"--expand: there is no %1", {"'" + path + "'"}});
 }
 
+// Of exactly this size in pixels; where the desktop scales, of a window that is smaller than it says.
+QImage PictureOf(InspectorWindow& window, const PictureSize& size) {
+    QImage picture(size.width, size.height, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(window.devicePixelRatioF());
+    window.render(&picture);
+    return picture;
+}
+
 void WritePicture(InspectorWindow& window, const Options& options) {
-    window.resize(options.size.width, options.size.height);
+    const double scale = window.devicePixelRatioF();
+    window.resize(qCeil(options.size.width / scale), qCeil(options.size.height / scale));
     window.show();
     if (!options.file.empty())
         window.Open(options.file);
@@ -63,7 +73,7 @@ void WritePicture(InspectorWindow& window, const Options& options) {
     const bool isAsked = !options.screenshot.empty();
     const QString name =
         isAsked ? QFile::decodeName(options.screenshot.c_str()) : PictureBeside(options.file);
-    const QString written = SavePicture(window.grab().toImage(), name);
+    const QString written = SavePicture(PictureOf(window, options.size), name);
     const std::string taken = QFile::encodeName(written).toStdString();
     if (!isAsked)
         std::cout << Say({"there is no screen; the picture of the window is %1", {taken}}) << '\n';
@@ -108,10 +118,8 @@ int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::
     window.show();
     if (!notice.empty())
         window.Warn(notice);
-    if (!options.file.empty()) {
-        window.OpenOrWarn(options.file);
+    if (!options.file.empty() && window.OpenOrWarn(options.file))
         ExpandAsAsked(window.Pane(), options);
-    }
     return QApplication::exec();
 }
 

@@ -110,8 +110,8 @@ void InspectorWindow::Open(const std::string& path) {
     ShowStatus(path);
 }
 
-void InspectorWindow::OpenOrWarn(const std::string& path) {
-    Try([&] { Open(path); });
+bool InspectorWindow::OpenOrWarn(const std::string& path) {
+    return Try([&] { Open(path); });
 }
 
 void InspectorWindow::Warn(const std::string& text) {
@@ -124,7 +124,7 @@ void InspectorWindow::ShowBox(QMessageBox::Icon icon, const QString& text) {
     box.exec();
 }
 
-void InspectorWindow::Try(const std::function<void()>& action) {
+bool InspectorWindow::Try(const std::function<void()>& action) {
     QString failure;
     try {
         action();
@@ -135,6 +135,11 @@ void InspectorWindow::Try(const std::function<void()>& action) {
     }
     if (!failure.isEmpty())
         ShowBox(QMessageBox::Critical, failure);
+    return failure.isEmpty();
+}
+
+QRect InspectorWindow::Room() const {
+    return screen()->availableGeometry().marginsRemoved(FrameRoom);
 }
 
 void InspectorWindow::ShowStatus(const std::string& path) {
@@ -155,8 +160,9 @@ void InspectorWindow::ShowStatus(const std::string& path) {
 
 void InspectorWindow::ChooseFile() {
     const ProgramTexts& texts = TheProgramTexts();
-    const QString filter = QStringLiteral("%1 (*.xml *.XML *.landxml *.xml.gz);;%2 (*)")
-                               .arg(QString::fromUtf8(texts.landXmlFiles), QString::fromUtf8(texts.allFiles));
+    const QString filter =
+        QStringLiteral("%1 (*.xml *.XML *.landxml *.LANDXML *.xml.gz *.XML.GZ *.landxml.gz);;%2 (*)")
+            .arg(QString::fromUtf8(texts.landXmlFiles), QString::fromUtf8(texts.allFiles));
     const QString path =
         QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption), m_folder, filter);
     if (!path.isEmpty())
@@ -166,12 +172,14 @@ void InspectorWindow::ChooseFile() {
 void InspectorWindow::ShowLists() {
     if (!m_lists) {
         const WaitCursor wait;
-        m_lists = std::make_unique<ListsWindow>(*m_document, *m_pane);
+        const QRect room = Room();
+        m_lists = std::make_unique<ListsWindow>(
+            *m_document, *m_pane,
+            CRect{room.x(), room.y(), room.x() + room.width(), room.y() + room.height()});
         const CRect smallest = ListsWindow::SmallestRoom();
-        const QSize room = screen()->availableGeometry().marginsRemoved(FrameRoom).size();
         if (const auto* display = dynamic_cast<qt::QtDisplay*>(&Display()))
             display->WidgetOf(m_lists->m_hWnd)
-                ->setMinimumSize(QSize(smallest.Width(), smallest.Height()).boundedTo(room));
+                ->setMinimumSize(QSize(smallest.Width(), smallest.Height()).boundedTo(room.size()));
     }
     if (m_lists->HasLists())
         m_lists->Show();

@@ -26,8 +26,8 @@ public:
 
     /// Opens a document instead of the one that is shown. Throws DocumentError; what was shown stays then.
     void Open(const std::string& path);
-    /// The same; a box shows what went wrong.
-    void OpenOrWarn(const std::string& path);
+    /// The same; a box shows what went wrong. True when the document is open.
+    bool OpenOrWarn(const std::string& path);
     /// Shows a text (UTF-8) in a box.
     void Warn(const std::string& text);
     GridPane& Pane() { return *m_pane; }
@@ -38,9 +38,11 @@ protected:
 
 private:
     void MakeMenus();
+    /// The part of its screen that is free for windows with their frames.
+    QRect Room() const;
     void ShowBox(QMessageBox::Icon icon, const QString& text);
-    /// A box shows what went wrong.
-    void Try(const std::function<void()>& action);
+    /// A box shows what went wrong; false then.
+    bool Try(const std::function<void()>& action);
     void ChooseFile();
     void ShowLists();
     void ShowAbout();

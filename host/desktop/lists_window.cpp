@@ -14,8 +14,6 @@ constexpr const char* PictureFolder = ":/pictures"; // in the program itself
 constexpr int SmallestWidth = 560;
 constexpr int FirstListHeight = 320;
 constexpr int SmallestList = 60;
-constexpr int FrameRoom = 8; // for the frame of a window on the screen
-constexpr int TitleRoom = 40;
 constexpr int Margin = 10;
 constexpr int Gap = 8;
 constexpr int TextDrop = 5; // a label draws at the top of its rectangle, a field in the middle
@@ -75,26 +73,23 @@ Sizes TheSizes() {
     return sizes;
 }
 
-// A place of this size in the middle of another one, with its frame on the screen.
-CRect PlaceOver(const CRect& around, const Sizes& sizes) {
-    const int screenWidth = GetSystemMetrics(SM_CXSCREEN);
-    const int screenHeight = GetSystemMetrics(SM_CYSCREEN);
-    const int width = std::min(sizes.width, screenWidth - 2 * FrameRoom);
-    const int height = std::min(sizes.height, screenHeight - TitleRoom - FrameRoom);
-    const int left = std::clamp(around.left + (around.Width() - width) / 2, FrameRoom,
-                                std::max(FrameRoom, screenWidth - FrameRoom - width));
-    const int top = std::clamp(around.top + (around.Height() - height) / 2, TitleRoom,
-                               std::max(TitleRoom, screenHeight - FrameRoom - height));
+// A place of this size in the middle of another one, but inside `room`.
+CRect PlaceOver(const CRect& around, const Sizes& sizes, const CRect& room) {
+    const int width = std::min(sizes.width, room.Width());
+    const int height = std::min(sizes.height, room.Height());
+    const int left = std::clamp(around.left + (around.Width() - width) / 2, room.left, room.right - width);
+    const int top = std::clamp(around.top + (around.Height() - height) / 2, room.top, room.bottom - height);
     return {left, top, left + width, top + height};
 }
 
 } // namespace
 
-ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner) : m_lists(document, PictureFolder) {
+ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner, const CRect& room)
+    : m_lists(document, PictureFolder) {
     const CRect around = korvel::GetWindowRect(GetTopLevelParent(owner.m_hWnd));
     const std::string caption = Plain(InCodePage(TheProgramTexts().lists));
-    CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW, PlaceOver(around, TheSizes()), &owner,
-             0);
+    CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW, PlaceOver(around, TheSizes(), room),
+             &owner, 0);
     CreateControls();
     m_titles = std::make_unique<EditableWordList>(TitlesOf(m_lists.All()), 0);
     m_title.Show(m_titles->Selected({0}));

@@ -16,8 +16,9 @@ namespace korvel::inspector {
 /// Below the list, one of its words can be chosen, to see how often the document uses it.
 class ListsWindow final : public CWnd {
 public:
-    /// Made hidden. It stays in front of the window that holds `owner`, and dies with it.
-    ListsWindow(const LandXmlDocument& document, CWnd& owner);
+    /// Made hidden, and inside `room` on the screen. It stays in front of the window that holds `owner`, and
+    /// dies with it.
+    ListsWindow(const LandXmlDocument& document, CWnd& owner, const CRect& room);
     ~ListsWindow() override { DestroyWindow(); } // while it can still take their last messages
 
     bool HasLists() { return !m_lists.All().empty(); }

@@ -98,6 +98,9 @@ TEST(InspectorProgram, WritesPicturesWithoutScreen) {
     const std::string picture = folder.Path() / "picture.png";
     EXPECT_EQ(RunInspector(railway + " --size 640x480 --screenshot " + picture).output, "");
     EXPECT_EQ(SizeOfPicture(picture), "640x480");
+    const platform::ScratchVariable scale("QT_SCALE_FACTOR", "1.5");
+    EXPECT_EQ(RunInspector(railway + " --size 641x481 --screenshot " + picture).output, "");
+    EXPECT_EQ(SizeOfPicture(picture), "641x481") << "on a desktop that scales";
 
     const std::string sessions[] = {"", "DISPLAY=:4711 ",
                                     "WAYLAND_DISPLAY=nope "}; // ones that do not respond

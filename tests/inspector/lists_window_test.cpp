@@ -37,7 +37,7 @@ protected:
         std::ofstream(path) << "<LandXML><Curve rot='cw' crvType='arc'/><Curve rot='cw'/>"
                                "<Parcel state='existing'/></LandXML>";
         const LandXmlDocument document(path, {});
-        m_lists = std::make_unique<ListsWindow>(document, m_owner);
+        m_lists = std::make_unique<ListsWindow>(document, m_owner, m_room);
         m_lists->Show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(Widget(m_lists->m_hWnd)));
     }
@@ -95,6 +95,7 @@ protected:
 
     platform::ScratchFolder m_folder;
     qt::QtDisplay m_display;
+    CRect m_room = {0, 0, 800, 800};
     CWnd m_owner;
     std::unique_ptr<ListsWindow> m_lists;
 };
@@ -178,6 +179,16 @@ TEST_F(ListsWindowTest, ChangesStayWhileOtherListsAreShown) {
                            "erase 'cw';rename 'cw';");
     Press(Qt::Key_Escape);
     EXPECT_FALSE(m_lists->IsWindowVisible());
+}
+
+TEST_F(ListsWindowTest, OpensInItsRoom) {
+    m_room = {1000, 100, 1700, 500}; // of another screen
+    Open("English");
+    const CRect place = m_lists->GetWindowRect();
+    EXPECT_EQ(place.left, m_room.left);
+    EXPECT_EQ(place.top, m_room.top);
+    EXPECT_LE(place.right, m_room.right);
+    EXPECT_LE(place.bottom, m_room.bottom);
 }
 
 TEST_F(ListsWindowTest, ItsCombosGrowWithIt) {
