@@ -8,6 +8,7 @@
 #include "program/options.h"
 #include "program/run_settings.h"
 #include "source/document_error.h"
+#include "texts/help_text.h"
 #include "texts/messages.h"
 
 #include <exception>
@@ -52,13 +53,14 @@ Options ReadArguments(const std::vector<std::string>& arguments) {
     try {
         return ReadOptions(arguments);
     } catch (const UsageError&) {
-        UseLanguage({}); // in which the reason is said
+        UseLanguage(LanguageIn(arguments)); // in which the reason is said
         throw;
     }
 }
 
 int Run(const Options& options) {
     if (options.help) {
+        UseLanguage(options.language);
         std::cout << HelpText();
         return Done;
     }

@@ -1,6 +1,7 @@
 #include "program/kept_formats.h"
 
 #include "korvel/documents/xml_file_error.h"
+#include "korvel/documents/xml_schema_error.h"
 #include "korvel/output/angles.h"
 #include "korvel/output/format_persistence.h"
 #include "korvel/output/numbers.h"
@@ -9,6 +10,7 @@
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/file_error.h"
 #include "korvel/platform/regional_settings.h"
+#include "korvel/platform/replace_file.h"
 #include "korvel/platform/set_aside.h"
 #include "texts/messages.h"
 #include "texts/system_reason.h"
@@ -78,19 +80,6 @@ bool KeepsUnitOfFile(const fs::path& folder) {
     return GetAngleUnit() == Degrees;
 }
 
-bool KeepUnit(const fs::path& folder, bool hasUnitOfFile) {
-    const fs::path file = folder / UnitFile;
-    fs::path written = file;
-    written += ".new";
-    std::ofstream stream(written);
-    stream << (hasUnitOfFile ? UnitOfFile : "chosen") << '\n';
-    stream.close();
-    std::error_code failure;
-    if (stream)
-        fs::rename(written, file, failure);
-    return stream && !failure;
-}
-
 std::string SetAside(const fs::path& file, const std::string& notice) {
     try {
         return Say({"%1; the file is now %2", {notice, platform::SetFileAside(file).string()}});
@@ -99,10 +88,16 @@ std::string SetAside(const fs::path& file, const std::string& notice) {
     }
 }
 
-// The reason in the language of the user, where the file is no XML.
+// What is wrong with a file, in the language of the process where the error says more than its text.
 std::string ReasonOf(const fs::path& file, const Error& error) {
-    const auto* wrong = dynamic_cast<const XmlFileError*>(&error);
-    return wrong ? file.string() + ": " + SayWithPlace(wrong->Problem()) : platform::ToUtf8(error.what());
+    const std::string name = file.string() + ": ";
+    if (const auto* malformed = dynamic_cast<const XmlFileError*>(&error))
+        return name + SayWithPlace(malformed->Problem());
+    if (const auto* wrong = dynamic_cast<const XmlSchemaError*>(&error))
+        return name + Say(wrong->Details());
+    if (const auto* refused = dynamic_cast<const FileError*>(&error))
+        return name + Say(SystemReason(refused->SystemReason()));
+    return platform::ToUtf8(error.what());
 }
 
 struct Loaded {
@@ -132,20 +127,21 @@ Loaded Load(const fs::path& file) {
 }
 
 std::string Keep(const fs::path& file, bool hasUnitOfFile) {
-    const auto complaint = [](const std::string& reason) {
-        return Say({"the formats cannot be kept: %1", {reason}});
-    };
-    std::error_code failure;
-    fs::create_directories(file.parent_path(), failure);
-    if (failure)
-        return complaint(file.parent_path().string() + ": " + Say(SystemReason(failure.value())));
+    const fs::path folder = file.parent_path();
+    fs::path written = folder;
     try {
+        std::error_code failure;
+        fs::create_directories(folder, failure);
+        if (failure)
+            throw FileError(folder, failure.value());
+        written = file;
         SaveFormatStates(file.c_str());
+        written = folder / UnitFile;
+        platform::ReplaceFile(written, std::string(hasUnitOfFile ? UnitOfFile : "chosen") + "\n");
     } catch (const Error& error) {
-        return complaint(platform::ToUtf8(error.what()));
+        return Say({"the formats cannot be kept: %1", {ReasonOf(written, error)}});
     }
-    return KeepUnit(file.parent_path(), hasUnitOfFile) ? std::string()
-                                                       : complaint((file.parent_path() / UnitFile).string());
+    return {};
 }
 
 } // namespace

@@ -198,35 +198,18 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
     return options;
 }
 
-const char* HelpText() {
-    return R"(Usage: inspector [FILE] [OPTION...]
-
-Shows a LandXML file as a tree of objects with typed attributes.
-
-  --list                    write the tree to standard output, one member a line
-  --screenshot FILE         write a picture of the window, as .png, .jpg or .bmp; a file that is another's stays,
-                            and the picture takes the next free name
-  --size WxH                size of that picture in pixels (1000x700), or of the one that is made where there is no
-                            screen; lists and windows on a screen have none
-  --expand PATH             open the groups along a path of member names, separated by '/'; can be repeated; for a
-                            list, which has all groups open, only a check that they are there
-  --expand-all              open all groups
-  --encoding NAME           read the file in this encoding, where it declares a wrong one
-  --locale NAME             write numbers and dates as in de-DE, en-US, ...
-  --language NAME           English or German, for this run
-  --station-kind KIND       road, railway, or auto: railway where an alignment has cant
-  --help, --version         write this text, or the version
-
-These are kept for later runs, after --list and --screenshot only with --keep:
-
-  --angle-unit UNIT         deg, rad, gon, or file (at first): as in the file that is shown
-  --digits NUMBER           digits after the decimal separator of numbers, angles and stations
-  --grouping SIZES          digits of a group: none, 3 (123.456.789), or 3,2 (12.34.56.789)
-
-  --keep                    keep them also after --list and --screenshot
-
-Exit status: 0 done, 1 failed, 2 a file or an option that cannot be understood.
-)";
+std::string LanguageIn(const std::vector<std::string>& arguments) {
+    Options options;
+    for (std::size_t i = 0; i < arguments.size() && arguments[i] != "--"; ++i) {
+        if (!arguments[i].starts_with("--language"))
+            continue;
+        try {
+            ApplyOption(options, arguments, i);
+        } catch (const UsageError&) {
+            // Whoever reads the options refuses it.
+        }
+    }
+    return options.language;
 }
 
 } // namespace korvel::inspector

@@ -60,7 +60,7 @@ private:
 /// Throws UsageError.
 Options ReadOptions(const std::vector<std::string>& arguments);
 
-/// The text of `--help`.
-const char* HelpText();
+/// The language that arguments ask for, as far as they can be understood; empty: none. Throws nothing.
+std::string LanguageIn(const std::vector<std::string>& arguments);
 
 } // namespace korvel::inspector

@@ -15,7 +15,10 @@ namespace korvel::inspector {
 
 std::string SetAsideIfDamaged(const platform::StoreProblem& problem) {
     const std::string file = platform::StorePath(problem.root).string();
-    if (problem.kind != platform::StoreProblem::Kind::Damaged)
+    using Kind = platform::StoreProblem::Kind;
+    if (problem.kind == Kind::WrongValue)
+        return Say({"the setting %1 in %2 cannot be understood and is not used", {problem.valueName, file}});
+    if (problem.kind == Kind::OutOfReach)
         return Say({"the settings cannot be read: %1 is locked or out of reach", {file}});
     const std::string notice = Say({"the settings cannot be read: %1 is damaged", {file}});
     try {
@@ -39,10 +42,10 @@ TakenFormats ApplySettings(const Options& options) {
     const auto problems = std::make_shared<std::vector<platform::StoreProblem>>();
     platform::SetStoreProblemListener(
         [problems](const platform::StoreProblem& problem) { problems->push_back(problem); });
+    UseLanguage(options.language);
     if (!platform::UseLocale(options.locale))
         throw UsageError({"the locale %1 is not known", {"'" + options.locale + "'"}});
     platform::UseLocale({}); // what is kept is kept as the user's own locale has it
-    UseLanguage(options.language);
     const bool showsWindow = !options.list && options.screenshot.empty();
     TakenFormats taken = TakeFormats(platform::UserConfigFolder(), options.formats,
                                      showsWindow || options.keep ? Keeping::LaterRuns : Keeping::ThisRunOnly);

@@ -57,18 +57,18 @@ TEST(InspectorProgram, ReturnsItsStatus) {
          "inspector: --expand: there is no 'Line/width'; see --help\n"},
         {"--list --language German " + folder.Path().string(), 2,
          "inspector: " + folder.Path().string() + ": ist ein Ordner\n"},
+        {"--language German --bogus", 2, "inspector: die Option '--bogus' gibt es nicht; siehe --help\n"},
+        {"--digits 99 --language=German", 2,
+         "inspector: --digits ist eine Zahl von 0 bis 15, nicht '99'; siehe --help\n"},
+        {"--list --language German --locale Klingon " + good, 2,
+         "inspector: das Gebietsschema 'Klingon' ist nicht bekannt; siehe --help\n"},
         {"--list " + bad, 2,
          "inspector: " + bad + ": line 2, position 25: the value of the attribute 'note' is not in quotes\n"},
         {"--list " + wrong, 2,
          "inspector: " + wrong +
              ": line 1, position 16: the bytes are not UTF-8, and no other encoding is declared; "
              "--encoding NAME reads the file in another encoding\n"},
-        {"--list --encoding Klingon " + wrong, 2,
-         "inspector: " + wrong + ": the encoding 'Klingon' is not known\n"},
         {"--list --encoding iso-8859-2 " + wrong, 0, "note\t\xC5\x81\xC3\xB3\x64\xC5\xBA\n"},
-        {"--list " + folder.Path().string(), 2, "inspector: " + folder.Path().string() + ": is a folder\n"},
-        {"--list --locale Klingon " + good, 2, "inspector: the locale 'Klingon' is not known; see --help\n"},
-        {"--list", 2, "inspector: no file is named; see --help\n"},
         {"--version", 0, "inspector " KORVEL_VERSION "\n"},
     };
     for (const Case& c : cases) {
@@ -77,7 +77,8 @@ TEST(InspectorProgram, ReturnsItsStatus) {
         EXPECT_EQ(outcome.status, c.status);
         EXPECT_EQ(outcome.output, c.output);
     }
-    EXPECT_THAT(RunInspector("--help").output, StartsWith("Usage: inspector"));
+    EXPECT_THAT(RunInspector("--help --language English").output, StartsWith("Usage: inspector"));
+    EXPECT_THAT(RunInspector("--language=German --help").output, StartsWith("Aufruf: inspector"));
 }
 
 // Width and height of a PNG file, from its header; 0x0 when there is none.

@@ -75,17 +75,37 @@ TEST_F(KeptFormats, SetADamagedFileAsideAndStartWithTheRegionalOnes) {
     }
 }
 
-TEST_F(KeptFormats, SayWhereAFileIsNoXml) {
-    NextRun({'g', {}, {}});
-    std::ofstream(file) << "<FORMATS>\n<x";
-    EXPECT_THAT(NextRun(), HasSubstr("inspector-formats.xml: line 2, position "));
+TEST_F(KeptFormats, SayWhatIsWrongWithAFile) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"<FORMATS>\n<x", "inspector-formats.xml: line 2, position "},
+        {"<FORMATS/>", "inspector-formats.xml: the element 'NumberFormat' is missing in 'FORMATS'"},
+    };
+    for (const auto& [content, reason] : cases) {
+        std::ofstream(file) << content;
+        EXPECT_THAT(NextRun(), HasSubstr(reason));
+    }
+}
+
+TEST_F(KeptFormats, FollowALinkAndLeaveNothingBeside) {
+    const std::filesystem::path unit = folder.Path() / "inspector-angle-unit.txt";
+    std::filesystem::create_directory(folder.Path() / "elsewhere");
+    std::filesystem::create_symlink("elsewhere/unit.txt", unit);
+    EXPECT_THAT(NextRun({'g', {}, {}}), IsEmpty());
+    EXPECT_TRUE(std::filesystem::is_symlink(unit));
+    EXPECT_EQ(platform::ContentOf(folder.Path() / "elsewhere" / "unit.txt"), "chosen\n");
+
+    std::filesystem::remove(unit);
+    std::filesystem::create_directory(unit);
+    EXPECT_THAT(NextRun({'g', {}, {}}), HasSubstr(unit.string() + ": is a folder"));
+    const std::filesystem::directory_iterator files(folder.Path());
+    EXPECT_EQ(std::distance(begin(files), end(files)), 3) << "the formats, the unit and the other folder";
 }
 
 TEST_F(KeptFormats, ThatCannotBeReadStayWhereTheyAre) {
     NextRun({'g', {}, {}});
     std::filesystem::rename(file, folder.Path() / "kept");
     std::filesystem::create_directory(file); // as little a file as one of a broken disk
-    EXPECT_THAT(NextRun(), HasSubstr("Is a directory"));
+    EXPECT_THAT(NextRun(), HasSubstr(file.string() + ": is a folder"));
     EXPECT_TRUE(std::filesystem::is_directory(file));
 
     std::filesystem::remove(file);

@@ -1,5 +1,6 @@
 #include "korvel/values/language.h"
 #include "program/options.h"
+#include "program/run_settings.h"
 #include "source/document_error.h"
 #include "texts/system_reason.h"
 
@@ -22,6 +23,11 @@ TEST(Messages, AreInTheLanguageOfTheProcess) {
         "a.xml: Zeile 1, Stelle 4: die Bytes gehören nicht zur Kodierung 'UTF-8'; --encoding NAME liest die "
         "Datei in einer anderen Kodierung");
     EXPECT_EQ(Say(SystemReason(EIO)), "das Gerät meldet einen Fehler");
+    using platform::StoreProblem;
+    const std::string store = platform::StorePath(platform::SettingsRoot::User).string();
+    EXPECT_EQ(
+        SetAsideIfDamaged({platform::SettingsRoot::User, StoreProblem::Kind::WrongValue, "", "iDigits"}),
+        "die Einstellung iDigits in " + store + " ist nicht zu verstehen und gilt nicht");
     try {
         ReadOptions({"--digits=16"});
         ADD_FAILURE() << "was accepted";
