@@ -2,7 +2,7 @@
 # `require_packages PACKAGE...`. Whatever it prints goes to standard error.
 
 build_packages=(g++ cmake ninja-build ccache libicu-dev libsqlite3-dev libboost-dev zlib1g-dev
-                qt6-base-dev qt6-translations-l10n fonts-dejavu-core)
+                qt6-base-dev qt6-translations-l10n fonts-dejavu-core fonts-wqy-microhei)
 test_packages=(libgtest-dev libgmock-dev libpugixml-dev pkg-config)
 format_packages=(clang-format-14)
 check_packages=(clang-14 clang-tidy-14)
