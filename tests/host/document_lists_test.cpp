@@ -102,6 +102,18 @@ TEST_F(DocumentListsTest, AMarkOfUseStays) {
     EXPECT_EQ(list.used.ToText(), "cw");
 }
 
+TEST(LandXmlEnumeration, KeepsTheSpellingOfItsWords) {
+    LandXmlEnumeration* words = TypeOfAttribute("Classification", "functionalClass").enumeration;
+    EXPECT_THAT(NamesOf(*words), ElementsAre("arterial", "collector ", "local"));
+    CVariantValue value;
+    words->Select(1, value);
+    words->Deselect(0, value); // another entry is meant
+    words->Select(-1, value);
+    EXPECT_EQ(value.Text, "collector ") << "as it is to be written";
+    EXPECT_TRUE(words->IsValue(1, value));
+    EXPECT_FALSE(words->GetName(3, value));
+}
+
 TEST(EditableWordList, AWordOutsideTheFolderIsNoPicture) {
     EditableWordList list({"../secret", "a.b", "plain"}, 0);
     list.SetImageFolder("pictures");

@@ -123,24 +123,22 @@ TEST_F(KeptFormats, ThatCannotBeReadStayWhereTheyAre) {
     EXPECT_EQ(Shown(), "1.234.567,89 200,00 12.345 12+345,68");
 }
 
-TEST_F(KeptFormats, ThatCannotBeWrittenServeThisRun) {
-    const std::filesystem::path blocked = folder.Path() / "file" / "below";
+TEST_F(KeptFormats, ThatCannotBeKeptServeThisRun) {
     std::ofstream(folder.Path() / "file") << "no folder";
-    EXPECT_THAT(TakeFormats(blocked, {'g', {}, {}}, Keeping::LaterRuns).notice, HasSubstr("cannot be kept"));
-    EXPECT_EQ(AngleToString(3.141592653589793), "200,00");
-    EXPECT_THAT(TakeFormats({}, {'r', {}, {}}, Keeping::LaterRuns).notice, IsEmpty())
-        << "a user without a home";
-    EXPECT_EQ(AngleToString(3.141592653589793), "3,14");
-}
-
-TEST_F(KeptFormats, ThatNobodyCanReachStopNoRun) {
     const std::filesystem::path endless = folder.Path() / "Br\xC3\xBCgg";
     std::filesystem::create_symlink(endless, endless);
-    const std::string notice = TakeFormats(endless, {'g', {}, {}}, Keeping::LaterRuns).notice;
-    EXPECT_THAT(notice, HasSubstr("cannot be read"));
-    EXPECT_THAT(notice, HasSubstr((endless / "inspector-formats.xml: ").string()));
-    EXPECT_THAT(notice, HasSubstr("not kept"));
-    EXPECT_EQ(AngleToString(3.141592653589793), "200,00");
+    const std::pair<std::filesystem::path, std::string> cases[] = {
+        {folder.Path() / "file" / "below",
+         "the formats cannot be kept: " + (folder.Path() / "file" / "below: no such file").string()},
+        {endless, "the kept formats cannot be read and the regional ones are used: " +
+                      (endless / "inspector-formats.xml: a link leads back to itself").string() +
+                      "; the formats of this run are not kept"},
+        {"", ""}, // a user without a home
+    };
+    for (const auto& [place, notice] : cases) {
+        EXPECT_EQ(TakeFormats(place, {'g', {}, {}}, Keeping::LaterRuns).notice, notice);
+        EXPECT_EQ(AngleToString(3.141592653589793), "200,00") << notice;
+    }
 }
 
 } // namespace

@@ -178,19 +178,18 @@ TEST_F(LandXmlDocumentTest, ShowsUnknownVersionsReadOnly) {
 TEST_F(LandXmlDocumentTest, AnOptionOverridesTheKindOfStation) {
     const std::string xml = "<LandXML><Alignment name='r' staStart='1'><Cant/></Alignment>"
                             "<Alignment name='s' staStart='1'/></LandXML>";
-    struct Case {
-        StationKind stations;
-        EDataTyps rail, road;
+    const std::tuple<StationKind, EDataTyps, EDataTyps> cases[] = {
+        {StationKind::Automatic, DT_RailwayStationDouble, DT_RoadStationDouble},
+        {StationKind::Road, DT_RoadStationDouble, DT_RoadStationDouble},
+        {StationKind::Railway, DT_RailwayStationDouble, DT_RailwayStationDouble},
     };
-    for (const Case& c : {Case{StationKind::Automatic, DT_RailwayStationDouble, DT_RoadStationDouble},
-                          Case{StationKind::Road, DT_RoadStationDouble, DT_RoadStationDouble},
-                          Case{StationKind::Railway, DT_RailwayStationDouble, DT_RailwayStationDouble}}) {
-        IMemberDispatch& root = Open(xml, {.stations = c.stations}).Root();
+    for (const auto& [stations, rail, road] : cases) {
+        IMemberDispatch& root = Open(xml, {.stations = stations}).Root();
         EDataTyps type = DT_Void;
         EXPECT_TRUE(Child(root, "Alignment r").GetMemberType("staStart", type));
-        EXPECT_EQ(type, c.rail);
+        EXPECT_EQ(type, rail);
         EXPECT_TRUE(Child(root, "Alignment s").GetMemberType("staStart", type));
-        EXPECT_EQ(type, c.road);
+        EXPECT_EQ(type, road);
     }
 }
 

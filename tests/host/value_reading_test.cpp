@@ -182,25 +182,5 @@ TEST(LandXmlScopes, HoldWhereTheirElementsStand) {
               "Setup:in Roadway:m:rail Speeds:m:rail Speed:m:rail Roadway:m ");
 }
 
-TEST(LandXmlEnumeration, WalksAndSelects) {
-    LandXmlEnumeration* words = TypeOfAttribute("Classification", "functionalClass").enumeration;
-    std::string names;
-    for (EnumPosition position = words->GetFirstPosition(); position != nullptr;) {
-        CVariantValue name;
-        ASSERT_TRUE(words->GetName(words->GetNext(position), name));
-        names += name.Text + "|";
-    }
-    EXPECT_EQ(names, "arterial|collector |local|");
-    CVariantValue value;
-    words->Select(1, value);
-    EXPECT_EQ(value.Text, "collector ") << "as it is to be written";
-    EXPECT_TRUE(words->IsValue(1, value));
-    words->Deselect(0, value);
-    EXPECT_TRUE(words->IsValue(1, value)) << "another entry was meant";
-    EXPECT_FALSE(words->GetName(3, value));
-    words->Select(-1, value);
-    EXPECT_EQ(value.Text, "collector ");
-}
-
 } // namespace
 } // namespace korvel::inspector

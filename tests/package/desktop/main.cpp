@@ -1,33 +1,24 @@
 // A host on a desktop: a window of its own with the grid in its layout, two groups one within the other, and
 // a list that drops down.
 
+#include "../../support/test_enumeration.h"
 #include "../expect.h"
 
 #include <QApplication>
 #include <QLabel>
 #include <QVBoxLayout>
-#include <cstdint>
 #include <korvel/editors/combo_list.h>
 #include <korvel/grid/editable_grid.h>
 #include <korvel/qt/embed.h>
 #include <korvel/qt/qt_display.h>
 #include <korvel/values/language.h>
 #include <korvel/values/member_dispatch_imp.h>
-#include <string>
-#include <vector>
 
 using namespace korvel;
 
 namespace {
 
 struct Object;
-
-CVariantValue TextValue(const std::string& text) {
-    CVariantValue value;
-    value.Type = DT_String;
-    value.Text = text;
-    return value;
-}
 
 // The pane that the widget shows: its grid fills it.
 class Pane : public CWnd {
@@ -46,42 +37,6 @@ public:
     CEditableGrid grid{nullptr, nullptr};
 };
 
-// What lies on the ground; a value selects an entry by its name.
-class Surfaces : public IEnumValue {
-public:
-    bool IsAutoDestroy() const override { return false; }
-    void Destroy() override {}
-    const EDataTyps& GetDataType() const override { return m_type; }
-    const std::uint32_t& GetEnumFlags() const override { return m_flags; }
-    long AddValue(const std::string&, const std::string&) override { return -1; }
-    void RemoveValue(long) override {}
-    bool GetName(long id, CVariantValue& name) override {
-        name = TextValue(m_names.at(static_cast<std::size_t>(id)));
-        return true;
-    }
-    bool SetName(long, const CVariantValue&) override { return false; }
-    EnumPosition GetFirstPosition() override { return m_names.data(); }
-    long GetNext(EnumPosition& position) override {
-        auto* name = static_cast<std::string*>(position);
-        position = name + 1 == m_names.data() + m_names.size() ? nullptr : name + 1;
-        return static_cast<long>(name - m_names.data());
-    }
-    const CVariantValue* GetTemplate() const override { return nullptr; }
-    bool IsValue(long id, const CVariantValue& value) override {
-        return value.Text == m_names.at(static_cast<std::size_t>(id));
-    }
-    void Select(long id, CVariantValue& value) override {
-        value.Text = m_names.at(static_cast<std::size_t>(id));
-    }
-    void Deselect(long, CVariantValue& value) override { value.Text.clear(); }
-    const char* GetSeparator(bool) const override { return "/"; }
-
-private:
-    std::vector<std::string> m_names = {"gravel", "sand", "turf"};
-    EDataTyps m_type = DT_String;
-    std::uint32_t m_flags = 0;
-};
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -90,20 +45,13 @@ int main(int argc, char** argv) {
     SetDisplay(&display);
     Expect(SetLanguageForThisRun("English"));
 
-    Surfaces surfaces;
+    TestEnumeration surfaces({"gravel", "sand", "turf"});
     TMemberDispatchImp<Object> inner("inner");
     TMemberDispatchImp<Object> outer("outer");
     TMemberDispatchImp<Object> root("root");
-    CVariantValue group;
-    group.Type = DT_Group;
-    group.Value.Dispatch = &inner;
-    outer.AddMember("inner", false, group);
-    group.Value.Dispatch = &outer;
-    root.AddMember("outer", false, group);
-    CVariantValue surface = TextValue("sand");
-    surface.Type = DT_ListString;
-    surface.EnumValue = &surfaces;
-    inner.AddMember("surface", true, surface);
+    outer.AddMember("inner", false, GroupValue(inner));
+    root.AddMember("outer", false, GroupValue(outer));
+    inner.AddMember("surface", true, surfaces.ValueOf(TestEnumeration::Key(2)));
 
     QWidget window;
     auto* layout = new QVBoxLayout(&window);
@@ -132,10 +80,10 @@ int main(int argc, char** argv) {
     Expect(list.GetItemCount() == 3);
     Expect(display.WidgetOf(list.m_hWnd) && display.WidgetOf(list.m_hWnd)->isVisible());
     list.SendMessageA(WM_KEYDOWN, VK_DOWN);
-    Expect(list.GetValue().Text == "turf");
+    Expect(list.GetValue().ToText() == "turf");
     list.UpdateDisp(nullptr);
     list.UnIntialize();
     CVariantValue chosen;
-    Expect(inner.GetMember("surface", chosen) && chosen.Text == "turf");
+    Expect(inner.GetMember("surface", chosen) && chosen.ToText() == "turf");
     return 0;
 }

@@ -46,7 +46,8 @@ void UseExportedClasses() {
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();
     UseAll<CVariantValue, CFileValueImp, IFileContainer, IFileValue, IComboBoxParent, IDestroyValue,
            IEnumValue, IEnumSink, IEnumContainer, EnumImages, GroupPresentation, IMemberDispatch,
-           IMemberCommandSink, IObserverGridSink, KorvelCommonEntityFunction::IKorvelCommonEntityFunction>();
+           IMemberCommandSink, IObserverGrid, IObserverGridSink,
+           KorvelCommonEntityFunction::IKorvelCommonEntityFunction>();
     UseAll<Error, FileError, UnreadableFile, invalid_operation, platform::SettingValue>();
     UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDC, CImageList, IDisplay>();
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();

@@ -1,5 +1,6 @@
 // A host without a screen: binds an object of its own to the grid and changes it while it is shown.
 
+#include "../../support/quiet_observer.h"
 #include "../expect.h"
 
 #include <korvel/grid/editable_grid.h>
@@ -15,17 +16,10 @@ namespace {
 
 struct Axis;
 
-class Observer : public IObserverGrid {
+class Observer : public QuietObserver {
 public:
     void AddSink(IMemberDispatch* disp, IObserverGridSink* sink) override { sinks[disp] = sink; }
     void RemoveSink(IMemberDispatch* disp, IObserverGridSink*) override { sinks.erase(disp); }
-    void OnChange(IMemberDispatch*, void*, const std::string&, const CVariantValue&) override {}
-    void OnRemove(IMemberDispatch*, void*, const std::string&) override {}
-    void OnRename(IMemberDispatch*, void*, const std::string&, const std::string&) override {}
-    void OnAdd(IMemberDispatch*, void*, const std::string&, const CVariantValue&) override {}
-    void OnChangeEditFlag(IMemberDispatch*, void*, const std::string&, const bool&) override {}
-    void OnChangeType(IMemberDispatch*, void*, const std::string&, EDataTyps, const CVariantValue&) override {
-    }
 
     std::map<IMemberDispatch*, IObserverGridSink*> sinks;
 };
