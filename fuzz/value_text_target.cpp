@@ -8,6 +8,7 @@
 #include "korvel/output/numbers.h"
 #include "korvel/output/stations.h"
 
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
@@ -32,21 +33,10 @@ internal::NumberFormat TakeFormat(fuzz::Input& input) {
     return format;
 }
 
-// The value rounded half away from zero on its decimal text of 15 places, as digits without a point.
-std::string RoundedDigits(double value, std::size_t places) {
+std::string Printed(int decimals, double value) {
     char text[512];
-    std::snprintf(text, sizeof text, "%.15f", std::abs(value));
-    std::string digits(text);
-    const std::size_t point = digits.find('.');
-    digits.erase(point, 1).resize(point + std::max<std::size_t>(places, 15), '0');
-    const bool up = digits.size() > point + places && digits[point + places] >= '5';
-    digits.resize(point + places);
-    if (!up)
-        return digits;
-    std::size_t i = digits.size();
-    while (i > 0 && digits[i - 1] == '9')
-        digits[--i] = '0';
-    return i == 0 ? "1" + digits : (++digits[i - 1], digits);
+    std::snprintf(text, sizeof text, "%.*f", decimals, value);
+    return text;
 }
 
 // Groups from the right, as the three known codes ask for them.
@@ -67,17 +57,16 @@ std::string Signed(const std::string& text, std::uint32_t negativeOrder) {
     return before[negativeOrder] + text + after[negativeOrder];
 }
 
-// The text of a number a second way, from the digits of the C library.
+// The text of a number a second way: rounded on the text of the C library.
 std::string ReferenceText(double value, const _numberfmtA& format) {
-    const std::string digits = RoundedDigits(value, format.NumDigits);
-    const std::size_t wholeSize = digits.size() - format.NumDigits;
-    std::string whole = digits.substr(0, wholeSize);
+    std::string digits;
+    internal::AppendNumberText(digits, Printed(15, std::abs(value)), {format.NumDigits, 1, 0, ".", "", 1});
+    std::string whole = digits.substr(0, digits.find('.'));
+    const std::string fraction = digits.substr(std::min(whole.size() + 1, digits.size()));
+    const bool isZero = digits.find_first_not_of(".0") == std::string::npos;
     if (whole == "0" && format.LeadingZero == 0)
         whole.clear();
-    std::string text = Grouped(whole, format);
-    if (format.NumDigits > 0)
-        text += format.DecimalSep + digits.substr(wholeSize);
-    const bool isZero = digits.find_first_not_of('0') == std::string::npos;
+    const std::string text = Grouped(whole, format) + (fraction.empty() ? "" : format.DecimalSep + fraction);
     return value < 0 && !isZero ? Signed(text, format.NegativeOrder) : text;
 }
 
@@ -91,20 +80,17 @@ void RequireTheText(double value, const _numberfmtA& format) {
                       "a number is written by its format");
 }
 
-std::string Printed(const char* format, int decimals, double value) {
-    char text[512];
-    std::snprintf(text, sizeof text, format, decimals, value);
-    std::string printed(text);
-    if (const std::size_t point = printed.find('.'); point != std::string::npos)
-        printed[point] = ',';
-    return printed;
+std::string WithComma(int decimals, double value) {
+    std::string text = Printed(decimals, value);
+    std::replace(text.begin(), text.end(), '.', ',');
+    return text;
 }
 
 // The second half of a station: padded by the digits before its rounding.
 std::string Metres(double value, int width) {
     const std::string padding(static_cast<std::size_t>(width), '0');
     const std::string whole = std::to_string(static_cast<long>(value));
-    return padding.substr(std::min(whole.size(), padding.size())) + Printed("%.*f", 2, value);
+    return padding.substr(std::min(whole.size(), padding.size())) + WithComma(2, value);
 }
 
 template <typename Real>
@@ -118,11 +104,11 @@ void RequireTheStation(Real value) {
     const volatile Real metresOfRailway = hectometres * 1000; // rounded before it is subtracted
     const volatile Real metresOfRoad = kilometres * 1000;
     // A zero below zero has no sign.
-    fuzz::Require(railway == Printed("%.*f", 1, hectometres + Real{0}) + "+" +
+    fuzz::Require(railway == WithComma(1, hectometres + Real{0}) + "+" +
                                  Metres(std::abs(value - metresOfRailway), 2),
                   "a railway station is kilometres and metres");
-    fuzz::Require(road == Printed("%.*f", 0, kilometres + Real{0}) + "+" +
-                              Metres(std::abs(value - metresOfRoad), 3),
+    fuzz::Require(road ==
+                      WithComma(0, kilometres + Real{0}) + "+" + Metres(std::abs(value - metresOfRoad), 3),
                   "a road station is kilometres and metres");
 }
 
