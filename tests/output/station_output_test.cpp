@@ -43,10 +43,7 @@ TEST(StationSign, IsTheFirstCharacterOfTheSeparator) {
     GTEST_FLAG_SET(death_test_style, "threadsafe"); // it is read once in a process
     const auto run = [] {
         const platform::ScratchStore store;
-        const char* key = "Control Panel\\International";
-        platform::CreateKey(platform::SettingsRoot::User, key);
-        platform::WriteSetting(platform::SettingsRoot::User, key, "sDecimal",
-                               platform::SettingValue::Text("\x81\xE2\xE1,"));
+        platform::WriteRegional("sDecimal", platform::SettingValue::Text("\x81\xE2\xE1,"));
         std::cerr << "<" << RoadStationToString(1.5) << ">";
         std::exit(0);
     };

@@ -32,11 +32,6 @@ protected:
         EXPECT_TRUE(UseLocale(locale)) << locale;
         return ReadRegionalSettings();
     }
-    static void Override(const char* name, const SettingValue& value) {
-        CreateKey(SettingsRoot::User, "Control Panel\\International");
-        EXPECT_EQ(WriteSetting(SettingsRoot::User, "Control Panel\\International", name, value),
-                  SettingsStatus::Done);
-    }
 
     ScratchStore m_store;
     ScratchVariable m_none[5] = {{"LC_ALL", nullptr},
@@ -99,13 +94,13 @@ TEST_F(RegionalSettingsTest, TakesTheLocaleOfTheEnvironment) {
 
 TEST_F(RegionalSettingsTest, LetsTheUserOverride) {
     for (const char* name : {"sLongDate", "sShortDate", "sTimeFormat"})
-        Override(name, SettingValue::Text(name));
-    Override("iDigits", SettingValue::Text("3"));
-    Override("iLZero", SettingValue::Text("0"));
-    Override("inegnumber", SettingValue::Text("4"));
-    Override("sThousand", SettingValue::Text(""));
-    Override("sDecimal", SettingValue::Text(std::string_view("'\0x", 3)));
-    Override("sGrouping", SettingValue::Binary("1"));
+        WriteRegional(name, SettingValue::Text(name));
+    WriteRegional("iDigits", SettingValue::Text("3"));
+    WriteRegional("iLZero", SettingValue::Text("0"));
+    WriteRegional("inegnumber", SettingValue::Text("4"));
+    WriteRegional("sThousand", SettingValue::Text(""));
+    WriteRegional("sDecimal", SettingValue::Text(std::string_view("'\0x", 3)));
+    WriteRegional("sGrouping", SettingValue::Binary("1"));
     const RegionalSettings changed = Of("de-DE");
     EXPECT_EQ(changed.longDatePicture + changed.shortDatePicture, "sLongDatesShortDate");
     EXPECT_EQ(changed.timePicture, "sTimeFormat");
@@ -133,7 +128,7 @@ TEST_F(RegionalSettingsTest, LetsTheUserOverride) {
 }
 
 TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
-    Override("sDecimal", SettingValue::Text("'"));
+    WriteRegional("sDecimal", SettingValue::Text("'"));
     const auto decimal = [] { return ReadRegionalSettings().decimalSeparator; };
     EXPECT_TRUE(UseLocale("de-DE"));
     std::ofstream(m_store.File(), std::ios::app).close();
@@ -154,7 +149,7 @@ TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
     EXPECT_EQ(told.size(), 2u) << "another file of the same name";
 
     SetStorePath(SettingsRoot::User, m_store.Path() / "locked");
-    Override("sDecimal", SettingValue::Text("'"));
+    WriteRegional("sDecimal", SettingValue::Text("'"));
     {
         const auto holder =
             OtherProgram(StorePath(SettingsRoot::User), "PRAGMA journal_mode=delete; BEGIN EXCLUSIVE");
@@ -164,7 +159,7 @@ TEST_F(RegionalSettingsTest, TakesTheLocalesWhereTheStoreCannotBeRead) {
     EXPECT_EQ(told, (std::vector{Damaged, Damaged, OutOfReach}));
     {
         SetStorePath(SettingsRoot::User, m_store.Path() / "refused");
-        Override("sDecimal", SettingValue::Text("'"));
+        WriteRegional("sDecimal", SettingValue::Text("'"));
         chmod(StorePath(SettingsRoot::User).c_str(), 0000);
         const OrdinaryUser user;
         EXPECT_EQ(decimal(), ",");

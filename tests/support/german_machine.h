@@ -56,9 +56,7 @@ protected:
 
     /// The user sets a regional setting, and the host reports it.
     void SetRegional(const std::string& name, const std::string& text) {
-        const char* key = "Control Panel\\International";
-        platform::CreateKey(platform::SettingsRoot::User, key);
-        platform::WriteSetting(platform::SettingsRoot::User, key, name, platform::SettingValue::Text(text));
+        platform::WriteRegional(name, platform::SettingValue::Text(text));
         Fire_OnSystemChanged(nullptr, nullptr);
     }
 

@@ -44,6 +44,13 @@ public:
     std::filesystem::path File() const { return Path() / "below" / "settings.sqlite"; }
 };
 
+/// Sets one of the user's regional settings.
+inline void WriteRegional(const std::string& name, const SettingValue& value) {
+    const char* key = "Control Panel\\International";
+    CreateKey(SettingsRoot::User, key);
+    WriteSetting(SettingsRoot::User, key, name, value);
+}
+
 /// Sets a variable of the environment, or removes it for a null value, until the end of this object.
 class ScratchVariable {
 public:

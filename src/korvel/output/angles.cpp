@@ -1,6 +1,7 @@
 #include "korvel/output/angles.h"
 
 #include "korvel/output/angle_output.h"
+#include "korvel/output/text_of.h"
 
 #include <cstdint>
 
@@ -10,23 +11,17 @@ namespace {
 
 using internal::AngleRecord;
 using internal::CAngleOutput;
+using internal::TextOf;
 
 constexpr char DegreeSign = '\xB0';
-
-template <typename Real>
-std::string TextOf(Real radians) {
-    std::string text;
-    CAngleOutput::Instance().Append(text, radians);
-    return text;
-}
 
 } // namespace
 
 std::string AngleToString(double radians) {
-    return TextOf(radians);
+    return TextOf<CAngleOutput>(radians);
 }
 std::string AngleToString(float radians) {
-    return TextOf(radians);
+    return TextOf<CAngleOutput>(radians);
 }
 
 double AngleToRad(double angle) {

@@ -12,29 +12,4 @@ void MeasureOutput::Append(std::string& out, float value) const {
     out += m_suffix;
 }
 
-CLengthOutput& CLengthOutput::Instance() {
-    static CLengthOutput output;
-    return output;
-}
-
-CAreaOutput& CAreaOutput::Instance() {
-    static CAreaOutput output;
-    return output;
-}
-
-CVolumeOutput& CVolumeOutput::Instance() {
-    static CVolumeOutput output;
-    return output;
-}
-
-CPercentOutput& CPercentOutput::Instance() {
-    static CPercentOutput output;
-    return output;
-}
-
-CCurrencyOutput& CCurrencyOutput::Instance() {
-    static CCurrencyOutput output;
-    return output;
-}
-
 } // namespace korvel::internal

@@ -36,44 +36,42 @@ private:
     const char* m_suffix;
 };
 
-class CLengthOutput final : public MeasureOutput {
+/// The one service of a measure.
+template <typename Measure>
+class TMeasureOutput : public MeasureOutput {
 public:
-    static CLengthOutput& Instance();
+    static Measure& Instance() {
+        static Measure output;
+        return output;
+    }
 
-private:
-    CLengthOutput() : MeasureOutput(" m") {}
+protected:
+    using MeasureOutput::MeasureOutput;
 };
 
-class CAreaOutput final : public MeasureOutput {
-public:
-    static CAreaOutput& Instance();
-
-private:
-    CAreaOutput() : MeasureOutput(" m\xB2") {}
+class CLengthOutput final : public TMeasureOutput<CLengthOutput> {
+    friend TMeasureOutput;
+    CLengthOutput() : TMeasureOutput(" m") {}
 };
 
-class CVolumeOutput final : public MeasureOutput {
-public:
-    static CVolumeOutput& Instance();
-
-private:
-    CVolumeOutput() : MeasureOutput(" m\xB3") {}
+class CAreaOutput final : public TMeasureOutput<CAreaOutput> {
+    friend TMeasureOutput;
+    CAreaOutput() : TMeasureOutput(" m\xB2") {}
 };
 
-class CPercentOutput final : public MeasureOutput {
-public:
-    static CPercentOutput& Instance();
-
-private:
-    CPercentOutput() : MeasureOutput(" %") {}
+class CVolumeOutput final : public TMeasureOutput<CVolumeOutput> {
+    friend TMeasureOutput;
+    CVolumeOutput() : TMeasureOutput(" m\xB3") {}
 };
 
-class CCurrencyOutput final : public MeasureOutput {
-public:
-    static CCurrencyOutput& Instance();
+class CPercentOutput final : public TMeasureOutput<CPercentOutput> {
+    friend TMeasureOutput;
+    CPercentOutput() : TMeasureOutput(" %") {}
+};
 
-private:
-    CCurrencyOutput() : MeasureOutput(" \x80") {}
+class CCurrencyOutput final : public TMeasureOutput<CCurrencyOutput> {
+    friend TMeasureOutput;
+    CCurrencyOutput() : TMeasureOutput(" \x80") {}
 };
 
 } // namespace korvel::internal

@@ -2,19 +2,11 @@
 
 #include "korvel/output/man_days_output.h"
 #include "korvel/output/measure_output.h"
+#include "korvel/output/text_of.h"
 
 namespace korvel {
 
-namespace {
-
-template <typename Output, typename Number>
-std::string TextOf(Number value) {
-    std::string text;
-    Output::Instance().Append(text, value);
-    return text;
-}
-
-} // namespace
+using internal::TextOf;
 
 std::string LengthToString(double value) {
     return TextOf<internal::CLengthOutput>(value);

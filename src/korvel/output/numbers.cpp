@@ -2,6 +2,7 @@
 
 #include "korvel/output/number_output.h"
 #include "korvel/output/stream_text.h"
+#include "korvel/output/text_of.h"
 
 #include <cmath>
 #include <cstdint>
@@ -12,6 +13,7 @@ namespace {
 
 using internal::CNumberOutput;
 using internal::NumberRecord;
+using internal::TextOf;
 
 // The last place of a format. Divided step by step: a power function gives other bits, and with them other
 // borders.
@@ -20,13 +22,6 @@ double SmallestStep(const internal::NumberFormat& format) {
     for (std::uint32_t digit = 0; digit < format.NumDigits && step > 0.0; ++digit)
         step /= 10.0;
     return step;
-}
-
-template <typename Number>
-std::string TextOf(Number value) {
-    std::string text;
-    CNumberOutput::Instance().Append(text, value);
-    return text;
 }
 
 template <typename Number>
@@ -43,19 +38,19 @@ std::string TextWithSmallValues(Number value, NumberRecord record) {
 } // namespace
 
 std::string NumberToString(int value) {
-    return TextOf(value);
+    return TextOf<CNumberOutput>(value);
 }
 std::string NumberToString(unsigned int value) {
-    return TextOf(static_cast<int>(value));
+    return TextOf<CNumberOutput>(static_cast<int>(value));
 }
 std::string NumberToString(long value) {
-    return TextOf(value);
+    return TextOf<CNumberOutput>(value);
 }
 std::string NumberToString(float value) {
-    return TextOf(value);
+    return TextOf<CNumberOutput>(value);
 }
 std::string NumberToString(double value) {
-    return TextOf(value);
+    return TextOf<CNumberOutput>(value);
 }
 
 std::string NumberToStringEx(float value) {
