@@ -10,10 +10,10 @@ namespace {
 
 using namespace internal;
 
-std::string LastPanic;
+std::string lastPanic;
 
 void RecordPanic(const char* text) {
-    LastPanic = text;
+    lastPanic = text;
 }
 
 // Words of "a", cut off by "|" into one token of several words; ";" ends a line.
@@ -88,12 +88,12 @@ TEST(Panic, ComesWithoutWhatIsNeededAndForATokenLongerThanItsBuffer) {
     input.scanner.NextToken(&token);
     EXPECT_EQ(token.GetText(), "aaaaaaaa");
     EXPECT_THROW(input.scanner.NextToken(&token), ParseEnded);
-    EXPECT_EQ(LastPanic, "FAIL: overflowed buffer");
+    EXPECT_EQ(lastPanic, "FAIL: overflowed buffer");
     EXPECT_THROW(input.scanner.NextToken(nullptr), ParseEnded);
-    EXPECT_EQ(LastPanic, "NULL token_to_fill");
+    EXPECT_EQ(lastPanic, "NULL token_to_fill");
     input.scanner.SetTextBuffer({});
     EXPECT_THROW(input.scanner.NextToken(&token), ParseEnded);
-    EXPECT_EQ(LastPanic, "text buffer is NULL");
+    EXPECT_EQ(lastPanic, "text buffer is NULL");
 
     WordScanner bare;
     EXPECT_EXIT(bare.NextToken(&token), testing::ExitedWithCode(1),
@@ -108,7 +108,7 @@ TEST(TokenBuffer, SlidesOverMoreTokensThanItHolds) {
     EXPECT_EQ(tokens.Look(2).GetText(), "2");
     EXPECT_THROW(tokens.Look(3), ParseEnded);
     EXPECT_THROW(tokens.Look(0), ParseEnded);
-    EXPECT_EQ(LastPanic, "FAIL: overflowed buffer");
+    EXPECT_EQ(lastPanic, "FAIL: overflowed buffer");
     const ANTLRAbstractToken& first = tokens.GetToken();
     EXPECT_EQ(tokens.Look(2).GetText(), "3");
     EXPECT_EQ(first.GetText(), "1") << "the token taken last stays beside a full window";
@@ -166,7 +166,7 @@ TEST(Parser, EndsAtItsEntryWhenAHandlerReturnsFromAPanic) {
     ReportingParser parser(tokens, {Names, std::span(Sets).first(9)});
     parser.SetPanicHandler(RecordPanic);
     EXPECT_FALSE(parser.Run([] { ADD_FAILURE(); }));
-    EXPECT_EQ(LastPanic, "invalid token") << "the grammar's tables do not know integers";
+    EXPECT_EQ(lastPanic, "invalid token") << "the grammar's tables do not know integers";
 }
 
 } // namespace

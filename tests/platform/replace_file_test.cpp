@@ -13,15 +13,15 @@
 namespace {
 
 // A file that another program makes as soon as one of this name is removed; empty: none.
-std::string NextFileOfAnother;
+std::string nextFileOfAnother;
 
 } // namespace
 
 // Replaces the system's for the whole program.
 int unlink(const char* path) noexcept {
     const int result = static_cast<int>(::syscall(SYS_unlink, path));
-    if (path == NextFileOfAnother) {
-        NextFileOfAnother.clear();
+    if (path == nextFileOfAnother) {
+        nextFileOfAnother.clear();
         std::ofstream(path) << "another's";
     }
     return result;
@@ -70,7 +70,7 @@ std::string FailureOf(const fs::path& path, std::string_view content = "content"
     try {
         ReplaceFile(path, content);
     } catch (const FileError& error) {
-        const std::string text = path.string() + ": " + std::strerror(error.SystemReason());
+        std::string text = path.string() + ": " + std::strerror(error.SystemReason());
         EXPECT_EQ(ToUtf8(error.what()), text);
         return text;
     }
@@ -123,7 +123,7 @@ TEST(ReplaceFile, NamesFileAndReasonAndLeavesTheOldFileAndNothingBeside) {
 TEST(ReplaceFile, RemovesNoFileThatItHasNotMade) {
     const ScratchFolder folder;
     const fs::path beside = folder.Path() / ("file." + std::to_string(::getpid()) + ".new");
-    NextFileOfAnother = beside;
+    nextFileOfAnother = beside;
     EXPECT_EQ(FailureOf(folder.Path() / "file"), (folder.Path() / "file: File exists").string());
     EXPECT_EQ(ContentOf(beside), "another's");
     ReplaceFile(folder.Path() / "file", "new");
