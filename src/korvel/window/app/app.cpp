@@ -14,10 +14,10 @@ std::atomic<CWinApp*>& HostApp() {
     return app;
 }
 
-// The state that a guard on this thread has put in force; without application object: none has.
-ModuleState& GuardedState() {
-    static thread_local ModuleState state;
-    return state;
+// The application object that a guard on this thread has put in force; null: none has.
+CWinApp*& GuardedApp() {
+    static thread_local CWinApp* app = nullptr;
+    return app;
 }
 
 } // namespace
@@ -40,18 +40,23 @@ CKorvelCommonDialogsApp& GetModuleApp() {
 }
 
 ModuleState GetModuleState() {
-    return GuardedState().app ? GuardedState() : ModuleState{HostApp().load(), nullptr};
+    CWinApp* app = GuardedApp() ? GuardedApp() : HostApp().load();
+    return {app, app ? app->m_pResources : nullptr};
 }
 
 void SetHostApp(CWinApp* app) {
     HostApp() = app;
 }
 
-ModuleStateGuard::ModuleStateGuard()
-    : m_former(std::exchange(GuardedState(), ModuleState{&GetModuleApp(), nullptr})) {}
+CWnd* GetMainWnd() {
+    const CWinApp* app = HostApp();
+    return app ? app->m_pMainWnd : nullptr;
+}
+
+ModuleStateGuard::ModuleStateGuard() : m_former(std::exchange(GuardedApp(), &GetModuleApp())) {}
 
 ModuleStateGuard::~ModuleStateGuard() {
-    GuardedState() = m_former;
+    GuardedApp() = m_former;
 }
 
 } // namespace korvel

@@ -19,4 +19,8 @@ struct NameLess {
     }
 };
 
+inline bool IsSameName(std::string_view left, std::string_view right) {
+    return !NameLess()(left, right) && !NameLess()(right, left);
+}
+
 } // namespace korvel::internal
