@@ -24,6 +24,9 @@ inline constexpr UINT WM_ERASEBKGND = 0x0014;
 inline constexpr UINT WM_SHOWWINDOW = 0x0018;
 inline constexpr UINT WM_SETCURSOR = 0x0020;
 inline constexpr UINT WM_MOUSEACTIVATE = 0x0021;
+inline constexpr UINT WM_GETMINMAXINFO = 0x0024;
+inline constexpr UINT WM_NEXTDLGCTL =
+    0x0028; // wParam: a control if the low word of lParam says so, else 1 for back
 inline constexpr UINT WM_DRAWITEM = 0x002B;
 inline constexpr UINT WM_SETFONT = 0x0030;
 inline constexpr UINT WM_GETFONT = 0x0031;
@@ -44,6 +47,7 @@ inline constexpr UINT WM_SYSKEYDOWN = 0x0104;
 inline constexpr UINT WM_SYSKEYUP = 0x0105;
 inline constexpr UINT WM_SYSCHAR = 0x0106;
 inline constexpr UINT WM_KEYLAST = 0x0109;
+inline constexpr UINT WM_INITDIALOG = 0x0110; // wParam: the control that is about to get the focus
 inline constexpr UINT WM_COMMAND = 0x0111;
 inline constexpr UINT WM_SYSCOMMAND = 0x0112;
 inline constexpr UINT WM_TIMER = 0x0113;
@@ -65,6 +69,8 @@ inline constexpr UINT WM_PASTE = 0x0302;
 inline constexpr UINT WM_CLEAR = 0x0303;
 inline constexpr UINT WM_UNDO = 0x0304;
 inline constexpr UINT WM_USER = 0x0400;
+inline constexpr UINT DM_GETDEFID = WM_USER;
+inline constexpr UINT DM_SETDEFID = WM_USER + 1;
 
 // Keys.
 inline constexpr UINT VK_BACK = 0x08;
@@ -110,6 +116,7 @@ inline constexpr UINT WS_TABSTOP = 0x00010000;
 inline constexpr UINT WS_GROUP = 0x00020000;
 inline constexpr UINT WS_THICKFRAME = 0x00040000;
 inline constexpr UINT WS_SYSMENU = 0x00080000;
+inline constexpr UINT WS_DLGFRAME = 0x00400000;
 inline constexpr UINT WS_VSCROLL = 0x00200000;
 inline constexpr UINT WS_BORDER = 0x00800000;
 inline constexpr UINT WS_CAPTION = 0x00C00000;
@@ -123,6 +130,13 @@ inline constexpr UINT WS_EX_TOOLWINDOW = 0x00000080;
 inline constexpr UINT WS_EX_CLIENTEDGE = 0x00000200;
 inline constexpr UINT WS_EX_CONTROLPARENT = 0x00010000;
 inline constexpr UINT WS_EX_NOACTIVATE = 0x08000000;
+
+// Dialog styles.
+inline constexpr UINT DS_ABSALIGN = 0x0001; // the place is on the screen, not relative to the owner
+inline constexpr UINT DS_SETFONT = 0x0040;
+inline constexpr UINT DS_MODALFRAME = 0x0080;
+inline constexpr UINT DS_CONTROL = 0x0400; // a page: it leaves the focus where it is
+inline constexpr UINT DS_CENTER = 0x0800;
 
 // ShowWindow, SetWindowPos, RedrawWindow, SetWindowLongPtrA.
 inline constexpr int SW_HIDE = 0;
@@ -154,13 +168,18 @@ inline constexpr UINT SB_THUMBTRACK = 5;
 inline constexpr UINT SB_TOP = 6;
 inline constexpr UINT SB_BOTTOM = 7;
 
-// What WM_GETDLGCODE returns, added up.
+// What WM_GETDLGCODE returns, added up; lParam is the MSG of the key in question, or 0.
 inline constexpr UINT DLGC_WANTARROWS = 0x0001;
+inline constexpr UINT DLGC_WANTTAB = 0x0002;
 inline constexpr UINT DLGC_WANTALLKEYS = 0x0004;
 inline constexpr UINT DLGC_HASSETSEL = 0x0008;
+inline constexpr UINT DLGC_DEFPUSHBUTTON = 0x0010;
+inline constexpr UINT DLGC_UNDEFPUSHBUTTON = 0x0020;
+inline constexpr UINT DLGC_RADIOBUTTON = 0x0040;
 inline constexpr UINT DLGC_WANTCHARS = 0x0080;
 inline constexpr UINT DLGC_STATIC = 0x0100;
 inline constexpr UINT DLGC_BUTTON = 0x2000;
+inline constexpr unsigned DC_HASDEFID = 0x534B; // high word of what DM_GETDEFID returns
 
 // Message boxes.
 inline constexpr UINT MB_OK = 0x00;
@@ -199,6 +218,7 @@ inline constexpr UINT ES_MULTILINE = 0x0004;
 inline constexpr UINT ES_PASSWORD = 0x0020;
 inline constexpr UINT ES_AUTOHSCROLL = 0x0080;
 inline constexpr UINT ES_READONLY = 0x0800;
+inline constexpr UINT ES_WANTRETURN = 0x1000;
 inline constexpr UINT ES_NUMBER = 0x2000;
 inline constexpr UINT EM_GETSEL = 0x00B0;
 inline constexpr UINT EM_SETSEL = 0x00B1;
@@ -220,14 +240,21 @@ inline constexpr UINT BS_PUSHBUTTON = 0x0;
 inline constexpr UINT BS_DEFPUSHBUTTON = 0x1;
 inline constexpr UINT BS_CHECKBOX = 0x2;
 inline constexpr UINT BS_AUTOCHECKBOX = 0x3;
-inline constexpr UINT BS_AUTORADIOBUTTON = 0x9;
+inline constexpr UINT BS_RADIOBUTTON = 0x4;
 inline constexpr UINT BS_GROUPBOX = 0x7;
+inline constexpr UINT BS_AUTORADIOBUTTON = 0x9;
 inline constexpr UINT BS_OWNERDRAW = 0xB;
 inline constexpr UINT BS_TYPEMASK = 0xF;
 inline constexpr UINT BM_GETCHECK = 0x00F0;
 inline constexpr UINT BM_SETCHECK = 0x00F1;
+inline constexpr UINT BM_SETSTYLE = 0x00F4; // wParam: a BS_* type; lParam: 1 to show it
 inline constexpr UINT BM_CLICK = 0x00F5;
 inline constexpr UINT BN_CLICKED = 0;
+inline constexpr int BST_UNCHECKED = 0;
+inline constexpr int BST_CHECKED = 1;
+
+// Static.
+inline constexpr UINT SS_NOPREFIX = 0x80;
 
 // Owner drawing and frame controls.
 inline constexpr UINT ODT_LISTVIEW = 102;

@@ -13,7 +13,10 @@ namespace korvel::internal {
 
 namespace {
 
+// The tab stop of a group of radio buttons is the one that is checked.
 void SetCheck(ButtonState& button, int check) {
+    if (button.IsRadio())
+        button.record.style = check ? button.record.style | WS_TABSTOP : button.record.style & ~WS_TABSTOP;
     if (button.check == check)
         return;
     button.check = check;
@@ -39,6 +42,29 @@ void UncheckOthersInGroup(const ButtonState& button) {
         const ControlOf<ButtonState> other(*sibling);
         if (other && other.get() != &button && other->Type() == BS_AUTORADIOBUTTON)
             SetCheck(*other, 0);
+    }
+}
+
+void SetStyle(ButtonState& button, WPARAM type, bool redraw) {
+    button.record.style = (button.record.style & ~BS_TYPEMASK) | (static_cast<UINT>(type) & BS_TYPEMASK);
+    TellDisplay(button.record, Aspect::Style | Aspect::State);
+    if (redraw)
+        Repaint(button.record);
+}
+
+UINT DialogCode(const ButtonState& button) {
+    switch (button.Type()) {
+    case BS_PUSHBUTTON:
+        return DLGC_BUTTON | DLGC_UNDEFPUSHBUTTON;
+    case BS_DEFPUSHBUTTON:
+        return DLGC_BUTTON | DLGC_DEFPUSHBUTTON;
+    case BS_RADIOBUTTON:
+    case BS_AUTORADIOBUTTON:
+        return DLGC_BUTTON | DLGC_RADIOBUTTON;
+    case BS_GROUPBOX:
+        return DLGC_STATIC;
+    default:
+        return DLGC_BUTTON;
     }
 }
 
@@ -129,10 +155,12 @@ std::optional<LRESULT> HandleMessage(ButtonState& button, UINT message, WPARAM w
         return button.check;
     case BM_SETCHECK:
         return Check(button, static_cast<int>(wParam)), 0;
+    case BM_SETSTYLE:
+        return SetStyle(button, wParam, lParam != 0), 0;
     case BM_CLICK:
         return Click(button), 0;
     case WM_GETDLGCODE:
-        return isGroupBox ? DLGC_STATIC : DLGC_BUTTON;
+        return DialogCode(button);
     case WM_PAINT:
         if (button.Type() == BS_OWNERDRAW)
             DrawOwn(button, *reinterpret_cast<CDC*>(wParam));

@@ -16,6 +16,7 @@ public:
     void Value(double value) override;
 
     UINT Type() const { return record.style & BS_TYPEMASK; }
+    bool IsRadio() const { return Type() == BS_RADIOBUTTON || Type() == BS_AUTORADIOBUTTON; }
 
     WindowRecord& record;
     int check = 0;

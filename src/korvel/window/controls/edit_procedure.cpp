@@ -108,6 +108,14 @@ std::optional<LRESULT> HandleCharacter(EditState& edit, WPARAM byte) {
     return std::nullopt;
 }
 
+// A field of several lines leaves its dialog the keys that it does not type.
+UINT DialogCode(const EditState& edit, const MSG* key) {
+    const bool isLeft = key && (key->wParam == VK_TAB || key->wParam == VK_ESCAPE ||
+                                (key->wParam == VK_RETURN && !edit.HasStyle(ES_WANTRETURN)));
+    return DLGC_WANTARROWS | DLGC_HASSETSEL | DLGC_WANTCHARS |
+           (edit.HasStyle(ES_MULTILINE) && !isLeft ? DLGC_WANTALLKEYS : 0u);
+}
+
 std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = edit.record.handle;
     switch (message) {
@@ -120,8 +128,7 @@ std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam
         NotifyParentCommand(window, EN_KILLFOCUS);
         return 0;
     case WM_GETDLGCODE:
-        return DLGC_WANTARROWS | DLGC_HASSETSEL | DLGC_WANTCHARS |
-               (edit.HasStyle(ES_MULTILINE) ? DLGC_WANTALLKEYS : 0u);
+        return DialogCode(edit, reinterpret_cast<const MSG*>(lParam));
     case WM_CHAR:
         return HandleCharacter(edit, wParam);
     case WM_LBUTTONDOWN:

@@ -5,6 +5,7 @@
 #include "korvel/window/core/own_windows.h"
 #include "korvel/window/core/window_class.h"
 #include "korvel/window/core/window_rectangle.h"
+#include "korvel/window/core/window_tree.h"
 
 namespace korvel {
 
@@ -14,19 +15,12 @@ namespace {
 
 using Attach = std::function<void(WindowRecord&)>;
 
-// The window that owns a new top-level window: owners are top-level themselves.
-HWND RootOf(HWND window) {
-    for (RecordRef record = Find(window); record; record = Find(record->parent))
-        window = record->handle;
-    return window;
-}
-
 void Link(WindowRecord& record, HWND parent) {
     if (record.style & WS_CHILD) {
         record.parent = parent;
         Find(parent)->children.push_back(record.handle);
     } else if (parent) {
-        record.owner = RootOf(parent);
+        record.owner = RootOf(parent); // owners are top-level themselves
         Find(record.owner)->owned.push_back(record.handle);
     }
 }

@@ -46,7 +46,7 @@ public:
     /// Returns the window.
     HWND UnsubclassWindow();
     /// False without a window.
-    bool DestroyWindow();
+    virtual bool DestroyWindow();
     /// The message that the calling thread handles now; all zero outside of any.
     static MSG GetCurrentMessage();
     /// The object attached to a window, or null. Any thread.

@@ -22,6 +22,11 @@ Focus& TheFocus() {
     return focus;
 }
 
+FocusFollower*& Follower() {
+    static FocusFollower* follow = nullptr;
+    return follow;
+}
+
 // Every window that got WM_SETFOCUS gets WM_KILLFOCUS, also when handlers move the focus on while it moves:
 // the inner move sends it to the loser, the outer one then stops.
 void TellMove(unsigned move) {
@@ -30,10 +35,12 @@ void TellMove(unsigned move) {
         return;
     const HWND loser = std::exchange(focus.told, nullptr);
     SendMessageA(loser, WM_KILLFOCUS, reinterpret_cast<WPARAM>(focus.window), 0);
-    if (focus.moves != move || !focus.window)
-        return;
-    focus.told = focus.window;
-    SendMessageA(focus.window, WM_SETFOCUS, reinterpret_cast<WPARAM>(loser), 0);
+    if (focus.moves == move && focus.window) {
+        focus.told = focus.window;
+        SendMessageA(focus.window, WM_SETFOCUS, reinterpret_cast<WPARAM>(loser), 0);
+    }
+    if (focus.moves == move && Follower())
+        Follower()(focus.window);
 }
 
 } // namespace
@@ -54,6 +61,11 @@ HWND GetFocus() {
 }
 
 namespace internal {
+
+bool SetFocusFollower(FocusFollower* follow) {
+    Follower() = follow;
+    return true;
+}
 
 void MoveFocus(HWND window, FocusOrigin origin) {
     Focus& focus = TheFocus();

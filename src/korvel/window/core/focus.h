@@ -13,6 +13,10 @@ void MoveFocus(HWND window, FocusOrigin origin);
 /// Nothing for a window that the display does not show.
 void TakeFocusAway(const WindowRecord& record, HWND heir);
 bool CanTakeFocus(HWND window);
+/// Is told of each move of the focus that no handler moved on, after the messages. Called when the library is
+/// loaded. Returns true.
+using FocusFollower = void(HWND window);
+bool SetFocusFollower(FocusFollower* follow);
 /// Takes the focus away for a box; returns the window to give it back to.
 HWND LendFocusToBox();
 void ReturnFocusFromBox(HWND former);

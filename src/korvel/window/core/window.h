@@ -107,6 +107,9 @@ KORVEL_API HWND GetNextSibling(HWND window);
 /// children of a control count only if it has WS_EX_CONTROLPARENT; from inside another one the way leads
 /// out of it. `from` may be null.
 KORVEL_API HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous);
+/// The next (previous) visible, enabled control of the group of `from`, going round: its siblings from one with
+/// WS_GROUP to before the next. Labels and group boxes are passed over. `from` itself when there is no other.
+KORVEL_API HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous);
 
 // --- place, appearance, text ---
 

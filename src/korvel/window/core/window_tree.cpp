@@ -12,23 +12,6 @@ using namespace internal;
 
 namespace {
 
-struct DialogControl {
-    HWND window;
-    bool isTabStop;
-};
-
-void CollectControls(const WindowRecord& record, bool reachable, std::vector<DialogControl>& controls) {
-    for (const HWND child : record.children) {
-        const RecordRef childRecord = Find(child);
-        if (!childRecord)
-            continue;
-        const bool reaches = reachable && childRecord->IsShown() && childRecord->IsSwitchedOn();
-        controls.push_back({child, reaches && (childRecord->style & WS_TABSTOP) != 0});
-        if (childRecord->exStyle & WS_EX_CONTROLPARENT)
-            CollectControls(*childRecord, reaches, controls);
-    }
-}
-
 // Through parents and owners: what dies with `above` in the end.
 bool DependsOn(HWND above, HWND window) {
     RecordRef level = Find(window);
@@ -133,29 +116,13 @@ HWND GetNextSibling(HWND window) {
         });
 }
 
-HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous) {
-    return OnOwner(
-        parent,
-        [&](WindowRecord& record) -> HWND {
-            std::vector<DialogControl> controls;
-            CollectControls(record, true, controls);
-            const int count = static_cast<int>(controls.size());
-            int place = count - 1;
-            // The innermost control around `from`: its inside is no part of the round.
-            while (place >= 0 && !IsWithin(controls[place].window, from))
-                --place;
-            if (place < 0 && previous)
-                place = count;
-            for (int step = 0; step < count; ++step) {
-                place = (place + (previous ? count - 1 : 1)) % count;
-                if (controls[place].isTabStop)
-                    return controls[place].window;
-            }
-            return nullptr;
-        });
-}
-
 namespace internal {
+
+HWND RootOf(HWND window) {
+    for (RecordRef record = Find(window); record; record = Find(record->parent))
+        window = record->handle;
+    return window;
+}
 
 bool IsWithin(HWND ancestor, HWND window) {
     RecordRef level = Find(window);

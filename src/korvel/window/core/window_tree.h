@@ -4,6 +4,8 @@
 
 namespace korvel::internal {
 
+/// The top-level window around a window, through its parents.
+HWND RootOf(HWND window);
 /// True for the window itself and for its descendants.
 bool IsWithin(HWND ancestor, HWND window);
 

@@ -1,0 +1,94 @@
+#include "korvel/window/core/window.h"
+#include "korvel/window/core/window_record.h"
+#include "korvel/window/core/window_tree.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+struct DialogControl {
+    HWND window;
+    bool isTabStop;
+};
+
+void CollectControls(const WindowRecord& record, bool reachable, std::vector<DialogControl>& controls) {
+    for (const HWND child : record.children) {
+        const RecordRef childRecord = Find(child);
+        if (!childRecord)
+            continue;
+        const bool reaches = reachable && childRecord->IsShown() && childRecord->IsSwitchedOn();
+        controls.push_back({child, reaches && (childRecord->style & WS_TABSTOP) != 0});
+        if (childRecord->exStyle & WS_EX_CONTROLPARENT)
+            CollectControls(*childRecord, reaches, controls);
+    }
+}
+
+// What an arrow key may go to: labels and frames have nothing to do with it.
+bool TakesGroupFocus(HWND window) {
+    const RecordRef record = Find(window);
+    return record && record->IsShown() && record->IsSwitchedOn() &&
+           !(SendMessageA(window, WM_GETDLGCODE, 0, 0) & DLGC_STATIC);
+}
+
+bool BeginsGroup(HWND window) {
+    const RecordRef record = Find(window);
+    return record && (record->style & WS_GROUP);
+}
+
+} // namespace
+
+HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous) {
+    return OnOwner(
+        parent,
+        [&](WindowRecord& record) -> HWND {
+            std::vector<DialogControl> controls;
+            CollectControls(record, true, controls);
+            const int count = static_cast<int>(controls.size());
+            int place = count - 1;
+            // The innermost control around `from`: its inside is no part of the round.
+            while (place >= 0 && !IsWithin(controls[place].window, from))
+                --place;
+            if (place < 0 && previous)
+                place = count;
+            for (int step = 0; step < count; ++step) {
+                place = (place + (previous ? count - 1 : 1)) % count;
+                if (controls[place].isTabStop)
+                    return controls[place].window;
+            }
+            return nullptr;
+        });
+}
+
+HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous) {
+    return OnOwner(
+        parent,
+        [&](WindowRecord& record) -> HWND {
+            const RecordRef control = Find(from);
+            const RecordRef around = control && IsWithin(record.handle, control->parent)
+                                         ? Find(control->parent)
+                                         : RecordRef(&record);
+            const std::vector<HWND> siblings = around->children;
+            if (siblings.empty())
+                return nullptr;
+            const auto found = std::find(siblings.begin(), siblings.end(), from);
+            const auto start = found == siblings.end() ? siblings.begin() : found;
+            const auto first =
+                std::find_if(std::make_reverse_iterator(start + 1), siblings.rend(), BeginsGroup);
+            const auto begin = first == siblings.rend() ? siblings.begin() : first.base() - 1;
+            const std::vector<HWND> group(begin, std::find_if(start + 1, siblings.end(), BeginsGroup));
+            const std::size_t step = previous ? group.size() - 1 : 1;
+            auto place = static_cast<std::size_t>(start - begin);
+            for (std::size_t passed = 0; passed < group.size(); ++passed) {
+                place = (place + step) % group.size();
+                if (TakesGroupFocus(group[place]))
+                    return group[place];
+            }
+            return from;
+        });
+}
+
+} // namespace korvel
