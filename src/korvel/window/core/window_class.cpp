@@ -22,8 +22,7 @@ Classes& TheClasses() {
     return classes;
 }
 
-[[maybe_unused]] const bool plainClassesRegistered =
-    RegisterWindowClass({"KorvelFrame", DefWindowProcA}) && RegisterWindowClass({"#32770", DefWindowProcA});
+[[maybe_unused]] const bool Registered = RegisterWindowClass({"KorvelFrame", DefWindowProcA});
 
 } // namespace
 

@@ -1,0 +1,80 @@
+#include "korvel/window/dialog/access_keys.h"
+
+#include "korvel/window/base/name_compare.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/dialog/dialog_focus.h"
+#include "korvel/window/dialog/dialog_state.h"
+
+#include <algorithm>
+
+namespace korvel::internal {
+namespace {
+
+// Letters of code page 1252 that have a small one 0x20 further on.
+char LowerOf(char letter) {
+    const auto byte = static_cast<unsigned char>(letter);
+    const bool isAccented = byte >= 0xC0 && byte <= 0xDE && byte != 0xD7;
+    return isAccented ? static_cast<char>(byte + 0x20) : LowerLetter(letter);
+}
+
+void CollectReachable(HWND dialog, std::vector<HWND>& controls) {
+    const RecordRef record = Find(dialog);
+    if (!record)
+        return;
+    for (const HWND child : record->children) {
+        const RecordRef childRecord = Find(child);
+        if (!childRecord || !childRecord->IsShown() || !childRecord->IsSwitchedOn())
+            continue;
+        controls.push_back(child);
+        if (childRecord->exStyle & WS_EX_CONTROLPARENT)
+            CollectReachable(child, controls);
+    }
+}
+
+LRESULT CodeOf(HWND control) {
+    return SendMessageA(control, WM_GETDLGCODE, 0, 0);
+}
+
+bool HasAccessKey(HWND control, char key) {
+    const LRESULT code = CodeOf(control);
+    const bool isLabel = (code & DLGC_STATIC) != 0;
+    const bool isPlain =
+        isLabel && !(code & DLGC_BUTTON) && (GetWindowLongPtrA(control, GWL_STYLE) & SS_NOPREFIX);
+    return (isLabel || (code & DLGC_BUTTON)) && !isPlain && AccessKeyOf(GetWindowTextA(control)) == key;
+}
+
+void Activate(HWND dialog, HWND control, bool isOnlyOne) {
+    if (CodeOf(control) & DLGC_STATIC) {
+        if (const HWND next = GetNextDlgTabItem(dialog, control, false))
+            FocusControl(next);
+        return;
+    }
+    FocusControl(control);
+    if (isOnlyOne)
+        SendMessageA(control, BM_CLICK, 0, 0);
+}
+
+} // namespace
+
+char AccessKeyOf(const CString& text) {
+    for (std::size_t at = text.find('&'); at != CString::npos && at + 1 < text.size();
+         at = text.find('&', at + 2))
+        if (text[at + 1] != '&')
+            return LowerOf(text[at + 1]);
+    return 0;
+}
+
+bool PressAccessKey(HWND dialog, char key) {
+    std::vector<HWND> controls;
+    CollectReachable(dialog, controls);
+    const auto focus = std::ranges::find(controls, GetFocus());
+    if (focus != controls.end())
+        std::rotate(controls.begin(), focus + 1, controls.end());
+    std::erase_if(controls, [&](HWND control) { return !HasAccessKey(control, LowerOf(key)); });
+    if (controls.empty())
+        return false;
+    Activate(dialog, controls.front(), controls.size() == 1);
+    return true;
+}
+
+} // namespace korvel::internal
