@@ -20,7 +20,7 @@ std::string SetAsideIfDamaged(const platform::StoreProblem& problem) {
         return Say({"the setting %1 in %2 cannot be understood and is not used", {problem.valueName, file}});
     if (problem.kind == Kind::OutOfReach)
         return Say({"the settings cannot be read: %1 is locked or out of reach", {file}});
-    const std::string notice = Say({"the settings cannot be read: %1 is damaged", {file}});
+    std::string notice = Say({"the settings cannot be read: %1 is damaged", {file}});
     try {
         const std::string aside = platform::SetStoreAside(problem.root).string();
         UseLanguage({}); // without the machine's settings nothing names one
