@@ -47,12 +47,7 @@ private:
 };
 
 TEST_F(DocumentListsTest, FindsWhatADocumentUses) {
-    struct Case {
-        const char* name;
-        const char* xml;
-        Strings lists;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, Strings> cases[] = {
         {"none", "<Alignments name='A'/>", {}},
         {"titles are sorted", "<Curve rot='cw' crvType='arc'/>", {"Curve crvType: arc 1", "rot: cw 1"}},
         {"used twice, in the order of the words",
@@ -74,10 +69,8 @@ TEST_F(DocumentListsTest, FindsWhatADocumentUses) {
          "<Feature code='b'/><CgPoint code='a'/><Feature code='b'/><P code=''/>",
          {"code: a; b 1 2"}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        EXPECT_EQ(Read(c.xml), c.lists);
-    }
+    for (const auto& [name, xml, lists] : cases)
+        EXPECT_EQ(Read(xml), lists) << name;
 }
 
 TEST_F(DocumentListsTest, AnEnumerationHasAllItsWordsAndPictures) {

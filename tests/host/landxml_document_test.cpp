@@ -65,12 +65,7 @@ TEST_F(LandXmlDocumentTest, ShowsWholeDocuments) {
 }
 
 TEST_F(LandXmlDocumentTest, NamesAreUniqueInOneObject) {
-    struct Case {
-        const char* name;
-        const char* xml;
-        std::list<std::string> names;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, std::list<std::string>> cases[] = {
         {"an only child has no number", "<a><b/></a>", {"b"}},
         {"children without names are numbered", "<a><b/><c/><b/></a>", {"b 1", "c", "b 2"}},
         {"one name twice", "<a><b name='x'/><b name='x'/><b id='x'/></a>", {"b x", "b x (2)", "b x (3)"}},
@@ -84,12 +79,12 @@ TEST_F(LandXmlDocumentTest, NamesAreUniqueInOneObject) {
         {"an attribute like the text", "<a text='1'>x</a>", {"text", "text (2)"}},
         {"texts in their places", "<a><b/>one<b/>two<c/></a>", {"b 1", "text", "b 2", "text (2)", "c"}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        ElementObject& root = Open(c.xml).Root();
-        EXPECT_EQ(Names(root), c.names);
+    for (const auto& [row, xml, names] : cases) {
+        SCOPED_TRACE(row);
+        ElementObject& root = Open(xml).Root();
+        EXPECT_EQ(Names(root), names);
         std::set<ElementIndex> elements;
-        for (const std::string& name : c.names) {
+        for (const std::string& name : names) {
             CVariantValue value;
             ASSERT_TRUE(root.GetMember(name, value)) << name;
             if (value.Type == DT_Group) {
@@ -97,8 +92,7 @@ TEST_F(LandXmlDocumentTest, NamesAreUniqueInOneObject) {
                 elements.insert(static_cast<ElementObject*>(value.Value.Dispatch)->Element());
             }
         }
-        EXPECT_EQ(elements.size(), root.Element() + Open(c.xml).Tree().Count() - 1)
-            << "each name has its own";
+        EXPECT_EQ(elements.size(), Open(xml).Tree().Count() - 1) << "each name has its own";
     }
 }
 
@@ -153,11 +147,7 @@ TEST_F(LandXmlDocumentTest, AllowsEditsWhereTheFileCouldBeChanged) {
 }
 
 TEST_F(LandXmlDocumentTest, ShowsUnknownVersionsReadOnly) {
-    struct Case {
-        const char* xml;
-        std::vector<std::string> notices;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, std::vector<std::string>> cases[] = {
         {"<LandXML version='1.2'/>", {}},
         {"<LandXML version='1.2' xmlns='http://www.landxml.org/schema/LandXML-1.0'/>", {}},
         {"<l:LandXML version='1.2' xmlns:l='http://www.landxml.org/schema/LandXML-2.0'/>", {}},
@@ -167,11 +157,10 @@ TEST_F(LandXmlDocumentTest, ShowsUnknownVersionsReadOnly) {
          {"unknown LandXML version 'LandXML-99.0': shown, but read-only"}},
         {"<html version='1.2'/>", {"no LandXML document, its root element is 'html': shown, but read-only"}},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.xml);
-        LandXmlDocument& document = Open(c.xml);
-        EXPECT_EQ(document.Notices(), c.notices);
-        EXPECT_EQ(document.Root().IsMemberEditable("version"), c.notices.empty());
+    for (const auto& [xml, notices] : cases) {
+        LandXmlDocument& document = Open(xml);
+        EXPECT_EQ(document.Notices(), notices) << xml;
+        EXPECT_EQ(document.Root().IsMemberEditable("version"), notices.empty()) << xml;
     }
 }
 
@@ -194,12 +183,8 @@ TEST_F(LandXmlDocumentTest, AnOptionOverridesTheKindOfStation) {
 }
 
 TEST_F(LandXmlDocumentTest, AlignmentsShowLengthAndStations) {
-    struct Case {
-        const char* attributes;
-        const char* text;
-    };
     const std::string units = "<Units><Metric linearUnit='meter'/></Units>";
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"length='1234.5' staStart='10'", "1.234,50 m, 0+010,00 - 1+244,50"},
         {"length='1234.5' staStart='10' staEnd='20'", "1.234,50 m, 0+010,00 - 0+020,00"},
         {"length='1234.5'", "1.234,50 m"},
@@ -208,15 +193,15 @@ TEST_F(LandXmlDocumentTest, AlignmentsShowLengthAndStations) {
         {"length='INF' staStart='NaN'", "INF, NaN"},
         {"", ""},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.attributes);
+    for (const auto& [attributes, text] : cases) {
+        SCOPED_TRACE(attributes);
         IMemberDispatch& root =
-            Open("<LandXML>" + units + "<Alignment name='a' " + c.attributes + "/></LandXML>").Root();
+            Open("<LandXML>" + units + "<Alignment name='a' " + attributes + "/></LandXML>").Root();
         IMemberDispatch& alignment = Child(root, "Alignment a");
         auto* presentation = dynamic_cast<GroupPresentation*>(alignment.m_pEnumValue);
         ASSERT_NE(presentation, nullptr);
         EXPECT_EQ(presentation->GetPresentationKind(), 1);
-        EXPECT_EQ(presentation->GetPresentationText(nullptr), c.text);
+        EXPECT_EQ(presentation->GetPresentationText(nullptr), text);
         EXPECT_EQ(presentation->GetPresentationText("name"), "a");
         EXPECT_EQ(presentation->GetPresentationText("nothing"), "");
         EXPECT_EQ(dynamic_cast<WordList*>(presentation)->GetFirstPosition(), nullptr);

@@ -35,11 +35,7 @@ TEST(Options, AreRead) {
 }
 
 TEST(Options, AreRefusedWithAReason) {
-    struct Case {
-        std::vector<std::string> arguments;
-        const char* reason;
-    };
-    const Case cases[] = {
+    const std::pair<std::vector<std::string>, const char*> cases[] = {
         {{"--lst"}, "there is no option '--lst'"},
         {{"-h"}, "there is no option '-h'"},
         {{"a.xml", "b.xml"}, "'b.xml' is too many"},
@@ -65,13 +61,13 @@ TEST(Options, AreRefusedWithAReason) {
         {{"--language", "Hungarian"}, "takes one of English, German"},
         {{"--station-kind", "canal"}, "takes one of auto, road, railway"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.reason);
+    for (const auto& [arguments, reason] : cases) {
+        SCOPED_TRACE(reason);
         try {
-            ReadOptions(c.arguments);
+            ReadOptions(arguments);
             ADD_FAILURE() << "was accepted";
         } catch (const UsageError& error) {
-            EXPECT_THAT(error.what(), HasSubstr(c.reason));
+            EXPECT_THAT(error.what(), HasSubstr(reason));
         }
     }
 }

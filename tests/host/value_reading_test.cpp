@@ -5,7 +5,6 @@
 #include "support/german_machine.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 #include <numbers>
 
 namespace korvel::inspector {
@@ -28,23 +27,6 @@ struct TypedText {
     const char* unit;
     bool isValid;
 };
-
-void PrintTo(const TypedText& text, std::ostream* out) {
-    *out << text.name;
-}
-
-class TypedTexts : public ::testing::TestWithParam<TypedText> {};
-
-TEST_P(TypedTexts, BecomeValues) {
-    const TypedText& row = GetParam();
-    const ElementTree tree = ReadElements("<Units>" + std::string(row.units) + "</Units>");
-    const UnitSet units = ReadUnits(tree, 0);
-    const TypedValue value = ReadValue(TypeOfAttribute(row.element, row.attribute), {row.text}, {units});
-    EXPECT_EQ(value.value.Type, row.type);
-    EXPECT_EQ(value.value.ToText(TextForm::Plain), row.plain);
-    EXPECT_EQ(value.unit, row.unit);
-    EXPECT_EQ(value.isValid, row.isValid);
-}
 
 const TypedText Rows[] = {
     {"LengthInMetres", Metric, "Line", "length", " 12.5 ", DT_LengthDouble, "12.5", "", true},
@@ -104,16 +86,22 @@ const TypedText Rows[] = {
     {"FileName", Metric, "DocFileRef", "location", "a b.pdf", DT_FileName, "a b.pdf", "", true},
     {"ColorOfFourParts", Metric, "Material", "color", "1,2,3,4", DT_String, "1,2,3,4", "", false},
 };
-INSTANTIATE_TEST_SUITE_P(Texts, TypedTexts, ::testing::ValuesIn(Rows),
-                         [](const auto& row) { return std::string(row.param.name); });
+TEST(TypedTexts, BecomeValues) {
+    for (const TypedText& row : Rows) {
+        SCOPED_TRACE(row.name);
+        const ElementTree tree = ReadElements("<Units>" + std::string(row.units) + "</Units>");
+        const UnitSet units = ReadUnits(tree, 0);
+        const TypedValue value = ReadValue(TypeOfAttribute(row.element, row.attribute), {row.text}, {units});
+        EXPECT_EQ(value.value.Type, row.type);
+        EXPECT_EQ(value.value.ToText(TextForm::Plain), row.plain);
+        EXPECT_EQ(value.unit, row.unit);
+        EXPECT_EQ(value.isValid, row.isValid);
+    }
+}
 
 TEST(AnglesInMinutesAndSeconds, AreReadFromTheirDigits) {
-    struct Case {
-        const char* text;
-        double degrees; // not-a-number: refused
-    };
-    constexpr double Refused = std::numeric_limits<double>::quiet_NaN();
-    const Case cases[] = {
+    constexpr std::nullopt_t Refused = std::nullopt;
+    const std::pair<const char*, std::optional<double>> cases[] = {
         {"45.3025", 45 + 30.0 / 60 + 25.0 / 3600},
         {"45.3", 45.5},
         {"45", 45},
@@ -127,12 +115,11 @@ TEST(AnglesInMinutesAndSeconds, AreReadFromTheirDigits) {
         {"45.3e1", Refused},
         {"45.-3", Refused},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
-        const std::optional<double> radians = RadiansOf(c.text, AngleUnit::DegreesMinutesSeconds);
-        ASSERT_EQ(radians.has_value(), c.degrees == c.degrees);
+    for (const auto& [text, degrees] : cases) {
+        const std::optional<double> radians = RadiansOf(text, AngleUnit::DegreesMinutesSeconds);
+        ASSERT_EQ(radians.has_value(), degrees.has_value()) << text;
         if (radians)
-            EXPECT_NEAR(*radians, c.degrees * std::numbers::pi / 180, 1e-12);
+            EXPECT_NEAR(*radians, *degrees * std::numbers::pi / 180, 1e-12) << text;
     }
 }
 
