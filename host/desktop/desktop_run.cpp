@@ -143,7 +143,7 @@ int RunOnDesktop(const Options& options, const TakenFormats& formats) {
     if (!isChosen)
         qunsetenv(PlatformVariable); // not for the programs that are started from here
     std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written
-    QApplication::setApplicationDisplayName(QString::fromUtf8(TheProgramTexts().programName));
+    QApplication::setApplicationDisplayName(QString::fromUtf8(TheProgramTexts.programName.Utf8()));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
     QTranslator translator;
     UseLanguage(options, translator);

@@ -61,7 +61,7 @@ GridPane::GridPane() : m_grid(nullptr, nullptr) {
 void GridPane::Show(IMemberDispatch& root) {
     m_grid.Clear();
     m_grid.DivideWidth();
-    const ProgramTexts& texts = TheProgramTexts();
+    const ProgramTexts& texts = TheProgramTexts;
     m_grid.Initialize(&root, InCodePage(texts.name), InCodePage(texts.value), 0);
     Select(0);
     m_grid.SetFocus();

@@ -40,9 +40,10 @@ public:
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-QString CountText(std::size_t count, const char* one, const char* many) {
-    return count == 1 ? QString::fromUtf8(one)
-                      : QString::fromUtf8(many).arg(QLocale().toString(static_cast<qulonglong>(count)));
+QString CountText(std::size_t count, const ProgramText& one, const ProgramText& many) {
+    return count == 1
+               ? QString::fromUtf8(one.Utf8())
+               : QString::fromUtf8(many.Utf8()).arg(QLocale().toString(static_cast<qulonglong>(count)));
 }
 
 // The one local file that is being dragged; empty for anything else.
@@ -63,7 +64,7 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
     setAcceptDrops(true);
     MakeMenus();
     m_pages = new QStackedWidget;
-    auto* invitation = new QLabel(QString::fromUtf8(TheProgramTexts().invitation));
+    auto* invitation = new QLabel(QString::fromUtf8(TheProgramTexts.invitation.Utf8()));
     invitation->setAlignment(Qt::AlignCenter);
     invitation->setWordWrap(true);
     m_pages->addWidget(invitation);
@@ -80,20 +81,20 @@ InspectorWindow::~InspectorWindow() {
 }
 
 void InspectorWindow::MakeMenus() {
-    const ProgramTexts& texts = TheProgramTexts();
-    QMenu* file = menuBar()->addMenu(QString::fromUtf8(texts.fileMenu));
-    QAction* open = file->addAction(QString::fromUtf8(texts.open), this, [this] { ChooseFile(); });
+    const ProgramTexts& texts = TheProgramTexts;
+    QMenu* file = menuBar()->addMenu(QString::fromUtf8(texts.fileMenu.Utf8()));
+    QAction* open = file->addAction(QString::fromUtf8(texts.open.Utf8()), this, [this] { ChooseFile(); });
     open->setShortcut(QKeySequence::Open);
     file->addSeparator();
-    QAction* quit = file->addAction(QString::fromUtf8(texts.quit), this, [this] { close(); });
+    QAction* quit = file->addAction(QString::fromUtf8(texts.quit.Utf8()), this, [this] { close(); });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    QMenu* view = menuBar()->addMenu(QString::fromUtf8(texts.viewMenu));
-    m_listsAction =
-        view->addAction(QString::fromUtf8(texts.lists), this, [this] { Try([this] { ShowLists(); }); });
+    QMenu* view = menuBar()->addMenu(QString::fromUtf8(texts.viewMenu.Utf8()));
+    m_listsAction = view->addAction(QString::fromUtf8(texts.lists.Utf8()), this,
+                                    [this] { Try([this] { ShowLists(); }); });
     m_listsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     m_listsAction->setEnabled(false);
-    QMenu* help = menuBar()->addMenu(QString::fromUtf8(texts.helpMenu));
-    help->addAction(QString::fromUtf8(texts.about), this, [this] { ShowAbout(); });
+    QMenu* help = menuBar()->addMenu(QString::fromUtf8(texts.helpMenu.Utf8()));
+    help->addAction(QString::fromUtf8(texts.about.Utf8()), this, [this] { ShowAbout(); });
 }
 
 void InspectorWindow::Open(const std::string& path) {
@@ -143,7 +144,7 @@ QRect InspectorWindow::Room() const {
 }
 
 void InspectorWindow::ShowStatus(const std::string& path) {
-    const ProgramTexts& texts = TheProgramTexts();
+    const ProgramTexts& texts = TheProgramTexts;
     const QFileInfo file(QFile::decodeName(path.c_str()));
     setWindowTitle(file.fileName()); // Qt adds the name of the program
     m_folder = file.absolutePath();
@@ -151,7 +152,7 @@ void InspectorWindow::ShowStatus(const std::string& path) {
     QString status = CountText(counts.objects, texts.oneObject, texts.objects) + QStringLiteral(", ") +
                      CountText(counts.members, texts.oneMember, texts.members);
     if (m_document->IsReadOnly())
-        status += QStringLiteral(" – ") + QString::fromUtf8(texts.readOnly);
+        status += QStringLiteral(" – ") + QString::fromUtf8(texts.readOnly.Utf8());
     for (const std::string& notice : m_document->Notices())
         status += QStringLiteral(" – ") + QString::fromStdString(platform::ToUtf8(notice));
     m_status->setText(status);
@@ -159,12 +160,12 @@ void InspectorWindow::ShowStatus(const std::string& path) {
 }
 
 void InspectorWindow::ChooseFile() {
-    const ProgramTexts& texts = TheProgramTexts();
+    const ProgramTexts& texts = TheProgramTexts;
     const QString filter =
         QStringLiteral("%1 (*.xml *.XML *.landxml *.LANDXML *.xml.gz *.XML.GZ *.landxml.gz);;%2 (*)")
-            .arg(QString::fromUtf8(texts.landXmlFiles), QString::fromUtf8(texts.allFiles));
+            .arg(QString::fromUtf8(texts.landXmlFiles.Utf8()), QString::fromUtf8(texts.allFiles.Utf8()));
     const QString path =
-        QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption), m_folder, filter);
+        QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption.Utf8()), m_folder, filter);
     if (!path.isEmpty())
         OpenOrWarn(QFile::encodeName(path).toStdString());
 }
@@ -184,13 +185,13 @@ void InspectorWindow::ShowLists() {
     if (m_lists->HasLists())
         m_lists->Show();
     else
-        ShowBox(QMessageBox::Information, QString::fromUtf8(TheProgramTexts().noLists));
+        ShowBox(QMessageBox::Information, QString::fromUtf8(TheProgramTexts.noLists.Utf8()));
 }
 
 void InspectorWindow::ShowAbout() {
     QMessageBox::about(
         this, QGuiApplication::applicationDisplayName(),
-        QString::fromUtf8(TheProgramTexts().aboutText).arg(QGuiApplication::applicationVersion()));
+        QString::fromUtf8(TheProgramTexts.aboutText.Utf8()).arg(QGuiApplication::applicationVersion()));
 }
 
 void InspectorWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -45,7 +45,7 @@ std::vector<std::string> TitlesOf(const std::deque<DocumentList>& lists) {
 }
 
 std::string UseText(std::size_t count) {
-    const ProgramTexts& texts = TheProgramTexts();
+    const ProgramTexts& texts = TheProgramTexts;
     if (count < 2)
         return InCodePage(count == 0 ? texts.notUsed : texts.usedOnce);
     std::string text = InCodePage(texts.usedTimes);
@@ -63,7 +63,7 @@ struct Sizes {
 };
 
 Sizes TheSizes() {
-    const ProgramTexts& texts = TheProgramTexts();
+    const ProgramTexts& texts = TheProgramTexts;
     constexpr std::size_t ManyTimes = 99'999;
     Sizes sizes;
     sizes.label =
@@ -87,7 +87,7 @@ CRect PlaceOver(const CRect& around, const Sizes& sizes, const CRect& room) {
 ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner, const CRect& room)
     : m_lists(document, PictureFolder) {
     const CRect around = korvel::GetWindowRect(GetTopLevelParent(owner.m_hWnd));
-    const std::string caption = Plain(InCodePage(TheProgramTexts().lists));
+    const std::string caption = Plain(InCodePage(TheProgramTexts.lists));
     CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW, PlaceOver(around, TheSizes(), room),
              &owner, 0);
     CreateControls();
@@ -107,7 +107,7 @@ void ListsWindow::Show() {
 }
 
 void ListsWindow::CreateControls() {
-    const ProgramTexts& texts = TheProgramTexts();
+    const ProgramTexts& texts = TheProgramTexts;
     constexpr UINT Visible = WS_CHILD | WS_VISIBLE;
     const CRect combo = {0, 0, SmallestWidth, TheSizes().line};
     m_titleLabel.Create(InCodePage(texts.listOfLists), Visible, {}, this, 0);
@@ -147,7 +147,7 @@ void ListsWindow::Place() {
     m_title.MoveWindow(combo(Margin));
     m_asTree.MoveWindow(beside(Margin));
     const int listTop = Margin + line + Gap;
-    const bool isNarrow = WidthOf(InCodePage(TheProgramTexts().listHelp)) > right - Margin;
+    const bool isNarrow = WidthOf(InCodePage(TheProgramTexts.listHelp)) > right - Margin;
     const int helpHeight = isNarrow ? 2 * line : line;
     const int listBottom =
         std::max(room.bottom - Margin - 2 * line - helpHeight - 2 * Gap, listTop + SmallestList);
@@ -172,7 +172,7 @@ void ListsWindow::ShowList() {
     list->words.SetFlags((list->words.GetEnumFlags() & ~std::uint32_t{ENF_Tree}) | TreeFlag());
     list->words.SetChanged([this] { OnWordsChanged(); });
     list->words.SetRefused([this] { korvel::PostMessageA(m_hWnd, RestoreMarks, 0, 0); });
-    m_list->Initialize(InCodePage(TheProgramTexts().newValue), list->used);
+    m_list->Initialize(InCodePage(TheProgramTexts.newValue), list->used);
     ShowChoice(EditableWordList::FirstSelected(list->used));
 }
 
@@ -191,7 +191,7 @@ void ListsWindow::ShowMarksAgain() {
         return;
     const int row = m_list->GetCurrentRow();
     StoreChecks();
-    m_list->Initialize(InCodePage(TheProgramTexts().newValue), list->used);
+    m_list->Initialize(InCodePage(TheProgramTexts.newValue), list->used);
     m_list->SetCurrentRow(row);
 }
 

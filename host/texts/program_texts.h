@@ -4,44 +4,60 @@
 
 namespace korvel::inspector {
 
-/// What the inspector itself says, in UTF-8; the library's texts are its own.
-struct ProgramTexts {
-    const char* programName;
-    const char* fileMenu;
-    const char* open;
-    const char* quit;
-    const char* viewMenu;
-    const char* lists;
-    const char* helpMenu;
-    const char* about;
-    const char* aboutText; // %1: the version
-    const char* openCaption;
-    const char* landXmlFiles;
-    const char* allFiles;
-    const char* invitation;
-    const char* name;
-    const char* value;
-    const char* objects; // %1: how many, not one
-    const char* oneObject;
-    const char* members; // the same
-    const char* oneMember;
-    const char* readOnly;
-    const char* listOfLists;
-    const char* asTree;
-    const char* newValue; // what new entries are called
-    const char* listHelp;
-    const char* listsAreNotSaved;
-    const char* valueOfList;
-    const char* usedTimes; // %1: how often
-    const char* usedOnce;
-    const char* notUsed;
-    const char* noLists;
+/// A text in both languages.
+struct ProgramText {
+    const char* english;
+    const char* german;
+
+    /// In the language of the process: German, when that is not English.
+    const char* Utf8() const;
 };
 
-/// The texts in the language of the process, which is German when it is not English.
-const ProgramTexts& TheProgramTexts();
+/// What the inspector itself says, in UTF-8; the library's texts are its own.
+struct ProgramTexts {
+    ProgramText programName = {"LandXML Inspector", "LandXML-Inspektor"};
+    ProgramText fileMenu = {"&File", "&Datei"};
+    ProgramText open = {"&Open…", "Ö&ffnen…"};
+    ProgramText quit = {"&Quit", "&Beenden"};
+    ProgramText viewMenu = {"&View", "&Ansicht"};
+    ProgramText lists = {"&Lists", "&Listen"};
+    ProgramText helpMenu = {"&Help", "&Hilfe"};
+    ProgramText about = {"&About the Inspector", "Ü&ber den Inspektor"};
+    ProgramText aboutText = {
+        "Version %1\n\nShows a LandXML document as a tree of objects with typed attributes.",
+        "Version %1\n\nZeigt ein LandXML-Dokument als Baum von Objekten mit typisierten "
+        "Attributen."}; // %1: the version
+    ProgramText openCaption = {"Open a LandXML file", "LandXML-Datei öffnen"};
+    ProgramText landXmlFiles = {"LandXML files", "LandXML-Dateien"};
+    ProgramText allFiles = {"All files", "Alle Dateien"};
+    ProgramText invitation = {"No file is open.\n\nChoose File > Open… or drop a LandXML file here.",
+                              "Keine Datei ist geöffnet.\n\nWählen Sie Datei > Öffnen… oder ziehen Sie eine "
+                              "LandXML-Datei hierher."};
+    ProgramText name = {"Name", "Name"};
+    ProgramText value = {"Value", "Wert"};
+    ProgramText objects = {"%1 objects", "%1 Objekte"}; // %1: how many, not one
+    ProgramText oneObject = {"1 object", "1 Objekt"};
+    ProgramText members = {"%1 members", "%1 Attribute"}; // the same
+    ProgramText oneMember = {"1 member", "1 Attribut"};
+    ProgramText readOnly = {"read only", "schreibgeschützt"};
+    ProgramText listOfLists = {"List:", "Liste:"};
+    ProgramText asTree = {"As a tree", "Als Baum"};
+    ProgramText newValue = {"new value", "neuer Wert"}; // what new entries are called
+    ProgramText listHelp = {
+        "Checked: used in this file. Right click: add, rename, remove.",
+        "Angehakt: in dieser Datei verwendet. Rechtsklick: hinzufügen, umbenennen, löschen."};
+    ProgramText listsAreNotSaved = {"Changes stay in this window; they are not saved.",
+                                    "Änderungen bleiben in diesem Fenster; sie werden nicht gespeichert."};
+    ProgramText valueOfList = {"Value:", "Wert:"};
+    ProgramText usedTimes = {"used %1 times", "%1-mal verwendet"}; // %1: how often
+    ProgramText usedOnce = {"used once", "einmal verwendet"};
+    ProgramText notUsed = {"not used", "nicht verwendet"};
+    ProgramText noLists = {"This file uses no lists.", "Diese Datei verwendet keine Listen."};
+};
+
+inline constexpr ProgramTexts TheProgramTexts;
 
 /// One of them for a window of the library, in the code page of its texts.
-std::string InCodePage(const char* utf8);
+std::string InCodePage(const ProgramText& text);
 
 } // namespace korvel::inspector
