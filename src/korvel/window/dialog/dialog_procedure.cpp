@@ -56,8 +56,8 @@ LRESULT DefDlgProcA(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
 bool EndDialog(HWND dialog, std::intptr_t result) {
     return OnOwner(
         dialog,
-        [&](WindowRecord&) {
-            const ControlOf<DialogState> state(dialog);
+        [&](WindowRecord& record) {
+            auto* state = dynamic_cast<DialogState*>(record.control.get());
             if (!state)
                 return false;
             state->result = result;
