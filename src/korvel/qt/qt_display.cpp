@@ -186,10 +186,10 @@ std::optional<CString> QtDisplay::ChooseFile(HWND owner, const FileQuery& query)
     return AskFile(top, query);
 }
 
-std::optional<CString> QtDisplay::ChooseFolder(HWND owner, const CString& path) {
+FolderAnswer QtDisplay::ChooseFolder(HWND owner, const FolderQuery& query) {
     QWidget* top = m_parts->TopOf(owner);
     const FocusTracker::Question question(m_parts->context.focus, top);
-    return AskFolder(top, path);
+    return AskFolder(top, query);
 }
 
 // --- facts ---

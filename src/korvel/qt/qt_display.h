@@ -48,7 +48,7 @@ public:
     unsigned TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) override;
     std::optional<COLORREF> ChooseColor(HWND owner, COLORREF color) override;
     std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) override;
-    std::optional<CString> ChooseFolder(HWND owner, const CString& path) override;
+    FolderAnswer ChooseFolder(HWND owner, const FolderQuery& query) override;
     int TextWidth(const CString& text) override;
     CPoint ToScreen(HWND window, CPoint client) override;
     int KeyState(UINT key) override;

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
+#include <QRegularExpression>
 #include <utility>
 
 namespace korvel::internal {
@@ -77,19 +78,23 @@ void Fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
     }
 }
 
+// As Qt has them, separated by blanks; its "*.*" leaves out files without a dot.
+QString PatternsOf(const QString& patterns) {
+    QStringList list = patterns.split(QLatin1Char(';'), Qt::SkipEmptyParts);
+    list.replaceInStrings(QRegularExpression(QStringLiteral("^\\s*\\*\\.\\*\\s*$")), QStringLiteral("*"));
+    return list.join(QLatin1Char(' '));
+}
+
 // "description|patterns|description|patterns|" as Qt has it: "description (patterns)".
 QStringList FiltersOf(const CString& filter) {
     const QStringList parts = ToQString(filter).split(QLatin1Char('|'));
     QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        QString patterns = parts[i + 1];
-        patterns.replace(QLatin1Char(';'), QLatin1Char(' '))
-            .replace(QLatin1String("*.*"), QLatin1String("*"));
+    for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2) {
         QString description = parts[i];
         const qsizetype bracket = description.lastIndexOf(QLatin1Char('('));
         if (bracket >= 0)
             description = description.left(bracket).trimmed();
-        filters += QStringLiteral("%1 (%2)").arg(description, patterns);
+        filters += QStringLiteral("%1 (%2)").arg(description, PatternsOf(parts[i + 1]));
     }
     return filters;
 }
@@ -149,7 +154,7 @@ std::optional<COLORREF> AskColor(QWidget* owner, COLORREF color) {
 std::optional<CString> AskFile(QWidget* owner, const FileQuery& query) {
     const OwnedBox<QFileDialog> dialog(owner);
     dialog->setAcceptMode(query.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-    dialog->setFileMode(query.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog->setFileMode(query.open && query.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !query.promptOnOverwrite);
     dialog->setDefaultSuffix(ToQString(query.defaultExtension));
     dialog->setNameFilters(FiltersOf(query.filter));
@@ -161,13 +166,19 @@ std::optional<CString> AskFile(QWidget* owner, const FileQuery& query) {
     return AskPath(dialog);
 }
 
-std::optional<CString> AskFolder(QWidget* owner, const CString& path) {
+FolderAnswer AskFolder(QWidget* owner, const FolderQuery& query) {
     const OwnedBox<QFileDialog> dialog(owner);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
-    if (!path.empty())
-        dialog->setDirectory(ToQString(path));
-    return AskPath(dialog);
+    dialog->setOption(QFileDialog::DontUseNativeDialog, query.chooser == FolderQuery::Chooser::Plain);
+    if (!query.title.empty())
+        dialog->setWindowTitle(ToQString(query.title));
+    const QString begin = ToQString(query.path);
+    if (!begin.isEmpty() && QFileInfo(begin).isDir())
+        dialog->setDirectory(begin);
+    const std::optional<CString> chosen = AskPath(dialog);
+    using Outcome = FolderAnswer::Outcome;
+    return chosen ? FolderAnswer{Outcome::Chosen, *chosen} : FolderAnswer{Outcome::Cancelled};
 }
 
 } // namespace korvel::internal

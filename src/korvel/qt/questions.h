@@ -13,6 +13,6 @@ int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT
 unsigned AskMenu(QWidget* owner, CPoint screen, const std::vector<MenuEntry>& entries);
 std::optional<COLORREF> AskColor(QWidget* owner, COLORREF color);
 std::optional<CString> AskFile(QWidget* owner, const FileQuery& query);
-std::optional<CString> AskFolder(QWidget* owner, const CString& path);
+FolderAnswer AskFolder(QWidget* owner, const FolderQuery& query);
 
 } // namespace korvel::internal

@@ -25,8 +25,30 @@ struct FileQuery {
     bool open = true; // false: a file to write
     CString path;     // the file to begin with
     CString defaultExtension;
-    CString filter; // "description|patterns|description|patterns|"
-    bool promptOnOverwrite = true;
+    /// "description|patterns|description|patterns|", with ";" between patterns; an empty description ends it.
+    /// Patterns ignore case, and "*.*" is every file, also one without a dot.
+    CString filter;
+    bool promptOnOverwrite = true; // before a file to write is one that exists
+    bool fileMustExist = false;    // of a file to open: no new name can be typed
+};
+
+/// What a folder chooser asks for.
+struct FolderQuery {
+    enum class Chooser {
+        Desktop, // the one that the user knows from other programs
+        Plain    // of the display itself, where that one cannot be made
+    };
+
+    CString title; // empty: as the display likes
+    CString path;  // the folder to begin with; one that does not exist is ignored
+    Chooser chooser = Chooser::Desktop;
+};
+
+struct FolderAnswer {
+    enum class Outcome { Chosen, Cancelled, CannotBeMade };
+
+    Outcome outcome = Outcome::Cancelled;
+    CString path{}; // of a chosen folder
 };
 
 /// Shows the windows; one display is in force in a process. A display keeps no state of a window: the
@@ -86,11 +108,10 @@ public:
     virtual int MessageBox(HWND owner, const CString& text, const CString& caption, UINT type) = 0;
     /// A menu at a point of the screen; returns the chosen command, or 0.
     virtual unsigned TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) = 0;
-    /// A color to replace `color`; nothing when the user cancels, here and in the next two.
+    /// A color to replace `color`; nothing when the user cancels, as for a file.
     virtual std::optional<COLORREF> ChooseColor(HWND owner, COLORREF color) = 0;
     virtual std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) = 0;
-    /// A folder, beginning at `path`.
-    virtual std::optional<CString> ChooseFolder(HWND owner, const CString& path) = 0;
+    virtual FolderAnswer ChooseFolder(HWND owner, const FolderQuery& query) = 0;
 
     // Facts, asked often.
 

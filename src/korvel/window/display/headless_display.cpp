@@ -74,6 +74,10 @@ void HeadlessDisplay::AnswerNextFile(std::optional<CString> path) {
     m_files.push_back(std::move(path));
 }
 
+void HeadlessDisplay::AnswerNextFolder(FolderAnswer answer) {
+    m_folders.push_back(std::move(answer));
+}
+
 void HeadlessDisplay::AnswerNextColor(std::optional<COLORREF> color) {
     m_colorAnswers.push_back(color);
 }
@@ -196,8 +200,8 @@ std::optional<CString> HeadlessDisplay::ChooseFile(HWND, const FileQuery& query)
     return TakeAnswer(m_files, "a file, from " + query.path);
 }
 
-std::optional<CString> HeadlessDisplay::ChooseFolder(HWND, const CString& path) {
-    return TakeAnswer(m_files, "a folder, from " + path);
+FolderAnswer HeadlessDisplay::ChooseFolder(HWND, const FolderQuery& query) {
+    return TakeAnswer(m_folders, "a folder, from " + query.path);
 }
 
 int HeadlessDisplay::TextWidth(const CString& text) {

@@ -40,10 +40,11 @@ public:
         UINT type = 0;
     };
 
-    /// The answers to come, in order: of message boxes and menus, of file and folder choosers, of color
-    /// choosers.
+    /// The answers to come, in order: of message boxes and menus, of file choosers, of folder choosers, of
+    /// color choosers.
     void AnswerNext(int button);
     void AnswerNextFile(std::optional<CString> path);
+    void AnswerNextFolder(FolderAnswer answer);
     void AnswerNextColor(std::optional<COLORREF> color);
     /// One more step that a modal loop plays when it is idle.
     void Then(std::function<void()> step);
@@ -87,7 +88,7 @@ public:
     unsigned TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) override;
     std::optional<COLORREF> ChooseColor(HWND owner, COLORREF color) override;
     std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) override;
-    std::optional<CString> ChooseFolder(HWND owner, const CString& path) override;
+    FolderAnswer ChooseFolder(HWND owner, const FolderQuery& query) override;
     int TextWidth(const CString& text) override;
     CPoint ToScreen(HWND window, CPoint client) override;
     int KeyState(UINT key) override;
@@ -116,6 +117,7 @@ private:
     HWND m_focus = nullptr;
     std::deque<int> m_answers;
     std::deque<std::optional<CString>> m_files;
+    std::deque<FolderAnswer> m_folders;
     std::deque<std::optional<COLORREF>> m_colorAnswers;
     std::deque<std::function<void()>> m_steps;
     std::vector<Shown> m_boxes;
