@@ -1,27 +1,24 @@
 #include "korvel/dialogs/file_value_imp.h"
 
+#include "korvel/dialogs/file_dialog.h"
 #include "korvel/values/text_table.h"
 #include "korvel/window/core/cwnd.h"
-#include "korvel/window/core/display.h"
 
 namespace korvel {
 
 namespace {
 
 constexpr int AllFilesText = 10;
+constexpr unsigned long HideReadOnlyAndPromptOnOverwrite = 0x6;
 
 } // namespace
 
 const char* CFileValueImp::Choose(const char* path, CWnd* parent) {
     m_strPath = path ? path : "";
-    FileQuery query;
-    query.open = m_bOpen != 0;
-    query.path = m_strPath;
-    query.defaultExtension = m_strDefaultExtension;
-    query.filter = (m_bAppendAllFiles ? Text(AllFilesText) : "") + m_strFilter + "|";
-    query.promptOnOverwrite = true;
-    if (const auto chosen = Display().ChooseFile(parent ? parent->GetSafeHwnd() : nullptr, query))
-        m_strPath = *chosen;
+    const std::string filter = (m_bAppendAllFiles ? Text(AllFilesText) : "") + m_strFilter + "|";
+    doModalFileDialog(m_strPath, m_bOpen, m_strDefaultExtension.c_str(), m_strPath.c_str(),
+                      HideReadOnlyAndPromptOnOverwrite, filter.c_str(),
+                      parent ? parent->GetSafeHwnd() : nullptr, 0, 1);
     return m_strPath.c_str();
 }
 

@@ -50,6 +50,7 @@ void UseExportedClasses() {
            KorvelCommonEntityFunction::IKorvelCommonEntityFunction>();
     UseAll<Error, FileError, UnreadableFile, invalid_operation, platform::SettingValue>();
     UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDialog, CDC, CImageList, IDisplay>();
+    UseAll<CSelectFolderDlg>();
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
     UseMember(&platform::SettingValue::AsNumber);
     UseMember(&CDC::LineTo);
