@@ -98,4 +98,11 @@ void PainterSurface::Clip(const CRect* rect) {
     m_painter.setClipRegion(rect ? m_exposed.intersected(ToQRect(*rect)) : m_exposed);
 }
 
+void PainterSurface::ClipRegion(const CRgn& region) {
+    QRegion clip;
+    for (const CRect& rect : region.Rectangles())
+        clip += ToQRect(rect);
+    m_painter.setClipRegion(m_exposed.intersected(clip));
+}
+
 } // namespace korvel::internal

@@ -7,7 +7,7 @@
 
 namespace korvel::internal {
 
-/// The seven calls of a surface on a QPainter, in device-independent pixels. Nothing outside `exposed` is
+/// The eight calls of a surface on a QPainter, in device-independent pixels. Nothing outside `exposed` is
 /// touched, whatever clip the window sets.
 class PainterSurface final : public Surface {
 public:
@@ -20,6 +20,7 @@ public:
     void FocusRect(const CRect& rect) override;
     void Picture(const Image& image, const CRect& rect) override;
     void Clip(const CRect* rect) override;
+    void ClipRegion(const CRgn& region) override;
 
 private:
     QPainter& m_painter;

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "korvel/window/base/image_list.h"
+#include "korvel/window/base/region.h"
 #include "korvel/window/base/types.h"
 
 namespace korvel {
 
 enum class LinePattern { Solid, Dotted };
 
-/// What a display paints with: the seven calls under CDC. Coordinates are pixels of the window's
+/// What a display paints with: the eight calls under CDC. Coordinates are pixels of the window's
 /// client area; text is in the library's code page.
 class Surface {
 public:
@@ -23,6 +24,8 @@ public:
     virtual void Picture(const Image& image, const CRect& rect) = 0;
     /// Replaces the clip rectangle; null lifts it.
     virtual void Clip(const CRect* rect) = 0;
+    /// Clips to a region instead.
+    virtual void ClipRegion(const CRgn& region) = 0;
 
 protected:
     ~Surface() = default;

@@ -46,6 +46,10 @@ public:
     void DrawImage(const Image& image, const CRect& rect) { m_surface.Picture(image, rect); }
     /// Replaces the former clip rectangle.
     void IntersectClipRect(const CRect& rect) { m_surface.Clip(&rect); }
+    /// The same with a region; null lifts it.
+    void SelectClipRgn(const CRgn* region) {
+        region ? m_surface.ClipRegion(*region) : m_surface.Clip(nullptr);
+    }
     void ResetClip() { m_surface.Clip(nullptr); }
     /// DFC_BUTTON with DFCS_BUTTONCHECK or DFCS_BUTTONPUSH, and DFC_SCROLL with DFCS_SCROLLDOWN, in a flat
     /// look, in the system colors. Pen, position and colors stay.

@@ -2,6 +2,8 @@
 
 #include "korvel/window/base/types.h"
 
+#include <vector>
+
 namespace korvel {
 
 /// One call that a window made while it painted itself.
@@ -11,6 +13,7 @@ struct PaintCall {
     CRect rect; // of a line: its two ends
     COLORREF color = 0;
     CString text;
+    std::vector<CRect> region; // of a clip by a region, which lies in `rect`
 };
 
 } // namespace korvel

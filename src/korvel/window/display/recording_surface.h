@@ -24,10 +24,14 @@ public:
     void FocusRect(const CRect& rect) override { Add(PaintCall::Kind::Focus, rect, 0); }
     void Picture(const Image&, const CRect& rect) override { Add(PaintCall::Kind::Picture, rect, 0); }
     void Clip(const CRect* rect) override { Add(PaintCall::Kind::Clip, rect ? *rect : CRect(), 0); }
+    void ClipRegion(const CRgn& region) override {
+        Add(PaintCall::Kind::Clip, region.GetRgnBox(), 0);
+        calls.back().region = region.Rectangles();
+    }
 
 private:
     void Add(PaintCall::Kind kind, const CRect& rect, COLORREF color) {
-        calls.push_back({kind, rect, color, {}});
+        calls.push_back({kind, rect, color, {}, {}});
     }
 };
 
