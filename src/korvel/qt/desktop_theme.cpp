@@ -55,6 +55,7 @@ int SystemMetric(int index) {
         return ScreenSize().height();
     case SM_CXVSCROLL:
     case SM_CYHSCROLL:
+    case SM_CXHSCROLL:
         return QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent);
     case SM_CXEDGE:
     case SM_CYEDGE:

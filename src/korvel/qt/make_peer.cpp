@@ -4,6 +4,7 @@
 #include "korvel/qt/line_edit_peer.h"
 #include "korvel/qt/list_peer.h"
 #include "korvel/qt/peer_context.h"
+#include "korvel/qt/scrolled_peer.h"
 #include "korvel/qt/text_edit_peer.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
@@ -16,7 +17,7 @@ Peer& MakePainted(PeerContext& context, HWND window, QWidget* parent) {
     const PaintedPeer::Widgets widgets = PaintedPeer::MakeWidgets(window, parent);
     if (view::KindOf(window) == view::Kind::List)
         return *new ListPeer(context, window, widgets);
-    return *new PaintedPeer(context, window, widgets);
+    return *new ScrolledPeer(context, window, widgets);
 }
 
 Peer& MakeButton(PeerContext& context, HWND window, QWidget* parent) {

@@ -22,4 +22,12 @@ struct ScrollView {
     int rowsPerPage = 0; // whole rows
 };
 
+/// A standard scroll bar of a plain window.
+struct BarView {
+    bool shown = false;
+    int minimum = 0;
+    int maximum = 0;
+    int position = 0;
+};
+
 } // namespace korvel::view

@@ -116,6 +116,7 @@ inline constexpr UINT WS_TABSTOP = 0x00010000;
 inline constexpr UINT WS_GROUP = 0x00020000;
 inline constexpr UINT WS_THICKFRAME = 0x00040000;
 inline constexpr UINT WS_SYSMENU = 0x00080000;
+inline constexpr UINT WS_HSCROLL = 0x00100000;
 inline constexpr UINT WS_DLGFRAME = 0x00400000;
 inline constexpr UINT WS_VSCROLL = 0x00200000;
 inline constexpr UINT WS_BORDER = 0x00800000;
@@ -152,13 +153,18 @@ inline constexpr UINT RDW_INVALIDATE = 0x0001;
 inline constexpr UINT RDW_ERASE = 0x0004;
 inline constexpr UINT RDW_ALLCHILDREN = 0x0080;
 inline constexpr UINT RDW_UPDATENOW = 0x0100;
+inline constexpr UINT GW_HWNDNEXT = 2;
+inline constexpr UINT GW_OWNER = 4;
+inline constexpr UINT GW_CHILD = 5;
 inline constexpr int GWLP_WNDPROC = -4;
 inline constexpr int GWLP_ID = -12;
 inline constexpr int GWL_STYLE = -16;
 inline constexpr int GWL_EXSTYLE = -20;
 inline constexpr int GWLP_USERDATA = -21;
 
-// Scroll bars (low word of wParam in WM_VSCROLL and WM_HSCROLL).
+// Scroll bars: which one, and what the user does (low word of wParam in WM_VSCROLL and WM_HSCROLL).
+inline constexpr int SB_HORZ = 0;
+inline constexpr int SB_VERT = 1;
 inline constexpr UINT SB_LINEUP = 0;
 inline constexpr UINT SB_LINEDOWN = 1;
 inline constexpr UINT SB_PAGEUP = 2;
@@ -167,6 +173,7 @@ inline constexpr UINT SB_THUMBPOSITION = 4;
 inline constexpr UINT SB_THUMBTRACK = 5;
 inline constexpr UINT SB_TOP = 6;
 inline constexpr UINT SB_BOTTOM = 7;
+inline constexpr UINT SB_ENDSCROLL = 8;
 
 // What WM_GETDLGCODE returns, added up; lParam is the MSG of the key in question, or 0.
 inline constexpr UINT DLGC_WANTARROWS = 0x0001;
@@ -201,6 +208,7 @@ inline constexpr int COLOR_WINDOWTEXT = 8;
 inline constexpr int COLOR_HIGHLIGHT = 13;
 inline constexpr int COLOR_HIGHLIGHTTEXT = 14;
 inline constexpr int COLOR_BTNFACE = 15;
+inline constexpr int COLOR_3DFACE = COLOR_BTNFACE;
 inline constexpr int COLOR_BTNSHADOW = 16;
 inline constexpr int COLOR_GRAYTEXT = 17;
 inline constexpr int COLOR_BTNTEXT = 18;
@@ -208,6 +216,7 @@ inline constexpr int SM_CXSCREEN = 0;
 inline constexpr int SM_CYSCREEN = 1;
 inline constexpr int SM_CXVSCROLL = 2;
 inline constexpr int SM_CYHSCROLL = 3;
+inline constexpr int SM_CXHSCROLL = 21;
 inline constexpr int SM_CXEDGE = 45;
 inline constexpr int SM_CYEDGE = 46;
 inline constexpr int SM_CXDOUBLECLK = 36;

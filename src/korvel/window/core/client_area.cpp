@@ -71,7 +71,7 @@ CRect Placeable(CRect rect) {
 CRect ClientArea(const WindowRecord& record) {
     CRect area{0, 0, record.rect.Width(), record.rect.Height()};
     const int edge = EdgeWidth(record);
-    area = WithoutInsets(area, {edge, edge, edge, edge});
+    area = WithoutInsets(WithoutInsets(area, {edge, edge, edge, edge}), ScrollBarInsets(record));
     if (!record.control)
         return area;
     return WithoutInsets(area, record.control->ClientInsets({area.Width(), area.Height()}));

@@ -41,6 +41,9 @@ KORVEL_API void Value(HWND window, double value);
 KORVEL_API void Placed(HWND window, const CRect& rect);
 /// The user scrolled: the new positions, in pixels to the right and in rows down.
 KORVEL_API void Scrolled(HWND window, int x, int row);
+/// The user acted on a scroll bar of a plain window (SB_HORZ, SB_VERT): WM_HSCROLL or WM_VSCROLL with that
+/// code (SB_*). `position` is where the thumb was dragged to. The window says afterwards where the bar is.
+KORVEL_API void ScrollBarUsed(HWND window, int bar, UINT code, int position);
 /// The user closes a top-level window: WM_CLOSE.
 KORVEL_API void Close(HWND window);
 /// A host's widget that holds the window is deleted: DestroyWindow.

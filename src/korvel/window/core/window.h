@@ -103,6 +103,8 @@ KORVEL_API HWND GetDlgItem(HWND parent, int id);
 KORVEL_API int GetDlgCtrlID(HWND window);
 KORVEL_API HWND GetFirstChild(HWND window);
 KORVEL_API HWND GetNextSibling(HWND window);
+/// GW_CHILD: the first child; GW_HWNDNEXT: the next sibling; GW_OWNER: the owner.
+KORVEL_API HWND GetWindow(HWND window, UINT command);
 /// The next (previous) visible, enabled control of `parent` with WS_TABSTOP after `from`, going round. The
 /// children of a control count only if it has WS_EX_CONTROLPARENT; from inside another one the way leads
 /// out of it. `from` may be null.

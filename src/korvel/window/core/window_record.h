@@ -4,6 +4,7 @@
 #include "korvel/window/base/messages.h"
 #include "korvel/window/base/types.h"
 #include "korvel/window/core/control_state.h"
+#include "korvel/window/core/scroll_bar_state.h"
 #include "korvel/window/core/window_table.h"
 
 #include <boost/smart_ptr/intrusive_ptr.hpp>
@@ -54,6 +55,7 @@ struct WindowRecord : boost::intrusive_ref_counter<WindowRecord, boost::thread_u
     bool destroying = false;        // its end has begun, though it still counts as visible at first
     bool announced = false;         // WM_DESTROY was sent
     std::unique_ptr<ControlState> control;
+    std::unique_ptr<ScrollBarStates> scrollBars; // null until the program sets one
 
     HWND ParentOrOwner() const { return parent ? parent : owner; }
     bool IsShown() const { return (style & WS_VISIBLE) != 0; }

@@ -116,6 +116,13 @@ HWND GetNextSibling(HWND window) {
         });
 }
 
+HWND GetWindow(HWND window, UINT command) {
+    return command == GW_CHILD      ? GetFirstChild(window)
+           : command == GW_HWNDNEXT ? GetNextSibling(window)
+           : command == GW_OWNER    ? GetOwner(window)
+                                    : nullptr;
+}
+
 namespace internal {
 
 HWND RootOf(HWND window) {

@@ -78,4 +78,14 @@ ScrollView Scroll(HWND window) {
         window, [](const ControlState& control) { return control.Scroll(); });
 }
 
+BarView ScrollBar(HWND window, int bar) {
+    return OnOwner(
+        window,
+        [&](WindowRecord& record) {
+            const ScrollBarState state = ScrollBarStateOf(record, bar);
+            const bool shown = (record.style & ScrollBarStyle(record, bar)) != 0;
+            return BarView{shown, state.minimum, state.maximum, state.position};
+        });
+}
+
 } // namespace korvel::view

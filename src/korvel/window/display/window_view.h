@@ -32,5 +32,7 @@ KORVEL_API EditView Edit(HWND window);
 KORVEL_API int ButtonCheck(HWND window);
 
 KORVEL_API ScrollView Scroll(HWND window);
+/// SB_HORZ or SB_VERT of a window that does not scroll itself. It lies beside the client rectangle.
+KORVEL_API BarView ScrollBar(HWND window, int bar);
 
 } // namespace korvel::view
