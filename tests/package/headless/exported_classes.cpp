@@ -26,6 +26,10 @@ void UseAll() {
     (Use<T>(), ...);
 }
 
+struct LaidOut : CWnd, CLayoutManager<LaidOut> {
+    using LayoutManagerBase::DestroyLayout;
+};
+
 template <class Member>
 void UseMember(Member member) {
     [[maybe_unused]] volatile Member used = member;
@@ -42,7 +46,7 @@ void UseExportedClasses() {
            CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
            CGridCtrlComboBoxInputStateTree, CGridCtrlComboBoxInputStateTreeCheckBox>();
     UseAll<CEditableGrid, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem, ChildList>();
-    UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager>();
+    UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut>();
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();
     UseAll<CVariantValue, CFileValueImp, IFileContainer, IFileValue, IComboBoxParent, IDestroyValue,
            IEnumValue, IEnumSink, IEnumContainer, EnumImages, GroupPresentation, IMemberDispatch,

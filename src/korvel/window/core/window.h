@@ -47,6 +47,13 @@ struct NMHDR {
 
 struct DRAWITEMSTRUCT;
 
+/// What WM_GETMINMAXINFO carries (lParam): the sizes between which the window may be sized. The other fields of
+/// the window model are not used here.
+struct MINMAXINFO {
+    CPoint ptMinTrackSize;
+    CPoint ptMaxTrackSize;
+};
+
 // --- life ---
 
 /// Makes a window of a registered class. A window with WS_CHILD lies inside `parent`; without it, it is a
