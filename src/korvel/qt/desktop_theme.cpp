@@ -69,6 +69,13 @@ int SystemMetric(int index) {
     }
 }
 
+std::vector<CRect> ScreenRectangles() {
+    std::vector<CRect> rectangles;
+    for (const QScreen* screen : QGuiApplication::screens())
+        rectangles.push_back(FromQRect(screen->availableGeometry()));
+    return rectangles;
+}
+
 int TextWidth(const CString& text) {
     return QFontMetrics(QApplication::font()).horizontalAdvance(ToQString(text));
 }

@@ -2,6 +2,8 @@
 
 #include "korvel/window/base/types.h"
 
+#include <vector>
+
 /// Colors, sizes and text widths of the user's desktop.
 namespace korvel::internal {
 
@@ -9,6 +11,8 @@ namespace korvel::internal {
 COLORREF SystemColor(int index);
 /// SM_*, in device-independent pixels; 0 for one that is unknown.
 int SystemMetric(int index);
+/// Where windows may lie on each screen, the main one first.
+std::vector<CRect> ScreenRectangles();
 int TextWidth(const CString& text);
 
 } // namespace korvel::internal

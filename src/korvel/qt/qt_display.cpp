@@ -221,6 +221,10 @@ int QtDisplay::Metric(int index) {
     return SystemMetric(index);
 }
 
+std::vector<CRect> QtDisplay::Screens() {
+    return ScreenRectangles();
+}
+
 void QtDisplay::SetCursor(int cursor) {
     m_parts->context.mouse.SetCursor(cursor);
 }

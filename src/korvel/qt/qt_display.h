@@ -55,6 +55,7 @@ public:
     CPoint Pointer() override;
     COLORREF SysColor(int index) override;
     int Metric(int index) override;
+    std::vector<CRect> Screens() override;
     void SetCursor(int cursor) override;
     bool SetClipboardText(const CString& text) override;
     std::optional<CString> ClipboardText() override;

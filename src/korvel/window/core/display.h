@@ -127,6 +127,9 @@ public:
     virtual COLORREF SysColor(int index) = 0;
     /// The measure SM_* in pixels, 0 for an index that it does not know.
     virtual int Metric(int index) = 0;
+    /// The rectangles of the screens on which windows may lie; the first one's is the main screen's. Without an
+    /// own body: one screen of the size that Metric gives.
+    virtual std::vector<CRect> Screens();
     /// Show the pointer as IDC_* until the next call.
     virtual void SetCursor(int cursor) = 0;
 

@@ -231,6 +231,10 @@ int HeadlessDisplay::Metric(int index) {
     return static_cast<int>(ValueOf(Metrics, index));
 }
 
+std::vector<CRect> HeadlessDisplay::Screens() {
+    return m_screens.empty() ? IDisplay::Screens() : m_screens;
+}
+
 void HeadlessDisplay::SetCursor(int cursor) {
     m_cursor = cursor;
 }

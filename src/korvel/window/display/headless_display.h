@@ -58,6 +58,8 @@ public:
     void MovePointer(CPoint screen) { m_pointer = screen; }
     /// What GetKeyState returns from now on; no message.
     void PressKey(UINT key, bool down) { m_keys[key] = down; }
+    /// The screens from now on; without them there is one of 1920 by 1080.
+    void SetScreens(std::vector<CRect> screens) { m_screens = std::move(screens); }
     void SetColor(int index, COLORREF color) { m_colors[index] = color; }
     /// What LoadPicture returns for that path, as it is; without it there is no such picture.
     void SetPicture(const CString& path, Image image) { m_pictures[path] = std::move(image); }
@@ -95,6 +97,7 @@ public:
     CPoint Pointer() override;
     COLORREF SysColor(int index) override;
     int Metric(int index) override;
+    std::vector<CRect> Screens() override;
     void SetCursor(int cursor) override;
     bool SetClipboardText(const CString& text) override;
     std::optional<CString> ClipboardText() override;
@@ -112,6 +115,7 @@ private:
     std::map<UINT, bool> m_keys;
     std::map<int, COLORREF> m_colors;
     std::map<CString, Image> m_pictures;
+    std::vector<CRect> m_screens;
     std::map<HWND, CRect> m_invalid;
     std::map<HWND, Aspects> m_changes;
     HWND m_focus = nullptr;
