@@ -46,7 +46,8 @@ void UseExportedClasses() {
            CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
            CGridCtrlComboBoxInputStateTree, CGridCtrlComboBoxInputStateTreeCheckBox>();
     UseAll<CEditableGrid, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem, ChildList>();
-    UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut>();
+    UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut, DlgStateBase,
+           CLayoutTabCtrlPage, CConfigurationTabCtrlPage>();
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();
     UseAll<CVariantValue, CFileValueImp, IFileContainer, IFileValue, IComboBoxParent, IDestroyValue,
            IEnumValue, IEnumSink, IEnumContainer, EnumImages, GroupPresentation, IMemberDispatch,

@@ -48,6 +48,10 @@ void SetHostApp(CWinApp* app) {
     HostApp() = app;
 }
 
+CWinApp* GetHostApp() {
+    return HostApp();
+}
+
 CWnd* GetMainWnd() {
     const CWinApp* app = HostApp();
     return app ? app->m_pMainWnd : nullptr;

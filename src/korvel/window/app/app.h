@@ -61,6 +61,8 @@ KORVEL_API ModuleState GetModuleState();
 /// The host's own application object (not owned, null: none), in force outside the library's entry points.
 /// Any thread.
 KORVEL_API void SetHostApp(CWinApp* app);
+/// That object, also inside the library's entry points; null for none.
+KORVEL_API CWinApp* GetHostApp();
 /// The main window of the host's application object, also inside the library's entry points; null for none.
 KORVEL_API CWnd* GetMainWnd();
 
