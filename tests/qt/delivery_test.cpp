@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
-#include <QMenu>
 #include <QScrollBar>
 #include <QTest>
 #include <QTimer>
@@ -72,6 +71,7 @@ TEST_F(Delivery, AnInputMethodChangesTheTextWithoutCharacters) {
             SendMessageA(edit, EM_LIMITTEXT, limit, 0);
             SendMessageA(edit, EM_SETSEL, 1, 1);
             SetFocus(edit);
+            QTest::keyClick(m_user.Widget(edit), Qt::Key_Z, Qt::ControlModifier); // takes nothing back
             m_log.clear();
             QInputMethodEvent event;
             event.setCommitString(QStringLiteral("\u00ea\u0142"));
@@ -174,10 +174,11 @@ TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {
     m_user.Widget(m_surface.m_hWnd)->repaint();
     SetTimer(m_surface.m_hWnd, 1, 1);
     PostMessageA(m_surface.m_hWnd, WM_USER, 0, 0);
-    QTest::qWait(20);
-    KillTimer(m_surface.m_hWnd, 1);
     for (const UINT message : {WM_LBUTTONDOWN, WM_PAINT, WM_TIMER, WM_USER})
-        EXPECT_THAT(failures, Contains(std::to_string(message)));
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return std::ranges::count(failures, std::to_string(message)) > 0; }, 2000))
+            << message;
+    KillTimer(m_surface.m_hWnd, 1);
     m_surface.on.clear();
     SetExceptionHandler(nullptr);
 }
@@ -234,19 +235,6 @@ TEST_F(Delivery, AnotherThreadIsAnsweredByTheDesktopsLoop) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return isRead.load(); }, 2000));
     reader.join();
     EXPECT_EQ(text, "from afar");
-}
-
-TEST_F(Delivery, PopupsOfQtDoNotTakeTheFocusAway) {
-    QMenu menu;
-    menu.addAction(QStringLiteral("one"));
-    QTimer::singleShot(0, &menu, [&] {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return qApp->focusWindow() == menu.windowHandle(); }, 2000));
-        EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
-        menu.close();
-    });
-    menu.exec(QPoint(10, 10));
-    EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
-    EXPECT_THAT(m_log, Not(Contains("edit no focus")));
 }
 
 TEST_F(Delivery, AWindowClosesWhenItsHandlersLetItAndTheLastOneEndsTheApplication) {

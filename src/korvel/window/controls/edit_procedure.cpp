@@ -127,6 +127,9 @@ std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam
     case WM_KILLFOCUS:
         NotifyParentCommand(window, EN_KILLFOCUS);
         return 0;
+    case WM_KEYUP:
+        edit.isUndoLeft = false; // the native widget had nothing to take back
+        return std::nullopt;
     case WM_GETDLGCODE:
         return DialogCode(edit, reinterpret_cast<const MSG*>(lParam));
     case WM_CHAR:
