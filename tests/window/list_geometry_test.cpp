@@ -108,6 +108,8 @@ TEST_F(ListGeometry, AutomaticWidthsFitTextsTitleAndTheRest) {
         list.SetColumnWidth(column, mode);
         EXPECT_EQ(list.GetColumnWidth(column), width) << border;
     }
+    list.InsertColumn(1, "", -1);
+    EXPECT_EQ(list.GetColumnWidth(1), 10) << "without a width";
 }
 
 TEST_F(ListGeometry, NumbersFarOutsideAreHeldInRange) {
@@ -121,7 +123,8 @@ TEST_F(ListGeometry, NumbersFarOutsideAreHeldInRange) {
     EXPECT_LE(rect.right, list.GetClientRect().right);
     EXPECT_EQ(list.HitTest({Most, Most}), -1);
     EXPECT_EQ(list.GetNextItem(Most, LVNI_SELECTED), -1);
-    EXPECT_FALSE(list.DeleteItem(Most) || list.EnsureVisible(Most, false));
+    EXPECT_FALSE(list.DeleteItem(Most));
+    EXPECT_FALSE(list.EnsureVisible(Most, false));
     list.RedrawItems(-Most, Most);
     display.PaintWindow(list.GetHeaderCtrl()->m_hWnd);
 }
@@ -155,7 +158,8 @@ TEST_F(ListGeometry, EnsureVisibleScrollsAsLittleAsItTakes) {
         EXPECT_TRUE(list.EnsureVisible(row, partialOk)) << border;
         EXPECT_EQ(list.GetTopIndex(), top) << border;
     }
-    EXPECT_FALSE(list.EnsureVisible(20, false) || list.EnsureVisible(-1, false));
+    EXPECT_FALSE(list.EnsureVisible(20, false));
+    EXPECT_FALSE(list.EnsureVisible(-1, false));
     display.PaintWindow(list.m_hWnd);
     list.RedrawItems(9, 19);
     list.SetItemText(2, 0, "unseen");

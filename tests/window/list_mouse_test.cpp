@@ -170,6 +170,15 @@ TEST_F(ListLabelEdit, NoneIsLeftByAHandlerThatBeginsAnotherOrThrows) {
     }
 }
 
+TEST_F(ListLabelEdit, AHandlerOfItsEndMayRemoveRowsWhileTheListScrolls) {
+    MakeList(12);
+    parent.on[LVN_ENDLABELEDIT] = [&](const auto&) { return !list.DeleteRows(1, 12); };
+    list.EditLabel(0);
+    list.Scroll({0, 20});
+    EXPECT_EQ(view::Rectangle(list.GetHeaderCtrl()->m_hWnd), (CRect{0, 0, 200, 24}))
+        << "without a bar beside it";
+}
+
 TEST_F(ListLabelEdit, ASecondSlowClickBeginsItOnce) {
     list.ModifyStyle(0, LVS_EDITLABELS);
     const auto click = [this] { Click(InRow(1)); };

@@ -20,7 +20,7 @@ protected:
         Heard();
     }
 
-    // Runs `work` in a thread of its own while this one pumps, and answers what it answered.
+    // Runs `work` in a thread of its own while this one pumps, and returns what it returned.
     template <class Work>
     auto InWorker(Work work) {
         auto result = std::async(std::launch::async, work);

@@ -27,7 +27,8 @@ TEST_F(TimersTest, FireInTheOrderOfTheirTimesAndBeginAnewWhenSetAgain) {
     EXPECT_THAT(Heard(), IsEmpty());
     display.Advance(101ms);
     EXPECT_THAT(Heard(), ElementsAre("fast timer", "slow timer", "fast timer"));
-    EXPECT_TRUE(slow.KillTimer(1) && fast.KillTimer(1));
+    EXPECT_TRUE(slow.KillTimer(1));
+    EXPECT_TRUE(fast.KillTimer(1));
     EXPECT_FALSE(fast.KillTimer(1));
     fast.SetTimer(1, 0); // not without a pause
     display.Advance(20ms);

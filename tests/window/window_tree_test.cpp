@@ -67,9 +67,15 @@ TEST_F(WindowTreeTest, AStaleHandleReachesNoOtherWindow) {
     RecordedWindow next("next", log); // takes the place of the window that is gone
     next.Create(WS_VISIBLE, nullptr, 7);
     Heard();
-    EXPECT_FALSE(IsWindow(stale) || PostMessageA(stale, WM_USER, 0, 0) || SetWindowTextA(stale, "lost"));
-    EXPECT_FALSE(DestroyWindow(stale) || ShowWindow(stale, SW_HIDE) || SetFocus(stale));
-    EXPECT_FALSE(SendMessageA(stale, WM_USER, 0, 0) || SetTimer(stale, 1, 10) || GetDlgCtrlID(stale));
+    EXPECT_FALSE(IsWindow(stale));
+    EXPECT_FALSE(PostMessageA(stale, WM_USER, 0, 0));
+    EXPECT_FALSE(SetWindowTextA(stale, "lost"));
+    EXPECT_FALSE(DestroyWindow(stale));
+    EXPECT_FALSE(ShowWindow(stale, SW_HIDE));
+    EXPECT_FALSE(SetFocus(stale));
+    EXPECT_EQ(SendMessageA(stale, WM_USER, 0, 0), 0);
+    EXPECT_EQ(SetTimer(stale, 1, 10), 0u);
+    EXPECT_EQ(GetDlgCtrlID(stale), 0);
     EXPECT_EQ(GetWindowRect(stale), CRect());
     EXPECT_EQ(SetParent(next.m_hWnd, stale), nullptr);
     display.Advance(std::chrono::seconds(1));

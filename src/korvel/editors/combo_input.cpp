@@ -178,22 +178,13 @@ bool ComboInput::TakeCharacter(const CString& character) {
         return false;
     if (character == " " && state->TakesSpace())
         return true;
-    const int row = FindRowByText(m_typeAhead.Type(character, Display().Now()));
+    const ComboTree& tree = m_view.Model().Tree();
+    const int row =
+        TypeAhead::Find(tree.RowCount(), CurrentRow(), m_typeAhead.Type(character, Display().Now()),
+                        [&](int asked) -> const std::string& { return tree.ItemAt(asked)->GetLabel(); });
     if (row != -1 && row != state->GetCurrent())
         state->Step(row - state->GetCurrent());
     return true;
-}
-
-int ComboInput::FindRowByText(const TypeAhead::Search& search) const {
-    const ComboTree& tree = m_view.Model().Tree();
-    const int count = tree.RowCount();
-    const int first = CurrentRow() + (search.beginsAtNext ? 1 : 0);
-    for (int step = 0; step < count && !search.beginning.empty(); ++step) {
-        const int row = (std::max(first, 0) + step) % count;
-        if (TypeAhead::BeginsWith(tree.ItemAt(row)->GetLabel(), search.beginning))
-            return row;
-    }
-    return -1;
 }
 
 LRESULT ComboInput::HandleFocus(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -50,7 +50,6 @@ private:
     void TakeForwardedCharacters(UINT key, LPARAM data);
     /// False: a control character, or there are no rows to find.
     bool TakeCharacter(const CString& character);
-    int FindRowByText(const TypeAhead::Search& search) const;
 
     ComboView& m_view;
     CListCtrl& m_control;

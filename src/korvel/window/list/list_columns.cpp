@@ -7,6 +7,7 @@ namespace korvel::internal {
 
 namespace {
 
+constexpr int UnsetWidth = 10;  // pixels of a column that is inserted without a width
 constexpr int DividerReach = 4; // pixels to each side of a divider
 // Sums of widths, and places derived from them, stay inside the numbers of a coordinate.
 constexpr int WidestContent = 1 << 28;
@@ -19,7 +20,7 @@ int RightOf(int left, int width) {
 
 int ListColumns::Insert(int column, ListColumn content) {
     const int at = std::min(column, Count());
-    const int width = content.width;
+    const int width = content.width < 0 ? UnsetWidth : content.width;
     m_columns.insert(m_columns.begin() + at, std::move(content));
     SetWidth(at, width);
     return at;

@@ -23,7 +23,7 @@ public:
     bool Has(int column) const { return column >= 0 && column < Count(); }
     const ListColumn& operator[](int column) const { return m_columns[column]; }
 
-    /// Beyond the end appends. Returns the number of the column.
+    /// Beyond the end appends; a width below 0 is none. Returns the number of the column.
     int Insert(int column, ListColumn content);
     void Erase(int column) { m_columns.erase(m_columns.begin() + column); }
     void SetWidth(int column, int width);

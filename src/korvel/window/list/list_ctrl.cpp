@@ -142,6 +142,11 @@ bool CListCtrl::SetCheck(int row, bool check) {
         m_hWnd, row, [&](ListState& list) { return internal::SetCheck(list, row, check); });
 }
 
+void CListCtrl::ToggleCheck(int row) {
+    OnRow(
+        m_hWnd, row, [&](ListState& list) { return internal::ToggleCheck(list, row), true; });
+}
+
 UINT CListCtrl::GetItemState(int row, UINT mask) const {
     return static_cast<UINT>(SendMessageA(LVM_GETITEMSTATE, static_cast<WPARAM>(row), mask));
 }

@@ -52,6 +52,8 @@ public:
     bool SetItemImage(int row, int image);
     bool GetCheck(int row) const;
     bool SetCheck(int row, bool check);
+    /// As the space bar does: when the row is selected, all selected rows take its new mark.
+    void ToggleCheck(int row);
 
     // Selection and focus.
     UINT GetItemState(int row, UINT mask) const;
@@ -72,6 +74,7 @@ public:
     // Columns.
     /// The texts that rows store move along with their columns. But column 0 shows the labels, which stay
     /// where they are: when a column comes or goes at 0, text i of a row stays text i.
+    /// A width below 0 is none: the column is 10 pixels wide.
     int InsertColumn(int column, const CString& title, int width, int format = LVCFMT_LEFT);
     bool DeleteColumn(int column);
     int GetColumnCount() const;

@@ -62,19 +62,6 @@ void PressSpace(ListState& list) {
                       IsKeyDown(VK_CONTROL) ? SelectionChange::Toggle : SelectionChange::Replace);
 }
 
-int FindRow(const ListState& list, const TypeAhead::Search& search) {
-    const int count = list.rows.Size();
-    const int first = std::max(0, list.focusRow + (search.beginsAtNext ? 1 : 0));
-    for (int step = 0; step < count; ++step) {
-        const int row = (first + step) % count;
-        if (!list.rows.Has(row))
-            break; // the text source has removed rows
-        if (TypeAhead::BeginsWith(TextOf(list, row, 0), search.beginning))
-            return row;
-    }
-    return NoRow;
-}
-
 } // namespace
 
 bool PressKey(ListState& list, UINT key) {
@@ -98,7 +85,9 @@ bool TypeCharacter(ListState& list, WPARAM byte) {
     const auto search = list.typeAhead.Type(*character, Display().Now());
     if (search.beginning.empty())
         return static_cast<unsigned char>(character->front()) >= ' '; // a blank alone checks or selects
-    const int row = FindRow(list, search);
+    const int row = TypeAhead::Find(list.rows.Size(), list.focusRow, search, [&](int asked) {
+        return list.rows.Has(asked) ? TextOf(list, asked, 0) : CString(); // the text source may remove rows
+    });
     if (list.rows.Has(row))
         MoveTo(list, row, SelectionChange::Replace);
     return true;

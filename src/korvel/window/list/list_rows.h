@@ -13,7 +13,7 @@ int InsertRow(ListState& list, int row, RowRecord record);
 /// Removes the rows from `first` to before `last`, the last one first. For each: a selected one loses its
 /// state (LVN_ITEMCHANGING, which cannot refuse, and LVN_ITEMCHANGED with no bit left), LVN_DELETEITEM,
 /// then it is gone. Focus and mark of a removed row go to the one that takes its place, or to the new last
-/// one. Rows that a handler inserts meanwhile stay, wherever it does so. After a handler that throws, the row
+/// one. Rows that a handler inserts meanwhile stay, whatever their place. After a handler that throws, the row
 /// that it was told of and the rest stay; the first exception goes to the caller.
 void DeleteRows(ListState& list, int first, int last);
 /// The same at once, without notices. A label edit in one of the rows is cancelled when they are gone.

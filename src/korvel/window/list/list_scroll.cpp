@@ -89,7 +89,7 @@ void ListState::Scrolled(int x, int row) {
 }
 
 void ScrollTo(ListState& list, std::int64_t x, std::int64_t topRow) {
-    const ListLayout layout = LayoutOf(list);
+    ListLayout layout = LayoutOf(list);
     const int newX = Clamped(x, layout.lastScrollX);
     const int newTopRow = Clamped(topRow, layout.lastTopRow);
     if (newX == list.scrollX && newTopRow == list.topRow)
@@ -97,6 +97,7 @@ void ScrollTo(ListState& list, std::int64_t x, std::int64_t topRow) {
     list.scrollX = newX;
     list.topRow = newTopRow;
     list.EndLabelEdit(LabelEditEnd::Take);
+    layout = LayoutOf(list); // a handler may have changed columns and rows
     PlaceHeader(list, layout.client.cx);
     TellScroll(list, layout);
     RepaintAll(list);

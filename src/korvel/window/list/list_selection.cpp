@@ -207,11 +207,14 @@ bool MoveSelection(ListState& list, int row, SelectionChange change) {
 void ToggleCheck(ListState& list, int row) {
     const bool check = !list.rows.At(row).checked;
     const bool withSelected = list.rows.At(row).IsSelected();
+    FollowedRow toggled(list, row);
     SetCheck(list, row, check);
-    if (!withSelected)
-        return;
-    for (int other = list.rows.FindSelected(0); other != NoRow; other = list.rows.FindSelected(other + 1))
-        SetCheck(list, other, check);
+    if (withSelected)
+        ForEachSelected(list, [&](int other) {
+            if (other != toggled.row)
+                SetCheck(list, other, check);
+            return true;
+        });
 }
 
 bool SetCheck(ListState& list, int row, bool check) {

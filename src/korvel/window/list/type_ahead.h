@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 #include <string_view>
@@ -22,10 +23,20 @@ public:
 
     /// Takes a whole character. Control characters, and a blank that begins a search, give an empty search.
     Search Type(const std::string& character, std::chrono::milliseconds now);
-    /// Compares characters, whatever the case of letters.
-    static bool BeginsWith(std::string_view text, const std::string& beginning);
+    /// The row that a search finds among `count`, from `current` on (-1: none is) and round; -1 when there is
+    /// none. Compares characters, whatever the case of letters. `textOf(row)` may be asked for any of them.
+    template <class TextOf>
+    static int Find(int count, int current, const Search& search, TextOf textOf) {
+        const int first = std::max(0, current + (search.beginsAtNext ? 1 : 0));
+        for (int step = 0; step < count && !search.beginning.empty(); ++step)
+            if (const int row = (first + step) % count; BeginsWith(textOf(row), search.beginning))
+                return row;
+        return -1;
+    }
 
 private:
+    static bool BeginsWith(std::string_view text, const std::string& beginning);
+
     std::string m_typed;
     std::chrono::milliseconds m_last{};
 };
