@@ -97,22 +97,6 @@ TEST_F(BoundGridTest, ColumnWidthsAreThreeFifthsAtFirstAndKeptFromThenOn) {
     EXPECT_GE(grid.GetColumnWidth(1), display.TextWidth("a title that needs room"));
 }
 
-TEST_F(GridTest, WidthsThatAColumnsNoticeTakesAwayStillServeTheirBinding) {
-    class ForgetfulGrid : public CEditableGrid {
-    public:
-        using CEditableGrid::CEditableGrid;
-        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-            if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ITEMCHANGED)
-                SetColumnInfo({});
-            return CEditableGrid::WindowProc(message, wParam, lParam);
-        }
-    } grid(nullptr, nullptr);
-    Make(grid);
-    grid.SetColumnInfo({{0, 60}, {1, 70}});
-    grid.Initialize(&root, "Name", "Value", 0);
-    EXPECT_EQ(grid.GetColumnWidth(1), 70);
-}
-
 TEST_F(BoundGridTest, NoMemberIsFoundInARowThatHasGone) {
     point.With("x", Whole(DT_Int, 1));
     root.With("p", Group(&point));
@@ -187,7 +171,7 @@ TEST_F(BoundGridTest, GroupsShowTheTextsOfTheirPresentation) {
     grid.SetLayoutMultiColumn({"Name", "x", "y"});
     Bind(root);
     EXPECT_EQ(Rows(grid), Lines({"shown|in x|in y", "silent||"}));
-    const CItemInfo& info = *grid.NodeAtRow(0)->info; // kept: greyed is the cell behind
+    const CItemInfo& info = *grid.NodeAtRow(0)->info; // kept: the cell after it is greyed
     EXPECT_TRUE(info.IsCellEnabled(0));
     EXPECT_FALSE(info.IsCellEnabled(1));
 }

@@ -1,6 +1,7 @@
 // Whatever a host does at whichever call it gets, and wherever memory ends, rows, look-up and observer agree
 // afterwards.
 
+#include "korvel/window/core/exception_handler.h"
 #include "support/failing_memory.h"
 #include "support/grid_fixture.h"
 #include "support/misbehaving_host.h"
@@ -16,6 +17,14 @@ struct Act {
     const char* name;
     std::function<void(Scene&)> run;
     bool bindsFirst = true;
+    bool hasColumns = false;
+
+    void Prepare(Scene& scene) const {
+        if (hasColumns)
+            scene.grid->SetLayoutMultiColumn({"Name", "x", "y", "new"});
+        if (bindsFirst)
+            scene.Bind();
+    }
 };
 
 const std::vector<Act>& Acts() {
@@ -30,6 +39,8 @@ const std::vector<Act>& Acts() {
         {"destroy the window", [](Scene& s) { s.grid->DestroyWindow(); }},
         {"delete the grid", [](Scene& s) { s.grid.reset(); }},
         {"add", [](Scene& s) { s.grid->OnOperationAdd(&s.point, "new", Number(DT_Double, 1)); }},
+        {"add a cell", [](Scene& s) { s.grid->OnOperationAdd(&s.point, "new", Number(DT_Double, 1)); }, true,
+         true},
         {"add a group", [](Scene& s) { s.grid->OnOperationAdd(&s.root, "r", Group(&s.added)); }},
         {"insert a group", [](Scene& s) { s.grid->OnOperationInsert(&s.point, 0, "r", Group(&s.added)); }},
         {"remove", [](Scene& s) { s.RemovePoint(); }},
@@ -58,6 +69,11 @@ const std::vector<Act>& Acts() {
 
 class CallsOfTheHost : public GermanMachine, protected GridWindows {
 protected:
+    CallsOfTheHost() {
+        SetExceptionHandler([](const CString&) {}); // of a grid that is deleted
+    }
+    ~CallsOfTheHost() override { SetExceptionHandler(nullptr); }
+
     // At the first call out of an act, then at the second, until the act has no more.
     static void MisbehaveEverywhere(const std::function<void(Scene&)>& misbehave) {
         for (const Act& act : Acts()) {
@@ -82,8 +98,7 @@ protected:
     // False when `passing` allocations are all that the act makes.
     static bool RunOutOfMemory(const Act& act, int passing) {
         Scene scene;
-        if (act.bindsFirst)
-            scene.Bind();
+        act.Prepare(scene);
         bool hasFailed = false;
         try {
             const FailingMemory memory(passing, hasFailed);
@@ -97,8 +112,7 @@ protected:
 private:
     static int MisbehaveOnce(const Act& act, int at, const std::function<void(Scene&)>& misbehave) {
         Scene scene;
-        if (act.bindsFirst)
-            scene.Bind();
+        act.Prepare(scene);
         scene.calls.count = 0;
         scene.calls.misbehavesAt = at;
         scene.calls.misbehave = [&] { misbehave(scene); };

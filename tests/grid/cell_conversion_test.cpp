@@ -60,17 +60,17 @@ TEST_F(CellConversions, ColorsAreSwatchesAndLeaveNoneBehind) {
 
 TEST_F(CellConversions, DashesOfPathsLoseTheirEscapeInTheCell) {
     HostEnumeration enumeration;
-    enumeration.entries = {Words(DT_String, "rail\\-road\\-x"), Words(DT_String, "other\\-one")};
-    root.With("flat", enumeration.ListValue(DT_ListString));
+    const CVariantValue value = enumeration.ListOf(DT_ListString, Words(DT_String, "rail\\-road\\-x"));
+    root.With("flat", value);
     Bind(root);
     EXPECT_EQ(grid.GetItemText(0, 1), "rail\\-road\\-x");
     enumeration.flags = ENF_Tree;
-    SinkOf(root).OnChange("flat", enumeration.ListValue(DT_ListString));
+    SinkOf(root).OnChange("flat", value);
     EXPECT_EQ(grid.GetItemText(0, 1), "rail-road-x");
     // Asked directly, the text is the value's.
     std::string text;
     CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
-    grid.ConvertToOutput(&root, "flat", enumeration.ListValue(DT_ListString), text, control);
+    grid.ConvertToOutput(&root, "flat", value, text, control);
     EXPECT_EQ(text, "rail\\-road\\-x");
 }
 
@@ -95,9 +95,9 @@ TEST_F(CellConversions, AMemberIsRegisteredWithTheServiceOfItsTypeAlone) {
 TEST_F(CellConversions, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) {
     HostEnumeration numbers;
     numbers.type = DT_Double;
-    numbers.entries = {Number(DT_Double, 1.25)};
     point.With("x", Number(DT_LengthDouble, 1));
-    root.With("double", Number(DT_Double, 2)).With("list", numbers.ListValue(DT_ListDouble));
+    root.With("double", Number(DT_Double, 2))
+        .With("list", numbers.ListOf(DT_ListDouble, Number(DT_Double, 1.25)));
     root.With("angle", Number(DT_AngleDouble, 3)).With("inner", Group(&point));
     BindAndExpand();
     root.onRead = [&](const std::string& name) { EXPECT_NE("angle", name); };
@@ -111,9 +111,8 @@ TEST_F(CellConversions, AChangeOfFormatRewritesTheCellsOfItsServiceAndNoOthers) 
 TEST_F(CellConversions, AnglesSayTheirUnitWhereTheGridIsToldSo) {
     HostEnumeration angles;
     angles.type = DT_AngleDouble;
-    angles.entries = {Number(DT_AngleDouble, 1)};
     point.With("x", Number(DT_AngleDouble, 1)).With("y", Number(DT_LengthDouble, 1));
-    point.With("z", angles.ListValue(DT_ListDouble));
+    point.With("z", angles.ListOf(DT_ListDouble, Number(DT_AngleDouble, 1)));
     root.With("p", Group(&point));
     SetAngleUnit('g');
     const std::pair<bool, const char*> changes[] = {

@@ -114,6 +114,46 @@ TEST_F(GridInput, CheckBoxesToggleNothingElseAndChecksComeWithTheirNodes) {
     EXPECT_TRUE(grid.GetCheck(2));
 }
 
+TEST_F(GridInput, SelectedRowsAreCheckedTogetherAndTheirNodesFollow) {
+    grid.ModifyStyle(LVS_SINGLESEL, 0);
+    grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    Add(grid, nullptr, "c");
+    Select(grid, 0);
+    Select(grid, 1);
+    for (const bool byKey : {true, false}) {
+        byKey ? Press(grid, VK_SPACE) : Click(grid, {16 + 8, Middle(1)});
+        for (const int row : {0, 1, 2})
+            ExpectChecked(row, byKey && row < 2);
+    }
+}
+
+TEST_F(GridInput, ANodeWhoseMarkIsRefusedKeepsItsOwnWhereItMoves) {
+    struct RefusingGrid : HookedGrid {
+        bool isToRefuse = false;
+        bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+            const bool asks =
+                message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == LVN_ITEMCHANGING;
+            if (!asks || !std::exchange(isToRefuse, false))
+                return HookedGrid::OnChildNotify(message, wParam, lParam, result);
+            Add(*this, nullptr, "new", {}, 0);
+            *result = 1;
+            return true;
+        }
+    };
+    for (const bool byKey : {true, false}) {
+        RefusingGrid refusing;
+        MakeBare(refusing);
+        refusing.SetExtendedStyle(LVS_EX_CHECKBOXES);
+        const CTreeItem* node = Add(refusing, nullptr, "a");
+        Select(refusing, 0);
+        refusing.isToRefuse = true;
+        byKey ? Press(refusing, VK_SPACE) : Click(refusing, {16 + 8, Middle(0)});
+        EXPECT_EQ(refusing.RowOfNode(node), 1);
+        EXPECT_EQ(node->info->checked, 0) << byKey;
+        EXPECT_FALSE(refusing.GetCheck(1)) << byKey;
+    }
+}
+
 // The list alone would toggle the row with the focus.
 TEST_F(GridInput, SpaceTogglesTheSelectedRowWhereTheFocusIsOnAnother) {
     grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
@@ -185,17 +225,10 @@ TEST_F(GridInput, ArrowsMoveTheColumnWithinTheHeaderAndIntoView) {
 
 TEST_F(GridInput, ARowThatIsDroppedOnAnotherMovesBelowIt) {
     Open(0);
-    const auto drag = [&](int from, int to) {
-        input::Mouse(grid.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, Label(from));
-        input::Mouse(grid.m_hWnd, WM_MOUSEMOVE, MK_LBUTTON, Label(to));
-        input::Mouse(grid.m_hWnd, WM_MOUSEMOVE, MK_LBUTTON, Label(to));
-        input::Mouse(grid.m_hWnd, WM_LBUTTONUP, 0, Label(to));
-        EXPECT_EQ(GetCapture(), nullptr);
-    };
-    drag(0, 1); // into itself
-    drag(1, 0); // to where it is
+    Drag(grid, 0, 1); // into itself
+    Drag(grid, 1, 0); // to where it is
     EXPECT_EQ(Rows(grid), Lines({"a|value", " a1|", " a2|", "b|value"}));
-    drag(1, 3);
+    Drag(grid, 1, 3);
     EXPECT_EQ(Rows(grid), Lines({"a|value", " a2|", "b|value"}));
     grid.ExpandSubtree(grid.NodeAtRow(2)->children().back(), nullptr);
     EXPECT_EQ(grid.NodeAtRow(2)->children().back()->children().size(), 1);
@@ -218,9 +251,7 @@ TEST_F(GridTest, AClickInAnAttributeGridLeadsToTheMemberOfTheCell) {
 
     Select(grid, 1); // rows are neither deleted nor dragged nor renamed
     Press(grid, VK_DELETE);
-    input::Mouse(grid.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, Label(3));
-    input::Mouse(grid.m_hWnd, WM_MOUSEMOVE, MK_LBUTTON, Label(0));
-    input::Mouse(grid.m_hWnd, WM_LBUTTONUP, 0, Label(0));
+    Drag(grid, 3, 0);
     EXPECT_EQ(grid.EditLabel(1), nullptr);
     Press(grid, VK_RETURN);
     EXPECT_EQ(GetFocus(), grid.m_hWnd);

@@ -1,6 +1,8 @@
+#include "korvel/window/core/exception_handler.h"
 #include "support/grid_fixture.h"
 #include "support/table.h"
 
+#include <functional>
 #include <new>
 
 namespace korvel {
@@ -122,17 +124,63 @@ TEST_F(BoundGridTest, AnObserverThatThrowsStopsNoneOfTheOthersFromHearing) {
     }
 }
 
-TEST_F(BoundGridTest, ABindingThatFailedKeepsTheWidthsOfTheColumns) {
-    grid.SetColumnInfo({{0, 70}, {1, 80}});
+/// Says when one of its columns has another width.
+class WidthGrid : public CEditableGrid {
+public:
+    using CEditableGrid::CEditableGrid;
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ITEMCHANGED &&
+            onWidth)
+            onWidth();
+        return CEditableGrid::WindowProc(message, wParam, lParam);
+    }
+    std::function<void()> onWidth;
+};
+
+TEST_F(GridTest, WidthsOfColumnsOutliveBindingsThatFailAndHandlersThatEndThem) {
     point.With("x", Flag(true));
     root.With("p", Group(&point));
-    point.onRead = [](const std::string&) { throw std::bad_alloc(); };
-    EXPECT_THROW(Bind(root), std::bad_alloc);
-    EXPECT_EQ(grid.GetColumnCount(), 0);
-    point.onRead = nullptr;
-    Bind(root);
-    EXPECT_EQ(grid.GetColumnWidth(0), 70);
-    EXPECT_EQ(grid.GetColumnWidth(1), 80);
+    WidthGrid* grid = nullptr;
+    const auto bind = [&] { grid->Initialize(&root, "Name", "Value", 0); };
+    const auto fail = [&] {
+        point.onRead = [](const std::string&) { throw std::bad_alloc(); };
+        EXPECT_THROW(bind(), std::bad_alloc);
+        EXPECT_EQ(grid->GetColumnCount(), 0);
+        point.onRead = nullptr;
+    };
+    for (const auto& [border, onWidth, act] : Table<std::function<void()>, std::function<void()>>{
+             {"a failure", nullptr, fail},
+             {"a handler that takes them away", [&] { grid->SetColumnInfo({}); }, bind},
+             {"a handler that ends the binding, then a failure", [&] { grid->Clear(); }, bind}}) {
+        SCOPED_TRACE(border);
+        WidthGrid made(nullptr, nullptr);
+        grid = &made;
+        Make(made);
+        made.SetColumnInfo({{0, 70}, {1, 80}});
+        made.onWidth = onWidth;
+        act();
+        made.onWidth = nullptr;
+        made.Clear();
+        fail();
+        bind();
+        EXPECT_EQ(made.GetColumnWidth(0), 70);
+        EXPECT_EQ(made.GetColumnWidth(1), 80);
+    }
+}
+
+TEST_F(GridTest, WhatIsThrownAtTheEndOfAGridGoesToTheExceptionHandler) {
+    Lines heard;
+    SetExceptionHandler([&](const CString& text) { heard.push_back(text); });
+    RecordingObserver observer;
+    for (const bool hasWindow : {true, false}) {
+        CEditableGrid grid(&observer, nullptr);
+        if (hasWindow)
+            Make(grid);
+        grid.Initialize(&root, "Name", "Value", 0);
+        observer.throwsOnRemove = true;
+    }
+    SetExceptionHandler(nullptr);
+    EXPECT_EQ(heard, Lines({"-root", "-root"}));
 }
 
 } // namespace

@@ -11,33 +11,21 @@ protected:
     }
 };
 
-TEST_F(Notifications, AddAppendsBehindTheMembersOfItsObject) {
+TEST_F(Notifications, MembersComeAfterTheOthersOrAtTheirPosition) {
     BindAndExpand();
     SinkOf(point).OnOperationAdd("z", Number(DT_Double, 3));
     SinkOf(root).OnOperationAdd("last", Words(DT_String, "B"));
-    EXPECT_EQ(Rows(grid), Lines({"name|A", "p|", " x|1,00", " y|2,00", " z|3,00", "on|", "last|B"}));
+    for (const unsigned long position : {0ul, 2ul, 99ul, static_cast<unsigned long>(-1)})
+        SinkOf(point).OnOperationInsert(position, std::to_string(position), Words(DT_String, ""));
+    EXPECT_EQ(Rows(grid),
+              Lines({"name|A", "p|", " 0|", " x|1,00", " 2|", " y|2,00", " z|3,00", " 99|",
+                     " " + std::to_string(static_cast<unsigned long>(-1)) + "|", "on|", "last|B"}));
     EXPECT_EQ(observer.Take(), Lines());
     SinkOf(root).OnOperationAdd("q", Group(&Object("added")));
     EXPECT_EQ(observer.Take(), Lines({"+added", "+added"})); // kept: twice
     SinkOf(root).OnOperationInsert(0, "r", Group(&Object("inserted")));
     EXPECT_EQ(observer.Take(), Lines({"+inserted"}));
     EXPECT_EQ(grid.GetItemText(0, 0), "r");
-}
-
-TEST_F(Notifications, InsertPlacesAMemberAmongItsSiblings) {
-    const std::pair<unsigned long, Lines> rows[] = {
-        {0, {"new|", "x|1,00", "y|2,00"}},
-        {1, {"x|1,00", "new|", "y|2,00"}},
-        {2, {"x|1,00", "y|2,00", "new|"}},
-        {9, {"x|1,00", "y|2,00", "new|"}},
-        {static_cast<unsigned long>(-1), {"x|1,00", "y|2,00", "new|"}},
-    };
-    for (const auto& [position, after] : rows) {
-        Bind(point);
-        SinkOf(point).OnOperationInsert(position, "new", Words(DT_String, ""));
-        EXPECT_EQ(Rows(grid), after) << position;
-        grid.Clear();
-    }
 }
 
 TEST_F(Notifications, RemoveTakesAGroupWithEverythingBelow) {

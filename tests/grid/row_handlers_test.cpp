@@ -3,6 +3,7 @@
 #include "support/grid_fixture.h"
 #include "support/table.h"
 
+#include <functional>
 #include <stdexcept>
 
 namespace korvel {
@@ -47,6 +48,20 @@ TEST_F(RowHandlers, ARowWhoseNodeGoesWhileMarksAreWrittenLeadsNowhere) {
     EXPECT_EQ(grid.rootItems().front(), added);
 }
 
+TEST_F(RowHandlers, AHandlerOfMarksMayChangeTheTreeThatOpens) {
+    CTreeItem* top = Add(grid, nullptr, "top");
+    for (int i = 0; i < 3; ++i)
+        AddChecked(grid, top);
+    grid.onNotice = [&](const NMLISTVIEW&) {
+        grid.onNotice = nullptr;
+        grid.TakeNode(top->children()[1]);
+    };
+    grid.ExpandSubtree(top, nullptr);
+    EXPECT_EQ(Rows(grid), Lines({"top|", " checked|", " checked|"}));
+    for (const int row : {0, 1, 2})
+        EXPECT_EQ(grid.GetCheck(row), row > 0) << row;
+}
+
 TEST_F(RowHandlers, RowsThatComeHaveTheirMarksAndDepthsAlsoWhenAHandlerThrows) {
     const auto fail = [] { throw std::runtime_error("of a handler"); };
     for (const bool throwsAtMarks : {true, false}) {
@@ -72,6 +87,36 @@ TEST_F(RowHandlers, RowsThatComeHaveTheirMarksAndDepthsAlsoWhenAHandlerThrows) {
     }
 }
 
+TEST_F(RowHandlers, ARowThatIsDroppedMovesWhateverAHandlerDoesMeanwhile) {
+    for (const auto& [border, act, left] :
+         Table<std::function<void()>, Lines>{{"removes another one",
+                                              [&] { grid.TakeNode(grid.NodeAtRow(1)); },
+                                              {"target|", " a|", " checked|"}},
+                                             {"throws",
+                                              [] { throw std::runtime_error("of a handler"); },
+                                              {"other|", "target|", " a|", " checked|"}}}) {
+        SCOPED_TRACE(border);
+        grid.DeleteAllNodes();
+        AddChecked(grid, nullptr);
+        Add(grid, nullptr, "other");
+        CTreeItem* target = Add(grid, nullptr, "target");
+        Add(grid, target, "a");
+        grid.ExpandNode(target, 2);
+        std::function<void()> once = act;
+        grid.onNotice = [&](const NMLISTVIEW& notice) {
+            if (once && (notice.uNewState ^ notice.uOldState) & LVIS_STATEIMAGEMASK)
+                std::exchange(once, nullptr)();
+        };
+        try {
+            Drag(grid, 0, 2);
+        } catch (const std::runtime_error&) {
+        }
+        EXPECT_EQ(Rows(grid), left);
+        EXPECT_FALSE(once) << "the copy was marked";
+        grid.onNotice = nullptr;
+    }
+}
+
 TEST_F(BoundGridTest, ColumnsChosenWhileABindingEndsAreThoseOfTheNext) {
     Bind(root);
     observer.onCall = [&] { grid.SetLayoutMultiColumn({"Name", "x"}); };
@@ -83,7 +128,9 @@ TEST_F(BoundGridTest, ColumnsChosenWhileABindingEndsAreThoseOfTheNext) {
 TEST_F(BoundGridTest, APresentationMayBeGivenUpBetweenItsTexts) {
     HostEnumeration presentation;
     int calls = 0;
-    presentation.onCall = [&] { point.m_pEnumValue = ++calls == 2 ? nullptr : point.m_pEnumValue; };
+    presentation.onCall = [&](const std::string&, long) {
+        point.m_pEnumValue = ++calls == 2 ? nullptr : point.m_pEnumValue;
+    };
     point.m_pEnumValue = &presentation;
     root.With("p", Group(&point));
     grid.SetLayoutMultiColumn({"Name", "x", "y"});

@@ -91,23 +91,5 @@ TEST_F(GridTest, RowsAreThoseOfTheTreeWhateverAHandlerOfTheirNoticesDoes) {
     }
 }
 
-TEST_F(GridTest, AHandlerOfCheckMarksMayChangeTheTreeThatOpens) {
-    HookedGrid grid;
-    MakeBare(grid);
-    grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
-    CTreeItem* top = Add(grid, nullptr, "top");
-    for (const char* name : {"1", "2", "3"})
-        Add(grid, top, name)->info->checked = 1;
-    grid.onNotice = [&](const NMLISTVIEW&) {
-        grid.onNotice = nullptr;
-        grid.TakeNode(top->children()[1]);
-    };
-    grid.ExpandSubtree(top, nullptr);
-    EXPECT_EQ(Rows(grid), Lines({"top|", " 1|", " 3|"}));
-    EXPECT_FALSE(grid.GetCheck(0));
-    EXPECT_TRUE(grid.GetCheck(1));
-    EXPECT_TRUE(grid.GetCheck(2));
-}
-
 } // namespace
 } // namespace korvel

@@ -6,6 +6,7 @@
 #include "korvel/window/core/registered_messages.h"
 #include "support/make_value.h"
 #include "support/quiet_observer.h"
+#include "support/test_enumeration.h"
 
 #include <functional>
 #include <map>
@@ -125,48 +126,26 @@ private:
     static std::string NameOf(IMemberDispatch* disp) { return disp ? disp->GetIdent() : "null"; }
 };
 
-/// An enumeration with entries "entry 0" and so on, of which the value's Text names the selected one. It may
-/// be the presentation of a group at the same time.
-class HostEnumeration : public IEnumValue, public GroupPresentation, public OfTheHost {
+/// An enumeration of which a value shows the first entry. It may be the presentation of a group, too.
+class HostEnumeration : public TestEnumeration, public GroupPresentation {
 public:
-    bool IsAutoDestroy() const override { return false; }
-    void Destroy() override {}
-    const EDataTyps& GetDataType() const override { return Call(), type; }
-    const std::uint32_t& GetEnumFlags() const override { return Call(), flags; }
-    long AddValue(const std::string&, const std::string&) override { return -1; }
-    void RemoveValue(long) override {}
-    bool GetName(long id, CVariantValue& name) override {
-        name = entries[static_cast<std::size_t>(id)];
-        return true;
-    }
-    bool SetName(long, const CVariantValue&) override { return false; }
-    EnumPosition GetFirstPosition() override { return entries.empty() ? nullptr : entries.data(); }
-    long GetNext(EnumPosition& position) override {
-        const auto* entry = static_cast<const CVariantValue*>(position);
-        const long id = entry - entries.data();
-        position = id + 1 < static_cast<long>(entries.size()) ? entries.data() + id + 1 : nullptr;
-        return id;
-    }
-    const CVariantValue* GetTemplate() const override { return nullptr; }
-    bool IsValue(long id, const CVariantValue&) override { return id == selected; }
-    void Select(long, CVariantValue&) override {}
-    void Deselect(long, CVariantValue&) override {}
-    const char* GetSeparator(bool) const override { return "/"; }
-
     std::string GetPresentationText(const char* column) override {
-        Call();
+        onCall ? onCall("presentation", 0) : void();
         return column ? std::string("in ") + column : "as text";
     }
-    unsigned char GetPresentationKind() override { return Call(), kind; }
+    unsigned char GetPresentationKind() override {
+        onCall ? onCall("presentation", 0) : void();
+        return kind;
+    }
     void OnPresentationClick() override {}
 
-    CVariantValue ListValue(EDataTyps listType) { return MakeList(listType, "", this); }
+    /// A value of this list type, with one entry.
+    CVariantValue ListOf(EDataTyps listType, CVariantValue entry) {
+        entries = {{1, std::move(entry)}};
+        return MakeList(listType, Key(1), this);
+    }
 
-    EDataTyps type = DT_String;
-    std::uint32_t flags = 0;
     unsigned char kind = 1;
-    std::vector<CVariantValue> entries;
-    long selected = 0;
 };
 
 using Lines = std::vector<std::string>;

@@ -82,6 +82,13 @@ protected:
         input::Mouse(grid.m_hWnd, message, MK_LBUTTON, point);
         input::Mouse(grid.m_hWnd, WM_LBUTTONUP, 0, point);
     }
+    static void Drag(CSuperGridCtrl& grid, int from, int to) {
+        input::Mouse(grid.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, Label(from));
+        for (int i = 0; i < 2; ++i)
+            input::Mouse(grid.m_hWnd, WM_MOUSEMOVE, MK_LBUTTON, Label(to));
+        input::Mouse(grid.m_hWnd, WM_LBUTTONUP, 0, Label(to));
+        EXPECT_EQ(GetCapture(), nullptr);
+    }
     static void Select(CSuperGridCtrl& grid, int row) {
         grid.SetFocus();
         grid.SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);

@@ -38,8 +38,8 @@ struct MisbehavingHost {
                 EXPECT_FALSE(calls.isOver) << "an object is called after its binding has ended";
                 calls.Count();
             };
-        enumeration.onCall = observer.onCall = [this] { calls.Count(); };
-        enumeration.entries = {Words(DT_String, "one")};
+        observer.onCall = [this] { calls.Count(); };
+        enumeration.onCall = [this](const std::string&, long) { calls.Count(); };
         shaped.m_pEnumValue = &enumeration;
         point.With("x", Number(DT_Double, 1)).With("list", list);
         shaped.With("y", Number(DT_Double, 2));
@@ -79,7 +79,7 @@ struct MisbehavingHost {
     CountingParent parent;
     CallOuts& calls = parent.calls;
     HostEnumeration enumeration;
-    const CVariantValue list = enumeration.ListValue(DT_ListString);
+    const CVariantValue list = enumeration.ListOf(DT_ListString, Words(DT_String, "one"));
     HostObject inner{"inner"}, added{"added"}, shaped{"shaped"}, point{"point"}, root{"root"}, late{"late"},
         below{"below"};
     RecordingObserver observer;
@@ -92,6 +92,9 @@ private:
         EXPECT_EQ(grid->LookupTreeItem(owner, name), node) << name;
         if (node->info->disp) {
             ++groups;
+            const std::string& cell = node->info->GetSubItem(2);
+            if (node->info->disp == &point && !cell.empty())
+                EXPECT_TRUE(grid->LookupTreeItem(&point, grid->GetColumn(3))) << cell;
             EXPECT_TRUE(node->children().empty() || grid->LookupTreeItem(node->info->disp) == node) << name;
         }
         for (CSuperGridCtrl::CTreeItem* child : node->children())

@@ -7,6 +7,7 @@
 namespace korvel::internal {
 
 void AttributeColumns::Insert(const std::string& nameTitle, const std::string& valueTitle) {
+    m_hasWidths = false; // a handler may have ended the former binding while SetWidths ran
     if (m_layout.RowsAreObjects()) {
         const auto columns = m_layout.GetColumns(); // a copy: the notices of a column may change the layout
         for (const auto& [column, name] : columns)

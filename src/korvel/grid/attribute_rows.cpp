@@ -190,16 +190,30 @@ void AttributeRows::InsertMemberRow(CTreeItem* parent, IMemberDispatch& disp, in
 
 void AttributeRows::InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
                                      const CVariantValue& value) {
-    const auto content = MemberContent::Read(m_tree, disp, name, value, WatchRows());
-    if (!content)
-        return;
-    // Stored before it is filed: a member that is found shows its value, also when memory ends here.
-    content->cell.StoreIn(*row.info, CellOf(name));
-    // Kept: whatever its column, a member's protection greys the first value cell.
-    row.info->SetCellEnabled(0, content->isEditable);
-    if (m_index.AddCell(&disp, name, &row, content->service))
+    const LossWatch rows = WatchRows();
+    const auto content = MemberContent::Read(m_tree, disp, name, value, rows);
+    if (!content || m_index.Find(&disp, name).node == &row)
+        return; // of several members of one name the first is shown
+    const bool isFiled = m_index.AddCell(&disp, name, &row, content->service);
+    try {
+        content->cell.StoreIn(*row.info, CellOf(name));
+        // Kept: whatever its column, a member's protection greys the first value cell.
+        row.info->SetCellEnabled(0, content->isEditable);
         m_subscriptions.Update(m_index);
-    m_tree.RewriteRow(row);
+        m_tree.RewriteRow(row);
+    } catch (...) {
+        FirstFailure later;
+        if (rows || (isFiled && Find(&disp, name) == &row))
+            later.Try([&] { RemoveCell(row, disp, name); });
+        throw;
+    }
+}
+
+void AttributeRows::RemoveCell(const CTreeItem& row, IMemberDispatch& disp, const std::string& name) {
+    if (m_index.Find(&disp, name).node == &row)
+        m_index.Remove(&disp, name);
+    CellContent().StoreIn(*row.info, CellOf(name));
+    m_subscriptions.Update(m_index);
 }
 
 void AttributeRows::Remove(IMemberDispatch* disp, const std::string& name) {
@@ -211,9 +225,7 @@ void AttributeRows::Remove(IMemberDispatch* disp, const std::string& name) {
             m_tree.RemoveRow(*found.node);
             return;
         }
-        CellContent().StoreIn(*found.node->info, CellOf(name));
-        m_index.Remove(disp, name);
-        m_subscriptions.Update(m_index);
+        RemoveCell(*found.node, *disp, name);
     });
 }
 

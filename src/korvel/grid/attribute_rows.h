@@ -24,8 +24,8 @@ namespace korvel::internal {
 ///     rows.Unbind();
 ///
 /// Objects that throw, or know nothing of a member, show an empty value. The host may do anything while it is
-/// called but destroy this object. When something throws all the same (the observer, a row notice, want of
-/// memory), a binding that was being made is undone, a row that was being added is gone, and what was being
+/// called but destroy this object. When something throws all the same (the observer, a row notice, an
+/// allocation), a binding that was being made is undone, a row that was being added is gone, and what was being
 /// removed is gone with every sink taken back; then the first exception goes on.
 class AttributeRows final : private FormatSink {
 public:
@@ -95,6 +95,7 @@ private:
                          const CVariantValue& value);
     void InsertMemberCell(CTreeItem& row, IMemberDispatch& disp, const std::string& name,
                           const CVariantValue& value);
+    void RemoveCell(const CTreeItem& row, IMemberDispatch& disp, const std::string& name);
     /// Where a row goes, and the member that it shows.
     struct RowPlace {
         CTreeItem* parent;

@@ -36,7 +36,7 @@ public:
                                  std::string& text, CItemInfo::CONTROLTYPE& control) = 0;
     /// The image of a row, `image` unless someone else names another.
     virtual int ChooseImage(int image, const std::string& name, IMemberDispatch* disp) = 0;
-    /// Through what an observer says of an object; null is the root of whatever is shown.
+    /// The sink through which the host says what changes in an object; null: in the root of each binding.
     virtual std::unique_ptr<IObserverGridSink> MakeSink(IMemberDispatch* disp) = 0;
 
 protected:

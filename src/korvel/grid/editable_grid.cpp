@@ -8,6 +8,7 @@
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
 #include "korvel/window/core/registered_messages.h"
+#include "korvel/window/core/thread_queue.h"
 
 #include <algorithm>
 #include <climits>
@@ -79,11 +80,9 @@ CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumeratio
     : m_pObserver(observer), m_pEnumContainer(enumerations),
       m_binding(std::make_unique<Binding>(*this, observer)) {}
 
-// What observers and row notices throw now has nobody to go to.
 CEditableGrid::~CEditableGrid() {
-    FirstFailure unheard;
-    unheard.Try([&] { DestroyWindow(); });
-    unheard.Try([&] { Clear(); }); // a grid without a window may show an object as well
+    GuardedUntilRun([this] { DestroyWindow(); });
+    GuardedUntilRun([this] { Clear(); }); // a grid without a window may show an object as well
 }
 
 LRESULT CEditableGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -46,8 +46,7 @@ void RowDrag::Drop(CPoint point) {
     if (!target || target == node->parent())
         return;
     const TreeGridList::RedrawPause pause(m_list);
-    if (m_tree.CopyUnder(target, node) && rows)
-        m_tree.Remove(node);
+    m_tree.MoveUnder(target, node);
 }
 
 void RowDrag::Stop() {

@@ -1,6 +1,7 @@
 #include "korvel/grid/row_keys.h"
 
 #include "korvel/grid/list_edit_ctrl.h"
+#include "korvel/grid/row_checks.h"
 #include "korvel/grid/row_watch.h"
 #include "korvel/platform/first_failure.h"
 
@@ -58,25 +59,10 @@ bool RowKeys::Press(UINT key) {
     return true;
 }
 
-// All selected rows take the new state of the first.
-void RowKeys::ToggleChecks(const RowWatch& first, int number) {
-    if (!m_list.HasCheckBoxes())
-        return;
-    const bool checked = !first.Node()->info->checked;
-    for (int next = number; next >= 0; next = m_list.GetNextItem(next, LVNI_SELECTED))
-        if (const RowWatch row(m_tree, next); row)
-            SetChecked(row, next, checked);
-}
-
-// The list may refuse, and a handler may throw: the node follows the mark.
-void RowKeys::SetChecked(const RowWatch& row, int number, bool checked) {
-    FirstFailure failure;
-    row.Node()->info->checked = checked;
-    failure.Try([&] { m_list.SetCheck(number, checked); });
-    if (row)
-        row.Node()->info->checked = m_list.GetCheck(number);
-    m_list.RedrawItems(number, number);
-    failure.Rethrow();
+void RowKeys::ToggleChecks(const RowWatch&, int number) {
+    if (m_list.HasCheckBoxes())
+        internal::ToggleChecks(
+            m_list, m_tree, number, [&] { m_list.ToggleCheck(number); });
 }
 
 void RowKeys::Delete(const RowWatch& row, int number) {

@@ -24,7 +24,6 @@ private:
     void MoveColumn(Step step);
     bool StartCellEdit(CListEditCtrl& edit);
     void ToggleChecks(const RowWatch& first, int number);
-    void SetChecked(const RowWatch& row, int number, bool checked);
     void Delete(const RowWatch& row, int number);
     void ExpandAll(const RowWatch& row, int number);
     void Expand(const RowWatch& row, int number);

@@ -1,7 +1,7 @@
 #include "korvel/grid/row_mouse.h"
 
+#include "korvel/grid/row_checks.h"
 #include "korvel/grid/row_watch.h"
-#include "korvel/platform/first_failure.h"
 
 #include <algorithm>
 
@@ -40,17 +40,13 @@ void RowMouse::DoubleClick(CPoint point) {
     Toggle(row, hit.iItem, IsOnSign(*row.Node(), hit) ? ToggledBy::Sign : ToggledBy::DoubleClick);
 }
 
-// Gives the press to the list, which toggles its mark where its check box was pressed: then the node follows,
-// also when a handler throws, and nothing else happens.
+// Gives the press to the list. Where its check box was pressed, marks toggle and nothing else happens.
 bool RowMouse::PassOn(const RowWatch& row, const LVHITTESTINFO& hit) {
-    FirstFailure failure;
-    failure.Try([&] { m_list.Default(); });
-    const bool isCheck = row && m_list.HasCheckBoxes() && hit.flags == LVHT_ONITEMSTATEICON;
-    if (isCheck) {
-        row.Node()->info->checked = m_list.GetCheck(hit.iItem);
-        m_list.RedrawItems(hit.iItem, hit.iItem);
-    }
-    failure.Rethrow();
+    const bool isCheck = row && hit.flags == LVHT_ONITEMSTATEICON;
+    if (isCheck)
+        ToggleChecks(m_list, m_tree, hit.iItem, [&] { m_list.Default(); });
+    else
+        m_list.Default();
     return isCheck;
 }
 

@@ -30,7 +30,7 @@ public:
     void TellAllAgain();
 
     class Leaving;
-    // None of these needs memory.
+    // These allocate nothing.
     Leaving LeaveNone() const;
     /// In the order of their addresses.
     Leaving LeaveAll();

@@ -18,6 +18,8 @@ namespace korvel {
 ///     grid.ExpandNode(group, 0);     // 1: the last row that came
 ///     grid.GetItemCount();           // 2
 ///
+/// Rows that come send no LVN_INSERTITEM, as a family of a million would; those that go send LVN_DELETEITEM.
+///
 /// Rows store no texts; they show those of their node's CItemInfo at the time. Operations tolerate null
 /// nodes, hidden nodes and a missing window: what can be done to the tree is done. Only for the thread of
 /// the windows.

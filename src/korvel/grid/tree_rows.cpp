@@ -39,6 +39,29 @@ NodeRuns RunsOf(NodeRun nodes) {
 
 } // namespace
 
+class TreeRows::NodeWatch {
+public:
+    NodeWatch(TreeRows& tree, const CTreeItem* node) : m_tree(tree), m_node(node), m_outer(tree.m_watches) {
+        tree.m_watches = this;
+    }
+    ~NodeWatch() { m_tree.m_watches = m_outer; }
+    NodeWatch(const NodeWatch&) = delete;
+    NodeWatch& operator=(const NodeWatch&) = delete;
+
+    explicit operator bool() const { return m_node; }
+    // To be called when nodes have left the tree; returns the watch around this one.
+    NodeWatch* Update() {
+        if (!m_tree.Has(m_node))
+            m_node = nullptr;
+        return m_outer;
+    }
+
+private:
+    TreeRows& m_tree;
+    const CTreeItem* m_node;
+    NodeWatch* const m_outer;
+};
+
 TreeRows::TreeRows(RowList& list)
     : m_list(list), m_forest(CTreeItem::MakeForest()), m_nextForest(CTreeItem::MakeForest()) {}
 
@@ -68,25 +91,18 @@ TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, std::unique_ptr<CItemInfo
 }
 
 bool TreeRows::Show(const CTreeItem* node) {
-    Arrival arrival{node, m_arrivals};
-    m_arrivals = &arrival;
+    NodeWatch shown(*this, node);
     const LossWatch rows = Watch();
-    FirstFailure failure;
-    failure.Try([&] {
-        if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
-            m_list.Redraw(RowOf(parent)); // its sign comes
-        if (rows && Has(node) && node->row() >= 0)
-            InsertRow(const_cast<CTreeItem*>(node));
-    });
-    m_arrivals = arrival.outer;
-    failure.Rethrow();
-    return rows || arrival.node;
+    if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
+        m_list.Redraw(RowOf(parent)); // its sign comes
+    if (rows && Has(node) && node->row() >= 0)
+        InsertRow(const_cast<CTreeItem*>(node));
+    return static_cast<bool>(shown);
 }
 
-void TreeRows::ForgetArrivals() {
-    for (Arrival* arrival = m_arrivals; arrival; arrival = arrival->outer)
-        if (!Has(arrival->node))
-            arrival->node = nullptr;
+void TreeRows::UpdateWatches() {
+    for (NodeWatch* watch = m_watches; watch;)
+        watch = watch->Update();
 }
 
 void TreeRows::InsertRow(CTreeItem* node) {
@@ -126,7 +142,7 @@ void TreeRows::RemoveRows(int first, int last) {
     failure.Rethrow();
 }
 
-// Whoever heard of a row may have thrown: then the rest leaves unheard.
+// Whoever heard of a row may have thrown: then the rest leaves without notices.
 void TreeRows::EndDeparture(FirstFailure& failure) {
     BeginChange();
     const DepartingRows::Range rest = m_departing.End();
@@ -164,7 +180,7 @@ grid::NodePtr TreeRows::Detach(CTreeItem* node) {
     BeginChange();
     CTreeItem* parent = node->parent();
     (parent ? parent : m_forest.get())->RemoveChild(node);
-    ForgetArrivals();
+    UpdateWatches();
     return NodePtr(node);
 }
 
@@ -231,7 +247,7 @@ void TreeRows::Clear() {
     ++m_removals;
     BeginChange();
     const std::unique_ptr<CTreeItem> former = std::exchange(m_forest, std::move(m_nextForest));
-    ForgetArrivals();
+    UpdateWatches();
     m_departing.Begin(0, std::max(0, m_list.Count()));
     FirstFailure failure;
     failure.Try([&] { m_list.ChangeMany([&] { m_list.RemoveAll(); }); });
@@ -249,7 +265,7 @@ int TreeRows::Expand(CTreeItem* node, int row) {
         return -1;
     if (!node->CanExpand() || !node->collapsed())
         return row;
-    node->CollapseBelow(); // what was left open below a collapsed node stays out
+    node->CollapseBelow(); // a node below may have been left open
     node->SetCollapsed(false);
     const int last = place + node->children().size();
     const LossWatch rows = Watch();
@@ -404,16 +420,34 @@ int TreeRows::Overwrite(int row, const Nodes& nodes) {
     return end;
 }
 
-bool TreeRows::CopyUnder(CTreeItem* target, const CTreeItem* source) {
+TreeRows::CTreeItem* TreeRows::LinkCopy(CTreeItem* target, const CTreeItem* source) {
     if (!target || !source || IsWithin(*source, target))
-        return false;
+        return nullptr;
     NodePtr copy = CopyNode(m_list, Watch(), *source);
     if (!copy)
-        return false;
+        return nullptr;
     BeginChange();
     target->InsertChild(-1, copy.get());
-    Show(copy.release());
-    return true;
+    return copy.release();
+}
+
+bool TreeRows::CopyUnder(CTreeItem* target, const CTreeItem* source) {
+    const CTreeItem* copy = LinkCopy(target, source);
+    if (copy)
+        Show(copy);
+    return copy;
+}
+
+void TreeRows::MoveUnder(CTreeItem* target, CTreeItem* node) {
+    NodeWatch moved(*this, node);
+    const CTreeItem* copy = LinkCopy(target, node);
+    if (!copy)
+        return;
+    FirstFailure failure;
+    failure.Try([&] { Show(copy); });
+    if (moved)
+        failure.Try([&] { Remove(node); });
+    failure.Rethrow();
 }
 
 void TreeRows::CopyBelow(CTreeItem* target, const CTreeItem* source) {

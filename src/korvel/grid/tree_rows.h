@@ -69,17 +69,17 @@ public:
     /// Appends a collapsed copy of a node and all below. False, and no change, for a target within the
     /// source, and when the host removes nodes while their infos are copied.
     bool CopyUnder(CTreeItem* target, const CTreeItem* source);
+    /// Makes such a copy and removes the node: it is moved also when the host throws or removes others while
+    /// the copy is shown. Does nothing where CopyUnder makes no copy.
+    void MoveUnder(CTreeItem* target, CTreeItem* node);
     /// Copies all below a node to below another one, which is collapsed.
     void CopyBelow(CTreeItem* target, const CTreeItem* source);
 
 private:
     using Nodes = std::vector<CTreeItem*>;
     using NodePtr = grid::NodePtr;
-    /// A node that is being shown, from within the showing of another one.
-    struct Arrival {
-        const CTreeItem* node; // null: it was removed
-        Arrival* outer;
-    };
+    /// Says whether a node is still in the tree. Lives on the stack: of several, the one made last dies first.
+    class NodeWatch;
 
     bool Has(const CTreeItem* node) const { return node && node->Top() == m_forest.get(); }
     bool IsListed(const CTreeItem& node) const;
@@ -88,7 +88,9 @@ private:
     void BeginChange() const;
     NodePtr Detach(CTreeItem* node);
     /// To be called when nodes have left the tree, before they are deleted.
-    void ForgetArrivals();
+    void UpdateWatches();
+    /// A copy without rows; null where CopyUnder makes none.
+    CTreeItem* LinkCopy(CTreeItem* target, const CTreeItem* source);
     /// Deletes a node that was removed, as soon as no row leads to it.
     void Discard(NodePtr node);
     void DeleteDiscarded();
@@ -107,7 +109,7 @@ private:
     std::unique_ptr<CTreeItem> m_forest;
     std::unique_ptr<CTreeItem> m_nextForest; // for a Clear although memory is short
     mutable DepartingRows m_departing;
-    Arrival* m_arrivals = nullptr; // the last begun
+    NodeWatch* m_watches = nullptr; // the last begun
     unsigned m_removals = 0;
     bool m_isListOutdated = false;    // it may have rows of nodes that were removed
     std::vector<NodePtr> m_discarded; // removed nodes, without infos, to which rows may still lead
