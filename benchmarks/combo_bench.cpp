@@ -68,7 +68,10 @@ void MeasureList(ManyEntries& entries, long count) {
     SetDisplay(&display);
     CWnd frame;
     frame.CreateEx(0, "KorvelFrame", "", WS_OVERLAPPEDWINDOW, {0, 0, 300, 300}, nullptr, 0);
-    CComboList list(eDropDown);
+    struct OpenList : CComboList {
+        using CComboList::CComboList;
+        using CComboList::GetModel;
+    } list(eDropDown);
     list.CreateDropDown(&frame, 106);
     CVariantValue value;
     value.Type = DT_ListString;

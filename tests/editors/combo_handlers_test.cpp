@@ -1,5 +1,8 @@
 // Derived lists and hosts that end a binding, throw or take entries away in calls of their own.
 
+#include "korvel/editors/combo_list_codes.h"
+#include "korvel/platform/error.h"
+#include "korvel/window/core/exception_handler.h"
 #include "support/combo_fixture.h"
 
 #include <stdexcept>
@@ -7,9 +10,9 @@
 namespace korvel {
 namespace {
 
-class HeedfulList : public CComboList {
+class HeedfulList : public OpenList {
 public:
-    using CComboList::CComboList;
+    using OpenList::OpenList;
     std::function<void(UINT message)> onMessage;
 
 protected:
@@ -54,12 +57,53 @@ TEST_F(ComboHandlers, NoRowIsLeftOfABindingWhoseEndThrows) {
     EXPECT_EQ(heedful.GetColumnCount(), 0);
 }
 
+WNDPROC g_former = nullptr;
+
+LRESULT FailingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return message == WM_DESTROY ? throw std::runtime_error("second")
+                                 : CallWindowProcA(g_former, window, message, wParam, lParam);
+}
+
+TEST_F(ComboHandlers, OfTwoFailuresAtTheEndOfTheWindowTheFirstGoesOn) {
+    const HWND window =
+        CreateWindowExA(0, "SysListView32", "", WS_CHILD | WS_VISIBLE, {0, 0, 200, 200}, frame.m_hWnd, 106);
+    g_former = reinterpret_cast<WNDPROC>(
+        SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(FailingProcedure)));
+    HeedfulList attached(eDesignFlat);
+    ASSERT_TRUE(attached.SubclassWindow(window));
+    attached.Initialize("value", shown.ValueOf(",1,"));
+    attached.SetColumnWidth(0, 500);
+    attached.onMessage = [](UINT message) {
+        message == WM_SIZE ? throw std::runtime_error("first") : void();
+    };
+    std::string failure;
+    try {
+        attached.DestroyWindow();
+    } catch (const std::runtime_error& error) {
+        failure = error.what();
+    }
+    EXPECT_EQ(failure, "first");
+}
+
+TEST_F(ComboHandlers, AListThatIsDeletedSaysThatItLosesTheKeyboardAndThrowsNothing) {
+    std::string failure;
+    SetExceptionHandler([&](const CString& text) { failure = text; });
+    Show(shown, eDesignFlat).SetFocus();
+    frame.onCode = [](int code) { code == ComboListKillFocus ? throw Error("of the owner") : void(); };
+    list.reset();
+    EXPECT_EQ(Heard(), "3 4");
+    EXPECT_EQ(failure, "of the owner");
+    SetExceptionHandler(nullptr);
+    frame.onCode = nullptr;
+}
+
 TEST_F(ComboHandlers, LabelsAreWrittenAnewAlsoAfterAnEntryThatItsOwnTextTakesAway) {
     TestEnumeration first{{"x"}};
-    TestEnumeration second{{"former"}};
+    TestEnumeration second{{"g/former"}};
+    shown = TestEnumeration({}, ENF_Tree);
     shown.entries = {{1, first.ValueOf(",1,")}, {2, second.ValueOf(",1,")}};
-    Show(shown);
-    second.entries[0].name = TextValue("now");
+    Show(shown, eDropDown, ",2,");
+    second.entries[0].name = TextValue("g/now");
     first.onCall = [&](const std::string&, long) {
         if (shown.Find(1)) {
             shown.Forget(1);
@@ -67,7 +111,7 @@ TEST_F(ComboHandlers, LabelsAreWrittenAnewAlsoAfterAnEntryThatItsOwnTextTakesAwa
         }
     };
     list->OnEventFormatChanged();
-    EXPECT_EQ(Rows(), "now");
+    EXPECT_EQ(Rows(), "-g|  xnow") << "a group keeps its own";
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 // What a list decides, without a window.
 
-#include "korvel/editors/combo_columns.h"
 #include "korvel/editors/combo_write_back.h"
 #include "korvel/editors/drop_down_height.h"
 #include "support/combo_fixture.h"
@@ -11,7 +10,6 @@ namespace korvel {
 namespace {
 
 using internal::ComboBinding;
-using internal::ComboColumns;
 using internal::ComboWriteBack;
 using internal::DropDownContent;
 
@@ -83,14 +81,6 @@ TEST_F(ComboModelTest, UniqueNames) {
     EXPECT_EQ(unique("x"), "x1");
 }
 
-TEST_F(ComboModelTest, FormatsThatChangeRewriteLabels) {
-    TestEnumeration shown({"g/a"}, ENF_Tree);
-    ComboTree& tree = Open(shown, eDropDown, ",1,").Tree();
-    tree.SetLabel(*tree.ItemAt(1), 0, "out of date");
-    ComboNames(*model).RefreshLabels();
-    EXPECT_EQ(Rows(), "-g|  xa"); // groups keep theirs
-}
-
 TEST_F(ComboModelTest, RowsThatAreAddedHiddenAndRemoved) {
     TestEnumeration shown({"g/a", "g/h/b", "c"}, ENF_Tree);
     ComboTree& tree = Open(shown, eDropDown).Tree();
@@ -109,32 +99,6 @@ TEST_F(ComboModelTest, RowsThatAreAddedHiddenAndRemoved) {
     EXPECT_EQ(Rows(), "-g|  xa|c");
     EXPECT_EQ(model->AddValue("new", "g/k")->GetLabel(), "new");
     EXPECT_EQ(Rows(), "-g|  xa|  -k|    new|c");
-}
-
-TEST(ComboColumns, OfAListAndOfATable) {
-    TMemberDispatchImp<int> pattern("pattern"), object("object");
-    for (const char* name : {"height", "width"})
-        pattern.AddMember(name, true, TextValue(""));
-    object.AddMember("width", true, TextValue("7"));
-    const CVariantValue patternValue = GroupValue(pattern);
-    TestEnumeration shown({"a"}, ENF_Tree);
-    ComboBinding binding(eDropDown);
-    binding.SetValue(shown.ValueOf(""));
-    EXPECT_TRUE(ComboColumns::Ask(binding)->HasTree());
-    EXPECT_TRUE(ComboColumns::Ask(binding)->Members().empty());
-    shown.type = DT_Group;
-    EXPECT_TRUE(ComboColumns::Ask(binding)->Members().empty()); // without a template
-    shown.pattern = &patternValue;
-    const ComboColumns columns = *ComboColumns::Ask(binding);
-    EXPECT_EQ(columns.Members(), (Strings{"height", "width"}));
-    EXPECT_EQ(columns.Types(), std::set<EDataTyps>{DT_String});
-
-    ComboTree tree;
-    const ComboTreeItem& item = tree.AddValue(tree.Root(), 1, GroupValue(object), "label");
-    const std::pair<int, const char*> texts[] = {{-1, ""}, {0, "label"}, {1, ""}, {2, "7"}, {3, ""}};
-    for (const auto& [column, text] : texts)
-        EXPECT_EQ(columns.TextOf(item, column), text) << column;
-    EXPECT_EQ(columns.TextOf(tree.AddValue(tree.Root(), 2, TextValue("x"), "x"), 2), "");
 }
 
 class ComboWriteBackTest : public testing::Test {

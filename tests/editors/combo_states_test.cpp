@@ -56,7 +56,6 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
         {"a group twice", drop, Tree, tree, ",1,", "up, double label g", "+g|b", "g", "", ""},
         {"twice on its button", drop, Tree, tree, "", "double button g", "+g|b", "", "", ""},
         {"an entry twice", drop, Tree, tree, "", "double label b", "+g|b", "", "-3", ""},
-        {"no row twice", drop, Tree, tree, "", "double row 8", "+g|b", "", "", ""},
         {"a tree's end: applied", drop, Tree, tree, "", "home, end", "+g|b", "b", "9", "select 2"},
         {"right opens", drop, Tree, tree, "", "down, right, right", "-g|  a|b", "g", "", ""},
         {"left closes", drop, Tree, tree, ",1,", "up, left, left", "+g|b", "g", "", ""},
@@ -65,8 +64,6 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
         {"no checked one", drop, Both, family, "", "press check g", "+g|c", "g", "9", "select 1, select 2"},
         {"space is quiet", drop, Both, family, "", "down, space", "+g|c", "g", "", "select 1, select 2"},
         {"a button", drop, Both, family, "", "press button g, down", "-g|  a|  b|c", "a", "", ""},
-        {"a box twice", drop, Both, family, "", "double check g", "+g|c", "", "-3", ""},
-        {"no row twice", drop, Both, family, "", "double row 8", "+g|c", "", "-3", ""},
         {"a parent alone", drop, Both, parent, "", "press check a, right", "-xa|  b", "a", "9", "select 1"},
         {"its child's check", drop, Both, parent, ",2,", "press check a", "-a|  xb", "a", "9", "deselect 1"},
         {"it opens", drop, Both, parent, "", "press button a", "-a|  b", "a", "", ""},
@@ -123,6 +120,22 @@ TEST_F(ComboStatesTest, EveryState) {
             EXPECT_EQ(Heard(), "");
         }
     }
+}
+
+TEST_F(ComboStatesTest, ARowWhoseSelectionIsRefusedIsNeitherCurrentNorTaken) {
+    frame.refuses = [](const NMLISTVIEW& notice) {
+        return notice.iItem == 1 && (notice.uNewState & LVIS_SELECTED);
+    };
+    for (const std::uint32_t flags : {0u, Checks, Tree, Both})
+        for (const char* act : {"down", "press row 1", "press check b"}) {
+            SCOPED_TRACE(testing::Message() << flags << " " << act);
+            TestEnumeration shown({"a", "b"}, flags);
+            Show(shown, eDesignTree, ",1,");
+            Do(act);
+            EXPECT_EQ(Current(), "a");
+            EXPECT_EQ(shown.calls.find("2"), CString::npos) << shown.calls;
+        }
+    frame.refuses = nullptr;
 }
 
 // A check box alone is counted after the host has selected, one in a tree before.

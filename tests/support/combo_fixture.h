@@ -26,6 +26,7 @@ public:
     std::string heard; // codes with their sign, commands, "wheel", with blanks between
     std::function<void(int code)> onCode;
     std::function<void(UINT code)> onNotify;
+    std::function<bool(const NMLISTVIEW&)> refuses; // a state
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -35,6 +36,9 @@ protected:
     bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
         if (onNotify)
             onNotify(reinterpret_cast<const NMHDR*>(lParam)->code);
+        const auto& notice = *reinterpret_cast<const NMLISTVIEW*>(lParam);
+        if (notice.hdr.code == LVN_ITEMCHANGING && refuses && refuses(notice))
+            return *result = 1, true;
         return CWnd::OnNotify(wParam, lParam, result);
     }
     bool OnCommand(WPARAM wParam, LPARAM lParam) override {
@@ -92,6 +96,13 @@ inline void ExpectConsistent(const CComboList& list) {
     ASSERT_EQ(next, nullptr);
 }
 
+/// A list that lets its model be seen.
+class OpenList : public CComboList {
+public:
+    using CComboList::CComboList;
+    using CComboList::GetModel;
+};
+
 /// A list of 200 pixels' width in a frame; a row is 20 pixels high. Flat lists and trees have no header.
 class ComboTest : public testing::Test {
 protected:
@@ -104,7 +115,7 @@ protected:
     CComboList& Make(EComboListMode mode, int rowsOnScreen = 10) {
         list.reset();
         frame.heard.clear();
-        list = std::make_unique<CComboList>(mode);
+        list = std::make_unique<OpenList>(mode);
         if (mode == eDropDown) {
             list->CreateDropDown(&frame, 106);
             korvel::SetWindowPos(list->m_hWnd, nullptr, {0, 0, 202, 20 * rowsOnScreen + 2}, SWP_SHOWWINDOW);
@@ -156,7 +167,7 @@ protected:
 
     HeadlessDisplay display;
     ListOwner frame;
-    std::unique_ptr<CComboList> list;
+    std::unique_ptr<OpenList> list;
 
 private:
     void DoOne(const std::string& verb, const std::string& part, const std::string& where) {

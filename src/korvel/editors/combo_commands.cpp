@@ -40,6 +40,14 @@ bool ComboCommands::IsEnabled(std::uint32_t command, EnumFlags flag) const {
     return (m_enabled & command) != 0 && m_model.Binding().HasFlag(flag);
 }
 
+bool ComboCommands::MayDelete(const ComboTreeItem* item) const {
+    return item && IsEnabled(eCommandDelete, ENF_Delete);
+}
+
+bool ComboCommands::MayRename(const ComboTreeItem* item) const {
+    return item && IsEnabled(eCommandRename, ENF_Rename);
+}
+
 void ComboCommands::TrackMenu(CPoint point) {
     CListCtrl& control = m_view.Control();
     control.SetFocus();
@@ -55,9 +63,9 @@ std::vector<MenuEntry> ComboCommands::BuildMenu(const ComboTreeItem* item) const
     std::vector<MenuEntry> menu;
     if (IsEnabled(eCommandAdd, ENF_Add))
         AddEntriesForAdding(menu);
-    if (item && IsEnabled(eCommandDelete, ENF_Delete))
+    if (MayDelete(item))
         menu.push_back(EntryFor(DeleteThis, item->GetLabel()));
-    if (item && IsEnabled(eCommandRename, ENF_Rename))
+    if (MayRename(item))
         menu.push_back(EntryFor(RenameThis, item->GetLabel()));
     if (item && item->IsValue() && m_model.Binding().IsTable()) {
         if (!menu.empty())
@@ -117,13 +125,10 @@ bool ComboCommands::Run(UINT command) {
 }
 
 bool ComboCommands::RunByKey(UINT key) {
-    if (m_view.IsDropDown() || !CurrentItem())
+    if (m_view.IsDropDown())
         return false;
-    if (key == VK_F2 && IsEnabled(eCommandRename, ENF_Rename))
-        return Run(ComboCommandRename);
-    if (key == VK_DELETE && IsEnabled(eCommandDelete, ENF_Delete))
-        return Run(ComboCommandDelete);
-    return false;
+    return (key == VK_F2 && MayRename(CurrentItem()) && Run(ComboCommandRename)) ||
+           (key == VK_DELETE && MayDelete(CurrentItem()) && Run(ComboCommandDelete));
 }
 
 void ComboCommands::PassOnDataSheet() {
@@ -189,8 +194,7 @@ void ComboCommands::Rename() {
 }
 
 LRESULT ComboCommands::OnBeginLabelEdit(int row) {
-    const bool isAllowed = m_view.ItemAt(row) && IsEnabled(eCommandRename, ENF_Rename);
-    const auto geometry = isAllowed ? m_view.GeometryOf(row) : std::nullopt;
+    const auto geometry = MayRename(m_view.ItemAt(row)) ? m_view.GeometryOf(row) : std::nullopt;
     if (geometry)
         MoveWindow(m_view.Control().GetEditControl(), geometry->Label());
     return geometry ? 0 : 1;

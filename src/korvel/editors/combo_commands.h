@@ -34,6 +34,9 @@ private:
     std::vector<MenuEntry> BuildMenu(const ComboTreeItem* item) const;
     void AddEntriesForAdding(std::vector<MenuEntry>& menu) const;
     bool IsEnabled(std::uint32_t command, EnumFlags flag) const;
+    /// False for null.
+    bool MayDelete(const ComboTreeItem* item) const;
+    bool MayRename(const ComboTreeItem* item) const;
     ComboTreeItem* CurrentItem() const;
     ComboTreeItem* CurrentGroup() const;
     bool TakesRootItems() const;

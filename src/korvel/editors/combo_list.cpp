@@ -6,6 +6,7 @@
 #include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 #include "korvel/platform/error.h"
 #include "korvel/platform/first_failure.h"
+#include "korvel/window/core/thread_queue.h"
 
 #include <utility>
 
@@ -42,8 +43,8 @@ CComboList::CComboList(const CVariantValue& value, EComboListMode mode) : CCombo
 }
 
 CComboList::~CComboList() {
-    // Who is told of the end may throw; a destructor has nobody to pass that on to.
-    internal::FirstFailure().Try([&] { UnIntialize(); });
+    internal::GuardedUntilRun([this] { UnIntialize(); });
+    internal::GuardedUntilRun([this] { DestroyWindow(); }); // while it can say that it loses the keyboard
 }
 
 // GetParent names none, as for a child of the desktop. It is owned all the same, so that it stays before its
@@ -364,7 +365,8 @@ LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DESTROY: {
         internal::FirstFailure failure;
         failure.Try([&] { UnIntialize(); });
-        const LRESULT ended = CListCtrl::WindowProc(message, wParam, lParam);
+        LRESULT ended = 0;
+        failure.Try([&] { ended = CListCtrl::WindowProc(message, wParam, lParam); });
         failure.Rethrow();
         return ended;
     }

@@ -36,6 +36,9 @@ struct ComboListParts;
 /// In a dialog, a list of mode eDesignFlat or eDesignTree is created like any CListCtrl, or attached to a
 /// control of the template. It then reports to its parent, unless SetOwner names another window.
 ///
+/// Its rows come and go without LVN_INSERTITEM and LVN_DELETEITEM: they follow the enumeration, which the host
+/// knows.
+///
 /// The enumeration and the object belong to the host and must live until UnIntialize. What they throw passes
 /// through; a list that was being built is empty then, any other as consistent as before. Null items do
 /// nothing. Items are valid until they are removed or the binding ends.
@@ -180,10 +183,9 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     void PreSubclassWindow() override;
 
-    /// For the library: the entries, apart from the control.
-    internal::ComboModel& GetModel();
-
 protected:
+    /// The entries, apart from the control.
+    internal::ComboModel& GetModel();
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:

@@ -6,12 +6,6 @@
 
 namespace korvel::internal {
 
-namespace {
-
-constexpr std::size_t LargestBlock = 256;
-
-} // namespace
-
 ComboTreeItem* ComboRows::At(int row) const {
     if (row < 0 || row >= m_size)
         return nullptr;
@@ -29,47 +23,64 @@ int ComboRows::RowOf(const ComboTreeItem& item) const {
 void ComboRows::Insert(int row, std::span<ComboTreeItem* const> items) {
     if (items.empty())
         return;
-    const int count = static_cast<int>(items.size());
-    const bool appends = row == m_size;
     if (m_blocks.empty()) {
-        m_blocks.push_back(std::make_unique<ComboRowBlock>());
-        RebuildIndex();
+        Replace(0, items);
+        return;
     }
-    PrefixSums::Place place =
-        appends ? PrefixSums::Place{static_cast<int>(m_blocks.size()) - 1, 0} : m_index.Find(row);
+    const PrefixSums::Place place = PlaceOf(row);
     ComboRowBlock& block = *m_blocks[place.entry];
-    if (appends)
-        place.offset = static_cast<int>(block.items.size());
-    m_size += count;
     const auto position = block.items.begin() + place.offset;
-    if (block.items.size() + items.size() <= LargestBlock) {
+    if (block.items.size() + items.size() <= ComboRowBlock::LargestSize) {
         block.items.insert(position, items.begin(), items.end());
         for (ComboTreeItem* item : items)
             item->m_block = &block;
-        m_index.Add(place.entry, count);
+        m_index.Add(place.entry, static_cast<int>(items.size()));
+        m_size += static_cast<int>(items.size());
         return;
     }
-    std::vector<ComboTreeItem*> all(block.items.begin(), position);
+    std::vector<ComboTreeItem*> all;
+    all.reserve(block.items.size() + items.size());
+    all.assign(block.items.begin(), position);
     all.insert(all.end(), items.begin(), items.end());
     all.insert(all.end(), position, block.items.end());
     Replace(place.entry, all);
 }
 
-// Puts as many blocks of one size as these items need in the place of one block.
-void ComboRows::Replace(int block, std::span<ComboTreeItem* const> items) {
-    const std::size_t count = (items.size() + LargestBlock - 1) / LargestBlock;
-    std::vector<std::unique_ptr<ComboRowBlock>> blocks;
+PrefixSums::Place ComboRows::PlaceOf(int row) const {
+    if (row < m_size)
+        return m_index.Find(row);
+    return {static_cast<int>(m_blocks.size()) - 1, static_cast<int>(m_blocks.back()->items.size())};
+}
+
+// As many blocks of one size as these items need.
+ComboRows::Blocks ComboRows::MakeBlocks(std::span<ComboTreeItem* const> items) {
+    const std::size_t count = (items.size() + ComboRowBlock::LargestSize - 1) / ComboRowBlock::LargestSize;
+    Blocks blocks;
+    blocks.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
-        auto part = std::make_unique<ComboRowBlock>();
         const std::size_t begin = items.size() * i / count;
         const std::size_t end = items.size() * (i + 1) / count;
-        part->items.assign(items.begin() + static_cast<std::ptrdiff_t>(begin),
-                           items.begin() + static_cast<std::ptrdiff_t>(end));
-        for (ComboTreeItem* item : part->items)
-            item->m_block = part.get();
-        blocks.push_back(std::move(part));
+        blocks.push_back(std::make_unique<ComboRowBlock>());
+        blocks.back()->items.assign(items.begin() + static_cast<std::ptrdiff_t>(begin),
+                                    items.begin() + static_cast<std::ptrdiff_t>(end));
     }
-    const auto place = m_blocks.erase(m_blocks.begin() + block);
+    return blocks;
+}
+
+// Puts these items in the place of one block, if there is one. What can fail comes first.
+void ComboRows::Replace(int block, std::span<ComboTreeItem* const> items) {
+    Blocks blocks = MakeBlocks(items);
+    m_blocks.reserve(m_blocks.size() + blocks.size());
+    m_index.Reserve(static_cast<int>(m_blocks.size() + blocks.size()));
+    auto place = m_blocks.begin() + block;
+    m_size += static_cast<int>(items.size());
+    if (place != m_blocks.end()) {
+        m_size -= static_cast<int>((*place)->items.size());
+        place = m_blocks.erase(place);
+    }
+    for (const auto& made : blocks)
+        for (ComboTreeItem* item : made->items)
+            item->m_block = made.get();
     m_blocks.insert(place, std::make_move_iterator(blocks.begin()), std::make_move_iterator(blocks.end()));
     RebuildIndex();
 }
@@ -111,7 +122,7 @@ void ComboRows::JoinSmall(int block) {
         return;
     ComboRowBlock& left = *m_blocks[block];
     ComboRowBlock& right = *m_blocks[block + 1];
-    if (left.items.size() + right.items.size() > LargestBlock / 2)
+    if (left.items.size() + right.items.size() > ComboRowBlock::LargestSize / 2)
         return;
     for (ComboTreeItem* item : right.items) {
         item->m_block = &left;

@@ -2,6 +2,7 @@
 
 #include "korvel/window/base/prefix_sums.h"
 
+#include <cstddef>
 #include <memory>
 #include <span>
 #include <vector>
@@ -16,6 +17,10 @@ class ComboRows;
 
 /// Neighbouring rows that are kept together.
 struct ComboRowBlock {
+    static constexpr std::size_t LargestSize = 256;
+
+    ComboRowBlock() { items.reserve(LargestSize); } // so that rows move between blocks without memory
+
     const ComboRows* owner = nullptr;
     int index = 0; // among the blocks
     std::vector<ComboTreeItem*> items;
@@ -43,18 +48,22 @@ public:
     /// The item must have a row.
     int RowOf(const ComboTreeItem& item) const;
 
-    /// Before row `row`; Size() appends.
+    /// Before row `row`; Size() appends. When memory ends, nothing has changed.
     void Insert(int row, std::span<ComboTreeItem* const> items);
-    /// Takes the rows from `first` to before `last` away from their items.
+    /// Takes the rows from `first` to before `last` away from their items. Allocates nothing.
     void Erase(int first, int last);
 
 private:
+    using Blocks = std::vector<std::unique_ptr<ComboRowBlock>>;
+
+    PrefixSums::Place PlaceOf(int row) const;
+    static Blocks MakeBlocks(std::span<ComboTreeItem* const> items);
     void Replace(int block, std::span<ComboTreeItem* const> items);
     void EraseInBlock(PrefixSums::Place place, int count);
     void JoinSmall(int block);
     void RebuildIndex();
 
-    std::vector<std::unique_ptr<ComboRowBlock>> m_blocks;
+    Blocks m_blocks;
     PrefixSums m_index; // the sizes of the blocks
     int m_size = 0;
 };

@@ -2,7 +2,9 @@
 
 #include "korvel/editors/combo_label_index.h"
 
+#include <new>
 #include <utility>
+#include <vector>
 
 namespace korvel::internal {
 
@@ -59,8 +61,12 @@ ComboTreeItem& ComboTree::AddValue(ComboTreeItem& parent, long id, CVariantValue
     child->m_unchecked = 1;
     ComboTreeItem& item = AddChild(parent, std::move(child));
     ChangeCounts(parent, 0, 1);
-    if (m_index)
-        m_index->insert(&item);
+    try {
+        if (m_index)
+            m_index->insert(&item);
+    } catch (const std::bad_alloc&) {
+        m_index.reset(); // built anew by the next search
+    }
     return item;
 }
 
@@ -74,17 +80,24 @@ ComboTreeItem& ComboTree::AddChild(ComboTreeItem& parent, std::unique_ptr<ComboT
     ComboTreeItem& item = *child;
     item.m_level = parent.m_level + 1;
     item.m_order = ++m_itemsMade;
-    if (parent.m_index)
-        parent.m_index->Add(item);
+    ShowNewChild(parent, item);
     item.m_parent = &parent;
     item.m_previousSibling = std::exchange(parent.m_lastChild, child.release());
     (item.m_previousSibling ? item.m_previousSibling->m_nextSibling : parent.m_firstChild) = &item;
-    ShowNewChild(item);
+    AddToIndex(parent, item);
     return item;
 }
 
-void ComboTree::ShowNewChild(ComboTreeItem& child) {
-    const ComboTreeItem& parent = *child.m_parent;
+void ComboTree::AddToIndex(ComboTreeItem& parent, ComboTreeItem& child) {
+    try {
+        if (parent.m_index)
+            parent.m_index->Add(child);
+    } catch (const std::bad_alloc&) {
+        parent.m_index.reset(); // built anew by the next search
+    }
+}
+
+void ComboTree::ShowNewChild(const ComboTreeItem& parent, ComboTreeItem& child) {
     if (&parent != &m_root && !(parent.HasRow() && parent.m_isExpanded)) {
         child.m_row = parent.GetRow();
         return;
@@ -93,7 +106,7 @@ void ComboTree::ShowNewChild(ComboTreeItem& child) {
     if (&parent == &m_root) {
         m_rows.Insert(m_rows.Size(), items);
     } else {
-        const ComboTreeItem* previous = child.m_previousSibling;
+        const ComboTreeItem* previous = parent.m_lastChild;
         m_rows.Insert((previous ? previous->GetLastVisibleRow() : parent.GetRow()) + 1, items);
     }
 }
@@ -103,9 +116,10 @@ ComboTreeItem* ComboTree::FindChild(ComboTreeItem& parent, std::string_view labe
     if (m_lastFound && m_lastFound->m_parent == &parent && m_lastFound->m_label == label)
         return m_lastFound;
     if (!parent.m_index) {
-        parent.m_index = std::make_unique<ComboLabelIndex>();
+        auto index = std::make_unique<ComboLabelIndex>();
         for (ComboTreeItem* child = parent.m_firstChild; child; child = child->m_nextSibling)
-            parent.m_index->Add(*child);
+            index->Add(*child);
+        parent.m_index = std::move(index);
     }
     m_lastFound = parent.m_index->Find(label);
     return m_lastFound;
@@ -119,10 +133,11 @@ ComboTreeItem* ComboTree::FindValue(long id) {
 }
 
 void ComboTree::BuildIndex() {
-    m_index = std::make_unique<IdIndex>();
+    auto index = std::make_unique<IdIndex>();
     for (ComboTreeItem* item = m_root.m_firstChild; item; item = item->GetNextUnder(m_root))
         if (item->m_isValue)
-            m_index->insert(item);
+            index->insert(item);
+    m_index = std::move(index);
 }
 
 void ComboTree::ForgetId(ComboTreeItem& item) {
@@ -149,15 +164,11 @@ ComboTree::RowRange ComboTree::RemoveSubTree(ComboTreeItem& item) {
         rows.count = item.GetLastVisibleRow() + 1 - rows.first;
         m_rows.Erase(rows.first, rows.first + rows.count);
     }
-    std::vector<ComboTreeItem*> removed;
-    for (ComboTreeItem* under = &item; under; under = under->GetNextUnder(item)) {
-        removed.push_back(under);
+    for (ComboTreeItem* under = &item; under; under = under->GetNextUnder(item))
         ForgetId(*under);
-    }
     ChangeCounts(*item.m_parent, -item.m_checked, -item.m_unchecked);
     Unlink(item);
-    for (ComboTreeItem* under : removed)
-        Release(*under);
+    ReleaseSubTree(item);
     return rows;
 }
 
@@ -172,18 +183,35 @@ void ComboTree::Unlink(ComboTreeItem& item) {
     (next ? next->m_previousSibling : parent.m_lastChild) = previous;
 }
 
-void ComboTree::Release(ComboTreeItem& item) {
-    item.m_parent = item.m_firstChild = item.m_lastChild = nullptr;
-    item.m_previousSibling = item.m_nextSibling = nullptr;
-    item.m_index.reset();
-    std::unique_ptr<ComboTreeItem> owned(&item);
-    if (m_keepers > 0)
-        m_removed.push_back(std::move(owned));
+// Without recursion: a path may be deeper than the stack.
+void ComboTree::ReleaseSubTree(ComboTreeItem& top) {
+    top.m_parent = nullptr;
+    for (ComboTreeItem* item = &top; item;) {
+        if (ComboTreeItem* child = item->m_firstChild) {
+            item->m_firstChild = child->m_nextSibling;
+            item = child;
+        } else {
+            Release(std::exchange(item, item->m_parent));
+        }
+    }
+}
+
+void ComboTree::Release(ComboTreeItem* item) const {
+    if (m_keepers == 0) {
+        delete item;
+        return;
+    }
+    item->m_parent = item->m_firstChild = item->m_lastChild = nullptr;
+    item->m_nextSibling = nullptr;
+    item->m_previousSibling = std::exchange(m_removed, item);
+    item->m_index.reset();
 }
 
 void ComboTree::EndKeeping() const {
-    if (--m_keepers == 0)
-        m_removed.clear();
+    if (--m_keepers > 0)
+        return;
+    while (m_removed)
+        delete std::exchange(m_removed, m_removed->m_previousSibling);
 }
 
 void ComboTree::Clear() {
@@ -191,23 +219,22 @@ void ComboTree::Clear() {
     m_index.reset();
     m_root.m_index.reset();
     m_rows.Erase(0, m_rows.Size());
-    std::vector<ComboTreeItem*> removed;
-    for (ComboTreeItem* item = m_root.m_firstChild; item; item = item->GetNextUnder(m_root))
-        removed.push_back(item);
-    for (ComboTreeItem* item : removed)
-        Release(*item);
-    m_root.m_firstChild = m_root.m_lastChild = nullptr;
+    while (ComboTreeItem* item = m_root.m_firstChild) {
+        m_root.m_firstChild = item->m_nextSibling;
+        ReleaseSubTree(*item);
+    }
+    m_root.m_lastChild = nullptr;
     m_root.m_checked = m_root.m_unchecked = 0;
 }
 
 ComboTree::RowRange ComboTree::Expand(ComboTreeItem& item) {
-    if (std::exchange(item.m_isExpanded, true) || !item.HasRow() || !item.HasChildren())
-        return {};
     std::vector<ComboTreeItem*> shown;
-    for (ComboTreeItem* under = item.m_firstChild; under; under = NextShownUnder(*under, item))
-        shown.push_back(under);
+    if (!item.m_isExpanded && item.HasRow())
+        for (ComboTreeItem* under = item.m_firstChild; under; under = NextShownUnder(*under, item))
+            shown.push_back(under);
     const int row = item.GetRow() + 1;
     m_rows.Insert(row, shown);
+    item.m_isExpanded = true;
     return {row, static_cast<int>(shown.size())};
 }
 
@@ -251,7 +278,7 @@ void ComboTree::SetLabel(ComboTreeItem& item, int column, std::string text) {
         index->Remove(item);
     item.m_label = std::move(text);
     if (index)
-        index->Add(item);
+        AddToIndex(*item.m_parent, item);
 }
 
 } // namespace korvel::internal

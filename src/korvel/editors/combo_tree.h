@@ -6,7 +6,6 @@
 #include <memory>
 #include <set>
 #include <string_view>
-#include <vector>
 
 namespace korvel::internal {
 
@@ -20,7 +19,8 @@ namespace korvel::internal {
 ///     tree.SetCheck(sand, true);
 ///     fills.GetChecked();          // 1
 ///
-/// Every operation is linear in what it changes, whatever the number of items.
+/// Every operation is linear in what it changes, whatever the number of items. When memory ends, nothing has
+/// changed; what removes needs none.
 class ComboTree {
 public:
     /// The rows from `first` to before `first + count`.
@@ -92,11 +92,13 @@ private:
     using IdIndex = std::set<ComboTreeItem*, ById>;
 
     ComboTreeItem& AddChild(ComboTreeItem& parent, std::unique_ptr<ComboTreeItem> child);
-    void ShowNewChild(ComboTreeItem& child);
+    void ShowNewChild(const ComboTreeItem& parent, ComboTreeItem& child);
+    static void AddToIndex(ComboTreeItem& parent, ComboTreeItem& child);
     static void ChangeCounts(ComboTreeItem& item, int checked, int unchecked);
     static ComboTreeItem* NextShownUnder(const ComboTreeItem& item, const ComboTreeItem& top);
     void Unlink(ComboTreeItem& item);
-    void Release(ComboTreeItem& item);
+    void ReleaseSubTree(ComboTreeItem& top);
+    void Release(ComboTreeItem* item) const;
     void ForgetId(ComboTreeItem& item);
     void BuildIndex();
     void EndKeeping() const;
@@ -107,7 +109,7 @@ private:
     ComboTreeItem* m_lastFound = nullptr; // by FindChild, as long as that would return it again
     std::unique_ptr<IdIndex> m_index;     // the values, from the first search on
     mutable int m_keepers = 0;
-    mutable std::vector<std::unique_ptr<ComboTreeItem>> m_removed;
+    mutable ComboTreeItem* m_removed = nullptr; // while one keeps; then by m_previousSibling
 };
 
 } // namespace korvel::internal

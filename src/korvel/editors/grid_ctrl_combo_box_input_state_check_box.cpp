@@ -7,9 +7,8 @@ namespace korvel {
 
 void CGridCtrlComboBoxInputStateCheckBox::OnLButtonDown(UINT, CPoint point) {
     const int row = HitRow(point);
-    if (row == -1)
+    if (row == -1 || !SetCurrent(row))
         return;
-    SetCurrent(row);
     ComboTreeItem* item = CurrentItem();
     if (item && Hits(&internal::ComboRowGeometry::CheckBox, *item, point))
         Toggle(*item);

@@ -4,10 +4,8 @@ namespace korvel {
 
 void CGridCtrlComboBoxInputStateDesignDefault::OnLButtonDown(UINT, CPoint point) {
     const int row = HitRow(point);
-    if (row != -1) {
-        SetCurrent(row);
+    if (row != -1 && SetCurrent(row))
         Apply();
-    }
 }
 
 void CGridCtrlComboBoxInputStateDesignDefault::Step(int delta) {

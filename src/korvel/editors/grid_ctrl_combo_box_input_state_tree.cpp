@@ -7,9 +7,8 @@ namespace korvel {
 
 void CGridCtrlComboBoxInputStateTree::OnLButtonDown(UINT, CPoint point) {
     const int row = HitRow(point);
-    if (row == -1)
+    if (row == -1 || !SetCurrent(row))
         return;
-    SetCurrent(row);
     ComboTreeItem* item = CurrentItem();
     // An entry is taken wherever it is pressed, also on the button for those under it: kept. The
     // key to the right opens it.

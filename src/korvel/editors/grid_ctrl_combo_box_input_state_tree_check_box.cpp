@@ -7,9 +7,8 @@ namespace korvel {
 
 void CGridCtrlComboBoxInputStateTreeCheckBox::OnLButtonDown(UINT, CPoint point) {
     const int row = HitRow(point);
-    if (row == -1)
+    if (row == -1 || !SetCurrent(row))
         return;
-    SetCurrent(row);
     ComboTreeItem* item = CurrentItem();
     if (!item || PressTreeButton(*item, point) || !Hits(&internal::ComboRowGeometry::CheckBox, *item, point))
         return;

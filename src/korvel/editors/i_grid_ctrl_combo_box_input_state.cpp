@@ -47,10 +47,16 @@ void IGridCtrlComboBoxInputState::OnKeyDown(UINT key, UINT, UINT) {
             return Step(delta);
 }
 
-void IGridCtrlComboBoxInputState::SetCurrent(int row) {
-    Highlight(m_nCurrent, false);
+bool IGridCtrlComboBoxInputState::SetCurrent(int row) {
+    const int former = m_nCurrent;
+    Highlight(former, false);
     m_nCurrent = row;
-    Highlight(m_nCurrent, true);
+    Highlight(row, true);
+    if (!CurrentItem() || m_view->Control().GetItemState(m_nCurrent, LVIS_SELECTED) != 0)
+        return true;
+    m_nCurrent = former;
+    Highlight(former, true);
+    return false;
 }
 
 void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
@@ -94,12 +100,10 @@ int IGridCtrlComboBoxInputState::HitRow(CPoint point) const {
 
 // An empty list is left with row 0 as the current one although there is none: kept. Nothing is found there.
 void IGridCtrlComboBoxInputState::Step(int delta) {
-    Highlight(m_nCurrent, false);
     if (!m_view)
         return;
     const int last = m_view->Control().GetItemCount() - 1;
-    m_nCurrent = std::max(std::min(m_nCurrent + delta, last), 0);
-    Highlight(m_nCurrent, true);
+    SetCurrent(std::max(std::min(m_nCurrent + delta, last), 0));
     if (m_view)
         m_view->Control().EnsureVisible(m_nCurrent, false);
 }

@@ -48,8 +48,9 @@ public:
     virtual void Step(int delta);
 
     int GetCurrent() const { return m_nCurrent; } ///< -1: none
-    /// Moves the highlight; -1 highlights nothing.
-    void SetCurrent(int row);
+    /// Moves the highlight; -1 highlights nothing. False, and all stays, when a handler of LVN_ITEMCHANGING
+    /// refuses.
+    bool SetCurrent(int row);
     /// The list has rows more: the current one keeps its item.
     void RowsAdded(int first, int count);
     /// The list has rows less: none is current if the current one is among them.
