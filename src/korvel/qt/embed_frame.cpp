@@ -5,6 +5,7 @@
 #include "korvel/qt/peer_context.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/window/core/input.h"
+#include "korvel/window/core/thread_queue.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
@@ -37,13 +38,15 @@ EmbedFrame::~EmbedFrame() {
     input::Destroy(m_site);
 }
 
+// Whatever a handler throws, the host gets its widget with the window in it.
 void EmbedFrame::MoveInto(qt::QtDisplay& display, HWND window) {
-    SetParent(window, m_site);
-    SetWindowLongPtrA(window, GWL_STYLE, static_cast<LPARAM>(view::Style(window) & ~TopLevelStyles));
+    const auto style = static_cast<LPARAM>(view::Style(window) & ~TopLevelStyles);
+    GuardedUntilRun([&] { SetParent(window, m_site); });
+    GuardedUntilRun([&] { SetWindowLongPtrA(window, GWL_STYLE, style); });
     if (Peer* peer = display.m_parts->context.peers.Find(window))
         peer->Apply(EveryAspect);
-    ShowWindow(window, SW_SHOW);
-    Place();
+    GuardedUntilRun([&] { ShowWindow(window, SW_SHOW); });
+    GuardedUntilRun([&] { Place(); });
 }
 
 void EmbedFrame::resizeEvent(QResizeEvent*) {
