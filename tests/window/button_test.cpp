@@ -1,4 +1,7 @@
-#include "korvel/window/controls/button.h"
+#include "korvel/window/app/app.h"
+#include "korvel/window/app/resource_module.h"
+#include "korvel/window/controls/mfc_button.h"
+#include "korvel/window/display/window_view.h"
 #include "support/control_fixture.h"
 
 #include <array>
@@ -57,6 +60,36 @@ TEST_F(ButtonTest, WhatIsNotReleasedOverItIsNoClick) {
     Space(button, WM_KEYUP);
     EXPECT_EQ(parent.senders.size(), 1u);
     EXPECT_FALSE(input::Key(button.m_hWnd, WM_KEYDOWN, VK_RETURN, "\r")); // a dialog's matter
+}
+
+TEST_F(ButtonTest, TheCheckedRadioButtonIsTheTabStop) {
+    std::array<CButton, 2> radio;
+    for (CButton& button : radio)
+        Make(button, BS_AUTORADIOBUTTON | WS_TABSTOP);
+    radio[0].SetCheck(1);
+    Click(radio[1]);
+    EXPECT_FALSE(radio[0].GetStyle() & WS_TABSTOP);
+    EXPECT_TRUE(radio[1].GetStyle() & WS_TABSTOP);
+    radio[0].EnableWindow(false);
+    radio[0].SendMessageA(BM_CLICK);
+    EXPECT_EQ(radio[0].GetCheck(), 0);
+}
+
+TEST_F(ButtonTest, ShowsAPictureOfTheResources) {
+    static constexpr std::uint32_t Pixels[] = {1, 2, 3, 4, 5, 6};
+    static constexpr PictureResource Pictures[] = {{15016, 3, 2, Pixels}};
+    const ResourceModule module{{}, Pictures};
+    CWinApp host;
+    host.m_pResources = &module;
+    SetHostApp(&host);
+    CMFCButton button;
+    Make(button, BS_PUSHBUTTON);
+    EXPECT_TRUE(button.SetImage(15016));
+    ASSERT_NE(view::Button(button.m_hWnd).picture, nullptr);
+    EXPECT_EQ(view::Button(button.m_hWnd).picture->pixels.back(), 6u);
+    EXPECT_FALSE(button.SetImage(1));
+    EXPECT_EQ(view::Button(button.m_hWnd).picture, nullptr);
+    SetHostApp(nullptr);
 }
 
 TEST_F(ButtonTest, RadioButtonsExcludeEachOtherInsideTheirGroup) {

@@ -209,5 +209,21 @@ TEST_F(InputTest, OnAScreenAFailureIsShownOnceAtATime) {
     frame.DestroyWindow();
 }
 
+TEST_F(InputTest, WaitCursorsNest) {
+    EndWaitCursor(); // none has begun
+    {
+        CWaitCursor outer;
+        CWaitCursor().Restore();
+        EXPECT_EQ(display.CursorShown(), IDC_WAIT);
+        SetCursor(IDC_ARROW);
+        outer.Restore();
+        EXPECT_EQ(display.CursorShown(), IDC_WAIT);
+    }
+    EXPECT_EQ(display.CursorShown(), IDC_ARROW);
+    RestoreWaitCursor();
+
+    EXPECT_EQ(display.CursorShown(), IDC_ARROW);
+}
+
 } // namespace
 } // namespace korvel

@@ -1,4 +1,6 @@
 #include "korvel/platform/error.h"
+#include "korvel/window/core/input.h"
+#include "korvel/window/display/window_view.h"
 #include "support/recorded_window.h"
 
 #include <limits>
@@ -6,6 +8,8 @@
 
 namespace korvel {
 namespace {
+
+constexpr UINT OnlyOrder = SWP_NOMOVE | SWP_NOSIZE;
 
 using WindowTreeTest = WindowTest;
 
@@ -221,6 +225,56 @@ TEST_F(WindowTreeTest, TellsOnlyWhatMovesAndTheDisplayOnceWhenRedrawIsOnAgain) {
     frame.SetRedraw(true);
     EXPECT_EQ(display.TakeChanges(frame.m_hWnd), Aspect::Text);
     EXPECT_TRUE(display.IsInvalid(frame.m_hWnd));
+}
+
+TEST_F(WindowTreeTest, SiblingsLieInTheOrderThatTheyAreGiven) {
+    RecordedWindow frame("frame", log);
+    frame.Create(0, nullptr);
+    RecordedWindow a("a", log), b("b", log), c("c", log);
+    for (RecordedWindow* child : {&a, &b, &c})
+        child->Create(WS_CHILD, &frame);
+    const auto put = [&](CWnd& window, HWND after, UINT flags = OnlyOrder) {
+        return [&window, after, flags] { SetWindowPos(window.m_hWnd, after, {}, flags); };
+    };
+    for (const auto& [border, act, first, second, third] : Table<std::function<void()>, HWND, HWND, HWND>{
+             {"at first", [] {}, a.m_hWnd, b.m_hWnd, c.m_hWnd},
+             {"to the top", [&] { BringWindowToTop(c.m_hWnd); }, c.m_hWnd, a.m_hWnd, b.m_hWnd},
+             {"to the bottom", put(c, HWND_BOTTOM), a.m_hWnd, b.m_hWnd, c.m_hWnd},
+             {"after a later one", put(a, b.m_hWnd), b.m_hWnd, a.m_hWnd, c.m_hWnd},
+             {"after an earlier one", put(c, b.m_hWnd), b.m_hWnd, c.m_hWnd, a.m_hWnd},
+             {"where it is already", put(c, b.m_hWnd), b.m_hWnd, c.m_hWnd, a.m_hWnd},
+             {"after itself", put(c, c.m_hWnd), b.m_hWnd, c.m_hWnd, a.m_hWnd},
+             {"after no sibling", put(c, frame.m_hWnd), b.m_hWnd, c.m_hWnd, a.m_hWnd},
+             {"with its order kept", put(a, HWND_TOP, OnlyOrder | SWP_NOZORDER), b.m_hWnd, c.m_hWnd,
+              a.m_hWnd}}) {
+        display.TakeChanges(c.m_hWnd);
+        act();
+        EXPECT_EQ(view::Children(frame.m_hWnd), (std::vector<HWND>{first, second, third})) << border;
+        const bool told = std::string(border) == "to the bottom";
+        EXPECT_TRUE(!told || (display.TakeChanges(c.m_hWnd) & Aspect::Order)) << border;
+    }
+}
+
+TEST_F(WindowTreeTest, AWindowThatIsSizedIsAskedForItsLimits) {
+    struct Limited : CWnd {
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (message == WM_GETMINMAXINFO)
+                *reinterpret_cast<MINMAXINFO*>(lParam) = {{200, 100}, {300, 50}};
+            return CWnd::WindowProc(message, wParam, lParam);
+        }
+    };
+    for (const auto& [border, style, size, limited] : Table<UINT, CSize, CSize>{
+             {"too small", WS_OVERLAPPEDWINDOW, {10, 10}, {200, 100}},
+             {"too large; the least height counts", WS_OVERLAPPEDWINDOW, {999, 999}, {300, 100}},
+             {"between", WS_OVERLAPPEDWINDOW, {250, 100}, {250, 100}},
+             {"of a fixed size", WS_POPUP, {10, 10}, {10, 10}}}) {
+        Limited window;
+        window.CreateEx(0, "KorvelFrame", "", style, {0, 0, 220, 120}, nullptr, 0);
+        input::Placed(window.m_hWnd, {5, 5, 5 + size.cx, 5 + size.cy});
+        EXPECT_EQ(window.GetWindowRect(), (CRect{5, 5, 5 + limited.cx, 5 + limited.cy})) << border;
+        EXPECT_EQ(static_cast<bool>(display.TakeChanges(window.m_hWnd) & Aspect::Rectangle), size != limited)
+            << border << ": the desktop has to follow";
+    }
 }
 
 TEST_F(WindowTreeTest, ANewDisplayIsToldOfTheWindowsThatExist) {

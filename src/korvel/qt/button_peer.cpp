@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QIcon>
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
@@ -21,6 +22,7 @@ QAbstractButton& MakeButton(HWND window, QWidget* parent) {
     case BS_CHECKBOX:
     case BS_AUTOCHECKBOX:
         return *new QCheckBox(parent);
+    case BS_RADIOBUTTON:
     case BS_AUTORADIOBUTTON: {
         auto* radio = new QRadioButton(parent);
         radio->setAutoExclusive(false); // the window model knows where a group begins and ends
@@ -29,7 +31,6 @@ QAbstractButton& MakeButton(HWND window, QWidget* parent) {
     default: {
         auto* push = new QPushButton(parent);
         push->setAutoDefault(false);
-        push->setDefault((view::Style(window) & BS_TYPEMASK) == BS_DEFPUSHBUTTON);
         return *push;
     }
     }
@@ -42,6 +43,8 @@ QWidget& MakeLabel(HWND window, QWidget* parent) {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    if (!(view::Style(window) & SS_NOPREFIX))
+        label->setBuddy(label); // underlines the access key; what the key does is the dialog's matter
     return *label;
 }
 
@@ -62,8 +65,18 @@ void ButtonPeer::Apply(Aspects aspects) {
         m_button.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & Aspect::Text)
         m_button.setText(TextOf(Window()));
-    if ((aspects & Aspect::State) && m_button.isCheckable())
-        m_button.setChecked(view::ButtonCheck(Window()) != 0);
+    if (auto* push = qobject_cast<QPushButton*>(&m_button); push && (aspects & Aspect::Style))
+        push->setDefault((view::Style(Window()) & BS_TYPEMASK) == BS_DEFPUSHBUTTON);
+    if (aspects & Aspect::State)
+        ShowState(view::Button(Window()));
+}
+
+void ButtonPeer::ShowState(const view::ButtonView& state) {
+    if (m_button.isCheckable())
+        m_button.setChecked(state.check != 0);
+    m_button.setIcon(state.picture ? QIcon(QPixmap::fromImage(ToQImage(*state.picture))) : QIcon());
+    if (state.picture)
+        m_button.setIconSize({state.picture->width, state.picture->height});
 }
 
 void ButtonPeer::OnClicked() {

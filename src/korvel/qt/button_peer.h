@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/qt/peer.h"
+#include "korvel/window/base/control_view.h"
 
 class QAbstractButton;
 
@@ -14,6 +15,7 @@ public:
 
 private:
     ButtonPeer(PeerContext& context, HWND window, QAbstractButton& button);
+    void ShowState(const view::ButtonView& state);
     void OnClicked();
 
     QAbstractButton& m_button;

@@ -77,4 +77,14 @@ COLORREF FromQColor(const QColor& color) {
                static_cast<unsigned>(color.blue()));
 }
 
+QImage ToQImage(const Image& image) {
+    if (image.width <= 0 || image.height <= 0)
+        return {};
+    const auto needed = static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
+    if (image.pixels.size() < needed)
+        return {};
+    return {reinterpret_cast<const uchar*>(image.pixels.data()), image.width, image.height,
+            qsizetype{image.width} * 4, QImage::Format_ARGB32};
+}
+
 } // namespace korvel::internal

@@ -1,8 +1,9 @@
 #pragma once
 
-#include "korvel/window/base/types.h"
+#include "korvel/window/base/image_list.h"
 
 #include <QColor>
+#include <QImage>
 #include <QPoint>
 #include <QRect>
 #include <QString>
@@ -21,6 +22,8 @@ CString BytesOf(HWND window);
 QString TextOf(HWND window);
 QColor ToQColor(COLORREF color);
 COLORREF FromQColor(const QColor& color);
+/// Uses the pixels of the picture, which must outlive it; a null one where they are too few for its size.
+QImage ToQImage(const Image& image);
 
 inline QRect ToQRect(const CRect& rect) {
     return {rect.left, rect.top, rect.Width(), rect.Height()};

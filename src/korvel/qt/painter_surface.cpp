@@ -86,12 +86,9 @@ void PainterSurface::FocusRect(const CRect& rect) {
 }
 
 void PainterSurface::Picture(const Image& image, const CRect& rect) {
-    const auto needed = static_cast<std::size_t>(image.width) * static_cast<std::size_t>(image.height);
-    if (image.width <= 0 || image.height <= 0 || image.pixels.size() < needed || rect.IsRectEmpty())
-        return;
-    const QImage picture(reinterpret_cast<const uchar*>(image.pixels.data()), image.width, image.height,
-                         qsizetype{image.width} * 4, QImage::Format_ARGB32);
-    m_painter.drawImage(ToQRect(rect), picture);
+    const QImage picture = ToQImage(image);
+    if (!picture.isNull() && !rect.IsRectEmpty())
+        m_painter.drawImage(ToQRect(rect), picture);
 }
 
 void PainterSurface::Clip(const CRect* rect) {

@@ -54,7 +54,8 @@ void UseExportedClasses() {
            IMemberCommandSink, IObserverGrid, IObserverGridSink,
            KorvelCommonEntityFunction::IKorvelCommonEntityFunction>();
     UseAll<Error, FileError, UnreadableFile, invalid_operation, platform::SettingValue>();
-    UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDialog, CDC, CRgn, CImageList, IDisplay>();
+    UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDialog, CMFCButton, CWaitCursor, CDC, CRgn,
+           CImageList, IDisplay>();
     UseAll<CSelectFolderDlg>();
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
     UseMember(&platform::SettingValue::AsNumber);

@@ -1,10 +1,24 @@
 #pragma once
 
+#include "korvel/window/base/types.h"
+
+namespace korvel {
+struct Image;
+}
+
 /// What a display reads of the control in a window.
 namespace korvel::view {
 
 /// How a display shows a window: natively, or as a plain surface that input::Paint fills.
 enum class Kind { Painted, List, Edit, Button, Static };
+
+/// The sizes between which the user may size a window.
+struct SizeRange {
+    static constexpr int NoLimit = 1 << 24; // no window is larger
+
+    CSize least;
+    CSize most{NoLimit, NoLimit};
+};
 
 struct EditView {
     int selectionStart = 0; // bytes of the text
@@ -28,6 +42,11 @@ struct BarView {
     int minimum = 0;
     int maximum = 0;
     int position = 0;
+};
+
+struct ButtonView {
+    int check = 0;                  // 1: checked
+    const Image* picture = nullptr; // before the text; lives as long as the button shows it
 };
 
 } // namespace korvel::view

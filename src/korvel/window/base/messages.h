@@ -258,6 +258,7 @@ inline constexpr UINT BM_GETCHECK = 0x00F0;
 inline constexpr UINT BM_SETCHECK = 0x00F1;
 inline constexpr UINT BM_SETSTYLE = 0x00F4; // wParam: a BS_* type; lParam: 1 to show it
 inline constexpr UINT BM_CLICK = 0x00F5;
+inline constexpr UINT BM_SETIMAGE = 0x00F7; // lParam: an Image, copied; 0: none
 inline constexpr UINT BN_CLICKED = 0;
 inline constexpr int BST_UNCHECKED = 0;
 inline constexpr int BST_CHECKED = 1;

@@ -52,6 +52,12 @@ void SetStyle(ButtonState& button, WPARAM type, bool redraw) {
         Repaint(button.record);
 }
 
+void SetPicture(ButtonState& button, const Image* picture) {
+    button.picture = picture ? std::optional(*picture) : std::nullopt;
+    TellDisplay(button.record, Aspect::State);
+    Repaint(button.record);
+}
+
 UINT DialogCode(const ButtonState& button) {
     switch (button.Type()) {
     case BS_PUSHBUTTON:
@@ -157,8 +163,12 @@ std::optional<LRESULT> HandleMessage(ButtonState& button, UINT message, WPARAM w
         return Check(button, static_cast<int>(wParam)), 0;
     case BM_SETSTYLE:
         return SetStyle(button, wParam, lParam != 0), 0;
+    case BM_SETIMAGE:
+        return SetPicture(button, reinterpret_cast<const Image*>(lParam)), 0;
     case BM_CLICK:
-        return Click(button), 0;
+        if (IsWindowEnabled(window))
+            Click(button);
+        return 0;
     case WM_GETDLGCODE:
         return DialogCode(button);
     case WM_PAINT:

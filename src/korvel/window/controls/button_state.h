@@ -1,7 +1,10 @@
 #pragma once
 
+#include "korvel/window/base/image_list.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_record.h"
+
+#include <optional>
 
 namespace korvel::internal {
 
@@ -12,7 +15,7 @@ public:
     view::Kind Kind() const override {
         return Type() == BS_OWNERDRAW ? view::Kind::Painted : view::Kind::Button;
     }
-    int Check() const override { return check; }
+    view::ButtonView Button() const override { return {check, picture ? &*picture : nullptr}; }
     void Value(double value) override;
 
     UINT Type() const { return record.style & BS_TYPEMASK; }
@@ -20,6 +23,7 @@ public:
 
     WindowRecord& record;
     int check = 0;
+    std::optional<Image> picture;
     bool isPressed = false;
 };
 

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int BorderWidth = 1;
 constexpr int ClientEdgeWidth = 2;
-constexpr int FarthestCoordinate = 1 << 24;
+constexpr int FarthestCoordinate = view::SizeRange::NoLimit;
 
 // The frame of a captioned window lies outside of its rectangle: it is the desktop's.
 int EdgeWidth(const WindowRecord& record) {

@@ -15,7 +15,7 @@ public:
     virtual view::Kind Kind() const { return view::Kind::Painted; }
     virtual view::EditView Edit() const { return {}; }
     virtual view::ScrollView Scroll() const { return {}; }
-    virtual int Check() const { return 0; }
+    virtual view::ButtonView Button() const { return {}; }
     /// What scroll bars take from the client area on each side, of a window that has that size inside its
     /// border.
     virtual CRect ClientInsets(CSize /*insideBorder*/) const { return {}; }

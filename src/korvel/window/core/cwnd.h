@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/window/core/wait_cursor.h"
 #include "korvel/window/core/window.h"
 
 namespace korvel {
@@ -83,6 +84,9 @@ public:
         return korvel::SetTimer(m_hWnd, id, milliseconds);
     }
     bool KillTimer(std::uintptr_t id) { return korvel::KillTimer(m_hWnd, id); }
+    void BeginWaitCursor() { korvel::BeginWaitCursor(); }
+    void EndWaitCursor() { korvel::EndWaitCursor(); }
+    void RestoreWaitCursor() { korvel::RestoreWaitCursor(); }
 
     /// Every message of the window. The base offers WM_COMMAND and WM_NOTIFY to OnCommand and OnNotify
     /// and passes the rest to DefWindowProc.

@@ -54,6 +54,10 @@ struct MINMAXINFO {
     CPoint ptMaxTrackSize;
 };
 
+/// Places for SetWindowPos beside a sibling.
+inline const HWND HWND_TOP = nullptr;
+inline const HWND HWND_BOTTOM = reinterpret_cast<HWND>(std::uintptr_t{1});
+
 // --- life ---
 
 /// Makes a window of a registered class. A window with WS_CHILD lies inside `parent`; without it, it is a
@@ -124,8 +128,12 @@ KORVEL_API HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous);
 
 /// `rect` is relative to the parent's client area, or to the screen for a top-level window.
 KORVEL_API bool MoveWindow(HWND window, const CRect& rect, bool repaint = true);
-/// `insertAfter` is not used: order among siblings is order of creation. Flags: SWP_*.
+/// Puts the window after a sibling, before all (HWND_TOP) or after all (HWND_BOTTOM), unless SWP_NOZORDER says
+/// otherwise: the first sibling lies on top and is the first for Tab. A window that is no sibling leaves the
+/// order. New windows come last. Top-level windows keep no order; HWND_TOP brings one to the front. Flags:
+/// SWP_*. A window with WS_THICKFRAME is asked for its limits (WM_GETMINMAXINFO) before it gets another size.
 KORVEL_API bool SetWindowPos(HWND window, HWND insertAfter, const CRect& rect, UINT flags);
+KORVEL_API bool BringWindowToTop(HWND window);
 /// The whole window in screen coordinates.
 KORVEL_API CRect GetWindowRect(HWND window);
 /// Starts at (0, 0); without borders and scroll bars.

@@ -3,10 +3,26 @@
 #include "korvel/window/core/client_area.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_changes.h"
+#include "korvel/window/core/window_order.h"
+
+#include <algorithm>
 
 namespace korvel {
 
 using namespace internal;
+
+namespace {
+
+CRect WithinLimits(const WindowRecord& record, CRect rect) {
+    if (rect.Width() == record.rect.Width() && rect.Height() == record.rect.Height())
+        return rect;
+    const view::SizeRange limits = SizesOf(record);
+    rect.right = rect.left + std::clamp(rect.Width(), limits.least.cx, limits.most.cx);
+    rect.bottom = rect.top + std::clamp(rect.Height(), limits.least.cy, limits.most.cy);
+    return Placeable(rect);
+}
+
+} // namespace
 
 bool MoveWindow(HWND window, const CRect& rect, bool /*repaint*/) {
     return OnOwner(
@@ -17,7 +33,7 @@ bool MoveWindow(HWND window, const CRect& rect, bool /*repaint*/) {
         });
 }
 
-bool SetWindowPos(HWND window, HWND /*insertAfter*/, const CRect& rect, UINT flags) {
+bool SetWindowPos(HWND window, HWND insertAfter, const CRect& rect, UINT flags) {
     return OnOwner(
         window,
         [&](WindowRecord& record) {
@@ -26,12 +42,18 @@ bool SetWindowPos(HWND window, HWND /*insertAfter*/, const CRect& rect, UINT fla
             const CRect size = flags & SWP_NOSIZE ? record.rect : wanted;
             Place(record, {corner.x, corner.y, corner.x + size.Width(), corner.y + size.Height()},
                   PlaceOrigin::Program);
+            if (!(flags & SWP_NOZORDER))
+                PutAfter(record, insertAfter);
             if (flags & SWP_HIDEWINDOW)
                 ShowWindow(window, SW_HIDE);
             else if (flags & SWP_SHOWWINDOW)
                 ShowWindow(window, flags & SWP_NOACTIVATE ? SW_SHOWNA : SW_SHOW);
             return true;
         });
+}
+
+bool BringWindowToTop(HWND window) {
+    return SetWindowPos(window, HWND_TOP, {}, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
 }
 
 CRect GetWindowRect(HWND window) {
@@ -56,6 +78,18 @@ CRect GetClientRect(HWND window) {
 
 namespace internal {
 
+view::SizeRange SizesOf(const WindowRecord& record) {
+    const view::SizeRange any;
+    if (record.parent || !(record.style & WS_THICKFRAME))
+        return any;
+    MINMAXINFO limits{{any.least.cx, any.least.cy}, {any.most.cx, any.most.cy}};
+    SendMessageA(record.handle, WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+    const CRect least = Placeable({0, 0, limits.ptMinTrackSize.x, limits.ptMinTrackSize.y});
+    const CRect most = Placeable({0, 0, limits.ptMaxTrackSize.x, limits.ptMaxTrackSize.y});
+    return {{least.right, least.bottom},
+            {std::max(least.right, most.right), std::max(least.bottom, most.bottom)}};
+}
+
 void TellSize(const WindowRecord& record) {
     const CRect client = GetClientRect(record.handle);
     SendMessageA(record.handle, WM_SIZE, 0, MAKELPARAM(client.Width(), client.Height()));
@@ -68,9 +102,14 @@ void TellMove(const WindowRecord& record) {
 }
 
 void Place(WindowRecord& record, const CRect& rect, PlaceOrigin origin) {
-    const CRect placed = Placeable(rect);
-    if (record.rect == placed)
+    const CRect wanted = Placeable(rect);
+    if (record.rect == wanted)
         return;
+    const CRect placed = WithinLimits(record, wanted);
+    if (!IsWindow(record.handle))
+        return;
+    if (placed != wanted)
+        origin = PlaceOrigin::Program; // what the user made of it is not what it gets
     SendMessageA(record.handle, WM_WINDOWPOSCHANGING, 0, 0);
     if (!IsWindow(record.handle))
         return;

@@ -2,7 +2,9 @@
 
 #include "korvel/window/core/client_area.h"
 #include "korvel/window/core/display_thread.h"
+#include "korvel/window/core/uncaught.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/core/window_rectangle.h"
 #include "korvel/window/core/window_table.h"
 
 namespace korvel::view {
@@ -63,14 +65,20 @@ bool BelongsToDisplay(HWND window) {
     return owner && owner == DisplayQueue();
 }
 
+SizeRange SizesOf(HWND window) {
+    SizeRange range;
+    Guarded([&] { range = OnOwner(window, [](WindowRecord& record) { return internal::SizesOf(record); }); });
+    return range;
+}
+
 EditView Edit(HWND window) {
     return AskControl(
         window, [](const ControlState& control) { return control.Edit(); });
 }
 
-int ButtonCheck(HWND window) {
+ButtonView Button(HWND window) {
     return AskControl(
-        window, [](const ControlState& control) { return control.Check(); });
+        window, [](const ControlState& control) { return control.Button(); });
 }
 
 ScrollView Scroll(HWND window) {

@@ -22,14 +22,15 @@ KORVEL_API CRect ClientRectangle(HWND window);
 /// The window's own flags, whatever those of its parents are.
 KORVEL_API bool IsShown(HWND window);
 KORVEL_API bool IsSwitchedOn(HWND window);
-/// In order of creation.
+/// The first lies on top.
 KORVEL_API std::vector<HWND> Children(HWND window);
 /// True for windows of the thread that installed the display.
 KORVEL_API bool BelongsToDisplay(HWND window);
 
 KORVEL_API EditView Edit(HWND window);
-/// 1: checked.
-KORVEL_API int ButtonCheck(HWND window);
+/// Of a top-level window. What its handler throws goes to the exception handler; there are no limits then.
+KORVEL_API SizeRange SizesOf(HWND window);
+KORVEL_API ButtonView Button(HWND window);
 
 KORVEL_API ScrollView Scroll(HWND window);
 /// SB_HORZ or SB_VERT of a window that does not scroll itself. It lies beside the client rectangle.
