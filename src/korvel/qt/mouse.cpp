@@ -97,13 +97,26 @@ QPoint Mouse::Position() const {
     return m_position.value_or(QCursor::pos());
 }
 
+Mouse::~Mouse() {
+    ShowWaiting(false);
+}
+
+// The user waits wherever the pointer is, and work that a key has begun comes without a mouse event.
+void Mouse::ShowWaiting(bool waiting) {
+    if (std::exchange(m_isWaiting, waiting) == waiting)
+        return;
+    if (waiting)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
 void Mouse::SetCursor(int cursor) {
+    ShowWaiting(cursor == IDC_WAIT);
     if (!m_under)
         return;
     if (cursor == IDC_SIZEWE)
         m_under->setCursor(Qt::SplitHCursor);
-    else if (cursor == IDC_WAIT)
-        m_under->setCursor(Qt::WaitCursor);
     else
         m_under->unsetCursor();
 }

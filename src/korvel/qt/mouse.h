@@ -15,6 +15,11 @@ namespace korvel::internal {
 /// that was pressed; the window model passes it on to the window that captured the mouse.
 class Mouse {
 public:
+    Mouse() = default;
+    ~Mouse();
+    Mouse(const Mouse&) = delete;
+    Mouse& operator=(const Mouse&) = delete;
+
     struct Target {
         HWND window;
         QWidget& content;       // whose coordinates are those of the client area
@@ -27,13 +32,16 @@ public:
     void ReportPressOutside(const Target& target, const QEvent& event);
     /// Where the pointer is; during an event, where the event happened.
     QPoint Position() const;
-    /// Sets the pointer over the window to which a mouse event is being delivered.
+    /// Sets the pointer over the window to which a mouse event is being delivered; IDC_WAIT everywhere, until
+    /// the next call.
     void SetCursor(int cursor);
 
 private:
+    void ShowWaiting(bool waiting);
     bool Send(const Target& target, UINT message, UINT flags, QPoint screen, int wheel);
 
     std::optional<QPoint> m_position;
+    bool m_isWaiting = false;
     QPointer<QWidget> m_under;
 };
 

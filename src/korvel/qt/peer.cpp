@@ -3,6 +3,7 @@
 #include "korvel/qt/convert.h"
 #include "korvel/qt/keys.h"
 #include "korvel/qt/peer_context.h"
+#include "korvel/window/base/messages.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
@@ -10,6 +11,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QShortcutEvent>
 
 namespace korvel::internal {
 
@@ -61,6 +63,8 @@ void Peer::Apply(Aspects aspects) {
         FollowParent();
     if (aspects & Aspect::Rectangle)
         m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
+    if (aspects & Aspect::Order)
+        FollowOrder();
     if (aspects & Aspect::Visible) {
         if (!view::IsShown(m_window))
             LeaveFocusToParent();
@@ -80,6 +84,25 @@ void Peer::FollowParent() {
     m_outer.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
     m_outer.setVisible(view::IsShown(m_window));
+}
+
+// The first of several siblings lies on top; of a top-level window nothing but this is ever told.
+void Peer::FollowOrder() {
+    if (m_outer.isWindow()) {
+        m_outer.raise();
+        return;
+    }
+    QWidget* above = nullptr;
+    for (const HWND sibling : view::Children(GetParent(m_window))) {
+        if (sibling == m_window)
+            break;
+        if (const Peer* peer = m_context.peers.Find(sibling))
+            above = &peer->m_outer;
+    }
+    if (above)
+        m_outer.stackUnder(above);
+    else
+        m_outer.raise();
 }
 
 void Peer::Invalidate(const CRect& rect) {
@@ -135,7 +158,9 @@ bool Peer::OnEvent(QWidget& widget, QEvent& event) {
     case QEvent::KeyPress:
     case QEvent::KeyRelease:
         // Qt offers what the focused widget does not want to its parents, which must not take it.
-        return &widget == QApplication::focusWidget() && OnKey(static_cast<QKeyEvent&>(event));
+        return HasKeyboard(widget) && OnKey(static_cast<QKeyEvent&>(event));
+    case QEvent::Shortcut:
+        return OnAccessKey(static_cast<QShortcutEvent&>(event));
     case QEvent::ShortcutOverride:
         if (&widget != QApplication::focusWidget() || !ComesBeforeShortcuts(static_cast<QKeyEvent&>(event)))
             return false;
@@ -155,6 +180,21 @@ bool Peer::OnEvent(QWidget& widget, QEvent& event) {
     default:
         return false;
     }
+}
+
+// Without focus the keys go to the active window, so that a dialog finds its way back.
+bool Peer::HasKeyboard(const QWidget& widget) const {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus ? focus == &widget : widget.isWindow();
+}
+
+// Qt has found the widget whose text marks the letter. A dialog decides itself what that does; where nobody
+// takes the key, the widget acts.
+bool Peer::OnAccessKey(const QShortcutEvent& event) {
+    const QString letter = QKeySequence(event.key()[0].key()).toString(QKeySequence::PortableText).toLower();
+    const CString character = FromQString(letter);
+    const UINT code = letter.size() == 1 && letter[0].unicode() < 0x80 ? letter[0].toUpper().unicode() : 0u;
+    return input::Key(GetFocus() ? GetFocus() : m_window, WM_SYSKEYDOWN, code, character);
 }
 
 bool Peer::OnKey(QKeyEvent& event) {

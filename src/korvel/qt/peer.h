@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class QKeyEvent;
+class QShortcutEvent;
 
 namespace korvel::internal {
 
@@ -72,6 +73,9 @@ protected:
     bool IsBusy() const { return m_busy > 0; }
 
 private:
+    void FollowOrder();
+    bool HasKeyboard(const QWidget& widget) const;
+    bool OnAccessKey(const QShortcutEvent& event);
     bool OnKey(QKeyEvent& event);
     bool OnContextMenu(QEvent& event);
     void LeaveFocusToParent();

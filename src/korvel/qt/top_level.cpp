@@ -44,8 +44,8 @@ TopLevel::TopLevel(PeerContext& context, Peer& peer) : m_context(context), m_pee
 void TopLevel::Apply(Aspects aspects) {
     const HWND window = m_peer.Window();
     QWidget& widget = m_peer.Outer();
-    if ((aspects & (Aspect::Rectangle | Aspect::Style)) && IsFixedSize(window))
-        widget.setFixedSize(ToQRect(view::Rectangle(window)).size());
+    if (aspects & (Aspect::Rectangle | Aspect::Style | Aspect::Visible))
+        FollowLimits();
     if (aspects & Aspect::Text)
         widget.setWindowTitle(TextOf(window));
     if (!(aspects & Aspect::Visible))
@@ -54,6 +54,20 @@ void TopLevel::Apply(Aspects aspects) {
         PassActivationOn();
     else if (!widget.isVisible() && !IsToolPopup(window))
         PrepareToAppear();
+}
+
+// A handler may destroy the window.
+void TopLevel::FollowLimits() {
+    QWidget& widget = m_peer.Outer();
+    if (IsFixedSize(m_peer.Window())) {
+        widget.setFixedSize(ToQRect(view::Rectangle(m_peer.Window())).size());
+        return;
+    }
+    const view::SizeRange sizes = view::SizesOf(m_peer.Window());
+    if (!m_peer.Window() || IsToolPopup(m_peer.Window()))
+        return;
+    widget.setMinimumSize(sizes.least.cx, sizes.least.cy);
+    widget.setMaximumSize(std::min(sizes.most.cx, QWIDGETSIZE_MAX), std::min(sizes.most.cy, QWIDGETSIZE_MAX));
 }
 
 // A window whose owner is disabled already is a modal one. Qt has to know before it shows the window.
@@ -76,6 +90,8 @@ bool TopLevel::OnEvent(QEvent& event) {
     case QEvent::Move:
     case QEvent::Resize:
         ReportPlace();
+        if (m_peer.Window())
+            FollowLimits(); // what is in the window may need another size now
         return false;
     case QEvent::WindowActivate:
         m_context.focus.Activated();

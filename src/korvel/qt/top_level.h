@@ -29,6 +29,7 @@ public:
 private:
     void PrepareToAppear();
     void ReportPlace();
+    void FollowLimits();
 
     PeerContext& m_context;
     Peer& m_peer;
