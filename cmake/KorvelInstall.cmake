@@ -19,6 +19,7 @@ function(korvel_install target name)
 endfunction()
 
 korvel_install(KorvelCommonDialogs core PKG_CONFIG korvel-common-dialogs DESCRIPTION "${PROJECT_DESCRIPTION}")
+install(TARGETS KorvelCommonDialogsENU LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 if(KORVEL_BUILD_QT)
   korvel_install(KorvelCommonDialogsQt qt PKG_CONFIG korvel-common-dialogs-qt
     DESCRIPTION "The display of KorvelCommonDialogs on Qt 6 Widgets"

@@ -71,6 +71,18 @@ function(korvel_library target name)
   set_property(GLOBAL APPEND PROPERTY KORVEL_PUBLIC_HEADERS ${headers})
 endfunction()
 
+# korvel_language_module(TARGET CODE source...)
+#
+# The shared object with the translated templates of a library, which the library looks for beside itself.
+function(korvel_language_module library code)
+  add_library(${library}${code} MODULE ${ARGN})
+  set_target_properties(${library}${code} PROPERTIES
+    PREFIX ${CMAKE_SHARED_LIBRARY_PREFIX} SUFFIX .rll LIBRARY_OUTPUT_DIRECTORY $<TARGET_FILE_DIR:${library}>)
+  target_include_directories(${library}${code} PRIVATE ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${library}${code} PRIVATE korvel_flags)
+  add_dependencies(${library} ${library}${code})
+endfunction()
+
 # Hands what the build was told of its maker to the one source that holds it. In a text, \n stands for a line break.
 function(korvel_maker_texts source)
   foreach(name KORVEL_RIGHTS_LINE KORVEL_WEB_ADDRESS KORVEL_MAIL_ADDRESS)

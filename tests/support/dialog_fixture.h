@@ -1,7 +1,7 @@
 #pragma once
 
 #include "korvel/window/app/app.h"
-#include "korvel/window/app/resource_module.h"
+#include "korvel/window/app/find_resource.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/dialog/dialog.h"
 #include "korvel/window/dialog/dialog_items.h"

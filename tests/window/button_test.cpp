@@ -1,5 +1,5 @@
 #include "korvel/window/app/app.h"
-#include "korvel/window/app/resource_module.h"
+#include "korvel/window/app/find_resource.h"
 #include "korvel/window/controls/mfc_button.h"
 #include "korvel/window/display/window_view.h"
 #include "support/control_fixture.h"

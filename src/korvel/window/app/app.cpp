@@ -1,6 +1,7 @@
 #include "korvel/window/app/app.h"
 
 #include "korvel/values/language.h"
+#include "korvel/window/app/language_module.h"
 
 #include <atomic>
 #include <exception>
@@ -29,6 +30,7 @@ BOOL CKorvelCommonDialogsApp::InitInstance() {
     } catch (const std::exception&) {
         m_languageName.clear(); // loading never fails; the first caller who asks for a text gets it
     }
+    m_pResources = LoadLanguageModule(m_languageName);
     return 1;
 }
 

@@ -1,6 +1,6 @@
 #include "korvel/window/controls/mfc_button.h"
 
-#include "korvel/window/app/resource_module.h"
+#include "korvel/window/app/find_resource.h"
 
 namespace korvel {
 

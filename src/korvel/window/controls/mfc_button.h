@@ -11,7 +11,7 @@ namespace korvel {
 ///     add.SetImage(15016);
 class KORVEL_API CMFCButton : public CButton {
 public:
-    /// Shows the picture with that id (app/resource_module.h: FindPicture), in its own size. False, and no
+    /// Shows the picture with that id (app/find_resource.h: FindPicture), in its own size. False, and no
     /// picture, when there is none.
     bool SetImage(UINT pictureId);
 };

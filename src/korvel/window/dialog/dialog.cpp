@@ -1,7 +1,7 @@
 #include "korvel/window/dialog/dialog.h"
 
 #include "korvel/window/app/app.h"
-#include "korvel/window/app/resource_module.h"
+#include "korvel/window/app/find_resource.h"
 #include "korvel/window/core/cwnd_access.h"
 #include "korvel/window/dialog/create_dialog.h"
 #include "korvel/window/dialog/dialog_items.h"

@@ -1,4 +1,4 @@
-#include "korvel/window/app/resource_module.h"
+#include "korvel/window/app/find_resource.h"
 
 #include "korvel/window/app/app.h"
 #include "korvel/window/app/built_in_resources.h"

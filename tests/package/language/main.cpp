@@ -1,0 +1,17 @@
+// Writes the words on the last button of a dialog of the library, in the language that is named.
+
+#include <iostream>
+#include <korvel/values/language.h>
+#include <korvel/window/app/app.h>
+#include <korvel/window/app/find_resource.h>
+
+using namespace korvel;
+
+int main(int count, char** arguments) {
+    SetLanguageForThisRun(count > 1 ? arguments[1] : "English");
+    constexpr UINT EditCodeDialog = 15059;
+    const ModuleStateGuard library;
+    const DialogTemplate* dialog = FindDialogTemplate(EditCodeDialog);
+    std::cout << (dialog ? dialog->items.back().text : "no dialog") << '\n';
+    return 0;
+}
