@@ -5,8 +5,8 @@
 
 namespace korvel {
 
-/// A base of a window class `T`, next to its CWnd, that remembers the window's rectangle from run to run, in the
-/// user's settings:
+/// A base of a window class `T`, next to its CWnd, that remembers the window's rectangle from run to run, in
+/// the user's settings:
 ///
 ///     class CPlanPage : public CDialog, public TDlgState<CPlanPage> {
 ///     public:
@@ -19,18 +19,18 @@ namespace korvel {
 ///         ... Save() at WM_DESTROY, while the children still live
 ///     };
 ///
-/// The key is the root, the name of the application in force (CWinApp::m_pszAppName) where there is one, and the
-/// template id. Both operations create it first. The value `State` holds left, top, right and bottom, 16 bytes;
-/// a longer one is read as far, and one that is missing, too short or of another type leaves the window as it
-/// is. Without the application's name nothing is saved.
+/// The key is the root, the name of the application in force (CWinApp::m_pszAppName) where there is one, and
+/// the template id. Both operations create it first. The value `State` holds left, top, right and bottom, 16
+/// bytes; a longer one is read as far, and one that is missing, too short or of another type leaves the
+/// window as it is. Without the application's name nothing is saved.
 ///
 /// A top-level window is remembered in screen coordinates. Kept: a child is remembered in its own client
-/// coordinates, and is given that rectangle in its parent's. A rectangle outside of every screen is moved to the
-/// screen of the owner; the record stays.
+/// coordinates, and is given that rectangle in its parent's. A rectangle outside of every screen is moved to
+/// the screen of the owner; the record stays.
 ///
-/// WM_DLG_STATE_REGISTRY carries the key in lParam (const char*, with a separator at its end); children may keep
-/// states of their own there. It is sent after a failed read as well, but not where the key cannot be used: for
-/// want of rights, or as the store fails. No exception leaves, neither of the store nor of a child.
+/// WM_DLG_STATE_REGISTRY carries the key in lParam (const char*, with a separator at its end); children may
+/// keep states of their own there. It is sent after a failed read as well, but not where the key cannot be
+/// used: for want of rights, or as the store fails. No exception leaves, neither of the store nor of a child.
 template <class T>
 class TDlgState : public DlgStateBase {
 public:

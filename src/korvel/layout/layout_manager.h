@@ -31,10 +31,10 @@ namespace korvel {
 ///         }
 ///     };
 ///
-/// Messages before the tree exists, or after it is gone, change nothing. The tree follows the client area below
-/// the design size as well, unless `scrollEnabled` is set: then it keeps the design size there, and bars appear.
-/// Kept: a resize puts the controls where they are unscrolled, whatever the bars say; the next scrolling moves
-/// them from there.
+/// Messages before the tree exists, or after it is gone, change nothing. The tree follows the client area
+/// below the design size as well, unless `scrollEnabled` is set: then it keeps the design size there, and
+/// bars appear. Kept: a resize puts the controls where they are unscrolled, whatever the bars say; the next
+/// scrolling moves them from there.
 template <class T>
 class CLayoutManager : public LayoutManagerBase {
 protected:
@@ -49,7 +49,8 @@ protected:
     void ScrollLayout(int bar, UINT code, int thumb) {
         LayoutManagerBase::ScrollLayout(LayoutHost(), bar, code, thumb);
     }
-    /// WM_GETMINMAXINFO: the root's stored size, without a frame. False without a tree: the base handler's turn.
+    /// WM_GETMINMAXINFO: the root's stored size, without a frame. False without a tree: the base handler's
+    /// turn.
     using LayoutManagerBase::LimitTrackSize;
     /// WM_ERASEBKGND: fills what no child covers (layout/erase_between_children.h). False without a device
     /// context: the base handler's turn.

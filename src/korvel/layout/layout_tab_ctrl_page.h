@@ -6,8 +6,8 @@
 
 namespace korvel {
 
-/// A page of a tab control or of another host: lays out its controls, scrolls them where its host enables that,
-/// and keeps its state from run to run.
+/// A page of a tab control or of another host: lays out its controls, scrolls them where its host enables
+/// that, and keeps its state from run to run.
 ///
 ///     class CPlanPage : public CLayoutTabCtrlPage {
 ///     public:

@@ -17,7 +17,8 @@ namespace korvel {
 ///     root->Add(buttons);   // only now: a pane takes its rectangle from the children that it has
 ///     root->MoveTo({0, 0, cx, cy});
 ///
-/// What the pane gains goes in equal parts to the children that grow along its axis, and the remainder to nobody.
+/// What the pane gains goes in equal parts to the children that grow along its axis, and the remainder to
+/// nobody.
 class KORVEL_API CPaneManager : public IItem {
 public:
     /// `flow`: 1 for a row, 0 for a column. With a `parent` and a `controlId` the pane has that control's

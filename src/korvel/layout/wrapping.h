@@ -1,7 +1,7 @@
 #pragma once
 
-/// Sums of coordinates that wrap around at 32 bits, so that a move there and back ends where it began, whatever
-/// the numbers are.
+/// Sums of coordinates that wrap around at 32 bits, so that a move there and back ends where it began,
+/// whatever the numbers are.
 namespace korvel::internal {
 
 constexpr int WrappingSum(int a, int b) {

@@ -39,8 +39,8 @@ public:
     bool PtInRegion(CPoint point) const;
     /// The rectangle around it; zero for an empty region.
     CRect GetRgnBox() const;
-    /// Rectangles that do not overlap, from top to bottom and from left to right; those that begin on one line
-    /// also end on one.
+    /// Rectangles that do not overlap, from top to bottom and from left to right; those that begin on one
+    /// line also end on one.
     const std::vector<CRect>& Rectangles() const { return m_rectangles; }
     bool operator==(const CRgn&) const = default;
 

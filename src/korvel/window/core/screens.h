@@ -4,9 +4,9 @@
 
 namespace korvel::internal {
 
-/// The rectangle where it can be seen: as it is when any part of it lies on a screen, else moved by the shortest
-/// way onto the screen that shows most of `near`, or the first one. What is larger than that screen begins at its
-/// upper left corner.
+/// The rectangle where it can be seen: as it is when any part of it lies on a screen, else moved by the
+/// shortest way onto the screen that shows most of `near`, or the first one. What is larger than that screen
+/// begins at its upper left corner.
 CRect OnSomeScreen(const CRect& rect, HWND near);
 
 } // namespace korvel::internal
