@@ -39,10 +39,25 @@ bool CDialog::Create(const char* templateName, CWnd* parent) {
     return CreateModeless(*this, FindDialogTemplate(templateName), parent);
 }
 
-std::intptr_t CDialog::DoModal() {
-    const DialogTemplate* found = m_templateName.empty() ? FindDialogTemplate(m_templateId)
-                                                         : FindDialogTemplate(m_templateName.c_str());
+const DialogTemplate* CDialog::FindTemplate() const {
+    return m_templateName.empty() ? FindDialogTemplate(m_templateId)
+                                  : FindDialogTemplate(m_templateName.c_str());
+}
+
+std::intptr_t CDialog::Run(const DialogTemplate* found) {
     return found && !m_hWnd ? RunModal(*found, ParentWindow(m_parent), AttachTo(*this)) : -1;
+}
+
+std::intptr_t CDialog::DoModal() {
+    return Run(FindTemplate());
+}
+
+std::intptr_t CDialog::DoModalOfLibrary() {
+    const auto find = [this] {
+        const ModuleStateGuard library;
+        return FindTemplate();
+    };
+    return Run(find());
 }
 
 void CDialog::EndDialog(int result) {

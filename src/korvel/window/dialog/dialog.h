@@ -7,6 +7,8 @@
 
 namespace korvel {
 
+struct DialogTemplate;
+
 /// A dialog made of a template (app/dialog_template.h), modal or modeless.
 ///
 ///     class RenameDialog : public CDialog {
@@ -69,6 +71,9 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
+    /// DoModal of a dialog of this library: its template is the library's own, while what the host does
+    /// meanwhile finds the host's module state in force.
+    std::intptr_t DoModalOfLibrary();
     /// The command IDOK: ends the dialog with IDOK.
     virtual void OnOK();
     /// The command IDCANCEL, also of Escape and of the close button: ends the dialog with IDCANCEL.
@@ -76,6 +81,9 @@ protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
 
 private:
+    const DialogTemplate* FindTemplate() const;
+    std::intptr_t Run(const DialogTemplate* found);
+
     UINT m_templateId = 0;
     std::string m_templateName; // empty: the id counts
     CWnd* m_parent = nullptr;
