@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyle>
 
 namespace korvel::internal {
 
@@ -75,8 +76,10 @@ void ButtonPeer::ShowState(const view::ButtonView& state) {
     if (m_button.isCheckable())
         m_button.setChecked(state.check != 0);
     m_button.setIcon(state.picture ? QIcon(QPixmap::fromImage(ToQImage(*state.picture))) : QIcon());
-    if (state.picture)
-        m_button.setIconSize({state.picture->width, state.picture->height});
+    if (state.picture) {
+        const int most = m_button.style()->pixelMetric(QStyle::PM_ButtonIconSize, nullptr, &m_button);
+        m_button.setIconSize(QSize(state.picture->width, state.picture->height).boundedTo(QSize(most, most)));
+    }
 }
 
 void ButtonPeer::OnClicked() {

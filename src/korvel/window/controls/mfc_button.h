@@ -11,8 +11,9 @@ namespace korvel {
 ///     add.SetImage(15016);
 class KORVEL_API CMFCButton : public CButton {
 public:
-    /// Shows the picture with that id (app/find_resource.h: FindPicture), in its own size. False, and no
-    /// picture, when there is none.
+    /// Shows the picture with that id (app/find_resource.h: FindPicture), no larger than the desktop has
+    /// them on its buttons: one of 32 by 32 pixels is sharp at twice the scale, too. False, and no picture, when
+    /// there is none.
     bool SetImage(UINT pictureId);
 };
 
