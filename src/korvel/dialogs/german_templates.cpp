@@ -1,17 +1,11 @@
-// The templates of the library's dialogs in German, which are built in.
-
-#include "korvel/dialogs/edit_code_template.h"
+#include "korvel/dialogs/dialog_layouts.h"
 #include "korvel/window/app/built_in_resources.h"
 
 namespace korvel::internal {
 namespace {
 
-constexpr auto EditCode = EditCodeItems({"Krefail Code:", "$PLACEHOLDER:", "Abbrechen"});
-
-constexpr DialogTemplate Templates[] = {EditCodeTemplate(EditCode)};
-
 [[maybe_unused]] const bool Registered = [] {
-    for (const DialogTemplate& dialog : Templates)
+    for (const DialogTemplate& dialog : CommonDialogs<GermanWords>::Templates)
         AddBuiltIn(dialog);
     return true;
 }();

@@ -1,16 +1,12 @@
 // The language module for English: a shared object of its own, which uses no code of the library.
 
-#include "korvel/dialogs/edit_code_template.h"
+#include "korvel/dialogs/dialog_layouts.h"
 #include "korvel/window/app/resource_module.h"
 
 namespace korvel::internal {
 namespace {
 
-constexpr auto EditCode = EditCodeItems({"Krefail code:", "$PLACEHOLDER:", "Cancel"});
-
-constexpr DialogTemplate Templates[] = {EditCodeTemplate(EditCode)};
-
-constexpr ResourceModule English{Templates, {}};
+constexpr ResourceModule English{CommonDialogs<EnglishWords>::Templates, {}};
 
 } // namespace
 } // namespace korvel::internal

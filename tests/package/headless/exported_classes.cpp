@@ -56,7 +56,7 @@ void UseExportedClasses() {
     UseAll<Error, FileError, UnreadableFile, invalid_operation, platform::SettingValue>();
     UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDialog, CMFCButton, CWaitCursor, CDC, CRgn,
            CImageList, IDisplay>();
-    UseAll<CSelectFolderDlg>();
+    UseAll<CDialogCodeList, CDialogEditCodeList, CSelectFolderDlg>();
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
     UseMember(&platform::SettingValue::AsNumber);
     UseMember(&CDC::LineTo);

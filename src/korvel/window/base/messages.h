@@ -299,6 +299,7 @@ inline constexpr UINT LVS_NOCOLUMNHEADER = 0x4000;
 inline constexpr UINT LVS_EX_GRIDLINES = 0x0001;
 inline constexpr UINT LVS_EX_CHECKBOXES = 0x0004;
 inline constexpr UINT LVS_EX_FULLROWSELECT = 0x0020;
+inline constexpr UINT LVS_EX_LABELTIP = 0x4000; // a tooltip shows a label that is cut off
 inline constexpr UINT LVIF_TEXT = 0x0001;
 inline constexpr UINT LVIF_STATE = 0x0008;
 inline constexpr UINT LVIS_FOCUSED = 0x0001;

@@ -1,0 +1,30 @@
+#pragma once
+
+/// The numbers of the templates, controls and pictures of the common dialogs. Those of controls and pictures
+/// are kept as derived dialogs of hosts use them.
+namespace korvel::internal {
+
+constexpr int CodeListTemplateId = 15058;
+constexpr int CodeListId = 15063;
+constexpr int AddCodesId = 18036;
+constexpr int RemoveCodesId = 18037;
+constexpr int EditCodesId = 18038;
+constexpr int MoveUpCodeId = 15060;
+constexpr int MoveDownCodeId = 15061;
+
+constexpr int AddPicture = 15016;
+constexpr int EditPicture = 15017;
+constexpr int RemovePicture = 15018;
+constexpr int MoveUpPicture = 15019;
+constexpr int MoveDownPicture = 15020;
+
+constexpr int EditCodeListTemplateId = 15059;
+constexpr int CodeEditId = 15064;
+constexpr int ValueEditId = 15065;
+constexpr int CodeLabelId = 15066;
+constexpr int ValueLabelId = 15067;
+
+constexpr int TextTemplateId = 106;
+constexpr int TextEditId = 2110;
+
+} // namespace korvel::internal

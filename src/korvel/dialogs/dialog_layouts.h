@@ -1,0 +1,47 @@
+#pragma once
+
+#include "korvel/dialogs/dialog_ids.h"
+#include "korvel/dialogs/dialog_words.h"
+#include "korvel/window/app/dialog_template.h"
+#include "korvel/window/base/messages.h"
+
+namespace korvel::internal {
+
+/// The dialogs with these words: each language has the same controls at the same places.
+///
+///     CommonDialogs<EnglishWords>::Templates
+template <const DialogWords& Words>
+class CommonDialogs {
+    static constexpr UINT Frame = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    static constexpr UINT Button = WS_TABSTOP | BS_PUSHBUTTON;
+    static constexpr UINT DefaultButton = WS_TABSTOP | BS_DEFPUSHBUTTON;
+    static constexpr UINT Field = WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL;
+    static constexpr UINT List = WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS;
+
+    static constexpr DialogItem CodeList[] = {
+        {"SysListView32", "", CodeListId, List, {7, 7, 326, 130}},
+        {"BUTTON", Words.add, AddCodesId, Button, {7, 142, 65, 16}},
+        {"BUTTON", Words.edit, EditCodesId, Button, {75, 142, 65, 16}},
+        {"BUTTON", Words.remove, RemoveCodesId, Button, {143, 142, 61, 16}},
+        {"BUTTON", Words.moveUp, MoveUpCodeId, Button, {210, 142, 60, 16}},
+        {"BUTTON", Words.moveDown, MoveDownCodeId, Button, {273, 142, 60, 16}},
+        {"BUTTON", Words.ok, IDOK, DefaultButton, {213, 168, 58, 16}},
+        {"BUTTON", Words.cancel, IDCANCEL, Button, {275, 168, 58, 16}},
+    };
+    static constexpr DialogItem EditCodeList[] = {
+        {"STATIC", Words.code, CodeLabelId, 0, {7, 10, 68, 10}},
+        {"EDIT", "", CodeEditId, Field, {79, 7, 150, 14}},
+        {"STATIC", "$PLACEHOLDER:", ValueLabelId, 0, {7, 29, 68, 10}},
+        {"EDIT", "", ValueEditId, Field, {79, 26, 150, 14}},
+        {"BUTTON", Words.ok, IDOK, DefaultButton, {109, 49, 58, 16}},
+        {"BUTTON", Words.cancel, IDCANCEL, Button, {171, 49, 58, 16}},
+    };
+
+public:
+    static constexpr DialogTemplate Templates[] = {
+        {CodeListTemplateId, "", Frame, {0, 0, 340, 191}, CodeList},
+        {EditCodeListTemplateId, "", Frame, {0, 0, 236, 72}, EditCodeList},
+    };
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,37 @@
+#pragma once
+
+namespace korvel::internal {
+
+/// The words of the dialogs in one language, in the library's code page.
+struct DialogWords {
+    const char* add;
+    const char* edit;
+    const char* remove;
+    const char* moveUp;
+    const char* moveDown;
+    const char* code;
+    const char* ok;
+    const char* cancel;
+};
+
+/// In the library itself.
+inline constexpr DialogWords GermanWords = {.add = "Hinzuf\xFCgen",
+                                            .edit = "Bearbeiten",
+                                            .remove = "Entfernen",
+                                            .moveUp = "Nach oben",
+                                            .moveDown = "Nach unten",
+                                            .code = "Krefail Code:",
+                                            .ok = "OK",
+                                            .cancel = "Abbrechen"};
+
+/// In the language module.
+inline constexpr DialogWords EnglishWords = {.add = "Add",
+                                             .edit = "Edit",
+                                             .remove = "Remove",
+                                             .moveUp = "Move up",
+                                             .moveDown = "Move down",
+                                             .code = "Krefail code:",
+                                             .ok = "OK",
+                                             .cancel = "Cancel"};
+
+} // namespace korvel::internal

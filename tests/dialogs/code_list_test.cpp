@@ -1,0 +1,276 @@
+#include "korvel/dialogs/dialog_code_list.h"
+#include "korvel/values/language.h"
+#include "support/dialog_fixture.h"
+
+namespace korvel {
+namespace {
+
+constexpr int List = 15063;
+constexpr int Add = 18036;
+constexpr int Remove = 18037;
+constexpr int Edit = 18038;
+constexpr int MoveUp = 15060;
+constexpr int MoveDown = 15061;
+constexpr int CodeField = 15064;
+constexpr int ValueField = 15065;
+constexpr int ValueLabel = 15067;
+
+class CodeListDialog : public CDialogCodeList {
+public:
+    using CDialogCodeList::CDialogCodeList;
+    using CDialogCodeList::OnMoveDownCode;
+    using CDialogCodeList::OnMoveUpCode;
+
+    std::function<void()> add; // instead of the library's way
+
+    CListCtrl& Rows() { return m_listCodes; }
+    void SelectRow(int row) { m_listCodes.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED); }
+    void Click(int id) { korvel::SendMessageA(GetDlgItem(m_hWnd, id), BM_CLICK, 0, 0); }
+    void OnAddCodes() override { add ? add() : CDialogCodeList::OnAddCodes(); }
+    bool IsOn(int id) const { return korvel::IsWindowEnabled(GetDlgItem(m_hWnd, id)); }
+};
+
+class CodeListTest : public DialogTest {
+protected:
+    CodeListTest() { SetLanguageForThisRun("English"); }
+
+    using Act = std::function<void()>;
+
+    /// Shows `dialog`; each act is done when the dialog, or one that it has shown, is idle.
+    std::intptr_t Run(const std::vector<Act>& acts) {
+        for (const Act& act : acts)
+            display.Then(act);
+        return dialog.DoModal();
+    }
+    Act Click(int id) {
+        return [this, id] { dialog.Click(id); };
+    }
+    Act Select(int row) {
+        return [this, row] { dialog.SelectRow(row); };
+    }
+    Act PressInList(UINT key) {
+        return [this, key] {
+            dialog.Rows().SetFocus();
+            Press(key);
+        };
+    }
+    /// In the dialog for one pair.
+    Act Fill(const CString& code, const CString& value) {
+        return [=] {
+            const HWND shown = korvel::GetParent(GetFocus());
+            SetDlgItemTextA(shown, CodeField, code);
+            SetDlgItemTextA(shown, ValueField, value);
+        };
+    }
+    const Act ok = [this] { Press(VK_RETURN, "\r"); };
+    const Act cancel = [this] { Press(VK_ESCAPE); };
+
+    CodeListDialog dialog{&frame};
+};
+
+TEST_F(CodeListTest, OkTakesWhatTheUserDid) {
+    constexpr SelectionMode::Enum Single = SelectionMode::Single;
+    constexpr SelectionMode::Enum Multiple = SelectionMode::Multiple;
+    constexpr SelectionMode::Enum Neither = static_cast<SelectionMode::Enum>(7);
+    const CString odd = ";a: 1;;b:2;c:3;"; // written otherwise than it is read
+    const CString before = "before";
+    for (const auto& [border, mode, acts, isDirty, list, selected] :
+         Table<SelectionMode::Enum, std::vector<Act>, bool, CString, CString>{
+             {"nothing", Multiple, {}, false, odd, before},
+             {"a row selected", Multiple, {Select(1)}, false, odd, before},
+             {"a row picked", Single, {Select(1), Select(2)}, true, "a: 1;b:2;c:3", "b:2"},
+             {"nothing picked", Single, {Click(Add), cancel}, true, "a: 1;b:2;c:3", before},
+             {"an unknown mode", Neither, {Click(Add), cancel}, true, "a: 1;b:2;c:3", before},
+             {"added",
+              Multiple,
+              {Click(Add), Fill("d", "4"), ok},
+              true,
+              "a: 1;b:2;c:3;d:4",
+              "a: 1;b:2;c:3;d:4"},
+             {"added by key",
+              Multiple,
+              {PressInList(VK_INSERT), Fill("d;", ""), ok},
+              true,
+              "a: 1;b:2;c:3;d;:",
+              "a: 1;b:2;c:3;d;:"},
+             {"added without a change", Multiple, {Click(Add), ok}, true, "a: 1;b:2;c:3", "a: 1;b:2;c:3"},
+             {"adding cancelled",
+              Multiple,
+              {Click(Add), Fill("d", "4"), cancel},
+              true,
+              "a: 1;b:2;c:3",
+              "a: 1;b:2;c:3"},
+             {"the first selected edited",
+              Multiple,
+              {Select(2), Select(1), Click(Edit), Fill("x", "y:z"), ok},
+              true,
+              "a: 1;x:y:z;c:3",
+              "a: 1;x:y:z;c:3"},
+             {"editing cancelled",
+              Multiple,
+              {Select(1), Click(Edit), Fill("x", ""), cancel},
+              true,
+              "a: 1;b:2;c:3",
+              "a: 1;b:2;c:3"},
+             {"two removed", Multiple, {Select(0), Select(2), Click(Remove)}, true, "b:2", "b:2"},
+             {"removed by a button with the focus",
+              Multiple,
+              {Select(1), [this] { SetFocus(GetDlgItem(dialog.m_hWnd, Remove)); },
+               [this] { korvel::SendMessageA(GetFocus(), BM_CLICK, 0, 0); },
+               [this] { EXPECT_EQ(GetFocus(), dialog.Rows().m_hWnd) << "a disabled button hears no key"; }},
+              true,
+              "a: 1;c:3",
+              "a: 1;c:3"},
+             {"removed by key", Multiple, {Select(1), PressInList(VK_DELETE)}, true, "a: 1;c:3", "a: 1;c:3"},
+             {"nothing to remove", Multiple, {PressInList(VK_DELETE)}, false, odd, before},
+             {"the first moved up",
+              Multiple,
+              {Select(0), [this] { dialog.OnMoveUpCode(); }},
+              true,
+              "a: 1;b:2;c:3",
+              "a: 1;b:2;c:3"},
+             {"the last moved down",
+              Multiple,
+              {Select(2), [this] { dialog.OnMoveDownCode(); }},
+              true,
+              "a: 1;b:2;c:3",
+              "a: 1;b:2;c:3"},
+             {"nothing moved",
+              Multiple,
+              {[this] { dialog.OnMoveUpCode(), dialog.OnMoveDownCode(); }},
+              false,
+              odd,
+              before},
+             {"the last moved up",
+              Multiple,
+              {Select(2), Click(MoveUp)},
+              true,
+              "a: 1;c:3;b:2",
+              "a: 1;c:3;b:2"},
+             {"the first moved down",
+              Multiple,
+              {Select(0), Click(MoveDown)},
+              true,
+              "b:2;a: 1;c:3",
+              "b:2;a: 1;c:3"},
+             {"moved down to the end",
+              Multiple,
+              {Select(1), Click(MoveDown)},
+              true,
+              "a: 1;c:3;b:2",
+              "a: 1;c:3;b:2"},
+         }) {
+        SCOPED_TRACE(border);
+        dialog.SetCodeList(odd);
+        dialog.SetSelectedCodes(before);
+        dialog.SetSelectionMode(mode);
+        std::vector<Act> all = acts;
+        all.push_back(ok);
+        EXPECT_EQ(Run(all), IDOK);
+        EXPECT_EQ(dialog.GetIsDirty(), isDirty);
+        EXPECT_EQ(dialog.GetCodeList(), list);
+        EXPECT_EQ(dialog.GetSelectedCodes(), selected);
+    }
+}
+
+TEST_F(CodeListTest, ButtonsFollowTheRowThatChangedLast) {
+    constexpr SelectionMode::Enum Multiple = SelectionMode::Multiple;
+    const auto remove = [this] { dialog.SelectRow(2), dialog.Click(Remove); };
+    for (const auto& [border, mode, list, act, on] : Table<SelectionMode::Enum, CString, Act, CString>{
+             {"at the beginning", Multiple, "a:1;b:2;c:3", [] {}, "add"},
+             {"the first", Multiple, "a:1;b:2;c:3", Select(0), "add edit remove down"},
+             {"one between", Multiple, "a:1;b:2;c:3", Select(1), "add edit remove up down"},
+             {"the last", Multiple, "a:1;b:2;c:3", Select(2), "add edit remove up"},
+             {"the only one", Multiple, "a:1", Select(0), "add edit remove"},
+             {"all, as the last was last", Multiple, "a:1;b:2;c:3", [this] { PressWith(VK_CONTROL, 'A'); },
+              "add edit remove up"},
+             {"another one is still selected", Multiple, "a:1;b:2;c:3",
+              [this] {
+                  dialog.SelectRow(0), dialog.SelectRow(1);
+                  dialog.Rows().SetItemState(1, 0, LVIS_SELECTED);
+              },
+              "add"},
+             {"the selected one is gone", Multiple, "a:1;b:2;c:3", remove, "add"},
+             {"moved, it stays selected", Multiple, "a:1;b:2;c:3",
+              [this] { dialog.SelectRow(2), dialog.OnMoveUpCode(); }, "add edit remove up down"},
+             {"picking", SelectionMode::Single, "a:1;b:2;c:3", Select(1), "add edit remove up down hidden"},
+             {"an unknown mode", static_cast<SelectionMode::Enum>(7), "a:1", [] {}, "add up down"}}) {
+        dialog.SetCodeList(list);
+        dialog.SetSelectionMode(mode);
+        CString found = "add";
+        Run({[&, doIt = act] {
+            doIt();
+            for (const auto& [name, id] :
+                 {std::pair{" edit", Edit}, {" remove", Remove}, {" up", MoveUp}, {" down", MoveDown}})
+                found += dialog.IsOn(id) ? name : "";
+            found += IsWindowVisible(GetDlgItem(dialog.m_hWnd, MoveUp)) ? "" : " hidden";
+            cancel();
+        }});
+        EXPECT_EQ(found, on) << border;
+    }
+}
+
+TEST_F(CodeListTest, SaysWhatItsValuesAre) {
+    for (const auto& [border, type, header, label] : Table<CodeType::Enum, CString, CString>{
+             {"EPSG", CodeType::Epsg, "EPSG code", "EPSG code:"},
+             {"height", CodeType::Height, "Added height value", "Height value:"},
+             {"unknown", static_cast<CodeType::Enum>(-1), "", ":"}}) {
+        dialog.SetCaption("Codes");
+        dialog.SetCodeList("a:1");
+        dialog.SetCodeType(type);
+        Run({[&, title = header, word = label] {
+                 EXPECT_EQ(dialog.GetWindowTextA(), "Codes");
+                 EXPECT_EQ(dialog.Rows().GetColumnTitle(0), "Krefail code");
+                 EXPECT_EQ(dialog.Rows().GetColumnTitle(1), title);
+                 EXPECT_EQ(dialog.Rows().GetItemText(0, 1), "1") << "a value is kept without a title, too";
+                 dialog.SelectRow(0);
+                 dialog.Click(Edit);
+             },
+             [&, word = label] {
+                 const HWND shown = korvel::GetParent(GetFocus());
+                 EXPECT_EQ(korvel::GetWindowTextA(shown), "Edit list entry");
+                 EXPECT_EQ(GetDlgItemTextA(shown, ValueLabel), word);
+                 EXPECT_EQ(GetDlgItemTextA(shown, CodeField), "a");
+                 cancel();
+             },
+             cancel});
+        ASSERT_EQ(dialog.m_hWnd, nullptr) << border;
+    }
+}
+
+TEST_F(CodeListTest, AHostsActionFindsTheHostsOwnDialogs) {
+    constexpr UINT HostsDialog = 300;
+    Have({{HostsDialog, "Choose", Plain, {0, 0, 80, 40}, {}}});
+    dialog.SetCodeList("a:1");
+    dialog.add = [this] {
+        CDialog own(HostsDialog, &dialog);
+        EXPECT_EQ(own.DoModal(), IDCANCEL);
+        dialog.Rows().DeleteAllItems();
+    };
+    EXPECT_EQ(Run({PressInList(VK_INSERT), cancel, ok}), IDOK);
+    EXPECT_EQ(dialog.GetCodeList(), "a:1") << "only what the action called a change is taken";
+}
+
+TEST_F(CodeListTest, TakesAHundredThousandRows) {
+    constexpr int Rows = 100000;
+    CString list;
+    for (int row = 0; row < Rows; ++row)
+        list += std::to_string(row) + ":;;";
+    dialog.SetCodeList(list);
+    EXPECT_EQ(Run({[&] {
+                       EXPECT_EQ(dialog.Rows().GetItemCount(), Rows);
+                       dialog.Rows().SetFocus();
+                       PressWith(VK_CONTROL, 'A');
+                       dialog.OnMoveDownCode();
+                       EXPECT_EQ(dialog.Rows().GetItemText(1, 0), "0");
+                       PressWith(VK_CONTROL, 'A');
+                       dialog.Rows().SetItemState(Rows - 1, 0, LVIS_SELECTED);
+                       Press(VK_DELETE);
+                   },
+                   ok}),
+              IDOK);
+    EXPECT_EQ(dialog.GetCodeList(), std::to_string(Rows - 1) + ":");
+}
+
+} // namespace
+} // namespace korvel
