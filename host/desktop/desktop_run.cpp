@@ -58,6 +58,7 @@ void ExpandAsAsked(GridPane& pane, const Options& options) {
 QImage PictureOf(InspectorWindow& window, const PictureSize& size) {
     QImage picture(size.width, size.height, QImage::Format_RGB32);
     picture.setDevicePixelRatio(window.devicePixelRatioF());
+    picture.fill(window.palette().window().color()); // a window manager may keep the window smaller
     window.render(&picture);
     return picture;
 }

@@ -99,6 +99,7 @@ constexpr Translation Translations[] = {
     {"the system reports error %1", "das System meldet den Fehler %1"},
     {"another file has that name", "eine andere Datei heißt so"},
     {"is a folder", "ist ein Ordner"},
+    {"is no ordinary file", "ist keine gewöhnliche Datei"},
     {"is not a regular file", "ist keine gewöhnliche Datei"},
     {"is larger than 4 GB", "ist größer als 4 GB"},
     {"is empty", "ist leer"},

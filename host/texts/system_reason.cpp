@@ -14,6 +14,8 @@ Message SystemReason(int error) {
         return "no permission";
     case EEXIST:
         return "another file has that name";
+    case EINVAL:
+        return "is no ordinary file";
     case EISDIR:
         return "is a folder";
     case EROFS:

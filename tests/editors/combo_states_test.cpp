@@ -55,6 +55,7 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
         {"opened by a key", drop, Tree, parent, "", "down, right", "-a|  b", "a", "9", "select 1"},
         {"a group twice", drop, Tree, tree, ",1,", "up, double label g", "+g|b", "g", "", ""},
         {"twice on its button", drop, Tree, tree, "", "double button g", "+g|b", "", "", ""},
+        {"no row twice", drop, Tree, tree, "", "double row 8", "+g|b", "", "", ""},
         {"an entry twice", drop, Tree, tree, "", "double label b", "+g|b", "", "-3", ""},
         {"a tree's end: applied", drop, Tree, tree, "", "home, end", "+g|b", "b", "9", "select 2"},
         {"right opens", drop, Tree, tree, "", "down, right, right", "-g|  a|b", "g", "", ""},
@@ -123,19 +124,17 @@ TEST_F(ComboStatesTest, EveryState) {
 }
 
 TEST_F(ComboStatesTest, ARowWhoseSelectionIsRefusedIsNeitherCurrentNorTaken) {
-    frame.refuses = [](const NMLISTVIEW& notice) {
-        return notice.iItem == 1 && (notice.uNewState & LVIS_SELECTED);
-    };
     for (const std::uint32_t flags : {0u, Checks, Tree, Both})
         for (const char* act : {"down", "press row 1", "press check b"}) {
             SCOPED_TRACE(testing::Message() << flags << " " << act);
             TestEnumeration shown({"a", "b"}, flags);
             Show(shown, eDesignTree, ",1,");
+            frame.refuses = [](const NMLISTVIEW& notice) { return notice.uNewState & LVIS_SELECTED; };
             Do(act);
+            frame.refuses = nullptr;
             EXPECT_EQ(Current(), "a");
             EXPECT_EQ(shown.calls.find("2"), CString::npos) << shown.calls;
         }
-    frame.refuses = nullptr;
 }
 
 // A check box alone is counted after the host has selected, one in a tree before.

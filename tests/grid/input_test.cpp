@@ -154,6 +154,25 @@ TEST_F(GridInput, ANodeWhoseMarkIsRefusedKeepsItsOwnWhereItMoves) {
     }
 }
 
+TEST_F(GridInput, AMarkIsKeptWhereAHandlerClosesItsFamilyAndOpensIt) {
+    grid.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    Open(0);
+    Select(grid, 1);
+    const CTreeItem* node = grid.NodeAtRow(1);
+    bool isReady = true;
+    grid.onNotice = [&](const NMLISTVIEW& notice) {
+        if (!((notice.uNewState ^ notice.uOldState) & LVIS_STATEIMAGEMASK) || !std::exchange(isReady, false))
+            return;
+        EXPECT_EQ(node->info->checked, 1);
+        grid.CollapseNode(grid.NodeAtRow(0));
+        grid.ExpandNode(grid.NodeAtRow(0), 0);
+    };
+    Press(grid, VK_SPACE);
+    grid.onNotice = nullptr;
+    EXPECT_FALSE(isReady);
+    ExpectChecked(1, true);
+}
+
 // The list alone would toggle the row with the focus.
 TEST_F(GridInput, SpaceTogglesTheSelectedRowWhereTheFocusIsOnAnother) {
     grid.SetExtendedStyle(LVS_EX_CHECKBOXES);

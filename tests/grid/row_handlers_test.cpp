@@ -92,6 +92,9 @@ TEST_F(RowHandlers, ARowThatIsDroppedMovesWhateverAHandlerDoesMeanwhile) {
          Table<std::function<void()>, Lines>{{"removes another one",
                                               [&] { grid.TakeNode(grid.NodeAtRow(1)); },
                                               {"target|", " a|", " checked|"}},
+                                             {"removes the copy",
+                                              [&] { grid.TakeNode(grid.NodeAtRow(4)); },
+                                              {"checked|", "other|", "target|", " a|"}},
                                              {"throws",
                                               [] { throw std::runtime_error("of a handler"); },
                                               {"other|", "target|", " a|", " checked|"}}}) {

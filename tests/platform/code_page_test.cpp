@@ -106,6 +106,19 @@ TEST(CodePage, BringsEveryTextOfBytesBack) {
     }
 }
 
+TEST(CodePage, BringsTextsOfCharactersBack) {
+    const char32_t critical[] = {'a',  0x81, 0x8D, 0x8F,  0x90,   0x9D,   0xE0,
+                                 0xE4, 0xF6, 0xFF, 0x141, 0x3042, 0x9000, 0x1F600};
+    std::mt19937 random(437);
+    std::uniform_int_distribution<std::size_t> any(0, std::size(critical) - 1);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string utf8;
+        for (std::size_t left = any(random); left > 0; --left)
+            AppendUtf8(utf8, critical[any(random)]);
+        ASSERT_EQ(ToUtf8(FromUtf8(utf8).text), utf8);
+    }
+}
+
 TEST(CodePage, ReadsHostileTextsInOnePass) {
     constexpr std::size_t Many = 200'000; // a cost with the square of it would take minutes
     const std::string quotes = "\x81" + std::string(Many, '\x90') + "\xE0\xE0";

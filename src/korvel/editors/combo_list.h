@@ -61,8 +61,8 @@ public:
     /// high at most, whole rows only, less when there are fewer rows or the screen ends; but three rows,
     /// where there are as many, however near its end is. A fixed height would cut off a row, or leave rows
     /// below the screen that neither keys nor wheel bring up. Until UnIntialize the height follows the rows;
-    /// the current row is visible at first. In a Wayland session, where no window knows its place on the screen, the
-    /// list opens below also where the screen ends.
+    /// the current row is visible at first. In a Wayland session, where no window knows its place on the
+    /// screen, the list opens below also where the screen ends.
     void DropBelow(const CRect& field);
     /// The window that SendParentComboMessage sends to; null: the parent window.
     void SetOwner(CWnd* owner);

@@ -35,6 +35,21 @@ void IGridCtrlComboBoxInputState::OnMouseWheel(UINT flags, short delta, CPoint p
     }
 }
 
+// The row that is current until another one is: handlers may add and remove rows meanwhile.
+struct IGridCtrlComboBoxInputState::FormerRow {
+    explicit FormerRow(IGridCtrlComboBoxInputState& owner)
+        : state(owner), outer(owner.m_former), row(owner.m_nCurrent) {
+        state.m_former = this;
+    }
+    ~FormerRow() { state.m_former = outer; }
+    FormerRow(const FormerRow&) = delete;
+    FormerRow& operator=(const FormerRow&) = delete;
+
+    IGridCtrlComboBoxInputState& state;
+    FormerRow* const outer;
+    int row;
+};
+
 void IGridCtrlComboBoxInputState::OnKeyDown(UINT key, UINT, UINT) {
     if (!m_view)
         return;
@@ -48,15 +63,15 @@ void IGridCtrlComboBoxInputState::OnKeyDown(UINT key, UINT, UINT) {
 }
 
 bool IGridCtrlComboBoxInputState::SetCurrent(int row) {
-    const int former = m_nCurrent;
-    Highlight(former, false);
+    const FormerRow former(*this);
     m_nCurrent = row;
     Highlight(row, true);
-    if (!CurrentItem() || m_view->Control().GetItemState(m_nCurrent, LVIS_SELECTED) != 0)
-        return true;
-    m_nCurrent = former;
-    Highlight(former, true);
-    return false;
+    const bool isTaken = !CurrentItem() || m_view->Control().GetItemState(m_nCurrent, LVIS_SELECTED) != 0;
+    if (!isTaken)
+        m_nCurrent = former.row;
+    if (former.row != m_nCurrent || !isTaken)
+        Highlight(former.row, !isTaken);
+    return isTaken;
 }
 
 void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
@@ -69,15 +84,25 @@ void IGridCtrlComboBoxInputState::Highlight(int row, bool highlighted) {
 }
 
 void IGridCtrlComboBoxInputState::RowsAdded(int first, int count) {
-    if (m_nCurrent >= first)
-        m_nCurrent += count;
+    const auto follow = [=](int& row) {
+        if (row >= first)
+            row += count;
+    };
+    follow(m_nCurrent);
+    for (FormerRow* former = m_former; former; former = former->outer)
+        follow(former->row);
 }
 
 void IGridCtrlComboBoxInputState::RowsRemoved(int first, int count) {
-    if (m_nCurrent >= first + count)
-        m_nCurrent -= count;
-    else if (m_nCurrent >= first)
-        m_nCurrent = -1;
+    const auto follow = [=](int& row) {
+        if (row >= first + count)
+            row -= count;
+        else if (row >= first)
+            row = -1;
+    };
+    follow(m_nCurrent);
+    for (FormerRow* former = m_former; former; former = former->outer)
+        follow(former->row);
 }
 
 void IGridCtrlComboBoxInputState::Detach() {

@@ -86,7 +86,10 @@ private:
     void Highlight(int row, bool highlighted);
 
     internal::ComboView* m_view;
+    struct FormerRow;
+
     int m_nCurrent = -1;
+    FormerRow* m_former = nullptr; // while another row becomes current
 };
 
 } // namespace korvel

@@ -32,6 +32,11 @@ void FollowMark(TreeGridList& list, const TreeRows& tree, int row) {
 
 void ToggleChecks(TreeGridList& list, const TreeRows& tree, int row, const std::function<void()>& toggle) {
     const std::vector<const grid::CTreeItem*> nodes = NodesToggledWith(list, tree, row);
+    // First the nodes, from which a row that goes and comes in between takes its mark.
+    const bool check = !list.GetCheck(row);
+    for (const grid::CTreeItem* node : nodes)
+        if (node)
+            node->info->checked = check;
     const LossWatch rows = tree.Watch();
     FirstFailure failure;
     failure.Try(toggle);

@@ -48,7 +48,7 @@ bool RowKeys::Press(UINT key) {
                    {VK_MULTIPLY, &RowKeys::ExpandAll},
                    {VK_ADD, &RowKeys::Expand},
                    {VK_SUBTRACT, &RowKeys::Collapse},
-                   {VK_SPACE, &RowKeys::ToggleChecks}};
+                   {VK_SPACE, &RowKeys::ToggleMarks}};
     const int number = SelectedRow();
     const RowWatch row(m_tree, number);
     const auto action = std::find_if(std::begin(actions), std::end(actions),
@@ -59,9 +59,9 @@ bool RowKeys::Press(UINT key) {
     return true;
 }
 
-void RowKeys::ToggleChecks(const RowWatch&, int number) {
+void RowKeys::ToggleMarks(const RowWatch&, int number) {
     if (m_list.HasCheckBoxes())
-        internal::ToggleChecks(
+        ToggleChecks(
             m_list, m_tree, number, [&] { m_list.ToggleCheck(number); });
 }
 

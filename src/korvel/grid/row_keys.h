@@ -23,7 +23,7 @@ private:
 
     void MoveColumn(Step step);
     bool StartCellEdit(CListEditCtrl& edit);
-    void ToggleChecks(const RowWatch& first, int number);
+    void ToggleMarks(const RowWatch& first, int number);
     void Delete(const RowWatch& row, int number);
     void ExpandAll(const RowWatch& row, int number);
     void Expand(const RowWatch& row, int number);

@@ -443,9 +443,10 @@ void TreeRows::MoveUnder(CTreeItem* target, CTreeItem* node) {
     const CTreeItem* copy = LinkCopy(target, node);
     if (!copy)
         return;
+    NodeWatch arrived(*this, copy);
     FirstFailure failure;
     failure.Try([&] { Show(copy); });
-    if (moved)
+    if (moved && arrived) // who removes the copy keeps the node
         failure.Try([&] { Remove(node); });
     failure.Rethrow();
 }

@@ -136,19 +136,18 @@ std::uint32_t ReadNumber(const XmlElement& parent, const char* element) {
     return number;
 }
 
-std::string ReadSeparator(const XmlElement& parent, const char* element) {
-    const std::string text = ReadText(parent, element);
-    if (text.size() >= NumberFormat::SeparatorSize)
+void ReadSeparator(const XmlElement& parent, const char* element, NumberFormat& format,
+                   bool (NumberFormat::*set)(std::string_view)) {
+    if (!(format.*set)(ReadText(parent, element)))
         throw XmlSchemaError({"the element %1 holds more than three bytes", {XmlError::Quoted(element)}});
-    return text;
 }
 
 void ReadFields(const XmlElement& element, NumberFormat& format) {
     format.NumDigits = ReadNumber(element, "NumDigits");
     format.LeadingZero = ReadNumber(element, "LeadingZero");
     format.Grouping = ReadNumber(element, "Grouping");
-    format.SetDecimalSep(ReadSeparator(element, "DecimalSep"));
-    format.SetThousandSep(ReadSeparator(element, "ThousandSep"));
+    ReadSeparator(element, "DecimalSep", format, &NumberFormat::SetDecimalSep);
+    ReadSeparator(element, "ThousandSep", format, &NumberFormat::SetThousandSep);
     format.NegativeOrder = ReadNumber(element, "NegativeOrder");
 }
 

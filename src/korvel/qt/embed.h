@@ -19,8 +19,8 @@ namespace korvel::qt {
 ///
 /// The widget belongs to the host. Its destructor first destroys the window, so that everything in it ends as
 /// it does with DestroyWindow; a window that is destroyed before leaves an empty widget. The window's
-/// rectangle is the size hint. What handlers throw while the window moves goes to the exception handler. Parent nothing to the widgets inside. To be called on the thread of the
-/// application.
+/// rectangle is the size hint. What handlers throw while the window moves goes to the exception handler.
+/// Parent nothing to the widgets inside. To be called on the thread of the application.
 ///
 /// \throws Error when no QtDisplay is in force, or `window` is no top-level window
 KORVEL_API QWidget* Embed(HWND window);

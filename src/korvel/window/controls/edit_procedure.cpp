@@ -125,6 +125,7 @@ std::optional<LRESULT> HandleWindow(EditState& edit, UINT message, WPARAM wParam
         NotifyParentCommand(window, EN_SETFOCUS);
         return 0;
     case WM_KILLFOCUS:
+        edit.isUndoLeft = false;
         NotifyParentCommand(window, EN_KILLFOCUS);
         return 0;
     case WM_KEYUP:

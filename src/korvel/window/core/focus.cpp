@@ -1,5 +1,6 @@
 #include "korvel/window/core/focus.h"
 
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_tree.h"
@@ -34,13 +35,15 @@ void TellMove(unsigned move) {
     if (focus.moves != move)
         return;
     const HWND loser = std::exchange(focus.told, nullptr);
-    SendMessageA(loser, WM_KILLFOCUS, reinterpret_cast<WPARAM>(focus.window), 0);
-    if (focus.moves == move && focus.window) {
+    FirstFailure failure;
+    failure.Try([&] { SendMessageA(loser, WM_KILLFOCUS, reinterpret_cast<WPARAM>(focus.window), 0); });
+    if (focus.moves == move && focus.window && !failure) {
         focus.told = focus.window;
-        SendMessageA(focus.window, WM_SETFOCUS, reinterpret_cast<WPARAM>(loser), 0);
+        failure.Try([&] { SendMessageA(focus.window, WM_SETFOCUS, reinterpret_cast<WPARAM>(loser), 0); });
     }
     if (focus.moves == move && Follower())
-        Follower()(focus.window);
+        failure.Try([&] { Follower()(focus.window); });
+    failure.Rethrow();
 }
 
 } // namespace

@@ -159,10 +159,13 @@ void ThreadQueue::End() {
         Release(call);
 }
 
-void GuardedUntilRun(const std::function<void()>& action) {
-    if (const std::exception_ptr failure = FailureOf(action))
-        ThreadQueue::Current()->Post(
-            nullptr, [failure] { std::rethrow_exception(failure); });
+void GuardedUntilRun(const std::function<void()>& action) noexcept {
+    try {
+        if (const std::exception_ptr failure = FailureOf(action))
+            ThreadQueue::Current()->Post(
+                nullptr, [failure] { std::rethrow_exception(failure); });
+    } catch (...) { // there is not even memory to hand it on
+    }
 }
 
 } // namespace korvel::internal
