@@ -15,7 +15,8 @@ TEST(FrameControl, StaysInsideItsRectangleAtAnySize) {
     const HeadlessDisplay display;
     for (const auto& [type, state] :
          {std::pair(DFC_BUTTON, DFCS_BUTTONCHECK | DFCS_CHECKED), std::pair(DFC_BUTTON, DFCS_BUTTONPUSH),
-          std::pair(DFC_SCROLL, DFCS_SCROLLDOWN)})
+          std::pair(DFC_SCROLL, DFCS_SCROLLDOWN), std::pair(DFC_SCROLL, DFCS_SCROLLUP),
+          std::pair(DFC_SCROLL, DFCS_SCROLLLEFT), std::pair(DFC_SCROLL, DFCS_SCROLLRIGHT)})
         for (int side = 0; side < 35 * 35; side += 3) {
             const CRect rect{10, 20, 15 + side % 35, 25 + side / 35};
             for (const PaintCall& call : Draw(rect, type, state)) {

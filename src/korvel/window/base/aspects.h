@@ -11,7 +11,8 @@ enum class Aspect : unsigned {
     State = 16,  // the state of its control: checks, items, limits, selection
     Scroll = 32, // scroll position or extent
     Style = 64,
-    Order = 128, // among the siblings; of a top-level window: it comes to the front
+    Order = 128,   // among the siblings; of a top-level window: it comes to the front
+    Entries = 256, // of a combo box or tab control
 };
 
 /// A set of them.

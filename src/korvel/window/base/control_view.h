@@ -10,7 +10,7 @@ struct Image;
 namespace korvel::view {
 
 /// How a display shows a window: natively, or as a plain surface that input::Paint fills.
-enum class Kind { Painted, List, Edit, Button, Static };
+enum class Kind { Painted, List, Edit, Button, Static, ComboBox, Progress, Slider, Date, Tabs };
 
 /// The sizes between which the user may size a window.
 struct SizeRange {
@@ -47,6 +47,35 @@ struct BarView {
 struct ButtonView {
     int check = 0;                  // 1: checked
     const Image* picture = nullptr; // before the text; lives as long as the button shows it
+};
+
+/// The entries of a combo box, or the tabs of a tab control.
+struct ChoiceView {
+    int count = 0;
+    int current = -1;
+    int rowsInList = 0; // whole rows of the drop-down list
+    bool isDropped = false;
+};
+
+/// Where a progress bar or a slider is.
+struct RangeView {
+    int lower = 0;
+    int upper = 0; // not below `lower`
+    int position = 0;
+    int line = 1; // what an arrow key moves
+    int page = 1;
+    int tick = 1;           // from one mark to the next
+    bool isMarquee = false; // a progress bar that shows no position, only that something goes on
+};
+
+/// A date control; dates are days since 30 December 1899 (platform/calendar.h).
+struct DateView {
+    double date = 0;
+    double first = 0; // the range that the user may choose from
+    double last = 0;
+    bool isNone = false; // it says that there is no date
+    bool isDropped = false;
+    CString picture; // as in platform/regional_settings.h: "dd.MM.yyyy"
 };
 
 } // namespace korvel::view

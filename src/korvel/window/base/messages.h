@@ -221,6 +221,7 @@ inline constexpr int SM_CXEDGE = 45;
 inline constexpr int SM_CYEDGE = 46;
 inline constexpr int SM_CXDOUBLECLK = 36;
 inline constexpr int SM_KORVEL_TEXTHEIGHT = 0x1000; // own: height of a line of the default font
+inline constexpr int SM_KORVEL_TABHEIGHT = 0x1001;  // own: height of a tab
 
 // Edit control.
 inline constexpr UINT ES_MULTILINE = 0x0004;
@@ -276,7 +277,10 @@ inline constexpr UINT DFC_SCROLL = 3;
 inline constexpr UINT DFC_BUTTON = 4;
 inline constexpr UINT DFCS_BUTTONCHECK = 0x0000;
 inline constexpr UINT DFCS_BUTTONPUSH = 0x0010;
+inline constexpr UINT DFCS_SCROLLUP = 0x0000;
 inline constexpr UINT DFCS_SCROLLDOWN = 0x0001;
+inline constexpr UINT DFCS_SCROLLLEFT = 0x0002;
+inline constexpr UINT DFCS_SCROLLRIGHT = 0x0003;
 inline constexpr UINT DFCS_INACTIVE = 0x0100;
 inline constexpr UINT DFCS_PUSHED = 0x0200;
 inline constexpr UINT DFCS_CHECKED = 0x0400;

@@ -16,6 +16,12 @@ public:
     virtual view::EditView Edit() const { return {}; }
     virtual view::ScrollView Scroll() const { return {}; }
     virtual view::ButtonView Button() const { return {}; }
+    virtual view::RangeView Range() const { return {}; }
+    virtual view::ChoiceView Choice() const { return {}; }
+    virtual CString ChoiceText(int /*index*/) const { return {}; }
+    virtual view::DateView Date() const { return {}; }
+    /// What a display shows while the pointer rests at a client point; empty: nothing.
+    virtual CString Tip(CPoint /*point*/) { return {}; }
     /// What scroll bars take from the client area on each side, of a window that has that size inside its
     /// border.
     virtual CRect ClientInsets(CSize /*insideBorder*/) const { return {}; }
@@ -24,6 +30,7 @@ public:
     virtual void Edited(const CString&, int /*selectionStart*/, int /*selectionEnd*/) {}
     virtual void Value(double) {}
     virtual void Scrolled(int /*x*/, int /*row*/) {}
+    virtual void Dropped(bool /*isOpen*/) {}
 };
 
 } // namespace korvel::internal

@@ -61,16 +61,38 @@ void DrawCheckBox(Surface& surface, const CRect& rect, UINT state) {
         DrawTick(surface, box, GetSysColor(look == Look::Inactive ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT));
 }
 
-void DrawDropArrow(Surface& surface, const CRect& rect, UINT state) {
+// The corners of an arrow that points down, from the middle of its tip; the other directions turn it.
+CPoint Turned(CPoint corner, UINT direction) {
+    switch (direction) {
+    case DFCS_SCROLLUP:
+        return {corner.x, -corner.y};
+    case DFCS_SCROLLLEFT:
+        return {-corner.y, corner.x};
+    case DFCS_SCROLLRIGHT:
+        return {corner.y, corner.x};
+    default:
+        return corner;
+    }
+}
+
+void DrawArrow(Surface& surface, const CRect& rect, UINT state) {
     const Look look = LookOf(state);
     DrawButtonFace(surface, rect, look);
+    const UINT direction = state & DFCS_SCROLLRIGHT;
     const int half = std::max(1, std::min(rect.Width(), rect.Height()) / 5);
-    const CPoint tip{rect.left + rect.Width() / 2, rect.top + (rect.Height() + half) / 2};
-    for (const int down : {0, 1})
-        DrawPolyline(
-            surface,
-            {{tip.x - half, tip.y - half + down}, {tip.x, tip.y + down}, {tip.x + half, tip.y - half + down}},
-            SymbolColor(look));
+    const bool isAcross = direction == DFCS_SCROLLLEFT || direction == DFCS_SCROLLRIGHT;
+    const bool isBack = direction == DFCS_SCROLLUP || direction == DFCS_SCROLLLEFT;
+    const int extent = isAcross ? rect.Width() : rect.Height();
+    const int reach = isBack ? extent - 1 - (extent + half) / 2 : (extent + half) / 2;
+    const CPoint tip = isAcross ? CPoint{rect.left + reach, rect.top + rect.Height() / 2}
+                                : CPoint{rect.left + rect.Width() / 2, rect.top + reach};
+    for (const int step : {0, 1}) { // a line of two pixels
+        const auto at = [&](CPoint corner) {
+            const CPoint turned = Turned({corner.x, corner.y + step}, direction);
+            return CPoint{tip.x + turned.x, tip.y + turned.y};
+        };
+        DrawPolyline(surface, {at({-half, -half}), at({0, 0}), at({half, -half})}, SymbolColor(look));
+    }
 }
 
 } // namespace
@@ -82,8 +104,8 @@ void DrawFrameControl(Surface& surface, const CRect& rect, UINT type, UINT state
         DrawButtonFace(surface, rect, LookOf(state));
     else if (type == DFC_BUTTON)
         DrawCheckBox(surface, rect, state);
-    else if (type == DFC_SCROLL && (state & DFCS_SCROLLDOWN))
-        DrawDropArrow(surface, rect, state);
+    else if (type == DFC_SCROLL)
+        DrawArrow(surface, rect, state);
 }
 
 } // namespace korvel::internal

@@ -173,6 +173,11 @@ void Scrolled(HWND window, int x, int row) {
         window, [&](ControlState& control) { control.Scrolled(x, row); });
 }
 
+void Dropped(HWND window, bool isOpen) {
+    ReportToControl(
+        window, [&](ControlState& control) { control.Dropped(isOpen); });
+}
+
 void Placed(HWND window, const CRect& rect) {
     Guarded([&] {
         OnOwner(

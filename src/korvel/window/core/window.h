@@ -76,7 +76,8 @@ KORVEL_API bool IsWindow(HWND window);
 /// Registers a class of windows; nothing without a name or a procedure. A second registration of a name
 /// replaces the first for new windows.
 /// The predefined classes: "KorvelFrame" (a plain top-level window), "#32770" (dialog),
-/// "SysListView32", "SysHeader32", "EDIT", "BUTTON", "STATIC".
+/// "SysListView32", "SysHeader32", "SysTabControl32", "SysDateTimePick32", "msctls_progress32",
+/// "msctls_trackbar32", "msctls_updown32", "EDIT", "RICHEDIT50W", "COMBOBOX", "BUTTON", "STATIC".
 KORVEL_API void RegisterClassA(const char* className, WNDPROC procedure);
 
 // --- messages ---

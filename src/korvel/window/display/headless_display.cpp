@@ -39,9 +39,16 @@ constexpr SystemValue Colors[] = {
 };
 
 constexpr SystemValue Metrics[] = {
-    {SM_CXSCREEN, 1920}, {SM_CYSCREEN, 1080}, {SM_CXVSCROLL, 17},
-    {SM_CYHSCROLL, 17},  {SM_CXHSCROLL, 17},  {SM_CXEDGE, 2},
-    {SM_CYEDGE, 2},      {SM_CXDOUBLECLK, 4}, {SM_KORVEL_TEXTHEIGHT, 16},
+    {SM_CXSCREEN, 1920},
+    {SM_CYSCREEN, 1080},
+    {SM_CXVSCROLL, 17},
+    {SM_CYHSCROLL, 17},
+    {SM_CXHSCROLL, 17},
+    {SM_CXEDGE, 2},
+    {SM_CYEDGE, 2},
+    {SM_CXDOUBLECLK, 4},
+    {SM_KORVEL_TEXTHEIGHT, 16},
+    {SM_KORVEL_TABHEIGHT, 24},
 };
 
 template <std::size_t Count>

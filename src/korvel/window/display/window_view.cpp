@@ -96,4 +96,32 @@ BarView ScrollBar(HWND window, int bar) {
         });
 }
 
+RangeView Range(HWND window) {
+    return AskControl(
+        window, [](const ControlState& control) { return control.Range(); });
+}
+
+ChoiceView Choice(HWND window) {
+    return AskControl(
+        window, [](const ControlState& control) { return control.Choice(); });
+}
+
+CString ChoiceText(HWND window, int index) {
+    return AskControl(
+        window, [=](const ControlState& control) { return control.ChoiceText(index); });
+}
+
+DateView Date(HWND window) {
+    return AskControl(
+        window, [](const ControlState& control) { return control.Date(); });
+}
+
+CString Tip(HWND window, CPoint point) {
+    CString text;
+    Guarded([&] { // a text source may be asked
+        text = AskControl(window, [=](ControlState& control) { return control.Tip(point); });
+    });
+    return text;
+}
+
 } // namespace korvel::view

@@ -36,4 +36,15 @@ KORVEL_API ScrollView Scroll(HWND window);
 /// SB_HORZ or SB_VERT of a window that does not scroll itself. It lies beside the client rectangle.
 KORVEL_API BarView ScrollBar(HWND window, int bar);
 
+KORVEL_API RangeView Range(HWND window);
+
+KORVEL_API ChoiceView Choice(HWND window);
+/// The text of an entry; empty when there is no such entry.
+KORVEL_API CString ChoiceText(HWND window, int index);
+
+KORVEL_API DateView Date(HWND window);
+
+/// The text to show while the pointer rests at a client point; empty: none.
+KORVEL_API CString Tip(HWND window, CPoint point);
+
 } // namespace korvel::view
