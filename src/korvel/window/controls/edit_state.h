@@ -27,6 +27,8 @@ public:
     view::EditView Edit() const override;
     void Edited(const CString& text, int selectionStart, int selectionEnd) override;
 
+    /// Whether the parent wants to hear EN_CHANGE or EN_UPDATE.
+    virtual bool Tells(UINT /*notice*/) const { return true; }
     bool HasStyle(UINT bits) const { return (record.style & bits) != 0; }
 
     WindowRecord& record;

@@ -12,14 +12,19 @@ namespace korvel::internal {
 
 namespace {
 
-void TellChange(EditState& edit) {
-    NotifyParentCommand(edit.record.handle, EN_UPDATE);
-    NotifyParentCommand(edit.record.handle, EN_CHANGE);
+void Tell(const EditState& edit, UINT notice) {
+    if (edit.Tells(notice))
+        NotifyParentCommand(edit.record.handle, notice);
+}
+
+void TellChange(const EditState& edit) {
+    Tell(edit, EN_UPDATE);
+    Tell(edit, EN_CHANGE);
 }
 
 // EN_CHANGE a second time, as in the window model.
 void TellUndone(const EditState& edit) {
-    NotifyParentCommand(edit.record.handle, EN_CHANGE);
+    Tell(edit, EN_CHANGE);
 }
 
 void PutText(EditState& edit, CString text, int anchor, int caret) {
