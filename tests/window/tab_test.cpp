@@ -1,0 +1,119 @@
+#include "korvel/window/controls/tab_ctrl.h"
+#include "support/control_fixture.h"
+
+namespace korvel {
+namespace {
+
+class TabParent : public CWnd {
+public:
+    Codes codes;
+    bool refuses = false;
+    Codes Take() { return std::exchange(codes, {}); }
+
+protected:
+    bool OnNotify(WPARAM, LPARAM lParam, LRESULT* result) override {
+        codes.push_back(reinterpret_cast<const NMHDR*>(lParam)->code);
+        *result = refuses;
+        return true;
+    }
+};
+
+class TabTest : public testing::Test {
+protected:
+    void SetUp() override {
+        SetDisplay(&display);
+        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
+        Make();
+    }
+    void Make() {
+        tabs.DestroyWindow();
+        tabs.Create(WS_CHILD | WS_VISIBLE, {0, 0, 200, 200}, &parent, 9);
+        for (const char* text : {"a", "b", "c"}) // 27 pixels each
+            tabs.InsertItem(99, text);
+        tabs.SetCurSel(1);
+    }
+
+    HeadlessDisplay display;
+    TabParent parent;
+    CTabCtrl tabs;
+};
+
+TEST_F(TabTest, TheCurrentTabStaysWhileOthersComeAndGo) {
+    using Act = std::function<int(CTabCtrl&)>;
+    for (const auto& [border, act, answer, current] : Table<Act, int, int>{
+             {"insert before", [](auto& t) { return t.InsertItem(0, "x"); }, 0, 2},
+             {"insert after", [](auto& t) { return t.InsertItem(2, "x"); }, 2, 1},
+             {"insert below", [](auto& t) { return t.InsertItem(-1, "x"); }, -1, 1},
+             {"insert beyond", [](auto& t) { return t.InsertItem(9, "x"); }, 3, 1},
+             {"delete before", [](auto& t) { return t.DeleteItem(0); }, 1, 0},
+             {"delete it", [](auto& t) { return t.DeleteItem(1); }, 1, -1},
+             {"delete no tab", [](auto& t) { return t.DeleteItem(3); }, 0, 1},
+             {"delete all", [](auto& t) { return t.DeleteAllItems(); }, 1, -1},
+             {"none", [](auto& t) { return t.SetCurSel(-1); }, 1, -1},
+             {"beyond", [](auto& t) { return t.SetCurSel(3); }, -1, 1},
+             {"the first again", [](auto& t) { return t.DeleteAllItems() + t.InsertItem(5, "x"); }, 1, 0}}) {
+        Make();
+        EXPECT_EQ(act(tabs), answer) << border;
+        EXPECT_EQ(tabs.GetCurSel(), current) << border;
+        EXPECT_EQ(parent.Take(), Codes()) << border;
+    }
+}
+
+TEST_F(TabTest, TheUserAsksBeforeATabIsTaken) {
+    const Codes taken{TCN_SELCHANGING, TCN_SELCHANGE};
+    const auto press = [this](UINT key) {
+        return [=, this] { input::Key(tabs.m_hWnd, WM_KEYDOWN, key, {}); };
+    };
+    const auto click = [this](int x, int y) {
+        return [=, this] { input::Mouse(tabs.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {x, y}); };
+    };
+    for (const auto& [border, refuses, act, current, codes] : Table<bool, std::function<void()>, int, Codes>{
+             {"right", false, press(VK_RIGHT), 2, taken},
+             {"left", false, press(VK_LEFT), 0, taken},
+             {"refused", true, press(VK_LEFT), 1, {TCN_SELCHANGING}},
+             {"end", false, press(VK_END), 2, taken},
+             {"a click", false, click(60, 10), 2, taken},
+             {"the current one", false, click(53, 10), 1, {}},
+             {"the first pixel", false, click(0, 0), 0, taken},
+             {"right of all", false, click(81, 10), 1, {}},
+             {"the page", false, click(10, 24), 1, {}},
+             {"a native one", false, [this] { input::Value(tabs.m_hWnd, 2); }, 2, taken},
+             {"no tab", false, [this] { input::Value(tabs.m_hWnd, 3); }, 1, {}}}) {
+        Make();
+        parent.refuses = refuses;
+        act();
+        EXPECT_EQ(tabs.GetCurSel(), current) << border;
+        EXPECT_EQ(parent.Take(), codes) << border;
+    }
+    Make();
+    for (int i = 0; i < 2; ++i)
+        press(VK_RIGHT)();
+    EXPECT_EQ(tabs.GetCurSel(), 2) << "the last one is the end";
+}
+
+TEST_F(TabTest, ThePageLiesBelowTheTabs) {
+    const CRect window{10, 20, 200, 300};
+    CRect page = window;
+    tabs.AdjustRect(false, page);
+    EXPECT_EQ(page, (CRect{14, 48, 196, 296}));
+    tabs.AdjustRect(true, page);
+    EXPECT_EQ(page, window);
+}
+
+TEST_F(TabTest, TextsAreCutToTheRoomThatIsGiven) {
+    tabs.SetItemText(0, "\x81\xE2\xE1 long");
+    char text[4] = "xyz";
+    TCITEM item;
+    item.mask = TCIF_TEXT;
+    item.pszText = text;
+    for (const auto& [border, room, expected] : Table<int, const char*>{
+             {"none", 0, "xyz"}, {"no half of a character", 3, ""}, {"one", 4, "\x81\xE2\xE1"}}) {
+        item.cchTextMax = room;
+        tabs.SendMessageA(TCM_GETITEM, 0, reinterpret_cast<LPARAM>(&item));
+        EXPECT_STREQ(text, expected) << border;
+    }
+    EXPECT_EQ(tabs.GetItemText(0), "\x81\xE2\xE1 long");
+}
+
+} // namespace
+} // namespace korvel
