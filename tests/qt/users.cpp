@@ -19,6 +19,7 @@ Qt::Key ToQtKey(UINT key) {
         {VK_BACK, Qt::Key_Backspace}, {VK_DELETE, Qt::Key_Delete}, {VK_LEFT, Qt::Key_Left},
         {VK_DOWN, Qt::Key_Down},      {VK_END, Qt::Key_End},       {VK_RETURN, Qt::Key_Return},
         {VK_SPACE, Qt::Key_Space},    {VK_TAB, Qt::Key_Tab},       {VK_ESCAPE, Qt::Key_Escape},
+        {VK_UP, Qt::Key_Up},          {VK_F4, Qt::Key_F4},
     };
     const auto found = keys.find(key);
     return found != keys.end() ? found->second : static_cast<Qt::Key>(key); // letters and digits are the same

@@ -64,6 +64,9 @@ int SystemMetric(int index) {
         return DoubleClickReach;
     case SM_KORVEL_TEXTHEIGHT:
         return QFontMetrics(QApplication::font()).height();
+    case SM_KORVEL_TABHEIGHT:
+        return QFontMetrics(QApplication::font()).height() +
+               QApplication::style()->pixelMetric(QStyle::PM_TabBarTabVSpace);
     default:
         return 0;
     }

@@ -1,11 +1,18 @@
 #include "korvel/qt/make_peer.h"
 
 #include "korvel/qt/button_peer.h"
+#include "korvel/qt/combo_box_peer.h"
+#include "korvel/qt/date_peer.h"
 #include "korvel/qt/line_edit_peer.h"
 #include "korvel/qt/list_peer.h"
 #include "korvel/qt/peer_context.h"
+#include "korvel/qt/progress_peer.h"
 #include "korvel/qt/scrolled_peer.h"
+#include "korvel/qt/simple_combo_peer.h"
+#include "korvel/qt/slider_peer.h"
+#include "korvel/qt/tab_peer.h"
 #include "korvel/qt/text_edit_peer.h"
+#include "korvel/window/base/control_messages.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
@@ -31,6 +38,12 @@ Peer& MakeButton(PeerContext& context, HWND window, QWidget* parent) {
     }
 }
 
+Peer& MakeComboBox(PeerContext& context, HWND window, QWidget* parent) {
+    if ((view::Style(window) & CBS_TYPEMASK) <= CBS_SIMPLE)
+        return *new SimpleComboPeer(context, window, parent);
+    return *new ComboBoxPeer(context, window, parent);
+}
+
 Peer& MakeChild(PeerContext& context, HWND window, QWidget* parent) {
     switch (view::KindOf(window)) {
     case view::Kind::Edit:
@@ -41,6 +54,16 @@ Peer& MakeChild(PeerContext& context, HWND window, QWidget* parent) {
         return MakeButton(context, window, parent);
     case view::Kind::Static:
         return *new LabelPeer(context, window, parent);
+    case view::Kind::ComboBox:
+        return MakeComboBox(context, window, parent);
+    case view::Kind::Progress:
+        return *new ProgressPeer(context, window, parent);
+    case view::Kind::Date:
+        return *new DatePeer(context, window, parent);
+    case view::Kind::Slider:
+        return *new SliderPeer(context, window, parent);
+    case view::Kind::Tabs:
+        return *new TabPeer(context, window, parent);
     default:
         return MakePainted(context, window, parent);
     }

@@ -10,8 +10,10 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QShortcutEvent>
+#include <QToolTip>
 
 namespace korvel::internal {
 
@@ -177,6 +179,8 @@ bool Peer::OnEvent(QWidget& widget, QEvent& event) {
         return false;
     case QEvent::ContextMenu:
         return OnContextMenu(event);
+    case QEvent::ToolTip:
+        return ShowTip(static_cast<QHelpEvent&>(event));
     default:
         return false;
     }
@@ -211,6 +215,18 @@ bool Peer::OnContextMenu(QEvent& event) {
         return false; // it has a menu of its own
     if (static_cast<QContextMenuEvent&>(event).reason() == QContextMenuEvent::Keyboard)
         PostMessageA(m_window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(m_window), MAKELPARAM(-1, -1));
+    return true;
+}
+
+bool Peer::ShowTip(const QHelpEvent& event) {
+    const QPoint point = m_content.mapFromGlobal(event.globalPos());
+    const QString text = ToQString(view::Tip(m_window, FromQPoint(point)));
+    if (text.isEmpty())
+        return false;
+    // Qt would take a text with brackets for one with marks.
+    QToolTip::showText(event.globalPos(),
+                       QStringLiteral("<p style='white-space:pre'>%1</p>").arg(text.toHtmlEscaped()),
+                       &m_content);
     return true;
 }
 

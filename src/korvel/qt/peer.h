@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QWidget>
 
+class QHelpEvent;
 class QKeyEvent;
 class QShortcutEvent;
 
@@ -14,7 +15,7 @@ namespace korvel::internal {
 struct PeerContext;
 
 constexpr Aspects EveryAspect = Aspect::Rectangle | Aspect::Visible | (Aspect::Enabled | Aspect::Text) |
-                                (Aspect::State | Aspect::Scroll) | Aspect::Style;
+                                (Aspect::State | Aspect::Scroll) | (Aspect::Style | Aspect::Entries);
 
 /// Shows one window with a widget, and filters the events of that widget. It keeps nothing of the window: it
 /// reads what it shows, and reports what the user does.
@@ -78,6 +79,7 @@ private:
     bool OnAccessKey(const QShortcutEvent& event);
     bool OnKey(QKeyEvent& event);
     bool OnContextMenu(QEvent& event);
+    bool ShowTip(const QHelpEvent& event);
     void LeaveFocusToParent();
     void Leave();
 

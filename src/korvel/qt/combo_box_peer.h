@@ -1,0 +1,30 @@
+#pragma once
+
+#include "korvel/qt/peer.h"
+
+namespace korvel::internal {
+
+class ChoiceModel;
+class ComboBoxWidget;
+
+/// A combo box that drops its list, which is Qt's own popup. A text field in it is a child with a peer of its
+/// own. Keys are the window's, but for those of the open list.
+class ComboBoxPeer final : public Peer {
+public:
+    ComboBoxPeer(PeerContext& context, HWND window, QWidget* parent);
+    void Apply(Aspects aspects) override;
+
+protected:
+    bool OnEvent(QWidget& widget, QEvent& event) override;
+
+private:
+    ComboBoxPeer(PeerContext& context, HWND window, ComboBoxWidget& box);
+    void FollowList();
+    void ReportClosing();
+
+    ComboBoxWidget& m_box;
+    ChoiceModel& m_entries;
+    bool m_isListShown = false; // as far as the window knows
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,70 @@
+#include "korvel/qt/slider_peer.h"
+
+#include "korvel/window/base/control_messages.h"
+#include "korvel/window/core/input.h"
+#include "korvel/window/core/window.h"
+#include "korvel/window/display/window_view.h"
+
+#include <QEvent>
+#include <QScopedValueRollback>
+#include <QSlider>
+#include <limits>
+
+namespace korvel::internal {
+
+namespace {
+
+constexpr int TicksAtTheEnds = std::numeric_limits<int>::max();
+
+QSlider::TickPosition TicksOf(UINT style) {
+    if (style & TBS_NOTICKS)
+        return QSlider::NoTicks;
+    if (style & TBS_BOTH)
+        return QSlider::TicksBothSides;
+    return style & TBS_TOP ? QSlider::TicksAbove : QSlider::TicksBelow;
+}
+
+} // namespace
+
+SliderPeer::SliderPeer(PeerContext& context, HWND window, QWidget* parent)
+    : SliderPeer(context, window, *new QSlider(parent)) {}
+
+SliderPeer::SliderPeer(PeerContext& context, HWND window, QSlider& slider)
+    : Peer(context, window, slider, slider), m_slider(slider) {
+    connect(
+        &m_slider, &QSlider::valueChanged, this, [this] { Report(); });
+}
+
+void SliderPeer::Apply(Aspects aspects) {
+    Peer::Apply(aspects);
+    if (aspects & Aspect::Enabled)
+        m_slider.setEnabled(view::IsSwitchedOn(Window()));
+    if (!(aspects & (Aspect::State | Aspect::Style)))
+        return;
+    const QScopedValueRollback showing(m_isShowing, true);
+    const view::RangeView range = view::Range(Window());
+    const UINT style = view::Style(Window());
+    m_slider.setOrientation(style & TBS_VERT ? Qt::Vertical : Qt::Horizontal);
+    m_slider.setInvertedAppearance((style & TBS_VERT) != 0); // its lower end is at the top
+    m_slider.setRange(range.lower, range.upper);
+    m_slider.setSingleStep(range.line);
+    m_slider.setPageStep(range.page);
+    m_slider.setTickPosition(TicksOf(style));
+    m_slider.setTickInterval(style & TBS_AUTOTICKS ? range.tick : TicksAtTheEnds);
+    m_slider.setValue(range.position);
+}
+
+// The signal also comes for what Apply sets, which is no news.
+void SliderPeer::Report() {
+    if (m_isShowing || !Window())
+        return;
+    const Busy busy(*this);
+    input::Value(Window(), m_slider.value());
+}
+
+// A wheel over a slider without the focus is meant for what scrolls around it.
+bool SliderPeer::OnEvent(QWidget& widget, QEvent& event) {
+    return Peer::OnEvent(widget, event) || (event.type() == QEvent::Wheel && GetFocus() != Window());
+}
+
+} // namespace korvel::internal

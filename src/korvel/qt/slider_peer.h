@@ -1,0 +1,26 @@
+#pragma once
+
+#include "korvel/qt/peer.h"
+
+class QSlider;
+
+namespace korvel::internal {
+
+/// A slider. Keys are the window's; the mouse is the widget's.
+class SliderPeer final : public Peer {
+public:
+    SliderPeer(PeerContext& context, HWND window, QWidget* parent);
+    void Apply(Aspects aspects) override;
+
+protected:
+    bool OnEvent(QWidget& widget, QEvent& event) override;
+
+private:
+    SliderPeer(PeerContext& context, HWND window, QSlider& slider);
+    void Report();
+
+    QSlider& m_slider;
+    bool m_isShowing = false;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,252 @@
+#include "korvel/platform/calendar.h"
+#include "korvel/window/controls/combo_box.h"
+#include "korvel/window/controls/date_time_ctrl.h"
+#include "korvel/window/controls/progress_ctrl.h"
+#include "korvel/window/controls/rich_edit_ctrl.h"
+#include "korvel/window/controls/slider_ctrl.h"
+#include "korvel/window/controls/tab_ctrl.h"
+#include "qt/users.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QLineEdit>
+#include <QListView>
+#include <QProgressBar>
+#include <QSlider>
+#include <QTabBar>
+#include <QTest>
+
+namespace korvel::test {
+
+namespace {
+
+// The parent of controls on a desktop, which keeps their notices.
+class Listener : public CWnd {
+public:
+    std::vector<UINT> codes;
+    bool refuses = false;
+    std::vector<UINT> Take() { return std::exchange(codes, {}); }
+
+protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_HSCROLL || message == WM_VSCROLL)
+            codes.push_back(LOWORD(wParam));
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+    bool OnCommand(WPARAM wParam, LPARAM) override {
+        codes.push_back(HIWORD(wParam));
+        return true;
+    }
+    bool OnNotify(WPARAM, LPARAM lParam, LRESULT* result) override {
+        codes.push_back(reinterpret_cast<const NMHDR*>(lParam)->code);
+        *result = refuses;
+        return true;
+    }
+};
+
+class Controls : public testing::Test {
+protected:
+    using Codes = std::vector<UINT>;
+
+    Controls() {
+        m_frame.CreateEx(0, "KorvelFrame", "Controls", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {40, 40, 440, 340},
+                         nullptr, 0);
+        Activate();
+    }
+    // The offscreen platform does so by itself neither at first nor after a popup.
+    void Activate() {
+        QWidget* top = m_user.Widget(m_frame.m_hWnd);
+        QApplication::processEvents();
+        top->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(top));
+    }
+    void Press(UINT key, const CString& characters = {}) { m_user.Key(key, characters); }
+    template <class Widget>
+    Widget& WidgetOf(const CWnd& control) {
+        auto* widget = qobject_cast<Widget*>(m_user.Widget(control.m_hWnd));
+        EXPECT_NE(widget, nullptr);
+        return *widget;
+    }
+    void MakeBox(UINT style) {
+        m_box.DestroyWindow();
+        m_box.Create(WS_CHILD | WS_VISIBLE | style, {10, 10, 150, 130}, &m_frame, 1);
+        for (const char* text : {"one", "two", "three"})
+            m_box.AddString(text);
+        m_box.SetCurSel(0);
+        Activate();
+        m_box.SetFocus();
+        m_frame.Take();
+    }
+
+    QtUser m_user;
+    Listener m_frame;
+    CComboBox m_box;
+};
+
+TEST_F(Controls, TheListOfAComboBoxIsQtsAndTellsTheSame) {
+    for (const UINT style : {CBS_DROPDOWN, CBS_DROPDOWNLIST})
+        for (const auto& [border, key, current, codes] : Table<Qt::Key, int, Codes>{
+                 {"taken", Qt::Key_Return, 1, {CBN_SELENDOK, CBN_CLOSEUP, CBN_SELCHANGE}},
+                 {"left", Qt::Key_Escape, 0, {CBN_SELENDCANCEL, CBN_CLOSEUP}}}) {
+            SCOPED_TRACE(border);
+            MakeBox(style);
+            auto& box = WidgetOf<QComboBox>(m_box);
+            const HWND focus = GetFocus();
+            Press(VK_F4);
+            ASSERT_TRUE(QTest::qWaitFor([&] { return box.view()->isVisible(); }));
+            EXPECT_EQ(m_frame.Take(), Codes{CBN_DROPDOWN});
+            QTest::keyClick(box.view(), Qt::Key_Down);
+            QTest::keyClick(box.view(), key);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return !m_box.GetDroppedState(); }));
+            EXPECT_EQ(m_frame.Take(), codes);
+            EXPECT_EQ(m_box.GetCurSel(), current);
+            EXPECT_EQ(box.currentIndex(), current);
+            EXPECT_FALSE(box.view()->isVisible());
+            EXPECT_EQ(GetFocus(), focus);
+        }
+}
+
+TEST_F(Controls, AComboBoxOpensAndClosesWithItsWindow) {
+    MakeBox(CBS_DROPDOWNLIST);
+    auto& box = WidgetOf<QComboBox>(m_box);
+    m_user.Click(m_box.m_hWnd, {120, 8});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return box.view()->isVisible(); }));
+    EXPECT_EQ(m_frame.Take(), Codes{CBN_DROPDOWN});
+    m_box.ShowDropDown(false);
+    EXPECT_FALSE(box.view()->isVisible());
+    m_box.ResetContent();
+    EXPECT_EQ(box.count(), 0);
+    m_box.ShowDropDown();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !m_box.GetDroppedState(); })) << "Qt shows no empty list";
+    m_box.ShowDropDown();
+    m_box.DestroyWindow(); // while its report of that is under way
+    QApplication::processEvents();
+}
+
+TEST_F(Controls, AKeyOfTheFieldMovesInTheListAndIsTypedOnce) {
+    MakeBox(CBS_DROPDOWN);
+    auto* line = qobject_cast<QLineEdit*>(m_user.Widget(GetFocus()));
+    ASSERT_NE(line, nullptr);
+    Press(VK_DOWN);
+    EXPECT_EQ(line->text(), QStringLiteral("two"));
+    EXPECT_EQ(m_frame.Take(), (Codes{CBN_SELENDOK, CBN_SELCHANGE}));
+    Press('X', "x");
+    EXPECT_EQ(m_box.GetWindowTextA(), "x") << "the text was selected";
+    EXPECT_EQ(m_frame.Take(), (Codes{CBN_EDITUPDATE, CBN_EDITCHANGE}));
+    MakeBox(CBS_SIMPLE);
+    auto& list = WidgetOf<QListView>(m_box);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                      list.visualRect(list.model()->index(2, 0)).center());
+    EXPECT_EQ(m_box.GetWindowTextA(), "three");
+}
+
+TEST_F(Controls, BarAndSliderShowTheirRange) {
+    CProgressCtrl bar;
+    bar.Create(WS_CHILD | WS_VISIBLE, {10, 10, 150, 30}, &m_frame, 1);
+    bar.SetRange32(-2000000000, 2000000000);
+    bar.SetPos(0);
+    auto& shown = WidgetOf<QProgressBar>(bar);
+    EXPECT_EQ(shown.value() * 2, shown.maximum());
+    bar.ModifyStyle(0, PBS_MARQUEE);
+    bar.SetMarquee(true);
+    EXPECT_EQ(shown.maximum(), 0);
+    bar.ModifyStyle(PBS_MARQUEE, 0);
+    EXPECT_EQ(shown.value() * 2, shown.maximum());
+
+    CSliderCtrl slider;
+    slider.Create(WS_CHILD | WS_VISIBLE, {10, 40, 150, 70}, &m_frame, 2);
+    slider.SetRange(10, 30);
+    slider.SetPos(20);
+    auto& widget = WidgetOf<QSlider>(slider);
+    EXPECT_EQ(widget.value(), 20);
+    EXPECT_EQ(m_frame.Take(), Codes()) << "a program tells nothing";
+    slider.SetFocus();
+    Press(VK_DOWN);
+    EXPECT_EQ(widget.value(), 21);
+    EXPECT_EQ(m_frame.Take(), (Codes{TB_LINEDOWN, TB_ENDTRACK}));
+    QTest::mousePress(&widget, Qt::LeftButton, {}, widget.rect().center());
+    widget.setValue(25); // as dragging does
+    QTest::mouseRelease(&widget, Qt::LeftButton, {}, widget.rect().center());
+    EXPECT_EQ(slider.GetPos(), widget.value());
+    const Codes told = m_frame.Take();
+    ASSERT_GE(told.size(), 3u);
+    EXPECT_EQ(Codes(told.end() - 2, told.end()), (Codes{TB_THUMBPOSITION, TB_ENDTRACK}));
+}
+
+TEST_F(Controls, ADateIsChangedInItsWidget) {
+    CDateTimeCtrl date;
+    date.Create(WS_CHILD | WS_VISIBLE | DTS_SHOWNONE, {10, 10, 200, 36}, &m_frame, 1);
+    date.SetFormat("yyyy-MM-dd 'at' h");
+    date.SetTime({2026, 3, 0, 4, 5});
+    auto& edit = WidgetOf<QDateTimeEdit>(date);
+    EXPECT_EQ(edit.text(), QStringLiteral("2026-03-04 at 5"));
+    EXPECT_EQ(m_frame.Take(), Codes());
+    date.SetFocus();
+    edit.setSelectedSection(QDateTimeEdit::DaySection);
+    Press(VK_UP);
+    SYSTEMTIME time;
+    date.GetTime(time);
+    EXPECT_EQ(time, (SYSTEMTIME{2026, 3, 4, 5, 5}));
+    EXPECT_EQ(m_frame.Take(), Codes{DTN_DATETIMECHANGE});
+
+    Press(VK_F4);
+    QWidget* calendar = edit.calendarWidget()->window();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return calendar->isVisible(); }));
+    date.CloseMonthCal();
+    EXPECT_FALSE(calendar->isVisible());
+    EXPECT_EQ(m_frame.Take(), (Codes{DTN_DROPDOWN, DTN_CLOSEUP}));
+    EXPECT_EQ(GetFocus(), date.m_hWnd);
+
+    auto* box = edit.findChild<QCheckBox*>();
+    ASSERT_NE(box, nullptr);
+    QTest::mouseClick(box, Qt::LeftButton, {}, {8, box->height() / 2});
+    EXPECT_EQ(date.GetTime(time), GDT_NONE);
+    Activate();
+    date.SetFocus();
+    Press(VK_SPACE, " ");
+    EXPECT_EQ(date.GetTime(time), GDT_VALID);
+    EXPECT_TRUE(box->isChecked());
+}
+
+TEST_F(Controls, ATabThatIsRefusedIsNotShown) {
+    CTabCtrl tabs;
+    tabs.Create(WS_CHILD | WS_VISIBLE, {10, 10, 300, 200}, &m_frame, 1);
+    for (const char* text : {"one", "two"})
+        tabs.InsertItem(9, text);
+    auto& bar = WidgetOf<QTabBar>(tabs);
+    const Codes taken{TCN_SELCHANGING, TCN_SELCHANGE};
+    for (const auto& [border, refuses, current, codes] :
+         Table<bool, int, Codes>{{"refused", true, 0, {TCN_SELCHANGING}}, {"taken", false, 1, taken}}) {
+        m_frame.refuses = refuses;
+        QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(1).center());
+        EXPECT_EQ(tabs.GetCurSel(), current) << border;
+        EXPECT_EQ(bar.currentIndex(), current) << border;
+        EXPECT_EQ(m_frame.Take(), codes) << border;
+    }
+    CRect page = tabs.GetClientRect();
+    tabs.AdjustRect(false, page);
+    EXPECT_GE(page.top, bar.tabRect(0).bottom());
+}
+
+TEST_F(Controls, ARichEditChangesOneByteForOneLetter) {
+    CRichEditCtrl edit;
+    edit.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, {10, 10, 300, 200}, &m_frame, 1);
+    edit.SetEventMask(ENM_CHANGE);
+    const CString text = "one\ntwo\r\nthree\rfour\r\r\n\n";
+    edit.SetWindowTextA(text);
+    edit.SetFocus();
+    edit.SetSel(5, 6);
+    m_frame.Take();
+    Press('W', "W");
+    CString changed = text;
+    changed[5] = 'W';
+    EXPECT_EQ(edit.GetWindowTextA(), changed);
+    EXPECT_EQ(m_frame.Take(), Codes{EN_CHANGE});
+}
+
+} // namespace
+
+} // namespace korvel::test
