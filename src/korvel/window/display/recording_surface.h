@@ -13,9 +13,10 @@ public:
     std::vector<PaintCall> calls;
 
     void Fill(const CRect& rect, COLORREF color) override { Add(PaintCall::Kind::Fill, rect, color); }
-    void Text(const CString& text, const CRect& rect, COLORREF color, UINT) override {
+    void Text(const CString& text, const CRect& rect, COLORREF color, UINT format) override {
         Add(PaintCall::Kind::Text, rect, color);
         calls.back().text = text;
+        calls.back().format = format;
     }
     void Line(CPoint from, CPoint to, COLORREF color, LinePattern) override {
         Add(PaintCall::Kind::Line, {from.x, from.y, to.x, to.y}, color);
@@ -31,7 +32,7 @@ public:
 
 private:
     void Add(PaintCall::Kind kind, const CRect& rect, COLORREF color) {
-        calls.push_back({kind, rect, color, {}, {}});
+        calls.push_back({kind, rect, color, {}, {}, 0});
     }
 };
 

@@ -90,8 +90,7 @@ void PaintHeader(Header header, CDC& dc) {
         CRect text{left, client.top, right, client.bottom};
         text.DeflateRect(CellTextInset, 0);
         if (!text.Intersected(dc.GetClipBox()).IsRectEmpty())
-            dc.DrawText(header.list.columns[column].title, text,
-                        DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
+            dc.DrawText(header.list.columns[column].title, text, header.list.columns.DrawFormat(column));
         dc.FillSolidRect({right - 1, client.top, right, client.bottom}, shadow);
     }
     dc.FillSolidRect({client.left, client.bottom - 1, client.right, client.bottom}, shadow);

@@ -30,6 +30,18 @@ void ListColumns::SetWidth(int column, int width) {
     m_columns[column].width = std::clamp(width, 0, WidestContent);
 }
 
+UINT ListColumns::DrawFormat(int column) const {
+    constexpr UINT Line = DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
+    switch (column == 0 ? LVCFMT_LEFT : m_columns[column].format & LVCFMT_JUSTIFYMASK) {
+    case LVCFMT_RIGHT:
+        return DT_RIGHT | Line;
+    case LVCFMT_CENTER:
+        return DT_CENTER | Line;
+    default:
+        return DT_LEFT | Line;
+    }
+}
+
 int ListColumns::Left(int column) const {
     int left = 0;
     for (int i = 0; i < std::min(column, Count()); ++i)

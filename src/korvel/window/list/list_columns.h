@@ -3,6 +3,7 @@
 #include "korvel/window/base/messages.h"
 #include "korvel/window/base/types.h"
 
+#include <utility>
 #include <vector>
 
 namespace korvel::internal {
@@ -27,6 +28,10 @@ public:
     int Insert(int column, ListColumn content);
     void Erase(int column) { m_columns.erase(m_columns.begin() + column); }
     void SetWidth(int column, int width);
+    void SetTitle(int column, CString title) { m_columns[column].title = std::move(title); }
+    void SetFormat(int column, int format) { m_columns[column].format = format; }
+    /// How the text of a column is drawn (DT_*). The texts of column 0 always begin at its left.
+    UINT DrawFormat(int column) const;
 
     /// With the number of columns: where the content ends.
     int Left(int column) const;

@@ -62,11 +62,20 @@ void PressSpace(ListState& list) {
                       IsKeyDown(VK_CONTROL) ? SelectionChange::Toggle : SelectionChange::Replace);
 }
 
+void Activate(ListState& list) {
+    FollowedRow row(list, list.focusRow);
+    Notify(list, NM_RETURN);
+    if (row.IsThere())
+        NotifyRow(list, LVN_ITEMACTIVATE, row.row);
+}
+
 } // namespace
 
 bool PressKey(ListState& list, UINT key) {
     NotifyKey(list, key);
     const auto target = TargetOf(list, key);
+    if (key == VK_RETURN)
+        return Activate(list), false; // a dialog may want the key too
     if (key == VK_SPACE)
         PressSpace(list);
     else if (key == VK_LEFT || key == VK_RIGHT)

@@ -73,6 +73,8 @@ void DoubleClick(ListState& list, UINT flags, CPoint point) {
     Press(list, MK_LBUTTON, flags, hit, point);
     list.press = {};
     NotifyRow(list, NM_DBLCLK, pressed.row, std::max(hit.column, 0), point);
+    if (pressed.IsThere() && hit.flags != LVHT_ONITEMSTATEICON)
+        NotifyRow(list, LVN_ITEMACTIVATE, pressed.row, std::max(hit.column, 0), point);
 }
 
 void MovePointer(ListState& list, UINT flags, CPoint point) {

@@ -1,6 +1,7 @@
 #include "korvel/window/list/list_paint.h"
 
 #include "korvel/window/core/dc.h"
+#include "korvel/window/core/display.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_metrics.h"
 #include "korvel/window/list/list_rows.h"
@@ -61,7 +62,7 @@ void PaintCell(const ListState& list, int row, int column, const RowColors& colo
         return;
     const bool onMark = colors.isMarked && (column == 0 || list.HasExtendedStyle(LVS_EX_FULLROWSELECT));
     dc.SetTextColor(colors.isMarked && !onMark ? GetSysColor(COLOR_WINDOWTEXT) : colors.text);
-    dc.DrawText(TextOf(list, row, column), text, DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
+    dc.DrawText(TextOf(list, row, column), text, list.columns.DrawFormat(column));
 }
 
 void PaintRow(const ListState& list, int row, CDC& dc) {
@@ -105,6 +106,18 @@ void PaintGridLines(const ListState& list, CDC& dc) {
 }
 
 } // namespace
+
+// A label that does not fit is shown whole beside the pointer.
+CString ListState::Tip(CPoint point) {
+    const ListHit hit = HasExtendedStyle(LVS_EX_LABELTIP) ? HitTest(*this, point) : ListHit();
+    if (!rows.Has(hit.row) || hit.flags != LVHT_ONITEMLABEL)
+        return {};
+    const CSize client = ClientSize(*this);
+    const CRect label =
+        PartsOfCell(*this, hit.row, hit.column).label.Intersected({0, 0, client.cx, client.cy});
+    CString text = TextOf(*this, hit.row, hit.column);
+    return Display().TextWidth(text) > label.Width() - 2 * CellTextInset ? text : CString();
+}
 
 void PaintList(ListState& list, CDC& dc) {
     dc.FillSolidRect(dc.GetClipBox(), BackgroundOf(list));

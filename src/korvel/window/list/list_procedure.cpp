@@ -2,6 +2,7 @@
 #include "korvel/window/core/window_class.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_header.h"
+#include "korvel/window/list/list_item_messages.h"
 #include "korvel/window/list/list_keyboard.h"
 #include "korvel/window/list/list_label_edit.h"
 #include "korvel/window/list/list_mouse.h"
@@ -153,7 +154,7 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
 
 LRESULT ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (const ControlOf<ListState> list(window); list) {
-        for (const auto handle : {HandleWindow, HandleMouse, HandleListMessage})
+        for (const auto handle : {HandleWindow, HandleMouse, HandleListMessage, HandleItemMessage})
             if (const auto answer = handle(*list, message, wParam, lParam))
                 return *answer;
     }

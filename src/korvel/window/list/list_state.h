@@ -53,6 +53,7 @@ public:
     view::ScrollView Scroll() const override;
     CRect ClientInsets(CSize insideBorder) const override;
     void Scrolled(int x, int row) override;
+    CString Tip(CPoint point) override;
 
     HWND Handle() const { return record.handle; }
     bool HasStyle(UINT bits) const { return (record.style & bits) != 0; }

@@ -47,6 +47,28 @@ struct LVITEMSTATE {
     UINT stateMask = 0;
 };
 
+/// What LVM_INSERTITEM, LVM_GETITEM, LVM_SETITEM, LVM_GETITEMTEXT and LVM_SETITEMTEXT carry (lParam).
+struct LVITEM {
+    UINT mask = 0; // LVIF_*: the fields that count
+    int iItem = 0;
+    int iSubItem = 0;
+    UINT state = 0;
+    UINT stateMask = 0;
+    char* pszText = nullptr; // only read by the messages that set
+    int cchTextMax = 0;      // bytes at pszText, for the messages that get
+    int iImage = -1;
+    LPARAM lParam = 0;
+    int iIndent = 0;
+};
+
+/// What LVM_INSERTCOLUMN and LVM_SETCOLUMN carry (lParam).
+struct LVCOLUMN {
+    UINT mask = 0; // LVCF_*
+    int fmt = LVCFMT_LEFT;
+    int cx = 0;
+    char* pszText = nullptr; // only read
+};
+
 /// What a row is made of. A row with many columns takes its further texts in `subItems`
 /// (entry i belongs to column i + 1).
 struct ListRow {
