@@ -2,13 +2,16 @@
 
 #include "desktop/inspector_window.h"
 #include "desktop/picture_file.h"
+#include "desktop/window_place.h"
 #include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/screen.h"
 #include "korvel/platform/store_problem.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/values/language.h"
+#include "korvel/window/app/app.h"
 #include "program/run_settings.h"
+#include "program/settings_keys.h"
 #include "texts/messages.h"
 #include "texts/program_texts.h"
 
@@ -114,14 +117,33 @@ public:
     StoreProblemBoxes& operator=(const StoreProblemBoxes&) = delete;
 };
 
+// Names the inspector to the library, whose dialogs belong to its window.
+class NamedHost {
+public:
+    explicit NamedHost(InspectorWindow& window) {
+        m_app.m_pszAppName = HostName;
+        m_app.m_pMainWnd = &window.Pane();
+        SetHostApp(&m_app);
+    }
+    ~NamedHost() { SetHostApp(nullptr); }
+    NamedHost(const NamedHost&) = delete;
+    NamedHost& operator=(const NamedHost&) = delete;
+
+private:
+    CWinApp m_app;
+};
+
 int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::string& notice) {
     const StoreProblemBoxes boxes(window);
+    RestorePlace(window);
     window.show();
     if (!notice.empty())
         window.Warn(notice);
     if (!options.file.empty() && window.OpenOrWarn(options.file))
         ExpandAsAsked(window.Pane(), options);
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    KeepPlace(window);
+    return status;
 }
 
 } // namespace
@@ -152,6 +174,7 @@ int RunOnDesktop(const Options& options, const TakenFormats& formats) {
     SetDisplay(&display);
     InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0), options.encoding},
                            formats.hasUnitOfFile);
+    const NamedHost host(window);
     if (!picture)
         return ShowUntilClosed(window, options, formats.notice);
     WritePicture(window, options);

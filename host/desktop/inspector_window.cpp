@@ -5,6 +5,8 @@
 #include "korvel/qt/embed.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/window/core/display.h"
+#include "program/document_dialogs.h"
+#include "program/recent_files.h"
 #include "source/document_error.h"
 #include "texts/program_texts.h"
 
@@ -16,6 +18,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLocale>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
@@ -82,12 +85,8 @@ InspectorWindow::~InspectorWindow() {
 
 void InspectorWindow::MakeMenus() {
     const ProgramTexts& texts = TheProgramTexts;
-    QMenu* file = menuBar()->addMenu(QString::fromUtf8(texts.fileMenu.Utf8()));
-    QAction* open = file->addAction(QString::fromUtf8(texts.open.Utf8()), this, [this] { ChooseFile(); });
-    open->setShortcut(QKeySequence::Open);
-    file->addSeparator();
-    QAction* quit = file->addAction(QString::fromUtf8(texts.quit.Utf8()), this, [this] { close(); });
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    MakeFileMenu();
+    MakeDocumentMenu();
     QMenu* view = menuBar()->addMenu(QString::fromUtf8(texts.viewMenu.Utf8()));
     m_listsAction = view->addAction(QString::fromUtf8(texts.lists.Utf8()), this,
                                     [this] { Try([this] { ShowLists(); }); });
@@ -95,6 +94,44 @@ void InspectorWindow::MakeMenus() {
     m_listsAction->setEnabled(false);
     QMenu* help = menuBar()->addMenu(QString::fromUtf8(texts.helpMenu.Utf8()));
     help->addAction(QString::fromUtf8(texts.about.Utf8()), this, [this] { ShowAbout(); });
+}
+
+void InspectorWindow::MakeFileMenu() {
+    const ProgramTexts& texts = TheProgramTexts;
+    QMenu* file = menuBar()->addMenu(QString::fromUtf8(texts.fileMenu.Utf8()));
+    QAction* open = file->addAction(QString::fromUtf8(texts.open.Utf8()), this, [this] { ChooseFile(); });
+    open->setShortcut(QKeySequence::Open);
+    m_recentMenu = file->addMenu(QString::fromUtf8(texts.recentFiles.Utf8()));
+    connect(file, &QMenu::aboutToShow, this, [this] { ListRecentFiles(); });
+    file->addSeparator();
+    QAction* quit = file->addAction(QString::fromUtf8(texts.quit.Utf8()), this, [this] { close(); });
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+}
+
+void InspectorWindow::ListRecentFiles() {
+    m_recentMenu->clear();
+    for (const std::string& path : RecentFiles()) {
+        QString label = QFile::decodeName(path.c_str());
+        label.replace(QLatin1Char('&'), QLatin1String("&&"));
+        const int number = static_cast<int>(m_recentMenu->actions().size()) + 1;
+        m_recentMenu->addAction(QStringLiteral("&%1  %2").arg(number).arg(label), this,
+                                [this, path] { OpenRecent(path); });
+    }
+    m_recentMenu->setEnabled(!m_recentMenu->isEmpty());
+}
+
+void InspectorWindow::OpenRecent(const std::string& path) {
+    if (!OpenOrWarn(path) && !QFileInfo::exists(QFile::decodeName(path.c_str())))
+        RemoveRecentFile(path);
+}
+
+void InspectorWindow::MakeDocumentMenu() {
+    const ProgramTexts& texts = TheProgramTexts;
+    m_documentMenu = menuBar()->addMenu(QString::fromUtf8(texts.documentMenu.Utf8()));
+    m_documentMenu->setEnabled(false);
+    m_documentMenu->addAction(
+        QString::fromUtf8(texts.codes.Utf8()), this,
+        [this] { Try([this] { EditCodes(*m_document, m_file, *m_pane); }); });
 }
 
 void InspectorWindow::Open(const std::string& path) {
@@ -108,11 +145,16 @@ void InspectorWindow::Open(const std::string& path) {
         SetAngleUnit(m_document->OwnAngleUnit());
     m_pane->Show(m_document->Root());
     m_listsAction->setEnabled(true);
+    m_documentMenu->setEnabled(true);
+    m_file = path;
     ShowStatus(path);
 }
 
 bool InspectorWindow::OpenOrWarn(const std::string& path) {
-    return Try([&] { Open(path); });
+    return Try([&] {
+        Open(path);
+        AddRecentFile(path);
+    });
 }
 
 void InspectorWindow::Warn(const std::string& text) {

@@ -12,6 +12,7 @@
 
 class QAction;
 class QLabel;
+class QMenu;
 class QStackedWidget;
 
 namespace korvel::inspector {
@@ -38,6 +39,10 @@ protected:
 
 private:
     void MakeMenus();
+    void MakeFileMenu();
+    void MakeDocumentMenu();
+    void ListRecentFiles();
+    void OpenRecent(const std::string& path);
     /// The part of its screen that is free for windows with their frames.
     QRect Room() const;
     void ShowBox(QMessageBox::Icon icon, const QString& text);
@@ -53,6 +58,9 @@ private:
     std::unique_ptr<LandXmlDocument> m_document; // outlives the grid that shows it
     std::unique_ptr<GridPane> m_pane;
     std::unique_ptr<ListsWindow> m_lists; // of the open document, made when first asked for
+    std::string m_file;                   // the open document
+    QMenu* m_recentMenu = nullptr;
+    QMenu* m_documentMenu = nullptr; // for what needs a document
     QAction* m_listsAction = nullptr;
     QStackedWidget* m_pages = nullptr;
     QLabel* m_status = nullptr;
