@@ -72,6 +72,6 @@ private:
 
 /// Guarded (core/uncaught.h) for where no exception may leave: what the handler does not take comes out of
 /// the next Run of the calling thread.
-void GuardedUntilRun(const std::function<void()>& action) noexcept;
+KORVEL_API void GuardedUntilRun(const std::function<void()>& action) noexcept;
 
 } // namespace korvel::internal
