@@ -14,7 +14,7 @@ struct PaintCall {
     COLORREF color = 0;
     CString text;
     std::vector<CRect> region; // of a clip by a region, which lies in `rect`
-    UINT format = 0; // DT_*, of a text
+    UINT format = 0;           // DT_*, of a text
 };
 
 } // namespace korvel
