@@ -121,9 +121,9 @@ TEST_F(DlgState, ARecordIsAppliedAsFarAsItIsOne) {
          SettingValue::Binary(Bytes({9000, 9000, 19000, 19000})),
          {1920, 0, 11920, 10000}},
         {"reversed: no size", SettingValue::Binary(Bytes({340, 250, 40, 50})), {1920, 250, 1920, 250}},
-        {"as far as numbers go",
+        {"as far as numbers go: no window is larger",
          SettingValue::Binary(Bytes({Lowest, Lowest, Highest, Highest})),
-         {-(1 << 24), -(1 << 24), 1 << 24, 1 << 24}},
+         {-(1 << 24), -(1 << 24), 0, 0}},
     };
     display.SetScreens({{0, 0, 1920, 1080}, {1920, 0, 3200, 1024}});
     for (const auto& [name, value, expected] : rows) {
