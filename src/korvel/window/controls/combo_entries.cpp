@@ -18,55 +18,73 @@ bool Matches(const CString& text, const CString& folded, ComboEntries::Match mat
 
 } // namespace
 
-ComboEntries::Place ComboEntries::PlaceOf(int index) const {
-    auto offset = static_cast<std::size_t>(index);
-    std::size_t block = 0;
-    while (block + 1 < m_blocks.size() && offset >= m_blocks[block].size())
-        offset -= m_blocks[block++].size();
-    return {block, offset};
+PrefixSums::Place ComboEntries::PlaceOf(int index) const {
+    if (index < m_size)
+        return m_index.Find(index);
+    return {static_cast<int>(m_blocks.size()) - 1, static_cast<int>(m_blocks.back().size())};
+}
+
+void ComboEntries::InsertBlock(int at, Block block) {
+    m_index.Reserve(static_cast<int>(m_blocks.size()) + 1);
+    m_blocks.insert(m_blocks.begin() + at, std::move(block));
+    RebuildIndex();
+}
+
+void ComboEntries::RebuildIndex() {
+    m_index.Rebuild(
+        static_cast<int>(m_blocks.size()),
+        [&](int block) { return static_cast<int>(m_blocks[block].size()); });
 }
 
 ComboEntry& ComboEntries::operator[](int index) {
-    const Place place = PlaceOf(index);
-    return m_blocks[place.block][place.offset];
+    const PrefixSums::Place place = PlaceOf(index);
+    return m_blocks[place.entry][place.offset];
 }
 
 const ComboEntry& ComboEntries::operator[](int index) const {
-    const Place place = PlaceOf(index);
-    return m_blocks[place.block][place.offset];
+    const PrefixSums::Place place = PlaceOf(index);
+    return m_blocks[place.entry][place.offset];
 }
 
 void ComboEntries::Insert(int index, CString text) {
     if (m_blocks.empty())
-        m_blocks.emplace_back();
-    Place place = PlaceOf(index);
-    if (m_blocks[place.block].size() >= LargestBlock) {
+        InsertBlock(0, {});
+    PrefixSums::Place place = PlaceOf(index);
+    if (m_blocks[place.entry].size() >= LargestBlock) {
         // At the end a new block begins, so that entries that are appended fill theirs.
-        const std::size_t kept = index == m_size ? LargestBlock : LargestBlock / 2;
-        const auto added = m_blocks.emplace(m_blocks.begin() + static_cast<std::ptrdiff_t>(place.block) + 1);
-        Block& full = m_blocks[place.block];
-        const auto middle = full.begin() + static_cast<std::ptrdiff_t>(kept);
-        added->assign(std::make_move_iterator(middle), std::make_move_iterator(full.end()));
-        full.erase(middle, full.end());
-        if (place.offset > kept || kept == LargestBlock)
-            place = {place.block + 1, place.offset - kept};
+        const int kept = static_cast<int>(index == m_size ? LargestBlock : LargestBlock / 2);
+        Block tail;
+        tail.reserve(LargestBlock - kept + 1);
+        InsertBlock(place.entry + 1, std::move(tail));
+        Block& full = m_blocks[place.entry];
+        Block& added = m_blocks[place.entry + 1];
+        std::move(full.begin() + kept, full.end(), std::back_inserter(added));
+        full.resize(kept);
+        RebuildIndex();
+        if (place.offset > kept || index == m_size)
+            place = {place.entry + 1, place.offset - kept};
     }
-    Block& block = m_blocks[place.block];
-    block.insert(block.begin() + static_cast<std::ptrdiff_t>(place.offset), {std::move(text)});
+    Block& block = m_blocks[place.entry];
+    block.insert(block.begin() + place.offset, {std::move(text)});
+    m_index.Add(place.entry, 1);
     ++m_size;
 }
 
 void ComboEntries::Erase(int index) {
-    const Place place = PlaceOf(index);
-    Block& block = m_blocks[place.block];
-    block.erase(block.begin() + static_cast<std::ptrdiff_t>(place.offset));
-    if (block.empty())
-        m_blocks.erase(m_blocks.begin() + static_cast<std::ptrdiff_t>(place.block));
+    const PrefixSums::Place place = PlaceOf(index);
+    Block& block = m_blocks[place.entry];
+    block.erase(block.begin() + place.offset);
+    m_index.Add(place.entry, -1);
+    if (block.empty()) {
+        m_blocks.erase(m_blocks.begin() + place.entry);
+        RebuildIndex();
+    }
     --m_size;
 }
 
 void ComboEntries::Clear() {
     m_blocks.clear();
+    RebuildIndex();
     m_size = 0;
 }
 

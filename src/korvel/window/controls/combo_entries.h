@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/window/base/prefix_sums.h"
 #include "korvel/window/base/types.h"
 
 #include <vector>
@@ -21,7 +22,7 @@ public:
     ComboEntry& operator[](int index);
     const ComboEntry& operator[](int index) const;
 
-    /// From 0 to Size().
+    /// From 0 to Size(). When memory ends, nothing has changed.
     void Insert(int index, CString text);
     void Erase(int index);
     void Clear();
@@ -35,14 +36,14 @@ public:
 
 private:
     using Block = std::vector<ComboEntry>;
-    struct Place {
-        std::size_t block;
-        std::size_t offset;
-    };
-    /// Of an entry, or of the end.
-    Place PlaceOf(int index) const;
 
-    std::vector<Block> m_blocks; // none is empty
+    /// Of an entry, or of the end.
+    PrefixSums::Place PlaceOf(int index) const;
+    void InsertBlock(int at, Block block);
+    void RebuildIndex();
+
+    std::vector<Block> m_blocks; // none is empty but a first one
+    PrefixSums m_index;          // of their sizes
     int m_size = 0;
 };
 
