@@ -170,12 +170,10 @@ TEST_F(DialogKeyboardTest, AKeyThatEndsTheDialogIsTheLastOneItHears) {
 }
 
 TEST(AccessKeys, AreTheLettersAfterASingleMark) {
-    for (const auto& [text, key] : std::vector<std::pair<const char*, char>>{{"&Open", 'o'},
-                                                                             {"Save && &Exit", 'e'},
-                                                                             {"&&", 0},
-                                                                             {"Save &", 0},
-                                                                             {"plain", 0},
-                                                                             {"\xC4&\xC4", '\xE4'}})
+    const std::vector<std::pair<const char*, const char*>> cases = {{"&Open", "o"}, {"Save && &Exit", "e"},
+                                                                    {"&&", ""},     {"Save &", ""},
+                                                                    {"plain", ""},  {"\xC4&\xC4", "\xE4"}};
+    for (const auto& [text, key] : cases)
         EXPECT_EQ(internal::AccessKeyOf(text), key) << text;
 }
 

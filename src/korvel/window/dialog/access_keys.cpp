@@ -1,6 +1,6 @@
 #include "korvel/window/dialog/access_keys.h"
 
-#include "korvel/window/base/name_compare.h"
+#include "korvel/platform/code_page.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/dialog/dialog_focus.h"
 #include "korvel/window/dialog/dialog_state.h"
@@ -9,13 +9,6 @@
 
 namespace korvel::internal {
 namespace {
-
-// Letters of code page 1252 that have a small one 0x20 further on.
-char LowerOf(char letter) {
-    const auto byte = static_cast<unsigned char>(letter);
-    const bool isAccented = byte >= 0xC0 && byte <= 0xDE && byte != 0xD7;
-    return isAccented ? static_cast<char>(byte + 0x20) : LowerLetter(letter);
-}
 
 void CollectReachable(HWND dialog, std::vector<HWND>& controls) {
     const RecordRef record = Find(dialog);
@@ -35,7 +28,7 @@ LRESULT CodeOf(HWND control) {
     return SendMessageA(control, WM_GETDLGCODE, 0, 0);
 }
 
-bool HasAccessKey(HWND control, char key) {
+bool HasAccessKey(HWND control, const CString& key) {
     const LRESULT code = CodeOf(control);
     const bool isLabel = (code & DLGC_STATIC) != 0;
     const bool isPlain =
@@ -56,12 +49,12 @@ void Activate(HWND dialog, HWND control, bool isOnlyOne) {
 
 } // namespace
 
-char AccessKeyOf(const CString& text) {
+CString AccessKeyOf(const CString& text) {
     for (std::size_t at = text.find('&'); at != CString::npos && at + 1 < text.size();
          at = text.find('&', at + 2))
         if (text[at + 1] != '&')
-            return LowerOf(text[at + 1]);
-    return 0;
+            return platform::FoldCase(text.substr(at + 1, platform::NextCharacter(text, at + 1) - at - 1));
+    return {};
 }
 
 bool PressAccessKey(HWND dialog, char key) {
@@ -70,7 +63,8 @@ bool PressAccessKey(HWND dialog, char key) {
     const auto focus = std::ranges::find(controls, GetFocus());
     if (focus != controls.end())
         std::rotate(controls.begin(), focus + 1, controls.end());
-    std::erase_if(controls, [&](HWND control) { return !HasAccessKey(control, LowerOf(key)); });
+    const CString folded = platform::FoldCase(CString(1, key));
+    std::erase_if(controls, [&](HWND control) { return !HasAccessKey(control, folded); });
     if (controls.empty())
         return false;
     Activate(dialog, controls.front(), controls.size() == 1);
