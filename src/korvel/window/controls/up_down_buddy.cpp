@@ -137,7 +137,8 @@ void SetBuddy(UpDownState& control, HWND buddy) {
     if (!Find(buddy)) // gone, or of another thread
         return;
     AlignAt(control, buddy);
-    HookKeys(buddy, control.record.handle);
+    if (Find(buddy)) // a handler of its new size may have ended it
+        HookKeys(buddy, control.record.handle);
 }
 
 std::optional<int> ReadBuddy(const UpDownState& control) {
