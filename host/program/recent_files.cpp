@@ -16,8 +16,11 @@ using platform::SettingValue;
 
 constexpr const char* ValueName = "RecentFiles"; // absolute paths, each ended by a zero byte
 
+// As it is where the current folder has gone.
 std::string Absolute(const std::string& file) {
-    return std::filesystem::absolute(file).lexically_normal().string();
+    std::error_code failure;
+    const std::filesystem::path path = std::filesystem::absolute(file, failure);
+    return failure ? file : path.lexically_normal().string();
 }
 
 std::vector<std::string> ListWithout(const std::string& path) {
