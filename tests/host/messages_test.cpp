@@ -10,9 +10,10 @@
 namespace korvel::inspector {
 namespace {
 
-// A process speaks one language: this test is the only one of its program that chooses one.
+// A process speaks one language: whichever tests of this program choose one choose German.
 TEST(Messages, AreInTheLanguageOfTheProcess) {
-    ASSERT_TRUE(SetLanguageForThisRun("German"));
+    SetLanguageForThisRun("German");
+    ASSERT_EQ(GetLanguageName(), "German");
     EXPECT_EQ(Say({"the element %1 is closed by %2", {"'a'", "'%1'"}}),
               "das Element 'a' wird von '%1' geschlossen");
     EXPECT_EQ(Say({"a sentence of tomorrow on %1", {"'a'"}}), "a sentence of tomorrow on 'a'");

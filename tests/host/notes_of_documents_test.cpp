@@ -25,7 +25,7 @@ using platform::SettingValue;
 
 class DocumentNotesTest : public DialogTest {
 protected:
-    DocumentNotesTest() { SetLanguageForThisRun("English"); }
+    DocumentNotesTest() { SetLanguageForThisRun("German"); }
 
     std::string Write(const std::string& content) {
         const std::string path = m_store.Path() / "plan.xml";
