@@ -60,9 +60,10 @@ GridPane::GridPane() : m_grid(nullptr, nullptr) {
 
 void GridPane::Show(IMemberDispatch& root) {
     m_grid.Clear();
-    m_grid.DivideWidth();
+    m_grid.DivideWidth(); // the widths that the columns begin with
     const ProgramTexts& texts = TheProgramTexts;
     m_grid.Initialize(&root, InCodePage(texts.name), InCodePage(texts.value), 0);
+    m_grid.DivideWidth(); // the rows may have brought a scroll bar
     Select(0);
     m_grid.SetFocus();
 }

@@ -122,6 +122,12 @@ TEST_F(InspectorWindowTest, ValuesTakeTheWidthThatNamesLeave) {
     EXPECT_NEAR(share(900), 70, 1) << "as the user has divided them";
     drag(2000);
     EXPECT_NEAR(share(510), 90, 1) << "a wide name column does not take the values away";
+
+    m_window->resize(510, 80);
+    OpenSample();
+    EXPECT_GT(Grid().GetItemCount(), Grid().GetCountPerPage());
+    EXPECT_EQ(Grid().GetColumnWidth(0) + Grid().GetColumnWidth(1), Grid().GetClientRect().Width())
+        << "beside the scroll bar that the rows have brought";
 }
 
 TEST_F(InspectorWindowTest, OpensWhatIsDroppedOnIt) {
