@@ -16,6 +16,7 @@ class CommonDialogs {
     static constexpr UINT Button = WS_TABSTOP | BS_PUSHBUTTON;
     static constexpr UINT DefaultButton = WS_TABSTOP | BS_DEFPUSHBUTTON;
     static constexpr UINT Field = WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL;
+    static constexpr UINT Lines = WS_TABSTOP | WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_WANTRETURN;
     static constexpr UINT List = WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_SHOWSELALWAYS;
 
     static constexpr DialogItem CodeList[] = {
@@ -36,11 +37,17 @@ class CommonDialogs {
         {"BUTTON", Words.ok, IDOK, DefaultButton, {109, 49, 58, 16}},
         {"BUTTON", Words.cancel, IDCANCEL, Button, {171, 49, 58, 16}},
     };
+    static constexpr DialogItem Text[] = {
+        {"RICHEDIT50W", "", TextEditId, Lines, {7, 7, 286, 150}},
+        {"BUTTON", Words.ok, IDOK, DefaultButton, {173, 164, 58, 16}},
+        {"BUTTON", Words.cancel, IDCANCEL, Button, {235, 164, 58, 16}},
+    };
 
 public:
     static constexpr DialogTemplate Templates[] = {
         {CodeListTemplateId, "", Frame, {0, 0, 340, 191}, CodeList},
         {EditCodeListTemplateId, "", Frame, {0, 0, 236, 72}, EditCodeList},
+        {TextTemplateId, "", Frame, {0, 0, 300, 187}, Text},
     };
 };
 

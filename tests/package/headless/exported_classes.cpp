@@ -57,7 +57,7 @@ void UseExportedClasses() {
     UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDialog, CMFCButton, CWaitCursor, CDC, CRgn,
            CImageList, IDisplay>();
     UseAll<CComboBox, CDateTimeCtrl, CProgressCtrl, CRichEditCtrl, CSliderCtrl, CSpinButtonCtrl, CTabCtrl>();
-    UseAll<CDialogCodeList, CDialogEditCodeList, CSelectFolderDlg>();
+    UseAll<CDialogCodeList, CDialogEditCodeList, CDialogText, CSelectFolderDlg>();
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
     UseMember(&platform::SettingValue::AsNumber);
     UseMember(&CDC::LineTo);

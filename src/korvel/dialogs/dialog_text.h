@@ -1,0 +1,42 @@
+#pragma once
+
+#include "korvel/window/controls/rich_edit_ctrl.h"
+#include "korvel/window/dialog/dialog.h"
+
+namespace korvel {
+
+/// Edits a text of several lines.
+///
+///     CDialogText dialog(&frame);
+///     dialog.SetCaption("Description");
+///     dialog.SetText("Axis 3\nfrom the bridge");
+///     if (dialog.DoModal() == IDOK && dialog.GetIsDirty())
+///         Store(dialog.GetText());
+///
+/// Nothing but what the user has changed becomes another byte: line ends that he leaves alone stay what they are,
+/// and a line that he types ends with "\r\n".
+class KORVEL_API CDialogText : public CDialog {
+public:
+    explicit CDialogText(CWnd* parent = nullptr);
+
+    std::intptr_t DoModal() override;
+
+    /// True when the user has changed something, also after Cancel.
+    virtual const bool& GetIsDirty() const;
+    virtual const std::string& GetText() const;
+    virtual void SetCaption(const std::string& caption);
+    virtual void SetText(const std::string& text);
+
+    BOOL OnInitDialog() override;
+
+protected:
+    void OnOK() override;
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override;
+
+    bool m_isDirty = false;
+    std::string m_caption;
+    std::string m_text;
+    CRichEditCtrl m_editText;
+};
+
+} // namespace korvel
