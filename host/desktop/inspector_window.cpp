@@ -129,8 +129,11 @@ void InspectorWindow::MakeDocumentMenu() {
     const ProgramTexts& texts = TheProgramTexts;
     m_documentMenu = menuBar()->addMenu(QString::fromUtf8(texts.documentMenu.Utf8()));
     m_documentMenu->setEnabled(false);
-    m_documentMenu->addAction(QString::fromUtf8(texts.codes.Utf8()), this,
-                              [this] { Try([this] { EditCodes(*m_document, m_file, *m_pane); }); });
+    m_documentMenu->addAction(
+        QString::fromUtf8(texts.codes.Utf8()), this,
+        [this] { Try([this] { EditCodes(*m_document, m_file, *m_pane); }); });
+    m_documentMenu->addAction(QString::fromUtf8(texts.description.Utf8()), this,
+                              [this] { Try([this] { EditDescription(*m_document, m_file, *m_pane); }); });
 }
 
 void InspectorWindow::Open(const std::string& path) {

@@ -1,6 +1,7 @@
 #include "program/document_dialogs.h"
 
 #include "korvel/dialogs/dialog_code_list.h"
+#include "korvel/dialogs/dialog_text.h"
 #include "korvel/values/replace_first.h"
 #include "korvel/window/base/messages.h"
 #include "landxml/feature_codes.h"
@@ -35,6 +36,16 @@ void EditCodes(const LandXmlDocument& document, const std::string& file, CWnd& o
     dialog.SetCodeList(CodesToEdit(document, notes, owner));
     if (dialog.DoModal() == IDOK && dialog.GetIsDirty())
         notes.Keep(DocumentNotes::Codes, dialog.GetCodeList());
+}
+
+void EditDescription(const LandXmlDocument& document, const std::string& file, CWnd& owner) {
+    const DocumentNotes notes(file);
+    const auto kept = notes.Find(DocumentNotes::Description);
+    CDialogText dialog(&owner);
+    dialog.SetCaption(InCodePage(TheProgramTexts.descriptionCaption));
+    dialog.SetText(kept ? *kept : DescriptionOf(document));
+    if (dialog.DoModal() == IDOK && dialog.GetIsDirty())
+        notes.Keep(DocumentNotes::Description, dialog.GetText());
 }
 
 } // namespace korvel::inspector

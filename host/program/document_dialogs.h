@@ -15,5 +15,7 @@ class LandXmlDocument;
 /// The codes of points and features, each with a height that is added. Codes that a list cannot hold are left
 /// out, and the user is told how many.
 void EditCodes(const LandXmlDocument& document, const std::string& file, CWnd& owner);
+/// The description of the whole document; the one of its project is offered until another is kept.
+void EditDescription(const LandXmlDocument& document, const std::string& file, CWnd& owner);
 
 } // namespace korvel::inspector

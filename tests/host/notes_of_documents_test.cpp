@@ -95,6 +95,34 @@ TEST_F(DocumentNotesTest, AreEditedInTheLibrarysDialogs) {
     EXPECT_EQ(display.ShownBoxes().size(), 1U) << "what was kept leaves nothing out";
 }
 
+TEST_F(DocumentNotesTest, ADescriptionIsTheProjectsUntilOneIsKept) {
+    const std::string file = Write("<Project name='p' desc='f&#xFC;r&#10;Achse 3'/>");
+    const LandXmlDocument document(file, {});
+    const auto type = [this](const char* character) {
+        return [this, character] { Press(static_cast<UINT>(*character), character); };
+    };
+    const auto field = [] { return GetDlgItem(GetParent(GetFocus()), 2110); };
+    const auto clear = [&] { korvel::SetWindowTextA(field(), ""); };
+    const auto ok = [&] { korvel::SendMessageA(GetDlgItem(GetParent(field()), IDOK), BM_CLICK, 0, 0); };
+    const auto cancel = [this] { Press(VK_ESCAPE); };
+    for (const auto& [border, offered, act, end, kept] :
+         Table<CString, std::function<void()>, std::function<void()>, std::optional<std::string>>{
+             {"cancelled", "f\xFCr\nAchse 3", type("A"), cancel, std::nullopt},
+             {"not changed", "f\xFCr\nAchse 3", [] {}, ok, std::nullopt},
+             {"changed", "f\xFCr\nAchse 3", clear, ok, ""},
+             {"empty is one too", "", type("B"), ok, "B"},
+             {"kept", "B", [] {}, cancel, "B"}}) {
+        SCOPED_TRACE(border);
+        display.Then([&, text = offered, doIt = act] {
+            EXPECT_EQ(korvel::GetWindowTextA(field()), text);
+            doIt();
+        });
+        display.Then(end);
+        EditDescription(document, file, frame);
+        EXPECT_EQ(DocumentNotes(file).Find(DocumentNotes::Description), kept);
+    }
+}
+
 TEST(RecentFiles, AreListedOnceAndTheLatestFirst) {
     const platform::ScratchStore store;
     EXPECT_EQ(RecentFiles(), Paths());
