@@ -231,6 +231,21 @@ TEST_F(Controls, ATabThatIsRefusedIsNotShown) {
     EXPECT_GE(page.top, bar.tabRect(0).bottom());
 }
 
+TEST_F(Controls, AFieldKeepsTheTextItIsMadeWith) {
+    for (const auto& [border, className, style, text] :
+         Table<const char*, UINT, CString>{{"one line", "EDIT", 0, "Axis 3"},
+                                           {"digits", "EDIT", ES_NUMBER, "7"},
+                                           {"hidden", "EDIT", ES_PASSWORD, "secret"},
+                                           {"several lines", "EDIT", ES_MULTILINE, "one\ntwo"},
+                                           {"as it came in", "RICHEDIT50W", ES_MULTILINE, "one\ntwo"}}) {
+        const HWND field = CreateWindowExA(0, className, text.c_str(), WS_CHILD | WS_VISIBLE | style,
+                                           {10, 10, 200, 60}, m_frame.m_hWnd, 1);
+        EXPECT_EQ(korvel::GetWindowTextA(field), text) << border;
+        EXPECT_EQ(m_frame.Take(), Codes()) << border;
+        DestroyWindow(field);
+    }
+}
+
 TEST_F(Controls, ARichEditChangesOneByteForOneLetter) {
     CRichEditCtrl edit;
     edit.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, {10, 10, 300, 200}, &m_frame, 1);

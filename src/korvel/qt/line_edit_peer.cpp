@@ -5,12 +5,14 @@
 #include "korvel/window/display/window_view.h"
 
 #include <QRegularExpressionValidator>
+#include <QSignalBlocker>
 #include <limits>
 
 namespace korvel::internal {
 
 LineEditPeer::LineEditPeer(PeerContext& context, HWND window, QWidget* parent)
     : EditPeerOf(context, window, *new QLineEdit(parent), &QLineEdit::textEdited) {
+    const QSignalBlocker blocker(m_edit); // it is empty still, and the text of the window is to be shown
     m_edit.setFrame(HasBorder());
     m_edit.setMaxLength(std::numeric_limits<int>::max()); // the limit is the window's
     if (view::Style(window) & ES_PASSWORD)
