@@ -7,6 +7,7 @@
 
 #include <filesystem>
 #include <limits>
+#include <sqlite3.h>
 #include <stdexcept>
 
 namespace korvel {
@@ -34,8 +35,15 @@ std::string Bytes(std::initializer_list<int> numbers) {
 class RememberedWindow : public CWnd, public TDlgState<RememberedWindow> {
 public:
     std::string root;
+    bool hasId = true;
+    bool throwsWhenMoved = false;
 
-    UINT GetTemplateID() const { return TemplateId; }
+    UINT GetTemplateID() const { return hasId ? TemplateId : throw std::runtime_error("no template"); }
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_SIZE && throwsWhenMoved)
+            throw std::runtime_error("a handler of the new size");
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
     std::string GetRootKey(const std::string& base) override {
         return root.empty() ? TDlgState::GetRootKey(base) : root;
     }
@@ -187,6 +195,24 @@ TEST_F(DlgState, ARootGetsASeparatorWhereItHasNone) {
         EXPECT_EQ(window.GetRootKey(base), expected) << name;
 }
 
+TEST_F(DlgState, ReadsWhileAnotherProgramWrites) {
+    Keep(SettingValue::Binary(Bytes({40, 50, 340, 250})));
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(store.File().c_str(), &other), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
+    window.Load(true);
+    sqlite3_close(other);
+    EXPECT_EQ(window.GetWindowRect(), (CRect{40, 50, 340, 250}));
+}
+
+TEST_F(DlgState, AWindowThatIsGoneLeavesTheRecord) {
+    window.Save();
+    const std::string record = Kept(NamedKey);
+    window.DestroyWindow();
+    window.Save();
+    EXPECT_EQ(Kept(NamedKey), record);
+}
+
 TEST_F(DlgState, NothingLeaves) {
     StateChild second(log);
     second.CreateIn(window);
@@ -195,6 +221,17 @@ TEST_F(DlgState, NothingLeaves) {
     window.Save();
     EXPECT_EQ(Heard().size(), 4u) << "a child that fails keeps no other from hearing";
     child.throws = false;
+
+    Keep(SettingValue::Binary(Bytes({40, 50, 340, 250})));
+    window.throwsWhenMoved = true;
+    window.Load(true);
+    EXPECT_EQ(Heard().size(), 2u) << "nor does the window";
+    window.hasId = false;
+    window.Load(true);
+    window.Save();
+    EXPECT_THAT(Heard(), IsEmpty()) << "no key without an id";
+    window.hasId = true;
+    window.throwsWhenMoved = false;
 
     std::filesystem::remove_all(store.File().parent_path());
     std::filesystem::create_directories(store.File().parent_path());

@@ -20,9 +20,10 @@ namespace korvel {
 ///     };
 ///
 /// The key is the root, the name of the application in force (CWinApp::m_pszAppName) where there is one, and
-/// the template id. Both operations create it first. The value `State` holds left, top, right and bottom, 16
-/// bytes; a longer one is read as far, and one that is missing, too short or of another type leaves the
-/// window as it is. Without the application's name nothing is saved.
+/// the template id. Both operations create it first where it is missing. The value `State` holds left, top,
+/// right and bottom, 16 bytes; of a longer one the rest is ignored, and one that is missing, too short or of
+/// another type leaves the window as it is. Without the application's name, or without a window, nothing is
+/// saved.
 ///
 /// A top-level window is remembered in screen coordinates. Kept: a child is remembered in its own client
 /// coordinates, and is given that rectangle in its parent's. A rectangle outside of every screen is moved to
@@ -30,16 +31,17 @@ namespace korvel {
 ///
 /// WM_DLG_STATE_REGISTRY carries the key in lParam (const char*, with a separator at its end); children may
 /// keep states of their own there. It is sent after a failed read as well, but not where the key cannot be
-/// used: for want of rights, or as the store fails. No exception leaves, neither of the store nor of a child.
+/// used: for want of rights, or as the store fails. No exception leaves: neither of the store, nor of the
+/// host's GetTemplateID, nor of a window that is moved or told.
 template <class T>
 class TDlgState : public DlgStateBase {
 public:
-    void Load(const bool& applyRect) override { LoadState(StateWindow(), StateTemplateId(), applyRect); }
-    void Save() override { SaveState(StateWindow(), StateTemplateId()); }
+    void Load(const bool& applyRect) override { LoadState(StateWindow(), applyRect); }
+    void Save() override { SaveState(StateWindow()); }
 
 private:
     CWnd* StateWindow() { return dynamic_cast<CWnd*>(this); }
-    UINT StateTemplateId() const {
+    UINT StateTemplateId() const override {
         const T* owner = dynamic_cast<const T*>(this);
         return owner ? owner->GetTemplateID() : 0;
     }

@@ -81,32 +81,38 @@ std::string DlgStateBase::GetRootKey(const std::string& base) {
     return base.empty() ? LibraryRoot : WithSeparator(base);
 }
 
-std::string DlgStateBase::EnsureKey(UINT templateId) {
+// A key that is there is not written: another program may be writing, for a long time.
+std::string DlgStateBase::EnsureKey() {
     std::string key = GetRootKey(LibraryRoot);
     if (const std::string name = AppName(); !name.empty())
         key += name + '\\';
-    key += std::to_string(templateId);
-    platform::CreateKey(SettingsRoot::User, key);
+    key += std::to_string(StateTemplateId());
+    if (!CanUse(key, SettingsAccess::Read))
+        platform::CreateKey(SettingsRoot::User, key);
     return key;
 }
 
-void DlgStateBase::LoadState(CWnd* window, UINT templateId, bool applyRect) {
+void DlgStateBase::LoadState(CWnd* window, bool applyRect) {
     try {
-        const std::string key = EnsureKey(templateId);
+        const std::string key = EnsureKey();
         if (!window || !CanUse(key, SettingsAccess::Read))
             return;
         const HWND handle = window->m_hWnd;
-        if (const std::optional<CRect> rect = ReadRect(key); rect && applyRect)
-            Apply(*window, *rect);
+        try {
+            if (const std::optional<CRect> rect = ReadRect(key); rect && applyRect)
+                Apply(*window, *rect);
+        } catch (
+            ...) { // neither a value that is none nor a handler of the new size keeps it from the children
+        }
         TellChildren(handle, StateEvent::Loaded, key);
     } catch (...) { // a store that fails is a key that cannot be opened
     }
 }
 
-void DlgStateBase::SaveState(CWnd* window, UINT templateId) {
+void DlgStateBase::SaveState(CWnd* window) {
     try {
-        const std::string key = EnsureKey(templateId);
-        if (!window || AppName().empty() || !CanUse(key, SettingsAccess::Write))
+        const std::string key = EnsureKey();
+        if (!window || !IsWindow(window->m_hWnd) || AppName().empty() || !CanUse(key, SettingsAccess::Write))
             return;
         platform::WriteSetting(SettingsRoot::User, key, StateName,
                                platform::SettingValue::Binary(PackRect(RectToKeep(*window))));

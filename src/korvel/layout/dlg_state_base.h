@@ -26,11 +26,13 @@ protected:
     DlgStateBase(const DlgStateBase&) = default;
     DlgStateBase& operator=(const DlgStateBase&) = default;
 
-    void LoadState(CWnd* window, UINT templateId, bool applyRect);
-    void SaveState(CWnd* window, UINT templateId);
+    void LoadState(CWnd* window, bool applyRect);
+    void SaveState(CWnd* window);
 
 private:
-    std::string EnsureKey(UINT templateId);
+    virtual UINT StateTemplateId() const = 0; // may throw
+
+    std::string EnsureKey();
 };
 
 } // namespace korvel
