@@ -17,6 +17,7 @@ constexpr int ControlId = 5;
 class Host : public CWnd, public CLayoutManager<Host> {
 public:
     LayoutForm form = LayoutForm::Page;
+    bool failsBesideNewBar = false;
     using CLayoutManager::EraseLayout;
     using CLayoutManager::InitializeLayout;
     using CLayoutManager::LimitTrackSize;
@@ -28,6 +29,8 @@ public:
         if (message == WM_DESTROY)
             DestroyLayout();
         const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+        if (message == WM_SIZE && inScrollUpdate && failsBesideNewBar)
+            throw std::runtime_error("a handler of the new client area");
         if (message == WM_SIZE)
             ResizeLayout(form, static_cast<int>(LOWORD(lParam)), static_cast<int>(HIWORD(lParam)));
         if (message == WM_HSCROLL || message == WM_VSCROLL)
@@ -95,6 +98,56 @@ TEST_F(LayoutManager, FollowsTheWindowWithBarsBelowTheDesignSize) {
     EXPECT_EQ(view::Rectangle(control), (RECT{0, 0, 150, 60})) << "below 0";
 }
 
+// Wide arrows, and bars that are not as wide as they are high.
+class UnevenBars : public HeadlessDisplay {
+public:
+    int Metric(int index) override {
+        switch (index) {
+        case SM_CXHSCROLL:
+            return 11;
+        case SM_CXVSCROLL:
+            return 17;
+        case SM_CYHSCROLL:
+            return 23;
+        default:
+            return HeadlessDisplay::Metric(index);
+        }
+    }
+};
+
+TEST(LayoutManagerOfUnevenBars, TakesAndGivesBackTheirRoomAsEver) {
+    UnevenBars display;
+    SetDisplay(&display);
+    Host host;
+    host.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 200, 100}, nullptr, 0);
+    const HWND control =
+        CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {0, 0, 200, 100}, host.m_hWnd, ControlId);
+    host.InitializeLayout();
+    host.root = new CBaseItem(host.m_hWnd, ControlId, GrowBoth);
+    host.root->CaptureRect();
+    host.scrollEnabled = true;
+    const Table<CSize, RECT> rows = {
+        {"kept: a bar across takes the width of its arrows", {150, 150}, {0, 0, 200, 139}},
+        {"and gives back its height", {300, 150}, {0, 0, 300, 150}},
+        {"one at the right takes its width", {300, 60}, {0, 0, 283, 100}},
+        {"kept: and gives back the height of the other", {300, 150}, {0, 0, 306, 150}},
+    };
+    for (const auto& [name, size, expected] : rows) {
+        host.MoveWindow({0, 0, size.cx, size.cy});
+        EXPECT_EQ(view::Rectangle(control), expected) << name;
+    }
+}
+
+TEST_F(LayoutManager, KnowsItsBarsAlsoWhenAHandlerThrows) {
+    Build(new CBaseItem(host.m_hWnd, ControlId, GrowBoth));
+    host.scrollEnabled = true;
+    host.failsBesideNewBar = true;
+    EXPECT_THROW(Resize(150, 150), std::runtime_error);
+    host.failsBesideNewBar = false;
+    Resize(300, 110);
+    EXPECT_EQ(view::Rectangle(control), (RECT{0, 0, 300, 110})) << "what the bar took is given back";
+}
+
 TEST_F(LayoutManager, ScrollsWhatItHas) {
     Build(new CBaseItem(host.m_hWnd, ControlId, GrowBoth));
     host.scrollEnabled = true;
@@ -104,7 +157,12 @@ TEST_F(LayoutManager, ScrollsWhatItHas) {
     EXPECT_EQ(view::Rectangle(control).TopLeft(), (CPoint{-65, -30}));
     host.SendMessageA(WM_HSCROLL, SB_ENDSCROLL);
     EXPECT_EQ(view::Rectangle(control).TopLeft(), (CPoint{-65, -30}));
+    host.SendMessageA(WM_HSCROLL, SB_LINEUP);
+    EXPECT_EQ(GetScrollPos(host.m_hWnd, SB_HORZ), 53) << "a line is the tenth of 133 less 10 pixels";
+    host.SendMessageA(WM_HSCROLL, MAKEWPARAM(SB_THUMBTRACK, 65));
+    const HWND other = CreateWindowExA(0, "KorvelFrame", "", WS_CHILD, {0, 0, 9, 9}, host.m_hWnd, 6);
     Resize(160, 60);
+    EXPECT_EQ(view::Rectangle(other).left, 8) << "what the layout does not place scrolls with the bar";
     EXPECT_EQ(GetScrollPos(host.m_hWnd, SB_HORZ), 57) << "no farther than the new end";
     EXPECT_EQ(view::Rectangle(control), (RECT{0, 0, 200, 100})) << "kept: a resize places unscrolled";
 }

@@ -273,6 +273,12 @@ TEST_F(LayoutOfWindows, MovesItsControlsAndNoOther) {
     EXPECT_EQ(PlaceOf(group), (RECT{10, 10, 130, 70}));
     EXPECT_EQ(PlaceOf(button), (RECT{20, 30, 80, 50}));
 
+    CPaneManager fixed(Row, 0, host.m_hWnd, GroupId);
+    fixed.CaptureRect();
+    fixed.MoveTo({50, 60, 500, 600});
+    EXPECT_EQ(PlaceOf(group), (RECT{215, 300, 335, 360})) << "its own size, in the middle";
+    root.MoveTo({10, 10, 130, 70});
+
     CPaneManager container(Row, GrowBoth, host.m_hWnd);
     container.Add(new CBaseItem(host.m_hWnd, -1, GrowBoth));
     container.MoveTo({0, 0, 50, 50});

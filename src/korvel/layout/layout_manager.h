@@ -55,7 +55,7 @@ protected:
     /// WM_ERASEBKGND: fills what no child covers (layout/erase_between_children.h). False without a device
     /// context: the base handler's turn.
     bool EraseLayout(CDC* dc) const { return LayoutManagerBase::EraseLayout(LayoutHost(), dc); }
-    /// WM_DESTROY. A tree that is being moved is deleted once that is done.
+    /// WM_DESTROY. A tree that ResizeLayout is moving is deleted once that is done.
     using LayoutManagerBase::DestroyLayout;
 
 private:

@@ -26,9 +26,9 @@ std::int64_t Height(const RECT& rect) {
     return std::int64_t{rect.bottom} - rect.top;
 }
 
-// Sets a bar to what does not fit, and scrolls the content where that is less than before. True when the bar
-// is shown.
-bool UpdateBar(HWND host, int bar, std::int64_t missing) {
+// Sets a bar to what does not fit, and scrolls the content where that is less than before. `isShown` is right
+// also when a handler of the client area's new size throws.
+void UpdateBar(HWND host, int bar, std::int64_t missing, bool& isShown) {
     const int maximum =
         static_cast<int>(std::clamp<std::int64_t>(missing, 0, std::numeric_limits<int>::max()));
     const int former = GetScrollPos(host, bar);
@@ -39,8 +39,8 @@ bool UpdateBar(HWND host, int bar, std::int64_t missing) {
     else
         ScrollWindow(host, 0, distance);
     SetScrollPos(host, bar, position);
+    isShown = maximum > 0;
     SetScrollRange(host, bar, 0, maximum);
-    return maximum > 0;
 }
 
 } // namespace
@@ -64,7 +64,7 @@ void LayoutManagerBase::ResizeLayout(HWND host, LayoutForm form, int cx, int cy)
 void LayoutManagerBase::LayOut(HWND host, RECT rect) {
     if (scrollEnabled) {
         const RaisedFlag updating(inScrollUpdate);
-        // Both bars give back the height of the horizontal one.
+        // Kept: both bars give back the height of the horizontal one, also where the vertical one's width differs.
         const int room = GetSystemMetrics(SM_CYHSCROLL);
         if (vBarShown)
             rect.right = WrappingSum(rect.right, room);
@@ -92,6 +92,7 @@ void LayoutManagerBase::LayOut(HWND host, RECT rect) {
 // Each bar that is needed takes room from the other direction, so the question is asked once more.
 RECT LayoutManagerBase::UpdateScrollBars(HWND host, RECT rect, bool hTried, bool vTried) {
     if (Width(rect) < Width(clientRect) && !hTried) {
+        // Kept: the bar across takes the width of its arrows, which may differ from its height.
         rect.bottom = WrappingDifference(rect.bottom, GetSystemMetrics(SM_CXHSCROLL));
         return UpdateScrollBars(host, rect, true, vTried);
     }
@@ -99,8 +100,8 @@ RECT LayoutManagerBase::UpdateScrollBars(HWND host, RECT rect, bool hTried, bool
         rect.right = WrappingDifference(rect.right, GetSystemMetrics(SM_CXVSCROLL));
         return UpdateScrollBars(host, rect, hTried, true);
     }
-    hBarShown = UpdateBar(host, SB_HORZ, Width(clientRect) - Width(rect));
-    vBarShown = UpdateBar(host, SB_VERT, Height(clientRect) - Height(rect));
+    UpdateBar(host, SB_HORZ, Width(clientRect) - Width(rect), hBarShown);
+    UpdateBar(host, SB_VERT, Height(clientRect) - Height(rect), vBarShown);
     return rect;
 }
 

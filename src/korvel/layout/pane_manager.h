@@ -29,7 +29,7 @@ public:
     CPaneManager* Add(IItem* child);
 
     /// One move for each item, the pane's own control before its children. Allocates nothing. A handler of a
-    /// moved window may destroy windows, and must leave the tree as it is.
+    /// moved window may destroy other windows, but must leave the tree, and so the window that it belongs to.
     void MoveTo(const RECT& target) override;
     /// Without a control: the union of the children's stored rectangles, of which empty ones do not count but
     /// for the first; without children it stays.
