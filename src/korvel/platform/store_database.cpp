@@ -240,6 +240,10 @@ void StoreDatabase::Check(int result) const {
         [[fallthrough]];
     case SQLITE_IOERR:
         throw StoreUnreachable(Failure(sqlite3_errstr(result)));
+    case SQLITE_FULL: // to read, too, needs room beside the file, unless it is opened as unchanging
+        if (m_use == StoreUse::Reading)
+            throw StoreAccessDenied();
+        throw Error(Failure(sqlite3_errstr(result)));
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
         throw StoreDamaged(Failure(sqlite3_errstr(result)));
