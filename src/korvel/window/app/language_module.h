@@ -18,9 +18,9 @@ inline constexpr const char* ResourceFunction = "KorvelResources1";
 ///
 ///     LoadLanguageModule("English");   // <folder>/libKorvelCommonDialogsENU.rll
 ///
-/// Null for an empty name, "German" and "DEU", and, without a word, where there is no such file, it is damaged
-/// or of another version, or the library is linked into a program: the built-in German resources serve. A
-/// module stays loaded.
+/// Null for an empty name, "German" and "DEU", and, without a word, where there is no such file, it is cut short,
+/// no module or of another version, or the library is linked into a program: the built-in German resources
+/// serve. The contents of a whole file are trusted, like those of the library itself. A module stays loaded.
 KORVEL_API const ResourceModule* LoadLanguageModule(const std::string& name);
 
 } // namespace korvel
