@@ -116,7 +116,7 @@ TEST_F(CodeListTest, OkTakesWhatTheUserDid) {
              {"removed by a button with the focus",
               Multiple,
               {Select(1), [this] { SetFocus(GetDlgItem(dialog.m_hWnd, Remove)); },
-               [this] { korvel::SendMessageA(GetFocus(), BM_CLICK, 0, 0); },
+               [] { korvel::SendMessageA(GetFocus(), BM_CLICK, 0, 0); },
                [this] { EXPECT_EQ(GetFocus(), dialog.Rows().m_hWnd) << "a disabled button hears no key"; }},
               true,
               "a: 1;c:3",
