@@ -1,14 +1,15 @@
 #include "desktop/desktop_run.h"
 
+#include "desktop/desktop_language.h"
 #include "desktop/inspector_window.h"
 #include "desktop/picture_file.h"
+#include "desktop/qt_warnings.h"
 #include "desktop/window_place.h"
 #include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/screen.h"
 #include "korvel/platform/store_problem.h"
 #include "korvel/qt/qt_display.h"
-#include "korvel/values/language.h"
 #include "korvel/window/app/app.h"
 #include "program/run_settings.h"
 #include "program/settings_keys.h"
@@ -20,8 +21,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QLibraryInfo>
-#include <QLocale>
 #include <QTranslator>
 #include <QtMath>
 #include <clocale>
@@ -85,22 +84,6 @@ void WritePicture(InspectorWindow& window, const Options& options) {
         std::cout << Say({"another file has that name; the picture is %1", {taken}}) << '\n';
 }
 
-// What Qt misses where there is no screen is expected, and would hide the messages that matter.
-void DropWarnings(QtMsgType type, const QMessageLogContext&, const QString& message) {
-    if (type == QtCriticalMsg || type == QtFatalMsg)
-        std::cerr << message.toStdString() << '\n';
-}
-
-// Qt's own boxes follow the language of the library, and its numbers the locale of the command line.
-void UseLanguage(const Options& options, QTranslator& translator) {
-    if (!options.locale.empty())
-        QLocale::setDefault(QLocale(QString::fromStdString(options.locale)));
-    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (GetLanguage().column != LanguageChoice::English &&
-        translator.load(QStringLiteral("qtbase_de"), folder))
-        QApplication::installTranslator(&translator);
-}
-
 // Shows a box for a settings store that fails from now on: after the call that met it, which may be in the
 // middle of a painting, and on the window's thread.
 class StoreProblemBoxes {
@@ -153,7 +136,7 @@ int RunOnDesktop(const Options& options, const TakenFormats& formats) {
     const bool isChosen = !qEnvironmentVariableIsEmpty(PlatformVariable);
     const bool onScreen = options.screenshot.empty() && (isChosen || platform::HasScreen());
     if (!onScreen)
-        qInstallMessageHandler(DropWarnings);
+        DropQtWarnings();
     if (!isChosen)
         ChoosePlatform(onScreen);
     int count = 1;
@@ -169,7 +152,7 @@ int RunOnDesktop(const Options& options, const TakenFormats& formats) {
     QApplication::setApplicationDisplayName(QString::fromUtf8(TheProgramTexts.programName.Utf8()));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
     QTranslator translator;
-    UseLanguage(options, translator);
+    UseDesktopLanguage(options.locale, translator);
     qt::QtDisplay display;
     SetDisplay(&display);
     InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0), options.encoding},

@@ -1,0 +1,21 @@
+#include "desktop/desktop_language.h"
+
+#include "korvel/values/language.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+namespace korvel::inspector {
+
+void UseDesktopLanguage(const std::string& locale, QTranslator& translator) {
+    if (!locale.empty())
+        QLocale::setDefault(QLocale(QString::fromStdString(locale)));
+    const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+    if (GetLanguage().column != LanguageChoice::English &&
+        translator.load(QStringLiteral("qtbase_de"), folder))
+        QApplication::installTranslator(&translator);
+}
+
+} // namespace korvel::inspector
