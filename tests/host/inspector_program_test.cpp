@@ -1,33 +1,21 @@
 #ifdef KORVEL_INSPECTOR // a build without the window has no such program
 
+#include "support/run_program.h"
 #include "support/scratch.h"
 
 #include <array>
-#include <cstdio>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
-#include <sys/wait.h>
 
 namespace korvel::inspector {
 namespace {
 
 using ::testing::StartsWith;
 
-struct Outcome {
-    int status = -1;
-    std::string output; // both streams
-};
-
 Outcome RunInspector(const std::string& arguments) {
-    Outcome outcome;
-    FILE* pipe = popen((KORVEL_INSPECTOR " " + arguments + " 2>&1").c_str(), "r");
-    std::array<char, 4096> buffer;
-    while (const std::size_t count = fread(buffer.data(), 1, buffer.size(), pipe))
-        outcome.output.append(buffer.data(), count);
-    outcome.status = WEXITSTATUS(pclose(pipe));
-    return outcome;
+    return RunProgram(KORVEL_INSPECTOR " " + arguments);
 }
 
 TEST(InspectorProgram, ReturnsItsStatus) {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+/// The dialogs of the library with something in them, each shown until it is closed.
+namespace korvel::gallery {
+
+void ShowCodeList();
+void ShowCodeListToPick();
+void ShowCodePair();
+void ShowText();
+void ShowFileChooser(const std::string& file);
+void ShowFolderChooser(const std::string& folder);
+void ShowQuestion();
+
+} // namespace korvel::gallery

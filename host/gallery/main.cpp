@@ -1,0 +1,160 @@
+// Takes a picture of each dialog and control: gallery FOLDER LANGUAGE DOCUMENT. The scale is that of
+// QT_SCALE_FACTOR.
+
+#include "desktop/desktop_language.h"
+#include "desktop/inspector_window.h"
+#include "desktop/lists_window.h"
+#include "desktop/qt_warnings.h"
+#include "gallery/controls_dialog.h"
+#include "gallery/ground.h"
+#include "gallery/library_dialogs.h"
+#include "gallery/photographer.h"
+#include "korvel/dialogs/file_container.h"
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/regional_settings.h"
+#include "korvel/qt/qt_display.h"
+#include "korvel/values/language.h"
+#include "korvel/window/dialog/dialog_items.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QKeyEvent>
+#include <QStyleFactory>
+#include <QTemporaryDir>
+#include <QTranslator>
+#include <clocale>
+#include <filesystem>
+#include <iostream>
+
+using namespace korvel;
+using namespace korvel::gallery;
+using namespace korvel::inspector;
+
+namespace {
+
+struct LanguageRow {
+    const char* name;
+    const char* locale;
+};
+
+constexpr LanguageRow Languages[] = {{"German", "de-DE"}, {"English", "en-US"}};
+
+const LanguageRow* FindLanguage(const QString& name) {
+    for (const LanguageRow& row : Languages)
+        if (name == QLatin1String(row.name))
+            return &row;
+    return nullptr;
+}
+
+void PressDropKey() {
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_F4, Qt::NoModifier);
+    if (QWidget* focused = QApplication::focusWidget())
+        QApplication::sendEvent(focused, &press);
+}
+
+void TakeLibrary(Photographer& photographer, const std::string& file) {
+    const std::string folder = std::filesystem::path(file).parent_path().parent_path();
+    photographer.TakeDialog("code-list", ShowCodeList);
+    photographer.TakeDialog("code-list-to-pick", ShowCodeListToPick);
+    photographer.TakeDialog("code-pair", ShowCodePair);
+    photographer.TakeDialog("text", ShowText);
+    photographer.TakeDialog(
+        "file", [&] { ShowFileChooser(file); });
+    photographer.TakeDialog("folder", [&] { ShowFolderChooser(folder); });
+    photographer.TakeDialog("question", ShowQuestion);
+}
+
+void TakeControls(Photographer& photographer) {
+    ControlsDialog dialog;
+    const auto show = [&] { dialog.DoModal(); };
+    const auto drop = [&](int id) {
+        return [&dialog, id] {
+            SetFocus(GetDlgItem(dialog.m_hWnd, id));
+            PressDropKey();
+        };
+    };
+    photographer.TakeDialog("controls", show);
+    photographer.TakeDropped("controls-choice", show, drop(ControlsDialog::ChoiceId));
+    photographer.TakeDropped("controls-calendar", show, drop(ControlsDialog::DateId));
+}
+
+ReadingOptions Reading() {
+    return {StationKind::Automatic, GetFileContainer().GetFileValue(0), {}};
+}
+
+void TakeInspector(Photographer& photographer, const qt::QtDisplay& display, const std::string& file) {
+    InspectorWindow window(Reading(), true);
+    window.resize(800, 600);
+    window.show();
+    photographer.TakeWindow("inspector-empty", window);
+    window.Open(file);
+    window.Pane().ExpandAll();
+    photographer.TakeWindow("inspector", window);
+
+    const LandXmlDocument document(file, Reading());
+    ListsWindow lists(document, window.Pane(), {0, 0, 800, 600});
+    lists.Show();
+    QWidget& shown = *display.WidgetOf(lists.m_hWnd);
+    photographer.TakeWindow("lists", shown);
+    PressDropKey();
+    photographer.TakeWindow("lists-choice", shown);
+}
+
+void Print(const std::vector<std::string>& lines) {
+    for (const std::string& line : lines)
+        std::cerr << "gallery: " << line << '\n';
+}
+
+int TakeAll(const QString& folder, const char* language, const qt::QtDisplay& display,
+            const std::string& file) {
+    bool isFine = true;
+    for (const Ground ground : AllGrounds) {
+        UseGround(ground);
+        const int scale = qRound(qApp->devicePixelRatio() * 100);
+        Photographer photographer(
+            folder, QStringLiteral("%1-%2-%3").arg(QString(language).toLower(), NameOf(ground)).arg(scale));
+        TakeLibrary(photographer, file);
+        TakeControls(photographer);
+        TakeInspector(photographer, display, file);
+        Print(photographer.Notices());
+        Print(photographer.Faults());
+        isFine = isFine && photographer.Faults().empty();
+    }
+    return isFine ? 0 : 1;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    const LanguageRow* language = count == 4 ? FindLanguage(QFile::decodeName(arguments[2])) : nullptr;
+    if (!language) {
+        std::cerr << "usage: gallery FOLDER German|English DOCUMENT\n";
+        return 2;
+    }
+    const QTemporaryDir settings; // the user's own say where windows were, and what was opened
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    DropQtWarnings();
+    QApplication application(count, arguments);
+    std::setlocale(LC_NUMERIC, "C");
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    const QString folder = QFile::decodeName(arguments[1]);
+    if (!QDir().mkpath(folder)) {
+        std::cerr << "gallery: the folder cannot be made: " << arguments[1] << '\n';
+        return 1;
+    }
+    try {
+        SetLanguageForThisRun(language->name);
+        platform::UseLocale(language->locale);
+        QTranslator translator;
+        UseDesktopLanguage(language->locale, translator);
+        qt::QtDisplay display;
+        SetDisplay(&display);
+        LandXmlDocument(arguments[3], Reading()); // it fails now, or never
+        return TakeAll(folder, language->name, display, arguments[3]);
+    } catch (const std::exception& error) {
+        std::cerr << "gallery: " << platform::ToUtf8(error.what()) << '\n';
+        return 1;
+    }
+}
