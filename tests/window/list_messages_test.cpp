@@ -57,6 +57,23 @@ TEST_F(ListMessages, RowsComeGoAndChangeByRecords) {
     }
 }
 
+TEST_F(ListMessages, TheStateOfARowThatAHandlerRemovesGoesToNoOther) {
+    LVITEM item = Item(LVIF_TEXT | LVIF_STATE, 0);
+    item.state = item.stateMask = LVIS_SELECTED;
+    const auto removes = [this](const NMLISTVIEW&) { return list.DeleteItem(0), 0; };
+    for (const auto& [border, message, notice] : Table<UINT, UINT>{
+             {"inserted", LVM_INSERTITEM, LVN_INSERTITEM}, {"changed", LVM_SETITEM, LVN_ITEMCHANGED}}) {
+        MakeList(3);
+        parent.on[notice] = removes;
+        Send(message, 0, item);
+        parent.on.erase(notice);
+        EXPECT_EQ(list.SendMessageA(LVM_GETSELECTEDCOUNT), 0) << border;
+    }
+    MakeList(3);
+    EXPECT_EQ(Send(LVM_SETITEMSTATE, 1, item), 1) << "the states of the record count alone";
+    EXPECT_EQ(list.GetItemState(1, LVIS_SELECTED), LVIS_SELECTED);
+}
+
 TEST_F(ListMessages, ARowIsReadAsFarAsItIsAskedFor) {
     MakeList(3);
     list.SetItemData(1, 7);

@@ -56,7 +56,7 @@ int CListCtrl::InsertItem(int row, const CString& text, int image) {
 
 int CListCtrl::InsertRow(int row, const ListRow& content) {
     const auto insert = [&](ListState& list) {
-        return internal::InsertRow(list, row, RecordOf(content, list.textSource != nullptr));
+        return internal::InsertRow(list, row, RecordOf(content, list.textSource != nullptr)).row;
     };
     return OnList(m_hWnd, insert, NoRow);
 }
@@ -152,7 +152,9 @@ UINT CListCtrl::GetItemState(int row, UINT mask) const {
 }
 
 bool CListCtrl::SetItemState(int row, UINT state, UINT mask) {
-    const LVITEMSTATE change{state, mask};
+    LVITEM change;
+    change.state = state;
+    change.stateMask = mask;
     return SendMessageA(LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&change)) != 0;
 }
 

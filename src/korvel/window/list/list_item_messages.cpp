@@ -1,6 +1,7 @@
 #include "korvel/window/list/list_item_messages.h"
 
 #include "korvel/platform/code_page.h"
+#include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_column_edit.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_rows.h"
@@ -44,10 +45,10 @@ LRESULT Insert(ListState& list, const LVITEM* item) {
     if (!list.textSource || ((item->mask & LVIF_TEXT) && item->pszText))
         record.texts = std::make_unique<std::vector<CString>>(
             1, (item->mask & LVIF_TEXT) && item->pszText ? item->pszText : "");
-    const int row = InsertRow(list, item->iItem, std::move(record));
-    if (list.rows.Has(row) && (item->mask & LVIF_STATE))
-        SetState(list, row, item->state, item->stateMask);
-    return row;
+    const InsertedRow inserted = InsertRow(list, item->iItem, std::move(record));
+    if (inserted.isThere && (item->mask & LVIF_STATE))
+        SetState(list, inserted.row, item->state, item->stateMask);
+    return inserted.row;
 }
 
 LRESULT Get(const ListState& list, LVITEM* item) {
@@ -84,10 +85,11 @@ LRESULT Set(ListState& list, const LVITEM* item) {
     if (item->mask & LVIF_INDENT)
         row.SetIndent(item->iIndent);
     RepaintRows(list, item->iItem, item->iItem + 1);
-    if ((item->mask & LVIF_TEXT) && !SetItemText(list, item->iItem, item))
+    FollowedRow target(list, item->iItem);
+    if ((item->mask & LVIF_TEXT) && !SetItemText(list, target.row, item))
         return 0;
-    if ((item->mask & LVIF_STATE) && list.rows.Has(item->iItem))
-        return SetState(list, item->iItem, item->state, item->stateMask);
+    if ((item->mask & LVIF_STATE) && target.IsThere())
+        return SetState(list, target.row, item->state, item->stateMask);
     return 1;
 }
 

@@ -53,7 +53,7 @@ std::optional<LRESULT> HandleMouse(ListState& list, UINT message, WPARAM wParam,
     }
 }
 
-LRESULT SetItemState(ListState& list, int row, const LVITEMSTATE& change) {
+LRESULT SetItemState(ListState& list, int row, const LVITEM& change) {
     if (row == NoRow)
         return SetStateOfAll(list, change.state, change.stateMask);
     return list.rows.Has(row) && SetState(list, row, change.state, change.stateMask);
@@ -93,7 +93,7 @@ std::optional<LRESULT> HandleListMessage(ListState& list, UINT message, WPARAM w
     case LVM_GETCOLUMNWIDTH:
         return list.columns.Has(row) ? list.columns[row].width : 0;
     case LVM_SETITEMSTATE:
-        return lParam ? SetItemState(list, row, *reinterpret_cast<const LVITEMSTATE*>(lParam)) : 0;
+        return lParam ? SetItemState(list, row, *reinterpret_cast<const LVITEM*>(lParam)) : 0;
     case LVM_GETITEMSTATE:
         return list.rows.Has(row) ? StateOf(list, row) & static_cast<UINT>(lParam) : 0;
     default:

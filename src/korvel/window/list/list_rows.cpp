@@ -114,15 +114,15 @@ int InsertRowsQuietly(ListState& list, int row, int count, const RowBlocks::Make
     return row;
 }
 
-int InsertRow(ListState& list, int row, RowRecord record) {
+InsertedRow InsertRow(ListState& list, int row, RowRecord record) {
     if (row < 0)
-        return NoRow;
+        return {};
     const int at = PlaceRows(list, row, 1, [&](RowRecord& inserted, int) { inserted = std::move(record); });
     FollowedRow inserted(list, at);
     UpdateExtent(list);
     if (inserted.IsThere()) // a handler of WM_SIZE may have removed it
         NotifyRow(list, LVN_INSERTITEM, inserted.row);
-    return inserted.IsThere() ? inserted.row : at;
+    return {inserted.IsThere() ? inserted.row : at, inserted.IsThere()};
 }
 
 void DeleteRows(ListState& list, int first, int last) {

@@ -7,8 +7,12 @@ namespace korvel::internal {
 
 /// Returns the first of them, or NoRow for a row below 0; beyond the end appends. Sends no notice.
 int InsertRowsQuietly(ListState& list, int row, int count, const RowBlocks::Maker& make);
-/// The same for one row, with LVN_INSERTITEM when it is there.
-int InsertRow(ListState& list, int row, RowRecord record);
+/// The same for one row, with LVN_INSERTITEM when it is there. `isThere`: no handler has removed it meanwhile.
+struct InsertedRow {
+    int row = NoRow;
+    bool isThere = false;
+};
+InsertedRow InsertRow(ListState& list, int row, RowRecord record);
 
 /// Removes the rows from `first` to before `last`, the last one first. For each: a selected one loses its
 /// state (LVN_ITEMCHANGING, which cannot refuse, and LVN_ITEMCHANGED with no bit left), LVN_DELETEITEM,

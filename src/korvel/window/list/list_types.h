@@ -41,13 +41,8 @@ struct NMLVDISPINFO {
     LPARAM lParam = 0;
 };
 
-/// What LVM_SETITEMSTATE carries (lParam): the bits of `stateMask` become those of `state` (LVIS_*).
-struct LVITEMSTATE {
-    UINT state = 0;
-    UINT stateMask = 0;
-};
-
-/// What LVM_INSERTITEM, LVM_GETITEM, LVM_SETITEM, LVM_GETITEMTEXT and LVM_SETITEMTEXT carry (lParam).
+/// What LVM_INSERTITEM, LVM_GETITEM, LVM_SETITEM, LVM_GETITEMTEXT and LVM_SETITEMTEXT carry (lParam), and
+/// LVM_SETITEMSTATE, which reads the states alone: the bits of `stateMask` become those of `state` (LVIS_*).
 struct LVITEM {
     UINT mask = 0; // LVIF_*: the fields that count
     int iItem = 0;
