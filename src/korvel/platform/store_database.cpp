@@ -4,7 +4,10 @@
 #include "korvel/platform/store_statement.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdint>
+#include <map>
+#include <mutex>
 #include <sqlite3.h>
 #include <system_error>
 #include <unistd.h>
@@ -54,6 +57,33 @@ int LookAgain(void*, int looks) {
         return 0;
     usleep(MillisecondsBetweenLooks * 1000);
     return 1;
+}
+
+// The stores for which a reading has waited in vain: the readings that follow do not wait, or a program that reads
+// many settings would wait for each of them.
+class BusyStores {
+public:
+    bool WasBusy(const std::filesystem::path& file) {
+        const std::lock_guard lock(m_mutex);
+        const auto found = m_since.find(file);
+        return found != m_since.end() && Clock::now() - found->second < NoWaiting;
+    }
+    void NoteBusy(const std::filesystem::path& file) {
+        const std::lock_guard lock(m_mutex);
+        m_since.insert_or_assign(file, Clock::now());
+    }
+
+private:
+    using Clock = std::chrono::steady_clock;
+    static constexpr std::chrono::seconds NoWaiting{10};
+
+    std::mutex m_mutex;
+    std::map<std::filesystem::path, Clock::time_point> m_since;
+};
+
+BusyStores& TheBusyStores() {
+    static BusyStores stores;
+    return stores;
 }
 
 // The name by which SQLite opens a file as it is, without log, journal or lock.
@@ -166,7 +196,9 @@ void StoreDatabase::LeaveLog() {
 }
 
 void StoreDatabase::WaitForOthers() {
-    const auto look = m_use == StoreUse::Reading ? LookAgain<LooksOfReading> : LookAgain<LooksOfWriting>;
+    const auto look = m_use == StoreUse::Writing        ? LookAgain<LooksOfWriting>
+                      : TheBusyStores().WasBusy(m_file) ? nullptr
+                                                        : LookAgain<LooksOfReading>;
     Check(sqlite3_busy_handler(m_handle.get(), look, nullptr));
 }
 
@@ -240,6 +272,10 @@ void StoreDatabase::Check(int result) const {
         [[fallthrough]];
     case SQLITE_IOERR:
         throw StoreUnreachable(Failure(sqlite3_errstr(result)));
+    case SQLITE_BUSY:
+        if (m_use == StoreUse::Reading)
+            TheBusyStores().NoteBusy(m_file);
+        throw Error(Failure(sqlite3_errstr(result)));
     case SQLITE_FULL: // to read, too, needs room beside the file, unless it is opened as unchanging
         if (m_use == StoreUse::Reading)
             throw StoreAccessDenied();

@@ -21,13 +21,13 @@ public:
     using Error::Error;
 };
 
-/// Thrown where the system cannot read the file, or not as a log needs it.
+/// Thrown where the system cannot read the file, or cannot share the memory that its log needs.
 class StoreUnreachable : public Error {
 public:
     using Error::Error;
 };
 
-/// Thrown for a value that some other program has set to what no setting is.
+/// Thrown for a value that some other program has written and that is no setting.
 class WrongStoreValue : public Error {
 public:
     WrongStoreValue(const std::filesystem::path& file, std::string_view valueName);
@@ -45,14 +45,15 @@ std::string StoreFailure(const std::filesystem::path& file, std::string_view pro
 /// in a journal, so that readers need no right to write anything.
 enum class StoreJournal { Log, Rollback };
 
-/// What a store is opened for: a reading waits a second for others, a writing 30.
+/// What a store is opened for: a reading waits a second for others, and not at all for ten seconds after one
+/// that waited in vain; a writing waits 30.
 enum class StoreUse { Reading, Writing };
 
 /// An open store. What was not committed when it is destroyed has not happened, and the same holds for a
 /// process that dies. Every failure is thrown: StoreAccessDenied, or an Error with the name of the file.
 class StoreDatabase {
 public:
-    /// Nothing when there is no such file, or none that ever was written to.
+    /// Nothing when there is no such file, or an empty one.
     static std::optional<StoreDatabase> OpenExisting(const std::filesystem::path& file, StoreUse use);
 
     /// For writing: creates the file and the folders above it where they are missing.
