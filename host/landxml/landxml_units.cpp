@@ -174,7 +174,9 @@ std::optional<long double> DegreesOfMinutesSeconds(std::string_view text) {
 // The smallest double from which the library computes an angle that does not fall short of the text: a text
 // that ends in half a last digit is shown as it is rounded itself.
 double RadiansOfAngle(long double angle, double halfTurn) {
-    constexpr long double Shown = 0.5e-15L; // the library renders 15 decimals before it rounds
+    // The library renders 15 decimals before it rounds; less than half of the last one, as the difference to
+    // the double is rounded too.
+    constexpr long double Shown = 0.4e-15L;
     const long double least = std::abs(angle) - Shown;
     double radians = std::abs(static_cast<double>(angle)) / halfTurn * std::numbers::pi;
     constexpr int Furthest = 3; // the conversions round three times

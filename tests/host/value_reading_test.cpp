@@ -147,6 +147,15 @@ TEST_F(ReadAngles, ShowAsTheirOwnTextsAreRounded) {
     SetAngleUnit('d');
     EXPECT_EQ(AngleToString(*RadiansOf("64.0018", AngleUnit::DegreesMinutesSeconds)), "64,01");
     EXPECT_EQ(AngleToString(*RadiansOf("0", AngleUnit::DecimalDegrees)), "0,00");
+    const _numberfmtA twoDigits = GetAngleFormatFloat();
+    _numberfmtA fourDigits = twoDigits;
+    fourDigits.NumDigits = 4;
+    SetAngleFormatDouble(fourDigits);
+    for (const char* text : {"4.00555", "80.56805"})
+        EXPECT_EQ(AngleToString(*RadiansOf(text, AngleUnit::DecimalDegrees)).back(),
+                  text[6] == '5' ? '6' : '1')
+            << text;
+    SetAngleFormatDouble(twoDigits);
 }
 
 TEST(LandXmlScopes, HoldWhereTheirElementsStand) {
