@@ -1,9 +1,9 @@
 #include "desktop/inspector_window.h"
 
+#include "desktop/frame_room.h"
 #include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/qt/embed.h"
-#include "korvel/qt/qt_display.h"
 #include "korvel/window/core/display.h"
 #include "program/document_dialogs.h"
 #include "program/recent_files.h"
@@ -32,7 +32,6 @@ namespace korvel::inspector {
 namespace {
 
 constexpr QSize FirstSize = {1000, 700};
-constexpr QMargins FrameRoom = {8, 40, 8, 8}; // for the frame and the title, which are not known before
 
 // Shows the wait cursor for its lifetime.
 class WaitCursor {
@@ -111,7 +110,9 @@ void InspectorWindow::MakeFileMenu() {
 void InspectorWindow::ListRecentFiles() {
     m_recentMenu->clear();
     for (const std::string& path : RecentFiles()) {
-        QString label = QFile::decodeName(path.c_str());
+        // Both ends are needed: the file's name, and what tells it from others of that name.
+        QString label = fontMetrics().elidedText(QFile::decodeName(path.c_str()), Qt::ElideMiddle,
+                                                 screen()->size().width() / 2);
         label.replace(QLatin1Char('&'), QLatin1String("&&"));
         const int number = static_cast<int>(m_recentMenu->actions().size()) + 1;
         m_recentMenu->addAction(QStringLiteral("&%1  %2").arg(number).arg(label), this,
@@ -221,10 +222,6 @@ void InspectorWindow::ShowLists() {
         m_lists = std::make_unique<ListsWindow>(
             *m_document, *m_pane,
             CRect{room.x(), room.y(), room.x() + room.width(), room.y() + room.height()});
-        const CRect smallest = ListsWindow::SmallestRoom();
-        if (const auto* display = dynamic_cast<qt::QtDisplay*>(&Display()))
-            display->WidgetOf(m_lists->m_hWnd)
-                ->setMinimumSize(QSize(smallest.Width(), smallest.Height()).boundedTo(room.size()));
     }
     if (m_lists->HasLists())
         m_lists->Show();

@@ -82,10 +82,17 @@ CRect PlaceOver(const CRect& around, const Sizes& sizes, const CRect& room) {
     return {left, top, left + width, top + height};
 }
 
+// In which all texts can be read, as far as there is room.
+CSize LeastSize(const CRect& room) {
+    const Sizes sizes = TheSizes();
+    return {std::min(sizes.width, room.Width()),
+            std::min(sizes.height - FirstListHeight + SmallestList, room.Height())};
+}
+
 } // namespace
 
 ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner, const CRect& room)
-    : m_lists(document, PictureFolder) {
+    : m_lists(document, PictureFolder), m_leastSize(LeastSize(room)) {
     const CRect around = korvel::GetWindowRect(GetTopLevelParent(owner.m_hWnd));
     const std::string caption = Plain(InCodePage(TheProgramTexts.lists));
     CreateEx(0, "KorvelFrame", caption.c_str(), WS_OVERLAPPEDWINDOW, PlaceOver(around, TheSizes(), room),
@@ -94,11 +101,6 @@ ListsWindow::ListsWindow(const LandXmlDocument& document, CWnd& owner, const CRe
     m_titles = std::make_unique<EditableWordList>(TitlesOf(m_lists.All()), 0);
     m_title.Show(m_titles->Selected({0}));
     ShowList();
-}
-
-CRect ListsWindow::SmallestRoom() {
-    const Sizes sizes = TheSizes();
-    return {0, 0, sizes.width, sizes.height - FirstListHeight + SmallestList};
 }
 
 void ListsWindow::Show() {
@@ -221,6 +223,10 @@ void ListsWindow::ShowUse() {
 LRESULT ListsWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_CLOSE) {
         ShowWindow(SW_HIDE);
+        return 0;
+    }
+    if (message == WM_GETMINMAXINFO) {
+        reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {m_leastSize.cx, m_leastSize.cy};
         return 0;
     }
     if (message == RefreshChoice) {

@@ -22,8 +22,6 @@ public:
     ~ListsWindow() override { DestroyWindow(); } // while it can still take their last messages
 
     bool HasLists() { return !m_lists.All().empty(); }
-    /// In which all its texts can be read.
-    static CRect SmallestRoom();
     /// Only where there are lists.
     void Show();
 
@@ -49,6 +47,7 @@ private:
     void ShowUse();
 
     DocumentLists m_lists;
+    const CSize m_leastSize;
     std::unique_ptr<EditableWordList> m_titles;
     std::unique_ptr<EditableWordList> m_choice; // the words of the shown list, of which one can be chosen
     std::size_t m_shown = 0;

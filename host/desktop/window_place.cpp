@@ -1,5 +1,6 @@
 #include "desktop/window_place.h"
 
+#include "desktop/frame_room.h"
 #include "korvel/platform/error.h"
 #include "korvel/platform/settings_store.h"
 #include "program/settings_keys.h"
@@ -59,7 +60,7 @@ bool CanBeReached(const QRect& rect) {
 QRect OnAScreen(QRect rect, const QWidget& window) {
     if (CanBeReached(rect))
         return rect;
-    const QRect room = window.screen()->availableGeometry();
+    const QRect room = window.screen()->availableGeometry().marginsRemoved(FrameRoom);
     rect.setSize(rect.size().boundedTo(room.size()));
     rect.moveCenter(room.center());
     return rect;

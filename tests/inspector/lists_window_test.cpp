@@ -189,6 +189,8 @@ TEST_F(ListsWindowTest, OpensInItsRoom) {
     EXPECT_EQ(place.top, m_room.top);
     EXPECT_LE(place.right, m_room.right);
     EXPECT_LE(place.bottom, m_room.bottom);
+    Widget(m_lists->m_hWnd)->resize(50, 50);
+    EXPECT_GT(Widget(m_lists->m_hWnd)->width(), 300) << "its texts can be read at any size";
 }
 
 TEST_F(ListsWindowTest, ItsCombosGrowWithIt) {

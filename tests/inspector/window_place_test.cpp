@@ -1,3 +1,4 @@
+#include "desktop/frame_room.h"
 #include "desktop/window_place.h"
 #include "korvel/platform/settings_store.h"
 #include "program/settings_keys.h"
@@ -25,7 +26,7 @@ std::string RecordOf(std::initializer_list<int> edges) {
 
 TEST(WindowPlace, IsRestoredOntoAScreen) {
     const platform::ScratchStore store;
-    const QRect room = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect room = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(FrameRoom);
     const QRect first(10, 20, 300, 200);
     const auto centered = [&](int width, int height) {
         QRect rect(0, 0, std::min(width, room.width()), std::min(height, room.height()));
