@@ -43,6 +43,8 @@ QString SavePicture(QImage image, const QString& name) {
     if (!formats.contains(format))
         Fail({"the picture %1 cannot be written: its name ends in none of %2",
               {quoted, formats.join(", ").toStdString()}});
+    if (const QFileInfo there(name); there.exists() && !there.isFile())
+        Fail({"the picture %1 cannot be written", {quoted}});
     const QString free = FreeName(name);
     image.setText(MakerKey, Maker);
     if (!image.save(free, format))
