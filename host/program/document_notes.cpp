@@ -3,6 +3,7 @@
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
 #include "korvel/platform/settings_store.h"
+#include "program/absolute_path.h"
 #include "program/settings_keys.h"
 #include "texts/messages.h"
 
@@ -35,7 +36,10 @@ std::string KeyNameOf(const std::string& path) {
 
 // Of a file that need not exist; only an absolute path is followed then, too.
 std::string CanonicalPath(const std::string& file) {
-    return std::filesystem::weakly_canonical(std::filesystem::absolute(file)).string();
+    std::error_code failure;
+    const std::filesystem::path path = AbsolutePath(file);
+    const std::filesystem::path followed = std::filesystem::weakly_canonical(path, failure);
+    return failure ? path.string() : followed.string();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "korvel/platform/error.h"
 #include "korvel/platform/settings_store.h"
+#include "program/absolute_path.h"
 #include "program/settings_keys.h"
 
 #include <algorithm>
@@ -16,11 +17,8 @@ using platform::SettingValue;
 
 constexpr const char* ValueName = "RecentFiles"; // absolute paths, each ended by a zero byte
 
-// As it is where the current folder has gone.
 std::string Absolute(const std::string& file) {
-    std::error_code failure;
-    const std::filesystem::path path = std::filesystem::absolute(file, failure);
-    return failure ? file : path.lexically_normal().string();
+    return std::filesystem::path(AbsolutePath(file)).lexically_normal().string();
 }
 
 std::vector<std::string> ListWithout(const std::string& path) {

@@ -23,15 +23,15 @@ struct ProgramTexts {
     ProgramText viewMenu = {"&View", "&Ansicht"};
     ProgramText lists = {"&Lists", "&Listen"};
     ProgramText documentMenu = {"&Document", "D&okument"};
-    ProgramText codes = {"&Codes…", "&Kodierungen…"};
-    ProgramText codesCaption = {"Codes of the file", "Kodierungen der Datei"};
+    ProgramText codes = {"&Codes…", "&Codes…"};
+    ProgramText codesCaption = {"Codes of the file", "Codes der Datei"};
     ProgramText codesLeftOut = {
         "%1 codes of the file are left out: a list of codes cannot hold \";\" or \":\" in a code.",
-        "%1 Kodierungen der Datei fehlen: eine Liste kann \";\" und \":\" in einer Kodierung nicht "
+        "%1 Codes der Datei fehlen: eine Liste kann \";\" und \":\" in einem Code nicht "
         "enthalten."}; // %1: how many, not one
     ProgramText oneCodeLeftOut = {
         "1 code of the file is left out: a list of codes cannot hold \";\" or \":\" in a code.",
-        "1 Kodierung der Datei fehlt: eine Liste kann \";\" und \":\" in einer Kodierung nicht enthalten."};
+        "1 Code der Datei fehlt: eine Liste kann \";\" und \":\" in einem Code nicht enthalten."};
     ProgramText description = {"&Description…", "&Beschreibung…"};
     ProgramText descriptionCaption = {"Description of the file", "Beschreibung der Datei"};
     ProgramText helpMenu = {"&Help", "&Hilfe"};

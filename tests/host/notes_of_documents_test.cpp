@@ -123,6 +123,24 @@ TEST_F(DocumentNotesTest, ADescriptionIsTheProjectsUntilOneIsKept) {
     }
 }
 
+TEST_F(DocumentNotesTest, WhatCannotBeKeptIsEditedOn) {
+    const std::string file = Write("<Project name='p' desc='old'/>");
+    const LandXmlDocument document(file, {});
+    fs::permissions(m_store.Path(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec);
+    const platform::OrdinaryUser user;
+    const auto field = [] { return GetDlgItem(GetParent(GetFocus()), 2110); };
+    const auto ok = [&] { korvel::SendMessageA(GetDlgItem(GetParent(field()), IDOK), BM_CLICK, 0, 0); };
+    display.Then([&] { korvel::SetWindowTextA(field(), "new"); });
+    display.Then(ok);
+    display.Then([&] { EXPECT_EQ(korvel::GetWindowTextA(field()), "new"); });
+    display.Then(ok); // once more, also without a further change
+    display.Then([this] { Press(VK_ESCAPE); });
+    display.AnswerNext(IDOK);
+    display.AnswerNext(IDOK);
+    EditDescription(document, file, frame);
+    EXPECT_EQ(display.ShownBoxes().size(), 2U);
+}
+
 TEST(RecentFiles, AreListedOnceAndTheLatestFirst) {
     const platform::ScratchStore store;
     EXPECT_EQ(RecentFiles(), Paths());

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace korvel::inspector {
+
+/// The path of a file from the root; as it is where the current folder has gone.
+std::string AbsolutePath(const std::string& file);
+
+} // namespace korvel::inspector
