@@ -1,15 +1,12 @@
 #include "source/blanks.h"
 
 #include "korvel/documents/xml_scanner.h"
+#include "korvel/documents/xml_text.h"
 
 namespace korvel::inspector {
 
 std::string_view Trim(std::string_view text) {
-    while (!text.empty() && XmlScanner::IsBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && XmlScanner::IsBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
+    return TrimXmlBlanks(text);
 }
 
 std::vector<std::string_view> SplitAtBlanks(std::string_view text) {

@@ -27,6 +27,7 @@ namespace korvel {
 /// Comments, instructions and a document type are left out. An empty element has a start and an end; the text
 /// inside an element comes in as many pieces as markup cuts it into, blanks included. A failure is the first
 /// one of the file, whatever its kind: where the text ends for a fault of its bytes, that fault is thrown.
+/// Prefixes are judged at the end of a start tag, which may declare them, and so after its other faults.
 ///
 /// Not refused, though the standards do not allow them: what stands in a document type but entities; two
 /// attributes that differ in their prefixes only, where both prefixes stand for the same namespace; a colon

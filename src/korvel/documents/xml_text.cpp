@@ -70,6 +70,14 @@ private:
 
 } // namespace
 
+std::string_view TrimXmlBlanks(std::string_view text) {
+    while (!text.empty() && XmlScanner::IsBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && XmlScanner::IsBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
 XmlCharacters DecodeXmlAttribute(std::string_view raw, std::size_t longest) {
     TextDecoder decoder(Whitespace::AsBlanks, longest);
     decoder.AppendCharacters(raw);

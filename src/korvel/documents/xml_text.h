@@ -8,6 +8,9 @@
 
 namespace korvel {
 
+/// `text` without the white space of XML around it.
+KORVEL_API std::string_view TrimXmlBlanks(std::string_view text);
+
 /// The characters that a piece of a document stands for.
 struct XmlCharacters {
     std::string utf8;

@@ -3,6 +3,7 @@
 #include "korvel/documents/xml_node.h"
 #include "korvel/documents/xml_scanner.h"
 #include "korvel/documents/xml_schema_error.h"
+#include "korvel/documents/xml_text.h"
 #include "korvel/documents/xml_tree.h"
 #include "korvel/output/angle_output.h"
 #include "korvel/output/date_output.h"
@@ -113,12 +114,7 @@ std::string ReadText(const XmlElement& parent, std::string_view element) {
 
 // Without the blanks that an editor puts around it.
 std::string_view ReadWord(const XmlElement& parent, std::string_view element) {
-    std::string_view text = parent.Child(element).text;
-    while (!text.empty() && XmlScanner::IsBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && XmlScanner::IsBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
+    return TrimXmlBlanks(parent.Child(element).text);
 }
 
 bool ReadBool(const XmlElement& parent, const char* element) {
