@@ -39,7 +39,11 @@ struct MisbehavingHost {
                 calls.Count();
             };
         observer.onCall = [this] { calls.Count(); };
-        enumeration.onCall = [this](const std::string&, long) { calls.Count(); };
+        enumeration.onCall = [this](const std::string& operation, long) {
+            if (operation == "presentation")
+                EXPECT_FALSE(calls.isOver) << "a presentation is asked after its binding has ended";
+            calls.Count();
+        };
         shaped.m_pEnumValue = &enumeration;
         point.With("x", Number(DT_Double, 1)).With("list", list);
         shaped.With("y", Number(DT_Double, 2));
