@@ -39,7 +39,7 @@ TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const Val
 /// The unit of a valid value of a type, where the type itself shows none; valid until the units change.
 std::string_view UnitOf(const ValueType& type, const ValuePlace& place);
 
-/// A text of the document in the code page of the library, where most are the same.
+/// A text of the document as the library holds texts (korvel/platform/code_page.h); most are the same in both.
 std::string ToLibraryText(const std::string& utf8);
 
 } // namespace korvel::inspector

@@ -19,10 +19,8 @@ TEST(FrameControl, StaysInsideItsRectangleAtAnySize) {
           std::pair(DFC_SCROLL, DFCS_SCROLLLEFT), std::pair(DFC_SCROLL, DFCS_SCROLLRIGHT)})
         for (int side = 0; side < 35 * 35; side += 3) {
             const CRect rect{10, 20, 15 + side % 35, 25 + side / 35};
-            for (const PaintCall& call : Draw(rect, type, state)) {
-                EXPECT_TRUE(call.rect.left >= rect.left && call.rect.right <= rect.right) << side;
-                EXPECT_TRUE(call.rect.top >= rect.top && call.rect.bottom <= rect.bottom) << side;
-            }
+            for (const PaintCall& call : Draw(rect, type, state))
+                EXPECT_EQ(call.rect.Intersected(rect), call.rect) << side;
         }
     EXPECT_THAT(Draw({5, 5, 5, 9}, DFC_BUTTON, 0), IsEmpty());
 }

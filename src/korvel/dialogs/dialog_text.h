@@ -13,8 +13,7 @@ namespace korvel {
 ///     if (dialog.DoModal() == IDOK && dialog.GetIsDirty())
 ///         Store(dialog.GetText());
 ///
-/// Nothing but what the user has changed becomes another byte: line ends that he leaves alone stay what they are,
-/// and a line that he types ends with "\r\n".
+/// The bytes that the user leaves alone stay what they are, line ends too; a line that is typed ends with "\r\n".
 class KORVEL_API CDialogText : public CDialog {
 public:
     explicit CDialogText(CWnd* parent = nullptr);

@@ -51,9 +51,9 @@ public:
     /// Moves the highlight; -1 highlights nothing. False, and all stays, when a handler of LVN_ITEMCHANGING
     /// refuses.
     bool SetCurrent(int row);
-    /// The list has rows more: the current one keeps its item.
+    /// Rows were added: the current one keeps its item.
     void RowsAdded(int first, int count);
-    /// The list has rows less: none is current if the current one is among them.
+    /// Rows were removed: none is current if the current one is among them.
     void RowsRemoved(int first, int count);
     /// The rows are gone: there is nothing more to do.
     void Detach();

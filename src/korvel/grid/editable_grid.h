@@ -159,7 +159,7 @@ public:
     int GetIcon(const CTreeItem* node) override;
     UINT GetCheckState(const CTreeItem* node, int column) override;
     void OnControlLButtonDown(UINT flags, CPoint point, LVHITTESTINFO& hit) override;
-    /// Rows come and go with the members of objects only; both would leave a member without its row.
+    /// Refuses: a row comes and goes only with the member or object that it shows.
     BOOL OnRowDeleting(CTreeItem* node, int row) override;
     std::unique_ptr<CImageList> CreateRowDragImage(int row) override;
     BOOL OnVkReturn() override;

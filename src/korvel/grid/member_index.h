@@ -42,8 +42,8 @@ public:
     /// False when the member is not filed.
     bool SetService(const IMemberDispatch* disp, std::string_view name, FormatService service);
     bool Remove(const IMemberDispatch* disp, std::string_view name);
-    /// Files a member under another name, which a row takes as its text. Whatever was filed there is not any
-    /// more. Without effect when the member is not filed.
+    /// Files a member under another name, which a row takes as its text. A member that was filed
+    /// under it is removed. Without effect when the member is not filed.
     void Rename(IMemberDispatch* disp, const std::string& name, std::string newName, FormatService service);
     /// Removes the entry of a row that shows a member of `disp`, whatever its text has become since.
     /// False when there is none.

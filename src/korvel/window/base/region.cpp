@@ -27,7 +27,7 @@ class BandWalk {
 public:
     explicit BandWalk(const RectangleList& rectangles) : m_rest(rectangles) { Next(); }
 
-    /// The band on this line, where there is one. Lines come in order.
+    // The band on this line, where there is one. Lines come in order.
     Band At(int line) {
         while (!m_band.empty() && m_band.front().bottom <= line)
             Next();

@@ -28,7 +28,7 @@ struct FileQuery {
     /// "description|patterns|description|patterns|", with ";" between patterns; an empty description ends it.
     /// Patterns ignore case, and "*.*" is every file, also one without a dot.
     CString filter;
-    bool promptOnOverwrite = true; // before a file to write is one that exists
+    bool promptOnOverwrite = true; // asks before an existing file is overwritten
     bool fileMustExist = false;    // of a file to open: no new name can be typed
 };
 
