@@ -161,6 +161,19 @@ TEST_F(DesktopDialog, AccessKeysAreTheDialogs) {
     });
 }
 
+TEST_F(DesktopDialog, TheFocusIsMarkedOnceAKeyHasMovedIt) {
+    for (const auto& [border, key, modifiers] : Table<Qt::Key, Qt::KeyboardModifiers>{
+             {"Tab", Qt::Key_Tab, Qt::NoModifier}, {"access key", Qt::Key_G, Qt::AltModifier}})
+        RunWith([&, pressed = key, with = modifiers] {
+            const QWidget* window = m_user.Widget(m_dialog.m_hWnd)->window();
+            SetFocus(m_dialog.Item(Check));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+            EXPECT_FALSE(window->testAttribute(Qt::WA_KeyboardFocusChange)) << border;
+            QTest::keyClick(QApplication::focusWidget(), pressed, with);
+            EXPECT_TRUE(window->testAttribute(Qt::WA_KeyboardFocusChange)) << border;
+        });
+}
+
 TEST_F(DesktopDialog, KeysFindTheDialogWhenNothingHasTheFocus) {
     RunWith([&] {
         EnableWindow(GetFocus(), false);

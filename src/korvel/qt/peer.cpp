@@ -36,6 +36,19 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
+// Styles mark the widget with the focus in a window where Qt has moved it by a key; here the windows in memory
+// move it.
+bool PressKey(HWND window, UINT message, UINT key, const CString& characters) {
+    const HWND before = GetFocus();
+    const bool isHandled = input::Key(window, message, key, characters);
+    QWidget* focused = QApplication::focusWidget();
+    if (focused && GetFocus() != before) {
+        focused->window()->setAttribute(Qt::WA_KeyboardFocusChange);
+        focused->update();
+    }
+    return isHandled;
+}
+
 } // namespace
 
 Peer::Peer(PeerContext& context, HWND window, QWidget& outer, QWidget& content)
@@ -198,7 +211,7 @@ bool Peer::OnAccessKey(const QShortcutEvent& event) {
     const QString letter = QKeySequence(event.key()[0].key()).toString(QKeySequence::PortableText).toLower();
     const CString character = FromQString(letter);
     const UINT code = letter.size() == 1 && letter[0].unicode() < 0x80 ? letter[0].toUpper().unicode() : 0u;
-    return input::Key(GetFocus() ? GetFocus() : m_window, WM_SYSKEYDOWN, code, character);
+    return PressKey(GetFocus() ? GetFocus() : m_window, WM_SYSKEYDOWN, code, character);
 }
 
 bool Peer::OnKey(QKeyEvent& event) {
@@ -206,7 +219,7 @@ bool Peer::OnKey(QKeyEvent& event) {
     if (event.type() == QEvent::KeyRelease && event.isAutoRepeat())
         return true;
     const KeyInput key = TranslateKey(event);
-    return input::Key(m_window, key.message, key.key, key.characters);
+    return PressKey(m_window, key.message, key.key, key.characters);
 }
 
 // Only for the keyboard: the menu of the mouse follows from the release of its button.
