@@ -1,4 +1,5 @@
 #include "korvel/platform/calendar.h"
+#include "korvel/window/base/color.h"
 #include "korvel/window/controls/combo_box.h"
 #include "korvel/window/controls/date_time_ctrl.h"
 #include "korvel/window/controls/progress_ctrl.h"
@@ -229,6 +230,17 @@ TEST_F(Controls, ATabThatIsRefusedIsNotShown) {
     CRect page = tabs.GetClientRect();
     tabs.AdjustRect(false, page);
     EXPECT_GE(page.top, bar.tabRect(0).bottom());
+}
+
+TEST_F(Controls, LinesAreSeenOnEveryGround) {
+    const QPalette before = QApplication::palette();
+    for (const auto& [border, ground] :
+         Table<QColor>{{"light", QColor(0xF0F0F0)}, {"dark", QColor(0x353535)}}) {
+        QApplication::setPalette(QPalette(ground, ground));
+        EXPECT_GT(internal::ContrastOf(GetSysColor(COLOR_BTNSHADOW), GetSysColor(COLOR_WINDOW)), 1.4)
+            << border;
+    }
+    QApplication::setPalette(before);
 }
 
 TEST_F(Controls, AFieldKeepsTheTextItIsMadeWith) {

@@ -1,6 +1,7 @@
 #include "korvel/qt/desktop_theme.h"
 
 #include "korvel/qt/convert.h"
+#include "korvel/window/base/color.h"
 #include "korvel/window/base/messages.h"
 
 #include <QApplication>
@@ -25,13 +26,23 @@ constexpr ColorRow Colors[] = {
     {COLOR_HIGHLIGHT, QPalette::Active, QPalette::Highlight},
     {COLOR_HIGHLIGHTTEXT, QPalette::Active, QPalette::HighlightedText},
     {COLOR_BTNFACE, QPalette::Active, QPalette::Window},
-    {COLOR_BTNSHADOW, QPalette::Active, QPalette::Mid},
     {COLOR_GRAYTEXT, QPalette::Disabled, QPalette::Text},
     {COLOR_BTNTEXT, QPalette::Active, QPalette::ButtonText},
 };
 
 constexpr int SunkenEdge = 2;       // of a border of the style's own
 constexpr int DoubleClickReach = 4; // how far apart two presses of a double click may be
+
+// The color of lines and of frames. The shadows of a dark palette are darker than its ground, where nobody sees
+// them.
+COLORREF ShadowColor() {
+    constexpr int MiddleLightness = 128;
+    const QPalette palette = QApplication::palette();
+    const QColor ground = palette.color(QPalette::Active, QPalette::Base);
+    const COLORREF text = FromQColor(palette.color(QPalette::Active, QPalette::Text));
+    return ground.lightness() < MiddleLightness ? Mix(FromQColor(ground), text, 1, 3)
+                                                : FromQColor(palette.color(QPalette::Active, QPalette::Mid));
+}
 
 QSize ScreenSize() {
     const QScreen* screen = QApplication::primaryScreen();
@@ -41,6 +52,8 @@ QSize ScreenSize() {
 } // namespace
 
 COLORREF SystemColor(int index) {
+    if (index == COLOR_BTNSHADOW)
+        return ShadowColor();
     for (const ColorRow& row : Colors)
         if (row.index == index)
             return FromQColor(QApplication::palette().color(row.group, row.role));
