@@ -17,6 +17,7 @@
 #include <QListView>
 #include <QProgressBar>
 #include <QSlider>
+#include <QStyleOptionComboBox>
 #include <QTabBar>
 #include <QTest>
 
@@ -230,6 +231,19 @@ TEST_F(Controls, ATabThatIsRefusedIsNotShown) {
     CRect page = tabs.GetClientRect();
     tabs.AdjustRect(false, page);
     EXPECT_GE(page.top, bar.tabRect(0).bottom());
+}
+
+TEST_F(Controls, TheFieldOfAComboBoxLeavesTheArrowFree) {
+    MakeBox(CBS_DROPDOWN);
+    auto& box = WidgetOf<QComboBox>(m_box);
+    QStyleOptionComboBox option;
+    option.initFrom(&box);
+    option.editable = true;
+    const QRect arrow =
+        box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, &box);
+    const QRect field = m_user.Widget(GetFirstChild(m_box.m_hWnd))->geometry();
+    EXPECT_FALSE(arrow.intersects(field));
+    EXPECT_LT(arrow.left() - field.right(), 8);
 }
 
 TEST_F(Controls, LinesAreSeenOnEveryGround) {

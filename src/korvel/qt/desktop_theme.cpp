@@ -9,6 +9,7 @@
 #include <QPalette>
 #include <QScreen>
 #include <QStyle>
+#include <QStyleOptionComboBox>
 
 namespace korvel::internal {
 
@@ -42,6 +43,13 @@ COLORREF ShadowColor() {
     const COLORREF text = FromQColor(palette.color(QPalette::Active, QPalette::Text));
     return ground.lightness() < MiddleLightness ? Mix(FromQColor(ground), text, 1, 3)
                                                 : FromQColor(palette.color(QPalette::Active, QPalette::Mid));
+}
+
+int ArrowWidth() {
+    QStyleOptionComboBox box;
+    box.editable = true;
+    box.rect = {0, 0, 200, QFontMetrics(QApplication::font()).height() + 8};
+    return QApplication::style()->subControlRect(QStyle::CC_ComboBox, &box, QStyle::SC_ComboBoxArrow).width();
 }
 
 QSize ScreenSize() {
@@ -80,6 +88,8 @@ int SystemMetric(int index) {
     case SM_KORVEL_TABHEIGHT:
         return QFontMetrics(QApplication::font()).height() +
                QApplication::style()->pixelMetric(QStyle::PM_TabBarTabVSpace);
+    case SM_KORVEL_ARROWWIDTH:
+        return ArrowWidth();
     default:
         return 0;
     }

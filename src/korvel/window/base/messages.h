@@ -222,6 +222,7 @@ inline constexpr int SM_CYEDGE = 46;
 inline constexpr int SM_CXDOUBLECLK = 36;
 inline constexpr int SM_KORVEL_TEXTHEIGHT = 0x1000; // own: height of a line of the default font
 inline constexpr int SM_KORVEL_TABHEIGHT = 0x1001;  // own: height of a tab
+inline constexpr int SM_KORVEL_ARROWWIDTH = 0x1002; // own: width of a combo box's arrow beside its text field
 
 // Edit control.
 inline constexpr UINT ES_MULTILINE = 0x0004;

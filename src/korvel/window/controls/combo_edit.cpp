@@ -47,6 +47,12 @@ LRESULT SetBoxText(ComboBoxState& box, LPARAM text) {
     return result;
 }
 
+// A display that does not know it has arrows as wide as scroll bars.
+int ArrowWidth() {
+    const int width = GetSystemMetrics(SM_KORVEL_ARROWWIDTH);
+    return width > 0 ? width : GetSystemMetrics(SM_CXVSCROLL);
+}
+
 } // namespace
 
 void CreateEdit(ComboBoxState& box) {
@@ -63,7 +69,7 @@ void PlaceEdit(const ComboBoxState& box) {
     if (!box.edit)
         return;
     const CRect client = GetClientRect(box.record.handle);
-    const int button = box.IsSimple() ? 0 : GetSystemMetrics(SM_CXVSCROLL);
+    const int button = box.IsSimple() ? 0 : ArrowWidth();
     const int line = GetSystemMetrics(SM_KORVEL_TEXTHEIGHT) + 2;
     MoveWindow(box.edit, {Frame, Frame, std::max(Frame, client.right - Frame - button),
                           box.IsSimple() ? Frame + line : std::max(Frame, client.bottom - Frame)});
