@@ -20,6 +20,7 @@
 #include <QDir>
 #include <QFile>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QStyleFactory>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -38,6 +39,8 @@ struct LanguageRow {
     const char* locale;
 };
 
+constexpr Qt::Key DropKey = Qt::Key_F4;
+
 constexpr LanguageRow Languages[] = {{"German", "de-DE"}, {"English", "en-US"}};
 
 const LanguageRow* FindLanguage(const QString& name) {
@@ -47,8 +50,17 @@ const LanguageRow* FindLanguage(const QString& name) {
     return nullptr;
 }
 
-void PressDropKey() {
-    QKeyEvent press(QEvent::KeyPress, Qt::Key_F4, Qt::NoModifier);
+// On Qt's own one, which is no larger than a dialog at twice the scale, lists would drop beside their fields.
+void UseLargeScreen(const QTemporaryDir& scratch) {
+    QFile file(scratch.filePath(QStringLiteral("screen.json")));
+    file.open(QIODevice::WriteOnly);
+    file.write(R"({"screens": [{"name": "Gallery", "x": 0, "y": 0, "width": 3840, "height": 2160,
+                                "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + QFile::encodeName(file.fileName()));
+}
+
+void Press(Qt::Key key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
     if (QWidget* focused = QApplication::focusWidget())
         QApplication::sendEvent(focused, &press);
 }
@@ -71,16 +83,26 @@ void TakeControls(Photographer& photographer) {
     const auto drop = [&](int id) {
         return [&dialog, id] {
             SetFocus(GetDlgItem(dialog.m_hWnd, id));
-            PressDropKey();
+            Press(DropKey);
         };
     };
-    photographer.TakeDialog("controls", show);
+    photographer.TakeDialog("controls", show, [] { Press(Qt::Key_Tab); });
     photographer.TakeDropped("controls-choice", show, drop(ControlsDialog::ChoiceId));
     photographer.TakeDropped("controls-calendar", show, drop(ControlsDialog::DateId));
 }
 
 ReadingOptions Reading() {
     return {StationKind::Automatic, GetFileContainer().GetFileValue(0), {}};
+}
+
+void TakeMenus(Photographer& photographer, QMainWindow& window) {
+    const QMenuBar& bar = *window.menuBar();
+    for (int i = 0; i < bar.actions().size(); ++i) {
+        QAction* title = bar.actions()[i];
+        title->menu()->popup(bar.mapToGlobal(bar.actionGeometry(title).bottomLeft()));
+        photographer.TakeWindow(QStringLiteral("menu-%1").arg(i + 1), window);
+        title->menu()->close();
+    }
 }
 
 void TakeInspector(Photographer& photographer, const qt::QtDisplay& display, const std::string& file) {
@@ -91,13 +113,14 @@ void TakeInspector(Photographer& photographer, const qt::QtDisplay& display, con
     window.Open(file);
     window.Pane().ExpandAll();
     photographer.TakeWindow("inspector", window);
+    TakeMenus(photographer, window);
 
     const LandXmlDocument document(file, Reading());
     ListsWindow lists(document, window.Pane(), {0, 0, 800, 600});
     lists.Show();
     QWidget& shown = *display.WidgetOf(lists.m_hWnd);
     photographer.TakeWindow("lists", shown);
-    PressDropKey();
+    Press(DropKey);
     photographer.TakeWindow("lists-choice", shown);
 }
 
@@ -132,9 +155,9 @@ int main(int count, char** arguments) {
         std::cerr << "usage: gallery FOLDER German|English DOCUMENT\n";
         return 2;
     }
-    const QTemporaryDir settings; // the user's own say where windows were, and what was opened
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(settings.path()));
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir scratch;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(scratch.path())); // no windows where the user had them
+    UseLargeScreen(scratch);
     DropQtWarnings();
     QApplication application(count, arguments);
     std::setlocale(LC_NUMERIC, "C");

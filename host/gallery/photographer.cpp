@@ -59,33 +59,37 @@ void Photographer::Save(const QString& name, QWidget& window) {
         m_faults.push_back("cut off in " + written.toStdString() + ": " + text.toStdString());
 }
 
-void Photographer::TakeDialog(const QString& name, const Act& show) {
-    TakeDropped(name, show, {});
+void Photographer::TakeDialog(const QString& name, const Act& show, const Act& use) {
+    Take(name, show, use, Shown::Dialog);
 }
 
 void Photographer::TakeDropped(const QString& name, const Act& show, const Act& drop) {
+    Take(name, show, drop, Shown::Popup);
+}
+
+void Photographer::Take(const QString& name, const Act& show, const Act& use, Shown wanted) {
     bool isTaken = false;
     std::exception_ptr failure; // no exception may go through Qt's event loop
     const auto take = [&] {
-        QWidget* shown = QApplication::activeModalWidget();
-        if (!shown)
+        QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog)
             return;
         try {
-            isTaken = !drop || !Popups().isEmpty();
-            Save(name, *shown);
+            isTaken = wanted == Shown::Dialog || !Popups().isEmpty();
+            Save(name, *dialog);
         } catch (const Error&) {
             failure = std::current_exception();
         }
         for (QWidget* popup : Popups())
             popup->close();
-        shown->close();
+        dialog->close();
     };
     const QObject call; // with which the timers end
     QTimer::singleShot(UntilPainted, &call, [&] {
-        if (QWidget* shown = QApplication::activeModalWidget(); shown && drop) {
-            shown->activateWindow(); // no window manager does so
+        if (QWidget* dialog = QApplication::activeModalWidget(); dialog && use) {
+            dialog->activateWindow(); // no window manager does so
             QApplication::processEvents();
-            drop();
+            use();
         }
         QTimer::singleShot(UntilPainted, &call, take);
     });

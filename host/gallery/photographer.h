@@ -22,9 +22,10 @@ public:
 
     Photographer(QString folder, QString suffix);
 
-    /// `show` shows a dialog until it is closed, which this does when the picture is taken.
-    void TakeDialog(const QString& name, const Act& show);
-    /// The same after `drop`, which opens what drops down.
+    /// `show` shows a dialog until it is closed, which this does when the picture is taken. `use` is done
+    /// before that.
+    void TakeDialog(const QString& name, const Act& show, const Act& use = {});
+    /// The same, where `drop` opens what drops down.
     void TakeDropped(const QString& name, const Act& show, const Act& drop);
     /// A window that is shown already.
     void TakeWindow(const QString& name, QWidget& window);
@@ -35,6 +36,9 @@ public:
     const std::vector<std::string>& Notices() const { return m_notices; }
 
 private:
+    enum class Shown { Dialog, Popup };
+
+    void Take(const QString& name, const Act& show, const Act& use, Shown wanted);
     void Save(const QString& name, QWidget& window);
 
     QString m_folder;
