@@ -106,7 +106,7 @@ constexpr const char* Heights[] = {"DHHN2016", "DHHN92", "NAP"};
 Image SquareOf(std::uint32_t color) {
     constexpr int Side = 16;
     constexpr int Margin = 3;
-    Image image{Side, Side, std::vector<std::uint32_t>(Side * Side)};
+    Image image{Side, Side, std::vector<std::uint32_t>(std::size_t{Side} * Side)};
     for (int i = 0; i < Side * Side; ++i) {
         const auto isInside = [](int place) { return place >= Margin && place < Side - Margin; };
         if (isInside(i % Side) && isInside(i / Side))

@@ -105,7 +105,18 @@ void TakeMenus(Photographer& photographer, QMainWindow& window) {
     }
 }
 
-void TakeInspector(Photographer& photographer, const qt::QtDisplay& display, const std::string& file) {
+void TakeLists(Photographer& photographer, const qt::QtDisplay& display, const LandXmlDocument& document,
+               CWnd& owner) {
+    ListsWindow lists(document, owner, {0, 0, 800, 600});
+    lists.Show();
+    QWidget& shown = *display.WidgetOf(lists.m_hWnd);
+    photographer.TakeWindow("lists", shown);
+    Press(DropKey);
+    photographer.TakeWindow("lists-choice", shown);
+}
+
+void TakeInspector(Photographer& photographer, const qt::QtDisplay& display, const std::string& file,
+                   const LandXmlDocument& document) {
     InspectorWindow window(Reading(), true);
     window.resize(800, 600);
     window.show();
@@ -114,14 +125,7 @@ void TakeInspector(Photographer& photographer, const qt::QtDisplay& display, con
     window.Pane().ExpandAll();
     photographer.TakeWindow("inspector", window);
     TakeMenus(photographer, window);
-
-    const LandXmlDocument document(file, Reading());
-    ListsWindow lists(document, window.Pane(), {0, 0, 800, 600});
-    lists.Show();
-    QWidget& shown = *display.WidgetOf(lists.m_hWnd);
-    photographer.TakeWindow("lists", shown);
-    Press(DropKey);
-    photographer.TakeWindow("lists-choice", shown);
+    TakeLists(photographer, display, document, window.Pane());
 }
 
 void Print(const std::vector<std::string>& lines) {
@@ -131,6 +135,7 @@ void Print(const std::vector<std::string>& lines) {
 
 int TakeAll(const QString& folder, const char* language, const qt::QtDisplay& display,
             const std::string& file) {
+    const LandXmlDocument document(file, Reading());
     bool isFine = true;
     for (const Ground ground : AllGrounds) {
         UseGround(ground);
@@ -139,7 +144,7 @@ int TakeAll(const QString& folder, const char* language, const qt::QtDisplay& di
             folder, QStringLiteral("%1-%2-%3").arg(QString(language).toLower(), NameOf(ground)).arg(scale));
         TakeLibrary(photographer, file);
         TakeControls(photographer);
-        TakeInspector(photographer, display, file);
+        TakeInspector(photographer, display, file, document);
         Print(photographer.Notices());
         Print(photographer.Faults());
         isFine = isFine && photographer.Faults().empty();
@@ -174,7 +179,6 @@ int main(int count, char** arguments) {
         UseDesktopLanguage(language->locale, translator);
         qt::QtDisplay display;
         SetDisplay(&display);
-        LandXmlDocument(arguments[3], Reading()); // it fails now, or never
         return TakeAll(folder, language->name, display, arguments[3]);
     } catch (const std::exception& error) {
         std::cerr << "gallery: " << platform::ToUtf8(error.what()) << '\n';
