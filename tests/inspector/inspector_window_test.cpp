@@ -3,10 +3,12 @@
 #include "korvel/values/language.h"
 #include "source/document_error.h"
 #include "support/scratch.h"
+#include "support/table.h"
 
 #include <QApplication>
 #include <QDropEvent>
 #include <QLabel>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
@@ -128,6 +130,26 @@ TEST_F(InspectorWindowTest, ValuesTakeTheWidthThatNamesLeave) {
     EXPECT_GT(Grid().GetItemCount(), Grid().GetCountPerPage());
     EXPECT_EQ(Grid().GetColumnWidth(0) + Grid().GetColumnWidth(1), Grid().GetClientRect().Width())
         << "beside the scroll bar that the rows have brought";
+}
+
+TEST_F(InspectorWindowTest, ItsDocumentMenuOpensWhatItSays) {
+    const platform::ScratchStore store;
+    QMenu& menu = *m_window->menuBar()->actions().at(1)->menu();
+    EXPECT_FALSE(menu.isEnabled()) << "there is no document";
+    OpenSample();
+    ASSERT_TRUE(menu.isEnabled());
+    for (const auto& [border, item, caption] : Table<int, const char*>{
+             {"codes", 0, "Codes of the file"}, {"description", 1, "Description of the file"}}) {
+        QString shown;
+        QTimer::singleShot(0, m_window.get(), [&shown] {
+            if (QWidget* dialog = QApplication::activeModalWidget()) {
+                shown = dialog->windowTitle();
+                dialog->close();
+            }
+        });
+        menu.actions().at(item)->trigger();
+        EXPECT_TRUE(shown.startsWith(QLatin1String(caption))) << border << ": " << shown.toStdString();
+    }
 }
 
 TEST_F(InspectorWindowTest, OpensWhatIsDroppedOnIt) {
