@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 namespace korvel::test {
 
@@ -215,6 +216,18 @@ TEST_F(DesktopDialog, SiblingsAreStackedInTheirOrder) {
                                    {"the other to the bottom", &second, HWND_BOTTOM, &first}}) {
         SetWindowPos(window->m_hWnd, after, {}, SWP_NOMOVE | SWP_NOSIZE);
         EXPECT_EQ(frame->childAt(10, 10), m_user.Widget(top->m_hWnd)) << border;
+    }
+}
+
+TEST_F(DesktopDialog, IsKeptOnTopWhileItIsShown) {
+    const QWidget* window = m_user.Widget(m_frame.m_hWnd)->window();
+    const QWindow* native = window->windowHandle();
+    for (const auto& [border, after, isOnTop] :
+         Table<HWND, bool>{{"on top", HWND_TOPMOST, true}, {"as others", HWND_NOTOPMOST, false}}) {
+        m_frame.SetWindowPos(after, {}, SWP_NOMOVE | SWP_NOSIZE);
+        EXPECT_EQ(window->windowHandle(), native) << border;
+        EXPECT_EQ(native->flags().testFlag(Qt::WindowStaysOnTopHint), isOnTop) << border;
+        EXPECT_TRUE(native->isVisible()) << border;
     }
 }
 

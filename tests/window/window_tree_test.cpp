@@ -255,6 +255,31 @@ TEST_F(WindowTreeTest, SiblingsLieInTheOrderThatTheyAreGiven) {
     }
 }
 
+TEST_F(WindowTreeTest, OnlyTopLevelWindowsAreKeptOnTop) {
+    RecordedWindow frame("frame", log), other("other", log), child("child", log);
+    frame.Create(0, nullptr);
+    other.Create(WS_CHILD, &frame);
+    child.Create(WS_CHILD, &frame);
+    const Aspects order = Aspect::Order, both = Aspect::Order | Aspect::Style;
+    for (const auto& [border, window, after, isTopmost, told] :
+         Table<CWnd*, HWND, bool, Aspects>{{"to the front", &frame, HWND_TOP, false, order},
+                                           {"on top", &frame, HWND_TOPMOST, true, both},
+                                           {"on top again", &frame, HWND_TOPMOST, true, order},
+                                           {"to the front of those on top", &frame, HWND_TOP, true, order},
+                                           {"as others", &frame, HWND_NOTOPMOST, false, both},
+                                           {"as others already", &frame, HWND_NOTOPMOST, false, {}},
+                                           {"on top once more", &frame, HWND_TOPMOST, true, both},
+                                           {"to the bottom", &frame, HWND_BOTTOM, false, Aspect::Style},
+                                           {"a child", &child, HWND_TOPMOST, false, order},
+                                           {"a child as others", &other, HWND_NOTOPMOST, false, {}}}) {
+        display.TakeChanges(window->m_hWnd);
+        window->SetWindowPos(after, {}, OnlyOrder);
+        EXPECT_EQ((view::ExStyle(window->m_hWnd) & WS_EX_TOPMOST) != 0, isTopmost) << border;
+        EXPECT_EQ(display.TakeChanges(window->m_hWnd), told) << border;
+    }
+    EXPECT_EQ(view::Children(frame.m_hWnd), (std::vector<HWND>{child.m_hWnd, other.m_hWnd}));
+}
+
 TEST_F(WindowTreeTest, AWindowThatIsSizedIsAskedForItsLimits) {
     struct Limited : CWnd {
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {

@@ -35,7 +35,7 @@ void CTooltippBitmap::Show(CWnd& owner, const CRect& beside) {
     const bool fitsBelow = beside.bottom + height <= screenHeight || beside.bottom > screenHeight;
     const int left = MovedOntoScreen(beside.left, width, GetSystemMetrics(SM_CXSCREEN));
     const int top = fitsBelow ? beside.bottom : std::max(0, beside.top - height);
-    SetWindowPos(m_hWnd, nullptr, {left, top, left + width, top + height}, SWP_NOACTIVATE | SWP_SHOWWINDOW);
+    SetWindowPos(HWND_TOP, {left, top, left + width, top + height}, SWP_NOACTIVATE | SWP_SHOWWINDOW);
     Invalidate();
 }
 

@@ -8,6 +8,7 @@
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>
+#include <QWindow>
 
 namespace korvel::internal {
 
@@ -46,6 +47,8 @@ void TopLevel::Apply(Aspects aspects) {
     QWidget& widget = m_peer.Outer();
     if (aspects & (Aspect::Rectangle | Aspect::Style | Aspect::Visible))
         FollowLimits();
+    if (aspects & Aspect::Style)
+        FollowTopmost();
     if (aspects & Aspect::Text)
         widget.setWindowTitle(TextOf(window));
     if (!(aspects & Aspect::Visible))
@@ -68,6 +71,17 @@ void TopLevel::FollowLimits() {
         return;
     widget.setMinimumSize(sizes.least.cx, sizes.least.cy);
     widget.setMaximumSize(std::min(sizes.most.cx, QWIDGETSIZE_MAX), std::min(sizes.most.cy, QWIDGETSIZE_MAX));
+}
+
+// QWidget::setWindowFlags would hide the window.
+void TopLevel::FollowTopmost() {
+    QWidget& widget = m_peer.Outer();
+    const bool isOnTop = FlagsOf(m_peer.Window()).testFlag(Qt::WindowStaysOnTopHint);
+    if (widget.windowFlags().testFlag(Qt::WindowStaysOnTopHint) == isOnTop)
+        return;
+    widget.overrideWindowFlags(widget.windowFlags().setFlag(Qt::WindowStaysOnTopHint, isOnTop));
+    if (QWindow* native = widget.windowHandle())
+        native->setFlag(Qt::WindowStaysOnTopHint, isOnTop);
 }
 
 // A window whose owner is disabled already is a modal one. Qt has to know before it shows the window.

@@ -30,6 +30,7 @@ private:
     void PrepareToAppear();
     void ReportPlace();
     void FollowLimits();
+    void FollowTopmost();
 
     PeerContext& m_context;
     Peer& m_peer;

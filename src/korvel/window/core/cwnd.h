@@ -61,6 +61,10 @@ public:
     CRect GetClientRect() const { return korvel::GetClientRect(m_hWnd); }
     CRect GetWindowRect() const { return korvel::GetWindowRect(m_hWnd); }
     void MoveWindow(const CRect& rect, bool repaint = true) { korvel::MoveWindow(m_hWnd, rect, repaint); }
+    /// Flags: SWP_*; see korvel::SetWindowPos.
+    bool SetWindowPos(HWND insertAfter, const CRect& rect, UINT flags) {
+        return korvel::SetWindowPos(m_hWnd, insertAfter, rect, flags);
+    }
     void ShowWindow(int command) { korvel::ShowWindow(m_hWnd, command); }
     void EnableWindow(bool enable) { korvel::EnableWindow(m_hWnd, enable); }
     bool IsWindowVisible() const { return korvel::IsWindowVisible(m_hWnd); }

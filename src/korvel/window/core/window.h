@@ -57,6 +57,8 @@ struct MINMAXINFO {
 /// Places for SetWindowPos beside a sibling.
 inline const HWND HWND_TOP = nullptr;
 inline const HWND HWND_BOTTOM = reinterpret_cast<HWND>(std::uintptr_t{1});
+inline const HWND HWND_TOPMOST = reinterpret_cast<HWND>(std::intptr_t{-1});
+inline const HWND HWND_NOTOPMOST = reinterpret_cast<HWND>(std::intptr_t{-2});
 
 // --- life ---
 
@@ -131,8 +133,10 @@ KORVEL_API HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous);
 KORVEL_API bool MoveWindow(HWND window, const CRect& rect, bool repaint = true);
 /// Puts the window after a sibling, before all (HWND_TOP) or after all (HWND_BOTTOM), unless SWP_NOZORDER says
 /// otherwise: the first sibling lies on top and is the first for Tab. A window that is no sibling leaves the
-/// order. New windows come last. Top-level windows keep no order; HWND_TOP brings one to the front. Flags:
-/// SWP_*. A window with WS_THICKFRAME is asked for its limits (WM_GETMINMAXINFO) before it gets another size.
+/// order. New windows come last. Top-level windows keep no order; HWND_TOP brings one to the front.
+/// HWND_TOPMOST brings one there and keeps it above all that are not (WS_EX_TOPMOST) until HWND_NOTOPMOST or
+/// HWND_BOTTOM; for a child window it is HWND_TOP, and HWND_NOTOPMOST does nothing. Flags: SWP_*. A window with
+/// WS_THICKFRAME is asked for its limits (WM_GETMINMAXINFO) before it gets another size.
 KORVEL_API bool SetWindowPos(HWND window, HWND insertAfter, const CRect& rect, UINT flags);
 KORVEL_API bool BringWindowToTop(HWND window);
 /// The whole window in screen coordinates.

@@ -23,12 +23,27 @@ bool MoveTo(std::vector<HWND>& siblings, HWND window, HWND insertAfter) {
     return true;
 }
 
+void PutTopLevel(WindowRecord& record, HWND insertAfter) {
+    const UINT former = record.exStyle;
+    if (insertAfter == HWND_TOPMOST)
+        record.exStyle |= WS_EX_TOPMOST;
+    else if (insertAfter == HWND_NOTOPMOST || insertAfter == HWND_BOTTOM)
+        record.exStyle &= ~WS_EX_TOPMOST;
+    const bool isOther = record.exStyle != former;
+    if (isOther)
+        TellDisplay(record, Aspect::Style);
+    if (insertAfter == HWND_TOP || insertAfter == HWND_TOPMOST || (isOther && insertAfter == HWND_NOTOPMOST))
+        TellDisplay(record, Aspect::Order);
+}
+
 } // namespace
 
 // The display is told also of a window that is there already: it may stack the widgets in another order.
 void PutAfter(WindowRecord& record, HWND insertAfter) {
     const RecordRef parent = Find(record.parent);
-    if (parent ? MoveTo(parent->children, record.handle, insertAfter) : insertAfter == HWND_TOP)
+    if (!parent)
+        PutTopLevel(record, insertAfter);
+    else if (MoveTo(parent->children, record.handle, insertAfter == HWND_TOPMOST ? HWND_TOP : insertAfter))
         TellDisplay(record, Aspect::Order);
 }
 
