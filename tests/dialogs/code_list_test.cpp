@@ -25,9 +25,9 @@ public:
 
     CListCtrl& Rows() { return m_listCodes; }
     void SelectRow(int row) { m_listCodes.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED); }
-    void Click(int id) { korvel::SendMessageA(GetDlgItem(m_hWnd, id), BM_CLICK, 0, 0); }
+    void Click(int id) { korvel::SendMessageA(korvel::GetDlgItem(m_hWnd, id), BM_CLICK, 0, 0); }
     void OnAddCodes() override { add ? add() : CDialogCodeList::OnAddCodes(); }
-    bool IsOn(int id) const { return korvel::IsWindowEnabled(GetDlgItem(m_hWnd, id)); }
+    bool IsOn(int id) const { return korvel::IsWindowEnabled(korvel::GetDlgItem(m_hWnd, id)); }
 };
 
 class CodeListTest : public DialogTest {

@@ -30,7 +30,7 @@ public:
         root = pane;
         return 1;
     }
-    CRect List() const { return korvel::GetWindowRect(GetDlgItem(m_hWnd, ListId)); }
+    CRect List() const { return korvel::GetWindowRect(korvel::GetDlgItem(m_hWnd, ListId)); }
 
 private:
     struct ListOfPage : CWnd {

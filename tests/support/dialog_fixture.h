@@ -20,7 +20,7 @@ public:
     std::map<int, std::function<void()>> onCommand;
     std::vector<int> commands;
 
-    HWND Item(int id) const { return GetDlgItem(m_hWnd, id); }
+    HWND Item(int id) const { return korvel::GetDlgItem(m_hWnd, id); }
     BOOL OnInitDialog() override { return onInit(); }
 
 protected:

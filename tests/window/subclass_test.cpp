@@ -59,6 +59,37 @@ TEST_F(SubclassTest, AnObjectMayGoFromBelowAHook) {
     DestroyWindow(window);
 }
 
+TEST_F(SubclassTest, AWindowWithoutObjectHasATemporaryOne) {
+    CWnd* temporary = nullptr;
+    {
+        RecordedWindow frame("frame", log), button("button", log);
+        frame.Create(WS_VISIBLE, nullptr);
+        const HWND child = CreateWindowExA(0, "BUTTON", "OK", WS_CHILD, {}, frame.m_hWnd, 7);
+        EXPECT_EQ(CWnd::FromHandle(frame.m_hWnd), &frame);
+        temporary = frame.GetDlgItem(7);
+        ASSERT_NE(temporary, nullptr);
+        EXPECT_EQ(temporary->GetWindowTextA(), "OK");
+        EXPECT_EQ(temporary->GetParent(), &frame);
+        EXPECT_EQ(CWnd::FromHandle(child), temporary) << "one for a window";
+        EXPECT_EQ(CWnd::FromHandlePermanent(child), nullptr);
+        button.SubclassWindow(child);
+        EXPECT_EQ(frame.GetDlgItem(7), &button);
+        temporary->UnsubclassWindow();
+        EXPECT_EQ(frame.GetDlgItem(7), &button) << "which the temporary one does not detach";
+        frame.on[WM_USER] = [&] {
+            temporary->DestroyWindow();
+            EXPECT_EQ(temporary->m_hWnd, nullptr) << "its window is gone; the object is not, yet";
+        };
+        frame.SendMessageA(WM_USER);
+        EXPECT_EQ(frame.GetDlgItem(7), nullptr);
+        EXPECT_EQ(CWnd::FromHandle(child), nullptr);
+        display.Advance(std::chrono::milliseconds(0));
+        temporary = CWnd::FromHandle(CreateWindowExA(0, "BUTTON", "", WS_CHILD, {}, frame.m_hWnd, 8));
+    }
+    EXPECT_EQ(temporary->m_hWnd, nullptr) << "gone with its parent";
+    display.Advance(std::chrono::milliseconds(0));
+}
+
 struct ReflectingControl : CWnd {
     int offered = 0;
     bool handles = true;

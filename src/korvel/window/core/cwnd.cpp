@@ -43,12 +43,14 @@ bool CWnd::SubclassWindow(HWND window) {
 }
 
 bool CWnd::SubclassDlgItem(int id, CWnd* parent) {
-    return parent && SubclassWindow(GetDlgItem(parent->m_hWnd, id));
+    return parent && SubclassWindow(korvel::GetDlgItem(parent->m_hWnd, id));
 }
 
 HWND CWnd::UnsubclassWindow() {
     const HWND window = m_hWnd;
-    OnOwner(window, [](WindowRecord& record) {
+    OnOwner(window, [this](WindowRecord& record) {
+        if (record.object != this)
+            return;
         record.DetachObject();
         WindowAccess::RestoreProcedure(record);
     });
@@ -62,6 +64,22 @@ bool CWnd::DestroyWindow() {
 CWnd* CWnd::FromHandlePermanent(HWND window) {
     return OnOwner(
         window, [](WindowRecord& record) { return record.object; });
+}
+
+CWnd* CWnd::FromHandle(HWND window) {
+    return OnOwner(
+        window,
+        [](WindowRecord& record) {
+            if (record.object)
+                return record.object;
+            if (!record.temporary) {
+                const auto object = std::make_shared<CWnd>();
+                object->m_hWnd = record.handle;
+                record.handleInTemporary = {object, &object->m_hWnd};
+                record.temporary = object.get();
+            }
+            return record.temporary;
+        });
 }
 
 void CWnd::ModifyStyle(UINT remove, UINT add) {

@@ -44,7 +44,7 @@ public:
     /// The same for a child of `parent` (may be null: false).
     bool SubclassDlgItem(int id, CWnd* parent);
     /// Detaches and puts the former procedure back, unless someone has put another one above it since.
-    /// Returns the window.
+    /// Returns the window. Nothing for a temporary object.
     HWND UnsubclassWindow();
     /// False without a window.
     virtual bool DestroyWindow();
@@ -52,11 +52,21 @@ public:
     static MSG GetCurrentMessage();
     /// The object attached to a window, or null. Any thread.
     static CWnd* FromHandlePermanent(HWND window);
+    /// The object attached to a window; for a window without one a temporary object that only calls it and gets
+    /// none of its messages. Null for a window that is gone. The temporary one belongs to the library: there is
+    /// one for a window, it lives as long as the window, and after that without a window until its thread next
+    /// dispatches messages. On the thread of the window.
+    ///
+    ///     CWnd* button = CWnd::FromHandle(GetDlgItem(dialog, IDOK));
+    ///     button->EnableWindow(false);
+    static CWnd* FromHandle(HWND window);
 
     LRESULT SendMessageA(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
         return korvel::SendMessageA(m_hWnd, message, wParam, lParam);
     }
-    CWnd* GetParent() const { return FromHandlePermanent(korvel::GetParent(m_hWnd)); }
+    /// The objects of the parent and of the first child with that id, as FromHandle gives them.
+    CWnd* GetParent() const { return FromHandle(korvel::GetParent(m_hWnd)); }
+    CWnd* GetDlgItem(int id) const { return FromHandle(korvel::GetDlgItem(m_hWnd, id)); }
     int GetDlgCtrlID() const { return korvel::GetDlgCtrlID(m_hWnd); }
     CRect GetClientRect() const { return korvel::GetClientRect(m_hWnd); }
     CRect GetWindowRect() const { return korvel::GetWindowRect(m_hWnd); }

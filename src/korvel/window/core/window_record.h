@@ -49,11 +49,13 @@ struct WindowRecord : boost::intrusive_ref_counter<WindowRecord, boost::thread_u
     WNDPROC procedure = nullptr;
     WNDPROC superProcedure = nullptr; // what the window had before an object was attached
     CWnd* object = nullptr;
-    HWND* handleInObject = nullptr; // CWnd::m_hWnd of the object
-    bool redraw = true;             // WM_SETREDRAW
-    Aspects untold;                 // what changed while redraw was off
-    bool destroying = false;        // its end has begun, though it still counts as visible at first
-    bool announced = false;         // WM_DESTROY was sent
+    HWND* handleInObject = nullptr;          // CWnd::m_hWnd of the object
+    CWnd* temporary = nullptr;               // what CWnd::FromHandle gives of a window without object
+    std::shared_ptr<HWND> handleInTemporary; // CWnd::m_hWnd of that, which it keeps alive
+    bool redraw = true;                      // WM_SETREDRAW
+    Aspects untold;                          // what changed while redraw was off
+    bool destroying = false;                 // its end has begun, though it still counts as visible at first
+    bool announced = false;                  // WM_DESTROY was sent
     std::unique_ptr<ControlState> control;
     std::unique_ptr<ScrollBarStates> scrollBars; // null until the program sets one
 
