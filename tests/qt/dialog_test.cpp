@@ -5,10 +5,12 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <QWindow>
 
 namespace korvel::test {
@@ -228,6 +230,54 @@ TEST_F(DesktopDialog, IsKeptOnTopWhileItIsShown) {
         EXPECT_EQ(window->windowHandle(), native) << border;
         EXPECT_EQ(native->flags().testFlag(Qt::WindowStaysOnTopHint), isOnTop) << border;
         EXPECT_TRUE(native->isVisible()) << border;
+    }
+}
+
+TEST_F(DesktopDialog, TabGoesOutOfAnEmbeddedOneAndInAgain) {
+    constexpr int Late = 77;
+    RecordedDialog dialog;
+    ASSERT_TRUE(dialog.Create(300u, nullptr));
+    QWidget host;
+    QVBoxLayout layout(&host);
+    QLineEdit before;
+    QLineEdit after;
+    layout.addWidget(&before);
+    layout.addWidget(qt::Embed(dialog.m_hWnd));
+    layout.addWidget(&after);
+    CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE | Stop, {0, 0, 50, 20}, dialog.m_hWnd, Late);
+    host.show();
+    host.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&host));
+    before.setFocus();
+    const auto tab = [](bool isBack) {
+        return [=] {
+            QTest::keyClick(QApplication::focusWidget(), isBack ? Qt::Key_Backtab : Qt::Key_Tab,
+                            isBack ? Qt::ShiftModifier : Qt::NoModifier);
+        };
+    };
+    for (const auto& [border, act, outside, inside] : Table<std::function<void()>, QWidget*, int>{
+             {"in at the first stop", tab(false), nullptr, Name},
+             {"on inside", tab(false), nullptr, Check},
+             {"back inside", tab(true), nullptr, Name},
+             {"out before the first", tab(true), &before, 0},
+             {"round the host, in at the last stop", [&] { after.setFocus(), tab(true)(); }, nullptr, Late},
+             {"back inside from there", tab(true), nullptr, IDCANCEL},
+             {"to the last again", tab(false), nullptr, Late},
+             {"round for a program", [&] { dialog.NextDlgCtrl(); }, nullptr, Name},
+             {"to the last once more", [&] { dialog.PrevDlgCtrl(); }, nullptr, Late},
+             {"out after the last", tab(false), &after, 0},
+             {"round inside where nothing else takes it",
+              [&] {
+                  tab(true)();
+                  before.hide();
+                  after.hide();
+                  tab(false)();
+              },
+              nullptr, Name}}) {
+        act();
+        EXPECT_EQ(GetDlgCtrlID(GetFocus()), inside) << border;
+        const QWidget* expected = outside ? outside : m_user.Widget(GetFocus());
+        EXPECT_EQ(QApplication::focusWidget(), expected) << border;
     }
 }
 

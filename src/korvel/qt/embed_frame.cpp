@@ -4,12 +4,14 @@
 #include "korvel/qt/display_parts.h"
 #include "korvel/qt/peer_context.h"
 #include "korvel/qt/qt_display.h"
+#include "korvel/window/base/messages.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/thread_queue.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>
+#include <QFocusEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
@@ -89,11 +91,34 @@ bool EmbedFrame::eventFilter(QObject* object, QEvent* event) {
     return false;
 }
 
-void EmbedFrame::PassFocusOn(PeerContext& context, const QWidget* former) {
-    if (former && isAncestorOf(former)) {
-        if (!focusNextPrevChild(false))
-            context.focus.Show(korvel::GetFocus()); // the host has nothing else that takes it
-        return;
+void EmbedFrame::focusInEvent(QFocusEvent* event) {
+    m_focusReason = event->reason();
+}
+
+bool EmbedFrame::focusNextPrevChild(bool next) {
+    const auto takesTab = [&](const QWidget& widget) {
+        return (widget.focusPolicy() & Qt::TabFocus) && !widget.focusProxy() && widget.isEnabled() &&
+               widget.isVisibleTo(window());
+    };
+    const auto following = [next](const QWidget& widget) {
+        return next ? widget.nextInFocusChain() : widget.previousInFocusChain();
+    };
+    for (QWidget* widget = following(*this); widget != this; widget = following(*widget)) {
+        if (isAncestorOf(widget) || !takesTab(*widget))
+            continue;
+        widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        return true;
+    }
+    return false;
+}
+
+void EmbedFrame::PassFocusOn(PeerContext& context) {
+    const bool isBack = m_focusReason == Qt::BacktabFocusReason;
+    const bool isByTab = isBack || m_focusReason == Qt::TabFocusReason;
+    if (const HWND stop = isByTab ? GetNextDlgTabItem(m_window, nullptr, isBack) : nullptr) {
+        GuardedUntilRun([&] { SendMessageA(m_window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(stop), 1); });
+        if (IsChild(m_window, GetFocus()))
+            return context.focus.Show(GetFocus());
     }
     context.focus.Show(m_window);
     input::FocusMoved(m_window);
@@ -108,8 +133,12 @@ void SitePeer::ReportPress(const QEvent& event) {
     Context().mouse.ReportPressOutside(MouseTarget(), event);
 }
 
-void SitePeer::TakeFocus(QWidget* former) {
-    m_frame.PassFocusOn(Context(), former);
+void SitePeer::TakeFocus() {
+    m_frame.PassFocusOn(Context());
+}
+
+bool SitePeer::LeaveByTab(bool previous) {
+    return m_frame.focusNextPrevChild(!previous);
 }
 
 } // namespace korvel::internal

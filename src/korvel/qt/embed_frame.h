@@ -19,12 +19,14 @@ public:
     ~EmbedFrame() override;
 
     QSize sizeHint() const override { return m_hint; }
-    /// The focus has come here from `former`: it goes on to the window inside, or, when it comes from
-    /// there, to what is before this widget.
-    void PassFocusOn(PeerContext& context, const QWidget* former);
+    /// The focus has come here: it goes on into the window; by Tab, to the border of a dialog that was crossed.
+    void PassFocusOn(PeerContext& context);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    /// Called by Qt also for what is inside; for the host, this widget and all in it are one stop.
+    bool focusNextPrevChild(bool next) override;
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
@@ -36,6 +38,7 @@ private:
     QPointer<SitePeer> m_sitePeer; // gone when the display goes first
     HWND m_window = nullptr;
     QSize m_hint;
+    Qt::FocusReason m_focusReason = Qt::OtherFocusReason; // of the last focus that came here
 };
 
 /// The peer of a site: its place is decided by the host's layout, so it shows nothing of the window.
@@ -44,7 +47,8 @@ public:
     SitePeer(PeerContext& context, HWND window, EmbedFrame& frame);
 
     void Apply(Aspects) override {}
-    void TakeFocus(QWidget* former) override;
+    void TakeFocus() override;
+    bool LeaveByTab(bool previous) override;
     /// A press in the host's window, outside the frame.
     void ReportPress(const QEvent& event);
 

@@ -18,8 +18,7 @@ constexpr std::chrono::seconds ActivationPatience{1};
 
 FocusTracker::FocusTracker(PeerTable& peers) : m_peers(peers) {
     m_connection = QObject::connect(
-        qApp, &QApplication::focusChanged,
-        [this](QWidget* former, QWidget* now) { OnFocusChanged(former, now); });
+        qApp, &QApplication::focusChanged, [this](QWidget*, QWidget* now) { OnFocusChanged(now); });
 }
 
 FocusTracker::~FocusTracker() {
@@ -49,7 +48,7 @@ bool FocusTracker::IsActivationUnderWay() const {
     return m_expected && std::chrono::steady_clock::now() < m_expectedUntil;
 }
 
-void FocusTracker::OnFocusChanged(QWidget* former, QWidget* now) {
+void FocusTracker::OnFocusChanged(QWidget* now) {
     if (m_showing > 0 || m_questions > 0 || QApplication::activePopupWidget())
         return;
     if (!now) {
@@ -63,7 +62,7 @@ void FocusTracker::OnFocusChanged(QWidget* former, QWidget* now) {
     if (!peer)
         input::FocusMoved(nullptr);
     else if (IsWindowEnabled(peer->Window()))
-        peer->TakeFocus(former);
+        peer->TakeFocus();
 }
 
 void FocusTracker::Activate(QWidget& top) {

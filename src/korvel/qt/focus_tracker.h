@@ -45,7 +45,7 @@ public:
     };
 
 private:
-    void OnFocusChanged(QWidget* former, QWidget* now);
+    void OnFocusChanged(QWidget* now);
     bool IsActivationUnderWay() const;
 
     PeerTable& m_peers;

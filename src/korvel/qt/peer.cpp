@@ -124,7 +124,7 @@ void Peer::Invalidate(const CRect& rect) {
     m_content.update(ToQRect(rect));
 }
 
-void Peer::TakeFocus(QWidget*) {
+void Peer::TakeFocus() {
     input::FocusMoved(m_window);
 }
 

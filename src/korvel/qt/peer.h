@@ -35,8 +35,10 @@ public:
     /// Reads again what changed of the window.
     virtual void Apply(Aspects aspects);
     virtual void Invalidate(const CRect& rect);
-    /// Qt has given the focus to this widget, which `former` had.
-    virtual void TakeFocus(QWidget* former);
+    /// Qt has given the focus to this widget.
+    virtual void TakeFocus();
+    /// See IDisplay::LeaveByTab.
+    virtual bool LeaveByTab(bool /*previous*/) { return false; }
     /// Shows a top-level window modally.
     virtual void ShowModal() {}
     /// False for a native control, which acts itself on the input that the window leaves to it.

@@ -128,6 +128,11 @@ void QtDisplay::Focus(HWND window) {
     m_parts->context.focus.Show(window);
 }
 
+bool QtDisplay::LeaveByTab(HWND topLevel, bool previous) {
+    Peer* peer = m_parts->context.peers.Find(topLevel);
+    return peer && peer->LeaveByTab(previous);
+}
+
 // Nothing to do: Qt sends all mouse events to the widget that was pressed, and the window model passes them
 // on. A grab would take the mouse from the rest of the desktop.
 void QtDisplay::Capture(HWND) {}

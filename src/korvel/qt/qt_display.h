@@ -39,6 +39,7 @@ public:
     void Changed(HWND window, Aspects aspects) override;
     void Invalidate(HWND window, const CRect& rect) override;
     void Focus(HWND window) override;
+    bool LeaveByTab(HWND topLevel, bool previous) override;
     void Capture(HWND window) override;
     void Wake() override;
     void Alarm(std::optional<std::chrono::milliseconds> when) override;

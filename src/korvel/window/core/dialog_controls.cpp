@@ -1,3 +1,5 @@
+#include "korvel/window/core/dialog_controls.h"
+
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_record.h"
 #include "korvel/window/core/window_tree.h"
@@ -39,28 +41,34 @@ bool BeginsGroup(HWND window) {
     return record && (record->style & WS_GROUP);
 }
 
+enum class AtEnd { Stop, GoRound };
+
+HWND FindTabStop(const WindowRecord& parent, HWND from, bool previous, AtEnd atEnd) {
+    std::vector<DialogControl> controls;
+    CollectControls(parent, true, controls);
+    const int count = static_cast<int>(controls.size());
+    int place = count - 1;
+    // The innermost control around `from`: its inside is no part of the round.
+    while (place >= 0 && !IsWithin(controls[place].window, from))
+        --place;
+    if (place < 0 && previous)
+        place = count;
+    for (int step = 0; step < count; ++step) {
+        place += previous ? -1 : 1;
+        if (atEnd == AtEnd::Stop && (place < 0 || place >= count))
+            return nullptr;
+        place = (place + count) % count;
+        if (controls[place].isTabStop)
+            return controls[place].window;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous) {
     return OnOwner(
-        parent,
-        [&](WindowRecord& record) -> HWND {
-            std::vector<DialogControl> controls;
-            CollectControls(record, true, controls);
-            const int count = static_cast<int>(controls.size());
-            int place = count - 1;
-            // The innermost control around `from`: its inside is no part of the round.
-            while (place >= 0 && !IsWithin(controls[place].window, from))
-                --place;
-            if (place < 0 && previous)
-                place = count;
-            for (int step = 0; step < count; ++step) {
-                place = (place + (previous ? count - 1 : 1)) % count;
-                if (controls[place].isTabStop)
-                    return controls[place].window;
-            }
-            return nullptr;
-        });
+        parent, [&](WindowRecord& record) { return FindTabStop(record, from, previous, AtEnd::GoRound); });
 }
 
 HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous) {
@@ -89,6 +97,11 @@ HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous) {
             }
             return from;
         });
+}
+
+HWND internal::NextTabStop(HWND parent, HWND from, bool previous) {
+    return OnOwner(
+        parent, [&](WindowRecord& record) { return FindTabStop(record, from, previous, AtEnd::Stop); });
 }
 
 } // namespace korvel

@@ -84,6 +84,10 @@ public:
     /// The window that has the focus from now on, or null: send keys there. Nothing comes back through
     /// input::FocusMoved.
     virtual void Focus(HWND window) = 0;
+    /// The user goes by Tab beyond the last (`previous`: the first) tab stop of a dialog in this top-level window:
+    /// give the focus to what follows the window on the desktop, and return true. False where there is nothing;
+    /// the dialog then begins anew at its other end.
+    virtual bool LeaveByTab(HWND /*topLevel*/, bool /*previous*/) { return false; }
     /// The window that gets all mouse messages from now on, or null. The library passes them on itself; a
     /// display makes them arrive also from outside its windows.
     virtual void Capture(HWND window) = 0;

@@ -1,5 +1,7 @@
 #include "korvel/window/dialog/dialog_focus.h"
 
+#include "korvel/window/core/dialog_controls.h"
+#include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/focus.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_tree.h"
@@ -13,13 +15,25 @@ void FocusControl(HWND control) {
     SetFocus(control);
 }
 
-void FocusNext(HWND dialog, bool previous) {
+namespace {
+
+HWND StartOf(HWND dialog) {
     const ControlOf<DialogState> state(dialog);
-    if (!state)
-        return;
-    const HWND from = IsChild(dialog, GetFocus()) ? GetFocus() : state->lastFocus;
-    if (const HWND next = GetNextDlgTabItem(dialog, from, previous))
+    return IsChild(dialog, GetFocus()) || !state ? GetFocus() : state->lastFocus;
+}
+
+} // namespace
+
+void FocusNext(HWND dialog, bool previous) {
+    if (const HWND next = GetNextDlgTabItem(dialog, StartOf(dialog), previous))
         FocusControl(next);
+}
+
+void PressTab(HWND dialog, bool previous) {
+    if (const HWND next = NextTabStop(dialog, StartOf(dialog), previous))
+        FocusControl(next);
+    else if (!IsDisplayThread() || !Display().LeaveByTab(RootOf(dialog), previous))
+        FocusNext(dialog, previous);
 }
 
 void RestoreFocus(HWND dialog) {

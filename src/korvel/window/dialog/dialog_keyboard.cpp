@@ -41,7 +41,7 @@ bool PressKey(HWND dialog, HWND control, UINT key, UINT wanted) {
     case VK_TAB:
         if (wants(DLGC_WANTTAB) || IsKeyDown(VK_CONTROL))
             return false;
-        FocusNext(dialog, IsKeyDown(VK_SHIFT));
+        PressTab(dialog, IsKeyDown(VK_SHIFT));
         return true;
     case VK_LEFT:
     case VK_UP:

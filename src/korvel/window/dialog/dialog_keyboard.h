@@ -6,7 +6,8 @@ namespace korvel {
 
 /// The keyboard of a dialog, asked before a key message reaches its window. True: the dialog has handled it.
 ///
-/// - Tab and Shift+Tab go to the next and the previous tab stop; a field is then selected whole.
+/// - Tab and Shift+Tab go to the next and the previous tab stop; a field is then selected whole. At its end they
+///   leave a dialog that a host embeds in a window of its own; any other one begins anew.
 /// - The arrows go through the group of the control that has the focus; a radio button is checked.
 /// - Return presses the push button with the focus, else the default button, else IDOK.
 /// - Escape is IDCANCEL.
