@@ -164,6 +164,7 @@ TEST_F(Controls, BarAndSliderShowTheirRange) {
     slider.SetPos(20);
     auto& widget = WidgetOf<QSlider>(slider);
     EXPECT_EQ(widget.value(), 20);
+    EXPECT_EQ(widget.tickInterval(), 20) << "a mark at each end";
     EXPECT_EQ(m_frame.Take(), Codes()) << "a program tells nothing";
     slider.SetFocus();
     Press(VK_DOWN);

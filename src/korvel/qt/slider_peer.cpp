@@ -8,13 +8,19 @@
 #include <QEvent>
 #include <QScopedValueRollback>
 #include <QSlider>
+#include <algorithm>
+#include <cstdint>
 #include <limits>
 
 namespace korvel::internal {
 
 namespace {
 
-constexpr int TicksAtTheEnds = std::numeric_limits<int>::max();
+// From one end to the other there is one interval.
+int TicksAtTheEnds(const view::RangeView& range) {
+    const std::int64_t span = std::int64_t{range.upper} - range.lower;
+    return static_cast<int>(std::clamp<std::int64_t>(span, 1, std::numeric_limits<int>::max()));
+}
 
 QSlider::TickPosition TicksOf(UINT style) {
     if (style & TBS_NOTICKS)
@@ -50,7 +56,7 @@ void SliderPeer::Apply(Aspects aspects) {
     m_slider.setSingleStep(range.line);
     m_slider.setPageStep(range.page);
     m_slider.setTickPosition(TicksOf(style));
-    m_slider.setTickInterval(style & TBS_AUTOTICKS ? range.tick : TicksAtTheEnds);
+    m_slider.setTickInterval(style & TBS_AUTOTICKS ? range.tick : TicksAtTheEnds(range));
     m_slider.setValue(range.position);
 }
 
