@@ -15,6 +15,7 @@
 #include <QDateTimeEdit>
 #include <QLineEdit>
 #include <QListView>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSlider>
 #include <QStyleOptionComboBox>
@@ -271,6 +272,16 @@ TEST_F(Controls, AFieldKeepsTheTextItIsMadeWith) {
         EXPECT_EQ(m_frame.Take(), Codes()) << border;
         DestroyWindow(field);
     }
+}
+
+TEST_F(Controls, MarginsAreThoseOfTheWindow) {
+    CEdit line, lines;
+    line.Create(WS_CHILD | WS_VISIBLE, {10, 10, 150, 34}, &m_frame, 1);
+    lines.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, {10, 40, 150, 134}, &m_frame, 2);
+    for (CEdit* edit : {&line, &lines})
+        edit->SetMargins(12, 5);
+    EXPECT_EQ(WidgetOf<QLineEdit>(line).textMargins(), QMargins(12, 0, 5, 0));
+    EXPECT_EQ(WidgetOf<QPlainTextEdit>(lines).viewport()->x(), 12);
 }
 
 TEST_F(Controls, ARichEditChangesOneByteForOneLetter) {

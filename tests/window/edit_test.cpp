@@ -246,6 +246,22 @@ TEST_F(EditTest, WhatANativeWidgetReportsIsTakenBackByTheProgramToo) {
     EXPECT_EQ(edit.GetWindowTextA(), "ab");
 }
 
+TEST_F(EditTest, MarginsMoveTheTextInside) {
+    MakeEdit(0, "one two"); // 7 pixels a character
+    for (const auto& [border, which, left, right, margins, caret] :
+         Table<UINT, unsigned, unsigned, unsigned, int>{
+             {"both", EC_LEFTMARGIN | EC_RIGHTMARGIN, 20, 5, 0x50014, 0},
+             {"the left alone", EC_LEFTMARGIN, 4, 9, 0x50004, 1},
+             {"the right alone", EC_RIGHTMARGIN, 9, 7, 0x70004, 1},
+             {"one as the font has it", EC_RIGHTMARGIN, 0, EC_USEFONTINFO, 0x30004, 1},
+             {"as the font has it", EC_USEFONTINFO, 50, 50, 0x30003, 1}}) {
+        edit.SendMessageA(EM_SETMARGINS, which, static_cast<LPARAM>(MAKEWPARAM(left, right)));
+        EXPECT_EQ(edit.GetMargins(), margins) << border;
+        input::Mouse(edit.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {12, 5});
+        EXPECT_EQ(Selection(), std::pair(caret, caret)) << border;
+    }
+}
+
 TEST_F(EditTest, TheMousePlacesTheCaretAndSelects) {
     MakeEdit(0, "one two"); // 7 pixels a character
     const auto mouse = [&](UINT message, UINT flags, int x) {

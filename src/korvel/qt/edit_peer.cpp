@@ -29,6 +29,7 @@ void EditPeer::Show(const CString& bytes, const QString& text) {
     const view::EditView state = view::Edit(Window());
     ShowContent({text, FromByte(bytes, state.selectionStart), FromByte(bytes, state.selectionEnd)},
                 state.readOnly);
+    ShowMargins({state.leftMargin, 0, state.rightMargin, 0});
 }
 
 // The signals also come for what Apply sets, which is no news. The widget then shows what the window made of

@@ -2,6 +2,7 @@
 
 #include "korvel/qt/peer.h"
 
+#include <QMargins>
 #include <QString>
 
 namespace korvel::internal {
@@ -29,6 +30,7 @@ protected:
 
 private:
     virtual void ShowContent(const Content& content, bool isReadOnly) = 0;
+    virtual void ShowMargins(const QMargins& margins) = 0;
     /// What the widget holds, for a window that held `textBefore`: what the user has not touched stays as it
     /// was there, even where the widget shows it in another form.
     virtual Content ReadContent(const QString& textBefore) const = 0;

@@ -12,6 +12,7 @@ public:
     LineEditPeer(PeerContext& context, HWND window, QWidget* parent);
 
 private:
+    void ShowMargins(const QMargins& margins) override { m_edit.setTextMargins(margins); }
     void ShowContent(const Content& content, bool isReadOnly) override;
     Content ReadContent(const QString& textBefore) const override;
     bool Shows(const QString& text) const override;

@@ -62,8 +62,10 @@ QString TextFrom(const QString& lines, int caret, const QString& textBefore, con
 } // namespace
 
 TextEditPeer::TextEditPeer(PeerContext& context, HWND window, QWidget* parent)
-    : EditPeerOf(context, window, *new QPlainTextEdit(parent), &QPlainTextEdit::textChanged) {
+    : EditPeerOf(context, window, *new TextEdit(parent), &QPlainTextEdit::textChanged) {
     Watch(*m_edit.viewport());
+    m_edit.setBackgroundRole(QPalette::Base); // of the margins, too
+    m_edit.setAutoFillBackground(true);
     m_edit.setTabChangesFocus(false);
     if (!HasBorder())
         m_edit.setFrameStyle(QFrame::NoFrame);

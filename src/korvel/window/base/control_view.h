@@ -24,6 +24,8 @@ struct EditView {
     int selectionStart = 0; // bytes of the text
     int selectionEnd = 0;
     bool readOnly = false;
+    int leftMargin = 0; // pixels between the border and the text
+    int rightMargin = 0;
 };
 
 /// Where a list is scrolled to, and how far it can be.

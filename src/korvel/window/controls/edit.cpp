@@ -23,6 +23,14 @@ void CEdit::LimitText(int bytes) {
     SendMessageA(EM_LIMITTEXT, static_cast<WPARAM>(std::max(bytes, 0)));
 }
 
+void CEdit::SetMargins(unsigned left, unsigned right) {
+    SendMessageA(EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, static_cast<LPARAM>(MAKEWPARAM(left, right)));
+}
+
+unsigned CEdit::GetMargins() const {
+    return static_cast<unsigned>(SendMessageA(EM_GETMARGINS));
+}
+
 void CEdit::SetReadOnly(bool readOnly) {
     SendMessageA(EM_SETREADONLY, readOnly);
 }

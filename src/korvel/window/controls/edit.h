@@ -25,6 +25,10 @@ public:
     /// What typing and ReplaceSel may fill, in bytes of the text; 30000 at first, 0 for 2147483646.
     /// SetWindowTextA ignores the limit.
     void LimitText(int bytes);
+    /// Pixels between the border and the text, none at first; EC_USEFONTINFO: half of an average character.
+    void SetMargins(unsigned left, unsigned right);
+    /// The left one in the low word, the right one in the high word.
+    unsigned GetMargins() const;
     /// The user can select and copy, but change nothing.
     void SetReadOnly(bool readOnly);
     /// Whether the text was changed since it was set; not by SetWindowTextA.

@@ -132,7 +132,7 @@ int PlaceAt(const EditState& edit, CPoint point) {
     while (low < high) {
         const int middle = (low + high + 1) / 2;
         const auto border = platform::CharacterBorder(text, static_cast<std::size_t>(middle));
-        if (Display().TextWidth(text.substr(0, border)) <= point.x)
+        if (edit.leftMargin + Display().TextWidth(text.substr(0, border)) <= point.x)
             low = middle;
         else
             high = middle - 1;

@@ -1,6 +1,7 @@
 #include "korvel/window/controls/edit_procedure.h"
 
 #include "korvel/window/controls/edit_keyboard.h"
+#include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/input_delivery.h"
 #include "korvel/window/core/window.h"
@@ -33,6 +34,24 @@ void SetReadOnly(EditState& edit, bool readOnly) {
     TellDisplay(edit.record, Aspect::State);
 }
 
+// Half of an average character, which a digit is.
+int FontMargin() {
+    return OnDisplayThread([](IDisplay& display) { return display.TextWidth("0"); }) / 2;
+}
+
+LRESULT SetMargins(EditState& edit, WPARAM which, LPARAM margins) {
+    const bool isFont = which == EC_USEFONTINFO;
+    const auto margin = [&](unsigned wanted) {
+        return isFont || wanted == EC_USEFONTINFO ? FontMargin() : static_cast<int>(wanted);
+    };
+    if (which & EC_LEFTMARGIN)
+        edit.leftMargin = margin(LOWORD(static_cast<WPARAM>(margins)));
+    if (which & EC_RIGHTMARGIN)
+        edit.rightMargin = margin(HIWORD(static_cast<WPARAM>(margins)));
+    TellDisplay(edit.record, Aspect::State);
+    return 0;
+}
+
 std::optional<LRESULT> HandleEditMessage(EditState& edit, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case EM_GETSEL:
@@ -53,6 +72,10 @@ std::optional<LRESULT> HandleEditMessage(EditState& edit, UINT message, WPARAM w
         return edit.limit;
     case EM_SETREADONLY:
         return SetReadOnly(edit, wParam != 0), 1;
+    case EM_SETMARGINS:
+        return SetMargins(edit, wParam, lParam);
+    case EM_GETMARGINS:
+        return MAKELPARAM(edit.leftMargin, edit.rightMargin);
     case EM_UNDO:
     case WM_UNDO:
         return Undo(edit);

@@ -35,6 +35,8 @@ public:
     int anchor = 0; // where the selection began
     int caret = 0;  // where it ends and where typing goes on
     int limit = DefaultTextLimit;
+    int leftMargin = 0;
+    int rightMargin = 0;
     bool isModified = false;
     EditUndo undo;
     bool isUndoLeft = false; // Ctrl+Z is left to the native widget, whose next change is no typing
