@@ -107,6 +107,37 @@ TEST_F(ButtonTest, RadioButtonsExcludeEachOtherInsideTheirGroup) {
     EXPECT_EQ(parent.senders, (std::vector<unsigned>{1, 2}));
 }
 
+TEST_F(ButtonTest, TheFrameOfAGroupBoxOpensAtItsText) {
+    using Kind = PaintCall::Kind;
+    for (const auto& [border, text, enabled, color, gap] :
+         Table<const char*, bool, COLORREF, std::vector<int>>{
+             {"text", "&Axis", true, 0x0A0B0C, {7, 39}}, // 7 pixels a character
+             {"no text", "", true, 0x0A0B0C, {}},
+             {"disabled", "Axis", false, 0x0D0E0F, {7, 39}},
+             {"text that is too long", "as long as a sentence", true, 0x0A0B0C, {7, 72}}}) {
+        display.SetColor(COLOR_BTNTEXT, 0x0A0B0C);
+        display.SetColor(COLOR_GRAYTEXT, 0x0D0E0F);
+        display.SetColor(COLOR_BTNSHADOW, 0x010203);
+        CButton box;
+        Make(box, BS_GROUPBOX);
+        display.PaintWindow(box.m_hWnd);
+        box.SetWindowTextA(text);
+        box.EnableWindow(enabled);
+        EXPECT_TRUE(display.IsInvalid(box.m_hWnd)) << border;
+        std::vector<int> ends; // of the lines at the height of the text
+        for (const PaintCall& call : display.PaintWindow(box.m_hWnd)) {
+            EXPECT_NE(call.kind, Kind::Fill) << border << ": it covers nothing";
+            EXPECT_EQ(call.color, call.kind == Kind::Text ? color : 0x010203u) << border;
+            if (call.kind == Kind::Line && call.rect.top == 8 && call.rect.bottom == 8)
+                ends.insert(ends.end(), {call.rect.left, call.rect.right});
+            EXPECT_EQ(call.text.find('&'), CString::npos);
+        }
+        std::vector<int> whole{0, 79};
+        whole.insert(whole.begin() + 1, gap.begin(), gap.end());
+        EXPECT_EQ(ends, whole) << border;
+    }
+}
+
 TEST_F(ButtonTest, AnOwnerDrawnButtonShowsThatItIsPressed) {
     struct Drawn : CButton {
         UINT state = ~0u; // none drawn

@@ -1,4 +1,5 @@
 #include "korvel/window/controls/button_state.h"
+#include "korvel/window/controls/group_box.h"
 #include "korvel/window/core/dc.h"
 #include "korvel/window/core/input_delivery.h"
 #include "korvel/window/core/window.h"
@@ -174,7 +175,15 @@ std::optional<LRESULT> HandleMessage(ButtonState& button, UINT message, WPARAM w
     case WM_PAINT:
         if (button.Type() == BS_OWNERDRAW)
             DrawOwn(button, *reinterpret_cast<CDC*>(wParam));
+        else if (isGroupBox)
+            PaintGroupBox(window, *reinterpret_cast<CDC*>(wParam));
         return 0;
+    case WM_ERASEBKGND: // what is inside a group box are its siblings
+        return isGroupBox ? std::optional<LRESULT>(1) : std::nullopt;
+    case WM_SETTEXT:
+        if (isGroupBox)
+            Repaint(button.record);
+        return std::nullopt;
     case WM_KILLFOCUS: // Space may be released in another window
         button.isPressed = false;
         [[fallthrough]];

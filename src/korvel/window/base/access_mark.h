@@ -1,0 +1,12 @@
+#pragma once
+
+#include "korvel/window/base/types.h"
+
+namespace korvel::internal {
+
+/// A text as it is shown: without the "&" that marks a letter; "&&" is one "&".
+///
+///     WithoutMarks("Speichern && &Ende")   // "Speichern & Ende"
+CString WithoutMarks(const CString& text);
+
+} // namespace korvel::internal
