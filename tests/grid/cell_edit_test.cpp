@@ -81,6 +81,17 @@ TEST_F(CellEdit, KeepsTextAndRowWhileRowsMoveAndEndsWithItsText) {
     }
 }
 
+TEST_F(CellEdit, ANewTextOfACellIsPainted) {
+    for (const int column : {0, 1}) {
+        display.PaintWindow(grid.m_hWnd);
+        NMLVDISPINFO record;
+        record.iSubItem = column;
+        record.pszText = "new";
+        grid.OnCellTextChanged(child, &record);
+        EXPECT_TRUE(display.IsInvalid(grid.m_hWnd)) << column;
+    }
+}
+
 TEST_F(CellEdit, KeysTheFocusAndItsNodeEndItAlsoWhenAHandlerThrows) {
     for (const bool throws : {false, true})
         for (const auto& [border, act, text] : Table<std::function<void()>, const char*>{

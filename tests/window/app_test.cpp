@@ -4,7 +4,9 @@
 #include "korvel/window/core/window.h"
 #include "support/scratch.h"
 
+#include <cstdlib>
 #include <gtest/gtest.h>
+#include <string>
 
 namespace korvel {
 namespace {
@@ -42,6 +44,19 @@ TEST(RegisteredMessages, AreKnownByTheirNamesWhateverTheirCase) {
     EXPECT_EQ(RegisterWindowMessageA("wm_history"), WM_HISTORY);
     EXPECT_EQ(RegisterWindowMessageA(""), 0u);
     EXPECT_EQ(RegisterWindowMessageA(nullptr), 0u);
+}
+
+// In a process of its own, which has no number left at the end.
+TEST(RegisteredMessages, EndWithTheLastNumber) {
+    const auto registerAll = [] {
+        UINT last = 0;
+        int count = 0;
+        while (const UINT number = RegisterWindowMessageA(std::to_string(++count).c_str()))
+            last = number;
+        const bool isKnown = RegisterWindowMessageA("1") >= 0xC000 && RegisterWindowMessageA("WM_HISTORY");
+        std::_Exit(last == 0xFFFF && isKnown && RegisterWindowMessageA("one more") == 0 ? 0 : 1);
+    };
+    EXPECT_EXIT(registerAll(), testing::ExitedWithCode(0), "");
 }
 
 } // namespace

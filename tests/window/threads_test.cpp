@@ -143,6 +143,33 @@ TEST_F(ThreadsTest, AThreadThatEndsTakesItsWindowsAlong) {
     EXPECT_FALSE(PostMessageA(left, WM_USER, 0, 0));
 }
 
+TEST_F(ThreadsTest, ADisplayOfAnotherThreadShowsNoWindowOfThisOne) {
+    struct ListeningDisplay : HeadlessDisplay {
+        std::vector<HWND> created;
+        void Created(HWND handle) override { created.push_back(handle); }
+    } other;
+    SetFocus(window.m_hWnd);
+    SetCapture(window.m_hWnd);
+    SetTimer(window.m_hWnd, 5, 100);
+    std::thread([&] {
+        SetDisplay(&other);
+        EXPECT_EQ(GetFocus(), nullptr);
+        EXPECT_EQ(GetCapture(), nullptr);
+        other.Advance(1s);
+    }).join();
+    EXPECT_THAT(other.created, IsEmpty());
+    EXPECT_FALSE(view::BelongsToDisplay(window.m_hWnd));
+    EXPECT_EQ(SetTimer(window.m_hWnd, 6, 100), 0u);
+    Heard();
+    SetDisplay(&display);
+    EXPECT_EQ(display.FocusShown(), nullptr);
+    EXPECT_EQ(GetCapture(), nullptr);
+    display.Advance(1s);
+    EXPECT_THAT(Heard(), IsEmpty()) << "the timer went with its display";
+    SetFocus(window.m_hWnd);
+    EXPECT_THAT(Heard(), ElementsAre("window focus"));
+}
+
 TEST_F(ThreadsTest, OnlyTheDisplayInForceHearsAndOnlyOfItsThread) {
     struct ListeningDisplay : HeadlessDisplay {
         int wakes = 0;
