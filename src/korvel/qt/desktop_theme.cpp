@@ -29,6 +29,8 @@ constexpr ColorRow Colors[] = {
     {COLOR_BTNFACE, QPalette::Active, QPalette::Window},
     {COLOR_GRAYTEXT, QPalette::Disabled, QPalette::Text},
     {COLOR_BTNTEXT, QPalette::Active, QPalette::ButtonText},
+    {COLOR_INFOTEXT, QPalette::Active, QPalette::ToolTipText},
+    {COLOR_INFOBK, QPalette::Active, QPalette::ToolTipBase},
 };
 
 constexpr int SunkenEdge = 2;       // of a border of the style's own

@@ -56,7 +56,8 @@ void UseExportedClasses() {
     UseAll<Error, FileError, UnreadableFile, invalid_operation, platform::SettingValue>();
     UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDialog, CMFCButton, CWaitCursor, CDC, CRgn,
            CImageList, IDisplay>();
-    UseAll<CComboBox, CDateTimeCtrl, CProgressCtrl, CRichEditCtrl, CSliderCtrl, CSpinButtonCtrl, CTabCtrl>();
+    UseAll<CComboBox, CDateTimeCtrl, CProgressCtrl, CRichEditCtrl, CSliderCtrl, CSpinButtonCtrl, CTabCtrl,
+           CToolTipCtrl>();
     UseAll<CDialogCodeList, CDialogEditCodeList, CDialogText, CSelectFolderDlg>();
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
     UseMember(&platform::SettingValue::AsNumber);

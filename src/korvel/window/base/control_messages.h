@@ -147,6 +147,27 @@ inline constexpr UINT TCM_ADJUSTRECT = 0x1328;
 inline constexpr UINT TCN_SELCHANGE = static_cast<UINT>(-551);
 inline constexpr UINT TCN_SELCHANGING = static_cast<UINT>(-552);
 
+// Tooltip.
+inline constexpr UINT TTS_ALWAYSTIP = 0x0001;
+inline constexpr UINT TTS_NOPREFIX = 0x0002; // "&" is shown
+inline constexpr UINT TTF_IDISHWND = 0x0001; // the tool is the window in uId
+inline constexpr UINT TTDT_AUTOMATIC = 0;    // all three, from the first
+inline constexpr UINT TTDT_RESHOW = 1;       // from one tool to the next
+inline constexpr UINT TTDT_AUTOPOP = 2;      // how long a tip is shown
+inline constexpr UINT TTDT_INITIAL = 3;      // how long the pointer rests before
+inline constexpr UINT TTM_ACTIVATE = WM_USER + 1;
+inline constexpr UINT TTM_SETDELAYTIME =
+    WM_USER + 3; // wParam: TTDT_*; lParam: milliseconds, -1 for the default
+inline constexpr UINT TTM_ADDTOOL = WM_USER + 4;
+inline constexpr UINT TTM_DELTOOL = WM_USER + 5;
+inline constexpr UINT TTM_RELAYEVENT = WM_USER + 7; // lParam: a MSG
+inline constexpr UINT TTM_UPDATETIPTEXT = WM_USER + 12;
+inline constexpr UINT TTM_GETTOOLCOUNT = WM_USER + 13;
+inline constexpr UINT TTM_GETDELAYTIME = WM_USER + 21;
+inline constexpr UINT TTM_SETMAXTIPWIDTH = WM_USER + 24; // lParam: pixels, -1 for one line
+inline constexpr UINT TTM_GETMAXTIPWIDTH = WM_USER + 25;
+inline constexpr UINT TTM_POP = WM_USER + 28;
+
 // Rich edit.
 inline constexpr UINT EM_GETEVENTMASK = WM_USER + 59;
 inline constexpr UINT EM_SETEVENTMASK = WM_USER + 69;

@@ -25,18 +25,35 @@ int Between(int start, int length, int low, int high) {
     return std::max(low, std::min(start, high - length));
 }
 
+CRect MovedOnto(const CRect& screen, const CRect& rect) {
+    const int left = Between(rect.left, rect.Width(), screen.left, screen.right);
+    const int top = Between(rect.top, rect.Height(), screen.top, screen.bottom);
+    return {left, top, left + rect.Width(), top + rect.Height()};
+}
+
+std::vector<CRect> AllScreens() {
+    return OnDisplayThread([](IDisplay& display) { return display.Screens(); });
+}
+
 } // namespace
 
 CRect OnSomeScreen(const CRect& rect, HWND near) {
     const CRect wanted = Placeable(rect);
-    const std::vector<CRect> screens = OnDisplayThread([](IDisplay& display) { return display.Screens(); });
+    const std::vector<CRect> screens = AllScreens();
     const auto shows = [&](const CRect& screen) { return !screen.Intersected(wanted).IsRectEmpty(); };
     if (screens.empty() || std::any_of(screens.begin(), screens.end(), shows))
         return wanted;
-    const CRect screen = ScreenOf(screens, near);
-    const int left = Between(wanted.left, wanted.Width(), screen.left, screen.right);
-    const int top = Between(wanted.top, wanted.Height(), screen.top, screen.bottom);
-    return {left, top, left + wanted.Width(), top + wanted.Height()};
+    return MovedOnto(ScreenOf(screens, near), wanted);
+}
+
+CRect WhollyOnScreen(const CRect& rect, CPoint near) {
+    const CRect wanted = Placeable(rect);
+    const std::vector<CRect> screens = AllScreens();
+    if (screens.empty())
+        return wanted;
+    const auto found =
+        std::ranges::find_if(screens, [&](const CRect& screen) { return screen.PtInRect(near); });
+    return MovedOnto(found == screens.end() ? screens.front() : *found, wanted);
 }
 
 } // namespace korvel::internal

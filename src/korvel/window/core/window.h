@@ -79,7 +79,8 @@ KORVEL_API bool IsWindow(HWND window);
 /// replaces the first for new windows.
 /// The predefined classes: "KorvelFrame" (a plain top-level window), "#32770" (dialog),
 /// "SysListView32", "SysHeader32", "SysTabControl32", "SysDateTimePick32", "msctls_progress32",
-/// "msctls_trackbar32", "msctls_updown32", "EDIT", "RICHEDIT50W", "COMBOBOX", "BUTTON", "STATIC".
+/// "msctls_trackbar32", "msctls_updown32", "tooltips_class32", "EDIT", "RICHEDIT50W", "COMBOBOX", "BUTTON",
+/// "STATIC".
 KORVEL_API void RegisterClassA(const char* className, WNDPROC procedure);
 
 // --- messages ---

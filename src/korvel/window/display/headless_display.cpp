@@ -36,6 +36,7 @@ constexpr SystemValue Colors[] = {
     {COLOR_HIGHLIGHT, RGB(0, 120, 215)},  {COLOR_HIGHLIGHTTEXT, RGB(255, 255, 255)},
     {COLOR_BTNFACE, RGB(240, 240, 240)},  {COLOR_BTNSHADOW, RGB(160, 160, 160)},
     {COLOR_GRAYTEXT, RGB(109, 109, 109)}, {COLOR_BTNTEXT, RGB(0, 0, 0)},
+    {COLOR_INFOTEXT, RGB(0, 0, 0)},       {COLOR_INFOBK, RGB(255, 255, 225)},
 };
 
 constexpr SystemValue Metrics[] = {
