@@ -20,16 +20,8 @@ LeavingRows::~LeavingRows() {
 }
 
 bool LeavingRows::IsLeaving(int row) const {
-    if (!m_isMarked)
-        return true;
     const unsigned removal = m_list.rows.At(row).removal;
     return removal != 0 && removal <= m_depth;
-}
-
-int LeavingRows::TakeNext() {
-    while (m_next >= m_first && !IsLeaving(m_next))
-        --m_next;
-    return m_next >= m_first ? m_next-- : NoRow;
 }
 
 void LeavingRows::MarkAllBut(int first, int last) {
@@ -48,7 +40,7 @@ void LeavingRows::OnInserted(int row, int count) {
         MarkAllBut(row, row + count);
 }
 
-void LeavingRows::OnErased(int first, int last) {
+void LeavingRows::FollowErasure(int first, int last) {
     const auto erasedBefore = [=](int row) { return std::max(0, std::min(row, last) - first); };
     m_first -= erasedBefore(m_first);
     m_next -= erasedBefore(m_next + 1);

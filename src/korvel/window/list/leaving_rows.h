@@ -15,7 +15,11 @@ public:
     LeavingRows& operator=(const LeavingRows&) = delete;
 
     /// The next row to go, or NoRow.
-    int TakeNext();
+    int TakeNext() {
+        while (m_isMarked && m_next >= m_first && !IsLeaving(m_next))
+            --m_next;
+        return m_next >= m_first ? m_next-- : NoRow;
+    }
     int First() const { return m_first; }
     /// The row after those that are still to go.
     int End() const { return m_next + 1; }
@@ -23,10 +27,14 @@ public:
     /// The removal whose notice led to this one, or null.
     LeavingRows* Outer() const { return m_outer; }
     void OnInserted(int row, int count);
-    void OnErased(int first, int last);
+    void OnErased(int first, int last) {
+        if (first <= m_next || first < m_first)
+            FollowErasure(first, last);
+    }
 
 private:
     bool IsLeaving(int row) const;
+    void FollowErasure(int first, int last);
     void MarkAllBut(int first, int last);
 
     ListState& m_list;
