@@ -4,6 +4,7 @@
 #include "korvel/window/core/window.h"
 #include "support/scratch.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <string>
@@ -51,8 +52,8 @@ TEST(RegisteredMessages, EndWithTheLastNumber) {
     const auto registerAll = [] {
         UINT last = 0;
         int count = 0;
-        while (const UINT number = RegisterWindowMessageA(std::to_string(++count).c_str()))
-            last = number;
+        for (UINT number = 1; number != 0 && count <= 0x10000; last = std::max(last, number))
+            number = RegisterWindowMessageA(std::to_string(++count).c_str());
         const bool isKnown = RegisterWindowMessageA("1") >= 0xC000 && RegisterWindowMessageA("WM_HISTORY");
         std::_Exit(last == 0xFFFF && isKnown && RegisterWindowMessageA("one more") == 0 ? 0 : 1);
     };
