@@ -13,6 +13,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
@@ -257,6 +258,33 @@ TEST_F(Controls, LinesAreSeenOnEveryGround) {
             << border;
     }
     QApplication::setPalette(before);
+}
+
+TEST_F(Controls, AltWithALetterTypesNothing) {
+    for (const auto& [border, className, style, text] :
+         Table<const char*, UINT, CString>{{"one line", "EDIT", 0, "7"},
+                                           {"several lines", "EDIT", ES_MULTILINE, "7"},
+                                           {"combo box", "COMBOBOX", CBS_DROPDOWN, "7"},
+                                           {"date", "SysDateTimePick32", 0, "07"}}) {
+        SCOPED_TRACE(border);
+        const HWND field = CreateWindowExA(0, className, "", WS_CHILD | WS_VISIBLE | style, {10, 10, 200, 60},
+                                           m_frame.m_hWnd, 1);
+        SendMessageA(field, DTM_SETFORMAT, 0, reinterpret_cast<LPARAM>("dd"));
+        const SYSTEMTIME time{2026, 3, 0, 4, 5};
+        SendMessageA(field, DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+        const CString before = korvel::GetWindowTextA(field);
+        SetFocus(field);
+        QKeyEvent withAlt(QEvent::KeyPress, Qt::Key_9, Qt::AltModifier, QStringLiteral("9"));
+        QApplication::sendEvent(m_user.Widget(GetFocus()), &withAlt);
+        EXPECT_EQ(korvel::GetWindowTextA(field), before);
+        EXPECT_FALSE(withAlt.isAccepted()) << "the host may want it";
+        Press('7', "7");
+        EXPECT_EQ(korvel::GetWindowTextA(field), text);
+        DestroyWindow(field);
+    }
+    MakeBox(CBS_DROPDOWN);
+    QTest::keyClick(m_user.Widget(GetFocus()), Qt::Key_Down, Qt::AltModifier);
+    EXPECT_TRUE(m_box.GetDroppedState());
 }
 
 TEST_F(Controls, AFieldKeepsTheTextItIsMadeWith) {

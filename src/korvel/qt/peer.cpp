@@ -219,7 +219,12 @@ bool Peer::OnKey(QKeyEvent& event) {
     if (event.type() == QEvent::KeyRelease && event.isAutoRepeat())
         return true;
     const KeyInput key = TranslateKey(event);
-    return PressKey(m_window, key.message, key.key, key.characters);
+    if (PressKey(m_window, key.message, key.key, key.characters))
+        return true;
+    if (key.message != WM_SYSKEYDOWN || key.characters.empty())
+        return false;
+    event.ignore(); // Alt with a letter types nothing: it may be a key of the host
+    return true;
 }
 
 // Only for the keyboard: the menu of the mouse follows from the release of its button.
