@@ -3,6 +3,7 @@
 #include "support/control_fixture.h"
 
 #include <limits>
+#include <stdexcept>
 
 namespace korvel {
 namespace {
@@ -234,6 +235,75 @@ TEST_F(ComboBoxTest, ABoxIsOneLineHighAndKeepsTheRestForItsList) {
     EXPECT_LT(view::Rectangle(Field()).right, 80 - GetSystemMetrics(SM_CXVSCROLL) + 1);
     Make(CBS_SIMPLE);
     EXPECT_EQ(box.GetWindowRect().Height(), 120);
+}
+
+TEST_F(ComboBoxTest, AHandlerThatFailsKeepsNoNoticeBack) {
+    struct FailingParent : ControlParent {
+        UINT fails = 0;
+        bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+            ControlParent::OnCommand(wParam, lParam);
+            if (HIWORD(wParam) == fails)
+                throw std::runtime_error("full");
+            return true;
+        }
+    } owner;
+    owner.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
+    using Act = std::function<void()>;
+    const Act open = [&] { box.ShowDropDown(); };
+    const Act choose = [&] { input::Value(box.m_hWnd, 1); };
+    const Act move = [&] { Press(VK_DOWN); };
+    const Act leave = [&] { owner.SetFocus(); };
+    for (const auto& [border, isOpen, fails, act, codes] : Table<bool, UINT, Act, Codes>{
+             {"opening", false, CBN_DROPDOWN, open, {CBN_DROPDOWN}},
+             {"choosing", true, CBN_SELENDOK, choose, {CBN_SELENDOK, CBN_CLOSEUP, CBN_SELCHANGE}},
+             {"moving", false, CBN_SELENDOK, move, {CBN_SELENDOK, CBN_SELCHANGE}},
+             {"leaving it open",
+              true,
+              CBN_SELENDCANCEL,
+              leave,
+              {CBN_SELENDCANCEL, CBN_CLOSEUP, CBN_KILLFOCUS}},
+             {"leaving it closed", false, CBN_SELENDCANCEL, leave, {CBN_SELENDCANCEL, CBN_KILLFOCUS}}}) {
+        SCOPED_TRACE(border);
+        box.DestroyWindow();
+        box.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, {0, 0, 100, 120}, &owner, 7);
+        box.AddString("one");
+        box.AddString("two");
+        box.SetFocus();
+        box.ShowDropDown(isOpen);
+        owner.Take();
+        display.TakeChanges(box.m_hWnd);
+        owner.fails = fails;
+        EXPECT_THROW(act(), std::runtime_error);
+        owner.fails = 0;
+        EXPECT_EQ(owner.Take(), codes);
+        if (box.GetDroppedState() != isOpen)
+            EXPECT_TRUE(display.TakeChanges(box.m_hWnd) & Aspect::State)
+                << "the display shows or hides the list";
+    }
+}
+
+TEST_F(ComboBoxTest, TypingIsToldAfterAHandlerOfTheFieldHasFailed) {
+    struct FailingBox : CComboBox {
+        bool fails = false;
+        bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+            if (fails)
+                throw std::runtime_error("full");
+            return CComboBox::OnCommand(wParam, lParam);
+        }
+    } failing;
+    failing.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, {0, 0, 100, 120}, &parent, 7);
+    failing.AddString("one");
+    failing.SetFocus();
+    using Act = std::function<void()>;
+    for (const auto& [border, act] : Table<Act>{{"choosing", [&] { failing.SetCurSel(0); }},
+                                                {"setting the text", [&] { failing.SetWindowTextA("x"); }}}) {
+        failing.fails = true;
+        EXPECT_THROW(act(), std::runtime_error) << border;
+        failing.fails = false;
+        parent.codes.clear();
+        Press('Y', WM_KEYDOWN, "y");
+        EXPECT_EQ(parent.Take(), (Codes{CBN_EDITUPDATE, CBN_EDITCHANGE})) << border;
+    }
 }
 
 TEST_F(ComboBoxTest, AHandlerMayDestroyTheBoxInEachNotice) {

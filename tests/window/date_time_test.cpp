@@ -5,6 +5,7 @@
 #include "support/control_fixture.h"
 
 #include <limits>
+#include <stdexcept>
 
 namespace korvel {
 namespace {
@@ -13,6 +14,7 @@ class DateParent : public CWnd {
 public:
     Codes codes;
     UINT flags = 99; // of the last change
+    UINT fails = 0;  // the notice whose handler does
     Codes Take() { return std::exchange(codes, {}); }
 
 protected:
@@ -20,6 +22,8 @@ protected:
         codes.push_back(reinterpret_cast<const NMHDR*>(lParam)->code);
         if (codes.back() == DTN_DATETIMECHANGE)
             flags = reinterpret_cast<const NMDATETIMECHANGE*>(lParam)->dwFlags;
+        if (codes.back() == fails)
+            throw std::runtime_error("full");
         return true;
     }
 };
@@ -210,6 +214,24 @@ TEST_F(DateTimeTest, TheCalendarMovesByDaysWeeksAndMonths) {
     Make(DTS_UPDOWN);
     Press(VK_F4);
     EXPECT_EQ(parent.Take(), Codes()) << "arrows instead of a calendar";
+}
+
+TEST_F(DateTimeTest, AHandlerThatFailsKeepsNoNoticeBack) {
+    Make();
+    for (const auto& [border, key, fails, codes] : Table<UINT, UINT, Codes>{
+             {"opening", VK_F4, DTN_DROPDOWN, {DTN_DROPDOWN}},
+             {"a day", VK_LEFT, 0, {DTN_DATETIMECHANGE}},
+             {"back", VK_ESCAPE, DTN_DATETIMECHANGE, {DTN_DATETIMECHANGE, DTN_CLOSEUP}}}) {
+        SCOPED_TRACE(border);
+        display.TakeChanges(control.m_hWnd);
+        parent.fails = fails;
+        if (fails)
+            EXPECT_THROW(Press(key), std::runtime_error);
+        else
+            Press(key);
+        EXPECT_EQ(parent.Take(), codes);
+        EXPECT_TRUE(display.TakeChanges(control.m_hWnd) & Aspect::State);
+    }
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "korvel/window/controls/combo_choice.h"
 
+#include "korvel/platform/first_failure.h"
+#include "korvel/platform/raised_flag.h"
 #include "korvel/window/core/window_changes.h"
 
 #include <algorithm>
@@ -9,27 +11,27 @@ namespace korvel::internal {
 
 namespace {
 
-void Notify(const ComboBoxState& box, UINT code) {
-    NotifyParentCommand(box.record.handle, code);
+// A notice of several that all must be sent, whatever a handler throws.
+void Notify(const ComboBoxState& box, UINT code, FirstFailure& failure) {
+    failure.Try([&] { NotifyParentCommand(box.record.handle, code); });
 }
 
 } // namespace
 
 void SetText(ComboBoxState& box, const CString& text) {
-    if (box.edit) {
-        const bool wasSetting = std::exchange(box.isSettingText, true);
-        SetWindowTextA(box.edit, text);
-        SendMessageA(box.edit, EM_SETSEL, 0, -1);
-        box.isSettingText = wasSetting;
-    } else {
+    if (!box.edit) {
         box.record.text = text;
+        return;
     }
+    const RaisedFlag setting(box.isSettingText);
+    SetWindowTextA(box.edit, text);
+    SendMessageA(box.edit, EM_SETSEL, 0, -1);
 }
 
 void Select(ComboBoxState& box, int index) {
     box.current = index;
-    SetText(box, box.ChoiceText(index));
     TellDisplay(box.record, Aspect::State);
+    SetText(box, box.ChoiceText(index));
 }
 
 void MoveTo(ComboBoxState& box, int index) {
@@ -38,22 +40,26 @@ void MoveTo(ComboBoxState& box, int index) {
     index = std::clamp(index, 0, box.entries.Size() - 1);
     if (index == box.current)
         return;
-    Select(box, index);
+    FirstFailure failure;
+    failure.Try([&] { Select(box, index); });
     if (!box.isDropped)
-        Notify(box, CBN_SELENDOK);
-    Notify(box, CBN_SELCHANGE);
+        Notify(box, CBN_SELENDOK, failure);
+    Notify(box, CBN_SELCHANGE, failure);
+    failure.Rethrow();
 }
 
 void Choose(ComboBoxState& box, int index) {
     const bool isAnother = index != box.current;
+    FirstFailure failure;
     if (isAnother)
-        Select(box, index);
+        failure.Try([&] { Select(box, index); });
     if (box.isDropped)
-        Close(box, Closing::Take);
+        failure.Try([&] { Close(box, Closing::Take); });
     else if (isAnother)
-        Notify(box, CBN_SELENDOK);
+        Notify(box, CBN_SELENDOK, failure);
     if (isAnother)
-        Notify(box, CBN_SELCHANGE);
+        Notify(box, CBN_SELCHANGE, failure);
+    failure.Rethrow();
 }
 
 void Open(ComboBoxState& box) {
@@ -61,26 +67,32 @@ void Open(ComboBoxState& box) {
         return;
     box.isDropped = true;
     box.currentAtDrop = box.current;
-    Notify(box, CBN_DROPDOWN);
+    FirstFailure failure;
+    Notify(box, CBN_DROPDOWN, failure);
     TellDisplay(box.record, Aspect::State);
+    failure.Rethrow();
 }
 
 void Close(ComboBoxState& box, Closing how) {
     if (!std::exchange(box.isDropped, false))
         return;
+    FirstFailure failure;
     if (how == Closing::Cancel && box.current != box.currentAtDrop)
-        Select(box, box.currentAtDrop);
+        failure.Try([&] { Select(box, box.currentAtDrop); });
     TellDisplay(box.record, Aspect::State);
-    Notify(box, how == Closing::Take ? CBN_SELENDOK : CBN_SELENDCANCEL);
-    Notify(box, CBN_CLOSEUP);
+    Notify(box, how == Closing::Take ? CBN_SELENDOK : CBN_SELENDCANCEL, failure);
+    Notify(box, CBN_CLOSEUP, failure);
+    failure.Rethrow();
 }
 
 void LoseFocus(ComboBoxState& box) {
+    FirstFailure failure;
     if (box.isDropped)
-        Close(box, Closing::Cancel);
+        failure.Try([&] { Close(box, Closing::Cancel); });
     else
-        Notify(box, CBN_SELENDCANCEL);
-    Notify(box, CBN_KILLFOCUS);
+        Notify(box, CBN_SELENDCANCEL, failure);
+    Notify(box, CBN_KILLFOCUS, failure);
+    failure.Rethrow();
 }
 
 } // namespace korvel::internal

@@ -1,5 +1,6 @@
 #include "korvel/window/controls/combo_edit.h"
 
+#include "korvel/platform/raised_flag.h"
 #include "korvel/window/controls/combo_choice.h"
 #include "korvel/window/controls/combo_keyboard.h"
 #include "korvel/window/controls/edit_procedure.h"
@@ -41,10 +42,8 @@ LRESULT SetSelection(const ComboBoxState& box, LPARAM places) {
 LRESULT SetBoxText(ComboBoxState& box, LPARAM text) {
     if (!box.edit)
         return CB_ERR; // it shows its entries only
-    const bool wasSetting = std::exchange(box.isSettingText, true);
-    const LRESULT result = SendMessageA(box.edit, WM_SETTEXT, 0, text);
-    box.isSettingText = wasSetting;
-    return result;
+    const RaisedFlag setting(box.isSettingText);
+    return SendMessageA(box.edit, WM_SETTEXT, 0, text);
 }
 
 // A display that does not know it has arrows as wide as scroll bars.

@@ -1,5 +1,6 @@
 #include "korvel/window/controls/date_time_state.h"
 
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/controls/date_time_ctrl.h"
 #include "korvel/window/core/window_changes.h"
 
@@ -173,17 +174,21 @@ void OpenCalendar(DateTimeState& control) {
         return;
     control.isDropped = true;
     control.momentAtDrop = control.moment;
-    Tell(control, DTN_DROPDOWN);
+    FirstFailure failure;
+    failure.Try([&] { Tell(control, DTN_DROPDOWN); });
     TellDisplay(control.record, Aspect::State);
+    failure.Rethrow();
 }
 
 void CloseCalendar(DateTimeState& control, CalendarEnd end) {
     if (!std::exchange(control.isDropped, false))
         return;
     TellDisplay(control.record, Aspect::State);
+    FirstFailure failure;
     if (end == CalendarEnd::Cancel)
-        ChangeMoment(control, control.momentAtDrop);
-    Tell(control, DTN_CLOSEUP);
+        failure.Try([&] { ChangeMoment(control, control.momentAtDrop); });
+    failure.Try([&] { Tell(control, DTN_CLOSEUP); });
+    failure.Rethrow();
 }
 
 } // namespace korvel::internal
