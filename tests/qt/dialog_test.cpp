@@ -150,6 +150,36 @@ TEST_F(DesktopDialog, IsAWindowOfTheDesktop) {
     EXPECT_EQ(m_dialog.DoModal(), IDCANCEL);
 }
 
+TEST_F(DesktopDialog, OnlyOneThatStaysOpenKeepsTheApplicationFromEnding) {
+    for (const auto& [border, isOwned, staysOpen, result, code] :
+         Table<bool, bool, std::intptr_t, int>{{"owned", true, false, IDCANCEL, 0},
+                                               {"without owner", false, false, IDCANCEL, 0},
+                                               {"stays open", true, true, 5, 7}}) {
+        CWnd owner;
+        owner.CreateEx(0, "KorvelFrame", "Owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {50, 50, 450, 350},
+                       nullptr, 0);
+        RecordedDialog dialog(300, isOwned ? &owner : nullptr);
+        if (staysOpen)
+            dialog.onCommand[IDCANCEL] = [] {};
+        std::intptr_t answer = 0;
+        QTimer::singleShot(0, qApp, [&] {
+            QTimer::singleShot(0, qApp, [&] {
+                QApplication::quit();
+                if (staysOpen) {
+                    dialog.EndDialog(5);
+                    QApplication::exit(7);
+                }
+            });
+            answer = dialog.DoModal();
+        });
+        QTimer patience;
+        QObject::connect(&patience, &QTimer::timeout, [] { QApplication::exit(1); });
+        patience.start(std::chrono::seconds(5));
+        EXPECT_EQ(QApplication::exec(), code) << border;
+        EXPECT_EQ(answer, result) << border;
+    }
+}
+
 TEST_F(DesktopDialog, AccessKeysAreTheDialogs) {
     RunWith([&] {
         for (const auto& [border, key, focus] : Table<Qt::Key, int>{{"check box", Qt::Key_C, Check},

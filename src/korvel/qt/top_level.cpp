@@ -116,11 +116,19 @@ bool TopLevel::OnEvent(QEvent& event) {
         return false;
     case QEvent::Close:
         input::Close(m_peer.Window());
-        event.setAccepted(!m_peer.Window()); // Qt counts the windows that were closed, to end with the last
+        event.setAccepted(IsClosed());
         return true;
     default:
         return false;
     }
+}
+
+// Qt counts the windows that were closed, to end with the last: one that only hides is not closed. Of a dialog,
+// which Qt does not count, that is enough: its loop may still have to destroy it, and a refusal would keep the
+// application from ending.
+bool TopLevel::IsClosed() const {
+    const HWND window = m_peer.Window();
+    return !window || (!view::IsShown(window) && !m_peer.Outer().testAttribute(Qt::WA_QuitOnClose));
 }
 
 // Qt also signals a place that this window asked for, which is no news.
@@ -134,6 +142,7 @@ void TopLevel::ShowModal() {
     QWidget& widget = m_peer.Outer();
     if (widget.isVisible() && widget.isModal())
         return;
+    widget.setAttribute(Qt::WA_QuitOnClose, false);
     widget.hide(); // modality holds from the next showing
     widget.setWindowModality(widget.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
     m_context.focus.ExpectActivation(widget);

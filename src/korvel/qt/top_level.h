@@ -31,6 +31,7 @@ private:
     void ReportPlace();
     void FollowLimits();
     void FollowTopmost();
+    bool IsClosed() const;
 
     PeerContext& m_context;
     Peer& m_peer;

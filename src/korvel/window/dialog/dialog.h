@@ -47,9 +47,10 @@ public:
     virtual bool Create(UINT templateId, CWnd* parent = nullptr);
     virtual bool Create(const char* templateName, CWnd* parent = nullptr);
     /// Shows the dialog until EndDialog and returns its result, or -1 when it cannot be made, is destroyed or
-    /// the application ends. The top-level window around the parent is disabled meanwhile: of an embedded
-    /// window, the host's whole window. What a handler throws comes out where it is not taken by the exception
-    /// handler; the owner is enabled then too.
+    /// the application's event loop ends. An application that closes its windows before it ends cancels the
+    /// dialog (IDCANCEL); it goes on where the dialog stays open. The top-level window around the parent is
+    /// disabled meanwhile: of an embedded window, the host's whole window. What a handler throws comes out
+    /// where it is not taken by the exception handler; the owner is enabled then too.
     virtual std::intptr_t DoModal();
     /// See dialog/dialog_procedure.h.
     void EndDialog(int result);
