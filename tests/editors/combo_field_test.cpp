@@ -107,6 +107,10 @@ TEST_F(ComboFieldTest, HowTheFieldLooks) {
         EXPECT_EQ(calls.back().color, GetSysColor(text));
         EXPECT_EQ(calls.size() == 3, hasFrame);
     }
+    edit.EnableWindow(true);
+    frame.EnableWindow(false);
+    EXPECT_EQ(display.PaintWindow(edit.m_hWnd).front().color, GetSysColor(COLOR_WINDOW))
+        << "only the window around it is disabled";
 }
 
 TEST_F(ComboFieldTest, HowTheButtonLooks) {

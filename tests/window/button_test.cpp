@@ -150,6 +150,7 @@ TEST_F(ButtonTest, AnOwnerDrawnButtonShowsThatItIsPressed) {
              {"pressed", [&] { Mouse(button, WM_LBUTTONDOWN); }, ODS_SELECTED | ODS_FOCUS},
              {"left", [&] { Mouse(button, WM_MOUSEMOVE, outside); }, ODS_FOCUS},
              {"entered again", [&] { Mouse(button, WM_MOUSEMOVE); }, ODS_SELECTED | ODS_FOCUS},
+             {"in a disabled window", [&] { parent.EnableWindow(false); }, 0},
              {"disabled", [&] { button.EnableWindow(false); }, ODS_DISABLED}}) {
         act();
         display.PaintWindow(button.m_hWnd);

@@ -60,6 +60,9 @@ TEST_F(ListPaint, SelectionShowsByFocusAndStyle) {
     parent.SetFocus();
     list.ModifyStyle(0, LVS_SHOWSELALWAYS);
     EXPECT_TRUE(Paints(Fill, row, GetSysColor(COLOR_BTNFACE)));
+    parent.EnableWindow(false);
+    EXPECT_TRUE(Paints(Fill, row, GetSysColor(COLOR_BTNFACE))) << "only the window around it is disabled";
+    parent.EnableWindow(true);
     list.EnableWindow(false);
     EXPECT_FALSE(Paints(Fill, row, GetSysColor(COLOR_BTNFACE)));
     EXPECT_TRUE(Paints(Text, {4, RowTop(1), 96, RowTop(2)}, GetSysColor(COLOR_GRAYTEXT)));

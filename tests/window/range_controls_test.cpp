@@ -235,6 +235,11 @@ TEST_F(SpinTest, AFreshOneCountsDownWithItsUpperArrow) {
     EXPECT_EQ(Shown(), "3");
     EXPECT_EQ(GetFocus(), edit.m_hWnd);
     EXPECT_EQ(Take().back(), At(SB_ENDSCROLL, 3));
+    for (const auto& [border, window, color] : Table<CWnd*, int>{
+             {"in a disabled window", &parent, COLOR_BTNTEXT}, {"disabled", &spin, COLOR_GRAYTEXT}}) {
+        window->EnableWindow(false);
+        EXPECT_EQ(display.PaintWindow(spin.m_hWnd).back().color, GetSysColor(color)) << border;
+    }
 }
 
 TEST_F(SpinTest, TheBuddyShowsAndGivesTheNumber) {

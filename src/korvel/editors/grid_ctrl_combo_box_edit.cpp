@@ -1,6 +1,7 @@
 #include "korvel/editors/grid_ctrl_combo_box_edit.h"
 
 #include "korvel/window/core/dc.h"
+#include "korvel/window/display/window_view.h"
 
 namespace korvel {
 
@@ -114,10 +115,11 @@ void CGridCtrlComboBoxEdit::OnKillFocus() {
 LRESULT CGridCtrlComboBoxEdit::Paint(CDC& dc) const {
     const bool isClosed = !m_pParent || m_pParent->GetDroppedState() == 0;
     const bool isHighlighted = GetFocus() == m_hWnd && isClosed;
-    const FieldColors colors = !IsWindowEnabled() ? Disabled : isHighlighted ? Highlighted : Plain;
+    const bool isEnabled = view::IsSwitchedOn(m_hWnd);
+    const FieldColors colors = !isEnabled ? Disabled : isHighlighted ? Highlighted : Plain;
     CRect rect = GetClientRect();
     dc.FillSolidRect(rect, GetSysColor(colors.background));
-    if (IsWindowEnabled() && isHighlighted)
+    if (isEnabled && isHighlighted)
         dc.DrawFocusRect(rect);
     rect.left += GetSystemMetrics(SM_CXEDGE);
     dc.SetTextColor(GetSysColor(colors.text));

@@ -116,7 +116,7 @@ void DrawOwn(const ButtonState& button, CDC& dc) {
     item.CtlType = ODT_BUTTON;
     item.CtlID = static_cast<UINT>(button.record.id);
     item.itemState = (button.isPressed ? ODS_SELECTED : 0u) | (GetFocus() == window ? ODS_FOCUS : 0u) |
-                     (IsWindowEnabled(window) ? 0u : ODS_DISABLED);
+                     (button.record.IsSwitchedOn() ? 0u : ODS_DISABLED);
     item.hwndItem = window;
     item.hDC = &dc;
     item.rcItem = GetClientRect(window);

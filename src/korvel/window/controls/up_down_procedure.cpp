@@ -41,7 +41,7 @@ Arrow ArrowAt(const UpDownState& control, CPoint point) {
 
 void Paint(const UpDownState& control, CDC& dc) {
     const bool isHorizontal = control.HasStyle(UDS_HORZ);
-    const UINT inactive = IsWindowEnabled(control.record.handle) ? 0 : DFCS_INACTIVE;
+    const UINT inactive = control.record.IsSwitchedOn() ? 0 : DFCS_INACTIVE;
     const auto state = [&](Arrow arrow) { return inactive | (control.pressed == arrow ? DFCS_PUSHED : 0u); };
     const Halves halves = HalvesOf(control);
     dc.DrawFrameControl(halves.first, DFC_SCROLL,

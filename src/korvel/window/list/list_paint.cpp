@@ -18,11 +18,11 @@ struct RowColors {
 };
 
 COLORREF BackgroundOf(const ListState& list) {
-    return GetSysColor(IsWindowEnabled(list.Handle()) ? COLOR_WINDOW : COLOR_BTNFACE);
+    return GetSysColor(list.record.IsSwitchedOn() ? COLOR_WINDOW : COLOR_BTNFACE);
 }
 
 RowColors ColorsOf(const ListState& list, int row) {
-    if (!IsWindowEnabled(list.Handle()))
+    if (!list.record.IsSwitchedOn())
         return {GetSysColor(COLOR_GRAYTEXT), BackgroundOf(list), false};
     const bool isSelected = list.rows.At(row).IsSelected();
     if (isSelected && GetFocus() == list.Handle())
@@ -42,7 +42,7 @@ void PaintCheckBox(const ListState& list, int row, const CRect& room, CDC& dc) {
     UINT state = DFCS_BUTTONCHECK;
     if (list.rows.At(row).checked)
         state |= DFCS_CHECKED;
-    if (!IsWindowEnabled(list.Handle()))
+    if (!list.record.IsSwitchedOn())
         state |= DFCS_INACTIVE;
     dc.DrawFrameControl(room.Centered({CheckBoxSize, CheckBoxSize}), DFC_BUTTON, state);
 }
@@ -85,7 +85,7 @@ void SendDrawItem(const ListState& list, int row, CDC& dc) {
         item.itemState |= ODS_SELECTED;
     if (row == list.focusRow && GetFocus() == list.Handle())
         item.itemState |= ODS_FOCUS;
-    if (!IsWindowEnabled(list.Handle()))
+    if (!list.record.IsSwitchedOn())
         item.itemState |= ODS_DISABLED;
     item.hwndItem = list.Handle();
     item.hDC = &dc;
