@@ -161,13 +161,18 @@ TEST_F(Controls, BarAndSliderShowTheirRange) {
     EXPECT_EQ(shown.value() * 2, shown.maximum());
 
     CSliderCtrl slider;
-    slider.Create(WS_CHILD | WS_VISIBLE, {10, 40, 150, 70}, &m_frame, 2);
+    slider.Create(WS_CHILD | WS_VISIBLE | TBS_NOTICKS, {10, 40, 150, 70}, &m_frame, 2);
     slider.SetRange(10, 30);
     slider.SetPos(20);
     auto& widget = WidgetOf<QSlider>(slider);
     EXPECT_EQ(widget.value(), 20);
     EXPECT_EQ(widget.tickInterval(), 20) << "a mark at each end";
     EXPECT_EQ(m_frame.Take(), Codes()) << "a program tells nothing";
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, {4, widget.height() / 2}); // beside the thumb
+    EXPECT_EQ(m_frame.Take(), (Codes{TB_PAGEUP, TB_ENDTRACK}));
+    EXPECT_EQ(slider.GetPos(), 16);
+    EXPECT_EQ(widget.value(), 16);
+    slider.SetPos(20);
     slider.SetFocus();
     Press(VK_DOWN);
     EXPECT_EQ(widget.value(), 21);

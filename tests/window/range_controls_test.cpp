@@ -174,7 +174,15 @@ TEST_F(SliderTest, ANativeThumbTellsTheSame) {
     Make();
     input::Value(slider.m_hWnd, 53); // the wheel
     EXPECT_EQ(Take(), (std::vector<WPARAM>{At(TB_THUMBTRACK, 53), At(TB_THUMBPOSITION, 53), TB_ENDTRACK}));
-    for (const double value : {53.0, 1e300, std::numeric_limits<double>::quiet_NaN()})
+    input::Stepped(slider.m_hWnd, TB_LINEDOWN);
+    EXPECT_EQ(Take(), (std::vector<WPARAM>{TB_LINEDOWN, TB_ENDTRACK}));
+    Mouse(WM_LBUTTONDOWN, 59); // on the thumb: the press of a native widget may be beside it
+    input::Stepped(slider.m_hWnd, TB_PAGEUP);
+    input::Stepped(slider.m_hWnd, TB_PAGEUP);
+    Mouse(WM_LBUTTONUP, 59);
+    EXPECT_EQ(Take(), (std::vector<WPARAM>{TB_PAGEUP, TB_PAGEUP, TB_ENDTRACK}));
+    EXPECT_EQ(slider.GetPos(), 14);
+    for (const double value : {14.0, 1e300, std::numeric_limits<double>::quiet_NaN()})
         input::Value(slider.m_hWnd, value);
     EXPECT_EQ(Take(), std::vector<WPARAM>());
 }

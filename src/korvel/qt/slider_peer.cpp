@@ -10,6 +10,7 @@
 #include <QSlider>
 #include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <limits>
 
 namespace korvel::internal {
@@ -21,6 +22,16 @@ int TicksAtTheEnds(const view::RangeView& range) {
     const std::int64_t span = std::int64_t{range.upper} - range.lower;
     return static_cast<int>(std::clamp<std::int64_t>(span, 1, std::numeric_limits<int>::max()));
 }
+
+struct Step {
+    int action; // of Qt
+    UINT code;
+};
+
+constexpr Step Steps[] = {{QSlider::SliderSingleStepSub, TB_LINEUP},
+                          {QSlider::SliderSingleStepAdd, TB_LINEDOWN},
+                          {QSlider::SliderPageStepSub, TB_PAGEUP},
+                          {QSlider::SliderPageStepAdd, TB_PAGEDOWN}};
 
 QSlider::TickPosition TicksOf(UINT style) {
     if (style & TBS_NOTICKS)
@@ -38,7 +49,8 @@ SliderPeer::SliderPeer(PeerContext& context, HWND window, QWidget* parent)
 SliderPeer::SliderPeer(PeerContext& context, HWND window, QSlider& slider)
     : Peer(context, window, slider, slider), m_slider(slider) {
     connect(
-        &m_slider, &QSlider::valueChanged, this, [this] { Report(); });
+        &m_slider, &QSlider::actionTriggered, this, [this](int action) { ReportStep(action); });
+    connect(&m_slider, &QSlider::valueChanged, this, [this] { ReportValue(); });
 }
 
 void SliderPeer::Apply(Aspects aspects) {
@@ -60,8 +72,17 @@ void SliderPeer::Apply(Aspects aspects) {
     m_slider.setValue(range.position);
 }
 
+// Qt has not taken the step yet, and takes over where Apply puts the slider meanwhile.
+void SliderPeer::ReportStep(int action) {
+    const auto* step = std::ranges::find(Steps, action, &Step::action);
+    if (step == std::end(Steps) || !Window())
+        return;
+    const Busy busy(*this);
+    input::Stepped(Window(), step->code);
+}
+
 // The signal also comes for what Apply sets, which is no news.
-void SliderPeer::Report() {
+void SliderPeer::ReportValue() {
     if (m_isShowing || !Window())
         return;
     const Busy busy(*this);

@@ -17,7 +17,8 @@ protected:
 
 private:
     SliderPeer(PeerContext& context, HWND window, QSlider& slider);
-    void Report();
+    void ReportStep(int action);
+    void ReportValue();
 
     QSlider& m_slider;
     bool m_isShowing = false;

@@ -141,7 +141,7 @@ void EndPress(SliderState& slider) {
     Tell(slider, TB_ENDTRACK);
 }
 
-// The release comes here before a native widget gets it: all that it has reported meanwhile was dragging.
+// The release comes here before a native widget gets it.
 LRESULT HandleMouse(SliderState& slider, UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = slider.record.handle;
     const bool isPress = message == WM_LBUTTONDOWN || message == WM_LBUTTONDBLCLK;
@@ -265,6 +265,13 @@ int SliderState::Page() const {
 
 view::RangeView SliderState::Range() const {
     return {range.Lower(), range.Upper(), range.position, line, Page(), tick};
+}
+
+// The release of the mouse ends the steps that its press has begun.
+void SliderState::Stepped(UINT code) {
+    Move(*this, code);
+    if (!isPressed)
+        Tell(*this, TB_ENDTRACK);
 }
 
 // Without the mouse pressed it is the wheel that has moved it.

@@ -15,6 +15,7 @@ public:
     view::Kind Kind() const override { return view::Kind::Slider; }
     view::RangeView Range() const override;
     void Value(double value) override;
+    void Stepped(UINT code) override;
 
     bool IsVertical() const { return (record.style & TBS_VERT) != 0; }
     int Page() const;

@@ -29,6 +29,7 @@ public:
     /// What the user did in a native widget (see window/core/input.h). Called for enabled windows only.
     virtual void Edited(const CString&, int /*selectionStart*/, int /*selectionEnd*/) {}
     virtual void Value(double) {}
+    virtual void Stepped(UINT /*code*/) {}
     virtual void Scrolled(int /*x*/, int /*row*/) {}
     virtual void Dropped(bool /*isOpen*/) {}
 };

@@ -168,6 +168,11 @@ void Value(HWND window, double value) {
         window, [&](ControlState& control) { control.Value(value); });
 }
 
+void Stepped(HWND window, UINT code) {
+    ReportToControl(
+        window, [&](ControlState& control) { control.Stepped(code); });
+}
+
 void Scrolled(HWND window, int x, int row) {
     ReportToControl(
         window, [&](ControlState& control) { control.Scrolled(x, row); });

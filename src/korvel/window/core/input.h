@@ -37,6 +37,9 @@ KORVEL_API void Edited(HWND window, const CString& text, int selectionStart, int
 /// The user changed the check of a button, the choice of a combo box or tab control, the position of a slider
 /// or the date of a date control (not-a-number: none); a push button is clicked with 1.
 KORVEL_API void Value(HWND window, double value);
+/// The user moved a slider by a step, which is TB_LINEUP, TB_LINEDOWN, TB_PAGEUP or TB_PAGEDOWN: the window says
+/// where it is then.
+KORVEL_API void Stepped(HWND window, UINT code);
 /// The user opened or closed the list of a combo box or the calendar of a date control. A list opens only when
 /// the window says so (view::Choice), and a choice reported by Value closes it.
 KORVEL_API void Dropped(HWND window, bool isOpen);
