@@ -236,6 +236,11 @@ TEST_F(Controls, ATabThatIsRefusedIsNotShown) {
         EXPECT_EQ(bar.currentIndex(), current) << border;
         EXPECT_EQ(m_frame.Take(), codes) << border;
     }
+    tabs.DeleteItem(1);
+    EXPECT_EQ(tabs.GetCurSel(), -1);
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(0).center());
+    EXPECT_EQ(tabs.GetCurSel(), 0) << "the bar has shown it as the current one";
+    EXPECT_EQ(m_frame.Take(), taken);
     CRect page = tabs.GetClientRect();
     tabs.AdjustRect(false, page);
     EXPECT_GE(page.top, bar.tabRect(0).bottom());

@@ -25,6 +25,11 @@ TabPeer::TabPeer(PeerContext& context, HWND window, QTabBar& bar)
     m_pane.setAttribute(Qt::WA_TransparentForMouseEvents);
     m_pane.lower();
     connect(&m_bar, &QTabBar::currentChanged, this, [this](int tab) { Report(tab); });
+    // The bar always has a current tab, also where the window has none.
+    connect(&m_bar, &QTabBar::tabBarClicked, this, [this](int tab) {
+        if (tab == m_bar.currentIndex())
+            Report(tab);
+    });
 }
 
 void TabPeer::Apply(Aspects aspects) {
@@ -55,7 +60,7 @@ void TabPeer::ShowTabs() {
 }
 
 void TabPeer::Report(int tab) {
-    if (m_isShowing || !Window())
+    if (m_isShowing || !Window() || tab == view::Choice(Window()).current)
         return;
     const Busy busy(*this);
     input::Value(Window(), tab);
