@@ -1,3 +1,4 @@
+#include "korvel/platform/error.h"
 #include "korvel/window/core/input.h"
 #include "support/recorded_window.h"
 
@@ -98,6 +99,8 @@ TEST_F(FocusTest, ComesBackFromABox) {
     display.AnswerNext(IDYES);
     EXPECT_EQ(MessageBoxA(frame.m_hWnd, "Erase?", "Korvel", MB_YESNO), IDYES);
     EXPECT_THAT(Heard(), ElementsAre("first no focus", "first focus"));
+    EXPECT_THROW(MessageBoxA(frame.m_hWnd, "nobody answers", "Korvel", MB_OK), Error);
+    EXPECT_EQ(GetFocus(), first.m_hWnd);
     first.on[WM_KILLFOCUS] = [&] { first.DestroyWindow(); };
     display.AnswerNext(IDNO);
     MessageBoxA(frame.m_hWnd, "Erase?", "Korvel", MB_YESNO);

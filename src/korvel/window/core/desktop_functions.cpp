@@ -1,5 +1,4 @@
-#include "korvel/window/core/display_thread.h"
-#include "korvel/window/core/focus.h"
+#include "korvel/window/core/ask_user.h"
 #include "korvel/window/core/window.h"
 
 namespace korvel {
@@ -27,12 +26,7 @@ int GetSystemMetrics(int index) {
 }
 
 int MessageBoxA(HWND owner, const CString& text, const CString& caption, UINT type) {
-    return OnDisplayThread([&](IDisplay& display) {
-        const HWND former = LendFocusToBox();
-        const int answer = display.MessageBox(owner, text, caption, type);
-        ReturnFocusFromBox(former);
-        return answer;
-    });
+    return AskUser([&](IDisplay& display) { return display.MessageBox(owner, text, caption, type); });
 }
 
 } // namespace korvel

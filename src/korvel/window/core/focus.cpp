@@ -97,13 +97,18 @@ bool CanTakeFocus(HWND window) {
     return true;
 }
 
-HWND LendFocusToBox() {
+void LendFocusToBox(const std::function<void()>& ask) {
     const HWND former = TheFocus().window;
-    MoveFocus(nullptr, FocusOrigin::Display);
-    return former;
+    FirstFailure failure;
+    failure.Try([&] {
+        MoveFocus(nullptr, FocusOrigin::Display);
+        ask();
+    });
+    failure.Try([&] { ReturnFocus(former); });
+    failure.Rethrow();
 }
 
-void ReturnFocusFromBox(HWND former) {
+void ReturnFocus(HWND former) {
     if (!TheFocus().window && CanTakeFocus(former))
         MoveFocus(former, FocusOrigin::Program);
 }

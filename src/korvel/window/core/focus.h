@@ -2,6 +2,8 @@
 
 #include "korvel/window/core/window_record.h"
 
+#include <functional>
+
 /// The focus of the display's windows. On the display's thread only.
 namespace korvel::internal {
 
@@ -17,9 +19,10 @@ bool CanTakeFocus(HWND window);
 /// loaded. Returns true.
 using FocusFollower = void(HWND window);
 bool SetFocusFollower(FocusFollower* follow);
-/// Takes the focus away for a box; returns the window to give it back to.
-HWND LendFocusToBox();
-void ReturnFocusFromBox(HWND former);
+/// Takes the focus away while `ask` shows a box, and gives it back, also when it throws.
+void LendFocusToBox(const std::function<void()>& ask);
+/// Gives the focus back to the window that had it, unless another one has it now.
+void ReturnFocus(HWND former);
 
 /// No window has the focus any more if it was this one. Sends nothing.
 void ForgetFocus(HWND window);

@@ -44,7 +44,7 @@ std::intptr_t RunHere(const DialogTemplate& dialog, HWND parent,
     });
     failure.Try([&] { EnableWindow(owner, true); });
     failure.Try([&] { DestroyWindow(window); });
-    failure.Try([&] { ReturnFocusFromBox(formerFocus); });
+    failure.Try([&] { ReturnFocus(formerFocus); });
     failure.Rethrow();
     return result;
 }
