@@ -2,15 +2,19 @@
 #include "korvel/dialogs/file_dialog.h"
 #include "korvel/dialogs/file_value_imp.h"
 #include "korvel/dialogs/select_folder_dlg.h"
+#include "korvel/platform/error.h"
 #include "korvel/values/language.h"
 #include "korvel/values/text_table.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/display/headless_display.h"
+#include "support/recorded_window.h"
 #include "support/scratch.h"
 #include "support/table.h"
 
 #include <fstream>
+#include <future>
 #include <gtest/gtest.h>
+#include <thread>
 
 namespace korvel {
 namespace {
@@ -20,6 +24,7 @@ using Outcome = FolderAnswer::Outcome;
 // Writes down what its choosers are asked.
 struct AskedDisplay : HeadlessDisplay {
     std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) override {
+        askedOn = std::this_thread::get_id();
         asked.push_back(CString(query.open ? "open " : "save ") + (query.promptOnOverwrite ? "prompt " : "") +
                         (query.fileMustExist ? "exists " : "") + query.path + " " + query.defaultExtension +
                         " " + query.filter);
@@ -27,10 +32,12 @@ struct AskedDisplay : HeadlessDisplay {
     }
     FolderAnswer ChooseFolder(HWND owner, const FolderQuery& query) override {
         const bool plain = query.chooser == FolderQuery::Chooser::Plain;
+        askedOn = std::this_thread::get_id();
         asked.push_back((plain ? "plain " : "desktop ") + query.title + " " + query.path);
         return HeadlessDisplay::ChooseFolder(owner, query);
     }
     std::vector<std::string> asked;
+    std::thread::id askedOn; // last
 };
 
 class ChooserTest : public testing::Test {
@@ -68,15 +75,15 @@ TEST_F(ChooserTest, AFileThatMustExistIsAskedForAgain) {
     const std::string noFile = "File \"" + missing + "\" not found.";
     constexpr unsigned long Path = 0x800;
     constexpr unsigned long File = 0x1000;
-    for (const auto& [border, flags, refused, taken, complaint] :
-         Table<unsigned long, std::string, std::string, std::string>{
-             {"nothing must", 2 | 4, "", astray, ""},
-             {"folder, and it is there", Path, "", missing, ""},
-             {"folder, and it is not", Path, astray, missing, noFolder},
-             {"file, and its folder is not", File, astray, there, noFolder},
-             {"file, and it is not", File | Path, missing, there, noFile},
-             {"cancelled after that", File, missing, "", noFile},
-             {"cancelled", File, "", "", ""}}) {
+    for (const auto& [border, open, flags, refused, taken, complaint] :
+         Table<int, unsigned long, std::string, std::string, std::string>{
+             {"nothing must", 1, 2 | 4, "", astray, ""},
+             {"folder, and it is there", 0, Path, "", missing, ""},
+             {"folder, and it is not", 0, Path, astray, missing, noFolder},
+             {"file, and its folder is not", 1, File, astray, there, noFolder},
+             {"file, and it is not", 1, File | Path, missing, there, noFile},
+             {"cancelled after that", 1, File, missing, "", noFile},
+             {"cancelled", 1, File, "", "", ""}}) {
         SCOPED_TRACE(border);
         AskedDisplay own;
         SetDisplay(&own);
@@ -86,10 +93,12 @@ TEST_F(ChooserTest, AFileThatMustExistIsAskedForAgain) {
         }
         own.AnswerNextFile(taken.empty() ? std::nullopt : std::optional(taken));
         std::string path = "before";
-        EXPECT_EQ(doModalFileDialog(path, 1, nullptr, nullptr, flags, nullptr, nullptr, 0, 0),
+        EXPECT_EQ(doModalFileDialog(path, open, nullptr, nullptr, flags, nullptr, nullptr, 0, 0),
                   !taken.empty());
         EXPECT_EQ(path, taken.empty() ? "before" : taken);
-        EXPECT_EQ(own.ShownBoxes().empty() ? "" : own.ShownBoxes()[0].text, complaint);
+        const auto box = own.ShownBoxes().empty() ? HeadlessDisplay::Shown() : own.ShownBoxes()[0];
+        EXPECT_EQ(box.text, complaint);
+        EXPECT_EQ(box.caption, complaint.empty() ? "" : open ? "Open" : "Save As");
         EXPECT_EQ(own.asked.back().find(refused) != std::string::npos, true) << "begins where the user was";
         EXPECT_EQ(own.asked[0].find("prompt") != std::string::npos, (flags & 2) != 0);
         EXPECT_EQ(own.asked[0].find("exists") != std::string::npos, (flags & File) != 0);
@@ -120,6 +129,39 @@ TEST_F(ChooserTest, OnlyAFolderChooserThatCannotBeMadeLeadsToThePlainOne) {
         EXPECT_EQ(dialog.DoModal(), result);
         EXPECT_EQ(dialog.GetFolder(), folder);
         EXPECT_EQ(own.asked, expected);
+    }
+}
+
+TEST_F(ChooserTest, AsksOnTheThreadOfTheWindowsAndGivesTheFocusBack) {
+    Log log;
+    RecordedWindow window("window", log);
+    window.Create(WS_VISIBLE, nullptr);
+    window.SetFocus();
+    using Ask = std::function<bool()>;
+    for (const auto& [border, answer, ask] : Table<std::function<void()>, Ask>{
+             {"file", [&] { display.AnswerNextFile("plan.xml"); },
+              [] {
+                  std::string path;
+                  return doModalFileDialog(path, 1, nullptr, nullptr, 0, nullptr, nullptr, 0, 0);
+              }},
+             {"folder",
+              [&] {
+                  display.AnswerNextFolder({Outcome::Chosen, "/plans"});
+              },
+              [] { return CSelectFolderDlg(nullptr).DoModal() == IDOK; }}}) {
+        SCOPED_TRACE(border);
+        log.clear();
+        answer();
+        EXPECT_TRUE(ask());
+        EXPECT_THAT(log, ElementsAre("window no focus", "window focus"));
+        EXPECT_THROW(ask(), Error) << "nobody answers";
+        EXPECT_EQ(GetFocus(), window.m_hWnd);
+        answer();
+        auto chosen = std::async(std::launch::async, ask);
+        display.PumpUntil(
+            [&] { return chosen.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
+        EXPECT_TRUE(chosen.get());
+        EXPECT_EQ(display.askedOn, std::this_thread::get_id());
     }
 }
 

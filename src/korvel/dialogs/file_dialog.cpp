@@ -1,15 +1,19 @@
 #include "korvel/dialogs/file_dialog.h"
 
 #include "korvel/platform/code_page.h"
+#include "korvel/values/language.h"
 #include "korvel/values/replace_first.h"
 #include "korvel/values/text_table.h"
 #include "korvel/window/base/messages.h"
-#include "korvel/window/core/display.h"
+#include "korvel/window/core/ask_user.h"
 #include "korvel/window/core/window.h"
 
 #include <filesystem>
 
 namespace korvel {
+
+using namespace internal;
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -20,6 +24,7 @@ constexpr unsigned long PathMustExist = 0x800;
 constexpr unsigned long FileMustExist = 0x1000;
 
 // Rows of the Text table.
+constexpr int OpenText = 74;
 constexpr int FileNotFoundText = 87;
 constexpr int FolderNotFoundText = 88;
 
@@ -41,6 +46,12 @@ std::string ComplaintOf(const std::string& chosen, unsigned long flags) {
     return "";
 }
 
+// The title that a desktop gives its chooser.
+std::string TitleOf(const FileQuery& query) {
+    static constexpr const char* SaveTitles[] = {"Save As", "Speichern unter", ""}; // by language
+    return query.open ? Text(OpenText) : SaveTitles[GetLanguage().column];
+}
+
 } // namespace
 
 bool doModalFileDialog(std::string& path, int openFile, const char* defaultExtension, const char* fileName,
@@ -52,13 +63,16 @@ bool doModalFileDialog(std::string& path, int openFile, const char* defaultExten
     query.filter = filter ? filter : "";
     query.promptOnOverwrite = (flags & OverwritePrompt) != 0;
     query.fileMustExist = (flags & FileMustExist) != 0;
-    while (const auto chosen = Display().ChooseFile(parent, query)) {
+    const auto ask = [&] {
+        return AskUser([&](IDisplay& display) { return display.ChooseFile(parent, query); });
+    };
+    while (const auto chosen = ask()) {
         const std::string complaint = ComplaintOf(*chosen, flags);
         if (complaint.empty()) {
             path = *chosen;
             return true;
         }
-        MessageBoxA(parent, complaint, "", MB_OK | MB_ICONWARNING);
+        MessageBoxA(parent, complaint, TitleOf(query), MB_OK | MB_ICONWARNING);
         query.path = *chosen;
     }
     return false;

@@ -12,7 +12,7 @@ namespace korvel {
 ///     if (dialog.DoModal() == IDOK)
 ///         Use(dialog.GetFolder());
 ///
-/// On the thread of the windows.
+/// Any thread; the focus leaves meanwhile and comes back.
 class KORVEL_API CSelectFolderDlg {
 public:
     /// `parent` owns the chooser; null: none.
