@@ -88,12 +88,11 @@ QString PatternsOf(const QString& patterns) {
 // "description|patterns|description|patterns|" as Qt has it: "description (patterns)".
 QStringList FiltersOf(const CString& filter) {
     const QStringList parts = ToQString(filter).split(QLatin1Char('|'));
+    const QRegularExpression shownPatterns(QStringLiteral("\\s*\\([^()]*\\*[^()]*\\)\\s*$"));
     QStringList filters;
     for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2) {
         QString description = parts[i];
-        const qsizetype bracket = description.lastIndexOf(QLatin1Char('('));
-        if (bracket >= 0)
-            description = description.left(bracket).trimmed();
+        description.remove(shownPatterns);
         filters += QStringLiteral("%1 (%2)").arg(description, PatternsOf(parts[i + 1]));
     }
     return filters;
@@ -159,10 +158,9 @@ std::optional<CString> AskFile(QWidget* owner, const FileQuery& query) {
     dialog->setDefaultSuffix(ToQString(query.defaultExtension));
     dialog->setNameFilters(FiltersOf(query.filter));
     const QFileInfo begin(ToQString(query.path));
-    if (!query.path.empty() && begin.dir().exists()) {
+    if (!query.path.empty() && begin.dir().exists())
         dialog->setDirectory(begin.dir());
-        dialog->selectFile(begin.fileName());
-    }
+    dialog->selectFile(begin.fileName());
     return AskPath(dialog);
 }
 
