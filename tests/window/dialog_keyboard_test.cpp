@@ -23,7 +23,7 @@ constexpr DialogItem Items[] = {
     {"BUTTON", "&Away", Gone, Stop | WS_DISABLED, {}},
     {"BUTTON", "&Browse", Browse, Stop | WS_GROUP, {}},
     {"BUTTON", "OK", IDOK, Stop | BS_DEFPUSHBUTTON, {}},
-    {"BUTTON", "Cancel", IDCANCEL, Stop, {}},
+    {"BUTTON", "K&\x81\xE2\xF0", IDCANCEL, Stop, {}},
 };
 
 class DialogKeyboardTest : public DialogTest {
@@ -74,6 +74,9 @@ TEST_F(DialogKeyboardTest, EachKeyMovesOrCommands) {
              {"key of a radio button", Name, {VK_MENU, 'G', "g"}, Green, {Green}},
              {"key of a button", Name, {VK_MENU, 'B', "b"}, Browse, {Browse}},
              {"key of an accented letter", Name, {VK_MENU, 0, "\xFC"}, Check, {Check}},
+             {"key outside the code page", Name, {VK_MENU, 0, "\x81\xE2\xF1"}, IDCANCEL, {IDCANCEL}},
+             {"the same without Alt", Check, {0, 0, "\x81\xE2\xF1"}, IDCANCEL, {IDCANCEL}},
+             {"a byte of another letter is no key", Name, {VK_MENU, 0, "\x81\xE2\xFC"}, Name, none},
              {"key without Alt where nothing is typed", Check, {0, 'B', "b"}, Browse, {Browse}},
              {"key without Alt in a field", Name, {0, 'B', "b"}, Name, none},
              {"key of two only leads to them", Name, {VK_MENU, 'T', "t"}, Twin, none},

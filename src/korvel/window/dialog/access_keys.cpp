@@ -57,13 +57,13 @@ CString AccessKeyOf(const CString& text) {
     return {};
 }
 
-bool PressAccessKey(HWND dialog, char key) {
+bool PressAccessKey(HWND dialog, const CString& character) {
     std::vector<HWND> controls;
     CollectReachable(dialog, controls);
     const auto focus = std::ranges::find(controls, GetFocus());
     if (focus != controls.end())
         std::rotate(controls.begin(), focus + 1, controls.end());
-    const CString folded = platform::FoldCase(CString(1, key));
+    const CString folded = platform::FoldCase(character);
     std::erase_if(controls, [&](HWND control) { return !HasAccessKey(control, folded); });
     if (controls.empty())
         return false;

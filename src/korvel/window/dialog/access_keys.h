@@ -13,6 +13,6 @@ CString AccessKeyOf(const CString& text);
 /// that has this access key, and acts on it: a button is clicked, a check box or radio button gets the focus
 /// and is clicked, a label gives the focus to the next tab stop. When several have the key, they only get the
 /// focus in turn. False: there is none.
-bool PressAccessKey(HWND dialog, char key);
+bool PressAccessKey(HWND dialog, const CString& character);
 
 } // namespace korvel::internal

@@ -1,5 +1,7 @@
 #include "korvel/window/dialog/dialog_keyboard.h"
 
+#include "korvel/platform/code_page.h"
+#include "korvel/window/core/input.h"
 #include "korvel/window/core/window_tree.h"
 #include "korvel/window/dialog/access_keys.h"
 #include "korvel/window/dialog/default_button.h"
@@ -66,9 +68,21 @@ bool PressKey(HWND dialog, HWND control, UINT key, UINT wanted) {
     }
 }
 
+// The character of a key that begins with this byte; empty for its later bytes.
+CString CharacterOf(char byte) {
+    const input::KeyOnTheWay* key = input::CurrentKey();
+    const std::size_t at = key ? key->characters.find(byte) : CString::npos;
+    if (at == CString::npos)
+        return CString(1, byte); // sent by a program
+    if (platform::CharacterBorder(key->characters, at) != at)
+        return {};
+    return key->characters.substr(at, platform::NextCharacter(key->characters, at) - at);
+}
+
 bool TypeAccessKey(HWND dialog, WPARAM byte) {
-    constexpr WPARAM FirstPrintable = ' ';
-    return byte > FirstPrintable && PressAccessKey(dialog, static_cast<char>(byte));
+    constexpr WPARAM Space = ' ';
+    const CString character = CharacterOf(static_cast<char>(byte));
+    return byte > Space && !character.empty() && PressAccessKey(dialog, character);
 }
 
 } // namespace
