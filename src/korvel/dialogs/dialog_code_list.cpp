@@ -215,20 +215,21 @@ void CDialogCodeList::OnLvnKeydownListCodes(NMHDR* notice, LRESULT* result) {
     }
 }
 
-// The dirty flag rises after Cancel too, here and in OnEditCodes: kept.
+// The dirty flag rises in every case, also after Cancel, here and in OnEditCodes: kept.
 void CDialogCodeList::OnAddCodes() {
+    m_isDirty = true;
     CDialogEditCodeList dialog(this);
     dialog.SetCaption(Text(AddText));
     dialog.SetPlaceholder(WordOf(m_codeType, &ValueWords::label));
     if (dialog.DoModal() == IDOK && dialog.GetIsDirty())
         InsertPair(m_listCodes, m_listCodes.GetItemCount(), {dialog.GetCode(), dialog.GetValue()});
-    m_isDirty = true;
 }
 
 void CDialogCodeList::OnEditCodes() {
     const int row = FirstSelected(m_listCodes);
     if (row < 0)
         return;
+    m_isDirty = true;
     const CodePair pair = PairOf(m_listCodes, row);
     CDialogEditCodeList dialog(this);
     dialog.SetCaption(Text(EditText));
@@ -239,7 +240,6 @@ void CDialogCodeList::OnEditCodes() {
         m_listCodes.SetItemText(row, CodeColumn, dialog.GetCode());
         m_listCodes.SetItemText(row, ValueColumn, dialog.GetValue());
     }
-    m_isDirty = true;
 }
 
 void CDialogCodeList::OnRemoveCodes() {
