@@ -109,6 +109,7 @@ TEST_F(ButtonTest, RadioButtonsExcludeEachOtherInsideTheirGroup) {
 
 TEST_F(ButtonTest, TheFrameOfAGroupBoxOpensAtItsText) {
     using Kind = PaintCall::Kind;
+    parent.EnableWindow(false); // a box shows its own state
     for (const auto& [border, text, enabled, color, gap] :
          Table<const char*, bool, COLORREF, std::vector<int>>{
              {"text", "&Axis", true, 0x0A0B0C, {7, 39}}, // 7 pixels a character

@@ -3,6 +3,7 @@
 #include "korvel/window/base/access_mark.h"
 #include "korvel/window/core/display.h"
 #include "korvel/window/core/window.h"
+#include "korvel/window/display/window_view.h"
 
 #include <algorithm>
 
@@ -38,7 +39,7 @@ void PaintGroupBox(HWND window, CDC& dc) {
     DrawSegment(dc, {right, top}, {right, bottom});
     DrawSegment(dc, {right, bottom}, {0, bottom});
     DrawSegment(dc, {0, bottom}, {0, top});
-    dc.SetTextColor(GetSysColor(IsWindowEnabled(window) ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
+    dc.SetTextColor(GetSysColor(view::IsSwitchedOn(window) ? COLOR_BTNTEXT : COLOR_GRAYTEXT));
     dc.DrawText(text, {TextLeft, 0, textRight, textHeight}, DT_SINGLELINE | DT_END_ELLIPSIS);
 }
 
