@@ -21,31 +21,10 @@ std::string Absolute(const std::string& file) {
     return std::filesystem::path(AbsolutePath(file)).lexically_normal().string();
 }
 
-std::vector<std::string> ListWithout(const std::string& path) {
-    std::vector<std::string> files = RecentFiles();
-    files.erase(std::remove(files.begin(), files.end(), path), files.end());
-    return files;
-}
-
-void Keep(const std::vector<std::string>& files) {
-    std::string bytes;
-    for (std::size_t i = 0; i < std::min(files.size(), MostRecentFiles); ++i)
-        bytes += files[i] + '\0';
-    try {
-        platform::CreateKey(SettingsRoot::User, RecentFilesKey);
-        platform::WriteSetting(SettingsRoot::User, RecentFilesKey, ValueName, SettingValue::Binary(bytes));
-    } catch (const Error&) {
-    }
-}
-
-} // namespace
-
-std::vector<std::string> RecentFiles() {
+// Throws Error where the list cannot be read: nothing may take its place then.
+std::vector<std::string> KeptFiles() {
     SettingValue value;
-    try {
-        platform::ReadSetting(SettingsRoot::User, RecentFilesKey, ValueName, value);
-    } catch (const Error&) {
-    }
+    platform::ReadSetting(SettingsRoot::User, RecentFilesKey, ValueName, value);
     std::vector<std::string> files;
     if (value.type != SettingType::Binary)
         return files;
@@ -57,15 +36,44 @@ std::vector<std::string> RecentFiles() {
     return files;
 }
 
-void AddRecentFile(const std::string& file) {
+void Keep(const std::vector<std::string>& files) {
+    std::string bytes;
+    for (std::size_t i = 0; i < std::min(files.size(), MostRecentFiles); ++i)
+        bytes += files[i] + '\0';
+    platform::CreateKey(SettingsRoot::User, RecentFilesKey);
+    platform::WriteSetting(SettingsRoot::User, RecentFilesKey, ValueName, SettingValue::Binary(bytes));
+}
+
+enum class Place { First, None };
+
+void Move(const std::string& file, Place place) {
     const std::string path = Absolute(file);
-    std::vector<std::string> files = ListWithout(path);
-    files.insert(files.begin(), path);
-    Keep(files);
+    try {
+        std::vector<std::string> files = KeptFiles();
+        files.erase(std::remove(files.begin(), files.end(), path), files.end());
+        if (place == Place::First)
+            files.insert(files.begin(), path);
+        Keep(files);
+    } catch (const Error&) { // only this file is not listed
+    }
+}
+
+} // namespace
+
+std::vector<std::string> RecentFiles() {
+    try {
+        return KeptFiles();
+    } catch (const Error&) {
+        return {};
+    }
+}
+
+void AddRecentFile(const std::string& file) {
+    Move(file, Place::First);
 }
 
 void RemoveRecentFile(const std::string& file) {
-    Keep(ListWithout(Absolute(file)));
+    Move(file, Place::None);
 }
 
 } // namespace korvel::inspector

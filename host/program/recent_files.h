@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-/// The files that were opened last, kept in the user's settings. What cannot be read or kept is left out
-/// silently: nothing but the list is lost. Paths are bytes of the file system.
+/// The files that were opened last, kept in the user's settings. Where the settings fail the list stays
+/// as it is kept, silently. Paths are bytes of the file system.
 namespace korvel::inspector {
 
 inline constexpr std::size_t MostRecentFiles = 9;
