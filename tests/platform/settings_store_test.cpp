@@ -6,6 +6,7 @@
 #include "korvel/platform/store_statement.h"
 #include "support/scratch.h"
 
+#include <chrono>
 #include <csignal>
 #include <gmock/gmock.h>
 #include <sqlite3.h>
@@ -107,6 +108,23 @@ TEST_F(SettingsStoreTest, RefusesWhatIsNoStoreAndLeavesItAlone) {
     std::ofstream(file).close();
     EXPECT_EQ(Read("A", "name", KeyMissing), Untouched) << "an empty file is an empty store";
     EXPECT_EQ(CreateKey(Root, "A"), Done);
+}
+
+TEST_F(SettingsStoreTest, WaitsOnceForALockedStore) {
+    CreateKey(Root, "A");
+    sqlite3* other = nullptr;
+    sqlite3_open(m_store.File().c_str(), &other);
+    sqlite3_exec(other, "PRAGMA journal_mode=delete; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    const auto wait = [] {
+        const auto begin = std::chrono::steady_clock::now();
+        SettingValue value;
+        EXPECT_THROW(ReadSetting(Root, "A", "name", value), Error);
+        return std::chrono::steady_clock::now() - begin;
+    };
+    const auto first = wait();
+    EXPECT_LT(wait(), first / 2) << "it has been waited for";
+    sqlite3_close(other);
+    EXPECT_EQ(Read("A", "name", ValueMissing), Untouched);
 }
 
 TEST_F(SettingsStoreTest, SaysWhichRightIsMissing) {

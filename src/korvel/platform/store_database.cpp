@@ -70,7 +70,10 @@ public:
     }
     void NoteBusy(const std::filesystem::path& file) {
         const std::lock_guard lock(m_mutex);
-        m_since.insert_or_assign(file, Clock::now());
+        const Clock::time_point now = Clock::now();
+        const auto [busy, isNew] = m_since.try_emplace(file, now);
+        if (!isNew && now - busy->second >= NoWaiting) // this reading has waited
+            busy->second = now;
     }
 
 private:
