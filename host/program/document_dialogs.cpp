@@ -33,7 +33,7 @@ std::string CodesToEdit(const LandXmlDocument& document, const DocumentNotes& no
     return codes.list;
 }
 
-// What cannot be kept is told, and edited on: nothing of it is lost.
+// What cannot be kept is told, and the dialog opens again: no edit is lost.
 template <class Dialog>
 void EditUntilKept(Dialog& dialog, const CWnd& owner, const std::string& caption,
                    const std::function<void()>& keep) {

@@ -7,7 +7,8 @@ class CWnd;
 }
 
 /// The library's dialogs for what the user notes about a document (see DocumentNotes). Each shows what was kept,
-/// else what the document says, and keeps what the user changed. They throw Error as DocumentNotes does.
+/// else what the document says, and keeps what the user changed. What cannot be kept is told, and the dialog
+/// opens again with it. They throw Error when the settings cannot be read.
 namespace korvel::inspector {
 
 class LandXmlDocument;

@@ -42,6 +42,11 @@ std::string CanonicalPath(const std::string& file) {
     return failure ? path.string() : followed.string();
 }
 
+[[noreturn]] void ThrowDenied(const char* message) {
+    const std::string store = platform::StorePath(SettingsRoot::User).string();
+    throw Error(platform::FromUtf8(Say({message, {store}})).text);
+}
+
 } // namespace
 
 DocumentNotes::DocumentNotes(const std::string& file)
@@ -50,6 +55,8 @@ DocumentNotes::DocumentNotes(const std::string& file)
 std::optional<std::string> DocumentNotes::Find(const char* note) const {
     SettingValue value;
     const SettingsStatus status = platform::ReadSetting(SettingsRoot::User, m_key, note, value);
+    if (status == SettingsStatus::AccessDenied)
+        ThrowDenied("the settings cannot be read: there is no right to read %1");
     if (status != SettingsStatus::Done || value.type != SettingType::Text)
         return std::nullopt;
     return value.bytes;
@@ -60,10 +67,7 @@ void DocumentNotes::Keep(const char* note, const std::string& text) const {
     if (status == SettingsStatus::Done)
         status = platform::WriteSetting(SettingsRoot::User, m_key, note, SettingValue::Text(text));
     if (status != SettingsStatus::Done)
-        throw Error(
-            platform::FromUtf8(Say({"the settings cannot be written: there is no right to write to %1",
-                                    {platform::StorePath(SettingsRoot::User).string()}}))
-                .text);
+        ThrowDenied("the settings cannot be written: there is no right to write to %1");
 }
 
 } // namespace korvel::inspector

@@ -126,7 +126,8 @@ TEST_F(DocumentNotesTest, ADescriptionIsTheProjectsUntilOneIsKept) {
 TEST_F(DocumentNotesTest, WhatCannotBeKeptIsEditedOn) {
     const std::string file = Write("<Project name='p' desc='old'/>");
     const LandXmlDocument document(file, {});
-    fs::permissions(m_store.Path(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec);
+    fs::permissions(m_store.Path(), fs::perms::owner_read | fs::perms::owner_exec | fs::perms::group_exec |
+                                        fs::perms::others_exec);
     const platform::OrdinaryUser user;
     const auto field = [] { return GetDlgItem(GetParent(GetFocus()), 2110); };
     const auto ok = [&] { korvel::SendMessageA(GetDlgItem(GetParent(field()), IDOK), BM_CLICK, 0, 0); };
