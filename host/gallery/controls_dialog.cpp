@@ -134,11 +134,12 @@ ControlsDialog::ControlsDialog() : CDialog(TemplateId), m_images(16, 16) {
 }
 
 std::intptr_t ControlsDialog::DoModal() {
-    CWinApp* former = GetHostApp();
+    struct Former {
+        CWinApp* const app = GetHostApp();
+        ~Former() { SetHostApp(app); }
+    } const former;
     SetHostApp(&m_host);
-    const std::intptr_t result = CDialog::DoModal();
-    SetHostApp(former);
-    return result;
+    return CDialog::DoModal();
 }
 
 BOOL ControlsDialog::OnInitDialog() {

@@ -1,15 +1,28 @@
 #include "gallery/cut_off_texts.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QLabel>
+#include <QRadioButton>
+#include <QStyleOptionButton>
 
 namespace korvel::gallery {
 namespace {
 
+// Beside the box or circle that some buttons have.
+int RoomForText(const QAbstractButton& button) {
+    const auto part = qobject_cast<const QCheckBox*>(&button)      ? QStyle::SE_CheckBoxContents
+                      : qobject_cast<const QRadioButton*>(&button) ? QStyle::SE_RadioButtonContents
+                                                                   : QStyle::SE_PushButtonContents;
+    QStyleOptionButton option;
+    option.initFrom(&button);
+    return button.style()->subElementRect(part, &option, &button).width();
+}
+
 bool IsCutOff(const QAbstractButton& button) {
     const QString text = button.text().remove(QLatin1Char('&'));
     const int icon = button.icon().isNull() ? 0 : button.iconSize().width();
-    return button.fontMetrics().horizontalAdvance(text) + icon > button.width() ||
+    return button.fontMetrics().horizontalAdvance(text) + icon > RoomForText(button) ||
            button.fontMetrics().height() > button.height();
 }
 

@@ -15,7 +15,7 @@ namespace korvel::gallery {
 ///     Photographer photographer("shots", "german-dark-200");
 ///     photographer.TakeDialog("text", [] { dialog.DoModal(); });   // shots/text-german-dark-200.png
 ///
-/// Both operations throw Error when the picture cannot be written.
+/// All operations throw Error when the picture cannot be written.
 class Photographer {
 public:
     using Act = std::function<void()>;
@@ -30,7 +30,7 @@ public:
     /// A window that is shown already.
     void TakeWindow(const QString& name, QWidget& window);
 
-    /// Texts that are cut off, what did not come: a line each.
+    /// Texts that are cut off, dialogs that were not shown: a line each.
     const std::vector<std::string>& Faults() const { return m_faults; }
     /// Pictures that have another name than they should have: a line each.
     const std::vector<std::string>& Notices() const { return m_notices; }
