@@ -50,7 +50,7 @@ TEST_F(ToolTipTest, IsShownWhileThePointerRestsOnItsTool) {
              {"not at once", Move(first), 499ms, ""},
              {"after a time", nothing, 1ms, "first"},
              {"moved on the tool", Move(first, {50, 9}), 10ms, "first"},
-             {"on the way to another", Move(second), 99ms, ""},
+             {"on the way to another", [&] { Mouse(first, WM_MOUSELEAVE)(), Move(second)(); }, 99ms, ""},
              {"soon there", nothing, 1ms, "second & last"},
              {"pressed", Mouse(second, WM_LBUTTONDOWN), 60s, ""},
              {"moved after the press", Move(second, {7, 7}), 60s, ""},
@@ -74,6 +74,11 @@ TEST_F(ToolTipTest, IsShownWhileThePointerRestsOnItsTool) {
     }
     EXPECT_EQ(tip.GetToolCount(), 2) << "a tool that is added again is the same";
     EXPECT_FALSE(tip.AddTool(nullptr, "of no window"));
+    EXPECT_FALSE(tip.AddTool(&first, "a part without a name", &corner));
+    EXPECT_FALSE(tip.AddTool(&first, "a name without a part", nullptr, 5));
+    second.DestroyWindow();
+    tip.AddTool(&frame, "corner", &corner, 7);
+    EXPECT_EQ(tip.GetToolCount(), 2) << "those of windows that are gone do not stay";
     frame.DestroyWindow();
     EXPECT_EQ(tip.m_hWnd, nullptr) << "it ends with its parent";
 }

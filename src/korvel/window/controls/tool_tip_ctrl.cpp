@@ -22,6 +22,8 @@ bool CToolTipCtrl::Create(CWnd* parent, UINT style) {
 }
 
 bool CToolTipCtrl::AddTool(CWnd* window, const CString& text, const CRect* rect, std::uintptr_t id) {
+    if ((rect != nullptr) != (id != 0))
+        return false;
     return Send(*this, TTM_ADDTOOL, ToolOf(window, id, rect, text.c_str())) != 0;
 }
 

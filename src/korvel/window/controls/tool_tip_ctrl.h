@@ -16,7 +16,7 @@ struct TOOLINFO {
 };
 
 /// A small window that says what something is for while the mouse pointer rests on it: class
-/// "tooltips_class32". It takes neither focus nor mouse. The parent of the tools hands it the mouse messages:
+/// "tooltips_class32". It takes no focus. The parent of the tools hands it the mouse messages:
 ///
 ///     BOOL CPage::OnInitDialog() {
 ///         m_toolTip.Create(this);
@@ -31,12 +31,13 @@ struct TOOLINFO {
 /// A tip is shown once the pointer has rested on a tool, below the pointer and wholly on its screen, and goes
 /// after a time, at a press, a turn of the wheel, and when the pointer leaves the tool. It comes again only
 /// after the pointer has left. Of tools that overlap the first counts; a tool that is hidden or disabled, or whose
-/// text is empty, shows none.
+/// text is empty, gets none (one that is shown stays for its time).
 class KORVEL_API CToolTipCtrl : public CWnd {
 public:
     /// `style`: TTS_*. It ends with the top-level window of `parent`.
     bool Create(CWnd* parent, UINT style = 0);
-    /// With no rectangle the tool is the whole window. A tool that exists already gets this text and place.
+    /// A part of a window has a rectangle and an id that is not 0; without both the tool is the whole window. False
+    /// for one without the other. A tool that exists already gets this text and place.
     bool AddTool(CWnd* window, const CString& text, const CRect* rect = nullptr, std::uintptr_t id = 0);
     void DelTool(CWnd* window, std::uintptr_t id = 0);
     /// Also of a tip that is shown.

@@ -66,6 +66,10 @@ bool ToolTipState::Add(const TOOLINFO& info) {
     const HWND window = isWhole ? reinterpret_cast<HWND>(info.uId) : info.hwnd;
     if (!IsWindow(window))
         return false;
+    const auto isGone = [](const Tool& tool) { return !IsWindow(tool.window); };
+    if (m_current && isGone(*m_current))
+        Leave();
+    m_tools.remove_if(isGone);
     Tool* known = Find(info);
     Tool& tool = known ? *known : m_tools.emplace_back();
     tool = {info.hwnd, info.uId, window, isWhole, info.rect, info.lpszText ? info.lpszText : ""};
@@ -115,7 +119,9 @@ void ToolTipState::Relay(const MSG& message) {
     switch (message.message) {
     case WM_MOUSEMOVE:
         return Hover(message.hwnd, PointOf(message.lParam));
-    case WM_MOUSELEAVE:
+    case WM_MOUSELEAVE: // a desktop tells it before the move to the next tool
+        if (m_record.IsShown())
+            m_nextUntil = Display().Now() + std::chrono::milliseconds(m_delays.reshow);
         return Leave();
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
@@ -137,12 +143,12 @@ const Tool* ToolTipState::ToolAt(HWND window, CPoint point) const {
 void ToolTipState::Hover(HWND window, CPoint point) {
     if (ToolAt(window, point) == m_current)
         return;
-    const bool wasShown = m_record.IsShown();
+    const bool isNext = m_record.IsShown() || Display().Now() < m_nextUntil;
     Hide(); // a handler may remove tools
     m_current = ToolAt(window, point);
     if (m_current && m_isActive)
         SetTimer(m_record.handle, ShowTimer,
-                 static_cast<unsigned>(wasShown ? m_delays.reshow : m_delays.initial));
+                 static_cast<unsigned>(isNext ? m_delays.reshow : m_delays.initial));
 }
 
 void ToolTipState::OnTimer(std::uintptr_t id) {

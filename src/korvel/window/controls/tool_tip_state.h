@@ -4,6 +4,7 @@
 #include "korvel/window/core/dc.h"
 #include "korvel/window/core/window_record.h"
 
+#include <chrono>
 #include <list>
 #include <utility>
 #include <vector>
@@ -64,6 +65,8 @@ private:
     std::list<Tool> m_tools;
     const Tool* m_current = nullptr; // under the pointer, whether its tip is shown or not
     TipDelays m_delays;
+    std::chrono::milliseconds m_nextUntil{
+        0}; // when the pointer has left a tip, for as long another one follows
     int m_maxWidth = -1;
     bool m_isActive = true;
 };
