@@ -238,6 +238,8 @@ TEST_F(Controls, ATabThatIsRefusedIsNotShown) {
     }
     tabs.DeleteItem(1);
     EXPECT_EQ(tabs.GetCurSel(), -1);
+    QTest::mouseClick(&bar, Qt::RightButton, {}, bar.tabRect(0).center());
+    EXPECT_EQ(tabs.GetCurSel(), -1) << "the right button chooses nothing";
     QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.tabRect(0).center());
     EXPECT_EQ(tabs.GetCurSel(), 0) << "the bar has shown it as the current one";
     EXPECT_EQ(m_frame.Take(), taken);

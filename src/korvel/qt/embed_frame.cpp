@@ -14,10 +14,18 @@
 #include <QFocusEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QScrollArea>
 
 namespace korvel::internal {
 
 namespace {
+
+// As the areas do themselves where the walk is theirs.
+void ShowInScrollAreas(QWidget& widget) {
+    for (QWidget* level = widget.parentWidget(); level; level = level->parentWidget())
+        if (auto* area = qobject_cast<QScrollArea*>(level))
+            area->ensureWidgetVisible(&widget);
+}
 
 constexpr UINT TopLevelStyles = WS_POPUP | WS_CAPTION | WS_THICKFRAME | WS_SYSMENU;
 
@@ -107,6 +115,7 @@ bool EmbedFrame::focusNextPrevChild(bool next) {
         if (isAncestorOf(widget) || !takesTab(*widget))
             continue;
         widget->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+        ShowInScrollAreas(*widget);
         return true;
     }
     return false;

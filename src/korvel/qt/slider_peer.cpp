@@ -6,6 +6,7 @@
 #include "korvel/window/display/window_view.h"
 
 #include <QEvent>
+#include <QGuiApplication>
 #include <QScopedValueRollback>
 #include <QSlider>
 #include <algorithm>
@@ -32,6 +33,10 @@ constexpr Step Steps[] = {{QSlider::SliderSingleStepSub, TB_LINEUP},
                           {QSlider::SliderSingleStepAdd, TB_LINEDOWN},
                           {QSlider::SliderPageStepSub, TB_PAGEUP},
                           {QSlider::SliderPageStepAdd, TB_PAGEDOWN}};
+
+bool IsPressed() {
+    return QGuiApplication::mouseButtons() & Qt::LeftButton;
+}
 
 QSlider::TickPosition TicksOf(UINT style) {
     if (style & TBS_NOTICKS)
@@ -77,6 +82,7 @@ void SliderPeer::ReportStep(int action) {
     const auto* step = std::ranges::find(Steps, action, &Step::action);
     if (step == std::end(Steps) || !Window())
         return;
+    m_isPaging = IsPressed();
     const Busy busy(*this);
     input::Stepped(Window(), step->code);
 }
@@ -85,6 +91,8 @@ void SliderPeer::ReportStep(int action) {
 void SliderPeer::ReportValue() {
     if (m_isShowing || !Window())
         return;
+    if (m_isPaging && IsPressed() && !m_slider.isSliderDown())
+        return Apply(Aspect::State); // at last Qt puts the thumb under the pointer, which is no dragging
     const Busy busy(*this);
     input::Value(Window(), m_slider.value());
 }

@@ -22,6 +22,7 @@ private:
 
     QSlider& m_slider;
     bool m_isShowing = false;
+    bool m_isPaging = false; // by a press beside the thumb that is held
 };
 
 } // namespace korvel::internal

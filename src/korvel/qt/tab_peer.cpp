@@ -8,6 +8,7 @@
 
 #include <QEvent>
 #include <QFrame>
+#include <QGuiApplication>
 #include <QScopedValueRollback>
 #include <QTabBar>
 
@@ -27,7 +28,7 @@ TabPeer::TabPeer(PeerContext& context, HWND window, QTabBar& bar)
     connect(&m_bar, &QTabBar::currentChanged, this, [this](int tab) { Report(tab); });
     // The bar always has a current tab, also where the window has none.
     connect(&m_bar, &QTabBar::tabBarClicked, this, [this](int tab) {
-        if (tab == m_bar.currentIndex())
+        if (tab == m_bar.currentIndex() && (QGuiApplication::mouseButtons() & Qt::LeftButton))
             Report(tab);
     });
 }
