@@ -7,7 +7,7 @@ class QTranslator;
 namespace korvel::inspector {
 
 /// Makes Qt's own boxes follow the language of the library, and its numbers a locale ("de-DE"; empty: the
-/// user's). The translator must live as long as the application.
+/// user's). It holds while `translator` lives.
 void UseDesktopLanguage(const std::string& locale, QTranslator& translator);
 
 } // namespace korvel::inspector

@@ -14,7 +14,7 @@ namespace korvel::inspector {
 /// that nobody knows.
 TakenFormats ApplySettings(const Options& options);
 
-/// The part of it that gives the language: enough for saying that a command line cannot be understood. Empty: the user's, as where none is asked for.
+/// Gives the library the language alone, in which a wrong command line is reported. Empty: the user's.
 void UseLanguage(const std::string& language);
 
 /// Sets a damaged settings store aside, which leaves the locale's own values, for this run and, until

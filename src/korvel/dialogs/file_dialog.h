@@ -21,7 +21,8 @@ namespace korvel {
 ///   case, and "*.*" is every file. May be null.
 /// - `structSize` and `vistaStyle` are there for hosts that hand them over, and count for nothing.
 ///
-/// Any thread; the focus leaves meanwhile and comes back. \throws Error when the settings name no language and the user must be told
+/// Any thread; the focus leaves meanwhile and comes back. \throws Error when the settings name no language and
+/// the user must be told.
 KORVEL_API bool doModalFileDialog(std::string& path, int openFile, const char* defaultExtension,
                                   const char* fileName, unsigned long flags, const char* filter, HWND parent,
                                   unsigned long structSize, int vistaStyle);

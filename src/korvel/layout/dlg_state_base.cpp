@@ -98,11 +98,11 @@ void DlgStateBase::LoadState(CWnd* window, bool applyRect) {
         if (!window || !CanUse(key, SettingsAccess::Read))
             return;
         const HWND handle = window->m_hWnd;
+        // Neither a value that is none nor a handler of the new size keeps it from the children.
         try {
             if (const std::optional<CRect> rect = ReadRect(key); rect && applyRect)
                 Apply(*window, *rect);
-        } catch (
-            ...) { // neither a value that is none nor a handler of the new size keeps it from the children
+        } catch (...) {
         }
         TellChildren(handle, StateEvent::Loaded, key);
     } catch (...) { // a store that fails is a key that cannot be opened

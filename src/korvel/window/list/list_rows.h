@@ -7,11 +7,11 @@ namespace korvel::internal {
 
 /// Returns the first of them, or NoRow for a row below 0; beyond the end appends. Sends no notice.
 int InsertRowsQuietly(ListState& list, int row, int count, const RowBlocks::Maker& make);
-/// The same for one row, with LVN_INSERTITEM when it is there. `isThere`: no handler has removed it meanwhile.
 struct InsertedRow {
     int row = NoRow;
-    bool isThere = false;
+    bool isThere = false; // no handler has removed it meanwhile
 };
+/// The same for one row, with LVN_INSERTITEM when it is there.
 InsertedRow InsertRow(ListState& list, int row, RowRecord record);
 
 /// Removes the rows from `first` to before `last`, the last one first. For each: a selected one loses its
