@@ -2,8 +2,6 @@
 
 #include "korvel/output/format_services.h"
 
-#include <algorithm>
-
 namespace korvel::internal {
 
 namespace {
@@ -11,22 +9,32 @@ namespace {
 constexpr FormatService AllServices[] = {FormatService::Number, FormatService::Angle, FormatService::Date,
                                          FormatService::Station, FormatService::ManDays};
 
+unsigned BitOf(FormatService service) {
+    return 1U << static_cast<unsigned>(service);
+}
+
+unsigned NeededServices(const MemberIndex& index) {
+    unsigned needed = 0;
+    for (const FormatService service : AllServices)
+        needed |= index.CountOf(service) > 0 ? BitOf(service) : 0;
+    return needed;
+}
+
 } // namespace
 
 void FormatSubscriptions::Update(const MemberIndex& index) {
+    const unsigned needed = NeededServices(index);
+    if (needed == m_services)
+        return;
     for (const FormatService service : AllServices) {
-        const auto known = std::find(m_services.begin(), m_services.end(), service);
-        const bool isNeeded = index.CountOf(service) > 0;
-        if (isNeeded == (known != m_services.end()))
+        const unsigned bit = BitOf(service);
+        if (((needed ^ m_services) & bit) == 0)
             continue;
-        if (isNeeded) {
-            m_services.reserve(std::size(AllServices)); // no subscription that is not written down
+        if (needed & bit)
             NotificationOf(service).AddSink(&m_sink);
-            m_services.push_back(service);
-        } else {
+        else
             NotificationOf(service).RemoveSink(&m_sink);
-            m_services.erase(known);
-        }
+        m_services ^= bit;
     }
 }
 

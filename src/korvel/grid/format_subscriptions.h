@@ -3,8 +3,6 @@
 #include "korvel/grid/member_index.h"
 #include "korvel/output/format_notification.h"
 
-#include <vector>
-
 namespace korvel::internal {
 
 /// Keeps a sink with exactly those format services on which the text of some filed member depends.
@@ -21,7 +19,7 @@ public:
 
 private:
     FormatSink& m_sink;
-    std::vector<FormatService> m_services;
+    unsigned m_services = 0; // a bit each
 };
 
 } // namespace korvel::internal
