@@ -29,7 +29,7 @@ public:
 protected:
     bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
         const auto& notice = *reinterpret_cast<const NMLISTVIEW*>(lParam);
-        if (const auto name = names.find(notice.hdr.code); name != names.end())
+        if (const auto name = Names.find(notice.hdr.code); name != Names.end())
             notices.push_back(name->second + std::to_string(notice.iItem));
         const auto handler = on.find(notice.hdr.code);
         if (handler == on.end())
@@ -40,7 +40,7 @@ protected:
     }
 
 private:
-    inline static const std::map<UINT, std::string> names = {
+    inline static const std::map<UINT, std::string> Names = {
         {NM_CLICK, "click "},          {NM_DBLCLK, "double click "},
         {NM_RCLICK, "right click "},   {LVN_ITEMCHANGING, "changing "},
         {LVN_ITEMCHANGED, "changed "}, {LVN_INSERTITEM, "insert "},
