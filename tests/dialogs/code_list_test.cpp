@@ -5,7 +5,6 @@
 namespace korvel {
 namespace {
 
-constexpr int List = 15063;
 constexpr int Add = 18036;
 constexpr int Remove = 18037;
 constexpr int Edit = 18038;
