@@ -162,10 +162,10 @@ TEST_F(DesktopDialog, OnlyOneThatStaysOpenKeepsTheApplicationFromEnding) {
         if (staysOpen)
             dialog.onCommand[IDCANCEL] = [] {};
         std::intptr_t answer = 0;
-        QTimer::singleShot(0, qApp, [&] {
-            QTimer::singleShot(0, qApp, [&] {
+        QTimer::singleShot(0, qApp, [&, endsByItself = staysOpen] {
+            QTimer::singleShot(0, qApp, [&, endsByItself] {
                 QApplication::quit();
-                if (staysOpen) {
+                if (endsByItself) {
                     dialog.EndDialog(5);
                     QApplication::exit(7);
                 }
@@ -197,13 +197,13 @@ TEST_F(DesktopDialog, AccessKeysAreTheDialogs) {
 TEST_F(DesktopDialog, TheFocusIsMarkedOnceAKeyHasMovedIt) {
     for (const auto& [border, key, modifiers] : Table<Qt::Key, Qt::KeyboardModifiers>{
              {"Tab", Qt::Key_Tab, Qt::NoModifier}, {"access key", Qt::Key_G, Qt::AltModifier}})
-        RunWith([&, pressed = key, with = modifiers] {
+        RunWith([&, name = border, pressed = key, with = modifiers] {
             const QWidget* window = m_user.Widget(m_dialog.m_hWnd)->window();
             SetFocus(m_dialog.Item(Check));
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
-            EXPECT_FALSE(window->testAttribute(Qt::WA_KeyboardFocusChange)) << border;
+            EXPECT_FALSE(window->testAttribute(Qt::WA_KeyboardFocusChange)) << name;
             QTest::keyClick(QApplication::focusWidget(), pressed, with);
-            EXPECT_TRUE(window->testAttribute(Qt::WA_KeyboardFocusChange)) << border;
+            EXPECT_TRUE(window->testAttribute(Qt::WA_KeyboardFocusChange)) << name;
         });
 }
 
