@@ -57,6 +57,17 @@ TEST_F(DocumentNotesTest, SayWhenTheyCannotBeKept) {
     EXPECT_THROW(DocumentNotes("plan.xml").Keep(DocumentNotes::Codes, "a:1"), Error);
 }
 
+TEST_F(DocumentNotesTest, SayWhenTheyCannotBeRead) {
+    DocumentNotes("plan.xml").Keep(DocumentNotes::Codes, "a:1");
+    fs::permissions(m_store.File(), fs::perms::none);
+    {
+        const platform::OrdinaryUser user;
+        EXPECT_THROW(DocumentNotes("plan.xml").Find(DocumentNotes::Codes), Error) << "there are some";
+    }
+    fs::permissions(m_store.File(), fs::perms::owner_all);
+    EXPECT_EQ(DocumentNotes("plan.xml").Find(DocumentNotes::Codes), "a:1");
+}
+
 TEST_F(DocumentNotesTest, CodesOfADocument) {
     for (const auto& [border, content, list, leftOut] : Table<std::string, std::string, std::size_t>{
              {"none", "<Project name='p'/>", "", 0},
