@@ -8,6 +8,7 @@
 #include "korvel/window/list/model_rows.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace korvel::internal {
 
@@ -49,20 +50,19 @@ void GridRowList::PrepareList() {
 
 void GridRowList::Insert(int row, const NodeRuns& runs) {
     const int indent = runs.front().front()->indent();
+    std::vector<LPARAM> data;
+    data.reserve(CountOf(runs));
     struct IndentedRow {
         std::size_t index;
         int indent;
     };
-    std::vector<LPARAM> data;
-    data.reserve(CountOf(runs));
     std::vector<IndentedRow> others;
     for (const NodeRun run : runs) {
-        const int runIndent = run.front()->indent();
-        for (CTreeItem* node : run) {
-            if (runIndent != indent)
-                others.push_back({data.size(), runIndent});
-            data.push_back(reinterpret_cast<LPARAM>(node));
-        }
+        if (const int runIndent = run.front()->indent(); runIndent != indent)
+            for (std::size_t index = 0; index < run.size(); ++index)
+                others.push_back({data.size() + index, runIndent});
+        const auto asData = [](CTreeItem* node) { return reinterpret_cast<LPARAM>(node); };
+        std::transform(run.begin(), run.end(), std::back_inserter(data), asData);
     }
     PrepareList();
     // In one step, so that whoever hears of a row finds all of them.
