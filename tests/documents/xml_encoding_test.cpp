@@ -68,6 +68,7 @@ TEST(XmlEncoding, IsTakenFromMarkOrDeclaration) {
         EXPECT_EQ(document.hasByteOrderMark, c.hasMark);
         EXPECT_FALSE(document.fault);
         EXPECT_THAT(document.text, EndsWith("<a>" + c.text + "</a>"));
+        EXPECT_EQ(EncodeXml(document.text, document.encoding, document.hasByteOrderMark), c.bytes);
     }
     EXPECT_THAT(DecodeXml(Declared("UTF-8") + "<a>\xC0</a>", "windows-1251").text,
                 EndsWith("<a>\xD0\x90</a>"))
@@ -124,6 +125,54 @@ TEST(XmlEncoding, RefusesWhatItCannotBeWithThePlace) {
     ExpectRefusals(rows, Read);
 }
 
+TEST(XmlEncoding, ReplacesWrongBytesWhereItIsAskedTo) {
+    const std::string mark = "\xEF\xBF\xBD";
+    struct Case {
+        const char* name;
+        std::string bytes;
+        std::string text;
+        std::size_t offset;
+    };
+    const Case cases[] = {
+        {"UTF-8", "<a>\xC3\xA4\xE4\xFF</a>", "<a>\xC3\xA4" + mark + mark + "</a>", 5},
+        {"half a pair", Wide(std::u16string(u"<a>\xD800x</a>"), false), "<a>" + mark + "x</a>", 3},
+        {"beyond Unicode", Wide(std::u32string(U"<a>\x110000</a>"), true), "<a>" + mark + "</a>", 3},
+        {"half a unit at the end", Wide(std::u16string(u"<a/>"), false) + "x", "<a/>" + mark, 4},
+        {"Japanese", Declared("Shift_JIS") + "<a>\xFFx\x93</a>",
+         Declared("Shift_JIS") + "<a>" + mark + "x" + mark + "</a>", 47},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const DecodedXml document = DecodeXml(c.bytes, {}, WrongBytes::Replace);
+        EXPECT_EQ(document.text, c.text);
+        EXPECT_FALSE(document.fault);
+        ASSERT_TRUE(document.replaced);
+        EXPECT_EQ(document.replaced->offset, c.offset);
+    }
+    EXPECT_FALSE(DecodeXml("<a>x</a>", {}, WrongBytes::Replace).replaced);
+    EXPECT_TRUE(DecodeXml("<a>\xFF\x01</a>", {}, WrongBytes::Replace).fault) << "no character of XML";
+}
+
+TEST(XmlEncoding, WritesNoCharacterThatTheEncodingLacks) {
+    struct Case {
+        const char* encoding;
+        const char* held;
+        const char* lacking;
+    };
+    const Case cases[] = {{"ISO-8859-1", "\xC3\xA4", "\xE2\x82\xAC"},
+                          {"windows-1252", "\xE2\x82\xAC", "\xC5\x81"},
+                          {"windows-1252", "\xC2\x81", "\xC2\x80"}, // 80 is the euro there
+                          {"KOI8-R", "\xD0\xBF", "\xC3\xA4"},
+                          {"Shift_JIS", "\xE6\x9D\xB1", "\xF0\x9F\x98\x80"}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.encoding);
+        EXPECT_TRUE(EncodeXml(c.held, c.encoding));
+        EXPECT_FALSE(EncodeXml(c.lacking, c.encoding));
+    }
+    const std::string longText = std::string(4094, 'x') + "\xF0\x9F\x98\x80" + std::string(9000, 'y');
+    EXPECT_EQ(DecodeXml("<" + *EncodeXml(longText, "GB18030"), "GB18030").text, "<" + longText);
+}
+
 // Each encoding of ICU is refused by its name, or reads its own declaration, and a fault in the last byte is
 // there.
 TEST(XmlEncoding, NoEncodingOfIcuLosesText) {
@@ -135,7 +184,9 @@ TEST(XmlEncoding, NoEncodingOfIcuLosesText) {
             continue; // no name for a declaration
         const std::string text = Declared(name) + "<a>x1</a>";
         try {
-            ASSERT_EQ(DecodeXml(text).text, text);
+            const DecodedXml document = DecodeXml(text);
+            ASSERT_EQ(document.text, text);
+            ASSERT_EQ(EncodeXml(text, document.encoding), text);
             ++readable;
         } catch (const XmlError& error) {
             EXPECT_EQ(error.GetCause(), XmlError::Cause::Encoding);

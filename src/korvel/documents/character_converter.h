@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -8,7 +9,7 @@ struct UConverter;
 
 namespace korvel::internal {
 
-/// Reads the bytes of one of the encodings that ICU knows, character by character.
+/// Reads the bytes of one of the encodings that ICU knows, character by character, and writes them.
 ///
 ///     CharacterConverter converter("KOI8-R");
 ///     for (converter.Start(bytes); converter.Next(character);) ...
@@ -32,11 +33,16 @@ public:
 
     /// The bytes must outlive the reading.
     void Start(std::string_view bytes);
-    /// False at the end and at bytes that are no character.
+    /// False at the end and at bytes that are no character; the next call then reads after them.
     bool Next(char32_t& character);
     bool Failed() const { return m_failed; }
 
+    /// Nothing where the encoding lacks a character of the text.
+    std::optional<std::string> Write(std::string_view utf8);
+
 private:
+    bool Append(std::u16string_view piece, bool isLast, std::string& bytes);
+
     struct Close {
         void operator()(UConverter* converter) const;
     };

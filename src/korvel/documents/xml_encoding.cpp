@@ -38,6 +38,8 @@ constexpr std::string_view Utf8 = "UTF-8";
 constexpr std::string_view Latin1 = "ISO-8859-1";
 constexpr std::string_view Windows1252 = "ibm-5348_P100-1997";
 
+constexpr std::string_view ReplacementCharacter = "\xEF\xBF\xBD";
+
 // "UTF-16" and "UTF-32" for their names with and without byte order, else empty.
 std::string_view WideFamilyOf(std::string_view canonicalName) {
     if (canonicalName.starts_with("UTF-16") || canonicalName.starts_with("UTF16_"))
@@ -70,48 +72,60 @@ XmlFault RefusedCharacter(char32_t character) {
 }
 
 // The characters are counted first: a text that grows as it is filled takes twice its memory. `read` gives
-// each character to its argument until that returns false; it returns what is wrong with the bytes after the
-// last one.
+// each character to its first argument and what is wrong with the bytes after it to its second one, until
+// either returns false.
 template <typename Read>
-void Decode(DecodedXml& document, Read read) {
+void Decode(DecodedXml& document, WrongBytes wrongBytes, Read read) {
     std::size_t length = 0;
-    read([&](char32_t c) {
-        length += c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
-        return XmlScanner::IsCharacter(c);
-    });
+    const bool replaces = wrongBytes == WrongBytes::Replace;
+    read(
+        [&](char32_t c) {
+            length += c < 0x80 ? 1 : c < 0x800 ? 2 : c < 0x10000 ? 3 : 4;
+            return XmlScanner::IsCharacter(c);
+        },
+        [&](const XmlFault&) {
+            length += ReplacementCharacter.size();
+            return replaces;
+        });
     document.text.reserve(length);
-    const std::optional<XmlFault> wrongBytes = read([&](char32_t c) {
-        if (XmlScanner::IsCharacter(c))
-            platform::AppendUtf8(document.text, c);
-        else
-            document.fault = RefusedCharacter(c);
-        return !document.fault;
-    });
-    if (wrongBytes)
-        document.fault = wrongBytes;
+    read(
+        [&](char32_t c) {
+            if (XmlScanner::IsCharacter(c))
+                platform::AppendUtf8(document.text, c);
+            else
+                document.fault = RefusedCharacter(c);
+            return !document.fault;
+        },
+        [&](const XmlFault& fault) {
+            if (!replaces)
+                document.fault = fault;
+            else if (!document.replaced)
+                document.replaced = {fault.reason, document.text.size()};
+            document.text += replaces ? ReplacementCharacter : std::string_view();
+            return replaces;
+        });
 }
 
 class Units {
 public:
     Units(std::string_view bytes, const Form& form) : m_bytes(bytes), m_form(form) {}
 
-    template <typename Take>
-    std::optional<XmlFault> Read(Take take) const {
+    template <typename Take, typename Wrong>
+    void Read(Take take, Wrong wrong) const {
         const std::size_t count = m_bytes.size() / m_form.unitSize;
+        const XmlFault noCharacter = {m_form.unitSize == 2 ? "half a character: the bytes are not UTF-16"
+                                                           : "the bytes are not UTF-32"};
         for (std::size_t i = 0; i < count; ++i) {
             char32_t character = At(i);
             const bool isHigh = (character & 0xFFFFFC00) == 0xD800;
             if (m_form.unitSize == 2 && isHigh && i + 1 < count && (At(i + 1) & 0xFC00) == 0xDC00)
                 character = 0x10000 + ((character & 0x3FF) << 10 | (At(++i) & 0x3FF));
-            else if ((character >= 0xD800 && character <= 0xDFFF) || character > 0x10FFFF)
-                return XmlFault{m_form.unitSize == 2 ? "half a character: the bytes are not UTF-16"
-                                                     : "the bytes are not UTF-32"};
-            if (!take(character))
-                return std::nullopt;
+            const bool isWrong = (character >= 0xD800 && character <= 0xDFFF) || character > 0x10FFFF;
+            if (isWrong ? !wrong(noCharacter) : !take(character))
+                return;
         }
         if (m_bytes.size() % m_form.unitSize != 0)
-            return XmlFault{"the last character is cut off"};
-        return std::nullopt;
+            wrong(XmlFault{"the last character is cut off"});
     }
 
 private:
@@ -128,8 +142,8 @@ private:
     const Form& m_form;
 };
 
-// UTF-8 is checked where it is.
-void CheckUtf8(DecodedXml& document, const XmlFault& wrongBytes) {
+// UTF-8 is checked where it is; false for bytes that are none.
+bool CheckUtf8(DecodedXml& document) {
     std::string_view rest = document.text;
     while (!rest.empty()) {
         const auto byte = static_cast<unsigned char>(rest.front());
@@ -141,10 +155,26 @@ void CheckUtf8(DecodedXml& document, const XmlFault& wrongBytes) {
         const std::optional<char32_t> character = platform::TakeUtf8(rest);
         if (character && XmlScanner::IsCharacter(*character))
             continue;
-        document.fault = character ? RefusedCharacter(*character) : wrongBytes;
+        if (!character)
+            return false;
+        document.fault = RefusedCharacter(*character);
         document.text.resize(offset);
-        return;
+        break;
     }
+    return true;
+}
+
+void DecodeUtf8(DecodedXml& document, WrongBytes wrongBytes, const XmlFault& fault) {
+    if (CheckUtf8(document))
+        return;
+    const std::string bytes = std::exchange(document.text, {});
+    Decode(document, wrongBytes, [&](auto take, auto wrong) {
+        for (std::string_view rest = bytes; !rest.empty();) {
+            const std::optional<char32_t> character = platform::TakeUtf8(rest);
+            if (character ? !take(*character) : !wrong(fault))
+                return;
+        }
+    });
 }
 
 void CheckBeginsLikeXml(const DecodedXml& document) {
@@ -175,9 +205,10 @@ std::string_view DeclaredIn(const DecodedXml& document) {
     }
 }
 
-void DecodeWide(DecodedXml& document, std::string_view bytes, const Form& form, std::string_view asked) {
+void DecodeWide(DecodedXml& document, std::string_view bytes, const Form& form, std::string_view asked,
+                WrongBytes wrongBytes) {
     document.encoding = form.name;
-    Decode(document, [&](auto take) { return Units(bytes, form).Read(take); });
+    Decode(document, wrongBytes, [&](auto take, auto wrong) { Units(bytes, form).Read(take, wrong); });
     CheckBeginsLikeXml(document);
     const std::string_view name = asked.empty() ? DeclaredIn(document) : asked;
     if (!name.empty() && !IsNameOf(CharacterConverter::CanonicalName(std::string(name)), form))
@@ -198,37 +229,40 @@ std::string CanonicalNameOf(std::string_view text, std::string_view name) {
     return canonical;
 }
 
-XmlFault WrongBytes(std::string_view name) {
+XmlFault FaultOfBytes(std::string_view name) {
     if (name.empty())
         return {"the bytes are not UTF-8, and no other encoding is declared"};
     return {{"the bytes are not in the encoding %1", {XmlError::Quoted(name)}}};
 }
 
+char32_t CharacterOf(char byte, bool isLatin1) {
+    return isLatin1 ? static_cast<unsigned char>(byte) : platform::ToUnicode(byte);
+}
+
 // The text is still as its bytes are.
-void DecodeBytes(DecodedXml& document, const std::string& canonicalName, std::string_view name) {
-    const XmlFault wrongBytes = WrongBytes(name);
+void DecodeBytes(DecodedXml& document, const std::string& canonicalName, std::string_view name,
+                 WrongBytes wrongBytes) {
+    const XmlFault fault = FaultOfBytes(name);
     if (canonicalName == Utf8) {
-        CheckUtf8(document, wrongBytes);
+        DecodeUtf8(document, wrongBytes, fault);
         return;
     }
     const std::string bytes = std::exchange(document.text, {});
     if (canonicalName == Latin1 || canonicalName == Windows1252) {
         const bool isLatin1 = canonicalName == Latin1;
-        Decode(document, [&](auto take) {
+        Decode(document, wrongBytes, [&](auto take, auto) {
             for (const char byte : bytes)
-                if (!take(isLatin1 ? static_cast<unsigned char>(byte) : platform::ToUnicode(byte)))
+                if (!take(CharacterOf(byte, isLatin1)))
                     break;
-            return std::optional<XmlFault>();
         });
         return;
     }
     CharacterConverter converter(canonicalName);
-    Decode(document, [&](auto take) {
+    Decode(document, wrongBytes, [&](auto take, auto wrong) {
         converter.Start(bytes);
-        for (char32_t character = 0; converter.Next(character);)
-            if (!take(character))
-                break;
-        return converter.Failed() ? std::optional(wrongBytes) : std::nullopt;
+        char32_t character = 0;
+        while (converter.Next(character) ? take(character) : converter.Failed() && wrong(fault)) {
+        }
     });
 }
 
@@ -249,14 +283,14 @@ FoundForm FormOf(std::string_view bytes) {
 
 } // namespace
 
-DecodedXml DecodeXml(std::string bytes, std::string_view encoding) {
+DecodedXml DecodeXml(std::string bytes, std::string_view encoding, WrongBytes wrongBytes) {
     const auto [form, byMark] = FormOf(bytes);
     DecodedXml document;
     document.hasByteOrderMark = byMark;
     if (byMark)
         bytes.erase(0, form->mark.size());
     if (form && form->unitSize > 1) {
-        DecodeWide(document, bytes, *form, encoding);
+        DecodeWide(document, bytes, *form, encoding, wrongBytes);
         return document;
     }
     document.text = std::move(bytes);
@@ -269,8 +303,65 @@ DecodedXml DecodeXml(std::string bytes, std::string_view encoding) {
         FailForEncoding(declaration, name,
                         "the encoding %1 is wrong: the file begins with the mark of UTF-8");
     document.encoding = CharacterConverter::RegisteredName(canonical);
-    DecodeBytes(document, canonical, name);
+    DecodeBytes(document, canonical, name, wrongBytes);
     return document;
+}
+
+namespace {
+
+std::optional<std::string> EncodeWide(std::string_view utf8, const Form& form) {
+    std::string bytes;
+    const auto append = [&](char32_t unit) {
+        for (std::size_t i = 0; i < form.unitSize; ++i) {
+            const std::size_t place = form.bigEndian ? form.unitSize - 1 - i : i;
+            bytes += static_cast<char>(unit >> 8 * place & 0xFF);
+        }
+    };
+    while (!utf8.empty()) {
+        const std::optional<char32_t> character = platform::TakeUtf8(utf8);
+        if (!character)
+            return std::nullopt;
+        if (form.unitSize == 2 && *character > 0xFFFF) {
+            append(0xD800 + ((*character - 0x10000) >> 10));
+            append(0xDC00 + ((*character - 0x10000) & 0x3FF));
+        } else {
+            append(*character);
+        }
+    }
+    return bytes;
+}
+
+std::optional<std::string> EncodeSingleBytes(std::string_view utf8, bool isLatin1) {
+    std::string bytes;
+    while (!utf8.empty()) {
+        const std::optional<char32_t> character = platform::TakeUtf8(utf8);
+        if (!character || (isLatin1 && *character > 0xFF))
+            return std::nullopt;
+        const std::optional<char> byte =
+            isLatin1 ? static_cast<char>(*character) : platform::FromUnicode(*character);
+        if (!byte || CharacterOf(*byte, isLatin1) != *character)
+            return std::nullopt;
+        bytes += *byte;
+    }
+    return bytes;
+}
+
+} // namespace
+
+std::optional<std::string> EncodeXml(std::string_view utf8, const std::string& encoding,
+                                     bool hasByteOrderMark) {
+    const auto* form = std::find_if(std::begin(Forms), std::end(Forms),
+                                    [&](const Form& known) { return known.name == encoding; });
+    if (form == std::end(Forms)) {
+        const std::string canonical = CharacterConverter::CanonicalName(encoding);
+        if (canonical == Latin1 || canonical == Windows1252)
+            return EncodeSingleBytes(utf8, canonical == Latin1);
+        return CharacterConverter(canonical).Write(utf8);
+    }
+    std::optional<std::string> bytes = form->name == Utf8 ? std::string(utf8) : EncodeWide(utf8, *form);
+    if (bytes && hasByteOrderMark)
+        bytes->insert(0, form->mark);
+    return bytes;
 }
 
 } // namespace korvel
