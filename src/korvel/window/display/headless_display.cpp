@@ -134,6 +134,11 @@ bool HeadlessDisplay::IsInvalid(HWND window) const {
     return m_invalid.count(window) != 0;
 }
 
+CRect HeadlessDisplay::InvalidArea(HWND window) const {
+    const auto found = m_invalid.find(window);
+    return found == m_invalid.end() ? CRect() : found->second;
+}
+
 Aspects HeadlessDisplay::TakeChanges(HWND window) {
     const auto found = m_changes.extract(window);
     return found ? found.mapped() : Aspects();

@@ -70,6 +70,8 @@ public:
     std::vector<PaintCall> PaintWindow(HWND window, const CRect* clip = nullptr);
     /// True when something of the window was invalidated since the last PaintWindow.
     bool IsInvalid(HWND window) const;
+    /// What that was, in its client coordinates; empty: nothing.
+    CRect InvalidArea(HWND window) const;
     /// What Changed reported of a window since the last call.
     Aspects TakeChanges(HWND window);
     int CursorShown() const { return m_cursor; }

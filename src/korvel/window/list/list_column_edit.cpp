@@ -27,6 +27,8 @@ int WidthOf(const CString& text) {
 } // namespace
 
 int InsertColumn(ListState& list, int column, ListColumn content) {
+    if (column < 0)
+        return ListColumns::None;
     const int at = list.columns.Insert(column, std::move(content));
     if (at > 0)
         ForEachStoredText(list, at, [](auto& texts, auto place) { texts.insert(place, CString()); });
@@ -41,6 +43,17 @@ void DeleteColumn(ListState& list, int column) {
         ForEachStoredText(list, column, [](auto& texts, auto place) { texts.erase(place); });
     RepaintAll(list);
     UpdateExtent(list);
+}
+
+bool SetColumnWidth(ListState& list, int column, int width) {
+    if (!list.columns.Has(column))
+        return false;
+    if (width == LVSCW_AUTOSIZE)
+        width = FittingWidth(list, column);
+    else if (width == LVSCW_AUTOSIZE_USEHEADER)
+        width = FittingWidthWithTitle(list, column);
+    ChangeColumnWidth(list, column, width);
+    return true;
 }
 
 void ChangeColumnWidth(ListState& list, int column, int width) {

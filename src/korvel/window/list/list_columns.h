@@ -30,6 +30,8 @@ public:
     void SetWidth(int column, int width);
     void SetTitle(int column, CString title) { m_columns[column].title = std::move(title); }
     void SetFormat(int column, int format) { m_columns[column].format = format; }
+    /// 0 for a column that does not exist.
+    int WidthOf(int column) const { return Has(column) ? m_columns[column].width : 0; }
     /// How the text of a column is drawn (DT_*). The texts of column 0 always begin at its left.
     UINT DrawFormat(int column) const;
 

@@ -12,23 +12,6 @@ namespace korvel {
 
 using namespace internal;
 
-namespace {
-
-RowRecord RecordOf(const ListRow& content, bool hasTextSource) {
-    RowRecord record;
-    record.data = content.data;
-    record.image = content.image;
-    record.SetIndent(content.indent);
-    record.checked = content.checked;
-    if (!hasTextSource || !content.text.empty() || !content.subItems.empty()) {
-        record.texts = std::make_unique<std::vector<CString>>(1, content.text);
-        record.texts->insert(record.texts->end(), content.subItems.begin(), content.subItems.end());
-    }
-    return record;
-}
-
-} // namespace
-
 bool CListCtrl::Create(UINT style, const CRect& rect, CWnd* parent, int id) {
     return CreateEx(0, "SysListView32", "", style, rect, parent, id);
 }
@@ -55,9 +38,7 @@ int CListCtrl::InsertItem(int row, const CString& text, int image) {
 }
 
 int CListCtrl::InsertRow(int row, const ListRow& content) {
-    const auto insert = [&](ListState& list) {
-        return internal::InsertRow(list, row, RecordOf(content, list.textSource != nullptr)).row;
-    };
+    const auto insert = [&](ListState& list) { return internal::InsertRow(list, row, content).row; };
     return OnList(m_hWnd, insert, NoRow);
 }
 
@@ -82,13 +63,7 @@ LPARAM CListCtrl::GetItemData(int row) const {
 
 bool CListCtrl::SetItemData(int row, LPARAM data) {
     return OnRow(
-        m_hWnd, row,
-        [&](ListState& list) {
-            list.rows.At(row).data = data;
-            if (list.textSource)
-                RepaintRows(list, row, row + 1);
-            return true;
-        });
+        m_hWnd, row, [&](ListState& list) { return SetData(list, row, data), true; });
 }
 
 int CListCtrl::GetItemIndent(int row) const {
@@ -98,12 +73,7 @@ int CListCtrl::GetItemIndent(int row) const {
 
 bool CListCtrl::SetItemIndent(int row, int indent) {
     return OnRow(
-        m_hWnd, row,
-        [&](ListState& list) {
-            list.rows.At(row).SetIndent(indent);
-            RepaintRows(list, row, row + 1);
-            return true;
-        });
+        m_hWnd, row, [&](ListState& list) { return SetIndent(list, row, indent), true; });
 }
 
 CString CListCtrl::GetItemText(int row, int column) const {
@@ -112,9 +82,8 @@ CString CListCtrl::GetItemText(int row, int column) const {
 }
 
 bool CListCtrl::SetItemText(int row, int column, const CString& text) {
-    return OnRow(
-        m_hWnd, row,
-        [&](ListState& list) { return list.columns.Has(column) && SetText(list, row, column, text); });
+    return OnList(
+        m_hWnd, [&](ListState& list) { return SetText(list, row, column, text); });
 }
 
 int CListCtrl::GetItemImage(int row) const {
@@ -124,12 +93,7 @@ int CListCtrl::GetItemImage(int row) const {
 
 bool CListCtrl::SetItemImage(int row, int image) {
     return OnRow(
-        m_hWnd, row,
-        [&](ListState& list) {
-            list.rows.At(row).image = image;
-            RepaintRows(list, row, row + 1);
-            return true;
-        });
+        m_hWnd, row, [&](ListState& list) { return SetImage(list, row, image), true; });
 }
 
 bool CListCtrl::GetCheck(int row) const {
@@ -170,12 +134,12 @@ int CListCtrl::GetSelectionMark() const {
 
 void CListCtrl::SetSelectionMark(int row) {
     OnList(
-        m_hWnd, [&](ListState& list) { list.markRow = list.rows.Has(row) ? row : NoRow; });
+        m_hWnd, [&](ListState& list) { SetMark(list, row); });
 }
 
 int CListCtrl::InsertColumn(int column, const CString& title, int width, int format) {
     const auto insert = [&](ListState& list) {
-        return column < 0 ? -1 : internal::InsertColumn(list, column, {title, width, format});
+        return internal::InsertColumn(list, column, {title, width, format});
     };
     return OnList(m_hWnd, insert, -1);
 }
@@ -200,22 +164,13 @@ CString CListCtrl::GetColumnTitle(int column) const {
 }
 
 int CListCtrl::GetColumnWidth(int column) const {
-    return OnColumn(
-        m_hWnd, column, [&](ListState& list) { return list.columns[column].width; });
+    return OnList(
+        m_hWnd, [&](ListState& list) { return list.columns.WidthOf(column); });
 }
 
 bool CListCtrl::SetColumnWidth(int column, int width) {
-    return OnColumn(
-        m_hWnd, column,
-        [&](ListState& list) {
-            if (width == LVSCW_AUTOSIZE)
-                ChangeColumnWidth(list, column, FittingWidth(list, column));
-            else if (width == LVSCW_AUTOSIZE_USEHEADER)
-                ChangeColumnWidth(list, column, FittingWidthWithTitle(list, column));
-            else
-                ChangeColumnWidth(list, column, width);
-            return true;
-        });
+    return OnList(
+        m_hWnd, [&](ListState& list) { return internal::SetColumnWidth(list, column, width); });
 }
 
 CHeaderCtrl* CListCtrl::GetHeaderCtrl() const {
@@ -240,11 +195,10 @@ int CListCtrl::HitTest(CPoint point, UINT* flags) const {
 }
 
 int CListCtrl::SubItemHitTest(LVHITTESTINFO* info) const {
+    if (!info)
+        return NoRow;
     const ListHit hit = OnList(m_hWnd, [&](ListState& list) { return internal::HitTest(list, info->pt); });
-    info->flags = hit.flags;
-    info->iItem = hit.row;
-    info->iSubItem = hit.column;
-    return hit.row;
+    return hit.StoreIn(*info);
 }
 
 bool CListCtrl::GetItemRect(int row, CRect* rect, int part) const {
@@ -305,13 +259,7 @@ void CListCtrl::RedrawItems(int first, int last) {
 }
 
 UINT CListCtrl::SetExtendedStyle(UINT style) {
-    return OnList(
-        m_hWnd,
-        [&](ListState& list) {
-            const UINT before = std::exchange(list.extendedStyle, style);
-            RepaintAll(list);
-            return before;
-        });
+    return static_cast<UINT>(SendMessageA(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, style));
 }
 
 UINT CListCtrl::GetExtendedStyle() const {

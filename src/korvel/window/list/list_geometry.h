@@ -17,6 +17,14 @@ struct ListHit {
     int row = NoRow;
     int column = ListColumns::None;
     UINT flags = LVHT_NOWHERE;
+
+    /// Returns the row.
+    int StoreIn(LVHITTESTINFO& info) const {
+        info.flags = flags;
+        info.iItem = row;
+        info.iSubItem = column;
+        return row;
+    }
 };
 
 int RowHeight(const ListState& list);

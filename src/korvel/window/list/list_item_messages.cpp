@@ -35,17 +35,16 @@ LRESULT CopyTo(char* target, int room, const CString& text) {
 LRESULT Insert(ListState& list, const LVITEM* item) {
     if (!item || item->iSubItem != 0)
         return NoRow;
-    RowRecord record;
+    ListRow content;
+    if ((item->mask & LVIF_TEXT) && item->pszText)
+        content.text = item->pszText;
     if (item->mask & LVIF_PARAM)
-        record.data = item->lParam;
+        content.data = item->lParam;
     if (item->mask & LVIF_IMAGE)
-        record.image = item->iImage;
+        content.image = item->iImage;
     if (item->mask & LVIF_INDENT)
-        record.SetIndent(item->iIndent);
-    if (!list.textSource || ((item->mask & LVIF_TEXT) && item->pszText))
-        record.texts = std::make_unique<std::vector<CString>>(
-            1, (item->mask & LVIF_TEXT) && item->pszText ? item->pszText : "");
-    const InsertedRow inserted = InsertRow(list, item->iItem, std::move(record));
+        content.indent = item->iIndent;
+    const InsertedRow inserted = InsertRow(list, item->iItem, content);
     if (inserted.isThere && (item->mask & LVIF_STATE))
         SetState(list, inserted.row, item->state, item->stateMask);
     return inserted.row;
@@ -69,22 +68,18 @@ LRESULT Get(const ListState& list, LVITEM* item) {
 }
 
 LRESULT SetItemText(ListState& list, int row, const LVITEM* item) {
-    if (!item || !list.rows.Has(row) || !list.columns.Has(item->iSubItem))
-        return 0;
-    return SetText(list, row, item->iSubItem, item->pszText ? item->pszText : "");
+    return item && SetText(list, row, item->iSubItem, item->pszText ? item->pszText : "");
 }
 
 LRESULT Set(ListState& list, const LVITEM* item) {
     if (!item || !list.rows.Has(item->iItem))
         return 0;
-    RowRecord& row = list.rows.At(item->iItem);
     if (item->mask & LVIF_PARAM)
-        row.data = item->lParam;
+        SetData(list, item->iItem, item->lParam);
     if (item->mask & LVIF_IMAGE)
-        row.image = item->iImage;
+        SetImage(list, item->iItem, item->iImage);
     if (item->mask & LVIF_INDENT)
-        row.SetIndent(item->iIndent);
-    RepaintRows(list, item->iItem, item->iItem + 1);
+        SetIndent(list, item->iItem, item->iIndent);
     FollowedRow target(list, item->iItem);
     if ((item->mask & LVIF_TEXT) && !SetItemText(list, target.row, item))
         return 0;
@@ -100,19 +95,13 @@ LRESULT GetText(const ListState& list, int row, LVITEM* item) {
 }
 
 LRESULT TestHit(const ListState& list, LVHITTESTINFO* info) {
-    if (!info)
-        return NoRow;
-    const ListHit hit = HitTest(list, info->pt);
-    info->flags = hit.flags;
-    info->iItem = hit.row;
-    info->iSubItem = hit.column;
-    return hit.row;
+    return info ? HitTest(list, info->pt).StoreIn(*info) : NoRow;
 }
 
 // --- columns ---
 
 LRESULT InsertOneColumn(ListState& list, int column, const LVCOLUMN* content) {
-    if (!content || column < 0)
+    if (!content)
         return ListColumns::None;
     ListColumn added;
     if ((content->mask & LVCF_TEXT) && content->pszText)
@@ -130,10 +119,12 @@ LRESULT SetColumn(ListState& list, int column, const LVCOLUMN* content) {
         list.columns.SetTitle(column, content->pszText);
     if (content->mask & LVCF_FMT)
         list.columns.SetFormat(column, content->fmt);
-    RepaintAll(list);
-    InvalidateRect(list.header);
+    if (content->mask & (LVCF_TEXT | LVCF_FMT)) {
+        RepaintAll(list);
+        InvalidateRect(list.header);
+    }
     if (content->mask & LVCF_WIDTH)
-        ChangeColumnWidth(list, column, content->cx);
+        SetColumnWidth(list, column, content->cx);
     return 1;
 }
 
@@ -181,8 +172,7 @@ std::optional<LRESULT> HandleItemMessage(ListState& list, UINT message, WPARAM w
     case LVM_GETSELECTIONMARK:
         return list.markRow;
     case LVM_SETSELECTIONMARK:
-        return std::exchange(list.markRow,
-                             list.rows.Has(static_cast<int>(lParam)) ? static_cast<int>(lParam) : NoRow);
+        return SetMark(list, static_cast<int>(lParam));
     default:
         return std::nullopt;
     }

@@ -91,7 +91,7 @@ std::optional<LRESULT> HandleListMessage(ListState& list, UINT message, WPARAM w
     case LVM_GETEDITCONTROL:
         return reinterpret_cast<LRESULT>(list.labelEdit.window);
     case LVM_GETCOLUMNWIDTH:
-        return list.columns.Has(row) ? list.columns[row].width : 0;
+        return list.columns.WidthOf(row);
     case LVM_SETITEMSTATE:
         return lParam ? SetItemState(list, row, *reinterpret_cast<const LVITEM*>(lParam)) : 0;
     case LVM_GETITEMSTATE:

@@ -65,6 +65,19 @@ void EndOrphanedLabelEdit(ListState& list) {
         list.EndLabelEdit(LabelEditEnd::Cancel);
 }
 
+RowRecord RecordOf(const ListRow& content, bool hasTextSource) {
+    RowRecord record;
+    record.data = content.data;
+    record.image = content.image;
+    record.SetIndent(content.indent);
+    record.checked = content.checked;
+    if (!hasTextSource || !content.text.empty() || !content.subItems.empty()) {
+        record.texts = std::make_unique<std::vector<CString>>(1, content.text);
+        record.texts->insert(record.texts->end(), content.subItems.begin(), content.subItems.end());
+    }
+    return record;
+}
+
 // Leaves scrolling as it is: its repair notifies others.
 int PlaceRows(ListState& list, int row, int count, const RowBlocks::Maker& make) {
     row = std::min(row, list.rows.Size());
@@ -114,9 +127,10 @@ int InsertRowsQuietly(ListState& list, int row, int count, const RowBlocks::Make
     return row;
 }
 
-InsertedRow InsertRow(ListState& list, int row, RowRecord record) {
+InsertedRow InsertRow(ListState& list, int row, const ListRow& content) {
     if (row < 0)
         return {};
+    RowRecord record = RecordOf(content, list.textSource != nullptr);
     const int at = PlaceRows(list, row, 1, [&](RowRecord& inserted, int) { inserted = std::move(record); });
     FollowedRow inserted(list, at);
     UpdateExtent(list);
@@ -147,6 +161,21 @@ void DeleteAllRows(ListState& list) {
         DeleteEach(list, 0, list.rows.Size(), StateNotices::Omitted);
 }
 
+void SetData(ListState& list, int row, LPARAM data) {
+    list.rows.At(row).data = data;
+    RepaintRows(list, row, row + 1);
+}
+
+void SetIndent(ListState& list, int row, int indent) {
+    list.rows.At(row).SetIndent(indent);
+    RepaintRows(list, row, row + 1);
+}
+
+void SetImage(ListState& list, int row, int image) {
+    list.rows.At(row).image = image;
+    RepaintRows(list, row, row + 1);
+}
+
 CString TextOf(const ListState& list, int row, int column) {
     const auto& record = list.rows.At(row);
     if (!record.texts) {
@@ -158,6 +187,8 @@ CString TextOf(const ListState& list, int row, int column) {
 }
 
 bool SetText(ListState& list, int row, int column, const CString& text) {
+    if (!list.rows.Has(row) || !list.columns.Has(column))
+        return false;
     FollowedRow target(list, row);
     if (NotifyText(list, LVN_ITEMCHANGING, row, column) != 0 || !target.IsThere() ||
         !list.columns.Has(column))

@@ -11,8 +11,9 @@ struct InsertedRow {
     int row = NoRow;
     bool isThere = false; // no handler has removed it meanwhile
 };
-/// The same for one row, with LVN_INSERTITEM when it is there.
-InsertedRow InsertRow(ListState& list, int row, RowRecord record);
+/// The same for one row, with LVN_INSERTITEM when it is there. While there is a text source, a row of which no
+/// text is given stores none.
+InsertedRow InsertRow(ListState& list, int row, const ListRow& content);
 
 /// Removes the rows from `first` to before `last`, the last one first. For each: a selected one loses its
 /// state (LVN_ITEMCHANGING, which cannot refuse, and LVN_ITEMCHANGED with no bit left), LVN_DELETEITEM,
@@ -26,9 +27,15 @@ void DeleteRowsQuietly(ListState& list, int first, int last);
 /// notice of a state.
 void DeleteAllRows(ListState& list);
 
+// These send no notice, and have the row painted again.
+/// Also where the row stores its texts: its owner may draw what the data leads to.
+void SetData(ListState& list, int row, LPARAM data);
+void SetIndent(ListState& list, int row, int indent);
+void SetImage(ListState& list, int row, int image);
+
 CString TextOf(const ListState& list, int row, int column);
-/// Stores a text, with LVN_ITEMCHANGING (1 refuses) and LVN_ITEMCHANGED of LVIF_TEXT. False
-/// when it was refused or its cell has gone meanwhile.
+/// Stores a text, with LVN_ITEMCHANGING (1 refuses) and LVN_ITEMCHANGED of LVIF_TEXT. False when there is no
+/// such cell, when it was refused, or when its cell has gone meanwhile.
 bool SetText(ListState& list, int row, int column, const CString& text);
 
 } // namespace korvel::internal

@@ -4,6 +4,8 @@
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_scroll.h"
 
+#include <utility>
+
 namespace korvel::internal {
 
 namespace {
@@ -160,6 +162,10 @@ int NextRow(const ListState& list, int row, UINT flags) {
     if ((flags & LVNI_SELECTED) != 0)
         return list.rows.FindSelected(first);
     return list.rows.Has(first) ? first : NoRow;
+}
+
+int SetMark(ListState& list, int row) {
+    return std::exchange(list.markRow, list.rows.Has(row) ? row : NoRow);
 }
 
 void DeselectAll(ListState& list) {

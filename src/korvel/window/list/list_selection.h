@@ -17,6 +17,8 @@ bool SetStateOfAll(ListState& list, UINT state, UINT mask);
 /// The first row after `row` (NoRow: from the top) with all of the LVNI_* flags; with LVNI_FOCUSED the
 /// focused row, unless it is `row`. NoRow when there is none or `row` is no row.
 int NextRow(const ListState& list, int row, UINT flags);
+/// Returns the mark before. No such row: there is none from now on.
+int SetMark(ListState& list, int row);
 /// Removes the selection from all rows that do not refuse.
 void DeselectAll(ListState& list);
 

@@ -60,7 +60,7 @@ struct LVITEM {
 struct LVCOLUMN {
     UINT mask = 0; // LVCF_*
     int fmt = LVCFMT_LEFT;
-    int cx = 0;
+    int cx = 0;              // LVM_SETCOLUMN: whatever CListCtrl::SetColumnWidth takes
     char* pszText = nullptr; // only read
 };
 
