@@ -4,7 +4,9 @@
 #include "korvel/grid/attribute_rows.h"
 #include "korvel/grid/cell_conversion.h"
 #include "korvel/grid/dispatch_sink.h"
+#include "korvel/grid/history_step.h"
 #include "korvel/grid/member_reads.h"
+#include "korvel/grid/write_frame.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
 #include "korvel/window/core/registered_messages.h"
@@ -29,7 +31,8 @@ int PositionOf(const unsigned long& position) {
 class CEditableGrid::Binding final : private AttributeTree {
 public:
     Binding(CEditableGrid& grid, IObserverGrid* observer)
-        : m_grid(grid), rows(*this, observer, grid.m_Layout), columns(grid, rows.layout, grid.m_ColumnInfo) {}
+        : m_grid(grid), rows(*this, observer, grid.m_Layout), columns(grid, rows.layout, grid.m_ColumnInfo),
+          frame(grid, grid.m_pErrorReporter) {}
 
 private:
     CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
@@ -74,6 +77,7 @@ private:
 public:
     AttributeRows rows; // asks for a sink when it is made
     AttributeColumns columns;
+    WriteFrame frame;
 };
 
 CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
@@ -334,6 +338,18 @@ UINT CEditableGrid::GetCheckState(const CTreeItem* node, int column) {
 
 bool CEditableGrid::OnGetCheckState(IMemberDispatch*, const std::string&, const CVariantValue&) {
     return false;
+}
+
+void CEditableGrid::SendHistoryEvent(const char* text) {
+    TellStepOpened(korvel::GetParent(m_hWnd), text);
+}
+
+void CEditableGrid::SendHistoryEvent() {
+    TellStepClosed(korvel::GetParent(m_hWnd));
+}
+
+void CEditableGrid::SendHistoryEventRollBack() {
+    TellStepRolledBack(korvel::GetParent(m_hWnd));
 }
 
 void CEditableGrid::OnControlLButtonDown(UINT, CPoint point, LVHITTESTINFO& hit) {

@@ -14,6 +14,7 @@
 namespace korvel {
 
 class IEnumContainer;
+class IGridErrorReporter;
 
 enum EImplementationDetail : std::uint32_t {};
 
@@ -134,6 +135,15 @@ public:
     /// its entries are.
     bool RemoveSink(EDataTyps type, IMemberDispatch* disp, const std::string& name);
 
+    // Undoable steps, of which the parent window is told by WM_HISTORY and WM_HISTORY_ROLLBACK. The grid makes
+    // one of each write; without a parent nothing is sent.
+    /// A step begins; `text` is its title.
+    void SendHistoryEvent(const char* text);
+    /// The step ends.
+    void SendHistoryEvent();
+    /// What was recorded since the last step began is to be dropped; follows the end of the step.
+    void SendHistoryEventRollBack();
+
     /// False: a press in a cell begins no edit.
     void SetAllowEdit(bool allow) { m_AllowEdit = allow; }
     void ModifyImageStyle(std::uint32_t add, std::uint32_t remove);
@@ -196,6 +206,8 @@ protected:
     std::uint32_t m_EnableUserAttributsTyps = 0xFFFFFFFF;
     std::uint32_t m_ImplementationDetails = 0;
     std::vector<SColumnInfo> m_ColumnInfo;
+    /// Hears of failures in place of the error box; null: none. Not owned; must outlive the grid.
+    IGridErrorReporter* m_pErrorReporter = nullptr;
 
 private:
     class Binding;

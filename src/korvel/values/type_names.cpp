@@ -1,6 +1,7 @@
 #include "korvel/values/type_names.h"
 
 #include "korvel/output/type_table.h"
+#include "korvel/values/text_table.h"
 
 namespace korvel::internal {
 
@@ -36,6 +37,9 @@ int PlainTypeText(EDataTyps type) {
         return NoText;
     }
 }
+
+// What is stored, without what it means.
+constexpr unsigned StorageBits = DT_Int | DT_Long | DT_Float | DT_Double | DT_String | DT_UInt;
 
 } // namespace
 
@@ -77,6 +81,12 @@ int TypeNameText(EDataTyps type) {
         break;
     }
     return NoText;
+}
+
+std::string TypeName(EDataTyps type) {
+    const int named = TypeNameText(static_cast<EDataTyps>(type & ~TypeBitButton));
+    const int text = named != NoText ? named : PlainTypeText(static_cast<EDataTyps>(type & StorageBits));
+    return text != NoText ? Text(text) : "";
 }
 
 } // namespace korvel::internal

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "korvel/platform/export.h"
+
+#include <string>
+
+namespace korvel {
+
+/// Hears of the failures of a grid in place of the error box; implemented by the host. A derived grid sets it
+/// as `m_pErrorReporter`.
+class KORVEL_API IGridErrorReporter {
+public:
+    virtual ~IGridErrorReporter() = default;
+
+    /// What the user did has failed, and everything is as it was before. `message` says why, in the language of
+    /// the process. May do what a host may do while it is called; see CEditableGrid.
+    virtual void Report(const std::string& caption, const std::string& message) = 0;
+};
+
+} // namespace korvel

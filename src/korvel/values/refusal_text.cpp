@@ -1,0 +1,18 @@
+#include "korvel/values/refusal_text.h"
+
+#include "korvel/values/replace_first.h"
+#include "korvel/values/text_table.h"
+#include "korvel/values/type_names.h"
+
+namespace korvel::internal {
+
+std::string RefusalText(const std::string& own, const std::string& typed, EDataTyps type) {
+    if (!own.empty())
+        return own;
+    std::string message = Text(45);
+    ReplaceFirst(message, "$2", TypeName(type)); // before the typed text, which may hold a "$2"
+    ReplaceFirst(message, "$1", typed);
+    return message;
+}
+
+} // namespace korvel::internal

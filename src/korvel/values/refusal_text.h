@@ -1,0 +1,13 @@
+#pragma once
+
+#include "korvel/values/data_types.h"
+
+#include <string>
+
+namespace korvel::internal {
+
+/// What the user is told of a typed text that was refused: the text of the refusal (`own`), and where that is
+/// empty, as after a syntax error, that `typed` is no value of the type.
+std::string RefusalText(const std::string& own, const std::string& typed, EDataTyps type);
+
+} // namespace korvel::internal
