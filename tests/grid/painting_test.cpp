@@ -1,4 +1,4 @@
-#include "korvel/grid/cell_geometry.h"
+#include "korvel/editors/cell_geometry.h"
 #include "support/grid_fixture.h"
 #include "support/table.h"
 

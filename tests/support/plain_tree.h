@@ -1,7 +1,7 @@
 #pragma once
 
 #include "korvel/grid/attribute_rows.h"
-#include "korvel/grid/cell_conversion.h"
+#include "korvel/editors/cell_conversion.h"
 
 #include <memory>
 #include <string>

@@ -1,6 +1,6 @@
 #include "korvel/grid/attribute_rows.h"
 
-#include "korvel/grid/cell_conversion.h"
+#include "korvel/editors/cell_conversion.h"
 #include "korvel/grid/group_texts.h"
 #include "korvel/grid/member_content.h"
 #include "korvel/grid/member_reads.h"

@@ -2,7 +2,7 @@
 
 #include "korvel/grid/attribute_columns.h"
 #include "korvel/grid/attribute_rows.h"
-#include "korvel/grid/cell_conversion.h"
+#include "korvel/editors/cell_conversion.h"
 #include "korvel/grid/dispatch_sink.h"
 #include "korvel/grid/history_step.h"
 #include "korvel/grid/member_reads.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/editors/control_type.h"
 #include "korvel/platform/export.h"
 #include "korvel/window/base/types.h"
 
@@ -23,21 +24,8 @@ class IMemberDispatch;
 /// default that is given with each getter. Colors are 0x00BBGGRR; the top byte of a swatch is its opacity.
 class KORVEL_API CItemInfo {
 public:
-    /// The editor that a cell opens.
-    enum CONTROLTYPE {
-        ctEdit = 0,
-        ctCombo = 1, // an arrow on the selected row; no data type has it
-        ctCheck = 2,
-        ctColor = 3,
-        ctColorAlpha = 4,
-        ctAngle = 5,
-        ctDate = 6,
-        ctList = 7,
-        ctFile = 8,
-        ctRange = 10,
-        ctButton = 12,
-        ctRandom = 13,
-    };
+    using CONTROLTYPE = korvel::CONTROLTYPE;
+    using enum korvel::CONTROLTYPE;
 
     /// Whether a cell shows its color as a swatch.
     static constexpr bool IsSwatch(CONTROLTYPE type) { return type == ctColor || type == ctColorAlpha; }

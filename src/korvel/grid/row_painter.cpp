@@ -1,24 +1,8 @@
 #include "korvel/grid/row_painter.h"
 
-#include "korvel/grid/cell_geometry.h"
-#include "korvel/output/angles.h"
-#include "korvel/window/base/color.h"
-
 namespace korvel::internal {
 
 namespace {
-
-constexpr int TextMargin = 4;
-
-constexpr UINT TextFormat = DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
-
-// Black or white, whichever is read better on the ground.
-COLORREF Readable(COLORREF ground) {
-    // The weights of the channels in perceived brightness, ITU-R BT.601, in thousandths.
-    const unsigned brightness =
-        (299 * GetRValue(ground) + 587 * GetGValue(ground) + 114 * GetBValue(ground)) / 1000;
-    return brightness < 128 ? RGB(255, 255, 255) : RGB(0, 0, 0);
-}
 
 // The color of a swatch with its opacity in the top byte.
 COLORREF SwatchColor(const CItemInfo& info, int cell) {
@@ -30,7 +14,10 @@ COLORREF SwatchColor(const CItemInfo& info, int cell) {
 } // namespace
 
 RowPainter::RowPainter(TreeGridList& list, const TreeRows& tree, CDC& dc, int row)
-    : m_list(list), m_dc(dc), m_row(row), m_there(tree, row), m_node(m_there.Node()) {
+    : m_list(list), m_dc(dc), m_row(row), m_there(tree, row), m_node(m_there.Node()),
+      m_cell(dc, [&list, &dc](const CRect& rect, UINT type, UINT state) {
+          list.DrawThemedFrame(dc, rect, type, state);
+      }) {
     const HWND focus = GetFocus();
     m_hasFocus = focus && (focus == list.m_hWnd || IsChild(list.m_hWnd, focus));
     m_isSelected = list.GetItemState(row, LVIS_SELECTED) & LVIS_SELECTED;
@@ -95,28 +82,13 @@ bool RowPainter::IsEnabled(int column) const {
     return column == 0 || m_node->info->IsCellEnabled(column - 1);
 }
 
-void RowPainter::DrawText(int column, CRect room, COLORREF ground) {
+void RowPainter::DrawText(int column, const CRect& room, COLORREF ground) {
     const CItemInfo& info = *m_node->info;
     const CString& text = column == 0 ? info.text : info.GetSubItem(column - 1);
-    room.DeflateRect(TextMargin, 0);
-    if (text.empty() || room.IsRectEmpty())
-        return;
-    COLORREF color = GetSysColor(COLOR_WINDOWTEXT);
-    if (m_isSelected && m_hasFocus)
-        color = GetSysColor(COLOR_HIGHLIGHTTEXT);
-    else if (!IsEnabled(column))
-        color = GetSysColor(COLOR_GRAYTEXT);
-    else if (m_isSelected)
-        color = GetSysColor(COLOR_BTNTEXT);
-    else if (ground != GetSysColor(COLOR_WINDOW))
-        color = Readable(ground);
-    if (!IsEnabled(column)) {
-        const bool isHighlighted = m_isSelected && m_hasFocus;
-        color = Legible(isHighlighted ? Mix(color, ground, 1, 2) : color,
-                        isHighlighted ? color : GetSysColor(COLOR_WINDOWTEXT), ground);
-    }
-    m_dc.SetTextColor(color);
-    m_dc.DrawText(text, room, TextFormat);
+    CellGround kind = CellGround::Plain;
+    if (m_isSelected)
+        kind = m_hasFocus ? CellGround::Highlighted : CellGround::Selected;
+    m_cell.DrawText(text, room, ground, kind, IsEnabled(column));
 }
 
 void RowPainter::DrawTree(const CRect& bounds) {
@@ -186,91 +158,16 @@ void RowPainter::DrawRowCheck(const CRect& bounds) {
 }
 
 CRect RowPainter::DrawControl(int column, const CRect& cell) {
-    const CRect inside = InsideOfCell(cell);
-    CRect room = cell;
-    switch (m_node->info->GetControlType(column - 1)) {
-    case CItemInfo::ctCheck:
-        if (const CRect box = InsideOfCell(InsideOfCell(LeftSquare(cell))); !box.IsRectEmpty())
-            m_list.DrawThemedFrame(m_dc, box, DFC_BUTTON, m_list.GetCheckState(m_node, column));
-        room.left = LeftSquare(cell).right;
-        return room;
-    case CItemInfo::ctColor:
-    case CItemInfo::ctColorAlpha:
-        DrawSwatch(InsideOfCell(InsideOfCell(LeftSquare(cell))), SwatchColor(*m_node->info, column - 1));
-        room.left = LeftSquare(cell).right;
-        return room;
-    case CItemInfo::ctAngle:
-        if (!IsEnabled(column))
-            return room;
-        DrawButton(RightSquare(cell), CString(1, GetAngleUnit()));
-        room.right = RightSquare(cell).left;
-        return room;
-    case CItemInfo::ctRandom:
-        if (!IsEnabled(column))
-            return room;
-        DrawDice(RightSquare(cell));
-        room.right = RightSquare(cell).left;
-        return room;
-    case CItemInfo::ctButton:
-        DrawButton(RightSquare(inside), "...");
-        room.right = RightSquare(inside).left;
-        return room;
-    case CItemInfo::ctFile: {
-        const CRect open = RightSquare(BesideRightSquare(inside));
-        DrawButton(RightSquare(inside), "...");
-        DrawButton(open, "\xBB");
-        room.right = open.left;
-        return room;
-    }
-    case CItemInfo::ctCombo:
-    case CItemInfo::ctList:
-        if (!m_isSelected || !IsEnabled(column))
-            return room;
-        m_list.DrawThemedFrame(m_dc, RightSquare(inside), DFC_SCROLL, DFCS_SCROLLDOWN);
-        room.right = RightSquare(inside).left;
-        return room;
-    default:
-        return room;
-    }
-}
-
-// Where the color lets the ground through, a checkered one shows it.
-void RowPainter::DrawSwatch(const CRect& square, COLORREF word) {
-    if (square.IsRectEmpty())
-        return;
-    const COLORREF color = word & 0xFFFFFF;
-    const unsigned opacity = word >> 24;
-    if (opacity == 0xFF) {
-        m_dc.FillSolidRect(square, color);
-    } else {
-        constexpr int Tile = 4;
-        m_dc.FillSolidRect(square, Mix(RGB(255, 255, 255), color, opacity, 255));
-        const COLORREF dark = Mix(RGB(160, 160, 160), color, opacity, 255);
-        for (int y = square.top; y < square.bottom; y += Tile)
-            for (int x = square.left + (y - square.top) % (2 * Tile); x < square.right; x += 2 * Tile)
-                m_dc.FillSolidRect(CRect{x, y, x + Tile, y + Tile}.Intersected(square), dark);
-    }
-    m_dc.FrameRect(square, GetSysColor(COLOR_BTNSHADOW));
-}
-
-void RowPainter::DrawButton(const CRect& square, const CString& face) {
-    if (square.IsRectEmpty())
-        return;
-    m_list.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
-    m_dc.SetTextColor(GetSysColor(COLOR_BTNTEXT));
-    m_dc.DrawText(face, square, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
-}
-
-void RowPainter::DrawDice(const CRect& square) {
-    if (square.IsRectEmpty())
-        return;
-    m_list.DrawThemedFrame(m_dc, square, DFC_BUTTON, DFCS_BUTTONPUSH);
-    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
-    const CRect die = square.Centered({11, 11});
-    m_dc.FrameRect(die, ink);
-    for (const CPoint pip : {CPoint{2, 2}, CPoint{7, 2}, CPoint{2, 7}, CPoint{7, 7}})
-        m_dc.FillSolidRect({die.left + pip.x, die.top + pip.y, die.left + pip.x + 2, die.top + pip.y + 2},
-                           ink);
+    const CItemInfo& info = *m_node->info;
+    CellLook look;
+    look.control = info.GetControlType(column - 1);
+    look.isEnabled = IsEnabled(column);
+    look.isChosen = m_isSelected;
+    if (CItemInfo::IsSwatch(look.control))
+        look.swatch = SwatchColor(info, column - 1);
+    if (look.control == CItemInfo::ctCheck)
+        look.checkState = m_list.GetCheckState(m_node, column); // last: the host may remove the row
+    return m_cell.DrawControl(look, cell);
 }
 
 } // namespace korvel::internal

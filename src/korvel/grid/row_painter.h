@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/editors/cell_painter.h"
 #include "korvel/grid/row_watch.h"
 #include "korvel/grid/tree_grid_list.h"
 
@@ -24,10 +25,7 @@ private:
     void DrawRowCheck(const CRect& bounds);
     /// Draws what the cell has beside its text and returns the room left for the text.
     CRect DrawControl(int column, const CRect& cell);
-    void DrawSwatch(const CRect& square, COLORREF word);
-    void DrawButton(const CRect& square, const CString& face);
-    void DrawDice(const CRect& square);
-    void DrawText(int column, CRect room, COLORREF ground);
+    void DrawText(int column, const CRect& room, COLORREF ground);
 
     COLORREF GroundOf(int column) const;
     bool IsEnabled(int column) const;
@@ -37,6 +35,7 @@ private:
     const int m_row;
     const RowWatch m_there;
     const CTreeItem* m_node;
+    CellPainter m_cell;
     bool m_isSelected = false;
     bool m_hasFocus = false; // the grid, or an editor in it
 };

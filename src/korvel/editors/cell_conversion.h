@@ -1,10 +1,11 @@
 #pragma once
 
-#include "korvel/grid/item_info.h"
+#include "korvel/editors/control_type.h"
 #include "korvel/output/format_notification.h"
 #include "korvel/values/variant_value.h"
 
 #include <optional>
+#include <string>
 
 namespace korvel::internal {
 
@@ -19,7 +20,7 @@ enum class CellText {
 /// How values of one type are shown in a cell.
 struct CellConversion {
     CellText text = CellText::Value;
-    CItemInfo::CONTROLTYPE control = CItemInfo::ctEdit;
+    CONTROLTYPE control = ctEdit;
     FormatService service = FormatService::None; // whose change of format puts the text out of date
 };
 
@@ -32,7 +33,7 @@ std::optional<CellConversion> FindCellConversion(EDataTyps type);
 ///     value.Type = DT_ColorRGB;
 ///     value.Value.UInt = 0xFF0000FF;
 ///     ConvertCell(value, TextForm::UserFacing, text, control);   // "0xff0000ff", ctColor
-void ConvertCell(const CVariantValue& value, TextForm form, CString& text, CItemInfo::CONTROLTYPE& control);
+void ConvertCell(const CVariantValue& value, TextForm form, std::string& text, CONTROLTYPE& control);
 
 /// None for a type that a cell does not show, and for lists.
 FormatService FormatServiceOf(EDataTyps type);
@@ -40,6 +41,6 @@ FormatService FormatServiceOf(EDataTyps type);
 FormatService FormatServiceOf(const CVariantValue& value);
 
 /// Takes the escapes off the dashes of a list text whose entries are paths.
-void UnescapeDashes(const CVariantValue& value, CString& text);
+void UnescapeDashes(const CVariantValue& value, std::string& text);
 
 } // namespace korvel::internal

@@ -1,4 +1,4 @@
-#include "korvel/grid/cell_conversion.h"
+#include "korvel/editors/cell_conversion.h"
 
 #include "korvel/output/type_table.h"
 #include "korvel/values/enum_value.h"
@@ -11,23 +11,18 @@ namespace korvel::internal {
 
 namespace {
 
-using Info = CItemInfo;
-
 constexpr unsigned TypeBitAlpha = 0x1000; // of a color
 
 struct MeaningRow {
     ValueMeaning meaning;
     CellText text;
-    Info::CONTROLTYPE control;
+    CONTROLTYPE control;
 };
 
 constexpr MeaningRow Meanings[] = {
-    {ValueMeaning::Angle, CellText::Value, Info::ctAngle},
-    {ValueMeaning::List, CellText::Value, Info::ctList},
-    {ValueMeaning::Date, CellText::Value, Info::ctDate},
-    {ValueMeaning::FileName, CellText::TextField, Info::ctFile},
-    {ValueMeaning::Range, CellText::Value, Info::ctRange},
-    {ValueMeaning::Random, CellText::Value, Info::ctRandom},
+    {ValueMeaning::Angle, CellText::Value, ctAngle}, {ValueMeaning::List, CellText::Value, ctList},
+    {ValueMeaning::Date, CellText::Value, ctDate},   {ValueMeaning::FileName, CellText::TextField, ctFile},
+    {ValueMeaning::Range, CellText::Value, ctRange}, {ValueMeaning::Random, CellText::Value, ctRandom},
 };
 
 std::optional<CellConversion> Shown(const TypeRow& row) {
@@ -36,20 +31,20 @@ std::optional<CellConversion> Shown(const TypeRow& row) {
     case ValueStorage::Group:
         return std::nullopt;
     case ValueStorage::Bool:
-        return CellConversion{CellText::Nothing, Info::ctCheck, row.service};
+        return CellConversion{CellText::Nothing, ctCheck, row.service};
     case ValueStorage::Color:
-        return CellConversion{CellText::ColorWord,
-                              row.type & TypeBitAlpha ? Info::ctColorAlpha : Info::ctColor, row.service};
+        return CellConversion{CellText::ColorWord, row.type & TypeBitAlpha ? ctColorAlpha : ctColor,
+                              row.service};
     default:
         break;
     }
     for (const MeaningRow& meaning : Meanings)
         if (meaning.meaning == row.meaning)
             return CellConversion{meaning.text, meaning.control, row.service};
-    return CellConversion{CellText::Value, Info::ctEdit, row.service};
+    return CellConversion{CellText::Value, ctEdit, row.service};
 }
 
-CString HexWord(std::uint32_t word) {
+std::string HexWord(std::uint32_t word) {
     char text[16];
     std::snprintf(text, sizeof text, "0x%" PRIx32, word);
     return text;
@@ -60,16 +55,16 @@ CString HexWord(std::uint32_t word) {
 std::optional<CellConversion> FindCellConversion(EDataTyps type) {
     const bool isListOrGroup = type & (TypeBitList | DT_Group);
     if (type & TypeBitButton && !isListOrGroup)
-        return CellConversion{CellText::TextField, Info::ctButton, FormatService::None};
+        return CellConversion{CellText::TextField, ctButton, FormatService::None};
     if (type & TypeBitTextForm && !isListOrGroup)
-        return CellConversion{CellText::TextField, Info::ctEdit, FormatService::None};
+        return CellConversion{CellText::TextField, ctEdit, FormatService::None};
     const TypeRow* row = FindTypeRow(type);
     return row ? Shown(*row) : std::nullopt;
 }
 
-void ConvertCell(const CVariantValue& value, TextForm form, CString& text, Info::CONTROLTYPE& control) {
+void ConvertCell(const CVariantValue& value, TextForm form, std::string& text, CONTROLTYPE& control) {
     const auto conversion = FindCellConversion(value.Type);
-    control = conversion ? conversion->control : Info::ctEdit;
+    control = conversion ? conversion->control : ctEdit;
     if (!conversion)
         return;
     switch (conversion->text) {
@@ -98,19 +93,19 @@ FormatService FormatServiceOf(const CVariantValue& value) {
     return FormatServiceOf(value.Type);
 }
 
-void UnescapeDashes(const CVariantValue& value, CString& text) {
+void UnescapeDashes(const CVariantValue& value, std::string& text) {
     const bool isTree =
         value.Type & TypeBitList && value.EnumValue && value.EnumValue->GetEnumFlags() & ENF_Tree;
     if (!isTree)
         return;
-    const CString escaped = std::exchange(text, CString());
+    const std::string escaped = std::exchange(text, std::string());
     std::size_t from = 0;
-    for (std::size_t at = escaped.find("\\-"); at != CString::npos; at = escaped.find("\\-", from)) {
+    for (std::size_t at = escaped.find("\\-"); at != std::string::npos; at = escaped.find("\\-", from)) {
         text.append(escaped, from, at - from);
         text += '-';
         from = at + 2;
     }
-    text.append(escaped, from, CString::npos);
+    text.append(escaped, from, std::string::npos);
 }
 
 } // namespace korvel::internal
