@@ -41,7 +41,7 @@ void UseMember(Member member) {
 void UseExportedClasses() {
     UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlFileError,
            XmlParser, XmlReason, XmlScanner, XmlSchemaError>();
-    UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CTooltippBitmap, CTreeHelper,
+    UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CGridCtrlDateTime, CTooltippBitmap, CTreeHelper,
            CTreeHelper::SNode, ComboTreeItem, IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState,
            CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
            CGridCtrlComboBoxInputStateTree, CGridCtrlComboBoxInputStateTreeCheckBox>();
