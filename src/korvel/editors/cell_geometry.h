@@ -31,4 +31,19 @@ inline CRect InsideOfCell(CRect cell) {
     return cell;
 }
 
+/// The square of a file cell that lets the user choose, and the one left of it, which opens the file.
+inline CRect BrowseSquare(const CRect& cell) {
+    return RightSquare(InsideOfCell(cell));
+}
+inline CRect OpenSquare(const CRect& cell) {
+    return RightSquare(BesideRightSquare(InsideOfCell(cell)));
+}
+
+/// Of a cell with a spin button: one and a half times as wide as the cell is high, but not wider than it.
+inline CRect SpinArea(CRect cell) {
+    const int width = (3 * cell.Height() + 1) / 2;
+    cell.left = std::max(cell.left, cell.right - width);
+    return cell;
+}
+
 } // namespace korvel::internal

@@ -65,8 +65,8 @@ CRect CellPainter::DrawControl(const CellLook& look, const CRect& cell) {
         room.right = RightSquare(inside).left;
         return room;
     case ctFile: {
-        const CRect open = RightSquare(BesideRightSquare(inside));
-        DrawButton(RightSquare(inside), "...");
+        const CRect open = OpenSquare(cell);
+        DrawButton(BrowseSquare(cell), "...");
         DrawButton(open, "\xBB");
         room.right = open.left;
         return room;
