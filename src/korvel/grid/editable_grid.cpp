@@ -1,15 +1,11 @@
 #include "korvel/grid/editable_grid.h"
 
-#include "korvel/grid/attribute_columns.h"
-#include "korvel/grid/attribute_rows.h"
 #include "korvel/editors/cell_conversion.h"
-#include "korvel/grid/dispatch_sink.h"
+#include "korvel/grid/editable_grid_binding.h"
 #include "korvel/grid/history_step.h"
 #include "korvel/grid/member_reads.h"
-#include "korvel/grid/write_frame.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
-#include "korvel/window/core/registered_messages.h"
 #include "korvel/window/core/thread_queue.h"
 
 #include <algorithm>
@@ -26,59 +22,6 @@ int PositionOf(const unsigned long& position) {
 }
 
 } // namespace
-
-// The rows of the grid's objects, and the grid as their tree.
-class CEditableGrid::Binding final : private AttributeTree {
-public:
-    Binding(CEditableGrid& grid, IObserverGrid* observer)
-        : m_grid(grid), rows(*this, observer, grid.m_Layout), columns(grid, rows.layout, grid.m_ColumnInfo),
-          frame(grid, grid.m_pErrorReporter) {}
-
-private:
-    CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override {
-        return m_grid.LinkNode(parent, std::move(info), position);
-    }
-    void ShowRow(CTreeItem& row) override { m_grid.ShowNode(&row); }
-    void RemoveRow(CTreeItem& row) override { m_grid.TakeNode(&row); }
-    void RewriteRow(const CTreeItem& row) override { m_grid.RefreshRowTexts(&row); }
-    void ChangeMany(const std::function<void()>& change) override {
-        const RedrawPause pause(m_grid);
-        change();
-    }
-
-    void OnFilled() override { columns.SetWidths(); }
-    void OnEnding() override { m_grid.CtrlClear(); }
-    void OnEnded() override {
-        FirstFailure failure;
-        failure.Try([&] { m_grid.DeleteAllNodes(); });
-        m_grid.Invalidate();
-        failure.Try([&] { columns.Remove(); });
-        failure.Rethrow();
-    }
-
-    void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
-                         std::string& text, CItemInfo::CONTROLTYPE& control) override {
-        m_grid.ConvertToOutput(disp, name, value, text, control);
-    }
-    int ChooseImage(int image, const std::string& name, IMemberDispatch* disp) override {
-        if (!(m_grid.m_ImageStyle & IS_AskParent))
-            return image;
-        ImageIndex question{image, &name, disp};
-        korvel::SendMessageA(korvel::GetParent(m_grid.m_hWnd), WM_GET_IMAGEINDEX, 0,
-                             reinterpret_cast<LPARAM>(&question));
-        return question.index;
-    }
-    std::unique_ptr<IObserverGridSink> MakeSink(IMemberDispatch* disp) override {
-        return std::make_unique<IOpenGLDispatchSinkImp>(disp, &m_grid);
-    }
-
-    CEditableGrid& m_grid;
-
-public:
-    AttributeRows rows; // asks for a sink when it is made
-    AttributeColumns columns;
-    WriteFrame frame;
-};
 
 CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
     : m_pObserver(observer), m_pEnumContainer(enumerations),

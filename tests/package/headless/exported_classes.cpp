@@ -45,7 +45,8 @@ void UseExportedClasses() {
            CTreeHelper::SNode, ComboTreeItem, IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState,
            CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
            CGridCtrlComboBoxInputStateTree, CGridCtrlComboBoxInputStateTreeCheckBox>();
-    UseAll<CEditableGrid, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem, ChildList>();
+    UseAll<CEditableGrid, IGridErrorReporter, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem,
+           ChildList>();
     UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut, DlgStateBase,
            CLayoutTabCtrlPage, CConfigurationTabCtrlPage>();
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();

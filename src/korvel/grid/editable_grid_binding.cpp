@@ -1,0 +1,48 @@
+#include "korvel/grid/editable_grid_binding.h"
+
+#include "korvel/grid/dispatch_sink.h"
+#include "korvel/platform/first_failure.h"
+#include "korvel/window/core/registered_messages.h"
+
+#include <utility>
+
+namespace korvel {
+
+using namespace internal;
+
+CEditableGrid::Binding::Binding(CEditableGrid& grid, IObserverGrid* observer)
+    : m_grid(grid), rows(*this, observer, grid.m_Layout), columns(grid, rows.layout, grid.m_ColumnInfo),
+      frame(grid, grid.m_pErrorReporter) {}
+
+grid::CTreeItem* CEditableGrid::Binding::LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info,
+                                                 int position) {
+    return m_grid.LinkNode(parent, std::move(info), position);
+}
+
+void CEditableGrid::Binding::ChangeMany(const std::function<void()>& change) {
+    const RedrawPause pause(m_grid);
+    change();
+}
+
+void CEditableGrid::Binding::OnEnded() {
+    FirstFailure failure;
+    failure.Try([&] { m_grid.DeleteAllNodes(); });
+    m_grid.Invalidate();
+    failure.Try([&] { columns.Remove(); });
+    failure.Rethrow();
+}
+
+int CEditableGrid::Binding::ChooseImage(int image, const std::string& name, IMemberDispatch* disp) {
+    if (!(m_grid.m_ImageStyle & IS_AskParent))
+        return image;
+    ImageIndex question{image, &name, disp};
+    korvel::SendMessageA(korvel::GetParent(m_grid.m_hWnd), WM_GET_IMAGEINDEX, 0,
+                         reinterpret_cast<LPARAM>(&question));
+    return question.index;
+}
+
+std::unique_ptr<IObserverGridSink> CEditableGrid::Binding::MakeSink(IMemberDispatch* disp) {
+    return std::make_unique<IOpenGLDispatchSinkImp>(disp, &m_grid);
+}
+
+} // namespace korvel

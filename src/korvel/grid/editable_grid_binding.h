@@ -1,0 +1,39 @@
+#pragma once
+
+#include "korvel/grid/attribute_columns.h"
+#include "korvel/grid/attribute_rows.h"
+#include "korvel/grid/editable_grid.h"
+#include "korvel/grid/write_frame.h"
+
+namespace korvel {
+
+/// The rows of the grid's objects with the grid as their tree, and what acts in them.
+class CEditableGrid::Binding final : private internal::AttributeTree {
+public:
+    Binding(CEditableGrid& grid, IObserverGrid* observer);
+
+private:
+    CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override;
+    void ShowRow(CTreeItem& row) override { m_grid.ShowNode(&row); }
+    void RemoveRow(CTreeItem& row) override { m_grid.TakeNode(&row); }
+    void RewriteRow(const CTreeItem& row) override { m_grid.RefreshRowTexts(&row); }
+    void ChangeMany(const std::function<void()>& change) override;
+    void OnFilled() override { columns.SetWidths(); }
+    void OnEnding() override { m_grid.CtrlClear(); }
+    void OnEnded() override;
+    void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
+                         std::string& text, CItemInfo::CONTROLTYPE& control) override {
+        m_grid.ConvertToOutput(disp, name, value, text, control);
+    }
+    int ChooseImage(int image, const std::string& name, IMemberDispatch* disp) override;
+    std::unique_ptr<IObserverGridSink> MakeSink(IMemberDispatch* disp) override;
+
+    CEditableGrid& m_grid;
+
+public:
+    internal::AttributeRows rows; // asks for a sink when it is made
+    internal::AttributeColumns columns;
+    internal::WriteFrame frame;
+};
+
+} // namespace korvel
