@@ -28,8 +28,7 @@ bool IsShownAbove(const grid::CTreeItem* row, const IMemberDispatch* sub) {
 } // namespace
 
 AttributeRows::AttributeRows(AttributeTree& tree, IObserverGrid* observer, const EGridLayout& kind)
-    : layout(kind), m_tree(tree), m_observer(observer), m_rootSink(tree.MakeSink(nullptr)),
-      m_groups(tree, observer), m_subscriptions(*this) {}
+    : layout(kind), m_tree(tree), m_objects(tree, observer), m_subscriptions(*this) {}
 
 void AttributeRows::Bind(IMemberDispatch* root, const std::function<void()>& addColumns) {
     if (m_isBound || m_isRebinding)
@@ -52,16 +51,14 @@ void AttributeRows::Bind(IMemberDispatch* root, const std::function<void()>& add
 
 void AttributeRows::Fill(IMemberDispatch* root) {
     const LossWatch binding = WatchBinding();
-    m_root = root;
+    m_objects.EnterRoot(root);
     if (root)
         m_tree.ChangeMany([&] { InsertMembers(*root, nullptr); });
-    if (binding && m_observer) {
-        m_isRootTold = true;
-        m_observer->AddSink(root, m_rootSink.get());
-    }
+    if (binding)
+        m_objects.TellRoot();
     if (binding)
         m_tree.OnFilled();
-    m_groups.TellAllAgain(); // kept: nested objects hear of their sink a second time
+    m_objects.TellAllAgain(); // kept: nested objects hear of their sink a second time
 }
 
 void AttributeRows::Unbind() {
@@ -75,14 +72,11 @@ void AttributeRows::Unbind() {
     m_isBound = false;
     ++m_bindingLosses;
     ++m_rowLosses;
-    IMemberDispatch* root = std::exchange(m_root, nullptr);
-    ShownGroups::Leaving groups = m_groups.LeaveAll();
+    ShownObjects::Leaving objects = m_objects.LeaveAll();
     m_index.Clear();
     layout.ClearColumns();
     failure.Try([&] { m_subscriptions.Update(m_index); });
-    groups.TakeBack(failure);
-    if (std::exchange(m_isRootTold, false))
-        failure.Try([&] { m_observer->RemoveSink(root, m_rootSink.get()); });
+    objects.TakeBack(failure);
     failure.Try([&] { m_tree.OnEnded(); });
     failure.Rethrow();
 }
@@ -92,14 +86,7 @@ IMemberDispatch* AttributeRows::ObjectOf(const CTreeItem* row) const {
         return nullptr;
     if (layout.RowsAreObjects())
         return row->info ? row->info->disp : nullptr;
-    return row->parent() ? row->parent()->info->disp : m_root;
-}
-
-AttributeRows::ShownObject AttributeRows::FindShown(IMemberDispatch* disp) const {
-    if (disp && disp == m_root)
-        return {true, nullptr};
-    CTreeItem* row = disp ? Find(disp) : nullptr;
-    return {row != nullptr, row};
+    return row->parent() ? row->parent()->info->disp : GetRoot();
 }
 
 void AttributeRows::InsertMembers(IMemberDispatch& disp, CTreeItem* parent) {
@@ -143,11 +130,11 @@ void AttributeRows::InsertGroup(CTreeItem* parent, IMemberDispatch* disp, int po
         ShowTexts(*sub, layout, rows, *info);
     if (!rows)
         return;
-    const bool hasMembers = sub && sub != m_root && !IsShownAbove(parent, sub);
+    const bool hasMembers = sub && sub != GetRoot() && !IsShownAbove(parent, sub);
     AddRow({parent, position, disp, name, FormatService::None}, std::move(info), [&](CTreeItem& row) {
         if (!hasMembers || row.indent() >= DeepestLevel)
             return;
-        m_groups.Enter(*sub, row);
+        m_objects.Enter(*sub, row);
         if (rows)
             InsertMembers(*sub, &row);
     });
@@ -232,24 +219,24 @@ void AttributeRows::Remove(IMemberDispatch* disp, const std::string& name) {
 // Everything that leads to the rows goes before the observer is told, which may come back here.
 void AttributeRows::OnRowUnlinked(CTreeItem& top, const CTreeItem* formerParent) {
     ++m_rowLosses;
-    ShownGroups::Leaving groups = m_groups.LeaveNone();
+    ShownObjects::Leaving objects = m_objects.LeaveNone();
     TreeWalk::VisitUpward(top, [&](CTreeItem& row) {
         const CTreeItem* above = &row == &top ? formerParent : row.parent();
-        ForgetRow(row, above ? above->info->disp : m_root, groups);
+        ForgetRow(row, above ? above->info->disp : GetRoot(), objects);
     });
     FirstFailure failure;
     failure.Try([&] { m_subscriptions.Update(m_index); });
-    groups.TakeBack(failure);
+    objects.TakeBack(failure);
     failure.Rethrow();
 }
 
-void AttributeRows::ForgetRow(CTreeItem& row, const IMemberDispatch* owner, ShownGroups::Leaving& groups) {
+void AttributeRows::ForgetRow(CTreeItem& row, const IMemberDispatch* owner, ShownObjects::Leaving& leaving) {
     const bool wasFiled = row.info->indexHash != 0;
     if (!m_index.RemoveRow(owner, row) && wasFiled)
         m_index.RemoveRow(row); // the host has added it for another object than that of the row above
     IMemberDispatch* disp = row.info->disp;
-    if (disp && m_groups.RowOf(disp) == &row) {
-        m_groups.Leave(disp, groups);
+    if (disp && m_objects.RowOf(disp) == &row) {
+        m_objects.Leave(disp, leaving);
         m_index.RemoveObject(disp); // the members that are cells as well
     } else if (disp && layout.RowsAreObjects()) {
         m_index.RemoveCells(disp, row); // a further row of an object that stays
@@ -257,22 +244,22 @@ void AttributeRows::ForgetRow(CTreeItem& row, const IMemberDispatch* owner, Show
 }
 
 void AttributeRows::Add(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
-    const ShownObject shown = FindShown(disp);
+    const ShownObjects::Place shown = m_objects.PlaceOf(disp);
     if (!shown.isShown)
         return;
     const LossWatch binding = WatchBinding();
     Insert(shown.row, disp, -1, name, value);
     IMemberDispatch* sub = value.Value.Dispatch;
-    if (value.Type != DT_Group || !sub || !m_observer || !binding)
+    if (value.Type != DT_Group || !sub || !binding)
         return;
     // Kept: the observer hears of an added object again, and of one that has no rows without a sink.
-    if (!m_groups.TellAgain(sub) && m_groups.IsEmpty() && Find(disp, name))
-        m_observer->AddSink(sub, nullptr);
+    if (!m_objects.TellAgain(sub) && !m_objects.HasNested() && Find(disp, name))
+        m_objects.TellWithoutSink(*sub);
 }
 
 void AttributeRows::InsertAt(int position, IMemberDispatch* disp, const std::string& name,
                              const CVariantValue& value) {
-    if (const ShownObject shown = FindShown(disp); shown.isShown)
+    if (const ShownObjects::Place shown = m_objects.PlaceOf(disp); shown.isShown)
         Insert(shown.row, disp, position, name, value);
 }
 

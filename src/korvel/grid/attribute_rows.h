@@ -5,7 +5,7 @@
 #include "korvel/grid/format_subscriptions.h"
 #include "korvel/grid/member_index.h"
 #include "korvel/grid/row_layout.h"
-#include "korvel/grid/shown_groups.h"
+#include "korvel/grid/shown_objects.h"
 #include "korvel/output/format_notification.h"
 #include "korvel/window/base/loss_watch.h"
 
@@ -41,11 +41,11 @@ public:
     void Unbind();
 
     bool IsBound() const { return m_isBound; }
-    IMemberDispatch* GetRoot() const { return m_root; }
+    IMemberDispatch* GetRoot() const { return m_objects.Root(); }
     /// The object that owns the member of a row; where a row is an object, that object.
     IMemberDispatch* ObjectOf(const CTreeItem* row) const;
     /// The row of a nested object, or null.
-    CTreeItem* Find(IMemberDispatch* disp) const { return m_groups.RowOf(disp); }
+    CTreeItem* Find(IMemberDispatch* disp) const { return m_objects.RowOf(disp); }
     /// The row of a member, or null; of several members of one name, the first.
     CTreeItem* Find(IMemberDispatch* disp, const std::string& name) const {
         return m_index.Find(disp, name).node;
@@ -104,24 +104,14 @@ private:
         const std::string& name;
         FormatService service;
     };
-    void ForgetRow(CTreeItem& row, const IMemberDispatch* owner, ShownGroups::Leaving& groups);
+    void ForgetRow(CTreeItem& row, const IMemberDispatch* owner, ShownObjects::Leaving& leaving);
     void AddRow(const RowPlace& place, std::unique_ptr<CItemInfo> info,
                 const std::function<void(CTreeItem&)>& fill);
 
     int CellOf(const std::string& name) const { return layout.ColumnOf(name) - 1; }
 
-    /// Whether an object is shown, and the row whose children its members are (null for the root).
-    struct ShownObject {
-        bool isShown;
-        CTreeItem* row;
-    };
-    ShownObject FindShown(IMemberDispatch* disp) const;
-
     AttributeTree& m_tree;
-    IObserverGrid* m_observer;
-    const std::unique_ptr<IObserverGridSink> m_rootSink;
-    IMemberDispatch* m_root = nullptr;
-    ShownGroups m_groups;
+    ShownObjects m_objects;
     MemberIndex m_index; // holds the registration with format services as well
     FormatSubscriptions m_subscriptions;
     FlagWriter m_flags;
@@ -129,7 +119,6 @@ private:
     bool m_isBound = false;
     bool m_isRebinding = false; // in Bind or Unbind: neither begins anew
     bool m_isEnding = false;
-    bool m_isRootTold = false;
     unsigned m_rowLosses = 0;
     unsigned m_bindingLosses = 0;
 };
