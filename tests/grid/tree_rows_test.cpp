@@ -24,7 +24,7 @@ TEST_F(TreeRowsTest, RowsAreThoseOfTheTreeThroughoutRandomChanges) {
         [&](CTreeItem* some) { tree.Collapse(some); },
         [&](CTreeItem* some) { tree.Remove(some); },
         [&](CTreeItem* some) { isInLine = !tree.Unlink(some); },
-        [&](CTreeItem* some) { tree.CopyUnder(some, Some()); },
+        [&](CTreeItem* some) { copies.CopyUnder(some, Some()); },
         [&](CTreeItem* some) {
             isInLine = isInLine && Below(2);
             tree.Hide(some, tree.RowOf(some) + (isInLine ? 1 : 0)); // its own row is wrong
@@ -202,24 +202,24 @@ TEST_F(TreeRowsTest, CopiesAreCollapsedAndOnlyTheTopOneGetsARow) {
     CTreeItem* target = Add(nullptr);
     Add(target);
     tree.Expand(target, 1);
-    EXPECT_TRUE(tree.CopyUnder(target, source));
+    EXPECT_TRUE(copies.CopyUnder(target, source));
     EXPECT_EQ(list.Count(), 4);
     tree.ExpandAll(target->children().back(), nullptr);
     EXPECT_EQ(list.Count(), 6);
     EXPECT_EQ(list.At(5)->info->text, "leaf");
     EXPECT_EQ(list.At(5)->indent(), 4);
-    EXPECT_FALSE(tree.CopyUnder(nullptr, source));
-    EXPECT_FALSE(tree.CopyUnder(inner, source)); // no end
+    EXPECT_FALSE(copies.CopyUnder(nullptr, source));
+    EXPECT_FALSE(copies.CopyUnder(inner, source)); // no end
 
     while (!target->children().empty())
         tree.Remove(target->children().front());
-    tree.CopyBelow(target, source);
+    copies.CopyBelow(target, source);
     EXPECT_EQ(list.Count(), 2) << "below an open node without children, too";
     EXPECT_EQ(tree.Expand(target, 1), 2);
 
     for (CTreeItem* gone : {target, source}) {
         list.onCopying = [&] { tree.Remove(std::exchange(gone, nullptr)); };
-        EXPECT_FALSE(tree.CopyUnder(target, source)) << "the host removes what is copied";
+        EXPECT_FALSE(copies.CopyUnder(target, source)) << "the host removes what is copied";
         if (tree.Roots().size() == 1)
             target = Add(nullptr);
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/grid/branch_copies.h"
 #include "korvel/grid/tree_rows.h"
 #include "support/plain_rows.h"
 
@@ -54,6 +55,7 @@ protected:
 
     PlainRows list;
     internal::TreeRows tree{list};
+    internal::BranchCopies copies{tree, list};
     std::mt19937 random{7};
     int shownCount = 0;
 

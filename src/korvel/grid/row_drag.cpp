@@ -1,5 +1,6 @@
 #include "korvel/grid/row_drag.h"
 
+#include "korvel/grid/branch_copies.h"
 #include "korvel/grid/tree_rows.h"
 #include "korvel/platform/first_failure.h"
 
@@ -7,7 +8,8 @@
 
 namespace korvel::internal {
 
-RowDrag::RowDrag(TreeGridList& list, TreeRows& tree) : m_list(list), m_tree(tree) {}
+RowDrag::RowDrag(TreeGridList& list, TreeRows& tree, BranchCopies& copies)
+    : m_list(list), m_tree(tree), m_copies(copies) {}
 
 RowDrag::~RowDrag() = default;
 
@@ -46,7 +48,7 @@ void RowDrag::Drop(CPoint point) {
     if (!target || target == node->parent())
         return;
     const TreeGridList::RedrawPause pause(m_list);
-    m_tree.MoveUnder(target, node);
+    m_copies.MoveUnder(target, node);
 }
 
 void RowDrag::Stop() {

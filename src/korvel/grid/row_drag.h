@@ -6,13 +6,14 @@
 
 namespace korvel::internal {
 
+class BranchCopies;
 class TreeRows;
 
 /// A row of a tree grid that the pointer drags, and that moves below the row on which it is dropped.
 class RowDrag {
 public:
-    /// Both must outlive it.
-    RowDrag(TreeGridList& list, TreeRows& tree);
+    /// All must outlive it.
+    RowDrag(TreeGridList& list, TreeRows& tree, BranchCopies& copies);
     ~RowDrag();
 
     bool IsActive() const { return m_node != nullptr; }
@@ -27,6 +28,7 @@ private:
 
     TreeGridList& m_list;
     TreeRows& m_tree;
+    BranchCopies& m_copies;
     std::unique_ptr<CImageList> m_image;
     grid::CTreeItem* m_node = nullptr;
     grid::CTreeItem* m_target = nullptr; // under the pointer

@@ -1,23 +1,10 @@
 #pragma once
 
-#include "korvel/grid/tree_item.h"
+#include "korvel/grid/node_runs.h"
 
 #include <functional>
-#include <span>
-#include <vector>
 
 namespace korvel::internal {
-
-/// Nodes whose rows come one below the other, in runs that are good until the tree changes.
-using NodeRun = std::span<grid::CTreeItem* const>;
-using NodeRuns = std::vector<NodeRun>;
-
-inline std::size_t CountOf(const NodeRuns& runs) {
-    std::size_t count = 0;
-    for (const NodeRun run : runs)
-        count += run.size();
-    return count;
-}
 
 /// The list that shows the rows of a TreeRows, and the grid around it. Every operation but the first three
 /// may lead to the host, who may change the tree meanwhile, or throw.
@@ -32,7 +19,7 @@ public:
     /// Gives a row to another node, to none with null. No one hears of it.
     virtual void Rewrite(int row, CTreeItem* node) = 0;
 
-    /// Inserts a row for each node, in order. The nodes of a run are of one depth; no run is empty.
+    /// Inserts a row for each node, in order.
     virtual void Insert(int row, const NodeRuns& runs) = 0;
     /// Makes the check marks of the rows from `first` to before `last` those of their nodes.
     virtual void Mark(int first, int last) = 0;

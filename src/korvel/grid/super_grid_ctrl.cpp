@@ -1,5 +1,6 @@
 #include "korvel/grid/super_grid_ctrl.h"
 
+#include "korvel/grid/branch_copies.h"
 #include "korvel/grid/grid_row_list.h"
 #include "korvel/grid/list_edit_ctrl.h"
 #include "korvel/grid/row_drag.h"
@@ -28,10 +29,12 @@ int PlaceOf(const int* position) {
 // The tree and what acts in its rows.
 struct CSuperGridCtrl::Parts {
     explicit Parts(CSuperGridCtrl& grid)
-        : list(grid, drag, edit), tree(list), drag(grid, tree), edit(grid, tree) {}
+        : list(grid, drag, edit), tree(list), copies(tree, list), drag(grid, tree, copies), edit(grid, tree) {
+    }
 
     GridRowList list;
     TreeRows tree;
+    BranchCopies copies;
     RowDrag drag;
     CListEditCtrl edit;
 };
@@ -137,11 +140,11 @@ int CSuperGridCtrl::RebuildFromNode(CTreeItem* node, int row, bool visible) {
 }
 
 int CSuperGridCtrl::CopyNodeUnder(CTreeItem* target, const CTreeItem* src) {
-    return m_parts->tree.CopyUnder(target, src);
+    return m_parts->copies.CopyUnder(target, src);
 }
 
 void CSuperGridCtrl::CopySubtree(CTreeItem* dest, const CTreeItem* src) {
-    m_parts->tree.CopyBelow(dest, src);
+    m_parts->copies.CopyBelow(dest, src);
 }
 
 void CSuperGridCtrl::RefreshRowTexts(const CTreeItem* node) {

@@ -1,6 +1,5 @@
 #include "korvel/grid/tree_rows.h"
 
-#include "korvel/grid/node_copy.h"
 #include "korvel/grid/tree_walk.h"
 #include "korvel/platform/first_failure.h"
 
@@ -9,58 +8,6 @@
 #include <utility>
 
 namespace korvel::internal {
-
-namespace {
-
-void AppendShown(grid::CTreeItem& node, std::vector<grid::CTreeItem*>& shown) {
-    shown.push_back(&node);
-    if (node.collapsed())
-        return;
-    TreeWalk walk(node);
-    while (grid::CTreeItem* next = walk.Next()) {
-        shown.push_back(next);
-        if (!next->collapsed())
-            walk.Enter(*next);
-    }
-}
-
-NodeRuns RunsOf(NodeRun nodes) {
-    NodeRuns runs;
-    while (!nodes.empty()) {
-        const auto isElsewhere = [&](const grid::CTreeItem* node) {
-            return node->indent() != nodes.front()->indent();
-        };
-        const auto end = std::find_if(nodes.begin(), nodes.end(), isElsewhere);
-        runs.emplace_back(nodes.begin(), end);
-        nodes = NodeRun(end, nodes.end());
-    }
-    return runs;
-}
-
-} // namespace
-
-class TreeRows::NodeWatch {
-public:
-    NodeWatch(TreeRows& tree, const CTreeItem* node) : m_tree(tree), m_node(node), m_outer(tree.m_watches) {
-        tree.m_watches = this;
-    }
-    ~NodeWatch() { m_tree.m_watches = m_outer; }
-    NodeWatch(const NodeWatch&) = delete;
-    NodeWatch& operator=(const NodeWatch&) = delete;
-
-    explicit operator bool() const { return m_node; }
-    // To be called when nodes have left the tree; returns the watch around this one.
-    NodeWatch* Update() {
-        if (!m_tree.Has(m_node))
-            m_node = nullptr;
-        return m_outer;
-    }
-
-private:
-    TreeRows& m_tree;
-    const CTreeItem* m_node;
-    NodeWatch* const m_outer;
-};
 
 TreeRows::TreeRows(RowList& list)
     : m_list(list), m_forest(CTreeItem::MakeForest()), m_nextForest(CTreeItem::MakeForest()) {}
@@ -83,26 +30,32 @@ TreeRows::CTreeItem* TreeRows::NodeAt(int row) const {
     return (m_departing.IsEmpty() && m_discarded.empty()) || Has(node) ? node : nullptr;
 }
 
+grid::NodePtr TreeRows::MakeNode(std::unique_ptr<CItemInfo> info) {
+    if (!info)
+        info = std::make_unique<CItemInfo>();
+    NodePtr node(new CTreeItem(info.get()));
+    static_cast<void>(info.release());
+    return node;
+}
+
 TreeRows::CTreeItem* TreeRows::Link(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) {
-    NodePtr node = MakeNode(std::move(info));
+    return Attach(parent, MakeNode(std::move(info)), position);
+}
+
+TreeRows::CTreeItem* TreeRows::Attach(CTreeItem* parent, NodePtr node, int position) {
     BeginChange();
     (parent ? parent : m_forest.get())->InsertChild(position, node.get());
     return node.release();
 }
 
 bool TreeRows::Show(const CTreeItem* node) {
-    NodeWatch shown(*this, node);
+    const NodeWatch shown = Watch(node);
     const LossWatch rows = Watch();
     if (const CTreeItem* parent = node->parent(); parent && parent->children().size() == 1)
         m_list.Redraw(RowOf(parent)); // its sign comes
     if (rows && Has(node) && node->row() >= 0)
         InsertRow(const_cast<CTreeItem*>(node));
     return static_cast<bool>(shown);
-}
-
-void TreeRows::UpdateWatches() {
-    for (NodeWatch* watch = m_watches; watch;)
-        watch = watch->Update();
 }
 
 void TreeRows::InsertRow(CTreeItem* node) {
@@ -180,7 +133,7 @@ grid::NodePtr TreeRows::Detach(CTreeItem* node) {
     BeginChange();
     CTreeItem* parent = node->parent();
     (parent ? parent : m_forest.get())->RemoveChild(node);
-    UpdateWatches();
+    NodeWatch::UpdateAll(m_lastWatch, *m_forest);
     return NodePtr(node);
 }
 
@@ -247,7 +200,7 @@ void TreeRows::Clear() {
     ++m_removals;
     BeginChange();
     const std::unique_ptr<CTreeItem> former = std::exchange(m_forest, std::move(m_nextForest));
-    UpdateWatches();
+    NodeWatch::UpdateAll(m_lastWatch, *m_forest);
     m_departing.Begin(0, std::max(0, m_list.Count()));
     FirstFailure failure;
     failure.Try([&] { m_list.ChangeMany([&] { m_list.RemoveAll(); }); });
@@ -385,7 +338,7 @@ void TreeRows::RebuildAll() {
     Nodes shown;
     shown.reserve(static_cast<std::size_t>(ShownCount()));
     for (CTreeItem* root : Roots())
-        AppendShown(*root, shown);
+        TreeWalk::VisitShown(*root, [&](CTreeItem& node) { shown.push_back(&node); });
     const LossWatch rows = Watch();
     const int end = Overwrite(0, shown);
     const int count = m_list.Count();
@@ -402,7 +355,7 @@ int TreeRows::RebuildFrom(CTreeItem* node, int row) {
     if (!node || m_list.Count() < 0 || !m_departing.IsEmpty())
         return row;
     Nodes shown;
-    AppendShown(*node, shown);
+    TreeWalk::VisitShown(*node, [&](CTreeItem& next) { shown.push_back(&next); });
     return Overwrite(row, shown);
 }
 
@@ -420,56 +373,17 @@ int TreeRows::Overwrite(int row, const Nodes& nodes) {
     return end;
 }
 
-TreeRows::CTreeItem* TreeRows::LinkCopy(CTreeItem* target, const CTreeItem* source) {
-    if (!target || !source || IsWithin(*source, target))
-        return nullptr;
-    NodePtr copy = CopyNode(m_list, Watch(), *source);
-    if (!copy)
-        return nullptr;
+// Copies get no rows, also below a node that lost its children while expanded.
+void TreeRows::AttachChildren(CTreeItem& parent, CTreeItem& former) {
     BeginChange();
-    target->InsertChild(-1, copy.get());
-    return copy.release();
-}
-
-bool TreeRows::CopyUnder(CTreeItem* target, const CTreeItem* source) {
-    const CTreeItem* copy = LinkCopy(target, source);
-    if (copy)
-        Show(copy);
-    return copy;
-}
-
-void TreeRows::MoveUnder(CTreeItem* target, CTreeItem* node) {
-    NodeWatch moved(*this, node);
-    const CTreeItem* copy = LinkCopy(target, node);
-    if (!copy)
-        return;
-    NodeWatch arrived(*this, copy);
-    FirstFailure failure;
-    failure.Try([&] { Show(copy); });
-    if (moved && arrived) // who removes the copy keeps the node
-        failure.Try([&] { Remove(node); });
-    failure.Rethrow();
-}
-
-void TreeRows::CopyBelow(CTreeItem* target, const CTreeItem* source) {
-    if (!target || !source || source->children().empty() || IsWithin(*source, target))
-        return;
-    const LossWatch rows = Watch();
-    CTreeItem copies(nullptr);
-    if (!CopyChildren(m_list, rows, copies, *source))
-        return;
-    Collapse(target);
-    if (!rows)
-        return;
-    BeginChange();
-    target->SetCollapsed(true); // copies get no rows, also below a node that lost its children while expanded
-    while (!copies.children().empty()) {
-        NodePtr copy(copies.children().front());
-        copies.RemoveChild(copy.get());
-        target->InsertChild(-1, copy.get());
-        static_cast<void>(copy.release());
+    parent.SetCollapsed(true);
+    while (!former.children().empty()) {
+        NodePtr child(former.children().front());
+        former.RemoveChild(child.get());
+        parent.InsertChild(-1, child.get());
+        static_cast<void>(child.release());
     }
-    m_list.Redraw(RowOf(target));
+    m_list.Redraw(RowOf(&parent));
 }
 
 } // namespace korvel::internal

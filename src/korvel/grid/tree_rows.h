@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/grid/departing_rows.h"
+#include "korvel/grid/node_watch.h"
 #include "korvel/grid/row_list.h"
 #include "korvel/window/base/loss_watch.h"
 
@@ -23,22 +24,31 @@ class FirstFailure;
 class TreeRows {
 public:
     using CTreeItem = grid::CTreeItem;
+    using NodePtr = grid::NodePtr;
 
     /// `list` must outlive it.
     explicit TreeRows(RowList& list);
 
     const ChildList& Roots() const { return m_forest->children(); }
     LossWatch Watch() const { return LossWatch(m_removals); }
+    NodeWatch Watch(const CTreeItem* node) { return NodeWatch(m_lastWatch, node); }
     /// The row of a node in the list; -1 for a node that is not shown or of another tree.
     int RowOf(const CTreeItem* node) const;
     /// The node of a row; null for a row that does not exist, or whose node was removed.
     CTreeItem* NodeAt(int row) const;
 
     // A node is added in two steps: who files it does so between them.
+    /// A node without a place; null makes a blank info.
+    static NodePtr MakeNode(std::unique_ptr<CItemInfo> info);
     /// Null makes a blank info. Without `parent` a root; a `position` outside the siblings appends.
     CTreeItem* Link(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position);
+    /// The same for a node without a place.
+    CTreeItem* Attach(CTreeItem* parent, NodePtr node, int position);
     /// False when the host has removed the node meanwhile.
     bool Show(const CTreeItem* node);
+    /// Appends all children of a node without a place, in one step. `parent` was collapsed before, and so they
+    /// get no rows.
+    void AttachChildren(CTreeItem& parent, CTreeItem& former);
     /// Removes a node of this tree with all below and with its rows. It is gone also when the host throws.
     void Remove(CTreeItem* node);
     /// The same, but for the rows: they stay, without node, until the caller removes them or rebuilds. False
@@ -66,20 +76,8 @@ public:
     /// Rewrites the rows of what a node shows from a row on; returns the row after.
     int RebuildFrom(CTreeItem* node, int row);
 
-    /// Appends a collapsed copy of a node and all below. False, and no change, for a target within the
-    /// source, and when the host removes nodes while their infos are copied.
-    bool CopyUnder(CTreeItem* target, const CTreeItem* source);
-    /// Makes such a copy and removes the node: it is moved also when the host throws or removes others while
-    /// the copy is shown. Does nothing where CopyUnder makes no copy.
-    void MoveUnder(CTreeItem* target, CTreeItem* node);
-    /// Copies all below a node to below another one, which is collapsed.
-    void CopyBelow(CTreeItem* target, const CTreeItem* source);
-
 private:
     using Nodes = std::vector<CTreeItem*>;
-    using NodePtr = grid::NodePtr;
-    /// Says whether a node is still in the tree. Lives on the stack: of several, the one made last dies first.
-    class NodeWatch;
 
     bool Has(const CTreeItem* node) const { return node && node->Top() == m_forest.get(); }
     bool IsListed(const CTreeItem& node) const;
@@ -87,10 +85,6 @@ private:
     /// To be called before the tree changes.
     void BeginChange() const;
     NodePtr Detach(CTreeItem* node);
-    /// To be called when nodes have left the tree, before they are deleted.
-    void UpdateWatches();
-    /// A copy without rows; null where CopyUnder makes none.
-    CTreeItem* LinkCopy(CTreeItem* target, const CTreeItem* source);
     /// Deletes a node that was removed, as soon as no row leads to it.
     void Discard(NodePtr node);
     void DeleteDiscarded();
@@ -109,7 +103,7 @@ private:
     std::unique_ptr<CTreeItem> m_forest;
     std::unique_ptr<CTreeItem> m_nextForest; // for a Clear although memory is short
     mutable DepartingRows m_departing;
-    NodeWatch* m_watches = nullptr; // the last begun
+    NodeWatch* m_lastWatch = nullptr;
     unsigned m_removals = 0;
     bool m_isListOutdated = false;    // it may have rows of nodes that were removed
     std::vector<NodePtr> m_discarded; // removed nodes, without infos, to which rows may still lead

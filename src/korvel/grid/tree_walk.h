@@ -42,6 +42,20 @@ public:
         m_next = node.children().begin();
     }
 
+    /// Calls `visit` for a node and all below it that are shown when it is, parents before their children and
+    /// siblings in order.
+    template <class Visit>
+    static void VisitShown(grid::CTreeItem& top, Visit visit) {
+        visit(top);
+        if (top.collapsed())
+            return;
+        TreeWalk walk(top);
+        while (grid::CTreeItem* node = walk.Next()) {
+            visit(*node);
+            if (!node->collapsed())
+                walk.Enter(*node);
+        }
+    }
     /// Calls `visit` for a node and all below it, children before their parents and siblings in order.
     template <class Visit>
     static void VisitUpward(grid::CTreeItem& top, Visit visit) {
