@@ -5,6 +5,7 @@
 #include "korvel/dialogs/dialog_text.h"
 #include "korvel/dialogs/file_dialog.h"
 #include "korvel/dialogs/select_folder_dlg.h"
+#include "korvel/editors/color_aplha_dlg.h"
 #include "korvel/values/text_table.h"
 #include "korvel/window/base/messages.h"
 #include "texts/program_texts.h"
@@ -58,6 +59,11 @@ void ShowText() {
     CDialogText dialog;
     dialog.SetCaption(InCodePage(TheProgramTexts.descriptionCaption));
     dialog.SetText("Track 1\nkm 0.0 - 12.4");
+    dialog.DoModal();
+}
+
+void ShowColorWithTransparency() {
+    CColorAplhaDlg dialog(0x9E2F7FD6);
     dialog.DoModal();
 }
 

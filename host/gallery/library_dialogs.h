@@ -9,6 +9,7 @@ void ShowCodeList();
 void ShowCodeListToPick();
 void ShowCodePair();
 void ShowText();
+void ShowColorWithTransparency();
 void ShowFileChooser(const std::string& file);
 void ShowFolderChooser(const std::string& folder);
 void ShowQuestion();

@@ -71,6 +71,7 @@ void TakeLibrary(Photographer& photographer, const std::string& file) {
     photographer.TakeDialog("code-list-to-pick", ShowCodeListToPick);
     photographer.TakeDialog("code-pair", ShowCodePair);
     photographer.TakeDialog("text", ShowText);
+    photographer.TakeDialog("color", ShowColorWithTransparency);
     photographer.TakeDialog(
         "file", [&] { ShowFileChooser(file); });
     photographer.TakeDialog("folder", [&] { ShowFolderChooser(folder); });

@@ -1,4 +1,5 @@
 #include "korvel/dialogs/dialog_layouts.h"
+#include "korvel/editors/alpha_dialog_layout.h"
 #include "korvel/platform/code_page.h"
 
 #include <gtest/gtest.h>
@@ -67,6 +68,8 @@ TEST(DialogTemplates, CanBeReadAndReachedByKeyboardInEachLanguage) {
         CheckDialog(dialog);
     for (const DialogTemplate& dialog : internal::CommonDialogs<internal::EnglishWords>::Templates)
         CheckDialog(dialog);
+    CheckDialog(internal::AlphaDialogLayout<internal::GermanAlphaWords>::Template);
+    CheckDialog(internal::AlphaDialogLayout<internal::EnglishAlphaWords>::Template);
 }
 
 } // namespace

@@ -41,10 +41,12 @@ void UseMember(Member member) {
 void UseExportedClasses() {
     UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlFileError,
            XmlParser, XmlReason, XmlScanner, XmlSchemaError>();
-    UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CGridCtrlDateTime, CTooltippBitmap, CTreeHelper,
-           CTreeHelper::SNode, ComboTreeItem, IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState,
-           CGridCtrlComboBoxInputStateCheckBox, CGridCtrlComboBoxInputStateDesignDefault,
-           CGridCtrlComboBoxInputStateTree, CGridCtrlComboBoxInputStateTreeCheckBox>();
+    UseAll<CColorAplhaDlg, CColorDialog, mfcSharedCtrls::CColoredButton>();
+    UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CGridCtrlDateTime, CTooltippBitmap,
+           CTreeHelper, CTreeHelper::SNode, ComboTreeItem, IGridCtrlComboBoxInputState,
+           CGridCtrlComboBoxInputState, CGridCtrlComboBoxInputStateCheckBox,
+           CGridCtrlComboBoxInputStateDesignDefault, CGridCtrlComboBoxInputStateTree,
+           CGridCtrlComboBoxInputStateTreeCheckBox>();
     UseAll<CEditableGrid, IGridErrorReporter, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem,
            ChildList>();
     UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut, DlgStateBase,
