@@ -1,5 +1,5 @@
 #include "korvel/editors/cell_conversion.h"
-#include "korvel/grid/dice.h"
+#include "korvel/editors/dice.h"
 #include "korvel/grid/edit_decision.h"
 #include "support/table.h"
 

@@ -1,4 +1,4 @@
-#include "korvel/grid/dice.h"
+#include "korvel/editors/dice.h"
 
 #include <random>
 
