@@ -253,16 +253,16 @@ TEST_F(Delivery, PopupsOfQtDoNotTakeTheFocusAway) {
 TEST_F(Delivery, AWindowClosesWhenItsHandlersLetItAndTheLastOneEndsTheApplication) {
     QApplication::setQuitOnLastWindowClosed(true);
     m_frame.answer[WM_CLOSE] = 0;
-    QTimer::singleShot(
-        0, qApp,
-        [&] {
-            m_user.Widget(m_frame.m_hWnd)->close();
-            EXPECT_TRUE(m_user.Widget(m_frame.m_hWnd)->isVisible());
-            m_frame.answer.clear();
-            m_user.Widget(m_frame.m_hWnd)->close();
-            EXPECT_EQ(m_frame.m_hWnd, nullptr);
-        });
-    QTimer::singleShot(2000, qApp, [] { QApplication::exit(1); });
+    QTimer::singleShot(0, qApp, [&] {
+        m_user.Widget(m_frame.m_hWnd)->close();
+        EXPECT_TRUE(m_user.Widget(m_frame.m_hWnd)->isVisible());
+        m_frame.answer.clear();
+        m_user.Widget(m_frame.m_hWnd)->close();
+        EXPECT_EQ(m_frame.m_hWnd, nullptr);
+    });
+    QTimer tooLate;
+    QObject::connect(&tooLate, &QTimer::timeout, [] { QApplication::exit(1); });
+    tooLate.start(2000);
     EXPECT_EQ(QApplication::exec(), 0);
     QApplication::setQuitOnLastWindowClosed(false);
 }

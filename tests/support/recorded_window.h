@@ -32,7 +32,7 @@ public:
     }
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (const auto named = names.find(message); named != names.end())
+        if (const auto named = Names.find(message); named != Names.end())
             m_log.push_back(m_name + " " + named->second + Detail(message, wParam, lParam));
         if (!React(message))
             return 0;
@@ -69,7 +69,7 @@ private:
         return notice ? " " + std::to_string(static_cast<int>(notice->code)) : "";
     }
 
-    inline static const std::map<UINT, std::string> names = {{WM_CREATE, "create"},
+    inline static const std::map<UINT, std::string> Names = {{WM_CREATE, "create"},
                                                              {WM_DESTROY, "destroy"},
                                                              {WM_NCDESTROY, "end"},
                                                              {WM_SIZE, "size"},

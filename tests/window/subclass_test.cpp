@@ -6,18 +6,18 @@ namespace {
 
 using SubclassTest = WindowTest;
 
-Log* g_log = nullptr;
-WNDPROC g_former = nullptr;
+Log* hookLog = nullptr;
+WNDPROC formerProcedure = nullptr;
 
 LRESULT HookProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_USER)
-        g_log->push_back("hook user");
-    return CallWindowProcA(g_former, window, message, wParam, lParam);
+        hookLog->push_back("hook user");
+    return CallWindowProcA(formerProcedure, window, message, wParam, lParam);
 }
 
 LRESULT ClassProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_USER) {
-        g_log->push_back("class user");
+        hookLog->push_back("class user");
         return static_cast<LRESULT>(wParam) + 1;
     }
     return DefWindowProcA(window, message, wParam, lParam);
@@ -29,11 +29,11 @@ HWND MakeClassWindow() {
 }
 
 TEST_F(SubclassTest, AnObjectMayGoFromBelowAHook) {
-    g_log = &log;
+    hookLog = &log;
     RecordedWindow object("object", log), next("next", log);
     const HWND window = MakeClassWindow();
     ASSERT_TRUE(object.SubclassWindow(window));
-    g_former = reinterpret_cast<WNDPROC>(
+    formerProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(HookProcedure)));
     EXPECT_EQ(SendMessageA(window, WM_USER, 41, 0), 42);
     EXPECT_THAT(Heard(), ElementsAre("hook user", "object user", "class user")) << "the newest first";
@@ -43,7 +43,7 @@ TEST_F(SubclassTest, AnObjectMayGoFromBelowAHook) {
     next.SubclassWindow(window);
     SendMessageA(window, WM_USER, 0, 0);
     EXPECT_THAT(Heard(), ElementsAre("hook user", "next user", "class user"));
-    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(g_former));
+    SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(formerProcedure));
     next.UnsubclassWindow();
     EXPECT_EQ(GetWindowLongPtrA(window, GWLP_WNDPROC), reinterpret_cast<LPARAM>(ClassProcedure));
     ASSERT_TRUE(object.Create(0, nullptr));
@@ -132,7 +132,7 @@ TEST_F(SubclassTest, AParentLeavesToTheControlWhatItDoesNotHandle) {
 }
 
 TEST_F(SubclassTest, DefaultPassesOnTheMessageThatIsHandledAlsoAfterANestedOne) {
-    g_log = &log;
+    hookLog = &log;
     struct DefaultingWindow : CWnd {
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
             if (message != WM_USER)

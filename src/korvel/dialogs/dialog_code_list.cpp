@@ -48,6 +48,7 @@ void InsertPair(CListCtrl& list, int row, const CodePair& pair) {
 
 std::vector<CodePair> AllPairs(const CListCtrl& list) {
     std::vector<CodePair> pairs;
+    pairs.reserve(static_cast<std::size_t>(list.GetItemCount()));
     for (int row = 0; row < list.GetItemCount(); ++row)
         pairs.push_back(PairOf(list, row));
     return pairs;
