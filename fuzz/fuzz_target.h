@@ -56,7 +56,7 @@ public:
 
     /// A file of this content, under the same name each time.
     std::string FileOf(std::string_view content) const {
-        const std::string path = Path() / "input";
+        std::string path = Path() / "input";
         std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
         return path;
     }

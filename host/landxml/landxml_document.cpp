@@ -32,6 +32,8 @@ void LandXmlDocument::CheckVersion() {
         notice = Say({"unknown LandXML version %1: shown, but read-only", {XmlError::Quoted(address)}});
     if (!notice.empty())
         m_notices.push_back(platform::FromUtf8(notice).text);
+    if (!m_loaded.loss.empty())
+        m_notices.push_back(platform::FromUtf8(Say({"%1; shown, but read-only", {m_loaded.loss}})).text);
 }
 
 char LandXmlDocument::OwnAngleUnit() const {

@@ -32,7 +32,8 @@ public:
     /// The root element: its attributes and elements are the first level of the grid.
     ElementObject& Root() { return ObjectOf(0); }
 
-    /// True for a document of an unknown version: what its values mean is guessed from their names.
+    /// True for a document of an unknown version, where what values mean is guessed from their names, and for
+    /// one whose file could not be written again as it is.
     bool IsReadOnly() const { return !m_notices.empty(); }
 
     /// What the user should know beside the document, in the code page of the library's texts.
@@ -44,8 +45,10 @@ public:
 
     const ElementTree& Tree() const { return m_loaded.tree; }
     const ElementMembers& Members() const { return m_members; }
-    const std::string& Encoding() const { return m_loaded.encoding; }
-    bool HasByteOrderMark() const { return m_loaded.hasByteOrderMark; }
+    /// The file as it was read.
+    const FileForm& Form() const { return m_loaded.form; }
+    const FileStamp& Stamp() const { return m_loaded.stamp; }
+    std::size_t HashOfFile() const { return m_loaded.hash; }
 
     ElementObject& ObjectOf(ElementIndex element);
 

@@ -4,16 +4,13 @@
 #include "texts/messages.h"
 
 namespace korvel::inspector {
-namespace {
 
-std::string AtPlace(const XmlError& error) {
+std::string SayOfDocument(const XmlError& error) {
     const std::string text = SayWithPlace(error);
     return error.GetCause() == XmlError::Cause::Encoding
                ? Say({"%1; --encoding NAME reads the file in another encoding", {text}})
                : text;
 }
-
-} // namespace
 
 DocumentError::DocumentError(const std::string& text) : Error(platform::FromUtf8(text).text), m_text(text) {}
 
@@ -21,6 +18,6 @@ DocumentError::DocumentError(const std::string& file, const XmlReason& reason)
     : DocumentError(file + ": " + Say(reason)) {}
 
 DocumentError::DocumentError(const std::string& file, const XmlError& error)
-    : DocumentError(file + ": " + AtPlace(error)) {}
+    : DocumentError(file + ": " + SayOfDocument(error)) {}
 
 } // namespace korvel::inspector

@@ -3,9 +3,10 @@
 #include "korvel/documents/xml_parser.h"
 #include "source/blanks.h"
 #include "source/document_error.h"
-#include "source/source_file.h"
+#include "texts/messages.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -30,6 +31,24 @@ bool IsOfName(std::string_view encoding, const XmlError& error) {
     const XmlPlace place = error.Place();
     return !encoding.empty() && error.GetCause() == XmlError::Cause::Encoding && place.line == 1 &&
            place.position == 1;
+}
+
+// Whether no two texts of bytes stand for the same characters.
+bool HasOneForm(std::string_view encoding) {
+    return encoding.starts_with("UTF-") || encoding == "ISO-8859-1" || encoding == "windows-1252";
+}
+
+std::string LossOf(const DecodedXml& decoded, std::size_t hashOfBytes) {
+    if (decoded.replaced)
+        return SayOfDocument(XmlError(decoded.text, decoded.replaced->offset, decoded.replaced->reason,
+                                      XmlError::Cause::Encoding));
+    if (decoded.fault || HasOneForm(decoded.encoding)) // whoever reads the elements throws a fault
+        return {};
+    const std::optional<std::string> bytes =
+        EncodeXml(decoded.text, decoded.encoding, decoded.hasByteOrderMark);
+    if (bytes && HashOf(*bytes) == hashOfBytes)
+        return {};
+    return Say({"the encoding %1 has several ways to write the same characters", {decoded.encoding}});
 }
 
 } // namespace
@@ -121,12 +140,21 @@ ElementTree ReadElements(std::string source, const std::optional<XmlFault>& faul
     return DocumentReader(std::move(source), fault).Read();
 }
 
+std::size_t HashOf(std::string_view bytes) {
+    return std::hash<std::string_view>()(bytes);
+}
+
 LoadedDocument LoadDocument(const std::string& path, std::string_view encoding) {
-    std::string bytes = ReadSourceFile(path);
+    SourceFile file = ReadSourceFile(path);
+    const std::size_t hash = HashOf(file.bytes);
     try {
-        DecodedXml decoded = DecodeXml(std::move(bytes), encoding);
-        return {ReadElements(std::move(decoded.text), decoded.fault), decoded.encoding,
-                decoded.hasByteOrderMark};
+        DecodedXml decoded = DecodeXml(std::move(file.bytes), encoding, WrongBytes::Replace);
+        std::string loss = LossOf(decoded, hash);
+        return {ReadElements(std::move(decoded.text), decoded.fault),
+                {decoded.encoding, decoded.hasByteOrderMark, file.isPacked},
+                file.stamp,
+                hash,
+                std::move(loss)};
     } catch (const XmlError& error) {
         if (IsOfName(encoding, error))
             throw DocumentError(path, error.Details());

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
+#include <new>
 #include <vector>
 #include <zlib.h>
 
@@ -98,6 +100,31 @@ const char* Unpack(std::string_view packed, std::size_t longest, std::string& un
             return "is packed, and something else follows";
         inflater.BeginMember();
     }
+}
+
+std::string Pack(std::string_view bytes) {
+    constexpr int GzipForm = 15 + 16;
+    constexpr int UsualMemory = 8;
+    z_stream stream{};
+    if (deflateInit2(&stream, Z_DEFAULT_COMPRESSION, Z_DEFLATED, GzipForm, UsualMemory, Z_DEFAULT_STRATEGY) !=
+        Z_OK)
+        throw std::bad_alloc();
+    const std::unique_ptr<z_stream, int (*)(z_stream*)> end(&stream, deflateEnd);
+    std::string packed;
+    std::vector<char> chunk(ChunkSize);
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
+    std::size_t left = bytes.size();
+    int result = Z_OK;
+    while (result == Z_OK || result == Z_BUF_ERROR) {
+        const auto offered = static_cast<uInt>(std::min<std::size_t>(left, std::numeric_limits<uInt>::max()));
+        stream.avail_in = offered;
+        stream.next_out = reinterpret_cast<Bytef*>(chunk.data());
+        stream.avail_out = static_cast<uInt>(chunk.size());
+        result = deflate(&stream, offered == left ? Z_FINISH : Z_NO_FLUSH);
+        left -= offered - stream.avail_in;
+        packed.append(chunk.data(), chunk.size() - stream.avail_out);
+    }
+    return packed;
 }
 
 } // namespace korvel::inspector

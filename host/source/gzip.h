@@ -12,4 +12,7 @@ bool IsGzip(std::string_view bytes);
 /// holds what came before then. More than 1,000 times the packed size, or `longest` bytes, are refused.
 const char* Unpack(std::string_view packed, std::size_t longest, std::string& unpacked);
 
+/// One file packed by gzip, without a time in it.
+std::string Pack(std::string_view bytes);
+
 } // namespace korvel::inspector

@@ -32,13 +32,24 @@ private:
     int m_descriptor;
 };
 
+FileStamp StampOf(const struct stat& status) {
+    constexpr std::int64_t Second = 1'000'000'000;
+    return {status.st_dev, status.st_ino, static_cast<std::uint64_t>(status.st_size),
+            status.st_ctim.tv_sec * Second + status.st_ctim.tv_nsec};
+}
+
 [[noreturn]] void Fail(const std::string& path, const XmlReason& reason) {
     throw DocumentError(path, reason);
 }
 
 } // namespace
 
-std::string ReadSourceFile(const std::string& path) {
+std::optional<FileStamp> StampOf(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0 ? std::optional(StampOf(status)) : std::nullopt;
+}
+
+SourceFile ReadSourceFile(const std::string& path) {
     // O_NONBLOCK: opening a pipe that nobody writes to must not wait.
     const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (file.Get() < 0)
@@ -53,7 +64,8 @@ std::string ReadSourceFile(const std::string& path) {
     if (static_cast<std::size_t>(status.st_size) >= LargestFile)
         Fail(path, "is larger than 4 GB");
 
-    std::string bytes(static_cast<std::size_t>(status.st_size), '\0');
+    SourceFile source{std::string(static_cast<std::size_t>(status.st_size), '\0'), false, StampOf(status)};
+    std::string& bytes = source.bytes;
     std::size_t count = 0;
     while (count < bytes.size()) {
         const ssize_t got = read(file.Get(), bytes.data() + count, bytes.size() - count);
@@ -66,7 +78,8 @@ std::string ReadSourceFile(const std::string& path) {
         count += static_cast<std::size_t>(got);
     }
     bytes.resize(count);
-    if (IsGzip(bytes)) {
+    source.isPacked = IsGzip(bytes);
+    if (source.isPacked) {
         std::string unpacked;
         if (const char* reason = Unpack(bytes, LargestFile - 1, unpacked))
             Fail(path, reason);
@@ -74,7 +87,7 @@ std::string ReadSourceFile(const std::string& path) {
     }
     if (bytes.empty())
         Fail(path, "is empty");
-    return bytes;
+    return source;
 }
 
 } // namespace korvel::inspector

@@ -110,6 +110,11 @@ constexpr Translation Translations[] = {
      "ist gepackt und enthält mehr als 4 GB oder das 1000-Fache seiner Größe"},
     {"no LandXML document, its root element is %1: shown, but read-only",
      "kein LandXML-Dokument, sein Wurzelelement ist %1: nur zum Lesen"},
+    {"the text holds a character that the encoding %1 lacks",
+     "der Text enthält ein Zeichen, das in der Kodierung %1 fehlt"},
+    {"%1; shown, but read-only", "%1; nur zum Lesen"},
+    {"the encoding %1 has several ways to write the same characters",
+     "in der Kodierung %1 lassen sich dieselben Zeichen verschieden schreiben"},
     {"unknown LandXML version %1: shown, but read-only", "unbekannte LandXML-Version %1: nur zum Lesen"},
     // of settings, options and pictures
     {"the kept formats cannot be read and the regional ones are used: %1",

@@ -57,17 +57,17 @@ TEST_F(ComboHandlers, NoRowIsLeftOfABindingWhoseEndThrows) {
     EXPECT_EQ(heedful.GetColumnCount(), 0);
 }
 
-WNDPROC g_former = nullptr;
+WNDPROC formerProcedure = nullptr;
 
 LRESULT FailingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return message == WM_DESTROY ? throw std::runtime_error("second")
-                                 : CallWindowProcA(g_former, window, message, wParam, lParam);
+                                 : CallWindowProcA(formerProcedure, window, message, wParam, lParam);
 }
 
 TEST_F(ComboHandlers, OfTwoFailuresAtTheEndOfTheWindowTheFirstGoesOn) {
     const HWND window =
         CreateWindowExA(0, "SysListView32", "", WS_CHILD | WS_VISIBLE, {0, 0, 200, 200}, frame.m_hWnd, 106);
-    g_former = reinterpret_cast<WNDPROC>(
+    formerProcedure = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(window, GWLP_WNDPROC, reinterpret_cast<LPARAM>(FailingProcedure)));
     HeedfulList attached(eDesignFlat);
     ASSERT_TRUE(attached.SubclassWindow(window));

@@ -64,7 +64,8 @@ TEST(DocumentReader, AgreesWithPugixml) {
         "<a b='&#65;&lt;\t\r\nx&#10;'><!--c--><b> x&amp;<![CDATA[<y>&amp;]]><!-- n -->\r\nz </b>t<b/></a>";
     for (const char* name : {"railway.xml", "imperial.xml", ""}) {
         SCOPED_TRACE(name);
-        const std::string bytes = *name ? ReadSourceFile(std::string(KORVEL_TEST_DATA "/") + name) : rare;
+        const std::string bytes =
+            *name ? ReadSourceFile(std::string(KORVEL_TEST_DATA "/") + name).bytes : rare;
         pugi::xml_document expected;
         ASSERT_TRUE(
             expected.load_buffer(bytes.data(), bytes.size(), pugi::parse_default | pugi::parse_ws_pcdata));

@@ -48,10 +48,11 @@ TEST(InspectorProgram, ReturnsItsStatus) {
          "inspector: das Gebietsschema 'Klingon' ist nicht bekannt; siehe --help\n"},
         {"--list " + bad, 2,
          "inspector: " + bad + ": line 2, position 25: the value of the attribute 'note' is not in quotes\n"},
-        {"--list " + wrong, 2,
+        {"--list " + wrong, 0,
          "inspector: " + wrong +
              ": line 1, position 16: the bytes are not UTF-8, and no other encoding is declared; "
-             "--encoding NAME reads the file in another encoding\n"},
+             "--encoding NAME reads the file in another encoding; shown, but read-only\n"
+             "note\t\xEF\xBF\xBD\xEF\xBF\xBD\x64\xEF\xBF\xBD\n"},
         {"--list --encoding iso-8859-2 " + wrong, 0, "note\t\xC5\x81\xC3\xB3\x64\xC5\xBA\n"},
         {"--version", 0, "inspector " KORVEL_VERSION "\n"},
     };

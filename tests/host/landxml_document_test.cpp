@@ -53,7 +53,7 @@ TEST_F(LandXmlDocumentTest, ShowsWholeDocuments) {
     for (const std::string name : {"railway", "imperial"}) {
         const std::string path = KORVEL_TEST_DATA "/" + name;
         LandXmlDocument document(path + ".xml", {});
-        const std::string expected = ReadSourceFile(path + ".list");
+        const std::string expected = ReadSourceFile(path + ".list").bytes;
         EXPECT_EQ(ListOf(document.Root()), expected);
         std::ostringstream forgetting;
         WriteList(document.Root(), forgetting, [&](IMemberDispatch& written) {

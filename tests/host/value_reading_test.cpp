@@ -16,7 +16,8 @@ constexpr const char* Imperial = R"(<Imperial linearUnit="foot" areaUnit="acre" 
     angularUnit="decimal degrees" directionUnit="turns" velocityUnit="milesPerHour"/>)";
 constexpr const char* Nothing = "<Metric/>";
 
-struct TypedText {
+// The order is that of the rows below.
+struct TypedText { // NOLINT(clang-analyzer-optin.performance.Padding)
     const char* name;
     const char* units;
     const char* element;
