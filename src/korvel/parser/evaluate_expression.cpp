@@ -27,7 +27,7 @@ std::string WithPoint(std::string_view text, std::string_view decimalSeparator) 
 void EndParseSilently(const char*) {}
 
 // All that an evaluation needs is on the stack, so that it takes no memory from the heap.
-double EvaluateWithPoint(std::string_view text) {
+double EvaluateWithPoint(std::string_view text, WholeNumbers wholeNumbers) {
     std::array<char, internal::CLexerNumericParser::TextBufferSize> tokenText;
     internal::CLexerNumericParser scanner;
     scanner.SetPanicHandler(EndParseSilently);
@@ -40,7 +40,7 @@ double EvaluateWithPoint(std::string_view text) {
     std::pmr::monotonic_buffer_resource memory(window.data(), window.size());
     internal::ANTLRTokenBuffer tokens(scanner, internal::CNumericParser::TokenBufferSize, EndParseSilently,
                                       memory);
-    internal::CNumericParser parser(tokens);
+    internal::CNumericParser parser(tokens, wholeNumbers);
     parser.SetPanicHandler(EndParseSilently);
     double value = 0;
     if (parser.Parse(value) != internal::CNumericParser::Status::Success)
@@ -50,14 +50,15 @@ double EvaluateWithPoint(std::string_view text) {
 
 } // namespace
 
-double EvaluateExpression(std::string_view decimalSeparator, std::string_view text) {
+double EvaluateExpression(std::string_view decimalSeparator, std::string_view text,
+                          WholeNumbers wholeNumbers) {
     if (decimalSeparator.empty() || decimalSeparator == ".")
-        return EvaluateWithPoint(text);
-    return EvaluateWithPoint(WithPoint(text, decimalSeparator));
+        return EvaluateWithPoint(text, wholeNumbers);
+    return EvaluateWithPoint(WithPoint(text, decimalSeparator), wholeNumbers);
 }
 
-double EvaluateExpression(const _numberfmtA& format, std::string_view text) {
-    return EvaluateExpression(format.DecimalSep, text);
+double EvaluateExpression(const _numberfmtA& format, std::string_view text, WholeNumbers wholeNumbers) {
+    return EvaluateExpression(format.DecimalSep, text, wholeNumbers);
 }
 
 } // namespace korvel

@@ -1,6 +1,5 @@
 #include "korvel/parser/numeric_parser.h"
 
-#include "korvel/parser/number_of_text.h"
 #include "korvel/parser/numeric_tokens.h"
 
 #include <array>
@@ -35,7 +34,8 @@ constexpr std::array<TokenSet, NumericTokenCount> TokenSets = {
 
 } // namespace
 
-CNumericParser::CNumericParser(ANTLRTokenBuffer& tokens) : ANTLRParser(tokens, {TokenNames, TokenSets}) {}
+CNumericParser::CNumericParser(ANTLRTokenBuffer& tokens, WholeNumbers wholeNumbers)
+    : ANTLRParser(tokens, {TokenNames, TokenSets}), m_wholeNumbers(wholeNumbers) {}
 
 CNumericParser::Status CNumericParser::Parse(double& value) {
     Status status = Status::Success;
@@ -93,12 +93,18 @@ void CNumericParser::BracketedExpression(Status& status, double& value) {
         status = Status::SyntaxError;
 }
 
+double CNumericParser::WholeNumber(NumberSign sign, std::string_view digits) const {
+    if (m_wholeNumbers == WholeNumbers::Of32Bits)
+        return IntegerOfDigits(sign, digits);
+    return DoubleOfText(sign, digits) + 0.0; // there is no negative zero among whole numbers
+}
+
 void CNumericParser::SignedNumber(Status& status, double& value) {
     const NumberSign sign = Lookahead() == S_MINUS ? NumberSign::Negative : NumberSign::Positive;
     if (LookaheadIn(SumSigns))
         Consume();
     if (Lookahead() == INT_VALUE)
-        value = IntegerOfDigits(sign, LookaheadToken().GetText());
+        value = WholeNumber(sign, LookaheadToken().GetText());
     else if (Lookahead() == FLOAT_VALUE)
         value = DoubleOfText(sign, LookaheadToken().GetText());
     if (!MatchSet(Numbers, "factor"))

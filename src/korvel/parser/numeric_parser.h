@@ -1,6 +1,8 @@
 #pragma once
 
 #include "korvel/parser/antlr_parser.h"
+#include "korvel/parser/evaluate_expression.h"
+#include "korvel/parser/number_of_text.h"
 
 namespace korvel::internal {
 
@@ -14,7 +16,7 @@ public:
     static constexpr int MaximumDepth = 1000;
     static constexpr std::size_t TokenBufferSize = 50;
 
-    explicit CNumericParser(ANTLRTokenBuffer& tokens);
+    explicit CNumericParser(ANTLRTokenBuffer& tokens, WholeNumbers wholeNumbers = WholeNumbers::Of32Bits);
 
     /// The whole input as one expression. The value is meaningful with `Success` only.
     Status Parse(double& value);
@@ -29,7 +31,9 @@ private:
     void Factor(Status& status, double& value);
     void BracketedExpression(Status& status, double& value);
     void SignedNumber(Status& status, double& value);
+    double WholeNumber(NumberSign sign, std::string_view digits) const;
 
+    WholeNumbers m_wholeNumbers;
     int m_depth = 0;
 };
 
