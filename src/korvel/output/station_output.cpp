@@ -19,16 +19,6 @@ constexpr int RoadKilometreDecimals = 0;
 constexpr int RoadMetreWidth = 3;
 constexpr int NoWidth = 0;
 
-// The first character of the separator. Read once: a later change of the regional settings does not reach the
-// stations.
-const std::string& DecimalSign() {
-    static const std::string sign = [] {
-        const std::string& separator = SystemSettings().decimalSeparator;
-        return separator.empty() ? "." : separator.substr(0, platform::NextCharacter(separator, 0));
-    }();
-    return sign;
-}
-
 int DigitsOf(const NumberFormat& format) {
     return static_cast<int>(std::min<std::uint64_t>(format.NumDigits, LongestNumberText));
 }
@@ -54,7 +44,7 @@ void AppendStationPart(std::string& out, double value, int decimals, int width) 
     const std::size_t begin = out.size();
     AppendFixedText(out, std::abs(value), decimals);
     if (const std::size_t point = out.find('.', begin); point != std::string::npos)
-        out.replace(point, 1, DecimalSign());
+        out.replace(point, 1, CStationOutput::DecimalSign());
 }
 
 template <typename Real>
@@ -81,6 +71,16 @@ CStationOutput::CStationOutput()
 CStationOutput& CStationOutput::Instance() {
     static CStationOutput output;
     return output;
+}
+
+// The first character of the separator. Read once: a later change of the regional settings does not reach the
+// stations.
+const std::string& CStationOutput::DecimalSign() {
+    static const std::string sign = [] {
+        const std::string& separator = SystemSettings().decimalSeparator;
+        return separator.empty() ? "." : separator.substr(0, platform::NextCharacter(separator, 0));
+    }();
+    return sign;
 }
 
 void CStationOutput::AppendRailway(std::string& out, double station) const {

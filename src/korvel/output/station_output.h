@@ -20,6 +20,9 @@ public:
     /// Of double and float stations.
     void SetDigits(std::uint32_t digits);
 
+    /// Between whole numbers and decimals of stations.
+    static const std::string& DecimalSign();
+
     FormatNotification& Notification() { return m_records.Notification(); }
     bool FollowSystem();
 

@@ -8,6 +8,21 @@
 
 namespace korvel::internal {
 
+namespace {
+
+template <typename Real>
+void AppendShortest(std::string& out, Real value) {
+    if (std::isnan(value)) {
+        out += "nan";
+        return;
+    }
+    std::array<char, 32> text; // 17 digits, sign, point and exponent at the most
+    const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value);
+    out.append(text.data(), end);
+}
+
+} // namespace
+
 void AppendStreamText(std::string& out, double value) {
     if (std::isnan(value)) {
         out += "nan";
@@ -36,6 +51,14 @@ void AppendFixedText(std::string& out, double value, int decimals) {
     const auto [end, error] = std::to_chars(longText.data(), longText.data() + longText.size(), value,
                                             std::chars_format::fixed, decimals);
     out.append(longText.data(), end);
+}
+
+void AppendShortestText(std::string& out, double value) {
+    AppendShortest(out, value);
+}
+
+void AppendShortestText(std::string& out, float value) {
+    AppendShortest(out, value);
 }
 
 } // namespace korvel::internal
