@@ -73,6 +73,7 @@ inline constexpr UINT DM_GETDEFID = WM_USER;
 inline constexpr UINT DM_SETDEFID = WM_USER + 1;
 
 // Keys.
+inline constexpr UINT VK_LBUTTON = 0x01;
 inline constexpr UINT VK_BACK = 0x08;
 inline constexpr UINT VK_TAB = 0x09;
 inline constexpr UINT VK_RETURN = 0x0D;
@@ -96,7 +97,7 @@ inline constexpr UINT VK_ADD = 0x6B;
 inline constexpr UINT VK_SUBTRACT = 0x6D;
 inline constexpr UINT VK_F2 = 0x71;
 inline constexpr UINT VK_F4 = 0x73;
-inline constexpr int KeyIsDown = 0x8000; // own: the high bit of what GetKeyState returns
+inline constexpr int KeyIsDown = -32768; // own: what GetKeyState returns for a key that is down
 
 // Mouse message flags (wParam).
 inline constexpr UINT MK_LBUTTON = 0x0001;
@@ -292,6 +293,7 @@ inline constexpr UINT DFCS_SCROLLRIGHT = 0x0003;
 inline constexpr UINT DFCS_INACTIVE = 0x0100;
 inline constexpr UINT DFCS_PUSHED = 0x0200;
 inline constexpr UINT DFCS_CHECKED = 0x0400;
+inline constexpr UINT DFCS_HOT = 0x1000;
 inline constexpr UINT DT_LEFT = 0x0000;
 inline constexpr UINT DT_CENTER = 0x0001;
 inline constexpr UINT DT_RIGHT = 0x0002;

@@ -178,10 +178,10 @@ KORVEL_API void ReleaseCapture();
 KORVEL_API HWND GetCapture();
 KORVEL_API CPoint GetCursorPos();      // on the screen
 KORVEL_API void SetCursor(int cursor); // IDC_*
-/// KeyIsDown is set while the key is down.
+/// KeyIsDown, which is negative, while the key or mouse button is down, else 0.
 KORVEL_API int GetKeyState(UINT key);
 inline bool IsKeyDown(UINT key) {
-    return (GetKeyState(key) & KeyIsDown) != 0;
+    return GetKeyState(key) < 0;
 }
 /// A repeating timer on the display's clock; WM_TIMER with the id in wParam. The same id replaces the
 /// timer; a period below 10 ms counts as 10. Returns the id; 0 for a window that the display does not show.
