@@ -98,8 +98,9 @@ void CEditableGrid::SetGridOption(EGridOption option, bool on) {
     if (GetGridOption(option) == on)
         return;
     const ModuleStateGuard guard;
-    m_options ^= static_cast<std::uint32_t>(option);
-    m_binding->rows.RewriteMembers(FormatService::Angle); // no option concerns other cells
+    m_options.Set(option, on);
+    if (option == EGridOption::AngleUnit)
+        m_binding->rows.RewriteMembers(FormatService::Angle);
 }
 
 bool CEditableGrid::IsInitialized() const {

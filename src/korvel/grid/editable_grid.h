@@ -1,7 +1,7 @@
 #pragma once
 
+#include "korvel/editors/grid_option.h"
 #include "korvel/grid/grid_layout.h"
-#include "korvel/grid/grid_option.h"
 #include "korvel/grid/super_grid_ctrl.h"
 #include "korvel/values/observer_grid.h"
 
@@ -78,7 +78,7 @@ public:
     void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
     /// All options are off at first; a change rewrites the cells that it concerns.
     void SetGridOption(EGridOption option, bool on);
-    bool GetGridOption(EGridOption option) const { return m_options & static_cast<std::uint32_t>(option); }
+    bool GetGridOption(EGridOption option) const { return m_options.Has(option); }
     /// The column of a member; 1 for a name without a column.
     int GetSubItem(const std::string& name) const;
     /// The member of a column; empty for a column without a member.
@@ -216,7 +216,7 @@ private:
     std::string MemberOfCell(const CTreeItem& node, int column) const;
 
     std::unique_ptr<Binding> m_binding;
-    std::uint32_t m_options = 0; // bits of EGridOption
+    GridOptions m_options;
 };
 
 } // namespace korvel

@@ -42,9 +42,9 @@ void UseExportedClasses() {
     UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlFileError,
            XmlParser, XmlReason, XmlScanner, XmlSchemaError>();
     UseAll<CColorAplhaDlg, CColorDialog, mfcSharedCtrls::CColoredButton>();
-    UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CGridCtrlDateTime, CTooltippBitmap,
-           CTreeHelper, CTreeHelper::SNode, ComboTreeItem, IGridCtrlComboBoxInputState,
-           CGridCtrlComboBoxInputState, CGridCtrlComboBoxInputStateCheckBox,
+    UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CGridCtrlDateTime, CGridCtrlEdit,
+           CGridCtrlSpinButton, CTooltippBitmap, CTreeHelper, CTreeHelper::SNode, ComboTreeItem,
+           IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState, CGridCtrlComboBoxInputStateCheckBox,
            CGridCtrlComboBoxInputStateDesignDefault, CGridCtrlComboBoxInputStateTree,
            CGridCtrlComboBoxInputStateTreeCheckBox>();
     UseAll<CEditableGrid, IGridErrorReporter, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem,
