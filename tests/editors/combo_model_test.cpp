@@ -3,6 +3,7 @@
 #include "korvel/editors/combo_write_back.h"
 #include "korvel/editors/drop_down_height.h"
 #include "support/combo_fixture.h"
+#include "support/make_value.h"
 #include "support/table.h"
 #include "support/wilful_object.h"
 
@@ -66,6 +67,21 @@ TEST_F(ComboModelTest, NamesThatTheHostChanges) {
         shown.Find(id)->name = TextValue(newName);
         ComboNames(*model).EntryRenamed(id);
         EXPECT_EQ(Rows(), rows) << name;
+    }
+}
+
+TEST_F(ComboModelTest, ANameThatIsNoTextIsRenamedByTheTextThatWasTyped) {
+    for (const auto& [border, name, type] :
+         Table<CVariantValue, EDataTyps>{{"a text", TextValue("old"), DT_String},
+                                         {"a file", MakeValue(DT_FileName, "old"), DT_FileName},
+                                         {"a number", MakeValue(DT_Double, 3.5), DT_String}}) {
+        TestEnumeration shown({"replaced"});
+        shown.entries.front().name = name;
+        Open(shown, eDesignFlat);
+        EXPECT_TRUE(ComboNames(*model).RenameLabel(*model->Tree().FindValue(1), "7 m")) << border;
+        EXPECT_EQ(shown.entries.front().name.Type, type) << border;
+        EXPECT_EQ(shown.entries.front().name.Text, "7 m") << border;
+        EXPECT_EQ(Rows(), "7 m") << border;
     }
 }
 

@@ -183,5 +183,48 @@ TEST_F(GridTest, WhatIsThrownAtTheEndOfAGridGoesToTheExceptionHandler) {
     EXPECT_EQ(heard, Lines({"-root", "-root"}));
 }
 
+/// The parent of a grid that ends.
+struct ThrowingParent : CWnd {
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == WM_NOTIFY && onNotice)
+            onNotice(reinterpret_cast<const NMHDR*>(lParam)->hwndFrom);
+        return CWnd::WindowProc(message, wParam, lParam);
+    }
+    std::function<void(HWND sender)> onNotice;
+};
+
+TEST_F(GridTest, ABareGridEndsAsAWholeAlthoughItsParentThrows) {
+    ThrowingParent parent;
+    parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
+    for (const bool isEdited : {true, false}) {
+        SCOPED_TRACE(isEdited);
+        Lines heard;
+        SetExceptionHandler([&](const CString& text) { heard.push_back(text); });
+        HWND window = nullptr;
+        {
+            CSuperGridCtrl grid;
+            grid.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 300, 224}, &parent, 105);
+            grid.InsertColumn(0, "Name", 150);
+            Add(grid, nullptr, "row");
+            Select(grid, 0);
+            window = grid.m_hWnd;
+            if (isEdited) {
+                Press(grid, VK_RETURN);
+                ASSERT_NE(GetFocus(), window);
+            }
+            parent.onNotice = [&](HWND sender) {
+                ASSERT_EQ(sender, window);
+                EXPECT_TRUE(dynamic_cast<CSuperGridCtrl*>(CWnd::FromHandlePermanent(window)))
+                    << "its rows lead to nodes";
+                throw std::runtime_error("of the parent");
+            };
+        }
+        parent.onNotice = nullptr;
+        SetExceptionHandler(nullptr);
+        EXPECT_EQ(heard, Lines(isEdited ? 2 : 1, "of the parent"));
+        EXPECT_FALSE(IsWindow(window));
+    }
+}
+
 } // namespace
 } // namespace korvel

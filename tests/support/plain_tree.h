@@ -1,8 +1,9 @@
 #pragma once
 
-#include "korvel/grid/attribute_rows.h"
 #include "korvel/editors/cell_conversion.h"
+#include "korvel/grid/attribute_rows.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,7 +28,10 @@ public:
         (parent ? parent : m_forest.get())->InsertChild(position, row);
         return row;
     }
-    void ShowRow(CTreeItem&) override {}
+    void ShowRow(CTreeItem&) override {
+        if (onShow)
+            onShow();
+    }
     void RemoveRow(CTreeItem& row) override {
         CTreeItem* parent = row.parent();
         (parent ? parent : m_forest.get())->RemoveChild(&row);
@@ -39,7 +43,10 @@ public:
     void ChangeMany(const std::function<void()>& change) override { change(); }
     void OnFilled() override {}
     void OnEnding() override {}
-    void OnEnded() override { m_forest = CTreeItem::MakeForest(); }
+    void OnEnded() override {
+        m_forest = CTreeItem::MakeForest();
+        columns = 0;
+    }
     void ConvertToOutput(IMemberDispatch*, const std::string&, const CVariantValue& value, std::string& text,
                          CItemInfo::CONTROLTYPE& control) override {
         ConvertCell(value, TextForm::UserFacing, text, control);
@@ -59,6 +66,8 @@ private:
     std::unique_ptr<CTreeItem> m_forest = CTreeItem::MakeForest();
 
 public:
+    std::function<void()> onShow; // hears of each row
+    int columns = 0;              // that a binding has
     AttributeRows rows;
 };
 
