@@ -91,26 +91,76 @@ protected:
 };
 
 TEST_F(Controls, TheListOfAComboBoxIsQtsAndTellsTheSame) {
+    using Keys = std::vector<Qt::Key>;
+    const auto opened = [](const Codes& rest) {
+        Codes codes{CBN_DROPDOWN};
+        codes.insert(codes.end(), rest.begin(), rest.end());
+        return codes;
+    };
     for (const UINT style : {CBS_DROPDOWN, CBS_DROPDOWNLIST})
-        for (const auto& [border, key, current, codes] : Table<Qt::Key, int, Codes>{
-                 {"taken", Qt::Key_Return, 1, {CBN_SELENDOK, CBN_CLOSEUP, CBN_SELCHANGE}},
-                 {"left", Qt::Key_Escape, 0, {CBN_SELENDCANCEL, CBN_CLOSEUP}}}) {
+        for (const auto& [border, first, keys, current, codes] : Table<int, Keys, int, Codes>{
+                 {"taken", 0, {Qt::Key_Down, Qt::Key_Return}, 1, {CBN_SELCHANGE, CBN_SELENDOK, CBN_CLOSEUP}},
+                 {"closed by F4",
+                  0,
+                  {Qt::Key_Down, Qt::Key_F4},
+                  1,
+                  {CBN_SELCHANGE, CBN_SELENDOK, CBN_CLOSEUP}},
+                 {"left",
+                  0,
+                  {Qt::Key_Down, Qt::Key_Escape},
+                  0,
+                  {CBN_SELCHANGE, CBN_SELENDCANCEL, CBN_CLOSEUP}},
+                 {"nothing chosen", -1, {Qt::Key_Return}, -1, {CBN_SELENDOK, CBN_CLOSEUP}},
+                 {"closed at once", 1, {Qt::Key_F4}, 1, {CBN_SELENDOK, CBN_CLOSEUP}}}) {
             SCOPED_TRACE(border);
             MakeBox(style);
+            m_box.SetCurSel(first);
             auto& box = WidgetOf<QComboBox>(m_box);
             const HWND focus = GetFocus();
             Press(VK_F4);
             ASSERT_TRUE(QTest::qWaitFor([&] { return box.view()->isVisible(); }));
-            EXPECT_EQ(m_frame.Take(), Codes{CBN_DROPDOWN});
-            QTest::keyClick(box.view(), Qt::Key_Down);
-            QTest::keyClick(box.view(), key);
-            EXPECT_TRUE(QTest::qWaitFor([&] { return !m_box.GetDroppedState(); }));
-            EXPECT_EQ(m_frame.Take(), codes);
+            for (const Qt::Key key : keys)
+                QTest::keyClick(box.view(), key);
+            EXPECT_FALSE(m_box.GetDroppedState());
+            QApplication::processEvents();
+            EXPECT_EQ(m_frame.Take(), opened(codes));
             EXPECT_EQ(m_box.GetCurSel(), current);
             EXPECT_EQ(box.currentIndex(), current);
             EXPECT_FALSE(box.view()->isVisible());
             EXPECT_EQ(GetFocus(), focus);
         }
+}
+
+TEST_F(Controls, TheOpenListShowsWhatTheWindowHasAndTypesIntoItsField) {
+    MakeBox(CBS_DROPDOWN);
+    auto& box = WidgetOf<QComboBox>(m_box);
+    Press('X', "x");
+    Press(VK_F4);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return box.view()->isVisible(); }));
+    const auto marked = [&] {
+        const QModelIndexList rows = box.view()->selectionModel()->selectedIndexes();
+        return rows.isEmpty() ? -1 : rows.front().row();
+    };
+    for (const auto& [border, key, text, row, shown] :
+         Table<Qt::Key, const char*, int, const char*>{{"a letter", Qt::Key_Y, "y", -1, "xy"},
+                                                       {"an arrow", Qt::Key_Down, "", 0, "one"},
+                                                       {"a page", Qt::Key_PageDown, "", 2, "three"},
+                                                       {"over what is selected", Qt::Key_Z, "z", -1, "z"},
+                                                       {"Return keeps it", Qt::Key_Return, "\r", -1, "z"}}) {
+        SCOPED_TRACE(border);
+        QTest::sendKeyEvent(QTest::Click, box.view(), key, QString::fromLatin1(text), Qt::NoModifier);
+        EXPECT_EQ(marked(), row);
+        EXPECT_EQ(m_box.GetWindowTextA(), shown);
+    }
+    EXPECT_FALSE(m_box.GetDroppedState());
+    Activate();
+    Press(VK_F4);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return box.view()->isVisible(); }));
+    m_frame.Take();
+    box.view()->setCurrentIndex(box.model()->index(1, 0)); // as the pointer does
+    QTest::keyClick(box.view(), Qt::Key_Return);
+    EXPECT_EQ(m_box.GetWindowTextA(), "two") << "what is marked";
+    EXPECT_EQ(m_frame.Take(), (Codes{CBN_SELENDOK, CBN_CLOSEUP, CBN_SELCHANGE}));
 }
 
 TEST_F(Controls, AComboBoxOpensAndClosesWithItsWindow) {

@@ -2,13 +2,15 @@
 
 #include "korvel/qt/choice_model.h"
 #include "korvel/qt/combo_box_widget.h"
+#include "korvel/qt/keys.h"
 #include "korvel/qt/peer_context.h"
 #include "korvel/window/base/control_messages.h"
 #include "korvel/window/core/input.h"
+#include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QKeyEvent>
 
 namespace korvel::internal {
 
@@ -51,6 +53,8 @@ void ComboBoxPeer::Apply(Aspects aspects) {
         return;
     m_box.setCurrentIndex(view::Choice(Window()).current);
     FollowList();
+    if (m_isListShown)
+        m_box.view()->setCurrentIndex(m_entries.index(m_box.currentIndex()));
 }
 
 void ComboBoxPeer::FollowList() {
@@ -62,6 +66,7 @@ void ComboBoxPeer::FollowList() {
         return m_box.hidePopup();
     m_box.setMaxVisibleItems(choice.rowsInList);
     Watch(m_box.List());
+    Watch(*m_box.view());
     m_box.ShowList();
     if (!m_box.List().isVisible()) // Qt shows no empty list
         ReportClosing();
@@ -81,15 +86,37 @@ void ComboBoxPeer::ReportClosing() {
         Qt::QueuedConnection);
 }
 
+// The list takes no focus from the window model: its keys are those of the box or of its field, which types
+// what nobody wants.
+void ComboBoxPeer::HandOn(QKeyEvent& event) {
+    const KeyInput key = TranslateKey(event);
+    const int marked = key.message == WM_KEYDOWN && key.key == VK_RETURN ? Marked() : -1;
+    if (marked >= 0 && marked != view::Choice(Window()).current)
+        return input::Value(Window(), marked);
+    const HWND focus = GetFocus();
+    if (input::Key(focus, key.message, key.key, key.characters))
+        return;
+    if (const Peer* focused = Context().peers.Find(focus))
+        QApplication::sendEvent(&focused->Content(), &event);
+}
+
+// Qt marks the entry under the pointer; the window hears of it when it is taken.
+int ComboBoxPeer::Marked() const {
+    const QModelIndexList marked = m_box.view()->selectionModel()->selectedIndexes();
+    return marked.isEmpty() ? -1 : marked.front().row();
+}
+
 bool ComboBoxPeer::OnEvent(QWidget& widget, QEvent& event) {
+    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
     if (&widget != &m_box) {
-        if (event.type() == QEvent::Hide) {
+        if (event.type() == QEvent::Hide && &widget == &m_box.List()) {
             Context().focus.ExpectActivation(*m_box.window()); // a popup may have been the active window
             ReportClosing();
         }
-        return false;
+        if (isKey)
+            HandOn(static_cast<QKeyEvent&>(event));
+        return isKey;
     }
-    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
     if (isKey && &widget != QApplication::focusWidget()) { // what the field did not want
         event.ignore();
         return true;

@@ -8,7 +8,7 @@ class ChoiceModel;
 class ComboBoxWidget;
 
 /// A combo box that drops its list, which is Qt's own popup. A text field in it is a child with a peer of its
-/// own. Keys are the window's, but for those of the open list.
+/// own. Keys are the window's, those of the open list too.
 class ComboBoxPeer final : public Peer {
 public:
     ComboBoxPeer(PeerContext& context, HWND window, QWidget* parent);
@@ -21,6 +21,8 @@ private:
     ComboBoxPeer(PeerContext& context, HWND window, ComboBoxWidget& box);
     void FollowList();
     void ReportClosing();
+    void HandOn(QKeyEvent& event);
+    int Marked() const;
 
     ComboBoxWidget& m_box;
     ChoiceModel& m_entries;
