@@ -252,8 +252,38 @@ TEST_F(Controls, ADateIsChangedInItsWidget) {
     EXPECT_EQ(time, (SYSTEMTIME{2026, 3, 4, 5, 5}));
     EXPECT_EQ(m_frame.Take(), Codes{DTN_DATETIMECHANGE});
 
-    Press(VK_F4);
+    const auto dayOf = [&] {
+        date.GetTime(time);
+        return time.wDay;
+    };
+    edit.setSelectedSection(QDateTimeEdit::HourSection);
+    for (int step = 0; step < 19; ++step)
+        Press(VK_UP);
+    EXPECT_EQ(edit.text(), QStringLiteral("2026-03-05 at 0")) << "round, in its part";
+    m_frame.Take();
     QWidget* calendar = edit.calendarWidget()->window();
+    for (const auto& [border, key, modifiers, day, codes] : Table<Qt::Key, Qt::KeyboardModifiers, int, Codes>{
+             {"Return", Qt::Key_Return, {}, 6, {DTN_DROPDOWN, DTN_DATETIMECHANGE, DTN_CLOSEUP}},
+             {"F4", Qt::Key_F4, {}, 7, {DTN_DROPDOWN, DTN_DATETIMECHANGE, DTN_CLOSEUP}},
+             {"Alt+Up", Qt::Key_Up, Qt::AltModifier, 8, {DTN_DROPDOWN, DTN_DATETIMECHANGE, DTN_CLOSEUP}},
+             {"Escape brings the date back",
+              Qt::Key_Escape,
+              {},
+              8,
+              {DTN_DROPDOWN, DTN_DATETIMECHANGE, DTN_DATETIMECHANGE, DTN_CLOSEUP}}}) {
+        SCOPED_TRACE(border);
+        Activate();
+        Press(VK_F4);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return calendar->isVisible(); }));
+        QTest::keyClick(calendar->focusWidget(), Qt::Key_Right);
+        QTest::keyClick(calendar->focusWidget(), key, modifiers);
+        EXPECT_FALSE(calendar->isVisible());
+        EXPECT_EQ(dayOf(), day);
+        EXPECT_EQ(m_frame.Take(), codes);
+    }
+
+    Activate();
+    Press(VK_F4);
     EXPECT_TRUE(QTest::qWaitFor([&] { return calendar->isVisible(); }));
     date.CloseMonthCal();
     EXPECT_FALSE(calendar->isVisible());

@@ -3,13 +3,15 @@
 #include "korvel/platform/calendar.h"
 #include "korvel/qt/convert.h"
 #include "korvel/qt/date_edit.h"
+#include "korvel/qt/keys.h"
 #include "korvel/qt/peer_context.h"
 #include "korvel/window/base/control_messages.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
-#include <QEvent>
+#include <QCalendarWidget>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <limits>
@@ -75,6 +77,7 @@ DateEdit& MakeEdit(HWND window, QWidget* parent) {
     auto* edit = new DateEdit(style & DTS_SHOWNONE ? DateEdit::Box::HasDate : DateEdit::Box::None, parent);
     edit->setTimeSpec(Qt::UTC);
     edit->setCalendarPopup(!(style & DTS_UPDOWN));
+    edit->setWrapping(true);
     return *edit;
 }
 
@@ -118,7 +121,7 @@ void DatePeer::FollowCalendar(bool isDropped) {
         return;
     if (!isDropped)
         return calendar->hide();
-    Watch(*calendar);
+    WatchCalendar();
     m_edit.OpenCalendar();
 }
 
@@ -132,11 +135,24 @@ void DatePeer::Report() {
                  isNone ? std::numeric_limits<double>::quiet_NaN() : FromDateTime(m_edit.dateTime()));
 }
 
+void DatePeer::WatchCalendar() {
+    Watch(*m_edit.Calendar());
+    Watch(*m_edit.calendarWidget()->focusProxy());
+}
+
+// The window opens and closes the calendar, and brings the date back; the rest is Qt's.
+bool DatePeer::OnCalendarKey(const QKeyEvent& event) {
+    const KeyInput key = TranslateKey(event);
+    return input::Key(Window(), key.message, key.key, key.characters);
+}
+
 bool DatePeer::OnEvent(QWidget& widget, QEvent& event) {
     if (event.type() == QEvent::MouseButtonPress && m_edit.Calendar())
-        Watch(*m_edit.Calendar()); // the press may open it
+        WatchCalendar(); // the press may open it
     if (&widget == &m_edit || &widget == &m_edit.Line())
         return Peer::OnEvent(widget, event) || (event.type() == QEvent::Wheel && GetFocus() != Window());
+    if (&widget != m_edit.Calendar())
+        return event.type() == QEvent::KeyPress && OnCalendarKey(static_cast<QKeyEvent&>(event));
     if (event.type() == QEvent::Hide)
         Context().focus.ExpectActivation(*m_edit.window()); // a popup may have been the active window
     if ((event.type() == QEvent::Show || event.type() == QEvent::Hide) && !m_isShowing)

@@ -6,7 +6,8 @@ namespace korvel::internal {
 
 class DateEdit;
 
-/// A date control. The widget edits the date; opening the calendar and "no date" are the window's keys.
+/// A date control. The widget edits the date; opening and closing the calendar, Escape in it and "no date" are
+/// the window's keys.
 class DatePeer final : public Peer {
 public:
     DatePeer(PeerContext& context, HWND window, QWidget* parent);
@@ -19,6 +20,8 @@ private:
     DatePeer(PeerContext& context, HWND window, DateEdit& edit);
     void ShowState();
     void FollowCalendar(bool isDropped);
+    void WatchCalendar();
+    bool OnCalendarKey(const QKeyEvent& event);
     void Report();
 
     DateEdit& m_edit;

@@ -127,8 +127,9 @@ int YearOf(int digits) {
 } // namespace
 
 bool IsKeyOfWindow(const DateTimeState& control, UINT message, UINT key) {
-    const bool isSpace = message == WM_KEYDOWN && key == VK_SPACE;
-    return TogglesCalendar(message, key) || (isSpace && control.HasStyle(DTS_SHOWNONE));
+    const bool isSpace = key == VK_SPACE && control.HasStyle(DTS_SHOWNONE);
+    const bool isBack = key == VK_ESCAPE && control.isDropped;
+    return TogglesCalendar(message, key) || (message == WM_KEYDOWN && (isSpace || isBack));
 }
 
 bool PressKey(DateTimeState& control, UINT message, UINT key) {

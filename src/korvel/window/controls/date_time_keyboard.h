@@ -8,7 +8,7 @@
 namespace korvel::internal {
 
 /// Whether the key is for the window also where a native widget edits the date: it opens or closes the
-/// calendar, or says that there is no date.
+/// calendar, brings the date back, or says that there is no date.
 bool IsKeyOfWindow(const DateTimeState& control, UINT message, UINT key);
 /// False: nothing is done with the key.
 bool PressKey(DateTimeState& control, UINT message, UINT key);
