@@ -1,3 +1,4 @@
+#include "korvel/window/controls/tab_ctrl.h"
 #include "korvel/window/dialog/access_keys.h"
 #include "korvel/window/dialog/dialog_keyboard.h"
 #include "support/dialog_fixture.h"
@@ -146,22 +147,29 @@ TEST_F(DialogKeyboardTest, FindsItsWayWhenTheFocusIsNowhere) {
 TEST_F(DialogKeyboardTest, APageLiesInTheRoundOfTheDialogAroundIt) {
     constexpr DialogItem OfPage[] = {{"EDIT", "", 50, Stop, {}}, {"BUTTON", "&Seite", 51, Stop, {}}};
     Have({{301, "Page", WS_CHILD | WS_VISIBLE, {0, 0, 100, 40}, OfPage}});
-    RecordedDialog page;
-    ASSERT_TRUE(page.Create(301u, &dialog));
-    SetFocus(dialog.Item(IDCANCEL));
-    for (const int expected : {50, 51, int{Name}}) {
-        Press(VK_TAB, "\t");
-        EXPECT_EQ(GetDlgCtrlID(GetFocus()), expected);
+    CTabCtrl tabs;
+    tabs.Create(WS_CHILD | WS_VISIBLE, {}, &dialog, 40);
+    for (const auto& [border, parent] :
+         Table<CWnd*>{{"in the dialog", &dialog}, {"in a tab control", &tabs}}) {
+        SCOPED_TRACE(border);
+        RecordedDialog page;
+        ASSERT_TRUE(page.Create(301u, parent));
+        SetFocus(dialog.Item(IDCANCEL));
+        for (const int expected : {50, 51, int{Name}}) {
+            Press(VK_TAB, "\t");
+            EXPECT_EQ(GetDlgCtrlID(GetFocus()), expected);
+        }
+        PressWith(VK_MENU, 'S', "s");
+        EXPECT_EQ(page.commands, std::vector<int>{51});
+        SetFocus(page.Item(50));
+        dialog.commands.clear();
+        Press(VK_RETURN, "\r");
+        EXPECT_EQ(dialog.commands, std::vector<int>{IDOK});
+        SetFocus(dialog.Item(Name));
+        page.SetFocus();
+        EXPECT_EQ(GetFocus(), page.Item(50));
+        page.DestroyWindow();
     }
-    PressWith(VK_MENU, 'S', "s");
-    EXPECT_EQ(page.commands, std::vector<int>{51});
-    SetFocus(page.Item(50));
-    dialog.commands.clear();
-    Press(VK_RETURN, "\r");
-    EXPECT_EQ(dialog.commands, std::vector<int>{IDOK});
-    SetFocus(dialog.Item(Name));
-    page.SetFocus();
-    EXPECT_EQ(GetFocus(), page.Item(50));
 }
 
 TEST_F(DialogKeyboardTest, AKeyThatEndsTheDialogIsTheLastOneItHears) {

@@ -239,6 +239,9 @@ std::optional<LRESULT> HandleTabMessage(TabState& control, UINT message, WPARAM 
 
 std::optional<LRESULT> HandleWindow(TabState& control, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+    case WM_CREATE: // Tab leads into its pages
+        control.record.exStyle |= WS_EX_CONTROLPARENT;
+        return 0;
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
     case WM_KEYDOWN:
