@@ -115,6 +115,14 @@ public:
     }
 };
 
+TEST_F(LayoutManager, FollowsAWindowThatIsLongerThanItsMessageCanSay) {
+    Build(new CBaseItem(host.m_hWnd, ControlId, GrowBoth));
+    for (const int width : {0xFFFF, 0x10000, 70000}) {
+        Resize(width, 100);
+        EXPECT_EQ(view::Rectangle(control).Width(), 0xFFFF);
+    }
+}
+
 TEST(LayoutManagerOfUnevenBars, TakesAndGivesBackTheirRoomAsEver) {
     UnevenBars display;
     SetDisplay(&display);

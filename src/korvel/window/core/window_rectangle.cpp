@@ -90,9 +90,12 @@ view::SizeRange SizesOf(const WindowRecord& record) {
             {std::max(least.right, most.right), std::max(least.bottom, most.bottom)}};
 }
 
+// What is longer than the message can say is said to be as long as it can.
 void TellSize(const WindowRecord& record) {
+    constexpr int Longest = 0xFFFF;
     const CRect client = GetClientRect(record.handle);
-    SendMessageA(record.handle, WM_SIZE, 0, MAKELPARAM(client.Width(), client.Height()));
+    SendMessageA(record.handle, WM_SIZE, 0,
+                 MAKELPARAM(std::min(client.Width(), Longest), std::min(client.Height(), Longest)));
 }
 
 void TellMove(const WindowRecord& record) {
