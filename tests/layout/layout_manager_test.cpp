@@ -175,6 +175,13 @@ TEST_F(LayoutManager, ScrollsWhatItHas) {
     EXPECT_EQ(view::Rectangle(control), (RECT{0, 0, 200, 100})) << "kept: a resize places unscrolled";
 }
 
+TEST_F(LayoutManager, ScrollsNothingWithoutATree) {
+    SetScrollRange(host.m_hWnd, SB_VERT, 0, 50);
+    host.SendMessageA(WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 30));
+    EXPECT_EQ(view::Rectangle(control).TopLeft(), CPoint());
+    EXPECT_EQ(GetScrollPos(host.m_hWnd, SB_VERT), 0);
+}
+
 TEST_F(LayoutManager, LimitsTheSizeThatTheUserMayGive) {
     MINMAXINFO limits;
     EXPECT_FALSE(host.LimitTrackSize(limits)) << "there is no tree yet";

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 #include <limits>
+#include <stdexcept>
 
 namespace korvel {
 namespace {
@@ -220,6 +221,19 @@ TEST(PaneManager, CapturesTheUnionOfItsChildren) {
         EXPECT_EQ(*pane.GetRect(), expected);
         for (const auto& child : pane.children)
             EXPECT_EQ(static_cast<Guest&>(*child).captures, 1) << "by Add only";
+    }
+}
+
+TEST(PaneManager, KeepsNothingOfAChildThatFails) {
+    struct Failing : Guest {
+        Failing() : Guest(GrowBoth, {}) {}
+        void CaptureRect() override { throw std::runtime_error("no window"); }
+    };
+    for (const int orientation : {Row, Column}) {
+        CPaneManager pane(orientation, 0);
+        EXPECT_THROW(pane.Add(new Failing), std::runtime_error);
+        EXPECT_EQ(pane.growCountX + pane.growCountY, 0);
+        EXPECT_TRUE(pane.children.empty());
     }
 }
 

@@ -106,7 +106,8 @@ RECT LayoutManagerBase::UpdateScrollBars(HWND host, RECT rect, bool hTried, bool
 }
 
 void LayoutManagerBase::ScrollLayout(HWND host, int bar, UINT code, int thumb) {
-    ScrollByCode(host, bar, code, thumb);
+    if (root)
+        ScrollByCode(host, bar, code, thumb);
 }
 
 bool LayoutManagerBase::LimitTrackSize(MINMAXINFO& limits) const {

@@ -30,12 +30,18 @@ CPaneManager* CPaneManager::Add(IItem* child) {
     if (!child)
         return this;
     const boost::shared_ptr<IItem> owned(child);
-    if ((child->flags & ItemGrowX) && orientation == 1)
-        ++growCountX;
-    if ((child->flags & ItemGrowY) && orientation == 0)
-        ++growCountY;
-    child->CaptureRect();
-    children.push_back(owned);
+    const int growsX = (child->flags & ItemGrowX) && orientation == 1;
+    const int growsY = (child->flags & ItemGrowY) && orientation == 0;
+    growCountX += growsX;
+    growCountY += growsY;
+    try {
+        child->CaptureRect();
+        children.push_back(owned);
+    } catch (...) {
+        growCountX -= growsX;
+        growCountY -= growsY;
+        throw;
+    }
     return this;
 }
 
