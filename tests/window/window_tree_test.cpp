@@ -5,6 +5,7 @@
 
 #include <limits>
 #include <memory>
+#include <stdexcept>
 
 namespace korvel {
 namespace {
@@ -225,6 +226,51 @@ TEST_F(WindowTreeTest, TellsOnlyWhatMovesAndTheDisplayOnceWhenRedrawIsOnAgain) {
     frame.SetRedraw(true);
     EXPECT_EQ(display.TakeChanges(frame.m_hWnd), Aspect::Text);
     EXPECT_TRUE(display.IsInvalid(frame.m_hWnd));
+}
+
+TEST_F(WindowTreeTest, AHandlerThatFailsKeepsNothingOfAnActBack) {
+    RecordedWindow frame("frame", log), child("child", log);
+    frame.Create(WS_VISIBLE, nullptr);
+    child.Create(WS_CHILD | WS_VISIBLE, &frame);
+    const HWND window = child.m_hWnd;
+    for (const auto& [border, fails, act, heard] : Table<UINT, std::function<void()>, Log>{
+             {"placed",
+              WM_WINDOWPOSCHANGED,
+              [&] {
+                  MoveWindow(window, {1, 1, 9, 9});
+              },
+              {"child placed", "child move", "child size"}},
+             {"moved",
+              WM_MOVE,
+              [&] {
+                  MoveWindow(window, {2, 1, 9, 9});
+              },
+              {"child placed", "child move", "child size"}},
+             {"hidden by its place",
+              WM_SIZE,
+              [&] {
+                  SetWindowPos(window, HWND_TOP, {2, 1, 8, 8}, SWP_HIDEWINDOW);
+              },
+              {"child placed", "child size", "child no focus", "frame focus", "child show 0"}},
+             {"shown", WM_SHOWWINDOW, [&] { ShowWindow(window, SW_SHOW); }, {"child show 1"}},
+             {"hidden",
+              WM_KILLFOCUS,
+              [&] { ShowWindow(window, SW_HIDE); },
+              {"child no focus", "child show 0"}},
+             {"shown again", WM_SHOWWINDOW, [&] { ShowWindow(window, SW_SHOW); }, {"child show 1"}},
+             {"disabled",
+              WM_KILLFOCUS,
+              [&] { EnableWindow(window, false); },
+              {"child no focus", "child enable 0"}}}) {
+        child.SetFocus();
+        Heard();
+        child.on[fails] = [] { throw std::runtime_error("full"); };
+        EXPECT_THROW(act(), std::runtime_error) << border;
+        child.on.clear();
+        EXPECT_EQ(Heard(), heard) << border;
+        EXPECT_EQ(IsWindowVisible(window), !std::string(border).starts_with("hidden")) << border;
+    }
+    EXPECT_FALSE(IsWindowEnabled(window));
 }
 
 TEST_F(WindowTreeTest, SiblingsLieInTheOrderThatTheyAreGiven) {

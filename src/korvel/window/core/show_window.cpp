@@ -1,3 +1,4 @@
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/core/capture.h"
 #include "korvel/window/core/focus.h"
 #include "korvel/window/core/window.h"
@@ -24,6 +25,11 @@ void SetStyleBit(WindowRecord& record, UINT bit, bool set) {
     record.style = set ? record.style | bit : record.style & ~bit;
 }
 
+void TakeInputAway(const WindowRecord& record, HWND heir, FirstFailure& failure) {
+    failure.Try([&] { TakeFocusAway(record, heir); });
+    failure.Try([&] { TakeCaptureAway(record); });
+}
+
 } // namespace
 
 bool ShowWindow(HWND window, int command) {
@@ -34,15 +40,15 @@ bool ShowWindow(HWND window, int command) {
             const bool wasShown = record.IsShown();
             if (show == wasShown)
                 return wasShown;
-            if (!show) {
-                TakeFocusAway(record, record.parent);
-                TakeCaptureAway(record);
-            }
-            SendMessageA(window, WM_SHOWWINDOW, show, 0);
+            FirstFailure failure;
+            if (!show)
+                TakeInputAway(record, record.parent, failure);
+            failure.Try([&] { SendMessageA(window, WM_SHOWWINDOW, show, 0); });
             if (IsWindow(window)) {
                 SetStyleBit(record, WS_VISIBLE, show);
                 TellDisplay(record, Aspect::Visible);
             }
+            failure.Rethrow();
             return wasShown;
         });
 }
@@ -54,13 +60,13 @@ bool EnableWindow(HWND window, bool enable) {
             const bool wasDisabled = !record.IsSwitchedOn();
             if (enable == !wasDisabled)
                 return wasDisabled;
-            if (!enable) {
-                TakeFocusAway(record, nullptr);
-                TakeCaptureAway(record);
-            }
+            FirstFailure failure;
+            if (!enable)
+                TakeInputAway(record, nullptr, failure);
             SetStyleBit(record, WS_DISABLED, !enable);
             TellDisplay(record, Aspect::Enabled);
-            SendMessageA(window, WM_ENABLE, enable, 0);
+            failure.Try([&] { SendMessageA(window, WM_ENABLE, enable, 0); });
+            failure.Rethrow();
             return wasDisabled;
         });
 }

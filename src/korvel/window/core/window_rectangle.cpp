@@ -1,5 +1,6 @@
 #include "korvel/window/core/window_rectangle.h"
 
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/core/client_area.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_changes.h"
@@ -40,14 +41,16 @@ bool SetWindowPos(HWND window, HWND insertAfter, const CRect& rect, UINT flags) 
             const CRect wanted = Placeable(rect);
             const CPoint corner = flags & SWP_NOMOVE ? record.rect.TopLeft() : wanted.TopLeft();
             const CRect size = flags & SWP_NOSIZE ? record.rect : wanted;
-            Place(record, {corner.x, corner.y, corner.x + size.Width(), corner.y + size.Height()},
-                  PlaceOrigin::Program);
+            const CRect target{corner.x, corner.y, corner.x + size.Width(), corner.y + size.Height()};
+            FirstFailure failure;
+            failure.Try([&] { Place(record, target, PlaceOrigin::Program); });
             if (!(flags & SWP_NOZORDER))
-                PutAfter(record, insertAfter);
+                failure.Try([&] { PutAfter(record, insertAfter); });
             if (flags & SWP_HIDEWINDOW)
-                ShowWindow(window, SW_HIDE);
+                failure.Try([&] { ShowWindow(window, SW_HIDE); });
             else if (flags & SWP_SHOWWINDOW)
-                ShowWindow(window, flags & SWP_NOACTIVATE ? SW_SHOWNA : SW_SHOW);
+                failure.Try([&] { ShowWindow(window, flags & SWP_NOACTIVATE ? SW_SHOWNA : SW_SHOW); });
+            failure.Rethrow();
             return true;
         });
 }
@@ -119,11 +122,13 @@ void Place(WindowRecord& record, const CRect& rect, PlaceOrigin origin) {
     const CRect former = std::exchange(record.rect, placed);
     if (origin == PlaceOrigin::Program)
         TellDisplay(record, Aspect::Rectangle);
-    SendMessageA(record.handle, WM_WINDOWPOSCHANGED, 0, 0);
+    FirstFailure failure;
+    failure.Try([&] { SendMessageA(record.handle, WM_WINDOWPOSCHANGED, 0, 0); });
     if (former.TopLeft() != placed.TopLeft())
-        TellMove(record);
+        failure.Try([&] { TellMove(record); });
     if (former.Width() != placed.Width() || former.Height() != placed.Height())
-        TellSize(record);
+        failure.Try([&] { TellSize(record); });
+    failure.Rethrow();
 }
 
 } // namespace internal
