@@ -7,6 +7,7 @@
 #include "support/control_fixture.h"
 
 #include <climits>
+#include <stdexcept>
 
 namespace korvel {
 namespace {
@@ -88,11 +89,15 @@ public:
     std::vector<int> deltas;
     int replacedDelta = 0;
     bool refuses = false;
+    bool fails = false;
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_HSCROLL || message == WM_VSCROLL)
+        if (message == WM_HSCROLL || message == WM_VSCROLL) {
             heard.push_back(wParam);
+            if (fails)
+                throw std::runtime_error("full");
+        }
         return CWnd::WindowProc(message, wParam, lParam);
     }
     bool OnNotify(WPARAM, LPARAM lParam, LRESULT* result) override {
@@ -185,6 +190,30 @@ TEST_F(SliderTest, ANativeThumbTellsTheSame) {
     for (const double value : {14.0, 1e300, std::numeric_limits<double>::quiet_NaN()})
         input::Value(slider.m_hWnd, value);
     EXPECT_EQ(Take(), std::vector<WPARAM>());
+}
+
+TEST_F(SliderTest, AParentThatFailsHearsTheEndOfEachMove) {
+    using Act = std::function<void()>;
+    const auto value = [&] { input::Value(slider.m_hWnd, 53); };
+    const auto dragged = [&] {
+        Mouse(WM_LBUTTONDOWN, 55);
+        EXPECT_THROW(value(), std::runtime_error);
+        Mouse(WM_LBUTTONUP, 55);
+    };
+    const std::vector<WPARAM> moved{At(TB_THUMBTRACK, 53), At(TB_THUMBPOSITION, 53), TB_ENDTRACK};
+    for (const auto& [border, act, told] : Table<Act, std::vector<WPARAM>>{
+             {"the wheel of a widget", value, moved},
+             {"a step", [&] { input::Stepped(slider.m_hWnd, TB_PAGEUP); }, {TB_PAGEUP, TB_ENDTRACK}},
+             {"the mouse", dragged, moved}}) {
+        Make();
+        parent.fails = true;
+        EXPECT_THROW(act(), std::runtime_error) << border;
+        parent.fails = false;
+        EXPECT_EQ(Take(), told) << border;
+        Mouse(WM_LBUTTONDOWN, slider.GetPos() + 5); // on the thumb
+        Mouse(WM_LBUTTONUP, slider.GetPos() + 5);
+        EXPECT_EQ(Take(), std::vector<WPARAM>{TB_ENDTRACK}) << border << ": it is dragged no more";
+    }
 }
 
 TEST_F(SliderTest, ProgramsKeepItInItsRangeSilently) {

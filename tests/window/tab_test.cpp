@@ -1,6 +1,8 @@
 #include "korvel/window/controls/tab_ctrl.h"
 #include "support/control_fixture.h"
 
+#include <stdexcept>
+
 namespace korvel {
 namespace {
 
@@ -8,12 +10,15 @@ class TabParent : public CWnd {
 public:
     Codes codes;
     bool refuses = false;
+    UINT fails = 0; // the notice whose handler does
     Codes Take() { return std::exchange(codes, {}); }
 
 protected:
     bool OnNotify(WPARAM, LPARAM lParam, LRESULT* result) override {
         codes.push_back(reinterpret_cast<const NMHDR*>(lParam)->code);
         *result = refuses;
+        if (codes.back() == fails)
+            throw std::runtime_error("full");
         return true;
     }
 };
@@ -89,6 +94,20 @@ TEST_F(TabTest, TheUserAsksBeforeATabIsTaken) {
     for (int i = 0; i < 2; ++i)
         press(VK_RIGHT)();
     EXPECT_EQ(tabs.GetCurSel(), 2) << "the last one is the end";
+}
+
+TEST_F(TabTest, AHandlerThatFailsLeavesWindowAndBarAlike) {
+    for (const auto& [border, fails, current] :
+         Table<UINT, int>{{"asked", TCN_SELCHANGING, 1}, {"told", TCN_SELCHANGE, 2}}) {
+        Make();
+        display.TakeChanges(tabs.m_hWnd);
+        parent.fails = fails;
+        EXPECT_THROW(input::Value(tabs.m_hWnd, 2), std::runtime_error) << border;
+        EXPECT_EQ(tabs.GetCurSel(), current) << border;
+        EXPECT_TRUE(display.TakeChanges(tabs.m_hWnd) & Aspect::State)
+            << border << ": the bar shows the third";
+        parent.fails = 0;
+    }
 }
 
 TEST_F(TabTest, ThePageLiesBelowTheTabs) {

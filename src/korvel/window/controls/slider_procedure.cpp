@@ -1,3 +1,4 @@
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/controls/slider_state.h"
 #include "korvel/window/core/input_delivery.h"
 #include "korvel/window/core/window_changes.h"
@@ -133,12 +134,19 @@ void Press(SliderState& slider, CPoint point) {
         Move(slider, distance < 0 ? TB_PAGEUP : TB_PAGEDOWN);
 }
 
+// A parent that fails is told the end nevertheless.
+void EndMove(SliderState& slider, FirstFailure& failure) {
+    if (std::exchange(slider.isDragging, false))
+        failure.Try([&] { Tell(slider, TB_THUMBPOSITION); });
+    failure.Try([&] { Tell(slider, TB_ENDTRACK); });
+}
+
 void EndPress(SliderState& slider) {
     if (!std::exchange(slider.isPressed, false))
         return;
-    if (std::exchange(slider.isDragging, false))
-        Tell(slider, TB_THUMBPOSITION);
-    Tell(slider, TB_ENDTRACK);
+    FirstFailure failure;
+    EndMove(slider, failure);
+    failure.Rethrow();
 }
 
 // The release comes here before a native widget gets it.
@@ -269,20 +277,22 @@ view::RangeView SliderState::Range() const {
 
 // The release of the mouse ends the steps that its press has begun.
 void SliderState::Stepped(UINT code) {
-    Move(*this, code);
+    FirstFailure failure;
+    failure.Try([&] { Move(*this, code); });
     if (!isPressed)
-        Tell(*this, TB_ENDTRACK);
+        EndMove(*this, failure);
+    failure.Rethrow();
 }
 
 // Without the mouse pressed it is the wheel that has moved it.
 void SliderState::Value(double value) {
     if (!(std::abs(value) <= std::numeric_limits<int>::max()))
         return;
-    Drag(*this, range.Clamped(std::llround(value)));
-    if (isPressed || !std::exchange(isDragging, false))
-        return;
-    Tell(*this, TB_THUMBPOSITION);
-    Tell(*this, TB_ENDTRACK);
+    FirstFailure failure;
+    failure.Try([&] { Drag(*this, range.Clamped(std::llround(value))); });
+    if (!isPressed && isDragging)
+        EndMove(*this, failure);
+    failure.Rethrow();
 }
 
 } // namespace korvel::internal

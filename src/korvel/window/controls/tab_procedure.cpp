@@ -1,4 +1,5 @@
 #include "korvel/platform/code_page.h"
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/controls/tab_ctrl.h"
 #include "korvel/window/core/client_area.h"
 #include "korvel/window/core/display.h"
@@ -51,12 +52,15 @@ void Take(TabState& control, int tab) {
         return;
     const HWND window = control.record.handle;
     NMHDR notice;
-    const bool isRefused = NotifyParent(window, TCN_SELCHANGING, notice) != 0;
+    bool isRefused = true; // also by a handler that fails
+    FirstFailure failure;
+    failure.Try([&] { isRefused = NotifyParent(window, TCN_SELCHANGING, notice) != 0; });
     if (!isRefused && control.Has(tab))
         control.current = tab;
     TellDisplay(control.record, Aspect::State); // a widget may show another one
     if (!isRefused)
         NotifyParent(window, TCN_SELCHANGE, notice);
+    failure.Rethrow();
 }
 
 // --- tabs ---
