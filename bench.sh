@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds in release mode, installs the peers and measures all of them in the same run. Each line holds, between
 # tabs: operation, n, ours, unit, peer, the peer's figure, and how many times our figure the peer's is. Where
-# there is no peer, "goal" stands for the most that it may cost.
+# there is no peer, "goal" stands for the most that it may cost, and "at the end" for what the same costs there.
 #
 #   ./bench.sh                   every measure, trees with 1,000 to 1,000,000 members
 #   ./bench.sh MEMBERS...        the same with trees of these sizes

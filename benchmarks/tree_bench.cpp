@@ -12,6 +12,8 @@
 #include <QTreeView>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <array>
+#include <memory>
 
 namespace {
 
@@ -26,18 +28,21 @@ void PaintNow(QWidget& widget) {
     bench::Keep(widget.grab());
 }
 
+// The widget must go before the two windows.
+std::unique_ptr<QWidget> Show(korvel::CWnd& frame, korvel::CListCtrl& grid) {
+    frame.CreateEx(0, "KorvelFrame", "ours", korvel::WS_OVERLAPPEDWINDOW, {0, 0, 600, 800}, nullptr, 0);
+    grid.Create(korvel::WS_CHILD | korvel::WS_VISIBLE | korvel::LVS_REPORT | korvel::LVS_SINGLESEL,
+                {0, 0, 600, 800}, &frame, 105);
+    std::unique_ptr<QWidget> widget(korvel::qt::Embed(frame.m_hWnd));
+    widget->resize(600, 800);
+    widget->show();
+    QApplication::processEvents();
+    return widget;
+}
+
 class GridTree : public bench::Tree {
 public:
-    GridTree() : m_grid(nullptr, nullptr) {
-        m_frame.CreateEx(0, "KorvelFrame", "ours", korvel::WS_OVERLAPPEDWINDOW, {0, 0, 600, 800}, nullptr, 0);
-        m_grid.Create(korvel::WS_CHILD | korvel::WS_VISIBLE | korvel::LVS_REPORT | korvel::LVS_SINGLESEL,
-                      {0, 0, 600, 800}, &m_frame, 105);
-        m_widget = korvel::qt::Embed(m_frame.m_hWnd);
-        m_widget->resize(600, 800);
-        m_widget->show();
-        QApplication::processEvents();
-    }
-    ~GridTree() override { delete m_widget; }
+    GridTree() : m_grid(nullptr, nullptr), m_widget(Show(m_frame, m_grid)) {}
 
     void Fill(bench::LiveRoot& root) override { m_grid.Initialize(&root, "Name", "Value", 0); }
     void ExpandAll() override { m_grid.ExpandAll(); }
@@ -61,7 +66,7 @@ private:
 
     korvel::CWnd m_frame;
     korvel::CEditableGrid m_grid;
-    QWidget* m_widget = nullptr;
+    std::unique_ptr<QWidget> m_widget;
 };
 
 class TreeWidgetTree : public bench::Tree {
@@ -210,6 +215,64 @@ private:
     QTreeView m_view;
 };
 
+// A tree grid whose only root is open: each of its children has a row.
+class OpenFamily : public korvel::CSuperGridCtrl {
+public:
+    enum class Place { Front, End };
+
+    OpenFamily() : m_widget(Show(m_frame, *this)) {
+        InsertColumn(0, "Name", 300);
+        m_root = AddRootNode(new korvel::CItemInfo, nullptr);
+        Insert(Place::End);
+        ExpandNode(m_root, 0);
+    }
+    ~OpenFamily() override {
+        m_widget.reset();
+        DestroyWindow();
+    }
+    void Insert(Place place) {
+        constexpr int First = 0;
+        AddChildNode(m_root, new korvel::CItemInfo, 1, place == Place::Front ? &First : nullptr);
+    }
+    void Remove(Place place) {
+        const korvel::ChildList& family = m_root->children();
+        TakeNode(place == Place::Front ? family.front() : family.back());
+    }
+
+private:
+    korvel::CWnd m_frame;
+    std::unique_ptr<QWidget> m_widget;
+    CTreeItem* m_root = nullptr;
+};
+
+// What rows cost at the front of a large family stands beside what they cost at its end.
+void MeasureFamily() {
+    constexpr long Rows = 100000;
+    using Place = OpenFamily::Place;
+    using Figures = std::array<std::array<double, bench::Runs>, 2>; // by place
+    Figures inserted{};
+    Figures removed{};
+    for (std::size_t run = 0; run < bench::Runs; ++run)
+        for (const Place place : {Place::Front, Place::End}) {
+            OpenFamily family;
+            const auto nanoseconds = [&](void (OpenFamily::*change)(Place)) {
+                return 1e9 / Rows * bench::CpuSecondsOf([&] {
+                           for (long row = 0; row < Rows; ++row)
+                               (family.*change)(place);
+                       });
+            };
+            const auto index = static_cast<std::size_t>(place);
+            inserted[index][run] = nanoseconds(&OpenFamily::Insert);
+            removed[index][run] = nanoseconds(&OpenFamily::Remove);
+        }
+    const auto write = [](const char* operation, const Figures& figures) {
+        bench::Write(operation, Rows, "ours", "ns", bench::Median(figures[0]));
+        bench::Write(operation, Rows, "at the end", "ns", bench::Median(figures[1]));
+    };
+    write("insert at front", inserted);
+    write("remove from front", removed);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -224,5 +287,6 @@ int main(int argc, char** argv) {
             "QTreeWidget", n, [] { return std::make_unique<TreeWidgetTree>(); });
         bench::MeasureTree("QTreeView", n, [] { return std::make_unique<TreeViewTree>(); });
     }
+    MeasureFamily();
     korvel::SetDisplay(nullptr);
 }
