@@ -4,6 +4,7 @@
 #include "korvel/window/display/headless_display.h"
 #include "support/fakes.h"
 #include "support/german_machine.h"
+#include "support/picture.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -15,33 +16,6 @@ namespace korvel {
 inline CPoint MiddleOf(const CRect& rect) {
     return {rect.left + rect.Width() / 2, rect.top + rect.Height() / 2};
 }
-
-/// What one painting of a window drew.
-struct Picture {
-    std::vector<PaintCall> calls;
-
-    /// The color that lies last at a point.
-    COLORREF At(CPoint place) const {
-        COLORREF color = 0xFFFFFFFF;
-        for (const PaintCall& call : calls)
-            if (call.kind == PaintCall::Kind::Fill && call.rect.PtInRect(place))
-                color = call.color;
-        return color;
-    }
-    /// Null: it was not drawn.
-    const PaintCall* FindText(const std::string& text) const {
-        const auto found = std::find_if(calls.begin(), calls.end(), [&](const PaintCall& call) {
-            return call.kind == PaintCall::Kind::Text && call.text == text;
-        });
-        return found == calls.end() ? nullptr : &*found;
-    }
-    /// How many calls of a kind begin within an area.
-    int Count(PaintCall::Kind kind, const CRect& area) const {
-        return static_cast<int>(std::count_if(
-            calls.begin(), calls.end(),
-            [&](const PaintCall& call) { return call.kind == kind && area.PtInRect(call.rect.TopLeft()); }));
-    }
-};
 
 /// A frame with room for a grid of 300 by 224 pixels: the header takes 24, a row 20, so that ten rows are on
 /// screen; and two objects of the host to begin with.

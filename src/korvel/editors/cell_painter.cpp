@@ -10,6 +10,7 @@ namespace korvel::internal {
 namespace {
 
 constexpr int TextMargin = 4;
+constexpr COLORREF Opaque = 0xFF000000;
 
 constexpr UINT TextFormat = DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS;
 
@@ -44,6 +45,9 @@ CRect CellPainter::DrawControl(const CellLook& look, const CRect& cell) {
         room.left = LeftSquare(cell).right;
         return room;
     case ctColor:
+        DrawSwatch(square, look.swatch | Opaque);
+        room.left = LeftSquare(cell).right;
+        return room;
     case ctColorAlpha:
         DrawSwatch(square, look.swatch);
         room.left = LeftSquare(cell).right;

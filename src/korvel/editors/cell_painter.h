@@ -13,7 +13,7 @@ struct CellLook {
     bool isEnabled = true;
     bool isChosen = false; ///< a list shows its arrow
     UINT checkState = 0;   ///< of ctCheck: DFCS_*
-    COLORREF swatch = 0;   ///< of the colors, with its opacity in the top byte
+    COLORREF swatch = 0;   ///< of the colors; of ctColorAlpha with its opacity in the top byte
 };
 
 enum class CellGround {

@@ -55,8 +55,9 @@ bool CComboList::CreateDropDown(CWnd* owner, int id) {
     return CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", Style, {}, owner, id);
 }
 
-void CComboList::DropBelow(const CRect& field) {
+void CComboList::DropBelow(const CRect& field, int highest) {
     m_parts->field = field;
+    m_parts->highest = highest;
     m_parts->PlaceBelowField();
     EnsureVisible(GetCurrentRow(), false);
 }

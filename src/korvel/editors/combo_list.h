@@ -57,13 +57,13 @@ public:
     /// Makes the window of a list that drops down: a top-level window of its own, hidden, that never takes
     /// the keyboard. `owner` gets its notifications; the top-level window of `owner` owns it.
     bool CreateDropDown(CWnd* owner, int id);
-    /// Places an initialized list below its field (screen coordinates) and as wide, never above: 150 pixels
+    /// Places an initialized list below its field (screen coordinates) and as wide, never above: `highest` pixels
     /// high at most, whole rows only, less when there are fewer rows or the screen ends. Three rows
     /// are shown also where the screen ends before them. A fixed height would cut off a row, or leave rows
     /// below the screen that neither keys nor wheel bring up. Until UnIntialize the height follows the rows;
     /// the current row is visible at first. In a Wayland session, where no window knows its place on the
     /// screen, the list opens below also where the screen ends.
-    void DropBelow(const CRect& field);
+    void DropBelow(const CRect& field, int highest = 150);
     /// The window that SendParentComboMessage sends to; null: the parent window.
     void SetOwner(CWnd* owner);
     HWND GetOwnerWindow() const;

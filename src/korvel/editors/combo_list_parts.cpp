@@ -123,7 +123,8 @@ void ComboListParts::PlaceBelowField() {
     place.bottom += DropDownHeight({.rows = model.Tree().RowCount(),
                                     .rowHeight = list.GetRowHeight(),
                                     .frame = border + (header ? header->GetWindowRect().Height() : 0),
-                                    .room = place.top < screen ? screen - place.top : NoEnd});
+                                    .room = place.top < screen ? screen - place.top : NoEnd,
+                                    .highest = highest});
     if (place != list.GetWindowRect())
         SetWindowPos(list.m_hWnd, nullptr, place, SWP_NOZORDER | SWP_NOACTIVATE);
 }

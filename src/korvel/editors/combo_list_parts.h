@@ -34,6 +34,7 @@ struct ComboListParts final : ComboRowSink {
     ComboCommands commands;
     std::set<EDataTyps> sinkTypes;
     std::optional<CRect> field; // that the list has dropped below
+    int highest = 150;          // in pixels
     IDateFormatChangedImp<CComboList> dateSink;
     IAngleFormatChangedImp<CComboList> angleSink;
     INumberFormatChangedImp<CComboList> numberSink;

@@ -5,10 +5,9 @@
 namespace korvel::internal {
 
 int DropDownHeight(const DropDownContent& content) {
-    constexpr int Highest = 150;
     constexpr int FewestRows = 3;
     const int rowHeight = std::max(content.rowHeight, 1);
-    const int fitting = (std::min(Highest, content.room) - content.frame) / rowHeight;
+    const int fitting = (std::min(content.highest, content.room) - content.frame) / rowHeight;
     const int rows = std::min(std::max(fitting, FewestRows), std::max(content.rows, 1));
     return rows * rowHeight + content.frame;
 }

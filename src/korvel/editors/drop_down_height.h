@@ -8,9 +8,10 @@ struct DropDownContent {
     int rowHeight = 0;
     int frame = 0; ///< what border and header take
     int room = 0;  ///< below the field
+    int highest = 150;
 };
 
-/// Whole rows: as many as 150 pixels and the room hold, but three at least, and never more than there are. A
+/// Whole rows: as many as the highest list and the room hold, but three at least, and never more than there are. A
 /// list without rows is as high as one.
 ///
 ///     DropDownHeight({.rows = 50, .rowHeight = 20, .frame = 2, .room = 900});   // 142

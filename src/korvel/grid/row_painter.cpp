@@ -2,17 +2,6 @@
 
 namespace korvel::internal {
 
-namespace {
-
-// The color of a swatch with its opacity in the top byte.
-COLORREF SwatchColor(const CItemInfo& info, int cell) {
-    constexpr COLORREF Opaque = 0xFF000000;
-    const COLORREF word = info.GetCellColor(cell);
-    return info.GetControlType(cell) == CItemInfo::ctColorAlpha ? word : word | Opaque;
-}
-
-} // namespace
-
 RowPainter::RowPainter(TreeGridList& list, const TreeRows& tree, CDC& dc, int row)
     : m_list(list), m_dc(dc), m_row(row), m_there(tree, row), m_node(m_there.Node()),
       m_cell(dc, [&list, &dc](const CRect& rect, UINT type, UINT state) {
@@ -164,7 +153,7 @@ CRect RowPainter::DrawControl(int column, const CRect& cell) {
     look.isEnabled = IsEnabled(column);
     look.isChosen = m_isSelected;
     if (CItemInfo::IsSwatch(look.control))
-        look.swatch = SwatchColor(info, column - 1);
+        look.swatch = info.GetCellColor(column - 1);
     if (look.control == CItemInfo::ctCheck)
         look.checkState = m_list.GetCheckState(m_node, column); // last: the host may remove the row
     return m_cell.DrawControl(look, cell);

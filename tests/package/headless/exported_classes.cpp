@@ -41,7 +41,7 @@ void UseMember(Member member) {
 void UseExportedClasses() {
     UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlFileError,
            XmlParser, XmlReason, XmlScanner, XmlSchemaError>();
-    UseAll<CColorAplhaDlg, CColorDialog, mfcSharedCtrls::CColoredButton>();
+    UseAll<CColorAplhaDlg, CColorDialog, mfcSharedCtrls::CColoredButton, CWndItem>();
     UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CGridCtrlDateTime, CGridCtrlEdit,
            CGridCtrlSpinButton, CTooltippBitmap, CTreeHelper, CTreeHelper::SNode, ComboTreeItem,
            IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState, CGridCtrlComboBoxInputStateCheckBox,

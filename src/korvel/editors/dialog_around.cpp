@@ -1,0 +1,23 @@
+#include "korvel/editors/dialog_around.h"
+
+#include "korvel/window/dialog/dialog_keyboard.h"
+#include "korvel/window/display/window_view.h"
+
+namespace korvel::internal {
+
+HWND TopLevelAround(HWND window) {
+    while (view::Style(window) & WS_CHILD)
+        window = GetParent(window);
+    return window;
+}
+
+// An editor in the item wants all keys, so the dialog would leave Tab to it.
+void LeaveByTab(HWND item, const MSG& message) {
+    MSG own = message;
+    own.hwnd = item;
+    const HWND parent = GetParent(item);
+    if (!IsDialogMessageA(parent, own))
+        SetFocus(GetNextDlgTabItem(parent, item, IsKeyDown(VK_SHIFT)));
+}
+
+} // namespace korvel::internal

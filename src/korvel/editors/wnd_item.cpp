@@ -1,0 +1,399 @@
+#include "korvel/editors/wnd_item.h"
+
+#include "korvel/editors/angle_unit.h"
+#include "korvel/editors/dialog_around.h"
+#include "korvel/editors/item_cell.h"
+#include "korvel/editors/item_edit.h"
+#include "korvel/editors/item_keys.h"
+#include "korvel/platform/first_failure.h"
+#include "korvel/window/base/loss_watch.h"
+#include "korvel/window/core/input.h"
+#include "korvel/window/core/thread_queue.h"
+#include "korvel/window/display/window_view.h"
+
+#include <utility>
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+constexpr const char* ClassName = "KorvelItem";
+constexpr const char* MemberName = "Member";
+
+constexpr int EditId = 105;
+constexpr int ListId = 106;
+constexpr int DateId = 107;
+constexpr UINT EditStyle = WS_CHILD | WS_GROUP | WS_TABSTOP | ES_AUTOHSCROLL;
+constexpr UINT DateStyle = WS_CHILD | DTS_SHOWNONE;
+
+constexpr int HighestList = 100;
+
+} // namespace
+
+CWndItem::CWndItem() {
+    RegisterClassA(ClassName, DefWindowProcA);
+    m_Dispatch.AddMember(MemberName, true, m_Value);
+}
+
+CWndItem::~CWndItem() {
+    GuardedUntilRun([this] { DestroyWindow(); }); // while it can hear of its controls
+}
+
+bool CWndItem::Create(UINT style, const CRect& rect, CWnd* parent, int id) {
+    return CreateEx(0, ClassName, "", style, rect, parent, id);
+}
+
+void CWndItem::SetValue(const CVariantValue& value) {
+    const CVariantValue shown = value; // may be the item's own
+    Drop();
+    ++m_values;
+    m_Value = shown;
+    Synchronize();
+    if (m_hWnd && ItemEditorOf(m_Value) == ItemEditor::Date)
+        StartDate();
+    Invalidate();
+}
+
+void CWndItem::SetOptions(GridOptions options) {
+    m_options = options;
+    m_Edit.SetOptions(options);
+    Invalidate();
+}
+
+void CWndItem::SendParentComboMessage(UINT code) {
+    NotifyParentCommand(m_hWnd, code);
+}
+
+ItemCell CWndItem::Cell() const {
+    return {GetClientRect(), m_options, view::IsSwitchedOn(m_hWnd), m_hWnd && GetFocus() == m_hWnd};
+}
+
+void CWndItem::Synchronize() {
+    HideEditor();
+    m_Dispatch.RemoveMember(MemberName); // SetMember would ask for a type that shares a bit
+    m_Dispatch.AddMember(MemberName, true, m_Value);
+}
+
+// The editor forgets the member first: it is told of the loss of the focus.
+void CWndItem::HideEditor() {
+    CWnd* editor = std::exchange(m_pActive, nullptr);
+    m_Edit.Drop();
+    m_DateTime.Drop();
+    if (!editor)
+        return;
+    editor->ShowWindow(SW_HIDE);
+    editor->EnableWindow(false);
+    Invalidate();
+}
+
+void CWndItem::ShowEditor(CWnd& editor) {
+    m_pActive = &editor;
+    Place();
+    editor.EnableWindow(true);
+    editor.ShowWindow(SW_SHOW);
+}
+
+void CWndItem::Place() {
+    const unsigned margins = m_Edit.GetMargins();
+    m_rcText = Cell().BesideButton(m_Value, GetClientRect());
+    m_rcText.left += LOWORD(margins);
+    m_rcText.right -= HIWORD(margins);
+    if (m_pActive)
+        m_pActive->MoveWindow(m_pActive == &m_Edit ? m_rcText : GetClientRect(), false);
+}
+
+void CWndItem::StartText() {
+    Synchronize();
+    if (!m_Edit.m_hWnd)
+        m_Edit.Create(EditStyle, {}, this, EditId);
+    m_Edit.Start(&m_Dispatch, MemberName);
+    ShowEditor(m_Edit);
+}
+
+void CWndItem::StartDate() {
+    Synchronize();
+    if (!m_DateTime.m_hWnd)
+        m_DateTime.Create(DateStyle, {}, this, DateId);
+    m_DateTime.Start(&m_Dispatch, MemberName);
+    ShowEditor(m_DateTime);
+}
+
+// From within the field's own End nothing is to be done: whoever called that goes on here.
+void CWndItem::EndText() {
+    if (m_pActive != &m_Edit || m_Edit.m_bInEnd)
+        return;
+    EndField(m_Edit, m_Value.Type);
+    if (m_pActive != &m_Edit)
+        return;
+    m_Dispatch.GetMember(MemberName, m_Value);
+    HideEditor();
+}
+
+// The picker goes when the user is done with it, not at the first change.
+void CWndItem::EndDate() {
+    if (m_pActive != &m_DateTime)
+        return;
+    m_DateTime.End();
+    m_Dispatch.GetMember(MemberName, m_Value);
+    if (GetFocus() != m_DateTime.m_hWnd)
+        HideEditor();
+    Invalidate();
+}
+
+void CWndItem::End() {
+    CloseUp();
+    EndText();
+    EndDate();
+}
+
+void CWndItem::Drop() {
+    HideEditor();
+    CloseUp();
+}
+
+void CWndItem::Change(const CVariantValue& value) {
+    m_Value = value;
+    Synchronize();
+    Invalidate();
+    SendParentComboMessage(CBN_SELCHANGE);
+}
+
+void CWndItem::DropDown() {
+    if (m_isDropped || ItemEditorOf(m_Value) != ItemEditor::List)
+        return;
+    Synchronize();
+    if (!m_List.m_hWnd)
+        m_List.CreateDropDown(this, ListId);
+    const LossWatch same(m_values);
+    m_List.Initialize(&m_Dispatch, MemberName);
+    if (!same || !m_hWnd || !m_List.IsInitialized())
+        return;
+    m_isDropped = true;
+    m_valueAtDrop = m_Value;
+    m_List.DropBelow(GetWindowRect(), HighestList);
+    m_List.SetWindowPos(HWND_TOPMOST, {}, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    m_List.ShowWindow(SW_SHOWNA);
+    m_hook.HookWindow(TopLevelAround(m_hWnd));
+    SendParentComboMessage(CBN_DROPDOWN);
+}
+
+void CWndItem::CloseUp() {
+    if (!std::exchange(m_isDropped, false))
+        return;
+    m_hook.HookWindow(nullptr);
+    m_List.ShowWindow(SW_HIDE);
+    FirstFailure failure;
+    failure.Try([&] { m_List.UnIntialize(); });
+    Invalidate();
+    failure.Try([&] { SendParentComboMessage(CBN_CLOSEUP); });
+    failure.Rethrow();
+}
+
+void CWndItem::TakeFromList() {
+    if (!m_isDropped)
+        return;
+    m_Value = m_List.GetValue();
+    m_Dispatch.SetMember(MemberName, m_Value);
+    Invalidate();
+}
+
+void CWndItem::Press(CPoint point) {
+    SetFocus();
+    if (!m_hWnd || GetFocus() != m_hWnd)
+        return;
+    if (m_isDropped)
+        CloseUp();
+    else if (Cell().IsOnButton(m_Value, point))
+        PressButton();
+    else
+        Edit();
+}
+
+void CWndItem::PressButton() {
+    switch (ItemButtonOf(m_Value)) {
+    case ItemButton::AngleUnit:
+        AdvanceAngleUnit();
+        Invalidate();
+        break;
+    case ItemButton::Dice:
+        if (const auto rolled = Roll(m_Value))
+            Change(*rolled);
+        break;
+    default:
+        Edit();
+        break;
+    }
+}
+
+void CWndItem::Edit() {
+    switch (ItemEditorOf(m_Value)) {
+    case ItemEditor::None:
+        break;
+    case ItemEditor::List:
+        DropDown();
+        break;
+    case ItemEditor::Flag:
+    case ItemEditor::Color:
+    case ItemEditor::File:
+        ChangeAtOnce();
+        break;
+    case ItemEditor::Date:
+        if (m_pActive != &m_DateTime)
+            StartDate();
+        m_DateTime.SetFocus();
+        break;
+    case ItemEditor::Text:
+        if (m_pActive != &m_Edit)
+            StartText();
+        m_Edit.SetFocus();
+        break;
+    }
+}
+
+// The item may show another value when the user is done.
+void CWndItem::ChangeAtOnce() {
+    const LossWatch same(m_values);
+    const auto edited = EditAtOnce(m_Value, this);
+    if (edited && same)
+        Change(*edited);
+}
+
+// Nothing happens to what is no key of the item.
+bool CWndItem::HandleKey(const MSG& message) {
+    switch (ItemKeyOf(message, ItemEditorOf(m_Value))) {
+    case ItemKey::Edit:
+        Edit();
+        return true;
+    case ItemKey::Type: {
+        const CString characters = input::CurrentKey()->characters;
+        Edit();
+        if (m_pActive == &m_Edit)
+            m_Edit.ReplaceSel(characters);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+void CWndItem::HandleListKey(const MSG& message) {
+    switch (ItemListKeyOf(message)) {
+    case ItemListKey::PassOn:
+        m_List.SendMessageA(message.message, message.wParam, message.lParam);
+        break;
+    case ItemListKey::Ignore:
+        break;
+    case ItemListKey::Take:
+        CloseUp();
+        break;
+    case ItemListKey::Cancel:
+        if (m_options.Has(EGridOption::EscapeCancels))
+            m_Value = m_valueAtDrop;
+        CloseUp();
+        Synchronize();
+        break;
+    case ItemListKey::Leave:
+        CloseUp();
+        LeaveByTab(m_hWnd, message);
+        break;
+    }
+}
+
+bool CWndItem::PreTranslateMessage(MSG& message) {
+    const bool isKey = message.message >= WM_KEYDOWN && message.message <= WM_KEYLAST;
+    if (m_isDropped && message.message == WM_MOUSEWHEEL)
+        return m_List.SendMessageA(message.message, message.wParam, message.lParam), true;
+    if (m_isDropped && isKey)
+        return HandleListKey(message), true;
+    if (ItemKeyOf(message, ItemEditor::None) == ItemKey::Leave && message.hwnd != m_hWnd)
+        return LeaveByTab(m_hWnd, message), true;
+    if (message.hwnd == m_hWnd && HandleKey(message))
+        return true;
+    return CWnd::PreTranslateMessage(message);
+}
+
+LRESULT CWndItem::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_PAINT:
+        Cell().Paint(*reinterpret_cast<CDC*>(wParam), m_Value);
+        return 0;
+    case WM_ERASEBKGND:
+        return 1;
+    case WM_GETDLGCODE:
+        return DLGC_WANTARROWS | (ItemEditorOf(m_Value) == ItemEditor::Text ? DLGC_WANTCHARS : 0u);
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+        Press(PointOf(lParam));
+        return 0;
+    case WM_DESTROY:
+        Drop();
+        m_List.DestroyWindow(); // the top-level window owns it
+        break;
+    default:
+        break;
+    }
+    const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
+    FollowWindow(message, wParam, lParam);
+    return result;
+}
+
+void CWndItem::FollowWindow(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_CREATE:
+        if (ItemEditorOf(m_Value) == ItemEditor::Date)
+            StartDate();
+        break;
+    case WM_SETFONT:
+        m_Edit.SendMessageA(WM_SETFONT, wParam, lParam);
+        Place();
+        break;
+    case WM_SIZE:
+        Place();
+        break;
+    case WM_SETFOCUS:
+        Invalidate();
+        if (m_pActive)
+            m_pActive->SetFocus();
+        break;
+    case WM_KILLFOCUS:
+        Invalidate();
+        CloseUp();
+        break;
+    case WM_ENABLE:
+        if (!wParam)
+            Drop();
+        Invalidate();
+        break;
+    default:
+        break;
+    }
+}
+
+bool CWndItem::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const UINT code = HIWORD(wParam);
+    switch (LOWORD(wParam)) {
+    case EditId:
+        if (code != EN_KILLFOCUS)
+            break;
+        if (!CWnd::OnCommand(wParam, lParam)) // unless a companion of the field has the focus
+            EndText();
+        return true;
+    case ListId:
+        if (code == ComboListChanged)
+            return TakeFromList(), true;
+        if (code == ComboListFinished)
+            return CloseUp(), true;
+        break;
+    case DateId:
+        if (code == GridDateChanged || code == EN_KILLFOCUS)
+            return EndDate(), true;
+        break;
+    default:
+        break;
+    }
+    return CWnd::OnCommand(wParam, lParam);
+}
+
+} // namespace korvel

@@ -1,0 +1,107 @@
+#pragma once
+
+#include "korvel/editors/combo_list.h"
+#include "korvel/editors/combo_list_hook.h"
+#include "korvel/editors/grid_ctrl_date_time.h"
+#include "korvel/editors/grid_ctrl_edit.h"
+#include "korvel/values/member_dispatch_imp.h"
+
+namespace korvel {
+
+namespace internal {
+struct ItemCell;
+}
+
+/// One value of any type in a dialog: it looks like the cell of a grid, and a press opens what edits it.
+///
+///     CWndItem item;
+///     item.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER, {10, 10, 160, 34}, &dialog, 12);
+///     item.SetValue(length);
+///     ...
+///     item.End();       // what is being typed is read, or refused by an exception
+///     item.GetValue();
+///
+/// In a dialog's template its class is "KorvelItem", to be attached by SubclassDlgItem.
+///
+/// A press toggles a flag, asks for a color or a file, drops the list of an enumeration (a second one closes
+/// it), shows the field for a text or the picker for a date; on the button at the right edge it changes the unit of
+/// angles or draws a random number. With the keyboard, F2 does what a press in the value does, and so does Space
+/// but for texts; F4 and Alt+Down drop a list or show the picker; what is typed begins a text. Tab goes to
+/// the next control of the dialog. A date shows its picker at first, and as a text after the picker has lost
+/// the focus.
+///
+/// The parent hears CBN_SELCHANGE when a press has changed the value at once, CBN_DROPDOWN and CBN_CLOSEUP, as
+/// SendParentComboMessage sends them. A text that is no such value leaves the field by an exception when the
+/// field loses the focus, and stays in it; the value stays as well.
+///
+/// Enumeration and file value must outlive the item; those of its last value are destroyed with it where they say
+/// IsAutoDestroy. The host may do anything in what is called of it but delete the item.
+class KORVEL_API CWndItem : public CWnd {
+public:
+    CWndItem();
+    ~CWndItem() override;
+
+    bool Create(UINT style, const CRect& rect, CWnd* parent, int id);
+
+    /// Shows another value; what is being edited is dropped.
+    void SetValue(const CVariantValue& value);
+    const CVariantValue& GetValue() const { return m_Value; }
+    void SetOptions(GridOptions options);
+
+    /// Ends what is being edited and reads it. \throws what the field refuses; it goes on with its text then
+    void End();
+    /// Ends it without reading. To be called before a window around the item is closed: with the keyboard in the
+    /// field it would end, and refuse, what is typed.
+    void Drop();
+    /// Without effect for a value without an enumeration, and while the list is open.
+    void DropDown();
+    void CloseUp();
+    bool IsDropped() const { return m_isDropped; }
+
+    /// WM_COMMAND to the parent with `code` in the high word.
+    void SendParentComboMessage(UINT code);
+
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    bool PreTranslateMessage(MSG& message) override;
+
+protected:
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override;
+
+    CVariantValue m_Value;
+    CGridCtrlEdit m_Edit{nullptr};
+    CComboList m_List{eDropDown};
+    CGridCtrlDateTime m_DateTime;
+    CRect m_rcText;            ///< where texts are typed, beside the margins of the field
+    CWnd* m_pActive = nullptr; ///< the field or the picker while it is shown
+    /// An object called "t" with the one member "Member", which is the value.
+    TMemberDispatchImp<CWndItem> m_Dispatch{"t"};
+
+private:
+    internal::ItemCell Cell() const;
+    void Synchronize();
+    void ShowEditor(CWnd& editor);
+    void HideEditor();
+    void Place();
+    void StartText();
+    void StartDate();
+    void EndText();
+    void EndDate();
+    void Change(const CVariantValue& value);
+    void TakeFromList();
+
+    void Press(CPoint point);
+    void PressButton();
+    void Edit();
+    void ChangeAtOnce();
+    bool HandleKey(const MSG& message);
+    void HandleListKey(const MSG& message);
+    void FollowWindow(UINT message, WPARAM wParam, LPARAM lParam);
+
+    CComboListHook<CWndItem> m_hook{this, &CWndItem::CloseUp};
+    GridOptions m_options;
+    CVariantValue m_valueAtDrop;
+    bool m_isDropped = false;
+    unsigned m_values = 0; // counts those that were set
+};
+
+} // namespace korvel
