@@ -10,13 +10,15 @@
 namespace korvel::internal {
 namespace {
 
-enum class Look { Normal, Pushed, Inactive };
+enum class Look { Normal, Hot, Pushed, Inactive };
 
 // In the window model an inactive control looks inactive even while it is pushed.
 Look LookOf(UINT state) {
     if (state & DFCS_INACTIVE)
         return Look::Inactive;
-    return state & DFCS_PUSHED ? Look::Pushed : Look::Normal;
+    if (state & DFCS_PUSHED)
+        return Look::Pushed;
+    return state & DFCS_HOT ? Look::Hot : Look::Normal;
 }
 
 COLORREF SymbolColor(Look look) {
@@ -25,7 +27,14 @@ COLORREF SymbolColor(Look look) {
 
 COLORREF FaceColor(Look look) {
     const COLORREF face = GetSysColor(COLOR_BTNFACE);
-    return look == Look::Pushed ? Mix(face, GetSysColor(COLOR_BTNTEXT), 15, 100) : face;
+    switch (look) {
+    case Look::Pushed:
+        return Mix(face, GetSysColor(COLOR_BTNTEXT), 15, 100);
+    case Look::Hot:
+        return Mix(face, GetSysColor(COLOR_HIGHLIGHT), 20, 100);
+    default:
+        return face;
+    }
 }
 
 void DrawButtonFace(Surface& surface, const CRect& rect, Look look) {
@@ -54,7 +63,8 @@ void DrawCheckBox(Surface& surface, const CRect& rect, UINT state) {
     const Look look = LookOf(state);
     const int side = std::min(rect.Width(), rect.Height());
     const CRect box = rect.Centered({side, side});
-    const COLORREF inside = GetSysColor(look == Look::Normal ? COLOR_WINDOW : COLOR_BTNFACE);
+    const COLORREF inside =
+        GetSysColor(look == Look::Normal || look == Look::Hot ? COLOR_WINDOW : COLOR_BTNFACE);
     surface.Fill(box, inside);
     surface.Frame(box, GetSysColor(look == Look::Inactive ? COLOR_GRAYTEXT : COLOR_BTNSHADOW));
     if (state & DFCS_CHECKED)
