@@ -19,7 +19,6 @@ namespace korvel::internal {
 namespace {
 
 constexpr int Decimals = 6;
-constexpr double RangeEnd = 100; // ranges begin at 0
 
 template <typename Real>
 std::string Shortest(Real number) {
@@ -40,21 +39,38 @@ Real Rounded(Real number, int digits) {
     return rounded;
 }
 
-// The text with the fewest digits that reads back as `readsBack` says; the nearest when none does. A point at the
-// end makes of a run of digits one that does not stop at 32 bits.
+// The text when it reads back; else with a point at its end, which makes of a run of digits one that does not stop
+// at 32 bits; else nothing.
+template <typename Predicate>
+std::optional<std::string> ThatReadsBack(const std::string& text, Predicate readsBack) {
+    if (readsBack(text))
+        return text;
+    const bool isWhole = text.find_first_of(".e") == std::string::npos;
+    return isWhole && readsBack(text + ".") ? std::optional(text + ".") : std::nullopt;
+}
+
+// An angle loses up to two last places on the way into the user's unit and back.
+template <typename Real>
+std::array<Real, 4> NeighborsOf(Real number) {
+    constexpr Real Infinity = std::numeric_limits<Real>::infinity();
+    const Real above = std::nextafter(number, Infinity);
+    const Real below = std::nextafter(number, -Infinity);
+    return {above, below, std::nextafter(above, Infinity), std::nextafter(below, -Infinity)};
+}
+
+// The text with the fewest digits that reads back as `readsBack` says; the nearest when none does.
 template <typename Real, typename Predicate>
 std::string ExactText(Real number, Predicate readsBack) {
-    using Limits = std::numeric_limits<Real>;
     if (std::isnan(number))
         return "0/0";
     if (std::isinf(number))
         return number < 0 ? "-1/0" : "1/0";
-    for (int digits = 1; digits <= Limits::max_digits10; ++digits)
-        for (const Real near : {number, std::nextafter(number, Limits::infinity()),
-                                std::nextafter(number, -Limits::infinity())})
-            for (const char* end : {"", "."})
-                if (const std::string text = Shortest(Rounded(near, digits)) + end; readsBack(text))
-                    return text;
+    for (int digits = 1; digits <= std::numeric_limits<Real>::max_digits10; ++digits)
+        if (const auto text = ThatReadsBack(Shortest(Rounded(number, digits)), readsBack))
+            return *text;
+    for (const Real near : NeighborsOf(number))
+        if (const auto text = ThatReadsBack(Shortest(near), readsBack))
+            return *text;
     return Shortest(number);
 }
 

@@ -15,7 +15,6 @@ namespace korvel::internal {
 namespace {
 
 constexpr int OutsideRangeText = 73;
-constexpr double RangeEnd = 100; // ranges begin at 0
 
 const NumberFormat& FormatOf(const TypeRow& type) {
     if (type.meaning != ValueMeaning::Angle)

@@ -10,6 +10,9 @@
 /// How a text that was typed into a cell is read as a value.
 namespace korvel::internal {
 
+/// Where ranges end; they begin at 0.
+inline constexpr double RangeEnd = 100;
+
 /// The type without the bit of a formula.
 EDataTyps WithoutFormula(EDataTyps type);
 
