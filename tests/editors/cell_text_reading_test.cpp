@@ -9,6 +9,9 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <random>
+#include <span>
+#include <sstream>
 
 namespace korvel {
 namespace {
@@ -121,6 +124,169 @@ TEST_F(CellTextTest, EveryKindOfNumberReadsATextInItsOwnWay) {
     }
     for (const EDataTyps type : Floats)
         EXPECT_EQ(Outcome(type, "1/10"), "0.10000000149011612") << std::hex << type;
+}
+
+TEST_F(CellTextTest, ARangeTakesZeroToAHundredAndTellsWhatItRefuses) {
+    const auto outside = [](const std::string& number) {
+        return "! " + number + ": Value is outside the ranges of 0-100!";
+    };
+    for (const auto& [border, text, integer, real] : Table<const char*, std::string, std::string>{
+             {"zero", "0", "0", "0"},
+             {"the end", "100", "100", "100"},
+             {"an integer is judged before it is cut off", "100,0001", outside("100.0001"),
+              outside("100.0001")},
+             {"the result of a sum", "50*3", outside("150"), outside("150")},
+             {"below", "-1", outside("-1"), outside("-1")},
+             {"an infinity", "-1/0", outside("-inf"), outside("-inf")},
+             {"not-a-number", "0/0", outside("nan"), outside("nan")}}) {
+        EXPECT_EQ(Outcome(DT_RangeInt, text), integer) << border;
+        EXPECT_EQ(Outcome(DT_RangeDouble, text), real) << border;
+        EXPECT_EQ(Outcome(DT_RangeFloat, text), real) << border;
+    }
+    EXPECT_EQ(Outcome(DT_PercentDouble, "150"), "150") << "the measure has no range";
+}
+
+TEST_F(CellTextTest, AnAngleIsReadAndShownInTheUsersUnit) {
+    for (const auto& [border, unit, half] :
+         Table<char, std::string>{{"degrees", 'd', "180"}, {"gon", 'g', "200"}, {"radians", 'r', "3,5"}}) {
+        SetAngleUnit(unit);
+        const double radians = unit == 'r' ? 3.5 : std::numbers::pi;
+        CVariantValue value, single;
+        ASSERT_TRUE(ReadCellText(DT_AngleDouble, half, None, value)) << border;
+        ASSERT_TRUE(ReadCellText(DT_AngleFloat, half, None, single)) << border;
+        EXPECT_EQ(value.Value.Double, radians) << border;
+        EXPECT_EQ(single.Value.Float, static_cast<float>(radians)) << border;
+        const std::string shown = unit == 'r' ? "3.5" : half;
+        EXPECT_EQ(CellEditText(value, Exact), shown) << border;
+        EXPECT_EQ(CellEditText(single, Exact), shown) << border;
+        EXPECT_EQ(CellEditText(value, None), unit == 'r' ? "3.500000" : half + ".000000") << border;
+    }
+}
+
+TEST_F(CellTextTest, TextsKeepTheRestOfAValueAndOtherTypesAreRefused) {
+    for (const auto& [border, type, outcome, payload] :
+         Table<EDataTyps, bool, double>{{"a text", DT_String, true, 0},
+                                        {"a file keeps its chooser", DT_FileName, true, 2.5},
+                                        {"a text form keeps its number", DT_TextFormDouble, true, 2.5},
+                                        {"a color keeps its word", DT_ColorRGB, true, 2.5},
+                                        {"a flag", DT_Bool, false, 2.5},
+                                        {"a transparent color", DT_ColorARGB, false, 2.5},
+                                        {"a list", DT_ListString, false, 2.5},
+                                        {"a date", DT_Date, false, 2.5},
+                                        {"a group", DT_Group, false, 2.5},
+                                        {"nothing", DT_Void, false, 2.5}}) {
+        CVariantValue value = MakeValue(type, 2.5);
+        value.Text = "before";
+        EXPECT_EQ(ReadCellText(type, "a/b", None, value), outcome) << border;
+        EXPECT_EQ(value.Text, outcome ? "a/b" : "before") << border;
+        EXPECT_EQ(value.Value.Double, payload) << border;
+    }
+    CVariantValue value;
+    EXPECT_TRUE(ReadCellText(static_cast<EDataTyps>(DT_LengthDouble | TypeBitButton), "7", None, value));
+    EXPECT_EQ(value.Type, DT_LengthDouble) << "a number drops the bit of a formula";
+    for (const auto& [border, text, isFormula] :
+         Table<const char*, bool>{{"a formula", "<VB x/>", true},
+                                  {"not closed", "<VB x", false},
+                                  {"without its blank", "<VBx/>", false},
+                                  {"text around it", " <VB x/>", false}})
+        EXPECT_EQ(IsFormula(text), isFormula) << border;
+}
+
+TEST_F(CellTextTest, AStationIsNoSumWhereTheOptionSaysSo) {
+    for (const auto& [border, type, text, station, sum] :
+         Table<EDataTyps, const char*, std::string, std::string>{
+             {"road", DT_RoadStationDouble, "12+345,60", "12345.6", "357.60000000000002"},
+             {"railway", DT_RailwayStationDouble, "12,3+45,60", "12345.6", "57.900000000000006"},
+             {"with points and blanks", DT_RailwayStationDouble, " 12.3+45.60 ", "12345.6",
+              "57.900000000000006"},
+             {"metres count up", DT_RoadStationDouble, "-2+500", "-1500", "498"},
+             {"before the zero", DT_RailwayStationDouble, "-0,1+99,5", "-0.5", "99.400000000000006"},
+             {"metres as wide as they grow", DT_RoadStationFloat, "0+1000,0", "1000", "1000"},
+             {"too few metres", DT_RoadStationDouble, "12+45", "57", "57"},
+             {"the form of the other kind", DT_RailwayStationDouble, "12+345,6", "357.60000000000002",
+              "357.60000000000002"},
+             {"two decimals of the kilometre", DT_RailwayStationDouble, "12,34+45", "57.340000000000003",
+              "57.340000000000003"},
+             {"a longer sum", DT_RoadStationDouble, "12+345+1", "358", "358"},
+             {"no station", DT_LengthDouble, "12+345", "357", "357"}}) {
+        EXPECT_EQ(Outcome(type, text, Station), station) << border;
+        EXPECT_EQ(Outcome(type, text), sum) << border;
+    }
+}
+
+TEST_F(CellTextTest, WholeNumbersBeyond32BitsAreReadWhereTheOptionSaysSo) {
+    for (const auto& [border, type, text, outcome] : Table<EDataTyps, const char*, std::string>{
+             {"a length", DT_LengthDouble, "3000000000+1", "3000000001"},
+             {"unsigned", DT_UInt, "3000000000", "3000000000"},
+             {"an integer refuses it", DT_Int, "3000000000", "no"},
+             {"no negative zero", DT_Double, "1/-0", "inf"}})
+        EXPECT_EQ(Outcome(type, text, Wide), outcome) << border;
+}
+
+TEST_F(CellTextTest, AFieldOpensWithSixDecimalsOrWithWhatReadsBack) {
+    const float tenth = 0.1F;
+    for (const auto& [border, value, plain, exact, wide] :
+         Table<CVariantValue, std::string, std::string, std::string>{
+             {"an integer", MakeValue(DT_Int, -7), "-7", "-7", "-7"},
+             {"unsigned bits", MakeValue(DT_UInt, 4294967295U), "-1", "-1", "-1"},
+             {"a float", MakeValue(DT_LengthFloat, tenth), "0.100000", "0.1", "0.1"},
+             {"a double", MakeValue(DT_Double, 0.1F + 0.0), "0.100000", "0.10000000149011612",
+              "0.10000000149011612"},
+             {"small", MakeValue(DT_Double, 1e-9), "0.000000", "1e-09", "1e-09"},
+             {"beyond 32 bits", MakeValue(DT_Double, 4294967296.0), "4294967296.000000", "4294967296.",
+              "4294967296"},
+             {"a negative zero", MakeValue(DT_Double, -0.0), "-0.000000", "-0.", "-0."},
+             {"an infinity", MakeValue(DT_Double, -Infinity), "-inf", "-1/0", "-1/0"},
+             {"not-a-number", MakeValue(DT_Double, NotANumber), "nan", "0/0", "0/0"},
+             {"beyond its range", MakeValue(DT_RangeDouble, 150.5), "150.500000", "150.5", "150.5"},
+             {"a text", MakeValue(DT_String, "1,5"), "1,5", "1,5", "1,5"},
+             {"a formula", WithFormula(MakeValue(DT_Double, 2.0), "<VB x/>"), "<VB x/>", "<VB x/>",
+              "<VB x/>"}}) {
+        EXPECT_EQ(CellEditText(value, None), plain) << border;
+        EXPECT_EQ(CellEditText(value, Exact), exact) << border;
+        EXPECT_EQ(CellEditText(value, With({EGridOption::ExactEditText, EGridOption::WideIntegers})), wide)
+            << border;
+    }
+}
+
+// Angles that were typed in the unit in which they are shown; others may have no text.
+TEST_F(CellTextTest, AnExactTextReadsBackToTheSameBitsInEveryUnit) {
+    std::mt19937_64 random(7);
+    for (int round = 0; round < 300; ++round) {
+        const int exponent = static_cast<int>(random() % 90) - 90;
+        const double number = std::ldexp(static_cast<double>(random() >> 11), exponent);
+        SetAngleUnit("drg"[round % 3]);
+        for (const EDataTyps type : {DT_Double, DT_Float, DT_AngleDouble, DT_AngleFloat}) {
+            const bool isAngle = type == DT_AngleDouble || type == DT_AngleFloat;
+            CVariantValue value = MakeValue(type, 0.0), back;
+            if (FindTypeRow(type)->storage == ValueStorage::Float)
+                value.Value.Float =
+                    isAngle ? AngleToRad(static_cast<float>(number)) : static_cast<float>(number);
+            else
+                value.Value.Double = isAngle ? AngleToRad(number) : number;
+            ASSERT_TRUE(ReadCellText(type, CellEditText(value, Exact), Exact, back));
+            ASSERT_EQ(back, value) << CellEditText(value, Exact);
+        }
+    }
+}
+
+TEST_F(CellTextTest, AStepStaysWithinTheTypeAndItsForm) {
+    for (const auto& [border, type, text, delta, plain, exact] :
+         Table<EDataTyps, const char*, double, std::string, std::string>{
+             {"an integer", DT_Int, "7/2", 1, "4", "4"},
+             {"the highest", DT_Int, "2147483647", 1, "2147483647", "2147483647"},
+             {"unsigned goes on", DT_UInt, "2147483647", 1, "-2147483648", "-2147483648"},
+             {"a range ends", DT_RangeFloat, "99,5", 1, "100.000000", "100"},
+             {"a range begins", DT_RangeInt, "0", -3, "0", "0"},
+             {"a measure", DT_LengthDouble, "0.1+0.1", 0.1, "0.300000", "0.30000000000000004"},
+             {"an angle in its unit", DT_AngleDouble, "89", 1, "90.000000", "90"}}) {
+        SetAngleUnit('d');
+        EXPECT_EQ(SteppedCellText(type, text, delta, None), plain) << border;
+        EXPECT_EQ(SteppedCellText(type, text, delta, Exact), exact) << border;
+    }
+    EXPECT_EQ(SteppedCellText(DT_String, "1", 1, None), std::nullopt);
+    EXPECT_THROW(SteppedCellText(DT_Int, "0/0", 1, None), Error);
+    EXPECT_THROW(SteppedCellText(DT_RangeInt, "abc", 1, None), Error);
 }
 
 } // namespace

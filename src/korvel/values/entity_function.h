@@ -6,8 +6,7 @@ namespace korvel {
 
 namespace KorvelCommonEntityFunction {
 
-/// A host's hook into the edit of cells: sees every text before it is read as a value. Not called yet: cells
-/// are not edited so far.
+/// A host's hook into the edit of cells: sees every text before it is read as a value or stepped.
 class KORVEL_API IKorvelCommonEntityFunction {
 public:
     virtual ~IKorvelCommonEntityFunction() = default;
