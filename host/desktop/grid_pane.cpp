@@ -56,6 +56,7 @@ GridPane::GridPane() : m_grid(nullptr, nullptr) {
     m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
                   FirstPlace, this, GridId);
     m_grid.SetGridOption(EGridOption::AngleUnit, true);
+    m_grid.SetAllowEdit(false); // there is no way yet to save what was edited
 }
 
 void GridPane::Show(IMemberDispatch& root) {

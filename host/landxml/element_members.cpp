@@ -23,15 +23,6 @@ constexpr std::string_view KnownNamespaces[] = {
     "http://www.inframodel.fi/inframodel",       "http://buildingsmart.fi/inframodel/404",
 };
 
-std::string_view PrefixOf(std::string_view name) {
-    const std::size_t colon = name.find(':');
-    return colon == std::string_view::npos ? std::string_view() : name.substr(0, colon);
-}
-
-bool DeclaresNamespace(std::string_view attribute) {
-    return attribute == "xmlns" || PrefixOf(attribute) == "xmlns";
-}
-
 std::string InBrackets(std::string_view unit) {
     return unit.empty() ? std::string() : " [" + std::string(unit) + "]";
 }
@@ -47,6 +38,15 @@ std::string JoinWithBlanks(const std::vector<std::string_view>& words) {
 }
 
 } // namespace
+
+std::string_view PrefixOf(std::string_view name) {
+    const std::size_t colon = name.find(':');
+    return colon == std::string_view::npos ? std::string_view() : name.substr(0, colon);
+}
+
+bool DeclaresNamespace(std::string_view attribute) {
+    return attribute == "xmlns" || PrefixOf(attribute) == "xmlns";
+}
 
 bool IsKnownNamespace(std::string_view address) {
     return std::find(std::begin(KnownNamespaces), std::end(KnownNamespaces), address) !=
@@ -65,22 +65,21 @@ bool ElementMembers::IsForeign(ElementIndex element) const {
     return !IsLandXml(m_tree.NamespaceOf(element, PrefixOf(m_tree.Name(element))));
 }
 
-bool ElementMembers::IsForeign(ElementIndex owner, const XmlAttribute& attribute) const {
-    const std::string_view prefix = PrefixOf(attribute.name);
-    return !prefix.empty() && !DeclaresNamespace(attribute.name) &&
-           !IsLandXml(m_tree.NamespaceOf(owner, prefix));
+bool ElementMembers::IsForeign(ElementIndex owner, std::string_view attribute) const {
+    const std::string_view prefix = PrefixOf(attribute);
+    return !prefix.empty() && !DeclaresNamespace(attribute) && !IsLandXml(m_tree.NamespaceOf(owner, prefix));
 }
 
 std::vector<Member> ElementMembers::List(ElementIndex owner) const {
     std::vector<Member> members;
     for (const XmlAttribute& attribute : m_tree.Attributes(owner)) {
-        const auto place = static_cast<std::uint32_t>(m_tree.OffsetOf(attribute.name));
+        const std::uint32_t place = m_tree.PlaceOf(owner, attribute);
         members.push_back(WithFlags(owner, Member(place, MemberKind::Attribute)));
     }
     const std::vector<TextSource> texts = m_tree.Texts(owner);
     auto text = texts.begin();
     for (const ElementIndex child : m_tree.Children(owner)) {
-        for (; text != texts.end() && text->raw.data() < m_tree.Name(child).data(); ++text)
+        for (; text != texts.end() && text->offset < m_tree.OffsetOf(child); ++text)
             ListText(owner, *text, texts.size() == 1, members);
         members.push_back(ChildMember(owner, child));
     }
@@ -104,12 +103,12 @@ Member ElementMembers::WithFlags(ElementIndex owner, Member member) const {
 void ElementMembers::ListText(ElementIndex owner, const TextSource& text, bool isOnly,
                               std::vector<Member>& members) const {
     const XmlCharacters characters = text.Decode(m_options.longestValue);
-    if (Trim(characters.utf8).empty())
+    if (Trim(characters.utf8).empty() && !text.isEdited)
         return;
     const TextType type = TextTypeOf(owner);
     const std::size_t count = type.parts.size() == 1 ? 1 : SplitAtBlanks(characters.utf8).size();
     if (!isOnly || !characters.complete || count < type.required || count > type.parts.size()) {
-        const auto offset = static_cast<std::uint32_t>(m_tree.OffsetOf(text.raw));
+        const auto offset = static_cast<std::uint32_t>(text.offset);
         members.push_back(WithFlags(owner, Member(offset, MemberKind::Text)));
         return;
     }
@@ -123,7 +122,8 @@ bool ElementMembers::IsTextElement(ElementIndex element) const {
         return false;
     if (m_tree.HasChildren(element) || IsForeign(element))
         return false;
-    const std::vector<XmlAttribute> attributes = m_tree.Attributes(element);
+    // Those of the file, so that no edit turns an object into a text.
+    const std::vector<XmlAttribute> attributes = m_tree.SourceAttributes(element);
     return attributes.empty() || (attributes.size() == 1 && attributes.front().name == "id");
 }
 
@@ -157,10 +157,10 @@ MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) cons
         name = NameOfElement(member.place);
         break;
     case MemberKind::Attribute: {
-        const XmlAttribute attribute = m_tree.AttributeAt(member.place);
-        type = AttributeType(owner, attribute);
+        const XmlAttribute attribute = m_tree.AttributeAt(owner, member.place);
+        type = TypeOfAttribute(owner, attribute.name);
         name.stem = ToLibraryText(std::string(attribute.name));
-        name.mark = IsForeign(owner, attribute) ? ForeignMark : "";
+        name.mark = IsForeign(owner, attribute.name) ? ForeignMark : "";
         if (type.meaning == Meaning::Date && member.isValid)
             name.stem += InBrackets(ZoneOfDate(DecodeXmlAttribute(attribute.value, LongestOwnName).utf8));
         break;
@@ -183,12 +183,12 @@ MemberName ElementMembers::NameOf(ElementIndex owner, const Member& member) cons
 }
 
 // What is no part of LandXML is text.
-ValueType ElementMembers::AttributeType(ElementIndex owner, const XmlAttribute& attribute) const {
-    if (DeclaresNamespace(attribute.name) || IsForeign(owner, attribute) || IsForeign(owner))
+ValueType ElementMembers::TypeOfAttribute(ElementIndex owner, std::string_view name) const {
+    if (DeclaresNamespace(name) || IsForeign(owner, name) || IsForeign(owner))
         return {};
-    ValueType type = TypeOfAttribute(m_tree.LocalName(owner), attribute.name);
+    ValueType type = inspector::TypeOfAttribute(m_tree.LocalName(owner), name);
     if (type.meaning == Meaning::SlopeOrLength) {
-        std::string kind(attribute.name);
+        std::string kind(name);
         kind.replace(kind.rfind("Value"), 5, "Type");
         type.meaning = m_tree.AttributeText(owner, kind) == "slope" ? Meaning::Percent : Meaning::Length;
     }
@@ -217,73 +217,110 @@ TypedValue ElementMembers::Read(ElementIndex owner, const ValueType& type, const
 TypedValue ElementMembers::ValueOf(ElementIndex owner, const Member& member) const {
     switch (member.kind) {
     case MemberKind::Attribute:
-        return AttributeValue(owner, m_tree.AttributeAt(member.place));
+        return AttributeValue(owner, m_tree.AttributeAt(owner, member.place));
     case MemberKind::TextPart:
-        return TextPartValue(owner, member.place);
+        return TextPartValue(owner, member);
     case MemberKind::Text:
-        return TextValue(owner, member.place);
+        return TextValue(owner, member);
     case MemberKind::TextElement:
-        return TextElementValue(member.place);
+        return TextElementValue(owner, member);
     default:
         return {};
     }
 }
 
 TypedValue ElementMembers::AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const {
-    return Read(owner, AttributeType(owner, attribute),
+    return Read(owner, TypeOfAttribute(owner, attribute.name),
                 DecodeXmlAttribute(attribute.value, m_options.longestValue));
 }
 
-TypedValue ElementMembers::TextPartValue(ElementIndex owner, std::uint32_t part) const {
-    XmlCharacters text = m_tree.Text(owner).Decode(m_options.longestValue);
-    text.utf8 = Trim(text.utf8);
-    const TextType type = TextTypeOf(owner);
-    if (type.parts.size() > 1)
-        text.utf8 = std::string(SplitAtBlanks(text.utf8)[part]);
-    return Read(owner, type.parts[part].type, text);
+ValueType ElementMembers::TypeOf(ElementIndex owner, const Member& member) const {
+    if (member.kind == MemberKind::Attribute)
+        return TypeOfAttribute(owner, m_tree.AttributeAt(owner, member.place).name);
+    return member.kind == MemberKind::TextPart ? TextTypeOf(owner).parts[member.place].type : ValueType();
 }
 
-TypedValue ElementMembers::TextValue(ElementIndex owner, std::uint32_t offset) const {
-    XmlCharacters text = m_tree.Text(owner, offset).Decode(m_options.longestValue);
-    text.utf8 = Trim(text.utf8);
-    TypedValue value = Read(owner, {}, text);
+XmlCharacters ElementMembers::CharactersOf(ElementIndex owner, const Member& member) const {
+    if (member.kind == MemberKind::Attribute)
+        return DecodeXmlAttribute(m_tree.AttributeAt(owner, member.place).value, m_options.longestValue);
+    const bool isChild = member.kind == MemberKind::TextElement;
+    const TextSource source = isChild                               ? m_tree.Text(member.place)
+                              : member.kind == MemberKind::TextPart ? m_tree.Text(owner)
+                                                                    : m_tree.Text(owner, member.place);
+    XmlCharacters text = source.Decode(m_options.longestValue);
+    if (member.kind == MemberKind::TextPart && TextTypeOf(owner).parts.size() > 1)
+        text.utf8 = std::string(SplitAtBlanks(text.utf8)[member.place]);
+    else
+        text.utf8 = isChild ? JoinWithBlanks(SplitAtBlanks(text.utf8)) : std::string(Trim(text.utf8));
+    return text;
+}
+
+TypedValue ElementMembers::TextPartValue(ElementIndex owner, const Member& member) const {
+    return Read(owner, TypeOf(owner, member), CharactersOf(owner, member));
+}
+
+TypedValue ElementMembers::TextValue(ElementIndex owner, const Member& member) const {
+    TypedValue value = Read(owner, {}, CharactersOf(owner, member));
     value.isValid = TextTypeOf(owner).parts.size() == 1;
     return value;
+}
+
+// Only the points of terrains have a type: rows of numbers.
+TypedValue ElementMembers::TextElementValue(ElementIndex owner, const Member& member) const {
+    const XmlCharacters text = CharactersOf(owner, member);
+    const std::vector<std::string_view> words = SplitAtBlanks(text.utf8);
+    const TextType type = TypeOfText(m_tree.LocalName(member.place));
+    const bool isRow = words.size() >= type.required && words.size() <= type.parts.size() &&
+                       std::all_of(words.begin(), words.end(), [](std::string_view word) {
+                           return ReadDouble(word) || IsNotFinite(word);
+                       });
+    TypedValue value = Read(member.place, {}, text);
+    value.isValid = type.parts.size() == 1 || (text.complete && isRow);
+    return value;
+}
+
+bool ElementMembers::IsTextOf(ElementIndex element, const std::string& utf8) const {
+    const TextType type = TextTypeOf(element);
+    if (type.parts.size() == 1)
+        return Read(element, type.parts.front().type, {utf8, true}).isValid;
+    const std::vector<std::string_view> words = SplitAtBlanks(utf8);
+    return words.size() >= type.required && words.size() <= type.parts.size() &&
+           std::equal(words.begin(), words.end(), type.parts.begin(),
+                      [&](std::string_view word, const TextPart& part) {
+                          return Read(element, part.type, {std::string(word), true}).isValid;
+                      });
+}
+
+void ElementMembers::FollowTag(ElementIndex element, const std::vector<std::string>& attributes) {
+    m_scopes.FollowTag(element, attributes);
+}
+
+ElementMembers::Reach ElementMembers::ReachOf(ElementIndex element,
+                                              const std::vector<std::string>& attributes) const {
+    const auto* naming = std::find_first_of(NameAttributes.begin(), NameAttributes.end(), attributes.begin(),
+                                            attributes.end());
+    return {naming != NameAttributes.end() && m_tree.Parent(element) != NoElement,
+            m_scopes.IsScope(element, attributes)};
 }
 
 std::size_t ElementMembers::OffsetOf(ElementIndex owner, const Member& member) const {
     switch (member.kind) {
     case MemberKind::TextPart:
-        return m_tree.OffsetOf(m_tree.Text(owner).raw);
+        return m_tree.Text(owner).offset;
     case MemberKind::TextElement:
     case MemberKind::Object:
-        return m_tree.OffsetOf(m_tree.Name(member.place));
+        return m_tree.OffsetOf(member.place);
     default:
         return member.place;
     }
 }
 
-// Only the points of terrains have a type: rows of numbers.
-TypedValue ElementMembers::TextElementValue(ElementIndex element) const {
-    XmlCharacters text = m_tree.Text(element).Decode(m_options.longestValue);
-    const std::vector<std::string_view> words = SplitAtBlanks(text.utf8);
-    const TextType type = TypeOfText(m_tree.LocalName(element));
-    const bool isRow = words.size() >= type.required && words.size() <= type.parts.size() &&
-                       std::all_of(words.begin(), words.end(), [](std::string_view word) {
-                           return ReadDouble(word) || IsNotFinite(word);
-                       });
-    text.utf8 = JoinWithBlanks(words);
-    TypedValue value = Read(element, {}, text);
-    value.isValid = type.parts.size() == 1 || (text.complete && isRow);
-    return value;
-}
-
 bool ElementMembers::IsReplaceable(ElementIndex owner, const Member& member) const {
     switch (member.kind) {
     case MemberKind::Attribute:
-        return member.isComplete && !DeclaresNamespace(m_tree.AttributeAt(member.place).name);
+        return member.isComplete && !DeclaresNamespace(m_tree.AttributeAt(owner, member.place).name);
     case MemberKind::TextPart:
-        return member.isComplete && m_tree.Text(owner).IsPlain();
+        return member.isComplete && IsReplaceablePart(owner);
     case MemberKind::Text:
         return member.isComplete && m_tree.Text(owner, member.place).IsPlain();
     case MemberKind::TextElement:
@@ -291,6 +328,13 @@ bool ElementMembers::IsReplaceable(ElementIndex owner, const Member& member) con
     default:
         return false;
     }
+}
+
+// Of several values a reference could hide the blank between two of them.
+bool ElementMembers::IsReplaceablePart(ElementIndex owner) const {
+    const TextSource text = m_tree.Text(owner);
+    const bool isOnly = TextTypeOf(owner).parts.size() == 1;
+    return text.IsPlain() && (isOnly || text.raw.find('&') == std::string_view::npos);
 }
 
 } // namespace korvel::inspector

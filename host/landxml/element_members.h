@@ -26,7 +26,8 @@ struct Member {
         : place(itsPlace), kind(itsKind), isValid(true), isComplete(true), number(0) {}
 
     std::uint32_t
-        place; ///< offset of the attribute's name or of the text, number of the part, or the element
+        place; ///< of the attribute's name in the start tag, of the text in the source, number of the part,
+               ///< or the element
     MemberKind kind : 3;
     bool isValid : 1;          ///< as in TypedValue; true for an object
     bool isComplete : 1;       ///< as in TypedValue; true for an object
@@ -63,7 +64,12 @@ public:
     /// Of a member that List has made. Reads no value.
     MemberName NameOf(ElementIndex owner, const Member& member) const;
 
-    /// Of a member that is no object.
+    // Of a member that is no object.
+    /// What its text means, and the text without the blanks around it.
+    ValueType TypeOf(ElementIndex owner, const Member& member) const;
+    ValueType TypeOfAttribute(ElementIndex owner, std::string_view name) const;
+    XmlCharacters CharactersOf(ElementIndex owner, const Member& member) const;
+    ValuePlace PlaceOf(ElementIndex owner, const ValueType& type) const;
     TypedValue ValueOf(ElementIndex owner, const Member& member) const;
     TypedValue AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const;
 
@@ -74,6 +80,23 @@ public:
     /// True when the document holds the value as plain characters that could be replaced.
     bool IsReplaceable(ElementIndex owner, const Member& member) const;
 
+    /// The parts that an element's text has in LandXML; one that is plain where it has none.
+    TextType TextTypeOf(ElementIndex element) const;
+    /// Whether a text is one of those that the element may have: a row of as many valid values as it has
+    /// parts.
+    bool IsTextOf(ElementIndex element, const std::string& utf8) const;
+
+    /// How far a change of attributes of an element reaches beyond its own members.
+    struct Reach {
+        bool parent = false; ///< they name the element in its parent
+        bool all = false;    ///< they say what holds elsewhere
+    };
+    Reach ReachOf(ElementIndex element, const std::vector<std::string>& attributes) const;
+    /// These attributes of an element were changed.
+    void FollowTag(ElementIndex element, const std::vector<std::string>& attributes);
+
+    /// True for an element that is no object but a text of its parent's.
+    bool IsTextElement(ElementIndex element) const;
     bool HasOwnName(ElementIndex element) const { return !OwnName(element).empty(); }
     MemberName NameOfElement(ElementIndex element) const;
 
@@ -83,16 +106,13 @@ private:
     void ListText(ElementIndex owner, const TextSource& text, bool isOnly,
                   std::vector<Member>& members) const;
     Member ChildMember(ElementIndex owner, ElementIndex child) const;
-    bool IsTextElement(ElementIndex element) const;
     bool IsForeign(ElementIndex element) const;
-    bool IsForeign(ElementIndex owner, const XmlAttribute& attribute) const;
+    bool IsForeign(ElementIndex owner, std::string_view attribute) const;
     bool IsLandXml(std::string_view address) const;
-    ValueType AttributeType(ElementIndex owner, const XmlAttribute& attribute) const;
-    TextType TextTypeOf(ElementIndex element) const;
-    TypedValue TextPartValue(ElementIndex owner, std::uint32_t part) const;
-    TypedValue TextValue(ElementIndex owner, std::uint32_t offset) const;
-    TypedValue TextElementValue(ElementIndex element) const;
-    ValuePlace PlaceOf(ElementIndex owner, const ValueType& type) const;
+    TypedValue TextPartValue(ElementIndex owner, const Member& member) const;
+    TypedValue TextValue(ElementIndex owner, const Member& member) const;
+    TypedValue TextElementValue(ElementIndex owner, const Member& member) const;
+    bool IsReplaceablePart(ElementIndex owner) const;
     TypedValue Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const;
     std::string DisplayName(ElementIndex element) const;
 
@@ -101,6 +121,11 @@ private:
     ReadingOptions m_options;
     std::string_view m_rootNamespace;
 };
+
+/// Whether an attribute of this name declares a namespace.
+bool DeclaresNamespace(std::string_view attribute);
+/// What is before the ':' of a name; empty without one.
+std::string_view PrefixOf(std::string_view name);
 
 /// True for the namespaces of the LandXML versions and profiles whose elements this program knows.
 bool IsKnownNamespace(std::string_view address);

@@ -65,6 +65,34 @@ void LandXmlScopes::FindRailways() {
     }
 }
 
+bool LandXmlScopes::NamesUnits(ElementIndex element) const {
+    const std::string_view name = m_tree.LocalName(element);
+    return name == "Metric" || name == "Imperial";
+}
+
+bool LandXmlScopes::SaysWhereRailwaysAre(ElementIndex element,
+                                         const std::vector<std::string>& attributes) const {
+    const bool isAlignment = m_tree.LocalName(element) == "Alignment";
+    return std::any_of(attributes.begin(), attributes.end(), [&](const std::string& name) {
+        return name == "alignmentRef" || name == "alignmentRefs" || (isAlignment && name == "name");
+    });
+}
+
+bool LandXmlScopes::IsScope(ElementIndex element, const std::vector<std::string>& attributes) const {
+    return NamesUnits(element) || SaysWhereRailwaysAre(element, attributes);
+}
+
+void LandXmlScopes::FollowTag(ElementIndex element, const std::vector<std::string>& attributes) {
+    if (NamesUnits(element))
+        m_unitSets.clear();
+    if (!SaysWhereRailwaysAre(element, attributes))
+        return;
+    m_stationScopes = {};
+    m_isRailway.clear();
+    m_railwayNames.clear();
+    FindRailways();
+}
+
 const UnitSet& LandXmlScopes::UnitsAt(ElementIndex element) const {
     const std::uint32_t scope = m_unitScopes.Innermost(element);
     const ElementIndex units = scope == ScopeIndex::None ? NoElement : m_unitElements[scope];

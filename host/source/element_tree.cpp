@@ -1,8 +1,10 @@
 #include "source/element_tree.h"
 
+#include "korvel/platform/utf8.h"
 #include "source/blanks.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace korvel::inspector {
 namespace {
@@ -28,6 +30,41 @@ std::size_t EndOfCharacters(std::string_view source, std::size_t begin) {
     return scanner.Position();
 }
 
+std::vector<XmlAttribute> AttributesIn(XmlScanner scanner) {
+    std::vector<XmlAttribute> attributes;
+    for (XmlAttribute attribute; scanner.NextAttribute(attribute);)
+        attributes.push_back(attribute);
+    return attributes;
+}
+
+// How many bytes at the front and at the back of two texts are the same, whole characters.
+std::size_t SameAtFront(std::string_view a, std::string_view b) {
+    const auto differ = std::mismatch(a.begin(), a.end(), b.begin(), b.end()).first;
+    auto count = static_cast<std::size_t>(differ - a.begin());
+    const auto cutsCharacter = [&](std::string_view text) {
+        return count < text.size() && platform::ContinuesUtf8(text[count]);
+    };
+    while (count > 0 && (cutsCharacter(a) || cutsCharacter(b)))
+        --count;
+    return count;
+}
+
+std::size_t SameAtBack(std::string_view a, std::string_view b) {
+    const auto differ = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend()).first;
+    auto count = static_cast<std::size_t>(differ - a.rbegin());
+    while (count > 0 && platform::ContinuesUtf8(a[a.size() - count]))
+        --count;
+    return count;
+}
+
+// From an offset of a blank.
+XmlAttribute AttributeAfter(std::string_view document, std::size_t offset) {
+    XmlScanner scanner(document, offset);
+    XmlAttribute attribute;
+    scanner.NextAttribute(attribute);
+    return attribute;
+}
+
 } // namespace
 
 std::string_view ElementTree::Name(ElementIndex element) const {
@@ -45,22 +82,42 @@ ElementIndex ElementTree::FindChild(ElementIndex element, std::string_view local
     return NoElement;
 }
 
-XmlScanner ElementTree::AtAttributes(ElementIndex element) const {
-    XmlScanner scanner(m_source, m_elements[element].start + 1);
+XmlScanner ElementTree::TagPlace::AtAttributes() const {
+    XmlScanner scanner(document, begin + 1);
     scanner.TakeName();
     return scanner;
 }
 
+std::size_t ElementTree::TagPlace::Size() const {
+    XmlScanner scanner = AtAttributes();
+    for (XmlAttribute attribute; scanner.NextAttribute(attribute);) {
+    }
+    return document.find('>', scanner.Position()) + 1 - begin;
+}
+
+ElementTree::TagPlace ElementTree::TagOf(ElementIndex element) const {
+    const TagPlace own = SourceTagOf(element);
+    if (m_editedTags.empty())
+        return own;
+    const auto edited = m_editedTags.find(own.begin);
+    return edited == m_editedTags.end() ? own : TagPlace{edited->second.text, 0};
+}
+
+std::string_view ElementTree::StartTag(ElementIndex element) const {
+    const TagPlace tag = TagOf(element);
+    return tag.document.substr(tag.begin, tag.Size());
+}
+
 std::vector<XmlAttribute> ElementTree::Attributes(ElementIndex element) const {
-    std::vector<XmlAttribute> attributes;
-    XmlScanner scanner = AtAttributes(element);
-    for (XmlAttribute attribute; scanner.NextAttribute(attribute);)
-        attributes.push_back(attribute);
-    return attributes;
+    return AttributesIn(TagOf(element).AtAttributes());
+}
+
+std::vector<XmlAttribute> ElementTree::SourceAttributes(ElementIndex element) const {
+    return AttributesIn(SourceTagOf(element).AtAttributes());
 }
 
 std::string_view ElementTree::FindAttribute(ElementIndex element, std::string_view name) const {
-    XmlScanner scanner = AtAttributes(element);
+    XmlScanner scanner = TagOf(element).AtAttributes();
     for (XmlAttribute attribute; scanner.NextAttribute(attribute);)
         if (attribute.name == name)
             return attribute.value;
@@ -75,23 +132,30 @@ std::string ElementTree::AttributeText(ElementIndex element, std::string_view na
 std::vector<TextSource> ElementTree::Texts(ElementIndex element) const {
     std::vector<TextSource> texts;
     if (!HasChildren(element)) {
-        if (const std::string_view raw = OnlyText(element); !raw.empty())
-            texts.push_back({raw});
+        if (const TextSource only = OnlyText(element); only.isEdited || !only.raw.empty())
+            texts.push_back(only);
         return texts;
     }
     for (auto text = FindMixedText(element, 0); text != m_mixedTexts.end() && text->element == element;
          ++text)
-        texts.push_back({std::string_view(m_source).substr(text->begin, text->end - text->begin)});
+        texts.push_back(AsEdited(text->begin, text->end));
     return texts;
 }
 
 TextSource ElementTree::Text(ElementIndex element, std::size_t offset) const {
     if (!HasChildren(element))
-        return {OnlyText(element)};
+        return OnlyText(element);
     const auto text = FindMixedText(element, offset);
     if (text == m_mixedTexts.end() || text->element != element)
         return {};
-    return {std::string_view(m_source).substr(text->begin, text->end - text->begin)};
+    return AsEdited(text->begin, text->end);
+}
+
+TextSource ElementTree::AsEdited(std::size_t begin, std::size_t end) const {
+    const auto edited = m_editedTexts.empty() ? m_editedTexts.end() : m_editedTexts.find(begin);
+    if (edited != m_editedTexts.end())
+        return {edited->second.text, begin, true};
+    return {std::string_view(m_source).substr(begin, end - begin), begin, false};
 }
 
 std::deque<ElementTree::MixedText>::const_iterator ElementTree::FindMixedText(ElementIndex element,
@@ -104,21 +168,25 @@ std::deque<ElementTree::MixedText>::const_iterator ElementTree::FindMixedText(El
 }
 
 // Of an element without children.
-std::string_view ElementTree::OnlyText(ElementIndex element) const {
-    XmlScanner scanner = AtAttributes(element);
-    for (XmlAttribute attribute; scanner.NextAttribute(attribute);) {
-    }
-    if (!scanner.Skip(">"))
+TextSource ElementTree::OnlyText(ElementIndex element) const {
+    const TagPlace tag = SourceTagOf(element);
+    const std::size_t begin = tag.begin + tag.Size();
+    if (m_source[begin - 2] == '/')
         return {}; // an empty-element tag
-    const std::size_t begin = scanner.Position();
-    return Trim(std::string_view(m_source).substr(begin, EndOfCharacters(m_source, begin) - begin));
+    const std::string_view raw =
+        Trim(std::string_view(m_source).substr(begin, EndOfCharacters(m_source, begin) - begin));
+    return raw.empty() ? TextSource() : AsEdited(OffsetOf(raw), OffsetOf(raw) + raw.size());
 }
 
-XmlAttribute ElementTree::AttributeAt(std::uint32_t offset) const {
-    XmlScanner scanner(m_source, offset - 1); // from the blank before it
-    XmlAttribute attribute;
-    scanner.NextAttribute(attribute);
-    return attribute;
+std::uint32_t ElementTree::PlaceOf(ElementIndex element, const XmlAttribute& attribute) const {
+    const TagPlace tag = TagOf(element);
+    return static_cast<std::uint32_t>(attribute.name.data() - tag.document.data() -
+                                      static_cast<std::ptrdiff_t>(tag.begin));
+}
+
+XmlAttribute ElementTree::AttributeAt(ElementIndex element, std::uint32_t place) const {
+    const TagPlace tag = TagOf(element);
+    return AttributeAfter(tag.document, tag.begin + place - 1);
 }
 
 std::string_view ElementTree::PrefixAt(const NamespaceDeclaration& declaration) const {
@@ -153,7 +221,66 @@ std::string_view ElementTree::NamespaceOf(ElementIndex element, std::string_view
         return {};
     const auto last = static_cast<std::uint32_t>(next - m_namespaces.begin() - 1);
     const std::uint32_t found = InnermostDeclaration(last, element);
-    return found == None ? std::string_view() : AttributeAt(m_namespaces[found].attribute).value;
+    return found == None ? std::string_view()
+                         : AttributeAfter(m_source, m_namespaces[found].attribute - 1).value;
+}
+
+void ElementTree::ReplaceStartTag(ElementIndex element, std::string tag) {
+    const TagPlace own = SourceTagOf(element);
+    Keep(m_editedTags, own.begin, own.Size(), std::move(tag));
+}
+
+void ElementTree::ReplaceText(ElementIndex element, std::size_t offset, std::string raw) {
+    const auto mixed = FindMixedText(element, offset);
+    const std::size_t size = HasChildren(element) ? mixed->end - mixed->begin : SizeOfOnlyText(offset);
+    Keep(m_editedTexts, offset, size, std::move(raw));
+}
+
+std::size_t ElementTree::SizeOfOnlyText(std::size_t offset) const {
+    return Trim(std::string_view(m_source).substr(offset, EndOfCharacters(m_source, offset) - offset)).size();
+}
+
+void ElementTree::Keep(Edits& edits, std::size_t begin, std::size_t size, std::string text) {
+    if (std::string_view(m_source).substr(begin, size) == text)
+        edits.erase(begin);
+    else
+        edits.insert_or_assign(begin, Edit{size, std::move(text)});
+}
+
+std::vector<ElementTree::Piece> ElementTree::Pieces() const {
+    const std::string_view source = m_source;
+    std::vector<Piece> pieces;
+    std::size_t done = 0;
+    const auto addUnedited = [&](std::size_t end) {
+        if (end > done)
+            pieces.push_back({source.substr(done, end - done), done, end, false});
+        done = end;
+    };
+    auto tag = m_editedTags.begin();
+    auto text = m_editedTexts.begin();
+    while (tag != m_editedTags.end() || text != m_editedTexts.end()) {
+        const bool isTag =
+            text == m_editedTexts.end() || (tag != m_editedTags.end() && tag->first < text->first);
+        const auto& [begin, edit] = isTag ? *tag++ : *text++;
+        const std::string_view before = source.substr(begin, edit.size);
+        const std::size_t first = SameAtFront(before, edit.text);
+        const std::size_t last = SameAtBack(before.substr(first), std::string_view(edit.text).substr(first));
+        addUnedited(begin + first);
+        const std::size_t end = begin + edit.size - last;
+        pieces.push_back(
+            {std::string_view(edit.text).substr(first, edit.text.size() - last - first), done, end, true});
+        done = end;
+    }
+    addUnedited(source.size());
+    return pieces;
+}
+
+std::string ElementTree::EditedSource() const {
+    std::string text;
+    text.reserve(m_source.size());
+    for (const Piece& piece : Pieces())
+        text += piece.text;
+    return text;
 }
 
 } // namespace korvel::inspector
