@@ -53,20 +53,6 @@ auto FindMeaning(const Rows& rows, Meaning meaning) {
     return found != std::end(rows) ? found : nullptr;
 }
 
-// Null for what is no angle.
-const AngleScale* ScaleOf(Meaning meaning, const UnitSet& units) {
-    switch (meaning) {
-    case Meaning::Angle:
-        return &units.angle;
-    case Meaning::Direction:
-        return &units.direction;
-    case Meaning::GeographicAngle:
-        return &units.geographic;
-    default:
-        return nullptr;
-    }
-}
-
 CVariantValue OfDouble(EDataTyps type, double number) {
     CVariantValue value;
     value.Type = type;
@@ -203,6 +189,19 @@ private:
 };
 
 } // namespace
+
+const AngleScale* ScaleOf(Meaning meaning, const UnitSet& units) {
+    switch (meaning) {
+    case Meaning::Angle:
+        return &units.angle;
+    case Meaning::Direction:
+        return &units.direction;
+    case Meaning::GeographicAngle:
+        return &units.geographic;
+    default:
+        return nullptr;
+    }
+}
 
 std::string ToLibraryText(const std::string& utf8) {
     const bool isAscii = std::all_of(utf8.begin(), utf8.end(), [](char c) { return (c & 0x80) == 0; });

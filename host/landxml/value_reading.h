@@ -39,6 +39,9 @@ TypedValue ReadValue(const ValueType& type, const XmlCharacters& text, const Val
 /// The unit of a valid value of a type, where the type itself shows none; valid until the units change.
 std::string_view UnitOf(const ValueType& type, const ValuePlace& place);
 
+/// How angles of a meaning are written; null for what is no angle.
+const AngleScale* ScaleOf(Meaning meaning, const UnitSet& units);
+
 /// A text of the document as the library holds texts (korvel/platform/code_page.h); most are the same in both.
 std::string ToLibraryText(const std::string& utf8);
 
