@@ -1,8 +1,8 @@
 #include "landxml/element_object.h"
 
 #include "landxml/landxml_document.h"
-
-#include <utility>
+#include "landxml/member_writer.h"
+#include "landxml/value_writing.h"
 
 namespace korvel::inspector {
 
@@ -30,9 +30,14 @@ bool ElementObject::GetMemberType(const std::string& name, EDataTyps& type) {
     return true;
 }
 
+bool ElementObject::IsReplaceable(const Member& member) const {
+    return !m_document.IsReadOnly() && m_document.Members().IsReplaceable(m_element, member);
+}
+
 bool ElementObject::IsMemberEditable(const std::string& name) {
     const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
-    return member && !m_document.IsReadOnly() && m_document.Members().IsReplaceable(m_element, *member);
+    return member && IsReplaceable(*member) &&
+           !m_document.SessionOf(m_document.AddressOf(m_element, *member)).isProtected;
 }
 
 bool ElementObject::GetMember(const std::string& name, CVariantValue& value) {
@@ -49,30 +54,71 @@ bool ElementObject::GetMember(const std::string& name, CVariantValue& value) {
     return true;
 }
 
-bool ElementObject::SetMemberEditable(const std::string&, const bool&) {
-    return false;
+std::uint32_t ElementObject::GetMemberFlags(const std::string& name) {
+    const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
+    if (!member)
+        return 0;
+    const bool isChild = member->kind == MemberKind::Object;
+    const EDataTyps type = isChild ? DT_Group : m_document.ValueOf(m_element, *member).Type;
+    std::uint32_t flags = 0;
+    if (type == DT_FileName)
+        flags |= MF_File;
+    if (isChild && (m_document.ObjectOf(member->place).GetEditFlags() & EF_Rename) != 0)
+        flags |= MF_Rename;
+    if (!IsReplaceable(*member))
+        return flags;
+    flags |= MF_WriteProtect;
+    if (IsNumber(type))
+        flags |= MF_ChangeType;
+    if (member->kind == MemberKind::Attribute)
+        flags |= MF_Delete | MF_Rename;
+    return flags;
 }
 
-bool ElementObject::SetMember(const std::string&, const CVariantValue&) {
-    return false;
+std::uint32_t ElementObject::GetEditFlags() const {
+    if (m_document.IsReadOnly())
+        return 0;
+    std::uint32_t flags = EF_Add;
+    if (m_document.Tree().FindAttribute(m_element, "name").data() != nullptr)
+        flags |= EF_Rename;
+    return flags;
 }
 
-bool ElementObject::AddMember(const std::string&, bool, const CVariantValue&) {
-    return false;
+std::string ElementObject::GetMemberLabel(const std::string& name) const {
+    return MemberWriter(m_document, m_element).LabelOf(name).value_or(name);
 }
 
-bool ElementObject::RemoveMember(const std::string&) {
-    return false;
+// A label that the user leaves as it is would be refused as the name of another member.
+bool ElementObject::OnRenameMember(const char* name, const char* newName) {
+    return MemberWriter(m_document, m_element).LabelOf(name) == std::optional<std::string>(newName);
 }
 
-bool ElementObject::RenameMember(const std::string&, const std::string&) {
-    return false;
+bool ElementObject::SetMemberEditable(const std::string& name, const bool& editable) {
+    return MemberWriter(m_document, m_element).Protect(name, !editable);
 }
 
-bool ElementObject::ChangeMemberType(const std::string&, const EDataTyps&) {
-    return false;
+bool ElementObject::SetMember(const std::string& name, const CVariantValue& value) {
+    return MemberWriter(m_document, m_element).Set(name, value);
 }
 
-void ElementObject::SetIdent(const std::string&) {}
+bool ElementObject::AddMember(const std::string& name, bool editable, const CVariantValue& value) {
+    return MemberWriter(m_document, m_element).Add(name, editable, value);
+}
+
+bool ElementObject::RemoveMember(const std::string& name) {
+    return MemberWriter(m_document, m_element).Remove(name);
+}
+
+bool ElementObject::RenameMember(const std::string& name, const std::string& newName) {
+    return MemberWriter(m_document, m_element).Rename(name, newName);
+}
+
+bool ElementObject::ChangeMemberType(const std::string& name, const EDataTyps& type) {
+    return MemberWriter(m_document, m_element).ChangeType(name, type);
+}
+
+void ElementObject::SetIdent(const std::string& ident) {
+    MemberWriter(m_document, m_element).SetOwnName(ident);
+}
 
 } // namespace korvel::inspector

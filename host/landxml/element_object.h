@@ -6,13 +6,16 @@
 namespace korvel::inspector {
 
 class LandXmlDocument;
+struct Member;
 
 /// An element as an object of the grid: 48 bytes. Everything else is read from the document when it is asked
 /// for; see ElementMembers for what the members are.
 ///
-/// The document can be read only: whatever would change it returns false. IsMemberEditable is true for the
-/// values that could be replaced in place in the file, for the grid greys all others: those that are cut,
-/// those that comments or sections interrupt, namespaces, and all of a document of an unknown version.
+/// What is written goes into the document, see MemberWriter. IsMemberEditable is true for the values that can
+/// be replaced in place in the file, for the grid greys all others: those that are cut, those that comments or
+/// sections interrupt, namespaces, and all of a document of an unknown version. Only attributes can be added
+/// and removed; the row of a child is renamed by its attribute `name`, without which it cannot be. A type is
+/// changed, and a member protected, for this run only.
 class ElementObject final : public IMemberDispatch {
 public:
     ElementObject(LandXmlDocument& document, ElementIndex element);
@@ -25,6 +28,11 @@ public:
     bool IsMemberEditable(const std::string& name) override;
     bool GetMember(const std::string& name, CVariantValue& value) override;
 
+    std::uint32_t GetMemberFlags(const std::string& name) override;
+    std::uint32_t GetEditFlags() const override;
+    std::string GetMemberLabel(const std::string& name) const override;
+    bool OnRenameMember(const char* name, const char* newName) override;
+
     bool SetMemberEditable(const std::string& name, const bool& editable) override;
     bool SetMember(const std::string& name, const CVariantValue& value) override;
     bool AddMember(const std::string& name, bool editable, const CVariantValue& value) override;
@@ -34,6 +42,8 @@ public:
     void SetIdent(const std::string& ident) override;
 
 private:
+    bool IsReplaceable(const Member& member) const;
+
     ElementIndex m_element;
     LandXmlDocument& m_document;
 };

@@ -1,7 +1,9 @@
 #include "landxml/landxml_document.h"
 
 #include "korvel/platform/code_page.h"
+#include "landxml/session_type.h"
 #include "source/document_error.h"
+#include "source/start_tag.h"
 #include "texts/messages.h"
 
 #include <algorithm>
@@ -14,7 +16,7 @@ LandXmlDocument::LandXmlDocument(const std::string& path, const ReadingOptions& 
     : LandXmlDocument(LoadDocument(path, options.encoding), options) {}
 
 LandXmlDocument::LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options)
-    : m_loaded(std::move(loaded)), m_members(m_loaded.tree, options) {
+    : m_loaded(std::move(loaded)), m_members(m_loaded.tree, options), m_names(m_members) {
     CheckVersion();
 }
 
@@ -52,50 +54,117 @@ ElementObject& LandXmlDocument::ObjectOf(ElementIndex element) {
     return object->second;
 }
 
+ElementObject* LandXmlDocument::FindObject(ElementIndex element) {
+    const auto object = m_objects.find(element);
+    return object == m_objects.end() ? nullptr : &object->second;
+}
+
 void LandXmlDocument::Forget(ElementIndex element) {
     m_objects.erase(element);
     m_presentations.erase(element);
-    m_idents.erase(element);
-    m_namesOfLarge.erase(element);
-}
-
-const std::string& LandXmlDocument::IdentOf(ElementIndex element) {
-    const auto known = m_idents.find(element);
-    if (known != m_idents.end())
-        return known->second;
-    const ElementIndex parent = Tree().Parent(element);
-    const std::string name =
-        parent == NoElement ? m_members.NameOfElement(element).stem : NamesOf(parent).NameOfChild(element);
-    return m_idents.emplace(element, name).first->second;
-}
-
-// The elements in a small one have other places among the recent names than it has itself.
-bool LandXmlDocument::IsLarge(ElementIndex element, const UniqueMemberNames& names) const {
-    return std::max<std::size_t>(names.Count(), Tree().SubtreeEnd(element) - element) > m_recentNames.size();
-}
-
-const UniqueMemberNames& LandXmlDocument::NamesOf(ElementIndex element) {
-    if (const auto large = m_namesOfLarge.find(element); large != m_namesOfLarge.end())
-        return *large->second;
-    RecentNames& recent = m_recentNames[element % m_recentNames.size()];
-    if (recent.element == element)
-        return *recent.names;
-    auto names = std::make_unique<UniqueMemberNames>(m_members, element);
-    if (IsLarge(element, *names))
-        return *m_namesOfLarge.emplace(element, std::move(names)).first->second;
-    recent = {element, std::move(names)};
-    return *recent.names;
+    m_names.Forget(element);
 }
 
 const CVariantValue& LandXmlDocument::ValueOf(ElementIndex element, const Member& member) {
     const bool isLast =
         m_lastElement == element && m_lastMember.place == member.place && m_lastMember.kind == member.kind;
     if (!isLast) {
-        m_lastValue = m_members.ValueOf(element, member).value;
+        m_lastValue = ReadValueOf(element, member);
         m_lastElement = element;
         m_lastMember = member;
     }
     return m_lastValue;
+}
+
+CVariantValue LandXmlDocument::ReadValueOf(ElementIndex element, const Member& member) const {
+    const std::optional<EDataTyps> shown =
+        m_sessions.empty() ? std::nullopt : SessionOf(AddressOf(element, member)).type;
+    if (!shown || !member.isComplete)
+        return m_members.ValueOf(element, member).value;
+    const ValueType type = TypeOf(element, member);
+    return ShownAs(ReadValue(type, m_members.CharactersOf(element, member), m_members.PlaceOf(element, type)),
+                   *shown, m_members.CharactersOf(element, member));
+}
+
+ValueType LandXmlDocument::TypeOf(ElementIndex element, const Member& member) const {
+    const ValueType own = m_members.TypeOf(element, member);
+    const std::optional<EDataTyps> shown = SessionOf(AddressOf(element, member)).type;
+    return shown ? TypeShownAs(own, *shown) : own;
+}
+
+MemberAddress LandXmlDocument::AddressOf(ElementIndex element, const Member& member) const {
+    switch (member.kind) {
+    case MemberKind::Attribute:
+        return {element, std::string(Tree().AttributeAt(element, member.place).name)};
+    case MemberKind::TextPart:
+        return {element, "#" + std::to_string(member.place)};
+    case MemberKind::Text:
+        return {element, "@" + std::to_string(member.place)};
+    default:
+        return {member.place, "#"};
+    }
+}
+
+const MemberSessions& LandXmlDocument::SessionsOf(ElementIndex element) const {
+    static const MemberSessions none;
+    const auto sessions = m_sessions.find(element);
+    return sessions == m_sessions.end() ? none : sessions->second;
+}
+
+MemberSession LandXmlDocument::SessionOf(const MemberAddress& address) const {
+    const MemberSessions& sessions = SessionsOf(address.element);
+    const auto session = sessions.find(address.key);
+    return session == sessions.end() ? MemberSession() : session->second;
+}
+
+ElementIndex LandXmlDocument::OwnerOf(const DocumentChange& change) const {
+    return change.text && m_members.IsTextElement(change.element) ? Tree().Parent(change.element)
+                                                                  : change.element;
+}
+
+ElementMembers::Reach LandXmlDocument::ReachOf(const DocumentChange& change) const {
+    if (change.text)
+        return {};
+    return m_members.ReachOf(change.element, ChangedAttributes(change.before.written, change.after.written));
+}
+
+void LandXmlDocument::Put(const DocumentChange& change, Side side) {
+    if (m_listener)
+        m_listener->OnChanging(change);
+    Write(change, side == Side::Before ? change.before : change.after);
+    if (m_listener)
+        m_listener->OnChanged(change);
+}
+
+void LandXmlDocument::Write(const DocumentChange& change, const DocumentChange::State& state) {
+    const bool isTextElement = OwnerOf(change) != change.element;
+    const Member asText(change.element, MemberKind::TextElement);
+    const bool wasValid = isTextElement && m_members.ValueOf(change.element, asText).isValid;
+    if (state.sessions.empty())
+        m_sessions.erase(change.element);
+    else
+        m_sessions[change.element] = state.sessions;
+    m_lastElement = NoElement;
+    if (change.text)
+        m_loaded.tree.ReplaceText(change.element, *change.text, state.written);
+    else
+        m_loaded.tree.ReplaceStartTag(change.element, state.written);
+    // One point of a terrain must not cost the names of all of them.
+    if (!isTextElement || wasValid != m_members.ValueOf(change.element, asText).isValid)
+        FollowNames(change);
+}
+
+void LandXmlDocument::FollowNames(const DocumentChange& change) {
+    if (!change.text)
+        m_members.FollowTag(change.element, ChangedAttributes(change.before.written, change.after.written));
+    const ElementMembers::Reach reach = ReachOf(change);
+    if (reach.all) {
+        m_names.FollowAll();
+        return;
+    }
+    m_names.Follow(OwnerOf(change));
+    if (reach.parent)
+        m_names.Follow(Tree().Parent(change.element));
 }
 
 } // namespace korvel::inspector

@@ -1,15 +1,16 @@
 #pragma once
 
 #include "landxml/alignment_presentation.h"
+#include "landxml/document_change.h"
 #include "landxml/element_members.h"
 #include "landxml/element_object.h"
-#include "landxml/unique_member_names.h"
+#include "landxml/member_name_cache.h"
 #include "source/document_reader.h"
+#include "source/xml_escaping.h"
 
-#include <array>
-#include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 namespace korvel::inspector {
@@ -18,6 +19,9 @@ namespace korvel::inspector {
 ///
 ///     LandXmlDocument document("road.xml", {});
 ///     grid.Initialize(&document.Root(), "Name", "Value", 0);
+///
+/// Whoever writes to a member of an object changes the document; a listener hears of it, and may put back what
+/// was there. The source stays as it is beside the edits, see ElementTree.
 ///
 /// The document owns its objects; it must outlive every grid that shows them. Objects are made when they are
 /// first asked for and keep their address. Not for several threads at once.
@@ -51,42 +55,59 @@ public:
     std::size_t HashOfFile() const { return m_loaded.hash; }
 
     ElementObject& ObjectOf(ElementIndex element);
+    /// Null where it was never asked for.
+    ElementObject* FindObject(ElementIndex element);
 
     /// Gives back the memory of an element's object, for walks over a whole document; nobody may hold it.
     void Forget(ElementIndex element);
 
-    /// The name of an element's object: the one that it has as a member.
-    const std::string& IdentOf(ElementIndex element);
-
-    /// Valid until the names of an element outside this one are asked for.
-    const UniqueMemberNames& NamesOf(ElementIndex element);
+    /// See MemberNameCache.
+    const std::string& IdentOf(ElementIndex element) { return m_names.IdentOf(element); }
+    const UniqueMemberNames& NamesOf(ElementIndex element) { return m_names.NamesOf(element); }
 
     /// The value of a member that is no object. A grid asks for the type and the value of a member one after
     /// the other, so the last value is kept. Valid until that of another member is asked for.
     const CVariantValue& ValueOf(ElementIndex element, const Member& member);
 
+    /// What the text of a member means, as the file and as the user says.
+    ValueType TypeOf(ElementIndex element, const Member& member) const;
+    MemberAddress AddressOf(ElementIndex element, const Member& member) const;
+    /// Those of an element; none where the user has made nothing of its members.
+    const MemberSessions& SessionsOf(ElementIndex element) const;
+    MemberSession SessionOf(const MemberAddress& address) const;
+
+    /// Whether the file can hold a character; every one at first.
+    void SetCharacterTest(CharacterTest test) { m_characterTest = std::move(test); }
+    const CharacterTest& GetCharacterTest() const { return m_characterTest; }
+
+    /// The one that hears of changes, or null; it must outlive the document or be taken back.
+    void SetListener(DocumentListener* listener) { m_listener = listener; }
+    enum class Side { Before, After };
+    /// Makes an element as it is on one side of a change.
+    void Put(const DocumentChange& change, Side side);
+    /// The element whose members a change is among.
+    ElementIndex OwnerOf(const DocumentChange& change) const;
+    /// How far a change reaches from the members of that element.
+    ElementMembers::Reach ReachOf(const DocumentChange& change) const;
+
 private:
     LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options);
 
     void CheckVersion();
-    bool IsLarge(ElementIndex element, const UniqueMemberNames& names) const;
+    CVariantValue ReadValueOf(ElementIndex element, const Member& member) const;
+    void Write(const DocumentChange& change, const DocumentChange::State& state);
+    void FollowNames(const DocumentChange& change);
 
     LoadedDocument m_loaded;
     ElementMembers m_members;
+    MemberNameCache m_names;
     std::vector<std::string> m_notices;
+    std::unordered_map<ElementIndex, MemberSessions> m_sessions;
+    CharacterTest m_characterTest;
+    DocumentListener* m_listener = nullptr;
 
     std::unordered_map<ElementIndex, ElementObject> m_objects;
     std::unordered_map<ElementIndex, AlignmentPresentation> m_presentations;
-    std::unordered_map<ElementIndex, std::string> m_idents;
-
-    // A grid asks one object for all its members, and in between those for theirs: the names of small objects
-    // are made again when needed, after a walk elsewhere; those of large ones are kept.
-    struct RecentNames {
-        ElementIndex element = NoElement;
-        std::unique_ptr<UniqueMemberNames> names;
-    };
-    std::array<RecentNames, 64> m_recentNames;
-    std::unordered_map<ElementIndex, std::unique_ptr<UniqueMemberNames>> m_namesOfLarge;
 
     ElementIndex m_lastElement = NoElement;
     Member m_lastMember{0, MemberKind::Object};

@@ -21,6 +21,7 @@ public:
 
     std::size_t Count() const { return m_members.size(); }
     std::string NameAt(std::size_t index) const;
+    const Member& MemberAt(std::size_t index) const { return m_members[index]; }
 
     std::optional<Member> Find(const std::string& name) const;
     /// The name of a child element.

@@ -1,0 +1,297 @@
+#include "landxml/member_writer.h"
+
+#include "korvel/platform/code_page.h"
+#include "landxml/landxml_document.h"
+#include "landxml/session_type.h"
+#include "landxml/value_writing.h"
+#include "source/blanks.h"
+#include "source/refusal.h"
+#include "source/start_tag.h"
+
+#include <algorithm>
+
+namespace korvel::inspector {
+namespace {
+
+constexpr std::string_view NameAttribute = "name";
+
+std::string InQuotes(const std::string& libraryText) {
+    return XmlError::Quoted(platform::ToUtf8(libraryText));
+}
+
+bool IsAttribute(const Member& member) {
+    return member.kind == MemberKind::Attribute;
+}
+
+// A formula is a text that stands for a number; nothing in a LandXML file computes it.
+void RefuseFormula(const CVariantValue& value) {
+    const bool hasForm = value.Text.starts_with("<VB ") && value.Text.ends_with("/>");
+    if (hasForm || (value.Type & (TypeBitButton | TypeBitTextForm)) != 0)
+        Refuse("a LandXML file cannot hold formulas");
+}
+
+bool IsWhole(EDataTyps type) {
+    return IsNumber(type) && (type & (DT_Float | DT_Double)) == 0;
+}
+
+MemberSession& SessionIn(DocumentChange& change, const std::string& key) {
+    return change.after.sessions[key];
+}
+
+// The text in which one word is another one.
+std::string WithWord(std::string_view text, std::size_t index, const std::string& word) {
+    const std::string_view old = SplitAtBlanks(text)[index];
+    return std::string(text).replace(static_cast<std::size_t>(old.data() - text.data()), old.size(), word);
+}
+
+} // namespace
+
+std::optional<Member> MemberWriter::Find(const std::string& name) const {
+    return m_document.NamesOf(m_owner).Find(name);
+}
+
+void MemberWriter::RequireWritable() const {
+    if (m_document.IsReadOnly())
+        Refuse("the document can only be read");
+}
+
+void MemberWriter::RequireReplaceable(const std::string& name, const Member& member) const {
+    if (!m_document.Members().IsReplaceable(m_owner, member))
+        Refuse({"%1 cannot be changed in this file", {InQuotes(name)}});
+}
+
+std::string MemberWriter::AttributeName(const Member& member) const {
+    return std::string(m_document.Tree().AttributeAt(m_owner, member.place).name);
+}
+
+DocumentChange MemberWriter::Begin(DocumentChange::Kind kind, const std::string& name,
+                                   const MemberAddress& address) const {
+    DocumentChange change{kind, name, address.element, {}, {}, {}};
+    change.before = {std::string(m_document.Tree().StartTag(address.element)),
+                     m_document.SessionsOf(address.element)};
+    change.after = change.before;
+    return change;
+}
+
+DocumentChange MemberWriter::BeginWith(DocumentChange::Kind kind, const std::string& name,
+                                       const Member& member) const {
+    const MemberAddress address = m_document.AddressOf(m_owner, member);
+    DocumentChange change = Begin(kind, IsAttribute(member) ? ToLibraryText(address.key) : name, address);
+    if (IsAttribute(member))
+        return change;
+    const TextSource text =
+        m_document.Tree().Text(address.element, member.kind == MemberKind::Text ? member.place : 0);
+    change.text = text.offset;
+    change.before.written = change.after.written = std::string(text.raw);
+    return change;
+}
+
+void MemberWriter::Finish(const DocumentChange& change) {
+    if (!(change.before == change.after))
+        m_document.Put(change, LandXmlDocument::Side::After);
+}
+
+void MemberWriter::WriteText(DocumentChange& change, const Member& member, const std::string& text) const {
+    const CharacterTest& isHeld = m_document.GetCharacterTest();
+    std::string& written = change.after.written;
+    if (IsAttribute(member))
+        written = SetAttribute(written, AttributeName(member), text, isHeld);
+    else if (member.kind == MemberKind::TextPart && m_document.Members().TextTypeOf(m_owner).parts.size() > 1)
+        written = WithWord(written, member.place, EscapeText(Trim(text), isHeld));
+    else
+        written = EscapeText(Trim(text), isHeld);
+}
+
+bool MemberWriter::IsAllowed(const ValueType& type, const std::string& text) const {
+    return ReadValue(type, {text, true}, m_document.Members().PlaceOf(m_owner, type)).isValid;
+}
+
+bool MemberWriter::IsAllowed(const Member& member, const ValueType& type, const std::string& text) const {
+    const ElementMembers& members = m_document.Members();
+    if (member.kind == MemberKind::Text)
+        return members.IsTextOf(m_owner, text);
+    if (member.kind == MemberKind::TextElement)
+        return members.IsTextOf(member.place, text);
+    return IsAllowed(type, text);
+}
+
+bool MemberWriter::Set(const std::string& name, const CVariantValue& value) {
+    RequireWritable();
+    const std::optional<Member> member = Find(name);
+    if (!member || member->kind == MemberKind::Object)
+        return false;
+    RefuseFormula(value);
+    RequireReplaceable(name, *member);
+    const ElementMembers& members = m_document.Members();
+    const ValueType type = m_document.TypeOf(m_owner, *member);
+    if (MeansTheSame(type, m_document.ValueOf(m_owner, *member), value))
+        return true;
+    const std::optional<std::string> text =
+        WriteValue(type, value, members.CharactersOf(m_owner, *member).utf8, members.PlaceOf(m_owner, type));
+    if (!text)
+        return false;
+    if (!IsAllowed(*member, type, *text))
+        Refuse({"%1 is no value of %2", {XmlError::Quoted(*text), InQuotes(name)}});
+    DocumentChange change = BeginWith(DocumentChange::Kind::Edit, name, *member);
+    WriteText(change, *member, *text);
+    Finish(change);
+    return true;
+}
+
+bool MemberWriter::Protect(const std::string& name, bool isProtected) {
+    RequireWritable();
+    const std::optional<Member> member = Find(name);
+    if (!member || member->kind == MemberKind::Object)
+        return false;
+    RequireReplaceable(name, *member);
+    DocumentChange change = BeginWith(DocumentChange::Kind::Protect, name, *member);
+    const std::string key = m_document.AddressOf(m_owner, *member).key;
+    SessionIn(change, key).isProtected = isProtected;
+    Finish(change);
+    return true;
+}
+
+// A number that loses digits in a whole type is written as what it has become; any other one is only shown
+// as something else.
+bool MemberWriter::ChangeType(const std::string& name, EDataTyps target) {
+    RequireWritable();
+    const std::optional<Member> member = Find(name);
+    if (!member || member->kind == MemberKind::Object)
+        return false;
+    RequireReplaceable(name, *member);
+    const ElementMembers& members = m_document.Members();
+    const CVariantValue own = members.ValueOf(m_owner, *member).value;
+    const CVariantValue& shown = m_document.ValueOf(m_owner, *member);
+    const CVariantValue old = IsNumber(shown.Type) ? shown : own;
+    DocumentChange change = BeginWith(DocumentChange::Kind::Retype, name, *member);
+    if (target != DT_String) {
+        const CVariantValue converted = old.ChangeToType(target);
+        const bool isCut = IsWhole(target) &&
+                           static_cast<double>(converted) != static_cast<double>(old.ChangeToType(DT_Double));
+        const ValueType type = members.TypeOf(m_owner, *member);
+        const auto text = WriteValue(type, converted, {}, members.PlaceOf(m_owner, type));
+        if (isCut && text)
+            WriteText(change, *member, *text);
+    }
+    MemberSession& session = SessionIn(change, m_document.AddressOf(m_owner, *member).key);
+    session.type = target == own.Type ? std::nullopt : std::optional(target);
+    Finish(change);
+    return true;
+}
+
+void MemberWriter::RequireNewAttribute(const std::string& name) const {
+    const ElementTree& tree = m_document.Tree();
+    CheckAttributeName(name, m_document.GetCharacterTest());
+    const std::string_view prefix = PrefixOf(name);
+    const auto addressOf = [&](std::string_view attribute) {
+        const std::string_view own = PrefixOf(attribute);
+        return own.empty() ? std::string_view() : tree.NamespaceOf(m_owner, own);
+    };
+    if (!prefix.empty() && prefix != "xml" && addressOf(name).empty())
+        Refuse({"the prefix %1 is not declared", {XmlError::Quoted(prefix)}});
+    for (const XmlAttribute& attribute : tree.Attributes(m_owner)) {
+        const bool isSameLocally =
+            attribute.name.substr(attribute.name.find(':') + 1) == name.substr(name.find(':') + 1);
+        if (attribute.name == name || (isSameLocally && !PrefixOf(attribute.name).empty() &&
+                                       !prefix.empty() && addressOf(attribute.name) == addressOf(name)))
+            Refuse({"the attribute %1 is here already", {XmlError::Quoted(attribute.name)}});
+    }
+}
+
+bool MemberWriter::Add(const std::string& name, bool isEditable, const CVariantValue& value) {
+    RequireWritable();
+    const std::string attribute = platform::ToUtf8(name);
+    RequireNewAttribute(attribute);
+    RefuseFormula(value);
+    const ElementMembers& members = m_document.Members();
+    const ValueType own = members.TypeOfAttribute(m_owner, attribute);
+    MemberSession session;
+    session.isProtected = !isEditable;
+    if (own.meaning == Meaning::Text && value.Type != DT_String && (value.Type & TypeBitList) == 0)
+        session.type = value.Type;
+    const ValueType type = session.type ? TypeShownAs(own, *session.type) : own;
+    const std::optional<std::string> text = WriteValue(type, value, {}, members.PlaceOf(m_owner, type));
+    if (!text)
+        Refuse({"%1 cannot be of this type", {XmlError::Quoted(attribute)}});
+    if (!IsAllowed(type, *text))
+        Refuse({"%1 is no value of %2", {XmlError::Quoted(*text), XmlError::Quoted(attribute)}});
+    DocumentChange change = Begin(DocumentChange::Kind::Add, name, {m_owner, attribute});
+    change.after.written =
+        AddAttribute(change.before.written, attribute, *text, m_document.GetCharacterTest());
+    SessionIn(change, attribute) = session;
+    Finish(change);
+    return true;
+}
+
+bool MemberWriter::Remove(const std::string& name) {
+    RequireWritable();
+    const std::optional<Member> member = Find(name);
+    if (!member)
+        return false;
+    if (!IsAttribute(*member))
+        Refuse("only attributes can be removed");
+    const std::string attribute = AttributeName(*member);
+    CheckAttributeName(attribute, {});
+    DocumentChange change = BeginWith(DocumentChange::Kind::Remove, name, *member);
+    change.after.written = RemoveAttribute(change.before.written, attribute);
+    change.after.sessions.erase(attribute);
+    Finish(change);
+    return true;
+}
+
+std::optional<std::string> MemberWriter::LabelOf(const std::string& name) const {
+    const std::optional<Member> member = Find(name);
+    if (!member)
+        return std::nullopt;
+    if (IsAttribute(*member))
+        return ToLibraryText(AttributeName(*member));
+    const ElementTree& tree = m_document.Tree();
+    if (member->kind != MemberKind::Object ||
+        tree.FindAttribute(member->place, NameAttribute).data() == nullptr)
+        return std::nullopt;
+    return ToLibraryText(
+        DecodeXmlAttribute(tree.FindAttribute(member->place, NameAttribute), std::string::npos).utf8);
+}
+
+bool MemberWriter::Rename(const std::string& name, const std::string& newName) {
+    RequireWritable();
+    const std::optional<Member> member = Find(name);
+    if (!member)
+        return false;
+    const std::optional<std::string> label = LabelOf(name);
+    if (!label)
+        Refuse({"%1 cannot be renamed: only attributes and elements with the attribute 'name' can",
+                {InQuotes(name)}});
+    if (*label == newName)
+        return true;
+    if (!IsAttribute(*member)) {
+        MemberWriter(m_document, member->place).SetOwnName(newName);
+        return true;
+    }
+    const std::string attribute = AttributeName(*member);
+    const std::string newAttribute = platform::ToUtf8(newName);
+    CheckAttributeName(attribute, {});
+    RequireNewAttribute(newAttribute);
+    DocumentChange change = BeginWith(DocumentChange::Kind::Rename, name, *member);
+    change.after.written = RenameAttribute(change.before.written, attribute, newAttribute);
+    if (auto session = change.after.sessions.extract(attribute)) {
+        session.key() = newAttribute;
+        change.after.sessions.insert(std::move(session));
+    }
+    Finish(change);
+    return true;
+}
+
+void MemberWriter::SetOwnName(const std::string& name) {
+    RequireWritable();
+    if (m_document.Tree().FindAttribute(m_owner, NameAttribute).data() == nullptr)
+        Refuse({"%1 cannot be renamed: only attributes and elements with the attribute 'name' can",
+                {InQuotes(m_document.IdentOf(m_owner))}});
+    DocumentChange change = Begin(DocumentChange::Kind::Rename, m_document.IdentOf(m_owner),
+                                  {m_owner, std::string(NameAttribute)});
+    change.after.written = SetAttribute(change.before.written, NameAttribute, platform::ToUtf8(name),
+                                        m_document.GetCharacterTest());
+    Finish(change);
+}
+
+} // namespace korvel::inspector
