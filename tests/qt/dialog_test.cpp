@@ -1,4 +1,5 @@
 #include "korvel/qt/embed.h"
+#include "korvel/window/controls/combo_box.h"
 #include "qt/users.h"
 #include "support/dialog_fixture.h"
 
@@ -191,6 +192,23 @@ TEST_F(DesktopDialog, AccessKeysAreTheDialogs) {
         }
         EXPECT_EQ(IsDlgButtonChecked(m_dialog.m_hWnd, Check), 1);
         EXPECT_TRUE(qobject_cast<QAbstractButton*>(Widget(Green))->isChecked());
+    });
+}
+
+TEST_F(DesktopDialog, TabLeavesAnOpenList) {
+    RunWith([&] {
+        CComboBox box;
+        box.Create(WS_CHILD | WS_VISIBLE | Stop | CBS_DROPDOWN, {100, 60, 200, 160}, &m_dialog, 20);
+        box.AddString("one");
+        SetFocus(m_dialog.Item(IDCANCEL));
+        for (const UINT key : {VK_TAB, VK_F4})
+            m_user.Key(key, {});
+        ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+        QTest::keyClick(QApplication::activePopupWidget()->focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(GetFocus(), m_dialog.Item(Name));
+        EXPECT_FALSE(box.GetDroppedState());
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        EXPECT_EQ(QApplication::focusWidget(), Widget(Name));
     });
 }
 

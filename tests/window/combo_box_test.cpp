@@ -136,10 +136,12 @@ TEST_F(ComboBoxTest, AltWithAnArrowOpensAndClosesAndALetterFinds) {
     parent.codes.clear();
     Press(VK_DOWN, WM_SYSKEYDOWN);
     EXPECT_TRUE(box.GetDroppedState());
-    EXPECT_TRUE(box.SendMessageA(WM_GETDLGCODE) & DLGC_WANTALLKEYS) << "Return and Escape are the list's";
+    for (const auto& [border, key, isTheLists] :
+         Table<UINT, bool>{{"Return", VK_RETURN, true}, {"Escape", VK_ESCAPE, true}, {"Tab", VK_TAB, false}})
+        EXPECT_EQ((box.SendMessageA(WM_GETDLGCODE, key) & DLGC_WANTALLKEYS) != 0, isTheLists) << border;
     Press(VK_UP, WM_SYSKEYDOWN);
     EXPECT_EQ(parent.Take(), (Codes{CBN_DROPDOWN, CBN_SELENDOK, CBN_CLOSEUP}));
-    EXPECT_FALSE(box.SendMessageA(WM_GETDLGCODE) & DLGC_WANTALLKEYS);
+    EXPECT_FALSE(box.SendMessageA(WM_GETDLGCODE, VK_RETURN) & DLGC_WANTALLKEYS);
     for (const int expected : {0, 2, 0}) {
         Press('A', WM_KEYDOWN, "A");
         EXPECT_EQ(box.GetCurSel(), expected);
@@ -180,6 +182,9 @@ TEST_F(ComboBoxTest, TheFieldIsTheBoxesText) {
     EXPECT_EQ(parent.Take(), (Codes{CBN_EDITUPDATE, CBN_EDITCHANGE}));
     EXPECT_EQ(box.GetWindowTextA(), "n");
     EXPECT_EQ(box.GetCurSel(), CB_ERR);
+    for (const UINT key : {VK_F4, VK_DOWN, VK_ESCAPE})
+        Press(key);
+    EXPECT_EQ(box.GetWindowTextA(), "n") << "Escape brings back what was typed";
     box.EnableWindow(false);
     EXPECT_FALSE(IsWindowEnabled(Field()));
 

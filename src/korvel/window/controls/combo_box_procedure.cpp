@@ -203,7 +203,7 @@ std::optional<LRESULT> HandleWindow(ComboBoxState& box, UINT message, WPARAM wPa
     case WM_COMMAND:
         return HearEdit(box, wParam, lParam) ? std::optional<LRESULT>(0) : std::nullopt;
     case WM_GETDLGCODE:
-        return DLGC_WANTARROWS | DLGC_WANTCHARS | (box.isDropped ? DLGC_WANTALLKEYS : 0u);
+        return DLGC_WANTARROWS | DLGC_WANTCHARS | KeysOfOpenList(box, wParam);
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
         return PressKey(box, message, static_cast<UINT>(wParam)) ? std::optional<LRESULT>(0) : std::nullopt;

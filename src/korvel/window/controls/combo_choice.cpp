@@ -16,6 +16,18 @@ void Notify(const ComboBoxState& box, UINT code, FirstFailure& failure) {
     failure.Try([&] { NotifyParentCommand(box.record.handle, code); });
 }
 
+void Show(ComboBoxState& box, int index, const CString& text) {
+    box.current = index;
+    TellDisplay(box.record, Aspect::State);
+    SetText(box, text);
+}
+
+// The former entry, or what was typed.
+void BringBack(ComboBoxState& box) {
+    const bool wasTyped = box.edit && box.currentAtDrop == ComboEntries::None;
+    Show(box, box.currentAtDrop, wasTyped ? box.textAtDrop : box.ChoiceText(box.currentAtDrop));
+}
+
 } // namespace
 
 void SetText(ComboBoxState& box, const CString& text) {
@@ -29,9 +41,7 @@ void SetText(ComboBoxState& box, const CString& text) {
 }
 
 void Select(ComboBoxState& box, int index) {
-    box.current = index;
-    TellDisplay(box.record, Aspect::State);
-    SetText(box, box.ChoiceText(index));
+    Show(box, index, box.ChoiceText(index));
 }
 
 void MoveTo(ComboBoxState& box, int index) {
@@ -65,6 +75,8 @@ void Choose(ComboBoxState& box, int index) {
 void Open(ComboBoxState& box) {
     if (box.isDropped || box.IsSimple())
         return;
+    if (box.edit)
+        box.textAtDrop = GetWindowTextA(box.edit);
     box.isDropped = true;
     box.currentAtDrop = box.current;
     FirstFailure failure;
@@ -78,7 +90,7 @@ void Close(ComboBoxState& box, Closing how) {
         return;
     FirstFailure failure;
     if (how == Closing::Cancel && box.current != box.currentAtDrop)
-        failure.Try([&] { Select(box, box.currentAtDrop); });
+        failure.Try([&] { BringBack(box); });
     TellDisplay(box.record, Aspect::State);
     Notify(box, how == Closing::Take ? CBN_SELENDOK : CBN_SELENDCANCEL, failure);
     Notify(box, CBN_CLOSEUP, failure);

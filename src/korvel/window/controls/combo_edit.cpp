@@ -27,7 +27,7 @@ LRESULT EditInBoxProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     if (box && GoesToBox(*box, message, wParam) && PressKey(*box, message, static_cast<UINT>(wParam)))
         return 0;
     const LRESULT result = EditProcedure(window, message, wParam, lParam);
-    return box && box->isDropped && message == WM_GETDLGCODE ? result | DLGC_WANTALLKEYS : result;
+    return box && message == WM_GETDLGCODE ? result | KeysOfOpenList(*box, wParam) : result;
 }
 
 void Notify(const ComboBoxState& box, UINT code) {

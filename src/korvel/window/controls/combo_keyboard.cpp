@@ -46,7 +46,15 @@ bool Toggles(UINT message, UINT key) {
     return message == WM_SYSKEYDOWN ? key == VK_UP || key == VK_DOWN : key == VK_F4;
 }
 
+bool EndsList(WPARAM key) {
+    return key == VK_RETURN || key == VK_ESCAPE;
+}
+
 } // namespace
+
+UINT KeysOfOpenList(const ComboBoxState& box, WPARAM key) {
+    return box.isDropped && EndsList(key) ? DLGC_WANTALLKEYS : 0;
+}
 
 bool PressKey(ComboBoxState& box, UINT message, UINT key) {
     if (Toggles(message, key)) {
@@ -58,7 +66,7 @@ bool PressKey(ComboBoxState& box, UINT message, UINT key) {
     }
     if (message == WM_SYSKEYDOWN)
         return false;
-    if (box.isDropped && (key == VK_RETURN || key == VK_ESCAPE)) {
+    if (box.isDropped && EndsList(key)) {
         Close(box, key == VK_RETURN ? Closing::Take : Closing::Cancel);
         return true;
     }
