@@ -1,6 +1,7 @@
 #include "korvel/window/controls/button_state.h"
 #include "korvel/window/controls/group_box.h"
 #include "korvel/window/core/dc.h"
+#include "korvel/window/core/dialog_controls.h"
 #include "korvel/window/core/input_delivery.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_changes.h"
@@ -25,22 +26,12 @@ void SetCheck(ButtonState& button, int check) {
     Repaint(button.record);
 }
 
-// The radio buttons of one group: from a WS_GROUP window to before the next one.
 void UncheckOthersInGroup(const ButtonState& button) {
     const RecordRef parent = Find(button.record.parent);
     if (!parent)
         return;
-    const auto& siblings = parent->children;
-    const auto beginsGroup = [](HWND window) { return (view::Style(window) & WS_GROUP) != 0; };
-    const auto self = std::find(siblings.begin(), siblings.end(), button.record.handle);
-    if (self == siblings.end())
-        return;
-    auto first = self;
-    while (first != siblings.begin() && !beginsGroup(*first))
-        --first;
-    const auto last = std::find_if(self + 1, siblings.end(), beginsGroup);
-    for (auto sibling = first; sibling != last; ++sibling) {
-        const ControlOf<ButtonState> other(*sibling);
+    for (const HWND sibling : GroupAround(*parent, button.record.handle)) {
+        const ControlOf<ButtonState> other(sibling);
         if (other && other.get() != &button && other->Type() == BS_AUTORADIOBUTTON)
             SetCheck(*other, 0);
     }

@@ -32,8 +32,7 @@ void CollectControls(const WindowRecord& record, bool reachable, std::vector<Dia
 // What an arrow key may go to: labels and frames have nothing to do with it.
 bool TakesGroupFocus(HWND window) {
     const RecordRef record = Find(window);
-    return record && record->IsShown() && record->IsSwitchedOn() &&
-           !(SendMessageA(window, WM_GETDLGCODE, 0, 0) & DLGC_STATIC);
+    return record && record->IsShown() && record->IsSwitchedOn() && !(DialogCodeOf(window) & DLGC_STATIC);
 }
 
 bool BeginsGroup(HWND window) {
@@ -79,17 +78,13 @@ HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous) {
             const RecordRef around = control && IsWithin(record.handle, control->parent)
                                          ? Find(control->parent)
                                          : RecordRef(&record);
-            const std::vector<HWND> siblings = around->children;
-            if (siblings.empty())
+            if (around->children.empty())
                 return nullptr;
-            const auto found = std::find(siblings.begin(), siblings.end(), from);
-            const auto start = found == siblings.end() ? siblings.begin() : found;
-            const auto first =
-                std::find_if(std::make_reverse_iterator(start + 1), siblings.rend(), BeginsGroup);
-            const auto begin = first == siblings.rend() ? siblings.begin() : first.base() - 1;
-            const std::vector<HWND> group(begin, std::find_if(start + 1, siblings.end(), BeginsGroup));
+            const bool isInside = control && around->handle == control->parent;
+            const HWND start = isInside ? from : around->children.front();
+            const std::vector<HWND> group = GroupAround(*around, start);
             const std::size_t step = previous ? group.size() - 1 : 1;
-            auto place = static_cast<std::size_t>(start - begin);
+            auto place = static_cast<std::size_t>(std::ranges::find(group, start) - group.begin());
             for (std::size_t passed = 0; passed < group.size(); ++passed) {
                 place = (place + step) % group.size();
                 if (TakesGroupFocus(group[place]))
@@ -97,6 +92,21 @@ HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous) {
             }
             return from;
         });
+}
+
+LRESULT internal::DialogCodeOf(HWND control) {
+    return SendMessageA(control, WM_GETDLGCODE, 0, 0);
+}
+
+std::vector<HWND> internal::GroupAround(const WindowRecord& parent, HWND child) {
+    const auto& children = parent.children;
+    const auto self = std::ranges::find(children, child);
+    if (self == children.end())
+        return {};
+    auto first = self;
+    while (first != children.begin() && !BeginsGroup(*first))
+        --first;
+    return {first, std::find_if(self + 1, children.end(), BeginsGroup)};
 }
 
 HWND internal::NextTabStop(HWND parent, HWND from, bool previous) {

@@ -1,6 +1,7 @@
 #include "korvel/window/dialog/access_keys.h"
 
 #include "korvel/platform/code_page.h"
+#include "korvel/window/core/dialog_controls.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/dialog/dialog_focus.h"
 #include "korvel/window/dialog/dialog_state.h"
@@ -24,12 +25,8 @@ void CollectReachable(HWND dialog, std::vector<HWND>& controls) {
     }
 }
 
-LRESULT CodeOf(HWND control) {
-    return SendMessageA(control, WM_GETDLGCODE, 0, 0);
-}
-
 bool HasAccessKey(HWND control, const CString& key) {
-    const LRESULT code = CodeOf(control);
+    const LRESULT code = DialogCodeOf(control);
     const bool isLabel = (code & DLGC_STATIC) != 0;
     const bool isPlain =
         isLabel && !(code & DLGC_BUTTON) && (GetWindowLongPtrA(control, GWL_STYLE) & SS_NOPREFIX);
@@ -37,7 +34,7 @@ bool HasAccessKey(HWND control, const CString& key) {
 }
 
 void Activate(HWND dialog, HWND control, bool isOnlyOne) {
-    if (CodeOf(control) & DLGC_STATIC) {
+    if (DialogCodeOf(control) & DLGC_STATIC) {
         if (const HWND next = GetNextDlgTabItem(dialog, control, false))
             FocusControl(next);
         return;

@@ -1,5 +1,6 @@
 #include "korvel/window/dialog/default_button.h"
 
+#include "korvel/window/core/dialog_controls.h"
 #include "korvel/window/core/focus.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_tree.h"
@@ -11,17 +12,13 @@
 namespace korvel::internal {
 namespace {
 
-LRESULT CodeOf(HWND control) {
-    return SendMessageA(control, WM_GETDLGCODE, 0, 0);
-}
-
 void SetRing(DialogState& dialog, HWND button) {
     const HWND former = std::exchange(dialog.ring, button);
     if (former == button)
         return;
-    if (CodeOf(former) & DLGC_DEFPUSHBUTTON)
+    if (DialogCodeOf(former) & DLGC_DEFPUSHBUTTON)
         SendMessageA(former, BM_SETSTYLE, BS_PUSHBUTTON, 1);
-    if (CodeOf(button) & DLGC_UNDEFPUSHBUTTON)
+    if (DialogCodeOf(button) & DLGC_UNDEFPUSHBUTTON)
         SendMessageA(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, 1);
 }
 
@@ -48,13 +45,13 @@ void FollowFocus(HWND window) {
 } // namespace
 
 bool IsPushButton(HWND control) {
-    return (CodeOf(control) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
+    return (DialogCodeOf(control) & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
 }
 
 void FindDefaultButton(HWND dialog) {
     const std::vector<HWND> children = view::Children(dialog);
-    const auto found =
-        std::ranges::find_if(children, [](HWND child) { return (CodeOf(child) & DLGC_DEFPUSHBUTTON) != 0; });
+    const auto found = std::ranges::find_if(
+        children, [](HWND child) { return (DialogCodeOf(child) & DLGC_DEFPUSHBUTTON) != 0; });
     const ControlOf<DialogState> state(dialog);
     if (!state || found == children.end())
         return;

@@ -10,7 +10,7 @@
 namespace korvel::internal {
 
 void FocusControl(HWND control) {
-    if (SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL)
+    if (DialogCodeOf(control) & DLGC_HASSETSEL)
         SendMessageA(control, EM_SETSEL, 0, -1);
     SetFocus(control);
 }

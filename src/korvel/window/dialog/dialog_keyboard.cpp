@@ -1,6 +1,7 @@
 #include "korvel/window/dialog/dialog_keyboard.h"
 
 #include "korvel/platform/code_page.h"
+#include "korvel/window/core/dialog_controls.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window_tree.h"
 #include "korvel/window/dialog/access_keys.h"
@@ -32,8 +33,7 @@ void PressArrow(HWND dialog, HWND control, bool previous) {
     if (!next || next == control)
         return;
     FocusControl(next);
-    if ((SendMessageA(next, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) &&
-        !SendMessageA(next, BM_GETCHECK, 0, 0))
+    if ((DialogCodeOf(next) & DLGC_RADIOBUTTON) && !SendMessageA(next, BM_GETCHECK, 0, 0))
         SendMessageA(next, BM_CLICK, 0, 0);
 }
 
