@@ -2,7 +2,9 @@
 
 #include "korvel/window/base/types.h"
 
-/// How an item of a layout follows its host window; bits that may be combined.
+/// How an item of a layout follows its host window; bits that may be combined. The edges are those of the
+/// rectangle that the pane around the item is handed. CPaneManager lists where the bits do something else:
+/// ItemAlignRight of a pane itself, above all.
 namespace korvel {
 
 inline constexpr UINT ItemGrowX = 0x0001;        // stretches horizontally

@@ -24,6 +24,8 @@ namespace korvel {
 ///                 return 1;
 ///             if (message == WM_DESTROY)
 ///                 DestroyLayout();
+///             if ((message == WM_HSCROLL || message == WM_VSCROLL) && lParam == 0)   // of a bar of the window
+///                 ScrollLayout(message == WM_HSCROLL ? SB_HORZ : SB_VERT, LOWORD(wParam), HIWORD(wParam));
 ///             const LRESULT result = CDialog::WindowProc(message, wParam, lParam);
 ///             if (message == WM_SIZE)
 ///                 ResizeLayout(LayoutForm::Dialog, LOWORD(lParam), HIWORD(lParam));
@@ -45,15 +47,17 @@ protected:
     void ResizeLayout(LayoutForm form, int cx, int cy) {
         LayoutManagerBase::ResizeLayout(LayoutHost(), form, cx, cy);
     }
-    /// WM_HSCROLL and WM_VSCROLL, before the base handler: moves bar and controls (layout/scroll_step.h).
+    /// WM_HSCROLL and WM_VSCROLL, before the base handler: moves bar and controls. A page is the extent of the
+    /// client area less 10 pixels, a line the tenth of a page. Kept: SB_TOP and SB_BOTTOM go one line only.
     void ScrollLayout(int bar, UINT code, int thumb) {
         LayoutManagerBase::ScrollLayout(LayoutHost(), bar, code, thumb);
     }
     /// WM_GETMINMAXINFO: the root's stored size, without a frame. False without a tree: the base handler's
     /// turn.
     using LayoutManagerBase::LimitTrackSize;
-    /// WM_ERASEBKGND: fills what no child covers (layout/erase_between_children.h). False without a device
-    /// context: the base handler's turn.
+    /// WM_ERASEBKGND: fills what no visible child covers that paints its own background (it returns 1 to
+    /// WM_ERASEBKGND and is no static with a type in its style), and where two of them overlap. False without
+    /// a device context: the base handler's turn.
     bool EraseLayout(CDC* dc) const { return LayoutManagerBase::EraseLayout(LayoutHost(), dc); }
     /// WM_DESTROY. A tree that ResizeLayout is moving is deleted once that is done.
     using LayoutManagerBase::DestroyLayout;

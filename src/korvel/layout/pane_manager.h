@@ -19,6 +19,13 @@ namespace korvel {
 ///
 /// What the pane gains goes in equal parts to the children that grow along its axis, and the remainder to
 /// nobody.
+///
+/// Three things are not symmetric, and are kept because layouts were designed with them:
+/// - ItemAlignRight of the pane itself sets its left edge to its stored width, wherever it is handed; a pane
+///   that sticks to the right of a wide window begins at that coordinate.
+/// - In a row, children that do not grow downward move down with the gained height whatever their flags say;
+///   in a column, ItemAlignLeft keeps a child from moving to the right.
+/// - A child's alignment refers to the rectangle handed to the pane, not to the one that the pane took of it.
 class KORVEL_API CPaneManager : public IItem {
 public:
     /// `flow`: 1 for a row, 0 for a column. With a `parent` and a `controlId` the pane has that control's
@@ -26,6 +33,7 @@ public:
     CPaneManager(int flow, UINT layoutFlags, HWND parent = nullptr, int controlId = -1);
 
     /// Takes the item over (null: nothing) and captures its rectangle. Returns this pane, so that calls nest.
+    /// An item that throws is deleted, and the pane is as before.
     CPaneManager* Add(IItem* child);
 
     /// One move for each item, the pane's own control before its children. Allocates nothing. A handler of a

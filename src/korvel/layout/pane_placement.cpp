@@ -42,7 +42,7 @@ CRect OwnRectangle(const PaneShape& pane, CRect rect) {
         if (pane.flags & ItemAlignLeft) {
             rect.right = WrappingSum(rect.left, width);
         } else if (pane.flags & ItemAlignRight) {
-            rect.left = width; // kept: see the header
+            rect.left = width; // kept: see CPaneManager
         } else {
             rect.left = MiddleStart(rect.left, rect.right, width);
             rect.right = WrappingSum(rect.left, width);

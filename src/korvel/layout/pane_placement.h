@@ -23,12 +23,7 @@ struct PaneShape {
 /// Every division truncates toward zero, so what cannot be shared evenly stays unused at the end of a row.
 /// Coordinates wrap around at 32 bits: no rectangle is too large, negative or reversed.
 ///
-/// Three things are not symmetric, and are kept because layouts were designed with them:
-/// - ItemAlignRight of the pane itself sets its left edge to its stored width, wherever it is handed; a pane
-///   that sticks to the right of a wide window begins at that coordinate.
-/// - In a row, children that do not grow downward move down with the gained height whatever their flags say;
-///   in a column, ItemAlignLeft keeps a child from moving to the right.
-/// - A child's alignment refers to the rectangle handed in, not to the one that the pane took of it.
+/// CPaneManager lists what is not symmetric in it, and kept.
 class PanePlacement {
 public:
     PanePlacement(const PaneShape& pane, const CRect& handed);
