@@ -55,10 +55,10 @@ constexpr Control Controls[] = {
     {"BUTTON", {"&Without", "&Ohne Haken"}, NoId, Stop | BS_AUTOCHECKBOX, {14, 64, 66, 12}},
     {"BUTTON", {"Disabled", "Gesperrt"}, NoId, WS_DISABLED | BS_AUTOCHECKBOX, {14, 78, 66, 12}},
     {"BUTTON", {"&Press", "&Drücken"}, NoId, Stop | BS_PUSHBUTTON, {86, 20, 72, 16}},
-    {"BUTTON", {"&Add", "&Hinzufügen"}, PictureButtonId, Stop | BS_PUSHBUTTON, {86, 40, 72, 16}},
+    {"BUTTON", {"&Add", "Hinzu&fügen"}, PictureButtonId, Stop | BS_PUSHBUTTON, {86, 40, 72, 16}},
     {"BUTTON", {"Disabled", "Gesperrt"}, NoId, Stop | WS_DISABLED | BS_PUSHBUTTON, {86, 60, 72, 16}},
 
-    {"STATIC", {"&Line:", "&Zeile:"}, NoId, 0, {7, 104, 50, 10}},
+    {"STATIC", {"&Line:", "Zei&le:"}, NoId, 0, {7, 104, 50, 10}},
     {"EDIT", {"One line", "Eine Zeile"}, NoId, Field, {60, 101, 107, 14}},
     {"STATIC", {"Fixed:", "Fest:"}, NoId, 0, {7, 121, 50, 10}},
     {"EDIT", {"Read-only", "Schreibgeschützt"}, NoId, Field | ES_READONLY, {60, 118, 107, 14}},
