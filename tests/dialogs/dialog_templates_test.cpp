@@ -1,6 +1,7 @@
 #include "korvel/dialogs/dialog_layouts.h"
 #include "korvel/editors/alpha_dialog_layout.h"
 #include "korvel/platform/code_page.h"
+#include "korvel/window/dialog/access_keys.h"
 
 #include <gtest/gtest.h>
 #include <set>
@@ -48,10 +49,13 @@ bool HasRoomForText(const DialogItem& item) {
 
 void CheckDialog(const DialogTemplate& dialog) {
     std::set<int> ids;
+    std::set<CString> accessKeys;
     for (const DialogItem& item : dialog.items) {
         const CRect rect = RectOf(item.place);
         EXPECT_TRUE(IsReachedByTab(item)) << NameOf(dialog, item);
         EXPECT_TRUE(HasRoomForText(item)) << NameOf(dialog, item) << " " << item.text;
+        const CString accessKey = internal::AccessKeyOf(item.text);
+        EXPECT_TRUE(accessKey.empty() || accessKeys.insert(accessKey).second) << NameOf(dialog, item);
         EXPECT_TRUE(ids.insert(item.id).second || item.id == -1) << NameOf(dialog, item);
         EXPECT_EQ(rect.Intersected({0, 0, dialog.place.width, dialog.place.height}), rect)
             << NameOf(dialog, item);
