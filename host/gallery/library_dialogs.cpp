@@ -3,6 +3,7 @@
 #include "korvel/dialogs/dialog_code_list.h"
 #include "korvel/dialogs/dialog_edit_code_list.h"
 #include "korvel/dialogs/dialog_text.h"
+#include "korvel/dialogs/dlg_edit_attributs.h"
 #include "korvel/dialogs/file_dialog.h"
 #include "korvel/dialogs/select_folder_dlg.h"
 #include "korvel/editors/color_aplha_dlg.h"
@@ -64,6 +65,11 @@ void ShowText() {
 
 void ShowColorWithTransparency() {
     CColorAplhaDlg dialog(0x9E2F7FD6);
+    dialog.DoModal();
+}
+
+void ShowNewAttribute() {
+    CDlgEditAttributs dialog(nullptr, nullptr, nullptr, 0xFFFFFFFF, true);
     dialog.DoModal();
 }
 

@@ -10,6 +10,8 @@ void ShowCodeListToPick();
 void ShowCodePair();
 void ShowText();
 void ShowColorWithTransparency();
+/// A press on OK says that the name is missing.
+void ShowNewAttribute();
 void ShowFileChooser(const std::string& file);
 void ShowFolderChooser(const std::string& folder);
 void ShowQuestion();

@@ -73,6 +73,8 @@ void TakeLibrary(Photographer& photographer, const std::string& file) {
     photographer.TakeDialog("text", ShowText);
     photographer.TakeDialog("color", ShowColorWithTransparency);
     photographer.TakeDialog(
+        "new-attribute", ShowNewAttribute, [] { Press(Qt::Key_Return); });
+    photographer.TakeDialog(
         "file", [&] { ShowFileChooser(file); });
     photographer.TakeDialog("folder", [&] { ShowFolderChooser(folder); });
     photographer.TakeDialog("question", ShowQuestion);

@@ -24,6 +24,16 @@ constexpr int ValueEditId = 15065;
 constexpr int CodeLabelId = 15066;
 constexpr int ValueLabelId = 15067;
 
+constexpr int EditAttributsTemplateId = 15001;
+constexpr int AttributeNameLabelId = 15070;
+constexpr int AttributeNameId = 15071;
+constexpr int AttributeTypeLabelId = 15072;
+constexpr int AttributeTypeId = 15073;
+constexpr int AttributeValueLabelId = 15074;
+constexpr int AttributeValueId = 15075;
+constexpr int AttributeProtectId = 15076;
+constexpr int AttributeProblemId = 15077;
+
 constexpr int TextTemplateId = 106;
 constexpr int TextEditId = 2110;
 

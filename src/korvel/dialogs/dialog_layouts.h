@@ -3,7 +3,7 @@
 #include "korvel/dialogs/dialog_ids.h"
 #include "korvel/dialogs/dialog_words.h"
 #include "korvel/window/app/dialog_template.h"
-#include "korvel/window/base/messages.h"
+#include "korvel/window/base/control_messages.h"
 
 namespace korvel::internal {
 
@@ -13,6 +13,7 @@ namespace korvel::internal {
 template <const DialogWords& Words>
 class CommonDialogs {
     static constexpr UINT Frame = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    static constexpr UINT Sizable = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
     static constexpr UINT Button = WS_TABSTOP | BS_PUSHBUTTON;
     static constexpr UINT DefaultButton = WS_TABSTOP | BS_DEFPUSHBUTTON;
     static constexpr UINT Field = WS_TABSTOP | WS_BORDER | ES_AUTOHSCROLL;
@@ -37,6 +38,18 @@ class CommonDialogs {
         {"BUTTON", Words.ok, IDOK, DefaultButton, {109, 49, 58, 16}},
         {"BUTTON", Words.cancel, IDCANCEL, Button, {171, 49, 58, 16}},
     };
+    static constexpr DialogItem EditAttributs[] = {
+        {"STATIC", Words.name, AttributeNameLabelId, 0, {7, 10, 50, 10}},
+        {"EDIT", "", AttributeNameId, Field, {61, 7, 192, 14}},
+        {"STATIC", Words.type, AttributeTypeLabelId, 0, {7, 29, 50, 10}},
+        {"COMBOBOX", "", AttributeTypeId, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, {61, 26, 192, 14}},
+        {"STATIC", Words.value, AttributeValueLabelId, 0, {7, 48, 50, 10}},
+        {"KorvelItem", "", AttributeValueId, WS_TABSTOP | WS_BORDER, {61, 45, 192, 14}},
+        {"BUTTON", Words.writeProtected, AttributeProtectId, WS_TABSTOP | BS_AUTOCHECKBOX, {61, 64, 192, 12}},
+        {"STATIC", "", AttributeProblemId, SS_NOPREFIX, {7, 81, 246, 20}},
+        {"BUTTON", Words.ok, IDOK, DefaultButton, {133, 107, 58, 16}},
+        {"BUTTON", Words.cancel, IDCANCEL, Button, {195, 107, 58, 16}},
+    };
     static constexpr DialogItem Text[] = {
         {"RICHEDIT50W", "", TextEditId, Lines, {7, 7, 286, 150}},
         {"BUTTON", Words.ok, IDOK, DefaultButton, {173, 164, 58, 16}},
@@ -47,6 +60,7 @@ public:
     static constexpr DialogTemplate Templates[] = {
         {CodeListTemplateId, "", Frame, {0, 0, 340, 191}, CodeList},
         {EditCodeListTemplateId, "", Frame, {0, 0, 236, 72}, EditCodeList},
+        {EditAttributsTemplateId, Words.newAttribute, Sizable, {0, 0, 260, 130}, EditAttributs},
         {TextTemplateId, "", Frame, {0, 0, 300, 187}, Text},
     };
 };

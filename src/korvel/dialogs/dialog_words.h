@@ -10,6 +10,11 @@ struct DialogWords {
     const char* moveUp;
     const char* moveDown;
     const char* code;
+    const char* newAttribute;
+    const char* name;
+    const char* type;
+    const char* value;
+    const char* writeProtected;
     const char* ok;
     const char* cancel;
 };
@@ -21,6 +26,11 @@ inline constexpr DialogWords GermanWords = {.add = "Hinzuf\xFCgen",
                                             .moveUp = "Nach oben",
                                             .moveDown = "Nach unten",
                                             .code = "Krefail Code:",
+                                            .newAttribute = "Neues Attribut",
+                                            .name = "Name:",
+                                            .type = "Typ:",
+                                            .value = "Wert:",
+                                            .writeProtected = "Schreibgesch\xFCtzt",
                                             .ok = "OK",
                                             .cancel = "Abbrechen"};
 
@@ -31,6 +41,11 @@ inline constexpr DialogWords EnglishWords = {.add = "Add",
                                              .moveUp = "Move up",
                                              .moveDown = "Move down",
                                              .code = "Krefail code:",
+                                             .newAttribute = "New attribute",
+                                             .name = "Name:",
+                                             .type = "Type:",
+                                             .value = "Value:",
+                                             .writeProtected = "Write protected",
                                              .ok = "OK",
                                              .cancel = "Cancel"};
 

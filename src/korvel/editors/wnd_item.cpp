@@ -260,7 +260,6 @@ void CWndItem::ChangeAtOnce() {
         Change(*edited);
 }
 
-// Nothing happens to what is no key of the item.
 bool CWndItem::HandleKey(const MSG& message) {
     switch (ItemKeyOf(message, ItemEditorOf(m_Value))) {
     case ItemKey::Edit:
@@ -356,6 +355,7 @@ void CWndItem::FollowWindow(UINT message, WPARAM wParam, LPARAM lParam) {
         Invalidate();
         if (m_pActive)
             m_pActive->SetFocus();
+        m_Edit.SetSel(0, -1);
         break;
     case WM_KILLFOCUS:
         Invalidate();

@@ -61,7 +61,7 @@ void UseExportedClasses() {
            CImageList, IDisplay>();
     UseAll<CComboBox, CDateTimeCtrl, CProgressCtrl, CRichEditCtrl, CSliderCtrl, CSpinButtonCtrl, CTabCtrl,
            CToolTipCtrl>();
-    UseAll<CDialogCodeList, CDialogEditCodeList, CDialogText, CSelectFolderDlg>();
+    UseAll<CDialogCodeList, CDialogEditCodeList, CDialogText, CDlgEditAttributs, CSelectFolderDlg>();
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
     UseMember(&platform::SettingValue::AsNumber);
     UseMember(&CDC::LineTo);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "korvel/values/enum_value.h"
+#include "korvel/values/variant_value.h"
+
+#include <string>
+#include <vector>
+
+namespace korvel::internal {
+
+/// A type that a new attribute may have.
+struct AttributeType {
+    std::string label;   ///< in the language of the process
+    CVariantValue value; ///< what an attribute of this type begins with
+};
+
+/// The types that the mask allows, and after them a list of each enumeration of the container (may be null) whose
+/// type it allows. Measures have 64 bits where these are allowed, else 32.
+std::vector<AttributeType> AttributeTypes(std::uint32_t allowed, IEnumContainer* enumerations);
+
+/// What `value` is as `fresh`, a value of another type: the same number where both are numbers, else `fresh`.
+CVariantValue ConvertedTo(const CVariantValue& fresh, const CVariantValue& value);
+
+} // namespace korvel::internal

@@ -1,0 +1,182 @@
+#include "korvel/dialogs/dlg_edit_attributs.h"
+
+#include "korvel/dialogs/attribute_types.h"
+#include "korvel/dialogs/dialog_ids.h"
+#include "korvel/editors/wnd_item.h"
+#include "korvel/layout/base_item.h"
+#include "korvel/layout/pane_manager.h"
+#include "korvel/values/text_table.h"
+#include "korvel/window/dialog/dialog_items.h"
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+// Rows of the Text table.
+constexpr int InvalidText = 1;
+constexpr int ExistsText = 35;
+constexpr int NameText = 36;
+
+std::string NameProblem(const std::string& name, int text) {
+    return std::string(Text(NameText)) + " '" + name + "' " + Text(text);
+}
+
+} // namespace
+
+/// The value of the dialog: what is refused is said there.
+class CDlgEditAttributs::ValueItem : public CWndItem {
+public:
+    explicit ValueItem(CDlgEditAttributs& dialog) : m_dialog(dialog) {}
+
+    bool TryEnd() {
+        return Try([this] { End(); });
+    }
+
+protected:
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+        bool isHandled = true; // also what is refused
+        Try([&] { isHandled = CWndItem::OnCommand(wParam, lParam); });
+        return isHandled;
+    }
+
+private:
+    template <class Act>
+    bool Try(Act act) {
+        try {
+            act();
+        } catch (const std::exception& refusal) {
+            m_dialog.SetProblems(m_dialog.m_nameProblem, refusal.what());
+            return false;
+        }
+        if (!m_pActive) // read
+            m_dialog.SetProblems(m_dialog.m_nameProblem, {});
+        return true;
+    }
+
+    CDlgEditAttributs& m_dialog;
+};
+
+CDlgEditAttributs::CDlgEditAttributs(IObserverGrid* observer, IMemberDispatch* disp,
+                                     IEnumContainer* enumerations, std::uint32_t types,
+                                     bool allowWriteProtect, CWnd* parent)
+    : CDialog(EditAttributsTemplateId, parent), m_pObserver(observer), m_pDisp(disp),
+      m_pEnumContainer(enumerations), m_types(types), m_allowWriteProtect(allowWriteProtect),
+      m_item(std::make_unique<ValueItem>(*this)) {}
+
+// The item would destroy an enumeration that says IsAutoDestroy.
+CDlgEditAttributs::~CDlgEditAttributs() {
+    m_item->SetValue({});
+}
+
+std::intptr_t CDlgEditAttributs::DoModal() {
+    return DoModalOfLibrary();
+}
+
+void CDlgEditAttributs::SetOptions(GridOptions options) {
+    m_item->SetOptions(options);
+}
+
+BOOL CDlgEditAttributs::OnInitDialog() {
+    CDialog::OnInitDialog();
+    m_typeBox.SubclassDlgItem(AttributeTypeId, this);
+    m_item->SubclassDlgItem(AttributeValueId, this);
+    m_choices = AttributeTypes(m_types, m_pEnumContainer);
+    for (const AttributeType& choice : m_choices)
+        m_typeBox.AddString(choice.label);
+    m_typeBox.SetCurSel(0);
+    ShowType();
+    korvel::EnableWindow(korvel::GetDlgItem(m_hWnd, IDOK), !m_choices.empty());
+    korvel::ShowWindow(korvel::GetDlgItem(m_hWnd, AttributeProtectId),
+                       m_allowWriteProtect ? SW_SHOW : SW_HIDE);
+    BuildLayout();
+    return 1;
+}
+
+void CDlgEditAttributs::BuildLayout() {
+    InitializeLayout();
+    const auto leaf = [this](int id, UINT flags) { return new CBaseItem(m_hWnd, id, flags); };
+    const auto row = [&](int label, int field) {
+        return (new CPaneManager(1, ItemGrowX))->Add(leaf(label, 0))->Add(leaf(field, ItemGrowX));
+    };
+    auto* column = new CPaneManager(0, ItemGrowX | ItemGrowY);
+    root = column;
+    column->SetRect(clientRect);
+    column->Add(row(AttributeNameLabelId, AttributeNameId));
+    column->Add(row(AttributeTypeLabelId, AttributeTypeId));
+    column->Add(row(AttributeValueLabelId, AttributeValueId));
+    column->Add(leaf(AttributeProtectId, ItemGrowX));
+    column->Add(leaf(AttributeProblemId, ItemGrowX | ItemGrowY));
+    column->Add((new CPaneManager(1, 0))->Add(leaf(IDOK, 0))->Add(leaf(IDCANCEL, 0)));
+}
+
+LRESULT CDlgEditAttributs::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_GETMINMAXINFO && LimitTrackSize(*reinterpret_cast<MINMAXINFO*>(lParam)))
+        return 0;
+    if (message == WM_ERASEBKGND && EraseLayout(reinterpret_cast<CDC*>(wParam)))
+        return 1;
+    if (message == WM_DESTROY)
+        DestroyLayout();
+    const LRESULT result = CDialog::WindowProc(message, wParam, lParam);
+    if (message == WM_SIZE)
+        ResizeLayout(LayoutForm::Dialog, LOWORD(lParam), HIWORD(lParam));
+    return result;
+}
+
+bool CDlgEditAttributs::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const unsigned id = LOWORD(wParam);
+    const UINT code = HIWORD(wParam);
+    if (id == AttributeTypeId && code == CBN_SELCHANGE)
+        ShowType();
+    if (id == AttributeNameId && code == EN_CHANGE) {
+        const std::string name = GetDlgItemTextA(m_hWnd, AttributeNameId);
+        SetProblems(name.empty() ? "" : ProblemOf(name), m_valueProblem);
+    }
+    return CDialog::OnCommand(wParam, lParam);
+}
+
+void CDlgEditAttributs::ShowType() {
+    const auto chosen = static_cast<std::size_t>(m_typeBox.GetCurSel());
+    if (chosen >= m_choices.size())
+        return;
+    const CVariantValue& fresh = m_choices[chosen].value;
+    m_item->SetValue(ConvertedTo(fresh, m_item->GetValue()));
+    SetProblems(m_nameProblem, {});
+}
+
+std::string CDlgEditAttributs::ProblemOf(const std::string& name) const {
+    EDataTyps type = DT_Void;
+    if (name.empty())
+        return NameProblem(name, InvalidText);
+    return m_pDisp && m_pDisp->GetMemberType(name, type) ? NameProblem(name, ExistsText) : "";
+}
+
+void CDlgEditAttributs::SetProblems(const std::string& ofName, const std::string& ofValue) {
+    const std::string name = ofName; // may be the dialog's own
+    m_valueProblem = ofValue;
+    m_nameProblem = name;
+    SetDlgItemTextA(m_hWnd, AttributeProblemId, name.empty() ? m_valueProblem : name);
+}
+
+void CDlgEditAttributs::OnOK() {
+    const std::string name = GetDlgItemTextA(m_hWnd, AttributeNameId);
+    SetProblems(ProblemOf(name), m_valueProblem);
+    const bool isRead = m_item->TryEnd();
+    if (!m_nameProblem.empty())
+        return GotoDlgCtrl(GetDlgItem(AttributeNameId));
+    if (!isRead)
+        return GotoDlgCtrl(m_item.get());
+    m_name = name;
+    m_value = m_item->GetValue();
+    m_isWriteProtected = m_allowWriteProtect && IsDlgButtonChecked(m_hWnd, AttributeProtectId) == BST_CHECKED;
+    CDialog::OnOK();
+}
+
+// What is being typed is not looked at any more.
+void CDlgEditAttributs::OnCancel() {
+    m_item->Drop();
+    CDialog::OnCancel();
+}
+
+} // namespace korvel
