@@ -3,6 +3,7 @@
 #include "korvel/platform/calendar.h"
 #include "korvel/platform/raised_flag.h"
 #include "korvel/window/base/loss_watch.h"
+#include "korvel/window/display/window_view.h"
 
 #include <chrono>
 #include <utility>
@@ -110,7 +111,7 @@ bool CGridCtrlDateTime::End() {
 LRESULT CGridCtrlDateTime::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_KEYDOWN:
-        if (wParam != VK_RETURN)
+        if ((wParam != VK_RETURN && wParam != VK_ESCAPE) || view::Date(m_hWnd).isDropped)
             break;
         korvel::SetFocus(korvel::GetParent(m_hWnd));
         return 0;

@@ -19,7 +19,7 @@ inline constexpr UINT GridDateChanged = 0xFD09;
 ///     date.End();                   // SetMember and OnChange with the 5th
 ///
 /// When it loses the focus it sends its parent EN_KILLFOCUS, once; the calendar that it drops down takes none.
-/// Return gives the focus to the parent.
+/// Return and Escape close the calendar, and give the focus to the parent where it is not open.
 ///
 /// A picker that the user leaves as it was writes back what the object holds, bit for bit: also a date with
 /// fractions of a second, in years before 1601, and a state that is neither "GDT_VALID" nor "GDT_NONE". A member

@@ -1,0 +1,134 @@
+#include "korvel/editors/wnd_item.h"
+#include "korvel/window/core/exception_handler.h"
+#include "qt/users.h"
+#include "support/make_value.h"
+#include "support/test_enumeration.h"
+
+#include <QApplication>
+#include <QCalendarWidget>
+#include <QDateTimeEdit>
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace korvel::test {
+
+namespace {
+
+class OpenItem : public CWndItem {
+public:
+    using CWndItem::m_DateTime;
+    using CWndItem::m_Edit;
+    using CWndItem::m_List;
+};
+
+// An item window and a text field on a desktop.
+class ItemOnDesktop : public testing::Test {
+protected:
+    ItemOnDesktop() {
+        m_frame.CreateEx(0, "KorvelFrame", "Item", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {40, 40, 440, 340},
+                         nullptr, 0);
+        m_item.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER, {10, 10, 210, 44}, &m_frame, 12);
+        m_other.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, {10, 60, 210, 90}, &m_frame, 13);
+        Activate();
+    }
+    // The offscreen platform does so by itself neither at first nor after a popup.
+    void Activate() {
+        QApplication::processEvents();
+        m_user.Widget(m_frame.m_hWnd)->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_user.Widget(m_frame.m_hWnd)));
+    }
+    void ClickItem() { m_user.Click(m_item.m_hWnd, {5, 15}); }
+    void ClickOther() { m_user.Click(m_other.m_hWnd, {5, 15}); }
+    template <class Widget>
+    Widget& WidgetOf(const CWnd& window) {
+        return *qobject_cast<Widget*>(m_user.Widget(window.m_hWnd));
+    }
+
+    QtUser m_user;
+    TestEnumeration m_surfaces{{"asphalt", "gravel", "grass"}};
+    CWnd m_frame;
+    CEdit m_other;
+    OpenItem m_item;
+};
+
+TEST_F(ItemOnDesktop, ATextIsTypedInItsNativeField) {
+    m_item.SetValue(MakeValue(DT_String, "old"));
+    ClickItem();
+    EXPECT_TRUE(WidgetOf<QLineEdit>(m_item.m_Edit).isVisible());
+    EXPECT_EQ(WidgetOf<QLineEdit>(m_item.m_Edit).selectedText(), QStringLiteral("old"));
+    m_user.Key('A', "a");
+    m_user.Key('B', "b");
+    ClickOther();
+    EXPECT_EQ(m_item.GetValue().Text, "ab");
+    EXPECT_FALSE(WidgetOf<QLineEdit>(m_item.m_Edit).isVisible());
+    m_item.SetFocus();
+    m_user.Key('X', "x");
+    m_user.Key('Y', "y");
+    EXPECT_EQ(WidgetOf<QLineEdit>(m_item.m_Edit).text(), QStringLiteral("xy")) << "typing begins the text";
+    m_user.Key(VK_TAB, "\t");
+    EXPECT_EQ(GetFocus(), m_other.m_hWnd);
+    EXPECT_EQ(m_item.GetValue().Text, "xy");
+}
+
+TEST_F(ItemOnDesktop, APressElsewhereTellsARefusalOnce) {
+    int told = 0;
+    SetExceptionHandler([&](const CString&) { ++told; });
+    m_item.SetValue(MakeValue(DT_Int, 7));
+    ClickItem();
+    m_user.Key('A', "a");
+    ClickOther();
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(m_item.m_Edit.IsWindowVisible());
+    EXPECT_EQ(m_item.GetValue(), MakeValue(DT_Int, 7));
+    m_item.SetFocus();
+    EXPECT_EQ(GetFocus(), m_item.m_Edit.m_hWnd);
+    m_user.Key('8', "8");
+    ClickOther();
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(m_item.GetValue(), MakeValue(DT_Int, 8));
+    SetExceptionHandler(nullptr);
+}
+
+TEST_F(ItemOnDesktop, AListTakesKeysAndPressesWhileTheItemHasTheFocus) {
+    m_item.SetValue(m_surfaces.ValueOf(",1,"));
+    ClickItem();
+    ASSERT_TRUE(m_item.IsDropped());
+    EXPECT_TRUE(m_user.Widget(m_item.m_List.m_hWnd)->isVisible());
+    EXPECT_EQ(GetFocus(), m_item.m_hWnd);
+    m_user.Key(VK_DOWN, "");
+    m_user.Key(VK_RETURN, "\r");
+    EXPECT_FALSE(m_user.Widget(m_item.m_List.m_hWnd)->isVisible());
+    EXPECT_EQ(m_item.GetValue().Text, ",2,");
+    ClickItem();
+    ClickItem();
+    EXPECT_FALSE(m_item.IsDropped());
+    ClickItem();
+    ClickOther();
+    EXPECT_FALSE(m_item.IsDropped());
+    EXPECT_EQ(GetFocus(), m_other.m_hWnd);
+}
+
+TEST_F(ItemOnDesktop, ADateIsChosenInItsCalendar) {
+    m_item.SetValue(MakeDate("GDT_VALID", 44000.25));
+    auto& picker = WidgetOf<QDateTimeEdit>(m_item.m_DateTime);
+    EXPECT_TRUE(picker.isVisible());
+    EXPECT_EQ(picker.width(), m_item.GetClientRect().Width());
+    m_item.SetFocus();
+    m_user.Key(VK_F4, "");
+    QCalendarWidget& calendar = *picker.calendarWidget();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return calendar.isVisible(); }));
+    EXPECT_TRUE(picker.isVisible()) << "the calendar has not taken the focus";
+    QTest::keyClick(calendar.focusWidget() ? calendar.focusWidget() : &calendar, Qt::Key_Right);
+    QTest::keyClick(calendar.focusWidget() ? calendar.focusWidget() : &calendar, Qt::Key_Return);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !calendar.isVisible(); }));
+    EXPECT_EQ(m_item.GetValue(), MakeDate("GDT_VALID", 44001.25));
+    EXPECT_TRUE(picker.isVisible()) << "it has the focus still";
+    Activate();
+    ClickOther();
+    EXPECT_FALSE(picker.isVisible());
+    EXPECT_EQ(m_item.GetValue(), MakeDate("GDT_VALID", 44001.25));
+}
+
+} // namespace
+} // namespace korvel::test
