@@ -17,7 +17,7 @@ DocumentEditing::~DocumentEditing() {
 
 bool DocumentEditing::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_HISTORY_ROLLBACK)
-        RollBack();
+        Replay(&UndoStack::RollBack, nullptr);
     else if (message != WM_HISTORY)
         return false;
     else if (wParam != 0)
@@ -29,25 +29,21 @@ bool DocumentEditing::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     return true;
 }
 
-void DocumentEditing::RollBack() {
+std::optional<ChangedMember> DocumentEditing::Replay(void (UndoStack::*replay)(),
+                                                     const DocumentChange* change) {
     internal::FirstFailure failure;
-    failure.Try([&] { m_stack.RollBack(); });
+    failure.Try([&] { (m_stack.*replay)(); });
     failure.Try([&] { m_news.Tell(); });
     failure.Rethrow();
+    return change ? std::optional(MemberOf(m_document, *change)) : std::nullopt;
 }
 
-void DocumentEditing::Undo() {
-    internal::FirstFailure failure;
-    failure.Try([&] { m_stack.Undo(); });
-    failure.Try([&] { m_news.Tell(); });
-    failure.Rethrow();
+std::optional<ChangedMember> DocumentEditing::Undo() {
+    return Replay(&UndoStack::Undo, m_stack.NextUndo());
 }
 
-void DocumentEditing::Redo() {
-    internal::FirstFailure failure;
-    failure.Try([&] { m_stack.Redo(); });
-    failure.Try([&] { m_news.Tell(); });
-    failure.Rethrow();
+std::optional<ChangedMember> DocumentEditing::Redo() {
+    return Replay(&UndoStack::Redo, m_stack.NextRedo());
 }
 
 void DocumentEditing::OnChanging(const DocumentChange& change) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editing/changed_member.h"
 #include "editing/edit_observer.h"
 #include "editing/member_news.h"
 #include "editing/undo_stack.h"
@@ -20,8 +21,8 @@ namespace korvel::inspector {
 ///     // Edit > Undo:
 ///     editing.Undo();
 ///
-/// Names and types that a frame has changed are told at its end, so that the editor of a cell finds its member
-/// under the same name until then; outside of frames they are told with each write.
+/// What a frame has changed of names and types is told at its end: nothing happens to a row while its cell is
+/// still writing. Outside of frames it is told with each write.
 class DocumentEditing final : private DocumentListener {
 public:
     /// Both must outlive this, and no grid may show the document after it.
@@ -36,14 +37,15 @@ public:
     void Settle() { m_stack.Settle(); }
 
     const UndoStack& Steps() const { return m_stack; }
-    void Undo();
-    void Redo();
+    /// Where the step was, to be shown to the user; nothing where there was no step.
+    std::optional<ChangedMember> Undo();
+    std::optional<ChangedMember> Redo();
     void MarkSaved() { m_stack.MarkClean(); }
 
 private:
     void OnChanging(const DocumentChange& change) override;
     void OnChanged(const DocumentChange& change) override;
-    void RollBack();
+    std::optional<ChangedMember> Replay(void (UndoStack::*replay)(), const DocumentChange* change);
 
     LandXmlDocument& m_document;
     UndoStack m_stack;

@@ -18,7 +18,7 @@ void MemberNews::Remember(const DocumentChange& change) {
     const ElementMembers::Reach reach = m_document.ReachOf(change);
     if (reach.parent)
         RememberObject(m_document.Tree().Parent(change.element));
-    if (reach.all)
+    if (reach.units || reach.stations)
         RememberAll();
 }
 

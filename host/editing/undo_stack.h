@@ -44,6 +44,13 @@ public:
     bool CanRedo() const { return !m_isOpen && m_position < m_steps.size(); }
     void Undo();
     void Redo();
+    /// The first change of the step that is next; null where there is none. Valid until something is recorded.
+    const DocumentChange* NextUndo() const {
+        return CanUndo() ? &m_steps[m_position - 1].changes.front() : nullptr;
+    }
+    const DocumentChange* NextRedo() const {
+        return CanRedo() ? &m_steps[m_position].changes.front() : nullptr;
+    }
     /// What was done, with the first member that it was done to; empty where there is nothing.
     std::string UndoTitle() const { return CanUndo() ? m_steps[m_position - 1].Title() : std::string(); }
     std::string RedoTitle() const { return CanRedo() ? m_steps[m_position].Title() : std::string(); }

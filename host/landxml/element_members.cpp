@@ -300,7 +300,7 @@ ElementMembers::Reach ElementMembers::ReachOf(ElementIndex element,
     const auto* naming = std::find_first_of(NameAttributes.begin(), NameAttributes.end(), attributes.begin(),
                                             attributes.end());
     return {naming != NameAttributes.end() && m_tree.Parent(element) != NoElement,
-            m_scopes.IsScope(element, attributes)};
+            m_scopes.NamesUnits(element), m_scopes.SaysWhereRailwaysAre(element, attributes)};
 }
 
 std::size_t ElementMembers::OffsetOf(ElementIndex owner, const Member& member) const {

@@ -88,8 +88,9 @@ public:
 
     /// How far a change of attributes of an element reaches beyond its own members.
     struct Reach {
-        bool parent = false; ///< they name the element in its parent
-        bool all = false;    ///< they say what holds elsewhere
+        bool parent = false;   ///< they name the element in its parent
+        bool units = false;    ///< they name units, which are in names and values elsewhere
+        bool stations = false; ///< they say which stations elsewhere are those of a railway
     };
     Reach ReachOf(ElementIndex element, const std::vector<std::string>& attributes) const;
     /// These attributes of an element were changed.

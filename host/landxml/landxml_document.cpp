@@ -158,7 +158,7 @@ void LandXmlDocument::FollowNames(const DocumentChange& change) {
     if (!change.text)
         m_members.FollowTag(change.element, ChangedAttributes(change.before.written, change.after.written));
     const ElementMembers::Reach reach = ReachOf(change);
-    if (reach.all) {
+    if (reach.units) {
         m_names.FollowAll();
         return;
     }

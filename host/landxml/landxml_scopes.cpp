@@ -78,10 +78,6 @@ bool LandXmlScopes::SaysWhereRailwaysAre(ElementIndex element,
     });
 }
 
-bool LandXmlScopes::IsScope(ElementIndex element, const std::vector<std::string>& attributes) const {
-    return NamesUnits(element) || SaysWhereRailwaysAre(element, attributes);
-}
-
 void LandXmlScopes::FollowTag(ElementIndex element, const std::vector<std::string>& attributes) {
     if (NamesUnits(element))
         m_unitSets.clear();

@@ -26,14 +26,13 @@ public:
     /// an alignment, or names some by `alignmentRef` or `alignmentRefs`, decides.
     bool IsRailway(ElementIndex element) const;
 
-    /// Whether an element's attributes say what holds for others.
-    bool IsScope(ElementIndex element, const std::vector<std::string>& attributes) const;
+    // What attributes of an element say of others.
+    bool NamesUnits(ElementIndex element) const;
+    bool SaysWhereRailwaysAre(ElementIndex element, const std::vector<std::string>& attributes) const;
     /// These attributes of an element were changed.
     void FollowTag(ElementIndex element, const std::vector<std::string>& attributes);
 
 private:
-    bool NamesUnits(ElementIndex element) const;
-    bool SaysWhereRailwaysAre(ElementIndex element, const std::vector<std::string>& attributes) const;
     void FindUnits();
     void FindRailways();
     bool NamesRailway(ElementIndex element) const;

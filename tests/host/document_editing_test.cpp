@@ -219,10 +219,13 @@ TEST_F(DocumentEditingTest, TellsAllThatAnEditReaches) {
             EXPECT_TRUE(object.RemoveMember(row.member));
         EXPECT_EQ(Rows().TakeHeard(), row.heard);
         Rows().ExpectCurrent();
-        Editing().Undo();
+        const std::optional<ChangedMember> changed = Editing().Undo();
+        ASSERT_TRUE(changed);
+        EXPECT_EQ(&Document().ObjectOf(changed->owner), &object);
+        EXPECT_EQ(changed->name, row.member);
         EXPECT_EQ(Text(), xml);
         Rows().ExpectCurrent();
-        Editing().Redo();
+        EXPECT_EQ(Editing().Redo()->name.empty(), row.text == nullptr) << "removed";
         Rows().ExpectCurrent();
     }
 }
