@@ -1,5 +1,6 @@
 #include "korvel/editors/cell_edit_text.h"
 #include "korvel/editors/cell_text_reading.h"
+#include "korvel/output/stations.h"
 #include "korvel/platform/error.h"
 #include "korvel/values/language.h"
 #include "support/german_machine.h"
@@ -146,6 +147,29 @@ TEST_F(CellTextTest, ARangeTakesZeroToAHundredAndTellsWhatItRefuses) {
     EXPECT_EQ(Outcome(DT_PercentDouble, "150"), "150") << "the measure has no range";
 }
 
+TEST_F(CellTextTest, EachTypeIsReadByItsOwnFormat) {
+    auto format = GermanFormat(2);
+    format.SetDecimalSep(";");
+    using Setter = void (*)(const _numberfmtA&);
+    for (const auto& [border, set, type, other] : Table<Setter, EDataTyps, EDataTyps>{
+             {"int", SetFormatInt, DT_RandomUInt, DT_Long},
+             {"long", SetFormatLong, DT_Long, DT_Int},
+             {"float", SetFormatFloat, DT_LengthFloat, DT_LengthDouble},
+             {"double", SetFormatDouble, DT_RangeDouble, DT_RangeFloat},
+             {"angle float", SetAngleFormatFloat, DT_AngleFloat, DT_AngleDouble},
+             {"angle double", SetAngleFormatDouble, DT_AngleDouble, DT_AngleFloat}}) {
+        ResetFormatStates();
+        set(format);
+        EXPECT_EQ(Outcome(type, "1;5+1,5"), "! ") << border;
+        EXPECT_EQ(Outcome(type, "1;5*0"), "0") << border;
+        EXPECT_EQ(Outcome(other, "1,5*0"), "0") << border;
+    }
+    EXPECT_EQ(Outcome(DT_RailwayStationDouble, "12,3+45,6", Station), "12345.6");
+    SetFormatDouble(format);
+    EXPECT_EQ(Outcome(DT_RailwayStationDouble, "12,3+45;6", Station), "12345.6")
+        << "the shown sign and its own";
+}
+
 TEST_F(CellTextTest, AnAngleIsReadAndShownInTheUsersUnit) {
     for (const auto& [border, unit, half] :
          Table<char, std::string>{{"degrees", 'd', "180"}, {"gon", 'g', "200"}, {"radians", 'r', "3,5"}}) {
@@ -214,6 +238,17 @@ TEST_F(CellTextTest, AStationIsNoSumWhereTheOptionSaysSo) {
     }
 }
 
+TEST_F(CellTextTest, AShownStationIsReadAsItself) {
+    for (double metres = -2500; metres < 130000; metres += 1234.567) {
+        const auto read = [](EDataTyps type, const std::string& text) {
+            CVariantValue value;
+            return ReadCellText(type, text, Station, value) ? value.Value.Double : NotANumber;
+        };
+        EXPECT_NEAR(read(DT_RoadStationDouble, RoadStationToString(metres)), metres, 0.0051);
+        EXPECT_NEAR(read(DT_RailwayStationDouble, RailwayStationToString(metres)), metres, 0.0051);
+    }
+}
+
 TEST_F(CellTextTest, WholeNumbersBeyond32BitsAreReadWhereTheOptionSaysSo) {
     for (const auto& [border, type, text, outcome] : Table<EDataTyps, const char*, std::string>{
              {"a length", DT_LengthDouble, "3000000000+1", "3000000001"},
@@ -275,6 +310,8 @@ TEST_F(CellTextTest, AStepStaysWithinTheTypeAndItsForm) {
          Table<EDataTyps, const char*, double, std::string, std::string>{
              {"an integer", DT_Int, "7/2", 1, "4", "4"},
              {"the highest", DT_Int, "2147483647", 1, "2147483647", "2147483647"},
+             {"the lowest", DT_Long, "-2147483648", -1, "-2147483648", "-2147483648"},
+             {"the highest unsigned", DT_UInt, "4294967295.", 1, "-1", "-1"},
              {"unsigned goes on", DT_UInt, "2147483647", 1, "-2147483648", "-2147483648"},
              {"a range ends", DT_RangeFloat, "99,5", 1, "100.000000", "100"},
              {"a range begins", DT_RangeInt, "0", -3, "0", "0"},

@@ -15,18 +15,22 @@ namespace {
 // The host's entity function: takes one text.
 class TakesOneText : public KorvelCommonEntityFunction::IKorvelCommonEntityFunction {
 public:
-    explicit TakesOneText(std::string text) : m_text(std::move(text)) {
+    explicit TakesOneText(
+        std::string text, std::function<void()> act = [] {})
+        : m_text(std::move(text)), m_act(std::move(act)) {
         KV_SetKorvelCommonEntityFunction(this);
     }
     ~TakesOneText() override { KV_SetKorvelCommonEntityFunction(nullptr); }
     bool OnText(const char* text) override {
         asked += std::string(text) + " ";
+        m_act();
         return text == m_text;
     }
     std::string asked;
 
 private:
     std::string m_text;
+    std::function<void()> m_act;
 };
 
 class GridEditTest : public ControlTest {
@@ -66,7 +70,7 @@ protected:
         options.Set(option, true);
         edit->SetOptions(options);
     }
-    bool Press(UINT key, std::initializer_list<UINT> modifiers = {}, const CString& characters = {}) {
+    bool Press(UINT key, const std::vector<UINT>& modifiers = {}, const CString& characters = {}) {
         for (const UINT modifier : modifiers)
             display.PressKey(modifier, true);
         const bool isTaken = input::Key(edit->m_hWnd, WM_KEYDOWN, key, characters);
@@ -92,10 +96,13 @@ TEST_F(GridEditTest, AnEditOpensWithTheWholeValueSelectedAndUnchanged) {
     EXPECT_EQ(edit->GetWindowTextA(), "12.5");
     edit->Start(&object, "absent");
     EXPECT_EQ(edit->GetWindowTextA(), "");
-    object.misbehavesOn = "get";
-    object.misbehave = []() -> bool { throw std::runtime_error("no value"); };
+    object.Misbehave("get", []() -> bool { throw std::runtime_error("no value"); });
     EXPECT_THROW(edit->Start(&object, "length"), std::runtime_error);
     EXPECT_EQ(edit->m_pDisp, nullptr) << "no edit has begun";
+    object.Misbehave("get", [this] { return edit->Drop(), true; });
+    edit->Start(&object, "length");
+    EXPECT_EQ(edit->m_pDisp, nullptr) << "the object has ended it";
+    EXPECT_EQ(edit->GetWindowTextA(), "");
 }
 
 TEST_F(GridEditTest, TheObserverHearsOfAValueBeforeTheObjectGetsIt) {
@@ -161,8 +168,7 @@ TEST_F(GridEditTest, AValueThatIsRefusedLateIsTakenBackFromRowAndObserver) {
              {"the observer throws", "told", throws, "type get told 14 get row 12.5 told 12.5 ! refused"},
              {"before the observer knows", "get", throws, "type get ! refused"}}) {
         Start("length", "14");
-        object.misbehavesOn = at;
-        object.misbehave = how;
+        object.Misbehave(at, how);
         EXPECT_EQ(End(), calls) << border;
         EXPECT_FALSE(edit->m_bInEnd) << border;
         EXPECT_EQ(object.Get("length").Value.Double, 12.5) << border;
@@ -180,8 +186,7 @@ TEST_F(GridEditTest, NothingIsWrittenOnceTheHostHasEndedTheEdit) {
                 SCOPED_TRACE(std::string(at) + ", " + border);
                 SetUp();
                 Start("length", "14");
-                object.misbehavesOn = at;
-                object.misbehave = [act = act, isRefused] { return act(), !isRefused; };
+                object.Misbehave(at, [act = act, isRefused] { return act(), !isRefused; });
                 const std::string calls = End();
                 const bool isWritten = std::string(at) == "set";
                 EXPECT_EQ(calls.find("set") != std::string::npos, isWritten) << calls;
@@ -200,14 +205,38 @@ TEST_F(GridEditTest, NothingIsWrittenOnceTheHostHasEndedTheEdit) {
 
 TEST_F(GridEditTest, AMemberRenamedWhileItIsWrittenIsWrittenUnderItsNewName) {
     Start("length", "14");
-    object.misbehavesOn = "told";
-    object.misbehave = [this] {
+    object.Misbehave("told", [this] {
         object.RenameMember("length", "width");
         edit->m_strName = "width";
         return true;
-    };
+    });
     End();
     EXPECT_EQ(object.Get("width").Value.Double, 14);
+}
+
+TEST_F(GridEditTest, AnEditThatBeginsWithinAnotherIsWhole) {
+    Start("length", "14");
+    object.Misbehave("told", [this] {
+        edit->Start(&object, "name");
+        edit->SetWindowTextA("road");
+        edit->End(true);
+        return true;
+    });
+    EXPECT_EQ(End(), "type get told 14 get type get told road set road ");
+}
+
+TEST_F(GridEditTest, AnEditThatEndsInARefusalOrAStepIsLeftAlone) {
+    Start("length", "14");
+    edit->SetHeldValueHook([this](auto...) { edit->Drop(); });
+    object.Misbehave("set", [] { return false; });
+    EXPECT_EQ(End(), "type get told 14 set 14 get ! ") << "the observer is not told of what is over";
+    Start("share", "7");
+    object.Misbehave("get", [this] { return edit->Drop(), true; });
+    edit->StepValue(1);
+    EXPECT_EQ(edit->GetWindowTextA(), "7");
+    Start("share", "7");
+    TakesOneText function("8", [this] { edit->Drop(); });
+    EXPECT_EQ(End() + edit->GetWindowTextA(), "type 7");
 }
 
 TEST_F(GridEditTest, ReturnAndEscapeHandTheFocusToTheParent) {
@@ -242,12 +271,15 @@ TEST_F(GridEditTest, EscapeDropsWhatAnInputMethodHandsOverWithTheFocus) {
         HWND edit = nullptr;
     } composing;
     SetDisplay(&composing);
-    Start("length", "1");
     composing.edit = edit->m_hWnd;
     Set(EGridOption::EscapeCancels);
-    Press(VK_ESCAPE, {}, "\x1B");
-    EXPECT_EQ(edit->GetWindowTextA(), "14");
-    EXPECT_EQ(End(), "");
+    for (const auto& [key, characters, calls] :
+         {std::tuple(VK_ESCAPE, "\x1B", ""), std::tuple(VK_RETURN, "\r", "type get told 14 set 14 ")}) {
+        Start("length", "1");
+        Press(key, {}, characters);
+        EXPECT_EQ(edit->GetWindowTextA(), "14");
+        EXPECT_EQ(End(), calls);
+    }
     SetDisplay(&display);
 }
 
@@ -272,64 +304,51 @@ TEST_F(GridEditTest, ACompanionMayTakeTheFocus) {
         companion.SetFocus();
         EXPECT_EQ(owner.passed, isCompanion ? Codes{} : Codes{EN_KILLFOCUS});
     }
+    owner.passed.clear();
+    edit->SetWindowTextA("x");
+    EXPECT_EQ(owner.passed, Codes{EN_UPDATE}) << "EN_CHANGE is the field's";
 }
 
 TEST_F(GridEditTest, CommandsAndKeysCopyCutAndPasteTheWholeText) {
     struct Case {
         const char* border;
-        UINT key;
-        std::initializer_list<UINT> modifiers;
+        std::vector<UINT> keys; // the modifiers, then the key; or the command
         const char* before;
-        std::optional<CString> clipboard;
         const char* text;
-        std::optional<CString> clipboardAfter;
+        const char* copied; // null: nothing
     };
-    const Case cases[] = {
-        {"copy", 'C', {VK_CONTROL}, "abc", {}, "abc", "abc"},
-        {"copy nothing", 'C', {VK_CONTROL}, "", "x", "", "x"},
-        {"the other keys", VK_INSERT, {VK_CONTROL}, "abc", {}, "abc", "abc"},
-        {"cut", 'X', {VK_CONTROL}, "abc", {}, "", "abc"},
-        {"cut nothing", 'X', {VK_CONTROL}, "", "x", "", "x"},
-        {"cut with Shift", VK_DELETE, {VK_SHIFT}, "abc", {}, "", "abc"},
-        {"paste over all", 'V', {VK_CONTROL}, "abc", "1+2", "1+2", "1+2"},
-        {"paste with Shift", VK_INSERT, {VK_SHIFT}, "abc", "1+2", "1+2", "1+2"},
-        {"paste no text", 'V', {VK_CONTROL}, "abc", {}, "abc", {}},
-        {"paste an empty one", 'V', {VK_CONTROL}, "abc", "", "abc", ""},
-    };
-    for (const Case& row : cases)
-        for (const bool isKey : {true, false}) {
-            SCOPED_TRACE(row.border);
-            HeadlessDisplay fresh;
-            edit->DestroyWindow();
-            parent.DestroyWindow();
-            SetDisplay(&fresh);
-            parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
-            edit->Create(WS_CHILD | WS_VISIBLE, {0, 0, 100, 20}, &parent, 105);
+    const auto run = [this](const std::vector<Case>& cases) {
+        for (const auto& [border, keys, before, text, copied] : cases) {
+            SCOPED_TRACE(border);
             edit->Start(&object, "name");
-            edit->SetWindowTextA(row.before);
+            edit->SetWindowTextA(before);
             edit->SetSel(1, 2);
             edit->m_bChanged = false;
-            if (row.clipboard)
-                fresh.SetClipboardText(*row.clipboard);
-            const UINT command =
-                row.key == 'C' || (row.key == VK_INSERT && *row.modifiers.begin() == VK_CONTROL)
-                    ? ID_EDIT_COPY
-                : row.key == 'X' || row.key == VK_DELETE ? ID_EDIT_CUT
-                                                         : ID_EDIT_PASTE;
-            if (!isKey && row.modifiers.size() == 1) {
-                edit->SendMessageA(WM_COMMAND, command);
-            } else {
-                for (const UINT modifier : row.modifiers)
-                    fresh.PressKey(modifier, true);
-                input::Key(edit->m_hWnd, WM_KEYDOWN, row.key, {});
-            }
-            EXPECT_EQ(edit->GetWindowTextA(), row.text);
-            EXPECT_EQ(fresh.ClipboardText(), row.clipboardAfter);
-            EXPECT_EQ(edit->m_bChanged, CString(row.text) != row.before);
-            edit->DestroyWindow();
-            parent.DestroyWindow();
-            SetDisplay(&display);
+            if (keys.back() >= ID_EDIT_COPY)
+                edit->SendMessageA(WM_COMMAND, keys.back());
+            else
+                Press(keys.back(), {keys.begin(), keys.end() - 1});
+            EXPECT_EQ(edit->GetWindowTextA(), text);
+            EXPECT_EQ(edit->m_bChanged, CString(text) != before);
+            EXPECT_EQ(display.ClipboardText(), copied ? std::optional<CString>(copied) : std::nullopt);
         }
+    };
+    run({{"nothing to paste", {VK_CONTROL, 'V'}, "abc", "abc", nullptr},
+         {"nothing to copy", {VK_CONTROL, 'C'}, "", "", nullptr},
+         {"copy", {VK_CONTROL, 'C'}, "abc", "abc", "abc"},
+         {"nothing to cut", {VK_CONTROL, 'X'}, "", "", "abc"},
+         {"the command to copy", {ID_EDIT_COPY}, "d", "d", "d"},
+         {"the other keys to copy", {VK_CONTROL, VK_INSERT}, "e", "e", "e"},
+         {"cut", {VK_CONTROL, 'X'}, "fg", "", "fg"},
+         {"the command to cut", {ID_EDIT_CUT}, "h", "", "h"},
+         {"the other keys to cut", {VK_SHIFT, VK_DELETE}, "1+2", "", "1+2"},
+         {"paste", {VK_CONTROL, 'V'}, "abc", "1+2", "1+2"},
+         {"the command to paste", {ID_EDIT_PASTE}, "abc", "1+2", "1+2"},
+         {"the other keys to paste", {VK_SHIFT, VK_INSERT}, "abc", "1+2", "1+2"},
+         {"with Shift the field's own", {VK_CONTROL, VK_SHIFT, 'V'}, "abc", "a1+2c", "1+2"},
+         {"AltGr as well", {VK_CONTROL, VK_MENU, 'V'}, "abc", "a1+2c", "1+2"}});
+    display.SetClipboardText("");
+    run({{"an empty text to paste", {VK_CONTROL, 'V'}, "abc", "abc", ""}});
 }
 
 TEST_F(GridEditTest, ParseNumberReadsByAFormatAndConvertByTheOptions) {

@@ -104,8 +104,7 @@ TEST_F(SpinTest, AFailureEndsThePressAndIsToldOnce) {
     EXPECT_EQ(told, 1);
     EXPECT_EQ(edit.GetWindowTextA(), "abc");
     edit.SetWindowTextA("7");
-    object.misbehavesOn = "set";
-    object.misbehave = [] { return false; };
+    object.Misbehave("set", [] { return false; });
     Press({5, 15});
     Release({5, 15});
     EXPECT_EQ(told, 2);
@@ -120,8 +119,7 @@ TEST_F(SpinTest, HidingEndsAPressWithoutAWrite) {
     for (const auto& [border, act] : Table<std::function<void()>>{
              {"hidden while it is held", [this] { spin.ShowWindow(SW_HIDE); }},
              {"hidden by the step", [this] {
-                  object.misbehavesOn = "get";
-                  object.misbehave = [this] { return edit.Drop(), spin.ShowWindow(SW_HIDE), true; };
+                  object.Misbehave("get", [this] { return edit.Drop(), spin.ShowWindow(SW_HIDE), true; });
                   Press({5, 15});
               }}}) {
         edit.Start(&object, "share");
@@ -131,6 +129,8 @@ TEST_F(SpinTest, HidingEndsAPressWithoutAWrite) {
         object.Take();
         act();
         EXPECT_FALSE(spin.m_bPressed) << border;
+        EXPECT_EQ(spin.m_DownState, 0u) << border;
+        EXPECT_FALSE(spin.KillTimer(15047)) << border;
         spin.ShowWindow(SW_SHOW);
         display.PressKey(VK_LBUTTON, false);
         display.Advance(300ms);
@@ -141,8 +141,7 @@ TEST_F(SpinTest, HidingEndsAPressWithoutAWrite) {
     spin.ShowWindow(SW_SHOW);
     edit.Start(&object, "share");
     Press({5, 15});
-    object.misbehavesOn = "set";
-    object.misbehave = [this] { return parent.DestroyWindow(), false; };
+    object.Misbehave("set", [this] { return parent.DestroyWindow(), false; });
     bool isTold = false;
     spin.SetFailureHook([&](std::exception_ptr) { isTold = true; });
     Release({5, 15});
@@ -157,6 +156,11 @@ TEST_F(SpinTest, WithoutAFieldOrAnObjectOnlyTheLookChanges) {
     spin.m_pEdit = nullptr;
     Press({5, 5});
     EXPECT_EQ(spin.m_UpState, CGridCtrlSpinButton::Pressed);
+    spin.m_pEdit = &edit;
+    edit.Start(&object, "share");
+    Press({5, 15});
+    EXPECT_EQ(Shown(), 50) << "a press is running";
+    spin.m_pEdit = nullptr;
     display.Advance(1s);
     Release({5, 5});
     EXPECT_EQ(spin.m_UpState & CGridCtrlSpinButton::Pressed, 0u);
@@ -191,9 +195,22 @@ TEST_F(SpinTest, TheArrowUnderThePointerStandsOut) {
     Press({5, 15});
     EXPECT_NE(colors()[1], hot[1]);
     Release({5, 15});
+    EXPECT_TRUE(display.IsInvalid(spin.m_hWnd));
     display.MovePointer(ClientToScreen(spin.m_hWnd, {-5, 15}));
     display.Advance(100ms);
     EXPECT_EQ(colors(), plain);
+    display.Advance(100ms);
+    EXPECT_FALSE(display.IsInvalid(spin.m_hWnd)) << "nothing has changed";
+    const auto lines = [this] {
+        for (const PaintCall& call : display.PaintWindow(spin.m_hWnd))
+            if (call.kind == PaintCall::Kind::Line)
+                return call.color;
+        return COLORREF{};
+    };
+    const COLORREF symbol = lines();
+    spin.EnableWindow(false);
+    EXPECT_TRUE(display.IsInvalid(spin.m_hWnd));
+    EXPECT_NE(lines(), symbol);
 }
 
 } // namespace

@@ -35,18 +35,25 @@ public:
     }
     std::string Take() { return std::exchange(log, {}); }
 
+    /// At the next call of this word, once; false: the call fails.
+    void Misbehave(const std::string& word, std::function<bool()> act) {
+        m_word = word;
+        m_act = std::move(act);
+    }
+
     std::string log;
-    std::string misbehavesOn;        // the word of a call
-    std::function<bool()> misbehave; // once; false: the call fails
 
 private:
     bool Call(const std::string& word, const CVariantValue& value = {}) {
         log += word + (value.Type == DT_Void ? "" : " " + value.ToText(TextForm::Plain)) + " ";
-        if (word != misbehavesOn)
+        if (word != m_word)
             return true;
-        misbehavesOn.clear();
-        return misbehave();
+        m_word.clear();
+        return m_act();
     }
+
+    std::string m_word;
+    std::function<bool()> m_act;
 };
 
 } // namespace korvel

@@ -81,6 +81,7 @@ void CGridCtrlEdit::Start(IMemberDispatch* disp, const std::string& name) {
     if (failure)
         Drop();
     failure.Rethrow();
+    LimitText(0);
     SetValue(value);
     SetSel(0, -1);
     m_bChanged = false;
