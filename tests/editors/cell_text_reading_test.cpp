@@ -231,6 +231,7 @@ TEST_F(CellTextTest, AStationIsNoSumWhereTheOptionSaysSo) {
               "357.60000000000002"},
              {"two decimals of the kilometre", DT_RailwayStationDouble, "12,34+45", "57.340000000000003",
               "57.340000000000003"},
+             {"no kilometre", DT_RoadStationDouble, "+500", "500", "500"},
              {"a longer sum", DT_RoadStationDouble, "12+345+1", "358", "358"},
              {"no station", DT_LengthDouble, "12+345", "357", "357"}}) {
         EXPECT_EQ(Outcome(type, text, Station), station) << border;

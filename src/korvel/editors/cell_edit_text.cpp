@@ -49,15 +49,6 @@ std::optional<std::string> ThatReadsBack(const std::string& text, Predicate read
     return isWhole && readsBack(text + ".") ? std::optional(text + ".") : std::nullopt;
 }
 
-// An angle loses up to two last places on the way into the user's unit and back.
-template <typename Real>
-std::array<Real, 4> NeighborsOf(Real number) {
-    constexpr Real Infinity = std::numeric_limits<Real>::infinity();
-    const Real above = std::nextafter(number, Infinity);
-    const Real below = std::nextafter(number, -Infinity);
-    return {above, below, std::nextafter(above, Infinity), std::nextafter(below, -Infinity)};
-}
-
 // The text with the fewest digits that reads back as `readsBack` says; the nearest when none does.
 template <typename Real, typename Predicate>
 std::string ExactText(Real number, Predicate readsBack) {
@@ -68,7 +59,9 @@ std::string ExactText(Real number, Predicate readsBack) {
     for (int digits = 1; digits <= std::numeric_limits<Real>::max_digits10; ++digits)
         if (const auto text = ThatReadsBack(Shortest(Rounded(number, digits)), readsBack))
             return *text;
-    for (const Real near : NeighborsOf(number))
+    // An angle may lose its last place on the way into the user's unit and back.
+    constexpr Real Infinity = std::numeric_limits<Real>::infinity();
+    for (const Real near : {std::nextafter(number, Infinity), std::nextafter(number, -Infinity)})
         if (const auto text = ThatReadsBack(Shortest(near), readsBack))
             return *text;
     return Shortest(number);

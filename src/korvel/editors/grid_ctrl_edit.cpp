@@ -50,17 +50,13 @@ UINT CommandOf(WPARAM key) {
 class CGridCtrlEdit::Session {
 public:
     explicit Session(const CGridCtrlEdit& edit)
-        : m_edit(edit), m_number(edit.m_session), m_window(edit.m_hWnd), m_disp(edit.m_pDisp) {}
+        : m_edit(edit), m_number(edit.m_session), m_disp(edit.m_pDisp) {}
 
-    bool IsOn() const {
-        return m_disp && m_edit.m_pDisp == m_disp && m_edit.m_session == m_number &&
-               m_edit.m_hWnd == m_window;
-    }
+    bool IsOn() const { return m_disp && m_edit.m_pDisp == m_disp && m_edit.m_session == m_number; }
 
 private:
     const CGridCtrlEdit& m_edit;
     unsigned m_number;
-    HWND m_window;
     IMemberDispatch* m_disp;
 };
 
@@ -106,7 +102,8 @@ bool CGridCtrlEdit::GetValue(EDataTyps type, CVariantValue& value) {
         value = WithFormula(value, text);
         return true;
     }
-    if (IsTakenByEntityFunction(text) || (m_pDisp && !session.IsOn()))
+    const bool isEditing = session.IsOn();
+    if (IsTakenByEntityFunction(text) || isEditing != session.IsOn())
         return false;
     if (!Convert(type, text, value))
         throw Error(std::string(Text(InvalidInputText)) + ": " + text);

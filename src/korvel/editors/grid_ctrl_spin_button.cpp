@@ -75,14 +75,11 @@ void CGridCtrlSpinButton::SetStates(std::uint32_t up, std::uint32_t down) {
 
 // Hiding ends a press without a write: the edit is being ended.
 void CGridCtrlSpinButton::OnShow(bool isShown) {
-    if (isShown) {
-        m_nTimer = SetTimer(TimerId, TimerPeriod);
-        return;
-    }
-    KillTimer(TimerId);
-    m_nTimer = 0;
     EndPress();
     SetStates(0, 0);
+    if (!isShown)
+        KillTimer(TimerId);
+    m_nTimer = isShown ? SetTimer(TimerId, TimerPeriod) : 0;
 }
 
 void CGridCtrlSpinButton::OnPress(CPoint point) {
@@ -155,7 +152,7 @@ void CGridCtrlSpinButton::Try(const std::function<void()>& action) {
 void CGridCtrlSpinButton::FollowPointer() {
     const CPoint point = ScreenToClient(m_hWnd, GetCursorPos());
     const auto followed = [&](std::uint32_t state, bool isFirst) {
-        return m_nTimer != 0 && Half(isFirst).PtInRect(point) ? state | Hot : state & ~Hot;
+        return Half(isFirst).PtInRect(point) ? state | Hot : state & ~Hot;
     };
     SetStates(followed(m_UpState, true), followed(m_DownState, false));
 }
