@@ -31,8 +31,14 @@ namespace {
 class Listener : public CWnd {
 public:
     std::vector<UINT> codes;
+    std::vector<WPARAM> keys; // pressed in it and below
     bool refuses = false;
     std::vector<UINT> Take() { return std::exchange(codes, {}); }
+    bool PreTranslateMessage(MSG& message) override {
+        if (message.message == WM_KEYDOWN)
+            keys.push_back(message.wParam);
+        return false;
+    }
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -146,6 +152,7 @@ TEST_F(Controls, TheOpenListShowsWhatTheWindowHasAndTypesIntoItsField) {
                                                        {"an arrow", Qt::Key_Down, "", 0, "one"},
                                                        {"a page", Qt::Key_PageDown, "", 2, "three"},
                                                        {"over what is selected", Qt::Key_Z, "z", -1, "z"},
+                                                       {"one that nobody wants", Qt::Key_F2, "", -1, "z"},
                                                        {"Return keeps it", Qt::Key_Return, "\r", -1, "z"}}) {
         SCOPED_TRACE(border);
         QTest::sendKeyEvent(QTest::Click, box.view(), key, QString::fromLatin1(text), Qt::NoModifier);
@@ -153,6 +160,7 @@ TEST_F(Controls, TheOpenListShowsWhatTheWindowHasAndTypesIntoItsField) {
         EXPECT_EQ(m_box.GetWindowTextA(), shown);
     }
     EXPECT_FALSE(m_box.GetDroppedState());
+    EXPECT_EQ(m_frame.keys, (std::vector<WPARAM>{'X', VK_F4, 'Y', VK_DOWN, VK_NEXT, 'Z', VK_F2, VK_RETURN}));
     Activate();
     Press(VK_F4);
     ASSERT_TRUE(QTest::qWaitFor([&] { return box.view()->isVisible(); }));

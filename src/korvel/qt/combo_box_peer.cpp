@@ -113,8 +113,10 @@ bool ComboBoxPeer::OnEvent(QWidget& widget, QEvent& event) {
             Context().focus.ExpectActivation(*m_box.window()); // a popup may have been the active window
             ReportClosing();
         }
-        if (isKey)
+        if (isKey) {
             HandOn(static_cast<QKeyEvent&>(event));
+            event.accept(); // or Qt would bring it once more, to the window of the list
+        }
         return isKey;
     }
     if (isKey && &widget != QApplication::focusWidget()) { // what the field did not want
