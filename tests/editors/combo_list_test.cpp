@@ -140,6 +140,16 @@ TEST_F(ComboListTest, DropsBelowItsField) {
     list->DropBelow({100, 1000, 300, 1020});
     EXPECT_EQ(place(), (CRect{100, 1020, 300, 1020 + 24 + 3 * 20 + 2}));
     EXPECT_EQ(list->GetTopIndex(), list->GetItemCount() - 3);
+
+    TestEnumeration flat({"a", "b", "c"});
+    CComboList fresh(eDropDown);
+    fresh.CreateDropDown(&frame, 107);
+    fresh.Initialize("value", flat.ValueOf(",2,"));
+    fresh.DropBelow({100, 500, 300, 520});
+    EXPECT_EQ(fresh.GetWindowRect().Height(), 3 * 20 + 2) << "a list that was never placed before";
+    EXPECT_EQ(fresh.GetTopIndex(), 0);
+    fresh.DropBelow({100, 500, 300, 520}, 55);
+    EXPECT_EQ(fresh.GetWindowRect().Height(), 3 * 20 + 2) << "never fewer than three";
 }
 
 TEST_F(ComboListTest, NamesOfAMegabyte) {

@@ -51,8 +51,9 @@ CComboList::~CComboList() {
 // owner and is destroyed with it.
 bool CComboList::CreateDropDown(CWnd* owner, int id) {
     constexpr UINT Style = WS_POPUP | WS_BORDER | WS_VSCROLL | LVS_OWNERDRAWFIXED | LVS_REPORT;
+    constexpr CRect Unplaced{0, 0, 150, 150}; // larger than its frame, which is measured to place it
     SetOwner(owner);
-    return CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", Style, {}, owner, id);
+    return CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", Style, Unplaced, owner, id);
 }
 
 void CComboList::DropBelow(const CRect& field, int highest) {
