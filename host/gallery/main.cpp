@@ -9,6 +9,7 @@
 #include "gallery/ground.h"
 #include "gallery/library_dialogs.h"
 #include "gallery/photographer.h"
+#include "gallery/values_dialog.h"
 #include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/regional_settings.h"
@@ -94,6 +95,20 @@ void TakeControls(Photographer& photographer) {
     photographer.TakeDropped("controls-calendar", show, drop(ControlsDialog::DateId));
 }
 
+void TakeValues(Photographer& photographer) {
+    ValuesDialog dialog;
+    const auto show = [&] { dialog.DoModal(); };
+    const auto press = [&](int id) {
+        return [&dialog, id] {
+            SetFocus(GetDlgItem(dialog.m_hWnd, id));
+            Press(DropKey);
+            Press(Qt::Key_F2);
+        };
+    };
+    photographer.TakeDialog("values", show, press(ValuesDialog::NumberId));
+    photographer.TakeDropped("values-list", show, press(ValuesDialog::ListId));
+}
+
 ReadingOptions Reading() {
     return {StationKind::Automatic, GetFileContainer().GetFileValue(0), {}};
 }
@@ -147,6 +162,7 @@ int TakeAll(const QString& folder, const char* language, const qt::QtDisplay& di
             folder, QStringLiteral("%1-%2-%3").arg(QString(language).toLower(), NameOf(ground)).arg(scale));
         TakeLibrary(photographer, file);
         TakeControls(photographer);
+        TakeValues(photographer);
         TakeInspector(photographer, display, file, document);
         Print(photographer.Notices());
         Print(photographer.Faults());

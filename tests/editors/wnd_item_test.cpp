@@ -378,6 +378,9 @@ TEST_F(ItemTest, ADateShowsItsPickerUntilThatLosesTheFocus) {
     SetFocus(Other());
     EXPECT_FALSE(item.m_DateTime.IsWindowVisible());
     EXPECT_EQ(Member(), MakeDate("GDT_VALID", 44365.25));
+    item.EnableWindow(false);
+    item.SetValue(MakeDate("GDT_VALID", 44000));
+    EXPECT_FALSE(item.m_DateTime.IsWindowVisible()) << "it cannot be used";
 }
 
 TEST_F(ItemTest, ItLooksLikeACell) {

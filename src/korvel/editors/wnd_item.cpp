@@ -50,9 +50,7 @@ void CWndItem::SetValue(const CVariantValue& value) {
     Drop();
     ++m_values;
     m_Value = shown;
-    Synchronize();
-    if (m_hWnd && ItemEditorOf(m_Value) == ItemEditor::Date)
-        StartDate();
+    StartDate();
     Invalidate();
 }
 
@@ -112,8 +110,11 @@ void CWndItem::StartText() {
     ShowEditor(m_Edit);
 }
 
+// The picker of a disabled item would look as if it could be used.
 void CWndItem::StartDate() {
     Synchronize();
+    if (ItemEditorOf(m_Value) != ItemEditor::Date || !view::IsSwitchedOn(m_hWnd))
+        return;
     if (!m_DateTime.m_hWnd)
         m_DateTime.Create(DateStyle, {}, this, DateId);
     m_DateTime.Start(&m_Dispatch, MemberName);
@@ -341,8 +342,7 @@ LRESULT CWndItem::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 void CWndItem::FollowWindow(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_CREATE:
-        if (ItemEditorOf(m_Value) == ItemEditor::Date)
-            StartDate();
+        StartDate();
         break;
     case WM_SETFONT:
         m_Edit.SendMessageA(WM_SETFONT, wParam, lParam);
