@@ -198,6 +198,19 @@ TEST_F(EditAttributsTest, ANumberStaysWhenTheTypeChanges) {
     SetAngleUnit('r');
 }
 
+TEST_F(EditAttributsTest, HandsItsOptionsOnToTheField) {
+    for (const bool isExact : {false, true}) {
+        GridOptions options;
+        options.Set(EGridOption::ExactEditText, isExact);
+        dialog.SetOptions(options);
+        Run([&] {
+            ChooseType("Length");
+            TypeValue("");
+            EXPECT_EQ(GetWindowTextA(GetFocus()), isExact ? "0" : "0.000000");
+        });
+    }
+}
+
 TEST_F(EditAttributsTest, WithoutWriteProtectionOrTypes) {
     CDlgEditAttributs none(nullptr, nullptr, nullptr, 0, false, &frame);
     display.Then([&] {

@@ -410,8 +410,12 @@ TEST_F(ItemTest, ItLooksLikeACell) {
     }
     display.SetColor(COLOR_WINDOW, 0xFFFFFF);
     display.SetColor(COLOR_BTNFACE, 0xCCCCCC);
+    CVariantValue path = MakeValue(DT_FileName, "a.xml");
+    path.EnumContext = &file;
+    item.SetValue(path);
     for (const bool isEnabled : {true, false}) {
         item.EnableWindow(isEnabled);
+        EXPECT_EQ(Picture{display.PaintWindow(item.m_hWnd)}.FindText("...") != nullptr, isEnabled);
         EXPECT_EQ(display.PaintWindow(item.m_hWnd).front().color, isEnabled ? 0xFFFFFFu : 0xCCCCCCu);
     }
 }

@@ -41,6 +41,8 @@ CONTROLTYPE ControlOf(const CVariantValue& value) {
 CellLook LookOf(const CVariantValue& value, bool isEnabled) {
     CellLook look;
     look.control = ControlOf(value);
+    if (look.control == ctButton && !isEnabled)
+        look.control = ctEdit; // in a grid, a button may be pressed all the same
     look.isEnabled = isEnabled;
     look.isChosen = true;
     look.swatch = value.Value.UInt;

@@ -96,8 +96,8 @@ void CWndItem::ShowEditor(CWnd& editor) {
 void CWndItem::Place() {
     const unsigned margins = m_Edit.GetMargins();
     m_rcText = Cell().BesideButton(m_Value, GetClientRect());
-    m_rcText.left += LOWORD(margins);
-    m_rcText.right -= HIWORD(margins);
+    m_rcText.left += static_cast<int>(LOWORD(margins));
+    m_rcText.right -= static_cast<int>(HIWORD(margins));
     if (m_pActive)
         m_pActive->MoveWindow(m_pActive == &m_Edit ? m_rcText : GetClientRect(), false);
 }

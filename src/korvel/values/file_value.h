@@ -10,8 +10,7 @@ namespace korvel {
 class CWnd;
 
 /// Lets the user choose the file of a file-valued member; travels in `CVariantValue::EnumContext`. A host
-/// implements it, or takes `CFileValueImp`. All operations are called on the thread of the windows. No cell
-/// calls `Choose` yet.
+/// implements it, or takes `CFileValueImp`. All operations are called on the thread of the windows.
 class KORVEL_API IFileValue : public IDestroyValue {
 public:
     /// Lets the user choose a file, beginning at `path`, in a dialog owned by `parent` (may be null). Returns
