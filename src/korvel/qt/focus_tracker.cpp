@@ -52,8 +52,9 @@ void FocusTracker::OnFocusChanged(QWidget* now) {
     if (m_showing > 0 || m_questions > 0 || QApplication::activePopupWidget())
         return;
     if (!now) {
-        if (!IsActivationUnderWay())
-            input::FocusMoved(nullptr);
+        if (IsActivationUnderWay())
+            return;
+        QApplication::activeWindow() ? input::FocusMoved(nullptr) : input::ProgramLeft();
         return;
     }
     if (now->window()->windowType() == Qt::Popup)

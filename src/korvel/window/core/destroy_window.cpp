@@ -25,7 +25,7 @@ void CollectOwned(const WindowRecord& record, std::vector<HWND>& owned) {
 // A window dies visibly for its focus and its capture only: what an open edit does when it loses the focus
 // does not depend on how its window goes away.
 void Withdraw(WindowRecord& record) {
-    TakeFocusAway(record, record.parent);
+    TakeFocusAway(record, record.parent, FocusCause::Hidden);
     TakeCaptureAway(record);
     if (record.parent)
         ShowWindow(record.handle, SW_HIDE);

@@ -23,6 +23,23 @@ Focus& TheFocus() {
     return focus;
 }
 
+FocusCause& TheCause() {
+    static FocusCause cause = FocusCause::Moved;
+    return cause;
+}
+
+// A handler may move the focus on for another cause.
+class CauseScope {
+public:
+    explicit CauseScope(FocusCause cause) : m_former(std::exchange(TheCause(), cause)) {}
+    ~CauseScope() { TheCause() = m_former; }
+    CauseScope(const CauseScope&) = delete;
+    CauseScope& operator=(const CauseScope&) = delete;
+
+private:
+    const FocusCause m_former;
+};
+
 FocusFollower*& Follower() {
     static FocusFollower* follow = nullptr;
     return follow;
@@ -70,10 +87,15 @@ bool SetFocusFollower(FocusFollower* follow) {
     return true;
 }
 
-void MoveFocus(HWND window, FocusOrigin origin) {
+FocusCause CauseOfFocusMove() {
+    return TheCause();
+}
+
+void MoveFocus(HWND window, FocusOrigin origin, FocusCause cause) {
     Focus& focus = TheFocus();
     if (focus.window == window)
         return;
+    const CauseScope scope(cause);
     focus.window = window;
     const unsigned move = ++focus.moves;
     // The display comes first: a change of focus may make it commit an unfinished input.
@@ -82,9 +104,9 @@ void MoveFocus(HWND window, FocusOrigin origin) {
     TellMove(move);
 }
 
-void TakeFocusAway(const WindowRecord& record, HWND heir) {
+void TakeFocusAway(const WindowRecord& record, HWND heir, FocusCause cause) {
     if (IsOnDisplay(record) && IsWithin(record.handle, TheFocus().window))
-        MoveFocus(CanTakeFocus(heir) ? heir : nullptr, FocusOrigin::Program);
+        MoveFocus(CanTakeFocus(heir) ? heir : nullptr, FocusOrigin::Program, cause);
 }
 
 bool CanTakeFocus(HWND window) {
@@ -101,7 +123,7 @@ void LendFocusToBox(const std::function<void()>& ask) {
     const HWND former = TheFocus().window;
     FirstFailure failure;
     failure.Try([&] {
-        MoveFocus(nullptr, FocusOrigin::Display);
+        MoveFocus(nullptr, FocusOrigin::Display, FocusCause::Question);
         ask();
     });
     failure.Try([&] { ReturnFocus(former); });

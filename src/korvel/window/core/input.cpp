@@ -158,6 +158,13 @@ void FocusMoved(HWND window) {
     });
 }
 
+void ProgramLeft() {
+    Guarded([] {
+        if (IsDisplayThread())
+            MoveFocus(nullptr, FocusOrigin::Display, FocusCause::ProgramLeft);
+    });
+}
+
 void Edited(HWND window, const CString& text, int selectionStart, int selectionEnd) {
     ReportToControl(
         window, [&](ControlState& control) { control.Edited(text, selectionStart, selectionEnd); });

@@ -32,6 +32,9 @@ KORVEL_API bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int w
 /// The focus went to this window without the library having moved it, or to no window of the library
 /// (null).
 KORVEL_API void FocusMoved(HWND window);
+/// The user went to another program: no window has the focus until they come back, and FocusMoved says where. An
+/// open edit in a cell waits for them.
+KORVEL_API void ProgramLeft();
 /// The user changed the text of an edit in its native widget; the selection is in bytes of the text.
 KORVEL_API void Edited(HWND window, const CString& text, int selectionStart, int selectionEnd);
 /// The user changed the check of a button, the choice of a combo box or tab control, the position of a slider

@@ -25,8 +25,8 @@ void SetStyleBit(WindowRecord& record, UINT bit, bool set) {
     record.style = set ? record.style | bit : record.style & ~bit;
 }
 
-void TakeInputAway(const WindowRecord& record, HWND heir, FirstFailure& failure) {
-    failure.Try([&] { TakeFocusAway(record, heir); });
+void TakeInputAway(const WindowRecord& record, HWND heir, FocusCause cause, FirstFailure& failure) {
+    failure.Try([&] { TakeFocusAway(record, heir, cause); });
     failure.Try([&] { TakeCaptureAway(record); });
 }
 
@@ -42,7 +42,7 @@ bool ShowWindow(HWND window, int command) {
                 return wasShown;
             FirstFailure failure;
             if (!show)
-                TakeInputAway(record, record.parent, failure);
+                TakeInputAway(record, record.parent, FocusCause::Hidden, failure);
             failure.Try([&] { SendMessageA(window, WM_SHOWWINDOW, show, 0); });
             if (IsWindow(window)) {
                 SetStyleBit(record, WS_VISIBLE, show);
@@ -62,7 +62,7 @@ bool EnableWindow(HWND window, bool enable) {
                 return wasDisabled;
             FirstFailure failure;
             if (!enable)
-                TakeInputAway(record, nullptr, failure);
+                TakeInputAway(record, nullptr, FocusCause::Disabled, failure);
             SetStyleBit(record, WS_DISABLED, !enable);
             TellDisplay(record, Aspect::Enabled);
             failure.Try([&] { SendMessageA(window, WM_ENABLE, enable, 0); });

@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_mouse.h"
 
+#include "korvel/window/core/focus.h"
 #include "korvel/window/list/followed_row.h"
 #include "korvel/window/list/list_geometry.h"
 #include "korvel/window/list/list_label_edit.h"
@@ -64,6 +65,8 @@ void Press(ListState& list, UINT button, UINT flags, const ListHit& hit, CPoint 
 
 void PressButton(ListState& list, UINT button, UINT flags, CPoint point) {
     SetFocus(list.Handle()); // ends a label edit
+    if (GetFocus() != list.Handle() && CanTakeFocus(list.Handle()))
+        return; // what was being edited was refused: the press was about that
     Press(list, button, flags, HitTest(list, point), point);
 }
 
