@@ -221,7 +221,10 @@ public:
     std::string edits;
 
 protected:
-    void CtrlClear() override { Call(); }
+    void CtrlClear() override {
+        Call();
+        CEditableGrid::CtrlClear();
+    }
     void OnEdit(CItemInfo*, int row, int column, CPoint, IMemberDispatch* disp,
                 const CString& name) override {
         edits +=

@@ -150,6 +150,10 @@ const std::string& CComboList::GetMemberName() const {
     return m_parts->writeBack.MemberName();
 }
 
+void CComboList::OnRenameMember(const std::string& name) {
+    m_parts->writeBack.Rename(name);
+}
+
 const CVariantValue& CComboList::GetValue() const {
     return m_parts->model.Binding().Value();
 }

@@ -92,6 +92,8 @@ public:
     /// The object that UpdateDisp writes to; null when there is none.
     IMemberDispatch* GetDisp() const;
     const std::string& GetMemberName() const;
+    /// The member is called `name` now; UpdateDisp writes to it under this name.
+    void OnRenameMember(const std::string& name);
     /// What is selected now.
     const CVariantValue& GetValue() const;
     EComboListMode GetMode() const;

@@ -20,6 +20,7 @@ public:
     /// The object may be null.
     void SetMember(IMemberDispatch* object, const std::string& name);
     void Forget();
+    void Rename(const std::string& name) { m_memberName = name; }
     IMemberDispatch* Object() const { return m_object; }
     const std::string& MemberName() const { return m_memberName; }
 

@@ -94,9 +94,8 @@ EditDecision DecideEdit(const CellClick& click) {
     case Info::ctCheck:
         return DecideSquare(click, CellAction::ToggleFlag);
     case Info::ctColor:
-        return DecideSquare(click, CellAction::ChooseColor);
     case Info::ctColorAlpha:
-        return DecideSquare(click, CellAction::ChooseAlphaColor);
+        return DecideSquare(click, CellAction::ChooseColor);
     case Info::ctFile:
         return DecideFile(click);
     case Info::ctButton:

@@ -17,7 +17,6 @@ enum class CellAction {
     DropList,
     ToggleFlag,
     ChooseColor,
-    ChooseAlphaColor,
     ChangeAngleUnit,
     BrowseFile,
     OpenFile,

@@ -24,8 +24,10 @@ int PositionOf(const unsigned long& position) {
 } // namespace
 
 CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
-    : m_pObserver(observer), m_pEnumContainer(enumerations),
-      m_binding(std::make_unique<Binding>(*this, observer)) {}
+    : CellEditGrid(observer), m_pObserver(observer), m_pEnumContainer(enumerations),
+      m_binding(std::make_unique<Binding>(*this, observer)) {
+    SetUpEditing(*m_binding, m_binding->frame);
+}
 
 CEditableGrid::~CEditableGrid() {
     GuardedUntilRun([this] { DestroyWindow(); });
@@ -34,11 +36,11 @@ CEditableGrid::~CEditableGrid() {
 
 LRESULT CEditableGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_DESTROY)
-        return CSuperGridCtrl::WindowProc(message, wParam, lParam);
+        return CellEditGrid::WindowProc(message, wParam, lParam);
     FirstFailure failure;
     failure.Try([&] { Clear(); });
     LRESULT result = 0;
-    failure.Try([&] { result = CSuperGridCtrl::WindowProc(message, wParam, lParam); });
+    failure.Try([&] { result = CellEditGrid::WindowProc(message, wParam, lParam); });
     failure.Rethrow();
     return result;
 }
@@ -48,7 +50,7 @@ bool CEditableGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LR
         *result = 1; // names are the objects' own
         return true;
     }
-    return CSuperGridCtrl::OnChildNotify(message, wParam, lParam, result);
+    return CellEditGrid::OnChildNotify(message, wParam, lParam, result);
 }
 
 void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTitle,
@@ -100,7 +102,7 @@ void CEditableGrid::SetGridOption(EGridOption option, bool on) {
     const ModuleStateGuard guard;
     m_options.Set(option, on);
     if (option == EGridOption::AngleUnit)
-        m_binding->rows.RewriteMembers(FormatService::Angle);
+        m_binding->ShowAngles();
 }
 
 bool CEditableGrid::IsInitialized() const {
@@ -161,10 +163,14 @@ void CEditableGrid::RemoveDispMember(CTreeItem*, IMemberDispatch* disp, const st
                                      const CVariantValue&) {
     const ModuleStateGuard guard;
     m_binding->rows.Remove(disp, name);
+    OnEditedRowsGone(); // also after a cell of a row that stays
 }
 
 void CEditableGrid::OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) {
-    m_binding->rows.OnRowUnlinked(node, formerParent);
+    FirstFailure failure;
+    failure.Try([&] { m_binding->rows.OnRowUnlinked(node, formerParent); });
+    failure.Try([&] { OnEditedRowsGone(); });
+    failure.Rethrow();
 }
 
 void CEditableGrid::OnChangeIdent(const std::string&, const std::string&) {}
@@ -222,11 +228,13 @@ void CEditableGrid::OnOperationRename(IMemberDispatch* disp, const std::string& 
                                       const std::string& newName) {
     const ModuleStateGuard guard;
     m_binding->rows.Rename(disp, name, newName);
+    OnEditedMemberRenamed(disp, name, newName);
 }
 
 void CEditableGrid::OnOperationChangeType(IMemberDispatch* disp, const std::string& name, EDataTyps oldType,
                                           const CVariantValue& value) {
     const ModuleStateGuard guard;
+    OnEditedMemberRetyped(disp, name);
     OnChangeControlType(disp, name, oldType, value);
     OnChange(disp, name, value);
 }
@@ -303,10 +311,6 @@ void CEditableGrid::OnControlLButtonDown(UINT, CPoint point, LVHITTESTINFO& hit)
     if (IMemberDispatch* disp = GetDispInterface(node))
         OnEdit(node->info, hit.iItem, hit.iSubItem, point, disp, MemberOfCell(*node, hit.iSubItem));
 }
-
-void CEditableGrid::OnEdit(CItemInfo*, int, int, CPoint, IMemberDispatch*, const CString&) {}
-
-void CEditableGrid::CtrlClear() {}
 
 BOOL CEditableGrid::OnRowDeleting(CTreeItem*, int) {
     return 0;

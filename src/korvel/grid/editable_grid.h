@@ -1,8 +1,8 @@
 #pragma once
 
 #include "korvel/editors/grid_option.h"
+#include "korvel/grid/cell_edit_grid.h"
 #include "korvel/grid/grid_layout.h"
-#include "korvel/grid/super_grid_ctrl.h"
 #include "korvel/values/observer_grid.h"
 
 #include <cstdint>
@@ -55,7 +55,7 @@ struct ImageIndex {
 /// The fields of a binding (state, root, groups, members, columns) are not the control's: derived
 /// grids ask IsInitialized, GetRootDisp, LookupTreeItem, GetDispInterface, GetSubItem and
 /// GetColumn.
-class KORVEL_API CEditableGrid : public CSuperGridCtrl {
+class KORVEL_API CEditableGrid : public CellEditGrid {
 public:
     CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations);
     ~CEditableGrid() override;
@@ -176,13 +176,6 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    /// A press in a cell, with the member that it shows: where the editors of cells begin. This grid reads
-    /// only, and does nothing.
-    virtual void OnEdit(CItemInfo* info, int row, int column, CPoint point, IMemberDispatch* disp,
-                        const CString& name);
-    /// Called before the rows go: where what is being edited ends.
-    virtual void CtrlClear();
-
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
 

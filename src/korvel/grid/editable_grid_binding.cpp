@@ -19,6 +19,9 @@ grid::CTreeItem* CEditableGrid::Binding::LinkRow(CTreeItem* parent, std::unique_
     return m_grid.LinkNode(parent, std::move(info), position);
 }
 
+// Not before the grid opens files.
+void CEditableGrid::Binding::OpenFile(const std::string&) {}
+
 void CEditableGrid::Binding::ChangeMany(const std::function<void()>& change) {
     const RedrawPause pause(m_grid);
     change();

@@ -3,14 +3,31 @@
 #include "korvel/grid/attribute_columns.h"
 #include "korvel/grid/attribute_rows.h"
 #include "korvel/grid/editable_grid.h"
+#include "korvel/grid/edited_members.h"
 #include "korvel/grid/write_frame.h"
 
 namespace korvel {
 
 /// The rows of the grid's objects with the grid as their tree, and what acts in them.
-class CEditableGrid::Binding final : private internal::AttributeTree {
+class CEditableGrid::Binding final : private internal::AttributeTree, public internal::EditedMembers {
 public:
     Binding(CEditableGrid& grid, IObserverGrid* observer);
+
+    CTreeItem* FindRow(IMemberDispatch* disp, const std::string& name) const override {
+        return rows.Find(disp, name);
+    }
+    int ColumnOf(const std::string& name) const override { return rows.layout.ColumnOf(name); }
+    IMemberDispatch* ObjectOf(const CTreeItem& row) const override { return rows.ObjectOf(&row); }
+    std::string MemberOf(const CTreeItem& row, int column) const override {
+        return m_grid.MemberOfCell(row, column);
+    }
+    bool RowsAreObjects() const override { return rows.layout.RowsAreObjects(); }
+    GridOptions Options() const override { return m_grid.m_options; }
+    void ShowValue(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) override {
+        m_grid.OnChange(disp, name, value);
+    }
+    void ShowAngles() override { rows.RewriteMembers(internal::FormatService::Angle); }
+    void OpenFile(const std::string& path) override;
 
 private:
     CTreeItem* LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info, int position) override;

@@ -1,10 +1,10 @@
 #include "korvel/grid/list_edit_ctrl.h"
 
+#include "korvel/grid/seen_cell.h"
 #include "korvel/grid/tree_rows.h"
 #include "korvel/grid/tree_walk.h"
 #include "korvel/platform/first_failure.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace korvel::internal {
@@ -61,15 +61,12 @@ void CListEditCtrl::HandOver(grid::CTreeItem& node, const CString& text) {
 
 void CListEditCtrl::FollowCell() {
     const int row = m_tree.RowOf(m_node);
-    const int top = m_list.GetTopIndex();
     if (row >= 0 && m_tree.NodeAt(row) != m_node)
         return; // the rows are being changed
-    CRect cell;
-    if (row < top || row >= top + std::max(1, m_list.GetCountPerPage()) ||
-        !m_list.GetSubItemRect(row, m_column, LVIR_LABEL, &cell))
-        End();
+    if (const auto cell = SeenCell(m_list, row, m_column))
+        MoveWindow(*cell);
     else
-        MoveWindow(cell);
+        End();
 }
 
 void CListEditCtrl::OnUnlinked(const grid::CTreeItem& root) {

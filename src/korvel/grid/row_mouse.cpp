@@ -2,6 +2,7 @@
 
 #include "korvel/grid/row_checks.h"
 #include "korvel/grid/row_watch.h"
+#include "korvel/window/core/focus.h"
 
 #include <algorithm>
 
@@ -9,6 +10,8 @@ namespace korvel::internal {
 
 void RowMouse::Press(UINT flags, CPoint point) {
     m_list.SetFocus();
+    if (GetFocus() != m_list.m_hWnd && CanTakeFocus(m_list.m_hWnd))
+        return; // what was being edited was refused: the press was about that
     LVHITTESTINFO hit;
     hit.pt = point;
     const RowWatch row(m_tree, m_list.SubItemHitTest(&hit));

@@ -47,8 +47,8 @@ void UseExportedClasses() {
            IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState, CGridCtrlComboBoxInputStateCheckBox,
            CGridCtrlComboBoxInputStateDesignDefault, CGridCtrlComboBoxInputStateTree,
            CGridCtrlComboBoxInputStateTreeCheckBox>();
-    UseAll<CEditableGrid, IGridErrorReporter, CSuperGridCtrl, CItemInfo, CSuperGridCtrl::CTreeItem,
-           ChildList>();
+    UseAll<CEditableGrid, CellEditGrid, IGridErrorReporter, CSuperGridCtrl, CItemInfo,
+           CSuperGridCtrl::CTreeItem, ChildList>();
     UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut, DlgStateBase,
            CLayoutTabCtrlPage, CConfigurationTabCtrlPage>();
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();

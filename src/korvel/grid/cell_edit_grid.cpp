@@ -1,0 +1,445 @@
+#include "korvel/grid/cell_edit_grid.h"
+
+#include "korvel/editors/cell_geometry.h"
+#include "korvel/grid/cell_actions.h"
+#include "korvel/grid/edit_keys.h"
+#include "korvel/grid/edit_session.h"
+#include "korvel/grid/hover_timer.h"
+#include "korvel/grid/member_reads.h"
+#include "korvel/grid/seen_cell.h"
+#include "korvel/platform/first_failure.h"
+#include "korvel/window/app/app.h"
+#include "korvel/window/dialog/dialog_focus.h"
+#include "korvel/window/dialog/dialog_state.h"
+
+#include <algorithm>
+
+namespace korvel {
+
+using namespace internal;
+
+namespace {
+
+constexpr int EditId = 105;
+constexpr int ListId = 106;
+constexpr int ArrowId = 107;
+constexpr int FieldId = 108;
+constexpr int DateId = 109;
+constexpr int SpinId = 15046;
+
+// A choice in the drop-down.
+constexpr UINT ChoiceTaken = 9;
+constexpr UINT ChoiceGivenUp = 10;
+
+bool IsKey(UINT message) {
+    return message >= WM_KEYDOWN && message <= WM_KEYLAST;
+}
+
+} // namespace
+
+struct CellEditGrid::Parts {
+    Parts(CellEditGrid& grid, EditedMembers& ofGrid, WriteFrame& frame)
+        : members(ofGrid), commit(members, frame, grid.m_Edit.m_pObserver),
+          dropDown(grid, commit,
+                   {grid.m_ComboList, grid.m_ComboEdit, grid.m_ComboButton, grid.m_ComboHook,
+                    grid.m_DroppedState}),
+          session(grid, members, commit, dropDown,
+                  {grid.m_Edit, grid.m_Spin, grid.m_DateTime, grid.m_ActiveControl}),
+          actions(grid, members, commit), hover(grid, grid.m_HoverTimer, grid.m_HighlightItem) {}
+
+    EditedMembers& members;
+    MemberCommit commit;
+    DropDownSession dropDown;
+    EditSession session;
+    CellActions actions;
+    HoverTimer hover;
+};
+
+CellEditGrid::CellEditGrid(IObserverGrid* observer) : m_Edit(observer), m_DateTime(observer) {}
+
+CellEditGrid::~CellEditGrid() = default;
+
+void CellEditGrid::SetUpEditing(EditedMembers& members, WriteFrame& frame) {
+    m_parts = std::make_unique<Parts>(*this, members, frame);
+}
+
+// A window that exists already gets them here, any other when it is made.
+void CellEditGrid::PreSubclassWindow() {
+    CSuperGridCtrl::PreSubclassWindow();
+    if (GetHeaderCtrl()->m_hWnd)
+        CreateControls();
+}
+
+void CellEditGrid::CreateControls() {
+    CreateEdit();
+    CreateListBox();
+    CreateButton();
+}
+
+bool CellEditGrid::CreateEdit() {
+    constexpr UINT EditStyle = WS_CHILD | WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL;
+    return m_Edit.Create(EditStyle | WS_DISABLED, {}, this, EditId) &&
+           m_Spin.Create(WS_CHILD | UDS_HORZ | WS_DISABLED, {}, this, SpinId) &&
+           m_DateTime.Create(WS_CHILD | DTS_SHOWNONE | WS_DISABLED, {}, this, DateId);
+}
+
+bool CellEditGrid::CreateListBox() {
+    return m_ComboList.CreateDropDown(this, ListId);
+}
+
+bool CellEditGrid::CreateButton() {
+    return m_ComboEdit.Create(WS_CHILD | WS_TABSTOP | ES_READONLY | WS_DISABLED, {}, this, FieldId) &&
+           m_ComboButton.Create("", WS_CHILD | WS_TABSTOP | BS_OWNERDRAW | WS_DISABLED, {}, this, ArrowId);
+}
+
+bool CellEditGrid::EndEdit() {
+    const ModuleStateGuard guard;
+    return m_parts->session.EndByCommand();
+}
+
+bool CellEditGrid::IsEditing() const {
+    return m_parts->session.IsOpen();
+}
+
+void CellEditGrid::CtrlEnd() {
+    const ModuleStateGuard guard;
+    m_parts->session.End(EditSession::WayOut::User);
+}
+
+void CellEditGrid::CtrlClear() {
+    FirstFailure failure;
+    failure.Try([&] { m_parts->session.End(EditSession::WayOut::Gone); });
+    failure.Try([&] { m_parts->session.Drop(); }); // from within a commit nothing has ended
+    failure.Rethrow();
+}
+
+void CellEditGrid::OnOK() {
+    const HWND window = m_hWnd;
+    SendParentComboMessage(ChoiceTaken);
+    if (IsWindow(window))
+        CtrlEnd();
+}
+
+void CellEditGrid::OnCancel() {
+    const HWND window = m_hWnd;
+    SendParentComboMessage(ChoiceGivenUp);
+    if (!IsWindow(window))
+        return;
+    if (m_parts->members.Options().Has(EGridOption::EscapeCancels))
+        m_parts->session.CancelList();
+    else
+        CtrlEnd();
+}
+
+void CellEditGrid::SendParentComboMessage(UINT code) {
+    NotifyParentCommand(m_hWnd, code);
+}
+
+void CellEditGrid::StartHilight(int) {
+    m_parts->hover.Start();
+}
+
+void CellEditGrid::StopHilight() {
+    m_parts->hover.Stop();
+}
+
+CRect CellEditGrid::GetSubItemRect(int row, int column) const {
+    return CellRect(*this, row, column);
+}
+
+CRect CellEditGrid::GetControlRect(int row, int column, EDataTyps type) const {
+    return ControlSquare(type, GetSubItemRect(row, column));
+}
+
+// Whoever hears of the end of the former edit may change the rows.
+void CellEditGrid::OnEdit(CItemInfo*, int row, int column, CPoint point, IMemberDispatch* disp,
+                          const CString& name) {
+    const ModuleStateGuard guard;
+    const EditedMembers& members = m_parts->members;
+    const CTreeItem* node = NodeAtRow(row);
+    const CRect before = GetSubItemRect(row, column);
+    const bool isFiled = members.FindRow(disp, name) == node;
+    const auto isThere = [&] {
+        return isFiled ? members.FindRow(disp, name) == node
+                       : NodeAtRow(row) == node && members.FindRow(disp, name);
+    };
+    if (!m_parts->session.End(EditSession::WayOut::User) || !node || column <= 0 || !isThere())
+        return;
+    CellClick click;
+    click.isEditable = ReadMemberEditable(*disp, name);
+    click.type = isThere() ? ReadMemberType(*disp, name) : DT_Void;
+    if (!isThere() || !node->info)
+        return;
+    click.control = node->info->GetControlType(column - 1);
+    click.cell = GetSubItemRect(RowOfNode(node), column);
+    click.point = {point.x + click.cell.left - before.left, point.y + click.cell.top - before.top};
+    Carry(DecideEdit(click), disp, name);
+}
+
+void CellEditGrid::Carry(const EditDecision& decision, IMemberDispatch* disp, const CString& name) {
+    switch (decision.action) {
+    case CellAction::EditPath:
+        if (m_parts->actions.CanTypePath(disp, name))
+            EditCtrlStart(decision.field, disp, name);
+        return;
+    case CellAction::EditText:
+        return EditCtrlStart(decision.field, disp, name);
+    case CellAction::EditBesideSpin:
+        m_parts->session.ShowSpin(decision.spin, disp, name);
+        if (!decision.field.IsRectEmpty())
+            EditCtrlStart(decision.field, disp, name);
+        return;
+    case CellAction::PickDate:
+        return m_parts->session.StartDate(decision.field, disp, name);
+    case CellAction::DropList:
+        return EditComboStart(decision.field, disp, name);
+    default:
+        return m_parts->actions.Do(decision.action, disp, name);
+    }
+}
+
+void CellEditGrid::EditCtrlStart(const CRect& rect, IMemberDispatch* disp, const std::string& name) {
+    m_parts->session.StartText(rect, disp, name);
+}
+
+void CellEditGrid::EditComboStart(const CRect& rect, IMemberDispatch* disp, const std::string& name) {
+    if (m_DroppedState) {
+        OnOK();
+    } else {
+        m_parts->session.StartList(rect, disp, name);
+        m_parts->commit.RunOutside([&] { DisplayTree(disp, name); });
+    }
+    RedrawWindow(RDW_INVALIDATE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void CellEditGrid::DisplayTree(IMemberDispatch* disp, const std::string& name) {
+    CRect place;
+    CalculateDroppedRect(place);
+    ShowTree(place, disp, name);
+}
+
+void CellEditGrid::ShowTree(CRect place, IMemberDispatch* disp, const std::string& name) {
+    m_parts->dropDown.Drop(place, disp, name);
+}
+
+void CellEditGrid::HideTree() {
+    m_parts->dropDown.Hide();
+}
+
+void CellEditGrid::CalculateDroppedRect(CRect& rect) const {
+    constexpr int Height = 150;
+    rect = m_parts->dropDown.FieldOnScreen();
+    rect.top = rect.bottom;
+    rect.bottom += Height;
+}
+
+void CellEditGrid::OnComboListSelOK() {
+    m_parts->dropDown.ShowText();
+}
+
+bool CellEditGrid::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const auto control = reinterpret_cast<HWND>(lParam);
+    const bool isText = control && (control == m_Edit.m_hWnd || control == m_Spin.m_hWnd);
+    const bool isDate = control && control == m_DateTime.m_hWnd;
+    const bool isList = control && control == m_ComboList.m_hWnd;
+    if (CSuperGridCtrl::OnCommand(wParam, lParam))
+        return true;
+    const UINT code = HIWORD(wParam);
+    if ((isText || isDate) && code == EN_KILLFOCUS)
+        m_parts->session.OnFocusLost();
+    else if (isList && code == ComboListChanged)
+        OnComboListSelOK();
+    else if (isList && (code == ComboListKillFocus || code == ComboListFinished))
+        CtrlEnd();
+    else
+        return false;
+    return true;
+}
+
+// The width of a column does not change under an edit.
+bool CellEditGrid::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) {
+    const bool isDrag = reinterpret_cast<const NMHDR*>(lParam)->code == HDN_BEGINTRACK;
+    if (isDrag && !m_parts->session.End(EditSession::WayOut::User)) {
+        *result = 1;
+        return true;
+    }
+    return CSuperGridCtrl::OnNotify(wParam, lParam, result);
+}
+
+LRESULT CellEditGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool losesFocus =
+        message == WM_KILLFOCUS && (!m_ActiveControl || reinterpret_cast<HWND>(wParam) != m_ActiveControl);
+    FirstFailure failure;
+    LRESULT result = 0;
+    if (message == WM_SHOWWINDOW && !wParam)
+        failure.Try([&] { m_parts->session.End(EditSession::WayOut::Gone); });
+    failure.Try([&] { result = CSuperGridCtrl::WindowProc(message, wParam, lParam); });
+    if (message == WM_CREATE)
+        failure.Try([&] { CreateControls(); });
+    else if (losesFocus)
+        failure.Try([&] { m_parts->session.OnFocusLost(); });
+    else if (message == WM_MOUSEMOVE)
+        failure.Try([&] { m_parts->hover.OnMouseMove(PointOf(lParam)); });
+    else if (message == WM_TIMER && wParam == HoverTimer::TimerId)
+        failure.Try([&] { m_parts->hover.OnTimer(); });
+    failure.Rethrow();
+    return result;
+}
+
+bool CellEditGrid::PreTranslateMessage(MSG& message) {
+    m_parts->session.OnInput();
+    if (IsPressOnCombo(message)) {
+        CtrlEnd();
+        return true;
+    }
+    if (m_DroppedState)
+        return TranslateDropped(message) || CSuperGridCtrl::PreTranslateMessage(message);
+    if (IsKey(message.message) && TranslateKey(message))
+        return true;
+    return CSuperGridCtrl::PreTranslateMessage(message);
+}
+
+// Field and arrow go with the end of the edit: they must not get the press, which would leave them the capture.
+bool CellEditGrid::IsPressOnCombo(const MSG& message) const {
+    const bool isPress = message.message == WM_LBUTTONDOWN || message.message == WM_LBUTTONDBLCLK;
+    return isPress && (message.hwnd == m_ComboEdit.m_hWnd || message.hwnd == m_ComboButton.m_hWnd);
+}
+
+// The list has no focus: what is meant for it comes to the grid.
+bool CellEditGrid::TranslateDropped(const MSG& message) {
+    if (IsKey(message.message)) {
+        if (OnKeyDropdownActive(message.message, static_cast<UINT>(message.wParam)))
+            m_ComboList.SendMessageA(message.message, message.wParam, message.lParam);
+        return true;
+    }
+    if (message.message == WM_MOUSEWHEEL) {
+        m_ComboList.SendMessageA(message.message, message.wParam, message.lParam);
+        return true;
+    }
+    if (message.message != WM_LBUTTONDOWN)
+        return false;
+    const CPoint point = ClientToScreen(message.hwnd, PointOf(message.lParam));
+    if (!m_ComboList.GetWindowRect().PtInRect(point))
+        return false;
+    const CPoint inList = ScreenToClient(m_ComboList.m_hWnd, point);
+    m_ComboList.SendMessageA(message.message, message.wParam, MAKELPARAM(inList.x, inList.y));
+    return true;
+}
+
+// True: the key is used up, or dropped.
+bool CellEditGrid::TranslateKey(const MSG& message) {
+    const HWND focus = GetFocus();
+    const bool isOwn = message.hwnd == m_hWnd && focus == m_hWnd;
+    if (isOwn && m_parts->members.Options().Has(EGridOption::KeyboardEditing) && PressEditKey(message))
+        return true;
+    if (message.hwnd == m_DateTime.m_hWnd && message.wParam != VK_TAB)
+        return false; // its keys for the calendar are those that the grid keeps for a list
+    const bool passesOn = OnKeyDropdownInactive(message.message, static_cast<UINT>(message.wParam));
+    return !passesOn || GetFocus() != focus;
+}
+
+bool CellEditGrid::PressEditKey(const MSG& message) {
+    const CTreeItem* node = GetSelectedNode();
+    if (!node || !node->info)
+        return false;
+    const bool isGroup = node->CanExpand() || node->info->disp;
+    const bool isAtCell = m_parts->members.RowsAreObjects() && currentColumn > 0;
+    const KeyMeaning meaning = MeaningOf(message, {isGroup, node->collapsed(), isAtCell});
+    switch (meaning.kind) {
+    case KeyMeaning::Kind::Cell:
+        return PressInCell(meaning.cell, *node);
+    case KeyMeaning::Kind::Sign: {
+        NMLVKEYDOWN notice;
+        notice.wVKey = static_cast<decltype(notice.wVKey)>(meaning.sign);
+        NotifyParent(m_hWnd, LVN_KEYDOWN, notice.hdr);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+// As a click at the place that stands for the key, so that derived grids decide about both alike.
+bool CellEditGrid::PressInCell(CellKey key, const CTreeItem& node) {
+    const EditedMembers& members = m_parts->members;
+    IMemberDispatch* disp = members.ObjectOf(node);
+    const int column = members.RowsAreObjects() ? std::max(currentColumn, 1) : 1;
+    const std::string name = members.MemberOf(node, column);
+    if (!disp)
+        return false;
+    const EDataTyps type = ReadMemberType(*disp, name);
+    const bool asksPath = key == CellKey::Open && type == DT_FileName && members.FindRow(disp, name) == &node;
+    const bool canTypePath = asksPath && m_parts->actions.CanTypePath(disp, name);
+    const int row = members.FindRow(disp, name) == &node ? RowOfNode(&node) : -1;
+    const auto point = PointOfKey(key, type, canTypePath, GetSubItemRect(row, column));
+    if (row < 0 || !point)
+        return false;
+    EnsureVisible(row, false);
+    currentColumn = column;
+    ShowColumn(column);
+    RedrawRow(row);
+    LVHITTESTINFO hit;
+    hit.pt = *PointOfKey(key, type, canTypePath, GetSubItemRect(row, column)); // it may have been scrolled
+    hit.flags = LVHT_ONITEMLABEL;
+    hit.iItem = row;
+    hit.iSubItem = column;
+    OnControlLButtonDown(0, hit.pt, hit);
+    return true;
+}
+
+int CellEditGrid::OnKeyDropdownActive(UINT message, UINT key) {
+    const HWND window = m_hWnd;
+    switch (key) {
+    case VK_UP:
+        return message != WM_SYSKEYDOWN;
+    case VK_F4:
+        if (message != WM_KEYDOWN)
+            return 1;
+        [[fallthrough]];
+    case VK_RETURN:
+        OnOK();
+        return 1;
+    case VK_ESCAPE:
+        OnCancel();
+        return 1;
+    case VK_TAB:
+        if (message != WM_KEYDOWN)
+            return 1;
+        OnOK();
+        return IsWindow(window) && PressTab();
+    default:
+        return 1;
+    }
+}
+
+int CellEditGrid::OnKeyDropdownInactive(UINT message, UINT key) {
+    const bool dropsList =
+        (message == WM_SYSKEYDOWN && key == VK_DOWN) || (message == WM_KEYDOWN && key == VK_F4);
+    const bool isTab = message == WM_KEYDOWN && key == VK_TAB && !IsKeyDown(VK_CONTROL);
+    return !dropsList && (!isTab || PressTab());
+}
+
+// As the dialog around the grid does it, where there is one. False: there is no tab stop.
+bool CellEditGrid::PressTab() {
+    const HWND focus = GetFocus();
+    const HWND parent = korvel::GetParent(m_hWnd);
+    const HWND dialog = OutermostDialog(parent);
+    const bool isBack = IsKeyDown(VK_SHIFT);
+    internal::PressTab(dialog ? dialog : parent, isBack);
+    return GetFocus() != focus || GetNextDlgTabItem(parent, m_hWnd, isBack);
+}
+
+void CellEditGrid::OnEditedRowsGone() {
+    m_parts->session.OnRowsGone();
+}
+
+void CellEditGrid::OnEditedMemberRetyped(IMemberDispatch* disp, const std::string& name) {
+    m_parts->session.OnRetyped(disp, name);
+}
+
+void CellEditGrid::OnEditedMemberRenamed(IMemberDispatch* disp, const std::string& name,
+                                         const std::string& newName) {
+    m_parts->session.OnRenamed(disp, name, newName);
+}
+
+} // namespace korvel

@@ -1,0 +1,132 @@
+#include "korvel/grid/drop_down_session.h"
+
+#include "korvel/editors/cell_geometry.h"
+#include "korvel/grid/grid_drop_down_notice.h"
+#include "korvel/platform/first_failure.h"
+#include "korvel/platform/raised_flag.h"
+
+#include <algorithm>
+
+namespace korvel::internal {
+
+namespace {
+
+// As a combo box has them.
+constexpr UINT ListDropped = 7;
+constexpr UINT ListClosed = 8;
+
+// Names of entries have their dashes escaped where dashes separate them.
+CString WithoutEscapes(const CString& escaped) {
+    CString text;
+    for (std::size_t at = 0; at < escaped.size(); ++at)
+        if (escaped[at] != '\\' || at + 1 == escaped.size() || escaped[at + 1] != '-')
+            text += escaped[at];
+    return text;
+}
+
+} // namespace
+
+bool DropDownSession::IsOpen() const {
+    return IsDropped() || m_controls.field.IsWindowVisible();
+}
+
+void DropDownSession::Place(const CRect& cell) {
+    const CRect arrow = RightSquare(cell);
+    CRect field = cell;
+    field.right = std::max(field.left, arrow.left - 1);
+    m_controls.field.MoveWindow(field, false);
+    m_controls.arrow.MoveWindow(arrow, false);
+    if (IsDropped())
+        m_controls.list.DropBelow(FieldOnScreen());
+}
+
+void DropDownSession::ShowField() {
+    m_controls.field.SetWindowTextA("");
+    m_controls.field.EnableWindow(true);
+    m_controls.field.ShowWindow(SW_SHOW);
+    m_controls.arrow.EnableWindow(true);
+    m_controls.arrow.ShowWindow(SW_SHOW);
+}
+
+CRect DropDownSession::FieldOnScreen() const {
+    CRect field = m_controls.field.GetWindowRect();
+    field.right = std::max(field.right, m_controls.arrow.GetWindowRect().right);
+    return field;
+}
+
+void DropDownSession::Drop(const CRect& place, IMemberDispatch* disp, const std::string& name) {
+    CVariantValue value;
+    if (!disp->GetMember(name, value) || !m_commit.IsShown(disp, name))
+        return;
+    CComboList& list = m_controls.list;
+    list.Initialize(disp, name);
+    if (!list.IsInitialized())
+        return;
+    list.DropBelow({place.left, place.top, place.right, place.top});
+    list.ShowWindow(SW_SHOWNA);
+    m_controls.droppedState = 1;
+    if (const HWND parent = korvel::GetParent(m_grid.m_hWnd))
+        m_controls.hook.HookWindow(parent);
+    NotifyParentCommand(m_grid.m_hWnd, ListDropped);
+    const CString text = value.ToText();
+    if (IsDropped())
+        NotifyDropped(text);
+    if (IsDropped())
+        m_controls.field.SetWindowTextA(WithoutEscapes(text));
+}
+
+void DropDownSession::NotifyDropped(const CString& text) const {
+    GridDropDownNotice notice;
+    notice.text = text.c_str();
+    NotifyParent(m_grid.m_hWnd, GridDropDownCode, notice.hdr);
+}
+
+void DropDownSession::ShowText() {
+    m_controls.field.SetWindowTextA(WithoutEscapes(m_controls.list.GetValue().ToText()));
+    m_controls.field.RedrawWindow();
+}
+
+void DropDownSession::Hide() {
+    if (!IsDropped() || m_isHiding)
+        return;
+    const RaisedFlag hiding(m_isHiding);
+    FirstFailure failure;
+    failure.Try([&] { ShowText(); });
+    failure.Try([&] { m_controls.list.ShowWindow(SW_HIDE); });
+    failure.Try([&] { m_controls.list.UnIntialize(); });
+    failure.Try([&] { m_controls.hook.HookWindow(nullptr); });
+    failure.Try([&] { m_controls.field.RedrawWindow(); });
+    failure.Try([&] { NotifyParentCommand(m_grid.m_hWnd, ListClosed); });
+    m_controls.droppedState = 0;
+    failure.Rethrow();
+}
+
+void DropDownSession::End(Choice choice, bool tells) {
+    FirstFailure failure;
+    if (IsDropped() && choice == Choice::Taken)
+        failure.Try([&] {
+            m_commit.RunStep([&](HistoryStep&) {
+                try {
+                    m_controls.list.UpdateDisp(m_commit.Observer());
+                } catch (...) {
+                    if (tells)
+                        throw;
+                    return false;
+                }
+                return true;
+            });
+        });
+    failure.Try([&] { Hide(); });
+    for (CWnd* control : {static_cast<CWnd*>(&m_controls.field), static_cast<CWnd*>(&m_controls.arrow)}) {
+        failure.Try([&] { control->ShowWindow(SW_HIDE); }); // first, so that a focus in it goes to the grid
+        failure.Try([&] { control->EnableWindow(false); });
+    }
+    failure.Rethrow();
+}
+
+void DropDownSession::OnRenamed(const std::string& name) {
+    if (IsDropped())
+        m_controls.list.OnRenameMember(name);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "korvel/editors/combo_list.h"
+#include "korvel/editors/grid_ctrl_combo_box_button.h"
+#include "korvel/editors/grid_ctrl_combo_box_edit.h"
+#include "korvel/grid/member_commit.h"
+#include "korvel/layout/subclass_wnd.h"
+
+namespace korvel::internal {
+
+/// The list that drops from a cell, with the field and the arrow over the cell.
+class DropDownSession {
+public:
+    /// The windows, and the state that the grid shows hosts.
+    struct Controls {
+        CComboList& list;
+        CGridCtrlComboBoxEdit& field;
+        CGridCtrlComboBoxButton& arrow;
+        CSubclassWnd& hook;
+        int& droppedState;
+    };
+    enum class Choice { Taken, Left };
+
+    DropDownSession(CWnd& grid, const MemberCommit& commit, Controls controls)
+        : m_grid(grid), m_commit(commit), m_controls(controls) {}
+
+    bool IsDropped() const { return m_controls.droppedState != 0; }
+    /// Field and arrow are over a cell; without a list, when its member could not be read.
+    bool IsOpen() const;
+    /// Puts field and arrow over a cell, and a dropped list below them.
+    void Place(const CRect& cell);
+    void ShowField();
+    /// What the list is to lie below, on the screen.
+    CRect FieldOnScreen() const;
+    /// Shows the list from the top edge of `place` (screen) down. Nothing for a member that cannot be read.
+    void Drop(const CRect& place, IMemberDispatch* disp, const std::string& name);
+    /// Closes the list without writing.
+    void Hide();
+    /// Writes a choice that is taken, and closes everything, whatever that throws. `tells`: the user hears of what
+    /// the object throws.
+    void End(Choice choice, bool tells);
+    /// The text of the list's value goes into the field.
+    void ShowText();
+    void OnRenamed(const std::string& name);
+
+private:
+    void NotifyDropped(const CString& text) const;
+
+    CWnd& m_grid;
+    const MemberCommit& m_commit;
+    const Controls m_controls;
+    bool m_isHiding = false;
+};
+
+} // namespace korvel::internal

@@ -1,0 +1,328 @@
+#include "korvel/grid/edit_session.h"
+
+#include "korvel/editors/cell_geometry.h"
+#include "korvel/grid/member_reads.h"
+#include "korvel/grid/seen_cell.h"
+#include "korvel/platform/first_failure.h"
+#include "korvel/platform/raised_flag.h"
+#include "korvel/values/refusal_text.h"
+#include "korvel/window/core/focus.h"
+
+#include <utility>
+
+namespace korvel::internal {
+
+namespace {
+
+// A commit calls the host, who may move the focus, and so end this edit or that of another grid again.
+bool g_InCtrlEnd = false;
+
+bool IsMouseDown() {
+    constexpr UINT RightButton = 2;
+    return IsKeyDown(VK_LBUTTON) || IsKeyDown(RightButton);
+}
+
+std::string WhatOf(const std::exception_ptr& failure) {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const std::exception& exception) {
+        return exception.what();
+    } catch (...) {
+        return {};
+    }
+}
+
+} // namespace
+
+CRect EditSession::Offsets::Around(const CRect& cell) const {
+    return {cell.left + left, cell.top + top, std::max(cell.left + left, cell.right + right),
+            cell.bottom + bottom};
+}
+
+EditSession::EditSession(CSuperGridCtrl& grid, EditedMembers& members, const MemberCommit& commit,
+                         DropDownSession& dropDown, Controls controls)
+    : m_grid(grid), m_members(members), m_commit(commit), m_dropDown(dropDown), m_controls(controls) {
+    m_controls.text.SetHeldValueHook(
+        [this](IMemberDispatch* disp, const std::string& name, const CVariantValue& held) {
+            m_members.ShowValue(disp, name, held);
+        });
+    m_controls.spin.m_pEdit = &m_controls.text;
+    m_controls.spin.m_Step = -1.0; // the upper half raises
+    m_controls.spin.SetFailureHook([this](const std::exception_ptr& failure) { OnStepFailed(failure); });
+}
+
+bool EditSession::IsOpen() const {
+    return m_member || m_controls.text.m_pDisp || m_controls.date.m_pDisp || m_dropDown.IsOpen();
+}
+
+bool EditSession::IsEdited(IMemberDispatch* disp, const std::string& name) const {
+    return m_member && m_member->disp == disp && m_member->name == name;
+}
+
+void EditSession::Begin(const CRect& field, IMemberDispatch* disp, const std::string& name) {
+    const int column = m_members.ColumnOf(name);
+    const CRect cell = CellRect(m_grid, m_grid.RowOfNode(m_members.FindRow(disp, name)), column);
+    m_member = EditedMember{
+        disp,
+        name,
+        column,
+        {field.left - cell.left, field.top - cell.top, field.right - cell.right, field.bottom - cell.bottom}};
+    m_refused.reset();
+    m_grid.SetCellsMovedHook([this] { FollowCell(); });
+}
+
+void EditSession::Activate(CWnd& control) {
+    control.EnableWindow(true);
+    control.ShowWindow(SW_SHOW);
+    m_controls.active = control.m_hWnd;
+    control.SetFocus();
+}
+
+void EditSession::StartText(const CRect& field, IMemberDispatch* disp, const std::string& name) {
+    CGridCtrlEdit& text = m_controls.text;
+    text.MoveWindow(field, false);
+    text.SetOptions(m_members.Options());
+    m_commit.RunOutside([&] { text.Start(disp, name); });
+    if (!text.m_pDisp || !m_commit.IsShown(disp, name))
+        return Drop();
+    Begin(field, disp, name);
+    Activate(text);
+}
+
+void EditSession::ShowSpin(const CRect& spin, IMemberDispatch* disp, const std::string& name) {
+    Begin(spin, disp, name);
+    m_controls.text.m_CompanionWindows = {m_controls.spin.m_hWnd};
+    m_controls.spin.MoveWindow(spin, false);
+    m_controls.spin.EnableWindow(true);
+    m_controls.spin.ShowWindow(SW_SHOW);
+}
+
+void EditSession::StartDate(const CRect& field, IMemberDispatch* disp, const std::string& name) {
+    CGridCtrlDateTime& date = m_controls.date;
+    date.MoveWindow(field, false);
+    m_commit.RunOutside([&] { date.Start(disp, name); });
+    if (!date.m_pDisp || !m_commit.IsShown(disp, name))
+        return Drop();
+    Begin(field, disp, name);
+    m_grid.SetFocus();
+    if (m_member)
+        Activate(date);
+}
+
+void EditSession::StartList(const CRect& cell, IMemberDispatch* disp, const std::string& name) {
+    Begin(cell, disp, name);
+    m_dropDown.Place(cell);
+    m_dropDown.ShowField();
+}
+
+bool EditSession::End(WayOut way) {
+    if (g_InCtrlEnd)
+        return false;
+    m_isRefusedByPress = false;
+    if (!IsOpen())
+        return true;
+    const RaisedFlag ending(g_InCtrlEnd);
+    return EndAll(way);
+}
+
+bool EditSession::EndAll(WayOut way) {
+    bool isEnded = false;
+    FirstFailure failure;
+    failure.Try([&] { m_dropDown.End(DropDownSession::Choice::Taken, way == WayOut::User); });
+    failure.Try([&] { isEnded = EndText(way); });
+    failure.Try([&] { EndDate(way); });
+    if (isEnded)
+        failure.Try([&] { Close(); });
+    failure.Rethrow();
+    return isEnded;
+}
+
+bool EditSession::EndByCommand() {
+    return !std::exchange(m_isRefusedByPress, false) && End(WayOut::User);
+}
+
+void EditSession::CancelList() {
+    if (g_InCtrlEnd)
+        return;
+    const RaisedFlag ending(g_InCtrlEnd);
+    FirstFailure failure;
+    failure.Try([&] { m_dropDown.End(DropDownSession::Choice::Left, true); });
+    failure.Try([&] { Close(); });
+    failure.Rethrow();
+}
+
+// True: nothing is open any more.
+bool EditSession::EndText(WayOut way) {
+    CGridCtrlEdit& text = m_controls.text;
+    if (!text.m_pDisp)
+        return true;
+    const CString typed = text.GetWindowTextA();
+    if (m_refused == typed)
+        return true; // has been told, and is dropped
+    const bool isWritten = IsTextWritten(way);
+    if (!text.m_pDisp)
+        return true; // also when the host has dropped it meanwhile
+    if (isWritten)
+        return false; // the host has begun another edit meanwhile
+    return way == WayOut::Gone || !KeepRefused(typed);
+}
+
+bool EditSession::IsTextWritten(WayOut way) {
+    CGridCtrlEdit& text = m_controls.text;
+    IMemberDispatch* disp = text.m_pDisp;
+    const CString typed = text.GetWindowTextA();
+    return m_commit.RunStep(
+        [&](HistoryStep&) {
+            try {
+                text.End(true);
+            } catch (...) {
+                if (way == WayOut::User)
+                    throw;
+                return false;
+            }
+            return true;
+        },
+        [&](const std::string& own) {
+            const bool isShown = own.empty() && m_commit.IsShown(disp, text.m_strName);
+            return RefusalText(own, typed, isShown ? ReadMemberType(*disp, text.m_strName) : DT_Void);
+        });
+}
+
+// The user goes on in the field. False: its row is not there any more.
+bool EditSession::KeepRefused(const CString& text) {
+    const int row = EditedRow();
+    if (row < 0)
+        return false;
+    m_refused = text;
+    m_grid.EnsureVisible(row, false);
+    if (const auto cell = SeenCell(m_grid, row, m_member->column))
+        PlaceOver(*cell);
+    m_controls.text.SetFocus();
+    return true;
+}
+
+void EditSession::EndDate(WayOut way) {
+    CGridCtrlDateTime& date = m_controls.date;
+    if (!date.m_pDisp)
+        return;
+    m_commit.RunStep([&](HistoryStep&) {
+        try {
+            return date.End();
+        } catch (...) {
+            if (way == WayOut::User)
+                throw;
+            return false;
+        }
+    });
+}
+
+void EditSession::OnFocusLost() {
+    switch (CauseOfFocusMove()) {
+    case FocusCause::Moved: {
+        const bool isPressedOutside = GetFocus() != m_grid.m_hWnd && IsMouseDown();
+        if (!End(WayOut::User) && m_refused)
+            m_isRefusedByPress = isPressedOutside;
+        break;
+    }
+    case FocusCause::Hidden:
+        End(WayOut::Gone);
+        break;
+    case FocusCause::Disabled:
+    case FocusCause::Question:
+    case FocusCause::ProgramLeft:
+        if (m_dropDown.IsOpen())
+            End(WayOut::Gone); // a field gets the focus back; a list would hang above what comes now
+        break;
+    }
+}
+
+void EditSession::Drop() {
+    FirstFailure failure;
+    failure.Try([&] { m_dropDown.End(DropDownSession::Choice::Left, false); });
+    failure.Try([&] { Close(); });
+    failure.Rethrow();
+}
+
+// Hidden first, so that a focus in a control goes to the grid.
+void EditSession::Close() {
+    m_member.reset();
+    m_refused.reset();
+    m_controls.text.Drop();
+    m_controls.date.Drop();
+    FirstFailure failure;
+    failure.Try([&] { m_grid.SetCellsMovedHook(nullptr); });
+    failure.Try([&] { CloseControl(m_controls.spin); });
+    failure.Try([&] { CloseControl(m_controls.text); });
+    failure.Try([&] { CloseControl(m_controls.date); });
+    m_controls.active = nullptr;
+    failure.Rethrow();
+}
+
+void EditSession::CloseControl(CWnd& control) {
+    if (!control.m_hWnd)
+        return;
+    FirstFailure failure;
+    failure.Try([&] { control.ShowWindow(SW_HIDE); });
+    failure.Try([&] { control.EnableWindow(false); });
+    failure.Rethrow();
+}
+
+void EditSession::OnRowsGone() {
+    if (m_member && !m_commit.IsShown(m_member->disp, m_member->name))
+        Drop();
+}
+
+void EditSession::OnRetyped(IMemberDispatch* disp, const std::string& name) {
+    if (IsEdited(disp, name))
+        Drop();
+}
+
+void EditSession::OnRenamed(IMemberDispatch* disp, const std::string& name, const std::string& newName) {
+    if (!IsEdited(disp, name) || !m_commit.IsShown(disp, newName))
+        return;
+    m_member->name = newName;
+    m_member->column = m_members.ColumnOf(newName);
+    if (m_controls.text.m_pDisp)
+        m_controls.text.m_strName = newName;
+    if (m_controls.date.m_pDisp)
+        m_controls.date.m_strName = newName;
+    m_dropDown.OnRenamed(newName);
+    FollowCell();
+}
+
+void EditSession::OnStepFailed(const std::exception_ptr& failure) {
+    const CGridCtrlEdit& text = m_controls.text;
+    const std::string own = WhatOf(failure);
+    const bool asksType = own.empty() && text.m_pDisp && m_commit.IsShown(text.m_pDisp, text.m_strName);
+    m_commit.Tell(RefusalText(own, text.GetWindowTextA(),
+                              asksType ? ReadMemberType(*text.m_pDisp, text.m_strName) : DT_Void));
+    if (text.m_pDisp)
+        m_controls.text.SetFocus();
+}
+
+// -1 while it has none.
+int EditSession::EditedRow() const {
+    return m_member ? m_grid.RowOfNode(m_members.FindRow(m_member->disp, m_member->name)) : -1;
+}
+
+void EditSession::PlaceOver(const CRect& cell) {
+    const CRect field = m_member->field.Around(cell);
+    if (m_dropDown.IsOpen())
+        m_dropDown.Place(field);
+    m_controls.spin.MoveWindow(SpinArea(cell));
+    m_controls.text.MoveWindow(field);
+    m_controls.date.MoveWindow(field);
+}
+
+void EditSession::FollowCell() {
+    const auto* node = m_member ? m_members.FindRow(m_member->disp, m_member->name) : nullptr;
+    const int row = EditedRow();
+    if (!node || (row >= 0 && m_grid.NodeAtRow(row) != node))
+        return; // the rows are being changed
+    if (const auto cell = SeenCell(m_grid, row, m_member->column))
+        PlaceOver(*cell);
+    else
+        End(row < 0 ? WayOut::Gone : WayOut::User);
+}
+
+} // namespace korvel::internal

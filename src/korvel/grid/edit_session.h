@@ -1,0 +1,103 @@
+#pragma once
+
+#include "korvel/editors/grid_ctrl_date_time.h"
+#include "korvel/editors/grid_ctrl_edit.h"
+#include "korvel/editors/grid_ctrl_spin_button.h"
+#include "korvel/grid/drop_down_session.h"
+#include "korvel/grid/super_grid_ctrl.h"
+
+#include <optional>
+
+namespace korvel::internal {
+
+/// What is being edited in a grid, and how it ends. One control is open at most: the text field, with a spin button
+/// beside it for a range, the date picker, or the list.
+///
+/// A text that is refused stays in its field, which gets the focus back, until it is typed anew or a second way out
+/// closes the field without it.
+class EditSession {
+public:
+    struct Controls {
+        CGridCtrlEdit& text;
+        CGridCtrlSpinButton& spin;
+        CGridCtrlDateTime& date;
+        HWND& active; ///< the control with the focus; null: none
+    };
+    enum class WayOut {
+        User, ///< a text that is refused is told and stays
+        Gone, ///< the grid goes away, or the user: what is refused is dropped, and nothing is told
+    };
+
+    EditSession(CSuperGridCtrl& grid, EditedMembers& members, const MemberCommit& commit,
+                DropDownSession& dropDown, Controls controls);
+
+    bool IsOpen() const;
+
+    /// Opens the text field; what the object throws when it is read is told, and opens nothing.
+    void StartText(const CRect& field, IMemberDispatch* disp, const std::string& name);
+    /// Shows the spin button, beside which StartText opens the field.
+    void ShowSpin(const CRect& spin, IMemberDispatch* disp, const std::string& name);
+    void StartDate(const CRect& field, IMemberDispatch* disp, const std::string& name);
+    /// Puts the field of a drop-down over a cell; its list is dropped by the caller.
+    void StartList(const CRect& cell, IMemberDispatch* disp, const std::string& name);
+
+    /// Writes and closes what is open. False when it stays open, having been refused, and from within a commit of
+    /// any grid.
+    bool End(WayOut way);
+    /// The same for a command. The click that brought it counts once: when a press outside has led to a refusal, the
+    /// command of that press does not close the field.
+    bool EndByCommand();
+    /// The control with the focus, or the grid, loses it.
+    void OnFocusLost();
+    /// Closes what is open without writing; also from within a commit.
+    void Drop();
+    /// The same for a list only, as Escape does.
+    void CancelList();
+
+    /// The user does something new.
+    void OnInput() { m_isRefusedByPress = false; }
+    /// Rows have gone, and the edited member perhaps with them.
+    void OnRowsGone();
+    void OnRetyped(IMemberDispatch* disp, const std::string& name);
+    void OnRenamed(IMemberDispatch* disp, const std::string& name, const std::string& newName);
+    /// A step of the spin button has failed.
+    void OnStepFailed(const std::exception_ptr& failure);
+
+private:
+    // A rectangle that moves with a cell: how far its sides are from those of the cell.
+    struct Offsets {
+        int left = 0, top = 0, right = 0, bottom = 0;
+        CRect Around(const CRect& cell) const;
+    };
+    struct EditedMember {
+        IMemberDispatch* disp;
+        std::string name;
+        int column;
+        Offsets field;
+    };
+
+    bool IsEdited(IMemberDispatch* disp, const std::string& name) const;
+    void Begin(const CRect& field, IMemberDispatch* disp, const std::string& name);
+    void Activate(CWnd& control);
+    bool EndAll(WayOut way);
+    bool EndText(WayOut way);
+    bool IsTextWritten(WayOut way);
+    bool KeepRefused(const CString& text);
+    void EndDate(WayOut way);
+    void Close();
+    void CloseControl(CWnd& control);
+    int EditedRow() const;
+    void FollowCell();
+    void PlaceOver(const CRect& cell);
+
+    CSuperGridCtrl& m_grid;
+    EditedMembers& m_members;
+    const MemberCommit& m_commit;
+    DropDownSession& m_dropDown;
+    const Controls m_controls;
+    std::optional<EditedMember> m_member;
+    std::optional<CString> m_refused; // the text that was refused last
+    bool m_isRefusedByPress = false;
+};
+
+} // namespace korvel::internal

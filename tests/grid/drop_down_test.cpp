@@ -1,0 +1,196 @@
+#include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
+#include "korvel/platform/error.h"
+#include "support/edit_fixture.h"
+#include "support/table.h"
+
+namespace korvel {
+namespace {
+
+using Act = std::function<void()>;
+
+/// A grid with a list member "list", of which the first of many entries is chosen.
+class DropDown : public EditTest {
+protected:
+    DropDown() {
+        root.With("list", entries.ValueOf(",1,"));
+        Bind();
+    }
+    ~DropDown() override {
+        grid.DestroyWindow();
+        root.LetGo();
+    }
+    void Open() {
+        Click("list");
+        ASSERT_EQ(grid.GetDroppedState(), 1);
+        parent.Take();
+        TakeBoxes();
+    }
+    std::string Chosen() {
+        CVariantValue value;
+        root.GetMember("list", value);
+        return value.Text;
+    }
+
+    TestEnumeration entries{
+        std::vector<std::string>{"a\\-b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m"}};
+};
+
+TEST_F(DropDown, OpensBelowItsCell) {
+    Click("list");
+    const CRect cell = Cell("list");
+    EXPECT_EQ(parent.Take(), "<7><22 a\\-b>");
+    EXPECT_EQ(grid.m_ComboEdit.GetWindowTextA(), "a-b");
+    EXPECT_EQ(view::Rectangle(grid.m_ComboEdit.m_hWnd),
+              (CRect{cell.left + 1, cell.top + 1, cell.right - 20, cell.bottom - 1}));
+    EXPECT_EQ(view::Rectangle(grid.m_ComboButton.m_hWnd),
+              (CRect{cell.right - 19, cell.top + 1, cell.right - 1, cell.bottom - 1}));
+    CRect place;
+    grid.CalculateDroppedRect(place);
+    EXPECT_EQ(place.Height(), 150);
+    EXPECT_EQ(grid.m_ComboList.GetWindowRect().TopLeft(), place.TopLeft());
+    EXPECT_EQ(grid.m_ComboList.GetWindowRect().right, place.right);
+    EXPECT_EQ(GetFocus(), grid.m_hWnd) << "keys come to the grid";
+    grid.CtrlEnd();
+    ExpectUsable();
+}
+
+TEST_F(DropDown, KeysAndPressesEndIt) {
+    const CPoint cell = MiddleOf(Cell("list"));
+    for (const auto& [border, act, isEnded, codes] : Table<Act, bool, const char*>{
+             {"Return", [&] { Return(); }, true, "<9>"},
+             {"F4", [&] { Press(VK_F4); }, true, "<9>"},
+             {"Escape", [&] { Press(VK_ESCAPE, "\x1B"); }, true, "<10>"},
+             {"Tab", [&] { Press(VK_TAB, "\t"); }, true, "<9>"},
+             {"Alt+Up does not close", [&] { Press(VK_UP, "", WM_SYSKEYDOWN); }, false, ""},
+             {"an entry",
+              [&] {
+                  input::Mouse(grid.m_ComboList.m_hWnd, WM_MOUSEMOVE, 0, {9, 30});
+                  input::Mouse(grid.m_ComboList.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {9, 30});
+              },
+              true, ""},
+             {"its own field",
+              [&] {
+                  input::Mouse(grid.m_ComboEdit.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {3, 3});
+              },
+              true, ""},
+             {"its arrow",
+              [&] {
+                  input::Mouse(grid.m_ComboButton.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {3, 3});
+              },
+              true, ""},
+             {"its cell", [&] { grid.SendMessageA(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(cell.x, 5)); },
+              false, ""},
+             {"a press in the parent",
+              [&] {
+                  input::Mouse(parent.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {350, 350});
+              },
+              true, "<4><9>"},
+             {"the parent moves",
+              [&] {
+                  parent.MoveWindow({5, 5, 405, 405});
+              },
+              true, "<4><9>"},
+             {"the focus leaves", [&] { other.SetFocus(); }, true, ""},
+             {"the program is left", [] { input::ProgramLeft(); }, true, ""},
+             {"the row scrolls away", [&] { grid.EnsureVisible(25, false); }, true, ""}}) {
+        SCOPED_TRACE(border);
+        grid.EnsureVisible(0, false);
+        grid.SetFocus();
+        ASSERT_NO_FATAL_FAILURE(Open());
+        act();
+        EXPECT_EQ(grid.GetDroppedState(), isEnded ? 0 : 1);
+        const std::string log = parent.Take();
+        EXPECT_EQ(log.substr(0, std::string(codes).size()), codes);
+        grid.CtrlEnd();
+        ExpectUsable();
+    }
+}
+
+TEST_F(DropDown, KeysAndWheelAreTheLists) {
+    Open();
+    const int top = grid.GetTopIndex();
+    input::Mouse(grid.m_hWnd, WM_MOUSEWHEEL, 0, {20, 60}, -120);
+    EXPECT_EQ(grid.GetTopIndex(), top);
+    EXPECT_GT(grid.m_ComboList.GetTopIndex(), 0);
+    Press('K', "k");
+    EXPECT_EQ(grid.m_ComboList.GetCurrentRow(), 9);
+    EXPECT_EQ(grid.m_ComboEdit.GetWindowTextA(), "k") << "the field shows what is chosen";
+    EXPECT_EQ(Chosen(), ",1,") << "which is not written before the list closes";
+    const CRect list = grid.m_ComboList.GetWindowRect();
+    const CPoint inGrid = ScreenToClient(grid.m_hWnd, {list.left + 5, list.top + 5});
+    input::Mouse(grid.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, inGrid);
+    EXPECT_EQ(grid.GetDroppedState(), 0) << "a press at the list is the list's";
+}
+
+TEST_F(DropDown, EscapeGivesTheChoiceUpWhereTheGridSaysSo) {
+    for (const bool cancels : {true, false}) {
+        SCOPED_TRACE(cancels);
+        grid.SetGridOption(EGridOption::EscapeCancels, cancels);
+        Open();
+        Press(VK_DOWN);
+        Press(VK_ESCAPE, "\x1B");
+        EXPECT_EQ(Chosen(), cancels ? ",1," : ",2,");
+        EXPECT_EQ(parent.Take().find("[Member edited") != std::string::npos, !cancels);
+        ExpectUsable();
+    }
+}
+
+TEST_F(DropDown, AMemberThatCannotBeReadOpensNoList) {
+    for (const bool throws : {false, true}) {
+        SCOPED_TRACE(throws);
+        int reads = 0;
+        root.onRead = [&](const std::string& name) {
+            if (name == "list" && ++reads == 1) {
+                if (throws)
+                    throw Error("of the object");
+                root.RemoveMember("list");
+            }
+        };
+        display.AnswerNext(IDOK);
+        Click("list");
+        EXPECT_EQ(TakeBoxes(), throws ? 1u : 0u);
+        EXPECT_EQ(grid.GetDroppedState(), 0);
+        EXPECT_EQ(grid.m_ComboEdit.IsWindowVisible(), !throws) << "a box takes the focus, which ends it";
+        if (!throws)
+            root.With("list", entries.ValueOf(",1,"));
+        grid.CtrlEnd();
+        ExpectUsable();
+    }
+}
+
+TEST_F(DropDown, AnObjectThatThrowsClosesItToo) {
+    Open();
+    onSet = [] { throw Error("of the object"); };
+    display.AnswerNext(IDOK);
+    Return();
+    EXPECT_EQ(TakeBoxes(), 1u);
+    EXPECT_NE(parent.Take().find("]!"), std::string::npos);
+    ExpectUsable();
+}
+
+TEST_F(DropDown, FollowsWhatHappensToItsMember) {
+    IObserverGridSink& sink = *observer.sinks[&root];
+    Open();
+    root.RenameMember("list", "choice");
+    sink.OnOperationRename("list", "choice");
+    Press(VK_DOWN);
+    Return();
+    EXPECT_NE(parent.Take().find("set choice=c"), std::string::npos);
+    root.RenameMember("choice", "list");
+    sink.OnOperationRename("choice", "list");
+    for (const auto& [border, act] : Table<Act>{
+             {"retyped", [&] { sink.OnOperationChangeType("list", DT_ListString, Number(DT_Double, 1)); }},
+             {"removed", [&] { sink.OnOperationRemove("list", {}); }}}) {
+        SCOPED_TRACE(border);
+        sink.OnOperationChangeType("list", DT_Double, entries.ValueOf(",1,"));
+        Open();
+        Press(VK_DOWN);
+        parent.Take();
+        act();
+        EXPECT_EQ(parent.Take(), "<8>") << "nothing is written";
+        ExpectUsable();
+    }
+}
+
+} // namespace
+} // namespace korvel
