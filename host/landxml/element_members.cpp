@@ -300,7 +300,8 @@ ElementMembers::Reach ElementMembers::ReachOf(ElementIndex element,
     const auto* naming = std::find_first_of(NameAttributes.begin(), NameAttributes.end(), attributes.begin(),
                                             attributes.end());
     return {naming != NameAttributes.end() && m_tree.Parent(element) != NoElement,
-            m_scopes.NamesUnits(element), m_scopes.SaysWhereRailwaysAre(element, attributes)};
+            !attributes.empty() && m_scopes.NamesUnits(element),
+            m_scopes.SaysWhereRailwaysAre(element, attributes)};
 }
 
 std::size_t ElementMembers::OffsetOf(ElementIndex owner, const Member& member) const {
@@ -324,10 +325,16 @@ bool ElementMembers::IsReplaceable(ElementIndex owner, const Member& member) con
     case MemberKind::Text:
         return member.isComplete && m_tree.Text(owner, member.place).IsPlain();
     case MemberKind::TextElement:
-        return member.isComplete && m_tree.Text(member.place).IsPlain();
+        return member.isComplete && HasPlainText(member.place);
     default:
         return false;
     }
+}
+
+// An element without any text has no place for one.
+bool ElementMembers::HasPlainText(ElementIndex element) const {
+    const TextSource text = m_tree.Text(element);
+    return text.IsPlain() && (text.isEdited || !text.raw.empty());
 }
 
 // Of several values a reference could hide the blank between two of them.

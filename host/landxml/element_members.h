@@ -114,6 +114,7 @@ private:
     TypedValue TextValue(ElementIndex owner, const Member& member) const;
     TypedValue TextElementValue(ElementIndex owner, const Member& member) const;
     bool IsReplaceablePart(ElementIndex owner) const;
+    bool HasPlainText(ElementIndex element) const;
     TypedValue Read(ElementIndex owner, const ValueType& type, const XmlCharacters& text) const;
     std::string DisplayName(ElementIndex element) const;
 

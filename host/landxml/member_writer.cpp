@@ -86,7 +86,8 @@ DocumentChange MemberWriter::BeginWith(DocumentChange::Kind kind, const std::str
     return change;
 }
 
-void MemberWriter::Finish(const DocumentChange& change) {
+void MemberWriter::Finish(DocumentChange change) {
+    std::erase_if(change.after.sessions, [](const auto& entry) { return entry.second == MemberSession(); });
     if (!(change.before == change.after))
         m_document.Put(change, LandXmlDocument::Side::After);
 }
@@ -168,7 +169,7 @@ bool MemberWriter::ChangeType(const std::string& name, EDataTyps target) {
         const CVariantValue converted = old.ChangeToType(target);
         const bool isCut = IsWhole(target) &&
                            static_cast<double>(converted) != static_cast<double>(old.ChangeToType(DT_Double));
-        const ValueType type = members.TypeOf(m_owner, *member);
+        const ValueType type = TypeShownAs(members.TypeOf(m_owner, *member), target);
         const auto text = WriteValue(type, converted, {}, members.PlaceOf(m_owner, type));
         if (isCut && text)
             WriteText(change, *member, *text);

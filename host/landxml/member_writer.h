@@ -48,7 +48,7 @@ private:
                          const MemberAddress& address) const;
     DocumentChange BeginWith(DocumentChange::Kind kind, const std::string& name, const Member& member) const;
     void WriteText(DocumentChange& change, const Member& member, const std::string& text) const;
-    void Finish(const DocumentChange& change);
+    void Finish(DocumentChange change);
 
     LandXmlDocument& m_document;
     ElementIndex m_owner;

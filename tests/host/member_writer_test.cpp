@@ -73,9 +73,9 @@ TEST_F(MemberWriterTest, WritesOneValueAndLeavesAllElse) {
 }
 
 TEST_F(MemberWriterTest, RefusesWhatTheFileMustNotBecome) {
-    const std::string xml =
-        Head + "<Line length='1' dir='2'/><P1>a<!-- c -->b</P1><Title>x</Title><Pnts><P id='1'>1 2</P></Pnts>"
-               "<F>1&#32;2</F></LandXML>";
+    const std::string xml = Head + "<Line length='1' dir='2'/><P1>a<!-- c -->b</P1><Title>x</Title><Pnts><P "
+                                   "id='1'>1 2</P><P id='2'/></Pnts>"
+                                   "<F>1&#32;2</F></LandXML>";
     Open(xml, {.longestValue = 500});
     const auto set = [&](const char* path, const char* member, const CVariantValue& value) {
         return RefusalOf([&, m = std::string(member)] { EXPECT_TRUE(At(path).SetMember(m, value)); });
@@ -88,6 +88,8 @@ TEST_F(MemberWriterTest, RefusesWhatTheFileMustNotBecome) {
     EXPECT_THAT(set("P1", "text", MakeValue(DT_String, "z")), HasSubstr("cannot be changed"));
     EXPECT_THAT(set("", "xmlns:o", MakeValue(DT_String, "z")), HasSubstr("cannot be changed"));
     EXPECT_THAT(set("Pnts", "P 1", MakeValue(DT_String, "1 x")), HasSubstr("is no value of"));
+    EXPECT_THAT(set("Pnts", "P 2 [invalid]", MakeValue(DT_String, "1 2")), HasSubstr("cannot be changed"));
+    EXPECT_FALSE(At("Pnts").IsMemberEditable("P 2 [invalid]")) << "there is no text to be replaced";
     EXPECT_FALSE(At("Line").SetMember("none", MakeValue(DT_Double, 1.0)));
     EXPECT_FALSE(At("Line").SetMember("length", MakeValue(DT_Bool, true)));
     EXPECT_FALSE(At("").SetMember("Line", MakeValue(DT_String, "x")));
@@ -131,8 +133,14 @@ TEST_F(MemberWriterTest, AddsRemovesAndRenamesAttributes) {
     EXPECT_TRUE(line.RenameMember("own", "Own"));
     EXPECT_TRUE(line.GetMember("Own", own));
     EXPECT_EQ(own.Type, DT_Int);
+    EXPECT_TRUE(line.ChangeMemberType("Own", DT_Double));
+    EXPECT_TRUE(line.SetMember("Own", MakeValue(DT_Double, 7.5)));
+    EXPECT_TRUE(line.ChangeMemberType("Own", DT_Int));
+    EXPECT_TRUE(line.GetMember("Own", own));
+    EXPECT_EQ(own.Value.Int, 7);
     EXPECT_TRUE(line.RemoveMember("length"));
-    EXPECT_THAT(Rows().TakeHeard(), ElementsAre("rename own -> Own", "remove length"));
+    EXPECT_THAT(Rows().TakeHeard(),
+                ElementsAre("rename own -> Own", "retype Own", "change Own", "retype Own", "remove length"));
     Rows().ExpectCurrent();
 
     const std::string edited = Text();
@@ -201,6 +209,8 @@ TEST_F(MemberWriterTest, OffersWhatCanBeDone) {
     EXPECT_EQ(At("DocFileRef").GetMemberFlags("location"), attribute | MF_File);
     EXPECT_EQ(root.GetEditFlags(), EF_Add);
     EXPECT_EQ(alignment.GetEditFlags(), EF_Add | EF_Rename);
+    EXPECT_TRUE(alignment.SetMemberEditable("text", true));
+    EXPECT_FALSE(Editing().Steps().CanUndo()) << "it was editable";
     EXPECT_TRUE(alignment.SetMemberEditable("text", false));
     EXPECT_FALSE(alignment.IsMemberEditable("text"));
     EXPECT_FALSE(alignment.SetMemberEditable("CoordGeom", false));
