@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTimer>
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace korvel::test {
@@ -41,6 +42,46 @@ TEST(FileChooser, BeginsWithTheNameOfTheFile) {
         query.open = false;
         query.path = path;
         EXPECT_EQ(ShownFor(query).name, name) << border;
+    }
+}
+
+// What is chosen when the user types `name` and accepts.
+std::optional<CString> ChosenFor(const FileQuery& query, const std::string& name) {
+    const QObject call; // with which the timers end
+    QTimer::singleShot(0, &call, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QLineEdit*>()->setText(QString::fromStdString(name));
+        QTimer::singleShot(0, &call, [] { // what the chooser itself refuses
+            while (QWidget* shown = QApplication::activeModalWidget())
+                shown->close();
+        });
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    return internal::AskFile(nullptr, query);
+}
+
+TEST(FileChooser, AddsTheExtensionToAFileToOpenOnlyWhereThereIsNoSuchFile) {
+    const platform::ScratchFolder scratch;
+    for (const char* name : {"README", "plan.xml"})
+        std::ofstream(scratch.Path() / name) << "x";
+    enum Flag { Save = 0, Open = 1, MustExist = 3 };
+    for (const auto& [border, flags, extension, typed, chosen] :
+         Table<int, const char*, std::string, std::string>{
+             {"there", MustExist, "xml", "README", "README"},
+             {"there, and need not be", Open, "xml", "README", "README"},
+             {"there with it", MustExist, "xml", "plan", "plan.xml"},
+             {"not there", Open, ".xml", "new", "new.xml"},
+             {"not there, and must be", MustExist, "xml", "new", "new.xml"},
+             {"another extension", Open, "xml", "new.txt", "new.txt"},
+             {"no extension", MustExist, "", "README", "README"},
+             {"to save", Save, "xml", "README", "README.xml"}}) {
+        FileQuery query;
+        query.open = (flags & Open) != 0;
+        query.fileMustExist = flags == MustExist;
+        query.path = scratch.Path().string() + "/";
+        query.defaultExtension = extension;
+        EXPECT_EQ(ChosenFor(query, typed), CString(scratch.Path() / chosen)) << border;
     }
 }
 

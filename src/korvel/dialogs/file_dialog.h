@@ -14,7 +14,8 @@ namespace korvel {
 ///         Read(path);
 ///
 /// - `openFile`: 0 asks for a file to write.
-/// - `defaultExtension` is added to a name without one, `fileName` is shown at the beginning; both may be null.
+/// - `defaultExtension` is added to a name without one, unless it is that of a file to open that is there;
+///   `fileName` is shown at the beginning. Both may be null.
 /// - `flags`: 2 asks before a file is overwritten, 0x800 takes only names in folders that exist, 0x1000 only
 ///   files that exist; the user is told and asked again. Other bits count for nothing.
 /// - `filter`: pairs of description and patterns, each followed by "|"; patterns are separated by ";" and ignore

@@ -116,10 +116,17 @@ private:
     QPointer<Box> m_box;
 };
 
-std::optional<CString> AskPath(const OwnedBox<QFileDialog>& dialog) {
+std::optional<QString> AskPath(const OwnedBox<QFileDialog>& dialog) {
     if (dialog->exec() != QDialog::Accepted || !dialog.IsAlive() || dialog->selectedFiles().isEmpty())
         return std::nullopt;
-    return FromQString(dialog->selectedFiles().first());
+    return dialog->selectedFiles().first();
+}
+
+// The path of a file to open: as it was typed where there is such a file.
+QString WithExtension(const QString& path, const QString& extension) {
+    const QFileInfo file(path);
+    const bool isWhole = file.exists() || file.fileName().contains(QLatin1Char('.'));
+    return isWhole ? path : path + QLatin1Char('.') + extension;
 }
 
 } // namespace
@@ -153,15 +160,25 @@ std::optional<COLORREF> AskColor(QWidget* owner, COLORREF color) {
 std::optional<CString> AskFile(QWidget* owner, const FileQuery& query) {
     const OwnedBox<QFileDialog> dialog(owner);
     dialog->setAcceptMode(query.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
-    dialog->setFileMode(query.open && query.fileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    QString extension = ToQString(query.defaultExtension);
+    if (extension.startsWith(QLatin1Char('.')))
+        extension.remove(0, 1);
+    // Qt would look for a file to open under the name with the extension alone.
+    const bool addsExtension = query.open && !extension.isEmpty();
+    const bool takesAny = !query.open || !query.fileMustExist || addsExtension;
+    dialog->setFileMode(takesAny ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !query.promptOnOverwrite);
-    dialog->setDefaultSuffix(ToQString(query.defaultExtension));
+    if (!query.open)
+        dialog->setDefaultSuffix(extension);
     dialog->setNameFilters(FiltersOf(query.filter));
     const QFileInfo begin(ToQString(query.path));
     if (!query.path.empty() && begin.dir().exists())
         dialog->setDirectory(begin.dir());
     dialog->selectFile(begin.fileName());
-    return AskPath(dialog);
+    const std::optional<QString> chosen = AskPath(dialog);
+    if (!chosen)
+        return std::nullopt;
+    return FromQString(addsExtension ? WithExtension(*chosen, extension) : *chosen);
 }
 
 FolderAnswer AskFolder(QWidget* owner, const FolderQuery& query) {
@@ -174,9 +191,9 @@ FolderAnswer AskFolder(QWidget* owner, const FolderQuery& query) {
     const QString begin = ToQString(query.path);
     if (!begin.isEmpty() && QFileInfo(begin).isDir())
         dialog->setDirectory(begin);
-    const std::optional<CString> chosen = AskPath(dialog);
+    const std::optional<QString> chosen = AskPath(dialog);
     using Outcome = FolderAnswer::Outcome;
-    return chosen ? FolderAnswer{Outcome::Chosen, *chosen} : FolderAnswer{Outcome::Cancelled};
+    return chosen ? FolderAnswer{Outcome::Chosen, FromQString(*chosen)} : FolderAnswer{Outcome::Cancelled};
 }
 
 } // namespace korvel::internal

@@ -24,12 +24,13 @@ struct MenuEntry {
 struct FileQuery {
     bool open = true; // false: a file to write
     CString path;     // the file to begin with
+    /// Added to a name without a dot; to that of a file to open only where there is no such file.
     CString defaultExtension;
     /// "description|patterns|description|patterns|", with ";" between patterns; an empty description ends it.
     /// Patterns ignore case, and "*.*" is every file, also one without a dot.
     CString filter;
     bool promptOnOverwrite = true; // asks before an existing file is overwritten
-    bool fileMustExist = false;    // of a file to open: no new name can be typed
+    bool fileMustExist = false;    // of a file to open; whoever asks refuses a new name that is returned
 };
 
 /// What a folder chooser asks for.
