@@ -1,6 +1,6 @@
 #include "desktop/desktop_language.h"
 
-#include "korvel/values/language.h"
+#include "texts/messages.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -13,8 +13,7 @@ void UseDesktopLanguage(const std::string& locale, QTranslator& translator) {
     if (!locale.empty())
         QLocale::setDefault(QLocale(QString::fromStdString(locale)));
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (GetLanguage().column != LanguageChoice::English &&
-        translator.load(QStringLiteral("qtbase_de"), folder))
+    if (SpeaksGerman() && translator.load(QStringLiteral("qtbase_de"), folder))
         QApplication::installTranslator(&translator);
 }
 

@@ -174,7 +174,7 @@ constexpr Translation Translations[] = {
 
 bool SpeaksGerman() {
     try {
-        return GetLanguageName() != "English";
+        return GetLanguage().column != LanguageChoice::English;
     } catch (const Error&) {
         return false;
     }

@@ -26,7 +26,7 @@ struct DocumentFileTest : ::testing::Test {
         return {std::istreambuf_iterator<char>(file), {}};
     }
 
-    platform::ScratchFolder folder;
+    platform::ScratchStore folder; // settings that name no language: none is chosen for the other tests
     const std::string path = PathOf("a.xml");
 };
 

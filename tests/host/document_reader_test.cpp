@@ -122,7 +122,7 @@ std::string Packed(const std::string& text) {
 }
 
 TEST(SourceFile, UnpacksGzip) {
-    const platform::ScratchFolder folder;
+    const platform::ScratchStore folder;
     const std::string path = folder.Path() / "a.xml.gz";
     std::string large = "<a>"; // longer than the buffer
     for (int i = 0; i < 100'000; ++i)
@@ -160,7 +160,7 @@ TEST(SourceFile, UnpacksGzip) {
 }
 
 TEST(SourceFile, NamesTheReasonWhyItCannotBeRead) {
-    const platform::ScratchFolder folder;
+    const platform::ScratchStore folder;
     const std::string path = folder.Path() / "b\xC3\xA4"
                                              "d.xml";
     EXPECT_EQ(ReasonOf(path), path + ": no such file");

@@ -111,7 +111,10 @@ TEST_F(KeptFormats, ThatCannotBeReadStayWhereTheyAre) {
     std::filesystem::remove(file);
     std::filesystem::rename(folder.Path() / "kept", file);
     const std::string before = platform::ContentOf(file);
-    std::filesystem::permissions(folder.Path(), std::filesystem::perms::all);
+    // The settings, too, can be reached: else a language would be chosen here for all tests.
+    const std::filesystem::path store = platform::StorePath(platform::SettingsRoot::Machine);
+    for (const std::filesystem::path& reached : {folder.Path(), store.parent_path()})
+        std::filesystem::permissions(reached, std::filesystem::perms::all);
     std::filesystem::permissions(file, std::filesystem::perms::none);
     {
         const platform::OrdinaryUser user;

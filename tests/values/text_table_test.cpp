@@ -89,7 +89,7 @@ TEST(Language, IsTriedAgainAfterAFailureAndThenStays) {
         Store(SettingsRoot::User, "Language", "German");
         return said + GetLanguageName() + (SetLanguageForThisRun("German") ? "yes" : "no") + Text(ErrorText);
     };
-    ExpectResult(run, "ErrorGermannoError");
+    ExpectResult(run, "ErrorEnglishnoError");
 }
 
 TEST(Language, KeepsTheWordsThatHostsWerePromisedWhereTheyLookForThem) {

@@ -6,28 +6,56 @@
 #include "korvel/platform/store_problem_log.h"
 #include "korvel/values/registry.h"
 
+#include <atomic>
+#include <mutex>
 #include <optional>
 
 namespace korvel {
 
 namespace {
 
-// What a program said about this run, and whether it can still say something.
-struct LanguageOfRun {
-    std::optional<std::string> name;
-    bool isTooLate = false;
-};
+constexpr LanguageChoice Languages[] = {
+    {LanguageChoice::English}, {LanguageChoice::German}, {LanguageChoice::Hungarian}};
 
-LanguageOfRun& RunChoice() {
-    static LanguageOfRun choice;
-    return choice;
-}
-
-int ColumnOf(const std::string& name) {
+const LanguageChoice& LanguageOf(const std::string& name) {
     if (name == "English")
-        return LanguageChoice::English;
-    return name == "Hungarian" ? LanguageChoice::Hungarian : LanguageChoice::German;
+        return Languages[LanguageChoice::English];
+    return Languages[name == "Hungarian" ? LanguageChoice::Hungarian : LanguageChoice::German];
 }
+
+// The name of the language, first as a program says it for this run, then as it was chosen, which stays.
+class LanguageOfRun {
+public:
+    static LanguageOfRun& Instance() {
+        static LanguageOfRun instance;
+        return instance;
+    }
+
+    std::optional<std::string> Name() {
+        const std::lock_guard lock(m_mutex);
+        return m_name;
+    }
+    // False once it is chosen.
+    bool SetName(const std::string& name) {
+        const std::lock_guard lock(m_mutex);
+        if (!m_isChosen)
+            m_name = name;
+        return !m_isChosen;
+    }
+    // Takes `name`, unless another one was said or chosen meanwhile.
+    const LanguageChoice& Choose(const std::string& name) {
+        const std::lock_guard lock(m_mutex);
+        if (!m_name)
+            m_name = name;
+        m_isChosen = true;
+        return LanguageOf(*m_name);
+    }
+
+private:
+    std::mutex m_mutex;
+    std::optional<std::string> m_name;
+    bool m_isChosen = false;
+};
 
 std::string LanguageOfLocale() {
     return platform::UserLanguage() == "de" ? "German" : "English";
@@ -45,22 +73,10 @@ std::optional<std::string> NameIn(platform::SettingsRoot root, const char* value
     return value.bytes.substr(0, value.bytes.find('\0'));
 }
 
-LanguageChoice Choose() {
-    const LanguageChoice language{ColumnOf(GetLanguageName())};
-    RunChoice().isTooLate = true;
-    return language;
-}
-
-} // namespace
-
-const LanguageChoice& GetLanguage() {
-    static const LanguageChoice language = Choose();
-    return language;
-}
-
-std::string GetLanguageName() {
-    if (RunChoice().name)
-        return *RunChoice().name;
+// What would be chosen now.
+std::string NameNow() {
+    if (const auto name = LanguageOfRun::Instance().Name())
+        return *name;
     bool isUnreadable = false;
     if (const auto name = NameIn(platform::SettingsRoot::User, "Language", isUnreadable))
         return *name;
@@ -72,16 +88,27 @@ std::string GetLanguageName() {
                         "InstallLanguage"); // its text says why not
 }
 
+} // namespace
+
+const LanguageChoice& GetLanguage() {
+    static std::atomic<const LanguageChoice*> chosen = nullptr;
+    if (!chosen)
+        chosen = &LanguageOfRun::Instance().Choose(NameNow());
+    return *chosen;
+}
+
+std::string GetLanguageName() {
+    GetLanguage();
+    return *LanguageOfRun::Instance().Name();
+}
+
 bool SetLanguageForThisRun(const std::string& name) {
-    if (RunChoice().isTooLate)
-        return false;
-    RunChoice().name = name;
-    return true;
+    return LanguageOfRun::Instance().SetName(name);
 }
 
 void UseLocaleLanguageIfUnset() {
     try {
-        GetLanguageName();
+        NameNow();
     } catch (const Error&) {
         SetLanguageForThisRun(LanguageOfLocale());
     }

@@ -34,8 +34,8 @@ public:
 /// The base that the library's own application object has in common with its sister modules.
 class KORVEL_API CWinAppNoReleaseD2DRefs : public CWinApp {};
 
-/// The library's application object: its initialization reads the language name and loads the templates of that
-/// language (app/language_module.h).
+/// The library's application object: its initialization loads the templates of the language of the process
+/// (values/language.h, app/language_module.h).
 class KORVEL_API CKorvelCommonDialogsApp : public CWinAppNoReleaseD2DRefs {
 public:
     CKorvelCommonDialogsApp() { m_pszAppName = "KorvelCommonDialogs"; }
