@@ -4,10 +4,12 @@
 #include "korvel/platform/error.h"
 #include "korvel/platform/settings_store.h"
 #include "program/absolute_path.h"
+#include "program/run_settings.h"
 #include "program/settings_keys.h"
 #include "texts/messages.h"
 
 #include <filesystem>
+#include <functional>
 #include <string_view>
 
 namespace korvel::inspector {
@@ -42,9 +44,22 @@ std::string CanonicalPath(const std::string& file) {
     return failure ? path.string() : followed.string();
 }
 
-[[noreturn]] void ThrowDenied(const char* message) {
-    const std::string store = platform::StorePath(SettingsRoot::User).string();
-    throw Error(platform::FromUtf8(Say({message, {store}})).text);
+[[noreturn]] void Throw(const std::string& utf8) {
+    throw Error(platform::FromUtf8(utf8).text);
+}
+
+// Throws, in the language of the process, unless the store could be used: `denied` says what is wrong without the
+// right to it, `failed` what else it may be.
+SettingsStatus UseStore(const std::function<SettingsStatus()>& use, const char* denied, const char* failed) {
+    SettingsStatus status = SettingsStatus::Done;
+    try {
+        status = use();
+    } catch (const Error&) {
+        Throw(SetAsideIfDamaged(SettingsRoot::User, failed));
+    }
+    if (status == SettingsStatus::AccessDenied)
+        Throw(Say({denied, {platform::StorePath(SettingsRoot::User).string()}}));
+    return status;
 }
 
 } // namespace
@@ -54,20 +69,24 @@ DocumentNotes::DocumentNotes(const std::string& file)
 
 std::optional<std::string> DocumentNotes::Find(const char* note) const {
     SettingValue value;
-    const SettingsStatus status = platform::ReadSetting(SettingsRoot::User, m_key, note, value);
-    if (status == SettingsStatus::AccessDenied)
-        ThrowDenied("the settings cannot be read: there is no right to read %1");
+    const SettingsStatus status =
+        UseStore([&] { return platform::ReadSetting(SettingsRoot::User, m_key, note, value); },
+                 "the settings cannot be read: there is no right to read %1",
+                 "the settings cannot be read: %1 is locked or out of reach");
     if (status != SettingsStatus::Done || value.type != SettingType::Text)
         return std::nullopt;
     return value.bytes;
 }
 
 void DocumentNotes::Keep(const char* note, const std::string& text) const {
-    SettingsStatus status = platform::CreateKey(SettingsRoot::User, m_key);
-    if (status == SettingsStatus::Done)
-        status = platform::WriteSetting(SettingsRoot::User, m_key, note, SettingValue::Text(text));
-    if (status != SettingsStatus::Done)
-        ThrowDenied("the settings cannot be written: there is no right to write to %1");
+    const auto write = [&] {
+        const bool isKept = platform::CreateKey(SettingsRoot::User, m_key) == SettingsStatus::Done &&
+                            platform::WriteSetting(SettingsRoot::User, m_key, note,
+                                                   SettingValue::Text(text)) == SettingsStatus::Done;
+        return isKept ? SettingsStatus::Done : SettingsStatus::AccessDenied;
+    };
+    UseStore(write, "the settings cannot be written: there is no right to write to %1",
+             "the settings cannot be written: %1 is full, locked or out of reach");
 }
 
 } // namespace korvel::inspector

@@ -12,7 +12,8 @@ namespace korvel::inspector {
 ///     notes.Keep(DocumentNotes::Description, "Axis 3");
 ///     DocumentNotes("../here/road.xml").Find(DocumentNotes::Description);   // "Axis 3"
 ///
-/// All throw Error when the settings cannot be read or written.
+/// All throw Error, in the language of the process, when the settings cannot be read or written; a damaged
+/// store is set aside (run_settings.h).
 class DocumentNotes {
 public:
     static constexpr const char* Codes = "Codes"; // as CDialogCodeList has them

@@ -13,6 +13,12 @@
 
 namespace korvel::inspector {
 
+namespace {
+
+constexpr const char* Damaged = "the settings cannot be read: %1 is damaged";
+
+} // namespace
+
 std::string SetAsideIfDamaged(const platform::StoreProblem& problem) {
     const std::string file = platform::StorePath(problem.root).string();
     using Kind = platform::StoreProblem::Kind;
@@ -20,13 +26,17 @@ std::string SetAsideIfDamaged(const platform::StoreProblem& problem) {
         return Say({"the setting %1 in %2 cannot be understood and is not used", {problem.valueName, file}});
     if (problem.kind == Kind::OutOfReach)
         return Say({"the settings cannot be read: %1 is locked or out of reach", {file}});
-    std::string notice = Say({"the settings cannot be read: %1 is damaged", {file}});
+    return SetAsideIfDamaged(problem.root, Damaged);
+}
+
+std::string SetAsideIfDamaged(platform::SettingsRoot root, const char* elseWrong) {
+    const std::string file = platform::StorePath(root).string();
     try {
-        const std::string aside = platform::SetStoreAside(problem.root).string();
+        const std::string aside = platform::SetStoreAside(root).string();
         UseLanguage({}); // without the machine's settings nothing names one
-        return Say({"%1; the file is now %2", {notice, aside}});
+        return Say({"%1; the file is now %2", {Say({Damaged, {file}}), aside}});
     } catch (const Error&) {
-        return notice;
+        return Say({elseWrong, {file}});
     }
 }
 

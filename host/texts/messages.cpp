@@ -141,6 +141,8 @@ constexpr Translation Translations[] = {
      "die Einstellungen können nicht gelesen werden: %1 ist gesperrt oder nicht erreichbar"},
     {"the settings cannot be read: there is no right to read %1",
      "die Einstellungen können nicht gelesen werden: %1 darf nicht gelesen werden"},
+    {"the settings cannot be written: %1 is full, locked or out of reach",
+     "die Einstellungen können nicht geschrieben werden: %1 ist voll, gesperrt oder nicht erreichbar"},
     {"the settings cannot be written: there is no right to write to %1",
      "die Einstellungen können nicht geschrieben werden: es fehlt das Recht, in %1 zu schreiben"},
     {"the setting %1 in %2 cannot be understood and is not used",

@@ -1,3 +1,4 @@
+#include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
 #include "korvel/values/language.h"
 #include "korvel/window/base/messages.h"
@@ -66,6 +67,38 @@ TEST_F(DocumentNotesTest, SayWhenTheyCannotBeRead) {
     }
     fs::permissions(m_store.File(), fs::perms::owner_all);
     EXPECT_EQ(DocumentNotes("plan.xml").Find(DocumentNotes::Codes), "a:1");
+}
+
+TEST_F(DocumentNotesTest, SayInTheLanguageOfTheProcessWhatIsWrongWithTheStore) {
+    const DocumentNotes notes("plan.xml");
+    const std::function<void()> find = [&] { notes.Find(DocumentNotes::Codes); };
+    const std::function<void()> keep = [&] { notes.Keep(DocumentNotes::Codes, "a:1"); };
+    const std::function<void()> damage = [&] { std::ofstream(m_store.File()) << std::string(5000, 'x'); };
+    const std::function<void()> block = [&] { fs::create_directories(m_store.File()); };
+    const std::string file = m_store.File().string();
+    const std::string damaged = "die Einstellungen können nicht gelesen werden: " + file +
+                                " ist beschädigt; die Datei heißt jetzt " + file;
+    fs::create_directories(m_store.File().parent_path());
+    for (const auto& [border, spoil, use, text] :
+         Table<std::function<void()>, std::function<void()>, std::string>{
+             {"damaged, to be read", damage, find, damaged},
+             {"damaged, to be written", damage, keep, damaged},
+             {"out of reach, to be read", block, find,
+              "die Einstellungen können nicht gelesen werden: " + file +
+                  " ist gesperrt oder nicht erreichbar"},
+             {"out of reach, to be written", block, keep,
+              "die Einstellungen können nicht geschrieben werden: " + file +
+                  " ist voll, gesperrt oder nicht erreichbar"}}) {
+        SCOPED_TRACE(border);
+        spoil();
+        try {
+            use();
+            ADD_FAILURE() << "it can be used";
+        } catch (const Error& error) {
+            EXPECT_THAT(platform::ToUtf8(error.what()), testing::StartsWith(text));
+        }
+        EXPECT_EQ(fs::exists(file), text != damaged) << "a damaged one is set aside";
+    }
 }
 
 TEST_F(DocumentNotesTest, CodesOfADocument) {
