@@ -156,7 +156,9 @@ void InspectorWindow::Open(const std::string& path) {
 bool InspectorWindow::OpenOrWarn(const std::string& path) {
     return Try([&] {
         Open(path);
-        AddRecentFile(path);
+        // After the painting: the settings may be in use elsewhere, and are waited for.
+        QTimer::singleShot(
+            0, this, [path] { AddRecentFile(path); });
     });
 }
 

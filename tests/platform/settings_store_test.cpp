@@ -123,6 +123,10 @@ TEST_F(SettingsStoreTest, WaitsOnceForALockedStore) {
     };
     const auto first = wait();
     EXPECT_LT(wait(), first / 2) << "it has been waited for";
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_THROW(CreateKey(Root, "B"), Error);
+    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(20))
+        << "a window would be frozen";
     sqlite3_close(other);
     EXPECT_EQ(Read("A", "name", ValueMissing), Untouched);
 }

@@ -28,7 +28,7 @@ namespace korvel::platform {
 /// happens whole or not at all. Reading creates nothing. All functions may be called from any thread.
 ///
 /// SettingsStatus says what can happen in daily use. Error is thrown, with the name of the file, when a file
-/// is damaged, is no settings store, stays locked (for a second while reading, for 30 while writing), or
+/// is damaged, is no settings store, stays locked (for a second while reading, for three while writing), or
 /// cannot be written for lack of space; the file stays as it is. Readers of the user's store wait for no
 /// writer where the file system of the folder allows it; the machine's can be read without the right to write
 /// there.

@@ -18,7 +18,7 @@ namespace {
 // How often a reading and a writing look whether others have finished, and the time between two looks.
 // Looking often finds the moment between two writes of a program that writes without pause.
 constexpr int LooksOfReading = 200;
-constexpr int LooksOfWriting = 6000;
+constexpr int LooksOfWriting = 600;
 constexpr int MillisecondsBetweenLooks = 5;
 
 // Kept in the file's header, so that no other program's database is taken for a store: "Korv".

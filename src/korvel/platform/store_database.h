@@ -46,7 +46,7 @@ std::string StoreFailure(const std::filesystem::path& file, std::string_view pro
 enum class StoreJournal { Log, Rollback };
 
 /// What a store is opened for: a reading waits a second for others, and not at all for ten seconds after one
-/// that waited in vain; a writing waits 30.
+/// that waited in vain; a writing waits three.
 enum class StoreUse { Reading, Writing };
 
 /// An open store. What was not committed when it is destroyed has not happened, and the same holds for a
