@@ -21,11 +21,21 @@ public:
     using CDialogCodeList::OnMoveUpCode;
 
     std::function<void()> add; // instead of the library's way
+    UINT failing = 0;          // the notice of the list whose handler throws, once
+    int good = 0;              // so many of them are taken before
 
     CListCtrl& Rows() { return m_listCodes; }
     void SelectRow(int row) { m_listCodes.SetItemState(row, LVIS_SELECTED, LVIS_SELECTED); }
     void Click(int id) { korvel::SendMessageA(korvel::GetDlgItem(m_hWnd, id), BM_CLICK, 0, 0); }
     void OnAddCodes() override { add ? add() : CDialogCodeList::OnAddCodes(); }
+    bool OnNotify(WPARAM id, LPARAM notice, LRESULT* result) override {
+        const bool isTaken = CDialogCodeList::OnNotify(id, notice, result);
+        if (reinterpret_cast<const NMHDR*>(notice)->code == failing && --good < 0) {
+            failing = 0;
+            throw std::runtime_error("full");
+        }
+        return isTaken;
+    }
     bool IsOn(int id) const { return korvel::IsWindowEnabled(korvel::GetDlgItem(m_hWnd, id)); }
 };
 
@@ -156,7 +166,8 @@ TEST_F(CodeListTest, OkTakesWhatTheUserDid) {
               before},
              {"the last moved up",
               Multiple,
-              {Select(2), Click(MoveUp)},
+              {Select(2), Click(MoveUp),
+               [this] { EXPECT_EQ(dialog.Rows().GetNextItem(-1, LVNI_FOCUSED), 1) << "keys go on from it"; }},
               true,
               "a: 1;c:3;b:2",
               "a: 1;c:3;b:2"},
@@ -183,6 +194,30 @@ TEST_F(CodeListTest, OkTakesWhatTheUserDid) {
         EXPECT_EQ(dialog.GetIsDirty(), isDirty);
         EXPECT_EQ(dialog.GetCodeList(), list);
         EXPECT_EQ(dialog.GetSelectedCodes(), selected);
+    }
+}
+
+TEST_F(CodeListTest, AHandlerThatThrowsLeavesEveryPairOnceAndWhatIsDoneIsKept) {
+    for (const auto& [border, rows, notice, good, button, list] :
+         Table<std::vector<int>, UINT, int, int, CString>{
+             {"moving up, inserted", {1}, LVN_INSERTITEM, 0, MoveUp, "a:1;b:2;c:3"},
+             {"moving up, removed", {1}, LVN_DELETEITEM, 0, MoveUp, "a:1;b:2;c:3"},
+             {"moving up, selected", {1}, LVN_ITEMCHANGED, 1, MoveUp, "b:2;a:1;c:3"},
+             {"moving down, inserted", {1}, LVN_INSERTITEM, 0, MoveDown, "a:1;b:2;c:3"},
+             {"moving down, removed", {1}, LVN_DELETEITEM, 0, MoveDown, "a:1;b:2;c:3"},
+             {"removing the second of two", {0, 2}, LVN_DELETEITEM, 1, Remove, "a:1;b:2"}}) {
+        SCOPED_TRACE(border);
+        dialog.SetCodeList("a:1;b:2;c:3");
+        const auto act = [&, chosen = rows, code = notice, first = good, id = button] {
+            for (const int row : chosen)
+                dialog.SelectRow(row);
+            dialog.failing = code;
+            dialog.good = first;
+            EXPECT_THROW(dialog.Click(id), std::runtime_error);
+        };
+        EXPECT_EQ(Run({act, ok}), IDOK);
+        EXPECT_EQ(dialog.GetCodeList(), list);
+        EXPECT_TRUE(dialog.GetIsDirty());
     }
 }
 

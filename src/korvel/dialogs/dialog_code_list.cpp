@@ -59,11 +59,26 @@ int FirstSelected(const CListCtrl& list) {
     return list.GetNextItem(-1, LVNI_SELECTED);
 }
 
-// `before` is counted while the row is still at its former place.
+void DeleteQuietly(CListCtrl& list, int row) noexcept {
+    try {
+        list.DeleteItem(row);
+    } catch (...) { // what came first is told
+    }
+}
+
+// `before` is counted while the row is still at its former place. After an exception the pair is there once.
 void MoveRow(CListCtrl& list, int row, int before) {
-    InsertPair(list, before, PairOf(list, row));
-    list.DeleteItem(before <= row ? row + 1 : row);
-    list.SetItemState(before <= row ? before : before - 1, LVIS_SELECTED, LVIS_SELECTED);
+    constexpr UINT Current = LVIS_SELECTED | LVIS_FOCUSED;
+    const int count = list.GetItemCount();
+    try {
+        InsertPair(list, before, PairOf(list, row));
+        list.DeleteItem(before <= row ? row + 1 : row);
+    } catch (...) {
+        if (list.GetItemCount() > count)
+            DeleteQuietly(list, before);
+        throw;
+    }
+    list.SetItemState(before <= row ? before : before - 1, Current, Current);
     list.SetFocus();
 }
 
@@ -249,11 +264,11 @@ void CDialogCodeList::OnRemoveCodes() {
         rows.insert(rows.end(), row);
     if (rows.empty())
         return;
+    m_isDirty = true;
     for (auto row = rows.rbegin(); row != rows.rend(); ++row)
         m_listCodes.DeleteItem(*row);
     if (!korvel::IsWindowEnabled(GetFocus())) // the button that was pressed
         m_listCodes.SetFocus();
-    m_isDirty = true;
 }
 
 // The dirty flag rises although the first row cannot move up, and the last one not down: kept.
@@ -261,18 +276,18 @@ void CDialogCodeList::OnMoveUpCode() {
     const int row = FirstSelected(m_listCodes);
     if (row < 0)
         return;
+    m_isDirty = true;
     if (row > 0)
         MoveRow(m_listCodes, row, row - 1);
-    m_isDirty = true;
 }
 
 void CDialogCodeList::OnMoveDownCode() {
     const int row = FirstSelected(m_listCodes);
     if (row < 0)
         return;
+    m_isDirty = true;
     if (row < m_listCodes.GetItemCount() - 1)
         MoveRow(m_listCodes, row, row + 2);
-    m_isDirty = true;
 }
 
 void CDialogCodeList::OnOK() {
