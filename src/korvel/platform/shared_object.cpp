@@ -5,8 +5,10 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <elf.h>
+#include <filesystem>
 #include <fstream>
 #include <link.h>
+#include <system_error>
 #include <vector>
 
 namespace korvel::platform {
@@ -40,19 +42,30 @@ bool IsWhole(const std::string& path) {
     });
 }
 
+// The system names the file as it was found, perhaps relative to the folder that is current while it loads.
+std::string FindOwnFile() {
+    Dl_info found{};
+    const bool isKnown = dladdr(reinterpret_cast<const void*>(&OwnFile), &found) != 0 && found.dli_fname;
+    std::error_code ignored; // no folder is current: the name stays unknown
+    return isKnown ? std::filesystem::absolute(found.dli_fname, ignored).string() : "";
+}
+
+const std::string FileWhenLoaded = FindOwnFile();
+
 } // namespace
 
 std::string OwnFile() {
-    Dl_info found{};
-    const bool isKnown = dladdr(reinterpret_cast<const void*>(&OwnFile), &found) != 0 && found.dli_fname;
-    return isKnown ? found.dli_fname : "";
+    return FileWhenLoaded;
 }
 
 void* LoadFunction(const std::string& path, const char* name) {
     if (!IsWhole(path))
         return nullptr;
     void* object = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
-    return object ? dlsym(object, name) : nullptr;
+    void* function = object ? dlsym(object, name) : nullptr;
+    if (object && !function)
+        dlclose(object);
+    return function;
 }
 
 } // namespace korvel::platform
