@@ -2,7 +2,6 @@
 
 #include "desktop/picture_file.h"
 #include "gallery/cut_off_texts.h"
-#include "korvel/platform/error.h"
 
 #include <QApplication>
 #include <QDir>
@@ -70,16 +69,20 @@ void Photographer::TakeDropped(const QString& name, const Act& show, const Act& 
 void Photographer::Take(const QString& name, const Act& show, const Act& use, Shown wanted) {
     bool isTaken = false;
     std::exception_ptr failure; // no exception may go through Qt's event loop
+    const auto attempt = [&failure](const Act& act) {
+        try {
+            act();
+        } catch (...) {
+            if (!failure)
+                failure = std::current_exception();
+        }
+    };
     const auto take = [&] {
         QWidget* dialog = QApplication::activeModalWidget();
         if (!dialog)
             return;
-        try {
-            isTaken = wanted == Shown::Dialog || !Popups().isEmpty();
-            Save(name, *dialog);
-        } catch (const Error&) {
-            failure = std::current_exception();
-        }
+        isTaken = wanted == Shown::Dialog || !Popups().isEmpty();
+        attempt([&] { Save(name, *dialog); });
         for (QWidget* popup : Popups())
             popup->close();
         dialog->close();
@@ -89,7 +92,7 @@ void Photographer::Take(const QString& name, const Act& show, const Act& use, Sh
         if (QWidget* dialog = QApplication::activeModalWidget(); dialog && use) {
             dialog->activateWindow(); // no window manager does so
             QApplication::processEvents();
-            use();
+            attempt(use);
         }
         QTimer::singleShot(UntilPainted, &call, take);
     });

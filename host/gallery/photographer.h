@@ -15,7 +15,7 @@ namespace korvel::gallery {
 ///     Photographer photographer("shots", "german-dark-200");
 ///     photographer.TakeDialog("text", [] { dialog.DoModal(); });   // shots/text-german-dark-200.png
 ///
-/// All operations throw Error when the picture cannot be written.
+/// All operations throw Error when the picture cannot be written, and what their acts throw.
 class Photographer {
 public:
     using Act = std::function<void()>;
