@@ -3,6 +3,7 @@
 #include "support/table.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QTimer>
@@ -16,6 +17,7 @@ namespace {
 struct Shown {
     QString name;
     QStringList filters;
+    QString description; // of the filter in force
 };
 
 // What the chooser shows first; the user cancels it then.
@@ -24,7 +26,8 @@ Shown ShownFor(const FileQuery& query) {
     QTimer::singleShot(0, qApp, [&] {
         auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr);
-        shown = {dialog->findChild<QLineEdit*>()->text(), dialog->nameFilters()};
+        shown = {dialog->findChild<QLineEdit*>()->text(), dialog->nameFilters(),
+                 dialog->findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))->currentText()};
         dialog->reject();
     });
     EXPECT_FALSE(internal::AskFile(nullptr, query));
@@ -85,17 +88,29 @@ TEST(FileChooser, AddsTheExtensionToAFileToOpenOnlyWhereThereIsNoSuchFile) {
     }
 }
 
-TEST(FileChooser, DescribesItsFiltersOnce) {
-    for (const auto& [border, filter, shown] : Table<const char*, QString>{
-             {"with the patterns", "XML Files (*.xml)|*.xml|", QStringLiteral("XML Files (*.xml)")},
-             {"every file", "All Files  (*.*)|*.*|", QStringLiteral("All Files (*)")},
-             {"without them", "Plans|*.xml;*.txt|", QStringLiteral("Plans (*.xml *.txt)")},
-             {"a bracket within", "Odd (old) plans|*.xml|", QStringLiteral("Odd (old) plans (*.xml)")},
-             {"a bracket of words at the end", "Plans (old)|*.xml|",
-              QStringLiteral("Plans (old) (*.xml)")}}) {
+TEST(FileChooser, ShowsDescriptionsAsTheyAreAndTakesPatternsInEveryCase) {
+    for (const auto& [border, filter, filters, description] : Table<const char*, QStringList, QString>{
+             {"with the patterns",
+              "XML Files (*.xml)|*.xml|",
+              {QStringLiteral("XML Files (*.xml) (*.xml *.[xX][mM][lL])")},
+              QStringLiteral("XML Files (*.xml)")},
+             {"every file",
+              "All Files  (*.*)|*.*|",
+              {QStringLiteral("All Files (*.*) (*)")},
+              QStringLiteral("All Files (*.*)")},
+             {"two, and no letters",
+              "Plans|*.x; *.1|",
+              {QStringLiteral("Plans (*.x *.1 *.[xX])")},
+              QStringLiteral("Plans")},
+             {"a bracket of words",
+              "Plans (old)|*.x|",
+              {QStringLiteral("Plans (old) (*.x *.[xX])")},
+              QStringLiteral("Plans (old)")}}) {
         FileQuery query;
         query.filter = filter;
-        EXPECT_EQ(ShownFor(query).filters, QStringList{shown}) << border;
+        const Shown shown = ShownFor(query);
+        EXPECT_EQ(shown.filters, filters) << border;
+        EXPECT_EQ(shown.description, description) << border;
     }
 }
 

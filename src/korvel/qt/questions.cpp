@@ -10,7 +10,6 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
-#include <QRegularExpression>
 #include <utility>
 
 namespace korvel::internal {
@@ -78,23 +77,35 @@ void Fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
     }
 }
 
-// As Qt has them, separated by blanks; its "*.*" leaves out files without a dot.
+// For choosers that look at the case: "*.xml" gives "*.[xX][mM][lL]".
+QString InEveryCase(const QString& pattern) {
+    QString each;
+    for (const QChar character : pattern)
+        if (character.toLower() != character.toUpper())
+            each += QLatin1Char('[') + character.toLower() + character.toUpper() + QLatin1Char(']');
+        else
+            each += character;
+    return each;
+}
+
+// As Qt has them, separated by blanks; its "*.*" leaves out files without a dot. As they are they come first: from
+// the first one Qt takes the extension of a name to save.
 QString PatternsOf(const QString& patterns) {
-    QStringList list = patterns.split(QLatin1Char(';'), Qt::SkipEmptyParts);
-    list.replaceInStrings(QRegularExpression(QStringLiteral("^\\s*\\*\\.\\*\\s*$")), QStringLiteral("*"));
-    return list.join(QLatin1Char(' '));
+    QStringList all;
+    for (const QString& pattern : patterns.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+        all += pattern.trimmed() == QLatin1String("*.*") ? QStringLiteral("*") : pattern.trimmed();
+    for (const QString& pattern : QStringList(all))
+        if (InEveryCase(pattern) != pattern)
+            all += InEveryCase(pattern);
+    return all.join(QLatin1Char(' '));
 }
 
 // "description|patterns|description|patterns|" as Qt has it: "description (patterns)".
 QStringList FiltersOf(const CString& filter) {
     const QStringList parts = ToQString(filter).split(QLatin1Char('|'));
-    const QRegularExpression shownPatterns(QStringLiteral("\\s*\\([^()]*\\*[^()]*\\)\\s*$"));
     QStringList filters;
-    for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2) {
-        QString description = parts[i];
-        description.remove(shownPatterns);
-        filters += QStringLiteral("%1 (%2)").arg(description, PatternsOf(parts[i + 1]));
-    }
+    for (qsizetype i = 0; i + 1 < parts.size() && !parts[i].isEmpty(); i += 2)
+        filters += QStringLiteral("%1 (%2)").arg(parts[i], PatternsOf(parts[i + 1]));
     return filters;
 }
 
@@ -170,6 +181,7 @@ std::optional<CString> AskFile(QWidget* owner, const FileQuery& query) {
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !query.promptOnOverwrite);
     if (!query.open)
         dialog->setDefaultSuffix(extension);
+    dialog->setOption(QFileDialog::HideNameFilterDetails); // a description says what it wants to
     dialog->setNameFilters(FiltersOf(query.filter));
     const QFileInfo begin(ToQString(query.path));
     if (!query.path.empty() && begin.dir().exists())
