@@ -1,6 +1,7 @@
 #include "desktop/inspector_window.h"
 
 #include "desktop/frame_room.h"
+#include "korvel/dialogs/file_dialog.h"
 #include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/qt/embed.h"
@@ -13,7 +14,6 @@
 #include <QAction>
 #include <QDragEnterEvent>
 #include <QFile>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
@@ -207,14 +207,20 @@ void InspectorWindow::ShowStatus(const std::string& path) {
 }
 
 void InspectorWindow::ChooseFile() {
-    const ProgramTexts& texts = TheProgramTexts;
-    const QString filter =
-        QStringLiteral("%1 (*.xml *.XML *.landxml *.LANDXML *.xml.gz *.XML.GZ *.landxml.gz);;%2 (*)")
-            .arg(QString::fromUtf8(texts.landXmlFiles.Utf8()), QString::fromUtf8(texts.allFiles.Utf8()));
-    const QString path =
-        QFileDialog::getOpenFileName(this, QString::fromUtf8(texts.openCaption.Utf8()), m_folder, filter);
-    if (!path.isEmpty())
-        OpenOrWarn(QFile::encodeName(path).toStdString());
+    constexpr unsigned long FileMustExist = 0x1000;
+    const std::string filter = InCodePage(TheProgramTexts.landXmlFiles) +
+                               "|*.xml;*.landxml;*.xml.gz;*.landxml.gz|" +
+                               InCodePage(TheProgramTexts.allFiles) + "|*.*|";
+    const std::string folder = QFile::encodeName(m_folder + QLatin1Char('/')).toStdString();
+    const std::string begin = m_folder.isEmpty() ? "" : platform::FromUtf8(folder).text;
+    std::string path;
+    bool isChosen = false;
+    Try([&] {
+        isChosen = doModalFileDialog(path, 1, nullptr, begin.c_str(), FileMustExist, filter.c_str(),
+                                     m_pane->m_hWnd, 0, 1);
+    });
+    if (isChosen)
+        OpenOrWarn(platform::ToUtf8(path));
 }
 
 void InspectorWindow::ShowLists() {

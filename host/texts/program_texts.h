@@ -40,7 +40,6 @@ struct ProgramTexts {
         "Version %1\n\nShows a LandXML document as a tree of objects with typed attributes.",
         "Version %1\n\nZeigt ein LandXML-Dokument als Baum von Objekten mit typisierten "
         "Attributen."}; // %1: the version
-    ProgramText openCaption = {"Open a LandXML file", "LandXML-Datei öffnen"};
     ProgramText landXmlFiles = {"LandXML files", "LandXML-Dateien"};
     ProgramText allFiles = {"All files", "Alle Dateien"};
     ProgramText invitation = {"No file is open.\n\nChoose File > Open… or drop a LandXML file here.",

@@ -1,6 +1,7 @@
 #include "desktop/inspector_window.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/values/language.h"
+#include "program/recent_files.h"
 #include "source/document_error.h"
 #include "support/scratch.h"
 #include "support/table.h"
@@ -8,6 +9,7 @@
 #include <QApplication>
 #include <QDropEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
@@ -150,6 +152,22 @@ TEST_F(InspectorWindowTest, ItsDocumentMenuOpensWhatItSays) {
         menu.actions().at(item)->trigger();
         EXPECT_TRUE(shown.startsWith(QLatin1String(caption))) << border << ": " << shown.toStdString();
     }
+}
+
+TEST_F(InspectorWindowTest, OpensWhatIsChosenAndKeepsItAmongTheRecentFiles) {
+    const platform::ScratchStore store;
+    OpenSample(); // the folder to begin in
+    const std::string other = Write("other.LANDXML.GZ", "<LandXML z='1'/>");
+    QTimer::singleShot(0, m_window.get(), [] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QLineEdit*>()->setText(QStringLiteral("other.LANDXML.GZ"));
+        QMetaObject::invokeMethod(dialog, "accept");
+    });
+    m_window->menuBar()->actions().at(0)->menu()->actions().at(0)->trigger();
+    EXPECT_EQ(Rows(), "z;");
+    EXPECT_TRUE(QTest::qWaitFor([] { return !RecentFiles().empty(); }, 2000));
+    EXPECT_EQ(RecentFiles(), std::vector{other});
 }
 
 TEST_F(InspectorWindowTest, OpensWhatIsDroppedOnIt) {
