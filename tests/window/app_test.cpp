@@ -13,6 +13,7 @@ namespace korvel {
 namespace {
 
 TEST(ModuleState, AGuardPutsBackWhatWasThere) {
+    const platform::ScratchStore store; // names no language: none is chosen for the other tests
     CWinApp host;
     SetHostApp(&host);
     {
