@@ -6,6 +6,7 @@
 #include "support/edited_object.h"
 #include "support/make_value.h"
 
+#include <cmath>
 #include <stdexcept>
 
 namespace korvel {
@@ -71,14 +72,14 @@ TEST_F(SpinTest, AHeldButtonStepsFasterAndFaster) {
     spin.m_Step = 0.01;
     edit.SetWindowTextA("0");
     Press({5, 15});
-    std::vector<int> hundredths;
+    std::vector<long> hundredths;
     for (int tick = 1; tick <= 28; ++tick) {
         const double before = Shown();
         display.Advance(100ms);
-        hundredths.push_back(static_cast<int>((Shown() - before) * 100 + 0.5));
+        hundredths.push_back(std::lround((Shown() - before) * 100));
     }
-    const std::vector<int> expected = {0, 0, 1, 1, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2,
-                                       2, 2, 2, 3, 3, 3, 3, 3, 3, 3, 3, 3, 3, 4};
+    const std::vector<long> expected = {0, 0, 1, 1, 1, 1, 1, 2, 2, 2, 2, 2, 2, 2,
+                                        2, 2, 2, 3, 3, 3, 3, 3, 3, 3, 3, 3, 3, 4};
     EXPECT_EQ(hundredths, expected);
     object.Take();
     display.PressKey(VK_LBUTTON, false); // outside of the window: the timer sees it

@@ -4,6 +4,8 @@
 #include "korvel/window/base/control_messages.h"
 #include "korvel/window/core/dc.h"
 
+#include <utility>
+
 namespace korvel {
 
 namespace {

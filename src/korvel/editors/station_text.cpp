@@ -3,6 +3,7 @@
 #include "korvel/output/station_output.h"
 #include "korvel/parser/number_of_text.h"
 
+#include <algorithm>
 #include <string>
 
 namespace korvel::internal {
@@ -35,7 +36,7 @@ public:
     bool TakeDecimalSign() { return Take(m_separator) || Take(CStationOutput::DecimalSign()) || Take("."); }
     std::string TakeDigits() {
         const std::size_t count = std::min(m_rest.find_first_not_of("0123456789"), m_rest.size());
-        const std::string digits(m_rest.substr(0, count));
+        std::string digits(m_rest.substr(0, count));
         m_rest.remove_prefix(count);
         return digits;
     }

@@ -62,10 +62,10 @@ public:
 };
 
 /// Implemented by the host and given to a grid, which it must outlive: hears of what is shown, and of every
-/// change that the user made, after the object was changed. Today only a drop-down list lets the user change
-/// anything, and calls OnChange; OnRemove and what follows it are not called yet. Called on the thread of the
-/// grid's window; `reserved` is always null. Each operation may call the grid back, and may throw; it must
-/// not delete the grid.
+/// change that the user made, after the object was changed. A text field alone calls OnChange before it
+/// changes the object, and again, with the value that the object holds, when that refuses. Called on the
+/// thread of the grid's window; `reserved` is always null. Each operation may call the grid back, and may
+/// throw; it must not delete the grid.
 class KORVEL_API IObserverGrid {
 public:
     /// The grid begins to show `disp` (null: Initialize was given null). May be called again for one object,
