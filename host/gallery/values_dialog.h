@@ -39,7 +39,7 @@ private:
     DialogTemplate m_template;
     ResourceModule m_resources;
     CWinApp m_host;
-    std::array<CWndItem, 2 * KindCount> m_items; // after what they show
+    std::array<CWndItem, 2 * std::size_t{KindCount}> m_items; // after what they show
 };
 
 } // namespace korvel::gallery

@@ -68,7 +68,7 @@ protected:
         Fire_OnSystemChanged(nullptr, nullptr);
         SetAngleUnit('\xB0');
         SetDateCurrentFormatString(false, "%Y-%m-%d");
-        Have({{300, "Values", Plain, {10, 10, 200, 100}, m_items}});
+        Have({{300, "Values", Plain, {10, 10, 200, 100}, Items}});
         dialog.Create(300, &frame);
         dialog.ShowWindow(SW_SHOW);
         item.SubclassDlgItem(12, &dialog);
@@ -98,7 +98,7 @@ protected:
     }
 
 private:
-    static constexpr DialogItem m_items[] = {
+    static constexpr DialogItem Items[] = {
         {"EDIT", "", 11, WS_TABSTOP, {7, 7, 100, 14}},
         {"KorvelItem", "", 12, WS_TABSTOP, {7, 27, 100, 14}},
         {"EDIT", "", 13, WS_TABSTOP, {7, 47, 100, 14}},

@@ -5,6 +5,7 @@
 #include "korvel/window/app/built_in_resources.h"
 #include "korvel/window/dialog/dialog_items.h"
 
+#include <cmath>
 #include <string>
 
 namespace korvel {
@@ -20,11 +21,11 @@ constexpr int Percent = 100;
 [[maybe_unused]] const bool Registered = AddBuiltIn(AlphaDialogLayout<GermanAlphaWords>::Template);
 
 std::uint8_t PercentOf(unsigned opacity) {
-    return static_cast<std::uint8_t>((Opaque - opacity) * 100.0 / Opaque + 0.5);
+    return static_cast<std::uint8_t>(std::lround((Opaque - opacity) * 100.0 / Opaque));
 }
 
 unsigned OpacityOf(std::uint8_t transparency) {
-    return Opaque - static_cast<unsigned>(transparency * 255.0 / 100.0 + 0.5);
+    return Opaque - static_cast<unsigned>(std::lround(transparency * 255.0 / Percent));
 }
 
 } // namespace
