@@ -130,6 +130,8 @@ std::string AngleText(double radians, AngleUnit unit) {
     constexpr double LargestShown = 1e15; // beyond it, no digit after the point means anything
     const double halfTurn = unit == AngleUnit::Grads ? 200 : 180;
     const double angle = radians * halfTurn / std::numbers::pi;
+    if (!std::isfinite(angle))
+        return NumberText(angle);
     if (std::abs(angle) < LargestShown) {
         if (std::optional<std::string> text = ExactAngleText(radians, unit, AnglesNear(radians, halfTurn)))
             return *text;

@@ -46,6 +46,7 @@ TEST_F(ValueWritingTest, WritesEachValueInTheFormOfItsPlace) {
         {"direction", Meaning::Direction,
          MakeValue(DT_AngleDouble, *RadiansOf("45.3025", AngleUnit::DegreesMinutesSeconds)), "", "45.3025"},
         {"geographic", Meaning::GeographicAngle, MakeValue(DT_AngleDouble, -pi / 8), "", "-22.5"},
+        {"huge direction", Meaning::Direction, MakeValue(DT_AngleDouble, 1e308), "", "INF"},
         {"angle as a number", Meaning::Angle, MakeValue(DT_Double, 90.0), "", "100"},
         {"a number as an angle", Meaning::Length, MakeValue(DT_AngleDouble, pi / 2), "", "90"},
         {"digit flag", Meaning::Flag, MakeValue(DT_Bool, true), " 0 ", "1"},
