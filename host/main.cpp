@@ -1,4 +1,5 @@
 #include "desktop/desktop_run.h"
+#include "editing/value_typing.h"
 #include "korvel/dialogs/file_container.h"
 #include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
@@ -13,6 +14,8 @@
 
 #include <exception>
 #include <iostream>
+#include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -23,20 +26,16 @@ namespace {
 
 enum ExitStatus { Done = 0, Failed = 1, NotUnderstood = 2 };
 
+// A text of the command line that a cell does not take; in UTF-8.
+class RefusedValue : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
 void Complain(const std::string& utf8) {
     std::cerr << "inspector: " << utf8 << '\n';
 }
 
-int List(const Options& options, const TakenFormats& formats) {
-    LandXmlDocument document(options.file, {options.stations, GetFileContainer().GetFileValue(0),
-                                            options.encoding, ReadingOptions::All});
-    if (formats.hasUnitOfFile)
-        SetAngleUnit(document.OwnAngleUnit());
-    for (const std::string& path : options.expand)
-        if (!HasMember(document.Root(), platform::FromUtf8(path).text))
-            throw UsageError({"--expand: there is no %1", {"'" + path + "'"}});
-    for (const std::string& notice : document.Notices())
-        Complain(options.file + ": " + platform::ToUtf8(notice));
+int List(LandXmlDocument& document) {
     std::ios::sync_with_stdio(false);
     WriteList(document.Root(), std::cout, [&](IMemberDispatch& written) {
         document.Forget(static_cast<ElementObject&>(written).Element());
@@ -47,6 +46,57 @@ int List(const Options& options, const TakenFormats& formats) {
         return Failed;
     }
     return Done;
+}
+
+// Writes one "PATH=TEXT". A name may hold '=': of the paths that could be meant, the shortest that leads to a member.
+void Set(GridPane& pane, IMemberDispatch& root, const std::string& assignment) {
+    std::size_t end = assignment.find('=');
+    for (std::size_t at = end; at != std::string::npos; at = assignment.find('=', at + 1))
+        if (HasMember(root, platform::FromUtf8(assignment.substr(0, at)).text)) {
+            end = at;
+            break;
+        }
+    const std::string path = assignment.substr(0, end);
+    if (!pane.Expand(platform::FromUtf8(path).text))
+        throw UsageError({"--set: there is no %1", {"'" + path + "'"}});
+    try {
+        TypeValue(pane, platform::FromUtf8(assignment.substr(end + 1)).text);
+    } catch (const Error& error) {
+        throw RefusedValue("--set " + path + ": " + platform::ToUtf8(error.what()));
+    }
+}
+
+void SetAll(GridPane& pane, OpenDocument& document, const std::vector<std::string>& assignments) {
+    if (assignments.empty())
+        return;
+    const std::unique_ptr<GridPane, void (*)(GridPane*)> clear(&pane,
+                                                               [](GridPane* shown) { shown->Clear(); });
+    pane.Show(document);
+    for (const std::string& assignment : assignments)
+        Set(pane, document.Document().Root(), assignment);
+}
+
+// What `--set`, `--save` and `--list` do with a document, in this order. Whatever is refused leaves its file alone.
+int EditAndList(const Options& options, const TakenFormats& formats) {
+    GridPane pane;
+    OpenDocument open(
+        options.file,
+        {options.stations, GetFileContainer().GetFileValue(0), options.encoding, ReadingOptions::All},
+        pane.Observer());
+    LandXmlDocument& document = open.Document();
+    if (formats.hasUnitOfFile)
+        SetAngleUnit(document.OwnAngleUnit());
+    for (const std::string& path : options.expand)
+        if (!HasMember(document.Root(), platform::FromUtf8(path).text))
+            throw UsageError({"--expand: there is no %1", {"'" + path + "'"}});
+    for (const std::string& notice : document.Notices())
+        Complain(options.file + ": " + platform::ToUtf8(notice));
+    SetAll(pane, open, options.set);
+    if (options.save && options.saveAs.empty())
+        open.Save();
+    else if (options.save)
+        open.SaveAs(options.saveAs);
+    return options.list ? List(document) : Done;
 }
 
 Options ReadArguments(const std::vector<std::string>& arguments) {
@@ -73,7 +123,8 @@ int Run(const Options& options) {
         Complain(formats.notice);
     platform::SetStoreProblemListener(
         [](const platform::StoreProblem& problem) { Complain(SetAsideIfDamaged(problem)); });
-    return options.list ? List(options, formats) : RunOnDesktop(options, formats);
+    const bool onDesktop = !options.list && !options.save;
+    return onDesktop ? RunOnDesktop(options, formats) : EditAndList(options, formats);
 }
 
 } // namespace
@@ -83,6 +134,9 @@ int main(int count, char** arguments) {
         return Run(ReadArguments({arguments + 1, arguments + count}));
     } catch (const UsageError& error) {
         Complain(Say({"%1; see --help", {Say(error.Reason())}}));
+        return NotUnderstood;
+    } catch (const RefusedValue& error) {
+        Complain(error.what());
         return NotUnderstood;
     } catch (const DocumentError& error) {
         Complain(error.Utf8Text());

@@ -12,6 +12,8 @@
 #include "texts/program_texts.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFile>
 #include <QFileInfo>
@@ -21,6 +23,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPushButton>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -48,6 +51,10 @@ QString CountText(std::size_t count, const ProgramText& one, const ProgramText& 
                : QString::fromUtf8(many.Utf8()).arg(QLocale().toString(static_cast<qulonglong>(count)));
 }
 
+QString NameOfFile(const OpenDocument& document) {
+    return QFileInfo(QFile::decodeName(document.File().Path().c_str())).fileName();
+}
+
 // The one local file that is being dragged; empty for anything else.
 QString DraggedFile(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
@@ -64,6 +71,10 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
     setGeometry(
         QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, FirstSize.boundedTo(room.size()), room));
     setAcceptDrops(true);
+    m_pane->SetFailureHook([this](const std::string& message) {
+        statusBar()->showMessage(QString::fromStdString(platform::ToUtf8(message)));
+        QApplication::beep();
+    });
     MakeMenus();
     m_pages = new QStackedWidget;
     auto* invitation = new QLabel(QString::fromUtf8(TheProgramTexts.invitation.Utf8()));
@@ -79,12 +90,15 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
 
 InspectorWindow::~InspectorWindow() {
     m_lists.reset();
+    m_pane->Clear();
     delete takeCentralWidget(); // ends the windows inside while the objects that they show are alive
 }
 
 void InspectorWindow::MakeMenus() {
     const ProgramTexts& texts = TheProgramTexts;
     MakeFileMenu();
+    m_edit = std::make_unique<EditMenu>(*menuBar(), *m_pane,
+                                        [this](const std::function<void()>& action) { Try(action); });
     MakeDocumentMenu();
     QMenu* view = menuBar()->addMenu(QString::fromUtf8(texts.viewMenu.Utf8()));
     m_listsAction = view->addAction(QString::fromUtf8(texts.lists.Utf8()), this,
@@ -101,7 +115,17 @@ void InspectorWindow::MakeFileMenu() {
     QAction* open = file->addAction(QString::fromUtf8(texts.open.Utf8()), this, [this] { ChooseFile(); });
     open->setShortcut(QKeySequence::Open);
     m_recentMenu = file->addMenu(QString::fromUtf8(texts.recentFiles.Utf8()));
-    connect(file, &QMenu::aboutToShow, this, [this] { ListRecentFiles(); });
+    connect(
+        file, &QMenu::aboutToShow, this, [this] { ListRecentFiles(); });
+    m_saveAction = file->addAction(QString::fromUtf8(texts.save.Utf8()), this, [this] { Save(); });
+    m_saveAction->setShortcut(QKeySequence::Save);
+    m_saveAsAction = file->addAction(QString::fromUtf8(texts.saveAs.Utf8()), this, [this] { SaveAs(); });
+    m_saveAsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+    m_closeAction = file->addAction(QString::fromUtf8(texts.close.Utf8()), this, [this] {
+        if (MayLeave())
+            CloseDocument();
+    });
+    m_closeAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
     file->addSeparator();
     QAction* quit = file->addAction(QString::fromUtf8(texts.quit.Utf8()), this, [this] { close(); });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
@@ -132,34 +156,114 @@ void InspectorWindow::MakeDocumentMenu() {
     m_documentMenu->setEnabled(false);
     m_documentMenu->addAction(
         QString::fromUtf8(texts.codes.Utf8()), this,
-        [this] { Try([this] { EditCodes(*m_document, m_file, *m_pane); }); });
-    m_documentMenu->addAction(QString::fromUtf8(texts.description.Utf8()), this,
-                              [this] { Try([this] { EditDescription(*m_document, m_file, *m_pane); }); });
+        [this] { Try([this] { EditCodes(m_document->Document(), m_document->File().Path(), *m_pane); }); });
+    m_documentMenu->addAction(QString::fromUtf8(texts.description.Utf8()), this, [this] {
+        Try([this] { EditDescription(m_document->Document(), m_document->File().Path(), *m_pane); });
+    });
 }
 
 void InspectorWindow::Open(const std::string& path) {
     const WaitCursor wait;
-    auto document = std::make_unique<LandXmlDocument>(path, m_options);
+    auto document = std::make_unique<OpenDocument>(path, m_options, m_pane->Observer());
+    CloseDocument();
+    m_document = std::move(document);
+    if (m_unitOfFile)
+        SetAngleUnit(m_document->Document().OwnAngleUnit());
+    m_document->Editing().SetStepsHook([this] { ShowChanges(); });
+    ShowDocument();
+    m_pane->Show(*m_document);
+    m_status->setText(StatusText());
+    m_status->setToolTip(m_status->text());
+}
+
+void InspectorWindow::CloseDocument() {
     m_lists.reset();
     m_pane->Clear();
-    m_document = std::move(document);
-    m_pages->setCurrentIndex(1);
-    if (m_unitOfFile)
-        SetAngleUnit(m_document->OwnAngleUnit());
-    m_pane->Show(m_document->Root());
-    m_listsAction->setEnabled(true);
-    m_documentMenu->setEnabled(true);
-    m_file = path;
-    ShowStatus(path);
+    m_edit->SetDocument(nullptr);
+    m_document.reset();
+    ShowDocument();
 }
 
 bool InspectorWindow::OpenOrWarn(const std::string& path) {
-    return Try([&] {
-        Open(path);
-        // After the painting: the settings may be in use elsewhere, and are waited for.
-        QTimer::singleShot(
-            0, this, [path] { AddRecentFile(path); });
+    return MayLeave() && Try([&] {
+               Open(path);
+               Remember(path);
+           });
+}
+
+// After the painting: the settings may be in use elsewhere, and are waited for.
+void InspectorWindow::Remember(const std::string& path) {
+    QTimer::singleShot(
+        0, this, [path] { AddRecentFile(path); });
+}
+
+bool InspectorWindow::MayLeave() {
+    if (!m_document)
+        return true;
+    if (!m_pane->EndEdit())
+        return false;
+    if (!m_document->HasUnsavedChanges())
+        return true;
+    const ProgramTexts& texts = TheProgramTexts;
+    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+                    QString::fromUtf8(texts.unsaved.Utf8()).arg(NameOfFile(*m_document)),
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* save = box.addButton(QString::fromUtf8(texts.save.Utf8()), QMessageBox::AcceptRole);
+    QPushButton* discard =
+        box.addButton(QString::fromUtf8(texts.discard.Utf8()), QMessageBox::DestructiveRole);
+    box.setEscapeButton(box.addButton(QMessageBox::Cancel));
+    box.setDefaultButton(save);
+    box.exec();
+    return box.clickedButton() == discard || (box.clickedButton() == save && Save());
+}
+
+bool InspectorWindow::Save() {
+    if (!m_document || !m_pane->EndEdit())
+        return false;
+    if (m_document->File().GetState() == DocumentFile::State::Changed && !MayOverwrite())
+        return false;
+    const bool isSaved = Try([this] {
+        const WaitCursor wait;
+        m_document->Save();
     });
+    ShowChanges();
+    return isSaved;
+}
+
+bool InspectorWindow::MayOverwrite() {
+    const ProgramTexts& texts = TheProgramTexts;
+    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
+                    QString::fromUtf8(texts.changedElsewhere.Utf8()).arg(NameOfFile(*m_document)),
+                    QMessageBox::NoButton, this);
+    box.setTextFormat(Qt::PlainText);
+    QPushButton* overwrite =
+        box.addButton(QString::fromUtf8(texts.overwrite.Utf8()), QMessageBox::DestructiveRole);
+    QPushButton* cancel = box.addButton(QMessageBox::Cancel);
+    box.setEscapeButton(cancel);
+    box.setDefaultButton(cancel);
+    box.exec();
+    return box.clickedButton() == overwrite;
+}
+
+bool InspectorWindow::SaveAs() {
+    if (!m_document || !m_pane->EndEdit())
+        return false;
+    constexpr unsigned long PromptOnOverwrite = 2;
+    const std::string path = AskForFile(Asking::ToSave, m_document->File().Path(), PromptOnOverwrite);
+    if (path.empty())
+        return false;
+    const bool isSaved = Try([&] {
+        const WaitCursor wait;
+        m_document->SaveAs(path);
+        Remember(path);
+    });
+    ShowDocument();
+    return isSaved;
+}
+
+void InspectorWindow::closeEvent(QCloseEvent* event) {
+    event->setAccepted(MayLeave());
 }
 
 void InspectorWindow::Warn(const std::string& text) {
@@ -190,37 +294,66 @@ QRect InspectorWindow::Room() const {
     return screen()->availableGeometry().marginsRemoved(FrameRoom);
 }
 
-void InspectorWindow::ShowStatus(const std::string& path) {
+void InspectorWindow::ShowDocument() {
+    m_pages->setCurrentIndex(m_document ? 1 : 0);
+    for (QAction* action : {m_saveAsAction, m_closeAction, m_listsAction})
+        action->setEnabled(m_document != nullptr);
+    m_documentMenu->setEnabled(m_document != nullptr);
+    m_saveAction->setEnabled(m_document &&
+                             !m_document->Document().IsReadOnly()); // also for what is being typed
+    m_edit->SetDocument(m_document.get());
+    const QString program = QGuiApplication::applicationDisplayName();
+    setWindowTitle(m_document ? NameOfFile(*m_document) + QStringLiteral("[*]") : program);
+    m_folder = m_document ? QFileInfo(QFile::decodeName(m_document->File().Path().c_str())).absolutePath()
+                          : m_folder;
+    if (!m_document) {
+        m_status->clear();
+        m_status->setToolTip({});
+    }
+    ShowChanges();
+}
+
+void InspectorWindow::ShowChanges() {
+    const bool isChanged = m_document && m_document->HasUnsavedChanges();
+    setWindowModified(isChanged);
+    statusBar()->clearMessage(); // of a failure before
+    m_edit->ShowSteps();
+}
+
+QString InspectorWindow::StatusText() {
     const ProgramTexts& texts = TheProgramTexts;
-    const QFileInfo file(QFile::decodeName(path.c_str()));
-    setWindowTitle(file.fileName()); // Qt adds the name of the program
-    m_folder = file.absolutePath();
     const GridPane::Counts counts = m_pane->Count();
     QString status = CountText(counts.objects, texts.oneObject, texts.objects) + QStringLiteral(", ") +
                      CountText(counts.members, texts.oneMember, texts.members);
-    if (m_document->IsReadOnly())
+    if (m_document->Document().IsReadOnly())
         status += QStringLiteral(" – ") + QString::fromUtf8(texts.readOnly.Utf8());
-    for (const std::string& notice : m_document->Notices())
+    for (const std::string& notice : m_document->Document().Notices())
         status += QStringLiteral(" – ") + QString::fromStdString(platform::ToUtf8(notice));
-    m_status->setText(status);
-    m_status->setToolTip(status);
+    return status;
+}
+
+std::string InspectorWindow::AskForFile(Asking asking, const std::string& begin, unsigned long flags) {
+    const std::string filter = InCodePage(TheProgramTexts.landXmlFiles) +
+                               "|*.xml;*.landxml;*.xml.gz;*.landxml.gz|" +
+                               InCodePage(TheProgramTexts.allFiles) + "|*.*|";
+    const bool isToOpen = asking == Asking::ToOpen;
+    std::string path;
+    bool isChosen = false;
+    Try([&] {
+        isChosen = doModalFileDialog(path, isToOpen, isToOpen ? nullptr : "xml",
+                                     platform::FromUtf8(begin).text.c_str(), flags, filter.c_str(),
+                                     m_pane->m_hWnd, 0, 1);
+    });
+    return isChosen ? platform::ToUtf8(path) : std::string();
 }
 
 void InspectorWindow::ChooseFile() {
     constexpr unsigned long FileMustExist = 0x1000;
-    const std::string filter = InCodePage(TheProgramTexts.landXmlFiles) +
-                               "|*.xml;*.landxml;*.xml.gz;*.landxml.gz|" +
-                               InCodePage(TheProgramTexts.allFiles) + "|*.*|";
-    const std::string folder = QFile::encodeName(m_folder + QLatin1Char('/')).toStdString();
-    const std::string begin = m_folder.isEmpty() ? "" : platform::FromUtf8(folder).text;
-    std::string path;
-    bool isChosen = false;
-    Try([&] {
-        isChosen = doModalFileDialog(path, 1, nullptr, begin.c_str(), FileMustExist, filter.c_str(),
-                                     m_pane->m_hWnd, 0, 1);
-    });
-    if (isChosen)
-        OpenOrWarn(platform::ToUtf8(path));
+    const std::string begin =
+        m_folder.isEmpty() ? "" : QFile::encodeName(m_folder + QLatin1Char('/')).toStdString();
+    const std::string path = AskForFile(Asking::ToOpen, begin, FileMustExist);
+    if (!path.empty())
+        OpenOrWarn(path);
 }
 
 void InspectorWindow::ShowLists() {
@@ -228,7 +361,7 @@ void InspectorWindow::ShowLists() {
         const WaitCursor wait;
         const QRect room = Room();
         m_lists = std::make_unique<ListsWindow>(
-            *m_document, *m_pane,
+            m_document->Document(), *m_pane,
             CRect{room.x(), room.y(), room.x() + room.width(), room.y() + room.height()});
     }
     if (m_lists->HasLists())

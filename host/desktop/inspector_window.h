@@ -1,8 +1,9 @@
 #pragma once
 
-#include "desktop/grid_pane.h"
+#include "desktop/edit_menu.h"
 #include "desktop/lists_window.h"
-#include "landxml/landxml_document.h"
+#include "editing/grid_pane.h"
+#include "editing/open_document.h"
 
 #include <QMainWindow>
 #include <QMessageBox>
@@ -25,19 +26,35 @@ public:
     explicit InspectorWindow(const ReadingOptions& options, bool unitOfFile = false);
     ~InspectorWindow() override;
 
-    /// Opens a document instead of the one that is shown. Throws DocumentError; what was shown stays then.
+    /// Opens a document instead of the one that is shown, whatever changes that has. Throws DocumentError; what
+    /// was shown stays then.
     void Open(const std::string& path);
-    /// The same; a box shows what went wrong. True when the document is open.
+    /// The same, when the user wants to leave the one that is shown; a box shows what went wrong. True when the
+    /// document is open.
     bool OpenOrWarn(const std::string& path);
     /// Shows a text (UTF-8) in a box.
     void Warn(const std::string& text);
     GridPane& Pane() { return *m_pane; }
 
 protected:
+    void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
+    /// Asks what becomes of unsaved changes; false when the document stays open.
+    bool MayLeave();
+    bool Save();
+    bool SaveAs();
+    bool MayOverwrite();
+    void CloseDocument();
+    void Remember(const std::string& path);
+    enum class Asking { ToOpen, ToSave };
+    /// Empty: the user has chosen none.
+    std::string AskForFile(Asking asking, const std::string& begin, unsigned long flags);
+    /// The title, the menus and the status line say what is open.
+    void ShowDocument();
+    void ShowChanges();
     void MakeMenus();
     void MakeFileMenu();
     void MakeDocumentMenu();
@@ -51,15 +68,18 @@ private:
     void ChooseFile();
     void ShowLists();
     void ShowAbout();
-    void ShowStatus(const std::string& path);
+    QString StatusText();
 
     const ReadingOptions m_options;
     const bool m_unitOfFile;
-    std::unique_ptr<LandXmlDocument> m_document; // outlives the grid that shows it
     std::unique_ptr<GridPane> m_pane;
-    std::unique_ptr<ListsWindow> m_lists; // of the open document, made when first asked for
-    std::string m_file;                   // the open document
+    std::unique_ptr<OpenDocument> m_document; // not longer than the pane, which shows it
+    std::unique_ptr<ListsWindow> m_lists;     // of the open document, made when first asked for
+    std::unique_ptr<EditMenu> m_edit;
     QMenu* m_recentMenu = nullptr;
+    QAction* m_saveAction = nullptr;
+    QAction* m_saveAsAction = nullptr;
+    QAction* m_closeAction = nullptr;
     QMenu* m_documentMenu = nullptr; // for what needs a document
     QAction* m_listsAction = nullptr;
     QStackedWidget* m_pages = nullptr;

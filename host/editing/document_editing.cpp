@@ -22,19 +22,23 @@ bool DocumentEditing::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return false;
     else if (wParam != 0)
         m_stack.Open(lParam ? reinterpret_cast<const char*>(lParam) : "");
-    else {
-        m_stack.Close();
-        m_news.Tell();
-    }
+    else
+        Do([this] { m_stack.Close(); });
     return true;
+}
+
+void DocumentEditing::Do(const std::function<void()>& change) {
+    internal::FirstFailure failure;
+    failure.Try(change);
+    failure.Try([this] { m_news.Tell(); });
+    if (m_stepsHook)
+        failure.Try(m_stepsHook);
+    failure.Rethrow();
 }
 
 std::optional<ChangedMember> DocumentEditing::Replay(void (UndoStack::*replay)(),
                                                      const DocumentChange* change) {
-    internal::FirstFailure failure;
-    failure.Try([&] { (m_stack.*replay)(); });
-    failure.Try([&] { m_news.Tell(); });
-    failure.Rethrow();
+    Do([&] { (m_stack.*replay)(); });
     return change ? std::optional(MemberOf(m_document, *change)) : std::nullopt;
 }
 
@@ -46,6 +50,10 @@ std::optional<ChangedMember> DocumentEditing::Redo() {
     return Replay(&UndoStack::Redo, m_stack.NextRedo());
 }
 
+void DocumentEditing::MarkSaved() {
+    Do([this] { m_stack.MarkClean(); });
+}
+
 void DocumentEditing::OnChanging(const DocumentChange& change) {
     m_news.Remember(change);
 }
@@ -53,7 +61,7 @@ void DocumentEditing::OnChanging(const DocumentChange& change) {
 void DocumentEditing::OnChanged(const DocumentChange& change) {
     m_stack.Record(change);
     if (!m_stack.IsOpen() && !m_stack.IsReplaying())
-        m_news.Tell();
+        Do([] {});
 }
 
 } // namespace korvel::inspector

@@ -6,6 +6,10 @@
 #include "editing/undo_stack.h"
 #include "korvel/window/base/types.h"
 
+#include <functional>
+#include <optional>
+#include <utility>
+
 namespace korvel::inspector {
 
 /// The changes of one document, from the grids that make them to the grids that show them: steps for undo and
@@ -40,16 +44,22 @@ public:
     /// Where the step was, to be shown to the user; nothing where there was no step.
     std::optional<ChangedMember> Undo();
     std::optional<ChangedMember> Redo();
-    void MarkSaved() { m_stack.MarkClean(); }
+    void MarkSaved();
+
+    /// Called when the steps have changed.
+    void SetStepsHook(std::function<void()> hook) { m_stepsHook = std::move(hook); }
 
 private:
     void OnChanging(const DocumentChange& change) override;
     void OnChanged(const DocumentChange& change) override;
+    /// Runs a change of the steps and tells all that comes of it.
+    void Do(const std::function<void()>& change);
     std::optional<ChangedMember> Replay(void (UndoStack::*replay)(), const DocumentChange* change);
 
     LandXmlDocument& m_document;
     UndoStack m_stack;
     MemberNews m_news;
+    std::function<void()> m_stepsHook;
 };
 
 } // namespace korvel::inspector

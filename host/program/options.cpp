@@ -63,6 +63,17 @@ void AddExpand(Options& options, const std::string& value) {
 void SetExpandAll(Options& options, const std::string&) {
     options.expandAll = true;
 }
+void AddSet(Options& options, const std::string& value) {
+    if (value.find('=') == std::string::npos || value.front() == '=')
+        throw UsageError({"--set takes the path of a member, '=' and a text, not %1", {Quoted(value)}});
+    options.set.push_back(value);
+}
+void SetSave(Options& options, const std::string& value) {
+    if (options.save)
+        throw UsageError({"%1 is there twice", {"--save"}});
+    options.save = true;
+    options.saveAs = value;
+}
 void SetEncoding(Options& options, const std::string& value) {
     options.encoding = value;
 }
@@ -109,7 +120,7 @@ void SetVersion(Options& options, const std::string&) {
     options.version = true;
 }
 
-enum class Takes { Nothing, Value };
+enum class Takes { Nothing, Value, PerhapsValue };
 
 struct Option {
     std::string_view name;
@@ -122,6 +133,8 @@ constexpr Option KnownOptions[] = {
     {"--size", Takes::Value, SetSize},
     {"--expand", Takes::Value, AddExpand},
     {"--expand-all", Takes::Nothing, SetExpandAll},
+    {"--set", Takes::Value, AddSet},
+    {"--save", Takes::PerhapsValue, SetSave},
     {"--encoding", Takes::Value, SetEncoding},
     {"--locale", Takes::Value, SetLocale},
     {"--language", Takes::Value, SetLanguage},
@@ -163,7 +176,13 @@ std::size_t ApplyOption(Options& options, const std::vector<std::string>& argume
         return index;
     }
     const bool isInside = equals != std::string::npos;
-    if (!isInside && index + 1 == arguments.size())
+    const bool isLast = index + 1 == arguments.size();
+    if (option.takes == Takes::PerhapsValue && !isInside &&
+        (isLast || arguments[index + 1].starts_with('-'))) {
+        option.apply(options, {});
+        return index;
+    }
+    if (!isInside && isLast)
         throw UsageError({"%1 needs a value", {name}});
     const std::string value = isInside ? argument.substr(equals + 1) : arguments[index + 1];
     if (value.empty())
@@ -189,10 +208,19 @@ Options ReadOptions(const std::vector<std::string>& arguments) {
         else
             SetFile(options, argument);
     }
-    const bool needsFile =
-        options.list || !options.screenshot.empty() || !options.expand.empty() || options.expandAll;
+    const bool isJoined = std::any_of(arguments.begin(), arguments.end(), [](const std::string& argument) {
+        return argument.starts_with("--save=");
+    });
+    if (options.file.empty() && !isJoined)
+        std::swap(options.file, options.saveAs); // it was the only file that is named
+    const bool needsFile = options.list || !options.screenshot.empty() || !options.expand.empty() ||
+                           options.expandAll || !options.set.empty() || options.save;
     if (needsFile && options.file.empty() && !options.help && !options.version)
         throw UsageError("no file is named");
+    if (!options.set.empty() && !options.save && !options.list)
+        throw UsageError("--set needs --save or --list");
+    if (options.save && !options.screenshot.empty())
+        throw UsageError({"%1 and %2 exclude each other", {"--save", "--screenshot"}});
     if (options.list && !options.screenshot.empty())
         throw UsageError({"%1 and %2 exclude each other", {"--list", "--screenshot"}});
     return options;

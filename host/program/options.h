@@ -34,6 +34,9 @@ struct Options {
     PictureSize size;
     std::vector<std::string> expand; ///< paths of member names, separated by '/'
     bool expandAll = false;
+    std::vector<std::string> set; ///< "PATH=TEXT": the path of a member, and what to type into its cell
+    bool save = false;
+    std::string saveAs; ///< the file to save to; empty: the one that is read
     std::string encoding; ///< of the file; empty: as it says
     std::string locale;   ///< empty: the user's
     std::string language; ///< empty: the one that is set
@@ -56,7 +59,8 @@ private:
 };
 
 /// Reads the arguments after the program's name. The value of an option is the next argument, or follows '='
-/// in the same one: `--size 800x600`, `--size=800x600`. After `--` everything is a file name.
+/// in the same one: `--size 800x600`, `--size=800x600`. The value of `--save` may be missing: what follows it is
+/// its value unless that is an option, or the only file that is named. After `--` everything is a file name.
 /// Throws UsageError.
 Options ReadOptions(const std::vector<std::string>& arguments);
 

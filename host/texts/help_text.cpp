@@ -18,6 +18,9 @@ Shows a LandXML file as a tree of objects with typed attributes.
   --expand PATH             open the groups along a path of member names, separated by '/'; can be repeated; for a
                             list, which has all groups open, only a check that they are there
   --expand-all              open all groups
+  --set PATH=TEXT           write a text into the member of that path, as typed into its cell and ended with
+                            Return; can be repeated; a text that is refused ends the run, and nothing is saved
+  --save [FILE]             write the document back, or into that file: changed values only are written anew
   --encoding NAME           read the file in this encoding, where it declares a wrong one
   --locale NAME             write numbers and dates as in de-DE, en-US, ...
   --language NAME           English or German, for this run
@@ -54,6 +57,11 @@ Zeigt eine LandXML-Datei als Baum von Objekten mit typisierten Attributen.
   --expand PFAD             die Gruppen auf einem Pfad von Namen öffnen, die '/' trennt; mehrmals möglich; bei einer
                             Liste, in der alle offen sind, wird nur geprüft, ob es sie gibt
   --expand-all              alle Gruppen öffnen
+  --set PFAD=TEXT           einen Text in das Attribut dieses Pfads schreiben, wie in seine Zelle getippt und mit
+                            der Eingabetaste beendet; mehrmals möglich; ein Text, der abgelehnt wird, beendet den
+                            Lauf, und nichts wird gespeichert
+  --save [DATEI]            das Dokument zurückschreiben oder in diese Datei: nur geänderte Werte werden neu
+                            geschrieben
   --encoding NAME           die Datei in dieser Kodierung lesen, wenn sie eine falsche angibt
   --locale NAME             Zahlen und Daten schreiben wie in de-DE, en-US, ...
   --language NAME           English oder German, für diesen Lauf

@@ -19,7 +19,25 @@ struct ProgramTexts {
     ProgramText fileMenu = {"&File", "&Datei"};
     ProgramText open = {"&Open…", "Ö&ffnen…"};
     ProgramText recentFiles = {"Open &Recent", "&Zuletzt geöffnet"};
+    ProgramText save = {"&Save", "&Speichern"};
+    ProgramText saveAs = {"Save &As…", "Speichern &unter…"};
+    ProgramText close = {"&Close", "S&chließen"};
     ProgramText quit = {"&Quit", "&Beenden"};
+    ProgramText editMenu = {"&Edit", "&Bearbeiten"};
+    ProgramText undo = {"&Undo", "&Rückgängig"};
+    ProgramText redo = {"&Redo", "&Wiederholen"};
+    ProgramText cut = {"Cu&t", "&Ausschneiden"};
+    ProgramText copy = {"&Copy", "&Kopieren"};
+    ProgramText paste = {"&Paste", "&Einfügen"};
+    ProgramText addAttribute = {"&New Attribute…", "&Neues Attribut…"};
+    ProgramText removeAttribute = {"&Delete Attribute", "Attribut &löschen"};
+    ProgramText rename = {"Rena&me", "&Umbenennen"};
+    ProgramText changeType = {"Change T&ype", "&Typ ändern"};
+    ProgramText wholeNumber = {"&Whole Number", "&Ganze Zahl"};
+    ProgramText number = {"&Number", "&Zahl"};
+    ProgramText angle = {"&Angle", "&Winkel"};
+    ProgramText text = {"&Text", "&Text"};
+    ProgramText writeProtected = {"&Write Protected", "&Schreibgeschützt"};
     ProgramText viewMenu = {"&View", "&Ansicht"};
     ProgramText lists = {"&Lists", "&Listen"};
     ProgramText documentMenu = {"&Document", "D&okument"};
@@ -40,6 +58,14 @@ struct ProgramTexts {
         "Version %1\n\nShows a LandXML document as a tree of objects with typed attributes.",
         "Version %1\n\nZeigt ein LandXML-Dokument als Baum von Objekten mit typisierten "
         "Attributen."}; // %1: the version
+    ProgramText unsaved = {"The changes to “%1” are not saved.",
+                           "Die Änderungen an „%1“ sind nicht gespeichert."}; // %1: the name of the file
+    ProgramText discard = {"&Don’t Save", "&Nicht speichern"};
+    ProgramText changedElsewhere = {
+        "“%1” has been changed by another program. Saving overwrites that.",
+        "„%1“ ist von einem anderen Programm geändert worden. Beim Speichern geht "
+        "das verloren."}; // %1: the same
+    ProgramText overwrite = {"&Overwrite", "Ü&berschreiben"};
     ProgramText landXmlFiles = {"LandXML files", "LandXML-Dateien"};
     ProgramText allFiles = {"All files", "Alle Dateien"};
     ProgramText invitation = {"No file is open.\n\nChoose File > Open… or drop a LandXML file here.",

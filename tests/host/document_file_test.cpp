@@ -1,4 +1,4 @@
-#include "program/document_file.h"
+#include "editing/document_file.h"
 #include "source/document_error.h"
 #include "source/gzip.h"
 #include "support/scratch.h"

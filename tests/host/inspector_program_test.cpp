@@ -116,6 +116,55 @@ TEST(InspectorProgram, WritesPicturesWithoutScreen) {
     EXPECT_EQ(RunInspector(railway + " --screenshot /dev/null/picture.png").status, 1);
 }
 
+TEST(InspectorProgram, SetsValuesAsIfTyped) {
+    const platform::ScratchFolder folder;
+    const platform::ScratchVariable settings("XDG_CONFIG_HOME", folder.Path().c_str());
+    const std::string path = folder.Path() / "a.xml";
+    const std::string copy = folder.Path() / "b.xml";
+    const auto document = [](const char* length, const char* side, const char* date, const char* isClosed) {
+        return std::string("<LandXML date='") + date + "'>\r\n<Units><Metric linearUnit=\"meter\"/></Units>" +
+               "<Zones side='" + side + "' desc='a=b'/><Chain  length = \"" + length + "\" closedArea='" +
+               isClosed + "'/></LandXML>\n";
+    };
+    const std::string before = document("1.50", "left", "2020-03-05", "false");
+    struct Case {
+        const char* name;
+        std::vector<std::string> set;
+        std::string after;
+    };
+    const Case cases[] = {
+        {"a sum", {"Chain/length=2*(3+4)"}, document("14", "left", "2020-03-05", "false")},
+        {"a comma", {"Chain/length=2,25"}, document("2.25", "left", "2020-03-05", "false")},
+        {"an equal value", {"Chain/length=1,5"}, before},
+        {"an entry", {"Zones/side=right"}, document("1.50", "right", "2020-03-05", "false")},
+        {"a date", {"date=2021-12-31"}, document("1.50", "left", "2021-12-31", "false")},
+        {"a flag", {"Chain/closedArea=true"}, document("1.50", "left", "2020-03-05", "true")},
+        {"several", {"Chain/length=3", "Zones/side=both"}, document("3", "both", "2020-03-05", "false")},
+        {"no sum", {"Chain/length=3", "Chain/length=3+"}, ""},
+        {"no entry", {"Chain/length=3", "Zones/side=middle"}, ""},
+        {"no date", {"date=today"}, ""},
+        {"no flag", {"Chain/closedArea=perhaps"}, ""},
+        {"no member", {"Chain/width=3"}, ""},
+        {"a namespace", {"Units=1"}, ""},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        std::ofstream(path, std::ios::binary) << before;
+        std::string arguments = "--locale de-DE --language English --save " + copy + " " + path;
+        for (const std::string& assignment : c.set)
+            arguments += " --set '" + assignment + "'";
+        const Outcome outcome = RunInspector(arguments);
+        EXPECT_EQ(outcome.status, c.after.empty() ? 2 : 0) << outcome.output;
+        EXPECT_EQ(platform::ContentOf(path), before);
+        EXPECT_EQ(platform::ContentOf(copy), c.after);
+        if (c.after.empty())
+            EXPECT_THAT(outcome.output, StartsWith("inspector: --set"));
+        std::filesystem::remove(copy);
+    }
+    EXPECT_EQ(RunInspector("--set 'Chain/length=9' --save " + path).status, 0);
+    EXPECT_EQ(platform::ContentOf(path), document("9", "left", "2020-03-05", "false")) << "in its own file";
+}
+
 TEST(InspectorProgram, SetsADamagedSettingsStoreAside) {
     for (const char* root : {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS"}) {
         SCOPED_TRACE(root);

@@ -31,6 +31,20 @@ TEST(Options, AreRead) {
     EXPECT_TRUE(options.keep);
     EXPECT_FALSE(options.list);
     EXPECT_EQ(ReadOptions({"--", "--list"}).file, "--list");
+    const std::tuple<std::vector<std::string>, const char*, const char*> saves[] = {
+        {{"a.xml", "--save"}, "a.xml", ""},           {{"a.xml", "--save", "b.xml"}, "a.xml", "b.xml"},
+        {{"--save", "a.xml"}, "a.xml", ""},           {{"--save", "b.xml", "a.xml"}, "a.xml", "b.xml"},
+        {{"--save", "--list", "a.xml"}, "a.xml", ""}, {{"--save=b.xml", "a.xml"}, "a.xml", "b.xml"},
+        {{"--save", "--", "a.xml"}, "a.xml", ""},
+    };
+    for (const auto& [arguments, file, saveAs] : saves) {
+        const Options read = ReadOptions(arguments);
+        EXPECT_EQ(read.file, file);
+        EXPECT_EQ(read.saveAs, saveAs);
+        EXPECT_TRUE(read.save);
+    }
+    EXPECT_THAT(ReadOptions({"--set", "A/b=1=2", "--set=c=", "a.xml", "--list"}).set,
+                ElementsAre("A/b=1=2", "c="));
     EXPECT_EQ(ReadOptions({}).file, "") << "a window can open without a file";
 }
 
@@ -45,6 +59,13 @@ TEST(Options, AreRefusedWithAReason) {
         {{"--expand", "A"}, "no file is named"},
         {{"--expand-all"}, "no file is named"},
         {{"--list", "--screenshot", "a.png", "a.xml"}, "--list and --screenshot exclude each other"},
+        {{"--save"}, "no file is named"},
+        {{"--save=b.xml"}, "no file is named"},
+        {{"--save", "--save", "a.xml"}, "--save is there twice"},
+        {{"--set", "A", "a.xml"}, "not 'A'"},
+        {{"--set", "=A", "a.xml"}, "not '=A'"},
+        {{"--set", "A=1", "a.xml"}, "--set needs --save or --list"},
+        {{"--save", "--screenshot", "a.png", "a.xml"}, "exclude each other"},
         {{"--list=yes", "a.xml"}, "--list takes no value"},
         {{"a.xml", "--locale"}, "--locale needs a value"},
         {{"--locale=", "a.xml"}, "--locale needs a value"},

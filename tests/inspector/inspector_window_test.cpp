@@ -136,7 +136,7 @@ TEST_F(InspectorWindowTest, ValuesTakeTheWidthThatNamesLeave) {
 
 TEST_F(InspectorWindowTest, ItsDocumentMenuOpensWhatItSays) {
     const platform::ScratchStore store;
-    QMenu& menu = *m_window->menuBar()->actions().at(1)->menu();
+    QMenu& menu = *m_window->menuBar()->actions().at(2)->menu();
     EXPECT_FALSE(menu.isEnabled()) << "there is no document";
     OpenSample();
     ASSERT_TRUE(menu.isEnabled());

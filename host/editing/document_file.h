@@ -36,6 +36,8 @@ public:
     /// The same into another file, which is the document's file from then on; packed when its name ends in ".gz".
     /// Bytes that this text has in the former file are copied, also the packed ones.
     void WriteAs(const std::string& path, std::string_view utf8);
+    /// Copies the file as it is, and goes on with the copy.
+    void CopyTo(const std::string& path);
 
 private:
     std::string Encode(std::string_view utf8) const;

@@ -1,4 +1,4 @@
-#include "desktop/grid_pane.h"
+#include "editing/grid_pane.h"
 
 #include "program/member_path.h"
 #include "texts/program_texts.h"
@@ -14,6 +14,7 @@ namespace {
 constexpr CRect FirstPlace = {0, 0, 900, 600}; // until a layout places it
 constexpr double SmallestShare = 0.1;          // of a column
 constexpr int GridId = 105;
+constexpr UINT FrameIsOver = WM_USER + 1; // posted by the pane to itself
 
 // The child whose name begins the path; of several, the one with the longest name.
 grid::CTreeItem* FindStep(const ChildList& children, std::string_view path) {
@@ -51,22 +52,79 @@ void AttributeGrid::DivideWidth() {
     SetColumnWidth(1, width - name);
 }
 
-GridPane::GridPane() : m_grid(nullptr, nullptr) {
+GridPane::GridPane() : m_grid(&m_observer, nullptr) {
     CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
     m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
                   FirstPlace, this, GridId);
-    m_grid.SetGridOption(EGridOption::AngleUnit, true);
-    m_grid.SetAllowEdit(false); // there is no way yet to save what was edited
+    for (const EGridOption option :
+         {EGridOption::AngleUnit, EGridOption::ExactEditText, EGridOption::EscapeCancels,
+          EGridOption::InlineErrors, EGridOption::StationInput, EGridOption::KeyboardEditing,
+          EGridOption::WideIntegers})
+        m_grid.SetGridOption(option, true);
+    m_grid.SetAllowFormats(false);
+    m_grid.SetErrorReporter(*this);
 }
 
-void GridPane::Show(IMemberDispatch& root) {
-    m_grid.Clear();
+void GridPane::Show(OpenDocument& document) {
+    Clear();
+    m_document = &document;
     m_grid.DivideWidth(); // the widths that the columns begin with
     const ProgramTexts& texts = TheProgramTexts;
-    m_grid.Initialize(&root, InCodePage(texts.name), InCodePage(texts.value), 0);
+    m_grid.Initialize(&document.Document().Root(), InCodePage(texts.name), InCodePage(texts.value), 0);
     m_grid.DivideWidth(); // the rows may have brought a scroll bar
     Select(0);
     m_grid.SetFocus();
+}
+
+void GridPane::Clear() {
+    m_grid.Clear();
+    m_document = nullptr;
+}
+
+IMemberDispatch* GridPane::SelectedObject() const {
+    const grid::CTreeItem* node = m_grid.GetSelectedNode();
+    return node ? m_grid.GetDispInterface(node) : nullptr;
+}
+
+std::string GridPane::SelectedName() const {
+    const grid::CTreeItem* node = m_grid.GetSelectedNode();
+    return node ? node->info->text : std::string();
+}
+
+std::string GridPane::SelectedText() const {
+    return m_grid.GetItemText(m_grid.GetNextItem(-1, LVNI_SELECTED), 1);
+}
+
+RowAbilities GridPane::SelectedRow() const {
+    IMemberDispatch* owner = SelectedObject();
+    if (!owner)
+        return {};
+    const std::string name = SelectedName();
+    const std::uint32_t flags = owner->GetMemberFlags(name);
+    const IMemberDispatch* group = m_grid.GetSelectedNode()->info->disp;
+    RowAbilities row;
+    row.canAdd = (group ? group : owner)->GetEditFlags() & EF_Add;
+    row.canRemove = flags & MF_Delete;
+    row.canRename = flags & (MF_Rename | MF_Change);
+    row.canChangeType = flags & MF_ChangeType;
+    row.canProtect = flags & MF_WriteProtect;
+    row.isProtected = !owner->IsMemberEditable(name);
+    return row;
+}
+
+void GridPane::Report(const std::string&, const std::string& message) {
+    if (m_failureHook)
+        m_failureHook(message);
+}
+
+void GridPane::Send(unsigned command) {
+    m_grid.SendMessageA(WM_COMMAND, command, 0);
+}
+
+void GridPane::SendToField(unsigned command) {
+    const HWND field = korvel::GetFocus();
+    if (field && field != m_grid.m_hWnd && IsChild(m_grid.m_hWnd, field))
+        korvel::SendMessageA(field, WM_COMMAND, command, 0);
 }
 
 void GridPane::Select(int row) {
@@ -93,6 +151,21 @@ bool GridPane::Expand(const std::string& path) {
     return true;
 }
 
+void GridPane::Reveal(IMemberDispatch& object, const std::string& name) {
+    grid::CTreeItem* node = m_grid.LookupTreeItem(&object, name);
+    std::vector<grid::CTreeItem*> around;
+    for (grid::CTreeItem* parent = node ? node->parent() : nullptr; parent; parent = parent->parent())
+        around.push_back(parent);
+    for (auto parent = around.rbegin(); parent != around.rend(); ++parent)
+        if ((*parent)->collapsed() && m_grid.RowOfNode(*parent) >= 0)
+            m_grid.ExpandNode(*parent, m_grid.RowOfNode(*parent));
+    const int row = node ? m_grid.RowOfNode(node) : -1;
+    if (row < 0)
+        return;
+    m_grid.EnsureVisible(row, false);
+    Select(row);
+}
+
 GridPane::Counts GridPane::Count() const {
     Counts counts;
     std::vector<const ChildList*> families = {&m_grid.rootItems()};
@@ -109,6 +182,12 @@ GridPane::Counts GridPane::Count() const {
 }
 
 LRESULT GridPane::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (m_document && m_document->Editing().OnMessage(message, wParam, lParam)) {
+        PostMessageA(m_hWnd, FrameIsOver, 0, 0);
+        return 0;
+    }
+    if (message == FrameIsOver && m_document)
+        m_document->Editing().Settle();
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
     if (message == WM_SIZE)
         m_grid.MoveWindow(GetClientRect());

@@ -1,4 +1,4 @@
-#include "program/document_file.h"
+#include "editing/document_file.h"
 
 #include "korvel/documents/xml_encoding.h"
 #include "korvel/platform/code_page.h"
@@ -9,6 +9,7 @@
 #include "texts/system_reason.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -70,6 +71,14 @@ void DocumentFile::WriteAs(const std::string& path, std::string_view utf8) {
     Put(path, former ? *former : isPacked ? Pack(bytes) : bytes, HashOf(bytes));
     m_path = path;
     m_form.isPacked = isPacked;
+}
+
+void DocumentFile::CopyTo(const std::string& path) {
+    const std::optional<std::string> bytes = BytesOf(m_path);
+    if (!bytes)
+        throw DocumentError(m_path, SystemReason(errno));
+    Put(path, *bytes, m_hash);
+    m_path = path;
 }
 
 void DocumentFile::Put(const std::string& path, std::string_view content, std::size_t hash) {

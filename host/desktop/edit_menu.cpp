@@ -1,0 +1,128 @@
+#include "desktop/edit_menu.h"
+
+#include "korvel/platform/code_page.h"
+#include "texts/program_texts.h"
+
+#include <QKeySequence>
+#include <QMenuBar>
+#include <utility>
+
+namespace korvel::inspector {
+
+namespace {
+
+// What a field of the library does with the clipboard; see CGridCtrlEdit.
+enum FieldCommand { CopyText = 57634, CutText = 57635, PasteText = 57637 };
+
+QString Said(const ProgramText& text) {
+    return QString::fromUtf8(text.Utf8());
+}
+
+QString WithStep(const ProgramText& text, const std::string& step) {
+    return step.empty()
+               ? Said(text)
+               : Said(text) + QStringLiteral(": ") +
+                     QString::fromStdString(platform::ToUtf8(step)).replace(u'&', QStringLiteral("&&"));
+}
+
+constexpr RowAbilities Everything = {true, true, true, true, true, false};
+
+} // namespace
+
+EditMenu::EditMenu(QMenuBar& bar, GridPane& pane, std::function<void(const std::function<void()>&)> attempt)
+    : m_pane(pane), m_attempt(std::move(attempt)), m_menu(bar.addMenu(Said(TheProgramTexts.editMenu))) {
+    const ProgramTexts& texts = TheProgramTexts;
+    m_undo = Add(*m_menu, texts.undo, [this] { Reveal(m_document->Editing().Undo()); });
+    m_undo->setShortcut(QKeySequence::Undo);
+    m_redo = Add(*m_menu, texts.redo, [this] { Reveal(m_document->Editing().Redo()); });
+    m_redo->setShortcuts(
+        {QKeySequence(Qt::CTRL | Qt::Key_Y), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z)});
+    m_menu->addSeparator();
+    AddClipboard();
+    m_menu->addSeparator();
+    m_add = AddCommand(*m_menu, texts.addAttribute, GridCommand::AddMember);
+    m_add->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
+    m_remove = AddCommand(*m_menu, texts.removeAttribute, GridCommand::RemoveMember);
+    m_rename = AddCommand(*m_menu, texts.rename, GridCommand::RenameMember);
+    m_rename->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
+    AddTypes();
+    m_protect = AddCommand(*m_menu, texts.writeProtected, GridCommand::ToggleWriteProtection);
+    m_protect->setCheckable(true);
+    QObject::connect(
+        m_menu, &QMenu::aboutToShow, m_menu, [this] { EnableFor(m_pane.SelectedRow()); });
+    QObject::connect(m_menu, &QMenu::aboutToHide, m_menu, [this] { EnableFor(Everything); });
+    SetDocument(nullptr);
+}
+
+QAction* EditMenu::Add(QMenu& menu, const ProgramText& text, const std::function<void()>& action) {
+    return menu.addAction(
+        Said(text), m_menu,
+        [this, action] {
+            m_attempt([&] {
+                if (m_document && m_pane.EndEdit())
+                    action();
+            });
+        });
+}
+
+QAction* EditMenu::AddCommand(QMenu& menu, const ProgramText& text, GridCommand command) {
+    return Add(
+        menu, text, [this, command] { m_pane.Send(static_cast<unsigned>(command)); });
+}
+
+void EditMenu::Reveal(const std::optional<ChangedMember>& changed) {
+    if (changed && !changed->name.empty())
+        m_pane.Reveal(m_document->Document().ObjectOf(changed->owner), changed->name);
+}
+
+void EditMenu::AddClipboard() {
+    struct Entry {
+        const ProgramText& text;
+        FieldCommand command;
+        QKeySequence::StandardKey key;
+    };
+    for (const Entry& entry : {Entry{TheProgramTexts.cut, CutText, QKeySequence::Cut},
+                               Entry{TheProgramTexts.copy, CopyText, QKeySequence::Copy},
+                               Entry{TheProgramTexts.paste, PasteText, QKeySequence::Paste}}) {
+        QAction* action = m_menu->addAction(Said(entry.text), m_menu, [this, command = entry.command] {
+            m_attempt([&] { m_pane.SendToField(command); });
+        });
+        action->setShortcut(entry.key);
+    }
+}
+
+void EditMenu::AddTypes() {
+    const ProgramTexts& texts = TheProgramTexts;
+    m_types = m_menu->addMenu(Said(texts.changeType));
+    AddCommand(*m_types, texts.wholeNumber, GridCommand::ChangeToInt);
+    AddCommand(*m_types, texts.number, GridCommand::ChangeToDouble);
+    AddCommand(*m_types, texts.angle, GridCommand::ChangeToAngleDouble);
+    AddCommand(*m_types, texts.text, GridCommand::ChangeToString);
+}
+
+void EditMenu::SetDocument(OpenDocument* document) {
+    m_document = document;
+    EnableFor(Everything);
+    ShowSteps();
+}
+
+void EditMenu::ShowSteps() {
+    const ProgramTexts& texts = TheProgramTexts;
+    const UndoStack* steps = m_document ? &m_document->Editing().Steps() : nullptr;
+    m_undo->setEnabled(steps && steps->CanUndo());
+    m_undo->setText(WithStep(texts.undo, steps ? steps->UndoTitle() : std::string()));
+    m_redo->setEnabled(steps && steps->CanRedo());
+    m_redo->setText(WithStep(texts.redo, steps ? steps->RedoTitle() : std::string()));
+}
+
+void EditMenu::EnableFor(const RowAbilities& row) {
+    const bool canWrite = m_document && !m_document->Document().IsReadOnly();
+    m_add->setEnabled(canWrite && row.canAdd);
+    m_remove->setEnabled(canWrite && row.canRemove);
+    m_rename->setEnabled(canWrite && row.canRename);
+    m_types->setEnabled(canWrite && row.canChangeType);
+    m_protect->setEnabled(canWrite && row.canProtect);
+    m_protect->setChecked(row.isProtected);
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,33 @@
+#include "editing/open_document.h"
+
+#include "korvel/documents/xml_encoding.h"
+#include "korvel/platform/utf8.h"
+
+namespace korvel::inspector {
+
+OpenDocument::OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer)
+    : m_document(path, options), m_editing(m_document, observer), m_file(path, m_document) {
+    m_document.SetCharacterTest([encoding = m_document.Form().encoding](char32_t character) {
+        std::string utf8;
+        platform::AppendUtf8(utf8, character);
+        return EncodeXml(utf8, encoding).has_value();
+    });
+}
+
+void OpenDocument::Save() {
+    if (m_document.IsReadOnly())
+        return;
+    m_file.Write(m_document.Tree().EditedSource());
+    m_editing.MarkSaved();
+}
+
+void OpenDocument::SaveAs(const std::string& path) {
+    if (m_document.IsReadOnly()) {
+        m_file.CopyTo(path);
+        return;
+    }
+    m_file.WriteAs(path, m_document.Tree().EditedSource());
+    m_editing.MarkSaved();
+}
+
+} // namespace korvel::inspector

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "editing/document_editing.h"
+#include "editing/document_file.h"
+#include "landxml/landxml_document.h"
+
+#include <string>
+
+namespace korvel::inspector {
+
+/// A document that is open: its objects, the steps by which they were changed, and its file.
+///
+///     OpenDocument open("road.xml", {}, observer);
+///     grid.Initialize(&open.Document().Root(), "Name", "Value", 0);
+///     ...
+///     if (open.HasUnsavedChanges())
+///         open.Save();
+class OpenDocument {
+public:
+    /// `observer` is that of the grids that will show it, and must outlive it; no grid may show it after its end.
+    /// Throws DocumentError.
+    OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer);
+
+    LandXmlDocument& Document() { return m_document; }
+    DocumentEditing& Editing() { return m_editing; }
+    const DocumentFile& File() const { return m_file; }
+
+    bool HasUnsavedChanges() const { return !m_editing.Steps().IsClean(); }
+    /// Both throw DocumentError when the file cannot be written; the changes are unsaved still. The file of a document
+    /// that can only be read is left alone, or copied as it is.
+    void Save();
+    void SaveAs(const std::string& path);
+
+private:
+    LandXmlDocument m_document;
+    DocumentEditing m_editing;
+    DocumentFile m_file;
+};
+
+} // namespace korvel::inspector

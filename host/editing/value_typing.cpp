@@ -1,0 +1,112 @@
+#include "editing/value_typing.h"
+
+#include "korvel/editors/grid_ctrl_date_time.h"
+#include "korvel/editors/grid_ctrl_edit.h"
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/error.h"
+#include "korvel/window/core/input.h"
+#include "landxml/value_reading.h"
+#include "texts/messages.h"
+
+#include <limits>
+#include <memory>
+
+namespace korvel::inspector {
+
+namespace {
+
+[[noreturn]] void Refuse(const Message& reason) {
+    throw Error(platform::FromUtf8(Say(reason)).text);
+}
+
+void Press(UINT key, const std::string& characters = {}) {
+    if (const HWND window = GetFocus()) {
+        input::Key(window, WM_KEYDOWN, key, characters);
+        input::Key(window, WM_KEYUP, key, {});
+    }
+}
+
+// Keys that no text field has a meaning for but by their characters.
+void TypeCharacters(const std::string& text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t length = platform::CharacterAt(text, at).length;
+        Press(0, text.substr(at, length));
+        at += length;
+    }
+}
+
+// The class of the control that has opened over the cell; null when it has another one.
+template <typename Control>
+Control* OpenControl() {
+    return dynamic_cast<Control*>(CWnd::FromHandlePermanent(GetFocus()));
+}
+
+void TypeText(const std::string& text) {
+    auto* field = OpenControl<CGridCtrlEdit>();
+    if (!field)
+        Refuse("the value cannot be edited");
+    field->SetSel(0, -1);
+    if (text.empty())
+        Press(VK_DELETE);
+    TypeCharacters(text);
+    Press(VK_RETURN, "\r");
+}
+
+void ChooseDate(const std::string& text) {
+    auto* picker = OpenControl<CGridCtrlDateTime>();
+    if (!picker)
+        Refuse("the value cannot be edited");
+    double moment = std::numeric_limits<double>::quiet_NaN();
+    if (!text.empty()) {
+        const TypedValue date = ReadValue({Meaning::Date}, {platform::ToUtf8(text)}, {UnitSet()});
+        if (date.value.Type != DT_Date)
+            Refuse({"%1 is no date, which is written like 2026-03-04", {"'" + platform::ToUtf8(text) + "'"}});
+        moment = date.value.Value.Double;
+    }
+    input::Value(picker->m_hWnd, moment);
+    Press(VK_RETURN, "\r");
+}
+
+void ToggleTo(const std::string& text, bool isOn) {
+    if (text != "true" && text != "false")
+        Refuse({"%1 is neither true nor false", {"'" + platform::ToUtf8(text) + "'"}});
+    if (isOn != (text == "true"))
+        Press(VK_SPACE, " ");
+}
+
+void ChooseEntry(const std::string& text) {
+    input::Key(GetFocus(), WM_SYSKEYDOWN, VK_DOWN, {});
+    TypeCharacters(text);
+    Press(VK_RETURN, "\r");
+}
+
+} // namespace
+
+void TypeValue(GridPane& pane, const std::string& text) {
+    IMemberDispatch* object = pane.SelectedObject();
+    const std::string name = pane.SelectedName();
+    CVariantValue before;
+    if (!object || !object->IsMemberEditable(name) || !object->GetMember(name, before))
+        Refuse("the value cannot be edited");
+    std::string failure;
+    pane.SetFailureHook([&](const std::string& message) { failure = message; });
+    const std::unique_ptr<GridPane, void (*)(GridPane*)> end(
+        &pane, [](GridPane* hooked) { hooked->SetFailureHook({}); });
+    pane.SetFocus();
+    if (before.Type == DT_Bool)
+        ToggleTo(text, before.Value.Bool);
+    else if (before.Type & TypeBitList)
+        ChooseEntry(text);
+    else
+        Press(VK_F2);
+    if (before.Type == DT_Date)
+        ChooseDate(text);
+    else if (before.Type != DT_Bool && !(before.Type & TypeBitList))
+        TypeText(text);
+    if (!failure.empty())
+        throw Error(failure);
+    if ((before.Type & TypeBitList) && pane.SelectedText() != text)
+        Refuse({"%1 is none of the list", {"'" + platform::ToUtf8(text) + "'"}});
+}
+
+} // namespace korvel::inspector

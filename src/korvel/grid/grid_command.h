@@ -1,0 +1,29 @@
+#pragma once
+
+namespace korvel {
+
+/// What an attribute grid does for its selected row when a menu of the host sends it WM_COMMAND with the number
+/// and without a control.
+///
+///     grid.SendMessageA(WM_COMMAND, static_cast<WPARAM>(GridCommand::RemoveMember));
+///
+/// The grid asks the object of the row what it allows, but for a change of the type: whoever offers that asks
+/// GetMemberFlags before.
+enum class GridCommand : unsigned {
+    ChangeToInt = 15010,
+    ChangeToDouble = 15011,
+    ChangeToFloat = 15012,
+    ChangeToString = 15013,
+    ChangeToLong = 15014,
+    ChangeToAngleDouble = 15015,
+    ChangeToAngleFloat = 15016,
+    ChangeToUInt = 15020,
+    AddMember = 15041,
+    RemoveMember = 15042,
+    RenameMember = 15043,
+    OpenFile = 15051,
+    OpenFolder = 15055,
+    ToggleWriteProtection = 18039,
+};
+
+} // namespace korvel

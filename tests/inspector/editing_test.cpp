@@ -1,0 +1,174 @@
+#include "desktop/inspector_window.h"
+#include "korvel/qt/qt_display.h"
+#include "korvel/values/language.h"
+#include "support/scratch.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <fstream>
+#include <gmock/gmock.h>
+
+namespace korvel::inspector {
+
+namespace {
+
+constexpr const char* Source =
+    "<?xml version='1.0'?>\r\n<LandXML><!-- one -->\r\n  <Line  length = '1.50'\tname=\"a &amp; b\" "
+    "radius='7'/>\r\n</LandXML>\r\n";
+
+// Somebody who edits a small document in the inspector's window.
+class EditingTest : public testing::Test {
+protected:
+    EditingTest() {
+        SetLanguageForThisRun("English");
+        SetDisplay(&m_display);
+        m_window = std::make_unique<InspectorWindow>(ReadingOptions{});
+        m_window->resize(600, 400);
+        m_window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+        Write(Source);
+        EXPECT_TRUE(m_window->OpenOrWarn(m_path));
+        m_window->Pane().ExpandAll();
+    }
+
+    void Write(const std::string& text) const { std::ofstream(m_path, std::ios::binary) << text; }
+    std::string Content() const {
+        std::ifstream file(m_path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    CEditableGrid& Grid() const {
+        return dynamic_cast<CEditableGrid&>(
+            *CWnd::FromHandlePermanent(GetFirstChild(m_window->Pane().m_hWnd)));
+    }
+    int RowOf(const std::string& name) const {
+        for (int row = 0; row < Grid().GetItemCount(); ++row)
+            if (Grid().GetItemText(row, 0) == name)
+                return row;
+        ADD_FAILURE() << "there is no row " << name;
+        return 0;
+    }
+    std::string ValueOf(const std::string& name) const { return Grid().GetItemText(RowOf(name), 1); }
+    void ClickValue(const std::string& name) {
+        m_window->activateWindow(); // after a box
+        EXPECT_TRUE(QTest::qWaitForWindowActive(m_window.get()));
+        const CRect cell = Grid().GetSubItemRect(RowOf(name), 1);
+        QTest::mouseClick(m_display.WidgetOf(Grid().m_hWnd), Qt::LeftButton, {},
+                          QPoint(cell.left + 20, (cell.top + cell.bottom) / 2));
+        QApplication::processEvents();
+    }
+    void Type(const char* text) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text));
+    }
+    void Edit(const std::string& name, const char* text) {
+        ClickValue(name);
+        Type(text);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    }
+    QAction& Action(int menu, const char* text) const {
+        for (QAction* action : m_window->menuBar()->actions().at(menu)->menu()->actions())
+            if (action->text().remove(u'&').startsWith(QLatin1String(text)))
+                return *action;
+        throw std::out_of_range(text);
+    }
+    QAction& FileAction(const char* text) const { return Action(0, text); }
+    QAction& EditAction(const char* text) const { return Action(1, text); }
+    // Presses a button of the next box.
+    void Answer(const char* button) {
+        QTimer::singleShot(
+            0, m_window.get(),
+            [this, button] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                ASSERT_NE(box, nullptr);
+                ++m_boxes;
+                for (QAbstractButton* offered : box->buttons())
+                    if (offered->text().remove(u'&') == QString::fromUtf8(button))
+                        return offered->click();
+                ADD_FAILURE() << "no button " << button;
+                box->close();
+            });
+    }
+
+    platform::ScratchStore m_folder;
+    const std::string m_path = m_folder.Path() / "a.xml";
+    qt::QtDisplay m_display;
+    std::unique_ptr<InspectorWindow> m_window;
+    int m_boxes = 0;
+};
+
+TEST_F(EditingTest, WhatIsTypedIsUndoneRedoneAndSavedAndChangesNothingElse) {
+    Edit("length", "2*(3+4)");
+    EXPECT_EQ(ValueOf("length").substr(0, 2), "14");
+    EXPECT_TRUE(m_window->isWindowModified());
+    EXPECT_EQ(EditAction("Undo").text().remove(u'&'), QStringLiteral("Undo: Member edited: length"));
+    EditAction("Undo").trigger();
+    EXPECT_EQ(ValueOf("length").substr(0, 3), "1.5");
+    EXPECT_FALSE(m_window->isWindowModified());
+    EditAction("Redo").trigger();
+    EXPECT_EQ(ValueOf("length").substr(0, 2), "14");
+    FileAction("Save").trigger();
+    std::string expected = Source;
+    expected.replace(expected.find("1.50"), 4, "14");
+    EXPECT_EQ(Content(), expected);
+    EXPECT_FALSE(m_window->isWindowModified());
+    EditAction("Undo").trigger();
+    EXPECT_TRUE(m_window->isWindowModified());
+    FileAction("Save").trigger();
+    EXPECT_EQ(Content(), Source);
+}
+
+TEST_F(EditingTest, SavingCommitsWhatIsBeingTyped) {
+    ClickValue("radius");
+    Type("8");
+    FileAction("Save").trigger();
+    EXPECT_THAT(Content(), testing::HasSubstr("radius='8'"));
+
+    ClickValue("radius");
+    Type("8+");
+    FileAction("Save").trigger();
+    EXPECT_THAT(Content(), testing::HasSubstr("radius='8'")) << "refused, and told";
+    Type("9");
+    FileAction("Save").trigger();
+    EXPECT_THAT(Content(), testing::HasSubstr("radius='9'"));
+}
+
+TEST_F(EditingTest, AsksBeforeChangesAreLost) {
+    Edit("radius", "8");
+    Answer("Cancel");
+    EXPECT_FALSE(m_window->close());
+    Answer("Cancel");
+    FileAction("Close").trigger();
+    EXPECT_EQ(Grid().GetItemCount(), 4);
+    Answer("Save");
+    FileAction("Close").trigger();
+    EXPECT_THAT(Content(), testing::HasSubstr("radius='8'"));
+    EXPECT_EQ(m_boxes, 3);
+    EXPECT_TRUE(m_window->OpenOrWarn(m_path));
+    m_window->Pane().ExpandAll();
+    Edit("radius", "9");
+    Answer("Don’t Save");
+    EXPECT_TRUE(m_window->close());
+    EXPECT_THAT(Content(), testing::HasSubstr("radius='8'"));
+    EXPECT_EQ(m_boxes, 4);
+}
+
+TEST_F(EditingTest, AsksBeforeItOverwritesWhatAnotherProgramHasWritten) {
+    Edit("radius", "8");
+    Write("<LandXML/>");
+    Answer("Cancel");
+    FileAction("Save").trigger();
+    EXPECT_EQ(Content(), "<LandXML/>");
+    EXPECT_TRUE(m_window->isWindowModified());
+    Answer("Overwrite");
+    FileAction("Save").trigger();
+    EXPECT_THAT(Content(), testing::HasSubstr("radius='8'"));
+    EXPECT_EQ(m_boxes, 2);
+}
+
+} // namespace
+
+} // namespace korvel::inspector
