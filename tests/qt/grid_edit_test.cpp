@@ -1,0 +1,173 @@
+#include "korvel/grid/editable_grid.h"
+#include "korvel/grid/grid_error_reporter.h"
+#include "korvel/qt/embed.h"
+#include "korvel/values/language.h"
+#include "qt/users.h"
+#include "support/fakes.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+namespace korvel::test {
+
+namespace {
+
+struct GridOnDesktop : CEditableGrid {
+    using CEditableGrid::CEditableGrid;
+    using CEditableGrid::m_ComboList;
+    using CEditableGrid::m_Edit;
+    using CEditableGrid::m_pErrorReporter;
+};
+
+struct CountingReporter : IGridErrorReporter {
+    void Report(const std::string&, const std::string&) override { ++count; }
+    int count = 0;
+};
+
+// A host's window with a field and a button of its own above an embedded grid.
+class CellEditOnDesktop : public testing::Test {
+protected:
+    CellEditOnDesktop() {
+        SetLanguageForThisRun("English");
+        root.With("v", Number(DT_Double, 12.5)).With("list", entries.ValueOf(",1,"));
+        for (int row = 0; row < 30; ++row)
+            root.With("more " + std::to_string(row), Number(DT_Double, row));
+        grid.CreateEx(0, "SysListView32", "", LVS_REPORT | LVS_SINGLESEL | WS_TABSTOP, {0, 0, 300, 220},
+                      nullptr, 1);
+        grid.Initialize(&root, "Name", "Value", 0);
+        auto* layout = new QVBoxLayout(&host);
+        layout->addWidget(&hostField);
+        layout->addWidget(&hostButton);
+        layout->addWidget(qt::Embed(grid.m_hWnd));
+        host.resize(300, 320);
+        host.show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&host));
+    }
+    ~CellEditOnDesktop() override {
+        grid.DestroyWindow();
+        root.LetGo();
+    }
+
+    void ClickCell(int row) {
+        const CRect cell = grid.GetSubItemRect(row, 1);
+        user.Click(grid.m_hWnd, {cell.left + 4, cell.top + 5});
+    }
+    void Type(const char* text) {
+        for (const char* key = text; *key; ++key)
+            QTest::keyClick(QApplication::focusWidget(), *key);
+    }
+    // Answers every box of this test.
+    void AnswerBoxes() {
+        timer.callOnTimeout([this] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                ++boxes;
+                box->button(QMessageBox::Ok)->click();
+            }
+        });
+        timer.start(5);
+    }
+    double Value() {
+        CVariantValue value;
+        root.GetMember("v", value);
+        return value.Value.Double;
+    }
+
+    QtUser user;
+    TestEnumeration entries{
+        std::vector<std::string>{"a", "b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m"}};
+    HostObject root{"root"};
+    RecordingObserver observer;
+    GridOnDesktop grid{&observer, nullptr};
+    QWidget host;
+    QLineEdit& hostField = *new QLineEdit(&host);
+    QPushButton& hostButton = *new QPushButton(&host);
+    QTimer timer;
+    int boxes = 0;
+};
+
+TEST_F(CellEditOnDesktop, ATypedSumIsWrittenByReturn) {
+    ClickCell(0);
+    EXPECT_EQ(QApplication::focusWidget(), user.Widget(grid.m_Edit.m_hWnd));
+    Type("2*(3+4)");
+    user.Key(VK_RETURN, "\r");
+    EXPECT_EQ(Value(), 14);
+    EXPECT_EQ(QApplication::focusWidget(), user.Widget(grid.m_hWnd));
+}
+
+TEST_F(CellEditOnDesktop, APressOnAWidgetOfTheHostIsOneWayOut) {
+    AnswerBoxes();
+    ClickCell(0);
+    Type("7+");
+    QTest::mouseClick(&hostField, Qt::LeftButton);
+    EXPECT_EQ(boxes, 1);
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&host)) << "after the box";
+    EXPECT_TRUE(grid.m_Edit.IsWindowVisible());
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "7+");
+    EXPECT_EQ(QApplication::focusWidget(), user.Widget(grid.m_Edit.m_hWnd));
+    QTest::mouseClick(&hostField, Qt::LeftButton);
+    EXPECT_EQ(boxes, 1);
+    EXPECT_FALSE(grid.IsEditing());
+    EXPECT_EQ(QApplication::focusWidget(), &hostField);
+    EXPECT_EQ(Value(), 12.5);
+}
+
+TEST_F(CellEditOnDesktop, TheCommandOfARefusedPressDoesNotCloseTheField) {
+    CountingReporter reporter;
+    grid.m_pErrorReporter = &reporter;
+    std::vector<bool> ended;
+    QObject::connect(&hostButton, &QPushButton::clicked, [&] { ended.push_back(grid.EndEdit()); });
+    ClickCell(0);
+    Type("7+");
+    for (int click = 0; click < 2; ++click)
+        QTest::mouseClick(&hostButton, Qt::LeftButton);
+    EXPECT_EQ(ended, std::vector({false, true}));
+    EXPECT_EQ(reporter.count, 1);
+    EXPECT_EQ(Value(), 12.5);
+}
+
+TEST_F(CellEditOnDesktop, TheFieldWaitsWhileTheProgramIsLeft) {
+    AnswerBoxes();
+    ClickCell(0);
+    Type("7+");
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(GetFocus(), nullptr);
+    EXPECT_TRUE(grid.m_Edit.IsWindowVisible());
+    QApplication::setActiveWindow(&host);
+    EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd);
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "7+");
+    EXPECT_EQ(boxes, 0);
+    Type("1");
+    user.Key(VK_RETURN, "\r");
+    EXPECT_EQ(Value(), 8);
+}
+
+TEST_F(CellEditOnDesktop, TheWheelOverADroppedListIsTheLists) {
+    ClickCell(1);
+    ASSERT_EQ(grid.GetDroppedState(), 1);
+    QWidget* list = user.Widget(grid.m_ComboList.m_hWnd);
+    ASSERT_TRUE(list && list->isVisible());
+    EXPECT_EQ(QApplication::focusWidget(), user.Widget(grid.m_hWnd)) << "keys come to the grid";
+    const QPointF inside(10, 30);
+    QWheelEvent wheel(inside, list->mapToGlobal(inside), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(list, &wheel);
+    EXPECT_GT(grid.m_ComboList.GetTopIndex(), 0);
+    EXPECT_EQ(grid.GetTopIndex(), 0);
+    user.Key(VK_DOWN, "");
+    user.Key(VK_RETURN, "\r");
+    EXPECT_EQ(grid.GetDroppedState(), 0);
+    CVariantValue value;
+    root.GetMember("list", value);
+    EXPECT_EQ(value.Text, ",2,");
+}
+
+} // namespace
+
+} // namespace korvel::test
