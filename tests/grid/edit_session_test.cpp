@@ -81,10 +81,10 @@ TEST_F(EditTest, WhatAnObjectRefusesIsRolledBackAndOnlyTheFieldTellsIt) {
             SCOPED_TRACE(std::string(border) + (throws ? " throws" : " refuses"));
             parent.Take();
             display.AnswerNext(IDOK);
-            onSet = [&] {
+            onSet = [&, member = std::string(name)] {
                 if (throws)
                     throw Error("of the object");
-                root.RemoveMember(name); // which refuses the write
+                root.RemoveMember(member); // which refuses the write
             };
             act();
             onSet = nullptr;
@@ -111,9 +111,9 @@ protected:
         Act act;
     };
     std::vector<Way> Ways() {
-        return {{"Return", Left::Told, [this] { Return(); }},
-                {"Escape", Left::Told, [this] { Press(VK_ESCAPE, "\x1B"); }},
-                {"Tab", Left::Told, [this] { Press(VK_TAB, "\t"); }},
+        return {{"Return", Left::Told, [] { Return(); }},
+                {"Escape", Left::Told, [] { Press(VK_ESCAPE, "\x1B"); }},
+                {"Tab", Left::Told, [] { Press(VK_TAB, "\t"); }},
                 {"another control", Left::Told, [this] { other.SetFocus(); }},
                 {"another widget of the host", Left::Told, [] { input::FocusMoved(nullptr); }},
                 {"another row", Left::Told,
@@ -334,6 +334,74 @@ TEST_F(WaysOut, AHostThatMeddlesInACommitLeavesNothingBehind) {
                 grid.CtrlEnd();
                 ExpectUsable();
             }
+}
+
+TEST_F(EditTest, CellsOfObjectsAreEditedInTheirColumns) {
+    HostObject point("point");
+    point.With("x", Number(DT_Double, 1)).With("y", Number(DT_Double, 2)).With("on", Flag(false));
+    root.With("p", Group(&point));
+    grid.SetLayoutMultiColumn({"Name", "x", "y", "on"});
+    grid.Initialize(&root, "Name", "Value", 0);
+    const int row = grid.RowOfNode(grid.LookupTreeItem(&point));
+    const auto click = [&](int column) {
+        const CRect cell = grid.GetSubItemRect(row, column);
+        ClickAt({cell.left + 2, MiddleOf(cell).y});
+    };
+    for (int column = 0; column < 4; ++column)
+        grid.SetColumnWidth(column, 60);
+    click(2);
+    EXPECT_EQ(view::Rectangle(grid.m_Edit.m_hWnd).left, grid.GetSubItemRect(row, 2).left + 1);
+    Type("5");
+    Return();
+    click(3);
+    CVariantValue y, on;
+    point.GetMember("y", y);
+    point.GetMember("on", on);
+    EXPECT_EQ(y.Value.Double, 5);
+    EXPECT_TRUE(on.Value.Bool);
+    click(1);
+    Type("7");
+    observer.sinks[&point]->OnOperationRemove("x", {});
+    ExpectUsable();
+    click(1);
+    EXPECT_FALSE(grid.IsEditing()) << "the cell shows no member";
+    click(0);
+    EXPECT_FALSE(grid.IsEditing());
+    grid.Clear();
+    root.LetGo();
+}
+
+TEST_F(EditTest, ASpinButtonStepsTheFieldAndTellsARefusalOnce) {
+    root.With("range", Whole(DT_RangeInt, 40));
+    grid.Initialize(&root, "Name", "Value", 0);
+    const auto press = [&] {
+        input::Mouse(grid.m_Spin.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {2, 5});
+        input::Mouse(grid.m_Spin.m_hWnd, WM_LBUTTONUP, 0, {2, 5});
+    };
+    Click("range");
+    ASSERT_TRUE(grid.m_Spin.IsWindowVisible());
+    press();
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "41") << "the first arrow raises";
+    EXPECT_EQ(parent.Take(), " changed range=41  set range=41 ") << "outside of a step";
+    Type("x");
+    display.AnswerNext(IDOK);
+    press();
+    EXPECT_EQ(TakeBoxes(), 1u);
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "x");
+    EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd);
+    Type("42");
+    Return();
+    EXPECT_EQ(parent.Take(), "[Member edited changed range=42  set range=42 ]");
+    ExpectUsable();
+    EXPECT_FALSE(grid.m_Spin.IsWindowVisible());
+    grid.SetColumnWidth(1, 25);
+    Click("range");
+    EXPECT_TRUE(grid.m_Spin.IsWindowVisible()) << "it fills a narrow cell";
+    EXPECT_FALSE(IsFieldOpen());
+    press();
+    EXPECT_EQ(parent.Take(), "") << "there is nothing to step";
+    other.SetFocus();
+    EXPECT_FALSE(grid.m_Spin.IsWindowVisible());
 }
 
 } // namespace

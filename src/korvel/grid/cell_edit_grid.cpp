@@ -287,7 +287,8 @@ LRESULT CellEditGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool CellEditGrid::PreTranslateMessage(MSG& message) {
-    m_parts->session.OnInput();
+    if (message.message != WM_MOUSEMOVE)
+        m_parts->session.OnInput();
     if (IsPressOnCombo(message)) {
         CtrlEnd();
         return true;
