@@ -183,11 +183,20 @@ TEST_F(ItemTest, ARefusedTextStaysInItsField) {
         EXPECT_FALSE(IsEditing()) << border;
         EXPECT_EQ(item.GetValue().ToText(TextForm::Plain), "8") << border;
     }
-    ClickValue();
-    Type("abc");
-    item.Drop();
-    EXPECT_FALSE(IsEditing());
-    EXPECT_EQ(item.GetValue().ToText(TextForm::Plain), "8");
+    for (const auto& [border, act] :
+         Table<std::function<void()>>{{"it is dropped", [this] { item.Drop(); }},
+                                      {"it is hidden", [this] { item.ShowWindow(SW_HIDE); }},
+                                      {"it is destroyed", [this] { item.DestroyWindow(); }}}) {
+        item.ShowWindow(SW_SHOW);
+        ClickValue();
+        Type("abc");
+        display.AnswerNext(IDOK);
+        MessageBoxA(dialog.m_hWnd, "?", "", MB_OK);
+        EXPECT_EQ(GetFocus(), item.m_Edit.m_hWnd) << "a box gives the focus back";
+        act();
+        EXPECT_FALSE(IsEditing()) << border;
+        EXPECT_EQ(item.GetValue().ToText(TextForm::Plain), "8") << border;
+    }
 }
 
 TEST_F(ItemTest, APressChangesWhatNeedsNoEditor) {

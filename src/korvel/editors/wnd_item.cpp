@@ -7,6 +7,7 @@
 #include "korvel/editors/item_keys.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/base/loss_watch.h"
+#include "korvel/window/core/focus.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/thread_queue.h"
 #include "korvel/window/display/window_view.h"
@@ -213,18 +214,14 @@ void CWndItem::Press(CPoint point) {
 }
 
 void CWndItem::PressButton() {
-    switch (ItemButtonOf(m_Value)) {
-    case ItemButton::AngleUnit:
+    const ItemButton button = ItemButtonOf(m_Value);
+    if (button == ItemButton::AngleUnit) {
         AdvanceAngleUnit();
         Invalidate();
-        break;
-    case ItemButton::Dice:
-        if (const auto rolled = Roll(m_Value))
-            Change(*rolled);
-        break;
-    default:
+    } else if (button != ItemButton::Dice) {
         Edit();
-        break;
+    } else if (const auto rolled = Roll(m_Value)) {
+        Change(*rolled);
     }
 }
 
@@ -285,12 +282,11 @@ void CWndItem::HandleListKey(const MSG& message) {
         break;
     case ItemListKey::Ignore:
         break;
-    case ItemListKey::Take:
-        CloseUp();
-        break;
     case ItemListKey::Cancel:
         if (m_options.Has(EGridOption::EscapeCancels))
             m_Value = m_valueAtDrop;
+        [[fallthrough]];
+    case ItemListKey::Take:
         CloseUp();
         Synchronize();
         break;
@@ -331,8 +327,6 @@ LRESULT CWndItem::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         Drop();
         m_List.DestroyWindow(); // the top-level window owns it
         break;
-    default:
-        break;
     }
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
     FollowWindow(message, wParam, lParam);
@@ -346,8 +340,7 @@ void CWndItem::FollowWindow(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     case WM_SETFONT:
         m_Edit.SendMessageA(WM_SETFONT, wParam, lParam);
-        Place();
-        break;
+        [[fallthrough]];
     case WM_SIZE:
         Place();
         break;
@@ -366,34 +359,41 @@ void CWndItem::FollowWindow(UINT message, WPARAM wParam, LPARAM lParam) {
             Drop();
         Invalidate();
         break;
-    default:
-        break;
+    }
+}
+
+// A box, a dialog and another program give the focus back. What is hidden or destroyed with a refused text has
+// nobody to correct it.
+void CWndItem::OnEditorLeft() {
+    const FocusCause cause = CauseOfFocusMove();
+    if (cause != FocusCause::Moved && cause != FocusCause::Hidden)
+        return;
+    EndDate();
+    try {
+        EndText();
+    } catch (const std::exception&) {
+        if (cause == FocusCause::Moved)
+            throw;
+        Drop();
     }
 }
 
 bool CWndItem::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const unsigned id = LOWORD(wParam);
     const UINT code = HIWORD(wParam);
-    switch (LOWORD(wParam)) {
-    case EditId:
-        if (code != EN_KILLFOCUS)
-            break;
-        if (!CWnd::OnCommand(wParam, lParam)) // unless a companion of the field has the focus
-            EndText();
+    if (CWnd::OnCommand(wParam, lParam)) // a companion of the field has the focus
         return true;
-    case ListId:
-        if (code == ComboListChanged)
-            return TakeFromList(), true;
-        if (code == ComboListFinished)
-            return CloseUp(), true;
-        break;
-    case DateId:
-        if (code == GridDateChanged || code == EN_KILLFOCUS)
-            return EndDate(), true;
-        break;
-    default:
-        break;
-    }
-    return CWnd::OnCommand(wParam, lParam);
+    if ((id == EditId || id == DateId) && code == EN_KILLFOCUS)
+        OnEditorLeft();
+    else if (id == DateId && code == GridDateChanged)
+        EndDate();
+    else if (id == ListId && code == ComboListChanged)
+        TakeFromList();
+    else if (id == ListId && code == ComboListFinished)
+        CloseUp();
+    else
+        return false;
+    return true;
 }
 
 } // namespace korvel

@@ -32,7 +32,8 @@ struct ItemCell;
 ///
 /// The parent hears CBN_SELCHANGE when a press has changed the value at once, CBN_DROPDOWN and CBN_CLOSEUP, as
 /// SendParentComboMessage sends them. A text that is no such value leaves the field by an exception when the
-/// field loses the focus, and stays in it; the value stays as well.
+/// field loses the focus, and stays in it; the value stays as well. Where the item is hidden or destroyed, it is
+/// dropped. While a box, a dialog or another program has the focus, the field waits for it.
 ///
 /// Enumeration and file value must outlive the item; those of its last value are destroyed with it where they say
 /// IsAutoDestroy. The host may do anything in what is called of it but delete the item.
@@ -50,8 +51,7 @@ public:
 
     /// Ends what is being edited and reads it. \throws what the field refuses; it goes on with its text then
     void End();
-    /// Ends it without reading. To be called before a window around the item is closed: with the keyboard in the
-    /// field it would end, and refuse, what is typed.
+    /// Ends it without reading.
     void Drop();
     /// Without effect for a value without an enumeration, and while the list is open.
     void DropDown();
@@ -86,6 +86,7 @@ private:
     void StartDate();
     void EndText();
     void EndDate();
+    void OnEditorLeft();
     void Change(const CVariantValue& value);
     void TakeFromList();
 
