@@ -29,6 +29,7 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QTimer>
+#include <utility>
 
 namespace korvel::inspector {
 
@@ -316,6 +317,7 @@ void InspectorWindow::ShowDocument() {
 void InspectorWindow::ShowChanges() {
     const bool isChanged = m_document && m_document->HasUnsavedChanges();
     setWindowModified(isChanged);
+    m_areListsOld = m_lists != nullptr;
     statusBar()->clearMessage(); // of a failure before
     m_edit->ShowSteps();
 }
@@ -357,6 +359,8 @@ void InspectorWindow::ChooseFile() {
 }
 
 void InspectorWindow::ShowLists() {
+    if (std::exchange(m_areListsOld, false))
+        m_lists.reset();
     if (!m_lists) {
         const WaitCursor wait;
         const QRect room = Room();

@@ -75,6 +75,7 @@ private:
     std::unique_ptr<GridPane> m_pane;
     std::unique_ptr<OpenDocument> m_document; // not longer than the pane, which shows it
     std::unique_ptr<ListsWindow> m_lists;     // of the open document, made when first asked for
+    bool m_areListsOld = false;               // the document was edited since
     std::unique_ptr<EditMenu> m_edit;
     QMenu* m_recentMenu = nullptr;
     QAction* m_saveAction = nullptr;
