@@ -336,6 +336,24 @@ TEST_F(WaysOut, AHostThatMeddlesInACommitLeavesNothingBehind) {
             }
 }
 
+TEST_F(WaysOut, NoGridEndsAnEditFromWithinACommit) {
+    Renew();
+    OpenedGrid second(&observer, nullptr);
+    second.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {300, 0, 400, 224}, &parent, 9);
+    Type("7");
+    int calls = 0;
+    onSet = [&] {
+        ++calls;
+        EXPECT_FALSE(second.EndEdit()) << "its caller would go on while a value is written";
+        other.SetFocus();
+    };
+    Return();
+    onSet = nullptr;
+    EXPECT_EQ(calls, 1);
+    EXPECT_TRUE(second.EndEdit());
+    ExpectUsable();
+}
+
 TEST_F(EditTest, CellsOfObjectsAreEditedInTheirColumns) {
     HostObject point("point");
     point.With("x", Number(DT_Double, 1)).With("y", Number(DT_Double, 2)).With("on", Flag(false));

@@ -71,7 +71,8 @@ LRESULT CGridCtrlComboBoxEdit::WindowProc(UINT message, WPARAM wParam, LPARAM lP
         korvel::InvalidateRect(window);
         break;
     case WM_MOVE:
-        korvel::SetFocus(korvel::GetParent(window));
+        if (korvel::IsWindowVisible(window)) // not while it is made
+            korvel::SetFocus(korvel::GetParent(window));
         break;
     default:
         break;

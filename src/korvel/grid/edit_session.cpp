@@ -113,6 +113,7 @@ void EditSession::StartList(const CRect& cell, IMemberDispatch* disp, const std:
     Begin(cell, disp, name);
     m_dropDown.Place(cell);
     m_dropDown.ShowField();
+    m_grid.SetFocus(); // which gets the keys for the list
 }
 
 bool EditSession::End(WayOut way) {
