@@ -6,6 +6,7 @@
 #include "korvel/qt/embed_frame.h"
 #include "korvel/qt/event_wait.h"
 #include "korvel/qt/make_peer.h"
+#include "korvel/qt/open_path.h"
 #include "korvel/qt/picture_file.h"
 #include "korvel/qt/questions.h"
 #include "korvel/window/core/input.h"
@@ -195,6 +196,10 @@ FolderAnswer QtDisplay::ChooseFolder(HWND owner, const FolderQuery& query) {
     QWidget* top = m_parts->TopOf(owner);
     const FocusTracker::Question question(m_parts->context.focus, top);
     return AskFolder(top, query);
+}
+
+int QtDisplay::OpenPath(HWND owner, const CString& path, OpenAs as) {
+    return OpenOnDesktop(m_parts->TopOf(owner), ToQString(path), as);
 }
 
 // --- facts ---

@@ -50,6 +50,7 @@ public:
     std::optional<COLORREF> ChooseColor(HWND owner, COLORREF color) override;
     std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) override;
     FolderAnswer ChooseFolder(HWND owner, const FolderQuery& query) override;
+    int OpenPath(HWND owner, const CString& path, OpenAs as) override;
     int TextWidth(const CString& text) override;
     CPoint ToScreen(HWND window, CPoint client) override;
     int KeyState(UINT key) override;

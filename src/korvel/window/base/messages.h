@@ -203,6 +203,13 @@ inline constexpr int IDCANCEL = 2;
 inline constexpr int IDYES = 6;
 inline constexpr int IDNO = 7;
 
+// Results of opening a path: above OpenPathFailed it was opened.
+inline constexpr int OpenPathFailed = 32;
+inline constexpr int SE_ERR_FNF = 2;          // there is no such file
+inline constexpr int SE_ERR_ACCESSDENIED = 5; // it may not be read
+inline constexpr int SE_ERR_OOM = 8;          // out of memory
+inline constexpr int SE_ERR_NOASSOC = 31;     // there is no program for files of its kind
+
 // System colors and metrics.
 inline constexpr int COLOR_WINDOW = 5;
 inline constexpr int COLOR_WINDOWTEXT = 8;

@@ -29,4 +29,8 @@ int MessageBoxA(HWND owner, const CString& text, const CString& caption, UINT ty
     return AskUser([&](IDisplay& display) { return display.MessageBox(owner, text, caption, type); });
 }
 
+int OpenPath(HWND owner, const CString& path, OpenAs as) {
+    return OnDisplayThread([&](IDisplay& display) { return display.OpenPath(owner, path, as); });
+}
+
 } // namespace korvel

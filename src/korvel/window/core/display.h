@@ -2,6 +2,7 @@
 
 #include "korvel/window/base/aspects.h"
 #include "korvel/window/base/image_list.h"
+#include "korvel/window/base/messages.h"
 #include "korvel/window/base/types.h"
 
 #include <chrono>
@@ -50,6 +51,13 @@ struct FolderAnswer {
 
     Outcome outcome = Outcome::Cancelled;
     CString path{}; // of a chosen folder
+};
+
+/// As what the desktop opens a path.
+enum class OpenAs {
+    File,         // with the program for files of its kind
+    FileByChoice, // with a program that the user chooses
+    Folder
 };
 
 /// Shows the windows; one display is in force in a process. A display keeps no state of a window: the
@@ -117,6 +125,14 @@ public:
     virtual std::optional<COLORREF> ChooseColor(HWND owner, COLORREF color) = 0;
     virtual std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) = 0;
     virtual FolderAnswer ChooseFolder(HWND owner, const FolderQuery& query) = 0;
+
+    /// Has the desktop open a file or folder in a window of its own, and does not wait for that. Never runs a
+    /// program: of one it shows the folder. Returns a number above OpenPathFailed, or why nothing was opened:
+    /// SE_ERR_FNF, SE_ERR_ACCESSDENIED, SE_ERR_OOM or, for OpenAs::File, SE_ERR_NOASSOC. Without an own body:
+    /// access denied, as such a display opens nothing.
+    virtual int OpenPath(HWND /*owner*/, const CString& /*path*/, OpenAs /*as*/) {
+        return SE_ERR_ACCESSDENIED;
+    }
 
     // Facts, asked often.
 

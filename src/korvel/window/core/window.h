@@ -46,6 +46,7 @@ struct NMHDR {
 };
 
 struct DRAWITEMSTRUCT;
+enum class OpenAs;
 
 /// What WM_GETMINMAXINFO carries (lParam): the sizes between which the window may be sized. The other fields of
 /// the window model are not used here.
@@ -193,6 +194,8 @@ KORVEL_API bool KillTimer(HWND window, std::uintptr_t id);
 
 /// Shows a box (MB_*) and returns the button (IDOK ...). The focus leaves meanwhile and comes back.
 KORVEL_API int MessageBoxA(HWND owner, const CString& text, const CString& caption, UINT type);
+/// IDisplay::OpenPath of the display in force.
+KORVEL_API int OpenPath(HWND owner, const CString& path, OpenAs as);
 KORVEL_API COLORREF GetSysColor(int index); // COLOR_*
 KORVEL_API int GetSystemMetrics(int index); // SM_*, in pixels
 

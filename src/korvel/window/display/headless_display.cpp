@@ -91,6 +91,10 @@ void HeadlessDisplay::AnswerNextColor(std::optional<COLORREF> color) {
     m_colorAnswers.push_back(color);
 }
 
+void HeadlessDisplay::AnswerNextOpen(int result) {
+    m_openResults.push_back(result);
+}
+
 void HeadlessDisplay::Then(std::function<void()> step) {
     m_steps.push_back(std::move(step));
 }
@@ -216,6 +220,11 @@ std::optional<CString> HeadlessDisplay::ChooseFile(HWND, const FileQuery& query)
 
 FolderAnswer HeadlessDisplay::ChooseFolder(HWND, const FolderQuery& query) {
     return TakeAnswer(m_folders, "a folder, from " + query.path);
+}
+
+int HeadlessDisplay::OpenPath(HWND, const CString& path, OpenAs as) {
+    m_opened.push_back({path, as});
+    return TakeAnswer(m_openResults, "the result of opening " + path);
 }
 
 int HeadlessDisplay::TextWidth(const CString& text) {

@@ -40,12 +40,19 @@ public:
         UINT type = 0;
     };
 
+    /// One path that was to be opened.
+    struct OpenedPath {
+        CString path;
+        OpenAs as;
+    };
+
     /// The answers to come, in order: of message boxes and menus, of file choosers, of folder choosers, of
-    /// color choosers.
+    /// color choosers, of OpenPath.
     void AnswerNext(int button);
     void AnswerNextFile(std::optional<CString> path);
     void AnswerNextFolder(FolderAnswer answer);
     void AnswerNextColor(std::optional<COLORREF> color);
+    void AnswerNextOpen(int result);
     /// One more step that a modal loop plays when it is idle.
     void Then(std::function<void()> step);
     /// Moves the clock on and fires each timer at its time; posted messages run in between. After an
@@ -66,6 +73,7 @@ public:
 
     const std::vector<Shown>& ShownBoxes() const { return m_boxes; }
     const std::vector<std::vector<MenuEntry>>& ShownMenus() const { return m_menus; }
+    const std::vector<OpenedPath>& OpenedPaths() const { return m_opened; }
     /// Has a part of a window (null: its client area) painted and returns what it drew.
     std::vector<PaintCall> PaintWindow(HWND window, const CRect* clip = nullptr);
     /// True when something of the window was invalidated since the last PaintWindow.
@@ -93,6 +101,7 @@ public:
     std::optional<COLORREF> ChooseColor(HWND owner, COLORREF color) override;
     std::optional<CString> ChooseFile(HWND owner, const FileQuery& query) override;
     FolderAnswer ChooseFolder(HWND owner, const FolderQuery& query) override;
+    int OpenPath(HWND owner, const CString& path, OpenAs as) override;
     int TextWidth(const CString& text) override;
     CPoint ToScreen(HWND window, CPoint client) override;
     int KeyState(UINT key) override;
@@ -125,6 +134,8 @@ private:
     std::deque<std::optional<CString>> m_files;
     std::deque<FolderAnswer> m_folders;
     std::deque<std::optional<COLORREF>> m_colorAnswers;
+    std::deque<int> m_openResults;
+    std::vector<OpenedPath> m_opened;
     std::deque<std::function<void()>> m_steps;
     std::vector<Shown> m_boxes;
     std::vector<std::vector<MenuEntry>> m_menus;
