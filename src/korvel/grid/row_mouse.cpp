@@ -3,12 +3,14 @@
 #include "korvel/grid/row_checks.h"
 #include "korvel/grid/row_watch.h"
 #include "korvel/window/core/focus.h"
+#include "korvel/window/list/list_mouse.h"
 
 #include <algorithm>
 
 namespace korvel::internal {
 
 void RowMouse::Press(UINT flags, CPoint point) {
+    const bool hadFocus = GetFocus() == m_list.m_hWnd;
     m_list.SetFocus();
     if (GetFocus() != m_list.m_hWnd && CanTakeFocus(m_list.m_hWnd))
         return; // what was being edited was refused: the press was about that
@@ -23,6 +25,8 @@ void RowMouse::Press(UINT flags, CPoint point) {
         return;
     if (PassOn(row, hit) || !row)
         return;
+    if (!hadFocus || IsOnSign(*row.Node(), hit))
+        ForgetLabelClick(m_list.m_hWnd);
     if (IsOnSign(*row.Node(), hit)) {
         Toggle(row, hit.iItem, ToggledBy::Sign);
         return;

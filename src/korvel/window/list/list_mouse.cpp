@@ -64,10 +64,18 @@ void Press(ListState& list, UINT button, UINT flags, const ListHit& hit, CPoint 
 } // namespace
 
 void PressButton(ListState& list, UINT button, UINT flags, CPoint point) {
+    const bool hadFocus = GetFocus() == list.Handle();
     SetFocus(list.Handle()); // ends a label edit
     if (GetFocus() != list.Handle() && CanTakeFocus(list.Handle()))
         return; // what was being edited was refused: the press was about that
     Press(list, button, flags, HitTest(list, point), point);
+    if (!hadFocus)
+        list.press.editsAtRelease = false;
+}
+
+void ForgetLabelClick(HWND window) {
+    if (const ControlOf<ListState> list(window); list)
+        list->press.editsAtRelease = false;
 }
 
 void DoubleClick(ListState& list, UINT flags, CPoint point) {

@@ -9,6 +9,8 @@ namespace korvel::internal {
 void PressButton(ListState& list, UINT button, UINT flags, CPoint point);
 void DoubleClick(ListState& list, UINT flags, CPoint point);
 void MovePointer(ListState& list, UINT flags, CPoint point);
+/// Of the press that is still down: its release begins no label edit.
+void ForgetLabelClick(HWND list);
 /// NM_CLICK or NM_RCLICK. True: the parent has handled the click.
 bool ReleaseButton(ListState& list, UINT button, CPoint point);
 /// The timer that begins a label edit by a second, slow click; false for another timer.
