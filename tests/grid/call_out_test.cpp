@@ -1,6 +1,8 @@
 // Whatever a host does at whichever call it gets, and wherever memory ends, rows, look-up and observer agree
 // afterwards.
 
+#include "korvel/dialogs/dialog_ids.h"
+#include "korvel/values/language.h"
 #include "korvel/window/core/exception_handler.h"
 #include "support/failing_memory.h"
 #include "support/grid_fixture.h"
@@ -67,16 +69,80 @@ const std::vector<Act>& Acts() {
     return acts;
 }
 
+// What the user does to members.
+const std::vector<Act>& UserActs() {
+    const auto ofX = [](auto act) {
+        return [=](Scene& s) {
+            s.SelectRowOf(&s.point, "x");
+            act(s);
+        };
+    };
+    const auto ofPoint = [](auto act) {
+        return [=](Scene& s) {
+            s.SelectRowOf(&s.root, "p");
+            input::Key(s.grid->m_hWnd, WM_KEYDOWN, VK_RIGHT, "");
+            act(s);
+        };
+    };
+    const auto rename = [](Scene& s) { s.TypeLabel("east"); };
+    const auto renameInVain = [](Scene& s) { s.TypeLabel("list"); };
+    const auto retype = [](Scene& s) { s.grid->OnChange2IntType(); };
+    const auto retypeInVain = [](Scene& s) { s.grid->OnChange2StringType(); };
+    const auto protect = [](Scene& s) { s.grid->OnChangeEditableAttribut_V1(); };
+    const auto remove = [](Scene& s) { s.grid->OnDelAttribut_V1(); };
+    const auto pressDelete = [](Scene& s) { input::Key(s.grid->m_hWnd, WM_KEYDOWN, VK_DELETE, ""); };
+    const auto open = [](Scene& s) {
+        dynamic_cast<HeadlessDisplay&>(Display()).AnswerNext(IDOK); // no path is named
+        s.grid->OnOpenFolder();
+    };
+    static const std::vector<Act> acts = {
+        {"rename", ofX(rename)},
+        {"rename in vain", ofX(renameInVain)},
+        {"rename a group", ofPoint(rename)},
+        {"rename in columns", ofPoint(rename), true, true},
+        {"retype", ofX(retype)},
+        {"retype in vain", ofX(retypeInVain)},
+        {"retype in columns", ofPoint(retype), true, true},
+        {"protect", ofX(protect)},
+        {"protect in columns", ofPoint(protect), true, true},
+        {"delete", ofX(remove)},
+        {"delete a group", ofPoint(pressDelete)},
+        {"delete in columns", ofPoint(pressDelete), true, true},
+        {"open", ofX(open)},
+        {"open in columns", ofPoint(open), true, true},
+    };
+    return acts;
+}
+
+// A dialog asks for what is added.
+void AddByDialog(Scene& scene) {
+    scene.SelectRowOf(&scene.point, "x");
+    dynamic_cast<HeadlessDisplay&>(Display()).Then([] {
+        const HWND dialog = korvel::GetParent(GetFocus());
+        SetWindowTextA(GetDlgItem(dialog, internal::AttributeNameId), "new");
+        SendMessageA(dialog, WM_COMMAND, IDOK, 0);
+    });
+    scene.grid->OnAddAttribut_V1();
+}
+
+std::vector<Act> AllActs() {
+    std::vector<Act> all = Acts();
+    all.insert(all.end(), UserActs().begin(), UserActs().end());
+    all.push_back({"add by a dialog", AddByDialog});
+    return all;
+}
+
 class CallsOfTheHost : public GermanMachine, protected GridWindows {
 protected:
     CallsOfTheHost() {
+        SetLanguageForThisRun("English");
         SetExceptionHandler([](const CString&) {}); // of a grid that is deleted
     }
     ~CallsOfTheHost() override { SetExceptionHandler(nullptr); }
 
     // At the first call out of an act, then at the second, until the act has no more.
     static void MisbehaveEverywhere(const std::function<void(Scene&)>& misbehave) {
-        for (const Act& act : Acts()) {
+        for (const Act& act : AllActs()) {
             // An act that a misbehaviour ends makes fewer calls than a whole one.
             int count = MisbehaveOnce(act, 0, misbehave);
             for (int at = 1; at <= count && !HasFailure(); ++at) {
@@ -123,6 +189,7 @@ private:
         const int count = scene.calls.count;
         scene.calls.misbehavesAt = 0;
         scene.calls.isOver = false;
+        scene.gone = nullptr;
         ExpectAgreementToTheEnd(scene);
         return count;
     }
@@ -146,7 +213,9 @@ TEST_F(CallsOfTheHost, AnExceptionLeavesABindingWholeOrUndone) {
 }
 
 TEST_F(CallsOfTheHost, WantOfMemoryLeavesABindingWholeOrUndone) {
-    for (const Act& act : Acts())
+    std::vector<Act> acts = Acts();
+    acts.insert(acts.end(), UserActs().begin(), UserActs().end());
+    for (const Act& act : acts)
         for (int passing = 0; !HasFailure(); ++passing) {
             SCOPED_TRACE(std::string(act.name) + ", after " + std::to_string(passing) + " allocations");
             if (!RunOutOfMemory(act, passing))
@@ -163,13 +232,21 @@ TEST_F(CallsOfTheHost, TheBindingMayEndOrBeginAgain) {
     });
 }
 
+TEST_F(CallsOfTheHost, AnObjectMayRefuse) {
+    MisbehaveEverywhere([](Scene& scene) { scene.isRefusing = true; });
+}
+
 TEST_F(CallsOfTheHost, TheWindowMayBeDestroyed) {
     MisbehaveInTheGrid([](Scene& scene) { scene.grid->DestroyWindow(); });
 }
 
 TEST_F(CallsOfTheHost, LayoutAndObjectsMayChange) {
     MisbehaveInTheGrid([](Scene& scene) { scene.grid->SetLayoutMultiColumn({"Name", "x"}); });
-    MisbehaveInTheGrid([](Scene& scene) { scene.RemovePoint(); });
+    MisbehaveInTheGrid([](Scene& scene) {
+        const bool wasShown = scene.grid->LookupTreeItem(&scene.point);
+        scene.RemovePoint();
+        scene.gone = wasShown && !scene.grid->LookupTreeItem(&scene.point) ? &scene.point : nullptr;
+    });
     for (HostObject Scene::*owner : {&Scene::root, &Scene::point}) // also while it leaves
         MisbehaveInTheGrid(
             [=](Scene& scene) { scene.grid->OnOperationAdd(&(scene.*owner), "late", Group(&scene.late)); });

@@ -36,14 +36,26 @@ inline CVariantValue Group(IMemberDispatch* object) {
     return MakeValue(DT_Group, object);
 }
 
-/// Says when the host is called.
+/// Says when the host is called, and writes it down.
 struct OfTheHost {
     std::function<void()> onCall;
+    std::function<bool()> refuses; // asked in each call
+    std::string* calls = nullptr;  // "operation member " of each call that concerns a member
+    std::function<void(const std::string& operation)> onOperation; // of those calls
 
 protected:
     void Call() const {
         if (onCall)
             onCall();
+    }
+    /// False: the call is to be refused.
+    bool Call(const std::string& operation, const std::string& member) const {
+        if (calls)
+            *calls += operation + " " + member + " ";
+        Call();
+        if (onOperation)
+            onOperation(operation);
+        return !refuses || !refuses();
     }
 };
 
@@ -64,7 +76,7 @@ public:
         std::list<std::string> names;
         Base::GetMemberNames(names);
         for (const std::string& name : names)
-            RemoveMember(name);
+            Base::RemoveMember(name);
     }
 
     void GetMemberNames(std::list<std::string>& names) override {
@@ -75,25 +87,56 @@ public:
     }
     std::uint32_t GetOptions() const override { return Call(), Base::GetOptions(); }
     bool GetMemberType(const std::string& name, EDataTyps& type) override {
-        return Call(), Base::GetMemberType(name, type);
+        return Call("type", name) && Base::GetMemberType(name, type);
     }
-    bool IsMemberEditable(const std::string& name) override { return Call(), Base::IsMemberEditable(name); }
+    bool IsMemberEditable(const std::string& name) override {
+        return Call("editable?", name) && Base::IsMemberEditable(name);
+    }
+    bool SetMemberEditable(const std::string& name, const bool& editable) override {
+        return Call(editable ? "unprotect" : "protect", name) && Base::SetMemberEditable(name, editable);
+    }
     bool GetMember(const std::string& name, CVariantValue& value) override {
-        Call();
+        const bool isAllowed = Call("get", name);
         if (name == throwsOn)
             throw std::runtime_error("no value");
         if (onRead)
             onRead(name);
-        return Base::GetMember(name, value);
+        return isAllowed && Base::GetMember(name, value);
     }
     bool SetMember(const std::string& name, const CVariantValue& value) override {
-        Call();
+        const bool isAllowed = Call("set", name);
         ++writes;
         if (onWrite)
             onWrite(name, value);
-        return Base::SetMember(name, value);
+        return isAllowed && Base::SetMember(name, value);
     }
+    std::uint32_t GetMemberFlags(const std::string& name) override {
+        return Call("flags", name) ? memberFlags : 0;
+    }
+    std::string GetMemberLabel(const std::string& name) const override {
+        return Call("label", name), name + labelEnd;
+    }
+    bool AddMember(const std::string& name, bool editable, const CVariantValue& value) override {
+        return Call("add", name) && Base::AddMember(name, editable, value);
+    }
+    bool RemoveMember(const std::string& name) override {
+        return Call("remove", name) && Base::RemoveMember(name);
+    }
+    bool RenameMember(const std::string& name, const std::string& newName) override {
+        return Call("rename", name + ">" + newName) && Base::RenameMember(name, newName);
+    }
+    bool ChangeMemberType(const std::string& name, const EDataTyps& type) override {
+        return Call("retype", name) && Base::ChangeMemberType(name, type);
+    }
+    bool OnAddMember() override { return Call("adding?", ""), doesItself; }
+    bool OnRenameMember(const char* name, const char* newName) override {
+        return Call("renaming?", std::string(name) + ">" + newName), doesItself;
+    }
+    bool OnRemoveMember(const char* name) override { return Call("removing?", name), doesItself; }
 
+    std::uint32_t memberFlags = 0;
+    std::string labelEnd; // after each name in a label
+    bool doesItself = false;
     int writes = 0;
     std::string throwsOn; // a member's name; "*": the names
     std::function<void(const std::string&)> onRead;
@@ -111,19 +154,62 @@ public:
     void RemoveSink(IMemberDispatch* disp, IObserverGridSink*) override {
         log.push_back("-" + NameOf(disp));
         sinks.erase(disp);
+        ++m_removals;
         Call();
         if (throwsOnRemove)
             throw std::runtime_error(log.back());
+    }
+
+    void OnChange(IMemberDispatch* disp, void*, const std::string& name,
+                  const CVariantValue& value) override {
+        Hear(
+            disp, "changed", name, [&](IObserverGridSink& sink) { sink.OnChange(name, value); });
+    }
+    void OnRemove(IMemberDispatch* disp, void*, const std::string& name) override {
+        Hear(
+            disp, "removed", name, [&](IObserverGridSink& sink) { sink.OnOperationRemove(name, {}); });
+    }
+    void OnRename(IMemberDispatch* disp, void*, const std::string& name,
+                  const std::string& newName) override {
+        Hear(
+            disp, "renamed", name + ">" + newName,
+            [&](IObserverGridSink& sink) { sink.OnOperationRename(name, newName); });
+    }
+    void OnAdd(IMemberDispatch* disp, void*, const std::string& name, const CVariantValue& value) override {
+        Hear(
+            disp, "added", name, [&](IObserverGridSink& sink) { sink.OnOperationAdd(name, value); });
+    }
+    void OnChangeEditFlag(IMemberDispatch* disp, void*, const std::string& name,
+                          const bool& editable) override {
+        Hear(
+            disp, editable ? "unprotected" : "protected", name,
+            [&](IObserverGridSink& sink) { sink.OnChangeEditFlag(name, editable); });
+    }
+    void OnChangeType(IMemberDispatch* disp, void*, const std::string& name, EDataTyps type,
+                      const CVariantValue& value) override {
+        Hear(
+            disp, "retyped", name + " from " + std::to_string(type) + " to " + std::to_string(value.Type),
+            [&](IObserverGridSink& sink) { sink.OnOperationChangeType(name, type, value); });
     }
 
     std::vector<std::string> Take() { return std::exchange(log, {}); }
 
     std::vector<std::string> log;
     std::map<IMemberDispatch*, IObserverGridSink*> sinks;
+    bool answers = false;        // tells the object's sink what it heard
     bool throwsOnRemove = false; // the line of the log
 
 private:
+    void Hear(IMemberDispatch* disp, const std::string& operation, const std::string& member,
+              const std::function<void(IObserverGridSink&)>& answer) {
+        const int before = m_removals;
+        Call(operation, member);
+        if (const auto sink = sinks.find(disp); answers && before == m_removals && sink != sinks.end())
+            answer(*sink->second); // what is shown anew knows it already
+    }
     static std::string NameOf(IMemberDispatch* disp) { return disp ? disp->GetIdent() : "null"; }
+
+    int m_removals = 0;
 };
 
 /// An enumeration of which a value shows the first entry. It may be the presentation of a group, too.
@@ -204,6 +290,7 @@ private:
 class HostGrid : public CEditableGrid, public OfTheHost {
 public:
     using CEditableGrid::CEditableGrid;
+    using CEditableGrid::m_pErrorReporter;
     using CEditableGrid::m_pObserver;
     void ConvertToOutput(IMemberDispatch* disp, const std::string& name, const CVariantValue& value,
                          std::string& text, CItemInfo::CONTROLTYPE& control) override {

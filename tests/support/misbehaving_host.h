@@ -1,10 +1,15 @@
 #pragma once
 
+#include "korvel/grid/grid_error_reporter.h"
+#include "korvel/window/core/input.h"
 #include "support/fakes.h"
+#include "support/history_log.h"
 
 #include <functional>
 #include <gtest/gtest.h>
 #include <optional>
+#include <regex>
+#include <utility>
 
 namespace korvel {
 
@@ -21,23 +26,41 @@ struct CallOuts {
 };
 
 /// Counts what its control asks and says.
-struct CountingParent : CWnd {
+struct CountingParent : HistoryParent {
+    CountingParent() {
+        onStep = [this](UINT, WPARAM) { calls.Count(); };
+    }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_GET_IMAGEINDEX || message == WM_NOTIFY)
             calls.Count();
-        return CWnd::WindowProc(message, wParam, lParam);
+        return HistoryParent::WindowProc(message, wParam, lParam);
     }
     CallOuts calls;
+};
+
+/// Counts the failures that the user is told.
+struct CountingReporter : IGridErrorReporter {
+    explicit CountingReporter(CallOuts& calls) : m_calls(calls) {}
+    void Report(const std::string&, const std::string&) override { m_calls.Count(); }
+
+private:
+    CallOuts& m_calls;
 };
 
 /// A grid with two nested objects, one of them with a presentation, and a further one to be added.
 struct MisbehavingHost {
     MisbehavingHost() {
-        for (HostObject* object : {&inner, &added, &shaped, &point, &root, &late, &below})
-            object->onCall = [this] {
+        for (HostObject* object : {&inner, &added, &shaped, &point, &root, &late, &below}) {
+            object->onCall = [this, object] {
                 EXPECT_FALSE(calls.isOver) << "an object is called after its binding has ended";
+                EXPECT_FALSE(isUserActing && object == gone) << "an object is called after its row is gone";
                 calls.Count();
             };
+            object->refuses = [this] { return std::exchange(isRefusing, false); };
+            object->memberFlags = MF_Delete | MF_Rename | MF_WriteProtect;
+        }
+        observer.answers = true;
+        parent.log.reserve(10000); // so that it is written also when memory runs out
         observer.onCall = [this] { calls.Count(); };
         enumeration.onCall = [this](const std::string& operation, long) {
             if (operation == "presentation")
@@ -57,14 +80,32 @@ struct MisbehavingHost {
         parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
         grid.emplace(&observer, nullptr);
         grid->onCall = [this] { calls.Count(); };
+        grid->m_pErrorReporter = &reporter;
         grid->Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 105);
         grid->ModifyImageStyle(IS_AskParent, 0);
     }
     void Bind() { grid->Initialize(&root, "Name", "Value", 0); }
     void RemovePoint() { grid->OnOperationRemove(&root, "p", Group(&point)); }
+    /// Begins what a user does to a member.
+    void SelectRowOf(IMemberDispatch* disp, const std::string& name) {
+        isUserActing = true;
+        grid->ExpandAll();
+        grid->SetFocus();
+        grid->SetItemState(grid->RowOfNode(grid->LookupTreeItem(disp, name)), LVIS_SELECTED | LVIS_FOCUSED,
+                           LVIS_SELECTED | LVIS_FOCUSED);
+    }
+    void TypeLabel(const char* text) {
+        grid->OnRenameAttribut_V1();
+        const HWND edit = grid->GetEditControl();
+        SetWindowTextA(edit, text);
+        input::Key(edit, WM_KEYDOWN, VK_RETURN, "\r");
+    }
 
-    /// Rows and look-up agree, and the observer has the sinks of what is shown and no others.
+    /// Rows and look-up agree, the observer has the sinks of what is shown and no others, and each undoable step
+    /// was closed once before the next.
     void ExpectAgreement() {
+        static const std::regex steps(R"((\[[^\[\]!]*\]!?)*)");
+        EXPECT_TRUE(std::regex_match(parent.log, steps)) << parent.log;
         std::size_t groups = 0;
         for (CSuperGridCtrl::CTreeItem* node : grid->rootItems())
             ExpectFiled(node, groups);
@@ -82,6 +123,10 @@ struct MisbehavingHost {
 
     CountingParent parent;
     CallOuts& calls = parent.calls;
+    CountingReporter reporter{calls};
+    bool isRefusing = false;          // the next call that can be refused is
+    const HostObject* gone = nullptr; // has no row any more
+    bool isUserActing = false;
     HostEnumeration enumeration;
     const CVariantValue list = enumeration.ListOf(DT_ListString, Words(DT_String, "one"));
     HostObject inner{"inner"}, added{"added"}, shaped{"shaped"}, point{"point"}, root{"root"}, late{"late"},

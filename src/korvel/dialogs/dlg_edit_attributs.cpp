@@ -5,25 +5,12 @@
 #include "korvel/editors/wnd_item.h"
 #include "korvel/layout/base_item.h"
 #include "korvel/layout/pane_manager.h"
-#include "korvel/values/text_table.h"
+#include "korvel/values/refusal_text.h"
 #include "korvel/window/dialog/dialog_items.h"
 
 namespace korvel {
 
 using namespace internal;
-
-namespace {
-
-// Rows of the Text table.
-constexpr int InvalidText = 1;
-constexpr int ExistsText = 35;
-constexpr int NameText = 36;
-
-std::string NameProblem(const std::string& name, int text) {
-    return std::string(Text(NameText)) + " '" + name + "' " + Text(text);
-}
-
-} // namespace
 
 /// The value of the dialog: what is refused is said there.
 class CDlgEditAttributs::ValueItem : public CWndItem {
@@ -148,8 +135,8 @@ void CDlgEditAttributs::ShowType() {
 std::string CDlgEditAttributs::ProblemOf(const std::string& name) const {
     EDataTyps type = DT_Void;
     if (name.empty())
-        return NameProblem(name, InvalidText);
-    return m_pDisp && m_pDisp->GetMemberType(name, type) ? NameProblem(name, ExistsText) : "";
+        return InvalidNameText(name);
+    return m_pDisp && m_pDisp->GetMemberType(name, type) ? TakenNameText(name) : "";
 }
 
 void CDlgEditAttributs::SetProblems(const std::string& ofName, const std::string& ofValue) {

@@ -1,12 +1,15 @@
 #include "korvel/grid/editable_grid.h"
 
 #include "korvel/editors/cell_conversion.h"
+#include "korvel/grid/chosen_member.h"
 #include "korvel/grid/editable_grid_binding.h"
 #include "korvel/grid/history_step.h"
 #include "korvel/grid/member_reads.h"
+#include "korvel/grid/path_opening.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
 #include "korvel/window/core/thread_queue.h"
+#include "korvel/window/list/list_mouse.h"
 
 #include <algorithm>
 #include <climits>
@@ -46,11 +49,82 @@ LRESULT CEditableGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool CEditableGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    if (message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == LVN_BEGINLABELEDIT) {
-        *result = 1; // names are the objects' own
-        return true;
-    }
+    auto* header = reinterpret_cast<NMHDR*>(message == WM_NOTIFY ? lParam : 0);
+    if (header && header->code == LVN_BEGINLABELEDIT)
+        return OnLvnBeginlabeledit(header, result), true;
+    if (header && header->code == LVN_ENDLABELEDIT)
+        return OnLvnEndlabeledit(header, result), true;
     return CellEditGrid::OnChildNotify(message, wParam, lParam, result);
+}
+
+bool CEditableGrid::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const ModuleStateGuard guard;
+    return (lParam == 0 && m_binding->RunCommand(static_cast<GridCommand>(LOWORD(wParam)))) ||
+           CellEditGrid::OnCommand(wParam, lParam);
+}
+
+void CEditableGrid::OnLvnBeginlabeledit(NMHDR*, LRESULT* result) {
+    *result = m_binding->labelEdit.Begin() ? 0 : 1;
+}
+
+void CEditableGrid::OnLvnEndlabeledit(NMHDR* header, LRESULT* result) {
+    *result = m_binding->labelEdit.End(reinterpret_cast<NMLVDISPINFO*>(header)->pszText) ? 1 : 0;
+}
+
+void CEditableGrid::OnAddAttribut_V1() {
+    const ModuleStateGuard guard;
+    if (EndEdit())
+        m_binding->operations.Add(
+            {m_pEnumContainer, m_EnableUserAttributsTyps, m_AllowWriteProtect, m_options});
+}
+
+void CEditableGrid::OnDelAttribut_V1() {
+    const ModuleStateGuard guard;
+    if (m_AllowRemove && EndEdit())
+        m_binding->operations.Remove();
+}
+
+void CEditableGrid::OnRenameAttribut_V1() {
+    const ModuleStateGuard guard;
+    if (!EndEdit())
+        return;
+    FirstFailure failure;
+    m_bLabelEditArmed = false;
+    failure.Try([&] { EditLabel(GetNextItem(-1, LVNI_SELECTED)); });
+    m_bLabelEditArmed = true;
+    failure.Rethrow();
+}
+
+void CEditableGrid::OnChangeEditableAttribut_V1() {
+    const ModuleStateGuard guard;
+    if (m_AllowEdit && EndEdit())
+        m_binding->operations.ToggleWriteProtection();
+}
+
+void CEditableGrid::OnChangeType(EDataTyps target) {
+    const ModuleStateGuard guard;
+    if (EndEdit())
+        m_binding->operations.ChangeType(target);
+}
+
+void CEditableGrid::OnOpenFile() {
+    const ModuleStateGuard guard;
+    if (const auto path = m_binding->operations.FindPath())
+        OpenFile(*path);
+}
+
+void CEditableGrid::OnOpenFolder() {
+    const ModuleStateGuard guard;
+    if (const auto path = m_binding->operations.FindPath())
+        OpenFolder(FolderOf(*path));
+}
+
+bool CEditableGrid::OpenFile(CString path) {
+    return OpenOnDesktop(m_hWnd, path, OpenAs::File);
+}
+
+bool CEditableGrid::OpenFolder(CString path) {
+    return OpenOnDesktop(m_hWnd, path, OpenAs::Folder);
 }
 
 void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTitle,
@@ -59,7 +133,7 @@ void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTit
     m_binding->rows.Bind(disp, [&] {
         iconWidth = iconHeight = 16;
         SetExtendedStyle(static_cast<UINT>(extendedStyle));
-        ModifyStyle(0, LVS_OWNERDRAWFIXED);
+        ModifyStyle(0, LVS_OWNERDRAWFIXED | LVS_EDITLABELS);
         ModifyStyleEx(0, WS_EX_CLIENTEDGE);
         m_binding->columns.Insert(nameTitle, valueTitle);
     });
@@ -143,10 +217,7 @@ std::string CEditableGrid::GetAttrName(const CItemInfo* info) const {
         return {};
     if (GetGridLayout() != eMultiColumn)
         return info->text;
-    LVHITTESTINFO hit;
-    hit.pt = ScreenToClient(m_hWnd, GetCursorPos());
-    SubItemHitTest(&hit);
-    return GetColumn(hit.iSubItem);
+    return GetColumn(ColumnUnderPointer(*this));
 }
 
 std::string CEditableGrid::MemberOfCell(const CTreeItem& node, int column) const {
@@ -305,6 +376,8 @@ void CEditableGrid::SendHistoryEventRollBack() {
 }
 
 void CEditableGrid::OnControlLButtonDown(UINT, CPoint point, LVHITTESTINFO& hit) {
+    if (IsEditing())
+        ForgetLabelClick(m_hWnd); // the press ends that
     const CTreeItem* node = NodeAtRow(hit.iItem);
     if (!m_AllowEdit || !node || !node->info)
         return;
@@ -313,6 +386,7 @@ void CEditableGrid::OnControlLButtonDown(UINT, CPoint point, LVHITTESTINFO& hit)
 }
 
 BOOL CEditableGrid::OnRowDeleting(CTreeItem*, int) {
+    OnDelAttribut_V1();
     return 0;
 }
 

@@ -2,6 +2,7 @@
 
 #include "korvel/editors/grid_option.h"
 #include "korvel/grid/cell_edit_grid.h"
+#include "korvel/grid/grid_command.h"
 #include "korvel/grid/grid_layout.h"
 #include "korvel/values/observer_grid.h"
 
@@ -149,18 +150,52 @@ public:
     void ModifyImageStyle(std::uint32_t add, std::uint32_t remove);
     std::uint32_t GetImageStyle() const { return m_ImageStyle; }
 
-    // What follows is kept for the operations on members and their menu, and has no effect before there are
-    // such.
-    /// The enumerations that a new attribute may be a value of; must outlive the grid. No effect yet.
+    // What the user does to the member of the selected row, each also as a GridCommand. Without a selected row
+    // nothing happens; what an object throws is told as a failed write is. The grid changes the object and
+    // tells the observer; rows follow the sink. What is being edited ends first; refused, nothing else is done.
+    /// Asks OnAddMember, then the user in a dialog, for a member of the selected row's object, else of the root.
+    /// No undoable step.
+    void OnAddAttribut_V1();
+    /// Asks for MF_Delete and OnRemoveMember; no undoable step.
+    void OnDelAttribut_V1();
+    /// Starts the edit of the label.
+    void OnRenameAttribut_V1();
+    /// Asks for MF_WriteProtect; no undoable step.
+    void OnChangeEditableAttribut_V1();
+    /// An undoable step. In the multi-column layout of the cell under the pointer, else of the focused one.
+    void OnChangeType(EDataTyps target);
+    void OnChange2IntType() { OnChangeType(DT_Int); }
+    void OnChange2UnsignedIntType() { OnChangeType(DT_UInt); }
+    void OnChange2LongType() { OnChangeType(DT_Long); }
+    void OnChange2DoubleType() { OnChangeType(DT_Double); }
+    void OnChange2DoubleFloat() { OnChangeType(DT_Float); } ///< kept: the name
+    void OnChange2StringType() { OnChangeType(DT_String); }
+    void OnChange2AngleFloatType() { OnChangeType(DT_AngleFloat); }
+    void OnChange2AngleDoubleType() { OnChangeType(DT_AngleDouble); }
+    /// Opens the file that the text of the member names.
+    void OnOpenFile();
+    /// Opens the folder of that file; "." is the folder of a bare name.
+    void OnOpenFolder();
+
+    /// Has the desktop open a file, and tells the user why it does not; where there is no program for it, the
+    /// user may choose one. True when that was done. What a relative path means is the host's affair: override
+    /// both, and pass on absolute ones.
+    virtual bool OpenFile(CString path);
+    virtual bool OpenFolder(CString path);
+
+    /// The enumerations that a new attribute may be a value of; must outlive the grid.
     void SetEnumImp(IEnumContainer* enumerations) { m_pEnumContainer = enumerations; }
-    void SetAllowRemove(bool allow) { m_AllowRemove = allow; }               ///< No effect yet.
+    // What the user may do. What is not allowed is missing in the menu; removing, and with SetAllowEdit write
+    // protection, are then refused here too.
+    void SetAllowRemove(bool allow) { m_AllowRemove = allow; }
     void SetAllowRename(bool allow) { m_AllowRename = allow; }               ///< No effect yet.
     void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }       ///< No effect yet.
     void SetAllowAdd(bool allow) { m_AllowAdd = allow; }                     ///< No effect yet.
     void SetAllowFormats(bool allow) { m_AllowFormats = allow; }             ///< No effect yet.
     void SetAllowCopyClipboard(bool allow) { m_AllowCopyClipboard = allow; } ///< No effect yet.
-    void SetAllowWriteProtect(bool allow) { m_AllowWriteProtect = allow; }   ///< No effect yet.
-    /// The types that a new attribute may have, as a mask. No effect yet.
+    /// False: a new attribute cannot be write protected from the start.
+    void SetAllowWriteProtect(bool allow) { m_AllowWriteProtect = allow; }
+    /// The types that a new attribute may have, as a mask.
     void SetEnableUserAttributsTyps(std::uint32_t types) { m_EnableUserAttributsTyps = types; }
     std::uint32_t GetEnableUserAttributsTyps() const { return m_EnableUserAttributsTyps; }
     /// Kept for callers; nothing reads the details.
@@ -169,13 +204,20 @@ public:
     int GetIcon(const CTreeItem* node) override;
     UINT GetCheckState(const CTreeItem* node, int column) override;
     void OnControlLButtonDown(UINT flags, CPoint point, LVHITTESTINFO& hit) override;
-    /// Refuses: a row comes and goes only with the member or object that it shows.
+    /// Removes the member as OnDelAttribut_V1 does, and refuses: a row comes and goes only with what it shows.
     BOOL OnRowDeleting(CTreeItem* node, int row) override;
     std::unique_ptr<CImageList> CreateRowDragImage(int row) override;
     BOOL OnVkReturn() override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
+    /// The label of the selected row is about to be edited: `*result` 1 refuses, as where the member allows
+    /// neither MF_Rename nor MF_Change.
+    void OnLvnBeginlabeledit(NMHDR* header, LRESULT* result);
+    /// It was edited: renames the member in an undoable step, and `*result` is 1 when that was done.
+    void OnLvnEndlabeledit(NMHDR* header, LRESULT* result);
+
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override;
     bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
 
@@ -199,6 +241,7 @@ protected:
     std::uint32_t m_EnableUserAttributsTyps = 0xFFFFFFFF;
     std::uint32_t m_ImplementationDetails = 0;
     std::vector<SColumnInfo> m_ColumnInfo;
+    bool m_bLabelEditArmed = true; ///< false while OnRenameAttribut_V1 starts the edit of the label
     /// Hears of failures in place of the error box; null: none. Not owned; must outlive the grid.
     IGridErrorReporter* m_pErrorReporter = nullptr;
 

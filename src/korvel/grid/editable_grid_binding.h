@@ -4,6 +4,8 @@
 #include "korvel/grid/attribute_rows.h"
 #include "korvel/grid/editable_grid.h"
 #include "korvel/grid/edited_members.h"
+#include "korvel/grid/member_label_edit.h"
+#include "korvel/grid/member_operations.h"
 #include "korvel/grid/write_frame.h"
 
 namespace korvel {
@@ -12,6 +14,9 @@ namespace korvel {
 class CEditableGrid::Binding final : private internal::AttributeTree, public internal::EditedMembers {
 public:
     Binding(CEditableGrid& grid, IObserverGrid* observer);
+
+    /// False for a command of someone else.
+    bool RunCommand(GridCommand command);
 
     CTreeItem* FindRow(IMemberDispatch* disp, const std::string& name) const override {
         return rows.Find(disp, name);
@@ -51,6 +56,8 @@ public:
     internal::AttributeRows rows; // asks for a sink when it is made
     internal::AttributeColumns columns;
     internal::WriteFrame frame;
+    internal::MemberOperations operations;
+    internal::MemberLabelEdit labelEdit;
 };
 
 } // namespace korvel

@@ -66,6 +66,8 @@ void RowKeys::ToggleMarks(const RowWatch&, int number) {
 }
 
 void RowKeys::Delete(const RowWatch& row, int number) {
+    if (GetFocus() != m_list.m_hWnd) // the key is about what has it
+        return;
     if (!m_list.m_allowDeleteKey || !m_list.OnRowDeleting(row.Node(), number) || !row)
         return;
     {

@@ -42,7 +42,7 @@ public:
     /// write threw, which the user was told, or it said that nothing was written. Throws only what telling
     /// the user throws, and from within another frame what `write` throws.
     bool Run(int title, const Write& write, const Explain& explain = {});
-    /// The same without a step, for what is not to be undone by itself.
+    /// The same without a step, for what makes none. False: it threw.
     bool RunOutside(const std::function<void()>& action);
     /// Tells the user of a failure: by the reporter, else in a box over the grid, unless its window is gone.
     void Tell(const std::string& message) const;

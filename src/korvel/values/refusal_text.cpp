@@ -6,6 +6,22 @@
 
 namespace korvel::internal {
 
+namespace {
+
+std::string NameText(const std::string& name, int reason) {
+    return std::string(Text(36)) + " '" + name + "' " + Text(reason);
+}
+
+} // namespace
+
+std::string InvalidNameText(const std::string& name) {
+    return NameText(name, 1);
+}
+
+std::string TakenNameText(const std::string& name) {
+    return NameText(name, 35);
+}
+
 std::string RefusalText(const std::string& own, const std::string& typed, EDataTyps type) {
     if (!own.empty())
         return own;

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "korvel/grid/super_grid_ctrl.h"
+
+#include <string>
+
+namespace korvel::internal {
+
+class AttributeRows;
+
+/// A member on which the user acts by its row.
+struct ChosenMember {
+    IMemberDispatch* disp = nullptr; // null: none
+    std::string name{};
+
+    explicit operator bool() const { return disp != nullptr; }
+};
+
+/// The selected row as a member of the object above it, in both layouts.
+ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& rows);
+/// The member whose value the selected row shows; where a row is an object, that of the column under the pointer,
+/// else of the focused one.
+ChosenMember SelectedValue(const CSuperGridCtrl& grid, const AttributeRows& rows);
+/// What the label of the selected row names; where a row is an object, that one by its own name.
+ChosenMember SelectedLabel(const CSuperGridCtrl& grid, const AttributeRows& rows);
+
+/// The column under the pointer; -1: none.
+int ColumnUnderPointer(const CListCtrl& list);
+
+} // namespace korvel::internal
