@@ -26,7 +26,7 @@ struct SCommand {
     std::uint32_t id = 0;
 };
 
-/// What the context menu offers for a member. There is no menu yet; see `IMemberDispatch::GetMemberFlags`.
+/// What the user may do to a member by a grid; see `IMemberDispatch::GetMemberFlags`.
 enum MemberFlags : std::uint32_t {
     MF_Delete = 2,
     MF_Rename = 4,
@@ -77,7 +77,7 @@ public:
 ///
 /// Names are compared exactly, byte by byte. An operation returns false when there is no such member; it then
 /// changes nothing and leaves its output as it was. All operations are called on the thread of the grid's
-/// window; those that a context menu needs (flags, commands, `OnAddMember` and its like) are not called yet.
+/// window; the lists of commands and `OnCommand` are not called yet, as there is no context menu.
 /// The order of the operations is fixed: hosts that were built apart agree on it.
 class KORVEL_API IMemberDispatch : public IDestroyValue {
 public:
