@@ -71,6 +71,30 @@ TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
     root.LetGo();
 }
 
+TEST_F(EditTest, ARefusedTextMarksItsCellWhereTheGridSaysSo) {
+    Bind();
+    const auto hasRedFrame = [this] {
+        const std::vector<PaintCall> calls = display.PaintWindow(grid.m_hWnd);
+        return std::any_of(calls.begin(), calls.end(), [this](const PaintCall& call) {
+            return call.kind == PaintCall::Kind::Frame && GetRValue(call.color) > 200 &&
+                   call.rect == Cell("v");
+        });
+    };
+    for (const bool isOn : {false, true}) {
+        grid.SetGridOption(EGridOption::InlineErrors, isOn);
+        Click("v");
+        Type("1+");
+        EXPECT_FALSE(hasRedFrame());
+        display.AnswerNext(IDOK);
+        Return();
+        EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "1+") << "the text is kept";
+        EXPECT_EQ(hasRedFrame(), isOn);
+        Return();
+        EXPECT_FALSE(grid.IsEditing());
+        EXPECT_FALSE(hasRedFrame());
+    }
+}
+
 TEST_F(EditTest, WhatAnObjectRefusesIsRolledBackAndOnlyTheFieldTellsIt) {
     root.With("flag", Flag(false));
     grid.Initialize(&root, "Name", "Value", 0);

@@ -97,6 +97,11 @@ bool CellEditGrid::EndEdit() {
     return m_parts->session.EndByCommand();
 }
 
+bool CellEditGrid::IsCellMarked(int row, int column) const {
+    return m_parts && m_parts->members.Options().Has(EGridOption::InlineErrors) &&
+           m_parts->session.IsRefused(row, column);
+}
+
 bool CellEditGrid::IsEditing() const {
     return m_parts->session.IsOpen();
 }

@@ -105,6 +105,7 @@ protected:
     virtual int OnKeyDropdownActive(UINT message, UINT key);
     virtual int OnKeyDropdownInactive(UINT message, UINT key);
 
+    bool IsCellMarked(int row, int column) const override;
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
     bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 

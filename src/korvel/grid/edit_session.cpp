@@ -195,6 +195,7 @@ bool EditSession::KeepRefused(const CString& text) {
     if (row < 0)
         return false;
     m_refused = text;
+    m_grid.RedrawRow(row);
     m_grid.EnsureVisible(row, false);
     if (const auto cell = SeenCell(m_grid, row, m_member->column))
         PlaceOver(*cell);
@@ -246,6 +247,8 @@ void EditSession::Drop() {
 
 // Hidden first, so that a focus in a control goes to the grid.
 void EditSession::Close() {
+    if (m_refused && m_grid.m_hWnd)
+        m_grid.RedrawRow(EditedRow());
     m_member.reset();
     m_refused.reset();
     m_controls.text.Drop();

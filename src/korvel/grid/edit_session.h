@@ -32,6 +32,10 @@ public:
                 DropDownSession& dropDown, Controls controls);
 
     bool IsOpen() const;
+    /// Whether a text that was refused is over the cell.
+    bool IsRefused(int row, int column) const {
+        return m_refused && m_member && m_member->column == column && EditedRow() == row;
+    }
 
     /// Opens the text field; what the object throws when it is read is told, and opens nothing.
     void StartText(const CRect& field, IMemberDispatch* disp, const std::string& name);

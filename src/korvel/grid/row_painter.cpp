@@ -2,6 +2,12 @@
 
 namespace korvel::internal {
 
+namespace {
+
+constexpr COLORREF RefusedColor = RGB(220, 30, 30); // stands out from light and from dark grounds
+
+} // namespace
+
 RowPainter::RowPainter(TreeGridList& list, const TreeRows& tree, CDC& dc, int row)
     : m_list(list), m_dc(dc), m_row(row), m_there(tree, row), m_node(m_there.Node()),
       m_cell(dc, [&list, &dc](const CRect& rect, UINT type, UINT state) {
@@ -51,6 +57,8 @@ void RowPainter::DrawContent(int column, const CRect& cell) {
     if (!m_there)
         return;
     DrawText(column, room, ground);
+    if (m_list.IsCellMarked(m_row, column))
+        m_dc.FrameRect(cell, RefusedColor);
     if (m_isSelected && m_hasFocus && column == m_list.GetCurrentColumn())
         m_dc.FrameRect(cell, m_list.GetFocusCellColor());
     if (m_there)

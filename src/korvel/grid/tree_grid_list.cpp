@@ -126,4 +126,8 @@ void TreeGridList::DrawThemedFrame(CDC& dc, const CRect& rect, UINT type, UINT s
     dc.DrawFrameControl(rect, type, state);
 }
 
+bool TreeGridList::IsCellMarked(int, int) const {
+    return false;
+}
+
 } // namespace korvel

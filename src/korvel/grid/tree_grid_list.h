@@ -12,6 +12,7 @@ class GridRowList;
 class RowDrag;
 class RowKeys;
 class RowMouse;
+class RowPainter;
 } // namespace internal
 
 /// The list of a tree grid, and what derived grids decide about its rows. The tree comes with CSuperGridCtrl,
@@ -78,6 +79,8 @@ protected:
     /// A node was taken out of the tree with all below; it is about to be deleted. `formerParent`: null for
     /// what was a root, and when the host removed other nodes while it heard of the rows.
     virtual void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent);
+    /// Whether a red frame marks the cell: its text was refused.
+    virtual bool IsCellMarked(int row, int column) const;
 
     bool IsRedrawPaused() const { return m_redrawPauses > 0; }
     void SelectRow(int row);
@@ -95,6 +98,7 @@ private:
     friend class internal::RowDrag;
     friend class internal::RowKeys;
     friend class internal::RowMouse;
+    friend class internal::RowPainter;
 
     int m_redrawPauses = 0;
 };
