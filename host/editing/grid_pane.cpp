@@ -1,10 +1,12 @@
 #include "editing/grid_pane.h"
 
+#include "korvel/platform/code_page.h"
 #include "program/member_path.h"
 #include "texts/program_texts.h"
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <string_view>
 
 namespace korvel::inspector {
@@ -52,6 +54,10 @@ void AttributeGrid::DivideWidth() {
     SetColumnWidth(1, width - name);
 }
 
+CString AttributeGrid::Absolute(const CString& path) const {
+    return path.empty() || path[0] == '/' || m_folder.empty() ? path : m_folder + "/" + path;
+}
+
 GridPane::GridPane() : m_grid(&m_observer, nullptr) {
     CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
     m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
@@ -68,6 +74,8 @@ GridPane::GridPane() : m_grid(&m_observer, nullptr) {
 void GridPane::Show(OpenDocument& document) {
     Clear();
     m_document = &document;
+    const std::filesystem::path folder = std::filesystem::absolute(document.File().Path()).parent_path();
+    m_grid.SetFolder(platform::FromUtf8(folder.string()).text);
     m_grid.DivideWidth(); // the widths that the columns begin with
     const ProgramTexts& texts = TheProgramTexts;
     m_grid.Initialize(&document.Document().Root(), InCodePage(texts.name), InCodePage(texts.value), 0);

@@ -21,11 +21,19 @@ public:
     void DivideWidth();
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+    /// The folder from which relative paths are meant.
+    void SetFolder(std::string folder) { m_folder = std::move(folder); }
+    bool OpenFile(CString path) override { return CEditableGrid::OpenFile(Absolute(path)); }
+    bool OpenFolder(CString path) override { return CEditableGrid::OpenFolder(Absolute(path)); }
+
 protected:
     /// Red, as the default, looks like an error in a program that shows errors.
     COLORREF GetFocusCellColor() override { return GetSysColor(COLOR_HIGHLIGHTTEXT); }
 
 private:
+    CString Absolute(const CString& path) const;
+
+    std::string m_folder;
     double m_nameShare = 0.4; // of the width
     int m_dividedWidth = 0;
 };

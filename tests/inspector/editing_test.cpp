@@ -169,6 +169,17 @@ TEST_F(EditingTest, AsksBeforeItOverwritesWhatAnotherProgramHasWritten) {
     EXPECT_EQ(m_boxes, 2);
 }
 
+TEST_F(EditingTest, AttributesComeAndGoByTheEditMenu) {
+    ClickValue("radius");
+    EditAction("Delete Attribute").trigger();
+    EXPECT_THAT(Content(), testing::HasSubstr("radius")) << "not saved yet";
+    EXPECT_EQ(Grid().GetItemCount(), 3);
+    EXPECT_TRUE(m_window->isWindowModified());
+    EditAction("Undo").trigger();
+    EXPECT_EQ(Grid().GetItemCount(), 4);
+    EXPECT_FALSE(m_window->isWindowModified());
+}
+
 } // namespace
 
 } // namespace korvel::inspector
