@@ -36,7 +36,7 @@ struct Options {
     bool expandAll = false;
     std::vector<std::string> set; ///< "PATH=TEXT": the path of a member, and what to type into its cell
     bool save = false;
-    std::string saveAs; ///< the file to save to; empty: the one that is read
+    std::string saveAs;   ///< the file to save to; empty: the one that is read
     std::string encoding; ///< of the file; empty: as it says
     std::string locale;   ///< empty: the user's
     std::string language; ///< empty: the one that is set
