@@ -1,9 +1,9 @@
 #include "desktop/desktop_run.h"
 #include "editing/value_typing.h"
-#include "korvel/dialogs/file_container.h"
 #include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
 #include "landxml/landxml_document.h"
+#include "program/file_chooser.h"
 #include "program/list_writer.h"
 #include "program/member_path.h"
 #include "program/options.h"
@@ -13,6 +13,7 @@
 #include "texts/messages.h"
 
 #include <exception>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <stdexcept>
@@ -26,8 +27,8 @@ namespace {
 
 enum ExitStatus { Done = 0, Failed = 1, NotUnderstood = 2 };
 
-// A text of the command line that a cell does not take; in UTF-8.
-class RefusedValue : public std::runtime_error {
+// What the command line asks for and must not be done; in UTF-8.
+class RefusedAct : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
@@ -59,10 +60,13 @@ void Set(GridPane& pane, IMemberDispatch& root, const std::string& assignment) {
     const std::string path = assignment.substr(0, end);
     if (!pane.Expand(platform::FromUtf8(path).text))
         throw UsageError({"--set: there is no %1", {"'" + path + "'"}});
+    const platform::ConvertedText text = platform::FromUtf8(assignment.substr(end + 1));
     try {
-        TypeValue(pane, platform::FromUtf8(assignment.substr(end + 1)).text);
+        if (!text.exact)
+            throw Error(platform::FromUtf8(Say({"the text is not UTF-8"})).text);
+        TypeValue(pane, text.text);
     } catch (const Error& error) {
-        throw RefusedValue("--set " + path + ": " + platform::ToUtf8(error.what()));
+        throw RefusedAct("--set " + path + ": " + platform::ToUtf8(error.what()));
     }
 }
 
@@ -76,13 +80,17 @@ void SetAll(GridPane& pane, OpenDocument& document, const std::vector<std::strin
         Set(pane, document.Document().Root(), assignment);
 }
 
+// Whether the document is saved over the file that it was read from.
+bool IsOwnFile(const Options& options) {
+    std::error_code none;
+    return options.saveAs.empty() || std::filesystem::equivalent(options.saveAs, options.file, none);
+}
+
 // What `--set`, `--save` and `--list` do with a document, in this order. Whatever is refused leaves its file alone.
 int EditAndList(const Options& options, const TakenFormats& formats) {
     GridPane pane;
-    OpenDocument open(
-        options.file,
-        {options.stations, GetFileContainer().GetFileValue(0), options.encoding, ReadingOptions::All},
-        pane.Observer());
+    OpenDocument open(options.file, {options.stations, &FileChooser(), options.encoding, ReadingOptions::All},
+                      pane.Observer());
     LandXmlDocument& document = open.Document();
     if (formats.hasUnitOfFile)
         SetAngleUnit(document.OwnAngleUnit());
@@ -92,6 +100,8 @@ int EditAndList(const Options& options, const TakenFormats& formats) {
     for (const std::string& notice : document.Notices())
         Complain(options.file + ": " + platform::ToUtf8(notice));
     SetAll(pane, open, options.set);
+    if (options.save && IsOwnFile(options) && open.File().GetState() == DocumentFile::State::Changed)
+        throw RefusedAct(Say({"%1 has been changed by another program meanwhile", {options.file}}));
     if (options.save && options.saveAs.empty())
         open.Save();
     else if (options.save)
@@ -135,7 +145,7 @@ int main(int count, char** arguments) {
     } catch (const UsageError& error) {
         Complain(Say({"%1; see --help", {Say(error.Reason())}}));
         return NotUnderstood;
-    } catch (const RefusedValue& error) {
+    } catch (const RefusedAct& error) {
         Complain(error.what());
         return NotUnderstood;
     } catch (const DocumentError& error) {

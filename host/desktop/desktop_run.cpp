@@ -5,12 +5,12 @@
 #include "desktop/picture_file.h"
 #include "desktop/qt_warnings.h"
 #include "desktop/window_place.h"
-#include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/screen.h"
 #include "korvel/platform/store_problem.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/window/app/app.h"
+#include "program/file_chooser.h"
 #include "program/run_settings.h"
 #include "program/settings_keys.h"
 #include "texts/messages.h"
@@ -155,8 +155,7 @@ int RunOnDesktop(const Options& options, const TakenFormats& formats) {
     UseDesktopLanguage(options.locale, translator);
     qt::QtDisplay display;
     SetDisplay(&display);
-    InspectorWindow window({options.stations, GetFileContainer().GetFileValue(0), options.encoding},
-                           formats.hasUnitOfFile);
+    InspectorWindow window({options.stations, &FileChooser(), options.encoding}, formats.hasUnitOfFile);
     const NamedHost host(window);
     if (!picture)
         return ShowUntilClosed(window, options, formats.notice);

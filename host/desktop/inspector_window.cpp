@@ -350,6 +350,8 @@ std::string InspectorWindow::AskForFile(Asking asking, const std::string& begin,
 }
 
 void InspectorWindow::ChooseFile() {
+    if (m_document && !m_pane->EndEdit())
+        return;
     constexpr unsigned long FileMustExist = 0x1000;
     const std::string begin =
         m_folder.isEmpty() ? "" : QFile::encodeName(m_folder + QLatin1Char('/')).toStdString();

@@ -64,7 +64,8 @@ void DocumentFile::Write(std::string_view utf8) {
 
 void DocumentFile::WriteAs(const std::string& path, std::string_view utf8) {
     const std::string bytes = Encode(utf8);
-    const bool isPacked = IsNameOfPacked(path);
+    const bool isOwn = StampOf(path) == m_stamp;
+    const bool isPacked = IsNameOfPacked(path) || (isOwn && m_form.isPacked);
     std::optional<std::string> former;
     if (isPacked && m_form.isPacked && HashOf(bytes) == m_hash && GetState() == State::AsKnown)
         former = BytesOf(m_path);

@@ -33,7 +33,8 @@ public:
     /// left alone. Throws DocumentError when it cannot be written or its encoding lacks a character; the file is as
     /// before then.
     void Write(std::string_view utf8);
-    /// The same into another file, which is the document's file from then on; packed when its name ends in ".gz".
+    /// The same into another file, which is the document's file from then on; packed when its name ends in ".gz",
+    /// or when it is the document's packed file itself.
     /// Bytes that this text has in the former file are copied, also the packed ones.
     void WriteAs(const std::string& path, std::string_view utf8);
     /// Copies the file as it is, and goes on with the copy.

@@ -55,7 +55,13 @@ void AttributeGrid::DivideWidth() {
 }
 
 CString AttributeGrid::Absolute(const CString& path) const {
-    return path.empty() || path[0] == '/' || m_folder.empty() ? path : m_folder + "/" + path;
+    constexpr std::string_view FileScheme = "file://";
+    if (path.starts_with(FileScheme))
+        return path.substr(FileScheme.size());
+    if (!m_document || path.empty() || path[0] == '/' || path.find("://") != CString::npos)
+        return path;
+    const std::filesystem::path folder = std::filesystem::absolute(m_document->File().Path()).parent_path();
+    return platform::FromUtf8(folder.string()).text + "/" + path;
 }
 
 GridPane::GridPane() : m_grid(&m_observer, nullptr) {
@@ -74,8 +80,7 @@ GridPane::GridPane() : m_grid(&m_observer, nullptr) {
 void GridPane::Show(OpenDocument& document) {
     Clear();
     m_document = &document;
-    const std::filesystem::path folder = std::filesystem::absolute(document.File().Path()).parent_path();
-    m_grid.SetFolder(platform::FromUtf8(folder.string()).text);
+    m_grid.SetDocument(&document);
     m_grid.DivideWidth(); // the widths that the columns begin with
     const ProgramTexts& texts = TheProgramTexts;
     m_grid.Initialize(&document.Document().Root(), InCodePage(texts.name), InCodePage(texts.value), 0);
@@ -84,8 +89,16 @@ void GridPane::Show(OpenDocument& document) {
     m_grid.SetFocus();
 }
 
+bool GridPane::EndEdit() {
+    const unsigned failures = m_failures;
+    if (m_grid.GetEditControl())
+        m_grid.SetFocus(); // ends the edit of a name
+    return m_failures == failures && m_grid.EndEdit();
+}
+
 void GridPane::Clear() {
     m_grid.Clear();
+    m_grid.SetDocument(nullptr);
     m_document = nullptr;
 }
 
@@ -121,6 +134,7 @@ RowAbilities GridPane::SelectedRow() const {
 }
 
 void GridPane::Report(const std::string&, const std::string& message) {
+    ++m_failures;
     if (m_failureHook)
         m_failureHook(message);
 }

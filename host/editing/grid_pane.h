@@ -21,8 +21,8 @@ public:
     void DivideWidth();
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
-    /// The folder from which relative paths are meant.
-    void SetFolder(std::string folder) { m_folder = std::move(folder); }
+    /// The document that is shown, or null: relative paths are meant from its file's folder.
+    void SetDocument(const OpenDocument* document) { m_document = document; }
     bool OpenFile(CString path) override { return CEditableGrid::OpenFile(Absolute(path)); }
     bool OpenFolder(CString path) override { return CEditableGrid::OpenFolder(Absolute(path)); }
 
@@ -33,7 +33,7 @@ protected:
 private:
     CString Absolute(const CString& path) const;
 
-    std::string m_folder;
+    const OpenDocument* m_document = nullptr;
     double m_nameShare = 0.4; // of the width
     int m_dividedWidth = 0;
 };
@@ -62,7 +62,7 @@ public:
 
     /// Writes what is being typed into a cell, and closes the cell. False when the text is refused, which the user
     /// has been told; whatever is to be done next must not be done then.
-    bool EndEdit() { return m_grid.EndEdit(); }
+    bool EndEdit();
     /// Called with what the user is to be told of a failure.
     void SetFailureHook(std::function<void(const std::string& message)> hook) {
         m_failureHook = std::move(hook);
@@ -99,6 +99,7 @@ private:
     AttributeGrid m_grid;
     OpenDocument* m_document = nullptr;
     std::function<void(const std::string& message)> m_failureHook;
+    unsigned m_failures = 0; // that were told
 };
 
 } // namespace korvel::inspector

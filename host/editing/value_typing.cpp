@@ -4,16 +4,22 @@
 #include "korvel/editors/grid_ctrl_edit.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
+#include "korvel/values/enum_value.h"
 #include "korvel/window/core/input.h"
 #include "landxml/value_reading.h"
 #include "texts/messages.h"
 
+#include <algorithm>
 #include <limits>
 #include <memory>
+#include <optional>
+#include <string_view>
 
 namespace korvel::inspector {
 
 namespace {
+
+constexpr const char* NoDate = "GDT_NONE";
 
 [[noreturn]] void Refuse(const Message& reason) {
     throw Error(platform::FromUtf8(Say(reason)).text);
@@ -59,7 +65,8 @@ void ChooseDate(const std::string& text) {
     double moment = std::numeric_limits<double>::quiet_NaN();
     if (!text.empty()) {
         const TypedValue date = ReadValue({Meaning::Date}, {platform::ToUtf8(text)}, {UnitSet()});
-        if (date.value.Type != DT_Date)
+        constexpr std::size_t PlainLength = std::string_view("2026-03-04").size();
+        if (date.value.Type != DT_Date || text.size() != PlainLength)
             Refuse({"%1 is no date, which is written like 2026-03-04", {"'" + platform::ToUtf8(text) + "'"}});
         moment = date.value.Value.Double;
     }
@@ -74,15 +81,34 @@ void ToggleTo(const std::string& text, bool isOn) {
         Press(VK_SPACE, " ");
 }
 
-void ChooseEntry(const std::string& text) {
+// How many entries come before the one of that name; nothing without one.
+std::optional<int> PlaceOfEntry(IEnumValue& entries, const std::string& text) {
+    int place = 0;
+    for (auto position = entries.GetFirstPosition(); position; ++place) {
+        CVariantValue name;
+        if (entries.GetName(entries.GetNext(position), name) && name.ToText() == text)
+            return place;
+    }
+    return std::nullopt;
+}
+
+void ChooseEntry(const CVariantValue& value, const std::string& text) {
+    const std::optional<int> place = value.EnumValue ? PlaceOfEntry(*value.EnumValue, text) : std::nullopt;
+    if (!place)
+        Refuse({"%1 is none of the list", {"'" + platform::ToUtf8(text) + "'"}});
     input::Key(GetFocus(), WM_SYSKEYDOWN, VK_DOWN, {});
-    TypeCharacters(text);
+    Press(VK_HOME);
+    for (int step = 0; step < *place; ++step)
+        Press(VK_DOWN);
     Press(VK_RETURN, "\r");
 }
 
 } // namespace
 
 void TypeValue(GridPane& pane, const std::string& text) {
+    const auto isControl = [](char c) { return (c >= 0 && c < ' ') || c == 0x7F; };
+    if (std::any_of(text.begin(), text.end(), isControl))
+        Refuse("control characters cannot be typed"); // they are keys
     IMemberDispatch* object = pane.SelectedObject();
     const std::string name = pane.SelectedName();
     CVariantValue before;
@@ -96,7 +122,7 @@ void TypeValue(GridPane& pane, const std::string& text) {
     if (before.Type == DT_Bool)
         ToggleTo(text, before.Value.Bool);
     else if (before.Type & TypeBitList)
-        ChooseEntry(text);
+        ChooseEntry(before, text);
     else
         Press(VK_F2);
     if (before.Type == DT_Date)
@@ -107,6 +133,10 @@ void TypeValue(GridPane& pane, const std::string& text) {
         throw Error(failure);
     if ((before.Type & TypeBitList) && pane.SelectedText() != text)
         Refuse({"%1 is none of the list", {"'" + platform::ToUtf8(text) + "'"}});
+    CVariantValue after;
+    const bool hasNoDate = before.Type == DT_Date && text.empty();
+    if (hasNoDate && (!object->GetMember(name, after) || after.Type != DT_Date || after.Text != NoDate))
+        Refuse("the value cannot be edited");
 }
 
 } // namespace korvel::inspector

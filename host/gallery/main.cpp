@@ -10,12 +10,12 @@
 #include "gallery/library_dialogs.h"
 #include "gallery/photographer.h"
 #include "gallery/values_dialog.h"
-#include "korvel/dialogs/file_container.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/regional_settings.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/values/language.h"
 #include "korvel/window/dialog/dialog_items.h"
+#include "program/file_chooser.h"
 
 #include <QApplication>
 #include <QDir>
@@ -110,7 +110,7 @@ void TakeValues(Photographer& photographer) {
 }
 
 ReadingOptions Reading() {
-    return {StationKind::Automatic, GetFileContainer().GetFileValue(0), {}};
+    return {StationKind::Automatic, &FileChooser(), {}};
 }
 
 void TakeMenus(Photographer& photographer, QMainWindow& window) {

@@ -285,6 +285,9 @@ bool MemberWriter::Rename(const std::string& name, const std::string& newName) {
 
 void MemberWriter::SetOwnName(const std::string& name) {
     RequireWritable();
+    CVariantValue text;
+    text.Text = name;
+    RefuseFormula(text);
     if (m_document.Tree().FindAttribute(m_owner, NameAttribute).data() == nullptr)
         Refuse({"%1 cannot be renamed: only attributes and elements with the attribute 'name' can",
                 {InQuotes(m_document.IdentOf(m_owner))}});

@@ -56,7 +56,7 @@ TakenFormats ApplySettings(const Options& options) {
     if (!platform::UseLocale(options.locale))
         throw UsageError({"the locale %1 is not known", {"'" + options.locale + "'"}});
     platform::UseLocale({}); // what is kept is kept as the user's own locale has it
-    const bool showsWindow = !options.list && options.screenshot.empty();
+    const bool showsWindow = !options.list && !options.save && options.screenshot.empty();
     TakenFormats taken = TakeFormats(platform::UserConfigFolder(), options.formats,
                                      showsWindow || options.keep ? Keeping::LaterRuns : Keeping::ThisRunOnly);
     if (!options.locale.empty())

@@ -19,7 +19,8 @@ Shows a LandXML file as a tree of objects with typed attributes.
                             list, which has all groups open, only a check that they are there
   --expand-all              open all groups
   --set PATH=TEXT           write a text into the member of that path, as typed into its cell and ended with
-                            Return; can be repeated; a text that is refused ends the run, and nothing is saved
+                            Return; can be repeated; dates as 2026-03-04, flags as true or false; a text that is
+                            refused ends the run, and nothing is saved
   --save [FILE]             write the document back, or into that file: changed values only are written anew
   --encoding NAME           read the file in this encoding, where it declares a wrong one
   --locale NAME             write numbers and dates as in de-DE, en-US, ...
@@ -27,13 +28,13 @@ Shows a LandXML file as a tree of objects with typed attributes.
   --station-kind KIND       road, railway, or auto: railway where an alignment has cant
   --help, --version         write this text, or the version
 
-These are kept for later runs, after --list and --screenshot only with --keep:
+These are kept for later runs, after --list, --save and --screenshot only with --keep:
 
   --angle-unit UNIT         deg, rad, gon, or file (at first): as in the file that is shown
   --digits NUMBER           digits after the decimal separator of numbers, angles and stations
   --grouping SIZES          digits of a group: none, 3 (123.456.789), or 3,2 (12.34.56.789)
 
-  --keep                    keep them also after --list and --screenshot
+  --keep                    keep them also after --list, --save and --screenshot
 
 Names of members are those of LandXML in every language; the numbers in a text are called northing, easting,
 station and so on. A name may end with:
@@ -42,7 +43,7 @@ station and so on. A name may end with:
   [invalid]                 the value is not what LandXML allows here, and is shown as the file has it
   [foreign]                 the attribute or element is of another namespace, and no part of LandXML
 
-Exit status: 0 done, 1 failed, 2 a file or an option that cannot be understood.
+Exit status: 0 done, 1 failed, 2 a file, an option or a value that cannot be taken.
 )";
 
 constexpr const char* GermanHelp = R"(Aufruf: inspector [DATEI] [OPTION...]
@@ -58,8 +59,8 @@ Zeigt eine LandXML-Datei als Baum von Objekten mit typisierten Attributen.
                             Liste, in der alle offen sind, wird nur geprüft, ob es sie gibt
   --expand-all              alle Gruppen öffnen
   --set PFAD=TEXT           einen Text in das Attribut dieses Pfads schreiben, wie in seine Zelle getippt und mit
-                            der Eingabetaste beendet; mehrmals möglich; ein Text, der abgelehnt wird, beendet den
-                            Lauf, und nichts wird gespeichert
+                            der Eingabetaste beendet; mehrmals möglich; Daten wie 2026-03-04, ja/nein als true oder
+                            false; ein Text, der abgelehnt wird, beendet den Lauf, und nichts wird gespeichert
   --save [DATEI]            das Dokument zurückschreiben oder in diese Datei: nur geänderte Werte werden neu
                             geschrieben
   --encoding NAME           die Datei in dieser Kodierung lesen, wenn sie eine falsche angibt
@@ -68,13 +69,13 @@ Zeigt eine LandXML-Datei als Baum von Objekten mit typisierten Attributen.
   --station-kind ART        road (Straße), railway (Bahn) oder auto: Bahn, wo eine Achse Überhöhung hat
   --help, --version         diesen Text oder die Version schreiben
 
-Diese werden für spätere Läufe gemerkt, nach --list und --screenshot nur mit --keep:
+Diese werden für spätere Läufe gemerkt, nach --list, --save und --screenshot nur mit --keep:
 
   --angle-unit EINHEIT      deg, rad, gon oder file (anfangs): wie in der Datei, die gezeigt wird
   --digits ZAHL             Stellen nach dem Dezimaltrennzeichen von Zahlen, Winkeln und Stationen
   --grouping GRÖSSEN        Ziffern einer Gruppe: none (keine), 3 (123.456.789) oder 3,2 (12.34.56.789)
 
-  --keep                    sie auch nach --list und --screenshot merken
+  --keep                    sie auch nach --list, --save und --screenshot merken
 
 Die Namen der Attribute sind in jeder Sprache die von LandXML; die Zahlen in einem Text heißen northing
 (Hochwert), easting (Rechtswert), station und so weiter. Am Ende eines Namens kann stehen:
@@ -83,7 +84,7 @@ Die Namen der Attribute sind in jeder Sprache die von LandXML; die Zahlen in ein
   [invalid]                 der Wert ist hier in LandXML nicht erlaubt und wird gezeigt, wie er in der Datei steht
   [foreign]                 das Attribut oder Element ist aus einem anderen Namensraum und kein Teil von LandXML
 
-Status am Ende: 0 getan, 1 misslungen, 2 eine Datei oder eine Option ist nicht zu verstehen.
+Status am Ende: 0 getan, 1 misslungen, 2 eine Datei, eine Option oder ein Wert ist nicht anzunehmen.
 )";
 
 } // namespace
