@@ -125,6 +125,22 @@ TEST_F(EditTest, WhatAnObjectRefusesIsRolledBackAndOnlyTheFieldTellsIt) {
         }
 }
 
+TEST_F(EditTest, AChoiceThatTheObjectRefusesIsRolledBack) {
+    TestEnumeration colors({"red", "green"});
+    root.With("list", colors.ValueOf(",1,"));
+    grid.Initialize(&root, "Name", "Value", 0);
+    Click("list");
+    Press(VK_DOWN);
+    onSet = [&] { root.RemoveMember("list"); }; // which refuses the write
+    parent.Take();
+    Return();
+    onSet = nullptr;
+    const std::string log = parent.Take();
+    EXPECT_NE(log.find("]!"), std::string::npos) << log;
+    grid.Clear();
+    root.LetGo();
+}
+
 /// Each way out of a field, with a text that is clean, changed or refused.
 class WaysOut : public EditTest {
 protected:

@@ -122,16 +122,18 @@ bool CComboList::IsInitialized() const {
     return m_parts->model.Binding().IsOpen();
 }
 
-void CComboList::UpdateDisp(IObserverGrid* observer) {
+bool CComboList::UpdateDisp(IObserverGrid* observer) {
     if (IsRunningUpdateDisp())
-        return;
+        return true;
+    bool isTaken = false;
     try {
-        m_parts->writeBack.Write(observer);
+        isTaken = m_parts->writeBack.Write(observer);
     } catch (...) {
         m_parts->input.OnWrittenBack();
         throw;
     }
     m_parts->input.OnWrittenBack();
+    return isTaken;
 }
 
 bool CComboList::IsRunningUpdateDisp() const {

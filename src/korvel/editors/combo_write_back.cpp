@@ -15,29 +15,30 @@ void ComboWriteBack::Forget() {
     m_isDirty = false;
 }
 
-void ComboWriteBack::Write(IObserverGrid* observer) {
+bool ComboWriteBack::Write(IObserverGrid* observer) {
     if (!m_object || m_isWriting)
-        return;
+        return true;
     const RaisedFlag writing(m_isWriting);
     const std::string name = m_memberName; // the host may end the binding meanwhile
-    WriteTo(*m_object, name, observer);
+    return WriteTo(*m_object, name, observer);
 }
 
-void ComboWriteBack::WriteTo(IMemberDispatch& object, const std::string& name, IObserverGrid* observer) {
+bool ComboWriteBack::WriteTo(IMemberDispatch& object, const std::string& name, IObserverGrid* observer) {
     const LossWatch bound = m_binding.Watch();
     const CVariantValue written = m_binding.Value();
-    object.SetMember(name, written);
+    const bool isTaken = object.SetMember(name, written);
     if (observer)
         observer->OnChange(&object, nullptr, name, written);
     if (!bound)
-        return; // the object need not live any longer
+        return isTaken; // the object need not live any longer
     CVariantValue now = written;
     object.GetMember(name, now);
     if (!bound)
-        return;
+        return isTaken;
     m_binding.Value() = now;
     if (observer && now != written)
         observer->OnChange(&object, nullptr, name, now);
+    return isTaken;
 }
 
 const bool& ComboWriteBack::IsDirty() {

@@ -26,13 +26,14 @@ public:
 
     /// Writes the value, notifies the observer (may be null), reads it back, and notifies again when the
     /// object has corrected it. Does nothing without an object and while one is running.
-    void Write(IObserverGrid* observer);
+    /// False when the object refuses the value.
+    bool Write(IObserverGrid* observer);
     bool IsWriting() const { return m_isWriting; }
     /// Reads the member and compares. False while one is written, and without an object or its member.
     const bool& IsDirty();
 
 private:
-    void WriteTo(IMemberDispatch& object, const std::string& name, IObserverGrid* observer);
+    bool WriteTo(IMemberDispatch& object, const std::string& name, IObserverGrid* observer);
 
     ComboBinding& m_binding;
     IMemberDispatch* m_object = nullptr;

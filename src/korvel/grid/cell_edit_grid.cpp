@@ -341,15 +341,18 @@ bool CellEditGrid::TranslateKey(const MSG& message) {
     if (message.hwnd == m_DateTime.m_hWnd && message.wParam != VK_TAB)
         return false; // its keys for the calendar are those that the grid keeps for a list
     const bool passesOn = OnKeyDropdownInactive(message.message, static_cast<UINT>(message.wParam));
-    return !passesOn || GetFocus() != focus;
+    // Tab has done what it does, also where a refused text brought the focus back: a native field must not leave
+    // by it once more.
+    const bool isTab = message.message == WM_KEYDOWN && message.wParam == VK_TAB && !IsKeyDown(VK_CONTROL);
+    return isTab || !passesOn || GetFocus() != focus;
 }
 
 bool CellEditGrid::PressEditKey(const MSG& message) {
     const CTreeItem* node = GetSelectedNode();
     if (!node || !node->info)
         return false;
-    const bool isGroup = node->CanExpand() || node->info->disp;
     const bool isAtCell = m_parts->members.RowsAreObjects() && currentColumn > 0;
+    const bool isGroup = node->CanExpand() && !isAtCell;
     const KeyMeaning meaning = MeaningOf(message, {isGroup, node->collapsed(), isAtCell});
     switch (meaning.kind) {
     case KeyMeaning::Kind::Cell:

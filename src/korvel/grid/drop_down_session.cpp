@@ -107,13 +107,12 @@ void DropDownSession::End(Choice choice, bool tells) {
         failure.Try([&] {
             m_commit.RunStep([&](HistoryStep&) {
                 try {
-                    m_controls.list.UpdateDisp(m_commit.Observer());
+                    return m_controls.list.UpdateDisp(m_commit.Observer());
                 } catch (...) {
                     if (tells)
                         throw;
                     return false;
                 }
-                return true;
             });
         });
     failure.Try([&] { Hide(); });

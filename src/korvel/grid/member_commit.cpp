@@ -26,7 +26,7 @@ bool MemberCommit::Read(IMemberDispatch* disp, const std::string& name, CVariant
 
 bool MemberCommit::Write(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) const {
     return RunStep([&](HistoryStep&) {
-        if (!disp->SetMember(name, value))
+        if (!IsShown(disp, name) || !disp->SetMember(name, value)) // the parent has heard of the step before
             return false;
         if (m_observer && IsShown(disp, name))
             m_observer->OnChange(disp, nullptr, name, value);

@@ -19,7 +19,7 @@ public:
     /// 1: the row shows texts. Anything else leaves the cells alone.
     virtual unsigned char GetPresentationKind() = 0;
 
-    /// The user has clicked the text. Not called yet.
+    /// The user has clicked the button of the group's cell.
     virtual void OnPresentationClick() = 0;
 };
 
