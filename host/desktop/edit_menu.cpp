@@ -1,5 +1,6 @@
 #include "desktop/edit_menu.h"
 
+#include "korvel/editors/grid_ctrl_edit.h"
 #include "korvel/platform/code_page.h"
 #include "texts/program_texts.h"
 
@@ -10,9 +11,6 @@
 namespace korvel::inspector {
 
 namespace {
-
-// What a field of the library does with the clipboard; see CGridCtrlEdit.
-enum FieldCommand { CopyText = 57634, CutText = 57635, PasteText = 57637 };
 
 QString Said(const ProgramText& text) {
     return QString::fromUtf8(text.Utf8());
@@ -78,12 +76,12 @@ void EditMenu::Reveal(const std::optional<ChangedMember>& changed) {
 void EditMenu::AddClipboard() {
     struct Entry {
         const ProgramText& text;
-        FieldCommand command;
+        UINT command;
         QKeySequence::StandardKey key;
     };
-    for (const Entry& entry : {Entry{TheProgramTexts.cut, CutText, QKeySequence::Cut},
-                               Entry{TheProgramTexts.copy, CopyText, QKeySequence::Copy},
-                               Entry{TheProgramTexts.paste, PasteText, QKeySequence::Paste}}) {
+    for (const Entry& entry : {Entry{TheProgramTexts.cut, ID_EDIT_CUT, QKeySequence::Cut},
+                               Entry{TheProgramTexts.copy, ID_EDIT_COPY, QKeySequence::Copy},
+                               Entry{TheProgramTexts.paste, ID_EDIT_PASTE, QKeySequence::Paste}}) {
         QAction* action = m_menu->addAction(Said(entry.text), m_menu, [this, command = entry.command] {
             m_attempt([&] { m_pane.SendToField(command); });
         });

@@ -170,7 +170,10 @@ void InspectorWindow::Open(const std::string& path) {
     m_document = std::move(document);
     if (m_unitOfFile)
         SetAngleUnit(m_document->Document().OwnAngleUnit());
-    m_document->Editing().SetStepsHook([this] { ShowChanges(); });
+    m_document->Editing().SetStepsHook([this](bool isChanged) {
+        m_areListsOld = m_areListsOld || isChanged;
+        ShowChanges();
+    });
     ShowDocument();
     m_pane->Show(*m_document);
     m_status->setText(StatusText());
@@ -317,7 +320,6 @@ void InspectorWindow::ShowDocument() {
 void InspectorWindow::ShowChanges() {
     const bool isChanged = m_document && m_document->HasUnsavedChanges();
     setWindowModified(isChanged);
-    m_areListsOld = m_lists != nullptr;
     statusBar()->clearMessage(); // of a failure before
     m_edit->ShowSteps();
 }

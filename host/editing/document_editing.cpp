@@ -31,8 +31,9 @@ void DocumentEditing::Do(const std::function<void()>& change) {
     internal::FirstFailure failure;
     failure.Try(change);
     failure.Try([this] { m_news.Tell(); });
+    const bool isChanged = std::exchange(m_isChanged, false);
     if (m_stepsHook)
-        failure.Try(m_stepsHook);
+        failure.Try([&] { m_stepsHook(isChanged); });
     failure.Rethrow();
 }
 
@@ -50,15 +51,12 @@ std::optional<ChangedMember> DocumentEditing::Redo() {
     return Replay(&UndoStack::Redo, m_stack.NextRedo());
 }
 
-void DocumentEditing::MarkSaved() {
-    Do([this] { m_stack.MarkClean(); });
-}
-
 void DocumentEditing::OnChanging(const DocumentChange& change) {
     m_news.Remember(change);
 }
 
 void DocumentEditing::OnChanged(const DocumentChange& change) {
+    m_isChanged = true;
     m_stack.Record(change);
     if (!m_stack.IsOpen() && !m_stack.IsReplaying())
         Do([] {});

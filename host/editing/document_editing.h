@@ -44,10 +44,11 @@ public:
     /// Where the step was, to be shown to the user; nothing where there was no step.
     std::optional<ChangedMember> Undo();
     std::optional<ChangedMember> Redo();
-    void MarkSaved();
+    void MarkSaved() { m_stack.MarkClean(); }
 
-    /// Called when the steps have changed.
-    void SetStepsHook(std::function<void()> hook) { m_stepsHook = std::move(hook); }
+    /// Called when a frame has ended, or a step was made, undone or redone; whether that has changed the document.
+    using StepsHook = std::function<void(bool isChanged)>;
+    void SetStepsHook(StepsHook hook) { m_stepsHook = std::move(hook); }
 
 private:
     void OnChanging(const DocumentChange& change) override;
@@ -59,7 +60,8 @@ private:
     LandXmlDocument& m_document;
     UndoStack m_stack;
     MemberNews m_news;
-    std::function<void()> m_stepsHook;
+    StepsHook m_stepsHook;
+    bool m_isChanged = false; // since the hook was called
 };
 
 } // namespace korvel::inspector

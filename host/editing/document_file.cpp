@@ -11,8 +11,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <fstream>
-#include <iterator>
 #include <optional>
+#include <sstream>
 
 namespace korvel::inspector {
 
@@ -26,8 +26,10 @@ bool IsNameOfPacked(const std::string& path) {
 // As they are; nothing where they cannot be read.
 std::optional<std::string> BytesOf(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    return file ? std::optional(std::move(bytes)) : std::nullopt;
+    std::ostringstream bytes;
+    if (file.peek() != std::ifstream::traits_type::eof()) // to write nothing counts as a failure
+        bytes << file.rdbuf();
+    return file && bytes ? std::optional(std::move(bytes).str()) : std::nullopt;
 }
 
 } // namespace

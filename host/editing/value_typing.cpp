@@ -32,7 +32,7 @@ void Press(UINT key, const std::string& characters = {}) {
     }
 }
 
-// Keys that no text field has a meaning for but by their characters.
+// Without the codes of keys, which depend on a keyboard: a field takes the characters.
 void TypeCharacters(const std::string& text) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t length = platform::CharacterAt(text, at).length;
@@ -41,17 +41,18 @@ void TypeCharacters(const std::string& text) {
     }
 }
 
-// The class of the control that has opened over the cell; null when it has another one.
+// Opens the cell, whose control is of this class.
 template <typename Control>
-Control* OpenControl() {
-    return dynamic_cast<Control*>(CWnd::FromHandlePermanent(GetFocus()));
+Control& OpenCell() {
+    Press(VK_F2);
+    auto* control = dynamic_cast<Control*>(CWnd::FromHandlePermanent(GetFocus()));
+    if (!control)
+        Refuse("the value cannot be edited");
+    return *control;
 }
 
 void TypeText(const std::string& text) {
-    auto* field = OpenControl<CGridCtrlEdit>();
-    if (!field)
-        Refuse("the value cannot be edited");
-    field->SetSel(0, -1);
+    OpenCell<CGridCtrlEdit>().SetSel(0, -1);
     if (text.empty())
         Press(VK_DELETE);
     TypeCharacters(text);
@@ -59,9 +60,6 @@ void TypeText(const std::string& text) {
 }
 
 void ChooseDate(const std::string& text) {
-    auto* picker = OpenControl<CGridCtrlDateTime>();
-    if (!picker)
-        Refuse("the value cannot be edited");
     double moment = std::numeric_limits<double>::quiet_NaN();
     if (!text.empty()) {
         const TypedValue date = ReadValue({Meaning::Date}, {platform::ToUtf8(text)}, {UnitSet()});
@@ -70,7 +68,7 @@ void ChooseDate(const std::string& text) {
             Refuse({"%1 is no date, which is written like 2026-03-04", {"'" + platform::ToUtf8(text) + "'"}});
         moment = date.value.Value.Double;
     }
-    input::Value(picker->m_hWnd, moment);
+    input::Value(OpenCell<CGridCtrlDateTime>().m_hWnd, moment);
     Press(VK_RETURN, "\r");
 }
 
@@ -123,11 +121,9 @@ void TypeValue(GridPane& pane, const std::string& text) {
         ToggleTo(text, before.Value.Bool);
     else if (before.Type & TypeBitList)
         ChooseEntry(before, text);
-    else
-        Press(VK_F2);
-    if (before.Type == DT_Date)
+    else if (before.Type == DT_Date)
         ChooseDate(text);
-    else if (before.Type != DT_Bool && !(before.Type & TypeBitList))
+    else
         TypeText(text);
     if (!failure.empty())
         throw Error(failure);

@@ -372,23 +372,6 @@ TEST_F(GridEditTest, ParseNumberReadsByAFormatAndConvertByTheOptions) {
     EXPECT_EQ(value.Value.Double, 3000000000) << "a refusal leaves the value";
 }
 
-TEST_F(GridEditTest, AFileKeepsItsChooserAndATextFormItsNumber) {
-    auto* chooser = reinterpret_cast<IFileValue*>(&object); // carried, never called
-    CVariantValue file = MakeValue(DT_FileName, "a.xml");
-    file.EnumContext = chooser;
-    object.AddMember("file", true, file);
-    object.AddMember("form", true, MakeValue(DT_TextFormDouble, 2.5));
-    Start("file", "b.xml");
-    End();
-    EXPECT_EQ(object.Get("file").Text, "b.xml");
-    EXPECT_EQ(object.Get("file").EnumContext, chooser);
-    Start("form", "two");
-    End();
-    EXPECT_EQ(object.Get("form").Text, "two");
-    EXPECT_EQ(object.Get("form").Value.Double, 2.5);
-    object.RemoveMember("file"); // it owns no chooser
-}
-
 TEST_F(GridEditTest, AStepIsShownAndWrittenAtTheEnd) {
     Start("share", "99.5");
     edit->StepValue(1);

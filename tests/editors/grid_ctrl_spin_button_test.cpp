@@ -167,16 +167,6 @@ TEST_F(SpinTest, WithoutAFieldOrAnObjectOnlyTheLookChanges) {
     EXPECT_EQ(spin.m_UpState & CGridCtrlSpinButton::Pressed, 0u);
 }
 
-TEST_F(SpinTest, EscapeDropsStepsThatAreNotWritten) {
-    GridOptions options;
-    options.Set(EGridOption::EscapeCancels, true);
-    edit.SetOptions(options);
-    Press({5, 15});
-    input::Key(edit.m_hWnd, WM_KEYDOWN, VK_ESCAPE, "\x1B");
-    edit.End(true);
-    EXPECT_EQ(object.Take().find("set"), std::string::npos);
-}
-
 TEST_F(SpinTest, TheArrowUnderThePointerStandsOut) {
     const auto colors = [this] {
         std::vector<COLORREF> faces;

@@ -99,8 +99,7 @@ TEST_F(DropDown, KeysAndPressesEndIt) {
         ASSERT_NO_FATAL_FAILURE(Open());
         act();
         EXPECT_EQ(grid.GetDroppedState(), isEnded ? 0 : 1);
-        const std::string log = parent.Take();
-        EXPECT_EQ(log.substr(0, std::string(codes).size()), codes);
+        EXPECT_EQ(parent.Take(), codes);
         grid.CtrlEnd();
         ExpectUsable();
     }

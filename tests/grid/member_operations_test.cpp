@@ -260,13 +260,16 @@ TEST_F(MemberOperationsTest, ANewAttributeGoesToTheObjectOfTheRow) {
 }
 
 TEST_F(MemberOperationsTest, ADialogForAnObjectThatIsGoneAddsNothing) {
-    Bind();
-    SelectMember(point, "x");
     for (const auto& [border, leave] : Table<std::function<void()>>{
              {"its row is removed", [this] { grid.OnOperationRemove(&root, "p", Group(&point)); }},
              {"the binding ends", [this] { grid.Clear(); }},
              {"the window dies", [this] { grid.DestroyWindow(); }}}) {
+        grid.Clear();
+        Bind();
+        SelectMember(point, "x");
+        bool isOpen = false;
         display.Then([&, leave = leave] {
+            isOpen = true;
             const HWND dialog = korvel::GetParent(GetFocus());
             leave();
             parent.Take();
@@ -274,6 +277,7 @@ TEST_F(MemberOperationsTest, ADialogForAnObjectThatIsGoneAddsNothing) {
             SendMessageA(dialog, WM_COMMAND, IDOK, 0);
         });
         Run(GridCommand::AddMember);
+        EXPECT_TRUE(isOpen) << border;
         EXPECT_EQ(parent.Take().find("add "), std::string::npos) << border;
     }
 }

@@ -21,10 +21,6 @@ struct DocumentFileTest : ::testing::Test {
     void Write(const std::string& name, const std::string& bytes) const {
         std::ofstream(name, std::ios::binary) << bytes;
     }
-    std::string Read(const std::string& name) const {
-        std::ifstream file(name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
 
     platform::ScratchStore folder; // settings that name no language: none is chosen for the other tests
     const std::string path = PathOf("a.xml");
@@ -37,7 +33,9 @@ TEST_F(DocumentFileTest, WritesInTheFormThatItWasReadIn) {
         Write(path, isPacked ? Pack(Source) : Source);
         const LandXmlDocument document(path, {});
         DocumentFile file(path, document);
-        const auto written = [&] { return isPacked ? ReadSourceFile(path).bytes : Read(path); };
+        const auto written = [&] {
+            return isPacked ? ReadSourceFile(path).bytes : platform::ContentOf(path);
+        };
         const FileStamp before = *StampOf(path);
         file.Write(document.Tree().Source());
         EXPECT_EQ(StampOf(path), before) << "nothing to write";
@@ -67,7 +65,7 @@ TEST_F(DocumentFileTest, SeesWhatOthersDoToTheFile) {
     EXPECT_THROW(file.Write(Changed), DocumentError);
     std::filesystem::remove(path);
     file.Write(document.Tree().Source());
-    EXPECT_EQ(Read(path), Source) << "what has gone comes back";
+    EXPECT_EQ(platform::ContentOf(path), Source) << "what has gone comes back";
 }
 
 TEST_F(DocumentFileTest, GoesOnInTheFileThatItWasWrittenToLast) {
@@ -77,7 +75,7 @@ TEST_F(DocumentFileTest, GoesOnInTheFileThatItWasWrittenToLast) {
     const LandXmlDocument document(path, {});
     DocumentFile file(path, document);
     file.WriteAs(packed, Changed);
-    EXPECT_EQ(Read(path), Source);
+    EXPECT_EQ(platform::ContentOf(path), Source);
     EXPECT_TRUE(ReadSourceFile(packed).isPacked);
     EXPECT_EQ(file.Path(), packed);
 
@@ -85,9 +83,9 @@ TEST_F(DocumentFileTest, GoesOnInTheFileThatItWasWrittenToLast) {
     const LandXmlDocument other(packed, {});
     DocumentFile otherFile(packed, other);
     otherFile.WriteAs(copy, other.Tree().Source());
-    EXPECT_EQ(Read(copy), Read(packed));
+    EXPECT_EQ(platform::ContentOf(copy), platform::ContentOf(packed));
     otherFile.WriteAs(path, other.Tree().Source());
-    EXPECT_EQ(Read(path), "<a></a>");
+    EXPECT_EQ(platform::ContentOf(path), "<a></a>");
     EXPECT_THROW(otherFile.WriteAs(PathOf("none/d.xml"), "<a/>"), DocumentError);
     EXPECT_EQ(otherFile.Path(), path);
 }

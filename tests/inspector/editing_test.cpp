@@ -36,10 +36,7 @@ protected:
     }
 
     void Write(const std::string& text) const { std::ofstream(m_path, std::ios::binary) << text; }
-    std::string Content() const {
-        std::ifstream file(m_path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string Content() const { return platform::ContentOf(m_path); }
     CEditableGrid& Grid() const {
         return dynamic_cast<CEditableGrid&>(
             *CWnd::FromHandlePermanent(GetFirstChild(m_window->Pane().m_hWnd)));

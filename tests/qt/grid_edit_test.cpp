@@ -92,15 +92,6 @@ protected:
     int boxes = 0;
 };
 
-TEST_F(CellEditOnDesktop, ATypedSumIsWrittenByReturn) {
-    ClickCell(0);
-    EXPECT_EQ(QApplication::focusWidget(), user.Widget(grid.m_Edit.m_hWnd));
-    Type("2*(3+4)");
-    user.Key(VK_RETURN, "\r");
-    EXPECT_EQ(Value(), 14);
-    EXPECT_EQ(QApplication::focusWidget(), user.Widget(grid.m_hWnd));
-}
-
 TEST_F(CellEditOnDesktop, APressOnAWidgetOfTheHostIsOneWayOut) {
     AnswerBoxes();
     ClickCell(0);

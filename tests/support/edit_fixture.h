@@ -73,12 +73,11 @@ struct OpenedGrid : CEditableGrid {
     using CEditableGrid::m_DateTime;
     using CEditableGrid::m_Edit;
     using CEditableGrid::m_HoverTimer;
-    using CEditableGrid::m_pErrorReporter;
     using CEditableGrid::m_Spin;
 };
 
-/// A grid of which cells are edited, in a parent with another field. The root object has 40 members: "v" 12.5,
-/// "s" "text", and others to scroll away to.
+/// A grid of which cells are edited, in a parent with another field. The root object has "v" 12.5 and "s" "text",
+/// and after Bind others to scroll away to.
 class EditTest : public GermanMachine {
 protected:
     EditTest() {

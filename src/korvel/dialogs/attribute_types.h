@@ -18,7 +18,8 @@ struct AttributeType {
 /// type it allows. Measures have 64 bits where these are allowed, else 32.
 std::vector<AttributeType> AttributeTypes(std::uint32_t allowed, IEnumContainer* enumerations);
 
-/// What `value` is as `fresh`, a value of another type: the same number where both are numbers, else `fresh`.
+/// What `value` is as `fresh`, a value of another type: as ChangeToType says where both are numbers, else
+/// `fresh`.
 CVariantValue ConvertedTo(const CVariantValue& fresh, const CVariantValue& value);
 
 } // namespace korvel::internal

@@ -22,7 +22,8 @@ struct AttributeType;
 /// protected. It adds nothing itself.
 ///
 ///     CDlgEditAttributs dialog(&observer, &axis, &enumerations, 0xFFFFFFFF, true, &grid);
-///     if (dialog.DoModal() == IDOK && axis.AddMember(dialog.GetName(), !dialog.IsWriteProtected(), dialog.GetValue()))
+///     if (dialog.DoModal() == IDOK &&
+///         axis.AddMember(dialog.GetName(), !dialog.IsWriteProtected(), dialog.GetValue()))
 ///         observer.OnAdd(&axis, nullptr, dialog.GetName(), dialog.GetValue());
 ///
 /// It offers text, the plain numbers, flag, date, colors, file, angles, measures and a list of each enumeration of

@@ -29,7 +29,7 @@ struct ReplacedBytes {
 
 /// A document as UTF-8, without byte order mark, and how its file holds it.
 struct DecodedXml {
-    /// Ends before the first byte that is wrong. A fault of the text itself is thus found first.
+    /// Ends before the first byte that is wrong and not replaced. A fault of the text itself is thus found first.
     std::string text;
     /// What is wrong after the text; nothing where the whole file was read. XmlParser throws it at that
     /// place.
@@ -37,7 +37,7 @@ struct DecodedXml {
     /// By its registered name where it has one: "UTF-8", "UTF-16BE", "windows-1252", "Shift_JIS".
     std::string encoding;
     bool hasByteOrderMark = false;
-    std::optional<ReplacedBytes> replaced;
+    std::optional<ReplacedBytes> replaced; ///< with WrongBytes::Replace only
 };
 
 /// Reads the bytes of a file as its byte order mark or the zeros of its first '<' say, else as `encoding`
@@ -52,7 +52,7 @@ struct DecodedXml {
 ///
 /// Throws XmlError, with its place, for a text that does not begin with '<', a declaration that is malformed,
 /// or that names an encoding that is not known or that the bytes contradict. Takes memory for the text once
-/// more than the bytes; none for UTF-8.
+/// more than the bytes; none for UTF-8 without wrong bytes.
 KORVEL_API DecodedXml DecodeXml(std::string bytes, std::string_view encoding = {},
                                 WrongBytes wrongBytes = WrongBytes::End);
 

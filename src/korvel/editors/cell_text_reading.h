@@ -21,7 +21,8 @@ bool IsFormula(std::string_view text);
 /// The value with this formula as its text.
 CVariantValue WithFormula(CVariantValue value, const std::string& formula);
 
-/// True for a type whose text alone is edited, while the rest of the value stays: files, text forms, colors.
+/// True for a type whose text alone is edited, while the rest of the value stays: files, text forms, opaque
+/// colors.
 bool KeepsPayload(EDataTyps type);
 
 /// The number that a text means where values of this type are shown, an angle in the user's unit: arithmetic, and

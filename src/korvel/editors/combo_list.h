@@ -84,7 +84,7 @@ public:
 
     /// Writes the value to the object, notifies `observer` (may be null), reads it back, and notifies again
     /// when the object has corrected it. Does nothing without an object and while one is running. False when the
-    /// object refuses the value.
+    /// object refuses the value; the observer is told all the same.
     bool UpdateDisp(IObserverGrid* observer);
     bool IsRunningUpdateDisp() const;
     /// Reads the member and compares; false while UpdateDisp runs, and for an object without the member.

@@ -40,8 +40,9 @@ public:
     void SetOptions(GridOptions options) { m_options = options; }
 
     /// Begins an edit of a member and shows its value with all text selected, and without a limit to what is
-    /// typed; an empty text when the object knows no such member. Nothing is written at the end of an edit in which the text was not changed. When
-    /// the object throws, no edit has begun; when it ends the edit meanwhile, `m_pDisp` is null.
+    /// typed; an empty text when the object knows no such member. Nothing is written at the end of an edit in which
+    /// the text was not changed. When the object throws, no edit has begun; when it ends the edit meanwhile,
+    /// `m_pDisp` is null.
     void Start(IMemberDispatch* disp, const std::string& name);
     /// Shows a value: numbers with a point, without groups and unit; what is no number as its Text.
     void SetValue(const CVariantValue& value);

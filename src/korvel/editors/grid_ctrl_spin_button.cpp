@@ -3,6 +3,7 @@
 #include "korvel/editors/grid_ctrl_edit.h"
 #include "korvel/window/base/control_messages.h"
 #include "korvel/window/core/dc.h"
+#include "korvel/window/display/window_view.h"
 
 #include <utility>
 
@@ -165,7 +166,7 @@ void CGridCtrlSpinButton::RedrawChanged() {
 }
 
 LRESULT CGridCtrlSpinButton::Paint(CDC& dc) const {
-    const bool isEnabled = IsWindowEnabled();
+    const bool isEnabled = view::IsSwitchedOn(m_hWnd);
     const auto look = [&](std::uint32_t state) {
         return (isEnabled ? 0u : DFCS_INACTIVE) | (state & Pressed ? DFCS_PUSHED : 0u) |
                (state & Hot ? DFCS_HOT : 0u);

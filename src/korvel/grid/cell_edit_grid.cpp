@@ -27,12 +27,12 @@ constexpr int FieldId = 108;
 constexpr int DateId = 109;
 constexpr int SpinId = 15046;
 
-// A choice in the drop-down.
-constexpr UINT ChoiceTaken = 9;
-constexpr UINT ChoiceGivenUp = 10;
-
 bool IsKey(UINT message) {
     return message >= WM_KEYDOWN && message <= WM_KEYLAST;
+}
+
+bool IsTab(UINT message, WPARAM key) {
+    return message == WM_KEYDOWN && key == VK_TAB && !IsKeyDown(VK_CONTROL);
 }
 
 } // namespace
@@ -120,14 +120,14 @@ void CellEditGrid::CtrlClear() {
 
 void CellEditGrid::OnOK() {
     const HWND window = m_hWnd;
-    SendParentComboMessage(ChoiceTaken);
+    SendParentComboMessage(CBN_SELENDOK);
     if (IsWindow(window))
         CtrlEnd();
 }
 
 void CellEditGrid::OnCancel() {
     const HWND window = m_hWnd;
-    SendParentComboMessage(ChoiceGivenUp);
+    SendParentComboMessage(CBN_SELENDCANCEL);
     if (!IsWindow(window))
         return;
     if (m_parts->members.Options().Has(EGridOption::EscapeCancels))
@@ -343,8 +343,7 @@ bool CellEditGrid::TranslateKey(const MSG& message) {
     const bool passesOn = OnKeyDropdownInactive(message.message, static_cast<UINT>(message.wParam));
     // Tab has done what it does, also where a refused text brought the focus back: a native field must not leave
     // by it once more.
-    const bool isTab = message.message == WM_KEYDOWN && message.wParam == VK_TAB && !IsKeyDown(VK_CONTROL);
-    return isTab || !passesOn || GetFocus() != focus;
+    return IsTab(message.message, message.wParam) || !passesOn || GetFocus() != focus;
 }
 
 bool CellEditGrid::PressEditKey(const MSG& message) {
@@ -353,7 +352,7 @@ bool CellEditGrid::PressEditKey(const MSG& message) {
         return false;
     const bool isAtCell = m_parts->members.RowsAreObjects() && currentColumn > 0;
     const bool isGroup = node->CanExpand() && !isAtCell;
-    const KeyMeaning meaning = MeaningOf(message, {isGroup, node->collapsed(), isAtCell});
+    const KeyMeaning meaning = MeaningOf(message, {isGroup, node->collapsed()});
     switch (meaning.kind) {
     case KeyMeaning::Kind::Cell:
         return PressInCell(meaning.cell, *node);
@@ -424,8 +423,7 @@ int CellEditGrid::OnKeyDropdownActive(UINT message, UINT key) {
 int CellEditGrid::OnKeyDropdownInactive(UINT message, UINT key) {
     const bool dropsList =
         (message == WM_SYSKEYDOWN && key == VK_DOWN) || (message == WM_KEYDOWN && key == VK_F4);
-    const bool isTab = message == WM_KEYDOWN && key == VK_TAB && !IsKeyDown(VK_CONTROL);
-    return !dropsList && (!isTab || PressTab());
+    return !dropsList && (!IsTab(message, key) || PressTab());
 }
 
 // As the dialog around the grid does it, where there is one. False: there is no tab stop.

@@ -4,16 +4,13 @@
 #include "korvel/grid/grid_drop_down_notice.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/platform/raised_flag.h"
+#include "korvel/window/base/control_messages.h"
 
 #include <algorithm>
 
 namespace korvel::internal {
 
 namespace {
-
-// As a combo box has them.
-constexpr UINT ListDropped = 7;
-constexpr UINT ListClosed = 8;
 
 // Names of entries have their dashes escaped where dashes separate them.
 CString WithoutEscapes(const CString& escaped) {
@@ -56,10 +53,12 @@ CRect DropDownSession::FieldOnScreen() const {
 
 void DropDownSession::Drop(const CRect& place, IMemberDispatch* disp, const std::string& name) {
     CVariantValue value;
-    if (!disp->GetMember(name, value) || !m_commit.IsShown(disp, name))
+    if (!m_commit.IsShown(disp, name) || !disp->GetMember(name, value) || !m_commit.IsShown(disp, name))
         return;
     CComboList& list = m_controls.list;
     list.Initialize(disp, name);
+    if (!m_commit.IsShown(disp, name))
+        list.UnIntialize(); // the host has ended it meanwhile
     if (!list.IsInitialized())
         return;
     list.DropBelow({place.left, place.top, place.right, place.top});
@@ -67,10 +66,11 @@ void DropDownSession::Drop(const CRect& place, IMemberDispatch* disp, const std:
     m_controls.droppedState = 1;
     if (const HWND parent = korvel::GetParent(m_grid.m_hWnd))
         m_controls.hook.HookWindow(parent);
-    NotifyParentCommand(m_grid.m_hWnd, ListDropped);
+    NotifyParentCommand(m_grid.m_hWnd, CBN_DROPDOWN);
+    if (!IsDropped())
+        return; // and the enumeration need not live any longer
     const CString text = value.ToText();
-    if (IsDropped())
-        NotifyDropped(text);
+    NotifyDropped(text);
     if (IsDropped())
         m_controls.field.SetWindowTextA(WithoutEscapes(text));
 }
@@ -96,7 +96,7 @@ void DropDownSession::Hide() {
     failure.Try([&] { m_controls.list.UnIntialize(); });
     failure.Try([&] { m_controls.hook.HookWindow(nullptr); });
     failure.Try([&] { m_controls.field.RedrawWindow(); });
-    failure.Try([&] { NotifyParentCommand(m_grid.m_hWnd, ListClosed); });
+    failure.Try([&] { NotifyParentCommand(m_grid.m_hWnd, CBN_CLOSEUP); });
     m_controls.droppedState = 0;
     failure.Rethrow();
 }

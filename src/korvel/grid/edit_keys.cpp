@@ -19,7 +19,7 @@ KeyMeaning OfKey(UINT key, const KeyedRow& row) {
     case VK_F2:
         return OfCell(CellKey::Open);
     case VK_RETURN:
-        if (row.isGroup && !row.isAtCell)
+        if (row.isGroup)
             return OfSign(row.isCollapsed ? VK_ADD : VK_SUBTRACT);
         return OfCell(CellKey::Open);
     case VK_SPACE:

@@ -16,9 +16,8 @@ struct KeyMeaning {
 
 /// The row with the selection.
 struct KeyedRow {
-    bool isGroup = false;
+    bool isGroup = false; ///< and its name has the focus, not a cell of it
     bool isCollapsed = false;
-    bool isAtCell = false; ///< a cell of a group has the focus, not its name
 };
 
 /// Nothing also for what the keypad's own keys do as keys already.

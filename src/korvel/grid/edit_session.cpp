@@ -47,7 +47,7 @@ EditSession::EditSession(CSuperGridCtrl& grid, EditedMembers& members, const Mem
             m_members.ShowValue(disp, name, held);
         });
     m_controls.spin.m_pEdit = &m_controls.text;
-    m_controls.spin.m_Step = -1.0; // the upper half raises
+    m_controls.spin.m_Step = -1.0; // the first arrow raises
     m_controls.spin.SetFailureHook([this](const std::exception_ptr& failure) { OnStepFailed(failure); });
 }
 

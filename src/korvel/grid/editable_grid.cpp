@@ -109,13 +109,13 @@ void CEditableGrid::OnChangeType(EDataTyps target) {
 
 void CEditableGrid::OnOpenFile() {
     const ModuleStateGuard guard;
-    if (const auto path = m_binding->operations.FindPath())
+    if (const auto path = EndEdit() ? m_binding->operations.FindPath() : std::nullopt)
         OpenFile(*path);
 }
 
 void CEditableGrid::OnOpenFolder() {
     const ModuleStateGuard guard;
-    if (const auto path = m_binding->operations.FindPath())
+    if (const auto path = EndEdit() ? m_binding->operations.FindPath() : std::nullopt)
         OpenFolder(FolderOf(*path));
 }
 

@@ -185,8 +185,8 @@ public:
 
     /// The enumerations that a new attribute may be a value of; must outlive the grid.
     void SetEnumImp(IEnumContainer* enumerations) { m_pEnumContainer = enumerations; }
-    // What the user may do. What is not allowed is missing in the menu; removing, and with SetAllowEdit write
-    // protection, are then refused here too.
+    // What the user may do: removing, and with SetAllowEdit write protection, are refused where they are not
+    // allowed. The others are for the context menu.
     void SetAllowRemove(bool allow) { m_AllowRemove = allow; }
     void SetAllowRename(bool allow) { m_AllowRename = allow; }               ///< No effect yet.
     void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }       ///< No effect yet.

@@ -12,8 +12,8 @@ class KORVEL_API IGridErrorReporter {
 public:
     virtual ~IGridErrorReporter() = default;
 
-    /// What the user did has failed, and everything is as it was before. `message` says why, in the language of
-    /// the process. May do what a host may do while it is called; see CEditableGrid.
+    /// What the user did has failed. What was recorded of it in an undoable step has been rolled back; what makes
+    /// no step may have been done in part. `message` says why, in the language of the process. May do what a host may do while it is called; see CEditableGrid.
     virtual void Report(const std::string& caption, const std::string& message) = 0;
 };
 

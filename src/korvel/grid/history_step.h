@@ -9,7 +9,8 @@ void TellStepOpened(HWND parent, const char* title);
 void TellStepClosed(HWND parent);
 void TellStepRolledBack(HWND parent);
 
-/// One undoable step, of which a window is told: closed once whatever happens, and rolled back after that.
+/// One undoable step, of which a window is told. Its owner closes it whatever happens; it is closed once, and
+/// rolled back only after that.
 /// It stays with its window, also when the grid that wrote in it is destroyed meanwhile.
 class HistoryStep {
 public:

@@ -108,10 +108,10 @@ public:
     virtual std::uint32_t GetOptions() const { return m_Options; }
     virtual void SetOptions(std::uint32_t options) { m_Options = options; }
 
-    /// Which operations the context menu offers for the member: `MemberFlags`.
+    /// What the user may do to the member: `MemberFlags`.
     virtual std::uint32_t GetMemberFlags(const std::string& name);
 
-    /// Which operations the context menu offers for the object: `EditFlags`.
+    /// What the user may do to the object: `EditFlags`.
     virtual std::uint32_t GetEditFlags() const { return m_EditFlags; }
     virtual void SetEditFlags(std::uint32_t flags) { m_EditFlags = flags; }
 

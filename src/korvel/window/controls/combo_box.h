@@ -24,7 +24,8 @@ namespace korvel {
 ///     a key that moves, list open      CBN_SELCHANGE
 ///     the list opens                   CBN_DROPDOWN
 ///     Return, F4; an entry is chosen   CBN_SELENDOK, CBN_CLOSEUP, and CBN_SELCHANGE for another entry
-///     Escape                           CBN_SELENDCANCEL, CBN_CLOSEUP, with the former entry or text
+///     Escape                           CBN_SELENDCANCEL, CBN_CLOSEUP, with the former entry; where none was
+///                                      current and one is now, with the text that was there
 ///     the focus leaves                 CBN_SELENDCANCEL, CBN_CLOSEUP if it was open, CBN_KILLFOCUS
 ///     typing in the text field         CBN_EDITUPDATE, CBN_EDITCHANGE, and no entry is current
 class KORVEL_API CComboBox : public CWnd {

@@ -27,8 +27,8 @@ public:
     ComboEntries entries;
     int current = ComboEntries::None;
     int currentAtDrop = ComboEntries::None; // what Escape brings back
-    CString textAtDrop;                     // where no entry was current then
-    int listHeight = 0;                     // pixels of the drop-down list
+    CString textAtDrop; // of the field; what Escape brings back where no entry was current
+    int listHeight = 0; // pixels of the drop-down list
     bool isDropped = false;
     bool isSettingText = false; // a program sets the text of the field, which is no typing
 };

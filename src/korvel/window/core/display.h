@@ -128,7 +128,7 @@ public:
 
     /// Has the desktop open a file or folder in a window of its own, and does not wait for that. Never runs a
     /// program: of one it shows the folder. Returns a number above OpenPathFailed, or why nothing was opened:
-    /// SE_ERR_FNF, SE_ERR_ACCESSDENIED, SE_ERR_OOM or, for OpenAs::File, SE_ERR_NOASSOC. Without an own body:
+    /// SE_ERR_FNF, SE_ERR_ACCESSDENIED, SE_ERR_OOM or SE_ERR_NOASSOC (no program shows it). Without an own body:
     /// access denied, as such a display opens nothing.
     virtual int OpenPath(HWND /*owner*/, const CString& /*path*/, OpenAs /*as*/) {
         return SE_ERR_ACCESSDENIED;
