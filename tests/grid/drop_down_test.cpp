@@ -99,7 +99,12 @@ TEST_F(DropDown, KeysAndPressesEndIt) {
         ASSERT_NO_FATAL_FAILURE(Open());
         act();
         EXPECT_EQ(grid.GetDroppedState(), isEnded ? 0 : 1);
-        EXPECT_EQ(parent.Take(), codes);
+        CVariantValue held;
+        root.GetMember("list", held);
+        const std::string chosen = held.ToText();
+        const std::string written =
+            "[Member edited set list=" + chosen + "  changed list=" + chosen + " ]<8>";
+        EXPECT_EQ(parent.Take(), isEnded ? codes + written : codes);
         grid.CtrlEnd();
         ExpectUsable();
     }
