@@ -7,6 +7,7 @@
 #include "korvel/window/controls/slider_ctrl.h"
 #include "korvel/window/controls/tab_ctrl.h"
 #include "qt/users.h"
+#include "support/control_fixture.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
@@ -27,13 +28,10 @@ namespace korvel::test {
 
 namespace {
 
-// The parent of controls on a desktop, which keeps their notices.
-class Listener : public CWnd {
+// Keeps the notices of bars and the keys that are pressed in it and below, too.
+class Listener : public NoticeParent {
 public:
-    std::vector<UINT> codes;
-    std::vector<WPARAM> keys; // pressed in it and below
-    bool refuses = false;
-    std::vector<UINT> Take() { return std::exchange(codes, {}); }
+    std::vector<WPARAM> keys;
     bool PreTranslateMessage(MSG& message) override {
         if (message.message == WM_KEYDOWN)
             keys.push_back(message.wParam);
@@ -44,23 +42,12 @@ protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
         if (message == WM_HSCROLL || message == WM_VSCROLL)
             codes.push_back(LOWORD(wParam));
-        return CWnd::WindowProc(message, wParam, lParam);
-    }
-    bool OnCommand(WPARAM wParam, LPARAM) override {
-        codes.push_back(HIWORD(wParam));
-        return true;
-    }
-    bool OnNotify(WPARAM, LPARAM lParam, LRESULT* result) override {
-        codes.push_back(reinterpret_cast<const NMHDR*>(lParam)->code);
-        *result = refuses;
-        return true;
+        return NoticeParent::WindowProc(message, wParam, lParam);
     }
 };
 
 class Controls : public testing::Test {
 protected:
-    using Codes = std::vector<UINT>;
-
     Controls() {
         m_frame.CreateEx(0, "KorvelFrame", "Controls", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {40, 40, 440, 340},
                          nullptr, 0);

@@ -1,11 +1,13 @@
 #include "korvel/grid/editable_grid.h"
 #include "korvel/grid/grid_error_reporter.h"
+#include "korvel/qt/convert.h"
 #include "korvel/qt/embed.h"
 #include "korvel/values/language.h"
 #include "qt/users.h"
 #include "support/fakes.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -24,6 +26,7 @@ struct GridOnDesktop : CEditableGrid {
     using CEditableGrid::m_ComboList;
     using CEditableGrid::m_Edit;
     using CEditableGrid::m_pErrorReporter;
+    using CEditableGrid::m_Spin;
 };
 
 struct CountingReporter : IGridErrorReporter {
@@ -37,6 +40,7 @@ protected:
     CellEditOnDesktop() {
         SetLanguageForThisRun("English");
         root.With("v", Number(DT_Double, 12.5)).With("list", entries.ValueOf(",1,"));
+        root.With("name", Words(DT_String, "axis")).With("share", Number(DT_RangeDouble, 50));
         for (int row = 0; row < 30; ++row)
             root.With("more " + std::to_string(row), Number(DT_Double, row));
         grid.CreateEx(0, "SysListView32", "", LVS_REPORT | LVS_SINGLESEL | WS_TABSTOP, {0, 0, 300, 220},
@@ -73,11 +77,8 @@ protected:
         });
         timer.start(5);
     }
-    double Value() {
-        CVariantValue value;
-        root.GetMember("v", value);
-        return value.Value.Double;
-    }
+    double Value() { return root.Get("v").Value.Double; }
+    QLineEdit& Field() { return *qobject_cast<QLineEdit*>(user.Widget(grid.m_Edit.m_hWnd)); }
 
     QtUser user;
     TestEnumeration entries{
@@ -154,9 +155,50 @@ TEST_F(CellEditOnDesktop, TheWheelOverADroppedListIsTheLists) {
     user.Key(VK_DOWN, "");
     user.Key(VK_RETURN, "\r");
     EXPECT_EQ(grid.GetDroppedState(), 0);
-    CVariantValue value;
-    root.GetMember("list", value);
-    EXPECT_EQ(value.Text, ",2,");
+    EXPECT_EQ(root.Get("list").Text, ",2,");
+}
+
+TEST_F(CellEditOnDesktop, TheKeysOfTheClipboardConcernTheWholeText) {
+    ClickCell(2);
+    EXPECT_EQ(Field().selectedText(), QStringLiteral("axis"));
+    grid.m_Edit.SetSel(1, 2);
+    QTest::keyClick(&Field(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("axis"));
+    QTest::keyClick(&Field(), Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "");
+    QApplication::clipboard()->setText(QStringLiteral("\u0141\u00f3d\u017a"));
+    QTest::keyClick(&Field(), Qt::Key_X, Qt::ControlModifier); // nothing to cut
+    Type("abc");
+    grid.m_Edit.SetSel(1, 2);
+    QTest::keyClick(&Field(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Field().text(), QStringLiteral("\u0141\u00f3d\u017a"));
+    EXPECT_EQ(internal::ToQString(grid.m_Edit.GetWindowTextA()), Field().text());
+    EXPECT_EQ(Field().cursorPosition(), 4);
+    user.Key(VK_RETURN, "\r");
+    EXPECT_EQ(internal::ToQString(root.Get("name").Text), QStringLiteral("\u0141\u00f3d\u017a"));
+}
+
+TEST_F(CellEditOnDesktop, UndoAndRedoInAFieldAreTheWidgets) {
+    ClickCell(2);
+    Type("b");
+    QTest::keyClick(&Field(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "axis");
+    QTest::keyClick(&Field(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "b");
+}
+
+TEST_F(CellEditOnDesktop, TheSpinButtonStepsWithoutTakingTheFocus) {
+    ClickCell(3);
+    QWidget* spin = user.Widget(grid.m_Spin.m_hWnd);
+    ASSERT_TRUE(spin && spin->isVisible());
+    QTest::mousePress(spin, Qt::LeftButton, Qt::NoModifier, {5, 2});
+    EXPECT_EQ(Field().text(), QStringLiteral("51.000000"));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return grid.m_Spin.m_nTicks > 1; }, 2000));
+    QTest::mouseRelease(spin, Qt::LeftButton, Qt::NoModifier, {5, 2});
+    EXPECT_FALSE(grid.m_Spin.m_bPressed);
+    EXPECT_EQ(QApplication::focusWidget(), &Field());
+    EXPECT_TRUE(grid.IsEditing());
+    EXPECT_GE(root.Get("share").Value.Double, 51.0);
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 #include "korvel/editors/wnd_item.h"
-#include "korvel/window/core/exception_handler.h"
 #include "qt/users.h"
 #include "support/make_value.h"
-#include "support/test_enumeration.h"
 
 #include <QApplication>
 #include <QCalendarWidget>
@@ -19,7 +17,6 @@ class OpenItem : public CWndItem {
 public:
     using CWndItem::m_DateTime;
     using CWndItem::m_Edit;
-    using CWndItem::m_List;
 };
 
 // An item window and a text field on a desktop.
@@ -46,7 +43,6 @@ protected:
     }
 
     QtUser m_user;
-    TestEnumeration m_surfaces{{"asphalt", "gravel", "grass"}};
     CWnd m_frame;
     CEdit m_other;
     OpenItem m_item;
@@ -69,44 +65,6 @@ TEST_F(ItemOnDesktop, ATextIsTypedInItsNativeField) {
     m_user.Key(VK_TAB, "\t");
     EXPECT_EQ(GetFocus(), m_other.m_hWnd);
     EXPECT_EQ(m_item.GetValue().Text, "xy");
-}
-
-TEST_F(ItemOnDesktop, APressElsewhereTellsARefusalOnce) {
-    int told = 0;
-    SetExceptionHandler([&](const CString&) { ++told; });
-    m_item.SetValue(MakeValue(DT_Int, 7));
-    ClickItem();
-    m_user.Key('A', "a");
-    ClickOther();
-    EXPECT_EQ(told, 1);
-    EXPECT_TRUE(m_item.m_Edit.IsWindowVisible());
-    EXPECT_EQ(m_item.GetValue(), MakeValue(DT_Int, 7));
-    m_item.SetFocus();
-    EXPECT_EQ(GetFocus(), m_item.m_Edit.m_hWnd);
-    m_user.Key('8', "8");
-    ClickOther();
-    EXPECT_EQ(told, 1);
-    EXPECT_EQ(m_item.GetValue(), MakeValue(DT_Int, 8));
-    SetExceptionHandler(nullptr);
-}
-
-TEST_F(ItemOnDesktop, AListTakesKeysAndPressesWhileTheItemHasTheFocus) {
-    m_item.SetValue(m_surfaces.ValueOf(",1,"));
-    ClickItem();
-    ASSERT_TRUE(m_item.IsDropped());
-    EXPECT_TRUE(m_user.Widget(m_item.m_List.m_hWnd)->isVisible());
-    EXPECT_EQ(GetFocus(), m_item.m_hWnd);
-    m_user.Key(VK_DOWN, "");
-    m_user.Key(VK_RETURN, "\r");
-    EXPECT_FALSE(m_user.Widget(m_item.m_List.m_hWnd)->isVisible());
-    EXPECT_EQ(m_item.GetValue().Text, ",2,");
-    ClickItem();
-    ClickItem();
-    EXPECT_FALSE(m_item.IsDropped());
-    ClickItem();
-    ClickOther();
-    EXPECT_FALSE(m_item.IsDropped());
-    EXPECT_EQ(GetFocus(), m_other.m_hWnd);
 }
 
 TEST_F(ItemOnDesktop, ADateIsChosenInItsCalendar) {

@@ -71,6 +71,12 @@ public:
         return *this;
     }
 
+    /// A member as it is, told to nobody.
+    CVariantValue Get(const std::string& name) {
+        CVariantValue value;
+        Base::GetMember(name, value);
+        return value;
+    }
     /// Removes all members.
     void LetGo() {
         std::list<std::string> names;

@@ -243,21 +243,11 @@ TEST_F(ComboBoxTest, ABoxIsOneLineHighAndKeepsTheRestForItsList) {
 }
 
 TEST_F(ComboBoxTest, AHandlerThatFailsKeepsNoNoticeBack) {
-    struct FailingParent : ControlParent {
-        UINT fails = 0;
-        bool OnCommand(WPARAM wParam, LPARAM lParam) override {
-            ControlParent::OnCommand(wParam, lParam);
-            if (HIWORD(wParam) == fails)
-                throw std::runtime_error("full");
-            return true;
-        }
-    } owner;
-    owner.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
     using Act = std::function<void()>;
     const Act open = [&] { box.ShowDropDown(); };
     const Act choose = [&] { input::Value(box.m_hWnd, 1); };
     const Act move = [&] { Press(VK_DOWN); };
-    const Act leave = [&] { owner.SetFocus(); };
+    const Act leave = [&] { parent.SetFocus(); };
     for (const auto& [border, isOpen, fails, act, codes] : Table<bool, UINT, Act, Codes>{
              {"opening", false, CBN_DROPDOWN, open, {CBN_DROPDOWN}},
              {"choosing", true, CBN_SELENDOK, choose, {CBN_SELENDOK, CBN_CLOSEUP, CBN_SELCHANGE}},
@@ -269,18 +259,15 @@ TEST_F(ComboBoxTest, AHandlerThatFailsKeepsNoNoticeBack) {
               {CBN_SELENDCANCEL, CBN_CLOSEUP, CBN_KILLFOCUS}},
              {"leaving it closed", false, CBN_SELENDCANCEL, leave, {CBN_SELENDCANCEL, CBN_KILLFOCUS}}}) {
         SCOPED_TRACE(border);
-        box.DestroyWindow();
-        box.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWNLIST, {0, 0, 100, 120}, &owner, 7);
-        box.AddString("one");
-        box.AddString("two");
+        Make(CBS_DROPDOWNLIST);
         box.SetFocus();
         box.ShowDropDown(isOpen);
-        owner.Take();
+        parent.Take();
         display.TakeChanges(box.m_hWnd);
-        owner.fails = fails;
+        parent.FailOn(fails);
         EXPECT_THROW(act(), std::runtime_error);
-        owner.fails = 0;
-        EXPECT_EQ(owner.Take(), codes);
+        parent.on.clear();
+        EXPECT_EQ(parent.Take(), codes);
         if (box.GetDroppedState() != isOpen)
             EXPECT_TRUE(display.TakeChanges(box.m_hWnd) & Aspect::State)
                 << "the display shows or hides the list";
@@ -312,28 +299,16 @@ TEST_F(ComboBoxTest, TypingIsToldAfterAHandlerOfTheFieldHasFailed) {
 }
 
 TEST_F(ComboBoxTest, AHandlerMayDestroyTheBoxInEachNotice) {
-    struct Destroyer : CWnd {
-        CComboBox* box = nullptr;
-        UINT code = 0;
-        bool OnCommand(WPARAM wParam, LPARAM) override {
-            if (HIWORD(wParam) == code)
-                box->DestroyWindow();
-            return true;
-        }
-    } owner;
-    owner.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
-    owner.box = &box;
     for (const UINT code : {CBN_SETFOCUS, CBN_DROPDOWN, CBN_SELCHANGE, CBN_EDITUPDATE, CBN_SELENDOK,
                             CBN_SELENDCANCEL, CBN_CLOSEUP, CBN_KILLFOCUS}) {
-        owner.code = 0;
-        box.Create(WS_CHILD | WS_VISIBLE | CBS_DROPDOWN, {0, 0, 100, 120}, &owner, 7);
-        box.AddString("one");
-        owner.code = code;
+        parent.on.clear();
+        Make(CBS_DROPDOWN);
+        parent.on[code] = [this] { box.DestroyWindow(); };
         box.SetFocus();
         Press('X', WM_KEYDOWN, "x");
         for (const UINT key : {VK_F4, VK_DOWN, VK_RETURN, VK_F4, VK_ESCAPE})
             Press(key);
-        owner.SetFocus();
+        parent.SetFocus();
         EXPECT_EQ(box.m_hWnd, nullptr) << code;
     }
 }

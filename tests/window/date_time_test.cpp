@@ -5,35 +5,15 @@
 #include "support/control_fixture.h"
 
 #include <limits>
-#include <stdexcept>
 
 namespace korvel {
 namespace {
 
-class DateParent : public CWnd {
-public:
-    Codes codes;
-    UINT flags = 99; // of the last change
-    UINT fails = 0;  // the notice whose handler does
-    Codes Take() { return std::exchange(codes, {}); }
-
-protected:
-    bool OnNotify(WPARAM, LPARAM lParam, LRESULT*) override {
-        codes.push_back(reinterpret_cast<const NMHDR*>(lParam)->code);
-        if (codes.back() == DTN_DATETIMECHANGE)
-            flags = reinterpret_cast<const NMDATETIMECHANGE*>(lParam)->dwFlags;
-        if (codes.back() == fails)
-            throw std::runtime_error("full");
-        return true;
-    }
-};
-
-class DateTimeTest : public testing::Test {
+class DateTimeTest : public ControlTestOf<NoticeParent> {
 protected:
     void SetUp() override {
-        SetDisplay(&display);
+        ControlTestOf::SetUp();
         platform::UseLocale("de-DE");
-        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
     }
     void TearDown() override { platform::UseLocale({}); }
     void Make(UINT style = 0, const char* picture = nullptr,
@@ -53,8 +33,6 @@ protected:
     }
     CString Text() const { return control.GetWindowTextA(); }
 
-    HeadlessDisplay display;
-    DateParent parent;
     CDateTimeCtrl control;
 };
 
@@ -167,6 +145,10 @@ TEST_F(DateTimeTest, NoDateIsAStateOfItsOwn) {
     Make();
     EXPECT_FALSE(control.SetNone()) << "without the style";
     Make(DTS_SHOWNONE);
+    UINT flags = 99; // of the last change
+    parent.on[DTN_DATETIMECHANGE] = [&] {
+        flags = reinterpret_cast<const NMDATETIMECHANGE*>(CWnd::GetCurrentMessage().lParam)->dwFlags;
+    };
     EXPECT_TRUE(control.SetNone());
     SYSTEMTIME time{1, 2};
     EXPECT_EQ(control.GetTime(time), GDT_NONE);
@@ -175,9 +157,9 @@ TEST_F(DateTimeTest, NoDateIsAStateOfItsOwn) {
     Press(VK_F4);
     EXPECT_EQ(parent.Take(), Codes()) << "nothing to change";
     Press(VK_SPACE, " ");
-    EXPECT_EQ(parent.flags, GDT_VALID);
+    EXPECT_EQ(flags, GDT_VALID);
     Press(VK_SPACE, " ");
-    EXPECT_EQ(parent.flags, GDT_NONE);
+    EXPECT_EQ(flags, GDT_NONE);
     input::Value(control.m_hWnd, *platform::DateFromFields({2027, 1, 2, 3, 4, 5}));
     EXPECT_EQ(parent.Take(), Codes(3, DTN_DATETIMECHANGE));
     EXPECT_EQ(Text(), "02.01.2027");
@@ -185,7 +167,7 @@ TEST_F(DateTimeTest, NoDateIsAStateOfItsOwn) {
         input::Value(control.m_hWnd, value);
     EXPECT_EQ(parent.Take(), Codes());
     input::Value(control.m_hWnd, std::numeric_limits<double>::quiet_NaN());
-    EXPECT_EQ(parent.flags, GDT_NONE);
+    EXPECT_EQ(flags, GDT_NONE);
 }
 
 TEST_F(DateTimeTest, TheCalendarMovesByDaysWeeksAndMonths) {
@@ -224,7 +206,7 @@ TEST_F(DateTimeTest, AHandlerThatFailsKeepsNoNoticeBack) {
              {"back", VK_ESCAPE, DTN_DATETIMECHANGE, {DTN_DATETIMECHANGE, DTN_CLOSEUP}}}) {
         SCOPED_TRACE(border);
         display.TakeChanges(control.m_hWnd);
-        parent.fails = fails;
+        parent.FailOn(fails);
         if (fails)
             EXPECT_THROW(Press(key), std::runtime_error);
         else

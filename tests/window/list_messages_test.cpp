@@ -1,8 +1,6 @@
 #include "korvel/window/display/window_view.h"
 #include "support/list_fixture.h"
 
-#include <sstream>
-
 namespace korvel {
 namespace {
 
@@ -22,124 +20,8 @@ protected:
         return item;
     }
 
-    // What the list is, has sent and has to paint.
-    std::string Describe() {
-        std::ostringstream text;
-        for (int row = 0; row < list.GetItemCount(); ++row)
-            text << list.GetItemText(row, 0) << '/' << list.GetItemText(row, 1) << ' '
-                 << list.GetItemData(row) << ' ' << list.GetItemImage(row) << ' ' << list.GetItemIndent(row)
-                 << ' ' << list.GetItemState(row, ~0u) << '\n';
-        for (int column = 0; column < list.GetColumnCount(); ++column)
-            text << list.GetColumnTitle(column) << ' ' << list.GetColumnWidth(column) << ' ';
-        text << "style " << list.GetExtendedStyle() << " mark " << list.GetSelectionMark() << " top "
-             << list.GetTopIndex() << '\n';
-        for (const std::string& notice : parent.Take())
-            text << notice << ", ";
-        for (const HWND window : {list.m_hWnd, list.GetHeaderCtrl()->m_hWnd}) {
-            const CRect area = display.InvalidArea(window);
-            text << "paint " << area.left << ' ' << area.top << ' ' << area.right << ' ' << area.bottom
-                 << ' ';
-        }
-        return text.str();
-    }
-
     char m_text[8] = "new";
 };
-
-TEST_F(ListMessages, AMethodAndItsMessageDoTheSame) {
-    using Act = std::function<LRESULT()>;
-    const auto item = [this](UINT mask, int row, int column = 0, int number = 0) {
-        LVITEM made = Item(mask, row, column);
-        made.lParam = made.iImage = made.iIndent = number;
-        made.state = made.stateMask = LVIS_SELECTED;
-        return made;
-    };
-    const auto send = [this](UINT message, WPARAM wParam, const LVITEM& record) -> Act {
-        return [=, this] { return Send(message, wParam, record); };
-    };
-    const auto column = [this](UINT message, WPARAM number, int width) -> Act {
-        LVCOLUMN record;
-        record.mask = message == LVM_INSERTCOLUMN ? LVCF_WIDTH | LVCF_TEXT : LVCF_WIDTH;
-        record.cx = width;
-        record.pszText = m_text;
-        return [=, this] { return Send(message, number, record); };
-    };
-    const auto plain = [this](UINT message, WPARAM wParam, LPARAM lParam = 0) -> Act {
-        return [=, this] { return list.SendMessageA(message, wParam, lParam); };
-    };
-    char nothing[] = "";
-    LVITEM empty = item(LVIF_TEXT, 9);
-    empty.pszText = nothing;
-    LVHITTESTINFO hit;
-    hit.pt = InRow(1, 110);
-    const auto hits = [&](auto test) -> Act {
-        return [=] {
-            LVHITTESTINFO found = hit;
-            return test(found) + 10 * found.iItem + 100 * found.iSubItem + 1000 * LRESULT{found.flags};
-        };
-    };
-    for (const auto& [border, method, message] : Table<Act, Act>{
-             {"a row", [&] { return list.InsertItem(1, "new", 3); },
-              send(LVM_INSERTITEM, 0, item(LVIF_TEXT | LVIF_IMAGE, 1, 0, 3))},
-             {"a row without text", [&] { return list.InsertItem(9, ""); }, send(LVM_INSERTITEM, 0, empty)},
-             {"no row above the first", [&] { return list.InsertItem(-1, "new"); },
-              send(LVM_INSERTITEM, 0, item(LVIF_TEXT, -1))},
-             {"a selected row goes", [&] { return list.DeleteItem(1); }, plain(LVM_DELETEITEM, 1)},
-             {"all go", [&] { return list.DeleteAllItems(); }, plain(LVM_DELETEALLITEMS, 0)},
-             {"data", [&] { return list.SetItemData(1, 7); },
-              send(LVM_SETITEM, 0, item(LVIF_PARAM, 1, 0, 7))},
-             {"image", [&] { return list.SetItemImage(1, 7); },
-              send(LVM_SETITEM, 0, item(LVIF_IMAGE, 1, 0, 7))},
-             {"indent", [&] { return list.SetItemIndent(1, 2); },
-              send(LVM_SETITEM, 0, item(LVIF_INDENT, 1, 0, 2))},
-             {"no such row", [&] { return list.SetItemData(9, 7); },
-              send(LVM_SETITEM, 0, item(LVIF_PARAM, 9, 0, 7))},
-             {"text", [&] { return list.SetItemText(1, 1, "new"); }, send(LVM_SETITEMTEXT, 1, item(0, 0, 1))},
-             {"text in a record", [&] { return list.SetItemText(1, 1, "new"); },
-              send(LVM_SETITEM, 0, item(LVIF_TEXT, 1, 1))},
-             {"no such cell", [&] { return list.SetItemText(1, 2, "new"); },
-              send(LVM_SETITEMTEXT, 1, item(0, 0, 2))},
-             {"state", [&] { return list.SetItemState(2, LVIS_SELECTED, LVIS_SELECTED); },
-              send(LVM_SETITEM, 0, item(LVIF_STATE, 2))},
-             {"state of all", [&] { return list.SetItemState(-1, LVIS_SELECTED, LVIS_SELECTED); },
-              send(LVM_SETITEMSTATE, static_cast<WPARAM>(-1), item(0, 0))},
-             {"mark", [&] { return list.SetSelectionMark(2), 1; }, plain(LVM_SETSELECTIONMARK, 0, 2)},
-             {"no mark", [&] { return list.SetSelectionMark(9), 1; }, plain(LVM_SETSELECTIONMARK, 0, 9)},
-             {"a column", [&] { return list.InsertColumn(1, "new", 30); }, column(LVM_INSERTCOLUMN, 1, 30)},
-             {"no column before the first", [&] { return list.InsertColumn(-1, "new", 30); },
-              column(LVM_INSERTCOLUMN, static_cast<WPARAM>(-1), 30)},
-             {"width", [&] { return list.SetColumnWidth(1, 33); }, column(LVM_SETCOLUMN, 1, 33)},
-             {"the width it has", [&] { return list.SetColumnWidth(1, 50); }, column(LVM_SETCOLUMN, 1, 50)},
-             {"fitting width", [&] { return list.SetColumnWidth(0, LVSCW_AUTOSIZE); },
-              column(LVM_SETCOLUMN, 0, LVSCW_AUTOSIZE)},
-             {"fitting width with the title",
-              [&] { return list.SetColumnWidth(1, LVSCW_AUTOSIZE_USEHEADER); },
-              column(LVM_SETCOLUMN, 1, LVSCW_AUTOSIZE_USEHEADER)},
-             {"width of no column", [&] { return list.GetColumnWidth(2); }, plain(LVM_GETCOLUMNWIDTH, 2)},
-             {"extended style", [&] { return list.SetExtendedStyle(LVS_EX_GRIDLINES); },
-              plain(LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_GRIDLINES)},
-             {"scrolling", [&] { return list.EnsureVisible(7, false); }, plain(LVM_ENSUREVISIBLE, 7)},
-             {"hit", hits([&](LVHITTESTINFO& found) { return list.SubItemHitTest(&found); }),
-              hits([&](LVHITTESTINFO& found) { return Send(LVM_SUBITEMHITTEST, 0, found); })}})
-        for (const char* situation : {"a list", "with a text source", "of which all is refused"}) {
-            std::string outcomes[2];
-            for (const bool byMessage : {false, true}) {
-                MakeList(8, 0);
-                list.SetExtendedStyle(LVS_EX_CHECKBOXES);
-                list.SetItemState(1, Both, Both);
-                if (situation[0] == 'w')
-                    list.SetTextSource([](LPARAM, int) -> CString { return "from elsewhere"; });
-                if (situation[0] == 'o')
-                    parent.on[LVN_ITEMCHANGING] = [](const NMLISTVIEW&) { return 1; };
-                parent.Take();
-                for (const HWND window : {list.m_hWnd, list.GetHeaderCtrl()->m_hWnd})
-                    display.PaintWindow(window);
-                const LRESULT result = byMessage ? message() : method();
-                outcomes[byMessage] = std::to_string(result) + "\n" + Describe();
-            }
-            EXPECT_EQ(outcomes[true], outcomes[false]) << border << ", " << situation;
-        }
-}
 
 TEST_F(ListMessages, RowsComeGoAndChangeByRecords) {
     using Act = std::function<LRESULT()>;

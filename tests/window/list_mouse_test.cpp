@@ -182,12 +182,16 @@ TEST_F(ListLabelEdit, AHandlerOfItsEndMayRemoveRowsWhileTheListScrolls) {
 TEST_F(ListLabelEdit, ASecondSlowClickBeginsItOnce) {
     list.ModifyStyle(0, LVS_EDITLABELS);
     const auto click = [this] { Click(InRow(1)); };
+    const auto inValue = [this] { Click(InRow(1, 110)); };
     const auto doubleClick = [&] { click(), Mouse(WM_LBUTTONDBLCLK, InRow(1), MK_LBUTTON); };
+    const auto fromOutside = [&] { parent.SetFocus(), click(); };
     for (const auto& [border, act, begins] :
          Table<std::function<void()>, bool>{{"the first click", click, false},
                                             {"a double click", doubleClick, false},
+                                            {"in another column", inValue, false},
                                             {"a slow one", click, true},
-                                            {"after its end", [this] { Press(VK_ESCAPE); }, false}}) {
+                                            {"after its end", [this] { Press(VK_ESCAPE); }, false},
+                                            {"which brings the focus", fromOutside, false}}) {
         act();
         display.Advance(std::chrono::seconds(1));
         EXPECT_EQ(list.GetEditControl() != nullptr, begins) << border;

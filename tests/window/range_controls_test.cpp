@@ -110,17 +110,10 @@ protected:
     }
 };
 
-class ScrollTest : public testing::Test {
+class ScrollTest : public ControlTestOf<ScrollParent> {
 protected:
-    void SetUp() override {
-        SetDisplay(&display);
-        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
-    }
     std::vector<WPARAM> Take() { return std::exchange(parent.heard, {}); }
     static WPARAM At(UINT code, int position) { return MAKEWPARAM(code, static_cast<unsigned>(position)); }
-
-    HeadlessDisplay display;
-    ScrollParent parent;
 };
 
 class SliderTest : public ScrollTest {

@@ -1,33 +1,13 @@
 #include "korvel/window/controls/tab_ctrl.h"
 #include "support/control_fixture.h"
 
-#include <stdexcept>
-
 namespace korvel {
 namespace {
 
-class TabParent : public CWnd {
-public:
-    Codes codes;
-    bool refuses = false;
-    UINT fails = 0; // the notice whose handler does
-    Codes Take() { return std::exchange(codes, {}); }
-
-protected:
-    bool OnNotify(WPARAM, LPARAM lParam, LRESULT* result) override {
-        codes.push_back(reinterpret_cast<const NMHDR*>(lParam)->code);
-        *result = refuses;
-        if (codes.back() == fails)
-            throw std::runtime_error("full");
-        return true;
-    }
-};
-
-class TabTest : public testing::Test {
+class TabTest : public ControlTestOf<NoticeParent> {
 protected:
     void SetUp() override {
-        SetDisplay(&display);
-        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 300, 300}, nullptr, 0);
+        ControlTestOf::SetUp();
         Make();
     }
     void Make() {
@@ -38,8 +18,6 @@ protected:
         tabs.SetCurSel(1);
     }
 
-    HeadlessDisplay display;
-    TabParent parent;
     CTabCtrl tabs;
 };
 
@@ -101,12 +79,12 @@ TEST_F(TabTest, AHandlerThatFailsLeavesWindowAndBarAlike) {
          Table<UINT, int>{{"asked", TCN_SELCHANGING, 1}, {"told", TCN_SELCHANGE, 2}}) {
         Make();
         display.TakeChanges(tabs.m_hWnd);
-        parent.fails = fails;
+        parent.FailOn(fails);
         EXPECT_THROW(input::Value(tabs.m_hWnd, 2), std::runtime_error) << border;
         EXPECT_EQ(tabs.GetCurSel(), current) << border;
         EXPECT_TRUE(display.TakeChanges(tabs.m_hWnd) & Aspect::State)
             << border << ": the bar shows the third";
-        parent.fails = 0;
+        parent.on.clear();
     }
 }
 
