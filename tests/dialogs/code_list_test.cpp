@@ -78,123 +78,64 @@ protected:
 };
 
 TEST_F(CodeListTest, OkTakesWhatTheUserDid) {
-    constexpr SelectionMode::Enum Single = SelectionMode::Single;
-    constexpr SelectionMode::Enum Multiple = SelectionMode::Multiple;
-    constexpr SelectionMode::Enum Neither = static_cast<SelectionMode::Enum>(7);
     const CString odd = ";a: 1;;b:2;c:3;"; // written otherwise than it is read
+    const CString same = "a: 1;b:2;c:3";
     const CString before = "before";
-    for (const auto& [border, mode, acts, isDirty, list, selected] :
-         Table<SelectionMode::Enum, std::vector<Act>, bool, CString, CString>{
-             {"nothing", Multiple, {}, false, odd, before},
-             {"a row selected", Multiple, {Select(1)}, false, odd, before},
-             {"a row picked", Single, {Select(1), Select(2)}, true, "a: 1;b:2;c:3", "b:2"},
-             {"nothing picked", Single, {Click(Add), cancel}, true, "a: 1;b:2;c:3", before},
-             {"an unknown mode", Neither, {Click(Add), cancel}, true, "a: 1;b:2;c:3", before},
-             {"added",
-              Multiple,
-              {Click(Add), Fill("d", "4"), ok},
-              true,
-              "a: 1;b:2;c:3;d:4",
-              "a: 1;b:2;c:3;d:4"},
-             {"added by key",
-              Multiple,
-              {PressInList(VK_INSERT), Fill("d;", ""), ok},
-              true,
-              "a: 1;b:2;c:3;d;:",
-              "a: 1;b:2;c:3;d;:"},
-             {"added without a change", Multiple, {Click(Add), ok}, true, "a: 1;b:2;c:3", "a: 1;b:2;c:3"},
-             {"adding cancelled",
-              Multiple,
-              {Click(Add), Fill("d", "4"), cancel},
-              true,
-              "a: 1;b:2;c:3",
-              "a: 1;b:2;c:3"},
-             {"adding fails",
-              Multiple,
-              {[this] { EXPECT_THROW(dialog.Click(Add), std::runtime_error); },
-               [] { throw std::runtime_error("full"); }},
-              true,
-              "a: 1;b:2;c:3",
-              "a: 1;b:2;c:3"},
-             {"editing fails",
-              Multiple,
-              {Select(1), [this] { EXPECT_THROW(dialog.Click(Edit), std::runtime_error); },
-               [] { throw std::runtime_error("full"); }},
-              true,
-              "a: 1;b:2;c:3",
-              "a: 1;b:2;c:3"},
-             {"the first selected edited",
-              Multiple,
-              {Select(2), Select(1), Click(Edit), Fill("x", "y:z"), ok},
-              true,
-              "a: 1;x:y:z;c:3",
-              "a: 1;x:y:z;c:3"},
-             {"editing cancelled",
-              Multiple,
-              {Select(1), Click(Edit), Fill("x", ""), cancel},
-              true,
-              "a: 1;b:2;c:3",
-              "a: 1;b:2;c:3"},
-             {"two removed", Multiple, {Select(0), Select(2), Click(Remove)}, true, "b:2", "b:2"},
-             {"removed by a button with the focus",
-              Multiple,
-              {Select(1), [this] { SetFocus(GetDlgItem(dialog.m_hWnd, Remove)); },
-               [] { korvel::SendMessageA(GetFocus(), BM_CLICK, 0, 0); },
-               [this] { EXPECT_EQ(GetFocus(), dialog.Rows().m_hWnd) << "a disabled button hears no key"; }},
-              true,
-              "a: 1;c:3",
-              "a: 1;c:3"},
-             {"removed by key", Multiple, {Select(1), PressInList(VK_DELETE)}, true, "a: 1;c:3", "a: 1;c:3"},
-             {"nothing to remove", Multiple, {PressInList(VK_DELETE)}, false, odd, before},
-             {"the first moved up",
-              Multiple,
-              {Select(0), [this] { dialog.OnMoveUpCode(); }},
-              true,
-              "a: 1;b:2;c:3",
-              "a: 1;b:2;c:3"},
-             {"the last moved down",
-              Multiple,
-              {Select(2), [this] { dialog.OnMoveDownCode(); }},
-              true,
-              "a: 1;b:2;c:3",
-              "a: 1;b:2;c:3"},
-             {"nothing moved",
-              Multiple,
-              {[this] { dialog.OnMoveUpCode(), dialog.OnMoveDownCode(); }},
-              false,
-              odd,
-              before},
-             {"the last moved up",
-              Multiple,
-              {Select(2), Click(MoveUp),
-               [this] { EXPECT_EQ(dialog.Rows().GetNextItem(-1, LVNI_FOCUSED), 1) << "keys go on from it"; }},
-              true,
-              "a: 1;c:3;b:2",
-              "a: 1;c:3;b:2"},
-             {"the first moved down",
-              Multiple,
-              {Select(0), Click(MoveDown)},
-              true,
-              "b:2;a: 1;c:3",
-              "b:2;a: 1;c:3"},
-             {"moved down to the end",
-              Multiple,
-              {Select(1), Click(MoveDown)},
-              true,
-              "a: 1;c:3;b:2",
-              "a: 1;c:3;b:2"},
-         }) {
+    const Act fail = [] { throw std::runtime_error("full"); };
+    const auto clickThatFails = [this](int id) {
+        return [this, id] { EXPECT_THROW(dialog.Click(id), std::runtime_error); };
+    };
+    const Act moveUp = [this] { dialog.OnMoveUpCode(); };
+    const Act moveDown = [this] { dialog.OnMoveDownCode(); };
+    const Act focusRemove = [this] { SetFocus(GetDlgItem(dialog.m_hWnd, Remove)); };
+    const Act clickFocused = [] { korvel::SendMessageA(GetFocus(), BM_CLICK, 0, 0); };
+    const Act expectFocus = [this] {
+        EXPECT_EQ(GetFocus(), dialog.Rows().m_hWnd) << "a disabled button hears no key";
+    };
+    const Act expectFocusedRow = [this] {
+        EXPECT_EQ(dialog.Rows().GetNextItem(-1, LVNI_FOCUSED), 1) << "keys go on from it";
+    };
+    const auto expect = [&](const char* border, SelectionMode::Enum mode, std::vector<Act> acts,
+                            const CString& list, const CString& selected) {
         SCOPED_TRACE(border);
         dialog.SetCodeList(odd);
         dialog.SetSelectedCodes(before);
         dialog.SetSelectionMode(mode);
-        std::vector<Act> all = acts;
-        all.push_back(ok);
-        EXPECT_EQ(Run(all), IDOK);
-        EXPECT_EQ(dialog.GetIsDirty(), isDirty);
+        acts.push_back(ok);
+        EXPECT_EQ(Run(acts), IDOK);
+        EXPECT_EQ(dialog.GetIsDirty(), list != odd);
         EXPECT_EQ(dialog.GetCodeList(), list);
         EXPECT_EQ(dialog.GetSelectedCodes(), selected);
-    }
+    };
+    for (const auto& [border, acts, list] : Table<std::vector<Act>, CString>{
+             {"nothing", {}, odd},
+             {"a row selected", {Select(1)}, odd},
+             {"added", {Click(Add), Fill("d", "4"), ok}, same + ";d:4"},
+             {"added by key", {PressInList(VK_INSERT), Fill("d;", ""), ok}, same + ";d;:"},
+             {"added without a change", {Click(Add), ok}, same},
+             {"adding cancelled", {Click(Add), Fill("d", "4"), cancel}, same},
+             {"adding fails", {clickThatFails(Add), fail}, same},
+             {"editing fails", {Select(1), clickThatFails(Edit), fail}, same},
+             {"the first selected edited",
+              {Select(2), Select(1), Click(Edit), Fill("x", "y:z"), ok},
+              "a: 1;x:y:z;c:3"},
+             {"editing cancelled", {Select(1), Click(Edit), Fill("x", ""), cancel}, same},
+             {"two removed", {Select(0), Select(2), Click(Remove)}, "b:2"},
+             {"removed by a button with the focus",
+              {Select(1), focusRemove, clickFocused, expectFocus},
+              "a: 1;c:3"},
+             {"removed by key", {Select(1), PressInList(VK_DELETE)}, "a: 1;c:3"},
+             {"nothing to remove", {PressInList(VK_DELETE)}, odd},
+             {"the first moved up", {Select(0), moveUp}, same},
+             {"the last moved down", {Select(2), moveDown}, same},
+             {"nothing moved", {moveUp, moveDown}, odd},
+             {"the last moved up", {Select(2), Click(MoveUp), expectFocusedRow}, "a: 1;c:3;b:2"},
+             {"the first moved down", {Select(0), Click(MoveDown)}, "b:2;a: 1;c:3"},
+             {"moved down to the end", {Select(1), Click(MoveDown)}, "a: 1;c:3;b:2"}})
+        expect(border, SelectionMode::Multiple, acts, list, list == odd ? before : list);
+    expect("a row picked", SelectionMode::Single, {Select(1), Select(2)}, same, "b:2");
+    expect("nothing picked", SelectionMode::Single, {Click(Add), cancel}, same, before);
+    expect("an unknown mode", static_cast<SelectionMode::Enum>(7), {Click(Add), cancel}, same, before);
 }
 
 TEST_F(CodeListTest, AHandlerThatThrowsLeavesEveryPairOnceAndWhatIsDoneIsKept) {

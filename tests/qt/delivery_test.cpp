@@ -6,12 +6,10 @@
 #include "korvel/window/list/list_ctrl.h"
 #include "qt/users.h"
 
-#include <QApplication>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
-#include <QTest>
 #include <QTimer>
 #include <QWheelEvent>
 #include <atomic>

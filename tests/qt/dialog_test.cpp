@@ -5,11 +5,9 @@
 
 #include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -111,12 +109,8 @@ TEST(Dialog, KeysDoTheSameOnTheDesktopAsWithoutScreen) {
     EXPECT_THAT(withoutScreen, testing::EndsWith("the frame's field holds z\n"));
 }
 
-class DesktopDialog : public testing::Test {
+class DesktopDialog : public DesktopTest<> {
 protected:
-    DesktopDialog() {
-        m_frame.CreateEx(0, "KorvelFrame", "Host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {50, 50, 450, 350},
-                         nullptr, 0);
-    }
     QWidget* Widget(int id) const { return m_user.Widget(m_dialog.Item(id)); }
     std::intptr_t RunWith(std::function<void()> act) {
         QTimer::singleShot(0, qApp, [this, act] {
@@ -128,9 +122,7 @@ protected:
         return m_dialog.DoModal();
     }
 
-    QtUser m_user;
     HostApp m_app;
-    CWnd m_frame;
     RecordedDialog m_dialog{300, &m_frame};
 };
 

@@ -4,11 +4,9 @@
 #include "korvel/window/display/window_view.h"
 #include "qt/users.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPointer>
-#include <QTest>
 #include <QVBoxLayout>
 #include <gmock/gmock.h>
 #include <memory>

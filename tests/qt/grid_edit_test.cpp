@@ -6,12 +6,10 @@
 #include "qt/users.h"
 #include "support/fakes.h"
 
-#include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWheelEvent>

@@ -20,30 +20,15 @@ public:
 };
 
 // An item window and a text field on a desktop.
-class ItemOnDesktop : public testing::Test {
+class ItemOnDesktop : public DesktopTest<> {
 protected:
     ItemOnDesktop() {
-        m_frame.CreateEx(0, "KorvelFrame", "Item", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {40, 40, 440, 340},
-                         nullptr, 0);
         m_item.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_BORDER, {10, 10, 210, 44}, &m_frame, 12);
         m_other.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, {10, 60, 210, 90}, &m_frame, 13);
-        Activate();
-    }
-    // The offscreen platform does so by itself neither at first nor after a popup.
-    void Activate() {
-        QApplication::processEvents();
-        m_user.Widget(m_frame.m_hWnd)->activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(m_user.Widget(m_frame.m_hWnd)));
     }
     void ClickItem() { m_user.Click(m_item.m_hWnd, {5, 15}); }
     void ClickOther() { m_user.Click(m_other.m_hWnd, {5, 15}); }
-    template <class Widget>
-    Widget& WidgetOf(const CWnd& window) {
-        return *qobject_cast<Widget*>(m_user.Widget(window.m_hWnd));
-    }
 
-    QtUser m_user;
-    CWnd m_frame;
     CEdit m_other;
     OpenItem m_item;
 };

@@ -2,7 +2,6 @@
 #include "qt/users.h"
 
 #include <QScrollBar>
-#include <QTest>
 #include <gmock/gmock.h>
 
 namespace korvel::test {

@@ -5,9 +5,7 @@
 #include "korvel/window/list/list_ctrl.h"
 #include "qt/users.h"
 
-#include <QApplication>
 #include <QHelpEvent>
-#include <QTest>
 #include <QToolTip>
 
 namespace korvel::test {
@@ -23,39 +21,30 @@ public:
     }
 };
 
-class Tips : public testing::Test {
+class Tips : public DesktopTest<Page> {
 protected:
-    Tips() {
-        m_page.CreateEx(0, "KorvelFrame", "Page", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {40, 40, 440, 340},
-                        nullptr, 0);
-    }
     ~Tips() override { QApplication::setPalette(m_palette); }
 
     const QPalette m_palette = QApplication::palette();
-    QtUser m_user;
-    Page m_page;
 };
 
 TEST_F(Tips, AToolTipIsAWindowThatTakesNothingAndFollowsTheTheme) {
     CEdit edit;
     CButton button;
-    edit.Create(WS_CHILD | WS_VISIBLE, {0, 50, 100, 74}, &m_page, 1);
-    button.Create("Add", WS_CHILD | WS_VISIBLE, {0, 0, 100, 30}, &m_page, 2);
-    m_page.tip.Create(&m_page);
-    m_page.tip.AddTool(&button, "Adds an entry");
-    m_page.tip.SetDelayTime(TTDT_INITIAL, 1);
-    QWidget* top = m_user.Widget(m_page.m_hWnd);
-    top->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(top));
+    edit.Create(WS_CHILD | WS_VISIBLE, {0, 50, 100, 74}, &m_frame, 1);
+    button.Create("Add", WS_CHILD | WS_VISIBLE, {0, 0, 100, 30}, &m_frame, 2);
+    m_frame.tip.Create(&m_frame);
+    m_frame.tip.AddTool(&button, "Adds an entry");
+    m_frame.tip.SetDelayTime(TTDT_INITIAL, 1);
     edit.SetFocus();
     QTest::mouseMove(m_user.Widget(button.m_hWnd), {5, 5});
-    ASSERT_TRUE(QTest::qWaitFor([&] { return m_page.tip.IsWindowVisible(); }));
-    QWidget* shown = m_user.Widget(m_page.tip.m_hWnd);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return m_frame.tip.IsWindowVisible(); }));
+    QWidget* shown = m_user.Widget(m_frame.tip.m_hWnd);
     EXPECT_TRUE(shown->isVisible());
     EXPECT_EQ(shown->windowType(), Qt::ToolTip);
-    EXPECT_EQ(shown->geometry(), internal::ToQRect(m_page.tip.GetWindowRect()));
+    EXPECT_EQ(shown->geometry(), internal::ToQRect(m_frame.tip.GetWindowRect()));
     EXPECT_EQ(QApplication::focusWidget(), m_user.Widget(edit.m_hWnd));
-    EXPECT_TRUE(top->isActiveWindow());
+    EXPECT_TRUE(m_user.Widget(m_frame.m_hWnd)->isActiveWindow());
     for (const QColor ground : {QColor(255, 255, 220), QColor(40, 40, 40)}) {
         QPalette palette = m_palette;
         palette.setColor(QPalette::ToolTipBase, ground);
@@ -68,7 +57,7 @@ TEST_F(Tips, AToolTipIsAWindowThatTakesNothingAndFollowsTheTheme) {
 
 TEST_F(Tips, ALabelThatIsCutOffIsShownWhole) {
     CListCtrl list;
-    list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 300, 200}, &m_page, 3);
+    list.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 300, 200}, &m_frame, 3);
     list.SetExtendedStyle(LVS_EX_LABELTIP);
     list.InsertColumn(0, "Name", 60);
     list.InsertItem(0, "longer than its <b>column</b>");
@@ -97,8 +86,7 @@ TEST_F(Tips, WhatIsPaintedIsPaintedAgainInAnotherTheme) {
             return CWnd::WindowProc(message, wParam, lParam);
         }
     } painted;
-    painted.CreateEx(0, "KorvelFrame", "", WS_CHILD | WS_VISIBLE | WS_BORDER, {0, 0, 50, 50}, &m_page, 4);
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(m_user.Widget(m_page.m_hWnd)));
+    painted.CreateEx(0, "KorvelFrame", "", WS_CHILD | WS_VISIBLE | WS_BORDER, {0, 0, 50, 50}, &m_frame, 4);
     for (const QColor ground : {QColor(30, 31, 32), QColor(250, 251, 252)}) {
         QPalette palette = m_palette;
         palette.setColor(QPalette::Base, ground);

@@ -3,10 +3,8 @@
 #include "korvel/qt/convert.h"
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QMenu>
 #include <QMessageBox>
-#include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
 

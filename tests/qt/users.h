@@ -5,6 +5,9 @@
 #include "korvel/window/display/headless_display.h"
 #include "support/recorded_window.h"
 
+#include <QApplication>
+#include <QTest>
+
 namespace korvel::test {
 
 /// Somebody who works with windows: through the input functions without a screen, or by events on one.
@@ -62,6 +65,33 @@ private:
     void WaitForFocus() const;
 
     qt::QtDisplay m_display;
+};
+
+/// A window of the test on a desktop.
+template <class Frame = CWnd>
+class DesktopTest : public testing::Test {
+protected:
+    DesktopTest() {
+        m_frame.CreateEx(0, "KorvelFrame", "Frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {40, 40, 440, 340},
+                         nullptr, 0);
+        Activate();
+    }
+    /// The offscreen platform does so by itself neither at first nor after a popup.
+    void Activate() {
+        QWidget* top = m_user.Widget(m_frame.m_hWnd);
+        QApplication::processEvents();
+        top->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(top));
+    }
+    template <class Widget>
+    Widget& WidgetOf(const CWnd& window) {
+        auto* widget = qobject_cast<Widget*>(m_user.Widget(window.m_hWnd));
+        EXPECT_NE(widget, nullptr);
+        return *widget;
+    }
+
+    QtUser m_user;
+    Frame m_frame;
 };
 
 } // namespace korvel::test

@@ -198,27 +198,17 @@ TEST_F(ComboBoxTest, TheFieldIsTheBoxesText) {
 
 TEST_F(ComboBoxTest, TheListOfTheDesktopChoosesAndCloses) {
     using Act = std::function<void(HWND)>;
-    const Act choose = [](HWND window) { input::Value(window, 2); };
+    const auto choose = [](double entry) -> Act { return [=](HWND window) { input::Value(window, entry); }; };
+    const Act close = [](HWND window) { input::Dropped(window, false); };
+    constexpr double NoNumber = std::numeric_limits<double>::quiet_NaN();
     for (const auto& [border, open, act, current, codes] : Table<bool, Act, int, Codes>{
-             {"another entry", true, choose, 2, {CBN_SELENDOK, CBN_CLOSEUP, CBN_SELCHANGE}},
-             {"the wheel", false, choose, 2, {CBN_SELENDOK, CBN_SELCHANGE}},
-             {"the same entry",
-              true,
-              [](HWND window) { input::Value(window, 1); },
-              1,
-              {CBN_SELENDOK, CBN_CLOSEUP}},
-             {"a press outside",
-              true,
-              [](HWND window) { input::Dropped(window, false); },
-              1,
-              {CBN_SELENDCANCEL, CBN_CLOSEUP}},
-             {"closed before", false, [](HWND window) { input::Dropped(window, false); }, 1, {}},
-             {"no entry", true, [](HWND window) { input::Value(window, 3); }, 1, {}},
-             {"no number",
-              true,
-              [](HWND window) { input::Value(window, std::numeric_limits<double>::quiet_NaN()); },
-              1,
-              {}}}) {
+             {"another entry", true, choose(2), 2, {CBN_SELENDOK, CBN_CLOSEUP, CBN_SELCHANGE}},
+             {"the wheel", false, choose(2), 2, {CBN_SELENDOK, CBN_SELCHANGE}},
+             {"the same entry", true, choose(1), 1, {CBN_SELENDOK, CBN_CLOSEUP}},
+             {"a press outside", true, close, 1, {CBN_SELENDCANCEL, CBN_CLOSEUP}},
+             {"closed before", false, close, 1, {}},
+             {"no entry", true, choose(3), 1, {}},
+             {"no number", true, choose(NoNumber), 1, {}}}) {
         SCOPED_TRACE(border);
         Make(CBS_DROPDOWN);
         box.SetCurSel(1);

@@ -233,35 +233,21 @@ TEST_F(WindowTreeTest, AHandlerThatFailsKeepsNothingOfAnActBack) {
     frame.Create(WS_VISIBLE, nullptr);
     child.Create(WS_CHILD | WS_VISIBLE, &frame);
     const HWND window = child.m_hWnd;
+    const auto place = [window](CRect rect, UINT flags) {
+        return [=] { SetWindowPos(window, HWND_TOP, rect, flags); };
+    };
+    const auto show = [window](int how) { return [=] { ShowWindow(window, how); }; };
+    const auto disable = [window] { EnableWindow(window, false); };
+    const Log placed{"child placed", "child move", "child size"};
+    const Log placedAndHidden{"child placed", "child size", "child no focus", "frame focus", "child show 0"};
     for (const auto& [border, fails, act, heard] : Table<UINT, std::function<void()>, Log>{
-             {"placed",
-              WM_WINDOWPOSCHANGED,
-              [&] {
-                  MoveWindow(window, {1, 1, 9, 9});
-              },
-              {"child placed", "child move", "child size"}},
-             {"moved",
-              WM_MOVE,
-              [&] {
-                  MoveWindow(window, {2, 1, 9, 9});
-              },
-              {"child placed", "child move", "child size"}},
-             {"hidden by its place",
-              WM_SIZE,
-              [&] {
-                  SetWindowPos(window, HWND_TOP, {2, 1, 8, 8}, SWP_HIDEWINDOW);
-              },
-              {"child placed", "child size", "child no focus", "frame focus", "child show 0"}},
-             {"shown", WM_SHOWWINDOW, [&] { ShowWindow(window, SW_SHOW); }, {"child show 1"}},
-             {"hidden",
-              WM_KILLFOCUS,
-              [&] { ShowWindow(window, SW_HIDE); },
-              {"child no focus", "child show 0"}},
-             {"shown again", WM_SHOWWINDOW, [&] { ShowWindow(window, SW_SHOW); }, {"child show 1"}},
-             {"disabled",
-              WM_KILLFOCUS,
-              [&] { EnableWindow(window, false); },
-              {"child no focus", "child enable 0"}}}) {
+             {"placed", WM_WINDOWPOSCHANGED, place({1, 1, 9, 9}, 0), placed},
+             {"moved", WM_MOVE, place({2, 1, 9, 9}, 0), placed},
+             {"hidden by its place", WM_SIZE, place({2, 1, 8, 8}, SWP_HIDEWINDOW), placedAndHidden},
+             {"shown", WM_SHOWWINDOW, show(SW_SHOW), {"child show 1"}},
+             {"hidden", WM_KILLFOCUS, show(SW_HIDE), {"child no focus", "child show 0"}},
+             {"shown again", WM_SHOWWINDOW, show(SW_SHOW), {"child show 1"}},
+             {"disabled", WM_KILLFOCUS, disable, {"child no focus", "child enable 0"}}}) {
         child.SetFocus();
         Heard();
         child.on[fails] = [] { throw std::runtime_error("full"); };
