@@ -9,9 +9,12 @@
 
 namespace korvel::inspector {
 
+class LandXmlEnumeration;
+
 /// What the user made of a member for this run, which the file does not hold.
 struct MemberSession {
-    std::optional<EDataTyps> type; ///< it is shown as this type
+    std::optional<EDataTyps> type;       ///< it is shown as this type
+    LandXmlEnumeration* words = nullptr; ///< those that it is one of, for DT_ListString
     bool isProtected = false;
 
     bool operator==(const MemberSession&) const = default;

@@ -2,7 +2,6 @@
 
 #include "landxml/landxml_document.h"
 #include "landxml/member_writer.h"
-#include "landxml/value_writing.h"
 
 namespace korvel::inspector {
 
@@ -68,7 +67,7 @@ std::uint32_t ElementObject::GetMemberFlags(const std::string& name) {
     if (!IsReplaceable(*member))
         return flags;
     flags |= MF_WriteProtect;
-    if (IsNumber(type))
+    if (MemberWriter(m_document, m_element).NumberOf(*member))
         flags |= MF_ChangeType;
     if (member->kind == MemberKind::Attribute)
         flags |= MF_Delete | MF_Rename;

@@ -88,8 +88,7 @@ CVariantValue LandXmlDocument::ReadValueOf(ElementIndex element, const Member& m
 
 ValueType LandXmlDocument::TypeOf(ElementIndex element, const Member& member) const {
     const ValueType own = m_members.TypeOf(element, member);
-    const std::optional<EDataTyps> shown = SessionOf(AddressOf(element, member)).type;
-    return shown ? TypeShownAs(own, *shown) : own;
+    return m_sessions.empty() ? own : TypeShownAs(own, SessionOf(AddressOf(element, member)));
 }
 
 MemberAddress LandXmlDocument::AddressOf(ElementIndex element, const Member& member) const {

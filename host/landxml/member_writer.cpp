@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::string_view NameAttribute = "name";
 
-std::string InQuotes(const std::string& libraryText) {
+std::string Quoted(const std::string& libraryText) {
     return XmlError::Quoted(platform::ToUtf8(libraryText));
 }
 
@@ -30,6 +30,10 @@ void RefuseFormula(const CVariantValue& value) {
         Refuse("a LandXML file cannot hold formulas");
 }
 
+bool IsMeasure(EDataTyps type) {
+    return IsNumber(type) && (type & DT_AngleDouble) == DT_Double;
+}
+
 bool IsWhole(EDataTyps type) {
     return IsNumber(type) && (type & (DT_Float | DT_Double)) == 0;
 }
@@ -39,9 +43,25 @@ MemberSession& SessionIn(DocumentChange& change, const std::string& key) {
 }
 
 // The text in which one word is another one.
-std::string WithWord(std::string_view text, std::size_t index, const std::string& word) {
+std::string WithWord(std::string_view text, std::size_t index, std::string_view word) {
     const std::string_view old = SplitAtBlanks(text)[index];
     return std::string(text).replace(static_cast<std::size_t>(old.data() - text.data()), old.size(), word);
+}
+
+// The text with other words, between the blanks that it has where it has as many.
+std::string WithWords(std::string_view text, std::string_view words) {
+    const std::vector<std::string_view> old = SplitAtBlanks(text);
+    const std::vector<std::string_view> fresh = SplitAtBlanks(words);
+    if (old.size() != fresh.size())
+        return std::string(Trim(words));
+    std::string result;
+    std::size_t end = 0;
+    for (std::size_t i = 0; i < old.size(); ++i) {
+        const auto begin = static_cast<std::size_t>(old[i].data() - text.data());
+        result.append(text, end, begin - end).append(fresh[i]);
+        end = begin + old[i].size();
+    }
+    return result.append(text.substr(end));
 }
 
 } // namespace
@@ -57,7 +77,7 @@ void MemberWriter::RequireWritable() const {
 
 void MemberWriter::RequireReplaceable(const std::string& name, const Member& member) const {
     if (!m_document.Members().IsReplaceable(m_owner, member))
-        Refuse({"%1 cannot be changed in this file", {InQuotes(name)}});
+        Refuse({"%1 cannot be changed in this file", {Quoted(name)}});
 }
 
 std::string MemberWriter::AttributeName(const Member& member) const {
@@ -95,12 +115,17 @@ void MemberWriter::Finish(DocumentChange change) {
 void MemberWriter::WriteText(DocumentChange& change, const Member& member, const std::string& text) const {
     const CharacterTest& isHeld = m_document.GetCharacterTest();
     std::string& written = change.after.written;
-    if (IsAttribute(member))
+    if (IsAttribute(member)) {
         written = SetAttribute(written, AttributeName(member), text, isHeld);
-    else if (member.kind == MemberKind::TextPart && m_document.Members().TextTypeOf(m_owner).parts.size() > 1)
-        written = WithWord(written, member.place, EscapeText(Trim(text), isHeld));
-    else
-        written = EscapeText(Trim(text), isHeld);
+        return;
+    }
+    const std::string old = DecodeXmlText(written, std::string::npos).utf8;
+    std::string all(Trim(text));
+    if (member.kind == MemberKind::TextPart && m_document.Members().TextTypeOf(m_owner).parts.size() > 1)
+        all = WithWord(old, member.place, all);
+    else if (member.kind == MemberKind::TextElement)
+        all = WithWords(old, all);
+    written = RewriteText(written, all, LineEndOf(m_document.Tree().Source()), isHeld);
 }
 
 bool MemberWriter::IsAllowed(const ValueType& type, const std::string& text) const {
@@ -132,7 +157,7 @@ bool MemberWriter::Set(const std::string& name, const CVariantValue& value) {
     if (!text)
         return false;
     if (!IsAllowed(*member, type, *text))
-        Refuse({"%1 is no value of %2", {XmlError::Quoted(*text), InQuotes(name)}});
+        Refuse({"%1 is no value of %2", {XmlError::Quoted(*text), Quoted(name)}});
     DocumentChange change = BeginWith(DocumentChange::Kind::Edit, name, *member);
     WriteText(change, *member, *text);
     Finish(change);
@@ -162,22 +187,38 @@ bool MemberWriter::ChangeType(const std::string& name, EDataTyps target) {
     RequireReplaceable(name, *member);
     const ElementMembers& members = m_document.Members();
     const CVariantValue own = members.ValueOf(m_owner, *member).value;
-    const CVariantValue& shown = m_document.ValueOf(m_owner, *member);
-    const CVariantValue old = IsNumber(shown.Type) ? shown : own;
+    const CVariantValue old = NumberOf(*member).value_or(own);
     DocumentChange change = BeginWith(DocumentChange::Kind::Retype, name, *member);
     if (target != DT_String) {
         const CVariantValue converted = old.ChangeToType(target);
         const bool isCut = IsWhole(target) &&
                            static_cast<double>(converted) != static_cast<double>(old.ChangeToType(DT_Double));
-        const ValueType type = TypeShownAs(members.TypeOf(m_owner, *member), target);
+        const ValueType type = TypeShownAs(members.TypeOf(m_owner, *member), {target});
         const auto text = WriteValue(type, converted, {}, members.PlaceOf(m_owner, type));
         if (isCut && text)
             WriteText(change, *member, *text);
     }
     MemberSession& session = SessionIn(change, m_document.AddressOf(m_owner, *member).key);
-    session.type = target == own.Type ? std::nullopt : std::optional(target);
+    const bool isBack =
+        session.type && target == DT_Double && IsMeasure(own.Type); // a length again, not only a number
+    session.type = target == own.Type || isBack ? std::nullopt : std::optional(target);
+    session.words = nullptr;
     Finish(change);
     return true;
+}
+
+std::optional<CVariantValue> MemberWriter::NumberOf(const Member& member) const {
+    if (member.kind == MemberKind::Object)
+        return std::nullopt;
+    const ElementMembers& members = m_document.Members();
+    if (const CVariantValue& shown = m_document.ValueOf(m_owner, member); IsNumber(shown.Type))
+        return shown;
+    CVariantValue value = members.ValueOf(m_owner, member).value;
+    if (members.TypeOf(m_owner, member).meaning == Meaning::Text)
+        value = ReadValue({Meaning::Number}, members.CharactersOf(m_owner, member),
+                          members.PlaceOf(m_owner, {Meaning::Number}))
+                    .value;
+    return IsNumber(value.Type) ? std::optional(value) : std::nullopt;
 }
 
 void MemberWriter::RequireNewAttribute(const std::string& name) const {
@@ -208,9 +249,12 @@ bool MemberWriter::Add(const std::string& name, bool isEditable, const CVariantV
     const ValueType own = members.TypeOfAttribute(m_owner, attribute);
     MemberSession session;
     session.isProtected = !isEditable;
-    if (own.meaning == Meaning::Text && value.Type != DT_String && (value.Type & TypeBitList) == 0)
+    session.words = dynamic_cast<LandXmlEnumeration*>(value.EnumValue);
+    if (own.meaning != Meaning::Text)
+        session.words = nullptr;
+    else if (value.Type != DT_String && ((value.Type & TypeBitList) == 0 || session.words))
         session.type = value.Type;
-    const ValueType type = session.type ? TypeShownAs(own, *session.type) : own;
+    const ValueType type = TypeShownAs(own, session);
     const std::optional<std::string> text = WriteValue(type, value, {}, members.PlaceOf(m_owner, type));
     if (!text)
         Refuse({"%1 cannot be of this type", {XmlError::Quoted(attribute)}});
@@ -262,7 +306,7 @@ bool MemberWriter::Rename(const std::string& name, const std::string& newName) {
     const std::optional<std::string> label = LabelOf(name);
     if (!label)
         Refuse({"%1 cannot be renamed: only attributes and elements with the attribute 'name' can",
-                {InQuotes(name)}});
+                {Quoted(name)}});
     if (*label == newName)
         return true;
     if (!IsAttribute(*member)) {
@@ -290,7 +334,7 @@ void MemberWriter::SetOwnName(const std::string& name) {
     RefuseFormula(text);
     if (m_document.Tree().FindAttribute(m_owner, NameAttribute).data() == nullptr)
         Refuse({"%1 cannot be renamed: only attributes and elements with the attribute 'name' can",
-                {InQuotes(m_document.IdentOf(m_owner))}});
+                {Quoted(m_document.IdentOf(m_owner))}});
     DocumentChange change = Begin(DocumentChange::Kind::Rename, m_document.IdentOf(m_owner),
                                   {m_owner, std::string(NameAttribute)});
     change.after.written = SetAttribute(change.before.written, NameAttribute, platform::ToUtf8(name),

@@ -4,10 +4,10 @@
 
 namespace korvel::inspector {
 
-ValueType TypeShownAs(const ValueType& own, EDataTyps shown) {
-    if (own.meaning != Meaning::Text)
+ValueType TypeShownAs(const ValueType& own, const MemberSession& session) {
+    if (own.meaning != Meaning::Text || !session.type)
         return own;
-    switch (shown) {
+    switch (*session.type) {
     case DT_Bool:
         return {Meaning::Flag};
     case DT_Date:
@@ -16,6 +16,8 @@ ValueType TypeShownAs(const ValueType& own, EDataTyps shown) {
         return {Meaning::Color};
     case DT_FileName:
         return {Meaning::FileName};
+    case DT_ListString:
+        return session.words ? ValueType{Meaning::Enumeration, session.words} : own;
     case DT_Int:
     case DT_Long:
         return {Meaning::Integer};
@@ -23,7 +25,7 @@ ValueType TypeShownAs(const ValueType& own, EDataTyps shown) {
     case DT_AngleDouble:
         return {Meaning::Angle};
     default:
-        return {IsNumber(shown) ? Meaning::Number : Meaning::Text};
+        return {IsNumber(*session.type) ? Meaning::Number : Meaning::Text};
     }
 }
 

@@ -51,7 +51,7 @@ std::string_view BlanksBefore(std::string_view tag, const XmlAttribute& attribut
 std::string SetAttribute(std::string_view tag, std::string_view name, std::string_view value,
                          const CharacterTest& isHeld) {
     const std::string_view old = Find(tag, name).value;
-    return Replace(tag, old, EscapeAttribute(value, *(old.data() - 1), isHeld));
+    return Replace(tag, old, RewriteAttribute(old, value, *(old.data() - 1), isHeld));
 }
 
 std::string AddAttribute(std::string_view tag, std::string_view name, std::string_view value,

@@ -1,10 +1,14 @@
 #include "source/xml_escaping.h"
 
 #include "korvel/documents/xml_scanner.h"
+#include "korvel/documents/xml_text.h"
 #include "korvel/platform/utf8.h"
 #include "source/refusal.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
+#include <vector>
 
 namespace korvel::inspector {
 namespace {
@@ -39,23 +43,83 @@ std::string_view NamedReference(char32_t character, char quote) {
     Refuse({"the character %1 is not allowed in XML", {text}});
 }
 
-// `quote` is 0 for a text between tags.
-std::string Escape(std::string_view utf8, char quote, const CharacterTest& isHeld) {
+// What encloses a value. Tags leave it its tabs and line ends, quotes do not.
+struct Enclosure {
+    char quote; // 0: tags
+    std::string_view lineEnd;
+
+    std::string Decode(std::string_view raw) const {
+        return quote == 0 ? DecodeXmlText(raw, std::string::npos).utf8
+                          : DecodeXmlAttribute(raw, std::string::npos).utf8;
+    }
+};
+
+bool IsEscapedControl(char32_t character, const Enclosure& in) {
+    return character < 0x20 && (in.quote != 0 || character == '\r');
+}
+
+std::string Escape(std::string_view utf8, const Enclosure& in, const CharacterTest& isHeld) {
     std::string escaped;
     for (std::string_view rest = utf8; !rest.empty();) {
         const char* begin = rest.data();
         const char32_t character = platform::TakeUtf8(rest).value_or(0);
         if (!XmlScanner::IsCharacter(character))
             RefuseCharacter(character);
-        const bool isControl = character < 0x20 && (character != '\n' || quote != 0);
-        if (const std::string_view named = NamedReference(character, quote); !named.empty())
+        if (const std::string_view named = NamedReference(character, in.quote); !named.empty())
             escaped += named;
-        else if (isControl || (character >= 0x80 && isHeld && !isHeld(character)))
+        else if (IsEscapedControl(character, in) || (character >= 0x80 && isHeld && !isHeld(character)))
             escaped += Reference(character);
+        else if (character == '\n')
+            escaped += in.lineEnd;
         else
             escaped.append(begin, rest.data());
     }
     return escaped;
+}
+
+// A piece of what is written that stands for one character.
+struct Piece {
+    std::string_view raw;
+    std::string utf8;
+};
+
+std::vector<Piece> PiecesOf(std::string_view raw, const Enclosure& in) {
+    std::vector<Piece> pieces;
+    while (!raw.empty()) {
+        std::string_view rest = raw;
+        if (raw.front() == '&')
+            rest.remove_prefix(std::min(raw.find(';'), raw.size() - 1) + 1);
+        else if (raw.starts_with("\r\n"))
+            rest.remove_prefix(2);
+        else
+            platform::TakeUtf8(rest);
+        const std::string_view piece = raw.substr(0, raw.size() - rest.size());
+        const bool isItself = piece.find_first_of("&\t\r\n") == std::string_view::npos;
+        pieces.push_back({piece, isItself ? std::string(piece) : in.Decode(piece)});
+        raw = rest;
+    }
+    return pieces;
+}
+
+std::string Rewrite(std::string_view raw, std::string_view utf8, const Enclosure& in,
+                    const CharacterTest& isHeld) {
+    const std::vector<Piece> pieces = PiecesOf(raw, in);
+    std::string_view changed = utf8;
+    auto first = pieces.begin();
+    for (; first != pieces.end() && changed.starts_with(first->utf8); ++first)
+        changed.remove_prefix(first->utf8.size());
+    auto last = pieces.end();
+    for (; last != first && changed.ends_with(std::prev(last)->utf8); --last)
+        changed.remove_suffix(std::prev(last)->utf8.size());
+    std::string written;
+    for (auto piece = pieces.begin(); piece != first; ++piece)
+        written += piece->raw;
+    written += Escape(changed, in, isHeld);
+    for (auto piece = last; piece != pieces.end(); ++piece)
+        written += piece->raw;
+    // Where they meet, "]]>" or a line end may have come about.
+    const bool isWellFormed = in.quote != 0 || written.find("]]>") == std::string::npos;
+    return isWellFormed && in.Decode(written) == utf8 ? written : Escape(utf8, in, isHeld);
 }
 
 bool IsXmlName(std::string_view name) {
@@ -80,11 +144,24 @@ bool IsHeld(std::string_view name, const CharacterTest& isHeld) {
 } // namespace
 
 std::string EscapeAttribute(std::string_view utf8, char quote, const CharacterTest& isHeld) {
-    return Escape(utf8, quote, isHeld);
+    return Escape(utf8, {quote, {}}, isHeld);
 }
 
-std::string EscapeText(std::string_view utf8, const CharacterTest& isHeld) {
-    return Escape(utf8, 0, isHeld);
+std::string RewriteAttribute(std::string_view raw, std::string_view utf8, char quote,
+                             const CharacterTest& isHeld) {
+    return Rewrite(raw, utf8, {quote, {}}, isHeld);
+}
+
+std::string RewriteText(std::string_view raw, std::string_view utf8, std::string_view lineEnd,
+                        const CharacterTest& isHeld) {
+    return Rewrite(raw, utf8, {0, lineEnd}, isHeld);
+}
+
+std::string_view LineEndOf(std::string_view document) {
+    const std::size_t end = document.find_first_of("\r\n");
+    if (end == std::string_view::npos || document[end] == '\n')
+        return "\n";
+    return document.substr(end).starts_with("\r\n") ? "\r\n" : "\r";
 }
 
 void CheckAttributeName(std::string_view name, const CharacterTest& isHeld) {

@@ -1,5 +1,6 @@
 #include "host/edited_document.h"
 #include "korvel/platform/code_page.h"
+#include "landxml/landxml_enumerations.h"
 #include "support/make_value.h"
 
 namespace korvel::inspector {
@@ -49,8 +50,10 @@ TEST_F(MemberWriterTest, WritesOneValueAndLeavesAllElse) {
         {"an emptied text", "Title", "text", MakeValue(DT_String, ""), "<Title>x</Title>", "<Title></Title>"},
         {"the second text", "Title", "text (2)", MakeValue(DT_String, "z"), "<Title>x<b/> y </Title>",
          "<Title>x<b/> z </Title>"},
+        {"a letter of several lines", "Title", "text", MakeValue(DT_String, "a\n\tB\nc"),
+         "<Title>\r\n a\r\n\tb\r\nc</Title>", "<Title>\r\n a\r\n\tB\r\nc</Title>"},
         {"a point of a terrain", "Pnts", "P 1", MakeValue(DT_String, "4 5 6"),
-         "<Pnts><P id='1'>1 2\n 3</P></Pnts>", "<Pnts><P id='1'>4 5 6</P></Pnts>"},
+         "<Pnts><P id='1'>1 2\n 3</P></Pnts>", "<Pnts><P id='1'>4 5\n 6</P></Pnts>"},
     };
     for (const Write& row : rows) {
         SCOPED_TRACE(row.row);
@@ -126,6 +129,19 @@ TEST_F(MemberWriterTest, AddsRemovesAndRenamesAttributes) {
     CVariantValue own;
     EXPECT_TRUE(line.GetMember("own", own));
     EXPECT_EQ(own.Type, DT_Int) << "it is what the user said, as LandXML knows no such attribute";
+    LandXmlEnumerations enumerations;
+    IEnumValue* sides = enumerations.GetEnumValue({"side"});
+    ASSERT_NE(sides, nullptr);
+    CVariantValue side = MakeValue(DT_ListString, "");
+    side.EnumValue = sides;
+    EXPECT_THROW(line.AddMember("lane", true, side), Error) << "no entry is chosen";
+    sides->Select(1, side);
+    EXPECT_TRUE(line.AddMember("lane", true, side));
+    EXPECT_THAT(Text(), HasSubstr("lane='left'"));
+    EXPECT_TRUE(line.GetMember("lane", own));
+    EXPECT_EQ(own.EnumValue, sides);
+    EXPECT_TRUE(line.RemoveMember("lane"));
+    Rows().TakeHeard();
 
     EXPECT_EQ(line.GetMemberLabel("o:x [foreign]"), "o:x");
     EXPECT_TRUE(line.OnRenameMember("o:x [foreign]", "o:x"));
@@ -185,9 +201,13 @@ TEST_F(MemberWriterTest, ATypeLastsForTheRunAndOnlyWhatItCutsIsWritten) {
     EXPECT_TRUE(line.ChangeMemberType("staStart", DT_UInt));
     EXPECT_THAT(Text(), HasSubstr("staStart='3'"));
     EXPECT_ANY_THROW(line.ChangeMemberType("o:v [foreign]", DT_Double));
+    EXPECT_TRUE(line.ChangeMemberType("staStart", DT_String));
+    EXPECT_TRUE(line.GetMemberFlags("staStart") & MF_ChangeType) << "and back";
+    EXPECT_TRUE(line.ChangeMemberType("staStart", DT_Double));
+    EXPECT_EQ(shown("staStart").Type, DT_RoadStationDouble);
     Rows().ExpectCurrent();
-    for (const EDataTyps type : {DT_Int, DT_Int, DT_AngleDouble, DT_String, DT_Float, DT_Double})
-        static_cast<void>(type), Editing().Undo();
+    while (Editing().Steps().CanUndo())
+        Editing().Undo();
     EXPECT_THAT(Text(), HasSubstr("length='12.50'"));
     EXPECT_EQ(shown("length").Type, DT_Double);
     Rows().ExpectCurrent();

@@ -24,6 +24,7 @@ TEST(StartTag, ChangesOneValueAndNothingElse) {
         {"d", "\t\n\r", "<a b = '1'\r\n\tc=\"2\" d='&#9;&#10;&#13;' />"},
         {"c", "\xC3\xA4\xC5\x81", "<a b = '1'\r\n\tc=\"\xC3\xA4&#321;\" d='&#52;' />"},
         {"d", "", "<a b = '1'\r\n\tc=\"2\" d='' />"},
+        {"d", "4&4", "<a b = '1'\r\n\tc=\"2\" d='&#52;&amp;4' />"},
     };
     for (const Row& row : rows) {
         const std::string tag =
@@ -53,13 +54,36 @@ TEST(StartTag, AddsInTheStyleOfTheOthersAndRemovesWithTheBlankBefore) {
 TEST(StartTag, RefusesWhatXmlDoesNotAllow) {
     for (const char* value : {"a\x01", "\x1F", "\xEF\xBF\xBF"}) {
         EXPECT_THROW(SetAttribute("<a b='1'>", "b", value, {}), Error) << value;
-        EXPECT_THROW(EscapeText(value, {}), Error) << value;
+        EXPECT_THROW(RewriteText({}, value, "\n", {}), Error) << value;
     }
     for (const char* name :
          {"", "1a", "a b", "a:b:c", ":a", "a:", "a:1", "xmlns", "xmlns:p", "a=", "\xC5\x81"})
         EXPECT_THROW(CheckAttributeName(name, IsLatin1), Error) << name;
     for (const char* name : {"a", "a:b", "_", "\xC3\xA4", "xmlnsp"})
         EXPECT_NO_THROW(CheckAttributeName(name, IsLatin1)) << name;
+}
+
+TEST(StartTag, ATextKeepsWhatIsWrittenAroundTheEdit) {
+    struct Row {
+        const char* name;
+        const char* raw;
+        const char* utf8;
+        const char* lineEnd;
+        const char* written;
+    };
+    const Row rows[] = {
+        {"one letter", "a&#228;\r\n\tb&#10;c\rd", "a\xC3\xA4\n\tB\nc\nd", "\r\n", "a&#228;\r\n\tB&#10;c\rd"},
+        {"a line more", "a\r\nb", "a\nx\ty\nb", "\r\n", "a\r\nx\ty\r\nb"},
+        {"another text", "a&amp;", "<\r&", "\n", "&lt;&#13;&amp;"},
+        {"the end of a section", "x>y", "]]>y", "\n", "]]&gt;y"},
+        {"two line ends that meet", "a\rx\nb", "a\n\nb", "\n", "a\n\nb"},
+        {"a letter twice", "aa", "aaa", "\n", "aaa"},
+        {"less of the same", "aba", "a", "\n", "a"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(RewriteText(row.raw, row.utf8, row.lineEnd, {}), row.written) << row.name;
+        EXPECT_EQ(DecodeXmlText(row.written, 100).utf8, row.utf8) << row.name;
+    }
 }
 
 TEST(StartTag, NamesTheAttributesThatDiffer) {
