@@ -3,7 +3,6 @@
 #include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
 #include "landxml/landxml_document.h"
-#include "program/file_chooser.h"
 #include "program/list_writer.h"
 #include "program/member_path.h"
 #include "program/options.h"
@@ -59,7 +58,7 @@ void Set(GridPane& pane, IMemberDispatch& root, const std::string& assignment) {
         }
     const std::string path = assignment.substr(0, end);
     if (!pane.Expand(platform::FromUtf8(path).text))
-        throw UsageError({"--set: there is no %1", {"'" + path + "'"}});
+        throw UsageError({"--set: there is no %1", {InQuotes(path)}});
     const platform::ConvertedText text = platform::FromUtf8(assignment.substr(end + 1));
     try {
         if (!text.exact)
@@ -89,14 +88,14 @@ bool IsOwnFile(const Options& options) {
 // What `--set`, `--save` and `--list` do with a document, in this order. Whatever is refused leaves its file alone.
 int EditAndList(const Options& options, const TakenFormats& formats) {
     GridPane pane;
-    OpenDocument open(options.file, {options.stations, &FileChooser(), options.encoding, ReadingOptions::All},
+    OpenDocument open(options.file, {options.stations, nullptr, options.encoding, ReadingOptions::All},
                       pane.Observer());
     LandXmlDocument& document = open.Document();
     if (formats.hasUnitOfFile)
         SetAngleUnit(document.OwnAngleUnit());
     for (const std::string& path : options.expand)
         if (!HasMember(document.Root(), platform::FromUtf8(path).text))
-            throw UsageError({"--expand: there is no %1", {"'" + path + "'"}});
+            throw UsageError({"--expand: there is no %1", {InQuotes(path)}});
     for (const std::string& notice : document.Notices())
         Complain(options.file + ": " + platform::ToUtf8(notice));
     SetAll(pane, open, options.set);

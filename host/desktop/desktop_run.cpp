@@ -4,17 +4,16 @@
 #include "desktop/inspector_window.h"
 #include "desktop/picture_file.h"
 #include "desktop/qt_warnings.h"
+#include "desktop/said.h"
 #include "desktop/window_place.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/screen.h"
 #include "korvel/platform/store_problem.h"
 #include "korvel/qt/qt_display.h"
 #include "korvel/window/app/app.h"
-#include "program/file_chooser.h"
 #include "program/run_settings.h"
 #include "program/settings_keys.h"
 #include "texts/messages.h"
-#include "texts/program_texts.h"
 
 #include <QApplication>
 #include <QDir>
@@ -53,7 +52,7 @@ void ExpandAsAsked(GridPane& pane, const Options& options) {
         pane.ExpandAll();
     for (const std::string& path : options.expand)
         if (!pane.Expand(platform::FromUtf8(path).text))
-            throw UsageError({"--expand: there is no %1", {"'" + path + "'"}});
+            throw UsageError({"--expand: there is no %1", {InQuotes(path)}});
 }
 
 // Of exactly this size in pixels; where the desktop scales, of a window that is smaller than it says.
@@ -149,13 +148,13 @@ int RunOnDesktop(const Options& options, const TakenFormats& formats) {
     if (!isChosen)
         qunsetenv(PlatformVariable); // not for the programs that are started from here
     std::setlocale(LC_NUMERIC, "C"); // the application object took the user's; files are read and written
-    QApplication::setApplicationDisplayName(QString::fromUtf8(TheProgramTexts.programName.Utf8()));
+    QApplication::setApplicationDisplayName(Said(TheProgramTexts.programName));
     QApplication::setApplicationVersion(QStringLiteral(KORVEL_VERSION));
     QTranslator translator;
     UseDesktopLanguage(options.locale, translator);
     qt::QtDisplay display;
     SetDisplay(&display);
-    InspectorWindow window({options.stations, &FileChooser(), options.encoding}, formats.hasUnitOfFile);
+    InspectorWindow window({options.stations, nullptr, options.encoding}, formats.hasUnitOfFile);
     const NamedHost host(window);
     if (!picture)
         return ShowUntilClosed(window, options, formats.notice);

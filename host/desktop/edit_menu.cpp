@@ -1,8 +1,7 @@
 #include "desktop/edit_menu.h"
 
+#include "desktop/said.h"
 #include "korvel/editors/grid_ctrl_edit.h"
-#include "korvel/platform/code_page.h"
-#include "texts/program_texts.h"
 
 #include <QKeySequence>
 #include <QMenuBar>
@@ -12,15 +11,9 @@ namespace korvel::inspector {
 
 namespace {
 
-QString Said(const ProgramText& text) {
-    return QString::fromUtf8(text.Utf8());
-}
-
 QString WithStep(const ProgramText& text, const std::string& step) {
-    return step.empty()
-               ? Said(text)
-               : Said(text) + QStringLiteral(": ") +
-                     QString::fromStdString(platform::ToUtf8(step)).replace(u'&', QStringLiteral("&&"));
+    return step.empty() ? Said(text)
+                        : Said(text) + QStringLiteral(": ") + Said(step).replace(u'&', QStringLiteral("&&"));
 }
 
 constexpr RowAbilities Everything = {true, true, true, true, true, false};
@@ -41,6 +34,8 @@ EditMenu::EditMenu(QMenuBar& bar, GridPane& pane, std::function<void(const std::
     m_add = AddCommand(*m_menu, texts.addAttribute, GridCommand::AddMember);
     m_add->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_N));
     m_remove = AddCommand(*m_menu, texts.removeAttribute, GridCommand::RemoveMember);
+    m_remove->setShortcut(Qt::Key_Delete);
+    m_remove->setShortcutContext(Qt::WidgetShortcut); // the grid's own, as fields and lists have that key too
     m_rename = AddCommand(*m_menu, texts.rename, GridCommand::RenameMember);
     m_rename->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
     AddTypes();

@@ -1,6 +1,7 @@
 #include "desktop/inspector_window.h"
 
 #include "desktop/frame_room.h"
+#include "desktop/said.h"
 #include "korvel/dialogs/file_dialog.h"
 #include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
@@ -9,7 +10,6 @@
 #include "program/document_dialogs.h"
 #include "program/recent_files.h"
 #include "source/document_error.h"
-#include "texts/program_texts.h"
 
 #include <QAction>
 #include <QApplication>
@@ -47,9 +47,7 @@ public:
 };
 
 QString CountText(std::size_t count, const ProgramText& one, const ProgramText& many) {
-    return count == 1
-               ? QString::fromUtf8(one.Utf8())
-               : QString::fromUtf8(many.Utf8()).arg(QLocale().toString(static_cast<qulonglong>(count)));
+    return count == 1 ? Said(one) : Said(many).arg(QLocale().toString(static_cast<qulonglong>(count)));
 }
 
 QString NameOfFile(const OpenDocument& document) {
@@ -73,12 +71,12 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
         QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, FirstSize.boundedTo(room.size()), room));
     setAcceptDrops(true);
     m_pane->SetFailureHook([this](const std::string& message) {
-        statusBar()->showMessage(QString::fromStdString(platform::ToUtf8(message)));
+        statusBar()->showMessage(Said(message));
         QApplication::beep();
     });
     MakeMenus();
     m_pages = new QStackedWidget;
-    auto* invitation = new QLabel(QString::fromUtf8(TheProgramTexts.invitation.Utf8()));
+    auto* invitation = new QLabel(Said(TheProgramTexts.invitation));
     invitation->setAlignment(Qt::AlignCenter);
     invitation->setWordWrap(true);
     m_pages->addWidget(invitation);
@@ -101,66 +99,47 @@ void InspectorWindow::MakeMenus() {
     m_edit = std::make_unique<EditMenu>(*menuBar(), *m_pane,
                                         [this](const std::function<void()>& action) { Try(action); });
     MakeDocumentMenu();
-    QMenu* view = menuBar()->addMenu(QString::fromUtf8(texts.viewMenu.Utf8()));
-    m_listsAction = view->addAction(QString::fromUtf8(texts.lists.Utf8()), this,
-                                    [this] { Try([this] { ShowLists(); }); });
+    QMenu* view = menuBar()->addMenu(Said(texts.viewMenu));
+    m_listsAction = view->addAction(Said(texts.lists), this, [this] { Try([this] { ShowLists(); }); });
     m_listsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     m_listsAction->setEnabled(false);
-    QMenu* help = menuBar()->addMenu(QString::fromUtf8(texts.helpMenu.Utf8()));
-    help->addAction(QString::fromUtf8(texts.about.Utf8()), this, [this] { ShowAbout(); });
+    QMenu* help = menuBar()->addMenu(Said(texts.helpMenu));
+    help->addAction(Said(texts.about), this, [this] { ShowAbout(); });
 }
 
 void InspectorWindow::MakeFileMenu() {
     const ProgramTexts& texts = TheProgramTexts;
-    QMenu* file = menuBar()->addMenu(QString::fromUtf8(texts.fileMenu.Utf8()));
-    QAction* open = file->addAction(QString::fromUtf8(texts.open.Utf8()), this, [this] { ChooseFile(); });
+    QMenu* file = menuBar()->addMenu(Said(texts.fileMenu));
+    QAction* open = file->addAction(Said(texts.open), this, [this] { ChooseFile(); });
     open->setShortcut(QKeySequence::Open);
-    m_recentMenu = file->addMenu(QString::fromUtf8(texts.recentFiles.Utf8()));
-    connect(
-        file, &QMenu::aboutToShow, this, [this] { ListRecentFiles(); });
-    m_saveAction = file->addAction(QString::fromUtf8(texts.save.Utf8()), this, [this] { Save(); });
+    m_recent = std::make_unique<RecentMenu>(
+        *file, [this](const std::string& path) { return !MayLeave() || TryToOpen(path); });
+    m_saveAction = file->addAction(Said(texts.save), this, [this] { Save(); });
     m_saveAction->setShortcut(QKeySequence::Save);
-    m_saveAsAction = file->addAction(QString::fromUtf8(texts.saveAs.Utf8()), this, [this] { SaveAs(); });
+    m_saveAsAction = file->addAction(Said(texts.saveAs), this, [this] { SaveAs(); });
     m_saveAsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    m_closeAction = file->addAction(QString::fromUtf8(texts.close.Utf8()), this, [this] {
+    m_closeAction = file->addAction(Said(texts.close), this, [this] {
         if (MayLeave())
             CloseDocument();
     });
     m_closeAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
     file->addSeparator();
-    QAction* quit = file->addAction(QString::fromUtf8(texts.quit.Utf8()), this, [this] { close(); });
+    QAction* quit = file->addAction(Said(texts.quit), this, [this] { close(); });
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-}
-
-void InspectorWindow::ListRecentFiles() {
-    m_recentMenu->clear();
-    for (const std::string& path : RecentFiles()) {
-        // Both ends are needed: the file's name, and what tells it from others of that name.
-        QString label = fontMetrics().elidedText(QFile::decodeName(path.c_str()), Qt::ElideMiddle,
-                                                 screen()->size().width() / 2);
-        label.replace(QLatin1Char('&'), QLatin1String("&&"));
-        const int number = static_cast<int>(m_recentMenu->actions().size()) + 1;
-        m_recentMenu->addAction(QStringLiteral("&%1  %2").arg(number).arg(label), this,
-                                [this, path] { OpenRecent(path); });
-    }
-    m_recentMenu->setEnabled(!m_recentMenu->isEmpty());
-}
-
-void InspectorWindow::OpenRecent(const std::string& path) {
-    if (!OpenOrWarn(path) && !QFileInfo::exists(QFile::decodeName(path.c_str())))
-        RemoveRecentFile(path);
 }
 
 void InspectorWindow::MakeDocumentMenu() {
     const ProgramTexts& texts = TheProgramTexts;
-    m_documentMenu = menuBar()->addMenu(QString::fromUtf8(texts.documentMenu.Utf8()));
+    m_documentMenu = menuBar()->addMenu(Said(texts.documentMenu));
     m_documentMenu->setEnabled(false);
-    m_documentMenu->addAction(
-        QString::fromUtf8(texts.codes.Utf8()), this,
-        [this] { Try([this] { EditCodes(m_document->Document(), m_document->File().Path(), *m_pane); }); });
-    m_documentMenu->addAction(QString::fromUtf8(texts.description.Utf8()), this, [this] {
-        Try([this] { EditDescription(m_document->Document(), m_document->File().Path(), *m_pane); });
-    });
+    const auto add = [this](const ProgramText& text, auto* edit) {
+        m_documentMenu->addAction(Said(text), this, [this, edit] {
+            if (m_pane->EndEdit())
+                Try([&] { edit(m_document->Document(), m_document->File().Path(), *m_pane); });
+        });
+    };
+    add(texts.codes, EditCodes);
+    add(texts.description, EditDescription);
 }
 
 void InspectorWindow::Open(const std::string& path) {
@@ -170,14 +149,15 @@ void InspectorWindow::Open(const std::string& path) {
     m_document = std::move(document);
     if (m_unitOfFile)
         SetAngleUnit(m_document->Document().OwnAngleUnit());
-    m_document->Editing().SetStepsHook([this](bool isChanged) {
-        m_areListsOld = m_areListsOld || isChanged;
+    m_document->Editing().SetStepsHook([this](const DocumentEditing::Changed& changed) {
+        m_areListsOld = m_areListsOld || changed.anything;
+        if (changed.counts)
+            ShowStatus();
         ShowChanges();
     });
     ShowDocument();
     m_pane->Show(*m_document);
-    m_status->setText(StatusText());
-    m_status->setToolTip(m_status->text());
+    ShowStatus();
 }
 
 void InspectorWindow::CloseDocument() {
@@ -189,10 +169,14 @@ void InspectorWindow::CloseDocument() {
 }
 
 bool InspectorWindow::OpenOrWarn(const std::string& path) {
-    return MayLeave() && Try([&] {
-               Open(path);
-               Remember(path);
-           });
+    return MayLeave() && TryToOpen(path);
+}
+
+bool InspectorWindow::TryToOpen(const std::string& path) {
+    return Try([&] {
+        Open(path);
+        Remember(path);
+    });
 }
 
 // After the painting: the settings may be in use elsewhere, and are waited for.
@@ -210,12 +194,10 @@ bool InspectorWindow::MayLeave() {
         return true;
     const ProgramTexts& texts = TheProgramTexts;
     QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                    QString::fromUtf8(texts.unsaved.Utf8()).arg(NameOfFile(*m_document)),
-                    QMessageBox::NoButton, this);
+                    Said(texts.unsaved).arg(NameOfFile(*m_document)), QMessageBox::NoButton, this);
     box.setTextFormat(Qt::PlainText);
-    QPushButton* save = box.addButton(QString::fromUtf8(texts.save.Utf8()), QMessageBox::AcceptRole);
-    QPushButton* discard =
-        box.addButton(QString::fromUtf8(texts.discard.Utf8()), QMessageBox::DestructiveRole);
+    QPushButton* save = box.addButton(Said(texts.save), QMessageBox::AcceptRole);
+    QPushButton* discard = box.addButton(Said(texts.discard), QMessageBox::DestructiveRole);
     box.setEscapeButton(box.addButton(QMessageBox::Cancel));
     box.setDefaultButton(save);
     box.exec();
@@ -238,11 +220,9 @@ bool InspectorWindow::Save() {
 bool InspectorWindow::MayOverwrite() {
     const ProgramTexts& texts = TheProgramTexts;
     QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                    QString::fromUtf8(texts.changedElsewhere.Utf8()).arg(NameOfFile(*m_document)),
-                    QMessageBox::NoButton, this);
+                    Said(texts.changedElsewhere).arg(NameOfFile(*m_document)), QMessageBox::NoButton, this);
     box.setTextFormat(Qt::PlainText);
-    QPushButton* overwrite =
-        box.addButton(QString::fromUtf8(texts.overwrite.Utf8()), QMessageBox::DestructiveRole);
+    QPushButton* overwrite = box.addButton(Said(texts.overwrite), QMessageBox::DestructiveRole);
     QPushButton* cancel = box.addButton(QMessageBox::Cancel);
     box.setEscapeButton(cancel);
     box.setDefaultButton(cancel);
@@ -287,7 +267,7 @@ bool InspectorWindow::Try(const std::function<void()>& action) {
     } catch (const DocumentError& error) {
         failure = QString::fromStdString(error.Utf8Text());
     } catch (const std::exception& error) {
-        failure = QString::fromStdString(platform::ToUtf8(error.what()));
+        failure = Said(error.what());
     }
     if (!failure.isEmpty())
         ShowBox(QMessageBox::Critical, failure);
@@ -310,10 +290,7 @@ void InspectorWindow::ShowDocument() {
     setWindowTitle(m_document ? NameOfFile(*m_document) + QStringLiteral("[*]") : program);
     m_folder = m_document ? QFileInfo(QFile::decodeName(m_document->File().Path().c_str())).absolutePath()
                           : m_folder;
-    if (!m_document) {
-        m_status->clear();
-        m_status->setToolTip({});
-    }
+    ShowStatus();
     ShowChanges();
 }
 
@@ -324,15 +301,20 @@ void InspectorWindow::ShowChanges() {
     m_edit->ShowSteps();
 }
 
+void InspectorWindow::ShowStatus() {
+    m_status->setText(m_document ? StatusText() : QString());
+    m_status->setToolTip(m_status->text());
+}
+
 QString InspectorWindow::StatusText() {
     const ProgramTexts& texts = TheProgramTexts;
     const GridPane::Counts counts = m_pane->Count();
     QString status = CountText(counts.objects, texts.oneObject, texts.objects) + QStringLiteral(", ") +
                      CountText(counts.members, texts.oneMember, texts.members);
     if (m_document->Document().IsReadOnly())
-        status += QStringLiteral(" – ") + QString::fromUtf8(texts.readOnly.Utf8());
+        status += QStringLiteral(" – ") + Said(texts.readOnly);
     for (const std::string& notice : m_document->Document().Notices())
-        status += QStringLiteral(" – ") + QString::fromStdString(platform::ToUtf8(notice));
+        status += QStringLiteral(" – ") + Said(notice);
     return status;
 }
 
@@ -363,6 +345,8 @@ void InspectorWindow::ChooseFile() {
 }
 
 void InspectorWindow::ShowLists() {
+    if (!m_pane->EndEdit())
+        return;
     if (std::exchange(m_areListsOld, false))
         m_lists.reset();
     if (!m_lists) {
@@ -375,13 +359,12 @@ void InspectorWindow::ShowLists() {
     if (m_lists->HasLists())
         m_lists->Show();
     else
-        ShowBox(QMessageBox::Information, QString::fromUtf8(TheProgramTexts.noLists.Utf8()));
+        ShowBox(QMessageBox::Information, Said(TheProgramTexts.noLists));
 }
 
 void InspectorWindow::ShowAbout() {
-    QMessageBox::about(
-        this, QGuiApplication::applicationDisplayName(),
-        QString::fromUtf8(TheProgramTexts.aboutText.Utf8()).arg(QGuiApplication::applicationVersion()));
+    QMessageBox::about(this, QGuiApplication::applicationDisplayName(),
+                       Said(TheProgramTexts.aboutText).arg(QGuiApplication::applicationVersion()));
 }
 
 void InspectorWindow::dragEnterEvent(QDragEnterEvent* event) {

@@ -2,6 +2,7 @@
 
 #include "desktop/edit_menu.h"
 #include "desktop/lists_window.h"
+#include "desktop/recent_menu.h"
 #include "editing/grid_pane.h"
 #include "editing/open_document.h"
 
@@ -47,6 +48,7 @@ private:
     bool Save();
     bool SaveAs();
     bool MayOverwrite();
+    bool TryToOpen(const std::string& path);
     void CloseDocument();
     void Remember(const std::string& path);
     enum class Asking { ToOpen, ToSave };
@@ -58,8 +60,6 @@ private:
     void MakeMenus();
     void MakeFileMenu();
     void MakeDocumentMenu();
-    void ListRecentFiles();
-    void OpenRecent(const std::string& path);
     /// The part of its screen that is free for windows with their frames.
     QRect Room() const;
     void ShowBox(QMessageBox::Icon icon, const QString& text);
@@ -68,6 +68,7 @@ private:
     void ChooseFile();
     void ShowLists();
     void ShowAbout();
+    void ShowStatus();
     QString StatusText();
 
     const ReadingOptions m_options;
@@ -77,7 +78,7 @@ private:
     std::unique_ptr<ListsWindow> m_lists;     // of the open document, made when first asked for
     bool m_areListsOld = false;               // the document was edited since
     std::unique_ptr<EditMenu> m_edit;
-    QMenu* m_recentMenu = nullptr;
+    std::unique_ptr<RecentMenu> m_recent;
     QAction* m_saveAction = nullptr;
     QAction* m_saveAsAction = nullptr;
     QAction* m_closeAction = nullptr;

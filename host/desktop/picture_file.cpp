@@ -36,7 +36,7 @@ QString FreeName(const QString& name) {
 } // namespace
 
 QString SavePicture(QImage image, const QString& name) {
-    const std::string quoted = "'" + name.toStdString() + "'";
+    const std::string quoted = InQuotes(name.toStdString());
     const QByteArray ending = QFileInfo(name).suffix().toLower().toLatin1();
     const QByteArray format = ending.isEmpty() ? QByteArray("png") : ending;
     const QList<QByteArray> formats = QImageWriter::supportedImageFormats();

@@ -31,9 +31,9 @@ void DocumentEditing::Do(const std::function<void()>& change) {
     internal::FirstFailure failure;
     failure.Try(change);
     failure.Try([this] { m_news.Tell(); });
-    const bool isChanged = std::exchange(m_isChanged, false);
+    const Changed changed = {std::exchange(m_isChanged, false), m_news.TakeCountsChanged()};
     if (m_stepsHook)
-        failure.Try([&] { m_stepsHook(isChanged); });
+        failure.Try([&] { m_stepsHook(changed); });
     failure.Rethrow();
 }
 

@@ -46,8 +46,13 @@ public:
     std::optional<ChangedMember> Redo();
     void MarkSaved() { m_stack.MarkClean(); }
 
-    /// Called when a frame has ended, or a step was made, undone or redone; whether that has changed the document.
-    using StepsHook = std::function<void(bool isChanged)>;
+    /// What of the document has changed.
+    struct Changed {
+        bool anything = false;
+        bool counts = false; ///< members have come or gone
+    };
+    /// Called when a frame has ended, or a step was made, undone or redone.
+    using StepsHook = std::function<void(const Changed& changed)>;
     void SetStepsHook(StepsHook hook) { m_stepsHook = std::move(hook); }
 
 private:

@@ -1,12 +1,10 @@
 #include "editing/grid_pane.h"
 
-#include "korvel/platform/code_page.h"
 #include "program/member_path.h"
 #include "texts/program_texts.h"
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <string_view>
 
 namespace korvel::inspector {
@@ -55,16 +53,10 @@ void AttributeGrid::DivideWidth() {
 }
 
 CString AttributeGrid::Absolute(const CString& path) const {
-    constexpr std::string_view FileScheme = "file://";
-    if (path.starts_with(FileScheme))
-        return path.substr(FileScheme.size());
-    if (!m_document || path.empty() || path[0] == '/' || path.find("://") != CString::npos)
-        return path;
-    const std::filesystem::path folder = std::filesystem::absolute(m_document->File().Path()).parent_path();
-    return platform::FromUtf8(folder.string()).text + "/" + path;
+    return m_document ? CString(m_document->FileChooser().Absolute(path)) : path;
 }
 
-GridPane::GridPane() : m_grid(&m_observer, nullptr) {
+GridPane::GridPane() : m_grid(&m_observer, &m_enumerations) {
     CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
     m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
                   FirstPlace, this, GridId);
@@ -74,6 +66,7 @@ GridPane::GridPane() : m_grid(&m_observer, nullptr) {
           EGridOption::WideIntegers})
         m_grid.SetGridOption(option, true);
     m_grid.SetAllowFormats(false);
+    m_grid.SetEnableUserAttributsTyps(~(DT_ColorARGB & ~DT_ColorRGB)); // colors of LandXML are opaque
     m_grid.SetErrorReporter(*this);
 }
 

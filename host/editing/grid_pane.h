@@ -4,6 +4,7 @@
 #include "korvel/grid/editable_grid.h"
 #include "korvel/grid/grid_error_reporter.h"
 #include "korvel/window/core/cwnd.h"
+#include "landxml/landxml_enumerations.h"
 
 #include <functional>
 #include <string>
@@ -95,7 +96,8 @@ private:
     void Report(const std::string& caption, const std::string& message) override;
     void Select(int row);
 
-    EditObserver m_observer; // outlives the grid
+    EditObserver m_observer; // outlives the grid, as the next one
+    LandXmlEnumerations m_enumerations;
     AttributeGrid m_grid;
     OpenDocument* m_document = nullptr;
     std::function<void(const std::string& message)> m_failureHook;

@@ -5,6 +5,8 @@
 #include "korvel/platform/first_failure.h"
 #include "landxml/landxml_document.h"
 
+#include <algorithm>
+
 namespace korvel::inspector {
 
 void MemberNews::Remember(const DocumentChange& change) {
@@ -64,6 +66,10 @@ void MemberNews::TellObject(ElementIndex element, const ObjectState& before) {
         return;
     const ObjectState after = StateOf(m_document, element);
     const PairedStates paired(before, after);
+    const auto isUnpaired = [](const std::vector<std::size_t>& indexes) {
+        return std::find(indexes.begin(), indexes.end(), PairedStates::None) != indexes.end();
+    };
+    m_areCountsChanged |= isUnpaired(paired.newIndex) || isUnpaired(paired.oldIndex);
     const auto tell = [&](const auto& say) { m_observer.Tell(object, say); };
 
     std::vector<NameChange> renames;

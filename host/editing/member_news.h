@@ -28,6 +28,8 @@ public:
     /// Says all that differs from what was remembered, and forgets it. A grid may write meanwhile. An exception
     /// goes on after all has been said.
     void Tell();
+    /// Whether a shown object has got or lost members since the last call.
+    bool TakeCountsChanged() { return std::exchange(m_areCountsChanged, false); }
 
 private:
     void RememberObject(ElementIndex element);
@@ -41,6 +43,7 @@ private:
     EditObserver& m_observer;
     std::map<ElementIndex, ObjectState> m_before;
     std::set<std::pair<ElementIndex, ElementIndex>> m_textElements; // and the elements that show them
+    bool m_areCountsChanged = false;
 };
 
 } // namespace korvel::inspector

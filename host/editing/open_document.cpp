@@ -5,8 +5,19 @@
 
 namespace korvel::inspector {
 
+namespace {
+
+ReadingOptions WithChooser(ReadingOptions options, IFileValue& chooser) {
+    if (!options.fileChooser)
+        options.fileChooser = &chooser;
+    return options;
+}
+
+} // namespace
+
 OpenDocument::OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer)
-    : m_document(path, options), m_editing(m_document, observer), m_file(path, m_document) {
+    : m_chooser(path), m_document(path, WithChooser(options, m_chooser)), m_editing(m_document, observer),
+      m_file(path, m_document) {
     m_document.SetCharacterTest([encoding = m_document.Form().encoding](char32_t character) {
         std::string utf8;
         platform::AppendUtf8(utf8, character);
@@ -24,10 +35,11 @@ void OpenDocument::Save() {
 void OpenDocument::SaveAs(const std::string& path) {
     if (m_document.IsReadOnly()) {
         m_file.CopyTo(path);
-        return;
+    } else {
+        m_file.WriteAs(path, m_document.Tree().EditedSource());
+        m_editing.MarkSaved();
     }
-    m_file.WriteAs(path, m_document.Tree().EditedSource());
-    m_editing.MarkSaved();
+    m_chooser.SetDocument(path);
 }
 
 } // namespace korvel::inspector

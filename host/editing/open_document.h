@@ -2,6 +2,7 @@
 
 #include "editing/document_editing.h"
 #include "editing/document_file.h"
+#include "editing/document_file_chooser.h"
 #include "landxml/landxml_document.h"
 
 #include <string>
@@ -18,12 +19,15 @@ namespace korvel::inspector {
 class OpenDocument {
 public:
     /// `observer` is that of the grids that will show it, and must outlive it; no grid may show it after its end.
-    /// Throws DocumentError.
+    /// File names are chosen from the folder of the file, unless `options` names another chooser. Throws
+    /// DocumentError.
     OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer);
 
     LandXmlDocument& Document() { return m_document; }
     DocumentEditing& Editing() { return m_editing; }
     const DocumentFile& File() const { return m_file; }
+    /// Says what the relative paths in the document mean.
+    const DocumentFileChooser& FileChooser() const { return m_chooser; }
 
     bool HasUnsavedChanges() const { return !m_editing.Steps().IsClean(); }
     /// Both throw DocumentError when the file cannot be written; the changes are unsaved still. The file of a document
@@ -32,6 +36,7 @@ public:
     void SaveAs(const std::string& path);
 
 private:
+    DocumentFileChooser m_chooser;
     LandXmlDocument m_document;
     DocumentEditing m_editing;
     DocumentFile m_file;

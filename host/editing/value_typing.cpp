@@ -6,6 +6,7 @@
 #include "korvel/platform/error.h"
 #include "korvel/values/enum_value.h"
 #include "korvel/window/core/input.h"
+#include "korvel/window/display/headless_display.h"
 #include "landxml/value_reading.h"
 #include "texts/messages.h"
 
@@ -23,6 +24,10 @@ constexpr const char* NoDate = "GDT_NONE";
 
 [[noreturn]] void Refuse(const Message& reason) {
     throw Error(platform::FromUtf8(Say(reason)).text);
+}
+
+std::string Quoted(const std::string& libraryText) {
+    return InQuotes(platform::ToUtf8(libraryText));
 }
 
 void Press(UINT key, const std::string& characters = {}) {
@@ -65,16 +70,25 @@ void ChooseDate(const std::string& text) {
         const TypedValue date = ReadValue({Meaning::Date}, {platform::ToUtf8(text)}, {UnitSet()});
         constexpr std::size_t PlainLength = std::string_view("2026-03-04").size();
         if (date.value.Type != DT_Date || text.size() != PlainLength)
-            Refuse({"%1 is no date, which is written like 2026-03-04", {"'" + platform::ToUtf8(text) + "'"}});
+            Refuse({"%1 is no date, which is written like 2026-03-04", {Quoted(text)}});
         moment = date.value.Value.Double;
     }
     input::Value(OpenCell<CGridCtrlDateTime>().m_hWnd, moment);
     Press(VK_RETURN, "\r");
 }
 
+void ChooseColor(const std::string& text) {
+    const TypedValue color = ReadValue({Meaning::Color}, {platform::ToUtf8(text)}, {UnitSet()});
+    auto* display = dynamic_cast<HeadlessDisplay*>(&Display());
+    if (color.value.Type != DT_ColorRGB || !display)
+        Refuse({"%1 is no color, which is written like 75,75,0", {Quoted(text)}});
+    display->AnswerNextColor(color.value.Value.UInt);
+    Press(VK_F2);
+}
+
 void ToggleTo(const std::string& text, bool isOn) {
     if (text != "true" && text != "false")
-        Refuse({"%1 is neither true nor false", {"'" + platform::ToUtf8(text) + "'"}});
+        Refuse({"%1 is neither true nor false", {Quoted(text)}});
     if (isOn != (text == "true"))
         Press(VK_SPACE, " ");
 }
@@ -93,7 +107,7 @@ std::optional<int> PlaceOfEntry(IEnumValue& entries, const std::string& text) {
 void ChooseEntry(const CVariantValue& value, const std::string& text) {
     const std::optional<int> place = value.EnumValue ? PlaceOfEntry(*value.EnumValue, text) : std::nullopt;
     if (!place)
-        Refuse({"%1 is none of the list", {"'" + platform::ToUtf8(text) + "'"}});
+        Refuse({"%1 is none of the list", {Quoted(text)}});
     input::Key(GetFocus(), WM_SYSKEYDOWN, VK_DOWN, {});
     Press(VK_HOME);
     for (int step = 0; step < *place; ++step)
@@ -123,12 +137,14 @@ void TypeValue(GridPane& pane, const std::string& text) {
         ChooseEntry(before, text);
     else if (before.Type == DT_Date)
         ChooseDate(text);
+    else if (before.Type == DT_ColorRGB)
+        ChooseColor(text);
     else
         TypeText(text);
     if (!failure.empty())
         throw Error(failure);
     if ((before.Type & TypeBitList) && pane.SelectedText() != text)
-        Refuse({"%1 is none of the list", {"'" + platform::ToUtf8(text) + "'"}});
+        Refuse({"%1 is none of the list", {Quoted(text)}});
     CVariantValue after;
     const bool hasNoDate = before.Type == DT_Date && text.empty();
     if (hasNoDate && (!object->GetMember(name, after) || after.Type != DT_Date || after.Text != NoDate))

@@ -15,7 +15,6 @@
 #include "korvel/qt/qt_display.h"
 #include "korvel/values/language.h"
 #include "korvel/window/dialog/dialog_items.h"
-#include "program/file_chooser.h"
 
 #include <QApplication>
 #include <QDir>
@@ -109,10 +108,6 @@ void TakeValues(Photographer& photographer) {
     photographer.TakeDropped("values-list", show, press(ValuesDialog::ListId));
 }
 
-ReadingOptions Reading() {
-    return {StationKind::Automatic, &FileChooser(), {}};
-}
-
 void TakeMenus(Photographer& photographer, QMainWindow& window) {
     const QMenuBar& bar = *window.menuBar();
     for (int i = 0; i < bar.actions().size(); ++i) {
@@ -135,7 +130,7 @@ void TakeLists(Photographer& photographer, const qt::QtDisplay& display, const L
 
 void TakeInspector(Photographer& photographer, const qt::QtDisplay& display, const std::string& file,
                    const LandXmlDocument& document) {
-    InspectorWindow window(Reading(), true);
+    InspectorWindow window(ReadingOptions(), true);
     window.resize(800, 600);
     window.show();
     photographer.TakeWindow("inspector-empty", window);
@@ -153,7 +148,7 @@ void Print(const std::vector<std::string>& lines) {
 
 int TakeAll(const QString& folder, const char* language, const qt::QtDisplay& display,
             const std::string& file) {
-    const LandXmlDocument document(file, Reading());
+    const LandXmlDocument document(file, ReadingOptions());
     bool isFine = true;
     for (const Ground ground : AllGrounds) {
         UseGround(ground);

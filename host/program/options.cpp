@@ -10,10 +10,6 @@
 namespace korvel::inspector {
 namespace {
 
-std::string Quoted(std::string_view text) {
-    return "'" + std::string(text) + "'";
-}
-
 constexpr int LargestSide = 16'384;      // of a picture
 constexpr std::uint32_t MostDigits = 15; // a double holds no more
 
@@ -27,7 +23,7 @@ PictureSize ReadSize(const std::string& text) {
     if (!hasHeight || height.ec != std::errc() || height.ptr != end || !isSide(size.width) ||
         !isSide(size.height))
         throw UsageError(
-            {"--size takes width and height in pixels, 800x600 for example, not %1", {Quoted(text)}});
+            {"--size takes width and height in pixels, 800x600 for example, not %1", {InQuotes(text)}});
     return size;
 }
 
@@ -45,7 +41,7 @@ Value Choose(const char* option, const std::string& text, const Choice<Value> (&
             return choice.value;
         words += (words.empty() ? "" : ", ") + std::string(choice.word);
     }
-    throw UsageError({"%1 takes one of %2, not %3", {option, words, Quoted(text)}});
+    throw UsageError({"%1 takes one of %2, not %3", {option, words, InQuotes(text)}});
 }
 
 void SetList(Options& options, const std::string&) {
@@ -65,7 +61,7 @@ void SetExpandAll(Options& options, const std::string&) {
 }
 void AddSet(Options& options, const std::string& value) {
     if (value.find('=') == std::string::npos || value.front() == '=')
-        throw UsageError({"--set takes the path of a member, '=' and a text, not %1", {Quoted(value)}});
+        throw UsageError({"--set takes the path of a member, '=' and a text, not %1", {InQuotes(value)}});
     options.set.push_back(value);
 }
 void SetSave(Options& options, const std::string& value) {
@@ -95,7 +91,7 @@ std::uint32_t ReadNumber(const char* option, const std::string& text, std::uint3
     const auto read = std::from_chars(text.data(), end, number);
     if (read.ec != std::errc() || read.ptr != end || number > largest)
         throw UsageError(
-            {"%1 takes a number from 0 to %2, not %3", {option, std::to_string(largest), Quoted(text)}});
+            {"%1 takes a number from 0 to %2, not %3", {option, std::to_string(largest), InQuotes(text)}});
     return number;
 }
 void SetDigits(Options& options, const std::string& value) {
@@ -151,7 +147,7 @@ const Option& FindOption(std::string_view name) {
     const auto* found = std::find_if(std::begin(KnownOptions), std::end(KnownOptions),
                                      [&](const Option& option) { return option.name == name; });
     if (found == std::end(KnownOptions))
-        throw UsageError({"there is no option %1", {Quoted(name)}});
+        throw UsageError({"there is no option %1", {InQuotes(name)}});
     return *found;
 }
 
@@ -159,7 +155,7 @@ void SetFile(Options& options, const std::string& file) {
     if (file.empty())
         throw UsageError("the name of the file is empty");
     if (!options.file.empty())
-        throw UsageError({"only one file can be shown, %1 is too many", {Quoted(file)}});
+        throw UsageError({"only one file can be shown, %1 is too many", {InQuotes(file)}});
     options.file = file;
 }
 

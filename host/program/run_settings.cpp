@@ -54,7 +54,7 @@ TakenFormats ApplySettings(const Options& options) {
         [problems](const platform::StoreProblem& problem) { problems->push_back(problem); });
     UseLanguage(options.language);
     if (!platform::UseLocale(options.locale))
-        throw UsageError({"the locale %1 is not known", {"'" + options.locale + "'"}});
+        throw UsageError({"the locale %1 is not known", {InQuotes(options.locale)}});
     platform::UseLocale({}); // what is kept is kept as the user's own locale has it
     const bool showsWindow = !options.list && !options.save && options.screenshot.empty();
     TakenFormats taken = TakeFormats(platform::UserConfigFolder(), options.formats,

@@ -19,8 +19,8 @@ Shows a LandXML file as a tree of objects with typed attributes.
                             list, which has all groups open, only a check that they are there
   --expand-all              open all groups
   --set PATH=TEXT           write a text into the member of that path, as typed into its cell and ended with
-                            Return; can be repeated; dates as 2026-03-04, flags as true or false; a text that is
-                            refused ends the run, and nothing is saved
+                            Return; can be repeated; dates as 2026-03-04, flags as true or false, colors as
+                            75,75,0 (red, green, blue); a text that is refused ends the run, and nothing is saved
   --save [FILE]             write the document back, or into that file: changed values only are written anew
   --encoding NAME           read the file in this encoding, where it declares a wrong one
   --locale NAME             write numbers and dates as in de-DE, en-US, ...
@@ -60,7 +60,8 @@ Zeigt eine LandXML-Datei als Baum von Objekten mit typisierten Attributen.
   --expand-all              alle Gruppen öffnen
   --set PFAD=TEXT           einen Text in das Attribut dieses Pfads schreiben, wie in seine Zelle getippt und mit
                             der Eingabetaste beendet; mehrmals möglich; Daten wie 2026-03-04, ja/nein als true oder
-                            false; ein Text, der abgelehnt wird, beendet den Lauf, und nichts wird gespeichert
+                            false, Farben wie 75,75,0 (Rot, Grün, Blau); ein Text, der abgelehnt wird, beendet den
+                            Lauf, und nichts wird gespeichert
   --save [DATEI]            das Dokument zurückschreiben oder in diese Datei: nur geänderte Werte werden neu
                             geschrieben
   --encoding NAME           die Datei in dieser Kodierung lesen, wenn sie eine falsche angibt

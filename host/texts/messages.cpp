@@ -159,6 +159,7 @@ constexpr Translation Translations[] = {
     {"control characters cannot be typed", "Steuerzeichen lassen sich nicht tippen"},
     {"the value cannot be edited", "der Wert kann nicht bearbeitet werden"},
     {"%1 is no date, which is written like 2026-03-04", "%1 ist kein Datum, wie 2026-03-04 eines ist"},
+    {"%1 is no color, which is written like 75,75,0", "%1 ist keine Farbe, wie 75,75,0 eine ist"},
     {"%1 is neither true nor false", "%1 ist weder true noch false"},
     {"%1 is none of the list", "%1 steht nicht in der Liste"},
     {"%1 is there twice", "%1 ist zweimal angegeben"},

@@ -3,6 +3,7 @@
 #include "korvel/documents/xml_error.h"
 
 #include <string>
+#include <string_view>
 
 namespace korvel::inspector {
 
@@ -13,6 +14,11 @@ using Message = XmlReason;
 ///
 ///     Say({"the element %1 is closed by %2", {"'a'", "'b'"}})   -> "das Element 'a' wird von 'b' geschlossen"
 std::string Say(const Message& message);
+
+/// A piece of a message that was typed, in quotes.
+inline std::string InQuotes(std::string_view utf8) {
+    return "'" + std::string(utf8) + "'";
+}
 
 /// A failure with its place, in UTF-8: "line 3, position 7: a name is expected here".
 std::string SayWithPlace(const XmlError& error);

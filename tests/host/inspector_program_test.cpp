@@ -123,8 +123,8 @@ TEST(InspectorProgram, SetsValuesAsIfTyped) {
     const std::string copy = folder.Path() / "b.xml";
     const auto document = [](const char* length, const char* side, const char* date, const char* isClosed) {
         return std::string("<LandXML date='") + date + "'>\r\n<Units><Metric linearUnit=\"meter\"/></Units>" +
-               "<Zones side='" + side + "' desc='a=b'/><Chain  length = \"" + length + "\" closedArea='" +
-               isClosed + "'/></LandXML>\n";
+               "<Zones side='" + side + "' desc='a=b'/><Material color='1,2,3'/><Chain  length = \"" +
+               length + "\" closedArea='" + isClosed + "'/></LandXML>\n";
     };
     const std::string before = document("1.50", "left", "2020-03-05", "false");
     struct Case {
@@ -144,6 +144,8 @@ TEST(InspectorProgram, SetsValuesAsIfTyped) {
         {"no sum", {"Chain/length=3", "Chain/length=3+"}, ""},
         {"no entry", {"Chain/length=3", "Zones/side=middle"}, ""},
         {"no date", {"date=today"}, ""},
+        {"an equal color", {"Material/color=1,2,3"}, before},
+        {"no color", {"Material/color=red"}, ""},
         {"no flag", {"Chain/closedArea=perhaps"}, ""},
         {"a zone", {"date=2021-01-02Z"}, ""},
         {"a key", {"Zones/desc=a\bb"}, ""},
@@ -164,8 +166,10 @@ TEST(InspectorProgram, SetsValuesAsIfTyped) {
             EXPECT_THAT(outcome.output, StartsWith("inspector: --set"));
         std::filesystem::remove(copy);
     }
-    EXPECT_EQ(RunInspector("--set 'Chain/length=9' --save " + path).status, 0);
-    EXPECT_EQ(platform::ContentOf(path), document("9", "left", "2020-03-05", "false")) << "in its own file";
+    std::string expected = document("9", "left", "2020-03-05", "false");
+    expected.replace(expected.find("1,2,3"), 5, "75,75,0");
+    EXPECT_EQ(RunInspector("--set 'Chain/length=9' --set Material/color=75,75,0 --save " + path).status, 0);
+    EXPECT_EQ(platform::ContentOf(path), expected) << "in its own file";
 }
 
 TEST(InspectorProgram, SetsADamagedSettingsStoreAside) {

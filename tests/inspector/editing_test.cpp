@@ -4,9 +4,11 @@
 #include "support/scratch.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 #include <fstream>
@@ -66,6 +68,7 @@ protected:
         Type(text);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     }
+    QString Status() const { return m_window->statusBar()->findChild<QLabel*>()->text(); }
     QAction& Action(int menu, const char* text) const {
         for (QAction* action : m_window->menuBar()->actions().at(menu)->menu()->actions())
             if (action->text().remove(u'&').startsWith(QLatin1String(text)))
@@ -171,9 +174,11 @@ TEST_F(EditingTest, AttributesComeAndGoByTheEditMenu) {
     EditAction("Delete Attribute").trigger();
     EXPECT_THAT(Content(), testing::HasSubstr("radius")) << "not saved yet";
     EXPECT_EQ(Grid().GetItemCount(), 3);
+    EXPECT_EQ(Status(), QStringLiteral("1 object, 2 members"));
     EXPECT_TRUE(m_window->isWindowModified());
     EditAction("Undo").trigger();
     EXPECT_EQ(Grid().GetItemCount(), 4);
+    EXPECT_EQ(Status(), QStringLiteral("1 object, 3 members"));
     EXPECT_FALSE(m_window->isWindowModified());
 }
 
