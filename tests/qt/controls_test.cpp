@@ -90,8 +90,12 @@ TEST_F(Controls, TheListOfAComboBoxIsQtsAndTellsTheSame) {
             const HWND focus = GetFocus();
             Press(VK_F4);
             ASSERT_TRUE(QTest::qWaitFor([&] { return box.view()->isVisible(); }));
-            for (const Qt::Key key : keys)
+            for (const Qt::Key key : keys) {
+                QKeyEvent toCome(QEvent::ShortcutOverride, key, Qt::NoModifier);
+                QApplication::sendEvent(box.view(), &toCome);
+                EXPECT_TRUE(m_box.GetDroppedState()) << "until the key itself comes";
                 QTest::keyClick(box.view(), key);
+            }
             EXPECT_FALSE(m_box.GetDroppedState());
             QApplication::processEvents();
             EXPECT_EQ(m_frame.Take(), opened(codes));

@@ -113,11 +113,13 @@ bool ComboBoxPeer::OnEvent(QWidget& widget, QEvent& event) {
             Context().focus.ExpectActivation(*m_box.window()); // a popup may have been the active window
             ReportClosing();
         }
-        if (isKey) {
+        if (isKey)
             HandOn(static_cast<QKeyEvent&>(event));
+        // Qt's list would take a choice before the key itself comes, which a dialog around would then act on.
+        const bool isKeyToCome = event.type() == QEvent::ShortcutOverride;
+        if (isKey || isKeyToCome)
             event.accept(); // or Qt would bring it once more, to the window of the list
-        }
-        return isKey;
+        return isKey || isKeyToCome;
     }
     if (isKey && &widget != QApplication::focusWidget()) { // what the field did not want
         event.ignore();
