@@ -42,8 +42,8 @@ EditMenu::EditMenu(QMenuBar& bar, GridPane& pane, std::function<void(const std::
     m_protect = AddCommand(*m_menu, texts.writeProtected, GridCommand::ToggleWriteProtection);
     m_protect->setCheckable(true);
     QObject::connect(
-        m_menu, &QMenu::aboutToShow, m_menu, [this] { EnableFor(m_pane.SelectedRow()); });
-    QObject::connect(m_menu, &QMenu::aboutToHide, m_menu, [this] { EnableFor(Everything); });
+        m_menu, &QMenu::aboutToShow, m_menu, [this] { OnShow(); });
+    QObject::connect(m_menu, &QMenu::aboutToHide, m_menu, [this] { OnHide(); });
     SetDocument(nullptr);
 }
 
@@ -81,6 +81,7 @@ void EditMenu::AddClipboard() {
             m_attempt([&] { m_pane.SendToField(command); });
         });
         action->setShortcut(entry.key);
+        m_clipboard.push_back(action);
     }
 }
 
@@ -97,6 +98,18 @@ void EditMenu::SetDocument(OpenDocument* document) {
     m_document = document;
     EnableFor(Everything);
     ShowSteps();
+}
+
+void EditMenu::OnShow() {
+    EnableFor(m_pane.SelectedRow());
+    for (QAction* action : m_clipboard)
+        action->setEnabled(m_pane.HasField());
+}
+
+void EditMenu::OnHide() {
+    EnableFor(Everything);
+    for (QAction* action : m_clipboard)
+        action->setEnabled(true);
 }
 
 void EditMenu::ShowSteps() {

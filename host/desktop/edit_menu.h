@@ -7,6 +7,7 @@
 
 #include <QMenu>
 #include <functional>
+#include <vector>
 
 class QAction;
 class QMenuBar;
@@ -32,6 +33,8 @@ private:
     void Reveal(const std::optional<ChangedMember>& changed);
     void AddClipboard();
     void AddTypes();
+    void OnShow();
+    void OnHide();
     /// While the menu is shown, what the selected row does not allow is grey; its keys are asked when they come.
     void EnableFor(const RowAbilities& row);
 
@@ -41,6 +44,7 @@ private:
     QMenu* m_menu;
     QAction* m_undo;
     QAction* m_redo;
+    std::vector<QAction*> m_clipboard;
     QAction* m_add;
     QAction* m_remove;
     QAction* m_rename;

@@ -136,9 +136,13 @@ void GridPane::Send(unsigned command) {
     m_grid.SendMessageA(WM_COMMAND, command, 0);
 }
 
+HWND GridPane::Field() const {
+    const HWND focus = korvel::GetFocus();
+    return focus && focus != m_grid.m_hWnd && IsChild(m_grid.m_hWnd, focus) ? focus : nullptr;
+}
+
 void GridPane::SendToField(unsigned command) {
-    const HWND field = korvel::GetFocus();
-    if (field && field != m_grid.m_hWnd && IsChild(m_grid.m_hWnd, field))
+    if (const HWND field = Field())
         korvel::SendMessageA(field, WM_COMMAND, command, 0);
 }
 

@@ -73,7 +73,9 @@ public:
     IMemberDispatch* SelectedObject() const;
     std::string SelectedName() const;
     std::string SelectedText() const;
-    /// A GridCommand for the selected row, or a command of the field that has the focus.
+    /// Whether a field in the grid has the focus.
+    bool HasField() const { return Field() != nullptr; }
+    /// A GridCommand for the selected row, or a command of that field.
     void Send(unsigned command);
     void SendToField(unsigned command);
 
@@ -95,6 +97,7 @@ public:
 private:
     void Report(const std::string& caption, const std::string& message) override;
     void Select(int row);
+    HWND Field() const;
 
     EditObserver m_observer; // outlives the grid, as the next one
     LandXmlEnumerations m_enumerations;

@@ -2,18 +2,26 @@
 
 #include "landxml/enumeration_uses.h"
 
-#include <algorithm>
+#include <string>
+#include <string_view>
 
 namespace korvel::inspector {
 
+namespace {
+
+// "Element@attribute", "attribute" or "Element@", with what the user looks for first.
+std::string NameOf(std::string_view place) {
+    const std::size_t at = place.find('@');
+    const std::string first(place.substr(0, at));
+    const std::string attribute(at == std::string_view::npos ? std::string_view() : place.substr(at + 1));
+    return attribute.empty() ? first : attribute + " (" + first + ")";
+}
+
+} // namespace
+
 LandXmlEnumerations::LandXmlEnumerations() {
-    for (const EnumerationUse& use : EnumerationUses()) {
-        std::string name(use.places.front());
-        std::replace(name.begin(), name.end(), '@', ' ');
-        if (name.ends_with(' '))
-            name.pop_back(); // the text of an element
-        m_enumerations.emplace(name, use.enumeration);
-    }
+    for (const EnumerationUse& use : EnumerationUses())
+        m_enumerations.emplace(NameOf(use.places.front()), use.enumeration);
 }
 
 IEnumValue* LandXmlEnumerations::GetEnumValue(const SEnumPosition& position) {

@@ -1,5 +1,6 @@
 #include "host/edited_document.h"
 #include "korvel/platform/code_page.h"
+#include "landxml/enumeration_uses.h"
 #include "landxml/landxml_enumerations.h"
 #include "support/make_value.h"
 
@@ -132,6 +133,11 @@ TEST_F(MemberWriterTest, AddsRemovesAndRenamesAttributes) {
     LandXmlEnumerations enumerations;
     IEnumValue* sides = enumerations.GetEnumValue({"side"});
     ASSERT_NE(sides, nullptr);
+    std::size_t offered = 0;
+    SEnumPosition position;
+    for (enumerations.GetBegin(position); !position.end; enumerations.GetNext(position))
+        ++offered;
+    EXPECT_EQ(offered, EnumerationUses().size()) << "each under a name of its own";
     CVariantValue side = MakeValue(DT_ListString, "");
     side.EnumValue = sides;
     EXPECT_THROW(line.AddMember("lane", true, side), Error) << "no entry is chosen";
