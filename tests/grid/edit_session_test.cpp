@@ -256,6 +256,9 @@ TEST_F(WaysOut, ARefusedPressDoesNothingElse) {
     EXPECT_EQ(grid.GetNextItem(-1, LVNI_SELECTED), selected);
     EXPECT_EQ(display.ShownBoxes().back().text,
               "invalid input: 'x' can not be converted in data type Double");
+    input::Mouse(grid.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, MiddleOf(Cell("s")));
+    EXPECT_EQ(grid.GetNextItem(-1, LVNI_SELECTED), selected) << "nor does the double click that it begins";
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "x");
     Click("s"); // is the second way out, and a press
     EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "text");
     EXPECT_EQ(TakeBoxes(), 1u);

@@ -2,7 +2,6 @@
 
 #include "korvel/grid/row_checks.h"
 #include "korvel/grid/row_watch.h"
-#include "korvel/window/core/focus.h"
 #include "korvel/window/list/list_mouse.h"
 
 #include <algorithm>
@@ -11,9 +10,8 @@ namespace korvel::internal {
 
 void RowMouse::Press(UINT flags, CPoint point) {
     const bool hadFocus = GetFocus() == m_list.m_hWnd;
-    m_list.SetFocus();
-    if (GetFocus() != m_list.m_hWnd && CanTakeFocus(m_list.m_hWnd))
-        return; // what was being edited was refused: the press was about that
+    if (!BeginPress(m_list.m_hWnd))
+        return;
     LVHITTESTINFO hit;
     hit.pt = point;
     const RowWatch row(m_tree, m_list.SubItemHitTest(&hit));
@@ -39,6 +37,8 @@ void RowMouse::Press(UINT flags, CPoint point) {
 }
 
 void RowMouse::DoubleClick(CPoint point) {
+    if (WasPressRefused(m_list.m_hWnd))
+        return;
     LVHITTESTINFO hit;
     hit.pt = point;
     const RowWatch row(m_tree, m_list.SubItemHitTest(&hit));

@@ -63,11 +63,23 @@ void Press(ListState& list, UINT button, UINT flags, const ListHit& hit, CPoint 
 
 } // namespace
 
+bool BeginPress(HWND window) {
+    SetFocus(window); // ends a label edit
+    const bool isRefused = GetFocus() != window && CanTakeFocus(window);
+    if (const ControlOf<ListState> list(window); list)
+        list->isPressRefused = isRefused;
+    return !isRefused;
+}
+
+bool WasPressRefused(HWND window) {
+    const ControlOf<ListState> list(window);
+    return list && list->isPressRefused;
+}
+
 void PressButton(ListState& list, UINT button, UINT flags, CPoint point) {
     const bool hadFocus = GetFocus() == list.Handle();
-    SetFocus(list.Handle()); // ends a label edit
-    if (GetFocus() != list.Handle() && CanTakeFocus(list.Handle()))
-        return; // what was being edited was refused: the press was about that
+    if (!BeginPress(list.Handle()))
+        return;
     Press(list, button, flags, HitTest(list, point), point);
     if (!hadFocus)
         list.press.editsAtRelease = false;
@@ -79,6 +91,8 @@ void ForgetLabelClick(HWND window) {
 }
 
 void DoubleClick(ListState& list, UINT flags, CPoint point) {
+    if (list.isPressRefused)
+        return;
     const ListHit hit = HitTest(list, point);
     FollowedRow pressed(list, hit.row);
     Press(list, MK_LBUTTON, flags, hit, point);

@@ -5,6 +5,12 @@
 /// Presses, releases and moves of the mouse over the rows.
 namespace korvel::internal {
 
+/// Gives the list the focus, as each press does first. False when what was being edited was refused and has it
+/// still: the press was about that, and does nothing else.
+bool BeginPress(HWND list);
+/// Whether the last press was such a one; a double click that it begins does nothing either.
+bool WasPressRefused(HWND list);
+
 /// `button`: MK_LBUTTON or MK_RBUTTON; `flags`: MK_* as the message carries them.
 void PressButton(ListState& list, UINT button, UINT flags, CPoint point);
 void DoubleClick(ListState& list, UINT flags, CPoint point);

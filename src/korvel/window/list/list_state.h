@@ -92,6 +92,7 @@ public:
     std::unique_ptr<CHeaderCtrl> headerObject; // made when it is first asked for
 
     ListPress press;
+    bool isPressRefused = false; // the last one did not bring the focus
     TypeAhead typeAhead;
     ListLabelEdit labelEdit;
 };
