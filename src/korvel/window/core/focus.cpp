@@ -91,6 +91,11 @@ FocusCause CauseOfFocusMove() {
     return TheCause();
 }
 
+bool ComesFocusBack() {
+    const FocusCause cause = CauseOfFocusMove();
+    return cause != FocusCause::Moved && cause != FocusCause::Hidden;
+}
+
 void MoveFocus(HWND window, FocusOrigin origin, FocusCause cause) {
     Focus& focus = TheFocus();
     if (focus.window == window)

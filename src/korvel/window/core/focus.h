@@ -19,6 +19,8 @@ enum class FocusCause {
 };
 /// Of the innermost move of the focus that is under way: to be asked while a window hears WM_KILLFOCUS.
 FocusCause CauseOfFocusMove();
+/// Whether the window that loses it gets it back: a box, a dialog or another program has it meanwhile.
+bool ComesFocusBack();
 
 /// Moves the focus: display first, then WM_KILLFOCUS, then WM_SETFOCUS; stops when a handler moves it on.
 void MoveFocus(HWND window, FocusOrigin origin, FocusCause cause = FocusCause::Moved);

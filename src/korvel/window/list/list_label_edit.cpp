@@ -1,6 +1,7 @@
 #include "korvel/window/list/list_label_edit.h"
 
 #include "korvel/window/controls/edit_procedure.h"
+#include "korvel/window/core/focus.h"
 #include "korvel/window/display/window_view.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_rows.h"
@@ -12,8 +13,7 @@ namespace {
 
 constexpr int SmallestEdit = 40; // pixels: a label that is cut off can still be edited
 
-// The edit's procedure: Return takes the text, Escape gives it up, and so does whatever takes the focus
-// away. It replaces the procedure alone, so that a host may still attach an object to the edit.
+// It replaces the procedure alone, so that a host may still attach an object to the edit.
 LRESULT LabelEditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const ControlOf<ListState> list(GetParent(window));
     if (list && list->labelEdit.window == window) {
@@ -24,7 +24,7 @@ LRESULT LabelEditProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lPar
             return list->EndLabelEdit(LabelEditEnd::Cancel), 0;
         if (message == WM_GETDLGCODE)
             return DLGC_WANTALLKEYS | DLGC_HASSETSEL;
-        if (message == WM_KILLFOCUS) {
+        if (message == WM_KILLFOCUS && !ComesFocusBack()) {
             const LRESULT result = EditProcedure(window, message, wParam, lParam);
             list->EndLabelEdit(LabelEditEnd::Take);
             return result;
@@ -43,18 +43,19 @@ CRect EditRect(const ListState& list, int row) {
     return rect;
 }
 
-void OfferText(ListState& list, LabelEditEnd end) {
+bool OfferText(ListState& list, LabelEditEnd end) {
     const CString text = GetWindowTextA(list.labelEdit.window);
     const bool taken = end == LabelEditEnd::Take;
     const bool accepted =
         NotifyLabelEdit(list, LVN_ENDLABELEDIT, list.labelEdit.row, taken ? text.c_str() : nullptr) != 0;
     const int row = list.labelEdit.row; // rows may have moved
     if (!taken || !accepted || !list.rows.Has(row))
-        return;
+        return accepted;
     if (list.textSource && !list.rows.At(row).texts)
         RepaintRows(list, row, row + 1); // the source of the text has taken it
     else
         SetText(list, row, 0, text);
+    return true;
 }
 
 void Close(ListState& list) {
@@ -76,14 +77,17 @@ auto ClosedOnThrow(ListState& list, Tell tell) {
     }
 }
 
-void EndLabelEdit(ListState& list, LabelEditEnd end) {
-    if (!list.labelEdit.window || list.labelEdit.isEnding)
-        return;
+bool EndLabelEdit(ListState& list, LabelEditEnd end) {
+    if (!list.labelEdit.window)
+        return true;
+    if (list.labelEdit.isEnding)
+        return false;
     list.labelEdit.isEnding = true;
     if (!list.rows.Has(list.labelEdit.row))
         end = LabelEditEnd::Cancel; // there is nothing left to name
-    ClosedOnThrow(list, [&] { OfferText(list, end); });
+    const bool isAccepted = ClosedOnThrow(list, [&] { return OfferText(list, end); });
     Close(list);
+    return isAccepted;
 }
 
 void FollowRow(ListState& list) {
@@ -95,6 +99,11 @@ void FollowRow(ListState& list) {
 }
 
 } // namespace
+
+bool TakeLabel(HWND window) {
+    const ControlOf<ListState> list(window);
+    return !list || list->EndLabelEdit(LabelEditEnd::Take);
+}
 
 HWND BeginLabelEdit(ListState& list, int row) {
     const auto hasLabel = [&] { return list.rows.Has(row) && list.columns.Count() > 0; };
@@ -122,9 +131,11 @@ HWND BeginLabelEdit(ListState& list, int row) {
         Close(list);
         return nullptr;
     }
-    SendMessageA(edit, EM_SETSEL, 0, -1);
-    ShowWindow(edit, SW_SHOW);
-    SetFocus(edit);
+    ClosedOnThrow(list, [&] {
+        SendMessageA(edit, EM_SETSEL, 0, -1);
+        ShowWindow(edit, SW_SHOW);
+        SetFocus(edit);
+    });
     return list.labelEdit.window;
 }
 

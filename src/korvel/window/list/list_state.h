@@ -38,7 +38,7 @@ struct ListLabelEdit {
     HWND window = nullptr;
     int row = NoRow;
     bool isEnding = false; // the edit loses the focus while it ends
-    void (*end)(ListState&, LabelEditEnd) = nullptr;
+    bool (*end)(ListState&, LabelEditEnd) = nullptr;
     void (*follow)(ListState&) = nullptr; // called after cells have moved
 };
 
@@ -59,12 +59,9 @@ public:
     bool HasStyle(UINT bits) const { return (record.style & bits) != 0; }
     bool HasExtendedStyle(UINT bits) const { return (extendedStyle & bits) != 0; }
 
-    /// Does nothing without an edit. LVN_ENDLABELEDIT is sent while the edit still exists; with a text, a
-    /// return value other than 0 gives it to the row.
-    void EndLabelEdit(LabelEditEnd end) {
-        if (labelEdit.end)
-            labelEdit.end(*this, end);
-    }
+    /// True without an edit. LVN_ENDLABELEDIT is sent while the edit still exists; with a text, a return value
+    /// other than 0 gives it to the row. False when the text was not accepted, and while the edit ends already.
+    bool EndLabelEdit(LabelEditEnd end) { return !labelEdit.end || labelEdit.end(*this, end); }
 
     WindowRecord& record;
     RowBlocks rows;
