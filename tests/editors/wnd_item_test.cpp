@@ -214,6 +214,9 @@ TEST_F(ItemTest, APressChangesWhatNeedsNoEditor) {
     EXPECT_EQ(Heard(), "1 ");
     ClickValue();
     EXPECT_EQ(Heard(), "") << "the same file again";
+    file.chosen = nullptr;
+    ClickValue();
+    EXPECT_EQ(Heard() + item.GetValue().Text, "new.xml") << "no file";
 
     item.SetValue(red);
     display.AnswerNextColor(std::nullopt);

@@ -93,19 +93,22 @@ FormatService FormatServiceOf(const CVariantValue& value) {
     return FormatServiceOf(value.Type);
 }
 
-void UnescapeDashes(const CVariantValue& value, std::string& text) {
-    const bool isTree =
-        value.Type & TypeBitList && value.EnumValue && value.EnumValue->GetEnumFlags() & ENF_Tree;
-    if (!isTree)
-        return;
-    const std::string escaped = std::exchange(text, std::string());
+std::string WithPlainDashes(const std::string& escaped) {
+    std::string text;
     std::size_t from = 0;
     for (std::size_t at = escaped.find("\\-"); at != std::string::npos; at = escaped.find("\\-", from)) {
         text.append(escaped, from, at - from);
         text += '-';
         from = at + 2;
     }
-    text.append(escaped, from, std::string::npos);
+    return text.append(escaped, from, std::string::npos);
+}
+
+void UnescapeDashes(const CVariantValue& value, std::string& text) {
+    const bool isTree =
+        value.Type & TypeBitList && value.EnumValue && value.EnumValue->GetEnumFlags() & ENF_Tree;
+    if (isTree)
+        text = WithPlainDashes(text);
 }
 
 } // namespace korvel::internal

@@ -40,7 +40,9 @@ FormatService FormatServiceOf(EDataTyps type);
 /// For a list that of its entries.
 FormatService FormatServiceOf(const CVariantValue& value);
 
-/// Takes the escapes off the dashes of a list text whose entries are paths.
+/// The text with each "\-" as a dash.
+std::string WithPlainDashes(const std::string& text);
+/// Makes the text of a list whose entries are paths such a one.
 void UnescapeDashes(const CVariantValue& value, std::string& text);
 
 } // namespace korvel::internal

@@ -51,7 +51,7 @@ CComboList::~CComboList() {
 // owner and is destroyed with it.
 bool CComboList::CreateDropDown(CWnd* owner, int id) {
     constexpr UINT Style = WS_POPUP | WS_BORDER | WS_VSCROLL | LVS_OWNERDRAWFIXED | LVS_REPORT;
-    constexpr CRect Unplaced{0, 0, 150, 150}; // larger than its frame, which is measured to place it
+    constexpr CRect Unplaced{0, 0, 100, 100}; // larger than its frame, which is measured to place it
     SetOwner(owner);
     return CreateEx(WS_EX_TOOLWINDOW, "SysListView32", "", Style, Unplaced, owner, id);
 }
@@ -219,21 +219,16 @@ void CComboList::SetCurrentRow(int row) {
 }
 
 void CComboList::OnAddEnumValue(IEnumValue* enumeration, long id) {
-    if (!IsInitialized() || enumeration != GetEnumValue())
-        return;
-    const ComboTree::KeepItems keep(m_parts->model.Tree());
-    const CTreeItem* item = m_parts->model.EntryAdded(id);
-    if (item && item->HasRow())
-        SetCurrentRow(item->GetRow());
+    m_parts->OnEntryAdded(enumeration, id);
 }
 
 void CComboList::OnDestroyEnumValue(IEnumValue* enumeration, long id) {
-    if (IsInitialized() && enumeration == GetEnumValue())
+    if (m_parts->Shows(enumeration))
         m_parts->model.EntryRemoved(id);
 }
 
 void CComboList::OnRenameEnumValue(IEnumValue* enumeration, long id, const CVariantValue&) {
-    if (IsInitialized() && enumeration == GetEnumValue()) {
+    if (m_parts->Shows(enumeration)) {
         ComboNames(m_parts->model).EntryRenamed(id);
         RedrawWindow();
     }

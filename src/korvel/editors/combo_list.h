@@ -63,7 +63,7 @@ public:
     /// below the screen that neither keys nor wheel bring up. Until UnIntialize the height follows the rows;
     /// the current row is visible at first. In a Wayland session, where no window knows its place on the
     /// screen, the list opens below also where the screen ends.
-    void DropBelow(const CRect& field, int highest = 150);
+    void DropBelow(const CRect& field, int highest = HighestDropDown);
     /// The window that SendParentComboMessage sends to; null: the parent window.
     void SetOwner(CWnd* owner);
     HWND GetOwnerWindow() const;

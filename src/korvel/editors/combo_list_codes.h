@@ -6,6 +6,9 @@
 
 namespace korvel {
 
+/// How high a list may drop that its owner does not limit otherwise, in pixels.
+inline constexpr int HighestDropDown = 150;
+
 // What a list reports to its owner (high word of WM_COMMAND's first parameter).
 
 inline constexpr UINT ComboListSetFocus = 3;

@@ -74,6 +74,19 @@ void ComboListParts::Close() {
     failure.Rethrow();
 }
 
+bool ComboListParts::Shows(const IEnumValue* enumeration) const {
+    return model.Binding().IsOpen() && enumeration == model.Binding().Enumeration();
+}
+
+void ComboListParts::OnEntryAdded(const IEnumValue* enumeration, long id) {
+    if (!Shows(enumeration))
+        return;
+    const ComboTree::KeepItems keep(model.Tree());
+    const ComboTreeItem* item = model.EntryAdded(id);
+    if (item && item->HasRow())
+        input.SetCurrentRow(item->GetRow());
+}
+
 void ComboListParts::OnRowsAdded(ComboTree::RowRange rows) {
     std::vector<LPARAM> data;
     for (int row = rows.first; row < rows.first + rows.count; ++row)

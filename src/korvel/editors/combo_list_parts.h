@@ -18,6 +18,10 @@ struct ComboListParts final : ComboRowSink {
     /// Empties the list and forgets what it was about.
     void Close();
 
+    bool Shows(const IEnumValue* enumeration) const;
+    /// The new entry becomes the current row. Nothing for another enumeration.
+    void OnEntryAdded(const IEnumValue* enumeration, long id);
+
     void OnRowsAdded(ComboTree::RowRange rows) override;
     void OnRowsHidden(ComboTree::RowRange rows) override;
     void OnRowsRemoved(ComboTree::RowRange rows) override;
@@ -34,7 +38,7 @@ struct ComboListParts final : ComboRowSink {
     ComboCommands commands;
     std::set<EDataTyps> sinkTypes;
     std::optional<CRect> field; // that the list has dropped below
-    int highest = 150;          // in pixels
+    int highest = HighestDropDown;
     IDateFormatChangedImp<CComboList> dateSink;
     IAngleFormatChangedImp<CComboList> angleSink;
     INumberFormatChangedImp<CComboList> numberSink;

@@ -1,5 +1,6 @@
 #include "korvel/editors/dice.h"
 
+#include <ctime>
 #include <random>
 
 namespace korvel::internal {
@@ -15,6 +16,13 @@ std::uint32_t RollDice(std::uint32_t seed) {
         if (static_cast<std::uint32_t>(product) >= Surplus)
             return static_cast<std::uint32_t>(product >> 32) + 1;
     }
+}
+
+std::optional<CVariantValue> Roll(const CVariantValue& value) {
+    CVariantValue rolled = value;
+    rolled.Type = DT_RandomUInt; // kept: also for a value that was signed
+    rolled.Value.UInt = RollDice(static_cast<std::uint32_t>(std::time(nullptr)));
+    return rolled.Value.UInt == value.Value.UInt ? std::nullopt : std::optional(rolled);
 }
 
 } // namespace korvel::internal

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "korvel/values/variant_value.h"
+
 #include <cstdint>
+#include <optional>
 
 namespace korvel::internal {
 
@@ -8,5 +11,8 @@ namespace korvel::internal {
 ///
 ///     RollDice(5489);   // 81
 std::uint32_t RollDice(std::uint32_t seed);
+
+/// The random number that the present second gives; none when it is that of the value.
+std::optional<CVariantValue> Roll(const CVariantValue& value);
 
 } // namespace korvel::internal

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "korvel/editors/combo_list_codes.h"
+
 namespace korvel::internal {
 
 /// What the height of a list that drops down follows from, in pixels.
@@ -8,7 +10,7 @@ struct DropDownContent {
     int rowHeight = 0;
     int frame = 0; ///< what border and header take
     int room = 0;  ///< below the field
-    int highest = 150;
+    int highest = HighestDropDown;
 };
 
 /// Whole rows: as many as the highest list and the room hold, but three at least, and never more than there are. A

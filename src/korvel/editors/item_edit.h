@@ -12,9 +12,6 @@ namespace korvel::internal {
 /// dialog over `parent`. None when the user cancels, when nothing changes, and for every other value.
 std::optional<CVariantValue> EditAtOnce(const CVariantValue& value, CWnd* parent);
 
-/// The random number that the present second gives; none when it is that of the value.
-std::optional<CVariantValue> Roll(const CVariantValue& value);
-
 /// Ends the field's edit of a value of this type. What is refused without a text leaves it as Text 45 with the
 /// typed text; what the field throws with a text leaves it as it is.
 void EndField(CGridCtrlEdit& field, EDataTyps type);

@@ -2,6 +2,7 @@
 
 #include "korvel/editors/angle_unit.h"
 #include "korvel/editors/dialog_around.h"
+#include "korvel/editors/dice.h"
 #include "korvel/editors/item_cell.h"
 #include "korvel/editors/item_edit.h"
 #include "korvel/editors/item_keys.h"
