@@ -169,7 +169,7 @@ TEST_F(ComboWriteBackTest, WhatTheObjectDoesMeanwhile) {
     EXPECT_EQ(binding.Value().Text, ",1,");
     object.correction = "!";
     object.inside = [&] { binding.Close(), writeBack.Forget(); };
-    EXPECT_EQ(Write(&object), "set ,1, changed m ,1, ") << "an object that is no longer bound is not read";
+    EXPECT_EQ(Write(&object), "set ,1, ") << "an object that is no longer bound is neither told of nor read";
     EXPECT_EQ(binding.Value().Text, ",1,"); // that of another binding by now
 }
 

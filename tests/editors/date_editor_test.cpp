@@ -183,9 +183,11 @@ TEST_F(DateEditorTest, AHostMayDoAnythingWhileItIsWritten) {
     for (const auto& [border, act] :
          Table<std::function<void()>>{{"end it again", [&] { EXPECT_TRUE(picker.End()); }},
                                       {"take the focus away", [&] { SetFocus(parent.m_hWnd); }},
+                                      {"drop the edit", [&] { picker.Drop(); }},
                                       {"begin another edit", [&] { picker.Start(&object, "other"); }},
                                       {"destroy the window", [&] { picker.DestroyWindow(); }}}) {
         for (const std::string when : {"set built", "change built"}) {
+            const bool isTold = when == "change built" || !std::string(border).ends_with("edit");
             Make(DTS_SHOWNONE);
             Start(MakeDate("GDT_VALID", 44000));
             picker.SetFocus();
@@ -196,7 +198,8 @@ TEST_F(DateEditorTest, AHostMayDoAnythingWhileItIsWritten) {
             };
             EXPECT_TRUE(picker.End()) << border;
             log.onNote = nullptr;
-            EXPECT_EQ(log.Take(), "set built, change built") << border << " at " << when;
+            EXPECT_EQ(log.Take(), isTold ? "set built, change built" : "set built")
+                << border << " at " << when;
             EXPECT_EQ(Stored(), MakeDate("GDT_VALID", 44365)) << border;
         }
     }
@@ -215,6 +218,22 @@ TEST_F(DateEditorTest, TheParentIsToldOnceThatTheFocusHasGone) {
     picker.SendMessageA(WM_KILLFOCUS);
     EXPECT_EQ(parent.Take(), Codes{});
     EXPECT_EQ(picker.SendMessageA(WM_GETDLGCODE) & 5, 5);
+}
+
+TEST_F(DateEditorTest, EscapeClosesTheCalendarAndThenGivesTheEditUpWhereItIsToldTo) {
+    GridOptions options;
+    options.Set(EGridOption::EscapeCancels, true);
+    picker.SetOptions(options);
+    Start(MakeDate("GDT_VALID", 44000));
+    picker.SetFocus();
+    Press(VK_UP);
+    Press(VK_F4);
+    Press(VK_ESCAPE);
+    EXPECT_EQ(GetFocus(), picker.m_hWnd);
+    Press(VK_ESCAPE);
+    EXPECT_EQ(GetFocus(), parent.m_hWnd);
+    EXPECT_TRUE(picker.End());
+    EXPECT_EQ(log.Take(), "");
 }
 
 } // namespace

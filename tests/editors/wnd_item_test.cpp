@@ -265,7 +265,9 @@ TEST_F(ItemTest, AListDropsAndKeepsTheFocusOnTheItem) {
     EXPECT_FALSE(item.IsDropped());
     EXPECT_EQ(Heard(), "7 8 ");
 
-    ClickValue();
+    SetFocus(Other());
+    item.DropDown();
+    EXPECT_EQ(GetFocus(), item.m_hWnd) << "which gets the keys for the list";
     input::Mouse(item.m_List.m_hWnd, WM_MOUSEMOVE, 0, {5, 25});
     input::Mouse(item.m_List.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {5, 25});
     EXPECT_FALSE(item.IsDropped());
@@ -393,6 +395,29 @@ TEST_F(ItemTest, ADateShowsItsPickerUntilThatLosesTheFocus) {
     item.EnableWindow(false);
     item.SetValue(MakeDate("GDT_VALID", 44000));
     EXPECT_FALSE(item.m_DateTime.IsWindowVisible()) << "it cannot be used";
+
+    item.EnableWindow(true);
+    item.UnsubclassWindow();
+    Item late;
+    late.SetValue(MakeDate("GDT_VALID", 44000));
+    late.SubclassDlgItem(12, &dialog);
+    EXPECT_TRUE(late.m_DateTime.IsWindowVisible()) << "which was set before there was a window";
+}
+
+TEST_F(ItemTest, EscapeGivesUpADateThatWasWrittenWhileItChanged) {
+    GridOptions options;
+    options.Set(EGridOption::EscapeCancels, true);
+    item.SetOptions(options);
+    item.SetValue(MakeDate("GDT_VALID", 44000.25));
+    item.m_DateTime.SetFormat("yyyy-MM-dd");
+    item.SetFocus();
+    Press(VK_UP);
+    EXPECT_EQ(item.GetValue(), MakeDate("GDT_VALID", 44365.25));
+    Press(VK_ESCAPE);
+    EXPECT_EQ(item.GetValue(), MakeDate("GDT_VALID", 44000.25));
+    EXPECT_EQ(Member(), item.GetValue());
+    EXPECT_EQ(GetFocus(), item.m_hWnd);
+    EXPECT_FALSE(item.m_DateTime.IsWindowVisible());
 }
 
 TEST_F(ItemTest, ItLooksLikeACell) {

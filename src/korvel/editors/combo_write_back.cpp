@@ -27,10 +27,12 @@ bool ComboWriteBack::WriteTo(IMemberDispatch& object, const std::string& name, I
     const LossWatch bound = m_binding.Watch();
     const CVariantValue written = m_binding.Value();
     const bool isTaken = object.SetMember(name, written);
+    if (!bound)
+        return isTaken; // the object need not live any longer
     if (observer)
         observer->OnChange(&object, nullptr, name, written);
     if (!bound)
-        return isTaken; // the object need not live any longer
+        return isTaken;
     CVariantValue now = written;
     object.GetMember(name, now);
     if (!bound)

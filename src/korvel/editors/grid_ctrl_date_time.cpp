@@ -101,8 +101,9 @@ bool CGridCtrlDateTime::End() {
     }
     if (!disp->SetMember(name, value))
         return false;
-    if (bound)
-        m_unchanged = choice;
+    if (!bound)
+        return true; // the object need not live any longer
+    m_unchanged = choice;
     if (m_pObserver)
         m_pObserver->OnChange(disp, nullptr, name, value);
     return true;
@@ -113,6 +114,8 @@ LRESULT CGridCtrlDateTime::WindowProc(UINT message, WPARAM wParam, LPARAM lParam
     case WM_KEYDOWN:
         if ((wParam != VK_RETURN && wParam != VK_ESCAPE) || view::Date(m_hWnd).isDropped)
             break;
+        if (wParam == VK_ESCAPE && m_options.Has(EGridOption::EscapeCancels))
+            Drop(); // the parent hears of the focus, and finds no edit
         korvel::SetFocus(korvel::GetParent(m_hWnd));
         return 0;
     case WM_GETDLGCODE:

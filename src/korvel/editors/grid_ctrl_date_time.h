@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/editors/grid_option.h"
 #include "korvel/values/observer_grid.h"
 #include "korvel/window/controls/date_time_ctrl.h"
 
@@ -19,7 +20,8 @@ inline constexpr UINT GridDateChanged = 0xFD09;
 ///     date.End();                   // SetMember and OnChange with the 5th
 ///
 /// When it loses the focus it sends its parent EN_KILLFOCUS, once; the calendar that it drops down takes none.
-/// Return and Escape close the calendar, and give the focus to the parent where it is not open.
+/// Return and Escape close the calendar, and give the focus to the parent where it is not open. Under EscapeCancels,
+/// Escape then drops the edit before; the parent puts back what it has let the picker write meanwhile.
 ///
 /// A picker that the user leaves as it was writes back what the object holds, bit for bit: also a date with
 /// fractions of a second, in years before 1601, and a state that is neither "GDT_VALID" nor "GDT_NONE". A member
@@ -30,12 +32,15 @@ public:
     /// `observer` may be null, and must outlive the picker.
     explicit CGridCtrlDateTime(IObserverGrid* observer = nullptr) : m_pObserver(observer) {}
 
+    void SetOptions(GridOptions options) { m_options = options; }
+
     /// Shows the member. The object must live until another Start or Drop. A member of another type, or
     /// that the object does not know, leaves the picker as it is. What the object throws passes through.
     void Start(IMemberDispatch* disp, const std::string& name);
     /// Writes the date back: SetMember, then OnChange of the observer. False, and nothing told, when the object
     /// refuses it; the picker then keeps it, as it does after an exception, which passes through. True also where
-    /// there is nothing to write: no object, no longer a date, from within End.
+    /// there is nothing to write: no object, no longer a date, from within End. An edit that the object ends is told
+    /// to nobody.
     bool End();
     /// Forgets the member; nothing is written.
     void Drop();
@@ -61,6 +66,7 @@ private:
     void OnKillFocus(HWND taker);
 
     IObserverGrid* const m_pObserver;
+    GridOptions m_options;
     Choice m_unchanged;      // what the picker shows while the user has changed nothing
     unsigned m_bindings = 0; // counts Start and Drop
     bool m_isInEnd = false;

@@ -36,6 +36,7 @@ public:
     /// Of an arrow.
     enum State : std::uint32_t { Hot = 1, Pressed = 2 };
 
+    void* m_pTheme = nullptr;         ///< kept for hosts that name it: the displays draw the arrows
     std::uintptr_t m_nTimer = 0;      ///< 0 while hidden
     CGridCtrlEdit* m_pEdit = nullptr; ///< what is stepped; may be null, must outlive the button
     std::uint32_t m_UpState = 0;      ///< bits of State of the upper or left arrow

@@ -15,7 +15,7 @@ enum class EGridOption : std::uint32_t {
     /// back to opens with the nearest one.
     ExactEditText = 0x2,
 
-    /// Escape leaves a text field or drop-down list without writing. Off, it ends the edit as Return does.
+    /// Escape leaves a text field, date or drop-down list without writing. Off, it ends the edit as Return does.
     EscapeCancels = 0x4,
 
     /// A red frame marks the cell of a text that was refused, as long as that is in its field. On or off, the

@@ -5,11 +5,10 @@
 #include "korvel/editors/dice.h"
 #include "korvel/editors/item_cell.h"
 #include "korvel/editors/item_edit.h"
-#include "korvel/editors/item_keys.h"
+#include "korvel/editors/item_keyboard.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/base/loss_watch.h"
 #include "korvel/window/core/focus.h"
-#include "korvel/window/core/input.h"
 #include "korvel/window/core/thread_queue.h"
 #include "korvel/window/display/window_view.h"
 
@@ -59,6 +58,7 @@ void CWndItem::SetValue(const CVariantValue& value) {
 void CWndItem::SetOptions(GridOptions options) {
     m_options = options;
     m_Edit.SetOptions(options);
+    m_DateTime.SetOptions(options);
     Invalidate();
 }
 
@@ -104,10 +104,15 @@ void CWndItem::Place() {
         m_pActive->MoveWindow(m_pActive == &m_Edit ? m_rcText : GetClientRect(), false);
 }
 
+void CWndItem::PassFontOn(CWnd& editor) const {
+    editor.SendMessageA(WM_SETFONT, reinterpret_cast<WPARAM>(m_pFont));
+}
+
 void CWndItem::StartText() {
     Synchronize();
     if (!m_Edit.m_hWnd)
         m_Edit.Create(EditStyle, {}, this, EditId);
+    PassFontOn(m_Edit);
     m_Edit.Start(&m_Dispatch, MemberName);
     ShowEditor(m_Edit);
 }
@@ -119,6 +124,8 @@ void CWndItem::StartDate() {
         return;
     if (!m_DateTime.m_hWnd)
         m_DateTime.Create(DateStyle, {}, this, DateId);
+    PassFontOn(m_DateTime);
+    m_valueBefore = m_Value;
     m_DateTime.Start(&m_Dispatch, MemberName);
     ShowEditor(m_DateTime);
 }
@@ -138,6 +145,10 @@ void CWndItem::EndText() {
 void CWndItem::EndDate() {
     if (m_pActive != &m_DateTime)
         return;
+    if (!m_DateTime.m_pDisp) { // given up
+        m_Value = m_valueBefore;
+        return Synchronize();
+    }
     m_DateTime.End();
     m_Dispatch.GetMember(MemberName, m_Value);
     if (GetFocus() != m_DateTime.m_hWnd)
@@ -174,12 +185,15 @@ void CWndItem::DropDown() {
     if (!same || !m_hWnd || !m_List.IsInitialized())
         return;
     m_isDropped = true;
-    m_valueAtDrop = m_Value;
+    m_valueBefore = m_Value;
     m_List.DropBelow(GetWindowRect(), HighestList);
     m_List.SetWindowPos(HWND_TOPMOST, {}, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     m_List.ShowWindow(SW_SHOWNA);
-    m_hook.HookWindow(TopLevelAround(m_hWnd));
     SendParentComboMessage(CBN_DROPDOWN);
+    if (m_isDropped)
+        SetFocus(); // and hands the keys to the list
+    if (m_isDropped)
+        m_hook.HookWindow(TopLevelAround(m_hWnd));
 }
 
 void CWndItem::CloseUp() {
@@ -259,56 +273,13 @@ void CWndItem::ChangeAtOnce() {
         Change(*edited);
 }
 
-bool CWndItem::HandleKey(const MSG& message) {
-    switch (ItemKeyOf(message, ItemEditorOf(m_Value))) {
-    case ItemKey::Edit:
-        Edit();
-        return true;
-    case ItemKey::Type: {
-        const CString characters = input::CurrentKey()->characters;
-        Edit();
-        if (m_pActive == &m_Edit)
-            m_Edit.ReplaceSel(characters);
-        return true;
-    }
-    default:
-        return false;
-    }
-}
-
-void CWndItem::HandleListKey(const MSG& message) {
-    switch (ItemListKeyOf(message)) {
-    case ItemListKey::PassOn:
-        m_List.SendMessageA(message.message, message.wParam, message.lParam);
-        break;
-    case ItemListKey::Ignore:
-        break;
-    case ItemListKey::Cancel:
-        if (m_options.Has(EGridOption::EscapeCancels))
-            m_Value = m_valueAtDrop;
-        [[fallthrough]];
-    case ItemListKey::Take:
-        CloseUp();
-        Synchronize();
-        break;
-    case ItemListKey::Leave:
-        CloseUp();
-        LeaveByTab(m_hWnd, message);
-        break;
-    }
-}
-
 bool CWndItem::PreTranslateMessage(MSG& message) {
-    const bool isKey = message.message >= WM_KEYDOWN && message.message <= WM_KEYLAST;
-    if (m_isDropped && message.message == WM_MOUSEWHEEL)
-        return m_List.SendMessageA(message.message, message.wParam, message.lParam), true;
-    if (m_isDropped && isKey)
-        return HandleListKey(message), true;
-    if (ItemKeyOf(message, ItemEditor::None) == ItemKey::Leave && message.hwnd != m_hWnd)
-        return LeaveByTab(m_hWnd, message), true;
-    if (message.hwnd == m_hWnd && HandleKey(message))
-        return true;
-    return CWnd::PreTranslateMessage(message);
+    return ItemKeyboard(*this).Translate(message) || CWnd::PreTranslateMessage(message);
+}
+
+void CWndItem::PreSubclassWindow() {
+    m_pFont = reinterpret_cast<CFont*>(SendMessageA(WM_GETFONT));
+    StartDate();
 }
 
 LRESULT CWndItem::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -330,17 +301,16 @@ LRESULT CWndItem::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         break;
     }
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
-    FollowWindow(message, wParam, lParam);
+    FollowWindow(message, wParam);
     return result;
 }
 
-void CWndItem::FollowWindow(UINT message, WPARAM wParam, LPARAM lParam) {
+void CWndItem::FollowWindow(UINT message, WPARAM wParam) {
     switch (message) {
-    case WM_CREATE:
-        StartDate();
-        break;
     case WM_SETFONT:
-        m_Edit.SendMessageA(WM_SETFONT, wParam, lParam);
+        m_pFont = reinterpret_cast<CFont*>(wParam);
+        PassFontOn(m_Edit);
+        PassFontOn(m_DateTime);
         [[fallthrough]];
     case WM_SIZE:
         Place();
@@ -366,14 +336,13 @@ void CWndItem::FollowWindow(UINT message, WPARAM wParam, LPARAM lParam) {
 // A box, a dialog and another program give the focus back. What is hidden or destroyed with a refused text has
 // nobody to correct it.
 void CWndItem::OnEditorLeft() {
-    const FocusCause cause = CauseOfFocusMove();
-    if (cause != FocusCause::Moved && cause != FocusCause::Hidden)
+    if (ComesFocusBack())
         return;
     EndDate();
     try {
         EndText();
     } catch (const std::exception&) {
-        if (cause == FocusCause::Moved)
+        if (CauseOfFocusMove() == FocusCause::Moved)
             throw;
         Drop();
     }

@@ -8,9 +8,12 @@
 
 namespace korvel {
 
+class CFont; // of the host
+
 namespace internal {
+class ItemKeyboard;
 struct ItemCell;
-}
+} // namespace internal
 
 /// One value of any type in a dialog: it looks like the cell of a grid, and a press opens what edits it.
 ///
@@ -29,6 +32,8 @@ struct ItemCell;
 /// but for texts; F4 and Alt+Down drop a list or show the picker; what is typed begins a text. Tab goes to
 /// the next control of the dialog. A date shows its picker at first, and as a text after the picker has lost
 /// the focus.
+///
+/// Under EscapeCancels, Escape gives up what is being edited.
 ///
 /// The parent hears CBN_SELCHANGE when a press has changed the value at once, CBN_DROPDOWN and CBN_CLOSEUP, as
 /// SendParentComboMessage sends them. A text that is no such value leaves the field by an exception when the
@@ -63,10 +68,12 @@ public:
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     bool PreTranslateMessage(MSG& message) override;
+    void PreSubclassWindow() override;
 
 protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
 
+    CFont* m_pFont = nullptr; ///< of WM_SETFONT; lent, and passed on to the editors
     CVariantValue m_Value;
     CGridCtrlEdit m_Edit{nullptr};
     CComboList m_List{eDropDown};
@@ -77,11 +84,14 @@ protected:
     TMemberDispatchImp<CWndItem> m_Dispatch{"t"};
 
 private:
+    friend class internal::ItemKeyboard;
+
     internal::ItemCell Cell() const;
     void Synchronize();
     void ShowEditor(CWnd& editor);
     void HideEditor();
     void Place();
+    void PassFontOn(CWnd& editor) const;
     void StartText();
     void StartDate();
     void EndText();
@@ -94,13 +104,11 @@ private:
     void PressButton();
     void Edit();
     void ChangeAtOnce();
-    bool HandleKey(const MSG& message);
-    void HandleListKey(const MSG& message);
-    void FollowWindow(UINT message, WPARAM wParam, LPARAM lParam);
+    void FollowWindow(UINT message, WPARAM wParam);
 
     CComboListHook<CWndItem> m_hook{this, &CWndItem::CloseUp};
     GridOptions m_options;
-    CVariantValue m_valueAtDrop;
+    CVariantValue m_valueBefore; // what Escape puts back, of a list or date
     bool m_isDropped = false;
     unsigned m_values = 0; // counts those that were set
 };
