@@ -2,12 +2,11 @@
 
 #include "korvel/editors/angle_unit.h"
 #include "korvel/editors/choose_color.h"
+#include "korvel/editors/choose_file.h"
 #include "korvel/editors/dice.h"
 #include "korvel/values/enum_value.h"
 #include "korvel/values/file_value.h"
 #include "korvel/values/group_presentation.h"
-
-#include <ctime>
 
 namespace korvel::internal {
 
@@ -16,11 +15,10 @@ void CellActions::Do(CellAction action, IMemberDispatch* disp, const std::string
     case CellAction::ToggleFlag:
         return ToggleFlag(disp, name);
     case CellAction::ChooseColor:
-        return ChooseColor(disp, name);
+    case CellAction::BrowseFile:
+        return Choose(action, disp, name);
     case CellAction::ChangeAngleUnit:
         return ChangeAngleUnit(disp, name);
-    case CellAction::BrowseFile:
-        return BrowseFile(disp, name);
     case CellAction::OpenFile:
         return OpenFile(disp, name);
     case CellAction::PressButton:
@@ -42,12 +40,14 @@ void CellActions::ToggleFlag(IMemberDispatch* disp, const std::string& name) {
     m_commit.Write(disp, name, value);
 }
 
-void CellActions::ChooseColor(IMemberDispatch* disp, const std::string& name) {
+void CellActions::Choose(CellAction action, IMemberDispatch* disp, const std::string& name) {
     CVariantValue old;
     if (!m_commit.Read(disp, name, old))
         return;
     std::optional<CVariantValue> chosen;
-    m_commit.RunOutside([&] { chosen = internal::ChooseColor(old, &m_grid); });
+    m_commit.RunOutside([&] {
+        chosen = action == CellAction::BrowseFile ? ChooseFile(old, &m_grid) : ChooseColor(old, &m_grid);
+    });
     if (chosen)
         WriteIfNew(disp, name, old, *chosen);
 }
@@ -79,16 +79,6 @@ bool CellActions::CanTypePath(IMemberDispatch* disp, const std::string& name) co
     return canType && m_commit.IsShown(disp, name);
 }
 
-void CellActions::BrowseFile(IMemberDispatch* disp, const std::string& name) {
-    CVariantValue old;
-    if (!m_commit.Read(disp, name, old) || !old.EnumContext)
-        return;
-    CVariantValue value = old;
-    value.Type = DT_FileName;
-    if (m_commit.RunOutside([&] { value.Text = old.EnumContext->Choose(old.Text.c_str(), &m_grid); }))
-        WriteIfNew(disp, name, old, value);
-}
-
 void CellActions::OpenFile(IMemberDispatch* disp, const std::string& name) {
     CVariantValue value;
     if (m_commit.Read(disp, name, value))
@@ -111,11 +101,8 @@ void CellActions::RollDice(IMemberDispatch* disp, const std::string& name) {
     CVariantValue old;
     if (!m_commit.Read(disp, name, old))
         return;
-    CVariantValue value = old;
-    value.Type = DT_RandomUInt; // kept: whichever of the two the member has
-    value.Value.UInt = internal::RollDice(static_cast<std::uint32_t>(std::time(nullptr)));
-    if (value.Value.UInt != old.Value.UInt)
-        m_commit.Write(disp, name, value);
+    if (const auto rolled = Roll(old))
+        m_commit.Write(disp, name, *rolled);
 }
 
 } // namespace korvel::internal

@@ -19,9 +19,8 @@ public:
 
 private:
     void ToggleFlag(IMemberDispatch* disp, const std::string& name);
-    void ChooseColor(IMemberDispatch* disp, const std::string& name);
+    void Choose(CellAction action, IMemberDispatch* disp, const std::string& name);
     void ChangeAngleUnit(IMemberDispatch* disp, const std::string& name);
-    void BrowseFile(IMemberDispatch* disp, const std::string& name);
     void OpenFile(IMemberDispatch* disp, const std::string& name);
     void PressButton(IMemberDispatch* disp, const std::string& name);
     void PressGroup(IMemberDispatch* disp, const std::string& name);
