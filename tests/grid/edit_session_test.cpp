@@ -1,3 +1,4 @@
+#include "korvel/grid/grid_error_reporter.h"
 #include "korvel/output/angles.h"
 #include "korvel/platform/error.h"
 #include "korvel/window/core/focus.h"
@@ -123,6 +124,22 @@ TEST_F(EditTest, WhatAnObjectRefusesIsRolledBackAndOnlyTheFieldTellsIt) {
             grid.CtrlEnd(); // the second way out
             ExpectUsable();
         }
+}
+
+TEST_F(EditTest, EscapeGivesUpADateWhereTheGridSaysSo) {
+    root.With("date", MakeDate("GDT_VALID", 44000.5));
+    grid.Initialize(&root, "Name", "Value", 0);
+    for (const bool cancels : {true, false}) {
+        SCOPED_TRACE(cancels);
+        grid.SetGridOption(EGridOption::EscapeCancels, cancels);
+        Click("date");
+        grid.m_DateTime.SetTime({2026, 3, 0, 4});
+        parent.Take();
+        Press(VK_ESCAPE, "\x1B");
+        EXPECT_EQ(parent.Take(), cancels ? "" : "[Member edited set date=46085  changed date=46085 ]");
+        EXPECT_EQ(GetFocus(), grid.m_hWnd);
+        ExpectUsable();
+    }
 }
 
 TEST_F(EditTest, AChoiceThatTheObjectRefusesIsRolledBack) {
@@ -262,6 +279,52 @@ TEST_F(WaysOut, ARefusedPressDoesNothingElse) {
     Click("s"); // is the second way out, and a press
     EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "text");
     EXPECT_EQ(TakeBoxes(), 1u);
+}
+
+TEST_F(WaysOut, AReporterThatThrowsLosesNoText) {
+    struct Reporter : IGridErrorReporter {
+        void Report(const std::string&, const std::string&) override { throw Error("of the reporter"); }
+    } reporter;
+    Renew();
+    grid.m_pErrorReporter = &reporter;
+    Type("7+");
+    EXPECT_THROW(grid.CtrlEnd(), Error);
+    EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd);
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "7+");
+    grid.CtrlEnd(); // the second way out
+    ExpectUsable();
+    grid.m_pErrorReporter = nullptr;
+}
+
+TEST_F(WaysOut, ACollapsedGroupOpensAgainAroundARefusedText) {
+    HostObject inner("inner"), outer("outer");
+    inner.With("deep", Number(DT_Double, 1));
+    outer.With("inner", Group(&inner));
+    root.With("outer", Group(&outer));
+    grid.Initialize(&root, "Name", "Value", 0);
+    for (const auto& [text, isOpen] : {std::pair("7", false), {"7+", true}}) {
+        SCOPED_TRACE(text);
+        grid.ExpandAll();
+        const CRect cell = grid.GetSubItemRect(grid.RowOfNode(grid.LookupTreeItem(&inner, "deep")), 1);
+        ClickAt({cell.left + 2, MiddleOf(cell).y});
+        Type(text);
+        display.AnswerNext(IDOK);
+        grid.CollapseAll();
+        EXPECT_EQ(TakeBoxes(), isOpen ? 1u : 0u);
+        EXPECT_EQ(IsFieldOpen(), isOpen);
+        EXPECT_EQ(grid.RowOfNode(grid.LookupTreeItem(&inner, "deep")) >= 0, isOpen);
+        CVariantValue value;
+        inner.GetMember("deep", value);
+        EXPECT_EQ(value.Value.Double, 7);
+        if (isOpen) {
+            EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd);
+            EXPECT_EQ(view::Rectangle(grid.m_Edit.m_hWnd).top, cell.top + 1);
+        }
+        grid.CtrlEnd();
+        ExpectUsable();
+    }
+    grid.Clear();
+    root.LetGo();
 }
 
 TEST_F(WaysOut, APressOutsideCountsOnceWithTheCommandThatItBrings) {

@@ -73,6 +73,7 @@ struct OpenedGrid : CEditableGrid {
     using CEditableGrid::m_DateTime;
     using CEditableGrid::m_Edit;
     using CEditableGrid::m_HoverTimer;
+    using CEditableGrid::m_pErrorReporter;
     using CEditableGrid::m_Spin;
 };
 

@@ -22,6 +22,13 @@ bool IsMouseDown() {
     return IsKeyDown(VK_LBUTTON) || IsKeyDown(RightButton);
 }
 
+grid::CTreeItem* OutermostClosedGroup(const grid::CTreeItem& node) {
+    grid::CTreeItem* closed = nullptr;
+    for (grid::CTreeItem* group = node.parent(); group; group = group->parent())
+        closed = group->collapsed() ? group : closed;
+    return closed;
+}
+
 std::string WhatOf(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
@@ -71,6 +78,10 @@ void EditSession::Begin(const CRect& field, IMemberDispatch* disp, const std::st
     m_grid.SetCellsMovedHook([this] { FollowCell(); });
 }
 
+void EditSession::TakeFont(CWnd& control) const {
+    control.SendMessageA(WM_SETFONT, static_cast<WPARAM>(m_grid.SendMessageA(WM_GETFONT)));
+}
+
 void EditSession::Activate(CWnd& control) {
     control.EnableWindow(true);
     control.ShowWindow(SW_SHOW);
@@ -81,6 +92,7 @@ void EditSession::Activate(CWnd& control) {
 void EditSession::StartText(const CRect& field, IMemberDispatch* disp, const std::string& name) {
     CGridCtrlEdit& text = m_controls.text;
     text.MoveWindow(field, false);
+    TakeFont(text);
     text.SetOptions(m_members.Options());
     m_commit.RunOutside([&] { text.Start(disp, name); });
     if (!text.m_pDisp || !m_commit.IsShown(disp, name))
@@ -100,6 +112,8 @@ void EditSession::ShowSpin(const CRect& spin, IMemberDispatch* disp, const std::
 void EditSession::StartDate(const CRect& field, IMemberDispatch* disp, const std::string& name) {
     CGridCtrlDateTime& date = m_controls.date;
     date.MoveWindow(field, false);
+    TakeFont(date);
+    date.SetOptions(m_members.Options());
     m_commit.RunOutside([&] { date.Start(disp, name); });
     if (!date.m_pDisp || !m_commit.IsShown(disp, name))
         return Drop();
@@ -130,7 +144,7 @@ bool EditSession::EndAll(WayOut way) {
     bool isEnded = false;
     FirstFailure failure;
     failure.Try([&] { m_dropDown.End(DropDownSession::Choice::Taken, way == WayOut::User); });
-    failure.Try([&] { isEnded = EndText(way); });
+    failure.Try([&] { isEnded = EndText(way, failure); });
     failure.Try([&] { EndDate(way); });
     if (isEnded)
         failure.Try([&] { Close(); });
@@ -152,15 +166,16 @@ void EditSession::CancelList() {
     failure.Rethrow();
 }
 
-// True: nothing is open any more.
-bool EditSession::EndText(WayOut way) {
+// True: nothing is open any more, or is to be. A user who cannot be told of a refusal keeps the text all the same.
+bool EditSession::EndText(WayOut way, FirstFailure& failure) {
     CGridCtrlEdit& text = m_controls.text;
     if (!text.m_pDisp)
         return true;
     const CString typed = text.GetWindowTextA();
     if (m_refused == typed)
         return true; // has been told, and is dropped
-    const bool isWritten = IsTextWritten(way);
+    bool isWritten = false;
+    failure.Try([&] { isWritten = IsTextWritten(way); });
     if (!text.m_pDisp)
         return true; // also when the host has dropped it meanwhile
     if (isWritten)
@@ -183,20 +198,28 @@ bool EditSession::IsTextWritten(WayOut way) {
             }
             return true;
         },
-        [&](const std::string& own) {
-            const bool isShown = own.empty() && m_commit.IsShown(disp, text.m_strName);
-            return RefusalText(own, typed, isShown ? ReadMemberType(*disp, text.m_strName) : DT_Void);
-        });
+        [&](const std::string& own) { return ExplainRefusal(own, typed, disp); });
+}
+
+// The object is asked for the type only where the refusal says nothing by itself.
+std::string EditSession::ExplainRefusal(const std::string& own, const CString& typed,
+                                        IMemberDispatch* disp) const {
+    const std::string name = m_controls.text.m_strName;
+    const bool asksType = own.empty() && disp && m_commit.IsShown(disp, name);
+    return RefusalText(own, typed, asksType ? ReadMemberType(*disp, name) : DT_Void);
 }
 
 // The user goes on in the field. False: its row is not there any more.
 bool EditSession::KeepRefused(const CString& text) {
+    OpenGroupsAround();
     const int row = EditedRow();
     if (row < 0)
         return false;
     m_refused = text;
     m_grid.RedrawRow(row);
     m_grid.EnsureVisible(row, false);
+    if (!m_member)
+        return false; // whoever was painted or scrolled has ended it
     if (const auto cell = SeenCell(m_grid, row, m_member->column))
         PlaceOver(*cell);
     m_controls.text.SetFocus();
@@ -295,18 +318,31 @@ void EditSession::OnRenamed(IMemberDispatch* disp, const std::string& name, cons
 }
 
 void EditSession::OnStepFailed(const std::exception_ptr& failure) {
-    const CGridCtrlEdit& text = m_controls.text;
-    const std::string own = WhatOf(failure);
-    const bool asksType = own.empty() && text.m_pDisp && m_commit.IsShown(text.m_pDisp, text.m_strName);
-    m_commit.Tell(RefusalText(own, text.GetWindowTextA(),
-                              asksType ? ReadMemberType(*text.m_pDisp, text.m_strName) : DT_Void));
+    CGridCtrlEdit& text = m_controls.text;
+    m_commit.Tell(ExplainRefusal(WhatOf(failure), text.GetWindowTextA(), text.m_pDisp));
     if (text.m_pDisp)
-        m_controls.text.SetFocus();
+        text.SetFocus();
+}
+
+const grid::CTreeItem* EditSession::EditedNode() const {
+    return m_member ? m_members.FindRow(m_member->disp, m_member->name) : nullptr;
 }
 
 // -1 while it has none.
 int EditSession::EditedRow() const {
-    return m_member ? m_grid.RowOfNode(m_members.FindRow(m_member->disp, m_member->name)) : -1;
+    return m_grid.RowOfNode(EditedNode());
+}
+
+// From the outermost on. Whoever hears of a row may close a group again: then it stays so.
+void EditSession::OpenGroupsAround() {
+    const auto* node = EditedNode();
+    for (int depth = node ? node->indent() : 0; depth > 1 && node && EditedRow() < 0; --depth) {
+        grid::CTreeItem* closed = OutermostClosedGroup(*node);
+        if (!closed)
+            return;
+        m_grid.ExpandNode(closed, m_grid.RowOfNode(closed));
+        node = EditedNode();
+    }
 }
 
 void EditSession::PlaceOver(const CRect& cell) {
@@ -319,14 +355,14 @@ void EditSession::PlaceOver(const CRect& cell) {
 }
 
 void EditSession::FollowCell() {
-    const auto* node = m_member ? m_members.FindRow(m_member->disp, m_member->name) : nullptr;
-    const int row = EditedRow();
-    if (!node || (row >= 0 && m_grid.NodeAtRow(row) != node))
+    const auto* node = EditedNode();
+    const int row = m_grid.RowOfNode(node);
+    if (!node || (row < 0 ? !OutermostClosedGroup(*node) : m_grid.NodeAtRow(row) != node))
         return; // the rows are being changed
     if (const auto cell = SeenCell(m_grid, row, m_member->column))
         PlaceOver(*cell);
     else
-        End(row < 0 ? WayOut::Gone : WayOut::User);
+        End(WayOut::User);
 }
 
 } // namespace korvel::internal

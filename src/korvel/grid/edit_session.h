@@ -10,11 +10,13 @@
 
 namespace korvel::internal {
 
+class FirstFailure;
+
 /// What is being edited in a grid, and how it ends. One control is open at most: the text field, with a spin button
 /// beside it for a range, the date picker, or the list.
 ///
 /// A text that is refused stays in its field, which gets the focus back, until it is typed anew or a second way out
-/// closes the field without it.
+/// closes the field without it. Its row comes back into view where it was scrolled or collapsed out of it.
 class EditSession {
 public:
     struct Controls {
@@ -82,15 +84,19 @@ private:
 
     bool IsEdited(IMemberDispatch* disp, const std::string& name) const;
     void Begin(const CRect& field, IMemberDispatch* disp, const std::string& name);
+    void TakeFont(CWnd& control) const;
     void Activate(CWnd& control);
     bool EndAll(WayOut way);
-    bool EndText(WayOut way);
+    bool EndText(WayOut way, FirstFailure& failure);
     bool IsTextWritten(WayOut way);
+    std::string ExplainRefusal(const std::string& own, const CString& typed, IMemberDispatch* disp) const;
     bool KeepRefused(const CString& text);
     void EndDate(WayOut way);
     void Close();
     void CloseControl(CWnd& control);
+    const grid::CTreeItem* EditedNode() const;
     int EditedRow() const;
+    void OpenGroupsAround();
     void FollowCell();
     void PlaceOver(const CRect& cell);
 
