@@ -193,6 +193,48 @@ TEST_F(MemberOperationsTest, TheLabelIsEditedAndEscapeGivesItUp) {
     EXPECT_EQ(Rows(grid)[1], " x [m]|1,50");
 }
 
+TEST_F(MemberOperationsTest, EachWayOutTakesDropsOrKeepsTheNameThatIsTyped) {
+    constexpr const char* Renamed = "[Member renamedrenaming? x>east rename x>east ]renamed x>east get east ";
+    const auto end = [this](bool isTaken) {
+        return [=, this] {
+            EXPECT_EQ(grid.EndEdit(), isTaken);
+            EXPECT_TRUE(grid.EndEdit()) << "nothing is open any more";
+        };
+    };
+    for (const auto& [border, typed, leave, calls, isOpen] :
+         Table<const char*, std::function<void()>, const char*, bool>{
+             {"a command", "east", end(true), Renamed, false},
+             {"a command, refused", "y", end(false), "[Member renamedrenaming? x>y rename x>y ]!", false},
+             {"another window", "east", [this] { parent.SetFocus(); }, Renamed, false},
+             {"another program", "east", [] { input::ProgramLeft(); }, "", true},
+             {"a dialog", "east", [this] { parent.EnableWindow(false); }, "", true},
+             {"a box", "east", [this] { MessageBoxA(parent.m_hWnd, "of the host", "", MB_OK); }, "", true},
+             {"hidden", "east", [this] { grid.ShowWindow(SW_HIDE); }, "", false},
+             {"its parent hidden", "east", [this] { parent.ShowWindow(SW_HIDE); }, "", false},
+             {"the end of the binding", "east", [this] { grid.Clear(); }, "", false},
+             {"the end of the window", "east", [this] { grid.DestroyWindow(); }, "", false}}) {
+        SCOPED_TRACE(border);
+        HostObject object("object");
+        object.With("x", Number(DT_Double, 1.5)).With("y", Flag(true));
+        object.memberFlags = MF_Rename;
+        grid.Initialize(&object, "Name", "Value", 0);
+        Select(grid, 0);
+        Run(GridCommand::RenameMember);
+        SetWindowTextA(grid.GetEditControl(), typed);
+        object.calls = observer.calls = &parent.log;
+        parent.Take();
+        display.AnswerNext(IDOK);
+        leave();
+        EXPECT_EQ(parent.Take(), calls);
+        EXPECT_EQ(grid.GetEditControl() != nullptr, isOpen);
+        grid.CancelEditLabel();
+        parent.EnableWindow(true);
+        parent.ShowWindow(SW_SHOW);
+        grid.ShowWindow(SW_SHOW);
+        grid.Clear();
+    }
+}
+
 TEST_F(MemberOperationsTest, ASlowSecondClickOnTheNameOfTheSelectedRowEditsIt) {
     Bind();
     CEdit other;

@@ -2,7 +2,7 @@
 
 #include "korvel/editors/cell_geometry.h"
 #include "korvel/grid/cell_actions.h"
-#include "korvel/grid/edit_keys.h"
+#include "korvel/grid/cell_keyboard.h"
 #include "korvel/grid/edit_session.h"
 #include "korvel/grid/hover_timer.h"
 #include "korvel/grid/member_reads.h"
@@ -11,8 +11,7 @@
 #include "korvel/window/app/app.h"
 #include "korvel/window/dialog/dialog_focus.h"
 #include "korvel/window/dialog/dialog_state.h"
-
-#include <algorithm>
+#include "korvel/window/list/list_label_edit.h"
 
 namespace korvel {
 
@@ -26,6 +25,9 @@ constexpr int ArrowId = 107;
 constexpr int FieldId = 108;
 constexpr int DateId = 109;
 constexpr int SpinId = 15046;
+
+constexpr UINT BS_NOTIFY = 0x4000; // kept, although buttons say nothing of the focus
+constexpr UINT ArrowStyle = WS_CHILD | WS_TABSTOP | BS_NOTIFY | BS_OWNERDRAW;
 
 bool IsKey(UINT message) {
     return message >= WM_KEYDOWN && message <= WM_KEYLAST;
@@ -89,12 +91,12 @@ bool CellEditGrid::CreateListBox() {
 
 bool CellEditGrid::CreateButton() {
     return m_ComboEdit.Create(WS_CHILD | WS_TABSTOP | ES_READONLY | WS_DISABLED, {}, this, FieldId) &&
-           m_ComboButton.Create("", WS_CHILD | WS_TABSTOP | BS_OWNERDRAW | WS_DISABLED, {}, this, ArrowId);
+           m_ComboButton.Create("", ArrowStyle | WS_DISABLED, {}, this, ArrowId);
 }
 
 bool CellEditGrid::EndEdit() {
     const ModuleStateGuard guard;
-    return m_parts->session.EndByCommand();
+    return m_parts->session.EndByCommand() && TakeLabel(m_hWnd);
 }
 
 bool CellEditGrid::IsCellMarked(int row, int column) const {
@@ -115,6 +117,7 @@ void CellEditGrid::CtrlClear() {
     FirstFailure failure;
     failure.Try([&] { m_parts->session.End(EditSession::WayOut::Gone); });
     failure.Try([&] { m_parts->session.Drop(); }); // from within a commit nothing has ended
+    failure.Try([&] { CancelEditLabel(); });
     failure.Rethrow();
 }
 
@@ -168,10 +171,12 @@ void CellEditGrid::OnEdit(CItemInfo*, int row, int column, CPoint point, IMember
         return isFiled ? members.FindRow(disp, name) == node
                        : NodeAtRow(row) == node && members.FindRow(disp, name);
     };
-    if (!m_parts->session.End(EditSession::WayOut::User) || !node || column <= 0 || !isThere())
+    if (!m_parts->session.End(EditSession::WayOut::User) || !node || !isThere())
         return;
     CellClick click;
     click.isEditable = ReadMemberEditable(*disp, name);
+    if (column <= 0)
+        return; // a name
     click.type = isThere() ? ReadMemberType(*disp, name) : DT_Void;
     if (!isThere() || !node->info)
         return;
@@ -232,10 +237,9 @@ void CellEditGrid::HideTree() {
 }
 
 void CellEditGrid::CalculateDroppedRect(CRect& rect) const {
-    constexpr int Height = 150;
     rect = m_parts->dropDown.FieldOnScreen();
     rect.top = rect.bottom;
-    rect.bottom += Height;
+    rect.bottom += HighestDropDown;
 }
 
 void CellEditGrid::OnComboListSelOK() {
@@ -276,8 +280,10 @@ LRESULT CellEditGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         message == WM_KILLFOCUS && (!m_ActiveControl || reinterpret_cast<HWND>(wParam) != m_ActiveControl);
     FirstFailure failure;
     LRESULT result = 0;
-    if (message == WM_SHOWWINDOW && !wParam)
+    if (message == WM_SHOWWINDOW && !wParam) {
         failure.Try([&] { m_parts->session.End(EditSession::WayOut::Gone); });
+        failure.Try([&] { CancelEditLabel(); });
+    }
     failure.Try([&] { result = CSuperGridCtrl::WindowProc(message, wParam, lParam); });
     if (message == WM_CREATE)
         failure.Try([&] { CreateControls(); });
@@ -294,7 +300,7 @@ LRESULT CellEditGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 bool CellEditGrid::PreTranslateMessage(MSG& message) {
     if (message.message != WM_MOUSEMOVE)
         m_parts->session.OnInput();
-    if (IsPressOnCombo(message)) {
+    if (m_parts->dropDown.IsPressOnField(message)) {
         CtrlEnd();
         return true;
     }
@@ -305,30 +311,12 @@ bool CellEditGrid::PreTranslateMessage(MSG& message) {
     return CSuperGridCtrl::PreTranslateMessage(message);
 }
 
-// Field and arrow go with the end of the edit: they must not get the press, which would leave them the capture.
-bool CellEditGrid::IsPressOnCombo(const MSG& message) const {
-    const bool isPress = message.message == WM_LBUTTONDOWN || message.message == WM_LBUTTONDBLCLK;
-    return isPress && (message.hwnd == m_ComboEdit.m_hWnd || message.hwnd == m_ComboButton.m_hWnd);
-}
-
 // The list has no focus: what is meant for it comes to the grid.
 bool CellEditGrid::TranslateDropped(const MSG& message) {
-    if (IsKey(message.message)) {
-        if (OnKeyDropdownActive(message.message, static_cast<UINT>(message.wParam)))
-            m_ComboList.SendMessageA(message.message, message.wParam, message.lParam);
-        return true;
-    }
-    if (message.message == WM_MOUSEWHEEL) {
+    if (!IsKey(message.message))
+        return m_parts->dropDown.TakeMouse(message);
+    if (OnKeyDropdownActive(message.message, static_cast<UINT>(message.wParam)))
         m_ComboList.SendMessageA(message.message, message.wParam, message.lParam);
-        return true;
-    }
-    if (message.message != WM_LBUTTONDOWN)
-        return false;
-    const CPoint point = ClientToScreen(message.hwnd, PointOf(message.lParam));
-    if (!m_ComboList.GetWindowRect().PtInRect(point))
-        return false;
-    const CPoint inList = ScreenToClient(m_ComboList.m_hWnd, point);
-    m_ComboList.SendMessageA(message.message, message.wParam, MAKELPARAM(inList.x, inList.y));
     return true;
 }
 
@@ -336,7 +324,8 @@ bool CellEditGrid::TranslateDropped(const MSG& message) {
 bool CellEditGrid::TranslateKey(const MSG& message) {
     const HWND focus = GetFocus();
     const bool isOwn = message.hwnd == m_hWnd && focus == m_hWnd;
-    if (isOwn && m_parts->members.Options().Has(EGridOption::KeyboardEditing) && PressEditKey(message))
+    const bool mayEdit = isOwn && m_parts->members.Options().Has(EGridOption::KeyboardEditing);
+    if (mayEdit && CellKeyboard(*this, m_parts->members, m_parts->actions).Press(message))
         return true;
     if (message.hwnd == m_DateTime.m_hWnd && message.wParam != VK_TAB)
         return false; // its keys for the calendar are those that the grid keeps for a list
@@ -344,55 +333,6 @@ bool CellEditGrid::TranslateKey(const MSG& message) {
     // Tab has done what it does, also where a refused text brought the focus back: a native field must not leave
     // by it once more.
     return IsTab(message.message, message.wParam) || !passesOn || GetFocus() != focus;
-}
-
-bool CellEditGrid::PressEditKey(const MSG& message) {
-    const CTreeItem* node = GetSelectedNode();
-    if (!node || !node->info)
-        return false;
-    const bool isAtCell = m_parts->members.RowsAreObjects() && currentColumn > 0;
-    const bool isGroup = node->CanExpand() && !isAtCell;
-    const KeyMeaning meaning = MeaningOf(message, {isGroup, node->collapsed()});
-    switch (meaning.kind) {
-    case KeyMeaning::Kind::Cell:
-        return PressInCell(meaning.cell, *node);
-    case KeyMeaning::Kind::Sign: {
-        NMLVKEYDOWN notice;
-        notice.wVKey = static_cast<decltype(notice.wVKey)>(meaning.sign);
-        NotifyParent(m_hWnd, LVN_KEYDOWN, notice.hdr);
-        return true;
-    }
-    default:
-        return false;
-    }
-}
-
-// As a click at the place that stands for the key, so that derived grids decide about both alike.
-bool CellEditGrid::PressInCell(CellKey key, const CTreeItem& node) {
-    const EditedMembers& members = m_parts->members;
-    IMemberDispatch* disp = members.ObjectOf(node);
-    const int column = members.RowsAreObjects() ? std::max(currentColumn, 1) : 1;
-    const std::string name = members.MemberOf(node, column);
-    if (!disp)
-        return false;
-    const EDataTyps type = ReadMemberType(*disp, name);
-    const bool asksPath = key == CellKey::Open && type == DT_FileName && members.FindRow(disp, name) == &node;
-    const bool canTypePath = asksPath && m_parts->actions.CanTypePath(disp, name);
-    const int row = members.FindRow(disp, name) == &node ? RowOfNode(&node) : -1;
-    const auto point = PointOfKey(key, type, canTypePath, GetSubItemRect(row, column));
-    if (row < 0 || !point)
-        return false;
-    EnsureVisible(row, false);
-    currentColumn = column;
-    ShowColumn(column);
-    RedrawRow(row);
-    LVHITTESTINFO hit;
-    hit.pt = *PointOfKey(key, type, canTypePath, GetSubItemRect(row, column)); // it may have been scrolled
-    hit.flags = LVHT_ONITEMLABEL;
-    hit.iItem = row;
-    hit.iSubItem = column;
-    OnControlLButtonDown(0, hit.pt, hit);
-    return true;
 }
 
 int CellEditGrid::OnKeyDropdownActive(UINT message, UINT key) {

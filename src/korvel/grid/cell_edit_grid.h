@@ -19,19 +19,18 @@ namespace korvel {
 namespace internal {
 class EditedMembers;
 class WriteFrame;
-enum class CellKey;
 struct EditDecision;
 } // namespace internal
 
 /// The editing of cells in a CEditableGrid, from which grids derive: what a click in a cell means, the controls that
 /// open over it, and how an edit ends.
 ///
-///     grid.EndEdit();   // before what is shown is saved, undone or closed: false when a text is refused and stays
+///     grid.EndEdit();   // before what is shown is saved, undone or closed: false when a text or name is refused
 ///
 /// One control is open at most. It ends, and its value is written, when the focus leaves it, when its row is scrolled
 /// out of sight or its column is dragged, and when the grid is cleared, hidden or destroyed; it moves with its row
 /// otherwise. A text that is refused stays in the field, which gets the focus back; a second way out with the same
-/// text closes the field without it. Leaving the program, boxes and dialogs end no text and no date. A member that the
+/// text closes the field without it. Leaving the program, boxes and dialogs end no text, date or name. A member that the
 /// host removes or gives another type while it is edited drops the edit; a renamed one takes it along.
 ///
 /// The controls are made with the window, hidden and disabled, and live as long as it.
@@ -39,11 +38,12 @@ class KORVEL_API CellEditGrid : public CSuperGridCtrl {
 public:
     ~CellEditGrid() override;
 
-    /// Writes and closes what is being edited. False when it was refused and stays open, and from within a commit:
-    /// the caller then leaves everything as it is.
+    /// Writes and closes what is being edited, a cell or the name of a row. False when it was refused (a cell then
+    /// stays open, a name is what it was), and from within a commit: the caller leaves everything as it is.
     bool EndEdit();
+    /// Whether a cell is being edited.
     bool IsEditing() const;
-    /// The same for callers that do not ask how it went.
+    /// Writes and closes the cell that is being edited.
     void CtrlEnd();
     void CtrlDateEnd() { CtrlEnd(); }
 
@@ -84,7 +84,8 @@ protected:
     /// A press in a cell, with the member that it shows; also a key that stands for one. Does what the press means.
     virtual void OnEdit(CItemInfo* info, int row, int column, CPoint point, IMemberDispatch* disp,
                         const CString& name);
-    /// Called before the rows go: writes what is being edited, without a box, and drops what is refused.
+    /// Called before the rows go: writes the cell that is being edited, without a box, and drops what is refused, and
+    /// a name that is being typed.
     virtual void CtrlClear();
 
     // What OnEdit opens. Rectangles are the grid's, in client coordinates.
@@ -94,7 +95,7 @@ protected:
     void ShowTree(CRect place, IMemberDispatch* disp, const std::string& name);
     void DisplayTree(IMemberDispatch* disp, const std::string& name);
     void HideTree();
-    /// Where the list drops: below field and arrow, 150 pixels high, on the screen. The list then takes whole rows.
+    /// Where the list drops: below field and arrow, as high as it may be, on the screen. It then takes whole rows.
     void CalculateDroppedRect(CRect& rect) const;
     void OnComboListSelOK();
     bool CreateEdit();
@@ -132,11 +133,8 @@ private:
 
     void CreateControls();
     void Carry(const internal::EditDecision& decision, IMemberDispatch* disp, const CString& name);
-    bool IsPressOnCombo(const MSG& message) const;
     bool TranslateDropped(const MSG& message);
     bool TranslateKey(const MSG& message);
-    bool PressEditKey(const MSG& message);
-    bool PressInCell(internal::CellKey key, const CTreeItem& node);
     bool PressTab();
 
     std::unique_ptr<Parts> m_parts;

@@ -1,5 +1,6 @@
 #include "korvel/grid/drop_down_session.h"
 
+#include "korvel/editors/cell_conversion.h"
 #include "korvel/editors/cell_geometry.h"
 #include "korvel/grid/grid_drop_down_notice.h"
 #include "korvel/platform/first_failure.h"
@@ -10,21 +11,26 @@
 
 namespace korvel::internal {
 
-namespace {
-
-// Names of entries have their dashes escaped where dashes separate them.
-CString WithoutEscapes(const CString& escaped) {
-    CString text;
-    for (std::size_t at = 0; at < escaped.size(); ++at)
-        if (escaped[at] != '\\' || at + 1 == escaped.size() || escaped[at + 1] != '-')
-            text += escaped[at];
-    return text;
-}
-
-} // namespace
-
 bool DropDownSession::IsOpen() const {
     return IsDropped() || m_controls.field.IsWindowVisible();
+}
+
+bool DropDownSession::IsPressOnField(const MSG& message) const {
+    const bool isPress = message.message == WM_LBUTTONDOWN || message.message == WM_LBUTTONDBLCLK;
+    return isPress && (message.hwnd == m_controls.field.m_hWnd || message.hwnd == m_controls.arrow.m_hWnd);
+}
+
+bool DropDownSession::TakeMouse(const MSG& message) {
+    CComboList& list = m_controls.list;
+    if (message.message == WM_MOUSEWHEEL)
+        return list.SendMessageA(message.message, message.wParam, message.lParam), true;
+    if (message.message != WM_LBUTTONDOWN)
+        return false;
+    const CPoint point = ClientToScreen(message.hwnd, PointOf(message.lParam));
+    if (!list.GetWindowRect().PtInRect(point))
+        return false;
+    const CPoint inList = ScreenToClient(list.m_hWnd, point);
+    return list.SendMessageA(message.message, message.wParam, MAKELPARAM(inList.x, inList.y)), true;
 }
 
 void DropDownSession::Place(const CRect& cell) {
@@ -38,6 +44,7 @@ void DropDownSession::Place(const CRect& cell) {
 }
 
 void DropDownSession::ShowField() {
+    m_controls.field.SendMessageA(WM_SETFONT, static_cast<WPARAM>(m_grid.SendMessageA(WM_GETFONT)));
     m_controls.field.SetWindowTextA("");
     m_controls.field.EnableWindow(true);
     m_controls.field.ShowWindow(SW_SHOW);
@@ -72,7 +79,7 @@ void DropDownSession::Drop(const CRect& place, IMemberDispatch* disp, const std:
     const CString text = value.ToText();
     NotifyDropped(text);
     if (IsDropped())
-        m_controls.field.SetWindowTextA(WithoutEscapes(text));
+        ShowInField(text);
 }
 
 void DropDownSession::NotifyDropped(const CString& text) const {
@@ -81,8 +88,13 @@ void DropDownSession::NotifyDropped(const CString& text) const {
     NotifyParent(m_grid.m_hWnd, GridDropDownCode, notice.hdr);
 }
 
+// Names of entries have their dashes escaped where dashes separate them.
+void DropDownSession::ShowInField(const CString& text) {
+    m_controls.field.SetWindowTextA(WithPlainDashes(text));
+}
+
 void DropDownSession::ShowText() {
-    m_controls.field.SetWindowTextA(WithoutEscapes(m_controls.list.GetValue().ToText()));
+    ShowInField(m_controls.list.GetValue().ToText());
     m_controls.field.RedrawWindow();
 }
 

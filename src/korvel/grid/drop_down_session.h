@@ -30,6 +30,10 @@ public:
     /// Puts field and arrow over a cell, and a dropped list below them.
     void Place(const CRect& cell);
     void ShowField();
+    /// Field and arrow go with the end of the edit: they must not get the press, which would leave them the capture.
+    bool IsPressOnField(const MSG& message) const;
+    /// The wheel, and a press over a dropped list, which are the list's wherever they come. True: it has them.
+    bool TakeMouse(const MSG& message);
     /// What the list is to lie below, on the screen.
     CRect FieldOnScreen() const;
     /// Shows the list from the top edge of `place` (screen) down. Nothing for a member that cannot be read.
@@ -44,6 +48,7 @@ public:
     void OnRenamed(const std::string& name);
 
 private:
+    void ShowInField(const CString& text);
     void NotifyDropped(const CString& text) const;
 
     CWnd& m_grid;

@@ -4,10 +4,10 @@
 #include "korvel/grid/chosen_member.h"
 #include "korvel/grid/editable_grid_binding.h"
 #include "korvel/grid/history_step.h"
-#include "korvel/grid/member_reads.h"
 #include "korvel/grid/path_opening.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
+#include "korvel/window/core/focus.h"
 #include "korvel/window/core/thread_queue.h"
 #include "korvel/window/list/list_mouse.h"
 
@@ -68,7 +68,9 @@ void CEditableGrid::OnLvnBeginlabeledit(NMHDR*, LRESULT* result) {
 }
 
 void CEditableGrid::OnLvnEndlabeledit(NMHDR* header, LRESULT* result) {
-    *result = m_binding->labelEdit.End(reinterpret_cast<NMLVDISPINFO*>(header)->pszText) ? 1 : 0;
+    const bool isHidden = CauseOfFocusMove() == FocusCause::Hidden; // nobody could type it anew
+    const char* typed = reinterpret_cast<NMLVDISPINFO*>(header)->pszText;
+    *result = m_binding->labelEdit.End(isHidden ? nullptr : typed) ? 1 : 0;
 }
 
 void CEditableGrid::OnAddAttribut_V1() {
@@ -345,18 +347,8 @@ UINT CEditableGrid::GetCheckState(const CTreeItem* node, int column) {
     IMemberDispatch* disp = GetDispInterface(node);
     if (!disp || !IsInitialized())
         return 0; // while a binding ends, its objects may be gone before their rows
-    const std::string name = MemberOfCell(*node, column);
-    UINT state = DFCS_BUTTONCHECK;
-    if (!node->info->IsCellEnabled(column - 1))
-        state |= DFCS_INACTIVE;
-    const LossWatch rows = m_binding->rows.WatchRows();
-    CVariantValue value;
-    ReadMember(*disp, name, value);
-    if (!rows)
-        return state;
-    if ((value.Type == DT_Bool && value.Value.Bool) || OnGetCheckState(disp, name, value))
-        state |= DFCS_CHECKED;
-    return state;
+    const UINT state = DFCS_BUTTONCHECK | (node->info->IsCellEnabled(column - 1) ? 0u : DFCS_INACTIVE);
+    return state | (m_binding->IsChecked(disp, MemberOfCell(*node, column)) ? DFCS_CHECKED : 0u);
 }
 
 bool CEditableGrid::OnGetCheckState(IMemberDispatch*, const std::string&, const CVariantValue&) {

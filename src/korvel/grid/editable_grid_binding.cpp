@@ -1,6 +1,7 @@
 #include "korvel/grid/editable_grid_binding.h"
 
 #include "korvel/grid/dispatch_sink.h"
+#include "korvel/grid/member_reads.h"
 #include "korvel/grid/type_commands.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/core/registered_messages.h"
@@ -36,6 +37,14 @@ bool CEditableGrid::Binding::RunCommand(GridCommand command) {
         return false;
     (m_grid.*found->run)();
     return true;
+}
+
+bool CEditableGrid::Binding::IsChecked(IMemberDispatch* disp, const std::string& name) {
+    const LossWatch noLoss = rows.WatchRows();
+    CVariantValue value;
+    ReadMember(*disp, name, value);
+    return noLoss &&
+           ((value.Type == DT_Bool && value.Value.Bool) || m_grid.OnGetCheckState(disp, name, value));
 }
 
 grid::CTreeItem* CEditableGrid::Binding::LinkRow(CTreeItem* parent, std::unique_ptr<CItemInfo> info,

@@ -17,6 +17,8 @@ public:
 
     /// False for a command of someone else.
     bool RunCommand(GridCommand command);
+    /// Whether the box of a flag is drawn checked.
+    bool IsChecked(IMemberDispatch* disp, const std::string& name);
 
     CTreeItem* FindRow(IMemberDispatch* disp, const std::string& name) const override {
         return rows.Find(disp, name);

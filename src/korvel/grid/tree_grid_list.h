@@ -8,6 +8,7 @@
 namespace korvel {
 
 namespace internal {
+class CellKeyboard;
 class GridRowList;
 class RowDrag;
 class RowKeys;
@@ -94,6 +95,7 @@ protected:
     const bool m_allowDeleteKey = true;
 
 private:
+    friend class internal::CellKeyboard;
     friend class internal::GridRowList;
     friend class internal::RowDrag;
     friend class internal::RowKeys;
