@@ -56,7 +56,7 @@ private:
 TEST_F(OpenPathTest, FilesAndFoldersAreOpenedAndWhatIsNotIsSaid) {
     const QString folder = Name(scratch.Path().filename());
     const fs::path plan = Write("plan.txt", "a plan");
-    const fs::path program = Write("program.txt", "a plan", fs::perms::owner_exec);
+    const fs::path program = Write("program.sh", "a plan", fs::perms::owner_exec);
     for (const auto& [border, file, as, result, opened] : Table<fs::path, OpenAs, int, QString>{
              {"a file", plan, OpenAs::File, 33, QStringLiteral("plan.txt")},
              {"a program is not run", program, OpenAs::File, 33, folder},
@@ -88,7 +88,9 @@ TEST_F(OpenPathTest, ProgramsAreKnownByPermissionNameAndContent) {
     for (const auto& [border, name, text, more, isProgram] : Table<const char*, const char*, fs::perms, bool>{
              {"a text", "a.txt", "text", fs::perms::none, false},
              {"a drawing", "a.dxf", "0\nSECTION\n", fs::perms::none, false},
-             {"a permission", "b.txt", "text", fs::perms::others_exec, true},
+             {"a text on a disk that knows no permissions", "b.txt", "text", fs::perms::all, false},
+             {"a permission, and nothing else that tells", "b", "\x1\x2\x3", fs::perms::others_exec, true},
+             {"data", "g", "\x1\x2\x3", fs::perms::none, false},
              {"a starter", "c.desktop", "", fs::perms::none, true},
              {"in capitals", "d.EXE", "", fs::perms::none, true},
              {"a script without a name", "e", "#!/bin/sh\n", fs::perms::none, true},
