@@ -82,13 +82,6 @@ void GridPane::Show(OpenDocument& document) {
     m_grid.SetFocus();
 }
 
-bool GridPane::EndEdit() {
-    const unsigned failures = m_failures;
-    if (m_grid.GetEditControl())
-        m_grid.SetFocus(); // ends the edit of a name
-    return m_failures == failures && m_grid.EndEdit();
-}
-
 void GridPane::Clear() {
     m_grid.Clear();
     m_grid.SetDocument(nullptr);
@@ -127,7 +120,6 @@ RowAbilities GridPane::SelectedRow() const {
 }
 
 void GridPane::Report(const std::string&, const std::string& message) {
-    ++m_failures;
     if (m_failureHook)
         m_failureHook(message);
 }

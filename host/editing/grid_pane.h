@@ -61,9 +61,9 @@ public:
     void Show(OpenDocument& document);
     void Clear();
 
-    /// Writes what is being typed into a cell, and closes the cell. False when the text is refused, which the user
-    /// has been told; whatever is to be done next must not be done then.
-    bool EndEdit();
+    /// Writes what is being typed into a cell or as a name. False when it is refused, which the user has been told;
+    /// whatever is to be done next must not be done then.
+    bool EndEdit() { return m_grid.EndEdit(); }
     /// Called with what the user is to be told of a failure.
     void SetFailureHook(std::function<void(const std::string& message)> hook) {
         m_failureHook = std::move(hook);
@@ -104,7 +104,6 @@ private:
     AttributeGrid m_grid;
     OpenDocument* m_document = nullptr;
     std::function<void(const std::string& message)> m_failureHook;
-    unsigned m_failures = 0; // that were told
 };
 
 } // namespace korvel::inspector
