@@ -134,6 +134,12 @@ public:
     bool ChangeMemberType(const std::string& name, const EDataTyps& type) override {
         return Call("retype", name) && Base::ChangeMemberType(name, type);
     }
+    const std::string& GetIdent() const override {
+        if (countsIdent)
+            Call();
+        return Base::GetIdent();
+    }
+    bool OnMemberCommand(const std::string& name, std::uint32_t) override { return Call("command", name); }
     bool OnAddMember() override { return Call("adding?", ""), doesItself; }
     bool OnRenameMember(const char* name, const char* newName) override {
         return Call("renaming?", std::string(name) + ">" + newName), doesItself;
@@ -141,7 +147,8 @@ public:
     bool OnRemoveMember(const char* name) override { return Call("removing?", name), doesItself; }
 
     std::uint32_t memberFlags = 0;
-    std::string labelEnd; // after each name in a label
+    std::string labelEnd;     // after each name in a label
+    bool countsIdent = false; // as a call
     bool doesItself = false;
     int writes = 0;
     std::string throwsOn; // a member's name; "*": the names
@@ -311,17 +318,22 @@ public:
             Call();
         return CEditableGrid::WindowProc(message, wParam, lParam);
     }
+    bool OpenFile(CString) override { return Call(), true; }
+    using CEditableGrid::m_DateTime;
     std::string edits;
+    bool editsCells = false; // and does not only write down that it should
 
 protected:
     void CtrlClear() override {
         Call();
         CEditableGrid::CtrlClear();
     }
-    void OnEdit(CItemInfo*, int row, int column, CPoint, IMemberDispatch* disp,
+    void OnEdit(CItemInfo* info, int row, int column, CPoint point, IMemberDispatch* disp,
                 const CString& name) override {
         edits +=
             std::to_string(row) + ":" + std::to_string(column) + " " + disp->GetIdent() + "." + name + " ";
+        if (editsCells)
+            CEditableGrid::OnEdit(info, row, column, point, disp, name);
     }
 };
 

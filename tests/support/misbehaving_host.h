@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/grid/grid_error_reporter.h"
+#include "korvel/values/file_value.h"
 #include "korvel/window/core/input.h"
 #include "support/fakes.h"
 #include "support/history_log.h"
@@ -15,10 +16,13 @@ namespace korvel {
 
 /// Counts the calls of the host, and misbehaves at one of them.
 struct CallOuts {
-    void Count() {
+    /// `operation` where it is an object's: "set length ".
+    void Count(std::string operation = {}) {
+        present = std::move(operation);
         if (++count == misbehavesAt)
             misbehave();
     }
+    std::string present; // call
     int count = 0;
     int misbehavesAt = 0;
     std::function<void()> misbehave;
@@ -47,6 +51,19 @@ private:
     CallOuts& m_calls;
 };
 
+/// Counts the times when it is asked for a file.
+struct CountedFile : IFileValue {
+    explicit CountedFile(CallOuts& calls) : m_calls(calls) {}
+    bool IsAutoDestroy() const override { return false; }
+    const char* Choose(const char*, CWnd*) override { return m_calls.Count(), "b.xml"; }
+    const std::uint32_t& GetFileType() const override { return m_calls.Count(), m_type; }
+    void SetFileType(std::uint32_t) override {}
+
+private:
+    CallOuts& m_calls;
+    std::uint32_t m_type = 0;
+};
+
 /// A grid with two nested objects, one of them with a presentation, and a further one to be added.
 struct MisbehavingHost {
     MisbehavingHost() {
@@ -54,9 +71,14 @@ struct MisbehavingHost {
             object->onCall = [this, object] {
                 EXPECT_FALSE(calls.isOver) << "an object is called after its binding has ended";
                 EXPECT_FALSE(isUserActing && object == gone) << "an object is called after its row is gone";
-                calls.Count();
+                calls.Count(std::exchange(traced, {}));
             };
-            object->refuses = [this] { return std::exchange(isRefusing, false); };
+            object->refuses = [this] {
+                if (isRefusing)
+                    NoteFailure();
+                return std::exchange(isRefusing, false);
+            };
+            object->calls = &traced;
             object->memberFlags = MF_Delete | MF_Rename | MF_WriteProtect;
         }
         observer.answers = true;
@@ -84,6 +106,14 @@ struct MisbehavingHost {
         grid->Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 105);
         grid->ModifyImageStyle(IS_AskParent, 0);
     }
+    /// Shows a member for each kind of write from a cell.
+    void ShowCells() {
+        path.EnumContext = &file;
+        root.With("list", list).With("color", Word(DT_ColorRGB, 0xFF0000FF)).With("path", path);
+        root.With("date", MakeDate("GDT_VALID", 44000)).With("dice", Word(DT_RandomUInt, 500));
+        root.With("button", Number(EDataTyps(DT_Double | TypeBitButton), 1));
+        grid->editsCells = true;
+    }
     void Bind() { grid->Initialize(&root, "Name", "Value", 0); }
     void RemovePoint() { grid->OnOperationRemove(&root, "p", Group(&point)); }
     /// Begins what a user does to a member.
@@ -101,11 +131,33 @@ struct MisbehavingHost {
         input::Key(edit, WM_KEYDOWN, VK_RETURN, "\r");
     }
 
+    /// Into the left or right end of a value cell. False when the grid is gone.
+    bool ClickCell(const std::string& name, bool atRight = false) {
+        if (!grid || !grid->m_hWnd)
+            return false;
+        isUserActing = true;
+        grid->SetFocus();
+        const CRect cell = grid->GetSubItemRect(grid->RowOfNode(grid->LookupTreeItem(&root, name)), 1);
+        input::Mouse(grid->m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON,
+                     {atRight ? cell.right - 4 : cell.left + 4, (cell.top + cell.bottom) / 2});
+        return grid && grid->m_hWnd;
+    }
+    /// The present call fails. Where it is a write within a step, that is to be rolled back.
+    void NoteFailure() {
+        const std::string name = calls.present.substr(0, calls.present.find(' '));
+        const std::size_t open = parent.log.rfind('[');
+        const bool isOpen = open != std::string::npos && parent.log.find(']', open) == std::string::npos;
+        if (isOpen && (name == "set" || name == "rename" || name == "retype"))
+            failedStep = open;
+    }
+
     /// Rows and look-up agree, the observer has the sinks of what is shown and no others, and each undoable step
     /// was closed once before the next.
     void ExpectAgreement() {
         static const std::regex steps(R"((\[[^\[\]!]*\]!?)*)");
         EXPECT_TRUE(std::regex_match(parent.log, steps)) << parent.log;
+        if (failedStep)
+            EXPECT_EQ(parent.log.substr(parent.log.find(']', *failedStep), 2), "]!") << parent.log;
         std::size_t groups = 0;
         for (CSuperGridCtrl::CTreeItem* node : grid->rootItems())
             ExpectFiled(node, groups);
@@ -127,6 +179,10 @@ struct MisbehavingHost {
     bool isRefusing = false;          // the next call that can be refused is
     const HostObject* gone = nullptr; // has no row any more
     bool isUserActing = false;
+    std::string traced;                    // of an object that is about to be counted
+    std::optional<std::size_t> failedStep; // where it begins in the log of the parent
+    CountedFile file{calls};
+    CVariantValue path = Words(DT_FileName, "a.xml");
     HostEnumeration enumeration;
     const CVariantValue list = enumeration.ListOf(DT_ListString, Words(DT_String, "one"));
     HostObject inner{"inner"}, added{"added"}, shaped{"shaped"}, point{"point"}, root{"root"}, late{"late"},
