@@ -27,11 +27,12 @@ struct EditDecision;
 ///
 ///     grid.EndEdit();   // before what is shown is saved, undone or closed: false when a text or name is refused
 ///
-/// One control is open at most. It ends, and its value is written, when the focus leaves it, when its row is scrolled
-/// out of sight or its column is dragged, and when the grid is cleared, hidden or destroyed; it moves with its row
-/// otherwise. A text that is refused stays in the field, which gets the focus back; a second way out with the same
-/// text closes the field without it. Leaving the program, boxes and dialogs end no text, date or name. A member that the
-/// host removes or gives another type while it is edited drops the edit; a renamed one takes it along.
+/// One control is open at most. It ends, and its value is written, when the focus leaves it, when its row is
+/// scrolled or collapsed out of sight or its column is dragged, and when the grid is cleared, hidden or destroyed;
+/// it moves with its row otherwise. A text that is refused stays in the field, which comes back into view with the
+/// focus; a second way out with the same text closes the field without it. Leaving the program, boxes and dialogs
+/// end no text, date or name. A member that the host removes or gives another type while it is edited drops the
+/// edit; a renamed one takes it along.
 ///
 /// The controls are made with the window, hidden and disabled, and live as long as it.
 class KORVEL_API CellEditGrid : public CSuperGridCtrl {

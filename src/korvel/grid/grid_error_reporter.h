@@ -13,7 +13,8 @@ public:
     virtual ~IGridErrorReporter() = default;
 
     /// What the user did has failed. What was recorded of it in an undoable step has been rolled back; what makes
-    /// no step may have been done in part. `message` says why, in the language of the process. May do what a host may do while it is called; see CEditableGrid.
+    /// no step may have been done in part. `message` says why, in the language of the process. May do what a host
+    /// may do while it is called, see CEditableGrid; also throw, which keeps a refused text in its field.
     virtual void Report(const std::string& caption, const std::string& message) = 0;
 };
 
