@@ -185,10 +185,12 @@ TEST_F(ListLabelEdit, ASecondSlowClickBeginsItOnce) {
     const auto inValue = [this] { Click(InRow(1, 110)); };
     const auto doubleClick = [&] { click(), Mouse(WM_LBUTTONDBLCLK, InRow(1), MK_LBUTTON); };
     const auto fromOutside = [&] { parent.SetFocus(), click(); };
+    const auto clickAndKey = [&] { click(), Key(VK_UP), Key(VK_DOWN); };
     for (const auto& [border, act, begins] :
          Table<std::function<void()>, bool>{{"the first click", click, false},
                                             {"a double click", doubleClick, false},
                                             {"in another column", inValue, false},
+                                            {"a key after it", clickAndKey, false},
                                             {"a slow one", click, true},
                                             {"after its end", [this] { Press(VK_ESCAPE); }, false},
                                             {"which brings the focus", fromOutside, false}}) {

@@ -86,8 +86,10 @@ void PressButton(ListState& list, UINT button, UINT flags, CPoint point) {
 }
 
 void ForgetLabelClick(HWND window) {
-    if (const ControlOf<ListState> list(window); list)
+    if (const ControlOf<ListState> list(window); list) {
         list->press.editsAtRelease = false;
+        KillTimer(window, LabelEditTimer);
+    }
 }
 
 void DoubleClick(ListState& list, UINT flags, CPoint point) {

@@ -15,7 +15,7 @@ bool WasPressRefused(HWND list);
 void PressButton(ListState& list, UINT button, UINT flags, CPoint point);
 void DoubleClick(ListState& list, UINT flags, CPoint point);
 void MovePointer(ListState& list, UINT flags, CPoint point);
-/// Of the press that is still down: its release begins no label edit.
+/// The press that is still down, or the click before, begins no label edit.
 void ForgetLabelClick(HWND list);
 /// NM_CLICK or NM_RCLICK. True: the parent has handled the click.
 bool ReleaseButton(ListState& list, UINT button, CPoint point);

@@ -138,6 +138,7 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
     case WM_KEYDOWN:
+        ForgetLabelClick(list.Handle()); // the user goes on by the keyboard, perhaps in another row
         return AnsweredIf(PressKey(list, static_cast<UINT>(wParam)));
     case WM_CHAR:
         return AnsweredIf(TypeCharacter(list, wParam));
