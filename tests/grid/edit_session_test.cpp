@@ -74,12 +74,12 @@ TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
 
 TEST_F(EditTest, ARefusedTextMarksItsCellWhereTheGridSaysSo) {
     Bind();
-    const auto hasRedFrame = [this] {
+    const auto hasRedFrame = [this] { // over all others
         const std::vector<PaintCall> calls = display.PaintWindow(grid.m_hWnd);
-        return std::any_of(calls.begin(), calls.end(), [this](const PaintCall& call) {
-            return call.kind == PaintCall::Kind::Frame && GetRValue(call.color) > 200 &&
-                   call.rect == Cell("v");
+        const auto last = std::find_if(calls.rbegin(), calls.rend(), [this](const PaintCall& call) {
+            return call.rect == Cell("v") || call.kind == PaintCall::Kind::Focus;
         });
+        return last != calls.rend() && last->kind == PaintCall::Kind::Frame && GetRValue(last->color) > 200;
     };
     for (const bool isOn : {false, true}) {
         grid.SetGridOption(EGridOption::InlineErrors, isOn);

@@ -26,6 +26,14 @@ void RowPainter::Draw() {
     if (m_there && m_hasFocus && m_list.GetItemState(m_row, LVIS_FOCUSED) &&
         m_list.GetItemRect(m_row, &bounds))
         m_dc.DrawFocusRect(bounds);
+    DrawMarks(columns); // over the frames of the focus, which is in that cell
+}
+
+void RowPainter::DrawMarks(int columns) {
+    CRect cell;
+    for (int column = 1; column < columns && m_there; ++column)
+        if (m_list.IsCellMarked(m_row, column) && m_list.GetSubItemRect(m_row, column, LVIR_LABEL, &cell))
+            m_dc.FrameRect(cell, RefusedColor);
 }
 
 void RowPainter::DrawCell(int column) {
@@ -57,8 +65,6 @@ void RowPainter::DrawContent(int column, const CRect& cell) {
     if (!m_there)
         return;
     DrawText(column, room, ground);
-    if (m_list.IsCellMarked(m_row, column))
-        m_dc.FrameRect(cell, RefusedColor);
     if (m_isSelected && m_hasFocus && column == m_list.GetCurrentColumn())
         m_dc.FrameRect(cell, m_list.GetFocusCellColor());
     if (m_there)

@@ -19,6 +19,7 @@ private:
 
     void DrawCell(int column);
     void DrawContent(int column, const CRect& cell);
+    void DrawMarks(int columns);
     void DrawTree(const CRect& bounds);
     void DrawTreeLines(const CRect& bounds, int width);
     void DrawSign(const CRect& square);
