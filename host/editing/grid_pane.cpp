@@ -104,13 +104,14 @@ std::string GridPane::SelectedText() const {
 
 RowAbilities GridPane::SelectedRow() const {
     IMemberDispatch* owner = SelectedObject();
+    const IMemberDispatch* group = owner ? m_grid.GetSelectedNode()->info->disp : m_grid.GetRootDisp();
+    RowAbilities row;
+    if (const IMemberDispatch* taker = group ? group : owner)
+        row.canAdd = taker->GetEditFlags() & EF_Add;
     if (!owner)
-        return {};
+        return row;
     const std::string name = SelectedName();
     const std::uint32_t flags = owner->GetMemberFlags(name);
-    const IMemberDispatch* group = m_grid.GetSelectedNode()->info->disp;
-    RowAbilities row;
-    row.canAdd = (group ? group : owner)->GetEditFlags() & EF_Add;
     row.canRemove = flags & MF_Delete;
     row.canRename = flags & (MF_Rename | MF_Change);
     row.canChangeType = flags & MF_ChangeType;

@@ -39,7 +39,7 @@ private:
     int m_dividedWidth = 0;
 };
 
-/// What can be done to the selected row.
+/// What can be done to the selected row; without one, to the document.
 struct RowAbilities {
     bool canAdd = false;
     bool canRemove = false;
