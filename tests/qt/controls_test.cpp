@@ -2,8 +2,8 @@
 #include "korvel/window/base/color.h"
 #include "korvel/window/controls/combo_box.h"
 #include "korvel/window/controls/date_time_ctrl.h"
+#include "korvel/window/controls/edit.h"
 #include "korvel/window/controls/progress_ctrl.h"
-#include "korvel/window/controls/rich_edit_ctrl.h"
 #include "korvel/window/controls/slider_ctrl.h"
 #include "korvel/window/controls/tab_ctrl.h"
 #include "qt/users.h"
@@ -370,22 +370,6 @@ TEST_F(Controls, MarginsAreThoseOfTheWindow) {
         edit->SetMargins(12, 5);
     EXPECT_EQ(WidgetOf<QLineEdit>(line).textMargins(), QMargins(12, 0, 5, 0));
     EXPECT_EQ(WidgetOf<QPlainTextEdit>(lines).viewport()->x(), 12);
-}
-
-TEST_F(Controls, ARichEditChangesOneByteForOneLetter) {
-    CRichEditCtrl edit;
-    edit.Create(WS_CHILD | WS_VISIBLE | ES_MULTILINE, {10, 10, 300, 200}, &m_frame, 1);
-    edit.SetEventMask(ENM_CHANGE);
-    const CString text = "one\ntwo\r\nthree\rfour\r\r\n\n";
-    edit.SetWindowTextA(text);
-    edit.SetFocus();
-    edit.SetSel(5, 6);
-    m_frame.Take();
-    Press('W', "W");
-    CString changed = text;
-    changed[5] = 'W';
-    EXPECT_EQ(edit.GetWindowTextA(), changed);
-    EXPECT_EQ(m_frame.Take(), Codes{EN_CHANGE});
 }
 
 } // namespace

@@ -8,7 +8,6 @@
 
 #include <QInputMethodEvent>
 #include <QLineEdit>
-#include <QMenu>
 #include <QScrollBar>
 #include <QTimer>
 #include <QWheelEvent>
@@ -234,18 +233,6 @@ TEST_F(Delivery, AnotherThreadIsAnsweredByTheDesktopsLoop) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return isRead.load(); }, 2000));
     reader.join();
     EXPECT_EQ(text, "from afar");
-}
-
-TEST_F(Delivery, PopupsOfQtDoNotTakeTheFocusAway) {
-    QMenu menu;
-    menu.addAction(QStringLiteral("one"));
-    QTimer::singleShot(0, &menu, [&] {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return qApp->focusWindow() == menu.windowHandle(); }, 2000));
-        menu.close();
-    });
-    menu.exec(QPoint(10, 10));
-    EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
-    EXPECT_THAT(m_log, Not(Contains("edit no focus")));
 }
 
 TEST_F(Delivery, AWindowClosesWhenItsHandlersLetItAndTheLastOneEndsTheApplication) {

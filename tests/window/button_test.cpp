@@ -62,19 +62,6 @@ TEST_F(ButtonTest, WhatIsNotReleasedOverItIsNoClick) {
     EXPECT_FALSE(input::Key(button.m_hWnd, WM_KEYDOWN, VK_RETURN, "\r")); // a dialog's matter
 }
 
-TEST_F(ButtonTest, TheCheckedRadioButtonIsTheTabStop) {
-    std::array<CButton, 2> radio;
-    for (CButton& button : radio)
-        Make(button, BS_AUTORADIOBUTTON | WS_TABSTOP);
-    radio[0].SetCheck(1);
-    Click(radio[1]);
-    EXPECT_FALSE(radio[0].GetStyle() & WS_TABSTOP);
-    EXPECT_TRUE(radio[1].GetStyle() & WS_TABSTOP);
-    radio[0].EnableWindow(false);
-    radio[0].SendMessageA(BM_CLICK);
-    EXPECT_EQ(radio[0].GetCheck(), 0);
-}
-
 TEST_F(ButtonTest, ShowsAPictureOfTheResources) {
     static constexpr std::uint32_t Pixels[] = {1, 2, 3, 4, 5, 6};
     static constexpr PictureResource Pictures[] = {{15016, 3, 2, Pixels}};
@@ -95,15 +82,20 @@ TEST_F(ButtonTest, ShowsAPictureOfTheResources) {
 TEST_F(ButtonTest, RadioButtonsExcludeEachOtherInsideTheirGroup) {
     std::array<CButton, 4> radio;
     for (int i = 0; i < 4; ++i)
-        Make(radio[i], BS_AUTORADIOBUTTON | (i == 0 || i == 2 ? WS_GROUP : 0), i);
+        Make(radio[i], BS_AUTORADIOBUTTON | WS_TABSTOP | (i == 0 || i == 2 ? WS_GROUP : 0), i);
     radio[0].SetCheck(1);
     radio[3].SetCheck(1);
     Click(radio[1]);
     EXPECT_EQ(radio[0].GetCheck(), 0);
     EXPECT_EQ(radio[1].GetCheck(), 1);
+    EXPECT_FALSE(radio[0].GetStyle() & WS_TABSTOP);
+    EXPECT_TRUE(radio[1].GetStyle() & WS_TABSTOP);
     EXPECT_EQ(radio[3].GetCheck(), 1); // another group
     input::Value(radio[2].m_hWnd, 1);  // clicked in its native widget
     EXPECT_EQ(radio[3].GetCheck(), 0);
+    radio[0].EnableWindow(false);
+    radio[0].SendMessageA(BM_CLICK);
+    EXPECT_EQ(radio[0].GetCheck(), 0);
     EXPECT_EQ(parent.senders, (std::vector<unsigned>{1, 2}));
 }
 

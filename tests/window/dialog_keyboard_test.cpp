@@ -135,6 +135,7 @@ TEST_F(DialogKeyboardTest, FindsItsWayWhenTheFocusIsNowhere) {
     EXPECT_EQ(GetFocus(), dialog.Item(Twin));
     ShowWindow(dialog.Item(Twin), SW_HIDE);
     EXPECT_EQ(GetFocus(), dialog.m_hWnd) << "a control that hides leaves it to the dialog";
+    EXPECT_EQ(GetNextDlgTabItem(dialog.m_hWnd, nullptr, true), dialog.Item(IDCANCEL)) << "back from nowhere";
     frame.SetFocus();
     input::Activated(dialog.m_hWnd, true);
     EXPECT_EQ(GetFocus(), dialog.Item(Name)) << "who had it last is hidden";

@@ -159,35 +159,6 @@ TEST_F(WindowTreeTest, TurnsPointsThroughBordersAndParents) {
     EXPECT_EQ(ScreenToClient(inner, {Least, Least}), (CPoint{Least, Least}));
 }
 
-TEST_F(WindowTreeTest, TabGoesRoundOverWhatCanBeReached) {
-    constexpr UINT Shown = WS_CHILD | WS_VISIBLE;
-    constexpr UINT Stop = Shown | WS_TABSTOP;
-    const auto make = [](UINT exStyle, UINT style, HWND parent) {
-        return CreateWindowExA(exStyle, "KorvelFrame", "", style, {}, parent, 0);
-    };
-    const HWND frame = make(0, WS_VISIBLE, nullptr);
-    const HWND first = make(0, Stop, frame);
-    const HWND inside = make(0, Stop, first); // as an edit in a cell
-    const HWND label = make(0, Shown, frame);
-    const HWND unreachable = make(0, Stop, make(WS_EX_CONTROLPARENT, WS_CHILD, frame));
-    const HWND second = make(0, Stop, make(WS_EX_CONTROLPARENT, Shown, frame));
-    for (const auto& [border, from, previous, found] :
-         Table<HWND, bool, HWND>{{"into a group", first, false, second},
-                                 {"round the end", second, false, first},
-                                 {"from nowhere back", nullptr, true, second},
-                                 {"from nowhere on", nullptr, false, first},
-                                 {"out of a control", inside, false, second},
-                                 {"on from what is no stop", label, false, second},
-                                 {"back from what is no stop", label, true, first},
-                                 {"from what is hidden", unreachable, false, second}})
-        EXPECT_EQ(GetNextDlgTabItem(frame, from, previous), found) << border;
-    EnableWindow(second, false);
-    EXPECT_EQ(GetNextDlgTabItem(frame, first, true), first);
-    ShowWindow(first, SW_HIDE);
-    EXPECT_EQ(GetNextDlgTabItem(frame, first, true), nullptr);
-    DestroyWindow(frame);
-}
-
 TEST_F(WindowTreeTest, RefusesToHangAWindowBelowItself) {
     RecordedWindow frame("frame", log), child("child", log), other("other", log), owned("owned", log);
     frame.Create(0, nullptr);
