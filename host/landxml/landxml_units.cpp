@@ -171,6 +171,19 @@ std::optional<long double> DegreesOfMinutesSeconds(std::string_view text) {
     return text.starts_with('-') ? -angle : angle;
 }
 
+// As the library makes radians of what is typed.
+double TypedRadians(long double angle, double halfTurn) {
+    return static_cast<double>(angle) / halfTurn * std::numbers::pi;
+}
+
+std::optional<long double> AngleIn(std::string_view text, AngleUnit unit) {
+    return unit == AngleUnit::DegreesMinutesSeconds ? DegreesOfMinutesSeconds(text) : ReadAngle(text);
+}
+
+double HalfTurnIn(AngleUnit unit) {
+    return unit == AngleUnit::Grads ? 200 : 180;
+}
+
 // The smallest double from which the library computes an angle that does not fall short of the text: a text
 // that ends in half a last digit is shown as it is rounded itself.
 double RadiansOfAngle(long double angle, double halfTurn) {
@@ -178,7 +191,7 @@ double RadiansOfAngle(long double angle, double halfTurn) {
     // the double is rounded too.
     constexpr long double Shown = 0.4e-15L;
     const long double least = std::abs(angle) - Shown;
-    double radians = std::abs(static_cast<double>(angle)) / halfTurn * std::numbers::pi;
+    double radians = TypedRadians(std::abs(angle), halfTurn);
     constexpr int Furthest = 3; // the conversions round three times
     for (int step = 0; step < Furthest; ++step)
         radians = std::nextafter(radians, 0.0);
@@ -209,11 +222,15 @@ UnitSet ReadUnits(const ElementTree& tree, ElementIndex units) {
 std::optional<double> RadiansOf(std::string_view text, AngleUnit unit) {
     if (unit == AngleUnit::Radians)
         return ReadDouble(text);
-    const std::optional<long double> angle =
-        unit == AngleUnit::DegreesMinutesSeconds ? DegreesOfMinutesSeconds(text) : ReadAngle(text);
-    if (!angle)
-        return std::nullopt;
-    return RadiansOfAngle(*angle, unit == AngleUnit::Grads ? 200 : 180);
+    const std::optional<long double> angle = AngleIn(text, unit);
+    return angle ? std::optional(RadiansOfAngle(*angle, HalfTurnIn(unit))) : std::nullopt;
+}
+
+bool MeansRadians(std::string_view text, AngleUnit unit, double radians) {
+    const std::optional<long double> angle = AngleIn(text, unit);
+    const double halfTurn = HalfTurnIn(unit);
+    return angle &&
+           (RadiansOfAngle(*angle, halfTurn) == radians || TypedRadians(*angle, halfTurn) == radians);
 }
 
 } // namespace korvel::inspector

@@ -106,7 +106,7 @@ std::optional<std::string> ExactAngleText(double radians, AngleUnit unit,
                 std::string text = TextOfAngle(rounded, unit, decimals);
                 if (text == last)
                     continue;
-                if (RadiansOf(text, unit) == radians)
+                if (MeansRadians(text, unit, radians))
                     return text;
                 last = std::move(text);
             }

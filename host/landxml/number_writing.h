@@ -14,7 +14,7 @@ namespace korvel::inspector {
 std::string NumberText(double number);
 std::string NumberText(float number);
 
-/// The shortest text from which RadiansOf reads the angle; where no text means just that double, the nearest
+/// The shortest text that means the angle, see MeansRadians; where no text means just that double, the nearest
 /// one that can be found.
 ///
 ///     AngleText(pi, AngleUnit::Grads)   -> "200"

@@ -43,6 +43,7 @@ TEST_F(ValueWritingTest, WritesEachValueInTheFormOfItsPlace) {
         {"infinite", Meaning::Station, MakeValue(DT_RoadStationDouble, -HUGE_VAL), "", "-INF"},
         {"no number", Meaning::Number, MakeValue(DT_Double, std::nan("")), "", "NaN"},
         {"angle", Meaning::Angle, MakeValue(DT_AngleDouble, pi), "", "200"},
+        {"a typed angle", Meaning::Angle, MakeValue(DT_AngleDouble, 14.0 / 200 * pi), "", "14"},
         {"direction", Meaning::Direction,
          MakeValue(DT_AngleDouble, *RadiansOf("45.3025", AngleUnit::DegreesMinutesSeconds)), "", "45.3025"},
         {"geographic", Meaning::GeographicAngle, MakeValue(DT_AngleDouble, -pi / 8), "", "-22.5"},
