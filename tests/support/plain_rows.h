@@ -25,8 +25,8 @@ public:
     void Rewrite(int row, CTreeItem* node) override { m_rows[static_cast<std::size_t>(row)].node = node; }
     void Insert(int row, const internal::NodeRuns& runs) override {
         ++insertions;
-        for (const internal::NodeRun run : runs)
-            for (CTreeItem* node : run)
+        for (const internal::NodeRun& run : runs)
+            for (CTreeItem* node : run.nodes)
                 m_rows.insert(m_rows.begin() + row++, {node, m_nextId++});
     }
     void Mark(int, int) override {}

@@ -49,7 +49,7 @@ void GridRowList::PrepareList() {
 }
 
 void GridRowList::Insert(int row, const NodeRuns& runs) {
-    const int indent = runs.front().front()->indent();
+    const int indent = runs.front().indent;
     std::vector<LPARAM> data;
     data.reserve(CountOf(runs));
     struct IndentedRow {
@@ -57,12 +57,12 @@ void GridRowList::Insert(int row, const NodeRuns& runs) {
         int indent;
     };
     std::vector<IndentedRow> others;
-    for (const NodeRun run : runs) {
-        if (const int runIndent = run.front()->indent(); runIndent != indent)
-            for (std::size_t index = 0; index < run.size(); ++index)
-                others.push_back({data.size() + index, runIndent});
+    for (const NodeRun& run : runs) {
+        if (run.indent != indent)
+            for (std::size_t index = 0; index < run.nodes.size(); ++index)
+                others.push_back({data.size() + index, run.indent});
         const auto asData = [](CTreeItem* node) { return reinterpret_cast<LPARAM>(node); };
-        std::transform(run.begin(), run.end(), std::back_inserter(data), asData);
+        std::transform(run.nodes.begin(), run.nodes.end(), std::back_inserter(data), asData);
     }
     PrepareList();
     // In one step, so that whoever hears of a row finds all of them.

@@ -7,13 +7,17 @@
 
 namespace korvel::internal {
 
-/// Nodes whose rows come one below the other, in runs that are good until the tree changes. The nodes of a run
-/// are of one depth; no run is empty.
-using NodeRun = std::span<grid::CTreeItem* const>;
+/// Nodes of one depth whose rows come one below the other, good until the tree changes. The depth stands beside
+/// them, so that none of them has to be fetched from memory.
+struct NodeRun {
+    std::span<grid::CTreeItem* const> nodes;
+    int indent = 0;
+};
+/// No run of them is empty.
 using NodeRuns = std::vector<NodeRun>;
 
 std::size_t CountOf(const NodeRuns& runs);
 /// Cuts nodes of several depths where the depth changes.
-NodeRuns RunsOf(NodeRun nodes);
+NodeRuns RunsOf(std::span<grid::CTreeItem* const> nodes);
 
 } // namespace korvel::internal

@@ -59,7 +59,7 @@ bool TreeRows::Show(const CTreeItem* node) {
 }
 
 void TreeRows::InsertRow(CTreeItem* node) {
-    InsertRows(node->row(), {NodeRun(&node, 1)});
+    InsertRows(node->row(), {NodeRun{{&node, 1}, node->indent()}});
 }
 
 // The rows come at once; what the host makes of it finds them there.
@@ -224,7 +224,7 @@ int TreeRows::Expand(CTreeItem* node, int row) {
     const LossWatch rows = Watch();
     NodeRuns children;
     TreeWalk walk(*node);
-    for (NodeRun run = walk.NextRun(); !run.empty(); run = walk.NextRun())
+    for (NodeRun run = walk.NextRun(); !run.nodes.empty(); run = walk.NextRun())
         children.push_back(run);
     InsertRows(node->row() + 1, children);
     if (rows)
@@ -273,13 +273,13 @@ grid::CTreeItem* TreeRows::OpenAll(CTreeItem& node) {
     NodeRuns shown;
     Nodes families{&node};
     TreeWalk walk(node);
-    for (NodeRun run = walk.NextRun(); !run.empty(); run = walk.NextRun()) {
+    for (NodeRun run = walk.NextRun(); !run.nodes.empty(); run = walk.NextRun()) {
         shown.push_back(run);
-        CTreeItem* last = run.back(); // the only one that may have children
-        if (last->children().empty())
+        CTreeItem* next = run.nodes.front();
+        if (run.nodes.size() > 1 || next->children().empty()) // of several, none has children
             continue;
-        families.push_back(last);
-        walk.Enter(*last);
+        families.push_back(next);
+        walk.Enter(*next);
     }
     for (auto family = families.rbegin(); family != families.rend(); ++family)
         (*family)->SetCollapsed(false);

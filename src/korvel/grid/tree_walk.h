@@ -1,8 +1,6 @@
 #pragma once
 
-#include "korvel/grid/tree_item.h"
-
-#include <span>
+#include "korvel/grid/node_runs.h"
 
 namespace korvel::internal {
 
@@ -31,10 +29,11 @@ public:
     }
     /// As many of the next siblings as lie together and have no children, else the next node alone; empty
     /// after the last. So hardly any node is looked at.
-    std::span<grid::CTreeItem* const> NextRun() {
+    NodeRun NextRun() {
         FindNext();
-        return m_next == ChildList::Iterator() ? std::span<grid::CTreeItem* const>()
-                                               : ChildList::TakeRun(m_next);
+        if (m_next == ChildList::Iterator())
+            return {};
+        return {ChildList::TakeRun(m_next), m_family->indent() + 1};
     }
     /// Goes on with the children of the node that came last.
     void Enter(const grid::CTreeItem& node) {
