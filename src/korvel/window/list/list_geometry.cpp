@@ -21,15 +21,13 @@ int RowsIn(const ListState& list, int height) {
 
 // A bar takes room from the other direction, so that each can make the other one necessary.
 ScrollBars ScrollBarsOf(const ListState& list, CSize inner) {
-    const int barWidth = GetSystemMetrics(SM_CXVSCROLL);
-    const int barHeight = GetSystemMetrics(SM_CYHSCROLL);
     const int rows = list.rows.Size();
     const int width = list.columns.TotalWidth();
     ScrollBars bars;
     bars.vertical = rows > RowsIn(list, inner.cy);
-    bars.horizontal = width > inner.cx - (bars.vertical ? barWidth : 0);
+    bars.horizontal = width > inner.cx - (bars.vertical ? GetSystemMetrics(SM_CXVSCROLL) : 0);
     if (bars.horizontal && !bars.vertical)
-        bars.vertical = rows > RowsIn(list, inner.cy - barHeight);
+        bars.vertical = rows > RowsIn(list, inner.cy - GetSystemMetrics(SM_CYHSCROLL));
     return bars;
 }
 

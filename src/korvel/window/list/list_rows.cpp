@@ -97,8 +97,8 @@ void DeleteEach(ListState& list, int first, int last, StateNotices stateNotices)
     if (list.labelEdit.row >= first && list.labelEdit.row < last)
         list.EndLabelEdit(LabelEditEnd::Cancel);
     FirstFailure failure;
-    for (int row = leaving.TakeNext(); row != NoRow; row = failure ? NoRow : leaving.TakeNext()) {
-        FollowedRow going(list, row);
+    FollowedRow going(list, leaving.TakeNext());
+    for (; going.row != NoRow; going.row = failure ? NoRow : leaving.TakeNext()) {
         const bool hadFocus = list.focusRow == going.row;
         failure.Try([&] {
             if (stateNotices == StateNotices::Sent)

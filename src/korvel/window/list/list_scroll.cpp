@@ -96,8 +96,10 @@ void ScrollTo(ListState& list, std::int64_t x, std::int64_t topRow) {
         return;
     list.scrollX = newX;
     list.topRow = newTopRow;
-    list.EndLabelEdit(LabelEditEnd::Take);
-    layout = LayoutOf(list); // a handler may have changed columns and rows
+    if (list.labelEdit.window) {
+        list.EndLabelEdit(LabelEditEnd::Take);
+        layout = LayoutOf(list); // a handler may have changed columns and rows
+    }
     PlaceHeader(list, layout.client.cx);
     TellScroll(list, layout);
     RepaintAll(list);

@@ -16,17 +16,7 @@ constexpr int FewRows = BlockCapacity / 8; // a block that has no more left look
 
 } // namespace
 
-RowRecord& RowBlocks::At(int row) {
-    const auto place = PlaceOf(row);
-    return m_blocks[place.entry].rows.At(place.offset);
-}
-
-PrefixSums::Place RowBlocks::PlaceOf(int row) const {
-    if (m_found.block >= 0) {
-        const int offset = row - m_found.start;
-        if (offset >= 0 && offset < m_blocks[m_found.block].rows.Size())
-            return {m_found.block, offset};
-    }
+PrefixSums::Place RowBlocks::FindPlace(int row) const {
     const auto place = m_index.Find(row);
     m_found = {place.entry, row - place.offset};
     return place;

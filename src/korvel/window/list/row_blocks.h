@@ -25,7 +25,10 @@ public:
     bool Has(int row) const { return row >= 0 && row < m_size; }
 
     /// The reference lasts until rows are inserted or erased.
-    RowRecord& At(int row);
+    RowRecord& At(int row) {
+        const auto place = PlaceOf(row);
+        return m_blocks[place.entry].rows.At(place.offset);
+    }
     const RowRecord& At(int row) const { return const_cast<RowBlocks*>(this)->At(row); }
 
     /// Fills the blank record of the inserted row `index` (from 0); called in order, once each.
@@ -48,7 +51,13 @@ private:
         int selectedCount = 0;
     };
 
-    PrefixSums::Place PlaceOf(int row) const;
+    PrefixSums::Place PlaceOf(int row) const {
+        const int offset = row - m_found.start;
+        const bool isFound =
+            m_found.block >= 0 && offset >= 0 && offset < m_blocks[m_found.block].rows.Size();
+        return isFound ? PrefixSums::Place{m_found.block, offset} : FindPlace(row);
+    }
+    PrefixSums::Place FindPlace(int row) const;
     PrefixSums::Place PlaceToInsert(int row) const;
     void InsertIntoBlock(PrefixSums::Place place, int count, const Maker& make);
     void InsertBlocks(PrefixSums::Place place, int count, const Maker& make);
