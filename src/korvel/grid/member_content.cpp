@@ -10,14 +10,14 @@ namespace korvel::internal {
 std::optional<MemberContent> MemberContent::Read(AttributeTree& tree, IMemberDispatch& disp,
                                                  const std::string& name, const CVariantValue& value,
                                                  const LossWatch& rows) {
-    MemberContent content;
-    content.cell = ReadCell(tree, disp, name, value, rows);
+    std::optional<MemberContent> content(std::in_place);
+    content->cell = ReadCell(tree, disp, name, value, rows);
     if (rows)
-        content.isEditable = ReadMemberEditable(disp, name);
+        content->isEditable = ReadMemberEditable(disp, name);
     if (rows)
-        content.service = ReadService(value);
+        content->service = ReadService(value);
     if (!rows)
-        return std::nullopt;
+        content.reset();
     return content;
 }
 

@@ -69,9 +69,14 @@ static_assert(std::is_sorted(std::begin(Rows), std::end(Rows), Before), "FindTyp
 } // namespace
 
 const TypeRow* FindTypeRow(EDataTyps type) {
-    const TypeRow* row = std::lower_bound(std::begin(Rows), std::end(Rows), type,
-                                          [](const TypeRow& r, EDataTyps wanted) { return r.type < wanted; });
-    return row != std::end(Rows) && row->type == type ? row : nullptr;
+    // Every cell asks: halves are chosen without a branch, which no processor could foresee.
+    const TypeRow* row = Rows;
+    for (std::size_t count = std::size(Rows); count > 1;) {
+        const std::size_t half = count / 2;
+        row += row[half].type <= type ? half : 0;
+        count -= half;
+    }
+    return row->type == type ? row : nullptr;
 }
 
 } // namespace korvel::internal
