@@ -31,7 +31,8 @@ protected:
     HistoryParent parent;
     CWnd grid;
     IGridErrorReporter* reporter = nullptr;
-    WriteFrame frame{grid, reporter};
+    GridOptions options;
+    WriteFrame frame{grid, reporter, options};
 };
 
 TEST_F(WriteFrameTest, EveryStepIsClosedOnceAndFailuresAreTold) {
@@ -76,8 +77,13 @@ TEST_F(WriteFrameTest, EveryStepIsClosedOnceAndFailuresAreTold) {
 TEST_F(WriteFrameTest, AParentThatFailsIsToldTheRestAndTheUserWhy) {
     Reporter told;
     reporter = &told;
-    for (const auto& [border, failing, wParam] :
-         Table<UINT, WPARAM>{{"opening", WM_HISTORY, 1}, {"closing", WM_HISTORY, 0}}) {
+    for (const auto& [border, failing, wParam, isInline] :
+         Table<UINT, WPARAM, bool>{{"opening", WM_HISTORY, 1, true},
+                                   {"closing", WM_HISTORY, 0, true},
+                                   {"and a box", WM_HISTORY, 0, false}}) {
+        options.Set(EGridOption::InlineErrors, isInline);
+        if (!isInline)
+            display.AnswerNext(IDOK);
         parent.onStep = [failing = failing, wParam = wParam](UINT message, WPARAM which) {
             if (message == failing && which == wParam)
                 throw Error("no step");
@@ -85,6 +91,7 @@ TEST_F(WriteFrameTest, AParentThatFailsIsToldTheRestAndTheUserWhy) {
         EXPECT_FALSE(frame.Run(30, [](HistoryStep&) { return true; })) << border;
         EXPECT_EQ(parent.Take(), "[Member edited]!") << border;
         EXPECT_EQ(std::exchange(told.log, {}), "Korvel: no step") << border;
+        EXPECT_EQ(display.ShownBoxes().size(), isInline ? 0u : 1u) << border;
     }
 }
 

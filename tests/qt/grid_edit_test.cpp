@@ -111,6 +111,7 @@ TEST_F(CellEditOnDesktop, APressOnAWidgetOfTheHostIsOneWayOut) {
 TEST_F(CellEditOnDesktop, TheCommandOfARefusedPressDoesNotCloseTheField) {
     CountingReporter reporter;
     grid.m_pErrorReporter = &reporter;
+    grid.SetGridOption(EGridOption::InlineErrors, true); // no boxes
     std::vector<bool> ended;
     QObject::connect(&hostButton, &QPushButton::clicked, [&] { ended.push_back(grid.EndEdit()); });
     ClickCell(0);

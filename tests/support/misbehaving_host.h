@@ -103,6 +103,7 @@ struct MisbehavingHost {
         grid.emplace(&observer, nullptr);
         grid->onCall = [this] { calls.Count(); };
         grid->m_pErrorReporter = &reporter;
+        grid->SetGridOption(EGridOption::InlineErrors, true); // no boxes
         grid->Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 105);
         grid->ModifyImageStyle(IS_AskParent, 0);
     }

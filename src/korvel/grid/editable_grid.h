@@ -242,7 +242,7 @@ protected:
     std::uint32_t m_ImplementationDetails = 0;
     std::vector<SColumnInfo> m_ColumnInfo;
     bool m_bLabelEditArmed = true; ///< false while OnRenameAttribut_V1 starts the edit of the label
-    /// Hears of failures in place of the error box; null: none. Not owned; must outlive the grid.
+    /// Hears of failures, under InlineErrors in place of the error box; null: none. Not owned; must outlive the grid.
     IGridErrorReporter* m_pErrorReporter = nullptr;
 
 private:

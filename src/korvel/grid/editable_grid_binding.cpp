@@ -16,7 +16,7 @@ using namespace internal;
 
 CEditableGrid::Binding::Binding(CEditableGrid& grid, IObserverGrid* observer)
     : m_grid(grid), rows(*this, observer, grid.m_Layout), columns(grid, rows.layout, grid.m_ColumnInfo),
-      frame(grid, grid.m_pErrorReporter), operations(grid, rows, frame, observer),
+      frame(grid, grid.m_pErrorReporter, grid.m_options), operations(grid, rows, frame, observer),
       labelEdit(grid, rows, frame, observer) {}
 
 bool CEditableGrid::Binding::RunCommand(GridCommand command) {

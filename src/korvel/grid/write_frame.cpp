@@ -12,10 +12,10 @@ namespace {
 constexpr const char* Caption = "Korvel";
 constexpr int UnknownFailureText = 46;
 
-std::string MessageOf(const FirstFailure& failure, const WriteFrame::Explain& explain) {
+std::string MessageOf(const std::exception_ptr& failure, const WriteFrame::Explain& explain) {
     std::string text;
     try {
-        failure.Rethrow();
+        std::rethrow_exception(failure);
     } catch (const std::exception& exception) {
         text = exception.what();
     } catch (...) {
@@ -48,7 +48,7 @@ bool WriteFrame::Run(int title, const Write& write, const Explain& explain) {
         failure.Try([&] { step.RollBack(); });
     }
     if (failure)
-        Tell(MessageOf(failure, explain));
+        Tell(failure.Exception(), explain);
     return false;
 }
 
@@ -58,15 +58,22 @@ bool WriteFrame::RunOutside(const std::function<void()>& action) {
     FirstFailure failure;
     failure.Try(action);
     if (failure)
-        Tell(MessageOf(failure, {}));
+        Tell(failure.Exception(), {});
     return !failure;
 }
 
 void WriteFrame::Tell(const std::string& message) const {
+    const bool hasBox = !m_reporter || !m_options.Has(EGridOption::InlineErrors);
+    FirstFailure failure;
     if (m_reporter)
-        m_reporter->Report(Caption, message);
-    else if (m_grid.m_hWnd)
-        MessageBoxA(m_grid.m_hWnd, message, Caption, MB_OK | MB_ICONERROR);
+        failure.Try([&] { m_reporter->Report(Caption, message); });
+    if (hasBox && m_grid.m_hWnd)
+        failure.Try([&] { MessageBoxA(m_grid.m_hWnd, message, Caption, MB_OK | MB_ICONERROR); });
+    failure.Rethrow();
+}
+
+void WriteFrame::Tell(const std::exception_ptr& failure, const Explain& explain) const {
+    Tell(MessageOf(failure, explain));
 }
 
 } // namespace korvel::internal

@@ -1,8 +1,10 @@
 #pragma once
 
+#include "korvel/editors/grid_option.h"
 #include "korvel/grid/grid_error_reporter.h"
 #include "korvel/grid/history_step.h"
 
+#include <exception>
 #include <functional>
 #include <string>
 
@@ -28,8 +30,9 @@ namespace korvel::internal {
 /// binding, destroy the window and move the focus: look after Run and Tell.
 class WriteFrame {
 public:
-    /// Both must outlive it; the parent and the reporter (null: none) are those of the time of a run.
-    WriteFrame(const CWnd& grid, IGridErrorReporter* const& reporter) : m_grid(grid), m_reporter(reporter) {}
+    /// All must outlive it; the parent, the reporter (null: none) and the options are those of the time of a run.
+    WriteFrame(const CWnd& grid, IGridErrorReporter* const& reporter, const GridOptions& options)
+        : m_grid(grid), m_reporter(reporter), m_options(options) {}
     WriteFrame(const WriteFrame&) = delete;
     WriteFrame& operator=(const WriteFrame&) = delete;
 
@@ -44,13 +47,16 @@ public:
     bool Run(int title, const Write& write, const Explain& explain = {});
     /// The same without a step, for what makes none. False: it threw.
     bool RunOutside(const std::function<void()>& action);
-    /// Tells the user of a failure: by the reporter, else in a box over the grid, unless its window is gone.
+    /// Tells the user of a failure: by the reporter, and in a box over the grid, unless its window is gone. Under
+    /// InlineErrors a reporter stands for the box.
     void Tell(const std::string& message) const;
-    bool IsRunning() const { return m_isRunning; }
+    /// The same with the text of an exception; where that is empty, and nothing explains it, Text(46).
+    void Tell(const std::exception_ptr& failure, const Explain& explain) const;
 
 private:
     const CWnd& m_grid;
     IGridErrorReporter* const& m_reporter;
+    const GridOptions& m_options;
     bool m_isRunning = false;
 };
 

@@ -24,6 +24,8 @@ public:
     }
     /// Whether a step has failed.
     explicit operator bool() const { return m_exception != nullptr; }
+    /// Null when none has.
+    const std::exception_ptr& Exception() const { return m_exception; }
     void Rethrow() const {
         if (m_exception)
             std::rethrow_exception(m_exception);
