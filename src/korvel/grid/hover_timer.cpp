@@ -1,5 +1,8 @@
 #include "korvel/grid/hover_timer.h"
 
+#include "korvel/platform/first_failure.h"
+#include "korvel/platform/raised_flag.h"
+
 #include <utility>
 
 namespace korvel::internal {
@@ -38,8 +41,13 @@ void HoverTimer::Start() {
 
 void HoverTimer::Stop() {
     KillTimer();
-    if (std::exchange(m_row, -1) != -1)
-        NotifyParentCommand(m_grid.m_hWnd, HoverEnds);
+    if (m_row == -1 || m_isEnding)
+        return;
+    const RaisedFlag ending(m_isEnding);
+    FirstFailure failure;
+    failure.Try([&] { NotifyParentCommand(m_grid.m_hWnd, HoverEnds); }); // who may ask for the row
+    m_row = -1;
+    failure.Rethrow();
 }
 
 void HoverTimer::OnTimer() {
@@ -47,8 +55,9 @@ void HoverTimer::OnTimer() {
     if (m_row != -1 || row == -1)
         return Stop();
     m_row = row;
-    m_timer = m_grid.SetTimer(TimerId, MillisecondsToShow);
     NotifyParentCommand(m_grid.m_hWnd, HoverBegins);
+    if (m_row != -1 && m_grid.m_hWnd) // the parent may have ended it
+        m_timer = m_grid.SetTimer(TimerId, MillisecondsToShow);
 }
 
 } // namespace korvel::internal

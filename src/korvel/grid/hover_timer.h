@@ -27,6 +27,7 @@ private:
     CListCtrl& m_grid;
     std::uintptr_t& m_timer;
     int& m_row;
+    bool m_isEnding = false;
 };
 
 } // namespace korvel::internal
