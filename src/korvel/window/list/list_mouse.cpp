@@ -126,8 +126,10 @@ bool ReleaseButton(ListState& list, UINT button, CPoint point) {
     FollowedRow pressed(list, press.row);
     if (press.selectsAtRelease && pressed.IsThere())
         MoveSelection(list, pressed.row, SelectionChange::Replace);
-    if (press.editsAtRelease && pressed.IsThere())
+    if (press.editsAtRelease && pressed.IsThere()) {
+        list.slowClickRow = pressed.row;
         SetTimer(list.Handle(), LabelEditTimer, LabelEditDelay);
+    }
     return NotifyRow(list, button == MK_LBUTTON ? NM_CLICK : NM_RCLICK, pressed.row, press.column, point) !=
            0;
 }
@@ -136,8 +138,9 @@ bool FireLabelEditTimer(ListState& list, std::uintptr_t id) {
     if (id != LabelEditTimer)
         return false;
     KillTimer(list.Handle(), LabelEditTimer);
-    if (GetFocus() == list.Handle() && list.rows.Has(list.focusRow) && IsOnlySelected(list, list.focusRow))
-        BeginLabelEdit(list, list.focusRow);
+    const int row = std::exchange(list.slowClickRow, NoRow);
+    if (GetFocus() == list.Handle() && list.rows.Has(row) && IsOnlySelected(list, row))
+        BeginLabelEdit(list, row);
     return true;
 }
 

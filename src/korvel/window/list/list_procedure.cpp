@@ -137,6 +137,9 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
         return ChangeFocus(list, NM_KILLFOCUS);
     case WM_GETDLGCODE:
         return DLGC_WANTARROWS | DLGC_WANTCHARS;
+    case WM_SYSKEYDOWN:
+        ForgetLabelClick(list.Handle());
+        return std::nullopt;
     case WM_KEYDOWN:
         ForgetLabelClick(list.Handle()); // the user goes on by the keyboard, perhaps in another row
         return AnsweredIf(PressKey(list, static_cast<UINT>(wParam)));

@@ -40,6 +40,7 @@ void EraseRows(ListState& list, int first, int last) {
     PassOnForErasure(list.markRow, first, last, list.rows.Size());
     ShiftForErasure(list.labelEdit.row, first, last);
     ShiftForErasure(list.press.row, first, last);
+    ShiftForErasure(list.slowClickRow, first, last);
     for (FollowedRow* followed = list.followedRows; followed; followed = followed->outer)
         ShiftForErasure(followed->row, first, last);
     for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->Outer())
@@ -82,7 +83,8 @@ RowRecord RecordOf(const ListRow& content, bool hasTextSource) {
 int PlaceRows(ListState& list, int row, int count, const RowBlocks::Maker& make) {
     row = std::min(row, list.rows.Size());
     list.rows.Insert(row, count, make);
-    for (int* remembered : {&list.focusRow, &list.markRow, &list.labelEdit.row, &list.press.row})
+    for (int* remembered :
+         {&list.focusRow, &list.markRow, &list.labelEdit.row, &list.press.row, &list.slowClickRow})
         ShiftForInsertion(*remembered, row, count);
     for (FollowedRow* followed = list.followedRows; followed; followed = followed->outer)
         ShiftForInsertion(followed->row, row, count);

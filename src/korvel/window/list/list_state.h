@@ -90,6 +90,7 @@ public:
 
     ListPress press;
     bool isPressRefused = false; // the last one did not bring the focus
+    int slowClickRow = NoRow;    // whose label is edited when the timer of a slow click ends
     TypeAhead typeAhead;
     ListLabelEdit labelEdit;
 };
