@@ -10,11 +10,14 @@ IMemberDispatch* OwnerOf(const AttributeRows& rows, const grid::CTreeItem& node)
     return node.parent() ? node.parent()->info->disp : rows.GetRoot();
 }
 
+ChosenMember MemberOf(const grid::CTreeItem* row, const AttributeRows& rows) {
+    return row && row->info ? ChosenMember{OwnerOf(rows, *row), row->info->text} : ChosenMember();
+}
+
 } // namespace
 
 ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& rows) {
-    const grid::CTreeItem* node = grid.GetSelectedNode();
-    return node && node->info ? ChosenMember{OwnerOf(rows, *node), node->info->text} : ChosenMember();
+    return MemberOf(grid.GetSelectedNode(), rows);
 }
 
 ChosenMember SelectedValue(const CSuperGridCtrl& grid, const AttributeRows& rows) {
@@ -26,12 +29,12 @@ ChosenMember SelectedValue(const CSuperGridCtrl& grid, const AttributeRows& rows
     return {rows.ObjectOf(grid.GetSelectedNode()), name};
 }
 
-ChosenMember SelectedLabel(const CSuperGridCtrl& grid, const AttributeRows& rows) {
-    ChosenMember member = SelectedMember(grid, rows);
+ChosenMember LabelOf(const grid::CTreeItem* row, const AttributeRows& rows) {
+    ChosenMember member = MemberOf(row, rows);
     if (!rows.layout.RowsAreObjects())
         return member;
     const LossWatch noLoss = rows.WatchRows();
-    if (const IMemberDispatch* object = rows.ObjectOf(grid.GetSelectedNode()))
+    if (const IMemberDispatch* object = rows.ObjectOf(row))
         member.name = object->GetIdent();
     return noLoss ? member : ChosenMember();
 }

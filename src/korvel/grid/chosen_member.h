@@ -21,8 +21,8 @@ ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& row
 /// The member whose value the selected row shows; where a row is an object, that of the column under the pointer,
 /// else of the focused one.
 ChosenMember SelectedValue(const CSuperGridCtrl& grid, const AttributeRows& rows);
-/// What the label of the selected row names; where a row is an object, that one by its own name.
-ChosenMember SelectedLabel(const CSuperGridCtrl& grid, const AttributeRows& rows);
+/// What the label of a row names; where a row is an object, that one by its own name. None for null.
+ChosenMember LabelOf(const grid::CTreeItem* row, const AttributeRows& rows);
 
 /// The column under the pointer; -1: none.
 int ColumnUnderPointer(const CListCtrl& list);

@@ -64,13 +64,13 @@ bool CEditableGrid::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 void CEditableGrid::OnLvnBeginlabeledit(NMHDR*, LRESULT* result) {
-    *result = m_binding->labelEdit.Begin() ? 0 : 1;
+    *result = !IsEditing() && m_binding->labelEdit.Begin() ? 0 : 1;
 }
 
 void CEditableGrid::OnLvnEndlabeledit(NMHDR* header, LRESULT* result) {
     const bool isHidden = CauseOfFocusMove() == FocusCause::Hidden; // nobody could type it anew
-    const char* typed = reinterpret_cast<NMLVDISPINFO*>(header)->pszText;
-    *result = m_binding->labelEdit.End(isHidden ? nullptr : typed) ? 1 : 0;
+    const auto& edited = *reinterpret_cast<const NMLVDISPINFO*>(header);
+    *result = m_binding->labelEdit.End(edited.iItem, isHidden ? nullptr : edited.pszText) ? 1 : 0;
 }
 
 void CEditableGrid::OnAddAttribut_V1() {

@@ -212,9 +212,9 @@ public:
 
 protected:
     /// The label of the selected row is about to be edited: `*result` 1 refuses, as where the member allows
-    /// neither MF_Rename nor MF_Change.
+    /// neither MF_Rename nor MF_Change, and while a cell is being edited.
     void OnLvnBeginlabeledit(NMHDR* header, LRESULT* result);
-    /// It was edited: renames the member in an undoable step, and `*result` is 1 when that was done.
+    /// A label was edited: renames the member of its row in an undoable step, and `*result` is 1 when that was done.
     void OnLvnEndlabeledit(NMHDR* header, LRESULT* result);
 
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;

@@ -17,7 +17,7 @@ constexpr int RenamedText = 31;
 bool MemberLabelEdit::Begin() {
     bool isAllowed = false;
     m_frame.RunOutside([&] {
-        ChosenMember member = SelectedLabel(m_grid, m_rows);
+        ChosenMember member = LabelOf(m_grid.GetSelectedNode(), m_rows);
         if (!member)
             member.disp = m_rows.GetRoot(); // kept: without a selected row the object itself is asked
         if (!member)
@@ -32,7 +32,7 @@ bool MemberLabelEdit::Begin() {
     return isAllowed;
 }
 
-bool MemberLabelEdit::End(const char* text) {
+bool MemberLabelEdit::End(int row, const char* text) {
     if (!text)
         return false;
     const std::string newName = text;
@@ -41,7 +41,7 @@ bool MemberLabelEdit::End(const char* text) {
         return false;
     }
     ChosenMember member;
-    m_frame.RunOutside([&] { member = SelectedLabel(m_grid, m_rows); });
+    m_frame.RunOutside([&] { member = LabelOf(m_grid.NodeAtRow(row), m_rows); });
     if (!member)
         return false;
     IMemberDispatch* disp = member.disp;
