@@ -112,13 +112,13 @@ void CEditableGrid::OnChangeType(EDataTyps target) {
 void CEditableGrid::OnOpenFile() {
     const ModuleStateGuard guard;
     if (const auto path = EndEdit() ? m_binding->operations.FindPath() : std::nullopt)
-        OpenFile(*path);
+        m_binding->frame.RunOutside([&] { OpenFile(*path); });
 }
 
 void CEditableGrid::OnOpenFolder() {
     const ModuleStateGuard guard;
     if (const auto path = EndEdit() ? m_binding->operations.FindPath() : std::nullopt)
-        OpenFolder(FolderOf(*path));
+        m_binding->frame.RunOutside([&] { OpenFolder(FolderOf(*path)); });
 }
 
 bool CEditableGrid::OpenFile(CString path) {

@@ -151,10 +151,10 @@ public:
     std::uint32_t GetImageStyle() const { return m_ImageStyle; }
 
     // What the user does to the member of the selected row, each also as a GridCommand. Without a selected row
-    // nothing happens; what an object throws is told as a failed write is. The grid changes the object and
+    // nothing is done but adding; what an object throws is told as a failed write is. The grid changes the object and
     // tells the observer; rows follow the sink. What is being edited ends first; refused, nothing else is done.
-    /// Asks OnAddMember, then the user in a dialog, for a member of the selected row's object, else of the root.
-    /// No undoable step.
+    /// Asks OnAddMember, then the user in a dialog, for a member of the selected row's object; without a selected
+    /// row of the root. No undoable step.
     void OnAddAttribut_V1();
     /// Asks for MF_Delete and OnRemoveMember; no undoable step.
     void OnDelAttribut_V1();

@@ -7,8 +7,8 @@ namespace korvel {
 ///
 ///     grid.SendMessageA(WM_COMMAND, static_cast<WPARAM>(GridCommand::RemoveMember));
 ///
-/// The grid asks the object of the row what it allows, but for a change of the type: whoever offers that asks
-/// GetMemberFlags before.
+/// The grid asks the object of the row for the flag of the member that allows removing, renaming or protecting it. A
+/// new member, a change of the type and the opening of a file are done unasked: whoever offers them asks before.
 enum class GridCommand : unsigned {
     ChangeToInt = 15010,
     ChangeToDouble = 15011,
