@@ -1,7 +1,9 @@
 #include "korvel/grid/row_mouse.h"
 
+#include "korvel/editors/cell_geometry.h"
 #include "korvel/grid/row_checks.h"
 #include "korvel/grid/row_watch.h"
+#include "korvel/grid/seen_cell.h"
 #include "korvel/window/list/list_mouse.h"
 
 #include <algorithm>
@@ -30,18 +32,23 @@ void RowMouse::Press(UINT flags, CPoint point) {
         return;
     }
     m_list.currentColumn = hit.iSubItem;
+    const CRect before = CellRect(m_list, hit.iItem, hit.iSubItem);
     m_list.ShowColumn(hit.iSubItem);
     m_list.RedrawItems(hit.iItem, hit.iItem);
-    if (row)
-        m_list.OnControlLButtonDown(flags, point, hit);
+    if (!row)
+        return;
+    hit.pt.x += CellRect(m_list, hit.iItem, hit.iSubItem).left - before.left; // the place that was pressed
+    m_list.OnControlLButtonDown(flags, hit.pt, hit);
 }
 
-void RowMouse::DoubleClick(CPoint point) {
+void RowMouse::DoubleClick(UINT flags, CPoint point) {
     if (WasPressRefused(m_list.m_hWnd))
         return;
     LVHITTESTINFO hit;
     hit.pt = point;
     const RowWatch row(m_tree, m_list.SubItemHitTest(&hit));
+    if (row && IsOnFlag(*row.Node(), hit))
+        return Press(flags, point); // two presses
     if (PassOn(row, hit) || !row || !row.Node()->CanExpand())
         return;
     Toggle(row, hit.iItem, IsOnSign(*row.Node(), hit) ? ToggledBy::Sign : ToggledBy::DoubleClick);
@@ -66,6 +73,12 @@ bool RowMouse::IsOnSign(const grid::CTreeItem& node, const LVHITTESTINFO& hit) c
     square.left = std::min(square.left + (node.indent() - 1) * m_list.iconWidth, end);
     square.right = std::min(square.left + m_list.iconWidth, end);
     return square.PtInRect(hit.pt);
+}
+
+bool RowMouse::IsOnFlag(const grid::CTreeItem& node, const LVHITTESTINFO& hit) const {
+    return hit.iSubItem > 0 && node.info &&
+           node.info->GetControlType(hit.iSubItem - 1) == CItemInfo::ctCheck &&
+           LeftSquare(CellRect(m_list, hit.iItem, hit.iSubItem)).PtInRect(hit.pt);
 }
 
 void RowMouse::Toggle(const RowWatch& row, int number, ToggledBy by) {

@@ -13,13 +13,14 @@ public:
     RowMouse(TreeGridList& list, TreeRows& tree) : m_list(list), m_tree(tree) {}
 
     void Press(UINT flags, CPoint point);
-    void DoubleClick(CPoint point);
+    void DoubleClick(UINT flags, CPoint point);
 
 private:
     enum class ToggledBy { Sign, DoubleClick };
 
     bool PassOn(const RowWatch& row, const LVHITTESTINFO& hit);
     bool IsOnSign(const grid::CTreeItem& node, const LVHITTESTINFO& hit) const;
+    bool IsOnFlag(const grid::CTreeItem& node, const LVHITTESTINFO& hit) const;
     void Toggle(const RowWatch& row, int number, ToggledBy by);
 
     TreeGridList& m_list;

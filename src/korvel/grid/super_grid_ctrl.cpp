@@ -164,7 +164,7 @@ LRESULT CSuperGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         RowMouse(*this, m_parts->tree).Press(static_cast<UINT>(wParam), PointOf(lParam));
         return 0;
     case WM_LBUTTONDBLCLK:
-        RowMouse(*this, m_parts->tree).DoubleClick(PointOf(lParam));
+        RowMouse(*this, m_parts->tree).DoubleClick(static_cast<UINT>(wParam), PointOf(lParam));
         return 0;
     case WM_MOUSEMOVE:
         if (m_parts->drag.IsActive())
