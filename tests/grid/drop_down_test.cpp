@@ -1,5 +1,6 @@
 #include "korvel/editors/i_grid_ctrl_combo_box_input_state.h"
 #include "korvel/platform/error.h"
+#include "korvel/window/list/header_ctrl.h"
 #include "support/edit_fixture.h"
 #include "support/table.h"
 
@@ -52,10 +53,28 @@ TEST_F(DropDown, OpensBelowItsCell) {
     EXPECT_EQ(GetFocus(), grid.m_hWnd) << "keys come to the grid";
     grid.CtrlEnd();
     ExpectUsable();
+    const HWND list = grid.m_ComboList.m_hWnd;
+    grid.DestroyWindow();
+    EXPECT_FALSE(IsWindow(list));
+}
+
+TEST_F(DropDown, InAPaneItEndsWithTheMoveOfTheWindowAround) {
+    grid.Clear();
+    CWnd pane;
+    pane.CreateEx(0, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, {0, 0, 300, 224}, &parent, 3);
+    pane.ModifyStyle(WS_CHILD, 0); // as embedded windows are
+    OpenedGrid inPane(&observer, nullptr);
+    inPane.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 300, 224}, &pane, 4);
+    inPane.Initialize(&root, "Name", "Value", 0);
+    const CRect cell = inPane.GetSubItemRect(inPane.RowOfNode(inPane.LookupTreeItem(&root, "list")), 1);
+    input::Mouse(inPane.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, MiddleOf(cell));
+    ASSERT_EQ(inPane.GetDroppedState(), 1);
+    parent.MoveWindow({5, 5, 405, 405});
+    EXPECT_EQ(inPane.GetDroppedState(), 0);
+    inPane.DestroyWindow();
 }
 
 TEST_F(DropDown, KeysAndPressesEndIt) {
-    const CPoint cell = MiddleOf(Cell("list"));
     for (const auto& [border, act, isEnded, codes] : Table<Act, bool, const char*>{
              {"Return", [&] { Return(); }, true, "<9>"},
              {"F4", [&] { Press(VK_F4); }, true, "<9>"},
@@ -78,8 +97,14 @@ TEST_F(DropDown, KeysAndPressesEndIt) {
                   input::Mouse(grid.m_ComboButton.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {3, 3});
               },
               true, ""},
-             {"its cell", [&] { grid.SendMessageA(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(cell.x, 5)); },
-              false, ""},
+             {"the header",
+              [&] {
+                  input::Mouse(grid.GetHeaderCtrl()->m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {30, 5});
+              },
+              true, ""},
+             {"a right press in another row",
+              [&] { input::Mouse(grid.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, MiddleOf(Cell("s"))); }, true, ""},
+             {"Return comes up again", [&] { Press(VK_RETURN, "", WM_KEYUP); }, false, ""},
              {"a press in the parent",
               [&] {
                   input::Mouse(parent.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {350, 350});

@@ -1,13 +1,15 @@
 #include "korvel/editors/dialog_around.h"
 
 #include "korvel/window/dialog/dialog_keyboard.h"
-#include "korvel/window/display/window_view.h"
 
 namespace korvel::internal {
 
 HWND TopLevelAround(HWND window) {
-    while (view::Style(window) & WS_CHILD)
-        window = GetParent(window);
+    HWND parent = GetParent(window);
+    while (parent && parent != GetOwner(window)) { // by style an embedded window is no child
+        window = parent;
+        parent = GetParent(window);
+    }
     return window;
 }
 

@@ -5,7 +5,7 @@
 /// What an item window asks of the windows around it.
 namespace korvel::internal {
 
-/// The window or one around it that is no child. Not the owner of that: it hears nothing while a dialog is modal.
+/// The outermost window around a window, or itself. Not the owner of that: it hears nothing while a dialog is modal.
 HWND TopLevelAround(HWND window);
 
 /// Moves the focus from `item`, in which a Tab was pressed (`message`), as its dialog does, or where there is none

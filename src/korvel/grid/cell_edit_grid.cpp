@@ -1,6 +1,6 @@
 #include "korvel/grid/cell_edit_grid.h"
 
-#include "korvel/editors/cell_geometry.h"
+#include "korvel/editors/item_keys.h"
 #include "korvel/grid/cell_actions.h"
 #include "korvel/grid/cell_keyboard.h"
 #include "korvel/grid/edit_session.h"
@@ -9,9 +9,8 @@
 #include "korvel/grid/seen_cell.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
-#include "korvel/window/dialog/dialog_focus.h"
-#include "korvel/window/dialog/dialog_state.h"
 #include "korvel/window/list/list_label_edit.h"
+#include "korvel/window/list/list_mouse.h"
 
 namespace korvel {
 
@@ -41,20 +40,23 @@ bool IsTab(UINT message, WPARAM key) {
 
 struct CellEditGrid::Parts {
     Parts(CellEditGrid& grid, EditedMembers& ofGrid, WriteFrame& frame)
-        : members(ofGrid), commit(members, frame, grid.m_Edit.m_pObserver),
+        : members(ofGrid), frameHook(&grid, &CellEditGrid::CtrlEnd),
+          commit(members, frame, grid.m_Edit.m_pObserver),
           dropDown(grid, commit,
-                   {grid.m_ComboList, grid.m_ComboEdit, grid.m_ComboButton, grid.m_ComboHook,
+                   {grid.m_ComboList, grid.m_ComboEdit, grid.m_ComboButton, grid.m_ComboHook, frameHook,
                     grid.m_DroppedState}),
           session(grid, members, commit, dropDown,
                   {grid.m_Edit, grid.m_Spin, grid.m_DateTime, grid.m_ActiveControl}),
           actions(grid, members, commit), hover(grid, grid.m_HoverTimer, grid.m_HighlightItem) {}
 
     EditedMembers& members;
+    CComboListHook<CellEditGrid> frameHook;
     MemberCommit commit;
     DropDownSession dropDown;
     EditSession session;
     CellActions actions;
     HoverTimer hover;
+    bool isListEndedByPress = false;
 };
 
 CellEditGrid::CellEditGrid(IObserverGrid* observer) : m_Edit(observer), m_DateTime(observer) {}
@@ -78,20 +80,20 @@ void CellEditGrid::CreateControls() {
     CreateButton();
 }
 
-bool CellEditGrid::CreateEdit() {
+void CellEditGrid::CreateEdit() {
     constexpr UINT EditStyle = WS_CHILD | WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL;
-    return m_Edit.Create(EditStyle | WS_DISABLED, {}, this, EditId) &&
-           m_Spin.Create(WS_CHILD | UDS_HORZ | WS_DISABLED, {}, this, SpinId) &&
-           m_DateTime.Create(WS_CHILD | DTS_SHOWNONE | WS_DISABLED, {}, this, DateId);
+    m_Edit.Create(EditStyle | WS_DISABLED, {}, this, EditId);
+    m_Spin.Create(WS_CHILD | UDS_HORZ | WS_DISABLED, {}, this, SpinId);
+    m_DateTime.Create(WS_CHILD | DTS_SHOWNONE | WS_DISABLED, {}, this, DateId);
 }
 
-bool CellEditGrid::CreateListBox() {
-    return m_ComboList.CreateDropDown(this, ListId);
+void CellEditGrid::CreateListBox() {
+    m_ComboList.CreateDropDown(this, ListId);
 }
 
-bool CellEditGrid::CreateButton() {
-    return m_ComboEdit.Create(WS_CHILD | WS_TABSTOP | ES_READONLY | WS_DISABLED, {}, this, FieldId) &&
-           m_ComboButton.Create("", ArrowStyle | WS_DISABLED, {}, this, ArrowId);
+void CellEditGrid::CreateButton() {
+    m_ComboEdit.Create(WS_CHILD | WS_TABSTOP | ES_READONLY | WS_DISABLED, {}, this, FieldId);
+    m_ComboButton.Create("", ArrowStyle | WS_DISABLED, {}, this, ArrowId);
 }
 
 bool CellEditGrid::EndEdit() {
@@ -280,7 +282,9 @@ LRESULT CellEditGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         message == WM_KILLFOCUS && (!m_ActiveControl || reinterpret_cast<HWND>(wParam) != m_ActiveControl);
     FirstFailure failure;
     LRESULT result = 0;
-    if (message == WM_SHOWWINDOW && !wParam) {
+    if (message == WM_DESTROY) {
+        failure.Try([&] { m_ComboList.DestroyWindow(); }); // the top-level window owns it
+    } else if (message == WM_SHOWWINDOW && !wParam) {
         failure.Try([&] { m_parts->session.End(EditSession::WayOut::Gone); });
         failure.Try([&] { CancelEditLabel(); });
     }
@@ -289,6 +293,8 @@ LRESULT CellEditGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         failure.Try([&] { CreateControls(); });
     else if (losesFocus)
         failure.Try([&] { m_parts->session.OnFocusLost(); });
+    else if (message == WM_LBUTTONDOWN && m_parts->isListEndedByPress)
+        ForgetLabelClick(m_hWnd);
     else if (message == WM_MOUSEMOVE)
         failure.Try([&] { m_parts->hover.OnMouseMove(PointOf(lParam)); });
     else if (message == WM_TIMER && wParam == HoverTimer::TimerId)
@@ -298,8 +304,10 @@ LRESULT CellEditGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool CellEditGrid::PreTranslateMessage(MSG& message) {
-    if (message.message != WM_MOUSEMOVE)
+    if (message.message != WM_MOUSEMOVE) {
         m_parts->session.OnInput();
+        m_parts->isListEndedByPress = false;
+    }
     if (m_parts->dropDown.IsPressOnField(message)) {
         CtrlEnd();
         return true;
@@ -313,8 +321,15 @@ bool CellEditGrid::PreTranslateMessage(MSG& message) {
 
 // The list has no focus: what is meant for it comes to the grid.
 bool CellEditGrid::TranslateDropped(const MSG& message) {
-    if (!IsKey(message.message))
-        return m_parts->dropDown.TakeMouse(message);
+    if (!IsKey(message.message)) {
+        if (m_parts->dropDown.TakeMouse(message))
+            return true;
+        if (!m_parts->dropDown.IsPress(message))
+            return false;
+        const bool isEnded = EndEdit();
+        m_parts->isListEndedByPress = true;
+        return !isEnded || !IsWindow(message.hwnd);
+    }
     if (OnKeyDropdownActive(message.message, static_cast<UINT>(message.wParam)))
         m_ComboList.SendMessageA(message.message, message.wParam, message.lParam);
     return true;
@@ -337,24 +352,18 @@ bool CellEditGrid::TranslateKey(const MSG& message) {
 
 int CellEditGrid::OnKeyDropdownActive(UINT message, UINT key) {
     const HWND window = m_hWnd;
-    switch (key) {
-    case VK_UP:
-        return message != WM_SYSKEYDOWN;
-    case VK_F4:
-        if (message != WM_KEYDOWN)
-            return 1;
-        [[fallthrough]];
-    case VK_RETURN:
-        OnOK();
-        return 1;
-    case VK_ESCAPE:
-        OnCancel();
-        return 1;
-    case VK_TAB:
-        if (message != WM_KEYDOWN)
-            return 1;
-        OnOK();
-        return IsWindow(window) && PressTab();
+    MSG pressed;
+    pressed.message = message;
+    pressed.wParam = key;
+    switch (ItemListKeyOf(pressed)) {
+    case ItemListKey::Ignore:
+        return 0;
+    case ItemListKey::Take:
+        return OnOK(), 1;
+    case ItemListKey::Cancel:
+        return OnCancel(), 1;
+    case ItemListKey::Leave:
+        return OnOK(), IsWindow(window) && LeaveGridByTab(window);
     default:
         return 1;
     }
@@ -363,17 +372,7 @@ int CellEditGrid::OnKeyDropdownActive(UINT message, UINT key) {
 int CellEditGrid::OnKeyDropdownInactive(UINT message, UINT key) {
     const bool dropsList =
         (message == WM_SYSKEYDOWN && key == VK_DOWN) || (message == WM_KEYDOWN && key == VK_F4);
-    return !dropsList && (!IsTab(message, key) || PressTab());
-}
-
-// As the dialog around the grid does it, where there is one. False: there is no tab stop.
-bool CellEditGrid::PressTab() {
-    const HWND focus = GetFocus();
-    const HWND parent = korvel::GetParent(m_hWnd);
-    const HWND dialog = OutermostDialog(parent);
-    const bool isBack = IsKeyDown(VK_SHIFT);
-    internal::PressTab(dialog ? dialog : parent, isBack);
-    return GetFocus() != focus || GetNextDlgTabItem(parent, m_hWnd, isBack);
+    return !dropsList && (!IsTab(message, key) || LeaveGridByTab(m_hWnd));
 }
 
 void CellEditGrid::OnEditedRowsGone() {

@@ -99,9 +99,9 @@ protected:
     /// Where the list drops: below field and arrow, as high as it may be, on the screen. It then takes whole rows.
     void CalculateDroppedRect(CRect& rect) const;
     void OnComboListSelOK();
-    bool CreateEdit();
-    bool CreateButton();
-    bool CreateListBox();
+    void CreateEdit();
+    void CreateButton();
+    void CreateListBox();
 
     /// Key messages while the list is dropped, and while it is not; 0 drops the message.
     virtual int OnKeyDropdownActive(UINT message, UINT key);
@@ -136,7 +136,6 @@ private:
     void Carry(const internal::EditDecision& decision, IMemberDispatch* disp, const CString& name);
     bool TranslateDropped(const MSG& message);
     bool TranslateKey(const MSG& message);
-    bool PressTab();
 
     std::unique_ptr<Parts> m_parts;
 };

@@ -3,10 +3,21 @@
 #include "korvel/grid/edit_keys.h"
 #include "korvel/grid/member_reads.h"
 #include "korvel/grid/seen_cell.h"
+#include "korvel/window/dialog/dialog_focus.h"
+#include "korvel/window/dialog/dialog_state.h"
 
 #include <algorithm>
 
 namespace korvel::internal {
+
+bool LeaveGridByTab(HWND grid) {
+    const HWND focus = GetFocus();
+    const HWND parent = GetParent(grid);
+    const HWND dialog = OutermostDialog(parent);
+    const bool isBack = IsKeyDown(VK_SHIFT);
+    PressTab(dialog ? dialog : parent, isBack);
+    return GetFocus() != focus || GetNextDlgTabItem(parent, grid, isBack);
+}
 
 bool CellKeyboard::Press(const MSG& message) {
     const grid::CTreeItem* node = m_grid.GetSelectedNode();

@@ -2,7 +2,9 @@
 
 #include "korvel/editors/cell_conversion.h"
 #include "korvel/editors/cell_geometry.h"
+#include "korvel/editors/dialog_around.h"
 #include "korvel/grid/grid_drop_down_notice.h"
+#include "korvel/platform/error.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/platform/raised_flag.h"
 #include "korvel/window/base/control_messages.h"
@@ -15,9 +17,21 @@ bool DropDownSession::IsOpen() const {
     return IsDropped() || m_controls.field.IsWindowVisible();
 }
 
+bool DropDownSession::IsPress(const MSG& message) {
+    switch (message.message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool DropDownSession::IsPressOnField(const MSG& message) const {
-    const bool isPress = message.message == WM_LBUTTONDOWN || message.message == WM_LBUTTONDBLCLK;
-    return isPress && (message.hwnd == m_controls.field.m_hWnd || message.hwnd == m_controls.arrow.m_hWnd);
+    return IsPress(message) &&
+           (message.hwnd == m_controls.field.m_hWnd || message.hwnd == m_controls.arrow.m_hWnd);
 }
 
 bool DropDownSession::TakeMouse(const MSG& message) {
@@ -62,6 +76,8 @@ void DropDownSession::Drop(const CRect& place, IMemberDispatch* disp, const std:
     CVariantValue value;
     if (!m_commit.IsShown(disp, name) || !disp->GetMember(name, value) || !m_commit.IsShown(disp, name))
         return;
+    if (!value.EnumValue)
+        throw Error(""); // there is nothing to choose from
     CComboList& list = m_controls.list;
     list.Initialize(disp, name);
     if (!m_commit.IsShown(disp, name))
@@ -71,8 +87,7 @@ void DropDownSession::Drop(const CRect& place, IMemberDispatch* disp, const std:
     list.DropBelow({place.left, place.top, place.right, place.top});
     list.ShowWindow(SW_SHOWNA);
     m_controls.droppedState = 1;
-    if (const HWND parent = korvel::GetParent(m_grid.m_hWnd))
-        m_controls.hook.HookWindow(parent);
+    HookAround();
     NotifyParentCommand(m_grid.m_hWnd, CBN_DROPDOWN);
     if (!IsDropped())
         return; // and the enumeration need not live any longer
@@ -80,6 +95,16 @@ void DropDownSession::Drop(const CRect& place, IMemberDispatch* disp, const std:
     NotifyDropped(text);
     if (IsDropped())
         ShowInField(text);
+}
+
+// In a pane, the window that is moved is not the grid's parent.
+void DropDownSession::HookAround() {
+    const HWND parent = korvel::GetParent(m_grid.m_hWnd);
+    if (!parent)
+        return;
+    m_controls.hook.HookWindow(parent);
+    if (const HWND frame = TopLevelAround(parent); frame != parent)
+        m_controls.frameHook.HookWindow(frame);
 }
 
 void DropDownSession::NotifyDropped(const CString& text) const {
@@ -107,32 +132,37 @@ void DropDownSession::Hide() {
     failure.Try([&] { m_controls.list.ShowWindow(SW_HIDE); });
     failure.Try([&] { m_controls.list.UnIntialize(); });
     failure.Try([&] { m_controls.hook.HookWindow(nullptr); });
+    failure.Try([&] { m_controls.frameHook.HookWindow(nullptr); });
     failure.Try([&] { m_controls.field.RedrawWindow(); });
     failure.Try([&] { NotifyParentCommand(m_grid.m_hWnd, CBN_CLOSEUP); });
     m_controls.droppedState = 0;
     failure.Rethrow();
 }
 
-void DropDownSession::End(Choice choice, bool tells) {
+bool DropDownSession::Write(bool tells) {
+    return m_commit.RunStep([&](HistoryStep&) {
+        try {
+            return m_controls.list.UpdateDisp(m_commit.Observer());
+        } catch (...) {
+            if (tells)
+                throw;
+            return false;
+        }
+    });
+}
+
+bool DropDownSession::End(Choice choice, bool tells) {
+    bool isWritten = true;
     FirstFailure failure;
     if (IsDropped() && choice == Choice::Taken)
-        failure.Try([&] {
-            m_commit.RunStep([&](HistoryStep&) {
-                try {
-                    return m_controls.list.UpdateDisp(m_commit.Observer());
-                } catch (...) {
-                    if (tells)
-                        throw;
-                    return false;
-                }
-            });
-        });
+        failure.Try([&] { isWritten = Write(tells); });
     failure.Try([&] { Hide(); });
     for (CWnd* control : {static_cast<CWnd*>(&m_controls.field), static_cast<CWnd*>(&m_controls.arrow)}) {
         failure.Try([&] { control->ShowWindow(SW_HIDE); }); // first, so that a focus in it goes to the grid
         failure.Try([&] { control->EnableWindow(false); });
     }
     failure.Rethrow();
+    return isWritten;
 }
 
 void DropDownSession::OnRenamed(const std::string& name) {

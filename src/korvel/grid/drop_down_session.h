@@ -16,7 +16,8 @@ public:
         CComboList& list;
         CGridCtrlComboBoxEdit& field;
         CGridCtrlComboBoxButton& arrow;
-        CSubclassWnd& hook;
+        CSubclassWnd& hook;      ///< for the grid's parent
+        CSubclassWnd& frameHook; ///< for the top-level window, where that is another one
         int& droppedState;
     };
     enum class Choice { Taken, Left };
@@ -30,6 +31,7 @@ public:
     /// Puts field and arrow over a cell, and a dropped list below them.
     void Place(const CRect& cell);
     void ShowField();
+    static bool IsPress(const MSG& message);
     /// Field and arrow go with the end of the edit: they must not get the press, which would leave them the capture.
     bool IsPressOnField(const MSG& message) const;
     /// The wheel, and a press over a dropped list, which are the list's wherever they come. True: it has them.
@@ -41,14 +43,16 @@ public:
     /// Closes the list without writing.
     void Hide();
     /// Writes a choice that is taken, and closes everything, whatever that throws. `tells`: the user hears of what
-    /// the object throws.
-    void End(Choice choice, bool tells);
+    /// the object throws. False when the object refused the choice.
+    bool End(Choice choice, bool tells);
     /// The text of the list's value goes into the field.
     void ShowText();
     void OnRenamed(const std::string& name);
 
 private:
     void ShowInField(const CString& text);
+    void HookAround();
+    bool Write(bool tells);
     void NotifyDropped(const CString& text) const;
 
     CWnd& m_grid;
