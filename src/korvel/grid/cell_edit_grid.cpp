@@ -183,9 +183,17 @@ void CellEditGrid::OnEdit(CItemInfo*, int row, int column, CPoint point, IMember
     if (!isThere() || !node->info)
         return;
     click.control = node->info->GetControlType(column - 1);
-    click.cell = GetSubItemRect(RowOfNode(node), column);
-    click.point = {point.x + click.cell.left - before.left, point.y + click.cell.top - before.top};
-    Carry(DecideEdit(click), disp, name);
+    const auto decide = [&] {
+        click.cell = GetSubItemRect(RowOfNode(node), column);
+        click.point = {point.x + click.cell.left - before.left, point.y + click.cell.top - before.top};
+        return DecideEdit(click);
+    };
+    if (OpensControl(decide().action)) {
+        EnsureVisible(RowOfNode(node), false); // which would be cut off with its row
+        if (!isThere())
+            return;
+    }
+    Carry(decide(), disp, name);
 }
 
 void CellEditGrid::Carry(const EditDecision& decision, IMemberDispatch* disp, const CString& name) {

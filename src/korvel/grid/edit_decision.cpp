@@ -86,6 +86,19 @@ EditDecision DecideEditable(const CellClick& click, Info::CONTROLTYPE control) {
 
 } // namespace
 
+bool OpensControl(CellAction action) {
+    switch (action) {
+    case CellAction::EditText:
+    case CellAction::EditPath:
+    case CellAction::EditBesideSpin:
+    case CellAction::PickDate:
+    case CellAction::DropList:
+        return true;
+    default:
+        return false;
+    }
+}
+
 EditDecision DecideEdit(const CellClick& click) {
     const auto control = ControlOf(click.type);
     if (!control || (!IsInLeftSquare(*control) && *control != click.control))

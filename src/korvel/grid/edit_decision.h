@@ -25,6 +25,9 @@ enum class CellAction {
     RollDice,
 };
 
+/// Whether the action opens a control over the cell.
+bool OpensControl(CellAction action);
+
 /// A click in a cell of a member.
 struct CellClick {
     EDataTyps type = DT_Void;
