@@ -41,6 +41,12 @@ TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
              {"a path", typed("path", "c.xml"), "[Member edited changed path=c.xml  set path=c.xml ]"},
              {"an angle", typed("angle", "1"), "[Member edited changed angle=1  set angle=1 ]"},
              {"a flag", [&] { Click("flag"); }, "[Member edited set flag=true  changed flag=true ]"},
+             {"a quick second press on it",
+              [&] {
+                  input::Mouse(grid.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON,
+                               {Cell("flag").left + 2, MiddleOf(Cell("flag")).y});
+              },
+              "[Member edited set flag=false  changed flag=false ]"},
              {"beside the square of a flag", [&] { ClickRight("flag"); }, ""},
              {"a color", [&] { display.AnswerNextColor(0x00FF00), Click("color"); },
               "[Member edited set color=ff00ff00  changed color=ff00ff00 ]"},
@@ -142,18 +148,25 @@ TEST_F(EditTest, EscapeGivesUpADateWhereTheGridSaysSo) {
     }
 }
 
-TEST_F(EditTest, AChoiceThatTheObjectRefusesIsRolledBack) {
+TEST_F(EditTest, AChoiceThatTheObjectRefusesIsRolledBackAndStopsTheCommand) {
     TestEnumeration colors({"red", "green"});
-    root.With("list", colors.ValueOf(",1,"));
+    root.With("list", colors.ValueOf(",1,")).With("date", MakeDate("GDT_VALID", 44000.5));
     grid.Initialize(&root, "Name", "Value", 0);
-    Click("list");
-    Press(VK_DOWN);
-    onSet = [&] { root.RemoveMember("list"); }; // which refuses the write
-    parent.Take();
-    Return();
-    onSet = nullptr;
-    const std::string log = parent.Take();
-    EXPECT_NE(log.find("]!"), std::string::npos) << log;
+    for (const auto& [name, choose] :
+         Table<Act>{{"list", [&] { Press(VK_DOWN); }}, {"date", [&] {
+                                                            grid.m_DateTime.SetTime({2026, 3, 0, 4});
+                                                        }}}) {
+        SCOPED_TRACE(name);
+        Click(name);
+        choose();
+        onSet = [&, member = std::string(name)] { root.RemoveMember(member); }; // which refuses the write
+        parent.Take();
+        EXPECT_FALSE(grid.EndEdit());
+        onSet = nullptr;
+        const std::string log = parent.Take();
+        EXPECT_NE(log.find("]!"), std::string::npos) << log;
+        ExpectUsable();
+    }
     grid.Clear();
     root.LetGo();
 }
@@ -199,6 +212,11 @@ protected:
                  [this] { observer.sinks[&root]->OnOperationRemove("v", {}); }},
                 {"the member is retyped", Left::Dropped,
                  [this] { observer.sinks[&root]->OnOperationChangeType("v", DT_Double, Whole(DT_Int, 1)); }},
+                {"the member is protected", Left::Dropped,
+                 [this] {
+                     root.SetMemberEditable("v", false);
+                     grid.CtrlEnd();
+                 }},
                 {"the program is left", Left::Open, [] { input::ProgramLeft(); }},
                 {"a dialog opens", Left::Open, [this] { parent.EnableWindow(false); }},
                 {"a box is shown", Left::Open,
@@ -496,6 +514,25 @@ TEST_F(EditTest, CellsOfObjectsAreEditedInTheirColumns) {
     root.LetGo();
 }
 
+TEST_F(EditTest, APressMeansThePlaceThatItMetWhereTheGridScrolls) {
+    root.With("dice", Whole(DT_RandomUInt, 500));
+    Bind();
+    grid.SetColumnWidth(0, 200);
+    grid.SetColumnWidth(1, 200);
+    ClickAt({grid.GetClientRect().right - 10, MiddleOf(Cell("dice")).y});
+    EXPECT_TRUE(IsFieldOpen()) << "the dice were beside";
+    EXPECT_EQ(parent.Take(), "");
+    Return();
+    grid.SetColumnWidth(0, 100);
+    grid.SetColumnWidth(1, 100);
+    grid.MoveWindow({0, 0, 300, 214});
+    const CRect cut = grid.GetSubItemRect(grid.GetTopIndex() + grid.GetCountPerPage(), 1);
+    ASSERT_GT(cut.bottom, 214);
+    ClickAt({cut.left + 2, cut.top + 2});
+    EXPECT_TRUE(IsFieldOpen());
+    EXPECT_LE(view::Rectangle(grid.m_Edit.m_hWnd).bottom, 214);
+}
+
 TEST_F(EditTest, ASpinButtonStepsTheFieldAndTellsARefusalOnce) {
     root.With("range", Whole(DT_RangeInt, 40));
     grid.Initialize(&root, "Name", "Value", 0);
@@ -514,9 +551,20 @@ TEST_F(EditTest, ASpinButtonStepsTheFieldAndTellsARefusalOnce) {
     EXPECT_EQ(TakeBoxes(), 1u);
     EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "x");
     EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd);
-    Type("42");
     Return();
-    EXPECT_EQ(parent.Take(), "[Member edited changed range=42  set range=42 ]");
+    EXPECT_EQ(TakeBoxes(), 0u) << "the second way out";
+    ExpectUsable();
+    Click("range");
+    parent.Take();
+    observer.onChange = [&] { other.SetFocus(); };
+    press();
+    observer.onChange = nullptr;
+    EXPECT_EQ(parent.Take(), " changed range=42  set range=42 [Member edited]");
+    ExpectUsable();
+    Click("range");
+    Type("50");
+    Return();
+    EXPECT_EQ(parent.Take(), "[Member edited changed range=50  set range=50 ]");
     ExpectUsable();
     EXPECT_FALSE(grid.m_Spin.IsWindowVisible());
     grid.SetColumnWidth(1, 25);

@@ -259,11 +259,6 @@ TEST_F(MemberOperationsTest, ASlowSecondClickOnTheNameOfTheSelectedRowEditsIt) {
                   Click(grid, nameOfX);
                   Click(grid, nameOfX, WM_LBUTTONDBLCLK);
               }},
-             {"a key soon after", false, click(nameOfX),
-              [&] {
-                  Click(grid, nameOfX);
-                  Press(grid, VK_DOWN);
-              }},
              {"a member that forbids it", false,
               [&] {
                   point.memberFlags = 0;

@@ -123,7 +123,7 @@ void CGridCtrlSpinButton::Release() {
     const bool wasPressed = m_bPressed;
     EndPress();
     if (wasPressed && m_pEdit)
-        Try([this] { m_pEdit->End(false); });
+        Try([this] { m_writeHook ? m_writeHook() : m_pEdit->End(false); });
 }
 
 void CGridCtrlSpinButton::EndPress() {

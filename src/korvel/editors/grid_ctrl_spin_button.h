@@ -30,6 +30,8 @@ public:
     /// exception goes to the sender of the message.
     using FailureHook = std::function<void(std::exception_ptr)>;
     void SetFailureHook(FailureHook hook) { m_failureHook = std::move(hook); }
+    /// Called at the end of a press in place of the field's End(false), for owners that have more to do.
+    void SetWriteHook(std::function<void()> hook) { m_writeHook = std::move(hook); }
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
@@ -63,6 +65,7 @@ private:
     LRESULT Paint(CDC& dc) const;
 
     FailureHook m_failureHook;
+    std::function<void()> m_writeHook;
 };
 
 } // namespace korvel

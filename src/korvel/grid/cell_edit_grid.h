@@ -30,9 +30,9 @@ struct EditDecision;
 /// One control is open at most. It ends, and its value is written, when the focus leaves it, when its row is
 /// scrolled or collapsed out of sight or its column is dragged, and when the grid is cleared, hidden or destroyed;
 /// it moves with its row otherwise. A text that is refused stays in the field, which comes back into view with the
-/// focus; a second way out with the same text closes the field without it. Leaving the program, boxes and dialogs
-/// end no text, date or name. A member that the host removes or gives another type while it is edited drops the
-/// edit; a renamed one takes it along.
+/// focus; a second way out with the same text closes the field without writing it. Leaving the program, boxes and
+/// dialogs end no text, date or name; a dropped list is written and closed then. A member that the host removes,
+/// protects or gives another type while it is edited drops the edit; a renamed one takes it along.
 ///
 /// The controls are made with the window, hidden and disabled, and live as long as it.
 class KORVEL_API CellEditGrid : public CSuperGridCtrl {
@@ -40,7 +40,7 @@ public:
     ~CellEditGrid() override;
 
     /// Writes and closes what is being edited, a cell or the name of a row. False when it was refused (a cell then
-    /// stays open, a name is what it was), and from within a commit: the caller leaves everything as it is.
+    /// stays open where it is a text, a name is what it was), and from within a commit: the caller leaves everything as it is.
     bool EndEdit();
     /// Whether a cell is being edited.
     bool IsEditing() const;

@@ -29,22 +29,7 @@ grid::CTreeItem* OutermostClosedGroup(const grid::CTreeItem& node) {
     return closed;
 }
 
-std::string WhatOf(const std::exception_ptr& failure) {
-    try {
-        std::rethrow_exception(failure);
-    } catch (const std::exception& exception) {
-        return exception.what();
-    } catch (...) {
-        return {};
-    }
-}
-
 } // namespace
-
-CRect EditSession::Offsets::Around(const CRect& cell) const {
-    return {cell.left + left, cell.top + top, std::max(cell.left + left, cell.right + right),
-            cell.bottom + bottom};
-}
 
 EditSession::EditSession(CSuperGridCtrl& grid, EditedMembers& members, const MemberCommit& commit,
                          DropDownSession& dropDown, Controls controls)
@@ -55,6 +40,7 @@ EditSession::EditSession(CSuperGridCtrl& grid, EditedMembers& members, const Mem
         });
     m_controls.spin.m_pEdit = &m_controls.text;
     m_controls.spin.m_Step = -1.0; // the first arrow raises
+    m_controls.spin.SetWriteHook([this] { WriteStep(); });
     m_controls.spin.SetFailureHook([this](const std::exception_ptr& failure) { OnStepFailed(failure); });
 }
 
@@ -69,12 +55,9 @@ bool EditSession::IsEdited(IMemberDispatch* disp, const std::string& name) const
 void EditSession::Begin(const CRect& field, IMemberDispatch* disp, const std::string& name) {
     const int column = m_members.ColumnOf(name);
     const CRect cell = CellRect(m_grid, m_grid.RowOfNode(m_members.FindRow(disp, name)), column);
-    m_member = EditedMember{
-        disp,
-        name,
-        column,
-        {field.left - cell.left, field.top - cell.top, field.right - cell.right, field.bottom - cell.bottom}};
+    m_member = EditedMember{disp, name, column, CellOffsets::Of(field, cell)};
     m_refused.reset();
+    m_wayOutInCommit.reset();
     m_grid.SetCellsMovedHook([this] { FollowCell(); });
 }
 
@@ -131,25 +114,36 @@ void EditSession::StartList(const CRect& cell, IMemberDispatch* disp, const std:
 }
 
 bool EditSession::End(WayOut way) {
-    if (g_InCtrlEnd)
+    if (g_InCtrlEnd) {
+        m_wayOutInCommit = way;
         return false;
+    }
     m_isRefusedByPress = false;
     if (!IsOpen())
         return true;
     const RaisedFlag ending(g_InCtrlEnd);
-    return EndAll(way);
+    if (CanWrite())
+        return EndAll(way);
+    Drop();
+    return true;
+}
+
+// The object is asked again: it may have protected the member meanwhile.
+bool EditSession::CanWrite() const {
+    const auto member = m_member;
+    return !member || m_commit.CanWrite(member->disp, member->name);
 }
 
 bool EditSession::EndAll(WayOut way) {
-    bool isEnded = false;
+    bool isChosen = true, isEnded = false, isDated = true;
     FirstFailure failure;
-    failure.Try([&] { m_dropDown.End(DropDownSession::Choice::Taken, way == WayOut::User); });
+    failure.Try([&] { isChosen = m_dropDown.End(DropDownSession::Choice::Taken, way == WayOut::User); });
     failure.Try([&] { isEnded = EndText(way, failure); });
-    failure.Try([&] { EndDate(way); });
+    failure.Try([&] { isDated = EndDate(way); });
     if (isEnded)
         failure.Try([&] { Close(); });
     failure.Rethrow();
-    return isEnded;
+    return isEnded && isChosen && isDated;
 }
 
 bool EditSession::EndByCommand() {
@@ -180,7 +174,7 @@ bool EditSession::EndText(WayOut way, FirstFailure& failure) {
         return true; // also when the host has dropped it meanwhile
     if (isWritten)
         return false; // the host has begun another edit meanwhile
-    return way == WayOut::Gone || !KeepRefused(typed);
+    return way == WayOut::Gone || m_wayOutInCommit == WayOut::Gone || !KeepRefused(typed);
 }
 
 bool EditSession::IsTextWritten(WayOut way) {
@@ -226,11 +220,11 @@ bool EditSession::KeepRefused(const CString& text) {
     return true;
 }
 
-void EditSession::EndDate(WayOut way) {
+bool EditSession::EndDate(WayOut way) {
     CGridCtrlDateTime& date = m_controls.date;
     if (!date.m_pDisp)
-        return;
-    m_commit.RunStep([&](HistoryStep&) {
+        return true;
+    return m_commit.RunStep([&](HistoryStep&) {
         try {
             return date.End();
         } catch (...) {
@@ -317,11 +311,38 @@ void EditSession::OnRenamed(IMemberDispatch* disp, const std::string& name, cons
     FollowCell();
 }
 
-void EditSession::OnStepFailed(const std::exception_ptr& failure) {
+// The host may move the focus or hide the grid meanwhile: the edit then ends after the write, as another one.
+void EditSession::WriteStep() {
+    if (g_InCtrlEnd)
+        return; // the end of the edit writes it
+    if (!CanWrite())
+        return Drop();
+    m_wayOutInCommit.reset();
+    {
+        const RaisedFlag writing(g_InCtrlEnd);
+        m_controls.text.End(false);
+    }
+    if (const auto way = std::exchange(m_wayOutInCommit, std::nullopt))
+        End(*way);
+}
+
+void EditSession::OnStepFailed(const std::exception_ptr& stepFailure) {
     CGridCtrlEdit& text = m_controls.text;
-    m_commit.Tell(ExplainRefusal(WhatOf(failure), text.GetWindowTextA(), text.m_pDisp));
-    if (text.m_pDisp)
-        text.SetFocus();
+    const CString typed = text.GetWindowTextA();
+    const auto isGone = [&] { return !text.m_pDisp || m_wayOutInCommit == WayOut::Gone; };
+    FirstFailure failure;
+    if (!isGone()) {
+        const RaisedFlag telling(g_InCtrlEnd);
+        failure.Try([&] {
+            m_commit.Tell(stepFailure,
+                          [&](const std::string& own) { return ExplainRefusal(own, typed, text.m_pDisp); });
+        });
+    }
+    failure.Try([&] {
+        if (isGone() || !KeepRefused(typed))
+            Drop();
+    });
+    failure.Rethrow();
 }
 
 const grid::CTreeItem* EditSession::EditedNode() const {

@@ -3,6 +3,7 @@
 #include "korvel/editors/grid_ctrl_date_time.h"
 #include "korvel/editors/grid_ctrl_edit.h"
 #include "korvel/editors/grid_ctrl_spin_button.h"
+#include "korvel/grid/cell_offsets.h"
 #include "korvel/grid/drop_down_session.h"
 #include "korvel/grid/super_grid_ctrl.h"
 
@@ -16,7 +17,7 @@ class FirstFailure;
 /// beside it for a range, the date picker, or the list.
 ///
 /// A text that is refused stays in its field, which gets the focus back, until it is typed anew or a second way out
-/// closes the field without it. Its row comes back into view where it was scrolled or collapsed out of it.
+/// closes the field without writing it. Its row comes back into view where it was scrolled or collapsed out of it.
 class EditSession {
 public:
     struct Controls {
@@ -27,7 +28,7 @@ public:
     };
     enum class WayOut {
         User, ///< a text that is refused is told and stays
-        Gone, ///< the grid goes away, or the user: what is refused is dropped, and nothing is told
+        Gone, ///< the grid goes away, or the user leaves the program: what is refused is dropped, nothing is told
     };
 
     EditSession(CSuperGridCtrl& grid, EditedMembers& members, const MemberCommit& commit,
@@ -47,8 +48,8 @@ public:
     /// Puts the field of a drop-down over a cell; its list is dropped by the caller.
     void StartList(const CRect& cell, IMemberDispatch* disp, const std::string& name);
 
-    /// Writes and closes what is open. False when it stays open, having been refused, and from within a commit of
-    /// any grid.
+    /// Writes and closes what is open. False when it was refused, of which only a text stays open, and from within a
+    /// commit of any grid. A member that is protected by now is not written.
     bool End(WayOut way);
     /// The same for a command. The click that brought it counts once: when a press outside has led to a refusal, the
     /// command of that press does not close the field.
@@ -66,22 +67,18 @@ public:
     void OnRowsGone();
     void OnRetyped(IMemberDispatch* disp, const std::string& name);
     void OnRenamed(IMemberDispatch* disp, const std::string& name, const std::string& newName);
-    /// A step of the spin button has failed.
-    void OnStepFailed(const std::exception_ptr& failure);
 
 private:
-    // A rectangle that moves with a cell: how far its sides are from those of the cell.
-    struct Offsets {
-        int left = 0, top = 0, right = 0, bottom = 0;
-        CRect Around(const CRect& cell) const;
-    };
     struct EditedMember {
         IMemberDispatch* disp;
         std::string name;
         int column;
-        Offsets field;
+        CellOffsets field;
     };
 
+    void WriteStep();
+    void OnStepFailed(const std::exception_ptr& stepFailure);
+    bool CanWrite() const;
     bool IsEdited(IMemberDispatch* disp, const std::string& name) const;
     void Begin(const CRect& field, IMemberDispatch* disp, const std::string& name);
     void TakeFont(CWnd& control) const;
@@ -91,7 +88,7 @@ private:
     bool IsTextWritten(WayOut way);
     std::string ExplainRefusal(const std::string& own, const CString& typed, IMemberDispatch* disp) const;
     bool KeepRefused(const CString& text);
-    void EndDate(WayOut way);
+    bool EndDate(WayOut way);
     void Close();
     void CloseControl(CWnd& control);
     const grid::CTreeItem* EditedNode() const;
@@ -106,7 +103,8 @@ private:
     DropDownSession& m_dropDown;
     const Controls m_controls;
     std::optional<EditedMember> m_member;
-    std::optional<CString> m_refused; // the text that was refused last
+    std::optional<CString> m_refused;       // the text that was refused last
+    std::optional<WayOut> m_wayOutInCommit; // which had to wait
     bool m_isRefusedByPress = false;
 };
 

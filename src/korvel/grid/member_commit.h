@@ -27,7 +27,10 @@ public:
     bool RunStep(const WriteFrame::Write& write, const WriteFrame::Explain& explain = {}) const;
     /// Calls the host for what is no step; false when it threw, which the user is told.
     bool RunOutside(const std::function<void()>& action) const { return m_frame.RunOutside(action); }
-    void Tell(const std::string& message) const { m_frame.Tell(message); }
+    /// Tells the user of a failure outside of a step.
+    void Tell(const std::exception_ptr& failure, const WriteFrame::Explain& explain) const {
+        m_frame.Tell(failure, explain);
+    }
     IObserverGrid* Observer() const { return m_observer; }
 
 private:
