@@ -157,6 +157,9 @@ TEST(CodePage, CutsAndComparesWholeCharacters) {
     const std::string text = FromUtf8("a\u0141\U0001F600z").text; // 1, 3, 5 and 1 bytes
     for (const auto& [longest, length] : {std::pair(0, 0), {1, 1}, {3, 1}, {4, 4}, {8, 4}, {9, 9}, {99, 10}})
         EXPECT_EQ(CutCharacters(text, longest).size(), length) << longest;
+    EXPECT_EQ(Abbreviate(text, 10), text);
+    EXPECT_EQ(Abbreviate(text, 8), FromUtf8("a\u0141...").text);
+    EXPECT_EQ(Abbreviate(std::string(99, '\n'), 99), std::string(29, '\n') + "...");
     EXPECT_TRUE(BeginsWith(text, FromUtf8("a\u0141").text));
     EXPECT_TRUE(BeginsWith(text, ""));
     EXPECT_FALSE(BeginsWith(text, "a\x81")) << "half a letter is another one";

@@ -114,6 +114,21 @@ TEST(FileChooser, ShowsDescriptionsAsTheyAreAndTakesPatternsInEveryCase) {
     }
 }
 
+TEST(MessageBox, FitsOnTheScreenWhateverItSays) {
+    for (const std::string& text : {std::string(1 << 20, 'x'), std::string(1 << 20, '\n')}) {
+        int height = 0;
+        QTimer::singleShot(0, qApp, [&] {
+            QWidget* box = QApplication::activeModalWidget();
+            ASSERT_NE(box, nullptr);
+            height = box->height();
+            box->close();
+        });
+        internal::AskMessage(nullptr, text, "Korvel", MB_OK);
+        EXPECT_GT(height, 0);
+        EXPECT_LT(height, 1000);
+    }
+}
+
 } // namespace
 
 } // namespace korvel::test

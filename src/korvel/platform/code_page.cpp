@@ -241,6 +241,15 @@ std::string_view CutCharacters(std::string_view text, std::size_t longest) {
     return text.substr(0, CharacterBorder(text, longest));
 }
 
+std::string Abbreviate(std::string_view text, std::size_t longest) {
+    constexpr int MostLines = 30;
+    std::size_t end = text.find('\n');
+    for (int line = 1; line < MostLines && end < text.size(); ++line)
+        end = text.find('\n', end + 1);
+    end = std::min(end, longest);
+    return end < text.size() ? std::string(CutCharacters(text, end)) + "..." : std::string(text);
+}
+
 bool BeginsWith(std::string_view text, std::string_view beginning) {
     std::size_t at = 0;
     for (std::size_t next = 0; next < beginning.size();) {

@@ -77,6 +77,9 @@ KORVEL_API std::size_t CountCharacters(std::string_view text);
 /// U+00E2.
 KORVEL_API std::string_view CutCharacters(std::string_view text, std::size_t longest);
 
+/// A text to be told: whole, or its beginning and "..." where it has more than `longest` bytes or 30 lines.
+KORVEL_API std::string Abbreviate(std::string_view text, std::size_t longest);
+
 /// True when the characters of `text` begin with those of `beginning`.
 KORVEL_API bool BeginsWith(std::string_view text, std::string_view beginning);
 

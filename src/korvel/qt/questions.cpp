@@ -1,5 +1,6 @@
 #include "korvel/qt/questions.h"
 
+#include "korvel/platform/code_page.h"
 #include "korvel/qt/convert.h"
 #include "korvel/window/base/messages.h"
 
@@ -18,6 +19,9 @@ namespace {
 
 constexpr UINT ButtonMask = 0x0F;
 constexpr UINT IconMask = 0xF0;
+
+// Bytes: a longer text would push the buttons off the screen, and take its time to be laid out.
+constexpr std::size_t LongestMessage = 2000;
 
 struct ButtonsRow {
     UINT type;
@@ -147,7 +151,8 @@ int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT
     for (const ButtonsRow& candidate : ButtonRows)
         if (candidate.type == (type & ButtonMask))
             row = &candidate;
-    const OwnedBox<QMessageBox> box(IconOf(type), ToQString(caption), ToQString(text), row->buttons, owner);
+    const QString shown = ToQString(platform::Abbreviate(text, LongestMessage));
+    const OwnedBox<QMessageBox> box(IconOf(type), ToQString(caption), shown, row->buttons, owner);
     box->setTextFormat(Qt::PlainText);
     box->setEscapeButton(row->escape);
     const int button = box->exec();

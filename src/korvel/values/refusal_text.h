@@ -4,6 +4,7 @@
 
 #include <string>
 
+/// Texts that tell the user of a refusal. What was typed is quoted up to 500 bytes.
 namespace korvel::internal {
 
 /// What the user is told of a member's name that is none, and of one that another member has.
