@@ -4,7 +4,6 @@
 #include "korvel/output/angle_output.h"
 #include "korvel/output/number_output.h"
 #include "korvel/output/stream_text.h"
-#include "korvel/parser/evaluate_expression.h"
 #include "korvel/platform/error.h"
 #include "korvel/values/text_table.h"
 
@@ -73,13 +72,16 @@ bool KeepsPayload(EDataTyps type) {
     return plain == DT_FileName || plain == DT_ColorRGB || (plain & TypeBitTextForm) != 0;
 }
 
+WholeNumbers WholeNumbersOf(GridOptions options) {
+    return options.Has(EGridOption::WideIntegers) ? WholeNumbers::AsTyped : WholeNumbers::Of32Bits;
+}
+
 double ReadCellNumber(const TypeRow& type, const std::string& text, GridOptions options) {
     const char* separator = FormatOf(type).DecimalSep;
     if (options.Has(EGridOption::StationInput))
         if (const auto station = ReadStation(type.meaning, text, separator))
             return *station;
-    const bool isWide = options.Has(EGridOption::WideIntegers);
-    return EvaluateExpression(separator, text, isWide ? WholeNumbers::AsTyped : WholeNumbers::Of32Bits);
+    return EvaluateExpression(separator, text, WholeNumbersOf(options));
 }
 
 bool ReadCellText(EDataTyps type, const std::string& text, GridOptions options, CVariantValue& value) {

@@ -2,6 +2,7 @@
 
 #include "korvel/editors/grid_option.h"
 #include "korvel/output/type_table.h"
+#include "korvel/parser/evaluate_expression.h"
 #include "korvel/values/variant_value.h"
 
 #include <string>
@@ -24,6 +25,9 @@ CVariantValue WithFormula(CVariantValue value, const std::string& formula);
 /// True for a type whose text alone is edited, while the rest of the value stays: files, text forms, opaque
 /// colors.
 bool KeepsPayload(EDataTyps type);
+
+/// As WideIntegers says.
+WholeNumbers WholeNumbersOf(GridOptions options);
 
 /// The number that a text means where values of this type are shown, an angle in the user's unit: arithmetic, and
 /// a station with StationInput. \throws Error with an empty text for anything else

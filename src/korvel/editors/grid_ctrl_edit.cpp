@@ -121,8 +121,7 @@ bool CGridCtrlEdit::Convert(EDataTyps type, const std::string& text, CVariantVal
 }
 
 double CGridCtrlEdit::ParseNumber(const _numberfmtA& format, const std::string& text) const {
-    const bool isWide = m_options.Has(EGridOption::WideIntegers);
-    return EvaluateExpression(format, text, isWide ? WholeNumbers::AsTyped : WholeNumbers::Of32Bits);
+    return EvaluateExpression(format, text, WholeNumbersOf(m_options));
 }
 
 void CGridCtrlEdit::End(bool release) {
