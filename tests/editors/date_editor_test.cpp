@@ -23,10 +23,16 @@ public:
     class Object : public TMemberDispatchImp<Object> {
     public:
         explicit Object(Log& log) : m_log(log) {}
+        bool GetMember(const std::string& name, CVariantValue& value) override {
+            return hasValue && TMemberDispatchImp::GetMember(name, value);
+        }
         bool SetMember(const std::string& name, const CVariantValue& value) override {
             m_log.Note("set " + name);
+            hasValue = true;
             return m_log.takes && TMemberDispatchImp::SetMember(name, value);
         }
+
+        bool hasValue = true;
 
     private:
         Log& m_log;
@@ -125,6 +131,12 @@ TEST_F(DateEditorTest, WhatTheUserChangesIsWritten) {
     EXPECT_EQ(Stored().Text, "GDT_VALID");
     EXPECT_GT(Stored().Value.Double, 44000) << "today, not the date before";
     EXPECT_EQ(Stored().Value.Double, std::floor(Stored().Value.Double)) << "without a hidden time";
+    object.hasValue = false;
+    picker.Start(&object, "built");
+    EXPECT_TRUE(IsNone()) << "a member without a value yet";
+    Press(VK_SPACE);
+    EXPECT_TRUE(picker.End());
+    EXPECT_EQ(Stored().Text, "GDT_VALID");
 }
 
 TEST_F(DateEditorTest, ANewerValueIsNotOverwrittenByAPickerThatIsLeftAsItWas) {

@@ -100,6 +100,8 @@ TEST_F(GridEditTest, AnEditOpensWithTheWholeValueSelectedAndUnchanged) {
     Set(EGridOption::ExactEditText);
     edit->Start(&object, "length");
     EXPECT_EQ(edit->GetWindowTextA(), "12.5");
+    edit->Start(edit->m_pDisp, edit->m_strName);
+    EXPECT_EQ(edit->m_strName, "length");
     edit->Start(&object, "absent");
     EXPECT_EQ(edit->GetWindowTextA(), "");
     object.Misbehave("get", []() -> bool { throw std::runtime_error("no value"); });
@@ -167,8 +169,7 @@ TEST_F(GridEditTest, AValueThatIsRefusedLateIsTakenBackFromRowAndObserver) {
     const auto fails = [] { return false; };
     const auto throws = []() -> bool { throw std::runtime_error("refused"); };
     for (const auto& [border, at, how, calls] : Table<const char*, std::function<bool()>, const char*>{
-             {"no type", "type", fails, "type "},
-             {"no value", "get", fails, "type get "},
+             {"no type", "type", fails, "type ! "},
              {"the object refuses", "set", fails, "type get told 14 set 14 get row 12.5 told 12.5 ! "},
              {"the object throws", "set", throws, "type get told 14 set 14 get row 12.5 told 12.5 ! refused"},
              {"the observer throws", "told", throws, "type get told 14 get row 12.5 told 12.5 ! refused"},
@@ -179,6 +180,9 @@ TEST_F(GridEditTest, AValueThatIsRefusedLateIsTakenBackFromRowAndObserver) {
         EXPECT_FALSE(edit->m_bInEnd) << border;
         EXPECT_EQ(object.Get("length").Value.Double, 12.5) << border;
     }
+    Start("length", "14");
+    object.Misbehave("get", fails);
+    EXPECT_EQ(End(), "type get told 14 set 14 ") << "the first value of a member without one";
 }
 
 TEST_F(GridEditTest, NothingIsWrittenOnceTheHostHasEndedTheEdit) {

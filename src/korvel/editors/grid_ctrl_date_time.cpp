@@ -40,6 +40,15 @@ SYSTEMTIME Today() {
     return TimeOf(fields);
 }
 
+// False for what is no date. A member without a value yet reads as none, so that it can be given its first.
+bool ReadDate(IMemberDispatch& disp, const std::string& name, CVariantValue& value) {
+    if (disp.GetMember(name, value))
+        return value.Type == DT_Date;
+    value = {};
+    value.Text = NoneState;
+    return disp.GetMemberType(name, value.Type) && value.Type == DT_Date;
+}
+
 double DateOf(const SYSTEMTIME& time) {
     const auto date = platform::DateFromFields(
         {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond});
@@ -53,12 +62,12 @@ void CGridCtrlDateTime::Start(IMemberDispatch* disp, const std::string& name) {
     Drop();
     const LossWatch bound(m_bindings);
     CVariantValue value;
-    const bool isKnown = disp && disp->GetMember(member, value);
+    const bool isDate = disp && ReadDate(*disp, member, value);
     if (!bound)
         return;
     m_pDisp = disp;
     m_strName = member;
-    if (isKnown && value.Type == DT_Date)
+    if (isDate)
         Show(value);
     m_unchanged = ReadChoice();
 }
@@ -91,7 +100,7 @@ bool CGridCtrlDateTime::End() {
     const LossWatch bound(m_bindings);
     const std::string name = m_strName;
     CVariantValue value;
-    if (!disp->GetMember(name, value) || !bound || !m_hWnd || value.Type != DT_Date)
+    if (!ReadDate(*disp, name, value) || !bound || !m_hWnd)
         return true;
     const Choice choice = ReadChoice();
     if (choice != m_unchanged) {

@@ -25,8 +25,8 @@ inline constexpr UINT GridDateChanged = 0xFD09;
 ///
 /// A picker that the user leaves as it was writes back what the object holds, bit for bit: also a date with
 /// fractions of a second, in years before 1601, and a state that is neither "GDT_VALID" nor "GDT_NONE". A member
-/// without a date shows none, and begins with today when the user asks for one. The object and the observer may
-/// do anything meanwhile but delete the picker.
+/// without a date, or without any value yet, shows none, and begins with today when the user asks for
+/// one. The object and the observer may do anything meanwhile but delete the picker.
 class KORVEL_API CGridCtrlDateTime : public CDateTimeCtrl {
 public:
     /// `observer` may be null, and must outlive the picker.

@@ -61,15 +61,16 @@ private:
 };
 
 void CGridCtrlEdit::Start(IMemberDispatch* disp, const std::string& name) {
+    const std::string member = name; // may be the field's own
     Drop();
     m_bInEnd = false;
     m_pDisp = disp;
-    m_strName = name;
+    m_strName = member;
     const Session session(*this);
     CVariantValue value;
     FirstFailure failure;
     failure.Try([&] {
-        if (disp && !disp->GetMember(name, value))
+        if (disp && !disp->GetMember(member, value))
             value = {};
     });
     if (!session.IsOn())
@@ -145,17 +146,22 @@ void CGridCtrlEdit::Drop() {
     m_bChanged = false;
 }
 
-// Names are copied for each call, because a host may rename the member within it.
+// Names are copied for each call, because a host may rename the member within it. That the member is read before it
+// is written is kept: objects may count on it, and one without a value yet can be given its first.
 void CGridCtrlEdit::Commit() {
     const Session session(*this);
     const auto name = [this] { return m_strName; };
     EDataTyps type = DT_Void;
-    CVariantValue value, former;
-    if (!m_pDisp->GetMemberType(name(), type) || !session.IsOn())
+    const bool isTyped = m_pDisp->GetMemberType(name(), type);
+    if (!session.IsOn())
         return;
+    if (!isTyped)
+        throw Error("");
+    CVariantValue value, unused;
     if (!GetValue(type, value) || !session.IsOn())
         return;
-    if (!m_pDisp->GetMember(name(), former) || !session.IsOn())
+    m_pDisp->GetMember(name(), unused);
+    if (!session.IsOn())
         return;
     try {
         if (m_pObserver)

@@ -52,16 +52,17 @@ public:
     /// a range, an empty text for what is no arithmetic
     bool GetValue(EDataTyps type, CVariantValue& value);
     /// Writes the text, if it was changed: OnChange of the observer, then SetMember. `release` ends the edit;
-    /// else it goes on. Without effect while it runs already. What GetValue and the host throw leaves it, the
-    /// edit going on with its text; SetMember returning false throws Error with an empty text. After a failure
-    /// that came when the observer had heard of the value, the held value hook and then the observer are told
-    /// what the object holds.
+    /// else it goes on. Without effect while it runs already. Passes on what GetValue and the host throw; the edit
+    /// then goes on with its text. \throws Error with an empty text where the object gives no type or SetMember
+    /// returns false. When it fails after the observer was told of the value, the held value hook and then the
+    /// observer are told what the object holds.
     void End(bool release);
     /// Ends the edit without writing.
     void Drop();
 
     /// The value of `type` that a text means. False, and `value` as before, for a type that is not edited as a
-    /// text, and for a whole number that its 32 bits do not hold. \throws Error as GetValue
+    /// text, and for a whole number that its 32 bits do not hold. \throws Error "150: Value is outside ..." beyond a
+    /// range, an empty text for what is no arithmetic; and what the object throws that is asked for a file
     bool Convert(EDataTyps type, const std::string& text, CVariantValue& value);
     /// \throws Error with an empty text for what is no arithmetic (parser/evaluate_expression.h)
     double ParseNumber(const _numberfmtA& format, const std::string& text) const;
