@@ -172,21 +172,56 @@ TEST_F(EditAttributsTest, CancelForgetsWhatIsBeingTyped) {
     EXPECT_EQ(display.ShownBoxes().size(), 0u);
 }
 
-TEST_F(EditAttributsTest, ANumberStaysWhenTheTypeChanges) {
+TEST_F(EditAttributsTest, WhatWasTypedGoesOverToAnotherType) {
     SetAngleUnit('g');
-    EXPECT_EQ(Run([this] {
-                  SetName("bend");
-                  ChooseType("Integer");
-                  TypeValue("200");
-                  Press(VK_RETURN, "\r");
-                  ChooseType("Angle (64-Bit)");
-                  CheckDlgButton(dialog.m_hWnd, AttributeProtectId, BST_CHECKED);
-                  Ok();
-              }),
-              IDOK);
-    EXPECT_EQ(dialog.GetValue(), MakeValue(DT_AngleDouble, 3.141592653589793));
-    EXPECT_TRUE(dialog.IsWriteProtected());
+    for (const auto& [border, first, typed, types, value] :
+         Table<const char*, const char*, std::vector<const char*>, CVariantValue>{
+             {"a number", "Integer", "200", {"Angle (64-Bit)"}, MakeValue(DT_AngleDouble, 3.141592653589793)},
+             {"past a flag", "Integer", "5", {"Bool", "Length"}, MakeValue(DT_LengthDouble, 5.0)},
+             {"a text", "Text", "12.5", {"Length"}, MakeValue(DT_LengthDouble, 12.5)},
+             {"what is no number",
+              "Text",
+              "abc",
+              {"Length", "Color RGB"},
+              MakeValue(DT_ColorRGB, 0xFF000000u)},
+             {"what was refused", "Integer", "abc", {"Text"}, MakeValue(DT_String, "abc")}}) {
+        EXPECT_EQ(Run([&, first = first, typed = typed, types = types] {
+                      SetName("bend");
+                      ChooseType(first);
+                      TypeValue(typed);
+                      SetFocus(GetDlgItem(dialog.m_hWnd, AttributeTypeId));
+                      for (const char* type : types)
+                          ChooseType(type);
+                      Ok();
+                  }),
+                  IDOK)
+            << border;
+        EXPECT_EQ(dialog.GetValue(), value) << border;
+    }
     SetAngleUnit('r');
+}
+
+TEST_F(EditAttributsTest, BeginsAnew) {
+    Run([this] {
+        SetName("width");
+        CheckDlgButton(dialog.m_hWnd, AttributeProtectId, BST_CHECKED);
+        Ok();
+    });
+    EXPECT_TRUE(dialog.IsWriteProtected());
+    Run([this] {
+        SetName("length");
+        ChooseType("Text");
+        TypeValue("7");
+    });
+    EXPECT_EQ(dialog.GetName(), "");
+    EXPECT_FALSE(dialog.IsWriteProtected());
+    Run([this] {
+        EXPECT_EQ(Problem(), "");
+        ChooseType("Integer");
+        SetName("width");
+        Ok();
+    });
+    EXPECT_EQ(dialog.GetValue(), MakeValue(DT_Int, 0));
 }
 
 TEST_F(EditAttributsTest, HandsItsOptionsOnToTheField) {

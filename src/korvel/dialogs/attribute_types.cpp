@@ -1,12 +1,12 @@
 #include "korvel/dialogs/attribute_types.h"
 
 #include "korvel/dialogs/file_container.h"
-#include "korvel/values/invalid_operation.h"
+#include "korvel/editors/cell_text_reading.h"
+#include "korvel/editors/item_cell.h"
+#include "korvel/platform/error.h"
 #include "korvel/values/language.h"
 #include "korvel/values/text_table.h"
 #include "korvel/values/type_names.h"
-
-#include <stdexcept>
 
 namespace korvel::internal {
 
@@ -98,12 +98,16 @@ std::vector<AttributeType> AttributeTypes(std::uint32_t allowed, IEnumContainer*
     return types;
 }
 
-CVariantValue ConvertedTo(const CVariantValue& fresh, const CVariantValue& value) {
+CVariantValue FromTypedText(const CVariantValue& fresh, const std::string& typed, GridOptions options) {
+    const ItemEditor editor = ItemEditorOf(fresh);
+    CVariantValue value = fresh;
     try {
-        return value.ChangeToType(fresh.Type);
-    } catch (const std::logic_error&) { // one of them is no number
+        if (editor == ItemEditor::Text || editor == ItemEditor::File)
+            ReadCellText(fresh.Type, typed, options, value);
+    } catch (const Error&) {
         return fresh;
     }
+    return value;
 }
 
 } // namespace korvel::internal

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/editors/grid_option.h"
 #include "korvel/values/enum_value.h"
 #include "korvel/values/variant_value.h"
 
@@ -18,8 +19,7 @@ struct AttributeType {
 /// type it allows. Measures have 64 bits where these are allowed, else 32.
 std::vector<AttributeType> AttributeTypes(std::uint32_t allowed, IEnumContainer* enumerations);
 
-/// What `value` is as `fresh`, a value of another type: as ChangeToType says where both are numbers, else
-/// `fresh`.
-CVariantValue ConvertedTo(const CVariantValue& fresh, const CVariantValue& value);
+/// What a typed text is as a value like `fresh`; `fresh` where it is no such value, and where texts are not typed.
+CVariantValue FromTypedText(const CVariantValue& fresh, const std::string& typed, GridOptions options);
 
 } // namespace korvel::internal

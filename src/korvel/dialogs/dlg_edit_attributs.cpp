@@ -5,12 +5,21 @@
 #include "korvel/editors/wnd_item.h"
 #include "korvel/layout/base_item.h"
 #include "korvel/layout/pane_manager.h"
+#include "korvel/platform/code_page.h"
 #include "korvel/values/refusal_text.h"
+#include "korvel/values/text_table.h"
 #include "korvel/window/dialog/dialog_items.h"
 
 namespace korvel {
 
 using namespace internal;
+
+namespace {
+
+constexpr int UnknownFailureText = 46;
+constexpr std::size_t LongestProblem = 1000; // bytes
+
+} // namespace
 
 /// The value of the dialog: what is refused is said there.
 class CDlgEditAttributs::ValueItem : public CWndItem {
@@ -19,6 +28,18 @@ public:
 
     bool TryEnd() {
         return Try([this] { End(); });
+    }
+
+    /// What the user typed last; read or refused.
+    const std::string& TypedText() {
+        if (m_pActive == &m_Edit && m_Edit.m_bChanged)
+            m_typed = m_Edit.GetWindowTextA();
+        return m_typed;
+    }
+
+    void ForgetTypedText() {
+        Drop();
+        m_typed.clear();
     }
 
 protected:
@@ -31,18 +52,26 @@ protected:
 private:
     template <class Act>
     bool Try(Act act) {
+        TypedText(); // before the field forgets it
         try {
             act();
         } catch (const std::exception& refusal) {
-            m_dialog.SetProblems(m_dialog.m_nameProblem, refusal.what());
-            return false;
+            return Refuse(refusal.what());
+        } catch (...) {
+            return Refuse(Text(UnknownFailureText));
         }
         if (!m_pActive) // read
             m_dialog.SetProblems(m_dialog.m_nameProblem, {});
         return true;
     }
 
+    bool Refuse(const std::string& problem) {
+        m_dialog.SetProblems(m_dialog.m_nameProblem, platform::Abbreviate(problem, LongestProblem));
+        return false;
+    }
+
     CDlgEditAttributs& m_dialog;
+    std::string m_typed;
 };
 
 CDlgEditAttributs::CDlgEditAttributs(IObserverGrid* observer, IMemberDispatch* disp,
@@ -62,10 +91,17 @@ std::intptr_t CDlgEditAttributs::DoModal() {
 }
 
 void CDlgEditAttributs::SetOptions(GridOptions options) {
+    m_options = options;
     m_item->SetOptions(options);
 }
 
 BOOL CDlgEditAttributs::OnInitDialog() {
+    m_name.clear();
+    m_value = {};
+    m_isWriteProtected = false;
+    m_nameProblem.clear();
+    m_valueProblem.clear();
+    m_item->ForgetTypedText();
     CDialog::OnInitDialog();
     m_typeBox.SubclassDlgItem(AttributeTypeId, this);
     m_item->SubclassDlgItem(AttributeValueId, this);
@@ -128,7 +164,7 @@ void CDlgEditAttributs::ShowType() {
     if (chosen >= m_choices.size())
         return;
     const CVariantValue& fresh = m_choices[chosen].value;
-    m_item->SetValue(ConvertedTo(fresh, m_item->GetValue()));
+    m_item->SetValue(FromTypedText(fresh, m_item->TypedText(), m_options));
     SetProblems(m_nameProblem, {});
 }
 

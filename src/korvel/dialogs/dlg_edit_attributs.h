@@ -29,7 +29,7 @@ struct AttributeType;
 /// It offers text, the plain numbers, flag, date, colors, file, angles, measures and a list of each enumeration of
 /// the container, as far as the mask of types allows them ((mask & type) == type). A name that is empty or that
 /// the object has already, and a text that is no value of the type, are said in the dialog, and OK waits for
-/// others.
+/// others. What was typed goes over to another type where it is a value of that.
 class KORVEL_API CDlgEditAttributs : public CDialog, public CLayoutManager<CDlgEditAttributs> {
 public:
     /// Pointers may be null; none is owned, and all but `parent` must live while the dialog does. `observer` is
@@ -43,7 +43,7 @@ public:
     /// For the field of the value, before DoModal.
     void SetOptions(GridOptions options);
 
-    // What the user chose, after IDOK.
+    // What the user chose, after IDOK; else empty.
     const std::string& GetName() const { return m_name; }
     const CVariantValue& GetValue() const { return m_value; }
     bool IsWriteProtected() const { return m_isWriteProtected; }
@@ -70,6 +70,7 @@ private:
 
     const std::uint32_t m_types;
     const bool m_allowWriteProtect;
+    GridOptions m_options;
     std::vector<internal::AttributeType> m_choices;
     CComboBox m_typeBox;
     std::unique_ptr<ValueItem> m_item;
