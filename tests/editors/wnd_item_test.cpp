@@ -186,8 +186,10 @@ TEST_F(ItemTest, ARefusedTextStaysInItsField) {
     for (const auto& [border, act] :
          Table<std::function<void()>>{{"it is dropped", [this] { item.Drop(); }},
                                       {"it is hidden", [this] { item.ShowWindow(SW_HIDE); }},
+                                      {"it is disabled", [this] { item.EnableWindow(false); }},
                                       {"it is destroyed", [this] { item.DestroyWindow(); }}}) {
         item.ShowWindow(SW_SHOW);
+        item.EnableWindow(true);
         ClickValue();
         Type("abc");
         display.AnswerNext(IDOK);
@@ -196,6 +198,22 @@ TEST_F(ItemTest, ARefusedTextStaysInItsField) {
         act();
         EXPECT_FALSE(IsEditing()) << border;
         EXPECT_EQ(item.GetValue().ToText(TextForm::Plain), "8") << border;
+    }
+}
+
+TEST_F(ItemTest, WhatIsTypedIsReadWhenTheItemGoes) {
+    for (const auto& [border, act] :
+         Table<std::function<void()>>{{"it is hidden", [this] { item.ShowWindow(SW_HIDE); }},
+                                      {"it is disabled", [this] { item.EnableWindow(false); }},
+                                      {"it is destroyed", [this] { item.DestroyWindow(); }}}) {
+        item.ShowWindow(SW_SHOW);
+        item.EnableWindow(true);
+        item.SetValue(Value(DT_Int, 7));
+        ClickValue();
+        Type("9");
+        act();
+        EXPECT_FALSE(IsEditing()) << border;
+        EXPECT_EQ(item.GetValue(), Value(DT_Int, 9)) << border;
     }
 }
 
@@ -473,7 +491,18 @@ TEST_F(ItemTest, AHostMayDoAnythingWhileItIsAsked) {
     item.DropDown();
     EXPECT_FALSE(item.IsDropped());
     EXPECT_EQ(item.GetValue(), Value(DT_Int, 4));
+    EXPECT_FALSE(item.m_List.IsInitialized()) << "the former enumeration need not live any longer";
     surfaces.onCall = nullptr;
+
+    item.SetValue(surfaces.ValueOf(",1,"));
+    item.SetFocus();
+    item.DropDown();
+    dialog.onCode = [this](UINT code) {
+        if (code == CBN_CLOSEUP)
+            item.SetValue(MakeDate("GDT_VALID", 44000));
+    };
+    Press(VK_RETURN);
+    EXPECT_TRUE(item.m_DateTime.IsWindowVisible()) << "a date set when the list closes";
 
     item.SetValue(surfaces.ValueOf(",1,"));
     dialog.onCode = [this](UINT) { item.DestroyWindow(); };

@@ -2,6 +2,7 @@
 
 #include "korvel/editors/dialog_around.h"
 #include "korvel/editors/item_keys.h"
+#include "korvel/window/base/loss_watch.h"
 #include "korvel/window/core/input.h"
 
 namespace korvel::internal {
@@ -34,7 +35,9 @@ bool ItemKeyboard::Press(const MSG& message) {
     }
 }
 
+// The host may set another value when it hears that the list has closed.
 void ItemKeyboard::PressInList(const MSG& message) {
+    const LossWatch same(m_item.m_values);
     switch (ItemListKeyOf(message)) {
     case ItemListKey::PassOn:
         m_item.m_List.SendMessageA(message.message, message.wParam, message.lParam);
@@ -47,7 +50,8 @@ void ItemKeyboard::PressInList(const MSG& message) {
         [[fallthrough]];
     case ItemListKey::Take:
         m_item.CloseUp();
-        m_item.Synchronize();
+        if (same)
+            m_item.Synchronize();
         break;
     case ItemListKey::Leave:
         m_item.CloseUp();

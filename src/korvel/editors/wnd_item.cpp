@@ -182,8 +182,11 @@ void CWndItem::DropDown() {
         m_List.CreateDropDown(this, ListId);
     const LossWatch same(m_values);
     m_List.Initialize(&m_Dispatch, MemberName);
-    if (!same || !m_hWnd || !m_List.IsInitialized())
+    if (!same || !m_hWnd || !m_List.IsInitialized()) {
+        if (!m_isDropped) // the host has dropped it for no other value
+            m_List.UnIntialize();
         return;
+    }
     m_isDropped = true;
     m_valueBefore = m_Value;
     m_List.DropBelow(GetWindowRect(), HighestList);
@@ -327,25 +330,28 @@ void CWndItem::FollowWindow(UINT message, WPARAM wParam) {
         break;
     case WM_ENABLE:
         if (!wParam)
-            Drop();
+            EndUncorrected();
         Invalidate();
         break;
     }
 }
 
-// A box, a dialog and another program give the focus back. What is hidden or destroyed with a refused text has
-// nobody to correct it.
+// A box, a dialog and another program give the focus back.
 void CWndItem::OnEditorLeft() {
     if (ComesFocusBack())
         return;
+    if (CauseOfFocusMove() != FocusCause::Moved)
+        return EndUncorrected();
     EndDate();
-    try {
-        EndText();
-    } catch (const std::exception&) {
-        if (CauseOfFocusMove() == FocusCause::Moved)
-            throw;
-        Drop();
-    }
+    EndText();
+}
+
+// Hidden, disabled or destroyed: nobody can correct what is refused.
+void CWndItem::EndUncorrected() {
+    FirstFailure dropped;
+    dropped.Try([&] { EndDate(); });
+    dropped.Try([&] { EndText(); });
+    Drop();
 }
 
 bool CWndItem::OnCommand(WPARAM wParam, LPARAM lParam) {
