@@ -137,8 +137,8 @@ TEST_F(EditTest, EscapeGivesUpADateWhereTheGridSaysSo) {
     grid.Initialize(&root, "Name", "Value", 0);
     for (const bool cancels : {true, false}) {
         SCOPED_TRACE(cancels);
-        grid.SetGridOption(EGridOption::EscapeCancels, cancels);
         Click("date");
+        grid.SetGridOption(EGridOption::EscapeCancels, cancels); // counts at once
         grid.m_DateTime.SetTime({2026, 3, 0, 4});
         parent.Take();
         Press(VK_ESCAPE, "\x1B");
@@ -297,6 +297,23 @@ TEST_F(WaysOut, ARefusedPressDoesNothingElse) {
     Click("s"); // is the second way out, and a press
     EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "text");
     EXPECT_EQ(TakeBoxes(), 1u);
+}
+
+TEST_F(WaysOut, AMemberWithoutATypeRefusesWithTheTypeThatItHad) {
+    Renew();
+    Type("14");
+    bool refuses = false;
+    root.onOperation = [&](const std::string& operation) { refuses = operation == "type"; };
+    root.refuses = [&] { return refuses; };
+    display.AnswerNext(IDOK);
+    grid.CtrlEnd();
+    root.onOperation = nullptr;
+    root.refuses = nullptr;
+    EXPECT_EQ(display.ShownBoxes().back().text,
+              "invalid input: '14' can not be converted in data type Double");
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "14") << "to be ended again";
+    grid.CtrlEnd();
+    ExpectUsable();
 }
 
 TEST_F(WaysOut, AReporterThatThrowsLosesNoText) {

@@ -78,9 +78,12 @@ void EditSession::StartText(const CRect& field, IMemberDispatch* disp, const std
     TakeFont(text);
     text.SetOptions(m_members.Options());
     m_commit.RunOutside([&] { text.Start(disp, name); });
-    if (!text.m_pDisp || !m_commit.IsShown(disp, name))
+    const auto isStarted = [&] { return text.m_pDisp && m_commit.IsShown(disp, name); };
+    const EDataTyps type = isStarted() ? ReadMemberType(*disp, name) : DT_Void;
+    if (!isStarted())
         return Drop();
     Begin(field, disp, name);
+    m_member->type = type;
     Activate(text);
 }
 
@@ -179,8 +182,8 @@ bool EditSession::EndText(WayOut way, FirstFailure& failure) {
 
 bool EditSession::IsTextWritten(WayOut way) {
     CGridCtrlEdit& text = m_controls.text;
-    IMemberDispatch* disp = text.m_pDisp;
     const CString typed = text.GetWindowTextA();
+    const EDataTyps type = EditedType();
     return m_commit.RunStep(
         [&](HistoryStep&) {
             try {
@@ -192,15 +195,11 @@ bool EditSession::IsTextWritten(WayOut way) {
             }
             return true;
         },
-        [&](const std::string& own) { return ExplainRefusal(own, typed, disp); });
+        [&](const std::string& own) { return RefusalText(own, typed, type); });
 }
 
-// The object is asked for the type only where the refusal says nothing by itself.
-std::string EditSession::ExplainRefusal(const std::string& own, const CString& typed,
-                                        IMemberDispatch* disp) const {
-    const std::string name = m_controls.text.m_strName;
-    const bool asksType = own.empty() && disp && m_commit.IsShown(disp, name);
-    return RefusalText(own, typed, asksType ? ReadMemberType(*disp, name) : DT_Void);
+EDataTyps EditSession::EditedType() const {
+    return m_member ? m_member->type : DT_Void;
 }
 
 // The user goes on in the field. False: its row is not there any more.
@@ -335,7 +334,7 @@ void EditSession::OnStepFailed(const std::exception_ptr& stepFailure) {
         const RaisedFlag telling(g_InCtrlEnd);
         failure.Try([&] {
             m_commit.Tell(stepFailure,
-                          [&](const std::string& own) { return ExplainRefusal(own, typed, text.m_pDisp); });
+                          [&](const std::string& own) { return RefusalText(own, typed, EditedType()); });
         });
     }
     failure.Try([&] {

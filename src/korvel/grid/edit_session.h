@@ -74,6 +74,7 @@ private:
         std::string name;
         int column;
         CellOffsets field;
+        EDataTyps type = DT_Void; // of a text, as the object said when the edit began
     };
 
     void WriteStep();
@@ -86,7 +87,7 @@ private:
     bool EndAll(WayOut way);
     bool EndText(WayOut way, FirstFailure& failure);
     bool IsTextWritten(WayOut way);
-    std::string ExplainRefusal(const std::string& own, const CString& typed, IMemberDispatch* disp) const;
+    EDataTyps EditedType() const;
     bool KeepRefused(const CString& text);
     bool EndDate(WayOut way);
     void Close();

@@ -177,6 +177,8 @@ void CEditableGrid::SetGridOption(EGridOption option, bool on) {
         return;
     const ModuleStateGuard guard;
     m_options.Set(option, on);
+    m_Edit.SetOptions(m_options); // of a field that is open
+    m_DateTime.SetOptions(m_options);
     if (option == EGridOption::AngleUnit)
         m_binding->ShowAngles();
 }
