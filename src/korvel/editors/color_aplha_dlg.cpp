@@ -55,7 +55,7 @@ BOOL CColorAplhaDlg::OnInitDialog() {
 }
 
 LRESULT CColorAplhaDlg::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_HSCROLL) {
+    if (message == WM_HSCROLL && slider.m_hWnd && reinterpret_cast<HWND>(lParam) == slider.m_hWnd) {
         transparency = static_cast<std::uint8_t>(slider.GetPos());
         ShowTransparency();
     }

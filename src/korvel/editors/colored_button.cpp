@@ -33,7 +33,7 @@ void CColoredButton::DrawItem(DRAWITEMSTRUCT* item) {
         dc.DrawText(GetWindowTextA(), rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE);
     }
     if (item->itemState & ODS_FOCUS) {
-        dc.FrameRect(rect, TextColorOn(shown)); // the dots alone are not seen on every color
+        dc.FrameRect(rect, TextColorOn(shown));
         dc.DrawFocusRect(rect);
     }
 }

@@ -18,8 +18,8 @@ enum class EGridOption : std::uint32_t {
     /// Escape leaves a text field, date or drop-down list without writing. Off, it ends the edit as Return does.
     EscapeCancels = 0x4,
 
-    /// A red frame marks the cell of a text that was refused, as long as that is in its field. On or off, the
-    /// grid's error reporter hears why; a grid without one shows a box.
+    /// A red frame marks the cell of a grid while the refused text is in the field. On or off, the grid's error
+    /// reporter hears why; a grid without one shows a box. Item windows mark nothing.
     InlineErrors = 0x8,
 
     /// "12+345,60" typed for a road station is kilometre 12 and 345.60 metres, "12,3+45,60" the same for a railway
