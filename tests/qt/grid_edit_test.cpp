@@ -165,6 +165,9 @@ TEST_F(CellEditOnDesktop, TheKeysOfTheClipboardConcernTheWholeText) {
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("axis"));
     QTest::keyClick(&Field(), Qt::Key_X, Qt::ControlModifier);
     EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "");
+    QTest::keyClick(&Field(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "axis") << "by the widget's own undo";
+    grid.m_Edit.SetWindowTextA("");
     QApplication::clipboard()->setText(QStringLiteral("\u0141\u00f3d\u017a"));
     QTest::keyClick(&Field(), Qt::Key_X, Qt::ControlModifier); // nothing to cut
     Type("abc");

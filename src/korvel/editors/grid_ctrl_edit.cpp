@@ -259,23 +259,25 @@ bool CGridCtrlEdit::OnCommand(WPARAM wParam, LPARAM lParam) {
     }
 }
 
+// Cut and paste replace the selection rather than set the text, which could not be undone.
 bool CGridCtrlEdit::Copy() const {
     const CString text = GetWindowTextA();
     return !text.empty() && Display().SetClipboardText(text);
 }
 
 void CGridCtrlEdit::Cut() {
-    if (Copy())
-        SetWindowTextA("");
+    if (!Copy())
+        return;
+    SetSel(0, -1);
+    ReplaceSel("");
 }
 
 void CGridCtrlEdit::Paste() {
     const auto text = Display().ClipboardText();
     if (!text || text->empty())
         return;
-    SetWindowTextA(*text);
-    const int end = static_cast<int>(text->size());
-    SetSel(end, end);
+    SetSel(0, -1);
+    ReplaceSel(*text);
 }
 
 } // namespace korvel

@@ -27,7 +27,9 @@ bool EditPeer::HasBorder() const {
 void EditPeer::Show(const CString& bytes, const QString& text) {
     const QScopedValueRollback showing(m_isShowing, true);
     const view::EditView state = view::Edit(Window());
-    ShowContent({text, FromByte(bytes, state.selectionStart), FromByte(bytes, state.selectionEnd)},
+    // What the window cuts off from a report must not come back by an undo of the widget.
+    const bool canUndo = state.canUndo && !m_isReporting;
+    ShowContent({text, FromByte(bytes, state.selectionStart), FromByte(bytes, state.selectionEnd), canUndo},
                 state.readOnly);
     ShowMargins({state.leftMargin, 0, state.rightMargin, 0});
 }
@@ -38,6 +40,7 @@ void EditPeer::Report() {
     if (m_isShowing || !Window())
         return;
     const Busy busy(*this);
+    const QScopedValueRollback reporting(m_isReporting, true);
     const CString before = BytesOf(Window());
     const QString textBefore = ToQString(before);
     const Content content = ReadContent(textBefore);

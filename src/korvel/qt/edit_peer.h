@@ -20,6 +20,7 @@ protected:
         QString text;
         int start = 0;
         int end = 0;
+        bool canUndo = false; // what has led to this text
     };
 
     EditPeer(PeerContext& context, HWND window, QWidget& edit) : Peer(context, window, edit, edit) {}
@@ -38,6 +39,7 @@ private:
     void Show(const CString& bytes, const QString& text);
 
     bool m_isShowing = false;
+    bool m_isReporting = false;
 };
 
 /// An edit peer with its widget; `changed` is the widget's signal for a new text.

@@ -24,6 +24,10 @@ LineEditPeer::LineEditPeer(PeerContext& context, HWND window, QWidget* parent)
 
 void LineEditPeer::ShowContent(const Content& content, bool isReadOnly) {
     m_edit.setReadOnly(isReadOnly);
+    if (!Shows(content.text) && content.canUndo && m_edit.hasFocus()) {
+        m_edit.selectAll();
+        m_edit.insert(content.text);
+    }
     if (!Shows(content.text))
         m_edit.setText(content.text); // forgets what could be undone, so only when it differs
     if (content.start == content.end)

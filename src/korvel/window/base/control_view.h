@@ -24,7 +24,8 @@ struct EditView {
     int selectionStart = 0; // bytes of the text
     int selectionEnd = 0;
     bool readOnly = false;
-    int leftMargin = 0; // pixels between the border and the text
+    bool canUndo = false; // the last change, which was no new text of a program
+    int leftMargin = 0;   // pixels between the border and the text
     int rightMargin = 0;
 };
 

@@ -112,7 +112,7 @@ TextChange ChangeOf(const CString& before, const CString& after, int caret) {
 
 view::EditView EditState::Edit() const {
     const TextRange selection = SelectionOf(*this);
-    return {selection.start, selection.end, HasStyle(ES_READONLY), leftMargin, rightMargin};
+    return {selection.start, selection.end, HasStyle(ES_READONLY), undo.isKnown, leftMargin, rightMargin};
 }
 
 // The native widget has the text already, and an undo of its own. It knows no limit: when the text is too
