@@ -3,6 +3,7 @@
 #include "support/make_value.h"
 
 #include <QApplication>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -36,6 +37,14 @@ TEST_F(ItemOnDesktop, ATextIsTypedInItsNativeField) {
     m_user.Key(VK_TAB, "\t");
     EXPECT_EQ(GetFocus(), other.m_hWnd);
     EXPECT_EQ(item.GetValue().Text, "xy");
+    item.SetFocus();
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QApplication::sendEvent(QApplication::focusWidget(), &query);
+    EXPECT_TRUE(query.value(Qt::ImEnabled).toBool());
+    QInputMethodEvent composed;
+    composed.setCommitString(QStringLiteral("\u0141\u00f3"));
+    QApplication::sendEvent(QApplication::focusWidget(), &composed);
+    EXPECT_EQ(WidgetOf<QLineEdit>(item.m_Edit).text(), composed.commitString()) << "what is composed, too";
 }
 
 } // namespace

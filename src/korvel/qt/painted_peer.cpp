@@ -5,9 +5,12 @@
 #include "korvel/qt/peer_context.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/core/input.h"
+#include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
 #include <QFrame>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QScopedValueRollback>
 
@@ -68,11 +71,29 @@ void PaintedPeer::Arrange() {
         Content().setGeometry(ToQRect(view::ClientRectangle(Window())));
 }
 
+// Lists ask for characters to find rows by, which are keys for their parent as well.
+bool PaintedPeer::TakesComposedText() const {
+    return view::KindOf(Window()) == view::Kind::Painted &&
+           (SendMessageA(Window(), WM_GETDLGCODE, 0, 0) & DLGC_WANTCHARS);
+}
+
+bool PaintedPeer::TypeComposedText(QInputMethodEvent& composed) {
+    if (composed.commitString().isEmpty())
+        return true;
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, composed.commitString());
+    Peer::OnEvent(Content(), key);
+    return true;
+}
+
 bool PaintedPeer::OnEvent(QWidget& widget, QEvent& event) {
     if (m_topLevel && &widget == &Outer() && m_topLevel->OnEvent(event))
         return true;
     if (&widget != &Content())
         return false;
+    if (event.type() == QEvent::InputMethodQuery)
+        widget.setAttribute(Qt::WA_InputMethodEnabled, TakesComposedText());
+    if (event.type() == QEvent::InputMethod)
+        return TypeComposedText(static_cast<QInputMethodEvent&>(event));
     if (event.type() != QEvent::Paint)
         return Peer::OnEvent(widget, event);
     const QRegion& exposed = static_cast<QPaintEvent&>(event).region();

@@ -6,10 +6,12 @@
 #include <optional>
 
 class QFrame;
+class QInputMethodEvent;
 
 namespace korvel::internal {
 
-/// A window that paints itself: its client area is a plain surface inside the border.
+/// A window that paints itself: its client area is a plain surface inside the border. Where it answers WM_GETDLGCODE
+/// with DLGC_WANTCHARS, what an input method composes comes as the characters of one key.
 class PaintedPeer : public Peer {
 public:
     /// The widgets of a window with a border, or with parts beside its client area, are two.
@@ -31,6 +33,9 @@ protected:
     virtual void Arrange();
 
 private:
+    bool TakesComposedText() const;
+    bool TypeComposedText(QInputMethodEvent& composed);
+
     std::optional<TopLevel> m_topLevel; // while it lies in no other window
 };
 
