@@ -189,7 +189,7 @@ TEST_F(MemberOperationsTest, TheLabelIsEditedAndEscapeGivesItUp) {
     Type("east", VK_ESCAPE);
     EXPECT_EQ(parent.Take(), "flags x label x ");
     Run(GridCommand::RenameMember);
-    Select(grid, 2);                                                // which the edit is not about
+    grid.SetItemState(2, LVIS_SELECTED, LVIS_SELECTED);             // which the edit is not about
     input::Key(grid.GetEditControl(), WM_KEYDOWN, VK_RETURN, "\r"); // kept: what was shown is the new name
     EXPECT_EQ(Rows(grid)[1], " x [m]|1,50");
 }
