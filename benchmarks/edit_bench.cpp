@@ -6,7 +6,8 @@
 
 #include <map>
 
-/// What it costs to end an edit in a grid with many members: from the Return key to the row that shows the new value.
+/// What it costs to end an edit in a grid with many members: from the Return key to the row that shows the
+/// new value.
 
 namespace {
 

@@ -48,7 +48,8 @@ int List(LandXmlDocument& document) {
     return Done;
 }
 
-// Writes one "PATH=TEXT". A name may hold '=': of the paths that could be meant, the shortest that leads to a member.
+// Writes one "PATH=TEXT". A name may hold '=': of the paths that could be meant, the shortest that leads to a
+// member.
 void Set(GridPane& pane, IMemberDispatch& root, const std::string& assignment) {
     std::size_t end = assignment.find('=');
     for (std::size_t at = end; at != std::string::npos; at = assignment.find('=', at + 1))
@@ -85,7 +86,8 @@ bool IsOwnFile(const Options& options) {
     return options.saveAs.empty() || std::filesystem::equivalent(options.saveAs, options.file, none);
 }
 
-// What `--set`, `--save` and `--list` do with a document, in this order. Whatever is refused leaves its file alone.
+// What `--set`, `--save` and `--list` do with a document, in this order. Whatever is refused leaves its file
+// alone.
 int EditAndList(const Options& options, const TakenFormats& formats) {
     GridPane pane;
     OpenDocument open(options.file, {options.stations, nullptr, options.encoding, ReadingOptions::All},

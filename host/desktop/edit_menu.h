@@ -14,9 +14,9 @@ class QMenuBar;
 
 namespace korvel::inspector {
 
-/// The menu of what can be done to the document's values: undo and redo, the clipboard, and the operations on the
-/// selected attribute. Everything but the clipboard ends the edit of a cell first, and does nothing where its text
-/// is refused.
+/// The menu of what can be done to the document's values: undo and redo, the clipboard, and the operations on
+/// the selected attribute. Everything but the clipboard ends the edit of a cell first, and does nothing where
+/// its text is refused.
 class EditMenu {
 public:
     /// Adds itself to `bar`. `pane` must outlive it; `attempt` runs an action and tells what it throws.
@@ -35,7 +35,8 @@ private:
     void AddTypes();
     void OnShow();
     void OnHide();
-    /// While the menu is shown, what the selected row does not allow is grey; its keys are asked when they come.
+    /// While the menu is shown, what the selected row does not allow is grey; its keys are asked when they
+    /// come.
     void EnableFor(const RowAbilities& row);
 
     GridPane& m_pane;

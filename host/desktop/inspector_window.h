@@ -27,11 +27,11 @@ public:
     explicit InspectorWindow(const ReadingOptions& options, bool unitOfFile = false);
     ~InspectorWindow() override;
 
-    /// Opens a document instead of the one that is shown, whatever changes that has. Throws DocumentError; what
-    /// was shown stays then.
+    /// Opens a document instead of the one that is shown, whatever changes that has. Throws DocumentError;
+    /// what was shown stays then.
     void Open(const std::string& path);
-    /// The same, when the user wants to leave the one that is shown; a box shows what went wrong. True when the
-    /// document is open.
+    /// The same, when the user wants to leave the one that is shown; a box shows what went wrong. True when
+    /// the document is open.
     bool OpenOrWarn(const std::string& path);
     /// Shows a text (UTF-8) in a box.
     void Warn(const std::string& text);

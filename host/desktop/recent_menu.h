@@ -7,8 +7,8 @@ class QMenu;
 
 namespace korvel::inspector {
 
-/// The menu of the files that were opened last, as the settings hold them when the menu around it is shown. A file
-/// that has gone leaves the list when it is chosen.
+/// The menu of the files that were opened last, as the settings hold them when the menu around it is shown. A
+/// file that has gone leaves the list when it is chosen.
 class RecentMenu {
 public:
     /// Adds itself to `menu`. `open` opens a file; false when it was tried and failed.

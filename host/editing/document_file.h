@@ -8,8 +8,8 @@
 
 namespace korvel::inspector {
 
-/// The file of an open document: writes it whole or not at all, in the form in which it was read, and sees when
-/// somebody else has changed it.
+/// The file of an open document: writes it whole or not at all, in the form in which it was read, and sees
+/// when somebody else has changed it.
 ///
 ///     DocumentFile file("road.xml.gz", document);
 ///     if (file.GetState() != DocumentFile::State::Changed || AskWhetherToOverwrite())
@@ -29,12 +29,12 @@ public:
     };
     State GetState() const;
 
-    /// Writes a document's text, in UTF-8, over whatever the file holds by now. A file that holds that already is
-    /// left alone. Throws DocumentError when it cannot be written or its encoding lacks a character; the file is as
-    /// before then.
+    /// Writes a document's text, in UTF-8, over whatever the file holds by now. A file that holds that
+    /// already is left alone. Throws DocumentError when it cannot be written or its encoding lacks a
+    /// character; the file is as before then.
     void Write(std::string_view utf8);
-    /// The same into another file, which is the document's file from then on; packed when its name ends in ".gz",
-    /// or when it is the document's packed file itself.
+    /// The same into another file, which is the document's file from then on; packed when its name ends in
+    /// ".gz", or when it is the document's packed file itself.
     /// Bytes that this text has in the former file are copied, also the packed ones.
     void WriteAs(const std::string& path, std::string_view utf8);
     /// Copies the file as it is, and goes on with the copy.

@@ -9,8 +9,8 @@
 
 namespace korvel::inspector {
 
-/// Knows which objects grids show, and by which sinks they hear of them. What a grid says of a value is passed
-/// on to every grid that shows the object; of all else the object itself has told MemberNews by then.
+/// Knows which objects grids show, and by which sinks they hear of them. What a grid says of a value is
+/// passed on to every grid that shows the object; of all else the object itself has told MemberNews by then.
 ///
 /// It must outlive the grids that it is given to, and may serve one document after another.
 class EditObserver final : public IObserverGrid {

@@ -49,27 +49,29 @@ struct RowAbilities {
     bool isProtected = false;
 };
 
-/// The window that Embed takes into the inspector's main window: a grid that fills it, and edits what it shows.
+/// The window that Embed takes into the inspector's main window: a grid that fills it, and edits what it
+/// shows.
 class GridPane final : public CWnd, private IGridErrorReporter {
 public:
     GridPane();
 
     /// What documents that are shown here are to be opened with.
     EditObserver& Observer() { return m_observer; }
-    /// Shows a document instead of what was shown, with the first row selected. It must live until Clear or the
-    /// end of the pane.
+    /// Shows a document instead of what was shown, with the first row selected. It must live until Clear or
+    /// the end of the pane.
     void Show(OpenDocument& document);
     void Clear();
 
-    /// Writes what is being typed into a cell or as a name. False when it is refused, which the user has been told;
-    /// whatever is to be done next must not be done then.
+    /// Writes what is being typed into a cell or as a name. False when it is refused, which the user has been
+    /// told; whatever is to be done next must not be done then.
     bool EndEdit() { return m_grid.EndEdit(); }
     /// Called with what the user is to be told of a failure.
     void SetFailureHook(std::function<void(const std::string& message)> hook) {
         m_failureHook = std::move(hook);
     }
     RowAbilities SelectedRow() const;
-    /// The object whose member the selected row shows, null without one, the member's name, and what its cell says.
+    /// The object whose member the selected row shows, null without one, the member's name, and what its cell
+    /// says.
     IMemberDispatch* SelectedObject() const;
     std::string SelectedName() const;
     std::string SelectedText() const;

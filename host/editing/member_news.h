@@ -25,8 +25,8 @@ public:
         : m_document(document), m_observer(observer) {}
 
     void Remember(const DocumentChange& change);
-    /// Says all that differs from what was remembered, and forgets it. A grid may write meanwhile. An exception
-    /// goes on after all has been said.
+    /// Says all that differs from what was remembered, and forgets it. A grid may write meanwhile. An
+    /// exception goes on after all has been said.
     void Tell();
     /// Whether a shown object has got or lost members since the last call.
     bool TakeCountsChanged() { return std::exchange(m_areCountsChanged, false); }

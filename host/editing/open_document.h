@@ -18,8 +18,8 @@ namespace korvel::inspector {
 ///         open.Save();
 class OpenDocument {
 public:
-    /// `observer` is that of the grids that will show it, and must outlive it; no grid may show it after its end.
-    /// File names are chosen from the folder of the file, unless `options` names another chooser. Throws
+    /// `observer` is that of the grids that will show it, and must outlive it; no grid may show it after its
+    /// end. File names are chosen from the folder of the file, unless `options` names another chooser. Throws
     /// DocumentError.
     OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer);
 
@@ -30,8 +30,8 @@ public:
     const DocumentFileChooser& FileChooser() const { return m_chooser; }
 
     bool HasUnsavedChanges() const { return !m_editing.Steps().IsClean(); }
-    /// Both throw DocumentError when the file cannot be written; the changes are unsaved still. The file of a document
-    /// that can only be read is left alone, or copied as it is.
+    /// Both throw DocumentError when the file cannot be written; the changes are unsaved still. The file of a
+    /// document that can only be read is left alone, or copied as it is.
     void Save();
     void SaveAs(const std::string& path);
 

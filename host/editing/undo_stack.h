@@ -28,7 +28,8 @@ public:
     /// Without effect where no frame is open.
     void Close();
     /// Takes back what the open frame, or the one just closed, has changed, and drops its step; with it the
-    /// steps come back that could be done again before it. Without effect where that frame has changed nothing.
+    /// steps come back that could be done again before it. Without effect where that frame has changed
+    /// nothing.
     void RollBack();
     /// The message that has opened and closed the frame is over: a later RollBack does not mean it.
     void Settle();
@@ -44,7 +45,8 @@ public:
     bool CanRedo() const { return !m_isOpen && m_position < m_steps.size(); }
     void Undo();
     void Redo();
-    /// The first change of the step that is next; null where there is none. Valid until something is recorded.
+    /// The first change of the step that is next; null where there is none. Valid until something is
+    /// recorded.
     const DocumentChange* NextUndo() const {
         return CanUndo() ? &m_steps[m_position - 1].changes.front() : nullptr;
     }

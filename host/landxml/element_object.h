@@ -12,10 +12,10 @@ struct Member;
 /// for; see ElementMembers for what the members are.
 ///
 /// What is written goes into the document, see MemberWriter. IsMemberEditable is true for the values that can
-/// be replaced in place in the file, for the grid greys all others: those that are cut, those that comments or
-/// sections interrupt, namespaces, and all of a document of an unknown version. Only attributes can be added
-/// and removed; the row of a child is renamed by its attribute `name`, without which it cannot be. A type is
-/// changed, and a member protected, for this run only.
+/// be replaced in place in the file, for the grid greys all others: those that are cut, those that comments
+/// or sections interrupt, namespaces, and all of a document of an unknown version. Only attributes can be
+/// added and removed; the row of a child is renamed by its attribute `name`, without which it cannot be. A
+/// type is changed, and a member protected, for this run only.
 class ElementObject final : public IMemberDispatch {
 public:
     ElementObject(LandXmlDocument& document, ElementIndex element);

@@ -20,8 +20,8 @@ namespace korvel::inspector {
 ///     LandXmlDocument document("road.xml", {});
 ///     grid.Initialize(&document.Root(), "Name", "Value", 0);
 ///
-/// Whoever writes to a member of an object changes the document; a listener hears of it, and may put back what
-/// was there. The source stays as it is beside the edits, see ElementTree.
+/// Whoever writes to a member of an object changes the document; a listener hears of it, and may put back
+/// what was there. The source stays as it is beside the edits, see ElementTree.
 ///
 /// The document owns its objects; it must outlive every grid that shows them. Objects are made when they are
 /// first asked for and keep their address. Not for several threads at once.

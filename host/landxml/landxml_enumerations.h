@@ -7,8 +7,8 @@
 
 namespace korvel::inspector {
 
-/// The enumerations of LandXML that a new attribute may be a value of, each by the first place where LandXML uses
-/// it, in the order of these names.
+/// The enumerations of LandXML that a new attribute may be a value of, each by the first place where LandXML
+/// uses it, in the order of these names.
 ///
 ///     CEditableGrid grid(&observer, &enumerations);   // "New" offers "side", "type (RoadSign)", ...
 class LandXmlEnumerations final : public IEnumContainer {

@@ -18,7 +18,8 @@ public:
 
     /// Valid until the names of an element outside this one are asked for.
     const UniqueMemberNames& NamesOf(ElementIndex element);
-    /// The name of an element's object: the one that it has as a member. Valid until Forget; changed in place.
+    /// The name of an element's object: the one that it has as a member. Valid until Forget; changed in
+    /// place.
     const std::string& IdentOf(ElementIndex element);
 
     /// Gives back the memory that belongs to an element.

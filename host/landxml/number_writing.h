@@ -14,8 +14,8 @@ namespace korvel::inspector {
 std::string NumberText(double number);
 std::string NumberText(float number);
 
-/// The shortest text that means the angle, see MeansRadians; where no text means just that double, the nearest
-/// one that can be found.
+/// The shortest text that means the angle, see MeansRadians; where no text means just that double, the
+/// nearest one that can be found.
 ///
 ///     AngleText(pi, AngleUnit::Grads)   -> "200"
 std::string AngleText(double radians, AngleUnit unit);

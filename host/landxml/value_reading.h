@@ -42,7 +42,8 @@ std::string_view UnitOf(const ValueType& type, const ValuePlace& place);
 /// How angles of a meaning are written; null for what is no angle.
 const AngleScale* ScaleOf(Meaning meaning, const UnitSet& units);
 
-/// A text of the document as the library holds texts (korvel/platform/code_page.h); most are the same in both.
+/// A text of the document as the library holds texts (korvel/platform/code_page.h); most are the same in
+/// both.
 std::string ToLibraryText(const std::string& utf8);
 
 } // namespace korvel::inspector

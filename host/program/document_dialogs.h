@@ -6,9 +6,9 @@ namespace korvel {
 class CWnd;
 }
 
-/// The library's dialogs for what the user notes about a document (see DocumentNotes). Each shows what was kept,
-/// else what the document says, and keeps what the user changed. What cannot be kept is told, and the dialog
-/// opens again with it. They throw Error when the settings cannot be read.
+/// The library's dialogs for what the user notes about a document (see DocumentNotes). Each shows what was
+/// kept, else what the document says, and keeps what the user changed. What cannot be kept is told, and the
+/// dialog opens again with it. They throw Error when the settings cannot be read.
 namespace korvel::inspector {
 
 class LandXmlDocument;

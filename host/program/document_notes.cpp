@@ -48,8 +48,8 @@ std::string CanonicalPath(const std::string& file) {
     throw Error(platform::FromUtf8(utf8).text);
 }
 
-// Throws, in the language of the process, unless the store could be used: `denied` says what is wrong without the
-// right to it, `failed` what else it may be.
+// Throws, in the language of the process, unless the store could be used: `denied` says what is wrong without
+// the right to it, `failed` what else it may be.
 SettingsStatus UseStore(const std::function<SettingsStatus()>& use, const char* denied, const char* failed) {
     SettingsStatus status = SettingsStatus::Done;
     try {

@@ -59,9 +59,9 @@ private:
 };
 
 /// Reads the arguments after the program's name. The value of an option is the next argument, or follows '='
-/// in the same one: `--size 800x600`, `--size=800x600`. The value of `--save` may be missing: what follows it is
-/// its value unless that is an option, or the only file that is named. After `--` everything is a file name.
-/// Throws UsageError.
+/// in the same one: `--size 800x600`, `--size=800x600`. The value of `--save` may be missing: what follows it
+/// is its value unless that is an option, or the only file that is named. After `--` everything is a file
+/// name. Throws UsageError.
 Options ReadOptions(const std::vector<std::string>& arguments);
 
 /// The language that arguments ask for, as far as they can be understood; empty: none. Throws nothing.

@@ -20,8 +20,8 @@ void UseLanguage(const std::string& language);
 /// Sets a damaged settings store aside, which leaves the locale's own values, for this run and, until
 /// something is set, the next ones. Returns what the user should know, in UTF-8.
 std::string SetAsideIfDamaged(const platform::StoreProblem& problem);
-/// The same where the library has thrown an Error, which does not say whether the store is damaged. `elseWrong`
-/// is the sentence for a store that is not, with its file as %1.
+/// The same where the library has thrown an Error, which does not say whether the store is damaged.
+/// `elseWrong` is the sentence for a store that is not, with its file as %1.
 std::string SetAsideIfDamaged(platform::SettingsRoot root, const char* elseWrong);
 
 } // namespace korvel::inspector

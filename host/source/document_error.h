@@ -25,8 +25,8 @@ private:
     std::string m_text;
 };
 
-/// What is wrong with a document and where, in UTF-8 and in the language of the process, with advice where there
-/// is some.
+/// What is wrong with a document and where, in UTF-8 and in the language of the process, with advice where
+/// there is some.
 std::string SayOfDocument(const XmlError& error);
 
 } // namespace korvel::inspector

@@ -90,8 +90,8 @@ public:
     /// `tag` is well-formed, with the element's name, its end ("/>" or ">") and its declarations of
     /// namespaces. The tag of the source itself ends the edit.
     void ReplaceStartTag(ElementIndex element, std::string tag);
-    /// `offset` and `raw` as in TextSource; `raw` holds characters and references only. The text of the source
-    /// itself ends the edit.
+    /// `offset` and `raw` as in TextSource; `raw` holds characters and references only. The text of the
+    /// source itself ends the edit.
     void ReplaceText(ElementIndex element, std::size_t offset, std::string raw);
 
     /// A stretch of the document as it is now, and the stretch of the source that it stands for.

@@ -25,8 +25,8 @@ std::string EscapeAttribute(std::string_view utf8, char quote, const CharacterTe
 ///     RewriteText("A &#66;\r\nC\tD", "A B\nx\tD", "\r\n", {})     -> "A &#66;\r\nx\tD"
 std::string RewriteAttribute(std::string_view raw, std::string_view utf8, char quote,
                              const CharacterTest& isHeld);
-/// The same between two tags, without any tag, comment or section in `raw`. Line ends that are new are written
-/// as `lineEnd`.
+/// The same between two tags, without any tag, comment or section in `raw`. Line ends that are new are
+/// written as `lineEnd`.
 std::string RewriteText(std::string_view raw, std::string_view utf8, std::string_view lineEnd,
                         const CharacterTest& isHeld);
 

@@ -13,7 +13,8 @@ using enum CellAction;
 
 constexpr CRect Cell{100, 40, 200, 60}; // squares are 20 by 20 pixels, within the cell 18 by 18
 
-// What a click at the left edge, in the middle, in the square left of the right one and in the right one means.
+// What a click at the left edge, in the middle, in the square left of the right one and in the right one
+// means.
 struct Answers {
     CellAction left, middle, secondSquare, rightSquare;
     bool operator==(const Answers&) const = default;

@@ -7,8 +7,8 @@
 
 namespace korvel {
 
-/// The parent of a grid that is edited: writes down undoable steps, and what the grid says by WM_COMMAND ("<7>") and
-/// WM_NOTIFY ("<22 text>").
+/// The parent of a grid that is edited: writes down undoable steps, and what the grid says by WM_COMMAND
+/// ("<7>") and WM_NOTIFY ("<22 text>").
 class EditParent : public HistoryParent {
 protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override {
@@ -77,8 +77,8 @@ struct OpenedGrid : CEditableGrid {
     using CEditableGrid::m_Spin;
 };
 
-/// A grid of which cells are edited, in a parent with another field. The root object has "v" 12.5 and "s" "text",
-/// and after Bind others to scroll away to.
+/// A grid of which cells are edited, in a parent with another field. The root object has "v" 12.5 and "s"
+/// "text", and after Bind others to scroll away to.
 class EditTest : public GermanMachine {
 protected:
     EditTest() {

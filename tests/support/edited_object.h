@@ -8,8 +8,8 @@
 
 namespace korvel {
 
-/// An object that is edited and the observer of its changes: writes down each call ("type ", "get ", "told 14 ",
-/// "set 14 "), and misbehaves within it when told.
+/// An object that is edited and the observer of its changes: writes down each call ("type ", "get ", "told 14
+/// ", "set 14 "), and misbehaves within it when told.
 class EditedObject : public TMemberDispatchImp<EditedObject>, public QuietObserver {
     using Base = TMemberDispatchImp<EditedObject>;
 

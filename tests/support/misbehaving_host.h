@@ -152,8 +152,8 @@ struct MisbehavingHost {
             failedStep = open;
     }
 
-    /// Rows and look-up agree, the observer has the sinks of what is shown and no others, and each undoable step
-    /// was closed once before the next.
+    /// Rows and look-up agree, the observer has the sinks of what is shown and no others, and each undoable
+    /// step was closed once before the next.
     void ExpectAgreement() {
         static const std::regex steps(R"((\[[^\[\]!]*\]!?)*)");
         EXPECT_TRUE(std::regex_match(parent.log, steps)) << parent.log;

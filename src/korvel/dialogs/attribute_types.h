@@ -15,11 +15,12 @@ struct AttributeType {
     CVariantValue value; ///< what an attribute of this type begins with
 };
 
-/// The types that the mask allows, and after them a list of each enumeration of the container (may be null) whose
-/// type it allows. Measures have 64 bits where these are allowed, else 32.
+/// The types that the mask allows, and after them a list of each enumeration of the container (may be null)
+/// whose type it allows. Measures have 64 bits where these are allowed, else 32.
 std::vector<AttributeType> AttributeTypes(std::uint32_t allowed, IEnumContainer* enumerations);
 
-/// What a typed text is as a value like `fresh`; `fresh` where it is no such value, and where texts are not typed.
+/// What a typed text is as a value like `fresh`; `fresh` where it is no such value, and where texts are not
+/// typed.
 CVariantValue FromTypedText(const CVariantValue& fresh, const std::string& typed, GridOptions options);
 
 } // namespace korvel::internal

@@ -4,9 +4,9 @@
 #include <array>
 #include <cstdint>
 
-// The pictures on the buttons of the dialogs: one shape each, on a grid of 16 by 16 with rows from the top, in
-// colors that can be seen on a light and on a dark ground. Two pixels a step leave them sharp on screens of
-// twice the scale; a display makes them smaller elsewhere.
+// The pictures on the buttons of the dialogs: one shape each, on a grid of 16 by 16 with rows from the top,
+// in colors that can be seen on a light and on a dark ground. Two pixels a step leave them sharp on screens
+// of twice the scale; a display makes them smaller elsewhere.
 namespace korvel::internal {
 namespace {
 

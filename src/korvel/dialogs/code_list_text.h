@@ -16,8 +16,8 @@ struct CodePair {
     bool operator==(const CodePair&) const = default;
 };
 
-/// The pairs of a code list's text, "code:value;code:value". Empty pieces are skipped; the first ":" of a piece
-/// separates, and a piece without one is a value.
+/// The pairs of a code list's text, "code:value;code:value". Empty pieces are skipped; the first ":" of a
+/// piece separates, and a piece without one is a value.
 ///
 ///     ParseCodeList(";;a:b:c;d;")   // {"a", "b:c"}, {"", "d"}
 KORVEL_API std::vector<CodePair> ParseCodeList(std::string_view text);

@@ -17,13 +17,13 @@ namespace korvel {
 ///     if (dialog.DoModal() == IDOK)
 ///         Use(dialog.GetSelectedCodes());         // "T12:0.35"
 ///
-/// The user's changes are in GetCodeList after IDOK. Nothing is checked: what the text cannot hold changes its
-/// meaning when it is read again. Insert adds a pair, Delete removes those that are selected, Ctrl+A selects
-/// all.
+/// The user's changes are in GetCodeList after IDOK. Nothing is checked: what the text cannot hold changes
+/// its meaning when it is read again. Insert adds a pair, Delete removes those that are selected, Ctrl+A
+/// selects all.
 ///
 /// The dirty flag is what hosts know it to be: after Add, Edit and both moves it is set also when the user
-/// cancelled or nothing moved, and with SelectionMode::Single at each change of the selection. While it is not
-/// set, OK leaves both texts as they were.
+/// cancelled or nothing moved, and with SelectionMode::Single at each change of the selection. While it is
+/// not set, OK leaves both texts as they were.
 class KORVEL_API CDialogCodeList : public CDialog {
 public:
     explicit CDialogCodeList(CWnd* parent = nullptr);

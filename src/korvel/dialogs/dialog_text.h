@@ -13,7 +13,8 @@ namespace korvel {
 ///     if (dialog.DoModal() == IDOK && dialog.GetIsDirty())
 ///         Store(dialog.GetText());
 ///
-/// The bytes that the user leaves alone stay what they are, line ends too; a line that is typed ends with "\r\n".
+/// The bytes that the user leaves alone stay what they are, line ends too; a line that is typed ends with
+/// "\r\n".
 class KORVEL_API CDialogText : public CDialog {
 public:
     explicit CDialogText(CWnd* parent = nullptr);

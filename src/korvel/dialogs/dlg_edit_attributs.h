@@ -26,14 +26,14 @@ struct AttributeType;
 ///         axis.AddMember(dialog.GetName(), !dialog.IsWriteProtected(), dialog.GetValue()))
 ///         observer.OnAdd(&axis, nullptr, dialog.GetName(), dialog.GetValue());
 ///
-/// It offers text, the plain numbers, flag, date, colors, file, angles, measures and a list of each enumeration of
-/// the container, as far as the mask of types allows them ((mask & type) == type). A name that is empty or that
-/// the object has already, and a text that is no value of the type, are said in the dialog, and OK waits for
-/// others. What was typed goes over to another type where it is a value of that.
+/// It offers text, the plain numbers, flag, date, colors, file, angles, measures and a list of each
+/// enumeration of the container, as far as the mask of types allows them ((mask & type) == type). A name that
+/// is empty or that the object has already, and a text that is no value of the type, are said in the dialog,
+/// and OK waits for others. What was typed goes over to another type where it is a value of that.
 class KORVEL_API CDlgEditAttributs : public CDialog, public CLayoutManager<CDlgEditAttributs> {
 public:
-    /// Pointers may be null; none is owned, and all but `parent` must live while the dialog does. `observer` is
-    /// kept for derived dialogs. Enumerations stay the host's, whatever IsAutoDestroy says.
+    /// Pointers may be null; none is owned, and all but `parent` must live while the dialog does. `observer`
+    /// is kept for derived dialogs. Enumerations stay the host's, whatever IsAutoDestroy says.
     CDlgEditAttributs(IObserverGrid* observer, IMemberDispatch* disp, IEnumContainer* enumerations,
                       std::uint32_t types, bool allowWriteProtect, CWnd* parent = nullptr);
     ~CDlgEditAttributs() override;

@@ -18,12 +18,12 @@ namespace korvel {
 ///   `fileName` is shown at the beginning. Both may be null.
 /// - `flags`: 2 asks before a file is overwritten, 0x800 takes only names in folders that exist, 0x1000 only
 ///   files that exist; the user is told and asked again. Other bits count for nothing.
-/// - `filter`: pairs of description and patterns, each followed by "|"; patterns are separated by ";" and ignore
-///   case, and "*.*" is every file. May be null.
+/// - `filter`: pairs of description and patterns, each followed by "|"; patterns are separated by ";" and
+///   ignore case, and "*.*" is every file. May be null.
 /// - `structSize` and `vistaStyle` are there for hosts that hand them over, and count for nothing.
 ///
-/// Any thread; the focus leaves meanwhile and comes back. \throws Error when the settings name no language and
-/// the user must be told.
+/// Any thread; the focus leaves meanwhile and comes back. \throws Error when the settings name no language
+/// and the user must be told.
 KORVEL_API bool doModalFileDialog(std::string& path, int openFile, const char* defaultExtension,
                                   const char* fileName, unsigned long flags, const char* filter, HWND parent,
                                   unsigned long structSize, int vistaStyle);

@@ -20,8 +20,8 @@ public:
     CSelectFolderDlg(const CString& title, HWND parent);
     CSelectFolderDlg(const CString& title, const CString& startFolder, HWND parent);
 
-    /// IDOK or IDCANCEL. Shows the desktop's chooser, or the plain one where that cannot be made. A start folder
-    /// that does not exist is ignored.
+    /// IDOK or IDCANCEL. Shows the desktop's chooser, or the plain one where that cannot be made. A start
+    /// folder that does not exist is ignored.
     std::int64_t DoModal();
 
     /// The chosen folder; what it was before unless DoModal returned IDOK.

@@ -29,7 +29,8 @@ struct ReplacedBytes {
 
 /// A document as UTF-8, without byte order mark, and how its file holds it.
 struct DecodedXml {
-    /// Ends before the first byte that is wrong and not replaced. A fault of the text itself is thus found first.
+    /// Ends before the first byte that is wrong and not replaced. A fault of the text itself is thus found
+    /// first.
     std::string text;
     /// What is wrong after the text; nothing where the whole file was read. XmlParser throws it at that
     /// place.

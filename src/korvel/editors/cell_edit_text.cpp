@@ -39,8 +39,8 @@ Real Rounded(Real number, int digits) {
     return rounded;
 }
 
-// The text when it reads back; else with a point at its end, which makes of a run of digits one that does not stop
-// at 32 bits; else nothing.
+// The text when it reads back; else with a point at its end, which makes of a run of digits one that does not
+// stop at 32 bits; else nothing.
 template <typename Predicate>
 std::optional<std::string> ThatReadsBack(const std::string& text, Predicate readsBack) {
     if (readsBack(text))

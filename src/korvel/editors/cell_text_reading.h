@@ -29,12 +29,12 @@ bool KeepsPayload(EDataTyps type);
 /// As WideIntegers says.
 WholeNumbers WholeNumbersOf(GridOptions options);
 
-/// The number that a text means where values of this type are shown, an angle in the user's unit: arithmetic, and
-/// a station with StationInput. \throws Error with an empty text for anything else
+/// The number that a text means where values of this type are shown, an angle in the user's unit: arithmetic,
+/// and a station with StationInput. \throws Error with an empty text for anything else
 double ReadCellNumber(const TypeRow& type, const std::string& text, GridOptions options);
 
-/// Puts the value of `type`, without the bit of a formula, that a text means in place of `value`, whose payload
-/// stays where KeepsPayload says so.
+/// Puts the value of `type`, without the bit of a formula, that a text means in place of `value`, whose
+/// payload stays where KeepsPayload says so.
 ///
 ///     CVariantValue value;
 ///     ReadCellText(DT_Int, "7/2", {}, value)           -> true, 3: cut off toward zero
@@ -42,8 +42,8 @@ double ReadCellNumber(const TypeRow& type, const std::string& text, GridOptions 
 ///     ReadCellText(DT_Int, "1/0", {}, value)           -> false: no integer of 32 bits
 ///
 /// False, and `value` as before: the type is not edited as a text, or its integers do not hold the number
-/// (unsigned ones take -2147483648 to 4294967295 and keep the low 32 bits). Floating numbers take infinities and
-/// not-a-number, ranges only 0 to 100. \throws Error as above, and for a number outside of a range
+/// (unsigned ones take -2147483648 to 4294967295 and keep the low 32 bits). Floating numbers take infinities
+/// and not-a-number, ranges only 0 to 100. \throws Error as above, and for a number outside of a range
 bool ReadCellText(EDataTyps type, const std::string& text, GridOptions options, CVariantValue& value);
 
 /// A number as the 32 bits of an integer type, cut off toward zero. False for what they do not hold.

@@ -14,8 +14,8 @@ namespace korvel {
 ///     if (dialog.DoModal() == IDOK)
 ///         Use(dialog.GetColorWord());              // 0x7F0000FF: half transparent
 ///
-/// The top byte of a color word is the opacity, 255 for opaque. The dialog knows percents of transparency, so not
-/// every opacity comes back as it was: 0x80 is 50 %, which is 0x7F; 0xFF and 0 do.
+/// The top byte of a color word is the opacity, 255 for opaque. The dialog knows percents of transparency, so
+/// not every opacity comes back as it was: 0x80 is 50 %, which is 0x7F; 0xFF and 0 do.
 class KORVEL_API CColorAplhaDlg : public CDialog {
 public:
     explicit CColorAplhaDlg(COLORREF colorWord, CWnd* parent = nullptr);

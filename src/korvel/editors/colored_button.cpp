@@ -8,7 +8,8 @@ namespace {
 
 constexpr int FrameWidth = 1;
 
-// Kept as it is, also where a color is called bright for its blue alone: a host may have chosen its colors by it.
+// Kept as it is, also where a color is called bright for its blue alone: a host may have chosen its colors by
+// it.
 COLORREF TextColorOn(COLORREF color) {
     constexpr COLORREF Middle = 0x808080;
     return color - Middle < Middle ? RGB(0, 0, 0) : RGB(255, 255, 255);

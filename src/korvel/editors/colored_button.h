@@ -12,8 +12,8 @@ namespace korvel::mfcSharedCtrls {
 ///     button.color = RGB(255, 0, 0);
 ///     button.SubclassDlgItem(4044, &dialog);
 ///
-/// A new color shows when the button is next painted. The focus rectangle has a frame in black or white below it:
-/// its dots alone are not seen on every color.
+/// A new color shows when the button is next painted. The focus rectangle has a frame in black or white below
+/// it: its dots alone are not seen on every color.
 class KORVEL_API CColoredButton : public CButton {
 public:
     void DrawItem(DRAWITEMSTRUCT* item) override;

@@ -36,8 +36,8 @@ struct ComboListParts;
 /// In a dialog, a list of mode eDesignFlat or eDesignTree is created like any CListCtrl, or attached to a
 /// control of the template. It then reports to its parent, unless SetOwner names another window.
 ///
-/// Its rows come and go without LVN_INSERTITEM and LVN_DELETEITEM: they follow the enumeration, which the host
-/// knows.
+/// Its rows come and go without LVN_INSERTITEM and LVN_DELETEITEM: they follow the enumeration, which the
+/// host knows.
 ///
 /// The enumeration and the object belong to the host and must live until UnIntialize. What they throw passes
 /// through; a list that was being built is empty then, any other as consistent as before. Null items do
@@ -57,8 +57,8 @@ public:
     /// Makes the window of a list that drops down: a top-level window of its own, hidden, that never takes
     /// the keyboard. `owner` gets its notifications; the top-level window of `owner` owns it.
     bool CreateDropDown(CWnd* owner, int id);
-    /// Places an initialized list below its field (screen coordinates) and as wide, never above: `highest` pixels
-    /// high at most, whole rows only, less when there are fewer rows or the screen ends. Three rows
+    /// Places an initialized list below its field (screen coordinates) and as wide, never above: `highest`
+    /// pixels high at most, whole rows only, less when there are fewer rows or the screen ends. Three rows
     /// are shown also where the screen ends before them. A fixed height would cut off a row, or leave rows
     /// below the screen that neither keys nor wheel bring up. Until UnIntialize the height follows the rows;
     /// the current row is visible at first. In a Wayland session, where no window knows its place on the
@@ -83,8 +83,8 @@ public:
     bool IsInitialized() const;
 
     /// Writes the value to the object, notifies `observer` (may be null), reads it back, and notifies again
-    /// when the object has corrected it. Does nothing without an object and while one is running. False when the
-    /// object refuses the value; the observer is told all the same.
+    /// when the object has corrected it. Does nothing without an object and while one is running. False when
+    /// the object refuses the value; the observer is told all the same.
     bool UpdateDisp(IObserverGrid* observer);
     bool IsRunningUpdateDisp() const;
     /// Reads the member and compares; false while UpdateDisp runs, and for an object without the member.

@@ -7,8 +7,8 @@ namespace korvel::internal {
 
 std::uint32_t RollDice(std::uint32_t seed) {
     constexpr std::uint64_t Faces = 99;
-    // 2 to the 32nd is no multiple of the faces: so many draws, the lowest ones of a face, would make some faces
-    // likelier than others.
+    // 2 to the 32nd is no multiple of the faces: so many draws, the lowest ones of a face, would make some
+    // faces likelier than others.
     constexpr std::uint32_t Surplus = (std::uint64_t{1} << 32) % Faces;
     std::mt19937 twister(seed);
     for (;;) {

@@ -13,8 +13,8 @@ struct DropDownContent {
     int highest = HighestDropDown;
 };
 
-/// Whole rows: as many as the highest list and the room hold, but three at least, and never more than there are. A
-/// list without rows is as high as one.
+/// Whole rows: as many as the highest list and the room hold, but three at least, and never more than there
+/// are. A list without rows is as high as one.
 ///
 ///     DropDownHeight({.rows = 50, .rowHeight = 20, .frame = 2, .room = 900});   // 142
 ///     DropDownHeight({.rows = 50, .rowHeight = 20, .frame = 2, .room = 10});    // 62

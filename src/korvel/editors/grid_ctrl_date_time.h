@@ -8,8 +8,8 @@
 
 namespace korvel {
 
-/// What a CGridCtrlDateTime sends its parent (the high word of WM_COMMAND) when the user has opened the calendar
-/// or changed the date.
+/// What a CGridCtrlDateTime sends its parent (the high word of WM_COMMAND) when the user has opened the
+/// calendar or changed the date.
 inline constexpr UINT GridDateChanged = 0xFD09;
 
 /// The date picker in a cell: shows a date member of an object and writes it back.
@@ -19,13 +19,14 @@ inline constexpr UINT GridDateChanged = 0xFD09;
 ///     date.Start(&axis, "built");   // 4 March 2026; the user chooses the 5th
 ///     date.End();                   // SetMember and OnChange with the 5th
 ///
-/// When it loses the focus it sends its parent EN_KILLFOCUS, once; the calendar that it drops down takes none.
-/// Return and Escape close the calendar, and give the focus to the parent where it is not open. Under EscapeCancels,
-/// Escape then drops the edit before; the parent puts back what it has let the picker write meanwhile.
+/// When it loses the focus it sends its parent EN_KILLFOCUS, once; the calendar that it drops down takes
+/// none. Return and Escape close the calendar, and give the focus to the parent where it is not open. Under
+/// EscapeCancels, Escape then drops the edit before; the parent puts back what it has let the picker write
+/// meanwhile.
 ///
 /// A picker that the user leaves as it was writes back what the object holds, bit for bit: also a date with
-/// fractions of a second, in years before 1601, and a state that is neither "GDT_VALID" nor "GDT_NONE". A member
-/// without a date, or without any value yet, shows none, and begins with today when the user asks for
+/// fractions of a second, in years before 1601, and a state that is neither "GDT_VALID" nor "GDT_NONE". A
+/// member without a date, or without any value yet, shows none, and begins with today when the user asks for
 /// one. The object and the observer may do anything meanwhile but delete the picker.
 class KORVEL_API CGridCtrlDateTime : public CDateTimeCtrl {
 public:
@@ -37,10 +38,10 @@ public:
     /// Shows the member. The object must live until another Start or Drop. A member of another type, or
     /// that the object does not know, leaves the picker as it is. What the object throws passes through.
     void Start(IMemberDispatch* disp, const std::string& name);
-    /// Writes the date back: SetMember, then OnChange of the observer. False, and nothing told, when the object
-    /// refuses it; the picker then keeps it, as it does after an exception, which passes through. True also where
-    /// there is nothing to write: no object, no longer a date, from within End. An edit that the object ends is told
-    /// to nobody.
+    /// Writes the date back: SetMember, then OnChange of the observer. False, and nothing told, when the
+    /// object refuses it; the picker then keeps it, as it does after an exception, which passes through. True
+    /// also where there is nothing to write: no object, no longer a date, from within End. An edit that the
+    /// object ends is told to nobody.
     bool End();
     /// Forgets the member; nothing is written.
     void Drop();

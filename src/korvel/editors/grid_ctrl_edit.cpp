@@ -146,8 +146,8 @@ void CGridCtrlEdit::Drop() {
     m_bChanged = false;
 }
 
-// Names are copied for each call, because a host may rename the member within it. That the member is read before it
-// is written is kept: objects may count on it, and one without a value yet can be given its first.
+// Names are copied for each call, because a host may rename the member within it. That the member is read
+// before it is written is kept: objects may count on it, and one without a value yet can be given its first.
 void CGridCtrlEdit::Commit() {
     const Session session(*this);
     const auto name = [this] { return m_strName; };

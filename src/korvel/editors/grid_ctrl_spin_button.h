@@ -11,8 +11,8 @@ namespace korvel {
 class CDC;
 class CGridCtrlEdit;
 
-/// Two arrows beside a text field that step its number, faster while one is held; the step is written when it is
-/// released.
+/// Two arrows beside a text field that step its number, faster while one is held; the step is written when it
+/// is released.
 ///
 ///     CGridCtrlSpinButton spin;
 ///     spin.Create(0x40000040, right, &grid, 15046);
@@ -20,8 +20,8 @@ class CGridCtrlEdit;
 ///     edit.m_CompanionWindows.insert(spin.m_hWnd);
 ///     spin.m_Step = -1.0;               // the first arrow raises
 ///
-/// The arrows lie one above the other, with UDS_HORZ side by side. It paints itself on every display. While it
-/// is shown, a timer looks at the mouse every 100 ms.
+/// The arrows lie one above the other, with UDS_HORZ side by side. It paints itself on every display. While
+/// it is shown, a timer looks at the mouse every 100 ms.
 class KORVEL_API CGridCtrlSpinButton : public CWnd {
 public:
     bool Create(UINT style, const CRect& rect, CWnd* parent, int id);

@@ -11,24 +11,25 @@ enum class EGridOption : std::uint32_t {
     AngleUnit = 0x1,
 
     /// A text field opens with the shortest text that reads back to the same bits, not with six decimals:
-    /// "0.1", "1e-09"; an infinity is "1/0". A spin button writes such a text, too. An angle that no text reads
-    /// back to opens with the nearest one.
+    /// "0.1", "1e-09"; an infinity is "1/0". A spin button writes such a text, too. An angle that no text
+    /// reads back to opens with the nearest one.
     ExactEditText = 0x2,
 
-    /// Escape leaves a text field, date or drop-down list without writing. Off, it ends the edit as Return does.
+    /// Escape leaves a text field, date or drop-down list without writing. Off, it ends the edit as Return
+    /// does.
     EscapeCancels = 0x4,
 
-    /// A red frame marks the cell of a grid while the refused text is in the field. On or off, the grid's error
-    /// reporter hears why; a grid without one shows a box. Item windows mark nothing.
+    /// A red frame marks the cell of a grid while the refused text is in the field. On or off, the grid's
+    /// error reporter hears why; a grid without one shows a box. Item windows mark nothing.
     InlineErrors = 0x8,
 
-    /// "12+345,60" typed for a road station is kilometre 12 and 345.60 metres, "12,3+45,60" the same for a railway
-    /// station. Off, each is a sum.
+    /// "12+345,60" typed for a road station is kilometre 12 and 345.60 metres, "12,3+45,60" the same for a
+    /// railway station. Off, each is a sum.
     StationInput = 0x10,
 
-    /// With the focus in the grid: F2 or Return opens the value cell of the row, Alt+Down drops its list, Space
-    /// toggles a flag; Right and Left and the main row's + - * open and close groups as those of the keypad do,
-    /// and Return on a group toggles it.
+    /// With the focus in the grid: F2 or Return opens the value cell of the row, Alt+Down drops its list,
+    /// Space toggles a flag; Right and Left and the main row's + - * open and close groups as those of the
+    /// keypad do, and Return on a group toggles it.
     KeyboardEditing = 0x20,
 
     /// A whole number that 32 bits do not hold is read as it is typed. Off, it stops at their bounds:

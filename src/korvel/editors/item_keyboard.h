@@ -4,7 +4,8 @@
 
 namespace korvel::internal {
 
-/// The keys of an item window, its editors and its list, and the wheel over that; for the time of one message.
+/// The keys of an item window, its editors and its list, and the wheel over that; for the time of one
+/// message.
 class ItemKeyboard {
 public:
     explicit ItemKeyboard(CWndItem& item) : m_item(item) {}

@@ -27,22 +27,22 @@ struct ItemCell;
 /// In a dialog's template its class is "KorvelItem", to be attached by SubclassDlgItem.
 ///
 /// A press toggles a flag, asks for a color or a file, drops the list of an enumeration (a second one closes
-/// it), shows the field for a text or the picker for a date; on the button at the right edge it changes the unit of
-/// angles or draws a random number. With the keyboard, F2 does what a press in the value does, and so does Space
-/// but for texts; F4 and Alt+Down drop a list or show the picker; what is typed, also by an input method, begins a
-/// text. Tab goes to the next control of the dialog. A date shows its picker at first, and as a text after
-/// the picker has lost the focus.
+/// it), shows the field for a text or the picker for a date; on the button at the right edge it changes the
+/// unit of angles or draws a random number. With the keyboard, F2 does what a press in the value does, and so
+/// does Space but for texts; F4 and Alt+Down drop a list or show the picker; what is typed, also by an input
+/// method, begins a text. Tab goes to the next control of the dialog. A date shows its picker at first, and
+/// as a text after the picker has lost the focus.
 ///
 /// Under EscapeCancels, Escape gives up what is being edited.
 ///
-/// The parent hears CBN_SELCHANGE when a press has changed the value at once, CBN_DROPDOWN and CBN_CLOSEUP, as
-/// SendParentComboMessage sends them. A text that is no such value leaves the field by an exception when the
-/// field loses the focus, and stays in it; the value stays as well. Where the item is hidden,
-/// disabled or destroyed, such a text is dropped, and any other is read. While a box, a dialog or another program has
-/// the focus, the field waits for it.
+/// The parent hears CBN_SELCHANGE when a press has changed the value at once, CBN_DROPDOWN and CBN_CLOSEUP,
+/// as SendParentComboMessage sends them. A text that is no such value leaves the field by an exception when
+/// the field loses the focus, and stays in it; the value stays as well. Where the item is hidden,
+/// disabled or destroyed, such a text is dropped, and any other is read. While a box, a dialog or another
+/// program has the focus, the field waits for it.
 ///
-/// Enumeration and file value must outlive the item; those of its last value are destroyed with it where they say
-/// IsAutoDestroy. The host may do anything in what is called of it but delete the item.
+/// Enumeration and file value must outlive the item; those of its last value are destroyed with it where they
+/// say IsAutoDestroy. The host may do anything in what is called of it but delete the item.
 class KORVEL_API CWndItem : public CWnd {
 public:
     CWndItem();

@@ -25,8 +25,8 @@ namespace korvel::internal {
 ///
 /// Objects that throw, or know nothing of a member, show an empty value. The host may do anything while it is
 /// called but destroy this object. When something throws all the same (the observer, a row notice, an
-/// allocation), a binding that was being made is undone, a row that was being added is gone, and what was being
-/// removed is gone with every sink taken back; then the first exception goes on.
+/// allocation), a binding that was being made is undone, a row that was being added is gone, and what was
+/// being removed is gone with every sink taken back; then the first exception goes on.
 class AttributeRows final : private FormatSink {
 public:
     using CTreeItem = grid::CTreeItem;

@@ -6,8 +6,8 @@ namespace korvel::internal {
 
 class TreeRows;
 
-/// Copies nodes of a tree with all below to other places in it. The infos are copied by its list, and the host
-/// may do anything meanwhile.
+/// Copies nodes of a tree with all below to other places in it. The infos are copied by its list, and the
+/// host may do anything meanwhile.
 class BranchCopies {
 public:
     using CTreeItem = grid::CTreeItem;

@@ -353,8 +353,8 @@ bool CellEditGrid::TranslateKey(const MSG& message) {
     if (message.hwnd == m_DateTime.m_hWnd && message.wParam != VK_TAB)
         return false; // its keys for the calendar are those that the grid keeps for a list
     const bool passesOn = OnKeyDropdownInactive(message.message, static_cast<UINT>(message.wParam));
-    // Tab has done what it does, also where a refused text brought the focus back: a native field must not leave
-    // by it once more.
+    // Tab has done what it does, also where a refused text brought the focus back: a native field must not
+    // leave by it once more.
     return IsTab(message.message, message.wParam) || !passesOn || GetFocus() != focus;
 }
 

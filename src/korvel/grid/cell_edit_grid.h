@@ -22,25 +22,27 @@ class WriteFrame;
 struct EditDecision;
 } // namespace internal
 
-/// The editing of cells in a CEditableGrid, from which grids derive: what a click in a cell means, the controls that
-/// open over it, and how an edit ends.
+/// The editing of cells in a CEditableGrid, from which grids derive: what a click in a cell means, the
+/// controls that open over it, and how an edit ends.
 ///
 ///     grid.EndEdit();   // before what is shown is saved, undone or closed: false when a text or name is refused
 ///
 /// One control is open at most. It ends, and its value is written, when the focus leaves it, when its row is
-/// scrolled or collapsed out of sight or its column is dragged, and when the grid is cleared, hidden or destroyed;
-/// it moves with its row otherwise. A text that is refused stays in the field, which comes back into view with the
-/// focus; a second way out with the same text closes the field without writing it. Leaving the program, boxes and
-/// dialogs end no text, date or name; a dropped list is written and closed then. A member that the host removes,
-/// protects or gives another type while it is edited drops the edit; a renamed one takes it along.
+/// scrolled or collapsed out of sight or its column is dragged, and when the grid is cleared, hidden or
+/// destroyed; it moves with its row otherwise. A text that is refused stays in the field, which comes back
+/// into view with the focus; a second way out with the same text closes the field without writing it. Leaving
+/// the program, boxes and dialogs end no text, date or name; a dropped list is written and closed then. A
+/// member that the host removes, protects or gives another type while it is edited drops the edit; a renamed
+/// one takes it along.
 ///
 /// The controls are made with the window, hidden and disabled, and live as long as it.
 class KORVEL_API CellEditGrid : public CSuperGridCtrl {
 public:
     ~CellEditGrid() override;
 
-    /// Writes and closes what is being edited, a cell or the name of a row. False when it was refused (a cell then
-    /// stays open where it is a text, a name is what it was), and from within a commit: the caller leaves everything as it is.
+    /// Writes and closes what is being edited, a cell or the name of a row. False when it was refused (a cell
+    /// then stays open where it is a text, a name is what it was), and from within a commit: the caller
+    /// leaves everything as it is.
     bool EndEdit();
     /// Whether a cell is being edited.
     bool IsEditing() const;
@@ -55,9 +57,9 @@ public:
     void OnArrowKey(bool) {}
     void OnOK();
     void OnCancel();
-    /// WM_COMMAND to the parent: `code` in the high word, the control id in the low one, the grid in lParam. 7 and 8:
-    /// the list drops and closes; 9 and 10: a choice is taken and given up; 20 and 21: the pointer leaves the label of
-    /// a row and rests on it.
+    /// WM_COMMAND to the parent: `code` in the high word, the control id in the low one, the grid in lParam.
+    /// 7 and 8: the list drops and closes; 9 and 10: a choice is taken and given up; 20 and 21: the pointer
+    /// leaves the label of a row and rests on it.
     void SendParentComboMessage(UINT code);
 
     /// The row on whose label the pointer rests; -1: none.
@@ -82,11 +84,12 @@ protected:
     /// To be called once, when the grid is made; both must outlive its window.
     void SetUpEditing(internal::EditedMembers& members, internal::WriteFrame& frame);
 
-    /// A press in a cell, with the member that it shows; also a key that stands for one. Does what the press means.
+    /// A press in a cell, with the member that it shows; also a key that stands for one. Does what the press
+    /// means.
     virtual void OnEdit(CItemInfo* info, int row, int column, CPoint point, IMemberDispatch* disp,
                         const CString& name);
-    /// Called before the rows go: writes the cell that is being edited, without a box, and drops what is refused, and
-    /// a name that is being typed.
+    /// Called before the rows go: writes the cell that is being edited, without a box, and drops what is
+    /// refused, and a name that is being typed.
     virtual void CtrlClear();
 
     // What OnEdit opens. Rectangles are the grid's, in client coordinates.
@@ -96,7 +99,8 @@ protected:
     void ShowTree(CRect place, IMemberDispatch* disp, const std::string& name);
     void DisplayTree(IMemberDispatch* disp, const std::string& name);
     void HideTree();
-    /// Where the list drops: below field and arrow, as high as it may be, on the screen. It then takes whole rows.
+    /// Where the list drops: below field and arrow, as high as it may be, on the screen. It then takes whole
+    /// rows.
     void CalculateDroppedRect(CRect& rect) const;
     void OnComboListSelOK();
     void CreateEdit();

@@ -5,8 +5,8 @@
 
 namespace korvel::internal {
 
-/// Moves the focus on from a grid or its control, as the dialog around it does where there is one. False: there is no
-/// tab stop.
+/// Moves the focus on from a grid or its control, as the dialog around it does where there is one. False:
+/// there is no tab stop.
 bool LeaveGridByTab(HWND grid);
 
 /// The keys by which cells are edited, under EGridOption::KeyboardEditing; for the time of one key.

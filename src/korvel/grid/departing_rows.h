@@ -6,8 +6,8 @@
 namespace korvel::internal {
 
 /// Rows on their way out of the list: their nodes are no longer shown, and the list removes them one by one.
-/// Until the last one is gone, the list has more rows than the tree shows, and a handler of a removal may insert
-/// and remove others.
+/// Until the last one is gone, the list has more rows than the tree shows, and a handler of a removal may
+/// insert and remove others.
 ///
 ///     DepartingRows rows;
 ///     rows.Begin(3, 2);      // rows 3 and 4 leave: the tree shows 10 more

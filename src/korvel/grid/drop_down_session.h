@@ -32,9 +32,11 @@ public:
     void Place(const CRect& cell);
     void ShowField();
     static bool IsPress(const MSG& message);
-    /// Field and arrow go with the end of the edit: they must not get the press, which would leave them the capture.
+    /// Field and arrow go with the end of the edit: they must not get the press, which would leave them the
+    /// capture.
     bool IsPressOnField(const MSG& message) const;
-    /// The wheel, and a press over a dropped list, which are the list's wherever they come. True: it has them.
+    /// The wheel, and a press over a dropped list, which are the list's wherever they come. True: it has
+    /// them.
     bool TakeMouse(const MSG& message);
     /// What the list is to lie below, on the screen.
     CRect FieldOnScreen() const;
@@ -42,8 +44,8 @@ public:
     void Drop(const CRect& place, IMemberDispatch* disp, const std::string& name);
     /// Closes the list without writing.
     void Hide();
-    /// Writes a choice that is taken, and closes everything, whatever that throws. `tells`: the user hears of what
-    /// the object throws. False when the object refused the choice.
+    /// Writes a choice that is taken, and closes everything, whatever that throws. `tells`: the user hears of
+    /// what the object throws. False when the object refused the choice.
     bool End(Choice choice, bool tells);
     /// The text of the list's value goes into the field.
     void ShowText();

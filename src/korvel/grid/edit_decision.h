@@ -43,7 +43,8 @@ struct EditDecision {
     CRect spin{};
 };
 
-/// Nothing when the cell shows another control than the type has. Flags and colors are decided by the type alone.
+/// Nothing when the cell shows another control than the type has. Flags and colors are decided by the type
+/// alone.
 ///
 ///     DecideEdit({DT_AngleDouble, CItemInfo::ctAngle, true, {0, 0, 100, 20}, {90, 10}});
 ///     // ChangeAngleUnit: the point is in the square of the unit
@@ -56,8 +57,8 @@ CRect ControlSquare(EDataTyps type, const CRect& cell);
 /// What a key asks for in a cell.
 enum class CellKey { Open, Toggle, Drop };
 
-/// Where a click does what the key asks for; none when the type knows no such thing. `canTypePath` is about files
-/// alone.
+/// Where a click does what the key asks for; none when the type knows no such thing. `canTypePath` is about
+/// files alone.
 std::optional<CPoint> PointOfKey(CellKey key, EDataTyps type, bool canTypePath, const CRect& cell);
 
 } // namespace korvel::internal

@@ -163,7 +163,8 @@ void EditSession::CancelList() {
     failure.Rethrow();
 }
 
-// True: nothing is open any more, or is to be. A user who cannot be told of a refusal keeps the text all the same.
+// True: nothing is open any more, or is to be. A user who cannot be told of a refusal keeps the text all the
+// same.
 bool EditSession::EndText(WayOut way, FirstFailure& failure) {
     CGridCtrlEdit& text = m_controls.text;
     if (!text.m_pDisp)

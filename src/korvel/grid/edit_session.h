@@ -13,11 +13,12 @@ namespace korvel::internal {
 
 class FirstFailure;
 
-/// What is being edited in a grid, and how it ends. One control is open at most: the text field, with a spin button
-/// beside it for a range, the date picker, or the list.
+/// What is being edited in a grid, and how it ends. One control is open at most: the text field, with a spin
+/// button beside it for a range, the date picker, or the list.
 ///
-/// A text that is refused stays in its field, which gets the focus back, until it is typed anew or a second way out
-/// closes the field without writing it. Its row comes back into view where it was scrolled or collapsed out of it.
+/// A text that is refused stays in its field, which gets the focus back, until it is typed anew or a second
+/// way out closes the field without writing it. Its row comes back into view where it was scrolled or
+/// collapsed out of it.
 class EditSession {
 public:
     struct Controls {
@@ -48,11 +49,11 @@ public:
     /// Puts the field of a drop-down over a cell; its list is dropped by the caller.
     void StartList(const CRect& cell, IMemberDispatch* disp, const std::string& name);
 
-    /// Writes and closes what is open. False when it was refused, of which only a text stays open, and from within a
-    /// commit of any grid. A member that is protected by now is not written.
+    /// Writes and closes what is open. False when it was refused, of which only a text stays open, and from
+    /// within a commit of any grid. A member that is protected by now is not written.
     bool End(WayOut way);
-    /// The same for a command. The click that brought it counts once: when a press outside has led to a refusal, the
-    /// command of that press does not close the field.
+    /// The same for a command. The click that brought it counts once: when a press outside has led to a
+    /// refusal, the command of that press does not close the field.
     bool EndByCommand();
     /// The control with the focus, or the grid, loses it.
     void OnFocusLost();

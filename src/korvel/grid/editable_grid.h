@@ -136,8 +136,8 @@ public:
     /// its entries are.
     bool RemoveSink(EDataTyps type, IMemberDispatch* disp, const std::string& name);
 
-    // Undoable steps, of which the parent window is told by WM_HISTORY and WM_HISTORY_ROLLBACK. The grid makes
-    // one of each write; without a parent nothing is sent.
+    // Undoable steps, of which the parent window is told by WM_HISTORY and WM_HISTORY_ROLLBACK. The grid
+    // makes one of each write; without a parent nothing is sent.
     /// A step begins; `text` is its title.
     void SendHistoryEvent(const char* text);
     /// The step ends.
@@ -150,11 +150,12 @@ public:
     void ModifyImageStyle(std::uint32_t add, std::uint32_t remove);
     std::uint32_t GetImageStyle() const { return m_ImageStyle; }
 
-    // What the user does to the member of the selected row, each also as a GridCommand. Without a selected row
-    // nothing is done but adding; what an object throws is told as a failed write is. The grid changes the object and
-    // tells the observer; rows follow the sink. What is being edited ends first; refused, nothing else is done.
-    /// Asks OnAddMember, then the user in a dialog, for a member of the selected row's object; without a selected
-    /// row of the root. No undoable step.
+    // What the user does to the member of the selected row, each also as a GridCommand. Without a selected
+    // row nothing is done but adding; what an object throws is told as a failed write is. The grid changes
+    // the object and tells the observer; rows follow the sink. What is being edited ends first; refused,
+    // nothing else is done.
+    /// Asks OnAddMember, then the user in a dialog, for a member of the selected row's object; without a
+    /// selected row of the root. No undoable step.
     void OnAddAttribut_V1();
     /// Asks for MF_Delete and OnRemoveMember; no undoable step.
     void OnDelAttribut_V1();
@@ -178,8 +179,8 @@ public:
     void OnOpenFolder();
 
     /// Has the desktop open a file, and tells the user why it does not; where there is no program for it, the
-    /// user may choose one. True when that was done. What a relative path means is the host's affair: override
-    /// both, and pass on absolute ones.
+    /// user may choose one. True when that was done. What a relative path means is the host's affair:
+    /// override both, and pass on absolute ones.
     virtual bool OpenFile(CString path);
     virtual bool OpenFolder(CString path);
 
@@ -204,7 +205,8 @@ public:
     int GetIcon(const CTreeItem* node) override;
     UINT GetCheckState(const CTreeItem* node, int column) override;
     void OnControlLButtonDown(UINT flags, CPoint point, LVHITTESTINFO& hit) override;
-    /// Removes the member as OnDelAttribut_V1 does, and refuses: a row comes and goes only with what it shows.
+    /// Removes the member as OnDelAttribut_V1 does, and refuses: a row comes and goes only with what it
+    /// shows.
     BOOL OnRowDeleting(CTreeItem* node, int row) override;
     std::unique_ptr<CImageList> CreateRowDragImage(int row) override;
     BOOL OnVkReturn() override;
@@ -214,7 +216,8 @@ protected:
     /// The label of the selected row is about to be edited: `*result` 1 refuses, as where the member allows
     /// neither MF_Rename nor MF_Change, and while a cell is being edited.
     void OnLvnBeginlabeledit(NMHDR* header, LRESULT* result);
-    /// A label was edited: renames the member of its row in an undoable step, and `*result` is 1 when that was done.
+    /// A label was edited: renames the member of its row in an undoable step, and `*result` is 1 when that
+    /// was done.
     void OnLvnEndlabeledit(NMHDR* header, LRESULT* result);
 
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
@@ -242,7 +245,8 @@ protected:
     std::uint32_t m_ImplementationDetails = 0;
     std::vector<SColumnInfo> m_ColumnInfo;
     bool m_bLabelEditArmed = true; ///< false while OnRenameAttribut_V1 starts the edit of the label
-    /// Hears of failures, under InlineErrors in place of the error box; null: none. Not owned; must outlive the grid.
+    /// Hears of failures, under InlineErrors in place of the error box; null: none. Not owned; must outlive
+    /// the grid.
     IGridErrorReporter* m_pErrorReporter = nullptr;
 
 private:

@@ -2,13 +2,14 @@
 
 namespace korvel {
 
-/// What an attribute grid does for its selected row when a menu of the host sends it WM_COMMAND with the number
-/// and without a control.
+/// What an attribute grid does for its selected row when a menu of the host sends it WM_COMMAND with the
+/// number and without a control.
 ///
 ///     grid.SendMessageA(WM_COMMAND, static_cast<WPARAM>(GridCommand::RemoveMember));
 ///
-/// The grid asks the object of the row for the flag of the member that allows removing, renaming or protecting it. A
-/// new member, a change of the type and the opening of a file are done unasked: whoever offers them asks before.
+/// The grid asks the object of the row for the flag of the member that allows removing, renaming or
+/// protecting it. A new member, a change of the type and the opening of a file are done unasked: whoever
+/// offers them asks before.
 enum class GridCommand : unsigned {
     ChangeToInt = 15010,
     ChangeToDouble = 15011,

@@ -6,8 +6,8 @@
 
 namespace korvel::internal {
 
-/// Tells the parent of a grid of the row on whose label the pointer rests: from 200 milliseconds after it came there
-/// until it moves, or for two seconds.
+/// Tells the parent of a grid of the row on whose label the pointer rests: from 200 milliseconds after it
+/// came there until it moves, or for two seconds.
 class HoverTimer {
 public:
     static constexpr std::uintptr_t TimerId = 15018;

@@ -8,8 +8,8 @@
 
 namespace korvel::internal {
 
-/// How the cells of a grid read members and write them. Each call to the host may end what is shown: the grid is
-/// asked again after it, and what is not shown any more is left alone.
+/// How the cells of a grid read members and write them. Each call to the host may end what is shown: the grid
+/// is asked again after it, and what is not shown any more is left alone.
 class MemberCommit {
 public:
     MemberCommit(const EditedMembers& members, WriteFrame& frame, IObserverGrid* observer)
@@ -18,7 +18,8 @@ public:
     bool IsShown(IMemberDispatch* disp, const std::string& name) const;
     /// Whether the member is shown and its object lets it be written. An object that throws does not.
     bool CanWrite(IMemberDispatch* disp, const std::string& name) const;
-    /// False, and the user told of what it throws, when the object gives no value, or the member is gone then.
+    /// False, and the user told of what it throws, when the object gives no value, or the member is gone
+    /// then.
     bool Read(IMemberDispatch* disp, const std::string& name, CVariantValue& value) const;
     /// An undoable step: SetMember, and OnChange unless the object refuses. False when nothing was written.
     bool Write(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) const;

@@ -20,11 +20,11 @@ public:
                     IObserverGrid* observer)
         : m_grid(grid), m_rows(rows), m_frame(frame), m_observer(observer) {}
 
-    /// To be called while the edit exists and is not shown yet: puts the label of the member into it, that of the
-    /// selected row. False when the member does not let itself be renamed.
+    /// To be called while the edit exists and is not shown yet: puts the label of the member into it, that of
+    /// the selected row. False when the member does not let itself be renamed.
     bool Begin();
-    /// Renames the member of the row to what was typed, also when that is its label; null: it was cancelled. False when
-    /// nothing was renamed. The row gets its name from the sink.
+    /// Renames the member of the row to what was typed, also when that is its label; null: it was cancelled.
+    /// False when nothing was renamed. The row gets its name from the sink.
     bool End(int row, const char* text);
 
 private:

@@ -5,8 +5,8 @@
 
 namespace korvel::internal {
 
-/// The dialog for a new attribute of an object that a grid shows; it is cancelled by what the user does next when
-/// the grid does not show the object any more.
+/// The dialog for a new attribute of an object that a grid shows; it is cancelled by what the user does next
+/// when the grid does not show the object any more.
 class NewAttributeDialog final : public CDlgEditAttributs {
 public:
     template <class... Arguments>

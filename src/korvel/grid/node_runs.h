@@ -7,8 +7,8 @@
 
 namespace korvel::internal {
 
-/// Nodes of one depth whose rows come one below the other, good until the tree changes. The depth stands beside
-/// them, so that none of them has to be fetched from memory.
+/// Nodes of one depth whose rows come one below the other, good until the tree changes. The depth stands
+/// beside them, so that none of them has to be fetched from memory.
 struct NodeRun {
     std::span<grid::CTreeItem* const> nodes;
     int indent = 0;

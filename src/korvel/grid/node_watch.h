@@ -4,8 +4,8 @@
 
 namespace korvel::internal {
 
-/// Says whether one node is still in its tree, whatever becomes of others. Lives on the stack: of several, the
-/// one made last dies first.
+/// Says whether one node is still in its tree, whatever becomes of others. Lives on the stack: of several,
+/// the one made last dies first.
 class NodeWatch {
 public:
     /// `last` is where the tree holds the watch begun last; a null node is in no tree.

@@ -13,8 +13,8 @@ inline CRect CellRect(const TreeGridList& list, int row, int column) {
     return list.GetSubItemRect(row, column, LVIR_LABEL, &cell) ? cell : CRect();
 }
 
-/// The place of a cell whose row is wholly on the screen; nothing for another one. For the control that lies over
-/// it, when the cells have moved.
+/// The place of a cell whose row is wholly on the screen; nothing for another one. For the control that lies
+/// over it, when the cells have moved.
 inline std::optional<CRect> SeenCell(const TreeGridList& list, int row, int column) {
     const int top = list.GetTopIndex();
     CRect cell;

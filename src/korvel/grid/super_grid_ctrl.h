@@ -19,7 +19,8 @@ namespace korvel {
 ///     grid.GetItemCount();           // 2
 ///
 /// Rows that come send no LVN_INSERTITEM, as a family of a million would; those that go send LVN_DELETEITEM.
-/// Clear and DeleteAllNodes send one LVN_DELETEALLITEMS instead, and what goes after a handler threw sends nothing.
+/// Clear and DeleteAllNodes send one LVN_DELETEALLITEMS instead, and what goes after a handler threw sends
+/// nothing.
 ///
 /// Rows store no texts; they show those of their node's CItemInfo at the time. Operations tolerate null
 /// nodes, hidden nodes and a missing window: what can be done to the tree is done. Only for the thread of

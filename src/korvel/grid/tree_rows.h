@@ -46,8 +46,8 @@ public:
     CTreeItem* Attach(CTreeItem* parent, NodePtr node, int position);
     /// False when the host has removed the node meanwhile.
     bool Show(const CTreeItem* node);
-    /// Appends all children of a node without a place, in one step. `parent` was collapsed before, and so they
-    /// get no rows.
+    /// Appends all children of a node without a place, in one step. `parent` was collapsed before, and so
+    /// they get no rows.
     void AttachChildren(CTreeItem& parent, CTreeItem& former);
     /// Removes a node of this tree with all below and with its rows. It is gone also when the host throws.
     void Remove(CTreeItem* node);

@@ -30,7 +30,8 @@ namespace korvel::internal {
 /// binding, destroy the window and move the focus: look after Run and Tell.
 class WriteFrame {
 public:
-    /// All must outlive it; the parent, the reporter (null: none) and the options are those of the time of a run.
+    /// All must outlive it; the parent, the reporter (null: none) and the options are those of the time of a
+    /// run.
     WriteFrame(const CWnd& grid, IGridErrorReporter* const& reporter, const GridOptions& options)
         : m_grid(grid), m_reporter(reporter), m_options(options) {}
     WriteFrame(const WriteFrame&) = delete;
@@ -47,8 +48,8 @@ public:
     bool Run(int title, const Write& write, const Explain& explain = {});
     /// The same without a step, for what makes none. False: it threw.
     bool RunOutside(const std::function<void()>& action);
-    /// Tells the user of a failure: by the reporter, and in a box over the grid, unless its window is gone. Under
-    /// InlineErrors a reporter stands for the box.
+    /// Tells the user of a failure: by the reporter, and in a box over the grid, unless its window is gone.
+    /// Under InlineErrors a reporter stands for the box.
     void Tell(const std::string& message) const;
     /// The same with the text of an exception; where that is empty, and nothing explains it, Text(46).
     void Tell(const std::exception_ptr& failure, const Explain& explain) const;

@@ -47,8 +47,9 @@ protected:
     void ResizeLayout(LayoutForm form, int cx, int cy) {
         LayoutManagerBase::ResizeLayout(LayoutHost(), form, cx, cy);
     }
-    /// WM_HSCROLL and WM_VSCROLL, before the base handler: moves bar and controls. A page is the extent of the
-    /// client area less 10 pixels, a line the tenth of a page. Kept: SB_TOP and SB_BOTTOM go one line only.
+    /// WM_HSCROLL and WM_VSCROLL, before the base handler: moves bar and controls. A page is the extent of
+    /// the client area less 10 pixels, a line the tenth of a page. Kept: SB_TOP and SB_BOTTOM go one line
+    /// only.
     void ScrollLayout(int bar, UINT code, int thumb) {
         LayoutManagerBase::ScrollLayout(LayoutHost(), bar, code, thumb);
     }

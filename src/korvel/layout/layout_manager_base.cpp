@@ -64,7 +64,8 @@ void LayoutManagerBase::ResizeLayout(HWND host, LayoutForm form, int cx, int cy)
 void LayoutManagerBase::LayOut(HWND host, RECT rect) {
     if (scrollEnabled) {
         const RaisedFlag updating(inScrollUpdate);
-        // Kept: both bars give back the height of the horizontal one, also where the vertical one's width differs.
+        // Kept: both bars give back the height of the horizontal one, also where the vertical one's width
+        // differs.
         const int room = GetSystemMetrics(SM_CYHSCROLL);
         if (vBarShown)
             rect.right = WrappingSum(rect.right, room);

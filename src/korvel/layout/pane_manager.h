@@ -39,8 +39,8 @@ public:
     /// One move for each item, the pane's own control before its children. Allocates nothing. A handler of a
     /// moved window may destroy other windows, but must leave the tree, and so the window that it belongs to.
     void MoveTo(const RECT& target) override;
-    /// Without a control: the union of the children's stored rectangles, without those after the first that are
-    /// empty. Without children it stays.
+    /// Without a control: the union of the children's stored rectangles, without those after the first that
+    /// are empty. Without children it stays.
     void CaptureRect() override;
     const RECT* GetRect() override { return &rect; }
     void SetRect(const RECT& design) override { rect = design; }

@@ -33,8 +33,8 @@ KORVEL_API void SaveFormatStates(const char* path);
 ///
 /// \throws XmlFileError, with the file's name, line, position and the reason, for a file that is no
 /// well-formed XML, in which an element is twice or inside one that holds a text; nothing changes then.
-/// \throws UnreadableFile (platform/file_error.h), with the file's name and the reason, for one that cannot be
-/// read; nothing changes then.
+/// \throws UnreadableFile (platform/file_error.h), with the file's name and the reason, for one that cannot
+/// be read; nothing changes then.
 /// \throws XmlSchemaError when an element is missing or its text is no value; what was read
 /// before it stays in force, and is shown.
 KORVEL_API void LoadFormatStates(const char* path);

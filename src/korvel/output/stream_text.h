@@ -11,8 +11,8 @@ void AppendStreamText(std::string& out, double value);
 /// Appends a number with this many decimals, exactly rounded, halves to even; "inf" and "nan" as above.
 void AppendFixedText(std::string& out, double value, int decimals);
 
-/// Appends the shortest text that the nearest number of this type has: "0.1", "150", "1e+21"; "inf" and "nan" as
-/// above.
+/// Appends the shortest text that the nearest number of this type has: "0.1", "150", "1e+21"; "inf" and "nan"
+/// as above.
 void AppendShortestText(std::string& out, double value);
 void AppendShortestText(std::string& out, float value);
 

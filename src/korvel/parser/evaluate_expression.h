@@ -24,8 +24,8 @@ enum class WholeNumbers {
 ///
 /// Every occurrence of the decimal separator is read as a point; an empty separator changes nothing. A number
 /// is "1", "1.5", "1.", ".5", or one of these with an exponent: "1e5", "1.5E-3"; the letter "f" is passed
-/// over, so that "1.5f" from program text reads as 1.5. A run of digits with no point and no exponent stops at
-/// the bounds of a 32-bit integer, unless `wholeNumbers` says otherwise: "3000000000" gives 2147483647,
+/// over, so that "1.5f" from program text reads as 1.5. A run of digits with no point and no exponent stops
+/// at the bounds of a 32-bit integer, unless `wholeNumbers` says otherwise: "3000000000" gives 2147483647,
 /// "3000000000." does not. Division by zero gives an infinity or not-a-number, and a number beyond the range
 /// of a double an infinity.
 ///

@@ -26,7 +26,8 @@ bool Read(std::ifstream& file, std::uint64_t place, Record* records, std::size_t
     return static_cast<bool>(file);
 }
 
-// The loader maps what the header says, and a file that ends before that ends the process at the first access.
+// The loader maps what the header says, and a file that ends before that ends the process at the first
+// access.
 bool IsWhole(const std::string& path) {
     std::ifstream file(path, std::ios::binary | std::ios::ate);
     const auto size = static_cast<std::uint64_t>(std::max<std::streamoff>(file.tellg(), 0));

@@ -59,8 +59,8 @@ int LookAgain(void*, int looks) {
     return 1;
 }
 
-// The stores for which a reading has waited in vain: the readings that follow do not wait, or a program that reads
-// many settings would wait for each of them.
+// The stores for which a reading has waited in vain: the readings that follow do not wait, or a program that
+// reads many settings would wait for each of them.
 class BusyStores {
 public:
     bool WasBusy(const std::filesystem::path& file) {

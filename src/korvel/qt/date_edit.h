@@ -5,8 +5,8 @@
 
 namespace korvel::internal {
 
-/// A date field whose calendar can be opened by a program, with a box at its left that says whether there is a
-/// date.
+/// A date field whose calendar can be opened by a program, with a box at its left that says whether there is
+/// a date.
 class DateEdit final : public QDateTimeEdit {
 public:
     enum class Box { None, HasDate };

@@ -6,8 +6,8 @@ namespace korvel::internal {
 
 class DateEdit;
 
-/// A date control. The widget edits the date; opening and closing the calendar, Escape in it and "no date" are
-/// the window's keys.
+/// A date control. The widget edits the date; opening and closing the calendar, Escape in it and "no date"
+/// are the window's keys.
 class DatePeer final : public Peer {
 public:
     DatePeer(PeerContext& context, HWND window, QWidget* parent);

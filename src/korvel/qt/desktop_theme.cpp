@@ -36,8 +36,8 @@ constexpr ColorRow Colors[] = {
 constexpr int SunkenEdge = 2;       // of a border of the style's own
 constexpr int DoubleClickReach = 4; // how far apart two presses of a double click may be
 
-// The color of lines and of frames. The shadows of a dark palette are darker than its ground, where nobody sees
-// them.
+// The color of lines and of frames. The shadows of a dark palette are darker than its ground, where nobody
+// sees them.
 COLORREF ShadowColor() {
     constexpr int MiddleLightness = 128;
     const QPalette palette = QApplication::palette();

@@ -19,7 +19,8 @@ public:
     ~EmbedFrame() override;
 
     QSize sizeHint() const override { return m_hint; }
-    /// The focus has come here: it goes on into the window; by Tab, to the border of a dialog that was crossed.
+    /// The focus has come here: it goes on into the window; by Tab, to the border of a dialog that was
+    /// crossed.
     void PassFocusOn(PeerContext& context);
 
 protected:

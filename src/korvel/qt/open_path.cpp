@@ -89,8 +89,8 @@ bool IsProgram(const QString& path) {
     const auto isNamed = [&](const char* name) { return suffix == QLatin1String(name); };
     const QMimeType kind = QMimeDatabase().mimeTypeForFile(file);
     const auto isOfKind = [&](const char* name) { return kind.inherits(QLatin1String(name)); };
-    // The permission alone says little: on a disk that knows none, every file has it. It counts where nothing else tells
-    // what a file is.
+    // The permission alone says little: on a disk that knows none, every file has it. It counts where nothing
+    // else tells what a file is.
     return (file.isExecutable() && kind.isDefault()) ||
            std::any_of(std::begin(ProgramSuffixes), std::end(ProgramSuffixes), isNamed) ||
            std::any_of(std::begin(ProgramKinds), std::end(ProgramKinds), isOfKind);

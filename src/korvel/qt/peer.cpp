@@ -36,8 +36,8 @@ bool IsInput(QEvent::Type type) {
     }
 }
 
-// Styles mark the widget with the focus in a window where Qt has moved it by a key; here the windows in memory
-// move it.
+// Styles mark the widget with the focus in a window where Qt has moved it by a key; here the windows in
+// memory move it.
 bool PressKey(HWND window, UINT message, UINT key, const CString& characters) {
     const HWND before = GetFocus();
     const bool isHandled = input::Key(window, message, key, characters);

@@ -92,8 +92,8 @@ QString InEveryCase(const QString& pattern) {
     return each;
 }
 
-// As Qt has them, separated by blanks; its "*.*" leaves out files without a dot. As they are they come first: from
-// the first one Qt takes the extension of a name to save.
+// As Qt has them, separated by blanks; its "*.*" leaves out files without a dot. As they are they come first:
+// from the first one Qt takes the extension of a name to save.
 QString PatternsOf(const QString& patterns) {
     QStringList all;
     for (const QString& pattern : patterns.split(QLatin1Char(';'), Qt::SkipEmptyParts))

@@ -123,9 +123,9 @@ bool TopLevel::OnEvent(QEvent& event) {
     }
 }
 
-// Qt counts the windows that were closed, to end with the last: one that only hides is not closed. Of a dialog,
-// which Qt does not count, that is enough: its loop may still have to destroy it, and a refusal would keep the
-// application from ending.
+// Qt counts the windows that were closed, to end with the last: one that only hides is not closed. Of a
+// dialog, which Qt does not count, that is enough: its loop may still have to destroy it, and a refusal would
+// keep the application from ending.
 bool TopLevel::IsClosed() const {
     const HWND window = m_peer.Window();
     return !window || (!view::IsShown(window) && !m_peer.Outer().testAttribute(Qt::WA_QuitOnClose));

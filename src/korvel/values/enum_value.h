@@ -157,8 +157,8 @@ struct SEnumPosition {
 };
 
 /// The enumerations of the application, implemented by the host; it must outlive the grid that it is given
-/// to. The dialog for a new attribute walks it, on the thread of the windows. The reserved operations are never
-/// called; they keep the order of the others.
+/// to. The dialog for a new attribute walks it, on the thread of the windows. The reserved operations are
+/// never called; they keep the order of the others.
 ///
 ///     SEnumPosition position, end;
 ///     container.GetBegin(position);

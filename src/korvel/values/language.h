@@ -8,10 +8,10 @@ namespace korvel {
 
 /// The language in which the library speaks.
 ///
-/// It is chosen at first use, by whoever first asks for a text, a dialog of the library or its name, and stays
-/// for the life of the process: a change of the settings takes effect at the next start. It is named by the
-/// value `Language` of the user's settings, else by `InstallLanguage` of the machine's, else, where one of the
-/// two could not be read, by the user's locale; see platform/store_problem.h for who hears of that.
+/// It is chosen at first use, by whoever first asks for a text, a dialog of the library or its name, and
+/// stays for the life of the process: a change of the settings takes effect at the next start. It is named by
+/// the value `Language` of the user's settings, else by `InstallLanguage` of the machine's, else, where one
+/// of the two could not be read, by the user's locale; see platform/store_problem.h for who hears of that.
 /// "English" and "Hungarian" are known by their exact bytes; every other name selects German. The Hungarian
 /// texts are all empty.
 struct LanguageChoice {

@@ -64,7 +64,8 @@ public:
 /// Implemented by the host and given to a grid, which it must outlive: hears of what is shown, and of every
 /// change that the user made, after the object was changed. A text field alone calls OnChange before it
 /// changes the object, and again, with the value that the object holds, when that refuses. A drop-down list
-/// tells of its choice also when the object refuses it, and then of what the object holds. Called on the thread of the grid's window; `reserved` is always null. Each operation may call the grid back, and may
+/// tells of its choice also when the object refuses it, and then of what the object holds. Called on the
+/// thread of the grid's window; `reserved` is always null. Each operation may call the grid back, and may
 /// throw; it must not delete the grid.
 class KORVEL_API IObserverGrid {
 public:

@@ -10,8 +10,8 @@ namespace korvel::internal {
 /// no name: text forms, man-days, and what is no type.
 int TypeNameText(EDataTyps type);
 
-/// The name of a type in the language of the process; a type without a name of its own (a text form, man-days)
-/// is named as what it is stored as.
+/// The name of a type in the language of the process; a type without a name of its own (a text form,
+/// man-days) is named as what it is stored as.
 std::string TypeName(EDataTyps type);
 
 } // namespace korvel::internal

@@ -1,5 +1,5 @@
-// Writes the words on the last button of a dialog of the library, in the language that is named first, from the
-// folder that is named second.
+// Writes the words on the last button of a dialog of the library, in the language that is named first, from
+// the folder that is named second.
 
 #include <filesystem>
 #include <iostream>

@@ -44,7 +44,8 @@ public:
 
     /// CB_ERR when no entry is current.
     int GetCurSel() const;
-    /// The entry that is current now. -1 makes none current and returns CB_ERR; beyond the end nothing changes.
+    /// The entry that is current now. -1 makes none current and returns CB_ERR; beyond the end nothing
+    /// changes.
     int SetCurSel(int index);
     /// The next entry after `after` (-1: the first), going round, that begins with the text or is the text,
     /// whatever the case of letters. CB_ERR: none, or an empty text.

@@ -4,8 +4,8 @@
 
 namespace korvel::internal {
 
-/// What the box says to WM_GETDLGCODE beyond its arrows and letters: Return and Escape are an open list's, while
-/// Tab leaves it.
+/// What the box says to WM_GETDLGCODE beyond its arrows and letters: Return and Escape are an open list's,
+/// while Tab leaves it.
 UINT KeysOfOpenList(const ComboBoxState& box, WPARAM key);
 /// False: the box does nothing with the key.
 bool PressKey(ComboBoxState& box, UINT message, UINT key);

@@ -40,8 +40,8 @@ public:
     /// A picture as in platform/regional_settings.h, with literal text between apostrophes; null: the one of
     /// the style.
     void SetFormat(const char* picture);
-    /// What the user and SetTime can choose from; null: no limit. The time moves to the nearest end. False, and
-    /// nothing changed, for a moment that does not exist and for an end before the beginning.
+    /// What the user and SetTime can choose from; null: no limit. The time moves to the nearest end. False,
+    /// and nothing changed, for a moment that does not exist and for an end before the beginning.
     bool SetRange(const SYSTEMTIME* first, const SYSTEMTIME* last);
     void CloseMonthCal();
 };

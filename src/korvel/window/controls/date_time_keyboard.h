@@ -2,9 +2,9 @@
 
 #include "korvel/window/controls/date_time_state.h"
 
-/// The keys of a date control that no native widget acts for: left and right choose a part of the date, up and
-/// down, Home, End and digits change it; in the open calendar arrows and Page keys move by days, weeks and
-/// months.
+/// The keys of a date control that no native widget acts for: left and right choose a part of the date, up
+/// and down, Home, End and digits change it; in the open calendar arrows and Page keys move by days, weeks
+/// and months.
 namespace korvel::internal {
 
 /// Whether the key is for the window also where a native widget edits the date: it opens or closes the

@@ -11,8 +11,8 @@ struct CHARRANGE {
     int cpMax = 0;
 };
 
-/// A text field that keeps a text as it is: classes "RICHEDIT50W", "RichEdit20W" and "RichEdit20A". A field like
-/// CEdit in all but this:
+/// A text field that keeps a text as it is: classes "RICHEDIT50W", "RichEdit20W" and "RichEdit20A". A field
+/// like CEdit in all but this:
 ///
 /// - it tells EN_CHANGE and EN_UPDATE only where the event mask has ENM_CHANGE and ENM_UPDATE, and then also
 ///   when a program sets the text of a field of several lines;

@@ -5,11 +5,11 @@
 
 namespace korvel {
 
-/// A slider: class "msctls_trackbar32". Its range is 0 to 100 at first, its line size 1, its page size a fifth
-/// of the range until it is set. The position is kept inside of the range, also when the range changes.
+/// A slider: class "msctls_trackbar32". Its range is 0 to 100 at first, its line size 1, its page size a
+/// fifth of the range until it is set. The position is kept inside of the range, also when the range changes.
 ///
-/// What the user does comes to the parent as WM_HSCROLL (TBS_VERT: WM_VSCROLL) after the position has changed,
-/// with TB_* in the low word of wParam and the slider's handle in lParam:
+/// What the user does comes to the parent as WM_HSCROLL (TBS_VERT: WM_VSCROLL) after the position has
+/// changed, with TB_* in the low word of wParam and the slider's handle in lParam:
 ///
 ///     an arrow key            TB_LINEUP or TB_LINEDOWN, then TB_ENDTRACK when it is released
 ///     Page Up, Home ...       TB_PAGEUP, TB_PAGEDOWN, TB_TOP, TB_BOTTOM, then TB_ENDTRACK

@@ -13,10 +13,10 @@ struct NMUPDOWN {
 };
 
 /// Two arrows that step a number: class "msctls_updown32". Its range is 100 to 0 at first, so that its upper
-/// arrow counts down until a range is set. With UDS_SETBUDDYINT it writes the number to its buddy, and reads it
-/// there; with UDS_AUTOBUDDY the buddy is the control made before it; with UDS_ALIGNRIGHT or UDS_ALIGNLEFT it
-/// takes its width from that side of the buddy, which becomes narrower; with UDS_ARROWKEYS the buddy's arrow
-/// keys step too.
+/// arrow counts down until a range is set. With UDS_SETBUDDYINT it writes the number to its buddy, and reads
+/// it there; with UDS_AUTOBUDDY the buddy is the control made before it; with UDS_ALIGNRIGHT or UDS_ALIGNLEFT
+/// it takes its width from that side of the buddy, which becomes narrower; with UDS_ARROWKEYS the buddy's
+/// arrow keys step too.
 ///
 /// A step asks the parent by UDN_DELTAPOS first; it then changes position and buddy and sends WM_VSCROLL
 /// (UDS_HORZ: WM_HSCROLL) with SB_THUMBPOSITION, at the release of mouse or key with SB_ENDSCROLL. What a

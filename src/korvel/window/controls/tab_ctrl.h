@@ -20,8 +20,8 @@ struct TCHITTESTINFO {
     UINT flags = 0;
 };
 
-/// Tabs above the room for pages, which are windows of the host: class "SysTabControl32". The first tab that is
-/// inserted is the current one.
+/// Tabs above the room for pages, which are windows of the host: class "SysTabControl32". The first tab that
+/// is inserted is the current one.
 ///
 ///     tabs.InsertItem(0, "General");
 ///     tabs.InsertItem(1, "Formats");
@@ -47,8 +47,8 @@ public:
 
     /// -1: none.
     int GetCurSel() const;
-    /// Returns the former one. -1: none is current from now on; beyond the end nothing changes, and the result
-    /// is -1.
+    /// Returns the former one. -1: none is current from now on; beyond the end nothing changes, and the
+    /// result is -1.
     int SetCurSel(int tab);
     /// Between the room for the page and the rectangle of the control: `larger` turns the former into the
     /// latter.

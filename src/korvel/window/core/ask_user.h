@@ -5,8 +5,8 @@
 
 namespace korvel::internal {
 
-/// Runs `question(IDisplay&)`, which shows a box or a chooser, on the display's thread and returns its result.
-/// The focus leaves meanwhile and comes back.
+/// Runs `question(IDisplay&)`, which shows a box or a chooser, on the display's thread and returns its
+/// result. The focus leaves meanwhile and comes back.
 template <class Question>
 auto AskUser(Question&& question) {
     return OnDisplayThread([&](IDisplay& display) {

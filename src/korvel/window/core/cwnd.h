@@ -52,10 +52,10 @@ public:
     static MSG GetCurrentMessage();
     /// The object attached to a window, or null. Any thread.
     static CWnd* FromHandlePermanent(HWND window);
-    /// The object attached to a window; for a window without one a temporary object that only calls it and gets
-    /// none of its messages. Null for a window that is gone. The temporary one belongs to the library: there is
-    /// one for a window, it lives as long as the window, and after that without a window until its thread next
-    /// dispatches messages. On the thread of the window.
+    /// The object attached to a window; for a window without one a temporary object that only calls it and
+    /// gets none of its messages. Null for a window that is gone. The temporary one belongs to the library:
+    /// there is one for a window, it lives as long as the window, and after that without a window until its
+    /// thread next dispatches messages. On the thread of the window.
     ///
     ///     CWnd* button = CWnd::FromHandle(GetDlgItem(dialog, IDOK));
     ///     button->EnableWindow(false);

@@ -51,8 +51,8 @@ public:
         region ? m_surface.ClipRegion(*region) : m_surface.Clip(nullptr);
     }
     void ResetClip() { m_surface.Clip(nullptr); }
-    /// DFC_BUTTON with DFCS_BUTTONCHECK or DFCS_BUTTONPUSH, and DFC_SCROLL with one of DFCS_SCROLL*, in a flat
-    /// look, in the system colors. Pen, position and colors stay.
+    /// DFC_BUTTON with DFCS_BUTTONCHECK or DFCS_BUTTONPUSH, and DFC_SCROLL with one of DFCS_SCROLL*, in a
+    /// flat look, in the system colors. Pen, position and colors stay.
     void DrawFrameControl(const CRect& rect, UINT type, UINT state);
 
 private:

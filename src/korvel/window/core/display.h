@@ -93,9 +93,9 @@ public:
     /// The window that has the focus from now on, or null: send keys there. Nothing comes back through
     /// input::FocusMoved.
     virtual void Focus(HWND window) = 0;
-    /// The user goes by Tab beyond the last (`previous`: the first) tab stop of a dialog in this top-level window:
-    /// give the focus to what follows the window on the desktop, and return true. False where there is nothing;
-    /// the dialog then begins anew at its other end.
+    /// The user goes by Tab beyond the last (`previous`: the first) tab stop of a dialog in this top-level
+    /// window: give the focus to what follows the window on the desktop, and return true. False where there
+    /// is nothing; the dialog then begins anew at its other end.
     virtual bool LeaveByTab(HWND /*topLevel*/, bool /*previous*/) { return false; }
     /// The window that gets all mouse messages from now on, or null. The library passes them on itself; a
     /// display makes them arrive also from outside its windows.
@@ -128,8 +128,8 @@ public:
 
     /// Has the desktop open a file or folder in a window of its own, and does not wait for that. Never runs a
     /// program: of one it shows the folder. Returns a number above OpenPathFailed, or why nothing was opened:
-    /// SE_ERR_FNF, SE_ERR_ACCESSDENIED, SE_ERR_OOM or SE_ERR_NOASSOC (no program shows it). Without an own body:
-    /// access denied, as such a display opens nothing.
+    /// SE_ERR_FNF, SE_ERR_ACCESSDENIED, SE_ERR_OOM or SE_ERR_NOASSOC (no program shows it). Without an own
+    /// body: access denied, as such a display opens nothing.
     virtual int OpenPath(HWND /*owner*/, const CString& /*path*/, OpenAs /*as*/) {
         return SE_ERR_ACCESSDENIED;
     }
@@ -148,8 +148,8 @@ public:
     virtual COLORREF SysColor(int index) = 0;
     /// The measure SM_* in pixels, 0 for an index that it does not know.
     virtual int Metric(int index) = 0;
-    /// The rectangles of the screens on which windows may lie; the first one's is the main screen's. Without an
-    /// own body: one screen of the size that Metric gives.
+    /// The rectangles of the screens on which windows may lie; the first one's is the main screen's. Without
+    /// an own body: one screen of the size that Metric gives.
     virtual std::vector<CRect> Screens();
     /// Show the pointer as IDC_* until the next call.
     virtual void SetCursor(int cursor) = 0;

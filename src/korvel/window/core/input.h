@@ -32,19 +32,19 @@ KORVEL_API bool Mouse(HWND window, UINT message, UINT flags, CPoint point, int w
 /// The focus went to this window without the library having moved it, or to no window of the library
 /// (null).
 KORVEL_API void FocusMoved(HWND window);
-/// The user went to another program: no window has the focus until they come back, and FocusMoved says where. An
-/// open edit in a cell waits for them.
+/// The user went to another program: no window has the focus until they come back, and FocusMoved says where.
+/// An open edit in a cell waits for them.
 KORVEL_API void ProgramLeft();
 /// The user changed the text of an edit in its native widget; the selection is in bytes of the text.
 KORVEL_API void Edited(HWND window, const CString& text, int selectionStart, int selectionEnd);
 /// The user changed the check of a button, the choice of a combo box or tab control, the position of a slider
 /// or the date of a date control (not-a-number: none); a push button is clicked with 1.
 KORVEL_API void Value(HWND window, double value);
-/// The user moved a slider by a step, which is TB_LINEUP, TB_LINEDOWN, TB_PAGEUP or TB_PAGEDOWN: the window says
-/// where it is then.
+/// The user moved a slider by a step, which is TB_LINEUP, TB_LINEDOWN, TB_PAGEUP or TB_PAGEDOWN: the window
+/// says where it is then.
 KORVEL_API void Stepped(HWND window, UINT code);
-/// The user opened or closed the list of a combo box or the calendar of a date control. A list opens only when
-/// the window says so (view::Choice), and a choice reported by Value closes it.
+/// The user opened or closed the list of a combo box or the calendar of a date control. A list opens only
+/// when the window says so (view::Choice), and a choice reported by Value closes it.
 KORVEL_API void Dropped(HWND window, bool isOpen);
 /// The user moved or sized a top-level window (screen coordinates), or a layout sized an embedded one.
 KORVEL_API void Placed(HWND window, const CRect& rect);

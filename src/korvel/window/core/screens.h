@@ -9,8 +9,8 @@ namespace korvel::internal {
 /// begins at its upper left corner.
 CRect OnSomeScreen(const CRect& rect, HWND near);
 
-/// The rectangle moved by the shortest way onto the screen that `near` is on, or the first one. What is larger than
-/// that screen begins at its upper left corner.
+/// The rectangle moved by the shortest way onto the screen that `near` is on, or the first one. What is
+/// larger than that screen begins at its upper left corner.
 CRect WhollyOnScreen(const CRect& rect, CPoint near);
 
 } // namespace korvel::internal

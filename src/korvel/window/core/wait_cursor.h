@@ -20,8 +20,8 @@ public:
     void Restore();
 };
 
-/// The same without a scope, of one count in the process. An end without a beginning has no effect, and so has
-/// Restore outside. Any thread.
+/// The same without a scope, of one count in the process. An end without a beginning has no effect, and so
+/// has Restore outside. Any thread.
 KORVEL_API void BeginWaitCursor();
 KORVEL_API void EndWaitCursor();
 KORVEL_API void RestoreWaitCursor();

@@ -48,8 +48,8 @@ struct NMHDR {
 struct DRAWITEMSTRUCT;
 enum class OpenAs;
 
-/// What WM_GETMINMAXINFO carries (lParam): the sizes between which the window may be sized. The other fields of
-/// the window model are not used here.
+/// What WM_GETMINMAXINFO carries (lParam): the sizes between which the window may be sized. The other fields
+/// of the window model are not used here.
 struct MINMAXINFO {
     CPoint ptMinTrackSize;
     CPoint ptMaxTrackSize;
@@ -125,20 +125,21 @@ KORVEL_API HWND GetWindow(HWND window, UINT command);
 /// children of a control count only if it has WS_EX_CONTROLPARENT; from inside another one the way leads
 /// out of it. `from` may be null.
 KORVEL_API HWND GetNextDlgTabItem(HWND parent, HWND from, bool previous);
-/// The next (previous) visible, enabled control of the group of `from`, going round: its siblings from one with
-/// WS_GROUP to before the next. Labels and group boxes are passed over. `from` itself when there is no other.
+/// The next (previous) visible, enabled control of the group of `from`, going round: its siblings from one
+/// with WS_GROUP to before the next. Labels and group boxes are passed over. `from` itself when there is no
+/// other.
 KORVEL_API HWND GetNextDlgGroupItem(HWND parent, HWND from, bool previous);
 
 // --- place, appearance, text ---
 
 /// `rect` is relative to the parent's client area, or to the screen for a top-level window.
 KORVEL_API bool MoveWindow(HWND window, const CRect& rect, bool repaint = true);
-/// Puts the window after a sibling, before all (HWND_TOP) or after all (HWND_BOTTOM), unless SWP_NOZORDER says
-/// otherwise: the first sibling lies on top and is the first for Tab. A window that is no sibling leaves the
-/// order. New windows come last. Top-level windows keep no order; HWND_TOP brings one to the front.
+/// Puts the window after a sibling, before all (HWND_TOP) or after all (HWND_BOTTOM), unless SWP_NOZORDER
+/// says otherwise: the first sibling lies on top and is the first for Tab. A window that is no sibling leaves
+/// the order. New windows come last. Top-level windows keep no order; HWND_TOP brings one to the front.
 /// HWND_TOPMOST brings one there and keeps it above all that are not (WS_EX_TOPMOST) until HWND_NOTOPMOST or
-/// HWND_BOTTOM; for a child window it is HWND_TOP, and HWND_NOTOPMOST does nothing. Flags: SWP_*. A window with
-/// WS_THICKFRAME is asked for its limits (WM_GETMINMAXINFO) before it gets another size.
+/// HWND_BOTTOM; for a child window it is HWND_TOP, and HWND_NOTOPMOST does nothing. Flags: SWP_*. A window
+/// with WS_THICKFRAME is asked for its limits (WM_GETMINMAXINFO) before it gets another size.
 KORVEL_API bool SetWindowPos(HWND window, HWND insertAfter, const CRect& rect, UINT flags);
 KORVEL_API bool BringWindowToTop(HWND window);
 /// The whole window in screen coordinates.

@@ -30,10 +30,10 @@ struct DialogTemplate;
 ///     if (dialog.DoModal() == IDOK)
 ///         Rename(dialog.name);
 ///
-/// The template is looked up at creation, in the module state in force then. A parent that is not named is the
-/// main window (CWinApp::m_pMainWnd). A template with WS_CHILD makes a page: it lies inside its parent, leaves
-/// the focus where it is, and has its keys handled by the dialog around it. A dialog with a control of an
-/// unknown class is not made. The keyboard is told in dialog/dialog_keyboard.h.
+/// The template is looked up at creation, in the module state in force then. A parent that is not named is
+/// the main window (CWinApp::m_pMainWnd). A template with WS_CHILD makes a page: it lies inside its parent,
+/// leaves the focus where it is, and has its keys handled by the dialog around it. A dialog with a control of
+/// an unknown class is not made. The keyboard is told in dialog/dialog_keyboard.h.
 class KORVEL_API CDialog : public CWnd {
 public:
     CDialog() = default;

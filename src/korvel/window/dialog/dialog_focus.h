@@ -6,8 +6,8 @@ namespace korvel::internal {
 
 /// Gives a control the focus as the dialog's keyboard does: the text of a field is selected whole.
 void FocusControl(HWND control);
-/// Moves the focus to the next (previous) tab stop of a dialog, going round, from the control that has it or had
-/// it last.
+/// Moves the focus to the next (previous) tab stop of a dialog, going round, from the control that has it or
+/// had it last.
 void FocusNext(HWND dialog, bool previous);
 /// The same for the user's Tab, which leaves a dialog at its end where the display has something to go on to.
 void PressTab(HWND dialog, bool previous);

@@ -5,8 +5,9 @@
 /// Insertion, removal and widths of the columns of a list.
 namespace korvel::internal {
 
-/// Returns the number of the column, or None for a column below 0; beyond the end appends. The texts that rows
-/// store move along with their columns; but when a column comes or goes at 0 they stay, as column 0 shows the labels whichever column it is.
+/// Returns the number of the column, or None for a column below 0; beyond the end appends. The texts that
+/// rows store move along with their columns; but when a column comes or goes at 0 they stay, as column 0
+/// shows the labels whichever column it is.
 int InsertColumn(ListState& list, int column, ListColumn content);
 void DeleteColumn(ListState& list, int column);
 

@@ -28,8 +28,8 @@ public:
 
     // Rows.
     int GetItemCount() const;
-    /// Returns the row, or -1 for a row below 0; beyond the end appends. Sends LVN_INSERTITEM. While there is a
-    /// text source, a row of which no text is given stores none.
+    /// Returns the row, or -1 for a row below 0; beyond the end appends. Sends LVN_INSERTITEM. While there is
+    /// a text source, a row of which no text is given stores none.
     int InsertItem(int row, const CString& text, int image = -1);
     int InsertRow(int row, const ListRow& content);
     /// A selected row loses its state first (LVN_ITEMCHANGED with no bit left), then LVN_DELETEITEM is sent,

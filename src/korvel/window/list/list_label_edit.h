@@ -2,8 +2,8 @@
 
 #include "korvel/window/list/list_state.h"
 
-/// The edit over the label of column 0. Return takes its text, Escape gives it up, and the loss of the focus takes
-/// it; but where a box, a dialog or another program has the focus meanwhile, the edit waits.
+/// The edit over the label of column 0. Return takes its text, Escape gives it up, and the loss of the focus
+/// takes it; but where a box, a dialog or another program has the focus meanwhile, the edit waits.
 namespace korvel::internal {
 
 /// Puts an edit with the row's text over its label: LVN_BEGINLABELEDIT is sent while the edit exists and is
@@ -12,7 +12,8 @@ namespace korvel::internal {
 /// sent.
 HWND BeginLabelEdit(ListState& list, int row);
 
-/// Ends an edit that is open with its text. False when the parent does not accept that, and from within the end.
+/// Ends an edit that is open with its text. False when the parent does not accept that, and from within the
+/// end.
 bool TakeLabel(HWND list);
 
 } // namespace korvel::internal

@@ -5,8 +5,8 @@
 /// Presses, releases and moves of the mouse over the rows.
 namespace korvel::internal {
 
-/// Gives the list the focus, as each press does first. False when what was being edited was refused and has it
-/// still: the press was about that, and does nothing else.
+/// Gives the list the focus, as each press does first. False when what was being edited was refused and has
+/// it still: the press was about that, and does nothing else.
 bool BeginPress(HWND list);
 /// Whether the last press was such a one; a double click that it begins does nothing either.
 bool WasPressRefused(HWND list);

@@ -11,15 +11,15 @@ struct InsertedRow {
     int row = NoRow;
     bool isThere = false; // no handler has removed it meanwhile
 };
-/// The same for one row, with LVN_INSERTITEM when it is there. While there is a text source, a row of which no
-/// text is given stores none.
+/// The same for one row, with LVN_INSERTITEM when it is there. While there is a text source, a row of which
+/// no text is given stores none.
 InsertedRow InsertRow(ListState& list, int row, const ListRow& content);
 
 /// Removes the rows from `first` to before `last`, the last one first. For each: a selected one loses its
 /// state (LVN_ITEMCHANGING, which cannot refuse, and LVN_ITEMCHANGED with no bit left), LVN_DELETEITEM,
 /// then it is gone. Focus and mark of a removed row go to the one that takes its place, or to the new last
-/// one. Rows that a handler inserts meanwhile stay, whatever their place. After a handler that throws, the row
-/// that it was told of and the rest stay; the first exception goes to the caller.
+/// one. Rows that a handler inserts meanwhile stay, whatever their place. After a handler that throws, the
+/// row that it was told of and the rest stay; the first exception goes to the caller.
 void DeleteRows(ListState& list, int first, int last);
 /// The same at once, without notices. A label edit in one of the rows is cancelled when they are gone.
 void DeleteRowsQuietly(ListState& list, int first, int last);

@@ -59,8 +59,9 @@ public:
     bool HasStyle(UINT bits) const { return (record.style & bits) != 0; }
     bool HasExtendedStyle(UINT bits) const { return (extendedStyle & bits) != 0; }
 
-    /// True without an edit. LVN_ENDLABELEDIT is sent while the edit still exists; with a text, a return value
-    /// other than 0 gives it to the row. False when the text was not accepted, and while the edit ends already.
+    /// True without an edit. LVN_ENDLABELEDIT is sent while the edit still exists; with a text, a return
+    /// value other than 0 gives it to the row. False when the text was not accepted, and while the edit ends
+    /// already.
     bool EndLabelEdit(LabelEditEnd end) { return !labelEdit.end || labelEdit.end(*this, end); }
 
     WindowRecord& record;

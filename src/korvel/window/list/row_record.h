@@ -22,7 +22,8 @@ struct RowRecord {
     std::unique_ptr<std::vector<CString>> texts;
     std::int32_t image = -1;
     std::uint32_t indent : 24 = 0;
-    /// The number of the removal that will take the row, counted from the outermost one that goes on; 0: none.
+    /// The number of the removal that will take the row, counted from the outermost one that goes on; 0:
+    /// none.
     std::uint32_t removal : 6 = 0;
     bool checked : 1 = false;
 
