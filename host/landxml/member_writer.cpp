@@ -3,12 +3,17 @@
 #include "korvel/platform/code_page.h"
 #include "landxml/landxml_document.h"
 #include "landxml/session_type.h"
+#include "landxml/value_reading.h"
 #include "landxml/value_writing.h"
 #include "source/blanks.h"
 #include "source/refusal.h"
 #include "source/start_tag.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <stdexcept>
 
 namespace korvel::inspector {
 namespace {
@@ -36,6 +41,29 @@ bool IsMeasure(EDataTyps type) {
 
 bool IsWhole(EDataTyps type) {
     return IsNumber(type) && (type & (DT_Float | DT_Double)) == 0;
+}
+
+// The grid says which value cannot be of which type.
+[[noreturn]] void RefuseConversion() {
+    throw std::invalid_argument("");
+}
+
+void RequireHeldByWhole(EDataTyps type, double number) {
+    const bool isUnsigned = (type & DT_UInt) != 0;
+    const double lowest = isUnsigned ? 0 : std::numeric_limits<std::int32_t>::min();
+    const double highest = isUnsigned ? static_cast<double>(std::numeric_limits<std::uint32_t>::max())
+                                      : static_cast<double>(std::numeric_limits<std::int32_t>::max());
+    const double whole = std::trunc(number);
+    if (std::isnan(whole) || whole < lowest || whole > highest)
+        RefuseConversion();
+}
+
+// Whether the file's text is the angle that was typed, though it is read as a neighboring double.
+bool IsAngleOf(const ValueType& type, std::string_view text, const CVariantValue& value,
+               const UnitSet& units) {
+    const AngleScale* scale = ScaleOf(type.meaning, units);
+    return scale && scale->unit && *scale->unit != AngleUnit::Radians && value.Type == DT_AngleDouble &&
+           MeansRadians(text, *scale->unit, value.Value.Double);
 }
 
 MemberSession& SessionIn(DocumentChange& change, const std::string& key) {
@@ -150,10 +178,12 @@ bool MemberWriter::Set(const std::string& name, const CVariantValue& value) {
     RequireReplaceable(name, *member);
     const ElementMembers& members = m_document.Members();
     const ValueType type = m_document.TypeOf(m_owner, *member);
-    if (MeansTheSame(type, m_document.ValueOf(m_owner, *member), value))
+    const std::string current = members.CharactersOf(m_owner, *member).utf8;
+    const ValuePlace place = members.PlaceOf(m_owner, type);
+    if (MeansTheSame(type, m_document.ValueOf(m_owner, *member), value) ||
+        IsAngleOf(type, current, value, place.units))
         return true;
-    const std::optional<std::string> text =
-        WriteValue(type, value, members.CharactersOf(m_owner, *member).utf8, members.PlaceOf(m_owner, type));
+    const std::optional<std::string> text = WriteValue(type, value, current, place);
     if (!text)
         return false;
     if (!IsAllowed(*member, type, *text))
@@ -177,8 +207,8 @@ bool MemberWriter::Protect(const std::string& name, bool isProtected) {
     return true;
 }
 
-// A number that loses digits in a whole type is written as what it has become; any other one is only shown
-// as something else.
+// A number that loses digits in a whole type, or is not written as one, is written as what it has become; any
+// other one is only shown as something else.
 bool MemberWriter::ChangeType(const std::string& name, EDataTyps target) {
     RequireWritable();
     const std::optional<Member> member = Find(name);
@@ -191,16 +221,23 @@ bool MemberWriter::ChangeType(const std::string& name, EDataTyps target) {
     DocumentChange change = BeginWith(DocumentChange::Kind::Retype, name, *member);
     if (target != DT_String) {
         const CVariantValue converted = old.ChangeToType(target);
-        const bool isCut = IsWhole(target) &&
-                           static_cast<double>(converted) != static_cast<double>(old.ChangeToType(DT_Double));
         const ValueType type = TypeShownAs(members.TypeOf(m_owner, *member), {target});
         const auto text = WriteValue(type, converted, {}, members.PlaceOf(m_owner, type));
-        if (isCut && text)
+        const bool isAllowed = IsAllowed(type, members.CharactersOf(m_owner, *member).utf8);
+        bool isCut = false;
+        if (IsWhole(target)) {
+            const double number = static_cast<double>(old.ChangeToType(DT_Double));
+            RequireHeldByWhole(target, number);
+            isCut = static_cast<double>(converted) != number;
+        } else if (!isAllowed) {
+            RefuseConversion();
+        }
+        if (text && (isCut || !isAllowed))
             WriteText(change, *member, *text);
     }
     MemberSession& session = SessionIn(change, m_document.AddressOf(m_owner, *member).key);
-    const bool isBack =
-        session.type && target == DT_Double && IsMeasure(own.Type); // a length again, not only a number
+    const bool isBack = session.type && *session.type != DT_Double && target == DT_Double &&
+                        IsMeasure(own.Type); // a length again, not only a number
     session.type = target == own.Type || isBack ? std::nullopt : std::optional(target);
     session.words = nullptr;
     Finish(change);
@@ -256,6 +293,8 @@ bool MemberWriter::Add(const std::string& name, bool isEditable, const CVariantV
         session.type = value.Type;
     const ValueType type = TypeShownAs(own, session);
     const std::optional<std::string> text = WriteValue(type, value, {}, members.PlaceOf(m_owner, type));
+    if (!text && type.meaning == Meaning::Date && value.Type == DT_Date)
+        Refuse({"%1 needs a date", {XmlError::Quoted(attribute)}});
     if (!text)
         Refuse({"%1 cannot be of this type", {XmlError::Quoted(attribute)}});
     if (!IsAllowed(type, *text))

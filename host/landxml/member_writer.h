@@ -23,7 +23,8 @@ public:
     bool Set(const std::string& name, const CVariantValue& value);
     bool Protect(const std::string& name, bool isProtected);
     bool ChangeType(const std::string& name, EDataTyps type);
-    /// The number that a member is, or is where its text is not shown as one: what can be given another type.
+    /// The member as a number: the value shown, else what its text in the file reads as. Nothing else can be
+    /// given another type.
     std::optional<CVariantValue> NumberOf(const Member& member) const;
 
     // Of attributes.

@@ -91,6 +91,7 @@ constexpr Translation Translations[] = {
     {"the document can only be read", "das Dokument kann nur gelesen werden"},
     {"%1 cannot be changed in this file", "%1 kann in dieser Datei nicht geändert werden"},
     {"%1 is no value of %2", "%1 ist kein Wert von %2"},
+    {"%1 needs a date", "%1 braucht ein Datum"},
     {"%1 cannot be of this type", "%1 kann nicht von diesem Typ sein"},
     {"a LandXML file cannot hold formulas", "eine LandXML-Datei kann keine Formeln enthalten"},
     {"%1 cannot be the name of an attribute", "%1 kann kein Attribut heißen"},

@@ -33,6 +33,8 @@ TEST_F(MemberWriterTest, WritesOneValueAndLeavesAllElse) {
          "<Line length='2.5' dir=\"0\"/>"},
         {"an equal value", "Line", "length [ft]", MakeValue(DT_Double, 1.5), "<Line length='1.50'/>",
          "<Line length='1.50'/>"},
+        {"an angle that the library reads as another double", "Line", "dir",
+         MakeValue(DT_AngleDouble, 1.6635896653592617), "<Line dir='95.1900'/>", "<Line dir='95.1900'/>"},
         {"a direction", "Line", "dir", MakeValue(DT_AngleDouble, 0.0), "<Line dir = '45.3025' />",
          "<Line dir = '0' />"},
         {"a word of a list", "Curve", "rot", rotations.Selected("ccw"), "<Curve rot='cw'/>",
@@ -141,6 +143,9 @@ TEST_F(MemberWriterTest, AddsRemovesAndRenamesAttributes) {
     CVariantValue side = MakeValue(DT_ListString, "");
     side.EnumValue = sides;
     EXPECT_THROW(line.AddMember("lane", true, side), Error) << "no entry is chosen";
+    CVariantValue noDay = MakeValue(DT_Date, 0.0);
+    noDay.Text = "GDT_NONE";
+    EXPECT_EQ(RefusalOf([&] { line.AddMember("when", true, noDay); }), "'when' needs a date");
     sides->Select(1, side);
     EXPECT_TRUE(line.AddMember("lane", true, side));
     EXPECT_THAT(Text(), HasSubstr("lane='left'"));
@@ -184,7 +189,8 @@ TEST_F(MemberWriterTest, AddsRemovesAndRenamesAttributes) {
 }
 
 TEST_F(MemberWriterTest, ATypeLastsForTheRunAndOnlyWhatItCutsIsWritten) {
-    Open(Head + "<Line length='12.50' o:v='x' staStart='3'/></LandXML>");
+    Open(Head + "<Units><Metric angularUnit='decimal dd.mm.ss'/></Units><Line length='12.50' o:v='x' "
+                "staStart='3' zeros='100.000' high='70000000000' nan='NaN' minutes='95.75'/></LandXML>");
     IMemberDispatch& line = At("Line");
     const auto shown = [&](const char* name) {
         CVariantValue value;
@@ -207,10 +213,22 @@ TEST_F(MemberWriterTest, ATypeLastsForTheRunAndOnlyWhatItCutsIsWritten) {
     EXPECT_TRUE(line.ChangeMemberType("staStart", DT_UInt));
     EXPECT_THAT(Text(), HasSubstr("staStart='3'"));
     EXPECT_ANY_THROW(line.ChangeMemberType("o:v [foreign]", DT_Double));
+    EXPECT_TRUE(line.ChangeMemberType("zeros", DT_Int));
+    EXPECT_EQ(shown("zeros").Value.Int, 100);
+    EXPECT_THAT(Text(), HasSubstr("zeros='100'"));
+    EXPECT_ANY_THROW(line.ChangeMemberType("high", DT_Int));
+    EXPECT_ANY_THROW(line.ChangeMemberType("high", DT_UInt));
+    EXPECT_ANY_THROW(line.ChangeMemberType("nan", DT_Int));
+    EXPECT_ANY_THROW(line.ChangeMemberType("minutes", DT_AngleDouble)) << "75 minutes";
+    EXPECT_THAT(Text(), HasSubstr("high='70000000000' nan='NaN' minutes='95.75'"));
     EXPECT_TRUE(line.ChangeMemberType("staStart", DT_String));
     EXPECT_TRUE(line.GetMemberFlags("staStart") & MF_ChangeType) << "and back";
     EXPECT_TRUE(line.ChangeMemberType("staStart", DT_Double));
     EXPECT_EQ(shown("staStart").Type, DT_RoadStationDouble);
+    for (int time = 1; time <= 2; ++time) {
+        EXPECT_TRUE(line.ChangeMemberType("staStart", DT_Double));
+        EXPECT_EQ(shown("staStart").Type, DT_Double) << time;
+    }
     Rows().ExpectCurrent();
     while (Editing().Steps().CanUndo())
         Editing().Undo();
