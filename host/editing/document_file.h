@@ -35,7 +35,7 @@ public:
     void Write(std::string_view utf8);
     /// The same into another file, which is the document's file from then on; packed when its name ends in
     /// ".gz", or when it is the document's packed file itself.
-    /// Bytes that this text has in the former file are copied, also the packed ones.
+    /// Where the text is that of the former file, its bytes are copied, packed ones too.
     void WriteAs(const std::string& path, std::string_view utf8);
     /// Copies the file as it is, and goes on with the copy.
     void CopyTo(const std::string& path);

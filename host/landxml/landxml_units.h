@@ -59,8 +59,8 @@ UnitSet ReadUnits(const ElementTree& tree, ElementIndex units);
 
 /// An angle in radians; nothing when the text is no angle of the unit, 30.7500 with 75 minutes for example.
 std::optional<double> RadiansOf(std::string_view text, AngleUnit unit);
-/// Whether a text means an angle: RadiansOf reads it, or the library makes it of the number when it is typed,
-/// which may be another double with the same digits. Not for radians.
+/// Whether a text means this angle: as RadiansOf reads it, or as the library reads it when typed. The two may
+/// differ in the last bits. Not for radians.
 bool MeansRadians(std::string_view text, AngleUnit unit, double radians);
 
 } // namespace korvel::inspector

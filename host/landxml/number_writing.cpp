@@ -78,8 +78,8 @@ std::string TextOfAngle(long double angle, AngleUnit unit, int decimals) {
     return WithoutZerosAtTheEnd(Digits(angle, std::chars_format::fixed, decimals));
 }
 
-// Angles from which the double may be read: RadiansOf rounds three times and takes the lower one of those
-// that serve.
+// Angles whose texts may mean the double: RadiansOf rounds three times and takes the lower one of those that
+// serve, so a text may also read back as a neighboring double.
 std::vector<long double> AnglesNear(double radians, double halfTurn) {
     constexpr long double Shown = 0.4e-15L; // as in RadiansOf
     std::vector<long double> angles;

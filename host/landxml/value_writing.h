@@ -9,7 +9,8 @@
 namespace korvel::inspector {
 
 /// The inverse of ReadValue: the text (UTF-8) of a value in the form and the unit of its place. Numbers take
-/// the shortest text that reads back to the same value, with a point.
+/// the shortest text that reads back to the same value, with a point; an angle takes the shortest text that
+/// means it, see MeansRadians; it may read back as a neighboring double.
 ///
 ///     100.5 (DT_LengthDouble), Length                        -> "100.5"
 ///     pi / 4 (DT_AngleDouble), Angle, "decimal dd.mm.ss"     -> "45"
