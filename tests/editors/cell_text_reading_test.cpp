@@ -220,6 +220,8 @@ TEST_F(CellTextTest, AStationIsNoSumWhereTheOptionSaysSo) {
     for (const auto& [border, type, text, station, sum] :
          Table<EDataTyps, const char*, std::string, std::string>{
              {"road", DT_RoadStationDouble, "12+345,60", "12345.6", "357.60000000000002"},
+             {"road, the digits are the number", DT_RoadStationDouble, "8+934,531", "8934.5310000000009",
+              "942.53099999999995"},
              {"railway", DT_RailwayStationDouble, "12,3+45,60", "12345.6", "57.900000000000006"},
              {"with points and blanks", DT_RailwayStationDouble, " 12.3+45.60 ", "12345.6",
               "57.900000000000006"},

@@ -70,10 +70,13 @@ std::optional<double> Read(const StationForm& form, StationScanner scanner) {
     std::string metres = scanner.TakeDigits();
     if (!hasPlus || metres.size() < form.metreWidth)
         return std::nullopt;
+    const bool isOneNumber = sign == NumberSign::Positive && metres.size() == form.metreWidth;
     if (scanner.TakeDecimalSign())
         metres += "." + scanner.TakeDigits();
     if (!scanner.IsAtEnd())
         return std::nullopt;
+    if (isOneNumber)
+        return DoubleOfText(sign, units + metres); // a sum would round twice
     return DoubleOfText(sign, units) * form.metresOfUnit + DoubleOfText(NumberSign::Positive, metres);
 }
 
