@@ -7,8 +7,7 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <iterator>
-#include <vector>
+#include <string>
 
 namespace korvel::inspector {
 namespace {
@@ -77,46 +76,62 @@ std::string Escape(std::string_view utf8, const Enclosure& in, const CharacterTe
     return escaped;
 }
 
-// A piece of what is written that stands for one character.
-struct Piece {
-    std::string_view raw;
-    std::string utf8;
-};
+// A piece of what is written stands for one character: a reference, a line end or the character itself.
 
-std::vector<Piece> PiecesOf(std::string_view raw, const Enclosure& in) {
-    std::vector<Piece> pieces;
-    while (!raw.empty()) {
-        std::string_view rest = raw;
-        if (raw.front() == '&')
-            rest.remove_prefix(std::min(raw.find(';'), raw.size() - 1) + 1);
-        else if (raw.starts_with("\r\n"))
-            rest.remove_prefix(2);
-        else
-            platform::TakeUtf8(rest);
-        const std::string_view piece = raw.substr(0, raw.size() - rest.size());
-        const bool isItself = piece.find_first_of("&\t\r\n") == std::string_view::npos;
-        pieces.push_back({piece, isItself ? std::string(piece) : in.Decode(piece)});
-        raw = rest;
+std::string_view TakeFirstPiece(std::string_view& raw) {
+    std::string_view rest = raw;
+    if (raw.front() == '&')
+        rest.remove_prefix(std::min(raw.find(';'), raw.size() - 1) + 1);
+    else if (raw.starts_with("\r\n"))
+        rest.remove_prefix(2);
+    else
+        platform::TakeUtf8(rest);
+    const std::string_view piece = raw.substr(0, raw.size() - rest.size());
+    raw = rest;
+    return piece;
+}
+
+std::string_view TakeLastPiece(std::string_view& raw) {
+    std::size_t begin = raw.size() - 1;
+    if (raw.back() == ';') {
+        const std::size_t mark = raw.substr(0, begin).find_last_of("&;");
+        if (mark != std::string_view::npos && raw[mark] == '&')
+            begin = mark;
+    } else if (raw.ends_with("\r\n")) {
+        --begin;
     }
-    return pieces;
+    while (begin > 0 && platform::ContinuesUtf8(raw[begin]))
+        --begin;
+    const std::string_view piece = raw.substr(begin);
+    raw.remove_suffix(piece.size());
+    return piece;
+}
+
+std::string MeaningOf(std::string_view piece, const Enclosure& in) {
+    const bool isItself = piece.find_first_of("&\t\r\n") == std::string_view::npos;
+    return isItself ? std::string(piece) : in.Decode(piece);
 }
 
 std::string Rewrite(std::string_view raw, std::string_view utf8, const Enclosure& in,
                     const CharacterTest& isHeld) {
-    const std::vector<Piece> pieces = PiecesOf(raw, in);
     std::string_view changed = utf8;
-    auto first = pieces.begin();
-    for (; first != pieces.end() && changed.starts_with(first->utf8); ++first)
-        changed.remove_prefix(first->utf8.size());
-    auto last = pieces.end();
-    for (; last != first && changed.ends_with(std::prev(last)->utf8); --last)
-        changed.remove_suffix(std::prev(last)->utf8.size());
-    std::string written;
-    for (auto piece = pieces.begin(); piece != first; ++piece)
-        written += piece->raw;
+    std::string_view replaced = raw;
+    for (std::string_view rest = replaced; !rest.empty(); replaced = rest) {
+        const std::string meaning = MeaningOf(TakeFirstPiece(rest), in);
+        if (!changed.starts_with(meaning))
+            break;
+        changed.remove_prefix(meaning.size());
+    }
+    const std::size_t begin = raw.size() - replaced.size();
+    for (std::string_view rest = replaced; !rest.empty(); replaced = rest) {
+        const std::string meaning = MeaningOf(TakeLastPiece(rest), in);
+        if (!changed.ends_with(meaning))
+            break;
+        changed.remove_suffix(meaning.size());
+    }
+    std::string written(raw.substr(0, begin));
     written += Escape(changed, in, isHeld);
-    for (auto piece = last; piece != pieces.end(); ++piece)
-        written += piece->raw;
+    written += raw.substr(begin + replaced.size());
     // Where they meet, "]]>" or a line end may have come about.
     const bool isWellFormed = in.quote != 0 || written.find("]]>") == std::string::npos;
     return isWellFormed && in.Decode(written) == utf8 ? written : Escape(utf8, in, isHeld);

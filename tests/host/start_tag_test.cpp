@@ -73,6 +73,7 @@ TEST(StartTag, ATextKeepsWhatIsWrittenAroundTheEdit) {
     };
     const Row rows[] = {
         {"one letter", "a&#228;\r\n\tb&#10;c\rd", "a\xC3\xA4\n\tB\nc\nd", "\r\n", "a&#228;\r\n\tB&#10;c\rd"},
+        {"a semicolon, no reference", "a&amp;b;&#99;\r\n", "x&b;c\n", "\n", "x&amp;b;&#99;\r\n"},
         {"a line more", "a\r\nb", "a\nx\ty\nb", "\r\n", "a\r\nx\ty\r\nb"},
         {"another text", "a&amp;", "<\r&", "\n", "&lt;&#13;&amp;"},
         {"the end of a section", "x>y", "]]>y", "\n", "]]&gt;y"},
