@@ -202,10 +202,16 @@ TEST_F(MemberOperationsTest, EachWayOutTakesDropsOrKeepsTheNameThatIsTyped) {
             EXPECT_TRUE(grid.EndEdit()) << "nothing is open any more";
         };
     };
+    const CPoint flag{200, Middle(1)}, blank{200, Middle(5)};
+    const auto afterDialog = [this] { parent.EnableWindow(false), parent.EnableWindow(true); };
     for (const auto& [border, typed, leave, calls, isOpen] :
          Table<const char*, std::function<void()>, const char*, bool>{
              {"a command", "east", end(true), Renamed, false},
              {"a command, refused", "y", end(false), "[Member renamedrenaming? x>y rename x>y ]!", false},
+             {"a press on a flag, refused", "y", [&] { Click(grid, flag); },
+              "[Member renamedrenaming? x>y rename x>y ]!", false},
+             {"a press after a dialog", "east", [&] { afterDialog(), Click(grid, blank); }, Renamed, false},
+             {"the focus after a dialog", "east", [&] { afterDialog(), grid.SetFocus(); }, Renamed, false},
              {"another window", "east", [this] { parent.SetFocus(); }, Renamed, false},
              {"another program", "east", [] { input::ProgramLeft(); }, "", true},
              {"a dialog", "east", [this] { parent.EnableWindow(false); }, "", true},
@@ -240,31 +246,37 @@ TEST_F(MemberOperationsTest, ASlowSecondClickOnTheNameOfTheSelectedRowEditsIt) {
     Bind();
     CEdit other;
     other.CreateEx(0, "EDIT", "", WS_CHILD | WS_VISIBLE, {300, 0, 340, 20}, &parent, 1);
-    const CPoint nameOfX{100, Middle(1)};
+    grid.SetGridOption(EGridOption::KeyboardEditing, true);
+    const CPoint nameOfX{100, Middle(1)}, nameOfFlag{100, Middle(3)};
     const auto click = [this](CPoint place) { return [=, this] { Click(grid, place); }; };
-    for (const auto& [border, isEdited, before, act] :
-         Table<bool, std::function<void()>, std::function<void()>>{
-             {"the name", true, click(nameOfX), click(nameOfX)},
-             {"the value", false, click(nameOfX), click({200, Middle(1)})},
-             {"another row", false, click(nameOfX), click({100, Middle(2)})},
-             {"a press that brings the focus", false,
-              [&] {
-                  Click(grid, nameOfX);
-                  other.SetFocus();
-              },
-              click(nameOfX)},
-             {"a press that opens a sign", false, click({100, Middle(0)}), click(Sign(0, 1))},
-             {"a double click", false, click(nameOfX),
-              [&] {
-                  Click(grid, nameOfX);
-                  Click(grid, nameOfX, WM_LBUTTONDBLCLK);
-              }},
-             {"a member that forbids it", false,
-              [&] {
-                  point.memberFlags = 0;
-                  Click(grid, nameOfX);
-              },
-              click(nameOfX)}}) {
+    const auto clickAndKey = [this](CPoint place, UINT key) {
+        return [=, this] { Click(grid, place), Press(grid, key); };
+    };
+    const Table<bool, std::function<void()>, std::function<void()>> rows = {
+        {"the name", true, click(nameOfX), click(nameOfX)},
+        {"the value", false, click(nameOfX), click({200, Middle(1)})},
+        {"another row", false, click(nameOfX), click({100, Middle(2)})},
+        {"a press that brings the focus", false,
+         [&] {
+             Click(grid, nameOfX);
+             other.SetFocus();
+         },
+         click(nameOfX)},
+        {"a press that opens a sign", false, click({100, Middle(0)}), click(Sign(0, 1))},
+        {"a double click", false, click(nameOfX),
+         [&] {
+             Click(grid, nameOfX);
+             Click(grid, nameOfX, WM_LBUTTONDBLCLK);
+         }},
+        {"a key that moves the column", false, click(nameOfX), clickAndKey(nameOfX, VK_RIGHT)},
+        {"a key that toggles the cell", false, click(nameOfFlag), clickAndKey(nameOfFlag, VK_SPACE)},
+        {"a member that forbids it", false,
+         [&] {
+             point.memberFlags = 0;
+             Click(grid, nameOfX);
+         },
+         click(nameOfX)}};
+    for (const auto& [border, isEdited, before, act] : rows) {
         grid.ExpandAll();
         grid.SetItemState(-1, 0, LVIS_SELECTED);
         before();

@@ -132,6 +132,17 @@ TEST_F(ListLabelEdit, EndsByReturnEscapeOrLossOfFocus) {
     }
 }
 
+TEST_F(ListLabelEdit, APressStopsWhereTheTextIsRefused) {
+    for (const LRESULT answer : {1, 0}) {
+        acceptance = answer;
+        list.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED);
+        Begin("typed");
+        Click(InRow(2));
+        EXPECT_EQ(list.GetItemState(2, LVIS_SELECTED) != 0, answer == 1);
+        list.SetItemState(-1, 0, LVIS_SELECTED);
+    }
+}
+
 TEST_F(ListLabelEdit, TheEditExistsWhileItsBeginningCanBeRefused) {
     for (const bool refused : {true, false}) {
         HWND seen = nullptr;

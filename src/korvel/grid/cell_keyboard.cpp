@@ -5,6 +5,7 @@
 #include "korvel/grid/seen_cell.h"
 #include "korvel/window/dialog/dialog_focus.h"
 #include "korvel/window/dialog/dialog_state.h"
+#include "korvel/window/list/list_mouse.h"
 
 #include <algorithm>
 
@@ -26,6 +27,8 @@ bool CellKeyboard::Press(const MSG& message) {
     const bool isAtCell = m_members.RowsAreObjects() && m_grid.currentColumn > 0;
     const bool isGroup = node->CanExpand() && !isAtCell;
     const KeyMeaning meaning = MeaningOf(message, {isGroup, node->collapsed()});
+    if (message.message == WM_KEYDOWN || message.message == WM_SYSKEYDOWN)
+        ForgetLabelClick(m_grid.m_hWnd); // the list does not hear of a key that is used up
     switch (meaning.kind) {
     case KeyMeaning::Kind::Cell:
         return PressInCell(meaning.cell, *node);
@@ -51,7 +54,10 @@ bool CellKeyboard::PressInCell(CellKey key, const grid::CTreeItem& node) {
     const bool asksPath =
         key == CellKey::Open && type == DT_FileName && m_members.FindRow(disp, name) == &node;
     const bool canTypePath = asksPath && m_actions.CanTypePath(disp, name);
-    const int row = m_members.FindRow(disp, name) == &node ? m_grid.RowOfNode(&node) : -1;
+    const auto findRow = [&] {
+        return m_members.FindRow(disp, name) == &node ? m_grid.RowOfNode(&node) : -1;
+    };
+    const int row = findRow();
     const auto place = [&] { return PointOfKey(key, type, canTypePath, CellRect(m_grid, row, column)); };
     if (row < 0 || !place())
         return false;
@@ -59,8 +65,12 @@ bool CellKeyboard::PressInCell(CellKey key, const grid::CTreeItem& node) {
     m_grid.currentColumn = column;
     m_grid.ShowColumn(column);
     m_grid.RedrawRow(row);
+    // Painting has asked the host, and the cell may have been scrolled.
+    const auto point = findRow() == row ? place() : std::nullopt;
+    if (!point)
+        return true;
     LVHITTESTINFO hit;
-    hit.pt = *place(); // it may have been scrolled
+    hit.pt = *point;
     hit.flags = LVHT_ONITEMLABEL;
     hit.iItem = row;
     hit.iSubItem = column;

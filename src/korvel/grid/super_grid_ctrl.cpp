@@ -10,6 +10,7 @@
 #include "korvel/grid/tree_rows.h"
 #include "korvel/grid/tree_walk.h"
 #include "korvel/window/core/thread_queue.h"
+#include "korvel/window/list/list_mouse.h"
 
 #include <utility>
 
@@ -153,6 +154,8 @@ void CSuperGridCtrl::RefreshRowTexts(const CTreeItem* node) {
 
 bool CSuperGridCtrl::PreTranslateMessage(MSG& message) {
     const bool isKey = message.message == WM_KEYDOWN && message.hwnd == m_hWnd && GetFocus() == m_hWnd;
+    if (isKey)
+        ForgetLabelClick(m_hWnd); // the list does not hear of a key that is used up
     return (isKey &&
             RowKeys(*this, m_parts->tree).Translate(static_cast<UINT>(message.wParam), m_parts->edit)) ||
            CListCtrl::PreTranslateMessage(message);
@@ -210,9 +213,10 @@ bool CSuperGridCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, L
             return true;
         case LVN_ENDLABELEDIT: {
             auto* record = reinterpret_cast<NMLVDISPINFO*>(lParam);
-            if (CTreeItem* node = NodeAtRow(record->iItem); node && record->pszText)
+            CTreeItem* node = record->pszText ? NodeAtRow(record->iItem) : nullptr;
+            *result = node ? 1 : 0; // it holds the text, which the list asks for
+            if (node)
                 OnCellTextChanged(node, record);
-            *result = 0; // the node holds the text, not the list
             return true;
         }
         default:

@@ -64,8 +64,9 @@ void Press(ListState& list, UINT button, UINT flags, const ListHit& hit, CPoint 
 } // namespace
 
 bool BeginPress(HWND window) {
-    SetFocus(window); // ends a label edit
-    const bool isRefused = GetFocus() != window && CanTakeFocus(window);
+    const bool isTaken = TakeLabel(window); // one that waits has no focus to lose
+    SetFocus(window);
+    const bool isRefused = !isTaken || (GetFocus() != window && CanTakeFocus(window));
     if (const ControlOf<ListState> list(window); list)
         list->isPressRefused = isRefused;
     return !isRefused;

@@ -5,8 +5,9 @@
 /// Presses, releases and moves of the mouse over the rows.
 namespace korvel::internal {
 
-/// Gives the list the focus, as each press does first. False when what was being edited was refused and has
-/// it still: the press was about that, and does nothing else.
+/// Takes the name that is being edited and gives the list the focus, as each press does first. False when the
+/// name was refused, or what was being edited elsewhere, which has the focus still: the press was about that,
+/// and does nothing else.
 bool BeginPress(HWND list);
 /// Whether the last press was such a one; a double click that it begins does nothing either.
 bool WasPressRefused(HWND list);

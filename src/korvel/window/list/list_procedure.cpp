@@ -131,8 +131,14 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
         return 0;
     case WM_ERASEBKGND:
         return 1;
-    case WM_SETFOCUS:
-        return ChangeFocus(list, NM_SETFOCUS);
+    case WM_SETFOCUS: {
+        const HWND window = list.Handle();
+        const bool waits = IsWindowVisible(list.labelEdit.window); // another one is just beginning
+        ChangeFocus(list, NM_SETFOCUS);
+        if (waits)
+            TakeLabel(window);
+        return 0;
+    }
     case WM_KILLFOCUS:
         return ChangeFocus(list, NM_KILLFOCUS);
     case WM_GETDLGCODE:
