@@ -568,8 +568,15 @@ TEST_F(EditTest, ASpinButtonStepsTheFieldAndTellsARefusalOnce) {
     EXPECT_EQ(TakeBoxes(), 1u);
     EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "x");
     EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd);
+    grid.m_Edit.SetWindowTextA("42");
+    press();
+    Type("x");
+    display.AnswerNext(IDOK);
+    Return();
+    EXPECT_EQ(TakeBoxes(), 1u) << "another value was written meanwhile";
     Return();
     EXPECT_EQ(TakeBoxes(), 0u) << "the second way out";
+    root.SetMember("range", Whole(DT_RangeInt, 41));
     ExpectUsable();
     Click("range");
     parent.Take();

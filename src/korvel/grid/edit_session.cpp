@@ -122,6 +122,7 @@ bool EditSession::End(WayOut way) {
         return false;
     }
     m_isRefusedByPress = false;
+    m_wayOutInCommit.reset(); // which came while another grid wrote
     if (!IsOpen())
         return true;
     const RaisedFlag ending(g_InCtrlEnd);
@@ -321,6 +322,8 @@ void EditSession::WriteStep() {
     {
         const RaisedFlag writing(g_InCtrlEnd);
         m_controls.text.End(false);
+        if (std::exchange(m_refused, std::nullopt)) // the text is another one
+            m_grid.RedrawRow(EditedRow());
     }
     if (const auto way = std::exchange(m_wayOutInCommit, std::nullopt))
         End(*way);
