@@ -134,6 +134,9 @@ TEST_F(DateEditorTest, WhatTheUserChangesIsWritten) {
     object.hasValue = false;
     picker.Start(&object, "built");
     EXPECT_TRUE(IsNone()) << "a member without a value yet";
+    log.Take();
+    EXPECT_TRUE(picker.End());
+    EXPECT_EQ(log.Take(), "") << "nor does it get one";
     Press(VK_SPACE);
     EXPECT_TRUE(picker.End());
     EXPECT_EQ(Stored().Text, "GDT_VALID");

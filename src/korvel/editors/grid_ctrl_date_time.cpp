@@ -40,13 +40,17 @@ SYSTEMTIME Today() {
     return TimeOf(fields);
 }
 
-// False for what is no date. A member without a value yet reads as none, so that it can be given its first.
-bool ReadDate(IMemberDispatch& disp, const std::string& name, CVariantValue& value) {
+enum class DateRead { None, NoValue, Value };
+
+// A member without a value yet reads as a date that is not set, so that it can be given its first.
+DateRead ReadDate(IMemberDispatch& disp, const std::string& name, const LossWatch& bound,
+                  CVariantValue& value) {
     if (disp.GetMember(name, value))
-        return value.Type == DT_Date;
+        return value.Type == DT_Date ? DateRead::Value : DateRead::None;
     value = {};
     value.Text = NoneState;
-    return disp.GetMemberType(name, value.Type) && value.Type == DT_Date;
+    const bool isDate = bound && disp.GetMemberType(name, value.Type) && value.Type == DT_Date;
+    return isDate ? DateRead::NoValue : DateRead::None;
 }
 
 double DateOf(const SYSTEMTIME& time) {
@@ -62,7 +66,7 @@ void CGridCtrlDateTime::Start(IMemberDispatch* disp, const std::string& name) {
     Drop();
     const LossWatch bound(m_bindings);
     CVariantValue value;
-    const bool isDate = disp && ReadDate(*disp, member, value);
+    const bool isDate = disp && ReadDate(*disp, member, bound, value) != DateRead::None;
     if (!bound)
         return;
     m_pDisp = disp;
@@ -100,10 +104,14 @@ bool CGridCtrlDateTime::End() {
     const LossWatch bound(m_bindings);
     const std::string name = m_strName;
     CVariantValue value;
-    if (!ReadDate(*disp, name, value) || !bound || !m_hWnd)
+    const DateRead read = ReadDate(*disp, name, bound, value);
+    if (read == DateRead::None || !bound || !m_hWnd)
         return true;
     const Choice choice = ReadChoice();
-    if (choice != m_unchanged) {
+    if (choice == m_unchanged) {
+        if (read == DateRead::NoValue)
+            return true;
+    } else {
         value.Text = choice.flag == GDT_VALID ? ValidState : NoneState;
         if (choice.flag == GDT_VALID)
             value.Value.Double = DateOf(choice.time);

@@ -21,13 +21,14 @@ inline constexpr UINT GridDateChanged = 0xFD09;
 ///
 /// When it loses the focus it sends its parent EN_KILLFOCUS, once; the calendar that it drops down takes
 /// none. Return and Escape close the calendar, and give the focus to the parent where it is not open. Under
-/// EscapeCancels, Escape then drops the edit before; the parent puts back what it has let the picker write
-/// meanwhile.
+/// EscapeCancels, Escape gives the edit up before it moves the focus; the parent puts back what it has let the
+/// picker write meanwhile.
 ///
 /// A picker that the user leaves as it was writes back what the object holds, bit for bit: also a date with
 /// fractions of a second, in years before 1601, and a state that is neither "GDT_VALID" nor "GDT_NONE". A
 /// member without a date, or without any value yet, shows none, and begins with today when the user asks for
-/// one. The object and the observer may do anything meanwhile but delete the picker.
+/// one; without a value, nothing is written until then. The object and the observer may do anything meanwhile
+/// but delete the picker.
 class KORVEL_API CGridCtrlDateTime : public CDateTimeCtrl {
 public:
     /// `observer` may be null, and must outlive the picker.
@@ -40,8 +41,8 @@ public:
     void Start(IMemberDispatch* disp, const std::string& name);
     /// Writes the date back: SetMember, then OnChange of the observer. False, and nothing told, when the
     /// object refuses it; the picker then keeps it, as it does after an exception, which passes through. True
-    /// also where there is nothing to write: no object, no longer a date, from within End. An edit that the
-    /// object ends is told to nobody.
+    /// also where there is nothing to write: no object, no longer a date, nothing chosen for a member without
+    /// a value, from within End. An edit that the object ends is told to nobody.
     bool End();
     /// Forgets the member; nothing is written.
     void Drop();
