@@ -201,6 +201,23 @@ TEST_F(EditAttributsTest, WhatWasTypedGoesOverToAnotherType) {
     SetAngleUnit('r');
 }
 
+TEST_F(EditAttributsTest, WhatEscapeGaveUpDoesNotGoOverToAnotherType) {
+    GridOptions options;
+    options.Set(EGridOption::EscapeCancels, true);
+    dialog.SetOptions(options);
+    EXPECT_EQ(Run([this] {
+                  SetName("bend");
+                  ChooseType("Integer");
+                  TypeValue("200");
+                  Press(VK_ESCAPE, "\x1B");
+                  SetFocus(GetDlgItem(dialog.m_hWnd, AttributeTypeId));
+                  ChooseType("Length");
+                  Ok();
+              }),
+              IDOK);
+    EXPECT_EQ(dialog.GetValue(), MakeValue(DT_LengthDouble, 0.0));
+}
+
 TEST_F(EditAttributsTest, BeginsAnew) {
     Run([this] {
         SetName("width");

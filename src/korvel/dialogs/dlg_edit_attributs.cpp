@@ -27,13 +27,13 @@ public:
     explicit ValueItem(CDlgEditAttributs& dialog) : m_dialog(dialog) {}
 
     bool TryEnd() {
+        KeepTypedText();
         return Try([this] { End(); });
     }
 
-    /// What the user typed last; read or refused.
+    /// What the user typed last, read or refused; not what Escape gave up.
     const std::string& TypedText() {
-        if (m_pActive == &m_Edit && m_Edit.m_bChanged)
-            m_typed = m_Edit.GetWindowTextA();
+        KeepTypedText();
         return m_typed;
     }
 
@@ -44,15 +44,22 @@ public:
 
 protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+        if (HIWORD(wParam) == EN_KILLFOCUS)
+            KeepTypedText(); // before the field forgets it
+
         bool isHandled = true; // also what is refused
         Try([&] { isHandled = CWndItem::OnCommand(wParam, lParam); });
         return isHandled;
     }
 
 private:
+    void KeepTypedText() {
+        if (m_pActive == &m_Edit && m_Edit.m_bChanged)
+            m_typed = m_Edit.GetWindowTextA();
+    }
+
     template <class Act>
     bool Try(Act act) {
-        TypedText(); // before the field forgets it
         try {
             act();
         } catch (const std::exception& refusal) {
