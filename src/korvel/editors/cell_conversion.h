@@ -42,7 +42,7 @@ FormatService FormatServiceOf(const CVariantValue& value);
 
 /// The text with each "\-" as a dash.
 std::string WithPlainDashes(const std::string& text);
-/// Makes the text of a list whose entries are paths such a one.
+/// Does so to the text of a list whose entries are paths.
 void UnescapeDashes(const CVariantValue& value, std::string& text);
 
 } // namespace korvel::internal

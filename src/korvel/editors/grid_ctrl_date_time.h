@@ -21,8 +21,8 @@ inline constexpr UINT GridDateChanged = 0xFD09;
 ///
 /// When it loses the focus it sends its parent EN_KILLFOCUS, once; the calendar that it drops down takes
 /// none. Return and Escape close the calendar, and give the focus to the parent where it is not open. Under
-/// EscapeCancels, Escape gives the edit up before it moves the focus; the parent puts back what it has let the
-/// picker write meanwhile.
+/// EscapeCancels, Escape gives the edit up before it moves the focus; the parent puts back what it has let
+/// the picker write meanwhile.
 ///
 /// A picker that the user leaves as it was writes back what the object holds, bit for bit: also a date with
 /// fractions of a second, in years before 1601, and a state that is neither "GDT_VALID" nor "GDT_NONE". A

@@ -19,8 +19,9 @@ enum class EGridOption : std::uint32_t {
     /// does.
     EscapeCancels = 0x4,
 
-    /// A red frame marks the cell of a grid while the refused text is in the field. On or off, the grid's
-    /// error reporter hears why; a grid without one shows a box. Item windows mark nothing.
+    /// A red frame marks the cell of a grid until the edit of a refused text ends, and the grid's error
+    /// reporter stands for the box. Off, the reporter hears as well and a box is shown; so it is without a
+    /// reporter. Item windows mark nothing.
     InlineErrors = 0x8,
 
     /// "12+345,60" typed for a road station is kilometre 12 and 345.60 metres, "12,3+45,60" the same for a

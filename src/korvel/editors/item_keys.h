@@ -10,7 +10,8 @@ enum class ItemKey { None, Edit, Leave, Type };
 
 ItemKey ItemKeyOf(const MSG& message, ItemEditor editor);
 
-/// What a key means while the list is dropped, as in a grid.
+/// What a key means while the list is dropped, as in a grid. Return and Escape act when they go down: letting
+/// go the Return that has opened the list must not close it.
 enum class ItemListKey { PassOn, Ignore, Take, Cancel, Leave };
 
 ItemListKey ItemListKeyOf(const MSG& message);

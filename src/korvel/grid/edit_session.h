@@ -29,7 +29,8 @@ public:
     };
     enum class WayOut {
         User, ///< a text that is refused is told and stays
-        Gone, ///< the grid goes away, or the user leaves the program: what is refused is dropped, nothing is told
+        Gone, ///< the grid goes away: what is refused is dropped, nothing is told. When the user leaves the
+              ///< program, the same for a list only; a text is kept
     };
 
     EditSession(CSuperGridCtrl& grid, EditedMembers& members, const MemberCommit& commit,

@@ -11,7 +11,8 @@ class QInputMethodEvent;
 namespace korvel::internal {
 
 /// A window that paints itself: its client area is a plain surface inside the border. Where it answers
-/// WM_GETDLGCODE with DLGC_WANTCHARS, what an input method composes comes as the characters of one key.
+/// WM_GETDLGCODE with DLGC_WANTCHARS and is no list, what an input method composes comes as the characters of
+/// one key.
 class PaintedPeer : public Peer {
 public:
     /// The widgets of a window with a border, or with parts beside its client area, are two.

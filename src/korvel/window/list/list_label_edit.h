@@ -3,8 +3,8 @@
 #include "korvel/window/list/list_state.h"
 
 /// The edit over the label of column 0. Return takes its text, Escape gives it up, and the loss of the focus
-/// takes it; but where a box, a dialog or another program has the focus meanwhile, the edit waits, for the next
-/// press in the list or for the focus to come to it.
+/// takes it; but where a box, a dialog or another program has the focus meanwhile, the edit waits, for the
+/// next press in the list or for the focus to come to it.
 namespace korvel::internal {
 
 /// Puts an edit with the row's text over its label: LVN_BEGINLABELEDIT is sent while the edit exists and is

@@ -59,9 +59,9 @@ public:
     bool HasStyle(UINT bits) const { return (record.style & bits) != 0; }
     bool HasExtendedStyle(UINT bits) const { return (extendedStyle & bits) != 0; }
 
-    /// LVN_ENDLABELEDIT is sent while the edit still exists; with a text, a return value other than 0 gives it
-    /// to the row. The result is that of Take: false when the text was not accepted, and while the edit ends
-    /// already; true without an edit.
+    /// LVN_ENDLABELEDIT is sent while the edit still exists; with a text, a return value other than 0 gives
+    /// it to the row. The result is that of Take: false when the text was not accepted, and while the edit
+    /// ends already; true without an edit.
     bool EndLabelEdit(LabelEditEnd end) { return !labelEdit.end || labelEdit.end(*this, end); }
 
     WindowRecord& record;
