@@ -41,6 +41,7 @@ public:
     /// What the list is to lie below, on the screen.
     CRect FieldOnScreen() const;
     /// Shows the list from the top edge of `place` (screen) down. Nothing for a member that cannot be read.
+    /// \throws Error with an empty text for a value without an enumeration
     void Drop(const CRect& place, IMemberDispatch* disp, const std::string& name);
     /// Closes the list without writing.
     void Hide();

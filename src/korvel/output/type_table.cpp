@@ -69,7 +69,7 @@ static_assert(std::is_sorted(std::begin(Rows), std::end(Rows), Before), "FindTyp
 } // namespace
 
 const TypeRow* FindTypeRow(EDataTyps type) {
-    // Every cell asks: halves are chosen without a branch, which no processor could foresee.
+    // Without a branch for each half: every cell asks.
     const TypeRow* row = Rows;
     for (std::size_t count = std::size(Rows); count > 1;) {
         const std::size_t half = count / 2;

@@ -14,7 +14,8 @@ class CWnd;
 class KORVEL_API IFileValue : public IDestroyValue {
 public:
     /// Lets the user choose a file, beginning at `path`, in a dialog owned by `parent` (may be null). Returns
-    /// the chosen path, or `path` when the user cancelled; the characters are valid until the next call.
+    /// the chosen path, or `path` or null when the user cancelled; the characters are valid until the next
+    /// call.
     virtual const char* Choose(const char* path, CWnd* parent) = 0;
 
     /// A number of the host's own; the library keeps it and reads no meaning into it.
