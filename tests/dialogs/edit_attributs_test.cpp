@@ -3,6 +3,7 @@
 #include "korvel/dialogs/dlg_edit_attributs.h"
 #include "korvel/dialogs/file_container.h"
 #include "korvel/output/angles.h"
+#include "korvel/platform/error.h"
 #include "korvel/values/language.h"
 #include "korvel/values/member_dispatch_imp.h"
 #include "support/dialog_fixture.h"
@@ -79,7 +80,7 @@ protected:
         SetFocus(GetDlgItem(dialog.m_hWnd, AttributeValueId));
         Press(VK_F2);
         for (const char letter : text)
-            Press(static_cast<UINT>(letter), CString(1, letter));
+            Press(static_cast<UINT>(letter), CString(1, letter)); // '\r' is VK_RETURN
     }
 
     Surfaces surfaces;
@@ -162,6 +163,25 @@ TEST_F(EditAttributsTest, SaysWhatIsWrongAndWaits) {
     EXPECT_EQ(display.ShownBoxes().size(), 0u);
 }
 
+TEST_F(EditAttributsTest, GivesNothingAfterARefusalAndCancel) {
+    struct Refusing : CDlgEditAttributs {
+        using CDlgEditAttributs::CDlgEditAttributs;
+        void Accept() override {
+            EXPECT_EQ(GetName(), "width");
+            throw Error("no");
+        }
+    } refusing(nullptr, &object, nullptr, AllTypes, false, &frame);
+    display.Then([&] {
+        SetDlgItemTextA(refusing.m_hWnd, AttributeNameId, "width");
+        refusing.SendMessageA(WM_COMMAND, IDOK);
+        EXPECT_EQ(GetDlgItemTextA(refusing.m_hWnd, AttributeProblemId), "no");
+        refusing.SendMessageA(WM_COMMAND, IDCANCEL);
+    });
+    EXPECT_EQ(refusing.DoModal(), IDCANCEL);
+    EXPECT_EQ(refusing.GetName(), "");
+    EXPECT_EQ(refusing.GetValue().Type, DT_Void);
+}
+
 TEST_F(EditAttributsTest, CancelForgetsWhatIsBeingTyped) {
     EXPECT_EQ(Run([this] {
                   ChooseType("Integer");
@@ -205,17 +225,21 @@ TEST_F(EditAttributsTest, WhatEscapeGaveUpDoesNotGoOverToAnotherType) {
     GridOptions options;
     options.Set(EGridOption::EscapeCancels, true);
     dialog.SetOptions(options);
-    EXPECT_EQ(Run([this] {
-                  SetName("bend");
-                  ChooseType("Integer");
-                  TypeValue("200");
-                  Press(VK_ESCAPE, "\x1B");
-                  SetFocus(GetDlgItem(dialog.m_hWnd, AttributeTypeId));
-                  ChooseType("Length");
-                  Ok();
-              }),
-              IDOK);
-    EXPECT_EQ(dialog.GetValue(), MakeValue(DT_LengthDouble, 0.0));
+    for (const auto& [border, typed, next, value] : Table<const char*, const char*, CVariantValue>{
+             {"a number", "200", "Length", MakeValue(DT_LengthDouble, 0.0)},
+             {"a refused text", "abc\r", "Text", MakeValue(DT_String, "")}}) {
+        EXPECT_EQ(Run([this, typed = typed, next = next] {
+                      SetName("bend");
+                      ChooseType("Integer");
+                      TypeValue(typed);
+                      Press(VK_ESCAPE, "\x1B");
+                      SetFocus(GetDlgItem(dialog.m_hWnd, AttributeTypeId));
+                      ChooseType(next);
+                      Ok();
+                  }),
+                  IDOK);
+        EXPECT_EQ(dialog.GetValue(), value) << border;
+    }
 }
 
 TEST_F(EditAttributsTest, BeginsAnew) {

@@ -2,6 +2,7 @@
 #include "korvel/grid/type_commands.h"
 #include "korvel/values/language.h"
 #include "korvel/window/controls/edit.h"
+#include "korvel/window/dialog/dialog_items.h"
 #include "support/grid_fixture.h"
 #include "support/history_log.h"
 #include "support/table.h"
@@ -312,6 +313,25 @@ TEST_F(MemberOperationsTest, ANewAttributeGoesToTheObjectOfTheRow) {
     }
     EXPECT_EQ(Rows(grid), Lines({"p|", " x|1,50", " y|2,00", " inside|", " beside|", "on|",
                                  "file|plans/a.pdf", "at the root|"}));
+}
+
+TEST_F(MemberOperationsTest, WhatTheObjectRefusesToAddIsSaidInTheDialog) {
+    Bind();
+    root.onOperation = [this](const auto& operation) {
+        if (operation == "add")
+            root.onOperation = nullptr, throw std::runtime_error("not this one");
+    };
+    display.Then([] {
+        const HWND dialog = korvel::GetParent(GetFocus());
+        SetWindowTextA(GetDlgItem(dialog, internal::AttributeNameId), "new");
+        SendMessageA(dialog, WM_COMMAND, IDOK, 0);
+        EXPECT_EQ(GetDlgItemTextA(dialog, internal::AttributeProblemId), "not this one");
+        EXPECT_EQ(GetDlgItemTextA(dialog, internal::AttributeNameId), "new");
+        SendMessageA(dialog, WM_COMMAND, IDOK, 0);
+    });
+    Run(GridCommand::AddMember);
+    EXPECT_NE(parent.Take().find("type new add new added new "), std::string::npos);
+    EXPECT_EQ(TakeBoxes(), "");
 }
 
 TEST_F(MemberOperationsTest, ADialogForAnObjectThatIsGoneAddsNothing) {

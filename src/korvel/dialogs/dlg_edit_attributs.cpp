@@ -31,6 +31,21 @@ public:
         return Try([this] { End(); });
     }
 
+    /// Whether `act` went through; what it throws is said in the dialog.
+    template <class Act>
+    bool Try(Act act) {
+        try {
+            act();
+        } catch (const std::exception& refusal) {
+            return Refuse(refusal.what());
+        } catch (...) {
+            return Refuse(Text(UnknownFailureText));
+        }
+        if (!m_pActive) // read
+            m_dialog.SetProblems(m_dialog.m_nameProblem, {});
+        return true;
+    }
+
     /// What the user typed last, read or refused; not what Escape gave up.
     const std::string& TypedText() {
         KeepTypedText();
@@ -54,31 +69,24 @@ protected:
 
 private:
     void KeepTypedText() {
-        if (m_pActive == &m_Edit && m_Edit.m_bChanged)
+        if (m_pActive != &m_Edit)
+            return;
+        if (m_Edit.m_bChanged)
             m_typed = m_Edit.GetWindowTextA();
-    }
-
-    template <class Act>
-    bool Try(Act act) {
-        try {
-            act();
-        } catch (const std::exception& refusal) {
-            return Refuse(refusal.what());
-        } catch (...) {
-            return Refuse(Text(UnknownFailureText));
-        }
-        if (!m_pActive) // read
-            m_dialog.SetProblems(m_dialog.m_nameProblem, {});
-        return true;
+        else if (m_isRefused) // and given up since
+            m_typed.clear();
+        m_isRefused = false;
     }
 
     bool Refuse(const std::string& problem) {
+        m_isRefused = true;
         m_dialog.SetProblems(m_dialog.m_nameProblem, platform::Abbreviate(problem, LongestProblem));
         return false;
     }
 
     CDlgEditAttributs& m_dialog;
     std::string m_typed;
+    bool m_isRefused = false;
 };
 
 CDlgEditAttributs::CDlgEditAttributs(IObserverGrid* observer, IMemberDispatch* disp,
@@ -103,9 +111,7 @@ void CDlgEditAttributs::SetOptions(GridOptions options) {
 }
 
 BOOL CDlgEditAttributs::OnInitDialog() {
-    m_name.clear();
-    m_value = {};
-    m_isWriteProtected = false;
+    ForgetChoice();
     m_nameProblem.clear();
     m_valueProblem.clear();
     m_item->ForgetTypedText();
@@ -122,6 +128,12 @@ BOOL CDlgEditAttributs::OnInitDialog() {
                        m_allowWriteProtect ? SW_SHOW : SW_HIDE);
     BuildLayout();
     return 1;
+}
+
+void CDlgEditAttributs::ForgetChoice() {
+    m_name.clear();
+    m_value = {};
+    m_isWriteProtected = false;
 }
 
 void CDlgEditAttributs::BuildLayout() {
@@ -200,12 +212,15 @@ void CDlgEditAttributs::OnOK() {
     m_name = name;
     m_value = m_item->GetValue();
     m_isWriteProtected = m_allowWriteProtect && IsDlgButtonChecked(m_hWnd, AttributeProtectId) == BST_CHECKED;
+    if (!m_item->Try([this] { Accept(); }))
+        return GotoDlgCtrl(m_item.get());
     CDialog::OnOK();
 }
 
 // What is being typed is not looked at any more.
 void CDlgEditAttributs::OnCancel() {
     m_item->Drop();
+    ForgetChoice();
     CDialog::OnCancel();
 }
 

@@ -52,6 +52,10 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
+    /// OK, with name and value in order: the getters answer them. What it throws is said in the dialog, which
+    /// stays open with all that was entered.
+    virtual void Accept() {}
+
     void OnOK() override;
     void OnCancel() override;
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
@@ -63,6 +67,7 @@ protected:
 private:
     class ValueItem;
 
+    void ForgetChoice();
     void BuildLayout();
     void ShowType();
     std::string ProblemOf(const std::string& name) const;

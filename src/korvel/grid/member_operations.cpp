@@ -39,12 +39,9 @@ void MemberOperations::Add(const AttributeOffer& offer) {
         NewAttributeDialog dialog(object, m_observer, disp, offer.enumerations, offer.types,
                                   offer.canBeProtected, CWnd::FromHandle(m_grid.m_hWnd));
         dialog.SetOptions(offer.options);
-        if (dialog.DoModal() != IDOK || !object)
-            return;
-        const std::string name = dialog.GetName();
-        const CVariantValue value = dialog.GetValue();
-        if (disp->AddMember(name, !dialog.IsWriteProtected(), value) && object && m_observer)
-            m_observer->OnAdd(disp, nullptr, name, value);
+        dialog.DoModal();
+        if (dialog.IsAdded() && object && m_observer)
+            m_observer->OnAdd(disp, nullptr, dialog.GetName(), dialog.GetValue());
     });
 }
 

@@ -5,15 +5,18 @@
 
 namespace korvel::internal {
 
-/// The dialog for a new attribute of an object that a grid shows; it is cancelled by what the user does next
-/// when the grid does not show the object any more.
+/// The dialog for a new attribute of an object that a grid shows. OK adds it; what the object refuses is said in
+/// the dialog. It is cancelled by what the user does next when the grid does not show the object any more.
 class NewAttributeDialog final : public CDlgEditAttributs {
 public:
     template <class... Arguments>
     explicit NewAttributeDialog(const ObjectWatch& object, Arguments&&... arguments)
         : CDlgEditAttributs(std::forward<Arguments>(arguments)...), m_object(object) {}
 
+    bool IsAdded() const { return m_isAdded; }
+
 protected:
+    void Accept() override { m_isAdded = m_pDisp->AddMember(GetName(), !IsWriteProtected(), GetValue()); }
     void OnOK() override {
         if (m_object)
             CDlgEditAttributs::OnOK();
@@ -28,6 +31,7 @@ protected:
 
 private:
     const ObjectWatch& m_object;
+    bool m_isAdded = false;
 };
 
 } // namespace korvel::internal
