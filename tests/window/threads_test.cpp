@@ -1,5 +1,6 @@
 #include "korvel/platform/error.h"
 #include "korvel/window/core/input.h"
+#include "korvel/window/core/serve_sends.h"
 #include "korvel/window/display/window_view.h"
 #include "support/recorded_window.h"
 
@@ -103,6 +104,25 @@ TEST_F(ThreadsTest, TwoThreadsMaySendToEachOther) {
               }),
               4);
     EXPECT_EQ(text, "worker's");
+}
+
+TEST_F(ThreadsTest, WhoWaitsForAThreadServesItsSendsAndNothingElse) {
+    window.on[WM_USER] = [&] { throw Error("broken"); };
+    PostMessageA(window.m_hWnd, WM_CLOSE, 0, 0);
+    auto worker = std::async(
+        std::launch::async,
+        [handle = window.m_hWnd] {
+            korvel::SendMessageA(handle, WM_USER, 0, 0);
+            SetWindowTextA(handle, "last words");
+        });
+    const auto hasEnded = [&] { return worker.wait_for(0s) == std::future_status::ready; };
+    ServeSendsUntil(hasEnded);
+    EXPECT_EQ(window.GetWindowTextA(), "last words");
+    EXPECT_THAT(Heard(), ElementsAre("window user"));
+    EXPECT_THROW(ServeSendsUntil([]() -> bool { throw Error("tired"); }), Error);
+    SetExceptionHandler([](const CString&) {});
+    input::DispatchMessages();
+    EXPECT_THAT(Heard(), ElementsAre("window close", "window destroy", "window end"));
 }
 
 TEST_F(ThreadsTest, EveryWindowFunctionBecomesAMessage) {

@@ -3,6 +3,7 @@
 #include "korvel/window/core/uncaught.h"
 #include "korvel/window/core/window.h"
 
+#include <chrono>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -86,18 +87,34 @@ void ThreadQueue::Run() {
     }
 }
 
-void ThreadQueue::RunSends() {
-    for (;;) {
-        std::optional<Call> call;
-        {
-            const std::lock_guard lock(m_mutex);
-            if (m_calls.empty())
-                return;
-            call = m_calls.front();
-            m_calls.pop_front();
-        }
-        RunOne(*call);
+void ThreadQueue::ServeSendsUntil(const std::function<bool()>& done) {
+    constexpr std::chrono::milliseconds Step{5}; // what is waited for may happen without a message
+    while (!done()) {
+        bool hasRun = true; // also one that throws
+        GuardedUntilRun([&] { hasRun = RunNextSend(); });
+        if (hasRun)
+            continue;
+        std::unique_lock lock(m_mutex);
+        m_arrived.wait_for(lock, Step, [&] { return !m_calls.empty(); });
     }
+}
+
+void ThreadQueue::RunSends() {
+    while (RunNextSend()) {
+    }
+}
+
+bool ThreadQueue::RunNextSend() {
+    std::optional<Call> call;
+    {
+        const std::lock_guard lock(m_mutex);
+        if (m_calls.empty())
+            return false;
+        call = m_calls.front();
+        m_calls.pop_front();
+    }
+    RunOne(*call);
+    return true;
 }
 
 void ThreadQueue::RunOne(const Call& call) {

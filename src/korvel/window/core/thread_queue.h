@@ -30,6 +30,8 @@ public:
     /// Runs the sends and what was posted before the call; on the queue's thread. A sender is released
     /// before the exception of its call comes out here; the rest stays for the next call.
     void Run();
+    /// Runs sends alone until `done` returns true; on the queue's thread.
+    void ServeSendsUntil(const std::function<bool()>& done);
     /// Drops what waits for a window; its senders return.
     void Forget(HWND window);
     /// Runs the last action; the senders that wait return, and nothing is taken any more. By the queue's
@@ -55,6 +57,8 @@ private:
     };
 
     void RunSends();
+    /// False: none waits.
+    bool RunNextSend();
     void RunOne(const Call& call);
     static void Release(const Call& call);
     bool IsIdle();
