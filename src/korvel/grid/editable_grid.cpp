@@ -4,10 +4,8 @@
 #include "korvel/grid/chosen_member.h"
 #include "korvel/grid/editable_grid_binding.h"
 #include "korvel/grid/history_step.h"
-#include "korvel/grid/path_opening.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
-#include "korvel/window/core/focus.h"
 #include "korvel/window/core/thread_queue.h"
 #include "korvel/window/list/list_mouse.h"
 
@@ -27,9 +25,10 @@ int PositionOf(const unsigned long& position) {
 } // namespace
 
 CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations)
-    : CellEditGrid(observer), m_pObserver(observer), m_pEnumContainer(enumerations),
+    : MemberCommandGrid(observer, enumerations), m_pObserver(observer),
       m_binding(std::make_unique<Binding>(*this, observer)) {
     SetUpEditing(*m_binding, m_binding->frame);
+    SetUpCommands(m_binding->rows, *m_binding, m_binding->frame, observer);
 }
 
 CEditableGrid::~CEditableGrid() {
@@ -39,94 +38,13 @@ CEditableGrid::~CEditableGrid() {
 
 LRESULT CEditableGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != WM_DESTROY)
-        return CellEditGrid::WindowProc(message, wParam, lParam);
+        return MemberCommandGrid::WindowProc(message, wParam, lParam);
     FirstFailure failure;
     failure.Try([&] { Clear(); });
     LRESULT result = 0;
-    failure.Try([&] { result = CellEditGrid::WindowProc(message, wParam, lParam); });
+    failure.Try([&] { result = MemberCommandGrid::WindowProc(message, wParam, lParam); });
     failure.Rethrow();
     return result;
-}
-
-bool CEditableGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
-    auto* header = reinterpret_cast<NMHDR*>(message == WM_NOTIFY ? lParam : 0);
-    if (header && header->code == LVN_BEGINLABELEDIT)
-        return OnLvnBeginlabeledit(header, result), true;
-    if (header && header->code == LVN_ENDLABELEDIT)
-        return OnLvnEndlabeledit(header, result), true;
-    return CellEditGrid::OnChildNotify(message, wParam, lParam, result);
-}
-
-bool CEditableGrid::OnCommand(WPARAM wParam, LPARAM lParam) {
-    const ModuleStateGuard guard;
-    return (lParam == 0 && m_binding->RunCommand(static_cast<GridCommand>(LOWORD(wParam)))) ||
-           CellEditGrid::OnCommand(wParam, lParam);
-}
-
-void CEditableGrid::OnLvnBeginlabeledit(NMHDR*, LRESULT* result) {
-    *result = !IsEditing() && m_binding->labelEdit.Begin() ? 0 : 1;
-}
-
-void CEditableGrid::OnLvnEndlabeledit(NMHDR* header, LRESULT* result) {
-    const bool isHidden = CauseOfFocusMove() == FocusCause::Hidden; // nobody could type it anew
-    const auto& edited = *reinterpret_cast<const NMLVDISPINFO*>(header);
-    *result = m_binding->labelEdit.End(edited.iItem, isHidden ? nullptr : edited.pszText) ? 1 : 0;
-}
-
-void CEditableGrid::OnAddAttribut_V1() {
-    const ModuleStateGuard guard;
-    if (EndEdit())
-        m_binding->operations.Add(
-            {m_pEnumContainer, m_EnableUserAttributsTyps, m_AllowWriteProtect, m_options});
-}
-
-void CEditableGrid::OnDelAttribut_V1() {
-    const ModuleStateGuard guard;
-    if (m_AllowRemove && EndEdit())
-        m_binding->operations.Remove();
-}
-
-void CEditableGrid::OnRenameAttribut_V1() {
-    const ModuleStateGuard guard;
-    if (!EndEdit())
-        return;
-    FirstFailure failure;
-    m_bLabelEditArmed = false;
-    failure.Try([&] { EditLabel(GetNextItem(-1, LVNI_SELECTED)); });
-    m_bLabelEditArmed = true;
-    failure.Rethrow();
-}
-
-void CEditableGrid::OnChangeEditableAttribut_V1() {
-    const ModuleStateGuard guard;
-    if (m_AllowEdit && EndEdit())
-        m_binding->operations.ToggleWriteProtection();
-}
-
-void CEditableGrid::OnChangeType(EDataTyps target) {
-    const ModuleStateGuard guard;
-    if (EndEdit())
-        m_binding->operations.ChangeType(target);
-}
-
-void CEditableGrid::OnOpenFile() {
-    const ModuleStateGuard guard;
-    if (const auto path = EndEdit() ? m_binding->operations.FindPath() : std::nullopt)
-        m_binding->frame.RunOutside([&] { OpenFile(*path); });
-}
-
-void CEditableGrid::OnOpenFolder() {
-    const ModuleStateGuard guard;
-    if (const auto path = EndEdit() ? m_binding->operations.FindPath() : std::nullopt)
-        m_binding->frame.RunOutside([&] { OpenFolder(FolderOf(*path)); });
-}
-
-bool CEditableGrid::OpenFile(CString path) {
-    return OpenOnDesktop(m_hWnd, path, OpenAs::File);
-}
-
-bool CEditableGrid::OpenFolder(CString path) {
-    return OpenOnDesktop(m_hWnd, path, OpenAs::Folder);
 }
 
 void CEditableGrid::Initialize(IMemberDispatch* disp, const std::string& nameTitle,

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "korvel/editors/grid_option.h"
-#include "korvel/grid/cell_edit_grid.h"
-#include "korvel/grid/grid_command.h"
 #include "korvel/grid/grid_layout.h"
+#include "korvel/grid/member_command_grid.h"
 #include "korvel/values/observer_grid.h"
 
 #include <cstdint>
@@ -14,7 +13,6 @@
 
 namespace korvel {
 
-class IEnumContainer;
 class IGridErrorReporter;
 
 enum EImplementationDetail : std::uint32_t {};
@@ -56,7 +54,7 @@ struct ImageIndex {
 /// The fields of a binding (state, root, groups, members, columns) are not the control's: derived
 /// grids ask IsInitialized, GetRootDisp, LookupTreeItem, GetDispInterface, GetSubItem and
 /// GetColumn.
-class KORVEL_API CEditableGrid : public CellEditGrid {
+class KORVEL_API CEditableGrid : public MemberCommandGrid {
 public:
     CEditableGrid(IObserverGrid* observer, IEnumContainer* enumerations);
     ~CEditableGrid() override;
@@ -145,60 +143,9 @@ public:
     /// What was recorded since the last step began is to be dropped; follows the end of the step.
     void SendHistoryEventRollBack();
 
-    /// False: a press in a cell begins no edit.
-    void SetAllowEdit(bool allow) { m_AllowEdit = allow; }
     void ModifyImageStyle(std::uint32_t add, std::uint32_t remove);
     std::uint32_t GetImageStyle() const { return m_ImageStyle; }
 
-    // What the user does to the member of the selected row, each also as a GridCommand. Without a selected
-    // row nothing is done but adding; what an object throws is told as a failed write is. The grid changes
-    // the object and tells the observer; rows follow the sink. What is being edited ends first; refused,
-    // nothing else is done.
-    /// Asks OnAddMember, then the user in a dialog, for a member of the selected row's object; without a
-    /// selected row of the root. No undoable step.
-    void OnAddAttribut_V1();
-    /// Asks for MF_Delete and OnRemoveMember; no undoable step.
-    void OnDelAttribut_V1();
-    /// Starts the edit of the label.
-    void OnRenameAttribut_V1();
-    /// Asks for MF_WriteProtect; no undoable step.
-    void OnChangeEditableAttribut_V1();
-    /// An undoable step. In the multi-column layout of the cell under the pointer, else of the focused one.
-    void OnChangeType(EDataTyps target);
-    void OnChange2IntType() { OnChangeType(DT_Int); }
-    void OnChange2UnsignedIntType() { OnChangeType(DT_UInt); }
-    void OnChange2LongType() { OnChangeType(DT_Long); }
-    void OnChange2DoubleType() { OnChangeType(DT_Double); }
-    void OnChange2DoubleFloat() { OnChangeType(DT_Float); } ///< kept: the name
-    void OnChange2StringType() { OnChangeType(DT_String); }
-    void OnChange2AngleFloatType() { OnChangeType(DT_AngleFloat); }
-    void OnChange2AngleDoubleType() { OnChangeType(DT_AngleDouble); }
-    /// Opens the file that the text of the member names.
-    void OnOpenFile();
-    /// Opens the folder of that file; "." is the folder of a bare name.
-    void OnOpenFolder();
-
-    /// Has the desktop open a file, and tells the user why it does not; where there is no program for it, the
-    /// user may choose one. True when that was done. What a relative path means is the host's affair:
-    /// override both, and pass on absolute ones.
-    virtual bool OpenFile(CString path);
-    virtual bool OpenFolder(CString path);
-
-    /// The enumerations that a new attribute may be a value of; must outlive the grid.
-    void SetEnumImp(IEnumContainer* enumerations) { m_pEnumContainer = enumerations; }
-    // What the user may do: removing, and with SetAllowEdit write protection, are refused where they are not
-    // allowed. The others are for the context menu.
-    void SetAllowRemove(bool allow) { m_AllowRemove = allow; }
-    void SetAllowRename(bool allow) { m_AllowRename = allow; }               ///< No effect yet.
-    void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }       ///< No effect yet.
-    void SetAllowAdd(bool allow) { m_AllowAdd = allow; }                     ///< No effect yet.
-    void SetAllowFormats(bool allow) { m_AllowFormats = allow; }             ///< No effect yet.
-    void SetAllowCopyClipboard(bool allow) { m_AllowCopyClipboard = allow; } ///< No effect yet.
-    /// False: a new attribute cannot be write protected from the start.
-    void SetAllowWriteProtect(bool allow) { m_AllowWriteProtect = allow; }
-    /// The types that a new attribute may have, as a mask.
-    void SetEnableUserAttributsTyps(std::uint32_t types) { m_EnableUserAttributsTyps = types; }
-    std::uint32_t GetEnableUserAttributsTyps() const { return m_EnableUserAttributsTyps; }
     /// Kept for callers; nothing reads the details.
     void AddImplementationDetail(EImplementationDetail detail) { m_ImplementationDetails |= detail; }
 
@@ -213,38 +160,17 @@ public:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
-    /// The label of the selected row is about to be edited: `*result` 1 refuses, as where the member allows
-    /// neither MF_Rename nor MF_Change, and while a cell is being edited.
-    void OnLvnBeginlabeledit(NMHDR* header, LRESULT* result);
-    /// A label was edited: renames the member of its row in an undoable step, and `*result` is 1 when that
-    /// was done.
-    void OnLvnEndlabeledit(NMHDR* header, LRESULT* result);
-
-    bool OnCommand(WPARAM wParam, LPARAM lParam) override;
-    bool OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) override;
     void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;
 
     /// From Initialize to Clear.
     bool IsInitialized() const;
 
     IObserverGrid* const m_pObserver; ///< may be null
-    IEnumContainer* m_pEnumContainer;
-
-    bool m_AllowRemove = true;
-    bool m_AllowRename = true;
-    bool m_AllowChangeType = true;
-    bool m_AllowAdd = true;
-    bool m_AllowEdit = true;
-    bool m_AllowFormats = true;
-    bool m_AllowCopyClipboard = false;
-    bool m_AllowWriteProtect = true;
 
     EGridLayout m_Layout = eSingleAttrColumn; ///< not to be changed while an object is shown
     std::uint32_t m_ImageStyle = 0;
-    std::uint32_t m_EnableUserAttributsTyps = 0xFFFFFFFF;
     std::uint32_t m_ImplementationDetails = 0;
     std::vector<SColumnInfo> m_ColumnInfo;
-    bool m_bLabelEditArmed = true; ///< false while OnRenameAttribut_V1 starts the edit of the label
     /// Hears of failures, under InlineErrors in place of the error box; null: none. Not owned; must outlive
     /// the grid.
     IGridErrorReporter* m_pErrorReporter = nullptr;

@@ -2,12 +2,9 @@
 
 #include "korvel/grid/dispatch_sink.h"
 #include "korvel/grid/member_reads.h"
-#include "korvel/grid/type_commands.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/core/registered_messages.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace korvel {
@@ -16,28 +13,7 @@ using namespace internal;
 
 CEditableGrid::Binding::Binding(CEditableGrid& grid, IObserverGrid* observer)
     : m_grid(grid), rows(*this, observer, grid.m_Layout), columns(grid, rows.layout, grid.m_ColumnInfo),
-      frame(grid, grid.m_pErrorReporter, grid.m_options), operations(grid, rows, frame, observer),
-      labelEdit(grid, rows, frame, observer) {}
-
-bool CEditableGrid::Binding::RunCommand(GridCommand command) {
-    if (const auto type = TypeOfCommand(command))
-        return m_grid.OnChangeType(*type), true;
-    const struct {
-        GridCommand command;
-        void (CEditableGrid::*run)();
-    } commands[] = {{GridCommand::AddMember, &CEditableGrid::OnAddAttribut_V1},
-                    {GridCommand::RemoveMember, &CEditableGrid::OnDelAttribut_V1},
-                    {GridCommand::RenameMember, &CEditableGrid::OnRenameAttribut_V1},
-                    {GridCommand::ToggleWriteProtection, &CEditableGrid::OnChangeEditableAttribut_V1},
-                    {GridCommand::OpenFile, &CEditableGrid::OnOpenFile},
-                    {GridCommand::OpenFolder, &CEditableGrid::OnOpenFolder}};
-    const auto* found = std::find_if(std::begin(commands), std::end(commands),
-                                     [=](const auto& row) { return row.command == command; });
-    if (found == std::end(commands))
-        return false;
-    (m_grid.*found->run)();
-    return true;
-}
+      frame(grid, grid.m_pErrorReporter, grid.m_options) {}
 
 bool CEditableGrid::Binding::IsChecked(IMemberDispatch* disp, const std::string& name) {
     const LossWatch noLoss = rows.WatchRows();

@@ -4,8 +4,6 @@
 #include "korvel/grid/attribute_rows.h"
 #include "korvel/grid/editable_grid.h"
 #include "korvel/grid/edited_members.h"
-#include "korvel/grid/member_label_edit.h"
-#include "korvel/grid/member_operations.h"
 #include "korvel/grid/write_frame.h"
 
 namespace korvel {
@@ -15,8 +13,6 @@ class CEditableGrid::Binding final : private internal::AttributeTree, public int
 public:
     Binding(CEditableGrid& grid, IObserverGrid* observer);
 
-    /// False for a command of someone else.
-    bool RunCommand(GridCommand command);
     /// Whether the box of a flag is drawn checked.
     bool IsChecked(IMemberDispatch* disp, const std::string& name);
 
@@ -58,8 +54,6 @@ public:
     internal::AttributeRows rows; // asks for a sink when it is made
     internal::AttributeColumns columns;
     internal::WriteFrame frame;
-    internal::MemberOperations operations;
-    internal::MemberLabelEdit labelEdit;
 };
 
 } // namespace korvel

@@ -47,7 +47,7 @@ void UseExportedClasses() {
            IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState, CGridCtrlComboBoxInputStateCheckBox,
            CGridCtrlComboBoxInputStateDesignDefault, CGridCtrlComboBoxInputStateTree,
            CGridCtrlComboBoxInputStateTreeCheckBox>();
-    UseAll<CEditableGrid, CellEditGrid, IGridErrorReporter, CSuperGridCtrl, CItemInfo,
+    UseAll<CEditableGrid, MemberCommandGrid, CellEditGrid, IGridErrorReporter, CSuperGridCtrl, CItemInfo,
            CSuperGridCtrl::CTreeItem, ChildList>();
     UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut, DlgStateBase,
            CLayoutTabCtrlPage, CConfigurationTabCtrlPage>();
