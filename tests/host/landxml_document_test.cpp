@@ -13,8 +13,6 @@
 namespace korvel::inspector {
 namespace {
 
-using ::testing::ElementsAre;
-
 class LandXmlDocumentTest : public GermanMachine {
 protected:
     LandXmlDocument& Open(const std::string& xml, const ReadingOptions& options = {}) {

@@ -27,12 +27,12 @@ protected:
     }
     ~OpenPathTest() override {
         QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
-        qputenv("PATH", path);
-        bus.isNull() ? qunsetenv("DBUS_SESSION_BUS_ADDRESS") : qputenv("DBUS_SESSION_BUS_ADDRESS", bus);
+        qputenv("PATH", m_path);
+        m_bus.isNull() ? qunsetenv("DBUS_SESSION_BUS_ADDRESS") : qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus);
     }
 
     fs::path Write(const char* name, const char* text, fs::perms more = fs::perms::none) const {
-        const fs::path file = scratch.Path() / name;
+        fs::path file = scratch.Path() / name;
         std::ofstream(file) << text;
         fs::permissions(file, more, fs::perm_options::add);
         return file;
@@ -40,7 +40,7 @@ protected:
     static QString Name(const fs::path& file) { return QString::fromStdString(file.string()); }
     /// The name of what was opened since.
     QString TakeOpened() {
-        const QString opened = QFileInfo(browser.source().toLocalFile()).fileName();
+        QString opened = QFileInfo(browser.source().toLocalFile()).fileName();
         browser.setSource(QUrl(QStringLiteral("file:///"))); // a name that is empty
         return opened;
     }
@@ -49,8 +49,8 @@ protected:
     QTextBrowser browser;
 
 private:
-    const QByteArray path = qgetenv("PATH");
-    const QByteArray bus = qgetenv("DBUS_SESSION_BUS_ADDRESS");
+    const QByteArray m_path = qgetenv("PATH");
+    const QByteArray m_bus = qgetenv("DBUS_SESSION_BUS_ADDRESS");
 };
 
 TEST_F(OpenPathTest, FilesAndFoldersAreOpenedAndWhatIsNotIsSaid) {

@@ -65,7 +65,7 @@ void RowBlocks::InsertIntoBlock(PrefixSums::Place place, int count, const Maker&
 
 void RowBlocks::InsertBlocks(PrefixSums::Place place, int count, const Maker& make) {
     std::vector<Block> added;
-    added.reserve(static_cast<std::size_t>(count / BlockCapacity + 1));
+    added.reserve(static_cast<std::size_t>(count / BlockCapacity) + 1);
     for (int index = 0; index < count; ++index) {
         const int offset = index % BlockCapacity;
         if (offset == 0)
