@@ -262,7 +262,7 @@ bool CGridCtrlEdit::OnCommand(WPARAM wParam, LPARAM lParam) {
 // Cut and paste replace the selection rather than set the text, which could not be undone.
 bool CGridCtrlEdit::Copy() const {
     const CString text = GetWindowTextA();
-    return !text.empty() && Display().SetClipboardText(text);
+    return !text.empty() && Display().SetClipboardText(text).IsSet();
 }
 
 void CGridCtrlEdit::Cut() {

@@ -239,9 +239,14 @@ void QtDisplay::SetCursor(int cursor) {
     m_parts->context.mouse.SetCursor(cursor);
 }
 
-bool QtDisplay::SetClipboardText(const CString& text) {
-    QGuiApplication::clipboard()->setText(ToQString(text));
-    return true;
+// Qt says nothing itself: who could not become the owner finds another's data there.
+ClipboardAnswer QtDisplay::SetClipboardText(const CString& text) {
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    auto* data = new QMimeData;
+    data->setText(ToQString(text));
+    clipboard->setMimeData(data); // which owns it now
+    const bool isOurs = clipboard->mimeData() == data;
+    return {isOurs ? ClipboardAnswer::Outcome::Set : ClipboardAnswer::Outcome::NotOpened};
 }
 
 std::optional<CString> QtDisplay::ClipboardText() {

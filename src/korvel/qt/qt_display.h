@@ -59,7 +59,7 @@ public:
     int Metric(int index) override;
     std::vector<CRect> Screens() override;
     void SetCursor(int cursor) override;
-    bool SetClipboardText(const CString& text) override;
+    ClipboardAnswer SetClipboardText(const CString& text) override;
     std::optional<CString> ClipboardText() override;
     std::optional<Image> LoadPicture(const CString& path, CSize room) override;
 

@@ -229,20 +229,18 @@ bool Undo(EditState& edit) {
     return true;
 }
 
-void Copy(const EditState& edit) {
+bool Copy(const EditState& edit) {
     const TextRange selection = SelectionOf(edit);
     if (selection.IsEmpty() || edit.HasStyle(ES_PASSWORD))
-        return;
-    Display().SetClipboardText(
-        edit.record.text.substr(static_cast<std::size_t>(selection.start),
-                                static_cast<std::size_t>(selection.end - selection.start)));
+        return false;
+    const CString text = edit.record.text.substr(static_cast<std::size_t>(selection.start),
+                                                 static_cast<std::size_t>(selection.end - selection.start));
+    return Display().SetClipboardText(text).IsSet();
 }
 
 void Cut(EditState& edit) {
-    if (edit.HasStyle(ES_PASSWORD))
-        return;
-    Copy(edit);
-    EraseByUser(edit, {});
+    if (Copy(edit)) // a text that is nowhere else stays
+        EraseByUser(edit, {});
 }
 
 void Paste(EditState& edit) {

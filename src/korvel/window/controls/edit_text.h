@@ -32,7 +32,8 @@ void EraseByUser(EditState& edit, TextRange range);
 LRESULT SetText(EditState& edit, WPARAM wParam, LPARAM lParam);
 bool Undo(EditState& edit);
 
-void Copy(const EditState& edit);
+/// False where nothing was copied.
+bool Copy(const EditState& edit);
 void Cut(EditState& edit);
 void Paste(EditState& edit);
 

@@ -53,6 +53,20 @@ struct FolderAnswer {
     CString path{}; // of a chosen folder
 };
 
+/// What became of a text for the clipboard.
+struct ClipboardAnswer {
+    enum class Outcome {
+        Set,
+        NotOpened, // there is no clipboard, or another program keeps it
+        NotSet     // it refused the text
+    };
+
+    Outcome outcome = Outcome::Set;
+    int error = 0; // the system's number for a refusal
+
+    bool IsSet() const { return outcome == Outcome::Set; }
+};
+
 /// As what the desktop opens a path.
 enum class OpenAs {
     File,         // with the program for files of its kind
@@ -156,8 +170,8 @@ public:
 
     // The clipboard.
 
-    /// False when the clipboard is not available.
-    virtual bool SetClipboardText(const CString& text) = 0;
+    /// Replaces what the clipboard holds.
+    virtual ClipboardAnswer SetClipboardText(const CString& text) = 0;
     /// Nothing when the clipboard is not available or holds no text.
     virtual std::optional<CString> ClipboardText() = 0;
 

@@ -95,6 +95,10 @@ void HeadlessDisplay::AnswerNextOpen(int result) {
     m_openResults.push_back(result);
 }
 
+void HeadlessDisplay::AnswerNextClipboard(ClipboardAnswer answer) {
+    m_clipboardAnswers.push_back(answer);
+}
+
 void HeadlessDisplay::Then(std::function<void()> step) {
     m_steps.push_back(std::move(step));
 }
@@ -261,9 +265,12 @@ void HeadlessDisplay::SetCursor(int cursor) {
     m_cursor = cursor;
 }
 
-bool HeadlessDisplay::SetClipboardText(const CString& text) {
-    m_clipboard = text;
-    return true;
+ClipboardAnswer HeadlessDisplay::SetClipboardText(const CString& text) {
+    const ClipboardAnswer answer =
+        m_clipboardAnswers.empty() ? ClipboardAnswer() : TakeAnswer(m_clipboardAnswers, "");
+    if (answer.IsSet())
+        m_clipboard = text;
+    return answer;
 }
 
 std::optional<CString> HeadlessDisplay::ClipboardText() {

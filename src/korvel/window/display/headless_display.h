@@ -47,12 +47,13 @@ public:
     };
 
     /// The answers to come, in order: of message boxes and menus, of file choosers, of folder choosers, of
-    /// color choosers, of OpenPath.
+    /// color choosers, of OpenPath; and what the clipboard says to texts, which it takes without one.
     void AnswerNext(int button);
     void AnswerNextFile(std::optional<CString> path);
     void AnswerNextFolder(FolderAnswer answer);
     void AnswerNextColor(std::optional<COLORREF> color);
     void AnswerNextOpen(int result);
+    void AnswerNextClipboard(ClipboardAnswer answer);
     /// One more step that a modal loop plays when it is idle.
     void Then(std::function<void()> step);
     /// Moves the clock on and fires each timer at its time; posted messages run in between. After an
@@ -110,7 +111,7 @@ public:
     int Metric(int index) override;
     std::vector<CRect> Screens() override;
     void SetCursor(int cursor) override;
-    bool SetClipboardText(const CString& text) override;
+    ClipboardAnswer SetClipboardText(const CString& text) override;
     std::optional<CString> ClipboardText() override;
     std::optional<Image> LoadPicture(const CString& path, CSize room) override;
 
@@ -135,6 +136,7 @@ private:
     std::deque<FolderAnswer> m_folders;
     std::deque<std::optional<COLORREF>> m_colorAnswers;
     std::deque<int> m_openResults;
+    std::deque<ClipboardAnswer> m_clipboardAnswers;
     std::vector<OpenedPath> m_opened;
     std::deque<std::function<void()>> m_steps;
     std::vector<Shown> m_boxes;
