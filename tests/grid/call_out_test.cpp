@@ -103,7 +103,12 @@ const std::vector<Act>& UserActs() {
         dynamic_cast<HeadlessDisplay&>(Display()).AnswerNext(IDOK); // no path is named
         s.grid->OnOpenFolder();
     };
+    const auto copyTree = [](Scene& s) { s.grid->OnCopyClipboardRecursive(); };
+    const auto copyColumn = [](Scene& s) { s.grid->OnCopyClipboardColumn(); };
     static const std::vector<Act> acts = {
+        {"copy a tree", ofPoint(copyTree)},
+        {"copy a column", ofX(copyColumn)},
+        {"copy a tree of columns", ofPoint(copyTree), true, true},
         {"rename", ofX(rename)},
         {"rename in vain", ofX(renameInVain)},
         {"rename a group", ofPoint(rename)},

@@ -35,7 +35,8 @@ struct CountingParent : HistoryParent {
         onStep = [this](UINT, WPARAM) { calls.Count(); };
     }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (message == WM_GET_IMAGEINDEX || message == WM_NOTIFY)
+        if (message == WM_GET_IMAGEINDEX || message == WM_NOTIFY ||
+            (message == WM_COMMAND && HIWORD(wParam) == GridCopied))
             calls.Count();
         return HistoryParent::WindowProc(message, wParam, lParam);
     }
@@ -103,7 +104,8 @@ struct MisbehavingHost {
         grid.emplace(&observer, nullptr);
         grid->onCall = [this] { calls.Count(); };
         grid->m_pErrorReporter = &reporter;
-        grid->SetGridOption(EGridOption::InlineErrors, true); // no boxes
+        for (const EGridOption noBox : {EGridOption::InlineErrors, EGridOption::QuietCopy})
+            grid->SetGridOption(noBox, true);
         grid->Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 105);
         grid->ModifyImageStyle(IS_AskParent, 0);
     }

@@ -36,6 +36,10 @@ enum class EGridOption : std::uint32_t {
     /// A whole number that 32 bits do not hold is read as it is typed. Off, it stops at their bounds:
     /// "3000000000" reads as 2147483647.
     WideIntegers = 0x40,
+
+    /// A grid says that it has copied by WM_COMMAND with the code GridCopied to its parent, which may show it
+    /// in its status bar. Off, a box says it.
+    QuietCopy = 0x80,
 };
 
 /// The options that are on.

@@ -28,6 +28,7 @@ CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumeratio
     : MemberCommandGrid(observer, enumerations), m_pObserver(observer),
       m_binding(std::make_unique<Binding>(*this, observer)) {
     SetUpEditing(*m_binding, m_binding->frame);
+    SetUpExchange(m_binding->copies);
     SetUpCommands(m_binding->rows, *m_binding, m_binding->frame, observer);
 }
 

@@ -2,6 +2,7 @@
 
 #include "korvel/grid/attribute_columns.h"
 #include "korvel/grid/attribute_rows.h"
+#include "korvel/grid/clipboard_copies.h"
 #include "korvel/grid/editable_grid.h"
 #include "korvel/grid/edited_members.h"
 #include "korvel/grid/write_frame.h"
@@ -54,6 +55,7 @@ public:
     internal::AttributeRows rows; // asks for a sink when it is made
     internal::AttributeColumns columns;
     internal::WriteFrame frame;
+    internal::ClipboardCopies copies;
 };
 
 } // namespace korvel

@@ -22,7 +22,11 @@ enum class GridCommand : unsigned {
     AddMember = 15041,
     RemoveMember = 15042,
     RenameMember = 15043,
+    CopyRow = 15049,
+    CopyTree = 15050,
     OpenFile = 15051,
+    CopyValue = 15053,
+    CopyColumn = 15054,
     OpenFolder = 15055,
     ToggleWriteProtection = 18039,
 };

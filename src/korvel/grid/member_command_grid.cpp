@@ -30,7 +30,7 @@ struct MemberCommandGrid::Parts {
 };
 
 MemberCommandGrid::MemberCommandGrid(IObserverGrid* observer, IEnumContainer* enumerations)
-    : CellEditGrid(observer), m_pEnumContainer(enumerations) {}
+    : ExchangeGrid(observer), m_pEnumContainer(enumerations) {}
 
 MemberCommandGrid::~MemberCommandGrid() = default;
 
@@ -45,13 +45,13 @@ bool MemberCommandGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam
         return OnLvnBeginlabeledit(header, result), true;
     if (header && header->code == LVN_ENDLABELEDIT)
         return OnLvnEndlabeledit(header, result), true;
-    return CellEditGrid::OnChildNotify(message, wParam, lParam, result);
+    return ExchangeGrid::OnChildNotify(message, wParam, lParam, result);
 }
 
 bool MemberCommandGrid::OnCommand(WPARAM wParam, LPARAM lParam) {
     const ModuleStateGuard guard;
     return (lParam == 0 && RunCommand(static_cast<GridCommand>(LOWORD(wParam)))) ||
-           CellEditGrid::OnCommand(wParam, lParam);
+           ExchangeGrid::OnCommand(wParam, lParam);
 }
 
 bool MemberCommandGrid::RunCommand(GridCommand command) {
@@ -64,6 +64,10 @@ bool MemberCommandGrid::RunCommand(GridCommand command) {
                     {GridCommand::RemoveMember, &MemberCommandGrid::OnDelAttribut_V1},
                     {GridCommand::RenameMember, &MemberCommandGrid::OnRenameAttribut_V1},
                     {GridCommand::ToggleWriteProtection, &MemberCommandGrid::OnChangeEditableAttribut_V1},
+                    {GridCommand::CopyRow, &MemberCommandGrid::OnCopyClipboardRow},
+                    {GridCommand::CopyTree, &MemberCommandGrid::OnCopyClipboardRecursive},
+                    {GridCommand::CopyValue, &MemberCommandGrid::OnCopyClipboardValue},
+                    {GridCommand::CopyColumn, &MemberCommandGrid::OnCopyClipboardColumn},
                     {GridCommand::OpenFile, &MemberCommandGrid::OnOpenFile},
                     {GridCommand::OpenFolder, &MemberCommandGrid::OnOpenFolder}};
     const auto* found = std::find_if(std::begin(commands), std::end(commands),

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/grid/cell_edit_grid.h"
+#include "korvel/grid/exchange_grid.h"
 #include "korvel/grid/grid_command.h"
 
 #include <cstdint>
@@ -20,7 +20,7 @@ class AttributeRows;
 ///     grid.SetAllowRemove(false);
 ///     grid.OnRenameAttribut_V1();                                                  // edits the label
 ///     grid.SendMessageA(WM_COMMAND, static_cast<WPARAM>(GridCommand::OpenFile));   // as OnOpenFile
-class KORVEL_API MemberCommandGrid : public CellEditGrid {
+class KORVEL_API MemberCommandGrid : public ExchangeGrid {
 public:
     ~MemberCommandGrid() override;
 

@@ -47,8 +47,8 @@ void UseExportedClasses() {
            IGridCtrlComboBoxInputState, CGridCtrlComboBoxInputState, CGridCtrlComboBoxInputStateCheckBox,
            CGridCtrlComboBoxInputStateDesignDefault, CGridCtrlComboBoxInputStateTree,
            CGridCtrlComboBoxInputStateTreeCheckBox>();
-    UseAll<CEditableGrid, MemberCommandGrid, CellEditGrid, IGridErrorReporter, CSuperGridCtrl, CItemInfo,
-           CSuperGridCtrl::CTreeItem, ChildList>();
+    UseAll<CEditableGrid, MemberCommandGrid, CellEditGrid, ExchangeGrid, IGridErrorReporter, CSuperGridCtrl,
+           CItemInfo, CSuperGridCtrl::CTreeItem, ChildList>();
     UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut, DlgStateBase,
            CLayoutTabCtrlPage, CConfigurationTabCtrlPage>();
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();

@@ -1,0 +1,118 @@
+#include "korvel/grid/clipboard_texts.h"
+
+#include "korvel/editors/cell_conversion.h"
+#include "korvel/grid/attribute_rows.h"
+#include "korvel/grid/tree_walk.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+namespace korvel::internal {
+
+namespace {
+
+// Rows may come while a host is asked, so nobody may walk the tree or the list then: those that are there at
+// the beginning are copied.
+using Nodes = std::vector<const grid::CTreeItem*>;
+
+Nodes AllBelow(const grid::CTreeItem& top) {
+    Nodes nodes;
+    TreeWalk walk(top);
+    while (const grid::CTreeItem* node = walk.Next()) {
+        nodes.push_back(node);
+        walk.Enter(*node);
+    }
+    return nodes;
+}
+
+void AddInOneLine(std::string& text, std::string_view cell) {
+    constexpr std::string_view Breaks = "\t\r\n";
+    for (std::size_t end = cell.find_first_of(Breaks); end != std::string_view::npos;
+         end = cell.find_first_of(Breaks)) {
+        text.append(cell.substr(0, end)) += ' ';
+        cell.remove_prefix(end + (cell.substr(end).starts_with("\r\n") ? 2 : 1));
+    }
+    text += cell;
+}
+
+// A line feed stands between what `add` adds for each node. False as soon as that is false.
+template <class Add>
+bool AddJoined(std::string& text, const Nodes& nodes, Add add) {
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (i > 0)
+            text += '\n';
+        if (!add(nodes[i]))
+            return false;
+    }
+    return true;
+}
+
+} // namespace
+
+bool ClipboardTexts::AddCell(std::string& text, const CTreeItem& node, int column) const {
+    if (!node.info || column < 0)
+        return true;
+    if (column == 0) {
+        AddInOneLine(text, node.info->text);
+        return true;
+    }
+    const bool isColumn = m_rows.layout.RowsAreObjects();
+    const std::string name = isColumn ? m_rows.layout.NameOf(column) : node.info->text;
+    IMemberDispatch* disp = m_rows.ObjectOf(&node);
+    if (!disp || (isColumn && name.empty()))
+        return true;
+    const LossWatch rows = m_rows.WatchRows();
+    CVariantValue value;
+    std::string cell;
+    if (disp->GetMember(name, value) && rows) {
+        auto control = CItemInfo::ctEdit;
+        m_tree.ConvertToOutput(disp, name, value, cell, control);
+        if (rows)
+            UnescapeDashes(value, cell);
+    }
+    if (!rows)
+        return false;
+    AddInOneLine(text, cell);
+    return true;
+}
+
+bool ClipboardTexts::AddLine(std::string& text, const CTreeItem& node) const {
+    for (int column = 0; column < m_grid.GetColumnCount(); ++column) {
+        if (column > 0)
+            text += '\t';
+        if (!AddCell(text, node, column))
+            return false;
+    }
+    return true;
+}
+
+bool ClipboardTexts::AddColumn(std::string& text, int column) const {
+    Nodes nodes;
+    for (int row = 0; row < m_grid.GetItemCount(); ++row)
+        nodes.push_back(m_grid.NodeAtRow(row));
+    return AddJoined(text, nodes,
+                     [&](const CTreeItem* node) { return !node || AddCell(text, *node, column); });
+}
+
+bool ClipboardTexts::AddTree(std::string& text, const CTreeItem& top) const {
+    return AddLine(text, top) && AddBelow(text, top, 1);
+}
+
+bool ClipboardTexts::AddBelow(std::string& text, const CTreeItem& top, int level) const {
+    const auto firstLevel = static_cast<std::size_t>(std::max(level, 0));
+    const int firstIndent = top.indent() + 1;
+    const Nodes nodes = AllBelow(top);
+    return std::all_of(nodes.begin(), nodes.end(), [&](const CTreeItem* node) {
+        text += '\n';
+        text.append(2 * (firstLevel + static_cast<std::size_t>(node->indent() - firstIndent)), ' ');
+        return AddLine(text, *node);
+    });
+}
+
+bool ClipboardTexts::AddAllTrees(std::string& text) const {
+    const Nodes roots(m_grid.rootItems().begin(), m_grid.rootItems().end());
+    return AddJoined(text, roots, [&](const CTreeItem* root) { return AddTree(text, *root); });
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "korvel/grid/cell_edit_grid.h"
+#include "korvel/grid/grid_layout.h"
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace korvel {
+
+namespace internal {
+class ClipboardCopies;
+} // namespace internal
+
+/// The code of the WM_COMMAND by which a grid under EGridOption::QuietCopy tells its parent that it has
+/// copied.
+inline constexpr UINT GridCopied = 23;
+
+/// What a CEditableGrid, which derives from it, hands out as text: cells, rows and trees for the clipboard.
+///
+///     grid.CopyClipboardLine(0);    // "length\t12,50 m"
+///     grid.OnCopyClipboardRow();    // puts that of the selected row on the clipboard
+///
+/// Cells are put together with tabs and rows with line feeds; a tab or the end of a line within a cell
+/// becomes one blank. The text of a value is asked of its object anew; a flag, a group and a member that is
+/// missing have none. Text stands for whatever the object says at that time: where it removes rows meanwhile,
+/// the copy is given up.
+class KORVEL_API ExchangeGrid : public CellEditGrid {
+public:
+    ~ExchangeGrid() override;
+
+    // The texts of a cell, of a row with all its columns, of all below a row. Empty for no such row and for a
+    // copy that is given up. What the object throws passes through.
+    std::string GetClipboardString(const CTreeItem* node, int column) const;
+    std::string GetClipboardString(int row, int column) const;
+    std::string CopyClipboardLine(const CTreeItem* node) const;
+    std::string CopyClipboardLine(int row) const;
+    /// Each row below, collapsed ones included, after a line feed and two blanks a level; `level` is that of
+    /// the children.
+    void CopyClipboardRecursive(int level, std::stringstream& out, const CTreeItem* node) const;
+
+    /// Puts a text on the clipboard. Nothing happens with an empty one, and where there is no clipboard; of a
+    /// text that is refused the user is told as of a failed write.
+    void CopyToClipboard(const CString& text);
+
+    // What the user copies, each also as a GridCommand. What is being edited ends first; refused, nothing is
+    // copied. The user is told of a copy in a box, or under QuietCopy by whoever hears GridCopied.
+    /// The cell of the selected row in the current column.
+    void OnCopyClipboardValue();
+    /// The cells of the current column, of all rows of the list.
+    void OnCopyClipboardColumn();
+    void OnCopyClipboardRow();
+    /// The selected row with all below it; without one all rows.
+    void OnCopyClipboardRecursive();
+
+protected:
+    using CellEditGrid::CellEditGrid;
+    /// To be called once, when the grid is made; it must outlive its window.
+    void SetUpExchange(internal::ClipboardCopies& copies);
+
+private:
+    internal::ClipboardCopies* m_copies = nullptr;
+};
+
+} // namespace korvel

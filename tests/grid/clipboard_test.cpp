@@ -1,0 +1,201 @@
+#include "korvel/values/language.h"
+#include "support/grid_fixture.h"
+#include "support/table.h"
+
+namespace korvel {
+namespace {
+
+/// Writes down that its grid has copied.
+class ToldParent : public CWnd {
+public:
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+        copies += HIWORD(wParam) == GridCopied;
+        return CWnd::OnCommand(wParam, lParam);
+    }
+    int copies = 0;
+};
+
+class ClipboardTest : public GermanMachine, protected GridWindows {
+protected:
+    ClipboardTest() {
+        SetLanguageForThisRun("English");
+        parent.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 400, 400}, nullptr, 0);
+        grid.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 105);
+        grid.SetGridOption(EGridOption::QuietCopy, true);
+        point.With("x", Number(DT_LengthDouble, 1.5)).With("on", Flag(true));
+        root.With("p\tq", Group(&point)).With("text", Words(DT_String, "a\tb\r\nc\n\rd"));
+    }
+
+    void Bind() { grid.Initialize(&root, "Name", "Value", 0); }
+    void SelectCell(int row, int column) {
+        Select(grid, row);
+        while (grid.GetCurrentColumn() != column)
+            Press(grid, grid.GetCurrentColumn() < column ? VK_RIGHT : VK_LEFT);
+    }
+    void Run(GridCommand command) { grid.SendMessageA(WM_COMMAND, static_cast<WPARAM>(command)); }
+    std::string Copied() { return display.ClipboardText().value_or("nothing"); }
+
+    ToldParent parent;
+    RecordingObserver observer;
+    HostGrid grid{&observer, nullptr};
+};
+
+TEST_F(ClipboardTest, EachCommandCopiesItsPart) {
+    Bind();
+    constexpr int NoRow = -1;
+    for (const auto& [border, row, column, command, text] : Table<int, int, GridCommand, const char*>{
+             {"a value on one line", 1, 1, GridCommand::CopyValue, "a b c  d"},
+             {"a name", 0, 0, GridCommand::CopyValue, "p q"},
+             {"no row", NoRow, 1, GridCommand::CopyValue, "before"},
+             {"a row", 1, 0, GridCommand::CopyRow, "text\ta b c  d"},
+             {"no row either", NoRow, 0, GridCommand::CopyRow, "before"},
+             {"the rows of the list only", NoRow, 0, GridCommand::CopyColumn, "p q\ntext"},
+             {"the column of values", NoRow, 1, GridCommand::CopyColumn, "\na b c  d"},
+             {"a collapsed group", 0, 0, GridCommand::CopyTree, "p q\t\n  x\t1,50 m\n  on\t"},
+             {"a member", 1, 0, GridCommand::CopyTree, "text\ta b c  d"},
+             {"all roots", NoRow, 0, GridCommand::CopyTree, "p q\t\n  x\t1,50 m\n  on\t\ntext\ta b c  d"}}) {
+        display.SetClipboardText("before");
+        SelectCell(std::max(row, 0), column);
+        if (row == NoRow)
+            grid.SetItemState(-1, 0, LVIS_SELECTED);
+        const int told = parent.copies;
+        Run(command);
+        EXPECT_EQ(Copied(), text) << border;
+        EXPECT_EQ(parent.copies - told, text != std::string("before")) << border;
+    }
+}
+
+TEST_F(ClipboardTest, ARowThatIsAnObjectCopiesItsColumns) {
+    grid.SetLayoutMultiColumn({"Name", "on", "none", "x"});
+    Bind();
+    EXPECT_EQ(grid.CopyClipboardLine(0), "p q\t\t\t1,50 m");
+    EXPECT_EQ(grid.GetClipboardString(0, 3), "1,50 m");
+    for (const int column : {-1, 4, 99})
+        EXPECT_EQ(grid.GetClipboardString(0, column), "") << column;
+}
+
+TEST_F(ClipboardTest, TextsOfRowsThatAreNoneAreEmpty) {
+    grid.OnCopyClipboardRecursive();
+    Bind();
+    std::stringstream out;
+    const CSuperGridCtrl::CTreeItem* const none = nullptr;
+    grid.CopyClipboardRecursive(1, out, none);
+    EXPECT_EQ(grid.CopyClipboardLine(none) + grid.CopyClipboardLine(2) + grid.GetClipboardString(-1, 0) +
+                  out.str() + Copied(),
+              "nothing");
+    grid.CopyClipboardRecursive(-3, out, grid.rootItems().front());
+    grid.CopyClipboardRecursive(2, out, grid.rootItems().front());
+    EXPECT_EQ(out.str(), "\nx\t1,50 m\non\t\n    x\t1,50 m\n    on\t");
+}
+
+TEST_F(ClipboardTest, TheUserIsToldOfWhatWasDoneOnly) {
+    using Outcome = ClipboardAnswer::Outcome;
+    Bind();
+    const auto run = [this](GridCommand command) { return [=, this] { Run(command); }; };
+    const auto misbehave = [this](std::function<void()> act) {
+        return [=, this] {
+            point.onRead = [=](const std::string&) { act(); };
+            Run(GridCommand::CopyTree);
+        };
+    };
+    for (const auto& [border, isQuiet, answer, act, box, text] :
+         Table<bool, ClipboardAnswer, std::function<void()>, const char*, const char*>{
+             {"in a box",
+              false,
+              {},
+              run(GridCommand::CopyRow),
+              "Clipboard: Data was copied to the clipboard.",
+              "p q\t"},
+             {"quietly", true, {}, run(GridCommand::CopyRow), "", "p q\t"},
+             {"not opened", false, {Outcome::NotOpened}, run(GridCommand::CopyRow), "", "nothing"},
+             {"not set",
+              true,
+              {Outcome::NotSet, 1418},
+              run(GridCommand::CopyRow),
+              "Korvel: Unable to set Clipboard data, error: 1418",
+              "nothing"},
+             {"an empty value",
+              false,
+              {},
+              [this] { SelectCell(0, 1), Run(GridCommand::CopyValue); },
+              "",
+              "nothing"},
+             {"an empty text", false, {}, [this] { grid.CopyToClipboard(""); }, "", "nothing"},
+             {"a text of the host", false, {}, [this] { grid.CopyToClipboard("a\tb"); }, "", "a\tb"},
+             {"it throws",
+              false,
+              {},
+              misbehave([] { throw std::runtime_error("of the host"); }),
+              "Korvel: of the host",
+              "nothing"},
+             {"rows go",
+              false,
+              {},
+              misbehave([this] { grid.OnOperationRemove(&point, "on", {}); }),
+              "",
+              "nothing"},
+             {"rows come",
+              true,
+              {},
+              misbehave([this] {
+                  if (!grid.LookupTreeItem(&point, "new"))
+                      grid.OnOperationAdd(&point, "new", Flag(true));
+              }),
+              "",
+              "p q\t\n  x\t1,50 m\n  on\t"},
+             {"the binding ends", false, {}, misbehave([this] { grid.Clear(); }), "", "nothing"},
+             {"the window goes", false, {}, misbehave([this] { grid.DestroyWindow(); }), "", "nothing"}}) {
+        SCOPED_TRACE(border);
+        HeadlessDisplay fresh;
+        SetDisplay(&fresh);
+        if (!answer.IsSet())
+            fresh.AnswerNextClipboard(answer);
+        if (*box)
+            fresh.AnswerNext(IDOK);
+        grid.SetGridOption(EGridOption::QuietCopy, isQuiet);
+        grid.Clear();
+        Bind();
+        Select(grid, 0);
+        act();
+        point.onRead = nullptr;
+        std::string boxes;
+        for (const auto& shown : fresh.ShownBoxes())
+            boxes += shown.caption + ": " + shown.text;
+        EXPECT_EQ(boxes, box);
+        EXPECT_EQ(fresh.ClipboardText().value_or("nothing"), text);
+        SetDisplay(&display);
+    }
+}
+
+TEST_F(ClipboardTest, WhatIsBeingEditedEndsBeforeTheCopyOrForbidsIt) {
+    grid.editsCells = true;
+    observer.answers = true;
+    Bind();
+    grid.ExpandAll();
+    const auto edit = [this](const char* text) {
+        Select(grid, 1);
+        Click(grid, Value(1));
+        SetWindowTextA(GetFocus(), text);
+        grid.OnCopyClipboardRow();
+    };
+    edit("7");
+    EXPECT_EQ(Copied(), "x\t7,00 m");
+    display.AnswerNext(IDOK);
+    edit("7+");
+    EXPECT_EQ(Copied(), "x\t7,00 m");
+    EXPECT_TRUE(grid.IsEditing());
+}
+
+TEST_F(ClipboardTest, AHugeTextIsCopiedWhole) {
+    constexpr std::size_t Half = 50'000'000;
+    root.SetMember("text", Words(DT_String, std::string(Half, 'a') + "\n" + std::string(Half, 'b')));
+    Bind();
+    Select(grid, 1);
+    Run(GridCommand::CopyRow);
+    const std::string copied = Copied();
+    EXPECT_EQ(copied.size(), 5 + 2 * Half + 1);
+    EXPECT_EQ(copied.substr(Half + 3, 5), "aa bb");
+}
+
+} // namespace
+} // namespace korvel
