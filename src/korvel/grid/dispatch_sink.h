@@ -1,18 +1,19 @@
 #pragma once
 
 #include "korvel/values/observer_grid.h"
+#include "korvel/window/base/types.h"
 
-namespace korvel {
-class CEditableGrid;
-}
+#include <atomic>
 
 namespace korvel::internal {
 
-/// What a host calls to tell a grid of changes to one object that it shows; leads to the grid's operations
-/// of the same names. Lives as long as the grid shows the object.
+/// What a host calls to tell a grid of changes to one object that it shows; each call goes as a record
+/// (grid/sink_records.h) to the grid's window, which runs the operation of the same name. Any thread.
 class IOpenGLDispatchSinkImp : public IObserverGridSink {
 public:
-    IOpenGLDispatchSinkImp(IMemberDispatch* disp, CEditableGrid* grid) : m_disp(disp), m_grid(grid) {}
+    /// `disp`: null for whatever object the grid is bound to. `window`: the grid's; must outlive the sink.
+    IOpenGLDispatchSinkImp(IMemberDispatch* disp, const std::atomic<HWND>& window)
+        : m_disp(disp), m_window(window) {}
 
     void OnChangeIdent(const std::string& name, const std::string& newName) override;
     void OnChange(const std::string& name, const CVariantValue& value) override;
@@ -27,10 +28,12 @@ public:
     void OnOperationChangeTupelPresentation(const std::string& name) override;
 
 private:
-    IMemberDispatch* Object() const;
+    /// The sink may be gone when it returns.
+    template <class Record, class... Fields>
+    void Send(const Fields&... fields) const;
 
-    IMemberDispatch* m_disp; // null: whatever object the grid is bound to
-    CEditableGrid* m_grid;
+    IMemberDispatch* const m_disp;
+    const std::atomic<HWND>& m_window;
 };
 
 } // namespace korvel::internal

@@ -4,8 +4,10 @@
 #include "korvel/grid/chosen_member.h"
 #include "korvel/grid/editable_grid_binding.h"
 #include "korvel/grid/history_step.h"
+#include "korvel/grid/sink_receiver.h"
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
+#include "korvel/window/core/registered_messages.h"
 #include "korvel/window/core/thread_queue.h"
 #include "korvel/window/list/list_mouse.h"
 
@@ -37,7 +39,14 @@ CEditableGrid::~CEditableGrid() {
     GuardedUntilRun([this] { Clear(); }); // a grid without a window may show an object as well
 }
 
+void CEditableGrid::PreSubclassWindow() {
+    m_binding->window = m_hWnd;
+    MemberCommandGrid::PreSubclassWindow();
+}
+
 LRESULT CEditableGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_OPENGLSINK_NOTIFICATION)
+        return ReceiveSinkRecord(*this, lParam);
     if (message != WM_DESTROY)
         return MemberCommandGrid::WindowProc(message, wParam, lParam);
     FirstFailure failure;
@@ -166,8 +175,6 @@ void CEditableGrid::OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParen
     failure.Try([&] { OnEditedRowsGone(); });
     failure.Rethrow();
 }
-
-void CEditableGrid::OnChangeIdent(const std::string&, const std::string&) {}
 
 void CEditableGrid::OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value) {
     const ModuleStateGuard guard;
@@ -305,10 +312,6 @@ BOOL CEditableGrid::OnRowDeleting(CTreeItem*, int) {
 
 std::unique_ptr<CImageList> CEditableGrid::CreateRowDragImage(int) {
     return nullptr;
-}
-
-BOOL CEditableGrid::OnVkReturn() {
-    return 1;
 }
 
 } // namespace korvel

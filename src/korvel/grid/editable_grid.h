@@ -113,7 +113,7 @@ public:
 
     // Where the sinks lead; see IObserverGridSink. Members and objects that are not shown are ignored.
     /// Does nothing: an object's own name is not shown.
-    void OnChangeIdent(const std::string& name, const std::string& newName);
+    void OnChangeIdent(const std::string&, const std::string&) {}
     void OnChange(IMemberDispatch* disp, const std::string& name, const CVariantValue& value);
     void OnChangeEditFlag(IMemberDispatch* disp, const std::string& name, const bool& editable);
     /// The first half of OnOperationChangeType: editor and format service. `oldType` is kept for callers.
@@ -156,8 +156,9 @@ public:
     /// shows.
     BOOL OnRowDeleting(CTreeItem* node, int row) override;
     std::unique_ptr<CImageList> CreateRowDragImage(int row) override;
-    BOOL OnVkReturn() override;
+    BOOL OnVkReturn() override { return 1; }
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void PreSubclassWindow() override;
 
 protected:
     void OnNodeUnlinked(CTreeItem& node, const CTreeItem* formerParent) override;

@@ -55,7 +55,7 @@ int CEditableGrid::Binding::ChooseImage(int image, const std::string& name, IMem
 }
 
 std::unique_ptr<IObserverGridSink> CEditableGrid::Binding::MakeSink(IMemberDispatch* disp) {
-    return std::make_unique<IOpenGLDispatchSinkImp>(disp, &m_grid);
+    return std::make_unique<IOpenGLDispatchSinkImp>(disp, window);
 }
 
 } // namespace korvel

@@ -7,6 +7,8 @@
 #include "korvel/grid/edited_members.h"
 #include "korvel/grid/write_frame.h"
 
+#include <atomic>
+
 namespace korvel {
 
 /// The rows of the grid's objects with the grid as their tree, and what acts in them.
@@ -52,7 +54,8 @@ private:
     CEditableGrid& m_grid;
 
 public:
-    internal::AttributeRows rows; // asks for a sink when it is made
+    std::atomic<HWND> window = nullptr; // where the sinks send, from any thread
+    internal::AttributeRows rows;       // asks for a sink when it is made
     internal::AttributeColumns columns;
     internal::WriteFrame frame;
     internal::ClipboardCopies copies;

@@ -13,11 +13,16 @@ namespace korvel {
 ///     axis.SetMember("length", longer);     // the host changes its object first,
 ///     sink->OnChange("length", longer);     // then it says so: the cell shows the new length
 ///
-/// To be called on the thread of the grid's window alone; nothing is carried over from other threads. Each
-/// call returns after the grid has followed, and may call objects and observer. A sink is valid from its
-/// AddSink until RemoveSink for it returns, also within RemoveSink. What it says of members and objects that
-/// are not shown is ignored. Exceptions of SetMember and of the observer, and std::bad_alloc,
-/// leave its operations; the others show as an empty value.
+/// Any thread may call it. The thread of the grid's window runs the operation: at once when it is the caller,
+/// else when it next retrieves messages, and each call returns after the grid has followed. So the calls of
+/// one thread keep their order, and another thread must not hold a lock that the windows' thread may wait for
+/// (docs/threads.md). The operation may call objects and observer.
+///
+/// A sink is valid from its AddSink until RemoveSink for it returns, also within RemoveSink; that of the root
+/// lives as long as the grid. What it says of members and objects that are not shown, and to a grid without a
+/// window, is ignored. Exceptions of SetMember and of the observer, and std::bad_alloc, leave the operations
+/// to a caller on the windows' thread; those for another thread go to the exception handler, and the caller
+/// goes on. What else throws shows as an empty value.
 class KORVEL_API IObserverGridSink {
 public:
     virtual void Reserved0() {}
