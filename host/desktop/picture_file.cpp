@@ -45,7 +45,7 @@ QString SavePicture(QImage image, const QString& name) {
               {quoted, formats.join(", ").toStdString()}});
     if (const QFileInfo there(name); there.exists() && !there.isFile())
         Fail({"the picture %1 cannot be written", {quoted}});
-    const QString free = FreeName(name);
+    QString free = FreeName(name);
     image.setText(MakerKey, Maker);
     if (!image.save(free, format))
         Fail({"the picture %1 cannot be written", {quoted}});

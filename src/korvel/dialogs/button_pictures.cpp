@@ -19,7 +19,7 @@ constexpr int Scale = 2; // pixels along a step of the grid
 constexpr int Side = 16 * Scale;
 constexpr int Samples = 4; // along a pixel: its share of the shape is its opacity
 
-using Pixels = std::array<std::uint32_t, Side * Side>;
+using Pixels = std::array<std::uint32_t, std::size_t{Side} * Side>;
 
 constexpr std::uint32_t Green = 0x2E9E4F;
 constexpr std::uint32_t Red = 0xD9493B;
@@ -50,9 +50,9 @@ template <std::size_t Count>
 constexpr std::uint32_t OpacityAt(const Corner (&shape)[Count], int column, int row) {
     constexpr double Step = 1.0 / (Scale * Samples);
     std::uint32_t hits = 0;
-    for (int i = 0; i < Samples * Samples; ++i)
-        hits += IsInside(shape, (column * Samples + i % Samples + 0.5) * Step,
-                         (row * Samples + i / Samples + 0.5) * Step);
+    for (int y = 0; y < Samples; ++y)
+        for (int x = 0; x < Samples; ++x)
+            hits += IsInside(shape, (column * Samples + x + 0.5) * Step, (row * Samples + y + 0.5) * Step);
     return hits * 0xFF / (Samples * Samples);
 }
 
