@@ -1,7 +1,7 @@
 #include "korvel/dialogs/dialog_layouts.h"
 #include "korvel/editors/alpha_dialog_layout.h"
 #include "korvel/platform/code_page.h"
-#include "korvel/window/dialog/access_keys.h"
+#include "korvel/window/base/access_mark.h"
 
 #include <gtest/gtest.h>
 #include <set>

@@ -1,5 +1,5 @@
+#include "korvel/window/base/access_mark.h"
 #include "korvel/window/controls/tab_ctrl.h"
-#include "korvel/window/dialog/access_keys.h"
 #include "korvel/window/dialog/dialog_keyboard.h"
 #include "support/dialog_fixture.h"
 

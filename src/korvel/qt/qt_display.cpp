@@ -177,7 +177,7 @@ int QtDisplay::MessageBox(HWND owner, const CString& text, const CString& captio
 unsigned QtDisplay::TrackMenu(HWND owner, CPoint screen, const std::vector<MenuEntry>& entries) {
     QWidget* top = m_parts->TopOf(owner);
     const FocusTracker::Question question(m_parts->context.focus, top);
-    return AskMenu(top, screen, entries);
+    return AskMenu(top, WidgetOf(owner), screen, entries);
 }
 
 std::optional<COLORREF> QtDisplay::ChooseColor(HWND owner, COLORREF color) {

@@ -22,6 +22,7 @@ constexpr UINT IconMask = 0xF0;
 
 // Bytes: a longer text would push the buttons off the screen, and take its time to be laid out.
 constexpr std::size_t LongestMessage = 2000;
+constexpr std::size_t LongestEntry = 200; // of a menu
 
 struct ButtonsRow {
     UINT type;
@@ -70,7 +71,7 @@ void Fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
             menu.addSeparator();
             continue;
         }
-        const QString text = ToQString(entry.text);
+        const QString text = ToQString(platform::Abbreviate(entry.text, LongestEntry));
         QAction* action = entry.popup.empty() ? menu.addAction(text) : menu.addMenu(text)->menuAction();
         if (!entry.popup.empty())
             Fill(*action->menu(), entry.popup);
@@ -159,9 +160,12 @@ int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT
     return AnswerOf(box.IsAlive() ? button : row->escape);
 }
 
-unsigned AskMenu(QWidget* owner, CPoint screen, const std::vector<MenuEntry>& entries) {
+unsigned AskMenu(QWidget* owner, const QWidget* shownFor, CPoint screen,
+                 const std::vector<MenuEntry>& entries) {
     const OwnedBox<QMenu> menu(owner);
     Fill(*menu, entries);
+    if (shownFor)
+        QObject::connect(shownFor, &QObject::destroyed, &*menu, &QMenu::close);
     const QAction* chosen = menu->exec(QPoint(screen.x, screen.y));
     return chosen && menu.IsAlive() ? chosen->data().toUInt() : 0;
 }

@@ -57,8 +57,8 @@ void UseExportedClasses() {
            IMemberCommandSink, IObserverGrid, IObserverGridSink,
            KorvelCommonEntityFunction::IKorvelCommonEntityFunction>();
     UseAll<Error, FileError, UnreadableFile, invalid_operation, platform::SettingValue>();
-    UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CDialog, CMFCButton, CWaitCursor, CDC, CRgn,
-           CImageList, IDisplay>();
+    UseAll<CWnd, CEdit, CButton, CStatic, CHeaderCtrl, CListCtrl, CMenu, CDialog, CMFCButton, CWaitCursor,
+           CDC, CRgn, CImageList, IDisplay>();
     UseAll<CComboBox, CDateTimeCtrl, CProgressCtrl, CRichEditCtrl, CSliderCtrl, CSpinButtonCtrl, CTabCtrl,
            CToolTipCtrl>();
     UseAll<CDialogCodeList, CDialogEditCodeList, CDialogText, CDlgEditAttributs, CSelectFolderDlg>();

@@ -8,5 +8,9 @@ namespace korvel::internal {
 ///
 ///     WithoutMarks("Speichern && &Ende")   // "Speichern & Ende"
 CString WithoutMarks(const CString& text);
+/// The marked letter, its case folded; empty without one.
+///
+///     AccessKeyOf("Speichern && &Ende")   // 'e'
+CString AccessKeyOf(const CString& text);
 
 } // namespace korvel::internal

@@ -1,6 +1,7 @@
 #include "korvel/platform/code_page.h"
 #include "korvel/window/core/cwnd_access.h"
 #include "korvel/window/core/dc.h"
+#include "korvel/window/core/display.h"
 #include "korvel/window/core/input_delivery.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_changes.h"
@@ -12,6 +13,9 @@ namespace korvel {
 using namespace internal;
 
 namespace {
+
+constexpr UINT VK_APPS = 0x5D; // the menu key
+constexpr UINT VK_F10 = 0x79;
 
 LRESULT SetText(WindowRecord& record, LPARAM text) {
     record.text = text ? reinterpret_cast<const char*>(text) : "";
@@ -68,6 +72,14 @@ LRESULT AskForMenu(HWND window, LPARAM clientPoint) {
                         MAKELPARAM(screen.x, screen.y));
 }
 
+// Other displays report WM_CONTEXTMENU themselves.
+LRESULT AskForMenuByKey(HWND window, UINT message, WPARAM key) {
+    const bool isMenuKey = message == WM_KEYUP ? key == VK_APPS : key == VK_F10 && IsKeyDown(VK_SHIFT);
+    if (!isMenuKey || !Display().IsHeadless())
+        return 0;
+    return SendMessageA(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(-1, -1));
+}
+
 LRESULT OfferToControl(const WindowRecord& record, UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     // An object has offered it itself (CWnd::WindowProc): a control that declined is not asked twice.
@@ -105,6 +117,10 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
                 return ChooseCursor(record, wParam, lParam);
             case WM_RBUTTONUP:
                 return AskForMenu(window, lParam);
+            case WM_KEYUP:
+            case WM_KEYDOWN:
+            case WM_SYSKEYDOWN:
+                return AskForMenuByKey(window, message, wParam);
             case WM_CONTEXTMENU:
             case WM_MOUSEWHEEL:
                 return SendMessageA(record.parent, message, wParam, lParam);

@@ -1,6 +1,7 @@
 #include "korvel/window/dialog/access_keys.h"
 
 #include "korvel/platform/code_page.h"
+#include "korvel/window/base/access_mark.h"
 #include "korvel/window/core/dialog_controls.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/dialog/dialog_focus.h"
@@ -45,14 +46,6 @@ void Activate(HWND dialog, HWND control, bool isOnlyOne) {
 }
 
 } // namespace
-
-CString AccessKeyOf(const CString& text) {
-    for (std::size_t at = text.find('&'); at != CString::npos && at + 1 < text.size();
-         at = text.find('&', at + 2))
-        if (text[at + 1] != '&')
-            return platform::FoldCase(text.substr(at + 1, platform::NextCharacter(text, at + 1) - at - 1));
-    return {};
-}
 
 bool PressAccessKey(HWND dialog, const CString& character) {
     std::vector<HWND> controls;

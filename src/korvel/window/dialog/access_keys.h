@@ -5,10 +5,6 @@
 /// The letters that "&" marks in the texts of labels, group boxes and buttons.
 namespace korvel::internal {
 
-/// The marked letter, its case folded; empty without one. "&&" is an ampersand.
-///
-///     AccessKeyOf("Speichern && &Ende")   // 'e'
-CString AccessKeyOf(const CString& text);
 /// Looks, from after the control with the focus and going round, for a visible, enabled control of the dialog
 /// that has this access key, and acts on it: a button is clicked, a check box or radio button gets the focus
 /// and is clicked, a label gives the focus to the next tab stop. When several have the key, they only get the

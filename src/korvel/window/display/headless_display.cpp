@@ -2,6 +2,7 @@
 
 #include "korvel/platform/code_page.h"
 #include "korvel/platform/error.h"
+#include "korvel/window/base/access_mark.h"
 #include "korvel/window/core/client_area.h"
 #include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/input.h"
@@ -66,6 +67,19 @@ Answer TakeAnswer(std::deque<Answer>& answers, const CString& question) {
     Answer answer = std::move(answers.front());
     answers.pop_front();
     return answer;
+}
+
+CString FirstLetter(const CString& text) {
+    return platform::FoldCase(text.substr(0, platform::NextCharacter(text, 0)));
+}
+
+bool IsGrey(const std::vector<MenuEntry>& menu, unsigned command) {
+    return std::ranges::any_of(
+        menu,
+        [=](const MenuEntry& entry) {
+            return entry.popup.empty() ? entry.command == command && !entry.enabled
+                                       : IsGrey(entry.popup, command);
+        });
 }
 
 } // namespace
@@ -211,7 +225,26 @@ int HeadlessDisplay::MessageBox(HWND, const CString& text, const CString& captio
 
 unsigned HeadlessDisplay::TrackMenu(HWND, CPoint, const std::vector<MenuEntry>& entries) {
     m_menus.push_back(entries);
-    return static_cast<unsigned>(TakeAnswer(m_answers, "a menu"));
+    const unsigned chosen = m_menuUsers.empty() ? static_cast<unsigned>(TakeAnswer(m_answers, "a menu"))
+                                                : TakeAnswer(m_menuUsers, "a menu")(entries);
+    return IsGrey(entries, chosen) ? 0 : chosen;
+}
+
+unsigned HeadlessDisplay::PressMenuKeys(const std::vector<MenuEntry>& menu, const CString& keys) {
+    const std::vector<MenuEntry>* level = &menu;
+    for (std::size_t at = 0; at < keys.size(); at = platform::NextCharacter(keys, at)) {
+        const CString key = FirstLetter(keys.substr(at));
+        const auto found = std::ranges::find_if(*level, [&](const MenuEntry& entry) {
+            const CString marked = AccessKeyOf(entry.text);
+            return (marked.empty() ? FirstLetter(entry.text) : marked) == key;
+        });
+        if (found == level->end() || !found->enabled)
+            return 0;
+        if (found->popup.empty())
+            return found->command;
+        level = &found->popup;
+    }
+    return 0;
 }
 
 std::optional<COLORREF> HeadlessDisplay::ChooseColor(HWND, COLORREF) {

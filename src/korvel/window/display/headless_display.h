@@ -46,14 +46,24 @@ public:
         OpenAs as;
     };
 
-    /// The answers to come, in order: of message boxes and menus, of file choosers, of folder choosers, of
-    /// color choosers, of OpenPath; and what the clipboard says to texts, which it takes without one.
+    /// The answers to come, in order: of message boxes and menus (a grey entry cannot be chosen), of file
+    /// choosers, of folder choosers, of color choosers, of OpenPath; and what the clipboard says to texts,
+    /// which it takes without one.
     void AnswerNext(int button);
     void AnswerNextFile(std::optional<CString> path);
     void AnswerNextFolder(FolderAnswer answer);
     void AnswerNextColor(std::optional<COLORREF> color);
     void AnswerNextOpen(int result);
     void AnswerNextClipboard(ClipboardAnswer answer);
+    /// What the user does with the next menu, in place of an answer to come: returns the command. Whatever it
+    /// does happens while the menu is open.
+    using MenuUser = std::function<unsigned(const std::vector<MenuEntry>& menu)>;
+    void AnswerNextMenu(MenuUser user) { m_menuUsers.push_back(std::move(user)); }
+    /// The command that these keys choose, one for each level: by the letter that "&" marks, or by the first
+    /// one where none is. 0 for keys that open no menu or meet a grey entry.
+    ///
+    ///     display.AnswerNextMenu([](const auto& menu) { return PressMenuKeys(menu, "cv"); });   // Copy, Value
+    static unsigned PressMenuKeys(const std::vector<MenuEntry>& menu, const CString& keys);
     /// One more step that a modal loop plays when it is idle.
     void Then(std::function<void()> step);
     /// Moves the clock on and fires each timer at its time; posted messages run in between. After an
@@ -132,6 +142,7 @@ private:
     std::map<HWND, Aspects> m_changes;
     HWND m_focus = nullptr;
     std::deque<int> m_answers;
+    std::deque<MenuUser> m_menuUsers;
     std::deque<std::optional<CString>> m_files;
     std::deque<FolderAnswer> m_folders;
     std::deque<std::optional<COLORREF>> m_colorAnswers;
