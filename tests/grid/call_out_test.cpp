@@ -105,10 +105,27 @@ const std::vector<Act>& UserActs() {
     };
     const auto copyTree = [](Scene& s) { s.grid->OnCopyClipboardRecursive(); };
     const auto copyColumn = [](Scene& s) { s.grid->OnCopyClipboardColumn(); };
+    const auto choose = [](Scene& s) {
+        for (HostObject* object : {&s.root, &s.point}) {
+            object->memberFlags |= MF_Commands;
+            object->memberExtraCommands = object->extraCommands = {{"of the host", 1}};
+            object->SetEditFlags(EF_Commands);
+        }
+        auto& display = dynamic_cast<HeadlessDisplay&>(Display());
+        display.AnswerNextMenu([](const auto& menu) {
+            return HeadlessDisplay::PressMenuKeys(menu, menu[0].text == "Delete" ? "eo" : "o");
+        });
+        const CRect cell = s.grid->GetSubItemRect(s.grid->GetNextItem(-1, LVNI_SELECTED), 0);
+        input::Mouse(s.grid->m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, MiddleOf(cell));
+        input::DispatchMessages();
+    };
     static const std::vector<Act> acts = {
         {"copy a tree", ofPoint(copyTree)},
         {"copy a column", ofX(copyColumn)},
         {"copy a tree of columns", ofPoint(copyTree), true, true},
+        {"choose a command", ofX(choose)},
+        {"choose a command of a group", ofPoint(choose)},
+        {"choose a command in columns", ofPoint(choose), true, true},
         {"rename", ofX(rename)},
         {"rename in vain", ofX(renameInVain)},
         {"rename a group", ofPoint(rename)},

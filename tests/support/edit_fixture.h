@@ -88,6 +88,7 @@ protected:
         other.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP, {0, 300, 100, 320}, &parent, 5);
         grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224},
                     &parent, EditParent::GridId);
+        grid.SetAllowFormats(false); // no menu for a right press
         root.onWrite = [this](const std::string& name, const CVariantValue& value) {
             parent.log += " set " + name + "=" + ForwardingObserver::Shown(value) + " ";
             if (onSet)

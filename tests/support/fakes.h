@@ -92,6 +92,11 @@ public:
         Base::GetMemberNames(names);
     }
     std::uint32_t GetOptions() const override { return Call(), Base::GetOptions(); }
+    std::uint32_t GetEditFlags() const override { // which the group that owns this one asks, too
+        if (onOperation)
+            onOperation("may");
+        return Base::GetEditFlags();
+    }
     bool GetMemberType(const std::string& name, EDataTyps& type) override {
         return Call("type", name) && Base::GetMemberType(name, type);
     }
@@ -139,7 +144,26 @@ public:
             Call();
         return Base::GetIdent();
     }
-    bool OnMemberCommand(const std::string& name, std::uint32_t) override { return Call("command", name); }
+    bool OnMemberCommand(const std::string& name, std::uint32_t id) override {
+        return Call("command", id == 0 ? name : name + " " + std::to_string(id));
+    }
+    bool OnCommand(std::uint32_t id) override { return Call("run", std::to_string(id)); }
+    void GetMemberCommands(const std::string& name, std::list<SCommand>& list) override {
+        Call("commands of", name);
+        list.insert(list.end(), memberCommands.begin(), memberCommands.end());
+    }
+    void GetMemberExtraCommands(const std::string& name, std::list<SCommand>& list) override {
+        Call("extras of", name);
+        list.insert(list.end(), memberExtraCommands.begin(), memberExtraCommands.end());
+    }
+    void GetCommands(std::list<SCommand>& list) override {
+        Call("commands", "");
+        list.insert(list.end(), commands.begin(), commands.end());
+    }
+    void GetExtraCommands(std::list<SCommand>& list) override {
+        Call("extras", "");
+        list.insert(list.end(), extraCommands.begin(), extraCommands.end());
+    }
     bool OnAddMember() override { return Call("adding?", ""), doesItself; }
     bool OnRenameMember(const char* name, const char* newName) override {
         return Call("renaming?", std::string(name) + ">" + newName), doesItself;
@@ -147,6 +171,7 @@ public:
     bool OnRemoveMember(const char* name) override { return Call("removing?", name), doesItself; }
 
     std::uint32_t memberFlags = 0;
+    std::list<SCommand> memberCommands, memberExtraCommands, commands, extraCommands;
     std::string labelEnd;     // after each name in a label
     bool countsIdent = false; // as a call
     bool doesItself = false;

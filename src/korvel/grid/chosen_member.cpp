@@ -23,10 +23,7 @@ ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& row
 ChosenMember SelectedValue(const CSuperGridCtrl& grid, const AttributeRows& rows) {
     if (!rows.layout.RowsAreObjects())
         return SelectedMember(grid, rows);
-    std::string name = rows.layout.NameOf(ColumnUnderPointer(grid));
-    if (name.empty())
-        name = rows.layout.NameOf(grid.GetCurrentColumn());
-    return {rows.ObjectOf(grid.GetSelectedNode()), name};
+    return {rows.ObjectOf(grid.GetSelectedNode()), rows.layout.NameOf(grid.GetCurrentColumn())};
 }
 
 ChosenMember LabelOf(const grid::CTreeItem* row, const AttributeRows& rows) {

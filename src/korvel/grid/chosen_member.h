@@ -18,8 +18,8 @@ struct ChosenMember {
 
 /// The selected row as a member of the object above it, in both layouts.
 ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& rows);
-/// The member whose value the selected row shows; where a row is an object, that of the column under the
-/// pointer, else of the focused one.
+/// The member whose value the selected row shows; where a row is an object, that of the focused column, which
+/// the click that opens the context menu focuses.
 ChosenMember SelectedValue(const CSuperGridCtrl& grid, const AttributeRows& rows);
 /// What the label of a row names; where a row is an object, that one by its own name. None for null.
 ChosenMember LabelOf(const grid::CTreeItem* row, const AttributeRows& rows);

@@ -2,8 +2,8 @@
 
 namespace korvel {
 
-/// What an attribute grid does for its selected row when a menu of the host sends it WM_COMMAND with the
-/// number and without a control.
+/// What an attribute grid does for its selected row when its context menu or a menu of the host sends it
+/// WM_COMMAND with the number and without a control.
 ///
 ///     grid.SendMessageA(WM_COMMAND, static_cast<WPARAM>(GridCommand::RemoveMember));
 ///
@@ -18,7 +18,10 @@ enum class GridCommand : unsigned {
     ChangeToLong = 15014,
     ChangeToAngleDouble = 15015,
     ChangeToAngleFloat = 15016,
+    ConfigureFormats = 15017,
     ChangeToUInt = 15020,
+    FirstObjectCommand = 15021, ///< to the last one: what objects have put into the context menu
+    LastObjectCommand = 15040,
     AddMember = 15041,
     RemoveMember = 15042,
     RenameMember = 15043,

@@ -1,6 +1,7 @@
 #include "korvel/grid/member_command_grid.h"
 
 #include "korvel/grid/edited_members.h"
+#include "korvel/grid/grid_context_menu.h"
 #include "korvel/grid/member_label_edit.h"
 #include "korvel/grid/member_operations.h"
 #include "korvel/grid/path_opening.h"
@@ -9,6 +10,7 @@
 #include "korvel/platform/first_failure.h"
 #include "korvel/window/app/app.h"
 #include "korvel/window/core/focus.h"
+#include "korvel/window/list/list_mouse.h"
 
 #include <algorithm>
 #include <iterator>
@@ -17,16 +19,26 @@ namespace korvel {
 
 using namespace internal;
 
+namespace {
+
+// Whether WM_CONTEXTMENU is meant for the grid, and not for a control in it.
+bool IsOwnOrNone(WPARAM asked, HWND window) {
+    return asked == 0 || reinterpret_cast<HWND>(asked) == window;
+}
+
+} // namespace
+
 struct MemberCommandGrid::Parts {
     Parts(MemberCommandGrid& grid, AttributeRows& rows, EditedMembers& ofGrid, WriteFrame& ofWrites,
           IObserverGrid* observer)
         : members(ofGrid), frame(ofWrites), operations(grid, rows, frame, observer),
-          labelEdit(grid, rows, frame, observer) {}
+          labelEdit(grid, rows, frame, observer), menu(grid, rows, frame) {}
 
     EditedMembers& members;
     WriteFrame& frame;
     MemberOperations operations;
     MemberLabelEdit labelEdit;
+    GridContextMenu menu;
 };
 
 MemberCommandGrid::MemberCommandGrid(IObserverGrid* observer, IEnumContainer* enumerations)
@@ -37,6 +49,47 @@ MemberCommandGrid::~MemberCommandGrid() = default;
 void MemberCommandGrid::SetUpCommands(AttributeRows& rows, EditedMembers& members, WriteFrame& frame,
                                       IObserverGrid* observer) {
     m_parts = std::make_unique<Parts>(*this, rows, members, frame, observer);
+}
+
+LRESULT MemberCommandGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = m_hWnd;
+    if (message == WM_CONTEXTMENU && lParam == MAKELPARAM(-1, -1) && IsOwnOrNone(wParam, window)) {
+        if (m_parts->menu.OpenAtSelection(Permissions()))
+            return 0;
+    } else if (message == WM_RBUTTONUP && m_parts->menu.TakeRelease()) {
+        return 0;
+    }
+    const LRESULT result = ExchangeGrid::WindowProc(message, wParam, lParam);
+    if (message == WM_RBUTTONDOWN && WasPressRefused(window))
+        m_parts->menu.SkipPress();
+    else if (message == WM_RBUTTONDOWN && m_hWnd == window)
+        OnRButtonDown(static_cast<UINT>(wParam), PointOf(lParam));
+    return result;
+}
+
+void MemberCommandGrid::OnRButtonDown_Version_1(UINT, CPoint point) {
+    const ModuleStateGuard guard;
+    m_parts->menu.OpenAt(point, Permissions());
+}
+
+void MemberCommandGrid::OnContextCommands_Version_1(UINT id) {
+    const ModuleStateGuard guard;
+    m_parts->menu.RunObjectCommand(id);
+}
+
+void MemberCommandGrid::OnFormats() {
+    const ModuleStateGuard guard;
+    if (EndEdit())
+        m_parts->frame.RunOutside([&] {
+            korvel::SendMessageA(korvel::GetParent(m_hWnd), WM_COMMAND,
+                                 static_cast<WPARAM>(GridCommand::ConfigureFormats),
+                                 reinterpret_cast<LPARAM>(m_hWnd));
+        });
+}
+
+MenuPermissions MemberCommandGrid::Permissions() const {
+    return {m_AllowEdit, m_AllowRemove,        m_AllowRename, m_AllowChangeType,
+            m_AllowAdd,  m_AllowCopyClipboard, m_AllowFormats};
 }
 
 bool MemberCommandGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {
@@ -50,6 +103,8 @@ bool MemberCommandGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam
 
 bool MemberCommandGrid::OnCommand(WPARAM wParam, LPARAM lParam) {
     const ModuleStateGuard guard;
+    if (lParam == 0 && !m_parts->menu.SelectFor(LOWORD(wParam)))
+        return true;
     return (lParam == 0 && RunCommand(static_cast<GridCommand>(LOWORD(wParam)))) ||
            ExchangeGrid::OnCommand(wParam, lParam);
 }
@@ -57,6 +112,8 @@ bool MemberCommandGrid::OnCommand(WPARAM wParam, LPARAM lParam) {
 bool MemberCommandGrid::RunCommand(GridCommand command) {
     if (const auto type = TypeOfCommand(command))
         return OnChangeType(*type), true;
+    if (command >= GridCommand::FirstObjectCommand && command <= GridCommand::LastObjectCommand)
+        return OnContextCommands(static_cast<UINT>(command)), true;
     const struct {
         GridCommand command;
         void (MemberCommandGrid::*run)();
@@ -68,6 +125,7 @@ bool MemberCommandGrid::RunCommand(GridCommand command) {
                     {GridCommand::CopyTree, &MemberCommandGrid::OnCopyClipboardRecursive},
                     {GridCommand::CopyValue, &MemberCommandGrid::OnCopyClipboardValue},
                     {GridCommand::CopyColumn, &MemberCommandGrid::OnCopyClipboardColumn},
+                    {GridCommand::ConfigureFormats, &MemberCommandGrid::OnFormats},
                     {GridCommand::OpenFile, &MemberCommandGrid::OnOpenFile},
                     {GridCommand::OpenFolder, &MemberCommandGrid::OnOpenFolder}};
     const auto* found = std::find_if(std::begin(commands), std::end(commands),

@@ -12,7 +12,8 @@ class IEnumContainer;
 
 namespace internal {
 class AttributeRows;
-}
+struct MenuPermissions;
+} // namespace internal
 
 /// The commands for members in a CEditableGrid, from which grids derive: what the user may do to the selected
 /// row, and what is done then.
@@ -37,7 +38,7 @@ public:
     void OnRenameAttribut_V1();
     /// Asks for MF_WriteProtect; no undoable step.
     void OnChangeEditableAttribut_V1();
-    /// An undoable step. In the multi-column layout of the cell under the pointer, else of the focused one.
+    /// An undoable step. In the multi-column layout of the cell in the focused column.
     void OnChangeType(EDataTyps target);
     void OnChange2IntType() { OnChangeType(DT_Int); }
     void OnChange2UnsignedIntType() { OnChangeType(DT_UInt); }
@@ -58,23 +59,44 @@ public:
     virtual bool OpenFile(CString path);
     virtual bool OpenFolder(CString path);
 
+    // The context menu: a right press selects the row under the pointer, beside the rows none, and opens a
+    // menu of what the flags of its member and object, and the permissions below, allow: opening, copying,
+    // removing, renaming, protecting, retyping, commands of the member (the further ones in a popup), "New",
+    // commands of the object, "Formats". The menu key and Shift+F10 open it at the selected row. An edit ends
+    // first; refused, no menu opens. With nothing to offer the parent gets WM_CONTEXTMENU, as from any list.
+    //
+    // The choice comes back as WM_COMMAND with a GridCommand, and runs for the row and column that were
+    // clicked, if they are still there.
+    /// A right press at a point of the client area.
+    virtual void OnRButtonDown(UINT flags, CPoint point) { OnRButtonDown_Version_1(flags, point); }
+    void OnRButtonDown_Version_1(UINT flags, CPoint point);
+    /// Runs a command that an object has put into the menu, for the selected row, by its number there: the
+    /// lists are read again and counted alike. Kept: where they are others by now, another command runs.
+    virtual void OnContextCommands(UINT id) { OnContextCommands_Version_1(id); }
+    void OnContextCommands_Version_1(UINT id);
+    /// "Formats": there is no dialog for them in this library. Passes the command on to the parent, as
+    /// WM_COMMAND with the number and the grid in lParam; hosts without one forbid it by SetAllowFormats.
+    virtual void OnFormats();
+
     /// The enumerations that a new attribute may be a value of; must outlive the grid.
     void SetEnumImp(IEnumContainer* enumerations) { m_pEnumContainer = enumerations; }
     /// False: a press in a cell begins no edit.
     void SetAllowEdit(bool allow) { m_AllowEdit = allow; }
-    // What the user may do: removing, and with SetAllowEdit write protection, are refused where they are not
-    // allowed. The others are for the context menu.
+    // What the user may do. Removing, and with SetAllowEdit write protection, are refused where they are not
+    // allowed; what else is not allowed is only left out of the context menu. Copying is not, at first.
     void SetAllowRemove(bool allow) { m_AllowRemove = allow; }
-    void SetAllowRename(bool allow) { m_AllowRename = allow; }               ///< No effect yet.
-    void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }       ///< No effect yet.
-    void SetAllowAdd(bool allow) { m_AllowAdd = allow; }                     ///< No effect yet.
-    void SetAllowFormats(bool allow) { m_AllowFormats = allow; }             ///< No effect yet.
-    void SetAllowCopyClipboard(bool allow) { m_AllowCopyClipboard = allow; } ///< No effect yet.
+    void SetAllowRename(bool allow) { m_AllowRename = allow; }
+    void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }
+    void SetAllowAdd(bool allow) { m_AllowAdd = allow; }
+    void SetAllowFormats(bool allow) { m_AllowFormats = allow; }
+    void SetAllowCopyClipboard(bool allow) { m_AllowCopyClipboard = allow; }
     /// False: a new attribute cannot be write protected from the start.
     void SetAllowWriteProtect(bool allow) { m_AllowWriteProtect = allow; }
     /// The types that a new attribute may have, as a mask.
     void SetEnableUserAttributsTyps(std::uint32_t types) { m_EnableUserAttributsTyps = types; }
     std::uint32_t GetEnableUserAttributsTyps() const { return m_EnableUserAttributsTyps; }
+
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 protected:
     /// `observer` may be null; must outlive the grid.
@@ -111,6 +133,7 @@ private:
     struct Parts;
 
     bool RunCommand(GridCommand command);
+    internal::MenuPermissions Permissions() const;
 
     std::unique_ptr<Parts> m_parts;
 };

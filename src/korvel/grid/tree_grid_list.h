@@ -9,6 +9,7 @@ namespace korvel {
 
 namespace internal {
 class CellKeyboard;
+class GridContextMenu;
 class GridRowList;
 class RowDrag;
 class RowKeys;
@@ -96,6 +97,7 @@ protected:
 
 private:
     friend class internal::CellKeyboard;
+    friend class internal::GridContextMenu;
     friend class internal::GridRowList;
     friend class internal::RowDrag;
     friend class internal::RowKeys;

@@ -35,6 +35,10 @@ std::optional<EDataTyps> TypeOfCommand(GridCommand command) {
     return found == std::end(Commands) ? std::nullopt : std::optional(found->type);
 }
 
+GridCommand CommandOfType(EDataTyps target) {
+    return std::ranges::find(Commands, target, &TypeCommand::type)->command;
+}
+
 std::vector<EDataTyps> ConversionsOf(EDataTyps source) {
     const bool isSource = std::any_of(std::begin(Commands), std::end(Commands), [=](const TypeCommand& row) {
         return row.type == source && row.role == Role::SourceAndTarget;
