@@ -6,6 +6,7 @@
 
 #include <QColorDialog>
 #include <QDir>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
@@ -132,6 +133,24 @@ private:
     QPointer<Box> m_box;
 };
 
+// Closes a menu when a widget (may be null) disappears. One that is about to be deleted is hidden first.
+class CloserWithWidget : public QObject {
+public:
+    CloserWithWidget(QMenu& menu, QWidget* widget) : m_menu(&menu) {
+        if (widget)
+            widget->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Hide && m_menu)
+            m_menu->close();
+        return false;
+    }
+
+private:
+    QPointer<QMenu> m_menu;
+};
+
 std::optional<QString> AskPath(const OwnedBox<QFileDialog>& dialog) {
     if (dialog->exec() != QDialog::Accepted || !dialog.IsAlive() || dialog->selectedFiles().isEmpty())
         return std::nullopt;
@@ -160,12 +179,10 @@ int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT
     return AnswerOf(box.IsAlive() ? button : row->escape);
 }
 
-unsigned AskMenu(QWidget* owner, const QWidget* shownFor, CPoint screen,
-                 const std::vector<MenuEntry>& entries) {
+unsigned AskMenu(QWidget* owner, QWidget* shownFor, CPoint screen, const std::vector<MenuEntry>& entries) {
     const OwnedBox<QMenu> menu(owner);
     Fill(*menu, entries);
-    if (shownFor)
-        QObject::connect(shownFor, &QObject::destroyed, &*menu, &QMenu::close);
+    const CloserWithWidget closer(*menu, shownFor);
     const QAction* chosen = menu->exec(QPoint(screen.x, screen.y));
     return chosen && menu.IsAlive() ? chosen->data().toUInt() : 0;
 }

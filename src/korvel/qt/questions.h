@@ -10,9 +10,8 @@ namespace korvel::internal {
 
 /// The ID* of the button; that of Escape when the box is closed without one.
 int AskMessage(QWidget* owner, const CString& text, const CString& caption, UINT type);
-/// The menu closes without a choice when the widget that it is for (may be null) is deleted.
-unsigned AskMenu(QWidget* owner, const QWidget* shownFor, CPoint screen,
-                 const std::vector<MenuEntry>& entries);
+/// The menu closes without a choice when the widget that it is for (may be null) disappears.
+unsigned AskMenu(QWidget* owner, QWidget* shownFor, CPoint screen, const std::vector<MenuEntry>& entries);
 std::optional<COLORREF> AskColor(QWidget* owner, COLORREF color);
 std::optional<CString> AskFile(QWidget* owner, const FileQuery& query);
 FolderAnswer AskFolder(QWidget* owner, const FolderQuery& query);
