@@ -1,5 +1,6 @@
 #include "support/dialog_fixture.h"
 
+#include <atomic>
 #include <thread>
 
 namespace korvel {
@@ -169,6 +170,16 @@ TEST_F(ModalTest, AWorkerShowsItOnTheDisplaysThread) {
     display.PumpUntil([&] { return !dialog.commands.empty(); });
     worker.join();
     EXPECT_EQ(result, IDCANCEL);
+
+    RecordedDialog modeless;
+    std::atomic<bool> isMade = false;
+    std::thread maker([&] {
+        modeless.Create(300u, &frame);
+        isMade = true;
+    });
+    display.PumpUntil([&] { return isMade.load(); });
+    maker.join();
+    EXPECT_EQ(modeless.GetDefID(), static_cast<UINT>(IDOK));
 }
 
 } // namespace

@@ -65,10 +65,8 @@ bool Complete(const DialogTemplate& dialog, HWND window, bool takesFocus) {
     }
 }
 
-} // namespace
-
-HWND CreateDialogWindow(const DialogTemplate& dialog, HWND parent, DialogMode mode,
-                        const std::function<void(WindowRecord&)>& attach) {
+HWND CreateHere(const DialogTemplate& dialog, HWND parent, DialogMode mode,
+                const std::function<void(WindowRecord&)>& attach) {
     const bool isModal = mode == DialogMode::Modal;
     const UINT style = isModal ? (dialog.style & ~WS_CHILD) | WS_POPUP : dialog.style;
     const bool isPage = (style & WS_CHILD) != 0;
@@ -83,6 +81,15 @@ HWND CreateDialogWindow(const DialogTemplate& dialog, HWND parent, DialogMode mo
     if (isShown)
         ShowWindow(window, SW_SHOW);
     return IsWindow(window) ? window : nullptr;
+}
+
+} // namespace
+
+HWND CreateDialogWindow(const DialogTemplate& dialog, HWND parent, DialogMode mode,
+                        const std::function<void(WindowRecord&)>& attach) {
+    // The default button and the first focus are the business of the thread that gets the window.
+    const auto create = [&] { return CreateHere(dialog, parent, mode, attach); };
+    return parent ? OnOwner(parent, [&](WindowRecord&) { return create(); }) : create();
 }
 
 } // namespace korvel::internal
