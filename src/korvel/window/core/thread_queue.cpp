@@ -41,8 +41,8 @@ void ThreadQueue::Send(HWND window, const Action& action) {
         if (m_closed || (window && !IsWindow(window)))
             return;
         m_calls.push_back({window, &action, own, &done});
-        m_arrived.notify_all();
     }
+    m_arrived.notify_one();
     Wake();
     std::unique_lock lock(own->m_mutex);
     for (;;) {
@@ -126,9 +126,11 @@ void ThreadQueue::RunOne(const Call& call) {
 }
 
 void ThreadQueue::Release(const Call& call) {
-    const std::lock_guard lock(call.sender->m_mutex);
-    *call.done = true;
-    call.sender->m_arrived.notify_all();
+    {
+        const std::lock_guard lock(call.sender->m_mutex);
+        *call.done = true;
+    }
+    call.sender->m_arrived.notify_one(); // after the lock, on which who is woken would wait
 }
 
 void ThreadQueue::SetWaker(Action wake) {
