@@ -16,7 +16,7 @@ HWND HandleOf(std::size_t slot, std::uint32_t generation) {
 
 } // namespace
 
-static_assert(sizeof(HWND) == 8, "a handle holds two 32-bit numbers");
+static_assert(sizeof(std::uintptr_t) == 8, "a handle holds two 32-bit numbers");
 
 WindowTable& WindowTable::Instance() {
     static auto& table = *new WindowTable; // objects of static lifetime may outlive every other static

@@ -109,7 +109,6 @@ LRESULT HeaderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
         PaintHeader(header, *reinterpret_cast<CDC*>(wParam));
         return 0;
     case WM_ERASEBKGND:
-        return 1;
     case WM_SETCURSOR: // the move that follows sets it
         return 1;
     case WM_LBUTTONDOWN:

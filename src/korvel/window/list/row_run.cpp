@@ -20,7 +20,7 @@ void RowRun::MoveHole(int row) {
 void RowRun::Insert(int row, int count) {
     if (count > m_holeSize) {
         MoveHole(m_size);
-        m_rows.resize(static_cast<std::size_t>(m_size + count));
+        m_rows.resize(static_cast<std::size_t>(m_size) + static_cast<std::size_t>(count));
         m_rows.resize(m_rows.capacity()); // the hole takes what is allocated anyway
         m_holeSize = static_cast<int>(m_rows.size()) - m_size;
     }
