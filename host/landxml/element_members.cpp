@@ -241,13 +241,18 @@ ValueType ElementMembers::TypeOf(ElementIndex owner, const Member& member) const
 }
 
 XmlCharacters ElementMembers::CharactersOf(ElementIndex owner, const Member& member) const {
+    return CharactersOf(owner, member, m_options.longestValue);
+}
+
+XmlCharacters ElementMembers::CharactersOf(ElementIndex owner, const Member& member,
+                                           std::size_t longest) const {
     if (member.kind == MemberKind::Attribute)
-        return DecodeXmlAttribute(m_tree.AttributeAt(owner, member.place).value, m_options.longestValue);
+        return DecodeXmlAttribute(m_tree.AttributeAt(owner, member.place).value, longest);
     const bool isChild = member.kind == MemberKind::TextElement;
     const TextSource source = isChild                               ? m_tree.Text(member.place)
                               : member.kind == MemberKind::TextPart ? m_tree.Text(owner)
                                                                     : m_tree.Text(owner, member.place);
-    XmlCharacters text = source.Decode(m_options.longestValue);
+    XmlCharacters text = source.Decode(longest);
     if (member.kind == MemberKind::TextPart && TextTypeOf(owner).parts.size() > 1)
         text.utf8 = std::string(SplitAtBlanks(text.utf8)[member.place]);
     else

@@ -69,6 +69,8 @@ public:
     ValueType TypeOf(ElementIndex owner, const Member& member) const;
     ValueType TypeOfAttribute(ElementIndex owner, std::string_view name) const;
     XmlCharacters CharactersOf(ElementIndex owner, const Member& member) const;
+    /// The same, with at most so many bytes.
+    XmlCharacters CharactersOf(ElementIndex owner, const Member& member, std::size_t longest) const;
     ValuePlace PlaceOf(ElementIndex owner, const ValueType& type) const;
     TypedValue ValueOf(ElementIndex owner, const Member& member) const;
     TypedValue AttributeValue(ElementIndex owner, const XmlAttribute& attribute) const;

@@ -283,4 +283,36 @@ std::string ElementTree::EditedSource() const {
     return text;
 }
 
+// After its last start tag only end tags of elements in it and its own come.
+std::size_t ElementTree::EndOf(ElementIndex element) const {
+    const ElementIndex last = SubtreeEnd(element) - 1;
+    const TagPlace tag = SourceTagOf(last);
+    std::size_t position = tag.begin + tag.Size();
+    std::size_t open = m_source[position - 2] == '/' ? 0 : 1; // of these elements the end is to come
+    for (ElementIndex around = last; around != element; around = Parent(around))
+        ++open;
+    for (; open > 0; --open)
+        position = m_source.find('>', EndOfCharacters(m_source, position)) + 1;
+    return position;
+}
+
+std::string ElementTree::EditedText(ElementIndex element) const {
+    const std::size_t begin = OffsetOf(element);
+    const std::size_t end = EndOf(element);
+    std::string text;
+    for (const Piece& piece : Pieces()) {
+        if (piece.isEdited) {
+            // One that begins where the element does belongs to what is before: a tag's first byte stays.
+            if (piece.begin > begin && piece.begin < end)
+                text += piece.text;
+            continue;
+        }
+        const std::size_t from = std::max(piece.begin, begin);
+        const std::size_t to = std::min(piece.end, end);
+        if (from < to)
+            text += piece.text.substr(from - piece.begin, to - from);
+    }
+    return text;
+}
+
 } // namespace korvel::inspector

@@ -104,6 +104,8 @@ public:
     /// The whole document, in order. Of an edited tag or text only what differs is an edited piece.
     std::vector<Piece> Pieces() const;
     std::string EditedSource() const;
+    /// An element of it, from its '<' to the '>' of its end.
+    std::string EditedText(ElementIndex element) const;
 
     /// The address that a prefix (empty: none) stands for in an element; empty when it stands for nothing.
     std::string_view NamespaceOf(ElementIndex element, std::string_view prefix) const;
@@ -149,6 +151,7 @@ private:
     TagPlace SourceTagOf(ElementIndex element) const { return {m_source, m_elements[element].start}; }
     TextSource OnlyText(ElementIndex element) const;
     std::size_t SizeOfOnlyText(std::size_t offset) const;
+    std::size_t EndOf(ElementIndex element) const; // in the source, after its end tag
     TextSource AsEdited(std::size_t begin, std::size_t end) const;
     std::deque<MixedText>::const_iterator FindMixedText(ElementIndex element, std::size_t offset) const;
     void IndexNamespaces();

@@ -19,6 +19,7 @@ struct ProgramTexts {
     ProgramText fileMenu = {"&File", "&Datei"};
     ProgramText open = {"&Open…", "Ö&ffnen…"};
     ProgramText recentFiles = {"Open &Recent", "&Zuletzt geöffnet"};
+    ProgramText reload = {"Re&load", "&Neu laden"};
     ProgramText save = {"&Save", "&Speichern"};
     ProgramText saveAs = {"Save &As…", "Speichern &unter…"};
     ProgramText close = {"&Close", "S&chließen"};
@@ -66,6 +67,20 @@ struct ProgramTexts {
         "„%1“ ist von einem anderen Programm geändert worden. Beim Speichern geht "
         "das verloren."}; // %1: the same
     ProgramText overwrite = {"&Overwrite", "Ü&berschreiben"};
+    ProgramText changedAndUnsaved = {
+        "“%1” has been changed by another program. Reloading it loses the changes that are not saved.",
+        "„%1“ ist von einem anderen Programm geändert worden. Beim Neuladen gehen die Änderungen verloren, "
+        "die nicht gespeichert sind."}; // %1: the same
+    ProgramText reloadingLoses = {
+        "Reloading “%1” loses the changes that are not saved.",
+        "Beim Neuladen von „%1“ gehen die Änderungen verloren, die nicht gespeichert sind."}; // %1: the same
+    ProgramText reloadNow = {"&Reload", "&Neu laden"};
+    ProgramText reloaded = {"“%1” has been changed by another program and was reloaded.",
+                            "„%1“ ist von einem anderen Programm geändert und neu geladen worden."};
+    ProgramText notReloaded = {
+        "“%1” has been changed by another program and cannot be reloaded; this is the document as it was. %2",
+        "„%1“ ist von einem anderen Programm geändert worden und nicht neu zu laden; gezeigt wird der "
+        "bisherige Stand. %2"}; // %2: why
     ProgramText landXmlFiles = {"LandXML files", "LandXML-Dateien"};
     ProgramText allFiles = {"All files", "Alle Dateien"};
     ProgramText invitation = {"No file is open.\n\nChoose File > Open… or drop a LandXML file here.",
@@ -78,6 +93,30 @@ struct ProgramTexts {
     ProgramText members = {"%1 members", "%1 Attribute"}; // the same
     ProgramText oneMember = {"1 member", "1 Attribut"};
     ProgramText readOnly = {"read only", "schreibgeschützt"};
+    ProgramText copied = {"Copied to the clipboard.", "In die Zwischenablage kopiert."};
+    ProgramText notCopied = {"The clipboard is not available; nothing was copied.",
+                             "Die Zwischenablage ist nicht verfügbar; nichts wurde kopiert."};
+    ProgramText copyStations = {"Copy Stations", "Stationen kopieren"};
+    ProgramText station = {"Station", "Station"};
+    ProgramText stationBack = {"Back", "Alt"};
+    ProgramText stationAhead = {"Ahead", "Neu"};
+    ProgramText stationStart = {"Start", "Anfang"};
+    ProgramText stationEnd = {"End", "Ende"};
+    ProgramText copyPath = {"Copy Path", "Pfad kopieren"};
+    ProgramText copyAsInFile = {"Copy as in the File", "Wie in der Datei kopieren"};
+    ProgramText statistics = {"Statistics", "Statistik"};
+    ProgramText progress = {"Progress", "Fortschritt"};
+    ProgramText points = {"Points", "Punkte"};
+    ProgramText faces = {"Faces", "Maschen"};
+    ProgramText brokenFaces = {"Faces without their points", "Maschen ohne ihre Punkte"};
+    ProgramText planArea = {"Area in plan", "Grundrissfläche"};
+    ProgramText slopeArea = {"Area of the surface", "Oberfläche"};
+    ProgramText lowestPoint = {"Lowest point", "Tiefster Punkt"};
+    ProgramText highestPoint = {"Highest point", "Höchster Punkt"};
+    ProgramText cannotBeComputed = {"cannot be computed: there is no room in memory",
+                                    "nicht zu berechnen: der Speicher reicht nicht"};
+    ProgramText oldStatistics = {"The statistics were those before this change and have been removed.",
+                                 "Die Statistik galt vor dieser Änderung und ist entfernt worden."};
     ProgramText listOfLists = {"List:", "Liste:"};
     ProgramText asTree = {"As a tree", "Als Baum"};
     ProgramText newValue = {"new value", "neuer Wert"}; // what new entries are called
