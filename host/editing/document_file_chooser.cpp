@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 
 namespace korvel::inspector {
 
@@ -17,6 +18,31 @@ bool IsRelative(std::string_view path) {
     return !path.empty() && path.front() != '/' && path.find("://") == std::string_view::npos;
 }
 
+int DigitOf(char digit) {
+    constexpr std::string_view Digits = "0123456789abcdef";
+    const auto value =
+        Digits.find(digit >= 'A' && digit <= 'F' ? static_cast<char>(digit - 'A' + 'a') : digit);
+    return value == std::string_view::npos ? -1 : static_cast<int>(value);
+}
+
+// In bytes of the file system. What is no byte in this form stays, so does the byte that no path can hold.
+std::string WithoutPercents(const std::string& path) {
+    std::string plain;
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        const bool isByte = path[i] == '%' && i + 2 < path.size();
+        const int high = isByte ? DigitOf(path[i + 1]) : -1;
+        const int low = isByte ? DigitOf(path[i + 2]) : -1;
+        const bool isMeant = high >= 0 && low >= 0 && high + low > 0;
+        plain += isMeant ? static_cast<char>(high * 16 + low) : path[i];
+        i += isMeant ? 2 : 0;
+    }
+    return plain;
+}
+
+std::string AsText(const std::string& bytes) {
+    return platform::FromUtf8(bytes).text;
+}
+
 } // namespace
 
 void DocumentFileChooser::SetDocument(const std::string& path) {
@@ -26,9 +52,18 @@ void DocumentFileChooser::SetDocument(const std::string& path) {
 
 std::string DocumentFileChooser::Absolute(const std::string& path) const {
     constexpr std::string_view FileScheme = "file://";
-    if (path.starts_with(FileScheme))
-        return path.substr(FileScheme.size());
-    return IsRelative(path) ? m_folder + path : path;
+    if (path.starts_with(FileScheme)) {
+        const std::string address = platform::ToUtf8(path);
+        const std::size_t root = address.find('/', FileScheme.size()); // after the name of a machine
+        return root == std::string::npos ? path : AsText(WithoutPercents(address.substr(root)));
+    }
+    const std::string absolute = IsRelative(path) ? m_folder + path : path;
+    if (path.find('%') == std::string::npos || path.find("://") != std::string::npos)
+        return absolute;
+    std::error_code failure;
+    const std::string bytes = platform::ToUtf8(absolute);
+    const std::string plain = WithoutPercents(bytes);
+    return !fs::exists(bytes, failure) && fs::exists(plain, failure) ? AsText(plain) : absolute;
 }
 
 const char* DocumentFileChooser::Choose(const char* path, CWnd* parent) {

@@ -19,7 +19,8 @@ public:
     explicit DocumentFileChooser(const std::string& document) { SetDocument(document); }
     void SetDocument(const std::string& path);
 
-    /// A path as the desktop can open it; addresses of the internet stay.
+    /// A path as the desktop can open it; addresses of the internet stay. "%20" is a blank in an address of a
+    /// file ("file:///plans/a%20b.pdf"), and in a path where that is no file as it is written.
     std::string Absolute(const std::string& path) const;
 
     bool IsAutoDestroy() const override { return false; }

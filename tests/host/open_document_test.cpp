@@ -1,7 +1,10 @@
 #include "editing/document_file_chooser.h"
 #include "korvel/values/language.h"
 #include "korvel/window/display/headless_display.h"
+#include "support/scratch.h"
+#include "support/table.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace korvel::inspector {
@@ -44,6 +47,23 @@ TEST(DocumentFileChooser, BeginsAtTheFileAndKeepsPathsBelowTheDocumentRelative) 
         EXPECT_STREQ(chooser.Choose(row.old, nullptr), row.chosen) << row.name;
         EXPECT_EQ(display.begin, row.begin) << row.name;
     }
+}
+
+TEST(DocumentFileChooser, KnowsAddressesOfFiles) {
+    const platform::ScratchFolder folder;
+    for (const char* name : {"a b.pdf", "c%20d.pdf"})
+        std::ofstream(folder.Path() / name) << "x";
+    const std::string below = folder.Path().string() + "/";
+    const DocumentFileChooser chooser(below + "road.xml");
+    for (const auto& [border, path, absolute] :
+         Table<std::string, std::string>{{"an address", "file:///p%20q/%C3%A4.pdf", "/p q/\xE4.pdf"},
+                                         {"with a machine", "file://localhost/p.pdf", "/p.pdf"},
+                                         {"no bytes", "file:///p%2%zz%00%", "/p%2%zz%00%"},
+                                         {"relative", "a%20b.pdf", below + "a b.pdf"},
+                                         {"a file of that very name", "c%20d.pdf", below + "c%20d.pdf"},
+                                         {"no file", "e%20f.pdf", below + "e%20f.pdf"},
+                                         {"of the internet", "http://a/b%20c", "http://a/b%20c"}})
+        EXPECT_EQ(chooser.Absolute(path), absolute) << border;
 }
 
 } // namespace
