@@ -8,7 +8,6 @@
 #include "program/settings_keys.h"
 #include "texts/messages.h"
 
-#include <filesystem>
 #include <functional>
 #include <string_view>
 
@@ -34,14 +33,6 @@ std::string KeyNameOf(const std::string& path) {
             name = name + '%' + Digits[number / 16] + Digits[number % 16];
     }
     return name;
-}
-
-// Of a file that need not exist; only an absolute path is followed then, too.
-std::string CanonicalPath(const std::string& file) {
-    std::error_code failure;
-    const std::filesystem::path path = AbsolutePath(file);
-    const std::filesystem::path followed = std::filesystem::weakly_canonical(path, failure);
-    return failure ? path.string() : followed.string();
 }
 
 [[noreturn]] void Throw(const std::string& utf8) {

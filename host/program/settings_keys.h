@@ -11,6 +11,7 @@ namespace korvel::inspector {
 inline constexpr const char* HostName = "LandXML Inspector";
 inline const std::string MainWindowKey =
     RegistryPath + std::string("\\DlgStates\\") + HostName + "\\MainWindow";
+inline const std::string GridKey = MainWindowKey + "\\"; // in which the grid keeps its columns
 inline const std::string RecentFilesKey = RegistryPath + std::string("\\") + HostName;
 inline const std::string DocumentsKey = RecentFilesKey + "\\Documents\\";
 
