@@ -31,7 +31,8 @@ void DocumentEditing::Do(const std::function<void()>& change) {
     internal::FirstFailure failure;
     failure.Try(change);
     failure.Try([this] { m_news.Tell(); });
-    const Changed changed = {std::exchange(m_isChanged, false), m_news.TakeCountsChanged()};
+    Changed changed = std::exchange(m_changed, {});
+    changed.counts = m_news.TakeCountsChanged();
     if (m_stepsHook)
         failure.Try([&] { m_stepsHook(changed); });
     failure.Rethrow();
@@ -56,7 +57,11 @@ void DocumentEditing::OnChanging(const DocumentChange& change) {
 }
 
 void DocumentEditing::OnChanged(const DocumentChange& change) {
-    m_isChanged = true;
+    m_changed.anything = true;
+    if (change.IsInFile()) {
+        m_changed.units |= m_document.ReachOf(change).units;
+        m_changed.elements.push_back(change.element);
+    }
     m_stack.Record(change);
     if (!m_stack.IsOpen() && !m_stack.IsReplaying())
         Do([] {});

@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <utility>
+#include <vector>
 
 namespace korvel::inspector {
 
@@ -50,6 +51,8 @@ public:
     struct Changed {
         bool anything = false;
         bool counts = false; ///< members have come or gone
+        bool units = false;
+        std::vector<ElementIndex> elements; ///< whose start tags or texts are others now
     };
     /// Called when a frame has ended, or a step was made, undone or redone.
     using StepsHook = std::function<void(const Changed& changed)>;
@@ -66,7 +69,7 @@ private:
     UndoStack m_stack;
     MemberNews m_news;
     StepsHook m_stepsHook;
-    bool m_isChanged = false; // since the hook was called
+    Changed m_changed; // since the hook was called
 };
 
 } // namespace korvel::inspector

@@ -1,5 +1,6 @@
 #include "editing/edit_observer.h"
 
+#include "editing/statistics_object.h"
 #include "korvel/platform/first_failure.h"
 
 #include <algorithm>
@@ -21,18 +22,22 @@ std::vector<const IMemberDispatch*> EditObserver::ShownObjects() const {
     return objects;
 }
 
+std::vector<IObserverGridSink*> EditObserver::SinksOf(const IMemberDispatch* object) const {
+    std::vector<IObserverGridSink*> sinks;
+    const auto [begin, end] = m_sinks.equal_range(object);
+    for (auto shown = begin; shown != end; ++shown)
+        sinks.push_back(shown->second);
+    return sinks;
+}
+
 bool EditObserver::HasSink(const IMemberDispatch* object, const IObserverGridSink* sink) const {
     const auto [begin, end] = m_sinks.equal_range(object);
     return std::any_of(begin, end, [&](const auto& shown) { return shown.second == sink; });
 }
 
 void EditObserver::Tell(const IMemberDispatch* object, const std::function<void(IObserverGridSink&)>& tell) {
-    std::vector<IObserverGridSink*> sinks;
-    const auto [begin, end] = m_sinks.equal_range(object);
-    for (auto shown = begin; shown != end; ++shown)
-        sinks.push_back(shown->second);
     internal::FirstFailure failure;
-    for (IObserverGridSink* sink : sinks)
+    for (IObserverGridSink* sink : SinksOf(object))
         if (HasSink(object, sink))
             failure.Try([&] { tell(*sink); });
     failure.Rethrow();
@@ -48,6 +53,8 @@ void EditObserver::AddSink(IMemberDispatch* disp, IObserverGridSink* sink) {
 }
 
 void EditObserver::RemoveSink(IMemberDispatch* disp, IObserverGridSink* sink) {
+    if (const auto* statistics = dynamic_cast<const StatisticsObject*>(disp))
+        statistics->EndThread();
     const auto [begin, end] = m_sinks.equal_range(disp);
     const auto found = std::find_if(begin, end, [&](const auto& shown) { return shown.second == sink; });
     if (found != end)

@@ -11,12 +11,14 @@ namespace korvel::inspector {
 
 /// Knows which objects grids show, and by which sinks they hear of them. What a grid says of a value is
 /// passed on to every grid that shows the object; of all else the object itself has told MemberNews by then.
+/// A thread that fills the rows of an object is ended before a sink of that object goes.
 ///
 /// It must outlive the grids that it is given to, and may serve one document after another.
 class EditObserver final : public IObserverGrid {
 public:
     bool IsShown(const IMemberDispatch* object) const { return m_sinks.contains(object); }
     std::vector<const IMemberDispatch*> ShownObjects() const;
+    std::vector<IObserverGridSink*> SinksOf(const IMemberDispatch* object) const;
 
     /// Calls `tell` with each sink of an object. Sinks may come and go meanwhile. An exception goes on after
     /// all others have been called.

@@ -17,7 +17,12 @@ ReadingOptions WithChooser(ReadingOptions options, IFileValue& chooser) {
 
 OpenDocument::OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer)
     : m_chooser(path), m_document(path, WithChooser(options, m_chooser)), m_editing(m_document, observer),
-      m_file(path, m_document) {
+      m_extras(m_document, observer), m_file(path, m_document) {
+    m_editing.SetStepsHook([this](const DocumentEditing::Changed& changed) {
+        const bool areFiguresOld = m_extras.Statistics().Follow(changed);
+        if (m_stepsHook)
+            m_stepsHook(changed, areFiguresOld);
+    });
     m_document.SetCharacterTest([encoding = m_document.Form().encoding](char32_t character) {
         std::string utf8;
         platform::AppendUtf8(utf8, character);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editing/document_editing.h"
+#include "editing/document_extras.h"
 #include "editing/document_file.h"
 #include "editing/document_file_chooser.h"
 #include "landxml/landxml_document.h"
@@ -25,9 +26,14 @@ public:
 
     LandXmlDocument& Document() { return m_document; }
     DocumentEditing& Editing() { return m_editing; }
+    DocumentExtras& Extras() { return m_extras; }
     const DocumentFile& File() const { return m_file; }
     /// Says what the relative paths in the document mean.
     const DocumentFileChooser& FileChooser() const { return m_chooser; }
+
+    /// As DocumentEditing has it; `areFiguresOld`: statistics of a former state were removed.
+    using StepsHook = std::function<void(const DocumentEditing::Changed& changed, bool areFiguresOld)>;
+    void SetStepsHook(StepsHook hook) { m_stepsHook = std::move(hook); }
 
     bool HasUnsavedChanges() const { return !m_editing.Steps().IsClean(); }
     /// Both throw DocumentError when the file cannot be written; the changes are unsaved still. The file of a
@@ -39,7 +45,9 @@ private:
     DocumentFileChooser m_chooser;
     LandXmlDocument m_document;
     DocumentEditing m_editing;
+    DocumentExtras m_extras;
     DocumentFile m_file;
+    StepsHook m_stepsHook;
 };
 
 } // namespace korvel::inspector

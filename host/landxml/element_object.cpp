@@ -1,5 +1,6 @@
 #include "landxml/element_object.h"
 
+#include "landxml/element_extras.h"
 #include "landxml/landxml_document.h"
 #include "landxml/member_writer.h"
 
@@ -19,6 +20,13 @@ void ElementObject::GetMemberNames(std::list<std::string>& names) {
     const UniqueMemberNames& own = m_document.NamesOf(m_element);
     for (std::size_t i = 0; i < own.Count(); ++i)
         names.push_back(own.NameAt(i));
+    if (m_document.Extras() && m_document.Extras()->AddedTo(m_element))
+        names.push_back(m_document.Extras()->NameOfAdded());
+}
+
+IMemberDispatch* ElementObject::FindAdded(const std::string& name) const {
+    ElementExtras* extras = m_document.Extras();
+    return extras && name == extras->NameOfAdded() ? extras->AddedTo(m_element) : nullptr;
 }
 
 bool ElementObject::GetMemberType(const std::string& name, EDataTyps& type) {
@@ -41,25 +49,26 @@ bool ElementObject::IsMemberEditable(const std::string& name) {
 
 bool ElementObject::GetMember(const std::string& name, CVariantValue& value) {
     const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
-    if (!member)
+    IMemberDispatch* added = member ? nullptr : FindAdded(name);
+    if (!member && !added)
         return false;
-    if (member->kind != MemberKind::Object) {
+    if (member && member->kind != MemberKind::Object) {
         value = m_document.ValueOf(m_element, *member);
         return true;
     }
     value = CVariantValue();
     value.Type = DT_Group;
-    value.Value.Dispatch = &m_document.ObjectOf(member->place);
+    value.Value.Dispatch = added ? added : &m_document.ObjectOf(member->place);
     return true;
 }
 
 std::uint32_t ElementObject::GetMemberFlags(const std::string& name) {
     const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
     if (!member)
-        return 0;
+        return FindAdded(name) ? std::uint32_t{MF_Delete} : 0;
     const bool isChild = member->kind == MemberKind::Object;
     const EDataTyps type = isChild ? DT_Group : m_document.ValueOf(m_element, *member).Type;
-    std::uint32_t flags = 0;
+    std::uint32_t flags = m_document.Extras() ? std::uint32_t{MF_Commands} : 0;
     if (type == DT_FileName)
         flags |= MF_File;
     if (isChild && (m_document.ObjectOf(member->place).GetEditFlags() & EF_Rename) != 0)
@@ -75,9 +84,13 @@ std::uint32_t ElementObject::GetMemberFlags(const std::string& name) {
 }
 
 std::uint32_t ElementObject::GetEditFlags() const {
+    std::list<SCommand> commands;
+    if (m_document.Extras())
+        m_document.Extras()->ListCommands(m_element, commands);
+    std::uint32_t flags = commands.empty() ? 0 : std::uint32_t{EF_Commands};
     if (m_document.IsReadOnly())
-        return 0;
-    std::uint32_t flags = EF_Add;
+        return flags;
+    flags |= EF_Add;
     if (m_document.Tree().FindAttribute(m_element, "name").data() != nullptr)
         flags |= EF_Rename;
     return flags;
@@ -118,6 +131,31 @@ bool ElementObject::ChangeMemberType(const std::string& name, const EDataTyps& t
 
 void ElementObject::SetIdent(const std::string& ident) {
     MemberWriter(m_document, m_element).SetOwnName(ident);
+}
+
+bool ElementObject::OnRemoveMember(const char* name) {
+    if (!FindAdded(name))
+        return false;
+    m_document.Extras()->RemoveAdded(m_element);
+    return true;
+}
+
+void ElementObject::GetCommands(std::list<SCommand>& commands) {
+    if (m_document.Extras())
+        m_document.Extras()->ListCommands(m_element, commands);
+}
+
+void ElementObject::GetMemberExtraCommands(const std::string& name, std::list<SCommand>& commands) {
+    if (m_document.Extras())
+        m_document.Extras()->ListMemberCommands(m_element, name, commands);
+}
+
+bool ElementObject::OnCommand(std::uint32_t id) {
+    return m_document.Extras() && m_document.Extras()->Run(m_element, id);
+}
+
+bool ElementObject::OnMemberCommand(const std::string& name, std::uint32_t id) {
+    return m_document.Extras() && m_document.Extras()->RunOnMember(m_element, name, id);
 }
 
 } // namespace korvel::inspector

@@ -15,7 +15,8 @@ struct Member;
 /// be replaced in place in the file, for the grid greys all others: those that are cut, those that comments
 /// or sections interrupt, namespaces, and all of a document of an unknown version. Only attributes can be
 /// added and removed; the row of a child is renamed by its attribute `name`, without which it cannot be. A
-/// type is changed, and a member protected, for this run only.
+/// type is changed, and a member protected, for this run only. What ElementExtras adds is the last member,
+/// which can be removed.
 class ElementObject final : public IMemberDispatch {
 public:
     ElementObject(LandXmlDocument& document, ElementIndex element);
@@ -41,7 +42,15 @@ public:
     bool ChangeMemberType(const std::string& name, const EDataTyps& type) override;
     void SetIdent(const std::string& ident) override;
 
+    bool OnRemoveMember(const char* name) override;
+    void GetCommands(std::list<SCommand>& commands) override;
+    void GetMemberExtraCommands(const std::string& name, std::list<SCommand>& commands) override;
+    bool OnCommand(std::uint32_t id) override;
+    bool OnMemberCommand(const std::string& name, std::uint32_t id) override;
+
 private:
+    /// The added object where it has this name, else null.
+    IMemberDispatch* FindAdded(const std::string& name) const;
     bool IsReplaceable(const Member& member) const;
 
     ElementIndex m_element;

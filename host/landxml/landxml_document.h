@@ -15,6 +15,8 @@
 
 namespace korvel::inspector {
 
+class ElementExtras;
+
 /// A LandXML file as objects for the grid.
 ///
 ///     LandXmlDocument document("road.xml", {});
@@ -80,6 +82,10 @@ public:
     void SetCharacterTest(CharacterTest test) { m_characterTest = std::move(test); }
     const CharacterTest& GetCharacterTest() const { return m_characterTest; }
 
+    /// What is added to the elements, or null; it must outlive the document or be taken back.
+    void SetExtras(ElementExtras* extras) { m_extras = extras; }
+    ElementExtras* Extras() const { return m_extras; }
+
     /// The one that hears of changes, or null; it must outlive the document or be taken back.
     void SetListener(DocumentListener* listener) { m_listener = listener; }
     enum class Side { Before, After };
@@ -105,6 +111,7 @@ private:
     std::unordered_map<ElementIndex, MemberSessions> m_sessions;
     CharacterTest m_characterTest;
     DocumentListener* m_listener = nullptr;
+    ElementExtras* m_extras = nullptr;
 
     std::unordered_map<ElementIndex, ElementObject> m_objects;
     std::unordered_map<ElementIndex, AlignmentPresentation> m_presentations;

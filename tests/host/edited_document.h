@@ -10,6 +10,19 @@
 
 namespace korvel::inspector {
 
+/// The object of an element by names from the root: "Units/Metric".
+inline IMemberDispatch& ObjectAt(LandXmlDocument& document, const std::string& path) {
+    IMemberDispatch* object = &document.Root();
+    std::istringstream names(path);
+    for (std::string name; std::getline(names, name, '/');) {
+        CVariantValue value;
+        EXPECT_TRUE(object->GetMember(name, value)) << name;
+        EXPECT_EQ(value.Type, DT_Group) << name;
+        object = value.Value.Dispatch;
+    }
+    return *object;
+}
+
 /// A document that a grid shows and edits.
 class EditedDocumentTest : public GermanMachine {
 protected:
@@ -30,18 +43,7 @@ protected:
     ShownRows& Rows() { return *m_rows; }
     std::string Text() const { return m_document->Tree().EditedSource(); }
 
-    /// The object of an element by names from the root: "Units/Metric".
-    IMemberDispatch& At(const std::string& path) {
-        IMemberDispatch* object = &m_document->Root();
-        std::istringstream names(path);
-        for (std::string name; std::getline(names, name, '/');) {
-            CVariantValue value;
-            EXPECT_TRUE(object->GetMember(name, value)) << name;
-            EXPECT_EQ(value.Type, DT_Group) << name;
-            object = value.Value.Dispatch;
-        }
-        return *object;
-    }
+    IMemberDispatch& At(const std::string& path) { return ObjectAt(*m_document, path); }
 
     void OpenFrame(const char* title) {
         EXPECT_TRUE(m_editing->OnMessage(WM_HISTORY, 1, reinterpret_cast<LPARAM>(title)));

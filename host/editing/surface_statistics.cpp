@@ -1,0 +1,233 @@
+#include "editing/surface_statistics.h"
+
+#include "korvel/platform/code_page.h"
+#include "korvel/platform/error.h"
+#include "korvel/window/core/serve_sends.h"
+#include "landxml/landxml_document.h"
+#include "landxml/surface_figures.h"
+#include "texts/messages.h"
+#include "texts/program_texts.h"
+
+#include <chrono>
+#include <system_error>
+
+namespace korvel::inspector {
+namespace {
+
+constexpr std::chrono::milliseconds BetweenReports(100);
+
+CVariantValue TextValue(std::string text) {
+    CVariantValue value;
+    value.Type = DT_String;
+    value.Text = std::move(text);
+    return value;
+}
+
+std::string PercentText(double part) {
+    return std::to_string(static_cast<int>(part * 100)) + " %";
+}
+
+// A name and a value that lacks nothing but its number.
+struct FigureRow {
+    std::string name;
+    CVariantValue value;
+
+    CVariantValue With(double number) const {
+        CVariantValue filled = value;
+        if (value.Type == DT_Int)
+            filled.Value.Int = static_cast<std::int32_t>(number);
+        else
+            filled.Value.Double = number;
+        return filled;
+    }
+};
+
+// The rows in the language of the process and the units of a surface: made before the thread starts, which
+// reads neither.
+struct FigureRows {
+    FigureRows(const LandXmlDocument& document, ElementIndex surface) {
+        const Unit& unit = document.Members().UnitsAt(surface).Of(Quantity::Length);
+        const ProgramTexts& texts = TheProgramTexts;
+        const std::string label = unit.isBase ? std::string() : unit.label;
+        const char* squared = "\xB2";
+        progress = InCodePage(texts.progress);
+        const auto row = [&](const ProgramText& name, EDataTyps type, const std::string& itsUnit) {
+            FigureRow made{InCodePage(name) + (itsUnit.empty() ? "" : " [" + itsUnit + "]"), {}};
+            made.value.Type = type;
+            return made;
+        };
+        const EDataTyps length = unit.isBase ? DT_LengthDouble : DT_Double;
+        const EDataTyps area = unit.isBase ? DT_AreaDouble : DT_Double;
+        const std::string areaLabel = label.empty() ? "" : label + squared;
+        points = row(texts.points, DT_Int, {});
+        faces = row(texts.faces, DT_Int, {});
+        broken = row(texts.brokenFaces, DT_Int, {});
+        planArea = row(texts.planArea, area, areaLabel);
+        slopeArea = row(texts.slopeArea, area, areaLabel);
+        lowest = row(texts.lowestPoint, length, label);
+        highest = row(texts.highestPoint, length, label);
+        failed = InCodePage(texts.cannotBeComputed);
+    }
+
+    std::string progress;
+    FigureRow points, faces, broken, planArea, slopeArea, lowest, highest;
+    std::string failed;
+};
+
+// What the thread says, one row at a time.
+class Reporter {
+public:
+    Reporter(StatisticsObject& object, const std::vector<IObserverGridSink*>& sinks)
+        : m_object(object), m_sinks(sinks) {}
+
+    void Say(const std::string& name, const CVariantValue& value) const {
+        const bool isNew = m_object.Put(name, value);
+        for (IObserverGridSink* sink : m_sinks)
+            if (isNew)
+                sink->OnOperationAdd(name, value);
+            else
+                sink->OnChange(name, value);
+    }
+
+    void Say(const FigureRow& row, double number) const { Say(row.name, row.With(number)); }
+    void Say(const FigureRow& row, std::optional<double> number) const {
+        if (number)
+            Say(row, *number);
+    }
+
+    void TakeBack(const std::string& name) const {
+        m_object.Drop(name);
+        for (IObserverGridSink* sink : m_sinks)
+            sink->OnOperationRemove(name, {});
+    }
+
+private:
+    StatisticsObject& m_object;
+    const std::vector<IObserverGridSink*>& m_sinks;
+};
+
+void SayFigures(const Reporter& reporter, const FigureRows& rows, const SurfaceFigures& figures) {
+    reporter.Say(rows.points, static_cast<double>(figures.points));
+    reporter.Say(rows.faces, static_cast<double>(figures.faces));
+    if (figures.broken > 0)
+        reporter.Say(rows.broken, static_cast<double>(figures.broken));
+    if (figures.faces > 0)
+        reporter.Say(rows.planArea, figures.planArea);
+    reporter.Say(rows.slopeArea, figures.area);
+    reporter.Say(rows.lowest, figures.lowest);
+    reporter.Say(rows.highest, figures.highest);
+    reporter.TakeBack(rows.progress);
+}
+
+void ComputeAndSay(const Reporter& reporter, const FigureRows& rows, const std::string& surface,
+                   const std::atomic<bool>& mustStop) {
+    using Clock = std::chrono::steady_clock;
+    Clock::time_point last = Clock::now();
+    const auto figures = MeasureSurface(surface, [&](double part) {
+        if (Clock::now() - last >= BetweenReports) {
+            reporter.Say(rows.progress, TextValue(PercentText(part)));
+            last = Clock::now();
+        }
+        return !mustStop;
+    });
+    if (figures && !mustStop)
+        SayFigures(reporter, rows, *figures);
+}
+
+// What the thread does: nothing may be thrown out of it.
+void Compute(const Reporter& reporter, const FigureRows& rows, const std::string& surface,
+             const std::atomic<bool>& mustStop) noexcept try {
+    ComputeAndSay(reporter, rows, surface, mustStop);
+} catch (...) { // mostly for lack of memory
+    try {
+        reporter.Say(rows.progress, TextValue(rows.failed));
+    } catch (...) { // the row stays as it is
+    }
+}
+
+} // namespace
+
+SurfaceStatistics::SurfaceStatistics(LandXmlDocument& document, EditObserver& observer)
+    : m_document(document), m_observer(observer) {}
+
+std::string SurfaceStatistics::Name() {
+    return "[" + InCodePage(TheProgramTexts.statistics) + "]";
+}
+
+StatisticsObject* SurfaceStatistics::Find(ElementIndex surface) const {
+    const auto run = m_runs.find(surface);
+    return run == m_runs.end() ? nullptr : &run->second->object;
+}
+
+void SurfaceStatistics::TellSinks(ElementIndex surface, const std::function<void(IObserverGridSink&)>& tell) {
+    m_observer.Tell(m_document.FindObject(surface), tell);
+}
+
+void SurfaceStatistics::Start(ElementIndex surface) {
+    Remove(surface);
+    const FigureRows rows(m_document, surface);
+    Run& run = *m_runs.emplace(surface, std::make_unique<Run>(Name())).first->second;
+    run.object.Put(rows.progress, TextValue(PercentText(0)));
+    CVariantValue group;
+    group.Type = DT_Group;
+    group.Value.Dispatch = &run.object;
+    try {
+        TellSinks(surface, [&](IObserverGridSink& sink) { sink.OnOperationAdd(Name(), group); });
+        run.sinks = m_observer.SinksOf(&run.object);
+        run.thread = std::thread([&run, rows, text = m_document.Tree().EditedText(surface)] {
+            Compute(Reporter(run.object, run.sinks), rows, text, run.mustStop);
+            run.hasEnded = true;
+        });
+    } catch (const std::system_error&) {
+        Remove(surface);
+        throw Error(InCodePage(TheProgramTexts.cannotBeComputed));
+    } catch (...) {
+        Remove(surface);
+        throw;
+    }
+}
+
+void SurfaceStatistics::End(Run& run) {
+    if (!run.thread.joinable())
+        return;
+    run.mustStop = true;
+    ServeSendsUntil([&] { return run.hasEnded.load(); });
+    run.thread.join();
+}
+
+void SurfaceStatistics::EndThreads() {
+    for (const auto& [surface, run] : m_runs)
+        run->mustStop = true;
+    for (const auto& [surface, run] : m_runs)
+        End(*run);
+}
+
+void SurfaceStatistics::Remove(ElementIndex surface) {
+    const auto found = m_runs.find(surface);
+    if (found == m_runs.end())
+        return;
+    const std::unique_ptr<Run> run = std::move(found->second); // the grids let go of its object below
+    m_runs.erase(found);
+    End(*run);
+    TellSinks(surface, [](IObserverGridSink& sink) { sink.OnOperationRemove(Name(), {}); });
+}
+
+bool SurfaceStatistics::Follow(const DocumentEditing::Changed& changed) {
+    std::vector<ElementIndex> old;
+    for (const auto& [surface, run] : m_runs)
+        for (const ElementIndex element : changed.elements)
+            if (element >= surface && element < m_document.Tree().SubtreeEnd(surface)) {
+                old.push_back(surface);
+                break;
+            }
+    if (changed.units) {
+        old.clear();
+        for (const auto& [surface, run] : m_runs)
+            old.push_back(surface);
+    }
+    for (const ElementIndex surface : old)
+        Remove(surface);
+    return !old.empty();
+}
+
+} // namespace korvel::inspector
