@@ -2,13 +2,16 @@
 
 #include "desktop/frame_room.h"
 #include "desktop/said.h"
+#include "desktop/status_text.h"
 #include "korvel/dialogs/file_dialog.h"
 #include "korvel/output/angles.h"
 #include "korvel/platform/code_page.h"
 #include "korvel/qt/embed.h"
 #include "korvel/window/core/display.h"
 #include "program/document_dialogs.h"
+#include "program/open_groups.h"
 #include "program/recent_files.h"
+#include "program/settings_keys.h"
 #include "source/document_error.h"
 
 #include <QAction>
@@ -19,11 +22,9 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QLocale>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPushButton>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -36,6 +37,7 @@ namespace korvel::inspector {
 namespace {
 
 constexpr QSize FirstSize = {1000, 700};
+constexpr int MessageTime = 5000; // milliseconds
 
 // Shows the wait cursor for its lifetime.
 class WaitCursor {
@@ -45,10 +47,6 @@ public:
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
-
-QString CountText(std::size_t count, const ProgramText& one, const ProgramText& many) {
-    return count == 1 ? Said(one) : Said(many).arg(QLocale().toString(static_cast<qulonglong>(count)));
-}
 
 QString NameOfFile(const OpenDocument& document) {
     return QFileInfo(QFile::decodeName(document.File().Path().c_str())).fileName();
@@ -63,7 +61,8 @@ QString DraggedFile(const QMimeData* data) {
 } // namespace
 
 InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
-    : m_options(options), m_unitOfFile(unitOfFile), m_pane(std::make_unique<GridPane>()) {
+    : m_options(options), m_unitOfFile(unitOfFile), m_boxes(*this), m_pane(std::make_unique<GridPane>()),
+      m_watch([this] { OnFileChanged(); }) {
     setWindowTitle(QGuiApplication::applicationDisplayName());
     // Placed from the start, so that the first box is in front of it.
     const QRect room = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(FrameRoom);
@@ -74,6 +73,8 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
         statusBar()->showMessage(Said(message));
         QApplication::beep();
     });
+    m_pane->SetNoticeHook(
+        [this](const std::string& message) { statusBar()->showMessage(Said(message), MessageTime); });
     MakeMenus();
     m_pages = new QStackedWidget;
     auto* invitation = new QLabel(Said(TheProgramTexts.invitation));
@@ -97,10 +98,11 @@ void InspectorWindow::MakeMenus() {
     const ProgramTexts& texts = TheProgramTexts;
     MakeFileMenu();
     m_edit = std::make_unique<EditMenu>(*menuBar(), *m_pane,
-                                        [this](const std::function<void()>& action) { Try(action); });
+                                        [this](const std::function<void()>& action) { m_boxes.Try(action); });
     MakeDocumentMenu();
     QMenu* view = menuBar()->addMenu(Said(texts.viewMenu));
-    m_listsAction = view->addAction(Said(texts.lists), this, [this] { Try([this] { ShowLists(); }); });
+    m_listsAction =
+        view->addAction(Said(texts.lists), this, [this] { m_boxes.Try([this] { ShowLists(); }); });
     m_listsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     m_listsAction->setEnabled(false);
     QMenu* help = menuBar()->addMenu(Said(texts.helpMenu));
@@ -108,24 +110,18 @@ void InspectorWindow::MakeMenus() {
 }
 
 void InspectorWindow::MakeFileMenu() {
-    const ProgramTexts& texts = TheProgramTexts;
-    QMenu* file = menuBar()->addMenu(Said(texts.fileMenu));
-    QAction* open = file->addAction(Said(texts.open), this, [this] { ChooseFile(); });
-    open->setShortcut(QKeySequence::Open);
-    m_recent = std::make_unique<RecentMenu>(
-        *file, [this](const std::string& path) { return !MayLeave() || TryToOpen(path); });
-    m_saveAction = file->addAction(Said(texts.save), this, [this] { Save(); });
-    m_saveAction->setShortcut(QKeySequence::Save);
-    m_saveAsAction = file->addAction(Said(texts.saveAs), this, [this] { SaveAs(); });
-    m_saveAsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
-    m_closeAction = file->addAction(Said(texts.close), this, [this] {
+    FileMenu::Actions actions;
+    actions.open = [this] { ChooseFile(); };
+    actions.openRecent = [this](const std::string& path) { return !MayLeave() || TryToOpen(path); };
+    actions.reload = [this] { Reload(); };
+    actions.save = [this] { Save(); };
+    actions.saveAs = [this] { SaveAs(); };
+    actions.close = [this] {
         if (MayLeave())
             CloseDocument();
-    });
-    m_closeAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_W));
-    file->addSeparator();
-    QAction* quit = file->addAction(Said(texts.quit), this, [this] { close(); });
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    };
+    actions.quit = [this] { close(); };
+    m_file = std::make_unique<FileMenu>(*menuBar(), actions);
 }
 
 void InspectorWindow::MakeDocumentMenu() {
@@ -135,7 +131,7 @@ void InspectorWindow::MakeDocumentMenu() {
     const auto add = [this](const ProgramText& text, auto* edit) {
         m_documentMenu->addAction(Said(text), this, [this, edit] {
             if (m_pane->EndEdit())
-                Try([&] { edit(m_document->Document(), m_document->File().Path(), *m_pane); });
+                m_boxes.Try([&] { edit(m_document->Document(), m_document->File().Path(), *m_pane); });
         });
     };
     add(texts.codes, EditCodes);
@@ -149,11 +145,13 @@ void InspectorWindow::Open(const std::string& path) {
     m_document = std::move(document);
     if (m_unitOfFile)
         SetAngleUnit(m_document->Document().OwnAngleUnit());
-    m_document->Editing().SetStepsHook([this](const DocumentEditing::Changed& changed) {
+    m_document->SetStepsHook([this](const DocumentEditing::Changed& changed, bool areFiguresOld) {
         m_areListsOld = m_areListsOld || changed.anything;
         if (changed.counts)
             ShowStatus();
         ShowChanges();
+        if (areFiguresOld)
+            statusBar()->showMessage(Said(TheProgramTexts.oldStatistics), MessageTime);
     });
     ShowDocument();
     m_pane->Show(*m_document);
@@ -165,6 +163,7 @@ void InspectorWindow::CloseDocument() {
     m_pane->Clear();
     m_edit->SetDocument(nullptr);
     m_document.reset();
+    m_isRemembered = false;
     ShowDocument();
 }
 
@@ -173,35 +172,77 @@ bool InspectorWindow::OpenOrWarn(const std::string& path) {
 }
 
 bool InspectorWindow::TryToOpen(const std::string& path) {
-    return Try([&] {
+    return m_boxes.Try([&] {
         Open(path);
+        m_pane->RestoreColumns(GridKey);
+        m_pane->Restore({KeptOpenGroups(path), {}, {}});
         Remember(path);
     });
 }
 
 // After the painting: the settings may be in use elsewhere, and are waited for.
 void InspectorWindow::Remember(const std::string& path) {
-    QTimer::singleShot(
-        0, this, [path] { AddRecentFile(path); });
+    m_isRemembered = true;
+    QTimer::singleShot(0, this, [path] { AddRecentFile(path); });
 }
 
 bool InspectorWindow::MayLeave() {
     if (!m_document)
         return true;
-    if (!m_pane->EndEdit())
+    if (!m_pane->EndEdit() || (m_document->HasUnsavedChanges() && !MayLeaveChanges()))
         return false;
-    if (!m_document->HasUnsavedChanges())
+    if (m_isRemembered) {
+        KeepOpenGroups(m_document->File().Path(), m_pane->View().openGroups);
+        m_pane->KeepColumns(GridKey);
+    }
+    return true;
+}
+
+bool InspectorWindow::MayLeaveChanges() {
+    switch (m_boxes.AskWhatBecomesOf(Said(TheProgramTexts.unsaved).arg(NameOfFile(*m_document)))) {
+    case Boxes::Unsaved::Save:
+        return Save();
+    case Boxes::Unsaved::Discard:
         return true;
-    const ProgramTexts& texts = TheProgramTexts;
-    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                    Said(texts.unsaved).arg(NameOfFile(*m_document)), QMessageBox::NoButton, this);
-    box.setTextFormat(Qt::PlainText);
-    QPushButton* save = box.addButton(Said(texts.save), QMessageBox::AcceptRole);
-    QPushButton* discard = box.addButton(Said(texts.discard), QMessageBox::DestructiveRole);
-    box.setEscapeButton(box.addButton(QMessageBox::Cancel));
-    box.setDefaultButton(save);
-    box.exec();
-    return box.clickedButton() == discard || (box.clickedButton() == save && Save());
+    default:
+        return false;
+    }
+}
+
+void InspectorWindow::Reload() {
+    const QString question = Said(TheProgramTexts.reloadingLoses);
+    if (m_document && MayReload(question))
+        m_boxes.Try([this] { ReadAgain(); });
+}
+
+void InspectorWindow::OnFileChanged() {
+    if (!m_document || m_document->File().GetState() != DocumentFile::State::Changed ||
+        !MayReload(Said(TheProgramTexts.changedAndUnsaved)))
+        return;
+    const QString name = NameOfFile(*m_document);
+    m_boxes.Try([&] {
+        try {
+            ReadAgain();
+            statusBar()->showMessage(Said(TheProgramTexts.reloaded).arg(name), MessageTime);
+        } catch (const DocumentError& error) {
+            statusBar()->showMessage(
+                Said(TheProgramTexts.notReloaded).arg(name, QString::fromStdString(error.Utf8Text())));
+        }
+    });
+}
+
+bool InspectorWindow::MayReload(const QString& question) {
+    return m_pane->EndEdit() &&
+           (!m_document->HasUnsavedChanges() ||
+            m_boxes.MayLose(question.arg(NameOfFile(*m_document)), TheProgramTexts.reloadNow));
+}
+
+void InspectorWindow::ReadAgain() {
+    const GridView view = m_pane->View();
+    const bool isRemembered = m_isRemembered;
+    Open(std::string(m_document->File().Path()));
+    m_pane->Restore(view);
+    m_isRemembered = isRemembered;
 }
 
 bool InspectorWindow::Save() {
@@ -209,7 +250,7 @@ bool InspectorWindow::Save() {
         return false;
     if (m_document->File().GetState() == DocumentFile::State::Changed && !MayOverwrite())
         return false;
-    const bool isSaved = Try([this] {
+    const bool isSaved = m_boxes.Try([this] {
         const WaitCursor wait;
         m_document->Save();
     });
@@ -218,16 +259,8 @@ bool InspectorWindow::Save() {
 }
 
 bool InspectorWindow::MayOverwrite() {
-    const ProgramTexts& texts = TheProgramTexts;
-    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(),
-                    Said(texts.changedElsewhere).arg(NameOfFile(*m_document)), QMessageBox::NoButton, this);
-    box.setTextFormat(Qt::PlainText);
-    QPushButton* overwrite = box.addButton(Said(texts.overwrite), QMessageBox::DestructiveRole);
-    QPushButton* cancel = box.addButton(QMessageBox::Cancel);
-    box.setEscapeButton(cancel);
-    box.setDefaultButton(cancel);
-    box.exec();
-    return box.clickedButton() == overwrite;
+    return m_boxes.MayLose(Said(TheProgramTexts.changedElsewhere).arg(NameOfFile(*m_document)),
+                           TheProgramTexts.overwrite);
 }
 
 bool InspectorWindow::SaveAs() {
@@ -237,7 +270,7 @@ bool InspectorWindow::SaveAs() {
     const std::string path = AskForFile(Asking::ToSave, m_document->File().Path(), PromptOnOverwrite);
     if (path.empty())
         return false;
-    const bool isSaved = Try([&] {
+    const bool isSaved = m_boxes.Try([&] {
         const WaitCursor wait;
         m_document->SaveAs(path);
         Remember(path);
@@ -251,27 +284,7 @@ void InspectorWindow::closeEvent(QCloseEvent* event) {
 }
 
 void InspectorWindow::Warn(const std::string& text) {
-    ShowBox(QMessageBox::Warning, QString::fromStdString(text));
-}
-
-void InspectorWindow::ShowBox(QMessageBox::Icon icon, const QString& text) {
-    QMessageBox box(icon, QGuiApplication::applicationDisplayName(), text, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
-}
-
-bool InspectorWindow::Try(const std::function<void()>& action) {
-    QString failure;
-    try {
-        action();
-    } catch (const DocumentError& error) {
-        failure = QString::fromStdString(error.Utf8Text());
-    } catch (const std::exception& error) {
-        failure = Said(error.what());
-    }
-    if (!failure.isEmpty())
-        ShowBox(QMessageBox::Critical, failure);
-    return failure.isEmpty();
+    m_boxes.Show(QMessageBox::Warning, QString::fromStdString(text));
 }
 
 QRect InspectorWindow::Room() const {
@@ -280,11 +293,13 @@ QRect InspectorWindow::Room() const {
 
 void InspectorWindow::ShowDocument() {
     m_pages->setCurrentIndex(m_document ? 1 : 0);
-    for (QAction* action : {m_saveAsAction, m_closeAction, m_listsAction})
-        action->setEnabled(m_document != nullptr);
+    m_listsAction->setEnabled(m_document != nullptr);
     m_documentMenu->setEnabled(m_document != nullptr);
-    m_saveAction->setEnabled(m_document &&
-                             !m_document->Document().IsReadOnly()); // also for what is being typed
+    m_file->SetDocument(m_document.get());
+    if (m_document)
+        m_watch.Watch(m_document->File().Path(), m_document->File().Stamp());
+    else
+        m_watch.Watch({}, {});
     m_edit->SetDocument(m_document.get());
     const QString program = QGuiApplication::applicationDisplayName();
     setWindowTitle(m_document ? NameOfFile(*m_document) + QStringLiteral("[*]") : program);
@@ -302,20 +317,8 @@ void InspectorWindow::ShowChanges() {
 }
 
 void InspectorWindow::ShowStatus() {
-    m_status->setText(m_document ? StatusText() : QString());
+    m_status->setText(m_document ? StatusText(*m_document, m_pane->Count()) : QString());
     m_status->setToolTip(m_status->text());
-}
-
-QString InspectorWindow::StatusText() {
-    const ProgramTexts& texts = TheProgramTexts;
-    const GridPane::Counts counts = m_pane->Count();
-    QString status = CountText(counts.objects, texts.oneObject, texts.objects) + QStringLiteral(", ") +
-                     CountText(counts.members, texts.oneMember, texts.members);
-    if (m_document->Document().IsReadOnly())
-        status += QStringLiteral(" – ") + Said(texts.readOnly);
-    for (const std::string& notice : m_document->Document().Notices())
-        status += QStringLiteral(" – ") + Said(notice);
-    return status;
 }
 
 std::string InspectorWindow::AskForFile(Asking asking, const std::string& begin, unsigned long flags) {
@@ -325,7 +328,7 @@ std::string InspectorWindow::AskForFile(Asking asking, const std::string& begin,
     const bool isToOpen = asking == Asking::ToOpen;
     std::string path;
     bool isChosen = false;
-    Try([&] {
+    m_boxes.Try([&] {
         isChosen = doModalFileDialog(path, isToOpen, isToOpen ? nullptr : "xml",
                                      platform::FromUtf8(begin).text.c_str(), flags, filter.c_str(),
                                      m_pane->m_hWnd, 0, 1);
@@ -359,7 +362,7 @@ void InspectorWindow::ShowLists() {
     if (m_lists->HasLists())
         m_lists->Show();
     else
-        ShowBox(QMessageBox::Information, Said(TheProgramTexts.noLists));
+        m_boxes.Show(QMessageBox::Information, Said(TheProgramTexts.noLists));
 }
 
 void InspectorWindow::ShowAbout() {

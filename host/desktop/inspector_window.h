@@ -1,14 +1,14 @@
 #pragma once
 
+#include "desktop/boxes.h"
+#include "desktop/document_watch.h"
 #include "desktop/edit_menu.h"
+#include "desktop/file_menu.h"
 #include "desktop/lists_window.h"
-#include "desktop/recent_menu.h"
 #include "editing/grid_pane.h"
 #include "editing/open_document.h"
 
 #include <QMainWindow>
-#include <QMessageBox>
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -45,6 +45,15 @@ protected:
 private:
     /// Asks what becomes of unsaved changes; false when the document stays open.
     bool MayLeave();
+    bool MayLeaveChanges();
+    /// Reads the file of the document again, when the user wants that.
+    void Reload();
+    /// Another program has changed it: the same, but where it cannot be read the status line says so.
+    void OnFileChanged();
+    /// Ends the edit of a cell, and asks `question` (%1: the file's name) where changes are not saved.
+    bool MayReload(const QString& question);
+    /// Open groups, selection and the rows in sight stay. Throws DocumentError; the document stays then.
+    void ReadAgain();
     bool Save();
     bool SaveAs();
     bool MayOverwrite();
@@ -62,26 +71,22 @@ private:
     void MakeDocumentMenu();
     /// The part of its screen that is free for windows with their frames.
     QRect Room() const;
-    void ShowBox(QMessageBox::Icon icon, const QString& text);
-    /// A box shows what went wrong; false then.
-    bool Try(const std::function<void()>& action);
     void ChooseFile();
     void ShowLists();
     void ShowAbout();
     void ShowStatus();
-    QString StatusText();
 
     const ReadingOptions m_options;
     const bool m_unitOfFile;
+    const Boxes m_boxes;
     std::unique_ptr<GridPane> m_pane;
     std::unique_ptr<OpenDocument> m_document; // not longer than the pane, which shows it
     std::unique_ptr<ListsWindow> m_lists;     // of the open document, made when first asked for
     bool m_areListsOld = false;               // the document was edited since
+    DocumentWatch m_watch;
+    bool m_isRemembered = false; // it was opened by the user: where it is left is kept
+    std::unique_ptr<FileMenu> m_file;
     std::unique_ptr<EditMenu> m_edit;
-    std::unique_ptr<RecentMenu> m_recent;
-    QAction* m_saveAction = nullptr;
-    QAction* m_saveAsAction = nullptr;
-    QAction* m_closeAction = nullptr;
     QMenu* m_documentMenu = nullptr; // for what needs a document
     QAction* m_listsAction = nullptr;
     QStackedWidget* m_pages = nullptr;

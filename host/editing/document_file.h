@@ -21,6 +21,8 @@ public:
     DocumentFile(const std::string& path, const LandXmlDocument& document);
 
     const std::string& Path() const { return m_path; }
+    /// As it was read or written here last.
+    const FileStamp& Stamp() const { return m_stamp; }
 
     enum class State {
         AsKnown, ///< as it was read or written here last

@@ -1,10 +1,9 @@
 #include "editing/grid_pane.h"
 
+#include "korvel/window/core/display.h"
 #include "program/member_path.h"
-#include "texts/program_texts.h"
 
 #include <algorithm>
-#include <cmath>
 #include <string_view>
 
 namespace korvel::inspector {
@@ -12,7 +11,6 @@ namespace korvel::inspector {
 namespace {
 
 constexpr CRect FirstPlace = {0, 0, 900, 600}; // until a layout places it
-constexpr double SmallestShare = 0.1;          // of a column
 constexpr int GridId = 105;
 constexpr UINT FrameIsOver = WM_USER + 1; // posted by the pane to itself
 
@@ -27,35 +25,6 @@ grid::CTreeItem* FindStep(const ChildList& children, std::string_view path) {
 
 } // namespace
 
-LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    const LRESULT result = CEditableGrid::WindowProc(message, wParam, lParam);
-    const bool dragged = message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ENDTRACK;
-    const int width = GetClientRect().Width();
-    if (dragged && width > 0)
-        m_nameShare =
-            std::clamp(static_cast<double>(GetColumnWidth(0)) / width, SmallestShare, 1 - SmallestShare);
-    // A scroll bar that comes while the user drags changes the height only.
-    if (dragged || (message == WM_SIZE && width != m_dividedWidth))
-        DivideWidth();
-    return result;
-}
-
-void AttributeGrid::DivideWidth() {
-    const int width = GetClientRect().Width();
-    const int name = static_cast<int>(std::lround(width * m_nameShare));
-    m_dividedWidth = width;
-    if (GetColumnCount() != 2) {
-        SetColumnInfo({{0, name}, {1, width - name}});
-        return;
-    }
-    SetColumnWidth(0, name);
-    SetColumnWidth(1, width - name);
-}
-
-CString AttributeGrid::Absolute(const CString& path) const {
-    return m_document ? CString(m_document->FileChooser().Absolute(path)) : path;
-}
-
 GridPane::GridPane() : m_grid(&m_observer, &m_enumerations) {
     CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
     m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
@@ -63,8 +32,9 @@ GridPane::GridPane() : m_grid(&m_observer, &m_enumerations) {
     for (const EGridOption option :
          {EGridOption::AngleUnit, EGridOption::ExactEditText, EGridOption::EscapeCancels,
           EGridOption::InlineErrors, EGridOption::StationInput, EGridOption::KeyboardEditing,
-          EGridOption::WideIntegers})
+          EGridOption::WideIntegers, EGridOption::QuietCopy})
         m_grid.SetGridOption(option, true);
+    m_grid.SetAllowCopyClipboard(true);
     m_grid.SetAllowFormats(false);
     m_grid.SetEnableUserAttributsTyps(~(DT_ColorARGB & ~DT_ColorRGB)); // colors of LandXML are opaque
     m_grid.SetErrorReporter(*this);
@@ -80,9 +50,16 @@ void GridPane::Show(OpenDocument& document) {
     m_grid.DivideWidth(); // the rows may have brought a scroll bar
     Select(0);
     m_grid.SetFocus();
+    document.Extras().SetHooks(
+        {[this](const std::string& text) { Copy(text); },
+         [this](IMemberDispatch& object, const std::string& name) { OpenGroup(object, name); }});
 }
 
 void GridPane::Clear() {
+    if (m_document) {
+        m_document->Extras().Statistics().EndThreads();
+        m_document->Extras().SetHooks({});
+    }
     m_grid.Clear();
     m_grid.SetDocument(nullptr);
     m_document = nullptr;
@@ -178,6 +155,27 @@ void GridPane::Reveal(IMemberDispatch& object, const std::string& name) {
     Select(row);
 }
 
+void GridPane::OpenGroup(IMemberDispatch& object, const std::string& name) {
+    Reveal(object, name);
+    grid::CTreeItem* node = m_grid.LookupTreeItem(&object, name);
+    if (!node || m_grid.RowOfNode(node) < 0)
+        return;
+    const int last = m_grid.ExpandNode(node, m_grid.RowOfNode(node));
+    m_grid.EnsureVisible(last, false);
+}
+
+void GridPane::Copy(const std::string& text) {
+    if (Display().SetClipboardText(text).IsSet())
+        Notify(TheProgramTexts.copied);
+    else
+        Report({}, InCodePage(TheProgramTexts.notCopied));
+}
+
+void GridPane::Notify(const ProgramText& notice) {
+    if (m_noticeHook)
+        m_noticeHook(InCodePage(notice));
+}
+
 GridPane::Counts GridPane::Count() const {
     Counts counts;
     std::vector<const ChildList*> families = {&m_grid.rootItems()};
@@ -185,12 +183,21 @@ GridPane::Counts GridPane::Count() const {
         const ChildList& family = *families.back();
         families.pop_back();
         for (const grid::CTreeItem* node : family) {
+            if (node->info->disp && !dynamic_cast<const ElementObject*>(node->info->disp))
+                continue; // added to the document
             ++(node->info->disp ? counts.objects : counts.members);
             if (!node->children().empty())
                 families.push_back(&node->children());
         }
     }
     return counts;
+}
+
+bool GridPane::OnCommand(WPARAM wParam, LPARAM lParam) {
+    if (HIWORD(wParam) != GridCopied || lParam != reinterpret_cast<LPARAM>(m_grid.m_hWnd))
+        return CWnd::OnCommand(wParam, lParam);
+    Notify(TheProgramTexts.copied);
+    return true;
 }
 
 LRESULT GridPane::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {

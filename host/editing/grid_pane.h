@@ -1,43 +1,18 @@
 #pragma once
 
+#include "editing/attribute_grid.h"
+#include "editing/grid_view.h"
 #include "editing/open_document.h"
-#include "korvel/grid/editable_grid.h"
 #include "korvel/grid/grid_error_reporter.h"
 #include "korvel/window/core/cwnd.h"
 #include "landxml/landxml_enumerations.h"
+#include "texts/program_texts.h"
 
 #include <functional>
 #include <string>
 #include <utility>
 
 namespace korvel::inspector {
-
-/// A grid over the two columns name and value, which share its width as the user has divided it.
-class AttributeGrid final : public CEditableGrid {
-public:
-    using CEditableGrid::CEditableGrid;
-    /// Hears of failures in place of a box; must outlive the grid.
-    void SetErrorReporter(IGridErrorReporter& reporter) { m_pErrorReporter = &reporter; }
-    /// To be called before a binding, and by the grid itself whenever its width changes.
-    void DivideWidth();
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
-
-    /// The document that is shown, or null: relative paths are meant from its file's folder.
-    void SetDocument(const OpenDocument* document) { m_document = document; }
-    bool OpenFile(CString path) override { return CEditableGrid::OpenFile(Absolute(path)); }
-    bool OpenFolder(CString path) override { return CEditableGrid::OpenFolder(Absolute(path)); }
-
-protected:
-    /// Red, as the default, looks like an error in a program that shows errors.
-    COLORREF GetFocusCellColor() override { return GetSysColor(COLOR_HIGHLIGHTTEXT); }
-
-private:
-    CString Absolute(const CString& path) const;
-
-    const OpenDocument* m_document = nullptr;
-    double m_nameShare = 0.4; // of the width
-    int m_dividedWidth = 0;
-};
 
 /// What can be done to the selected row; without one, to the document.
 struct RowAbilities {
@@ -69,6 +44,10 @@ public:
     void SetFailureHook(std::function<void(const std::string& message)> hook) {
         m_failureHook = std::move(hook);
     }
+    /// Called with what was done and cannot be seen.
+    void SetNoticeHook(std::function<void(const std::string& message)> hook) {
+        m_noticeHook = std::move(hook);
+    }
     RowAbilities SelectedRow() const;
     /// The object whose member the selected row shows, null without one, the member's name, and what its cell
     /// says.
@@ -86,8 +65,15 @@ public:
     bool Expand(const std::string& path);
     /// Selects the row of a member, with the groups around it open. Without effect when it is not shown.
     void Reveal(IMemberDispatch& object, const std::string& name);
+    // The columns as the user has divided them, under a key of the user's settings that ends in a separator.
+    void KeepColumns(const std::string& key) { m_grid.KeepColumns(key); }
+    void RestoreColumns(const std::string& key) { m_grid.RestoreColumns(key); }
     void ExpandAll() { m_grid.ExpandAll(); }
-    /// How many rows there are when all is expanded: those that can hold others, and those that cannot.
+    GridView View() const { return ViewOf(m_grid); }
+    /// After Show.
+    void Restore(const GridView& view) { inspector::Restore(m_grid, view); }
+    /// How many rows of the document there are when all is expanded: those that can hold others, and those
+    /// that cannot.
     struct Counts {
         std::size_t objects = 0;
         std::size_t members = 0;
@@ -96,9 +82,16 @@ public:
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 
+protected:
+    bool OnCommand(WPARAM wParam, LPARAM lParam) override;
+
 private:
     void Report(const std::string& caption, const std::string& message) override;
     void Select(int row);
+    /// Reveals a member that is a group, and opens it.
+    void OpenGroup(IMemberDispatch& object, const std::string& name);
+    void Copy(const std::string& text);
+    void Notify(const ProgramText& notice);
     HWND Field() const;
 
     EditObserver m_observer; // outlives the grid, as the next one
@@ -106,6 +99,7 @@ private:
     AttributeGrid m_grid;
     OpenDocument* m_document = nullptr;
     std::function<void(const std::string& message)> m_failureHook;
+    std::function<void(const std::string& message)> m_noticeHook;
 };
 
 } // namespace korvel::inspector

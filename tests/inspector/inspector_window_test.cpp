@@ -170,6 +170,25 @@ TEST_F(InspectorWindowTest, OpensWhatIsChosenAndKeepsItAmongTheRecentFiles) {
     EXPECT_EQ(RecentFiles(), std::vector{other});
 }
 
+TEST_F(InspectorWindowTest, OpensADocumentAsItWasLeft) {
+    const platform::ScratchStore store;
+    OpenSample();
+    const std::string path = m_folder.Path() / "sample.xml";
+    EXPECT_TRUE(m_window->OpenOrWarn(path));
+    EXPECT_EQ(Rows(), "a;Group one;Other;");
+    EXPECT_TRUE(m_window->Pane().Expand("Group one/Leaf deep/name"));
+    Grid().CollapseNode(Grid().NodeAtRow(3));
+    EXPECT_TRUE(m_window->OpenOrWarn(Write("other.xml", "<LandXML><Group name='one' b='2'/></LandXML>")));
+    EXPECT_EQ(Rows(), "Group one;") << "another document";
+    EXPECT_TRUE(m_window->OpenOrWarn(path));
+    EXPECT_EQ(Rows(), "a;Group one;name;Leaf deep/name;Other;");
+    EXPECT_TRUE(m_window->Pane().Expand("Other"));
+    EXPECT_TRUE(m_window->close());
+    m_window = std::make_unique<InspectorWindow>(ReadingOptions{});
+    EXPECT_TRUE(m_window->OpenOrWarn(path));
+    EXPECT_EQ(Rows(), "a;Group one;name;Leaf deep/name;Other;c;") << "the next run";
+}
+
 TEST_F(InspectorWindowTest, OpensWhatIsDroppedOnIt) {
     OpenSample();
     QMimeData data;

@@ -1,0 +1,68 @@
+#include "editing/attribute_grid.h"
+
+#include "korvel/platform/error.h"
+#include "korvel/window/core/registered_messages.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace korvel::inspector {
+
+namespace {
+
+constexpr double SmallestShare = 0.1;               // of a column
+enum StateEvent : unsigned { Read = 0, Write = 1 }; // of WM_DLG_STATE_REGISTRY
+
+} // namespace
+
+LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CEditableGrid::WindowProc(message, wParam, lParam);
+    const bool dragged = message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ENDTRACK;
+    const int width = GetClientRect().Width();
+    if (dragged)
+        TakeShare(GetColumnWidth(0), width);
+    // A scroll bar that comes while the user drags changes the height only.
+    if (dragged || (message == WM_SIZE && width != m_dividedWidth))
+        DivideWidth();
+    return result;
+}
+
+void AttributeGrid::TakeShare(int name, int width) {
+    if (width > 0)
+        m_nameShare = std::clamp(static_cast<double>(name) / width, SmallestShare, 1 - SmallestShare);
+}
+
+void AttributeGrid::SendState(unsigned event, const std::string& key) try {
+    SendMessageA(WM_DLG_STATE_REGISTRY, event, reinterpret_cast<LPARAM>(key.c_str()));
+} catch (const Error&) {
+    // a store that fails leaves the columns as they are
+}
+
+void AttributeGrid::KeepColumns(const std::string& key) {
+    SetColumnInfo({{0, GetColumnWidth(0)}, {1, GetColumnWidth(1)}});
+    SendState(Write, key);
+}
+
+void AttributeGrid::RestoreColumns(const std::string& key) {
+    SendState(Read, key);
+    TakeShare(GetColumnWidth(0), GetColumnWidth(0) + GetColumnWidth(1));
+    DivideWidth();
+}
+
+void AttributeGrid::DivideWidth() {
+    const int width = GetClientRect().Width();
+    const int name = static_cast<int>(std::lround(width * m_nameShare));
+    m_dividedWidth = width;
+    if (GetColumnCount() != 2) {
+        SetColumnInfo({{0, name}, {1, width - name}});
+        return;
+    }
+    SetColumnWidth(0, name);
+    SetColumnWidth(1, width - name);
+}
+
+CString AttributeGrid::Absolute(const CString& path) const {
+    return m_document ? CString(m_document->FileChooser().Absolute(path)) : path;
+}
+
+} // namespace korvel::inspector
