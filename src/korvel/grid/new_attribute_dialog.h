@@ -16,7 +16,10 @@ public:
     bool IsAdded() const { return m_isAdded; }
 
 protected:
-    void Accept() override { m_isAdded = m_pDisp->AddMember(GetName(), !IsWriteProtected(), GetValue()); }
+    // The object may have gone when it was asked about the name.
+    void Accept() override {
+        m_isAdded = m_object && m_pDisp->AddMember(GetName(), !IsWriteProtected(), GetValue());
+    }
     void OnOK() override {
         if (m_object)
             CDlgEditAttributs::OnOK();
