@@ -77,7 +77,7 @@ public:
 ///
 /// Names are compared exactly, byte by byte. An operation returns false when there is no such member; it then
 /// changes nothing and leaves its output as it was. All operations are called on the thread of the grid's
-/// window; the lists of commands and `OnCommand` are not called yet, as there is no context menu.
+/// window. The lists of commands are read when a context menu opens, and again when one of them was chosen.
 /// The order of the operations is fixed: hosts that were built apart agree on it.
 class KORVEL_API IMemberDispatch : public IDestroyValue {
 public:
@@ -147,13 +147,15 @@ public:
     /// Runs a command of the member's lists; with `id` 0, a click on a member that is a push button.
     virtual bool OnMemberCommand(const std::string& name, std::uint32_t id);
 
-    /// Appends the object's commands.
+    /// Appends the object's commands; asked with `EF_Commands`, as the further ones are.
     virtual void GetCommands(std::list<SCommand>& commands);
 
-    /// Appends the member's commands.
+    /// Appends the member's commands; asked with `MF_Commands`, as the further ones are. A menu holds 20
+    /// commands of a member and its object together; the others are left out. Kept: one with the id 0 is
+    /// shown and runs nothing.
     virtual void GetMemberCommands(const std::string& name, std::list<SCommand>& commands);
 
-    /// Appends further commands of the object, shown in a popup menu of their own.
+    /// Appends further commands of the object, shown after the others.
     virtual void GetExtraCommands(std::list<SCommand>& commands);
 
     /// Appends further commands of the member, shown in a popup menu of their own.
