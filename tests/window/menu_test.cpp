@@ -142,6 +142,7 @@ TEST_F(MenuTest, KeysAskForTheMenuOfTheWindow) {
              {"F10", false, WM_KEYDOWN, 0x79, ""}}) {
         display.PressKey(VK_SHIFT, shift);
         input::Key(asked.m_hWnd, message, key, "");
+        input::DispatchMessages(); // after the key
         EXPECT_EQ(std::exchange(asked.log, {}), log) << border;
     }
 }

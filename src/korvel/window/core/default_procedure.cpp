@@ -72,12 +72,16 @@ LRESULT AskForMenu(HWND window, LPARAM clientPoint) {
                         MAKELPARAM(screen.x, screen.y));
 }
 
-// Other displays report WM_CONTEXTMENU themselves.
-LRESULT AskForMenuByKey(HWND window, UINT message, WPARAM key) {
-    const bool isMenuKey = message == WM_KEYUP ? key == VK_APPS : key == VK_F10 && IsKeyDown(VK_SHIFT);
-    if (!isMenuKey || !Display().IsHeadless())
-        return 0;
-    return SendMessageA(window, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(window), MAKELPARAM(-1, -1));
+// The menu key is reported by displays with native widgets themselves, as WM_CONTEXTMENU; Shift+F10 is not.
+LRESULT AskForMenuByKey(const WindowRecord& record, UINT message, WPARAM key) {
+    const bool isHeadless = Display().IsHeadless();
+    const bool hasOwnMenu = !isHeadless && record.control && record.control->Kind() == view::Kind::Edit;
+    const bool isMenuKey = message == WM_KEYUP ? isHeadless && key == VK_APPS
+                                               : key == VK_F10 && IsKeyDown(VK_SHIFT) && !hasOwnMenu;
+    if (isMenuKey)
+        PostMessageA(record.handle, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(record.handle),
+                     MAKELPARAM(-1, -1));
+    return 0;
 }
 
 LRESULT OfferToControl(const WindowRecord& record, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -120,7 +124,7 @@ LRESULT DefWindowProcA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) 
             case WM_KEYUP:
             case WM_KEYDOWN:
             case WM_SYSKEYDOWN:
-                return AskForMenuByKey(window, message, wParam);
+                return AskForMenuByKey(record, message, wParam);
             case WM_CONTEXTMENU:
             case WM_MOUSEWHEEL:
                 return SendMessageA(record.parent, message, wParam, lParam);
