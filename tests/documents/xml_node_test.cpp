@@ -15,7 +15,7 @@ TEST(XmlNode, NestsAsTheObjectsDo) {
         road.GetAttributes().Set("id", 7);
         road.WriteOpeningTag();
         CXmlNode neverOpened(file, "Ghost");
-        CXmlNode width(file, "Width");
+        CXmlNode width(road, "Width");
         width.SetText("3 & 4");
         width.WriteOpeningTag();
     }

@@ -1,3 +1,4 @@
+#include "korvel/documents/xml_error.h"
 #include "korvel/documents/xml_tree.h"
 #include "korvel/platform/file_error.h"
 #include "support/scratch.h"
@@ -31,6 +32,16 @@ protected:
     std::string m_path = m_folder.Path() / "file.xml";
     bool m_isUnreadable = false;
 };
+
+TEST_F(XmlTree, HoldsAttributesAndElementsOfOneNameInTheirOrder) {
+    const XmlElement root = ReadXmlElement("<a><b c='&lt;&#228;\tx' d=''/>text<b><c/></b></a>");
+    ASSERT_EQ(root.children.size(), 2u);
+    EXPECT_EQ(root.text, "text");
+    EXPECT_EQ(root.children[0].attributes.at("c"), "<\xC3\xA4 x");
+    EXPECT_EQ(root.children[0].attributes.at("d"), "");
+    EXPECT_EQ(root.children[1].Child("c").name, "c");
+    EXPECT_THROW(ReadXmlElement("<a><b></a>"), XmlError);
+}
 
 TEST_F(XmlTree, SaysWhereTheFileIsWrong) {
     const std::pair<std::string, std::string> contents[] = {

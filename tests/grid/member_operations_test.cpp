@@ -428,6 +428,10 @@ TEST_F(MemberOperationsTest, PathsAreOpenedAndEveryRefusalIsTold) {
         EXPECT_EQ(command == GridCommand::OpenFile ? grid.OpenFile(path) : grid.OpenFolder("b"), isOpened);
         TakeBoxes();
     }
+    display.AnswerNextOpen(42);
+    SelectMember(point, "y");
+    Run(GridCommand::OpenFile);
+    EXPECT_EQ(display.OpenedPaths().back().path, "2,00") << "no file name: as it is shown";
 }
 
 TEST(TypeCommands, EachTargetHasACommandAndSourcesHaveAllOthers) {

@@ -214,6 +214,11 @@ TEST_F(EditTest, TheClipboardIsTheDisplays) {
         EXPECT_EQ(edit.GetWindowTextA(), textAfter) << border;
         EXPECT_EQ(display.ClipboardText(), clipboardAfter) << border;
     }
+    MakeEdit(0, "abcd");
+    edit.SetSel(0, -1);
+    display.AnswerNextClipboard({ClipboardAnswer::Outcome::NotOpened});
+    Press('X', {VK_CONTROL});
+    EXPECT_EQ(edit.GetWindowTextA(), "abcd") << "what the clipboard does not take stays";
 }
 
 TEST_F(EditTest, UndoTakesBackARunOfTypingAndItself) {

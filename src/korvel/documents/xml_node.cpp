@@ -113,6 +113,9 @@ CXmlNodeBase::CXmlNodeBase(std::ostream& stream, std::string name)
     CheckName(m_name);
 }
 
+CXmlNodeBase::CXmlNodeBase(const CXmlNodeBase& parent, std::string name)
+    : CXmlNodeBase(parent.m_stream, std::move(name)) {}
+
 CXmlNodeBase::~CXmlNodeBase() {
     if (!m_started)
         return;

@@ -53,7 +53,7 @@ private:
 ///     road.GetAttributes().Set("length", 12.5);
 ///     road.WriteOpeningTag();
 ///     {
-///         CXmlNode name(file, "Name");
+///         CXmlNode name(road, "Name");
 ///         name.SetText(EscapeXmlText("A & B"));
 ///         name.WriteOpeningTag();
 ///     }
@@ -81,6 +81,8 @@ public:
 
     /// Throws CXmlNodeException for a name that is empty or holds a space or one of "&'<>.
     CXmlNodeBase(std::ostream& stream, std::string name);
+    /// An element in another one, which must have been opened.
+    CXmlNodeBase(const CXmlNodeBase& parent, std::string name);
     CXmlNodeBase(const CXmlNodeBase&) = delete;
     CXmlNodeBase& operator=(const CXmlNodeBase&) = delete;
 

@@ -1,21 +1,12 @@
 #pragma once
 
+#include "korvel/documents/xml_element.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace korvel::internal {
-
-/// An element of a small document.
-struct XmlElement {
-    std::string name;
-    std::string text; ///< in UTF-8: all its characters, without those of the elements in it
-    std::vector<XmlElement> children;
-
-    /// The child of this name. \throws XmlSchemaError when there is none
-    const XmlElement& Child(std::string_view childName) const;
-};
 
 /// Reads a whole file of settings. Beside what XmlParser refuses, an element twice in another is refused, and
 /// an element inside one of those that hold a text.

@@ -1,5 +1,6 @@
 #include "korvel/grid/attribute_columns.h"
 
+#include "korvel/grid/column_record.h"
 #include "korvel/platform/first_failure.h"
 
 #include <utility>
@@ -44,6 +45,35 @@ void AttributeColumns::Remove() {
     for (int left = m_list.GetColumnCount(); left > 0; --left)
         failure.Try([&] { m_list.DeleteColumn(0); });
     failure.Rethrow();
+}
+
+int AttributeColumns::Count() const {
+    if (const int columns = m_list.GetColumnCount(); columns > 0)
+        return columns;
+    return m_layout.RowsAreObjects() ? static_cast<int>(m_layout.GetColumns().size()) : 2;
+}
+
+void AttributeColumns::Keep(int column, int width) {
+    if (column < 0 || column >= m_list.GetColumnCount())
+        return;
+    if (static_cast<std::size_t>(column) >= m_widths.size())
+        KeepWidths();
+    m_widths[static_cast<std::size_t>(column)].width = width;
+}
+
+void AttributeColumns::Apply(const std::vector<SColumnInfo>& columns) {
+    const auto count = static_cast<std::size_t>(Count());
+    const std::vector<SColumnInfo> usable = UsableColumns(columns, count);
+    if (usable.empty() || (usable.size() < count && m_widths.size() < count && !m_hasWidths))
+        return;
+    if (usable.size() == count)
+        m_widths.resize(count);
+    else if (m_widths.size() < count)
+        KeepWidths();
+    for (const SColumnInfo& info : usable)
+        m_widths[static_cast<std::size_t>(info.column)] = info;
+    for (const SColumnInfo& info : usable) // the notices of a column may change the widths that are kept
+        m_list.SetColumnWidth(info.column, info.width);
 }
 
 void AttributeColumns::KeepWidths() {

@@ -21,6 +21,15 @@ public:
     void Insert(const std::string& nameTitle, const std::string& valueTitle);
     /// To be called when the rows are there, by whose texts columns without a width are measured.
     void SetWidths();
+    /// How many there are, or will be when there are rows.
+    int Count() const;
+    /// What is kept of former bindings and of the user.
+    const std::vector<SColumnInfo>& Widths() const { return m_widths; }
+    /// The user has dragged a column; without effect for no such one.
+    void Keep(int column, int width);
+    /// Takes widths that were kept elsewhere: of each column the first, where that is from 0 to 32,767. Where
+    /// those of other columns are not known at all, nothing.
+    void Apply(const std::vector<SColumnInfo>& columns);
     /// Keeps the widths of SetWidths and of the user. \throws the first exception when all is done
     void Remove();
 

@@ -30,7 +30,7 @@ CEditableGrid::CEditableGrid(IObserverGrid* observer, IEnumContainer* enumeratio
     : MemberCommandGrid(observer, enumerations), m_pObserver(observer),
       m_binding(std::make_unique<Binding>(*this, observer)) {
     SetUpEditing(*m_binding, m_binding->frame);
-    SetUpExchange(m_binding->copies);
+    SetUpExchange(m_binding->copies, m_binding->columnState);
     SetUpCommands(m_binding->rows, *m_binding, m_binding->frame, observer);
 }
 

@@ -9,7 +9,6 @@
 #include <list>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace korvel {
 
@@ -73,8 +72,6 @@ public:
     void SetLayoutMultiColumn(const std::list<std::string>& columns);
     void SetLayoutSingleAttrColumn();
     const EGridLayout& GetGridLayout() const;
-    const std::vector<SColumnInfo>& GetColumnInfo() const { return m_ColumnInfo; }
-    void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
     /// All options are off at first; a change rewrites the cells that it concerns.
     void SetGridOption(EGridOption option, bool on);
     bool GetGridOption(EGridOption option) const { return m_options.Has(option); }
@@ -171,7 +168,6 @@ protected:
     EGridLayout m_Layout = eSingleAttrColumn; ///< not to be changed while an object is shown
     std::uint32_t m_ImageStyle = 0;
     std::uint32_t m_ImplementationDetails = 0;
-    std::vector<SColumnInfo> m_ColumnInfo;
     /// Hears of failures, under InlineErrors in place of the error box; null: none. Not owned; must outlive
     /// the grid.
     IGridErrorReporter* m_pErrorReporter = nullptr;

@@ -13,7 +13,8 @@ using namespace internal;
 
 CEditableGrid::Binding::Binding(CEditableGrid& grid, IObserverGrid* observer)
     : m_grid(grid), rows(*this, observer, grid.m_Layout), columns(grid, rows.layout, grid.m_ColumnInfo),
-      frame(grid, grid.m_pErrorReporter, grid.m_options), copies(grid, rows, *this, frame, grid.m_options) {}
+      frame(grid, grid.m_pErrorReporter, grid.m_options), copies(grid, rows, *this, frame, grid.m_options),
+      columnState(grid, rows, columns) {}
 
 bool CEditableGrid::Binding::IsChecked(IMemberDispatch* disp, const std::string& name) {
     const LossWatch noLoss = rows.WatchRows();

@@ -3,6 +3,7 @@
 #include "korvel/grid/attribute_columns.h"
 #include "korvel/grid/attribute_rows.h"
 #include "korvel/grid/clipboard_copies.h"
+#include "korvel/grid/column_state.h"
 #include "korvel/grid/editable_grid.h"
 #include "korvel/grid/edited_members.h"
 #include "korvel/grid/write_frame.h"
@@ -59,6 +60,7 @@ public:
     internal::AttributeColumns columns;
     internal::WriteFrame frame;
     internal::ClipboardCopies copies;
+    internal::ColumnState columnState;
 };
 
 } // namespace korvel

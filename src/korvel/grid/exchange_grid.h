@@ -11,16 +11,19 @@ namespace korvel {
 
 namespace internal {
 class ClipboardCopies;
+class ColumnState;
 } // namespace internal
 
 /// The code of the WM_COMMAND by which a grid under EGridOption::QuietCopy tells its parent that it has
 /// copied.
 inline constexpr UINT GridCopied = 23;
 
-/// What a CEditableGrid, which derives from it, hands out as text: cells, rows and trees for the clipboard.
+/// What a CEditableGrid, which derives from it, hands out: cells, rows and trees as text for the clipboard, and
+/// the widths of its columns for the next run.
 ///
 ///     grid.CopyClipboardLine(0);    // "length\t12,50 m"
 ///     grid.OnCopyClipboardRow();    // puts that of the selected row on the clipboard
+///     grid.SendMessageA(WM_DLG_STATE, 1, reinterpret_cast<LPARAM>(&state));   // writes the widths
 ///
 /// Cells are put together with tabs and rows with line feeds; a tab or the end of a line within a cell
 /// becomes one blank. The text of a value is asked of its object anew; a flag, a group and a member that is
@@ -54,13 +57,37 @@ public:
     /// The selected row with all below it; without one all rows.
     void OnCopyClipboardRecursive();
 
+    /// The widths of the columns as the user or a former binding left them, and those for the next one.
+    const std::vector<SColumnInfo>& GetColumnInfo() const { return m_ColumnInfo; }
+    void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
+
+    // The messages by which those widths are kept from run to run. What is read is given to the columns that
+    // there are, and otherwise to those of the next binding. Left out are unknown columns, a column that
+    // comes again, and widths that are not from 0 to 32,767. Each returns 0.
+    /// WM_DLG_STATE. With wParam 1 an element "Column" with POS and WIDTH is written for each column into the
+    /// element in lParam (CXmlNode*), which must have been opened. Otherwise they are read from the element in
+    /// lParam (const XmlElement*).
+    LRESULT OnDlgState(WPARAM wParam, LPARAM lParam);
+    /// WM_DLG_STATE_REGISTRY, as TDlgState sends it: lParam is a key of the user's settings (const char*). With
+    /// wParam 1 the widths are saved there, under the control id and the ident of the object that is shown.
+    /// Otherwise they are loaded, if they are as many as the columns. Nothing is said of a store that fails.
+    LRESULT OnRegistryDlgState(WPARAM wParam, LPARAM lParam);
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+
 protected:
     using CellEditGrid::CellEditGrid;
-    /// To be called once, when the grid is made; it must outlive its window.
-    void SetUpExchange(internal::ClipboardCopies& copies);
+    /// To be called once, when the grid is made; both must outlive its window.
+    void SetUpExchange(internal::ClipboardCopies& copies, internal::ColumnState& columnState);
+
+    /// The user has dragged a column (HDN_ENDTRACK): its width is the one in the notice.
+    void OnHdnEndtrack(NMHDR* header, LRESULT* result);
+    bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+
+    std::vector<SColumnInfo> m_ColumnInfo;
 
 private:
     internal::ClipboardCopies* m_copies = nullptr;
+    internal::ColumnState* m_columnState = nullptr;
 };
 
 } // namespace korvel

@@ -48,7 +48,7 @@ public:
     void OnChange2StringType() { OnChangeType(DT_String); }
     void OnChange2AngleFloatType() { OnChangeType(DT_AngleFloat); }
     void OnChange2AngleDoubleType() { OnChangeType(DT_AngleDouble); }
-    /// Opens the file that the text of the member names.
+    /// Opens the file that the member names: by the Text of a file name, else by the user-facing text.
     void OnOpenFile();
     /// Opens the folder of that file; "." is the folder of a bare name.
     void OnOpenFolder();

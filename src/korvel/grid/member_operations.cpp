@@ -117,10 +117,14 @@ std::optional<std::string> MemberOperations::FindPath() {
     const ChosenMember member = SelectedValue(m_grid, m_rows);
     if (!member)
         return std::nullopt;
-    CVariantValue value;
-    bool isRead = false;
-    m_frame.RunOutside([&] { isRead = member.disp->GetMember(member.name, value); });
-    return isRead ? std::optional(value.Text) : std::nullopt;
+    const ObjectWatch object(m_rows, member.disp);
+    std::optional<std::string> path;
+    m_frame.RunOutside([&] {
+        CVariantValue value;
+        if (member.disp->GetMember(member.name, value) && object)
+            path = value.Type == DT_FileName ? value.Text : value.ToText();
+    });
+    return path;
 }
 
 } // namespace korvel::internal

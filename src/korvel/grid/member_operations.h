@@ -42,7 +42,8 @@ public:
     void ToggleWriteProtection();
     /// An undoable step.
     void ChangeType(EDataTyps target);
-    /// The text of a member that names a file, which may be empty; nothing when it cannot be read.
+    /// The path that a member names: the Text of a file name, of any other value its user-facing text, which
+    /// may be empty. Nothing when it cannot be read.
     std::optional<std::string> FindPath();
 
 private:

@@ -30,7 +30,6 @@ using internal::DateFormatRecord;
 using internal::FirstFailure;
 using internal::NumberFormat;
 using internal::NumberRecord;
-using internal::XmlElement;
 
 template <typename Record>
 struct SavedRecord {

@@ -39,8 +39,8 @@ void UseMember(Member member) {
 
 // Never called: it is enough that it links.
 void UseExportedClasses() {
-    UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlError, XmlFileError,
-           XmlParser, XmlReason, XmlScanner, XmlSchemaError>();
+    UseAll<CXmlAttributeSet, CXmlNode, CXmlNodeBase, CXmlNodeBase::CXmlNodeException, XmlElement, XmlError,
+           XmlFileError, XmlParser, XmlReason, XmlScanner, XmlSchemaError>();
     UseAll<CColorAplhaDlg, CColorDialog, mfcSharedCtrls::CColoredButton, CWndItem>();
     UseAll<CComboList, CGridCtrlComboBoxButton, CGridCtrlComboBoxEdit, CGridCtrlDateTime, CGridCtrlEdit,
            CGridCtrlSpinButton, CTooltippBitmap, CTreeHelper, CTreeHelper::SNode, ComboTreeItem,
