@@ -40,8 +40,7 @@ void MemberOperations::Add(const AttributeOffer& offer) {
                                   offer.canBeProtected, CWnd::FromHandle(m_grid.m_hWnd));
         dialog.SetOptions(offer.options);
         dialog.DoModal();
-        if (dialog.IsAdded() && object && m_observer)
-            m_observer->OnAdd(disp, nullptr, dialog.GetName(), dialog.GetValue());
+        dialog.RethrowOfObserver();
     });
 }
 

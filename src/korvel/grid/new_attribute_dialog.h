@@ -2,6 +2,7 @@
 
 #include "korvel/dialogs/dlg_edit_attributs.h"
 #include "korvel/grid/object_watch.h"
+#include "korvel/platform/first_failure.h"
 
 namespace korvel::internal {
 
@@ -13,12 +14,16 @@ public:
     explicit NewAttributeDialog(const ObjectWatch& object, Arguments&&... arguments)
         : CDlgEditAttributs(std::forward<Arguments>(arguments)...), m_object(object) {}
 
-    bool IsAdded() const { return m_isAdded; }
+    /// What the observer threw when it was told of the member, which is there all the same.
+    void RethrowOfObserver() { m_observerFailure.Rethrow(); }
 
 protected:
-    // The object may have gone when it was asked about the name.
+    // The observer is told at once: when the dialog closes, the host may bind the grid anew. The object may have
+    // gone when it was asked about the name.
     void Accept() override {
-        m_isAdded = m_object && m_pDisp->AddMember(GetName(), !IsWriteProtected(), GetValue());
+        if (m_object && m_pDisp->AddMember(GetName(), !IsWriteProtected(), GetValue()) && m_object &&
+            m_pObserver)
+            m_observerFailure.Try([this] { m_pObserver->OnAdd(m_pDisp, nullptr, GetName(), GetValue()); });
     }
     void OnOK() override {
         if (m_object)
@@ -34,7 +39,7 @@ protected:
 
 private:
     const ObjectWatch& m_object;
-    bool m_isAdded = false;
+    FirstFailure m_observerFailure;
 };
 
 } // namespace korvel::internal
