@@ -216,17 +216,24 @@ void InspectorWindow::Reload() {
 }
 
 void InspectorWindow::OnFileChanged() {
-    if (!m_document || m_document->File().GetState() != DocumentFile::State::Changed ||
-        !MayReload(Said(TheProgramTexts.changedAndUnsaved)))
+    if (!m_document)
+        return;
+    const DocumentFile::State state = m_document->File().GetState();
+    if (state == DocumentFile::State::AsKnown)
+        statusBar()->clearMessage(); // it may have been unreadable before
+    if (state != DocumentFile::State::Changed || !MayReload(Said(TheProgramTexts.changedAndUnsaved)))
         return;
     const QString name = NameOfFile(*m_document);
+    const std::string path = m_document->File().Path() + ": "; // with which the reason begins
     m_boxes.Try([&] {
         try {
             ReadAgain();
             statusBar()->showMessage(Said(TheProgramTexts.reloaded).arg(name), MessageTime);
         } catch (const DocumentError& error) {
+            const std::string& text = error.Utf8Text();
+            const std::string reason = text.starts_with(path) ? text.substr(path.size()) : text;
             statusBar()->showMessage(
-                Said(TheProgramTexts.notReloaded).arg(name, QString::fromStdString(error.Utf8Text())));
+                Said(TheProgramTexts.notReloaded).arg(name, QString::fromStdString(reason)));
         }
     });
 }

@@ -78,9 +78,8 @@ struct ProgramTexts {
     ProgramText reloaded = {"“%1” has been changed by another program and was reloaded.",
                             "„%1“ ist von einem anderen Programm geändert und neu geladen worden."};
     ProgramText notReloaded = {
-        "“%1” has been changed by another program and cannot be reloaded; this is the document as it was. %2",
-        "„%1“ ist von einem anderen Programm geändert worden und nicht neu zu laden; gezeigt wird der "
-        "bisherige Stand. %2"}; // %2: why
+        "“%1” has been changed, but cannot be read; the former document is shown: %2",
+        "„%1“ ist geändert worden, aber nicht lesbar; gezeigt wird der bisherige Stand: %2"}; // %2: why
     ProgramText landXmlFiles = {"LandXML files", "LandXML-Dateien"};
     ProgramText allFiles = {"All files", "Alle Dateien"};
     ProgramText invitation = {"No file is open.\n\nChoose File > Open… or drop a LandXML file here.",

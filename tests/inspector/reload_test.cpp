@@ -93,10 +93,15 @@ TEST_F(ReloadTest, KeepsOpenGroupsSelectionAndTheRowsInSight) {
 TEST_F(ReloadTest, LeavesTheDocumentAloneWhere) {
     m_window->Pane().Expand("Line 30");
     Write("<LandXML>");
-    EXPECT_TRUE(
-        QTest::qWaitFor([this] { return Message().contains(QStringLiteral("cannot be reloaded")); }, 3000))
+    EXPECT_TRUE(QTest::qWaitFor(
+        [this] {
+            return Message().contains(QStringLiteral("cannot be read; the former document is shown: line 1"));
+        },
+        3000))
         << "the new one is refused";
     EXPECT_EQ(LengthOf("30"), "1");
+    Write(Sample());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return Message().isEmpty(); }, 3000)) << "it is as it was";
     Write(Sample("", "2"));
     EXPECT_TRUE(WaitForLength("30", "2"));
 
