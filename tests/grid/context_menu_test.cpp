@@ -194,6 +194,21 @@ TEST_F(ContextMenuTest, AnObjectThatThrowsOffersNothingAndOneThatGoesEndsTheMenu
     }
 }
 
+TEST_F(ContextMenuTest, AListThatBreaksOffIsNotOffered) {
+    struct BreakingOff : HostObject {
+        void GetCommands(std::list<SCommand>& list) override {
+            list = Commands({"half"});
+            throw std::runtime_error("of the host");
+        }
+    } half;
+    half.SetEditFlags(EF_Commands);
+    half.extraCommands = Commands({"last"});
+    tree.rows.Unbind();
+    tree.rows.Bind(&half, [] {});
+    EXPECT_EQ(MenuOf("", NoFormats), "15021 last;");
+    tree.rows.Unbind();
+}
+
 /// The menu over a grid.
 class GridMenuTest : public GermanMachine, protected GridWindows {
 protected:
@@ -260,7 +275,7 @@ TEST_F(GridMenuTest, ACommandRunsForTheRowThatWasClicked) {
              {"beside the rows", blank, 15022, -1, "commands  extras  run 12 "},
              {"new, beside the rows", blank, 15041, -1, "adding?  "}}) {
         Select(grid, 4);
-        grid.SetItemState(3, LVIS_SELECTED, LVIS_SELECTED);
+        grid.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED); // a list keeps both when one is clicked
         display.AnswerNext(command);
         RightClick(at);
         EXPECT_EQ(SelectedRow(grid), selected) << border;
@@ -298,6 +313,18 @@ TEST_F(GridMenuTest, WhatWasClickedIsMeantAlsoWhenTheRowsAreOthersByThen) {
             EXPECT_EQ(Run(), called) << border << (isOpen ? ", open" : ", chosen");
         }
     }
+    grid.Clear();
+    grid.Initialize(&root, "Name", "Value", 0);
+    display.AnswerNext(15041);
+    RightClick({100, Middle(8)});
+    grid.Clear();
+    grid.Initialize(&root, "Name", "Value", 0);
+    EXPECT_EQ(Run(), "adding?  ") << "beside the rows of the same object";
+    display.AnswerNext(15041);
+    RightClick({100, Middle(8)});
+    grid.Clear();
+    grid.Initialize(&point, "Name", "Value", 0);
+    EXPECT_EQ(Run(), "") << "of another one";
 }
 
 TEST_F(GridMenuTest, TheColumnThatWasClickedIsMeant) {
