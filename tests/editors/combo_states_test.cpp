@@ -133,7 +133,7 @@ TEST_F(ComboStatesTest, ARowWhoseSelectionIsRefusedIsNeitherCurrentNorTaken) {
             Do(act);
             frame.refuses = nullptr;
             EXPECT_EQ(Current(), "a");
-            EXPECT_EQ(shown.calls.find("2"), CString::npos) << shown.calls;
+            EXPECT_EQ(shown.calls.find('2'), CString::npos) << shown.calls;
         }
 }
 

@@ -113,7 +113,9 @@ TEST(SourceFile, UnpacksGzip) {
     for (int i = 0; i < 100'000; ++i)
         large += std::to_string(i);
     const std::string two = Pack(large) + Pack("</a>");
-    const std::string bomb = Pack("<a>" + std::string(20'000'000, ' ') + "</a>");
+    std::string blanks;
+    blanks.resize(20'000'000, ' ');
+    const std::string bomb = Pack("<a>" + blanks + "</a>");
     std::string damaged = two;
     damaged[damaged.size() / 2] ^= 1;
     const std::tuple<const char*, std::string, const char*> files[] = {

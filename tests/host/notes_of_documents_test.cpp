@@ -29,7 +29,7 @@ protected:
     DocumentNotesTest() { SetLanguageForThisRun("German"); }
 
     std::string Write(const std::string& content) {
-        const std::string path = m_store.Path() / "plan.xml";
+        std::string path = m_store.Path() / "plan.xml";
         std::ofstream(path) << "<LandXML xmlns='http://www.landxml.org/schema/LandXML-1.2' version='1.2'>"
                             << content << "</LandXML>";
         return path;

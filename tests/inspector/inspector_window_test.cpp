@@ -37,7 +37,7 @@ protected:
     }
 
     std::string Write(const char* name, const char* text) {
-        const std::string path = m_folder.Path() / name;
+        std::string path = m_folder.Path() / name;
         std::ofstream(path) << text;
         return path;
     }
