@@ -1,6 +1,7 @@
 #include "editing/attribute_grid.h"
 
 #include "korvel/platform/error.h"
+#include "korvel/platform/settings_store.h"
 #include "korvel/window/core/registered_messages.h"
 
 #include <algorithm>
@@ -33,6 +34,8 @@ void AttributeGrid::TakeShare(int name, int width) {
 }
 
 void AttributeGrid::SendState(unsigned event, const std::string& key) try {
+    if (event == Write) // the grid makes no key
+        platform::CreateKey(platform::SettingsRoot::User, key);
     SendMessageA(WM_DLG_STATE_REGISTRY, event, reinterpret_cast<LPARAM>(key.c_str()));
 } catch (const Error&) {
     // a store that fails leaves the columns as they are
