@@ -27,8 +27,7 @@ inline constexpr UINT GridCopied = 23;
 ///
 /// Cells are put together with tabs and rows with line feeds; a tab or the end of a line within a cell
 /// becomes one blank. The text of a value is asked of its object anew; a flag, a group and a member that is
-/// missing have none. Text stands for whatever the object says at that time: where it removes rows meanwhile,
-/// the copy is given up.
+/// missing have none. Where the object removes rows while it is asked, the copy is given up.
 class KORVEL_API ExchangeGrid : public CellEditGrid {
 public:
     ~ExchangeGrid() override;
