@@ -57,7 +57,7 @@ std::string DocumentFileChooser::Absolute(const std::string& path) const {
         const std::size_t root = address.find('/', FileScheme.size()); // after the name of a machine
         return root == std::string::npos ? path : AsText(WithoutPercents(address.substr(root)));
     }
-    const std::string absolute = IsRelative(path) ? m_folder + path : path;
+    std::string absolute = IsRelative(path) ? m_folder + path : path;
     if (path.find('%') == std::string::npos || path.find("://") != std::string::npos)
         return absolute;
     std::error_code failure;
