@@ -51,7 +51,8 @@ protected:
     }
 
     std::string MenuOf(const char* member, const MenuPermissions& allowed) {
-        const auto target = internal::TargetOf(*member ? tree.rows.Find(&root, member) : nullptr, tree.rows);
+        const auto target =
+            internal::TargetOf(*member ? tree.rows.Find(&root, member) : nullptr, 1, tree.rows);
         CMenu menu;
         menu.CreatePopupMenu();
         return FillContextMenu(menu, tree.rows, target, allowed) ? Written(menu) : "gone";
@@ -270,7 +271,6 @@ TEST_F(GridMenuTest, ACommandRunsForTheRowThatWasClicked) {
               "flags x commands of x extras of x commands  extras  run 11 "},
              {"of the group", Label(0), 15025, 0,
               "flags p commands of p extras of p commands  extras  run 12 "},
-             {"no such one", Label(1), 15026, 1, "flags x commands of x extras of x commands  extras  "},
              {"new, in the group", Label(0), 15041, 0, "adding?  "},
              {"beside the rows", blank, 15022, -1, "commands  extras  run 12 "},
              {"new, beside the rows", blank, 15041, -1, "adding?  "}}) {
@@ -282,6 +282,9 @@ TEST_F(GridMenuTest, ACommandRunsForTheRowThatWasClicked) {
         EXPECT_EQ(Run(), called) << border;
         EXPECT_EQ(grid.SendMessageA(LVM_GETSELECTEDCOUNT), selected == -1 ? 0 : 1) << border;
     }
+    Select(grid, 1);
+    grid.SendMessageA(WM_COMMAND, 15026);
+    EXPECT_EQ(Run(), "");
     EXPECT_EQ(parent.asked, "") << "the menu was the grid's";
 }
 
@@ -339,6 +342,49 @@ TEST_F(GridMenuTest, TheColumnThatWasClickedIsMeant) {
     display.MovePointer({150, Middle(0)});
     EXPECT_EQ(Run().substr(0, 6), "get y ");
     EXPECT_EQ(grid.GetCurrentColumn(), 2);
+
+    const auto offers = [&](int column) {
+        display.AnswerNext(0);
+        RightClick({column * 100 + 50, Middle(0)});
+        std::string texts;
+        for (const MenuEntry& entry : display.ShownMenus().back())
+            texts += entry.text + ";";
+        return texts;
+    };
+    for (HostObject* object : {&root, &point})
+        object->SetEditFlags(0);
+    root.memberFlags = 0;
+    point.memberFlags = MF_File | MF_ChangeType | MF_Delete;
+    point.RemoveMember("y");
+    point.With("y", Whole(DT_Int, 2));
+    EXPECT_EQ(offers(1), "Open;Open folder;;<Double> \xE4ndern in;");
+    EXPECT_EQ(offers(2), "Open;Open folder;;<Integer> \xE4ndern in;");
+    EXPECT_EQ(offers(0), "Open;Open folder;") << "no member of the object";
+    root.memberFlags = MF_File | MF_ChangeType | MF_Delete;
+    point.memberFlags = 0;
+    EXPECT_EQ(offers(1), "Delete;") << "of the object itself";
+}
+
+TEST_F(GridMenuTest, AGridThatRunsACommandItselfFindsSelectedWhatWasClicked) {
+    struct OwnDelete : CEditableGrid {
+        using CEditableGrid::CEditableGrid;
+        bool OnCommand(WPARAM wParam, LPARAM lParam) override {
+            if (wParam != 15042)
+                return CEditableGrid::OnCommand(wParam, lParam);
+            deleted += std::to_string(SelectedRow(*this)) + " ";
+            return true;
+        }
+        std::string deleted;
+    } own{&observer, nullptr};
+    own.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 106);
+    own.Initialize(&root, "Name", "Value", 0);
+    display.AnswerNext(15042);
+    input::Mouse(own.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, Label(1));
+    Select(own, 2);
+    Run();
+    Select(own, 2);
+    own.SendMessageA(WM_COMMAND, 15042);
+    EXPECT_EQ(own.deleted, "1 2 ");
 }
 
 TEST_F(GridMenuTest, KeysOpenItAtTheSelectedRow) {

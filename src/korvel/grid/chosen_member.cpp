@@ -10,20 +10,23 @@ IMemberDispatch* OwnerOf(const AttributeRows& rows, const grid::CTreeItem& node)
     return node.parent() ? node.parent()->info->disp : rows.GetRoot();
 }
 
+} // namespace
+
 ChosenMember MemberOf(const grid::CTreeItem* row, const AttributeRows& rows) {
     return row && row->info ? ChosenMember{OwnerOf(rows, *row), row->info->text} : ChosenMember();
 }
 
-} // namespace
+ChosenMember ValueIn(const grid::CTreeItem* row, int column, const AttributeRows& rows) {
+    return rows.layout.RowsAreObjects() ? ChosenMember{rows.ObjectOf(row), rows.layout.NameOf(column)}
+                                        : MemberOf(row, rows);
+}
 
 ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& rows) {
     return MemberOf(grid.GetSelectedNode(), rows);
 }
 
 ChosenMember SelectedValue(const CSuperGridCtrl& grid, const AttributeRows& rows) {
-    if (!rows.layout.RowsAreObjects())
-        return SelectedMember(grid, rows);
-    return {rows.ObjectOf(grid.GetSelectedNode()), rows.layout.NameOf(grid.GetCurrentColumn())};
+    return ValueIn(grid.GetSelectedNode(), grid.GetCurrentColumn(), rows);
 }
 
 ChosenMember LabelOf(const grid::CTreeItem* row, const AttributeRows& rows) {

@@ -14,12 +14,16 @@ struct ChosenMember {
     std::string name{};
 
     explicit operator bool() const { return disp != nullptr; }
+    bool operator==(const ChosenMember&) const = default;
 };
 
-/// The selected row as a member of the object above it, in both layouts.
+/// A row as a member of the object above it, in both layouts; none for null.
+ChosenMember MemberOf(const grid::CTreeItem* row, const AttributeRows& rows);
+/// The member whose value a row shows; where a row is an object, in one of its columns.
+ChosenMember ValueIn(const grid::CTreeItem* row, int column, const AttributeRows& rows);
+/// MemberOf the selected row.
 ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& rows);
-/// The member whose value the selected row shows; where a row is an object, that of the focused column, which
-/// the click that opens the context menu focuses.
+/// ValueIn the selected row and the focused column, which the click that opens the context menu focuses.
 ChosenMember SelectedValue(const CSuperGridCtrl& grid, const AttributeRows& rows);
 /// What the label of a row names; where a row is an object, that one by its own name. None for null.
 ChosenMember LabelOf(const grid::CTreeItem* row, const AttributeRows& rows);

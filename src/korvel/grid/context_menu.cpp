@@ -68,25 +68,42 @@ private:
     bool m_isSeparated = false;
 };
 
+struct MemberFacts {
+    EDataTyps type = DT_Void;
+    std::uint32_t flags = 0;
+};
+
 // What the host said.
 struct Facts {
-    std::uint32_t memberFlags = 0;
-    EDataTyps type = DT_Void;
+    MemberFacts member;
+    MemberFacts value;
     bool isEditable = true;
     std::uint32_t editFlags = 0;
 };
 
-bool ReadMemberFacts(const MenuTarget& target, const MenuPermissions& allowed, const TargetWatch& isThere,
-                     Facts& facts) {
+bool ReadFacts(IMemberDispatch& disp, const std::string& name, const TargetWatch& isThere,
+               MemberFacts& facts) {
     CVariantValue value;
-    ReadMember(*target.owner, target.name, value);
+    ReadMember(disp, name, value);
     facts.type = value.Type;
     if (!isThere)
         return false;
-    facts.memberFlags = ReadOr(0u, [&] { return target.owner->GetMemberFlags(target.name); });
-    if (isThere && allowed.edit && (facts.memberFlags & MF_WriteProtect))
-        facts.isEditable = ReadMemberEditable(*target.owner, target.name);
+    facts.flags = ReadOr(0u, [&] { return disp.GetMemberFlags(name); });
     return bool(isThere);
+}
+
+bool ReadMemberFacts(const MenuTarget& target, const MenuPermissions& allowed, const TargetWatch& isThere,
+                     Facts& facts) {
+    if (!ReadFacts(*target.owner, target.name, isThere, facts.member))
+        return false;
+    if (allowed.edit && (facts.member.flags & MF_WriteProtect))
+        facts.isEditable = ReadMemberEditable(*target.owner, target.name);
+    if (target.value == ChosenMember{target.owner, target.name}) {
+        facts.value = facts.member;
+        return bool(isThere);
+    }
+    return isThere &&
+           (!target.value || ReadFacts(*target.value.disp, target.value.name, isThere, facts.value));
 }
 
 void AddCommands(MenuWriter& menu, const ObjectCommands& commands, ObjectCommands::Line::List list) {
@@ -108,8 +125,8 @@ void AddTypes(MenuWriter& menu, EDataTyps type) {
 
 void AddMember(MenuWriter& menu, const MenuTarget& target, const MenuPermissions& allowed,
                const Facts& facts) {
-    const std::uint32_t flags = facts.memberFlags;
-    if (flags & MF_File)
+    const std::uint32_t flags = facts.member.flags;
+    if (facts.value.flags & MF_File)
         for (const Entry& entry : FileEntries)
             menu.Add(entry);
     menu.Separate();
@@ -120,15 +137,15 @@ void AddMember(MenuWriter& menu, const MenuTarget& target, const MenuPermissions
         });
     if (allowed.remove && (flags & MF_Delete))
         menu.Add(DeleteEntry);
-    const bool hasFreeName = target.isGroup ? facts.editFlags & EF_Rename : facts.type != DT_Group;
+    const bool hasFreeName = target.isGroup ? facts.editFlags & EF_Rename : facts.member.type != DT_Group;
     if (allowed.rename && (flags & (MF_Rename | MF_Change)) && hasFreeName)
         menu.Add(flags & MF_Rename ? RenameEntry : ChangeEntry);
     if (allowed.edit && (flags & MF_WriteProtect)) {
         menu.Separate();
         menu.Add(ProtectEntry, facts.isEditable ? MF_UNCHECKED : MF_CHECKED);
     }
-    if (allowed.changeType && (flags & MF_ChangeType))
-        AddTypes(menu, facts.type);
+    if (allowed.changeType && (facts.value.flags & MF_ChangeType))
+        AddTypes(menu, facts.value.type);
 }
 
 } // namespace
@@ -139,7 +156,7 @@ bool FillContextMenu(CMenu& menu, const AttributeRows& rows, const MenuTarget& t
     ObjectCommands commands(rows, target);
     Facts facts;
     if (target.owner &&
-        (!ReadMemberFacts(target, allowed, isThere, facts) || !commands.AddMember(facts.memberFlags)))
+        (!ReadMemberFacts(target, allowed, isThere, facts) || !commands.AddMember(facts.member.flags)))
         return false;
     if (target.object) {
         facts.editFlags = ReadOr(0u, [&] { return target.object->GetEditFlags(); });

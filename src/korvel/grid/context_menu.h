@@ -24,7 +24,7 @@ struct MenuPermissions {
 ///
 ///     CMenu menu;
 ///     menu.CreatePopupMenu();
-///     if (FillContextMenu(menu, rows, TargetOf(row, rows), {}))
+///     if (FillContextMenu(menu, rows, TargetOf(row, 1, rows), {}))
 ///         menu.TrackPopupMenu(TPM_RIGHTBUTTON, x, y, &grid);
 ///
 /// False, and the menu is to be thrown away, when the host has taken away what it is about.

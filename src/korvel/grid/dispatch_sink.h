@@ -8,7 +8,8 @@
 namespace korvel::internal {
 
 /// What a host calls to tell a grid of changes to one object that it shows; each call goes as a record
-/// (grid/sink_records.h) to the grid's window, which runs the operation of the same name. Any thread.
+/// (grid/sink_records.h) to the grid's window, which runs the operation of the same name. A grid without a
+/// window hears nothing. Any thread.
 class IOpenGLDispatchSinkImp : public IObserverGridSink {
 public:
     /// `disp`: null for whatever object the grid is bound to. `window`: the grid's; must outlive the sink.

@@ -18,8 +18,8 @@ class ColumnState;
 /// copied.
 inline constexpr UINT GridCopied = 23;
 
-/// What a CEditableGrid, which derives from it, hands out: cells, rows and trees as text for the clipboard, and
-/// the widths of its columns for the next run.
+/// The base of CEditableGrid with what it hands out: cells, rows and trees as text for the clipboard, and the
+/// widths of its columns for the next run.
 ///
 ///     grid.CopyClipboardLine(0);    // "length\t12,50 m"
 ///     grid.OnCopyClipboardRow();    // puts that of the selected row on the clipboard
@@ -47,7 +47,7 @@ public:
     void CopyToClipboard(const CString& text);
 
     // What the user copies, each also as a GridCommand. What is being edited ends first; refused, nothing is
-    // copied. The user is told of a copy in a box, or under QuietCopy by whoever hears GridCopied.
+    // copied. A box tells the user of a copy; under QuietCopy only the parent hears of it, by GridCopied.
     /// The cell of the selected row in the current column.
     void OnCopyClipboardValue();
     /// The cells of the current column, of all rows of the list.
@@ -60,9 +60,9 @@ public:
     const std::vector<SColumnInfo>& GetColumnInfo() const { return m_ColumnInfo; }
     void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
 
-    // The messages by which those widths are kept from run to run. What is read is given to the columns that
-    // there are, and otherwise to those of the next binding. Left out are unknown columns, a column that
-    // comes again, and widths that are not from 0 to 32,767. Each returns 0.
+    // The messages by which those widths are kept from run to run. What is read goes to the columns that the
+    // grid has, without columns to those of the next binding. Unknown columns, a column that comes again, and
+    // widths that are not from 0 to 32,767 are left out. Each returns 0.
     /// WM_DLG_STATE. With wParam 1 an element "Column" with POS and WIDTH is written for each column into the
     /// element in lParam (CXmlNode*), which must have been opened. Otherwise they are read from the element in
     /// lParam (const XmlElement*).

@@ -3,6 +3,7 @@
 #include "korvel/grid/cell_edit_grid.h"
 #include "korvel/grid/seen_cell.h"
 #include "korvel/grid/write_frame.h"
+#include "korvel/window/app/app.h"
 #include "korvel/window/menu/menu.h"
 
 #include <algorithm>
@@ -74,8 +75,10 @@ void GridContextMenu::Select(int row) {
 }
 
 bool GridContextMenu::Open(const grid::CTreeItem* node, CPoint client, const MenuPermissions& allowed) {
+    const ModuleStateGuard guard;
+    m_choice.reset(); // of a command that has not come
     const HWND window = m_grid.m_hWnd;
-    const MenuTarget target = TargetOf(node, m_rows);
+    const MenuTarget target = TargetOf(node, m_grid.currentColumn, m_rows);
     std::unique_ptr<Choice> choice(
         new Choice{window, 0, node, m_rows.GetRoot(), target, m_grid.currentColumn, m_rows.WatchRows()});
     CMenu menu;
@@ -123,7 +126,7 @@ void GridContextMenu::RunObjectCommand(unsigned number) {
     if (!m_grid.EndEdit())
         return;
     m_frame.RunOutside([&] {
-        const MenuTarget target = TargetOf(m_grid.GetSelectedNode(), m_rows);
+        const MenuTarget target = TargetOf(m_grid.GetSelectedNode(), m_grid.currentColumn, m_rows);
         ObjectCommands::Run(m_rows, target, number);
     });
 }

@@ -30,13 +30,15 @@ public:
     bool OpenAt(CPoint point, const MenuPermissions& allowed);
     /// Below the selected row, which is scrolled into view; without one at the top.
     bool OpenAtSelection(const MenuPermissions& allowed);
-    /// Instead, for a press that was refused.
+    /// In place of OpenAt, for a press that was refused.
     void SkipPress() { m_hasTakenPress = true; }
+    /// For each press first: the release of the one before may have gone elsewhere.
+    void BeginPress() { m_hasTakenPress = false; }
     /// Whether a press has opened a menu or was refused, so that its release asks for none; once.
     bool TakeRelease() { return std::exchange(m_hasTakenPress, false); }
 
-    /// To be called with each command before it runs: selects again what a chosen one was about. False: that
-    /// is gone, and nothing is to be done.
+    /// To be called with each command before anybody runs it: selects again what a chosen one was about.
+    /// False: that is gone, and nothing is to be done.
     bool SelectFor(unsigned command);
     /// Runs a command of the objects for the selected row, beside the rows for the root.
     void RunObjectCommand(unsigned number);

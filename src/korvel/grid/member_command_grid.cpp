@@ -59,6 +59,10 @@ LRESULT MemberCommandGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam
     } else if (message == WM_RBUTTONUP && m_parts->menu.TakeRelease()) {
         return 0;
     }
+    if (message == WM_COMMAND && lParam == 0 && !SelectFor(LOWORD(wParam)))
+        return 0;
+    if (message == WM_RBUTTONDOWN)
+        m_parts->menu.BeginPress();
     const LRESULT result = ExchangeGrid::WindowProc(message, wParam, lParam);
     if (message == WM_RBUTTONDOWN && WasPressRefused(window))
         m_parts->menu.SkipPress();
@@ -101,10 +105,13 @@ bool MemberCommandGrid::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam
     return ExchangeGrid::OnChildNotify(message, wParam, lParam, result);
 }
 
+bool MemberCommandGrid::SelectFor(unsigned command) {
+    const ModuleStateGuard guard;
+    return m_parts->menu.SelectFor(command);
+}
+
 bool MemberCommandGrid::OnCommand(WPARAM wParam, LPARAM lParam) {
     const ModuleStateGuard guard;
-    if (lParam == 0 && !m_parts->menu.SelectFor(LOWORD(wParam)))
-        return true;
     return (lParam == 0 && RunCommand(static_cast<GridCommand>(LOWORD(wParam)))) ||
            ExchangeGrid::OnCommand(wParam, lParam);
 }

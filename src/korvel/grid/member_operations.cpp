@@ -3,7 +3,7 @@
 #include "korvel/grid/chosen_member.h"
 #include "korvel/grid/member_reads.h"
 #include "korvel/grid/new_attribute_dialog.h"
-#include "korvel/grid/object_watch.h"
+#include "korvel/grid/object_commands.h"
 #include "korvel/grid/write_frame.h"
 #include "korvel/values/text_table.h"
 #include "korvel/values/type_names.h"
@@ -26,10 +26,7 @@ std::string TextOf(const CVariantValue& value) {
 } // namespace
 
 void MemberOperations::Add(const AttributeOffer& offer) {
-    const grid::CTreeItem* node = m_grid.GetSelectedNode();
-    IMemberDispatch* disp = !node              ? m_rows.GetRoot()
-                            : node->info->disp ? node->info->disp
-                                               : m_rows.ObjectOf(node);
+    IMemberDispatch* disp = TargetOf(m_grid.GetSelectedNode(), m_grid.GetCurrentColumn(), m_rows).object;
     if (!disp)
         return;
     m_frame.RunOutside([&] {

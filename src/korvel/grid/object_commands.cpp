@@ -23,12 +23,13 @@ std::list<SCommand> ReadCommands(Ask ask) {
 
 } // namespace
 
-MenuTarget TargetOf(const grid::CTreeItem* row, const AttributeRows& rows) {
-    if (!row || !row->info)
-        return {nullptr, {}, false, rows.GetRoot()};
-    IMemberDispatch* owner = row->parent() ? row->parent()->info->disp : rows.GetRoot();
+MenuTarget TargetOf(const grid::CTreeItem* row, int column, const AttributeRows& rows) {
+    const ChosenMember member = MemberOf(row, rows);
+    if (!member)
+        return {.object = rows.GetRoot()};
     IMemberDispatch* group = row->info->disp;
-    return {owner, row->info->text, group != nullptr, group ? group : owner};
+    return {member.disp, member.name, group != nullptr, ValueIn(row, column, rows),
+            group ? group : member.disp};
 }
 
 bool ObjectCommands::AddMember(std::uint32_t memberFlags) {

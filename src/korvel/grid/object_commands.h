@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/grid/chosen_member.h"
 #include "korvel/grid/object_watch.h"
 
 #include <cstdint>
@@ -14,11 +15,12 @@ struct MenuTarget {
     IMemberDispatch* owner = nullptr; // of the member; null: beside all rows
     std::string name{};
     bool isGroup = false;
+    ChosenMember value{}; // what is opened and retyped: the member, in columns that of the cell
     IMemberDispatch* object =
         nullptr; // that of a group, else the owner; beside the rows the root. Null: none
 };
-/// `row` may be null: beside all rows.
-MenuTarget TargetOf(const grid::CTreeItem* row, const AttributeRows& rows);
+/// `row` may be null: beside all rows. `column` is the one that was clicked.
+MenuTarget TargetOf(const grid::CTreeItem* row, int column, const AttributeRows& rows);
 
 /// Says whether all that a menu is about is still shown.
 class TargetWatch {

@@ -72,7 +72,8 @@ void Run(CEditableGrid& grid, IMemberDispatch* disp, const SNotifyOpenGLSink& an
 
 LRESULT ReceiveSinkRecord(CEditableGrid& grid, LPARAM lParam) {
     auto* sent = reinterpret_cast<SNotifyOpenGLSink*>(lParam);
-    if (!sent || sent->GetKind() != KindOfCode(sent->code))
+    const int kind = sent ? KindOfCode(sent->code) : 0;
+    if (kind == 0 || sent->GetKind() != kind) // what has a foreign code may have no kind to be asked for
         return 1;
     const OwnedSinkRecord record = SinkDelivery::Take(*sent);
     Run(grid, record->disp ? record->disp : grid.GetRootDisp(), *record);

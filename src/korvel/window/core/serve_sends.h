@@ -14,6 +14,9 @@ namespace korvel {
 ///     ServeSendsUntil([&] { return worker.HasEnded(); });
 ///     worker.thread.join();
 ///
+/// It never ends where the calling thread is within a send of the one that it waits for: that one goes on only
+/// after the call which its send has made here has returned. There, ask it to stop, and wait later.
+///
 /// `done` is called on the calling thread, without a lock, after each send and at the latest every few
 /// milliseconds; what it throws comes out. What a send throws goes to the exception handler, without one to
 /// whoever next dispatches messages of the thread, and does not end the wait. Any thread.

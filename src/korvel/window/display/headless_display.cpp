@@ -73,12 +73,12 @@ CString FirstLetter(const CString& text) {
     return platform::FoldCase(text.substr(0, platform::NextCharacter(text, 0)));
 }
 
-bool IsGrey(const std::vector<MenuEntry>& menu, unsigned command) {
+bool Offers(const std::vector<MenuEntry>& menu, unsigned command) {
     return std::ranges::any_of(
         menu,
         [=](const MenuEntry& entry) {
-            return entry.popup.empty() ? entry.command == command && !entry.enabled
-                                       : IsGrey(entry.popup, command);
+            return entry.enabled && (entry.popup.empty() ? entry.command == command && !entry.text.empty()
+                                                         : Offers(entry.popup, command));
         });
 }
 
@@ -227,7 +227,7 @@ unsigned HeadlessDisplay::TrackMenu(HWND, CPoint, const std::vector<MenuEntry>& 
     m_menus.push_back(entries);
     const unsigned chosen = m_menuUsers.empty() ? static_cast<unsigned>(TakeAnswer(m_answers, "a menu"))
                                                 : TakeAnswer(m_menuUsers, "a menu")(entries);
-    return IsGrey(entries, chosen) ? 0 : chosen;
+    return Offers(entries, chosen) ? chosen : 0;
 }
 
 unsigned HeadlessDisplay::PressMenuKeys(const std::vector<MenuEntry>& menu, const CString& keys) {

@@ -46,9 +46,9 @@ public:
         OpenAs as;
     };
 
-    /// The answers to come, in order: of message boxes and menus (a grey entry cannot be chosen), of file
-    /// choosers, of folder choosers, of color choosers, of OpenPath; and what the clipboard says to texts,
-    /// which it takes without one.
+    /// The answers to come, in order: of message boxes and menus (what a menu does not offer, or only in grey,
+    /// cannot be chosen), of file choosers, of folder choosers, of color choosers, of OpenPath; and what the
+    /// clipboard says to texts, which it takes without one.
     void AnswerNext(int button);
     void AnswerNextFile(std::optional<CString> path);
     void AnswerNextFolder(FolderAnswer answer);
