@@ -1,11 +1,13 @@
 #include "editing/attribute_grid.h"
 
+#include "korvel/grid/sink_records.h"
 #include "korvel/platform/error.h"
 #include "korvel/platform/settings_store.h"
 #include "korvel/window/core/registered_messages.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace korvel::inspector {
 
@@ -17,6 +19,11 @@ enum StateEvent : unsigned { Read = 0, Write = 1 }; // of WM_DLG_STATE_REGISTRY
 } // namespace
 
 LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    std::optional<SurfaceStatistics::Telling> telling;
+    const auto* news =
+        reinterpret_cast<const SNotifyOpenGLSink*>(message == WM_OPENGLSINK_NOTIFICATION ? lParam : 0);
+    if (news && m_document)
+        telling.emplace(m_document->Extras().Statistics(), news->disp);
     const LRESULT result = CEditableGrid::WindowProc(message, wParam, lParam);
     const bool dragged = message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ENDTRACK;
     const int width = GetClientRect().Width();

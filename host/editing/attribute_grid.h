@@ -20,8 +20,9 @@ public:
     void KeepColumns(const std::string& key);
     void RestoreColumns(const std::string& key);
 
-    /// The document that is shown, or null: relative paths are meant from its file's folder.
-    void SetDocument(const OpenDocument* document) { m_document = document; }
+    /// The document that is shown, or null: relative paths are meant from its file's folder, and it hears what
+    /// the grid is told of.
+    void SetDocument(OpenDocument* document) { m_document = document; }
     bool OpenFile(CString path) override { return CEditableGrid::OpenFile(Absolute(path)); }
     bool OpenFolder(CString path) override { return CEditableGrid::OpenFolder(Absolute(path)); }
 
@@ -34,7 +35,7 @@ private:
     void SendState(unsigned event, const std::string& key);
     CString Absolute(const CString& path) const;
 
-    const OpenDocument* m_document = nullptr;
+    OpenDocument* m_document = nullptr;
     double m_nameShare = 0.4; // of the width
     int m_dividedWidth = 0;
 };

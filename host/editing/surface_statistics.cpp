@@ -8,6 +8,7 @@
 #include "texts/messages.h"
 #include "texts/program_texts.h"
 
+#include <algorithm>
 #include <chrono>
 #include <system_error>
 
@@ -77,16 +78,20 @@ struct FigureRows {
 // What the thread says, one row at a time.
 class Reporter {
 public:
-    Reporter(StatisticsObject& object, const std::vector<IObserverGridSink*>& sinks)
-        : m_object(object), m_sinks(sinks) {}
+    Reporter(StatisticsObject& object, const std::vector<IObserverGridSink*>& sinks,
+             const std::atomic<bool>& mustStop)
+        : m_object(object), m_sinks(sinks), m_mustStop(mustStop) {}
+
+    bool MustStop() const { return m_mustStop; }
 
     void Say(const std::string& name, const CVariantValue& value) const {
         const bool isNew = m_object.Put(name, value);
-        for (IObserverGridSink* sink : m_sinks)
+        TellSinks([&](IObserverGridSink& sink) {
             if (isNew)
-                sink->OnOperationAdd(name, value);
+                sink.OnOperationAdd(name, value);
             else
-                sink->OnChange(name, value);
+                sink.OnChange(name, value);
+        });
     }
 
     void Say(const FigureRow& row, double number) const { Say(row.name, row.With(number)); }
@@ -97,13 +102,23 @@ public:
 
     void TakeBack(const std::string& name) const {
         m_object.Drop(name);
-        for (IObserverGridSink* sink : m_sinks)
-            sink->OnOperationRemove(name, {});
+        TellSinks([&](IObserverGridSink& sink) { sink.OnOperationRemove(name, {}); });
     }
 
 private:
+    // Not one after the thread was to stop: within the call before the sinks may have gone.
+    template <class Tell>
+    void TellSinks(Tell tell) const {
+        for (IObserverGridSink* sink : m_sinks) {
+            if (m_mustStop)
+                return;
+            tell(*sink);
+        }
+    }
+
     StatisticsObject& m_object;
     const std::vector<IObserverGridSink*>& m_sinks;
+    const std::atomic<bool>& m_mustStop;
 };
 
 void SayFigures(const Reporter& reporter, const FigureRows& rows, const SurfaceFigures& figures) {
@@ -119,8 +134,7 @@ void SayFigures(const Reporter& reporter, const FigureRows& rows, const SurfaceF
     reporter.TakeBack(rows.progress);
 }
 
-void ComputeAndSay(const Reporter& reporter, const FigureRows& rows, const std::string& surface,
-                   const std::atomic<bool>& mustStop) {
+void ComputeAndSay(const Reporter& reporter, const FigureRows& rows, const std::string& surface) {
     using Clock = std::chrono::steady_clock;
     Clock::time_point last = Clock::now();
     const auto figures = MeasureSurface(surface, [&](double part) {
@@ -128,16 +142,15 @@ void ComputeAndSay(const Reporter& reporter, const FigureRows& rows, const std::
             reporter.Say(rows.progress, TextValue(PercentText(part)));
             last = Clock::now();
         }
-        return !mustStop;
+        return !reporter.MustStop();
     });
-    if (figures && !mustStop)
+    if (figures && !reporter.MustStop())
         SayFigures(reporter, rows, *figures);
 }
 
 // What the thread does: nothing may be thrown out of it.
-void Compute(const Reporter& reporter, const FigureRows& rows, const std::string& surface,
-             const std::atomic<bool>& mustStop) noexcept try {
-    ComputeAndSay(reporter, rows, surface, mustStop);
+void Compute(const Reporter& reporter, const FigureRows& rows, const std::string& surface) noexcept try {
+    ComputeAndSay(reporter, rows, surface);
 } catch (...) { // mostly for lack of memory
     try {
         reporter.Say(rows.progress, TextValue(rows.failed));
@@ -175,7 +188,7 @@ void SurfaceStatistics::Start(ElementIndex surface) {
         TellSinks(surface, [&](IObserverGridSink& sink) { sink.OnOperationAdd(Name(), group); });
         run.sinks = m_observer.SinksOf(&run.object);
         run.thread = std::thread([&run, rows, text = m_document.Tree().EditedText(surface)] {
-            Compute(Reporter(run.object, run.sinks), rows, text, run.mustStop);
+            Compute(Reporter(run.object, run.sinks, run.mustStop), rows, text);
             run.hasEnded = true;
         });
     } catch (const std::system_error&) {
@@ -187,12 +200,15 @@ void SurfaceStatistics::Start(ElementIndex surface) {
     }
 }
 
-void SurfaceStatistics::End(Run& run) {
+bool SurfaceStatistics::End(Run& run) {
     if (!run.thread.joinable())
-        return;
+        return true;
     run.mustStop = true;
+    if (run.tellings > 0)
+        return false;
     ServeSendsUntil([&] { return run.hasEnded.load(); });
     run.thread.join();
+    return true;
 }
 
 void SurfaceStatistics::EndThreads() {
@@ -200,16 +216,34 @@ void SurfaceStatistics::EndThreads() {
         run->mustStop = true;
     for (const auto& [surface, run] : m_runs)
         End(*run);
+    std::erase_if(m_removed, [](const auto& run) { return End(*run); });
+}
+
+SurfaceStatistics::Telling::Telling(const SurfaceStatistics& statistics, const IMemberDispatch* object)
+    : m_run([&] {
+          const auto told = std::ranges::find_if(
+              statistics.m_runs, [=](const auto& run) { return &run.second->object == object; });
+          return told == statistics.m_runs.end() ? nullptr : told->second.get();
+      }()) {
+    if (m_run)
+        ++m_run->tellings;
+}
+
+SurfaceStatistics::Telling::~Telling() {
+    if (m_run)
+        --m_run->tellings;
 }
 
 void SurfaceStatistics::Remove(ElementIndex surface) {
     const auto found = m_runs.find(surface);
     if (found == m_runs.end())
         return;
-    const std::unique_ptr<Run> run = std::move(found->second); // the grids let go of its object below
+    m_removed.push_back(std::move(found->second)); // the grids let go of its object below
     m_runs.erase(found);
-    End(*run);
-    TellSinks(surface, [](IObserverGridSink& sink) { sink.OnOperationRemove(Name(), {}); });
+    End(*m_removed.back());
+    TellSinks(
+        surface, [](IObserverGridSink& sink) { sink.OnOperationRemove(Name(), {}); });
+    std::erase_if(m_removed, [](const auto& run) { return End(*run); });
 }
 
 bool SurfaceStatistics::Follow(const DocumentEditing::Changed& changed) {

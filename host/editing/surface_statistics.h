@@ -18,6 +18,8 @@ namespace korvel::inspector {
 /// of an object that is shown under the surface, and the thread says them through the sinks of the grids.
 ///
 /// It belongs to the thread of the grids. A thread is ended before a grid lets go of the rows that it fills.
+/// One whose own news a grid is being told waits for the grid, and nobody waits for it: it says nothing more,
+/// and ends later.
 class SurfaceStatistics {
 public:
     /// Both must outlive this.
@@ -36,10 +38,27 @@ public:
     static std::string Name();
 
 private:
+    struct Run;
+
+public:
+    /// To be held while a grid is told of an object, which may be one of the statistics or not.
+    class Telling {
+    public:
+        Telling(const SurfaceStatistics& statistics, const IMemberDispatch* object);
+        ~Telling();
+        Telling(const Telling&) = delete;
+        Telling& operator=(const Telling&) = delete;
+
+    private:
+        Run* const m_run; // null: of others
+    };
+
+private:
     struct Run {
         explicit Run(const std::string& ident) : object(ident, [this] { End(*this); }) {}
 
         StatisticsObject object;
+        int tellings = 0;
         std::vector<IObserverGridSink*> sinks; // of the object, while the thread runs
         std::atomic<bool> mustStop = false;
         std::atomic<bool> hasEnded = false;
@@ -47,11 +66,13 @@ private:
     };
 
     void TellSinks(ElementIndex surface, const std::function<void(IObserverGridSink&)>& tell);
-    static void End(Run& run);
+    /// False: the thread waits for the caller.
+    static bool End(Run& run);
 
     LandXmlDocument& m_document;
     EditObserver& m_observer;
     std::map<ElementIndex, std::unique_ptr<Run>> m_runs;
+    std::vector<std::unique_ptr<Run>> m_removed; // whose threads have not ended
 };
 
 } // namespace korvel::inspector

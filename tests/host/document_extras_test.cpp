@@ -1,6 +1,6 @@
+#include "editing/attribute_grid.h"
 #include "editing/open_document.h"
 #include "host/edited_document.h"
-#include "korvel/grid/editable_grid.h"
 #include "korvel/values/language.h"
 #include "korvel/window/core/serve_sends.h"
 #include "support/grid_fixture.h"
@@ -30,6 +30,7 @@ protected:
         m_open->SetStepsHook(
             [this](const DocumentEditing::Changed&, bool areFiguresOld) { m_wereOld = areFiguresOld; });
         Make(m_grid);
+        m_grid.SetDocument(m_open.get());
         m_grid.Initialize(&m_open->Document().Root(), "Name", "Value", 0);
     }
     void ShowSurface(const std::string& more = "") {
@@ -63,7 +64,7 @@ protected:
     platform::ScratchFolder m_folder;
     EditObserver m_observer;
     std::unique_ptr<OpenDocument> m_open; // outlives the binding of the grid
-    CEditableGrid m_grid{&m_observer, nullptr};
+    AttributeGrid m_grid{&m_observer, nullptr};
     std::string m_copied;
     bool m_wereOld = false;
 };
@@ -177,6 +178,26 @@ TEST_F(DocumentExtrasTest, WhoeverClosesDoesNotWaitForTheResult) {
         act();
     }
     EXPECT_EQ(m_grid.GetRootDisp(), nullptr);
+}
+
+TEST_F(DocumentExtrasTest, AnEditThatTheirOwnNewsEndTakesThemAway) {
+    Show("<LandXML><Surface name='s'><Definition><Pnts><P id='1'>0 0 1</P><P id='2'>0 3 1</P></Pnts>"
+         "</Definition></Surface><Units><Metric linearUnit='meter' areaUnit='squareMeter' a1='1' a2='2' "
+         "a3='3' "
+         "zz='4'/></Units></LandXML>");
+    EXPECT_TRUE(Surface().OnCommand(Compute));
+    m_grid.ExpandAll();
+    IMemberDispatch& units = At("Units/Metric");
+    const int row = m_grid.RowOfNode(m_grid.LookupTreeItem(&units, "zz"));
+    m_grid.EnsureVisible(row, false);
+    const int place = row - m_grid.GetTopIndex();
+    ASSERT_GE(place, 4) << "what comes above pushes it out";
+    Click(m_grid, Value(place));
+    ASSERT_TRUE(m_grid.IsEditing());
+    SetWindowTextA(GetFocus(), "5");
+    ServeSendsUntil([&] { return !m_grid.IsEditing(); });
+    EXPECT_NE(Text().find("zz='5'"), std::string::npos);
+    EXPECT_FALSE(HasStatistics());
 }
 
 } // namespace
