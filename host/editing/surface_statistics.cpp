@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <system_error>
 
 namespace korvel::inspector {
@@ -178,6 +179,7 @@ void SurfaceStatistics::TellSinks(ElementIndex surface, const std::function<void
 
 void SurfaceStatistics::Start(ElementIndex surface) {
     Remove(surface);
+    FreeRemoved();
     const FigureRows rows(m_document, surface);
     Run& run = *m_runs.emplace(surface, std::make_unique<Run>(Name())).first->second;
     run.object.Put(rows.progress, TextValue(PercentText(0)));
@@ -207,43 +209,59 @@ bool SurfaceStatistics::End(Run& run) {
     if (run.tellings > 0)
         return false;
     ServeSendsUntil([&] { return run.hasEnded.load(); });
-    run.thread.join();
+    if (run.thread.joinable()) // not ended by what it sent
+        run.thread.join();
     return true;
 }
 
 void SurfaceStatistics::EndThreads() {
     for (const auto& [surface, run] : m_runs)
         run->mustStop = true;
-    for (const auto& [surface, run] : m_runs)
+    while (Run* run = FindRunning())
         End(*run);
-    std::erase_if(m_removed, [](const auto& run) { return End(*run); });
+    FreeRemoved();
+}
+
+SurfaceStatistics::Run* SurfaceStatistics::FindRunning() const {
+    const auto running = std::ranges::find_if(
+        m_runs, [](const auto& run) { return run.second->thread.joinable() && run.second->tellings == 0; });
+    return running == m_runs.end() ? nullptr : running->second.get();
+}
+
+void SurfaceStatistics::FreeRemoved() {
+    std::vector<std::unique_ptr<Run>> told;
+    while (!m_removed.empty()) {
+        std::unique_ptr<Run> run = std::move(m_removed.back());
+        m_removed.pop_back();
+        if (!End(*run))
+            told.push_back(std::move(run));
+    }
+    std::ranges::move(told, std::back_inserter(m_removed));
 }
 
 SurfaceStatistics::Telling::Telling(const SurfaceStatistics& statistics, const IMemberDispatch* object)
-    : m_run([&] {
+    : m_count([&] {
           const auto told = std::ranges::find_if(
               statistics.m_runs, [=](const auto& run) { return &run.second->object == object; });
-          return told == statistics.m_runs.end() ? nullptr : told->second.get();
+          return told == statistics.m_runs.end() ? nullptr : &told->second->tellings;
       }()) {
-    if (m_run)
-        ++m_run->tellings;
+    if (m_count)
+        ++*m_count;
 }
 
 SurfaceStatistics::Telling::~Telling() {
-    if (m_run)
-        --m_run->tellings;
+    if (m_count)
+        --*m_count;
 }
 
 void SurfaceStatistics::Remove(ElementIndex surface) {
     const auto found = m_runs.find(surface);
     if (found == m_runs.end())
         return;
-    m_removed.push_back(std::move(found->second)); // the grids let go of its object below
+    Run& run = *m_removed.emplace_back(std::move(found->second)); // the grids let go of its object below
     m_runs.erase(found);
-    End(*m_removed.back());
-    TellSinks(
-        surface, [](IObserverGridSink& sink) { sink.OnOperationRemove(Name(), {}); });
-    std::erase_if(m_removed, [](const auto& run) { return End(*run); });
+    End(run);
+    TellSinks(surface, [](IObserverGridSink& sink) { sink.OnOperationRemove(Name(), {}); });
 }
 
 bool SurfaceStatistics::Follow(const DocumentEditing::Changed& changed) {

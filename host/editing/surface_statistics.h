@@ -37,10 +37,6 @@ public:
     StatisticsObject* Find(ElementIndex surface) const;
     static std::string Name();
 
-private:
-    struct Run;
-
-public:
     /// To be held while a grid is told of an object, which may be one of the statistics or not.
     class Telling {
     public:
@@ -50,7 +46,7 @@ public:
         Telling& operator=(const Telling&) = delete;
 
     private:
-        Run* const m_run; // null: of others
+        int* const m_count; // null: of none of the statistics
     };
 
 private:
@@ -58,7 +54,7 @@ private:
         explicit Run(const std::string& ident) : object(ident, [this] { End(*this); }) {}
 
         StatisticsObject object;
-        int tellings = 0;
+        int tellings = 0;                      // that are held
         std::vector<IObserverGridSink*> sinks; // of the object, while the thread runs
         std::atomic<bool> mustStop = false;
         std::atomic<bool> hasEnded = false;
@@ -66,13 +62,17 @@ private:
     };
 
     void TellSinks(ElementIndex surface, const std::function<void(IObserverGridSink&)>& tell);
+    // What the threads send meanwhile may remove statistics.
     /// False: the thread waits for the caller.
     static bool End(Run& run);
+    Run* FindRunning() const;
+    /// Frees what was removed. Not while End runs.
+    void FreeRemoved();
 
     LandXmlDocument& m_document;
     EditObserver& m_observer;
     std::map<ElementIndex, std::unique_ptr<Run>> m_runs;
-    std::vector<std::unique_ptr<Run>> m_removed; // whose threads have not ended
+    std::vector<std::unique_ptr<Run>> m_removed; // for whoever still waits for their threads
 };
 
 } // namespace korvel::inspector
