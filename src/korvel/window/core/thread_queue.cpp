@@ -5,11 +5,15 @@
 
 #include <chrono>
 #include <optional>
+#include <thread>
 #include <utility>
 #include <vector>
 
 namespace korvel::internal {
 namespace {
+
+// Of a sender: most calls are over sooner than it would fall asleep and be woken.
+constexpr int TurnsBeforeSleep = 16;
 
 // Trivially destroyed, so that objects that die late in a thread still find their queue.
 thread_local std::shared_ptr<ThreadQueue>* t_queue = nullptr;
@@ -35,7 +39,7 @@ const std::shared_ptr<ThreadQueue>& ThreadQueue::Current() {
 
 void ThreadQueue::Send(HWND window, const Action& action) {
     const std::shared_ptr<ThreadQueue> own = Current();
-    bool done = false; // guarded by the mutex of the own queue
+    std::atomic<bool> done = false; // set under the mutex of the own queue
     {
         const std::lock_guard lock(m_mutex);
         if (m_closed || (window && !IsWindow(window)))
@@ -44,6 +48,10 @@ void ThreadQueue::Send(HWND window, const Action& action) {
     }
     m_arrived.notify_one();
     Wake();
+    for (int turn = 0; turn < TurnsBeforeSleep && !done; ++turn)
+        std::this_thread::yield();
+    if (done)
+        return;
     std::unique_lock lock(own->m_mutex);
     for (;;) {
         own->m_arrived.wait(lock, [&] { return done || !own->m_calls.empty(); });

@@ -2,6 +2,7 @@
 
 #include "korvel/window/base/types.h"
 
+#include <atomic>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -49,7 +50,7 @@ private:
         HWND window;
         const Action* action;
         std::shared_ptr<ThreadQueue> sender;
-        bool* done;
+        std::atomic<bool>* done;
     };
     struct Posted {
         HWND window;
