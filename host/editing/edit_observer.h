@@ -11,7 +11,7 @@ namespace korvel::inspector {
 
 /// Knows which objects grids show, and by which sinks they hear of them. What a grid says of a value is
 /// passed on to every grid that shows the object; of all else the object itself has told MemberNews by then.
-/// A thread that fills the rows of an object is ended before a sink of that object goes.
+/// A thread that fills the rows of an object calls no sink of it any more when that sink goes.
 ///
 /// It must outlive the grids that it is given to, and may serve one document after another.
 class EditObserver final : public IObserverGrid {

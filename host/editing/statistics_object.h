@@ -14,8 +14,8 @@ namespace korvel::inspector {
 /// lock is held while anything else is called, so whoever puts them may tell the grids.
 class StatisticsObject final : public IMemberDispatch {
 public:
-    /// `endThread` makes sure that no other thread calls a sink of the object any more; it is called before a
-    /// grid lets go of one, on its thread.
+    /// `endThread` makes sure that no other thread begins a call of a sink of the object any more; it is called
+    /// before a grid lets go of one, on its thread, perhaps within such a call.
     StatisticsObject(std::string ident, std::function<void()> endThread);
     void EndThread() const { m_endThread(); }
 

@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <iterator>
 #include <system_error>
 
 namespace korvel::inspector {
@@ -86,6 +85,8 @@ public:
     bool MustStop() const { return m_mustStop; }
 
     void Say(const std::string& name, const CVariantValue& value) const {
+        if (m_mustStop)
+            return;
         const bool isNew = m_object.Put(name, value);
         TellSinks([&](IObserverGridSink& sink) {
             if (isNew)
@@ -102,12 +103,14 @@ public:
     }
 
     void TakeBack(const std::string& name) const {
+        if (m_mustStop)
+            return;
         m_object.Drop(name);
         TellSinks([&](IObserverGridSink& sink) { sink.OnOperationRemove(name, {}); });
     }
 
 private:
-    // Not one after the thread was to stop: within the call before the sinks may have gone.
+    // None once the thread is to stop: the sinks may have gone during the call before.
     template <class Tell>
     void TellSinks(Tell tell) const {
         for (IObserverGridSink* sink : m_sinks) {
@@ -168,9 +171,27 @@ std::string SurfaceStatistics::Name() {
     return "[" + InCodePage(TheProgramTexts.statistics) + "]";
 }
 
+// Held by whoever refers to a run while others are called: none is freed meanwhile.
+class SurfaceStatistics::Use {
+public:
+    explicit Use(SurfaceStatistics& statistics) : m_uses(statistics.m_uses) { ++m_uses; }
+    ~Use() { --m_uses; }
+    Use(const Use&) = delete;
+    Use& operator=(const Use&) = delete;
+
+private:
+    int& m_uses;
+};
+
+SurfaceStatistics::Run* SurfaceStatistics::FindRun(ElementIndex surface) const {
+    const auto found = std::ranges::find_if(
+        m_runs, [=](const auto& run) { return run->surface == surface && !run->isRemoved; });
+    return found == m_runs.end() ? nullptr : found->get();
+}
+
 StatisticsObject* SurfaceStatistics::Find(ElementIndex surface) const {
-    const auto run = m_runs.find(surface);
-    return run == m_runs.end() ? nullptr : &run->second->object;
+    Run* run = FindRun(surface);
+    return run ? &run->object : nullptr;
 }
 
 void SurfaceStatistics::TellSinks(ElementIndex surface, const std::function<void(IObserverGridSink&)>& tell) {
@@ -180,19 +201,10 @@ void SurfaceStatistics::TellSinks(ElementIndex surface, const std::function<void
 void SurfaceStatistics::Start(ElementIndex surface) {
     Remove(surface);
     FreeRemoved();
-    const FigureRows rows(m_document, surface);
-    Run& run = *m_runs.emplace(surface, std::make_unique<Run>(Name())).first->second;
-    run.object.Put(rows.progress, TextValue(PercentText(0)));
-    CVariantValue group;
-    group.Type = DT_Group;
-    group.Value.Dispatch = &run.object;
+    const Use use(*this);
+    Run& run = *m_runs.emplace_back(std::make_unique<Run>(*this, surface));
     try {
-        TellSinks(surface, [&](IObserverGridSink& sink) { sink.OnOperationAdd(Name(), group); });
-        run.sinks = m_observer.SinksOf(&run.object);
-        run.thread = std::thread([&run, rows, text = m_document.Tree().EditedText(surface)] {
-            Compute(Reporter(run.object, run.sinks, run.mustStop), rows, text);
-            run.hasEnded = true;
-        });
+        StartThread(run);
     } catch (const std::system_error&) {
         Remove(surface);
         throw Error(InCodePage(TheProgramTexts.cannotBeComputed));
@@ -202,48 +214,59 @@ void SurfaceStatistics::Start(ElementIndex surface) {
     }
 }
 
-bool SurfaceStatistics::End(Run& run) {
-    if (!run.thread.joinable())
-        return true;
+void SurfaceStatistics::StartThread(Run& run) {
+    const FigureRows rows(m_document, run.surface);
+    run.object.Put(rows.progress, TextValue(PercentText(0)));
+    CVariantValue group;
+    group.Type = DT_Group;
+    group.Value.Dispatch = &run.object;
+    TellSinks(run.surface, [&](IObserverGridSink& sink) {
+        if (!run.isRemoved)
+            sink.OnOperationAdd(Name(), group);
+    });
+    if (run.isRemoved) // the new row has ended an edit that changed the surface
+        return;
+    run.sinks = m_observer.SinksOf(&run.object);
+    run.thread = std::thread([&run, rows, text = m_document.Tree().EditedText(run.surface)] {
+        Compute(Reporter(run.object, run.sinks, run.mustStop), rows, text);
+        run.hasEnded = true;
+    });
+}
+
+void SurfaceStatistics::End(Run& run) {
+    const Use use(*this);
     run.mustStop = true;
-    if (run.tellings > 0)
-        return false;
+    if (!run.thread.joinable() || run.tellings > 0)
+        return;
     ServeSendsUntil([&] { return run.hasEnded.load(); });
     if (run.thread.joinable()) // not ended by what it sent
         run.thread.join();
-    return true;
 }
 
 void SurfaceStatistics::EndThreads() {
-    for (const auto& [surface, run] : m_runs)
+    for (const auto& run : m_runs)
         run->mustStop = true;
-    while (Run* run = FindRunning())
-        End(*run);
+    for (std::size_t i = 0; i < m_runs.size(); ++i) // there may be more meanwhile
+        End(*m_runs[i]);
     FreeRemoved();
 }
 
-SurfaceStatistics::Run* SurfaceStatistics::FindRunning() const {
-    const auto running = std::ranges::find_if(
-        m_runs, [](const auto& run) { return run.second->thread.joinable() && run.second->tellings == 0; });
-    return running == m_runs.end() ? nullptr : running->second.get();
-}
-
 void SurfaceStatistics::FreeRemoved() {
-    std::vector<std::unique_ptr<Run>> told;
-    while (!m_removed.empty()) {
-        std::unique_ptr<Run> run = std::move(m_removed.back());
-        m_removed.pop_back();
-        if (!End(*run))
-            told.push_back(std::move(run));
-    }
-    std::ranges::move(told, std::back_inserter(m_removed));
+    if (m_uses > 0)
+        return;
+    std::erase_if(m_runs, [](const auto& run) {
+        const bool isFree = run->isRemoved && (run->hasEnded || !run->thread.joinable());
+        if (isFree && run->thread.joinable())
+            run->thread.join(); // it says nothing more
+        return isFree;
+    });
 }
 
 SurfaceStatistics::Telling::Telling(const SurfaceStatistics& statistics, const IMemberDispatch* object)
     : m_count([&] {
-          const auto told = std::ranges::find_if(
-              statistics.m_runs, [=](const auto& run) { return &run.second->object == object; });
-          return told == statistics.m_runs.end() ? nullptr : &told->second->tellings;
+          const auto told = std::ranges::find_if(statistics.m_runs,
+                                                 [=](const auto& run) { return &run->object == object; });
+          return told == statistics.m_runs.end() ? nullptr : &(*told)->tellings;
       }()) {
     if (m_count)
         ++*m_count;
@@ -255,28 +278,25 @@ SurfaceStatistics::Telling::~Telling() {
 }
 
 void SurfaceStatistics::Remove(ElementIndex surface) {
-    const auto found = m_runs.find(surface);
-    if (found == m_runs.end())
+    Run* run = FindRun(surface);
+    if (!run)
         return;
-    Run& run = *m_removed.emplace_back(std::move(found->second)); // the grids let go of its object below
-    m_runs.erase(found);
-    End(run);
+    const Use use(*this);
+    run->isRemoved = true;
+    End(*run);
     TellSinks(surface, [](IObserverGridSink& sink) { sink.OnOperationRemove(Name(), {}); });
 }
 
 bool SurfaceStatistics::Follow(const DocumentEditing::Changed& changed) {
+    const auto isOf = [&](ElementIndex surface) {
+        return std::ranges::any_of(changed.elements, [&](ElementIndex element) {
+            return element >= surface && element < m_document.Tree().SubtreeEnd(surface);
+        });
+    };
     std::vector<ElementIndex> old;
-    for (const auto& [surface, run] : m_runs)
-        for (const ElementIndex element : changed.elements)
-            if (element >= surface && element < m_document.Tree().SubtreeEnd(surface)) {
-                old.push_back(surface);
-                break;
-            }
-    if (changed.units) {
-        old.clear();
-        for (const auto& [surface, run] : m_runs)
-            old.push_back(surface);
-    }
+    for (const auto& run : m_runs)
+        if (!run->isRemoved && (changed.units || isOf(run->surface)))
+            old.push_back(run->surface);
     for (const ElementIndex surface : old)
         Remove(surface);
     return !old.empty();

@@ -5,7 +5,6 @@
 
 #include <atomic>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 #include <thread>
@@ -17,13 +16,14 @@ namespace korvel::inspector {
 /// computed by a thread of its own from a copy of the surface, taken when it starts; the results are rows
 /// of an object that is shown under the surface, and the thread says them through the sinks of the grids.
 ///
-/// It belongs to the thread of the grids. A thread is ended before a grid lets go of the rows that it fills.
-/// One whose own news a grid is being told waits for the grid, and nobody waits for it: it says nothing more,
-/// and ends later.
+/// It belongs to the thread of the grids. A thread is ended before a grid lets go of the rows that it fills;
+/// but one whose news a grid is handling waits for that grid, and cannot be waited for: it is told to stop,
+/// tells nothing more, and is joined later.
 class SurfaceStatistics {
 public:
     /// Both must outlive this.
     SurfaceStatistics(LandXmlDocument& document, EditObserver& observer);
+    /// Not while a Telling is held.
     ~SurfaceStatistics() { EndThreads(); }
 
     /// Takes the place of former ones. Throws Error where no thread can be started; there are none then.
@@ -31,7 +31,8 @@ public:
     void Remove(ElementIndex surface);
     /// Removes those whose surface or units have changed; true when there were any.
     bool Follow(const DocumentEditing::Changed& changed);
-    /// Has the threads stop, and runs what they are sending until they have ended. What they have said stays.
+    /// Has the threads stop, and runs what they are sending until they have ended, but for those whose news is
+    /// being handled. What they have said stays.
     void EndThreads();
 
     StatisticsObject* Find(ElementIndex surface) const;
@@ -51,28 +52,32 @@ public:
 
 private:
     struct Run {
-        explicit Run(const std::string& ident) : object(ident, [this] { End(*this); }) {}
+        Run(SurfaceStatistics& all, ElementIndex itsSurface)
+            : surface(itsSurface), object(Name(), [this, &all] { all.End(*this); }) {}
 
+        const ElementIndex surface;
         StatisticsObject object;
+        bool isRemoved = false;
         int tellings = 0;                      // that are held
         std::vector<IObserverGridSink*> sinks; // of the object, while the thread runs
         std::atomic<bool> mustStop = false;
         std::atomic<bool> hasEnded = false;
         std::thread thread;
     };
+    class Use;
 
+    Run* FindRun(ElementIndex surface) const;
     void TellSinks(ElementIndex surface, const std::function<void(IObserverGridSink&)>& tell);
-    // What the threads send meanwhile may remove statistics.
-    /// False: the thread waits for the caller.
-    static bool End(Run& run);
-    Run* FindRunning() const;
-    /// Frees what was removed. Not while End runs.
+    void StartThread(Run& run);
+    /// Has a thread stop and waits for it, unless its news is being handled. What threads send meanwhile may
+    /// remove statistics.
+    void End(Run& run);
     void FreeRemoved();
 
     LandXmlDocument& m_document;
     EditObserver& m_observer;
-    std::map<ElementIndex, std::unique_ptr<Run>> m_runs;
-    std::vector<std::unique_ptr<Run>> m_removed; // for whoever still waits for their threads
+    std::vector<std::unique_ptr<Run>> m_runs; // removed ones until they are in no use
+    int m_uses = 0;
 };
 
 } // namespace korvel::inspector

@@ -9,7 +9,6 @@ namespace korvel {
 namespace {
 
 using platform::SettingsRoot;
-using platform::SettingType;
 using platform::SettingValue;
 
 class ColumnStateTest : public BoundGridTest {

@@ -318,6 +318,13 @@ TEST_F(GridMenuTest, WhatWasClickedIsMeantAlsoWhenTheRowsAreOthersByThen) {
     }
     grid.Clear();
     grid.Initialize(&root, "Name", "Value", 0);
+    display.AnswerNext(15042);
+    RightClick(Label(1));
+    display.AnswerNext(15042);
+    RightClick(Label(2));
+    display.AnswerNext(0);
+    RightClick(Label(0));
+    EXPECT_EQ(Run(), "flags on removing? on flags width removing? width ") << "one menu after the other";
     display.AnswerNext(15041);
     RightClick({100, Middle(8)});
     grid.Clear();
@@ -353,16 +360,17 @@ TEST_F(GridMenuTest, TheColumnThatWasClickedIsMeant) {
     };
     for (HostObject* object : {&root, &point})
         object->SetEditFlags(0);
-    root.memberFlags = 0;
-    point.memberFlags = MF_File | MF_ChangeType | MF_Delete;
+    root.memberFlags = MF_Delete;
+    point.memberFlags = MF_File | MF_ChangeType;
     point.RemoveMember("y");
     point.With("y", Whole(DT_Int, 2));
-    EXPECT_EQ(offers(1), "Open;Open folder;;<Double> \xE4ndern in;");
-    EXPECT_EQ(offers(2), "Open;Open folder;;<Integer> \xE4ndern in;");
-    EXPECT_EQ(offers(0), "Open;Open folder;") << "no member of the object";
+    EXPECT_EQ(offers(1), "Open;Open folder;;Delete;<Double> \xE4ndern in;");
+    EXPECT_EQ(offers(2), "Open;Open folder;;Delete;<Integer> \xE4ndern in;");
+    EXPECT_EQ(offers(0), "Delete;") << "that of the row";
     root.memberFlags = MF_File | MF_ChangeType | MF_Delete;
     point.memberFlags = 0;
     EXPECT_EQ(offers(1), "Delete;") << "of the object itself";
+    EXPECT_EQ(offers(0), "Open;Open folder;;Delete;");
 }
 
 TEST_F(GridMenuTest, AGridThatRunsACommandItselfFindsSelectedWhatWasClicked) {

@@ -204,6 +204,7 @@ TEST_F(Sinks, EachThreadKeepsItsOrder) {
             SinkOf(&root).OnChange(std::to_string(thread), Whole(DT_Int, i));
     };
     std::vector<std::future<void>> workers;
+    workers.reserve(Threads);
     for (int thread = 0; thread < Threads; ++thread)
         workers.push_back(std::async(std::launch::async, send, thread));
     ServeSendsUntil([&] { return grid.heard.size() == std::size_t{Threads} * Each; });
@@ -291,6 +292,7 @@ TEST_F(Sinks, TheWindowMayGoWhileEightThreadsSend) {
         std::atomic<bool> stop = false;
         std::atomic<int> sent = 0;
         std::vector<std::future<void>> workers;
+        workers.reserve(8);
         for (int thread = 0; thread < 8; ++thread)
             workers.push_back(std::async(
                 std::launch::async,

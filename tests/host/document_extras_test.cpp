@@ -114,13 +114,10 @@ TEST_F(DocumentExtrasTest, StatisticsAreRowsOfTheSurfaceAndOfNothingElse) {
     const std::vector<std::string> expected = {" [Statistik]|",
                                                "  Punkte|3",
                                                "  Maschen|1",
-                                               "  Grundrissfl\xE4"
-                                               "che|6,00 m\xB2",
-                                               "  Oberfl\xE4"
-                                               "che|7,50 m\xB2",
+                                               "  Grundrissfl\344che|6,00 m\xB2",
+                                               "  Oberfl\344che|7,50 m\xB2",
                                                "  Tiefster Punkt|1,00 m",
-                                               "  H\xF6"
-                                               "chster Punkt|4,00 m"};
+                                               "  H\366chster Punkt|4,00 m"};
     EXPECT_EQ(std::vector<std::string>(first, std::min(first + 7, rows.end())), expected);
     rows.erase(first, first + 7);
     EXPECT_EQ(rows, before);

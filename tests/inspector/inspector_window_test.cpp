@@ -190,7 +190,7 @@ TEST_F(InspectorWindowTest, OpensADocumentAsItWasLeft) {
     m_window = std::make_unique<InspectorWindow>(ReadingOptions{});
     EXPECT_TRUE(m_window->OpenOrWarn(path));
     EXPECT_EQ(Rows(), "a;Group one;name;Leaf deep/name;Other;c;") << "the next run";
-    EXPECT_NEAR(100 * Grid().GetColumnWidth(0) / Grid().GetClientRect().Width(), 70, 1);
+    EXPECT_NEAR(100.0 * Grid().GetColumnWidth(0) / Grid().GetClientRect().Width(), 70, 1);
 }
 
 TEST_F(InspectorWindowTest, OpensWhatIsDroppedOnIt) {

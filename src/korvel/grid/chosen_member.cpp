@@ -17,8 +17,9 @@ ChosenMember MemberOf(const grid::CTreeItem* row, const AttributeRows& rows) {
 }
 
 ChosenMember ValueIn(const grid::CTreeItem* row, int column, const AttributeRows& rows) {
-    return rows.layout.RowsAreObjects() ? ChosenMember{rows.ObjectOf(row), rows.layout.NameOf(column)}
-                                        : MemberOf(row, rows);
+    const std::string name =
+        rows.layout.RowsAreObjects() && column > 0 ? rows.layout.NameOf(column) : std::string();
+    return name.empty() ? MemberOf(row, rows) : ChosenMember{rows.ObjectOf(row), name};
 }
 
 ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& rows) {

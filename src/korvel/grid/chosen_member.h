@@ -19,7 +19,8 @@ struct ChosenMember {
 
 /// A row as a member of the object above it, in both layouts; none for null.
 ChosenMember MemberOf(const grid::CTreeItem* row, const AttributeRows& rows);
-/// The member whose value a row shows; where a row is an object, in one of its columns.
+/// The member whose value a row shows; where a row is an object, in one of its columns, and in column 0 that
+/// row as MemberOf has it.
 ChosenMember ValueIn(const grid::CTreeItem* row, int column, const AttributeRows& rows);
 /// MemberOf the selected row.
 ChosenMember SelectedMember(const CSuperGridCtrl& grid, const AttributeRows& rows);

@@ -18,7 +18,7 @@ class ColumnState;
 /// copied.
 inline constexpr UINT GridCopied = 23;
 
-/// The base of CEditableGrid with what it hands out: cells, rows and trees as text for the clipboard, and the
+/// What CEditableGrid hands out, as a base of it: cells, rows and trees as text for the clipboard, and the
 /// widths of its columns for the next run.
 ///
 ///     grid.CopyClipboardLine(0);    // "length\t12,50 m"
@@ -61,7 +61,7 @@ public:
     void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
 
     // The messages by which those widths are kept from run to run. What is read goes to the columns that the
-    // grid has, without columns to those of the next binding. Unknown columns, a column that comes again, and
+    // grid has; without columns what names all of them is kept for the next binding. Unknown columns, a column that comes again, and
     // widths that are not from 0 to 32,767 are left out. Each returns 0.
     /// WM_DLG_STATE. With wParam 1 an element "Column" with POS and WIDTH is written for each column into the
     /// element in lParam (CXmlNode*), which must have been opened. Otherwise they are read from the element in

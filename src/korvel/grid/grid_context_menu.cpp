@@ -76,7 +76,6 @@ void GridContextMenu::Select(int row) {
 
 bool GridContextMenu::Open(const grid::CTreeItem* node, CPoint client, const MenuPermissions& allowed) {
     const ModuleStateGuard guard;
-    m_choice.reset(); // of a command that has not come
     const HWND window = m_grid.m_hWnd;
     const MenuTarget target = TargetOf(node, m_grid.currentColumn, m_rows);
     std::unique_ptr<Choice> choice(
@@ -92,14 +91,17 @@ bool GridContextMenu::Open(const grid::CTreeItem* node, CPoint client, const Men
     const CPoint screen = ClientToScreen(window, client);
     choice->command = menu.TrackPopupMenu(TPM_RIGHTBUTTON | TPM_RETURNCMD, screen.x, screen.y, &m_grid);
     if (choice->command != 0 && PostMessageA(window, WM_COMMAND, choice->command, 0))
-        m_choice = std::move(choice);
+        m_choices.push_back(std::move(choice));
     return true;
 }
 
 bool GridContextMenu::SelectFor(unsigned command) {
-    if (!m_choice || m_choice->command != command)
+    const auto chosen =
+        std::ranges::find_if(m_choices, [=](const auto& choice) { return choice->command == command; });
+    if (chosen == m_choices.end())
         return true;
-    const std::unique_ptr<Choice> choice = std::move(m_choice);
+    const std::unique_ptr<Choice> choice = std::move(*chosen);
+    m_choices.erase(m_choices.begin(), chosen + 1); // what was chosen before has come, or comes no more
     const grid::CTreeItem* node = nullptr;
     if (choice->window != m_grid.m_hWnd)
         return true; // chosen over a window that is gone

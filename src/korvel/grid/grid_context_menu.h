@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <utility>
+#include <vector>
 
 namespace korvel {
 class CellEditGrid;
@@ -53,7 +54,7 @@ private:
     CellEditGrid& m_grid;
     const AttributeRows& m_rows;
     WriteFrame& m_frame;
-    std::unique_ptr<Choice> m_choice; // whose command is on its way
+    std::vector<std::unique_ptr<Choice>> m_choices; // whose commands are on their way
     bool m_hasTakenPress = false;
 };
 

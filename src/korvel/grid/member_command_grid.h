@@ -83,7 +83,7 @@ public:
     /// False: a press in a cell begins no edit.
     void SetAllowEdit(bool allow) { m_AllowEdit = allow; }
     // What the user may do. Removing, and with SetAllowEdit write protection, are refused where they are not
-    // allowed; what else is not allowed is only left out of the context menu, as copying is until it is allowed.
+    // allowed; what else is not allowed is only left out of the context menu. Copying is not allowed at first.
     void SetAllowRemove(bool allow) { m_AllowRemove = allow; }
     void SetAllowRename(bool allow) { m_AllowRename = allow; }
     void SetAllowChangeType(bool allow) { m_AllowChangeType = allow; }

@@ -73,7 +73,7 @@ void Run(CEditableGrid& grid, IMemberDispatch* disp, const SNotifyOpenGLSink& an
 LRESULT ReceiveSinkRecord(CEditableGrid& grid, LPARAM lParam) {
     auto* sent = reinterpret_cast<SNotifyOpenGLSink*>(lParam);
     const int kind = sent ? KindOfCode(sent->code) : 0;
-    if (kind == 0 || sent->GetKind() != kind) // what has a foreign code may have no kind to be asked for
+    if (kind == 0 || sent->GetKind() != kind) // a record with a foreign code is not asked
         return 1;
     const OwnedSinkRecord record = SinkDelivery::Take(*sent);
     Run(grid, record->disp ? record->disp : grid.GetRootDisp(), *record);

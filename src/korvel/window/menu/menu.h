@@ -43,7 +43,7 @@ inline constexpr UINT NoMenuItem = 0xFFFFFFFF; // own: what is returned where th
 /// "&&" is one "&", and what follows a tab is shown at the right, as the key of a command.
 ///
 /// Before CreatePopupMenu and after DestroyMenu a menu holds nothing: what changes it returns false, what
-/// looks for a line finds none. What names a line that is not there changes nothing either.
+/// looks for a line finds none. CheckMenuItem and EnableMenuItem change nothing where there is no such line.
 class KORVEL_API CMenu {
 public:
     CMenu() = default;
