@@ -66,7 +66,8 @@ public:
     /// Null for a number that no line has.
     const Line* Find(unsigned number) const;
 
-    /// Runs a command by its number. Kept: one of a member with the id 0 runs nothing.
+    /// Runs a command by its number. Kept: one of a member with the id 0 runs nothing; one of an object runs with
+    /// any id.
     static void Run(const AttributeRows& rows, const MenuTarget& target, unsigned number);
 
 private:
