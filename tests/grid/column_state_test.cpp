@@ -168,9 +168,9 @@ TEST_F(ColumnStateTest, ADamagedRecordGivesNoWidthThatIsNone) {
     const std::string record("\0\0\0\0\x40\0\0\0\1\0\0\0\x50\0\0\0", 16);
     Bind(root);
     const auto load = [&](const std::string& damaged) {
-        grid.SetColumnInfo({{0, 64}, {1, 80}});
-        grid.SetColumnWidth(0, 64);
-        grid.SetColumnWidth(1, 80);
+        grid.SetColumnInfo({{0, 50}, {1, 60}});
+        grid.SetColumnWidth(0, 50);
+        grid.SetColumnWidth(1, 60);
         Keep(damaged);
         Load(grid);
         return Shown(grid);
@@ -184,11 +184,11 @@ TEST_F(ColumnStateTest, ADamagedRecordGivesNoWidthThatIsNone) {
         }
     for (std::size_t length = 0; length < 3 * record.size(); ++length)
         if (length != record.size())
-            EXPECT_EQ(load((record + record + record).substr(0, length)), (Widths{64, 80})) << length;
-    EXPECT_EQ(load(std::string("\0\0\0\0\x09\0\0\0\0\0\0\0\x0A\0\0\0", 16)), (Widths{9, 80})) << "twice";
+            EXPECT_EQ(load((record + record + record).substr(0, length)), (Widths{50, 60})) << length;
+    EXPECT_EQ(load(std::string("\0\0\0\0\x09\0\0\0\0\0\0\0\x0A\0\0\0", 16)), (Widths{9, 60})) << "twice";
     platform::WriteSetting(SettingsRoot::User, Key, Name, SettingValue::Text(record));
     Load(grid);
-    EXPECT_EQ(Shown(grid), (Widths{9, 80})) << "of another type";
+    EXPECT_EQ(Shown(grid), (Widths{9, 60})) << "of another type";
 }
 
 TEST_F(ColumnStateTest, AStoreOrObjectThatFailsKeepsNothingAndSaysNothing) {
