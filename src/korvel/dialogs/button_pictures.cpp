@@ -1,5 +1,6 @@
 #include "korvel/dialogs/dialog_ids.h"
 #include "korvel/window/app/built_in_resources.h"
+#include "korvel/window/base/outline.h"
 
 #include <array>
 #include <cstdint>
@@ -9,11 +10,6 @@
 // of twice the scale; a display makes them smaller elsewhere.
 namespace korvel::internal {
 namespace {
-
-struct Corner {
-    double x;
-    double y;
-};
 
 constexpr int Scale = 2; // pixels along a step of the grid
 constexpr int Side = 16 * Scale;
@@ -32,19 +28,6 @@ constexpr Corner Minus[] = {{2, 6}, {14, 6}, {14, 10}, {2, 10}};
 constexpr Corner Pen[] = {{2, 14}, {3.5, 9.5}, {10.5, 2.5}, {13.5, 5.5}, {6.5, 12.5}};
 constexpr Corner ArrowUp[] = {{8, 2}, {14, 8}, {10, 8}, {10, 14}, {6, 14}, {6, 8}, {2, 8}};
 constexpr Corner ArrowDown[] = {{8, 14}, {14, 8}, {10, 8}, {10, 2}, {6, 2}, {6, 8}, {2, 8}};
-
-// Whether a ray to the right crosses the outline an odd number of times.
-template <std::size_t Count>
-constexpr bool IsInside(const Corner (&shape)[Count], double x, double y) {
-    bool inside = false;
-    for (std::size_t i = 0; i < Count; ++i) {
-        const Corner from = shape[i];
-        const Corner to = shape[(i + 1) % Count];
-        if ((from.y > y) != (to.y > y) && x < from.x + (y - from.y) * (to.x - from.x) / (to.y - from.y))
-            inside = !inside;
-    }
-    return inside;
-}
 
 template <std::size_t Count>
 constexpr std::uint32_t OpacityAt(const Corner (&shape)[Count], int column, int row) {
