@@ -18,8 +18,8 @@ namespace fs = std::filesystem;
 
 using Names = std::vector<std::string>;
 
-const Names Folders = {"platform", "documents", "output",  "values", "parser",   "window",
-                       "layout",   "editors",   "dialogs", "grid",   "resources"};
+const Names Folders = {"platform", "documents", "output",  "values",  "parser", "window",
+                       "layout",   "events",    "editors", "dialogs", "grid",   "resources"};
 const Names WindowFloors = {"base", "core", "display", "app", "controls", "list", "menu", "dialog"};
 const std::string Root = "korvel/"; // what each include begins with
 const std::string FreeHeader = "values/data_types.h";

@@ -49,6 +49,7 @@ void UseExportedClasses() {
            CGridCtrlComboBoxInputStateTreeCheckBox>();
     UseAll<CEditableGrid, MemberCommandGrid, CellEditGrid, ExchangeGrid, IGridErrorReporter, CSuperGridCtrl,
            CItemInfo, CSuperGridCtrl::CTreeItem, ChildList>();
+    UseAll<CEventSinkObserver, IEventSink, IEventSource, PlacedEventSink>();
     UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut, DlgStateBase,
            CLayoutTabCtrlPage, CConfigurationTabCtrlPage>();
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();
