@@ -1,0 +1,22 @@
+#include "korvel/events/event_columns.h"
+
+#include "korvel/values/text_table.h"
+
+namespace korvel::internal {
+
+namespace {
+
+constexpr int FirstNameOfType = 24; // Text ids, in the order of the types
+
+} // namespace
+
+const char* NameOfEventType(CEventMessage::EEventType type) {
+    const bool isKnown = type >= CEventMessage::eInformation && type <= CEventMessage::eException;
+    return isKnown ? Text(FirstNameOfType + type) : "??";
+}
+
+CString EventCellText(const CEventMessage& message, const EventColumn& column) {
+    return column.text ? message.*column.text : NameOfEventType(message.m_Type);
+}
+
+} // namespace korvel::internal

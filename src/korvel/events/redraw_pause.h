@@ -1,0 +1,22 @@
+#pragma once
+
+#include "korvel/window/core/cwnd.h"
+#include "korvel/window/core/thread_queue.h"
+
+namespace korvel::internal {
+
+/// Switches the redraw of a window off for its lifetime; then the whole window is painted again.
+class RedrawPause {
+public:
+    explicit RedrawPause(CWnd& window) : m_window(window) { window.SetRedraw(false); }
+    ~RedrawPause() {
+        GuardedUntilRun([this] { m_window.SetRedraw(true); });
+    }
+    RedrawPause(const RedrawPause&) = delete;
+    RedrawPause& operator=(const RedrawPause&) = delete;
+
+private:
+    CWnd& m_window;
+};
+
+} // namespace korvel::internal
