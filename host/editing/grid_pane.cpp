@@ -4,6 +4,7 @@
 #include "program/member_path.h"
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
 
 namespace korvel::inspector {
@@ -12,6 +13,7 @@ namespace {
 
 constexpr CRect FirstPlace = {0, 0, 900, 600}; // until a layout places it
 constexpr int GridId = 105;
+constexpr std::size_t RowsAtOnce = 1024;
 constexpr UINT FrameIsOver = WM_USER + 1; // posted by the pane to itself
 
 // The child whose name begins the path; of several, the one with the longest name.
@@ -40,19 +42,39 @@ GridPane::GridPane() : m_grid(&m_observer, &m_enumerations) {
     m_grid.SetErrorReporter(*this);
 }
 
-void GridPane::Show(OpenDocument& document) {
+void GridPane::Show(OpenDocument& document, ReadingProgress* progress) {
     Clear();
     m_document = &document;
     m_grid.SetDocument(&document);
     m_grid.DivideWidth(); // the widths that the columns begin with
-    const ProgramTexts& texts = TheProgramTexts;
-    m_grid.Initialize(&document.Document().Root(), InCodePage(texts.name), InCodePage(texts.value), 0);
+    BindRoot(document.Document(), progress);
     m_grid.DivideWidth(); // the rows may have brought a scroll bar
     Select(0);
     m_grid.SetFocus();
     document.Extras().SetHooks(
         {[this](const std::string& text) { Copy(text); },
          [this](IMemberDispatch& object, const std::string& name) { OpenGroup(object, name); }});
+}
+
+// Most of the time that a large document takes goes into its rows, which the grid asks for in this thread.
+void GridPane::BindRoot(LandXmlDocument& document, ReadingProgress* progress) {
+    PhaseProgress rows(progress, ReadingProgress::Phase::Rows, document.Tree().Count(), RowsAtOnce);
+    bool isCancelled = false;
+    if (progress)
+        document.SetReadHook([&](ElementIndex element) {
+            try {
+                rows.Reach(element);
+            } catch (const ReadingCancelled&) {
+                isCancelled = true;
+                Clear();
+            }
+        });
+    const std::unique_ptr<LandXmlDocument, void (*)(LandXmlDocument*)> unhook(
+        &document, [](LandXmlDocument* read) { read->SetReadHook({}); });
+    const ProgramTexts& texts = TheProgramTexts;
+    m_grid.Initialize(&document.Root(), InCodePage(texts.name), InCodePage(texts.value), 0);
+    if (isCancelled)
+        throw ReadingCancelled();
 }
 
 void GridPane::Clear() {

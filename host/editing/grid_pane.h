@@ -33,8 +33,9 @@ public:
     /// What documents that are shown here are to be opened with.
     EditObserver& Observer() { return m_observer; }
     /// Shows a document instead of what was shown, with the first row selected. It must live until Clear or
-    /// the end of the pane.
-    void Show(OpenDocument& document);
+    /// the end of the pane. Throws ReadingCancelled when `progress`, which hears of the rows, does; nothing is
+    /// shown then. What `progress` does meanwhile may show windows, but not use the pane.
+    void Show(OpenDocument& document, ReadingProgress* progress = nullptr);
     void Clear();
 
     /// Writes what is being typed into a cell or as a name. False when it is refused, which the user has been
@@ -86,6 +87,7 @@ protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
 
 private:
+    void BindRoot(LandXmlDocument& document, ReadingProgress* progress);
     void Report(const std::string& caption, const std::string& message) override;
     void Select(int row);
     /// Reveals a member that is a group, and opens it.

@@ -15,9 +15,10 @@ ReadingOptions WithChooser(ReadingOptions options, IFileValue& chooser) {
 
 } // namespace
 
-OpenDocument::OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer)
-    : m_chooser(path), m_document(path, WithChooser(options, m_chooser)), m_editing(m_document, observer),
-      m_extras(m_document, observer), m_file(path, m_document) {
+OpenDocument::OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer,
+                           ReadingProgress* progress)
+    : m_chooser(path), m_document(path, WithChooser(options, m_chooser), progress),
+      m_editing(m_document, observer), m_extras(m_document, observer), m_file(path, m_document) {
     m_editing.SetStepsHook([this](const DocumentEditing::Changed& changed) {
         const bool areFiguresOld = m_extras.Statistics().Follow(changed);
         if (m_stepsHook)

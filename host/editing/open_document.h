@@ -21,8 +21,10 @@ class OpenDocument {
 public:
     /// `observer` is that of the grids that will show it, and must outlive it; no grid may show it after its
     /// end. File names are chosen from the folder of the file, unless `options` names another chooser. Throws
-    /// DocumentError.
-    OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer);
+    /// DocumentError, and ReadingCancelled when `progress` does. It may be made in any thread, and belongs to
+    /// that of the grids afterwards.
+    OpenDocument(const std::string& path, const ReadingOptions& options, EditObserver& observer,
+                 ReadingProgress* progress = nullptr);
 
     LandXmlDocument& Document() { return m_document; }
     DocumentEditing& Editing() { return m_editing; }

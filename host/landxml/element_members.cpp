@@ -1,5 +1,6 @@
 #include "landxml/element_members.h"
 
+#include "landxml/known_elements.h"
 #include "landxml/number_reading.h"
 #include "source/blanks.h"
 
@@ -70,7 +71,12 @@ bool ElementMembers::IsForeign(ElementIndex owner, std::string_view attribute) c
     return !prefix.empty() && !DeclaresNamespace(attribute) && !IsLandXml(m_tree.NamespaceOf(owner, prefix));
 }
 
-std::vector<Member> ElementMembers::List(ElementIndex owner) const {
+bool ElementMembers::IsUnknown(ElementIndex element) const {
+    return (m_rootNamespace.empty() || IsKnownNamespace(m_rootNamespace)) && !IsForeign(element) &&
+           !IsKnownElement(m_tree.LocalName(element));
+}
+
+std::vector<Member> ElementMembers::List(ElementIndex owner, PhaseProgress* progress) const {
     std::vector<Member> members;
     for (const XmlAttribute& attribute : m_tree.Attributes(owner)) {
         const std::uint32_t place = m_tree.PlaceOf(owner, attribute);
@@ -79,6 +85,8 @@ std::vector<Member> ElementMembers::List(ElementIndex owner) const {
     const std::vector<TextSource> texts = m_tree.Texts(owner);
     auto text = texts.begin();
     for (const ElementIndex child : m_tree.Children(owner)) {
+        if (progress)
+            progress->Reach(child);
         for (; text != texts.end() && text->offset < m_tree.OffsetOf(child); ++text)
             ListText(owner, *text, texts.size() == 1, members);
         members.push_back(ChildMember(owner, child));

@@ -3,6 +3,7 @@
 #include "landxml/landxml_scopes.h"
 #include "landxml/reading_options.h"
 #include "landxml/value_reading.h"
+#include "source/reading_progress.h"
 
 #include <cstdint>
 #include <string>
@@ -60,7 +61,8 @@ public:
     const UnitSet& UnitsAt(ElementIndex element) const { return m_scopes.UnitsAt(element); }
 
     /// In member order, each value read once; children without a name of their own are not numbered yet.
-    std::vector<Member> List(ElementIndex owner) const;
+    /// `progress` is told of each child by its number.
+    std::vector<Member> List(ElementIndex owner, PhaseProgress* progress = nullptr) const;
     /// Of a member that List has made. Reads no value.
     MemberName NameOf(ElementIndex owner, const Member& member) const;
 
@@ -98,6 +100,8 @@ public:
     /// These attributes of an element were changed.
     void FollowTag(ElementIndex element, const std::vector<std::string>& attributes);
 
+    /// True for an element of LandXML's namespace, in a version that is known, that LandXML does not have.
+    bool IsUnknown(ElementIndex element) const;
     /// True for an element that is no object but a text of its parent's.
     bool IsTextElement(ElementIndex element) const;
     bool HasOwnName(ElementIndex element) const { return !OwnName(element).empty(); }

@@ -42,13 +42,16 @@ bool ElementObject::IsReplaceable(const Member& member) const {
 }
 
 bool ElementObject::IsMemberEditable(const std::string& name) {
-    const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
+    const std::optional<Member> member = m_document.FindMember(m_element, name);
     return member && IsReplaceable(*member) &&
            !m_document.SessionOf(m_document.AddressOf(m_element, *member)).isProtected;
 }
 
 bool ElementObject::GetMember(const std::string& name, CVariantValue& value) {
-    const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
+    const std::optional<Member> member = m_document.FindMember(m_element, name);
+    const bool isChild =
+        member && (member->kind == MemberKind::Object || member->kind == MemberKind::TextElement);
+    m_document.TellRead(isChild ? member->place : m_element);
     IMemberDispatch* added = member ? nullptr : FindAdded(name);
     if (!member && !added)
         return false;
@@ -63,7 +66,7 @@ bool ElementObject::GetMember(const std::string& name, CVariantValue& value) {
 }
 
 std::uint32_t ElementObject::GetMemberFlags(const std::string& name) {
-    const std::optional<Member> member = m_document.NamesOf(m_element).Find(name);
+    const std::optional<Member> member = m_document.FindMember(m_element, name);
     if (!member)
         return FindAdded(name) ? std::uint32_t{MF_Delete} : 0;
     const bool isChild = member->kind == MemberKind::Object;

@@ -12,8 +12,9 @@
 
 namespace korvel::inspector {
 
-LandXmlDocument::LandXmlDocument(const std::string& path, const ReadingOptions& options)
-    : LandXmlDocument(LoadDocument(path, options.encoding), options) {}
+LandXmlDocument::LandXmlDocument(const std::string& path, const ReadingOptions& options,
+                                 ReadingProgress* progress)
+    : LandXmlDocument(LoadDocument(path, options.encoding, progress), options) {}
 
 LandXmlDocument::LandXmlDocument(LoadedDocument loaded, const ReadingOptions& options)
     : m_loaded(std::move(loaded)), m_members(m_loaded.tree, options), m_names(m_members) {
@@ -63,6 +64,16 @@ void LandXmlDocument::Forget(ElementIndex element) {
     m_objects.erase(element);
     m_presentations.erase(element);
     m_names.Forget(element);
+}
+
+const std::optional<Member>& LandXmlDocument::FindMember(ElementIndex element, const std::string& name) {
+    if (m_lastFoundIn != element || m_lastFoundName != name) {
+        m_lastFoundIn = NoElement; // until all is known
+        m_lastFound = NamesOf(element).Find(name);
+        m_lastFoundName = name;
+        m_lastFoundIn = element;
+    }
+    return m_lastFound;
 }
 
 const CVariantValue& LandXmlDocument::ValueOf(ElementIndex element, const Member& member) {
@@ -144,6 +155,7 @@ void LandXmlDocument::Write(const DocumentChange& change, const DocumentChange::
     else
         m_sessions[change.element] = state.sessions;
     m_lastElement = NoElement;
+    m_lastFoundIn = NoElement;
     if (change.text)
         m_loaded.tree.ReplaceText(change.element, *change.text, state.written);
     else

@@ -8,6 +8,8 @@
 #include "source/document_reader.h"
 #include "source/xml_escaping.h"
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -30,8 +32,10 @@ class ElementExtras;
 class LandXmlDocument {
 public:
     /// Throws DocumentError, whose text names the file, the place and what is wrong. A file that is XML but
-    /// of no known LandXML version is shown all the same; see Notices.
-    LandXmlDocument(const std::string& path, const ReadingOptions& options);
+    /// of no known LandXML version is shown all the same; see Notices. Throws ReadingCancelled when `progress`
+    /// does.
+    LandXmlDocument(const std::string& path, const ReadingOptions& options,
+                    ReadingProgress* progress = nullptr);
     LandXmlDocument(const LandXmlDocument&) = delete;
     LandXmlDocument& operator=(const LandXmlDocument&) = delete;
 
@@ -65,7 +69,12 @@ public:
 
     /// See MemberNameCache.
     const std::string& IdentOf(ElementIndex element) { return m_names.IdentOf(element); }
-    const UniqueMemberNames& NamesOf(ElementIndex element) { return m_names.NamesOf(element); }
+    const UniqueMemberNames& NamesOf(ElementIndex element, PhaseProgress* progress = nullptr) {
+        return m_names.NamesOf(element, progress);
+    }
+
+    /// The member of a name. A grid asks several things of one member in a row, so the last one is kept.
+    const std::optional<Member>& FindMember(ElementIndex element, const std::string& name);
 
     /// The value of a member that is no object. A grid asks for the type and the value of a member one after
     /// the other, so the last value is kept. Valid until that of another member is asked for.
@@ -81,6 +90,15 @@ public:
     /// Whether the file can hold a character; every one at first.
     void SetCharacterTest(CharacterTest test) { m_characterTest = std::move(test); }
     const CharacterTest& GetCharacterTest() const { return m_characterTest; }
+
+    /// Called with the element that each value is read from; empty: nobody wants to hear. It may end a binding
+    /// of the grid that reads.
+    using ReadHook = std::function<void(ElementIndex element)>;
+    void SetReadHook(ReadHook hook) { m_readHook = std::move(hook); }
+    void TellRead(ElementIndex element) const {
+        if (m_readHook)
+            m_readHook(element);
+    }
 
     /// What is added to the elements, or null; it must outlive the document or be taken back.
     void SetExtras(ElementExtras* extras) { m_extras = extras; }
@@ -115,6 +133,12 @@ private:
 
     std::unordered_map<ElementIndex, ElementObject> m_objects;
     std::unordered_map<ElementIndex, AlignmentPresentation> m_presentations;
+
+    ReadHook m_readHook;
+
+    ElementIndex m_lastFoundIn = NoElement;
+    std::string m_lastFoundName;
+    std::optional<Member> m_lastFound;
 
     ElementIndex m_lastElement = NoElement;
     Member m_lastMember{0, MemberKind::Object};

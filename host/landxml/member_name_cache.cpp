@@ -11,13 +11,13 @@ bool MemberNameCache::IsLarge(ElementIndex element, const UniqueMemberNames& nam
            m_recent.size();
 }
 
-const UniqueMemberNames& MemberNameCache::NamesOf(ElementIndex element) {
+const UniqueMemberNames& MemberNameCache::NamesOf(ElementIndex element, PhaseProgress* progress) {
     if (const auto large = m_large.find(element); large != m_large.end())
         return *large->second;
     RecentNames& recent = m_recent[element % m_recent.size()];
     if (recent.element == element)
         return *recent.names;
-    auto names = std::make_unique<UniqueMemberNames>(m_members, element);
+    auto names = std::make_unique<UniqueMemberNames>(m_members, element, progress);
     if (IsLarge(element, *names))
         return *m_large.emplace(element, std::move(names)).first->second;
     recent = {element, std::move(names)};

@@ -17,7 +17,8 @@ public:
     explicit MemberNameCache(const ElementMembers& members) : m_members(members) {}
 
     /// Valid until the names of an element outside this one are asked for.
-    const UniqueMemberNames& NamesOf(ElementIndex element);
+    /// `progress` is told of each child by its number, where the names are made.
+    const UniqueMemberNames& NamesOf(ElementIndex element, PhaseProgress* progress = nullptr);
     /// The name of an element's object: the one that it has as a member. Valid until Forget; changed in
     /// place.
     const std::string& IdentOf(ElementIndex element);

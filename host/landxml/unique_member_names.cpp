@@ -23,8 +23,9 @@ bool IsChild(const Member& member) {
 
 } // namespace
 
-UniqueMemberNames::UniqueMemberNames(const ElementMembers& members, ElementIndex owner)
-    : m_source(members), m_owner(owner), m_members(members.List(owner)) {
+UniqueMemberNames::UniqueMemberNames(const ElementMembers& members, ElementIndex owner,
+                                     PhaseProgress* progress)
+    : m_source(members), m_owner(owner), m_members(members.List(owner, progress)) {
     NumberChildren();
     HashNames();
     ResolveClashes();

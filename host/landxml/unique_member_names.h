@@ -17,7 +17,8 @@ namespace korvel::inspector {
 /// a member are all that is kept. Each value is read once, when the names are made unique.
 class UniqueMemberNames {
 public:
-    UniqueMemberNames(const ElementMembers& members, ElementIndex owner);
+    /// `progress` is told of each child by its number.
+    UniqueMemberNames(const ElementMembers& members, ElementIndex owner, PhaseProgress* progress = nullptr);
 
     std::size_t Count() const { return m_members.size(); }
     std::string NameAt(std::size_t index) const;

@@ -13,6 +13,7 @@
 namespace korvel::inspector {
 namespace {
 
+constexpr std::size_t ReadAtOnce = 1 << 18; // bytes, until the reading can be cancelled
 constexpr std::size_t ShortestElement = std::string_view("<a/>").size();
 
 // At least the number of elements: what begins like a start tag, also in comments and character sections, but
@@ -55,8 +56,9 @@ std::string LossOf(const DecodedXml& decoded, std::size_t hashOfBytes) {
 
 class DocumentReader {
 public:
-    DocumentReader(std::string source, const std::optional<XmlFault>& fault)
-        : m_tree(std::move(source)), m_source(m_tree.m_source), m_parser(m_source, fault) {
+    DocumentReader(std::string source, const std::optional<XmlFault>& fault, ReadingProgress* progress)
+        : m_tree(std::move(source)), m_source(m_tree.m_source), m_parser(m_source, fault),
+          m_progress(progress, ReadingProgress::Phase::Elements, m_source.size(), ReadAtOnce) {
         if (m_source.size() >= std::numeric_limits<std::uint32_t>::max()) // of offsets; UTF-8 may be longer
             m_parser.Fail(0, "the document is larger than 4 GB in UTF-8");
         m_tree.m_elements.reserve(CountStartTags(m_source));
@@ -85,6 +87,7 @@ private:
     };
 
     void Open() {
+        m_progress.Reach(m_parser.Offset());
         if (!m_open.empty())
             KeepText(m_open.back());
         const auto element = static_cast<ElementIndex>(m_tree.m_elements.size());
@@ -134,23 +137,25 @@ private:
     std::string_view m_source;
     XmlParser m_parser;
     std::vector<OpenElement> m_open;
+    PhaseProgress m_progress;
 };
 
-ElementTree ReadElements(std::string source, const std::optional<XmlFault>& fault) {
-    return DocumentReader(std::move(source), fault).Read();
+ElementTree ReadElements(std::string source, const std::optional<XmlFault>& fault,
+                         ReadingProgress* progress) {
+    return DocumentReader(std::move(source), fault, progress).Read();
 }
 
 std::size_t HashOf(std::string_view bytes) {
     return std::hash<std::string_view>()(bytes);
 }
 
-LoadedDocument LoadDocument(const std::string& path, std::string_view encoding) {
-    SourceFile file = ReadSourceFile(path);
+LoadedDocument LoadDocument(const std::string& path, std::string_view encoding, ReadingProgress* progress) {
+    SourceFile file = ReadSourceFile(path, progress);
     const std::size_t hash = HashOf(file.bytes);
     try {
         DecodedXml decoded = DecodeXml(std::move(file.bytes), encoding, WrongBytes::Replace);
         std::string loss = LossOf(decoded, hash);
-        return {ReadElements(std::move(decoded.text), decoded.fault),
+        return {ReadElements(std::move(decoded.text), decoded.fault, progress),
                 {decoded.encoding, decoded.hasByteOrderMark, file.isPacked},
                 file.stamp,
                 hash,

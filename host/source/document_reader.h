@@ -12,7 +12,8 @@ namespace korvel::inspector {
 
 /// The elements of an XML document in UTF-8. One strict pass by XmlParser, with no memory but the tree's;
 /// whatever that refuses throws XmlError, and so does `fault`, which is what follows the text.
-ElementTree ReadElements(std::string source, const std::optional<XmlFault>& fault = {});
+ElementTree ReadElements(std::string source, const std::optional<XmlFault>& fault = {},
+                         ReadingProgress* progress = nullptr);
 
 /// How a file holds its document, for whoever writes it again.
 struct FileForm {
@@ -35,7 +36,8 @@ struct LoadedDocument {
 std::size_t HashOf(std::string_view bytes);
 
 /// Reads an XML file of any encoding that DecodeXml knows; `encoding`, unless empty, goes before what the
-/// file declares. Throws DocumentError.
-LoadedDocument LoadDocument(const std::string& path, std::string_view encoding = {});
+/// file declares. Throws DocumentError, and ReadingCancelled when `progress` does.
+LoadedDocument LoadDocument(const std::string& path, std::string_view encoding = {},
+                            ReadingProgress* progress = nullptr);
 
 } // namespace korvel::inspector

@@ -74,12 +74,15 @@ bool IsGzip(std::string_view bytes) {
     return bytes.starts_with(Magic);
 }
 
-const char* Unpack(std::string_view packed, std::size_t longest, std::string& unpacked) {
+const char* Unpack(std::string_view packed, std::size_t longest, std::string& unpacked,
+                   ReadingProgress* progress) {
     using State = Inflater::State;
     Inflater inflater(packed);
     const std::size_t most = std::min(longest, packed.size() * MostTimesLarger);
     unpacked.reserve(std::min({most, SizeSaidAtTheEnd(packed), packed.size() * MostTimesReserved}));
+    PhaseProgress phase(progress, ReadingProgress::Phase::File, packed.size(), ChunkSize);
     for (;;) {
+        phase.Reach(packed.size() - inflater.Rest().size());
         std::string_view chunk;
         const State state = inflater.Next(chunk);
         if (unpacked.size() + chunk.size() > most)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "source/reading_progress.h"
+
 #include <string>
 #include <string_view>
 
@@ -10,7 +12,8 @@ bool IsGzip(std::string_view bytes);
 
 /// Unpacks one file, of one or more members. Returns null when it is whole, else why it is not; `unpacked`
 /// holds what came before then. More than 1,000 times the packed size, or `longest` bytes, are refused.
-const char* Unpack(std::string_view packed, std::size_t longest, std::string& unpacked);
+const char* Unpack(std::string_view packed, std::size_t longest, std::string& unpacked,
+                   ReadingProgress* progress = nullptr);
 
 /// One file packed by gzip, without a time in it.
 std::string Pack(std::string_view bytes);

@@ -4,6 +4,7 @@
 #include "source/gzip.h"
 #include "texts/system_reason.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdint>
 #include <fcntl.h>
@@ -16,6 +17,7 @@ namespace korvel::inspector {
 namespace {
 
 constexpr std::size_t LargestFile = std::numeric_limits<std::uint32_t>::max();
+constexpr std::size_t LargestRead = 1 << 20; // so that the reading can be cancelled in between
 
 class FileDescriptor {
 public:
@@ -49,7 +51,7 @@ std::optional<FileStamp> StampOf(const std::string& path) {
     return stat(path.c_str(), &status) == 0 ? std::optional(StampOf(status)) : std::nullopt;
 }
 
-SourceFile ReadSourceFile(const std::string& path) {
+SourceFile ReadSourceFile(const std::string& path, ReadingProgress* progress) {
     // O_NONBLOCK: opening a pipe that nobody writes to must not wait.
     const FileDescriptor file(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (file.Get() < 0)
@@ -66,9 +68,12 @@ SourceFile ReadSourceFile(const std::string& path) {
 
     SourceFile source{std::string(static_cast<std::size_t>(status.st_size), '\0'), false, StampOf(status)};
     std::string& bytes = source.bytes;
+    PhaseProgress phase(progress, ReadingProgress::Phase::File, bytes.size(), LargestRead);
     std::size_t count = 0;
     while (count < bytes.size()) {
-        const ssize_t got = read(file.Get(), bytes.data() + count, bytes.size() - count);
+        phase.Reach(count);
+        const std::size_t wanted = std::min(bytes.size() - count, LargestRead);
+        const ssize_t got = read(file.Get(), bytes.data() + count, wanted);
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
@@ -81,7 +86,7 @@ SourceFile ReadSourceFile(const std::string& path) {
     source.isPacked = IsGzip(bytes);
     if (source.isPacked) {
         std::string unpacked;
-        if (const char* reason = Unpack(bytes, LargestFile - 1, unpacked))
+        if (const char* reason = Unpack(bytes, LargestFile - 1, unpacked, progress))
             Fail(path, reason);
         bytes = std::move(unpacked);
     }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "source/reading_progress.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -32,6 +34,6 @@ struct SourceFile {
 /// when it is damaged or cut off, or holds more than 1,000 times its size: such files are made to fill the
 /// memory. The bytes are read, not mapped: a file that somebody else shortens meanwhile must not end the
 /// program.
-SourceFile ReadSourceFile(const std::string& path);
+SourceFile ReadSourceFile(const std::string& path, ReadingProgress* progress = nullptr);
 
 } // namespace korvel::inspector

@@ -87,6 +87,9 @@ constexpr Translation Translations[] = {
     {"the version of XML is not 1.0", "die XML-Version ist nicht 1.0"},
     {"this is no name of an encoding", "das ist kein Name einer Kodierung"},
     {"this is not XML: it does not begin with '<'", "das ist kein XML: es beginnt nicht mit '<'"},
+    // of what a document holds
+    {"line %1: %2 is no valid value of %3", "Zeile %1: %2 ist kein gültiger Wert von %3"},
+    {"line %1: LandXML has no element %2", "Zeile %1: LandXML hat kein Element %2"},
     // of edits
     {"the document can only be read", "das Dokument kann nur gelesen werden"},
     {"%1 cannot be changed in this file", "%1 kann in dieser Datei nicht geändert werden"},
