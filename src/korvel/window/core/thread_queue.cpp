@@ -44,7 +44,7 @@ void ThreadQueue::Send(HWND window, const Action& action) {
         const std::lock_guard lock(m_mutex);
         if (m_closed || (window && !IsWindow(window)))
             return;
-        m_calls.push_back({window, &action, own, &done});
+        m_calls.push_back({window, &action, own, &done, own->m_running});
     }
     m_arrived.notify_one();
     Wake();
@@ -103,8 +103,28 @@ void ThreadQueue::ServeSendsUntil(const std::function<bool()>& done) {
         if (hasRun)
             continue;
         std::unique_lock lock(m_mutex);
-        m_arrived.wait_for(lock, Step, [&] { return !m_calls.empty(); });
+        m_arrived.wait_for(lock, Step, [&] { return m_isNudged || !m_calls.empty(); });
+        m_isNudged = false;
     }
+}
+
+void ThreadQueue::Nudge() {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isNudged = true;
+    }
+    m_arrived.notify_one();
+}
+
+bool ThreadQueue::RunsFor(const ThreadQueue& sender) const {
+    return IsFor(sender, m_running);
+}
+
+bool ThreadQueue::IsFor(const ThreadQueue& sender, const Running* running) {
+    for (; running; running = running->outer)
+        if (running->call.sender.get() == &sender || IsFor(sender, running->call.cause))
+            return true;
+    return false;
 }
 
 void ThreadQueue::RunSends() {
@@ -126,10 +146,15 @@ bool ThreadQueue::RunNextSend() {
 }
 
 void ThreadQueue::RunOne(const Call& call) {
-    struct ReleaseSender {
-        const Call& call;
-        ~ReleaseSender() { Release(call); }
-    } const releaseSender{call};
+    struct Run {
+        ThreadQueue& queue;
+        const Running running;
+        ~Run() {
+            queue.m_running = running.outer;
+            Release(running.call);
+        }
+    } const run{*this, {call, m_running}};
+    m_running = &run.running;
     (*call.action)();
 }
 

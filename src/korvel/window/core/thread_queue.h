@@ -33,6 +33,11 @@ public:
     void Run();
     /// Runs sends alone until `done` returns true; on the queue's thread.
     void ServeSendsUntil(const std::function<bool()>& done);
+    /// Has ServeSendsUntil ask again at once whether it is done. Any thread.
+    void Nudge();
+    /// True while this thread runs what `sender` waits for: a call of its own, or one that such a call has
+    /// led to. On the queue's thread.
+    bool RunsFor(const ThreadQueue& sender) const;
     /// Drops what waits for a window; its senders return.
     void Forget(HWND window);
     /// Runs the last action; the senders that wait return, and nothing is taken any more. By the queue's
@@ -46,11 +51,18 @@ public:
     void SetLastAction(Action action) { m_lastAction = std::move(action); }
 
 private:
+    struct Running;
     struct Call {
         HWND window;
         const Action* action;
         std::shared_ptr<ThreadQueue> sender;
         std::atomic<bool>* done;
+        const Running* cause; // what the sender was running itself
+    };
+    /// A call that is being run. It stands as long as its sender waits, so that other threads may read it.
+    struct Running {
+        const Call& call;
+        const Running* outer; // in which this thread has come to run it
     };
     struct Posted {
         HWND window;
@@ -62,6 +74,7 @@ private:
     bool RunNextSend();
     void RunOne(const Call& call);
     static void Release(const Call& call);
+    static bool IsFor(const ThreadQueue& sender, const Running* running);
     bool IsIdle();
     void Wake();
 
@@ -70,7 +83,9 @@ private:
     std::deque<Call> m_calls;
     std::deque<Posted> m_posted;
     bool m_closed = false;
-    std::mutex m_wakerMutex; // keeps alive what the waker calls while it does
+    bool m_isNudged = false;
+    const Running* m_running = nullptr; // the queue's thread's own
+    std::mutex m_wakerMutex;            // keeps alive what the waker calls while it does
     Action m_waker;
     Action m_lastAction;
 };
