@@ -34,6 +34,11 @@ constexpr int AttributeValueId = 15075;
 constexpr int AttributeProtectId = 15076;
 constexpr int AttributeProblemId = 15077;
 
+constexpr int ProgressTemplateId = 15056;
+constexpr int CancelProcessingId = 15036;
+constexpr int ProgressBarId = 15037;
+constexpr int ProgressStatusId = 15038;
+
 constexpr int TextTemplateId = 106;
 constexpr int TextEditId = 2110;
 

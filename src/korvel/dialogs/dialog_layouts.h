@@ -13,6 +13,7 @@ namespace korvel::internal {
 template <const DialogWords& Words>
 class CommonDialogs {
     static constexpr UINT Frame = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
+    static constexpr UINT Unclosable = WS_POPUP | WS_CAPTION | WS_VISIBLE | DS_MODALFRAME;
     static constexpr UINT Sizable = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
     static constexpr UINT Button = WS_TABSTOP | BS_PUSHBUTTON;
     static constexpr UINT DefaultButton = WS_TABSTOP | BS_DEFPUSHBUTTON;
@@ -50,6 +51,11 @@ class CommonDialogs {
         {"BUTTON", Words.ok, IDOK, DefaultButton, {133, 107, 58, 16}},
         {"BUTTON", Words.cancel, IDCANCEL, Button, {195, 107, 58, 16}},
     };
+    static constexpr DialogItem Progress[] = {
+        {"msctls_progress32", "", ProgressBarId, PBS_SMOOTH, {7, 7, 306, 12}},
+        {"STATIC", "STATUS", ProgressStatusId, SS_NOPREFIX, {7, 24, 306, 10}},
+        {"BUTTON", Words.cancel, CancelProcessingId, Button, {255, 39, 58, 16}},
+    };
     static constexpr DialogItem Text[] = {
         {"RICHEDIT50W", "", TextEditId, Lines, {7, 7, 286, 150}},
         {"BUTTON", Words.ok, IDOK, DefaultButton, {173, 164, 58, 16}},
@@ -61,6 +67,7 @@ public:
         {CodeListTemplateId, "", Frame, {0, 0, 340, 191}, CodeList},
         {EditCodeListTemplateId, "", Frame, {0, 0, 236, 72}, EditCodeList},
         {EditAttributsTemplateId, Words.newAttribute, Sizable, {0, 0, 260, 130}, EditAttributs},
+        {ProgressTemplateId, Words.processing, Unclosable, {0, 0, 320, 62}, Progress},
         {TextTemplateId, "", Frame, {0, 0, 300, 187}, Text},
     };
 };

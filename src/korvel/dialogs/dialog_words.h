@@ -15,6 +15,7 @@ struct DialogWords {
     const char* type;
     const char* value;
     const char* writeProtected;
+    const char* processing;
     const char* ok;
     const char* cancel;
 };
@@ -31,6 +32,7 @@ inline constexpr DialogWords GermanWords = {.add = "Hinzuf\xFCgen",
                                             .type = "Typ:",
                                             .value = "Wert:",
                                             .writeProtected = "Schreibgesch\xFCtzt",
+                                            .processing = "Verarbeitung l\xE4uft...",
                                             .ok = "OK",
                                             .cancel = "Abbrechen"};
 
@@ -46,6 +48,7 @@ inline constexpr DialogWords EnglishWords = {.add = "Add",
                                              .type = "Type:",
                                              .value = "Value:",
                                              .writeProtected = "Write protected",
+                                             .processing = "Processing...",
                                              .ok = "OK",
                                              .cancel = "Cancel"};
 

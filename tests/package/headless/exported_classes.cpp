@@ -62,7 +62,11 @@ void UseExportedClasses() {
            CDC, CRgn, CImageList, IDisplay>();
     UseAll<CComboBox, CDateTimeCtrl, CProgressCtrl, CRichEditCtrl, CSliderCtrl, CSpinButtonCtrl, CTabCtrl,
            CToolTipCtrl>();
-    UseAll<CDialogCodeList, CDialogEditCodeList, CDialogText, CDlgEditAttributs, CSelectFolderDlg>();
+    UseAll<CDialogCodeList, CDialogEditCodeList, CDialogText, CDlgEditAttributs, CDlgProgress,
+           IObserver_DlgProgress, CSelectFolderDlg>();
+    UseMember(&NewDlgProgress);
+    UseMember(&CreateDlgProgress);
+    UseMember(&DeleteDlgProgress);
     UseAll<CWinApp, CWinAppNoReleaseD2DRefs, CKorvelCommonDialogsApp, ModuleStateGuard>();
     UseMember(&platform::SettingValue::AsNumber);
     UseMember(&CDC::LineTo);
