@@ -52,12 +52,18 @@ constexpr bool IsIn(Shape shape, double x, double y) {
     return !shape.empty() && IsInside(shape, x, y);
 }
 
-constexpr bool IsOnGround(const Icon& icon, double x, double y) {
+constexpr bool IsInDisc(double radius, double x, double y) {
     constexpr double Center = Side / 2.0;
-    constexpr double Radius = 7.6;
-    if (!icon.ground.empty())
-        return IsIn(icon.ground, x, y);
-    return (x - Center) * (x - Center) + (y - Center) * (y - Center) < Radius * Radius;
+    return (x - Center) * (x - Center) + (y - Center) * (y - Center) < radius * radius;
+}
+
+constexpr bool IsOnGround(const Icon& icon, double x, double y) {
+    return icon.ground.empty() ? IsInDisc(7.7, x, y) : IsIn(icon.ground, x, y);
+}
+
+// A disc has a white rim, as a selected row may have its color.
+constexpr bool IsWhite(const Icon& icon, double x, double y) {
+    return (icon.ground.empty() && !IsInDisc(7, x, y)) || IsIn(icon.sign, x, y) || IsIn(icon.dot, x, y);
 }
 
 // Of the ground's color and white, as much as the samples say.
@@ -80,7 +86,7 @@ constexpr std::uint32_t PixelAt(const Icon& icon, int column, int row) {
         if (!IsOnGround(icon, x, y))
             continue;
         ++hits;
-        white += IsIn(icon.sign, x, y) || IsIn(icon.dot, x, y);
+        white += IsWhite(icon, x, y);
     }
     return hits == 0 ? 0 : hits * 0xFF / Count << 24 | Blend(icon.color, white, hits);
 }
