@@ -3,12 +3,14 @@
 #include "korvel/editors/cell_conversion.h"
 #include "korvel/grid/attribute_rows.h"
 #include "korvel/grid/tree_walk.h"
+#include "korvel/platform/one_line.h"
 
 #include <algorithm>
-#include <string_view>
 #include <vector>
 
 namespace korvel::internal {
+
+using platform::AppendInOneLine;
 
 namespace {
 
@@ -24,16 +26,6 @@ Nodes AllBelow(const grid::CTreeItem& top) {
         walk.Enter(*node);
     }
     return nodes;
-}
-
-void AddInOneLine(std::string& text, std::string_view cell) {
-    constexpr std::string_view Breaks = "\t\r\n";
-    for (std::size_t end = cell.find_first_of(Breaks); end != std::string_view::npos;
-         end = cell.find_first_of(Breaks)) {
-        text.append(cell.substr(0, end)) += ' ';
-        cell.remove_prefix(end + (cell.substr(end).starts_with("\r\n") ? 2 : 1));
-    }
-    text += cell;
 }
 
 // A line feed stands between what `add` adds for each node. False as soon as that is false.
@@ -54,7 +46,7 @@ bool ClipboardTexts::AddCell(std::string& text, const CTreeItem& node, int colum
     if (!node.info || column < 0)
         return true;
     if (column == 0) {
-        AddInOneLine(text, node.info->text);
+        AppendInOneLine(text, node.info->text);
         return true;
     }
     const bool isColumn = m_rows.layout.RowsAreObjects();
@@ -73,7 +65,7 @@ bool ClipboardTexts::AddCell(std::string& text, const CTreeItem& node, int colum
     }
     if (!rows)
         return false;
-    AddInOneLine(text, cell);
+    AppendInOneLine(text, cell);
     return true;
 }
 

@@ -10,7 +10,7 @@ class AttributeRows;
 class AttributeTree;
 
 /// The rows of an attribute grid as text: a cell after the other with a tab between, a row on each line with
-/// a line feed between. A tab or the end of a line within a cell becomes one blank.
+/// a line feed between. A tab, the end of a line and a zero byte within a cell each become one blank.
 ///
 ///     std::string text;
 ///     texts.AddTree(text, *group);   // "axis\t\n  length\t12,50 m\n  name\tA 7"

@@ -1,0 +1,15 @@
+#include "korvel/platform/one_line.h"
+
+namespace korvel::platform {
+
+void AppendInOneLine(std::string& line, std::string_view text) {
+    constexpr std::string_view Breaks("\t\r\n\0", 4);
+    for (std::size_t end = text.find_first_of(Breaks); end != std::string_view::npos;
+         end = text.find_first_of(Breaks)) {
+        line.append(text.substr(0, end)) += ' ';
+        text.remove_prefix(end + (text.substr(end).starts_with("\r\n") ? 2 : 1));
+    }
+    line += text;
+}
+
+} // namespace korvel::platform
