@@ -3,6 +3,7 @@
 #include "korvel/events/date_format_listener.h"
 #include "korvel/events/event_columns.h"
 #include "korvel/events/event_row_painter.h"
+#include "korvel/events/event_rows.h"
 #include "korvel/events/event_times.h"
 #include "korvel/events/redraw_pause.h"
 #include "korvel/events/stored_events.h"
@@ -21,6 +22,14 @@ const StoredEvent* EventOf(LPARAM data) {
     return static_cast<const StoredEvent*>(reinterpret_cast<const CEventMessage*>(data));
 }
 
+LPARAM DataOf(const CEventMessage& kept) {
+    return reinterpret_cast<LPARAM>(&kept);
+}
+
+int ImageOfRow(LPARAM data) {
+    return CGridEvents::GetImageIndexFromEventType(EventOf(data)->m_Type);
+}
+
 CString TextOfRow(LPARAM data, int column) {
     const auto* message = reinterpret_cast<const CEventMessage*>(data);
     const auto index = static_cast<std::size_t>(column);
@@ -36,6 +45,7 @@ struct CGridEvents::Parts {
 
     StoredEvents events;
     EventIcons icons;
+    EventFilter filter;
     HWND headerOf = nullptr; // the window that has the columns
     DateFormatListener dateFormat;
 };
@@ -95,10 +105,12 @@ void CGridEvents::OnAddPlacedEvent(const CEventMessage& message, const EventPlac
 void CGridEvents::Add(const CEventMessage& message, const EventPlace* place) {
     m_parts->dateFormat.Begin();
     const CEventMessage& kept = m_parts->events.Add(message, place);
+    if (!m_parts->filter.Shows(kept))
+        return;
     LVITEM row;
     row.mask = LVIF_IMAGE | LVIF_PARAM; // the text source has the text
     row.iImage = GetImageIndexFromEventType(kept.m_Type);
-    row.lParam = reinterpret_cast<LPARAM>(&kept);
+    row.lParam = DataOf(kept);
     SendMessageA(LVM_INSERTITEM, 0, reinterpret_cast<LPARAM>(&row));
 }
 
@@ -117,6 +129,26 @@ void CGridEvents::OnChanged() {
     EventTimeTexts texts;
     for (StoredEvent* event : m_parts->events.Listed())
         texts.Write(*event);
+}
+
+void CGridEvents::SetFilter(const EventFilter& filter) {
+    EventFilter wanted = filter;
+    const auto& listed = m_parts->events.Listed();
+    std::vector<LPARAM> rows;
+    for (auto event = listed.rbegin(); event != listed.rend(); ++event)
+        if (wanted.Shows(**event))
+            rows.push_back(DataOf(**event));
+    const RedrawPause pause(*this);
+    ReplaceRows(*this, rows, ImageOfRow);
+    m_parts->filter = std::move(wanted);
+}
+
+const EventFilter& CGridEvents::GetFilter() const {
+    return m_parts->filter;
+}
+
+int CGridEvents::GetMessageCount() const {
+    return static_cast<int>(m_parts->events.Listed().size());
 }
 
 const CEventMessage* CGridEvents::MessageAt(int row) const {

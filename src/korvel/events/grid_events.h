@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/events/event_filter.h"
 #include "korvel/events/event_place.h"
 #include "korvel/events/event_sink.h"
 #include "korvel/output/format_subscription.h"
@@ -20,7 +21,7 @@ namespace korvel {
 ///     import.RemoveSink(&list);  // before the list dies
 ///
 /// It keeps a copy of every message for as long as it lives, also of one that came when it had no window, which
-/// is then never shown; there is no limit. Dates and times are written again when their format changes. Belongs
+/// SetFilter then shows; there is no limit. Dates and times are written again when their format changes. Belongs
 /// to the thread of its window, on which events must be reported; EventQueue takes those of other threads.
 ///
 /// The row data (GetItemData) is the kept message, a const CEventMessage*, and its text in column 0 is the
@@ -52,6 +53,13 @@ public:
     /// list.
     const CEventMessage* MessageAt(int row) const;
     const EventPlace* PlaceAt(int row) const;
+
+    /// Hides rows and forgets no message; of those to come it shows what the filter lets through. What is
+    /// selected and still shown stays so. No notice is sent.
+    void SetFilter(const EventFilter& filter);
+    const EventFilter& GetFilter() const;
+    /// How many messages there are since the last OnClearEvent, hidden ones included.
+    int GetMessageCount() const;
 
     void DrawItem(DRAWITEMSTRUCT* item) override;
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "korvel/window/list/list_ctrl.h"
+
+#include <functional>
+#include <vector>
+
+namespace korvel::internal {
+
+/// Replaces all rows of a list by rows with these data, from the top; no notice is sent. What was selected,
+/// had the focus or stood on top does so again, if it is still there. To be called while redraw is off.
+void ReplaceRows(CListCtrl& list, const std::vector<LPARAM>& data,
+                 const std::function<int(LPARAM data)>& imageOf);
+
+} // namespace korvel::internal
