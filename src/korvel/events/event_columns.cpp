@@ -15,8 +15,10 @@ const char* NameOfEventType(CEventMessage::EEventType type) {
     return isKnown ? Text(FirstNameOfType + type) : "??";
 }
 
-CString EventCellText(const CEventMessage& message, const EventColumn& column) {
-    return column.text ? message.*column.text : NameOfEventType(message.m_Type);
+std::string_view EventCellText(const CEventMessage& message, const EventColumn& column) {
+    if (!column.text)
+        return NameOfEventType(message.m_Type);
+    return message.*column.text;
 }
 
 } // namespace korvel::internal

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "korvel/events/event_message.h"
-#include "korvel/window/base/types.h"
 
 #include <array>
+#include <string_view>
 
 /// What the columns of an event list show.
 namespace korvel::internal {
@@ -22,7 +22,7 @@ inline constexpr std::array<EventColumn, 5> EventColumns = {{{19, nullptr},
 /// In the language of the process; "??" for an unknown type.
 const char* NameOfEventType(CEventMessage::EEventType type);
 
-/// What is drawn in a column, whole and as it is.
-CString EventCellText(const CEventMessage& message, const EventColumn& column);
+/// What a column shows of a message, whole and as it is.
+std::string_view EventCellText(const CEventMessage& message, const EventColumn& column);
 
 } // namespace korvel::internal
