@@ -32,8 +32,8 @@ TEST_F(EventExportTest, WritesOneLineForEachRow) {
            std::string("1\r\n2\n3\r4\0"
                        "5",
                        10));
-    Report(static_cast<CEventMessage::EEventType>(9), "", "");
-    EXPECT_EQ(EventsAsText(list, EventRows::Shown), "??\t23.11.2026\t10:15\t\t\n"
+    Report(static_cast<CEventMessage::EEventType>(9), "", " \"Axis\" 3");
+    EXPECT_EQ(EventsAsText(list, EventRows::Shown), "??\t23.11.2026\t10:15\t\t\" \"\"Axis\"\" 3\"\n"
                                                     "Error\t23.11.2026\t10:15\ta b\t1 2 3 4 5");
 }
 

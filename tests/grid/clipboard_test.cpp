@@ -65,6 +65,22 @@ TEST_F(ClipboardTest, EachCommandCopiesItsPart) {
     }
 }
 
+TEST_F(ClipboardTest, AQuotationMarkAtTheBeginningKeepsCellsAndRowsApart) {
+    root.With("\"A\" 7", Words(DT_String, "\"Nord\tend")).With("width", Words(DT_String, "2 \"wide\""));
+    point.With(" \"c\"", Words(DT_String, "  \"\""));
+    Bind();
+    for (const auto& [border, row, column, command, text] : Table<int, int, GridCommand, const char*>{
+             {"a row", 2, 0, GridCommand::CopyRow, "\"\"\"A\"\" 7\"\t\"\"\"Nord end\""},
+             {"a column", 2, 1, GridCommand::CopyColumn, "\na b c  d\n\"\"\"Nord end\"\n2 \"wide\""},
+             {"after blanks", 0, 0, GridCommand::CopyTree,
+              "p q\t\n  x\t1,50 m\n  on\t\n\"   \"\"c\"\"\"\t\"  \"\"\"\"\""},
+             {"alone", 2, 1, GridCommand::CopyValue, "\"Nord end"}}) {
+        SelectCell(row, column);
+        Run(command);
+        EXPECT_EQ(Copied(), text) << border;
+    }
+}
+
 TEST_F(ClipboardTest, ARowThatIsAnObjectCopiesItsColumns) {
     grid.SetLayoutMultiColumn({"Name", "on", "none", "x"});
     Bind();

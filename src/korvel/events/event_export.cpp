@@ -21,7 +21,7 @@ void AppendMessage(CString& text, const CEventMessage& message) {
     for (const EventColumn& column : EventColumns) {
         if (!std::exchange(isFirst, false))
             text += '\t';
-        platform::AppendInOneLine(text, EventCellText(message, column));
+        platform::AppendTableCell(text, EventCellText(message, column));
     }
 }
 

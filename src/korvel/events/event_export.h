@@ -17,7 +17,8 @@ enum class EventRows {
 };
 
 /// The rows of an event list as text, from the top: the columns with a tab between, a message on each line with
-/// a line feed between. A tab, a line end and a zero byte within a text each become one blank.
+/// a line feed between. A tab, a line end and a zero byte within a text each become one blank; a text that
+/// begins with a quotation mark stands in quotation marks, its own doubled, as spreadsheets take it.
 ///
 ///     EventsAsText(list, EventRows::Shown)   // "Error\t23.11.2026\t10:15:00\tImport\tAxis 3 has no points"
 KORVEL_API CString EventsAsText(const CGridEvents& list, EventRows rows);

@@ -69,11 +69,19 @@ bool ClipboardTexts::AddCell(std::string& text, const CTreeItem& node, int colum
     return true;
 }
 
-bool ClipboardTexts::AddLine(std::string& text, const CTreeItem& node) const {
+bool ClipboardTexts::AddTableCell(std::string& text, const CTreeItem& node, int column,
+                                  std::size_t indent) const {
+    std::string cell(indent, ' ');
+    const bool isWhole = AddCell(cell, node, column);
+    platform::AppendTableCell(text, cell);
+    return isWhole;
+}
+
+bool ClipboardTexts::AddLine(std::string& text, const CTreeItem& node, std::size_t indent) const {
     for (int column = 0; column < m_grid.GetColumnCount(); ++column) {
         if (column > 0)
             text += '\t';
-        if (!AddCell(text, node, column))
+        if (!AddTableCell(text, node, column, column > 0 ? 0 : indent))
             return false;
     }
     return true;
@@ -84,7 +92,7 @@ bool ClipboardTexts::AddColumn(std::string& text, int column) const {
     for (int row = 0; row < m_grid.GetItemCount(); ++row)
         nodes.push_back(m_grid.NodeAtRow(row));
     return AddJoined(text, nodes,
-                     [&](const CTreeItem* node) { return !node || AddCell(text, *node, column); });
+                     [&](const CTreeItem* node) { return !node || AddTableCell(text, *node, column); });
 }
 
 bool ClipboardTexts::AddTree(std::string& text, const CTreeItem& top) const {
@@ -97,8 +105,8 @@ bool ClipboardTexts::AddBelow(std::string& text, const CTreeItem& top, int level
     const Nodes nodes = AllBelow(top);
     return std::all_of(nodes.begin(), nodes.end(), [&](const CTreeItem* node) {
         text += '\n';
-        text.append(2 * (firstLevel + static_cast<std::size_t>(node->indent() - firstIndent)), ' ');
-        return AddLine(text, *node);
+        return AddLine(text, *node,
+                       2 * (firstLevel + static_cast<std::size_t>(node->indent() - firstIndent)));
     });
 }
 

@@ -10,7 +10,8 @@ class AttributeRows;
 class AttributeTree;
 
 /// The rows of an attribute grid as text: a cell after the other with a tab between, a row on each line with
-/// a line feed between. A tab, the end of a line and a zero byte within a cell each become one blank.
+/// a line feed between. A tab, the end of a line and a zero byte within a cell each become one blank;
+/// a cell that begins with a quotation mark stands in quotation marks, unless it is added alone.
 ///
 ///     std::string text;
 ///     texts.AddTree(text, *group);   // "axis\t\n  length\t12,50 m\n  name\tA 7"
@@ -25,9 +26,10 @@ public:
     ClipboardTexts(const CSuperGridCtrl& grid, const AttributeRows& rows, AttributeTree& tree)
         : m_grid(grid), m_rows(rows), m_tree(tree) {}
 
-    /// Nothing for a cell without a member.
+    /// A cell alone; nothing for one without a member.
     bool AddCell(std::string& text, const CTreeItem& node, int column) const;
-    bool AddLine(std::string& text, const CTreeItem& node) const;
+    /// `indent` blanks stand before the cell of the first column.
+    bool AddLine(std::string& text, const CTreeItem& node, std::size_t indent = 0) const;
     /// The cells of one column, of all rows that the list has.
     bool AddColumn(std::string& text, int column) const;
     /// A row and all below it, collapsed ones included.
@@ -38,6 +40,8 @@ public:
     bool AddAllTrees(std::string& text) const;
 
 private:
+    bool AddTableCell(std::string& text, const CTreeItem& node, int column, std::size_t indent = 0) const;
+
     const CSuperGridCtrl& m_grid;
     const AttributeRows& m_rows;
     AttributeTree& m_tree;

@@ -25,9 +25,11 @@ inline constexpr UINT GridCopied = 23;
 ///     grid.OnCopyClipboardRow();    // puts that of the selected row on the clipboard
 ///     grid.SendMessageA(WM_DLG_STATE, 1, reinterpret_cast<LPARAM>(&state));   // writes the widths
 ///
-/// Cells are put together with tabs and rows with line feeds; a tab or the end of a line within a cell
-/// becomes one blank. The text of a value is asked of its object anew; a flag, a group and a member that is
-/// missing have none. Where the object removes rows while it is asked, the copy is given up.
+/// Cells are put together with tabs and rows with line feeds; a tab, the end of a line and a zero byte within
+/// a cell each become one blank. A cell that begins with a quotation mark, unless it is copied alone, stands
+/// in quotation marks with its own doubled, as spreadsheets take it. The text of a value is asked of its
+/// object anew; a flag, a group and a member that is missing have none. Where the object removes rows while it
+/// is asked, the copy is given up.
 class KORVEL_API ExchangeGrid : public CellEditGrid {
 public:
     ~ExchangeGrid() override;
@@ -61,8 +63,8 @@ public:
     void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
 
     // The messages by which those widths are kept from run to run. What is read goes to the columns that the
-    // grid has; without columns what names all of them is kept for the next binding. Unknown columns, a column that comes again, and
-    // widths that are not from 0 to 32,767 are left out. Each returns 0.
+    // grid has; without columns what names all of them is kept for the next binding. Unknown columns, a column
+    // that comes again, and widths that are not from 0 to 32,767 are left out. Each returns 0.
     /// WM_DLG_STATE. With wParam 1 an element "Column" with POS and WIDTH is written for each column into the
     /// element in lParam (CXmlNode*), which must have been opened. Otherwise they are read from the element in
     /// lParam (const XmlElement*).

@@ -12,4 +12,16 @@ void AppendInOneLine(std::string& line, std::string_view text) {
     line += text;
 }
 
+void AppendTableCell(std::string& line, std::string_view text) {
+    const std::size_t cell = line.size();
+    AppendInOneLine(line, text);
+    const std::size_t first = line.find_first_not_of(' ', cell);
+    if (first == std::string::npos || line[first] != '"')
+        return;
+    std::string quoted = "\"";
+    for (const char character : std::string_view(line).substr(cell))
+        quoted.append(character == '"' ? 2 : 1, character);
+    line.replace(cell, std::string::npos, quoted += '"');
+}
+
 } // namespace korvel::platform

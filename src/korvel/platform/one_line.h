@@ -7,10 +7,18 @@
 
 namespace korvel::platform {
 
-/// Appends a text so that it stays within one cell of a table as text: a tab, a line end (CR LF is one) and a
-/// zero byte each become one blank.
+/// Appends a text so that it stays in one line: a tab, a line end (CR LF is one) and a zero byte each become one
+/// blank.
 ///
 ///     AppendInOneLine(line, "two\r\nlines")   // appends "two lines"
 KORVEL_API void AppendInOneLine(std::string& line, std::string_view text);
+
+/// Appends a text in one line as a cell of a table with tabs and line ends between. Where its first mark after
+/// any blanks is a quotation mark, it stands in quotation marks with its own doubled: programs that take such
+/// tables would else read on to the next quotation mark, across the ends of cells and lines.
+///
+///     AppendTableCell(line, "\"A\" 7")   // appends "\"\"\"A\"\" 7\""
+///     AppendTableCell(line, "A \"7\"")   // appends "A \"7\""
+KORVEL_API void AppendTableCell(std::string& line, std::string_view text);
 
 } // namespace korvel::platform
