@@ -119,6 +119,7 @@ int ShowUntilClosed(InspectorWindow& window, const Options& options, const std::
     const StoreProblemBoxes boxes(window);
     RestorePlace(window);
     window.show();
+    QApplication::processEvents(); // paints the window before it waits for a file
     if (!notice.empty())
         window.Warn(notice);
     if (!options.file.empty() && window.OpenOrWarn(options.file))

@@ -78,7 +78,10 @@ void EditMenu::AddClipboard() {
                                Entry{TheProgramTexts.copy, ID_EDIT_COPY, QKeySequence::Copy},
                                Entry{TheProgramTexts.paste, ID_EDIT_PASTE, QKeySequence::Paste}}) {
         QAction* action = m_menu->addAction(Said(entry.text), m_menu, [this, command = entry.command] {
-            m_attempt([&] { m_pane.SendToField(command); });
+            m_attempt([&] {
+                if (command != ID_EDIT_COPY || !m_copyHook || !m_copyHook())
+                    m_pane.SendToField(command);
+            });
         });
         action->setShortcut(entry.key);
         m_clipboard.push_back(action);

@@ -22,6 +22,8 @@ public:
     /// Adds itself to `bar`. `pane` must outlive it; `attempt` runs an action and tells what it throws.
     EditMenu(QMenuBar& bar, GridPane& pane, std::function<void(const std::function<void()>&)> attempt);
 
+    /// Asked before the grid when the user copies; true where it has copied something else.
+    void SetCopyHook(std::function<bool()> hook) { m_copyHook = std::move(hook); }
     /// The document that is open, or null.
     void SetDocument(OpenDocument* document);
     /// To be called when the document has been changed.
@@ -41,6 +43,7 @@ private:
 
     GridPane& m_pane;
     const std::function<void(const std::function<void()>&)> m_attempt;
+    std::function<bool()> m_copyHook;
     OpenDocument* m_document = nullptr;
     QMenu* m_menu;
     QAction* m_undo;

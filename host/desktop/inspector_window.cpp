@@ -1,6 +1,7 @@
 #include "desktop/inspector_window.h"
 
 #include "desktop/frame_room.h"
+#include "desktop/loading_dialog.h"
 #include "desktop/said.h"
 #include "desktop/status_text.h"
 #include "korvel/dialogs/file_dialog.h"
@@ -13,6 +14,7 @@
 #include "program/recent_files.h"
 #include "program/settings_keys.h"
 #include "source/document_error.h"
+#include "texts/messages.h"
 
 #include <QAction>
 #include <QApplication>
@@ -25,6 +27,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -52,10 +55,24 @@ QString NameOfFile(const OpenDocument& document) {
     return QFileInfo(QFile::decodeName(document.File().Path().c_str())).fileName();
 }
 
+CRect AsRect(const QRect& rect) {
+    return {rect.x(), rect.y(), rect.x() + rect.width(), rect.y() + rect.height()};
+}
+
 // The one local file that is being dragged; empty for anything else.
 QString DraggedFile(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
     return urls.size() == 1 ? urls.first().toLocalFile() : QString();
+}
+
+// Without the path that it begins with.
+std::string ReasonOf(const DocumentError& error, const std::string& path) {
+    const std::string& text = error.Utf8Text();
+    return text.starts_with(path + ": ") ? text.substr(path.size() + 2) : text;
+}
+
+bool HasProblems(OpenDocument& document, const Findings& findings) {
+    return !findings.list.empty() || !document.Document().Notices().empty();
 }
 
 } // namespace
@@ -75,6 +92,12 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
     });
     m_pane->SetNoticeHook(
         [this](const std::string& message) { statusBar()->showMessage(Said(message), MessageTime); });
+    m_events = new EventsDock(
+        m_reports, m_boxes,
+        {[this](const EventPlace& place) { m_boxes.Try([&] { ShowPlace(place); }); },
+         [this](const ProgramText& text) { statusBar()->showMessage(Said(text), MessageTime); }});
+    addDockWidget(Qt::BottomDockWidgetArea, m_events);
+    m_events->hide(); // until there is something to be seen
     MakeMenus();
     m_pages = new QStackedWidget;
     auto* invitation = new QLabel(Said(TheProgramTexts.invitation));
@@ -91,6 +114,7 @@ InspectorWindow::InspectorWindow(const ReadingOptions& options, bool unitOfFile)
 InspectorWindow::~InspectorWindow() {
     m_lists.reset();
     m_pane->Clear();
+    delete m_events;
     delete takeCentralWidget(); // ends the windows inside while the objects that they show are alive
 }
 
@@ -99,12 +123,22 @@ void InspectorWindow::MakeMenus() {
     MakeFileMenu();
     m_edit = std::make_unique<EditMenu>(*menuBar(), *m_pane,
                                         [this](const std::function<void()>& action) { m_boxes.Try(action); });
+    m_edit->SetCopyHook([this] {
+        const bool isMeant = m_events->HasFocusInList();
+        if (isMeant)
+            m_events->Copy();
+        return isMeant;
+    });
     MakeDocumentMenu();
     QMenu* view = menuBar()->addMenu(Said(texts.viewMenu));
     m_listsAction =
         view->addAction(Said(texts.lists), this, [this] { m_boxes.Try([this] { ShowLists(); }); });
     m_listsAction->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
     m_listsAction->setEnabled(false);
+    QAction* messages = m_events->toggleViewAction();
+    messages->setText(Said(texts.messages));
+    messages->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_M));
+    view->addAction(messages);
     QMenu* help = menuBar()->addMenu(Said(texts.helpMenu));
     help->addAction(Said(texts.about), this, [this] { ShowAbout(); });
 }
@@ -140,11 +174,57 @@ void InspectorWindow::MakeDocumentMenu() {
 
 void InspectorWindow::Open(const std::string& path) {
     const WaitCursor wait;
-    auto document = std::make_unique<OpenDocument>(path, m_options, m_pane->Observer());
-    CloseDocument();
-    m_document = std::move(document);
-    if (m_unitOfFile)
-        SetAngleUnit(m_document->Document().OwnAngleUnit());
+    Report(path, [&] { Take(ReadAndCheck(path, m_options, m_pane->Observer(), nullptr), nullptr); });
+}
+
+bool InspectorWindow::Load(const std::string& path) {
+    const QScopedValueRollback loading(m_isLoading, true);
+    LoadingDialog dialog(*m_pane, AsRect(geometry()));
+    bool isOpen = false;
+    Report(path, [&] {
+        isOpen = dialog.Run(
+            [&](ReadingProgress* progress) {
+                return ReadAndCheck(path, m_options, m_pane->Observer(), progress);
+            },
+            [&](CheckedDocument read, ReadingProgress* progress) { Take(std::move(read), progress); });
+    });
+    if (!isOpen)
+        m_reports.Cancelled(path);
+    return isOpen;
+}
+
+void InspectorWindow::Report(const std::string& path, const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const DocumentError& error) {
+        m_reports.Failed(path, ReasonOf(error, path));
+        throw;
+    } catch (const std::exception& error) {
+        m_reports.Failed(path, platform::ToUtf8(error.what()));
+        throw;
+    }
+}
+
+// The former document lives until the new one has its rows, and gets its own back where that ends.
+void InspectorWindow::Take(CheckedDocument read, ReadingProgress* progress) {
+    const GridView view = m_pane->View();
+    const char unit = GetAngleUnit();
+    try {
+        if (m_unitOfFile)
+            SetAngleUnit(read.document->Document().OwnAngleUnit());
+        m_pane->Show(*read.document, progress);
+    } catch (...) {
+        SetAngleUnit(unit);
+        if (m_document) {
+            m_pane->Show(*m_document);
+            m_pane->Restore(view);
+        }
+        throw;
+    }
+    m_lists.reset();
+    m_edit->SetDocument(nullptr);
+    m_document = std::move(read.document);
+    m_isRemembered = false;
     m_document->SetStepsHook([this](const DocumentEditing::Changed& changed, bool areFiguresOld) {
         m_areListsOld = m_areListsOld || changed.anything;
         if (changed.counts)
@@ -154,8 +234,24 @@ void InspectorWindow::Open(const std::string& path) {
             statusBar()->showMessage(Said(TheProgramTexts.oldStatistics), MessageTime);
     });
     ShowDocument();
-    m_pane->Show(*m_document);
-    ShowStatus();
+    m_reports.Loaded(*m_document, read.findings);
+    if (HasProblems(*m_document, read.findings))
+        m_events->show();
+}
+
+void InspectorWindow::ShowPlace(const EventPlace& place) {
+    if (place.path.empty() || !m_pane->EndEdit())
+        return;
+    const std::optional<ChangedMember> member =
+        m_document ? m_reports.Find(*m_document, place) : std::optional<ChangedMember>();
+    if (!member || member->name.empty()) {
+        const std::string reason = Say({member ? "what this message is about is not there any more"
+                                               : "the document of this message is not open any more"});
+        statusBar()->showMessage(QString::fromStdString(reason), MessageTime);
+        return;
+    }
+    m_pane->Reveal(m_document->Document().ObjectOf(member->owner), member->name);
+    m_pane->SetFocus();
 }
 
 void InspectorWindow::CloseDocument() {
@@ -163,21 +259,26 @@ void InspectorWindow::CloseDocument() {
     m_pane->Clear();
     m_edit->SetDocument(nullptr);
     m_document.reset();
+    m_reports.Closed();
     m_isRemembered = false;
     ShowDocument();
 }
 
 bool InspectorWindow::OpenOrWarn(const std::string& path) {
-    return MayLeave() && TryToOpen(path);
+    return !m_isLoading && MayLeave() && TryToOpen(path);
 }
 
 bool InspectorWindow::TryToOpen(const std::string& path) {
-    return m_boxes.Try([&] {
-        Open(path);
+    bool isOpen = false;
+    const bool isWell = m_boxes.Try([&] {
+        isOpen = Load(path);
+        if (!isOpen)
+            return;
         m_pane->RestoreColumns(GridKey);
         m_pane->Restore({KeptOpenGroups(path), {}, {}});
         Remember(path);
     });
+    return isWell && isOpen;
 }
 
 // After the painting: the settings may be in use elsewhere, and are waited for.
@@ -216,7 +317,7 @@ void InspectorWindow::Reload() {
 }
 
 void InspectorWindow::OnFileChanged() {
-    if (!m_document)
+    if (!m_document || m_isLoading)
         return;
     const DocumentFile::State state = m_document->File().GetState();
     if (state == DocumentFile::State::AsKnown)
@@ -224,16 +325,14 @@ void InspectorWindow::OnFileChanged() {
     if (state != DocumentFile::State::Changed || !MayReload(Said(TheProgramTexts.changedAndUnsaved)))
         return;
     const QString name = NameOfFile(*m_document);
-    const std::string path = m_document->File().Path() + ": "; // with which the reason begins
+    const std::string path = m_document->File().Path();
     m_boxes.Try([&] {
         try {
-            ReadAgain();
-            statusBar()->showMessage(Said(TheProgramTexts.reloaded).arg(name), MessageTime);
+            if (ReadAgain())
+                statusBar()->showMessage(Said(TheProgramTexts.reloaded).arg(name), MessageTime);
         } catch (const DocumentError& error) {
-            const std::string& text = error.Utf8Text();
-            const std::string reason = text.starts_with(path) ? text.substr(path.size()) : text;
-            statusBar()->showMessage(
-                Said(TheProgramTexts.notReloaded).arg(name, QString::fromStdString(reason)));
+            const QString reason = QString::fromStdString(ReasonOf(error, path));
+            statusBar()->showMessage(Said(TheProgramTexts.notReloaded).arg(name, reason));
         }
     });
 }
@@ -244,12 +343,14 @@ bool InspectorWindow::MayReload(const QString& question) {
             m_boxes.MayLose(question.arg(NameOfFile(*m_document)), TheProgramTexts.reloadNow));
 }
 
-void InspectorWindow::ReadAgain() {
+bool InspectorWindow::ReadAgain() {
     const GridView view = m_pane->View();
     const bool isRemembered = m_isRemembered;
-    Open(std::string(m_document->File().Path()));
+    if (!Load(std::string(m_document->File().Path())))
+        return false;
     m_pane->Restore(view);
     m_isRemembered = isRemembered;
+    return true;
 }
 
 bool InspectorWindow::Save() {
@@ -259,7 +360,9 @@ bool InspectorWindow::Save() {
         return false;
     const bool isSaved = m_boxes.Try([this] {
         const WaitCursor wait;
-        m_document->Save();
+        const std::string path = m_document->File().Path();
+        Report(path, [&] { m_document->Save(); });
+        m_reports.Saved(path);
     });
     ShowChanges();
     return isSaved;
@@ -279,7 +382,8 @@ bool InspectorWindow::SaveAs() {
         return false;
     const bool isSaved = m_boxes.Try([&] {
         const WaitCursor wait;
-        m_document->SaveAs(path);
+        Report(path, [&] { m_document->SaveAs(path); });
+        m_reports.Saved(path);
         Remember(path);
     });
     ShowDocument();
@@ -287,7 +391,7 @@ bool InspectorWindow::SaveAs() {
 }
 
 void InspectorWindow::closeEvent(QCloseEvent* event) {
-    event->setAccepted(MayLeave());
+    event->setAccepted(!m_isLoading && MayLeave());
 }
 
 void InspectorWindow::Warn(const std::string& text) {
@@ -362,9 +466,7 @@ void InspectorWindow::ShowLists() {
     if (!m_lists) {
         const WaitCursor wait;
         const QRect room = Room();
-        m_lists = std::make_unique<ListsWindow>(
-            m_document->Document(), *m_pane,
-            CRect{room.x(), room.y(), room.x() + room.width(), room.y() + room.height()});
+        m_lists = std::make_unique<ListsWindow>(m_document->Document(), *m_pane, AsRect(room));
     }
     if (m_lists->HasLists())
         m_lists->Show();

@@ -22,6 +22,10 @@ std::vector<std::string> KeysOf(const DocumentChange& change) {
     return keys;
 }
 
+bool IsKeyOfText(const std::string& key) {
+    return key.starts_with('#') || key.starts_with('@'); // neither begins a name
+}
+
 bool IsText(const Member& member) {
     return member.kind == MemberKind::Text || member.kind == MemberKind::TextPart;
 }
@@ -46,6 +50,24 @@ ChangedMember MemberOf(LandXmlDocument& document, const DocumentChange& change) 
             return {owner, names.NameAt(i)};
     }
     return {owner, {}};
+}
+
+ChangedMember MemberAt(LandXmlDocument& document, const MemberAddress& address) {
+    const ElementIndex element = address.element;
+    const ElementIndex parent = document.Tree().Parent(element);
+    if (address.key.empty() || document.Members().IsTextElement(element))
+        return parent == NoElement ? ChangedMember{element, {}}
+                                   : ChangedMember{parent, document.NamesOf(parent).NameOfChild(element)};
+    const UniqueMemberNames& names = document.NamesOf(element);
+    std::string otherText; // the parts of a text are others when it was edited
+    for (std::size_t i = 0; i < names.Count(); ++i) {
+        const Member& member = names.MemberAt(i);
+        if (document.AddressOf(element, member).key == address.key)
+            return {element, names.NameAt(i)};
+        if (otherText.empty() && IsText(member) && IsKeyOfText(address.key))
+            otherText = names.NameAt(i);
+    }
+    return {element, otherText};
 }
 
 } // namespace korvel::inspector

@@ -8,12 +8,14 @@ namespace korvel::inspector {
 
 class LandXmlDocument;
 
-/// The member that a change is about, as it is shown now.
+/// The member that something is about, as it is shown now.
 struct ChangedMember {
     ElementIndex owner; ///< the element whose object has it
     std::string name;   ///< empty where the member is gone
 };
 
 ChangedMember MemberOf(LandXmlDocument& document, const DocumentChange& change);
+/// The member at an address; with an empty key, the one that is the element's object. The root is no member.
+ChangedMember MemberAt(LandXmlDocument& document, const MemberAddress& address);
 
 } // namespace korvel::inspector

@@ -90,6 +90,13 @@ constexpr Translation Translations[] = {
     // of what a document holds
     {"line %1: %2 is no valid value of %3", "Zeile %1: %2 ist kein gültiger Wert von %3"},
     {"line %1: LandXML has no element %2", "Zeile %1: LandXML hat kein Element %2"},
+    {"loaded, with %1 elements", "geladen, mit %1 Elementen"},
+    {"%1 more are not listed", "%1 weitere sind nicht aufgeführt"},
+    {"saved", "gespeichert"},
+    {"loading was cancelled", "das Laden wurde abgebrochen"},
+    {"the document of this message is not open any more", "das Dokument dieser Meldung ist nicht mehr offen"},
+    {"what this message is about is not there any more",
+     "das, wovon diese Meldung handelt, gibt es nicht mehr"},
     // of edits
     {"the document can only be read", "das Dokument kann nur gelesen werden"},
     {"%1 cannot be changed in this file", "%1 kann in dieser Datei nicht geändert werden"},

@@ -92,6 +92,19 @@ struct ProgramTexts {
     ProgramText members = {"%1 members", "%1 Attribute"}; // the same
     ProgramText oneMember = {"1 member", "1 Attribut"};
     ProgramText readOnly = {"read only", "schreibgeschützt"};
+    ProgramText messages = {"&Messages", "&Meldungen"};
+    ProgramText allMessages = {"All messages", "Alle Meldungen"};
+    ProgramText warningsAndErrors = {"Warnings and errors", "Warnungen und Fehler"};
+    ProgramText errorsOnly = {"Errors only", "Nur Fehler"};
+    ProgramText filterHint = {"Filter by text", "Nach Text filtern"};
+    ProgramText copyMessages = {"&Copy", "&Kopieren"};
+    ProgramText saveMessages = {"&Save…", "&Speichern…"};
+    ProgramText clearMessages = {"C&lear", "&Leeren"};
+    ProgramText textFiles = {"Text files", "Textdateien"};
+    ProgramText messagesSaved = {"The messages have been saved.", "Die Meldungen wurden gespeichert."};
+    ProgramText readingFile = {"Reading the file…", "Die Datei wird gelesen…"};
+    ProgramText checkingValues = {"Checking the values…", "Die Werte werden geprüft…"};
+    ProgramText fillingTable = {"Filling the table…", "Die Tabelle wird gefüllt…"};
     ProgramText copied = {"Copied to the clipboard.", "In die Zwischenablage kopiert."};
     ProgramText notCopied = {"The clipboard is not available; nothing was copied.",
                              "Die Zwischenablage ist nicht verfügbar; nichts wurde kopiert."};

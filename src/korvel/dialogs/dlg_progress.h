@@ -34,7 +34,7 @@ class ServingLock;
 ///     progress->Close();
 ///     DeleteDlgProgress(progress);
 ///
-/// Only the functions below make and delete it, on the thread of its window. DoModal may show it instead of
+/// The functions below make and delete it, on the thread of its window. DoModal may show it instead of
 /// CreateDlgProgress. Observers are put in before the first worker starts, or on the thread that calls
 /// SetCancelled.
 ///
@@ -80,6 +80,10 @@ public:
     virtual void SetText(CString text);
 
 protected:
+    /// For a class of a host's own, which makes and deletes its objects itself.
+    CDlgProgress(std::uint32_t style, CWnd* parent);
+    ~CDlgProgress() override;
+
     void OnOK() override;
     void OnCancel() override;
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
@@ -87,9 +91,6 @@ protected:
 private:
     friend KORVEL_API CDlgProgress* NewDlgProgress(const unsigned long& style, CWnd* parent);
     friend KORVEL_API int DeleteDlgProgress(CDlgProgress* dialog);
-
-    CDlgProgress(std::uint32_t style, CWnd* parent);
-    ~CDlgProgress() override;
 
     template <class Value>
     Value Read(const Value& field) const;
