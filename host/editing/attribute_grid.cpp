@@ -27,9 +27,10 @@ LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = CEditableGrid::WindowProc(message, wParam, lParam);
     const bool dragged = message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ENDTRACK;
     const int width = GetClientRect().Width();
-    if (dragged)
-        TakeShare(GetColumnWidth(0), width);
-    // A scroll bar that comes while the user drags changes the height only.
+    if (dragged) { // the columns themselves were divided again if the drag has brought a scroll bar
+        const auto* end = reinterpret_cast<const NMHEADER*>(lParam);
+        TakeShare(end->iItem == 0 ? end->cxy : GetColumnWidth(0), width);
+    }
     if (dragged || (message == WM_SIZE && width != m_dividedWidth))
         DivideWidth();
     return result;

@@ -58,6 +58,7 @@ protected:
     void DragDivider(int nameWidth) {
         Grid().SetColumnWidth(0, nameWidth);
         NMHEADER end{};
+        end.iItem = 0;
         end.hdr.code = static_cast<UINT>(HDN_ENDTRACK);
         end.cxy = nameWidth;
         Grid().SendMessageA(WM_NOTIFY, 0, reinterpret_cast<LPARAM>(&end));
