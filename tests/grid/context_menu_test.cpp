@@ -247,6 +247,9 @@ protected:
 
     struct Parent : HistoryParent {
         LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            if (refusesSelection && message == WM_NOTIFY &&
+                reinterpret_cast<const NMHDR*>(lParam)->code == LVN_ITEMCHANGING)
+                return 1;
             if (message == WM_CONTEXTMENU)
                 asked += "menu ";
             if (message == WM_COMMAND && lParam)
@@ -254,6 +257,7 @@ protected:
             return HistoryParent::WindowProc(message, wParam, lParam);
         }
         std::string asked;
+        bool refusesSelection = false;
     } parent;
     std::string calls;
     RecordingObserver observer;
@@ -393,6 +397,54 @@ TEST_F(GridMenuTest, AGridThatRunsACommandItselfFindsSelectedWhatWasClicked) {
     Select(own, 2);
     own.SendMessageA(WM_COMMAND, 15042);
     EXPECT_EQ(own.deleted, "1 2 ");
+}
+
+TEST_F(GridMenuTest, AChoiceThatWasTakenIsMeantNoMore) {
+    struct Asking : CEditableGrid {
+        using CEditableGrid::CEditableGrid;
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            const bool isTaken = message == WM_COMMAND && std::exchange(takesNext, false);
+            return isTaken ? 0 : CEditableGrid::WindowProc(message, wParam, lParam);
+        }
+        bool takesNext = false;
+    } asking{&observer, nullptr};
+    const auto make = [&] {
+        asking.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_SINGLESEL, {0, 0, 300, 224}, &parent, 106);
+        asking.Initialize(&root, "Name", "Value", 0);
+    };
+    const auto choose = [&](int row) {
+        display.AnswerNext(15042);
+        input::Mouse(asking.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, Label(row));
+    };
+    const auto sendFor = [&](int row) {
+        Select(asking, row);
+        calls.clear();
+        asking.SendMessageA(WM_COMMAND, 15042);
+        return calls;
+    };
+    make();
+    choose(1);
+    asking.takesNext = true;
+    EXPECT_EQ(Run(), "");
+    EXPECT_EQ(sendFor(2), "flags width removing? width ") << "taken by the host";
+    choose(1);
+    asking.DestroyWindow();
+    make();
+    EXPECT_EQ(sendFor(2), "flags width removing? width ") << "gone with the window";
+    choose(1);
+    EXPECT_EQ(sendFor(2), "flags width removing? width ") << "still on its way";
+    EXPECT_EQ(Run(), "flags on removing? on ");
+}
+
+TEST_F(GridMenuTest, NothingIsDoneWhereTheRowMayNotBeSelected) {
+    Select(grid, 4);
+    parent.refusesSelection = true;
+    for (const CPoint at : {Label(3), CPoint{100, Middle(8)}}) {
+        display.AnswerNext(15042);
+        RightClick(at);
+        EXPECT_EQ(Run(), "");
+        EXPECT_EQ(SelectedRow(grid), 4);
+    }
 }
 
 TEST_F(GridMenuTest, KeysOpenItAtTheSelectedRow) {

@@ -4,6 +4,7 @@
 #include "korvel/grid/seen_cell.h"
 #include "korvel/grid/write_frame.h"
 #include "korvel/window/app/app.h"
+#include "korvel/window/core/thread_queue.h"
 #include "korvel/window/menu/menu.h"
 
 #include <algorithm>
@@ -11,7 +12,6 @@
 namespace korvel::internal {
 
 struct GridContextMenu::Choice {
-    HWND window; // only compared
     unsigned command;
     const grid::CTreeItem* node; // null: beside all rows
     const IMemberDispatch* root;
@@ -20,8 +20,21 @@ struct GridContextMenu::Choice {
     const LossWatch noLoss;
 };
 
+class GridContextMenu::ArrivalScope {
+public:
+    ArrivalScope(const Choice*& arriving, const Choice& choice)
+        : m_arriving(arriving), m_outer(std::exchange(arriving, &choice)) {}
+    ~ArrivalScope() { m_arriving = m_outer; }
+    ArrivalScope(const ArrivalScope&) = delete;
+    ArrivalScope& operator=(const ArrivalScope&) = delete;
+
+private:
+    const Choice*& m_arriving;
+    const Choice* const m_outer;
+};
+
 GridContextMenu::GridContextMenu(CellEditGrid& grid, const AttributeRows& rows, WriteFrame& frame)
-    : m_grid(grid), m_rows(rows), m_frame(frame) {}
+    : m_grid(grid), m_rows(rows), m_frame(frame), m_arriving(std::make_shared<const Choice*>(nullptr)) {}
 
 GridContextMenu::~GridContextMenu() = default;
 
@@ -78,8 +91,8 @@ bool GridContextMenu::Open(const grid::CTreeItem* node, CPoint client, const Men
     const ModuleStateGuard guard;
     const HWND window = m_grid.m_hWnd;
     const MenuTarget target = TargetOf(node, m_grid.currentColumn, m_rows);
-    std::unique_ptr<Choice> choice(
-        new Choice{window, 0, node, m_rows.GetRoot(), target, m_grid.currentColumn, m_rows.WatchRows()});
+    const std::shared_ptr<Choice> choice(
+        new Choice{0, node, m_rows.GetRoot(), target, m_grid.currentColumn, m_rows.WatchRows()});
     CMenu menu;
     menu.CreatePopupMenu();
     bool isFilled = false;
@@ -90,29 +103,34 @@ bool GridContextMenu::Open(const grid::CTreeItem* node, CPoint client, const Men
         return false;
     const CPoint screen = ClientToScreen(window, client);
     choice->command = menu.TrackPopupMenu(TPM_RIGHTBUTTON | TPM_RETURNCMD, screen.x, screen.y, &m_grid);
-    if (choice->command != 0 && PostMessageA(window, WM_COMMAND, choice->command, 0))
-        m_choices.push_back(std::move(choice));
+    if (choice->command != 0)
+        Post(window, choice);
     return true;
 }
 
+// A choice comes with its command and goes with it, also where a hook takes that or the window is gone.
+void GridContextMenu::Post(HWND window, const std::shared_ptr<const Choice>& choice) const {
+    ThreadQueue::Current()->Post(
+        window,
+        [window, choice, arriving = m_arriving] {
+            const ArrivalScope scope(*arriving, *choice);
+            SendMessageA(window, WM_COMMAND, choice->command, 0);
+        });
+}
+
 bool GridContextMenu::SelectFor(unsigned command) {
-    const auto chosen =
-        std::ranges::find_if(m_choices, [=](const auto& choice) { return choice->command == command; });
-    if (chosen == m_choices.end())
+    if (!*m_arriving || (*m_arriving)->command != command)
         return true;
-    const std::unique_ptr<Choice> choice = std::move(*chosen);
-    m_choices.erase(m_choices.begin(), chosen + 1); // what was chosen before has come, or comes no more
+    const Choice& choice = *std::exchange(*m_arriving, nullptr);
     const grid::CTreeItem* node = nullptr;
-    if (choice->window != m_grid.m_hWnd)
-        return true; // chosen over a window that is gone
-    if (!IsThere(*choice, node))
+    if (!IsThere(choice, node))
         return false;
     const int row = node ? m_grid.RowOfNode(node) : -1;
     if (node && row == -1)
         return false; // collapsed
-    m_grid.currentColumn = choice->column;
+    m_grid.currentColumn = choice.column;
     Select(row);
-    return m_grid.NodeAtRow(row) == node;
+    return choice.root == m_rows.GetRoot() && m_grid.GetSelectedNode() == node;
 }
 
 bool GridContextMenu::IsThere(const Choice& choice, const grid::CTreeItem*& node) const {

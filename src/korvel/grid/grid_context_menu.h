@@ -5,7 +5,6 @@
 
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace korvel {
 class CellEditGrid;
@@ -39,14 +38,16 @@ public:
     bool TakeRelease() { return std::exchange(m_hasTakenPress, false); }
 
     /// To be called with each command before anybody runs it: selects again what a chosen one was about.
-    /// False: that is gone, and nothing is to be done.
+    /// False: that is gone or may not be selected, and nothing is to be done.
     bool SelectFor(unsigned command);
     /// Runs a command of the objects for the selected row, beside the rows for the root.
     void RunObjectCommand(unsigned number);
 
 private:
     struct Choice;
+    class ArrivalScope;
 
+    void Post(HWND window, const std::shared_ptr<const Choice>& choice) const;
     bool Open(const grid::CTreeItem* node, CPoint client, const MenuPermissions& allowed);
     void Select(int row);
     bool IsThere(const Choice& choice, const grid::CTreeItem*& node) const;
@@ -54,7 +55,8 @@ private:
     CellEditGrid& m_grid;
     const AttributeRows& m_rows;
     WriteFrame& m_frame;
-    std::vector<std::unique_ptr<Choice>> m_choices; // whose commands are on their way
+    // Of the command that is arriving; null: of none. Shared with those that are on their way.
+    const std::shared_ptr<const Choice*> m_arriving;
     bool m_hasTakenPress = false;
 };
 
