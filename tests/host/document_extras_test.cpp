@@ -197,5 +197,22 @@ TEST_F(DocumentExtrasTest, AnEditThatTheirOwnNewsEndTakesThemAway) {
     EXPECT_FALSE(HasStatistics());
 }
 
+TEST_F(DocumentExtrasTest, AnEditThatTheirOwnRowEndsTakesThemAwayBeforeTheyBegin) {
+    Show("<LandXML><Surface name='s'><Definition/></Surface><Units><Metric a='1' b='2' c='3' d='4' e='5' "
+         "f='6' linearUnit='meter' zz='7'/></Units></LandXML>");
+    m_grid.ExpandAll();
+    const int row = m_grid.RowOfNode(m_grid.LookupTreeItem(&At("Units/Metric"), "zz"));
+    m_grid.EnsureVisible(row, false);
+    const auto shown = Rows(m_grid);
+    Click(m_grid, Value(row - m_grid.GetTopIndex()));
+    ASSERT_TRUE(m_grid.IsEditing());
+    SetWindowTextA(GetFocus(), "8");
+    EXPECT_TRUE(Surface().OnCommand(Compute));
+    EXPECT_FALSE(m_grid.IsEditing());
+    EXPECT_NE(Text().find("zz='8'"), std::string::npos);
+    EXPECT_FALSE(HasStatistics());
+    EXPECT_EQ(AllRows().size(), shown.size());
+}
+
 } // namespace
 } // namespace korvel::inspector
