@@ -7,11 +7,11 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
-#include <QRegularExpression>
 #include <QTest>
 #include <QTimer>
 #include <fstream>
 #include <gmock/gmock.h>
+#include <regex>
 
 namespace korvel::inspector {
 
@@ -45,12 +45,13 @@ protected:
     HWND Child(int id) const { return GetDlgItem(m_lists->m_hWnd, id); }
     HWND Field(int id) const { return GetDlgItem(Child(id), FieldId); }
     std::string Text(int id) const { return korvel::GetWindowTextA(Field(id)); }
+    // Of the window: its label follows with the next frame.
     std::string Use() const {
-        const auto labels = Widget(m_lists->m_hWnd)->findChildren<QLabel*>();
-        const auto use = std::ranges::find_if(labels, [](const QLabel* label) {
-            return label->text().contains(QRegularExpression("^(not )?used"));
-        });
-        return use == labels.end() ? "" : (*use)->text().toStdString();
+        static const std::regex pattern("^(not )?used.*");
+        for (HWND child = GetFirstChild(m_lists->m_hWnd); child; child = GetNextSibling(child))
+            if (const CString text = korvel::GetWindowTextA(child); std::regex_match(text, pattern))
+                return text;
+        return "";
     }
     void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
     // Chooses the entry that begins with a letter.

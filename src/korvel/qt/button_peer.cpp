@@ -103,8 +103,11 @@ void LabelPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
     if (aspects & Aspect::Enabled)
         Outer().setEnabled(view::IsSwitchedOn(Window()));
-    if (!(aspects & Aspect::Text))
-        return;
+    if (aspects & Aspect::Text)
+        FollowPaced();
+}
+
+void LabelPeer::Follow() {
     const QString text = TextOf(Window());
     if (auto* label = qobject_cast<QLabel*>(&Outer()))
         label->setText(text);

@@ -26,6 +26,7 @@ class LabelPeer final : public Peer {
 public:
     LabelPeer(PeerContext& context, HWND window, QWidget* parent);
     void Apply(Aspects aspects) override;
+    void Follow() override;
 
 private:
     LabelPeer(PeerContext& context, HWND window, QWidget& label);

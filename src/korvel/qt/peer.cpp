@@ -89,6 +89,13 @@ void Peer::Apply(Aspects aspects) {
     }
 }
 
+void Peer::FollowPaced() {
+    if (m_outer.isVisible())
+        m_context.pace.Ask(m_window);
+    else
+        Follow();
+}
+
 void Peer::FollowParent() {
     const Peer* parent =
         (view::Style(m_window) & WS_CHILD) ? m_context.peers.Find(GetParent(m_window)) : nullptr;

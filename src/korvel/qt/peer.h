@@ -34,6 +34,8 @@ public:
 
     /// Reads again what changed of the window.
     virtual void Apply(Aspects aspects);
+    /// Reads again what Apply has left to FollowPaced.
+    virtual void Follow() {}
     virtual void Invalidate(const CRect& rect);
     /// Qt has given the focus to this widget.
     virtual void TakeFocus();
@@ -63,6 +65,8 @@ protected:
         Peer& m_peer;
     };
 
+    /// Calls Follow with the next frame, never within the change itself; at once where nobody sees the widget.
+    void FollowPaced();
     /// Filters also a part of the widget that gets events of its own.
     void Watch(QWidget& part);
     bool eventFilter(QObject* object, QEvent* event) final;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/qt/focus_tracker.h"
+#include "korvel/qt/frame_pace.h"
 #include "korvel/qt/mouse.h"
 #include "korvel/qt/peer_table.h"
 
@@ -11,6 +12,7 @@ struct PeerContext {
     PeerTable peers;
     FocusTracker focus{peers};
     Mouse mouse;
+    FramePace pace{peers};
     bool isPainting = false;
 };
 

@@ -31,8 +31,12 @@ void ProgressPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
     if (aspects & Aspect::Enabled)
         m_bar.setEnabled(view::IsSwitchedOn(Window()));
-    if (!(aspects & (Aspect::State | Aspect::Style)))
-        return;
+    if (aspects & (Aspect::State | Aspect::Style))
+        FollowPaced();
+}
+
+// Qt's bar repaints the whole window at once when its position changes.
+void ProgressPeer::Follow() {
     const view::RangeView range = view::Range(Window());
     m_bar.setOrientation(view::Style(Window()) & PBS_VERTICAL ? Qt::Vertical : Qt::Horizontal);
     m_bar.setRange(0, range.isMarquee ? 0 : Steps); // an empty range moves by itself

@@ -10,6 +10,7 @@ class ProgressPeer final : public Peer {
 public:
     ProgressPeer(PeerContext& context, HWND window, QWidget* parent);
     void Apply(Aspects aspects) override;
+    void Follow() override;
 
 private:
     ProgressPeer(PeerContext& context, HWND window, QProgressBar& bar);

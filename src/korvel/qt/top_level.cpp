@@ -32,6 +32,8 @@ Qt::WindowFlags TopLevel::FlagsOf(HWND window) {
     Qt::WindowFlags flags = GetOwner(window) ? Qt::Dialog : Qt::Window;
     if ((style & WS_POPUP) && (style & WS_CAPTION) != WS_CAPTION)
         flags |= Qt::FramelessWindowHint;
+    else if (!(style & WS_SYSMENU) && (style & WS_CAPTION) == WS_CAPTION)
+        flags |= Qt::CustomizeWindowHint | Qt::WindowTitleHint; // without a box to close it
     if (view::ExStyle(window) & WS_EX_TOPMOST)
         flags |= Qt::WindowStaysOnTopHint;
     return flags;
