@@ -4,12 +4,15 @@
 #include "korvel/dialogs/dialog_edit_code_list.h"
 #include "korvel/dialogs/dialog_text.h"
 #include "korvel/dialogs/dlg_edit_attributs.h"
+#include "korvel/dialogs/dlg_progress.h"
 #include "korvel/dialogs/file_dialog.h"
 #include "korvel/dialogs/select_folder_dlg.h"
 #include "korvel/editors/color_aplha_dlg.h"
 #include "korvel/values/text_table.h"
 #include "korvel/window/base/messages.h"
 #include "texts/program_texts.h"
+
+#include <memory>
 
 namespace korvel::gallery {
 namespace {
@@ -85,6 +88,16 @@ void ShowFolderChooser(const std::string& folder) {
 
 void ShowQuestion() {
     MessageBoxA(nullptr, Text(93), Text(92), MB_YESNOCANCEL | MB_ICONQUESTION);
+}
+
+void ShowProgress(ProgressLook look, const std::function<void(HWND)>& act) {
+    const std::unique_ptr<CDlgProgress, int (*)(CDlgProgress*)> dialog(NewDlgProgress(0, nullptr),
+                                                                       DeleteDlgProgress);
+    dialog->SetPos(40);
+    dialog->SetMarquee(look == ProgressLook::Marquee);
+    dialog->SetText("/srv/plans/Track 1 & 2.xml");
+    CreateDlgProgress(dialog.get(), nullptr);
+    act(dialog->m_hWnd);
 }
 
 } // namespace korvel::gallery

@@ -80,6 +80,14 @@ void TakeLibrary(Photographer& photographer, const std::string& file) {
     photographer.TakeDialog("question", ShowQuestion);
 }
 
+void TakeProgress(Photographer& photographer, const qt::QtDisplay& display) {
+    const auto take = [&](const char* name, ProgressLook look) {
+        ShowProgress(look, [&](HWND dialog) { photographer.TakeWindow(name, *display.WidgetOf(dialog)); });
+    };
+    take("progress", ProgressLook::Position);
+    take("progress-marquee", ProgressLook::Marquee);
+}
+
 void TakeControls(Photographer& photographer) {
     ControlsDialog dialog;
     const auto show = [&] { dialog.DoModal(); };
@@ -156,6 +164,7 @@ int TakeAll(const QString& folder, const char* language, const qt::QtDisplay& di
         Photographer photographer(
             folder, QStringLiteral("%1-%2-%3").arg(QString(language).toLower(), NameOf(ground)).arg(scale));
         TakeLibrary(photographer, file);
+        TakeProgress(photographer, display);
         TakeControls(photographer);
         TakeValues(photographer);
         TakeInspector(photographer, display, file, document);

@@ -29,8 +29,9 @@ TEST(GalleryProgram, NothingIsCutOffAndNothingReplaced) {
     EXPECT_EQ(outcome.output, "gallery: another file has that name; the picture is " +
                                   (folder / "text-german-dark-200-2.png").string() + "\n");
     EXPECT_EQ(platform::ContentOf(folder / "text-german-dark-200.png"), "another's");
-    for (const char* name : {"code-list", "code-list-to-pick", "code-pair", "text", "folder", "controls",
-                             "controls-choice", "controls-calendar", "inspector", "lists"}) {
+    for (const char* name :
+         {"code-list", "code-list-to-pick", "code-pair", "text", "progress", "progress-marquee", "folder",
+          "controls", "controls-choice", "controls-calendar", "inspector", "lists"}) {
         const std::string light = platform::ContentOf(folder / (std::string(name) + "-german-light-200.png"));
         EXPECT_THAT(light, testing::StartsWith("\x89PNG")) << name;
         EXPECT_NE(light, platform::ContentOf(folder / (std::string(name) + "-german-dark-200.png"))) << name;
