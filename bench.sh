@@ -10,7 +10,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . scripts/setup.sh
 
 require_packages "${build_packages[@]}" "${bench_packages[@]}"
-build bench tree_bench edit_bench thread_bench copy_bench combo_bench layout_bench wx_bench text_bench expression_bench || exit 1
+build bench tree_bench edit_bench thread_bench progress_bench copy_bench combo_bench layout_bench wx_bench text_bench expression_bench || exit 1
 
 [ $# -gt 0 ] || set -- 1000 10000 100000 1000000
 programs=build/bench/benchmarks
@@ -20,6 +20,7 @@ programs=build/bench/benchmarks
     $programs/layout_bench
     $programs/edit_bench
     $programs/thread_bench
+    QT_QPA_PLATFORM=offscreen $programs/progress_bench
     $programs/copy_bench
     QT_QPA_PLATFORM=offscreen $programs/tree_bench "$@"
     QT_QPA_PLATFORM=offscreen $programs/combo_bench
