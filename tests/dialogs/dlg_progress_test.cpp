@@ -240,6 +240,8 @@ TEST_F(DlgProgressTest, TheWaitCursorIsOnWhileTheWindowIs) {
     dialog->SetCancelled(true);
     dialog->SetCancelled(false); // without a window it had not begun to wait
     Show();
+    dialog->Close(); // without a cancel
+    Show();
     EXPECT_EQ(ask(), 0);
     dialog->SetCancelled(true);
     EXPECT_EQ(ask(), 1);
