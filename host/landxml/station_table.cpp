@@ -1,5 +1,6 @@
 #include "landxml/station_table.h"
 
+#include "korvel/platform/one_line.h"
 #include "landxml/landxml_document.h"
 #include "landxml/number_reading.h"
 #include "source/blanks.h"
@@ -45,8 +46,7 @@ private:
         for (std::size_t i = 0; i < cells.size(); ++i) {
             if (i > 0)
                 m_table += '\t';
-            for (const char c : cells[i]) // a name of the file may hold both
-                m_table += c == '\t' || c == '\n' || c == '\r' ? ' ' : c;
+            platform::AppendTableCell(m_table, cells[i]);
         }
     }
 

@@ -63,8 +63,9 @@ public:
     void SetColumnInfo(const std::vector<SColumnInfo>& info) { m_ColumnInfo = info; }
 
     // The messages by which those widths are kept from run to run. What is read goes to the columns that the
-    // grid has; without columns what names all of them is kept for the next binding. Unknown columns, a column
-    // that comes again, and widths that are not from 0 to 32,767 are left out. Each returns 0.
+    // grid has; a grid without columns keeps it for its next binding, if a width of each is known then.
+    // Unknown columns, a column that comes again, and widths that are not from 0 to 32,767 are left out. Each
+    // returns 0.
     /// WM_DLG_STATE. With wParam 1 an element "Column" with POS and WIDTH is written for each column into the
     /// element in lParam (CXmlNode*), which must have been opened. Otherwise they are read from the element in
     /// lParam (const XmlElement*).
