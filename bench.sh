@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Builds in release mode, installs the peers and measures all of them in the same run. Each line holds, between
 # tabs: operation, n, ours, unit, peer, the peer's figure, and how many times our figure the peer's is. Where
-# there is no peer, "goal" stands for the most that it may cost, and "at the end" for what the same costs there.
+# there is no peer, "goal" stands for the most that it may cost, "at the end" for what the same costs there, and
+# "without" for what it costs without.
 #
 #   ./bench.sh                   every measure, trees with 1,000 to 1,000,000 members
 #   ./bench.sh MEMBERS...        the same with trees of these sizes
@@ -10,7 +11,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . scripts/setup.sh
 
 require_packages "${build_packages[@]}" "${bench_packages[@]}"
-build bench tree_bench edit_bench thread_bench progress_bench copy_bench combo_bench layout_bench wx_bench text_bench expression_bench || exit 1
+build bench tree_bench edit_bench thread_bench progress_bench copy_bench combo_bench layout_bench load_bench wx_bench text_bench expression_bench || exit 1
 
 [ $# -gt 0 ] || set -- 1000 10000 100000 1000000
 programs=build/bench/benchmarks
@@ -24,6 +25,7 @@ programs=build/bench/benchmarks
     $programs/copy_bench
     QT_QPA_PLATFORM=offscreen $programs/tree_bench "$@"
     QT_QPA_PLATFORM=offscreen $programs/combo_bench
+    QT_QPA_PLATFORM=offscreen $programs/load_bench
     xvfb-run -a $programs/wx_bench "$@"
 } | awk -F '\t' -v OFS='\t' '
     BEGIN { print "operation", "n", "ours", "unit", "peer", "peer figure", "ratio" }

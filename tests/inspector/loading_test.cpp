@@ -1,7 +1,6 @@
 #include "desktop/loading_dialog.h"
 #include "inspector/edited_window.h"
 #include "source/document_error.h"
-#include "support/table.h"
 
 #include <future>
 
@@ -89,8 +88,7 @@ TEST_F(LoadingTest, EndsAsTheUserAndTheDocumentSay) {
     } rows[] = {
         {"nothing happens", [&] { When([] { return IsOnTop(Cancel); }, [&] { LetEnd(); }); }, "shown"},
         {"cancelled", [&] { Press(Cancel, [] { Press("Yes"); }); }, "cancelled"},
-        {"not cancelled after all", [&] { Press(Cancel, [&] { Press("No", [&] { LetEnd(); }); }); },
-         "shown"},
+        {"not cancelled after all", [&] { Press(Cancel, [&] { Press("No", [&] { LetEnd(); }); }); }, "shown"},
         {"the reading ends while the user is asked, who cancels",
          [&] { Press(Cancel, [&] { LetEnd(), QTimer::singleShot(100, qApp, [] { Press("Yes"); }); }); },
          "cancelled"},
