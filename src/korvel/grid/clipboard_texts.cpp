@@ -71,9 +71,10 @@ bool ClipboardTexts::AddCell(std::string& text, const CTreeItem& node, int colum
 
 bool ClipboardTexts::AddTableCell(std::string& text, const CTreeItem& node, int column,
                                   std::size_t indent) const {
-    std::string cell(indent, ' ');
-    const bool isWhole = AddCell(cell, node, column);
-    platform::AppendTableCell(text, cell);
+    const std::size_t start = text.size();
+    text.append(indent, ' ');
+    const bool isWhole = AddCell(text, node, column);
+    platform::QuoteTableCell(text, start);
     return isWhole;
 }
 

@@ -13,15 +13,19 @@ void AppendInOneLine(std::string& line, std::string_view text) {
 }
 
 void AppendTableCell(std::string& line, std::string_view text) {
-    const std::size_t cell = line.size();
+    const std::size_t start = line.size();
     AppendInOneLine(line, text);
-    const std::size_t first = line.find_first_not_of(' ', cell);
+    QuoteTableCell(line, start);
+}
+
+void QuoteTableCell(std::string& line, std::size_t start) {
+    const std::size_t first = line.find_first_not_of(' ', start);
     if (first == std::string::npos || line[first] != '"')
         return;
     std::string quoted = "\"";
-    for (const char character : std::string_view(line).substr(cell))
+    for (const char character : std::string_view(line).substr(start))
         quoted.append(character == '"' ? 2 : 1, character);
-    line.replace(cell, std::string::npos, quoted += '"');
+    line.replace(start, std::string::npos, quoted += '"');
 }
 
 } // namespace korvel::platform

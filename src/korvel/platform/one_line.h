@@ -2,6 +2,7 @@
 
 #include "korvel/platform/export.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -20,5 +21,7 @@ KORVEL_API void AppendInOneLine(std::string& line, std::string_view text);
 ///     AppendTableCell(line, "\"A\" 7")   // appends "\"\"\"A\"\" 7\""
 ///     AppendTableCell(line, "A \"7\"")   // appends "A \"7\""
 KORVEL_API void AppendTableCell(std::string& line, std::string_view text);
+/// The same for a cell that was appended in one line already, from `start` to the end.
+KORVEL_API void QuoteTableCell(std::string& line, std::size_t start);
 
 } // namespace korvel::platform
