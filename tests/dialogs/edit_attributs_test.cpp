@@ -8,6 +8,7 @@
 #include "korvel/values/member_dispatch_imp.h"
 #include "support/dialog_fixture.h"
 #include "support/make_value.h"
+#include "support/test_enumeration.h"
 
 namespace korvel {
 namespace {
@@ -33,14 +34,6 @@ private:
     }
 };
 
-// An enumeration with a pattern for its values.
-class Surfaces : public TestEnum {
-public:
-    Surfaces() : TestEnum({MakeValue(DT_String, "asphalt"), MakeValue(DT_String, "gravel")}) {}
-    const CVariantValue* GetTemplate() const override { return &pattern; }
-    CVariantValue pattern = MakeValue(DT_Group, "1");
-};
-
 class Object : public TMemberDispatchImp<Object> {};
 
 class EditAttributsTest : public DialogTest {
@@ -48,6 +41,7 @@ protected:
     EditAttributsTest() {
         SetLanguageForThisRun("English");
         surfaces.isAutoDestroy = true;
+        surfaces.pattern = &pattern;
         enumerations.all = {{"Gone", nullptr}, {"Surface", &surfaces}};
         object.AddMember("length", true, MakeValue(DT_Double, 1.0));
     }
@@ -83,7 +77,8 @@ protected:
             Press(static_cast<UINT>(letter), CString(1, letter)); // '\r' is VK_RETURN
     }
 
-    Surfaces surfaces;
+    TestEnumeration surfaces{{"asphalt", "gravel"}};
+    const CVariantValue pattern = MakeValue(DT_Group, ",1,");
     Enumerations enumerations;
     Object object;
     CDlgEditAttributs dialog{nullptr, &object, &enumerations, AllTypes, true, &frame};
@@ -114,7 +109,7 @@ TEST_F(EditAttributsTest, OffersWhatTheMaskAllows) {
         if (type.label == "File name")
             EXPECT_EQ(type.value.EnumContext, GetFileContainer().GetFileValue(0));
         if (type.label == "Surface")
-            EXPECT_EQ(type.value, MakeList(DT_ListString, "1", &surfaces)) << "made of the template";
+            EXPECT_EQ(type.value, surfaces.ValueOf(",1,")) << "made of the template";
     }
 }
 
@@ -125,7 +120,7 @@ TEST_F(EditAttributsTest, GivesTheValueOfAnEnumeration) {
                   Ok();
               }),
               IDOK);
-    EXPECT_EQ(dialog.GetValue(), MakeList(DT_ListString, "1", &surfaces));
+    EXPECT_EQ(dialog.GetValue(), surfaces.ValueOf(",1,"));
     EXPECT_EQ(surfaces.destroyed, 0);
 }
 

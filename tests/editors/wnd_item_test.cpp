@@ -7,32 +7,13 @@
 #include "korvel/platform/regional_settings.h"
 #include "korvel/values/language.h"
 #include "support/dialog_fixture.h"
+#include "support/file_chooser.h"
 #include "support/make_value.h"
 #include "support/picture.h"
 #include "support/test_enumeration.h"
 
 namespace korvel {
 namespace {
-
-class File : public IFileValue {
-public:
-    bool IsAutoDestroy() const override { return false; }
-    const char* Choose(const char* path, CWnd*) override {
-        asked = path;
-        if (onChoose)
-            onChoose();
-        return chosen;
-    }
-    const std::uint32_t& GetFileType() const override { return m_type; }
-    void SetFileType(std::uint32_t type) override { m_type = type; }
-
-    std::string asked;
-    const char* chosen = "new.xml";
-    std::function<void()> onChoose;
-
-private:
-    std::uint32_t m_type = 0;
-};
 
 class Item : public CWndItem {
 public:
@@ -106,7 +87,7 @@ private:
     Item m_first; // makes the class
 
 protected:
-    File file;
+    FileChooser file;
     TestEnumeration surfaces{{"asphalt", "gravel", "grass"}};
     TestEnumeration paths{{"asphalt", "wild\\-grass"}, ENF_Tree};
     TestEnumeration broken{{"asphalt"}};
@@ -114,29 +95,17 @@ protected:
     Item item;
 };
 
-CVariantValue Value(EDataTyps type, double number) {
-    CVariantValue value;
-    value.Type = type;
-    if (type & DT_Double)
-        value.Value.Double = number;
-    else if (type & DT_Float)
-        value.Value.Float = static_cast<float>(number);
-    else
-        value.Value.Int = static_cast<int>(number);
-    return value;
-}
-
 TEST_F(ItemTest, EveryTextIsTypedInItsField) {
     for (const auto& [border, value, opened, typed, shown] :
          Table<CVariantValue, const char*, const char*, const char*>{
-             {"a number", Value(DT_Int, 7), "7", "2*(3+4)", "14"},
-             {"a length", Value(DT_LengthDouble, 1.5), "1.500000", "2", "2"},
-             {"an angle", Value(DT_AngleDouble, 3.141592653589793), "180.000000", "90", "1.5708"},
-             {"a range", Value(DT_RangeInt, 5), "5", "100", "100"},
-             {"a random number", Value(DT_RandomInt, 5), "5", "6", "6"},
+             {"a number", MakeValue(DT_Int, 7), "7", "2*(3+4)", "14"},
+             {"a length", MakeValue(DT_LengthDouble, 1.5), "1.500000", "2", "2"},
+             {"an angle", MakeValue(DT_AngleDouble, 3.141592653589793), "180.000000", "90", "1.5708"},
+             {"a range", MakeValue(DT_RangeInt, 5), "5", "100", "100"},
+             {"a random number", MakeValue(DT_RandomInt, 5), "5", "6", "6"},
              {"a text", MakeValue(DT_String, "old"), "old", "new", "new"},
              {"a file without a chooser", MakeValue(DT_FileName, "a.xml"), "a.xml", "b.xml", "b.xml"},
-             {"nothing typed", Value(DT_Double, 0.1), "0.100000", "", "0.1"}}) {
+             {"nothing typed", MakeValue(DT_Double, 0.1), "0.100000", "", "0.1"}}) {
         item.SetValue(value);
         ClickValue();
         EXPECT_TRUE(IsEditing()) << border;
@@ -152,23 +121,21 @@ TEST_F(ItemTest, EveryTextIsTypedInItsField) {
 }
 
 TEST_F(ItemTest, ARefusedTextStaysInItsField) {
-    item.SetValue(Value(DT_Int, 7));
-    for (const auto& [border, type, typed, told] : Table<EDataTyps, const char*, const char*>{
-             {"no arithmetic", DT_Int, "abc",
-              "invalid input: 'abc' can not be converted in data type Integer"},
-             {"nothing", DT_LengthDouble, " ", "invalid input: ' ' can not be converted in data type Length"},
-             {"a text of its own", DT_RangeInt, "150", "150: Value is outside the ranges of 0-100!"}}) {
-        const CVariantValue value = Value(type, 7);
+    const std::string notRead = "can not be converted in data type ";
+    for (const auto& [border, value, typed, told] : Table<CVariantValue, const char*, std::string>{
+             {"no arithmetic", MakeValue(DT_Int, 7), "abc", "invalid input: 'abc' " + notRead + "Integer"},
+             {"nothing", MakeValue(DT_LengthDouble, 7.0), " ", "invalid input: ' ' " + notRead + "Length"},
+             {"a text of its own", MakeValue(DT_RangeInt, 7), "150",
+              "150: Value is outside the ranges of 0-100!"}}) {
         item.SetValue(value);
         ClickValue();
         Type(typed);
-        const std::function<void()> waysOut[] = {[this] { SetFocus(Other()); }, [this] { item.End(); }};
-        for (const auto& leave : waysOut) {
+        for (const bool byFocus : {true, false}) {
             try {
-                leave();
+                byFocus ? static_cast<void>(SetFocus(Other())) : static_cast<void>(item.End());
                 ADD_FAILURE() << border;
             } catch (const std::exception& failure) {
-                EXPECT_STREQ(failure.what(), told);
+                EXPECT_EQ(failure.what(), told);
             }
             EXPECT_TRUE(IsEditing()) << border;
             EXPECT_EQ(item.m_Edit.GetWindowTextA(), typed) << border;
@@ -183,37 +150,27 @@ TEST_F(ItemTest, ARefusedTextStaysInItsField) {
         EXPECT_FALSE(IsEditing()) << border;
         EXPECT_EQ(item.GetValue().ToText(TextForm::Plain), "8") << border;
     }
-    for (const auto& [border, act] :
-         Table<std::function<void()>>{{"it is dropped", [this] { item.Drop(); }},
-                                      {"it is hidden", [this] { item.ShowWindow(SW_HIDE); }},
-                                      {"it is disabled", [this] { item.EnableWindow(false); }},
-                                      {"it is destroyed", [this] { item.DestroyWindow(); }}}) {
+}
+
+TEST_F(ItemTest, WhatCanBeReadIsTakenWhenTheItemGoes) {
+    for (const auto& [border, typed, act, value] : Table<const char*, std::function<void()>, int>{
+             {"dropped", "9", [this] { item.Drop(); }, 7},
+             {"hidden", "9", [this] { item.ShowWindow(SW_HIDE); }, 9},
+             {"hidden, refused", "abc", [this] { item.ShowWindow(SW_HIDE); }, 7},
+             {"disabled", "9", [this] { item.EnableWindow(false); }, 9},
+             {"disabled, refused", "abc", [this] { item.EnableWindow(false); }, 7},
+             {"destroyed", "9", [this] { item.DestroyWindow(); }, 9}}) {
         item.ShowWindow(SW_SHOW);
         item.EnableWindow(true);
+        item.SetValue(MakeValue(DT_Int, 7));
         ClickValue();
-        Type("abc");
+        Type(typed);
         display.AnswerNext(IDOK);
         MessageBoxA(dialog.m_hWnd, "?", "", MB_OK);
         EXPECT_EQ(GetFocus(), item.m_Edit.m_hWnd) << "a box gives the focus back";
         act();
         EXPECT_FALSE(IsEditing()) << border;
-        EXPECT_EQ(item.GetValue().ToText(TextForm::Plain), "8") << border;
-    }
-}
-
-TEST_F(ItemTest, WhatIsTypedIsReadWhenTheItemGoes) {
-    for (const auto& [border, act] :
-         Table<std::function<void()>>{{"it is hidden", [this] { item.ShowWindow(SW_HIDE); }},
-                                      {"it is disabled", [this] { item.EnableWindow(false); }},
-                                      {"it is destroyed", [this] { item.DestroyWindow(); }}}) {
-        item.ShowWindow(SW_SHOW);
-        item.EnableWindow(true);
-        item.SetValue(Value(DT_Int, 7));
-        ClickValue();
-        Type("9");
-        act();
-        EXPECT_FALSE(IsEditing()) << border;
-        EXPECT_EQ(item.GetValue(), Value(DT_Int, 9)) << border;
+        EXPECT_EQ(item.GetValue(), MakeValue(DT_Int, value)) << border;
     }
 }
 
@@ -228,13 +185,13 @@ TEST_F(ItemTest, APressChangesWhatNeedsNoEditor) {
 
     item.SetValue(path);
     ClickButton();
-    EXPECT_EQ(file.asked + " " + item.GetValue().Text, "old.xml new.xml");
+    EXPECT_EQ(file.asked + " " + item.GetValue().Text, "old.xml b.xml");
     EXPECT_EQ(Heard(), "1 ");
     ClickValue();
     EXPECT_EQ(Heard(), "") << "the same file again";
     file.chosen = nullptr;
     ClickValue();
-    EXPECT_EQ(Heard() + item.GetValue().Text, "new.xml") << "no file";
+    EXPECT_EQ(Heard() + item.GetValue().Text, "b.xml") << "no file";
 
     item.SetValue(red);
     display.AnswerNextColor(std::nullopt);
@@ -255,7 +212,7 @@ TEST_F(ItemTest, APressChangesWhatNeedsNoEditor) {
     EXPECT_EQ(item.GetValue().Type, DT_RandomUInt);
     EXPECT_TRUE(item.GetValue().Value.UInt >= 1 && item.GetValue().Value.UInt <= 99);
 
-    item.SetValue(Value(DT_AngleDouble, 3.141592653589793));
+    item.SetValue(MakeValue(DT_AngleDouble, 3.141592653589793));
     ClickButton();
     EXPECT_EQ(GetAngleUnit(), 'r');
     EXPECT_FALSE(IsEditing());
@@ -292,15 +249,12 @@ TEST_F(ItemTest, AListDropsAndKeepsTheFocusOnTheItem) {
     EXPECT_EQ(item.GetValue().Text, ",2,");
     EXPECT_EQ(Member(), item.GetValue());
 
-    for (const auto& [border, act] :
-         Table<std::function<void()>>{{"the focus goes", [this] { SetFocus(Other()); }},
-                                      {"a press beside it",
-                                       [this] {
-                                           input::Mouse(dialog.m_hWnd, WM_LBUTTONDOWN, 0, {3, 3});
-                                       }},
-                                      {"another value", [&] { item.SetValue(surfaces.ValueOf(",3,")); }},
-                                      {"it is disabled", [this] { item.EnableWindow(false); }},
-                                      {"its window goes", [this] { item.DestroyWindow(); }}}) {
+    for (const auto& [border, act] : Table<std::function<void()>>{
+             {"the focus goes", [this] { SetFocus(Other()); }},
+             {"a press beside it", [this] { input::Mouse(dialog.m_hWnd, WM_LBUTTONDOWN, 0, {}); }},
+             {"another value", [&] { item.SetValue(surfaces.ValueOf(",3,")); }},
+             {"it is disabled", [this] { item.EnableWindow(false); }},
+             {"its window goes", [this] { item.DestroyWindow(); }}}) {
         item.EnableWindow(true);
         ClickValue();
         EXPECT_TRUE(item.IsDropped()) << border;
@@ -312,51 +266,33 @@ TEST_F(ItemTest, AListDropsAndKeepsTheFocusOnTheItem) {
 }
 
 TEST_F(ItemTest, KeysOpenWhatAPressOpensAndGoToAListThatIsDropped) {
-    struct Step {
-        UINT key;
-        const char* letter = "";
-    };
-    for (const auto& [border, value, cancels, steps, result] :
-         Table<CVariantValue, bool, std::vector<Step>, const char*>{
-             {"a flag", MakeValue(DT_Bool, false), false, {{VK_SPACE, " "}}, "1"},
-             {"F2 on a text", MakeValue(DT_String, "a"), false, {{VK_F2}, {VK_END}, {'B', "b"}}, "ab"},
-             {"typed over a text",
-              MakeValue(DT_String, "a"),
-              false,
-              {{'X', "x"}, {VK_SPACE, " "}, {'Y', "y"}},
-              "x y"},
-             {"a character outside the page",
-              MakeValue(DT_String, "a"),
-              false,
-              {{'X', "\x81\x41"}},
-              "\x81\x41"},
-             {"no text", MakeValue(DT_String, "a"), false, {{'X', "\x18"}, {VK_F4}, {VK_LEFT}}, "a"},
-             {"the list", surfaces.ValueOf(",1,"), false, {{VK_F4}, {VK_DOWN}, {VK_RETURN}}, ",2,"},
-             {"F4 closes", surfaces.ValueOf(",1,"), false, {{VK_F2}, {VK_END}, {VK_F4}}, ",3,"},
-             {"Escape takes",
-              surfaces.ValueOf(",1,"),
-              false,
-              {{VK_SPACE, " "}, {VK_DOWN}, {VK_ESCAPE}},
-              ",2,"},
-             {"Escape cancels", surfaces.ValueOf(",1,"), true, {{VK_F4}, {VK_DOWN}, {VK_ESCAPE}}, ",1,"},
-             {"a letter finds",
-              surfaces.ValueOf(",1,"),
-              false,
-              {{VK_F4}, {'G', "gra"}, {VK_RETURN}},
-              ",2,"}}) {
+    using Keys = std::vector<std::pair<UINT, const char*>>;
+    const CVariantValue text = MakeValue(DT_String, "a"), list = surfaces.ValueOf(",1,");
+    const std::pair<UINT, const char*> space{VK_SPACE, " "}, f4{VK_F4, ""}, down{VK_DOWN, ""};
+    const std::pair<UINT, const char*> f2{VK_F2, ""}, end{VK_END, ""}, enter{VK_RETURN, ""},
+        escape{VK_ESCAPE, ""};
+    for (const auto& [border, value, keys, result] : Table<CVariantValue, Keys, const char*>{
+             {"a flag", MakeValue(DT_Bool, false), {space}, "1"},
+             {"F2 on a text", text, {f2, end, {'B', "b"}}, "ab"},
+             {"typed over a text", text, {{'X', "x"}, space, {'Y', "y"}}, "x y"},
+             {"a character outside the page", text, {{'X', "\x81\x41"}}, "\x81\x41"},
+             {"no text", text, {{'X', "\x18"}, f4, {VK_LEFT, ""}}, "a"},
+             {"the list", list, {f4, down, enter}, ",2,"},
+             {"F4 closes", list, {f2, end, f4}, ",3,"},
+             {"Escape takes", list, {space, down, escape}, ",2,"},
+             {"a letter finds", list, {f4, {'G', "gra"}, enter}, ",2,"},
+             {"Escape cancels", list, {f4, down, escape}, ",1,"}}) {
         GridOptions options;
-        options.Set(EGridOption::EscapeCancels, cancels);
+        options.Set(EGridOption::EscapeCancels, std::string(border) == "Escape cancels");
         item.SetOptions(options);
         item.SetValue(value);
         item.SetFocus();
-        for (const Step& step : steps)
-            Press(step.key, step.letter);
+        for (const auto& [key, letter] : keys)
+            Press(key, letter);
         EXPECT_FALSE(item.IsDropped()) << border;
         item.End();
-        EXPECT_EQ(item.GetValue().Type == DT_Bool ? item.GetValue().ToText(TextForm::Plain)
-                                                  : item.GetValue().Text,
-                  result)
-            << border;
+        const bool isFlag = item.GetValue().Type == DT_Bool;
+        EXPECT_EQ(isFlag ? item.GetValue().ToText(TextForm::Plain) : item.GetValue().Text, result) << border;
         EXPECT_EQ(Member(), item.GetValue()) << border;
     }
     item.SetValue(surfaces.ValueOf(",1,"));
@@ -444,8 +380,8 @@ TEST_F(ItemTest, ItLooksLikeACell) {
             throw std::runtime_error("no name");
     };
     for (const auto& [border, value, text] : Table<CVariantValue, const char*>{
-             {"a length", Value(DT_LengthDouble, 12.5), "12,50 m"},
-             {"an angle", Value(DT_AngleDouble, 3.141592653589793), "180,00"},
+             {"a length", MakeValue(DT_LengthDouble, 12.5), "12,50 m"},
+             {"an angle", MakeValue(DT_AngleDouble, 3.141592653589793), "180,00"},
              {"a date", MakeDate("GDT_VALID", 44000), "2020-06-18"},
              {"an entry of a tree", paths.ValueOf(",2,"), "wild-grass"},
              {"a color", MakeValue(DT_ColorRGB, 0xFF0000FFu), "0xff0000ff"},
@@ -479,18 +415,20 @@ TEST_F(ItemTest, AHostMayDoAnythingWhileItIsAsked) {
     CVariantValue path = MakeValue(DT_FileName, "old.xml");
     path.EnumContext = &file;
     item.SetValue(path);
-    file.onChoose = [this] { item.SetValue(Value(DT_Int, 3)); };
+    file.onCall = [this](const auto& call) {
+        call == "choose" ? item.SetValue(MakeValue(DT_Int, 3)) : void();
+    };
     ClickValue();
-    EXPECT_EQ(item.GetValue(), Value(DT_Int, 3)) << "the file was chosen for another value";
+    EXPECT_EQ(item.GetValue(), MakeValue(DT_Int, 3)) << "the file was chosen for another value";
 
     surfaces.onCall = [&](const std::string& operation, long) {
         if (operation == "first")
-            item.SetValue(Value(DT_Int, 4));
+            item.SetValue(MakeValue(DT_Int, 4));
     };
     item.SetValue(surfaces.ValueOf(",1,"));
     item.DropDown();
     EXPECT_FALSE(item.IsDropped());
-    EXPECT_EQ(item.GetValue(), Value(DT_Int, 4));
+    EXPECT_EQ(item.GetValue(), MakeValue(DT_Int, 4));
     EXPECT_FALSE(item.m_List.IsInitialized()) << "the former enumeration need not live any longer";
     surfaces.onCall = nullptr;
 
@@ -512,7 +450,7 @@ TEST_F(ItemTest, AHostMayDoAnythingWhileItIsAsked) {
 }
 
 TEST(WndItem, HoldsItsValueInAnObjectOfOneMember) {
-    TestEnum owned({TextValue("a")});
+    TestEnumeration owned({"a"});
     owned.isAutoDestroy = true;
     {
         Item item;
@@ -520,9 +458,9 @@ TEST(WndItem, HoldsItsValueInAnObjectOfOneMember) {
         std::list<std::string> names;
         item.m_Dispatch.GetMemberNames(names);
         EXPECT_EQ(names, std::list<std::string>{"Member"});
-        item.SetValue(MakeList(DT_ListString, "1", &owned));
+        item.SetValue(owned.ValueOf(",1,"));
         item.SetValue(CVariantValue());
-        item.SetValue(MakeList(DT_ListString, "1", &owned));
+        item.SetValue(owned.ValueOf(",1,"));
         EXPECT_EQ(owned.destroyed, 0);
     }
     EXPECT_EQ(owned.destroyed, 1);

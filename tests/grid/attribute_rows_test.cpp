@@ -63,24 +63,19 @@ TEST_F(AttributeRowsTest, WhatThrowsLeavesNoRowAndNoBindingHalfMade) {
                 fail();
             });
     };
+    const auto addGroup = [&] { tree.onShow = nullptr, tree.rows.Add(&root, "p", Group(&point)); };
+    const auto rebindUnseen = [&] {
+        unbind();
+        tree.onShow = nullptr;
+        tree.rows.Bind(
+            &root, [&] { tree.columns = 2; });
+    };
     for (const auto& [border, act, rows, isBound] : Table<std::function<void()>, Lines, bool>{
              {"a row that is shown", [&] { tree.rows.Add(&root, "late", Flag(true)); }, before, true},
-             {"a group of which the observer hears",
-              [&] {
-                  tree.onShow = nullptr;
-                  tree.rows.Add(&root, "p", Group(&point));
-              },
-              before, true},
+             {"a group of which the observer hears", addGroup, before, true},
              {"columns", [&] { rebind(false); }, {}, false},
              {"columns of a binding that has ended", [&] { rebind(true); }, {}, false},
-             {"the root of which the observer hears",
-              [&] {
-                  unbind();
-                  tree.onShow = nullptr;
-                  tree.rows.Bind(&root, [&] { tree.columns = 2; });
-              },
-              {},
-              false}}) {
+             {"the root of which the observer hears", rebindUnseen, {}, false}}) {
         SCOPED_TRACE(border);
         tree.onShow = fail;
         tree.rows.Bind(&root, [&] { tree.columns = 2; });

@@ -49,22 +49,18 @@ protected:
 
 TEST_F(CellEdit, KeepsTextAndRowWhileRowsMoveAndEndsWithItsText) {
     const int first = 0;
+    const CSize byARow{0, 20};
+    const auto removeTop = [&] { grid.RemoveRootNode(grid.NodeAtRow(0)), grid.RebuildRows(); };
+    const auto openAbove = [&] {
+        Add(grid, grid.NodeAtRow(0), "above");
+        grid.ExpandNode(grid.NodeAtRow(0), 0);
+    };
     for (const auto& [border, act, row] : Table<std::function<void()>, int>{
              {"a row above is added", [&] { grid.AddRootNode(Info("new"), &first); }, 3},
-             {"a row above is removed", [&] { grid.RemoveRootNode(grid.NodeAtRow(0)), grid.RebuildRows(); },
-              1},
-             {"a family above opens",
-              [&] {
-                  Add(grid, grid.NodeAtRow(0), "above");
-                  grid.ExpandNode(grid.NodeAtRow(0), 0);
-              },
-              3},
+             {"a row above is removed", removeTop, 1},
+             {"a family above opens", openAbove, 3},
              {"a row below is added", [&] { Add(grid, nullptr, "new"); }, 2},
-             {"scrolled by a row",
-              [&] {
-                  grid.Scroll({0, 20});
-              },
-              2},
+             {"scrolled by a row", [&] { grid.Scroll(byARow); }, 2},
              {"scrolled away", [&] { grid.EnsureVisible(20, false); }, -1},
              {"its parent closes", [&] { grid.CollapseNode(parent); }, -1}}) {
         SCOPED_TRACE(border);

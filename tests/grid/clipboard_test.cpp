@@ -114,53 +114,30 @@ TEST_F(ClipboardTest, TheUserIsToldOfWhatWasDoneOnly) {
             Run(GridCommand::CopyTree);
         };
     };
+    const auto addOnce = [this] {
+        if (!grid.LookupTreeItem(&point, "new"))
+            grid.OnOperationAdd(&point, "new", Flag(true));
+    };
+    const ClipboardAnswer isSet, notOpened{Outcome::NotOpened}, notSet{Outcome::NotSet, 1418};
+    const char* copied = "Clipboard: Data was copied to the clipboard.";
+    const char* failed = "Korvel: Unable to set Clipboard data, error: 1418";
     for (const auto& [border, isQuiet, answer, act, box, text] :
          Table<bool, ClipboardAnswer, std::function<void()>, const char*, const char*>{
-             {"in a box",
-              false,
-              {},
-              run(GridCommand::CopyRow),
-              "Clipboard: Data was copied to the clipboard.",
-              "p q\t"},
-             {"quietly", true, {}, run(GridCommand::CopyRow), "", "p q\t"},
-             {"not opened", false, {Outcome::NotOpened}, run(GridCommand::CopyRow), "", "nothing"},
-             {"not set",
-              true,
-              {Outcome::NotSet, 1418},
-              run(GridCommand::CopyRow),
-              "Korvel: Unable to set Clipboard data, error: 1418",
+             {"in a box", false, isSet, run(GridCommand::CopyRow), copied, "p q\t"},
+             {"quietly", true, isSet, run(GridCommand::CopyRow), "", "p q\t"},
+             {"not opened", false, notOpened, run(GridCommand::CopyRow), "", "nothing"},
+             {"not set", true, notSet, run(GridCommand::CopyRow), failed, "nothing"},
+             {"an empty value", false, isSet, [this] { SelectCell(0, 1), Run(GridCommand::CopyValue); }, "",
               "nothing"},
-             {"an empty value",
-              false,
-              {},
-              [this] { SelectCell(0, 1), Run(GridCommand::CopyValue); },
-              "",
+             {"an empty text", false, isSet, [this] { grid.CopyToClipboard(""); }, "", "nothing"},
+             {"a text of the host", false, isSet, [this] { grid.CopyToClipboard("a\tb"); }, "", "a\tb"},
+             {"it throws", false, isSet, misbehave([] { throw std::runtime_error("of the host"); }),
+              "Korvel: of the host", "nothing"},
+             {"rows go", false, isSet, misbehave([this] { grid.OnOperationRemove(&point, "on", {}); }), "",
               "nothing"},
-             {"an empty text", false, {}, [this] { grid.CopyToClipboard(""); }, "", "nothing"},
-             {"a text of the host", false, {}, [this] { grid.CopyToClipboard("a\tb"); }, "", "a\tb"},
-             {"it throws",
-              false,
-              {},
-              misbehave([] { throw std::runtime_error("of the host"); }),
-              "Korvel: of the host",
-              "nothing"},
-             {"rows go",
-              false,
-              {},
-              misbehave([this] { grid.OnOperationRemove(&point, "on", {}); }),
-              "",
-              "nothing"},
-             {"rows come",
-              true,
-              {},
-              misbehave([this] {
-                  if (!grid.LookupTreeItem(&point, "new"))
-                      grid.OnOperationAdd(&point, "new", Flag(true));
-              }),
-              "",
-              "p q\t\n  x\t1,50 m\n  on\t"},
-             {"the binding ends", false, {}, misbehave([this] { grid.Clear(); }), "", "nothing"},
-             {"the window goes", false, {}, misbehave([this] { grid.DestroyWindow(); }), "", "nothing"}}) {
+             {"rows come", true, isSet, misbehave(addOnce), "", "p q\t\n  x\t1,50 m\n  on\t"},
+             {"the binding ends", false, isSet, misbehave([this] { grid.Clear(); }), "", "nothing"},
+             {"the window goes", false, isSet, misbehave([this] { grid.DestroyWindow(); }), "", "nothing"}}) {
         SCOPED_TRACE(border);
         HeadlessDisplay fresh;
         SetDisplay(&fresh);

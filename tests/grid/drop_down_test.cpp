@@ -26,11 +26,7 @@ protected:
         parent.Take();
         TakeBoxes();
     }
-    std::string Chosen() {
-        CVariantValue value;
-        root.GetMember("list", value);
-        return value.Text;
-    }
+    std::string Chosen() { return root.Get("list").Text; }
 
     TestEnumeration entries{
         std::vector<std::string>{"a\\-b", "c", "d", "e", "f", "g", "h", "i", "j", "k", "l", "m"}};
@@ -75,46 +71,28 @@ TEST_F(DropDown, InAPaneItEndsWithTheMoveOfTheWindowAround) {
 }
 
 TEST_F(DropDown, KeysAndPressesEndIt) {
+    const CRect moved{5, 5, 405, 405};
+    const auto onEntry = [&] {
+        input::Mouse(grid.m_ComboList.m_hWnd, WM_MOUSEMOVE, 0, {9, 30});
+        PressIn(grid.m_ComboList, 9, 30)();
+    };
+    const auto pressRight = [&] {
+        input::Mouse(grid.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, MiddleOf(Cell("s")));
+    };
     for (const auto& [border, act, isEnded, codes] : Table<Act, bool, const char*>{
              {"Return", [&] { Return(); }, true, "<9>"},
              {"F4", [&] { Press(VK_F4); }, true, "<9>"},
              {"Escape", [&] { Press(VK_ESCAPE, "\x1B"); }, true, "<10>"},
              {"Tab", [&] { Press(VK_TAB, "\t"); }, true, "<9>"},
              {"Alt+Up does not close", [&] { Press(VK_UP, "", WM_SYSKEYDOWN); }, false, ""},
-             {"an entry",
-              [&] {
-                  input::Mouse(grid.m_ComboList.m_hWnd, WM_MOUSEMOVE, 0, {9, 30});
-                  input::Mouse(grid.m_ComboList.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {9, 30});
-              },
-              true, ""},
-             {"its own field",
-              [&] {
-                  input::Mouse(grid.m_ComboEdit.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {3, 3});
-              },
-              true, ""},
-             {"its arrow",
-              [&] {
-                  input::Mouse(grid.m_ComboButton.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {3, 3});
-              },
-              true, ""},
-             {"the header",
-              [&] {
-                  input::Mouse(grid.GetHeaderCtrl()->m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {30, 5});
-              },
-              true, ""},
-             {"a right press in another row",
-              [&] { input::Mouse(grid.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, MiddleOf(Cell("s"))); }, true, ""},
+             {"an entry", onEntry, true, ""},
+             {"its own field", PressIn(grid.m_ComboEdit, 3, 3), true, ""},
+             {"its arrow", PressIn(grid.m_ComboButton, 3, 3), true, ""},
+             {"the header", PressIn(*grid.GetHeaderCtrl(), 30, 5), true, ""},
+             {"a right press in another row", pressRight, true, ""},
              {"Return comes up again", [&] { Press(VK_RETURN, "", WM_KEYUP); }, false, ""},
-             {"a press in the parent",
-              [&] {
-                  input::Mouse(parent.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {350, 350});
-              },
-              true, "<4><9>"},
-             {"the parent moves",
-              [&] {
-                  parent.MoveWindow({5, 5, 405, 405});
-              },
-              true, "<4><9>"},
+             {"a press in the parent", PressIn(parent, 350, 350), true, "<4><9>"},
+             {"the parent moves", [&] { parent.MoveWindow(moved); }, true, "<4><9>"},
              {"the focus leaves", [&] { other.SetFocus(); }, true, ""},
              {"the program is left", [] { input::ProgramLeft(); }, true, ""},
              {"the row scrolls away", [&] { grid.EnsureVisible(25, false); }, true, ""}}) {
@@ -124,9 +102,7 @@ TEST_F(DropDown, KeysAndPressesEndIt) {
         ASSERT_NO_FATAL_FAILURE(Open());
         act();
         EXPECT_EQ(grid.GetDroppedState(), isEnded ? 0 : 1);
-        CVariantValue held;
-        root.GetMember("list", held);
-        const std::string chosen = held.ToText();
+        const std::string chosen = root.Get("list").ToText();
         const std::string written =
             "[Member edited set list=" + chosen + "  changed list=" + chosen + " ]<8>";
         EXPECT_EQ(parent.Take(), isEnded ? codes + written : codes);

@@ -1,6 +1,7 @@
 #include "korvel/output/angles.h"
 #include "korvel/platform/error.h"
 #include "support/edit_fixture.h"
+#include "support/file_chooser.h"
 #include "support/table.h"
 
 namespace korvel {
@@ -8,15 +9,11 @@ namespace {
 
 using Act = std::function<void()>;
 
+const SYSTEMTIME march{2026, 3, 0, 4};
+
 TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
     TestEnumeration colors({"red", "green"});
-    struct File : IFileValue {
-        bool IsAutoDestroy() const override { return false; }
-        const char* Choose(const char*, CWnd*) override { return "b.xml"; }
-        const std::uint32_t& GetFileType() const override { return type; }
-        void SetFileType(std::uint32_t number) override { type = number; }
-        std::uint32_t type = 0;
-    } file;
+    FileChooser file;
     CVariantValue path = Words(DT_FileName, "a.xml");
     path.EnumContext = &file;
     root.With("flag", Flag(false))
@@ -30,6 +27,10 @@ TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
     const auto typed = [this](const std::string& name, const std::string& text) {
         return [this, name, text] { Click(name), Type(text), Return(); };
     };
+    const auto pressAgain = [&] {
+        const CPoint inFlag{Cell("flag").left + 2, MiddleOf(Cell("flag")).y};
+        input::Mouse(grid.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON, inFlag);
+    };
     for (const auto& [border, act, log] : Table<Act, const char*>{
              {"a sum", typed("v", "2*(3+4)"), "[Member edited changed v=14  set v=14 ]"},
              {"the field untouched", [&] { Click("v"), Return(); }, "[Member edited]"},
@@ -38,11 +39,7 @@ TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
              {"a path", typed("path", "c.xml"), "[Member edited changed path=c.xml  set path=c.xml ]"},
              {"an angle", typed("angle", "1"), "[Member edited changed angle=1  set angle=1 ]"},
              {"a flag", [&] { Click("flag"); }, "[Member edited set flag=true  changed flag=true ]"},
-             {"a quick second press on it",
-              [&] {
-                  input::Mouse(grid.m_hWnd, WM_LBUTTONDBLCLK, MK_LBUTTON,
-                               {Cell("flag").left + 2, MiddleOf(Cell("flag")).y});
-              },
+             {"a quick second press on it", pressAgain,
               "[Member edited set flag=false  changed flag=false ]"},
              {"beside the square of a flag", [&] { ClickRight("flag"); }, ""},
              {"a color", [&] { display.AnswerNextColor(0x00FF00), Click("color"); },
@@ -54,10 +51,7 @@ TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
              {"the unit of an angle", [&] { ClickRight("angle"); }, ""},
              {"an entry of a list", [&] { Click("list"), Press(VK_DOWN), Return(); },
               "<7><22 red><9>[Member edited set list=green  changed list=green ]<8>"},
-             {"a date",
-              [&] {
-                  Click("date"), grid.m_DateTime.SetTime({2026, 3, 0, 4}), Return();
-              },
+             {"a date", [&] { Click("date"), grid.m_DateTime.SetTime(march), Return(); },
               "[Member edited set date=46085  changed date=46085 ]"}}) {
         SCOPED_TRACE(border);
         parent.Take();
@@ -136,7 +130,7 @@ TEST_F(EditTest, EscapeGivesUpADateWhereTheGridSaysSo) {
         SCOPED_TRACE(cancels);
         Click("date");
         grid.SetGridOption(EGridOption::EscapeCancels, cancels); // counts at once
-        grid.m_DateTime.SetTime({2026, 3, 0, 4});
+        grid.m_DateTime.SetTime(march);
         parent.Take();
         Press(VK_ESCAPE, "\x1B");
         EXPECT_EQ(parent.Take(), cancels ? "" : "[Member edited set date=46085  changed date=46085 ]");
@@ -150,9 +144,7 @@ TEST_F(EditTest, AChoiceThatTheObjectRefusesIsRolledBackAndStopsTheCommand) {
     root.With("list", colors.ValueOf(",1,")).With("date", MakeDate("GDT_VALID", 44000.5));
     grid.Initialize(&root, "Name", "Value", 0);
     for (const auto& [name, choose] :
-         Table<Act>{{"list", [&] { Press(VK_DOWN); }}, {"date", [&] {
-                                                            grid.m_DateTime.SetTime({2026, 3, 0, 4});
-                                                        }}}) {
+         Table<Act>{{"list", [&] { Press(VK_DOWN); }}, {"date", [&] { grid.m_DateTime.SetTime(march); }}}) {
         SCOPED_TRACE(name);
         Click(name);
         choose();
@@ -186,11 +178,8 @@ TEST_F(EditTest, CellsOfObjectsAreEditedInTheirColumns) {
     Type("5");
     Return();
     click(3);
-    CVariantValue y, on;
-    point.GetMember("y", y);
-    point.GetMember("on", on);
-    EXPECT_EQ(y.Value.Double, 5);
-    EXPECT_TRUE(on.Value.Bool);
+    EXPECT_EQ(point.Get("y").Value.Double, 5);
+    EXPECT_TRUE(point.Get("on").Value.Bool);
     click(1);
     Type("7");
     observer.sinks[&point]->OnOperationRemove("x", {});

@@ -31,38 +31,21 @@ TEST_F(GridTest, RebuildDropsRowsThatNoNodeHasAndRowsOfRemovedNodesAreHarmless) 
 
 // Whoever hears of a row may do anything but delete the grid's object.
 TEST_F(GridTest, RowsAreThoseOfTheTreeWhateverAHandlerOfTheirNoticesDoes) {
-    using Handler = std::function<void(HookedGrid & grid, int heard)>;
-    const Table<Handler, Lines> cases = {
-        {"throws at the second",
-         [](HookedGrid&, int heard) {
-             if (heard == 2)
-                 throw std::runtime_error("second");
-         },
-         {"a|", "b|", " b1|", "c|"}},
-        {"adds above and below",
-         [](HookedGrid& grid, int heard) {
-             if (heard == 1) {
-                 Add(grid, nullptr, "last");
-                 Add(grid, nullptr, "first", {}, 0);
-             }
-         },
-         {"first|", "a|", "b|", " b1|", "c|", "last|"}},
-        {"removes the node and collapses another",
-         [](HookedGrid& grid, int heard) {
-             if (heard == 1) {
-                 grid.TakeNode(grid.rootItems().front());
-                 grid.CollapseNode(grid.rootItems().front());
-             }
-         },
-         {"b|", "c|"}},
-        {"destroys the window",
-         [](HookedGrid& grid, int heard) {
-             if (heard == 2)
-                 grid.DestroyWindow();
-         },
-         {}},
+    using Handler = std::function<void(HookedGrid & grid)>;
+    const auto fail = [](HookedGrid&) { throw std::runtime_error("of a handler"); };
+    const auto add = [](HookedGrid& grid) { Add(grid, nullptr, "last"), Add(grid, nullptr, "first", {}, 0); };
+    const auto remove = [](HookedGrid& grid) {
+        grid.TakeNode(grid.rootItems().front());
+        grid.CollapseNode(grid.rootItems().front());
     };
-    for (const auto& [border, handler, after] : cases) {
+    const auto destroy = [](HookedGrid& grid) { grid.DestroyWindow(); };
+    const Table<int, Handler, Lines> cases = {
+        {"throws at the second", 2, fail, {"a|", "b|", " b1|", "c|"}},
+        {"adds above and below", 1, add, {"first|", "a|", "b|", " b1|", "c|", "last|"}},
+        {"removes the node and collapses another", 1, remove, {"b|", "c|"}},
+        {"destroys the window", 2, destroy, {}},
+    };
+    for (const auto& [border, at, handler, after] : cases) {
         SCOPED_TRACE(border);
         HookedGrid grid;
         MakeBare(grid);
@@ -74,9 +57,9 @@ TEST_F(GridTest, RowsAreThoseOfTheTreeWhateverAHandlerOfTheirNoticesDoes) {
         grid.ExpandAll();
         Select(grid, 4);
         int heard = 0;
-        grid.onNotice = [&, act = handler](const NMLISTVIEW& notice) {
-            if (notice.hdr.code == LVN_DELETEITEM)
-                act(grid, ++heard);
+        grid.onNotice = [&, at = at, act = handler](const NMLISTVIEW& notice) {
+            if (notice.hdr.code == LVN_DELETEITEM && ++heard == at)
+                act(grid);
         };
         try {
             grid.CollapseNode(grid.rootItems().front());

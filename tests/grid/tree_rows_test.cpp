@@ -90,15 +90,14 @@ TEST_F(TreeRowsTest, ARowThatLeavesLeadsToNoNodeThatIsGone) {
 }
 
 TEST_F(TreeRowsTest, RowsOfRemovedNodesLeadNowhereUntilTheListIsInLine) {
-    for (const auto& [border, removeRow, remove] : Table<int, void (*)(TreeRows&, CTreeItem*)>{
-             {"unlinked", -1, [](TreeRows&rows, CTreeItem*node) { rows.Unlink(node); }},
-             {"unlinked after the host removed a row", 0,
-              [](TreeRows&rows, CTreeItem*node) { rows.Unlink(node); }},
-             {"removed after it", 0, [](TreeRows&rows, CTreeItem*node) { rows.Remove(node); }},
-             {"hidden at another row, then unlinked", -1, [](TreeRows&rows, CTreeItem*node) {
-                  rows.Hide(node, 0);
-                  rows.Unlink(node->children().front());
-              }}}) {
+    const auto unlink = [&](CTreeItem* node) { tree.Unlink(node); };
+    const auto removeNode = [&](CTreeItem* node) { tree.Remove(node); };
+    const auto hide = [&](CTreeItem* node) { tree.Hide(node, 0), tree.Unlink(node->children().front()); };
+    for (const auto& [border, removeRow, remove] :
+         Table<int, std::function<void(CTreeItem*)>>{{"unlinked", -1, unlink},
+                                                     {"unlinked after the host removed a row", 0, unlink},
+                                                     {"removed after it", 0, removeNode},
+                                                     {"hidden at another row, then unlinked", -1, hide}}) {
         SCOPED_TRACE(border);
         tree.Clear();
         Add(nullptr);
@@ -108,7 +107,7 @@ TEST_F(TreeRowsTest, RowsOfRemovedNodesLeadNowhereUntilTheListIsInLine) {
         tree.Expand(group, 1);
         if (removeRow >= 0)
             list.RemoveQuietly(removeRow, removeRow + 1);
-        remove(tree, group);
+        remove(group);
         for (int row = 0; row < list.Count(); ++row)
             if (const CTreeItem* node = tree.NodeAt(row); node)
                 EXPECT_NE(node->Top(), node) << "it was removed";

@@ -19,46 +19,49 @@ protected:
         Act act;
     };
     std::vector<Way> Ways() {
-        return {{"Return", Left::Told, [] { Return(); }},
-                {"Escape", Left::Told, [] { Press(VK_ESCAPE, "\x1B"); }},
-                {"Tab", Left::Told, [] { Press(VK_TAB, "\t"); }},
-                {"another control", Left::Told, [this] { other.SetFocus(); }},
-                {"another widget of the host", Left::Told, [] { input::FocusMoved(nullptr); }},
-                {"another row", Left::Told,
-                 [this] {
-                     ClickAt({60, MiddleOf(Cell("s")).y});
-                 }},
-                {"a right press", Left::Told,
-                 [this] { input::Mouse(grid.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, MiddleOf(Cell("s"))); }},
-                {"a command", Left::Told, [this] { grid.EndEdit(); }},
-                {"scrolled away", Left::Told, [this] { grid.EnsureVisible(25, false); }},
-                {"the wheel", Left::Told,
-                 [this] {
-                     input::Mouse(grid.m_hWnd, WM_MOUSEWHEEL, 0, {9, 90}, -120);
-                 }},
-                {"the column is dragged", Left::Told,
-                 [this] {
-                     const CPoint divider{grid.GetColumnWidth(0) - 1, 5};
-                     input::Mouse(grid.GetHeaderCtrl()->m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, divider);
-                     input::Mouse(grid.GetHeaderCtrl()->m_hWnd, WM_LBUTTONUP, 0, divider);
-                 }},
-                {"Clear", Left::Dropped, [this] { grid.Clear(); }},
-                {"hidden", Left::Dropped, [this] { grid.ShowWindow(SW_HIDE); }},
-                {"its parent hidden", Left::Dropped, [this] { parent.ShowWindow(SW_HIDE); }},
-                {"destroyed", Left::Dropped, [this] { grid.DestroyWindow(); }},
-                {"the member is removed", Left::Dropped,
-                 [this] { observer.sinks[&root]->OnOperationRemove("v", {}); }},
-                {"the member is retyped", Left::Dropped,
-                 [this] { observer.sinks[&root]->OnOperationChangeType("v", DT_Double, Whole(DT_Int, 1)); }},
-                {"the member is protected", Left::Dropped,
-                 [this] {
-                     root.SetMemberEditable("v", false);
-                     grid.CtrlEnd();
-                 }},
-                {"the program is left", Left::Open, [] { input::ProgramLeft(); }},
-                {"a dialog opens", Left::Open, [this] { parent.EnableWindow(false); }},
-                {"a box is shown", Left::Open,
-                 [this] { MessageBoxA(parent.m_hWnd, "of the host", "", MB_OK), ++m_boxesOfTheHost; }}};
+        const CPoint inRows{9, 90};
+        const auto dragColumn = [this] {
+            const CPoint divider{grid.GetColumnWidth(0) - 1, 5};
+            input::Mouse(grid.GetHeaderCtrl()->m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, divider);
+            input::Mouse(grid.GetHeaderCtrl()->m_hWnd, WM_LBUTTONUP, 0, divider);
+        };
+        const auto pressRight = [this] {
+            input::Mouse(grid.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, MiddleOf(Cell("s")));
+        };
+        const auto retype = [this] {
+            observer.sinks[&root]->OnOperationChangeType("v", DT_Double, Whole(DT_Int, 1));
+        };
+        const auto showBox = [this] {
+            MessageBoxA(parent.m_hWnd, "of the host", "", MB_OK);
+            ++m_boxesOfTheHost;
+        };
+        using enum Left;
+        return {{"Return", Told, [] { Return(); }},
+                {"Escape", Told, [] { Press(VK_ESCAPE, "\x1B"); }},
+                {"Tab", Told, [] { Press(VK_TAB, "\t"); }},
+                {"another control", Told, [this] { other.SetFocus(); }},
+                {"another widget of the host", Told, [] { input::FocusMoved(nullptr); }},
+                {"another row", Told, [this] { ClickLabel("s"); }},
+                {"a right press", Told, pressRight},
+                {"a command", Told, [this] { grid.EndEdit(); }},
+                {"scrolled away", Told, [this] { grid.EnsureVisible(25, false); }},
+                {"the wheel", Told, [=, this] { input::Mouse(grid.m_hWnd, WM_MOUSEWHEEL, 0, inRows, -120); }},
+                {"the column is dragged", Told, dragColumn},
+                {"Clear", Dropped, [this] { grid.Clear(); }},
+                {"hidden", Dropped, [this] { grid.ShowWindow(SW_HIDE); }},
+                {"its parent hidden", Dropped, [this] { parent.ShowWindow(SW_HIDE); }},
+                {"destroyed", Dropped, [this] { grid.DestroyWindow(); }},
+                {"the member is removed", Dropped, [this] { RemoveMember(); }},
+                {"the member is retyped", Dropped, retype},
+                {"the member is protected", Dropped,
+                 [this] { root.SetMemberEditable("v", false), grid.CtrlEnd(); }},
+                {"the program is left", Open, [] { input::ProgramLeft(); }},
+                {"a dialog opens", Open, [this] { parent.EnableWindow(false); }},
+                {"a box is shown", Open, showBox}};
+    }
+    void RemoveMember() {
+        if (observer.sinks.contains(&root))
+            observer.sinks[&root]->OnOperationRemove("v", {});
     }
     void Renew() {
         grid.DestroyWindow();
@@ -75,11 +78,7 @@ protected:
         TakeBoxes();
         parent.Take();
     }
-    double Value() {
-        CVariantValue value;
-        root.GetMember("v", value);
-        return value.Value.Double;
-    }
+    double Value() { return root.Get("v").Value.Double; }
     std::size_t m_boxesOfTheHost = 0;
 };
 
@@ -186,9 +185,7 @@ TEST_F(WaysOut, ACollapsedGroupOpensAgainAroundARefusedText) {
         EXPECT_EQ(TakeBoxes(), isOpen ? 1u : 0u);
         EXPECT_EQ(IsFieldOpen(), isOpen);
         EXPECT_EQ(grid.RowOfNode(grid.LookupTreeItem(&inner, "deep")) >= 0, isOpen);
-        CVariantValue value;
-        inner.GetMember("deep", value);
-        EXPECT_EQ(value.Value.Double, 7);
+        EXPECT_EQ(inner.Get("deep").Value.Double, 7);
         if (isOpen) {
             EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd);
             EXPECT_EQ(view::Rectangle(grid.m_Edit.m_hWnd).top, cell.top + 1);
@@ -265,31 +262,24 @@ TEST_F(WaysOut, AHostThatMeddlesInACommitLeavesNothingBehind) {
     const Table<Act> meddlings = {{"ends the binding", [this] { grid.Clear(); }},
                                   {"destroys the window", [this] { grid.DestroyWindow(); }},
                                   {"hides the grid", [this] { grid.ShowWindow(SW_HIDE); }},
-                                  {"removes the member",
-                                   [this] {
-                                       if (observer.sinks.contains(&root))
-                                           observer.sinks[&root]->OnOperationRemove("v", {});
-                                   }},
+                                  {"removes the member", [this] { RemoveMember(); }},
                                   {"ends the edit", [this] { grid.CtrlEnd(), grid.EndEdit(); }},
                                   {"moves the focus", [this] { other.SetFocus(); }},
                                   {"throws", [] { throw Error("of the host"); }}};
+    const auto atStep = [this](WPARAM which) {
+        return [=, this](const Act& act) {
+            parent.onStep = [=](UINT message, WPARAM opens) {
+                if (message == WM_HISTORY && opens == which)
+                    act();
+            };
+        };
+    };
     const Table<std::function<void(Act)>> calls = {
-        {"when the step opens",
-         [this](const Act& act) {
-             parent.onStep = [act](UINT message, WPARAM open) {
-                 message == WM_HISTORY&& open ? act() : void();
-             };
-         }},
-        {"when it closes",
-         [this](const Act& act) {
-             parent.onStep = [act](UINT message, WPARAM open) {
-                 message == WM_HISTORY && !open ? act() : void();
-             };
-         }},
+        {"when the step opens", atStep(1)},
+        {"when it closes", atStep(0)},
         {"when the observer hears", [this](const Act& act) { observer.onChange = act; }},
         {"when the object writes", [this](const Act& act) { onSet = act; }},
-        {"when the object is read",
-         [this](const Act& act) { root.onRead = [act](const std::string&) { act(); }; }}};
+        {"when the object is read", [this](const Act& act) { root.onRead = [act](auto&) { act(); }; }}};
     for (const auto& [call, arm] : calls)
         for (const auto& [border, meddle] : meddlings)
             for (const char* text : {"7", "7+"}) {

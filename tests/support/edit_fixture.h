@@ -117,6 +117,11 @@ protected:
     }
     void Click(const std::string& name) { ClickAt({Cell(name).left + 2, MiddleOf(Cell(name)).y}); }
     void ClickRight(const std::string& name) { ClickAt({Cell(name).right - 5, MiddleOf(Cell(name)).y}); }
+    void ClickLabel(const std::string& name) { ClickAt({60, MiddleOf(Cell(name)).y}); }
+    /// A press in a window.
+    static std::function<void()> PressIn(const CWnd& window, int x, int y) {
+        return [&window, x, y] { input::Mouse(window.m_hWnd, WM_LBUTTONDOWN, MK_LBUTTON, {x, y}); };
+    }
     /// Into the field of a cell.
     void Type(const std::string& text) {
         SetWindowTextA(GetFocus(), "");

@@ -102,6 +102,14 @@ protected:
         return *m_objects.back();
     }
 
+    /// The same in one text, with ";" after each.
+    static std::string Text(const CSuperGridCtrl& grid) {
+        std::string text;
+        for (const std::string& row : Rows(grid))
+            text += row + ";";
+        return text;
+    }
+
     HeadlessDisplay display;
     CWnd frame;
     HostObject& root = Object("root");

@@ -3,10 +3,8 @@
 #include "korvel/values/enum_value.h"
 #include "korvel/values/variant_value.h"
 
-#include <map>
 #include <string>
 #include <type_traits>
-#include <vector>
 
 namespace korvel {
 
@@ -42,54 +40,5 @@ inline CVariantValue MakeList(EDataTyps type, const std::string& text, IEnumValu
     value.EnumValue = list;
     return value;
 }
-
-/// A list of entries with numbers from 1; the text of a value names the selected ones, one digit each.
-class TestEnum : public IEnumValue {
-public:
-    explicit TestEnum(const std::vector<CVariantValue>& entries) {
-        for (const CVariantValue& entry : entries)
-            m_entries.emplace(static_cast<long>(m_entries.size() + 1), entry);
-    }
-
-    bool IsAutoDestroy() const override { return isAutoDestroy; }
-    void Destroy() override { ++destroyed; }
-    const EDataTyps& GetDataType() const override { return m_type; }
-    const std::uint32_t& GetEnumFlags() const override { return m_flags; }
-    long AddValue(const std::string&, const std::string&) override { return -1; }
-    void RemoveValue(long id) override { m_entries.erase(id); }
-    bool GetName(long id, CVariantValue& name) override {
-        const auto entry = m_entries.find(id);
-        if (entry == m_entries.end() || entry->second.Text == "nameless")
-            return false;
-        name = entry->second;
-        return true;
-    }
-    bool SetName(long, const CVariantValue&) override { return false; }
-    EnumPosition GetFirstPosition() override { return At(m_entries.begin()); }
-    long GetNext(EnumPosition& position) override {
-        const auto entry = m_entries.find(*static_cast<const long*>(position));
-        position = At(std::next(entry));
-        return entry->first;
-    }
-    const CVariantValue* GetTemplate() const override { return nullptr; }
-    bool IsValue(long id, const CVariantValue& value) override {
-        return value.Text.find(std::to_string(id)) != std::string::npos;
-    }
-    void Select(long, CVariantValue&) override {}
-    void Deselect(long, CVariantValue&) override {}
-    const char* GetSeparator(bool) const override { return "-"; }
-
-    bool isAutoDestroy = false;
-    int destroyed = 0;
-
-private:
-    EnumPosition At(std::map<long, CVariantValue>::iterator entry) {
-        return entry == m_entries.end() ? nullptr : const_cast<long*>(&entry->first);
-    }
-
-    std::map<long, CVariantValue> m_entries;
-    EDataTyps m_type = DT_String;
-    std::uint32_t m_flags = 0;
-};
 
 } // namespace korvel

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "korvel/grid/grid_error_reporter.h"
-#include "korvel/values/file_value.h"
 #include "korvel/window/core/input.h"
 #include "support/fakes.h"
+#include "support/file_chooser.h"
 #include "support/history_log.h"
 
 #include <functional>
@@ -50,19 +50,6 @@ struct CountingReporter : IGridErrorReporter {
 
 private:
     CallOuts& m_calls;
-};
-
-/// Counts the times when it is asked for a file.
-struct CountedFile : IFileValue {
-    explicit CountedFile(CallOuts& calls) : m_calls(calls) {}
-    bool IsAutoDestroy() const override { return false; }
-    const char* Choose(const char*, CWnd*) override { return m_calls.Count(), "b.xml"; }
-    const std::uint32_t& GetFileType() const override { return m_calls.Count(), m_type; }
-    void SetFileType(std::uint32_t) override {}
-
-private:
-    CallOuts& m_calls;
-    std::uint32_t m_type = 0;
 };
 
 /// A grid with two nested objects, one of them with a presentation, and a further one to be added.
@@ -112,6 +99,7 @@ struct MisbehavingHost {
     /// Shows a member for each kind of write from a cell.
     void ShowCells() {
         path.EnumContext = &file;
+        file.onCall = [this](const auto&) { calls.Count(); };
         root.With("list", list).With("color", Word(DT_ColorRGB, 0xFF0000FF)).With("path", path);
         root.With("date", MakeDate("GDT_VALID", 44000)).With("dice", Word(DT_RandomUInt, 500));
         root.With("button", Number(EDataTyps(DT_Double | TypeBitButton), 1));
@@ -184,7 +172,7 @@ struct MisbehavingHost {
     bool isUserActing = false;
     std::string traced;                    // of an object that is about to be counted
     std::optional<std::size_t> failedStep; // where it begins in the log of the parent
-    CountedFile file{calls};
+    FileChooser file;
     CVariantValue path = Words(DT_FileName, "a.xml");
     HostEnumeration enumeration;
     const CVariantValue list = enumeration.ListOf(DT_ListString, Words(DT_String, "one"));

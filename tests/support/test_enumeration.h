@@ -29,7 +29,7 @@ class TestEnumeration : public IEnumValue, public EnumImages {
 public:
     struct Entry {
         long id;
-        CVariantValue name;
+        CVariantValue name; // none: without a type
     };
 
     TestEnumeration() = default;
@@ -47,6 +47,8 @@ public:
     std::string images; // of every entry with an odd number
     std::string commonImage;
     bool refuses = false;
+    bool isAutoDestroy = false;
+    int destroyed = 0;
     std::string calls; // those that change something, with commas between
     /// Called at the start of each operation, with its name and the number of the entry that it acts on.
     std::function<void(const std::string& operation, long id)> onCall;
@@ -72,8 +74,8 @@ public:
             entries, [&](const Entry& entry) { return entry.id == id; });
     }
 
-    bool IsAutoDestroy() const override { return false; }
-    void Destroy() override {}
+    bool IsAutoDestroy() const override { return isAutoDestroy; }
+    void Destroy() override { ++destroyed; }
     const EDataTyps& GetDataType() const override { return Call("type"), type; }
     const std::uint32_t& GetEnumFlags() const override { return Call("flags"), flags; }
     long AddValue(const std::string& name, const std::string& group) override {
@@ -96,7 +98,7 @@ public:
         const Entry* entry = Find(id);
         if (entry)
             name = entry->name;
-        return entry != nullptr;
+        return entry && entry->name.Type != DT_Void;
     }
     bool SetName(long id, const CVariantValue& name) override {
         Note("rename", id, name.Text);

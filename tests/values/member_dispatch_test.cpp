@@ -1,6 +1,7 @@
-#include "korvel/values/file_value.h"
 #include "korvel/values/member_dispatch_imp.h"
+#include "support/file_chooser.h"
 #include "support/make_value.h"
+#include "support/test_enumeration.h"
 
 #include <gmock/gmock.h>
 #include <optional>
@@ -10,16 +11,6 @@ namespace {
 
 using testing::ElementsAre;
 class Owner;
-
-// A chooser of the host's.
-struct FileChooser : IFileValue {
-    bool IsAutoDestroy() const override { return m_bAutoDestroy; }
-    const char* Choose(const char* path, CWnd*) override { return path; }
-    const std::uint32_t& GetFileType() const override { return type; }
-    void SetFileType(std::uint32_t newType) override { type = newType; }
-    bool m_bAutoDestroy = false;
-    std::uint32_t type = 0;
-};
 
 using Object = TMemberDispatchImp<Owner>;
 
@@ -149,9 +140,8 @@ TEST(MemberDispatch, RenameAsksTheNestedObject) {
 
 TEST(MemberDispatch, ClearingDestroysWhatDestroysItself) {
     int deaths = 0;
-    TestEnum owned({});
+    TestEnumeration owned, lent;
     owned.isAutoDestroy = true;
-    TestEnum lent({});
     Object nested;
     Watched<Object> removed(deaths);
     CVariantValue file = MakeValue(DT_FileName, "");

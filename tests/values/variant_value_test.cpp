@@ -4,6 +4,7 @@
 #include "korvel/values/member_dispatch_imp.h"
 #include "support/german_machine.h"
 #include "support/make_value.h"
+#include "support/test_enumeration.h"
 
 #include <cmath>
 #include <limits>
@@ -79,7 +80,7 @@ TEST_F(Values, ChangeOfType) {
 }
 
 TEST_F(Values, Comparison) {
-    TestEnum list({});
+    TestEnumeration list;
     const CVariantValue listed = MakeList(DT_ListInt, "1", &list);
     CVariantValue otherPayload = listed;
     otherPayload.Value.Int = 9;
@@ -161,17 +162,19 @@ TEST_F(Values, TextsOfGroups) {
 }
 
 TEST_F(Values, TextsOfLists) {
-    std::vector<CVariantValue> entries{MakeValue(DT_String, "a"), MakeValue(DT_Double, 1.5),
-                                       MakeValue(DT_String, "nameless"), MakeValue(DT_Bool, true)};
-    TestEnum list({});
-    entries.push_back(MakeList(DT_ListString, "1, 5", &list));
-    list = TestEnum(entries);
-    CVariantValue value = MakeList(DT_ListString, "4, 3, 2, 1", &list);
+    TestEnumeration list;
+    list.separator = "-";
+    list.entries = {{1, TextValue("a")},
+                    {2, MakeValue(DT_Double, 1.5)},
+                    {3, CVariantValue()},
+                    {4, MakeValue(DT_Bool, true)},
+                    {5, list.ValueOf(",1,,5,")}};
+    CVariantValue value = list.ValueOf(",4,,3,,2,,1,");
     EXPECT_EQ(value.ToText(), "a; 1,50; true");
     EXPECT_EQ(value.ToText(Plain), "a; 1.5; 1");
     value.Text = "";
     EXPECT_EQ(value.ToText(), "");
-    value.Text = "1, 5";
+    value.Text = ",1,,5,";
     EXPECT_EQ(value.ToText(), "a; ") << "a list that holds itself comes to an end";
 }
 
