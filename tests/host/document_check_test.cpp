@@ -1,14 +1,17 @@
+#include "editing/checked_document.h"
 #include "editing/grid_pane.h"
 #include "host/edited_document.h"
 #include "korvel/values/language.h"
 #include "landxml/document_check.h"
 #include "source/gzip.h"
 
+#include <atomic>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 #include <sstream>
+#include <thread>
 #include <vector>
 
 namespace korvel::inspector {
@@ -135,6 +138,23 @@ TEST_F(ReadingProgressTest, EndsInEachPhaseWithNothingShown) {
             m_pane.Clear();
         }
     EXPECT_TRUE(Open(m_packed, CancelledIn(std::nullopt)));
+    m_pane.Clear();
+}
+
+// For the thread sanitizer above all.
+TEST_F(ReadingProgressTest, ReadsInAThreadWhileAnotherDocumentIsShown) {
+    EXPECT_TRUE(Open(m_small, CancelledIn(std::nullopt)));
+    std::atomic<bool> hasEnded = false;
+    std::thread reader([&] {
+        CheckedDocument read = ReadAndCheck(m_path, {}, m_pane.Observer(), nullptr);
+        EXPECT_EQ(read.findings.list.size(), 0u);
+        hasEnded = true;
+    });
+    while (!hasEnded) {
+        m_pane.Show(*m_document);
+        EXPECT_EQ(m_pane.Count().members, 1u);
+    }
+    reader.join();
     m_pane.Clear();
 }
 
