@@ -8,7 +8,7 @@ namespace {
 
 constexpr CRect FirstPlace = {0, 0, 900, 150}; // until a layout places it
 constexpr int ListId = 106;
-constexpr std::array Widths = {110, 170, 90, 160}; // of the columns before the last one, which takes the rest
+constexpr std::array Widths = {110, 190, 80, 150}; // of the columns before the last one, which takes the rest
 constexpr int LeastEvent = 100;
 
 } // namespace
