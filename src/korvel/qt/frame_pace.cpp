@@ -1,8 +1,5 @@
 #include "korvel/qt/frame_pace.h"
 
-#include "korvel/qt/peer.h"
-#include "korvel/qt/peer_table.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -14,25 +11,18 @@ constexpr qint64 Frame = 16; // milliseconds, on a screen with 60 pictures a sec
 
 } // namespace
 
-FramePace::FramePace(const PeerTable& peers) : m_peers(peers) {
+FramePace::FramePace() {
     m_next.setSingleShot(true);
     m_next.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&m_next, &QTimer::timeout, [this] { FollowAll(); });
+    QObject::connect(&m_next, &QTimer::timeout, [this] { m_last.start(); });
 }
 
-void FramePace::Ask(HWND window) {
-    m_asked.insert(window);
+void FramePace::AtNextFrame(const QObject& who, std::function<void()> act) {
+    QObject::connect(&m_next, &QTimer::timeout, &who, std::move(act), Qt::SingleShotConnection);
     if (m_next.isActive())
         return;
     const qint64 wait = m_last.isValid() ? std::clamp<qint64>(Frame - m_last.elapsed(), 0, Frame) : 0;
     m_next.start(static_cast<int>(wait));
-}
-
-void FramePace::FollowAll() {
-    m_last.start();
-    for (const HWND window : std::exchange(m_asked, {}))
-        if (Peer* peer = m_peers.Find(window))
-            peer->Follow();
 }
 
 } // namespace korvel::internal

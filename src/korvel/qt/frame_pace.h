@@ -1,33 +1,25 @@
 #pragma once
 
-#include "korvel/window/base/types.h"
-
 #include <QElapsedTimer>
 #include <QTimer>
-#include <set>
+#include <functional>
 
 namespace korvel::internal {
 
-class PeerTable;
-
-/// Lets the peers of one display follow what a worker may change faster than anybody sees it: all of them at
-/// once, and no more often than a screen shows a picture.
+/// The pace at which a screen shows pictures, for what a worker may change faster than anybody sees it.
 ///
-///     pace.Ask(bar);    // ten thousand times a second
-///     ...
-///     peer.Follow();    // some sixty times, when the event loop is next idle
+///     pace.AtNextFrame(*this, [this] { Follow(); });   // once, from the event loop
+///
+/// Whatever was asked for one frame is done in one go.
 class FramePace {
 public:
-    explicit FramePace(const PeerTable& peers);
-    void Ask(HWND window);
+    FramePace();
+    /// Dropped when `who` is gone by then. On the thread of the display.
+    void AtNextFrame(const QObject& who, std::function<void()> act);
 
 private:
-    void FollowAll();
-
-    const PeerTable& m_peers;
-    std::set<HWND> m_asked;
     QTimer m_next;
-    QElapsedTimer m_last; // since the peers have followed
+    QElapsedTimer m_last; // since the last frame
 };
 
 } // namespace korvel::internal

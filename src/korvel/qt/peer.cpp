@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 #include <QShortcutEvent>
 #include <QToolTip>
+#include <utility>
 
 namespace korvel::internal {
 
@@ -90,10 +91,16 @@ void Peer::Apply(Aspects aspects) {
 }
 
 void Peer::FollowPaced() {
-    if (m_outer.isVisible())
-        m_context.pace.Ask(m_window);
-    else
+    if (!m_outer.isVisible())
         Follow();
+    else if (!std::exchange(m_isToFollow, true))
+        m_context.pace.AtNextFrame(
+            *this,
+            [this] {
+                m_isToFollow = false;
+                if (m_window)
+                    Follow();
+            });
 }
 
 void Peer::FollowParent() {

@@ -94,6 +94,7 @@ private:
     QWidget& m_outer;
     QWidget& m_content;
     int m_busy = 0;
+    bool m_isToFollow = false; // with the next frame
 };
 
 } // namespace korvel::internal

@@ -12,7 +12,7 @@ struct PeerContext {
     PeerTable peers;
     FocusTracker focus{peers};
     Mouse mouse;
-    FramePace pace{peers};
+    FramePace pace;
     bool isPainting = false;
 };
 
