@@ -60,5 +60,12 @@ TEST(Calendar, GivesLocalTime) {
     EXPECT_EQ(LocalFieldsFromEpoch(32535216000), std::nullopt);
 }
 
+TEST(Calendar, NoticesAnotherZoneAtOnce) {
+    for (const auto& [zone, hour] : {std::pair{"UTC", 0}, {"CET-1", 1}, {"", 0}, {"EET-2", 2}}) {
+        const ScratchVariable inForce("TZ", zone);
+        EXPECT_EQ(LocalFieldsFromEpoch(0)->hour, hour) << zone;
+    }
+}
+
 } // namespace
 } // namespace korvel::platform

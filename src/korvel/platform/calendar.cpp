@@ -2,7 +2,10 @@
 
 #include <chrono>
 #include <cmath>
+#include <cstdlib>
 #include <ctime>
+#include <mutex>
+#include <string>
 
 namespace korvel::platform {
 namespace {
@@ -23,6 +26,24 @@ constexpr std::int64_t LastEpochSecond = 32535215999;
 bool InYears(const year_month_day& date) {
     return date.ok() && date.year() >= std::chrono::year(FirstYear) &&
            date.year() <= std::chrono::year(LastYear);
+}
+
+// localtime_r need not notice that the zone has changed. Looking may cost a call of the system, and a million
+// times may be written at once, so it is done when TZ is another one and when the last look is a second old.
+void FollowZone() {
+    using Clock = std::chrono::steady_clock;
+    static std::mutex mutex;
+    static std::optional<std::string> zoneThen; // none: TZ was not set
+    static std::optional<Clock::time_point> lastLook;
+    const char* const value = std::getenv("TZ");
+    const auto zone = value ? std::optional<std::string>(value) : std::nullopt;
+    const auto now = Clock::now();
+    const std::lock_guard lock(mutex);
+    if (lastLook && now - *lastLook < std::chrono::seconds(1) && zone == zoneThen)
+        return;
+    tzset();
+    zoneThen = zone;
+    lastLook = now;
 }
 
 } // namespace
@@ -73,7 +94,7 @@ std::optional<double> DateFromFields(const CalendarFields& fields) {
 std::optional<CalendarFields> LocalFieldsFromEpoch(std::int64_t seconds) {
     if (seconds < 0 || seconds > LastEpochSecond)
         return std::nullopt;
-    tzset(); // localtime_r need not notice that TZ has changed
+    FollowZone();
     const std::time_t time = seconds;
     std::tm local{};
     if (localtime_r(&time, &local) == nullptr)
