@@ -1,3 +1,4 @@
+#include "korvel/window/display/window_view.h"
 #include "support/list_fixture.h"
 
 #include <algorithm>
@@ -77,6 +78,53 @@ TEST_F(ListPaint, ColumnsTooNarrowPaintNoTextAndNoneNoMark) {
     list.DeleteColumn(0);
     list.DeleteColumn(0);
     EXPECT_TRUE(Paints(PaintCall::Kind::Fill, {0, RowTop(0), 0, RowTop(1)}, GetSysColor(COLOR_HIGHLIGHT)));
+}
+
+// A display that counts what it is told of a list.
+class CountingDisplay : public HeadlessDisplay {
+public:
+    void Invalidate(HWND window, const CRect& rect) override {
+        ++paints;
+        HeadlessDisplay::Invalidate(window, rect);
+    }
+
+    int paints = 0;
+};
+
+TEST_F(ListPaint, NewRowsAskForOnePaintUntilItComes) {
+    CountingDisplay counting;
+    SetDisplay(&counting);
+    struct PaintsItself : CListCtrl {
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            return message == WM_PAINT ? 0 : CListCtrl::WindowProc(message, wParam, lParam);
+        }
+    } own;
+    MakeList(20);
+    own.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 130, 200, 254}, &parent, 106);
+    for (int row = 0; row < 20; ++row)
+        own.InsertItem(row, "");
+    for (CListCtrl* shown : {&list, static_cast<CListCtrl*>(&own)}) {
+        const HWND window = shown->m_hWnd;
+        counting.PaintWindow(window);
+        counting.TakeChanges(window);
+        counting.paints = 0;
+        for (int row : {0, 0, 21})
+            shown->InsertItem(row, "new");
+        EXPECT_EQ(counting.paints, 1);
+        EXPECT_EQ(counting.InvalidArea(window), (CRect{0, 24, 183, 124}));
+        EXPECT_EQ(counting.TakeChanges(window), Aspects(Aspect::Rows));
+        EXPECT_EQ(view::Scroll(window).rowCount, 23);
+        counting.PaintWindow(window);
+        shown->InsertItem(0, "after the paint");
+        EXPECT_TRUE(counting.IsInvalid(window));
+        shown->MoveWindow({0, 0, 200, 300});
+        counting.PaintWindow(window);
+        shown->InsertItem(0, "");
+        shown->MoveWindow({0, 0, 200, 400});
+        shown->InsertItem(0, "in more room");
+        EXPECT_EQ(counting.InvalidArea(window).bottom, 400);
+    }
+    SetDisplay(&display);
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 namespace korvel::internal {
 
@@ -45,10 +46,25 @@ void ListPeer::Apply(Aspects aspects) {
     PaintedPeer::Apply(aspects);
     if (aspects & (Aspect::Scroll | Aspect::State))
         Arrange();
+    else if (aspects & Aspect::Rows)
+        ArrangeSoon();
+}
+
+void ListPeer::ArrangeSoon() {
+    if (std::exchange(m_isArrangePending, true))
+        return;
+    QMetaObject::invokeMethod(
+        this, [this] { ArrangeIfPending(); }, Qt::QueuedConnection);
+}
+
+void ListPeer::ArrangeIfPending() {
+    if (m_isArrangePending && Window())
+        Arrange();
 }
 
 // The bars take what the client area leaves.
 void ListPeer::Arrange() {
+    m_isArrangePending = false;
     PaintedPeer::Arrange();
     const QRect client = ToQRect(view::ClientRectangle(Window()));
     const int frame = static_cast<QFrame&>(Outer()).frameWidth();
@@ -80,10 +96,12 @@ void ListPeer::Report() {
 
 bool ListPeer::OnEvent(QWidget& widget, QEvent& event) {
     if (&widget == &m_across || &widget == &m_down) {
+        ArrangeIfPending();
         Context().mouse.ReportPressOutside(MouseTarget(), event);
         return false;
     }
     if (event.type() == QEvent::Wheel && &widget == &Content()) {
+        ArrangeIfPending();
         const QPoint delta = static_cast<QWheelEvent&>(event).angleDelta();
         m_across.setValue(m_across.value() - delta.x());
         if (delta.y() == 0)

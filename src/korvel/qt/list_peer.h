@@ -19,12 +19,15 @@ protected:
 
 private:
     ListPeer(PeerContext& context, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down);
+    void ArrangeSoon();
+    void ArrangeIfPending();
     void ShowPosition();
     void Report();
 
     QScrollBar& m_across;
     QScrollBar& m_down;
     bool m_isShowing = false;
+    bool m_isArrangePending = false;
 };
 
 } // namespace korvel::internal

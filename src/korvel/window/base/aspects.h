@@ -13,6 +13,7 @@ enum class Aspect : unsigned {
     Style = 64,
     Order = 128,   // among the siblings; of a top-level window: it comes to the front
     Entries = 256, // of a combo box or tab control
+    Rows = 512, // of a list with bars: more rows came. Often in bursts, so the bars may follow a little later
 };
 
 /// A set of them.

@@ -32,6 +32,9 @@ public:
     virtual void Stepped(UINT /*code*/) {}
     virtual void Scrolled(int /*x*/, int /*row*/) {}
     virtual void Dropped(bool /*isOpen*/) {}
+
+    /// A display begins to paint the window: what changes from now on needs another paint.
+    virtual void PaintBegins() {}
 };
 
 } // namespace korvel::internal

@@ -214,6 +214,8 @@ void Activated(HWND window, bool active) {
 
 void Paint(HWND window, Surface& surface, const CRect& clip) {
     Guarded([&] {
+        if (const RecordRef record = Find(window); record && record->control)
+            record->control->PaintBegins();
         CDC dc(surface, clip);
         const auto context = reinterpret_cast<WPARAM>(&dc);
         SendMessageA(window, WM_ERASEBKGND, context, 0);

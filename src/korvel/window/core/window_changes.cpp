@@ -35,14 +35,16 @@ void TellDisplay(WindowRecord& record, Aspects aspects) {
         Display().Changed(record.handle, aspects);
 }
 
-void Repaint(WindowRecord& record, const CRect* area) {
+bool Repaint(WindowRecord& record, const CRect* area) {
     if (!record.redraw || !IsOnDisplay(record))
-        return;
+        return false;
     const CRect inside = ClientArea(record);
     const CRect client{0, 0, inside.Width(), inside.Height()};
     const CRect clipped = area ? client.Intersected(*area) : client;
-    if (!clipped.IsRectEmpty())
-        Display().Invalidate(record.handle, clipped);
+    if (clipped.IsRectEmpty())
+        return false;
+    Display().Invalidate(record.handle, clipped);
+    return true;
 }
 
 } // namespace internal

@@ -7,7 +7,8 @@ namespace korvel::internal {
 
 /// The window changed. While redraw is off this is kept until redraw is on again.
 void TellDisplay(WindowRecord& record, Aspects aspects);
-/// Has a part of the client area (null: all of it) painted again; nothing while redraw is off.
-void Repaint(WindowRecord& record, const CRect* area = nullptr);
+/// Has a part of the client area (null: all of it) painted again. False, and nothing, while redraw is off and
+/// where no display shows the part.
+bool Repaint(WindowRecord& record, const CRect* area = nullptr);
 
 } // namespace korvel::internal

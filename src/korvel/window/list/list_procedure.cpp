@@ -112,6 +112,7 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
         return std::nullopt;
     case WM_SIZE:
         list.toldClientSize = ClientSize(list);
+        list.areRowsInvalid = false;
         UpdateExtent(list);
         return 0;
     case WM_STYLECHANGED:

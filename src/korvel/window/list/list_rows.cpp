@@ -125,7 +125,7 @@ int InsertRowsQuietly(ListState& list, int row, int count, const RowBlocks::Make
     if (row < 0)
         return NoRow;
     row = PlaceRows(list, row, count, make);
-    UpdateExtent(list);
+    UpdateExtentForNewRows(list);
     return row;
 }
 
@@ -135,7 +135,7 @@ InsertedRow InsertRow(ListState& list, int row, const ListRow& content) {
     RowRecord record = RecordOf(content, list.textSource != nullptr);
     const int at = PlaceRows(list, row, 1, [&](RowRecord& inserted, int) { inserted = std::move(record); });
     FollowedRow inserted(list, at);
-    UpdateExtent(list);
+    UpdateExtentForNewRows(list);
     if (inserted.IsThere()) // a handler of WM_SIZE may have removed it
         NotifyRow(list, LVN_INSERTITEM, inserted.row);
     return {inserted.IsThere() ? inserted.row : at, inserted.IsThere()};

@@ -33,6 +33,7 @@ void TellClientSize(ListState& list, CSize size) {
     if (list.isTellingSize)
         return;
     list.toldClientSize = size;
+    list.areRowsInvalid = false; // there may be more room for rows
     list.isTellingSize = true;
     try {
         TellSize(list.record);
@@ -158,6 +159,16 @@ void UpdateExtent(ListState& list) {
     TellCellsMoved(list);
 }
 
+void UpdateExtentForNewRows(ListState& list) {
+    if (!list.record.redraw)
+        return;
+    if (list.toldScroll.rowCount <= list.toldScroll.rowsPerPage)
+        return UpdateExtent(list);
+    list.toldScroll.rowCount = list.rows.Size();
+    TellDisplay(list.record, Aspect::Rows);
+    TellCellsMoved(list);
+}
+
 void RepaintAll(ListState& list) {
     Repaint(list.record);
 }
@@ -173,12 +184,13 @@ void RepaintRows(ListState& list, int first, int last) {
 }
 
 void RepaintFrom(ListState& list, int row) {
-    if (!list.record.redraw)
+    const bool isAll = row <= list.topRow;
+    if (!list.record.redraw || (isAll && list.areRowsInvalid))
         return;
     const CSize client = ClientSize(list);
     const CRect area{0, std::max(RowBounds(list, row).top, HeaderHeight(list)), client.cx, client.cy};
-    if (!area.IsRectEmpty())
-        Repaint(list.record, &area);
+    if (!area.IsRectEmpty() && Repaint(list.record, &area))
+        list.areRowsInvalid |= isAll;
 }
 
 } // namespace korvel::internal

@@ -22,6 +22,10 @@ bool TurnWheel(ListState& list, int delta);
 /// this waits until it is on again.
 void UpdateExtent(ListState& list);
 
+/// The same after rows were inserted. Many that come one by one cost little where they did not fit before: then
+/// the number of rows alone has changed.
+void UpdateExtentForNewRows(ListState& list);
+
 void RepaintAll(ListState& list);
 /// Rows that are not on screen paint nothing.
 void RepaintRows(ListState& list, int first, int last);

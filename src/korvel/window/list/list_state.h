@@ -54,6 +54,7 @@ public:
     CRect ClientInsets(CSize insideBorder) const override;
     void Scrolled(int x, int row) override;
     CString Tip(CPoint point) override;
+    void PaintBegins() override { areRowsInvalid = false; }
 
     HWND Handle() const { return record.handle; }
     bool HasStyle(UINT bits) const { return (record.style & bits) != 0; }
@@ -78,6 +79,7 @@ public:
     view::ScrollView toldScroll; // what the display was last notified of
     CSize toldClientSize;        // the last one sent with WM_SIZE
     bool isTellingSize = false;
+    bool areRowsInvalid = false;                             // all below the header waits to be painted
     int wheelRest = 0;                                       // how far the wheel has turned short of a row
     std::shared_ptr<const std::function<void()>> cellsMoved; // may be replaced while it is called
 
