@@ -11,7 +11,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . scripts/setup.sh
 
 require_packages "${build_packages[@]}" "${bench_packages[@]}"
-build bench tree_bench edit_bench thread_bench progress_bench copy_bench combo_bench layout_bench load_bench wx_bench text_bench expression_bench || exit 1
+build bench tree_bench edit_bench thread_bench progress_bench copy_bench combo_bench event_bench layout_bench load_bench wx_bench wx_event_bench text_bench expression_bench || exit 1
 
 [ $# -gt 0 ] || set -- 1000 10000 100000 1000000
 programs=build/bench/benchmarks
@@ -26,7 +26,9 @@ programs=build/bench/benchmarks
     QT_QPA_PLATFORM=offscreen $programs/tree_bench "$@"
     QT_QPA_PLATFORM=offscreen $programs/combo_bench
     QT_QPA_PLATFORM=offscreen $programs/load_bench
+    QT_QPA_PLATFORM=offscreen $programs/event_bench
     xvfb-run -a $programs/wx_bench "$@"
+    xvfb-run -a $programs/wx_event_bench
 } | awk -F '\t' -v OFS='\t' '
     BEGIN { print "operation", "n", "ours", "unit", "peer", "peer figure", "ratio" }
     $3 == "ours" { ours[$1, $2] = $5; next }
