@@ -71,4 +71,7 @@ void UseExportedClasses() {
     UseMember(&platform::SettingValue::AsNumber);
     UseMember(&CDC::LineTo);
     UseMember(&CImageList::GetImage);
+    UseMember(&EventsAsText);
+    UseMember(&CopyEvents);
+    UseMember(&SaveEvents);
 }
