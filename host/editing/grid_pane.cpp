@@ -4,6 +4,7 @@
 #include "program/member_path.h"
 
 #include <algorithm>
+#include <exception>
 #include <memory>
 #include <string_view>
 
@@ -59,13 +60,13 @@ void GridPane::Show(OpenDocument& document, ReadingProgress* progress) {
 // Most of the time that a large document takes goes into its rows, which the grid asks for in this thread.
 void GridPane::BindRoot(LandXmlDocument& document, ReadingProgress* progress) {
     PhaseProgress rows(progress, ReadingProgress::Phase::Rows, document.Tree().Count(), RowsAtOnce);
-    bool isCancelled = false;
+    std::exception_ptr failure;
     if (progress)
         document.SetReadHook([&](ElementIndex element) {
             try {
                 rows.Reach(element);
-            } catch (const ReadingCancelled&) {
-                isCancelled = true;
+            } catch (...) { // the grid would read it as a member that is missing
+                failure = std::current_exception();
                 Clear();
             }
         });
@@ -73,8 +74,8 @@ void GridPane::BindRoot(LandXmlDocument& document, ReadingProgress* progress) {
         &document, [](LandXmlDocument* read) { read->SetReadHook({}); });
     const ProgramTexts& texts = TheProgramTexts;
     m_grid.Initialize(&document.Root(), InCodePage(texts.name), InCodePage(texts.value), 0);
-    if (isCancelled)
-        throw ReadingCancelled();
+    if (failure)
+        std::rethrow_exception(failure);
 }
 
 void GridPane::Clear() {

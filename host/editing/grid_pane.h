@@ -33,8 +33,8 @@ public:
     /// What documents that are shown here are to be opened with.
     EditObserver& Observer() { return m_observer; }
     /// Shows a document instead of what was shown, with the first row selected. It must live until Clear or
-    /// the end of the pane. Throws ReadingCancelled when `progress`, which hears of the rows, does; nothing is
-    /// shown then. What `progress` does meanwhile may show windows, but not use the pane.
+    /// the end of the pane. What `progress`, which hears of the rows, throws comes out; nothing is shown then.
+    /// It may run events meanwhile, but not use the pane.
     void Show(OpenDocument& document, ReadingProgress* progress = nullptr);
     void Clear();
 

@@ -14,7 +14,7 @@ class ReadingProgress {
 public:
     enum class Phase { File, Elements, Values, Rows };
 
-    /// `done` of `whole`. May throw ReadingCancelled, but not for the rows: see GridPane::Show.
+    /// `done` of `whole`. May throw ReadingCancelled.
     virtual void OnProgress(Phase phase, std::size_t done, std::size_t whole) = 0;
 
 protected:
