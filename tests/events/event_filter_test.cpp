@@ -130,6 +130,29 @@ TEST_F(EventFilterTest, SelectionFocusAndScrollingStayWithTheirMessages) {
     EXPECT_EQ(list.GetTopIndex(), 0);
 }
 
+TEST_F(EventFilterTest, HoldsWhatTheEndOfAnEditReportsOrClears) {
+    const Table<bool, Labels> cases = {
+        {"reports", false, {"told", "first"}},
+        {"clears and reports", true, {"told"}},
+    };
+    for (const auto& [name, clears, shown] : cases) {
+        reporter.Fire_OnClear();
+        Report(CEventMessage::eError, "", "first");
+        list.ModifyStyle(0, LVS_EDITLABELS);
+        list.SetFocus();
+        parent.on[LVN_ENDLABELEDIT] = [&, clears = clears](const auto&) {
+            if (clears)
+                reporter.Fire_OnClear();
+            Report(CEventMessage::eError, "", "told");
+            return 0;
+        };
+        EXPECT_NE(list.EditLabel(0), nullptr) << name;
+        list.SetFilter({});
+        EXPECT_EQ(Events(), shown) << name;
+        parent.on.clear();
+    }
+}
+
 TEST_F(EventFilterTest, NeedsNoWindow) {
     list.DestroyWindow();
     Report(CEventMessage::eError, "", "x");

@@ -114,6 +114,14 @@ TEST_F(EventQueueTest, ASinkThatDispatchesMessagesKeepsTheOrder) {
     EXPECT_EQ(order, "123");
 }
 
+TEST_F(EventQueueTest, ASinkThatChangesTheDateFormatChangesItForTheRest) {
+    for (const char* event : {"1", "2"})
+        queue->AddInfoMsg("", event);
+    heard.reaction = [&] { SetDateCurrentFormatString(false, "day %j"); };
+    queue->HandOver();
+    EXPECT_EQ(heard.messages.at(1).m_strDate.substr(0, 4), "day ");
+}
+
 TEST_F(EventQueueTest, EndsWithMessagesInIt) {
     queue->AddInfoMsg("", "of a list without a window");
     list.DestroyWindow();

@@ -110,12 +110,11 @@ void EventQueue::Line::HandOver(std::size_t most) {
         }
     } const wakeUpForRest{*this};
     const RaisedFlag handingOver(m_isHandingOver);
-    EventTimeTexts texts;
     for (std::size_t count = 0; count < most && !m_isClosed; ++count) {
         auto event = TakeFirst();
         if (!event)
             return;
-        texts.Write(event->message);
+        EventTimeTexts().Write(event->message); // a sink may have changed the formats
         if (event->place)
             m_target.Fire_OnAddEvent(event->message, *event->place);
         else

@@ -49,18 +49,21 @@ struct Remembered {
 
 void ReplaceRows(CListCtrl& control, const std::vector<LPARAM>& data,
                  const std::function<int(LPARAM data)>& imageOf) {
-    control.CancelEditLabel(); // its end is told, and may change the list
-    OnList(control.m_hWnd, [&](ListState& list) {
-        const Remembered remembered(list);
-        const int former = list.rows.Size();
-        const auto count = static_cast<int>(data.size());
-        InsertRowsQuietly(list, 0, count, [&](RowRecord& row, int index) {
-            row.data = data[static_cast<std::size_t>(index)];
-            row.image = imageOf(row.data);
+    OnList(
+        control.m_hWnd,
+        [&](ListState& list) {
+            const Remembered remembered(list);
+            const int former = list.rows.Size();
+            const auto count = static_cast<int>(data.size());
+            InsertRowsQuietly(
+                list, 0, count,
+                [&](RowRecord& row, int index) {
+                    row.data = data[static_cast<std::size_t>(index)];
+                    row.image = imageOf(row.data);
+                });
+            DeleteRowsQuietly(list, count, count + former);
+            remembered.PutBack(list, data);
         });
-        DeleteRowsQuietly(list, count, count + former);
-        remembered.PutBack(list, data);
-    });
 }
 
 } // namespace korvel::internal

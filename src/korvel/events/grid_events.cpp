@@ -133,6 +133,7 @@ void CGridEvents::OnChanged() {
 
 void CGridEvents::SetFilter(const EventFilter& filter) {
     EventFilter wanted = filter;
+    CancelEditLabel(); // its end is told, and may report or clear
     const auto& listed = m_parts->events.Listed();
     std::vector<LPARAM> rows;
     for (auto event = listed.rbegin(); event != listed.rend(); ++event)
