@@ -104,6 +104,8 @@ public:
     bool IsUnknown(ElementIndex element) const;
     /// True for an element that is no object but a text of its parent's.
     bool IsTextElement(ElementIndex element) const;
+    /// Whether an element is of no namespace of LandXML.
+    bool IsForeign(ElementIndex element) const;
     bool HasOwnName(ElementIndex element) const { return !OwnName(element).empty(); }
     MemberName NameOfElement(ElementIndex element) const;
 
@@ -113,7 +115,6 @@ private:
     void ListText(ElementIndex owner, const TextSource& text, bool isOnly,
                   std::vector<Member>& members) const;
     Member ChildMember(ElementIndex owner, ElementIndex child) const;
-    bool IsForeign(ElementIndex element) const;
     bool IsForeign(ElementIndex owner, std::string_view attribute) const;
     bool IsLandXml(std::string_view address) const;
     TypedValue TextPartValue(ElementIndex owner, const Member& member) const;

@@ -3,6 +3,7 @@
 #include "program/list_writer.h"
 #include "source/source_file.h"
 #include "support/german_machine.h"
+#include "support/make_value.h"
 
 #include <fstream>
 #include <gmock/gmock.h>
@@ -251,6 +252,26 @@ TEST_F(LandXmlDocumentTest, AnElementsNamesStayWhileThoseInItAreAsked) {
         others.push_back(std::make_unique<UniqueMemberNames>(document.Members(), 2));
         EXPECT_EQ(&document.NamesOf(0), names) << "made again, for which all values are read";
     });
+}
+
+// The member that was asked for last is known, but not longer than it is there.
+TEST_F(LandXmlDocumentTest, AMemberIsFoundWhereAnEditHasMovedIt) {
+    LandXmlDocument& document =
+        Open("<LandXML><Units><Metric linearUnit='meter'/></Units><Line desc='a' length='1.5'/></LandXML>");
+    const ElementIndex metric = 2;
+    ElementObject& line = document.ObjectOf(3);
+    const auto lengthOf = [&](const char* name) {
+        CVariantValue value;
+        return line.GetMember(name, value) ? value.Value.Double : 0;
+    };
+    EXPECT_EQ(lengthOf("length"), 1.5);
+    EXPECT_TRUE(line.SetMember("desc", MakeValue(DT_String, "longer than before")));
+    EXPECT_EQ(lengthOf("length"), 1.5) << "further back in its tag";
+    EXPECT_TRUE(document.ObjectOf(metric).SetMember("linearUnit", MakeValue(DT_String, "millimeter")));
+    EXPECT_EQ(lengthOf("length"), 0) << "named after another unit";
+    EXPECT_EQ(lengthOf("length [mm]"), 1.5);
+    EXPECT_TRUE(line.RemoveMember("length [mm]"));
+    EXPECT_EQ(lengthOf("length [mm]"), 0) << "gone";
 }
 
 TEST_F(LandXmlDocumentTest, HasAUnitForItsAngles) {
