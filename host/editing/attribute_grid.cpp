@@ -16,15 +16,39 @@ namespace {
 constexpr double SmallestShare = 0.1;               // of a column
 enum StateEvent : unsigned { Read = 0, Write = 1 }; // of WM_DLG_STATE_REGISTRY
 
+struct MemberRef {
+    IMemberDispatch* object = nullptr;
+    std::string name;
+};
+
+// The member whose kind may be another one after what a grid is told; none where it is not.
+MemberRef MemberOf(const SNotifyOpenGLSink& news) {
+    switch (news.code) {
+    case SinkChange:
+        return {news.disp, static_cast<const SPSV&>(news).name};
+    case SinkRename:
+        return {news.disp, static_cast<const SPSS&>(news).newName};
+    case SinkChangeType:
+        return {news.disp, static_cast<const SPSEV&>(news).name};
+    default:
+        return {};
+    }
+}
+
 } // namespace
 
 LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     std::optional<SurfaceStatistics::Telling> telling;
+    MemberRef changed;
     const auto* news =
         reinterpret_cast<const SNotifyOpenGLSink*>(message == WM_OPENGLSINK_NOTIFICATION ? lParam : 0);
-    if (news && m_document)
+    if (news && m_document) {
         telling.emplace(m_document->Extras().Statistics(), news->disp);
+        changed = MemberOf(*news); // the grid frees the news
+    }
     const LRESULT result = CEditableGrid::WindowProc(message, wParam, lParam);
+    if (changed.object)
+        FollowIcon(*changed.object, changed.name);
     const bool dragged = message == WM_NOTIFY && reinterpret_cast<const NMHDR*>(lParam)->code == HDN_ENDTRACK;
     const int width = GetClientRect().Width();
     if (dragged) { // the columns themselves were divided again if the drag has brought a scroll bar
@@ -34,6 +58,19 @@ LRESULT AttributeGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (dragged || (message == WM_SIZE && width != m_dividedWidth))
         DivideWidth();
     return result;
+}
+
+void AttributeGrid::FollowIcon(IMemberDispatch& object, const std::string& name) {
+    const grid::CTreeItem* node = LookupTreeItem(&object, name);
+    if (!node)
+        return;
+    ImageIndex question{node->info->image, &name, &object};
+    korvel::SendMessageA(korvel::GetParent(m_hWnd), WM_GET_IMAGEINDEX, 0,
+                         reinterpret_cast<LPARAM>(&question));
+    if (question.index == node->info->image)
+        return;
+    node->info->image = question.index;
+    RedrawRow(RowOfNode(node));
 }
 
 void AttributeGrid::TakeShare(int name, int width) {

@@ -31,6 +31,8 @@ protected:
     COLORREF GetFocusCellColor() override { return GetSysColor(COLOR_HIGHLIGHTTEXT); }
 
 private:
+    /// The grid asks for the icon of a row once, when the row comes. After an edit it is asked for here.
+    void FollowIcon(IMemberDispatch& object, const std::string& name);
     void TakeShare(int name, int width);
     void SendState(unsigned event, const std::string& key);
     CString Absolute(const CString& path) const;

@@ -1,6 +1,9 @@
 #include "editing/grid_pane.h"
 
+#include "editing/row_icon_pictures.h"
 #include "korvel/window/core/display.h"
+#include "korvel/window/core/registered_messages.h"
+#include "landxml/row_icon.h"
 #include "program/member_path.h"
 
 #include <algorithm>
@@ -41,6 +44,8 @@ GridPane::GridPane() : m_grid(&m_observer, &m_enumerations) {
     m_grid.SetAllowFormats(false);
     m_grid.SetEnableUserAttributsTyps(~(DT_ColorARGB & ~DT_ColorRGB)); // colors of LandXML are opaque
     m_grid.SetErrorReporter(*this);
+    m_grid.SetImageList(&RowIconPictures());
+    m_grid.ModifyImageStyle(IS_AskParent, 0);
 }
 
 void GridPane::Show(OpenDocument& document, ReadingProgress* progress) {
@@ -223,7 +228,15 @@ bool GridPane::OnCommand(WPARAM wParam, LPARAM lParam) {
     return true;
 }
 
+void GridPane::ChooseIcon(ImageIndex& question) {
+    question.index = static_cast<int>(IconOf(m_document->Document(), *question.disp, *question.name));
+}
+
 LRESULT GridPane::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_GET_IMAGEINDEX && m_document) {
+        ChooseIcon(*reinterpret_cast<ImageIndex*>(lParam));
+        return 0;
+    }
     if (m_document && m_document->Editing().OnMessage(message, wParam, lParam)) {
         PostMessageA(m_hWnd, FrameIsOver, 0, 0);
         return 0;

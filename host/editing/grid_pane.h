@@ -89,6 +89,7 @@ protected:
 private:
     void BindRoot(LandXmlDocument& document, ReadingProgress* progress);
     void Report(const std::string& caption, const std::string& message) override;
+    void ChooseIcon(ImageIndex& question);
     void Select(int row);
     /// Reveals a member that is a group, and opens it.
     void OpenGroup(IMemberDispatch& object, const std::string& name);

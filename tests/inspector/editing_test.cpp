@@ -1,4 +1,5 @@
 #include "inspector/edited_window.h"
+#include "landxml/row_icon.h"
 
 namespace korvel::inspector {
 
@@ -32,6 +33,25 @@ TEST_F(EditingTest, WhatIsTypedIsUndoneRedoneAndSavedAndChangesNothingElse) {
     EXPECT_TRUE(m_window->isWindowModified());
     FileAction("Save").trigger();
     EXPECT_EQ(Content(), Source);
+}
+
+// A grid asks for an icon when a row comes; the rows stay where they are here.
+TEST_F(EditingTest, TheIconOfARowFollowsWhatIsEdited) {
+    const auto icon = [this](const char* name) {
+        return static_cast<RowIcon>(Grid().GetIcon(Grid().NodeAtRow(RowOf(name))));
+    };
+    EXPECT_EQ(icon("Line a & b"), RowIcon::Line);
+    EXPECT_EQ(icon("radius"), RowIcon::Measure);
+    IMemberDispatch& line = *Grid().GetDispInterface(RowOf("radius"));
+    EXPECT_TRUE(line.ChangeMemberType("radius", DT_String));
+    EXPECT_EQ(icon("radius"), RowIcon::Text);
+    EXPECT_TRUE(line.RenameMember("radius", "dir"));
+    EXPECT_TRUE(line.RenameMember("name", "staEnd"));
+    EXPECT_EQ(icon("staEnd [invalid]"), RowIcon::Invalid);
+    for (int i = 0; i < 3; ++i)
+        EditAction("Undo").trigger();
+    EXPECT_EQ(icon("radius"), RowIcon::Measure);
+    EXPECT_EQ(icon("name"), RowIcon::Text);
 }
 
 TEST_F(EditingTest, SaysInTheStatusBarWhatItHasCopied) {
