@@ -21,7 +21,9 @@ enum ImageStyle : std::uint32_t {
     IS_AskParent = 1, // the parent names the images of rows, by WM_GET_IMAGEINDEX
 };
 
-/// What WM_GET_IMAGEINDEX carries (lParam). `name` and `disp` are lent for the message.
+/// What WM_GET_IMAGEINDEX carries (lParam). `name` and `disp` are lent for the message. It is sent when a row
+/// comes, and not again when its member changes: a host whose images follow changes sets `image` of the row's
+/// item, and redraws the row.
 struct ImageIndex {
     int index = 0; // in: what the grid would take; out: the parent's choice
     const std::string* name = nullptr;
