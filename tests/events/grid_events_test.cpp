@@ -112,8 +112,12 @@ TEST_F(EventListTest, AChangedFormatRewritesAllRows) {
         EXPECT_EQ(TextsOfRow(row).at(1), expected);
     }
     EXPECT_EQ(cleared->m_strDate, before);
+    CEventMessage nextHour = later;
+    nextHour.m_Time += 3600;
+    reporter.Fire_OnAddEvent(nextHour);
     SetRegional("sTimeFormat", "HH'h'mm");
-    EXPECT_EQ(list.GetItemText(0, 2), TimetoString(later.m_Time));
+    EXPECT_EQ(list.GetItemText(1, 2), TimetoString(later.m_Time));
+    EXPECT_EQ(list.GetItemText(0, 2), TimetoString(nextHour.m_Time));
     EXPECT_EQ(list.GetItemText(0, 2)[2], 'h');
     list.DestroyWindow();
     SetDateCurrentFormatString(false, "%d"); // of a list without a window

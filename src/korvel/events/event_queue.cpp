@@ -34,7 +34,8 @@ public:
     void Add(WaitingEvent event);
     std::size_t Size() const;
     void HandOver(std::size_t most);
-    void Close();
+    // On the thread of the queue, from within a sink too: nothing more is handed over.
+    void Close() { m_isClosed = true; }
 
 private:
     void PostWakeUp();
@@ -120,12 +121,6 @@ void EventQueue::Line::HandOver(std::size_t most) {
         else
             m_target.Fire_OnAddEvent(event->message);
     }
-}
-
-void EventQueue::Line::Close() {
-    m_isClosed = true;
-    const std::lock_guard lock(m_mutex);
-    m_waiting.clear();
 }
 
 EventQueue::EventQueue(CEventSinkObserver& target) : m_line(std::make_shared<Line>(target)) {}
