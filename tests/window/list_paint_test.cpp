@@ -106,7 +106,7 @@ TEST_F(ListPaint, NewRowsAskForOnePaintUntilItComes) {
     for (CListCtrl* shown : {&list, static_cast<CListCtrl*>(&own)}) {
         const HWND window = shown->m_hWnd;
         counting.PaintWindow(window);
-        counting.TakeChanges(window);
+        EXPECT_TRUE(counting.TakeChanges(window) & Aspect::Scroll) << "the bar came";
         counting.paints = 0;
         for (int row : {0, 0, 21})
             shown->InsertItem(row, "new");
@@ -115,8 +115,13 @@ TEST_F(ListPaint, NewRowsAskForOnePaintUntilItComes) {
         EXPECT_EQ(counting.TakeChanges(window), Aspects(Aspect::Rows));
         EXPECT_EQ(view::Scroll(window).rowCount, 23);
         counting.PaintWindow(window);
-        shown->InsertItem(0, "after the paint");
-        EXPECT_TRUE(counting.IsInvalid(window));
+        shown->InsertItem(2, "below the top");
+        EXPECT_EQ(counting.InvalidArea(window).top, 24 + 2 * 20);
+        shown->InsertItem(0, "at the top");
+        EXPECT_EQ(counting.InvalidArea(window).top, 24);
+        shown->DeleteItem(0);
+        shown->DeleteItem(0);
+        EXPECT_TRUE(counting.TakeChanges(window) & Aspect::Scroll) << "there are as many as before";
         shown->MoveWindow({0, 0, 200, 300});
         counting.PaintWindow(window);
         shown->InsertItem(0, "");
