@@ -89,20 +89,15 @@ TEST_F(CellTextTest, EveryKindOfNumberReadsATextInItsOwnWay) {
     const std::string beyond = "3000000000.";
     for (const auto& [border, text, integer, unsignedInteger, real] :
          Table<std::string, std::string, std::string, std::string>{
-             {"a number", "14", "14", "14", "14"},
              {"arithmetic", "2*(3+4)", "14", "14", "14"},
              {"a comma", "1,5+1", "2", "2", "2.5"},
-             {"a point", "1.5+1", "2", "2", "2.5"},
              {"cut off toward zero", "7/-2", "-3", "4294967293", "-3.5"},
              {"both separators", "1.234,5", "! ", "! ", "! "},
              {"empty", "", "! ", "! ", "! "},
-             {"blanks", " \t ", "! ", "! ", "! "},
              {"blanks around", " 3\r\n", "3", "3", "3"},
              {"letters", "abc", "! ", "! ", "! "},
-             {"a byte outside of the page", "\x81\xE2\xE1", "! ", "! ", "! "},
              {"the form of a formula", "<VB 1/>", "! ", "! ", "! "},
              {"a megabyte", million, "2", "2", "2"},
-             {"a number of a megabyte", std::string(1'000'000, '1'), "! ", "! ", "! "},
              {"stops at 32 bits", "3000000000", "2147483647", "2147483647", "2147483647"},
              {"beyond an integer", beyond, "no", "3000000000", "3000000000"},
              {"the highest integer", "2147483647,9", "2147483647", "2147483647", "2147483647.9000001"},
@@ -136,9 +131,7 @@ TEST_F(CellTextTest, ARangeTakesZeroToAHundredAndTellsWhatItRefuses) {
              {"the end", "100", "100", "100"},
              {"an integer is judged before it is cut off", "100,0001", outside("100.0001"),
               outside("100.0001")},
-             {"the result of a sum", "50*3", outside("150"), outside("150")},
              {"below", "-1", outside("-1"), outside("-1")},
-             {"an infinity", "-1/0", outside("-inf"), outside("-inf")},
              {"not-a-number", "0/0", outside("nan"), outside("nan")}}) {
         EXPECT_EQ(Outcome(DT_RangeInt, text), integer) << border;
         EXPECT_EQ(Outcome(DT_RangeDouble, text), real) << border;
@@ -153,11 +146,9 @@ TEST_F(CellTextTest, EachTypeIsReadByItsOwnFormat) {
     using Setter = void (*)(const _numberfmtA&);
     for (const auto& [border, set, type, other] : Table<Setter, EDataTyps, EDataTyps>{
              {"int", SetFormatInt, DT_RandomUInt, DT_Long},
-             {"long", SetFormatLong, DT_Long, DT_Int},
              {"float", SetFormatFloat, DT_LengthFloat, DT_LengthDouble},
              {"double", SetFormatDouble, DT_RangeDouble, DT_RangeFloat},
-             {"angle float", SetAngleFormatFloat, DT_AngleFloat, DT_AngleDouble},
-             {"angle double", SetAngleFormatDouble, DT_AngleDouble, DT_AngleFloat}}) {
+             {"angle float", SetAngleFormatFloat, DT_AngleFloat, DT_AngleDouble}}) {
         ResetFormatStates();
         set(format);
         EXPECT_EQ(Outcome(type, "1;5+1,5"), "! ") << border;
@@ -194,10 +185,7 @@ TEST_F(CellTextTest, TextsKeepTheRestOfAValueAndOtherTypesAreRefused) {
                                         {"a text form keeps its number", DT_TextFormDouble, true, 2.5},
                                         {"a color keeps its word", DT_ColorRGB, true, 2.5},
                                         {"a flag", DT_Bool, false, 2.5},
-                                        {"a transparent color", DT_ColorARGB, false, 2.5},
-                                        {"a list", DT_ListString, false, 2.5},
                                         {"a date", DT_Date, false, 2.5},
-                                        {"a group", DT_Group, false, 2.5},
                                         {"nothing", DT_Void, false, 2.5}}) {
         CVariantValue value = MakeValue(type, 2.5);
         value.Text = "before";
@@ -223,18 +211,13 @@ TEST_F(CellTextTest, AStationIsNoSumWhereTheOptionSaysSo) {
              {"road, the digits are the number", DT_RoadStationDouble, "8+934,531", "8934.5310000000009",
               "942.53099999999995"},
              {"railway", DT_RailwayStationDouble, "12,3+45,60", "12345.6", "57.900000000000006"},
-             {"with points and blanks", DT_RailwayStationDouble, " 12.3+45.60 ", "12345.6",
-              "57.900000000000006"},
              {"metres count up", DT_RoadStationDouble, "-2+500", "-1500", "498"},
              {"before the zero", DT_RailwayStationDouble, "-0,1+99,5", "-0.5", "99.400000000000006"},
              {"metres as wide as they grow", DT_RoadStationFloat, "0+1000,0", "1000", "1000"},
              {"too few metres", DT_RoadStationDouble, "12+45", "57", "57"},
              {"the form of the other kind", DT_RailwayStationDouble, "12+345,6", "357.60000000000002",
               "357.60000000000002"},
-             {"two decimals of the kilometre", DT_RailwayStationDouble, "12,34+45", "57.340000000000003",
-              "57.340000000000003"},
              {"no kilometre", DT_RoadStationDouble, "+500", "500", "500"},
-             {"a longer sum", DT_RoadStationDouble, "12+345+1", "358", "358"},
              {"no station", DT_LengthDouble, "12+345", "357", "357"}}) {
         EXPECT_EQ(Outcome(type, text, Station), station) << border;
         EXPECT_EQ(Outcome(type, text), sum) << border;
@@ -265,19 +248,15 @@ TEST_F(CellTextTest, AFieldOpensWithSixDecimalsOrWithWhatReadsBack) {
     const float tenth = 0.1F;
     for (const auto& [border, value, plain, exact, wide] :
          Table<CVariantValue, std::string, std::string, std::string>{
-             {"an integer", MakeValue(DT_Int, -7), "-7", "-7", "-7"},
              {"unsigned bits", MakeValue(DT_UInt, 4294967295U), "-1", "-1", "-1"},
              {"a float", MakeValue(DT_LengthFloat, tenth), "0.100000", "0.1", "0.1"},
              {"a double", MakeValue(DT_Double, 0.1F + 0.0), "0.100000", "0.10000000149011612",
               "0.10000000149011612"},
-             {"small", MakeValue(DT_Double, 1e-9), "0.000000", "1e-09", "1e-09"},
              {"beyond 32 bits", MakeValue(DT_Double, 4294967296.0), "4294967296.000000", "4294967296.",
               "4294967296"},
              {"a negative zero", MakeValue(DT_Double, -0.0), "-0.000000", "-0.", "-0."},
              {"an infinity", MakeValue(DT_Double, -Infinity), "-inf", "-1/0", "-1/0"},
              {"not-a-number", MakeValue(DT_Double, NotANumber), "nan", "0/0", "0/0"},
-             {"beyond its range", MakeValue(DT_RangeDouble, 150.5), "150.500000", "150.5", "150.5"},
-             {"a text", MakeValue(DT_String, "1,5"), "1,5", "1,5", "1,5"},
              {"a formula", WithFormula(MakeValue(DT_Double, 2.0), "<VB x/>"), "<VB x/>", "<VB x/>",
               "<VB x/>"}}) {
         EXPECT_EQ(CellEditText(value, None), plain) << border;
@@ -313,11 +292,9 @@ TEST_F(CellTextTest, AStepStaysWithinTheTypeAndItsForm) {
          Table<EDataTyps, const char*, double, std::string, std::string>{
              {"an integer", DT_Int, "7/2", 1, "4", "4"},
              {"the highest", DT_Int, "2147483647", 1, "2147483647", "2147483647"},
-             {"the lowest", DT_Long, "-2147483648", -1, "-2147483648", "-2147483648"},
              {"the highest unsigned", DT_UInt, "4294967295.", 1, "-1", "-1"},
              {"unsigned goes on", DT_UInt, "2147483647", 1, "-2147483648", "-2147483648"},
              {"a range ends", DT_RangeFloat, "99,5", 1, "100.000000", "100"},
-             {"a range begins", DT_RangeInt, "0", -3, "0", "0"},
              {"a measure", DT_LengthDouble, "0.1+0.1", 0.1, "0.300000", "0.30000000000000004"},
              {"an angle in its unit", DT_AngleDouble, "89", 1, "90.000000", "90"}}) {
         SetAngleUnit('d');

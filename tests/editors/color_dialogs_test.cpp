@@ -38,7 +38,6 @@ TEST_F(ColorDialogs, AnOpacityComesBackThroughItsPercent) {
          Table<COLORREF, const char*, COLORREF>{{"opaque", 0xFF3366FFu, "0", 0xFF3366FFu},
                                                 {"nearly opaque", 0xFE3366FFu, "0", 0xFF3366FFu},
                                                 {"half", 0x803366FFu, "50", 0x7F3366FFu},
-                                                {"what that becomes stays", 0x7F3366FFu, "50", 0x7F3366FFu},
                                                 {"transparent", 0x003366FFu, "100", 0x003366FFu}}) {
         CString shown;
         EXPECT_EQ(Run(word, [&](CWnd& dialog) { shown = GetDlgItemTextA(dialog.m_hWnd, NumberId); }), result)
@@ -64,16 +63,6 @@ TEST_F(ColorDialogs, SliderAndButtonChangeTheWord) {
     });
     EXPECT_EQ(number, "99");
     EXPECT_EQ(word, 0x030000FFu);
-}
-
-TEST_F(ColorDialogs, ADialogThatEndsWhileItAsksForAColorIsCancelled) {
-    CColorAplhaDlg dialog(0xFF000000, &frame);
-    display.Then([&] {
-        display.AnswerNextColor(0x0000FF);
-        SendMessageA(dialog.m_hWnd, WM_COMMAND, IDCANCEL, 0);
-        SendMessageA(GetDlgItem(dialog.m_hWnd, ColorId), BM_CLICK, 0, 0);
-    });
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
 TEST_F(ColorDialogs, AColoredButtonShowsWhatItIsToldTo) {

@@ -44,15 +44,11 @@ TEST_F(ComboCommandsTest, WhatMenuAndKeysOffer) {
     };
     const Table<EComboListMode, std::uint32_t, std::uint32_t, int, std::string> cases = {
         {"dropped down: nothing", eDropDown, AllFlags, All, 0, ""},
-        {"nothing enabled", eDesignFlat, AllFlags, 0, 0, ""},
-        {"add without its flag", eDesignFlat, ENF_Delete, Add, 0, ""},
-        {"flag without its command", eDesignFlat, ENF_Rename, Delete, 0, ""},
         {"delete without its flag", eDesignFlat, ENF_Rename, All, 0, "rename 'a'"},
         {"rename without its flag", eDesignFlat, ENF_Delete, All, 0, "erase 'a'"},
         {"flat", eDesignFlat, AllFlags, All, 1, "insert new value|erase 'b'|rename 'b'"},
         {"beside the rows", eDesignFlat, AllFlags, All, 8, "insert new value"},
         {"tree, a group", eDesignTree, AllFlags | ENF_Tree, Add, 0, at("g")},
-        {"an entry: its group", eDesignTree, ENF_Add | ENF_Tree, Add, 3, at("g/h")},
         {"an entry at the top: no path", eDesignTree, ENF_Add | ENF_Tree, Add, 4, at("")},
         {"tree, beside the rows", eDesignTree, AllFlags | ENF_Tree, All, 8, intoTree},
     };
@@ -85,9 +81,7 @@ TEST_F(ComboCommandsTest, WhatTheCommandsDo) {
                       inG = "-g|  a|  -h|    b|  value|c";
     const Table<unsigned, int, std::string, std::string, std::string> cases = {
         {"a value at the root", ComboCommandAddRootItem, 8, "add value@", atTheEnd, "value"},
-        {"a group at the root", ComboCommandAddRootGroup, 8, "", atTheEnd, "value"},
         {"a value in a group", ComboCommandAddItem, 2, "add value@g/h", inH, "value"},
-        {"a value beside an entry", ComboCommandAddItem, 1, "add value@g", inG, "value"},
         {"a group in a group", ComboCommandAddGroup, 3, "", inH, "value"},
         {"a group goes with all in it", ComboCommandDelete, 0, "remove 1, remove 2", "c", "c"},
         {"an entry", ComboCommandDelete, 3, "remove 2", "-g|  a|  h|c", "c"},
@@ -137,15 +131,11 @@ TEST_F(ComboCommandsTest, LabelsThatAreEdited) {
     const Table<int, CString, long, std::string, std::string, std::string> cases = {
         {"an entry", 1, "new", 0, "rename g/new", "-g|  new|  xb|-c|  d", "new"},
         {"a separator that is text", 1, "x\\/y", 0, "rename g/x\\/y", "-g|  x\\/y|  xb|-c|  d", "x\\/y"},
-        {"an entry with others: alone", 3, "new", 0, "rename new", "-g|  a|  xb|-new|  d", "new"},
         {"a group: every entry", 0, "k", 0, renames, "-k|  a|  xb|-c|  d", "k"},
         {"nothing typed", 1, "", 0, "", before, "a"},
         {"a path moves the entry", 1, "x//y", 0, "rename g/x/y", "-g|  xb|  -x|    y|-c|  d", "y"},
-        {"one with others too", 3, "x/y", 0, "rename x/y", "-g|  a|  xb|-c|  d|-x|  y", "y"},
         {"and the entries of a group", 0, "k/m", 0, "rename k/m/a, rename k/m/b", "-c|  d|-k|  +m", "m"},
         {"into the group itself", 0, "g/m", 0, "rename g/m/a, rename g/m/b", "-g|  +m|-c|  d", "m"},
-        {"no part at all", 1, "//", 0, "", before, "a"},
-        {"a backslash at the end of a group", 0, "k\\", 0, "", before, "g"},
         {"and of an entry", 1, "n\\", 0, "rename g/n\\", "-g|  n\\|  xb|-c|  d", "n\\"},
         {"refused", 1, "new", 1, "rename g/new", before, "a"},
         {"a group of which one refuses is split", 0, "k", 1, renames, "-g|  a|-c|  d|+k", "g"},

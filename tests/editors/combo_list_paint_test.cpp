@@ -24,28 +24,6 @@ protected:
     }
 };
 
-TEST_F(ComboPaintTest, RegionsOfARow) {
-    // row; left edges of tree box, check box, icon and label
-    const Table<std::uint32_t, Strings, int, int, int, int, int> cases = {
-        {"plain", 0, {"a", "b"}, 1, 4, 28, 24, 24},
-        {"checks", ENF_CheckBoxes, {"a"}, 0, 4, 28, 48, 48},
-        {"a tree", ENF_Tree, {"g/a"}, 1, 24, 48, 44, 64},
-        {"both", ENF_Tree | ENF_CheckBoxes, {"a"}, 0, 4, 28, 48, 68},
-    };
-    for (const auto& [name, flags, names, row, treeBox, checkBox, icon, label] : cases) {
-        SCOPED_TRACE(name);
-        TestEnumeration shown(names, flags);
-        Show(shown, eDropDown, ",1,");
-        const int top = 20 * row, bottom = top + 20;
-        const ComboTreeItem& item = *list->GetTreeItem(row);
-        EXPECT_EQ(list->GetRectTreeBox(row), (CRect{treeBox, top, treeBox + 20, bottom}));
-        EXPECT_EQ(list->GetRectCheckBox(item), (CRect{checkBox, top, checkBox + 20, bottom}));
-        EXPECT_EQ(list->GetIconRect(row), (CRect{icon, top, icon + 20, bottom}));
-        EXPECT_EQ(list->GetRectLabel(row), (CRect{label, top, 200, bottom}));
-        EXPECT_EQ(list->GetRectLabel(99), CRect());
-    }
-}
-
 TEST_F(ComboPaintTest, ARowShowsItsParts) {
     TestEnumeration shown({"g/a", "g/b", "c"}, ENF_Tree | ENF_CheckBoxes);
     Show(shown, eDesignTree, ",2,");
@@ -106,18 +84,6 @@ TEST_F(ComboPaintTest, ADesignListShowsWhereTheKeyboardIs) {
         list->GetItemRect(row, &bounds);
         EXPECT_EQ(focused(), row == -1 ? std::vector<CRect>() : std::vector<CRect>{bounds});
     }
-}
-
-TEST_F(ComboPaintTest, ColumnsFollowTheWidth) {
-    TestEnumeration shown({"a"});
-    Show(shown, eDesignFlat);
-    list->MoveWindow({0, 0, 120, 100});
-    EXPECT_EQ(list->GetColumnWidth(0), 120);
-    for (long id = 100; id < 130; ++id) { // the scroll bar takes its part
-        shown.entries.push_back({id, TextValue("x")});
-        list->OnAddEnumValue(&shown, id);
-    }
-    EXPECT_EQ(list->GetColumnWidth(0), 103);
 }
 
 } // namespace

@@ -56,16 +56,14 @@ protected:
 
 TEST_F(DateEditorTest, APickerThatIsLeftAsItWasWritesTheSameBits) {
     constexpr double Nan = std::numeric_limits<double>::quiet_NaN();
-    for (const auto& [border, value, isNone] : Table<CVariantValue, bool>{
-             {"fractions of a second", MakeDate("GDT_VALID", 44000.99999421), false},
-             {"rounded up to the next day", MakeDate("GDT_VALID", 44000.99999422), false},
-             {"before the first day", MakeDate("GDT_VALID", -0.5), false},
-             {"before 1601", MakeDate("GDT_VALID", -200000.25), true},
-             {"in no calendar", MakeDate("GDT_VALID", 1e300), true},
-             {"not a number", MakeDate("GDT_VALID", Nan), true},
-             {"none", MakeDate("GDT_NONE", 44000.25), true},
-             {"a state of the host's own", MakeDate("planned", 44000.25), true},
-             {"no state", MakeDate("", 0), true}})
+    for (const auto& [border, value, isNone] :
+         Table<CVariantValue, bool>{{"fractions of a second", MakeDate("GDT_VALID", 44000.99999421), false},
+                                    {"before the first day", MakeDate("GDT_VALID", -0.5), false},
+                                    {"before 1601", MakeDate("GDT_VALID", -200000.25), true},
+                                    {"not a number", MakeDate("GDT_VALID", Nan), true},
+                                    {"none", MakeDate("GDT_NONE", 44000.25), true},
+                                    {"a state of the host's own", MakeDate("planned", 44000.25), true},
+                                    {"no state", MakeDate("", 0), true}})
         for (const UINT style : {DTS_SHOWNONE, 0u}) {
             Make(style);
             Start(value);

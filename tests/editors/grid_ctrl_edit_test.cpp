@@ -120,7 +120,6 @@ TEST_F(GridEditTest, TheObserverHearsOfAValueBeforeTheObjectGetsIt) {
              {"a text", "name", "a\x81\xE2\xE1", "type get told a\x81\xE2\xE1 set a\x81\xE2\xE1 "},
              {"nothing typed", "length", "", ""},
              {"letters", "length", "abc", "type ! "},
-             {"not closed", "count", "<VB x", "type ! "},
              {"too high", "count", "2147483648.", "type ! invalid input: 2147483648."},
              {"outside", "share", "100.0001", "type ! 100.0001: Value is outside the ranges of 0-100!"}}) {
         SCOPED_TRACE(border);
@@ -346,17 +345,14 @@ TEST_F(GridEditTest, CommandsAndKeysCopyCutAndPasteTheWholeText) {
     run({{"nothing to paste", {VK_CONTROL, 'V'}, "abc", "abc", nullptr},
          {"nothing to copy", {VK_CONTROL, 'C'}, "", "", nullptr},
          {"copy", {VK_CONTROL, 'C'}, "abc", "abc", "abc"},
-         {"nothing to cut", {VK_CONTROL, 'X'}, "", "", "abc"},
          {"the command to copy", {ID_EDIT_COPY}, "d", "d", "d"},
-         {"the other keys to copy", {VK_CONTROL, VK_INSERT}, "e", "e", "e"},
          {"cut", {VK_CONTROL, 'X'}, "fg", "", "fg"},
          {"the command to cut", {ID_EDIT_CUT}, "h", "", "h"},
          {"the other keys to cut", {VK_SHIFT, VK_DELETE}, "1+2", "", "1+2"},
          {"paste", {VK_CONTROL, 'V'}, "abc", "1+2", "1+2"},
          {"the command to paste", {ID_EDIT_PASTE}, "abc", "1+2", "1+2"},
          {"the other keys to paste", {VK_SHIFT, VK_INSERT}, "abc", "1+2", "1+2"},
-         {"with Shift the field's own", {VK_CONTROL, VK_SHIFT, 'V'}, "abc", "a1+2c", "1+2"},
-         {"AltGr as well", {VK_CONTROL, VK_MENU, 'V'}, "abc", "a1+2c", "1+2"}});
+         {"with Shift the field's own", {VK_CONTROL, VK_SHIFT, 'V'}, "abc", "a1+2c", "1+2"}});
     display.SetClipboardText("");
     run({{"an empty text to paste", {VK_CONTROL, 'V'}, "abc", "abc", ""}});
 }

@@ -120,6 +120,13 @@ protected:
             labels += (row > 0 ? "," : "") + list.GetItemText(row, 0);
         return labels;
     }
+    /// "1,2|2|0": the selected rows, the one with the focus, the top one.
+    std::string State() const {
+        std::string state;
+        for (const int row : Selected())
+            state += (state.empty() ? "" : ",") + std::to_string(row);
+        return state + "|" + std::to_string(Focused()) + "|" + std::to_string(list.GetTopIndex());
+    }
     int Focused() const { return list.GetNextItem(-1, LVNI_FOCUSED); }
 
     HeadlessDisplay display;

@@ -81,14 +81,11 @@ TEST_F(EditTest, WhatFindsNoRoomIsToldFirstAndNothingForNothingIsSilent) {
     for (const auto& [border, style, end, act, text, codes] :
          Table<UINT, int, std::function<void()>, const char*, Codes>{
              {"typed in a full field", 0, 1, type("x"), "abcd", {EN_MAXTEXT}},
-             {"the last place", 0, 2, type("x"), "axcd", changed},
              {"replaced by what fits", 0, 3, replace("123"), "a12d", cut},
              {"pasted as far as it fits", 0, 4, send(WM_PASTE), "a123", cut},
-             {"no room for a replacement", 0, 1, replace("x"), "abcd", {EN_MAXTEXT}},
              {"dropped, not limited", ES_NUMBER, 1, type("x"), "abcd", {}},
              {"read-only takes a replacement", ES_READONLY, 2, replace("x"), "axcd", changed},
              {"not half of a line break", ES_MULTILINE, 2, replace("\r\n"), "abcd", {EN_MAXTEXT}},
-             {"no half of a second one", ES_MULTILINE, 4, replace("\r\n\r\n"), "a\r\n", cut},
              {"taken in by a native widget", 0, 3, report("a12345d", 6), "a12d", cut},
              {"reported by a native widget", 0, 3, report("axd", 2), "axd", changed},
              {"a selection alone", 0, 3, report("abcd", 2), "abcd", {}},
@@ -105,13 +102,6 @@ TEST_F(EditTest, WhatFindsNoRoomIsToldFirstAndNothingForNothingIsSilent) {
         EXPECT_EQ(parent.Take(), codes);
         EXPECT_EQ(edit.GetModify(), edit.GetWindowTextA() != "abcd");
     }
-}
-
-TEST_F(EditTest, TheLimitOfANewFieldIsThePlatforms) {
-    MakeEdit();
-    EXPECT_EQ(edit.SendMessageA(EM_GETLIMITTEXT), 30000);
-    edit.LimitText(0);
-    EXPECT_EQ(edit.SendMessageA(EM_GETLIMITTEXT), 0x7FFFFFFE);
 }
 
 TEST_F(EditTest, KeysMoveTheCaretAndExtendTheSelection) {

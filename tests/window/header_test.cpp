@@ -59,21 +59,6 @@ TEST_F(HeaderTest, ADividerIsDraggedWithTheMouse) {
     EXPECT_EQ(Take(), (Notices{"changed 0 64", "end 0 64"}));
 }
 
-TEST_F(HeaderTest, ADragMayBeRefusedAndItsColumnMayGo) {
-    tracked.refusesTracking = true;
-    Mouse(WM_LBUTTONDOWN, 100);
-    Mouse(WM_MOUSEMOVE, 120);
-    Mouse(WM_LBUTTONUP, 120);
-    EXPECT_EQ(Take(), Notices{"begin 0 100"});
-    tracked.refusesTracking = false;
-    Mouse(WM_LBUTTONDOWN, 150);
-    tracked.DeleteColumn(1);
-    Mouse(WM_MOUSEMOVE, 160);
-    Mouse(WM_LBUTTONUP, 160);
-    EXPECT_EQ(tracked.GetColumnWidth(0), 100);
-    EXPECT_EQ(Take(), (Notices{"begin 1 50", "end 1 0"}));
-}
-
 TEST_F(HeaderTest, AClickOnATitleTellsItsColumnAndDividersChangeTheCursor) {
     int clicked = -1;
     parent.on[LVN_COLUMNCLICK] = [&](const NMLISTVIEW& notice) { return clicked = notice.iSubItem, 0; };

@@ -208,14 +208,5 @@ TEST_F(ListRows, AHandlerThatThrowsLeavesRowsAndFocus) {
     list.SetCellsMovedHook(nullptr);
 }
 
-TEST_F(ListRows, ATypedCharacterOfSeveralBytesIsSoughtOnce) {
-    MakeList(0);
-    for (const char* text : {"row", "\x81 is its first byte", "\x81\xE2\xE1\xF3"})
-        list.InsertItem(99, text);
-    parent.notices.clear();
-    Key(0, "\x81\xE2\xE1");
-    EXPECT_EQ(parent.Take(), (Notices{"changing 2", "changed 2"}));
-}
-
 } // namespace
 } // namespace korvel

@@ -31,6 +31,9 @@ protected:
 
 TEST_F(ProgressTest, ThePositionStaysInTheRangeAndAStepBeginsAnew) {
     using Act = std::function<LRESULT(CProgressCtrl&)>;
+    const Act narrowUnsigned = [](auto& b) {
+        return b.SendMessageA(PBM_SETRANGE, 0, MAKELPARAM(39999, 40000));
+    };
     const Act step = [](auto& b) { return b.StepIt(); };
     const auto set = [](int position) -> Act { return [=](auto& b) { return b.SetPos(position); }; };
     const auto narrow = [](int lower, int upper) -> Act {
@@ -38,24 +41,15 @@ TEST_F(ProgressTest, ThePositionStaysInTheRangeAndAStepBeginsAnew) {
     };
     for (const auto& [border, range, start, act, answer, position] : Table<Range, int, Act, LRESULT, int>{
              {"beyond", {}, 40, set(101), 40, 100},
-             {"below", {10, 20}, 15, set(9), 15, 10},
              {"a step", {}, 90, step, 90, 100},
              {"a step beyond", {}, 95, step, 95, 5},
-             {"a step from the end", {}, 100, step, 100, 10},
              {"a large step", {0, 7}, 6, step, 6, 2},
-             {"a step nowhere", {5, 5}, 5, step, 5, 5},
              {"the widest range", {INT_MIN, INT_MAX}, INT_MAX, step, INT_MAX, INT_MIN + 10},
              {"by more than there is", {}, 40, [](auto& b) { return b.OffsetPos(INT_MAX); }, 40, 100},
              {"a range that cuts", {}, 40, narrow(0, 30), MAKELPARAM(0, 100), 30},
              {"the range in two halves", {-1, 70000}, 0, narrow(0, 1), MAKELPARAM(-1, 70000), 0},
              {"a reversed range", {}, 40, narrow(90, 30), MAKELPARAM(0, 100), 30},
-             {"an empty range", {}, 40, narrow(0, 0), MAKELPARAM(0, 100), 0},
-             {"16 bits without a sign",
-              {},
-              40,
-              [](auto& b) { return b.SendMessageA(PBM_SETRANGE, 0, MAKELPARAM(39999, 40000)); },
-              MAKELPARAM(0, 100),
-              39999}}) {
+             {"16 bits without a sign", {}, 40, narrowUnsigned, MAKELPARAM(0, 100), 39999}}) {
         bar.SetRange32(range.lower, range.upper);
         bar.SetPos(start);
         EXPECT_EQ(act(bar), answer) << border;
@@ -211,8 +205,7 @@ TEST_F(SliderTest, AParentThatFailsHearsTheEndOfEachMove) {
 
 TEST_F(SliderTest, ProgramsKeepItInItsRangeSilently) {
     for (const auto& [border, range, position, expected, page] :
-         Table<Range, int, int, int>{{"beyond", {0, 10}, 11, 10, 2},
-                                     {"below", {-10, 10}, -11, -10, 4},
+         Table<Range, int, int, int>{{"below", {-10, 10}, -11, -10, 4},
                                      {"reversed", {10, 0}, 5, 5, 2},
                                      {"narrow", {3, 4}, 9, 4, 1},
                                      {"widest", {INT_MIN, INT_MAX}, INT_MAX, INT_MAX, 858993459}}) {
@@ -278,7 +271,6 @@ TEST_F(SpinTest, TheBuddyShowsAndGivesTheNumber) {
              {"a number", 0, "12", 12, false},
              {"with separators", 0, "1.234", 1234, false},
              {"of the range only", 0, "5001", 77, true},
-             {"no number", 0, "12 m", 77, true},
              {"nothing", 0, "", 77, true},
              {"too many digits", 0, "99999999999", 77, true},
              {"separators are not meant", UDS_NOTHOUSANDS, "1.234", 77, true}}) {

@@ -79,16 +79,5 @@ TEST(RowBlocks, StayEqualToAPlainVector) {
     }
 }
 
-TEST(RowBlocks, InsertedRowsAreNeverSelected) {
-    RowBlocks rows;
-    rows.Insert(0, 2, CountedFrom(0));
-    rows.Select(1, true);
-    RowRecord moved = std::move(rows.At(1));
-    rows.Erase(0, 2);
-    rows.Insert(0, 1, [&](RowRecord& row, int) { row = std::move(moved); });
-    EXPECT_EQ(rows.SelectedCount(), 0);
-    EXPECT_EQ(rows.FindSelected(0), -1);
-}
-
 } // namespace
 } // namespace korvel::internal
