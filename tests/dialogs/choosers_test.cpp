@@ -78,12 +78,10 @@ TEST_F(ChooserTest, AFileThatMustExistIsAskedForAgain) {
     for (const auto& [border, open, flags, refused, taken, complaint] :
          Table<int, unsigned long, std::string, std::string, std::string>{
              {"nothing must", 1, 2 | 4, "", astray, ""},
-             {"folder, and it is there", 0, Path, "", missing, ""},
              {"folder, and it is not", 0, Path, astray, missing, noFolder},
              {"file, and its folder is not", 1, File, astray, there, noFolder},
              {"file, and it is not", 1, File | Path, missing, there, noFile},
-             {"cancelled after that", 1, File, missing, "", noFile},
-             {"cancelled", 1, File, "", "", ""}}) {
+             {"cancelled after that", 1, File, missing, "", noFile}}) {
         SCOPED_TRACE(border);
         AskedDisplay own;
         SetDisplay(&own);
@@ -106,16 +104,12 @@ TEST_F(ChooserTest, AFileThatMustExistIsAskedForAgain) {
 }
 
 TEST_F(ChooserTest, OnlyAFolderChooserThatCannotBeMadeLeadsToThePlainOne) {
+    const FolderAnswer plans{Outcome::Chosen, "/plans"};
     for (const auto& [border, answers, result, folder] :
          Table<std::vector<FolderAnswer>, std::int64_t, CString>{
-             {"chosen", {{Outcome::Chosen, "/plans"}}, IDOK, "/plans"},
              {"cancelled", {{Outcome::Cancelled}}, IDCANCEL, ""},
              {"no folder of the file system", {{Outcome::Chosen, ""}}, IDCANCEL, ""},
-             {"chosen in the plain one",
-              {{Outcome::CannotBeMade}, {Outcome::Chosen, "/plans"}},
-              IDOK,
-              "/plans"},
-             {"cancelled in the plain one", {{Outcome::CannotBeMade}, {Outcome::Cancelled}}, IDCANCEL, ""},
+             {"chosen in the plain one", {{Outcome::CannotBeMade}, plans}, IDOK, "/plans"},
              {"neither can be made", {{Outcome::CannotBeMade}, {Outcome::CannotBeMade}}, IDCANCEL, ""}}) {
         SCOPED_TRACE(border);
         AskedDisplay own;
@@ -137,6 +131,7 @@ TEST_F(ChooserTest, AsksOnTheThreadOfTheWindowsAndGivesTheFocusBack) {
     RecordedWindow window("window", log);
     window.Create(WS_VISIBLE, nullptr);
     window.SetFocus();
+    const FolderAnswer plans{Outcome::Chosen, "/plans"};
     using Ask = std::function<bool()>;
     for (const auto& [border, answer, ask] : Table<std::function<void()>, Ask>{
              {"file", [&] { display.AnswerNextFile("plan.xml"); },
@@ -144,10 +139,7 @@ TEST_F(ChooserTest, AsksOnTheThreadOfTheWindowsAndGivesTheFocusBack) {
                   std::string path;
                   return doModalFileDialog(path, 1, nullptr, nullptr, 0, nullptr, nullptr, 0, 0);
               }},
-             {"folder",
-              [&] {
-                  display.AnswerNextFolder({Outcome::Chosen, "/plans"});
-              },
+             {"folder", [&] { display.AnswerNextFolder(plans); },
               [] { return CSelectFolderDlg(nullptr).DoModal() == IDOK; }}}) {
         SCOPED_TRACE(border);
         log.clear();

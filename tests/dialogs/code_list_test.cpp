@@ -109,8 +109,6 @@ TEST_F(CodeListTest, OkTakesWhatTheUserDid) {
     };
     for (const auto& [border, acts, list] : Table<std::vector<Act>, CString>{
              {"nothing", {}, odd},
-             {"a row selected", {Select(1)}, odd},
-             {"added", {Click(Add), Fill("d", "4"), ok}, same + ";d:4"},
              {"added by key", {PressInList(VK_INSERT), Fill("d;", ""), ok}, same + ";d;:"},
              {"added without a change", {Click(Add), ok}, same},
              {"adding cancelled", {Click(Add), Fill("d", "4"), cancel}, same},
@@ -119,19 +117,16 @@ TEST_F(CodeListTest, OkTakesWhatTheUserDid) {
              {"the first selected edited",
               {Select(2), Select(1), Click(Edit), Fill("x", "y:z"), ok},
               "a: 1;x:y:z;c:3"},
-             {"editing cancelled", {Select(1), Click(Edit), Fill("x", ""), cancel}, same},
              {"two removed", {Select(0), Select(2), Click(Remove)}, "b:2"},
              {"removed by a button with the focus",
               {Select(1), focusRemove, clickFocused, expectFocus},
               "a: 1;c:3"},
-             {"removed by key", {Select(1), PressInList(VK_DELETE)}, "a: 1;c:3"},
              {"nothing to remove", {PressInList(VK_DELETE)}, odd},
              {"the first moved up", {Select(0), moveUp}, same},
              {"the last moved down", {Select(2), moveDown}, same},
              {"nothing moved", {moveUp, moveDown}, odd},
              {"the last moved up", {Select(2), Click(MoveUp), expectFocusedRow}, "a: 1;c:3;b:2"},
-             {"the first moved down", {Select(0), Click(MoveDown)}, "b:2;a: 1;c:3"},
-             {"moved down to the end", {Select(1), Click(MoveDown)}, "a: 1;c:3;b:2"}})
+             {"the first moved down", {Select(0), Click(MoveDown)}, "b:2;a: 1;c:3"}})
         expect(border, SelectionMode::Multiple, acts, list, list == odd ? before : list);
     expect("a row picked", SelectionMode::Single, {Select(1), Select(2)}, same, "b:2");
     expect("nothing picked", SelectionMode::Single, {Click(Add), cancel}, same, before);
@@ -144,8 +139,6 @@ TEST_F(CodeListTest, AHandlerThatThrowsLeavesEveryPairOnceAndWhatIsDoneIsKept) {
              {"moving up, inserted", {1}, LVN_INSERTITEM, 0, MoveUp, "a:1;b:2;c:3"},
              {"moving up, removed", {1}, LVN_DELETEITEM, 0, MoveUp, "a:1;b:2;c:3"},
              {"moving up, selected", {1}, LVN_ITEMCHANGED, 1, MoveUp, "b:2;a:1;c:3"},
-             {"moving down, inserted", {1}, LVN_INSERTITEM, 0, MoveDown, "a:1;b:2;c:3"},
-             {"moving down, removed", {1}, LVN_DELETEITEM, 0, MoveDown, "a:1;b:2;c:3"},
              {"removing the second of two", {0, 2}, LVN_DELETEITEM, 1, Remove, "a:1;b:2"}}) {
         SCOPED_TRACE(border);
         dialog.SetCodeList("a:1;b:2;c:3");
@@ -164,7 +157,6 @@ TEST_F(CodeListTest, AHandlerThatThrowsLeavesEveryPairOnceAndWhatIsDoneIsKept) {
 
 TEST_F(CodeListTest, ButtonsFollowTheRowThatChangedLast) {
     constexpr SelectionMode::Enum Multiple = SelectionMode::Multiple;
-    const auto remove = [this] { dialog.SelectRow(2), dialog.Click(Remove); };
     for (const auto& [border, mode, list, act, on] : Table<SelectionMode::Enum, CString, Act, CString>{
              {"at the beginning", Multiple, "a:1;b:2;c:3", [] {}, "add"},
              {"the first", Multiple, "a:1;b:2;c:3", Select(0), "add edit remove down"},
@@ -179,9 +171,6 @@ TEST_F(CodeListTest, ButtonsFollowTheRowThatChangedLast) {
                   dialog.Rows().SetItemState(1, 0, LVIS_SELECTED);
               },
               "add"},
-             {"the selected one is gone", Multiple, "a:1;b:2;c:3", remove, "add"},
-             {"moved, it stays selected", Multiple, "a:1;b:2;c:3",
-              [this] { dialog.SelectRow(2), dialog.OnMoveUpCode(); }, "add edit remove up down"},
              {"picking", SelectionMode::Single, "a:1;b:2;c:3", Select(1), "add edit remove up down hidden"},
              {"an unknown mode", static_cast<SelectionMode::Enum>(7), "a:1", [] {}, "add up down"}}) {
         dialog.SetCodeList(list);

@@ -98,10 +98,8 @@ TEST_F(EditAttributsTest, OffersWhatTheMaskAllows) {
               "Angle (32-Bit), Angle (64-Bit), Length, Area, Volumen, Percent, Currency, Man-days, Surface"},
              {"no enumerations", DT_String | TypeBitList, false, "Text"},
              {"a list of texts only", DT_ListString, true, "Text, Surface"},
-             {"texts without lists", DT_String, true, "Text"},
              {"a measure of one width", DT_LengthFloat, true, "Float, Length"},
-             {"all bits of the type count", DT_Date & ~DT_String, true, ""},
-             {"none", 0, true, ""}})
+             {"all bits of the type count", DT_Date & ~DT_String, true, ""}})
         EXPECT_EQ(labels(allowed, hasContainer), offered) << border;
     for (const AttributeType& type : AttributeTypes(AllTypes, &enumerations)) {
         if (type.label == "Length")
@@ -111,17 +109,6 @@ TEST_F(EditAttributsTest, OffersWhatTheMaskAllows) {
         if (type.label == "Surface")
             EXPECT_EQ(type.value, surfaces.ValueOf(",1,")) << "made of the template";
     }
-}
-
-TEST_F(EditAttributsTest, GivesTheValueOfAnEnumeration) {
-    EXPECT_EQ(Run([this] {
-                  SetName("surface");
-                  ChooseType("Surface");
-                  Ok();
-              }),
-              IDOK);
-    EXPECT_EQ(dialog.GetValue(), surfaces.ValueOf(",1,"));
-    EXPECT_EQ(surfaces.destroyed, 0);
 }
 
 TEST_F(EditAttributsTest, SaysWhatIsWrongAndWaits) {
@@ -177,28 +164,15 @@ TEST_F(EditAttributsTest, GivesNothingAfterARefusalAndCancel) {
     EXPECT_EQ(refusing.GetValue().Type, DT_Void);
 }
 
-TEST_F(EditAttributsTest, CancelForgetsWhatIsBeingTyped) {
-    EXPECT_EQ(Run([this] {
-                  ChooseType("Integer");
-                  TypeValue("abc");
-                  dialog.SendMessageA(WM_COMMAND, IDCANCEL);
-              }),
-              IDCANCEL);
-    EXPECT_EQ(display.ShownBoxes().size(), 0u);
-}
-
 TEST_F(EditAttributsTest, WhatWasTypedGoesOverToAnotherType) {
     SetAngleUnit('g');
+    const CVariantValue black = MakeValue(DT_ColorRGB, 0xFF000000u);
     for (const auto& [border, first, typed, types, value] :
          Table<const char*, const char*, std::vector<const char*>, CVariantValue>{
              {"a number", "Integer", "200", {"Angle (64-Bit)"}, MakeValue(DT_AngleDouble, 3.141592653589793)},
              {"past a flag", "Integer", "5", {"Bool", "Length"}, MakeValue(DT_LengthDouble, 5.0)},
              {"a text", "Text", "12.5", {"Length"}, MakeValue(DT_LengthDouble, 12.5)},
-             {"what is no number",
-              "Text",
-              "abc",
-              {"Length", "Color RGB"},
-              MakeValue(DT_ColorRGB, 0xFF000000u)},
+             {"what is no number", "Text", "abc", {"Length", "Color RGB"}, black},
              {"what was refused", "Integer", "abc", {"Text"}, MakeValue(DT_String, "abc")}}) {
         EXPECT_EQ(Run([&, first = first, typed = typed, types = types] {
                       SetName("bend");
@@ -258,19 +232,6 @@ TEST_F(EditAttributsTest, BeginsAnew) {
         Ok();
     });
     EXPECT_EQ(dialog.GetValue(), MakeValue(DT_Int, 0));
-}
-
-TEST_F(EditAttributsTest, HandsItsOptionsOnToTheField) {
-    for (const bool isExact : {false, true}) {
-        GridOptions options;
-        options.Set(EGridOption::ExactEditText, isExact);
-        dialog.SetOptions(options);
-        Run([&] {
-            ChooseType("Length");
-            TypeValue("");
-            EXPECT_EQ(GetWindowTextA(GetFocus()), isExact ? "0" : "0.000000");
-        });
-    }
 }
 
 TEST_F(EditAttributsTest, WithoutWriteProtectionOrTypes) {

@@ -111,18 +111,6 @@ TEST_F(SubclassWndTest, HooksAndWindowsMayEndInsideAHook) {
     EXPECT_EQ(a.GetHookedWindow(), nullptr);
 }
 
-// To leave the first is the caller's part; it hears nothing more all the same.
-TEST_F(SubclassWndTest, AHookOnAnotherWindowLeavesTheFirst) {
-    const HWND other = MakeWindow();
-    Set("a", window);
-    Set("aa", other); // twice on one window is once
-    EXPECT_EQ(Send(), "window");
-    EXPECT_EQ(Procedure(), own);
-    SendMessageA(other, Ping, 0, 0);
-    EXPECT_EQ(heard, "windowawindow");
-    DestroyWindow(other);
-}
-
 TEST_F(SubclassWndTest, TheCurrentMessageIsTheHookedOneInsideAndTheFormerOneAfter) {
     const HWND outer = MakeWindow();
     WPARAM inside = 0, behind = 0;

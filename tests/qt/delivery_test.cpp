@@ -153,18 +153,6 @@ TEST_F(Delivery, WhatTheUserDoesLeavesTheRestOfATextAsItIs) {
             }
 }
 
-TEST_F(Delivery, WhatTheWidgetTakesBackIsNotHeldToTheLimit) {
-    m_edit.SetWindowTextA("abcdefgh");
-    m_edit.SendMessageA(EM_LIMITTEXT, 5);
-    m_edit.SendMessageA(EM_SETSEL, 0, -1);
-    QWidget* widget = m_user.Widget(m_edit.m_hWnd);
-    QTest::keyClick(widget, 'x');
-    EXPECT_EQ(m_edit.GetWindowTextA(), "x");
-    QTest::keyClick(widget, Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(m_edit.GetWindowTextA(), "abcdefgh");
-    EXPECT_THAT(m_log, Not(Contains("frame command 1281 of 1")));
-}
-
 TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {
     Log failures;
     SetExceptionHandler([&](const CString& text) { failures.push_back(text); });

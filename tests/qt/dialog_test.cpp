@@ -217,16 +217,6 @@ TEST_F(DesktopDialog, TheFocusIsMarkedOnceAKeyHasMovedIt) {
         });
 }
 
-TEST_F(DesktopDialog, KeysFindTheDialogWhenNothingHasTheFocus) {
-    RunWith([&] {
-        EnableWindow(GetFocus(), false);
-        QWidget* window = m_user.Widget(m_dialog.m_hWnd)->window();
-        EXPECT_EQ(QApplication::focusWidget(), nullptr);
-        QTest::keyClick(window, Qt::Key_Tab);
-        EXPECT_EQ(GetDlgCtrlID(GetFocus()), Check);
-    });
-}
-
 TEST_F(DesktopDialog, LimitsOfItsSizeAreThoseOfItsWindow) {
     struct Limited : RecordedDialog {
         CSize least{300, 200};

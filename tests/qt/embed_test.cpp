@@ -129,22 +129,6 @@ TEST_F(Embedding, AWindowThatEndsBeforeLeavesAnEmptyWidget) {
     EXPECT_TRUE(IsWindow(m_site.m_hWnd));
 }
 
-TEST(Embed, TakesAWindowWhoseHandlerThrows) {
-    const QtUser user;
-    Log log;
-    Log failures;
-    SetExceptionHandler([&](const CString& text) { failures.push_back(text); });
-    RecordedWindow pane("pane", log);
-    pane.CreateEx(0, "KorvelFrame", "", WS_CAPTION, {0, 0, 100, 100}, nullptr, 0);
-    pane.on[WM_SHOWWINDOW] = [] { throw Error("shown"); };
-    std::unique_ptr<QWidget> widget(qt::Embed(pane.m_hWnd));
-    EXPECT_THAT(failures, ElementsAre("shown"));
-    EXPECT_NE(GetParent(pane.m_hWnd), nullptr);
-    widget.reset();
-    EXPECT_EQ(pane.m_hWnd, nullptr) << "it ends with its widget";
-    SetExceptionHandler(nullptr);
-}
-
 TEST(Embed, RefusesWhatIsNoTopLevelWindow) {
     {
         const QtUser user;

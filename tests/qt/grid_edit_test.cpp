@@ -1,5 +1,4 @@
 #include "korvel/grid/editable_grid.h"
-#include "korvel/grid/grid_error_reporter.h"
 #include "korvel/qt/convert.h"
 #include "korvel/qt/embed.h"
 #include "korvel/values/language.h"
@@ -23,13 +22,6 @@ struct GridOnDesktop : CEditableGrid {
     using CEditableGrid::CEditableGrid;
     using CEditableGrid::m_ComboList;
     using CEditableGrid::m_Edit;
-    using CEditableGrid::m_pErrorReporter;
-    using CEditableGrid::m_Spin;
-};
-
-struct CountingReporter : IGridErrorReporter {
-    void Report(const std::string&, const std::string&) override { ++count; }
-    int count = 0;
 };
 
 // A host's window with a field and a button of its own above an embedded grid.
@@ -108,21 +100,6 @@ TEST_F(CellEditOnDesktop, APressOnAWidgetOfTheHostIsOneWayOut) {
     EXPECT_EQ(Value(), 12.5);
 }
 
-TEST_F(CellEditOnDesktop, TheCommandOfARefusedPressDoesNotCloseTheField) {
-    CountingReporter reporter;
-    grid.m_pErrorReporter = &reporter;
-    grid.SetGridOption(EGridOption::InlineErrors, true); // no boxes
-    std::vector<bool> ended;
-    QObject::connect(&hostButton, &QPushButton::clicked, [&] { ended.push_back(grid.EndEdit()); });
-    ClickCell(0);
-    Type("7+");
-    for (int click = 0; click < 2; ++click)
-        QTest::mouseClick(&hostButton, Qt::LeftButton);
-    EXPECT_EQ(ended, std::vector({false, true}));
-    EXPECT_EQ(reporter.count, 1);
-    EXPECT_EQ(Value(), 12.5);
-}
-
 TEST_F(CellEditOnDesktop, TheFieldWaitsWhileTheProgramIsLeft) {
     AnswerBoxes();
     ClickCell(0);
@@ -178,29 +155,6 @@ TEST_F(CellEditOnDesktop, TheKeysOfTheClipboardConcernTheWholeText) {
     EXPECT_EQ(Field().cursorPosition(), 4);
     user.Key(VK_RETURN, "\r");
     EXPECT_EQ(internal::ToQString(root.Get("name").Text), QStringLiteral("\u0141\u00f3d\u017a"));
-}
-
-TEST_F(CellEditOnDesktop, UndoAndRedoInAFieldAreTheWidgets) {
-    ClickCell(2);
-    Type("b");
-    QTest::keyClick(&Field(), Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "axis");
-    QTest::keyClick(&Field(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(grid.m_Edit.GetWindowTextA(), "b");
-}
-
-TEST_F(CellEditOnDesktop, TheSpinButtonStepsWithoutTakingTheFocus) {
-    ClickCell(3);
-    QWidget* spin = user.Widget(grid.m_Spin.m_hWnd);
-    ASSERT_TRUE(spin && spin->isVisible());
-    QTest::mousePress(spin, Qt::LeftButton, Qt::NoModifier, {5, 2});
-    EXPECT_EQ(Field().text(), QStringLiteral("51.000000"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return grid.m_Spin.m_nTicks > 1; }, 2000));
-    QTest::mouseRelease(spin, Qt::LeftButton, Qt::NoModifier, {5, 2});
-    EXPECT_FALSE(grid.m_Spin.m_bPressed);
-    EXPECT_EQ(QApplication::focusWidget(), &Field());
-    EXPECT_TRUE(grid.IsEditing());
-    EXPECT_GE(root.Get("share").Value.Double, 51.0);
 }
 
 } // namespace

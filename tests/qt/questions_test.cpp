@@ -89,28 +89,16 @@ TEST(FileChooser, AddsTheExtensionToAFileToOpenOnlyWhereThereIsNoSuchFile) {
 }
 
 TEST(FileChooser, ShowsDescriptionsAsTheyAreAndTakesPatternsInEveryCase) {
-    for (const auto& [border, filter, filters, description] : Table<const char*, QStringList, QString>{
-             {"with the patterns",
-              "XML Files (*.xml)|*.xml|",
-              {QStringLiteral("XML Files (*.xml) (*.xml *.[xX][mM][lL])")},
-              QStringLiteral("XML Files (*.xml)")},
-             {"every file",
-              "All Files  (*.*)|*.*|",
-              {QStringLiteral("All Files (*.*) (*)")},
-              QStringLiteral("All Files (*.*)")},
-             {"two, and no letters",
-              "Plans|*.x; *.1|",
-              {QStringLiteral("Plans (*.x *.1 *.[xX])")},
-              QStringLiteral("Plans")},
-             {"a bracket of words",
-              "Plans (old)|*.x|",
-              {QStringLiteral("Plans (old) (*.x *.[xX])")},
-              QStringLiteral("Plans (old)")}}) {
+    for (const auto& [border, filter, patterns, description] : Table<const char*, const char*, const char*>{
+             {"with the patterns", "XML Files (*.xml)|*.xml|", "*.xml *.[xX][mM][lL]", "XML Files (*.xml)"},
+             {"every file", "All Files  (*.*)|*.*|", "*", "All Files (*.*)"},
+             {"two, and no letters", "Plans|*.x; *.1|", "*.x *.1 *.[xX]", "Plans"},
+             {"a bracket of words", "Plans (old)|*.x|", "*.x *.[xX]", "Plans (old)"}}) {
         FileQuery query;
         query.filter = filter;
         const Shown shown = ShownFor(query);
-        EXPECT_EQ(shown.filters, filters) << border;
-        EXPECT_EQ(shown.description, description) << border;
+        EXPECT_EQ(shown.filters, QStringList{QStringLiteral("%1 (%2)").arg(description, patterns)}) << border;
+        EXPECT_EQ(shown.description, QString(description)) << border;
     }
 }
 

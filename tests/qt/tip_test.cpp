@@ -77,24 +77,6 @@ TEST_F(Tips, ALabelThatIsCutOffIsShownWhole) {
     }
 }
 
-TEST_F(Tips, WhatIsPaintedIsPaintedAgainInAnotherTheme) {
-    struct Painted : CWnd {
-        COLORREF ground = 0;
-        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-            if (message == WM_PAINT)
-                ground = GetSysColor(COLOR_WINDOW);
-            return CWnd::WindowProc(message, wParam, lParam);
-        }
-    } painted;
-    painted.CreateEx(0, "KorvelFrame", "", WS_CHILD | WS_VISIBLE | WS_BORDER, {0, 0, 50, 50}, &m_frame, 4);
-    for (const QColor ground : {QColor(30, 31, 32), QColor(250, 251, 252)}) {
-        QPalette palette = m_palette;
-        palette.setColor(QPalette::Base, ground);
-        QApplication::setPalette(palette);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return painted.ground == internal::FromQColor(ground); }));
-    }
-}
-
 } // namespace
 
 } // namespace korvel::test

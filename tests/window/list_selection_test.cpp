@@ -24,6 +24,7 @@ TEST_F(ListSelection, ARefusalKeepsSelectionFocusMarkAndScrolling) {
              {"the former row", LVS_SINGLESEL, 0, choose, {"changing 2", "changing 0"}},
              {"a row that would lose the focus alone", 0, 0, choose, {"changing 2", "changing 0"}},
              {"a click where several can be selected", 0, 2, click, {"changing 2", "click 2"}},
+             {"a key", LVS_SINGLESEL, 8, [this] { Key(VK_END); }, {"changing 8"}},
              {"a key with Control", 0, 8, [this] { KeyWith(VK_CONTROL, VK_END); }, {"changing 8"}},
              {"a key with Shift", 0, 8, [this] { KeyWith(VK_SHIFT, VK_END); }, {"changing 8"}}}) {
         SCOPED_TRACE(border);

@@ -44,6 +44,7 @@ TEST_F(ProgressTest, ThePositionStaysInTheRangeAndAStepBeginsAnew) {
              {"a step", {}, 90, step, 90, 100},
              {"a step beyond", {}, 95, step, 95, 5},
              {"a large step", {0, 7}, 6, step, 6, 2},
+             {"a step nowhere", {5, 5}, 5, step, 5, 5},
              {"the widest range", {INT_MIN, INT_MAX}, INT_MAX, step, INT_MAX, INT_MIN + 10},
              {"by more than there is", {}, 40, [](auto& b) { return b.OffsetPos(INT_MAX); }, 40, 100},
              {"a range that cuts", {}, 40, narrow(0, 30), MAKELPARAM(0, 100), 30},

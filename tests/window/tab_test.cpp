@@ -25,6 +25,7 @@ TEST_F(TabTest, TheCurrentTabStaysWhileOthersComeAndGo) {
     using Act = std::function<int(CTabCtrl&)>;
     for (const auto& [border, act, answer, current] : Table<Act, int, int>{
              {"insert before", [](auto& t) { return t.InsertItem(0, "x"); }, 0, 2},
+             {"insert below", [](auto& t) { return t.InsertItem(-1, "x"); }, -1, 1},
              {"insert beyond", [](auto& t) { return t.InsertItem(9, "x"); }, 3, 1},
              {"delete before", [](auto& t) { return t.DeleteItem(0); }, 1, 0},
              {"delete it", [](auto& t) { return t.DeleteItem(1); }, 1, -1},
