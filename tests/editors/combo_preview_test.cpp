@@ -114,6 +114,7 @@ TEST_F(ComboPreviewTest, ThePictureStaysOnTheScreen) {
     const Table<CRect, CPoint> cases = {
         {"below its row", {100, 200, 180, 220}, {100, 220}},
         {"at the right edge", {1900, 200, 1980, 220}, {1888, 220}},
+        {"just fits below", {100, 1038, 180, 1058}, {100, 1058}},
         {"above where there is no room below", {100, 1050, 180, 1070}, {100, 1028}},
         {"where the next screen begins", {1920, 200, 2000, 220}, {1920, 220}},
     };

@@ -48,6 +48,7 @@ TEST_F(ComboStatesTest, ClicksAndKeys) {
         {"no checked one", drop, Both, family, "", "press check g", "+g|c", "g", "9", "select 1, select 2"},
         {"space is quiet", drop, Both, family, "", "down, space", "+g|c", "g", "", "select 1, select 2"},
         {"a button", drop, Both, family, "", "press button g, down", "-g|  a|  b|c", "a", "", ""},
+        {"a parent alone", drop, Both, parent, "", "press check a, right", "-xa|  b", "a", "9", "select 1"},
         {"its child's check", drop, Both, parent, ",2,", "press check a", "-a|  xb", "a", "9", "deselect 1"},
         {"deep", drop, Both, deep, ",2,", "press check g", "-g|  -a|    b", "g", "9", "deselect 2"},
 

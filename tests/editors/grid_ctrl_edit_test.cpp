@@ -352,7 +352,8 @@ TEST_F(GridEditTest, CommandsAndKeysCopyCutAndPasteTheWholeText) {
          {"paste", {VK_CONTROL, 'V'}, "abc", "1+2", "1+2"},
          {"the command to paste", {ID_EDIT_PASTE}, "abc", "1+2", "1+2"},
          {"the other keys to paste", {VK_SHIFT, VK_INSERT}, "abc", "1+2", "1+2"},
-         {"with Shift the field's own", {VK_CONTROL, VK_SHIFT, 'V'}, "abc", "a1+2c", "1+2"}});
+         {"with Shift the field's own", {VK_CONTROL, VK_SHIFT, 'V'}, "abc", "a1+2c", "1+2"},
+         {"AltGr as well", {VK_CONTROL, VK_MENU, 'V'}, "abc", "a1+2c", "1+2"}});
     display.SetClipboardText("");
     run({{"an empty text to paste", {VK_CONTROL, 'V'}, "abc", "abc", ""}});
 }
