@@ -7,6 +7,8 @@
 #include <QEventLoop>
 #include <QLabel>
 #include <QProgressBar>
+#include <QTimer>
+#include <atomic>
 #include <thread>
 
 namespace korvel::test {
@@ -43,13 +45,20 @@ TEST_F(Progress, ValuesThatComeFasterThanFramesArePaintedOnceInEach) {
     QElapsedTimer clock;
     clock.start();
     QEventLoop loop;
+    std::atomic<bool> hasEnded = false;
     std::thread worker([&] {
         for (int i = 1; i <= Values; ++i) {
             m_dialog->SetPos(i % 2 ? 100 : i % 100); // each one far from the one before
             m_dialog->SetText(std::to_string(i));
         }
-        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+        hasEnded = true;
     });
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, &loop, [&] {
+        if (hasEnded)
+            loop.quit();
+    });
+    poll.start(10);
     loop.exec();
     worker.join();
     const auto isShown = [&] { return static_cast<QLabel&>(status).text() == QString::number(Values); };
