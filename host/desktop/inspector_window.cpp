@@ -188,7 +188,9 @@ bool InspectorWindow::Load(const std::string& path) {
             },
             [&](CheckedDocument read, ReadingProgress* progress) { Take(std::move(read), progress); });
     });
-    if (!isOpen)
+    if (isOpen)
+        m_pane->SetFocus(); // the dialog had it
+    else
         m_reports.Cancelled(path);
     return isOpen;
 }

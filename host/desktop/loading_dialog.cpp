@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 #include <chrono>
+#include <memory>
 #include <utility>
 
 namespace korvel::inspector {
@@ -64,9 +65,7 @@ bool LoadingDialog::Run(const Reader& read, Shower show) {
         Show(nullptr);
     } else {
         DoModal();
-        if (m_thread.joinable()) // the application has ended, and the dialog with it
-            SetCancelled(true);
-        EndThread();
+        EndThread(); // where the application has ended, and the dialog with it
     }
     try {
         if (m_failure)
@@ -87,10 +86,12 @@ void LoadingDialog::StartThread(const Reader& read) {
     });
 }
 
-// The thread sends what the dialog is to show.
+// The thread sends what the dialog is to show. Where it has not read all, nobody wants the rest.
 void LoadingDialog::EndThread() {
     if (!m_thread.joinable())
         return;
+    if (m_read.wait_for(0s) != std::future_status::ready)
+        SetCancelled(true);
     ServeSendsUntil([this] { return m_read.wait_for(0s) == std::future_status::ready; });
     m_thread.join();
 }
@@ -116,16 +117,13 @@ void LoadingDialog::Show(ReadingProgress* progress) {
 }
 
 bool LoadingDialog::OnCommand(WPARAM wParam, LPARAM lParam) {
-    m_isAsking = true;
-    bool isHandled = false;
-    try {
-        isHandled = CDlgProgress::OnCommand(wParam, lParam);
-    } catch (...) {
-        EndAsking();
-        throw;
-    }
-    EndAsking();
-    return isHandled;
+    const bool isOutermost = !std::exchange(m_isAsking, true);
+    const auto end = [&](LoadingDialog* dialog) {
+        if (isOutermost)
+            dialog->EndAsking();
+    };
+    const std::unique_ptr<LoadingDialog, decltype(end)> asking(this, end);
+    return CDlgProgress::OnCommand(wParam, lParam);
 }
 
 void LoadingDialog::EndAsking() {

@@ -44,8 +44,10 @@ void DocumentReports::Loaded(OpenDocument& document, const Findings& findings) {
             path, finding->Text(), PlaceOf(m_document, *finding));
     for (const std::string& notice : loaded.Notices())
         Add(CEventMessage::eWarning, path, platform::ToUtf8(notice));
+    const std::size_t count = loaded.Tree().Count();
     Add(CEventMessage::eInformation, path,
-        Say({"loaded, with %1 elements", {std::to_string(loaded.Tree().Count())}}));
+        Say(count == 1 ? Message("loaded, with 1 element")
+                       : Message("loaded, with %1 elements", {std::to_string(count)})));
 }
 
 void DocumentReports::Saved(const std::string& path) {

@@ -50,16 +50,21 @@ GridPane::GridPane() : m_grid(&m_observer, &m_enumerations) {
 
 void GridPane::Show(OpenDocument& document, ReadingProgress* progress) {
     Clear();
-    m_document = &document;
-    m_grid.SetDocument(&document);
-    m_grid.DivideWidth(); // the widths that the columns begin with
-    BindRoot(document.Document(), progress);
-    m_grid.DivideWidth(); // the rows may have brought a scroll bar
-    Select(0);
-    m_grid.SetFocus();
-    document.Extras().SetHooks(
-        {[this](const std::string& text) { Copy(text); },
-         [this](IMemberDispatch& object, const std::string& name) { OpenGroup(object, name); }});
+    try {
+        m_document = &document;
+        m_grid.SetDocument(&document);
+        m_grid.DivideWidth(); // the widths that the columns begin with
+        BindRoot(document.Document(), progress);
+        m_grid.DivideWidth(); // the rows may have brought a scroll bar
+        Select(0);
+        m_grid.SetFocus();
+        document.Extras().SetHooks(
+            {[this](const std::string& text) { Copy(text); },
+             [this](IMemberDispatch& object, const std::string& name) { OpenGroup(object, name); }});
+    } catch (...) {
+        Clear();
+        throw;
+    }
 }
 
 // Most of the time that a large document takes goes into its rows, which the grid asks for in this thread.

@@ -90,6 +90,7 @@ constexpr Translation Translations[] = {
     // of what a document holds
     {"line %1: %2 is no valid value of %3", "Zeile %1: %2 ist kein gültiger Wert von %3"},
     {"line %1: LandXML has no element %2", "Zeile %1: LandXML hat kein Element %2"},
+    {"loaded, with 1 element", "geladen, mit 1 Element"},
     {"loaded, with %1 elements", "geladen, mit %1 Elementen"},
     {"%1 more are not listed", "%1 weitere sind nicht aufgeführt"},
     {"saved", "gespeichert"},
