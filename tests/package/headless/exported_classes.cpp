@@ -49,7 +49,8 @@ void UseExportedClasses() {
            CGridCtrlComboBoxInputStateTreeCheckBox>();
     UseAll<CEditableGrid, MemberCommandGrid, CellEditGrid, ExchangeGrid, IGridErrorReporter, CSuperGridCtrl,
            CItemInfo, CSuperGridCtrl::CTreeItem, ChildList>();
-    UseAll<CEventSinkObserver, IEventSink, IEventSource, PlacedEventSink, CGridEvents, EventQueue, EventFilter>();
+    UseAll<CEventSinkObserver, IEventSink, IEventSource, PlacedEventSink, CGridEvents, EventQueue,
+           EventFilter>();
     UseAll<CSubclassWnd, CComboListHook<CComboList>, IItem, CBaseItem, CPaneManager, LaidOut, DlgStateBase,
            CLayoutTabCtrlPage, CConfigurationTabCtrlPage>();
     UseAll<INumberFormatChanged, IAngleFormatChanged, IDateFormatChanged, ISystemChangedObserver>();
