@@ -14,7 +14,7 @@ class QLineEdit;
 
 namespace korvel::inspector {
 
-/// The messages below the document, closed at first: a list, what of it is shown, and what can be done with it.
+/// The messages below the document: a list, what of it is shown, and what can be done with it.
 class EventsDock final : public QDockWidget {
 public:
     struct Hooks {

@@ -1,7 +1,6 @@
 #include "desktop/inspector_window.h"
 
 #include "desktop/frame_room.h"
-#include "desktop/loading_dialog.h"
 #include "desktop/said.h"
 #include "desktop/status_text.h"
 #include "korvel/dialogs/file_dialog.h"
@@ -179,7 +178,7 @@ void InspectorWindow::Open(const std::string& path) {
 
 bool InspectorWindow::Load(const std::string& path) {
     const QScopedValueRollback loading(m_isLoading, true);
-    LoadingDialog dialog(*m_pane, AsRect(geometry()));
+    LoadingDialog dialog(*m_pane, AsRect(geometry()), m_patience);
     bool isOpen = false;
     Report(path, [&] {
         isOpen = dialog.Run(
@@ -207,9 +206,8 @@ void InspectorWindow::Report(const std::string& path, const std::function<void()
     }
 }
 
-// The former document lives until the new one has its rows, and gets its own back where that ends.
+// The former document is shown until the new one has its rows.
 void InspectorWindow::Take(CheckedDocument read, ReadingProgress* progress) {
-    const GridView view = m_pane->View();
     const char unit = GetAngleUnit();
     try {
         if (m_unitOfFile)
@@ -217,10 +215,6 @@ void InspectorWindow::Take(CheckedDocument read, ReadingProgress* progress) {
         m_pane->Show(*read.document, progress);
     } catch (...) {
         SetAngleUnit(unit);
-        if (m_document) {
-            m_pane->Show(*m_document);
-            m_pane->Restore(view);
-        }
         throw;
     }
     m_lists.reset();

@@ -6,12 +6,14 @@
 #include "desktop/events_dock.h"
 #include "desktop/file_menu.h"
 #include "desktop/lists_window.h"
+#include "desktop/loading_dialog.h"
 #include "editing/checked_document.h"
 #include "editing/document_reports.h"
 #include "editing/grid_pane.h"
 #include "editing/open_document.h"
 
 #include <QMainWindow>
+#include <chrono>
 #include <memory>
 #include <string>
 
@@ -36,6 +38,8 @@ public:
     /// The same, when the user wants to leave the one that is shown, and while the window stays alive; see
     /// LoadingDialog. A box shows what went wrong. True when the document is open.
     bool OpenOrWarn(const std::string& path);
+    /// For how long a load shows no dialog.
+    void SetPatience(std::chrono::milliseconds patience) { m_patience = patience; }
     /// Shows a text (UTF-8) in a box.
     void Warn(const std::string& text);
     GridPane& Pane() { return *m_pane; }
@@ -96,6 +100,7 @@ private:
     std::unique_ptr<ListsWindow> m_lists;     // of the open document, made when first asked for
     bool m_areListsOld = false;               // the document was edited since
     DocumentWatch m_watch;
+    std::chrono::milliseconds m_patience = LoadingDialog::Patience;
     bool m_isLoading = false;
     bool m_isRemembered = false; // it was opened by the user: where it is left is kept
     std::unique_ptr<FileMenu> m_file;

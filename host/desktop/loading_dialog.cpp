@@ -5,16 +5,12 @@
 
 #include <QCoreApplication>
 #include <algorithm>
-#include <chrono>
 #include <memory>
 #include <utility>
 
 namespace korvel::inspector {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto Moment = 150ms;    // shorter loads show no dialog
 constexpr int BetweenEvents = 20; // milliseconds, while the rows are made
 
 // Of each phase: where it ends, and what is said. The shares are those of a terrain of 100 MB.
@@ -41,7 +37,8 @@ int PositionOf(ReadingProgress::Phase phase, std::size_t done, std::size_t whole
 
 } // namespace
 
-LoadingDialog::LoadingDialog(CWnd& owner, const CRect& over) : CDlgProgress(0, &owner), m_over(over) {
+LoadingDialog::LoadingDialog(CWnd& owner, const CRect& over, std::chrono::milliseconds patience)
+    : CDlgProgress(0, &owner), m_over(over), m_patience(patience) {
     SetRange(0, Whole);
 }
 
@@ -60,7 +57,7 @@ BOOL LoadingDialog::OnInitDialog() {
 bool LoadingDialog::Run(const Reader& read, Shower show) {
     m_show = std::move(show);
     StartThread(read);
-    if (m_read.wait_for(Moment) == std::future_status::ready) {
+    if (m_read.wait_for(m_patience) == std::future_status::ready) {
         EndThread();
         Show(nullptr);
     } else {
@@ -90,9 +87,9 @@ void LoadingDialog::StartThread(const Reader& read) {
 void LoadingDialog::EndThread() {
     if (!m_thread.joinable())
         return;
-    if (m_read.wait_for(0s) != std::future_status::ready)
+    if (!IsRead())
         SetCancelled(true);
-    ServeSendsUntil([this] { return m_read.wait_for(0s) == std::future_status::ready; });
+    ServeSendsUntil([this] { return IsRead(); });
     m_thread.join();
 }
 

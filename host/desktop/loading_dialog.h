@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QObject>
+#include <chrono>
 #include <exception>
 #include <functional>
 #include <future>
@@ -13,17 +14,19 @@
 
 namespace korvel::inspector {
 
-/// Reads a document in a thread of its own while the windows stay alive. Where that takes longer than a
-/// moment, the dialog shows how far it is, and the user may cancel; the window of its owner takes no input
-/// then.
+/// Reads a document in a thread of its own while the windows stay alive. Where that takes longer than
+/// `patience`, the dialog shows how far it is, and the user may cancel; the window of its owner takes no
+/// input then.
 ///
 ///     LoadingDialog loading(owner, windowRect);
 ///     loading.Run([&](ReadingProgress* progress) { return ReadAndCheck(path, options, observer, progress); },
 ///                 [&](CheckedDocument read, ReadingProgress* progress) { Show(read, progress); });
 class LoadingDialog final : public CDlgProgress, private ReadingProgress {
 public:
+    /// Shorter loads show no dialog.
+    static constexpr std::chrono::milliseconds Patience{150};
     /// It is shown in the middle of `over`, on the screen.
-    LoadingDialog(CWnd& owner, const CRect& over);
+    LoadingDialog(CWnd& owner, const CRect& over, std::chrono::milliseconds patience = Patience);
     ~LoadingDialog() override;
 
     using Reader = std::function<CheckedDocument(ReadingProgress* progress)>;
@@ -42,6 +45,7 @@ protected:
 
 private:
     void OnProgress(Phase phase, std::size_t done, std::size_t whole) override;
+    bool IsRead() const { return m_read.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }
     void StartThread(const Reader& read);
     void EndThread();
     /// In the event loop: shows what was read, and ends the dialog.
@@ -50,6 +54,7 @@ private:
     void EndAsking();
 
     const CRect m_over;
+    const std::chrono::milliseconds m_patience;
     Shower m_show;
     std::thread m_thread;
     std::future<CheckedDocument> m_read;

@@ -109,6 +109,11 @@ void AttributeGrid::DivideWidth() {
     SetColumnWidth(1, width - name);
 }
 
+void AttributeGrid::DivideAs(const AttributeGrid& other) {
+    m_nameShare = other.m_nameShare;
+    DivideWidth();
+}
+
 CString AttributeGrid::Absolute(const CString& path) const {
     return m_document ? CString(m_document->FileChooser().Absolute(path)) : path;
 }

@@ -15,6 +15,8 @@ public:
     void SetErrorReporter(IGridErrorReporter& reporter) { m_pErrorReporter = &reporter; }
     /// To be called before a binding, and by the grid itself whenever its width changes.
     void DivideWidth();
+    /// In the shares of another grid.
+    void DivideAs(const AttributeGrid& other);
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
     /// The columns, in the user's settings under a key that ends in a separator; while a document is shown.
     void KeepColumns(const std::string& key);

@@ -31,44 +31,52 @@ grid::CTreeItem* FindStep(const ChildList& children, std::string_view path) {
 
 } // namespace
 
-GridPane::GridPane() : m_grid(&m_observer, &m_enumerations) {
+GridPane::GridPane() {
     CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
-    m_grid.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS,
-                  FirstPlace, this, GridId);
+    m_grid = MakeGrid();
+    m_grid->ShowWindow(SW_SHOW);
+}
+
+// Hidden: until it has its rows, the former one is seen.
+std::unique_ptr<AttributeGrid> GridPane::MakeGrid() {
+    auto grid = std::make_unique<AttributeGrid>(&m_observer, &m_enumerations);
+    grid->Create(WS_CHILD | WS_TABSTOP | LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS, GetClientRect(),
+                 this, GridId);
     for (const EGridOption option :
          {EGridOption::AngleUnit, EGridOption::ExactEditText, EGridOption::EscapeCancels,
           EGridOption::InlineErrors, EGridOption::StationInput, EGridOption::KeyboardEditing,
           EGridOption::WideIntegers, EGridOption::QuietCopy})
-        m_grid.SetGridOption(option, true);
-    m_grid.SetAllowCopyClipboard(true);
-    m_grid.SetAllowFormats(false);
-    m_grid.SetEnableUserAttributsTyps(~(DT_ColorARGB & ~DT_ColorRGB)); // colors of LandXML are opaque
-    m_grid.SetErrorReporter(*this);
-    m_grid.SetImageList(&RowIconPictures());
-    m_grid.ModifyImageStyle(IS_AskParent, 0);
+        grid->SetGridOption(option, true);
+    grid->SetAllowCopyClipboard(true);
+    grid->SetAllowFormats(false);
+    grid->SetEnableUserAttributsTyps(~(DT_ColorARGB & ~DT_ColorRGB)); // colors of LandXML are opaque
+    grid->SetErrorReporter(*this);
+    grid->SetImageList(&RowIconPictures());
+    grid->ModifyImageStyle(IS_AskParent, 0);
+    return grid;
 }
 
+// The former document is let go of only when nothing can fail any more.
 void GridPane::Show(OpenDocument& document, ReadingProgress* progress) {
-    Clear();
-    try {
-        m_document = &document;
-        m_grid.SetDocument(&document);
-        m_grid.DivideWidth(); // the widths that the columns begin with
-        BindRoot(document.Document(), progress);
-        m_grid.DivideWidth(); // the rows may have brought a scroll bar
-        Select(0);
-        m_grid.SetFocus();
-        document.Extras().SetHooks(
-            {[this](const std::string& text) { Copy(text); },
-             [this](IMemberDispatch& object, const std::string& name) { OpenGroup(object, name); }});
-    } catch (...) {
-        Clear();
-        throw;
-    }
+    std::unique_ptr<AttributeGrid> grid = MakeGrid();
+    grid->SetDocument(&document);
+    grid->DivideAs(*m_grid); // the widths that the columns begin with
+    Bind(*grid, document.Document(), progress);
+    LetGo();
+    m_grid = std::move(grid);
+    m_document = &document;
+    m_grid->MoveWindow(GetClientRect()); // it may be another one by now
+    m_grid->ShowWindow(SW_SHOW);
+    m_grid->DivideWidth(); // the rows may have brought a scroll bar
+    Select(0);
+    m_grid->SetFocus();
+    document.Extras().SetHooks(
+        {[this](const std::string& text) { Copy(text); },
+         [this](IMemberDispatch& object, const std::string& name) { OpenGroup(object, name); }});
 }
 
 // Most of the time that a large document takes goes into its rows, which the grid asks for in this thread.
-void GridPane::BindRoot(LandXmlDocument& document, ReadingProgress* progress) {
+void GridPane::Bind(AttributeGrid& grid, LandXmlDocument& document, ReadingProgress* progress) {
     PhaseProgress rows(progress, ReadingProgress::Phase::Rows, document.Tree().Count(), RowsAtOnce);
     std::exception_ptr failure;
     if (progress)
@@ -77,44 +85,48 @@ void GridPane::BindRoot(LandXmlDocument& document, ReadingProgress* progress) {
                 rows.Reach(element);
             } catch (...) { // the grid would read it as a member that is missing
                 failure = std::current_exception();
-                Clear();
+                grid.Clear();
             }
         });
     const std::unique_ptr<LandXmlDocument, void (*)(LandXmlDocument*)> unhook(
         &document, [](LandXmlDocument* read) { read->SetReadHook({}); });
     const ProgramTexts& texts = TheProgramTexts;
-    m_grid.Initialize(&document.Root(), InCodePage(texts.name), InCodePage(texts.value), 0);
+    grid.Initialize(&document.Root(), InCodePage(texts.name), InCodePage(texts.value), 0);
     if (failure)
         std::rethrow_exception(failure);
 }
 
 void GridPane::Clear() {
-    if (m_document) {
-        m_document->Extras().Statistics().EndThreads();
-        m_document->Extras().SetHooks({});
-    }
-    m_grid.Clear();
-    m_grid.SetDocument(nullptr);
+    LetGo();
+    m_grid->Clear();
+    m_grid->SetDocument(nullptr);
+}
+
+void GridPane::LetGo() {
+    if (!m_document)
+        return;
+    m_document->Extras().Statistics().EndThreads();
+    m_document->Extras().SetHooks({});
     m_document = nullptr;
 }
 
 IMemberDispatch* GridPane::SelectedObject() const {
-    const grid::CTreeItem* node = m_grid.GetSelectedNode();
-    return node ? m_grid.GetDispInterface(node) : nullptr;
+    const grid::CTreeItem* node = m_grid->GetSelectedNode();
+    return node ? m_grid->GetDispInterface(node) : nullptr;
 }
 
 std::string GridPane::SelectedName() const {
-    const grid::CTreeItem* node = m_grid.GetSelectedNode();
+    const grid::CTreeItem* node = m_grid->GetSelectedNode();
     return node ? node->info->text : std::string();
 }
 
 std::string GridPane::SelectedText() const {
-    return m_grid.GetItemText(m_grid.GetNextItem(-1, LVNI_SELECTED), 1);
+    return m_grid->GetItemText(m_grid->GetNextItem(-1, LVNI_SELECTED), 1);
 }
 
 RowAbilities GridPane::SelectedRow() const {
     IMemberDispatch* owner = SelectedObject();
-    const IMemberDispatch* group = owner ? m_grid.GetSelectedNode()->info->disp : m_grid.GetRootDisp();
+    const IMemberDispatch* group = owner ? m_grid->GetSelectedNode()->info->disp : m_grid->GetRootDisp();
     RowAbilities row;
     if (const IMemberDispatch* taker = group ? group : owner)
         row.canAdd = taker->GetEditFlags() & EF_Add;
@@ -136,12 +148,12 @@ void GridPane::Report(const std::string&, const std::string& message) {
 }
 
 void GridPane::Send(unsigned command) {
-    m_grid.SendMessageA(WM_COMMAND, command, 0);
+    m_grid->SendMessageA(WM_COMMAND, command, 0);
 }
 
 HWND GridPane::Field() const {
     const HWND focus = korvel::GetFocus();
-    return focus && focus != m_grid.m_hWnd && IsChild(m_grid.m_hWnd, focus) ? focus : nullptr;
+    return focus && focus != m_grid->m_hWnd && IsChild(m_grid->m_hWnd, focus) ? focus : nullptr;
 }
 
 void GridPane::SendToField(unsigned command) {
@@ -151,50 +163,50 @@ void GridPane::SendToField(unsigned command) {
 
 void GridPane::Select(int row) {
     constexpr UINT Both = LVIS_SELECTED | LVIS_FOCUSED;
-    m_grid.SetItemState(row, Both, Both);
+    m_grid->SetItemState(row, Both, Both);
 }
 
 bool GridPane::Expand(const std::string& path) {
-    const ChildList* children = &m_grid.rootItems();
+    const ChildList* children = &m_grid->rootItems();
     int row = 0;
     int lastRow = 0;
     for (std::string_view rest = path; !rest.empty();) {
         grid::CTreeItem* node = FindStep(*children, rest);
         if (!node)
             return false;
-        row = m_grid.RowOfNode(node);
-        lastRow = m_grid.ExpandNode(node, row);
+        row = m_grid->RowOfNode(node);
+        lastRow = m_grid->ExpandNode(node, row);
         children = &node->children();
         rest.remove_prefix(std::min(rest.size(), node->info->text.size() + 1));
     }
-    m_grid.EnsureVisible(lastRow, false);
-    m_grid.EnsureVisible(row, false);
+    m_grid->EnsureVisible(lastRow, false);
+    m_grid->EnsureVisible(row, false);
     Select(row);
     return true;
 }
 
 void GridPane::Reveal(IMemberDispatch& object, const std::string& name) {
-    grid::CTreeItem* node = m_grid.LookupTreeItem(&object, name);
+    grid::CTreeItem* node = m_grid->LookupTreeItem(&object, name);
     std::vector<grid::CTreeItem*> around;
     for (grid::CTreeItem* parent = node ? node->parent() : nullptr; parent; parent = parent->parent())
         around.push_back(parent);
     for (auto parent = around.rbegin(); parent != around.rend(); ++parent)
-        if ((*parent)->collapsed() && m_grid.RowOfNode(*parent) >= 0)
-            m_grid.ExpandNode(*parent, m_grid.RowOfNode(*parent));
-    const int row = node ? m_grid.RowOfNode(node) : -1;
+        if ((*parent)->collapsed() && m_grid->RowOfNode(*parent) >= 0)
+            m_grid->ExpandNode(*parent, m_grid->RowOfNode(*parent));
+    const int row = node ? m_grid->RowOfNode(node) : -1;
     if (row < 0)
         return;
-    m_grid.EnsureVisible(row, false);
+    m_grid->EnsureVisible(row, false);
     Select(row);
 }
 
 void GridPane::OpenGroup(IMemberDispatch& object, const std::string& name) {
     Reveal(object, name);
-    grid::CTreeItem* node = m_grid.LookupTreeItem(&object, name);
-    if (!node || m_grid.RowOfNode(node) < 0)
+    grid::CTreeItem* node = m_grid->LookupTreeItem(&object, name);
+    if (!node || m_grid->RowOfNode(node) < 0)
         return;
-    const int last = m_grid.ExpandNode(node, m_grid.RowOfNode(node));
-    m_grid.EnsureVisible(last, false);
+    const int last = m_grid->ExpandNode(node, m_grid->RowOfNode(node));
+    m_grid->EnsureVisible(last, false);
 }
 
 void GridPane::Copy(const std::string& text) {
@@ -211,7 +223,7 @@ void GridPane::Notify(const ProgramText& notice) {
 
 GridPane::Counts GridPane::Count() const {
     Counts counts;
-    std::vector<const ChildList*> families = {&m_grid.rootItems()};
+    std::vector<const ChildList*> families = {&m_grid->rootItems()};
     while (!families.empty()) {
         const ChildList& family = *families.back();
         families.pop_back();
@@ -227,19 +239,16 @@ GridPane::Counts GridPane::Count() const {
 }
 
 bool GridPane::OnCommand(WPARAM wParam, LPARAM lParam) {
-    if (HIWORD(wParam) != GridCopied || lParam != reinterpret_cast<LPARAM>(m_grid.m_hWnd))
+    if (HIWORD(wParam) != GridCopied || lParam != reinterpret_cast<LPARAM>(m_grid->m_hWnd))
         return CWnd::OnCommand(wParam, lParam);
     Notify(TheProgramTexts.copied);
     return true;
 }
 
-void GridPane::ChooseIcon(ImageIndex& question) {
-    question.index = static_cast<int>(IconOf(m_document->Document(), *question.disp, *question.name));
-}
-
 LRESULT GridPane::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_GET_IMAGEINDEX && m_document) {
-        ChooseIcon(*reinterpret_cast<ImageIndex*>(lParam));
+    if (message == WM_GET_IMAGEINDEX) {
+        auto& question = *reinterpret_cast<ImageIndex*>(lParam);
+        question.index = static_cast<int>(IconOf(*question.disp, *question.name));
         return 0;
     }
     if (m_document && m_document->Editing().OnMessage(message, wParam, lParam)) {
@@ -249,10 +258,10 @@ LRESULT GridPane::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == FrameIsOver && m_document)
         m_document->Editing().Settle();
     const LRESULT result = CWnd::WindowProc(message, wParam, lParam);
-    if (message == WM_SIZE)
-        m_grid.MoveWindow(GetClientRect());
+    if (message == WM_SIZE && m_grid)
+        m_grid->MoveWindow(GetClientRect());
     else if (message == WM_SETFOCUS)
-        m_grid.SetFocus();
+        m_grid->SetFocus();
     return result;
 }
 

@@ -9,6 +9,7 @@
 #include "texts/program_texts.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -33,14 +34,14 @@ public:
     /// What documents that are shown here are to be opened with.
     EditObserver& Observer() { return m_observer; }
     /// Shows a document instead of what was shown, with the first row selected. It must live until Clear or
-    /// the end of the pane. What `progress`, which hears of the rows, throws comes out; nothing is shown then.
-    /// It may run events meanwhile, but not use the pane.
+    /// the end of the pane. What `progress`, which hears of the rows, throws comes out, and the former document
+    /// stays as it is. It may run events meanwhile, but not use the pane.
     void Show(OpenDocument& document, ReadingProgress* progress = nullptr);
     void Clear();
 
     /// Writes what is being typed into a cell or as a name. False when it is refused, which the user has been
     /// told; whatever is to be done next must not be done then.
-    bool EndEdit() { return m_grid.EndEdit(); }
+    bool EndEdit() { return m_grid->EndEdit(); }
     /// Called with what the user is to be told of a failure.
     void SetFailureHook(std::function<void(const std::string& message)> hook) {
         m_failureHook = std::move(hook);
@@ -67,12 +68,12 @@ public:
     /// Selects the row of a member, with the groups around it open. Without effect when it is not shown.
     void Reveal(IMemberDispatch& object, const std::string& name);
     // The columns as the user has divided them, under a key of the user's settings that ends in a separator.
-    void KeepColumns(const std::string& key) { m_grid.KeepColumns(key); }
-    void RestoreColumns(const std::string& key) { m_grid.RestoreColumns(key); }
-    void ExpandAll() { m_grid.ExpandAll(); }
-    GridView View() const { return ViewOf(m_grid); }
+    void KeepColumns(const std::string& key) { m_grid->KeepColumns(key); }
+    void RestoreColumns(const std::string& key) { m_grid->RestoreColumns(key); }
+    void ExpandAll() { m_grid->ExpandAll(); }
+    GridView View() const { return ViewOf(*m_grid); }
     /// After Show.
-    void Restore(const GridView& view) { inspector::Restore(m_grid, view); }
+    void Restore(const GridView& view) { inspector::Restore(*m_grid, view); }
     /// How many rows of the document there are when all is expanded: those that can hold others, and those
     /// that cannot.
     struct Counts {
@@ -87,9 +88,10 @@ protected:
     bool OnCommand(WPARAM wParam, LPARAM lParam) override;
 
 private:
-    void BindRoot(LandXmlDocument& document, ReadingProgress* progress);
+    std::unique_ptr<AttributeGrid> MakeGrid();
+    static void Bind(AttributeGrid& grid, LandXmlDocument& document, ReadingProgress* progress);
+    void LetGo();
     void Report(const std::string& caption, const std::string& message) override;
-    void ChooseIcon(ImageIndex& question);
     void Select(int row);
     /// Reveals a member that is a group, and opens it.
     void OpenGroup(IMemberDispatch& object, const std::string& name);
@@ -99,7 +101,7 @@ private:
 
     EditObserver m_observer; // outlives the grid, as the next one
     LandXmlEnumerations m_enumerations;
-    AttributeGrid m_grid;
+    std::unique_ptr<AttributeGrid> m_grid; // null only until the window is made
     OpenDocument* m_document = nullptr;
     std::function<void(const std::string& message)> m_failureHook;
     std::function<void(const std::string& message)> m_noticeHook;

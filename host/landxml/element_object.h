@@ -22,6 +22,7 @@ public:
     ElementObject(LandXmlDocument& document, ElementIndex element);
 
     ElementIndex Element() const { return m_element; }
+    LandXmlDocument& Document() const { return m_document; }
 
     const std::string& GetIdent() const override;
     void GetMemberNames(std::list<std::string>& names) override;

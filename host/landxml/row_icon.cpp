@@ -164,9 +164,11 @@ RowIcon IconOfMember(LandXmlDocument& document, ElementIndex owner, const std::s
 
 } // namespace
 
-RowIcon IconOf(LandXmlDocument& document, IMemberDispatch& owner, const std::string& name) {
+RowIcon IconOf(IMemberDispatch& owner, const std::string& name) {
     if (typeid(owner) == typeid(ElementObject)) { // faster than a cast that looks for bases
-        const ElementIndex element = static_cast<ElementObject&>(owner).Element();
+        const auto& object = static_cast<const ElementObject&>(owner);
+        const ElementIndex element = object.Element();
+        LandXmlDocument& document = object.Document();
         const std::optional<Member> member = document.FindMember(element, name);
         return member ? IconOfMember(document, element, name, *member) : RowIcon::Statistics;
     }

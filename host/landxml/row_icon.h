@@ -8,8 +8,6 @@ class IMemberDispatch;
 
 namespace korvel::inspector {
 
-class LandXmlDocument;
-
 /// The icons of rows: the places of their pictures in the list of the grid, see editing/row_icon_pictures.h.
 enum class RowIcon : int {
     // groups, by the kind of element
@@ -65,8 +63,8 @@ enum class RowIcon : int {
     Count
 };
 
-/// The icon of a member of an object that the document shows, be it one of its elements or one that was added
+/// The icon of a member of an object that a grid shows, be it an element of a document or one that was added
 /// to them. It costs next to nothing after the object was asked for that member's value.
-RowIcon IconOf(LandXmlDocument& document, IMemberDispatch& owner, const std::string& name);
+RowIcon IconOf(IMemberDispatch& owner, const std::string& name);
 
 } // namespace korvel::inspector

@@ -35,8 +35,7 @@ protected:
     RowIcon IconAt(const std::string& path) {
         const std::size_t slash = path.rfind('/');
         const bool isOfRoot = slash == std::string::npos;
-        return IconOf(Document(), At(isOfRoot ? "" : path.substr(0, slash)),
-                      isOfRoot ? path : path.substr(slash + 1));
+        return IconOf(At(isOfRoot ? "" : path.substr(0, slash)), isOfRoot ? path : path.substr(slash + 1));
     }
 };
 
@@ -80,9 +79,7 @@ TEST_F(RowIconTest, EachKindOfMemberHasItsIcon) {
 TEST_F(RowIconTest, AnEditChangesTheIcon) {
     IMemberDispatch& alignment = At("Alignments/Alignment a [foreign]");
     IMemberDispatch& points = At("Surfaces/Surface s/Definition/Pnts");
-    const auto icon = [this](IMemberDispatch& owner, const char* name) {
-        return IconOf(Document(), owner, name);
-    };
+    const auto icon = [this](IMemberDispatch& owner, const char* name) { return IconOf(owner, name); };
     EXPECT_EQ(icon(alignment, "desc"), RowIcon::Text);
     EXPECT_TRUE(alignment.RenameMember("desc", "staEnd"));
     EXPECT_EQ(icon(alignment, "staEnd [invalid]"), RowIcon::Invalid);

@@ -1,5 +1,6 @@
 #include "desktop/loading_dialog.h"
 #include "inspector/edited_window.h"
+#include "korvel/output/angles.h"
 #include "source/document_error.h"
 
 #include <future>
@@ -133,6 +134,45 @@ TEST_F(LoadingTest, PassesOnWhatFails) {
     EXPECT_TRUE(m_window->isEnabled());
 }
 
+TEST_F(LoadingTest, ACancelAmongTheRowsLeavesTheFormerOnesAsTheyAre) {
+    struct CancelAtRows final : ReadingProgress {
+        void OnProgress(Phase phase, std::size_t, std::size_t) override {
+            if (phase == Phase::Rows)
+                throw ReadingCancelled();
+        }
+    } progress;
+    GridPane& pane = m_window->Pane();
+    pane.Expand("Line a/length");
+    const CEditableGrid* grid = &Grid();
+    const CheckedDocument next = ReadAndCheck(m_path, {}, pane.Observer(), &progress);
+    EXPECT_THROW(pane.Show(*next.document, &progress), ReadingCancelled);
+    EXPECT_EQ(&Grid(), grid);
+    EXPECT_EQ(pane.SelectedName(), "length");
+    EXPECT_TRUE(Grid().IsWindowVisible());
+    Edit("length", "7"); // it is still heard by the former document
+    EditAction("Undo").trigger();
+    EXPECT_EQ(ValueOf("length").substr(0, 1), "1");
+    pane.Show(*next.document, nullptr);
+    EXPECT_NE(&Grid(), grid);
+    EXPECT_EQ(Grid().GetItemCount(), 1);
+    EXPECT_TRUE(Grid().IsWindowVisible());
+    pane.Clear();
+}
+
+TEST_F(LoadingTest, AnglesTakeTheUnitOfADocumentThatIsThere) {
+    m_window = std::make_unique<InspectorWindow>(ReadingOptions{}, true);
+    Write("<LandXML><Units><Metric angularUnit='grads' directionUnit='grads'/></Units><Line "
+          "dir='50'/></LandXML>");
+    m_window->Open(m_path);
+    m_window->Pane().Expand("Line/dir");
+    EXPECT_EQ(GetAngleUnit(), 'g');
+    EXPECT_THAT(ValueOf("dir"), testing::HasSubstr("gon"));
+    Write("<LandXML>");
+    EXPECT_THROW(m_window->Open(m_path), DocumentError);
+    EXPECT_EQ(GetAngleUnit(), 'g');
+    SetAngleUnit('d');
+}
+
 TEST_F(LoadingTest, KeepsTheFormerDocumentWithItsChangesUntilTheNextIsThere) {
     std::string large = "<LandXML><Surface name='s'><Definition surfType='TIN'><Pnts>";
     for (int i = 1; i < 150'000; ++i)
@@ -141,13 +181,13 @@ TEST_F(LoadingTest, KeepsTheFormerDocumentWithItsChangesUntilTheNextIsThere) {
     std::ofstream(path, std::ios::binary) << large + "</Pnts></Definition></Surface></LandXML>";
     const std::string broken = m_folder.Path() / "broken.xml";
     std::ofstream(broken, std::ios::binary) << "<LandXML>";
+    m_window->SetPatience(0ms);
     m_window->Pane().Expand("Line a/length");
     Edit("length", "7");
     const std::string length = ValueOf("length");
 
     Answer("Don’t Save");
-    const auto pressOk = [] { Press("OK"); };
-    QTimer::singleShot(50, qApp, pressOk);
+    QTimer::singleShot(50, qApp, [] { Press("OK"); });
     EXPECT_FALSE(m_window->OpenOrWarn(broken));
     EXPECT_EQ(ValueOf("length"), length);
 

@@ -87,6 +87,14 @@ TEST_F(ListGeometry, AScrollBarThatComesSendsTheNewSizeOnceRedrawIsOn) {
     resized.SetRedraw(true);
     EXPECT_EQ(resized.widths, (Rows{200, 183}));
     EXPECT_TRUE(display.TakeChanges(resized.m_hWnd) & Aspect::Scroll);
+    resized.InsertItem(6, "");
+    EXPECT_TRUE(display.TakeChanges(resized.m_hWnd) & Aspect::Rows);
+    resized.DeleteItem(6);
+    EXPECT_TRUE(display.TakeChanges(resized.m_hWnd) & Aspect::Scroll);
+    resized.DeleteAllItems();
+    for (int row = 0; row < 6; ++row)
+        resized.InsertItem(row, ""); // the last one brings the bar back
+    EXPECT_EQ(resized.widths, (Rows{200, 183, 200, 183}));
 }
 
 TEST_F(ListGeometry, AutomaticWidthsFitTextsTitleAndTheRest) {

@@ -115,11 +115,11 @@ void CGridEvents::Add(const CEventMessage& message, const EventPlace* place) {
 }
 
 void CGridEvents::OnClearEvent() {
-    const auto former = m_parts->events.Unlist();
+    auto former = m_parts->events.Unlist();
     try {
         SendMessageA(LVM_DELETEALLITEMS);
     } catch (...) { // of a handler, and some rows stay
-        m_parts->events.ListAgain(former);
+        m_parts->events.ListAgain(std::move(former));
         throw;
     }
 }

@@ -38,7 +38,7 @@ public:
     /// for each window, after it was made; a further call does nothing.
     void CreateHeader();
 
-    /// Inserts a row at the top (LVN_INSERTITEM).
+    /// Inserts a row at the top (LVN_INSERTITEM). What a handler throws there comes out; the message is kept.
     void OnAddEvent(const CEventMessage& message) override;
     void OnAddPlacedEvent(const CEventMessage& message, const EventPlace& place) override;
     /// Deletes the rows and nothing else: the messages stay in memory.

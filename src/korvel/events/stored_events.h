@@ -28,8 +28,10 @@ public:
     /// may hold a message that it had from a row.
     std::vector<StoredEvent*> Unlist() { return std::exchange(m_listed, {}); }
     /// Puts back what was unlisted, before those that came since.
-    void ListAgain(const std::vector<StoredEvent*>& former) {
-        m_listed.insert(m_listed.begin(), former.begin(), former.end());
+    /// It needs no memory where none came.
+    void ListAgain(std::vector<StoredEvent*> former) {
+        former.insert(former.end(), m_listed.begin(), m_listed.end());
+        m_listed = std::move(former);
     }
 
     const std::map<int, StoredEvent>& All() const { return m_messages; }
