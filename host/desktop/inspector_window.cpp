@@ -255,7 +255,6 @@ void InspectorWindow::CloseDocument() {
     m_pane->Clear();
     m_edit->SetDocument(nullptr);
     m_document.reset();
-    m_reports.Closed();
     m_isRemembered = false;
     ShowDocument();
 }

@@ -104,8 +104,6 @@ void LoadingDialog::OnRead() {
 
 void LoadingDialog::Show(ReadingProgress* progress) {
     try {
-        if (IsCancelled())
-            throw ReadingCancelled();
         m_show(m_read.get(), progress);
         m_isShown = true;
     } catch (...) {

@@ -27,8 +27,6 @@ public:
     void Saved(const std::string& path);
     void Failed(const std::string& path, const std::string& reason);
     void Cancelled(const std::string& path);
-    /// No document is open.
-    void Closed() { ++m_document; }
 
     /// Nothing for a place in another document than the last one; an empty name where the member is gone.
     std::optional<ChangedMember> Find(OpenDocument& document, const EventPlace& place) const;
@@ -38,7 +36,7 @@ private:
              EventPlace place = {});
 
     EventQueue m_queue{*this};
-    std::uint32_t m_document = 0; // the number of the open one
+    std::uint32_t m_document = 0; // the number of the last one
 };
 
 } // namespace korvel::inspector

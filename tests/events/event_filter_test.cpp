@@ -120,6 +120,7 @@ TEST_F(EventFilterTest, SelectionFocusAndScrollingStayWithTheirMessages) {
         selected.push_back(list.GetItemText(row, 4));
     EXPECT_EQ(selected, (Labels{"11", "7"}));
     EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), rowOf("7"));
+    EXPECT_EQ(list.GetSelectionMark(), rowOf("7"));
     EXPECT_EQ(list.GetItemText(list.GetTopIndex(), 4), top);
     EXPECT_EQ(parent.Take(), Notices{});
 

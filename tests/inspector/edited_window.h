@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDockWidget>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -73,6 +74,17 @@ protected:
     }
     QAction& FileAction(const char* text) const { return Action(0, text); }
     QAction& EditAction(const char* text) const { return Action(1, text); }
+    EventsDock& Dock() const { return dynamic_cast<EventsDock&>(*m_window->findChild<QDockWidget*>()); }
+    CGridEvents& List() const { return Dock().Pane().List(); }
+    // Type and event of each message, the newest first.
+    std::string Messages() const {
+        QApplication::processEvents(); // hands them over
+        std::string messages;
+        for (int row = 0; row < List().GetItemCount(); ++row)
+            messages += std::to_string(List().MessageAt(row)->m_Type) + ' ' +
+                        List().MessageAt(row)->m_strEvent + '\n';
+        return messages;
+    }
     // Presses a button of the next box.
     void Answer(const char* button) {
         QTimer::singleShot(

@@ -1,7 +1,6 @@
 #include "inspector/edited_window.h"
 
 #include <QComboBox>
-#include <QDockWidget>
 #include <QLineEdit>
 
 namespace korvel::inspector {
@@ -14,17 +13,6 @@ protected:
         : EditedWindowTest(
               "<LandXML>\n<Line name='a' length='x'/>\n<Curve name='b' radius='y'/>\n<New/></LandXML>") {}
 
-    EventsDock& Dock() const { return dynamic_cast<EventsDock&>(*m_window->findChild<QDockWidget*>()); }
-    CGridEvents& List() const { return Dock().Pane().List(); }
-    // Type and event of each message, the newest first.
-    std::string Messages() const {
-        QApplication::processEvents(); // hands them over
-        std::string messages;
-        for (int row = 0; row < List().GetItemCount(); ++row)
-            messages += std::to_string(List().MessageAt(row)->m_Type) + ' ' +
-                        List().MessageAt(row)->m_strEvent + '\n';
-        return messages;
-    }
     void Choose(const std::string& event) {
         for (int row = 0; row < List().GetItemCount(); ++row)
             if (List().MessageAt(row)->m_strEvent == event) {
@@ -92,6 +80,16 @@ TEST_F(EventsDockTest, TellsFailuresWithoutTheNameOfTheirFile) {
     const std::string messages = Messages();
     EXPECT_THAT(messages, testing::StartsWith("2 line 1, position "));
     EXPECT_EQ(List().MessageAt(0)->m_strSource, "broken.xml");
+}
+
+TEST_F(EventsDockTest, SaysHowManyFindingsAreNotListed) {
+    Messages();
+    std::string source = "<LandXML>";
+    for (int i = 0; i < 1003; ++i)
+        source += "<Line length='x'/>";
+    Write(source + "</LandXML>");
+    EXPECT_TRUE(m_window->OpenOrWarn(m_path));
+    EXPECT_THAT(Messages(), testing::HasSubstr("1 3 more are not listed\n"));
 }
 
 TEST_F(EventsDockTest, FiltersCopiesAndSavesWhatIsShown) {

@@ -134,28 +134,36 @@ TEST_F(LoadingTest, PassesOnWhatFails) {
     EXPECT_TRUE(m_window->isEnabled());
 }
 
+struct RowsHook final : ReadingProgress {
+    std::function<void()> reached;
+    void OnProgress(Phase phase, std::size_t, std::size_t) override {
+        if (phase == Phase::Rows)
+            reached();
+    }
+};
+
 TEST_F(LoadingTest, ACancelAmongTheRowsLeavesTheFormerOnesAsTheyAre) {
-    struct CancelAtRows final : ReadingProgress {
-        void OnProgress(Phase phase, std::size_t, std::size_t) override {
-            if (phase == Phase::Rows)
-                throw ReadingCancelled();
-        }
-    } progress;
+    RowsHook progress;
     GridPane& pane = m_window->Pane();
     pane.Expand("Line a/length");
     const CEditableGrid* grid = &Grid();
     const CheckedDocument next = ReadAndCheck(m_path, {}, pane.Observer(), &progress);
+    progress.reached = [] { throw ReadingCancelled(); };
     EXPECT_THROW(pane.Show(*next.document, &progress), ReadingCancelled);
     EXPECT_EQ(&Grid(), grid);
     EXPECT_EQ(pane.SelectedName(), "length");
-    EXPECT_TRUE(Grid().IsWindowVisible());
-    Edit("length", "7"); // it is still heard by the former document
+    pane.SelectedObject()->OnMemberCommand("length", 1); // copies the path
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Line a/length"));
+    Edit("length", "7");
     EditAction("Undo").trigger();
     EXPECT_EQ(ValueOf("length").substr(0, 1), "1");
-    pane.Show(*next.document, nullptr);
+
+    progress.reached = [this] { m_window->resize(700, 450), QApplication::processEvents(); };
+    pane.Show(*next.document, &progress);
     EXPECT_NE(&Grid(), grid);
     EXPECT_EQ(Grid().GetItemCount(), 1);
     EXPECT_TRUE(Grid().IsWindowVisible());
+    EXPECT_EQ(Grid().GetWindowRect().Width(), pane.GetClientRect().Width());
     pane.Clear();
 }
 
@@ -195,6 +203,7 @@ TEST_F(LoadingTest, KeepsTheFormerDocumentWithItsChangesUntilTheNextIsThere) {
     QTimer::singleShot(50, qApp, [] { Press(Cancel, [] { Press("Yes"); }); });
     EXPECT_FALSE(m_window->OpenOrWarn(path));
     EXPECT_EQ(ValueOf("length"), length);
+    EXPECT_THAT(Messages(), testing::StartsWith("0 loading was cancelled\n"));
 
     EditAction("Undo").trigger();
     EXPECT_EQ(ValueOf("length").substr(0, 1), "1");
