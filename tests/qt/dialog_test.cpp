@@ -4,6 +4,7 @@
 #include "support/dialog_fixture.h"
 
 #include <QAbstractButton>
+#include <QAccessible>
 #include <QAction>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -184,6 +185,25 @@ TEST_F(DesktopDialog, AccessKeysAreTheDialogs) {
         }
         EXPECT_EQ(IsDlgButtonChecked(m_dialog.m_hWnd, Check), 1);
         EXPECT_TRUE(qobject_cast<QAbstractButton*>(Widget(Green))->isChecked());
+    });
+}
+
+TEST_F(DesktopDialog, FieldsAreNamedAfterTheirLabels) {
+    RunWith([&] {
+        CWnd added;
+        added.CreateEx(0, "EDIT", "", WS_CHILD | WS_VISIBLE, {0, 0, 50, 20}, &m_dialog, 99);
+        const auto nameOf = [this](int id) {
+            return QAccessible::queryAccessibleInterface(Widget(id))->text(QAccessible::Name).toStdString();
+        };
+        EXPECT_EQ(nameOf(Name), "Name:");
+        EXPECT_EQ(nameOf(Check), "Closed");
+        EXPECT_EQ(nameOf(99), "Axis") << "what has no label has the title";
+        const auto relations = QAccessible::queryAccessibleInterface(Widget(Label))->relations();
+        ASSERT_EQ(relations.size(), 1);
+        EXPECT_EQ(relations[0].first->object(), Widget(Name));
+        SetDlgItemTextA(m_dialog.m_hWnd, Label, "P && &Q:");
+        QApplication::processEvents();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return nameOf(Name) == "P & Q:"; }));
     });
 }
 

@@ -1,6 +1,7 @@
 #include "korvel/qt/button_peer.h"
 
 #include "korvel/qt/convert.h"
+#include "korvel/qt/peer_context.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
@@ -44,8 +45,6 @@ QWidget& MakeLabel(HWND window, QWidget* parent) {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    if (!(view::Style(window) & SS_NOPREFIX))
-        label->setBuddy(label); // underlines the access key; what the key does is the dialog's matter
     return *label;
 }
 
@@ -107,12 +106,23 @@ void LabelPeer::Apply(Aspects aspects) {
         FollowPaced();
 }
 
+// QLabel underlines the access key only where it has a buddy; what the key does is the dialog's matter.
 void LabelPeer::Follow() {
     const QString text = TextOf(Window());
-    if (auto* label = qobject_cast<QLabel*>(&Outer()))
+    if (auto* label = qobject_cast<QLabel*>(&Outer())) {
+        if (!label->buddy() && text.contains(u'&') && !(view::Style(Window()) & SS_NOPREFIX))
+            label->setBuddy(label);
         label->setText(text);
-    else
+    } else {
         static_cast<QGroupBox&>(Outer()).setTitle(text);
+    }
+    if (Peer* field = Context().peers.Find(view::Labelled(Window())))
+        field->FollowLabel();
+}
+
+void LabelPeer::SetBuddy(QWidget& field) {
+    if (auto* label = qobject_cast<QLabel*>(&Outer()); label && !(view::Style(Window()) & SS_NOPREFIX))
+        label->setBuddy(&field);
 }
 
 } // namespace korvel::internal

@@ -27,6 +27,7 @@ public:
     LabelPeer(PeerContext& context, HWND window, QWidget* parent);
     void Apply(Aspects aspects) override;
     void Follow() override;
+    void SetBuddy(QWidget& field) override;
 
 private:
     LabelPeer(PeerContext& context, HWND window, QWidget& label);

@@ -81,6 +81,8 @@ void Peer::Apply(Aspects aspects) {
         m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
     if (aspects & Aspect::Order)
         FollowOrder();
+    if (aspects & (Aspect::Style | Aspect::Order))
+        FollowLabel();
     if (aspects & Aspect::Visible) {
         if (!view::IsShown(m_window))
             LeaveFocusToParent();
@@ -113,6 +115,15 @@ void Peer::FollowParent() {
     m_outer.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
     m_outer.setVisible(view::IsShown(m_window));
+}
+
+void Peer::FollowLabel() {
+    const CString name = view::NameOf(m_window);
+    if (name.empty())
+        return;
+    m_content.setAccessibleName(ToQString(name));
+    if (Peer* label = m_context.peers.Find(view::LabelOf(m_window)))
+        label->SetBuddy(m_content);
 }
 
 // The first of several siblings lies on top; of a top-level window nothing but this is ever told.

@@ -49,6 +49,10 @@ public:
     Mouse::Target MouseTarget() const { return {m_window, m_content, IsPainted()}; }
     /// The window is gone.
     void Detach();
+    /// Tells a label which field it names.
+    virtual void SetBuddy(QWidget& /*field*/) {}
+    /// Names the widget for those who cannot see it, see view::NameOf.
+    void FollowLabel();
     /// Puts the widget inside the peer of the window's parent, where it is not yet.
     void FollowParent();
 

@@ -1,11 +1,15 @@
 #include "korvel/window/display/window_view.h"
 
+#include "korvel/window/base/access_mark.h"
 #include "korvel/window/core/client_area.h"
 #include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/uncaught.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/core/window_rectangle.h"
 #include "korvel/window/core/window_table.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace korvel::view {
 
@@ -18,6 +22,21 @@ template <class Ask>
 auto AskControl(HWND window, Ask ask) {
     const RecordRef record = Find(window);
     return record && record->control ? ask(*record->control) : decltype(ask(*record->control))();
+}
+
+bool HasOwnText(Kind kind) {
+    return kind == Kind::Button || kind == Kind::Static;
+}
+
+// The sibling so many places behind a window; null where there is none.
+HWND Neighbor(HWND window, std::ptrdiff_t places) {
+    if (!(Style(window) & WS_CHILD))
+        return nullptr;
+    const std::vector<HWND> siblings = Children(GetParent(window));
+    const auto own = std::find(siblings.begin(), siblings.end(), window);
+    const std::ptrdiff_t at = own - siblings.begin() + places;
+    const bool isThere = own != siblings.end() && at >= 0 && at < std::ssize(siblings);
+    return isThere ? siblings[static_cast<std::size_t>(at)] : nullptr;
 }
 
 } // namespace
@@ -63,6 +82,26 @@ std::vector<HWND> Children(HWND window) {
 bool BelongsToDisplay(HWND window) {
     const auto owner = WindowTable::Instance().OwnerOf(window);
     return owner && owner == DisplayQueue();
+}
+
+HWND Labelled(HWND window) {
+    if (KindOf(window) != Kind::Static)
+        return nullptr;
+    const HWND next = Neighbor(window, 1);
+    return HasOwnText(KindOf(next)) ? nullptr : next;
+}
+
+HWND LabelOf(HWND window) {
+    const HWND before = Neighbor(window, -1);
+    return Labelled(before) == window ? before : nullptr;
+}
+
+CString NameOf(HWND window) {
+    if (!(Style(window) & WS_CHILD) || HasOwnText(KindOf(window)))
+        return {};
+    const CString label = WithoutMarks(GetWindowTextA(LabelOf(window)));
+    const HWND parent = GetParent(window);
+    return label.empty() && !(Style(parent) & WS_CHILD) ? GetWindowTextA(parent) : label;
 }
 
 SizeRange SizesOf(HWND window) {

@@ -26,6 +26,14 @@ KORVEL_API bool IsSwitchedOn(HWND window);
 KORVEL_API std::vector<HWND> Children(HWND window);
 /// True for windows of the thread that installed the display.
 KORVEL_API bool BelongsToDisplay(HWND window);
+/// The label that names a field: the one before it among its siblings. Null without one, and for what shows a
+/// text of its own: buttons, labels.
+KORVEL_API HWND LabelOf(HWND window);
+/// The field that a label names.
+KORVEL_API HWND Labelled(HWND window);
+/// What a field is called for those who cannot see it: its label, else the title of the top-level window that it
+/// lies in. Empty for buttons and labels.
+KORVEL_API CString NameOf(HWND window);
 
 KORVEL_API EditView Edit(HWND window);
 /// Of a top-level window. What its handler throws goes to the exception handler; there are no limits then.
