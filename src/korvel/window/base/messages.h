@@ -375,6 +375,13 @@ inline constexpr UINT LVM_GETEXTENDEDLISTVIEWSTYLE = LVM_FIRST + 55;
 inline constexpr UINT LVM_SUBITEMHITTEST = LVM_FIRST + 57;
 inline constexpr UINT LVM_GETSELECTIONMARK = LVM_FIRST + 66;
 inline constexpr UINT LVM_SETSELECTIONMARK = LVM_FIRST + 67;
+// Own, of lists that are read and used without looking at them (window/base/list_view.h).
+inline constexpr UINT LVM_KORVEL_READLIST = LVM_FIRST + 0xF00; // lParam: the view::ListView* to fill in
+// lParam: the view::CellView* to fill in; wParam 1: of the cell at the upper left corner of its bounds. 0: there
+// is no such cell.
+inline constexpr UINT LVM_KORVEL_READCELL = LVM_FIRST + 0xF01;
+// lParam: a const view::CellPlace*, which the user chose without the mouse; 0: nothing was chosen.
+inline constexpr UINT LVM_KORVEL_CHOOSECELL = LVM_FIRST + 0xF02;
 inline constexpr UINT NM_CLICK = static_cast<UINT>(-2);
 inline constexpr UINT NM_DBLCLK = static_cast<UINT>(-3);
 inline constexpr UINT NM_RETURN = static_cast<UINT>(-4);

@@ -190,6 +190,14 @@ void Dropped(HWND window, bool isOpen) {
         window, [&](ControlState& control) { control.Dropped(isOpen); });
 }
 
+void CellChosen(HWND list, view::CellPlace place) {
+    Guarded([&] {
+        const RecordRef record = Find(list);
+        if (record && record->control && record->control->Kind() == view::Kind::List && IsWindowEnabled(list))
+            SendMessageA(list, LVM_KORVEL_CHOOSECELL, 0, reinterpret_cast<LPARAM>(&place));
+    });
+}
+
 void Placed(HWND window, const CRect& rect) {
     Guarded([&] {
         OnOwner(

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/window/base/list_view.h"
 #include "korvel/window/base/surface.h"
 #include "korvel/window/base/types.h"
 
@@ -46,6 +47,10 @@ KORVEL_API void Stepped(HWND window, UINT code);
 /// The user opened or closed the list of a combo box or the calendar of a date control. A list opens only
 /// when the window says so (view::Choice), and a choice reported by Value closes it.
 KORVEL_API void Dropped(HWND window, bool isOpen);
+/// The user chose a cell of a list without pressing it: the list gets the focus where it takes one, and the row
+/// becomes the only one selected, as with an arrow key. Nothing happens for no such cell, and while another
+/// control keeps the focus because its text is refused; view::List says what is current then.
+KORVEL_API void CellChosen(HWND list, view::CellPlace place);
 /// The user moved or sized a top-level window (screen coordinates), or a layout sized an embedded one.
 KORVEL_API void Placed(HWND window, const CRect& rect);
 /// The user scrolled: the new positions, in pixels to the right and in rows down.

@@ -166,6 +166,10 @@ Aspects HeadlessDisplay::TakeChanges(HWND window) {
     return found ? found.mapped() : Aspects();
 }
 
+std::vector<HeadlessDisplay::RowChange> HeadlessDisplay::TakeRowChanges(HWND list) {
+    return std::exchange(m_rowChanges[list], {});
+}
+
 void HeadlessDisplay::Created(HWND window) {
     m_invalid[window] = GetClientRect(window);
 }
@@ -173,6 +177,7 @@ void HeadlessDisplay::Created(HWND window) {
 void HeadlessDisplay::Destroyed(HWND window) {
     m_invalid.erase(window);
     m_changes.erase(window);
+    m_rowChanges.erase(window);
 }
 
 void HeadlessDisplay::Changed(HWND window, Aspects aspects) {
@@ -183,6 +188,11 @@ void HeadlessDisplay::Invalidate(HWND window, const CRect& rect) {
     const auto [known, added] = m_invalid.emplace(window, rect);
     if (!added)
         known->second = known->second.United(rect);
+}
+
+void HeadlessDisplay::RowsChanged(HWND list, int first, int removed, int inserted) {
+    if (const auto kept = m_rowChanges.find(list); kept != m_rowChanges.end())
+        kept->second.push_back({first, removed, inserted});
 }
 
 void HeadlessDisplay::Focus(HWND window) {

@@ -40,6 +40,15 @@ public:
         UINT type = 0;
     };
 
+    /// What RowsChanged was told.
+    struct RowChange {
+        int first;
+        int removed;
+        int inserted;
+
+        bool operator==(const RowChange&) const = default;
+    };
+
     /// One path that was to be opened.
     struct OpenedPath {
         CString path;
@@ -93,6 +102,8 @@ public:
     CRect InvalidArea(HWND window) const;
     /// What Changed reported of a window since the last call.
     Aspects TakeChanges(HWND window);
+    /// What RowsChanged reported of a list since the last call; the first one begins to keep that.
+    std::vector<RowChange> TakeRowChanges(HWND list);
     int CursorShown() const { return m_cursor; }
     HWND FocusShown() const { return m_focus; }
 
@@ -101,6 +112,7 @@ public:
     void Destroyed(HWND window) override;
     void Changed(HWND window, Aspects aspects) override;
     void Invalidate(HWND window, const CRect& rect) override;
+    void RowsChanged(HWND list, int first, int removed, int inserted) override;
     void Focus(HWND window) override;
     void Capture(HWND window) override;
     void Wake() override;
@@ -140,6 +152,7 @@ private:
     std::vector<CRect> m_screens;
     std::map<HWND, CRect> m_invalid;
     std::map<HWND, Aspects> m_changes;
+    std::map<HWND, std::vector<RowChange>> m_rowChanges; // of lists that were asked about
     HWND m_focus = nullptr;
     std::deque<int> m_answers;
     std::deque<MenuUser> m_menuUsers;

@@ -17,6 +17,20 @@ using namespace internal;
 
 namespace {
 
+// What the object of a list has to say, too. No other window is asked, for which the message may have another
+// meaning.
+LRESULT AskList(HWND window, UINT message, WPARAM wParam, void* answer) {
+    LRESULT result = 0;
+    if (KindOf(window) == Kind::List)
+        Guarded([&] { result = SendMessageA(window, message, wParam, reinterpret_cast<LPARAM>(answer)); });
+    return result;
+}
+
+std::optional<CellView> AskCell(HWND window, WPARAM by, CellView cell) {
+    const bool isThere = AskList(window, LVM_KORVEL_READCELL, by, &cell) != 0;
+    return isThere ? std::optional(std::move(cell)) : std::nullopt;
+}
+
 // What a control says of itself, or the value of a window that is no such control.
 template <class Ask>
 auto AskControl(HWND window, Ask ask) {
@@ -148,6 +162,24 @@ ChoiceView Choice(HWND window) {
 CString ChoiceText(HWND window, int index) {
     return AskControl(
         window, [=](const ControlState& control) { return control.ChoiceText(index); });
+}
+
+ListView List(HWND window) {
+    ListView view;
+    AskList(window, LVM_KORVEL_READLIST, 0, &view);
+    return view;
+}
+
+std::optional<CellView> Cell(HWND window, CellPlace place) {
+    CellView cell;
+    cell.at = place;
+    return AskCell(window, 0, std::move(cell));
+}
+
+std::optional<CellView> CellAt(HWND window, CPoint point) {
+    CellView cell;
+    cell.bounds = {point.x, point.y, point.x, point.y};
+    return AskCell(window, 1, std::move(cell));
 }
 
 DateView Date(HWND window) {

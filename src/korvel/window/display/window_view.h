@@ -1,8 +1,10 @@
 #pragma once
 
 #include "korvel/window/base/control_view.h"
+#include "korvel/window/base/list_view.h"
 #include "korvel/window/base/types.h"
 
+#include <optional>
 #include <vector>
 
 /// What a display reads of a window. On the display's thread; for a handle that is gone everything is 0,
@@ -51,6 +53,14 @@ KORVEL_API ChoiceView Choice(HWND window);
 KORVEL_API CString ChoiceText(HWND window, int index);
 
 KORVEL_API DateView Date(HWND window);
+
+/// Of a list; everything is 0 for another window. What its object throws goes to the exception handler, as with
+/// the two that follow.
+KORVEL_API ListView List(HWND window);
+/// Nothing for no such cell; of TitleRow, the title of a column.
+KORVEL_API std::optional<CellView> Cell(HWND window, CellPlace place);
+/// The cell or title at a client point.
+KORVEL_API std::optional<CellView> CellAt(HWND window, CPoint point);
 
 /// The text to show while the pointer rests at a client point; empty: none.
 KORVEL_API CString Tip(HWND window, CPoint point);

@@ -8,6 +8,7 @@
 #include "korvel/window/list/list_mouse.h"
 #include "korvel/window/list/list_notify.h"
 #include "korvel/window/list/list_paint.h"
+#include "korvel/window/list/list_reading.h"
 #include "korvel/window/list/list_rows.h"
 #include "korvel/window/list/list_scroll.h"
 #include "korvel/window/list/list_selection.h"
@@ -165,7 +166,8 @@ std::optional<LRESULT> HandleWindow(ListState& list, UINT message, WPARAM wParam
 
 LRESULT ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (const ControlOf<ListState> list(window); list) {
-        for (const auto handle : {HandleWindow, HandleMouse, HandleListMessage, HandleItemMessage})
+        for (const auto handle :
+             {HandleWindow, HandleMouse, HandleListMessage, HandleItemMessage, HandleReading})
             if (const auto answer = handle(*list, message, wParam, lParam))
                 return *answer;
     }

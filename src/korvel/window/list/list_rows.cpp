@@ -45,6 +45,8 @@ void EraseRows(ListState& list, int first, int last) {
         ShiftForErasure(followed->row, first, last);
     for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->Outer())
         leaving->OnErased(first, last);
+    if (first < last)
+        TellRows(list, first, last - first, 0);
 }
 
 void TakeState(ListState& list, const FollowedRow& going) {
@@ -90,6 +92,8 @@ int PlaceRows(ListState& list, int row, int count, const RowBlocks::Maker& make)
         ShiftForInsertion(followed->row, row, count);
     for (LeavingRows* leaving = list.leaving; leaving; leaving = leaving->Outer())
         leaving->OnInserted(row, count);
+    if (count > 0)
+        TellRows(list, row, 0, count);
     RepaintFrom(list, row);
     return row;
 }

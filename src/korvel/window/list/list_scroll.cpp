@@ -1,5 +1,6 @@
 #include "korvel/window/list/list_scroll.h"
 
+#include "korvel/window/core/display_thread.h"
 #include "korvel/window/core/window_changes.h"
 #include "korvel/window/core/window_rectangle.h"
 #include "korvel/window/list/list_header.h"
@@ -173,7 +174,14 @@ void RepaintAll(ListState& list) {
     Repaint(list.record);
 }
 
+void TellRows(ListState& list, int first, int removed, int inserted) {
+    if (IsOnDisplay(list.record))
+        Display().RowsChanged(list.Handle(), first, removed, inserted);
+}
+
 void RepaintRows(ListState& list, int first, int last) {
+    if (first < last)
+        TellRows(list, std::max(first, 0), last - std::max(first, 0), last - std::max(first, 0));
     if (first >= last || !list.record.redraw)
         return;
     const CSize client = ClientSize(list);

@@ -26,8 +26,11 @@ void UpdateExtent(ListState& list);
 /// the number of rows alone has changed.
 void UpdateExtentForNewRows(ListState& list);
 
+/// Tells the display which rows have come and gone (IDisplay::RowsChanged).
+void TellRows(ListState& list, int first, int removed, int inserted);
+
 void RepaintAll(ListState& list);
-/// Rows that are not on screen paint nothing.
+/// Tells the display, too, that they changed. Rows that are not on screen paint nothing.
 void RepaintRows(ListState& list, int first, int last);
 void RepaintFrom(ListState& list, int row);
 
