@@ -2,6 +2,7 @@
 #include "korvel/events/grid_events.h"
 #include "korvel/events/stored_events.h"
 #include "korvel/output/dates.h"
+#include "korvel/window/display/window_view.h"
 #include "support/event_fixture.h"
 #include "support/event_list_fixture.h"
 
@@ -61,6 +62,7 @@ TEST_F(EventListTest, EachTypeHasAnIconAndAName) {
         reporter.Fire_OnAddEvent(MessageOf(static_cast<CEventMessage::EEventType>(type), "x"));
         EXPECT_EQ(list.GetItemImage(0), image);
         EXPECT_EQ(TextsOfRow(0).at(0), shown);
+        EXPECT_EQ(view::Cell(list.m_hWnd, {0, 0}).value().text, shown) << "for whoever does not see it";
     }
     EXPECT_EQ(CGridEvents::GetImageIndexFromEventType(CEventMessage::eError), 1);
 }

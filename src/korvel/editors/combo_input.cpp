@@ -63,6 +63,16 @@ void ComboInput::SetCurrentRow(int row) {
     }
 }
 
+bool ComboInput::Choose(int row) {
+    const auto state = m_state;
+    if (!m_view.IsDropDown())
+        m_control.SetFocus();
+    if (!state || state != m_state || !m_view.ItemAt(row))
+        return false;
+    state->Step(row - state->GetCurrent());
+    return true;
+}
+
 std::optional<LRESULT> ComboInput::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_LBUTTONDOWN:

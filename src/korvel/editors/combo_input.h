@@ -31,6 +31,8 @@ public:
     int CurrentRow() const;
     /// Selects the row and brings it into view; for no such row, none is current.
     void SetCurrentRow(int row);
+    /// The user chose a row without pressing it: as with an arrow key that leads there. False for no such row.
+    bool Choose(int row);
 
     /// The result of a message of the user, or none for other messages.
     std::optional<LRESULT> Handle(UINT message, WPARAM wParam, LPARAM lParam);

@@ -365,6 +365,15 @@ LRESULT CComboList::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         if (lParam == 0 && m_parts->commands.Run(LOWORD(wParam)))
             return 1;
         break;
+    case LVM_KORVEL_READLIST:
+    case LVM_KORVEL_READCELL: {
+        const LRESULT isRead = CListCtrl::WindowProc(message, wParam, lParam);
+        if (isRead)
+            m_parts->Complete(message, lParam);
+        return isRead;
+    }
+    case LVM_KORVEL_CHOOSECELL:
+        return lParam && m_parts->input.Choose(reinterpret_cast<const view::CellPlace*>(lParam)->row);
     case WM_DESTROY: {
         internal::FirstFailure failure;
         failure.Try([&] { UnIntialize(); });

@@ -124,6 +124,13 @@ void ComboListParts::OnItemMoved(const ComboTreeItem& from, ComboTreeItem& to) {
     input.SetCurrentRow(to.HasRow() ? to.GetRow() : -1);
 }
 
+void ComboListParts::Complete(UINT message, LPARAM lParam) const {
+    if (message == LVM_KORVEL_READLIST)
+        view.Complete(*reinterpret_cast<korvel::view::ListView*>(lParam), input.CurrentRow());
+    else
+        view.Complete(*reinterpret_cast<korvel::view::CellView*>(lParam));
+}
+
 void ComboListParts::PlaceBelowField() {
     if (!field)
         return;

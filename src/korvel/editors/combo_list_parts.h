@@ -26,6 +26,8 @@ struct ComboListParts final : ComboRowSink {
     void OnRowsHidden(ComboTree::RowRange rows) override;
     void OnRowsRemoved(ComboTree::RowRange rows) override;
     void OnItemMoved(const ComboTreeItem& from, ComboTreeItem& to) override;
+    /// Adds to what the list control has said of itself in LVM_KORVEL_READLIST or LVM_KORVEL_READCELL.
+    void Complete(UINT message, LPARAM lParam) const;
     /// As high as the rows need; does nothing without a field.
     void PlaceBelowField();
 

@@ -61,6 +61,29 @@ void ComboView::Collapse(ComboTreeItem& item) {
     RedrawRow(item.HasRow() ? item.GetRow() : -1);
 }
 
+void ComboView::Complete(view::ListView& list, int currentRow) const {
+    list.current.row = currentRow;
+    list.selectsMany = false;
+    list.expandKey = VK_RIGHT;
+    list.collapseKey = VK_LEFT;
+    if (IsDropDown())
+        list.keysFrom = Owner();
+}
+
+void ComboView::Complete(view::CellView& cell) const {
+    const ComboTreeItem* item = ItemAt(cell.at.row);
+    if (!item)
+        return;
+    cell.level = item->GetLevel();
+    if (cell.at.column != 0)
+        return;
+    if (item->HasChildren())
+        cell.expanded = item->IsExpanded();
+    const bool isChecked = item->GetChecked() > 0;
+    if (m_model.Binding().HasFlag(ENF_CheckBoxes)) // the host may take the item away meanwhile
+        cell.checked = isChecked;
+}
+
 HWND ComboView::Owner() const {
     return m_owner ? m_owner : GetParent(m_control.m_hWnd);
 }

@@ -3,6 +3,7 @@
 #include "korvel/editors/combo_columns.h"
 #include "korvel/editors/combo_model.h"
 #include "korvel/editors/combo_row_geometry.h"
+#include "korvel/window/base/list_view.h"
 #include "korvel/window/list/list_ctrl.h"
 
 #include <optional>
@@ -40,6 +41,11 @@ public:
     void RedrawRow(int row);
     void Expand(ComboTreeItem& item);
     void Collapse(ComboTreeItem& item);
+
+    /// What the list control does not know of itself, for whoever does not see it. Asks the host about check
+    /// boxes.
+    void Complete(view::ListView& list, int currentRow) const;
+    void Complete(view::CellView& cell) const;
 
     /// Null: the parent window of the control.
     void SetOwner(HWND owner) { m_owner = owner; }

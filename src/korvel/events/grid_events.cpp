@@ -8,6 +8,7 @@
 #include "korvel/events/redraw_pause.h"
 #include "korvel/events/stored_events.h"
 #include "korvel/values/text_table.h"
+#include "korvel/window/base/list_view.h"
 #include "korvel/window/core/thread_queue.h"
 
 #include <utility>
@@ -38,6 +39,12 @@ CString TextOfRow(LPARAM data, int column) {
     return column == 0 ? message->m_strEvent : message->*EventColumns[index].text;
 }
 
+// The list has another text in column 0 than it shows.
+void ReadType(view::CellView& cell) {
+    if (cell.at.row != view::TitleRow && cell.at.column == 0 && cell.data)
+        cell.text = NameOfEventType(EventOf(cell.data)->m_Type);
+}
+
 } // namespace
 
 struct CGridEvents::Parts {
@@ -66,6 +73,8 @@ LRESULT CGridEvents::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     const LRESULT result = CListCtrl::WindowProc(message, wParam, lParam);
     if (message == WM_CREATE)
         return result == -1 ? -1 : 0;
+    if (message == LVM_KORVEL_READCELL && result)
+        ReadType(*reinterpret_cast<view::CellView*>(lParam));
     return result;
 }
 

@@ -307,8 +307,22 @@ LRESULT CellEditGrid::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
         failure.Try([&] { m_parts->hover.OnMouseMove(PointOf(lParam)); });
     else if (message == WM_TIMER && wParam == HoverTimer::TimerId)
         failure.Try([&] { m_parts->hover.OnTimer(); });
+    else if (result && message == LVM_KORVEL_READLIST)
+        Complete(*reinterpret_cast<view::ListView*>(lParam));
+    else if (result && message == LVM_KORVEL_READCELL)
+        Complete(*reinterpret_cast<view::CellView*>(lParam));
     failure.Rethrow();
     return result;
+}
+
+void CellEditGrid::Complete(view::ListView& list) const {
+    if (const auto edited = m_parts->session.EditedCell())
+        list.edited = edited;
+}
+
+// What edits a cell opens the value, also from the name.
+void CellEditGrid::Complete(view::CellView& cell) const {
+    cell.readOnly |= cell.at.column == 0;
 }
 
 bool CellEditGrid::PreTranslateMessage(MSG& message) {

@@ -10,6 +10,7 @@
 #include "korvel/grid/grid_drop_down_notice.h"
 #include "korvel/grid/super_grid_ctrl.h"
 #include "korvel/values/combo_box_parent.h"
+#include "korvel/window/base/list_view.h"
 
 #include <memory>
 #include <string>
@@ -136,6 +137,8 @@ protected:
 private:
     struct Parts;
 
+    void Complete(view::ListView& list) const;
+    void Complete(view::CellView& cell) const;
     void CreateControls();
     void Carry(const internal::EditDecision& decision, IMemberDispatch* disp, const CString& name);
     bool TranslateDropped(const MSG& message);

@@ -48,6 +48,11 @@ bool EditSession::IsOpen() const {
     return m_member || m_controls.text.m_pDisp || m_controls.date.m_pDisp || m_dropDown.IsOpen();
 }
 
+std::optional<view::CellPlace> EditSession::EditedCell() const {
+    const int row = IsOpen() ? EditedRow() : -1;
+    return row >= 0 ? std::optional(view::CellPlace{row, m_member->column}) : std::nullopt;
+}
+
 bool EditSession::IsEdited(IMemberDispatch* disp, const std::string& name) const {
     return m_member && m_member->disp == disp && m_member->name == name;
 }

@@ -6,6 +6,7 @@
 #include "korvel/grid/cell_offsets.h"
 #include "korvel/grid/drop_down_session.h"
 #include "korvel/grid/super_grid_ctrl.h"
+#include "korvel/window/base/list_view.h"
 
 #include <optional>
 
@@ -41,6 +42,9 @@ public:
     bool IsRefused(int row, int column) const {
         return m_refused && m_member && m_member->column == column && EditedRow() == row;
     }
+
+    /// Nothing while no control is open, and while the row of the member is not shown.
+    std::optional<view::CellPlace> EditedCell() const;
 
     /// Opens the text field; what the object throws when it is read is told, and opens nothing.
     void StartText(const CRect& field, IMemberDispatch* disp, const std::string& name);

@@ -79,6 +79,11 @@ void CListEditCtrl::Drop() {
     End();
 }
 
+std::optional<view::CellPlace> CListEditCtrl::EditedCell() const {
+    const int row = m_isOpen && m_node ? m_tree.RowOf(m_node) : -1;
+    return row >= 0 ? std::optional(view::CellPlace{row, m_column}) : std::nullopt;
+}
+
 LRESULT CListEditCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_KEYDOWN && wParam == VK_ESCAPE) {
         Drop();

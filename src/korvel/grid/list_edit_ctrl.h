@@ -1,7 +1,10 @@
 #pragma once
 
 #include "korvel/grid/tree_grid_list.h"
+#include "korvel/window/base/list_view.h"
 #include "korvel/window/controls/edit.h"
+
+#include <optional>
 
 namespace korvel::internal {
 
@@ -24,6 +27,9 @@ public:
     void OnUnlinked(const grid::CTreeItem& root);
     /// Closes without its text.
     void Drop();
+
+    /// Nothing while it is closed.
+    std::optional<view::CellPlace> EditedCell() const;
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 

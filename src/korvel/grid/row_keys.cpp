@@ -25,8 +25,17 @@ bool RowKeys::Translate(UINT key, CListEditCtrl& edit) {
 }
 
 void RowKeys::MoveColumn(Step step) {
+    MoveToColumn(m_list.currentColumn + static_cast<int>(step));
+}
+
+void RowKeys::MoveTo(view::CellPlace cell) {
+    if (SelectedRow() == cell.row)
+        MoveToColumn(cell.column);
+}
+
+void RowKeys::MoveToColumn(int column) {
     const int last = std::max(0, m_list.GetColumnCount() - 1);
-    m_list.currentColumn = std::clamp(m_list.currentColumn + static_cast<int>(step), 0, last);
+    m_list.currentColumn = std::clamp(column, 0, last);
     m_list.ShowColumn(m_list.currentColumn);
     m_list.RedrawRow(SelectedRow());
 }

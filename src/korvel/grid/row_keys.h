@@ -1,6 +1,7 @@
 #pragma once
 
 #include "korvel/grid/tree_grid_list.h"
+#include "korvel/window/base/list_view.h"
 
 namespace korvel::internal {
 
@@ -15,6 +16,9 @@ public:
 
     /// Before the list has the key: moves the column, starts the edit of a cell. True: the key is used up.
     bool Translate(UINT key, CListEditCtrl& edit);
+    /// The row of the cell was chosen without a key: its column is the current one, too, unless another row is
+    /// selected after all.
+    void MoveTo(view::CellPlace cell);
     /// A key that the list had: acts on the selected row. False when there is nothing to do.
     bool Press(UINT key);
 
@@ -22,6 +26,7 @@ private:
     enum class Step { Left = -1, Right = 1 };
 
     void MoveColumn(Step step);
+    void MoveToColumn(int column);
     bool StartCellEdit(CListEditCtrl& edit);
     void ToggleMarks(const RowWatch& first, int number);
     void Delete(const RowWatch& row, int number);

@@ -7,8 +7,10 @@
 #include "korvel/grid/row_keys.h"
 #include "korvel/grid/row_mouse.h"
 #include "korvel/grid/row_painter.h"
+#include "korvel/grid/row_reader.h"
 #include "korvel/grid/tree_rows.h"
 #include "korvel/grid/tree_walk.h"
+#include "korvel/window/base/list_view.h"
 #include "korvel/window/core/thread_queue.h"
 #include "korvel/window/list/list_mouse.h"
 
@@ -191,10 +193,31 @@ LRESULT CSuperGridCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         }
         break;
+    case LVM_KORVEL_READLIST:
+    case LVM_KORVEL_READCELL:
+    case LVM_KORVEL_CHOOSECELL:
+        return Describe(message, wParam, lParam);
     default:
         break;
     }
     return CListCtrl::WindowProc(message, wParam, lParam);
+}
+
+// For whoever reads and uses the rows without looking at them (window/base/list_view.h).
+LRESULT CSuperGridCtrl::Describe(UINT message, WPARAM wParam, LPARAM lParam) {
+    const LRESULT result = CListCtrl::WindowProc(message, wParam, lParam);
+    if (!result)
+        return result;
+    if (message == LVM_KORVEL_READCELL)
+        return RowReader(*this, m_parts->tree).Complete(*reinterpret_cast<view::CellView*>(lParam));
+    if (message == LVM_KORVEL_CHOOSECELL)
+        return RowKeys(*this, m_parts->tree).MoveTo(*reinterpret_cast<const view::CellPlace*>(lParam)),
+               result;
+    auto& view = *reinterpret_cast<view::ListView*>(lParam);
+    view.current = {GetNextItem(-1, LVNI_SELECTED), currentColumn};
+    if (const auto edited = m_parts->edit.EditedCell())
+        view.edited = edited;
+    return result;
 }
 
 bool CSuperGridCtrl::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result) {

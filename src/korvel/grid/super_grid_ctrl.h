@@ -105,6 +105,8 @@ protected:
 private:
     struct Parts;
 
+    LRESULT Describe(UINT message, WPARAM wParam, LPARAM lParam);
+
     std::unique_ptr<Parts> m_parts;
 };
 

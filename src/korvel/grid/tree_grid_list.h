@@ -15,6 +15,7 @@ class RowDrag;
 class RowKeys;
 class RowMouse;
 class RowPainter;
+class RowReader;
 } // namespace internal
 
 /// The list of a tree grid, and what derived grids decide about its rows. The tree comes with CSuperGridCtrl,
@@ -103,6 +104,7 @@ private:
     friend class internal::RowKeys;
     friend class internal::RowMouse;
     friend class internal::RowPainter;
+    friend class internal::RowReader;
 
     int m_redrawPauses = 0;
 };
