@@ -16,7 +16,8 @@ namespace korvel::inspector {
 
 EventsDock::EventsDock(DocumentReports& reports, const Boxes& boxes, Hooks hooks)
     : QDockWidget(Said(TheProgramTexts.messages).remove(u'&')), m_reports(reports), m_boxes(boxes),
-      m_hooks(std::move(hooks)), m_pane(std::make_unique<EventsPane>(reports)) {
+      m_hooks(std::move(hooks)),
+      m_pane(std::make_unique<EventsPane>(reports, platform::FromUtf8(windowTitle().toStdString()).text)) {
     m_pane->SetChosenHook(m_hooks.chosen);
     auto* content = new QWidget;
     auto* column = new QVBoxLayout(content);
@@ -40,7 +41,9 @@ QWidget* EventsDock::MakeTools() {
     m_kinds = new QComboBox;
     for (const ProgramText* kinds : {&texts.allMessages, &texts.warningsAndErrors, &texts.errorsOnly})
         m_kinds->addItem(Said(*kinds));
+    m_kinds->setAccessibleName(Said(texts.kindsOfMessages));
     m_text = new QLineEdit;
+    m_text->setAccessibleName(Said(texts.filterHint));
     m_text->setPlaceholderText(Said(texts.filterHint));
     m_text->setClearButtonEnabled(true);
     connect(

@@ -13,8 +13,8 @@ constexpr int LeastEvent = 100;
 
 } // namespace
 
-EventsPane::EventsPane(CEventSinkObserver& source) : m_source(source) {
-    CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
+EventsPane::EventsPane(CEventSinkObserver& source, const CString& name) : m_source(source) {
+    CreateEx(0, "KorvelFrame", name.c_str(), 0, FirstPlace, nullptr, 0);
     m_list.Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | LVS_REPORT | LVS_SHOWSELALWAYS, FirstPlace, this,
                   ListId);
     m_list.CreateHeader();

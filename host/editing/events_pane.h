@@ -11,8 +11,8 @@ namespace korvel::inspector {
 /// The window that Embed takes for the messages: a list that fills it.
 class EventsPane final : public CWnd {
 public:
-    /// Shows what `source` reports, which must outlive it.
-    explicit EventsPane(CEventSinkObserver& source);
+    /// Shows what `source` reports, which must outlive it. `name` is what a screen reader calls the list.
+    EventsPane(CEventSinkObserver& source, const CString& name);
     ~EventsPane() override;
 
     CGridEvents& List() { return m_list; }

@@ -32,7 +32,7 @@ grid::CTreeItem* FindStep(const ChildList& children, std::string_view path) {
 } // namespace
 
 GridPane::GridPane() {
-    CreateEx(0, "KorvelFrame", "", 0, FirstPlace, nullptr, 0);
+    CreateEx(0, "KorvelFrame", InCodePage(TheProgramTexts.attributes).c_str(), 0, FirstPlace, nullptr, 0);
     m_grid = MakeGrid();
     m_grid->ShowWindow(SW_SHOW);
 }

@@ -93,6 +93,8 @@ struct ProgramTexts {
     ProgramText oneMember = {"1 member", "1 Attribut"};
     ProgramText readOnly = {"read only", "schreibgeschützt"};
     ProgramText messages = {"&Messages", "&Meldungen"};
+    ProgramText kindsOfMessages = {"Kinds of messages", "Arten von Meldungen"}; // said, not shown
+    ProgramText attributes = {"Attributes", "Attribute"};                       // the same
     ProgramText allMessages = {"All messages", "Alle Meldungen"};
     ProgramText warningsAndErrors = {"Warnings and errors", "Warnungen und Fehler"};
     ProgramText errorsOnly = {"Errors only", "Nur Fehler"};

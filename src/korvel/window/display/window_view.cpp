@@ -114,8 +114,7 @@ CString NameOf(HWND window) {
     if (!(Style(window) & WS_CHILD) || HasOwnText(KindOf(window)))
         return {};
     const CString label = WithoutMarks(GetWindowTextA(LabelOf(window)));
-    const HWND parent = GetParent(window);
-    return label.empty() && !(Style(parent) & WS_CHILD) ? GetWindowTextA(parent) : label;
+    return label.empty() ? GetWindowTextA(GetParent(window)) : label;
 }
 
 SizeRange SizesOf(HWND window) {

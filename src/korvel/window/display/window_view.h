@@ -33,8 +33,8 @@ KORVEL_API bool BelongsToDisplay(HWND window);
 KORVEL_API HWND LabelOf(HWND window);
 /// The field that a label names.
 KORVEL_API HWND Labelled(HWND window);
-/// What a field is called for those who cannot see it: its label, else the title of the top-level window that it
-/// lies in. Empty for buttons and labels.
+/// What a field is called for those who cannot see it: its label, else the title of its parent. Empty for buttons
+/// and labels.
 KORVEL_API CString NameOf(HWND window);
 
 KORVEL_API EditView Edit(HWND window);
