@@ -1,6 +1,7 @@
 #include "korvel/qt/list_peer.h"
 
 #include "korvel/qt/convert.h"
+#include "korvel/qt/list_surface.h"
 #include "korvel/qt/peer_context.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/display/window_view.h"
@@ -33,6 +34,7 @@ ListPeer::ListPeer(PeerContext& context, HWND window, Widgets widgets)
 
 ListPeer::ListPeer(PeerContext& context, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down)
     : PaintedPeer(context, window, widgets), m_across(across), m_down(down) {
+    context.announcer.Add(Surface());
     m_across.setSingleStep(SidewaysStep);
     for (QScrollBar* bar : {&m_across, &m_down}) {
         bar->setFocusPolicy(Qt::NoFocus);
@@ -42,12 +44,28 @@ ListPeer::ListPeer(PeerContext& context, HWND window, Widgets widgets, QScrollBa
     }
 }
 
+ListSurface& ListPeer::Surface() const {
+    return static_cast<ListSurface&>(Content());
+}
+
 void ListPeer::Apply(Aspects aspects) {
     PaintedPeer::Apply(aspects);
+    Context().announcer.Note();
     if (aspects & (Aspect::Scroll | Aspect::State))
         Arrange();
     else if (aspects & Aspect::Rows)
         ArrangeSoon();
+}
+
+// Whatever the list says of itself in another way than before, it has painted anew.
+void ListPeer::Invalidate(const CRect& rect) {
+    PaintedPeer::Invalidate(rect);
+    Context().announcer.Note();
+}
+
+void ListPeer::FollowRows(int first, int removed, int inserted) {
+    Surface().FollowRows(first, removed, inserted);
+    Context().announcer.Note();
 }
 
 void ListPeer::ArrangeSoon() {
@@ -100,6 +118,8 @@ bool ListPeer::OnEvent(QWidget& widget, QEvent& event) {
         Context().mouse.ReportPressOutside(MouseTarget(), event);
         return false;
     }
+    if (event.type() == QEvent::FocusIn)
+        Context().announcer.Note();
     if (event.type() == QEvent::Wheel && &widget == &Content()) {
         ArrangeIfPending();
         const QPoint delta = static_cast<QWheelEvent&>(event).angleDelta();

@@ -6,12 +6,16 @@ class QScrollBar;
 
 namespace korvel::internal {
 
+class ListSurface;
+
 /// A list: a painted surface with scroll bars where the rows or columns do not fit.
 class ListPeer final : public PaintedPeer {
 public:
     ListPeer(PeerContext& context, HWND window, Widgets widgets);
 
     void Apply(Aspects aspects) override;
+    void Invalidate(const CRect& rect) override;
+    void FollowRows(int first, int removed, int inserted) override;
 
 protected:
     bool OnEvent(QWidget& widget, QEvent& event) override;
@@ -19,6 +23,7 @@ protected:
 
 private:
     ListPeer(PeerContext& context, HWND window, Widgets widgets, QScrollBar& across, QScrollBar& down);
+    ListSurface& Surface() const;
     void ArrangeSoon();
     void ArrangeIfPending();
     void ShowPosition();

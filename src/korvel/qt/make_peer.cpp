@@ -21,7 +21,7 @@ namespace korvel::internal {
 namespace {
 
 Peer& MakePainted(PeerContext& context, HWND window, QWidget* parent) {
-    const PaintedPeer::Widgets widgets = PaintedPeer::MakeWidgets(window, parent);
+    const PaintedPeer::Widgets widgets = PaintedPeer::MakeWidgets(context, window, parent);
     if (view::KindOf(window) == view::Kind::List)
         return *new ListPeer(context, window, widgets);
     return *new ScrolledPeer(context, window, widgets);

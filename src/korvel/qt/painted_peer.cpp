@@ -1,6 +1,7 @@
 #include "korvel/qt/painted_peer.h"
 
 #include "korvel/qt/convert.h"
+#include "korvel/qt/list_surface.h"
 #include "korvel/qt/painter_surface.h"
 #include "korvel/qt/peer_context.h"
 #include "korvel/window/base/messages.h"
@@ -25,14 +26,15 @@ bool HasBorder(HWND window) {
 
 } // namespace
 
-PaintedPeer::Widgets PaintedPeer::MakeWidgets(HWND window, QWidget* parent) {
+PaintedPeer::Widgets PaintedPeer::MakeWidgets(const PeerContext& context, HWND window, QWidget* parent) {
     const bool child = (view::Style(window) & WS_CHILD) != 0;
     auto* outer = new QFrame(parent, child ? Qt::WindowFlags() : TopLevel::FlagsOf(window));
     const bool border = HasBorder(window);
     if (border)
         outer->setFrameStyle(child ? QFrame::StyledPanel | QFrame::Sunken : QFrame::Box | QFrame::Plain);
-    const bool two = border || view::KindOf(window) == view::Kind::List;
-    return {*outer, two ? *new QWidget(outer) : *outer};
+    if (view::KindOf(window) == view::Kind::List)
+        return {*outer, *new ListSurface(outer, window, context.peers)};
+    return {*outer, border ? *new QWidget(outer) : *outer};
 }
 
 PaintedPeer::PaintedPeer(PeerContext& context, HWND window, Widgets widgets)

@@ -21,7 +21,7 @@ public:
         QWidget& content;
     };
     PaintedPeer(PeerContext& context, HWND window, Widgets widgets);
-    static Widgets MakeWidgets(HWND window, QWidget* parent);
+    static Widgets MakeWidgets(const PeerContext& context, HWND window, QWidget* parent);
 
     void Apply(Aspects aspects) override;
     bool IsPainted() const override { return true; }

@@ -81,7 +81,7 @@ void Peer::Apply(Aspects aspects) {
         m_outer.setGeometry(ToQRect(view::Rectangle(m_window)));
     if (aspects & Aspect::Order)
         FollowOrder();
-    if (aspects & (Aspect::Style | Aspect::Order))
+    if (aspects & (Aspect::Style | Aspect::Order | Aspect::Visible))
         FollowLabel();
     if (aspects & Aspect::Visible) {
         if (!view::IsShown(m_window))

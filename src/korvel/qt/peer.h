@@ -37,6 +37,8 @@ public:
     /// Reads again what Apply has left to FollowPaced.
     virtual void Follow() {}
     virtual void Invalidate(const CRect& rect);
+    /// Of a list: see IDisplay::RowsChanged.
+    virtual void FollowRows(int /*first*/, int /*removed*/, int /*inserted*/) {}
     /// Qt has given the focus to this widget.
     virtual void TakeFocus();
     /// See IDisplay::LeaveByTab.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "korvel/qt/announcer.h"
 #include "korvel/qt/focus_tracker.h"
 #include "korvel/qt/frame_pace.h"
 #include "korvel/qt/mouse.h"
@@ -11,6 +12,7 @@ namespace korvel::internal {
 struct PeerContext {
     PeerTable peers;
     FocusTracker focus{peers};
+    Announcer announcer;
     Mouse mouse;
     FramePace pace;
     bool isPainting = false;

@@ -5,6 +5,7 @@
 #include "korvel/qt/display_parts.h"
 #include "korvel/qt/embed_frame.h"
 #include "korvel/qt/event_wait.h"
+#include "korvel/qt/list_interface.h"
 #include "korvel/qt/make_peer.h"
 #include "korvel/qt/open_path.h"
 #include "korvel/qt/picture_file.h"
@@ -82,7 +83,9 @@ QWidget* QtDisplay::Parts::TopOf(HWND window) const {
     return top;
 }
 
-QtDisplay::QtDisplay() : m_parts(std::make_unique<Parts>()) {}
+QtDisplay::QtDisplay() : m_parts(std::make_unique<Parts>()) {
+    QAccessible::installFactory(ListInterface::Make);
+}
 
 QtDisplay::~QtDisplay() {
     // The windows keep their focus, whatever Qt does to that of their widgets.
@@ -125,8 +128,14 @@ void QtDisplay::Invalidate(HWND window, const CRect& rect) {
         peer->Invalidate(rect);
 }
 
+void QtDisplay::RowsChanged(HWND list, int first, int removed, int inserted) {
+    if (Peer* peer = m_parts->context.peers.Find(list))
+        peer->FollowRows(first, removed, inserted);
+}
+
 void QtDisplay::Focus(HWND window) {
     m_parts->context.focus.Show(window);
+    m_parts->context.announcer.Note();
 }
 
 bool QtDisplay::LeaveByTab(HWND topLevel, bool previous) {

@@ -38,6 +38,7 @@ public:
     void Destroyed(HWND window) override;
     void Changed(HWND window, Aspects aspects) override;
     void Invalidate(HWND window, const CRect& rect) override;
+    void RowsChanged(HWND list, int first, int removed, int inserted) override;
     void Focus(HWND window) override;
     bool LeaveByTab(HWND topLevel, bool previous) override;
     void Capture(HWND window) override;

@@ -38,6 +38,7 @@ struct ListView {
     HWND keysFrom = nullptr;
     UINT expandKey = VK_ADD; // what opens and closes the current row
     UINT collapseKey = VK_SUBTRACT;
+    HWND header = nullptr;           // shows the titles, which are cells here
     std::optional<CellPlace> edited; // the cell over which a control of the list is open
 };
 

@@ -1,5 +1,7 @@
 #include "korvel/window/display/window_view.h"
 
+#include "korvel/platform/error.h"
+#include "korvel/values/language.h"
 #include "korvel/window/base/access_mark.h"
 #include "korvel/window/core/client_area.h"
 #include "korvel/window/core/display_thread.h"
@@ -40,6 +42,19 @@ auto AskControl(HWND window, Ask ask) {
 
 bool HasOwnText(Kind kind) {
     return kind == Kind::Button || kind == Kind::Static;
+}
+
+// The list over which a control is open, or from which a list has dropped.
+HWND ListAround(HWND window) {
+    if (!IsShown(window)) // not while it is made, before its first message
+        return nullptr;
+    const HWND around = (Style(window) & WS_CHILD) ? GetParent(window) : List(window).keysFrom;
+    return KindOf(around) == Kind::List ? around : nullptr;
+}
+
+CString NameOfRow(HWND list, int row) {
+    const auto name = Cell(list, {row, 0});
+    return name ? name->text : CString();
 }
 
 // The sibling so many places behind a window; null where there is none.
@@ -111,6 +126,8 @@ HWND LabelOf(HWND window) {
 }
 
 CString NameOf(HWND window) {
+    if (const HWND list = ListAround(window); list && List(list).edited)
+        return NameOfRow(list, List(list).edited->row);
     if (!(Style(window) & WS_CHILD) || HasOwnText(KindOf(window)))
         return {};
     const CString label = WithoutMarks(GetWindowTextA(LabelOf(window)));
@@ -179,6 +196,16 @@ std::optional<CellView> CellAt(HWND window, CPoint point) {
     CellView cell;
     cell.bounds = {point.x, point.y, point.x, point.y};
     return AskCell(window, 1, std::move(cell));
+}
+
+// Where no language is chosen, the library throws at each text.
+CString LevelText(int level) {
+    bool isGerman = false;
+    try {
+        isGerman = GetLanguage().column == LanguageChoice::German;
+    } catch (const Error&) {
+    }
+    return (isGerman ? "Ebene " : "level ") + std::to_string(level);
 }
 
 DateView Date(HWND window) {

@@ -34,7 +34,8 @@ KORVEL_API HWND LabelOf(HWND window);
 /// The field that a label names.
 KORVEL_API HWND Labelled(HWND window);
 /// What a field is called for those who cannot see it: its label, else the title of its parent. Empty for buttons
-/// and labels.
+/// and labels. A control that is open over a cell of a list is called like the row, and so is the list that drops
+/// from it.
 KORVEL_API CString NameOf(HWND window);
 
 KORVEL_API EditView Edit(HWND window);
@@ -61,6 +62,9 @@ KORVEL_API ListView List(HWND window);
 KORVEL_API std::optional<CellView> Cell(HWND window, CellPlace place);
 /// The cell or title at a client point.
 KORVEL_API std::optional<CellView> CellAt(HWND window, CPoint point);
+
+/// How the depth of a cell in a tree is said, in the language of the process.
+KORVEL_API CString LevelText(int level);
 
 /// The text to show while the pointer rests at a client point; empty: none.
 KORVEL_API CString Tip(HWND window, CPoint point);

@@ -16,6 +16,7 @@ void Read(const ListState& list, view::ListView& view) {
     view.rowCount = list.rows.Size();
     view.columnCount = list.columns.Count();
     view.current.row = list.focusRow;
+    view.header = list.header;
     view.selectsMany = !list.HasStyle(LVS_SINGLESEL);
     if (list.labelEdit.window && list.rows.Has(list.labelEdit.row))
         view.edited = {list.labelEdit.row, 0};

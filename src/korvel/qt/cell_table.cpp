@@ -1,0 +1,101 @@
+#include "korvel/qt/cell_table.h"
+
+#include "korvel/qt/cell_interface.h"
+#include "korvel/qt/list_surface.h"
+#include "korvel/window/display/window_view.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+namespace korvel::internal {
+
+namespace {
+
+// So many changes that do not adjoin are followed at once; fewer wait until somebody asks.
+constexpr std::size_t MostChanges = 32;
+
+} // namespace
+
+CellTable::~CellTable() {
+    for (const Kept& kept : m_kept)
+        QAccessible::deleteAccessibleInterface(kept.id);
+    for (const QAccessible::Id id : m_ended)
+        QAccessible::deleteAccessibleInterface(id);
+}
+
+CellInterface* CellTable::InterfaceOf(const Kept& kept) {
+    return static_cast<CellInterface*>(QAccessible::accessibleInterface(kept.id));
+}
+
+std::vector<CellTable::Kept>::iterator CellTable::Find(view::CellPlace place) {
+    return std::ranges::lower_bound(
+        m_kept, std::tie(place.row, place.column), {},
+        [](const Kept& kept) { return std::tie(kept.at.row, kept.at.column); });
+}
+
+QAccessibleInterface* CellTable::At(view::CellPlace place) {
+    const auto cell = view::Cell(m_surface.Window(), place);
+    if (!cell)
+        return nullptr;
+    Follow(); // after the list was asked, which may have changed rows
+    auto found = Find(place);
+    if (found != m_kept.end() && found->at == place) {
+        CellInterface* known = InterfaceOf(*found);
+        if (known && known->IsOf(*cell))
+            return known;
+        End(*found);
+        m_kept.erase(found);
+    }
+    if (m_kept.size() >= MostKept)
+        DropOlderHalf();
+    auto* made = new CellInterface(m_surface, *cell);
+    m_kept.insert(Find(place), {place, QAccessible::registerAccessibleInterface(made), m_nextNumber++});
+    return made;
+}
+
+void CellTable::RowsChanged(int first, int removed, int inserted) {
+    if (m_kept.empty())
+        return;
+    m_changes.Add(first, removed, inserted);
+    if (m_changes.Count() > MostChanges)
+        Follow();
+}
+
+void CellTable::Follow() {
+    if (m_changes.Count() == 0)
+        return;
+    const RowChanges changes = std::exchange(m_changes, {});
+    const auto hasGone = [&](Kept& kept) {
+        const auto row = kept.at.row == view::TitleRow ? kept.at.row : changes.Follow(kept.at.row);
+        if (!row)
+            return End(kept), true;
+        kept.at.row = *row;
+        if (CellInterface* moved = InterfaceOf(kept))
+            moved->MoveTo(kept.at);
+        return false;
+    };
+    std::erase_if(m_kept, hasGone); // the order of the rest stays
+}
+
+void CellTable::DropOlderHalf() {
+    const unsigned oldest = m_nextNumber - static_cast<unsigned>(m_kept.size());
+    const unsigned half = oldest + static_cast<unsigned>(m_kept.size() / 2);
+    std::erase_if(m_kept, [&](const Kept& kept) { return kept.number < half && (End(kept), true); });
+}
+
+void CellTable::End(const Kept& kept) {
+    if (CellInterface* ended = InterfaceOf(kept))
+        ended->End();
+    if (m_ended.empty())
+        QMetaObject::invokeMethod(
+            &m_context,
+            [this] {
+                for (const QAccessible::Id id : std::exchange(m_ended, {}))
+                    QAccessible::deleteAccessibleInterface(id);
+            },
+            Qt::QueuedConnection);
+    m_ended.push_back(kept.id);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,23 @@
+#include "korvel/qt/list_surface.h"
+
+#include "korvel/qt/cell_table.h"
+
+namespace korvel::internal {
+
+ListSurface::ListSurface(QWidget* parent, HWND window, const PeerTable& peers)
+    : QWidget(parent), m_window(window), m_peers(peers) {}
+
+ListSurface::~ListSurface() = default;
+
+CellTable& ListSurface::Cells() {
+    if (!m_cells)
+        m_cells = std::make_unique<CellTable>(*this);
+    return *m_cells;
+}
+
+void ListSurface::FollowRows(int first, int removed, int inserted) {
+    if (m_cells && removed != inserted)
+        m_cells->RowsChanged(first, removed, inserted);
+}
+
+} // namespace korvel::internal

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "korvel/window/base/types.h"
+
+#include <QWidget>
+#include <memory>
+
+namespace korvel::internal {
+
+class CellTable;
+class PeerTable;
+
+/// The widget on which a list is painted. Screen readers and test tools find the list by it: the class is what
+/// MakeListInterface looks for.
+class ListSurface final : public QWidget {
+public:
+    ListSurface(QWidget* parent, HWND window, const PeerTable& peers);
+    ~ListSurface() override;
+
+    HWND Window() const { return m_window; }
+    /// Among them those of the controls over the list.
+    const PeerTable& Peers() const { return m_peers; }
+    /// What is known of the cells that somebody has asked for.
+    CellTable& Cells();
+    /// See IDisplay::RowsChanged. Costs nothing while nobody has asked for a cell.
+    void FollowRows(int first, int removed, int inserted);
+
+private:
+    const HWND m_window;
+    const PeerTable& m_peers;
+    std::unique_ptr<CellTable> m_cells;
+};
+
+} // namespace korvel::internal
