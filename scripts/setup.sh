@@ -3,7 +3,8 @@
 
 build_packages=(g++ cmake ninja-build ccache libicu-dev libsqlite3-dev libboost-dev zlib1g-dev
                 qt6-base-dev qt6-translations-l10n fonts-dejavu-core fonts-wqy-microhei)
-test_packages=(libgtest-dev libgmock-dev libpugixml-dev pkg-config)
+test_packages=(libgtest-dev libgmock-dev libpugixml-dev pkg-config
+               at-spi2-core gir1.2-atspi-2.0 python3-gi dbus xvfb openbox)
 format_packages=(clang-format-14)
 check_packages=(clang-14 clang-tidy-14)
 fuzz_packages=(clang-14 libclang-rt-14-dev)

@@ -33,6 +33,10 @@ def children_of(element, most=None):
             yield child
 
 
+def actions_of(element):
+    return [Atspi.Action.get_action_name(element, index) for index in range(Atspi.Action.get_n_actions(element))]
+
+
 def program(name):
     """The program of this name that came last; None where there is none."""
     found = [app for app in children_of(Atspi.get_desktop(0)) if app.get_name() == name]

@@ -198,6 +198,10 @@ TEST_F(DesktopDialog, FieldsAreNamedAfterTheirLabels) {
         EXPECT_EQ(nameOf(Name), "Name:");
         EXPECT_EQ(nameOf(Check), "Closed");
         EXPECT_EQ(nameOf(99), "Axis") << "what has no label has the title";
+        m_dialog.SetWindowTextA("Road");
+        QApplication::processEvents();
+        EXPECT_EQ(nameOf(99), "Road");
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(Widget(99)->window())->role(), QAccessible::Dialog);
         const auto relations = QAccessible::queryAccessibleInterface(Widget(Label))->relations();
         ASSERT_EQ(relations.size(), 1);
         EXPECT_EQ(relations[0].first->object(), Widget(Name));

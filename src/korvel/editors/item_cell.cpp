@@ -102,6 +102,15 @@ void ItemCell::Paint(CDC& dc, const CVariantValue& value) const {
         dc.DrawFocusRect(rect);
 }
 
+view::ValueView ItemCell::Read(const CVariantValue& value) const {
+    view::ValueView view;
+    view.text = TextOf(value, options);
+    view.readOnly = !isEnabled || ItemEditorOf(value) == ItemEditor::None;
+    if (ItemEditorOf(value) == ItemEditor::Flag)
+        view.checked = value.Value.Bool;
+    return view;
+}
+
 bool ItemCell::IsOnButton(const CVariantValue& value, CPoint point) const {
     return ItemButtonOf(value) != ItemButton::None && RightSquare(rect).PtInRect(point);
 }

@@ -2,6 +2,7 @@
 
 #include "korvel/editors/grid_option.h"
 #include "korvel/values/variant_value.h"
+#include "korvel/window/base/control_view.h"
 #include "korvel/window/core/dc.h"
 
 namespace korvel::internal {
@@ -26,6 +27,8 @@ struct ItemCell {
 
     /// What an enumeration throws leaves the cell without a text.
     void Paint(CDC& dc, const CVariantValue& value) const;
+    /// The same for whoever does not see it.
+    view::ValueView Read(const CVariantValue& value) const;
     /// Whether a point is on the value's button.
     bool IsOnButton(const CVariantValue& value, CPoint point) const;
     /// `room` without the value's button.

@@ -290,6 +290,9 @@ LRESULT CWndItem::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PAINT:
         Cell().Paint(*reinterpret_cast<CDC*>(wParam), m_Value);
         return 0;
+    case WM_KORVEL_READVALUE:
+        *reinterpret_cast<view::ValueView*>(lParam) = Cell().Read(m_Value);
+        return 1;
     case WM_ERASEBKGND:
         return 1;
     case WM_GETDLGCODE:

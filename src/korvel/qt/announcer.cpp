@@ -2,6 +2,7 @@
 
 #include "korvel/qt/cell_table.h"
 #include "korvel/qt/list_surface.h"
+#include "korvel/qt/window_surface.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
@@ -22,6 +23,17 @@ void Send(QAccessibleEvent&& event) {
         listener(event);
     else
         QAccessible::updateAccessibility(&event);
+}
+
+QAccessibleInterface* CurrentCell(ListSurface& list) {
+    const view::CellPlace current = view::List(list.Window()).current;
+    return current.row == view::NoRow ? nullptr : list.Cells().At(current);
+}
+
+QAccessibleInterface* FocusedField() {
+    auto* surface = dynamic_cast<WindowSurface*>(QApplication::focusWidget());
+    return surface && view::ValueOf(surface->Window()) ? QAccessible::queryAccessibleInterface(surface)
+                                                       : nullptr;
 }
 
 // What of two states differs.
@@ -56,7 +68,7 @@ void Announcer::Note() {
 void Announcer::Tell() {
     m_isPending = false;
     const Told before = m_told;
-    m_told = Read(ListOfUser());
+    m_told = ReadPlaceOfUser();
     if (m_told.cell != 0)
         Announce(before, m_told);
 }
@@ -76,13 +88,13 @@ ListSurface* Announcer::ListOfUser() {
     return focused;
 }
 
-Announcer::Told Announcer::Read(ListSurface* list) {
-    const view::ListView view = list ? view::List(list->Window()) : view::ListView();
-    QAccessibleInterface* cell = view.current.row == view::NoRow ? nullptr : list->Cells().At(view.current);
-    if (!cell)
+Announcer::Told Announcer::ReadPlaceOfUser() {
+    ListSurface* list = ListOfUser();
+    QAccessibleInterface* place = list ? CurrentCell(*list) : FocusedField();
+    if (!place)
         return {};
-    return {QAccessible::uniqueId(cell), cell->text(QAccessible::Name), cell->text(QAccessible::Description),
-            cell->state()};
+    return {QAccessible::uniqueId(place), !list, place->text(QAccessible::Name),
+            place->text(QAccessible::Description), place->state()};
 }
 
 // The desktop hears of a state alone, but of no expanded one: the description stands for it.
@@ -92,6 +104,8 @@ void Announcer::Announce(const Told& before, const Told& now) {
             Send(QAccessibleEvent(cell, event));
     };
     const bool isOther = before.cell != now.cell;
+    if (isOther && now.isField)
+        return;
     if (isOther)
         send(QAccessible::Focus);
     if (isOther ? now.state.selected : before.state.selected != now.state.selected)

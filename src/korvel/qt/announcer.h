@@ -12,9 +12,9 @@ namespace korvel::internal {
 
 class ListSurface;
 
-/// Tells screen readers what happens to the cell that the user is in: that it is another one, and what it says
-/// now. Once a turn of the event loop at most, however much changed; about other cells nothing. While the user
-/// is in a control over the list, that one has the focus and tells of itself.
+/// Tells screen readers what happens to the cell of a list, or the painted field, that the user is in: that it is
+/// another cell, and what it says now. Once a turn of the event loop at most, however much changed; about others
+/// nothing. While the user is in a control over the list, that one has the focus and tells of itself.
 class Announcer {
 public:
     /// A list in which the user may be, until it is gone.
@@ -27,9 +27,10 @@ public:
     static void SetListener(Listener listener);
 
 private:
-    /// What was last said of a cell.
+    /// What was last said of a cell or field.
     struct Told {
         QAccessible::Id cell = 0; // 0: of none
+        bool isField = false;     // whose focus Qt has told of
         QString name;
         QString description;
         QAccessible::State state;
@@ -37,7 +38,7 @@ private:
 
     void Tell();
     ListSurface* ListOfUser();
-    static Told Read(ListSurface* list);
+    Told ReadPlaceOfUser();
     static void Announce(const Told& before, const Told& now);
 
     std::vector<QPointer<ListSurface>> m_lists;

@@ -143,9 +143,13 @@ QStringList CellInterface::actionNames() const {
 }
 
 void CellInterface::doAction(const QString& name) {
-    const HWND list = m_surface.Window();
-    if (const auto cell = Read(); cell && ActionsOf(*cell).contains(name))
-        Act(list, *cell, name); // which may end this
+    const auto act = [list = m_surface.Window(), id = QAccessible::uniqueId(this), name] {
+        const auto* self = dynamic_cast<CellInterface*>(QAccessible::accessibleInterface(id));
+        const auto cell = self ? self->Read() : std::nullopt;
+        if (cell && ActionsOf(*cell).contains(name))
+            Act(list, *cell, name);
+    };
+    QMetaObject::invokeMethod(&m_surface, act, Qt::QueuedConnection);
 }
 
 } // namespace korvel::internal

@@ -48,6 +48,7 @@ public:
     QAccessibleInterface* table() const override;
 
     QStringList actionNames() const override;
+    /// From the event loop: whoever asks waits for the answer, and a dialog may open.
     void doAction(const QString& name) override;
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 

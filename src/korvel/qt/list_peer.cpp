@@ -50,17 +50,10 @@ ListSurface& ListPeer::Surface() const {
 
 void ListPeer::Apply(Aspects aspects) {
     PaintedPeer::Apply(aspects);
-    Context().announcer.Note();
     if (aspects & (Aspect::Scroll | Aspect::State))
         Arrange();
     else if (aspects & Aspect::Rows)
         ArrangeSoon();
-}
-
-// Whatever the list says of itself in another way than before, it has painted anew.
-void ListPeer::Invalidate(const CRect& rect) {
-    PaintedPeer::Invalidate(rect);
-    Context().announcer.Note();
 }
 
 void ListPeer::FollowRows(int first, int removed, int inserted) {

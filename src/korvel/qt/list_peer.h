@@ -14,7 +14,6 @@ public:
     ListPeer(PeerContext& context, HWND window, Widgets widgets);
 
     void Apply(Aspects aspects) override;
-    void Invalidate(const CRect& rect) override;
     void FollowRows(int first, int removed, int inserted) override;
 
 protected:

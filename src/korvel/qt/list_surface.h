@@ -11,7 +11,7 @@ class CellTable;
 class PeerTable;
 
 /// The widget on which a list is painted. Screen readers and test tools find the list by it: the class is what
-/// MakeListInterface looks for.
+/// ListInterface::Make looks for.
 class ListSurface final : public QWidget {
 public:
     ListSurface(QWidget* parent, HWND window, const PeerTable& peers);

@@ -4,12 +4,12 @@
 #include "korvel/qt/list_surface.h"
 #include "korvel/qt/painter_surface.h"
 #include "korvel/qt/peer_context.h"
+#include "korvel/qt/window_surface.h"
 #include "korvel/window/base/messages.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
 
-#include <QFrame>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPaintEvent>
@@ -28,13 +28,15 @@ bool HasBorder(HWND window) {
 
 PaintedPeer::Widgets PaintedPeer::MakeWidgets(const PeerContext& context, HWND window, QWidget* parent) {
     const bool child = (view::Style(window) & WS_CHILD) != 0;
-    auto* outer = new QFrame(parent, child ? Qt::WindowFlags() : TopLevel::FlagsOf(window));
     const bool border = HasBorder(window);
+    const bool list = view::KindOf(window) == view::Kind::List;
+    auto* outer = new WindowSurface(parent, child ? Qt::WindowFlags() : TopLevel::FlagsOf(window),
+                                    border || list ? nullptr : window);
     if (border)
         outer->setFrameStyle(child ? QFrame::StyledPanel | QFrame::Sunken : QFrame::Box | QFrame::Plain);
-    if (view::KindOf(window) == view::Kind::List)
+    if (list)
         return {*outer, *new ListSurface(outer, window, context.peers)};
-    return {*outer, border ? *new QWidget(outer) : *outer};
+    return {*outer, border ? *new WindowSurface(outer, {}, window) : *outer};
 }
 
 PaintedPeer::PaintedPeer(PeerContext& context, HWND window, Widgets widgets)
@@ -55,6 +57,21 @@ void PaintedPeer::Apply(Aspects aspects) {
         Arrange();
     if (aspects & (Aspect::Enabled | Aspect::Text))
         Content().update();
+    if (aspects & Aspect::Text)
+        NameFieldsAfterTitle();
+    Context().announcer.Note();
+}
+
+void PaintedPeer::NameFieldsAfterTitle() {
+    for (const HWND child : view::Children(Window()))
+        if (Peer* field = Context().peers.Find(child))
+            field->FollowLabel();
+}
+
+// Whatever a window says of itself in another way than before, it has painted anew.
+void PaintedPeer::Invalidate(const CRect& rect) {
+    Peer::Invalidate(rect);
+    Context().announcer.Note();
 }
 
 void PaintedPeer::Disappear() {

@@ -24,6 +24,7 @@ public:
     static Widgets MakeWidgets(const PeerContext& context, HWND window, QWidget* parent);
 
     void Apply(Aspects aspects) override;
+    void Invalidate(const CRect& rect) override;
     bool IsPainted() const override { return true; }
     void ShowModal() override;
 
@@ -34,6 +35,7 @@ protected:
     virtual void Arrange();
 
 private:
+    void NameFieldsAfterTitle();
     bool TakesComposedText() const;
     bool TypeComposedText(QInputMethodEvent& composed);
 

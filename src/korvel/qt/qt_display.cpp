@@ -10,6 +10,7 @@
 #include "korvel/qt/open_path.h"
 #include "korvel/qt/picture_file.h"
 #include "korvel/qt/questions.h"
+#include "korvel/qt/surface_interface.h"
 #include "korvel/window/core/input.h"
 #include "korvel/window/core/window.h"
 #include "korvel/window/display/window_view.h"
@@ -85,6 +86,7 @@ QWidget* QtDisplay::Parts::TopOf(HWND window) const {
 
 QtDisplay::QtDisplay() : m_parts(std::make_unique<Parts>()) {
     QAccessible::installFactory(ListInterface::Make);
+    QAccessible::installFactory(SurfaceInterface::Make);
 }
 
 QtDisplay::~QtDisplay() {

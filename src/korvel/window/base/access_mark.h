@@ -7,7 +7,7 @@ namespace korvel::internal {
 /// A text as it is shown: without the "&" that marks a letter; "&&" is one "&".
 ///
 ///     WithoutMarks("Speichern && &Ende")   // "Speichern & Ende"
-CString WithoutMarks(const CString& text);
+KORVEL_API CString WithoutMarks(const CString& text);
 /// The marked letter, its case folded; empty without one.
 ///
 ///     AccessKeyOf("Speichern && &Ende")   // 'e'

@@ -2,6 +2,8 @@
 
 #include "korvel/window/base/types.h"
 
+#include <optional>
+
 namespace korvel {
 struct Image;
 }
@@ -79,6 +81,13 @@ struct DateView {
     bool isNone = false; // it says that there is no date
     bool isDropped = false;
     CString picture; // as in platform/regional_settings.h: "dd.MM.yyyy"
+};
+
+/// What a window that paints itself shows, where that is one value: its answer to WM_KORVEL_READVALUE.
+struct ValueView {
+    CString text;
+    bool readOnly = true;        // nothing edits it
+    std::optional<bool> checked; // it shows a check box in place of a text
 };
 
 } // namespace korvel::view

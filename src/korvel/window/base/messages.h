@@ -68,6 +68,8 @@ inline constexpr UINT WM_COPY = 0x0301;
 inline constexpr UINT WM_PASTE = 0x0302;
 inline constexpr UINT WM_CLEAR = 0x0303;
 inline constexpr UINT WM_UNDO = 0x0304;
+// Own: lParam: the view::ValueView* to fill in; 0: the window shows no single value.
+inline constexpr UINT WM_KORVEL_READVALUE = 0x03F0;
 inline constexpr UINT WM_USER = 0x0400;
 inline constexpr UINT DM_GETDEFID = WM_USER;
 inline constexpr UINT DM_SETDEFID = WM_USER + 1;

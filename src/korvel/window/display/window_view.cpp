@@ -131,7 +131,8 @@ CString NameOf(HWND window) {
     if (!(Style(window) & WS_CHILD) || HasOwnText(KindOf(window)))
         return {};
     const CString label = WithoutMarks(GetWindowTextA(LabelOf(window)));
-    return label.empty() ? GetWindowTextA(GetParent(window)) : label;
+    const CString title = label.empty() ? GetWindowTextA(GetParent(window)) : label;
+    return title.empty() ? NameOf(GetParent(window)) : title;
 }
 
 SizeRange SizesOf(HWND window) {
@@ -196,6 +197,16 @@ std::optional<CellView> CellAt(HWND window, CPoint point) {
     CellView cell;
     cell.bounds = {point.x, point.y, point.x, point.y};
     return AskCell(window, 1, std::move(cell));
+}
+
+std::optional<ValueView> ValueOf(HWND window) {
+    ValueView value;
+    LRESULT isThere = 0;
+    if (KindOf(window) == Kind::Painted)
+        Guarded([&] {
+            isThere = SendMessageA(window, WM_KORVEL_READVALUE, 0, reinterpret_cast<LPARAM>(&value));
+        });
+    return isThere ? std::optional(std::move(value)) : std::nullopt;
 }
 
 // Where no language is chosen, the library throws at each text.

@@ -33,7 +33,7 @@ KORVEL_API bool BelongsToDisplay(HWND window);
 KORVEL_API HWND LabelOf(HWND window);
 /// The field that a label names.
 KORVEL_API HWND Labelled(HWND window);
-/// What a field is called for those who cannot see it: its label, else the title of its parent. Empty for buttons
+/// What a field is called for those who cannot see it: its label, else the title or name of its parent. Empty for buttons
 /// and labels. A control that is open over a cell of a list is called like the row, and so is the list that drops
 /// from it.
 KORVEL_API CString NameOf(HWND window);
@@ -62,6 +62,10 @@ KORVEL_API ListView List(HWND window);
 KORVEL_API std::optional<CellView> Cell(HWND window, CellPlace place);
 /// The cell or title at a client point.
 KORVEL_API std::optional<CellView> CellAt(HWND window, CPoint point);
+
+/// The value of a window that paints itself and shows but one, see WM_KORVEL_READVALUE. What its object throws
+/// goes to the exception handler.
+KORVEL_API std::optional<ValueView> ValueOf(HWND window);
 
 /// How the depth of a cell in a tree is said, in the language of the process.
 KORVEL_API CString LevelText(int level);
