@@ -225,15 +225,15 @@ def main(arguments):
             file.write(SOURCE)
         ready = os.path.join(folder, "ready")
 
-        def start(*command):
-            process = programs.enter_context(subprocess.Popen(command, stderr=subprocess.DEVNULL))
-            programs.callback(process.kill)
+        def start(*command, said=subprocess.DEVNULL):
+            process = programs.enter_context(subprocess.Popen(command, stdout=said, stderr=said))
+            programs.callback(process.terminate)  # killed, the launcher would leave its bus behind
 
         start(os.environ[ON_OWN_BUS], "--launch-immediately")
         start("openbox", "--startup", f"touch {ready}")
         try:
             wait_for("window manager", lambda: os.path.exists(ready))  # gives the focus to what comes after it
-            start(arguments[0], path, "--language", "English", "--locale", "en-US")
+            start(arguments[0], path, "--language", "English", "--locale", "en-US", said=None)
             use(User())
         except Failure as failure:
             print(failure)
