@@ -11,7 +11,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . scripts/setup.sh
 
 require_packages "${build_packages[@]}" "${bench_packages[@]}"
-build bench tree_bench edit_bench thread_bench progress_bench copy_bench combo_bench event_bench layout_bench load_bench wx_bench wx_event_bench text_bench expression_bench || exit 1
+build bench tree_bench reading_bench edit_bench thread_bench progress_bench copy_bench combo_bench event_bench layout_bench load_bench wx_bench wx_event_bench text_bench expression_bench || exit 1
 
 [ $# -gt 0 ] || set -- 1000 10000 100000 1000000
 programs=build/bench/benchmarks
@@ -24,6 +24,7 @@ programs=build/bench/benchmarks
     QT_QPA_PLATFORM=offscreen $programs/progress_bench
     $programs/copy_bench
     QT_QPA_PLATFORM=offscreen $programs/tree_bench "$@"
+    QT_QPA_PLATFORM=offscreen $programs/reading_bench
     QT_QPA_PLATFORM=offscreen $programs/combo_bench
     QT_QPA_PLATFORM=offscreen $programs/load_bench
     QT_QPA_PLATFORM=offscreen $programs/event_bench

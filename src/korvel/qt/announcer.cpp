@@ -53,12 +53,16 @@ void Announcer::SetListener(Listener listener) {
     TheListener() = std::move(listener);
 }
 
+bool Announcer::IsHeard() {
+    return QAccessible::isActive() || TheListener();
+}
+
 void Announcer::Add(ListSurface& list) {
     m_lists.emplace_back(&list);
 }
 
 void Announcer::Note() {
-    if (m_isPending || (!QAccessible::isActive() && !TheListener()))
+    if (m_isPending || !IsHeard())
         return;
     m_isPending = true;
     QMetaObject::invokeMethod(

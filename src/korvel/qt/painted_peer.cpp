@@ -26,7 +26,7 @@ bool HasBorder(HWND window) {
 
 } // namespace
 
-PaintedPeer::Widgets PaintedPeer::MakeWidgets(const PeerContext& context, HWND window, QWidget* parent) {
+PaintedPeer::Widgets PaintedPeer::MakeWidgets(PeerContext& context, HWND window, QWidget* parent) {
     const bool child = (view::Style(window) & WS_CHILD) != 0;
     const bool border = HasBorder(window);
     const bool list = view::KindOf(window) == view::Kind::List;
@@ -35,7 +35,7 @@ PaintedPeer::Widgets PaintedPeer::MakeWidgets(const PeerContext& context, HWND w
     if (border)
         outer->setFrameStyle(child ? QFrame::StyledPanel | QFrame::Sunken : QFrame::Box | QFrame::Plain);
     if (list)
-        return {*outer, *new ListSurface(outer, window, context.peers)};
+        return {*outer, *new ListSurface(outer, window, context)};
     return {*outer, border ? *new WindowSurface(outer, {}, window) : *outer};
 }
 

@@ -21,7 +21,7 @@ public:
         QWidget& content;
     };
     PaintedPeer(PeerContext& context, HWND window, Widgets widgets);
-    static Widgets MakeWidgets(const PeerContext& context, HWND window, QWidget* parent);
+    static Widgets MakeWidgets(PeerContext& context, HWND window, QWidget* parent);
 
     void Apply(Aspects aspects) override;
     void Invalidate(const CRect& rect) override;

@@ -16,6 +16,7 @@ struct PeerContext {
     Mouse mouse;
     FramePace pace;
     bool isPainting = false;
+    bool areCellsRead = false; // somebody has asked for a cell of a list
 };
 
 } // namespace korvel::internal

@@ -131,7 +131,10 @@ void QtDisplay::Invalidate(HWND window, const CRect& rect) {
 }
 
 void QtDisplay::RowsChanged(HWND list, int first, int removed, int inserted) {
-    if (Peer* peer = m_parts->context.peers.Find(list))
+    const PeerContext& context = m_parts->context;
+    if (!context.areCellsRead && !Announcer::IsHeard())
+        return; // not even a look for the list: rows may leave one by one, by the million
+    if (Peer* peer = context.peers.Find(list))
         peer->FollowRows(first, removed, inserted);
 }
 
