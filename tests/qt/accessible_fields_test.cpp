@@ -76,6 +76,7 @@ TEST_F(AccessibleFields, AColorIsOnAButton) {
     mfcSharedCtrls::CColoredButton button;
     button.Create("&Fill", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_OWNERDRAW, {10, 60, 90, 84}, &m_frame, 13);
     EXPECT_EQ(Of(button), "button Fill||Press,SetFocus");
+    EXPECT_EQ(blind.Of(m_frame.m_hWnd).role(), QAccessible::Window);
     BlindUser::Do(&blind.Of(button.m_hWnd), "Press");
     EXPECT_EQ(GetFocus(), button.m_hWnd);
 }

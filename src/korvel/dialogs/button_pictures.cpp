@@ -47,13 +47,14 @@ constexpr Pixels Draw(const Corner (&shape)[Count], std::uint32_t color) {
     return pixels;
 }
 
-constexpr Pixels PlusPixels = Draw(Plus, Green);
-constexpr Pixels MinusPixels = Draw(Minus, Red);
-constexpr Pixels PenPixels = Draw(Pen, Amber);
-constexpr Pixels ArrowUpPixels = Draw(ArrowUp, Blue);
-constexpr Pixels ArrowDownPixels = Draw(ArrowDown, Blue);
+// Constants for GCC; Clang gives up after as many steps, and draws them when the library is loaded.
+const Pixels PlusPixels = Draw(Plus, Green);
+const Pixels MinusPixels = Draw(Minus, Red);
+const Pixels PenPixels = Draw(Pen, Amber);
+const Pixels ArrowUpPixels = Draw(ArrowUp, Blue);
+const Pixels ArrowDownPixels = Draw(ArrowDown, Blue);
 
-constexpr PictureResource Pictures[] = {
+const PictureResource Pictures[] = {
     {AddPicture, Side, Side, PlusPixels.data()},           {EditPicture, Side, Side, PenPixels.data()},
     {RemovePicture, Side, Side, MinusPixels.data()},       {MoveUpPicture, Side, Side, ArrowUpPixels.data()},
     {MoveDownPicture, Side, Side, ArrowDownPixels.data()},

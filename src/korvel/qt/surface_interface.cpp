@@ -53,8 +53,10 @@ std::optional<view::ValueView> SurfaceInterface::Value() const {
 }
 
 QAccessible::Role SurfaceInterface::role() const {
+    constexpr UINT Dialog =
+        WS_POPUP | WS_CAPTION; // what drops has no caption, and a frame is no pop-up window
     if (widget()->isWindow())
-        return (view::Style(Window()) & WS_CAPTION) == WS_CAPTION ? QAccessible::Dialog : QAccessible::Window;
+        return (view::Style(Window()) & Dialog) == Dialog ? QAccessible::Dialog : QAccessible::Window;
     if (IsButton())
         return QAccessible::Button;
     const auto value = Value();
