@@ -79,20 +79,19 @@ TEST_F(RowIconTest, EachKindOfMemberHasItsIcon) {
 TEST_F(RowIconTest, AnEditChangesTheIcon) {
     IMemberDispatch& alignment = At("Alignments/Alignment a [foreign]");
     IMemberDispatch& points = At("Surfaces/Surface s/Definition/Pnts");
-    const auto icon = [this](IMemberDispatch& owner, const char* name) { return IconOf(owner, name); };
-    EXPECT_EQ(icon(alignment, "desc"), RowIcon::Text);
+    EXPECT_EQ(IconOf(alignment, "desc"), RowIcon::Text);
     EXPECT_TRUE(alignment.RenameMember("desc", "staEnd"));
-    EXPECT_EQ(icon(alignment, "staEnd [invalid]"), RowIcon::Invalid);
+    EXPECT_EQ(IconOf(alignment, "staEnd [invalid]"), RowIcon::Invalid);
     EXPECT_TRUE(Editing().Undo());
-    EXPECT_EQ(icon(alignment, "desc"), RowIcon::Text);
-    EXPECT_EQ(icon(alignment, "length"), RowIcon::Measure);
+    EXPECT_EQ(IconOf(alignment, "desc"), RowIcon::Text);
+    EXPECT_EQ(IconOf(alignment, "length"), RowIcon::Measure);
     EXPECT_TRUE(alignment.ChangeMemberType("length", DT_String));
-    EXPECT_EQ(icon(alignment, "length"), RowIcon::Text);
+    EXPECT_EQ(IconOf(alignment, "length"), RowIcon::Text);
     EXPECT_TRUE(alignment.ChangeMemberType("length", DT_RoadStationDouble));
-    EXPECT_EQ(icon(alignment, "length"), RowIcon::Station);
-    EXPECT_EQ(icon(points, "P 2 [invalid]"), RowIcon::Invalid);
+    EXPECT_EQ(IconOf(alignment, "length"), RowIcon::Station);
+    EXPECT_EQ(IconOf(points, "P 2 [invalid]"), RowIcon::Invalid);
     EXPECT_TRUE(points.SetMember("P 2 [invalid]", MakeValue(DT_String, "3 4")));
-    EXPECT_EQ(icon(points, "P 2"), RowIcon::Point);
+    EXPECT_EQ(IconOf(points, "P 2"), RowIcon::Point);
 }
 
 } // namespace
