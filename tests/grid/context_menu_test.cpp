@@ -229,7 +229,7 @@ protected:
             object->extraCommands = {{"last", 12}};
             object->doesItself = true; // "New" opens no dialog
         }
-        grid.Initialize(&root, "Name", "Value", 0);
+        Show(root);
         grid.ExpandAll();
         observer.answers = true;
         root.calls = point.calls = &calls;
@@ -238,6 +238,14 @@ protected:
     void RightClick(CPoint at) {
         input::Mouse(grid.m_hWnd, WM_RBUTTONDOWN, MK_RBUTTON, at);
         input::Mouse(grid.m_hWnd, WM_RBUTTONUP, 0, at);
+    }
+    void Choose(unsigned command, CPoint at) {
+        display.AnswerNext(command);
+        RightClick(at);
+    }
+    void Show(HostObject& object) {
+        grid.Clear();
+        grid.Initialize(&object, "Name", "Value", 0);
     }
     std::string Run() {
         calls.clear();
@@ -280,8 +288,7 @@ TEST_F(GridMenuTest, ACommandRunsForTheRowThatWasClicked) {
              {"new, beside the rows", blank, 15041, -1, "adding?  "}}) {
         Select(grid, 4);
         grid.SetItemState(1, LVIS_SELECTED, LVIS_SELECTED); // a list keeps both when one is clicked
-        display.AnswerNext(command);
-        RightClick(at);
+        Choose(command, at);
         EXPECT_EQ(SelectedRow(grid), selected) << border;
         EXPECT_EQ(Run(), called) << border;
         EXPECT_EQ(grid.SendMessageA(LVM_GETSELECTEDCOUNT), selected == -1 ? 0 : 1) << border;
@@ -299,15 +306,9 @@ TEST_F(GridMenuTest, WhatWasClickedIsMeantAlsoWhenTheRowsAreOthersByThen) {
              {"rows above are removed", removeAbove, "flags width removing? width "},
              {"its own is removed", [this] { grid.OnOperationRemove(&root, "width", {}); }, ""},
              {"the binding ends", [this] { grid.Clear(); }, ""},
-             {"another object is shown",
-              [this] {
-                  grid.Clear();
-                  grid.Initialize(&point, "Name", "Value", 0);
-              },
-              ""}}) {
+             {"another object is shown", [this] { Show(point); }, ""}}) {
         for (const bool isOpen : {false, true}) {
-            grid.Clear();
-            grid.Initialize(&root, "Name", "Value", 0);
+            Show(root);
             const int row = grid.RowOfNode(grid.LookupTreeItem(&root, "width"));
             display.AnswerNextMenu([&, between = between](const auto&) {
                 if (isOpen)
@@ -320,25 +321,16 @@ TEST_F(GridMenuTest, WhatWasClickedIsMeantAlsoWhenTheRowsAreOthersByThen) {
             EXPECT_EQ(Run(), called) << border << (isOpen ? ", open" : ", chosen");
         }
     }
-    grid.Clear();
-    grid.Initialize(&root, "Name", "Value", 0);
-    display.AnswerNext(15042);
-    RightClick(Label(1));
-    display.AnswerNext(15042);
-    RightClick(Label(2));
-    display.AnswerNext(0);
-    RightClick(Label(0));
+    Show(root);
+    Choose(15042, Label(1));
+    Choose(15042, Label(2));
+    Choose(0, Label(0));
     EXPECT_EQ(Run(), "flags on removing? on flags width removing? width ") << "one menu after the other";
-    display.AnswerNext(15041);
-    RightClick({100, Middle(8)});
-    grid.Clear();
-    grid.Initialize(&root, "Name", "Value", 0);
-    EXPECT_EQ(Run(), "adding?  ") << "beside the rows of the same object";
-    display.AnswerNext(15041);
-    RightClick({100, Middle(8)});
-    grid.Clear();
-    grid.Initialize(&point, "Name", "Value", 0);
-    EXPECT_EQ(Run(), "") << "of another one";
+    for (const auto& [shown, called] : {std::pair(&root, "adding?  "), {&point, ""}}) {
+        Choose(15041, {100, Middle(8)});
+        Show(*shown);
+        EXPECT_EQ(Run(), called) << "beside the rows of the same object, not of another one";
+    }
 }
 
 TEST_F(GridMenuTest, TheColumnThatWasClickedIsMeant) {
@@ -347,16 +339,14 @@ TEST_F(GridMenuTest, TheColumnThatWasClickedIsMeant) {
     grid.Initialize(&root, "Name", "Value", 0);
     for (int column = 0; column < 3; ++column)
         grid.SetColumnWidth(column, 100);
-    display.AnswerNext(15010);
-    RightClick({250, Middle(0)});
+    Choose(15010, {250, Middle(0)});
     input::Key(grid.m_hWnd, WM_KEYDOWN, VK_LEFT, "");
     display.MovePointer({150, Middle(0)});
     EXPECT_EQ(Run().substr(0, 6), "get y ");
     EXPECT_EQ(grid.GetCurrentColumn(), 2);
 
     const auto offers = [&](int column) {
-        display.AnswerNext(0);
-        RightClick({column * 100 + 50, Middle(0)});
+        Choose(0, {column * 100 + 50, Middle(0)});
         std::string texts;
         for (const MenuEntry& entry : display.ShownMenus().back())
             texts += entry.text + ";";
@@ -440,8 +430,7 @@ TEST_F(GridMenuTest, NothingIsDoneWhereTheRowMayNotBeSelected) {
     Select(grid, 4);
     parent.refusesSelection = true;
     for (const CPoint at : {Label(3), CPoint{100, Middle(8)}}) {
-        display.AnswerNext(15042);
-        RightClick(at);
+        Choose(15042, at);
         EXPECT_EQ(Run(), "");
         EXPECT_EQ(SelectedRow(grid), 4);
     }
@@ -477,8 +466,7 @@ TEST_F(GridMenuTest, WithoutEntriesTheHostMayShowItsOwn) {
     EXPECT_EQ(std::exchange(parent.asked, {}), "menu ") << "without an object";
     grid.Initialize(nullptr, "Name", "Value", 0);
     grid.SetAllowFormats(true);
-    display.AnswerNext(15017);
-    RightClick(Label(0));
+    Choose(15017, Label(0));
     Run();
     EXPECT_EQ(parent.asked, "15017 ") << "the formats are the host's";
 }

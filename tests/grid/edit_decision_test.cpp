@@ -35,45 +35,32 @@ Answers Ask(EDataTyps type, bool isEditable) {
 }
 
 TEST(EditDecision, SaysByTypeWhatAClickMeans) {
-    constexpr Answers Text{EditText, EditText, EditText, EditText};
-    constexpr Answers Nothing{None, None, None, None};
-    constexpr Answers Button{None, None, None, PressButton};
+    const auto everywhere = [](CellAction action) { return Answers{action, action, action, action}; };
+    const Answers text = everywhere(EditText), nothing = everywhere(None);
+    constexpr Answers Button{None, None, None, PressButton}, Group{None, None, None, PressGroup};
+    const auto all = [](auto... types) { return std::vector{EDataTyps(types)...}; };
+    const auto plain = all(DT_Int, DT_Long, DT_UInt, DT_Float, DT_Double, DT_String, DT_LengthFloat,
+                           DT_AreaDouble, DT_VolumeFloat, DT_PercentDouble, DT_CurrencyFloat,
+                           DT_ManDaysDouble, DT_RailwayStationDouble, DT_RoadStationFloat);
+    const auto texts = all(DT_TextFormInt, DT_TextFormDouble, DT_Bool | TypeBitTextForm,
+                           DT_ColorARGB | TypeBitTextForm, DT_AngleDouble | TypeBitTextForm);
+    const auto buttons = all(DT_Int | TypeBitButton, DT_String | TypeBitButton, DT_ColorARGB | TypeBitButton);
+    const auto lists = all(DT_ListInt, DT_ListLong, DT_ListFloat, DT_ListDouble, DT_ListString);
+    const Answers path{EditPath, EditPath, OpenFile, BrowseFile};
     const Table<std::vector<EDataTyps>, Answers, Answers> rows = {
-        {"plain values, measures and stations",
-         {DT_Int, DT_Long, DT_UInt, DT_Float, DT_Double, DT_String, DT_LengthFloat, DT_AreaDouble,
-          DT_VolumeFloat, DT_PercentDouble, DT_CurrencyFloat, DT_ManDaysDouble, DT_RailwayStationDouble,
-          DT_RoadStationFloat},
-         Text,
-         Nothing},
-        {"text forms",
-         {DT_TextFormInt, DT_TextFormDouble, EDataTyps(DT_Bool | TypeBitTextForm),
-          EDataTyps(DT_ColorARGB | TypeBitTextForm), EDataTyps(DT_AngleDouble | TypeBitTextForm)},
-         Text,
-         Nothing},
-        {"a flag", {DT_Bool}, {ToggleFlag, None, None, None}, Nothing},
-        {"colors", {DT_ColorRGB, DT_ColorARGB}, {ChooseColor, None, None, None}, Nothing},
-        {"angles", {DT_AngleFloat, DT_AngleDouble}, {EditText, EditText, EditText, ChangeAngleUnit}, Nothing},
-        {"lists",
-         {DT_ListInt, DT_ListLong, DT_ListFloat, DT_ListDouble, DT_ListString},
-         {DropList, DropList, DropList, DropList},
-         Nothing},
-        {"a date", {DT_Date}, {PickDate, PickDate, PickDate, PickDate}, Nothing},
-        {"a file opens also while it is protected",
-         {DT_FileName},
-         {EditPath, EditPath, OpenFile, BrowseFile},
-         {None, None, OpenFile, None}},
-        {"buttons act also while they are protected",
-         {EDataTyps(DT_Int | TypeBitButton), EDataTyps(DT_String | TypeBitButton),
-          EDataTyps(DT_ColorARGB | TypeBitButton)},
-         Button,
-         Button},
-        {"a group", {DT_Group}, {None, None, None, PressGroup}, {None, None, None, PressGroup}},
-        {"ranges",
-         {DT_RangeInt, DT_RangeFloat, DT_RangeDouble},
-         {EditBesideSpin, EditBesideSpin, EditBesideSpin, EditBesideSpin},
-         Nothing},
-        {"random numbers", {DT_RandomInt, DT_RandomUInt}, {EditText, EditText, EditText, RollDice}, Nothing},
-        {"what has no cell", {DT_Void, EDataTyps(TypeBitList), EDataTyps(0x8002)}, Nothing, Nothing}};
+        {"plain values, measures and stations", plain, text, nothing},
+        {"text forms", texts, text, nothing},
+        {"a flag", {DT_Bool}, {ToggleFlag, None, None, None}, nothing},
+        {"colors", {DT_ColorRGB, DT_ColorARGB}, {ChooseColor, None, None, None}, nothing},
+        {"angles", {DT_AngleFloat, DT_AngleDouble}, {EditText, EditText, EditText, ChangeAngleUnit}, nothing},
+        {"lists", lists, everywhere(DropList), nothing},
+        {"a date", {DT_Date}, everywhere(PickDate), nothing},
+        {"a file opens also while it is protected", {DT_FileName}, path, {None, None, OpenFile, None}},
+        {"buttons act also while they are protected", buttons, Button, Button},
+        {"a group", {DT_Group}, Group, Group},
+        {"ranges", {DT_RangeInt, DT_RangeFloat, DT_RangeDouble}, everywhere(EditBesideSpin), nothing},
+        {"random numbers", {DT_RandomInt, DT_RandomUInt}, {EditText, EditText, EditText, RollDice}, nothing},
+        {"what has no cell", {DT_Void, EDataTyps(TypeBitList), EDataTyps(0x8002)}, nothing, nothing}};
     for (const auto& [border, types, editable, guarded] : rows)
         for (const EDataTyps type : types) {
             EXPECT_EQ(Ask(type, true), editable) << border << " 0x" << std::hex << type;

@@ -115,6 +115,15 @@ TEST_F(WaysOut, CommitWhatWasTypedAndKeepWhatIsRefused) {
                 EXPECT_FALSE(grid.m_Edit.IsWindowVisible() && grid.m_Edit.GetWindowTextA() == "7+");
                 EXPECT_EQ(Value(), 12.5);
             }
+            if (way.left == Left::Open && std::string(text) == "7") {
+                if (parent.IsWindowEnabled())
+                    input::FocusMoved(grid.m_Edit.m_hWnd);
+                else
+                    parent.EnableWindow(true), grid.m_Edit.SetFocus();
+                EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd) << "it waits for the user";
+                Return();
+                EXPECT_EQ(Value(), 7) << "and is judged then";
+            }
         }
     }
 }
@@ -211,24 +220,6 @@ TEST_F(WaysOut, APressOutsideCountsOnceWithTheCommandThatItBrings) {
         EXPECT_TRUE(grid.EndEdit()) << "the next command is a second way out";
         EXPECT_EQ(TakeBoxes(), 1u);
         ExpectUsable();
-    }
-}
-
-TEST_F(WaysOut, TheFieldWaitsForTheUserAndIsJudgedThen) {
-    for (const auto& [border, leave, comeBack] :
-         Table<Act, Act>{{"another program", [] { input::ProgramLeft(); },
-                          [this] { input::FocusMoved(grid.m_Edit.m_hWnd); }},
-                         {"a dialog", [this] { parent.EnableWindow(false); },
-                          [this] { parent.EnableWindow(true), grid.m_Edit.SetFocus(); }}}) {
-        SCOPED_TRACE(border);
-        ASSERT_NO_FATAL_FAILURE(Renew());
-        Type("8");
-        leave();
-        EXPECT_TRUE(IsFieldOpen());
-        comeBack();
-        EXPECT_EQ(GetFocus(), grid.m_Edit.m_hWnd);
-        Return();
-        EXPECT_EQ(Value(), 8);
     }
 }
 
