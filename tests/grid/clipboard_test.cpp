@@ -5,6 +5,8 @@
 namespace korvel {
 namespace {
 
+using enum GridCommand;
+
 /// Writes down that its grid has copied.
 class ToldParent : public CWnd {
 public:
@@ -44,16 +46,16 @@ TEST_F(ClipboardTest, EachCommandCopiesItsPart) {
     Bind();
     constexpr int NoRow = -1;
     for (const auto& [border, row, column, command, text] : Table<int, int, GridCommand, const char*>{
-             {"a value on one line", 1, 1, GridCommand::CopyValue, "a b c  d"},
-             {"a name", 0, 0, GridCommand::CopyValue, "p q"},
-             {"no row", NoRow, 1, GridCommand::CopyValue, "before"},
-             {"a row", 1, 0, GridCommand::CopyRow, "text\ta b c  d"},
-             {"no row either", NoRow, 0, GridCommand::CopyRow, "before"},
-             {"the rows of the list only", NoRow, 0, GridCommand::CopyColumn, "p q\ntext"},
-             {"the column of values", NoRow, 1, GridCommand::CopyColumn, "\na b c  d"},
-             {"a collapsed group", 0, 0, GridCommand::CopyTree, "p q\t\n  x\t1,50 m\n  on\t"},
-             {"a member", 1, 0, GridCommand::CopyTree, "text\ta b c  d"},
-             {"all roots", NoRow, 0, GridCommand::CopyTree, "p q\t\n  x\t1,50 m\n  on\t\ntext\ta b c  d"}}) {
+             {"a value on one line", 1, 1, CopyValue, "a b c  d"},
+             {"a name", 0, 0, CopyValue, "p q"},
+             {"no row", NoRow, 1, CopyValue, "before"},
+             {"a row", 1, 0, CopyRow, "text\ta b c  d"},
+             {"no row either", NoRow, 0, CopyRow, "before"},
+             {"the rows of the list only", NoRow, 0, CopyColumn, "p q\ntext"},
+             {"the column of values", NoRow, 1, CopyColumn, "\na b c  d"},
+             {"a collapsed group", 0, 0, CopyTree, "p q\t\n  x\t1,50 m\n  on\t"},
+             {"a member", 1, 0, CopyTree, "text\ta b c  d"},
+             {"all roots", NoRow, 0, CopyTree, "p q\t\n  x\t1,50 m\n  on\t\ntext\ta b c  d"}}) {
         display.SetClipboardText("before");
         SelectCell(std::max(row, 0), column);
         if (row == NoRow)
@@ -70,11 +72,10 @@ TEST_F(ClipboardTest, AQuotationMarkAtTheBeginningKeepsCellsAndRowsApart) {
     point.With(" \"c\"", Words(DT_String, "  \"\""));
     Bind();
     for (const auto& [border, row, column, command, text] : Table<int, int, GridCommand, const char*>{
-             {"a row", 2, 0, GridCommand::CopyRow, "\"\"\"A\"\" 7\"\t\"\"\"Nord end\""},
-             {"a column", 2, 1, GridCommand::CopyColumn, "\na b c  d\n\"\"\"Nord end\"\n2 \"wide\""},
-             {"after blanks", 0, 0, GridCommand::CopyTree,
-              "p q\t\n  x\t1,50 m\n  on\t\n\"   \"\"c\"\"\"\t\"  \"\"\"\"\""},
-             {"alone", 2, 1, GridCommand::CopyValue, "\"Nord end"}}) {
+             {"a row", 2, 0, CopyRow, "\"\"\"A\"\" 7\"\t\"\"\"Nord end\""},
+             {"a column", 2, 1, CopyColumn, "\na b c  d\n\"\"\"Nord end\"\n2 \"wide\""},
+             {"after blanks", 0, 0, CopyTree, "p q\t\n  x\t1,50 m\n  on\t\n\"   \"\"c\"\"\"\t\"  \"\"\"\"\""},
+             {"alone", 2, 1, CopyValue, "\"Nord end"}}) {
         SelectCell(row, column);
         Run(command);
         EXPECT_EQ(Copied(), text) << border;
@@ -111,7 +112,7 @@ TEST_F(ClipboardTest, TheUserIsToldOfWhatWasDoneOnly) {
     const auto misbehave = [this](std::function<void()> act) {
         return [=, this] {
             point.onRead = [=](const std::string&) { act(); };
-            Run(GridCommand::CopyTree);
+            Run(CopyTree);
         };
     };
     const auto addOnce = [this] {
@@ -123,12 +124,11 @@ TEST_F(ClipboardTest, TheUserIsToldOfWhatWasDoneOnly) {
     const char* failed = "Korvel: Unable to set Clipboard data, error: 1418";
     for (const auto& [border, isQuiet, answer, act, box, text] :
          Table<bool, ClipboardAnswer, std::function<void()>, const char*, const char*>{
-             {"in a box", false, isSet, run(GridCommand::CopyRow), copied, "p q\t"},
-             {"quietly", true, isSet, run(GridCommand::CopyRow), "", "p q\t"},
-             {"not opened", false, notOpened, run(GridCommand::CopyRow), "", "nothing"},
-             {"not set", true, notSet, run(GridCommand::CopyRow), failed, "nothing"},
-             {"an empty value", false, isSet, [this] { SelectCell(0, 1), Run(GridCommand::CopyValue); }, "",
-              "nothing"},
+             {"in a box", false, isSet, run(CopyRow), copied, "p q\t"},
+             {"quietly", true, isSet, run(CopyRow), "", "p q\t"},
+             {"not opened", false, notOpened, run(CopyRow), "", "nothing"},
+             {"not set", true, notSet, run(CopyRow), failed, "nothing"},
+             {"an empty value", false, isSet, [this] { SelectCell(0, 1), Run(CopyValue); }, "", "nothing"},
              {"an empty text", false, isSet, [this] { grid.CopyToClipboard(""); }, "", "nothing"},
              {"a text of the host", false, isSet, [this] { grid.CopyToClipboard("a\tb"); }, "", "a\tb"},
              {"it throws", false, isSet, misbehave([] { throw std::runtime_error("of the host"); }),
@@ -184,7 +184,7 @@ TEST_F(ClipboardTest, AHugeTextIsCopiedWhole) {
     root.SetMember("text", Words(DT_String, std::string(Half, 'a') + "\n" + std::string(Half, 'b')));
     Bind();
     Select(grid, 1);
-    Run(GridCommand::CopyRow);
+    Run(CopyRow);
     const std::string copied = Copied();
     EXPECT_EQ(copied.size(), 5 + 2 * Half + 1);
     EXPECT_EQ(copied.substr(Half + 3, 5), "aa bb");

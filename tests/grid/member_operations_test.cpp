@@ -10,6 +10,8 @@
 namespace korvel {
 namespace {
 
+using enum GridCommand;
+
 using namespace std::chrono_literals;
 
 /// A grid over an object that allows everything, below a parent that writes down steps and calls alike.
@@ -59,10 +61,8 @@ private:
 TEST_F(MemberOperationsTest, EachOperationCallsTheHostInItsOrder) {
     Bind();
     const auto run = [this](GridCommand command) { return [=, this] { Run(command); }; };
-    const auto rename = [this](const char* text) {
-        return [=, this] { Run(GridCommand::RenameMember), Type(text); };
-    };
-    const auto toggle = run(GridCommand::ToggleWriteProtection), retype = run(GridCommand::ChangeToInt);
+    const auto rename = [this](const char* text) { return [=, this] { Run(RenameMember), Type(text); }; };
+    const auto toggle = run(ToggleWriteProtection), retype = run(ChangeToInt);
     const auto pressDelete = [this] { Press(grid, VK_DELETE); };
     for (const auto& [border, member, act, calls, ofPoint] :
          Table<const char*, std::function<void()>, const char*, const char*>{
@@ -74,7 +74,7 @@ TEST_F(MemberOperationsTest, EachOperationCallsTheHostInItsOrder) {
               "flags x label x [Member renamedrenaming? x>east rename x>east ]renamed x>east get east ",
               " east|1; y|2,00;"},
              {"a key", "y", pressDelete, "flags y removing? y get y remove y removed y ", " east|1;"},
-             {"remove", "east", run(GridCommand::RemoveMember),
+             {"remove", "east", run(RemoveMember),
               "flags east removing? east get east remove east removed east ", ""}}) {
         SCOPED_TRACE(border);
         SelectMember(point, member);
@@ -90,11 +90,10 @@ TEST_F(MemberOperationsTest, WhatTheObjectForbidsOrDoesItselfIsLeftToIt) {
     const Lines before = Rows(grid);
     for (const auto& [border, flags, doesItself, command, calls] :
          Table<unsigned, bool, GridCommand, const char*>{
-             {"no removal", MF_Rename, false, GridCommand::RemoveMember, "flags x "},
-             {"a removal of its own", MF_Delete, true, GridCommand::RemoveMember, "flags x removing? x "},
-             {"no renaming", MF_Delete, false, GridCommand::RenameMember, "flags x "},
-             {"no protection", MF_Delete, false, GridCommand::ToggleWriteProtection,
-              "editable? x flags x "}}) {
+             {"no removal", MF_Rename, false, RemoveMember, "flags x "},
+             {"a removal of its own", MF_Delete, true, RemoveMember, "flags x removing? x "},
+             {"no renaming", MF_Delete, false, RenameMember, "flags x "},
+             {"no protection", MF_Delete, false, ToggleWriteProtection, "editable? x flags x "}}) {
         point.memberFlags = flags;
         point.doesItself = doesItself;
         SelectMember(point, "x");
@@ -104,12 +103,12 @@ TEST_F(MemberOperationsTest, WhatTheObjectForbidsOrDoesItselfIsLeftToIt) {
     }
     point.memberFlags = MF_Change; // as good as MF_Rename
     point.doesItself = true;
-    Run(GridCommand::RenameMember);
+    Run(RenameMember);
     Type("east");
     EXPECT_EQ(parent.Take(), "flags x label x [Member renamedrenaming? x>east ]renamed x>east get east ");
     grid.SetAllowRemove(false);
     grid.SetAllowEdit(false);
-    for (const auto command : {GridCommand::RemoveMember, GridCommand::ToggleWriteProtection}) {
+    for (const auto command : {RemoveMember, ToggleWriteProtection}) {
         Run(command);
         EXPECT_EQ(parent.Take(), "");
     }
@@ -120,9 +119,7 @@ TEST_F(MemberOperationsTest, WhatTheObjectForbidsOrDoesItselfIsLeftToIt) {
 }
 
 TEST_F(MemberOperationsTest, AFailureIsRolledBackAndToldInItsOwnWords) {
-    const auto rename = [this](const char* text) {
-        return [=, this] { Run(GridCommand::RenameMember), Type(text); };
-    };
+    const auto rename = [this](const char* text) { return [=, this] { Run(RenameMember), Type(text); }; };
     const auto retype = [this](GridCommand command) { return [=, this] { Run(command); }; };
     for (const auto& [border, failing, act, steps, told] :
          Table<const char*, std::function<void()>, const char*, const char*>{
@@ -130,19 +127,18 @@ TEST_F(MemberOperationsTest, AFailureIsRolledBackAndToldInItsOwnWords) {
              {"a name that is there", "", rename("y"), "[Member renamed]!",
               "attribute name 'y' already existing"},
              {"a case of its own", "", rename("X"), "[Member renamed]", ""},
-             {"no conversion", "", retype(GridCommand::ChangeToString), "[Type changed]!",
+             {"no conversion", "", retype(ChangeToString), "[Type changed]!",
               "Member value 1,50 could not be converted into Text"},
-             {"the conversion fails otherwise", "retype", retype(GridCommand::ChangeToInt), "[Type changed]!",
+             {"the conversion fails otherwise", "retype", retype(ChangeToInt), "[Type changed]!",
               "Member value 1,50 could not be converted into Integer"},
-             {"the observer of a type fails", "retyped", retype(GridCommand::ChangeToInt), "[Type changed]!",
+             {"the observer of a type fails", "retyped", retype(ChangeToInt), "[Type changed]!",
               "of the host"},
              {"the observer of a name fails, after the step", "renamed", rename("east"), "[Member renamed]!",
               "of the host"},
-             {"reading before a step", "get", retype(GridCommand::ChangeToInt), "", "of the host"},
-             {"no step: asking for a label", "label", retype(GridCommand::RenameMember), "", "of the host"},
-             {"no step: removal", "remove", retype(GridCommand::RemoveMember), "", "of the host"},
-             {"no step: protection", "protect", retype(GridCommand::ToggleWriteProtection), "",
-              "of the host"}}) {
+             {"reading before a step", "get", retype(ChangeToInt), "", "of the host"},
+             {"no step: asking for a label", "label", retype(RenameMember), "", "of the host"},
+             {"no step: removal", "remove", retype(RemoveMember), "", "of the host"},
+             {"no step: protection", "protect", retype(ToggleWriteProtection), "", "of the host"}}) {
         SCOPED_TRACE(border);
         HostObject object("object");
         object.With("x", Number(DT_Double, 1.5)).With("y", Flag(true));
@@ -167,11 +163,11 @@ TEST_F(MemberOperationsTest, TheLabelIsEditedAndEscapeGivesItUp) {
     point.labelEnd = " [m]";
     Bind();
     SelectMember(point, "x");
-    Run(GridCommand::RenameMember);
+    Run(RenameMember);
     EXPECT_EQ(GetWindowTextA(grid.GetEditControl()), "x [m]");
     Type("east", VK_ESCAPE);
     EXPECT_EQ(parent.Take(), "flags x label x ");
-    Run(GridCommand::RenameMember);
+    Run(RenameMember);
     grid.SetItemState(2, LVIS_SELECTED, LVIS_SELECTED);             // which the edit is not about
     input::Key(grid.GetEditControl(), WM_KEYDOWN, VK_RETURN, "\r"); // kept: what was shown is the new name
     EXPECT_EQ(Rows(grid)[1], " x [m]|1,50");
@@ -209,7 +205,7 @@ TEST_F(MemberOperationsTest, EachWayOutTakesDropsOrKeepsTheNameThatIsTyped) {
         object.memberFlags = MF_Rename;
         grid.Initialize(&object, "Name", "Value", 0);
         Select(grid, 0);
-        Run(GridCommand::RenameMember);
+        Run(RenameMember);
         SetWindowTextA(grid.GetEditControl(), typed);
         object.calls = observer.calls = &parent.log;
         parent.Take();
@@ -275,7 +271,7 @@ TEST_F(MemberOperationsTest, ANewAttributeGoesToTheObjectOfTheRow) {
             SetWindowTextA(GetDlgItem(dialog, internal::AttributeNameId), name);
             SendMessageA(dialog, WM_COMMAND, IDOK, 0);
         });
-        Run(GridCommand::AddMember);
+        Run(AddMember);
         const std::string calls = parent.Take();
         EXPECT_EQ(calls.find("adding?"), 0u);
         EXPECT_NE(calls.find(std::string("add ") + name + " added " + name + " "), std::string::npos)
@@ -300,7 +296,7 @@ TEST_F(MemberOperationsTest, WhatTheObjectRefusesToAddIsSaidInTheDialog) {
         EXPECT_EQ(GetDlgItemTextA(dialog, internal::AttributeNameId), "new");
         SendMessageA(dialog, WM_COMMAND, IDOK, 0);
     });
-    Run(GridCommand::AddMember);
+    Run(AddMember);
     EXPECT_NE(parent.Take().find("type new add new added new "), std::string::npos);
     EXPECT_EQ(TakeBoxes(), "");
 }
@@ -322,7 +318,7 @@ TEST_F(MemberOperationsTest, ADialogForAnObjectThatIsGoneAddsNothing) {
             SetWindowTextA(GetDlgItem(dialog, internal::AttributeNameId), "new");
             SendMessageA(dialog, WM_COMMAND, IDOK, 0);
         });
-        Run(GridCommand::AddMember);
+        Run(AddMember);
         EXPECT_TRUE(isOpen) << border;
         EXPECT_EQ(parent.Take().find("add "), std::string::npos) << border;
     }
@@ -336,42 +332,41 @@ TEST_F(MemberOperationsTest, InColumnsARowIsTheObjectAndACellItsMember) {
     display.MovePointer({150, Middle(0)}); // which does not count
     for (int column = 0; column < 2; ++column)
         input::Key(grid.m_hWnd, WM_KEYDOWN, VK_RIGHT, "");
-    Run(GridCommand::ChangeToInt);
+    Run(ChangeToInt);
     EXPECT_EQ(parent.Take(), "get y [Type changedtype y retype y get y retyped y from 8 to 1 type y ]");
     input::Key(grid.m_hWnd, WM_KEYDOWN, VK_LEFT, "");
-    Run(GridCommand::ChangeToInt);
+    Run(ChangeToInt);
     EXPECT_EQ(parent.Take().substr(0, 6), "get x ");
     point.SetEditFlags(EF_Rename);
     point.SetIdent("its own");
-    Run(GridCommand::RenameMember);
+    Run(RenameMember);
     display.AnswerNext(IDOK);
     Type("q");
     EXPECT_EQ(parent.Take(),
               "flags its own label its own [Member renamedrenaming? its own>q rename its own>q ]!")
         << "kept: by its own name";
     EXPECT_EQ(TakeBoxes(), "attribute name 'q' already existing");
-    Run(GridCommand::RemoveMember);
+    Run(RemoveMember);
     EXPECT_EQ(parent.Take(), "flags p removing? p get p remove p removed p ");
 }
 
 TEST_F(MemberOperationsTest, PathsAreOpenedAndEveryRefusalIsTold) {
     Bind();
-    constexpr const char* deniedFolder = "Access denied to folder \"b\".";
     for (const auto& [border, path, command, results, isOpened, opened, told] :
          Table<const char*, GridCommand, std::vector<int>, bool, const char*, const char*>{
-             {"opened", "plans/a.pdf", GridCommand::OpenFile, {42}, true, "plans/a.pdf 0 ", ""},
-             {"empty", "", GridCommand::OpenFile, {}, false, "", "File \"\" not found."},
-             {"missing", "a", GridCommand::OpenFile, {2}, false, "a 0 ", "File \"a\" not found."},
-             {"denied", "a", GridCommand::OpenFile, {5}, false, "a 0 ", "Access denied to file \"a\"."},
-             {"memory", "a", GridCommand::OpenFile, {8}, false, "a 0 ", "Out of memory."},
-             {"no program", "a", GridCommand::OpenFile, {31, 2}, true, "a 0 a 1 ", ""},
-             {"anything else", "a", GridCommand::OpenFile, {32}, false, "a 0 ", ""},
-             {"a folder", "C:\\plans\\a.pdf", GridCommand::OpenFolder, {42}, true, "C:\\plans 2 ", ""},
-             {"of a bare name", "a", GridCommand::OpenFolder, {42}, true, ". 2 ", ""},
-             {"at the root", "/a", GridCommand::OpenFolder, {42}, true, "/ 2 ", ""},
-             {"a missing one", "b/a", GridCommand::OpenFolder, {2}, false, "b 2 ", "Folder \"b\" not found."},
-             {"a denied one", "b/a", GridCommand::OpenFolder, {5}, false, "b 2 ", deniedFolder},
-             {"no choice for folders", "b/a", GridCommand::OpenFolder, {31}, false, "b 2 ", ""}}) {
+             {"opened", "plans/a.pdf", OpenFile, {42}, true, "plans/a.pdf 0 ", ""},
+             {"empty", "", OpenFile, {}, false, "", "File \"\" not found."},
+             {"missing", "a", OpenFile, {2}, false, "a 0 ", "File \"a\" not found."},
+             {"denied", "a", OpenFile, {5}, false, "a 0 ", "Access denied to file \"a\"."},
+             {"memory", "a", OpenFile, {8}, false, "a 0 ", "Out of memory."},
+             {"no program", "a", OpenFile, {31, 2}, true, "a 0 a 1 ", ""},
+             {"anything else", "a", OpenFile, {32}, false, "a 0 ", ""},
+             {"a folder", "C:\\plans\\a.pdf", OpenFolder, {42}, true, "C:\\plans 2 ", ""},
+             {"of a bare name", "a", OpenFolder, {42}, true, ". 2 ", ""},
+             {"at the root", "/a", OpenFolder, {42}, true, "/ 2 ", ""},
+             {"a missing one", "b/a", OpenFolder, {2}, false, "b 2 ", "Folder \"b\" not found."},
+             {"a denied one", "b/a", OpenFolder, {5}, false, "b 2 ", "Access denied to folder \"b\"."},
+             {"no choice for folders", "b/a", OpenFolder, {31}, false, "b 2 ", ""}}) {
         SCOPED_TRACE(border);
         const std::size_t before = display.OpenedPaths().size();
         root.SetMember("file", Words(DT_FileName, path));
@@ -391,12 +386,12 @@ TEST_F(MemberOperationsTest, PathsAreOpenedAndEveryRefusalIsTold) {
             display.AnswerNextOpen(result);
         if (*told)
             display.AnswerNext(IDOK);
-        EXPECT_EQ(command == GridCommand::OpenFile ? grid.OpenFile(path) : grid.OpenFolder("b"), isOpened);
+        EXPECT_EQ(command == OpenFile ? grid.OpenFile(path) : grid.OpenFolder("b"), isOpened);
         TakeBoxes();
     }
     display.AnswerNextOpen(42);
     SelectMember(point, "y");
-    Run(GridCommand::OpenFile);
+    Run(OpenFile);
     EXPECT_EQ(display.OpenedPaths().back().path, "2,00") << "no file name: as it is shown";
 }
 
@@ -413,7 +408,7 @@ TEST(TypeCommands, EachTargetHasACommandAndSourcesHaveAllOthers) {
         EXPECT_EQ(ConversionsOf(all[i]), isTargetOnly ? Types() : others) << all[i];
     }
     EXPECT_EQ(ConversionsOf(DT_LengthDouble), Types());
-    EXPECT_EQ(internal::TypeOfCommand(GridCommand::AddMember), std::nullopt);
+    EXPECT_EQ(internal::TypeOfCommand(AddMember), std::nullopt);
 }
 
 } // namespace
