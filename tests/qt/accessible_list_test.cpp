@@ -200,6 +200,25 @@ TEST_F(AccessibleList, AnActionMayEndTheListThatItIsDoneIn) {
     EXPECT_EQ(doomed.m_hWnd, nullptr);
 }
 
+TEST_F(AccessibleList, AnActionThatMayNotComeToItsRowIsNotDoneElsewhere) {
+    struct Parent : CWnd {
+        bool OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override {
+            const auto& change = *reinterpret_cast<const NMLISTVIEW*>(lParam);
+            if (change.hdr.code != LVN_ITEMCHANGING || change.iItem == 0)
+                return CWnd::OnNotify(wParam, lParam, result);
+            *result = 1;
+            return true;
+        }
+    } parent;
+    parent.CreateEx(0, "KorvelFrame", "", WS_CHILD | WS_VISIBLE, {0, 0, 200, 200}, &m_frame, 7);
+    Choose(0);
+    list.SetExtendedStyle(LVS_EX_CHECKBOXES);
+    SetParent(list.m_hWnd, parent.m_hWnd);
+    BlindUser::Do(Cell(1, 0), "Toggle");
+    EXPECT_FALSE(list.GetCheck(0) || list.GetCheck(1));
+    list.DestroyWindow();
+}
+
 TEST_F(AccessibleList, OnlyTheCellOfTheUserIsAnnouncedOnceATurn) {
     Ear ear;
     Choose(1);
