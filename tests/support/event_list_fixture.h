@@ -50,9 +50,9 @@ protected:
         return texts;
     }
     std::vector<std::string> Events() const {
-        std::vector<std::string> events;
-        for (int row = 0; row < list.GetItemCount(); ++row)
-            events.push_back(list.GetItemText(row, 4));
+        std::vector<std::string> events(static_cast<std::size_t>(list.GetItemCount()));
+        for (std::size_t row = 0; row < events.size(); ++row)
+            events[row] = list.GetItemText(static_cast<int>(row), 4);
         return events;
     }
 
