@@ -11,12 +11,12 @@ namespace {
 
 constexpr int MostColumns = 64; // of which a sentence is made
 
+} // namespace
+
 QString TextAt(HWND list, view::CellPlace place) {
     const auto cell = view::Cell(list, place);
     return cell ? ToQString(cell->text) : QString();
 }
-
-} // namespace
 
 QString DescriptionOf(HWND list, const view::CellView& cell) {
     if (cell.at.row == view::TitleRow)

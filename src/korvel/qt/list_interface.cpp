@@ -2,6 +2,7 @@
 
 #include "korvel/qt/cell_interface.h"
 #include "korvel/qt/cell_table.h"
+#include "korvel/qt/cell_texts.h"
 #include "korvel/qt/convert.h"
 #include "korvel/qt/list_surface.h"
 #include "korvel/qt/peer.h"
@@ -19,11 +20,6 @@ namespace {
 
 int Clamped(std::int64_t number) {
     return static_cast<int>(std::min<std::int64_t>(number, std::numeric_limits<int>::max()));
-}
-
-QString TextAt(HWND list, view::CellPlace place) {
-    const auto cell = view::Cell(list, place);
-    return cell ? ToQString(cell->text) : QString();
 }
 
 int SelectedCount(HWND list) {
