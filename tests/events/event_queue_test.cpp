@@ -56,6 +56,7 @@ TEST_F(EventQueueTest, ManyThreadsLoseNothingAndKeepTheirOrder) {
     constexpr int Threads = 4;
     constexpr int Reports = 2000; // more than a part
     std::vector<std::thread> workers;
+    workers.reserve(Threads);
     for (int worker = 0; worker < Threads; ++worker)
         workers.emplace_back([&, worker] {
             for (int i = 0; i < Reports; ++i)

@@ -49,7 +49,7 @@ protected:
     std::string Use() const {
         static const std::regex pattern("^(not )?used.*");
         for (HWND child = GetFirstChild(m_lists->m_hWnd); child; child = GetNextSibling(child))
-            if (const CString text = korvel::GetWindowTextA(child); std::regex_match(text, pattern))
+            if (CString text = korvel::GetWindowTextA(child); std::regex_match(text, pattern))
                 return text;
         return "";
     }

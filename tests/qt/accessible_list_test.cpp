@@ -34,9 +34,9 @@ protected:
         list.SetFocus();
     }
     void Insert(int row, int count) {
-        std::vector<LPARAM> data;
-        for (int i = 0; i < count; ++i)
-            data.push_back(nextData++);
+        std::vector<LPARAM> data(static_cast<std::size_t>(count));
+        std::iota(data.begin(), data.end(), nextData);
+        nextData += count;
         internal::InsertModelRows(list.m_hWnd, row, data.data(), count, 0);
     }
     void Choose(int row) {
@@ -282,9 +282,8 @@ TEST_F(AccessibleList, InterfacesHoldThroughAnyChanges) {
         case 0:
         case 1: {
             const int count = below(size < 200 ? 20 : 3);
-            std::vector<LPARAM> added;
-            for (int i = 0; i < count; ++i)
-                added.push_back(nextData + i);
+            std::vector<LPARAM> added(static_cast<std::size_t>(count));
+            std::iota(added.begin(), added.end(), nextData);
             rows.insert(rows.begin() + first, added.begin(), added.end());
             Insert(first, count);
             break;
