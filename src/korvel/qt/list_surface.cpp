@@ -1,21 +1,16 @@
 #include "korvel/qt/list_surface.h"
 
 #include "korvel/qt/cell_table.h"
-#include "korvel/qt/peer_context.h"
 
 namespace korvel::internal {
 
-ListSurface::ListSurface(QWidget* parent, HWND window, PeerContext& context)
-    : QWidget(parent), m_window(window), m_context(context) {}
+ListSurface::ListSurface(QWidget* parent, HWND window, const PeerTable& peers, bool& areCellsRead)
+    : QWidget(parent), m_window(window), m_peers(peers), m_areCellsRead(areCellsRead) {}
 
 ListSurface::~ListSurface() = default;
 
-const PeerTable& ListSurface::Peers() const {
-    return m_context.peers;
-}
-
 CellTable& ListSurface::Cells() {
-    m_context.areCellsRead = true;
+    m_areCellsRead = true;
     if (!m_cells)
         m_cells = std::make_unique<CellTable>(*this);
     return *m_cells;

@@ -9,18 +9,18 @@ namespace korvel::internal {
 
 class CellTable;
 class PeerTable;
-struct PeerContext;
 
 /// The widget on which a list is painted. Screen readers and test tools find the list by it: the class is what
 /// ListInterface::Make looks for.
 class ListSurface final : public QWidget {
 public:
-    ListSurface(QWidget* parent, HWND window, PeerContext& context);
+    /// Sets `areCellsRead` as soon as somebody asks for a cell.
+    ListSurface(QWidget* parent, HWND window, const PeerTable& peers, bool& areCellsRead);
     ~ListSurface() override;
 
     HWND Window() const { return m_window; }
     /// Among them those of the controls over the list.
-    const PeerTable& Peers() const;
+    const PeerTable& Peers() const { return m_peers; }
     /// What is known of the cells that somebody has asked for.
     CellTable& Cells();
     /// See IDisplay::RowsChanged. Costs nothing while nobody has asked for a cell.
@@ -28,7 +28,8 @@ public:
 
 private:
     const HWND m_window;
-    PeerContext& m_context;
+    const PeerTable& m_peers;
+    bool& m_areCellsRead;
     std::unique_ptr<CellTable> m_cells;
 };
 
