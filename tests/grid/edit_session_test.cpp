@@ -9,7 +9,7 @@ namespace {
 
 using Act = std::function<void()>;
 
-const SYSTEMTIME march{2026, 3, 0, 4};
+const SYSTEMTIME March{2026, 3, 0, 4};
 
 TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
     TestEnumeration colors({"red", "green"});
@@ -51,7 +51,7 @@ TEST_F(EditTest, EveryWriteIsOneStepInTheOrderOfItsKind) {
              {"the unit of an angle", [&] { ClickRight("angle"); }, ""},
              {"an entry of a list", [&] { Click("list"), Press(VK_DOWN), Return(); },
               "<7><22 red><9>[Member edited set list=green  changed list=green ]<8>"},
-             {"a date", [&] { Click("date"), grid.m_DateTime.SetTime(march), Return(); },
+             {"a date", [&] { Click("date"), grid.m_DateTime.SetTime(March), Return(); },
               "[Member edited set date=46085  changed date=46085 ]"}}) {
         SCOPED_TRACE(border);
         parent.Take();
@@ -130,7 +130,7 @@ TEST_F(EditTest, EscapeGivesUpADateWhereTheGridSaysSo) {
         SCOPED_TRACE(cancels);
         Click("date");
         grid.SetGridOption(EGridOption::EscapeCancels, cancels); // counts at once
-        grid.m_DateTime.SetTime(march);
+        grid.m_DateTime.SetTime(March);
         parent.Take();
         Press(VK_ESCAPE, "\x1B");
         EXPECT_EQ(parent.Take(), cancels ? "" : "[Member edited set date=46085  changed date=46085 ]");
@@ -144,7 +144,7 @@ TEST_F(EditTest, AChoiceThatTheObjectRefusesIsRolledBackAndStopsTheCommand) {
     root.With("list", colors.ValueOf(",1,")).With("date", MakeDate("GDT_VALID", 44000.5));
     grid.Initialize(&root, "Name", "Value", 0);
     for (const auto& [name, choose] :
-         Table<Act>{{"list", [&] { Press(VK_DOWN); }}, {"date", [&] { grid.m_DateTime.SetTime(march); }}}) {
+         Table<Act>{{"list", [&] { Press(VK_DOWN); }}, {"date", [&] { grid.m_DateTime.SetTime(March); }}}) {
         SCOPED_TRACE(name);
         Click(name);
         choose();

@@ -81,8 +81,9 @@ constexpr std::uint32_t PixelAt(const Icon& icon, int column, int row) {
     std::uint32_t hits = 0;
     std::uint32_t white = 0;
     for (int i = 0; i < static_cast<int>(Count); ++i) {
+        const int down = i / Samples;
         const double x = column + (i % Samples + 0.5) / Samples;
-        const double y = row + (i / Samples + 0.5) / Samples;
+        const double y = row + (down + 0.5) / Samples;
         if (!IsOnGround(icon, x, y))
             continue;
         ++hits;
