@@ -119,6 +119,10 @@ TEST_F(ListReading, TheDisplayIsToldWhichRowsComeAndGo) {
              {"repainted beyond the rows", [&] { list.RedrawItems(-3, 99); }, {{0, 10, 10}}}}) {
         MakeList(10);
         display.TakeRowChanges(list.m_hWnd);
+        list.InsertItem(0, "new"), list.DeleteRows(0, 1);
+        view::List(list.m_hWnd);
+        EXPECT_TRUE(display.TakeRowChanges(list.m_hWnd).empty()) << "nobody has read a cell";
+        view::Cell(list.m_hWnd, {0, 0});
         act();
         EXPECT_TRUE(display.TakeRowChanges(list.m_hWnd) == changes) << border;
     }
@@ -134,6 +138,8 @@ TEST_F(ListReading, TheRowsAreThoseOfTheListWhenTheDisplayIsTold) {
     } follower;
     SetDisplay(&follower);
     MakeList(6);
+    follower.rows = list.GetItemCount();
+    view::Cell(list.m_hWnd, {0, 0});
     list.DeleteRows(1, 3);
     DeleteRowsQuietly(0, 2);
     list.DeleteAllItems();

@@ -53,16 +53,12 @@ void Announcer::SetListener(Listener listener) {
     TheListener() = std::move(listener);
 }
 
-bool Announcer::IsHeard() {
-    return QAccessible::isActive() || TheListener();
-}
-
 void Announcer::Add(ListSurface& list) {
     m_lists.emplace_back(&list);
 }
 
 void Announcer::Note() {
-    if (m_isPending || !IsHeard())
+    if (m_isPending || !(QAccessible::isActive() || TheListener()))
         return;
     m_isPending = true;
     QMetaObject::invokeMethod(

@@ -19,8 +19,6 @@ class Announcer {
 public:
     /// A list in which the user may be, until it is gone.
     void Add(ListSurface& list);
-    /// Whether anybody listens.
-    static bool IsHeard();
     /// Something changed that may concern the cell. Costs next to nothing while nobody listens.
     void Note();
 

@@ -4,13 +4,12 @@
 
 namespace korvel::internal {
 
-ListSurface::ListSurface(QWidget* parent, HWND window, const PeerTable& peers, bool& areCellsRead)
-    : QWidget(parent), m_window(window), m_peers(peers), m_areCellsRead(areCellsRead) {}
+ListSurface::ListSurface(QWidget* parent, HWND window, const PeerTable& peers)
+    : QWidget(parent), m_window(window), m_peers(peers) {}
 
 ListSurface::~ListSurface() = default;
 
 CellTable& ListSurface::Cells() {
-    m_areCellsRead = true;
     if (!m_cells)
         m_cells = std::make_unique<CellTable>(*this);
     return *m_cells;

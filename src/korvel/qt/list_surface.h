@@ -14,8 +14,7 @@ class PeerTable;
 /// ListInterface::Make looks for.
 class ListSurface final : public QWidget {
 public:
-    /// Sets `areCellsRead` as soon as somebody asks for a cell.
-    ListSurface(QWidget* parent, HWND window, const PeerTable& peers, bool& areCellsRead);
+    ListSurface(QWidget* parent, HWND window, const PeerTable& peers);
     ~ListSurface() override;
 
     HWND Window() const { return m_window; }
@@ -29,7 +28,6 @@ public:
 private:
     const HWND m_window;
     const PeerTable& m_peers;
-    bool& m_areCellsRead;
     std::unique_ptr<CellTable> m_cells;
 };
 

@@ -35,7 +35,7 @@ PaintedPeer::Widgets PaintedPeer::MakeWidgets(PeerContext& context, HWND window,
     if (border)
         outer->setFrameStyle(child ? QFrame::StyledPanel | QFrame::Sunken : QFrame::Box | QFrame::Plain);
     if (list)
-        return {*outer, *new ListSurface(outer, window, context.peers, context.areCellsRead)};
+        return {*outer, *new ListSurface(outer, window, context.peers)};
     return {*outer, border ? *new WindowSurface(outer, {}, window) : *outer};
 }
 

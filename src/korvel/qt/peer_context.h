@@ -16,7 +16,6 @@ struct PeerContext {
     Mouse mouse;
     FramePace pace;
     bool isPainting = false;
-    bool areCellsRead = false; // somebody has asked for a cell of a list
 };
 
 } // namespace korvel::internal

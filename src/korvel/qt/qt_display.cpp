@@ -131,10 +131,7 @@ void QtDisplay::Invalidate(HWND window, const CRect& rect) {
 }
 
 void QtDisplay::RowsChanged(HWND list, int first, int removed, int inserted) {
-    const PeerContext& context = m_parts->context;
-    if (!context.areCellsRead && !Announcer::IsHeard())
-        return; // not even a look for the list: rows may leave one by one, by the million
-    if (Peer* peer = context.peers.Find(list))
+    if (Peer* peer = m_parts->context.peers.Find(list))
         peer->FollowRows(first, removed, inserted);
 }
 

@@ -105,8 +105,8 @@ public:
     /// A part of the client area needs painting: call input::Paint before the next event is taken.
     virtual void Invalidate(HWND window, const CRect& rect) = 0;
     /// Rows of a list: from `first` on, `removed` of them went and `inserted` came in their place; where both are
-    /// the same, what these rows show may have changed. Comes often, also while redraw is off and for rows out
-    /// of sight, so do little.
+    /// the same, what these rows show may have changed. Told of lists of which a cell was read (view::Cell), from
+    /// then on. Comes often, also while redraw is off and for rows out of sight, so do little.
     virtual void RowsChanged(HWND /*list*/, int /*first*/, int /*removed*/, int /*inserted*/) {}
     /// The window that has the focus from now on, or null: send keys there. Nothing comes back through
     /// input::FocusMoved.

@@ -85,6 +85,7 @@ std::optional<LRESULT> HandleReading(ListState& list, UINT message, WPARAM wPara
     case LVM_KORVEL_READLIST:
         return Read(list, *reinterpret_cast<view::ListView*>(lParam)), 1;
     case LVM_KORVEL_READCELL: {
+        list.areCellsRead = true;
         auto& cell = *reinterpret_cast<view::CellView*>(lParam);
         if (wParam != 0)
             cell.at = PlaceAt(list, {cell.bounds.left, cell.bounds.top});

@@ -174,7 +174,7 @@ void RepaintAll(ListState& list) {
     Repaint(list.record);
 }
 
-void TellRows(ListState& list, int first, int removed, int inserted) {
+void TellRowsThatAreRead(ListState& list, int first, int removed, int inserted) {
     if (IsOnDisplay(list.record))
         Display().RowsChanged(list.Handle(), first, removed, inserted);
 }

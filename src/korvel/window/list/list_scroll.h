@@ -26,8 +26,13 @@ void UpdateExtent(ListState& list);
 /// the number of rows alone has changed.
 void UpdateExtentForNewRows(ListState& list);
 
-/// Tells the display which rows have come and gone (IDisplay::RowsChanged).
-void TellRows(ListState& list, int first, int removed, int inserted);
+void TellRowsThatAreRead(ListState& list, int first, int removed, int inserted);
+/// Tells the display which rows have come and gone (IDisplay::RowsChanged), once a cell was read: rows may leave one by
+/// one, by the million, and nobody may care.
+inline void TellRows(ListState& list, int first, int removed, int inserted) {
+    if (list.areCellsRead)
+        TellRowsThatAreRead(list, first, removed, inserted);
+}
 
 void RepaintAll(ListState& list);
 /// Tells the display, too, that they changed. Rows that are not on screen paint nothing.

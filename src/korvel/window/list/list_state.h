@@ -72,6 +72,7 @@ public:
     int markRow = NoRow;            // where a range selection begins
     LeavingRows* leaving = nullptr; // the removal that goes on, if one does
     FollowedRow* followedRows = nullptr;
+    bool areCellsRead = false; // by somebody who follows the rows
 
     int topRow = 0;
     int scrollX = 0;             // pixels
