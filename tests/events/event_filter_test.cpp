@@ -3,6 +3,7 @@
 #include "support/event_list_fixture.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace korvel {
 namespace {
@@ -131,27 +132,44 @@ TEST_F(EventFilterTest, SelectionFocusAndScrollingStayWithTheirMessages) {
     EXPECT_EQ(list.GetTopIndex(), 0);
 }
 
-TEST_F(EventFilterTest, HoldsWhatTheEndOfAnEditReportsOrClears) {
-    const Table<bool, Labels> cases = {
-        {"reports", false, {"told", "first"}},
-        {"clears and reports", true, {"told"}},
+// It stops the redraw and ends a label edit: both are told.
+TEST_F(EventFilterTest, HoldsWhatTheHostDoesMeanwhile) {
+    const auto report = [&] { Report(CEventMessage::eError, "", "told"); };
+    const auto clearAndReport = [&] { reporter.Fire_OnClear(), report(); };
+    const auto edit = [&] { EXPECT_NE(list.EditLabel(0), nullptr); };
+    const auto nothing = [] {};
+    using Act = std::function<void()>;
+    const Table<Act, Act, Act, Labels> cases = {
+        {"the end of an edit reports", edit, nothing, report, {"told", "first"}},
+        {"the end of an edit clears and reports", edit, nothing, clearAndReport, {"told"}},
+        {"reports as the redraw stops", nothing, report, nothing, {"told", "first"}},
+        {"edits as the redraw stops", nothing, edit, nothing, {"first"}},
+        {"edits as the redraw stops, and reports at the end", nothing, edit, report, {"told", "first"}},
     };
-    for (const auto& [name, clears, shown] : cases) {
+    for (const auto& [name, before, asRedrawStops, atEndOfEdit, shown] : cases) {
         reporter.Fire_OnClear();
         Report(CEventMessage::eError, "", "first");
         list.ModifyStyle(0, LVS_EDITLABELS);
         list.SetFocus();
-        parent.on[LVN_ENDLABELEDIT] = [&, clears = clears](const auto&) {
-            if (clears)
-                reporter.Fire_OnClear();
-            Report(CEventMessage::eError, "", "told");
-            return 0;
-        };
-        EXPECT_NE(list.EditLabel(0), nullptr) << name;
+        parent.on[LVN_ENDLABELEDIT] = [act = atEndOfEdit](const auto&) { return act(), 0; };
+        before();
+        list.atRedraw = asRedrawStops;
         list.SetFilter({});
         EXPECT_EQ(Events(), shown) << name;
+        EXPECT_EQ(list.GetEditControl(), nullptr) << name;
         parent.on.clear();
     }
+}
+
+TEST_F(EventFilterTest, IsDrawnAgainAfterAHandlerThatThrows) {
+    Report(CEventMessage::eError, "", "x");
+    list.atRedraw = [] { throw std::runtime_error("busy"); };
+    EXPECT_THROW(SetText("y"), std::runtime_error);
+    EXPECT_EQ(Events(), Labels{"x"});
+    EXPECT_EQ(list.GetFilter().Text(), "");
+    display.PaintWindow(list.m_hWnd);
+    Report(CEventMessage::eError, "", "next");
+    EXPECT_TRUE(display.IsInvalid(list.m_hWnd));
 }
 
 TEST_F(EventFilterTest, NeedsNoWindow) {

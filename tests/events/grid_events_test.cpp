@@ -76,8 +76,13 @@ TEST_F(EventListTest, ClearingTakesTheRowsAndKeepsTheMessages) {
     EXPECT_EQ(list.GetItemCount(), 0);
     EXPECT_EQ(parent.Take(), (Notices{"delete all -1", "delete 0"}));
     EXPECT_EQ(kept->m_strEvent, "before");
+    parent.on[LVN_DELETEALLITEMS] = [&](const NMLISTVIEW&) -> LRESULT {
+        return reporter.AddInfoMsg("a", "meanwhile"), 0;
+    };
+    reporter.Fire_OnClear();
     reporter.AddInfoMsg("a", "after");
-    EXPECT_EQ(Events(), Labels{"after"});
+    EXPECT_EQ(Events(), (Labels{"after", "meanwhile"}));
+    EXPECT_EQ(list.GetMessageCount(), 2);
 }
 
 TEST(StoredEvents, CountOnAfterAClearAndPastTheHighestNumber) {

@@ -59,7 +59,16 @@ protected:
     HeadlessDisplay display;
     ListParent parent;
     TestReporter reporter;
-    CGridEvents list;
+    /// Does at the next WM_SETREDRAW what the test says.
+    struct HookedList : CGridEvents {
+        std::function<void()> atRedraw;
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            const LRESULT result = CGridEvents::WindowProc(message, wParam, lParam);
+            if (const auto act = message == WM_SETREDRAW ? std::exchange(atRedraw, nullptr) : nullptr)
+                act();
+            return result;
+        }
+    } list;
 };
 
 } // namespace korvel

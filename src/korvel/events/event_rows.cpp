@@ -1,5 +1,6 @@
 #include "korvel/events/event_rows.h"
 
+#include "korvel/platform/first_failure.h"
 #include "korvel/window/list/list_rows.h"
 #include "korvel/window/list/on_list.h"
 
@@ -23,11 +24,11 @@ struct Remembered {
     }
 
     // The list repairs a top row that is too low when redraw is on again.
-    void PutBack(ListState& list, const std::vector<LPARAM>& data) const {
+    void PutBack(ListState& list) const {
         list.focusRow = list.markRow = NoRow;
         list.topRow = 0;
         for (int row = 0; row < list.rows.Size(); ++row) {
-            const LPARAM shown = data[static_cast<std::size_t>(row)];
+            const LPARAM shown = list.rows.At(row).data;
             if (!selected.empty() && selected.contains(shown))
                 list.rows.Select(row, true);
             if (shown == focus)
@@ -61,8 +62,10 @@ void ReplaceRows(CListCtrl& control, const std::vector<LPARAM>& data,
                     row.data = data[static_cast<std::size_t>(index)];
                     row.image = imageOf(row.data);
                 });
-            DeleteRowsQuietly(list, count, count + former);
-            remembered.PutBack(list, data);
+            FirstFailure failure;
+            failure.Try([&] { DeleteRowsQuietly(list, count, count + former); });
+            remembered.PutBack(list);
+            failure.Rethrow();
         });
 }
 

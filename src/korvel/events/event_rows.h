@@ -7,9 +7,9 @@
 
 namespace korvel::internal {
 
-/// Replaces all rows of a list by rows with these data, from the top; no notice is sent. What was selected,
-/// had the focus or stood on top does so again, if it is still there. To be called while redraw is off
-/// and no label is edited.
+/// Replaces all rows of a list by rows with these data, from the top; no notice is sent. What was selected stays
+/// selected, and focus and top row stay at their data, as far as these are there. To be called while redraw
+/// is off and no label is edited.
 void ReplaceRows(CListCtrl& list, const std::vector<LPARAM>& data,
                  const std::function<int(LPARAM data)>& imageOf);
 

@@ -81,12 +81,15 @@ LRESULT CGridEvents::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
 void CGridEvents::CreateHeader() {
     if (!m_hWnd || m_parts->headerOf == m_hWnd)
         return;
-    m_parts->headerOf = m_hWnd;
     m_parts->icons.Load();
-    const int width = GetClientRect().Width() / static_cast<int>(EventColumns.size());
-    int number = 0;
+    std::vector<CString> titles;
     for (const EventColumn& column : EventColumns)
-        InsertColumn(number++, Text(column.title), width);
+        titles.push_back(Text(column.title));
+    m_parts->headerOf = m_hWnd;
+    const int width = GetClientRect().Width() / static_cast<int>(titles.size());
+    int number = 0;
+    for (const CString& title : titles)
+        InsertColumn(number++, title, width);
 }
 
 int CGridEvents::GetImageIndexFromEventType(CEventMessage::EEventType type) {
@@ -131,6 +134,8 @@ void CGridEvents::OnClearEvent() {
         m_parts->events.ListAgain(std::move(former));
         throw;
     }
+    if (!m_parts->events.Listed().empty()) // reported meanwhile, and gone with the others
+        SetFilter(m_parts->filter);
 }
 
 void CGridEvents::OnChanged() {
@@ -142,15 +147,15 @@ void CGridEvents::OnChanged() {
 
 void CGridEvents::SetFilter(const EventFilter& filter) {
     EventFilter wanted = filter;
-    CancelEditLabel(); // its end is told, and may report or clear
+    const RedrawPause pause(*this);
+    CancelEditLabel(); // its end is told, as the pause is: whoever hears of it may report or clear
     const auto& listed = m_parts->events.Listed();
     std::vector<LPARAM> rows;
     for (auto event = listed.rbegin(); event != listed.rend(); ++event)
         if (wanted.Shows(**event))
             rows.push_back(DataOf(**event));
-    const RedrawPause pause(*this);
+    std::swap(m_parts->filter, wanted);
     ReplaceRows(*this, rows, ImageOfRow);
-    m_parts->filter = std::move(wanted);
 }
 
 const EventFilter& CGridEvents::GetFilter() const {

@@ -54,11 +54,11 @@ public:
     const CEventMessage* MessageAt(int row) const;
     const EventPlace* PlaceAt(int row) const;
 
-    /// Hides rows and forgets no message; of those to come it shows what the filter lets through. What is
-    /// selected and still shown stays so. No notice is sent.
+    /// Hides rows and forgets no message; of those to come it shows what the filter lets through. A row that was
+    /// deleted alone comes back. What is selected and still shown stays so. No notice is sent.
     void SetFilter(const EventFilter& filter);
     const EventFilter& GetFilter() const;
-    /// How many messages there are since the last OnClearEvent, hidden ones included.
+    /// How many messages there are since the last OnClearEvent, with those that have no row.
     int GetMessageCount() const;
 
     void DrawItem(DRAWITEMSTRUCT* item) override;

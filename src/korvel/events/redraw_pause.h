@@ -8,14 +8,23 @@ namespace korvel::internal {
 /// Switches the redraw of a window off for its lifetime; then the whole window is painted again.
 class RedrawPause {
 public:
-    explicit RedrawPause(CWnd& window) : m_window(window) { window.SetRedraw(false); }
-    ~RedrawPause() {
-        GuardedUntilRun([this] { m_window.SetRedraw(true); });
+    explicit RedrawPause(CWnd& window) : m_window(window) {
+        try {
+            window.SetRedraw(false);
+        } catch (...) { // of a handler: it may be off by then
+            End();
+            throw;
+        }
     }
+    ~RedrawPause() { End(); }
     RedrawPause(const RedrawPause&) = delete;
     RedrawPause& operator=(const RedrawPause&) = delete;
 
 private:
+    void End() {
+        GuardedUntilRun([this] { m_window.SetRedraw(true); });
+    }
+
     CWnd& m_window;
 };
 
