@@ -251,6 +251,11 @@ TEST_F(DlgProgressTest, TheWaitCursorIsOnWhileTheWindowIs) {
     SetCursor(IDC_ARROW);
     RestoreWaitCursor();
     EXPECT_EQ(display.CursorShown(), IDC_WAIT) << "the host's is still on";
+    dialog->SetCancelled(true);
+    Show();
+    EXPECT_EQ(ask(), 1);
+    EXPECT_FALSE(HasCancel());
+    EXPECT_EQ(display.CursorShown(), IDC_WAIT);
 }
 
 TEST_F(DlgProgressTest, OnlyReturnEndsItFromTheKeyboard) {

@@ -179,6 +179,7 @@ void CDlgProgress::ShowValues() {
     ShowRange();
     ShowMarquee();
     ShowText();
+    ShowCancelled();
 }
 
 void CDlgProgress::ShowRange() {
