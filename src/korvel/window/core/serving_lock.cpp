@@ -16,7 +16,8 @@ void ServingLock::lock() {
     }
     thread->ServeSendsUntil([&] { return TryTake(*thread); });
     const std::lock_guard lock(m_mutex);
-    m_waiting.erase(std::ranges::find(m_waiting, thread)); // one of several where a send has waited too
+    // One entry of this thread: a send that it served may wait as well.
+    m_waiting.erase(std::ranges::find(m_waiting, thread));
 }
 
 void ServingLock::unlock() {

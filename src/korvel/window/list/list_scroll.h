@@ -22,8 +22,8 @@ bool TurnWheel(ListState& list, int delta);
 /// this waits until it is on again.
 void UpdateExtent(ListState& list);
 
-/// The same after rows were inserted. Many that come one by one cost little where they did not fit before: then
-/// the number of rows alone has changed.
+/// The same after rows were inserted. Costs little once there is a scroll bar: then only the number of rows has
+/// changed.
 void UpdateExtentForNewRows(ListState& list);
 
 void TellRowsThatAreRead(ListState& list, int first, int removed, int inserted);
