@@ -79,12 +79,16 @@ void EditMenu::AddClipboard() {
                                Entry{TheProgramTexts.paste, ID_EDIT_PASTE, QKeySequence::Paste}}) {
         QAction* action = m_menu->addAction(Said(entry.text), m_menu, [this, command = entry.command] {
             m_attempt([&] {
-                if (command != ID_EDIT_COPY || !m_copyHook || !m_copyHook())
+                if (command == ID_EDIT_COPY && IsCopySourceMeant())
+                    m_copySource.copy();
+                else
                     m_pane.SendToField(command);
             });
         });
         action->setShortcut(entry.key);
         m_clipboard.push_back(action);
+        if (entry.command == ID_EDIT_COPY)
+            m_copy = action;
     }
 }
 
@@ -106,7 +110,7 @@ void EditMenu::SetDocument(OpenDocument* document) {
 void EditMenu::OnShow() {
     EnableFor(m_pane.SelectedRow());
     for (QAction* action : m_clipboard)
-        action->setEnabled(m_pane.HasField());
+        action->setEnabled(m_pane.HasField() || (action == m_copy && IsCopySourceMeant()));
 }
 
 void EditMenu::OnHide() {

@@ -22,8 +22,12 @@ public:
     /// Adds itself to `bar`. `pane` must outlive it; `attempt` runs an action and tells what it throws.
     EditMenu(QMenuBar& bar, GridPane& pane, std::function<void(const std::function<void()>&)> attempt);
 
-    /// Asked before the grid when the user copies; true where it has copied something else.
-    void SetCopyHook(std::function<bool()> hook) { m_copyHook = std::move(hook); }
+    /// What else than a field of the grid the user may copy from.
+    struct CopySource {
+        std::function<bool()> hasFocus;
+        std::function<void()> copy;
+    };
+    void SetCopySource(CopySource source) { m_copySource = std::move(source); }
     /// The document that is open, or null.
     void SetDocument(OpenDocument* document);
     /// To be called when the document has been changed.
@@ -34,6 +38,7 @@ private:
     QAction* AddCommand(QMenu& menu, const ProgramText& text, GridCommand command);
     void Reveal(const std::optional<ChangedMember>& changed);
     void AddClipboard();
+    bool IsCopySourceMeant() const { return m_copySource.hasFocus && m_copySource.hasFocus(); }
     void AddTypes();
     void OnShow();
     void OnHide();
@@ -43,12 +48,13 @@ private:
 
     GridPane& m_pane;
     const std::function<void(const std::function<void()>&)> m_attempt;
-    std::function<bool()> m_copyHook;
+    CopySource m_copySource;
     OpenDocument* m_document = nullptr;
     QMenu* m_menu;
     QAction* m_undo;
     QAction* m_redo;
     std::vector<QAction*> m_clipboard;
+    QAction* m_copy = nullptr; // one of these
     QAction* m_add;
     QAction* m_remove;
     QAction* m_rename;

@@ -26,6 +26,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStackedWidget>
@@ -120,14 +121,9 @@ InspectorWindow::~InspectorWindow() {
 void InspectorWindow::MakeMenus() {
     const ProgramTexts& texts = TheProgramTexts;
     MakeFileMenu();
-    m_edit = std::make_unique<EditMenu>(*menuBar(), *m_pane,
-                                        [this](const std::function<void()>& action) { m_boxes.Try(action); });
-    m_edit->SetCopyHook([this] {
-        const bool isMeant = m_events->HasFocusInList();
-        if (isMeant)
-            m_events->Copy();
-        return isMeant;
-    });
+    m_edit = std::make_unique<EditMenu>(
+        *menuBar(), *m_pane, [this](const std::function<void()>& action) { m_boxes.Try(action); });
+    m_edit->SetCopySource({[this] { return m_events->HasFocusInList(); }, [this] { m_events->Copy(); }});
     MakeDocumentMenu();
     QMenu* view = menuBar()->addMenu(Said(texts.viewMenu));
     m_listsAction =
@@ -174,11 +170,14 @@ void InspectorWindow::MakeDocumentMenu() {
 void InspectorWindow::Open(const std::string& path) {
     const WaitCursor wait;
     Report(path, [&] { Take(ReadAndCheck(path, m_options, m_pane->Observer(), nullptr), nullptr); });
+    m_pane->SetFocus();
 }
 
 bool InspectorWindow::Load(const std::string& path) {
     const QScopedValueRollback loading(m_isLoading, true);
     LoadingDialog dialog(*m_pane, AsRect(geometry()), m_patience);
+    if (m_lists)
+        dialog.AlsoDisable(m_lists->m_hWnd);
     bool isOpen = false;
     Report(path, [&] {
         isOpen = dialog.Run(
@@ -187,9 +186,7 @@ bool InspectorWindow::Load(const std::string& path) {
             },
             [&](CheckedDocument read, ReadingProgress* progress) { Take(std::move(read), progress); });
     });
-    if (isOpen)
-        m_pane->SetFocus(); // the dialog had it
-    else
+    if (!isOpen)
         m_reports.Cancelled(path);
     return isOpen;
 }
@@ -211,7 +208,7 @@ void InspectorWindow::Take(CheckedDocument read, ReadingProgress* progress) {
     const char unit = GetAngleUnit();
     try {
         if (m_unitOfFile)
-            SetAngleUnit(read.document->Document().OwnAngleUnit());
+            SetAngleUnit(read.document->Document().OwnAngleUnit()); // rows that are there keep their texts
         m_pane->Show(*read.document, progress);
     } catch (...) {
         SetAngleUnit(unit);
@@ -241,8 +238,9 @@ void InspectorWindow::ShowPlace(const EventPlace& place) {
     const std::optional<ChangedMember> member =
         m_document ? m_reports.Find(*m_document, place) : std::optional<ChangedMember>();
     if (!member || member->name.empty()) {
-        const std::string reason = Say({member ? "what this message is about is not there any more"
-                                               : "the document of this message is not open any more"});
+        const std::string reason =
+            Say({member ? "what this message is about is not there any more"
+                        : "the document of this message was closed or read again since"});
         statusBar()->showMessage(QString::fromStdString(reason), MessageTime);
         return;
     }
@@ -269,6 +267,7 @@ bool InspectorWindow::TryToOpen(const std::string& path) {
         isOpen = Load(path);
         if (!isOpen)
             return;
+        m_pane->SetFocus();
         m_pane->RestoreColumns(GridKey);
         m_pane->Restore({KeptOpenGroups(path), {}, {}});
         Remember(path);
@@ -341,8 +340,11 @@ bool InspectorWindow::MayReload(const QString& question) {
 bool InspectorWindow::ReadAgain() {
     const GridView view = m_pane->View();
     const bool isRemembered = m_isRemembered;
+    const QPointer<QWidget> focus = focusWidget();
     if (!Load(std::string(m_document->File().Path())))
         return false;
+    if (!focus)
+        m_pane->SetFocus(); // it was in the former grid
     m_pane->Restore(view);
     m_isRemembered = isRemembered;
     return true;

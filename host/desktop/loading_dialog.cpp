@@ -61,6 +61,9 @@ bool LoadingDialog::Run(const Reader& read, Shower show) {
         EndThread();
         Show(nullptr);
     } else {
+        korvel::EnableWindow(m_alsoDisabled, false);
+        const auto enable = [](HWND window) { korvel::EnableWindow(window, true); };
+        const std::unique_ptr<WindowTag, decltype(enable)> disabled(m_alsoDisabled, enable);
         DoModal();
         EndThread(); // where the application has ended, and the dialog with it
     }

@@ -29,6 +29,9 @@ public:
     LoadingDialog(CWnd& owner, const CRect& over, std::chrono::milliseconds patience = Patience);
     ~LoadingDialog() override;
 
+    /// A window that takes no input either while the dialog is shown. It may go meanwhile.
+    void AlsoDisable(HWND window) { m_alsoDisabled = window; }
+
     using Reader = std::function<CheckedDocument(ReadingProgress* progress)>;
     /// Shows what was read, on the thread of the windows; `progress` is null where the dialog is not shown.
     using Shower = std::function<void(CheckedDocument read, ReadingProgress* progress)>;
@@ -55,6 +58,7 @@ private:
 
     const CRect m_over;
     const std::chrono::milliseconds m_patience;
+    HWND m_alsoDisabled = nullptr;
     Shower m_show;
     std::thread m_thread;
     std::future<CheckedDocument> m_read;
@@ -62,7 +66,7 @@ private:
     QObject m_events;             // what is posted to it ends with the dialog
     bool m_isAsking = false;      // whether to cancel
     bool m_isWaiting = false;     // what was read waits for that answer
-    bool m_isShown = false;       // nothing is left to be done
+    bool m_isShown = false;       // what was read, by the shower
     std::optional<Phase> m_phase;
     QElapsedTimer m_sinceEvents;
 };

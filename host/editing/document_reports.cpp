@@ -37,7 +37,9 @@ void DocumentReports::Loaded(OpenDocument& document, const Findings& findings) {
     const LandXmlDocument& loaded = document.Document();
     if (findings.leftOut != 0)
         Add(CEventMessage::eWarning, path,
-            Say({"%1 more are not listed", {std::to_string(findings.leftOut)}}));
+            Say(findings.leftOut == 1
+                    ? Message("1 more is not listed")
+                    : Message("%1 more are not listed", {std::to_string(findings.leftOut)})));
     for (auto finding = findings.list.rbegin(); finding != findings.list.rend(); ++finding)
         Add(finding->kind == Finding::Kind::InvalidValue ? CEventMessage::eWarning
                                                          : CEventMessage::eInformation,

@@ -30,6 +30,7 @@ private:
 
     CEventSinkObserver& m_source;
     CGridEvents m_list;
+    int m_lastWidth = 0; // of the last column, as it was set here
     ChosenHook m_chosen;
 };
 

@@ -69,7 +69,6 @@ void GridPane::Show(OpenDocument& document, ReadingProgress* progress) {
     m_grid->ShowWindow(SW_SHOW);
     m_grid->DivideWidth(); // the rows may have brought a scroll bar
     Select(0);
-    m_grid->SetFocus();
     document.Extras().SetHooks(
         {[this](const std::string& text) { Copy(text); },
          [this](IMemberDispatch& object, const std::string& name) { OpenGroup(object, name); }});

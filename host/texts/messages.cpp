@@ -92,10 +92,12 @@ constexpr Translation Translations[] = {
     {"line %1: LandXML has no element %2", "Zeile %1: LandXML hat kein Element %2"},
     {"loaded, with 1 element", "geladen, mit 1 Element"},
     {"loaded, with %1 elements", "geladen, mit %1 Elementen"},
+    {"1 more is not listed", "1 weitere ist nicht aufgeführt"},
     {"%1 more are not listed", "%1 weitere sind nicht aufgeführt"},
     {"saved", "gespeichert"},
     {"loading was cancelled", "das Laden wurde abgebrochen"},
-    {"the document of this message is not open any more", "das Dokument dieser Meldung ist nicht mehr offen"},
+    {"the document of this message was closed or read again since",
+     "das Dokument dieser Meldung wurde seither geschlossen oder neu gelesen"},
     {"what this message is about is not there any more",
      "das, wovon diese Meldung handelt, gibt es nicht mehr"},
     // of edits

@@ -62,6 +62,7 @@ protected:
 
     std::string Run(const LoadingDialog::Shower& show) {
         LoadingDialog dialog(m_window->Pane(), {0, 0, 600, 400});
+        dialog.AlsoDisable(m_beside.m_hWnd);
         try {
             return dialog.Run([this](ReadingProgress* progress) { return ReadSlowly(progress); }, show)
                        ? "shown"
@@ -71,12 +72,15 @@ protected:
         }
     }
 
+    CWnd m_beside;
     std::promise<void> m_mayEnd;
     std::shared_future<void> m_end = m_mayEnd.get_future().share();
 };
 
 TEST_F(LoadingTest, EndsAsTheUserAndTheDocumentSay) {
-    const auto fillRows = [](CheckedDocument, ReadingProgress* progress) {
+    m_beside.CreateEx(0, "KorvelFrame", "", WS_VISIBLE, {0, 0, 100, 100}, nullptr, 0);
+    const auto fillRows = [&](CheckedDocument, ReadingProgress* progress) {
+        EXPECT_FALSE(m_beside.IsWindowEnabled());
         for (int i = 0; i < 300; ++i) {
             progress->OnProgress(Phase::Rows, static_cast<std::size_t>(i), 300);
             QTest::qSleep(1);
@@ -124,6 +128,7 @@ TEST_F(LoadingTest, EndsAsTheUserAndTheDocumentSay) {
         EXPECT_EQ(Run(fillRows), row.result);
         EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
         EXPECT_TRUE(m_window->isEnabled());
+        EXPECT_TRUE(m_beside.IsWindowEnabled());
     }
 }
 

@@ -1,6 +1,7 @@
 #include "inspector/edited_window.h"
 #include "support/table.h"
 
+#include <QLineEdit>
 #include <filesystem>
 
 namespace korvel::inspector {
@@ -88,6 +89,31 @@ TEST_F(ReloadTest, KeepsOpenGroupsSelectionAndTheRowsInSight) {
     Write("<LandXML><Line name='30'/>" + Group("50", "3") + "</LandXML>");
     ASSERT_TRUE(WaitForLength("50", "3"));
     EXPECT_EQ(NameAt(Selected()), "Line 30") << "what was selected in it has gone";
+}
+
+TEST_F(ReloadTest, LeavesTheFocusWhereItIs) {
+    auto* filter = Dock().findChild<QLineEdit*>();
+    Dock().show();
+    const struct {
+        const char* border;
+        std::function<void()> go;
+        std::function<bool()> isThere;
+    } rows[] = {
+        {"the filter of the messages", [&] { filter->setFocus(); }, [&] { return filter->hasFocus(); }},
+        {"the messages", [&] { List().SetFocus(); }, [&] { return GetFocus() == List().m_hWnd; }},
+        {"the document", [&] { Grid().SetFocus(); }, [&] { return GetFocus() == Grid().m_hWnd; }},
+    };
+    m_window->Pane().Expand("Line 30");
+    int length = 1;
+    for (const bool showsProgress : {false, true})
+        for (const auto& [border, go, isThere] : rows) {
+            m_window->SetPatience(std::chrono::milliseconds(showsProgress ? 0 : 10'000));
+            go();
+            const std::string text = std::to_string(++length);
+            Write(Sample("", text));
+            EXPECT_TRUE(WaitForLength("30", text)) << border;
+            EXPECT_TRUE(QTest::qWaitFor(isThere, 3000)) << border << showsProgress;
+        }
 }
 
 TEST_F(ReloadTest, LeavesTheDocumentAloneWhere) {
