@@ -6,6 +6,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPointer>
 #include <QVBoxLayout>
 #include <gmock/gmock.h>
@@ -87,6 +88,19 @@ TEST_F(Embedding, TheFocusGoesInAndOutWithTheHostsOwn) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     m_user.Key('A', "a");
     EXPECT_EQ(m_edit.GetWindowTextA(), "a") << "where nothing else takes the focus, it stays";
+}
+
+TEST_F(Embedding, AMenuOfTheHostTakesNoFocus) {
+    auto* bar = new QMenuBar(m_host);
+    bar->addMenu(QStringLiteral("File"))->addAction(QStringLiteral("Open"));
+    bar->show();
+    m_user.Click(m_edit.m_hWnd, {5, 5});
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Alt);
+    EXPECT_EQ(QApplication::focusWidget(), bar);
+    EXPECT_EQ(GetFocus(), m_edit.m_hWnd);
+    QTest::keyClick(bar, Qt::Key_Escape);
+    EXPECT_EQ(QApplication::focusWidget(), m_user.Widget(m_edit.m_hWnd));
+    EXPECT_EQ(CountOf("edit no focus"), 0);
 }
 
 TEST_F(Embedding, AnEditThatGoesWhileTheHostIsInactiveLeavesTheFocusToItsParent) {

@@ -6,6 +6,7 @@
 #include "korvel/window/core/window.h"
 
 #include <QApplication>
+#include <QMenuBar>
 
 namespace korvel::internal {
 
@@ -57,8 +58,8 @@ void FocusTracker::OnFocusChanged(QWidget* now) {
         QApplication::activeWindow() ? input::FocusMoved(nullptr) : input::ProgramLeft();
         return;
     }
-    if (now->window()->windowType() == Qt::Popup)
-        return;
+    if (now->window()->windowType() == Qt::Popup || qobject_cast<QMenuBar*>(now))
+        return; // a menu takes the keys for a while, and no focus
     Peer* peer = m_peers.FindAt(now);
     if (!peer)
         input::FocusMoved(nullptr);
