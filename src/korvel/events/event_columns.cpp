@@ -8,16 +8,16 @@ namespace {
 
 constexpr int FirstNameOfType = 24; // Text ids, in the order of the types
 
-} // namespace
-
-const char* NameOfEventType(CEventMessage::EEventType type) {
+const char* NameOf(CEventMessage::EEventType type) {
     const bool isKnown = type >= CEventMessage::eInformation && type <= CEventMessage::eException;
     return isKnown ? Text(FirstNameOfType + type) : "??";
 }
 
+} // namespace
+
 std::string_view EventCellText(const CEventMessage& message, const EventColumn& column) {
     if (!column.text)
-        return NameOfEventType(message.m_Type);
+        return NameOf(message.m_Type);
     return message.*column.text;
 }
 

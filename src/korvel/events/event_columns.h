@@ -19,10 +19,8 @@ inline constexpr std::array<EventColumn, 5> EventColumns = {{{19, nullptr},
                                                              {22, &CEventMessage::m_strSource},
                                                              {23, &CEventMessage::m_strEvent}}};
 
-/// In the language of the process; "??" for an unknown type.
-const char* NameOfEventType(CEventMessage::EEventType type);
-
-/// What a column shows of a message, whole and as it is.
+/// What a column shows of a message, whole and as it is; the type in the language of the process, "??" where it is
+/// unknown.
 std::string_view EventCellText(const CEventMessage& message, const EventColumn& column);
 
 } // namespace korvel::internal

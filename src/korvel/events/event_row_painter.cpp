@@ -56,7 +56,7 @@ void EventRowPainter::Draw(int row, const CRect& bounds) {
     const CRect square{cell.left, cell.top, cell.left + cell.Height(), cell.bottom};
     DrawIcon(item.iImage, square, cell);
     if (const auto* message = reinterpret_cast<const CEventMessage*>(item.lParam)) {
-        DrawText(NameOfEventType(message->m_Type), {square.right, cell.top, cell.right, cell.bottom});
+        DrawText(EventCellText(*message, EventColumns[0]), {square.right, cell.top, cell.right, cell.bottom});
         DrawColumns(row, *message);
     }
     m_dc.SetTextColor(formerText);
@@ -92,11 +92,11 @@ void EventRowPainter::DrawColumns(int row, const CEventMessage& message) {
     for (int column = 1; column < count; ++column) {
         CRect room;
         if (m_list.GetSubItemRect(row, column, LVIR_BOUNDS, &room))
-            DrawText(message.*EventColumns[static_cast<std::size_t>(column)].text, room);
+            DrawText(EventCellText(message, EventColumns[static_cast<std::size_t>(column)]), room);
     }
 }
 
-void EventRowPainter::DrawText(const std::string& text, CRect room) {
+void EventRowPainter::DrawText(std::string_view text, CRect room) {
     if (room.Intersected(m_dc.GetClipBox()).IsRectEmpty())
         return;
     room.DeflateRect(CellTextInset, 0);

@@ -18,7 +18,7 @@ private:
     COLORREF SetColors(UINT state);
     void DrawIcon(int image, const CRect& square, const CRect& cell);
     void DrawColumns(int row, const CEventMessage& message);
-    void DrawText(const std::string& text, CRect room);
+    void DrawText(std::string_view text, CRect room);
 
     const CListCtrl& m_list;
     const EventIcons& m_icons;

@@ -32,17 +32,17 @@ int ImageOfRow(LPARAM data) {
 }
 
 CString TextOfRow(LPARAM data, int column) {
-    const auto* message = reinterpret_cast<const CEventMessage*>(data);
+    const StoredEvent* message = EventOf(data);
     const auto index = static_cast<std::size_t>(column);
     if (!message || index >= EventColumns.size())
         return {};
-    return column == 0 ? message->m_strEvent : message->*EventColumns[index].text;
+    return column == 0 ? message->m_strEvent : CString(EventCellText(*message, EventColumns[index]));
 }
 
 // The list has another text in column 0 than it shows.
 void ReadType(view::CellView& cell) {
     if (cell.at.row != view::TitleRow && cell.at.column == 0 && cell.data)
-        cell.text = NameOfEventType(EventOf(cell.data)->m_Type);
+        cell.text = EventCellText(*EventOf(cell.data), EventColumns[0]);
 }
 
 } // namespace
