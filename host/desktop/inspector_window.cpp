@@ -3,11 +3,9 @@
 #include "desktop/frame_room.h"
 #include "desktop/said.h"
 #include "desktop/status_text.h"
-#include "korvel/dialogs/file_dialog.h"
 #include "korvel/output/angles.h"
-#include "korvel/platform/code_page.h"
 #include "korvel/qt/embed.h"
-#include "korvel/window/core/display.h"
+#include "korvel/window/core/wait_cursor.h"
 #include "program/document_dialogs.h"
 #include "program/open_groups.h"
 #include "program/recent_files.h"
@@ -42,15 +40,6 @@ namespace {
 constexpr QSize FirstSize = {1000, 700};
 constexpr int MessageTime = 5000; // milliseconds
 
-// Shows the wait cursor for its lifetime.
-class WaitCursor {
-public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
 QString NameOfFile(const OpenDocument& document) {
     return QFileInfo(QFile::decodeName(document.File().Path().c_str())).fileName();
 }
@@ -63,12 +52,6 @@ CRect AsRect(const QRect& rect) {
 QString DraggedFile(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
     return urls.size() == 1 ? urls.first().toLocalFile() : QString();
-}
-
-// Without the path that it begins with.
-std::string ReasonOf(const DocumentError& error, const std::string& path) {
-    const std::string& text = error.Utf8Text();
-    return text.starts_with(path + ": ") ? text.substr(path.size() + 2) : text;
 }
 
 bool HasProblems(OpenDocument& document, const Findings& findings) {
@@ -168,8 +151,8 @@ void InspectorWindow::MakeDocumentMenu() {
 }
 
 void InspectorWindow::Open(const std::string& path) {
-    const WaitCursor wait;
-    Report(path, [&] { Take(ReadAndCheck(path, m_options, m_pane->Observer(), nullptr), nullptr); });
+    const CWaitCursor wait;
+    m_reports.Watch(path, [&] { Take(ReadAndCheck(path, m_options, m_pane->Observer(), nullptr), nullptr); });
     m_pane->SetFocus();
 }
 
@@ -179,7 +162,7 @@ bool InspectorWindow::Load(const std::string& path) {
     if (m_lists)
         dialog.AlsoDisable(m_lists->m_hWnd);
     bool isOpen = false;
-    Report(path, [&] {
+    m_reports.Watch(path, [&] {
         isOpen = dialog.Run(
             [&](ReadingProgress* progress) {
                 return ReadAndCheck(path, m_options, m_pane->Observer(), progress);
@@ -189,18 +172,6 @@ bool InspectorWindow::Load(const std::string& path) {
     if (!isOpen)
         m_reports.Cancelled(path);
     return isOpen;
-}
-
-void InspectorWindow::Report(const std::string& path, const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const DocumentError& error) {
-        m_reports.Failed(path, ReasonOf(error, path));
-        throw;
-    } catch (const std::exception& error) {
-        m_reports.Failed(path, platform::ToUtf8(error.what()));
-        throw;
-    }
 }
 
 // The former document is shown until the new one has its rows.
@@ -325,7 +296,7 @@ void InspectorWindow::OnFileChanged() {
             if (ReadAgain())
                 statusBar()->showMessage(Said(TheProgramTexts.reloaded).arg(name), MessageTime);
         } catch (const DocumentError& error) {
-            const QString reason = QString::fromStdString(ReasonOf(error, path));
+            const QString reason = QString::fromStdString(DocumentReports::ReasonOf(error, path));
             statusBar()->showMessage(Said(TheProgramTexts.notReloaded).arg(name, reason));
         }
     });
@@ -356,9 +327,9 @@ bool InspectorWindow::Save() {
     if (m_document->File().GetState() == DocumentFile::State::Changed && !MayOverwrite())
         return false;
     const bool isSaved = m_boxes.Try([this] {
-        const WaitCursor wait;
+        const CWaitCursor wait;
         const std::string path = m_document->File().Path();
-        Report(path, [&] { m_document->Save(); });
+        m_reports.Watch(path, [&] { m_document->Save(); });
         m_reports.Saved(path);
     });
     ShowChanges();
@@ -373,13 +344,12 @@ bool InspectorWindow::MayOverwrite() {
 bool InspectorWindow::SaveAs() {
     if (!m_document || !m_pane->EndEdit())
         return false;
-    constexpr unsigned long PromptOnOverwrite = 2;
-    const std::string path = AskForFile(Asking::ToSave, m_document->File().Path(), PromptOnOverwrite);
+    const std::string path = AskForFile(FileUse::Save, m_document->File().Path());
     if (path.empty())
         return false;
     const bool isSaved = m_boxes.Try([&] {
-        const WaitCursor wait;
-        Report(path, [&] { m_document->SaveAs(path); });
+        const CWaitCursor wait;
+        m_reports.Watch(path, [&] { m_document->SaveAs(path); });
         m_reports.Saved(path);
         Remember(path);
     });
@@ -429,28 +399,18 @@ void InspectorWindow::ShowStatus() {
     m_status->setToolTip(m_status->text());
 }
 
-std::string InspectorWindow::AskForFile(Asking asking, const std::string& begin, unsigned long flags) {
-    const std::string filter = InCodePage(TheProgramTexts.landXmlFiles) +
-                               "|*.xml;*.landxml;*.xml.gz;*.landxml.gz|" +
-                               InCodePage(TheProgramTexts.allFiles) + "|*.*|";
-    const bool isToOpen = asking == Asking::ToOpen;
+std::string InspectorWindow::AskForFile(FileUse use, const std::string& begin) {
     std::string path;
-    bool isChosen = false;
-    m_boxes.Try([&] {
-        isChosen = doModalFileDialog(path, isToOpen, isToOpen ? nullptr : "xml",
-                                     platform::FromUtf8(begin).text.c_str(), flags, filter.c_str(),
-                                     m_pane->m_hWnd, 0, 1);
-    });
-    return isChosen ? platform::ToUtf8(path) : std::string();
+    m_boxes.Try([&] { path = AskForDocument(use, begin, *m_pane); });
+    return path;
 }
 
 void InspectorWindow::ChooseFile() {
     if (m_document && !m_pane->EndEdit())
         return;
-    constexpr unsigned long FileMustExist = 0x1000;
     const std::string begin =
         m_folder.isEmpty() ? "" : QFile::encodeName(m_folder + QLatin1Char('/')).toStdString();
-    const std::string path = AskForFile(Asking::ToOpen, begin, FileMustExist);
+    const std::string path = AskForFile(FileUse::Open, begin);
     if (!path.empty())
         OpenOrWarn(path);
 }
@@ -461,7 +421,7 @@ void InspectorWindow::ShowLists() {
     if (std::exchange(m_areListsOld, false))
         m_lists.reset();
     if (!m_lists) {
-        const WaitCursor wait;
+        const CWaitCursor wait;
         const QRect room = Room();
         m_lists = std::make_unique<ListsWindow>(m_document->Document(), *m_pane, AsRect(room));
     }

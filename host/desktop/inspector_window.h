@@ -11,6 +11,7 @@
 #include "editing/document_reports.h"
 #include "editing/grid_pane.h"
 #include "editing/open_document.h"
+#include "program/document_chooser.h"
 
 #include <QMainWindow>
 #include <chrono>
@@ -69,15 +70,12 @@ private:
     /// False when the user has cancelled. Throws as Open does.
     bool Load(const std::string& path);
     void Take(CheckedDocument read, ReadingProgress* progress);
-    /// Runs an action and reports its failure, which goes on.
-    void Report(const std::string& path, const std::function<void()>& action);
     /// Selects what a message is about.
     void ShowPlace(const EventPlace& place);
     void CloseDocument();
     void Remember(const std::string& path);
-    enum class Asking { ToOpen, ToSave };
     /// Empty: the user has chosen none.
-    std::string AskForFile(Asking asking, const std::string& begin, unsigned long flags);
+    std::string AskForFile(FileUse use, const std::string& begin);
     /// The title, the menus and the status line say what is open.
     void ShowDocument();
     void ShowChanges();

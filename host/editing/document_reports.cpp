@@ -56,12 +56,29 @@ void DocumentReports::Saved(const std::string& path) {
     Add(CEventMessage::eInformation, path, Say({"saved"}));
 }
 
-void DocumentReports::Failed(const std::string& path, const std::string& reason) {
-    Add(CEventMessage::eError, path, reason);
-}
-
 void DocumentReports::Cancelled(const std::string& path) {
     Add(CEventMessage::eInformation, path, Say({"loading was cancelled"}));
+}
+
+void DocumentReports::Watch(const std::string& path, const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const DocumentError& error) {
+        Failed(path, ReasonOf(error, path));
+        throw;
+    } catch (const std::exception& error) {
+        Failed(path, platform::ToUtf8(error.what()));
+        throw;
+    }
+}
+
+std::string DocumentReports::ReasonOf(const DocumentError& error, const std::string& path) {
+    const std::string& text = error.Utf8Text();
+    return text.starts_with(path + ": ") ? text.substr(path.size() + 2) : text;
+}
+
+void DocumentReports::Failed(const std::string& path, const std::string& reason) {
+    Add(CEventMessage::eError, path, reason);
 }
 
 std::optional<ChangedMember> DocumentReports::Find(OpenDocument& document, const EventPlace& place) const {

@@ -5,8 +5,10 @@
 #include "korvel/events/event_queue.h"
 #include "korvel/events/event_sink_observer.h"
 #include "landxml/document_check.h"
+#include "source/document_error.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -25,13 +27,17 @@ public:
     void Loaded(OpenDocument& document, const Findings& findings);
     // Paths and texts are UTF-8.
     void Saved(const std::string& path);
-    void Failed(const std::string& path, const std::string& reason);
     void Cancelled(const std::string& path);
+    /// Runs an action on a file and reports its failure, which goes on.
+    void Watch(const std::string& path, const std::function<void()>& action);
+    /// What is wrong with a file, without the path that the error begins with.
+    static std::string ReasonOf(const DocumentError& error, const std::string& path);
 
     /// Nothing for a place in another document than the last one; an empty name where the member is gone.
     std::optional<ChangedMember> Find(OpenDocument& document, const EventPlace& place) const;
 
 private:
+    void Failed(const std::string& path, const std::string& reason);
     void Add(CEventMessage::EEventType type, const std::string& path, const std::string& text,
              EventPlace place = {});
 
