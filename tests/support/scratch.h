@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <optional>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -14,14 +15,31 @@
 
 namespace korvel::platform {
 
+/// The folders that the next class has made and not removed yet: a test may end its process.
+struct PresentFolders {
+    ~PresentFolders() {
+        if (getpid() != process)
+            return; // a copy of the process, which does not own them
+        for (const std::filesystem::path& path : paths)
+            std::filesystem::remove_all(path);
+    }
+    const pid_t process = getpid();
+    std::set<std::filesystem::path> paths;
+};
+inline PresentFolders presentFolders;
+
 /// A new folder below the system's temporary one, removed at the end.
 class ScratchFolder {
 public:
     ScratchFolder() {
         std::string name = std::filesystem::temp_directory_path() / "korvel-XXXXXX";
         m_path = mkdtemp(name.data());
+        presentFolders.paths.insert(m_path);
     }
-    ~ScratchFolder() { std::filesystem::remove_all(m_path); }
+    ~ScratchFolder() {
+        presentFolders.paths.erase(m_path);
+        std::filesystem::remove_all(m_path);
+    }
     ScratchFolder(const ScratchFolder&) = delete;
     ScratchFolder& operator=(const ScratchFolder&) = delete;
     const std::filesystem::path& Path() const { return m_path; }
