@@ -1,12 +1,15 @@
 // A list as screen readers and test tools see it. Offscreen nobody listens, so that announcements are heard by
 // the test itself.
 
+#include "korvel/qt/embed.h"
 #include "korvel/qt/list_interface.h"
 #include "korvel/window/controls/edit.h"
 #include "korvel/window/list/list_ctrl.h"
 #include "qt/accessible_list.h"
 #include "support/table.h"
 
+#include <QPointer>
+#include <QVBoxLayout>
 #include <gtest/gtest.h>
 #include <limits>
 #include <numeric>
@@ -140,6 +143,52 @@ TEST_F(AccessibleList, CellsEndWithTheirList) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(QAccessible::accessibleInterface(cell), nullptr);
     EXPECT_EQ(QAccessible::accessibleInterface(tree), nullptr);
+}
+
+// What was asked is still there, as whoever asks goes on with it.
+TEST_F(AccessibleList, TheHostMayDieInsideAQuestion) {
+    struct MeddlingList final : CListCtrl {
+        UINT at = 0;
+        std::function<void()> act;
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            const LRESULT result = CListCtrl::WindowProc(message, wParam, lParam);
+            if (const auto now = message == at ? std::exchange(act, nullptr) : nullptr)
+                now();
+            return result;
+        }
+    };
+    using Question = std::function<void(QAccessibleInterface&)>;
+    const auto cellOf = [](auto& tree) { return tree.tableInterface()->cellAt(0, 0); };
+    for (const auto& [border, message, ask] : Table<UINT, Question>{
+             {"children", LVM_KORVEL_READLIST, [](auto& tree) { tree.childCount(); }},
+             {"a child", LVM_KORVEL_READCELL, [](auto& tree) { tree.child(3); }},
+             {"a point", LVM_KORVEL_READCELL, [](auto& tree) { tree.childAt(60, 60); }},
+             {"a text", LVM_KORVEL_READLIST,
+              [=](auto& tree) { cellOf(tree)->text(QAccessible::Description); }},
+             {"a state", LVM_KORVEL_READLIST, [=](auto& tree) { cellOf(tree)->state(); }},
+             {"selected", LVM_GETNEXTITEM, [](auto& tree) { tree.tableInterface()->selectedCells(); }},
+             {"chosen", LVM_KORVEL_CHOOSECELL, [](auto& tree) { tree.tableInterface()->selectRow(0); }}}) {
+        CWnd pane;
+        MeddlingList inside;
+        pane.CreateEx(0, "KorvelFrame", "", 0, {0, 0, 200, 200}, nullptr, 0);
+        inside.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT, {0, 0, 200, 200}, &pane, 1);
+        inside.InsertColumn(0, "Name", 100);
+        inside.InsertColumn(1, "Value", 50);
+        inside.InsertItem(0, "a");
+        inside.SetItemState(0, LVIS_SELECTED, LVIS_SELECTED);
+        auto* host = new QWidget;
+        host->setLayout(new QVBoxLayout);
+        host->layout()->addWidget(qt::Embed(pane.m_hWnd));
+        host->show();
+        const QPointer<QWidget> surface = m_user.Widget(inside.m_hWnd);
+        inside.at = message;
+        inside.act = [&] { delete host; };
+        ask(blind.Of(inside.m_hWnd));
+        EXPECT_EQ(inside.m_hWnd, nullptr) << border;
+        EXPECT_TRUE(surface) << border;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(surface) << border;
+    }
 }
 
 TEST_F(AccessibleList, AClientThatAsksForEverythingGetsWhatIsCounted) {

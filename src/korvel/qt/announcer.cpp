@@ -26,14 +26,13 @@ void Send(QAccessibleEvent&& event) {
 }
 
 QAccessibleInterface* CurrentCell(ListSurface& list) {
-    const view::CellPlace current = view::List(list.Window()).current;
+    const view::CellPlace current = list.List().current;
     return current.row == view::NoRow ? nullptr : list.Cells().At(current);
 }
 
 QAccessibleInterface* FocusedField() {
     auto* surface = dynamic_cast<WindowSurface*>(QApplication::focusWidget());
-    return surface && view::ValueOf(surface->Window()) ? QAccessible::queryAccessibleInterface(surface)
-                                                       : nullptr;
+    return surface && surface->Value() ? QAccessible::queryAccessibleInterface(surface) : nullptr;
 }
 
 // What of two states differs.
@@ -79,11 +78,12 @@ ListSurface* Announcer::ListOfUser() {
     const HWND focus = GetFocus();
     if (!focus || !QApplication::activeWindow())
         return nullptr;
-    ListSurface* focused = nullptr;
-    for (ListSurface* list : m_lists)
-        if (view::IsShown(list->Window()) && view::List(list->Window()).keysFrom == focus)
+    QPointer<ListSurface> focused;
+    for (const QPointer<ListSurface>& list :
+         std::vector(m_lists)) // a host that is asked may end and make lists
+        if (list && view::IsShown(list->Window()) && list->List().keysFrom == focus)
             return list;
-        else if (list->Window() == focus && list->hasFocus())
+        else if (list && list->Window() == focus && list->hasFocus())
             focused = list;
     return focused;
 }

@@ -24,8 +24,9 @@ bool IsInSight(HWND list, HWND header, const view::CellView& cell) {
 }
 
 // Of a title nothing more: nothing can be done with it.
-QAccessible::State StateOf(HWND list, const view::CellView& cell) {
-    const view::ListView view = view::List(list);
+QAccessible::State StateOf(const AskedList& asked, const view::CellView& cell) {
+    const HWND list = asked.Window();
+    const view::ListView view = asked.List();
     QAccessible::State state;
     state.disabled = !IsWindowEnabled(list);
     state.invisible = !IsWindowVisible(list);
@@ -53,18 +54,15 @@ QAccessible::State StateOf(HWND list, const view::CellView& cell) {
 CellInterface::CellInterface(ListSurface& surface, const view::CellView& cell)
     : m_surface(surface), m_at(cell.at), m_data(cell.data) {}
 
-// A host that is asked may do anything, also end the list and this with it: only copies are used afterwards.
 std::optional<view::CellView> CellInterface::Read() const {
     m_surface.Cells().Follow();
     if (!m_isThere)
         return std::nullopt;
-    const LPARAM data = m_data;
-    auto cell = view::Cell(m_surface.Window(), m_at);
-    return cell && cell->data == data ? std::move(cell) : std::nullopt;
+    auto cell = m_surface.Cell(m_at);
+    return cell && cell->data == m_data ? std::move(cell) : std::nullopt;
 }
 
 QString CellInterface::text(QAccessible::Text kind) const {
-    const HWND list = m_surface.Window();
     const auto cell = Read();
     if (!cell)
         return {};
@@ -73,7 +71,7 @@ QString CellInterface::text(QAccessible::Text kind) const {
     case QAccessible::Value:
         return ToQString(cell->text);
     case QAccessible::Description:
-        return DescriptionOf(list, *cell);
+        return DescriptionOf(m_surface, *cell);
     default:
         return {};
     }
@@ -90,9 +88,8 @@ QAccessible::Role CellInterface::role() const {
 }
 
 QAccessible::State CellInterface::state() const {
-    const HWND list = m_surface.Window();
     if (const auto cell = Read())
-        return StateOf(list, *cell);
+        return StateOf(m_surface, *cell);
     QAccessible::State gone;
     gone.invisible = gone.disabled = true;
     return gone;

@@ -35,7 +35,7 @@ std::vector<CellTable::Kept>::iterator CellTable::Find(view::CellPlace place) {
 }
 
 QAccessibleInterface* CellTable::At(view::CellPlace place) {
-    const auto cell = view::Cell(m_surface.Window(), place);
+    const auto cell = m_surface.Cell(place);
     if (!cell)
         return nullptr;
     Follow(); // after the list was asked, which may have changed rows

@@ -22,8 +22,10 @@ int Clamped(std::int64_t number) {
     return static_cast<int>(std::min<std::int64_t>(number, std::numeric_limits<int>::max()));
 }
 
-int SelectedCount(HWND list) {
-    return static_cast<int>(SendMessageA(list, LVM_GETSELECTEDCOUNT, 0, 0));
+int Send(const AskedList& list, UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    list.Ask([&] { result = SendMessageA(list.Window(), message, wParam, lParam); });
+    return static_cast<int>(result);
 }
 
 } // namespace
@@ -41,16 +43,15 @@ ListSurface& ListInterface::Surface() const {
 
 QList<QWidget*> ListInterface::Controls() const {
     QList<QWidget*> controls;
-    const HWND list = Surface().Window();
-    const HWND header = view::List(list).header;
-    for (const HWND child : view::Children(list))
+    const HWND header = Surface().List().header;
+    for (const HWND child : view::Children(Surface().Window()))
         if (const Peer* peer = Surface().Peers().Find(child); peer && child != header && view::IsShown(child))
             controls.push_back(&peer->Outer());
     return controls;
 }
 
 int ListInterface::childCount() const {
-    const view::ListView list = view::List(Surface().Window());
+    const view::ListView list = Surface().List();
     const std::int64_t cells = (std::int64_t{list.rowCount} + 1) * list.columnCount;
     return static_cast<int>(Controls().size() + std::min<std::int64_t>(cells, MostChildren));
 }
@@ -59,7 +60,7 @@ QAccessibleInterface* ListInterface::child(int index) const {
     const QList<QWidget*> controls = Controls();
     if (index >= 0 && index < controls.size())
         return QAccessible::queryAccessibleInterface(controls[index]);
-    const int columns = view::List(Surface().Window()).columnCount;
+    const int columns = Surface().List().columnCount;
     const std::int64_t cell = std::int64_t{index} - controls.size();
     if (index < 0 || columns == 0)
         return nullptr;
@@ -75,7 +76,7 @@ int ListInterface::indexOfChild(const QAccessibleInterface* child) const {
     if (!cell->isValid())
         return -1;
     const auto [row, column] = cell->At();
-    const int columns = view::List(Surface().Window()).columnCount;
+    const int columns = Surface().List().columnCount;
     return Clamped(controls.size() + (std::int64_t{row} - view::TitleRow) * columns + column);
 }
 
@@ -84,21 +85,22 @@ QAccessibleInterface* ListInterface::childAt(int x, int y) const {
     for (QWidget* control : Controls())
         if (control->geometry().contains(point))
             return QAccessible::queryAccessibleInterface(control);
-    const auto cell = view::CellAt(Surface().Window(), FromQPoint(point));
+    std::optional<view::CellView> cell;
+    const HWND list = Surface().Window();
+    Surface().Ask([&] { cell = view::CellAt(list, FromQPoint(point)); });
     return cell ? Surface().Cells().At(cell->at) : nullptr;
 }
 
 QAccessibleInterface* ListInterface::focusChild() const {
-    const HWND list = Surface().Window();
-    if (GetFocus() != list)
+    if (GetFocus() != Surface().Window())
         return QAccessibleWidget::focusChild();
-    const view::CellPlace current = view::List(list).current;
+    const view::CellPlace current = Surface().List().current;
     return cellAt(current.row, current.column);
 }
 
 QAccessible::State ListInterface::state() const {
     QAccessible::State state = QAccessibleWidget::state();
-    const view::ListView list = view::List(Surface().Window());
+    const view::ListView list = Surface().List();
     state.focusable = !list.keysFrom;
     state.multiSelectable = list.selectsMany;
     return state;
@@ -128,30 +130,29 @@ QList<QAccessibleInterface*> ListInterface::selectedCells() const {
 }
 
 QString ListInterface::columnDescription(int column) const {
-    return TextAt(Surface().Window(), {view::TitleRow, column});
+    return TextAt(Surface(), {view::TitleRow, column});
 }
 
 QString ListInterface::rowDescription(int row) const {
-    return row < 0 ? QString() : TextAt(Surface().Window(), {row, 0});
+    return row < 0 ? QString() : TextAt(Surface(), {row, 0});
 }
 
 int ListInterface::selectedRowCount() const {
-    return SelectedCount(Surface().Window());
+    return Send(Surface(), LVM_GETSELECTEDCOUNT, 0, 0);
 }
 
 int ListInterface::columnCount() const {
-    return view::List(Surface().Window()).columnCount;
+    return Surface().List().columnCount;
 }
 
 int ListInterface::rowCount() const {
-    return view::List(Surface().Window()).rowCount;
+    return Surface().List().rowCount;
 }
 
 QList<int> ListInterface::selectedRows() const {
     QList<int> rows;
     const auto next = [this](int row) {
-        return static_cast<int>(
-            SendMessageA(Surface().Window(), LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED));
+        return Send(Surface(), LVM_GETNEXTITEM, static_cast<WPARAM>(row), LVNI_SELECTED);
     };
     const int count = std::min(selectedRowCount(), MostChildren);
     for (int row = next(view::NoRow); row >= 0 && rows.size() < count; row = next(row))
@@ -160,17 +161,17 @@ QList<int> ListInterface::selectedRows() const {
 }
 
 bool ListInterface::isRowSelected(int row) const {
-    const auto cell = row < 0 ? std::nullopt : view::Cell(Surface().Window(), {row, 0});
+    const auto cell = row < 0 ? std::nullopt : Surface().Cell({row, 0});
     return cell && cell->selected;
 }
 
 bool ListInterface::selectRow(int row) {
-    const HWND list = Surface().Window();
     if (row < 0)
         return false;
-    input::CellChosen(list, {row, view::List(list).current.column});
-    const auto cell = view::Cell(list, {row, 0}); // not of this, which may be gone
-    return cell && cell->selected;
+    const HWND list = Surface().Window();
+    const int column = Surface().List().current.column;
+    Surface().Ask([&] { input::CellChosen(list, {row, column}); });
+    return isRowSelected(row);
 }
 
 } // namespace korvel::internal

@@ -2,10 +2,12 @@
 
 #include "korvel/qt/cell_table.h"
 
+#include <utility>
+
 namespace korvel::internal {
 
-ListSurface::ListSurface(QWidget* parent, HWND window, const PeerTable& peers)
-    : QWidget(parent), m_window(window), m_peers(peers) {}
+ListSurface::ListSurface(QWidget* parent, HWND window, const PeerTable& peers, Asker ask)
+    : QWidget(parent), AskedList(window, std::move(ask)), m_peers(peers) {}
 
 ListSurface::~ListSurface() = default;
 

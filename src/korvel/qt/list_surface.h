@@ -1,6 +1,6 @@
 #pragma once
 
-#include "korvel/window/base/types.h"
+#include "korvel/qt/asked_list.h"
 
 #include <QWidget>
 #include <memory>
@@ -12,12 +12,11 @@ class PeerTable;
 
 /// The widget on which a list is painted. Screen readers and test tools find the list by it: the class is what
 /// ListInterface::Make looks for.
-class ListSurface final : public QWidget {
+class ListSurface final : public QWidget, public AskedList {
 public:
-    ListSurface(QWidget* parent, HWND window, const PeerTable& peers);
+    ListSurface(QWidget* parent, HWND window, const PeerTable& peers, Asker ask);
     ~ListSurface() override;
 
-    HWND Window() const { return m_window; }
     /// Among them those of the controls over the list.
     const PeerTable& Peers() const { return m_peers; }
     /// What is known of the cells that somebody has asked for.
@@ -26,7 +25,6 @@ public:
     void FollowRows(int first, int removed, int inserted);
 
 private:
-    const HWND m_window;
     const PeerTable& m_peers;
     std::unique_ptr<CellTable> m_cells;
 };

@@ -30,13 +30,19 @@ PaintedPeer::Widgets PaintedPeer::MakeWidgets(PeerContext& context, HWND window,
     const bool child = (view::Style(window) & WS_CHILD) != 0;
     const bool border = HasBorder(window);
     const bool list = view::KindOf(window) == view::Kind::List;
+    const Asker ask = [&peers = context.peers, window](const std::function<void()>& question) {
+        if (Peer* peer = peers.Find(window)) {
+            const Busy busy(*peer);
+            question();
+        }
+    };
     auto* outer = new WindowSurface(parent, child ? Qt::WindowFlags() : TopLevel::FlagsOf(window),
-                                    border || list ? nullptr : window);
+                                    border || list ? nullptr : window, ask);
     if (border)
         outer->setFrameStyle(child ? QFrame::StyledPanel | QFrame::Sunken : QFrame::Box | QFrame::Plain);
     if (list)
-        return {*outer, *new ListSurface(outer, window, context.peers)};
-    return {*outer, border ? *new WindowSurface(outer, {}, window) : *outer};
+        return {*outer, *new ListSurface(outer, window, context.peers, ask)};
+    return {*outer, border ? *new WindowSurface(outer, {}, window, ask) : *outer};
 }
 
 PaintedPeer::PaintedPeer(PeerContext& context, HWND window, Widgets widgets)

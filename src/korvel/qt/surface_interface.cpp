@@ -39,17 +39,25 @@ QAccessibleInterface* SurfaceInterface::Make(const QString&, QObject* object) {
     return surface ? new SurfaceInterface(*surface) : nullptr;
 }
 
+WindowSurface& SurfaceInterface::Surface() const {
+    return *static_cast<WindowSurface*>(object());
+}
+
 HWND SurfaceInterface::Window() const {
-    return static_cast<WindowSurface*>(object())->Window();
+    return Surface().Window();
 }
 
 bool SurfaceInterface::IsButton() const {
-    return view::KindOf(Window()) == view::Kind::Painted &&
-           (SendMessageA(Window(), WM_GETDLGCODE, 0, 0) & DLGC_BUTTON);
+    bool isButton = false;
+    Surface().Ask([&] {
+        isButton = view::KindOf(Window()) == view::Kind::Painted &&
+                   (SendMessageA(Window(), WM_GETDLGCODE, 0, 0) & DLGC_BUTTON);
+    });
+    return isButton;
 }
 
 std::optional<view::ValueView> SurfaceInterface::Value() const {
-    return view::ValueOf(Window());
+    return Surface().Value();
 }
 
 QAccessible::Role SurfaceInterface::role() const {
@@ -78,15 +86,20 @@ QAccessible::State SurfaceInterface::state() const {
 }
 
 QString SurfaceInterface::text(QAccessible::Text kind) const {
-    if (const CString own = IsButton() ? GetWindowTextA(Window()) : CString();
-        kind == QAccessible::Name && !own.empty())
-        return ToQString(WithoutMarks(own));
+    CString text;
+    if (kind == QAccessible::Name && IsButton())
+        Surface().Ask([&] { text = WithoutMarks(GetWindowTextA(Window())); });
+    if (!text.empty())
+        return ToQString(text);
     const auto value = Value();
-    if (value && !value->checked && (kind == QAccessible::Name || kind == QAccessible::Value))
+    if (!value || value->checked)
+        return QAccessibleWidget::text(kind);
+    if (kind == QAccessible::Name || kind == QAccessible::Value)
         return ToQString(value->text);
-    if (value && !value->checked && kind == QAccessible::Description)
-        return ToQString(view::NameOf(Window()));
-    return QAccessibleWidget::text(kind);
+    if (kind != QAccessible::Description)
+        return QAccessibleWidget::text(kind);
+    Surface().Ask([&] { text = view::NameOf(Window()); });
+    return ToQString(text);
 }
 
 QStringList SurfaceInterface::actionNames() const {
@@ -102,7 +115,7 @@ QStringList SurfaceInterface::actionNames() const {
 void SurfaceInterface::doAction(const QString& name) {
     if (!actionNames().contains(name))
         return;
-    auto* surface = static_cast<WindowSurface*>(object());
+    auto* surface = &Surface();
     const PressedKey key = name == setFocusAction()               ? PressedKey{}
                            : name == pressAction() && !IsButton() ? PressedKey{VK_F2}
                                                                   : PressedKey{VK_SPACE, " "};

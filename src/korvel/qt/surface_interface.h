@@ -25,6 +25,7 @@ public:
     void doAction(const QString& name) override;
 
 private:
+    WindowSurface& Surface() const;
     HWND Window() const;
     bool IsButton() const;
     std::optional<view::ValueView> Value() const;
