@@ -83,6 +83,7 @@ void CGridEvents::CreateHeader() {
         return;
     m_parts->icons.Load();
     std::vector<CString> titles;
+    titles.reserve(EventColumns.size());
     for (const EventColumn& column : EventColumns)
         titles.push_back(Text(column.title));
     m_parts->headerOf = m_hWnd;
