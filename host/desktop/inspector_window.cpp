@@ -314,7 +314,7 @@ bool InspectorWindow::ReadAgain() {
     const QPointer<QWidget> focus = focusWidget();
     if (!Load(std::string(m_document->File().Path())))
         return false;
-    if (!focus)
+    if (!focus || !focus->isVisible())
         m_pane->SetFocus(); // it was in the former grid
     m_pane->Restore(view);
     m_isRemembered = isRemembered;
