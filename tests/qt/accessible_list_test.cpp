@@ -191,6 +191,24 @@ TEST_F(AccessibleList, TheHostMayDieInsideAQuestion) {
     }
 }
 
+TEST_F(AccessibleList, TheHostMayRunAnEventLoopInsideAQuestion) {
+    QAccessibleInterface* cell = Cell(5, 1);
+    const QAccessible::Id id = QAccessible::uniqueId(cell);
+    list.SetTextSource([this](LPARAM, int) {
+        list.SetTextSource([](LPARAM, int) { return "anew"; });
+        Remove(5, 6);
+        Cell(0, 0); // the screen reader asks on
+        QApplication::processEvents();
+        return "late";
+    });
+    EXPECT_EQ(cell->text(QAccessible::Name), QString());
+    EXPECT_EQ(QAccessible::accessibleInterface(id), cell);
+    EXPECT_FALSE(cell->isValid());
+    Cell(0, 0);
+    QApplication::processEvents();
+    EXPECT_EQ(QAccessible::accessibleInterface(id), nullptr);
+}
+
 TEST_F(AccessibleList, AClientThatAsksForEverythingGetsWhatIsCounted) {
     constexpr int Many = 1000000;
     Insert(10, Many);

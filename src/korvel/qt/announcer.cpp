@@ -53,6 +53,7 @@ void Announcer::SetListener(Listener listener) {
 }
 
 void Announcer::Add(ListSurface& list) {
+    std::erase(m_lists, nullptr);
     m_lists.emplace_back(&list);
 }
 

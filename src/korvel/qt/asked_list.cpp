@@ -2,7 +2,14 @@
 
 #include "korvel/window/display/window_view.h"
 
+#include <QScopedValueRollback>
+
 namespace korvel::internal {
+
+void AskedList::Ask(const std::function<void()>& question) const {
+    const QScopedValueRollback open(m_openQuestions, m_openQuestions + 1);
+    m_ask(question);
+}
 
 view::ListView AskedList::List() const {
     view::ListView list;

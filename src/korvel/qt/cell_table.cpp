@@ -39,6 +39,7 @@ QAccessibleInterface* CellTable::At(view::CellPlace place) {
     if (!cell)
         return nullptr;
     Follow(); // after the list was asked, which may have changed rows
+    DeleteEndedSoon();
     auto found = Find(place);
     if (found != m_kept.end() && found->at == place) {
         CellInterface* known = InterfaceOf(*found);
@@ -87,15 +88,23 @@ void CellTable::DropOlderHalf() {
 void CellTable::End(const Kept& kept) {
     if (CellInterface* ended = InterfaceOf(kept))
         ended->End();
-    if (m_ended.empty())
-        QMetaObject::invokeMethod(
-            &m_context,
-            [this] {
-                for (const QAccessible::Id id : std::exchange(m_ended, {}))
-                    QAccessible::deleteAccessibleInterface(id);
-            },
-            Qt::QueuedConnection);
     m_ended.push_back(kept.id);
+    DeleteEndedSoon();
+}
+
+void CellTable::DeleteEndedSoon() {
+    if (!m_ended.empty() && !std::exchange(m_isDeletionPending, true))
+        QMetaObject::invokeMethod(
+            &m_context, [this] { DeleteEnded(); }, Qt::QueuedConnection);
+}
+
+// The event loop may be one that the host runs inside a question: then they wait for the next question.
+void CellTable::DeleteEnded() {
+    m_isDeletionPending = false;
+    if (m_surface.IsAsked())
+        return;
+    for (const QAccessible::Id id : std::exchange(m_ended, {}))
+        QAccessible::deleteAccessibleInterface(id);
 }
 
 } // namespace korvel::internal

@@ -15,7 +15,7 @@ class ListSurface;
 /// The interfaces of the cells of one list that somebody has asked for. A cell keeps its interface while rows
 /// come and go around it, and loses it with its row. They are kept by their ids, as Qt may delete them first.
 ///
-/// An interface that has lost its row is deleted from the event loop, never while it is asked something.
+/// An interface that has lost its row is deleted from the event loop, never inside a question.
 class CellTable {
 public:
     /// More than this are not kept: the half that was asked for first goes then. Twice what a list counts as its
@@ -45,13 +45,16 @@ private:
     std::vector<Kept>::iterator Find(view::CellPlace place);
     void DropOlderHalf();
     void End(const Kept& kept);
+    void DeleteEndedSoon();
+    void DeleteEnded();
 
     ListSurface& m_surface;
     std::vector<Kept> m_kept; // in the order of their places
     RowChanges m_changes;     // not followed yet
     unsigned m_nextNumber = 0;
     std::vector<QAccessible::Id> m_ended; // to be deleted
-    QObject m_context;                    // of the call that does so
+    bool m_isDeletionPending = false;
+    QObject m_context; // of the call that deletes them
 };
 
 } // namespace korvel::internal
