@@ -158,5 +158,22 @@ TEST_F(ListReading, TheCellOfARunningLabelEditIsNamed) {
     EXPECT_EQ(view::List(list.m_hWnd).edited, std::nullopt);
 }
 
+TEST_F(ListReading, ALabelEditMayEndWhileItIsNamed) {
+    struct EndingList final : CListCtrl {
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+            const LRESULT result = CListCtrl::WindowProc(message, wParam, lParam);
+            if (message == LVM_KORVEL_READLIST)
+                CancelEditLabel();
+            return result;
+        }
+    } ending;
+    ending.Create(WS_CHILD | WS_VISIBLE | LVS_REPORT | LVS_EDITLABELS, {0, 0, 99, 99}, &parent, 7);
+    ending.InsertColumn(0, "Name", 50);
+    ending.InsertItem(0, "a row");
+    ASSERT_TRUE(ending.EditLabel(0));
+    EXPECT_EQ(view::NameOf(ending.GetEditControl()), "a row");
+    EXPECT_EQ(ending.GetEditControl(), nullptr);
+}
+
 } // namespace
 } // namespace korvel

@@ -126,8 +126,9 @@ HWND LabelOf(HWND window) {
 }
 
 CString NameOf(HWND window) {
-    if (const HWND list = ListAround(window); list && List(list).edited)
-        return NameOfRow(list, List(list).edited->row);
+    const HWND list = ListAround(window);
+    if (const auto edited = list ? List(list).edited : std::nullopt)
+        return NameOfRow(list, edited->row);
     if (!(Style(window) & WS_CHILD) || HasOwnText(KindOf(window)))
         return {};
     const CString label = WithoutMarks(GetWindowTextA(LabelOf(window)));
