@@ -199,6 +199,28 @@ TEST_F(Controls, BarAndSliderShowTheirRange) {
     EXPECT_EQ(Codes(told.end() - 2, told.end()), (Codes{TB_THUMBPOSITION, TB_ENDTRACK}));
 }
 
+TEST_F(Controls, WhatIsSwitchedOffTakesNoInputFromQt) {
+    for (const auto& [name, style] : Table<UINT>{{"Button", BS_PUSHBUTTON},
+                                                 {"Button", BS_GROUPBOX},
+                                                 {"Static", 0},
+                                                 {"Edit", 0},
+                                                 {"Edit", ES_MULTILINE},
+                                                 {"ComboBox", CBS_SIMPLE},
+                                                 {"ComboBox", CBS_DROPDOWN},
+                                                 {"msctls_progress32", 0},
+                                                 {"msctls_trackbar32", 0},
+                                                 {"SysDateTimePick32", 0},
+                                                 {"SysTabControl32", 0}}) {
+        CWnd control;
+        control.CreateEx(0, name, "", WS_CHILD | WS_VISIBLE | style, {10, 10, 150, 60}, &m_frame, 1);
+        const QWidget* widget = m_user.Widget(control.m_hWnd);
+        for (const bool isOn : {false, true}) {
+            control.EnableWindow(isOn);
+            EXPECT_EQ(widget->isEnabled(), isOn) << name << " " << style;
+        }
+    }
+}
+
 TEST_F(Controls, ADateIsChangedInItsWidget) {
     CDateTimeCtrl date;
     date.Create(WS_CHILD | WS_VISIBLE | DTS_SHOWNONE, {10, 10, 200, 36}, &m_frame, 1);

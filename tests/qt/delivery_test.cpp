@@ -6,6 +6,7 @@
 #include "korvel/window/display/window_view.h"
 #include "korvel/window/list/list_ctrl.h"
 #include "qt/users.h"
+#include "support/table.h"
 
 #include <QDeadlineTimer>
 #include <QInputMethodEvent>
@@ -169,6 +170,20 @@ TEST_F(Delivery, WhatHandlersThrowGoesToOneHandlerAndNeverThroughQt) {
     KillTimer(m_surface.m_hWnd, 1);
     m_surface.on.clear();
     SetExceptionHandler(nullptr);
+}
+
+TEST_F(Delivery, AWindowThatChangesIsPaintedAgain) {
+    int paints = 0;
+    m_surface.on[WM_PAINT] = [&] { ++paints; };
+    for (const auto& [border, change] :
+         Table<std::function<void()>>{{"invalid", [&] { m_surface.Invalidate(); }},
+                                      {"switched off", [&] { m_surface.EnableWindow(false); }},
+                                      {"another text", [&] { m_surface.SetWindowTextA("new"); }}}) {
+        QTest::qWait(1);
+        paints = 0;
+        change();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return paints > 0; })) << border;
+    }
 }
 
 TEST_F(Delivery, AFailureOfPaintingIsShownWhenThePaintingIsOver) {

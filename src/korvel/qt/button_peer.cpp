@@ -61,8 +61,6 @@ ButtonPeer::ButtonPeer(PeerContext& context, HWND window, QAbstractButton& butto
 
 void ButtonPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & Aspect::Enabled)
-        m_button.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & Aspect::Text)
         m_button.setText(TextOf(Window()));
     if (auto* push = qobject_cast<QPushButton*>(&m_button); push && (aspects & Aspect::Style))
@@ -100,8 +98,6 @@ LabelPeer::LabelPeer(PeerContext& context, HWND window, QWidget& label)
 
 void LabelPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & Aspect::Enabled)
-        Outer().setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & Aspect::Text)
         FollowPaced();
 }

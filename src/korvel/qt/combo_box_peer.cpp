@@ -45,8 +45,6 @@ ComboBoxPeer::ComboBoxPeer(PeerContext& context, HWND window, ComboBoxWidget& bo
 
 void ComboBoxPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & Aspect::Enabled)
-        m_box.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & Aspect::Entries)
         m_entries.Reset();
     if (!(aspects & (Aspect::Entries | Aspect::State)))

@@ -96,8 +96,6 @@ DatePeer::DatePeer(PeerContext& context, HWND window, DateEdit& edit)
 
 void DatePeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & Aspect::Enabled)
-        m_edit.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & (Aspect::State | Aspect::Text))
         ShowState();
 }

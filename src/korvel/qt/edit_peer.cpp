@@ -12,8 +12,6 @@ namespace korvel::internal {
 void EditPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
     const QScopedValueRollback showing(m_isShowing, true);
-    if (aspects & Aspect::Enabled)
-        Outer().setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & (Aspect::Text | Aspect::State)) {
         const CString bytes = BytesOf(Window());
         Show(bytes, ToQString(bytes));

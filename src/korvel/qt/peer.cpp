@@ -90,6 +90,8 @@ void Peer::Apply(Aspects aspects) {
         if (GetFocus() == m_window)
             m_context.focus.Show(m_window);
     }
+    if (!IsPainted() && (aspects & Aspect::Enabled))
+        m_outer.setEnabled(view::IsSwitchedOn(m_window));
 }
 
 void Peer::FollowPaced() {

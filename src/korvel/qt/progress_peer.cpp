@@ -29,8 +29,6 @@ ProgressPeer::ProgressPeer(PeerContext& context, HWND window, QProgressBar& bar)
 
 void ProgressPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & Aspect::Enabled)
-        m_bar.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & (Aspect::State | Aspect::Style))
         FollowPaced();
 }

@@ -42,8 +42,6 @@ SimpleComboPeer::SimpleComboPeer(PeerContext& context, HWND window, QListView& l
 
 void SimpleComboPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & Aspect::Enabled)
-        m_list.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & Aspect::Entries)
         m_entries.Reset();
     if (!(aspects & (Aspect::Entries | Aspect::State)))

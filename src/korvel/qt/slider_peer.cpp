@@ -60,8 +60,6 @@ SliderPeer::SliderPeer(PeerContext& context, HWND window, QSlider& slider)
 
 void SliderPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & Aspect::Enabled)
-        m_slider.setEnabled(view::IsSwitchedOn(Window()));
     if (!(aspects & (Aspect::State | Aspect::Style)))
         return;
     const QScopedValueRollback showing(m_isShowing, true);

@@ -35,8 +35,6 @@ TabPeer::TabPeer(PeerContext& context, HWND window, QTabBar& bar)
 
 void TabPeer::Apply(Aspects aspects) {
     Peer::Apply(aspects);
-    if (aspects & Aspect::Enabled)
-        m_bar.setEnabled(view::IsSwitchedOn(Window()));
     if (aspects & Aspect::Rectangle) {
         const int top = GetSystemMetrics(SM_KORVEL_TABHEIGHT);
         m_pane.setGeometry(0, top, m_bar.width(), m_bar.height() - top);
