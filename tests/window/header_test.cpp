@@ -87,6 +87,18 @@ TEST_F(HeaderTest, ScrollsWithTheListAndHidesByItsStyle) {
     EXPECT_EQ(row.top, 0);
 }
 
+TEST_F(HeaderTest, PaintsItsTitlesOnItsGround) {
+    Notices titles;
+    bool hasGround = false;
+    for (const PaintCall& call : display.PaintWindow(header)) {
+        if (call.kind == PaintCall::Kind::Text)
+            titles.push_back(call.text);
+        hasGround |= call.kind == PaintCall::Kind::Fill && call.rect == CRect(0, 0, 200, 24);
+    }
+    EXPECT_EQ(titles, (Notices{"Name", "Value"}));
+    EXPECT_TRUE(hasGround);
+}
+
 TEST_F(HeaderTest, AHostMayAttachItsOwnObject) {
     CHeaderCtrl own;
     CListCtrl other;

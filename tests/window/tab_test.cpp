@@ -14,8 +14,15 @@ protected:
         tabs.DestroyWindow();
         tabs.Create(WS_CHILD | WS_VISIBLE, {0, 0, 200, 200}, &parent, 9);
         for (const char* text : {"a", "b", "c"}) // 27 pixels each
-            tabs.InsertItem(99, text);
+            tabs.InsertItem(99, text, text[0]);
         tabs.SetCurSel(1);
+    }
+    /// The texts of all tabs, and behind each its data.
+    std::string Tabs() const {
+        std::string all;
+        for (int tab = 0; tab < tabs.GetItemCount(); ++tab)
+            all += tabs.GetItemText(tab) + std::string(1, static_cast<char>(tabs.GetItemData(tab)));
+        return all;
     }
 
     CTabCtrl tabs;
@@ -23,19 +30,21 @@ protected:
 
 TEST_F(TabTest, TheCurrentTabStaysWhileOthersComeAndGo) {
     using Act = std::function<int(CTabCtrl&)>;
-    for (const auto& [border, act, answer, current] : Table<Act, int, int>{
-             {"insert before", [](auto& t) { return t.InsertItem(0, "x"); }, 0, 2},
-             {"insert below", [](auto& t) { return t.InsertItem(-1, "x"); }, -1, 1},
-             {"insert beyond", [](auto& t) { return t.InsertItem(9, "x"); }, 3, 1},
-             {"delete before", [](auto& t) { return t.DeleteItem(0); }, 1, 0},
-             {"delete it", [](auto& t) { return t.DeleteItem(1); }, 1, -1},
-             {"delete all", [](auto& t) { return t.DeleteAllItems(); }, 1, -1},
-             {"none", [](auto& t) { return t.SetCurSel(-1); }, 1, -1},
-             {"beyond", [](auto& t) { return t.SetCurSel(3); }, -1, 1},
-             {"the first again", [](auto& t) { return t.DeleteAllItems() + t.InsertItem(5, "x"); }, 1, 0}}) {
+    for (const auto& [border, act, answer, current, left] : Table<Act, int, int, const char*>{
+             {"insert before", [](auto& t) { return t.InsertItem(0, "x", '1'); }, 0, 2, "x1aabbcc"},
+             {"insert below", [](auto& t) { return t.InsertItem(-1, "x", '1'); }, -1, 1, "aabbcc"},
+             {"insert beyond", [](auto& t) { return t.InsertItem(9, "x", '1'); }, 3, 1, "aabbccx1"},
+             {"delete before", [](auto& t) { return t.DeleteItem(0); }, 1, 0, "bbcc"},
+             {"delete it", [](auto& t) { return t.DeleteItem(1); }, 1, -1, "aacc"},
+             {"delete all", [](auto& t) { return t.DeleteAllItems(); }, 1, -1, ""},
+             {"none", [](auto& t) { return t.SetCurSel(-1); }, 1, -1, "aabbcc"},
+             {"beyond", [](auto& t) { return t.SetCurSel(3); }, -1, 1, "aabbcc"},
+             {"the first again", [](auto& t) { return t.DeleteAllItems() + t.InsertItem(5, "x", '1'); }, 1, 0,
+              "x1"}}) {
         Make();
         EXPECT_EQ(act(tabs), answer) << border;
         EXPECT_EQ(tabs.GetCurSel(), current) << border;
+        EXPECT_EQ(Tabs(), left) << border;
         EXPECT_EQ(parent.Take(), Codes()) << border;
     }
 }
