@@ -189,6 +189,16 @@ TEST_F(CodeListTest, ButtonsFollowTheRowThatChangedLast) {
 }
 
 TEST_F(CodeListTest, SaysWhatItsValuesAre) {
+    const auto expectPair = [this](CString caption, CString label, CString code, CString value) {
+        return [=, this] {
+            const HWND shown = korvel::GetParent(GetFocus());
+            EXPECT_EQ(korvel::GetWindowTextA(shown), caption);
+            EXPECT_EQ(GetDlgItemTextA(shown, ValueLabel), label);
+            EXPECT_EQ(GetDlgItemTextA(shown, CodeField), code);
+            EXPECT_EQ(GetDlgItemTextA(shown, ValueField), value);
+            cancel();
+        };
+    };
     for (const auto& [border, type, header, label] : Table<CodeType::Enum, CString, CString>{
              {"EPSG", CodeType::Epsg, "EPSG code", "EPSG code:"},
              {"height", CodeType::Height, "Added height value", "Height value:"},
@@ -196,7 +206,7 @@ TEST_F(CodeListTest, SaysWhatItsValuesAre) {
         dialog.SetCaption("Codes");
         dialog.SetCodeList("a:1");
         dialog.SetCodeType(type);
-        Run({[&, title = header, word = label] {
+        Run({[&, title = header] {
                  EXPECT_EQ(dialog.GetWindowTextA(), "Codes");
                  EXPECT_EQ(dialog.Rows().GetColumnTitle(0), "Krefail code");
                  EXPECT_EQ(dialog.Rows().GetColumnTitle(1), title);
@@ -204,14 +214,8 @@ TEST_F(CodeListTest, SaysWhatItsValuesAre) {
                  dialog.SelectRow(0);
                  dialog.Click(Edit);
              },
-             [&, word = label] {
-                 const HWND shown = korvel::GetParent(GetFocus());
-                 EXPECT_EQ(korvel::GetWindowTextA(shown), "Edit list entry");
-                 EXPECT_EQ(GetDlgItemTextA(shown, ValueLabel), word);
-                 EXPECT_EQ(GetDlgItemTextA(shown, CodeField), "a");
-                 cancel();
-             },
-             cancel});
+             expectPair("Edit list entry", label, "a", "1"), Click(Add),
+             expectPair("Add list entry", label, "", ""), cancel});
         ASSERT_EQ(dialog.m_hWnd, nullptr) << border;
     }
 }
