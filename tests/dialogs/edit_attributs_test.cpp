@@ -10,6 +10,8 @@
 #include "support/make_value.h"
 #include "support/test_enumeration.h"
 
+#include <map>
+
 namespace korvel {
 namespace {
 
@@ -246,18 +248,22 @@ TEST_F(EditAttributsTest, WithoutWriteProtectionOrTypes) {
 
 TEST_F(EditAttributsTest, ALargerDialogGivesItsFieldsRoom) {
     Run([this] {
-        const CRect before = GetWindowRect(GetDlgItem(dialog.m_hWnd, AttributeValueId));
-        const CRect ok = GetWindowRect(GetDlgItem(dialog.m_hWnd, IDOK));
+        const auto place = [this](int id) { return GetWindowRect(GetDlgItem(dialog.m_hWnd, id)); };
+        std::map<int, CRect> before;
+        for (const int id : {AttributeNameId, AttributeTypeId, AttributeValueId, AttributeProtectId, IDOK})
+            before[id] = place(id);
         CRect larger = dialog.GetWindowRect();
         larger.right += 100;
         larger.bottom += 50;
         dialog.SetWindowPos(nullptr, larger, SWP_NOZORDER);
-        const CRect after = GetWindowRect(GetDlgItem(dialog.m_hWnd, AttributeValueId));
-        EXPECT_EQ(after.Width(), before.Width() + 100);
-        EXPECT_EQ(after.Height(), before.Height());
-        const CRect movedOk = GetWindowRect(GetDlgItem(dialog.m_hWnd, IDOK));
-        EXPECT_EQ(movedOk.left - ok.left, 100);
-        EXPECT_EQ(movedOk.top - ok.top, 50);
+        for (const auto& [id, former] : before) {
+            CRect expected = former;
+            if (id == IDOK)
+                expected.OffsetRect(100, 50);
+            else
+                expected.right += 100;
+            EXPECT_EQ(place(id), expected) << id;
+        }
     });
 }
 
