@@ -128,6 +128,9 @@ TEST_F(EventFilterTest, SelectionFocusAndScrollingStayWithTheirMessages) {
     SetText("7");
     EXPECT_EQ(Events(), (Labels{"37", "27", "17", "7"}));
     EXPECT_EQ(list.GetTopIndex(), 0);
+    SetText("37"); // hides what has the focus
+    EXPECT_EQ(list.GetNextItem(-1, LVNI_FOCUSED), -1);
+    EXPECT_EQ(list.GetSelectionMark(), -1);
     list.SetFilter({});
     EXPECT_EQ(list.GetTopIndex(), 0);
 }
