@@ -5,6 +5,7 @@
 #include "korvel/qt/announcer.h"
 #include "korvel/qt/embed.h"
 #include "korvel/qt/qt_display.h"
+#include "korvel/window/list/list_ctrl.h"
 #include "live_objects.h"
 #include "measure.h"
 
@@ -14,6 +15,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <string_view>
 
 namespace {
 
@@ -130,6 +132,37 @@ void MeasureQuestions(const korvel::qt::QtDisplay& display, bench::LiveRoot& roo
                   LongestStall);
 }
 
+// Every other row leaves, with a client that keeps all cells and without one.
+void MeasureRowsThatLeaveApart(const korvel::qt::QtDisplay& display) {
+    constexpr int Rows = 65536;
+    korvel::CWnd frame;
+    frame.CreateEx(0, "KorvelFrame", "", korvel::WS_OVERLAPPEDWINDOW, {0, 0, 600, 800}, nullptr, 0);
+    korvel::CListCtrl list;
+    list.Create(korvel::WS_CHILD | korvel::WS_VISIBLE | korvel::LVS_REPORT, {0, 0, 600, 800}, &frame, 105);
+    list.InsertColumn(0, "Name", 100);
+    list.InsertColumn(1, "Value", 100);
+    const std::unique_ptr<QWidget> widget(korvel::qt::Embed(frame.m_hWnd));
+    widget->show();
+    for (const char* subject : {"without", "ours"}) {
+        const bool isRead = subject == std::string_view("ours");
+        const double figure = bench::MedianOf([&] {
+            list.DeleteAllItems();
+            for (int row = 0; row < Rows; ++row)
+                list.InsertItem(row, "name");
+            QAccessibleInterface& tree =
+                *QAccessible::queryAccessibleInterface(display.WidgetOf(list.m_hWnd));
+            for (int row = 0; isRead && row < Rows; ++row)
+                for (const int column : {0, 1})
+                    bench::Keep(tree.tableInterface()->cellAt(row, column));
+            return Milliseconds([&] {
+                for (int row = 0; row < Rows / 2; ++row)
+                    list.DeleteItem(row);
+            });
+        });
+        bench::Write("read rows that leave apart", Rows, subject, "ms", figure);
+    }
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -139,5 +172,6 @@ int main(int argc, char** argv) {
     bench::LiveRoot root(Groups, Members);
     MeasureRows(display, root);
     MeasureQuestions(display, root);
+    MeasureRowsThatLeaveApart(display);
     korvel::SetDisplay(nullptr);
 }

@@ -13,7 +13,7 @@ namespace korvel::internal {
 namespace {
 
 // So many changes that do not adjoin are followed at once; fewer wait until somebody asks.
-constexpr std::size_t MostChanges = 32;
+constexpr std::size_t MostChanges = 1024;
 
 } // namespace
 

@@ -1,35 +1,41 @@
 #include "korvel/qt/row_changes.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace korvel::internal {
 
-// Of what the last change inserted, no row was there before: whatever happens to them can be part of that change.
 void RowChanges::Add(int first, int removed, int inserted) {
-    if (!m_changes.empty()) {
-        Change& last = m_changes.back();
-        const int end = last.first + last.inserted;
-        if (first <= end && first + removed >= last.first) {
-            const int before = std::max(last.first - first, 0);
-            const int after = std::max(first + removed - end, 0);
-            last.first = std::min(last.first, first);
-            last.inserted += inserted - (removed - before - after);
-            last.removed += before + after;
-            return;
-        }
+    const int end = first + removed;
+    const auto touched = std::ranges::lower_bound(m_changes, first, {}, &Change::End);
+    const auto beyond = std::ranges::upper_bound(touched, m_changes.end(), end, {}, &Change::now);
+    for (auto later = beyond; later != m_changes.end(); ++later)
+        later->now += inserted - removed;
+    if (touched == beyond) {
+        int former = first;
+        if (touched != m_changes.begin())
+            former += std::prev(touched)->FormerEnd() - std::prev(touched)->End();
+        m_changes.insert(touched, {former, first, removed, inserted});
+        return;
     }
-    m_changes.push_back({first, removed, inserted});
+    // Rows that stay around the touched ones are touched with them; those between them leave now.
+    const Change& last = *std::prev(beyond);
+    const int now = std::min(first, touched->now);
+    const int nowEnd = std::max(end, last.End());
+    const int former = touched->former - (touched->now - now);
+    const int formerEnd = last.FormerEnd() + (nowEnd - last.End());
+    *touched = {former, now, formerEnd - former, nowEnd - now - removed + inserted};
+    m_changes.erase(std::next(touched), beyond);
 }
 
 std::optional<int> RowChanges::Follow(int row) const {
-    for (const Change& change : m_changes) {
-        if (row < change.first)
-            continue;
-        if (row < change.first + change.removed)
-            return std::nullopt;
-        row += change.inserted - change.removed;
-    }
-    return row;
+    const auto next = std::ranges::upper_bound(m_changes, row, {}, &Change::former);
+    if (next == m_changes.begin())
+        return row;
+    const Change& change = *std::prev(next);
+    if (row < change.FormerEnd())
+        return std::nullopt;
+    return row - change.FormerEnd() + change.End();
 }
 
 } // namespace korvel::internal

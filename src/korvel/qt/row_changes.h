@@ -6,8 +6,8 @@
 
 namespace korvel::internal {
 
-/// Rows that came and went, to be followed later: changes that adjoin are one. Rows that leave one by one, from
-/// the last up, are one change however many they are.
+/// Rows that came and went, to be followed later. What adjoins is one change: rows that leave one by one, up or
+/// down from one place, are one however many they are.
 ///
 ///     changes.Add(5, 1, 0);   // row 5 went
 ///     changes.Add(4, 1, 0);   // and row 4
@@ -25,12 +25,16 @@ public:
 
 private:
     struct Change {
-        int first;
+        int former; // its first row before all changes
+        int now;    // and after them
         int removed;
         int inserted;
+
+        int FormerEnd() const { return former + removed; }
+        int End() const { return now + inserted; }
     };
 
-    std::vector<Change> m_changes;
+    std::vector<Change> m_changes; // from the first row to the last, with rows that stay between them
 };
 
 } // namespace korvel::internal
