@@ -102,7 +102,8 @@ TEST(InspectorProgram, WritesPicturesWithoutScreen) {
     EXPECT_EQ(RunInspector(railway + " --screenshot " + picture + " --language English").output,
               "another file has that name; the picture is " + (folder.Path() / "picture-2.png").string() +
                   "\n");
-    EXPECT_EQ(RunInspector(railway + " --screenshot " + picture).status, 0);
+    const Outcome again = RunInspector(railway + " --screenshot " + picture);
+    EXPECT_EQ(again.status, 0) << again.output;
     EXPECT_EQ(platform::ContentOf(picture), "another's");
     EXPECT_FALSE(std::filesystem::exists(folder.Path() / "picture-3.png"))
         << "a picture of its own is replaced";

@@ -12,7 +12,8 @@ namespace korvel::internal {
 
 namespace {
 
-// So many changes that do not adjoin are followed at once; fewer wait until somebody asks.
+// So many changes that do not adjoin are followed at once, as each makes the next one dearer; fewer wait until
+// somebody asks, as following goes over all kept cells.
 constexpr std::size_t MostChanges = 1024;
 
 } // namespace
